@@ -1,0 +1,286 @@
+#include "TaxCore/base/JsonFault.h"
+
+#include "TaxCore/base/Decimal.h"
+
+#include <array>
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+namespace taxcore {
+
+namespace {
+
+/// «income1.salaries[0]»; long keys of foreign files are shortened so that the sentence stays one.
+std::string quoted(std::string_view path) {
+    constexpr std::size_t longest = 160;
+    std::string text = "«";
+    if (path.size() <= longest) {
+        text += path;
+    } else {
+        std::size_t end = longest;
+        while (end > 0 && (static_cast<unsigned char>(path[end]) & 0xC0U) == 0x80U) {
+            --end;
+        }
+        text += path.substr(0, end);
+        text += "…";
+    }
+    return text + "»";
+}
+
+/// Length of the well-formed UTF-8 sequence at the start of `text`; 0 when there is none.
+std::size_t utf8Length(std::string_view text) noexcept {
+    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+    const auto tail = [&](std::size_t i) {
+        return i < text.size() && (byte(i) & 0xC0U) == 0x80U;
+    };
+    const unsigned char lead = byte(0);
+    if (lead < 0x80) {
+        return 1;
+    }
+    if (lead >= 0xC2 && lead <= 0xDF) {
+        return tail(1) ? 2 : 0;
+    }
+    if (lead >= 0xE0 && lead <= 0xEF) {
+        const bool ok = tail(1) && tail(2) && (lead != 0xE0 || byte(1) >= 0xA0)
+                        && (lead != 0xED || byte(1) <= 0x9F);
+        return ok ? 3 : 0;
+    }
+    if (lead >= 0xF0 && lead <= 0xF4) {
+        const bool ok = tail(1) && tail(2) && tail(3) && (lead != 0xF0 || byte(1) >= 0x90)
+                        && (lead != 0xF4 || byte(1) <= 0x8F);
+        return ok ? 4 : 0;
+    }
+    return 0;
+}
+
+/// A plain pushdown scanner of JSON that remembers where it is.
+class FaultScanner {
+  public:
+    explicit FaultScanner(std::string_view text) noexcept : text_(text) {}
+
+    JsonError run() {
+        JsonError::Kind fault = JsonError::Kind::syntax;
+        if (const auto found = scan()) {
+            fault = *found;
+        }
+        return {fault, path(), sentence(fault)};
+    }
+
+  private:
+    using Fault = std::optional<JsonError::Kind>;
+
+    struct Level {
+        bool object;
+        std::string_view key; ///< as written, escapes included
+        std::size_t index = 0;
+    };
+
+    bool atEnd() const noexcept { return at_ >= text_.size(); }
+    char peek() const noexcept { return text_[at_]; }
+
+    void skipBlanks() noexcept {
+        while (!atEnd() && (peek() == ' ' || peek() == '\t' || peek() == '\n' || peek() == '\r')) {
+            ++at_;
+        }
+    }
+
+    Fault scan() {
+        do {
+            if (const Fault fault = scanValue()) {
+                return fault;
+            }
+        } while (!levels_.empty());
+        skipBlanks();
+        return atEnd() ? std::nullopt : Fault(JsonError::Kind::syntax);
+    }
+
+    /// One value, or the opening of one; after a finished value it moves on to the next.
+    Fault scanValue() {
+        skipBlanks();
+        if (atEnd()) {
+            return JsonError::Kind::truncated;
+        }
+        if (peek() == '{' || peek() == '[') {
+            if (levels_.size() >= static_cast<std::size_t>(maxJsonDepth)) {
+                return JsonError::Kind::tooDeep;
+            }
+            const bool object = peek() == '{';
+            ++at_;
+            levels_.push_back({object, {}});
+            skipBlanks();
+            if (!atEnd() && peek() == (object ? '}' : ']')) {
+                return next();
+            }
+            return object ? scanKey() : std::nullopt;
+        }
+        Fault fault = peek() == '"' ? scanString().first : scanScalar();
+        return fault ? fault : next();
+    }
+
+    /// After a value: closes what ends here and stands before the next value.
+    Fault next() {
+        while (!levels_.empty()) {
+            skipBlanks();
+            if (atEnd()) {
+                return JsonError::Kind::truncated;
+            }
+            Level& level = levels_.back();
+            if (peek() == (level.object ? '}' : ']')) {
+                ++at_;
+                levels_.pop_back();
+                continue;
+            }
+            if (peek() != ',') {
+                return JsonError::Kind::syntax;
+            }
+            ++at_;
+            ++level.index;
+            skipBlanks();
+            return level.object ? scanKey() : std::nullopt;
+        }
+        return std::nullopt;
+    }
+
+    Fault scanKey() {
+        skipBlanks();
+        if (atEnd()) {
+            return JsonError::Kind::truncated;
+        }
+        if (peek() != '"') {
+            return JsonError::Kind::syntax;
+        }
+        const auto [fault, key] = scanString();
+        if (fault) {
+            return fault;
+        }
+        levels_.back().key = key;
+        skipBlanks();
+        if (atEnd()) {
+            return JsonError::Kind::truncated;
+        }
+        if (peek() != ':') {
+            return JsonError::Kind::syntax;
+        }
+        ++at_;
+        return std::nullopt;
+    }
+
+    std::pair<Fault, std::string_view> scanString() {
+        const std::size_t begin = ++at_;
+        while (!atEnd() && peek() != '"') {
+            const std::size_t length = utf8Length(text_.substr(at_));
+            if (length == 0) {
+                return {JsonError::Kind::encoding, {}};
+            }
+            if (static_cast<unsigned char>(peek()) < 0x20) {
+                return {JsonError::Kind::syntax, {}};
+            }
+            at_ += peek() == '\\' && at_ + 1 < text_.size() ? 2 : length;
+        }
+        if (atEnd()) {
+            return {JsonError::Kind::truncated, {}};
+        }
+        return {std::nullopt, text_.substr(begin, at_++ - begin)};
+    }
+
+    Fault scanScalar() {
+        const std::size_t begin = at_;
+        while (!atEnd() && std::string_view(",]}: \t\r\n\"[{").find(peek()) == std::string_view::npos) {
+            const std::size_t length = utf8Length(text_.substr(at_));
+            if (length == 0) {
+                return JsonError::Kind::encoding;
+            }
+            at_ += length;
+        }
+        const std::string_view token = text_.substr(begin, at_ - begin);
+        if (token == "true" || token == "false" || token == "null") {
+            return std::nullopt;
+        }
+        const auto number = Decimal::parse(token);
+        if (number || number.error() != DecimalFault::syntax) {
+            return std::nullopt;
+        }
+        return atEnd() ? JsonError::Kind::truncated : JsonError::Kind::syntax;
+    }
+
+    std::string path() const {
+        std::string path;
+        for (const Level& level : levels_) {
+            if (level.object) {
+                if (level.key.data() != nullptr) {
+                    path += path.empty() ? "" : ".";
+                    path += level.key;
+                }
+            } else {
+                path += "[" + std::to_string(level.index) + "]";
+            }
+        }
+        return path;
+    }
+
+    std::string sentence(JsonError::Kind fault) const {
+        std::size_t line = 1;
+        for (const char c : text_.substr(0, at_)) {
+            line += c == '\n' ? 1U : 0U;
+        }
+        const std::string where = path();
+        const std::string place = (where.empty() ? "auf der obersten Ebene" : "bei " + quoted(where))
+                                  + " (Zeile " + std::to_string(line) + ")";
+        switch (fault) {
+        case JsonError::Kind::truncated:
+            return "Die Daten brechen " + place + " ab.";
+        case JsonError::Kind::encoding:
+            return "Die Daten enthalten " + place + " Zeichen, die nicht in UTF-8 geschrieben sind.";
+        case JsonError::Kind::tooDeep:
+            return "Die Daten sind " + place + " zu tief verschachtelt.";
+        default:
+            return "Die Daten sind " + place + " kein gültiges JSON.";
+        }
+    }
+
+    std::string_view text_;
+    std::size_t at_ = 0;
+    std::vector<Level> levels_;
+};
+
+} // namespace
+
+JsonError locateFault(std::string_view text) { return FaultScanner(text).run(); }
+
+JsonError contentError(JsonError::Kind kind, std::string path, std::string_view detail) {
+    const std::string place = path.empty() ? "Der Inhalt" : quoted(path);
+    std::string message;
+    switch (kind) {
+    case JsonError::Kind::missingKey:
+        message = "Die Angabe " + place + " fehlt.";
+        break;
+    case JsonError::Kind::duplicateKey:
+        message = "Die Angabe " + place + " kommt doppelt vor.";
+        break;
+    case JsonError::Kind::wrongType:
+        message = place + " muss " + std::string(detail) + " sein.";
+        break;
+    case JsonError::Kind::unknownValue:
+        message = place + " hat einen unbekannten Wert; erlaubt sind " + std::string(detail) + ".";
+        break;
+    case JsonError::Kind::invalidUuid:
+        message = place + " ist keine gültige UUID.";
+        break;
+    case JsonError::Kind::invalidDate:
+        message = place + " ist kein gültiges Datum wie «2025-12-31».";
+        break;
+    case JsonError::Kind::number:
+        message = place + " ist eine Zahl " + std::string(detail) + ".";
+        break;
+    case JsonError::Kind::tooLarge:
+        message = "Die Daten sind grösser als " + std::to_string(maxJsonSize >> 20U) + " MB.";
+        break;
+    default:
+        message = "Die Daten sind bei " + place + " kein gültiges JSON.";
+        break;
+    }
+    return {kind, std::move(path), std::move(message)};
+}
+
+} // namespace taxcore

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "TaxCore/base/Json.h"
+
+#include <string>
+#include <string_view>
+
+namespace taxcore {
+
+/// Finds where a text stops being acceptable JSON: walks it once, in linear time and constant
+/// depth, and tells kind, path and line. Called only after reading failed, so that reading itself
+/// need not keep track of lines. For a text that is well-formed it answers `Kind::syntax` at the
+/// top level.
+JsonError locateFault(std::string_view text);
+
+/// Makes the error of a well-formed text whose content does not fit, with its German sentence.
+/// `detail` is what the kind needs: the expected thing ("eine Zahl") for `wrongType`, the list of
+/// allowed values for `unknownValue`, the offending text for `invalidUuid` and `invalidDate`.
+JsonError contentError(JsonError::Kind kind, std::string path, std::string_view detail = {});
+
+} // namespace taxcore

@@ -1,0 +1,199 @@
+#include "TaxCore/base/JsonReader.h"
+
+namespace taxcore {
+
+namespace detail {
+
+ondemand::parser& jsonParser() {
+    thread_local ondemand::parser parser;
+    return parser;
+}
+
+void trimJsonParser() {
+    constexpr std::size_t worthKeeping = std::size_t{4} << 20U;
+    ondemand::parser& parser = jsonParser();
+    if (parser.capacity() > worthKeeping) {
+        parser = ondemand::parser();
+    }
+}
+
+} // namespace detail
+
+bool JsonReader::fail(JsonError::Kind kind, std::string_view detail) {
+    error_ = contentError(kind, path(), detail);
+    return false;
+}
+
+std::string JsonReader::path() const {
+    std::string path;
+    for (std::size_t i = 0; i < depth_; ++i) {
+        const Step& step = steps_[i];
+        if (step.key.data() == nullptr) {
+            path += "[" + std::to_string(step.index) + "]";
+        } else {
+            path += path.empty() ? "" : ".";
+            path += step.key;
+        }
+    }
+    return path;
+}
+
+std::string_view JsonReader::token(ondemand::value& json) noexcept {
+    std::string_view text = json.raw_json_token();
+    while (!text.empty()
+           && (text.back() == ' ' || text.back() == '\n' || text.back() == '\r' || text.back() == '\t')) {
+        text.remove_suffix(1);
+    }
+    return text;
+}
+
+bool JsonReader::readText(ondemand::value json, std::string_view expected, std::string_view& target) {
+    if (const auto error = json.get_string().get(target)) {
+        return error == simdjson::INCORRECT_TYPE ? fail(JsonError::Kind::wrongType, expected)
+                                                 : malformed();
+    }
+    return true;
+}
+
+bool JsonReader::read(ondemand::value json, std::string& target) {
+    std::string_view text;
+    if (!readText(json, "ein Text", text)) {
+        return false;
+    }
+    target = text;
+    return true;
+}
+
+bool JsonReader::read(ondemand::value json, Decimal& target) {
+    const std::string_view text = token(json);
+    if (text.empty() || (text.front() != '-' && (text.front() < '0' || text.front() > '9'))) {
+        return fail(JsonError::Kind::wrongType, "eine Zahl");
+    }
+    const auto number = Decimal::parse(text);
+    if (number) {
+        target = *number;
+        return true;
+    }
+    switch (number.error()) {
+    case DecimalFault::tooManyDigits:
+        return fail(JsonError::Kind::number, "mit mehr als 38 Stellen");
+    case DecimalFault::outOfRange:
+        return fail(JsonError::Kind::number, "ausserhalb des darstellbaren Bereichs");
+    default:
+        return malformed();
+    }
+}
+
+bool JsonReader::read(ondemand::value json, int& target) {
+    Decimal number;
+    if (!read(json, number)) {
+        return false;
+    }
+    const auto whole = number.toInteger();
+    if (!whole) {
+        return fail(JsonError::Kind::wrongType, "eine ganze Zahl");
+    }
+    if (*whole < std::numeric_limits<int>::min() || *whole > std::numeric_limits<int>::max()) {
+        return fail(JsonError::Kind::number, "ausserhalb des darstellbaren Bereichs");
+    }
+    target = static_cast<int>(*whole);
+    return true;
+}
+
+bool JsonReader::read(ondemand::value json, bool& target) {
+    const std::string_view text = token(json);
+    if (text == "true" || text == "false") {
+        target = text == "true";
+        return true;
+    }
+    const bool otherType = text == "null" || text.empty() || (text.front() != 't' && text.front() != 'f');
+    return otherType ? fail(JsonError::Kind::wrongType, "«true» oder «false»") : malformed();
+}
+
+bool JsonReader::read(ondemand::value json, Date& target) {
+    std::string_view text;
+    if (!readText(json, "ein Datum", text)) {
+        return false;
+    }
+    const auto date = Date::parse(text);
+    if (!date) {
+        return fail(JsonError::Kind::invalidDate);
+    }
+    target = *date;
+    return true;
+}
+
+bool JsonReader::read(ondemand::value json, Uuid& target) {
+    std::string_view text;
+    if (!readText(json, "eine UUID", text)) {
+        return false;
+    }
+    const auto id = Uuid::parse(text);
+    if (!id) {
+        return fail(JsonError::Kind::invalidUuid);
+    }
+    target = *id;
+    return true;
+}
+
+bool JsonReader::skip(ondemand::value json) {
+    ondemand::json_type type;
+    if (json.type().get(type) != simdjson::SUCCESS || !push({})) {
+        return error_ ? false : malformed();
+    }
+    bool ok = true;
+    switch (type) {
+    case ondemand::json_type::object: {
+        ondemand::object object;
+        ok = json.get_object().get(object) == simdjson::SUCCESS;
+        if (ok) {
+            for (auto entry : object) {
+                ondemand::field pair;
+                std::string_view key;
+                if (std::move(entry).get(pair) != simdjson::SUCCESS
+                    || pair.unescaped_key().get(key) != simdjson::SUCCESS || !skip(pair.value())) {
+                    ok = false;
+                    break;
+                }
+            }
+        }
+        break;
+    }
+    case ondemand::json_type::array: {
+        ondemand::array array;
+        ok = json.get_array().get(array) == simdjson::SUCCESS;
+        if (ok) {
+            for (auto entry : array) {
+                ondemand::value item;
+                if (std::move(entry).get(item) != simdjson::SUCCESS || !skip(item)) {
+                    ok = false;
+                    break;
+                }
+            }
+        }
+        break;
+    }
+    case ondemand::json_type::string: {
+        std::string_view text;
+        ok = json.get_string().get(text) == simdjson::SUCCESS;
+        break;
+    }
+    case ondemand::json_type::number: {
+        const auto number = Decimal::parse(token(json));
+        ok = number || number.error() != DecimalFault::syntax;
+        break;
+    }
+    default: {
+        const std::string_view text = token(json);
+        ok = text == "true" || text == "false" || text == "null";
+        break;
+    }
+    }
+    if (error_) {
+        return false;
+    }
+    pop();
+    return ok || malformed();
+}
+
+} // namespace taxcore

@@ -1,0 +1,27 @@
+#include "TaxCore/base/JsonReader.h"
+#include "TaxCore/base/JsonWriter.h"
+#include "TaxCore/base/RecordPath.h"
+#include "TaxCore/model/TaxCase.h"
+
+namespace taxcore {
+
+template tl::expected<TaxCase, JsonError> fromJson<TaxCase>(std::string_view, JsonGaps);
+template tl::expected<void, JsonError> patchFromJson<TaxCase>(TaxCase&, std::string_view);
+template std::string toJson<TaxCase>(const TaxCase&, JsonStyle);
+template tl::expected<CasesByYear, JsonError> fromJson<CasesByYear>(std::string_view, JsonGaps);
+
+std::vector<FieldChange> diff(const TaxCase& before, const TaxCase& after) {
+    std::vector<FieldChange> changes;
+    detail::diffValue({}, before, after,
+                      [&](std::string path, std::optional<std::string> from,
+                          std::optional<std::string> to) {
+                          changes.push_back({std::move(path), std::move(from), std::move(to)});
+                      });
+    return changes;
+}
+
+std::optional<std::string> valueAt(const TaxCase& taxCase, std::string_view path) {
+    return detail::valueAtPath(taxCase, path);
+}
+
+} // namespace taxcore

@@ -1,0 +1,107 @@
+#include "TaxCore/rulebook/RuleBook.h"
+
+#include "TaxCore/base/JsonReader.h"
+
+namespace taxcore {
+
+namespace {
+
+std::string cacheKey(std::string_view canton, int year) {
+    return std::string(canton) + "-" + std::to_string(year);
+}
+
+std::string lowerCase(std::string_view text) {
+    std::string lower(text);
+    for (char& c : lower) {
+        if (c >= 'A' && c <= 'Z') {
+            c = static_cast<char>(c - 'A' + 'a');
+        }
+    }
+    return lower;
+}
+
+/// Reads one rule file as one record; keys of other records in the file are passed over. The first
+/// error ends the reading of all that follow.
+class RuleReader {
+  public:
+    explicit RuleReader(const RuleFiles& files) : files_(files) {}
+
+    template <class T>
+    void read(const std::string& baseName, T& target) {
+        if (error_) {
+            return;
+        }
+        auto text = files_.read(baseName);
+        if (!text) {
+            error_ = std::move(text).error();
+            return;
+        }
+        auto record = fromJson<T>(*text);
+        if (!record) {
+            error_ = RuleLoadError{RuleLoadError::Kind::invalid, baseName + ".json",
+                                   std::move(record).error().message};
+            return;
+        }
+        target = std::move(*record);
+    }
+
+    std::optional<RuleLoadError>& error() noexcept { return error_; }
+
+  private:
+    const RuleFiles& files_;
+    std::optional<RuleLoadError> error_;
+};
+
+} // namespace
+
+tl::expected<std::shared_ptr<const RuleBook>, RuleBook::LoadError>
+RuleBook::load(int year, std::string_view canton) {
+    RuleBookCache& cache = RuleBookCache::shared();
+    if (auto book = cache.get(year, canton)) {
+        return book;
+    }
+    return load(year, canton, cache, RuleFiles::bundle());
+}
+
+tl::expected<std::shared_ptr<const RuleBook>, RuleBook::LoadError>
+RuleBook::load(int year, std::string_view canton, RuleBookCache& cache, const RuleFiles& files) {
+    if (auto book = cache.get(year, canton)) {
+        return book;
+    }
+    const std::string prefix = lowerCase(canton);
+    const std::string suffix = "-" + std::to_string(year);
+    auto book = std::make_shared<RuleBook>();
+    book->year = year;
+    book->canton = canton;
+    RuleReader reader(files);
+    reader.read(prefix + "-params" + suffix, book->cantonal);
+    reader.read(prefix + "-params" + suffix, book->cantonalExtra);
+    reader.read("dbst" + suffix, book->federal);
+    reader.read("dbst" + suffix, book->federalRules);
+    reader.read(prefix + "-tarif" + suffix, book->sgTariff);
+    reader.read(prefix + "-steuerfuesse" + suffix, book->municipalities);
+    if (reader.error()) {
+        return tl::unexpected(std::move(*reader.error()));
+    }
+    cache.put(book);
+    return book;
+}
+
+RuleBookCache& RuleBookCache::shared() {
+    static RuleBookCache cache;
+    return cache;
+}
+
+std::shared_ptr<const RuleBook> RuleBookCache::get(int year, std::string_view canton) const {
+    const std::lock_guard guard(lock_);
+    const auto found = books_.find(cacheKey(canton, year));
+    return found == books_.end() ? nullptr : found->second;
+}
+
+void RuleBookCache::put(std::shared_ptr<const RuleBook> book) {
+    const std::lock_guard guard(lock_);
+    std::string key = cacheKey(book->canton, book->year);
+    books_.insert_or_assign(std::move(key), std::move(book));
+}
+
+} // namespace taxcore

@@ -1,0 +1,70 @@
+#include "TaxCore/rulebook/Tariffs.h"
+
+#include "TaxCore/base/Rounding.h"
+
+#include <algorithm>
+#include <ranges>
+
+namespace taxcore::Tariffs {
+
+namespace {
+
+Decimal cutToStep(const Decimal& taxable, int step) {
+    if (step <= 0) {
+        return taxable;
+    }
+    return (taxable / step).roundDown(0) * step;
+}
+
+} // namespace
+
+Decimal sgSimpleIncomeTax(const Decimal& taxable, TariffKind kind, const SGTariffTable& table) {
+    const Decimal income = cutToStep(taxable, table.step);
+    if (income < table.from) {
+        return 0;
+    }
+    const bool joint = kind == TariffKind::joint;
+    const auto& rows = joint ? table.joint : table.single;
+    const Decimal flatFrom = joint ? table.jointFlatFrom : table.singleFlatFrom;
+    if (income <= flatFrom && table.step > 0) {
+        const auto row = ((income - table.from) / table.step).roundDown(0).toInteger();
+        if (row && static_cast<std::size_t>(*row) < rows.size()) {
+            return rows[static_cast<std::size_t>(*row)];
+        }
+    }
+    return toRappen(income * table.flatRateAbove);
+}
+
+Decimal sgSimpleIncomeRate(const Decimal& taxable, TariffKind kind, const SGTariffTable& table) {
+    const Decimal income = cutToStep(taxable, table.step);
+    return income > 0 ? sgSimpleIncomeTax(income, kind, table) / income : Decimal(0);
+}
+
+Decimal sgSimpleWealthTax(const Decimal& taxable, const Decimal& promille) {
+    return toRappen(std::max(taxable, Decimal(0)) * promille / 1000);
+}
+
+Decimal federalIncomeTax(const Decimal& taxable, TariffKind kind, const FederalTariff& tariff) {
+    const Decimal income = cutToHundred(taxable);
+    const bool joint = kind == TariffKind::joint;
+    const auto& brackets = joint ? tariff.verheiratet : tariff.alleinstehend;
+    if (income >= (joint ? tariff.verheiratetFlatAb : tariff.alleinstehendFlatAb)) {
+        return cutToFiveRappen(income * tariff.flatSatz);
+    }
+    for (const FederalBracket& bracket : brackets | std::views::reverse) {
+        if (bracket.ab <= income) {
+            return cutToFiveRappen(bracket.steuer
+                                   + (income - bracket.ab) * bracket.proHundert / 100);
+        }
+    }
+    return 0;
+}
+
+Decimal federalIncomeTaxNet(const Decimal& taxable, TariffKind kind, int children,
+                            const FederalTariff& tariff) {
+    const Decimal tax =
+        federalIncomeTax(taxable, kind, tariff) - Decimal(children) * tariff.abzugProKind;
+    return tax < std::max(tariff.minimum, Decimal(0)) ? Decimal(0) : tax;
+}
+
+} // namespace taxcore::Tariffs

@@ -1,0 +1,41 @@
+#include "TaxCore/stgallen/Household.h"
+
+#include <algorithm>
+
+namespace taxcore {
+
+bool isBornBy(const Child& child, int year) noexcept {
+    return !child.birthDate || child.birthDate->year() <= year;
+}
+
+bool isDeductible(const Child& child, int year) noexcept {
+    return child.education != ChildEducation::keine && isBornBy(child, year);
+}
+
+int deductibleChildCount(const TaxCase& taxCase) noexcept {
+    return static_cast<int>(std::ranges::count_if(
+        taxCase.children, [&](const Child& child) { return isDeductible(child, taxCase.year); }));
+}
+
+TariffKind tariffOf(const TaxCase& taxCase) noexcept {
+    return taxCase.isJoint() || deductibleChildCount(taxCase) > 0 ? TariffKind::joint
+                                                                  : TariffKind::single;
+}
+
+bool belongsToHousehold(const SecurityEntry& entry, const TaxCase& taxCase) noexcept {
+    return taxCase.isJoint() || entry.owner != Owner::person2;
+}
+
+bool isBusinessAsset(const SecurityEntry& entry) noexcept {
+    return entry.code == AssetCode::business || entry.code == AssetCode::businessParticipation;
+}
+
+bool isPrivateAsset(const SecurityEntry& entry, const TaxCase& taxCase) noexcept {
+    return belongsToHousehold(entry, taxCase) && !isBusinessAsset(entry);
+}
+
+Decimal grossIncome(const SecurityEntry& entry) {
+    return entry.incomeWithWithholding + entry.incomeWithoutWithholding;
+}
+
+} // namespace taxcore

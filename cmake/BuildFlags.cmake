@@ -1,0 +1,17 @@
+# One interface target carries what every target of ours is compiled with.
+add_library(fiscarel_flags INTERFACE)
+target_include_directories(fiscarel_flags INTERFACE "${PROJECT_SOURCE_DIR}")
+target_compile_options(fiscarel_flags INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
+    -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough -Werror)
+
+if(FISCAREL_SANITIZE)
+    target_compile_options(fiscarel_flags INTERFACE
+        -fsanitize=${FISCAREL_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(fiscarel_flags INTERFACE -fsanitize=${FISCAREL_SANITIZE})
+endif()
+
+if(FISCAREL_COVERAGE)
+    target_compile_options(fiscarel_flags INTERFACE --coverage)
+    target_link_options(fiscarel_flags INTERFACE --coverage)
+endif()
