@@ -1,6 +1,9 @@
 #pragma once
 
 #include "TaxCore/base/WideInteger.h"
+
+#include <tl/expected.hpp>
+
 #include <array>
 #include <compare>
 #include <concepts>
@@ -11,7 +14,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <tl/expected.hpp>
 #include <type_traits>
 
 namespace taxcore {
@@ -27,10 +29,10 @@ namespace detail {
 
 template <class T>
 concept DecimalSource =
-    std::integral<T> && !std::same_as<T, bool> && !std::same_as<T, char> &&
-    !std::same_as<T, signed char> && !std::same_as<T, unsigned char> &&
-    !std::same_as<T, wchar_t> && !std::same_as<T, char8_t> && !std::same_as<T, char16_t> &&
-    !std::same_as<T, char32_t>;
+    std::integral<T> && !std::same_as<T, bool> && !std::same_as<T, char>
+    && !std::same_as<T, signed char> && !std::same_as<T, unsigned char>
+    && !std::same_as<T, wchar_t> && !std::same_as<T, char8_t> && !std::same_as<T, char16_t>
+    && !std::same_as<T, char32_t>;
 
 } // namespace detail
 
@@ -61,8 +63,8 @@ class Decimal {
     /// Any integer, exactly. Truth values and characters are not numbers here.
     template <detail::DecimalSource T>
     constexpr Decimal(T value) noexcept // NOLINT(google-explicit-constructor): a whole amount
-        : low_(static_cast<std::uint64_t>(value)), high_(std::is_signed_v<T> && value < T{} ? -1 : 0) {
-    }
+        : low_(static_cast<std::uint64_t>(value)),
+          high_(std::is_signed_v<T> && value < T{} ? -1 : 0) {}
 
     /// Binary floating point has no exact cents; it does not get in, not even by a cast.
     template <class T>
@@ -96,10 +98,10 @@ class Decimal {
 
     /// Whether there is no fraction: 3 and 3.00, not 3.01.
     constexpr bool isInteger() const noexcept {
-        return exponent_ >= 0 || isZero() ||
-               (exponent_ >= -maxDigits && wide::dropDigits(magnitude(), -exponent_) *
-                                                   wide::powerOfTen(-exponent_) ==
-                                               magnitude());
+        return exponent_ >= 0 || isZero()
+               || (exponent_ >= -maxDigits
+                   && wide::dropDigits(magnitude(), -exponent_) * wide::powerOfTen(-exponent_)
+                          == magnitude());
     }
 
     /// The value as a machine integer; absent when it has a fraction or does not fit.
@@ -109,16 +111,12 @@ class Decimal {
 
     /// Rounds to `places` digits after the point, to nearest, half away from zero. Negative places
     /// count digits before the point: -2 gives full hundreds. Too large a result saturates.
-    constexpr Decimal roundPlain(int places) const noexcept {
-        return roundTo(places, false);
-    }
+    constexpr Decimal roundPlain(int places) const noexcept { return roundTo(places, false); }
 
     /// Rounds to `places` digits after the point toward negative infinity: 1.29 to 1.2, -1.21 to
     /// -1.3. Negative places count digits before the point: -2 cuts to full hundreds. Too large a
     /// result saturates.
-    constexpr Decimal roundDown(int places) const noexcept {
-        return roundTo(places, true);
-    }
+    constexpr Decimal roundDown(int places) const noexcept { return roundTo(places, true); }
 
     friend constexpr Decimal operator-(const Decimal& value) noexcept {
         return {0 - value.bits(), value.exponent_};
@@ -172,7 +170,8 @@ class Decimal {
             return 0;
         wide::Uint128 digits = value.magnitude();
         const int exponent = value.exponent_ + wide::stripZeros(digits, maxDigits);
-        std::uint64_t mixed = wide::lowerHalf(digits) ^ (wide::upperHalf(digits) * 0x9E3779B97F4A7C15);
+        std::uint64_t mixed =
+            wide::lowerHalf(digits) ^ (wide::upperHalf(digits) * 0x9E3779B97F4A7C15);
         mixed += static_cast<std::uint64_t>(exponent * 2 + (value.isNegative() ? 1 : 0)) << 48;
         mixed = (mixed ^ (mixed >> 32)) * 0xD6E8FEB86659FD93;
         mixed = (mixed ^ (mixed >> 32)) * 0xD6E8FEB86659FD93;
@@ -203,7 +202,9 @@ class Decimal {
         return (wide::Uint128{static_cast<std::uint64_t>(high_)} << 64) | low_;
     }
 
-    constexpr wide::Uint128 magnitude() const noexcept { return isNegative() ? 0 - bits() : bits(); }
+    constexpr wide::Uint128 magnitude() const noexcept {
+        return isNegative() ? 0 - bits() : bits();
+    }
 
     /// Whether the coefficient is a signed 64-bit integer, as nearly all amounts and rates are.
     constexpr bool isWord() const noexcept { return high_ == (word() < 0 ? -1 : 0); }
@@ -240,21 +241,20 @@ class Decimal {
             wide::Int128{word()} * static_cast<std::int64_t>(wide::smallPowerOfTen(digits)));
     }
 
-    static constexpr Decimal signedValue(bool negative, wide::Uint128 digits, int exponent) noexcept {
+    static constexpr Decimal signedValue(bool negative, wide::Uint128 digits,
+                                         int exponent) noexcept {
         return {negative ? 0 - digits : digits, exponent};
     }
 
-    /// The value nearest to `magnitude` · 10^`exponent`. `moreThanHalf` says that the true value
+    /// The value nearest to `magnitude` · 10^`exponent`. `roundsUp` says that the true value
     /// lies above `magnitude` by half a unit or more, but less than one.
-    static constexpr Decimal fit(bool negative, wide::Uint256 magnitude,
-                                                   std::int64_t exponent,
-                                                   bool moreThanHalf = false) noexcept;
+    static constexpr Decimal fit(bool negative, wide::Uint256 magnitude, std::int64_t exponent,
+                                 bool roundsUp = false) noexcept;
     static constexpr Decimal addWide(const Decimal& a, const Decimal& b) noexcept;
     static constexpr Decimal divide(const Decimal& a, const Decimal& b) noexcept;
     static constexpr Decimal divideWords(bool negative, std::uint64_t a, std::uint64_t b,
                                          int exponent) noexcept;
-    static constexpr std::strong_ordering
-    compareWide(const Decimal& a, const Decimal& b) noexcept;
+    static constexpr std::strong_ordering compareWide(const Decimal& a, const Decimal& b) noexcept;
     constexpr Decimal roundWide(int places, bool down) const noexcept;
 
     /// Rounds to `places`, toward negative infinity if `down`, else to nearest.
@@ -284,7 +284,8 @@ constexpr std::optional<std::int64_t> Decimal::toInteger() const noexcept {
         return 0;
     if (!isInteger() || exponent_ > 18)
         return std::nullopt;
-    const wide::Uint128 whole = exponent_ < 0 ? wide::dropDigits(magnitude(), -exponent_) : magnitude();
+    const wide::Uint128 whole =
+        exponent_ < 0 ? wide::dropDigits(magnitude(), -exponent_) : magnitude();
     const wide::Uint128 limit = (wide::Uint128{1} << 63) - (isNegative() ? 0U : 1U);
     const wide::Uint128 factor = wide::powerOfTen(exponent_ > 0 ? exponent_ : 0);
     if (whole > limit || whole * factor > limit)
@@ -293,15 +294,15 @@ constexpr std::optional<std::int64_t> Decimal::toInteger() const noexcept {
     return static_cast<std::int64_t>(isNegative() ? 0 - size : size);
 }
 
-[[gnu::noinline]] constexpr Decimal Decimal::fit(bool negative, wide::Uint256 magnitude, std::int64_t exponent,
-                               bool moreThanHalf) noexcept {
+constexpr Decimal Decimal::fit(bool negative, wide::Uint256 magnitude, std::int64_t exponent,
+                               bool roundsUp) noexcept {
     const int digits = wide::digitCount(magnitude);
     std::int64_t excess = digits - maxDigits;
     if (excess < minExponent - exponent)
         excess = minExponent - exponent;
     if (digits == 0 || excess > digits)
         return {};
-    wide::Uint128 kept = magnitude.low + (moreThanHalf && excess <= 0 ? 1U : 0U);
+    wide::Uint128 kept = magnitude.low + (roundsUp && excess <= 0 ? 1U : 0U);
     if (excess > 0) {
         kept = wide::roundDigits(magnitude, static_cast<int>(excess));
         exponent += excess;
@@ -321,7 +322,7 @@ constexpr std::optional<std::int64_t> Decimal::toInteger() const noexcept {
     return signedValue(negative, kept, static_cast<int>(exponent));
 }
 
-[[gnu::noinline]] constexpr Decimal Decimal::addWide(const Decimal& a, const Decimal& b) noexcept {
+constexpr Decimal Decimal::addWide(const Decimal& a, const Decimal& b) noexcept {
     if (a.exponent_ < b.exponent_)
         return addWide(b, a);
     if (a.isZero() || b.isZero())
@@ -346,7 +347,7 @@ constexpr std::optional<std::int64_t> Decimal::toInteger() const noexcept {
     return fit(a.isNegative(), wide::subtract(shifted, rest + (lossy ? 1U : 0U)), exponent);
 }
 
-[[gnu::noinline]] constexpr Decimal Decimal::divide(const Decimal& a, const Decimal& b) noexcept {
+constexpr Decimal Decimal::divide(const Decimal& a, const Decimal& b) noexcept {
     const bool negative = a.isNegative() != b.isNegative();
     if (a.isZero())
         return {};
@@ -394,7 +395,7 @@ constexpr Decimal Decimal::divideWords(bool negative, std::uint64_t a, std::uint
     return fit(negative, {0, quotient}, exponent, rest != 0 && rest >= b - rest);
 }
 
-[[gnu::noinline]] constexpr std::strong_ordering Decimal::compareWide(const Decimal& a, const Decimal& b) noexcept {
+constexpr std::strong_ordering Decimal::compareWide(const Decimal& a, const Decimal& b) noexcept {
     const auto sign = [](const Decimal& x) { return x.isNegative() ? -1 : x.isZero() ? 0 : 1; };
     if (sign(a) != sign(b) || sign(a) == 0)
         return sign(a) <=> sign(b);
@@ -409,14 +410,14 @@ constexpr Decimal Decimal::divideWords(bool negative, std::uint64_t a, std::uint
                : order(a.magnitude(), b.magnitude() * wide::powerOfTen(aDigits - bDigits));
 }
 
-[[gnu::noinline]] constexpr Decimal Decimal::roundWide(int places, bool down) const noexcept {
+constexpr Decimal Decimal::roundWide(int places, bool down) const noexcept {
     const std::int64_t exponent = -std::int64_t{places};
     const bool whole = exponent - exponent_ > maxDigits; // every digit goes, and is below a half
     const int digits = whole ? 0 : static_cast<int>(exponent - exponent_);
     const wide::Uint128 kept = whole ? 0 : wide::dropDigits(magnitude(), digits);
     const wide::Uint128 rest = magnitude() - kept * wide::powerOfTen(digits);
-    const bool grows = down ? isNegative() && rest != 0
-                            : !whole && rest >= wide::powerOfTen(digits) - rest;
+    const bool grows =
+        down ? isNegative() && rest != 0 : !whole && rest >= wide::powerOfTen(digits) - rest;
     return fit(isNegative(), {0, kept + (grows ? 1U : 0U)}, exponent);
 }
 
@@ -524,7 +525,8 @@ constexpr tl::expected<Decimal, DecimalFault> Decimal::parse(std::string_view te
     digits = digits * wide::smallPowerOfTen(inWord) + word;
     if (exponent < minExponent) {
         const std::int64_t missing = minExponent - exponent;
-        exponent += wide::stripZeros(digits, missing < maxDigits ? static_cast<int>(missing) : maxDigits);
+        exponent +=
+            wide::stripZeros(digits, missing < maxDigits ? static_cast<int>(missing) : maxDigits);
     }
     const std::int64_t above = exponent > maxExponent ? exponent - maxExponent : 0;
     if (exponent < minExponent || wide::digitCount(digits) + above > maxDigits)
@@ -556,9 +558,7 @@ inline namespace literals {
 /// read without the digit separators does not compile.
 template <char... Text>
     requires(detail::decimalLiteral<Text...>.has_value())
-consteval Decimal operator""_dec() noexcept {
-    return *detail::decimalLiteral<Text...>;
-}
+consteval Decimal operator""_dec() noexcept { return *detail::decimalLiteral<Text...>; }
 
 } // namespace literals
 

@@ -1,0 +1,167 @@
+#include "cli/Batch.h"
+
+#include "TaxCore/base/JsonWriter.h"
+#include "cli/Input.h"
+
+#include <algorithm>
+#include <atomic>
+#include <condition_variable>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <thread>
+#include <vector>
+
+namespace fiscarel::cli {
+
+namespace {
+
+using namespace taxcore;
+
+/// Some whole lines of the input.
+struct Block {
+    std::size_t number = 0;    ///< position in the input, from 0
+    std::size_t firstLine = 0; ///< from 1
+    std::string text;          ///< lines, each ended by a line feed
+};
+
+/// Hands out the input block by block; safe to call from several threads.
+class BlockReader {
+  public:
+    explicit BlockReader(std::FILE* in) : in_(in) {}
+
+    bool next(Block& block) {
+        const std::lock_guard guard(lock_);
+        if (ended_) {
+            return false;
+        }
+        block.number = blocks_++;
+        block.firstLine = line_;
+        block.text = std::move(carry_);
+        carry_.clear();
+        fill(block.text);
+        line_ += static_cast<std::size_t>(std::ranges::count(block.text, '\n'));
+        return !block.text.empty();
+    }
+
+    bool failed() const { return std::ferror(in_) != 0; }
+
+  private:
+    static constexpr std::size_t blockSize = std::size_t{1} << 18U;
+    /// A line longer than any household's case: its rest is dropped and it is reported as damaged.
+    static constexpr std::size_t longestLine = std::size_t{16} << 20U;
+
+    void fill(std::string& text) {
+        std::size_t lineEnd = std::string::npos;
+        do {
+            const std::size_t before = text.size();
+            text.resize(before + blockSize);
+            const std::size_t count = std::fread(text.data() + before, 1, blockSize, in_);
+            text.resize(before + count);
+            if (count < blockSize) {
+                ended_ = true;
+                if (!text.empty() && text.back() != '\n') {
+                    text += '\n';
+                }
+                return;
+            }
+            lineEnd = text.rfind('\n');
+            if (lineEnd == std::string::npos && text.size() > longestLine) {
+                dropRestOfLine();
+                text += '\n';
+                return;
+            }
+        } while (lineEnd == std::string::npos);
+        carry_ = text.substr(lineEnd + 1);
+        text.resize(lineEnd + 1);
+    }
+
+    void dropRestOfLine() {
+        int c = 0;
+        while ((c = std::fgetc(in_)) != EOF && c != '\n') {
+        }
+        ended_ = c == EOF;
+    }
+
+    std::mutex lock_;
+    std::FILE* in_;
+    std::string carry_; ///< the beginning of a line whose end comes with the next block
+    std::size_t blocks_ = 0;
+    std::size_t line_ = 1;
+    bool ended_ = false;
+};
+
+/// Writes results in the order of their blocks; a thread that is early waits for its turn, which
+/// also bounds what is in memory to one block per thread.
+class BlockWriter {
+  public:
+    explicit BlockWriter(std::FILE* out) : out_(out) {}
+
+    void write(std::size_t number, const std::string& text) {
+        std::unique_lock guard(lock_);
+        turn_.wait(guard, [&] { return next_ == number; });
+        failed_ = failed_ || std::fwrite(text.data(), 1, text.size(), out_) != text.size();
+        ++next_;
+        turn_.notify_all();
+    }
+
+    bool finish() { return std::fflush(out_) == 0 && !failed_; }
+
+  private:
+    std::mutex lock_;
+    std::condition_variable turn_;
+    std::FILE* out_;
+    std::size_t next_ = 0;
+    bool failed_ = false;
+};
+
+std::string errorLine(std::size_t line, const std::string& error) {
+    std::string text = "{\"line\": " + std::to_string(line) + ", \"error\": ";
+    JsonWriter(text, JsonStyle::compact).write(error);
+    return text + "}\n";
+}
+
+std::string resultLine(std::size_t number, std::string_view line) {
+    const auto taxCase = fromJson<TaxCase>(line);
+    if (!taxCase) {
+        return errorLine(number, taxCase.error().message);
+    }
+    const auto calculator = calculatorFor(*taxCase);
+    if (!calculator) {
+        return errorLine(number, calculator.error());
+    }
+    return toJson(calculator->calculate(*taxCase), JsonStyle::compact) + "\n";
+}
+
+void work(BlockReader& reader, BlockWriter& writer) {
+    Block block;
+    std::string results;
+    while (reader.next(block)) {
+        results.clear();
+        std::string_view rest = block.text;
+        for (std::size_t number = block.firstLine; !rest.empty(); ++number) {
+            const std::size_t end = rest.find('\n');
+            results += resultLine(number, rest.substr(0, end));
+            rest.remove_prefix(end + 1);
+        }
+        writer.write(block.number, results);
+    }
+}
+
+} // namespace
+
+bool computeBatch(std::FILE* in, std::FILE* out, unsigned threads) {
+    BlockReader reader(in);
+    BlockWriter writer(out);
+    std::vector<std::thread> workers;
+    for (unsigned i = 1; i < threads; ++i) {
+        workers.emplace_back([&] { work(reader, writer); });
+    }
+    work(reader, writer);
+    for (std::thread& worker : workers) {
+        worker.join();
+    }
+    return writer.finish() && !reader.failed();
+}
+
+} // namespace fiscarel::cli

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace fiscarel::cli {
+
+// Each command returns the exit code: 0, or 1 after one German sentence on standard error.
+
+struct NewOptions {
+    int year = 0;
+    std::string region = "sg";
+};
+/// Prints a new case as JSON.
+int newCase(const NewOptions& options);
+
+struct DemoOptions {
+    int year = 0;
+    std::string region = "sg";
+};
+/// Prints the demo household as a case.
+int demo(const DemoOptions& options);
+
+struct ComputeOptions {
+    std::string file = "-";
+    std::optional<int> year; ///< given: the file is a state file
+    bool json = false;
+    std::string why; ///< code of a line to derive
+};
+/// Computes one case.
+int compute(const ComputeOptions& options);
+
+struct BatchOptions {
+    std::string file = "-";
+    unsigned threads = 0; ///< 0: all cores
+};
+/// Computes one case a line.
+int batch(const BatchOptions& options);
+
+} // namespace fiscarel::cli

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace fiscarel::cli {
+
+/// Columns a terminal shows for UTF-8 text of Latin letters: one per code point.
+std::size_t displayWidth(std::string_view text) noexcept;
+
+/// The text padded with blanks on the right to `width` columns; longer texts stay whole.
+std::string padRight(std::string_view text, std::size_t width);
+/// The same with the blanks on the left.
+std::string padLeft(std::string_view text, std::size_t width);
+
+/// Breaks a text between words into lines of at most `width` columns, each behind `indent`.
+std::string wrapped(std::string_view text, std::size_t width, std::string_view indent);
+
+} // namespace fiscarel::cli

@@ -1,0 +1,43 @@
+# Sourced by ./run and ./test: brings what the build needs onto a Debian 12 machine.
+
+buildPackages=(
+    g++ cmake ninja-build pkg-config
+    libboost1.81-dev libsimdjson-dev libexpected-dev libcli11-dev
+)
+testPackages=(libgtest-dev libbenchmark-dev)
+lintPackages=(clang-tidy clang-format)
+fuzzPackages=(clang libclang-rt-14-dev)
+
+# Installs with apt what is missing of the packages named; silent when nothing is.
+ensurePackages() {
+    local missing=()
+    local package
+    for package in "$@"; do
+        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' ||
+            missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+    echo "Installing with apt: ${missing[*]}"
+    local asRoot=()
+    if [ "$(id -u)" -ne 0 ]; then
+        if ! command -v sudo >/dev/null; then
+            echo "These packages are missing and need root: apt-get install ${missing[*]}" >&2
+            return 1
+        fi
+        asRoot=(sudo)
+    fi
+    export DEBIAN_FRONTEND=noninteractive
+    "${asRoot[@]}" apt-get update -qq &&
+        "${asRoot[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+# Configures and builds a preset (targets as further arguments); says what it does.
+buildPreset() {
+    local preset=$1
+    shift
+    echo "Building ($preset) …"
+    if [ ! -f "build/$preset/build.ninja" ]; then
+        cmake --preset "$preset" >/dev/null || return 1
+    fi
+    cmake --build --preset "$preset" ${1:+--target "$@"} -- --quiet
+}
