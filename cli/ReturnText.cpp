@@ -20,6 +20,15 @@ std::string amount(const Decimal& value) { return MoneyFormat::chf(value, 2, fal
 
 std::string cell(const std::string& text) { return padLeft(text, amountWidth); }
 
+/// Amounts and rates with the decimals they have, up to six.
+std::string exact(const Decimal& value) {
+    constexpr int most = 6;
+    const std::string plain = value.roundPlain(most).toString();
+    const std::size_t point = plain.find('.');
+    const std::size_t decimals = point == std::string::npos ? 0 : plain.size() - point - 1;
+    return MoneyFormat::chf(value, static_cast<int>(decimals), false);
+}
+
 std::string withoutTrailingBlanks(std::string line) {
     line.erase(line.find_last_not_of(' ') + 1);
     return line + "\n";
@@ -159,8 +168,7 @@ std::string returnText(const TaxCase& taxCase, const TaxResult& result) {
 std::string derivationText(const Derivation& derivation) {
     const auto amounts = [&](const std::optional<Decimal>& canton,
                              const std::optional<Decimal>& federal) {
-        const auto plain = [](const Decimal& value) { return cell(value.roundPlain(6).toString()); };
-        return canton ? plain(*canton) + plain(federal.value_or(*canton)) : std::string();
+        return canton ? cell(exact(*canton)) + cell(exact(federal.value_or(*canton))) : "";
     };
     constexpr std::size_t width = 2 + zifferWidth + labelWidth;
     std::string text = heading(derivation.label + " (" + derivation.code + ")");

@@ -246,8 +246,8 @@ class Decimal {
         return {negative ? 0 - digits : digits, exponent};
     }
 
-    /// The value nearest to `magnitude` · 10^`exponent`. `roundsUp` says that the true value
-    /// lies above `magnitude` by half a unit or more, but less than one.
+    /// The value nearest to (`magnitude` + rest) · 10^`exponent`, the rest being below one unit;
+    /// `roundsUp` tells whether it is a half or more.
     static constexpr Decimal fit(bool negative, wide::Uint256 magnitude, std::int64_t exponent,
                                  bool roundsUp = false) noexcept;
     static constexpr Decimal addWide(const Decimal& a, const Decimal& b) noexcept;
@@ -296,13 +296,17 @@ constexpr std::optional<std::int64_t> Decimal::toInteger() const noexcept {
 
 constexpr Decimal Decimal::fit(bool negative, wide::Uint256 magnitude, std::int64_t exponent,
                                bool roundsUp) noexcept {
+    const wide::Uint128 whole = magnitude.low + (roundsUp ? 1U : 0U);
+    if (magnitude.high == 0 && whole < wide::powerOfTen(maxDigits) && exponent >= minExponent
+        && exponent <= maxExponent) [[likely]]
+        return signedValue(negative, whole, static_cast<int>(exponent));
     const int digits = wide::digitCount(magnitude);
     std::int64_t excess = digits - maxDigits;
     if (excess < minExponent - exponent)
         excess = minExponent - exponent;
     if (digits == 0 || excess > digits)
         return {};
-    wide::Uint128 kept = magnitude.low + (roundsUp && excess <= 0 ? 1U : 0U);
+    wide::Uint128 kept = whole;
     if (excess > 0) {
         kept = wide::roundDigits(magnitude, static_cast<int>(excess));
         exponent += excess;

@@ -149,22 +149,24 @@ inline constexpr std::array<std::uint64_t, 20> smallReciprocals = [] {
 
 } // namespace detail
 
-/// floor(`value` / 10^`digits`) for `value` up to 2^127, `digits` from 0 to 38.
-constexpr Uint128 dropDigits(Uint128 value, int digits) noexcept {
-    if (digits == 0)
-        return value;
-    const Uint128 factor = detail::reciprocals[static_cast<std::size_t>(digits)];
-    return multiply(value, factor).high >> (bitWidth(powerOfTen(digits)) - 1);
-}
-
 /// floor(`value` / 10^`digits`) for `value` up to 2^63, `digits` from 1 to 19.
 constexpr std::uint64_t dropDigitsOfWord(std::uint64_t value, int digits) noexcept {
     const std::uint64_t factor = detail::smallReciprocals[static_cast<std::size_t>(digits)];
     return upperHalf(Uint128{value} * factor) >> (std::bit_width(smallPowerOfTen(digits)) - 1);
 }
 
-/// `value` / 10^`digits`, rounded to nearest, half up. Requires `value` < 10^76, `digits` from 1
-/// to 76, and a result below 2^127.
+/// floor(`value` / 10^`digits`) for `value` up to 2^127, `digits` from 0 to 38.
+constexpr Uint128 dropDigits(Uint128 value, int digits) noexcept {
+    if (digits == 0)
+        return value;
+    if (value <= Uint128{1} << 63)
+        return digits <= 19 ? dropDigitsOfWord(lowerHalf(value), digits) : 0;
+    const Uint128 factor = detail::reciprocals[static_cast<std::size_t>(digits)];
+    return multiply(value, factor).high >> (bitWidth(powerOfTen(digits)) - 1);
+}
+
+/// `value` / 10^`digits`, rounded to nearest, half up. Requires a `value` and a result below 2^127
+/// times 10^38 and 1, and `digits` from 1 to 76.
 constexpr Uint128 roundDigits(Uint256 value, int digits) noexcept {
     if (digits > 38) {
         // Cutting first is no second rounding: the half that decides lies above the cut.

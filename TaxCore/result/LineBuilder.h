@@ -108,6 +108,9 @@ class LineBuilder {
             for (const Entered& entry : entered_) {
                 line.why.line(entry.code, 0, entry.label, entry.amounts);
             }
+            if (entered_.empty()) {
+                line.why.fact("Keine Beträge eingetragen.");
+            }
         }
     }
 

@@ -44,14 +44,21 @@ Decimal figure(Recorder& recorder, std::string_view code, std::string_view label
     return amount;
 }
 
+/// A figure of the bill that another one builds on.
+struct Part {
+    std::string_view code;
+    std::string_view label;
+    Decimal amount;
+};
+
 /// A simple tax times one of the three multipliers.
 template <class Recorder>
 Decimal share(Recorder& recorder, std::string_view code, std::string_view label, const Law& law,
-              std::pair<std::string_view, Decimal> simple, const Decimal& percent) {
-    return figure(recorder, code, label, multiplied(simple.second, percent), [&](auto& why) {
-        why.line(simple.first, 0, "Einfache Steuer", both(simple.second));
-        why.law(law, label);
-        why.step("Steuerfuss in Prozent", both(percent));
+              const Part& simple, const Part& rate) {
+    return figure(recorder, code, label, multiplied(simple.amount, rate.amount), [&](auto& why) {
+        why.line(simple.code, 0, simple.label, both(simple.amount));
+        why.line(rate.code, 0, rate.label, both(rate.amount));
+        why.law(law, "Einfache Steuer mal Steuerfuss");
         why.rounding("auf 5 Rappen");
     });
 }
@@ -69,8 +76,14 @@ void addSimpleTaxes(TaxBill& bill, const RuleBook& rules, Recorder& recorder) {
                                            : "Tarif für Alleinstehende");
             why.rounding("Einkommen auf ganze 100 Franken abgerundet");
         });
-    bill.simpleIncomeRatePercent =
-        Tariffs::sgSimpleIncomeRate(bill.taxableIncomeCanton, bill.kind, rules.sgTariff) * 100;
+    bill.simpleIncomeRatePercent = figure(
+        recorder, "simpleIncomeRatePercent", "Einfache Steuer in Prozent des Einkommens",
+        Tariffs::sgSimpleIncomeRate(bill.taxableIncomeCanton, bill.kind, rules.sgTariff) * 100,
+        [&](auto& why) {
+            why.line("simpleIncomeTax", 0, "Einfache Steuer vom Einkommen",
+                     both(bill.simpleIncomeTax));
+            why.fact("Geteilt durch das auf ganze 100 Franken abgerundete Einkommen.");
+        });
     const Decimal& promille = rules.municipalities.vermoegenEinfacheSteuerPromille;
     bill.simpleWealthTax =
         figure(recorder, "simpleWealthTax", "Einfache Steuer vom Vermögen",
@@ -84,23 +97,63 @@ void addSimpleTaxes(TaxBill& bill, const RuleBook& rules, Recorder& recorder) {
 }
 
 template <class Recorder>
+void addMultipliers(TaxBill& bill, const RuleBook& rules, const BillBasis& basis,
+                    Recorder& recorder) {
+    const MunicipalityList& list = rules.municipalities;
+    const TaxCase& taxCase = basis.taxCase;
+    bill.cantonRate = figure(
+        recorder, "cantonRate", "Steuerfuss Kanton", list.kantonSteuerfuss, [&](auto& why) {
+            why.rule(law::cantonMultiplier, "Steuerfuss des Kantons in Prozent", "kantonSteuerfuss",
+                     both(list.kantonSteuerfuss));
+        });
+    bill.municipalityRate =
+        figure(recorder, "municipalityRate", "Steuerfuss Gemeinde",
+               basis.municipality != nullptr ? basis.municipality->steuerfuss : Decimal(0),
+               [&](auto& why) {
+                   why.fact(basis.municipality != nullptr
+                                ? "Gemeinde " + basis.municipality->name
+                                : "Die Gemeinde ist nicht in der Liste – ohne Steuerfuss.",
+                            {"municipality"});
+                   why.law(law::municipalityMultiplier, "Steuerfuss in Prozent");
+               });
+    bill.churchRate = figure(
+        recorder, "churchRate", "Steuerfuss Kirche", churchRate(taxCase, basis.parish, list),
+        [&](auto& why) {
+            const auto spouse = [&](const Person& person, int number) {
+                why.fact(label(person.confession), {"person", number, {}, -1, "confession"});
+                why.step("Kirchensteuerfuss in Prozent",
+                         both(churchRateOf(person.confession, basis.parish, list)));
+            };
+            why.law(law::churchMultiplier, basis.parish != nullptr
+                                               ? "Kirchgemeinde " + basis.parish->name
+                                               : "Keine Kirchgemeinde gewählt");
+            spouse(taxCase.person1, 1);
+            if (taxCase.isJoint()) {
+                spouse(taxCase.person2, 2);
+                why.law(law::mixedConfession, "Je zur Hälfte nach der Konfession der Ehegatten");
+            }
+        });
+}
+
+template <class Recorder>
 void addCantonalTaxes(TaxBill& bill, Recorder& recorder) {
-    const std::pair<std::string_view, Decimal> income{"simpleIncomeTax", bill.simpleIncomeTax};
-    const std::pair<std::string_view, Decimal> wealth{"simpleWealthTax", bill.simpleWealthTax};
+    const Part income{"simpleIncomeTax", "Einfache Steuer vom Einkommen", bill.simpleIncomeTax};
+    const Part wealth{"simpleWealthTax", "Einfache Steuer vom Vermögen", bill.simpleWealthTax};
+    const Part canton{"cantonRate", "Steuerfuss Kanton", bill.cantonRate};
+    const Part municipality{"municipalityRate", "Steuerfuss Gemeinde", bill.municipalityRate};
+    const Part church{"churchRate", "Steuerfuss Kirche", bill.churchRate};
     bill.cantonIncome = share(recorder, "cantonIncome", "Kantonssteuer vom Einkommen",
-                              law::cantonMultiplier, income, bill.cantonRate);
-    bill.municipalityIncome =
-        share(recorder, "municipalityIncome", "Gemeindesteuer vom Einkommen",
-              law::municipalityMultiplier, income, bill.municipalityRate);
+                              law::cantonMultiplier, income, canton);
+    bill.municipalityIncome = share(recorder, "municipalityIncome", "Gemeindesteuer vom Einkommen",
+                                    law::municipalityMultiplier, income, municipality);
     bill.churchIncome = share(recorder, "churchIncome", "Kirchensteuer vom Einkommen",
-                              law::churchMultiplier, income, bill.churchRate);
+                              law::churchMultiplier, income, church);
     bill.cantonWealth = share(recorder, "cantonWealth", "Kantonssteuer vom Vermögen",
-                              law::cantonMultiplier, wealth, bill.cantonRate);
-    bill.municipalityWealth =
-        share(recorder, "municipalityWealth", "Gemeindesteuer vom Vermögen",
-              law::municipalityMultiplier, wealth, bill.municipalityRate);
+                              law::cantonMultiplier, wealth, canton);
+    bill.municipalityWealth = share(recorder, "municipalityWealth", "Gemeindesteuer vom Vermögen",
+                                    law::municipalityMultiplier, wealth, municipality);
     bill.churchWealth = share(recorder, "churchWealth", "Kirchensteuer vom Vermögen",
-                              law::churchMultiplier, wealth, bill.churchRate);
+                              law::churchMultiplier, wealth, church);
 }
 
 template <class Recorder>
@@ -141,29 +194,31 @@ void addFederalTax(TaxBill& bill, const RuleBook& rules, int children, Recorder&
 template <class Recorder>
 void explainTotals(const TaxBill& bill, Recorder& recorder) {
     if constexpr (Recorder::enabled) {
-        const auto sum = [&](std::string_view code, std::string_view label, const Decimal& total,
-                             std::initializer_list<std::pair<std::string_view, Decimal>> parts) {
-            figure(recorder, code, label, total, [&](auto& why) {
-                for (const auto& [part, amount] : parts) {
-                    why.line(part, 0, "", both(amount));
+        const auto sum = [&](const Part& total, std::initializer_list<Part> parts) {
+            figure(recorder, total.code, total.label, total.amount, [&](auto& why) {
+                for (const Part& part : parts) {
+                    why.line(part.code, 0, part.label, both(part.amount));
                 }
             });
         };
-        sum("cantonTotal", "Kantonssteuer", bill.cantonTotal(),
-            {{"cantonIncome", bill.cantonIncome}, {"cantonWealth", bill.cantonWealth}});
-        sum("municipalityTotal", "Gemeindesteuer", bill.municipalityTotal(),
-            {{"municipalityIncome", bill.municipalityIncome},
-             {"municipalityWealth", bill.municipalityWealth}});
-        sum("churchTotal", "Kirchensteuer", bill.churchTotal(),
-            {{"churchIncome", bill.churchIncome}, {"churchWealth", bill.churchWealth}});
-        sum("cantonAndMunicipalityTotal", "Kantons-, Gemeinde- und Kirchensteuer",
-            bill.cantonAndMunicipalityTotal(),
-            {{"cantonTotal", bill.cantonTotal()},
-             {"municipalityTotal", bill.municipalityTotal()},
-             {"churchTotal", bill.churchTotal()}});
-        sum("total", "Total der Steuern", bill.total(),
-            {{"cantonAndMunicipalityTotal", bill.cantonAndMunicipalityTotal()},
-             {"federal", bill.federal}});
+        const Part canton{"cantonTotal", "Kantonssteuer", bill.cantonTotal()};
+        const Part municipality{"municipalityTotal", "Gemeindesteuer", bill.municipalityTotal()};
+        const Part church{"churchTotal", "Kirchensteuer", bill.churchTotal()};
+        const Part office{"cantonAndMunicipalityTotal", "Kantons-, Gemeinde- und Kirchensteuer",
+                          bill.cantonAndMunicipalityTotal()};
+        const Part federal{"federal", "Direkte Bundessteuer", bill.federal};
+        sum(canton, {{"cantonIncome", "vom Einkommen", bill.cantonIncome},
+                     {"cantonWealth", "vom Vermögen", bill.cantonWealth}});
+        sum(municipality, {{"municipalityIncome", "vom Einkommen", bill.municipalityIncome},
+                           {"municipalityWealth", "vom Vermögen", bill.municipalityWealth}});
+        sum(church, {{"churchIncome", "vom Einkommen", bill.churchIncome},
+                     {"churchWealth", "vom Vermögen", bill.churchWealth}});
+        sum(office, {canton, municipality, church});
+        sum({"total", "Total der Steuern", bill.total()}, {office, federal});
+        sum({"totalRate", "Steuerfuss gesamthaft", bill.totalRate()},
+            {{"cantonRate", "Kanton", bill.cantonRate},
+             {"municipalityRate", "Gemeinde", bill.municipalityRate},
+             {"churchRate", "Kirche", bill.churchRate}});
     }
 }
 
@@ -185,9 +240,7 @@ TaxBill makeBill(const RuleBook& rules, const BillBasis& basis, Recorder& record
     bill.taxableIncomeFederal = basis.taxableIncomeFederal;
     bill.taxableWealth = basis.taxableWealth;
     addSimpleTaxes(bill, rules, recorder);
-    bill.cantonRate = rules.municipalities.kantonSteuerfuss;
-    bill.municipalityRate = basis.municipality != nullptr ? basis.municipality->steuerfuss : 0;
-    bill.churchRate = churchRate(basis.taxCase, basis.parish, rules.municipalities);
+    addMultipliers(bill, rules, basis, recorder);
     addCantonalTaxes(bill, recorder);
     addFederalTax(bill, rules, deductibleChildCount(basis.taxCase), recorder);
     explainTotals(bill, recorder);
@@ -220,7 +273,7 @@ std::optional<CapitalPaymentTax> taxCapitalPayments(const RuleBook& rules, const
             why.rule(law::capitalPayments, "Satz der einfachen Steuer",
                      joint ? "kapitalleistung.satzGemeinsam" : "kapitalleistung.satzAlleinstehend",
                      both(rate));
-            why.step("Steuerfüsse von Kanton, Gemeinde und Kirche in Prozent",
+            why.line("totalRate", 0, "Steuerfüsse von Kanton, Gemeinde und Kirche in Prozent",
                      both(bill.totalRate()));
             why.rounding("je Steuerfuss auf 5 Rappen");
         });

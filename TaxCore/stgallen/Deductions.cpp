@@ -161,6 +161,37 @@ void addPillar2(Calculation<R>& c, Adult& adult) {
     adult.pension += both(adult.deductions.pensionBuyIn);
 }
 
+/// The rules behind the ceiling of insurance premiums.
+template <class R>
+void explainInsuranceMax(typename R::Draft& why, const Calculation<R>& c) {
+    const bool joint = c.input.isJoint();
+    const auto rule = [&](std::string_view text, std::string_view key,
+                          Decimal VersicherungParams::*field) {
+        why.rule(law::insurance, text, key,
+                 each([&](const DeductionParams* p) { return p->versicherungen.*field; }, c.params));
+    };
+    if (joint) {
+        rule("Höchstbetrag für gemeinsam Besteuerte", "versicherungen.gemeinsam",
+             &VersicherungParams::gemeinsam);
+    } else {
+        rule("Höchstbetrag für Alleinstehende", "versicherungen.alleinstehend",
+             &VersicherungParams::alleinstehend);
+    }
+    const bool pays = std::ranges::any_of(c.adults, [](const Adult& adult) {
+        return paysIntoPension(adult.income, adult.deductions);
+    });
+    if (!pays) {
+        rule("Zuschlag ohne Beiträge an die 2. Säule und die Säule 3a",
+             joint ? "versicherungen.zuschlagOhneVorsorgeGemeinsam"
+                   : "versicherungen.zuschlagOhneVorsorgeAlleinstehend",
+             joint ? &VersicherungParams::zuschlagOhneVorsorgeGemeinsam
+                   : &VersicherungParams::zuschlagOhneVorsorgeAlleinstehend);
+    }
+    rule("Zuschlag pro Kind", "versicherungen.proKind", &VersicherungParams::proKind);
+    rule("Zuschlag pro unterstützte Person", "versicherungen.proUnterstuetztePerson",
+         &VersicherungParams::proUnterstuetztePerson);
+}
+
 /// StG SG Art. 45 Abs. 1 Bst. g, DBG Art. 33 Abs. 1 Bst. g und Abs. 1bis
 template <class R>
 void addInsurance(Calculation<R>& c) {
@@ -194,8 +225,7 @@ void addInsurance(Calculation<R>& c) {
     if constexpr (R::enabled) {
         line.why.step("Prämien abzüglich Verbilligung", both(paid - interest));
         line.why.step("Zinsen von Sparkonten", both(interest));
-        line.why.law(law::insurance, c.input.isJoint() ? "Höchstbetrag für gemeinsam Besteuerte"
-                                                       : "Höchstbetrag für Alleinstehende");
+        explainInsuranceMax(line.why, c);
         line.why.cap("Höchstbetrag mit Zuschlägen für Kinder und fehlende Vorsorge",
                      each([](const InsuranceBreakdown& b) { return b.maximum; }, breakdown));
     }

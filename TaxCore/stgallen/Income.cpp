@@ -148,24 +148,25 @@ void addSecuritiesIncome(Calculation<R>& c) {
 /// Withholding tax that the household gets back. VStG Art. 13 Abs. 1 Bst. a
 template <class R>
 void addWithholdingTax(Calculation<R>& c) {
+    [[maybe_unused]] auto why = c.lines.recorder().draft();
     Decimal subject;
+    int index = 0;
     for (const SecurityEntry& entry : c.input.securities) {
         if (belongsToHousehold(entry, c.input)) {
             subject += entry.incomeWithWithholding;
+            why.input("Bruttoertrag mit Verrechnungssteuer", entry.incomeWithWithholding,
+                      {"securities", 0, {}, index, "incomeWithWithholding"});
         }
+        ++index;
     }
     const Decimal& rate = c.rules.cantonalExtra.verrechnungssteuerSatz;
     c.result.withholdingIncomeA = subject;
     c.result.withholdingTaxRefund = toRappen(subject * rate);
-    if constexpr (R::enabled) {
-        auto why = c.lines.recorder().draft();
-        why.step("Bruttoerträge mit Verrechnungssteuer", both(subject));
-        why.rule(law::withholdingTax, "Satz der Verrechnungssteuer", "verrechnungssteuerSatz",
-                 both(rate));
-        why.rounding("auf ganze Rappen");
-        c.lines.recorder().keep("withholdingTaxRefund", "Rückerstattung der Verrechnungssteuer",
-                                std::move(why), both(c.result.withholdingTaxRefund));
-    }
+    why.rule(law::withholdingTax, "Satz der Verrechnungssteuer", "verrechnungssteuerSatz",
+             both(rate));
+    why.rounding("auf ganze Rappen");
+    c.lines.recorder().keep("withholdingTaxRefund", "Rückerstattung der Verrechnungssteuer",
+                            std::move(why), both(c.result.withholdingTaxRefund));
 }
 
 /// StG SG Art. 34, DBG Art. 21

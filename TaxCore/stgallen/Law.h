@@ -25,7 +25,6 @@ inline constexpr Law maintenanceReceived{"StG SG Art. 36", "DBG Art. 23 Bst. f"}
 inline constexpr Law undividedEstates{"StG SG Art. 29 Abs. 1", "DBG Art. 10 Abs. 1"};
 inline constexpr Law otherIncome{"StG SG Art. 29 Abs. 1", "DBG Art. 16 Abs. 1"};
 inline constexpr Law simplifiedSettlement{"", "DBG Art. 37a; BGSA (SR 822.41) Art. 2 und 3"};
-inline constexpr Law jointTaxation{"StG SG Art. 20", "DBG Art. 9"};
 
 // Work expenses
 inline constexpr Law commute{"StG SG Art. 39 Abs. 1 Bst. a",

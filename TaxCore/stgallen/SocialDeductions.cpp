@@ -53,6 +53,7 @@ void addMedicalCosts(Calculation<R>& c) {
                               + " des Nettoeinkommens");
 
     auto line = c.lines.line({"krankheitAbzug", 0, "21.1", "Abzug Krankheits- und Unfallkosten"});
+    line.why.law(law::medicalCosts, "Abziehbar ist, was den Selbstbehalt übersteigt");
     line.why.line("krankheitskosten", 0, "Kosten", costs);
     line.why.threshold("− Selbstbehalt", limit);
     line.deduction(notBelowZero(costs - limit));

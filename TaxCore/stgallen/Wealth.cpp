@@ -91,6 +91,7 @@ template <class R>
 void addDebts(Calculation<R>& c, bool business) {
     auto line = business ? c.lines.line({"geschaeftsschulden", 0, "34.2", "Geschäftsschulden"})
                          : c.lines.line({"privatschulden", 0, "34.1", "Privatschulden"});
+    line.why.law(law::wealth, "Besteuert wird das Vermögen nach Abzug der Schulden");
     Decimal amount;
     int index = 0;
     for (const Debt& debt : c.input.debts) {

@@ -78,6 +78,7 @@ class Explanation {
             return;
         }
         if (p_.useActualOtherCosts) {
+            why_.law(law::otherWorkCosts, "Tatsächliche Kosten statt der Pauschale");
             input("Übrige Berufskosten, tatsächlich", p_.actualOtherCosts, "actualOtherCosts");
             return;
         }
@@ -133,6 +134,7 @@ class Explanation {
             return;
         }
         if (p_.sideJobUseActual) {
+            why_.law(law::sideJob, "Tatsächliche Kosten statt der Pauschale");
             input("Kosten Nebenerwerb, tatsächlich", p_.sideJobActualCosts, "sideJobActualCosts");
             return;
         }
