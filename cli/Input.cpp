@@ -89,8 +89,8 @@ tl::expected<TaxCalculator, Fault> calculatorFor(const TaxCase& taxCase) {
     }
     return TaxCalculator::forYear(taxCase.year).map_error([&](const RuleBook::LoadError& e) {
         const bool noSuchYear = e.kind == RuleBook::LoadError::Kind::missing;
-        return noSuchYear ? "Die Angabe «year» nennt ein Jahr ohne Regeln ("
-                                + std::to_string(taxCase.year) + "). " + e.description()
+        return noSuchYear ? "Die Angabe «year» verlangt das Steuerjahr "
+                                + std::to_string(taxCase.year) + " – " + e.description()
                           : e.description();
     });
 }

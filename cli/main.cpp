@@ -29,22 +29,43 @@ void speakGerman(CLI::App& app) {
         formatter->label(english, german);
     }
     app.formatter(formatter);
-    app.set_help_flag("-h,--help", "Diese Hilfe");
+    app.option_defaults()->group("Optionen");
+    app.set_help_flag("-h,--help", "Diese Hilfe")->group("Optionen");
 }
 
-/// What went wrong with a call, as one German sentence.
+/// What went wrong with a call, as one German sentence. The library speaks English; only the words
+/// of the call that it quotes are kept.
 std::string usageSentence(const CLI::ParseError& error) {
     const std::string details = error.what();
+    const auto behind = [&](std::string_view mark) {
+        const std::size_t at = details.find(mark);
+        return at == std::string::npos ? details : details.substr(at + mark.size());
+    };
     if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr) {
-        return "Im Aufruf fehlt etwas: " + details;
+        const std::string missing = details.substr(0, details.find(" is required"));
+        return missing == "A subcommand" ? "Im Aufruf fehlt der Befehl."
+                                         : "Im Aufruf fehlt die Angabe " + missing + ".";
     }
     if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr) {
-        return "Der Aufruf enthält Unbekanntes: " + details;
+        return "Der Aufruf enthält Unbekanntes: " + behind(": ") + ".";
     }
     if (dynamic_cast<const CLI::ValidationError*>(&error) != nullptr) {
-        return "Ein Wert im Aufruf ist nicht erlaubt: " + details;
+        return "Im Aufruf ist der Wert von " + details.substr(0, details.find(':'))
+               + " nicht erlaubt.";
     }
-    return "Der Aufruf ist nicht verständlich: " + details;
+    if (dynamic_cast<const CLI::ConversionError*>(&error) != nullptr) {
+        return "Im Aufruf ist ein Wert keine Zahl: " + behind(": ") + ".";
+    }
+    if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) {
+        return "Im Aufruf fehlt ein Wert zu " + details.substr(0, details.find(':')) + ".";
+    }
+    return "Der Aufruf ist nicht verständlich: " + details + ".";
+}
+
+CLI::App* addCommand(CLI::App& app, const char* name, const char* description) {
+    CLI::App* command = app.add_subcommand(name, description)->group("Befehle");
+    command->get_help_ptr()->group("Optionen");
+    return command;
 }
 
 void addRegion(CLI::App& command, std::string& region) {
@@ -67,14 +88,14 @@ int main(int argc, char** argv) {
     std::function<int()> action;
 
     NewOptions fresh{.year = demoYear};
-    CLI::App* newCommand = app.add_subcommand("neu", "Gibt einen neuen Fall als JSON aus");
+    CLI::App* newCommand = addCommand(app, "neu", "Gibt einen neuen Fall als JSON aus");
     newCommand->add_option("--jahr", fresh.year, "Steuerjahr")->required();
     addRegion(*newCommand, fresh.region);
     newCommand->callback([&] { action = [&] { return newCase(fresh); }; });
 
     ComputeOptions computing;
     CLI::App* computeCommand =
-        app.add_subcommand("rechne", "Berechnet Steuererklärung und Steuerrechnung eines Falls");
+        addCommand(app, "rechne", "Berechnet Steuererklärung und Steuerrechnung eines Falls");
     addFile(*computeCommand, computing.file);
     computeCommand->add_option("--jahr", computing.year, "Steuerjahr aus einer Datendatei");
     computeCommand->add_flag("--json", computing.json, "Ausgabe als JSON");
@@ -83,14 +104,14 @@ int main(int argc, char** argv) {
 
     BatchOptions batching;
     CLI::App* batchCommand =
-        app.add_subcommand("stapel", "Berechnet einen Fall pro Zeile auf allen Kernen");
+        addCommand(app, "stapel", "Berechnet einen Fall pro Zeile auf allen Kernen");
     addFile(*batchCommand, batching.file);
     batchCommand->add_option("--kerne", batching.threads, "Anzahl Kerne (0: alle)")
         ->check(CLI::Range(0, 256));
     batchCommand->callback([&] { action = [&] { return batch(batching); }; });
 
     DemoOptions showing{.year = demoYear};
-    CLI::App* demoCommand = app.add_subcommand("demo", "Gibt den Demohaushalt als JSON aus");
+    CLI::App* demoCommand = addCommand(app, "demo", "Gibt den Demohaushalt als JSON aus");
     demoCommand->add_option("--jahr", showing.year, "Steuerjahr")->capture_default_str();
     addRegion(*demoCommand, showing.region);
     demoCommand->callback([&] { action = [&] { return demo(showing); }; });

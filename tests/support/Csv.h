@@ -25,8 +25,8 @@ class CsvRow {
     std::map<std::string, std::string> cells_;
 };
 
-/// The rows below the header of a file in `tests/data`. Cells may be quoted, quotes in them doubled.
-/// Throws at whatever does not read: a figure that is not compared must not go unnoticed.
+/// The rows below the header of a file in `tests/data`. Cells may be quoted, quotes in them
+/// doubled. Throws at whatever does not read: a figure that is not compared must not go unnoticed.
 std::vector<CsvRow> readCsv(const std::string& name);
 
 } // namespace taxcore::testing

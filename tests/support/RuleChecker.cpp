@@ -1,5 +1,7 @@
 #include "tests/support/RuleChecker.h"
 
+#include "TaxCore/model/TaxCase.h"
+
 #include <simdjson.h>
 
 #include <algorithm>
@@ -47,11 +49,9 @@ std::string item(const std::string& path, std::size_t index) {
     return path + "[" + std::to_string(index) + "]";
 }
 
-// --- Keys: a file holds exactly those of the records it is read into. ---------------------------
-
 template <Record... Parts>
 void checkKeys(dom::element json, const std::string& path, Report& report,
-               const std::set<std::string_view>& extra = {});
+               const std::set<std::string_view>& flags = {});
 
 /// Looks for records below a value. Whether plain values are of the right type shows when the book
 /// is read.
@@ -74,7 +74,7 @@ void checkBelow(dom::element json, const std::string& path, Report& report) {
 
 template <Record... Parts>
 void checkKeys(dom::element json, const std::string& path, Report& report,
-               const std::set<std::string_view>& extra) {
+               const std::set<std::string_view>& flags) {
     dom::object object;
     if (json.get(object) != simdjson::SUCCESS) {
         report.add(path, "not an object");
@@ -99,11 +99,9 @@ void checkKeys(dom::element json, const std::string& path, Report& report,
     };
     (readPart(Parts{}), ...);
     for (const std::string_view key : unread) {
-        report.require(extra.contains(key), join(path, key), "unknown key");
+        report.require(flags.contains(key), join(path, key), "unknown key");
     }
 }
-
-// --- Single values --------------------------------------------------------------------------------
 
 struct Range {
     std::string_view part; ///< of a key, in lower case
@@ -113,9 +111,9 @@ struct Range {
 
 /// What a number may be, by the first part its key contains.
 const std::array ranges{
-    Range{"grundsteuerpromille", 0, 0.8_dec}, // StG SG Art. 240
+    Range{"grundsteuerpromille", 0, 0.8_dec},
     Range{"promille", 0, 10},
-    Range{"steuerfuss", 50, 200},
+    Range{"steuerfuss", 40, 200},
     Range{"kath", 10, 40},
     Range{"evang", 10, 40},
     Range{"satz", 0, 1},
@@ -181,8 +179,6 @@ void checkCitations(const std::vector<std::string>& citations, const std::string
     }
 }
 
-// --- Deductions -----------------------------------------------------------------------------------
-
 /// `name` with its part `from` exchanged; empty when it has no such part.
 std::string exchanged(std::string name, std::string_view from, std::string_view to) {
     const auto at = name.find(from);
@@ -243,8 +239,6 @@ void checkExtras(const RuleBook& book, Report& report) {
                    "not as in the federal file");
 }
 
-// --- Tariffs --------------------------------------------------------------------------------------
-
 /// The tax of the table on `from + row × step`, and 0 below it.
 Decimal taxAt(const std::vector<Decimal>& rows, int row) {
     return row < 0 ? Decimal(0) : rows.at(static_cast<std::size_t>(row));
@@ -267,8 +261,8 @@ void checkTable(const SGTariffTable& table, Report& report) {
                        "between two rows");
         const auto needed = static_cast<std::size_t>(rowOf(flatFrom) + 1);
         if (rows.size() < std::max<std::size_t>(needed, 2)) {
-            report.add(key, std::to_string(rows.size()) + " rows instead of "
-                                + std::to_string(needed));
+            report.add(key,
+                       std::to_string(rows.size()) + " rows instead of " + std::to_string(needed));
             return false;
         }
         for (std::size_t i = 1; i < rows.size(); ++i) {
@@ -276,8 +270,8 @@ void checkTable(const SGTariffTable& table, Report& report) {
         }
         const Decimal jump =
             table.flatRateAbove * (flatFrom + table.step) - taxAt(rows, rowOf(flatFrom));
-        report.require(jump >= 0 && jump < taxAt(rows, rowOf(flatFrom)) - taxAt(rows, rowOf(flatFrom) - 2),
-                       key + "FlatFrom", "the flat rate does not join the last row");
+        report.require(jump >= 0 && jump < table.flatRateAbove * table.step, key + "FlatFrom",
+                       "the flat rate does not join the last row");
         return true;
     };
     const bool single = checkList(table.single, table.singleFlatFrom, "single");
@@ -354,8 +348,6 @@ void checkFederal(const FederalRules& rules, Report& report) {
                   "tarif.verheiratet", report);
 }
 
-// --- Municipalities -------------------------------------------------------------------------------
-
 /// The name as it is sorted: without letter case and umlauts.
 std::string sortKey(std::string name) {
     constexpr std::array<std::pair<std::string_view, std::string_view>, 6> umlauts{
@@ -401,109 +393,91 @@ void checkMunicipalities(const MunicipalityList& list, Report& report) {
     }
 }
 
-// --- Files ----------------------------------------------------------------------------------------
+std::string fileName(const char* kind, int year) {
+    return std::string(kind) + "-" + std::to_string(year) + ".json";
+}
 
-/// The files of one year.
-struct Year {
-    explicit Year(int number)
-        : suffix("-" + std::to_string(number) + ".json"), year(number) {}
+constexpr const char* paramsFile = "sg-params";
+constexpr const char* federalFile = "dbst";
+constexpr const char* tariffFile = "sg-tarif";
+constexpr const char* municipalitiesFile = "sg-steuerfuesse";
+constexpr const char* liechtensteinFile = "li";
 
-    std::string suffix;
-    int year;
-    std::string params = "sg-params" + suffix;
-    std::string federal = "dbst" + suffix;
-    std::string tariff = "sg-tarif" + suffix;
-    std::string municipalities = "sg-steuerfuesse" + suffix;
-    std::string liechtenstein = "li" + suffix;
-};
-
-/// Parses a file, checks its year and hands its content on.
-template <class Check>
-void checkContent(const fs::path& folder, const std::string& file, const char* yearKey, int year,
-                  Complaints& complaints, const Check& check) {
-    Report report(file, complaints);
+/// The year and the keys of one file; `flags` are truth values that may stand beside the records.
+/// A file without records need only be JSON.
+template <Record... Parts>
+void checkContent(const fs::path& folder, const char* kind, int year, Complaints& complaints,
+                  const std::set<std::string_view>& flags = {}) {
+    const char* yearKey = sizeof...(Parts) > 0 ? "year" : "jahr";
+    const std::string name = fileName(kind, year);
+    Report report(name, complaints);
     dom::parser parser;
     dom::element json;
-    if (parser.load((folder / file).string()).get(json) != simdjson::SUCCESS) {
+    if (parser.load((folder / name).string()).get(json) != simdjson::SUCCESS) {
         report.add("the file", "missing or not JSON");
         return;
     }
     std::int64_t stated = 0;
     report.require(json[yearKey].get(stated) == simdjson::SUCCESS && stated == year, yearKey,
                    "not the year of the file name");
-    check(json, report);
+    for (const std::string_view flag : flags) {
+        const auto value = json[flag];
+        report.require(value.error() == simdjson::NO_SUCH_FIELD || value.is_bool(),
+                       std::string(flag), "neither true nor false");
+    }
+    if constexpr (sizeof...(Parts) > 0) {
+        checkKeys<Parts...>(json, {}, report, flags);
+    }
 }
 
-void checkYear(const fs::path& folder, const Year& files, const RuleBook* book,
-               Complaints& complaints) {
-    const auto content = [&](const std::string& file, const auto& check) {
-        checkContent(folder, file, "year", files.year, complaints, check);
+void checkBook(const RuleBook& book, Complaints& complaints) {
+    const auto report = [&](const char* kind) {
+        return Report(fileName(kind, book.year), complaints);
     };
-    content(files.params, [](dom::element json, Report& report) {
-        checkKeys<DeductionParams, CantonExtraParams>(json, {}, report);
-    });
-    content(files.federal, [](dom::element json, Report& report) {
-        checkKeys<DeductionParams, FederalRules>(json, {}, report);
-    });
-    content(files.tariff, [](dom::element json, Report& report) {
-        checkKeys<SGTariffTable>(json, {}, report);
-    });
-    content(files.municipalities, [](dom::element json, Report& report) {
-        checkKeys<MunicipalityList>(json, {}, report, {"vorlaeufig"});
-        const auto provisional = json["vorlaeufig"];
-        report.require(provisional.error() == simdjson::NO_SUCH_FIELD || provisional.is_bool(),
-                       "vorlaeufig", "neither true nor false");
-    });
-    checkContent(folder, files.liechtenstein, "jahr", files.year, complaints,
-                 [](dom::element, Report&) {});
-    if (book == nullptr) {
-        return;
-    }
-    Report params(files.params, complaints);
-    checkDeductions(book->cantonal, params);
-    checkExtras(*book, params);
-    Report federal(files.federal, complaints);
-    checkDeductions(book->federal, federal);
-    checkFederal(book->federalRules, federal);
-    Report tariff(files.tariff, complaints);
-    checkTable(book->sgTariff, tariff);
-    Report municipalities(files.municipalities, complaints);
-    checkMunicipalities(book->municipalities, municipalities);
-}
-
-void checkFolder(const fs::path& folder, Complaints& complaints) {
-    std::set<std::string> known{"README.md"};
-    for (const int year : RuleBook::supportedYears) {
-        const Year files(year);
-        known.insert({files.params, files.federal, files.tariff, files.municipalities,
-                      files.liechtenstein});
-    }
-    for (const auto& entry : fs::directory_iterator(folder)) {
-        const std::string name = entry.path().filename();
-        Report(name, complaints).require(known.contains(name), "the file", "of no supported year");
-    }
+    Report params = report(paramsFile);
+    checkDeductions(book.cantonal, params);
+    checkExtras(book, params);
+    Report federal = report(federalFile);
+    checkDeductions(book.federal, federal);
+    checkFederal(book.federalRules, federal);
+    Report tariff = report(tariffFile);
+    checkTable(book.sgTariff, tariff);
+    Report municipalities = report(municipalitiesFile);
+    checkMunicipalities(book.municipalities, municipalities);
 }
 
 } // namespace
 
 Complaints checkRuleFiles(const fs::path& folder) {
     Complaints complaints;
-    checkFolder(folder, complaints);
+    std::set<std::string> known{"README.md"};
     RuleBookCache cache;
     std::optional<std::vector<std::string>> names;
     for (const int year : RuleBook::supportedYears) {
-        const Year files(year);
+        for (const char* kind :
+             {paramsFile, federalFile, tariffFile, municipalitiesFile, liechtensteinFile}) {
+            known.insert(fileName(kind, year));
+        }
+        checkContent<DeductionParams, CantonExtraParams>(folder, paramsFile, year, complaints);
+        checkContent<DeductionParams, FederalRules>(folder, federalFile, year, complaints);
+        checkContent<SGTariffTable>(folder, tariffFile, year, complaints);
+        checkContent<MunicipalityList>(folder, municipalitiesFile, year, complaints,
+                                       {"vorlaeufig"});
+        checkContent<>(folder, liechtensteinFile, year, complaints);
         const auto book = RuleBook::load(year, "SG", cache, RuleFiles(folder));
         if (!book) {
             complaints.push_back(book.error().fileName + ": " + book.error().description());
+            continue;
         }
-        checkYear(folder, files, book ? book->get() : nullptr, complaints);
-        if (book) {
-            const std::vector<std::string> own = namesOf((*book)->municipalities);
-            Report(files.municipalities, complaints)
-                .require(own == names.value_or(own), "municipalities", "not those of other years");
-            names = own;
-        }
+        checkBook(**book, complaints);
+        const std::vector<std::string> own = namesOf((*book)->municipalities);
+        Report(fileName(municipalitiesFile, year), complaints)
+            .require(own == names.value_or(own), "municipalities", "not those of other years");
+        names = own;
+    }
+    for (const auto& entry : fs::directory_iterator(folder)) {
+        const std::string name = entry.path().filename();
+        Report(name, complaints).require(known.contains(name), "the file", "of no supported year");
     }
     return complaints;
 }
@@ -538,8 +512,7 @@ void RuleCopy::write(const std::string& file, std::string_view text) const {
 
 void RuleCopy::remove(const std::string& file) const { fs::remove(folder_ / file); }
 
-void RuleCopy::replace(const std::string& file, std::string_view find,
-                       std::string_view put) const {
+void RuleCopy::replace(const std::string& file, std::string_view find, std::string_view put) const {
     std::string content = text(file);
     const auto at = content.find(find);
     if (at == std::string::npos) {

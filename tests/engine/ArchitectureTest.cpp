@@ -1,0 +1,96 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <regex>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path sources = FISCAREL_SOURCE_DIR;
+
+/// The folders of the engine, each with those it may include besides itself.
+const std::map<std::string, std::set<std::string>>& layers() {
+    static const std::map<std::string, std::set<std::string>> allowed{
+        {"base", {}},
+        {"model", {"base"}},
+        {"rulebook", {"base", "model"}},
+        {"result", {"base", "model", "rulebook"}},
+        {"stgallen", {"base", "model", "rulebook", "result"}},
+        {"demo", {"base", "model", "rulebook", "result", "stgallen"}},
+    };
+    return allowed;
+}
+
+std::vector<fs::path> codeBelow(const fs::path& folder) {
+    std::vector<fs::path> files;
+    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+        if (entry.path().extension() == ".h" || entry.path().extension() == ".cpp") {
+            files.push_back(entry.path());
+        }
+    }
+    return files;
+}
+
+std::vector<std::string> includesOf(const fs::path& file) {
+    static const std::regex include(R"(^\s*#\s*include\s*[<"]([^>"]+)[>"])");
+    std::vector<std::string> names;
+    std::ifstream in(file);
+    for (std::string line; std::getline(in, line);) {
+        if (std::smatch match; std::regex_search(line, match, include)) {
+            names.push_back(match[1]);
+        }
+    }
+    return names;
+}
+
+TEST(Architecture, theEngineIncludesOnlyDownwardsAndNoWindowLibrary) {
+    const auto files = codeBelow(sources / "TaxCore");
+    ASSERT_GT(files.size(), 30U);
+    for (const fs::path& file : files) {
+        const std::string layer =
+            fs::relative(file, sources / "TaxCore").begin()->string();
+        ASSERT_TRUE(layers().contains(layer)) << file << ": which layer is this?";
+        for (const std::string& name : includesOf(file)) {
+            EXPECT_FALSE(std::regex_match(name, std::regex("Q[A-Z].*|Qt.*"))) << file << " " << name;
+            EXPECT_FALSE(name.starts_with("cli/")) << file << " " << name;
+            if (name.starts_with("TaxCore/")) {
+                const std::string other = name.substr(8, name.find('/', 8) - 8);
+                EXPECT_TRUE(other == layer || layers().at(layer).contains(other))
+                    << file << " includes upwards: " << name;
+            }
+        }
+    }
+}
+
+TEST(Architecture, theEngineKnowsNoBinaryFloatingPoint) {
+    const std::regex floating(R"(\b(double|float)\b)");
+    for (const fs::path& file : codeBelow(sources / "TaxCore")) {
+        std::ifstream in(file);
+        for (std::string line; std::getline(in, line);) {
+            const std::string code = line.substr(0, line.find("//"));
+            EXPECT_FALSE(std::regex_search(code, floating)) << file << ": " << line;
+        }
+    }
+}
+
+TEST(Architecture, everyHeaderIsIncludedOnce) {
+    for (const char* folder : {"TaxCore", "cli"}) {
+        for (const fs::path& file : codeBelow(sources / folder)) {
+            if (file.extension() == ".h") {
+                std::ifstream in(file);
+                std::string first;
+                std::getline(in, first);
+                EXPECT_EQ(first, "#pragma once") << file;
+            }
+        }
+    }
+}
+
+} // namespace
