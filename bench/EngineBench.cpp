@@ -5,7 +5,6 @@
 #include "cli/Batch.h"
 
 #include <benchmark/benchmark.h>
-
 #include <malloc.h>
 
 #include <atomic>
@@ -117,9 +116,8 @@ void explainedHousehold(benchmark::State& state) {
 BENCHMARK(explainedHousehold);
 
 void readHousehold(benchmark::State& state) {
-    const std::string text = toJson(DemoData::family(year), state.range(0) == 0
-                                                                ? JsonStyle::pretty
-                                                                : JsonStyle::compact);
+    const std::string text = toJson(DemoData::family(year),
+                                    state.range(0) == 0 ? JsonStyle::pretty : JsonStyle::compact);
     const HeapUse heap(state);
     for (auto _ : state) {
         benchmark::DoNotOptimize(fromJson<TaxCase>(text));
@@ -155,8 +153,12 @@ void batchOfCases(benchmark::State& state) {
     }
     state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(batchSize));
 }
-BENCHMARK(batchOfCases)->ArgName("threads")->Arg(1)->Arg(2)->UseRealTime()->Unit(
-    benchmark::kMillisecond);
+BENCHMARK(batchOfCases)
+    ->ArgName("threads")
+    ->Arg(1)
+    ->Arg(2)
+    ->UseRealTime()
+    ->Unit(benchmark::kMillisecond);
 
 /// The command `stapel`: lines of JSON in, lines of JSON out.
 void batchOfLines(benchmark::State& state) {
@@ -174,8 +176,12 @@ void batchOfLines(benchmark::State& state) {
     }
     state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(lines));
 }
-BENCHMARK(batchOfLines)->ArgName("threads")->Arg(1)->Arg(2)->UseRealTime()->Unit(
-    benchmark::kMillisecond);
+BENCHMARK(batchOfLines)
+    ->ArgName("threads")
+    ->Arg(1)
+    ->Arg(2)
+    ->UseRealTime()
+    ->Unit(benchmark::kMillisecond);
 
 /// The tax over 200 incomes with its increase from one to the next.
 void marginalCurve(benchmark::State& state) {

@@ -22,9 +22,8 @@ int fail(const std::string& sentence) {
 
 int print(const std::string& text) {
     const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
-    return written && std::fflush(stdout) == 0
-               ? 0
-               : fail("Die Ausgabe lässt sich nicht schreiben.");
+    return written && std::fflush(stdout) == 0 ? 0
+                                               : fail("Die Ausgabe lässt sich nicht schreiben.");
 }
 
 /// Faults of a file are told with its name.
@@ -66,7 +65,8 @@ int compute(const ComputeOptions& options) {
     if (!options.why.empty()) {
         const auto derivation = calculator->explain(*taxCase, options.why);
         if (!derivation) {
-            return fail("Eine Zeile «" + options.why + "» gibt es in dieser Steuererklärung nicht.");
+            return fail("Eine Zeile «" + options.why
+                        + "» gibt es in dieser Steuererklärung nicht.");
         }
         return print(options.json ? toJson(*derivation) : derivationText(*derivation));
     }

@@ -47,19 +47,21 @@ std::string labelled(const std::string& ziffer, const std::string& label,
     lines.pop_back();
     const std::size_t last = lines.rfind('\n') + 1;
     return lines.substr(0, last)
-           + withoutTrailingBlanks(
-               padRight(lines.substr(last), 2 + zifferWidth + labelWidth) + amounts);
+           + withoutTrailingBlanks(padRight(lines.substr(last), 2 + zifferWidth + labelWidth)
+                                   + amounts);
 }
 
 std::string sectionText(const TaxSection& section) {
     const bool twoColumns = std::ranges::any_of(section.lines, &TaxLine::differsFederally);
-    std::string text = withoutTrailingBlanks(
-        padRight(section.title, 2 + zifferWidth + labelWidth)
-        + (twoColumns ? cell("Kanton") + cell("Bund") : cell("CHF")));
+    std::string text =
+        withoutTrailingBlanks(padRight(section.title, 2 + zifferWidth + labelWidth)
+                              + (twoColumns ? cell("Kanton") + cell("Bund") : cell("CHF")));
     for (const TaxLine& line : section.lines) {
         const bool sum = line.kind == TaxLine::Kind::subtotal || line.kind == TaxLine::Kind::total;
         const bool minus = line.kind == TaxLine::Kind::deduction;
-        const auto shown = [&](const Decimal& value) { return cell(amount(minus ? -value : value)); };
+        const auto shown = [&](const Decimal& value) {
+            return cell(amount(minus ? -value : value));
+        };
         if (sum) {
             const std::size_t rule = amountWidth * (twoColumns ? 2 : 1);
             text += std::string(2 + zifferWidth + labelWidth, ' ') + std::string(rule, '-') + "\n";
@@ -182,8 +184,8 @@ std::string derivationText(const Derivation& derivation) {
         }
     }
     text += std::string(width, ' ') + std::string(2 * amountWidth, '-') + "\n";
-    return text + padRight("  Ergebnis", width)
-           + amounts(derivation.canton, derivation.federal) + "\n";
+    return text + padRight("  Ergebnis", width) + amounts(derivation.canton, derivation.federal)
+           + "\n";
 }
 
 } // namespace fiscarel::cli

@@ -107,7 +107,8 @@ int main(int argc, char** argv) {
         addCommand(app, "stapel", "Berechnet einen Fall pro Zeile auf allen Kernen");
     addFile(*batchCommand, batching.file);
     batchCommand->add_option("--kerne", batching.threads, "Anzahl Kerne (0: alle)")
-        ->check(CLI::Range(0, 256));
+        ->check(CLI::Range(0, 256).description(""))
+        ->type_name("ZAHL");
     batchCommand->callback([&] { action = [&] { return batch(batching); }; });
 
     DemoOptions showing{.year = demoYear};

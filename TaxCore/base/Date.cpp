@@ -141,7 +141,8 @@ std::pair<sys_seconds, sys_seconds> summerTime(year y) noexcept {
         return {sys_seconds{}, sys_seconds{}};
     }
     const month end = y < year{1996} ? September : October;
-    return {sys_days{y / March / Sunday[last]} + hours{1}, sys_days{y / end / Sunday[last]} + hours{1}};
+    return {sys_days{y / March / Sunday[last]} + hours{1},
+            sys_days{y / end / Sunday[last]} + hours{1}};
 }
 
 year_month_day calendarDay(int y, int m, int d) noexcept {

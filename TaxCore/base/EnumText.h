@@ -17,6 +17,9 @@ struct EnumRow {
     std::string_view label;
 };
 
+template <class E>
+EnumRow(E, std::string_view, std::string_view) -> EnumRow<E>;
+
 /// The one description of an enumeration. Specialise it with a `static constexpr std::array rows`
 /// of `EnumRow<E>`, in the order of the enumerators (which count from 0 without gaps); raw texts,
 /// labels, JSON and pickers all come from it. `TAXCORE_ENUM_TABLE_CHECK` proves it complete.
@@ -24,7 +27,9 @@ template <class E>
 struct EnumTable;
 
 template <class E>
-concept TabledEnum = std::is_enum_v<E> && requires { EnumTable<E>::rows.size(); };
+concept TabledEnum = std::is_enum_v<E> && requires {
+    EnumTable<E>::rows.size();
+};
 
 namespace detail {
 

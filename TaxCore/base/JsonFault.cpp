@@ -31,9 +31,7 @@ std::string quoted(std::string_view path) {
 /// Length of the well-formed UTF-8 sequence at the start of `text`; 0 when there is none.
 std::size_t utf8Length(std::string_view text) noexcept {
     const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    const auto tail = [&](std::size_t i) {
-        return i < text.size() && (byte(i) & 0xC0U) == 0x80U;
-    };
+    const auto tail = [&](std::size_t i) { return i < text.size() && (byte(i) & 0xC0U) == 0x80U; };
     const unsigned char lead = byte(0);
     if (lead < 0x80) {
         return 1;
@@ -186,7 +184,8 @@ class FaultScanner {
 
     Fault scanScalar() {
         const std::size_t begin = at_;
-        while (!atEnd() && std::string_view(",]}: \t\r\n\"[{").find(peek()) == std::string_view::npos) {
+        while (!atEnd()
+               && std::string_view(",]}: \t\r\n\"[{").find(peek()) == std::string_view::npos) {
             const std::size_t length = utf8Length(text_.substr(at_));
             if (length == 0) {
                 return JsonError::Kind::encoding;
@@ -225,13 +224,15 @@ class FaultScanner {
             line += c == '\n' ? 1U : 0U;
         }
         const std::string where = path();
-        const std::string place = (where.empty() ? "auf der obersten Ebene" : "bei " + quoted(where))
-                                  + " (Zeile " + std::to_string(line) + ")";
+        const std::string place =
+            (where.empty() ? "auf der obersten Ebene" : "bei " + quoted(where)) + " (Zeile "
+            + std::to_string(line) + ")";
         switch (fault) {
         case JsonError::Kind::truncated:
             return "Die Daten brechen " + place + " ab.";
         case JsonError::Kind::encoding:
-            return "Die Daten enthalten " + place + " Zeichen, die nicht in UTF-8 geschrieben sind.";
+            return "Die Daten enthalten " + place
+                   + " Zeichen, die nicht in UTF-8 geschrieben sind.";
         case JsonError::Kind::tooDeep:
             return "Die Daten sind " + place + " zu tief verschachtelt.";
         default:

@@ -41,13 +41,15 @@ std::string JsonReader::path() const {
 std::string_view JsonReader::token(ondemand::value& json) noexcept {
     std::string_view text = json.raw_json_token();
     while (!text.empty()
-           && (text.back() == ' ' || text.back() == '\n' || text.back() == '\r' || text.back() == '\t')) {
+           && (text.back() == ' ' || text.back() == '\n' || text.back() == '\r'
+               || text.back() == '\t')) {
         text.remove_suffix(1);
     }
     return text;
 }
 
-bool JsonReader::readText(ondemand::value json, std::string_view expected, std::string_view& target) {
+bool JsonReader::readText(ondemand::value json, std::string_view expected,
+                          std::string_view& target) {
     if (const auto error = json.get_string().get(target)) {
         return error == simdjson::INCORRECT_TYPE ? fail(JsonError::Kind::wrongType, expected)
                                                  : malformed();
@@ -106,7 +108,8 @@ bool JsonReader::read(ondemand::value json, bool& target) {
         target = text == "true";
         return true;
     }
-    const bool otherType = text == "null" || text.empty() || (text.front() != 't' && text.front() != 'f');
+    const bool otherType =
+        text == "null" || text.empty() || (text.front() != 't' && text.front() != 'f');
     return otherType ? fail(JsonError::Kind::wrongType, "«true» oder «false»") : malformed();
 }
 

@@ -112,7 +112,8 @@ inline constexpr auto fieldsByName = [] {
         order[i] = i;
     }
     for (std::size_t i = 1; i < order.size(); ++i) {
-        for (std::size_t j = i; j > 0 && fieldNames<T>[order[j]] < fieldNames<T>[order[j - 1]]; --j) {
+        for (std::size_t j = i; j > 0 && fieldNames<T>[order[j]] < fieldNames<T>[order[j - 1]];
+             --j) {
             std::swap(order[j], order[j - 1]);
         }
     }
@@ -125,7 +126,8 @@ template <Record T>
 std::size_t findField(std::string_view key, std::size_t& expected) noexcept {
     constexpr std::size_t count = fieldCount<T>;
     for (std::size_t step = 0; step < count; ++step) {
-        const std::size_t position = expected + step < count ? expected + step : expected + step - count;
+        const std::size_t position =
+            expected + step < count ? expected + step : expected + step - count;
         const std::size_t field = fieldsByName<T>[position];
         if (fieldNames<T>[field] == key) {
             expected = position + 1 < count ? position + 1 : 0;
@@ -198,7 +200,8 @@ bool JsonReader::read(ondemand::value json, T& target) {
         }
         pop();
     }
-    return (gaps_ == JsonGaps::filled || toleratesMissingKeys<T> || seen.all()) || checkMissing<T>(seen);
+    return (gaps_ == JsonGaps::filled || toleratesMissingKeys<T> || seen.all())
+           || checkMissing<T>(seen);
 }
 
 template <Record T>

@@ -119,7 +119,8 @@ void JsonWriter::write(const T& record) {
     open('{');
     [&]<std::size_t... I>(std::index_sequence<I...>) {
         (writeEntry<T, detail::entriesByName<T>[I]>(record), ...);
-    }(std::make_index_sequence<detail::entriesByName<T>.size()>{});
+    }
+    (std::make_index_sequence<detail::entriesByName<T>.size()>{});
     close('}');
 }
 

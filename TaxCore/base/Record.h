@@ -41,11 +41,12 @@ using Field = boost::mp11::mp_at_c<Fields<T>, I>;
 template <Record T>
 inline constexpr auto fieldNames = []<std::size_t... I>(std::index_sequence<I...>) {
     return std::array<std::string_view, sizeof...(I)>{std::string_view(Field<T, I>::name)...};
-}(std::make_index_sequence<fieldCount<T>>{});
+}
+(std::make_index_sequence<fieldCount<T>>{});
 
 /// Calls `visit(name, field)` for every field in declaration order.
 template <class T, class Visit>
-    requires Record<std::remove_const_t<T>>
+requires Record<std::remove_const_t<T>>
 constexpr void forEachField(T& record, Visit&& visit) {
     boost::mp11::mp_for_each<Fields<std::remove_const_t<T>>>(
         [&](auto field) { visit(std::string_view(field.name), record.*field.pointer); });
@@ -98,7 +99,9 @@ inline constexpr bool isList<std::vector<T>> = true;
 
 /// A record of a list that carries its own identity.
 template <class T>
-concept Identified = Record<T> && requires(const T& item) { item.id == item.id; };
+concept Identified = Record<T> && requires(const T& item) {
+    item.id == item.id;
+};
 
 constexpr std::size_t combineHash(std::size_t seed, std::size_t value) noexcept {
     return seed ^ (value + 0x9e3779b97f4a7c15ULL + (seed << 6U) + (seed >> 2U));

@@ -57,7 +57,8 @@ void diffValue(const std::string& path, const T& before, const T& after, const E
     }
     if constexpr (Record<T>) {
         boost::mp11::mp_for_each<Fields<T>>([&](auto field) {
-            diffValue(joinPath(path, field.name), before.*field.pointer, after.*field.pointer, emit);
+            diffValue(joinPath(path, field.name), before.*field.pointer, after.*field.pointer,
+                      emit);
         });
     } else if constexpr (isOptional<T>) {
         if (before && after) {

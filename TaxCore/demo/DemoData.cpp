@@ -155,8 +155,8 @@ void addWealth(TaxCase& household) {
         .incomeWithoutWithholding = 22.80_dec;
     entry(42, AssetKind::konto, "Talbank Werdenberg", "Sparkonto", 64'120.90_dec)
         .incomeWithWithholding = 480.90_dec;
-    SecurityEntry& fund =
-        entry(43, AssetKind::wertschrift, "Talbank Werdenberg", "Indexfonds Aktien Schweiz", 38'450);
+    SecurityEntry& fund = entry(43, AssetKind::wertschrift, "Talbank Werdenberg",
+                                "Indexfonds Aktien Schweiz", 38'450);
     fund.quantity = 310;
     fund.incomeWithWithholding = 918.60_dec;
     fund.managedByThirdParty = true;

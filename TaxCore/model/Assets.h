@@ -30,8 +30,15 @@ struct EnumTable<AssetKind> {
 TAXCORE_ENUM_TABLE_CHECK(AssetKind);
 
 /// Register code of a line; the raw value is the code printed in the register.
-enum class AssetCode { none, business, usufruct, inheritance, gift, privateParticipation,
-                       businessParticipation };
+enum class AssetCode {
+    none,
+    business,
+    usufruct,
+    inheritance,
+    gift,
+    privateParticipation,
+    businessParticipation
+};
 
 template <>
 struct EnumTable<AssetCode> {
@@ -67,9 +74,9 @@ struct SecurityEntry {
 
     bool operator==(const SecurityEntry&) const = default;
 };
-TAXCORE_RECORD(SecurityEntry, id, kind, code, institution, description, ibanOrValor, quantity, owner,
-               taxValue, incomeWithWithholding, incomeWithoutWithholding, managedByThirdParty,
-               isSavingsAccount, documentID);
+TAXCORE_RECORD(SecurityEntry, id, kind, code, institution, description, ibanOrValor, quantity,
+               owner, taxValue, incomeWithWithholding, incomeWithoutWithholding,
+               managedByThirdParty, isSavingsAccount, documentID);
 
 /// A life insurance that can be surrendered; francs.
 struct InsurancePolicy {

@@ -20,7 +20,8 @@ struct EnumTable<CivilStatus> {
     static constexpr std::array rows{
         EnumRow{ledig, "ledig", "ledig"},
         EnumRow{verheiratet, "verheiratet", "verheiratet"},
-        EnumRow{eingetragenePartnerschaft, "eingetragenePartnerschaft", "eingetragene Partnerschaft"},
+        EnumRow{eingetragenePartnerschaft, "eingetragenePartnerschaft",
+                "eingetragene Partnerschaft"},
         EnumRow{getrennt, "getrennt", "getrennt"},
         EnumRow{geschieden, "geschieden", "geschieden"},
         EnumRow{verwitwet, "verwitwet", "verwitwet"},
@@ -35,7 +36,13 @@ constexpr bool isJoint(CivilStatus status) noexcept {
 }
 
 /// Denomination; it decides the church tax.
-enum class Confession { keine, roemischKatholisch, evangelischReformiert, christkatholisch, andere };
+enum class Confession {
+    keine,
+    roemischKatholisch,
+    evangelischReformiert,
+    christkatholisch,
+    andere
+};
 
 template <>
 struct EnumTable<Confession> {

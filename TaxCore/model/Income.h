@@ -84,8 +84,8 @@ struct HouseholdIncome {
 
     bool operator==(const HouseholdIncome&) const = default;
 };
-TAXCORE_RECORD(HouseholdIncome, familyAllowancesDirect, alimonyReceivedSelf, alimonyReceivedChildren,
-               undividedEstates, otherIncome, otherIncomeDescription, qualifiedParticipationIncome,
-               simplifiedSettlementIncome);
+TAXCORE_RECORD(HouseholdIncome, familyAllowancesDirect, alimonyReceivedSelf,
+               alimonyReceivedChildren, undividedEstates, otherIncome, otherIncomeDescription,
+               qualifiedParticipationIncome, simplifiedSettlementIncome);
 
 } // namespace taxcore

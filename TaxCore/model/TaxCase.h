@@ -19,9 +19,9 @@ namespace taxcore {
 /// change it; it never holds a result. `TaxCase{.year = 2025}` is a new case with its initial
 /// values.
 struct TaxCase {
-    int year = 0;                          ///< the year whose income is declared
-    std::string municipality = "Sevelen";  ///< of residence on 31 December
-    std::optional<std::string> parish;     ///< absent: none chosen
+    int year = 0;                         ///< the year whose income is declared
+    std::string municipality = "Sevelen"; ///< of residence on 31 December
+    std::optional<std::string> parish;    ///< absent: none chosen
     std::string registerNumber;
     CivilStatus civilStatus = CivilStatus::verheiratet; ///< on 31 December
     Person person1;
@@ -44,7 +44,7 @@ struct TaxCase {
     Decimal businessAssets; ///< of the self-employed, francs
     std::vector<Debt> debts;
     std::vector<CapitalPayment> capitalPayments;
-    std::string iban; ///< account for refunds
+    std::string iban;                ///< account for refunds
     std::optional<TaxRegion> region; ///< absent: St.Gallen
     std::optional<LIExtras> li;      ///< absent: defaults
 

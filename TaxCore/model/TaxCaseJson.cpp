@@ -12,11 +12,11 @@ template tl::expected<CasesByYear, JsonError> fromJson<CasesByYear>(std::string_
 
 std::vector<FieldChange> diff(const TaxCase& before, const TaxCase& after) {
     std::vector<FieldChange> changes;
-    detail::diffValue({}, before, after,
-                      [&](std::string path, std::optional<std::string> from,
-                          std::optional<std::string> to) {
-                          changes.push_back({std::move(path), std::move(from), std::move(to)});
-                      });
+    detail::diffValue(
+        {}, before, after,
+        [&](std::string path, std::optional<std::string> from, std::optional<std::string> to) {
+            changes.push_back({std::move(path), std::move(from), std::move(to)});
+        });
     return changes;
 }
 

@@ -50,7 +50,7 @@ struct DerivationStep {
     std::optional<std::string> ruleKey; ///< "saeule3a.mitPensionskasse"
     std::optional<std::string> lawCanton;
     std::optional<std::string> lawFederal;
-    std::optional<Decimal> canton; ///< absent for facts
+    std::optional<Decimal> canton;  ///< absent for facts
     std::optional<Decimal> federal; ///< absent: the same amount as `canton`
 
     bool operator==(const DerivationStep&) const = default;
@@ -62,18 +62,18 @@ template <>
 struct EnumTable<DerivationStep::Kind> {
     using enum DerivationStep::Kind;
     static constexpr std::array rows{
-        EnumRow{input, "input", "Eingabe"},         EnumRow{line, "line", "Zeile"},
-        EnumRow{rule, "rule", "Regel"},             EnumRow{step, "step", "Zwischenergebnis"},
-        EnumRow{cap, "cap", "Höchstbetrag"},        EnumRow{threshold, "threshold", "Schwelle"},
-        EnumRow{rounding, "rounding", "Rundung"},   EnumRow{fact, "fact", "Feststellung"},
+        EnumRow{input, "input", "Eingabe"},       EnumRow{line, "line", "Zeile"},
+        EnumRow{rule, "rule", "Regel"},           EnumRow{step, "step", "Zwischenergebnis"},
+        EnumRow{cap, "cap", "Höchstbetrag"},      EnumRow{threshold, "threshold", "Schwelle"},
+        EnumRow{rounding, "rounding", "Rundung"}, EnumRow{fact, "fact", "Feststellung"},
     };
 };
 TAXCORE_ENUM_TABLE_CHECK(DerivationStep::Kind);
 
 /// How one line of the return or one figure of the bill came about.
 struct Derivation {
-    std::string code;  ///< of the line; for the bill the name of its field
-    std::string label; ///< German
+    std::string code;                  ///< of the line; for the bill the name of its field
+    std::string label;                 ///< German
     std::vector<DerivationStep> steps; ///< in the order of the computation
     Decimal canton;
     std::optional<Decimal> federal; ///< absent: the same amount as `canton`

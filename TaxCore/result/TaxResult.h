@@ -37,9 +37,9 @@ struct TaxLine {
         info,      ///< for information, part of no sum
     };
 
-    std::string code;    ///< machine key; may be empty for explanatory rows
-    std::string ziffer;  ///< number on the official form; may be empty
-    std::string label;   ///< German
+    std::string code;   ///< machine key; may be empty for explanatory rows
+    std::string ziffer; ///< number on the official form; may be empty
+    std::string label;  ///< German
     Decimal canton;
     std::optional<Decimal> federal; ///< absent: the same amount as `canton`
     Kind kind = Kind::income;
@@ -60,7 +60,7 @@ template <>
 struct EnumTable<TaxLine::Kind> {
     using enum TaxLine::Kind;
     static constexpr std::array rows{
-        EnumRow{income, "income", "Einkünfte"},    EnumRow{deduction, "deduction", "Abzug"},
+        EnumRow{income, "income", "Einkünfte"},         EnumRow{deduction, "deduction", "Abzug"},
         EnumRow{subtotal, "subtotal", "Zwischentotal"}, EnumRow{total, "total", "Total"},
         EnumRow{info, "info", "Information"},
     };
@@ -70,7 +70,7 @@ TAXCORE_ENUM_TABLE_CHECK(TaxLine::Kind);
 /// A section of the return. `title` identifies it within a result.
 struct TaxSection {
     std::string title;
-    int page = 0; ///< page of the official return
+    int page = 0;               ///< page of the official return
     std::vector<TaxLine> lines; ///< in display order
 
     const std::string& id() const noexcept { return title; }
@@ -122,8 +122,8 @@ TAXCORE_RECORD(TaxBill, kind, taxableIncomeCanton, taxableIncomeFederal, taxable
 
 /// The separate tax on the year's lump-sum pension payments; francs.
 struct CapitalPaymentTax {
-    Decimal amount;  ///< total of the payments
-    Decimal canton;  ///< canton, municipality and church
+    Decimal amount; ///< total of the payments
+    Decimal canton; ///< canton, municipality and church
     Decimal federal;
 
     bool operator==(const CapitalPaymentTax&) const = default;
@@ -165,7 +165,7 @@ struct Notice {
     Level level = Level::info;
     std::string title;
     std::string message;
-    std::optional<Decimal> saving; ///< francs of tax; tips only
+    std::optional<Decimal> saving;   ///< francs of tax; tips only
     std::optional<std::string> area; ///< page it leads to; absent for general notices
 
     bool operator==(const Notice&) const = default;

@@ -17,8 +17,8 @@ namespace taxcore {
 struct BerufskostenParams {
     Decimal fahrkostenMax;
     Decimal veloMax;
-    Decimal autoProKm;     ///< francs a kilometre
-    Decimal motorradProKm; ///< francs a kilometre
+    Decimal autoProKm;      ///< francs a kilometre
+    Decimal motorradProKm;  ///< francs a kilometre
     int arbeitstageMax = 0; ///< days a year
     Decimal verpflegungProTag;
     Decimal verpflegungMax;
@@ -113,7 +113,7 @@ struct DeductionParams {
     VersicherungParams versicherungen;
     Decimal verwaltungskostenPromille; ///< per mille of the securities managed by third parties
     Decimal verwaltungskostenMax;
-    Decimal kinderbetreuungMax; ///< per child
+    Decimal kinderbetreuungMax;          ///< per child
     int kinderbetreuungAltersgrenze = 0; ///< years
     Decimal kinderbetreuungVerpflegungKuerzungProTag;
     Decimal parteispendenAlleinstehend;
@@ -129,7 +129,7 @@ struct DeductionParams {
     Decimal kinderabzugVorschule;
     Decimal kinderabzugAusbildung;
     Decimal kinderabzugEinheitlich; ///< above 0: one amount for every child
-    Decimal ausbildungskostenMax; ///< per child
+    Decimal ausbildungskostenMax;   ///< per child
     Decimal ausbildungskostenSelbstbehalt;
     Decimal unterstuetzungsabzug;
     Decimal verheiratetenabzug;

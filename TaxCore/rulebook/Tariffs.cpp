@@ -3,7 +3,6 @@
 #include "TaxCore/base/Rounding.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace taxcore::Tariffs {
 
@@ -51,13 +50,12 @@ Decimal federalIncomeTax(const Decimal& taxable, TariffKind kind, const FederalT
     if (income >= (joint ? tariff.verheiratetFlatAb : tariff.alleinstehendFlatAb)) {
         return cutToFiveRappen(income * tariff.flatSatz);
     }
-    for (const FederalBracket& bracket : brackets | std::views::reverse) {
-        if (bracket.ab <= income) {
-            return cutToFiveRappen(bracket.steuer
-                                   + (income - bracket.ab) * bracket.proHundert / 100);
-        }
+    const auto bracket = std::find_if(brackets.rbegin(), brackets.rend(),
+                                      [&](const FederalBracket& b) { return b.ab <= income; });
+    if (bracket == brackets.rend()) {
+        return 0;
     }
-    return 0;
+    return cutToFiveRappen(bracket->steuer + (income - bracket->ab) * bracket->proHundert / 100);
 }
 
 Decimal federalIncomeTaxNet(const Decimal& taxable, TariffKind kind, int children,

@@ -13,10 +13,10 @@ namespace taxcore {
 struct SGTariffTable {
     int year = 0;
     std::string source;
-    int step = 0; ///< width of a row in francs
-    int from = 0; ///< income of the first row, francs
-    int to = 0;   ///< income at which the table ends, francs (informative)
-    Decimal flatRateAbove; ///< fraction of the whole income above the table
+    int step = 0;           ///< width of a row in francs
+    int from = 0;           ///< income of the first row, francs
+    int to = 0;             ///< income at which the table ends, francs (informative)
+    Decimal flatRateAbove;  ///< fraction of the whole income above the table
     int singleFlatFrom = 0; ///< income above which the flat rate applies, francs
     int jointFlatFrom = 0;
     std::vector<Decimal> single; ///< simple tax in francs; row i stands for `from + i × step`
@@ -69,7 +69,8 @@ namespace Tariffs {
 /// income (rounded plain to 2 decimals). StG SG Art. 50
 Decimal sgSimpleIncomeTax(const Decimal& taxable, TariffKind kind, const SGTariffTable& table);
 
-/// Simple income tax divided by the income cut to the step: an unrounded fraction, 0 without income.
+/// Simple income tax divided by the income cut to the step: an unrounded fraction, 0 without
+/// income.
 Decimal sgSimpleIncomeRate(const Decimal& taxable, TariffKind kind, const SGTariffTable& table);
 
 /// Simple wealth tax at a rate per mille, rounded plain to 2 decimals. StG SG Art. 65

@@ -65,17 +65,17 @@ Decimal share(Recorder& recorder, std::string_view code, std::string_view label,
 
 template <class Recorder>
 void addSimpleTaxes(TaxBill& bill, const RuleBook& rules, Recorder& recorder) {
-    bill.simpleIncomeTax = figure(
-        recorder, "simpleIncomeTax", "Einfache Steuer vom Einkommen",
-        Tariffs::sgSimpleIncomeTax(bill.taxableIncomeCanton, bill.kind, rules.sgTariff),
-        [&](auto& why) {
-            why.line("steuerbaresEinkommen", 0, "Steuerbares Einkommen",
-                     both(bill.taxableIncomeCanton));
-            why.law(law::incomeTariff, bill.kind == TariffKind::joint
-                                           ? "Tarif für Verheiratete und Alleinerziehende"
-                                           : "Tarif für Alleinstehende");
-            why.rounding("Einkommen auf ganze 100 Franken abgerundet");
-        });
+    bill.simpleIncomeTax =
+        figure(recorder, "simpleIncomeTax", "Einfache Steuer vom Einkommen",
+               Tariffs::sgSimpleIncomeTax(bill.taxableIncomeCanton, bill.kind, rules.sgTariff),
+               [&](auto& why) {
+                   why.line("steuerbaresEinkommen", 0, "Steuerbares Einkommen",
+                            both(bill.taxableIncomeCanton));
+                   why.law(law::incomeTariff, bill.kind == TariffKind::joint
+                                                  ? "Tarif für Verheiratete und Alleinerziehende"
+                                                  : "Tarif für Alleinstehende");
+                   why.rounding("Einkommen auf ganze 100 Franken abgerundet");
+               });
     bill.simpleIncomeRatePercent = figure(
         recorder, "simpleIncomeRatePercent", "Einfache Steuer in Prozent des Einkommens",
         Tariffs::sgSimpleIncomeRate(bill.taxableIncomeCanton, bill.kind, rules.sgTariff) * 100,
@@ -85,15 +85,14 @@ void addSimpleTaxes(TaxBill& bill, const RuleBook& rules, Recorder& recorder) {
             why.fact("Geteilt durch das auf ganze 100 Franken abgerundete Einkommen.");
         });
     const Decimal& promille = rules.municipalities.vermoegenEinfacheSteuerPromille;
-    bill.simpleWealthTax =
-        figure(recorder, "simpleWealthTax", "Einfache Steuer vom Vermögen",
-               Tariffs::sgSimpleWealthTax(bill.taxableWealth, promille), [&](auto& why) {
-                   why.line("steuerbaresVermoegen", 0, "Steuerbares Vermögen",
-                            both(bill.taxableWealth));
-                   why.rule(law::wealthTax, "Satz in Promille", "vermoegenEinfacheSteuerPromille",
-                            both(promille));
-                   why.rounding("auf ganze Rappen");
-               });
+    bill.simpleWealthTax = figure(
+        recorder, "simpleWealthTax", "Einfache Steuer vom Vermögen",
+        Tariffs::sgSimpleWealthTax(bill.taxableWealth, promille), [&](auto& why) {
+            why.line("steuerbaresVermoegen", 0, "Steuerbares Vermögen", both(bill.taxableWealth));
+            why.rule(law::wealthTax, "Satz in Promille", "vermoegenEinfacheSteuerPromille",
+                     both(promille));
+            why.rounding("auf ganze Rappen");
+        });
 }
 
 template <class Recorder>
@@ -101,8 +100,8 @@ void addMultipliers(TaxBill& bill, const RuleBook& rules, const BillBasis& basis
                     Recorder& recorder) {
     const MunicipalityList& list = rules.municipalities;
     const TaxCase& taxCase = basis.taxCase;
-    bill.cantonRate = figure(
-        recorder, "cantonRate", "Steuerfuss Kanton", list.kantonSteuerfuss, [&](auto& why) {
+    bill.cantonRate =
+        figure(recorder, "cantonRate", "Steuerfuss Kanton", list.kantonSteuerfuss, [&](auto& why) {
             why.rule(law::cantonMultiplier, "Steuerfuss des Kantons in Prozent", "kantonSteuerfuss",
                      both(list.kantonSteuerfuss));
         });
@@ -159,17 +158,16 @@ void addCantonalTaxes(TaxBill& bill, Recorder& recorder) {
 template <class Recorder>
 void addFederalTax(TaxBill& bill, const RuleBook& rules, int children, Recorder& recorder) {
     const FederalTariff& tariff = rules.federalRules.tarif;
-    bill.federalBeforeChildReduction =
-        figure(recorder, "federalBeforeChildReduction", "Direkte Bundessteuer nach Tarif",
-               Tariffs::federalIncomeTax(bill.taxableIncomeFederal, bill.kind, tariff),
-               [&](auto& why) {
-                   why.line("steuerbaresEinkommen", 0, "Steuerbares Einkommen Bund",
-                            both(bill.taxableIncomeFederal));
-                   why.law(law::incomeTariff, bill.kind == TariffKind::joint
-                                                  ? "Tarif für Verheiratete und Alleinerziehende"
-                                                  : "Tarif für Alleinstehende");
-                   why.rounding("Einkommen auf ganze 100 Franken, Steuer auf 5 Rappen abgerundet");
-               });
+    bill.federalBeforeChildReduction = figure(
+        recorder, "federalBeforeChildReduction", "Direkte Bundessteuer nach Tarif",
+        Tariffs::federalIncomeTax(bill.taxableIncomeFederal, bill.kind, tariff), [&](auto& why) {
+            why.line("steuerbaresEinkommen", 0, "Steuerbares Einkommen Bund",
+                     both(bill.taxableIncomeFederal));
+            why.law(law::incomeTariff, bill.kind == TariffKind::joint
+                                           ? "Tarif für Verheiratete und Alleinerziehende"
+                                           : "Tarif für Alleinstehende");
+            why.rounding("Einkommen auf ganze 100 Franken, Steuer auf 5 Rappen abgerundet");
+        });
     bill.federalChildReduction =
         figure(recorder, "federalChildReduction", "Abzug vom Steuerbetrag pro Kind",
                tariff.abzugProKind * children, [&](auto& why) {
@@ -177,17 +175,17 @@ void addFederalTax(TaxBill& bill, const RuleBook& rules, int children, Recorder&
                             both(tariff.abzugProKind));
                    why.step("Kinder mit Abzug", both(Decimal(children)));
                });
-    bill.federal = figure(
-        recorder, "federal", "Direkte Bundessteuer",
-        Tariffs::federalIncomeTaxNet(bill.taxableIncomeFederal, bill.kind, children, tariff),
-        [&](auto& why) {
-            why.line("federalBeforeChildReduction", 0, "Steuer nach Tarif",
-                     both(bill.federalBeforeChildReduction));
-            why.line("federalChildReduction", 0, "− Abzug für Kinder",
-                     both(bill.federalChildReduction));
-            why.rule(law::federalMinimum, "Wird nicht erhoben unter", "tarif.minimum",
-                     both(tariff.minimum));
-        });
+    bill.federal =
+        figure(recorder, "federal", "Direkte Bundessteuer",
+               Tariffs::federalIncomeTaxNet(bill.taxableIncomeFederal, bill.kind, children, tariff),
+               [&](auto& why) {
+                   why.line("federalBeforeChildReduction", 0, "Steuer nach Tarif",
+                            both(bill.federalBeforeChildReduction));
+                   why.line("federalChildReduction", 0, "− Abzug für Kinder",
+                            both(bill.federalChildReduction));
+                   why.rule(law::federalMinimum, "Wird nicht erhoben unter", "tarif.minimum",
+                            both(tariff.minimum));
+               });
 }
 
 /// The sums that head the bill.
@@ -277,19 +275,19 @@ std::optional<CapitalPaymentTax> taxCapitalPayments(const RuleBook& rules, const
                      both(bill.totalRate()));
             why.rounding("je Steuerfuss auf 5 Rappen");
         });
-    const Decimal federal = cutToFiveRappen(
-        Tariffs::federalIncomeTax(amount, bill.kind, federalRules.tarif)
-        * federalRules.kapitalleistungAnteil);
-    tax.federal = figure(
-        recorder, "capitalPaymentTax.federal", "Direkte Bundessteuer",
-        federal < federalRules.tarif.minimum ? Decimal(0) : federal, [&](auto& why) {
-            why.line("kapitalleistungen", 0, "Kapitalleistungen des Jahres", both(amount));
-            why.rule(law::capitalPayments, "Anteil am ordentlichen Tarif", "kapitalleistungAnteil",
-                     both(federalRules.kapitalleistungAnteil));
-            why.rounding("auf 5 Rappen abgerundet");
-            why.rule(law::federalMinimum, "Wird nicht erhoben unter", "tarif.minimum",
-                     both(federalRules.tarif.minimum));
-        });
+    const Decimal federal =
+        cutToFiveRappen(Tariffs::federalIncomeTax(amount, bill.kind, federalRules.tarif)
+                        * federalRules.kapitalleistungAnteil);
+    tax.federal =
+        figure(recorder, "capitalPaymentTax.federal", "Direkte Bundessteuer",
+               federal < federalRules.tarif.minimum ? Decimal(0) : federal, [&](auto& why) {
+                   why.line("kapitalleistungen", 0, "Kapitalleistungen des Jahres", both(amount));
+                   why.rule(law::capitalPayments, "Anteil am ordentlichen Tarif",
+                            "kapitalleistungAnteil", both(federalRules.kapitalleistungAnteil));
+                   why.rounding("auf 5 Rappen abgerundet");
+                   why.rule(law::federalMinimum, "Wird nicht erhoben unter", "tarif.minimum",
+                            both(federalRules.tarif.minimum));
+               });
     return tax;
 }
 

@@ -43,8 +43,8 @@ struct Adult {
 template <class Recorder>
 struct Calculation {
     Calculation(const RuleBook& book, const TaxCase& taxCase, TaxResult& target, Recorder& recorder)
-        : rules(book), input(taxCase), result(target), lines(target.sections, recorder),
-          params{&book.cantonal, &book.federal} {
+        : rules(book), input(taxCase), result(target),
+          lines(target.sections, recorder), params{&book.cantonal, &book.federal} {
         adults.reserve(2);
         adults.emplace_back(1, taxCase.person1, taxCase.income1, taxCase.deductions1);
         if (taxCase.isJoint()) {

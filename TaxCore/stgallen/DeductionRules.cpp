@@ -59,8 +59,8 @@ Decimal insuranceMax(const TaxCase& taxCase, const VersicherungParams& params) {
     const bool pays = paysIntoPension(taxCase.income1, taxCase.deductions1)
                       || (joint && paysIntoPension(taxCase.income2, taxCase.deductions2));
     if (!pays) {
-        maximum += joint ? params.zuschlagOhneVorsorgeGemeinsam
-                         : params.zuschlagOhneVorsorgeAlleinstehend;
+        maximum +=
+            joint ? params.zuschlagOhneVorsorgeGemeinsam : params.zuschlagOhneVorsorgeAlleinstehend;
     }
     maximum += params.proKind * deductibleChildCount(taxCase);
     maximum += params.proUnterstuetztePerson * taxCase.householdDeductions.supportedPersons;
@@ -74,14 +74,14 @@ Decimal assetManagementFlatRate(const Decimal& managedValue, const DeductionPara
 
 Decimal childcare(const Child& child, int year, const DeductionParams& params) {
     const auto firstDay = Date::of(year, 1, 1);
-    const bool tooOld = child.birthDate && firstDay
-                        && completedYears(*child.birthDate, *firstDay)
-                               >= params.kinderbetreuungAltersgrenze;
+    const bool tooOld =
+        child.birthDate && firstDay
+        && completedYears(*child.birthDate, *firstDay) >= params.kinderbetreuungAltersgrenze;
     if (tooOld || !isBornBy(child, year)) {
         return 0;
     }
-    const Decimal meals = params.kinderbetreuungVerpflegungKuerzungProTag
-                          * child.childcareDaysWithMealsIncluded;
+    const Decimal meals =
+        params.kinderbetreuungVerpflegungKuerzungProTag * child.childcareDaysWithMealsIncluded;
     return std::min(notBelowZero(child.childcareCosts - meals), params.kinderbetreuungMax);
 }
 
@@ -93,9 +93,10 @@ Decimal furtherEducation(const PersonDeductions& deductions, const DeductionPara
 }
 
 Decimal twoEarnerDeduction(const Decimal& lowerBase, const ZweiverdienerParams& params) {
-    const Decimal amount = params.art == ZweiverdienerArt::betrag
-                               ? params.betrag
-                               : std::max(params.min, std::min(params.satz * lowerBase, params.max));
+    const Decimal amount =
+        params.art == ZweiverdienerArt::betrag
+            ? params.betrag
+            : std::max(params.min, std::min(params.satz * lowerBase, params.max));
     return std::min(amount, lowerBase);
 }
 

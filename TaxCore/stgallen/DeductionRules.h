@@ -11,7 +11,8 @@ namespace taxcore {
 /// Rental value as taxed: nothing for a let property; the primary residence at a reduced value, and
 /// less again for rooms that stay unused (share of the rooms plus two).
 /// StG SG Art. 34 Abs. 3, DBG Art. 21 Abs. 1 Bst. b und Abs. 2
-Decimal taxedRentalValue(const RealEstate& property, const CantonExtraParams::Liegenschaften& params);
+Decimal taxedRentalValue(const RealEstate& property,
+                         const CantonExtraParams::Liegenschaften& params);
 
 /// Costs of one property: the flat rate on rental value as taxed and rents, or the actual costs.
 /// StG SG Art. 44 Abs. 2, DBG Art. 32 Abs. 2 und 4

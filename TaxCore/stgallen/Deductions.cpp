@@ -14,8 +14,8 @@ std::string francs(const Decimal& amount) { return "Fr. " + MoneyFormat::chf(amo
 /// StG SG Art. 39, DBG Art. 26
 template <class R>
 void addWorkExpenses(Calculation<R>& c, Adult& adult) {
-    auto line = c.lines.line(
-        {"berufskosten", adult.number, "10", "Berufskosten Person ", "Formular 4"});
+    auto line =
+        c.lines.line({"berufskosten", adult.number, "10", "Berufskosten Person ", "Formular 4"});
     adult.work = each(
         [&](const DeductionParams* p) {
             return workExpenses(adult.employment, adult.deductions.work, p->berufskosten);
@@ -70,9 +70,8 @@ void addMaintenanceAndAnnuities(Calculation<R>& c) {
     const auto path = [](std::string_view field) {
         return FieldPath{"householdDeductions", 0, {}, -1, field};
     };
-    c.plainDeduction(
-        {"unterhaltPartner", 0, "12.1", "Unterhaltsbeiträge an Geschiedene/Getrennte"},
-        law::maintenancePaid, d.alimonyPaidPartner, path("alimonyPaidPartner"));
+    c.plainDeduction({"unterhaltPartner", 0, "12.1", "Unterhaltsbeiträge an Geschiedene/Getrennte"},
+                     law::maintenancePaid, d.alimonyPaidPartner, path("alimonyPaidPartner"));
     c.plainDeduction(
         {"unterhaltBezahltKinder", 0, "12.2", "Unterhaltsbeiträge für minderjährige Kinder"},
         law::maintenancePaid, d.alimonyPaidChildren, path("alimonyPaidChildren"));
@@ -83,8 +82,7 @@ void addMaintenanceAndAnnuities(Calculation<R>& c) {
 template <class R>
 void addPillar3aBuyIn(Calculation<R>& c, Adult& adult, bool withEarnings) {
     const Decimal& buyIn = adult.deductions.pillar3aBuyIn;
-    auto line =
-        c.lines.line({"einkauf3a", adult.number, "13.1", "Einkauf Säule 3a Person "});
+    auto line = c.lines.line({"einkauf3a", adult.number, "13.1", "Einkauf Säule 3a Person "});
     const Amounts maximum =
         each([](const DeductionParams* p) { return p->saeule3a.mitPensionskasse; }, c.params);
     line.why.input("Einkauf in die Säule 3a", buyIn, adult.deductionPath("pillar3aBuyIn"));
@@ -167,8 +165,9 @@ void explainInsuranceMax(typename R::Draft& why, const Calculation<R>& c) {
     const bool joint = c.input.isJoint();
     const auto rule = [&](std::string_view text, std::string_view key,
                           Decimal VersicherungParams::*field) {
-        why.rule(law::insurance, text, key,
-                 each([&](const DeductionParams* p) { return p->versicherungen.*field; }, c.params));
+        why.rule(
+            law::insurance, text, key,
+            each([&](const DeductionParams* p) { return p->versicherungen.*field; }, c.params));
     };
     if (joint) {
         rule("Höchstbetrag für gemeinsam Besteuerte", "versicherungen.gemeinsam",
@@ -196,8 +195,7 @@ void explainInsuranceMax(typename R::Draft& why, const Calculation<R>& c) {
 template <class R>
 void addInsurance(Calculation<R>& c) {
     const HouseholdDeductions& d = c.input.householdDeductions;
-    auto line =
-        c.lines.line({"versicherungen", 0, "14", "Versicherungsprämien und Sparzinsen"});
+    auto line = c.lines.line({"versicherungen", 0, "14", "Versicherungsprämien und Sparzinsen"});
     const auto premium = [&](std::string_view text, const Decimal& amount, std::string_view field) {
         if (!amount.isZero()) {
             line.why.input(text, amount, {"householdDeductions", 0, {}, -1, field});
@@ -238,8 +236,8 @@ void addInsurance(Calculation<R>& c) {
 template <class R>
 void addRealEstateCosts(Calculation<R>& c) {
     const auto& params = c.rules.cantonalExtra.liegenschaften;
-    auto line = c.lines.line({"liegenschaftskosten", 0, "15",
-                              "Unterhalts- und Verwaltungskosten Liegenschaften"});
+    auto line = c.lines.line(
+        {"liegenschaftskosten", 0, "15", "Unterhalts- und Verwaltungskosten Liegenschaften"});
     Decimal costs;
     bool flatRate = false;
     int index = 0;
@@ -269,8 +267,7 @@ void addRealEstateCosts(Calculation<R>& c) {
 /// StG SG Art. 44, DBG Art. 32 Abs. 1
 template <class R>
 void addAssetManagement(Calculation<R>& c) {
-    auto line =
-        c.lines.line({"verwaltungskosten", 0, "16.1", "Verwaltungskosten Wertschriften"});
+    auto line = c.lines.line({"verwaltungskosten", 0, "16.1", "Verwaltungskosten Wertschriften"});
     if (const auto& actual = c.input.householdDeductions.actualAssetManagementCosts) {
         line.why.law(law::assetManagement, "Tatsächliche Kosten statt der Pauschale");
         line.why.input("Verwaltungskosten", *actual,
@@ -299,8 +296,8 @@ void addAssetManagement(Calculation<R>& c) {
 /// StG SG Art. 45 Abs. 1 Bst. h, DBG Art. 33 Abs. 3
 template <class R>
 void addChildcare(Calculation<R>& c) {
-    auto line = c.lines.line({"kinderbetreuung", 0, "16.2",
-                              "Kinderbetreuungskosten bei Drittbetreuung", "Formular 10"});
+    auto line = c.lines.line(
+        {"kinderbetreuung", 0, "16.2", "Kinderbetreuungskosten bei Drittbetreuung", "Formular 10"});
     Amounts total;
     int index = 0;
     for (const Child& child : c.input.children) {
@@ -330,8 +327,8 @@ void addChildcare(Calculation<R>& c) {
 template <class R>
 void addFurtherEducation(Calculation<R>& c, const Adult& adult) {
     const PersonDeductions& d = adult.deductions;
-    auto line = c.lines.line({"weiterbildung", adult.number, "16.4",
-                              "Berufsorientierte Aus-/Weiterbildung Person "});
+    auto line = c.lines.line(
+        {"weiterbildung", adult.number, "16.4", "Berufsorientierte Aus-/Weiterbildung Person "});
     line.why.input("Aus- und Weiterbildungskosten", d.furtherEducation,
                    adult.deductionPath("furtherEducation"));
     if (d.furtherEducationFlatRate) {
@@ -340,9 +337,9 @@ void addFurtherEducation(Calculation<R>& c, const Adult& adult) {
     }
     line.why.rule(law::furtherEducation, "Kosten höchstens", "weiterbildungMax",
                   c.rule(&DeductionParams::weiterbildungMax));
-    line.deduction(each([&](const DeductionParams* p) { return furtherEducation(d, *p); },
-                        c.params),
-                   c.nameOf(adult));
+    line.deduction(
+        each([&](const DeductionParams* p) { return furtherEducation(d, *p); }, c.params),
+        c.nameOf(adult));
 }
 
 /// What a spouse's two-earner deduction is measured on: earned income less the costs of earning it,
@@ -370,15 +367,17 @@ void addTwoEarners(Calculation<R>& c) {
     line.why.step("Erwerb Person 1 nach Berufskosten und Vorsorge", first);
     line.why.step("Erwerb Person 2 nach Berufskosten und Vorsorge", second);
     if (cooperation) {
-        line.why.fact("Erhebliche Mitarbeit im Betrieb: das gemeinsame Einkommen zählt je zur Hälfte.",
-                      {"householdDeductions", 0, {}, -1, "significantCooperation"});
+        line.why.fact(
+            "Erhebliche Mitarbeit im Betrieb: das gemeinsame Einkommen zählt je zur Hälfte.",
+            {"householdDeductions", 0, {}, -1, "significantCooperation"});
         base = each([](const Decimal& common) { return common / 2; }, first + second);
     }
     line.why.law(law::twoEarners, "Massgebend ist das tiefere Einkommen");
     line.why.step("Tieferes Einkommen", base);
     if constexpr (R::enabled) {
         const auto value = [&](Decimal ZweiverdienerParams::*field) {
-            return each([&](const DeductionParams* p) { return p->zweiverdiener.*field; }, c.params);
+            return each([&](const DeductionParams* p) { return p->zweiverdiener.*field; },
+                        c.params);
         };
         line.why.rule(law::twoEarners, "Fester Betrag (Kanton)", "zweiverdiener.betrag",
                       value(&ZweiverdienerParams::betrag));
@@ -390,9 +389,10 @@ void addTwoEarners(Calculation<R>& c) {
                       value(&ZweiverdienerParams::max));
         line.why.cap("nie mehr als das tiefere Einkommen", base);
     }
-    line.deduction(each([](const DeductionParams* p,
-                           const Decimal& lower) { return twoEarnerDeduction(lower, p->zweiverdiener); },
-                        c.params, base));
+    line.deduction(
+        each([](const DeductionParams* p,
+                const Decimal& lower) { return twoEarnerDeduction(lower, p->zweiverdiener); },
+             c.params, base));
 }
 
 /// DBG Art. 33 Abs. 1 Bst. i

@@ -64,7 +64,8 @@ void addPersonalEarnings(Calculation<R>& c, const Adult& adult) {
 /// StG SG Art. 35 Abs. 1, DBG Art. 22
 template <class R>
 void addPensions(Calculation<R>& c, const Adult& adult) {
-    auto line = c.lines.line({"renten", adult.number, "3.2", "Renten / Pensionen (steuerbarer Teil)"});
+    auto line =
+        c.lines.line({"renten", adult.number, "3.2", "Renten / Pensionen (steuerbarer Teil)"});
     line.why.law(law::pensions, "Renten und Pensionen");
     Decimal taxable;
     int index = 0;
@@ -190,8 +191,7 @@ void addRealEstateIncome(Calculation<R>& c) {
                               both(params.eigenmietwertReduktion));
                 if (property.rooms > 0 && property.unusedRooms > 0) {
                     line.why.law(law::unusedRooms, "Kürzung für dauernd ungenutzte Räume");
-                    line.why.input("Räume", property.rooms,
-                                   {"realEstate", 0, {}, index, "rooms"});
+                    line.why.input("Räume", property.rooms, {"realEstate", 0, {}, index, "rooms"});
                     line.why.input("davon ungenutzt", property.unusedRooms,
                                    {"realEstate", 0, {}, index, "unusedRooms"});
                 }
@@ -231,7 +231,8 @@ void addOtherIncome(Calculation<R>& c) {
 
     auto settled = c.lines.line(
         {"vereinfacht", 0, "8", "Vereinfacht abgerechnete Einkünfte (nur Information)"});
-    settled.why.law(law::simplifiedSettlement, "Bereits an der Quelle abgerechnet, zählt nicht mit");
+    settled.why.law(law::simplifiedSettlement,
+                    "Bereits an der Quelle abgerechnet, zählt nicht mit");
     settled.why.input("Eingetragener Betrag", income.simplifiedSettlementIncome,
                       path("simplifiedSettlementIncome"));
     settled.info(both(income.simplifiedSettlementIncome));

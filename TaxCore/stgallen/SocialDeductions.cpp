@@ -105,9 +105,9 @@ void addDonations(Calculation<R>& c) {
     line.why.rule(law::donations, "höchstens, Anteil am Nettoeinkommen",
                   "freiwilligeZuwendungenMaxSatz",
                   c.rule(&DeductionParams::freiwilligeZuwendungenMaxSatz));
-    line.deduction(each([&](const Decimal& net,
-                            const DeductionParams* p) { return giftDeduction(gifts, net, *p); },
-                        c.netIncome, c.params));
+    line.deduction(each(
+        [&](const Decimal& net, const DeductionParams* p) { return giftDeduction(gifts, net, *p); },
+        c.netIncome, c.params));
     if (gifts > 0 && gifts < minimum.canton) {
         c.notify(notices::donationsBelowMinimum(minimum.canton));
     }
@@ -123,8 +123,8 @@ int addChildDeduction(Calculation<R>& c, std::string_view code, std::string_view
     for (const Child& child : c.input.children) {
         if (isDeductible(child, c.input.year) && counts(child)) {
             ++count;
-            total += each([&](const DeductionParams* p) { return childDeduction(child, *p); },
-                          c.params);
+            total +=
+                each([&](const DeductionParams* p) { return childDeduction(child, *p); }, c.params);
         }
     }
     if (count == 0) {
@@ -154,9 +154,9 @@ void addChildDeductions(Calculation<R>& c) {
     const auto preschool = [](const Child& child) {
         return child.education == ChildEducation::vorschule;
     };
-    const int young =
-        addChildDeduction(c, "kinderabzugVorschule", "23.1", "Kinderabzug Vorschulalter",
-                          "kinderabzugVorschule", &DeductionParams::kinderabzugVorschule, preschool);
+    const int young = addChildDeduction(c, "kinderabzugVorschule", "23.1",
+                                        "Kinderabzug Vorschulalter", "kinderabzugVorschule",
+                                        &DeductionParams::kinderabzugVorschule, preschool);
     const int older = addChildDeduction(
         c, "kinderabzugAusbildung", "23.2", "Kinderabzug Schule/Ausbildung",
         "kinderabzugAusbildung", &DeductionParams::kinderabzugAusbildung, std::not_fn(preschool));
@@ -176,8 +176,8 @@ void addChildEducation(Calculation<R>& c) {
         if (!isDeductible(child, c.input.year)) {
             continue;
         }
-        const Amounts amount =
-            each([&](const DeductionParams* p) { return childEducationCosts(child, *p); }, c.params);
+        const Amounts amount = each(
+            [&](const DeductionParams* p) { return childEducationCosts(child, *p); }, c.params);
         if (!child.educationCosts.isZero()) {
             line.why.input("Ausbildungskosten", child.educationCosts,
                            {"children", 0, {}, index, "educationCosts"});
@@ -198,8 +198,8 @@ void addChildEducation(Calculation<R>& c) {
 template <class R>
 void addFederalDeductions(Calculation<R>& c) {
     const int supported = c.input.householdDeductions.supportedPersons;
-    auto support = c.lines.line(
-        {"unterstuetzung", 0, "23.4", "Abzug für unterstützte Personen (nur Bund)"});
+    auto support =
+        c.lines.line({"unterstuetzung", 0, "23.4", "Abzug für unterstützte Personen (nur Bund)"});
     const Amounts perPerson = c.rule(&DeductionParams::unterstuetzungsabzug);
     support.why.input("Unterstützte Personen", supported,
                       {"householdDeductions", 0, {}, -1, "supportedPersons"});
@@ -207,8 +207,7 @@ void addFederalDeductions(Calculation<R>& c) {
     support.deduction(each([&](const Decimal& amount) { return amount * supported; }, perPerson));
 
     if (c.input.isJoint()) {
-        auto married =
-            c.lines.line({"verheiratet", 0, "", "Verheiratetenabzug (nur Bund)"});
+        auto married = c.lines.line({"verheiratet", 0, "", "Verheiratetenabzug (nur Bund)"});
         const Amounts amount = c.rule(&DeductionParams::verheiratetenabzug);
         married.why.rule(law::marriedDeduction, "Abzug für Ehepaare", "verheiratetenabzug", amount);
         married.deduction(amount);

@@ -23,8 +23,7 @@ bool differ(Confession a, Confession b) noexcept {
 /// Finds municipality and parish and tells what cannot be found.
 template <class R>
 void locate(Calculation<R>& c) {
-    const Municipality* municipality =
-        c.rules.municipalities.municipality(c.input.municipality);
+    const Municipality* municipality = c.rules.municipalities.municipality(c.input.municipality);
     if (municipality == nullptr) {
         c.notify(notices::unknownMunicipality(c.input.municipality, c.input.year));
         c.notify(notices::missingMultiplier());
@@ -78,11 +77,11 @@ TaxResult run(const RuleBook& rules, const TaxCase& taxCase, Recorder& recorder)
     if (taxCase.isJoint() && differ(taxCase.person1.confession, taxCase.person2.confession)) {
         c.notify(notices::mixedConfessions());
     }
-    result.bill = makeBill(rules,
-                           {taxCase, c.taxableIncome.canton, c.taxableIncome.federal,
-                            c.taxableWealth, pointerTo(result.municipality),
-                            pointerTo(result.parish)},
-                           recorder);
+    result.bill =
+        makeBill(rules,
+                 {taxCase, c.taxableIncome.canton, c.taxableIncome.federal, c.taxableWealth,
+                  pointerTo(result.municipality), pointerTo(result.parish)},
+                 recorder);
     result.capitalPaymentTax = taxCapitalPayments(rules, taxCase, result.bill, recorder);
     return result;
 }
@@ -122,10 +121,10 @@ TaxBill TaxCalculator::computeBill(const TaxCase& taxCase, const Decimal& taxabl
                                    const Decimal& taxableWealth, const Municipality* municipality,
                                    const Parish* parish) const {
     NoRecorder recorder;
-    return makeBill(*rules_,
-                    {taxCase, taxableIncomeCanton, taxableIncomeFederal, taxableWealth,
-                     municipality, parish},
-                    recorder);
+    return makeBill(
+        *rules_,
+        {taxCase, taxableIncomeCanton, taxableIncomeFederal, taxableWealth, municipality, parish},
+        recorder);
 }
 
 Decimal TaxCalculator::churchRate(const TaxCase& taxCase, const Parish* parish) const {

@@ -18,8 +18,8 @@ namespace taxcore {
 /// and church tax together with the federal direct tax. A plain value; any thread may use it.
 class TaxCalculator {
   public:
-    /// A calculator on the rule book of the year for canton "SG"; the rule book's error when it does
-    /// not load.
+    /// A calculator on the rule book of the year for canton "SG"; the rule book's error when it
+    /// does not load.
     static tl::expected<TaxCalculator, RuleBook::LoadError> forYear(int year);
 
     explicit TaxCalculator(std::shared_ptr<const RuleBook> rules) : rules_(std::move(rules)) {}

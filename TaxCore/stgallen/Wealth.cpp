@@ -17,8 +17,7 @@ void addSecurities(Calculation<R>& c) {
     for (const SecurityEntry& entry : c.input.securities) {
         if (isPrivateAsset(entry, c.input)) {
             value += entry.taxValue;
-            line.why.input("Steuerwert", entry.taxValue,
-                           {"securities", 0, {}, index, "taxValue"});
+            line.why.input("Steuerwert", entry.taxValue, {"securities", 0, {}, index, "taxValue"});
         }
         ++index;
     }
@@ -80,8 +79,7 @@ void addRealEstate(Calculation<R>& c) {
     int index = 0;
     for (const RealEstate& property : c.input.realEstate) {
         value += property.taxValue;
-        line.why.input("Steuerwert", property.taxValue,
-                       {"realEstate", 0, {}, index, "taxValue"});
+        line.why.input("Steuerwert", property.taxValue, {"realEstate", 0, {}, index, "taxValue"});
         ++index;
     }
     line.income(both(value));
@@ -122,8 +120,9 @@ void addAllowances(Calculation<R>& c) {
         count += hasWealthAllowance(child, c.input.year) ? 1 : 0;
     }
     if (count > 0) {
-        auto minors = c.lines.line({"vermoegensabzugKinder", 0, "36", {}},
-                                   "Abzug für minderjährige Kinder (" + std::to_string(count) + ")");
+        auto minors =
+            c.lines.line({"vermoegensabzugKinder", 0, "36", {}},
+                         "Abzug für minderjährige Kinder (" + std::to_string(count) + ")");
         minors.why.rule(law::wealthAllowance, "Abzug pro minderjähriges Kind",
                         "vermoegen.sozialabzugProKind", both(params.sozialabzugProKind));
         minors.deduction(both(params.sozialabzugProKind * count));

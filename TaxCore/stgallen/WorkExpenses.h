@@ -19,11 +19,11 @@ struct EmploymentFacts {
     bool employed = false; ///< at least one certificate
     bool hasMain = false;
     bool hasSide = false;
-    Decimal mainNet; ///< net salaries of the main employment
-    Decimal sideNet; ///< net salaries of the side jobs
-    bool freeTransport = false;     ///< box F on a main certificate (without any: on one)
-    bool subsidisedMeals = false;   ///< box G on a main certificate
-    bool flatRateExpenses = false;  ///< flat-rate expenses on a main certificate
+    Decimal mainNet;               ///< net salaries of the main employment
+    Decimal sideNet;               ///< net salaries of the side jobs
+    bool freeTransport = false;    ///< box F on a main certificate (without any: on one)
+    bool subsidisedMeals = false;  ///< box G on a main certificate
+    bool flatRateExpenses = false; ///< flat-rate expenses on a main certificate
 };
 
 /// One person's work expenses for the jurisdiction whose parameters are given; all zero without a

@@ -45,9 +45,10 @@ class Explanation {
             why_.fact("Feld G im Lohnausweis ist angekreuzt – die Verpflegung ist verbilligt.");
         }
         input("Verpflegungstage", p_.mealDays, "mealDays");
-        why_.rule(law::meals, "Arbeitstage höchstens", "berufskosten.arbeitstageMax",
-                  each([](const DeductionParams* p) { return Decimal(p->berufskosten.arbeitstageMax); },
-                       params_));
+        why_.rule(
+            law::meals, "Arbeitstage höchstens", "berufskosten.arbeitstageMax",
+            each([](const DeductionParams* p) { return Decimal(p->berufskosten.arbeitstageMax); },
+                 params_));
         switch (situation) {
         case MealSituation::auswaerts:
             rule(law::meals, "Auswärts essen, pro Tag", "berufskosten.verpflegungProTag",
@@ -184,8 +185,7 @@ class Explanation {
                   each([&](const DeductionParams* p) { return p->berufskosten.*value; }, params_));
     }
     void step(std::string_view text, Decimal WorkExpenseBreakdown::*part) {
-        why_.step(text,
-                  each([&](const WorkExpenseBreakdown& b) { return b.*part; }, parts_));
+        why_.step(text, each([&](const WorkExpenseBreakdown& b) { return b.*part; }, parts_));
     }
 
     DerivationRecorder::Draft& why_;

@@ -42,7 +42,9 @@ class CommandLine : public ::testing::Test {
 
     Outcome run(const std::string& arguments, const std::string& input = {}) const {
         write("in", input);
-        const auto quoted = [&](const char* name) { return " '" + (folder_ / name).string() + "'"; };
+        const auto quoted = [&](const char* name) {
+            return " '" + (folder_ / name).string() + "'";
+        };
         const std::string command = std::string("'") + FISCAREL_CLI + "' " + arguments + " <"
                                     + quoted("in") + " >" + quoted("out") + " 2>" + quoted("err");
         Outcome outcome;
@@ -121,13 +123,15 @@ TEST_F(CommandLine, answersFaultsWithOneGermanSentence) {
     const std::vector<Fault> faults{
         {"rechne", changed("\"iban\": \"\",\n", ""), 1, "Die Angabe «iban» fehlt."},
         {"rechne", changed("\"cash\": 0", "\"cash\": \"0\""), 1, "«cash» muss eine Zahl sein."},
-        {"rechne", changed("\"verheiratet\"", "\"verlobt\""), 1, "«civilStatus» hat einen unbekannten Wert"},
+        {"rechne", changed("\"verheiratet\"", "\"verlobt\""), 1,
+         "«civilStatus» hat einen unbekannten Wert"},
         {"rechne", changed("\"cash\": 0", "\"cash\": " + std::string(10'000, '9')), 1, "«cash»"},
         {"rechne", good.substr(0, good.size() / 2), 1, " ab."},
         {"rechne", changed("\"iban\": \"\"", "\"iban\": \"\xff\""), 1, "UTF-8"},
         {"rechne", std::string(100'000'000, '['), 1, "."},
         {"rechne", "", 1, "."},
-        {"rechne", changed("\"year\": 2025", "\"year\": 1999"), 1, "Regeldatei fehlt: sg-params-1999.json"},
+        {"rechne", changed("\"year\": 2025", "\"year\": 1999"), 1,
+         "Regeldatei fehlt: sg-params-1999.json"},
         {"rechne", run("neu --jahr 2025 --region li").out, 1, "Liechtenstein"},
         {"rechne --warum gibtEsNicht", good, 1, "«gibtEsNicht»"},
         {"rechne nicht-vorhanden.json", "", 1, "nicht-vorhanden.json"},

@@ -54,11 +54,11 @@ TEST(Architecture, theEngineIncludesOnlyDownwardsAndNoWindowLibrary) {
     const auto files = codeBelow(sources / "TaxCore");
     ASSERT_GT(files.size(), 30U);
     for (const fs::path& file : files) {
-        const std::string layer =
-            fs::relative(file, sources / "TaxCore").begin()->string();
+        const std::string layer = fs::relative(file, sources / "TaxCore").begin()->string();
         ASSERT_TRUE(layers().contains(layer)) << file << ": which layer is this?";
         for (const std::string& name : includesOf(file)) {
-            EXPECT_FALSE(std::regex_match(name, std::regex("Q[A-Z].*|Qt.*"))) << file << " " << name;
+            EXPECT_FALSE(std::regex_match(name, std::regex("Q[A-Z].*|Qt.*")))
+                << file << " " << name;
             EXPECT_FALSE(name.starts_with("cli/")) << file << " " << name;
             if (name.starts_with("TaxCore/")) {
                 const std::string other = name.substr(8, name.find('/', 8) - 8);

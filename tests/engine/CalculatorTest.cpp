@@ -49,10 +49,11 @@ TEST(Calculator, coversEveryLineAndNoticeInTheCaseFiles) {
     // 50 lines of the household and 13 that exist once per person.
     EXPECT_EQ(codes.size(), 50U + 2 * 13U);
     const std::set<std::string> everyNotice{
-        "eigenmietwert-bund", "schuldzinsen-limit",    "3a-ohne-erwerb-1", "3a-ohne-erwerb-2",
-        "3a-max-1",           "3a-max-2",              "3a-einkauf-1",     "3a-einkauf-2",
-        "spenden-min",        "krankheit-selbstbehalt", "gemeinde",        "steuerfuss-fehlt",
-        "kinderabzug-unterhalt", "konfession-gemischt"};
+        "eigenmietwert-bund",     "schuldzinsen-limit", "3a-ohne-erwerb-1",
+        "3a-ohne-erwerb-2",       "3a-max-1",           "3a-max-2",
+        "3a-einkauf-1",           "3a-einkauf-2",       "spenden-min",
+        "krankheit-selbstbehalt", "gemeinde",           "steuerfuss-fehlt",
+        "kinderabzug-unterhalt",  "konfession-gemischt"};
     EXPECT_EQ(notices, everyNotice);
 }
 
@@ -216,11 +217,11 @@ TEST(Calculator, knowsAgesAndStagesOfEducation) {
         ChildEducation expected;
     };
     using enum ChildEducation;
-    for (const auto& [born, expected] : {
-             Stage{"2025-06-01", vorschule}, Stage{"2021-08-01", vorschule},
-             Stage{"2021-07-31", schule}, Stage{"2010-08-01", schule},
-             Stage{"2010-07-31", ausbildung}, Stage{"2000-01-01", ausbildung},
-             Stage{"1999-12-31", keine}, Stage{"2030-01-01", vorschule}}) {
+    for (const auto& [born, expected] :
+         {Stage{"2025-06-01", vorschule}, Stage{"2021-08-01", vorschule},
+          Stage{"2021-07-31", schule}, Stage{"2010-08-01", schule}, Stage{"2010-07-31", ausbildung},
+          Stage{"2000-01-01", ausbildung}, Stage{"1999-12-31", keine},
+          Stage{"2030-01-01", vorschule}}) {
         EXPECT_EQ(TaxCalculator::suggestedEducation(day(born), 2025), expected) << born;
     }
     EXPECT_EQ(TaxCalculator::suggestedEducation(std::nullopt, 2025), schule);

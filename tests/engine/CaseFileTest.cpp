@@ -1,5 +1,6 @@
-#include "TaxCore/stgallen/TaxCalculator.h"
 #include "tests/support/CaseFile.h"
+
+#include "TaxCore/stgallen/TaxCalculator.h"
 
 #include <gtest/gtest.h>
 

@@ -64,8 +64,8 @@ class Derivations {
     /// Rule values are those of the rule book under the key that is named.
     void expectRule(const DerivationStep& step) const {
         const RuleBook& rules = calculator_.rules();
-        const auto canton = ruleValue(*step.ruleKey, rules.cantonal, rules.cantonalExtra,
-                                      rules.municipalities);
+        const auto canton =
+            ruleValue(*step.ruleKey, rules.cantonal, rules.cantonalExtra, rules.municipalities);
         const auto federal = ruleValue(*step.ruleKey, rules.federal, rules.federalRules);
         EXPECT_TRUE(canton || federal) << *step.ruleKey;
         EXPECT_EQ(canton.value_or(*step.canton), *step.canton) << *step.ruleKey;
@@ -84,7 +84,8 @@ class Derivations {
         const Decimal federal = line != nullptr ? line->federalOrCanton()
                                                 : derivation->federal.value_or(derivation->canton);
         // The bill quotes the taxable income of one jurisdiction.
-        const bool known = step.canton->abs() == canton.abs() || step.canton->abs() == federal.abs();
+        const bool known =
+            step.canton->abs() == canton.abs() || step.canton->abs() == federal.abs();
         EXPECT_TRUE(known) << *step.code << " " << *step.canton;
         EXPECT_FALSE(step.text.empty()) << *step.code;
     }

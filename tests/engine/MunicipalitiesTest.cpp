@@ -180,10 +180,10 @@ TEST(Municipalities, areFoundInAnyLetterCaseAndParishesOnlyInTheirOwn) {
 TEST(Municipalities, areNotFoundUnderAnotherName) {
     const MunicipalityList& list = shippedRules(2026)->municipalities;
     ASSERT_NE(list.municipality("Altstätten"), nullptr);
-    for (const std::string name :
+    for (const std::string_view name :
          {"", " Altstätten", "Altstätten ", "Altstatten", "Altstötten", "Altstaetten", "Altstätte",
           "Altstättenn", "Altst\xC3", "Altst\xE4tten", "Bütschwil–Ganterschwil", "St. Gallen",
-          "St.Gallen Centrum"}) {
+          "St.Gallen Centrum", std::string_view("Altstätten").substr(0, 5)}) {
         EXPECT_EQ(list.municipality(name), nullptr) << "«" << name << "»";
     }
 }

@@ -169,16 +169,17 @@ TEST(RuleBook, mayBeLoadedFromManyThreads) {
     }
 }
 
-/// Rows for 10'000 to 10'300 (single) and to 10'100 (joint).
+/// Rows for 10'000 to 10'300: one more than the threshold for one lets through, one less than that
+/// for a couple.
 SGTariffTable smallTable() {
     SGTariffTable table;
     table.step = 100;
     table.from = 10'000;
     table.flatRateAbove = 0.0812345_dec;
-    table.singleFlatFrom = 10'300;
-    table.jointFlatFrom = 10'300;
+    table.singleFlatFrom = 10'200;
+    table.jointFlatFrom = 10'400;
     table.single = {7, 17, 27, 37};
-    table.joint = {3, 13};
+    table.joint = {3, 13, 23, 33};
     return table;
 }
 
@@ -188,20 +189,21 @@ TEST(CantonalTariff, isLookedUpByTheIncomeCutToTheStep) {
         Decimal single;
         Decimal joint;
     };
-    // The threshold itself, 10'300, is looked up; couples have no row for 10'200 and more.
     const SGTariffTable table = smallTable();
     for (const Row& row :
          {Row{-50'000, 0, 0}, Row{0, 0, 0}, Row{9'999, 0, 0}, Row{9'999.99_dec, 0, 0},
           Row{10'000, 7, 3}, Row{10'099, 7, 3}, Row{10'099.95_dec, 7, 3}, Row{10'100, 17, 13},
-          Row{10'199, 17, 13}, Row{10'200, 27, 828.59_dec}, Row{10'299, 27, 828.59_dec},
-          Row{10'300, 37, 836.72_dec}, Row{10'399.95_dec, 37, 836.72_dec},
-          Row{10'400, 844.84_dec, 844.84_dec}, Row{10'499, 844.84_dec, 844.84_dec},
-          Row{1'000'000, 81'234.5_dec, 81'234.5_dec}}) {
+          Row{10'200, 27, 23}, Row{10'299.95_dec, 27, 23}, Row{10'300, 836.72_dec, 33},
+          Row{10'399, 836.72_dec, 33}, Row{10'400, 844.84_dec, 844.84_dec},
+          Row{10'499, 844.84_dec, 844.84_dec}, Row{1'000'000, 81'234.5_dec, 81'234.5_dec}}) {
         EXPECT_EQ(Tariffs::sgSimpleIncomeTax(row.income, TariffKind::single, table), row.single)
             << row.income;
         EXPECT_EQ(Tariffs::sgSimpleIncomeTax(row.income, TariffKind::joint, table), row.joint)
             << row.income;
     }
+    SGTariffTable whole = table;
+    whole.jointFlatFrom = 10'300;
+    EXPECT_EQ(Tariffs::sgSimpleIncomeTax(10'300, TariffKind::joint, whole), 33) << "the last row";
     EXPECT_EQ(Tariffs::sgSimpleIncomeRate(10'099, TariffKind::single, table), 0.0007_dec);
     EXPECT_EQ(Tariffs::sgSimpleIncomeRate(9'999, TariffKind::single, table), 0);
     for (const int income : {-200, 0, 99}) {

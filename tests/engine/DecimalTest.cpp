@@ -1,0 +1,741 @@
+#include "TaxCore/base/Decimal.h"
+
+#include <gtest/gtest.h>
+
+#include <boost/multiprecision/cpp_int.hpp>
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <limits>
+#include <random>
+#include <sstream>
+#include <string>
+#include <type_traits>
+#include <unordered_set>
+#include <vector>
+
+namespace taxcore {
+namespace {
+
+using Big = boost::multiprecision::cpp_int;
+
+Decimal number(std::string_view text) { return Decimal::parse(text).value(); }
+
+std::string nines(std::size_t count) { return std::string(count, '9'); }
+std::string zeros(std::size_t count) { return std::string(count, '0'); }
+
+// What the compiler must know and what it must refuse.
+
+static_assert(sizeof(Decimal) <= 24);
+static_assert(std::is_trivially_copyable_v<Decimal>);
+static_assert(std::is_nothrow_default_constructible_v<Decimal>);
+
+template <class... T>
+constexpr bool allConvert = (std::is_convertible_v<T, Decimal> && ...);
+template <class... T>
+constexpr bool noneConstructs = (!std::is_constructible_v<Decimal, T> && ...);
+
+static_assert(allConvert<short, unsigned short, int, unsigned, long, unsigned long, long long,
+                         unsigned long long>);
+static_assert(noneConstructs<float, double, long double>);
+static_assert(noneConstructs<bool, char, signed char, unsigned char, wchar_t, char8_t, char16_t,
+                             char32_t, const char*, std::string>);
+
+template <class A, class B>
+concept Computable = requires(A a, B b) { a + b; } || requires(A a, B b) { a * b; }
+                     || requires(A a, B b) { a == b; } || requires(A a, B b) { a < b; };
+static_assert(Computable<Decimal, int> && Computable<long, Decimal>);
+static_assert(!Computable<Decimal, double> && !Computable<float, Decimal>);
+static_assert(!Computable<Decimal, bool> && !Computable<Decimal, char>);
+
+template <char... Text>
+concept Literal = requires { operator""_dec<Text...>(); };
+static_assert(Literal<'0'> && Literal<'1', '2', '.', '3', '5'> && Literal<'1', 'e', '-', '3'>);
+static_assert(!Literal<'0', '0', '7'> && !Literal<'0', 'x', '1', '0'>);
+static_assert(!Literal<'1', '.'> && !Literal<'.', '5'>);
+static_assert(!Literal<'1', 'e', '9', '9', '9'>);
+
+static_assert(12.35_dec + 0.65_dec == 13);
+static_assert(-12.35_dec == 0 - 12.35_dec);
+static_assert(1'234'567.05_dec == 123456705_dec / 100);
+static_assert(0.1_dec + 0.2_dec == 0.3_dec);
+static_assert(10_dec / 4 == 2.5_dec);
+static_assert((2_dec / 3).roundPlain(4) == 0.6667_dec);
+static_assert((-1.21_dec).roundDown(1) == -1.3_dec);
+static_assert(1.05_dec * 99999999999999999999999999999999999999_dec
+              == 1.0499999999999999999999999999999999999e38_dec + 1000_dec - 9_dec - 981_dec);
+static_assert(std::max(2.50_dec, 2.5_dec) == 2.5_dec && std::min(-1_dec, 1_dec) == -1_dec);
+static_assert(hash_value(100_dec) == hash_value(100.00_dec));
+static_assert((12.00_dec).toInteger() == 12);
+static_assert(Decimal::parse("1e-129").error() == DecimalFault::outOfRange);
+static_assert([] {
+    std::array<char, Decimal::maxPlainLength> text{};
+    const char* end = (-12.50_dec).writeTo(text.data());
+    return std::string_view(text.data(), end) == "-12.5";
+}());
+
+// Random operations against exact arithmetic.
+
+const Big& powerOfTen(int exponent) {
+    static const std::vector<Big> powers = [] {
+        std::vector<Big> all{1};
+        for (int i = 0; i < 700; ++i)
+            all.push_back(all.back() * 10);
+        return all;
+    }();
+    return powers.at(static_cast<std::size_t>(exponent));
+}
+
+/// value · 10^exponent.
+struct Scaled {
+    Big value;
+    int exponent = 0;
+};
+
+/// An operand, built from its text, beside what it should be worth.
+struct Operand {
+    Decimal decimal;
+    Scaled exact;
+    std::string text;
+};
+
+Scaled alignedTo(const Scaled& number, int exponent) {
+    return {number.value * powerOfTen(number.exponent - exponent), exponent};
+}
+
+Scaled sum(const Scaled& a, const Scaled& b) {
+    const int exponent = std::min(a.exponent, b.exponent);
+    return {alignedTo(a, exponent).value + alignedTo(b, exponent).value, exponent};
+}
+
+/// numerator / denominator as a `Decimal` must give it: 38 digits, no digit beyond 10^-128, half
+/// away from zero, bounded by the largest value.
+Scaled rounded(const Scaled& numerator, const Big& denominator = 1) {
+    if (numerator.value == 0)
+        return {};
+    const bool negative = (numerator.value < 0) != (denominator < 0);
+    const Big over = abs(numerator.value);
+    const Big under = abs(denominator);
+    const auto bits = static_cast<int>(msb(over)) - static_cast<int>(msb(under));
+    // One digit too many at first, at most, and none too few.
+    int exponent = std::max(numerator.exponent + (bits - 1) * 30103 / 100000 - 38, -128);
+    Big digits;
+    Big rest;
+    Big unit;
+    for (;; ++exponent) {
+        const int shift = numerator.exponent - exponent;
+        unit = shift < 0 ? Big(under * powerOfTen(-shift)) : under;
+        divide_qr(shift > 0 ? Big(over * powerOfTen(shift)) : over, unit, digits, rest);
+        if (digits < powerOfTen(38))
+            break;
+    }
+    if (2 * rest >= unit)
+        ++digits;
+    if (exponent > 128 || (exponent == 128 && digits == powerOfTen(38))) {
+        const bool fits = exponent > 128 && digits * powerOfTen(exponent - 128) < powerOfTen(38);
+        if (!fits)
+            return {negative ? Big(1 - powerOfTen(38)) : Big(powerOfTen(38) - 1), 128};
+    }
+    return {negative ? Big(-digits) : digits, exponent};
+}
+
+/// A plain text read back, digit by digit, without `Decimal`.
+Scaled readPlain(std::string_view text) {
+    const bool negative = text.starts_with('-');
+    if (negative)
+        text.remove_prefix(1);
+    int exponent = 0;
+    const std::size_t point = text.find('.');
+    if (point != std::string_view::npos)
+        exponent = -static_cast<int>(text.size() - point - 1);
+    const std::size_t last = text.find_last_not_of('0');
+    if (point == std::string_view::npos && last != std::string_view::npos) {
+        exponent = static_cast<int>(text.size() - last - 1);
+        text = text.substr(0, last + 1);
+    }
+    Big value;
+    std::uint64_t word = 0;
+    std::uint64_t scale = 1;
+    for (const char c : text) {
+        if (c == '.')
+            continue;
+        word = word * 10 + static_cast<std::uint64_t>(c - '0');
+        scale *= 10;
+        if (scale == 1'000'000'000'000'000'000) {
+            value = value * scale + word;
+            word = 0;
+            scale = 1;
+        }
+    }
+    value = value * scale + word;
+    return {negative ? Big(-value) : value, exponent};
+}
+
+bool equal(const Scaled& a, const Scaled& b) {
+    if (a.value == 0 || b.value == 0)
+        return a.value == b.value;
+    return a.exponent < b.exponent ? a.value == alignedTo(b, a.exponent).value
+                                   : alignedTo(a, b.exponent).value == b.value;
+}
+
+class Operands {
+  public:
+    explicit Operands(std::uint64_t seed) : random_(seed) {
+        for (std::size_t i = 0; i < 512; ++i)
+            pool_.push_back(make());
+    }
+
+    /// A number from a slowly changing pool: making one costs more than computing with it.
+    const Operand& next() {
+        if (below(8) == 0)
+            pool_[below(pool_.size())] = make();
+        return pool_[below(pool_.size())];
+    }
+
+    /// The same value as `other`, with zeros moved between coefficient and exponent.
+    Operand respelled(const Operand& other) {
+        Scaled same = other.exact;
+        while (same.exponent > -128 && abs(same.value) < powerOfTen(37) && below(4) != 0)
+            same = alignedTo(same, same.exponent - 1);
+        return made(same);
+    }
+
+    std::size_t below(std::size_t limit) { return static_cast<std::size_t>(random_() % limit); }
+    int between(int low, int high) {
+        return low + static_cast<int>(below(static_cast<std::size_t>(high - low + 1)));
+    }
+
+  private:
+    Operand make() {
+        Scaled number{coefficient(), exponent()};
+        if (below(2) == 0)
+            number.value = -number.value;
+        return made(number);
+    }
+
+    static Operand made(const Scaled& number) {
+        std::string text = number.value.str() + "e" + std::to_string(number.exponent);
+        const Decimal decimal = taxcore::number(text);
+        return {decimal, number, std::move(text)};
+    }
+
+    Big coefficient() {
+        static const std::array<Big, 11> edges{
+            0,
+            powerOfTen(38) - 1,
+            Big(1) << 63,
+            (Big(1) << 63) - 1,
+            (Big(1) << 64) - 1,
+            Big(1) << 64,
+            (Big(1) << 64) + 1,
+            Big("54210108624275221700372640043497085566"), // around 2^128 / 2 pi
+            Big("54210108624275221690000000000000000000"),
+            Big(5421010862427522170) << 64, // the upper half of 10^38
+            Big(5421010862427522169) << 64,
+        };
+        const int digits = between(1, 38);
+        switch (below(10)) {
+        case 0:
+            return edges[below(edges.size())];
+        case 1: // 10^n - 1, 10^n, 10^n + 1
+            return powerOfTen(digits - 1) + between(-1, 1);
+        case 2: // halves
+            return 5 * powerOfTen(digits - 1) + between(-1, 1);
+        case 3: // finite quotients
+            return (Big(1) << between(0, 120)) % powerOfTen(38);
+        case 4: // money
+            return Big(below(100'000'000));
+        default: {
+            const Big wide = (Big(random_()) << 64) + random_();
+            return wide % powerOfTen(digits);
+        }
+        }
+    }
+
+    int exponent() {
+        switch (below(8)) {
+        case 0:
+            return between(-128, 128);
+        case 1:
+            return below(2) == 0 ? between(-128, -110) : between(110, 128);
+        case 2:
+        case 3:
+            return between(-45, 45);
+        default:
+            return between(-8, 3);
+        }
+    }
+
+    std::mt19937_64 random_;
+    std::vector<Operand> pool_;
+};
+
+constexpr int operationsEach = 155'000; // of eight kinds: 1,240,000
+
+void expectValue(const Decimal& actual, const Scaled& expected, std::string_view operation,
+                 const Operand& a, const Operand& b) {
+    const std::string text = actual.toString();
+    ASSERT_TRUE(equal(readPlain(text), expected))
+        << operation << "\n  a: " << a.text << "\n  b: " << b.text << "\n  result: " << text
+        << "\n  expected: " << expected.value << "e" << expected.exponent;
+}
+
+TEST(DecimalRandom, add) {
+    Operands operands(1);
+    for (int i = 0; i < operationsEach && !HasFatalFailure(); ++i) {
+        const Operand a = operands.next();
+        const Operand& b = operands.next();
+        expectValue(a.decimal + b.decimal, rounded(sum(a.exact, b.exact)), "a + b", a, b);
+    }
+}
+
+TEST(DecimalRandom, subtract) {
+    Operands operands(2);
+    for (int i = 0; i < operationsEach && !HasFatalFailure(); ++i) {
+        const Operand a = operands.next();
+        const Operand b = i % 8 == 0 ? operands.respelled(a) : operands.next();
+        const Scaled negated{-b.exact.value, b.exact.exponent};
+        expectValue(a.decimal - b.decimal, rounded(sum(a.exact, negated)), "a - b", a, b);
+    }
+}
+
+TEST(DecimalRandom, multiply) {
+    Operands operands(3);
+    for (int i = 0; i < operationsEach && !HasFatalFailure(); ++i) {
+        const Operand a = operands.next();
+        const Operand& b = operands.next();
+        const Scaled product{a.exact.value * b.exact.value, a.exact.exponent + b.exact.exponent};
+        expectValue(a.decimal * b.decimal, rounded(product), "a * b", a, b);
+    }
+}
+
+TEST(DecimalRandom, divide) {
+    Operands operands(4);
+    const Big largest = powerOfTen(38) - 1;
+    for (int i = 0; i < operationsEach && !HasFatalFailure(); ++i) {
+        const Operand a = operands.next();
+        const Operand& b = operands.next();
+        Scaled expected;
+        if (b.exact.value != 0)
+            expected = rounded({a.exact.value, a.exact.exponent - b.exact.exponent}, b.exact.value);
+        else if (a.exact.value != 0)
+            expected = {a.exact.value < 0 ? Big(-largest) : largest, 128};
+        expectValue(a.decimal / b.decimal, expected, "a / b", a, b);
+    }
+}
+
+TEST(DecimalRandom, compare) {
+    Operands operands(5);
+    for (int i = 0; i < operationsEach; ++i) {
+        const Operand a = operands.next();
+        const Operand b = i % 4 == 0 ? operands.respelled(a) : operands.next();
+        const Big difference =
+            sum(a.exact, {-b.exact.value, b.exact.exponent}).value;
+        ASSERT_EQ(a.decimal == b.decimal, difference == 0) << a.text << " == " << b.text;
+        ASSERT_EQ(a.decimal < b.decimal, difference < 0) << a.text << " < " << b.text;
+        ASSERT_EQ(a.decimal > b.decimal, difference > 0) << a.text << " > " << b.text;
+        if (difference == 0) {
+            ASSERT_EQ(hash_value(a.decimal), hash_value(b.decimal)) << a.text << ", " << b.text;
+        }
+    }
+}
+
+/// floor or half away from zero to a multiple of 10^-places.
+Scaled roundedAt(const Scaled& number, int places, bool down) {
+    const int cut = -places - number.exponent;
+    if (cut <= 0)
+        return number;
+    Big kept;
+    Big rest;
+    divide_qr(Big(abs(number.value)), powerOfTen(cut), kept, rest);
+    const bool grows = down ? number.value < 0 && rest != 0 : 2 * rest >= powerOfTen(cut);
+    if (grows)
+        ++kept;
+    return rounded({number.value < 0 ? Big(-kept) : kept, -places});
+}
+
+void checkRounding(std::uint64_t seed, bool down) {
+    Operands operands(seed);
+    for (int i = 0; i < operationsEach; ++i) {
+        const Operand& a = operands.next();
+        // Mostly somewhere in the coefficient, else anywhere.
+        const int places = operands.below(4) != 0 ? -a.exact.exponent - operands.between(-2, 40)
+                                                  : operands.between(-180, 180);
+        const Decimal actual = down ? a.decimal.roundDown(places) : a.decimal.roundPlain(places);
+        const Scaled expected = roundedAt(a.exact, places, down);
+        ASSERT_TRUE(equal(readPlain(actual.toString()), expected))
+            << a.text << " to " << places << " gave " << actual << ", not " << expected.value << "e"
+            << expected.exponent;
+    }
+}
+
+TEST(DecimalRandom, roundPlain) { checkRounding(6, false); }
+
+TEST(DecimalRandom, roundDown) { checkRounding(7, true); }
+
+TEST(DecimalRandom, parseAndPrint) {
+    Operands operands(8);
+    for (int i = 0; i < operationsEach; ++i) {
+        const Operand& a = operands.next();
+        std::array<char, Decimal::maxPlainLength> buffer{};
+        const std::string_view text(buffer.data(), a.decimal.writeTo(buffer.data()));
+        ASSERT_TRUE(equal(readPlain(text), a.exact)) << a.text << " printed as " << text;
+        ASSERT_FALSE(text.find('.') != text.npos && text.ends_with('0')) << text;
+        const auto again = Decimal::parse(text);
+        ASSERT_TRUE(again && *again == a.decimal) << a.text << " read back from " << text;
+    }
+}
+
+// The integers below, where carries and estimates go wrong for one value in 2^64.
+
+wide::Uint128 joined(std::uint64_t high, std::uint64_t low) {
+    return (wide::Uint128{high} << 64) | low;
+}
+
+Big big(wide::Uint128 value) {
+    return (Big(wide::upperHalf(value)) << 64) + wide::lowerHalf(value);
+}
+
+Big big(wide::Uint256 value) { return (big(value.high) << 128) + big(value.low); }
+
+TEST(WideInteger, multipliesAndDividesAtTheEdgesOfWords) {
+    std::mt19937_64 random(9);
+    const std::array<std::uint64_t, 6> edges{
+        0, 1, UINT64_MAX, UINT64_MAX - 1, std::uint64_t{1} << 63, (std::uint64_t{1} << 63) - 1};
+    const auto word = [&] { return random() % 4 == 0 ? random() : edges[random() % edges.size()]; };
+    for (int i = 0; i < 20'000; ++i) {
+        const wide::Uint128 a = joined(word(), word());
+        const wide::Uint128 divisor = joined(word(), word());
+        ASSERT_EQ(big(wide::multiply(a, divisor)), big(a) * big(divisor));
+        if (divisor == 0)
+            continue;
+        // Dividends right below a multiple of the divisor push the digit estimates up.
+        const wide::Uint256 dividend =
+            random() % 2 == 0 ? wide::Uint256{joined(word(), word()) % divisor, joined(word(), word())}
+                              : wide::Uint256{divisor - 1, joined(word(), word())};
+        const wide::Quotient result = wide::divide(dividend, divisor);
+        ASSERT_EQ(big(result.quotient), big(dividend) / big(divisor))
+            << big(dividend) << " / " << big(divisor);
+        ASSERT_EQ(big(result.remainder), big(dividend) % big(divisor))
+            << big(dividend) << " / " << big(divisor);
+    }
+}
+
+TEST(WideInteger, dropsDigitsExactlyUpToItsBounds) {
+    std::mt19937_64 random(10);
+    for (int i = 0; i < 20'000; ++i) {
+        const int digits = static_cast<int>(random() % 39);
+        const wide::Uint128 unit = wide::powerOfTen(digits);
+        const wide::Uint128 bound = wide::Uint128{1} << (random() % 2 == 0 ? 127 : 63);
+        const wide::Uint128 any = joined(random(), random()) % (bound + 1);
+        // Right below, at and above a multiple, where the reciprocal's error would show.
+        for (const wide::Uint128 value : {any, any / unit * unit, any / unit * unit - 1,
+                                          bound / unit * unit, bound / unit * unit - 1, bound}) {
+            if (value <= bound) {
+                ASSERT_EQ(big(wide::dropDigits(value, digits)), big(value / unit))
+                    << big(value) << " without " << digits;
+            }
+        }
+    }
+}
+
+// Tables.
+
+TEST(Decimal, parseReadsTheJsonGrammar) {
+    struct Case {
+        std::string text;
+        std::string plain;
+    };
+    const std::vector<Case> cases{
+        {"0", "0"},
+        {"-0", "0"},
+        {"-0.00", "0"},
+        {"0e999999", "0"},
+        {"0.000E-999999999999999999999999", "0"},
+        {"12.50", "12.5"},
+        {"-12.05", "-12.05"},
+        {"1e2", "100"},
+        {"1E+2", "100"},
+        {"1.5e-3", "0.0015"},
+        {"0e1", "0"},
+        {"1e007", "10000000"},
+        {nines(38), nines(38)},
+        {"-" + nines(19) + "." + nines(19), "-" + nines(19) + "." + nines(19)},
+        {"0." + zeros(60) + "1", "0." + zeros(60) + "1"},
+        {nines(38) + zeros(5), nines(38) + zeros(5)},
+        {"123." + zeros(500), "123"},
+        {"1" + zeros(300) + "e-300", "1"},
+        {"1." + zeros(300) + "e-128", "0." + zeros(127) + "1"},
+        {"0." + zeros(300) + "25e300", "0.25"},
+        {"1e165", "1" + zeros(165)},
+        {nines(38) + "e128", nines(38) + zeros(128)},
+        {"9." + nines(37) + "e165", nines(38) + zeros(128)},
+        {"1000e-131", "0." + zeros(127) + "1"},
+    };
+    for (const Case& c : cases) {
+        const auto parsed = Decimal::parse(c.text);
+        ASSERT_TRUE(parsed) << c.text;
+        EXPECT_EQ(parsed->toString(), c.plain) << c.text;
+    }
+}
+
+TEST(Decimal, parseReportsFaults) {
+    struct Case {
+        std::string text;
+        DecimalFault fault;
+    };
+    std::vector<Case> cases{
+        {nines(39), DecimalFault::tooManyDigits},
+        {"1" + zeros(37) + "1", DecimalFault::tooManyDigits},
+        {"0.1" + zeros(37) + "1", DecimalFault::tooManyDigits},
+        {"1." + zeros(37) + "1e-300", DecimalFault::tooManyDigits},
+        {nines(38) + ".1", DecimalFault::tooManyDigits},
+        {"1e166", DecimalFault::outOfRange},
+        {"10e165", DecimalFault::outOfRange},
+        {"99e165", DecimalFault::outOfRange},
+        {"1e-129", DecimalFault::outOfRange},
+        {"-1.1e-128", DecimalFault::outOfRange},
+        {nines(38) + "e129", DecimalFault::outOfRange},
+        {nines(38) + "e-129", DecimalFault::outOfRange},
+        {"1e2147483648", DecimalFault::outOfRange},
+        {"1e-18446744073709551617", DecimalFault::outOfRange},
+        {"1e" + nines(400), DecimalFault::outOfRange},
+        {nines(39) + "x", DecimalFault::syntax},
+        {"1e999x", DecimalFault::syntax},
+        {std::string("1\0", 2), DecimalFault::syntax},
+    };
+    for (const char* text :
+         {"",     "-",    "+1",  "007",  "00",     "-01", "01.5", ".5",   "5.",   "-.5",
+          "1.e5", "1e",   "1e+", "1e-",  "e5",     " 1",  "1 ",   "1\n",  "--1",  "1-",
+          "1.2.3", "1,5", "1'0", "0x10", "1e5.0",  "NaN", "inf",  "1e+-2", "-e1", "1_dec"})
+        cases.push_back({text, DecimalFault::syntax});
+    for (const Case& c : cases) {
+        const auto parsed = Decimal::parse(c.text);
+        ASSERT_FALSE(parsed) << c.text;
+        EXPECT_EQ(parsed.error(), c.fault) << c.text;
+    }
+}
+
+TEST(Decimal, parseTakesTextsOfMillionsOfDigits) {
+    constexpr std::size_t many = 10'000'000;
+    EXPECT_EQ(Decimal::parse(nines(many)).error(), DecimalFault::tooManyDigits);
+    EXPECT_EQ(Decimal::parse("1" + zeros(many)).error(), DecimalFault::outOfRange);
+    EXPECT_EQ(Decimal::parse("1e" + nines(many)).error(), DecimalFault::outOfRange);
+    EXPECT_EQ(number("25." + zeros(many)), 25);
+    EXPECT_EQ(number("1" + zeros(many) + "e-10000000"), 1);
+    EXPECT_EQ(number("0." + zeros(many) + "7e10000001"), 7);
+}
+
+TEST(Decimal, literalsAreExact) {
+    EXPECT_EQ((12.35_dec).toString(), "12.35");
+    EXPECT_EQ((-0.05_dec).toString(), "-0.05");
+    EXPECT_EQ((1'000_dec).toString(), "1000");
+    EXPECT_EQ((2.5e-3_dec).toString(), "0.0025");
+    EXPECT_EQ((0.12345678901234567890123456789012345678_dec).toString(),
+              "0.12345678901234567890123456789012345678");
+}
+
+TEST(Decimal, integersConvertExactly) {
+    EXPECT_EQ(Decimal(std::numeric_limits<std::int64_t>::min()).toString(), "-9223372036854775808");
+    EXPECT_EQ(Decimal(std::numeric_limits<std::int64_t>::max()).toString(), "9223372036854775807");
+    EXPECT_EQ(Decimal(std::numeric_limits<std::uint64_t>::max()).toString(), "18446744073709551615");
+    EXPECT_EQ(Decimal(std::numeric_limits<std::int32_t>::min()).toString(), "-2147483648");
+    EXPECT_EQ(Decimal(std::numeric_limits<std::uint32_t>::max()).toString(), "4294967295");
+    EXPECT_EQ(Decimal(std::int16_t{-1}).toString(), "-1");
+    EXPECT_EQ(Decimal(std::numeric_limits<std::int64_t>::min()).abs().toString(),
+              "9223372036854775808");
+}
+
+TEST(Decimal, printsPlainNotation) {
+    struct Case {
+        Decimal value;
+        std::string plain;
+    };
+    const std::vector<Case> cases{
+        {Decimal{}, "0"},
+        {0.00_dec, "0"},
+        {-0_dec, "0"},
+        {1.5_dec - 1.50_dec, "0"},
+        {-1_dec * 0_dec, "0"},
+        {0_dec / -3, "0"},
+        {(-0.4_dec).roundPlain(0), "0"},
+        {100_dec, "100"},
+        {1e20_dec, "1" + zeros(20)},
+        {-0.10_dec, "-0.1"},
+        {10_dec / 4, "2.5"},
+        {1_dec / 8, "0.125"},
+        {100.00_dec * 1.00_dec, "100"},
+        {Decimal::largest(), nines(38) + zeros(128)},
+        {-Decimal::largest(), "-" + nines(38) + zeros(128)},
+        {-1e-128_dec, "-0." + zeros(127) + "1"},
+        {1_dec / 3, "0." + std::string(38, '3')},
+        {2_dec / 3, "0." + std::string(37, '6') + "7"},
+        {-2000_dec / 3, "-666." + std::string(34, '6') + "7"},
+        {1_dec / 7000, "0.000" + std::string("14285714285714285714285714285714285714")},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(c.value.toString(), c.plain);
+        std::ostringstream stream;
+        stream << c.value;
+        EXPECT_EQ(stream.str(), c.plain);
+    }
+    EXPECT_EQ((-Decimal::largest()).toString().size(), Decimal::maxPlainLength);
+}
+
+TEST(Decimal, roundingTable) {
+    struct Case {
+        Decimal value;
+        int places;
+        Decimal plain;
+        Decimal down;
+    };
+    const Decimal big = 1e165_dec;
+    const std::vector<Case> cases{
+        {1.005_dec, 2, 1.01_dec, 1_dec},
+        {-1.005_dec, 2, -1.01_dec, -1.01_dec},
+        {1.0049_dec, 2, 1.00_dec, 1.00_dec},
+        {-1.0049_dec, 2, -1_dec, -1.01_dec},
+        {2.5_dec, 0, 3_dec, 2_dec},
+        {-2.5_dec, 0, -3_dec, -3_dec},
+        {12'399_dec, -2, 12'400_dec, 12'300_dec},
+        {12'350_dec, -2, 12'400_dec, 12'300_dec},
+        {-12'301_dec, -2, -12'300_dec, -12'400_dec},
+        {12'300.00_dec, -2, 12'300_dec, 12'300_dec},
+        {49_dec, -2, 0_dec, 0_dec},
+        {50_dec, -2, 100_dec, 0_dec},
+        {-0.01_dec, -2, 0_dec, -100_dec},
+        {12.34_dec, 5, 12.34_dec, 12.34_dec},
+        {12.34_dec, std::numeric_limits<int>::max(), 12.34_dec, 12.34_dec},
+        {12.34_dec, std::numeric_limits<int>::min(), 0_dec, 0_dec},
+        {-12.34_dec, std::numeric_limits<int>::min(), 0_dec, -Decimal::largest()},
+        {0_dec, -200, 0_dec, 0_dec},
+        {-1_dec, -165, 0_dec, -big},
+        {-1_dec, -166, 0_dec, -Decimal::largest()},
+        {6 * big, -165, 6 * big, 6 * big},
+        {6 * big, -166, Decimal::largest(), 0_dec},
+        {99999999999999999999999999999999999999_dec, -38, 1e38_dec, 0_dec},
+        {99999999999999999999999999999999999999_dec, -39, 0_dec, 0_dec},
+        {9.9999999999999999999999999999999999999_dec, 36, 10_dec,
+         9.999999999999999999999999999999999999_dec},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(c.value.roundPlain(c.places), c.plain) << c.value << " to " << c.places;
+        EXPECT_EQ(c.value.roundDown(c.places), c.down) << c.value << " to " << c.places;
+    }
+}
+
+TEST(Decimal, overflowSaturatesAndUnderflowVanishes) {
+    const Decimal largest = Decimal::largest();
+    const Decimal step = 1e-128_dec;
+    struct Case {
+        const char* what;
+        Decimal actual;
+        Decimal expected;
+    };
+    const std::vector<Case> cases{
+        {"largest * 10", largest * 10, largest},
+        {"-largest * 10", -largest * 10, -largest},
+        {"largest + largest", largest + largest, largest},
+        {"-largest - largest", -largest - largest, -largest},
+        {"largest / 0.1", largest / 0.1_dec, largest},
+        {"-largest * -largest", -largest * -largest, largest},
+        {"largest + below half a unit", largest + 4e127_dec, largest},
+        {"largest - largest", largest - largest, 0_dec},
+        {"1e83 * 1e82", 1e83_dec * 1e82_dec, 1e165_dec},
+        {"1e83 * 1e83", 1e83_dec * 1e83_dec, largest},
+        {"1 / 0", 1_dec / 0, largest},
+        {"-1 / 0", -1_dec / 0, -largest},
+        {"1 / 0.00", 1_dec / 0.00_dec, largest},
+        {"0 / 0", 0_dec / 0, 0_dec},
+        {"step / 2", step / 2, step},
+        {"-step / 2", -step / 2, -step},
+        {"step * 0.49", step * 0.49_dec, 0_dec},
+        {"-step * 0.49", -step * 0.49_dec, 0_dec},
+        {"step * step", step * step, 0_dec},
+        {"step / largest", step / largest, 0_dec},
+        {"14 steps / 10", 14e-128_dec / 10, step},
+        {"15 steps / 10", 15e-128_dec / 10, 2e-128_dec},
+        {"largest + step", largest + step, largest},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(c.actual, c.expected) << c.what;
+    EXPECT_FALSE((-step * 0.49_dec).isNegative());
+}
+
+TEST(Decimal, additionSeesDigitsFarBelowTheTie) {
+    // A hair more or less than half a unit of the 38th digit decides the rounding.
+    const Decimal tie = 1e38_dec + 5_dec;
+    EXPECT_EQ(tie, 1e38_dec + 10_dec);
+    EXPECT_EQ((1e38_dec + 0.1_dec) - 1e38_dec, 0_dec);
+    EXPECT_EQ(1e38_dec - 1e-100_dec, 1e38_dec);
+    EXPECT_EQ(1e38_dec - 0.5_dec, 1e38_dec);
+    EXPECT_EQ(1e38_dec - 0.6_dec, 99999999999999999999999999999999999999_dec);
+    EXPECT_EQ(10000000000000000000000000000000000000.5e1_dec - 1e-100_dec, 1e38_dec);
+    EXPECT_EQ(1e-100_dec - 1e38_dec, -1e38_dec);
+}
+
+TEST(Decimal, equalValuesAreOneKey) {
+    const std::unordered_set<Decimal> keys{100_dec, 100.00_dec, 1e2_dec, Decimal(100), 10_dec * 10,
+                                           0_dec,   0.00_dec,   -0_dec,  5_dec - 5.0_dec};
+    EXPECT_EQ(keys.size(), 2U);
+    EXPECT_TRUE(keys.contains(100.000_dec));
+    EXPECT_FALSE(keys.contains(-100_dec));
+}
+
+TEST(Decimal, hashSpreadsAmounts) {
+    std::unordered_set<std::size_t> low;
+    for (int cents = 0; cents < 65536; ++cents)
+        low.insert(hash_value(Decimal(cents) / 100) & 0xFFFF);
+    // Random values would fill about 63 % of the slots.
+    EXPECT_GT(low.size(), 40'000U);
+}
+
+TEST(Decimal, toIntegerTable) {
+    struct Case {
+        const char* text;
+        std::optional<std::int64_t> integer;
+        bool whole;
+    };
+    const std::vector<Case> cases{
+        {"0", 0, true},
+        {"0.00e-100", 0, true},
+        {"3.00", 3, true},
+        {"-3.00", -3, true},
+        {"3.01", std::nullopt, false},
+        {"1e-50", std::nullopt, false},
+        {"12e3", 12000, true},
+        {"9223372036854775807", INT64_MAX, true},
+        {"9223372036854775808", std::nullopt, true},
+        {"-9223372036854775808", INT64_MIN, true},
+        {"-9223372036854775809", std::nullopt, true},
+        {"-922337203685477580800e-2", INT64_MIN, true},
+        {"922337203685477580.700", std::nullopt, false},
+        {"1e18", 1'000'000'000'000'000'000, true},
+        {"9e18", 9'000'000'000'000'000'000, true},
+        {"1e19", std::nullopt, true},
+        {"18446744073709551616e18", std::nullopt, true},
+        {"1e128", std::nullopt, true},
+        {"50000000000000000000000000000000000000e-37", 5, true},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(number(c.text).toInteger(), c.integer) << c.text;
+        EXPECT_EQ(number(c.text).isInteger(), c.whole) << c.text;
+    }
+}
+
+TEST(Decimal, compoundAssignmentReadsItsOwnValue) {
+    Decimal value = 12.5_dec;
+    value += value;
+    EXPECT_EQ(value, 25);
+    value *= value;
+    EXPECT_EQ(value, 625);
+    value -= 25;
+    value /= 1000;
+    EXPECT_EQ(value, 0.6_dec);
+    value /= value;
+    EXPECT_EQ(value, 1);
+}
+
+} // namespace
+} // namespace taxcore
