@@ -16,6 +16,9 @@ struct MoneyFormat {
     /// decimals "-1’234.50".
     static std::string chf(const Decimal& amount, int decimals, bool withCurrency);
 
+    /// Whole francs as the forms write them: "Fr. 8’000".
+    static std::string fr(const Decimal& amount) { return "Fr. " + chf(amount, 0, false); }
+
     /// A plain number such as a multiplier or a percentage: point, no grouping, no trailing zeros.
     static std::string number(const Decimal& value) { return value.toString(); }
 };

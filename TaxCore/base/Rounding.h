@@ -2,20 +2,25 @@
 
 #include "TaxCore/base/Decimal.h"
 
+#include <algorithm>
+
 namespace taxcore {
 
-// The roundings of tax law by name. "Plain" is to nearest, halves away from zero; "cut" is toward
+// The roundings of tax law by name, and its floor. "Plain" is to nearest, halves away from zero; "cut" is toward
 // negative infinity.
 
 /// Plain to 5 Rappen: 1234.575 becomes 1234.60.
 constexpr Decimal toFiveRappen(const Decimal& francs) {
-    return (francs * 20).roundPlain(0) * Decimal::parse("0.05").value();
+    return (francs * 20).roundPlain(0) * 0.05_dec;
 }
 
 /// Cut to the 5 Rappen below: 1234.57 becomes 1234.55.
 constexpr Decimal cutToFiveRappen(const Decimal& francs) {
-    return (francs * 20).roundDown(0) * Decimal::parse("0.05").value();
+    return (francs * 20).roundDown(0) * 0.05_dec;
 }
+
+/// The amount, or 0 when it is negative.
+constexpr Decimal notBelowZero(const Decimal& amount) { return std::max(amount, Decimal(0)); }
 
 /// Plain to whole Rappen.
 constexpr Decimal toRappen(const Decimal& francs) { return francs.roundPlain(2); }

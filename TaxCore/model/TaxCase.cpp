@@ -1,12 +1,12 @@
 #include "TaxCore/model/TaxCase.h"
 
+#include "TaxCore/base/Rounding.h"
+
 #include <algorithm>
 
 namespace taxcore {
 
 namespace {
-
-Decimal notBelowZero(const Decimal& amount) { return std::max(amount, Decimal(0)); }
 
 bool isDeductible(const Child& child) noexcept { return child.education != ChildEducation::keine; }
 

@@ -40,7 +40,7 @@ Decimal sgSimpleIncomeRate(const Decimal& taxable, TariffKind kind, const SGTari
 }
 
 Decimal sgSimpleWealthTax(const Decimal& taxable, const Decimal& promille) {
-    return toRappen(std::max(taxable, Decimal(0)) * promille / 1000);
+    return toRappen(notBelowZero(taxable) * promille / 1000);
 }
 
 Decimal federalIncomeTax(const Decimal& taxable, TariffKind kind, const FederalTariff& tariff) {
@@ -62,7 +62,7 @@ Decimal federalIncomeTaxNet(const Decimal& taxable, TariffKind kind, int childre
                             const FederalTariff& tariff) {
     const Decimal tax =
         federalIncomeTax(taxable, kind, tariff) - Decimal(children) * tariff.abzugProKind;
-    return tax < std::max(tariff.minimum, Decimal(0)) ? Decimal(0) : tax;
+    return tax < notBelowZero(tariff.minimum) ? Decimal(0) : tax;
 }
 
 } // namespace taxcore::Tariffs

@@ -2,6 +2,7 @@
 
 // The state of one calculation while it runs; shared by the sections, never seen outside.
 
+#include "TaxCore/base/Rounding.h"
 #include "TaxCore/model/TaxCase.h"
 #include "TaxCore/result/LineBuilder.h"
 #include "TaxCore/result/PerJurisdiction.h"
@@ -97,7 +98,6 @@ struct Calculation {
     }
 };
 
-inline Decimal notBelowZero(const Decimal& amount) { return std::max(amount, Decimal(0)); }
 inline Amounts notBelowZero(const Amounts& amounts) {
     return {notBelowZero(amounts.canton), notBelowZero(amounts.federal)};
 }

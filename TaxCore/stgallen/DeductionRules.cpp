@@ -7,12 +7,6 @@
 
 namespace taxcore {
 
-namespace {
-
-Decimal notBelowZero(const Decimal& amount) { return std::max(amount, Decimal(0)); }
-
-} // namespace
-
 Decimal taxedRentalValue(const RealEstate& property,
                          const CantonExtraParams::Liegenschaften& params) {
     if (property.use == PropertyUse::vermietet) {

@@ -9,8 +9,6 @@ namespace taxcore {
 
 namespace {
 
-std::string francs(const Decimal& amount) { return "Fr. " + MoneyFormat::chf(amount, 0, false); }
-
 /// StG SG Art. 39, DBG Art. 26
 template <class R>
 void addWorkExpenses(Calculation<R>& c, Adult& adult) {
@@ -28,9 +26,9 @@ void addWorkExpenses(Calculation<R>& c, Adult& adult) {
     const auto isCut = [](const WorkExpenseBreakdown& b) { return b.commute < b.commuteUncapped; };
     std::optional<std::string> note = c.nameOf(adult);
     if (isCut(adult.work.canton) || isCut(adult.work.federal)) {
-        note = "Begrenzt auf " + francs(c.params.canton->berufskosten.fahrkostenMax)
+        note = "Begrenzt auf " + MoneyFormat::fr(c.params.canton->berufskosten.fahrkostenMax)
                + " (Kanton). Für die Bundessteuer gilt max. "
-               + francs(c.params.federal->berufskosten.fahrkostenMax) + ".";
+               + MoneyFormat::fr(c.params.federal->berufskosten.fahrkostenMax) + ".";
     }
     line.deduction(each([](const WorkExpenseBreakdown& b) { return b.total(); }, adult.work),
                    std::move(note));

@@ -9,8 +9,6 @@ namespace taxcore::notices {
 namespace {
 
 std::string withCurrency(const Decimal& amount) { return MoneyFormat::chf(amount, 0, true); }
-std::string francs(const Decimal& amount) { return "Fr. " + MoneyFormat::chf(amount, 0, false); }
-
 std::string perPerson(std::string_view id, int person) {
     return std::string(id) + std::to_string(person);
 }
@@ -33,7 +31,7 @@ Notice debtInterestLimit(const Decimal& limit, const Decimal& allowance) {
             .level = Notice::Level::warning,
             .title = "Schuldzinsen begrenzt",
             .message = "Private Schuldzinsen sind nur bis zum Vermögensertrag plus "
-                       + francs(allowance) + " abziehbar. Abgezogen werden " + withCurrency(limit)
+                       + MoneyFormat::fr(allowance) + " abziehbar. Abgezogen werden " + withCurrency(limit)
                        + ".",
 
             .area = "wealth"};
@@ -84,8 +82,8 @@ Notice medicalBelowThreshold(const Decimal& costs, const Decimal& threshold) {
 Notice donationsBelowMinimum(const Decimal& minimum) {
     return {.id = "spenden-min",
             .level = Notice::Level::info,
-            .title = "Spenden unter " + francs(minimum),
-            .message = "Freiwillige Zuwendungen sind erst ab gesamthaft " + francs(minimum)
+            .title = "Spenden unter " + MoneyFormat::fr(minimum),
+            .message = "Freiwillige Zuwendungen sind erst ab gesamthaft " + MoneyFormat::fr(minimum)
                        + " pro Jahr abziehbar.",
 
             .area = "other"};

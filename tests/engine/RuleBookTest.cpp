@@ -64,6 +64,10 @@ TEST(RuleBook, namesAMissingFileAndKeepsNothing) {
                               copy.folder() / file);
         EXPECT_TRUE(RuleBook::load(2026, "SG", cache, files)) << "the failure was kept";
     }
+    RuleBookCache cache;
+    const auto none = RuleBook::load(2026, "SG", cache, RuleFiles("/nowhere"));
+    ASSERT_FALSE(none);
+    EXPECT_EQ(none.error().fileName, "sg-params-2026.json") << "the first of all";
 }
 
 /// The error of a load after one change to the files of 2025.
@@ -165,7 +169,9 @@ TEST(RuleBook, mayBeLoadedFromManyThreads) {
     for (const auto& book : books) {
         ASSERT_NE(book, nullptr);
         expectSameRules(*book, *shippedRules(book->year));
-        expectSameRules(*book, *cache.get(book->year, "SG"));
+        const auto kept = cache.get(book->year, "SG");
+        ASSERT_NE(kept, nullptr);
+        expectSameRules(*book, *kept);
     }
 }
 
