@@ -48,6 +48,7 @@ int completedYears(Date birth, Date on) noexcept;
 template <>
 struct std::hash<taxcore::Date> {
     std::size_t operator()(const taxcore::Date& date) const noexcept {
-        return static_cast<std::size_t>(date.year() * 512 + date.month() * 32 + date.day());
+        const auto part = [](int value) { return static_cast<std::size_t>(value); };
+        return part(date.year()) * 512 + part(date.month()) * 32 + part(date.day());
     }
 };

@@ -140,7 +140,7 @@ bool JsonReader::read(ondemand::value json, Uuid& target) {
 }
 
 bool JsonReader::skip(ondemand::value json) {
-    ondemand::json_type type;
+    auto type = ondemand::json_type::null;
     if (json.type().get(type) != simdjson::SUCCESS || !push({})) {
         return error_ ? false : malformed();
     }
@@ -168,7 +168,7 @@ bool JsonReader::skip(ondemand::value json) {
         if (ok) {
             for (auto entry : array) {
                 ondemand::value item;
-                if (std::move(entry).get(item) != simdjson::SUCCESS || !skip(item)) {
+                if (entry.get(item) != simdjson::SUCCESS || !skip(item)) {
                     ok = false;
                     break;
                 }

@@ -242,7 +242,7 @@ bool JsonReader::read(ondemand::value json, std::vector<T>& target) {
     target.clear();
     for (auto entry : array) {
         ondemand::value item;
-        if (std::move(entry).get(item) != simdjson::SUCCESS) {
+        if (entry.get(item) != simdjson::SUCCESS) {
             return malformed();
         }
         if (!push({{}, target.size()}) || !read(item, target.emplace_back())) {

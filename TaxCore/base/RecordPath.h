@@ -13,9 +13,7 @@
 #include <string_view>
 #include <vector>
 
-namespace taxcore {
-
-namespace detail {
+namespace taxcore::detail {
 
 inline std::string joinPath(const std::string& path, std::string_view field) {
     return path.empty() ? std::string(field) : path + "." + std::string(field);
@@ -112,6 +110,4 @@ std::optional<std::string> valueAtPath(const T& value, std::string_view path) {
     }
 }
 
-} // namespace detail
-
-} // namespace taxcore
+} // namespace taxcore::detail

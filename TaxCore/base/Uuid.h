@@ -16,7 +16,7 @@ namespace taxcore {
 class Uuid {
   public:
     /// The nil UUID, all zero.
-    constexpr Uuid() noexcept : bytes_{} {}
+    constexpr Uuid() noexcept = default;
 
     /// A fresh random (version 4) UUID. Unique, not secret: the generator is fast, seeded from the
     /// system's entropy once per thread.
@@ -34,7 +34,7 @@ class Uuid {
     }
 
   private:
-    boost::uuids::uuid bytes_;
+    boost::uuids::uuid bytes_{};
 };
 
 } // namespace taxcore

@@ -2,7 +2,6 @@
 #include "tests/support/RandomCase.h"
 
 #include <gtest/gtest.h>
-
 #include <sys/resource.h>
 
 #include <algorithm>
@@ -186,7 +185,7 @@ TEST(ReadCase, letsOnlyOptionalAndLiechtensteinKeysBeMissing) {
     ASSERT_EQ(fromJson<TaxCase>(complete), household);
 
     const struct {
-        std::string key; ///< with its value and the comma that belongs to it
+        std::string key;  ///< with its value and the comma that belongs to it
         std::string path; ///< empty where the key may be missing
     } table[] = {
         {"\n  \"iban\": \"\",", "iban"},
@@ -295,8 +294,7 @@ TEST(ReadCase, explainsDamagedTextsWithTheirPlace) {
         "Die Daten enthalten " + atName + " Zeichen, die nicht in UTF-8 geschrieben sind.";
     const BadText table[] = {
         {"", Kind::truncated, "", "Die Daten brechen " + top + " ab."},
-        {" \n\t\n ", Kind::truncated, "",
-         "Die Daten brechen auf der obersten Ebene (Zeile 3) ab."},
+        {" \n\t\n ", Kind::truncated, "", "Die Daten brechen auf der obersten Ebene (Zeile 3) ab."},
         {"{} x", Kind::syntax, "", broken(top)},
         {"{}{}", Kind::syntax, "", broken(top)},
         {"{'cash':1}", Kind::syntax, "", broken(top)},

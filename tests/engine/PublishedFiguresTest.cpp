@@ -6,6 +6,7 @@
 
 #include <charconv>
 #include <set>
+#include <stdexcept>
 
 namespace taxcore {
 namespace {

@@ -1,11 +1,12 @@
-#include "TaxCore/rulebook/RuleBook.h"
-
 #include "TaxCore/base/Rounding.h"
+#include "TaxCore/rulebook/RuleBook.h"
 #include "tests/support/RuleChecker.h"
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <filesystem>
+#include <map>
 #include <set>
 #include <thread>
 

@@ -9,6 +9,8 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <map>
+#include <optional>
 #include <set>
 #include <stdexcept>
 
@@ -193,10 +195,11 @@ void checkPairs(const T& record, const std::string& path, int workDays, Report& 
             numbers.emplace(name, field);
         }
     });
-    for (const auto& [name, number] : numbers) {
+    for (const auto& entry : numbers) {
+        const std::string& name = entry.first;
         const auto notAbove = [&](const std::string& other, const Decimal& factor) {
             if (const auto bound = numbers.find(other); bound != numbers.end()) {
-                report.require(number <= bound->second * factor, join(path, name),
+                report.require(entry.second <= bound->second * factor, join(path, name),
                                "more than " + other + " allows");
             }
         };

@@ -13,8 +13,8 @@ namespace taxcore::testing {
 /// What is wrong with a rule file, "<file>: <path of the key>: <fault>".
 using Complaints = std::vector<std::string>;
 
-/// Reads the rule files of a folder as someone who distrusts whoever typed them: the files that
-/// ought to be there, their keys, citations and ranges, and the shape that the law gives a tariff.
+/// Checks the rule files of a folder for slips of the pen: the files that ought to be there, their
+/// keys, citations and ranges, and the shape that the law gives a tariff.
 Complaints checkRuleFiles(const std::filesystem::path& folder);
 
 /// The book of the rule files in the source tree; throws when it does not load.
