@@ -29,10 +29,9 @@ namespace detail {
 
 template <class T>
 concept DecimalSource =
-    std::integral<T> && !std::same_as<T, bool> && !std::same_as<T, char>
-    && !std::same_as<T, signed char> && !std::same_as<T, unsigned char>
-    && !std::same_as<T, wchar_t> && !std::same_as<T, char8_t> && !std::same_as<T, char16_t>
-    && !std::same_as<T, char32_t>;
+    std::integral<T> && !std::same_as<
+        T,
+        bool> && !std::same_as<T, char> && !std::same_as<T, signed char> && !std::same_as<T, unsigned char> && !std::same_as<T, wchar_t> && !std::same_as<T, char8_t> && !std::same_as<T, char16_t> && !std::same_as<T, char32_t>;
 
 } // namespace detail
 
@@ -68,8 +67,8 @@ class Decimal {
 
     /// Binary floating point has no exact cents; it does not get in, not even by a cast.
     template <class T>
-        requires(std::is_arithmetic_v<T> && !detail::DecimalSource<T>)
-    Decimal(T) = delete;
+    requires(std::is_arithmetic_v<T> && !detail::DecimalSource<T>) Decimal(T)
+    = delete;
 
     /// (10^38 - 1) · 10^128; overflow ends here and at its negative.
     static constexpr Decimal largest() noexcept {
@@ -561,8 +560,9 @@ inline namespace literals {
 /// 12.35_dec, 1'000_dec, 2.5e-3_dec: exactly the number written. What `Decimal::parse` would not
 /// read without the digit separators does not compile.
 template <char... Text>
-    requires(detail::decimalLiteral<Text...>.has_value())
-consteval Decimal operator""_dec() noexcept { return *detail::decimalLiteral<Text...>; }
+requires(detail::decimalLiteral<Text...>.has_value()) consteval Decimal operator""_dec() noexcept {
+    return *detail::decimalLiteral<Text...>;
+}
 
 } // namespace literals
 

@@ -21,19 +21,6 @@
 
 namespace taxcore {
 
-/// A value computed from a record that its JSON form shows beside the fields.
-template <class T, class Value>
-struct DerivedField {
-    std::string_view name;
-    Value (T::*compute)() const;
-};
-
-/// Specialise it with a `static constexpr std::tuple fields` of `DerivedField`s.
-template <class T>
-struct DerivedFields {
-    static constexpr std::tuple<> fields{};
-};
-
 /// Appends JSON to a text.
 class JsonWriter {
   public:

@@ -8,6 +8,7 @@
 #include <functional>
 #include <optional>
 #include <string_view>
+#include <tuple>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -82,6 +83,19 @@ consteval std::string_view nameOfField() {
 /// The name of a field by its member pointer: `fieldName<&Person::firstName>`.
 template <auto Pointer>
 inline constexpr std::string_view fieldName = detail::nameOfField<Pointer>();
+
+/// A value computed from a record that its JSON form shows beside the fields.
+template <class T, class Value>
+struct DerivedField {
+    std::string_view name;
+    Value (T::*compute)() const;
+};
+
+/// Specialise it with a `static constexpr std::tuple fields` of `DerivedField`s.
+template <class T>
+struct DerivedFields {
+    static constexpr std::tuple<> fields{};
+};
 
 /// Whether a record reads with keys left out (each then takes its new value).
 template <class T>

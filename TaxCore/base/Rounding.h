@@ -6,8 +6,8 @@
 
 namespace taxcore {
 
-// The roundings of tax law by name, and its floor. "Plain" is to nearest, halves away from zero; "cut" is toward
-// negative infinity.
+// The roundings of tax law by name, and its floor. "Plain" is to nearest, halves away from zero;
+// "cut" is toward negative infinity.
 
 /// Plain to 5 Rappen: 1234.575 becomes 1234.60.
 constexpr Decimal toFiveRappen(const Decimal& francs) {

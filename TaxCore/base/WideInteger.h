@@ -165,8 +165,8 @@ constexpr Uint128 dropDigits(Uint128 value, int digits) noexcept {
     return multiply(value, factor).high >> (bitWidth(powerOfTen(digits)) - 1);
 }
 
-/// `value` / 10^`digits`, rounded to nearest, half up, `digits` from 1 to 76. Requires `value` below
-/// 2^127 · 10^38 and a result below 2^127.
+/// `value` / 10^`digits`, rounded to nearest, half up, `digits` from 1 to 76. Requires `value`
+/// below 2^127 · 10^38 and a result below 2^127.
 constexpr Uint128 roundDigits(Uint256 value, int digits) noexcept {
     if (digits > 38) {
         // Cutting first is no second rounding: the half that decides lies above the cut.

@@ -4,19 +4,6 @@
 
 namespace taxcore {
 
-template <>
-struct DerivedFields<TaxBill> {
-    static constexpr std::tuple fields{
-        DerivedField<TaxBill, Decimal>{"cantonTotal", &TaxBill::cantonTotal},
-        DerivedField<TaxBill, Decimal>{"municipalityTotal", &TaxBill::municipalityTotal},
-        DerivedField<TaxBill, Decimal>{"churchTotal", &TaxBill::churchTotal},
-        DerivedField<TaxBill, Decimal>{"cantonAndMunicipalityTotal",
-                                       &TaxBill::cantonAndMunicipalityTotal},
-        DerivedField<TaxBill, Decimal>{"total", &TaxBill::total},
-        DerivedField<TaxBill, Decimal>{"totalRate", &TaxBill::totalRate},
-    };
-};
-
 template std::string toJson<TaxResult>(const TaxResult&, JsonStyle);
 
 std::string TaxLine::id() const { return code.empty() ? ziffer + "-" + label : code; }

@@ -120,6 +120,20 @@ TAXCORE_RECORD(TaxBill, kind, taxableIncomeCanton, taxableIncomeFederal, taxable
                cantonWealth, municipalityWealth, churchWealth, federalBeforeChildReduction,
                federalChildReduction, federal);
 
+/// The JSON form shows the sums beside the fields.
+template <>
+struct DerivedFields<TaxBill> {
+    static constexpr std::tuple fields{
+        DerivedField<TaxBill, Decimal>{"cantonTotal", &TaxBill::cantonTotal},
+        DerivedField<TaxBill, Decimal>{"municipalityTotal", &TaxBill::municipalityTotal},
+        DerivedField<TaxBill, Decimal>{"churchTotal", &TaxBill::churchTotal},
+        DerivedField<TaxBill, Decimal>{"cantonAndMunicipalityTotal",
+                                       &TaxBill::cantonAndMunicipalityTotal},
+        DerivedField<TaxBill, Decimal>{"total", &TaxBill::total},
+        DerivedField<TaxBill, Decimal>{"totalRate", &TaxBill::totalRate},
+    };
+};
+
 /// The separate tax on the year's lump-sum pension payments; francs.
 struct CapitalPaymentTax {
     Decimal amount; ///< total of the payments
