@@ -1,5 +1,6 @@
 #include "TaxCore/base/Date.h"
 
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -107,7 +108,7 @@ std::optional<TimeOfDay> readTime(Scanner& in) noexcept {
             if (!more || *more > 60) {
                 return std::nullopt;
             }
-            second = *more;
+            second = std::min(*more, 59); // a leap second belongs to the day it ends
             if (in.accept('.') || in.accept(',')) {
                 if (!in.startsWithDigit()) {
                     return std::nullopt;

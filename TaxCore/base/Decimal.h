@@ -29,9 +29,10 @@ namespace detail {
 
 template <class T>
 concept DecimalSource =
-    std::integral<T> && !std::same_as<
-        T,
-        bool> && !std::same_as<T, char> && !std::same_as<T, signed char> && !std::same_as<T, unsigned char> && !std::same_as<T, wchar_t> && !std::same_as<T, char8_t> && !std::same_as<T, char16_t> && !std::same_as<T, char32_t>;
+    std::integral<T> && !std::same_as<T, bool> && !std::same_as<T, char>
+    && !std::same_as<T, signed char> && !std::same_as<T, unsigned char>
+    && !std::same_as<T, wchar_t> && !std::same_as<T, char8_t> && !std::same_as<T, char16_t>
+    && !std::same_as<T, char32_t>;
 
 } // namespace detail
 
@@ -67,8 +68,8 @@ class Decimal {
 
     /// Binary floating point has no exact cents; it does not get in, not even by a cast.
     template <class T>
-    requires(std::is_arithmetic_v<T> && !detail::DecimalSource<T>) Decimal(T)
-    = delete;
+        requires(std::is_arithmetic_v<T> && !detail::DecimalSource<T>)
+    Decimal(T) = delete;
 
     /// (10^38 - 1) · 10^128; overflow ends here and at its negative.
     static constexpr Decimal largest() noexcept {
@@ -160,7 +161,7 @@ class Decimal {
 
     friend constexpr std::strong_ordering operator<=>(const Decimal& a, const Decimal& b) noexcept {
         if (const Aligned both = align(a, b); both.fits) [[likely]]
-            return order(static_cast<wide::Int128>(both.a), static_cast<wide::Int128>(both.b));
+            return order(both.a, both.b);
         return compareWide(a, b);
     }
 
@@ -168,7 +169,7 @@ class Decimal {
         if (value.isZero())
             return 0;
         wide::Uint128 digits = value.magnitude();
-        const int exponent = value.exponent_ + wide::stripZeros(digits, maxDigits);
+        const int exponent = value.exponent_ + wide::stripZeros(digits);
         std::uint64_t mixed =
             wide::lowerHalf(digits) ^ (wide::upperHalf(digits) * 0x9E3779B97F4A7C15);
         mixed += static_cast<std::uint64_t>(exponent * 2 + (value.isNegative() ? 1 : 0)) << 48;
@@ -216,7 +217,10 @@ class Decimal {
         return wide::upperHalf(sum) + limit < 2 * limit;
     }
 
-    static constexpr std::strong_ordering order(auto a, auto b) noexcept {
+    /// Order of two coefficients in two's complement.
+    static constexpr std::strong_ordering order(wide::Uint128 bitsA, wide::Uint128 bitsB) noexcept {
+        const auto a = static_cast<wide::Int128>(bitsA);
+        const auto b = static_cast<wide::Int128>(bitsB);
         return a < b   ? std::strong_ordering::less
                : b < a ? std::strong_ordering::greater
                        : std::strong_ordering::equal;
@@ -251,8 +255,6 @@ class Decimal {
                                  bool roundsUp = false) noexcept;
     static constexpr Decimal addWide(const Decimal& a, const Decimal& b) noexcept;
     static constexpr Decimal divide(const Decimal& a, const Decimal& b) noexcept;
-    static constexpr Decimal divideWords(bool negative, std::uint64_t a, std::uint64_t b,
-                                         int exponent) noexcept;
     static constexpr std::strong_ordering compareWide(const Decimal& a, const Decimal& b) noexcept;
     constexpr Decimal roundWide(int places, bool down) const noexcept;
 
@@ -351,51 +353,17 @@ constexpr Decimal Decimal::addWide(const Decimal& a, const Decimal& b) noexcept 
 }
 
 constexpr Decimal Decimal::divide(const Decimal& a, const Decimal& b) noexcept {
-    const bool negative = a.isNegative() != b.isNegative();
     if (a.isZero())
         return {};
     if (b.isZero())
         return a.isNegative() ? -largest() : largest();
-    const wide::Uint128 over = a.magnitude();
-    const wide::Uint128 under = b.magnitude();
+    const bool negative = a.isNegative() != b.isNegative();
     const int exponent = a.exponent_ - b.exponent_;
-    const int underDigits = wide::digitCount(under);
-    if (under == wide::powerOfTen(underDigits - 1))
-        return fit(negative, {0, over}, exponent - (underDigits - 1));
-    if (wide::upperHalf(over) == 0 && wide::upperHalf(under) == 0)
-        return divideWords(negative, wide::lowerHalf(over), wide::lowerHalf(under), exponent);
-    // Scales the dividend so that the quotient has exactly 38 digits before the point.
-    const int gap = underDigits - wide::digitCount(over);
-    const wide::Uint128 a1 = gap > 0 ? over * wide::powerOfTen(gap) : over;
-    const wide::Uint128 b1 = gap < 0 ? under * wide::powerOfTen(-gap) : under;
-    const int scale = a1 < b1 ? maxDigits : maxDigits - 1;
-    wide::Quotient result = wide::divide(wide::multiply(a1, wide::powerOfTen(scale)), b1);
-    const int added = gap + scale;
-    if (result.remainder == 0) {
-        const int spare = added > 0 ? wide::stripZeros(result.quotient, added) : 0;
-        return fit(negative, {0, result.quotient}, exponent - added + spare);
-    }
-    return fit(negative, {0, result.quotient}, exponent - added,
-               result.remainder >= b1 - result.remainder);
-}
-
-constexpr Decimal Decimal::divideWords(bool negative, std::uint64_t a, std::uint64_t b,
-                                       int exponent) noexcept {
-    wide::Uint128 quotient = a / b;
-    std::uint64_t rest = a % b;
-    int digits = wide::digitCount(quotient);
-    while (rest != 0 && digits < maxDigits) {
-        int step = maxDigits - digits < 19 ? maxDigits - digits : 19;
-        const wide::Uint128 dividend = wide::Uint128{rest} * wide::smallPowerOfTen(step);
-        wide::Uint128 next = wide::lowerHalf(dividend / b);
-        rest = wide::lowerHalf(dividend - next * b);
-        if (rest == 0)
-            step -= wide::stripZeros(next, step);
-        quotient = quotient * wide::smallPowerOfTen(step) + next;
-        digits = digits == 0 ? wide::digitCount(quotient) : digits + step;
-        exponent -= step;
-    }
-    return fit(negative, {0, quotient}, exponent, rest != 0 && rest >= b - rest);
+    const int zeros = wide::digitCount(b.magnitude()) - 1;
+    if (b.magnitude() == wide::powerOfTen(zeros))
+        return fit(negative, {0, a.magnitude()}, exponent - zeros);
+    const wide::Fraction quotient = wide::divideToDigits(a.magnitude(), b.magnitude());
+    return fit(negative, {0, quotient.digits}, exponent - quotient.places, quotient.roundsUp);
 }
 
 constexpr std::strong_ordering Decimal::compareWide(const Decimal& a, const Decimal& b) noexcept {
@@ -426,21 +394,10 @@ constexpr Decimal Decimal::roundWide(int places, bool down) const noexcept {
 
 constexpr char* Decimal::writeTo(char* first) const noexcept {
     std::array<char, maxDigits> digits{};
-    std::size_t start = digits.size();
-    wide::Uint128 left = magnitude();
-    while (left != 0) {
-        // Words divide much faster than 128 bits do.
-        const wide::Uint128 above = wide::upperHalf(left) == 0 ? 0 : wide::dropDigits(left, 18);
-        std::uint64_t word = wide::lowerHalf(left - above * wide::smallPowerOfTen(18));
-        for (int i = 0; above != 0 ? i < 18 : word != 0; ++i) {
-            digits[--start] = static_cast<char>('0' + word % 10);
-            word /= 10;
-        }
-        left = above;
-    }
-    std::size_t end = digits.size();
+    const char* end = digits.data() + digits.size();
+    const char* start = wide::writeDigits(magnitude(), digits.data() + digits.size());
     int exponent = isZero() ? 0 : exponent_;
-    for (; exponent < 0 && digits[end - 1] == '0'; ++exponent)
+    for (; exponent < 0 && end[-1] == '0'; ++exponent)
         --end;
     if (isNegative())
         *first++ = '-';
@@ -448,13 +405,13 @@ constexpr char* Decimal::writeTo(char* first) const noexcept {
     if (wholeDigits <= 0)
         *first++ = '0';
     for (int i = 0; i < wholeDigits; ++i)
-        *first++ = start < end ? digits[start++] : '0';
+        *first++ = start < end ? *start++ : '0';
     if (exponent < 0)
         *first++ = '.';
     for (int i = wholeDigits; i < 0; ++i)
         *first++ = '0';
     while (start < end)
-        *first++ = digits[start++];
+        *first++ = *start++;
     return first;
 }
 
@@ -512,25 +469,9 @@ constexpr tl::expected<Decimal, DecimalFault> Decimal::parse(std::string_view te
     }
     exponent += last > point ? -static_cast<std::int64_t>(last - point - 1)
                              : static_cast<std::int64_t>(point - last);
-    wide::Uint128 digits = 0;
-    std::uint64_t word = 0;
-    int inWord = 0;
-    for (std::size_t i = first; i < last; ++i) {
-        if (i == point)
-            continue;
-        word = word * 10 + static_cast<std::uint64_t>(text[i] - '0');
-        if (++inWord == 19) {
-            digits = digits * wide::smallPowerOfTen(inWord) + word;
-            word = 0;
-            inWord = 0;
-        }
-    }
-    digits = digits * wide::smallPowerOfTen(inWord) + word;
-    if (exponent < minExponent) {
-        const std::int64_t missing = minExponent - exponent;
-        exponent +=
-            wide::stripZeros(digits, missing < maxDigits ? static_cast<int>(missing) : maxDigits);
-    }
+    wide::Uint128 digits = wide::readDigits(text.substr(first, last - first));
+    if (exponent < minExponent)
+        exponent += wide::stripZeros(digits);
     const std::int64_t above = exponent > maxExponent ? exponent - maxExponent : 0;
     if (exponent < minExponent || wide::digitCount(digits) + above > maxDigits)
         return fault(DecimalFault::outOfRange);
@@ -560,9 +501,8 @@ inline namespace literals {
 /// 12.35_dec, 1'000_dec, 2.5e-3_dec: exactly the number written. What `Decimal::parse` would not
 /// read without the digit separators does not compile.
 template <char... Text>
-requires(detail::decimalLiteral<Text...>.has_value()) consteval Decimal operator""_dec() noexcept {
-    return *detail::decimalLiteral<Text...>;
-}
+    requires(detail::decimalLiteral<Text...>.has_value())
+consteval Decimal operator""_dec() noexcept { return *detail::decimalLiteral<Text...>; }
 
 } // namespace literals
 

@@ -56,7 +56,7 @@ template <class T>
 tl::expected<T, JsonError> fromJson(std::string_view text, JsonGaps gaps = JsonGaps::refused);
 
 /// Reads like `fromJson`, but over an existing value: fields left out keep what they hold, lists
-/// are replaced whole.
+/// are replaced whole. A patch that does not read changes nothing.
 template <class T>
 tl::expected<void, JsonError> patchFromJson(T& target, std::string_view text);
 

@@ -2,8 +2,8 @@
 
 #include "TaxCore/base/Decimal.h"
 
-#include <array>
-#include <cstdint>
+#include <algorithm>
+#include <charconv>
 #include <utility>
 #include <vector>
 
@@ -57,12 +57,9 @@ class FaultScanner {
   public:
     explicit FaultScanner(std::string_view text) noexcept : text_(text) {}
 
-    JsonError run() {
-        JsonError::Kind fault = JsonError::Kind::syntax;
-        if (const auto found = scan()) {
-            fault = *found;
-        }
-        return {fault, path(), sentence(fault)};
+    std::optional<JsonError> run() {
+        const Fault fault = scan();
+        return fault ? std::optional(JsonError{*fault, path(), sentence(*fault)}) : std::nullopt;
     }
 
   private:
@@ -174,12 +171,57 @@ class FaultScanner {
             if (static_cast<unsigned char>(peek()) < 0x20) {
                 return {JsonError::Kind::syntax, {}};
             }
-            at_ += peek() == '\\' && at_ + 1 < text_.size() ? 2 : length;
+            if (peek() != '\\') {
+                at_ += length;
+            } else if (const Fault fault = scanEscape()) {
+                return {fault, {}};
+            }
         }
         if (atEnd()) {
             return {JsonError::Kind::truncated, {}};
         }
         return {std::nullopt, text_.substr(begin, at_++ - begin)};
+    }
+
+    /// One escape sequence; a high surrogate must be followed by its low one.
+    Fault scanEscape() {
+        ++at_;
+        if (atEnd()) {
+            return JsonError::Kind::truncated;
+        }
+        if (peek() != 'u') {
+            const bool known =
+                std::string_view("\"\\/bfnrt").find(peek()) != std::string_view::npos;
+            ++at_;
+            return known ? std::nullopt : Fault(JsonError::Kind::syntax);
+        }
+        ++at_;
+        const auto first = scanHex();
+        if (first >= 0xDC00 && first <= 0xDFFF) {
+            return JsonError::Kind::syntax;
+        }
+        if (first >= 0xD800 && first <= 0xDBFF) {
+            const bool paired = text_.substr(at_, 2) == "\\u";
+            at_ += paired ? 2 : 0;
+            const auto second = paired ? scanHex() : -1;
+            return second >= 0xDC00 && second <= 0xDFFF ? std::nullopt : endOrSyntax();
+        }
+        return first < 0 ? endOrSyntax() : std::nullopt;
+    }
+
+    Fault endOrSyntax() const noexcept {
+        return atEnd() ? JsonError::Kind::truncated : JsonError::Kind::syntax;
+    }
+
+    /// Four hexadecimal digits; negative when they are not there.
+    int scanHex() noexcept {
+        unsigned value = 0;
+        const std::string_view digits = text_.substr(std::min(at_, text_.size()), 4);
+        const auto [end, status] =
+            std::from_chars(digits.data(), digits.data() + digits.size(), value, 16);
+        const bool four = status == std::errc{} && end == digits.data() + 4;
+        at_ += four ? 4 : digits.size() < 4 ? digits.size() : 0;
+        return four ? static_cast<int>(value) : -1;
     }
 
     Fault scanScalar() {
@@ -247,7 +289,7 @@ class FaultScanner {
 
 } // namespace
 
-JsonError locateFault(std::string_view text) { return FaultScanner(text).run(); }
+std::optional<JsonError> locateFault(std::string_view text) { return FaultScanner(text).run(); }
 
 JsonError contentError(JsonError::Kind kind, std::string path, std::string_view detail) {
     const std::string place = path.empty() ? "Der Inhalt" : quoted(path);
@@ -273,6 +315,9 @@ JsonError contentError(JsonError::Kind kind, std::string path, std::string_view 
         break;
     case JsonError::Kind::number:
         message = place + " ist eine Zahl " + std::string(detail) + ".";
+        break;
+    case JsonError::Kind::tooDeep:
+        message = "Die Daten sind bei " + place + " zu tief verschachtelt.";
         break;
     case JsonError::Kind::tooLarge:
         message = "Die Daten sind grösser als " + std::to_string(maxJsonSize >> 20U) + " MB.";

@@ -91,11 +91,12 @@ bool JsonReader::read(ondemand::value json, int& target) {
     if (!read(json, number)) {
         return false;
     }
-    const auto whole = number.toInteger();
-    if (!whole) {
+    if (!number.isInteger()) {
         return fail(JsonError::Kind::wrongType, "eine ganze Zahl");
     }
-    if (*whole < std::numeric_limits<int>::min() || *whole > std::numeric_limits<int>::max()) {
+    const auto whole = number.toInteger();
+    if (!whole || *whole < std::numeric_limits<int>::min()
+        || *whole > std::numeric_limits<int>::max()) {
         return fail(JsonError::Kind::number, "ausserhalb des darstellbaren Bereichs");
     }
     target = static_cast<int>(*whole);
@@ -141,8 +142,15 @@ bool JsonReader::read(ondemand::value json, Uuid& target) {
 
 bool JsonReader::skip(ondemand::value json) {
     auto type = ondemand::json_type::null;
-    if (json.type().get(type) != simdjson::SUCCESS || !push({})) {
-        return error_ ? false : malformed();
+    if (json.type().get(type) != simdjson::SUCCESS) {
+        return malformed();
+    }
+    const bool nests = type == ondemand::json_type::object || type == ondemand::json_type::array;
+    if (nests && depth_ >= static_cast<std::size_t>(maxJsonDepth)) {
+        return fail(JsonError::Kind::tooDeep);
+    }
+    if (!push({})) {
+        return false;
     }
     bool ok = true;
     switch (type) {

@@ -92,7 +92,7 @@ class JsonReader {
     JsonGaps gaps_;
     bool malformed_ = false;
     std::size_t depth_ = 0;
-    std::array<Step, static_cast<std::size_t>(maxJsonDepth)> steps_{};
+    std::array<Step, static_cast<std::size_t>(maxJsonDepth) + 1> steps_{};
     std::optional<JsonError> error_;
 };
 
@@ -159,10 +159,13 @@ tl::expected<void, JsonError> JsonReader::readDocument(std::string_view text, T&
     if (complete) {
         return {};
     }
-    if (error_) {
-        return tl::unexpected(std::move(*error_));
+    // What does not fit is told only of well-formed texts; the library itself looks no further than
+    // it must.
+    if (auto fault = locateFault(text)) {
+        return tl::unexpected(std::move(*fault));
     }
-    return tl::unexpected(locateFault(text));
+    return tl::unexpected(error_ ? std::move(*error_)
+                                 : contentError(JsonError::Kind::wrongType, {}, "ein Objekt"));
 }
 
 template <Record T>
@@ -263,7 +266,7 @@ bool JsonReader::read(ondemand::value json, std::optional<T>& target) {
         target.reset();
         return true;
     }
-    return read(json, target.emplace());
+    return read(json, target ? *target : target.emplace());
 }
 
 template <class T>
@@ -329,7 +332,12 @@ tl::expected<T, JsonError> fromJson(std::string_view text, JsonGaps gaps) {
 
 template <class T>
 tl::expected<void, JsonError> patchFromJson(T& target, std::string_view text) {
-    return JsonReader(JsonGaps::filled).readDocument(text, target);
+    T patched = target;
+    auto done = JsonReader(JsonGaps::filled).readDocument(text, patched);
+    if (done) {
+        target = std::move(patched);
+    }
+    return done;
 }
 
 } // namespace taxcore

@@ -53,37 +53,6 @@ constexpr void forEachField(T& record, Visit&& visit) {
         [&](auto field) { visit(std::string_view(field.name), record.*field.pointer); });
 }
 
-namespace detail {
-
-template <class M>
-struct MemberPointer;
-template <class C, class M>
-struct MemberPointer<M C::*> {
-    using Class = C;
-    using Member = M;
-};
-
-template <auto Pointer>
-consteval std::string_view nameOfField() {
-    using Class = typename MemberPointer<decltype(Pointer)>::Class;
-    std::string_view name;
-    boost::mp11::mp_for_each<Fields<Class>>([&](auto field) {
-        if constexpr (std::is_same_v<std::remove_cv_t<decltype(field.pointer)>,
-                                     std::remove_cv_t<decltype(Pointer)>>) {
-            if (field.pointer == Pointer) {
-                name = field.name;
-            }
-        }
-    });
-    return name;
-}
-
-} // namespace detail
-
-/// The name of a field by its member pointer: `fieldName<&Person::firstName>`.
-template <auto Pointer>
-inline constexpr std::string_view fieldName = detail::nameOfField<Pointer>();
-
 /// A value computed from a record that its JSON form shows beside the fields.
 template <class T, class Value>
 struct DerivedField {

@@ -4,6 +4,7 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 /// Unsigned integer arithmetic of 128 and 256 bits and its powers of ten: the machinery below
 /// `Decimal`. Preconditions are the caller's business; nothing here checks them.
@@ -54,7 +55,7 @@ struct Quotient {
 /// bit is set, and leaves the remainder in `high`. Requires `high` < `divisor`.
 constexpr std::uint64_t divideStep(Uint128& high, std::uint64_t next, Uint128 divisor) noexcept {
     const std::uint64_t lead = upperHalf(divisor);
-    Uint128 digit = upperHalf(high) >= lead ? Uint128{UINT64_MAX} : high / lead;
+    Uint128 digit = high / lead;
     Uint128 rest = high - digit * lead;
     // The leading half alone overestimates the digit by two at most.
     while (upperHalf(rest) == 0 && digit * lowerHalf(divisor) > ((rest << 64) | next)) {
@@ -178,13 +179,13 @@ constexpr Uint128 roundDigits(Uint256 value, int digits) noexcept {
                                                       : divide(value, powerOfTen(digits)).quotient;
 }
 
-/// Takes up to `limit` trailing zeros off `value`, which must be positive and below 2^127; returns
-/// how many.
-constexpr int stripZeros(Uint128& value, int limit) noexcept {
+/// Takes the trailing zeros off `value`, which must be positive and below 2^127; returns how many.
+constexpr int stripZeros(Uint128& value) noexcept {
     int stripped = 0;
     for (int step = 32; step > 0; step /= 2) {
+        // Each zero is a factor of two as well; counting those rules out most divisions.
         const int twos = lowerHalf(value) != 0 ? std::countr_zero(lowerHalf(value)) : 64;
-        if (step > twos || stripped + step > limit)
+        if (step > twos)
             continue;
         const Uint128 shorter = dropDigits(value, step);
         if (shorter * powerOfTen(step) == value) {
@@ -193,6 +194,85 @@ constexpr int stripZeros(Uint128& value, int limit) noexcept {
         }
     }
     return stripped;
+}
+
+/// `digits` / 10^`places`, cut at the last digit; `roundsUp` if what was cut is half a unit or
+/// more.
+struct Fraction {
+    Uint128 digits = 0;
+    int places = 0;
+    bool roundsUp = false;
+};
+
+namespace detail {
+
+constexpr Fraction divideWords(std::uint64_t dividend, std::uint64_t divisor) noexcept {
+    Fraction result{dividend / divisor, 0, false};
+    std::uint64_t rest = dividend % divisor;
+    int count = digitCount(result.digits);
+    while (rest != 0 && count < 38) {
+        int step = 38 - count < 19 ? 38 - count : 19;
+        const Uint128 scaled = Uint128{rest} * smallPowerOfTen(step);
+        Uint128 next = lowerHalf(scaled / divisor);
+        rest = lowerHalf(scaled - next * divisor);
+        if (rest == 0)
+            step -= stripZeros(next);
+        result.digits = result.digits * smallPowerOfTen(step) + next;
+        result.places += step;
+        count = count == 0 ? digitCount(result.digits) : count + step;
+    }
+    result.roundsUp = rest != 0 && rest >= divisor - rest;
+    return result;
+}
+
+} // namespace detail
+
+/// The quotient of two positive integers of up to 38 digits: exact and without zeros at the end of
+/// the fraction if 38 digits suffice, else its first 38 digits.
+constexpr Fraction divideToDigits(Uint128 dividend, Uint128 divisor) noexcept {
+    if (upperHalf(dividend) == 0 && upperHalf(divisor) == 0)
+        return detail::divideWords(lowerHalf(dividend), lowerHalf(divisor));
+    const int gap = digitCount(divisor) - digitCount(dividend);
+    dividend *= powerOfTen(gap > 0 ? gap : 0);
+    divisor *= powerOfTen(gap < 0 ? -gap : 0);
+    // Now of the same length, they have a quotient between 1/10 and 10.
+    const int scale = dividend < divisor ? 38 : 37;
+    Quotient result = divide(multiply(dividend, powerOfTen(scale)), divisor);
+    const int spare = result.remainder == 0 ? stripZeros(result.quotient) : 0;
+    return {result.quotient, gap + scale - spare, result.remainder >= divisor - result.remainder};
+}
+
+/// The number that the digits of `text` make, at most 38 of them; other characters are passed over.
+constexpr Uint128 readDigits(std::string_view text) noexcept {
+    Uint128 value = 0;
+    std::uint64_t word = 0; // words multiply faster
+    int inWord = 0;
+    for (const char c : text) {
+        if (c < '0' || c > '9')
+            continue;
+        word = word * 10 + static_cast<std::uint64_t>(c - '0');
+        if (++inWord == 19) {
+            value = value * smallPowerOfTen(inWord) + word;
+            word = 0;
+            inWord = 0;
+        }
+    }
+    return value * smallPowerOfTen(inWord) + word;
+}
+
+/// Writes the digits of `value`, below 2^127, so that they end before `end`; returns their start.
+/// 0 has no digits.
+constexpr char* writeDigits(Uint128 value, char* end) noexcept {
+    while (upperHalf(value) != 0) {
+        const Uint128 above = dropDigits(value, 18);
+        std::uint64_t word = lowerHalf(value - above * smallPowerOfTen(18));
+        for (int i = 0; i < 18; ++i, word /= 10)
+            *--end = static_cast<char>('0' + word % 10);
+        value = above;
+    }
+    for (std::uint64_t word = lowerHalf(value); word != 0; word /= 10)
+        *--end = static_cast<char>('0' + word % 10);
+    return end;
 }
 
 } // namespace taxcore::wide

@@ -67,8 +67,6 @@ struct Calculation {
     Amounts taxableIncome;
     Decimal taxableWealth;
 
-    bool recording() const noexcept { return Recorder::enabled; }
-
     /// A value of both rule files.
     Amounts rule(Decimal DeductionParams::*value) const {
         return {params.canton->*value, params.federal->*value};

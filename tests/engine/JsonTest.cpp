@@ -347,7 +347,8 @@ TEST(ReadCase, refusesEveryTruncationWithASentence) {
 TEST(ReadCase, refusesMonstrousTextsFastAndWithinMemory) {
     const std::string nested = "x" + repeated("[0]", 47);
     const BadText table[] = {
-        {std::string(100U << 20U, '['), Kind::wrongType, "", "Der Inhalt muss ein Objekt sein."},
+        {std::string(100U << 20U, '['), Kind::tooDeep, repeated("[0]", 48),
+         "Die Daten sind bei «" + repeated("[0]", 48) + "» (Zeile 1) zu tief verschachtelt."},
         {"{\"x\":" + std::string(100U << 20U, '['), Kind::tooDeep, nested,
          "Die Daten sind bei «" + nested + "» (Zeile 1) zu tief verschachtelt."},
         {"{\"x\":" + repeated("[", 48) + repeated("]", 48) + "}", Kind::tooDeep, nested,
