@@ -9,7 +9,9 @@ target_compile_options(fiscarel_flags INTERFACE
 
 if(FISCAREL_SANITIZE)
     target_compile_options(fiscarel_flags INTERFACE
-        -fsanitize=${FISCAREL_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+        -fsanitize=${FISCAREL_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer
+        # The instrumented code makes g++ see uninitialised values in plain optionals.
+        $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     target_link_options(fiscarel_flags INTERFACE -fsanitize=${FISCAREL_SANITIZE})
 endif()
 

@@ -161,6 +161,7 @@ TEST(MoneyFormat, groupsRoundsAndSigns) {
         EXPECT_EQ(MoneyFormat::chf(Decimal::parse(amount).value(), decimals, withCurrency), text)
             << amount;
     }
+    EXPECT_EQ(MoneyFormat::fr(8'000), "Fr. 8’000");
     EXPECT_EQ(MoneyFormat::number(115.50_dec), "115.5");
     EXPECT_EQ(MoneyFormat::number(1e3_dec), "1000");
 }

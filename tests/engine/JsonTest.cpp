@@ -318,6 +318,7 @@ TEST(ReadCase, explainsDamagedTextsWithTheirPlace) {
         {named("\\u12g4"), Kind::syntax, name, broken(atName)},
         {named("\\ud83d"), Kind::syntax, name, broken(atName)},
         {named("\\ud83d\\u0041"), Kind::syntax, name, broken(atName)},
+        {named("\\ud83d\\ud83d"), Kind::syntax, name, broken(atName)},
         {named("\\ude00"), Kind::syntax, name, broken(atName)},
         {"{\"x\":\n\"\\ud83d\"\n}", Kind::syntax, "x", broken("bei «x» (Zeile 2)")},
     };

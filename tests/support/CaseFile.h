@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <map>
 #include <optional>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -32,6 +33,11 @@ struct CaseFile {
     std::map<std::string, std::vector<Texts>> work; ///< by jurisdiction, per person
     std::map<std::string, Texts> insurance;         ///< by jurisdiction
     std::vector<std::string> notices;               ///< ids, sorted
+
+    /// How the test runner names the case.
+    friend void PrintTo(const CaseFile& file, std::ostream* out) {
+        *out << file.path.stem().string();
+    }
 };
 
 /// All case files below a folder of `tests/cases`, sorted by path. A file that does not read fails
