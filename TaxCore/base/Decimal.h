@@ -29,10 +29,9 @@ namespace detail {
 
 template <class T>
 concept DecimalSource =
-    std::integral<T> && !std::same_as<T, bool> && !std::same_as<T, char>
-    && !std::same_as<T, signed char> && !std::same_as<T, unsigned char>
-    && !std::same_as<T, wchar_t> && !std::same_as<T, char8_t> && !std::same_as<T, char16_t>
-    && !std::same_as<T, char32_t>;
+    std::integral<T> && !std::same_as<
+        T,
+        bool> && !std::same_as<T, char> && !std::same_as<T, signed char> && !std::same_as<T, unsigned char> && !std::same_as<T, wchar_t> && !std::same_as<T, char8_t> && !std::same_as<T, char16_t> && !std::same_as<T, char32_t>;
 
 } // namespace detail
 
@@ -68,8 +67,8 @@ class Decimal {
 
     /// Binary floating point has no exact cents; it does not get in, not even by a cast.
     template <class T>
-        requires(std::is_arithmetic_v<T> && !detail::DecimalSource<T>)
-    Decimal(T) = delete;
+    requires(std::is_arithmetic_v<T> && !detail::DecimalSource<T>) Decimal(T)
+    = delete;
 
     /// (10^38 - 1) · 10^128; overflow ends here and at its negative.
     static constexpr Decimal largest() noexcept {
@@ -392,120 +391,6 @@ constexpr Decimal Decimal::roundWide(int places, bool down) const noexcept {
     return fit(isNegative(), {0, kept + (grows ? 1U : 0U)}, exponent);
 }
 
-constexpr char* Decimal::writeTo(char* first) const noexcept {
-    std::array<char, maxDigits> digits{};
-    const char* end = digits.data() + digits.size();
-    const char* start = wide::writeDigits(magnitude(), digits.data() + digits.size());
-    int exponent = isZero() ? 0 : exponent_;
-    for (; exponent < 0 && end[-1] == '0'; ++exponent)
-        --end;
-    if (isNegative())
-        *first++ = '-';
-    const int wholeDigits = static_cast<int>(end - start) + exponent;
-    if (wholeDigits <= 0)
-        *first++ = '0';
-    for (int i = 0; i < wholeDigits; ++i)
-        *first++ = start < end ? *start++ : '0';
-    if (exponent < 0)
-        *first++ = '.';
-    for (int i = wholeDigits; i < 0; ++i)
-        *first++ = '0';
-    while (start < end)
-        *first++ = *start++;
-    return first;
-}
-
-constexpr tl::expected<Decimal, DecimalFault> Decimal::parse(std::string_view text) noexcept {
-    const auto fault = [](DecimalFault reason) { return tl::unexpected<DecimalFault>(reason); };
-    const auto isDigitAt = [text](std::size_t i) {
-        return i < text.size() && text[i] >= '0' && text[i] <= '9';
-    };
-    const bool negative = text.starts_with('-');
-    std::size_t first = negative ? 1 : 0;
-    std::size_t at = first;
-    while (isDigitAt(at))
-        ++at;
-    if (at == first || (text[first] == '0' && at > first + 1))
-        return fault(DecimalFault::syntax);
-    const std::size_t point = at;
-    if (at < text.size() && text[at] == '.') {
-        ++at;
-        while (isDigitAt(at))
-            ++at;
-        if (at == point + 1)
-            return fault(DecimalFault::syntax);
-    }
-    std::size_t last = at;
-    std::int64_t exponent = 0;
-    if (at < text.size() && (text[at] == 'e' || text[at] == 'E')) {
-        ++at;
-        const bool down = at < text.size() && text[at] == '-';
-        if (down || (at < text.size() && text[at] == '+'))
-            ++at;
-        const std::size_t exponentStart = at;
-        for (; isDigitAt(at); ++at) {
-            // Capped where no text is long enough to bring it back into range.
-            if (exponent < 100'000'000'000'000'000)
-                exponent = exponent * 10 + (text[at] - '0');
-        }
-        if (at == exponentStart)
-            return fault(DecimalFault::syntax);
-        exponent = down ? -exponent : exponent;
-    }
-    if (at != text.size())
-        return fault(DecimalFault::syntax);
-    while (first < last && (text[first] == '0' || text[first] == '.'))
-        ++first;
-    if (first == last)
-        return Decimal{};
-    const auto digitsUpTo = [&](std::size_t end) {
-        return end - first - (first < point && point < end ? 1 : 0);
-    };
-    if (digitsUpTo(last) > maxDigits) {
-        while (text[last - 1] == '0' || text[last - 1] == '.')
-            --last;
-        if (digitsUpTo(last) > maxDigits)
-            return fault(DecimalFault::tooManyDigits);
-    }
-    exponent += last > point ? -static_cast<std::int64_t>(last - point - 1)
-                             : static_cast<std::int64_t>(point - last);
-    wide::Uint128 digits = wide::readDigits(text.substr(first, last - first));
-    if (exponent < minExponent)
-        exponent += wide::stripZeros(digits);
-    const std::int64_t above = exponent > maxExponent ? exponent - maxExponent : 0;
-    if (exponent < minExponent || wide::digitCount(digits) + above > maxDigits)
-        return fault(DecimalFault::outOfRange);
-    if (above > 0)
-        digits *= wide::powerOfTen(static_cast<int>(above));
-    return signedValue(negative, digits, static_cast<int>(exponent - above));
-}
-
-namespace detail {
-
-template <char... Text>
-inline constexpr auto decimalLiteral = [] {
-    constexpr std::array<char, sizeof...(Text)> written{Text...};
-    std::array<char, sizeof...(Text)> digits{};
-    std::size_t length = 0;
-    for (const char c : written) {
-        if (c != '\'')
-            digits[length++] = c;
-    }
-    return Decimal::parse({digits.data(), length});
-}();
-
-} // namespace detail
-
-inline namespace literals {
-
-/// 12.35_dec, 1'000_dec, 2.5e-3_dec: exactly the number written. What `Decimal::parse` would not
-/// read without the digit separators does not compile.
-template <char... Text>
-    requires(detail::decimalLiteral<Text...>.has_value())
-consteval Decimal operator""_dec() noexcept { return *detail::decimalLiteral<Text...>; }
-
-} // namespace literals
-
 } // namespace taxcore
 
 template <>
@@ -514,3 +399,5 @@ struct std::hash<taxcore::Decimal> {
         return hash_value(value);
     }
 };
+
+#include "TaxCore/base/DecimalText.h" // IWYU pragma: export

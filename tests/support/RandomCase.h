@@ -30,7 +30,7 @@ class RandomCase {
 
     template <Record T>
     void fill(T& record) {
-        forEachField(record, [this](std::string_view, auto& field) { fill(field); });
+        forEachField(record, [&](std::string_view, auto& field) { fill(field); });
     }
     template <class T>
     void fill(std::vector<T>& list) {
