@@ -316,9 +316,6 @@ JsonError contentError(JsonError::Kind kind, std::string path, std::string_view 
     case JsonError::Kind::number:
         message = place + " ist eine Zahl " + std::string(detail) + ".";
         break;
-    case JsonError::Kind::tooDeep:
-        message = "Die Daten sind bei " + place + " zu tief verschachtelt.";
-        break;
     case JsonError::Kind::tooLarge:
         message = "Die Daten sind grösser als " + std::to_string(maxJsonSize >> 20U) + " MB.";
         break;

@@ -145,66 +145,56 @@ bool JsonReader::skip(ondemand::value json) {
     if (json.type().get(type) != simdjson::SUCCESS) {
         return malformed();
     }
-    const bool nests = type == ondemand::json_type::object || type == ondemand::json_type::array;
-    if (nests && depth_ >= static_cast<std::size_t>(maxJsonDepth)) {
-        return fail(JsonError::Kind::tooDeep);
-    }
-    if (!push({})) {
-        return false;
-    }
-    bool ok = true;
     switch (type) {
     case ondemand::json_type::object: {
         ondemand::object object;
-        ok = json.get_object().get(object) == simdjson::SUCCESS;
-        if (ok) {
-            for (auto entry : object) {
-                ondemand::field pair;
-                std::string_view key;
-                if (std::move(entry).get(pair) != simdjson::SUCCESS
-                    || pair.unescaped_key().get(key) != simdjson::SUCCESS || !skip(pair.value())) {
-                    ok = false;
-                    break;
-                }
-            }
+        if (depth_ == steps_.size() || json.get_object().get(object) != simdjson::SUCCESS) {
+            return malformed();
         }
-        break;
+        for (auto entry : object) {
+            ondemand::field pair;
+            std::string_view key;
+            if (std::move(entry).get(pair) != simdjson::SUCCESS
+                || pair.unescaped_key().get(key) != simdjson::SUCCESS) {
+                return malformed();
+            }
+            if (!push({key}) || !skip(pair.value())) {
+                return false;
+            }
+            pop();
+        }
+        return true;
     }
     case ondemand::json_type::array: {
         ondemand::array array;
-        ok = json.get_array().get(array) == simdjson::SUCCESS;
-        if (ok) {
-            for (auto entry : array) {
-                ondemand::value item;
-                if (entry.get(item) != simdjson::SUCCESS || !skip(item)) {
-                    ok = false;
-                    break;
-                }
-            }
+        if (depth_ == steps_.size() || json.get_array().get(array) != simdjson::SUCCESS) {
+            return malformed();
         }
-        break;
+        for (auto entry : array) {
+            ondemand::value item;
+            if (entry.get(item) != simdjson::SUCCESS) {
+                return malformed();
+            }
+            if (!push({}) || !skip(item)) {
+                return false;
+            }
+            pop();
+        }
+        return true;
     }
     case ondemand::json_type::string: {
         std::string_view text;
-        ok = json.get_string().get(text) == simdjson::SUCCESS;
-        break;
+        return json.get_string().get(text) == simdjson::SUCCESS || malformed();
     }
     case ondemand::json_type::number: {
         const auto number = Decimal::parse(token(json));
-        ok = number || number.error() != DecimalFault::syntax;
-        break;
+        return number || number.error() != DecimalFault::syntax || malformed();
     }
     default: {
         const std::string_view text = token(json);
-        ok = text == "true" || text == "false" || text == "null";
-        break;
+        return text == "true" || text == "false" || text == "null" || malformed();
     }
     }
-    if (error_) {
-        return false;
-    }
-    pop();
-    return ok || malformed();
 }
 
 } // namespace taxcore

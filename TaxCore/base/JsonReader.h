@@ -63,7 +63,7 @@ class JsonReader {
 
     bool push(Step step) {
         if (depth_ == steps_.size()) {
-            return fail(JsonError::Kind::tooDeep);
+            return malformed();
         }
         steps_[depth_++] = step;
         return true;
@@ -83,16 +83,12 @@ class JsonReader {
     static std::string_view token(ondemand::value& json) noexcept;
     std::string path() const;
     bool fail(JsonError::Kind kind, std::string_view detail = {});
-    /// The library refused the text; the place is found afterwards.
-    bool malformed() noexcept {
-        malformed_ = true;
-        return false;
-    }
+    /// The text itself is damaged; where is found out afterwards.
+    static bool malformed() noexcept { return false; }
 
     JsonGaps gaps_;
-    bool malformed_ = false;
     std::size_t depth_ = 0;
-    std::array<Step, static_cast<std::size_t>(maxJsonDepth) + 1> steps_{};
+    std::array<Step, static_cast<std::size_t>(maxJsonDepth)> steps_{};
     std::optional<JsonError> error_;
 };
 

@@ -168,11 +168,13 @@ TEST(Difference, matchesListItemsByIdentity) {
          [](TaxCase& c, const Debt&) { c.debts.erase(c.debts.begin()); },
          {{"debts[0]", debtText(before.debts[0]), std::nullopt}}},
         {"items in another order",
-         [](TaxCase& c, const Debt&) { std::ranges::rotate(c.debts, c.debts.begin() + 1); },
+         [](TaxCase& c, const Debt&) {
+             std::rotate(c.debts.begin(), c.debts.begin() + 1, c.debts.end());
+         },
          {}},
         {"an item moved and changed",
          [](TaxCase& c, const Debt&) {
-             std::ranges::rotate(c.debts, c.debts.begin() + 1);
+             std::rotate(c.debts.begin(), c.debts.begin() + 1, c.debts.end());
              c.debts[2].creditor = "Z";
          },
          {{"debts[2].creditor", R"("A")", R"("Z")"}}},
