@@ -31,8 +31,8 @@ Notice debtInterestLimit(const Decimal& limit, const Decimal& allowance) {
             .level = Notice::Level::warning,
             .title = "Schuldzinsen begrenzt",
             .message = "Private Schuldzinsen sind nur bis zum Vermögensertrag plus "
-                       + MoneyFormat::fr(allowance) + " abziehbar. Abgezogen werden " + withCurrency(limit)
-                       + ".",
+                       + MoneyFormat::fr(allowance) + " abziehbar. Abgezogen werden "
+                       + withCurrency(limit) + ".",
 
             .area = "wealth"};
 }

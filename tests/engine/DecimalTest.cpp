@@ -41,14 +41,20 @@ static_assert(noneConstructs<bool, char, signed char, unsigned char, wchar_t, ch
                              char32_t, const char*, std::string>);
 
 template <class A, class B>
-concept Computable = requires(A a, B b) { a + b; } || requires(A a, B b) { a * b; }
-                     || requires(A a, B b) { a == b; } || requires(A a, B b) { a < b; };
+concept Computable = requires(A a, B b) {
+    a + b;
+}
+|| requires(A a, B b) { a* b; }
+|| requires(A a, B b) { a == b; }
+|| requires(A a, B b) { a < b; };
 static_assert(Computable<Decimal, int> && Computable<long, Decimal>);
 static_assert(!Computable<Decimal, double> && !Computable<float, Decimal>);
 static_assert(!Computable<Decimal, bool> && !Computable<Decimal, char>);
 
 template <char... Text>
-concept Literal = requires { operator""_dec<Text...>(); };
+concept Literal = requires {
+    operator""_dec<Text...>();
+};
 static_assert(Literal<'0'> && Literal<'1', '2', '.', '3', '5'> && Literal<'1', 'e', '-', '3'>);
 static_assert(!Literal<'0', '0', '7'> && !Literal<'0', 'x', '1', '0'>);
 static_assert(!Literal<'1', '.'> && !Literal<'.', '5'>);

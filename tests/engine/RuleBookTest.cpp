@@ -1,5 +1,6 @@
-#include "TaxCore/base/Rounding.h"
 #include "TaxCore/rulebook/RuleBook.h"
+
+#include "TaxCore/base/Rounding.h"
 #include "tests/support/RuleChecker.h"
 
 #include <gtest/gtest.h>
