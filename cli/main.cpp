@@ -3,6 +3,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include <cstdio>
+#include <exception>
 #include <functional>
 #include <iostream>
 #include <memory>
@@ -78,9 +80,7 @@ void addFile(CLI::App& command, std::string& file) {
     command.add_option("DATEI", file, "Datei mit den Angaben; - liest die Standardeingabe");
 }
 
-} // namespace
-
-int main(int argc, char** argv) {
+int run(int argc, char** argv) {
     constexpr int demoYear = taxcore::RuleBook::supportedYears.front();
     CLI::App app("Steuererklärung auf der Kommandozeile", "fiscarel-cli");
     speakGerman(app);
@@ -127,4 +127,15 @@ int main(int argc, char** argv) {
         return usageError;
     }
     return action();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return run(argc, argv);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "Das Programm ist gescheitert: %s.\n", error.what());
+        return 1;
+    }
 }

@@ -1,6 +1,7 @@
 #include "TaxCore/base/JsonFault.h"
 
 #include "TaxCore/base/Decimal.h"
+#include "TaxCore/base/Utf8.h"
 
 #include <algorithm>
 #include <charconv>
@@ -26,30 +27,6 @@ std::string quoted(std::string_view path) {
         text += "…";
     }
     return text + "»";
-}
-
-/// Length of the well-formed UTF-8 sequence at the start of `text`; 0 when there is none.
-std::size_t utf8Length(std::string_view text) noexcept {
-    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    const auto tail = [&](std::size_t i) { return i < text.size() && (byte(i) & 0xC0U) == 0x80U; };
-    const unsigned char lead = byte(0);
-    if (lead < 0x80) {
-        return 1;
-    }
-    if (lead >= 0xC2 && lead <= 0xDF) {
-        return tail(1) ? 2 : 0;
-    }
-    if (lead >= 0xE0 && lead <= 0xEF) {
-        const bool ok = tail(1) && tail(2) && (lead != 0xE0 || byte(1) >= 0xA0)
-                        && (lead != 0xED || byte(1) <= 0x9F);
-        return ok ? 3 : 0;
-    }
-    if (lead >= 0xF0 && lead <= 0xF4) {
-        const bool ok = tail(1) && tail(2) && tail(3) && (lead != 0xF0 || byte(1) >= 0x90)
-                        && (lead != 0xF4 || byte(1) <= 0x8F);
-        return ok ? 4 : 0;
-    }
-    return 0;
 }
 
 /// A plain pushdown scanner of JSON that remembers where it is.

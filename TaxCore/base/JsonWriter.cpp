@@ -1,5 +1,7 @@
 #include "TaxCore/base/JsonWriter.h"
 
+#include "TaxCore/base/Utf8.h"
+
 namespace taxcore {
 
 void JsonWriter::write(const Decimal& value) {
@@ -12,42 +14,58 @@ void JsonWriter::write(int value) { out_ += std::to_string(value); }
 void JsonWriter::write(bool value) { out_ += value ? "true" : "false"; }
 
 void JsonWriter::write(std::string_view text) {
-    constexpr std::string_view digits = "0123456789abcdef";
     out_ += '"';
     std::size_t plain = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const char c = text[i];
-        const auto code = static_cast<unsigned char>(c);
-        if (code >= 0x20 && c != '"' && c != '\\') {
-            continue;
-        }
-        out_ += text.substr(plain, i - plain);
-        plain = i + 1;
-        switch (c) {
-        case '"':
-            out_ += "\\\"";
-            break;
-        case '\\':
-            out_ += "\\\\";
-            break;
-        case '\n':
-            out_ += "\\n";
-            break;
-        case '\t':
-            out_ += "\\t";
-            break;
-        case '\r':
-            out_ += "\\r";
-            break;
-        default:
-            out_ += "\\u00";
-            out_ += digits[code >> 4U];
-            out_ += digits[code & 15U];
-            break;
+    std::size_t at = 0;
+    const auto flush = [&] { out_ += text.substr(plain, at - plain); };
+    while (at < text.size()) {
+        const auto code = static_cast<unsigned char>(text[at]);
+        if (code >= 0x80) {
+            const std::size_t length = utf8Length(text.substr(at));
+            if (length == 0) {
+                // What is no UTF-8 would make a file that does not read back.
+                flush();
+                out_ += "\uFFFD";
+                plain = at + 1;
+            }
+            at += length == 0 ? 1 : length;
+        } else {
+            if (code < 0x20 || code == '"' || code == '\\') {
+                flush();
+                writeEscape(text[at]);
+                plain = at + 1;
+            }
+            ++at;
         }
     }
-    out_ += text.substr(plain);
+    flush();
     out_ += '"';
+}
+
+void JsonWriter::writeEscape(char c) {
+    constexpr std::string_view digits = "0123456789abcdef";
+    switch (c) {
+    case '"':
+        out_ += "\\\"";
+        break;
+    case '\\':
+        out_ += "\\\\";
+        break;
+    case '\n':
+        out_ += "\\n";
+        break;
+    case '\t':
+        out_ += "\\t";
+        break;
+    case '\r':
+        out_ += "\\r";
+        break;
+    default:
+        out_ += "\\u00";
+        out_ += digits[static_cast<unsigned char>(c) >> 4U];
+        out_ += digits[static_cast<unsigned char>(c) & 15U];
+        break;
+    }
 }
 
 void JsonWriter::open(char bracket) {

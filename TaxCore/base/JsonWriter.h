@@ -56,6 +56,7 @@ class JsonWriter {
   private:
     template <Record T, std::size_t I>
     void writeEntry(const T& record);
+    void writeEscape(char c);
     void lineBreak();
 
     std::string& out_;

@@ -27,23 +27,36 @@ inline std::string itemPath(const std::string& path, std::size_t index) {
 template <class T, class Emit>
 void diffValue(const std::string& path, const T& before, const T& after, const Emit& emit);
 
+/// Where the item stands that `list[index]` of another list is compared with: the one of the same
+/// identity, the n-th with the n-th should an identity stand several times. The list's size when
+/// there is none.
+template <Identified T>
+std::size_t counterpart(const std::vector<T>& list, const std::vector<T>& other,
+                        std::size_t index) {
+    const auto same = [&](const T& item) { return item.id == other[index].id; };
+    auto earlier =
+        std::count_if(other.begin(), other.begin() + static_cast<std::ptrdiff_t>(index), same);
+    std::size_t at = 0;
+    while (at < list.size() && (!same(list[at]) || earlier-- > 0)) {
+        ++at;
+    }
+    return at;
+}
+
 template <Identified T, class Emit>
 void diffItems(const std::string& path, const std::vector<T>& before, const std::vector<T>& after,
                const Emit& emit) {
-    const auto withId = [](const std::vector<T>& list, const auto& id) {
-        return std::ranges::find_if(list, [&](const T& item) { return item.id == id; });
-    };
     for (std::size_t i = 0; i < before.size(); ++i) {
-        if (withId(after, before[i].id) == after.end()) {
+        if (counterpart(after, before, i) == after.size()) {
             emit(itemPath(path, i), toJson(before[i], JsonStyle::compact), std::nullopt);
         }
     }
     for (std::size_t i = 0; i < after.size(); ++i) {
-        const auto old = withId(before, after[i].id);
-        if (old == before.end()) {
+        const std::size_t old = counterpart(before, after, i);
+        if (old == before.size()) {
             emit(itemPath(path, i), std::nullopt, toJson(after[i], JsonStyle::compact));
         } else {
-            diffValue(itemPath(path, i), *old, after[i], emit);
+            diffValue(itemPath(path, i), before[old], after[i], emit);
         }
     }
 }
@@ -74,14 +87,15 @@ void diffValue(const std::string& path, const T& before, const T& after, const E
     }
 }
 
-/// The JSON text of the value that the rest of a path leads to.
+/// The JSON text of the value that the rest of a path leads to. `nested`: a point stands before the
+/// next field.
 template <class T>
-std::optional<std::string> valueAtPath(const T& value, std::string_view path) {
+std::optional<std::string> valueAtPath(const T& value, std::string_view path, bool nested = false) {
     if (path.empty()) {
         return toJson(value, JsonStyle::compact);
     }
     if constexpr (isOptional<T>) {
-        return value ? valueAtPath(*value, path) : std::nullopt;
+        return value ? valueAtPath(*value, path, nested) : std::nullopt;
     } else if constexpr (isList<T>) {
         const std::size_t close = path.find(']');
         if (path.front() != '[' || close == std::string_view::npos) {
@@ -92,16 +106,19 @@ std::optional<std::string> valueAtPath(const T& value, std::string_view path) {
         if (status != std::errc{} || end != path.data() + close || index >= value.size()) {
             return std::nullopt;
         }
-        return valueAtPath(value[index], path.substr(close + 1));
+        return valueAtPath(value[index], path.substr(close + 1), true);
     } else if constexpr (Record<T>) {
-        if (path.front() == '.') {
+        if (nested) {
+            if (path.front() != '.') {
+                return std::nullopt;
+            }
             path.remove_prefix(1);
         }
         const std::string_view name = path.substr(0, path.find_first_of(".["));
         std::optional<std::string> found;
         forEachField(value, [&](std::string_view field, const auto& member) {
             if (field == name) {
-                found = valueAtPath(member, path.substr(name.size()));
+                found = valueAtPath(member, path.substr(name.size()), true);
             }
         });
         return found;

@@ -10,8 +10,8 @@
 /// `Decimal`. Preconditions are the caller's business; nothing here checks them.
 namespace taxcore::wide {
 
-__extension__ typedef unsigned __int128 Uint128;
-__extension__ typedef __int128 Int128;
+__extension__ typedef unsigned __int128 Uint128; // NOLINT(modernize-use-using)
+__extension__ typedef __int128 Int128;           // NOLINT(modernize-use-using)
 
 struct Uint256 {
     Uint128 high = 0;
@@ -74,6 +74,7 @@ constexpr Quotient divide(Uint256 dividend, Uint128 divisor) noexcept {
     if (shift > 0) {
         dividend.high = (dividend.high << shift) | (dividend.low >> (128 - shift));
         dividend.low <<= shift;
+        // NOLINTNEXTLINE(clang-analyzer-core.*): the divisor is not 0, so shift is below 128
         divisor <<= shift;
     }
     Uint128 rest = dividend.high;
@@ -153,6 +154,7 @@ inline constexpr std::array<std::uint64_t, 20> smallReciprocals = [] {
 /// floor(`value` / 10^`digits`) for `value` up to 2^63, `digits` from 1 to 19.
 constexpr std::uint64_t dropDigitsOfWord(std::uint64_t value, int digits) noexcept {
     const std::uint64_t factor = detail::smallReciprocals[static_cast<std::size_t>(digits)];
+    // NOLINTNEXTLINE(clang-analyzer-core.*): the table has every power
     return upperHalf(Uint128{value} * factor) >> (std::bit_width(smallPowerOfTen(digits)) - 1);
 }
 

@@ -147,6 +147,14 @@ TEST(WrittenCase, looksAsFilesOfOursDo) {
               std::string::npos);
 }
 
+TEST(WrittenCase, readsBackWhateverItsTextsHold) {
+    TaxCase household;
+    household.iban = "a\xff\xc3\x28ü\xed\xa0\x80";
+    const auto read = fromJson<TaxCase>(toJson(household));
+    ASSERT_TRUE(read.has_value()) << read.error().message;
+    EXPECT_EQ(read->iban, "a\uFFFD\uFFFD(ü\uFFFD\uFFFD\uFFFD");
+}
+
 TEST(ReadCase, givesTheSameForEveryWayToWriteIt) {
     const std::pair<std::string, std::string> table[] = {
         {"\xEF\xBB\xBF{\"cash\":1}", R"({"cash":1})"},

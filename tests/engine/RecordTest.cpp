@@ -327,6 +327,24 @@ std::string rawValues() {
     return values;
 }
 
+TEST(Differences, keepItemsOfOneIdentityApart) {
+    TaxCase before;
+    before.debts.resize(2);
+    before.debts[1].id = before.debts[0].id; // somebody copied an item by hand
+    before.debts[0].amount = 1;
+    before.debts[1].amount = 2;
+    TaxCase after = before;
+    after.debts[0].amount = 9;
+    EXPECT_EQ(diff(before, after), (std::vector<FieldChange>{{"debts[0].amount", "1", "9"}}));
+    after = before;
+    after.debts.pop_back();
+    ASSERT_EQ(diff(before, after).size(), 1U);
+    EXPECT_EQ(diff(before, after)[0].path, "debts[1]");
+    for (const char* nowhere : {".cash", "debts[0]amount", "debts[0]", "debts.amount", "cash."}) {
+        EXPECT_EQ(valueAt(TaxCase(), nowhere), std::nullopt) << nowhere;
+    }
+}
+
 TEST(Enumerations, areStoredUnderTheirRawValues) {
     EXPECT_EQ(rawValues<TaxRegion>(), "|sg|li");
     EXPECT_EQ(rawValues<AssetCode>(), "||G|N|E|S|BP|BG");
