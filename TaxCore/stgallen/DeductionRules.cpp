@@ -20,8 +20,8 @@ Decimal taxedRentalValue(const RealEstate& property,
         return reduced;
     }
     // Multiplied before dividing: a share such as one third must leave no trace in an even amount.
-    const int used = property.rooms + 2 - std::min(property.unusedRooms, property.rooms);
-    return reduced * used / (Decimal(property.rooms) + 2);
+    const Decimal rooms = Decimal(property.rooms) + 2;
+    return reduced * (rooms - std::min(property.unusedRooms, property.rooms)) / rooms;
 }
 
 Decimal maintenanceCosts(const RealEstate& property,
@@ -123,7 +123,7 @@ Decimal vehicleValue(const Vehicle& vehicle, int year, const Decimal& yearlyShar
     if (vehicle.taxValueOverride) {
         return *vehicle.taxValueOverride;
     }
-    const int age = std::max(year - vehicle.purchaseYear.value_or(year), 0);
+    const Decimal age = notBelowZero(Decimal(year) - vehicle.purchaseYear.value_or(year));
     return toWholeFrancs(notBelowZero(vehicle.purchasePrice * (1 - yearlyShare * age)));
 }
 

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <limits>
 #include <map>
 #include <set>
 
@@ -180,6 +181,31 @@ TEST(Calculator, rendersTheSameForAnyOrderOfListEntries) {
         std::ranges::reverse(reversed.householdDeductions.donations);
         std::ranges::reverse(reversed.householdDeductions.medicalCosts);
         EXPECT_EQ(calculate(reversed), calculate(file.household)) << file.path;
+    }
+}
+
+TEST(Calculator, survivesNumbersNobodyHas) {
+    for (const int number : {std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
+        for (const Decimal& amount : {Decimal::largest(), -Decimal::largest()}) {
+            TaxCase taxCase = DemoData::family(2025);
+            RealEstate& home = taxCase.realEstate[0];
+            home.rooms = std::numeric_limits<int>::max();
+            home.unusedRooms = number;
+            home.imputedRentalValue = amount;
+            taxCase.vehicles[0].purchaseYear = number;
+            taxCase.householdDeductions.supportedPersons = number;
+            taxCase.children[1].childcareDaysWithMealsIncluded = number;
+            taxCase.deductions1.work.carWorkDays = number;
+            taxCase.deductions1.work.carKmOneWay = amount;
+            taxCase.deductions1.work.weeklyStay = true;
+            taxCase.deductions1.work.weeklyStayMonths = number;
+            taxCase.deductions1.work.mealDays = number;
+            taxCase.income1.salaries[0].grossSalary = amount;
+            taxCase.capitalPayments[0].amount = amount;
+            const TaxResult result = calculate(taxCase);
+            EXPECT_GE(result.bill.taxableIncomeCanton, 0);
+            EXPECT_GE(result.bill.taxableWealth, 0);
+        }
     }
 }
 
