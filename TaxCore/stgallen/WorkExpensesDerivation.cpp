@@ -154,7 +154,7 @@ class Explanation {
         if (p_.carKmOneWay.isZero()) {
             return;
         }
-        if (parts_.canton.commuteUncapped.isZero() && p_.carWorkDays > 0) {
+        if (privateVehicleCost(p_, params_.canton->berufskosten).isZero()) {
             why_.fact("Ohne Begründung zählt das private Motorfahrzeug nicht.",
                       path("carJustification"));
             return;
@@ -162,6 +162,7 @@ class Explanation {
         input("Kilometer pro Weg", p_.carKmOneWay, "carKmOneWay");
         input("Wege pro Arbeitstag", p_.carTripsPerDay, "carTripsPerDay");
         input("Arbeitstage mit dem Motorfahrzeug", p_.carWorkDays, "carWorkDays");
+        workingDaysMaximum(law::privateVehicle);
         if (p_.carIsMotorbike) {
             rule(law::privateVehicle, "Motorrad, pro Kilometer", "berufskosten.motorradProKm",
                  &BerufskostenParams::motorradProKm);
