@@ -15,7 +15,7 @@ std::optional<JsonError> locateFault(std::string_view text);
 
 /// Makes the error of a well-formed text whose content does not fit, with its German sentence.
 /// `detail` is what the kind needs: the expected thing ("eine Zahl") for `wrongType`, the list of
-/// allowed values for `unknownValue`, the offending text for `invalidUuid` and `invalidDate`.
+/// allowed values for `unknownValue`, what is wrong with a `number`.
 JsonError contentError(JsonError::Kind kind, std::string path, std::string_view detail = {});
 
 } // namespace taxcore

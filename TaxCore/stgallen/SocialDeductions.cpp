@@ -143,6 +143,8 @@ int addChildDeduction(Calculation<R>& c, std::string_view code, std::string_view
             ++index;
         }
         line.why.rule(law::childDeduction, "Abzug pro Kind", ruleKey, c.rule(amount));
+        line.why.rule(law::childDeduction, "Einheitlicher Abzug für jedes Kind (0: keiner)",
+                      "kinderabzugEinheitlich", c.rule(&DeductionParams::kinderabzugEinheitlich));
     }
     line.deduction(total);
     return count;

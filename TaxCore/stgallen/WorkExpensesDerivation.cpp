@@ -45,10 +45,7 @@ class Explanation {
             why_.fact("Feld G im Lohnausweis ist angekreuzt – die Verpflegung ist verbilligt.");
         }
         input("Verpflegungstage", p_.mealDays, "mealDays");
-        why_.rule(
-            law::meals, "Arbeitstage höchstens", "berufskosten.arbeitstageMax",
-            each([](const DeductionParams* p) { return Decimal(p->berufskosten.arbeitstageMax); },
-                 params_));
+        workingDaysMaximum(law::meals);
         switch (situation) {
         case MealSituation::auswaerts:
             rule(law::meals, "Auswärts essen, pro Tag", "berufskosten.verpflegungProTag",
@@ -170,6 +167,13 @@ class Explanation {
             rule(law::privateVehicle, "Auto, pro Kilometer", "berufskosten.autoProKm",
                  &BerufskostenParams::autoProKm);
         }
+    }
+
+    void workingDaysMaximum(const Law& law) {
+        why_.rule(
+            law, "Arbeitstage höchstens", "berufskosten.arbeitstageMax",
+            each([](const DeductionParams* p) { return Decimal(p->berufskosten.arbeitstageMax); },
+                 params_));
     }
 
     FieldPath path(std::string_view field) const {
