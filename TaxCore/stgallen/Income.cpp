@@ -110,9 +110,8 @@ template <class R>
 void addSecuritiesIncome(Calculation<R>& c) {
     auto ordinary =
         c.lines.line({"wertschriftenertrag", 0, "4.1", "Erträge aus Wertschriften und Guthaben"});
-    auto qualified =
-        c.lines.line({"beteiligungsertrag", 0, "4.2",
-                      "Erträge aus Beteiligungen ab 10% (Privatvermögen)", "beteiligungsertrag"});
+    auto qualified = c.lines.line(
+        {"beteiligungsertrag", 0, "4.2", "Erträge aus Beteiligungen ab 10% (Privatvermögen)"});
     ordinary.why.law(law::securitiesIncome, "Ertrag aus beweglichem Vermögen");
     qualified.why.law(law::participations, "Ertrag aus qualifizierten Beteiligungen");
     Decimal ordinaryIncome;
