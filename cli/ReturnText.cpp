@@ -100,7 +100,7 @@ std::string billText(const TaxResult& result) {
                     amount(bill.municipalityWealth), amount(bill.municipalityTotal()));
     text += billRow("Kirche", percent(bill.churchRate), amount(bill.churchIncome),
                     amount(bill.churchWealth), amount(bill.churchTotal()));
-    text += billRow("Kantonales Steueramt", percent(bill.totalRate()), "", "",
+    text += billRow("Kanton, Gemeinde und Kirche", percent(bill.totalRate()), "", "",
                     amount(bill.cantonAndMunicipalityTotal()));
     text += billRow("Direkte Bundessteuer", "", amount(bill.federal), "", amount(bill.federal));
     if (!bill.federalChildReduction.isZero()) {

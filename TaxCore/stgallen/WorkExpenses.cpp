@@ -97,10 +97,6 @@ Decimal sideJobCost(const EmploymentFacts& facts, const WorkExpenses& p,
                     facts.sideNet);
 }
 
-bool isBlank(const std::string& text) {
-    return text.find_first_not_of(" \t\r\n") == std::string::npos;
-}
-
 } // namespace
 
 EmploymentFacts::EmploymentFacts(const std::vector<SalaryCertificate>& salaries)
@@ -129,8 +125,12 @@ MealSituation mealSituation(const EmploymentFacts& facts, const WorkExpenses& p)
                                                                         : p.meals;
 }
 
+bool isVehicleJustified(const WorkExpenses& p) noexcept {
+    return p.carJustification.find_first_not_of(" \t\r\n") != std::string::npos;
+}
+
 Decimal privateVehicleCost(const WorkExpenses& p, const BerufskostenParams& params) {
-    if (isBlank(p.carJustification)) {
+    if (!isVehicleJustified(p)) {
         return 0;
     }
     const Decimal kilometres =

@@ -34,6 +34,9 @@ WorkExpenseBreakdown workExpenses(const EmploymentFacts& facts, const WorkExpens
 /// The same situation over midday that the calculation uses: box G makes full-price meals cheaper.
 MealSituation mealSituation(const EmploymentFacts& facts, const WorkExpenses& p) noexcept;
 
+/// Whether a reason is given why the private vehicle is needed; blanks alone are none. BKV Art. 5
+bool isVehicleJustified(const WorkExpenses& p) noexcept;
+
 /// Cost of the private vehicle before any cap; 0 without a justification. Working days are cut to
 /// the year's maximum. BKV Art. 3 und 5
 Decimal privateVehicleCost(const WorkExpenses& p, const BerufskostenParams& params);

@@ -151,7 +151,7 @@ class Explanation {
         if (p_.carKmOneWay.isZero()) {
             return;
         }
-        if (privateVehicleCost(p_, params_.canton->berufskosten).isZero()) {
+        if (!isVehicleJustified(p_)) {
             why_.fact("Ohne Begründung zählt das private Motorfahrzeug nicht.",
                       path("carJustification"));
             return;
