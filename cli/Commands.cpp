@@ -2,6 +2,7 @@
 
 #include "TaxCore/demo/DemoData.h"
 #include "cli/Batch.h"
+#include "cli/DerivationText.h"
 #include "cli/Input.h"
 #include "cli/ReturnText.h"
 

@@ -20,24 +20,6 @@ std::string amount(const Decimal& value) { return MoneyFormat::chf(value, 2, fal
 
 std::string cell(const std::string& text) { return padLeft(text, amountWidth); }
 
-/// Amounts and rates with the decimals they have, up to six.
-std::string exact(const Decimal& value) {
-    constexpr int most = 6;
-    const std::string plain = value.roundPlain(most).toString();
-    const std::size_t point = plain.find('.');
-    const std::size_t decimals = point == std::string::npos ? 0 : plain.size() - point - 1;
-    return MoneyFormat::chf(value, static_cast<int>(decimals), false);
-}
-
-std::string withoutTrailingBlanks(std::string line) {
-    line.erase(line.find_last_not_of(' ') + 1);
-    return line + "\n";
-}
-
-std::string heading(const std::string& text) {
-    return text + "\n" + std::string(displayWidth(text), '=') + "\n";
-}
-
 /// A label that leaves room for the amounts, its further words on lines of their own before them.
 std::string labelled(const std::string& ziffer, const std::string& label,
                      const std::string& amounts) {
@@ -139,21 +121,6 @@ std::string names(const TaxCase& taxCase) {
     return names;
 }
 
-std::string stepSource(const DerivationStep& step) {
-    std::string source;
-    const auto add = [&](std::string_view mark, const std::optional<std::string>& text) {
-        if (text) {
-            source += (source.empty() ? "" : " · ") + std::string(mark) + *text;
-        }
-    };
-    add("Feld ", step.path);
-    add("Zeile ", step.code);
-    add("Regel ", step.ruleKey);
-    add("", step.lawCanton);
-    add("", step.lawFederal);
-    return source;
-}
-
 } // namespace
 
 std::string returnText(const TaxCase& taxCase, const TaxResult& result) {
@@ -165,27 +132,6 @@ std::string returnText(const TaxCase& taxCase, const TaxResult& result) {
         text += sectionText(section);
     }
     return text + billText(result) + noticesText(result);
-}
-
-std::string derivationText(const Derivation& derivation) {
-    const auto amounts = [&](const std::optional<Decimal>& canton,
-                             const std::optional<Decimal>& federal) {
-        return canton ? cell(exact(*canton)) + cell(exact(federal.value_or(*canton))) : "";
-    };
-    constexpr std::size_t width = 2 + zifferWidth + labelWidth;
-    std::string text = heading(derivation.label + " (" + derivation.code + ")");
-    text += "\n" + withoutTrailingBlanks(padRight("", width) + cell("Kanton") + cell("Bund"));
-    for (const DerivationStep& step : derivation.steps) {
-        const std::string kind = std::string(label(step.kind));
-        const std::string line = "  " + padRight(kind, 18) + step.text;
-        text += withoutTrailingBlanks(padRight(line, width) + amounts(step.canton, step.federal));
-        if (const std::string source = stepSource(step); !source.empty()) {
-            text += wrapped(source, textWidth - 20, std::string(20, ' '));
-        }
-    }
-    text += std::string(width, ' ') + std::string(2 * amountWidth, '-') + "\n";
-    return text + padRight("  Ergebnis", width) + amounts(derivation.canton, derivation.federal)
-           + "\n";
 }
 
 } // namespace fiscarel::cli

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "TaxCore/model/TaxCase.h"
-#include "TaxCore/result/Derivation.h"
 #include "TaxCore/result/TaxResult.h"
 
 #include <string>
@@ -10,8 +9,5 @@ namespace fiscarel::cli {
 
 /// The return, the bill and the notices as German text of at most 100 columns.
 std::string returnText(const taxcore::TaxCase& taxCase, const taxcore::TaxResult& result);
-
-/// The derivation of one line as German text.
-std::string derivationText(const taxcore::Derivation& derivation);
 
 } // namespace fiscarel::cli

@@ -35,4 +35,13 @@ std::string wrapped(std::string_view text, std::size_t width, std::string_view i
     return line.empty() ? lines : lines.append(indent).append(line).append("\n");
 }
 
+std::string withoutTrailingBlanks(std::string line) {
+    line.erase(line.find_last_not_of(' ') + 1);
+    return line + "\n";
+}
+
+std::string heading(const std::string& text) {
+    return text + "\n" + std::string(displayWidth(text), '=') + "\n";
+}
+
 } // namespace fiscarel::cli

@@ -17,4 +17,10 @@ std::string padLeft(std::string_view text, std::size_t width);
 /// Breaks a text between words into lines of at most `width` columns, each behind `indent`.
 std::string wrapped(std::string_view text, std::size_t width, std::string_view indent);
 
+/// The line ended by a line feed, without the blanks before it.
+std::string withoutTrailingBlanks(std::string line);
+
+/// A heading and the rule under it, each on its line.
+std::string heading(const std::string& text);
+
 } // namespace fiscarel::cli
