@@ -69,7 +69,8 @@ int compute(const ComputeOptions& options) {
             return fail("Eine Zeile «" + options.why
                         + "» gibt es in dieser Steuererklärung nicht.");
         }
-        return print(options.json ? toJson(*derivation) : derivationText(*derivation));
+        return print(options.json ? toJson(*derivation)
+                                  : derivationText(*derivation, taxCase->taxRegion()));
     }
     const TaxResult result = calculator->calculate(*taxCase);
     return print(options.json ? toJson(result) : returnText(*taxCase, result));

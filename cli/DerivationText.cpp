@@ -3,25 +3,84 @@
 #include "TaxCore/base/MoneyFormat.h"
 #include "cli/TextTable.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace fiscarel::cli {
 
 namespace {
 
 using namespace taxcore;
 
-constexpr std::size_t labelledWidth = 66;
+constexpr std::size_t kindWidth = 20;
+constexpr std::size_t textWidth = 46;
 constexpr std::size_t amountWidth = 16;
-constexpr std::size_t sourceWidth = 72;
+constexpr std::size_t sourceWidth = 78;
 
 std::string cell(const std::string& text) { return padLeft(text, amountWidth); }
 
-/// Amounts and rates with the decimals they have, up to six.
-std::string exact(const Decimal& value) {
+/// Francs with Rappen, or with the further decimals they have, up to six.
+std::string francs(const Decimal& value) {
     constexpr int most = 6;
     const std::string plain = value.roundPlain(most).toString();
     const std::size_t point = plain.find('.');
     const std::size_t decimals = point == std::string::npos ? 0 : plain.size() - point - 1;
-    return MoneyFormat::chf(value, static_cast<int>(decimals), false);
+    return MoneyFormat::chf(value, std::max(2, static_cast<int>(decimals)), false);
+}
+
+std::string shown(const Decimal& value, Unit unit) {
+    constexpr int most = 6;
+    switch (unit) {
+    case Unit::francs:
+        return francs(value);
+    case Unit::share:
+        return MoneyFormat::number((value * 100).roundPlain(most)) + "%";
+    case Unit::percent:
+        return MoneyFormat::number(value.roundPlain(most)) + "%";
+    case Unit::perMille:
+        return MoneyFormat::number(value.roundPlain(most)) + "‰";
+    case Unit::number:
+        break;
+    }
+    return MoneyFormat::number(value);
+}
+
+/// Which amounts a derivation shows, and over what.
+struct Columns {
+    bool canton = false;
+    bool federal = false;
+    std::string heading; ///< of the single column
+
+    std::string head() const {
+        return canton && federal ? cell("Kanton") + cell("Bund") : cell(heading);
+    }
+    std::string row(const std::optional<Decimal>& cantonal,
+                    const std::optional<Decimal>& federation, Unit unit) const {
+        const auto text = [&](const std::optional<Decimal>& amount) {
+            return cell(amount ? shown(*amount, unit) : "");
+        };
+        if (canton && federal) {
+            return text(cantonal) + text(federation);
+        }
+        return text(cantonal ? cantonal : federation);
+    }
+    std::size_t width() const { return amountWidth * (canton && federal ? 2 : 1); }
+};
+
+Columns columnsOf(const Derivation& derivation, TaxRegion region) {
+    bool canton = derivation.canton.has_value();
+    bool federal = derivation.federal.has_value();
+    bool parted = derivation.canton != derivation.federal;
+    for (const DerivationStep& step : derivation.steps) {
+        canton = canton || step.canton;
+        federal = federal || step.federal;
+        parted = parted || step.canton != step.federal;
+    }
+    if (canton && federal) {
+        return parted ? Columns{true, true, {}} : Columns{true, false, "Kanton und Bund"};
+    }
+    const std::string whole = region == TaxRegion::liechtenstein ? "CHF" : "Kanton";
+    return canton ? Columns{true, false, whole} : Columns{false, true, "Bund"};
 }
 
 std::string stepSource(const DerivationStep& step) {
@@ -39,27 +98,40 @@ std::string stepSource(const DerivationStep& step) {
     return source;
 }
 
+/// A text in lines of its column, the amounts beside the last.
+std::string stepText(const DerivationStep& step, const Columns& columns) {
+    const std::string indent(kindWidth, ' ');
+    std::string lines = wrapped(step.text, textWidth, indent);
+    lines.replace(0, std::min(lines.size(), indent.size()),
+                  padRight("  " + std::string(label(step.kind)), kindWidth));
+    if (lines.ends_with('\n')) {
+        lines.pop_back();
+    }
+    const std::size_t last = lines.rfind('\n') + 1;
+    const std::string amounts =
+        step.unit ? columns.row(step.canton, step.federal, *step.unit) : std::string();
+    std::string text =
+        lines.substr(0, last)
+        + withoutTrailingBlanks(padRight(lines.substr(last), kindWidth + textWidth) + amounts);
+    if (const std::string source = stepSource(step); !source.empty()) {
+        text += wrapped(source, sourceWidth, indent);
+    }
+    return text;
+}
+
 } // namespace
 
-std::string derivationText(const Derivation& derivation) {
-    const auto amounts = [&](const std::optional<Decimal>& canton,
-                             const std::optional<Decimal>& federal) {
-        return canton ? cell(exact(*canton)) + cell(exact(federal.value_or(*canton))) : "";
-    };
-    constexpr std::size_t width = labelledWidth;
+std::string derivationText(const Derivation& derivation, TaxRegion region) {
+    constexpr std::size_t width = kindWidth + textWidth;
+    const Columns columns = columnsOf(derivation, region);
     std::string text = heading(derivation.label + " (" + derivation.code + ")");
-    text += "\n" + withoutTrailingBlanks(padRight("", width) + cell("Kanton") + cell("Bund"));
+    text += "\n" + withoutTrailingBlanks(padRight("", width) + columns.head());
     for (const DerivationStep& step : derivation.steps) {
-        const std::string kind = std::string(label(step.kind));
-        const std::string line = "  " + padRight(kind, 18) + step.text;
-        text += withoutTrailingBlanks(padRight(line, width) + amounts(step.canton, step.federal));
-        if (const std::string source = stepSource(step); !source.empty()) {
-            text += wrapped(source, sourceWidth, std::string(20, ' '));
-        }
+        text += stepText(step, columns);
     }
-    text += std::string(width, ' ') + std::string(2 * amountWidth, '-') + "\n";
-    return text + padRight("  Ergebnis", width) + amounts(derivation.canton, derivation.federal)
-           + "\n";
+    text += std::string(width, ' ') + std::string(columns.width(), '-') + "\n";
+    return text + padRight("  Ergebnis", width)
+           + columns.row(derivation.canton, derivation.federal, derivation.unit) + "\n";
 }
 
 } // namespace fiscarel::cli

@@ -1,12 +1,14 @@
 #pragma once
 
+#include "TaxCore/model/Enumerations.h"
 #include "TaxCore/result/Derivation.h"
 
 #include <string>
 
 namespace fiscarel::cli {
 
-/// The derivation of one line or figure as German text.
-std::string derivationText(const taxcore::Derivation& derivation);
+/// The derivation of one line or figure as German text of at most 100 columns. Canton and
+/// federation have a column each only where they part.
+std::string derivationText(const taxcore::Derivation& derivation, taxcore::TaxRegion region);
 
 } // namespace fiscarel::cli

@@ -8,107 +8,134 @@ template std::string toJson<Derivation>(const Derivation&, JsonStyle);
 
 namespace {
 
-/// The federal amount where it is another one.
-std::optional<Decimal> whereDifferent(const Amounts& amounts) {
-    return amounts.federal == amounts.canton ? std::nullopt : std::optional(amounts.federal);
-}
-
 std::string numbered(std::string_view name, int person) {
     return std::string(name) + (person > 0 ? std::to_string(person) : "");
+}
+
+/// A law that names only one side has nothing to say of the other.
+Concerns sidesOf(const Law& law) noexcept {
+    if (law.federal.empty() && !law.canton.empty()) {
+        return Concerns::canton;
+    }
+    return law.canton.empty() && !law.federal.empty() ? Concerns::federal : Concerns::both;
 }
 
 } // namespace
 
 std::string FieldPath::toString() const {
-    std::string path = numbered(record, person);
-    if (!list.empty()) {
+    std::string path = numbered(record_, person_);
+    if (!inner_.empty()) {
         path += ".";
-        path += list;
+        path += inner_;
     }
-    if (index >= 0) {
-        path += "[" + std::to_string(index) + "]";
+    if (index_ >= 0) {
+        path += "[" + std::to_string(index_) + "]";
     }
-    if (!field.empty()) {
-        path += path.empty() ? "" : ".";
-        path += field;
+    if (!field_.empty()) {
+        path += ".";
+        path += field_;
     }
     return path;
 }
 
-DerivationStep& DerivationRecorder::Draft::add(DerivationStep::Kind kind, std::string_view text) {
+using Draft = DerivationRecorder::Draft;
+
+bool Draft::tellsCanton(Concerns concerns) const noexcept {
+    return concerns_ != Concerns::federal && concerns != Concerns::federal;
+}
+
+bool Draft::tellsFederal(Concerns concerns) const noexcept {
+    return concerns_ != Concerns::canton && concerns != Concerns::canton;
+}
+
+DerivationStep& Draft::add(DerivationStep::Kind kind, std::string_view text) {
     DerivationStep& step = steps_.emplace_back();
     step.kind = kind;
     step.text = text;
     return step;
 }
 
-DerivationStep& DerivationRecorder::Draft::add(DerivationStep::Kind kind, std::string_view text,
-                                               const Amounts& amounts) {
+DerivationStep& Draft::add(DerivationStep::Kind kind, std::string_view text, const Amounts& amounts,
+                           Unit unit, Concerns concerns) {
     DerivationStep& step = add(kind, text);
-    step.canton = amounts.canton;
-    step.federal = whereDifferent(amounts);
+    step.unit = unit;
+    if (tellsCanton(concerns)) {
+        step.canton = amounts.canton;
+    }
+    if (tellsFederal(concerns)) {
+        step.federal = amounts.federal;
+    }
     return step;
 }
 
-void DerivationRecorder::Draft::cite(DerivationStep& step, const Law& law) {
-    if (!law.canton.empty()) {
+void Draft::cite(DerivationStep& step, const Law& law, Concerns concerns) const {
+    if (!law.canton.empty() && tellsCanton(concerns)) {
         step.lawCanton = law.canton;
     }
-    if (!law.federal.empty()) {
+    if (!law.federal.empty() && tellsFederal(concerns)) {
         step.lawFederal = law.federal;
     }
 }
 
-void DerivationRecorder::Draft::input(std::string_view text, const Decimal& amount,
-                                      const FieldPath& path) {
-    add(DerivationStep::Kind::input, text, both(amount)).path = path.toString();
+void Draft::input(std::string_view text, const Decimal& amount, const FieldPath& path, Unit unit) {
+    add(DerivationStep::Kind::input, text, both(amount), unit).path = path.toString();
 }
 
-void DerivationRecorder::Draft::line(std::string_view code, int person, std::string_view text,
-                                     const Amounts& amounts) {
-    add(DerivationStep::Kind::line, text, amounts).code = numbered(code, person);
+void Draft::line(std::string_view code, int person, std::string_view text, const Amounts& amounts,
+                 Unit unit) {
+    add(DerivationStep::Kind::line, text, amounts, unit).code = numbered(code, person);
 }
 
-void DerivationRecorder::Draft::rule(const Law& law, std::string_view text, std::string_view key,
-                                     const Amounts& values) {
-    DerivationStep& step = add(DerivationStep::Kind::rule, text, values);
+void Draft::rule(const Law& law, std::string_view text, std::string_view key, const Amounts& values,
+                 Unit unit, Concerns concerns) {
+    const Concerns sides = concerns == Concerns::both ? sidesOf(law) : concerns;
+    if (!tellsCanton(sides) && !tellsFederal(sides)) {
+        return;
+    }
+    DerivationStep& step = add(DerivationStep::Kind::rule, text, values, unit, sides);
     step.ruleKey = key;
-    cite(step, law);
+    cite(step, law, sides);
 }
 
-void DerivationRecorder::Draft::step(std::string_view text, const Amounts& amounts) {
-    add(DerivationStep::Kind::step, text, amounts);
+void Draft::step(std::string_view text, const Amounts& amounts, Unit unit) {
+    add(DerivationStep::Kind::step, text, amounts, unit);
 }
 
-void DerivationRecorder::Draft::cap(std::string_view text, const Amounts& limits) {
-    add(DerivationStep::Kind::cap, text, limits);
+void Draft::cap(std::string_view text, const Amounts& limits) {
+    add(DerivationStep::Kind::cap, text, limits, Unit::francs);
 }
 
-void DerivationRecorder::Draft::threshold(std::string_view text, const Amounts& limits) {
-    add(DerivationStep::Kind::threshold, text, limits);
+void Draft::threshold(std::string_view text, const Amounts& limits) {
+    add(DerivationStep::Kind::threshold, text, limits, Unit::francs);
 }
 
-void DerivationRecorder::Draft::rounding(std::string_view text) {
-    add(DerivationStep::Kind::rounding, text);
-}
+void Draft::rounding(std::string_view text) { add(DerivationStep::Kind::rounding, text); }
 
-void DerivationRecorder::Draft::fact(std::string_view text) {
-    add(DerivationStep::Kind::fact, text);
-}
+void Draft::fact(std::string_view text) { add(DerivationStep::Kind::fact, text); }
 
-void DerivationRecorder::Draft::fact(std::string_view text, const FieldPath& path) {
+void Draft::fact(std::string_view text, const FieldPath& path) {
     add(DerivationStep::Kind::fact, text).path = path.toString();
 }
 
-void DerivationRecorder::Draft::law(const Law& law, std::string_view text) {
+void Draft::law(const Law& law, std::string_view text) {
     cite(add(DerivationStep::Kind::fact, text), law);
 }
 
 void DerivationRecorder::keep(std::string code, std::string label, Draft&& draft,
-                              const Amounts& amounts) {
-    if (!draft.steps_.empty()) {
-        derivations_.push_back({std::move(code), std::move(label), std::move(draft.steps_),
-                                amounts.canton, whereDifferent(amounts)});
+                              const Amounts& amounts, Unit unit) {
+    if (draft.steps_.empty()) {
+        return;
+    }
+    Derivation& kept = derivations_.emplace_back();
+    kept.code = std::move(code);
+    kept.label = std::move(label);
+    kept.steps = std::move(draft.steps_);
+    kept.unit = unit;
+    if (draft.concerns_ != Concerns::federal) {
+        kept.canton = amounts.canton;
+    }
+    if (draft.concerns_ != Concerns::canton) {
+        kept.federal = amounts.federal;
     }
 }
 

@@ -3,6 +3,7 @@
 #include "TaxCore/base/EnumText.h"
 #include "TaxCore/base/Json.h"
 #include "TaxCore/base/Record.h"
+#include "TaxCore/result/FieldPath.h"
 #include "TaxCore/result/PerJurisdiction.h"
 
 #include <optional>
@@ -12,23 +13,43 @@
 
 namespace taxcore {
 
-/// The legal basis of a rule. An empty side has no provision of its own.
+/// The legal basis of a rule. An empty side has no provision of its own; a rule with one side only
+/// concerns that side alone.
 struct Law {
     std::string_view canton;
     std::string_view federal;
 };
 
-/// Where an input stands in the case: "income1.salaries[0].grossSalary". Cheap to make; the text is
-/// put together only when somebody asks.
-struct FieldPath {
-    std::string_view record;    ///< "income", "securities", or empty for a field of the case itself
-    int person = 0;             ///< 1 or 2 behind the record's name; 0: none
-    std::string_view list = {}; ///< "salaries"
-    int index = -1;             ///< position in the list (the record's own without `list`)
-    std::string_view field = {};
+/// Whose tax a figure or a step belongs to.
+enum class Concerns { both, canton, federal };
 
-    std::string toString() const;
+/// The sides for which something holds; it must hold for one at least.
+constexpr Concerns concerned(const PerJurisdiction<bool>& holds) noexcept {
+    if (holds.canton && holds.federal) {
+        return Concerns::both;
+    }
+    return holds.canton ? Concerns::canton : Concerns::federal;
+}
+
+/// What the number of a step counts.
+enum class Unit {
+    francs,
+    share,    ///< a fraction; 0.2 is shown as 20%
+    percent,  ///< 105 is shown as 105%
+    perMille, ///< 1.7 is shown as 1.7‰
+    number,   ///< days, kilometres, persons, a year
 };
+
+template <>
+struct EnumTable<Unit> {
+    using enum Unit;
+    static constexpr std::array rows{
+        EnumRow{francs, "francs", "Franken"},   EnumRow{share, "share", "Anteil"},
+        EnumRow{percent, "percent", "Prozent"}, EnumRow{perMille, "perMille", "Promille"},
+        EnumRow{number, "number", "Anzahl"},
+    };
+};
+TAXCORE_ENUM_TABLE_CHECK(Unit);
 
 /// One step of the way to a figure.
 struct DerivationStep {
@@ -50,12 +71,13 @@ struct DerivationStep {
     std::optional<std::string> ruleKey; ///< "saeule3a.mitPensionskasse"
     std::optional<std::string> lawCanton;
     std::optional<std::string> lawFederal;
-    std::optional<Decimal> canton;  ///< absent for facts
-    std::optional<Decimal> federal; ///< absent: the same amount as `canton`
+    std::optional<Unit> unit;       ///< absent for steps without an amount
+    std::optional<Decimal> canton;  ///< absent where the step does not concern the canton
+    std::optional<Decimal> federal; ///< absent where it does not concern the federation
 
     bool operator==(const DerivationStep&) const = default;
 };
-TAXCORE_RECORD(DerivationStep, kind, text, path, code, ruleKey, lawCanton, lawFederal, canton,
+TAXCORE_RECORD(DerivationStep, kind, text, path, code, ruleKey, lawCanton, lawFederal, unit, canton,
                federal);
 
 template <>
@@ -75,12 +97,13 @@ struct Derivation {
     std::string code;                  ///< of the line; for the bill the name of its field
     std::string label;                 ///< German
     std::vector<DerivationStep> steps; ///< in the order of the computation
-    Decimal canton;
-    std::optional<Decimal> federal; ///< absent: the same amount as `canton`
+    Unit unit = Unit::francs;
+    std::optional<Decimal> canton;  ///< absent for a figure of the federal tax alone
+    std::optional<Decimal> federal; ///< absent for a figure of the canton alone
 
     bool operator==(const Derivation&) const = default;
 };
-TAXCORE_RECORD(Derivation, code, label, steps, canton, federal);
+TAXCORE_RECORD(Derivation, code, label, steps, unit, canton, federal);
 
 extern template std::string toJson<Derivation>(const Derivation&, JsonStyle);
 
@@ -89,12 +112,13 @@ struct NoRecorder {
     static constexpr bool enabled = false;
 
     struct Draft {
-        constexpr void input(std::string_view, const Decimal&, const FieldPath&) const noexcept {}
-        constexpr void line(std::string_view, int, std::string_view,
-                            const Amounts&) const noexcept {}
-        constexpr void rule(const Law&, std::string_view, std::string_view,
-                            const Amounts&) const noexcept {}
-        constexpr void step(std::string_view, const Amounts&) const noexcept {}
+        constexpr void input(std::string_view, const Decimal&, const FieldPath&,
+                             Unit = Unit::francs) const noexcept {}
+        constexpr void line(std::string_view, int, std::string_view, const Amounts&,
+                            Unit = Unit::francs) const noexcept {}
+        constexpr void rule(const Law&, std::string_view, std::string_view, const Amounts&,
+                            Unit = Unit::francs, Concerns = Concerns::both) const noexcept {}
+        constexpr void step(std::string_view, const Amounts&, Unit = Unit::francs) const noexcept {}
         constexpr void cap(std::string_view, const Amounts&) const noexcept {}
         constexpr void threshold(std::string_view, const Amounts&) const noexcept {}
         constexpr void rounding(std::string_view) const noexcept {}
@@ -103,7 +127,7 @@ struct NoRecorder {
         constexpr void law(const Law&, std::string_view) const noexcept {}
     };
 
-    constexpr Draft draft() const noexcept { return {}; }
+    constexpr Draft draft(Concerns = Concerns::both) const noexcept { return {}; }
     template <class... T>
     constexpr void keep(const T&...) const noexcept {}
 };
@@ -113,17 +137,24 @@ class DerivationRecorder {
   public:
     static constexpr bool enabled = true;
 
-    /// The steps of one line while it is being computed.
+    /// The steps of one line while it is being computed. Steps tell only the sides that the line
+    /// concerns.
     class Draft {
       public:
+        explicit Draft(Concerns concerns) : concerns_(concerns) {}
+
         /// An entry of the case.
-        void input(std::string_view text, const Decimal& amount, const FieldPath& path);
+        void input(std::string_view text, const Decimal& amount, const FieldPath& path,
+                   Unit unit = Unit::francs);
         /// The amount of another line (its code, with the person's number or 0).
-        void line(std::string_view code, int person, std::string_view text, const Amounts& amounts);
-        /// A value of the rule book under its key there.
+        void line(std::string_view code, int person, std::string_view text, const Amounts& amounts,
+                  Unit unit = Unit::francs);
+        /// A value of the rule book under its key there; `concerns` limits it further to the side
+        /// where it applies.
         void rule(const Law& law, std::string_view text, std::string_view key,
-                  const Amounts& values);
-        void step(std::string_view text, const Amounts& amounts);
+                  const Amounts& values, Unit unit = Unit::francs,
+                  Concerns concerns = Concerns::both);
+        void step(std::string_view text, const Amounts& amounts, Unit unit = Unit::francs);
         void cap(std::string_view text, const Amounts& limits);
         void threshold(std::string_view text, const Amounts& limits);
         void rounding(std::string_view text);
@@ -137,16 +168,21 @@ class DerivationRecorder {
         friend class DerivationRecorder;
         DerivationStep& add(DerivationStep::Kind kind, std::string_view text);
         DerivationStep& add(DerivationStep::Kind kind, std::string_view text,
-                            const Amounts& amounts);
-        static void cite(DerivationStep& step, const Law& law);
+                            const Amounts& amounts, Unit unit, Concerns concerns = Concerns::both);
+        void cite(DerivationStep& step, const Law& law, Concerns concerns = Concerns::both) const;
+        /// Whether a step that concerns `concerns` tells something of a side of this line.
+        bool tellsCanton(Concerns concerns) const noexcept;
+        bool tellsFederal(Concerns concerns) const noexcept;
 
+        Concerns concerns_;
         std::vector<DerivationStep> steps_;
     };
 
-    Draft draft() const { return {}; }
+    Draft draft(Concerns concerns = Concerns::both) const { return Draft(concerns); }
 
     /// Keeps a finished derivation; one without steps tells nothing and is dropped.
-    void keep(std::string code, std::string label, Draft&& draft, const Amounts& amounts);
+    void keep(std::string code, std::string label, Draft&& draft, const Amounts& amounts,
+              Unit unit = Unit::francs);
 
     const std::vector<Derivation>& derivations() const noexcept { return derivations_; }
 

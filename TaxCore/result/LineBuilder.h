@@ -34,7 +34,9 @@ class LineBuilder {
       public:
         Line(LineBuilder& builder, const LineHead& head, std::string label)
             : builder_(builder), head_(head), label_(std::move(label)),
-              why(builder.recorder_.draft()) {}
+              why(builder.recorder_.draft(builder.concerns_)) {}
+
+        const std::string& label() const noexcept { return label_; }
 
         /// Adds to the section's sum.
         void income(const Amounts& amounts, std::optional<std::string> note = {}) {
@@ -70,9 +72,10 @@ class LineBuilder {
         : sections_(sections), recorder_(recorder) {}
 
     /// Opens a section and starts its sum at 0. A section that stays without lines vanishes with
-    /// the next one or with `finish`.
-    void section(std::string_view title, int page) {
+    /// the next one or with `finish`. `concerns`: whose tax its lines belong to.
+    void section(std::string_view title, int page, Concerns concerns = Concerns::both) {
         finish();
+        concerns_ = concerns;
         sections_.push_back({std::string(title), page, {}});
         sections_.back().lines.reserve(24);
         sum_ = {};
@@ -126,6 +129,7 @@ class LineBuilder {
     std::vector<TaxSection>& sections_;
     Recorder& recorder_;
     Amounts sum_;
+    Concerns concerns_ = Concerns::both;
     std::vector<Entered> entered_; ///< filled only while recording
 };
 

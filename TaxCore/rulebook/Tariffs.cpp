@@ -17,21 +17,54 @@ Decimal cutToStep(const Decimal& taxable, int step) {
 
 } // namespace
 
-Decimal sgSimpleIncomeTax(const Decimal& taxable, TariffKind kind, const SGTariffTable& table) {
-    const Decimal income = cutToStep(taxable, table.step);
-    if (income < table.from) {
-        return 0;
+const std::vector<Decimal>& rowsOf(const SGTariffTable& table, TariffKind kind) noexcept {
+    return kind == TariffKind::joint ? table.joint : table.single;
+}
+
+const std::vector<FederalBracket>& bracketsOf(const FederalTariff& tariff,
+                                              TariffKind kind) noexcept {
+    return kind == TariffKind::joint ? tariff.verheiratet : tariff.alleinstehend;
+}
+
+TariffPlace sgPlace(const Decimal& taxable, TariffKind kind, const SGTariffTable& table) {
+    TariffPlace place{.income = cutToStep(taxable, table.step), .row = {}, .flat = false};
+    if (place.income < table.from) {
+        return place;
     }
-    const bool joint = kind == TariffKind::joint;
-    const auto& rows = joint ? table.joint : table.single;
-    const Decimal flatFrom = joint ? table.jointFlatFrom : table.singleFlatFrom;
-    if (income <= flatFrom && table.step > 0) {
-        const auto row = ((income - table.from) / table.step).roundDown(0).toInteger();
-        if (row && static_cast<std::size_t>(*row) < rows.size()) {
-            return rows[static_cast<std::size_t>(*row)];
+    const Decimal flatFrom = kind == TariffKind::joint ? table.jointFlatFrom : table.singleFlatFrom;
+    if (place.income <= flatFrom && table.step > 0) {
+        const auto row = ((place.income - table.from) / table.step).roundDown(0).toInteger();
+        if (row && static_cast<std::size_t>(*row) < rowsOf(table, kind).size()) {
+            place.row = static_cast<std::size_t>(*row);
         }
     }
-    return toRappen(income * table.flatRateAbove);
+    place.flat = !place.row;
+    return place;
+}
+
+TariffPlace federalPlace(const Decimal& taxable, TariffKind kind, const FederalTariff& tariff) {
+    TariffPlace place{.income = cutToHundred(taxable), .row = {}, .flat = false};
+    const bool joint = kind == TariffKind::joint;
+    if (place.income >= (joint ? tariff.verheiratetFlatAb : tariff.alleinstehendFlatAb)) {
+        place.flat = true;
+        return place;
+    }
+    const auto& brackets = bracketsOf(tariff, kind);
+    const auto above = std::ranges::find_if(
+        brackets.rbegin(), brackets.rend(),
+        [&](const FederalBracket& bracket) { return bracket.ab <= place.income; });
+    if (above != brackets.rend()) {
+        place.row = static_cast<std::size_t>(brackets.rend() - above) - 1;
+    }
+    return place;
+}
+
+Decimal sgSimpleIncomeTax(const Decimal& taxable, TariffKind kind, const SGTariffTable& table) {
+    const TariffPlace place = sgPlace(taxable, kind, table);
+    if (place.row) {
+        return rowsOf(table, kind)[*place.row];
+    }
+    return place.flat ? toRappen(place.income * table.flatRateAbove) : Decimal(0);
 }
 
 Decimal sgSimpleIncomeRate(const Decimal& taxable, TariffKind kind, const SGTariffTable& table) {
@@ -44,18 +77,15 @@ Decimal sgSimpleWealthTax(const Decimal& taxable, const Decimal& promille) {
 }
 
 Decimal federalIncomeTax(const Decimal& taxable, TariffKind kind, const FederalTariff& tariff) {
-    const Decimal income = cutToHundred(taxable);
-    const bool joint = kind == TariffKind::joint;
-    const auto& brackets = joint ? tariff.verheiratet : tariff.alleinstehend;
-    if (income >= (joint ? tariff.verheiratetFlatAb : tariff.alleinstehendFlatAb)) {
-        return cutToFiveRappen(income * tariff.flatSatz);
+    const TariffPlace place = federalPlace(taxable, kind, tariff);
+    if (place.flat) {
+        return cutToFiveRappen(place.income * tariff.flatSatz);
     }
-    const auto bracket = std::find_if(brackets.rbegin(), brackets.rend(),
-                                      [&](const FederalBracket& b) { return b.ab <= income; });
-    if (bracket == brackets.rend()) {
+    if (!place.row) {
         return 0;
     }
-    return cutToFiveRappen(bracket->steuer + (income - bracket->ab) * bracket->proHundert / 100);
+    const FederalBracket& bracket = bracketsOf(tariff, kind)[*place.row];
+    return cutToFiveRappen(bracket.steuer + (place.income - bracket.ab) * bracket.proHundert / 100);
 }
 
 Decimal federalIncomeTaxNet(const Decimal& taxable, TariffKind kind, int children,

@@ -4,6 +4,8 @@
 #include "TaxCore/base/Record.h"
 #include "TaxCore/model/Enumerations.h"
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -61,8 +63,27 @@ struct FederalRules {
 };
 TAXCORE_RECORD(FederalRules, tarif, kapitalleistungAnteil);
 
+/// Which part of a tariff answers for an income: a row or bracket by its position, the flat rate,
+/// or none (the income is below the tariff).
+struct TariffPlace {
+    Decimal income; ///< cut as the tariff asks for, francs
+    std::optional<std::size_t> row;
+    bool flat = false;
+};
+
 /// Taxes on a taxable amount in francs. Pure functions; negative amounts give 0.
 namespace Tariffs {
+
+/// The rows of the canton's table and the brackets of the federal tariff for a kind of household.
+const std::vector<Decimal>& rowsOf(const SGTariffTable& table, TariffKind kind) noexcept;
+const std::vector<FederalBracket>& bracketsOf(const FederalTariff& tariff,
+                                              TariffKind kind) noexcept;
+
+/// The place in the canton's table; the income is cut to the table's step.
+TariffPlace sgPlace(const Decimal& taxable, TariffKind kind, const SGTariffTable& table);
+
+/// The place in the federal tariff; the income is cut to full 100 francs.
+TariffPlace federalPlace(const Decimal& taxable, TariffKind kind, const FederalTariff& tariff);
 
 /// Simple income tax of the canton: the income is cut to the table's step and looked up; above the
 /// flat threshold of the tariff, and beyond the table's rows, the flat rate applies to the whole

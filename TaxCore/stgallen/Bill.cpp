@@ -28,18 +28,35 @@ Decimal churchRateOf(Confession confession, const Parish* parish, const Municipa
     return 0;
 }
 
+/// The position of the first item of a name.
+template <class T>
+std::optional<std::size_t> positionOf(const std::vector<T>& items, std::string_view name) {
+    const auto found = std::ranges::find(items, name, &T::name);
+    return found == items.end() ? std::nullopt
+                                : std::optional(static_cast<std::size_t>(found - items.begin()));
+}
+
 Decimal multiplied(const Decimal& simpleTax, const Decimal& percent) {
     return toFiveRappen(simpleTax * percent / 100);
 }
 
-/// One figure of the bill with its derivation.
+/// What a figure of the bill is called and counts.
+struct Figure {
+    std::string_view code; ///< the name of its field
+    std::string_view label;
+    Concerns concerns = Concerns::canton;
+    Unit unit = Unit::francs;
+};
+
+/// Keeps the derivation of a figure and hands the figure on.
 template <class Recorder, class Explain>
-Decimal figure(Recorder& recorder, std::string_view code, std::string_view label,
-               const Decimal& amount, const Explain& explain) {
+Decimal figure(Recorder& recorder, const Figure& head, const Decimal& amount,
+               const Explain& explain) {
     if constexpr (Recorder::enabled) {
-        auto why = recorder.draft();
+        auto why = recorder.draft(head.concerns);
         explain(why);
-        recorder.keep(std::string(code), std::string(label), std::move(why), both(amount));
+        recorder.keep(std::string(head.code), std::string(head.label), std::move(why), both(amount),
+                      head.unit);
     }
     return amount;
 }
@@ -51,48 +68,149 @@ struct Part {
     Decimal amount;
 };
 
+std::string_view tariffName(TariffKind kind) noexcept {
+    return kind == TariffKind::joint ? "Tarif für Verheiratete und Alleinerziehende"
+                                     : "Tarif für Alleinstehende";
+}
+
+std::string item(std::string_view list, std::size_t index) {
+    return std::string(list) + "[" + std::to_string(index) + "]";
+}
+
 /// A simple tax times one of the three multipliers.
 template <class Recorder>
 Decimal share(Recorder& recorder, std::string_view code, std::string_view label, const Law& law,
               const Part& simple, const Part& rate) {
-    return figure(recorder, code, label, multiplied(simple.amount, rate.amount), [&](auto& why) {
+    return figure(recorder, {code, label}, multiplied(simple.amount, rate.amount), [&](auto& why) {
         why.line(simple.code, 0, simple.label, both(simple.amount));
-        why.line(rate.code, 0, rate.label, both(rate.amount));
+        why.line(rate.code, 0, rate.label, both(rate.amount), Unit::percent);
         why.law(law, "Einfache Steuer mal Steuerfuss");
-        why.rounding("auf 5 Rappen");
+        why.rounding("Auf 5 Rappen");
     });
+}
+
+/// The place of an income in the canton's tariff.
+void explainSimpleIncomeTax(DerivationRecorder::Draft& why, const TaxBill& bill,
+                            const SGTariffTable& table) {
+    const TariffPlace place = Tariffs::sgPlace(bill.taxableIncomeCanton, bill.kind, table);
+    why.line("steuerbaresEinkommen", 0, "Steuerbares Einkommen", both(bill.taxableIncomeCanton));
+    why.rounding("Auf ganze 100 Franken abgerundet");
+    why.step("Massgebendes Einkommen", both(place.income));
+    why.law(law::incomeTariff, tariffName(bill.kind));
+    if (place.row) {
+        const auto& rows = Tariffs::rowsOf(table, bill.kind);
+        why.rule(law::incomeTariff, "Einfache Steuer laut Tarif",
+                 item(bill.kind == TariffKind::joint ? "joint" : "single", *place.row),
+                 both(rows[*place.row]));
+    } else if (place.flat) {
+        why.rule(law::incomeTariff, "Fester Satz vom ganzen Einkommen", "flatRateAbove",
+                 both(table.flatRateAbove), Unit::share);
+    } else {
+        why.fact("Das Einkommen liegt unter dem Beginn des Tarifs.");
+    }
+}
+
+/// The place of an amount in the federal tariff.
+void explainFederalTariff(DerivationRecorder::Draft& why, const Decimal& amount, TariffKind kind,
+                          const FederalTariff& tariff) {
+    const TariffPlace place = Tariffs::federalPlace(amount, kind, tariff);
+    why.rounding("Auf ganze 100 Franken abgerundet");
+    why.step("Massgebender Betrag", both(place.income));
+    why.law(law::incomeTariff, tariffName(kind));
+    if (place.flat) {
+        why.rule(law::incomeTariff, "Fester Satz vom ganzen Betrag", "tarif.flatSatz",
+                 both(tariff.flatSatz), Unit::share);
+    } else if (place.row) {
+        const FederalBracket& bracket = Tariffs::bracketsOf(tariff, kind)[*place.row];
+        const std::string key = item(
+            kind == TariffKind::joint ? "tarif.verheiratet" : "tarif.alleinstehend", *place.row);
+        why.rule(law::incomeTariff, "Die Stufe beginnt bei", key + ".ab", both(bracket.ab));
+        why.rule(law::incomeTariff, "Steuer an ihrem Beginn", key + ".steuer",
+                 both(bracket.steuer));
+        why.rule(law::incomeTariff, "Je weitere 100 Franken", key + ".proHundert",
+                 both(bracket.proHundert));
+    } else {
+        why.fact("Der Betrag liegt unter dem Beginn des Tarifs.");
+    }
+    why.rounding("Steuer auf 5 Rappen abgerundet");
 }
 
 template <class Recorder>
 void addSimpleTaxes(TaxBill& bill, const RuleBook& rules, Recorder& recorder) {
     bill.simpleIncomeTax =
-        figure(recorder, "simpleIncomeTax", "Einfache Steuer vom Einkommen",
+        figure(recorder, {"simpleIncomeTax", "Einfache Steuer vom Einkommen"},
                Tariffs::sgSimpleIncomeTax(bill.taxableIncomeCanton, bill.kind, rules.sgTariff),
-               [&](auto& why) {
-                   why.line("steuerbaresEinkommen", 0, "Steuerbares Einkommen",
-                            both(bill.taxableIncomeCanton));
-                   why.law(law::incomeTariff, bill.kind == TariffKind::joint
-                                                  ? "Tarif für Verheiratete und Alleinerziehende"
-                                                  : "Tarif für Alleinstehende");
-                   why.rounding("Einkommen auf ganze 100 Franken abgerundet");
-               });
+               [&](auto& why) { explainSimpleIncomeTax(why, bill, rules.sgTariff); });
     bill.simpleIncomeRatePercent = figure(
-        recorder, "simpleIncomeRatePercent", "Einfache Steuer in Prozent des Einkommens",
+        recorder,
+        {"simpleIncomeRatePercent", "Einfache Steuer in Prozent des Einkommens", Concerns::canton,
+         Unit::percent},
         Tariffs::sgSimpleIncomeRate(bill.taxableIncomeCanton, bill.kind, rules.sgTariff) * 100,
         [&](auto& why) {
+            const TariffPlace place =
+                Tariffs::sgPlace(bill.taxableIncomeCanton, bill.kind, rules.sgTariff);
             why.line("simpleIncomeTax", 0, "Einfache Steuer vom Einkommen",
                      both(bill.simpleIncomeTax));
-            why.fact("Geteilt durch das auf ganze 100 Franken abgerundete Einkommen.");
+            why.step("Geteilt durch das auf ganze 100 Franken abgerundete Einkommen",
+                     both(place.income));
         });
     const Decimal& promille = rules.municipalities.vermoegenEinfacheSteuerPromille;
     bill.simpleWealthTax = figure(
-        recorder, "simpleWealthTax", "Einfache Steuer vom Vermögen",
+        recorder, {"simpleWealthTax", "Einfache Steuer vom Vermögen"},
         Tariffs::sgSimpleWealthTax(bill.taxableWealth, promille), [&](auto& why) {
             why.line("steuerbaresVermoegen", 0, "Steuerbares Vermögen", both(bill.taxableWealth));
-            why.rule(law::wealthTax, "Satz in Promille", "vermoegenEinfacheSteuerPromille",
-                     both(promille));
-            why.rounding("auf ganze Rappen");
+            why.rule(law::wealthTax, "Satz", "vermoegenEinfacheSteuerPromille", both(promille),
+                     Unit::perMille);
+            why.rounding("Auf ganze Rappen");
         });
+}
+
+/// Where the municipality's multiplier comes from.
+void explainMunicipalityRate(DerivationRecorder::Draft& why, const BillBasis& basis,
+                             const MunicipalityList& list) {
+    if (basis.municipality == nullptr) {
+        why.fact("Die Gemeinde ist nicht in der Liste – ohne Steuerfuss.",
+                 FieldPath("municipality"));
+        return;
+    }
+    why.fact("Gemeinde " + basis.municipality->name, FieldPath("municipality"));
+    if (const auto index = positionOf(list.municipalities, basis.municipality->name)) {
+        why.rule(law::municipalityMultiplier, "Steuerfuss der Gemeinde",
+                 item("municipalities", *index) + ".steuerfuss",
+                 both(basis.municipality->steuerfuss), Unit::percent);
+    }
+}
+
+/// Where the church multiplier of one spouse comes from.
+void explainChurchRate(DerivationRecorder::Draft& why, const BillBasis& basis,
+                       const MunicipalityList& list, const Person& person, int number) {
+    why.fact(label(person.confession), FieldPath("person", "confession").of(number));
+    const Decimal rate = churchRateOf(person.confession, basis.parish, list);
+    if (person.confession == Confession::christkatholisch) {
+        why.rule(law::churchMultiplier, "Steuerfuss der christkatholischen Kirche",
+                 "christkatholisch", both(rate), Unit::percent);
+        return;
+    }
+    const bool catholic = person.confession == Confession::roemischKatholisch;
+    if (!catholic && person.confession != Confession::evangelischReformiert) {
+        why.step("Ohne Kirchensteuer", both(rate), Unit::percent);
+        return;
+    }
+    if (basis.municipality == nullptr || basis.parish == nullptr) {
+        why.fact(basis.taxCase.parish
+                     ? "Die Kirchgemeinde ist nicht in der Liste – ohne Steuerfuss."
+                     : "Keine Kirchgemeinde gewählt – ohne Steuerfuss.",
+                 FieldPath("parish"));
+        return;
+    }
+    const auto municipality = positionOf(list.municipalities, basis.municipality->name);
+    const auto parish = positionOf(basis.municipality->parishes, basis.parish->name);
+    if (municipality && parish) {
+        why.rule(law::churchMultiplier, "Steuerfuss der Kirchgemeinde " + basis.parish->name,
+                 item(item("municipalities", *municipality) + ".parishes", *parish)
+                     + (catholic ? ".kath" : ".evang"),
+                 both(rate), Unit::percent);
+    }
 }
 
 template <class Recorder>
@@ -100,35 +218,24 @@ void addMultipliers(TaxBill& bill, const RuleBook& rules, const BillBasis& basis
                     Recorder& recorder) {
     const MunicipalityList& list = rules.municipalities;
     const TaxCase& taxCase = basis.taxCase;
+    const auto rate = [&](std::string_view code, std::string_view label, const Decimal& percent,
+                          const auto& explain) {
+        return figure(recorder, {code, label, Concerns::canton, Unit::percent}, percent, explain);
+    };
     bill.cantonRate =
-        figure(recorder, "cantonRate", "Steuerfuss Kanton", list.kantonSteuerfuss, [&](auto& why) {
-            why.rule(law::cantonMultiplier, "Steuerfuss des Kantons in Prozent", "kantonSteuerfuss",
-                     both(list.kantonSteuerfuss));
+        rate("cantonRate", "Steuerfuss Kanton", list.kantonSteuerfuss, [&](auto& why) {
+            why.rule(law::cantonMultiplier, "Steuerfuss des Kantons", "kantonSteuerfuss",
+                     both(list.kantonSteuerfuss), Unit::percent);
         });
     bill.municipalityRate =
-        figure(recorder, "municipalityRate", "Steuerfuss Gemeinde",
-               basis.municipality != nullptr ? basis.municipality->steuerfuss : Decimal(0),
-               [&](auto& why) {
-                   why.fact(basis.municipality != nullptr
-                                ? "Gemeinde " + basis.municipality->name
-                                : "Die Gemeinde ist nicht in der Liste – ohne Steuerfuss.",
-                            {"municipality"});
-                   why.law(law::municipalityMultiplier, "Steuerfuss in Prozent");
-               });
-    bill.churchRate = figure(
-        recorder, "churchRate", "Steuerfuss Kirche", churchRate(taxCase, basis.parish, list),
-        [&](auto& why) {
-            const auto spouse = [&](const Person& person, int number) {
-                why.fact(label(person.confession), {"person", number, {}, -1, "confession"});
-                why.step("Kirchensteuerfuss in Prozent",
-                         both(churchRateOf(person.confession, basis.parish, list)));
-            };
-            why.law(law::churchMultiplier, basis.parish != nullptr
-                                               ? "Kirchgemeinde " + basis.parish->name
-                                               : "Keine Kirchgemeinde gewählt");
-            spouse(taxCase.person1, 1);
+        rate("municipalityRate", "Steuerfuss Gemeinde",
+             basis.municipality != nullptr ? basis.municipality->steuerfuss : Decimal(0),
+             [&](auto& why) { explainMunicipalityRate(why, basis, list); });
+    bill.churchRate = rate(
+        "churchRate", "Steuerfuss Kirche", churchRate(taxCase, basis.parish, list), [&](auto& why) {
+            explainChurchRate(why, basis, list, taxCase.person1, 1);
             if (taxCase.isJoint()) {
-                spouse(taxCase.person2, 2);
+                explainChurchRate(why, basis, list, taxCase.person2, 2);
                 why.law(law::mixedConfession, "Je zur Hälfte nach der Konfession der Ehegatten");
             }
         });
@@ -158,46 +265,49 @@ void addCantonalTaxes(TaxBill& bill, Recorder& recorder) {
 template <class Recorder>
 void addFederalTax(TaxBill& bill, const RuleBook& rules, int children, Recorder& recorder) {
     const FederalTariff& tariff = rules.federalRules.tarif;
-    bill.federalBeforeChildReduction = figure(
-        recorder, "federalBeforeChildReduction", "Direkte Bundessteuer nach Tarif",
+    const auto federal = [&](std::string_view code, std::string_view label, const Decimal& amount,
+                             const auto& explain) {
+        return figure(recorder, {code, label, Concerns::federal}, amount, explain);
+    };
+    bill.federalBeforeChildReduction = federal(
+        "federalBeforeChildReduction", "Direkte Bundessteuer nach Tarif",
         Tariffs::federalIncomeTax(bill.taxableIncomeFederal, bill.kind, tariff), [&](auto& why) {
-            why.line("steuerbaresEinkommen", 0, "Steuerbares Einkommen Bund",
+            why.line("steuerbaresEinkommen", 0, "Steuerbares Einkommen",
                      both(bill.taxableIncomeFederal));
-            why.law(law::incomeTariff, bill.kind == TariffKind::joint
-                                           ? "Tarif für Verheiratete und Alleinerziehende"
-                                           : "Tarif für Alleinstehende");
-            why.rounding("Einkommen auf ganze 100 Franken, Steuer auf 5 Rappen abgerundet");
+            explainFederalTariff(why, bill.taxableIncomeFederal, bill.kind, tariff);
         });
     bill.federalChildReduction =
-        figure(recorder, "federalChildReduction", "Abzug vom Steuerbetrag pro Kind",
-               tariff.abzugProKind * children, [&](auto& why) {
-                   why.rule(law::childReduction, "Abzug pro Kind", "tarif.abzugProKind",
-                            both(tariff.abzugProKind));
-                   why.step("Kinder mit Abzug", both(Decimal(children)));
-               });
-    bill.federal =
-        figure(recorder, "federal", "Direkte Bundessteuer",
-               Tariffs::federalIncomeTaxNet(bill.taxableIncomeFederal, bill.kind, children, tariff),
-               [&](auto& why) {
-                   why.line("federalBeforeChildReduction", 0, "Steuer nach Tarif",
-                            both(bill.federalBeforeChildReduction));
-                   why.line("federalChildReduction", 0, "− Abzug für Kinder",
-                            both(bill.federalChildReduction));
-                   why.rule(law::federalMinimum, "Wird nicht erhoben unter", "tarif.minimum",
-                            both(tariff.minimum));
-               });
+        federal("federalChildReduction", "Abzug vom Steuerbetrag pro Kind",
+                tariff.abzugProKind * children, [&](auto& why) {
+                    why.rule(law::childReduction, "Abzug pro Kind", "tarif.abzugProKind",
+                             both(tariff.abzugProKind));
+                    why.step("Kinder mit Abzug", both(Decimal(children)), Unit::number);
+                });
+    bill.federal = federal(
+        "federal", "Direkte Bundessteuer",
+        Tariffs::federalIncomeTaxNet(bill.taxableIncomeFederal, bill.kind, children, tariff),
+        [&](auto& why) {
+            why.line("federalBeforeChildReduction", 0, "Steuer nach Tarif",
+                     both(bill.federalBeforeChildReduction));
+            why.line("federalChildReduction", 0, "− Abzug für Kinder",
+                     both(bill.federalChildReduction));
+            why.rule(law::federalMinimum, "Wird nicht erhoben unter", "tarif.minimum",
+                     both(tariff.minimum));
+        });
 }
 
 /// The sums that head the bill.
 template <class Recorder>
 void explainTotals(const TaxBill& bill, Recorder& recorder) {
     if constexpr (Recorder::enabled) {
-        const auto sum = [&](const Part& total, std::initializer_list<Part> parts) {
-            figure(recorder, total.code, total.label, total.amount, [&](auto& why) {
-                for (const Part& part : parts) {
-                    why.line(part.code, 0, part.label, both(part.amount));
-                }
-            });
+        const auto sum = [&](const Part& total, std::initializer_list<Part> parts,
+                             Concerns concerns = Concerns::canton, Unit unit = Unit::francs) {
+            figure(recorder, {total.code, total.label, concerns, unit}, total.amount,
+                   [&](auto& why) {
+                       for (const Part& part : parts) {
+                           why.line(part.code, 0, part.label, both(part.amount), unit);
+                       }
+                   });
         };
         const Part canton{"cantonTotal", "Kantonssteuer", bill.cantonTotal()};
         const Part municipality{"municipalityTotal", "Gemeindesteuer", bill.municipalityTotal()};
@@ -212,11 +322,12 @@ void explainTotals(const TaxBill& bill, Recorder& recorder) {
         sum(church, {{"churchIncome", "vom Einkommen", bill.churchIncome},
                      {"churchWealth", "vom Vermögen", bill.churchWealth}});
         sum(office, {canton, municipality, church});
-        sum({"total", "Total der Steuern", bill.total()}, {office, federal});
+        sum({"total", "Total der Steuern", bill.total()}, {office, federal}, Concerns::both);
         sum({"totalRate", "Steuerfuss gesamthaft", bill.totalRate()},
             {{"cantonRate", "Kanton", bill.cantonRate},
              {"municipalityRate", "Gemeinde", bill.municipalityRate},
-             {"churchRate", "Kirche", bill.churchRate}});
+             {"churchRate", "Kirche", bill.churchRate}},
+            Concerns::canton, Unit::percent);
     }
 }
 
@@ -262,32 +373,43 @@ std::optional<CapitalPaymentTax> taxCapitalPayments(const RuleBook& rules, const
     const FederalRules& federalRules = rules.federalRules;
 
     CapitalPaymentTax tax{.amount = amount, .canton = {}, .federal = {}};
-    tax.canton = figure(
-        recorder, "capitalPaymentTax.canton", "Kantons-, Gemeinde- und Kirchensteuer",
-        multiplied(simple, bill.cantonRate) + multiplied(simple, bill.municipalityRate)
-            + multiplied(simple, bill.churchRate),
-        [&](auto& why) {
-            why.line("kapitalleistungen", 0, "Kapitalleistungen des Jahres", both(amount));
-            why.rule(law::capitalPayments, "Satz der einfachen Steuer",
-                     joint ? "kapitalleistung.satzGemeinsam" : "kapitalleistung.satzAlleinstehend",
-                     both(rate));
-            why.line("totalRate", 0, "Steuerfüsse von Kanton, Gemeinde und Kirche in Prozent",
-                     both(bill.totalRate()));
-            why.rounding("je Steuerfuss auf 5 Rappen");
-        });
-    const Decimal federal =
-        cutToFiveRappen(Tariffs::federalIncomeTax(amount, bill.kind, federalRules.tarif)
-                        * federalRules.kapitalleistungAnteil);
-    tax.federal =
-        figure(recorder, "capitalPaymentTax.federal", "Direkte Bundessteuer",
-               federal < federalRules.tarif.minimum ? Decimal(0) : federal, [&](auto& why) {
-                   why.line("kapitalleistungen", 0, "Kapitalleistungen des Jahres", both(amount));
-                   why.rule(law::capitalPayments, "Anteil am ordentlichen Tarif",
-                            "kapitalleistungAnteil", both(federalRules.kapitalleistungAnteil));
-                   why.rounding("auf 5 Rappen abgerundet");
-                   why.rule(law::federalMinimum, "Wird nicht erhoben unter", "tarif.minimum",
-                            both(federalRules.tarif.minimum));
-               });
+    const Part rateParts[] = {{"cantonRate", "Steuerfuss Kanton", bill.cantonRate},
+                              {"municipalityRate", "Steuerfuss Gemeinde", bill.municipalityRate},
+                              {"churchRate", "Steuerfuss Kirche", bill.churchRate}};
+    for (const Part& part : rateParts) {
+        tax.canton += multiplied(simple, part.amount);
+    }
+    figure(recorder,
+           {"capitalPaymentTax.canton", "Kantons-, Gemeinde- und Kirchensteuer auf "
+                                        "Kapitalleistungen"},
+           tax.canton, [&](auto& why) {
+               why.line("kapitalleistungen", 0, "Kapitalleistungen des Jahres", both(amount));
+               why.rule(law::capitalPayments, "Satz der einfachen Steuer",
+                        joint ? "kapitalleistung.satzGemeinsam"
+                              : "kapitalleistung.satzAlleinstehend",
+                        both(rate), Unit::share);
+               why.step("Einfache Steuer", both(simple));
+               for (const Part& part : rateParts) {
+                   why.line(part.code, 0, part.label, both(part.amount), Unit::percent);
+                   why.step("ergibt, auf 5 Rappen gerundet", both(multiplied(simple, part.amount)));
+               }
+           });
+    const Decimal ordinary = Tariffs::federalIncomeTax(amount, bill.kind, federalRules.tarif);
+    const Decimal federal = cutToFiveRappen(ordinary * federalRules.kapitalleistungAnteil);
+    tax.federal = federal < federalRules.tarif.minimum ? Decimal(0) : federal;
+    figure(recorder,
+           {"capitalPaymentTax.federal", "Direkte Bundessteuer auf Kapitalleistungen",
+            Concerns::federal},
+           tax.federal, [&](auto& why) {
+               why.line("kapitalleistungen", 0, "Kapitalleistungen des Jahres", both(amount));
+               explainFederalTariff(why, amount, bill.kind, federalRules.tarif);
+               why.step("Steuer nach ordentlichem Tarif", both(ordinary));
+               why.rule(law::capitalPayments, "davon geschuldet", "kapitalleistungAnteil",
+                        both(federalRules.kapitalleistungAnteil), Unit::share);
+               why.rounding("Auf 5 Rappen abgerundet");
+               why.rule(law::federalMinimum, "Wird nicht erhoben unter", "tarif.minimum",
+                        both(federalRules.tarif.minimum));
+           });
     return tax;
 }
 

@@ -7,7 +7,7 @@
 #include "TaxCore/result/LineBuilder.h"
 #include "TaxCore/result/PerJurisdiction.h"
 #include "TaxCore/rulebook/RuleBook.h"
-#include "TaxCore/stgallen/WorkExpenses.h"
+#include "TaxCore/stgallen/Adult.h"
 
 #include <algorithm>
 #include <optional>
@@ -17,30 +17,7 @@
 
 namespace taxcore {
 
-/// One adult who counts, with what later steps need of earlier ones.
-struct Adult {
-    Adult(int n, const Person& who, const PersonIncome& earns, const PersonDeductions& deducts)
-        : number(n), person(who), income(earns), deductions(deducts), employment(earns.salaries) {}
-
-    int number; ///< 1 or 2
-    const Person& person;
-    const PersonIncome& income;
-    const PersonDeductions& deductions;
-    EmploymentFacts employment;
-    PerJurisdiction<WorkExpenseBreakdown> work;
-    Amounts pension; ///< pillar 3a, its buy-in and pension-fund buy-ins as deducted
-
-    /// Earned income: salaries, side jobs, self-employment, partnerships and board fees.
-    Decimal earned() const {
-        return employment.mainNet + employment.sideNet + income.selfEmployment + income.partnership
-               + income.boardFees;
-    }
-    FieldPath incomePath(std::string_view field) const { return {"income", number, {}, -1, field}; }
-    FieldPath deductionPath(std::string_view field) const {
-        return {"deductions", number, {}, -1, field};
-    }
-};
-
+/// The state: what was read, what goes out, and what later sections need of earlier ones.
 template <class Recorder>
 struct Calculation {
     Calculation(const RuleBook& book, const TaxCase& taxCase, TaxResult& target, Recorder& recorder)
@@ -67,6 +44,11 @@ struct Calculation {
     Amounts taxableIncome;
     Decimal taxableWealth;
 
+    /// The yearly amounts that a rule gives on both sides.
+    template <class Rule>
+    Amounts byRule(const Rule& rule) const {
+        return each([&](const DeductionParams* p) { return Decimal(rule(*p)); }, params);
+    }
     /// A value of both rule files.
     Amounts rule(Decimal DeductionParams::*value) const {
         return {params.canton->*value, params.federal->*value};
@@ -77,20 +59,30 @@ struct Calculation {
         return input.isJoint() ? std::optional(adult.person.displayName()) : std::nullopt;
     }
 
+    /// Tells a line of the return that stands already, if it does, as what a later one builds on.
+    template <class Draft>
+    void quote(Draft& why, std::string_view code) const {
+        if (const TaxLine* line = result.line(code)) {
+            const Amounts amounts{line->canton, line->federalOrCanton()};
+            why.line(code, 0, line->label,
+                     line->kind == TaxLine::Kind::deduction ? Amounts{} - amounts : amounts);
+        }
+    }
+
     void notify(Notice notice) { result.notices.push_back(std::move(notice)); }
 
     /// A line for one amount of the case, the same for canton and federation.
     void plainIncome(const LineHead& head, const Law& law, const Decimal& amount,
                      const FieldPath& path, std::optional<std::string> note = {}) {
         auto line = lines.line(head);
-        line.why.law(law, head.label);
+        line.why.law(law, line.label());
         line.why.input("Eingetragener Betrag", amount, path);
         line.income(both(amount), std::move(note));
     }
     void plainDeduction(const LineHead& head, const Law& law, const Decimal& amount,
                         const FieldPath& path, std::optional<std::string> note = {}) {
         auto line = lines.line(head);
-        line.why.law(law, head.label);
+        line.why.law(law, line.label());
         line.why.input("Eingetragener Betrag", amount, path);
         line.deduction(both(amount), std::move(note));
     }
@@ -102,6 +94,28 @@ inline Amounts notBelowZero(const Amounts& amounts) {
 inline Amounts smaller(const Amounts& a, const Amounts& b) {
     return {std::min(a.canton, b.canton), std::min(a.federal, b.federal)};
 }
+
+/// StG SG Art. 34, DBG Art. 21
+template <class Recorder>
+void addRealEstateIncome(Calculation<Recorder>& c);
+/// StG SG Art. 44 Abs. 2, DBG Art. 32 Abs. 2 und 4
+template <class Recorder>
+void addRealEstateCosts(Calculation<Recorder>& c);
+
+/// StG SG Art. 39, DBG Art. 26
+template <class Recorder>
+void addWorkExpenses(Calculation<Recorder>& c, Adult& adult);
+/// DBG Art. 33 Abs. 2
+template <class Recorder>
+void addTwoEarners(Calculation<Recorder>& c);
+/// With the buy-in. StG SG Art. 45 Abs. 1 Bst. e, DBG Art. 33 Abs. 1 Bst. e, BVV 3 Art. 7 und 7a
+template <class Recorder>
+void addPillar3a(Calculation<Recorder>& c, Adult& adult);
+template <class Recorder>
+void addPillar2(Calculation<Recorder>& c, const Adult& adult);
+/// StG SG Art. 45 Abs. 1 Bst. g, DBG Art. 33 Abs. 1 Bst. g und Abs. 1bis
+template <class Recorder>
+void addInsurance(Calculation<Recorder>& c);
 
 // The sections in their order.
 template <class Recorder>

@@ -39,6 +39,9 @@ Decimal pillar3aMaximum(bool hasPensionFund, const Decimal& base, const Saeule3a
     return notBelowZero(std::min(params.ohnePensionskasseSatz * base, params.ohnePensionskasseMax));
 }
 
+namespace {
+
+/// Whether the person pays into pillar 2 or 3a, by the amounts entered.
 bool paysIntoPension(const PersonIncome& income, const PersonDeductions& deductions) {
     const bool throughSalary = std::ranges::any_of(income.salaries, [](const auto& certificate) {
         return certificate.pensionContributions > 0 || certificate.pensionBuyIn > 0;
@@ -47,18 +50,31 @@ bool paysIntoPension(const PersonIncome& income, const PersonDeductions& deducti
            || deductions.pillar3aBuyIn > 0;
 }
 
-Decimal insuranceMax(const TaxCase& taxCase, const VersicherungParams& params) {
+} // namespace
+
+InsuranceCeiling insuranceCeiling(const TaxCase& taxCase) {
     const bool joint = taxCase.isJoint();
-    Decimal maximum = joint ? params.gemeinsam : params.alleinstehend;
     const bool pays = paysIntoPension(taxCase.income1, taxCase.deductions1)
                       || (joint && paysIntoPension(taxCase.income2, taxCase.deductions2));
-    if (!pays) {
-        maximum +=
-            joint ? params.zuschlagOhneVorsorgeGemeinsam : params.zuschlagOhneVorsorgeAlleinstehend;
-    }
-    maximum += params.proKind * deductibleChildCount(taxCase);
-    maximum += params.proUnterstuetztePerson * taxCase.householdDeductions.supportedPersons;
-    return maximum;
+    return {.joint = joint,
+            .withoutPension = !pays,
+            .children = deductibleChildCount(taxCase),
+            .supported = taxCase.householdDeductions.supportedPersons};
+}
+
+Decimal VersicherungParams::*InsuranceCeiling::base() const noexcept {
+    return joint ? &VersicherungParams::gemeinsam : &VersicherungParams::alleinstehend;
+}
+
+Decimal VersicherungParams::*InsuranceCeiling::supplement() const noexcept {
+    return joint ? &VersicherungParams::zuschlagOhneVorsorgeGemeinsam
+                 : &VersicherungParams::zuschlagOhneVorsorgeAlleinstehend;
+}
+
+Decimal InsuranceCeiling::amount(const VersicherungParams& params) const {
+    const Decimal start = params.*base();
+    return start + (withoutPension ? params.*supplement() : Decimal(0)) + params.proKind * children
+           + params.proUnterstuetztePerson * supported;
 }
 
 Decimal assetManagementFlatRate(const Decimal& managedValue, const DeductionParams& params) {
@@ -66,12 +82,14 @@ Decimal assetManagementFlatRate(const Decimal& managedValue, const DeductionPara
                     params.verwaltungskostenMax);
 }
 
-Decimal childcare(const Child& child, int year, const DeductionParams& params) {
+bool isWithinChildcareAge(const Child& child, int year, const DeductionParams& params) noexcept {
     const auto firstDay = Date::of(year, 1, 1);
-    const bool tooOld =
-        child.birthDate && firstDay
-        && completedYears(*child.birthDate, *firstDay) >= params.kinderbetreuungAltersgrenze;
-    if (tooOld || !isBornBy(child, year)) {
+    return !child.birthDate || !firstDay
+           || completedYears(*child.birthDate, *firstDay) < params.kinderbetreuungAltersgrenze;
+}
+
+Decimal childcare(const Child& child, int year, const DeductionParams& params) {
+    if (!isWithinChildcareAge(child, year, params) || !isBornBy(child, year)) {
         return 0;
     }
     const Decimal meals =
@@ -79,8 +97,13 @@ Decimal childcare(const Child& child, int year, const DeductionParams& params) {
     return std::min(notBelowZero(child.childcareCosts - meals), params.kinderbetreuungMax);
 }
 
+bool usesFurtherEducationFlatRate(const PersonDeductions& deductions,
+                                  const DeductionParams& params) noexcept {
+    return deductions.furtherEducationFlatRate && params.weiterbildungPauschal > 0;
+}
+
 Decimal furtherEducation(const PersonDeductions& deductions, const DeductionParams& params) {
-    if (deductions.furtherEducationFlatRate && params.weiterbildungPauschal > 0) {
+    if (usesFurtherEducationFlatRate(deductions, params)) {
         return params.weiterbildungPauschal;
     }
     return std::min(deductions.furtherEducation, params.weiterbildungMax);
@@ -105,8 +128,12 @@ Decimal giftDeduction(const Decimal& gifts, const Decimal& net, const DeductionP
     return std::min(gifts, params.freiwilligeZuwendungenMaxSatz * net);
 }
 
+bool hasUniformChildDeduction(const DeductionParams& params) noexcept {
+    return params.kinderabzugEinheitlich > 0;
+}
+
 Decimal childDeduction(const Child& child, const DeductionParams& params) {
-    if (params.kinderabzugEinheitlich > 0) {
+    if (hasUniformChildDeduction(params)) {
         return params.kinderabzugEinheitlich;
     }
     return child.education == ChildEducation::vorschule ? params.kinderabzugVorschule

@@ -24,20 +24,40 @@ Decimal maintenanceCosts(const RealEstate& property,
 /// DBG Art. 33 Abs. 1 Bst. e, BVV 3 Art. 7 Abs. 1
 Decimal pillar3aMaximum(bool hasPensionFund, const Decimal& base, const Saeule3aParams& params);
 
-/// Whether anybody of the household pays into pillar 2 or 3a, by the amounts entered.
-bool paysIntoPension(const PersonIncome& income, const PersonDeductions& deductions);
-
-/// The ceiling of insurance premiums and savings interest.
+/// What the ceiling of insurance premiums and savings interest depends on.
 /// StG SG Art. 45 Abs. 1 Bst. g, DBG Art. 33 Abs. 1 Bst. g und Abs. 1bis
-Decimal insuranceMax(const TaxCase& taxCase, const VersicherungParams& params);
+struct InsuranceCeiling {
+    bool joint = false;
+    bool withoutPension = false; ///< no adult pays into pillar 2 or 3a, by the amounts entered
+    int children = 0;            ///< who give child deductions
+    int supported = 0;           ///< supported persons
+
+    /// The amount to start from.
+    Decimal VersicherungParams::*base() const noexcept;
+    /// What is added without pension contributions.
+    Decimal VersicherungParams::*supplement() const noexcept;
+    /// The ceiling in francs.
+    Decimal amount(const VersicherungParams& params) const;
+};
+
+/// The ceiling's grounds for a household.
+InsuranceCeiling insuranceCeiling(const TaxCase& taxCase);
 
 /// Flat rate for managing the securities kept by third parties, of their tax value.
 /// StG SG Art. 44, DBG Art. 32 Abs. 1
 Decimal assetManagementFlatRate(const Decimal& managedValue, const DeductionParams& params);
 
-/// Childcare deduction of one child, 0 from the age limit on (reached before 1 January).
+/// Whether the child is below the age limit of childcare costs on 1 January; a missing birth date
+/// counts as below. DBG Art. 33 Abs. 3
+bool isWithinChildcareAge(const Child& child, int year, const DeductionParams& params) noexcept;
+
+/// Childcare deduction of one child, 0 beyond the age limit.
 /// StG SG Art. 45 Abs. 1 Bst. h, DBG Art. 33 Abs. 3
 Decimal childcare(const Child& child, int year, const DeductionParams& params);
+
+/// Whether the flat rate for further education stands for the costs: chosen and granted.
+bool usesFurtherEducationFlatRate(const PersonDeductions& deductions,
+                                  const DeductionParams& params) noexcept;
 
 /// Further education of one person: the flat rate where chosen and granted, else the costs up to
 /// the maximum. DBG Art. 33 Abs. 1 Bst. j
@@ -54,7 +74,10 @@ Decimal partyGiftMaximum(const TaxCase& taxCase, const DeductionParams& params);
 /// income (`net` not below 0). StG SG Art. 46 Bst. c, DBG Art. 33a
 Decimal giftDeduction(const Decimal& gifts, const Decimal& net, const DeductionParams& params);
 
-/// Child deduction of one child by its stage of education.
+/// Whether every child gives the same deduction, whatever its stage of education.
+bool hasUniformChildDeduction(const DeductionParams& params) noexcept;
+
+/// Child deduction of one child, by its stage of education unless it is uniform.
 /// StG SG Art. 48 Abs. 1 Bst. a Ziff. 1 und 2, DBG Art. 35 Abs. 1 Bst. a
 Decimal childDeduction(const Child& child, const DeductionParams& params);
 

@@ -1,4 +1,5 @@
 #include "TaxCore/base/MoneyFormat.h"
+#include "TaxCore/base/Text.h"
 #include "TaxCore/stgallen/Calculation.h"
 #include "TaxCore/stgallen/DeductionRules.h"
 #include "TaxCore/stgallen/Household.h"
@@ -9,49 +10,22 @@ namespace taxcore {
 
 namespace {
 
-/// StG SG Art. 39, DBG Art. 26
-template <class R>
-void addWorkExpenses(Calculation<R>& c, Adult& adult) {
-    auto line =
-        c.lines.line({"berufskosten", adult.number, "10", "Berufskosten Person ", "Formular 4"});
-    adult.work = each(
-        [&](const DeductionParams* p) {
-            return workExpenses(adult.employment, adult.deductions.work, p->berufskosten);
-        },
-        c.params);
-    if constexpr (R::enabled) {
-        explainWorkExpenses(line.why, adult.number, adult.employment, adult.deductions.work,
-                            c.params, adult.work);
-    }
-    const auto isCut = [](const WorkExpenseBreakdown& b) { return b.commute < b.commuteUncapped; };
-    std::optional<std::string> note = c.nameOf(adult);
-    if (isCut(adult.work.canton) || isCut(adult.work.federal)) {
-        note = "Begrenzt auf " + MoneyFormat::fr(c.params.canton->berufskosten.fahrkostenMax)
-               + " (Kanton). Für die Bundessteuer gilt max. "
-               + MoneyFormat::fr(c.params.federal->berufskosten.fahrkostenMax) + ".";
-    }
-    line.deduction(each([](const WorkExpenseBreakdown& b) { return b.total(); }, adult.work),
-                   std::move(note));
-    c.result.work.canton->push_back(adult.work.canton);
-    c.result.work.federal->push_back(adult.work.federal);
-}
-
 /// Private interest counts up to the yield of the assets plus an allowance.
 /// StG SG Art. 45 Abs. 1 Bst. a, DBG Art. 33 Abs. 1 Bst. a
 template <class R>
 void addDebtInterest(Calculation<R>& c) {
     auto line = c.lines.line({"schuldzinsen", 0, "11", "Schuldzinsen"});
-    Decimal interest;
-    int index = 0;
-    for (const Debt& debt : c.input.debts) {
-        if (!debt.isBusiness) {
-            interest += debt.interest;
-            line.why.input("Schuldzinsen", debt.interest, {"debts", 0, {}, index, "interest"});
-        }
-        ++index;
-    }
+    const Decimal interest =
+        sumOf(line.why, "Schuldzinsen", c.input.debts, &Debt::interest,
+              FieldPath("debts", "interest"), [](const Debt& debt) { return !debt.isBusiness; });
     const Amounts allowance = c.rule(&DeductionParams::privateSchuldzinsenZuschlag);
     const Amounts limit = both(c.investmentYield) + allowance;
+    if constexpr (R::enabled) {
+        for (const std::string_view code : {"wertschriftenertrag", "beteiligungsertrag",
+                                            "teilbesteuerung", "liegenschaftsertrag"}) {
+            c.quote(line.why, code);
+        }
+    }
     line.why.step("Steuerbarer Ertrag aus Wertschriften, Beteiligungen und Liegenschaften",
                   both(c.investmentYield));
     line.why.rule(law::debtInterest, "Zuschlag", "privateSchuldzinsenZuschlag", allowance);
@@ -66,7 +40,7 @@ template <class R>
 void addMaintenanceAndAnnuities(Calculation<R>& c) {
     const HouseholdDeductions& d = c.input.householdDeductions;
     const auto path = [](std::string_view field) {
-        return FieldPath{"householdDeductions", 0, {}, -1, field};
+        return FieldPath("householdDeductions", field);
     };
     c.plainDeduction({"unterhaltPartner", 0, "12.1", "Unterhaltsbeiträge an Geschiedene/Getrennte"},
                      law::maintenancePaid, d.alimonyPaidPartner, path("alimonyPaidPartner"));
@@ -77,191 +51,6 @@ void addMaintenanceAndAnnuities(Calculation<R>& c) {
                      d.annuityPayments, path("annuityPayments"));
 }
 
-template <class R>
-void addPillar3aBuyIn(Calculation<R>& c, Adult& adult, bool withEarnings) {
-    const Decimal& buyIn = adult.deductions.pillar3aBuyIn;
-    auto line = c.lines.line({"einkauf3a", adult.number, "13.1", "Einkauf Säule 3a Person "});
-    const Amounts maximum =
-        each([](const DeductionParams* p) { return p->saeule3a.mitPensionskasse; }, c.params);
-    line.why.input("Einkauf in die Säule 3a", buyIn, adult.deductionPath("pillar3aBuyIn"));
-    if (!withEarnings) {
-        line.why.law(law::pillar3aBuyIn, "Ohne Erwerbseinkommen gibt es keinen Abzug");
-        line.deduction({}, c.nameOf(adult));
-        return;
-    }
-    line.why.rule(law::pillar3aBuyIn, "Einkauf höchstens (kleines Maximum)",
-                  "saeule3a.mitPensionskasse", maximum);
-    const Amounts deducted = smaller(both(buyIn), maximum);
-    if (deducted.canton < buyIn || deducted.federal < buyIn) {
-        c.notify(notices::pillar3aBuyInLimit(adult.number));
-    }
-    adult.pension += deducted;
-    line.deduction(deducted, c.nameOf(adult));
-}
-
-/// StG SG Art. 45 Abs. 1 Bst. e, DBG Art. 33 Abs. 1 Bst. e, BVV 3 Art. 7 Abs. 1
-template <class R>
-void addPillar3a(Calculation<R>& c, Adult& adult) {
-    const Decimal& paid = adult.deductions.pillar3a;
-    const bool hasPensionFund = adult.person.hasPensionFund;
-    const Decimal base = adult.earned() + adult.income.unemployment;
-    const bool withEarnings = adult.earned() > 0 || adult.income.unemployment > 0;
-    if (!withEarnings && (paid > 0 || adult.deductions.pillar3aBuyIn > 0)) {
-        c.notify(notices::pillar3aWithoutEarnings(adult.number));
-    }
-    auto line = c.lines.line({"saeule3a", adult.number, "13.1", "Säule 3a Person "});
-    line.why.input("Einzahlungen in die Säule 3a", paid, adult.deductionPath("pillar3a"));
-    line.why.step("Erwerbseinkommen mit Arbeitslosentaggeldern", both(base));
-    Amounts deducted;
-    if (withEarnings) {
-        const Amounts maximum = each(
-            [&](const DeductionParams* p) {
-                return pillar3aMaximum(hasPensionFund, base, p->saeule3a);
-            },
-            c.params);
-        if constexpr (R::enabled) {
-            const auto value = [&](Decimal Saeule3aParams::*field) {
-                return each([&](const DeductionParams* p) { return p->saeule3a.*field; }, c.params);
-            };
-            if (hasPensionFund) {
-                line.why.rule(law::pillar3a, "Maximum mit Pensionskasse",
-                              "saeule3a.mitPensionskasse",
-                              value(&Saeule3aParams::mitPensionskasse));
-            } else {
-                line.why.rule(law::pillar3a, "Ohne Pensionskasse: Anteil am Erwerbseinkommen",
-                              "saeule3a.ohnePensionskasseSatz",
-                              value(&Saeule3aParams::ohnePensionskasseSatz));
-                line.why.rule(law::pillar3a, "Ohne Pensionskasse: Maximum",
-                              "saeule3a.ohnePensionskasseMax",
-                              value(&Saeule3aParams::ohnePensionskasseMax));
-            }
-            line.why.cap("Abziehbar höchstens", maximum);
-        }
-        deducted = smaller(both(paid), maximum);
-        if (deducted.canton < paid || deducted.federal < paid) {
-            c.notify(notices::pillar3aMaximum(adult.number, maximum.canton));
-        }
-    } else {
-        line.why.law(law::pillar3a, "Ohne Erwerbseinkommen gibt es keinen Abzug");
-    }
-    adult.pension += deducted;
-    line.deduction(deducted, c.nameOf(adult));
-    addPillar3aBuyIn(c, adult, withEarnings);
-}
-
-template <class R>
-void addPillar2(Calculation<R>& c, Adult& adult) {
-    c.plainDeduction({"saeule2", adult.number, "13.2", "Säule 2 (BVG) Einkäufe Person "},
-                     law::pillar2, adult.deductions.pensionBuyIn,
-                     adult.deductionPath("pensionBuyIn"), c.nameOf(adult));
-    adult.pension += both(adult.deductions.pensionBuyIn);
-}
-
-/// The rules behind the ceiling of insurance premiums.
-template <class R>
-void explainInsuranceMax(typename R::Draft& why, const Calculation<R>& c) {
-    const bool joint = c.input.isJoint();
-    const auto rule = [&](std::string_view text, std::string_view key,
-                          Decimal VersicherungParams::*field) {
-        why.rule(
-            law::insurance, text, key,
-            each([&](const DeductionParams* p) { return p->versicherungen.*field; }, c.params));
-    };
-    if (joint) {
-        rule("Höchstbetrag für gemeinsam Besteuerte", "versicherungen.gemeinsam",
-             &VersicherungParams::gemeinsam);
-    } else {
-        rule("Höchstbetrag für Alleinstehende", "versicherungen.alleinstehend",
-             &VersicherungParams::alleinstehend);
-    }
-    const bool pays = std::ranges::any_of(c.adults, [](const Adult& adult) {
-        return paysIntoPension(adult.income, adult.deductions);
-    });
-    if (!pays) {
-        rule("Zuschlag ohne Beiträge an die 2. Säule und die Säule 3a",
-             joint ? "versicherungen.zuschlagOhneVorsorgeGemeinsam"
-                   : "versicherungen.zuschlagOhneVorsorgeAlleinstehend",
-             joint ? &VersicherungParams::zuschlagOhneVorsorgeGemeinsam
-                   : &VersicherungParams::zuschlagOhneVorsorgeAlleinstehend);
-    }
-    rule("Zuschlag pro Kind", "versicherungen.proKind", &VersicherungParams::proKind);
-    rule("Zuschlag pro unterstützte Person", "versicherungen.proUnterstuetztePerson",
-         &VersicherungParams::proUnterstuetztePerson);
-}
-
-/// StG SG Art. 45 Abs. 1 Bst. g, DBG Art. 33 Abs. 1 Bst. g und Abs. 1bis
-template <class R>
-void addInsurance(Calculation<R>& c) {
-    const HouseholdDeductions& d = c.input.householdDeductions;
-    auto line = c.lines.line({"versicherungen", 0, "14", "Versicherungsprämien und Sparzinsen"});
-    const auto premium = [&](std::string_view text, const Decimal& amount, std::string_view field) {
-        if (!amount.isZero()) {
-            line.why.input(text, amount, {"householdDeductions", 0, {}, -1, field});
-        }
-    };
-    premium("Krankenversicherung", d.healthInsurancePremiums, "healthInsurancePremiums");
-    premium("Unfallversicherung", d.accidentInsurancePremiums, "accidentInsurancePremiums");
-    premium("Lebensversicherung", d.lifeInsurancePremiums, "lifeInsurancePremiums");
-    premium("− individuelle Prämienverbilligung", d.premiumReduction, "premiumReduction");
-    Decimal paid = notBelowZero(d.healthInsurancePremiums + d.accidentInsurancePremiums
-                                + d.lifeInsurancePremiums - d.premiumReduction);
-    Decimal interest;
-    for (const SecurityEntry& entry : c.input.securities) {
-        if (entry.isSavingsAccount && entry.kind == AssetKind::konto
-            && isPrivateAsset(entry, c.input)) {
-            interest += grossIncome(entry);
-        }
-    }
-    paid += interest;
-    const PerJurisdiction<InsuranceBreakdown> breakdown = each(
-        [&](const DeductionParams* p) {
-            return InsuranceBreakdown{paid, insuranceMax(c.input, p->versicherungen)};
-        },
-        c.params);
-    if constexpr (R::enabled) {
-        line.why.step("Prämien abzüglich Verbilligung", both(paid - interest));
-        line.why.step("Zinsen von Sparkonten", both(interest));
-        explainInsuranceMax(line.why, c);
-        line.why.cap("Höchstbetrag mit Zuschlägen für Kinder und fehlende Vorsorge",
-                     each([](const InsuranceBreakdown& b) { return b.maximum; }, breakdown));
-    }
-    c.result.insurance.canton = breakdown.canton;
-    c.result.insurance.federal = breakdown.federal;
-    line.deduction(each([](const InsuranceBreakdown& b) { return b.deduction(); }, breakdown));
-}
-
-/// StG SG Art. 44 Abs. 2, DBG Art. 32 Abs. 2 und 4
-template <class R>
-void addRealEstateCosts(Calculation<R>& c) {
-    const auto& params = c.rules.cantonalExtra.liegenschaften;
-    auto line = c.lines.line(
-        {"liegenschaftskosten", 0, "15", "Unterhalts- und Verwaltungskosten Liegenschaften"});
-    Decimal costs;
-    bool flatRate = false;
-    int index = 0;
-    for (const RealEstate& property : c.input.realEstate) {
-        const Decimal cost = maintenanceCosts(property, params);
-        if (property.useFlatRateMaintenance) {
-            flatRate = flatRate || !cost.isZero();
-            line.why.rule(law::realEstateFlatRate, "Pauschale, Anteil am Mietwert und Mietertrag",
-                          "liegenschaften.pauschalabzugSatz", both(params.pauschalabzugSatz));
-            line.why.step("Pauschale", both(cost));
-        } else {
-            line.why.law(law::realEstateCosts, "Tatsächliche Kosten");
-            line.why.input("Unterhalt und Verwaltung", property.actualMaintenanceCosts,
-                           {"realEstate", 0, {}, index, "actualMaintenanceCosts"});
-        }
-        costs += cost;
-        ++index;
-    }
-    std::optional<std::string> note;
-    if (flatRate) {
-        note = "Pauschale " + MoneyFormat::number(params.pauschalabzugSatz * 100)
-               + " % des Mietwerts. Beim Bund beträgt sie für Gebäude bis zehn Jahre 10 %.";
-    }
-    line.deduction(both(costs), std::move(note));
-}
-
 /// StG SG Art. 44, DBG Art. 32 Abs. 1
 template <class R>
 void addAssetManagement(Calculation<R>& c) {
@@ -269,19 +58,18 @@ void addAssetManagement(Calculation<R>& c) {
     if (const auto& actual = c.input.householdDeductions.actualAssetManagementCosts) {
         line.why.law(law::assetManagement, "Tatsächliche Kosten statt der Pauschale");
         line.why.input("Verwaltungskosten", *actual,
-                       {"householdDeductions", 0, {}, -1, "actualAssetManagementCosts"});
+                       FieldPath("householdDeductions", "actualAssetManagementCosts"));
         line.deduction(both(*actual));
         return;
     }
-    Decimal managed;
-    for (const SecurityEntry& entry : c.input.securities) {
-        if (entry.managedByThirdParty && isPrivateAsset(entry, c.input)) {
-            managed += entry.taxValue;
-        }
-    }
+    const Decimal managed =
+        sumOf(line.why, "Steuerwert, fremdverwaltet", c.input.securities, &SecurityEntry::taxValue,
+              FieldPath("securities", "taxValue"), [&](const SecurityEntry& entry) {
+                  return entry.managedByThirdParty && isPrivateAsset(entry, c.input);
+              });
     line.why.step("Steuerwert der fremdverwalteten Wertschriften", both(managed));
-    line.why.rule(law::assetManagement, "Pauschale, in Promille", "verwaltungskostenPromille",
-                  c.rule(&DeductionParams::verwaltungskostenPromille));
+    line.why.rule(law::assetManagement, "Pauschale", "verwaltungskostenPromille",
+                  c.rule(&DeductionParams::verwaltungskostenPromille), Unit::perMille);
     line.why.rule(law::assetManagement, "Pauschale höchstens", "verwaltungskostenMax",
                   c.rule(&DeductionParams::verwaltungskostenMax));
     line.deduction(
@@ -291,33 +79,52 @@ void addAssetManagement(Calculation<R>& c) {
             + "‰ des fremdverwalteten Wertschriftenvermögens");
 }
 
+/// One child's share of the childcare costs, or why there is none.
+template <class R>
+void explainChildcare(typename R::Draft& why, const Calculation<R>& c, const Child& child,
+                      int index, const Amounts& amount) {
+    if (child.childcareCosts.isZero()) {
+        return;
+    }
+    const auto path = [&](std::string_view field) {
+        return FieldPath("children", field).at(index);
+    };
+    why.input("Betreuungskosten", child.childcareCosts, path("childcareCosts"));
+    if (child.childcareDaysWithMealsIncluded != 0) {
+        why.input("Tage mit inbegriffenem Essen", child.childcareDaysWithMealsIncluded,
+                  path("childcareDaysWithMealsIncluded"), Unit::number);
+    }
+    if (!isBornBy(child, c.input.year)) {
+        why.fact("Das Kind ist erst nach dem Steuerjahr geboren.", path("birthDate"));
+    } else if (!isWithinChildcareAge(child, c.input.year, *c.params.canton)
+               || !isWithinChildcareAge(child, c.input.year, *c.params.federal)) {
+        why.fact("Das Kind hat die Altersgrenze vor dem Steuerjahr erreicht.", path("birthDate"));
+    }
+    why.step("Abzug für dieses Kind", amount);
+}
+
 /// StG SG Art. 45 Abs. 1 Bst. h, DBG Art. 33 Abs. 3
 template <class R>
 void addChildcare(Calculation<R>& c) {
     auto line = c.lines.line(
         {"kinderbetreuung", 0, "16.2", "Kinderbetreuungskosten bei Drittbetreuung", "Formular 10"});
-    Amounts total;
-    int index = 0;
-    for (const Child& child : c.input.children) {
-        const Amounts amount = each(
-            [&](const DeductionParams* p) { return childcare(child, c.input.year, *p); }, c.params);
-        if (!child.childcareCosts.isZero()) {
-            line.why.input("Betreuungskosten", child.childcareCosts,
-                           {"children", 0, {}, index, "childcareCosts"});
-            if (child.childcareDaysWithMealsIncluded != 0) {
-                line.why.input("Tage mit inbegriffenem Essen", child.childcareDaysWithMealsIncluded,
-                               {"children", 0, {}, index, "childcareDaysWithMealsIncluded"});
-            }
-            line.why.step("Abzug für dieses Kind", amount);
-        }
-        total += amount;
-        ++index;
-    }
+    line.why.rule(law::childcare, "Altersgrenze am 1. Januar", "kinderbetreuungAltersgrenze",
+                  c.byRule([](const DeductionParams& p) { return p.kinderbetreuungAltersgrenze; }),
+                  Unit::number);
     line.why.rule(law::childcare, "Kürzung pro Tag mit Essen",
                   "kinderbetreuungVerpflegungKuerzungProTag",
                   c.rule(&DeductionParams::kinderbetreuungVerpflegungKuerzungProTag));
     line.why.rule(law::childcare, "Höchstbetrag pro Kind", "kinderbetreuungMax",
                   c.rule(&DeductionParams::kinderbetreuungMax));
+    Amounts total;
+    forEachItem(c.input.children, [&](const Child& child, int index) {
+        const Amounts amount =
+            c.byRule([&](const DeductionParams& p) { return childcare(child, c.input.year, p); });
+        if constexpr (R::enabled) {
+            explainChildcare(line.why, c, child, index, amount);
+        }
+        total += amount;
+    });
     line.deduction(total);
 }
 
@@ -329,86 +136,35 @@ void addFurtherEducation(Calculation<R>& c, const Adult& adult) {
         {"weiterbildung", adult.number, "16.4", "Berufsorientierte Aus-/Weiterbildung Person "});
     line.why.input("Aus- und Weiterbildungskosten", d.furtherEducation,
                    adult.deductionPath("furtherEducation"));
-    if (d.furtherEducationFlatRate) {
-        line.why.rule(law::furtherEducation, "Pauschale (0: keine vorgesehen)",
-                      "weiterbildungPauschal", c.rule(&DeductionParams::weiterbildungPauschal));
-    }
-    line.why.rule(law::furtherEducation, "Kosten höchstens", "weiterbildungMax",
-                  c.rule(&DeductionParams::weiterbildungMax));
-    line.deduction(
-        each([&](const DeductionParams* p) { return furtherEducation(d, *p); }, c.params),
-        c.nameOf(adult));
-}
-
-/// What a spouse's two-earner deduction is measured on: earned income less the costs of earning it,
-/// not below 0. DBG Art. 33 Abs. 2
-Amounts twoEarnerBase(const Adult& adult) {
-    const Amounts costs =
-        each([](const WorkExpenseBreakdown& b) { return b.total(); }, adult.work) + adult.pension;
-    return notBelowZero(both(adult.earned()) - costs);
-}
-
-/// DBG Art. 33 Abs. 2
-template <class R>
-void addTwoEarners(Calculation<R>& c) {
-    if (c.adults.size() < 2) {
-        return;
-    }
-    const bool cooperation = c.input.householdDeductions.significantCooperation;
-    if (!cooperation && !(c.adults[0].earned() > 0 && c.adults[1].earned() > 0)) {
-        return;
-    }
-    auto line = c.lines.line({"zweiverdiener", 0, "17", "Zweiverdienerabzug"});
-    const Amounts first = twoEarnerBase(c.adults[0]);
-    const Amounts second = twoEarnerBase(c.adults[1]);
-    Amounts base = smaller(first, second);
-    line.why.step("Erwerb Person 1 nach Berufskosten und Vorsorge", first);
-    line.why.step("Erwerb Person 2 nach Berufskosten und Vorsorge", second);
-    if (cooperation) {
-        line.why.fact(
-            "Erhebliche Mitarbeit im Betrieb: das gemeinsame Einkommen zählt je zur Hälfte.",
-            {"householdDeductions", 0, {}, -1, "significantCooperation"});
-        base = each([](const Decimal& common) { return common / 2; }, first + second);
-    }
-    line.why.law(law::twoEarners, "Massgebend ist das tiefere Einkommen");
-    line.why.step("Tieferes Einkommen", base);
     if constexpr (R::enabled) {
-        const auto value = [&](Decimal ZweiverdienerParams::*field) {
-            return each([&](const DeductionParams* p) { return p->zweiverdiener.*field; },
-                        c.params);
-        };
-        line.why.rule(law::twoEarners, "Fester Betrag (Kanton)", "zweiverdiener.betrag",
-                      value(&ZweiverdienerParams::betrag));
-        line.why.rule(law::twoEarners, "Anteil am tieferen Einkommen (Bund)", "zweiverdiener.satz",
-                      value(&ZweiverdienerParams::satz));
-        line.why.rule(law::twoEarners, "mindestens (Bund)", "zweiverdiener.min",
-                      value(&ZweiverdienerParams::min));
-        line.why.rule(law::twoEarners, "höchstens (Bund)", "zweiverdiener.max",
-                      value(&ZweiverdienerParams::max));
-        line.why.cap("nie mehr als das tiefere Einkommen", base);
+        const auto flat =
+            each([&](const DeductionParams* p) { return usesFurtherEducationFlatRate(d, *p); },
+                 c.params);
+        if (flat.canton || flat.federal) {
+            line.why.rule(law::furtherEducation, "Pauschale statt der Kosten",
+                          "weiterbildungPauschal", c.rule(&DeductionParams::weiterbildungPauschal),
+                          Unit::francs, concerned(flat));
+        }
+        if (!flat.canton || !flat.federal) {
+            line.why.rule(law::furtherEducation, "Kosten höchstens", "weiterbildungMax",
+                          c.rule(&DeductionParams::weiterbildungMax), Unit::francs,
+                          concerned({!flat.canton, !flat.federal}));
+        }
     }
-    line.deduction(
-        each([](const DeductionParams* p,
-                const Decimal& lower) { return twoEarnerDeduction(lower, p->zweiverdiener); },
-             c.params, base));
+    line.deduction(c.byRule([&](const DeductionParams& p) { return furtherEducation(d, p); }),
+                   c.nameOf(adult));
 }
 
 /// DBG Art. 33 Abs. 1 Bst. i
 template <class R>
 void addPartyGifts(Calculation<R>& c) {
     auto line = c.lines.line({"parteispenden", 0, "16.3", "Parteispenden", "Formular 5"});
-    Decimal gifts;
-    int index = 0;
-    for (const Donation& donation : c.input.householdDeductions.donations) {
-        if (donation.isPoliticalParty) {
-            gifts += donation.amount;
-            line.why.input("Parteispende", donation.amount,
-                           {"householdDeductions", 0, "donations", index, "amount"});
-        }
-        ++index;
-    }
+    const Decimal gifts =
+        sumOf(line.why, "Parteispende", c.input.householdDeductions.donations, &Donation::amount,
+              FieldPath("householdDeductions", "donations", "amount"),
+              [](const Donation& gift) { return gift.isPoliticalParty; });
     const Amounts maximum =
-        each([&](const DeductionParams* p) { return partyGiftMaximum(c.input, *p); }, c.params);
+        c.byRule([&](const DeductionParams& p) { return partyGiftMaximum(c.input, p); });
     line.why.rule(law::partyGifts, "Höchstbetrag",
                   c.input.isJoint() ? "parteispendenGemeinsam" : "parteispendenAlleinstehend",
                   maximum);
@@ -420,9 +176,9 @@ void addOtherDeductions(Calculation<R>& c) {
     const HouseholdDeductions& d = c.input.householdDeductions;
     const std::string& described = d.otherDeductionsDescription;
     auto line = c.lines.line({"uebrigeAbzuege", 0, "16.5", {}},
-                             described.empty() ? "Übrige Abzüge" : described);
+                             isBlank(described) ? "Übrige Abzüge" : described);
     line.why.input("Eingetragener Betrag", d.otherDeductions,
-                   {"householdDeductions", 0, {}, -1, "otherDeductions"});
+                   FieldPath("householdDeductions", "otherDeductions"));
     line.deduction(both(d.otherDeductions));
 }
 

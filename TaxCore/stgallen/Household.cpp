@@ -38,4 +38,16 @@ Decimal grossIncome(const SecurityEntry& entry) {
     return entry.incomeWithWithholding + entry.incomeWithoutWithholding;
 }
 
+void explainGrossIncome(DerivationRecorder::Draft& why, const SecurityEntry& entry, int index) {
+    const auto tell = [&](std::string_view text, const Decimal& amount, std::string_view field) {
+        if (!amount.isZero()) {
+            why.input(text, amount, FieldPath("securities", field).at(index));
+        }
+    };
+    tell("Bruttoertrag mit Verrechnungssteuer", entry.incomeWithWithholding,
+         "incomeWithWithholding");
+    tell("Bruttoertrag ohne Verrechnungssteuer", entry.incomeWithoutWithholding,
+         "incomeWithoutWithholding");
+}
+
 } // namespace taxcore

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "TaxCore/model/TaxCase.h"
+#include "TaxCore/result/Derivation.h"
 
 #include <vector>
 
@@ -35,5 +36,8 @@ bool isPrivateAsset(const SecurityEntry& entry, const TaxCase& taxCase) noexcept
 
 /// Both gross incomes of a register entry, francs.
 Decimal grossIncome(const SecurityEntry& entry);
+/// Tells them as inputs, so far as there are any; `index` is the entry's place in the register.
+void explainGrossIncome(DerivationRecorder::Draft& why, const SecurityEntry& entry, int index);
+inline void explainGrossIncome(NoRecorder::Draft&, const SecurityEntry&, int) noexcept {}
 
 } // namespace taxcore

@@ -11,11 +11,10 @@ namespace {
 
 /// How the net salary of one certificate comes about.
 template <class Draft>
-void explainNetSalary(Draft& why, const Adult& adult, int index) {
-    const SalaryCertificate& certificate = adult.income.salaries[static_cast<std::size_t>(index)];
+void explainNetSalary(Draft& why, const SalaryCertificate& certificate, int person, int index) {
     const auto box = [&](std::string_view text, const Decimal& amount, std::string_view field) {
         if (!amount.isZero()) {
-            why.input(text, amount, {"income", adult.number, "salaries", index, field});
+            why.input(text, amount, FieldPath("income", "salaries", field).of(person).at(index));
         }
     };
     if (certificate.netSalaryOverride) {
@@ -39,10 +38,10 @@ void addSalaries(Calculation<R>& c, const Adult& adult) {
     if constexpr (R::enabled) {
         main.why.law(law::employment, "Einkünfte aus unselbständiger Erwerbstätigkeit");
         side.why.law(law::employment, "Einkünfte aus unselbständiger Erwerbstätigkeit");
-        for (std::size_t i = 0; i < adult.income.salaries.size(); ++i) {
-            explainNetSalary((adult.income.salaries[i].isMainEmployment ? main : side).why, adult,
-                             static_cast<int>(i));
-        }
+        forEachItem(adult.income.salaries, [&](const SalaryCertificate& certificate, int index) {
+            auto& line = certificate.isMainEmployment ? main : side;
+            explainNetSalary(line.why, certificate, adult.number, index);
+        });
     }
     main.income(both(adult.employment.mainNet), c.nameOf(adult));
     side.income(both(adult.employment.sideNet), c.nameOf(adult));
@@ -68,15 +67,15 @@ void addPensions(Calculation<R>& c, const Adult& adult) {
         c.lines.line({"renten", adult.number, "3.2", "Renten / Pensionen (steuerbarer Teil)"});
     line.why.law(law::pensions, "Renten und Pensionen");
     Decimal taxable;
-    int index = 0;
-    for (const PensionIncome& pension : adult.income.pensions) {
-        line.why.input("Rente im Jahr", pension.amount,
-                       {"income", adult.number, "pensions", index, "amount"});
-        line.why.input("davon steuerbar, in Prozent", pension.taxablePercent,
-                       {"income", adult.number, "pensions", index, "taxablePercent"});
+    forEachItem(adult.income.pensions, [&](const PensionIncome& pension, int index) {
+        const auto path = [&](std::string_view field) {
+            return FieldPath("income", "pensions", field).of(adult.number).at(index);
+        };
+        line.why.input("Rente im Jahr", pension.amount, path("amount"));
+        line.why.input("davon steuerbar", pension.taxablePercent, path("taxablePercent"),
+                       Unit::percent);
         taxable += pension.amount * pension.taxablePercent / 100;
-        ++index;
-    }
+    });
     line.income(both(taxable), c.nameOf(adult));
 }
 
@@ -101,7 +100,7 @@ void addReplacementAndPensions(Calculation<R>& c) {
     }
     c.plainIncome({"familienzulagen", 0, "3.4", "Direkt ausbezahlte Familienzulagen"},
                   law::familyAllowances, c.input.householdIncome.familyAllowancesDirect,
-                  {"householdIncome", 0, {}, -1, "familyAllowancesDirect"});
+                  FieldPath("householdIncome", "familyAllowancesDirect"));
 }
 
 /// Income of the securities register; holdings of at least 10 % apart, since 30 % of their yield is
@@ -117,21 +116,15 @@ void addSecuritiesIncome(Calculation<R>& c) {
     Decimal ordinaryIncome;
     Decimal participations = c.input.householdIncome.qualifiedParticipationIncome;
     qualified.why.input("Eingetragener Beteiligungsertrag", participations,
-                        {"householdIncome", 0, {}, -1, "qualifiedParticipationIncome"});
-    int index = -1;
-    for (const SecurityEntry& entry : c.input.securities) {
-        ++index;
+                        FieldPath("householdIncome", "qualifiedParticipationIncome"));
+    forEachItem(c.input.securities, [&](const SecurityEntry& entry, int index) {
         if (!isPrivateAsset(entry, c.input) || grossIncome(entry).isZero()) {
-            continue;
+            return;
         }
         const bool participation = entry.code == AssetCode::privateParticipation;
-        auto& line = participation ? qualified : ordinary;
-        line.why.input("Bruttoertrag mit Verrechnungssteuer", entry.incomeWithWithholding,
-                       {"securities", 0, {}, index, "incomeWithWithholding"});
-        line.why.input("Bruttoertrag ohne Verrechnungssteuer", entry.incomeWithoutWithholding,
-                       {"securities", 0, {}, index, "incomeWithoutWithholding"});
+        explainGrossIncome((participation ? qualified : ordinary).why, entry, index);
         (participation ? participations : ordinaryIncome) += grossIncome(entry);
-    }
+    });
     ordinary.income(both(ordinaryIncome));
     qualified.income(both(participations));
 
@@ -148,75 +141,27 @@ void addSecuritiesIncome(Calculation<R>& c) {
 /// Withholding tax that the household gets back. VStG Art. 13 Abs. 1 Bst. a
 template <class R>
 void addWithholdingTax(Calculation<R>& c) {
-    [[maybe_unused]] auto why = c.lines.recorder().draft();
-    Decimal subject;
-    int index = 0;
-    for (const SecurityEntry& entry : c.input.securities) {
-        if (belongsToHousehold(entry, c.input)) {
-            subject += entry.incomeWithWithholding;
-            why.input("Bruttoertrag mit Verrechnungssteuer", entry.incomeWithWithholding,
-                      {"securities", 0, {}, index, "incomeWithWithholding"});
-        }
-        ++index;
-    }
+    auto why = c.lines.recorder().draft(Concerns::federal);
+    const Decimal subject = sumOf(
+        why, "Bruttoertrag mit Verrechnungssteuer", c.input.securities,
+        &SecurityEntry::incomeWithWithholding, FieldPath("securities", "incomeWithWithholding"),
+        [&](const SecurityEntry& entry) {
+            return belongsToHousehold(entry, c.input) && !entry.incomeWithWithholding.isZero();
+        });
     const Decimal& rate = c.rules.cantonalExtra.verrechnungssteuerSatz;
     c.result.withholdingIncomeA = subject;
     c.result.withholdingTaxRefund = toRappen(subject * rate);
     why.rule(law::withholdingTax, "Satz der Verrechnungssteuer", "verrechnungssteuerSatz",
-             both(rate));
-    why.rounding("auf ganze Rappen");
+             both(rate), Unit::share);
+    why.rounding("Auf ganze Rappen");
     c.lines.recorder().keep("withholdingTaxRefund", "Rückerstattung der Verrechnungssteuer",
                             std::move(why), both(c.result.withholdingTaxRefund));
-}
-
-/// StG SG Art. 34, DBG Art. 21
-template <class R>
-void addRealEstateIncome(Calculation<R>& c) {
-    const auto& params = c.rules.cantonalExtra.liegenschaften;
-    auto line = c.lines.line({"liegenschaftsertrag", 0, "5.1", "Ertrag aus Liegenschaften"});
-    line.why.law(law::realEstateIncome, "Ertrag aus unbeweglichem Vermögen");
-    Decimal yield;
-    bool imputed = false;
-    int index = 0;
-    for (const RealEstate& property : c.input.realEstate) {
-        const Decimal rentalValue = taxedRentalValue(property, params);
-        if (!rentalValue.isZero()) {
-            imputed = true;
-            line.why.input("Eigenmietwert, amtlich", property.imputedRentalValue,
-                           {"realEstate", 0, {}, index, "imputedRentalValue"});
-            if (property.isPrimaryResidence) {
-                line.why.rule(law::imputedRent, "Reduktion am Wohnsitz",
-                              "liegenschaften.eigenmietwertReduktion",
-                              both(params.eigenmietwertReduktion));
-                if (property.rooms > 0 && property.unusedRooms > 0) {
-                    line.why.law(law::unusedRooms, "Kürzung für dauernd ungenutzte Räume");
-                    line.why.input("Räume", property.rooms, {"realEstate", 0, {}, index, "rooms"});
-                    line.why.input("davon ungenutzt", property.unusedRooms,
-                                   {"realEstate", 0, {}, index, "unusedRooms"});
-                }
-            }
-            line.why.step("Eigenmietwert, steuerbar", both(rentalValue));
-        }
-        if (!property.rentalIncome.isZero()) {
-            line.why.input("Mietertrag", property.rentalIncome,
-                           {"realEstate", 0, {}, index, "rentalIncome"});
-        }
-        yield += rentalValue + property.rentalIncome;
-        ++index;
-    }
-    line.income(both(yield));
-    c.investmentYield += yield;
-    if (imputed) {
-        c.notify(notices::imputedRentFederal());
-    }
 }
 
 template <class R>
 void addOtherIncome(Calculation<R>& c) {
     const HouseholdIncome& income = c.input.householdIncome;
-    const auto path = [](std::string_view field) {
-        return FieldPath{"householdIncome", 0, {}, -1, field};
-    };
+    const auto path = [](std::string_view field) { return FieldPath("householdIncome", field); };
     c.plainIncome({"unterhaltSelbst", 0, "6.1", "Unterhaltsbeiträge für sich"},
                   law::maintenanceReceived, income.alimonyReceivedSelf,
                   path("alimonyReceivedSelf"));

@@ -22,7 +22,6 @@ Notice imputedRentFederal() {
             .message = "Die Berechnung verwendet für die Bundessteuer denselben Eigenmietwert wie "
                        "für den Kanton. Die Veranlagungsbehörde nimmt allfällige Anpassungen von "
                        "Amtes wegen vor.",
-
             .area = "wealth"};
 }
 
@@ -33,7 +32,6 @@ Notice debtInterestLimit(const Decimal& limit, const Decimal& allowance) {
             .message = "Private Schuldzinsen sind nur bis zum Vermögensertrag plus "
                        + MoneyFormat::fr(allowance) + " abziehbar. Abgezogen werden "
                        + withCurrency(limit) + ".",
-
             .area = "wealth"};
 }
 
@@ -44,7 +42,6 @@ Notice pillar3aWithoutEarnings(int person) {
             .message = "Beiträge an die Säule 3a sind nur mit AHV-pflichtigem Erwerbseinkommen "
                        "abziehbar (Person "
                        + std::to_string(person) + ").",
-
             .area = "pension"};
 }
 
@@ -54,7 +51,6 @@ Notice pillar3aMaximum(int person, const Decimal& maximum) {
             .title = "Säule 3a über Maximum",
             .message = "Person " + std::to_string(person) + ": Abziehbar sind höchstens "
                        + withCurrency(maximum) + ". Der Mehrbetrag muss zurückgefordert werden.",
-
             .area = "pension"};
 }
 
@@ -64,7 +60,6 @@ Notice pillar3aBuyInLimit(int person) {
             .title = "Einkauf Säule 3a begrenzt",
             .message = "Ein 3a-Einkauf ist pro Jahr höchstens im Umfang des kleinen 3a-Maximums "
                        "abziehbar.",
-
             .area = "pension"};
 }
 
@@ -75,7 +70,6 @@ Notice medicalBelowThreshold(const Decimal& costs, const Decimal& threshold) {
             .message = "Die selbst bezahlten Krankheitskosten (" + withCurrency(costs)
                        + ") liegen unter dem Selbstbehalt von " + withCurrency(threshold)
                        + ". Es ergibt sich kein Abzug.",
-
             .area = "other"};
 }
 
@@ -85,7 +79,6 @@ Notice donationsBelowMinimum(const Decimal& minimum) {
             .title = "Spenden unter " + MoneyFormat::fr(minimum),
             .message = "Freiwillige Zuwendungen sind erst ab gesamthaft " + MoneyFormat::fr(minimum)
                        + " pro Jahr abziehbar.",
-
             .area = "other"};
 }
 
@@ -95,7 +88,6 @@ Notice childDeductionWithMaintenance() {
             .title = "Kinderabzug und Unterhaltsbeiträge",
             .message = "Für Kinder, für die Unterhaltsbeiträge abgezogen werden, entfällt der "
                        "Kinderabzug. Diese Kinder nicht als Kinder erfassen.",
-
             .area = "family"};
 }
 
@@ -105,7 +97,6 @@ Notice unknownMunicipality(std::string_view name, int year) {
             .title = "Gemeinde unbekannt",
             .message = "Die Gemeinde «" + std::string(name) + "» ist nicht in der Steuerfuss-Liste "
                        + std::to_string(year) + " enthalten.",
-
             .area = "family"};
 }
 
@@ -114,7 +105,6 @@ Notice missingMultiplier() {
             .level = Notice::Level::error,
             .title = "Steuerfuss fehlt",
             .message = "Ohne Gemeinde kann die Gemeindesteuer nicht berechnet werden.",
-
             .area = "family"};
 }
 
@@ -125,7 +115,6 @@ Notice mixedConfessions() {
             .message = "Die Kirchensteuer wird je zur Hälfte nach der Religionszugehörigkeit der "
                        "Ehegatten erhoben (Art. 2 StV). Auf Verlangen ist eine Aufteilung nach "
                        "allen Familienmitgliedern möglich.",
-
             .area = "family"};
 }
 

@@ -11,6 +11,26 @@ namespace {
 
 std::string percent(const Decimal& fraction) { return MoneyFormat::number(fraction * 100) + "%"; }
 
+/// What the household paid itself of its medical bills of one kind.
+template <class Draft>
+Decimal selfPaidBills(Draft& why, const HouseholdDeductions& d, bool disabilityRelated) {
+    Decimal sum;
+    forEachItem(d.medicalCosts, [&](const MedicalCost& bill, int index) {
+        if (bill.isDisabilityRelated != disabilityRelated) {
+            return;
+        }
+        sum += bill.selfPaid();
+        const auto path = [&](std::string_view field) {
+            return FieldPath("householdDeductions", "medicalCosts", field).at(index);
+        };
+        why.input("Rechnung", bill.gross, path("gross"));
+        if (!bill.reimbursed.isZero()) {
+            why.input("− Rückvergütung", bill.reimbursed, path("reimbursed"));
+        }
+    });
+    return sum;
+}
+
 /// Illness and accident costs above a share of the net income.
 /// StG SG Art. 46 Bst. a, DBG Art. 33 Abs. 1 Bst. h
 template <class R>
@@ -18,19 +38,7 @@ void addMedicalCosts(Calculation<R>& c) {
     const HouseholdDeductions& d = c.input.householdDeductions;
     auto total =
         c.lines.line({"krankheitskosten", 0, "21.1", "Krankheits- und Unfallkosten (Total)"});
-    Decimal bills;
-    int index = 0;
-    for (const MedicalCost& bill : d.medicalCosts) {
-        if (!bill.isDisabilityRelated) {
-            bills += bill.selfPaid();
-            total.why.input("Rechnung", bill.gross,
-                            {"householdDeductions", 0, "medicalCosts", index, "gross"});
-            total.why.input("− Rückvergütung", bill.reimbursed,
-                            {"householdDeductions", 0, "medicalCosts", index, "reimbursed"});
-        }
-        ++index;
-    }
-    Amounts costs = both(bills);
+    Amounts costs = both(selfPaidBills(total.why, d, false));
     if (d.dietFlatRate) {
         const Amounts diet = c.rule(&DeductionParams::diaetPauschale);
         costs += diet;
@@ -48,7 +56,7 @@ void addMedicalCosts(Calculation<R>& c) {
                                share, c.netIncome);
     threshold.why.line("nettoeinkommen", 0, "Nettoeinkommen", c.netIncome);
     threshold.why.rule(law::medicalCosts, "Selbstbehalt, Anteil am Nettoeinkommen",
-                       "krankheitSelbstbehaltSatz", share);
+                       "krankheitSelbstbehaltSatz", share, Unit::share);
     threshold.info(limit, "Kanton " + percent(share.canton) + ", Bund " + percent(share.federal)
                               + " des Nettoeinkommens");
 
@@ -68,43 +76,27 @@ void addDisabilityCosts(Calculation<R>& c) {
     const HouseholdDeductions& d = c.input.householdDeductions;
     auto line = c.lines.line({"behinderung", 0, "21.2", "Behinderungsbedingte Kosten"});
     line.why.law(law::disabilityCosts, "Abziehbar ohne Selbstbehalt");
-    Decimal costs = d.disabilityFlatRate;
-    line.why.input("Pauschale", d.disabilityFlatRate,
-                   {"householdDeductions", 0, {}, -1, "disabilityFlatRate"});
-    int index = 0;
-    for (const MedicalCost& bill : d.medicalCosts) {
-        if (bill.isDisabilityRelated) {
-            costs += bill.selfPaid();
-            line.why.input("Rechnung", bill.gross,
-                           {"householdDeductions", 0, "medicalCosts", index, "gross"});
-            line.why.input("− Rückvergütung", bill.reimbursed,
-                           {"householdDeductions", 0, "medicalCosts", index, "reimbursed"});
-        }
-        ++index;
+    if (!d.disabilityFlatRate.isZero()) {
+        line.why.input("Pauschale", d.disabilityFlatRate,
+                       FieldPath("householdDeductions", "disabilityFlatRate"));
     }
-    line.deduction(both(costs));
+    line.deduction(both(d.disabilityFlatRate + selfPaidBills(line.why, d, true)));
 }
 
 /// StG SG Art. 46 Bst. c, DBG Art. 33a
 template <class R>
 void addDonations(Calculation<R>& c) {
     auto line = c.lines.line({"zuwendungen", 0, "21.3", "Freiwillige Zuwendungen"});
-    Decimal gifts;
-    int index = 0;
-    for (const Donation& donation : c.input.householdDeductions.donations) {
-        if (!donation.isPoliticalParty) {
-            gifts += donation.amount;
-            line.why.input("Spende", donation.amount,
-                           {"householdDeductions", 0, "donations", index, "amount"});
-        }
-        ++index;
-    }
+    const Decimal gifts =
+        sumOf(line.why, "Spende", c.input.householdDeductions.donations, &Donation::amount,
+              FieldPath("householdDeductions", "donations", "amount"),
+              [](const Donation& gift) { return !gift.isPoliticalParty; });
     const Amounts minimum = c.rule(&DeductionParams::freiwilligeZuwendungenMin);
     line.why.rule(law::donations, "Abziehbar ab gesamthaft", "freiwilligeZuwendungenMin", minimum);
     line.why.line("nettoeinkommen", 0, "Nettoeinkommen", c.netIncome);
     line.why.rule(law::donations, "höchstens, Anteil am Nettoeinkommen",
                   "freiwilligeZuwendungenMaxSatz",
-                  c.rule(&DeductionParams::freiwilligeZuwendungenMaxSatz));
+                  c.rule(&DeductionParams::freiwilligeZuwendungenMaxSatz), Unit::share);
     line.deduction(each(
         [&](const Decimal& net, const DeductionParams* p) { return giftDeduction(gifts, net, *p); },
         c.netIncome, c.params));
@@ -113,55 +105,76 @@ void addDonations(Calculation<R>& c) {
     }
 }
 
-/// One of the two lines of child deductions, for the children `counts` accepts.
-template <class R, class Counts>
-int addChildDeduction(Calculation<R>& c, std::string_view code, std::string_view ziffer,
-                      std::string_view label, std::string_view ruleKey,
-                      Decimal DeductionParams::*amount, const Counts& counts) {
+/// One of the two lines of child deductions.
+struct ChildDeductionLine {
+    bool preschool = false; ///< the children that count here
+    LineHead head;
+    std::string_view ruleKey;
+    Decimal DeductionParams::*amount;
+
+    bool counts(const Child& child, int year) const {
+        return isDeductible(child, year)
+               && (child.education == ChildEducation::vorschule) == preschool;
+    }
+};
+
+template <class R>
+void explainChildDeduction(typename R::Draft& why, const Calculation<R>& c,
+                           const ChildDeductionLine& kind) {
+    forEachItem(c.input.children, [&](const Child& child, int index) {
+        if (kind.counts(child, c.input.year)) {
+            why.fact("Kind " + child.firstName + ": " + std::string(label(child.education)),
+                     FieldPath("children", "education").at(index));
+        }
+    });
+    const auto uniform =
+        each([](const DeductionParams* p) { return hasUniformChildDeduction(*p); }, c.params);
+    if (!uniform.canton || !uniform.federal) {
+        why.rule(law::childDeduction, "Abzug pro Kind", kind.ruleKey, c.rule(kind.amount),
+                 Unit::francs, concerned({!uniform.canton, !uniform.federal}));
+    }
+    if (uniform.canton || uniform.federal) {
+        why.rule(law::childDeduction, "Einheitlicher Abzug pro Kind", "kinderabzugEinheitlich",
+                 c.rule(&DeductionParams::kinderabzugEinheitlich), Unit::francs,
+                 concerned(uniform));
+    }
+}
+
+/// How many children the line counts.
+template <class R>
+int addChildDeduction(Calculation<R>& c, const ChildDeductionLine& kind) {
     int count = 0;
     Amounts total;
     for (const Child& child : c.input.children) {
-        if (isDeductible(child, c.input.year) && counts(child)) {
+        if (kind.counts(child, c.input.year)) {
             ++count;
-            total +=
-                each([&](const DeductionParams* p) { return childDeduction(child, *p); }, c.params);
+            total += c.byRule([&](const DeductionParams& p) { return childDeduction(child, p); });
         }
     }
-    if (count == 0) {
-        return 0;
-    }
-    auto line = c.lines.line({code, 0, ziffer, {}},
-                             std::string(label) + " (" + std::to_string(count) + ")");
-    if constexpr (R::enabled) {
-        int index = 0;
-        for (const Child& child : c.input.children) {
-            if (isDeductible(child, c.input.year) && counts(child)) {
-                line.why.fact("Kind " + child.firstName + ": "
-                                  + std::string(taxcore::label(child.education)),
-                              {"children", 0, {}, index, "education"});
-            }
-            ++index;
+    if (count > 0) {
+        auto line = c.lines.line(kind.head,
+                                 std::string(kind.head.label) + " (" + std::to_string(count) + ")");
+        if constexpr (R::enabled) {
+            explainChildDeduction(line.why, c, kind);
         }
-        line.why.rule(law::childDeduction, "Abzug pro Kind", ruleKey, c.rule(amount));
-        line.why.rule(law::childDeduction, "Einheitlicher Abzug für jedes Kind (0: keiner)",
-                      "kinderabzugEinheitlich", c.rule(&DeductionParams::kinderabzugEinheitlich));
+        line.deduction(total);
     }
-    line.deduction(total);
     return count;
 }
 
 /// StG SG Art. 48 Abs. 1 Bst. a Ziff. 1 und 2, DBG Art. 35 Abs. 1 Bst. a
 template <class R>
 void addChildDeductions(Calculation<R>& c) {
-    const auto preschool = [](const Child& child) {
-        return child.education == ChildEducation::vorschule;
-    };
-    const int young = addChildDeduction(c, "kinderabzugVorschule", "23.1",
-                                        "Kinderabzug Vorschulalter", "kinderabzugVorschule",
-                                        &DeductionParams::kinderabzugVorschule, preschool);
-    const int older = addChildDeduction(
-        c, "kinderabzugAusbildung", "23.2", "Kinderabzug Schule/Ausbildung",
-        "kinderabzugAusbildung", &DeductionParams::kinderabzugAusbildung, std::not_fn(preschool));
+    const int young =
+        addChildDeduction(c, {true,
+                              {"kinderabzugVorschule", 0, "23.1", "Kinderabzug Vorschulalter"},
+                              "kinderabzugVorschule",
+                              &DeductionParams::kinderabzugVorschule});
+    const int older =
+        addChildDeduction(c, {false,
+                              {"kinderabzugAusbildung", 0, "23.2", "Kinderabzug Schule/Ausbildung"},
+                              "kinderabzugAusbildung",
+                              &DeductionParams::kinderabzugAusbildung});
     if (young + older > 0 && c.input.householdDeductions.alimonyPaidChildren > 0) {
         c.notify(notices::childDeductionWithMaintenance());
     }
@@ -171,28 +184,26 @@ void addChildDeductions(Calculation<R>& c) {
 template <class R>
 void addChildEducation(Calculation<R>& c) {
     auto line = c.lines.line({"ausbildungskosten", 0, "23.3", "Ausbildungskosten für Kinder"});
-    Amounts total;
-    int index = -1;
-    for (const Child& child : c.input.children) {
-        ++index;
-        if (!isDeductible(child, c.input.year)) {
-            continue;
-        }
-        const Amounts amount = each(
-            [&](const DeductionParams* p) { return childEducationCosts(child, *p); }, c.params);
-        if (!child.educationCosts.isZero()) {
-            line.why.input("Ausbildungskosten", child.educationCosts,
-                           {"children", 0, {}, index, "educationCosts"});
-            line.why.input("− Stipendien", child.scholarships,
-                           {"children", 0, {}, index, "scholarships"});
-            line.why.step("Abzug für dieses Kind", amount);
-        }
-        total += amount;
-    }
     line.why.rule(law::childEducation, "− Selbstbehalt pro Kind", "ausbildungskostenSelbstbehalt",
                   c.rule(&DeductionParams::ausbildungskostenSelbstbehalt));
     line.why.rule(law::childEducation, "Höchstbetrag pro Kind", "ausbildungskostenMax",
                   c.rule(&DeductionParams::ausbildungskostenMax));
+    Amounts total;
+    forEachItem(c.input.children, [&](const Child& child, int index) {
+        if (!isDeductible(child, c.input.year)) {
+            return;
+        }
+        const Amounts amount =
+            c.byRule([&](const DeductionParams& p) { return childEducationCosts(child, p); });
+        if (!child.educationCosts.isZero()) {
+            line.why.input("Ausbildungskosten", child.educationCosts,
+                           FieldPath("children", "educationCosts").at(index));
+            line.why.input("− Stipendien", child.scholarships,
+                           FieldPath("children", "scholarships").at(index));
+            line.why.step("Abzug für dieses Kind", amount);
+        }
+        total += amount;
+    });
     line.deduction(total);
 }
 
@@ -204,13 +215,14 @@ void addFederalDeductions(Calculation<R>& c) {
         c.lines.line({"unterstuetzung", 0, "23.4", "Abzug für unterstützte Personen (nur Bund)"});
     const Amounts perPerson = c.rule(&DeductionParams::unterstuetzungsabzug);
     support.why.input("Unterstützte Personen", supported,
-                      {"householdDeductions", 0, {}, -1, "supportedPersons"});
+                      FieldPath("householdDeductions", "supportedPersons"), Unit::number);
     support.why.rule(law::supportDeduction, "Abzug pro Person", "unterstuetzungsabzug", perPerson);
     support.deduction(each([&](const Decimal& amount) { return amount * supported; }, perPerson));
 
     if (c.input.isJoint()) {
         auto married = c.lines.line({"verheiratet", 0, "", "Verheiratetenabzug (nur Bund)"});
         const Amounts amount = c.rule(&DeductionParams::verheiratetenabzug);
+        married.why.fact(label(c.input.civilStatus), FieldPath("civilStatus"));
         married.why.rule(law::marriedDeduction, "Abzug für Ehepaare", "verheiratetenabzug", amount);
         married.deduction(amount);
     }

@@ -48,15 +48,8 @@ void addCapitalPayments(Calculation<R>& c) {
     c.lines.section("Kapitalleistungen aus Vorsorge", 2);
     auto line = c.lines.line({"kapitalleistungen", 0, "9", "Total Kapitalleistungen aus Vorsorge"});
     line.why.law(law::capitalPayments, "Getrennt vom übrigen Einkommen besteuert");
-    Decimal amount;
-    int index = 0;
-    for (const CapitalPayment& payment : c.input.capitalPayments) {
-        amount += payment.amount;
-        line.why.input("Kapitalleistung", payment.amount,
-                       {"capitalPayments", 0, {}, index, "amount"});
-        ++index;
-    }
-    line.info(both(amount));
+    line.info(both(sumOf(line.why, "Kapitalleistung", c.input.capitalPayments,
+                         &CapitalPayment::amount, FieldPath("capitalPayments", "amount"))));
 }
 
 template <class Recorder>

@@ -12,16 +12,10 @@ template <class R>
 void addSecurities(Calculation<R>& c) {
     auto line = c.lines.line({"wertschriften", 0, "30.1", "Wertschriften und Guthaben"});
     line.why.law(law::wealth, "Steuerwert am 31. Dezember");
-    Decimal value;
-    int index = 0;
-    for (const SecurityEntry& entry : c.input.securities) {
-        if (isPrivateAsset(entry, c.input)) {
-            value += entry.taxValue;
-            line.why.input("Steuerwert", entry.taxValue, {"securities", 0, {}, index, "taxValue"});
-        }
-        ++index;
-    }
-    line.income(both(value));
+    line.income(both(sumOf(line.why, "Steuerwert", c.input.securities, &SecurityEntry::taxValue,
+                           FieldPath("securities", "taxValue"), [&](const SecurityEntry& entry) {
+                               return isPrivateAsset(entry, c.input);
+                           })));
 }
 
 template <class R>
@@ -29,15 +23,9 @@ void addInsurances(Calculation<R>& c) {
     auto line = c.lines.line(
         {"lebensversicherungen", 0, "30.3", "Lebens- und Rentenversicherungen (Rückkaufswert)"});
     line.why.law(law::wealth, "Rückkaufswert am 31. Dezember");
-    Decimal value;
-    int index = 0;
-    for (const InsurancePolicy& policy : c.input.insurances) {
-        value += policy.surrenderValue;
-        line.why.input("Rückkaufswert", policy.surrenderValue,
-                       {"insurances", 0, {}, index, "surrenderValue"});
-        ++index;
-    }
-    line.income(both(value));
+    line.income(
+        both(sumOf(line.why, "Rückkaufswert", c.input.insurances, &InsurancePolicy::surrenderValue,
+                   FieldPath("insurances", "surrenderValue"))));
 }
 
 /// StG SG Art. 54
@@ -46,27 +34,25 @@ void addVehicles(Calculation<R>& c) {
     const Decimal& yearly = c.rules.cantonalExtra.fahrzeugAbschreibungProJahr;
     auto line = c.lines.line({"fahrzeuge", 0, "30.4", "Motorfahrzeuge"});
     Decimal value;
-    int index = 0;
-    for (const Vehicle& vehicle : c.input.vehicles) {
+    forEachItem(c.input.vehicles, [&](const Vehicle& vehicle, int index) {
+        const auto path = [&](std::string_view field) {
+            return FieldPath("vehicles", field).at(index);
+        };
         const Decimal worth = vehicleValue(vehicle, c.input.year, yearly);
-        if (vehicle.taxValueOverride) {
-            line.why.input("Steuerwert wie eingetragen", worth,
-                           {"vehicles", 0, {}, index, "taxValueOverride"});
-        } else {
-            line.why.input("Kaufpreis", vehicle.purchasePrice,
-                           {"vehicles", 0, {}, index, "purchasePrice"});
-            if (vehicle.purchaseYear) {
-                line.why.input("Kaufjahr", *vehicle.purchaseYear,
-                               {"vehicles", 0, {}, index, "purchaseYear"});
-            }
-            line.why.rule(law::wealth, "Abschreibung pro Jahr", "fahrzeugAbschreibungProJahr",
-                          both(yearly));
-            line.why.rounding("auf ganze Franken");
-            line.why.step("Zeitwert", both(worth));
-        }
         value += worth;
-        ++index;
-    }
+        if (vehicle.taxValueOverride) {
+            line.why.input("Steuerwert wie eingetragen", worth, path("taxValueOverride"));
+            return;
+        }
+        line.why.input("Kaufpreis", vehicle.purchasePrice, path("purchasePrice"));
+        if (vehicle.purchaseYear) {
+            line.why.input("Kaufjahr", *vehicle.purchaseYear, path("purchaseYear"), Unit::number);
+        }
+        line.why.rule(law::wealth, "Abschreibung pro Jahr", "fahrzeugAbschreibungProJahr",
+                      both(yearly), Unit::share);
+        line.why.rounding("Auf ganze Franken");
+        line.why.step("Zeitwert", both(worth));
+    });
     line.income(both(value), "Kaufpreis abzüglich " + MoneyFormat::number(yearly * 100)
                                  + "% pro Jahr seit Erwerb");
 }
@@ -75,14 +61,8 @@ template <class R>
 void addRealEstate(Calculation<R>& c) {
     auto line = c.lines.line({"liegenschaften", 0, "31", "Liegenschaften"});
     line.why.law(law::realEstateValue, "Amtlicher Steuerwert");
-    Decimal value;
-    int index = 0;
-    for (const RealEstate& property : c.input.realEstate) {
-        value += property.taxValue;
-        line.why.input("Steuerwert", property.taxValue, {"realEstate", 0, {}, index, "taxValue"});
-        ++index;
-    }
-    line.income(both(value));
+    line.income(both(sumOf(line.why, "Steuerwert", c.input.realEstate, &RealEstate::taxValue,
+                           FieldPath("realEstate", "taxValue"))));
 }
 
 template <class R>
@@ -90,17 +70,9 @@ void addDebts(Calculation<R>& c, bool business) {
     auto line = business ? c.lines.line({"geschaeftsschulden", 0, "34.2", "Geschäftsschulden"})
                          : c.lines.line({"privatschulden", 0, "34.1", "Privatschulden"});
     line.why.law(law::wealth, "Besteuert wird das Vermögen nach Abzug der Schulden");
-    Decimal amount;
-    int index = 0;
-    for (const Debt& debt : c.input.debts) {
-        if (debt.isBusiness == business) {
-            amount += debt.amount;
-            line.why.input("Schuld am 31. Dezember", debt.amount,
-                           {"debts", 0, {}, index, "amount"});
-        }
-        ++index;
-    }
-    line.deduction(both(amount));
+    line.deduction(both(sumOf(line.why, "Schuld am 31. Dezember", c.input.debts, &Debt::amount,
+                              FieldPath("debts", "amount"),
+                              [&](const Debt& debt) { return debt.isBusiness == business; })));
 }
 
 /// StG SG Art. 64
@@ -113,19 +85,28 @@ void addAllowances(Calculation<R>& c) {
                                     : "Abzug für alleinstehende Steuerpflichtige"});
     line.why.rule(law::wealthAllowance, "Abzug pro steuerpflichtige Person",
                   "vermoegen.sozialabzugProPerson", both(params.sozialabzugProPerson));
+    line.why.fact(joint ? "Für beide Ehegatten" : "Für eine Person", FieldPath("civilStatus"));
     line.deduction(both(params.sozialabzugProPerson * (joint ? 2 : 1)));
 
-    int count = 0;
-    for (const Child& child : c.input.children) {
-        count += hasWealthAllowance(child, c.input.year) ? 1 : 0;
-    }
+    const auto counts = [&](const Child& child) { return hasWealthAllowance(child, c.input.year); };
+    const auto count = std::ranges::count_if(c.input.children, counts);
     if (count > 0) {
         auto minors =
             c.lines.line({"vermoegensabzugKinder", 0, "36", {}},
                          "Abzug für minderjährige Kinder (" + std::to_string(count) + ")");
+        if constexpr (R::enabled) {
+            forEachItem(c.input.children, [&](const Child& child, int index) {
+                if (counts(child)) {
+                    minors.why.fact(
+                        "Kind " + child.firstName,
+                        FieldPath("children", child.birthDate ? "birthDate" : "education")
+                            .at(index));
+                }
+            });
+        }
         minors.why.rule(law::wealthAllowance, "Abzug pro minderjähriges Kind",
                         "vermoegen.sozialabzugProKind", both(params.sozialabzugProKind));
-        minors.deduction(both(params.sozialabzugProKind * count));
+        minors.deduction(both(params.sozialabzugProKind * static_cast<int>(count)));
     }
 }
 
@@ -133,19 +114,19 @@ void addAllowances(Calculation<R>& c) {
 
 template <class R>
 void addWealth(Calculation<R>& c) {
-    c.lines.section("Vermögensberechnung", 4);
+    c.lines.section("Vermögensberechnung", 4, Concerns::canton);
     addSecurities(c);
     c.plainIncome({"bargeld", 0, "30.2", "Bargeld, Gold und Edelmetalle"}, law::wealth,
-                  c.input.cash, {"cash"});
+                  c.input.cash, FieldPath("cash"));
     addInsurances(c);
     addVehicles(c);
     c.plainIncome({"erbschaften", 0, "30.5", "Anteile an unverteilten Erbschaften"}, law::wealth,
-                  c.input.undividedEstatesWealth, {"undividedEstatesWealth"});
+                  c.input.undividedEstatesWealth, FieldPath("undividedEstatesWealth"));
     addRealEstate(c);
     c.plainIncome({"uebrigeVermoegenswerte", 0, "30.6", "Übrige Vermögenswerte"}, law::wealth,
-                  c.input.otherAssets, {"otherAssets"});
+                  c.input.otherAssets, FieldPath("otherAssets"));
     c.plainIncome({"betriebsvermoegen", 0, "32", "Betriebsvermögen"}, law::wealth,
-                  c.input.businessAssets, {"businessAssets"});
+                  c.input.businessAssets, FieldPath("businessAssets"));
 
     auto assets = c.lines.line({"totalVermoegen", 0, "33", "Total der Vermögenswerte"});
     c.lines.explainSum(assets);

@@ -1,5 +1,7 @@
 #include "TaxCore/stgallen/WorkExpenses.h"
 
+#include "TaxCore/base/Text.h"
+
 #include <algorithm>
 
 namespace taxcore {
@@ -125,9 +127,7 @@ MealSituation mealSituation(const EmploymentFacts& facts, const WorkExpenses& p)
                                                                         : p.meals;
 }
 
-bool isVehicleJustified(const WorkExpenses& p) noexcept {
-    return p.carJustification.find_first_not_of(" \t\r\n") != std::string::npos;
-}
+bool isVehicleJustified(const WorkExpenses& p) noexcept { return !isBlank(p.carJustification); }
 
 Decimal privateVehicleCost(const WorkExpenses& p, const BerufskostenParams& params) {
     if (!isVehicleJustified(p)) {

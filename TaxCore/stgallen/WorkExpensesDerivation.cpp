@@ -44,7 +44,7 @@ class Explanation {
         if (situation != p_.meals) {
             why_.fact("Feld G im Lohnausweis ist angekreuzt – die Verpflegung ist verbilligt.");
         }
-        input("Verpflegungstage", p_.mealDays, "mealDays");
+        input("Verpflegungstage", p_.mealDays, "mealDays", Unit::number);
         workingDaysMaximum(law::meals);
         switch (situation) {
         case MealSituation::auswaerts:
@@ -89,7 +89,8 @@ class Explanation {
         rule(law::otherWorkCosts, "Pauschale, Grundbetrag", "berufskosten.uebrigePauschalBasis",
              &BerufskostenParams::uebrigePauschalBasis);
         rule(law::otherWorkCosts, "Pauschale, Anteil am Nettolohn",
-             "berufskosten.uebrigePauschalSatz", &BerufskostenParams::uebrigePauschalSatz);
+             "berufskosten.uebrigePauschalSatz", &BerufskostenParams::uebrigePauschalSatz,
+             Unit::share);
         rule(law::otherWorkCosts, "mindestens", "berufskosten.uebrigePauschalMin",
              &BerufskostenParams::uebrigePauschalMin);
         rule(law::otherWorkCosts, "höchstens", "berufskosten.uebrigePauschalMax",
@@ -103,12 +104,13 @@ class Explanation {
         }
         input("Wochenaufenthalt: Zimmer pro Monat", p_.weeklyStayRoomPerMonth,
               "weeklyStayRoomPerMonth");
-        input("Wochenaufenthalt: Monate (höchstens 12)", p_.weeklyStayMonths, "weeklyStayMonths");
+        input("Wochenaufenthalt: Monate (höchstens 12)", p_.weeklyStayMonths, "weeklyStayMonths",
+              Unit::number);
         rule(law::weeklyStay, "Zimmer mindestens", "berufskosten.wochenaufenthaltZimmerMinProMonat",
              &BerufskostenParams::wochenaufenthaltZimmerMinProMonat);
         rule(law::weeklyStay, "Zimmer höchstens", "berufskosten.wochenaufenthaltZimmerMaxProMonat",
              &BerufskostenParams::wochenaufenthaltZimmerMaxProMonat);
-        input("Wochenaufenthalt: Tage", p_.weeklyStayDays, "weeklyStayDays");
+        input("Wochenaufenthalt: Tage", p_.weeklyStayDays, "weeklyStayDays", Unit::number);
         if (p_.weeklyStayMealsReduced) {
             rule(law::weeklyStay, "Verbilligte Verpflegung, pro Tag",
                  "berufskosten.wochenaufenthaltVerpflegungVerbilligtProTag",
@@ -138,7 +140,7 @@ class Explanation {
         }
         why_.line("nebenerwerb", person_, "Nettolohn aus Nebenerwerb", both(facts_.sideNet));
         rule(law::sideJob, "Pauschale, Anteil am Nettolohn", "berufskosten.nebenerwerbSatz",
-             &BerufskostenParams::nebenerwerbSatz);
+             &BerufskostenParams::nebenerwerbSatz, Unit::share);
         rule(law::sideJob, "mindestens", "berufskosten.nebenerwerbMin",
              &BerufskostenParams::nebenerwerbMin);
         rule(law::sideJob, "höchstens", "berufskosten.nebenerwerbMax",
@@ -156,9 +158,9 @@ class Explanation {
                       path("carJustification"));
             return;
         }
-        input("Kilometer pro Weg", p_.carKmOneWay, "carKmOneWay");
-        input("Wege pro Arbeitstag", p_.carTripsPerDay, "carTripsPerDay");
-        input("Arbeitstage mit dem Motorfahrzeug", p_.carWorkDays, "carWorkDays");
+        input("Kilometer pro Weg", p_.carKmOneWay, "carKmOneWay", Unit::number);
+        input("Wege pro Arbeitstag", p_.carTripsPerDay, "carTripsPerDay", Unit::number);
+        input("Arbeitstage mit dem Motorfahrzeug", p_.carWorkDays, "carWorkDays", Unit::number);
         workingDaysMaximum(law::privateVehicle);
         if (p_.carIsMotorbike) {
             rule(law::privateVehicle, "Motorrad, pro Kilometer", "berufskosten.motorradProKm",
@@ -173,21 +175,24 @@ class Explanation {
         why_.rule(
             law, "Arbeitstage höchstens", "berufskosten.arbeitstageMax",
             each([](const DeductionParams* p) { return Decimal(p->berufskosten.arbeitstageMax); },
-                 params_));
+                 params_),
+            Unit::number);
     }
 
     FieldPath path(std::string_view field) const {
-        return {"deductions", person_, "work", -1, field};
+        return FieldPath("deductions", "work", field).of(person_);
     }
-    void input(std::string_view text, const Decimal& amount, std::string_view field) {
+    void input(std::string_view text, const Decimal& amount, std::string_view field,
+               Unit unit = Unit::francs) {
         if (!amount.isZero()) {
-            why_.input(text, amount, path(field));
+            why_.input(text, amount, path(field), unit);
         }
     }
     void rule(const Law& law, std::string_view text, std::string_view key,
-              Decimal BerufskostenParams::*value) {
+              Decimal BerufskostenParams::*value, Unit unit = Unit::francs) {
         why_.rule(law, text, key,
-                  each([&](const DeductionParams* p) { return p->berufskosten.*value; }, params_));
+                  each([&](const DeductionParams* p) { return p->berufskosten.*value; }, params_),
+                  unit);
     }
     void step(std::string_view text, Decimal WorkExpenseBreakdown::*part) {
         why_.step(text, each([&](const WorkExpenseBreakdown& b) { return b.*part; }, parts_));

@@ -91,7 +91,7 @@ TEST_F(CommandLine, computesTheDemoHousehold) {
     }
     const Outcome why = run("rechne --warum cantonIncome", demo.out);
     EXPECT_EQ(why.exitCode, 0);
-    EXPECT_NE(why.out.find("auf 5 Rappen"), std::string::npos);
+    EXPECT_NE(why.out.find("Auf 5 Rappen"), std::string::npos);
 }
 
 TEST_F(CommandLine, readsOneYearOfAStateFile) {

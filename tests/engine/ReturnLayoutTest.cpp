@@ -94,7 +94,7 @@ std::string labelOf(const LayoutRow& row, const TaxCase& taxCase) {
     return replaced(label, "{description}", taxCase.householdDeductions.otherDeductionsDescription);
 }
 
-constexpr const char* flatRateMaintenance = "(Pauschale; Bund 10 % bei Gebäuden bis zehn Jahre)";
+constexpr const char* flatRateMaintenance = "(Pauschale; Bund 10% bei Gebäuden bis zehn Jahre)";
 constexpr const char* none = "–";
 
 /// The note of a line: a rule that was applied, else the person's name in joint households.
@@ -135,7 +135,7 @@ std::string shownNote(const TaxLine& line) {
     // What the note has to say is fixed, its words are not.
     const bool flatRate = line.code == "liegenschaftskosten" && note.starts_with("Pauschale")
                           && note.find("Bund") != std::string::npos
-                          && note.find("10 %") != std::string::npos
+                          && note.find("10%") != std::string::npos
                           && note.find("zehn Jahre") != std::string::npos;
     return flatRate ? flatRateMaintenance : note;
 }
