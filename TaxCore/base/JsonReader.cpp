@@ -48,6 +48,20 @@ std::string_view JsonReader::token(ondemand::value& json) noexcept {
     return text;
 }
 
+bool JsonReader::open(ondemand::value& json, ondemand::object& object) {
+    const auto error = json.get_object().get(object);
+    return error == simdjson::SUCCESS
+           || (error == simdjson::INCORRECT_TYPE ? fail(JsonError::Kind::wrongType, "ein Objekt")
+                                                 : malformed());
+}
+
+bool JsonReader::open(ondemand::value& json, ondemand::array& array) {
+    const auto error = json.get_array().get(array);
+    return error == simdjson::SUCCESS
+           || (error == simdjson::INCORRECT_TYPE ? fail(JsonError::Kind::wrongType, "eine Liste")
+                                                 : malformed());
+}
+
 bool JsonReader::readText(ondemand::value json, std::string_view expected,
                           std::string_view& target) {
     if (const auto error = json.get_string().get(target)) {
@@ -148,39 +162,15 @@ bool JsonReader::skip(ondemand::value json) {
     switch (type) {
     case ondemand::json_type::object: {
         ondemand::object object;
-        if (depth_ == steps_.size() || json.get_object().get(object) != simdjson::SUCCESS) {
-            return malformed();
-        }
-        for (auto entry : object) {
-            ondemand::field pair;
-            std::string_view key;
-            if (std::move(entry).get(pair) != simdjson::SUCCESS
-                || pair.unescaped_key().get(key) != simdjson::SUCCESS) {
-                return malformed();
-            }
-            if (!push({key}) || !skip(pair.value())) {
-                return false;
-            }
-            pop();
-        }
-        return true;
+        return depth_ < steps_.size() && open(json, object)
+                   ? forEachEntry(object, [&](auto, ondemand::value value) { return skip(value); })
+                   : malformed();
     }
     case ondemand::json_type::array: {
         ondemand::array array;
-        if (depth_ == steps_.size() || json.get_array().get(array) != simdjson::SUCCESS) {
-            return malformed();
-        }
-        for (auto entry : array) {
-            ondemand::value item;
-            if (entry.get(item) != simdjson::SUCCESS) {
-                return malformed();
-            }
-            if (!push({}) || !skip(item)) {
-                return false;
-            }
-            pop();
-        }
-        return true;
+        return depth_ < steps_.size() && open(json, array) ? forEachElement(
+                   array, [&](std::size_t, ondemand::value item) { return skip(item); })
+                                                           : malformed();
     }
     case ondemand::json_type::string: {
         std::string_view text;

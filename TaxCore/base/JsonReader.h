@@ -70,6 +70,16 @@ class JsonReader {
     }
     void pop() noexcept { --depth_; }
 
+    /// Opens a value as what is expected of it; false, with the error set, for another type.
+    bool open(ondemand::value& json, ondemand::object& object);
+    bool open(ondemand::value& json, ondemand::array& array);
+    /// Hands each entry to `use(key, value)` while the path names its key; ends at the first false.
+    template <class Use>
+    bool forEachEntry(ondemand::object& object, const Use& use);
+    /// The same with `use(index, item)` for the elements of a list.
+    template <class Use>
+    bool forEachElement(ondemand::array& array, const Use& use);
+
     template <Record T>
     bool readField(std::size_t index, ondemand::value json, T& target);
     template <Record T>
@@ -164,15 +174,8 @@ tl::expected<void, JsonError> JsonReader::readDocument(std::string_view text, T&
                                  : contentError(JsonError::Kind::wrongType, {}, "ein Objekt"));
 }
 
-template <Record T>
-bool JsonReader::read(ondemand::value json, T& target) {
-    ondemand::object object;
-    if (const auto error = json.get_object().get(object)) {
-        return error == simdjson::INCORRECT_TYPE ? fail(JsonError::Kind::wrongType, "ein Objekt")
-                                                 : malformed();
-    }
-    std::bitset<fieldCount<T>> seen;
-    std::size_t expected = 0;
+template <class Use>
+bool JsonReader::forEachEntry(ondemand::object& object, const Use& use) {
     for (auto entry : object) {
         ondemand::field pair;
         std::string_view key;
@@ -180,24 +183,52 @@ bool JsonReader::read(ondemand::value json, T& target) {
             || pair.unescaped_key().get(key) != simdjson::SUCCESS) {
             return malformed();
         }
-        const std::size_t index = detail::findField<T>(key, expected);
-        if (!push({key})) {
+        if (!push({key}) || !use(key, pair.value())) {
             return false;
         }
-        if (index == fieldCount<T>) {
-            if (!skip(pair.value())) {
-                return false;
-            }
-        } else {
-            if (seen[index]) {
-                return fail(JsonError::Kind::duplicateKey);
-            }
-            seen.set(index);
-            if (!readField(index, pair.value(), target)) {
-                return false;
-            }
+        pop();
+    }
+    return true;
+}
+
+template <class Use>
+bool JsonReader::forEachElement(ondemand::array& array, const Use& use) {
+    std::size_t index = 0;
+    for (auto entry : array) {
+        ondemand::value item;
+        if (entry.get(item) != simdjson::SUCCESS) {
+            return malformed();
+        }
+        if (!push({{}, index}) || !use(index, item)) {
+            return false;
         }
         pop();
+        ++index;
+    }
+    return true;
+}
+
+template <Record T>
+bool JsonReader::read(ondemand::value json, T& target) {
+    ondemand::object object;
+    if (!open(json, object)) {
+        return false;
+    }
+    std::bitset<fieldCount<T>> seen;
+    std::size_t expected = 0;
+    const bool walked = forEachEntry(object, [&](std::string_view key, ondemand::value value) {
+        const std::size_t index = detail::findField<T>(key, expected);
+        if (index == fieldCount<T>) {
+            return skip(value);
+        }
+        if (seen[index]) {
+            return fail(JsonError::Kind::duplicateKey);
+        }
+        seen.set(index);
+        return readField(index, value, target);
+    });
+    if (!walked) {
+        return false;
     }
     return (gaps_ == JsonGaps::filled || toleratesMissingKeys<T> || seen.all())
            || checkMissing<T>(seen);
@@ -234,22 +265,13 @@ bool JsonReader::checkMissing(const std::bitset<fieldCount<T>>& seen) {
 template <class T>
 bool JsonReader::read(ondemand::value json, std::vector<T>& target) {
     ondemand::array array;
-    if (const auto error = json.get_array().get(array)) {
-        return error == simdjson::INCORRECT_TYPE ? fail(JsonError::Kind::wrongType, "eine Liste")
-                                                 : malformed();
+    if (!open(json, array)) {
+        return false;
     }
     target.clear();
-    for (auto entry : array) {
-        ondemand::value item;
-        if (entry.get(item) != simdjson::SUCCESS) {
-            return malformed();
-        }
-        if (!push({{}, target.size()}) || !read(item, target.emplace_back())) {
-            return false;
-        }
-        pop();
-    }
-    return true;
+    return forEachElement(array, [&](std::size_t, ondemand::value item) {
+        return read(item, target.emplace_back());
+    });
 }
 
 template <class T>
@@ -268,36 +290,19 @@ bool JsonReader::read(ondemand::value json, std::optional<T>& target) {
 template <class T>
 bool JsonReader::read(ondemand::value json, std::map<int, T>& target) {
     ondemand::object object;
-    if (const auto error = json.get_object().get(object)) {
-        return error == simdjson::INCORRECT_TYPE ? fail(JsonError::Kind::wrongType, "ein Objekt")
-                                                 : malformed();
+    if (!open(json, object)) {
+        return false;
     }
     target.clear();
-    for (auto entry : object) {
-        ondemand::field pair;
-        std::string_view key;
-        if (std::move(entry).get(pair) != simdjson::SUCCESS
-            || pair.unescaped_key().get(key) != simdjson::SUCCESS) {
-            return malformed();
-        }
+    return forEachEntry(object, [&](std::string_view key, ondemand::value value) {
         int number = 0;
         const auto [end, status] = std::from_chars(key.data(), key.data() + key.size(), number);
-        if (!push({key})) {
-            return false;
-        }
         if (status != std::errc{} || end != key.data() + key.size()) {
             return fail(JsonError::Kind::wrongType, "eine Jahreszahl");
         }
         const auto [position, fresh] = target.try_emplace(number);
-        if (!fresh) {
-            return fail(JsonError::Kind::duplicateKey);
-        }
-        if (!read(pair.value(), position->second)) {
-            return false;
-        }
-        pop();
-    }
-    return true;
+        return fresh ? read(value, position->second) : fail(JsonError::Kind::duplicateKey);
+    });
 }
 
 template <TabledEnum E>

@@ -139,7 +139,7 @@ void addDeductions(TaxCase& household) {
     gift(33, "Ortspartei Sevelen", 150, true);
 }
 
-void addWealth(TaxCase& household) {
+void addSecurities(TaxCase& household) {
     const auto entry = [&](int id, AssetKind kind, std::string institution, std::string description,
                            const Decimal& value) -> SecurityEntry& {
         SecurityEntry& line = household.securities.emplace_back();
@@ -170,7 +170,9 @@ void addWealth(TaxCase& household) {
     childrens.owner = Owner::kinder;
     childrens.incomeWithoutWithholding = 16.05_dec;
     household.cash = 1'500;
+}
 
+void addPossessions(TaxCase& household) {
     InsurancePolicy& policy = household.insurances.emplace_back();
     policy.id = demoId(51);
     policy.company = "Rütli Leben";
@@ -218,7 +220,8 @@ TaxCase family(int year) {
     addPersons(household);
     addIncome(household);
     addDeductions(household);
-    addWealth(household);
+    addSecurities(household);
+    addPossessions(household);
     return household;
 }
 

@@ -1,7 +1,8 @@
 // Feeds arbitrary bytes to everything that reads text from outside. Whatever is accepted must come
-// back unchanged after writing; whatever is refused must be explained by a sentence.
+// back unchanged after writing and be computed; whatever is refused must be explained by a sentence.
 
 #include "TaxCore/model/TaxCase.h"
+#include "TaxCore/stgallen/TaxCalculator.h"
 
 #include <cstdint>
 #include <cstdio>
@@ -32,6 +33,20 @@ void checkRoundTrip(const TaxCase& household) {
     }
 }
 
+/// Whatever reads can be computed, explained and written.
+void checkComputed(const TaxCase& household) {
+    static const TaxCalculator calculator =
+        TaxCalculator::forYear(RuleBook::supportedYears.front()).value();
+    const TaxResult result = calculator.calculate(household);
+    require(!toJson(result).empty(), "a result has a text");
+    for (const Derivation& derivation : calculator.explainAll(household)) {
+        require(!toJson(derivation).empty(), "a derivation has a text");
+        const TaxLine* line = result.line(derivation.code);
+        require(line == nullptr || derivation.canton.value_or(line->canton) == line->canton,
+                "a derivation ends in its line's amount");
+    }
+}
+
 void checkExplained(const JsonError& error) {
     require(!error.message.empty() && error.message.ends_with('.'), "a refusal is a sentence");
     const bool placed = error.path.empty() || error.message.find("«") != std::string::npos;
@@ -49,6 +64,7 @@ void checkCase(std::string_view text) {
     }
     if (filled) {
         checkRoundTrip(*filled);
+        checkComputed(*filled);
     } else {
         checkExplained(filled.error());
     }
