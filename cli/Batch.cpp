@@ -4,11 +4,10 @@
 #include "cli/Input.h"
 
 #include <algorithm>
-#include <atomic>
 #include <condition_variable>
+#include <exception>
 #include <mutex>
-#include <string>
-#include <string_view>
+#include <new>
 #include <thread>
 #include <vector>
 
@@ -92,23 +91,36 @@ class BlockReader {
 };
 
 /// Writes results in the order of their blocks; a thread that is early waits for its turn, which
-/// also bounds what is in memory to one block per thread.
+/// also bounds what is in memory to one block per thread. Once a block is lost no later one is
+/// written, so nobody waits for a turn that cannot come.
 class BlockWriter {
   public:
     explicit BlockWriter(std::FILE* out) : out_(out) {}
 
     void write(std::size_t number, const std::string& text) {
         std::unique_lock guard(lock_);
-        turn_.wait(guard, [&] { return next_ == number; });
-        failed_ = failed_ || std::fwrite(text.data(), 1, text.size(), out_) != text.size();
-        ++next_;
+        turn_.wait(guard, [&] { return next_ == number || failed_; });
+        if (!failed_) {
+            failed_ = std::fwrite(text.data(), 1, text.size(), out_) != text.size();
+            ++next_;
+        }
         turn_.notify_all();
     }
 
-    bool finish() { return std::fflush(out_) == 0 && !failed_; }
+    /// Gives up: every thread that waits or comes later goes away empty-handed.
+    void abandon() {
+        const std::lock_guard guard(lock_);
+        failed_ = true;
+        turn_.notify_all();
+    }
+
+    bool failed() const {
+        const std::lock_guard guard(lock_);
+        return failed_;
+    }
 
   private:
-    std::mutex lock_;
+    mutable std::mutex lock_;
     std::condition_variable turn_;
     std::FILE* out_;
     std::size_t next_ = 0;
@@ -121,10 +133,48 @@ std::string errorLine(std::size_t line, const std::string& error) {
     return text + "}\n";
 }
 
-std::string resultLine(std::size_t number, std::string_view line) {
+/// The answer to one line, whatever computing it throws.
+std::string safeAnswer(const LineAnswer& answer, std::size_t number, std::string_view line) {
+    const std::string incomputable = "Der Fall lässt sich nicht berechnen: ";
+    try {
+        return answer(number, line);
+    } catch (const std::bad_alloc&) {
+        return errorLine(number, incomputable + "Der Arbeitsspeicher reicht nicht.");
+    } catch (const std::exception& error) {
+        return errorLine(number, incomputable + error.what() + ".");
+    }
+}
+
+void answerBlocks(BlockReader& reader, BlockWriter& writer, const LineAnswer& answer) {
+    Block block;
+    std::string results;
+    while (!writer.failed() && reader.next(block)) {
+        results.clear();
+        std::string_view rest = block.text;
+        for (std::size_t number = block.firstLine; !rest.empty(); ++number) {
+            const std::size_t end = rest.find('\n');
+            results += safeAnswer(answer, number, rest.substr(0, end));
+            rest.remove_prefix(end + 1);
+        }
+        writer.write(block.number, results);
+    }
+}
+
+/// The life of a thread. A block it took from the reader and could not finish is lost.
+void work(BlockReader& reader, BlockWriter& writer, const LineAnswer& answer) noexcept {
+    try {
+        answerBlocks(reader, writer, answer);
+    } catch (...) {
+        writer.abandon();
+    }
+}
+
+} // namespace
+
+std::string caseAnswer(std::size_t number, std::string_view line) {
     const auto taxCase = fromJson<TaxCase>(line);
     if (!taxCase) {
-        return errorLine(number, taxCase.error().message);
+        return errorLine(number, taxCase.error().messageWithoutLine());
     }
     const auto calculator = calculatorFor(*taxCase);
     if (!calculator) {
@@ -133,35 +183,21 @@ std::string resultLine(std::size_t number, std::string_view line) {
     return toJson(calculator->calculate(*taxCase), JsonStyle::compact) + "\n";
 }
 
-void work(BlockReader& reader, BlockWriter& writer) {
-    Block block;
-    std::string results;
-    while (reader.next(block)) {
-        results.clear();
-        std::string_view rest = block.text;
-        for (std::size_t number = block.firstLine; !rest.empty(); ++number) {
-            const std::size_t end = rest.find('\n');
-            results += resultLine(number, rest.substr(0, end));
-            rest.remove_prefix(end + 1);
-        }
-        writer.write(block.number, results);
-    }
-}
-
-} // namespace
-
-bool computeBatch(std::FILE* in, std::FILE* out, unsigned threads) {
+bool computeBatch(std::FILE* in, std::FILE* out, unsigned threads, const LineAnswer& answer) {
     BlockReader reader(in);
     BlockWriter writer(out);
-    std::vector<std::thread> workers;
-    for (unsigned i = 1; i < threads; ++i) {
-        workers.emplace_back([&] { work(reader, writer); });
+    {
+        std::vector<std::jthread> helpers; // joined at the end of the scope
+        try {
+            for (unsigned i = 1; i < threads; ++i) {
+                helpers.emplace_back([&] { work(reader, writer, answer); });
+            }
+        } catch (const std::exception&) {
+            // The system gives no more threads: those there are do the work.
+        }
+        work(reader, writer, answer);
     }
-    work(reader, writer);
-    for (std::thread& worker : workers) {
-        worker.join();
-    }
-    return writer.finish() && !reader.failed();
+    return std::fflush(out) == 0 && !writer.failed() && !reader.failed();
 }
 
 } // namespace fiscarel::cli

@@ -4,9 +4,10 @@
 #include "cli/Batch.h"
 #include "cli/DerivationText.h"
 #include "cli/Input.h"
+#include "cli/Output.h"
 #include "cli/ReturnText.h"
 
-#include <cerrno>
+#include <algorithm>
 #include <cstdio>
 #include <thread>
 
@@ -15,17 +16,6 @@ namespace fiscarel::cli {
 namespace {
 
 using namespace taxcore;
-
-int fail(const std::string& sentence) {
-    std::fprintf(stderr, "%s\n", sentence.c_str());
-    return 1;
-}
-
-int print(const std::string& text) {
-    const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
-    return written && std::fflush(stdout) == 0 ? 0
-                                               : fail("Die Ausgabe lässt sich nicht schreiben.");
-}
 
 /// Faults of a file are told with its name.
 std::string about(const std::string& file, const std::string& sentence) {
@@ -77,19 +67,15 @@ int compute(const ComputeOptions& options) {
 }
 
 int batch(const BatchOptions& options) {
-    std::FILE* in = stdin;
-    if (options.file != "-") {
-        in = std::fopen(options.file.c_str(), "rbe");
-        if (in == nullptr) {
-            return fail(readText(options.file).error());
-        }
+    const auto in = openInput(options.file);
+    if (!in) {
+        return fail(in.error());
     }
     const unsigned cores = std::max(1U, std::thread::hardware_concurrency());
-    const bool done = computeBatch(in, stdout, options.threads == 0 ? cores : options.threads);
-    if (in != stdin) {
-        std::fclose(in);
-    }
-    return done ? 0 : fail("Die Ein- oder Ausgabe ist abgebrochen.");
+    const unsigned threads = options.threads == 0 ? cores : options.threads;
+    return computeBatch(in->get(), stdout, threads)
+               ? exitCode::done
+               : fail("Die Ein- oder Ausgabe ist abgebrochen.");
 }
 
 } // namespace fiscarel::cli

@@ -6,6 +6,7 @@
 namespace fiscarel::cli {
 
 // Each command returns the exit code: 0, or 1 after one German sentence on standard error.
+// Years of new cases must be supported ones.
 
 struct NewOptions {
     int year = 0;

@@ -1,6 +1,7 @@
 #include "cli/DerivationText.h"
 
 #include "TaxCore/base/MoneyFormat.h"
+#include "cli/Printable.h"
 #include "cli/TextTable.h"
 
 #include <algorithm>
@@ -101,7 +102,7 @@ std::string stepSource(const DerivationStep& step) {
 /// A text in lines of its column, the amounts beside the last.
 std::string stepText(const DerivationStep& step, const Columns& columns) {
     const std::string indent(kindWidth, ' ');
-    std::string lines = wrapped(step.text, textWidth, indent);
+    std::string lines = wrapped(printable(step.text), textWidth, indent);
     lines.replace(0, std::min(lines.size(), indent.size()),
                   padRight("  " + std::string(label(step.kind)), kindWidth));
     if (lines.ends_with('\n')) {
@@ -124,7 +125,7 @@ std::string stepText(const DerivationStep& step, const Columns& columns) {
 std::string derivationText(const Derivation& derivation, TaxRegion region) {
     constexpr std::size_t width = kindWidth + textWidth;
     const Columns columns = columnsOf(derivation, region);
-    std::string text = heading(derivation.label + " (" + derivation.code + ")");
+    std::string text = heading(printable(derivation.label) + " (" + derivation.code + ")");
     text += "\n" + withoutTrailingBlanks(padRight("", width) + columns.head());
     for (const DerivationStep& step : derivation.steps) {
         text += stepText(step, columns);

@@ -1,24 +1,16 @@
 #include "cli/Input.h"
 
+#include <sys/stat.h>
+
+#include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstdio>
-#include <cstring>
-#include <memory>
 
 namespace fiscarel::cli {
 
 namespace {
 
 using namespace taxcore;
-
-struct CloseFile {
-    void operator()(std::FILE* file) const noexcept {
-        if (file != stdin) {
-            std::fclose(file);
-        }
-    }
-};
 
 /// The reasons a user meets; anything else is told by its number.
 std::string reason(int error) {
@@ -29,34 +21,56 @@ std::string reason(int error) {
         return "Der Zugriff ist nicht erlaubt.";
     case EISDIR:
         return "Es ist ein Ordner.";
+    case EBADF:
+        return "Sie ist nicht zum Lesen geöffnet.";
     default:
         return "Fehler " + std::to_string(error) + " beim Lesen.";
     }
 }
 
+tl::unexpected<Fault> unreadable(const std::string& file, int error) {
+    const std::string what = file == "-" ? "Die Standardeingabe" : "Die Datei «" + file + "»";
+    return tl::unexpected(what + " lässt sich nicht lesen: " + reason(error));
+}
+
 } // namespace
 
-tl::expected<std::string, Fault> readText(const std::string& file) {
-    const bool standardInput = file == "-";
-    const std::unique_ptr<std::FILE, CloseFile> stream(
-        standardInput ? stdin : std::fopen(file.c_str(), "rbe"));
-    const auto unreadable = [&](int error) {
-        return tl::unexpected("Die Datei «" + file + "» lässt sich nicht lesen: " + reason(error));
-    };
-    if (!stream) {
-        return unreadable(errno);
+void CloseInput::operator()(std::FILE* stream) const noexcept {
+    if (stream != stdin) {
+        std::fclose(stream);
     }
+}
+
+tl::expected<InputStream, Fault> openInput(const std::string& file) {
+    InputStream stream(file == "-" ? stdin : std::fopen(file.c_str(), "rbe"));
+    struct stat status = {};
+    // Folders open, but do not read; a closed standard input looks open until it is asked.
+    if (!stream || fstat(fileno(stream.get()), &status) != 0) {
+        return unreadable(file, errno);
+    }
+    if (S_ISDIR(status.st_mode)) {
+        return unreadable(file, EISDIR);
+    }
+    return stream;
+}
+
+tl::expected<std::string, Fault> readText(const std::string& file) {
+    const auto stream = openInput(file);
+    if (!stream) {
+        return tl::unexpected(stream.error());
+    }
+    std::FILE* const in = stream->get();
     std::string text;
     std::array<char, std::size_t{1} << 16U> buffer{};
-    while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), stream.get())) {
+    while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), in)) {
         text.append(buffer.data(), count);
         if (text.size() > maxJsonSize) {
             return tl::unexpected("Die Eingabe ist grösser als "
                                   + std::to_string(maxJsonSize >> 20U) + " MB.");
         }
     }
-    if (std::ferror(stream.get()) != 0) {
-        return unreadable(errno);
+    if (std::ferror(in) != 0) {
+        return unreadable(file, errno);
     }
     return text;
 }
@@ -88,11 +102,28 @@ tl::expected<TaxCalculator, Fault> calculatorFor(const TaxCase& taxCase) {
                               + "; berechnet wird hier erst der Kanton St.Gallen.");
     }
     return TaxCalculator::forYear(taxCase.year).map_error([&](const RuleBook::LoadError& e) {
-        const bool noSuchYear = e.kind == RuleBook::LoadError::Kind::missing;
-        return noSuchYear ? "Die Angabe «year» verlangt das Steuerjahr "
-                                + std::to_string(taxCase.year) + " – " + e.description()
+        const bool noSuchYear =
+            e.kind == RuleBook::LoadError::Kind::missing && !isSupportedYear(taxCase.year);
+        return noSuchYear ? "Die Angabe «year» nennt das Steuerjahr " + std::to_string(taxCase.year)
+                                + "; unterstützt werden " + supportedYears() + "."
                           : e.description();
     });
+}
+
+bool isSupportedYear(int year) {
+    return std::ranges::find(RuleBook::supportedYears, year) != RuleBook::supportedYears.end();
+}
+
+std::string supportedYears() {
+    constexpr std::size_t count = RuleBook::supportedYears.size();
+    std::string years;
+    for (std::size_t i = 0; i < count; ++i) {
+        years += (i == 0           ? ""
+                  : i + 1 == count ? " und "
+                                   : ", ")
+                 + std::to_string(RuleBook::supportedYears[i]);
+    }
+    return years;
 }
 
 } // namespace fiscarel::cli

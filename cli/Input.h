@@ -5,6 +5,8 @@
 
 #include <tl/expected.hpp>
 
+#include <cstdio>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -12,6 +14,16 @@ namespace fiscarel::cli {
 
 /// One German sentence for the user.
 using Fault = std::string;
+
+/// Closes a stream, but not standard input.
+struct CloseInput {
+    void operator()(std::FILE* stream) const noexcept;
+};
+using InputStream = std::unique_ptr<std::FILE, CloseInput>;
+
+/// Opens a file for reading, or standard input for "-"; a fault also for a folder and for a
+/// standard input that is not open.
+tl::expected<InputStream, Fault> openInput(const std::string& file);
 
 /// The whole text of a file, or of standard input for "-". Larger inputs than any household's file
 /// are refused before they fill the memory.
@@ -22,5 +34,10 @@ tl::expected<taxcore::TaxCase, Fault> readCase(const std::string& text, std::opt
 
 /// The calculator for a case; a fault when its region or year cannot be computed.
 tl::expected<taxcore::TaxCalculator, Fault> calculatorFor(const taxcore::TaxCase& taxCase);
+
+/// Whether rules of a year ship with the program.
+bool isSupportedYear(int year);
+/// The years for which they do: "2025 und 2026".
+std::string supportedYears();
 
 } // namespace fiscarel::cli

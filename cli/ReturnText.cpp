@@ -1,6 +1,7 @@
 #include "cli/ReturnText.h"
 
 #include "TaxCore/base/MoneyFormat.h"
+#include "cli/Printable.h"
 #include "cli/TextTable.h"
 
 #include <algorithm>
@@ -14,23 +15,35 @@ using namespace taxcore;
 constexpr std::size_t zifferWidth = 6;
 constexpr std::size_t labelWidth = 58;
 constexpr std::size_t amountWidth = 16;
+constexpr std::size_t billNameWidth = 30;
+constexpr std::size_t rateWidth = 12;
 constexpr std::size_t textWidth = 92;
+constexpr std::size_t lineWidth = 100;
 
 std::string amount(const Decimal& value) { return MoneyFormat::chf(value, 2, false); }
 
 std::string cell(const std::string& text) { return padLeft(text, amountWidth); }
 
-/// A label that leaves room for the amounts, its further words on lines of their own before them.
-std::string labelled(const std::string& ziffer, const std::string& label,
+/// A label of at most `width` columns behind `start`, with the amounts behind its last line; the
+/// lines after the first are indented like the text behind `start`.
+std::string labelled(const std::string& start, const std::string& label, std::size_t width,
                      const std::string& amounts) {
-    const std::string indent(2 + zifferWidth, ' ');
-    std::string lines = wrapped(label, labelWidth, indent);
-    lines.replace(0, indent.size(), "  " + padRight(ziffer, zifferWidth));
+    const std::string indent(displayWidth(start), ' ');
+    std::string lines = wrapped(label, width, indent);
+    if (lines.empty()) {
+        return withoutTrailingBlanks(padRight(start, indent.size() + width) + amounts);
+    }
+    lines.replace(0, indent.size(), start);
     lines.pop_back();
     const std::size_t last = lines.rfind('\n') + 1;
     return lines.substr(0, last)
-           + withoutTrailingBlanks(padRight(lines.substr(last), 2 + zifferWidth + labelWidth)
-                                   + amounts);
+           + withoutTrailingBlanks(padRight(lines.substr(last), indent.size() + width) + amounts);
+}
+
+/// Deductions are shown with a minus, so that a column adds up. Their total is the one line that
+/// stands in the result as a positive amount although it is taken off.
+bool isTakenOff(const TaxLine& line) {
+    return line.kind == TaxLine::Kind::deduction || line.code == "totalAbzuege";
 }
 
 std::string sectionText(const TaxSection& section) {
@@ -40,7 +53,7 @@ std::string sectionText(const TaxSection& section) {
                               + (twoColumns ? cell("Kanton") + cell("Bund") : cell("CHF")));
     for (const TaxLine& line : section.lines) {
         const bool sum = line.kind == TaxLine::Kind::subtotal || line.kind == TaxLine::Kind::total;
-        const bool minus = line.kind == TaxLine::Kind::deduction;
+        const bool minus = isTakenOff(line);
         const auto shown = [&](const Decimal& value) {
             return cell(amount(minus ? -value : value));
         };
@@ -48,10 +61,12 @@ std::string sectionText(const TaxSection& section) {
             const std::size_t rule = amountWidth * (twoColumns ? 2 : 1);
             text += std::string(2 + zifferWidth + labelWidth, ' ') + std::string(rule, '-') + "\n";
         }
-        text += labelled(line.ziffer, line.label,
-                         shown(line.canton) + (twoColumns ? shown(line.federalOrCanton()) : ""));
+        text +=
+            labelled("  " + padRight(line.ziffer, zifferWidth), printable(line.label), labelWidth,
+                     shown(line.canton) + (twoColumns ? shown(line.federalOrCanton()) : ""));
         if (line.note) {
-            text += wrapped(*line.note, labelWidth, std::string(2 + zifferWidth + 2, ' '));
+            text +=
+                wrapped(printable(*line.note), labelWidth, std::string(2 + zifferWidth + 2, ' '));
         }
     }
     return text + "\n";
@@ -59,13 +74,30 @@ std::string sectionText(const TaxSection& section) {
 
 std::string billRow(const std::string& name, const std::string& rate, const std::string& income,
                     const std::string& wealth, const std::string& total) {
-    return withoutTrailingBlanks("  " + padRight(name, 30) + padLeft(rate, 12) + cell(income)
-                                 + cell(wealth) + cell(total));
+    return labelled("  ", name, billNameWidth,
+                    padLeft(rate, rateWidth) + cell(income) + cell(wealth) + cell(total));
 }
 
-std::string billText(const TaxResult& result) {
+/// The church row names the parish whose multiplier counts, or why there is none.
+std::string churchName(const TaxCase& taxCase, const TaxResult& result) {
+    const auto paysToParish = [](const Person& person) {
+        return person.confession == Confession::roemischKatholisch
+               || person.confession == Confession::evangelischReformiert;
+    };
+    if (result.parish) {
+        return "Kirche (Kirchgemeinde " + result.parish->name + ")";
+    }
+    if (taxCase.parish) {
+        return "Kirche (Kirchgemeinde «" + printable(*taxCase.parish) + "» nicht gefunden)";
+    }
+    return std::ranges::any_of(taxCase.persons(), paysToParish)
+               ? "Kirche (keine Kirchgemeinde gewählt)"
+               : "Kirche";
+}
+
+std::string billText(const TaxCase& taxCase, const TaxResult& result) {
     const TaxBill& bill = result.bill;
-    const auto percent = [](const Decimal& rate) { return rate.toString() + " %"; };
+    const auto percent = [](const Decimal& rate) { return MoneyFormat::number(rate) + "%"; };
     const std::string municipality =
         "Gemeinde" + (result.municipality ? " " + result.municipality->name : std::string());
     std::string text = heading("Steuerrechnung");
@@ -80,8 +112,9 @@ std::string billText(const TaxResult& result) {
                     amount(bill.cantonWealth), amount(bill.cantonTotal()));
     text += billRow(municipality, percent(bill.municipalityRate), amount(bill.municipalityIncome),
                     amount(bill.municipalityWealth), amount(bill.municipalityTotal()));
-    text += billRow("Kirche", percent(bill.churchRate), amount(bill.churchIncome),
-                    amount(bill.churchWealth), amount(bill.churchTotal()));
+    text +=
+        billRow(churchName(taxCase, result), percent(bill.churchRate), amount(bill.churchIncome),
+                amount(bill.churchWealth), amount(bill.churchTotal()));
     text += billRow("Kanton, Gemeinde und Kirche", percent(bill.totalRate()), "", "",
                     amount(bill.cantonAndMunicipalityTotal()));
     text += billRow("Direkte Bundessteuer", "", amount(bill.federal), "", amount(bill.federal));
@@ -89,7 +122,7 @@ std::string billText(const TaxResult& result) {
         text += "    nach Tarif " + amount(bill.federalBeforeChildReduction) + ", Abzug für Kinder "
                 + amount(bill.federalChildReduction) + "\n";
     }
-    text += "  " + std::string(30 + 12 + 3 * amountWidth, '-') + "\n";
+    text += "  " + std::string(billNameWidth + rateWidth + 3 * amountWidth, '-') + "\n";
     text += billRow("Total der Steuern", "", "", "", amount(bill.total()));
     if (result.capitalPaymentTax) {
         const CapitalPaymentTax& tax = *result.capitalPaymentTax;
@@ -107,16 +140,23 @@ std::string billText(const TaxResult& result) {
 std::string noticesText(const TaxResult& result) {
     std::string text;
     for (const Notice& notice : result.notices) {
-        text += "  " + std::string(label(notice.level)) + ": " + notice.title + "\n";
-        text += wrapped(notice.message, textWidth, "    ");
+        text += wrapped(std::string(label(notice.level)) + ": " + printable(notice.title),
+                        textWidth, "  ");
+        text += wrapped(printable(notice.message), textWidth, "    ");
     }
     return text.empty() ? text : heading("Hinweise") + "\n" + text;
 }
 
+/// The persons' names; of two persons, one without a name is told by its number.
 std::string names(const TaxCase& taxCase) {
     std::string names;
+    int number = 1;
     for (const Person& person : taxCase.persons()) {
-        names += (names.empty() ? "" : " und ") + person.displayName();
+        const bool nameless = person.firstName.empty() && person.lastName.empty();
+        names += number == 1 ? "" : " und ";
+        names += nameless && taxCase.isJoint() ? "Person " + std::to_string(number)
+                                               : person.displayName();
+        ++number;
     }
     return names;
 }
@@ -124,14 +164,18 @@ std::string names(const TaxCase& taxCase) {
 } // namespace
 
 std::string returnText(const TaxCase& taxCase, const TaxResult& result) {
+    const std::string& municipality =
+        result.municipality ? result.municipality->name : taxCase.municipality;
     std::string text = heading("Steuererklärung " + std::to_string(result.year) + " – Kanton "
                                + std::string(label(taxCase.taxRegion())));
-    text += names(taxCase) + ", " + taxCase.municipality + ", "
-            + std::string(label(taxCase.civilStatus)) + "\n\n";
+    text += wrapped(printable(names(taxCase) + (municipality.empty() ? "" : ", " + municipality)
+                              + ", " + std::string(label(taxCase.civilStatus))),
+                    lineWidth, "")
+            + "\n";
     for (const TaxSection& section : result.sections) {
         text += sectionText(section);
     }
-    return text + billText(result) + noticesText(result);
+    return text + billText(taxCase, result) + noticesText(result);
 }
 
 } // namespace fiscarel::cli

@@ -4,9 +4,27 @@
 
 namespace fiscarel::cli {
 
+namespace {
+
+/// Whether a byte begins a code point.
+bool isLead(char c) noexcept { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }
+
+/// Length in bytes of the first `width` columns of a text that is wider.
+std::size_t bytesOfColumns(std::string_view text, std::size_t width) noexcept {
+    std::size_t end = 0;
+    for (std::size_t columns = 0; end < text.size(); ++end) {
+        columns += isLead(text[end]) ? 1U : 0U;
+        if (columns > width) {
+            break;
+        }
+    }
+    return end;
+}
+
+} // namespace
+
 std::size_t displayWidth(std::string_view text) noexcept {
-    return static_cast<std::size_t>(std::ranges::count_if(
-        text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
+    return static_cast<std::size_t>(std::ranges::count_if(text, isLead));
 }
 
 std::string padRight(std::string_view text, std::size_t width) {
@@ -22,17 +40,29 @@ std::string padLeft(std::string_view text, std::size_t width) {
 std::string wrapped(std::string_view text, std::size_t width, std::string_view indent) {
     std::string lines;
     std::string line;
+    const auto endLine = [&] {
+        lines.append(indent).append(line).append("\n");
+        line.clear();
+    };
     while (!text.empty()) {
         const std::size_t end = std::min(text.find(' '), text.size());
-        const std::string_view word = text.substr(0, end);
+        std::string_view word = text.substr(0, end);
         text.remove_prefix(std::min(end + 1, text.size()));
         if (!line.empty() && displayWidth(line) + 1 + displayWidth(word) > width) {
-            lines.append(indent).append(line).append("\n");
-            line.clear();
+            endLine();
+        }
+        while (displayWidth(word) > width) {
+            const std::size_t fits = bytesOfColumns(word, width);
+            line = word.substr(0, fits);
+            word.remove_prefix(fits);
+            endLine();
         }
         line.append(line.empty() ? "" : " ").append(word);
     }
-    return line.empty() ? lines : lines.append(indent).append(line).append("\n");
+    if (!line.empty()) {
+        endLine();
+    }
+    return lines;
 }
 
 std::string withoutTrailingBlanks(std::string line) {

@@ -14,7 +14,8 @@ std::string padRight(std::string_view text, std::size_t width);
 /// The same with the blanks on the left.
 std::string padLeft(std::string_view text, std::size_t width);
 
-/// Breaks a text between words into lines of at most `width` columns, each behind `indent`.
+/// Breaks a text between words into lines of at most `width` columns, each behind `indent`; a word
+/// wider than that is cut.
 std::string wrapped(std::string_view text, std::size_t width, std::string_view indent);
 
 /// The line ended by a line feed, without the blanks before it.

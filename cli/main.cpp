@@ -1,19 +1,19 @@
 #include "TaxCore/rulebook/RuleBook.h"
 #include "cli/Commands.h"
+#include "cli/Input.h"
+#include "cli/Output.h"
 
 #include <CLI/CLI.hpp>
 
-#include <cstdio>
 #include <exception>
 #include <functional>
-#include <iostream>
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace {
 
 using namespace fiscarel::cli;
-
-constexpr int usageError = 2;
 
 /// The labels of the help in German.
 void speakGerman(CLI::App& app) {
@@ -35,33 +35,58 @@ void speakGerman(CLI::App& app) {
     app.set_help_flag("-h,--help", "Diese Hilfe")->group("Optionen");
 }
 
+/// What is missing in a call. The library misses the command first, even when there is a word that
+/// is none.
+std::string missing(const CLI::App& app, const std::string& details) {
+    const std::string name = details.substr(0, details.find(" is required"));
+    if (name != "A subcommand") {
+        return "Im Aufruf fehlt die Angabe " + name + ".";
+    }
+    const std::vector<std::string> unknown = app.remaining();
+    if (unknown.empty()) {
+        return "Im Aufruf fehlt der Befehl; «fiscarel-cli --help» zeigt alle.";
+    }
+    return unknown.front().starts_with('-')
+               ? "Der Aufruf enthält Unbekanntes: " + unknown.front() + "."
+               : "Den Befehl «" + unknown.front() + "» gibt es nicht.";
+}
+
 /// What went wrong with a call, as one German sentence. The library speaks English; only the words
 /// of the call that it quotes are kept.
-std::string usageSentence(const CLI::ParseError& error) {
+std::string usageSentence(const CLI::App& app, const CLI::ParseError& error) {
     const std::string details = error.what();
+    const std::string name = details.substr(0, details.find(':'));
     const auto behind = [&](std::string_view mark) {
         const std::size_t at = details.find(mark);
         return at == std::string::npos ? details : details.substr(at + mark.size());
     };
     if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr) {
-        const std::string missing = details.substr(0, details.find(" is required"));
-        return missing == "A subcommand" ? "Im Aufruf fehlt der Befehl."
-                                         : "Im Aufruf fehlt die Angabe " + missing + ".";
+        return missing(app, details);
     }
     if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr) {
         return "Der Aufruf enthält Unbekanntes: " + behind(": ") + ".";
     }
     if (dynamic_cast<const CLI::ValidationError*>(&error) != nullptr) {
-        return "Im Aufruf ist der Wert von " + details.substr(0, details.find(':'))
-               + " nicht erlaubt.";
+        return "Im Aufruf ist der Wert von " + name + " nicht erlaubt.";
     }
     if (dynamic_cast<const CLI::ConversionError*>(&error) != nullptr) {
-        return "Im Aufruf ist ein Wert keine Zahl: " + behind(": ") + ".";
+        return "Im Aufruf ist ein Wert keine brauchbare Zahl: " + behind(": ") + ".";
     }
     if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) {
-        return "Im Aufruf fehlt ein Wert zu " + details.substr(0, details.find(':')) + ".";
+        return details.find("At Most") == std::string::npos
+                   ? "Im Aufruf fehlt ein Wert zu " + name + "."
+                   : "Im Aufruf steht " + name + " mehr als einmal.";
     }
     return "Der Aufruf ist nicht verständlich: " + details + ".";
+}
+
+/// Runs what makes a new case, for years that have rules.
+int ofSupportedYear(int year, const std::function<int()>& command) {
+    return isSupportedYear(year)
+               ? command()
+               : fail("Das Steuerjahr " + std::to_string(year)
+                          + " wird nicht unterstützt (möglich sind " + supportedYears() + ").",
+                      exitCode::usage);
 }
 
 CLI::App* addCommand(CLI::App& app, const char* name, const char* description) {
@@ -91,7 +116,9 @@ int run(int argc, char** argv) {
     CLI::App* newCommand = addCommand(app, "neu", "Gibt einen neuen Fall als JSON aus");
     newCommand->add_option("--jahr", fresh.year, "Steuerjahr")->required();
     addRegion(*newCommand, fresh.region);
-    newCommand->callback([&] { action = [&] { return newCase(fresh); }; });
+    newCommand->callback([&] {
+        action = [&] { return ofSupportedYear(fresh.year, [&] { return newCase(fresh); }); };
+    });
 
     ComputeOptions computing;
     CLI::App* computeCommand =
@@ -115,16 +142,16 @@ int run(int argc, char** argv) {
     CLI::App* demoCommand = addCommand(app, "demo", "Gibt den Demohaushalt als JSON aus");
     demoCommand->add_option("--jahr", showing.year, "Steuerjahr")->capture_default_str();
     addRegion(*demoCommand, showing.region);
-    demoCommand->callback([&] { action = [&] { return demo(showing); }; });
+    demoCommand->callback([&] {
+        action = [&] { return ofSupportedYear(showing.year, [&] { return demo(showing); }); };
+    });
 
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp&) {
-        std::cout << app.help();
-        return 0;
+        return print(app.help());
     } catch (const CLI::ParseError& error) {
-        std::cerr << usageSentence(error) << "\nHilfe: fiscarel-cli --help\n";
-        return usageError;
+        return fail(usageSentence(app, error), exitCode::usage);
     }
     return action();
 }
@@ -135,7 +162,6 @@ int main(int argc, char** argv) {
     try {
         return run(argc, argv);
     } catch (const std::exception& error) {
-        std::fprintf(stderr, "Das Programm ist gescheitert: %s.\n", error.what());
-        return 1;
+        return fail("Das Programm ist gescheitert: " + std::string(error.what()) + ".");
     }
 }

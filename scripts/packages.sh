@@ -5,10 +5,11 @@ buildPackages=(
     libboost1.81-dev libsimdjson-dev libexpected-dev libcli11-dev
 )
 testPackages=(libgtest-dev libbenchmark-dev)
-lintPackages=(clang-tidy clang-format)
+lintPackages=(clang-tidy clang-format git)
 fuzzPackages=(clang libclang-rt-14-dev)
 
-# Installs with apt what is missing of the packages named; silent when nothing is.
+# Installs with apt what is missing of the packages named; silent when nothing is. What apt says goes
+# to standard error.
 ensurePackages() {
     local missing=()
     local package
@@ -27,8 +28,8 @@ ensurePackages() {
         asRoot=(sudo)
     fi
     export DEBIAN_FRONTEND=noninteractive
-    "${asRoot[@]}" apt-get update -qq &&
-        "${asRoot[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+    "${asRoot[@]}" apt-get update -q >&2 &&
+        "${asRoot[@]}" apt-get install -y -q --no-install-recommends "${missing[@]}" >&2
 }
 
 # Configures and builds a preset (targets as further arguments); says what it does.

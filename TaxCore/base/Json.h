@@ -30,6 +30,11 @@ struct JsonError {
     std::string path;
     /// One complete German sentence that names the path.
     std::string message;
+    /// The line of a damaged text, from 1; 0 when only the content does not fit.
+    std::size_t line = 0;
+
+    /// The message for a text that is one line by agreement: it does not name the line.
+    std::string messageWithoutLine() const;
 };
 
 /// Longest accepted text in bytes; far above any household's file, below what would exhaust memory.

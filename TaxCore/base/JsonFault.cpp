@@ -29,6 +29,22 @@ std::string quoted(std::string_view path) {
     return text + "»";
 }
 
+/// The sentence about a damaged text; line 0 is not named.
+std::string damageSentence(JsonError::Kind fault, const std::string& path, std::size_t line) {
+    const std::string place = (path.empty() ? "auf der obersten Ebene" : "bei " + quoted(path))
+                              + (line > 0 ? " (Zeile " + std::to_string(line) + ")" : "");
+    switch (fault) {
+    case JsonError::Kind::truncated:
+        return "Die Daten brechen " + place + " ab.";
+    case JsonError::Kind::encoding:
+        return "Die Daten enthalten " + place + " Zeichen, die nicht in UTF-8 geschrieben sind.";
+    case JsonError::Kind::tooDeep:
+        return "Die Daten sind " + place + " zu tief verschachtelt.";
+    default:
+        return "Die Daten sind " + place + " kein gültiges JSON.";
+    }
+}
+
 /// A plain pushdown scanner of JSON that remembers where it is.
 class FaultScanner {
   public:
@@ -36,7 +52,13 @@ class FaultScanner {
 
     std::optional<JsonError> run() {
         const Fault fault = scan();
-        return fault ? std::optional(JsonError{*fault, path(), sentence(*fault)}) : std::nullopt;
+        if (!fault) {
+            return std::nullopt;
+        }
+        const std::size_t atLine = line();
+        std::string where = path();
+        std::string message = damageSentence(*fault, where, atLine);
+        return JsonError{*fault, std::move(where), std::move(message), atLine};
     }
 
   private:
@@ -237,26 +259,8 @@ class FaultScanner {
         return path;
     }
 
-    std::string sentence(JsonError::Kind fault) const {
-        std::size_t line = 1;
-        for (const char c : text_.substr(0, at_)) {
-            line += c == '\n' ? 1U : 0U;
-        }
-        const std::string where = path();
-        const std::string place =
-            (where.empty() ? "auf der obersten Ebene" : "bei " + quoted(where)) + " (Zeile "
-            + std::to_string(line) + ")";
-        switch (fault) {
-        case JsonError::Kind::truncated:
-            return "Die Daten brechen " + place + " ab.";
-        case JsonError::Kind::encoding:
-            return "Die Daten enthalten " + place
-                   + " Zeichen, die nicht in UTF-8 geschrieben sind.";
-        case JsonError::Kind::tooDeep:
-            return "Die Daten sind " + place + " zu tief verschachtelt.";
-        default:
-            return "Die Daten sind " + place + " kein gültiges JSON.";
-        }
+    std::size_t line() const {
+        return 1 + static_cast<std::size_t>(std::ranges::count(text_.substr(0, at_), '\n'));
     }
 
     std::string_view text_;
@@ -265,6 +269,10 @@ class FaultScanner {
 };
 
 } // namespace
+
+std::string JsonError::messageWithoutLine() const {
+    return line > 0 ? damageSentence(kind, path, 0) : message;
+}
 
 std::optional<JsonError> locateFault(std::string_view text) { return FaultScanner(text).run(); }
 
