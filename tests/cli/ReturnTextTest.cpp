@@ -125,8 +125,8 @@ TEST(ReturnText, namesTheParishOrItsAbsence) {
     TaxCase household = DemoData::family(2025);
     household.parish.reset();
     const std::string text = textOf(household);
-    const auto church = linesWith(text, {"  gewählt) ", " 0 %"});
-    const auto canton = linesWith(text, {"  Kanton  ", " 105 %"});
+    const auto church = linesWith(text, {"  gewählt) ", " 0%"});
+    const auto canton = linesWith(text, {"  Kanton  ", " 105%"});
     ASSERT_EQ(church.size(), 1U);
     ASSERT_EQ(canton.size(), 1U);
     EXPECT_EQ(displayWidth(church[0]), displayWidth(canton[0]));
