@@ -92,7 +92,8 @@ Decimal federalIncomeTaxNet(const Decimal& taxable, TariffKind kind, int childre
 const LIRules::Stufe* stufeFor(const Decimal& income, const std::vector<LIRules::Stufe>& steps);
 
 /// National tax of Liechtenstein ("Landessteuer"): the whole income times the rate of its step less
-/// the step's deduction, not below 0, rounded plain to 5 Rappen; 0 when no step applies.
+/// the step's deduction, not below 0, rounded plain to 5 Rappen; 0 when no step applies. The law
+/// rounds the deductions to francs, so that the tax may fall by some Rappen where a step begins.
 /// SteG Art. 19
 Decimal landessteuer(const Decimal& income, LITariffKind kind, const LIRules::Tarif& tariff);
 
