@@ -72,10 +72,10 @@ constexpr Quotient divide(Uint256 dividend, Uint128 divisor) noexcept {
                           ? 64 + std::countl_zero(lowerHalf(divisor))
                           : std::countl_zero(upperHalf(divisor));
     if (shift > 0) {
-        dividend.high = (dividend.high << shift) | (dividend.low >> (128 - shift));
-        dividend.low <<= shift;
         // NOLINTNEXTLINE(clang-analyzer-core.*): the divisor is not 0, so shift is below 128
         divisor <<= shift;
+        dividend.high = (dividend.high << shift) | (dividend.low >> (128 - shift));
+        dividend.low <<= shift;
     }
     Uint128 rest = dividend.high;
     const std::uint64_t first = divideStep(rest, upperHalf(dividend.low), divisor);

@@ -127,4 +127,19 @@ struct EnumTable<TariffKind> {
 };
 TAXCORE_ENUM_TABLE_CHECK(TariffKind);
 
+/// The tariff by which Liechtenstein taxes a household; registered partners count as married.
+/// SteG Art. 19 Abs. 1
+enum class LITariffKind { alleinstehend, alleinerziehend, verheiratet };
+
+template <>
+struct EnumTable<LITariffKind> {
+    using enum LITariffKind;
+    static constexpr std::array rows{
+        EnumRow{alleinstehend, "alleinstehend", "Alleinstehende"},
+        EnumRow{alleinerziehend, "alleinerziehend", "Alleinerziehende"},
+        EnumRow{verheiratet, "verheiratet", "Verheiratete und eingetragene Partnerschaften"},
+    };
+};
+TAXCORE_ENUM_TABLE_CHECK(LITariffKind);
+
 } // namespace taxcore

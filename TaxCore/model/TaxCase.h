@@ -53,6 +53,9 @@ struct TaxCase {
     /// Person 1, and person 2 in a joint household.
     std::vector<std::reference_wrapper<const Person>> persons() const;
 
+    // The household as it is entered. A calculation for a year goes by `Household.h`, which leaves
+    // out a child born only after that year; for all others both agree.
+
     /// The children in a stage of education other than `keine`, in list order; `livesInHousehold`
     /// does not matter.
     std::vector<std::reference_wrapper<const Child>> deductibleChildren() const;

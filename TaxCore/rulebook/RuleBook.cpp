@@ -1,6 +1,6 @@
 #include "TaxCore/rulebook/RuleBook.h"
 
-#include "TaxCore/base/JsonReader.h"
+#include "TaxCore/rulebook/RuleReader.h"
 
 namespace taxcore {
 
@@ -19,38 +19,6 @@ std::string lowerCase(std::string_view text) {
     }
     return lower;
 }
-
-/// Reads one rule file as one record; keys of other records in the file are passed over. The first
-/// error ends the reading of all that follow.
-class RuleReader {
-  public:
-    explicit RuleReader(const RuleFiles& files) : files_(files) {}
-
-    template <class T>
-    void read(const std::string& baseName, T& target) {
-        if (error_) {
-            return;
-        }
-        auto text = files_.read(baseName);
-        if (!text) {
-            error_ = std::move(text).error();
-            return;
-        }
-        auto record = fromJson<T>(*text);
-        if (!record) {
-            error_ = RuleLoadError{RuleLoadError::Kind::invalid, baseName + ".json",
-                                   std::move(record).error().message};
-            return;
-        }
-        target = std::move(*record);
-    }
-
-    std::optional<RuleLoadError>& error() noexcept { return error_; }
-
-  private:
-    const RuleFiles& files_;
-    std::optional<RuleLoadError> error_;
-};
 
 } // namespace
 
@@ -93,15 +61,12 @@ RuleBookCache& RuleBookCache::shared() {
 }
 
 std::shared_ptr<const RuleBook> RuleBookCache::get(int year, std::string_view canton) const {
-    const std::lock_guard guard(lock_);
-    const auto found = books_.find(cacheKey(canton, year));
-    return found == books_.end() ? nullptr : found->second;
+    return books_.get(cacheKey(canton, year));
 }
 
 void RuleBookCache::put(std::shared_ptr<const RuleBook> book) {
-    const std::lock_guard guard(lock_);
     std::string key = cacheKey(book->canton, book->year);
-    books_.insert_or_assign(std::move(key), std::move(book));
+    books_.put(std::move(key), std::move(book));
 }
 
 } // namespace taxcore

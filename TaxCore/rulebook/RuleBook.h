@@ -2,15 +2,14 @@
 
 #include "TaxCore/rulebook/DeductionParams.h"
 #include "TaxCore/rulebook/Municipalities.h"
+#include "TaxCore/rulebook/RuleCache.h"
 #include "TaxCore/rulebook/RuleFiles.h"
 #include "TaxCore/rulebook/Tariffs.h"
 
 #include <tl/expected.hpp>
 
 #include <array>
-#include <map>
 #include <memory>
-#include <mutex>
 #include <string>
 #include <string_view>
 
@@ -44,8 +43,7 @@ struct RuleBook {
     load(int year, std::string_view canton, RuleBookCache& cache, const RuleFiles& files);
 };
 
-/// Keeps every book once read, for the life of the process. Books are immutable and shared, so
-/// handing one out copies nothing.
+/// Keeps every book once read; the shared one does so for the life of the process.
 class RuleBookCache {
   public:
     static RuleBookCache& shared();
@@ -57,8 +55,7 @@ class RuleBookCache {
     void put(std::shared_ptr<const RuleBook> book);
 
   private:
-    mutable std::mutex lock_;
-    std::map<std::string, std::shared_ptr<const RuleBook>, std::less<>> books_;
+    RuleCache<std::string, RuleBook> books_;
 };
 
 } // namespace taxcore

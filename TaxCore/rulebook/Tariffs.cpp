@@ -95,4 +95,20 @@ Decimal federalIncomeTaxNet(const Decimal& taxable, TariffKind kind, int childre
     return tax < notBelowZero(tariff.minimum) ? Decimal(0) : tax;
 }
 
+const LIRules::Stufe* stufeFor(const Decimal& income, const std::vector<LIRules::Stufe>& steps) {
+    const auto step = std::ranges::find_if(
+        steps, [&](const LIRules::Stufe& s) { return !s.bis || income <= *s.bis; });
+    return step == steps.end() ? nullptr : &*step;
+}
+
+Decimal landessteuer(const Decimal& income, LITariffKind kind, const LIRules::Tarif& tariff) {
+    const LIRules::Stufe* step = income > 0 ? stufeFor(income, tariff.steps(kind)) : nullptr;
+    return step == nullptr ? Decimal(0)
+                           : toFiveRappen(notBelowZero(income * step->satz - step->abzug));
+}
+
+Decimal gemeindezuschlag(const Decimal& landessteuer, const Decimal& percent) {
+    return toFiveRappen(landessteuer * percent / 100);
+}
+
 } // namespace taxcore::Tariffs

@@ -3,6 +3,7 @@
 #include "TaxCore/base/Decimal.h"
 #include "TaxCore/base/Record.h"
 #include "TaxCore/model/Enumerations.h"
+#include "TaxCore/rulebook/LIRules.h"
 
 #include <cstddef>
 #include <optional>
@@ -105,6 +106,21 @@ Decimal federalIncomeTax(const Decimal& taxable, TariffKind kind, const FederalT
 /// DBG Art. 36 Abs. 2bis and 3
 Decimal federalIncomeTaxNet(const Decimal& taxable, TariffKind kind, int children,
                             const FederalTariff& tariff);
+
+/// The step of a Liechtenstein tariff that applies to an income: the first one that is open or
+/// whose upper bound the income does not exceed. Null when the income lies above every bound, or
+/// there are no steps.
+const LIRules::Stufe* stufeFor(const Decimal& income, const std::vector<LIRules::Stufe>& steps);
+
+/// National tax of Liechtenstein ("Landessteuer"): the whole income times the rate of its step less
+/// the step's deduction, not below 0, rounded plain to 5 Rappen; 0 when no step applies. The law
+/// rounds the deductions to francs, so that the tax may fall by some Rappen where a step begins.
+/// SteG Art. 19
+Decimal landessteuer(const Decimal& income, LITariffKind kind, const LIRules::Tarif& tariff);
+
+/// Surcharge of a Liechtenstein municipality ("Gemeindesteuerzuschlag"): percent of the national
+/// tax, rounded plain to 5 Rappen. SteG Art. 75
+Decimal gemeindezuschlag(const Decimal& landessteuer, const Decimal& percent);
 
 } // namespace Tariffs
 

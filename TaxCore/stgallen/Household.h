@@ -7,7 +7,8 @@
 
 namespace taxcore {
 
-// Who and what of a case counts in a tax year.
+// Who and what of a case counts in a tax year. Where this and the properties of `TaxCase` part (a
+// child born after the year's end), the calculation goes by what stands here.
 
 /// Whether the child was born by the end of the year; one born later counts nowhere in that year.
 /// A missing birth date counts as born. StG SG Art. 48 Abs. 2, DBG Art. 35 Abs. 2

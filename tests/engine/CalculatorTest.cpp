@@ -58,38 +58,18 @@ TEST(Calculator, coversEveryLineAndNoticeInTheCaseFiles) {
     EXPECT_EQ(notices, everyNotice);
 }
 
-TEST(Calculator, tellsLimitsInTheGermanOfTheForms) {
-    const TaxCase rich = [] {
-        TaxCase taxCase = employed(80'000);
-        taxCase.municipality = "Nirgendwo";
-        taxCase.deductions1.pillar3a = 9'000;
-        Debt& debt = taxCase.debts.emplace_back();
-        debt.interest = 60'000;
-        taxCase.householdDeductions.donations.emplace_back().amount = 99;
-        taxCase.householdDeductions.medicalCosts.emplace_back().gross = 1'234.50_dec;
-        return taxCase;
-    }();
-    const TaxResult result = calculate(rich);
-    const auto message = [&](std::string_view id) {
-        const auto found = std::ranges::find(result.notices, id, &Notice::id);
-        return found == result.notices.end() ? std::string("-") : found->message;
-    };
-    EXPECT_EQ(message("3a-max-1"), "Person 1: Abziehbar sind höchstens CHF 7’258. Der Mehrbetrag "
-                                   "muss zurückgefordert werden.");
-    EXPECT_EQ(message("schuldzinsen-limit"),
-              "Private Schuldzinsen sind nur bis zum Vermögensertrag plus Fr. 50’000 abziehbar. "
-              "Abgezogen werden CHF 50’000.");
-    EXPECT_EQ(message("gemeinde"),
-              "Die Gemeinde «Nirgendwo» ist nicht in der Steuerfuss-Liste 2025 enthalten.");
-    EXPECT_EQ(message("spenden-min"),
-              "Freiwillige Zuwendungen sind erst ab gesamthaft Fr. 100 pro Jahr abziehbar.");
-    EXPECT_EQ(message("steuerfuss-fehlt"),
-              "Ohne Gemeinde kann die Gemeindesteuer nicht berechnet werden.");
-    // The canton allows the costs above its own threshold, so there is nothing to tell.
-    EXPECT_EQ(message("krankheit-selbstbehalt"), "-");
-    for (const Notice& notice : result.notices) {
-        EXPECT_TRUE(notice.area.has_value()) << notice.id;
-        EXPECT_FALSE(notice.saving.has_value()) << notice.id;
+TEST(Calculator, countsAChildOnlyFromTheYearOfItsBirth) {
+    TaxCase parent = employed(80'000);
+    Child& child = parent.children.emplace_back();
+    child.education = ChildEducation::vorschule;
+    for (const auto& [born, tariff] : {std::pair{2024, TariffKind::joint},
+                                       {2025, TariffKind::joint},
+                                       {2026, TariffKind::single}}) {
+        child.birthDate = Date::of(born, 1, 1);
+        const TaxResult result = calculate(parent);
+        EXPECT_EQ(result.bill.kind, tariff) << born;
+        EXPECT_EQ(result.line("kinderabzugVorschule") != nullptr, tariff == TariffKind::joint);
+        EXPECT_EQ(parent.tariffKind(), TariffKind::joint) << "the household as entered";
     }
 }
 

@@ -1,5 +1,5 @@
 #include "TaxCore/stgallen/TaxCalculator.h"
-#include "tests/support/RuleChecker.h"
+#include "tests/support/RuleCopy.h"
 
 #include <gtest/gtest.h>
 #include <simdjson.h>

@@ -1,6 +1,6 @@
 #include "TaxCore/stgallen/TaxCalculator.h"
 #include "tests/support/Csv.h"
-#include "tests/support/RuleChecker.h"
+#include "tests/support/RuleCopy.h"
 
 #include <gtest/gtest.h>
 
@@ -13,6 +13,7 @@ namespace {
 
 using testing::CsvRow;
 using testing::readCsv;
+using testing::shippedLIRules;
 using testing::shippedRules;
 
 /// "joint-kids-3" taken apart.
@@ -111,6 +112,17 @@ TEST(CantonalBill, meetsThePublishedFigures) {
         expectMet(row, bill.churchTotal(), "expected_church");
     }
     EXPECT_EQ(rows.size(), 17U);
+}
+
+TEST(LITariff, meetsThePublishedFigures) {
+    const auto rows = readCsv("li-national-tax.csv");
+    for (const CsvRow& row : rows) {
+        const auto kind = enumFromRaw<LITariffKind>(row.text("kind"));
+        const LIRules::Tarif& tariff = shippedLIRules(row.integer("year"))->tarif;
+        expectMet(row, Tariffs::landessteuer(row.amount("taxable"), kind.value(), tariff),
+                  "expected_landessteuer");
+    }
+    EXPECT_EQ(rows.size(), 22U);
 }
 
 TEST(CapitalPayments, areTaxedInStGallenAsPublished) {

@@ -1,7 +1,7 @@
 #include "TaxCore/rulebook/RuleBook.h"
 
 #include "TaxCore/base/Rounding.h"
-#include "tests/support/RuleChecker.h"
+#include "tests/support/RuleCopy.h"
 
 #include <gtest/gtest.h>
 
@@ -14,6 +14,7 @@
 namespace taxcore {
 namespace {
 
+using testing::addRequiredKeys;
 using testing::RuleCopy;
 using testing::shippedRules;
 
@@ -79,23 +80,6 @@ tl::expected<void, RuleLoadError> loadChanged(const std::string& file, std::stri
     copy.replace(file, find, put);
     RuleBookCache cache;
     return RuleBook::load(2025, "SG", cache, RuleFiles(copy.folder())).map([](const auto&) {});
-}
-
-/// The names of all fields that a file must hold, at any depth.
-template <class T>
-void addRequiredKeys(std::set<std::string_view>& keys) {
-    if constexpr (isList<T>) {
-        addRequiredKeys<typename T::value_type>(keys);
-    } else if constexpr (Record<T>) {
-        const T record;
-        forEachField(record, [&](std::string_view name, const auto& field) {
-            using Value = std::remove_cvref_t<decltype(field)>;
-            if constexpr (!isOptional<Value>) {
-                keys.insert(name);
-                addRequiredKeys<Value>(keys);
-            }
-        });
-    }
 }
 
 TEST(RuleBook, needsEveryKey) {

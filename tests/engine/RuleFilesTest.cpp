@@ -1,4 +1,5 @@
 #include "tests/support/RuleChecker.h"
+#include "tests/support/RuleCopy.h"
 
 #include <gtest/gtest.h>
 
@@ -33,6 +34,7 @@ constexpr const char* params = "sg-params-2025.json";
 constexpr const char* federal = "dbst-2026.json";
 constexpr const char* tariff = "sg-tarif-2025.json";
 constexpr const char* municipalities = "sg-steuerfuesse-2026.json";
+constexpr const char* liechtenstein = "li-2026.json";
 
 const std::vector<Fault> faults{
     // Keys and years
@@ -146,8 +148,61 @@ const std::vector<Fault> faults{
     {municipalities, R"("kath": 19)", R"("kath": 190)",
      "municipalities[0].parishes[0].kath: 190 is out of range"},
     // Liechtenstein
-    {"li-2026.json", R"("jahr": 2026)", R"("jahr": 2025)", "jahr: not the year of the file name"},
-    {"li-2026.json", R"("jahr": 2026,)", R"("jahr": 2026)", "the file: missing or not JSON"},
+    {liechtenstein, R"("jahr": 2026)", R"("jahr": 2025)", "jahr: not the year of the file name"},
+    {liechtenstein, R"("jahr": 2026,)", R"("jahr": 2026)", "the file: missing or not JSON"},
+    {liechtenstein, R"("kinderabzug")", R"("kinderabzuege")", "kinderabzuege: unknown key"},
+    {liechtenstein, R"("kinderabzug")", R"("kinderabzuege")", "kinderabzug: missing key"},
+    {liechtenstein, R"("vorlaeufig": true)", R"("vorlaeufig": "ja")", "«vorlaeufig»"},
+    {liechtenstein, R"("zuschlag": 150)", R"("zuschlag": 150, "bfs": 7001)",
+     "gemeinden[0].bfs: unknown key"},
+    {liechtenstein, R"("satz": 0.01)", R"("satz": 0.01, "von": 15855)",
+     "tarif.alleinstehend[1].von: unknown key"},
+    {liechtenstein, R"("quelle": ")", R"("quelle": " ", "frueher": ")", "quelle: empty citation"},
+    {liechtenstein, R"("zuschlag": 150)", R"("zuschlag": 1500)",
+     "gemeinden[0].zuschlag: 1500 is out of range"},
+    {liechtenstein, R"("zuschlag": 150)", R"("zuschlag": -150)",
+     "gemeinden[0].zuschlag: -150 is out of range"},
+    {liechtenstein, R"("sollertragProzent": 4)", R"("sollertragProzent": 400)",
+     "sollertragProzent: 400 is out of range"},
+    {liechtenstein, R"("kinderabzug": 12700)", R"("kinderabzug": 0)",
+     "kinderabzug: 0 is out of range"},
+    {liechtenstein, R"("privatKindBis16": 700)", R"("privatKindBis16": -700)",
+     "privatKindBis16: -700 is out of range"},
+    {liechtenstein, R"("fahrRappenBis10000": 50)", R"("fahrRappenBis10000": 0.5)",
+     "fahrRappenBis10000: 0.5 is out of range"},
+    {liechtenstein, R"("fahrMaxTage": 220)", R"("fahrMaxTage": 22)",
+     "fahrMaxTage: 22 is out of range"},
+    {liechtenstein, R"("verpflegungMax": 1100)", R"("verpflegungMax": 11000)",
+     "verpflegungMax: more than verpflegungProTag allows"},
+    {liechtenstein, R"("satz": 0.03)", R"("satz": 3)",
+     "tarif.alleinstehend[2].satz: 3 is out of range"},
+    {liechtenstein, R"("satz": 0.03)", R"("satz": 0.01)",
+     "tarif.alleinstehend[2].satz: does not rise"},
+    {liechtenstein, R"("bis": 31710)", R"("bis": 23783)",
+     "tarif.alleinerziehend[1].bis: does not rise"},
+    {liechtenstein, R"({"bis": 147980, )", "{", "tarif.verheiratet[3].bis: missing"},
+    {liechtenstein, R"({"satz": 0.08, "abzug": 6448})",
+     R"({"bis": 900000, "satz": 0.08, "abzug": 6448})",
+     "tarif.alleinstehend: the last step is not open"},
+    {liechtenstein, R"("verheiratet": [)", R"("verheiratet": [], "frueher": [)",
+     "tarif.verheiratet: the last step is not open"},
+    {liechtenstein, R"("abzug": 581)", R"("abzug": 583)",
+     "tarif.alleinstehend[2].abzug: does not continue"},
+    {liechtenstein, R"("abzug": 5602)", R"("abzug": 5600)",
+     "tarif.verheiratet[5].abzug: does not continue"},
+    {liechtenstein, R"("gemeinden": [)", R"("gemeinden": [{"name": "Au", "zuschlag": 150},)",
+     "gemeinden: 12 of them"},
+    {liechtenstein, R"({"name": "Planken", "zuschlag": 150},)", "", "gemeinden: 10 of them"},
+    {liechtenstein, R"("name": "Planken")", R"("name": "Vaduz")", "gemeinden: two of one name"},
+    {liechtenstein, R"("name": "Planken")", R"("name": "Planken ")", "gemeinden: blank in a name"},
+    {liechtenstein, R"("Steg",)", R"("Malbun",)", "fahrkostenOrte: two of one name"},
+    {liechtenstein, R"("Steg",)", R"("",)", "fahrkostenOrte: blank in a name"},
+    {liechtenstein, R"("Steg",)", R"("Steg", "Silum",)", "fahrkostenMatrix: 16 rows instead of 17"},
+    {liechtenstein, "[0, 750, 1880,", "[0, 750,", "fahrkostenMatrix[0]: 15 fares instead of 16"},
+    {liechtenstein, "[0, 750, 1880,", "[0, -750, 1880,",
+     "fahrkostenMatrix[0][1]: -750 is out of range"},
+    {liechtenstein, "[750, 0, 1200,", "[750, 10, 1200,",
+     "fahrkostenMatrix[1][1]: a fare without a way"},
 };
 
 bool complainsOf(const Complaints& complaints, const std::string& start) {

@@ -1,5 +1,6 @@
 // Feeds arbitrary bytes to everything that reads text from outside. Whatever is accepted must come
-// back unchanged after writing and be computed; whatever is refused must be explained by a sentence.
+// back unchanged after writing and be computed; whatever is refused must be explained by a
+// sentence.
 
 #include "TaxCore/model/TaxCase.h"
 #include "TaxCore/stgallen/TaxCalculator.h"
