@@ -26,18 +26,15 @@ std::string about(const std::string& file, const std::string& sentence) {
 
 int newCase(const NewOptions& options) {
     TaxCase taxCase{.year = options.year};
-    if (options.region == rawValue(TaxRegion::liechtenstein)) {
-        taxCase.region = TaxRegion::liechtenstein;
+    if (options.region == TaxRegion::liechtenstein) {
+        taxCase.region = options.region;
         taxCase.municipality = "Vaduz";
     }
     return print(toJson(taxCase));
 }
 
 int demo(const DemoOptions& options) {
-    if (options.region != rawValue(TaxRegion::stGallen)) {
-        return fail("Einen Demohaushalt gibt es hier erst für den Kanton St.Gallen.");
-    }
-    return print(toJson(DemoData::family(options.year)));
+    return print(toJson(DemoData::household(options.region, options.year)));
 }
 
 int compute(const ComputeOptions& options) {

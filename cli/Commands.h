@@ -1,5 +1,7 @@
 #pragma once
 
+#include "TaxCore/model/Enumerations.h"
+
 #include <optional>
 #include <string>
 
@@ -10,14 +12,14 @@ namespace fiscarel::cli {
 
 struct NewOptions {
     int year = 0;
-    std::string region = "sg";
+    taxcore::TaxRegion region = taxcore::TaxRegion::stGallen;
 };
 /// Prints a new case as JSON.
 int newCase(const NewOptions& options);
 
 struct DemoOptions {
     int year = 0;
-    std::string region = "sg";
+    taxcore::TaxRegion region = taxcore::TaxRegion::stGallen;
 };
 /// Prints the demo household as a case.
 int demo(const DemoOptions& options);

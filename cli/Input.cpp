@@ -95,15 +95,10 @@ tl::expected<TaxCase, Fault> readCase(const std::string& text, std::optional<int
     return std::move(found->second);
 }
 
-tl::expected<TaxCalculator, Fault> calculatorFor(const TaxCase& taxCase) {
-    if (taxCase.taxRegion() != TaxRegion::stGallen) {
-        return tl::unexpected("Die Angabe «region» verlangt "
-                              + std::string(label(taxCase.taxRegion()))
-                              + "; berechnet wird hier erst der Kanton St.Gallen.");
-    }
-    return TaxCalculator::forYear(taxCase.year).map_error([&](const RuleBook::LoadError& e) {
+tl::expected<CaseCalculator, Fault> calculatorFor(const TaxCase& taxCase) {
+    return CaseCalculator::forCase(taxCase).map_error([&](const RuleLoadError& e) {
         const bool noSuchYear =
-            e.kind == RuleBook::LoadError::Kind::missing && !isSupportedYear(taxCase.year);
+            e.kind == RuleLoadError::Kind::missing && !isSupportedYear(taxCase.year);
         return noSuchYear ? "Die Angabe «year» nennt das Steuerjahr " + std::to_string(taxCase.year)
                                 + "; unterstützt werden " + supportedYears() + "."
                           : e.description();

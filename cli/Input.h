@@ -1,7 +1,7 @@
 #pragma once
 
 #include "TaxCore/model/TaxCase.h"
-#include "TaxCore/stgallen/TaxCalculator.h"
+#include "TaxCore/regions/CaseCalculator.h"
 
 #include <tl/expected.hpp>
 
@@ -32,8 +32,8 @@ tl::expected<std::string, Fault> readText(const std::string& file);
 /// The case in a text: a single case, or the case of one year of a state file.
 tl::expected<taxcore::TaxCase, Fault> readCase(const std::string& text, std::optional<int> year);
 
-/// The calculator for a case; a fault when its region or year cannot be computed.
-tl::expected<taxcore::TaxCalculator, Fault> calculatorFor(const taxcore::TaxCase& taxCase);
+/// The calculator for a case; a fault when its year cannot be computed.
+tl::expected<taxcore::CaseCalculator, Fault> calculatorFor(const taxcore::TaxCase& taxCase);
 
 /// Whether rules of a year ship with the program.
 bool isSupportedYear(int year);

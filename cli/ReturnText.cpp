@@ -1,6 +1,7 @@
 #include "cli/ReturnText.h"
 
 #include "TaxCore/base/MoneyFormat.h"
+#include "TaxCore/model/Household.h"
 #include "cli/Printable.h"
 #include "cli/TextTable.h"
 
@@ -43,7 +44,8 @@ std::string labelled(const std::string& start, const std::string& label, std::si
 /// Deductions are shown with a minus, so that a column adds up. Their total is the one line that
 /// stands in the result as a positive amount although it is taken off.
 bool isTakenOff(const TaxLine& line) {
-    return line.kind == TaxLine::Kind::deduction || line.code == "totalAbzuege";
+    return line.kind == TaxLine::Kind::deduction || line.code == "totalAbzuege"
+           || (line.code == "640" && line.kind == TaxLine::Kind::subtotal);
 }
 
 std::string sectionText(const TaxSection& section) {
@@ -124,7 +126,7 @@ std::string billText(const TaxCase& taxCase, const TaxResult& result) {
     }
     text += "  " + std::string(billNameWidth + rateWidth + 3 * amountWidth, '-') + "\n";
     text += billRow("Total der Steuern", "", "", "", amount(bill.total()));
-    if (result.capitalPaymentTax) {
+    if (result.capitalPaymentTax && !result.capitalPaymentTax->amount.isZero()) {
         const CapitalPaymentTax& tax = *result.capitalPaymentTax;
         text += "\n  Getrennt besteuert: Kapitalleistungen von " + amount(tax.amount)
                 + "\n    Kanton, Gemeinde und Kirche " + amount(tax.canton) + ", Bund "
@@ -134,6 +136,26 @@ std::string billText(const TaxCase& taxCase, const TaxResult& result) {
         text += "\n  Rückerstattung der Verrechnungssteuer: " + amount(result.withholdingTaxRefund)
                 + " (auf Erträgen von " + amount(result.withholdingIncomeA) + ")\n";
     }
+    return text + "\n";
+}
+
+/// In Liechtenstein there is one tax: the section of the return holds its amounts already.
+std::string liechtensteinBillText(const TaxCase& taxCase, const TaxResult& result) {
+    const TaxBill& bill = result.bill;
+    const auto percent = [](const Decimal& rate) { return MoneyFormat::number(rate) + "%"; };
+    const auto row = [](const std::string& name, const std::string& rate,
+                        const std::string& value) {
+        return labelled("  ", name, billNameWidth + 2 * amountWidth,
+                        padLeft(rate, rateWidth) + cell(value));
+    };
+    std::string text = heading("Steuerrechnung");
+    text += "\n  Tarif: " + std::string(label(liTariffOf(taxCase))) + "\n\n";
+    text += row("Steuerbarer Gesamterwerb", "", amount(bill.taxableIncomeCanton));
+    text += row("Landessteuer", "", amount(bill.cantonIncome));
+    text += row("Gemeindezuschlag " + printable(taxCase.municipality),
+                percent(bill.municipalityRate), amount(bill.municipalityIncome));
+    text += "  " + std::string(billNameWidth + rateWidth + 3 * amountWidth, '-') + "\n";
+    text += row("Total der Steuern", percent(bill.simpleIncomeRatePercent), amount(bill.total()));
     return text + "\n";
 }
 
@@ -166,8 +188,10 @@ std::string names(const TaxCase& taxCase) {
 std::string returnText(const TaxCase& taxCase, const TaxResult& result) {
     const std::string& municipality =
         result.municipality ? result.municipality->name : taxCase.municipality;
-    std::string text = heading("Steuererklärung " + std::to_string(result.year) + " – Kanton "
-                               + std::string(label(taxCase.taxRegion())));
+    const bool liechtenstein = taxCase.taxRegion() == TaxRegion::liechtenstein;
+    std::string text =
+        heading("Steuererklärung " + std::to_string(result.year) + " – "
+                + (liechtenstein ? "" : "Kanton ") + std::string(label(taxCase.taxRegion())));
     text += wrapped(printable(names(taxCase) + (municipality.empty() ? "" : ", " + municipality)
                               + ", " + std::string(label(taxCase.civilStatus))),
                     lineWidth, "")
@@ -175,7 +199,8 @@ std::string returnText(const TaxCase& taxCase, const TaxResult& result) {
     for (const TaxSection& section : result.sections) {
         text += sectionText(section);
     }
-    return text + billText(taxCase, result) + noticesText(result);
+    text += liechtenstein ? liechtensteinBillText(taxCase, result) : billText(taxCase, result);
+    return text + noticesText(result);
 }
 
 } // namespace fiscarel::cli

@@ -95,8 +95,14 @@ CLI::App* addCommand(CLI::App& app, const char* name, const char* description) {
     return command;
 }
 
-void addRegion(CLI::App& command, std::string& region) {
-    command.add_option("--region", region, "Steuerregion: sg oder li")
+void addRegion(CLI::App& command, taxcore::TaxRegion& region) {
+    command
+        .add_option_function<std::string>(
+            "--region",
+            [&region](const std::string& raw) {
+                region = taxcore::enumFromRaw<taxcore::TaxRegion>(raw).value_or(region);
+            },
+            "Steuerregion: sg oder li")
         ->check(CLI::IsMember({"sg", "li"}))
         ->capture_default_str();
 }

@@ -1,5 +1,6 @@
 #include "TaxCore/demo/DemoData.h"
 
+#include "TaxCore/demo/DemoParts.h"
 #include "TaxCore/stgallen/TaxCalculator.h"
 
 #include <string>
@@ -7,19 +8,6 @@
 namespace taxcore::DemoData {
 
 namespace {
-
-/// Fixed identities, so that the demo is the same every time.
-Uuid demoId(int number) {
-    std::string text = "0DE30000-0000-4000-8000-000000000000";
-    for (std::size_t at = text.size() - 1; number > 0; --at, number /= 10) {
-        text[at] = static_cast<char>('0' + number % 10);
-    }
-    return Uuid::parse(text).value_or(Uuid());
-}
-
-Date day(int year, int month, int dayOfMonth) {
-    return Date::of(year, month, dayOfMonth).value_or(Date());
-}
 
 void addPersons(TaxCase& household) {
     Person& first = household.person1;

@@ -2,6 +2,8 @@
 
 #include "TaxCore/base/JsonWriter.h"
 
+#include <algorithm>
+
 namespace taxcore {
 
 template std::string toJson<Derivation>(const Derivation&, JsonStyle);
@@ -21,6 +23,11 @@ Concerns sidesOf(const Law& law) noexcept {
 }
 
 } // namespace
+
+std::optional<Derivation> derivationOf(std::vector<Derivation> all, std::string_view code) {
+    const auto found = std::ranges::find(all, code, &Derivation::code);
+    return found == all.end() ? std::nullopt : std::optional(std::move(*found));
+}
 
 std::string FieldPath::toString() const {
     std::string path = numbered(record_, person_);

@@ -105,6 +105,9 @@ struct Derivation {
 };
 TAXCORE_RECORD(Derivation, code, label, steps, unit, canton, federal);
 
+/// The derivation of a code out of all of a calculation; absent when there is none.
+std::optional<Derivation> derivationOf(std::vector<Derivation> all, std::string_view code);
+
 extern template std::string toJson<Derivation>(const Derivation&, JsonStyle);
 
 /// The recorder of the plain calculation: records nothing and costs nothing.

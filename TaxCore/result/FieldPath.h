@@ -1,10 +1,7 @@
 #pragma once
 
-#include "TaxCore/base/Decimal.h"
-
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace taxcore {
 
@@ -43,37 +40,5 @@ class FieldPath {
     int person_ = 0;
     int index_ = -1;
 };
-
-/// Calls `use(item, index)` for each item of a list; the index is what its path needs.
-template <class T, class Use>
-void forEachItem(const std::vector<T>& items, Use&& use) {
-    int index = 0;
-    for (const T& item : items) {
-        use(item, index);
-        ++index;
-    }
-}
-
-/// The sum of one amount over the items that count, each told as an input. `path` is that of the
-/// amount, still without an index.
-template <class Draft, class T, class Counts>
-Decimal sumOf(Draft& why, std::string_view text, const std::vector<T>& items, Decimal T::*amount,
-              const FieldPath& path, const Counts& counts) {
-    Decimal sum;
-    forEachItem(items, [&](const T& item, int index) {
-        if (counts(item)) {
-            sum += item.*amount;
-            why.input(text, item.*amount, path.at(index));
-        }
-    });
-    return sum;
-}
-
-/// The same over all items.
-template <class Draft, class T>
-Decimal sumOf(Draft& why, std::string_view text, const std::vector<T>& items, Decimal T::*amount,
-              const FieldPath& path) {
-    return sumOf(why, text, items, amount, path, [](const T&) { return true; });
-}
 
 } // namespace taxcore

@@ -3,6 +3,7 @@
 #include "TaxCore/base/EnumText.h"
 #include "TaxCore/result/Derivation.h"
 #include "TaxCore/result/PerJurisdiction.h"
+#include "TaxCore/result/Sums.h"
 #include "TaxCore/result/TaxResult.h"
 
 #include <algorithm>
@@ -23,8 +24,17 @@ struct LineHead {
     std::string_view form = {};
 };
 
+/// What a section of the return is called and how its lines are treated.
+struct SectionHead {
+    std::string_view title = {};
+    int page = 0;                       ///< of the official return
+    Concerns concerns = Concerns::both; ///< whose tax its lines belong to
+    bool keepsZeros = false;            ///< lines of amount 0 stand, too
+};
+
 /// Lays out the return: emits lines into sections and keeps the sums. Lines of amount 0 in both
-/// jurisdictions are left out, except subtotals and totals. Shared by all calculators.
+/// jurisdictions are left out, except subtotals and totals and where a section keeps them. Shared
+/// by all calculators.
 template <class Recorder>
 class LineBuilder {
   public:
@@ -34,7 +44,7 @@ class LineBuilder {
       public:
         Line(LineBuilder& builder, const LineHead& head, std::string label)
             : builder_(builder), head_(head), label_(std::move(label)),
-              why(builder.recorder_.draft(builder.concerns_)) {}
+              why(builder.recorder_.draft(builder.head_.concerns)) {}
 
         const std::string& label() const noexcept { return label_; }
 
@@ -72,11 +82,11 @@ class LineBuilder {
         : sections_(sections), recorder_(recorder) {}
 
     /// Opens a section and starts its sum at 0. A section that stays without lines vanishes with
-    /// the next one or with `finish`. `concerns`: whose tax its lines belong to.
-    void section(std::string_view title, int page, Concerns concerns = Concerns::both) {
+    /// the next one or with `finish`.
+    void section(const SectionHead& head) {
         finish();
-        concerns_ = concerns;
-        sections_.push_back({std::string(title), page, {}});
+        head_ = head;
+        sections_.push_back({std::string(head.title), head.page, {}});
         sections_.back().lines.reserve(24);
         sum_ = {};
     }
@@ -129,7 +139,7 @@ class LineBuilder {
     std::vector<TaxSection>& sections_;
     Recorder& recorder_;
     Amounts sum_;
-    Concerns concerns_ = Concerns::both;
+    SectionHead head_;
     std::vector<Entered> entered_; ///< filled only while recording
 };
 
@@ -137,7 +147,7 @@ template <class Recorder>
 bool LineBuilder<Recorder>::Line::emit(TaxLine::Kind kind, const Amounts& amounts,
                                        std::optional<std::string> note) {
     const bool always = kind == TaxLine::Kind::subtotal || kind == TaxLine::Kind::total;
-    const bool stands = always || !isZero(amounts);
+    const bool stands = always || builder_.head_.keepsZeros || !isZero(amounts);
     std::string code(head_.code);
     if (head_.person > 0) {
         code += static_cast<char>('0' + head_.person);

@@ -41,11 +41,4 @@ struct Adult {
     }
 };
 
-/// Tells of which lines the earned income consists.
-void explainEarned(DerivationRecorder::Draft& why, const Adult& adult);
-/// Tells the work expenses and payments into pillars 2 and 3a that came off it.
-void explainEarningCosts(DerivationRecorder::Draft& why, const Adult& adult);
-inline void explainEarned(NoRecorder::Draft&, const Adult&) noexcept {}
-inline void explainEarningCosts(NoRecorder::Draft&, const Adult&) noexcept {}
-
 } // namespace taxcore

@@ -1,7 +1,8 @@
 #include "TaxCore/stgallen/Bill.h"
 
 #include "TaxCore/base/Rounding.h"
-#include "TaxCore/stgallen/Household.h"
+#include "TaxCore/model/Household.h"
+#include "TaxCore/result/Figure.h"
 #include "TaxCore/stgallen/Law.h"
 
 #include <algorithm>
@@ -28,59 +29,19 @@ Decimal churchRateOf(Confession confession, const Parish* parish, const Municipa
     return 0;
 }
 
-/// The position of the first item of a name.
-template <class T>
-std::optional<std::size_t> positionOf(const std::vector<T>& items, std::string_view name) {
-    const auto found = std::ranges::find(items, name, &T::name);
-    return found == items.end() ? std::nullopt
-                                : std::optional(static_cast<std::size_t>(found - items.begin()));
-}
-
 Decimal multiplied(const Decimal& simpleTax, const Decimal& percent) {
     return toFiveRappen(simpleTax * percent / 100);
 }
-
-/// What a figure of the bill is called and counts.
-struct Figure {
-    std::string_view code; ///< the name of its field
-    std::string_view label;
-    Concerns concerns = Concerns::canton;
-    Unit unit = Unit::francs;
-};
-
-/// Keeps the derivation of a figure and hands the figure on.
-template <class Recorder, class Explain>
-Decimal figure(Recorder& recorder, const Figure& head, const Decimal& amount,
-               const Explain& explain) {
-    if constexpr (Recorder::enabled) {
-        auto why = recorder.draft(head.concerns);
-        explain(why);
-        recorder.keep(std::string(head.code), std::string(head.label), std::move(why), both(amount),
-                      head.unit);
-    }
-    return amount;
-}
-
-/// A figure of the bill that another one builds on.
-struct Part {
-    std::string_view code;
-    std::string_view label;
-    Decimal amount;
-};
 
 std::string_view tariffName(TariffKind kind) noexcept {
     return kind == TariffKind::joint ? "Tarif für Verheiratete und Alleinerziehende"
                                      : "Tarif für Alleinstehende";
 }
 
-std::string item(std::string_view list, std::size_t index) {
-    return std::string(list) + "[" + std::to_string(index) + "]";
-}
-
 /// A simple tax times one of the three multipliers.
 template <class Recorder>
 Decimal share(Recorder& recorder, std::string_view code, std::string_view label, const Law& law,
-              const Part& simple, const Part& rate) {
+              const FigurePart& simple, const FigurePart& rate) {
     return figure(recorder, {code, label}, multiplied(simple.amount, rate.amount), [&](auto& why) {
         why.line(simple.code, 0, simple.label, both(simple.amount));
         why.line(rate.code, 0, rate.label, both(rate.amount), Unit::percent);
@@ -100,7 +61,7 @@ void explainSimpleIncomeTax(DerivationRecorder::Draft& why, const TaxBill& bill,
     if (place.row) {
         const auto& rows = Tariffs::rowsOf(table, bill.kind);
         why.rule(law::incomeTariff, "Einfache Steuer laut Tarif",
-                 item(bill.kind == TariffKind::joint ? "joint" : "single", *place.row),
+                 itemKey(bill.kind == TariffKind::joint ? "joint" : "single", *place.row),
                  both(rows[*place.row]));
     } else if (place.flat) {
         why.rule(law::incomeTariff, "Fester Satz vom ganzen Einkommen", "flatRateAbove",
@@ -122,7 +83,7 @@ void explainFederalTariff(DerivationRecorder::Draft& why, const Decimal& amount,
                  both(tariff.flatSatz), Unit::share);
     } else if (place.row) {
         const FederalBracket& bracket = Tariffs::bracketsOf(tariff, kind)[*place.row];
-        const std::string key = item(
+        const std::string key = itemKey(
             kind == TariffKind::joint ? "tarif.verheiratet" : "tarif.alleinstehend", *place.row);
         why.rule(law::incomeTariff, "Die Stufe beginnt bei", key + ".ab", both(bracket.ab));
         why.rule(law::incomeTariff, "Steuer an ihrem Beginn", key + ".steuer",
@@ -176,7 +137,7 @@ void explainMunicipalityRate(DerivationRecorder::Draft& why, const BillBasis& ba
     why.fact("Gemeinde " + basis.municipality->name, FieldPath("municipality"));
     if (const auto index = positionOf(list.municipalities, basis.municipality->name)) {
         why.rule(law::municipalityMultiplier, "Steuerfuss der Gemeinde",
-                 item("municipalities", *index) + ".steuerfuss",
+                 itemKey("municipalities", *index) + ".steuerfuss",
                  both(basis.municipality->steuerfuss), Unit::percent);
     }
 }
@@ -207,7 +168,7 @@ void explainChurchRate(DerivationRecorder::Draft& why, const BillBasis& basis,
     const auto parish = positionOf(basis.municipality->parishes, basis.parish->name);
     if (municipality && parish) {
         why.rule(law::churchMultiplier, "Steuerfuss der Kirchgemeinde " + basis.parish->name,
-                 item(item("municipalities", *municipality) + ".parishes", *parish)
+                 itemKey(itemKey("municipalities", *municipality) + ".parishes", *parish)
                      + (catholic ? ".kath" : ".evang"),
                  both(rate), Unit::percent);
     }
@@ -243,11 +204,13 @@ void addMultipliers(TaxBill& bill, const RuleBook& rules, const BillBasis& basis
 
 template <class Recorder>
 void addCantonalTaxes(TaxBill& bill, Recorder& recorder) {
-    const Part income{"simpleIncomeTax", "Einfache Steuer vom Einkommen", bill.simpleIncomeTax};
-    const Part wealth{"simpleWealthTax", "Einfache Steuer vom Vermögen", bill.simpleWealthTax};
-    const Part canton{"cantonRate", "Steuerfuss Kanton", bill.cantonRate};
-    const Part municipality{"municipalityRate", "Steuerfuss Gemeinde", bill.municipalityRate};
-    const Part church{"churchRate", "Steuerfuss Kirche", bill.churchRate};
+    const FigurePart income{"simpleIncomeTax", "Einfache Steuer vom Einkommen",
+                            bill.simpleIncomeTax};
+    const FigurePart wealth{"simpleWealthTax", "Einfache Steuer vom Vermögen",
+                            bill.simpleWealthTax};
+    const FigurePart canton{"cantonRate", "Steuerfuss Kanton", bill.cantonRate};
+    const FigurePart municipality{"municipalityRate", "Steuerfuss Gemeinde", bill.municipalityRate};
+    const FigurePart church{"churchRate", "Steuerfuss Kirche", bill.churchRate};
     bill.cantonIncome = share(recorder, "cantonIncome", "Kantonssteuer vom Einkommen",
                               law::cantonMultiplier, income, canton);
     bill.municipalityIncome = share(recorder, "municipalityIncome", "Gemeindesteuer vom Einkommen",
@@ -300,21 +263,23 @@ void addFederalTax(TaxBill& bill, const RuleBook& rules, int children, Recorder&
 template <class Recorder>
 void explainTotals(const TaxBill& bill, Recorder& recorder) {
     if constexpr (Recorder::enabled) {
-        const auto sum = [&](const Part& total, std::initializer_list<Part> parts,
+        const auto sum = [&](const FigurePart& total, std::initializer_list<FigurePart> parts,
                              Concerns concerns = Concerns::canton, Unit unit = Unit::francs) {
             figure(recorder, {total.code, total.label, concerns, unit}, total.amount,
                    [&](auto& why) {
-                       for (const Part& part : parts) {
+                       for (const FigurePart& part : parts) {
                            why.line(part.code, 0, part.label, both(part.amount), unit);
                        }
                    });
         };
-        const Part canton{"cantonTotal", "Kantonssteuer", bill.cantonTotal()};
-        const Part municipality{"municipalityTotal", "Gemeindesteuer", bill.municipalityTotal()};
-        const Part church{"churchTotal", "Kirchensteuer", bill.churchTotal()};
-        const Part office{"cantonAndMunicipalityTotal", "Kantons-, Gemeinde- und Kirchensteuer",
-                          bill.cantonAndMunicipalityTotal()};
-        const Part federal{"federal", "Direkte Bundessteuer", bill.federal};
+        const FigurePart canton{"cantonTotal", "Kantonssteuer", bill.cantonTotal()};
+        const FigurePart municipality{"municipalityTotal", "Gemeindesteuer",
+                                      bill.municipalityTotal()};
+        const FigurePart church{"churchTotal", "Kirchensteuer", bill.churchTotal()};
+        const FigurePart office{"cantonAndMunicipalityTotal",
+                                "Kantons-, Gemeinde- und Kirchensteuer",
+                                bill.cantonAndMunicipalityTotal()};
+        const FigurePart federal{"federal", "Direkte Bundessteuer", bill.federal};
         sum(canton, {{"cantonIncome", "vom Einkommen", bill.cantonIncome},
                      {"cantonWealth", "vom Vermögen", bill.cantonWealth}});
         sum(municipality, {{"municipalityIncome", "vom Einkommen", bill.municipalityIncome},
@@ -373,10 +338,11 @@ std::optional<CapitalPaymentTax> taxCapitalPayments(const RuleBook& rules, const
     const FederalRules& federalRules = rules.federalRules;
 
     CapitalPaymentTax tax{.amount = amount, .canton = {}, .federal = {}};
-    const Part rateParts[] = {{"cantonRate", "Steuerfuss Kanton", bill.cantonRate},
-                              {"municipalityRate", "Steuerfuss Gemeinde", bill.municipalityRate},
-                              {"churchRate", "Steuerfuss Kirche", bill.churchRate}};
-    for (const Part& part : rateParts) {
+    const FigurePart rateParts[] = {
+        {"cantonRate", "Steuerfuss Kanton", bill.cantonRate},
+        {"municipalityRate", "Steuerfuss Gemeinde", bill.municipalityRate},
+        {"churchRate", "Steuerfuss Kirche", bill.churchRate}};
+    for (const FigurePart& part : rateParts) {
         tax.canton += multiplied(simple, part.amount);
     }
     figure(recorder,
@@ -389,7 +355,7 @@ std::optional<CapitalPaymentTax> taxCapitalPayments(const RuleBook& rules, const
                               : "kapitalleistung.satzAlleinstehend",
                         both(rate), Unit::share);
                why.step("Einfache Steuer", both(simple));
-               for (const Part& part : rateParts) {
+               for (const FigurePart& part : rateParts) {
                    why.line(part.code, 0, part.label, both(part.amount), Unit::percent);
                    why.step("ergibt, auf 5 Rappen gerundet", both(multiplied(simple, part.amount)));
                }

@@ -1,7 +1,7 @@
 #include "TaxCore/stgallen/DeductionRules.h"
 
 #include "TaxCore/base/Rounding.h"
-#include "TaxCore/stgallen/Household.h"
+#include "TaxCore/model/Household.h"
 
 #include <algorithm>
 

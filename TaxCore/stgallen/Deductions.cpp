@@ -1,8 +1,8 @@
 #include "TaxCore/base/MoneyFormat.h"
 #include "TaxCore/base/Text.h"
+#include "TaxCore/model/Household.h"
 #include "TaxCore/stgallen/Calculation.h"
 #include "TaxCore/stgallen/DeductionRules.h"
-#include "TaxCore/stgallen/Household.h"
 #include "TaxCore/stgallen/Law.h"
 #include "TaxCore/stgallen/Notices.h"
 
@@ -186,7 +186,7 @@ void addOtherDeductions(Calculation<R>& c) {
 
 template <class R>
 void addDeductions(Calculation<R>& c) {
-    c.lines.section("Abzüge", 3);
+    c.lines.section({"Abzüge", 3});
     c.result.work.canton.emplace();
     c.result.work.federal.emplace();
     for (Adult& adult : c.adults) {

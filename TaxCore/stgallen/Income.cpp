@@ -1,7 +1,8 @@
 #include "TaxCore/base/Rounding.h"
+#include "TaxCore/model/Household.h"
 #include "TaxCore/stgallen/Calculation.h"
 #include "TaxCore/stgallen/DeductionRules.h"
-#include "TaxCore/stgallen/Household.h"
+#include "TaxCore/stgallen/Explanations.h"
 #include "TaxCore/stgallen/Law.h"
 #include "TaxCore/stgallen/Notices.h"
 
@@ -186,7 +187,7 @@ void addOtherIncome(Calculation<R>& c) {
 
 template <class R>
 void addIncome(Calculation<R>& c) {
-    c.lines.section("Einkommensberechnung", 2);
+    c.lines.section({"Einkommensberechnung", 2});
     for (const Adult& adult : c.adults) {
         addPersonalEarnings(c, adult);
     }

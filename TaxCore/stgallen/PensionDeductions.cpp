@@ -1,6 +1,7 @@
+#include "TaxCore/model/Household.h"
 #include "TaxCore/stgallen/Calculation.h"
 #include "TaxCore/stgallen/DeductionRules.h"
-#include "TaxCore/stgallen/Household.h"
+#include "TaxCore/stgallen/Explanations.h"
 #include "TaxCore/stgallen/Law.h"
 #include "TaxCore/stgallen/Notices.h"
 

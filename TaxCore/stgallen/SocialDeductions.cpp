@@ -1,7 +1,7 @@
 #include "TaxCore/base/MoneyFormat.h"
+#include "TaxCore/model/Household.h"
 #include "TaxCore/stgallen/Calculation.h"
 #include "TaxCore/stgallen/DeductionRules.h"
-#include "TaxCore/stgallen/Household.h"
 #include "TaxCore/stgallen/Law.h"
 #include "TaxCore/stgallen/Notices.h"
 
@@ -9,27 +9,9 @@ namespace taxcore {
 
 namespace {
 
-std::string percent(const Decimal& fraction) { return MoneyFormat::number(fraction * 100) + "%"; }
+bool disabilityRelated(const MedicalCost& bill) noexcept { return bill.isDisabilityRelated; }
 
-/// What the household paid itself of its medical bills of one kind.
-template <class Draft>
-Decimal selfPaidBills(Draft& why, const HouseholdDeductions& d, bool disabilityRelated) {
-    Decimal sum;
-    forEachItem(d.medicalCosts, [&](const MedicalCost& bill, int index) {
-        if (bill.isDisabilityRelated != disabilityRelated) {
-            return;
-        }
-        sum += bill.selfPaid();
-        const auto path = [&](std::string_view field) {
-            return FieldPath("householdDeductions", "medicalCosts", field).at(index);
-        };
-        why.input("Rechnung", bill.gross, path("gross"));
-        if (!bill.reimbursed.isZero()) {
-            why.input("− Rückvergütung", bill.reimbursed, path("reimbursed"));
-        }
-    });
-    return sum;
-}
+std::string percent(const Decimal& fraction) { return MoneyFormat::number(fraction * 100) + "%"; }
 
 /// Illness and accident costs above a share of the net income.
 /// StG SG Art. 46 Bst. a, DBG Art. 33 Abs. 1 Bst. h
@@ -38,7 +20,7 @@ void addMedicalCosts(Calculation<R>& c) {
     const HouseholdDeductions& d = c.input.householdDeductions;
     auto total =
         c.lines.line({"krankheitskosten", 0, "21.1", "Krankheits- und Unfallkosten (Total)"});
-    Amounts costs = both(selfPaidBills(total.why, d, false));
+    Amounts costs = both(selfPaidBills(total.why, d, std::not_fn(disabilityRelated)));
     if (d.dietFlatRate) {
         const Amounts diet = c.rule(&DeductionParams::diaetPauschale);
         costs += diet;
@@ -80,7 +62,7 @@ void addDisabilityCosts(Calculation<R>& c) {
         line.why.input("Pauschale", d.disabilityFlatRate,
                        FieldPath("householdDeductions", "disabilityFlatRate"));
     }
-    line.deduction(both(d.disabilityFlatRate + selfPaidBills(line.why, d, true)));
+    line.deduction(both(d.disabilityFlatRate + selfPaidBills(line.why, d, disabilityRelated)));
 }
 
 /// StG SG Art. 46 Bst. c, DBG Art. 33a
@@ -232,7 +214,7 @@ void addFederalDeductions(Calculation<R>& c) {
 
 template <class R>
 void addNetIncomeDeductions(Calculation<R>& c) {
-    c.lines.section("Abzüge vom Nettoeinkommen", 3);
+    c.lines.section({"Abzüge vom Nettoeinkommen", 3});
     addMedicalCosts(c);
     addDisabilityCosts(c);
     addDonations(c);
@@ -242,7 +224,7 @@ void addNetIncomeDeductions(Calculation<R>& c) {
 template <class R>
 void addSocialDeductions(Calculation<R>& c) {
     const Amounts before = c.taxableIncome;
-    c.lines.section("Sozialabzüge", 3);
+    c.lines.section({"Sozialabzüge", 3});
     addChildDeductions(c);
     addChildEducation(c);
     addFederalDeductions(c);

@@ -1,8 +1,8 @@
 #include "TaxCore/stgallen/TaxCalculator.h"
 
+#include "TaxCore/model/Household.h"
 #include "TaxCore/stgallen/Bill.h"
 #include "TaxCore/stgallen/Calculation.h"
-#include "TaxCore/stgallen/Household.h"
 #include "TaxCore/stgallen/Law.h"
 #include "TaxCore/stgallen/Notices.h"
 
@@ -45,7 +45,7 @@ const T* pointerTo(const std::optional<T>& value) noexcept {
 /// StG SG Art. 52, DBG Art. 38
 template <class R>
 void addCapitalPayments(Calculation<R>& c) {
-    c.lines.section("Kapitalleistungen aus Vorsorge", 2);
+    c.lines.section({"Kapitalleistungen aus Vorsorge", 2});
     auto line = c.lines.line({"kapitalleistungen", 0, "9", "Total Kapitalleistungen aus Vorsorge"});
     line.why.law(law::capitalPayments, "Getrennt vom übrigen Einkommen besteuert");
     line.info(both(sumOf(line.why, "Kapitalleistung", c.input.capitalPayments,
@@ -98,9 +98,7 @@ std::vector<Derivation> TaxCalculator::explainAll(const TaxCase& taxCase) const 
 
 std::optional<Derivation> TaxCalculator::explain(const TaxCase& taxCase,
                                                  std::string_view code) const {
-    std::vector<Derivation> all = explainAll(taxCase);
-    const auto found = std::ranges::find(all, code, &Derivation::code);
-    return found == all.end() ? std::nullopt : std::optional(std::move(*found));
+    return derivationOf(explainAll(taxCase), code);
 }
 
 WorkExpenseBreakdown TaxCalculator::workExpenses(const std::vector<SalaryCertificate>& salaries,

@@ -1,7 +1,7 @@
 #include "TaxCore/base/MoneyFormat.h"
+#include "TaxCore/model/Household.h"
 #include "TaxCore/stgallen/Calculation.h"
 #include "TaxCore/stgallen/DeductionRules.h"
-#include "TaxCore/stgallen/Household.h"
 #include "TaxCore/stgallen/Law.h"
 
 namespace taxcore {
@@ -114,7 +114,7 @@ void addAllowances(Calculation<R>& c) {
 
 template <class R>
 void addWealth(Calculation<R>& c) {
-    c.lines.section("Vermögensberechnung", 4, Concerns::canton);
+    c.lines.section({"Vermögensberechnung", 4, Concerns::canton});
     addSecurities(c);
     c.plainIncome({"bargeld", 0, "30.2", "Bargeld, Gold und Edelmetalle"}, law::wealth,
                   c.input.cash, FieldPath("cash"));

@@ -1,6 +1,7 @@
 #include "TaxCore/base/MoneyFormat.h"
 #include "TaxCore/stgallen/Calculation.h"
 #include "TaxCore/stgallen/DeductionRules.h"
+#include "TaxCore/stgallen/Explanations.h"
 #include "TaxCore/stgallen/Law.h"
 
 namespace taxcore {

@@ -23,6 +23,8 @@ const std::map<std::string, std::set<std::string>>& layers() {
         {"rulebook", {"base", "model"}},
         {"result", {"base", "model", "rulebook"}},
         {"stgallen", {"base", "model", "rulebook", "result"}},
+        {"liechtenstein", {"base", "model", "rulebook", "result"}},
+        {"regions", {"base", "model", "rulebook", "result", "stgallen", "liechtenstein"}},
         {"demo", {"base", "model", "rulebook", "result", "stgallen"}},
     };
     return allowed;

@@ -1,4 +1,4 @@
-#include "TaxCore/stgallen/Household.h"
+#include "TaxCore/model/Household.h"
 
 #include <algorithm>
 
@@ -22,6 +22,14 @@ TariffKind tariffOf(const TaxCase& taxCase) noexcept {
                                                                   : TariffKind::single;
 }
 
+LITariffKind liTariffOf(const TaxCase& taxCase) noexcept {
+    if (taxCase.isJoint()) {
+        return LITariffKind::verheiratet;
+    }
+    return deductibleChildCount(taxCase) > 0 ? LITariffKind::alleinerziehend
+                                             : LITariffKind::alleinstehend;
+}
+
 bool belongsToHousehold(const SecurityEntry& entry, const TaxCase& taxCase) noexcept {
     return taxCase.isJoint() || entry.owner != Owner::person2;
 }
@@ -36,18 +44,6 @@ bool isPrivateAsset(const SecurityEntry& entry, const TaxCase& taxCase) noexcept
 
 Decimal grossIncome(const SecurityEntry& entry) {
     return entry.incomeWithWithholding + entry.incomeWithoutWithholding;
-}
-
-void explainGrossIncome(DerivationRecorder::Draft& why, const SecurityEntry& entry, int index) {
-    const auto tell = [&](std::string_view text, const Decimal& amount, std::string_view field) {
-        if (!amount.isZero()) {
-            why.input(text, amount, FieldPath("securities", field).at(index));
-        }
-    };
-    tell("Bruttoertrag mit Verrechnungssteuer", entry.incomeWithWithholding,
-         "incomeWithWithholding");
-    tell("Bruttoertrag ohne Verrechnungssteuer", entry.incomeWithoutWithholding,
-         "incomeWithoutWithholding");
 }
 
 } // namespace taxcore

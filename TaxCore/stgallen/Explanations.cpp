@@ -1,4 +1,4 @@
-#include "TaxCore/stgallen/Adult.h"
+#include "TaxCore/stgallen/Explanations.h"
 
 namespace taxcore {
 
@@ -30,6 +30,18 @@ void explainEarningCosts(DerivationRecorder::Draft& why, const Adult& adult) {
     addLine(why, "saeule3a", n, "− Säule 3a", adult.pillar3a);
     addLine(why, "einkauf3a", n, "− Einkauf Säule 3a", adult.pillar3aBuyIn);
     addLine(why, "saeule2", n, "− Einkäufe Säule 2", both(adult.deductions.pensionBuyIn));
+}
+
+void explainGrossIncome(DerivationRecorder::Draft& why, const SecurityEntry& entry, int index) {
+    const auto tell = [&](std::string_view text, const Decimal& amount, std::string_view field) {
+        if (!amount.isZero()) {
+            why.input(text, amount, FieldPath("securities", field).at(index));
+        }
+    };
+    tell("Bruttoertrag mit Verrechnungssteuer", entry.incomeWithWithholding,
+         "incomeWithWithholding");
+    tell("Bruttoertrag ohne Verrechnungssteuer", entry.incomeWithoutWithholding,
+         "incomeWithoutWithholding");
 }
 
 } // namespace taxcore

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "TaxCore/model/TaxCase.h"
-#include "TaxCore/result/Derivation.h"
 
 #include <vector>
 
@@ -24,6 +23,8 @@ int deductibleChildCount(const TaxCase& taxCase) noexcept;
 /// The tariff of the household, looking only at children that count in the year.
 /// StG SG Art. 50 Abs. 3, DBG Art. 36 Abs. 2 and 2bis
 TariffKind tariffOf(const TaxCase& taxCase) noexcept;
+/// The same for Liechtenstein: registered partners count as married. SteG Art. 19 Abs. 1
+LITariffKind liTariffOf(const TaxCase& taxCase) noexcept;
 
 /// Whether an asset is the household's: person 2's own things are not, unless taxed jointly.
 /// StG SG Art. 20, DBG Art. 9
@@ -37,8 +38,5 @@ bool isPrivateAsset(const SecurityEntry& entry, const TaxCase& taxCase) noexcept
 
 /// Both gross incomes of a register entry, francs.
 Decimal grossIncome(const SecurityEntry& entry);
-/// Tells them as inputs, so far as there are any; `index` is the entry's place in the register.
-void explainGrossIncome(DerivationRecorder::Draft& why, const SecurityEntry& entry, int index);
-inline void explainGrossIncome(NoRecorder::Draft&, const SecurityEntry&, int) noexcept {}
 
 } // namespace taxcore

@@ -1,0 +1,31 @@
+#include "TaxCore/regions/CaseCalculator.h"
+
+namespace taxcore {
+
+tl::expected<CaseCalculator, RuleLoadError> CaseCalculator::forCase(const TaxCase& taxCase) {
+    const auto wrapped = [](auto calculator) { return CaseCalculator(std::move(calculator)); };
+    switch (taxCase.taxRegion()) {
+    case TaxRegion::liechtenstein:
+        return LiechtensteinCalculator::forYear(taxCase.year).map(wrapped);
+    case TaxRegion::stGallen:
+        break;
+    }
+    return TaxCalculator::forYear(taxCase.year).map(wrapped);
+}
+
+TaxResult CaseCalculator::calculate(const TaxCase& taxCase) const {
+    return std::visit([&](const auto& regional) { return regional.calculate(taxCase); }, regional_);
+}
+
+std::optional<Derivation> CaseCalculator::explain(const TaxCase& taxCase,
+                                                  std::string_view code) const {
+    return std::visit([&](const auto& regional) { return regional.explain(taxCase, code); },
+                      regional_);
+}
+
+std::vector<Derivation> CaseCalculator::explainAll(const TaxCase& taxCase) const {
+    return std::visit([&](const auto& regional) { return regional.explainAll(taxCase); },
+                      regional_);
+}
+
+} // namespace taxcore

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "TaxCore/liechtenstein/LiechtensteinCalculator.h"
+#include "TaxCore/stgallen/TaxCalculator.h"
+
+#include <tl/expected.hpp>
+
+#include <optional>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace taxcore {
+
+/// Computes cases by the rules of their region, for those who need not know which. A plain value;
+/// any thread may use it.
+class CaseCalculator {
+  public:
+    /// The calculator for the case's year and region; the error of the rules when they do not load.
+    static tl::expected<CaseCalculator, RuleLoadError> forCase(const TaxCase& taxCase);
+
+    // As the calculators of the regions; the case must be of the same region and year.
+    TaxResult calculate(const TaxCase& taxCase) const;
+    std::optional<Derivation> explain(const TaxCase& taxCase, std::string_view code) const;
+    std::vector<Derivation> explainAll(const TaxCase& taxCase) const;
+
+  private:
+    using Regional = std::variant<TaxCalculator, LiechtensteinCalculator>;
+    explicit CaseCalculator(Regional regional) : regional_(std::move(regional)) {}
+
+    Regional regional_;
+};
+
+} // namespace taxcore

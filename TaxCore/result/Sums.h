@@ -1,0 +1,66 @@
+#pragma once
+
+#include "TaxCore/base/Decimal.h"
+#include "TaxCore/model/Deductions.h"
+#include "TaxCore/result/FieldPath.h"
+
+#include <string_view>
+#include <vector>
+
+namespace taxcore {
+
+// Sums over lists of the case that tell what they are made of.
+
+/// Calls `use(item, index)` for each item of a list; the index is what its path needs.
+template <class T, class Use>
+void forEachItem(const std::vector<T>& items, Use&& use) {
+    int index = 0;
+    for (const T& item : items) {
+        use(item, index);
+        ++index;
+    }
+}
+
+/// The sum of one amount over the items that count, each told as an input. `path` is that of the
+/// amount, still without an index.
+template <class Draft, class T, class Counts>
+Decimal sumOf(Draft& why, std::string_view text, const std::vector<T>& items, Decimal T::*amount,
+              const FieldPath& path, const Counts& counts) {
+    Decimal sum;
+    forEachItem(items, [&](const T& item, int index) {
+        if (counts(item)) {
+            sum += item.*amount;
+            why.input(text, item.*amount, path.at(index));
+        }
+    });
+    return sum;
+}
+
+/// The same over all items.
+template <class Draft, class T>
+Decimal sumOf(Draft& why, std::string_view text, const std::vector<T>& items, Decimal T::*amount,
+              const FieldPath& path) {
+    return sumOf(why, text, items, amount, path, [](const T&) { return true; });
+}
+
+/// What the household paid itself of the medical bills that count.
+template <class Draft, class Counts>
+Decimal selfPaidBills(Draft& why, const HouseholdDeductions& deductions, const Counts& counts) {
+    Decimal sum;
+    forEachItem(deductions.medicalCosts, [&](const MedicalCost& bill, int index) {
+        if (!counts(bill)) {
+            return;
+        }
+        sum += bill.selfPaid();
+        const auto path = [&](std::string_view field) {
+            return FieldPath("householdDeductions", "medicalCosts", field).at(index);
+        };
+        why.input("Rechnung", bill.gross, path("gross"));
+        if (!bill.reimbursed.isZero()) {
+            why.input("− Rückvergütung", bill.reimbursed, path("reimbursed"));
+        }
+    });
+    return sum;
+}
+
+} // namespace taxcore
