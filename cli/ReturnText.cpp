@@ -53,16 +53,18 @@ std::string sectionText(const TaxSection& section) {
     std::string text =
         withoutTrailingBlanks(padRight(section.title, 2 + zifferWidth + labelWidth)
                               + (twoColumns ? cell("Kanton") + cell("Bund") : cell("CHF")));
+    bool afterSum = true; // nothing stands above the first line
     for (const TaxLine& line : section.lines) {
         const bool sum = line.kind == TaxLine::Kind::subtotal || line.kind == TaxLine::Kind::total;
         const bool minus = isTakenOff(line);
         const auto shown = [&](const Decimal& value) {
             return cell(amount(minus ? -value : value));
         };
-        if (sum) {
+        if (sum && !afterSum) {
             const std::size_t rule = amountWidth * (twoColumns ? 2 : 1);
             text += std::string(2 + zifferWidth + labelWidth, ' ') + std::string(rule, '-') + "\n";
         }
+        afterSum = sum;
         text +=
             labelled("  " + padRight(line.ziffer, zifferWidth), printable(line.label), labelWidth,
                      shown(line.canton) + (twoColumns ? shown(line.federalOrCanton()) : ""));

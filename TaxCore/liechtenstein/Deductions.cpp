@@ -181,6 +181,9 @@ void addChildEducation(Calculation<R>& c) {
                   both(c.rules.ausbildungKindMax));
     Decimal total;
     forEachItem(c.input.children, [&](const Child& child, int index) {
+        if (!isBornBy(child, c.input.year)) {
+            return;
+        }
         const Decimal amount = std::min(notBelowZero(child.educationCosts - child.scholarships),
                                         c.rules.ausbildungKindMax);
         total += amount;

@@ -6,6 +6,7 @@
 #include "TaxCore/stgallen/Law.h"
 
 #include <algorithm>
+#include <array>
 #include <string_view>
 #include <utility>
 
@@ -338,10 +339,10 @@ std::optional<CapitalPaymentTax> taxCapitalPayments(const RuleBook& rules, const
     const FederalRules& federalRules = rules.federalRules;
 
     CapitalPaymentTax tax{.amount = amount, .canton = {}, .federal = {}};
-    const FigurePart rateParts[] = {
-        {"cantonRate", "Steuerfuss Kanton", bill.cantonRate},
-        {"municipalityRate", "Steuerfuss Gemeinde", bill.municipalityRate},
-        {"churchRate", "Steuerfuss Kirche", bill.churchRate}};
+    const std::array<FigurePart, 3> rateParts{
+        {{"cantonRate", "Steuerfuss Kanton", bill.cantonRate},
+         {"municipalityRate", "Steuerfuss Gemeinde", bill.municipalityRate},
+         {"churchRate", "Steuerfuss Kirche", bill.churchRate}}};
     for (const FigurePart& part : rateParts) {
         tax.canton += multiplied(simple, part.amount);
     }
