@@ -13,6 +13,16 @@ tl::expected<CaseCalculator, RuleLoadError> CaseCalculator::forCase(const TaxCas
     return TaxCalculator::forYear(taxCase.year).map(wrapped);
 }
 
+const RuleBook* CaseCalculator::stGallen() const noexcept {
+    const auto* calculator = std::get_if<TaxCalculator>(&regional_);
+    return calculator != nullptr ? &calculator->rules() : nullptr;
+}
+
+const LIRules* CaseCalculator::liechtenstein() const noexcept {
+    const auto* calculator = std::get_if<LiechtensteinCalculator>(&regional_);
+    return calculator != nullptr ? &calculator->rules() : nullptr;
+}
+
 TaxResult CaseCalculator::calculate(const TaxCase& taxCase) const {
     return std::visit([&](const auto& regional) { return regional.calculate(taxCase); }, regional_);
 }

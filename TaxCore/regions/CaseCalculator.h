@@ -24,6 +24,10 @@ class CaseCalculator {
     std::optional<Derivation> explain(const TaxCase& taxCase, std::string_view code) const;
     std::vector<Derivation> explainAll(const TaxCase& taxCase) const;
 
+    /// The rules by region; null for the other one.
+    const RuleBook* stGallen() const noexcept;
+    const LIRules* liechtenstein() const noexcept;
+
   private:
     using Regional = std::variant<TaxCalculator, LiechtensteinCalculator>;
     explicit CaseCalculator(Regional regional) : regional_(std::move(regional)) {}

@@ -181,10 +181,11 @@ struct Notice {
     std::string message;
     std::optional<Decimal> saving;   ///< francs of tax; tips only
     std::optional<std::string> area; ///< page it leads to; absent for general notices
+    std::optional<std::string> path; ///< the field of the case to go to, where there is one
 
     bool operator==(const Notice&) const = default;
 };
-TAXCORE_RECORD(Notice, id, level, title, message, saving, area);
+TAXCORE_RECORD(Notice, id, level, title, message, saving, area, path);
 
 template <>
 struct EnumTable<Notice::Level> {

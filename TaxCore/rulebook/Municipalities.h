@@ -42,6 +42,8 @@ struct MunicipalityList {
     Decimal christkatholisch;                ///< percent, the same in every municipality
     Decimal vermoegenEinfacheSteuerPromille; ///< simple wealth tax, per mille
     std::vector<Municipality> municipalities;
+    /// Whether the multipliers are still provisional; absent: they are not.
+    std::optional<bool> vorlaeufig;
 
     /// The first municipality of this name, ignoring letter case (umlauts and accents included),
     /// but not blanks; null when there is none.
@@ -50,6 +52,6 @@ struct MunicipalityList {
     bool operator==(const MunicipalityList&) const = default;
 };
 TAXCORE_RECORD(MunicipalityList, year, kantonSteuerfuss, christkatholisch,
-               vermoegenEinfacheSteuerPromille, municipalities);
+               vermoegenEinfacheSteuerPromille, municipalities, vorlaeufig);
 
 } // namespace taxcore

@@ -1,0 +1,80 @@
+#include "TaxCore/review/Checks.h"
+
+#include "TaxCore/review/CheckContext.h"
+
+#include <algorithm>
+#include <array>
+
+namespace taxcore {
+
+namespace review {
+
+std::string Adult::called() const {
+    const bool nameless = person.firstName.empty() && person.lastName.empty();
+    return nameless ? "Person " + std::to_string(number) : person.displayName();
+}
+
+std::string Adult::id(std::string_view stem) const {
+    return std::string(stem) + "-" + std::to_string(number);
+}
+
+CheckContext::CheckContext(const ReviewInput& input, std::vector<Notice>& findings)
+    : taxCase(input.taxCase), result(input.result), today(input.today), documents(input.documents),
+      otherYears(input.otherYears), stGallen(input.calculator.stGallen()),
+      liechtenstein(input.calculator.liechtenstein()), adults([&] {
+          std::vector<Adult> all{{1, taxCase.person1, taxCase.income1, taxCase.deductions1}};
+          if (taxCase.isJoint()) {
+              all.push_back({2, taxCase.person2, taxCase.income2, taxCase.deductions2});
+          }
+          return all;
+      }()),
+      findings_(findings) {}
+
+void CheckContext::add(Notice::Level level, Finding finding) {
+    Notice& notice = findings_.emplace_back();
+    notice.id = std::move(finding.id);
+    notice.level = level;
+    notice.title = std::move(finding.title);
+    notice.message = std::move(finding.message);
+    notice.area = std::string(finding.area);
+    if (finding.path) {
+        notice.path = finding.path->toString();
+    }
+}
+
+std::string itemId(std::string_view stem, int index) {
+    return std::string(stem) + "-" + std::to_string(index + 1);
+}
+
+} // namespace review
+
+namespace {
+
+/// The order of the pages; a notice without a page comes first.
+std::size_t pageOf(const Notice& notice) {
+    constexpr std::array<std::string_view, 6> pages{"family",  "income", "work",
+                                                    "pension", "other",  "wealth"};
+    if (!notice.area) {
+        return 0;
+    }
+    return 1 + static_cast<std::size_t>(std::ranges::find(pages, *notice.area) - pages.begin());
+}
+
+} // namespace
+
+std::vector<Notice> Checks::of(const ReviewInput& input) {
+    std::vector<Notice> notices = input.result.notices;
+    review::CheckContext context(input, notices);
+    review::checkFamily(context);
+    review::checkIncome(context);
+    review::checkWork(context);
+    review::checkPension(context);
+    review::checkOther(context);
+    review::checkWealth(context);
+    review::checkScope(context);
+    std::ranges::stable_sort(
+        notices, {}, [](const Notice& notice) { return std::pair(notice.level, pageOf(notice)); });
+    return notices;
+}
+
+} // namespace taxcore
