@@ -1,7 +1,7 @@
 #include "TaxCore/demo/DemoData.h"
 
 #include "TaxCore/demo/DemoParts.h"
-#include "TaxCore/stgallen/TaxCalculator.h"
+#include "TaxCore/model/Household.h"
 
 #include <string>
 
@@ -31,7 +31,7 @@ void addPersons(TaxCase& household) {
     older.firstName = "Lia";
     older.lastName = "Rheintaler";
     older.birthDate = day(household.year - 9, 6, 8);
-    older.education = TaxCalculator::suggestedEducation(older.birthDate, household.year);
+    older.education = usualEducation(older.birthDate, household.year);
     older.school = "Primarschule Sevelen";
     older.childcareCosts = 1680;
     older.childcareProvider = "Mittagstisch Sevelen";
@@ -41,7 +41,7 @@ void addPersons(TaxCase& household) {
     younger.firstName = "Emil";
     younger.lastName = "Rheintaler";
     younger.birthDate = day(household.year - 3, 9, 21);
-    younger.education = TaxCalculator::suggestedEducation(younger.birthDate, household.year);
+    younger.education = usualEducation(younger.birthDate, household.year);
     younger.childcareCosts = 9840;
     younger.childcareDaysWithMealsIncluded = 92;
     younger.childcareProvider = "Kita Sunnaschii";

@@ -1,6 +1,6 @@
 #include "TaxCore/demo/DemoData.h"
 #include "TaxCore/demo/DemoParts.h"
-#include "TaxCore/stgallen/TaxCalculator.h"
+#include "TaxCore/model/Household.h"
 
 namespace taxcore::DemoData {
 
@@ -27,7 +27,7 @@ void addPersons(TaxCase& household) {
         added.firstName = std::move(firstName);
         added.lastName = "Ospelthaler";
         added.birthDate = born;
-        added.education = TaxCalculator::suggestedEducation(born, household.year);
+        added.education = usualEducation(born, household.year);
         return added;
     };
     Child& student = child(1, "Aline", day(household.year - 18, 5, 3));

@@ -77,7 +77,8 @@ Decimal pensionFund(Calculation<R>& c, Line& line) {
         }
         earned += adult.earned();
     }
-    const Decimal maximum = earned * c.rules.pensionskasseMaxProzent / 100;
+    // A loss leaves no room, but it must not turn contributions into income.
+    const Decimal maximum = notBelowZero(earned * c.rules.pensionskasseMaxProzent / 100);
     if (paid > maximum) {
         c.notify(notices::pensionFundMaximum(maximum));
     }
@@ -97,7 +98,7 @@ struct ChildAllowance {
 ChildAllowance childAllowance(const Child& child, int year) noexcept {
     constexpr int lastYoung = 16;
     constexpr int lastMiddle = 20;
-    const int age = child.birthDate ? year - child.birthDate->year() : 0;
+    const int age = child.birthDate ? ageAtEndOf(*child.birthDate, year) : 0;
     if (age <= lastYoung) {
         return {"Kind bis 16 Jahre", "privatKindBis16", &LIRules::privatKindBis16};
     }
@@ -132,21 +133,10 @@ Decimal privateAllowance(const Calculation<R>& c, Line& line) {
 /// SteG Art. 16, SteV Art. 16
 template <class R>
 void addInsurance(Calculation<R>& c) {
-    const HouseholdDeductions& d = c.input.householdDeductions;
     auto line = c.lines.line({"590", 0, "17", "Versicherungsbeiträge"});
     const Decimal social = socialContributions(c, line);
     const Decimal pension = pensionFund(c, line);
-    const auto premium = [&](std::string_view text, const Decimal& amount, std::string_view field) {
-        if (!amount.isZero()) {
-            line.why.input(text, amount, FieldPath("householdDeductions", field));
-        }
-    };
-    premium("Krankenversicherung", d.healthInsurancePremiums, "healthInsurancePremiums");
-    premium("Unfallversicherung", d.accidentInsurancePremiums, "accidentInsurancePremiums");
-    premium("Lebensversicherung", d.lifeInsurancePremiums, "lifeInsurancePremiums");
-    premium("− Prämienverbilligung", d.premiumReduction, "premiumReduction");
-    const Decimal premiums = notBelowZero(d.healthInsurancePremiums + d.accidentInsurancePremiums
-                                          + d.lifeInsurancePremiums - d.premiumReduction);
+    const Decimal premiums = premiumsPaid(line.why, c.input.householdDeductions);
     const InsuranceBreakdown breakdown{premiums, privateAllowance(c, line)};
     line.why.step("Private Versicherungen abziehbar", both(breakdown.deduction()));
     c.result.insurance.canton = breakdown;
@@ -224,7 +214,7 @@ void addDonations(Calculation<R>& c) {
               FieldPath("householdDeductions", "donations", "amount"), [&](const Donation& gift) {
                   return !gift.isPoliticalParty && gift.amount >= c.rules.spendeMinEinzel;
               });
-    const Decimal maximum = c.totalIncome * c.rules.spendenMaxProzent / 100;
+    const Decimal maximum = notBelowZero(c.totalIncome * c.rules.spendenMaxProzent / 100);
     line.why.line("575", 0, "Total Erwerb", both(c.totalIncome));
     line.why.rule(law::deductions, "Höchstens, Anteil am Erwerb", "spendenMaxProzent",
                   both(c.rules.spendenMaxProzent), Unit::percent);

@@ -68,15 +68,7 @@ void addPensions(Calculation<R>& c) {
     second.why.law(law::earnings, "Renten und Pensionen");
     Decimal taxable;
     for (const Adult& adult : c.adults) {
-        forEachItem(adult.income.pensions, [&](const PensionIncome& pension, int index) {
-            const auto path = [&](std::string_view field) {
-                return FieldPath("income", "pensions", field).of(adult.number).at(index);
-            };
-            second.why.input("Rente im Jahr", pension.amount, path("amount"));
-            second.why.input("davon steuerbar", pension.taxablePercent, path("taxablePercent"),
-                             Unit::percent);
-            taxable += pension.amount * pension.taxablePercent / 100;
-        });
+        taxable += taxablePensions(second.why, adult.number, adult.income);
     }
     second.income(both(taxable));
 

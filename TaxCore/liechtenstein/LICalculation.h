@@ -98,6 +98,11 @@ void addDeductions(Calculation<Recorder>& c);
 template <class Recorder>
 void addTaxes(Calculation<Recorder>& c);
 
+/// The bill for a taxable income and a net wealth in francs: national tax and surcharge, each plain
+/// to 5 Rappen, and the effective rate in percent to three places. SteG Art. 19 und 75
+TaxBill makeBill(const LIRules& rules, const TaxCase& taxCase, const Decimal& taxable,
+                 const Decimal& netWealth);
+
 /// Value of a vehicle: an override as it stands, else the price less the yearly share of the
 /// declining value for each calendar year since the purchase, plain to whole francs; a missing or
 /// later year of purchase gives the price. SteG Art. 12

@@ -4,8 +4,6 @@
 #include "TaxCore/liechtenstein/WorkCosts.h"
 #include "TaxCore/rulebook/Tariffs.h"
 
-#include <algorithm>
-
 namespace taxcore {
 
 namespace {
@@ -39,12 +37,19 @@ TaxResult LiechtensteinCalculator::calculate(const TaxCase& taxCase) const {
 std::vector<Derivation> LiechtensteinCalculator::explainAll(const TaxCase& taxCase) const {
     DerivationRecorder recorder;
     run(*rules_, taxCase, recorder);
-    return recorder.derivations();
+    return std::move(recorder).derivations();
 }
 
 std::optional<Derivation> LiechtensteinCalculator::explain(const TaxCase& taxCase,
                                                            std::string_view code) const {
-    return derivationOf(explainAll(taxCase), code);
+    DerivationRecorder recorder(code);
+    run(*rules_, taxCase, recorder);
+    return std::move(recorder).first();
+}
+
+TaxBill LiechtensteinCalculator::computeBill(const TaxCase& taxCase, const Decimal& taxable,
+                                             const Decimal& netWealth) const {
+    return li::makeBill(*rules_, taxCase, taxable, netWealth);
 }
 
 LiechtensteinCalculator::WorkCosts

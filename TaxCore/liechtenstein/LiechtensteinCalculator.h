@@ -38,6 +38,10 @@ class LiechtensteinCalculator {
     /// The derivations of all lines and figures, in the order of the computation.
     std::vector<Derivation> explainAll(const TaxCase& taxCase) const;
 
+    /// The bill for a taxable income and a net wealth in francs. SteG Art. 19 und 75
+    TaxBill computeBill(const TaxCase& taxCase, const Decimal& taxable,
+                        const Decimal& netWealth) const;
+
     struct WorkCosts {
         Decimal total; ///< francs
         WorkExpenseBreakdown breakdown;

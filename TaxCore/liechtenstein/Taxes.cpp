@@ -94,7 +94,15 @@ void explainBill(Calculation<R>& c) {
     sameAs("simpleIncomeTax", "Landessteuer", "660", bill.simpleIncomeTax);
     sameAs("cantonIncome", "Landessteuer", "660", bill.cantonIncome);
     sameAs("municipalityIncome", "Gemeindezuschlag", "670", bill.municipalityIncome);
+    sameAs("taxableIncomeCanton", "Steuerbarer Gesamterwerb", "650", bill.taxableIncomeCanton);
+    sameAs("cantonTotal", "Landessteuer", "660", bill.cantonTotal());
+    sameAs("municipalityTotal", "Gemeindezuschlag", "670", bill.municipalityTotal());
+    sameAs("cantonAndMunicipalityTotal", "Total Steuern", "680", bill.cantonAndMunicipalityTotal());
     sameAs("total", "Total Steuern", "680", bill.total());
+    tell({"taxableWealth", "Steuerbares Vermögen"}, bill.taxableWealth, [&](auto& why) {
+        why.line("880", 0, "Gesamtvermögen", both(c.netWealth));
+        why.fact("Nie unter 0.");
+    });
     tell({"simpleIncomeRatePercent", "Steuern in Prozent des Gesamterwerbs", Concerns::canton,
           Unit::percent},
          bill.simpleIncomeRatePercent, [&](auto& why) {
@@ -106,24 +114,30 @@ void explainBill(Calculation<R>& c) {
 
 } // namespace
 
-template <class R>
-void addTaxes(Calculation<R>& c) {
-    TaxBill& bill = c.result.bill;
-    bill.kind = c.kind == LITariffKind::alleinstehend ? TariffKind::single : TariffKind::joint;
-    bill.taxableIncomeCanton = c.taxable;
-    bill.taxableWealth = notBelowZero(c.netWealth);
-    bill.simpleIncomeTax = Tariffs::landessteuer(c.taxable, c.kind, c.rules.tarif);
-    const auto surcharge = c.rules.zuschlag(c.input.municipality);
-    if (!surcharge) {
-        c.notify(notices::unknownMunicipality());
-    }
+TaxBill makeBill(const LIRules& rules, const TaxCase& taxCase, const Decimal& taxable,
+                 const Decimal& netWealth) {
+    const LITariffKind kind = liTariffOf(taxCase);
+    TaxBill bill;
+    bill.kind = kind == LITariffKind::alleinstehend ? TariffKind::single : TariffKind::joint;
+    bill.taxableIncomeCanton = taxable;
+    bill.taxableWealth = notBelowZero(netWealth);
+    bill.simpleIncomeTax = Tariffs::landessteuer(taxable, kind, rules.tarif);
     bill.cantonRate = 100;
-    bill.municipalityRate = surcharge.value_or(fallbackSurcharge);
+    bill.municipalityRate = rules.zuschlag(taxCase.municipality).value_or(fallbackSurcharge);
     bill.cantonIncome = bill.simpleIncomeTax;
     bill.municipalityIncome =
         Tariffs::gemeindezuschlag(bill.simpleIncomeTax, bill.municipalityRate);
-    if (c.taxable > 0) {
-        bill.simpleIncomeRatePercent = (bill.total() / c.taxable * 100).roundPlain(3);
+    if (taxable > 0) {
+        bill.simpleIncomeRatePercent = (bill.total() / taxable * 100).roundPlain(3);
+    }
+    return bill;
+}
+
+template <class R>
+void addTaxes(Calculation<R>& c) {
+    c.result.bill = makeBill(c.rules, c.input, c.taxable, c.netWealth);
+    if (!c.rules.zuschlag(c.input.municipality)) {
+        c.notify(notices::unknownMunicipality());
     }
     if (c.rules.vorlaeufig) {
         c.notify(notices::provisionalSurcharge(c.rules.jahr));

@@ -148,10 +148,11 @@ Decimal vehicleValue(const Vehicle& vehicle, int year, const LIRules& rules) {
     if (vehicle.taxValueOverride) {
         return *vehicle.taxValueOverride;
     }
-    constexpr std::int64_t worthlessAfter = 200; // nothing is left of any price long before
+    // What rounds to nothing stays nothing, however old the vehicle.
+    constexpr Decimal leastWorth = 0.5_dec;
     const std::int64_t age = std::int64_t{year} - std::int64_t{vehicle.purchaseYear.value_or(year)};
     Decimal value = vehicle.purchasePrice;
-    for (std::int64_t i = 0; i < std::min(age, worthlessAfter); ++i) {
+    for (std::int64_t i = 0; i < age && value.abs() >= leastWorth; ++i) {
         value = value * (Decimal(100) - rules.fahrzeugAbschreibungProzent) / 100;
     }
     return toWholeFrancs(value);

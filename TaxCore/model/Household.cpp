@@ -4,6 +4,28 @@
 
 namespace taxcore {
 
+int ageAtEndOf(Date birth, int year) noexcept { return year - birth.year(); }
+
+ChildEducation usualEducation(const std::optional<Date>& birth, int year) noexcept {
+    constexpr int kindergartenAge = 4;
+    constexpr int lastMonthOfIntake = 7;
+    constexpr int schoolYears = 11;
+    constexpr int trainingUntilAge = 25;
+    if (!birth) {
+        return ChildEducation::schule;
+    }
+    const int begins =
+        birth->year() + kindergartenAge + (birth->month() > lastMonthOfIntake ? 1 : 0);
+    if (year < begins) {
+        return ChildEducation::vorschule;
+    }
+    if (year < begins + schoolYears) {
+        return ChildEducation::schule;
+    }
+    return year <= birth->year() + trainingUntilAge ? ChildEducation::ausbildung
+                                                    : ChildEducation::keine;
+}
+
 bool isBornBy(const Child& child, int year) noexcept {
     return !child.birthDate || child.birthDate->year() <= year;
 }

@@ -9,6 +9,14 @@ namespace taxcore {
 // Who and what of a case counts in a tax year. Where this and the properties of `TaxCase` part (a
 // child born after the year's end), the calculation goes by what stands here.
 
+/// Age on 31 December of the year.
+int ageAtEndOf(Date birth, int year) noexcept;
+
+/// The stage of education usual at the end of the year: kindergarten begins in the August after
+/// the fourth birthday (born by 31 July), school lasts eleven years, training counts up to the year
+/// of the 25th birthday. Without a birth date `schule`.
+ChildEducation usualEducation(const std::optional<Date>& birth, int year) noexcept;
+
 /// Whether the child was born by the end of the year; one born later counts nowhere in that year.
 /// A missing birth date counts as born. StG SG Art. 48 Abs. 2, DBG Art. 35 Abs. 2
 bool isBornBy(const Child& child, int year) noexcept;

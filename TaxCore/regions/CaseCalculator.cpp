@@ -13,6 +13,17 @@ tl::expected<CaseCalculator, RuleLoadError> CaseCalculator::forCase(const TaxCas
     return TaxCalculator::forYear(taxCase.year).map(wrapped);
 }
 
+TaxBill CaseCalculator::billFor(const TaxCase& taxCase, const TaxResult& base,
+                                const Decimal& incomeCanton, const Decimal& incomeFederal) const {
+    if (const auto* calculator = std::get_if<LiechtensteinCalculator>(&regional_)) {
+        return calculator->computeBill(taxCase, incomeCanton, base.bill.taxableWealth);
+    }
+    const auto pointer = [](const auto& value) { return value ? &*value : nullptr; };
+    return std::get<TaxCalculator>(regional_).computeBill(
+        taxCase, incomeCanton, incomeFederal, base.bill.taxableWealth, pointer(base.municipality),
+        pointer(base.parish));
+}
+
 const RuleBook* CaseCalculator::stGallen() const noexcept {
     const auto* calculator = std::get_if<TaxCalculator>(&regional_);
     return calculator != nullptr ? &calculator->rules() : nullptr;

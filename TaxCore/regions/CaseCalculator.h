@@ -24,6 +24,11 @@ class CaseCalculator {
     std::optional<Derivation> explain(const TaxCase& taxCase, std::string_view code) const;
     std::vector<Derivation> explainAll(const TaxCase& taxCase) const;
 
+    /// The bill of the same household for other taxable incomes in francs, all else as in `base`;
+    /// in Liechtenstein only the canton's counts.
+    TaxBill billFor(const TaxCase& taxCase, const TaxResult& base, const Decimal& incomeCanton,
+                    const Decimal& incomeFederal) const;
+
     /// The rules by region; null for the other one.
     const RuleBook* stGallen() const noexcept;
     const LIRules* liechtenstein() const noexcept;

@@ -2,8 +2,6 @@
 
 #include "TaxCore/base/JsonWriter.h"
 
-#include <algorithm>
-
 namespace taxcore {
 
 template std::string toJson<Derivation>(const Derivation&, JsonStyle);
@@ -23,27 +21,6 @@ Concerns sidesOf(const Law& law) noexcept {
 }
 
 } // namespace
-
-std::optional<Derivation> derivationOf(std::vector<Derivation> all, std::string_view code) {
-    const auto found = std::ranges::find(all, code, &Derivation::code);
-    return found == all.end() ? std::nullopt : std::optional(std::move(*found));
-}
-
-std::string FieldPath::toString() const {
-    std::string path = numbered(record_, person_);
-    if (!inner_.empty()) {
-        path += ".";
-        path += inner_;
-    }
-    if (index_ >= 0) {
-        path += "[" + std::to_string(index_) + "]";
-    }
-    if (!field_.empty()) {
-        path += ".";
-        path += field_;
-    }
-    return path;
-}
 
 using Draft = DerivationRecorder::Draft;
 
@@ -128,9 +105,13 @@ void Draft::law(const Law& law, std::string_view text) {
     cite(add(DerivationStep::Kind::fact, text), law);
 }
 
+std::optional<Derivation> DerivationRecorder::first() && {
+    return derivations_.empty() ? std::nullopt : std::optional(std::move(derivations_.front()));
+}
+
 void DerivationRecorder::keep(std::string code, std::string label, Draft&& draft,
                               const Amounts& amounts, Unit unit) {
-    if (draft.steps_.empty()) {
+    if (draft.steps_.empty() || (wanted_ && *wanted_ != code)) {
         return;
     }
     Derivation& kept = derivations_.emplace_back();

@@ -105,9 +105,6 @@ struct Derivation {
 };
 TAXCORE_RECORD(Derivation, code, label, steps, unit, canton, federal);
 
-/// The derivation of a code out of all of a calculation; absent when there is none.
-std::optional<Derivation> derivationOf(std::vector<Derivation> all, std::string_view code);
-
 extern template std::string toJson<Derivation>(const Derivation&, JsonStyle);
 
 /// The recorder of the plain calculation: records nothing and costs nothing.
@@ -139,6 +136,10 @@ struct NoRecorder {
 class DerivationRecorder {
   public:
     static constexpr bool enabled = true;
+
+    DerivationRecorder() = default;
+    /// Keeps only the derivation of one code.
+    explicit DerivationRecorder(std::string_view wanted) : wanted_(wanted) {}
 
     /// The steps of one line while it is being computed. Steps tell only the sides that the line
     /// concerns.
@@ -187,9 +188,13 @@ class DerivationRecorder {
     void keep(std::string code, std::string label, Draft&& draft, const Amounts& amounts,
               Unit unit = Unit::francs);
 
-    const std::vector<Derivation>& derivations() const noexcept { return derivations_; }
+    /// What was kept.
+    std::vector<Derivation> derivations() && { return std::move(derivations_); }
+    /// The first that was kept, if any.
+    std::optional<Derivation> first() &&;
 
   private:
+    std::optional<std::string_view> wanted_;
     std::vector<Derivation> derivations_;
 };
 

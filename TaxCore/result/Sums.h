@@ -1,8 +1,9 @@
 #pragma once
 
-#include "TaxCore/base/Decimal.h"
+#include "TaxCore/base/Rounding.h"
 #include "TaxCore/model/Deductions.h"
-#include "TaxCore/result/FieldPath.h"
+#include "TaxCore/model/Income.h"
+#include "TaxCore/result/Derivation.h"
 
 #include <string_view>
 #include <vector>
@@ -41,6 +42,37 @@ template <class Draft, class T>
 Decimal sumOf(Draft& why, std::string_view text, const std::vector<T>& items, Decimal T::*amount,
               const FieldPath& path) {
     return sumOf(why, text, items, amount, path, [](const T&) { return true; });
+}
+
+/// Insurance premiums less the reduction received, not below 0.
+template <class Draft>
+Decimal premiumsPaid(Draft& why, const HouseholdDeductions& deductions) {
+    const auto tell = [&](std::string_view text, const Decimal& amount, std::string_view field) {
+        if (!amount.isZero()) {
+            why.input(text, amount, FieldPath("householdDeductions", field));
+        }
+    };
+    tell("Krankenversicherung", deductions.healthInsurancePremiums, "healthInsurancePremiums");
+    tell("Unfallversicherung", deductions.accidentInsurancePremiums, "accidentInsurancePremiums");
+    tell("Lebensversicherung", deductions.lifeInsurancePremiums, "lifeInsurancePremiums");
+    tell("− individuelle Prämienverbilligung", deductions.premiumReduction, "premiumReduction");
+    return notBelowZero(deductions.healthInsurancePremiums + deductions.accidentInsurancePremiums
+                        + deductions.lifeInsurancePremiums - deductions.premiumReduction);
+}
+
+/// The taxable part of one person's pensions.
+template <class Draft>
+Decimal taxablePensions(Draft& why, int person, const PersonIncome& income) {
+    Decimal taxable;
+    forEachItem(income.pensions, [&](const PensionIncome& pension, int index) {
+        const auto path = [&](std::string_view field) {
+            return FieldPath("income", "pensions", field).of(person).at(index);
+        };
+        why.input("Rente im Jahr", pension.amount, path("amount"));
+        why.input("davon steuerbar", pension.taxablePercent, path("taxablePercent"), Unit::percent);
+        taxable += pension.amount * pension.taxablePercent / 100;
+    });
+    return taxable;
 }
 
 /// What the household paid itself of the medical bills that count.

@@ -24,7 +24,17 @@ struct Adult {
     std::string called() const;
     /// An id that stands once per person: "name-fehlt-1".
     std::string id(std::string_view stem) const;
+
+    FieldPath deductionPath(std::string_view field) const {
+        return FieldPath("deductions", field).of(number);
+    }
+    FieldPath workPath(std::string_view field) const {
+        return FieldPath("deductions", "work", field).of(number);
+    }
 };
+
+/// The adults of a case who count.
+std::vector<Adult> adultsOf(const TaxCase& taxCase);
 
 /// What a check tells. `title` and `message` are German; the message says what to do.
 struct Finding {

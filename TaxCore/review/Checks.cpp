@@ -18,16 +18,18 @@ std::string Adult::id(std::string_view stem) const {
     return std::string(stem) + "-" + std::to_string(number);
 }
 
+std::vector<Adult> adultsOf(const TaxCase& taxCase) {
+    std::vector<Adult> all{{1, taxCase.person1, taxCase.income1, taxCase.deductions1}};
+    if (taxCase.isJoint()) {
+        all.push_back({2, taxCase.person2, taxCase.income2, taxCase.deductions2});
+    }
+    return all;
+}
+
 CheckContext::CheckContext(const ReviewInput& input, std::vector<Notice>& findings)
     : taxCase(input.taxCase), result(input.result), today(input.today), documents(input.documents),
       otherYears(input.otherYears), stGallen(input.calculator.stGallen()),
-      liechtenstein(input.calculator.liechtenstein()), adults([&] {
-          std::vector<Adult> all{{1, taxCase.person1, taxCase.income1, taxCase.deductions1}};
-          if (taxCase.isJoint()) {
-              all.push_back({2, taxCase.person2, taxCase.income2, taxCase.deductions2});
-          }
-          return all;
-      }()),
+      liechtenstein(input.calculator.liechtenstein()), adults(adultsOf(input.taxCase)),
       findings_(findings) {}
 
 void CheckContext::add(Notice::Level level, Finding finding) {

@@ -273,6 +273,17 @@ void explainTotals(const TaxBill& bill, Recorder& recorder) {
                        }
                    });
         };
+        const auto same = [&](const Figure& head, const Decimal& amount, std::string_view line,
+                              std::string_view label) {
+            figure(recorder, head, amount,
+                   [&](auto& why) { why.line(line, 0, label, both(amount)); });
+        };
+        same({"taxableIncomeCanton", "Steuerbares Einkommen Kanton"}, bill.taxableIncomeCanton,
+             "steuerbaresEinkommen", "Steuerbares Einkommen");
+        same({"taxableIncomeFederal", "Steuerbares Einkommen Bund", Concerns::federal},
+             bill.taxableIncomeFederal, "steuerbaresEinkommen", "Steuerbares Einkommen");
+        same({"taxableWealth", "Steuerbares Vermögen"}, bill.taxableWealth, "steuerbaresVermoegen",
+             "Steuerbares Vermögen");
         const FigurePart canton{"cantonTotal", "Kantonssteuer", bill.cantonTotal()};
         const FigurePart municipality{"municipalityTotal", "Gemeindesteuer",
                                       bill.municipalityTotal()};

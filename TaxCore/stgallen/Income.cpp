@@ -67,17 +67,7 @@ void addPensions(Calculation<R>& c, const Adult& adult) {
     auto line =
         c.lines.line({"renten", adult.number, "3.2", "Renten / Pensionen (steuerbarer Teil)"});
     line.why.law(law::pensions, "Renten und Pensionen");
-    Decimal taxable;
-    forEachItem(adult.income.pensions, [&](const PensionIncome& pension, int index) {
-        const auto path = [&](std::string_view field) {
-            return FieldPath("income", "pensions", field).of(adult.number).at(index);
-        };
-        line.why.input("Rente im Jahr", pension.amount, path("amount"));
-        line.why.input("davon steuerbar", pension.taxablePercent, path("taxablePercent"),
-                       Unit::percent);
-        taxable += pension.amount * pension.taxablePercent / 100;
-    });
-    line.income(both(taxable), c.nameOf(adult));
+    line.income(both(taxablePensions(line.why, adult.number, adult.income)), c.nameOf(adult));
 }
 
 /// StG SG Art. 36, DBG Art. 23 Bst. a

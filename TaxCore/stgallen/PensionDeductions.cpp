@@ -152,19 +152,8 @@ void addPillar2(Calculation<R>& c, const Adult& adult) {
 
 template <class R>
 void addInsurance(Calculation<R>& c) {
-    const HouseholdDeductions& d = c.input.householdDeductions;
     auto line = c.lines.line({"versicherungen", 0, "14", "Versicherungsprämien und Sparzinsen"});
-    const auto premium = [&](std::string_view text, const Decimal& amount, std::string_view field) {
-        if (!amount.isZero()) {
-            line.why.input(text, amount, FieldPath("householdDeductions", field));
-        }
-    };
-    premium("Krankenversicherung", d.healthInsurancePremiums, "healthInsurancePremiums");
-    premium("Unfallversicherung", d.accidentInsurancePremiums, "accidentInsurancePremiums");
-    premium("Lebensversicherung", d.lifeInsurancePremiums, "lifeInsurancePremiums");
-    premium("− individuelle Prämienverbilligung", d.premiumReduction, "premiumReduction");
-    const Decimal premiums = notBelowZero(d.healthInsurancePremiums + d.accidentInsurancePremiums
-                                          + d.lifeInsurancePremiums - d.premiumReduction);
+    const Decimal premiums = premiumsPaid(line.why, c.input.householdDeductions);
     line.why.step("Prämien abzüglich Verbilligung", both(premiums));
     const Decimal paid = premiums + savingsInterest(line.why, c.input);
     const InsuranceCeiling ceiling = insuranceCeiling(c.input);

@@ -93,12 +93,14 @@ TaxResult TaxCalculator::calculate(const TaxCase& taxCase) const {
 std::vector<Derivation> TaxCalculator::explainAll(const TaxCase& taxCase) const {
     DerivationRecorder recorder;
     run(*rules_, taxCase, recorder);
-    return recorder.derivations();
+    return std::move(recorder).derivations();
 }
 
 std::optional<Derivation> TaxCalculator::explain(const TaxCase& taxCase,
                                                  std::string_view code) const {
-    return derivationOf(explainAll(taxCase), code);
+    DerivationRecorder recorder(code);
+    run(*rules_, taxCase, recorder);
+    return std::move(recorder).first();
 }
 
 WorkExpenseBreakdown TaxCalculator::workExpenses(const std::vector<SalaryCertificate>& salaries,
@@ -122,27 +124,11 @@ Decimal TaxCalculator::churchRate(const TaxCase& taxCase, const Parish* parish) 
     return taxcore::churchRate(taxCase, parish, rules_->municipalities);
 }
 
-int TaxCalculator::age(Date of, int atEndOf) noexcept { return atEndOf - of.year(); }
+int TaxCalculator::age(Date of, int atEndOf) noexcept { return ageAtEndOf(of, atEndOf); }
 
 ChildEducation TaxCalculator::suggestedEducation(const std::optional<Date>& birth,
                                                  int year) noexcept {
-    constexpr int kindergartenAge = 4;
-    constexpr int lastMonthOfIntake = 7;
-    constexpr int schoolYears = 11;
-    constexpr int trainingUntilAge = 25;
-    if (!birth) {
-        return ChildEducation::schule;
-    }
-    const int begins =
-        birth->year() + kindergartenAge + (birth->month() > lastMonthOfIntake ? 1 : 0);
-    if (year < begins) {
-        return ChildEducation::vorschule;
-    }
-    if (year < begins + schoolYears) {
-        return ChildEducation::schule;
-    }
-    return year <= birth->year() + trainingUntilAge ? ChildEducation::ausbildung
-                                                    : ChildEducation::keine;
+    return usualEducation(birth, year);
 }
 
 } // namespace taxcore

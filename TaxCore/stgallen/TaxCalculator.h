@@ -56,9 +56,7 @@ class TaxCalculator {
     /// Age on 31 December of the year.
     static int age(Date of, int atEndOf) noexcept;
 
-    /// The stage of education usual at the end of the year: kindergarten begins in the August after
-    /// the fourth birthday (born by 31 July), school lasts eleven years, training counts up to the
-    /// year of the 25th birthday. Without a birth date `schule`.
+    /// The stage of education usual at the end of the year; without a birth date `schule`.
     static ChildEducation suggestedEducation(const std::optional<Date>& birth, int year) noexcept;
 
   private:

@@ -27,7 +27,7 @@ const std::map<std::string, std::set<std::string>>& layers() {
         {"regions", {"base", "model", "rulebook", "result", "stgallen", "liechtenstein"}},
         {"review",
          {"base", "model", "rulebook", "result", "stgallen", "liechtenstein", "regions"}},
-        {"demo", {"base", "model", "rulebook", "result", "stgallen"}},
+        {"demo", {"base", "model"}},
     };
     return allowed;
 }

@@ -1,0 +1,96 @@
+#pragma once
+
+#include "TaxCore/base/Date.h"
+#include "TaxCore/base/Json.h"
+#include "TaxCore/base/Record.h"
+#include "TaxCore/regions/CaseCalculator.h"
+
+#include <string>
+#include <vector>
+
+namespace taxcore {
+
+/// How much of one more franc goes to the tax; fractions of 1.
+struct MarginalRate {
+    Decimal total;
+    Decimal canton; ///< in Liechtenstein the national tax
+    Decimal municipality;
+    Decimal church;
+    Decimal federal;
+
+    bool operator==(const MarginalRate&) const = default;
+};
+TAXCORE_RECORD(MarginalRate, total, canton, municipality, church, federal);
+
+/// One point of the tax over the income.
+struct CurvePoint {
+    Decimal income;   ///< taxable income of the canton, francs
+    Decimal tax;      ///< of the year, francs
+    Decimal marginal; ///< fraction that goes from the last 1,000 francs
+
+    bool operator==(const CurvePoint&) const = default;
+};
+TAXCORE_RECORD(CurvePoint, income, tax, marginal);
+
+/// An income at which a tariff goes over to its next step.
+struct TariffStep {
+    Decimal income;   ///< taxable income of the canton, francs
+    std::string text; ///< German: whose tariff and what begins
+
+    bool operator==(const TariffStep&) const = default;
+};
+TAXCORE_RECORD(TariffStep, income, text);
+
+/// The tax of a household over its taxable income, all else equal.
+struct IncomeCurve {
+    std::vector<CurvePoint> points; ///< ascending
+    std::vector<TariffStep> steps;  ///< ascending, within the points
+
+    bool operator==(const IncomeCurve&) const = default;
+};
+TAXCORE_RECORD(IncomeCurve, points, steps);
+
+/// A sum paid into the pension fund over some years, each like the year of the case.
+struct BuyInPlan {
+    int years = 1;
+    std::vector<Decimal> payments; ///< francs a year, the largest first
+    Decimal saving;                ///< francs of tax over all the years
+
+    bool operator==(const BuyInPlan&) const = default;
+};
+TAXCORE_RECORD(BuyInPlan, years, payments, saving);
+
+/// Advice on a computed case. Every figure comes from the calculator itself, none is estimated.
+struct Advisor {
+    Advisor() = delete;
+
+    /// Everything the household pays for the year: the bill and the tax on capital payments.
+    static Decimal totalTax(const TaxResult& result);
+
+    /// Lawful ways to pay less, as notices of level `tip` with the saving in francs, the largest
+    /// first: the difference of two full calculations, to the Rappen. What saves nothing is left
+    /// out. `today` tells whether a payment in the tax year is still possible; where it is not, the
+    /// message says so.
+    static std::vector<Notice> tips(const CaseCalculator& calculator, const TaxCase& taxCase,
+                                    const TaxResult& base, Date today);
+
+    /// What the last 1,000 francs of taxable income cost, by recipient.
+    static MarginalRate marginalRate(const CaseCalculator& calculator, const TaxCase& taxCase,
+                                     const TaxResult& base);
+
+    /// The tax at `count` (at least 2) taxable incomes, evenly from 0 to `highest` francs; the
+    /// federal income keeps its distance from the canton's.
+    static IncomeCurve incomeCurve(const CaseCalculator& calculator, const TaxCase& taxCase,
+                                   const TaxResult& base, const Decimal& highest, int count);
+
+    /// The best way to pay `sum` francs into a person's pension fund over one to `mostYears` years,
+    /// one plan per number of years; each is searched in hundredths of the sum, cut to full francs.
+    /// The years are taken to be like that of the case. BVG Art. 79b, DBG Art. 33 Abs. 1 Bst. d
+    static std::vector<BuyInPlan> planBuyIn(const CaseCalculator& calculator,
+                                            const TaxCase& taxCase, int person, const Decimal& sum,
+                                            int mostYears = 5);
+    /// The plan that saves most; of equal ones the one with the fewest years.
+    static const BuyInPlan& bestPlan(const std::vector<BuyInPlan>& plans);
+};
+
+} // namespace taxcore

@@ -1,0 +1,110 @@
+#include "TaxCore/review/Advisor.h"
+
+#include <algorithm>
+#include <functional>
+#include <numeric>
+
+namespace taxcore {
+
+namespace {
+
+constexpr std::size_t hundredths = 100; ///< the grid on which payments are searched
+
+/// Searches how to spread a sum over some years.
+class BuyInSearch {
+  public:
+    BuyInSearch(const CaseCalculator& calculator, const TaxCase& taxCase, int person, Decimal sum)
+        : calculator_(calculator), changed_(taxCase),
+          buyIn_((person == 2 ? changed_.deductions2 : changed_.deductions1).pensionBuyIn),
+          before_(buyIn_), sum_(std::move(sum)), tax_(taxWith(0)) {
+        for (std::size_t k = 0; k <= hundredths; ++k) {
+            savings_[k] = saving(part(k));
+        }
+        rows_.push_back({savings_, {}});
+    }
+
+    /// The best plan over a number of years; to be asked in ascending order.
+    BuyInPlan plan(std::size_t years) {
+        while (rows_.size() < years) {
+            rows_.push_back(nextRow(rows_.back().best));
+        }
+        BuyInPlan plan{.years = static_cast<int>(years), .payments = {}, .saving = {}};
+        std::size_t left = hundredths;
+        for (std::size_t year = years; year > 1; --year) {
+            const std::size_t k = rows_[year - 1].choice[left];
+            plan.payments.push_back(part(k));
+            left -= k;
+        }
+        plan.payments.push_back(part(left));
+        std::ranges::sort(plan.payments, std::greater<>{});
+        // What cutting to full francs left over belongs to the largest payment.
+        const Decimal paid =
+            std::accumulate(plan.payments.begin(), plan.payments.end(), Decimal(0));
+        plan.payments.front() += sum_ - paid;
+        for (const Decimal& payment : plan.payments) {
+            plan.saving += saving(payment);
+        }
+        return plan;
+    }
+
+  private:
+    using Savings = std::array<Decimal, hundredths + 1>;
+    /// By hundredths of the sum: the most that some years save, and what the last of them pays.
+    struct Row {
+        Savings best;
+        std::array<std::size_t, hundredths + 1> choice;
+    };
+
+    Row nextRow(const Savings& fewer) const {
+        Row row{};
+        for (std::size_t total = 0; total <= hundredths; ++total) {
+            row.best[total] = fewer[total]; // nothing in the last year
+            for (std::size_t k = 1; k <= total; ++k) {
+                const Decimal sum = fewer[total - k] + savings_[k];
+                if (sum > row.best[total]) {
+                    row.best[total] = sum;
+                    row.choice[total] = k;
+                }
+            }
+        }
+        return row;
+    }
+
+    Decimal part(std::size_t k) const {
+        return (sum_ * static_cast<int>(k) / static_cast<int>(hundredths)).roundDown(0);
+    }
+
+    Decimal taxWith(const Decimal& payment) {
+        buyIn_ = before_ + payment;
+        return Advisor::totalTax(calculator_.calculate(changed_));
+    }
+    Decimal saving(const Decimal& payment) { return tax_ - taxWith(payment); }
+
+    const CaseCalculator& calculator_;
+    TaxCase changed_;
+    Decimal& buyIn_;
+    Decimal before_;
+    Decimal sum_;
+    Decimal tax_;
+    Savings savings_;
+    std::vector<Row> rows_;
+};
+
+} // namespace
+
+std::vector<BuyInPlan> Advisor::planBuyIn(const CaseCalculator& calculator, const TaxCase& taxCase,
+                                          int person, const Decimal& sum, int mostYears) {
+    constexpr int longest = 20;
+    std::vector<BuyInPlan> plans;
+    BuyInSearch search(calculator, taxCase, person, std::max(sum, Decimal(0)));
+    for (int years = 1; years <= std::clamp(mostYears, 1, longest); ++years) {
+        plans.push_back(search.plan(static_cast<std::size_t>(years)));
+    }
+    return plans;
+}
+
+const BuyInPlan& Advisor::bestPlan(const std::vector<BuyInPlan>& plans) {
+    return *std::ranges::max_element(plans, {}, &BuyInPlan::saving);
+}
+
+} // namespace taxcore

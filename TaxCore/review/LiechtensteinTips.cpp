@@ -1,0 +1,114 @@
+#include "TaxCore/base/MoneyFormat.h"
+#include "TaxCore/liechtenstein/LICalculation.h"
+#include "TaxCore/liechtenstein/Law.h"
+#include "TaxCore/review/TipContext.h"
+
+#include <algorithm>
+
+namespace taxcore::review {
+
+namespace {
+
+std::string money(const Decimal& amount) { return MoneyFormat::chf(amount, 0, true); }
+
+/// Contributions count up to a share of the household's earnings. SteG Art. 16
+void fillPensionFund(TipContext& c) {
+    Decimal paid;
+    Decimal earned;
+    const Adult* payer = nullptr;
+    Decimal most;
+    for (const Adult& adult : c.adults()) {
+        const li::Adult earner{adult.number, adult.person, adult.income, adult.deductions, {}};
+        for (const SalaryCertificate& certificate : adult.income.salaries) {
+            paid += certificate.pensionContributions + certificate.pensionBuyIn;
+        }
+        paid += adult.deductions.pensionBuyIn;
+        earned += earner.earned();
+        if (adult.person.hasPensionFund && earner.earned() > most) {
+            most = earner.earned();
+            payer = &adult;
+        }
+    }
+    const Decimal room =
+        (earned * c.liechtenstein()->pensionskasseMaxProzent / 100 - paid).roundDown(0);
+    if (payer == nullptr || room <= 0) {
+        return;
+    }
+    c.suggest(
+        {.id = payer->id("tipp-li-pk"),
+         .area = "pension",
+         .title = "Einkauf in die Pensionskasse – " + payer->called(),
+         .message = "Bis zum Höchstbetrag von "
+                    + MoneyFormat::number(c.liechtenstein()->pensionskasseMaxProzent)
+                    + " % des Erwerbs sind noch " + money(room)
+                    + " abziehbar; wie viel die Kasse annimmt, steht auf dem "
+                      "Vorsorgeausweis.",
+         .law = cited(li::law::insurance),
+         .path = payer->deductionPath("pensionBuyIn"),
+         .change =
+             [&](TaxCase& changed) { deductionsOf(changed, payer->number).pensionBuyIn += room; },
+         .inTheYear = true});
+}
+
+/// SteG Art. 16, SteV Art. 16
+void fillInsuranceAllowance(TipContext& c) {
+    const InsuranceBreakdown breakdown = c.base().insurance.canton.value_or(InsuranceBreakdown{});
+    const Decimal room = breakdown.maximum - breakdown.paid;
+    if (room <= 0) {
+        return;
+    }
+    c.suggest({.id = "tipp-li-versicherungen",
+               .area = "pension",
+               .title = "Versicherungsprämien vollständig eintragen",
+               .message = "Private Versicherungen (Kranken-, Unfall-, Lebensversicherung) sind bis "
+                          + money(breakdown.maximum) + " abziehbar; eingetragen sind "
+                          + money(breakdown.paid) + ".",
+               .law = cited(li::law::insurance),
+               .path = FieldPath("householdDeductions", "healthInsurancePremiums"),
+               .change = [&](TaxCase& changed) {
+                   changed.householdDeductions.healthInsurancePremiums +=
+                       room + changed.householdDeductions.premiumReduction;
+                   changed.householdDeductions.premiumReduction = 0;
+               }});
+}
+
+/// A gift counts only from the minimum on, each by itself. SteG Art. 16
+void bundleDonations(TipContext& c) {
+    const Decimal& minimum = c.liechtenstein()->spendeMinEinzel;
+    const auto isSmall = [&](const Donation& gift) {
+        return !gift.isPoliticalParty && gift.amount > 0 && gift.amount < minimum;
+    };
+    Decimal small;
+    for (const Donation& gift : c.taxCase().householdDeductions.donations) {
+        small += isSmall(gift) ? gift.amount : Decimal(0);
+    }
+    if (small < minimum) {
+        return;
+    }
+    c.suggest({.id = "tipp-li-spenden",
+               .area = "other",
+               .title = "Kleine Spenden zusammenlegen",
+               .message = "Spenden zählen einzeln erst ab " + MoneyFormat::fr(minimum)
+                          + ". Die kleineren ergeben zusammen " + money(small)
+                          + "; als eine Spende wären sie abziehbar.",
+               .law = cited(li::law::deductions),
+               .path = FieldPath("householdDeductions", "donations"),
+               .change =
+                   [&](TaxCase& changed) {
+                       auto& gifts = changed.householdDeductions.donations;
+                       std::erase_if(gifts, isSmall);
+                       gifts.emplace_back().amount = small;
+                   },
+               .inTheYear = true});
+}
+
+} // namespace
+
+void suggestLiechtenstein(TipContext& c) {
+    fillPensionFund(c);
+    fillInsuranceAllowance(c);
+    bundleDonations(c);
+    computeVehicleValue(c, li::law::wealth);
+}
+
+} // namespace taxcore::review

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "TaxCore/base/Json.h"
+#include "TaxCore/base/Record.h"
+#include "TaxCore/review/Advisor.h"
+#include "TaxCore/review/Checks.h"
+
+#include <string>
+#include <vector>
+
+namespace taxcore {
+
+/// All that is to be said of a computed case, in one record.
+struct Review {
+    std::vector<Notice> notices; ///< of the calculation and the checks, the gravest first
+    std::vector<Notice> tips;    ///< the largest saving first
+    MarginalRate marginalRate;
+    std::vector<std::string> notComputed; ///< German sentences
+
+    bool operator==(const Review&) const = default;
+
+    static Review of(const ReviewInput& input);
+};
+TAXCORE_RECORD(Review, notices, tips, marginalRate, notComputed);
+
+extern template std::string toJson<Review>(const Review&, JsonStyle);
+
+} // namespace taxcore

@@ -1,0 +1,74 @@
+#include "TaxCore/review/TipContext.h"
+
+#include <algorithm>
+#include <functional>
+
+namespace taxcore::review {
+
+std::string cited(const Law& law) {
+    std::string text(law.canton);
+    if (!law.federal.empty()) {
+        text += text.empty() ? "" : ", ";
+        text += law.federal;
+    }
+    return text;
+}
+
+PersonDeductions& deductionsOf(TaxCase& taxCase, int person) {
+    return person == 2 ? taxCase.deductions2 : taxCase.deductions1;
+}
+
+TipContext::TipContext(const CaseCalculator& calculator, const TaxCase& taxCase,
+                       const TaxResult& base, Date today)
+    : calculator_(calculator), taxCase_(taxCase), base_(base), today_(today),
+      adults_(adultsOf(taxCase)) {}
+
+void TipContext::suggest(Suggestion suggestion) {
+    TaxCase changed = taxCase_;
+    suggestion.change(changed);
+    const Decimal saving =
+        Advisor::totalTax(base_) - Advisor::totalTax(calculator_.calculate(changed));
+    if (saving <= 0) {
+        return;
+    }
+    Notice& tip = tips_.emplace_back();
+    tip.id = std::move(suggestion.id);
+    tip.level = Notice::Level::tip;
+    tip.title = std::move(suggestion.title);
+    tip.message = std::move(suggestion.message) + " (" + suggestion.law + ")";
+    if (suggestion.inTheYear && today_.year() > taxCase_.year) {
+        tip.message += " Für " + std::to_string(taxCase_.year)
+                       + " ist die Frist vorbei; so viel hätte es gespart.";
+    }
+    tip.saving = saving;
+    tip.area = std::string(suggestion.area);
+    if (suggestion.path) {
+        tip.path = suggestion.path->toString();
+    }
+}
+
+std::vector<Notice> TipContext::bySaving() && {
+    std::ranges::stable_sort(tips_, std::greater<>{},
+                             [](const Notice& tip) { return tip.saving.value_or(0); });
+    return std::move(tips_);
+}
+
+void computeVehicleValue(TipContext& c, const Law& law) {
+    forEachItem(c.taxCase().vehicles, [&](const Vehicle& vehicle, int index) {
+        if (!vehicle.taxValueOverride || vehicle.purchasePrice <= 0 || !vehicle.purchaseYear) {
+            return;
+        }
+        c.suggest({.id = itemId("tipp-fahrzeug", index),
+                   .area = "wealth",
+                   .title = "Zeitwert des Fahrzeugs ist tiefer",
+                   .message = "Aus Kaufpreis und Alter ergibt sich ein tieferer Wert als der "
+                              "eingetragene.",
+                   .law = cited(law),
+                   .path = FieldPath("vehicles", "taxValueOverride").at(index),
+                   .change = [&](TaxCase& changed) {
+                       changed.vehicles[static_cast<std::size_t>(index)].taxValueOverride.reset();
+                   }});
+    });
+}
+
+} // namespace taxcore::review

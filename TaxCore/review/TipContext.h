@@ -1,0 +1,68 @@
+#pragma once
+
+// Suggestions in the making; shared by the regions' tips, never seen outside.
+
+#include "TaxCore/result/Derivation.h"
+#include "TaxCore/result/Sums.h"
+#include "TaxCore/review/Advisor.h"
+#include "TaxCore/review/CheckContext.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace taxcore::review {
+
+/// A lawful change of the case that may save tax.
+struct Suggestion {
+    std::string id;
+    std::string_view area;
+    std::string title;
+    std::string message; ///< German; what to do
+    std::string law;     ///< the articles that allow it
+    std::optional<FieldPath> path;
+    std::function<void(TaxCase&)> change;
+    bool inTheYear = false; ///< takes a payment or an act within the tax year
+};
+
+/// Both sides of a law for a sentence: "StG SG Art. 44, DBG Art. 32 Abs. 1".
+std::string cited(const Law& law);
+
+class TipContext {
+  public:
+    TipContext(const CaseCalculator& calculator, const TaxCase& taxCase, const TaxResult& base,
+               Date today);
+
+    const TaxCase& taxCase() const noexcept { return taxCase_; }
+    const TaxResult& base() const noexcept { return base_; }
+    const RuleBook* stGallen() const noexcept { return calculator_.stGallen(); }
+    const LIRules* liechtenstein() const noexcept { return calculator_.liechtenstein(); }
+    const std::vector<Adult>& adults() const noexcept { return adults_; }
+
+    /// Computes the changed case and keeps the suggestion when it saves something.
+    void suggest(Suggestion suggestion);
+
+    /// The tips, the largest saving first.
+    std::vector<Notice> bySaving() &&;
+
+  private:
+    const CaseCalculator& calculator_;
+    const TaxCase& taxCase_;
+    const TaxResult& base_;
+    Date today_;
+    std::vector<Adult> adults_;
+    std::vector<Notice> tips_;
+};
+
+/// The part of a case that belongs to a person, for changes.
+PersonDeductions& deductionsOf(TaxCase& taxCase, int person);
+
+/// A vehicle whose computed value is below the one entered; `law` is the region's.
+void computeVehicleValue(TipContext& c, const Law& law);
+
+void suggestStGallen(TipContext& c);
+void suggestLiechtenstein(TipContext& c);
+
+} // namespace taxcore::review
