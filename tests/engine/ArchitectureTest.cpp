@@ -25,8 +25,7 @@ const std::map<std::string, std::set<std::string>>& layers() {
         {"stgallen", {"base", "model", "rulebook", "result"}},
         {"liechtenstein", {"base", "model", "rulebook", "result"}},
         {"regions", {"base", "model", "rulebook", "result", "stgallen", "liechtenstein"}},
-        {"review",
-         {"base", "model", "rulebook", "result", "stgallen", "liechtenstein", "regions"}},
+        {"review", {"base", "model", "rulebook", "result", "stgallen", "liechtenstein", "regions"}},
         {"demo", {"base", "model"}},
     };
     return allowed;

@@ -1,0 +1,344 @@
+#include "TaxCore/review/Advisor.h"
+
+#include "TaxCore/demo/DemoData.h"
+#include "tests/support/CaseFile.h"
+#include "tests/support/ReviewCase.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <numeric>
+#include <set>
+
+namespace taxcore {
+namespace {
+
+using testing::spotlessHousehold;
+using testing::spotlessLiechtenstein;
+using Change = std::function<void(TaxCase&)>;
+
+Date inTheYear(const TaxCase& taxCase) { return Date::of(taxCase.year, 11, 1).value(); }
+
+struct Computed {
+    explicit Computed(TaxCase household)
+        : taxCase(std::move(household)), calculator(CaseCalculator::forCase(taxCase).value()),
+          result(calculator.calculate(taxCase)) {}
+
+    TaxCase taxCase;
+    CaseCalculator calculator;
+    TaxResult result;
+
+    std::vector<Notice> tips() const {
+        return Advisor::tips(calculator, taxCase, result, inTheYear(taxCase));
+    }
+};
+
+/// A tip, a household it is for, what it proposes, and one it is not for.
+struct TipRow {
+    const char* id;
+    const char* law; ///< an article that the message names
+    Change forHousehold;
+    Change proposed;
+    Change notFor;
+    std::function<TaxCase()> household = spotlessHousehold;
+};
+
+TaxCase laterHousehold() {
+    TaxCase taxCase = spotlessHousehold();
+    taxCase.year = 2026;
+    return taxCase;
+}
+
+RealEstate house(bool flat, const Decimal& actual) {
+    RealEstate home;
+    home.taxValue = 500'000;
+    home.imputedRentalValue = 20'000;
+    home.useFlatRateMaintenance = flat;
+    home.actualMaintenanceCosts = actual;
+    return home;
+}
+
+std::vector<TipRow> stGallenRows() {
+    return {
+        {"tipp-3a-1", "BVV 3 Art. 7", [](TaxCase&) {},
+         [](TaxCase& c) { c.deductions1.pillar3a = 7'258; },
+         [](TaxCase& c) { c.deductions1.pillar3a = 7'258; }},
+        {"tipp-3a-einkauf-2", "BVV 3 Art. 7a", [](TaxCase& c) { c.deductions2.pillar3a = 7'258; },
+         [](TaxCase& c) { c.deductions2.pillar3aBuyIn = 7'258; },
+         [](TaxCase& c) { c.deductions2.pillar3a = 7'257; }, laterHousehold},
+        {"tipp-pk-einkauf-1", "BVG Art. 79b", [](TaxCase&) {},
+         [](TaxCase& c) { c.deductions1.pensionBuyIn += 7'000; },
+         [](TaxCase& c) { c.capitalPayments.emplace_back().kind = CapitalPayment::Kind::saeule2; }},
+        {"tipp-uebrige-berufskosten-1", "DBG Art. 26",
+         [](TaxCase& c) { c.deductions1.work.actualOtherCosts = 5'000; },
+         [](TaxCase& c) { c.deductions1.work.useActualOtherCosts = true; },
+         [](TaxCase& c) { c.deductions1.work.actualOtherCosts = 300; }},
+        {"tipp-uebrige-berufskosten-2", "BKV Art. 7",
+         [](TaxCase& c) {
+             c.deductions2.work.useActualOtherCosts = true;
+             c.deductions2.work.actualOtherCosts = 100;
+         },
+         [](TaxCase& c) { c.deductions2.work.useActualOtherCosts = false; },
+         [](TaxCase& c) {
+             c.deductions2.work.useActualOtherCosts = true;
+             c.deductions2.work.actualOtherCosts = 9'000;
+         }},
+        {"tipp-nebenerwerb-1", "BKV Art. 10",
+         [](TaxCase& c) {
+             SalaryCertificate& side = c.income1.salaries.emplace_back();
+             side.isMainEmployment = false;
+             side.grossSalary = 6'000;
+             c.deductions1.work.sideJobActualCosts = 3'500;
+         },
+         [](TaxCase& c) { c.deductions1.work.sideJobUseActual = true; },
+         [](TaxCase& c) {
+             SalaryCertificate& side = c.income1.salaries.emplace_back();
+             side.isMainEmployment = false;
+             side.grossSalary = 6'000;
+             c.deductions1.work.sideJobActualCosts = 700;
+         }},
+        {"tipp-auto-1", "BKV Art. 3",
+         [](TaxCase& c) {
+             c.deductions1.work.carKmOneWay = 20;
+             c.deductions1.work.carWorkDays = 200;
+         },
+         [](TaxCase& c) { c.deductions1.work.carJustification = "Schichtbeginn um vier Uhr"; },
+         [](TaxCase& c) {
+             c.deductions1.work.carKmOneWay = 20;
+             c.deductions1.work.carWorkDays = 200;
+             c.deductions1.work.carJustification = "Schichtbeginn um vier Uhr";
+         }},
+        {"tipp-arbeitsweg-2", "BKV Art. 5", [](TaxCase&) {},
+         [](TaxCase& c) { c.deductions2.work.useBicycle = true; },
+         [](TaxCase& c) { c.deductions2.work.publicTransportCost = 1; }},
+        {"tipp-weiterbildung-1", "DBG Art. 33 Abs. 1 Bst. j",
+         [](TaxCase& c) { c.deductions1.furtherEducation = 300; },
+         [](TaxCase& c) { c.deductions1.furtherEducationFlatRate = true; },
+         [](TaxCase& c) { c.deductions1.furtherEducation = 400; }},
+        {"tipp-unterhalt-1", "DBG Art. 32 Abs. 2",
+         [](TaxCase& c) { c.realEstate.push_back(house(true, 9'000)); },
+         [](TaxCase& c) { c.realEstate[0].useFlatRateMaintenance = false; },
+         [](TaxCase& c) { c.realEstate.push_back(house(true, 2'800)); }},
+        {"tipp-verwaltungskosten", "DBG Art. 32 Abs. 1",
+         [](TaxCase& c) {
+             c.securities[0].managedByThirdParty = true;
+             c.securities[0].taxValue = 500'000;
+             c.householdDeductions.actualAssetManagementCosts = 200;
+         },
+         [](TaxCase& c) { c.householdDeductions.actualAssetManagementCosts.reset(); },
+         [](TaxCase& c) {
+             c.securities[0].managedByThirdParty = true;
+             c.securities[0].taxValue = 500'000;
+             c.householdDeductions.actualAssetManagementCosts = 1'000;
+         }},
+        {"tipp-spenden", "DBG Art. 33a",
+         [](TaxCase& c) { c.householdDeductions.donations.emplace_back().amount = 99; },
+         [](TaxCase& c) { c.householdDeductions.donations.emplace_back().amount = 1; },
+         [](TaxCase& c) { c.householdDeductions.donations.emplace_back().amount = 100; }},
+        {"tipp-mitarbeit", "DBG Art. 33 Abs. 2",
+         [](TaxCase& c) {
+             c.income1 = {};
+             c.income1.selfEmployment = 90'000;
+             c.income2 = {};
+         },
+         [](TaxCase& c) { c.householdDeductions.significantCooperation = true; },
+         [](TaxCase& c) { c.income2 = {}; }},
+        {"tipp-fahrzeug-1", "StG SG Art. 53",
+         [](TaxCase& c) {
+             c.otherAssets = 400'000;
+             Vehicle& car = c.vehicles.emplace_back();
+             car.purchasePrice = 60'000;
+             car.purchaseYear = 2022;
+             car.taxValueOverride = 60'000;
+         },
+         [](TaxCase& c) { c.vehicles[0].taxValueOverride.reset(); },
+         [](TaxCase& c) {
+             c.otherAssets = 400'000;
+             Vehicle& car = c.vehicles.emplace_back();
+             car.purchasePrice = 60'000;
+             car.purchaseYear = 2022;
+             car.taxValueOverride = 24'000;
+         }},
+    };
+}
+
+std::vector<TipRow> liechtensteinRows() {
+    return {
+        {"tipp-li-pk-1", "SteG Art. 16", [](TaxCase&) {},
+         // 18 % of 150'000 less 5 % that are paid already
+         [](TaxCase& c) { c.deductions1.pensionBuyIn = 19'500; },
+         [](TaxCase& c) { c.deductions2.pensionBuyIn = 19'500; }, spotlessLiechtenstein},
+        {"tipp-li-versicherungen", "SteV Art. 16",
+         [](TaxCase& c) { c.householdDeductions.healthInsurancePremiums = 5'000; },
+         [](TaxCase& c) { c.householdDeductions.healthInsurancePremiums = 8'100; },
+         [](TaxCase& c) { c.householdDeductions.healthInsurancePremiums = 8'100; },
+         spotlessLiechtenstein},
+        {"tipp-li-spenden", "SteG Art. 16",
+         [](TaxCase& c) {
+             c.householdDeductions.donations.emplace_back().amount = 60;
+             c.householdDeductions.donations.emplace_back().amount = 70;
+         },
+         [](TaxCase& c) {
+             c.householdDeductions.donations.pop_back();
+             c.householdDeductions.donations[0].amount = 130;
+         },
+         [](TaxCase& c) {
+             c.householdDeductions.donations.emplace_back().amount = 60;
+             c.householdDeductions.donations.emplace_back().amount = 39;
+         },
+         spotlessLiechtenstein},
+    };
+}
+
+TEST(Advisor, savesWhatTwoFullCalculationsDiffer) {
+    auto rows = stGallenRows();
+    std::ranges::copy(liechtensteinRows(), std::back_inserter(rows));
+    for (const TipRow& row : rows) {
+        SCOPED_TRACE(row.id);
+        TaxCase household = row.household();
+        row.forHousehold(household);
+        const Computed base(household);
+        row.proposed(household);
+        const Computed changed(household);
+        const auto tips = base.tips();
+        const auto tip = std::ranges::find(tips, row.id, &Notice::id);
+        ASSERT_NE(tip, tips.end());
+        EXPECT_EQ(tip->level, Notice::Level::tip);
+        EXPECT_EQ(tip->saving, Advisor::totalTax(base.result) - Advisor::totalTax(changed.result));
+        EXPECT_GT(tip->saving, Decimal(0));
+        EXPECT_NE(tip->message.find(row.law), std::string::npos) << tip->message;
+        EXPECT_TRUE(tip->area && tip->path);
+
+        TaxCase other = row.household();
+        row.notFor(other);
+        EXPECT_FALSE(std::ranges::count(Computed(other).tips(), row.id, &Notice::id));
+    }
+}
+
+/// The threshold depends on the income: the costs are set from the computed one.
+TEST(Advisor, bundlesMedicalCostsInTheUpperHalfOfTheThreshold) {
+    const Decimal net = Computed(spotlessHousehold()).result.value("nettoeinkommen");
+    const auto tipAt = [&](const Decimal& shareOfThreshold) {
+        TaxCase household = spotlessHousehold();
+        household.householdDeductions.medicalCosts.emplace_back().gross =
+            net * 2 / 100 * shareOfThreshold;
+        return std::ranges::count(Computed(household).tips(), "tipp-krankheitskosten", &Notice::id);
+    };
+    EXPECT_EQ(tipAt(0.4_dec), 0);
+    EXPECT_EQ(tipAt(0.9_dec), 1);
+    EXPECT_EQ(tipAt(1), 0);
+}
+
+TEST(Advisor, ordersTipsBySavingAndTellsWhenItIsTooLate) {
+    const Computed demo(DemoData::family(2025));
+    const auto tips = demo.tips();
+    ASSERT_GT(tips.size(), 3U);
+    EXPECT_TRUE(std::ranges::is_sorted(tips, std::greater<>{},
+                                       [](const Notice& tip) { return tip.saving.value(); }));
+    std::set<std::string> ids;
+    for (const Notice& tip : tips) {
+        EXPECT_TRUE(ids.insert(tip.id).second) << tip.id;
+        EXPECT_EQ(tip.message.find("Frist"), std::string::npos) << tip.message;
+    }
+    const auto late =
+        Advisor::tips(demo.calculator, demo.taxCase, demo.result, Date::of(2026, 3, 1).value());
+    EXPECT_EQ(late.size(), tips.size());
+    const auto pillar3a = std::ranges::find(late, "tipp-3a-1", &Notice::id);
+    ASSERT_NE(pillar3a, late.end());
+    EXPECT_NE(pillar3a->message.find("Für 2025 ist die Frist vorbei"), std::string::npos);
+
+    TaxCase poor = spotlessHousehold();
+    poor.income1.salaries[0].grossSalary = 12'000;
+    poor.income2 = {};
+    EXPECT_TRUE(Computed(poor).tips().empty());
+}
+
+TEST(Advisor, marginalRateIsTheLastThousandFrancs) {
+    const Computed base(spotlessHousehold());
+    const TaxBill& bill = base.result.bill;
+    const TaxBill lower = TaxCalculator::forYear(2025)->computeBill(
+        base.taxCase, bill.taxableIncomeCanton - 1'000, bill.taxableIncomeFederal - 1'000,
+        bill.taxableWealth, &*base.result.municipality, nullptr);
+    const MarginalRate rate = Advisor::marginalRate(base.calculator, base.taxCase, base.result);
+    EXPECT_EQ(rate.total, (bill.total() - lower.total()) / 1'000);
+    EXPECT_EQ(rate.canton, (bill.cantonTotal() - lower.cantonTotal()) / 1'000);
+    EXPECT_EQ(rate.canton + rate.municipality + rate.church + rate.federal, rate.total);
+    EXPECT_GT(rate.total, 0.15_dec);
+
+    // Liechtenstein: 4 % of the step for the married from 84'560 on, and the surcharge on top.
+    const Computed abroad(spotlessLiechtenstein());
+    ASSERT_GT(abroad.result.bill.taxableIncomeCanton, Decimal(85'560));
+    EXPECT_EQ(Advisor::marginalRate(abroad.calculator, abroad.taxCase, abroad.result),
+              (MarginalRate{0.1_dec, 0.04_dec, 0.06_dec, 0, 0}));
+    TaxCase nothing = spotlessLiechtenstein();
+    nothing.income1 = {};
+    nothing.income2 = {};
+    const Computed none(nothing);
+    EXPECT_EQ(Advisor::marginalRate(none.calculator, none.taxCase, none.result), MarginalRate{});
+}
+
+TEST(Advisor, curveMeetsTheBillAndNamesTheSteps) {
+    for (const TaxCase& taxCase : {spotlessHousehold(), spotlessLiechtenstein()}) {
+        const Computed base(taxCase);
+        const Decimal& taxable = base.result.bill.taxableIncomeCanton;
+        const IncomeCurve curve =
+            Advisor::incomeCurve(base.calculator, taxCase, base.result, taxable * 2, 201);
+        ASSERT_EQ(curve.points.size(), 201U);
+        EXPECT_EQ(curve.points.front().income, Decimal(0));
+        EXPECT_EQ(curve.points.back().income, (taxable * 2).roundPlain(0));
+        EXPECT_TRUE(std::ranges::is_sorted(curve.points, {}, &CurvePoint::income));
+        const TaxBill middle = base.calculator.billFor(
+            taxCase, base.result, curve.points[100].income,
+            curve.points[100].income - taxable + base.result.bill.taxableIncomeFederal);
+        EXPECT_EQ(curve.points[100].tax, middle.total());
+        EXPECT_TRUE(std::ranges::is_sorted(curve.steps, {}, &TariffStep::income));
+        EXPECT_GE(curve.steps.size(), 3U);
+        for (const TariffStep& step : curve.steps) {
+            EXPECT_GT(step.income, Decimal(0));
+            EXPECT_LE(step.income, taxable * 2) << step.text;
+        }
+    }
+}
+
+TEST(Advisor, planOfBuyInsIsTheBestOfAllOnACoarseGrid) {
+    const Computed base(spotlessHousehold());
+    constexpr int sum = 60'001;
+    const auto plans = Advisor::planBuyIn(base.calculator, base.taxCase, 1, sum, 5);
+    const auto savingOf = [&](const Decimal& payment) {
+        TaxCase changed = base.taxCase;
+        changed.deductions1.pensionBuyIn += payment;
+        return Advisor::totalTax(base.result)
+               - Advisor::totalTax(base.calculator.calculate(changed));
+    };
+    ASSERT_EQ(plans.size(), 5U);
+    Decimal before;
+    for (const BuyInPlan& plan : plans) {
+        Decimal paid;
+        Decimal saved;
+        for (const Decimal& payment : plan.payments) {
+            paid += payment;
+            saved += savingOf(payment);
+        }
+        EXPECT_EQ(plan.payments.size(), static_cast<std::size_t>(plan.years));
+        EXPECT_EQ(paid, Decimal(sum)) << plan.years;
+        EXPECT_EQ(saved, plan.saving) << plan.years;
+        EXPECT_GE(plan.saving, before - 1) << "another year can only help";
+        before = plan.saving;
+    }
+    // Tenths of the sum, by trying all. The plan cuts to francs: a franc is worth less than one.
+    const Decimal tenth = Decimal(sum) / 10;
+    for (int a = 0; a <= 10; ++a) {
+        for (int b = 0; a + b <= 10; ++b) {
+            const Decimal saved =
+                savingOf(tenth * a) + savingOf(tenth * b) + savingOf(tenth * (10 - a - b));
+            EXPECT_GE(plans[2].saving, saved - 1) << a << " " << b;
+        }
+    }
+    EXPECT_GE(Advisor::bestPlan(plans).saving, plans.back().saving);
+    EXPECT_EQ(Advisor::planBuyIn(base.calculator, base.taxCase, 1, -5, 1).front().saving,
+              Decimal(0));
+}
+
+} // namespace
+} // namespace taxcore
