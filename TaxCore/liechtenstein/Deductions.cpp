@@ -77,7 +77,7 @@ Decimal pensionFund(Calculation<R>& c, Line& line) {
         }
         earned += adult.earned();
     }
-    const Decimal maximum = earned * c.rules.pensionskasseMaxProzent / 100;
+    const Decimal maximum = notBelowZero(earned * c.rules.pensionskasseMaxProzent / 100);
     if (paid > maximum) {
         c.notify(notices::pensionFundMaximum(maximum));
     }
@@ -224,7 +224,7 @@ void addDonations(Calculation<R>& c) {
               FieldPath("householdDeductions", "donations", "amount"), [&](const Donation& gift) {
                   return !gift.isPoliticalParty && gift.amount >= c.rules.spendeMinEinzel;
               });
-    const Decimal maximum = c.totalIncome * c.rules.spendenMaxProzent / 100;
+    const Decimal maximum = notBelowZero(c.totalIncome * c.rules.spendenMaxProzent / 100);
     line.why.line("575", 0, "Total Erwerb", both(c.totalIncome));
     line.why.rule(law::deductions, "Höchstens, Anteil am Erwerb", "spendenMaxProzent",
                   both(c.rules.spendenMaxProzent), Unit::percent);
