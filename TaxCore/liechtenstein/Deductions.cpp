@@ -164,8 +164,7 @@ void addChildDeduction(Calculation<R>& c) {
     if constexpr (R::enabled) {
         forEachItem(c.input.children, [&](const Child& child, int index) {
             if (isDeductible(child, c.input.year)) {
-                line.why.fact("Kind " + child.firstName,
-                              FieldPath("children", "education").at(index));
+                line.why.fact(childLabel(child), FieldPath("children", "education").at(index));
             }
         });
     }

@@ -2,8 +2,10 @@
 
 #include "TaxCore/base/Decimal.h"
 #include "TaxCore/model/Deductions.h"
+#include "TaxCore/model/Person.h"
 #include "TaxCore/result/FieldPath.h"
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -19,6 +21,11 @@ void forEachItem(const std::vector<T>& items, Use&& use) {
         use(item, index);
         ++index;
     }
+}
+
+/// How a derivation names a child: "Kind Aline", without a first name "Kind".
+inline std::string childLabel(const Child& child) {
+    return child.firstName.empty() ? "Kind" : "Kind " + child.firstName;
 }
 
 /// The sum of one amount over the items that count, each told as an input. `path` is that of the
