@@ -5,6 +5,7 @@
 #include "tests/support/Csv.h"
 
 #include <map>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -35,6 +36,10 @@ struct RegionLayout {
     std::string (*shownNote)(const TaxLine&);
     /// Households on which the calculation remarks something, by their name in the notices' table.
     std::map<std::string, TaxCase> (*remarkable)();
+
+    friend void PrintTo(const RegionLayout& layout, std::ostream* out) {
+        *out << label(layout.region);
+    }
 };
 
 /// `text` with the first `placeholder`, if any, exchanged for a value.
