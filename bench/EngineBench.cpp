@@ -1,6 +1,7 @@
 // How fast the engine is. Compare ratios within one run: the machines are noisy.
 
 #include "TaxCore/demo/DemoData.h"
+#include "TaxCore/liechtenstein/LiechtensteinCalculator.h"
 #include "TaxCore/stgallen/TaxCalculator.h"
 #include "cli/Batch.h"
 
@@ -43,6 +44,11 @@ constexpr std::size_t batchSize = 100'000;
 
 const TaxCalculator& calculator() {
     static const TaxCalculator instance = TaxCalculator::forYear(year).value();
+    return instance;
+}
+
+const LiechtensteinCalculator& liechtenstein() {
+    static const LiechtensteinCalculator instance = LiechtensteinCalculator::forYear(year).value();
     return instance;
 }
 
@@ -95,6 +101,16 @@ void household(benchmark::State& state) {
 }
 BENCHMARK(household);
 
+void householdLiechtenstein(benchmark::State& state) {
+    const TaxCase demo = DemoData::liechtensteinFamily(year);
+    const LiechtensteinCalculator& calculate = liechtenstein();
+    const HeapUse heap(state);
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(calculate.calculate(demo));
+    }
+}
+BENCHMARK(householdLiechtenstein);
+
 void smallHousehold(benchmark::State& state) {
     TaxCase single{.year = year};
     single.civilStatus = CivilStatus::ledig;
@@ -109,11 +125,23 @@ BENCHMARK(smallHousehold);
 
 void explainedHousehold(benchmark::State& state) {
     const TaxCase demo = DemoData::family(year);
+    const TaxCalculator& calculate = calculator();
+    const HeapUse heap(state);
     for (auto _ : state) {
-        benchmark::DoNotOptimize(calculator().explainAll(demo));
+        benchmark::DoNotOptimize(calculate.explainAll(demo));
     }
 }
 BENCHMARK(explainedHousehold);
+
+void explainedHouseholdLiechtenstein(benchmark::State& state) {
+    const TaxCase demo = DemoData::liechtensteinFamily(year);
+    const LiechtensteinCalculator& calculate = liechtenstein();
+    const HeapUse heap(state);
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(calculate.explainAll(demo));
+    }
+}
+BENCHMARK(explainedHouseholdLiechtenstein);
 
 void readHousehold(benchmark::State& state) {
     const std::string text = toJson(DemoData::family(year),

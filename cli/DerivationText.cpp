@@ -80,7 +80,9 @@ Columns columnsOf(const Derivation& derivation, TaxRegion region) {
     if (canton && federal) {
         return parted ? Columns{true, true, {}} : Columns{true, false, "Kanton und Bund"};
     }
-    const std::string whole = region == TaxRegion::liechtenstein ? "CHF" : "Kanton";
+    const bool francs = derivation.unit == Unit::francs;
+    const std::string whole =
+        region == TaxRegion::stGallen ? "Kanton" : (francs ? "CHF" : "Liechtenstein");
     return canton ? Columns{true, false, whole} : Columns{false, true, "Bund"};
 }
 

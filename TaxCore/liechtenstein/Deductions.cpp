@@ -26,7 +26,7 @@ void addWorkCosts(Calculation<R>& c) {
         const Decimal salary = adult.grossSalary();
         const WorkExpenseBreakdown costs = workCosts(salary, adult.commute, c.rules);
         if constexpr (R::enabled) {
-            explainWorkCosts(line.why, adult.number, salary, adult.commute, c.rules);
+            explainWorkCosts(line.why, adult, c.rules);
         }
         fareTable = fareTable || (salary > 0 && usesFareTable(adult.commute, c.rules));
         total += costs.total();
@@ -44,10 +44,11 @@ template <class R, class Line>
 Decimal socialContributions(const Calculation<R>& c, Line& line) {
     Decimal sum;
     for (const Adult& adult : c.adults) {
-        sum += sumOf(line.why, "AHV/IV/FAK/ALV/NBU (Ziffer 9)", adult.income.salaries,
+        sum += sumOf(line.why, "AHV/IV/FAK/ALV/NBU (Lohnausweis Ziffer 9)", adult.income.salaries,
                      &SalaryCertificate::socialContributions,
                      FieldPath("income", "salaries", "socialContributions").of(adult.number));
     }
+    line.why.step("Sozialversicherungen", both(sum));
     return sum;
 }
 
@@ -66,14 +67,14 @@ Decimal pensionFund(Calculation<R>& c, Line& line) {
                              return !(certificate.*amount).isZero();
                          });
         };
-        paid += ofSalaries("Pensionskasse (Ziffer 10.1)", &SalaryCertificate::pensionContributions,
-                           "pensionContributions");
-        paid += ofSalaries("Pensionskasse, Einkauf (Ziffer 10.2)", &SalaryCertificate::pensionBuyIn,
-                           "pensionBuyIn");
+        paid += ofSalaries("Pensionskasse (Lohnausweis Ziffer 10.1)",
+                           &SalaryCertificate::pensionContributions, "pensionContributions");
+        paid += ofSalaries("Einkauf in die Pensionskasse (Lohnausweis Ziffer 10.2)",
+                           &SalaryCertificate::pensionBuyIn, "pensionBuyIn");
         paid += adult.deductions.pensionBuyIn;
         if (!adult.deductions.pensionBuyIn.isZero()) {
-            line.why.input("Pensionskasse, privat einbezahlt", adult.deductions.pensionBuyIn,
-                           adult.deductionPath("pensionBuyIn"));
+            line.why.input("Einkauf in die Pensionskasse, privat bezahlt",
+                           adult.deductions.pensionBuyIn, adult.deductionPath("pensionBuyIn"));
         }
         earned += adult.earned();
     }
@@ -86,7 +87,9 @@ Decimal pensionFund(Calculation<R>& c, Line& line) {
     line.why.rule(law::insurance, "Pensionskasse höchstens, Anteil daran",
                   "pensionskasseMaxProzent", both(c.rules.pensionskasseMaxProzent), Unit::percent);
     line.why.cap("Pensionskasse höchstens", both(maximum));
-    return std::min(paid, maximum);
+    const Decimal counted = std::min(paid, maximum);
+    line.why.step("Pensionskasse abziehbar", both(counted));
+    return counted;
 }
 
 /// The allowance for one child by its age at the year's end; without a birth date the lowest.
@@ -100,12 +103,13 @@ ChildAllowance childAllowance(const Child& child, int year) noexcept {
     constexpr int lastMiddle = 20;
     const int age = child.birthDate ? ageAtEndOf(*child.birthDate, year) : 0;
     if (age <= lastYoung) {
-        return {"Kind bis 16 Jahre", "privatKindBis16", &LIRules::privatKindBis16};
+        return {"Zuschlag für ein Kind bis 16 Jahre", "privatKindBis16", &LIRules::privatKindBis16};
     }
     if (age <= lastMiddle) {
-        return {"Kind von 17 bis 20 Jahren", "privatKind17bis20", &LIRules::privatKind17bis20};
+        return {"Zuschlag für ein Kind von 17 bis 20 Jahren", "privatKind17bis20",
+                &LIRules::privatKind17bis20};
     }
-    return {"Kind ab 21 Jahren", "privatKindAb21", &LIRules::privatKindAb21};
+    return {"Zuschlag für ein Kind ab 21 Jahren", "privatKindAb21", &LIRules::privatKindAb21};
 }
 
 /// What private insurances count at most for the household. SteG Art. 16, SteV Art. 16
@@ -114,8 +118,7 @@ Decimal privateAllowance(const Calculation<R>& c, Line& line) {
     const bool married = c.kind == LITariffKind::verheiratet;
     Decimal allowance = married ? c.rules.privatVerheiratet : c.rules.privatAlleinstehend;
     line.why.rule(law::insurance,
-                  married ? "Private Versicherungen, Verheiratete"
-                          : "Private Versicherungen, Alleinstehende",
+                  married ? "Höchstbetrag für Verheiratete" : "Höchstbetrag für Alleinstehende",
                   married ? "privatVerheiratet" : "privatAlleinstehend", both(allowance));
     forEachItem(c.input.children, [&](const Child& child, int index) {
         if (!isDeductible(child, c.input.year)) {
@@ -123,8 +126,11 @@ Decimal privateAllowance(const Calculation<R>& c, Line& line) {
         }
         const ChildAllowance rule = childAllowance(child, c.input.year);
         allowance += c.rules.*rule.amount;
-        line.why.fact(child.firstName.empty() ? std::string_view("Kind") : child.firstName,
-                      FieldPath("children", child.birthDate ? "birthDate" : "education").at(index));
+        if constexpr (R::enabled) {
+            line.why.fact(
+                childLabel(child),
+                FieldPath("children", child.birthDate ? "birthDate" : "education").at(index));
+        }
         line.why.rule(law::insurance, rule.text, rule.ruleKey, both(c.rules.*rule.amount));
     });
     return allowance;
@@ -138,6 +144,7 @@ void addInsurance(Calculation<R>& c) {
     const Decimal pension = pensionFund(c, line);
     const Decimal premiums = premiumsPaid(line.why, c.input.householdDeductions);
     const InsuranceBreakdown breakdown{premiums, privateAllowance(c, line)};
+    line.why.cap("Private Versicherungen höchstens", both(breakdown.maximum));
     line.why.step("Private Versicherungen abziehbar", both(breakdown.deduction()));
     c.result.insurance.canton = breakdown;
     const auto money = [](const Decimal& amount) { return MoneyFormat::chf(amount, 0, true); };
@@ -154,12 +161,12 @@ void addChildDeduction(Calculation<R>& c) {
     if constexpr (R::enabled) {
         forEachItem(c.input.children, [&](const Child& child, int index) {
             if (isDeductible(child, c.input.year)) {
-                line.why.fact("Kind " + child.firstName,
-                              FieldPath("children", "education").at(index));
+                line.why.fact(childLabel(child), FieldPath("children", "education").at(index));
             }
         });
     }
     line.why.rule(law::deductions, "Abzug pro Kind", "kinderabzug", both(c.rules.kinderabzug));
+    line.why.step("Kinder", both(Decimal(c.children)), Unit::number);
     line.deduction(both(c.rules.kinderabzug * c.children));
 }
 

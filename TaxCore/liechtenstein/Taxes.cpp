@@ -3,6 +3,7 @@
 #include "TaxCore/liechtenstein/Law.h"
 #include "TaxCore/liechtenstein/Notices.h"
 #include "TaxCore/result/Figure.h"
+#include "TaxCore/result/Sums.h"
 #include "TaxCore/rulebook/Tariffs.h"
 
 namespace taxcore::li {
@@ -14,9 +15,17 @@ namespace {
 constexpr int fallbackSurcharge = 150;
 
 /// The step of the tariff that applies to the taxable income.
-void explainNationalTax(DerivationRecorder::Draft& why, const Decimal& taxable, LITariffKind kind,
-                        const LIRules& rules) {
+void explainNationalTax(DerivationRecorder::Draft& why, const TaxCase& taxCase,
+                        const Decimal& taxable, LITariffKind kind, const LIRules& rules) {
     why.line("650", 0, "Steuerbarer Gesamterwerb", both(taxable));
+    why.fact(label(taxCase.civilStatus), FieldPath("civilStatus"));
+    if (kind == LITariffKind::alleinerziehend) {
+        forEachItem(taxCase.children, [&](const Child& child, int index) {
+            if (isDeductible(child, taxCase.year)) {
+                why.fact(childLabel(child), FieldPath("children", "education").at(index));
+            }
+        });
+    }
     why.law(law::tariff, "Tarif: " + std::string(label(kind)));
     const auto& steps = rules.tarif.steps(kind);
     const LIRules::Stufe* step = Tariffs::stufeFor(taxable, steps);
@@ -26,6 +35,9 @@ void explainNationalTax(DerivationRecorder::Draft& why, const Decimal& taxable, 
     }
     const std::string key = itemKey("tarif." + std::string(rawValue(kind)),
                                     static_cast<std::size_t>(step - steps.data()));
+    if (step->bis) {
+        why.rule(law::tariff, "Die Stufe reicht bis", key + ".bis", both(*step->bis));
+    }
     why.rule(law::tariff, "Satz der Stufe, vom ganzen Betrag", key + ".satz", both(step->satz),
              Unit::share);
     why.rule(law::tariff, "− Abzug der Stufe", key + ".abzug", both(step->abzug));
@@ -39,6 +51,9 @@ void explainSurcharge(DerivationRecorder::Draft& why, const TaxCase& taxCase,
         why.fact("Gemeinde " + taxCase.municipality, FieldPath("municipality"));
         why.rule(law::surcharge, "Gemeindezuschlag", itemKey("gemeinden", *index) + ".zuschlag",
                  both(rules.gemeinden[*index].zuschlag), Unit::percent);
+        if (rules.vorlaeufig) {
+            why.fact("Vorläufig wie im Vorjahr, bis die Gemeinde ihn Ende Jahr festlegt.");
+        }
         return;
     }
     why.fact("Die Gemeinde ist nicht in der Liste – gerechnet wird mit einem vollen Zuschlag.",
@@ -53,7 +68,7 @@ void addTaxLines(Calculation<R>& c) {
     c.lines.section({.title = "Steuerberechnung", .page = 4, .concerns = Concerns::canton});
     auto national = c.lines.line({"660", 0, "", "Landessteuer"});
     if constexpr (R::enabled) {
-        explainNationalTax(national.why, c.taxable, c.kind, c.rules);
+        explainNationalTax(national.why, c.input, c.taxable, c.kind, c.rules);
     }
     national.subtotal(both(bill.cantonIncome));
 

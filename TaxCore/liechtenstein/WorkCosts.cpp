@@ -2,6 +2,7 @@
 
 #include "TaxCore/base/Rounding.h"
 #include "TaxCore/liechtenstein/Law.h"
+#include "TaxCore/result/Figure.h"
 
 #include <algorithm>
 
@@ -15,16 +16,81 @@ Decimal kilometresOfYear(const LICommute& commute, const LIRules& rules) {
     return std::min(commute.kmPerDay, rules.fahrMaxKmProTag) * commuteDays(commute, rules);
 }
 
-void explainKilometres(DerivationRecorder::Draft& why, const FieldPath& path,
-                       const LICommute& commute, const LIRules& rules) {
-    why.input("Kilometer pro Tag", commute.kmPerDay, path, Unit::number);
+using Draft = DerivationRecorder::Draft;
+
+/// Where the entries of a way to work stand in the case.
+struct CommutePath {
+    std::string_view record;
+
+    FieldPath operator()(std::string_view field) const { return {"li", record, field}; }
+};
+
+void explainDays(Draft& why, const CommutePath& path, const LICommute& commute,
+                 const LIRules& rules) {
+    why.input("Arbeitstage", commute.workDays, path("workDays"), Unit::number);
+    why.rule(law::commute, "Arbeitstage höchstens", "fahrMaxTage", both(Decimal(rules.fahrMaxTage)),
+             Unit::number);
+}
+
+void explainKilometres(Draft& why, const CommutePath& path, const LICommute& commute,
+                       const LIRules& rules) {
+    why.input("Kilometer pro Tag", commute.kmPerDay, path("kmPerDay"), Unit::number);
     why.rule(law::commute, "Kilometer pro Tag höchstens", "fahrMaxKmProTag",
              both(rules.fahrMaxKmProTag), Unit::number);
+    explainDays(why, path, commute, rules);
     why.step("Kilometer im Jahr", both(kilometresOfYear(commute, rules)), Unit::number);
-    why.rule(law::commute, "Rappen pro Kilometer bis 10’000", "fahrRappenBis10000",
+    why.rule(law::commute, "Rappen pro Kilometer, bis 10’000 im Jahr", "fahrRappenBis10000",
              both(rules.fahrRappenBis10000), Unit::number);
-    why.rule(law::commute, "Rappen pro Kilometer darüber", "fahrRappenUeber10000",
+    why.rule(law::commute, "Rappen pro Kilometer, über 10’000 im Jahr", "fahrRappenUeber10000",
              both(rules.fahrRappenUeber10000), Unit::number);
+}
+
+/// The cell of the table of fares that answers for the way.
+std::string fareKey(const LICommute& commute, const LIRules& rules) {
+    const auto position = [&](const std::string& place) {
+        const auto& places = rules.fahrkostenOrte;
+        return static_cast<std::size_t>(std::ranges::find(places, place) - places.begin());
+    };
+    return itemKey(itemKey("fahrkostenMatrix", position(commute.from)), position(commute.to));
+}
+
+void explainFare(Draft& why, const CommutePath& path, const LICommute& commute,
+                 const LIRules& rules, const Decimal& fare) {
+    why.fact("Von " + commute.from, path("from"));
+    why.fact("Nach " + commute.to, path("to"));
+    why.rule(law::commute, "Fahrkosten eines vollen Jahres laut Tabelle", fareKey(commute, rules),
+             both(fare));
+    explainDays(why, path, commute, rules);
+}
+
+/// The way to work with its costs as they count.
+void explainCommute(Draft& why, const CommutePath& path, const LICommute& commute,
+                    const LIRules& rules, const Decimal& costs) {
+    const auto fare = rules.fahrkostenInland(commute.from, commute.to);
+    if (commute.mode == LICommute::Mode::ausland) {
+        explainKilometres(why, path, commute, rules);
+    } else if (fare) {
+        explainFare(why, path, commute, rules, *fare);
+    } else {
+        if (!commute.from.empty() || !commute.to.empty()) {
+            why.fact("Die Strecke steht nicht in der Tabelle – keine Fahrkosten.", path("from"));
+        }
+        return;
+    }
+    if (!commute.reimbursed.isZero()) {
+        why.input("− vom Arbeitgeber vergütet", commute.reimbursed, path("reimbursed"));
+    }
+    why.rounding("Nie unter 0, auf ganze Franken");
+    why.step("Fahrkosten", both(costs));
+}
+
+void explainMeals(Draft& why, const CommutePath& path, const LICommute& commute,
+                  const LIRules& rules, const Decimal& costs) {
+    why.input("Tage mit auswärtiger Verpflegung", commute.mealDays, path("mealDays"), Unit::number);
+    why.rule(law::workCosts, "Verpflegung pro Tag", "verpflegungProTag",
+             both(rules.verpflegungProTag));
+    why.rule(law::workCosts, "Verpflegung höchstens", "verpflegungMax", both(rules.verpflegungMax));
+    why.step("Verpflegung", both(costs));
 }
 
 } // namespace
@@ -73,46 +139,20 @@ WorkExpenseBreakdown workCosts(const Decimal& salary, const LICommute& commute,
     return costs;
 }
 
-void explainWorkCosts(DerivationRecorder::Draft& why, int person, const Decimal& salary,
-                      const LICommute& commute, const LIRules& rules) {
+void explainWorkCosts(Draft& why, const Adult& adult, const LIRules& rules) {
+    const Decimal salary = adult.grossSalary();
     if (salary <= 0) {
         return;
     }
-    const std::string_view record = person == 1 ? "commute1" : "commute2";
-    const auto path = [&](std::string_view field) { return FieldPath("li", record, field); };
-    const WorkExpenseBreakdown costs = workCosts(salary, commute, rules);
-    why.line(person == 1 ? "500" : "505", 0, "Bruttolohn", both(salary));
-    const bool abroad = commute.mode == LICommute::Mode::ausland;
-    const auto fare = rules.fahrkostenInland(commute.from, commute.to);
-    if (abroad) {
-        explainKilometres(why, path("kmPerDay"), commute, rules);
-    } else if (fare) {
-        why.fact("Von " + commute.from, path("from"));
-        why.fact("nach " + commute.to, path("to"));
-        why.step("Fahrkosten eines vollen Jahres laut Tabelle", both(*fare));
-    } else if (!commute.from.empty() || !commute.to.empty()) {
-        why.fact("Die Strecke steht nicht in der Tabelle – keine Fahrkosten.", path("from"));
+    const CommutePath path{adult.code("commute1", "commute2")};
+    const WorkExpenseBreakdown costs = workCosts(salary, adult.commute, rules);
+    why.line(adult.code("500", "505"), 0, "Bruttolohn – " + adult.person.displayName(),
+             both(salary));
+    explainCommute(why, path, adult.commute, rules, costs.commute);
+    if (adult.commute.mealDays != 0) {
+        explainMeals(why, path, adult.commute, rules, costs.meals);
     }
-    if (abroad || fare) {
-        why.input("Arbeitstage", commute.workDays, path("workDays"), Unit::number);
-        why.rule(law::commute, "Arbeitstage höchstens", "fahrMaxTage",
-                 both(Decimal(rules.fahrMaxTage)), Unit::number);
-        if (!commute.reimbursed.isZero()) {
-            why.input("− vom Arbeitgeber vergütet", commute.reimbursed, path("reimbursed"));
-        }
-        why.rounding("Auf ganze Franken");
-        why.step("Fahrkosten", both(costs.commute));
-    }
-    if (commute.mealDays != 0) {
-        why.input("Tage mit auswärtiger Verpflegung", commute.mealDays, path("mealDays"),
-                  Unit::number);
-        why.rule(law::workCosts, "Verpflegung pro Tag", "verpflegungProTag",
-                 both(rules.verpflegungProTag));
-        why.rule(law::workCosts, "Verpflegung höchstens", "verpflegungMax",
-                 both(rules.verpflegungMax));
-        why.step("Verpflegung", both(costs.meals));
-    }
-    why.rule(law::workCosts, "Mindestens die Pauschale, höchstens der Lohn",
+    why.rule(law::workCosts, "Mindestens die Pauschale (höchstens der Lohn)",
              "gewinnungskostenPauschal", both(rules.gewinnungskostenPauschal));
     why.step("Gewinnungskosten", both(costs.total()));
 }

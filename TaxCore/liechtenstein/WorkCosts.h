@@ -1,5 +1,6 @@
 #pragma once
 
+#include "TaxCore/liechtenstein/LICalculation.h"
 #include "TaxCore/model/LIExtras.h"
 #include "TaxCore/result/Derivation.h"
 #include "TaxCore/result/TaxResult.h"
@@ -29,7 +30,6 @@ WorkExpenseBreakdown workCosts(const Decimal& salary, const LICommute& commute,
                                const LIRules& rules);
 
 /// Tells how the costs of a person came about.
-void explainWorkCosts(DerivationRecorder::Draft& why, int person, const Decimal& salary,
-                      const LICommute& commute, const LIRules& rules);
+void explainWorkCosts(DerivationRecorder::Draft& why, const Adult& adult, const LIRules& rules);
 
 } // namespace taxcore::li

@@ -115,7 +115,7 @@ class LineBuilder {
     /// Incomes minus deductions since the section began.
     const Amounts& sum() const noexcept { return sum_; }
 
-    /// The lines since the section began that entered its sum, as steps of a subtotal.
+    /// The lines since the section began that make up its sum, as steps of a subtotal.
     void explainSum(Line& line) const {
         if constexpr (Recorder::enabled) {
             for (const Entered& entry : entered_) {
@@ -154,7 +154,8 @@ bool LineBuilder<Recorder>::Line::emit(TaxLine::Kind kind, const Amounts& amount
     }
     if constexpr (Recorder::enabled) {
         builder_.recorder_.keep(code, label_, std::move(why), amounts);
-        if (stands && (kind == TaxLine::Kind::income || kind == TaxLine::Kind::deduction)) {
+        if (!isZero(amounts)
+            && (kind == TaxLine::Kind::income || kind == TaxLine::Kind::deduction)) {
             builder_.entered_.push_back(
                 {code, label_, kind == TaxLine::Kind::income ? amounts : Amounts{} - amounts});
         }

@@ -3,8 +3,11 @@
 #include "TaxCore/base/Rounding.h"
 #include "TaxCore/model/Deductions.h"
 #include "TaxCore/model/Income.h"
+#include "TaxCore/model/Person.h"
 #include "TaxCore/result/Derivation.h"
+#include "TaxCore/result/FieldPath.h"
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -20,6 +23,11 @@ void forEachItem(const std::vector<T>& items, Use&& use) {
         use(item, index);
         ++index;
     }
+}
+
+/// How a derivation names a child: "Kind Aline", without a first name "Kind".
+inline std::string childLabel(const Child& child) {
+    return child.firstName.empty() ? "Kind" : "Kind " + child.firstName;
 }
 
 /// The sum of one amount over the items that count, each told as an input. `path` is that of the

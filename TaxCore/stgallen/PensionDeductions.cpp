@@ -81,7 +81,7 @@ void explainInsuranceCeiling(typename R::Draft& why, const Calculation<R>& c,
     if (ceiling.children > 0) {
         forEachItem(c.input.children, [&](const Child& child, int index) {
             if (isDeductible(child, c.input.year)) {
-                why.fact("Kind " + child.firstName, FieldPath("children", "education").at(index));
+                why.fact(childLabel(child), FieldPath("children", "education").at(index));
             }
         });
         rule("Zuschlag pro Kind", "versicherungen.proKind", &VersicherungParams::proKind);

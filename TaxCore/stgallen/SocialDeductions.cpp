@@ -105,7 +105,7 @@ void explainChildDeduction(typename R::Draft& why, const Calculation<R>& c,
                            const ChildDeductionLine& kind) {
     forEachItem(c.input.children, [&](const Child& child, int index) {
         if (kind.counts(child, c.input.year)) {
-            why.fact("Kind " + child.firstName + ": " + std::string(label(child.education)),
+            why.fact(childLabel(child) + ": " + std::string(label(child.education)),
                      FieldPath("children", "education").at(index));
         }
     });

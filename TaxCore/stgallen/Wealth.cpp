@@ -98,7 +98,7 @@ void addAllowances(Calculation<R>& c) {
             forEachItem(c.input.children, [&](const Child& child, int index) {
                 if (counts(child)) {
                     minors.why.fact(
-                        "Kind " + child.firstName,
+                        childLabel(child),
                         FieldPath("children", child.birthDate ? "birthDate" : "education")
                             .at(index));
                 }

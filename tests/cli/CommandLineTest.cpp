@@ -1,7 +1,8 @@
 // Runs the real program: arguments and standard input in, output, messages and exit code out.
 
 #include "TaxCore/demo/DemoData.h"
-#include "TaxCore/stgallen/TaxCalculator.h"
+#include "TaxCore/regions/CaseCalculator.h"
+#include "cli/TextTable.h"
 
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -14,6 +15,7 @@
 #include <iterator>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace taxcore {
@@ -66,7 +68,7 @@ class CommandLine : public ::testing::Test {
 };
 
 std::string resultOf(const TaxCase& taxCase, JsonStyle style) {
-    return toJson(TaxCalculator::forYear(taxCase.year)->calculate(taxCase), style);
+    return toJson(CaseCalculator::forCase(taxCase)->calculate(taxCase), style);
 }
 
 std::vector<std::string> linesOf(const std::string& text) {
@@ -94,6 +96,78 @@ TEST_F(CommandLine, computesTheDemoHousehold) {
     const Outcome why = run("rechne --warum cantonIncome", demo.out);
     EXPECT_EQ(why.exitCode, 0);
     EXPECT_NE(why.out.find("Auf 5 Rappen"), std::string::npos);
+}
+
+/// A return of Liechtenstein speaks of one tax, and fits the terminal.
+void expectLiechtensteinText(const std::string& text) {
+    for (const char* foreign : {"Kanton", "Bund", "Kirch", "St.Gallen", "Einfache Steuer"}) {
+        EXPECT_EQ(text.find(foreign), std::string::npos) << foreign;
+    }
+    for (const std::string& line : linesOf(text)) {
+        EXPECT_LE(fiscarel::cli::displayWidth(line), 100U) << line;
+    }
+}
+
+TEST_F(CommandLine, computesTheDemoHouseholdOfLiechtenstein) {
+    const Outcome demo = run("demo --region li --jahr 2026");
+    EXPECT_EQ(demo.exitCode, 0);
+    const TaxCase household = DemoData::liechtensteinFamily(2026);
+    EXPECT_EQ(demo.out, toJson(household));
+    EXPECT_EQ(run("rechne --json", demo.out).out, resultOf(household, JsonStyle::pretty));
+
+    const Outcome text = run("rechne -", demo.out);
+    EXPECT_EQ(text.exitCode, 0) << text.err;
+    for (const char* part :
+         {"Steuererklärung 2026 – Liechtenstein", "Vermögen per 1. Januar", "Sollertrag: 4 % von",
+          "Fahrkosten Inland berechnet", "Steuerbarer Gesamterwerb", "Gemeindezuschlag Triesen",
+          "Gemeindezuschlag vorläufig", "Total der Steuern"}) {
+        EXPECT_NE(text.out.find(part), std::string::npos) << part;
+    }
+    expectLiechtensteinText(text.out);
+}
+
+TEST_F(CommandLine, derivesLinesOfLiechtenstein) {
+    const TaxCase household = DemoData::liechtensteinFamily(2026);
+    const std::string input = toJson(household);
+    const auto calculator = CaseCalculator::forCase(household).value();
+    for (const auto& [code, parts] : std::vector<std::pair<std::string, std::vector<std::string>>>{
+             {"580",
+              {"Gewinnungskosten", "Zeile 500", "Zeile 505", "Von Triesen", "Nach Vaduz",
+               "Regel fahrkostenMatrix[1][0]", "Feld li.commute2.kmPerDay", "SteV Art. 14"}},
+             {"590", {"Sozialversicherungen", "Pensionskasse abziehbar", "Kind Aline"}},
+             {"660", {"Regel tarif.verheiratet[3].satz", "SteG Art. 19"}},
+             {"772", {"Freibetrag für Verheiratete", "Zeile 771"}},
+             {"885", {"Sollertrag: 4 % von CHF", "Auf ganze 100 Franken abgerundet"}},
+             {"municipalityRate", {"Gemeinde Triesen", "150%", "Vorläufig", "SteG Art. 75"}}}) {
+        const Outcome why = run("rechne --warum " + code, input);
+        EXPECT_EQ(why.exitCode, 0) << why.err;
+        for (const std::string& part : parts) {
+            EXPECT_NE(why.out.find(part), std::string::npos) << part << " in\n" << why.out;
+        }
+        expectLiechtensteinText(why.out);
+        EXPECT_EQ(run("rechne --json --warum " + code, input).out,
+                  toJson(calculator.explain(household, code).value()));
+    }
+    const Outcome foreign = run("rechne --warum totalEinkuenfte", input);
+    EXPECT_EQ(foreign.exitCode, 1);
+    EXPECT_NE(foreign.err.find("«totalEinkuenfte»"), std::string::npos) << foreign.err;
+}
+
+TEST_F(CommandLine, beginsACaseThatComputes) {
+    for (const TaxRegion region : allValues<TaxRegion>()) {
+        const std::string code(rawValue(region));
+        const Outcome fresh = run("neu --jahr 2025 --region " + code);
+        EXPECT_EQ(fresh.exitCode, 0) << fresh.err;
+        const auto begun = fromJson<TaxCase>(fresh.out);
+        ASSERT_TRUE(begun) << begun.error().message;
+        EXPECT_EQ(begun->taxRegion(), region);
+        const Outcome computed = run("rechne --json", fresh.out);
+        EXPECT_EQ(computed.exitCode, 0) << computed.err;
+        EXPECT_EQ(computed.out, resultOf(*begun, JsonStyle::pretty));
+        EXPECT_TRUE(CaseCalculator::forCase(*begun)->calculate(*begun).notices.empty()) << code;
+        EXPECT_EQ(run("rechne -", fresh.out).exitCode, 0) << code;
+    }
+    EXPECT_EQ(run("neu --jahr 2025").out.find("\"region\""), std::string::npos);
 }
 
 TEST_F(CommandLine, readsOneYearOfAStateFile) {
@@ -184,7 +258,8 @@ TEST_F(CommandLine, computesBatchesInOrderOnAnyNumberOfThreads) {
             expected.emplace_back("{\"line\": " + std::to_string(i + 1) + ", \"error\": ");
             continue;
         }
-        TaxCase household = DemoData::family(2025 + i % 2);
+        TaxCase household = DemoData::household(
+            i % 3 == 1 ? TaxRegion::liechtenstein : TaxRegion::stGallen, 2025 + i % 2);
         household.income1.salaries[0].grossSalary += i;
         input += toJson(household, JsonStyle::compact) + (i % 3 == 0 ? "\r\n" : "\n");
         expected.push_back(resultOf(household, JsonStyle::compact));

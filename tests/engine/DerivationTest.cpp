@@ -1,24 +1,26 @@
 #include "TaxCore/base/RecordPath.h"
 #include "TaxCore/demo/DemoData.h"
-#include "TaxCore/stgallen/TaxCalculator.h"
-#include "tests/support/CaseFile.h"
+#include "TaxCore/regions/CaseCalculator.h"
+#include "tests/support/Households.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <map>
+#include <ostream>
 #include <set>
 
 namespace taxcore {
 namespace {
 
-std::vector<TaxCase> households() {
-    std::vector<TaxCase> cases;
-    for (const int year : RuleBook::supportedYears) {
-        cases.push_back(DemoData::family(year));
-    }
-    for (const auto& file : testing::readCaseFiles("sg")) {
-        cases.push_back(file.household);
+/// The households of a region, all with a record of what only Liechtenstein asks for, so that paths
+/// into it lead somewhere.
+std::vector<TaxCase> households(TaxRegion region) {
+    std::vector<TaxCase> cases = testing::householdsOf(region);
+    for (TaxCase& taxCase : cases) {
+        if (region == TaxRegion::liechtenstein) {
+            taxCase.setLiExtras(taxCase.liExtras());
+        }
     }
     return cases;
 }
@@ -31,11 +33,28 @@ std::optional<Decimal> ruleValue(const std::string& key, const Records&... recor
     return text ? std::optional(Decimal::parse(*text).value()) : std::nullopt;
 }
 
-/// Checks the derivations of one household against the case, the rule book and the result.
+/// A rule value on each side that has one of its own.
+struct RuleValue {
+    std::optional<Decimal> canton;
+    std::optional<Decimal> federal;
+};
+
+RuleValue ruleOf(const TaxCase& taxCase, const std::string& key) {
+    if (taxCase.taxRegion() == TaxRegion::liechtenstein) {
+        return {ruleValue(key, *LIRules::load(taxCase.year).value()), std::nullopt};
+    }
+    const auto calculator = TaxCalculator::forYear(taxCase.year).value();
+    const RuleBook& rules = calculator.rules();
+    return {
+        ruleValue(key, rules.cantonal, rules.cantonalExtra, rules.municipalities, rules.sgTariff),
+        ruleValue(key, rules.federal, rules.federalRules)};
+}
+
+/// Checks the derivations of one household against the case, the rules and the result.
 class Derivations {
   public:
     explicit Derivations(const TaxCase& taxCase)
-        : taxCase_(taxCase), calculator_(TaxCalculator::forYear(taxCase.year).value()),
+        : taxCase_(taxCase), calculator_(CaseCalculator::forCase(taxCase).value()),
           result_(calculator_.calculate(taxCase)), all_(calculator_.explainAll(taxCase)) {}
 
     const TaxResult& result() const { return result_; }
@@ -68,10 +87,7 @@ class Derivations {
     /// Rule values are those of the rule book under the key that is named, and cite the law of each
     /// side they are told for.
     void expectRule(const DerivationStep& step) const {
-        const RuleBook& rules = calculator_.rules();
-        const auto canton = ruleValue(*step.ruleKey, rules.cantonal, rules.cantonalExtra,
-                                      rules.municipalities, rules.sgTariff);
-        const auto federal = ruleValue(*step.ruleKey, rules.federal, rules.federalRules);
+        const auto [canton, federal] = ruleOf(taxCase_, *step.ruleKey);
         ASSERT_TRUE(canton || federal) << *step.ruleKey;
         if (step.canton) {
             EXPECT_EQ(canton ? canton : federal, step.canton) << *step.ruleKey;
@@ -137,15 +153,26 @@ class Derivations {
         }
     }
 
-    /// An amount is never above the caps it names.
+    /// What a cap limits is never above it: the intermediate result that follows, else the amount.
     void expectCapped(std::string_view code) const {
         const Derivation* derivation = find(code);
         ASSERT_NE(derivation, nullptr) << code;
-        for (const DerivationStep& step : derivation->steps) {
-            if (step.kind == DerivationStep::Kind::cap) {
-                EXPECT_LE(derivation->canton.value(), step.canton.value()) << code;
-                EXPECT_LE(derivation->federal.value(), step.federal.value()) << code;
+        const auto& steps = derivation->steps;
+        for (auto cap = steps.begin(); cap != steps.end(); ++cap) {
+            if (cap->kind != DerivationStep::Kind::cap) {
+                continue;
             }
+            const auto part = std::find_if(cap, steps.end(), [](const DerivationStep& step) {
+                return step.kind == DerivationStep::Kind::step;
+            });
+            const bool whole = part == steps.end();
+            const auto expectSide = [&](const std::optional<Decimal>& limited,
+                                        const std::optional<Decimal>& limit) {
+                ASSERT_EQ(limited.has_value(), limit.has_value()) << code;
+                EXPECT_TRUE(!limit || *limited <= *limit) << code << ": " << cap->text;
+            };
+            expectSide(whole ? derivation->canton : part->canton, cap->canton);
+            expectSide(whole ? derivation->federal : part->federal, cap->federal);
         }
     }
 
@@ -159,14 +186,26 @@ class Derivations {
 
   private:
     const TaxCase& taxCase_;
-    TaxCalculator calculator_;
+    CaseCalculator calculator_;
     TaxResult result_;
     std::vector<Derivation> all_;
 };
 
-TEST(Derivation, everyLineAndFigureOfEveryHouseholdIsDerived) {
-    for (const TaxCase& taxCase : households()) {
-        SCOPED_TRACE(taxCase.municipality + " " + std::to_string(taxCase.year));
+/// What the tests ask of the derivations of a region beyond those of its lines.
+struct Scope {
+    TaxRegion region;
+    std::set<std::string_view> figures; ///< of the bill, under their own names
+    std::vector<std::string_view> sums;
+    std::size_t traced; ///< fewer steps with a source would mean that little was looked at
+
+    friend void PrintTo(const Scope& scope, std::ostream* out) { *out << label(scope.region); }
+};
+
+class Derived : public ::testing::TestWithParam<Scope> {};
+
+TEST_P(Derived, everyLineAndFigureOfEveryHousehold) {
+    for (const TaxCase& taxCase : households(GetParam().region)) {
+        SCOPED_TRACE(testing::nameOf(taxCase));
         const Derivations derivations(taxCase);
         for (const TaxLine& line : derivations.result().fields()) {
             derivations.expectEndsIn(line.code, line.canton, line.federalOrCanton());
@@ -180,31 +219,31 @@ TEST(Derivation, everyLineAndFigureOfEveryHouseholdIsDerived) {
             }
             derivations.expectCapped(line.code);
         }
+        std::set<std::string_view> left = GetParam().figures;
+        const auto expectFigure = [&](std::string_view name, const Decimal& value) {
+            if (left.erase(name) > 0) {
+                derivations.expectEndsIn(name, value, value);
+            }
+        };
         const TaxBill& bill = derivations.result().bill;
-        const std::set<std::string_view> lines{"taxableIncomeCanton", "taxableIncomeFederal",
-                                               "taxableWealth"};
         forEachField(bill, [&](std::string_view name, const auto& value) {
             if constexpr (std::is_same_v<std::remove_cvref_t<decltype(value)>, Decimal>) {
-                if (!lines.contains(name)) {
-                    derivations.expectEndsIn(name, value, value);
-                }
+                expectFigure(name, value);
             }
         });
-        for (const std::string_view sum : {"totalEinkuenfte", "totalAbzuege", "totalVermoegen",
-                                           "cantonTotal", "municipalityTotal", "churchTotal",
-                                           "cantonAndMunicipalityTotal", "total", "totalRate"}) {
+        expectFigure("total", bill.total());
+        expectFigure("cantonAndMunicipalityTotal", bill.cantonAndMunicipalityTotal());
+        EXPECT_EQ(left, std::set<std::string_view>{});
+        for (const std::string_view sum : GetParam().sums) {
             derivations.expectSum(sum);
         }
-        derivations.expectEndsIn("total", bill.total(), bill.total());
-        derivations.expectEndsIn("cantonAndMunicipalityTotal", bill.cantonAndMunicipalityTotal(),
-                                 bill.cantonAndMunicipalityTotal());
     }
 }
 
-TEST(Derivation, everyStepCanBeTracedToItsSource) {
+TEST_P(Derived, fromWhereEveryStepCanBeTracedTo) {
     std::size_t traced = 0;
-    for (const TaxCase& taxCase : households()) {
-        SCOPED_TRACE(taxCase.municipality + " " + std::to_string(taxCase.year));
+    for (const TaxCase& taxCase : households(GetParam().region)) {
+        SCOPED_TRACE(testing::nameOf(taxCase));
         const Derivations derivations(taxCase);
         std::set<std::string> codes;
         for (const Derivation& derivation : derivations.all()) {
@@ -221,11 +260,35 @@ TEST(Derivation, everyStepCanBeTracedToItsSource) {
                 if (step.code) {
                     derivations.expectLine(step);
                 }
+                EXPECT_EQ(step.text.find_first_not_of(' '), 0U) << step.text;
+                EXPECT_NE(step.text.back(), ' ') << step.text;
             }
         }
     }
-    EXPECT_GT(traced, 4000U);
+    EXPECT_GT(traced, GetParam().traced);
 }
+
+INSTANTIATE_TEST_SUITE_P(
+    Derivation, Derived,
+    ::testing::Values(
+        Scope{TaxRegion::stGallen,
+              {"simpleIncomeTax", "simpleIncomeRatePercent", "simpleWealthTax", "cantonRate",
+               "municipalityRate", "churchRate", "cantonIncome", "municipalityIncome",
+               "churchIncome", "cantonWealth", "municipalityWealth", "churchWealth",
+               "federalBeforeChildReduction", "federalChildReduction", "federal", "total",
+               "cantonAndMunicipalityTotal"},
+              {"totalEinkuenfte", "totalAbzuege", "totalVermoegen", "cantonTotal",
+               "municipalityTotal", "churchTotal", "cantonAndMunicipalityTotal", "total",
+               "totalRate"},
+              4000},
+        Scope{TaxRegion::liechtenstein,
+              {"cantonRate", "municipalityRate", "simpleIncomeTax", "simpleIncomeRatePercent",
+               "cantonIncome", "municipalityIncome", "total"},
+              {"575", "640", "771", "800", "880", "680"},
+              1500}),
+    [](const ::testing::TestParamInfo<Scope>& tested) {
+        return testing::suiteName(tested.param.region);
+    });
 
 /// The text of every step of a derivation with the sides it is told for.
 std::string told(const TaxCase& taxCase, std::string_view code) {
@@ -258,7 +321,7 @@ TEST(Derivation, tellsOnlyTheSidesThatAFigureOrRuleConcerns) {
 
 /// Rule, cut income and bracket lead to the tax that is told: worked out again from the steps.
 TEST(Derivation, federalTariffFollowsFromItsSteps) {
-    for (const TaxCase& taxCase : households()) {
+    for (const TaxCase& taxCase : households(TaxRegion::stGallen)) {
         const auto derivation = TaxCalculator::forYear(taxCase.year)
                                     ->explain(taxCase, "federalBeforeChildReduction")
                                     .value();
@@ -278,6 +341,63 @@ TEST(Derivation, federalTariffFollowsFromItsSteps) {
             tax = income * values.at("Fester Satz vom ganzen Betrag");
         }
         EXPECT_EQ((tax * 20).roundDown(0) / 20, derivation.federal) << taxCase.municipality;
+    }
+}
+
+/// There is one tax authority in Liechtenstein, and its law.
+TEST(Derivation, ofLiechtensteinTellsOneSideAndItsLaw) {
+    for (const TaxCase& taxCase : households(TaxRegion::liechtenstein)) {
+        const auto all = CaseCalculator::forCase(taxCase)->explainAll(taxCase);
+        for (const Derivation& derivation : all) {
+            SCOPED_TRACE(testing::nameOf(taxCase) + ": " + derivation.code);
+            EXPECT_TRUE(derivation.canton && !derivation.federal);
+            for (const DerivationStep& step : derivation.steps) {
+                EXPECT_FALSE(step.federal || step.lawFederal) << step.text;
+                EXPECT_EQ(step.canton.has_value(), step.unit.has_value()) << step.text;
+                EXPECT_TRUE(!step.lawCanton || step.lawCanton->starts_with("SteG Art. "))
+                    << *step.lawCanton;
+            }
+        }
+    }
+}
+
+const Decimal* amountOf(const Derivation& derivation, std::string_view text) {
+    const auto found = std::ranges::find(derivation.steps, text, &DerivationStep::text);
+    return found == derivation.steps.end() || !found->canton ? nullptr : &*found->canton;
+}
+
+/// Taxable total, rate and deduction lead to the tax that is told, and the total lies in the step.
+TEST(Derivation, nationalTaxFollowsFromItsSteps) {
+    std::set<Decimal> rates;
+    for (const TaxCase& taxCase : households(TaxRegion::liechtenstein)) {
+        SCOPED_TRACE(testing::nameOf(taxCase));
+        const auto calculator = CaseCalculator::forCase(taxCase).value();
+        const auto derivation = calculator.explain(taxCase, "660").value();
+        const Decimal* taxable = amountOf(derivation, "Steuerbarer Gesamterwerb");
+        const Decimal* rate = amountOf(derivation, "Satz der Stufe, vom ganzen Betrag");
+        const Decimal* deduction = amountOf(derivation, "− Abzug der Stufe");
+        ASSERT_TRUE(taxable && rate && deduction);
+        const Decimal tax = std::max(*taxable * *rate - *deduction, Decimal(0));
+        EXPECT_EQ((tax * 20).roundPlain(0) / 20, derivation.canton);
+        if (const Decimal* bound = amountOf(derivation, "Die Stufe reicht bis")) {
+            EXPECT_LE(*taxable, *bound);
+        }
+        rates.insert(*rate);
+    }
+    EXPECT_GE(rates.size(), 6U);
+}
+
+/// The parts of the insurance line that are told add up to it.
+TEST(Derivation, insuranceFollowsFromItsParts) {
+    for (const TaxCase& taxCase : households(TaxRegion::liechtenstein)) {
+        SCOPED_TRACE(testing::nameOf(taxCase));
+        const auto calculator = CaseCalculator::forCase(taxCase).value();
+        const auto derivation = calculator.explain(taxCase, "590").value();
+        const Decimal* social = amountOf(derivation, "Sozialversicherungen");
+        const Decimal* pension = amountOf(derivation, "Pensionskasse abziehbar");
+        const Decimal* premiums = amountOf(derivation, "Private Versicherungen abziehbar");
+        ASSERT_TRUE(social && pension && premiums);
+        EXPECT_EQ(*social + *pension + *premiums, derivation.canton);
     }
 }
 
