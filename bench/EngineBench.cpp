@@ -2,6 +2,7 @@
 
 #include "TaxCore/demo/DemoData.h"
 #include "TaxCore/liechtenstein/LiechtensteinCalculator.h"
+#include "TaxCore/review/Review.h"
 #include "TaxCore/stgallen/TaxCalculator.h"
 #include "cli/Batch.h"
 
@@ -226,6 +227,22 @@ void marginalCurve(benchmark::State& state) {
     }
 }
 BENCHMARK(marginalCurve)->Unit(benchmark::kMicrosecond);
+
+/// All advice at once: checks, tips, marginal split, a curve of 200 points, a plan of five years.
+/// `region`: 0 St.Gallen, 1 Liechtenstein.
+void review(benchmark::State& state) {
+    const TaxCase demo =
+        state.range(0) == 0 ? DemoData::family(year) : DemoData::liechtensteinFamily(year);
+    const auto calculator = CaseCalculator::forCase(demo).value();
+    const Date today = Date::of(year, 11, 1).value();
+    for (auto _ : state) {
+        const TaxResult result = calculator.calculate(demo);
+        benchmark::DoNotOptimize(Review::of({calculator, demo, result, today}));
+        benchmark::DoNotOptimize(Advisor::incomeCurve(calculator, demo, result, 200'000, 200));
+        benchmark::DoNotOptimize(Advisor::planBuyIn(calculator, demo, 1, 100'000));
+    }
+}
+BENCHMARK(review)->ArgName("region")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
 } // namespace
 
