@@ -1,6 +1,7 @@
 #include "cli/Batch.h"
 
 #include "TaxCore/base/JsonWriter.h"
+#include "TaxCore/base/Text.h"
 #include "cli/Input.h"
 
 #include <algorithm>
@@ -17,7 +18,10 @@ namespace {
 
 using namespace taxcore;
 
-/// Some whole lines of the input.
+/// In bytes, without the line feed; longer than any household's case.
+constexpr std::size_t longestLine = std::size_t{16} << 20U;
+
+/// Some whole lines of the input; of a line that is too long at least so much that it shows.
 struct Block {
     std::size_t number = 0;    ///< position in the input, from 0
     std::size_t firstLine = 0; ///< from 1
@@ -47,8 +51,6 @@ class BlockReader {
 
   private:
     static constexpr std::size_t blockSize = std::size_t{1} << 18U;
-    /// A line longer than any household's case: its rest is dropped and it is reported as damaged.
-    static constexpr std::size_t longestLine = std::size_t{16} << 20U;
 
     void fill(std::string& text) {
         std::size_t lineEnd = std::string::npos;
@@ -133,8 +135,12 @@ std::string errorLine(std::size_t line, const std::string& error) {
     return text + "}\n";
 }
 
-/// The answer to one line, whatever computing it throws.
+/// The answer to one line, however long it is and whatever computing it throws.
 std::string safeAnswer(const LineAnswer& answer, std::size_t number, std::string_view line) {
+    if (line.size() > longestLine) {
+        return errorLine(number,
+                         "Die Zeile ist länger als " + std::to_string(longestLine >> 20U) + " MB.");
+    }
     const std::string incomputable = "Der Fall lässt sich nicht berechnen: ";
     try {
         return answer(number, line);
@@ -172,6 +178,9 @@ void work(BlockReader& reader, BlockWriter& writer, const LineAnswer& answer) no
 } // namespace
 
 std::string caseAnswer(std::size_t number, std::string_view line) {
+    if (isBlank(line)) {
+        return errorLine(number, "Die Zeile ist leer.");
+    }
     const auto taxCase = fromJson<TaxCase>(line);
     if (!taxCase) {
         return errorLine(number, taxCase.error().messageWithoutLine());

@@ -9,7 +9,9 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <optional>
 #include <thread>
+#include <vector>
 
 namespace fiscarel::cli {
 
@@ -20,6 +22,64 @@ using namespace taxcore;
 /// Faults of a file are told with its name.
 std::string about(const std::string& file, const std::string& sentence) {
     return file == "-" ? sentence : file + ": " + sentence;
+}
+
+/// The codes of the lines that stand under a number of the form.
+std::vector<std::string> codesOfZiffer(const TaxResult& result, const std::string& ziffer) {
+    std::vector<std::string> codes;
+    for (const TaxLine& line : result.fields()) {
+        if (line.ziffer == ziffer) {
+            codes.push_back(line.code);
+        }
+    }
+    return codes;
+}
+
+/// The codes of the lines of the return, and of other figures that are not 0.
+std::vector<std::string> knownCodes(const TaxResult& result, const std::vector<Derivation>& all) {
+    const auto isAmount = [](const std::optional<Decimal>& value) {
+        return value && !value->isZero();
+    };
+    std::vector<std::string> codes;
+    for (const Derivation& derivation : all) {
+        if (result.line(derivation.code) != nullptr || isAmount(derivation.canton)
+            || isAmount(derivation.federal)) {
+            codes.push_back(derivation.code);
+        }
+    }
+    return codes;
+}
+
+std::string possible(const std::vector<std::string>& codes) {
+    std::string text = " Mögliche Angaben: ";
+    for (const std::string& code : codes) {
+        text += (&code == &codes.front() ? "" : ", ") + code;
+    }
+    return text + ".";
+}
+
+/// How the line or figure that is asked for came about.
+int explain(const CaseCalculator& calculator, const TaxCase& taxCase,
+            const ComputeOptions& options) {
+    const std::vector<Derivation> all = calculator.explainAll(taxCase);
+    const TaxResult result = calculator.calculate(taxCase);
+    auto found = std::ranges::find(all, options.why, &Derivation::code);
+    if (found == all.end()) {
+        const auto codes = codesOfZiffer(result, options.why);
+        if (codes.size() > 1) {
+            return failAtLength("Die Ziffer «" + options.why + "» steht für mehrere Zeilen."
+                                + possible(codes));
+        }
+        if (!codes.empty()) {
+            found = std::ranges::find(all, codes.front(), &Derivation::code);
+        }
+    }
+    if (found == all.end()) {
+        return failAtLength("Eine Zeile «" + options.why
+                            + "» gibt es in dieser Steuererklärung nicht."
+                            + possible(knownCodes(result, all)));
+    }
+    return print(options.json ? toJson(*found) : derivationText(*found, taxCase.taxRegion()));
 }
 
 } // namespace
@@ -51,13 +111,7 @@ int compute(const ComputeOptions& options) {
         return fail(about(options.file, calculator.error()));
     }
     if (!options.why.empty()) {
-        const auto derivation = calculator->explain(*taxCase, options.why);
-        if (!derivation) {
-            return fail("Eine Zeile «" + options.why
-                        + "» gibt es in dieser Steuererklärung nicht.");
-        }
-        return print(options.json ? toJson(*derivation)
-                                  : derivationText(*derivation, taxCase->taxRegion()));
+        return explain(*calculator, *taxCase, options);
     }
     const TaxResult result = calculator->calculate(*taxCase);
     return print(options.json ? toJson(result) : returnText(*taxCase, result));

@@ -7,7 +7,7 @@
 
 namespace fiscarel::cli {
 
-// Each command returns the exit code: 0, or 1 after one German sentence on standard error.
+// Each command returns the exit code: 0, or 1 after a German message on standard error.
 // Years of new cases must be supported ones.
 
 struct NewOptions {
@@ -28,7 +28,7 @@ struct ComputeOptions {
     std::string file = "-";
     std::optional<int> year; ///< given: the file is a state file
     bool json = false;
-    std::string why; ///< code of a line to derive
+    std::string why; ///< code or Ziffer of a line to derive
 };
 /// Computes one case.
 int compute(const ComputeOptions& options);

@@ -18,7 +18,7 @@ constexpr std::size_t textWidth = 46;
 constexpr std::size_t amountWidth = 16;
 constexpr std::size_t sourceWidth = 78;
 
-std::string cell(const std::string& text) { return padLeft(text, amountWidth); }
+std::string cell(std::string_view text) { return cli::cell(text, amountWidth); }
 
 /// Francs with Rappen, or with the further decimals they have, up to six.
 std::string francs(const Decimal& value) {
@@ -94,7 +94,7 @@ std::string stepSource(const DerivationStep& step) {
         }
     };
     add("Feld ", step.path);
-    add("Zeile ", step.code);
+    add("siehe ", step.code);
     add("Regel ", step.ruleKey);
     add("", step.lawCanton);
     add("", step.lawFederal);

@@ -7,8 +7,9 @@
 
 namespace fiscarel::cli {
 
-/// The derivation of one line or figure as German text of at most 100 columns. Canton and
-/// federation have a column each only where they part.
+/// The derivation of one line or figure as German text, in lines of at most 100 columns unless
+/// amounts are wider than their columns. Canton and federation have a column each only where they
+/// part.
 std::string derivationText(const taxcore::Derivation& derivation, taxcore::TaxRegion region);
 
 } // namespace fiscarel::cli

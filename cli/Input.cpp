@@ -1,6 +1,10 @@
 #include "cli/Input.h"
 
+#include "TaxCore/base/Text.h"
+#include "cli/Output.h"
+
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
@@ -33,6 +37,60 @@ tl::unexpected<Fault> unreadable(const std::string& file, int error) {
     return tl::unexpected(what + " lässt sich nicht lesen: " + reason(error));
 }
 
+/// Whether a record lacks `key`, which is the first it needs.
+bool lacks(const JsonError& error, std::string_view key) {
+    return error.kind == JsonError::Kind::missingKey && error.path == key;
+}
+
+// What the other kind of file has as its first key tells which of the two a text is.
+
+bool isStateFile(const std::string& text) {
+    const auto state = fromJson<CasesByYear>(text);
+    return state || !lacks(state.error(), "cases");
+}
+
+bool isSingleCase(const std::string& text) {
+    const auto taxCase = fromJson<TaxCase>(text);
+    return taxCase || !lacks(taxCase.error(), "year");
+}
+
+tl::expected<TaxCase, Fault> readSingleCase(const std::string& text) {
+    auto taxCase = fromJson<TaxCase>(text);
+    if (taxCase) {
+        return std::move(*taxCase);
+    }
+    if (lacks(taxCase.error(), "year") && isStateFile(text)) {
+        return tl::unexpected(
+            Fault("Die Datei enthält mehrere Steuerjahre: bitte mit --jahr eines wählen."));
+    }
+    return tl::unexpected(taxCase.error().message);
+}
+
+tl::expected<TaxCase, Fault> readCaseOfYear(const std::string& text, int year) {
+    auto state = fromJson<CasesByYear>(text);
+    if (!state) {
+        return tl::unexpected(lacks(state.error(), "cases") && isSingleCase(text)
+                                  ? "Die Datei enthält einen einzelnen Fall: bitte ohne --jahr "
+                                    "aufrufen."
+                                  : state.error().message);
+    }
+    if (state->version > 1) {
+        return tl::unexpected("Die Datei hat die Version " + std::to_string(state->version)
+                              + "; dieses Programm liest Version 1.");
+    }
+    const auto found = state->cases.find(year);
+    if (found == state->cases.end()) {
+        return tl::unexpected("Die Datei enthält keine Angaben für das Steuerjahr "
+                              + std::to_string(year) + ".");
+    }
+    if (found->second.year != year) {
+        return tl::unexpected("Unter dem Steuerjahr " + std::to_string(year)
+                              + " steht in der Datei ein Fall des Steuerjahrs "
+                              + std::to_string(found->second.year) + ".");
+    }
+    return std::move(found->second);
+}
+
 } // namespace
 
 void CloseInput::operator()(std::FILE* stream) const noexcept {
@@ -50,6 +108,9 @@ tl::expected<InputStream, Fault> openInput(const std::string& file) {
     }
     if (S_ISDIR(status.st_mode)) {
         return unreadable(file, EISDIR);
+    }
+    if (file == "-" && isatty(fileno(stream.get())) != 0) {
+        tell("Die Angaben werden von der Standardeingabe gelesen; Ende mit Strg+D.");
     }
     return stream;
 }
@@ -76,23 +137,10 @@ tl::expected<std::string, Fault> readText(const std::string& file) {
 }
 
 tl::expected<TaxCase, Fault> readCase(const std::string& text, std::optional<int> year) {
-    if (!year) {
-        return fromJson<TaxCase>(text).map_error([](const JsonError& e) { return e.message; });
+    if (isBlank(text)) {
+        return tl::unexpected(Fault("Die Eingabe ist leer."));
     }
-    auto state = fromJson<CasesByYear>(text);
-    if (!state) {
-        return tl::unexpected(state.error().message);
-    }
-    if (state->version > 1) {
-        return tl::unexpected("Die Datei hat die Version " + std::to_string(state->version)
-                              + "; dieses Programm liest Version 1.");
-    }
-    const auto found = state->cases.find(*year);
-    if (found == state->cases.end()) {
-        return tl::unexpected("Die Datei enthält keine Angaben für das Steuerjahr "
-                              + std::to_string(*year) + ".");
-    }
-    return std::move(found->second);
+    return year ? readCaseOfYear(text, *year) : readSingleCase(text);
 }
 
 tl::expected<CaseCalculator, Fault> calculatorFor(const TaxCase& taxCase) {

@@ -22,14 +22,15 @@ struct CloseInput {
 using InputStream = std::unique_ptr<std::FILE, CloseInput>;
 
 /// Opens a file for reading, or standard input for "-"; a fault also for a folder and for a
-/// standard input that is not open.
+/// standard input that is not open. Somebody at a terminal is told that the program waits.
 tl::expected<InputStream, Fault> openInput(const std::string& file);
 
 /// The whole text of a file, or of standard input for "-". Larger inputs than any household's file
 /// are refused before they fill the memory.
 tl::expected<std::string, Fault> readText(const std::string& file);
 
-/// The case in a text: a single case, or the case of one year of a state file.
+/// The case in a text: a single case, or with `year` the one of that year in a state file. A fault
+/// also when the text is the other kind of file or the case of another year.
 tl::expected<taxcore::TaxCase, Fault> readCase(const std::string& text, std::optional<int> year);
 
 /// The calculator for a case; a fault when its year cannot be computed.

@@ -1,6 +1,7 @@
 #include "cli/Output.h"
 
 #include "cli/Printable.h"
+#include "cli/TextTable.h"
 
 #include <cstdio>
 
@@ -12,9 +13,18 @@ int print(const std::string& text) {
                                                : fail("Die Ausgabe lässt sich nicht schreiben.");
 }
 
-int fail(const std::string& sentence, int code) {
+void tell(const std::string& sentence) {
     std::fprintf(stderr, "%s\n", printable(sentence).c_str());
+}
+
+int fail(const std::string& sentence, int code) {
+    tell(sentence);
     return code;
+}
+
+int failAtLength(const std::string& message) {
+    std::fputs(wrapped(printable(message), lineWidth, "").c_str(), stderr);
+    return exitCode::failed;
 }
 
 } // namespace fiscarel::cli

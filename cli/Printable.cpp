@@ -3,6 +3,7 @@
 #include "TaxCore/base/Utf8.h"
 
 #include <algorithm>
+#include <array>
 
 namespace fiscarel::cli {
 
@@ -25,10 +26,17 @@ bool isShown(char32_t code) {
     constexpr char32_t lastOverride = 0x202E;
     constexpr char32_t firstIsolate = 0x2066;
     constexpr char32_t lastIsolate = 0x2069;
+    constexpr std::array<char32_t, 4> marks{
+        0x061C, // Arabic letter mark
+        0x200E, // left-to-right mark
+        0x200F, // right-to-left mark
+        0xFEFF, // byte order mark
+    };
     const bool control = code < 0x20 || (code >= 0x7F && code <= 0x9F);
     const bool layout = (code >= lineSeparator && code <= lastOverride)
                         || (code >= firstIsolate && code <= lastIsolate);
-    return !control && !layout;
+    const bool mark = std::ranges::find(marks, code) != marks.end();
+    return !control && !layout && !mark;
 }
 
 /// How one well-formed sequence is shown.

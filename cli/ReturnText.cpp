@@ -19,11 +19,10 @@ constexpr std::size_t amountWidth = 16;
 constexpr std::size_t billNameWidth = 30;
 constexpr std::size_t rateWidth = 12;
 constexpr std::size_t textWidth = 92;
-constexpr std::size_t lineWidth = 100;
 
 std::string amount(const Decimal& value) { return MoneyFormat::chf(value, 2, false); }
 
-std::string cell(const std::string& text) { return padLeft(text, amountWidth); }
+std::string cell(std::string_view text) { return cli::cell(text, amountWidth); }
 
 /// A label of at most `width` columns behind `start`, with the amounts behind its last line; the
 /// lines after the first are indented like the text behind `start`.
@@ -79,7 +78,7 @@ std::string sectionText(const TaxSection& section) {
 std::string billRow(const std::string& name, const std::string& rate, const std::string& income,
                     const std::string& wealth, const std::string& total) {
     return labelled("  ", name, billNameWidth,
-                    padLeft(rate, rateWidth) + cell(income) + cell(wealth) + cell(total));
+                    cli::cell(rate, rateWidth) + cell(income) + cell(wealth) + cell(total));
 }
 
 /// The church row names the parish whose multiplier counts, or why there is none.
@@ -148,13 +147,16 @@ std::string liechtensteinBillText(const TaxCase& taxCase, const TaxResult& resul
     const auto row = [](const std::string& name, const std::string& rate,
                         const std::string& value) {
         return labelled("  ", name, billNameWidth + 2 * amountWidth,
-                        padLeft(rate, rateWidth) + cell(value));
+                        cli::cell(rate, rateWidth) + cell(value));
     };
     std::string text = heading("Steuerrechnung");
     text += "\n  Tarif: " + std::string(label(liTariffOf(taxCase))) + "\n\n";
     text += row("Steuerbarer Gesamterwerb", "", amount(bill.taxableIncomeCanton));
     text += row("Landessteuer", "", amount(bill.cantonIncome));
-    text += row("Gemeindezuschlag " + printable(taxCase.municipality),
+    const bool unknown =
+        std::ranges::find(result.notices, "li-gemeinde", &Notice::id) != result.notices.end();
+    text += row("Gemeindezuschlag "
+                    + (unknown ? std::string("(angenommen)") : printable(taxCase.municipality)),
                 percent(bill.municipalityRate), amount(bill.municipalityIncome));
     text += "  " + std::string(billNameWidth + rateWidth + 3 * amountWidth, '-') + "\n";
     text += row("Total der Steuern", percent(bill.simpleIncomeRatePercent), amount(bill.total()));

@@ -37,6 +37,10 @@ std::string padLeft(std::string_view text, std::size_t width) {
     return std::string(width - std::min(width, displayWidth(text)), ' ').append(text);
 }
 
+std::string cell(std::string_view text, std::size_t width) {
+    return " " + padLeft(text, std::max<std::size_t>(width, 1) - 1);
+}
+
 std::string wrapped(std::string_view text, std::size_t width, std::string_view indent) {
     std::string lines;
     std::string line;
@@ -51,7 +55,7 @@ std::string wrapped(std::string_view text, std::size_t width, std::string_view i
         if (!line.empty() && displayWidth(line) + 1 + displayWidth(word) > width) {
             endLine();
         }
-        while (displayWidth(word) > width) {
+        for (std::size_t columns = displayWidth(word); columns > width; columns -= width) {
             const std::size_t fits = bytesOfColumns(word, width);
             line = word.substr(0, fits);
             word.remove_prefix(fits);
@@ -70,8 +74,15 @@ std::string withoutTrailingBlanks(std::string line) {
     return line + "\n";
 }
 
-std::string heading(const std::string& text) {
-    return text + "\n" + std::string(displayWidth(text), '=') + "\n";
+std::string heading(std::string_view text) {
+    const std::string lines = wrapped(text, lineWidth, "");
+    std::size_t widest = 0;
+    for (std::string_view rest = lines; !rest.empty();) {
+        const std::size_t end = rest.find('\n');
+        widest = std::max(widest, displayWidth(rest.substr(0, end)));
+        rest.remove_prefix(end + 1);
+    }
+    return lines + std::string(widest, '=') + "\n";
 }
 
 } // namespace fiscarel::cli

@@ -6,6 +6,9 @@
 
 namespace fiscarel::cli {
 
+/// Columns of the texts for the terminal.
+inline constexpr std::size_t lineWidth = 100;
+
 /// Columns a terminal shows for UTF-8 text of Latin letters: one per code point.
 std::size_t displayWidth(std::string_view text) noexcept;
 
@@ -14,6 +17,10 @@ std::string padRight(std::string_view text, std::size_t width);
 /// The same with the blanks on the left.
 std::string padLeft(std::string_view text, std::size_t width);
 
+/// A cell of a table: on the right of its `width` columns, at least one blank before it. A text
+/// that does not fit makes its line longer.
+std::string cell(std::string_view text, std::size_t width);
+
 /// Breaks a text between words into lines of at most `width` columns, each behind `indent`; a word
 /// wider than that is cut.
 std::string wrapped(std::string_view text, std::size_t width, std::string_view indent);
@@ -21,7 +28,7 @@ std::string wrapped(std::string_view text, std::size_t width, std::string_view i
 /// The line ended by a line feed, without the blanks before it.
 std::string withoutTrailingBlanks(std::string line);
 
-/// A heading and the rule under it, each on its line.
-std::string heading(const std::string& text);
+/// A heading in lines of at most `lineWidth` columns and the rule under it, as wide as the widest.
+std::string heading(std::string_view text);
 
 } // namespace fiscarel::cli

@@ -2,22 +2,37 @@
 #include "cli/Commands.h"
 #include "cli/Input.h"
 #include "cli/Output.h"
+#include "cli/TextTable.h"
 
 #include <CLI/CLI.hpp>
 
+#include <charconv>
 #include <exception>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
+#include <system_error>
 #include <vector>
 
 namespace {
 
 using namespace fiscarel::cli;
 
+/// Sets the columns of the help by what is seen of a text, not by its bytes.
+class HelpFormatter : public CLI::Formatter {
+  public:
+    std::string make_option(const CLI::Option* option, bool isPositional) const override {
+        const std::string name =
+            "  " + make_option_name(option, isPositional) + make_option_opts(option);
+        return padRight(name, get_column_width() - 1) + " " + make_option_desc(option) + "\n";
+    }
+};
+
 /// The labels of the help in German.
 void speakGerman(CLI::App& app) {
-    const auto formatter = std::make_shared<CLI::Formatter>();
+    const auto formatter = std::make_shared<HelpFormatter>();
     formatter->column_width(34);
     for (const auto& [english, german] : {std::pair{"Usage", "Aufruf"},
                                           {"OPTIONS", "OPTIONEN"},
@@ -67,7 +82,7 @@ std::string usageSentence(const CLI::App& app, const CLI::ParseError& error) {
         return "Der Aufruf enthält Unbekanntes: " + behind(": ") + ".";
     }
     if (dynamic_cast<const CLI::ValidationError*>(&error) != nullptr) {
-        return "Im Aufruf ist der Wert von " + name + " nicht erlaubt.";
+        return "Im Aufruf ist der Wert von " + name + " nicht erlaubt; " + behind(": ") + ".";
     }
     if (dynamic_cast<const CLI::ConversionError*>(&error) != nullptr) {
         return "Im Aufruf ist ein Wert keine brauchbare Zahl: " + behind(": ") + ".";
@@ -95,6 +110,34 @@ CLI::App* addCommand(CLI::App& app, const char* name, const char* description) {
     return command;
 }
 
+/// A number in decimal digits alone; the library would take one with a 0 in front as octal.
+std::optional<int> numberIn(std::string_view text) {
+    int number = 0;
+    const char* const last = text.data() + text.size();
+    const auto [end, status] = std::from_chars(text.data(), last, number);
+    const bool good = status == std::errc{} && end == last && !text.starts_with('-');
+    return good ? std::optional(number) : std::nullopt;
+}
+
+CLI::Option* addNumber(CLI::App& command, const char* name, const char* description,
+                       const std::function<void(int)>& use) {
+    return command
+        .add_option(name, CLI::callback_t([use](const CLI::results_t& values) {
+                        const auto number = numberIn(values.front());
+                        if (number) {
+                            use(*number);
+                        }
+                        return number.has_value();
+                    }),
+                    description)
+        ->type_name("ZAHL");
+}
+
+/// Refuses values for which `isGood` does not hold, with the end of a sentence.
+CLI::Validator allowed(bool (*isGood)(const std::string&), const char* sentence) {
+    return {[=](const std::string& value) { return isGood(value) ? "" : sentence; }, ""};
+}
+
 void addRegion(CLI::App& command, taxcore::TaxRegion& region) {
     command
         .add_option_function<std::string>(
@@ -103,8 +146,12 @@ void addRegion(CLI::App& command, taxcore::TaxRegion& region) {
                 region = taxcore::enumFromRaw<taxcore::TaxRegion>(raw).value_or(region);
             },
             "Steuerregion: sg oder li")
-        ->check(CLI::IsMember({"sg", "li"}))
-        ->capture_default_str();
+        ->check(allowed(
+            [](const std::string& raw) {
+                return taxcore::enumFromRaw<taxcore::TaxRegion>(raw).has_value();
+            },
+            "möglich sind sg und li"))
+        ->default_str(std::string(taxcore::rawValue(region)));
 }
 
 void addFile(CLI::App& command, std::string& file) {
@@ -120,7 +167,9 @@ int run(int argc, char** argv) {
 
     NewOptions fresh{.year = demoYear};
     CLI::App* newCommand = addCommand(app, "neu", "Gibt einen neuen Fall als JSON aus");
-    newCommand->add_option("--jahr", fresh.year, "Steuerjahr")->required();
+    addNumber(*newCommand, "--jahr", "Steuerjahr", [&](int year) {
+        fresh.year = year;
+    })->required();
     addRegion(*newCommand, fresh.region);
     newCommand->callback([&] {
         action = [&] { return ofSupportedYear(fresh.year, [&] { return newCase(fresh); }); };
@@ -130,23 +179,32 @@ int run(int argc, char** argv) {
     CLI::App* computeCommand =
         addCommand(app, "rechne", "Berechnet Steuererklärung und Steuerrechnung eines Falls");
     addFile(*computeCommand, computing.file);
-    computeCommand->add_option("--jahr", computing.year, "Steuerjahr aus einer Datendatei");
+    addNumber(*computeCommand, "--jahr", "Steuerjahr aus einer Datendatei",
+              [&](int year) { computing.year = year; });
     computeCommand->add_flag("--json", computing.json, "Ausgabe als JSON");
-    computeCommand->add_option("--warum", computing.why, "Herleitung einer Zeile, z.B. saeule3a1");
+    computeCommand->add_option("--warum", computing.why,
+                               "Herleitung einer Zeile, z.B. saeule3a1 oder 16.1");
     computeCommand->callback([&] { action = [&] { return compute(computing); }; });
 
     BatchOptions batching;
     CLI::App* batchCommand =
         addCommand(app, "stapel", "Berechnet einen Fall pro Zeile auf allen Kernen");
     addFile(*batchCommand, batching.file);
-    batchCommand->add_option("--kerne", batching.threads, "Anzahl Kerne (0: alle)")
-        ->check(CLI::Range(0, 256).description(""))
-        ->type_name("ZAHL");
+    addNumber(*batchCommand, "--kerne", "Anzahl Kerne (0: alle)",
+              [&](int threads) { batching.threads = static_cast<unsigned>(threads); })
+        ->check(allowed(
+            [](const std::string& text) {
+                constexpr int most = 256;
+                return numberIn(text).value_or(most + 1) <= most;
+            },
+            "möglich ist 0 bis 256"));
     batchCommand->callback([&] { action = [&] { return batch(batching); }; });
 
     DemoOptions showing{.year = demoYear};
     CLI::App* demoCommand = addCommand(app, "demo", "Gibt den Demohaushalt als JSON aus");
-    demoCommand->add_option("--jahr", showing.year, "Steuerjahr")->capture_default_str();
+    addNumber(*demoCommand, "--jahr", "Steuerjahr", [&](int year) {
+        showing.year = year;
+    })->default_str(std::to_string(showing.year));
     addRegion(*demoCommand, showing.region);
     demoCommand->callback([&] {
         action = [&] { return ofSupportedYear(showing.year, [&] { return demo(showing); }); };

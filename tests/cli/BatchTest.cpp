@@ -71,6 +71,29 @@ TEST(Batch, answersALineWhoseComputingThrows) {
     EXPECT_EQ(contentOf(out.get()), expected);
 }
 
+TEST(Batch, tellsLinesThatAreTooLong) {
+    constexpr std::size_t most = std::size_t{16} << 20U;
+    constexpr std::size_t block = std::size_t{1} << 18U;
+    const std::string fault = "\"error\": \"Die Zeile ist länger als 16 MB.\"}\n";
+    const File in(std::tmpfile());
+    const File out(std::tmpfile());
+    std::string expected;
+    std::size_t number = 0;
+    for (const std::size_t size : {std::size_t{3}, most, most + 1, most + block, 2 * most, most}) {
+        const std::string line(size, '.');
+        std::fprintf(in.get(), "%s\n", line.c_str());
+        ++number;
+        expected += size > most ? "{\"line\": " + std::to_string(number) + ", " + fault
+                                : std::to_string(size) + "\n";
+    }
+    std::rewind(in.get());
+    const auto answer = [](std::size_t, std::string_view line) {
+        return std::to_string(line.size()) + "\n";
+    };
+    EXPECT_TRUE(computeBatch(in.get(), out.get(), 2, answer));
+    EXPECT_EQ(contentOf(out.get()), expected);
+}
+
 TEST(Batch, endsWhenABlockIsLost) {
     std::string all;
     for (std::size_t i = 1; i <= lineCount; ++i) {

@@ -3,7 +3,8 @@
 #include "cli/ReturnText.h"
 
 #include "TaxCore/demo/DemoData.h"
-#include "TaxCore/stgallen/TaxCalculator.h"
+#include "TaxCore/regions/CaseCalculator.h"
+#include "cli/DerivationText.h"
 #include "cli/Printable.h"
 #include "cli/TextTable.h"
 
@@ -12,6 +13,7 @@
 #include <algorithm>
 #include <functional>
 #include <optional>
+#include <regex>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -23,7 +25,7 @@ using namespace taxcore;
 using namespace std::string_literals;
 
 std::string textOf(const TaxCase& taxCase) {
-    return returnText(taxCase, TaxCalculator::forYear(taxCase.year)->calculate(taxCase));
+    return returnText(taxCase, CaseCalculator::forCase(taxCase)->calculate(taxCase));
 }
 
 /// The lines of a text that hold all of the parts.
@@ -53,11 +55,86 @@ TEST(Printable, leavesNothingATerminalObeys) {
         {"\u0080\u009B31m\u009F\u00A0", "\uFFFD\uFFFD31m\uFFFD\u00A0"},
         {"\u2027\u2028\u202A\u202E\u202F\n", "\u2027\uFFFD\uFFFD\uFFFD\u202F "},
         {"\u2065\u2066\u2069\u206A", "\u2065\uFFFD\uFFFD\u206A"},
+        {"\u200D\u200E\u200F\u2010", "\u200D\uFFFD\uFFFD\u2010"},
+        {"\u061B\u061C\u061D", "\u061B\uFFFD\u061D"},
+        {"\uFEFFa\uFEFE", "\uFFFDa\uFEFE"},
         {"\xff\xc3", "\uFFFD\uFFFD"},
         {"a\xe2\x82 b\x9b", "a\uFFFD\uFFFD b\uFFFD"},
     };
     for (const Row& row : table) {
         EXPECT_EQ(printable(row.text), row.shown);
+    }
+}
+
+TEST(TextTable, wrapsWordsOfAnyLength) {
+    constexpr std::size_t width = 92;
+    const std::string word(5'000'000, 'W');
+    std::string expected;
+    for (std::size_t at = 0; at < word.size(); at += width) {
+        expected += "  " + word.substr(at, width) + "\n";
+    }
+    EXPECT_TRUE(wrapped(word, width, "  ") == expected);
+    EXPECT_EQ(wrapped("a äöüäöü b", 3, ">"), ">a\n>äöü\n>äöü\n>b\n");
+    EXPECT_EQ(wrapped("a äöüä b", 3, ">"), ">a\n>äöü\n>ä b\n");
+}
+
+TEST(TextTable, keepsCellsApart) {
+    struct Row {
+        std::string text;
+        std::size_t width;
+        std::string cell;
+    };
+    const Row table[] = {
+        {"Süd", 6, "   Süd"}, {"12345", 6, " 12345"}, {"123456", 6, " 123456"}, {"", 2, "  "}};
+    for (const Row& row : table) {
+        EXPECT_EQ(cell(row.text, row.width), row.cell);
+    }
+}
+
+TEST(TextTable, underlinesHeadingsOfAnyLength) {
+    EXPECT_EQ(heading("Süd"), "Süd\n===\n");
+    const std::string word(60, 'W');
+    EXPECT_EQ(heading(word + "X " + word),
+              word + "X\n" + word + "\n" + std::string(61, '=') + "\n");
+    const std::string cut(100, 'W');
+    EXPECT_EQ(heading(cut + "W"), cut + "\nW\n" + std::string(100, '=') + "\n");
+}
+
+TEST(DerivationText, staysReadableWithExtremeFigures) {
+    const Decimal amount = *Decimal::parse("-123456789012.123456");
+    DerivationStep step{.kind = DerivationStep::Kind::line, .text = "Betrag"};
+    step.code = "cantonRate";
+    step.unit = Unit::francs;
+    step.canton = amount;
+    step.federal = amount;
+    const Derivation derivation{"x", std::string(300, 'W'), {step}, Unit::francs, amount, 0};
+    const std::string text = derivationText(derivation, TaxRegion::stGallen);
+    const std::string shown = " -123’456’789’012.123456";
+    EXPECT_EQ(linesWith(text, {"  Betrag", shown + shown}).size(), 1U) << text;
+    EXPECT_EQ(linesWith(text, {"  Ergebnis", shown + "            0.00"}).size(), 1U) << text;
+    EXPECT_EQ(linesWith(text, {"  siehe cantonRate"}).size(), 1U) << text;
+    const auto head = linesWith(text, {"WW"});
+    EXPECT_EQ(head, std::vector<std::string>(3, std::string(100, 'W')));
+}
+
+TEST(ReturnText, keepsExtremeAmountsApart) {
+    TaxCase household = DemoData::family(2025);
+    household.income1.salaries[0].grossSalary = *Decimal::parse("1000000000000000");
+    household.cash = household.income1.salaries[0].grossSalary;
+    household.debts.front().amount = household.cash / 2;
+    const std::string text = textOf(household);
+    EXPECT_FALSE(std::regex_search(text, std::regex("(\\.[0-9]{2}|%)[-0-9]"))) << text;
+    EXPECT_NE(text.find("1’000’000’000’"), std::string::npos) << text;
+}
+
+TEST(ReturnText, tellsAnAssumedSurcharge) {
+    TaxCase household = DemoData::household(TaxRegion::liechtenstein, 2025);
+    EXPECT_EQ(linesWith(textOf(household), {"  Gemeindezuschlag Triesen  ", "%"}).size(), 1U);
+    for (const char* unknown : {"Atlantis", ""}) {
+        household.municipality = unknown;
+        const std::string text = textOf(household);
+        EXPECT_EQ(linesWith(text, {"  Gemeindezuschlag (angenommen)  ", " 150%"}).size(), 1U)
+            << text;
     }
 }
 
