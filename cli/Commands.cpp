@@ -6,9 +6,11 @@
 #include "cli/Input.h"
 #include "cli/Output.h"
 #include "cli/ReturnText.h"
+#include "cli/ReviewText.h"
 
 #include <algorithm>
 #include <cstdio>
+#include <ctime>
 #include <optional>
 #include <thread>
 #include <vector>
@@ -18,11 +20,6 @@ namespace fiscarel::cli {
 namespace {
 
 using namespace taxcore;
-
-/// Faults of a file are told with its name.
-std::string about(const std::string& file, const std::string& sentence) {
-    return file == "-" ? sentence : file + ": " + sentence;
-}
 
 /// The codes of the lines that stand under a number of the form.
 std::vector<std::string> codesOfZiffer(const TaxResult& result, const std::string& ziffer) {
@@ -61,25 +58,34 @@ std::string possible(const std::vector<std::string>& codes) {
 /// How the line or figure that is asked for came about.
 int explain(const CaseCalculator& calculator, const TaxCase& taxCase,
             const ComputeOptions& options) {
-    const std::vector<Derivation> all = calculator.explainAll(taxCase);
+    const auto show = [&](const Derivation& derivation) {
+        return print(options.json ? toJson(derivation)
+                                  : derivationText(derivation, taxCase.taxRegion()));
+    };
+    if (const auto derivation = calculator.explain(taxCase, options.why)) {
+        return show(*derivation);
+    }
     const TaxResult result = calculator.calculate(taxCase);
-    auto found = std::ranges::find(all, options.why, &Derivation::code);
-    if (found == all.end()) {
-        const auto codes = codesOfZiffer(result, options.why);
-        if (codes.size() > 1) {
-            return failAtLength("Die Ziffer «" + options.why + "» steht für mehrere Zeilen."
-                                + possible(codes));
-        }
-        if (!codes.empty()) {
-            found = std::ranges::find(all, codes.front(), &Derivation::code);
+    const auto codes = codesOfZiffer(result, options.why);
+    if (codes.size() > 1) {
+        return failAtLength("Die Ziffer «" + options.why + "» steht für mehrere Zeilen."
+                            + possible(codes));
+    }
+    if (!codes.empty()) {
+        if (const auto derivation = calculator.explain(taxCase, codes.front())) {
+            return show(*derivation);
         }
     }
-    if (found == all.end()) {
-        return failAtLength("Eine Zeile «" + options.why
-                            + "» gibt es in dieser Steuererklärung nicht."
-                            + possible(knownCodes(result, all)));
-    }
-    return print(options.json ? toJson(*found) : derivationText(*found, taxCase.taxRegion()));
+    return failAtLength("Eine Zeile «" + options.why + "» gibt es in dieser Steuererklärung nicht."
+                        + possible(knownCodes(result, calculator.explainAll(taxCase))));
+}
+
+/// The day by the machine's clock.
+Date today() {
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    localtime_r(&now, &local);
+    return Date::of(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday).value_or(Date());
 }
 
 } // namespace
@@ -98,23 +104,29 @@ int demo(const DemoOptions& options) {
 }
 
 int compute(const ComputeOptions& options) {
-    const auto text = readText(options.file);
-    if (!text) {
-        return fail(text.error());
-    }
-    const auto taxCase = readCase(*text, options.year);
-    if (!taxCase) {
-        return fail(about(options.file, taxCase.error()));
-    }
-    const auto calculator = calculatorFor(*taxCase);
-    if (!calculator) {
-        return fail(about(options.file, calculator.error()));
+    const auto read = readForComputing(options.file, options.year);
+    if (!read) {
+        return fail(read.error());
     }
     if (!options.why.empty()) {
-        return explain(*calculator, *taxCase, options);
+        return explain(read->calculator, read->taxCase, options);
     }
-    const TaxResult result = calculator->calculate(*taxCase);
-    return print(options.json ? toJson(result) : returnText(*taxCase, result));
+    const TaxResult result = read->calculator.calculate(read->taxCase);
+    return print(options.json ? toJson(result) : returnText(read->taxCase, result));
+}
+
+int check(const CheckOptions& options) {
+    const auto read = readForComputing(options.file, options.year);
+    if (!read) {
+        return fail(read.error());
+    }
+    const TaxResult result = read->calculator.calculate(read->taxCase);
+    ReviewInput input{read->calculator, read->taxCase, result, today()};
+    for (const TaxCase& other : read->otherYears) {
+        input.otherYears.push_back(&other);
+    }
+    const Review review = Review::of(input);
+    return print(options.json ? toJson(review) : reviewText(read->taxCase, review));
 }
 
 int batch(const BatchOptions& options) {

@@ -33,6 +33,14 @@ struct ComputeOptions {
 /// Computes one case.
 int compute(const ComputeOptions& options);
 
+struct CheckOptions {
+    std::string file = "-";
+    std::optional<int> year; ///< given: the file is a state file, whose other years count, too
+    bool json = false;
+};
+/// Prints notices, savings tips and the marginal rate of one case.
+int check(const CheckOptions& options);
+
 struct BatchOptions {
     std::string file = "-";
     unsigned threads = 0; ///< 0: all cores

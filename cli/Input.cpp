@@ -54,10 +54,16 @@ bool isSingleCase(const std::string& text) {
     return taxCase || !lacks(taxCase.error(), "year");
 }
 
-tl::expected<TaxCase, Fault> readSingleCase(const std::string& text) {
+/// A case and the household's others.
+struct CasesOfYears {
+    TaxCase taxCase;
+    std::vector<TaxCase> others;
+};
+
+tl::expected<CasesOfYears, Fault> readSingleCase(const std::string& text) {
     auto taxCase = fromJson<TaxCase>(text);
     if (taxCase) {
-        return std::move(*taxCase);
+        return CasesOfYears{std::move(*taxCase), {}};
     }
     if (lacks(taxCase.error(), "year") && isStateFile(text)) {
         return tl::unexpected(
@@ -66,7 +72,7 @@ tl::expected<TaxCase, Fault> readSingleCase(const std::string& text) {
     return tl::unexpected(taxCase.error().message);
 }
 
-tl::expected<TaxCase, Fault> readCaseOfYear(const std::string& text, int year) {
+tl::expected<CasesOfYears, Fault> readCaseOfYear(const std::string& text, int year) {
     auto state = fromJson<CasesByYear>(text);
     if (!state) {
         return tl::unexpected(lacks(state.error(), "cases") && isSingleCase(text)
@@ -88,7 +94,19 @@ tl::expected<TaxCase, Fault> readCaseOfYear(const std::string& text, int year) {
                               + " steht in der Datei ein Fall des Steuerjahrs "
                               + std::to_string(found->second.year) + ".");
     }
-    return std::move(found->second);
+    CasesOfYears read{std::move(found->second), {}};
+    state->cases.erase(found);
+    for (auto& [otherYear, taxCase] : state->cases) {
+        read.others.push_back(std::move(taxCase));
+    }
+    return read;
+}
+
+tl::expected<CasesOfYears, Fault> readCases(const std::string& text, std::optional<int> year) {
+    if (isBlank(text)) {
+        return tl::unexpected(Fault("Die Eingabe ist leer."));
+    }
+    return year ? readCaseOfYear(text, *year) : readSingleCase(text);
 }
 
 } // namespace
@@ -136,13 +154,6 @@ tl::expected<std::string, Fault> readText(const std::string& file) {
     return text;
 }
 
-tl::expected<TaxCase, Fault> readCase(const std::string& text, std::optional<int> year) {
-    if (isBlank(text)) {
-        return tl::unexpected(Fault("Die Eingabe ist leer."));
-    }
-    return year ? readCaseOfYear(text, *year) : readSingleCase(text);
-}
-
 tl::expected<CaseCalculator, Fault> calculatorFor(const TaxCase& taxCase) {
     return CaseCalculator::forCase(taxCase).map_error([&](const RuleLoadError& e) {
         const bool noSuchYear =
@@ -151,6 +162,25 @@ tl::expected<CaseCalculator, Fault> calculatorFor(const TaxCase& taxCase) {
                                 + "; unterstützt werden " + supportedYears() + "."
                           : e.description();
     });
+}
+
+tl::expected<ReadCase, Fault> readForComputing(const std::string& file, std::optional<int> year) {
+    const auto about = [&](const Fault& fault) {
+        return tl::unexpected(file == "-" ? fault : file + ": " + fault);
+    };
+    const auto text = readText(file);
+    if (!text) {
+        return tl::unexpected(text.error());
+    }
+    auto cases = readCases(*text, year);
+    if (!cases) {
+        return about(cases.error());
+    }
+    auto calculator = calculatorFor(cases->taxCase);
+    if (!calculator) {
+        return about(calculator.error());
+    }
+    return ReadCase{std::move(cases->taxCase), std::move(cases->others), std::move(*calculator)};
 }
 
 bool isSupportedYear(int year) {

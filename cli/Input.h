@@ -9,6 +9,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace fiscarel::cli {
 
@@ -29,12 +30,19 @@ tl::expected<InputStream, Fault> openInput(const std::string& file);
 /// are refused before they fill the memory.
 tl::expected<std::string, Fault> readText(const std::string& file);
 
-/// The case in a text: a single case, or with `year` the one of that year in a state file. A fault
-/// also when the text is the other kind of file or the case of another year.
-tl::expected<taxcore::TaxCase, Fault> readCase(const std::string& text, std::optional<int> year);
-
 /// The calculator for a case; a fault when its year cannot be computed.
 tl::expected<taxcore::CaseCalculator, Fault> calculatorFor(const taxcore::TaxCase& taxCase);
+
+/// A case with the calculator of its region and year.
+struct ReadCase {
+    taxcore::TaxCase taxCase;
+    std::vector<taxcore::TaxCase> otherYears; ///< of a state file
+    taxcore::CaseCalculator calculator;
+};
+
+/// Reads a file or standard input to compute it; with `year` a state file. Faults of what stands in
+/// a file are told with its name.
+tl::expected<ReadCase, Fault> readForComputing(const std::string& file, std::optional<int> year);
 
 /// Whether rules of a year ship with the program.
 bool isSupportedYear(int year);

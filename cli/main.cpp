@@ -186,6 +186,14 @@ int run(int argc, char** argv) {
                                "Herleitung einer Zeile, z.B. saeule3a1 oder 16.1");
     computeCommand->callback([&] { action = [&] { return compute(computing); }; });
 
+    CheckOptions checking;
+    CLI::App* checkCommand = addCommand(app, "pruefe", "Prüft einen Fall und nennt Spartipps");
+    addFile(*checkCommand, checking.file);
+    addNumber(*checkCommand, "--jahr", "Steuerjahr aus einer Datendatei",
+              [&](int year) { checking.year = year; });
+    checkCommand->add_flag("--json", checking.json, "Ausgabe als JSON");
+    checkCommand->callback([&] { action = [&] { return check(checking); }; });
+
     BatchOptions batching;
     CLI::App* batchCommand =
         addCommand(app, "stapel", "Berechnet einen Fall pro Zeile auf allen Kernen");
