@@ -134,11 +134,11 @@ TEST_F(CommandLine, derivesLinesOfLiechtenstein) {
     const auto calculator = CaseCalculator::forCase(household).value();
     for (const auto& [code, parts] : std::vector<std::pair<std::string, std::vector<std::string>>>{
              {"580",
-              {"Gewinnungskosten", "Zeile 500", "Zeile 505", "Von Triesen", "Nach Vaduz",
+              {"Gewinnungskosten", "siehe 500", "siehe 505", "Von Triesen", "Nach Vaduz",
                "Regel fahrkostenMatrix[1][0]", "Feld li.commute2.kmPerDay", "SteV Art. 14"}},
              {"590", {"Sozialversicherungen", "Pensionskasse abziehbar", "Kind Aline"}},
              {"660", {"Regel tarif.verheiratet[3].satz", "SteG Art. 19"}},
-             {"772", {"Freibetrag für Verheiratete", "Zeile 771"}},
+             {"772", {"Freibetrag für Verheiratete", "siehe 771"}},
              {"885", {"Sollertrag: 4 % von CHF", "Auf ganze 100 Franken abgerundet"}},
              {"municipalityRate", {"Gemeinde Triesen", "150%", "Vorläufig", "SteG Art. 75"}}}) {
         const Outcome why = run("rechne --warum " + code, input);

@@ -1,3 +1,4 @@
+#include "tests/support/RandomCase.h"
 #include "tests/support/ReviewCase.h"
 
 #include <gtest/gtest.h>
@@ -5,23 +6,22 @@
 namespace taxcore {
 namespace {
 
-using testing::expectChecks;
-
 TEST(Checks, findNothingInAHouseholdInOrder) {
     EXPECT_EQ(testing::reviewedIds(testing::spotlessHousehold()), std::set<std::string>{});
     EXPECT_EQ(testing::reviewedIds(testing::spotlessLiechtenstein()), std::set<std::string>{});
 }
 
-TEST(FamilyChecks, speakUp) {
-    expectChecks({
-        {"name-fehlt-1", [](TaxCase& c) { c.person1.lastName = " "; },
-         [](TaxCase& c) { c.person1.lastName = "M"; }},
-        {"name-fehlt-2", [](TaxCase& c) { c.person2.firstName = ""; },
-         [](TaxCase& c) {
-             c.person2.firstName = "";
-             c.civilStatus = CivilStatus::geschieden;
-         }},
-    });
+TEST(Checks, nameEachFaultOnceAndLeadToFieldsWhateverIsEntered) {
+    testing::RandomCase random(20251231);
+    for (int i = 0; i < 500; ++i) {
+        TaxCase taxCase = random.next();
+        taxCase.year = 2025 + i % 2;
+        std::set<std::string> ids;
+        for (const Notice& notice : testing::reviewed(taxCase)) {
+            EXPECT_TRUE(ids.insert(notice.id).second) << notice.id;
+            EXPECT_TRUE(!notice.path || valueAt(taxCase, *notice.path)) << *notice.path;
+        }
+    }
 }
 
 } // namespace

@@ -1,0 +1,21 @@
+#pragma once
+
+// Parts of the checks of a page that stand in files of their own.
+
+#include "TaxCore/review/CheckContext.h"
+
+namespace taxcore::review {
+
+/// The children, on the page "family".
+void checkChildren(CheckContext& c);
+/// The salary certificates of one adult, on the page "income".
+void checkSalaries(CheckContext& c, const Adult& adult);
+/// Certificates that stand twice, in the whole household.
+void checkRepeatedSalaries(CheckContext& c);
+/// Professional costs by the rules of Liechtenstein, on the page "work".
+void checkWorkInLiechtenstein(CheckContext& c, const LIRules& rules);
+
+/// How a sentence speaks of a certificate: "Lohnausweis «Muster AG»" or "Lohnausweis 2".
+std::string called(const SalaryCertificate& certificate, int index);
+
+} // namespace taxcore::review

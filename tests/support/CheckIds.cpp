@@ -1,0 +1,51 @@
+#include "tests/support/CheckIds.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+#include <regex>
+
+namespace taxcore::testing {
+
+namespace {
+
+/// "lohn-doppelt-1-2" without its numbers.
+std::string stem(const std::string& id) {
+    static const std::regex numbers("(-[0-9]+)+$");
+    return std::regex_replace(id, numbers, "");
+}
+
+/// An id is the only text in a check that is written in small letters with hyphens.
+std::set<std::string> idsIn(const std::string& file) {
+    static const std::regex id(R"re("([a-z0-9]+(-[a-z0-9]+)*-[a-z]+)")re");
+    std::ifstream in(std::string(FISCAREL_SOURCE_DIR "/TaxCore/review/") + file);
+    const std::string text(std::istreambuf_iterator<char>(in), {});
+    std::set<std::string> ids;
+    for (std::sregex_iterator at(text.begin(), text.end(), id), end; at != end; ++at) {
+        ids.insert((*at)[1]);
+    }
+    EXPECT_FALSE(ids.empty()) << file;
+    return ids;
+}
+
+} // namespace
+
+void expectEveryCheckIsTried(const std::vector<std::string>& files,
+                             const std::vector<CheckRow>& rows,
+                             const std::set<std::string>& others) {
+    std::set<std::string> given;
+    for (const std::string& file : files) {
+        given.merge(idsIn(file));
+    }
+    std::set<std::string> tried;
+    for (const std::string& id : others) {
+        tried.insert(stem(id));
+    }
+    for (const CheckRow& row : rows) {
+        tried.insert(stem(row.id));
+    }
+    EXPECT_EQ(tried, given);
+}
+
+} // namespace taxcore::testing
