@@ -11,6 +11,7 @@ namespace {
 using namespace taxcore;
 
 constexpr std::size_t textWidth = 92;
+constexpr std::size_t columnWidth = 16;
 
 std::string noticeText(const Notice& notice) {
     const std::string mark = notice.saving ? "spart " + MoneyFormat::chf(*notice.saving, 2, true)
@@ -46,12 +47,49 @@ std::string marginalText(const MarginalRate& rate, TaxRegion region) {
                    textWidth, "  ");
 }
 
+/// What the tax changed by, by cause, and the lines that changed for the canton.
+std::string changeText(const YearComparison& change, int year) {
+    constexpr std::size_t nameWidth = 44;
+    constexpr std::size_t shownLines = 12;
+    const auto amount = [](const Decimal& value) { return MoneyFormat::chf(value, 2, false); };
+    const auto row = [&](const std::string& name, const std::string& first,
+                         const std::string& second) {
+        std::string label = wrapped(name, nameWidth, "  ");
+        label = label.empty() ? "  " : label.substr(0, label.size() - 1);
+        const std::size_t last = label.rfind('\n') + 1;
+        return label.substr(0, last)
+               + withoutTrailingBlanks(padRight(label.substr(last), nameWidth + 2)
+                                       + cell(first, columnWidth) + cell(second, columnWidth));
+    };
+    std::string text = heading("Veränderung gegenüber " + std::to_string(year - 1)) + "\n";
+    text += row("", std::to_string(year - 1), std::to_string(year));
+    text += row("Steuern", amount(change.before), amount(change.after)) + "\n";
+    text += row("durch die Angaben", "", amount(change.entries));
+    text += row("durch Abzüge und Grenzen des Gesetzes", "", amount(change.rules));
+    text += row("durch die Tarife", "", amount(change.tariff));
+    text += row("durch Steuerfüsse und Zuschläge", "", amount(change.multipliers));
+    text += row("zusammen", "", amount(change.difference())) + "\n";
+    std::size_t shown = 0;
+    for (const LineChange& line : change.lines) {
+        if (++shown > shownLines) {
+            text +=
+                "  … und " + std::to_string(change.lines.size() - shownLines) + " weitere Zeilen\n";
+            break;
+        }
+        text += row(printable(line.label), amount(line.cantonBefore), amount(line.cantonAfter));
+    }
+    return text + "\n";
+}
+
 } // namespace
 
 std::string reviewText(const TaxCase& taxCase, const Review& review) {
     std::string text = listText("Prüfung " + std::to_string(taxCase.year), review.notices,
                                 "Es ist nichts aufgefallen.");
     text += listText("Spartipps", review.tips, "Es ist kein Tipp mit einer Ersparnis bekannt.");
+    if (review.change) {
+        text += changeText(*review.change, taxCase.year);
+    }
     text +=
         heading("Grenzsteuersatz") + "\n" + marginalText(review.marginalRate, taxCase.taxRegion());
     if (!review.notComputed.empty()) {

@@ -4,7 +4,9 @@
 #include "TaxCore/base/Record.h"
 #include "TaxCore/review/Advisor.h"
 #include "TaxCore/review/Checks.h"
+#include "TaxCore/review/YearComparison.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,13 +17,14 @@ struct Review {
     std::vector<Notice> notices; ///< of the calculation and the checks, the gravest first
     std::vector<Notice> tips;    ///< the largest saving first
     MarginalRate marginalRate;
+    std::optional<YearComparison> change; ///< against the year before, when that case is known
     std::vector<std::string> notComputed; ///< German sentences
 
     bool operator==(const Review&) const = default;
 
     static Review of(const ReviewInput& input);
 };
-TAXCORE_RECORD(Review, notices, tips, marginalRate, notComputed);
+TAXCORE_RECORD(Review, notices, tips, marginalRate, change, notComputed);
 
 extern template std::string toJson<Review>(const Review&, JsonStyle);
 
