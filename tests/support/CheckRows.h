@@ -1,0 +1,22 @@
+#pragma once
+
+#include "tests/support/ReviewCase.h"
+
+#include <string>
+#include <vector>
+
+namespace taxcore::testing {
+
+/// A check with its row and how grave it is.
+struct LevelledRow {
+    Notice::Level level;
+    CheckRow row;
+};
+
+/// Asserts what `expectChecks` does, the level of each notice, and that the rows are complete:
+/// every id that the source files (in TaxCore/review) can give stands as a row or in `elsewhere`,
+/// and no row has an id of other files.
+void expectAllChecks(const std::vector<std::string>& files, const std::vector<LevelledRow>& rows,
+                     const std::vector<std::string>& elsewhere = {});
+
+} // namespace taxcore::testing
