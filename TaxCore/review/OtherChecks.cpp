@@ -20,7 +20,7 @@ constexpr int daysOfALeapYear = 366;
 /// Nobody supports more relatives than this; a larger number is an amount in the wrong field.
 constexpr int mostSupportedPersons = 10;
 
-FieldPath householdPath(std::string_view field) { return FieldPath("householdDeductions", field); }
+FieldPath householdPath(std::string_view field) { return {"householdDeductions", field}; }
 
 std::string nameOf(const Child& child, int index) {
     return itemName(child.firstName, "Kind", index);
@@ -45,8 +45,8 @@ void checkChildcareAge(CheckContext& c, const Child& child, int index) {
     } else if (year - child.birthDate->year() == rules.kinderbetreuungAltersgrenze) {
         c.info({itemId("kinderbetreuung-geburtstag", index), page,
                 "Kinderbetreuung bis zum Geburtstag",
-                nameOf(child, index) + " ist " + std::to_string(year) + " " + age
-                    + " Jahre alt geworden. Es zählen nur die Betreuungskosten bis zum Geburtstag.",
+                nameOf(child, index) + " feiert " + std::to_string(year) + " den " + age
+                    + ". Geburtstag. Es zählen nur die Betreuungskosten bis zum Geburtstag.",
                 path});
     }
 }

@@ -221,8 +221,8 @@ void checkPremiums(CheckContext& c) {
 }
 
 void checkCapitalPayment(CheckContext& c, const CapitalPayment& payment, int index) {
-    const std::string name = "Kapitalleistung " + std::to_string(index + 1) + " ("
-                             + std::string(label(payment.kind)) + ")";
+    const std::string name = "Die Kapitalleistung «" + std::string(label(payment.kind))
+                             + "» (Eintrag " + std::to_string(index + 1) + ")";
     if (payment.amount.isZero()) {
         c.warning({itemId("kapitalleistung-ohne-betrag", index), page,
                    "Kapitalleistung ohne Betrag",

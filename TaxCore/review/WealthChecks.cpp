@@ -153,14 +153,17 @@ void checkHomes(CheckContext& c) {
     });
 }
 
-/// A home in Liechtenstein under the code of another country would count as abroad.
+/// A home in Liechtenstein without its code counts as abroad: one in a municipality of the country,
+/// or one without municipality whose code is missing or still that of a new entry.
 void checkLiechtensteinCanton(CheckContext& c, const RealEstate& property, int index) {
-    if (!isInLiechtenstein(property)
-        && (isBlank(property.municipality) || c.liechtenstein->zuschlag(property.municipality))) {
+    const bool untouched = isBlank(property.municipality)
+                           && (isBlank(property.canton) || property.canton == RealEstate().canton);
+    const bool atHome = c.liechtenstein->zuschlag(property.municipality).has_value();
+    if (!isInLiechtenstein(property) && (atHome || untouched)) {
         c.warning({itemId("li-liegenschaft-ausland", index), page, "Liegenschaft im Ausland?",
-                   nameOf(property, index) + " trägt den Kanton «" + property.canton
-                       + "» und zählt deshalb als Liegenschaft im Ausland. Liegt sie in "
-                         "Liechtenstein, bitte FL eintragen.",
+                   nameOf(property, index)
+                       + " zählt als Liegenschaft im Ausland, weil als Kanton nicht FL eingetragen "
+                         "ist. Liegt sie in Liechtenstein, bitte FL eintragen.",
                    propertyPath(index, "canton")});
     }
 }
@@ -218,7 +221,7 @@ void checkVehicle(CheckContext& c, const Vehicle& vehicle, int index) {
         c.warning({itemId("fahrzeug-kaufjahr", index), page, "Kaufjahr des Fahrzeugs",
                    "Das Kaufjahr " + std::to_string(*vehicle.purchaseYear) + " von " + name
                        + " passt nicht zum Steuerjahr " + std::to_string(c.taxCase.year)
-                       + ". Später gekaufte Fahrzeuge gehören in das Jahr des Kaufs.",
+                       + ". Bitte prüfen; ein später gekauftes Fahrzeug gehört noch nicht hierher.",
                    year});
     }
 }

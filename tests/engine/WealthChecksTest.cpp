@@ -174,6 +174,9 @@ std::vector<testing::LevelledRow> propertyRows() {
           },
           liechtensteinOwners}},
         {warning,
+         {"li-liegenschaft-ausland-2", [](TaxCase& c) { c.realEstate.emplace_back(); },
+          [](TaxCase& c) { c.realEstate.emplace_back().canton = "AT"; }, liechtensteinOwners}},
+        {warning,
          {"li-liegenschaften-ausgeschaltet",
           [](TaxCase& c) { c.li->useRealEstateFromList = false; },
           [](TaxCase& c) {

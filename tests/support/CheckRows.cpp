@@ -46,6 +46,8 @@ bool belongsTo(const std::string& id, const std::string& stem) {
 
 void expectAllChecks(const std::vector<std::string>& files, const std::vector<LevelledRow>& rows,
                      const std::vector<std::string>& elsewhere) {
+    static const std::set<std::string> pages{"family",  "income", "work",
+                                             "pension", "other",  "wealth"};
     std::vector<CheckRow> checks;
     std::vector<std::string> ids = elsewhere;
     for (const auto& [level, row] : rows) {
@@ -55,6 +57,7 @@ void expectAllChecks(const std::vector<std::string>& files, const std::vector<Le
         row.triggers(hit);
         for (const Notice& notice : reviewed(hit)) {
             EXPECT_TRUE(notice.id != row.id || notice.level == level) << row.id;
+            EXPECT_TRUE(notice.id != row.id || pages.contains(notice.area.value_or(""))) << row.id;
         }
     }
     expectChecks(checks);

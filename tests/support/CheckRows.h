@@ -13,9 +13,9 @@ struct LevelledRow {
     CheckRow row;
 };
 
-/// Asserts what `expectChecks` does, the level of each notice, and that the rows are complete:
-/// every id that the source files (in TaxCore/review) can give stands as a row or in `elsewhere`,
-/// and no row has an id of other files.
+/// Asserts what `expectChecks` does, the level of each notice, that it has a page, and that the
+/// rows are complete: every id that the source files (in TaxCore/review) can give stands as a row
+/// or in `elsewhere`, and no row has an id of other files.
 void expectAllChecks(const std::vector<std::string>& files, const std::vector<LevelledRow>& rows,
                      const std::vector<std::string>& elsewhere = {});
 
