@@ -1,7 +1,6 @@
 #include "TaxCore/base/Iban.h"
 
 #include <algorithm>
-#include <string>
 
 namespace taxcore {
 
@@ -13,17 +12,6 @@ constexpr std::size_t longest = 34;
 
 constexpr bool isDigit(char c) noexcept { return c >= '0' && c <= '9'; }
 constexpr bool isLetter(char c) noexcept { return c >= 'A' && c <= 'Z'; }
-
-/// Without blanks, in capitals.
-std::string bare(std::string_view text) {
-    std::string result;
-    for (const char c : text) {
-        if (c != ' ' && c != '\t') {
-            result += c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-        }
-    }
-    return result;
-}
 
 bool isWellFormed(std::string_view iban) {
     return iban.size() > headLength && std::ranges::all_of(iban.substr(0, 2), isLetter)
@@ -49,10 +37,25 @@ int remainder(std::string_view iban) {
 
 } // namespace
 
+std::string compactIban(std::string_view text) {
+    std::string compact;
+    for (const char c : text) {
+        if (c != ' ' && c != '\t') {
+            compact += c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+        }
+    }
+    return compact;
+}
+
+bool looksLikeIban(std::string_view text) {
+    const std::string iban = compactIban(text);
+    return isWellFormed(iban) && iban.size() >= shortest && iban.size() <= longest;
+}
+
 std::optional<IbanFault> ibanFault(std::string_view text) {
     constexpr std::size_t swissLength = 21;
     constexpr std::size_t bankDigits = 5;
-    const std::string iban = bare(text);
+    const std::string iban = compactIban(text);
     if (!isWellFormed(iban)) {
         return IbanFault::form;
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace taxcore {
@@ -17,5 +18,12 @@ enum class IbanFault {
 /// general limits are known here. Absent when nothing is wrong. ISO 13616, check digits ISO 7064
 /// (mod 97-10)
 std::optional<IbanFault> ibanFault(std::string_view text);
+
+/// Whether a text can be meant as an IBAN: country, two check digits and at least eleven more
+/// characters. A security number (ISIN) is shorter and none.
+bool looksLikeIban(std::string_view text);
+
+/// An account number as it is compared: without blanks, in capitals.
+std::string compactIban(std::string_view text);
 
 } // namespace taxcore

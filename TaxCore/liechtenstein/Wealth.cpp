@@ -2,6 +2,7 @@
 #include "TaxCore/base/Rounding.h"
 #include "TaxCore/liechtenstein/LICalculation.h"
 #include "TaxCore/liechtenstein/Law.h"
+#include "TaxCore/model/Household.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -11,10 +12,6 @@ namespace taxcore::li {
 namespace {
 
 constexpr std::string_view formA1 = "Hilfsformular A1";
-
-bool isInLiechtenstein(const RealEstate& property) noexcept {
-    return property.canton == "FL" || property.canton == "LI";
-}
 
 template <class R>
 void addRealEstate(Calculation<R>& c) {

@@ -64,6 +64,10 @@ bool isPrivateAsset(const SecurityEntry& entry, const TaxCase& taxCase) noexcept
     return belongsToHousehold(entry, taxCase) && !isBusinessAsset(entry);
 }
 
+bool isInLiechtenstein(const RealEstate& property) noexcept {
+    return property.canton == "FL" || property.canton == "LI";
+}
+
 Decimal grossIncome(const SecurityEntry& entry) {
     return entry.incomeWithWithholding + entry.incomeWithoutWithholding;
 }

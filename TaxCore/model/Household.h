@@ -44,6 +44,9 @@ bool isBusinessAsset(const SecurityEntry& entry) noexcept;
 /// Whether the entry counts as private income and wealth of the household.
 bool isPrivateAsset(const SecurityEntry& entry, const TaxCase& taxCase) noexcept;
 
+/// Whether the property stands in Liechtenstein, by its canton code.
+bool isInLiechtenstein(const RealEstate& property) noexcept;
+
 /// Both gross incomes of a register entry, francs.
 Decimal grossIncome(const SecurityEntry& entry);
 

@@ -82,7 +82,11 @@ void checkWork(CheckContext& c);
 void checkPension(CheckContext& c);
 void checkOther(CheckContext& c);
 void checkWealth(CheckContext& c);
+/// The part of the wealth page about the securities register.
+void checkSecurities(CheckContext& c);
 /// Signs of what the program does not compute: parts of a year, other cantons, tax at source.
 void checkScope(CheckContext& c);
+/// Negative amounts and counts and amounts out of scale, on all pages.
+void checkAmounts(CheckContext& c);
 
 } // namespace taxcore::review

@@ -74,6 +74,7 @@ std::vector<Notice> Checks::of(const ReviewInput& input) {
     review::checkOther(context);
     review::checkWealth(context);
     review::checkScope(context);
+    review::checkAmounts(context);
     std::ranges::stable_sort(
         notices, {}, [](const Notice& notice) { return std::pair(notice.level, pageOf(notice)); });
     return notices;

@@ -1,5 +1,5 @@
 #include "TaxCore/demo/DemoData.h"
-#include "tests/support/CheckIds.h"
+#include "tests/support/CheckRows.h"
 
 #include <gtest/gtest.h>
 

@@ -39,5 +39,15 @@ TEST(Iban, tellsWhatIsWrong) {
     }
 }
 
+TEST(Iban, isToldFromOtherNumbers) {
+    for (const auto& [text, looksLike] : {std::pair{"CH93 0076 2011 6238 5295 8", true},
+                                          {"no93 8601 1117 947", true},
+                                          {"CH0038863350", false},
+                                          {"1213853", false},
+                                          {"CH93-0076-2011-6238-5295-7", false}}) {
+        EXPECT_EQ(looksLikeIban(text), looksLike) << text;
+    }
+}
+
 } // namespace
 } // namespace taxcore

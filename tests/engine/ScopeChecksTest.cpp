@@ -1,4 +1,4 @@
-#include "tests/support/CheckIds.h"
+#include "tests/support/CheckRows.h"
 
 #include <gtest/gtest.h>
 
