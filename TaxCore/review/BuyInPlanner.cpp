@@ -13,10 +13,11 @@ constexpr std::size_t hundredths = 100; ///< the grid on which payments are sear
 /// Searches how to spread a sum over some years.
 class BuyInSearch {
   public:
-    BuyInSearch(const CaseCalculator& calculator, const TaxCase& taxCase, int person, Decimal sum)
+    BuyInSearch(const CaseCalculator& calculator, const TaxCase& taxCase, int person,
+                const Decimal& sum)
         : calculator_(calculator), changed_(taxCase),
           buyIn_((person == 2 ? changed_.deductions2 : changed_.deductions1).pensionBuyIn),
-          before_(buyIn_), sum_(std::move(sum)), tax_(taxWith(0)) {
+          before_(buyIn_), sum_(sum), tax_(taxWith(0)) {
         for (std::size_t k = 0; k <= hundredths; ++k) {
             savings_[k] = saving(part(k));
         }
