@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace taxcore {
@@ -52,7 +53,7 @@ class LiechtensteinCalculator {
     /// Costs of the way to work, whole francs, not below 0. SteV Art. 14
     Decimal commute(const LICommute& commute) const;
 
-    /// Meals away from home in francs, not rounded. SteG Art. 16
+    /// Meals away from home in francs, not rounded. SteG Art. 16, SteV Art. 12
     Decimal meals(const LICommute& commute) const;
 
     /// Value of a vehicle on 1 January, whole francs unless overridden. SteG Art. 12

@@ -21,7 +21,8 @@ bool usesFareTable(const LICommute& commute, const LIRules& rules);
 /// not in the table give 0. SteG Art. 16, SteV Art. 14
 Decimal commuteCosts(const LICommute& commute, const LIRules& rules);
 
-/// Meals away from home: days times the rate, at most the yearly maximum; not rounded. SteG Art. 16
+/// Meals away from home: days times the rate, at most the yearly maximum; not rounded. SteG Art.
+/// 16, SteV Art. 12
 Decimal mealCosts(const LICommute& commute, const LIRules& rules);
 
 /// The parts of the costs; all zero without a gross salary. What commute and meals fall short of

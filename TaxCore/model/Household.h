@@ -2,8 +2,6 @@
 
 #include "TaxCore/model/TaxCase.h"
 
-#include <vector>
-
 namespace taxcore {
 
 // Who and what of a case counts in a tax year. Where this and the properties of `TaxCase` part (a

@@ -15,10 +15,10 @@ struct LICommute {
     Mode mode = Mode::inland;
     std::string from;
     std::string to;
-    Decimal kmPerDay;
-    int workDays = 220;
-    Decimal reimbursed; ///< francs paid by the employer
-    int mealDays = 0;
+    Decimal kmPerDay;   ///< kilometres there and back, for work abroad
+    int workDays = 220; ///< days of the year
+    Decimal reimbursed; ///< francs a year paid by the employer
+    int mealDays = 0;   ///< days of the year with a meal away from home
 
     bool operator==(const LICommute&) const = default;
 };

@@ -17,7 +17,8 @@ namespace taxcore {
 
 /// The rules of Liechtenstein for one year, as they stand in the rule file; immutable once loaded.
 /// Field names are the keys of the file. Units: francs a year unless a comment says otherwise;
-/// "percent" is 4 for 4 %. SteG Art. 5, 10, 16 and 19, SteV Art. 12, 14 and 16
+/// "percent" is 4 for 4 %. SteG Art. 5, 10, 12, 15, 16, 19 and 75, SteV Art. 12, 14
+/// and 16
 struct LIRules {
     /// One step of a tariff.
     struct Stufe {

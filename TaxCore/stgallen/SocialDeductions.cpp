@@ -5,6 +5,8 @@
 #include "TaxCore/stgallen/Law.h"
 #include "TaxCore/stgallen/Notices.h"
 
+#include <functional>
+
 namespace taxcore {
 
 namespace {

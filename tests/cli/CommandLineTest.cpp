@@ -172,6 +172,30 @@ TEST_F(CommandLine, beginsACaseThatComputes) {
     EXPECT_EQ(run("neu --jahr 2025").out.find("\"region\""), std::string::npos);
 }
 
+TEST_F(CommandLine, checksACaseAndComparesItWithTheYearBefore) {
+    const std::string demo = run("demo").out;
+    const Outcome text = run("pruefe", demo);
+    EXPECT_EQ(text.exitCode, 0);
+    for (const char* part : {"Prüfung 2025", "Konfessionell gemischte Ehe", "Spartipps",
+                             "spart CHF", "BVV 3 Art. 7", "an die Steuer", "Nicht berechnet"}) {
+        EXPECT_NE(text.out.find(part), std::string::npos) << part;
+    }
+    EXPECT_EQ(text.out.find("Veränderung"), std::string::npos);
+    const Outcome json = run("pruefe --json", run("demo --region li").out);
+    for (const char* part : {"\"notices\"", "\"tips\"", "\"saving\"", "\"marginalRate\"",
+                             "\"notComputed\"", "\"path\""}) {
+        EXPECT_NE(json.out.find(part), std::string::npos) << part;
+    }
+    const fs::path state =
+        write("zwei-jahre.json", "{\"version\": 1, \"documents\": [], \"transferChecked\": {}, "
+                                 "\"cases\": {\"2025\": "
+                                     + demo + ", \"2026\": " + run("demo --jahr 2026").out + "}}");
+    const Outcome later = run("pruefe --jahr 2026 " + state.string());
+    EXPECT_NE(later.out.find("Veränderung gegenüber 2025"), std::string::npos) << later.out;
+    EXPECT_NE(later.out.find("durch die Tarife"), std::string::npos);
+    EXPECT_EQ(run("pruefe", "{}").exitCode, 1);
+}
+
 TEST_F(CommandLine, readsOneYearOfAStateFile) {
     const std::string cases = "{\"version\": 1, \"documents\": [], \"transferChecked\": {}, "
                               "\"cases\": {\"2025\": "
