@@ -135,9 +135,10 @@ void checkAgeOfParents(CheckContext& c, const Kid& kid, Date birth) {
 }
 
 void checkRepeatedChild(CheckContext& c, const Kid& kid) {
+    constexpr int most = 100; // more than any family has: a damaged file must not take for ever
     const auto& children = c.taxCase.children;
-    const bool repeated =
-        std::any_of(children.begin(), children.begin() + kid.index, [&](const Child& earlier) {
+    const bool repeated = std::any_of(
+        children.begin(), children.begin() + std::min(kid.index, most), [&](const Child& earlier) {
             return earlier.birthDate == kid.child.birthDate
                    && earlier.firstName == kid.child.firstName
                    && earlier.lastName == kid.child.lastName;

@@ -3,6 +3,8 @@
 #include "TaxCore/review/CheckParts.h"
 
 #include <algorithm>
+#include <set>
+#include <tuple>
 
 namespace taxcore::review {
 
@@ -141,12 +143,14 @@ void checkGrossSalary(CheckContext& c, const Certificate& it) {
     }
 }
 
+/// What two entries of one certificate have in common.
+auto contentOf(const SalaryCertificate& boxes) {
+    return std::tie(boxes.employer, boxes.periodFrom, boxes.periodTo, boxes.grossSalary,
+                    boxes.socialContributions, boxes.pensionContributions, boxes.netSalaryOverride);
+}
+
 bool areTheSame(const SalaryCertificate& a, const SalaryCertificate& b) {
-    return !a.grossSalary.isZero() && a.employer == b.employer && a.periodFrom == b.periodFrom
-           && a.periodTo == b.periodTo && a.grossSalary == b.grossSalary
-           && a.socialContributions == b.socialContributions
-           && a.pensionContributions == b.pensionContributions
-           && a.netSalaryOverride == b.netSalaryOverride;
+    return !a.grossSalary.isZero() && contentOf(a) == contentOf(b);
 }
 
 bool overlap(const SalaryCertificate& a, const SalaryCertificate& b) {
@@ -159,8 +163,9 @@ bool overlap(const SalaryCertificate& a, const SalaryCertificate& b) {
 
 /// Two part-time jobs are in order; how much work each takes is not known.
 void checkOverlap(CheckContext& c, const Certificate& it) {
+    constexpr int most = 100; // more jobs than anybody has: a damaged file must not take for ever
     const auto& all = it.adult.income.salaries;
-    if (std::any_of(all.begin(), all.begin() + it.index,
+    if (std::any_of(all.begin(), all.begin() + std::min(it.index, most),
                     [&](const SalaryCertificate& earlier) { return overlap(earlier, it.boxes); })) {
         c.info({it.id("lohn-ueberschneidung"), "income", "Zwei Haupterwerbe gleichzeitig",
                 "Die Periode beim " + it.called()
@@ -192,21 +197,19 @@ void checkSalaries(CheckContext& c, const Adult& adult) {
 }
 
 void checkRepeatedSalaries(CheckContext& c) {
-    std::vector<const SalaryCertificate*> seen;
+    std::set<decltype(contentOf(SalaryCertificate{}))> seen;
     for (const Adult& adult : c.adults) {
         int index = 0;
         for (const SalaryCertificate& boxes : adult.income.salaries) {
             const Certificate it{adult, boxes, index++};
-            if (std::ranges::any_of(seen, [&](const SalaryCertificate* earlier) {
-                    return areTheSame(*earlier, boxes);
-                })) {
+            const bool isNew = seen.insert(contentOf(boxes)).second;
+            if (!isNew && !boxes.grossSalary.isZero()) {
                 c.warning({it.id("lohn-doppelt"), "income", "Lohnausweis zweimal erfasst?",
                            "Der " + it.called()
                                + " stimmt in Arbeitgeber, Periode und Beträgen mit einem anderen "
                                  "überein. Falls er zweimal erfasst ist, bitte einen entfernen.",
                            it.path("grossSalary")});
             }
-            seen.push_back(&boxes);
         }
     }
 }

@@ -1,6 +1,7 @@
 #include "TaxCore/base/Text.h"
 #include "TaxCore/model/Household.h"
 #include "TaxCore/review/CheckParts.h"
+#include "TaxCore/review/CheckText.h"
 
 #include <algorithm>
 #include <array>
@@ -11,12 +12,9 @@ namespace review {
 
 namespace {
 
-char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
 /// Whether a text holds a word, given in small letters; case does not matter.
 bool mentions(std::string_view text, std::string_view word) {
-    const auto same = [](char a, char b) { return lower(a) == b; };
-    return std::search(text.begin(), text.end(), word.begin(), word.end(), same) != text.end();
+    return lowerAscii(text).find(word) != std::string::npos;
 }
 
 bool livesOnOtherIncome(const PersonIncome& income) {
@@ -79,18 +77,15 @@ void checkPartOfYear(CheckContext& c) {
 }
 
 bool isBlankOrStGallen(std::string_view canton) {
-    return isBlank(canton) || (mentions(canton, "sg") && canton.size() == 2);
+    return isBlank(canton) || lowerAscii(canton) == "sg";
 }
-
-/// The calculation of Liechtenstein tells properties abroad by the same two texts.
-bool isInLiechtenstein(std::string_view canton) { return canton == "FL" || canton == "LI"; }
 
 void checkProperties(CheckContext& c) {
     const bool here = c.stGallen != nullptr;
     int index = 0;
     for (const RealEstate& property : c.taxCase.realEstate) {
         const int at = index++;
-        if (here ? isBlankOrStGallen(property.canton) : isInLiechtenstein(property.canton)) {
+        if (here ? isBlankOrStGallen(property.canton) : isInLiechtenstein(property)) {
             continue;
         }
         const std::string named = isBlank(property.description) ? std::to_string(at + 1)
