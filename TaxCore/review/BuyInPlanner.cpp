@@ -1,3 +1,4 @@
+#include "TaxCore/base/Rounding.h"
 #include "TaxCore/review/Advisor.h"
 
 #include <algorithm>
@@ -17,7 +18,7 @@ class BuyInSearch {
                 const Decimal& sum)
         : calculator_(calculator), changed_(taxCase),
           buyIn_((person == 2 ? changed_.deductions2 : changed_.deductions1).pensionBuyIn),
-          before_(buyIn_), sum_(sum), tax_(taxWith(0)) {
+          before_(buyIn_), sum_(notBelowZero(sum)), tax_(taxWith(0)) {
         for (std::size_t k = 0; k <= hundredths; ++k) {
             savings_[k] = saving(part(k));
         }
@@ -97,7 +98,7 @@ std::vector<BuyInPlan> Advisor::planBuyIn(const CaseCalculator& calculator, cons
                                           int person, const Decimal& sum, int mostYears) {
     constexpr int longest = 20;
     std::vector<BuyInPlan> plans;
-    BuyInSearch search(calculator, taxCase, person, std::max(sum, Decimal(0)));
+    BuyInSearch search(calculator, taxCase, person, sum);
     for (int years = 1; years <= std::clamp(mostYears, 1, longest); ++years) {
         plans.push_back(search.plan(static_cast<std::size_t>(years)));
     }
