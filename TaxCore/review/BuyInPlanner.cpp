@@ -2,8 +2,10 @@
 #include "TaxCore/review/Advisor.h"
 
 #include <algorithm>
+#include <array>
 #include <functional>
 #include <numeric>
+#include <utility>
 
 namespace taxcore {
 
@@ -14,9 +16,8 @@ constexpr std::size_t hundredths = 100; ///< the grid on which payments are sear
 /// Searches how to spread a sum over some years.
 class BuyInSearch {
   public:
-    BuyInSearch(const CaseCalculator& calculator, const TaxCase& taxCase, int person,
-                const Decimal& sum)
-        : calculator_(calculator), changed_(taxCase),
+    BuyInSearch(const CaseCalculator& calculator, TaxCase taxCase, int person, const Decimal& sum)
+        : calculator_(calculator), changed_(std::move(taxCase)),
           buyIn_((person == 2 ? changed_.deductions2 : changed_.deductions1).pensionBuyIn),
           before_(buyIn_), sum_(notBelowZero(sum)), tax_(taxWith(0)) {
         for (std::size_t k = 0; k <= hundredths; ++k) {
