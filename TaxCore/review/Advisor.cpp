@@ -44,21 +44,20 @@ class StepFinder {
     StepFinder(std::vector<TariffStep>& steps, const Decimal& highest)
         : steps_(steps), highest_(highest) {}
 
+    /// A couple's tariff is that for half its income, so its steps lie at twice those of the
+    /// single.
     void addStGallen(const RuleBook& rules, const TaxBill& bill) {
-        const auto& rows = Tariffs::rowsOf(rules.sgTariff, bill.kind);
-        const auto incomeOf = [&](std::size_t row) {
-            return Decimal(rules.sgTariff.from)
-                   + Decimal(rules.sgTariff.step) * static_cast<int>(row);
-        };
+        const SGTariffTable& table = rules.sgTariff;
+        const int persons = bill.kind == TariffKind::joint ? 2 : 1;
         Decimal slope;
-        for (std::size_t row = 0; row + 1 < rows.size(); ++row) {
-            const Decimal next = rows[row + 1] - rows[row];
+        for (std::size_t row = 0; row + 1 < table.single.size(); ++row) {
+            const Decimal next = table.single[row + 1] - table.single[row];
             if (next != slope) {
-                add(incomeOf(row),
-                    "Kanton: je weitere 100 Franken "
-                        + MoneyFormat::chf(next * 100 / rules.sgTariff.step, 2, false)
-                        + " einfache Steuer");
                 slope = next;
+                add((Decimal(table.from) + Decimal(table.step) * static_cast<int>(row)) * persons,
+                    "Kanton: je weitere 100 Franken "
+                        + MoneyFormat::chf(slope * 100 / table.step, 2, false)
+                        + " einfache Steuer");
             }
         }
         const bool joint = bill.kind == TariffKind::joint;
@@ -89,7 +88,7 @@ class StepFinder {
   private:
     void add(const Decimal& income, std::string text) {
         if (income > 0 && income <= highest_) {
-            steps_.push_back({income, std::move(text)});
+            steps_.push_back({toWholeFrancs(income), std::move(text)});
         }
     }
 
@@ -133,14 +132,15 @@ IncomeCurve Advisor::incomeCurve(const CaseCalculator& calculator, const TaxCase
         return calculator.billFor(taxCase, base, income, notBelowZero(income - shift));
     };
     IncomeCurve curve;
+    const Decimal end = notBelowZero(highest);
     const int last = std::max(count, 2) - 1;
     for (int i = 0; i <= last; ++i) {
-        const Decimal income = toWholeFrancs(highest * i / last);
+        const Decimal income = toWholeFrancs(end * i / last);
         const TaxBill bill = billAt(income);
         const TaxBill lower = billAt(notBelowZero(income - marginalSpan));
         curve.points.push_back({income, bill.total(), difference(bill, lower).total});
     }
-    StepFinder steps(curve.steps, highest);
+    StepFinder steps(curve.steps, end);
     if (const RuleBook* rules = calculator.stGallen()) {
         steps.addStGallen(*rules, base.bill);
         steps.addFederal(rules->federalRules.tarif, base.bill.kind, shift);

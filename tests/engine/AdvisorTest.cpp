@@ -294,10 +294,41 @@ TEST(Advisor, curveMeetsTheBillAndNamesTheSteps) {
         EXPECT_EQ(curve.points[100].tax, middle.total());
         EXPECT_TRUE(std::ranges::is_sorted(curve.steps, {}, &TariffStep::income));
         EXPECT_GE(curve.steps.size(), 3U);
+        EXPECT_LE(curve.steps.size(), 20U);
         for (const TariffStep& step : curve.steps) {
             EXPECT_GT(step.income, Decimal(0));
             EXPECT_LE(step.income, taxable * 2) << step.text;
         }
+    }
+}
+
+/// The rises of the canton's tariff as the law states them, for a couple at twice the income.
+TEST(Advisor, curveNamesTheStepsOfTheCantonsTariff) {
+    for (const bool joint : {false, true}) {
+        TaxCase taxCase = spotlessHousehold();
+        taxCase.civilStatus = joint ? CivilStatus::verheiratet : CivilStatus::ledig;
+        taxCase.children.clear();
+        const Computed base(taxCase);
+        const int persons = joint ? 2 : 1;
+        std::vector<TariffStep> steps;
+        for (const TariffStep& step :
+             Advisor::incomeCurve(base.calculator, taxCase, base.result, 200'000, 50).steps) {
+            if (step.text.starts_with("Kanton")) {
+                steps.push_back(step);
+            }
+        }
+        const auto rise = [&](int income, const char* simpleTax) {
+            return TariffStep{income * persons, std::string("Kanton: je weitere 100 Franken ")
+                                                    + simpleTax + " einfache Steuer"};
+        };
+        EXPECT_EQ(steps,
+                  (std::vector{rise(11'600, "4.00"), rise(15'800, "6.00"), rise(33'800, "8.00"),
+                               rise(60'200, "9.20"), rise(98'300, "9.40")}));
+    }
+    const Computed base(spotlessHousehold());
+    for (const CurvePoint& point :
+         Advisor::incomeCurve(base.calculator, base.taxCase, base.result, -5, 3).points) {
+        EXPECT_EQ(point, CurvePoint{});
     }
 }
 
