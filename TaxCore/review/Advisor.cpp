@@ -104,8 +104,9 @@ Decimal Advisor::totalTax(const TaxResult& result) {
 }
 
 std::vector<Notice> Advisor::tips(const CaseCalculator& calculator, const TaxCase& taxCase,
-                                  const TaxResult& base, Date today) {
-    review::TipContext context(calculator, taxCase, base, today);
+                                  const TaxResult& base, Date today,
+                                  const std::vector<const TaxCase*>& otherYears) {
+    review::TipContext context(calculator, taxCase, base, today, otherYears);
     if (context.stGallen() != nullptr) {
         review::suggestStGallen(context);
     } else {

@@ -71,8 +71,10 @@ struct Advisor {
     /// first: the difference of two full calculations, to the Rappen. What saves nothing is left
     /// out. `today` tells whether a payment in the tax year is still possible; where it is not, the
     /// message says so.
+    /// `otherYears` are the household's cases of other years, as far as they are known.
     static std::vector<Notice> tips(const CaseCalculator& calculator, const TaxCase& taxCase,
-                                    const TaxResult& base, Date today);
+                                    const TaxResult& base, Date today,
+                                    const std::vector<const TaxCase*>& otherYears = {});
 
     /// What the last 1,000 francs of taxable income cost, by recipient.
     static MarginalRate marginalRate(const CaseCalculator& calculator, const TaxCase& taxCase,

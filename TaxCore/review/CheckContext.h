@@ -33,6 +33,9 @@ struct Adult {
     }
 };
 
+/// Age at the year's end; absent without a birth date.
+std::optional<int> ageOf(const Adult& adult, int year);
+
 /// The adults of a case who count.
 std::vector<Adult> adultsOf(const TaxCase& taxCase);
 

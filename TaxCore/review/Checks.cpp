@@ -1,5 +1,6 @@
 #include "TaxCore/review/Checks.h"
 
+#include "TaxCore/model/Household.h"
 #include "TaxCore/review/CheckContext.h"
 
 #include <algorithm>
@@ -16,6 +17,11 @@ std::string Adult::called() const {
 
 std::string Adult::id(std::string_view stem) const {
     return std::string(stem) + "-" + std::to_string(number);
+}
+
+std::optional<int> ageOf(const Adult& adult, int year) {
+    const auto& birth = adult.person.birthDate;
+    return birth ? std::optional(ageAtEndOf(*birth, year)) : std::nullopt;
 }
 
 std::vector<Adult> adultsOf(const TaxCase& taxCase) {

@@ -1,4 +1,5 @@
 #include "TaxCore/base/MoneyFormat.h"
+#include "TaxCore/base/Rounding.h"
 #include "TaxCore/liechtenstein/LICalculation.h"
 #include "TaxCore/liechtenstein/Law.h"
 #include "TaxCore/review/TipContext.h"
@@ -24,7 +25,7 @@ void fillPensionFund(TipContext& c) {
         }
         paid += adult.deductions.pensionBuyIn;
         earned += earner.earned();
-        if (adult.person.hasPensionFund && earner.earned() > most) {
+        if (isInPensionFund(adult, c.taxCase().year) && earner.earned() > most) {
             most = earner.earned();
             payer = &adult;
         }
@@ -62,13 +63,16 @@ void fillInsuranceAllowance(TipContext& c) {
                .title = "Versicherungsprämien vollständig eintragen",
                .message = "Private Versicherungen (Kranken-, Unfall-, Lebensversicherung) sind bis "
                           + money(breakdown.maximum) + " abziehbar; eingetragen sind "
-                          + money(breakdown.paid) + ".",
+                          + money(breakdown.paid)
+                          + ". Wer mehr bezahlt hat, trägt es nach; die Ersparnis gilt bis zum "
+                            "Höchstbetrag.",
                .law = cited(li::law::insurance),
                .path = FieldPath("householdDeductions", "healthInsurancePremiums"),
                .change = [&](TaxCase& changed) {
-                   changed.householdDeductions.healthInsurancePremiums +=
-                       room + changed.householdDeductions.premiumReduction;
-                   changed.householdDeductions.premiumReduction = 0;
+                   HouseholdDeductions& d = changed.householdDeductions;
+                   const Decimal entered = d.healthInsurancePremiums + d.accidentInsurancePremiums
+                                           + d.lifeInsurancePremiums;
+                   d.healthInsurancePremiums += room + notBelowZero(d.premiumReduction - entered);
                }});
 }
 

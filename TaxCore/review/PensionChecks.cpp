@@ -210,6 +210,19 @@ void checkLiechtensteinPillar3a(CheckContext& c, const Adult& adult) {
     }
 }
 
+/// Contributions to pillar 3a end five years after the reference age. BVV 3 Art. 7 Abs. 3
+void checkPillar3aAge(CheckContext& c, const Adult& adult) {
+    constexpr int lastAge = 70;
+    const bool pays = adult.deductions.pillar3a > 0 || adult.deductions.pillar3aBuyIn > 0;
+    if (pays && ageOf(adult, c.taxCase.year).value_or(0) > lastAge) {
+        c.warning({adult.id("3a-zu-spaet"), page, "Säule 3a nach 70",
+                   "Beiträge an die Säule 3a sind höchstens bis fünf Jahre nach dem Referenzalter "
+                   "möglich. Bitte den Betrag von "
+                       + adult.called() + " prüfen.",
+                   deductionPath(adult, "pillar3a")});
+    }
+}
+
 void checkPremiums(CheckContext& c) {
     const HouseholdDeductions& d = c.taxCase.householdDeductions;
     if (d.healthInsurancePremiums.isZero()) {
@@ -260,6 +273,7 @@ void checkPension(CheckContext& c) {
             checkPensionFundWithoutContributions(c, adult);
             checkContributionsWithoutPensionFund(c, adult);
             checkPillar3aBuyIn(c, adult);
+            checkPillar3aAge(c, adult);
             checkBuyInNearCapital(c, adult);
         } else {
             checkLiechtensteinPillar3a(c, adult);

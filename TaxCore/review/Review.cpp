@@ -25,7 +25,8 @@ std::optional<YearComparison> changeOf(const ReviewInput& input) {
 
 Review Review::of(const ReviewInput& input) {
     return {.notices = Checks::of(input),
-            .tips = Advisor::tips(input.calculator, input.taxCase, input.result, input.today),
+            .tips = Advisor::tips(input.calculator, input.taxCase, input.result, input.today,
+                                  input.otherYears),
             .marginalRate = Advisor::marginalRate(input.calculator, input.taxCase, input.result),
             .change = changeOf(input),
             .notComputed = Checks::notComputed(input.taxCase.taxRegion())};

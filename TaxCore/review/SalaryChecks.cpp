@@ -77,13 +77,8 @@ bool isNetOnly(const CheckContext& c, const SalaryCertificate& boxes) {
     return c.stGallen != nullptr && boxes.netSalaryOverride;
 }
 
-std::optional<int> ageOf(const CheckContext& c, const Adult& adult) {
-    const auto& birth = adult.person.birthDate;
-    return birth ? std::optional(TaxCalculator::age(*birth, c.taxCase.year)) : std::nullopt;
-}
-
 void checkSocialContributions(CheckContext& c, const Certificate& it) {
-    const auto age = ageOf(c, it.adult);
+    const auto age = ageOf(it.adult, c.taxCase.year);
     const int free = age && *age >= referenceAge ? pensionersAllowance : smallSalary;
     if (it.boxes.grossSalary <= free || !it.boxes.socialContributions.isZero()
         || (age && *age < firstContributionAge) || isNetOnly(c, it.boxes)) {
@@ -97,7 +92,7 @@ void checkSocialContributions(CheckContext& c, const Certificate& it) {
 }
 
 void checkPensionContributions(CheckContext& c, const Certificate& it) {
-    const auto age = ageOf(c, it.adult);
+    const auto age = ageOf(it.adult, c.taxCase.year);
     if (!it.adult.person.hasPensionFund || !it.boxes.isMainEmployment
         || it.boxes.grossSalary <= pensionFundThreshold || !it.boxes.pensionContributions.isZero()
         || (age && (*age < firstSavingAge || *age >= referenceAge)) || isNetOnly(c, it.boxes)) {

@@ -28,11 +28,17 @@ struct Pillar3aRoom {
     }
 };
 
+/// Contributions end five years after the reference age of 65. BVV 3 Art. 7 Abs. 3
+bool isTooOldForPillar3a(const TipContext& c, const Adult& adult) {
+    constexpr int lastAge = 70;
+    return ageOf(adult, c.taxCase().year).value_or(0) > lastAge;
+}
+
 /// BVV 3 Art. 7 Abs. 1
 void fillPillar3a(TipContext& c, const Adult& adult) {
     const Pillar3aRoom room(adult, c.stGallen()->cantonal.saeule3a);
     const Decimal missing = room.maximum - adult.deductions.pillar3a;
-    if (missing <= 0) {
+    if (missing <= 0 || isTooOldForPillar3a(c, adult)) {
         return;
     }
     c.suggest(
@@ -54,34 +60,40 @@ void buyIntoPillar3a(TipContext& c, const Adult& adult) {
     const Saeule3aParams& params = c.stGallen()->cantonal.saeule3a;
     const Pillar3aRoom room(adult, params);
     const bool maximumPaid = room.withEarnings && adult.deductions.pillar3a >= room.maximum;
-    if (c.taxCase().year < firstYear || !maximumPaid
-        || adult.deductions.pillar3aBuyIn >= params.mitPensionskasse) {
+    if (c.taxCase().year < firstYear || !maximumPaid || isTooOldForPillar3a(c, adult)) {
         return;
     }
-    c.suggest({.id = adult.id("tipp-3a-einkauf"),
-               .area = "pension",
-               .title = "Lücken der Säule 3a schliessen – " + adult.called(),
-               .message = "Wer in einem Jahr ab 2025 nicht den vollen Beitrag einbezahlt hat, darf "
-                          "ihn nachholen: bis "
-                          + money(params.mitPensionskasse) + " pro Jahr.",
-               .law = cited(law::pillar3aBuyIn),
-               .path = adult.deductionPath("pillar3aBuyIn"),
-               .change =
-                   [&](TaxCase& changed) {
-                       deductionsOf(changed, adult.number).pillar3aBuyIn = params.mitPensionskasse;
-                   },
-               .inTheYear = true});
+    // What last year left open where it is known, else the most that may be open.
+    Decimal gap = params.mitPensionskasse;
+    if (const TaxCase* before = c.caseOf(c.taxCase().year - 1)) {
+        const auto& paid = adult.number == 2 ? before->deductions2 : before->deductions1;
+        gap = std::min(gap, notBelowZero(room.maximum - paid.pillar3a));
+    }
+    if (adult.deductions.pillar3aBuyIn >= gap) {
+        return;
+    }
+    c.suggest(
+        {.id = adult.id("tipp-3a-einkauf"),
+         .area = "pension",
+         .title = "Lücken der Säule 3a schliessen – " + adult.called(),
+         .message = "Wer in einem Jahr ab 2025 mit AHV-pflichtigem Erwerb nicht den vollen "
+                    "Beitrag einbezahlt hat, darf ihn innert zehn Jahren nachholen, bis "
+                    + money(params.mitPensionskasse)
+                    + " pro Jahr und solange keine Altersleistung der Säule 3a bezogen "
+                      "wurde. Gerechnet ist mit "
+                    + money(gap) + ".",
+         .law = cited(law::pillar3aBuyIn),
+         .path = adult.deductionPath("pillar3aBuyIn"),
+         .change =
+             [&](TaxCase& changed) { deductionsOf(changed, adult.number).pillar3aBuyIn = gap; },
+         .inTheYear = true});
 }
 
 /// A tenth of the earnings as an example; the room stands on the fund's certificate. BVG Art. 79b
 void buyIntoPensionFund(TipContext& c, const Adult& adult) {
     const taxcore::Adult earner(adult.number, adult.person, adult.income, adult.deductions);
     const Decimal example = (earner.earned() / 10).roundDown(-3);
-    const bool blocked =
-        std::ranges::any_of(c.taxCase().capitalPayments, [](const CapitalPayment& payment) {
-            return payment.kind == CapitalPayment::Kind::saeule2;
-        });
-    if (!adult.person.hasPensionFund || example <= 0 || blocked) {
+    if (!isInPensionFund(adult, c.taxCase().year) || example <= 0 || c.drewPensionCapital()) {
         return;
     }
     c.suggest(
@@ -91,7 +103,8 @@ void buyIntoPensionFund(TipContext& c, const Adult& adult) {
          .message = "Ein Einkauf von zum Beispiel " + money(example)
                     + " ist voll abziehbar; wie viel möglich ist, steht auf dem "
                       "Vorsorgeausweis. Grössere Summen auf mehrere Jahre verteilt sparen "
-                      "meist mehr. Danach ist der Bezug als Kapital drei Jahre gesperrt.",
+                      "meist mehr. Ein Vorbezug für Wohneigentum ist vorher zurückzuzahlen; danach "
+                      "ist der Bezug als Kapital drei Jahre gesperrt.",
          .law = cited(law::pillar2) + "; BVG Art. 79b",
          .path = adult.deductionPath("pensionBuyIn"),
          .change =
@@ -162,27 +175,28 @@ void justifyVehicle(TipContext& c, const Adult& adult) {
 
 void rideABicycle(TipContext& c, const Adult& adult) {
     const WorkExpenses& work = adult.deductions.work;
-    const bool anyWay = work.publicTransportCost > 0 || work.useBicycle || work.carKmOneWay > 0;
+    const bool anyWay =
+        work.publicTransportCost > 0 || work.useBicycle || work.carKmOneWay > 0 || work.weeklyStay;
     const bool main = std::ranges::any_of(adult.income.salaries, [](const auto& certificate) {
         return certificate.isMainEmployment;
     });
     if (anyWay || !main) {
         return;
     }
-    c.suggest(
-        {.id = adult.id("tipp-arbeitsweg"),
-         .area = "work",
-         .title = "Arbeitsweg nicht vergessen – " + adult.called(),
-         .message = "Es ist kein Arbeitsweg eingetragen. Schon der Weg mit dem Velo zählt mit "
-                    + MoneyFormat::fr(c.stGallen()->cantonal.berufskosten.veloMax)
-                    + "; Abonnemente zählen mit ihrem Preis.",
-         .law = cited(law::commute),
-         .path = adult.workPath("useBicycle"),
-         .change = [&](TaxCase& changed) {
-             WorkExpenses& own = deductionsOf(changed, adult.number).work;
-             own.useBicycle = true;
-             own.bicycleCost = c.stGallen()->cantonal.berufskosten.veloMax;
-         }});
+    c.suggest({.id = adult.id("tipp-arbeitsweg"),
+               .area = "work",
+               .title = "Arbeitsweg nicht vergessen – " + adult.called(),
+               .message = "Es ist kein Arbeitsweg eingetragen. Wer mit dem Velo zur Arbeit fährt, "
+                          "zieht "
+                          + MoneyFormat::fr(c.stGallen()->cantonal.berufskosten.veloMax)
+                          + " ab; Abonnemente zählen mit ihrem Preis.",
+               .law = cited(law::commute),
+               .path = adult.workPath("useBicycle"),
+               .change = [&](TaxCase& changed) {
+                   WorkExpenses& own = deductionsOf(changed, adult.number).work;
+                   own.useBicycle = true;
+                   own.bicycleCost = c.stGallen()->cantonal.berufskosten.veloMax;
+               }});
 }
 
 void chooseFurtherEducation(TipContext& c, const Adult& adult) {
@@ -211,22 +225,24 @@ void chooseMaintenance(TipContext& c) {
         if (!toFlat && property.actualMaintenanceCosts <= 0) {
             return;
         }
-        c.suggest({.id = itemId("tipp-unterhalt", index),
-                   .area = "wealth",
-                   .title = toFlat ? "Unterhaltspauschale ist höher"
-                                   : "Tatsächlicher Unterhalt ist höher",
-                   .message = (toFlat ? "Die Pauschale zieht mehr ab als die tatsächlichen Kosten"
-                                      : "Die tatsächlichen Kosten von "
-                                            + money(property.actualMaintenanceCosts)
-                                            + " sind höher als die Pauschale")
-                              + std::string("; gewählt werden darf jedes Jahr und für jede "
-                                            "Liegenschaft neu."),
-                   .law = cited(toFlat ? law::realEstateFlatRate : law::realEstateCosts),
-                   .path = FieldPath("realEstate", "useFlatRateMaintenance").at(index),
-                   .change = [&](TaxCase& changed) {
-                       changed.realEstate[static_cast<std::size_t>(index)].useFlatRateMaintenance =
-                           toFlat;
-                   }});
+        c.suggest(
+            {.id = itemId("tipp-unterhalt", index),
+             .area = "wealth",
+             .title =
+                 toFlat ? "Unterhaltspauschale ist höher" : "Tatsächlicher Unterhalt ist höher",
+             .message =
+                 (toFlat ? "Die Pauschale zieht mehr ab als die tatsächlichen Kosten"
+                         : "Die tatsächlichen Kosten von " + money(property.actualMaintenanceCosts)
+                               + " sind höher als die Pauschale")
+                 + std::string("; gewählt werden darf jedes Jahr und für jede Liegenschaft "
+                               "neu. Beim Bund beträgt die Pauschale für Gebäude bis "
+                               "zehn Jahre nur 10%."),
+             .law = cited(toFlat ? law::realEstateFlatRate : law::realEstateCosts),
+             .path = FieldPath("realEstate", "useFlatRateMaintenance").at(index),
+             .change = [&](TaxCase& changed) {
+                 changed.realEstate[static_cast<std::size_t>(index)].useFlatRateMaintenance =
+                     toFlat;
+             }});
     });
 }
 
@@ -252,7 +268,7 @@ void reachDonationMinimum(TipContext& c) {
         gifts += gift.isPoliticalParty ? Decimal(0) : gift.amount;
     }
     const Decimal& minimum = c.stGallen()->cantonal.freiwilligeZuwendungenMin;
-    if (gifts <= 0 || gifts >= minimum) {
+    if (gifts * 2 < minimum || gifts >= minimum) {
         return;
     }
     c.suggest({.id = "tipp-spenden",

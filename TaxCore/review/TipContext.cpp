@@ -14,14 +14,41 @@ std::string cited(const Law& law) {
     return text;
 }
 
+bool isInPensionFund(const Adult& adult, int year) {
+    constexpr int referenceAge = 65;
+    const bool contributes = std::ranges::any_of(
+        adult.income.salaries, [](const auto& boxes) { return boxes.pensionContributions > 0; });
+    return adult.person.hasPensionFund && contributes
+           && ageOf(adult, year).value_or(0) <= referenceAge;
+}
+
 PersonDeductions& deductionsOf(TaxCase& taxCase, int person) {
     return person == 2 ? taxCase.deductions2 : taxCase.deductions1;
 }
 
 TipContext::TipContext(const CaseCalculator& calculator, const TaxCase& taxCase,
-                       const TaxResult& base, Date today)
+                       const TaxResult& base, Date today,
+                       const std::vector<const TaxCase*>& otherYears)
     : calculator_(calculator), taxCase_(taxCase), base_(base), today_(today),
-      adults_(adultsOf(taxCase)) {}
+      otherYears_(otherYears), adults_(adultsOf(taxCase)) {}
+
+const TaxCase* TipContext::caseOf(int year) const noexcept {
+    const auto found =
+        std::ranges::find(otherYears_, year, [](const TaxCase* other) { return other->year; });
+    return found == otherYears_.end() ? nullptr : *found;
+}
+
+bool TipContext::drewPensionCapital() const {
+    constexpr int blockedYears = 3;
+    const auto draws = [&](const TaxCase& taxCase) {
+        return taxCase.year <= taxCase_.year && taxCase.year >= taxCase_.year - blockedYears
+               && std::ranges::any_of(taxCase.capitalPayments, [](const CapitalPayment& payment) {
+                      return payment.kind == CapitalPayment::Kind::saeule2 && payment.amount > 0;
+                  });
+    };
+    return draws(taxCase_)
+           || std::ranges::any_of(otherYears_, [&](const TaxCase* other) { return draws(*other); });
+}
 
 void TipContext::suggest(Suggestion suggestion) {
     TaxCase changed = taxCase_;
@@ -55,14 +82,17 @@ std::vector<Notice> TipContext::bySaving() && {
 
 void computeVehicleValue(TipContext& c, const Law& law) {
     forEachItem(c.taxCase().vehicles, [&](const Vehicle& vehicle, int index) {
-        if (!vehicle.taxValueOverride || vehicle.purchasePrice <= 0 || !vehicle.purchaseYear) {
+        // Whoever enters more than the price knows of a value that rises.
+        if (!vehicle.taxValueOverride || *vehicle.taxValueOverride > vehicle.purchasePrice
+            || !vehicle.purchaseYear) {
             return;
         }
         c.suggest({.id = itemId("tipp-fahrzeug", index),
                    .area = "wealth",
                    .title = "Zeitwert des Fahrzeugs ist tiefer",
                    .message = "Aus Kaufpreis und Alter ergibt sich ein tieferer Wert als der "
-                              "eingetragene.",
+                              "eingetragene. Für Oldtimer und Sammlerfahrzeuge gilt das nicht, "
+                              "dort zählt der Verkehrswert.",
                    .law = cited(law),
                    .path = FieldPath("vehicles", "taxValueOverride").at(index),
                    .change = [&](TaxCase& changed) {

@@ -33,13 +33,19 @@ std::string cited(const Law& law);
 class TipContext {
   public:
     TipContext(const CaseCalculator& calculator, const TaxCase& taxCase, const TaxResult& base,
-               Date today);
+               Date today, const std::vector<const TaxCase*>& otherYears);
 
     const TaxCase& taxCase() const noexcept { return taxCase_; }
     const TaxResult& base() const noexcept { return base_; }
     const RuleBook* stGallen() const noexcept { return calculator_.stGallen(); }
     const LIRules* liechtenstein() const noexcept { return calculator_.liechtenstein(); }
     const std::vector<Adult>& adults() const noexcept { return adults_; }
+
+    /// The household's case of a year; null when it is not known.
+    const TaxCase* caseOf(int year) const noexcept;
+    /// Whether the household drew pension-fund capital in this year or one of the three before,
+    /// as far as they are known: buy-ins would not be deductible. BVG Art. 79b Abs. 3
+    bool drewPensionCapital() const;
 
     /// Computes the changed case and keeps the suggestion when it saves something.
     void suggest(Suggestion suggestion);
@@ -52,9 +58,14 @@ class TipContext {
     const TaxCase& taxCase_;
     const TaxResult& base_;
     Date today_;
+    const std::vector<const TaxCase*>& otherYears_;
     std::vector<Adult> adults_;
     std::vector<Notice> tips_;
 };
+
+/// Whether a person pays into a pension fund, by the certificates, and may still buy in: up to the
+/// reference age of 65. BVG Art. 13 Abs. 1
+bool isInPensionFund(const Adult& adult, int year);
 
 /// The part of a case that belongs to a person, for changes.
 PersonDeductions& deductionsOf(TaxCase& taxCase, int person);

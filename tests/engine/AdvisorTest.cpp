@@ -10,6 +10,7 @@
 #include <functional>
 #include <numeric>
 #include <set>
+#include <tuple>
 
 namespace taxcore {
 namespace {
@@ -69,7 +70,11 @@ std::vector<TipRow> stGallenRows() {
          [](TaxCase& c) { c.deductions2.pillar3a = 7'257; }, laterHousehold},
         {"tipp-pk-einkauf-1", "BVG Art. 79b", [](TaxCase&) {},
          [](TaxCase& c) { c.deductions1.pensionBuyIn += 7'000; },
-         [](TaxCase& c) { c.capitalPayments.emplace_back().kind = CapitalPayment::Kind::saeule2; }},
+         [](TaxCase& c) {
+             CapitalPayment& drawn = c.capitalPayments.emplace_back();
+             drawn.kind = CapitalPayment::Kind::saeule2;
+             drawn.amount = 50'000;
+         }},
         {"tipp-uebrige-berufskosten-1", "DBG Art. 26",
          [](TaxCase& c) { c.deductions1.work.actualOtherCosts = 5'000; },
          [](TaxCase& c) { c.deductions1.work.useActualOtherCosts = true; },
@@ -228,6 +233,48 @@ TEST(Advisor, bundlesMedicalCostsInTheUpperHalfOfTheThreshold) {
     EXPECT_EQ(tipAt(0.4_dec), 0);
     EXPECT_EQ(tipAt(0.9_dec), 1);
     EXPECT_EQ(tipAt(1), 0);
+}
+
+TEST(Advisor, proposesOnlyWhatThePersonMayDo) {
+    const auto has = [](const TaxCase& taxCase, const char* id,
+                        const std::vector<const TaxCase*>& others = {}) {
+        const Computed base(taxCase);
+        const auto tips =
+            Advisor::tips(base.calculator, base.taxCase, base.result, inTheYear(taxCase), others);
+        return std::ranges::count(tips, id, &Notice::id) > 0;
+    };
+    for (const auto& [born, pillar3a, fund] : {std::tuple{1960, true, true},
+                                               {1959, true, false},
+                                               {1955, true, false},
+                                               {1954, false, false}}) {
+        TaxCase household = spotlessHousehold();
+        household.person1.birthDate = Date::of(born, 1, 1);
+        EXPECT_EQ(has(household, "tipp-3a-1"), pillar3a) << born;
+        EXPECT_EQ(has(household, "tipp-pk-einkauf-1"), fund) << born;
+    }
+    TaxCase without = spotlessHousehold();
+    without.income1.salaries[0].pensionContributions = 0;
+    EXPECT_FALSE(has(without, "tipp-pk-einkauf-1")) << "nothing shows a pension fund";
+
+    TaxCase before = spotlessHousehold();
+    TaxCase later = before;
+    later.year = 2026;
+    later.deductions1.pillar3a = 7'258;
+    EXPECT_TRUE(has(later, "tipp-3a-einkauf-1", {&before})) << "258 were left open";
+    before.deductions1.pillar3a = 7'258;
+    EXPECT_FALSE(has(later, "tipp-3a-einkauf-1", {&before})) << "no gap, no buy-in";
+    CapitalPayment& drawn = before.capitalPayments.emplace_back();
+    drawn.kind = CapitalPayment::Kind::saeule2;
+    drawn.amount = 1;
+    EXPECT_FALSE(has(later, "tipp-pk-einkauf-1", {&before})) << "capital drawn the year before";
+
+    TaxCase oldtimer = spotlessHousehold();
+    oldtimer.otherAssets = 400'000;
+    Vehicle& car = oldtimer.vehicles.emplace_back();
+    car.purchasePrice = 60'000;
+    car.purchaseYear = 2000;
+    car.taxValueOverride = 80'000;
+    EXPECT_FALSE(has(oldtimer, "tipp-fahrzeug-1")) << "worth more than its price";
 }
 
 TEST(Advisor, ordersTipsBySavingAndTellsWhenItIsTooLate) {

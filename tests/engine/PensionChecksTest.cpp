@@ -59,6 +59,9 @@ std::vector<testing::LevelledRow> pensionFundRows() {
           },
           nextYear}},
         {warning,
+         {"3a-zu-spaet-1", [](TaxCase& c) { c.person1.birthDate = Date::of(1954, 12, 31); },
+          [](TaxCase& c) { c.person1.birthDate = Date::of(1955, 1, 1); }}},
+        {warning,
          {"einkauf-ohne-pensionskasse-1",
           [](TaxCase& c) {
               c.person1.hasPensionFund = false;
