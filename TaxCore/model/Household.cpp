@@ -64,6 +64,18 @@ bool isPrivateAsset(const SecurityEntry& entry, const TaxCase& taxCase) noexcept
     return belongsToHousehold(entry, taxCase) && !isBusinessAsset(entry);
 }
 
+bool isInStGallen(const RealEstate& property) {
+    std::string letters;
+    for (const char c : property.canton) {
+        if (c >= 'A' && c <= 'Z') {
+            letters += static_cast<char>(c - 'A' + 'a');
+        } else if (c != ' ' && c != '.') {
+            letters += c;
+        }
+    }
+    return letters.empty() || letters == "sg" || letters == "stgallen";
+}
+
 bool isInLiechtenstein(const RealEstate& property) noexcept {
     return property.canton == "FL" || property.canton == "LI";
 }

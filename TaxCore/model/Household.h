@@ -42,6 +42,10 @@ bool isBusinessAsset(const SecurityEntry& entry) noexcept;
 /// Whether the entry counts as private income and wealth of the household.
 bool isPrivateAsset(const SecurityEntry& entry, const TaxCase& taxCase) noexcept;
 
+/// Whether a property lies in the canton of St.Gallen: "SG" or "St.Gallen" in any letter case; an
+/// empty canton counts as at home.
+bool isInStGallen(const RealEstate& property);
+
 /// Whether the property stands in Liechtenstein, by its canton code.
 bool isInLiechtenstein(const RealEstate& property) noexcept;
 

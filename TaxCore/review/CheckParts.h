@@ -15,6 +15,10 @@ void checkRepeatedSalaries(CheckContext& c);
 /// Professional costs by the rules of Liechtenstein, on the page "work".
 void checkWorkInLiechtenstein(CheckContext& c, const LIRules& rules);
 
+/// Whether a property without the code of Liechtenstein is probably there all the same: it lies in
+/// a municipality of the country, or its code is missing or still that of a new entry.
+bool mayBeAtHome(const RealEstate& property, const LIRules& rules);
+
 /// How a sentence speaks of a certificate: "Lohnausweis «Muster AG»" or "Lohnausweis 2".
 std::string called(const SalaryCertificate& certificate, int index);
 

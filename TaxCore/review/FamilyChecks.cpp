@@ -39,7 +39,13 @@ void checkBirthDate(CheckContext& c, const Adult& adult) {
         return;
     }
     const int age = TaxCalculator::age(*birth, c.taxCase.year);
-    if (age < youngestTaxpayer || age > oldestTaxpayer) {
+    if (age < 0) {
+        c.warning({adult.id("alter-unplausibel"), "family", "Ungewöhnliches Alter",
+                   adult.called()
+                       + " ist nach dem Geburtsdatum erst nach dem Steuerjahr geboren. "
+                         "Bitte das Datum prüfen.",
+                   path});
+    } else if (age < youngestTaxpayer || age > oldestTaxpayer) {
         c.warning({adult.id("alter-unplausibel"), "family", "Ungewöhnliches Alter",
                    "Nach dem Geburtsdatum ist " + adult.called() + " am Jahresende "
                        + std::to_string(age) + " Jahre alt. Bitte das Datum prüfen.",

@@ -76,16 +76,13 @@ void checkPartOfYear(CheckContext& c) {
             months->first > 1 ? months->firstPath : months->lastPath});
 }
 
-bool isBlankOrStGallen(std::string_view canton) {
-    return isBlank(canton) || lowerAscii(canton) == "sg";
-}
-
 void checkProperties(CheckContext& c) {
     const bool here = c.stGallen != nullptr;
     int index = 0;
     for (const RealEstate& property : c.taxCase.realEstate) {
         const int at = index++;
-        if (here ? isBlankOrStGallen(property.canton) : isInLiechtenstein(property)) {
+        if (here ? isInStGallen(property)
+                 : isInLiechtenstein(property) || mayBeAtHome(property, *c.liechtenstein)) {
             continue;
         }
         const std::string named = isBlank(property.description) ? std::to_string(at + 1)

@@ -3,6 +3,7 @@
 #include "TaxCore/model/Household.h"
 #include "TaxCore/result/Sums.h"
 #include "TaxCore/review/CheckContext.h"
+#include "TaxCore/review/CheckParts.h"
 #include "TaxCore/review/CheckText.h"
 
 #include <optional>
@@ -126,10 +127,10 @@ bool isSameMunicipality(const RuleBook& rules, std::string_view a, std::string_v
 
 void checkHomeMunicipality(CheckContext& c, const RealEstate& property, int index) {
     const bool elsewhere =
-        property.canton != c.stGallen->canton
-        || (!isBlank(property.municipality)
-            && !isSameMunicipality(*c.stGallen, property.municipality, c.taxCase.municipality));
-    if (isHome(property) && elsewhere) {
+        !isBlank(property.municipality)
+        && !isSameMunicipality(*c.stGallen, property.municipality, c.taxCase.municipality);
+    // One outside the canton is told apart.
+    if (isHome(property) && isInStGallen(property) && elsewhere) {
         c.warning({itemId("hauptwohnsitz-gemeinde", index), page,
                    "Hauptwohnsitz in anderer Gemeinde",
                    nameOf(property, index) + " ist als Hauptwohnsitz erfasst, liegt aber nicht in "
@@ -153,13 +154,9 @@ void checkHomes(CheckContext& c) {
     });
 }
 
-/// A home in Liechtenstein without its code counts as abroad: one in a municipality of the country,
-/// or one without municipality whose code is missing or still that of a new entry.
+/// A home in Liechtenstein without its code counts as abroad.
 void checkLiechtensteinCanton(CheckContext& c, const RealEstate& property, int index) {
-    const bool untouched = isBlank(property.municipality)
-                           && (isBlank(property.canton) || property.canton == RealEstate().canton);
-    const bool atHome = c.liechtenstein->zuschlag(property.municipality).has_value();
-    if (!isInLiechtenstein(property) && (atHome || untouched)) {
+    if (!isInLiechtenstein(property) && mayBeAtHome(property, *c.liechtenstein)) {
         c.warning({itemId("li-liegenschaft-ausland", index), page, "Liegenschaft im Ausland?",
                    nameOf(property, index)
                        + " zählt als Liegenschaft im Ausland, weil als Kanton nicht FL eingetragen "
@@ -243,6 +240,12 @@ void checkInsurance(CheckContext& c, const InsurancePolicy& policy, int index) {
 }
 
 } // namespace
+
+bool mayBeAtHome(const RealEstate& property, const LIRules& rules) {
+    const bool untouched = isBlank(property.municipality)
+                           && (isBlank(property.canton) || property.canton == RealEstate().canton);
+    return untouched || rules.zuschlag(property.municipality).has_value();
+}
 
 void checkWealth(CheckContext& c) {
     checkSecurities(c);

@@ -49,7 +49,7 @@ std::vector<CheckRow> rows() {
         {"nicht-berechnet-liegenschaft-2",
          [](TaxCase& c) {
              own(c, "FL");
-             own(c, "SG");
+             own(c, "ZH");
          },
          [](TaxCase& c) {
              own(c, "FL");
