@@ -125,7 +125,17 @@ int check(const CheckOptions& options) {
     for (const TaxCase& other : read->otherYears) {
         input.otherYears.push_back(&other);
     }
-    const Review review = Review::of(input);
+    Review review = Review::of(input);
+    if (options.curve) {
+        constexpr int points = 200;
+        const Decimal highest = std::max(result.bill.taxableIncomeCanton * 2, Decimal(100'000));
+        review.curve =
+            Advisor::incomeCurve(read->calculator, read->taxCase, result, highest, points);
+    }
+    if (options.buyIn) {
+        review.buyInPlans =
+            Advisor::planBuyIn(read->calculator, read->taxCase, options.person, *options.buyIn);
+    }
     return print(options.json ? toJson(review) : reviewText(read->taxCase, review));
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "TaxCore/base/Decimal.h"
 #include "TaxCore/model/Enumerations.h"
 
 #include <optional>
@@ -37,6 +38,9 @@ struct CheckOptions {
     std::string file = "-";
     std::optional<int> year; ///< given: the file is a state file, whose other years count, too
     bool json = false;
+    bool curve = false;                    ///< adds the tax over the income
+    std::optional<taxcore::Decimal> buyIn; ///< adds the best plan for a buy-in of so many francs
+    int person = 1;                        ///< whose pension fund
 };
 /// Prints notices, savings tips and the marginal rate of one case.
 int check(const CheckOptions& options);

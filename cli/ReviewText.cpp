@@ -33,10 +33,11 @@ std::string listText(const std::string& title, const std::vector<Notice>& notice
     return text + (notices.empty() ? "  " + none + "\n" : "") + "\n";
 }
 
+std::string percent(const Decimal& fraction) {
+    return MoneyFormat::number((fraction * 100).roundPlain(1)) + "%";
+}
+
 std::string marginalText(const MarginalRate& rate, TaxRegion region) {
-    const auto percent = [](const Decimal& fraction) {
-        return MoneyFormat::number((fraction * 100).roundPlain(1)) + "%";
-    };
     const std::string parts =
         region == TaxRegion::liechtenstein
             ? "Land " + percent(rate.canton) + ", Gemeinde " + percent(rate.municipality)
@@ -81,6 +82,52 @@ std::string changeText(const YearComparison& change, int year) {
     return text + "\n";
 }
 
+/// Every tenth point of the curve, and where the tariffs go over to their next step.
+std::string curveText(const IncomeCurve& curve) {
+    constexpr std::size_t every = 10;
+    std::string text = heading("Steuer über dem steuerbaren Einkommen") + "\n";
+    const auto row = [](const std::string& income, const std::string& tax,
+                        const std::string& rate) {
+        return withoutTrailingBlanks(" " + cell(income, columnWidth) + cell(tax, columnWidth)
+                                     + cell(rate, columnWidth));
+    };
+    text += row("Einkommen", "Steuer", "Grenzsatz");
+    for (std::size_t i = 0; i < curve.points.size(); i += every) {
+        const CurvePoint& point = curve.points[i];
+        text += row(MoneyFormat::chf(point.income, 0, false), MoneyFormat::chf(point.tax, 2, false),
+                    percent(point.marginal));
+    }
+    text += "\n";
+    for (const TariffStep& step : curve.steps) {
+        text += wrapped("ab " + MoneyFormat::chf(step.income, 0, false) + " " + step.text,
+                        textWidth, "  ");
+    }
+    return text + "\n";
+}
+
+std::string plansText(const std::vector<BuyInPlan>& plans) {
+    std::string text = heading("Einkauf in die Pensionskasse") + "\n";
+    for (const BuyInPlan& plan : plans) {
+        std::string payments;
+        for (const Decimal& payment : plan.payments) {
+            payments += (payments.empty() ? "" : " + ") + MoneyFormat::chf(payment, 0, false);
+        }
+        text += wrapped((plan.years == 1 ? std::string("In einem Jahr: ")
+                                         : "In " + std::to_string(plan.years) + " Jahren: ")
+                            + payments + " – spart " + MoneyFormat::chf(plan.saving, 2, true),
+                        textWidth, "  ");
+    }
+    const BuyInPlan& best = Advisor::bestPlan(plans);
+    text += "\n"
+            + wrapped("Am meisten spart der Plan über "
+                          + (best.years == 1 ? std::string("ein Jahr")
+                                             : std::to_string(best.years) + " Jahre")
+                          + ". Angenommen ist, dass die Jahre dem berechneten gleichen und die "
+                            "Kasse den Einkauf annimmt.",
+                      textWidth, "  ");
+    return text + "\n";
+}
+
 } // namespace
 
 std::string reviewText(const TaxCase& taxCase, const Review& review) {
@@ -92,8 +139,15 @@ std::string reviewText(const TaxCase& taxCase, const Review& review) {
     }
     text +=
         heading("Grenzsteuersatz") + "\n" + marginalText(review.marginalRate, taxCase.taxRegion());
+    text += "\n";
+    if (review.curve) {
+        text += curveText(*review.curve);
+    }
+    if (review.buyInPlans && !review.buyInPlans->empty()) {
+        text += plansText(*review.buyInPlans);
+    }
     if (!review.notComputed.empty()) {
-        text += "\n" + heading("Nicht berechnet") + "\n";
+        text += heading("Nicht berechnet") + "\n";
         for (const std::string& sentence : review.notComputed) {
             text += wrapped(sentence, textWidth, "  ");
         }

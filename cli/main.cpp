@@ -192,6 +192,25 @@ int run(int argc, char** argv) {
     addNumber(*checkCommand, "--jahr", "Steuerjahr aus einer Datendatei",
               [&](int year) { checking.year = year; });
     checkCommand->add_flag("--json", checking.json, "Ausgabe als JSON");
+    checkCommand->add_flag("--kurve", checking.curve, "Dazu die Steuer über dem Einkommen");
+    checkCommand
+        ->add_option_function<std::string>(
+            "--einkauf",
+            [&](const std::string& text) {
+                checking.buyIn = taxcore::Decimal::parse(text).value();
+            },
+            "Dazu der beste Plan für einen Einkauf dieser Summe in die Pensionskasse")
+        ->check(allowed(
+            [](const std::string& text) {
+                const auto sum = taxcore::Decimal::parse(text);
+                return sum && *sum >= 0;
+            },
+            "möglich ist ein Betrag wie 60000"))
+        ->type_name("BETRAG");
+    addNumber(*checkCommand, "--person", "Wessen Pensionskasse (1 oder 2)",
+              [&](int person) { checking.person = person; })
+        ->check(allowed([](const std::string& text) { return text == "1" || text == "2"; },
+                        "möglich ist 1 oder 2"));
     checkCommand->callback([&] { action = [&] { return check(checking); }; });
 
     BatchOptions batching;

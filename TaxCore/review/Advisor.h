@@ -86,8 +86,9 @@ struct Advisor {
                                    const TaxResult& base, const Decimal& highest, int count);
 
     /// The best way to pay `sum` francs into a person's pension fund over one to `mostYears` years,
-    /// one plan per number of years; each is searched in hundredths of the sum, cut to full francs.
-    /// The years are taken to be like that of the case. BVG Art. 79b, DBG Art. 33 Abs. 1 Bst. d
+    /// one plan per number of years; each is searched in 400ths of the sum, cut to full francs.
+    /// What is entered as a buy-in already stays in every year. The years are taken to be like that
+    /// of the case. BVG Art. 79b, DBG Art. 33 Abs. 1 Bst. d
     static std::vector<BuyInPlan> planBuyIn(const CaseCalculator& calculator,
                                             const TaxCase& taxCase, int person, const Decimal& sum,
                                             int mostYears = 5);

@@ -11,7 +11,7 @@ namespace taxcore {
 
 namespace {
 
-constexpr std::size_t hundredths = 100; ///< the grid on which payments are searched
+constexpr std::size_t parts = 400; ///< into which the sum is cut to search
 
 /// Searches how to spread a sum over some years.
 class BuyInSearch {
@@ -20,7 +20,7 @@ class BuyInSearch {
         : calculator_(calculator), changed_(std::move(taxCase)),
           buyIn_((person == 2 ? changed_.deductions2 : changed_.deductions1).pensionBuyIn),
           before_(buyIn_), sum_(notBelowZero(sum)), tax_(taxWith(0)) {
-        for (std::size_t k = 0; k <= hundredths; ++k) {
+        for (std::size_t k = 0; k <= parts; ++k) {
             savings_[k] = saving(part(k));
         }
         rows_.push_back({savings_, {}});
@@ -32,7 +32,7 @@ class BuyInSearch {
             rows_.push_back(nextRow(rows_.back().best));
         }
         BuyInPlan plan{.years = static_cast<int>(years), .payments = {}, .saving = {}};
-        std::size_t left = hundredths;
+        std::size_t left = parts;
         for (std::size_t year = years; year > 1; --year) {
             const std::size_t k = rows_[year - 1].choice[left];
             plan.payments.push_back(part(k));
@@ -51,16 +51,16 @@ class BuyInSearch {
     }
 
   private:
-    using Savings = std::array<Decimal, hundredths + 1>;
-    /// By hundredths of the sum: the most that some years save, and what the last of them pays.
+    using Savings = std::array<Decimal, parts + 1>;
+    /// By parts of the sum: the most that some years save, and what the last of them pays.
     struct Row {
         Savings best;
-        std::array<std::size_t, hundredths + 1> choice;
+        std::array<std::size_t, parts + 1> choice;
     };
 
     Row nextRow(const Savings& fewer) const {
         Row row{};
-        for (std::size_t total = 0; total <= hundredths; ++total) {
+        for (std::size_t total = 0; total <= parts; ++total) {
             row.best[total] = fewer[total]; // nothing in the last year
             for (std::size_t k = 1; k <= total; ++k) {
                 const Decimal sum = fewer[total - k] + savings_[k];
@@ -74,7 +74,7 @@ class BuyInSearch {
     }
 
     Decimal part(std::size_t k) const {
-        return (sum_ * static_cast<int>(k) / static_cast<int>(hundredths)).roundDown(0);
+        return (sum_ * static_cast<int>(k) / static_cast<int>(parts)).roundDown(0);
     }
 
     Decimal taxWith(const Decimal& payment) {

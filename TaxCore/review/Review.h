@@ -19,12 +19,14 @@ struct Review {
     MarginalRate marginalRate;
     std::optional<YearComparison> change; ///< against the year before, when that case is known
     std::vector<std::string> notComputed; ///< German sentences
+    std::optional<IncomeCurve> curve;     ///< only when asked for
+    std::optional<std::vector<BuyInPlan>> buyInPlans; ///< only when asked for
 
     bool operator==(const Review&) const = default;
 
     static Review of(const ReviewInput& input);
 };
-TAXCORE_RECORD(Review, notices, tips, marginalRate, change, notComputed);
+TAXCORE_RECORD(Review, notices, tips, marginalRate, change, notComputed, curve, buyInPlans);
 
 extern template std::string toJson<Review>(const Review&, JsonStyle);
 

@@ -193,6 +193,15 @@ TEST_F(CommandLine, checksACaseAndComparesItWithTheYearBefore) {
     const Outcome later = run("pruefe --jahr 2026 " + state.string());
     EXPECT_NE(later.out.find("Veränderung gegenüber 2025"), std::string::npos) << later.out;
     EXPECT_NE(later.out.find("durch die Tarife"), std::string::npos);
+    const Outcome planned = run("pruefe --kurve --einkauf 60000 --person 2", demo);
+    for (const char* part : {"Steuer über dem steuerbaren Einkommen", "Bund: je weitere 100",
+                             "In 5 Jahren:", "Am meisten spart"}) {
+        EXPECT_NE(planned.out.find(part), std::string::npos) << part;
+    }
+    EXPECT_NE(run("pruefe --json --einkauf 60000", demo).out.find("\"buyInPlans\""),
+              std::string::npos);
+    EXPECT_EQ(run("pruefe --einkauf viel", demo).exitCode, 2);
+    EXPECT_EQ(run("pruefe --person 3", demo).exitCode, 2);
     EXPECT_EQ(run("pruefe", "{}").exitCode, 1);
 }
 
