@@ -158,6 +158,36 @@ void addFile(CLI::App& command, std::string& file) {
     command.add_option("DATEI", file, "Datei mit den Angaben; - liest die Standardeingabe");
 }
 
+/// The command `pruefe`; `checking` and `action` outlive the parsing.
+void addCheckCommand(CLI::App& app, CheckOptions& checking, std::function<int()>& action) {
+    CLI::App* checkCommand = addCommand(app, "pruefe", "Prüft einen Fall und nennt Spartipps");
+    addFile(*checkCommand, checking.file);
+    addNumber(*checkCommand, "--jahr", "Steuerjahr aus einer Datendatei",
+              [&checking](int year) { checking.year = year; });
+    checkCommand->add_flag("--json", checking.json, "Ausgabe als JSON");
+    checkCommand->add_flag("--kurve", checking.curve, "Dazu die Steuer über dem Einkommen");
+    checkCommand
+        ->add_option_function<std::string>(
+            "--einkauf",
+            [&](const std::string& text) {
+                checking.buyIn = taxcore::Decimal::parse(text).value();
+            },
+            "Dazu der beste Plan für einen Einkauf dieser Summe in die Pensionskasse")
+        ->check(allowed(
+            [](const std::string& text) {
+                const auto sum = taxcore::Decimal::parse(text);
+                return sum && *sum >= 0;
+            },
+            "möglich ist ein Betrag wie 60000"))
+        ->type_name("BETRAG");
+    addNumber(*checkCommand, "--person", "Wessen Pensionskasse (1 oder 2)",
+              [&checking](int person) { checking.person = person; })
+        ->check(allowed([](const std::string& text) { return text == "1" || text == "2"; },
+                        "möglich ist 1 oder 2"));
+    checkCommand->callback(
+        [&action, &checking] { action = [&checking] { return check(checking); }; });
+}
+
 int run(int argc, char** argv) {
     constexpr int demoYear = taxcore::RuleBook::supportedYears.front();
     CLI::App app("Steuererklärung auf der Kommandozeile", "fiscarel-cli");
@@ -187,31 +217,7 @@ int run(int argc, char** argv) {
     computeCommand->callback([&] { action = [&] { return compute(computing); }; });
 
     CheckOptions checking;
-    CLI::App* checkCommand = addCommand(app, "pruefe", "Prüft einen Fall und nennt Spartipps");
-    addFile(*checkCommand, checking.file);
-    addNumber(*checkCommand, "--jahr", "Steuerjahr aus einer Datendatei",
-              [&](int year) { checking.year = year; });
-    checkCommand->add_flag("--json", checking.json, "Ausgabe als JSON");
-    checkCommand->add_flag("--kurve", checking.curve, "Dazu die Steuer über dem Einkommen");
-    checkCommand
-        ->add_option_function<std::string>(
-            "--einkauf",
-            [&](const std::string& text) {
-                checking.buyIn = taxcore::Decimal::parse(text).value();
-            },
-            "Dazu der beste Plan für einen Einkauf dieser Summe in die Pensionskasse")
-        ->check(allowed(
-            [](const std::string& text) {
-                const auto sum = taxcore::Decimal::parse(text);
-                return sum && *sum >= 0;
-            },
-            "möglich ist ein Betrag wie 60000"))
-        ->type_name("BETRAG");
-    addNumber(*checkCommand, "--person", "Wessen Pensionskasse (1 oder 2)",
-              [&](int person) { checking.person = person; })
-        ->check(allowed([](const std::string& text) { return text == "1" || text == "2"; },
-                        "möglich ist 1 oder 2"));
-    checkCommand->callback([&] { action = [&] { return check(checking); }; });
+    addCheckCommand(app, checking, action);
 
     BatchOptions batching;
     CLI::App* batchCommand =
