@@ -40,7 +40,7 @@ class BlockReader {
         }
         block.number = blocks_++;
         block.firstLine = line_;
-        block.text = std::move(carry_);
+        block.text.assign(carry_); // copied, so that the block keeps its memory
         carry_.clear();
         fill(block.text);
         line_ += static_cast<std::size_t>(std::ranges::count(block.text, '\n'));
@@ -73,7 +73,7 @@ class BlockReader {
                 return;
             }
         } while (lineEnd == std::string::npos);
-        carry_ = text.substr(lineEnd + 1);
+        carry_.assign(text, lineEnd + 1);
         text.resize(lineEnd + 1);
     }
 
