@@ -75,24 +75,13 @@ Decimal addVehicles(Calculation<R>& c) {
     line.why.law(law::wealth, "Wert am 1. Januar");
     Decimal value;
     forEachItem(c.input.vehicles, [&](const Vehicle& vehicle, int index) {
-        const auto path = [&](std::string_view field) {
-            return FieldPath("vehicles", field).at(index);
-        };
         const Decimal worth = vehicleValue(vehicle, c.input.year, c.rules);
         value += worth;
-        if (vehicle.taxValueOverride) {
-            line.why.input("Steuerwert wie eingetragen", worth, path("taxValueOverride"));
-            return;
-        }
-        line.why.input("Kaufpreis", vehicle.purchasePrice, path("purchasePrice"));
-        if (vehicle.purchaseYear) {
-            line.why.input("Kaufjahr", *vehicle.purchaseYear, path("purchaseYear"), Unit::number);
-        }
-        line.why.rule(law::wealth, "Abschreibung pro Jahr vom Restwert",
-                      "fahrzeugAbschreibungProzent", both(c.rules.fahrzeugAbschreibungProzent),
-                      Unit::percent);
-        line.why.rounding("Auf ganze Franken");
-        line.why.step("Zeitwert", both(worth));
+        explainVehicle(line.why, vehicle, index, worth, [&] {
+            line.why.rule(law::wealth, "Abschreibung pro Jahr vom Restwert",
+                          "fahrzeugAbschreibungProzent", both(c.rules.fahrzeugAbschreibungProzent),
+                          Unit::percent);
+        });
     });
     line.income(both(value));
     return value;

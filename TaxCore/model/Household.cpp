@@ -1,5 +1,7 @@
 #include "TaxCore/model/Household.h"
 
+#include "TaxCore/base/Text.h"
+
 #include <algorithm>
 
 namespace taxcore {
@@ -65,14 +67,8 @@ bool isPrivateAsset(const SecurityEntry& entry, const TaxCase& taxCase) noexcept
 }
 
 bool isInStGallen(const RealEstate& property) {
-    std::string letters;
-    for (const char c : property.canton) {
-        if (c >= 'A' && c <= 'Z') {
-            letters += static_cast<char>(c - 'A' + 'a');
-        } else if (c != ' ' && c != '.') {
-            letters += c;
-        }
-    }
+    std::string letters = lowerAscii(property.canton);
+    std::erase_if(letters, [](char c) { return c == ' ' || c == '.'; });
     return letters.empty() || letters == "sg" || letters == "stgallen";
 }
 

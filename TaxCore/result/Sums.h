@@ -1,6 +1,7 @@
 #pragma once
 
 #include "TaxCore/base/Rounding.h"
+#include "TaxCore/model/Assets.h"
 #include "TaxCore/model/Deductions.h"
 #include "TaxCore/model/Income.h"
 #include "TaxCore/model/Person.h"
@@ -81,6 +82,27 @@ Decimal taxablePensions(Draft& why, int person, const PersonIncome& income) {
         taxable += pension.amount * pension.taxablePercent / 100;
     });
     return taxable;
+}
+
+/// Tells how the value of a vehicle came about; `depreciation` tells the region's rule of it. An
+/// override stands as it was entered.
+template <class Draft, class Depreciation>
+void explainVehicle(Draft& why, const Vehicle& vehicle, int index, const Decimal& worth,
+                    const Depreciation& depreciation) {
+    const auto path = [&](std::string_view field) {
+        return FieldPath("vehicles", field).at(index);
+    };
+    if (vehicle.taxValueOverride) {
+        why.input("Steuerwert wie eingetragen", worth, path("taxValueOverride"));
+        return;
+    }
+    why.input("Kaufpreis", vehicle.purchasePrice, path("purchasePrice"));
+    if (vehicle.purchaseYear) {
+        why.input("Kaufjahr", *vehicle.purchaseYear, path("purchaseYear"), Unit::number);
+    }
+    depreciation();
+    why.rounding("Auf ganze Franken");
+    why.step("Zeitwert", both(worth));
 }
 
 /// What the household paid itself of the medical bills that count.

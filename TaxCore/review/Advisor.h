@@ -80,8 +80,8 @@ struct Advisor {
     static MarginalRate marginalRate(const CaseCalculator& calculator, const TaxCase& taxCase,
                                      const TaxResult& base);
 
-    /// The tax at `count` (at least 2) taxable incomes, evenly from 0 to `highest` francs; the
-    /// federal income keeps its distance from the canton's.
+    /// The tax at `count` (at least 2) taxable incomes in whole francs, evenly from 0 to `highest`
+    /// (below 0 counts as 0); the federal income keeps its distance from the canton's.
     static IncomeCurve incomeCurve(const CaseCalculator& calculator, const TaxCase& taxCase,
                                    const TaxResult& base, const Decimal& highest, int count);
 
@@ -92,7 +92,8 @@ struct Advisor {
     static std::vector<BuyInPlan> planBuyIn(const CaseCalculator& calculator,
                                             const TaxCase& taxCase, int person, const Decimal& sum,
                                             int mostYears = 5);
-    /// The plan that saves most; of equal ones the one with the fewest years.
+    /// The plan that saves most; of equal ones the one with the fewest years. `plans` must hold one
+    /// at least, as `planBuyIn` always gives, and outlive what is returned.
     static const BuyInPlan& bestPlan(const std::vector<BuyInPlan>& plans);
 };
 

@@ -34,16 +34,6 @@ bool hasWord(std::string_view text, std::string_view word) {
     return std::ranges::count(wordsOf(text), word) > 0;
 }
 
-std::string lowerAscii(std::string_view text) {
-    std::string lower(text);
-    for (char& c : lower) {
-        if (c >= 'A' && c <= 'Z') {
-            c = static_cast<char>(c - 'A' + 'a');
-        }
-    }
-    return lower;
-}
-
 std::string itemName(std::string_view name, std::string_view kind, int index) {
     if (!isBlank(name)) {
         return "«" + std::string(name) + "»";

@@ -14,9 +14,6 @@ std::vector<std::string_view> wordsOf(std::string_view text);
 /// Whether a text is one of the words, in exactly this spelling.
 bool hasWord(std::string_view text, std::string_view word);
 
-/// The text with the letters A to Z in lower case.
-std::string lowerAscii(std::string_view text);
-
 /// How a sentence speaks of a list item: its name in guillemets, or what it is with its number.
 std::string itemName(std::string_view name, std::string_view kind, int index);
 

@@ -2,6 +2,7 @@
 #include "TaxCore/base/Rounding.h"
 #include "TaxCore/liechtenstein/LICalculation.h"
 #include "TaxCore/liechtenstein/Law.h"
+#include "TaxCore/review/PensionLimits.h"
 #include "TaxCore/review/TipContext.h"
 
 #include <algorithm>
@@ -25,7 +26,7 @@ void fillPensionFund(TipContext& c) {
         }
         paid += adult.deductions.pensionBuyIn;
         earned += earner.earned();
-        if (isInPensionFund(adult, c.taxCase().year) && earner.earned() > most) {
+        if (mayBuyIntoPensionFund(adult, c.taxCase().year) && earner.earned() > most) {
             most = earner.earned();
             payer = &adult;
         }

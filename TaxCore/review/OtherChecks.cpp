@@ -222,7 +222,7 @@ void checkFurtherEducation(CheckContext& c, const Adult& adult) {
                        + " gewählt, obwohl höhere Kosten erfasst sind ("
                        + MoneyFormat::fr(adult.deductions.furtherEducation)
                        + "). Ohne Pauschale ist der Abzug beim Kanton grösser.",
-                   FieldPath("deductions", "furtherEducationFlatRate").of(adult.number)});
+                   adult.deductionPath("furtherEducationFlatRate")});
     }
 }
 

@@ -1,6 +1,6 @@
 #include "TaxCore/base/MoneyFormat.h"
 #include "TaxCore/result/Sums.h"
-#include "TaxCore/review/CheckContext.h"
+#include "TaxCore/review/PensionLimits.h"
 #include "TaxCore/stgallen/Adult.h"
 #include "TaxCore/stgallen/DeductionRules.h"
 
@@ -14,34 +14,12 @@ namespace taxcore::review {
 namespace {
 
 constexpr std::string_view page = "pension";
-/// Gaps in pillar 3a arise from 2025 on, so the first buy-in is possible a year later. BVV 3 Art.
-/// 7a
-constexpr int firstYearOfPillar3aBuyIn = 2026;
-/// For so long after a buy-in nothing of it may be drawn as capital. BVG Art. 79b Abs. 3
-constexpr int yearsWithoutCapital = 3;
-
-bool paysThroughSalary(const PersonIncome& income, Decimal SalaryCertificate::*amount) {
-    return std::ranges::any_of(income.salaries, [&](const SalaryCertificate& certificate) {
-        return certificate.*amount > 0;
-    });
-}
-
-bool hasPensionContributions(const PersonIncome& income) {
-    return paysThroughSalary(income, &SalaryCertificate::pensionContributions);
-}
-
 /// Bought into the pension fund, privately or through the salary.
 bool buysIn(const PersonIncome& income, const PersonDeductions& deductions) {
     return deductions.pensionBuyIn > 0
-           || paysThroughSalary(income, &SalaryCertificate::pensionBuyIn);
-}
-
-bool isPensionCapital(const CapitalPayment& payment) {
-    return payment.kind == CapitalPayment::Kind::saeule2 && payment.amount > 0;
-}
-
-bool drewPensionCapital(const TaxCase& taxCase) {
-    return std::ranges::any_of(taxCase.capitalPayments, isPensionCapital);
+           || std::ranges::any_of(income.salaries, [](const SalaryCertificate& certificate) {
+                  return certificate.pensionBuyIn > 0;
+              });
 }
 
 Decimal earnedOf(const Adult& adult) {
@@ -52,14 +30,10 @@ FieldPath pensionFundPath(const Adult& adult) {
     return FieldPath("person", "hasPensionFund").of(adult.number);
 }
 
-FieldPath deductionPath(const Adult& adult, std::string_view field) {
-    return FieldPath("deductions", field).of(adult.number);
-}
-
 /// The field of the buy-in: the private one, else that of the certificate.
 FieldPath buyInPath(const Adult& adult) {
     if (adult.deductions.pensionBuyIn > 0) {
-        return deductionPath(adult, "pensionBuyIn");
+        return adult.deductionPath("pensionBuyIn");
     }
     const auto found =
         std::ranges::find_if(adult.income.salaries, [](const SalaryCertificate& certificate) {
@@ -107,7 +81,7 @@ void checkPillar3aBuyIn(CheckContext& c, const Adult& adult) {
     if (adult.deductions.pillar3aBuyIn <= 0) {
         return;
     }
-    const FieldPath path = deductionPath(adult, "pillar3aBuyIn");
+    const FieldPath path = adult.deductionPath("pillar3aBuyIn");
     if (c.taxCase.year < firstYearOfPillar3aBuyIn) {
         c.error({adult.id("3a-einkauf-zu-frueh"), page, "Einkauf Säule 3a noch nicht möglich",
                  "Einkäufe in die Säule 3a sind erstmals "
@@ -202,24 +176,21 @@ void checkCapitalAfterBuyIn(CheckContext& c) {
 
 void checkLiechtensteinPillar3a(CheckContext& c, const Adult& adult) {
     if (adult.deductions.pillar3a > 0 || adult.deductions.pillar3aBuyIn > 0) {
-        c.info(
-            {adult.id("li-saeule-3a"), page, "Säule 3a ohne Wirkung",
-             "Liechtenstein kennt keinen Abzug für die schweizerische Säule 3a. Der Betrag von "
-                 + adult.called() + " zählt nicht.",
-             deductionPath(adult, adult.deductions.pillar3a > 0 ? "pillar3a" : "pillar3aBuyIn")});
+        c.info({adult.id("li-saeule-3a"), page, "Säule 3a ohne Wirkung",
+                "Liechtenstein kennt keinen Abzug für die schweizerische Säule 3a. Der Betrag von "
+                    + adult.called() + " zählt nicht.",
+                adult.deductionPath(adult.deductions.pillar3a > 0 ? "pillar3a" : "pillar3aBuyIn")});
     }
 }
 
-/// Contributions to pillar 3a end five years after the reference age. BVV 3 Art. 7 Abs. 3
 void checkPillar3aAge(CheckContext& c, const Adult& adult) {
-    constexpr int lastAge = 70;
     const bool pays = adult.deductions.pillar3a > 0 || adult.deductions.pillar3aBuyIn > 0;
-    if (pays && ageOf(adult, c.taxCase.year).value_or(0) > lastAge) {
+    if (pays && isTooOldForPillar3a(adult, c.taxCase.year)) {
         c.warning({adult.id("3a-zu-spaet"), page, "Säule 3a nach 70",
                    "Beiträge an die Säule 3a sind höchstens bis fünf Jahre nach dem Referenzalter "
                    "möglich. Bitte den Betrag von "
                        + adult.called() + " prüfen.",
-                   deductionPath(adult, "pillar3a")});
+                   adult.deductionPath("pillar3a")});
     }
 }
 

@@ -1,5 +1,6 @@
 #include "TaxCore/base/MoneyFormat.h"
 #include "TaxCore/base/Rounding.h"
+#include "TaxCore/review/PensionLimits.h"
 #include "TaxCore/review/TipContext.h"
 #include "TaxCore/stgallen/Adult.h"
 #include "TaxCore/stgallen/DeductionRules.h"
@@ -28,17 +29,11 @@ struct Pillar3aRoom {
     }
 };
 
-/// Contributions end five years after the reference age of 65. BVV 3 Art. 7 Abs. 3
-bool isTooOldForPillar3a(const TipContext& c, const Adult& adult) {
-    constexpr int lastAge = 70;
-    return ageOf(adult, c.taxCase().year).value_or(0) > lastAge;
-}
-
 /// BVV 3 Art. 7 Abs. 1
 void fillPillar3a(TipContext& c, const Adult& adult) {
     const Pillar3aRoom room(adult, c.stGallen()->cantonal.saeule3a);
     const Decimal missing = room.maximum - adult.deductions.pillar3a;
-    if (missing <= 0 || isTooOldForPillar3a(c, adult)) {
+    if (missing <= 0 || isTooOldForPillar3a(adult, c.taxCase().year)) {
         return;
     }
     c.suggest(
@@ -56,11 +51,11 @@ void fillPillar3a(TipContext& c, const Adult& adult) {
 
 /// Gaps from 2025 on may be closed from 2026 on, once the year's own maximum is paid. BVV 3 Art. 7a
 void buyIntoPillar3a(TipContext& c, const Adult& adult) {
-    constexpr int firstYear = 2026;
     const Saeule3aParams& params = c.stGallen()->cantonal.saeule3a;
     const Pillar3aRoom room(adult, params);
     const bool maximumPaid = room.withEarnings && adult.deductions.pillar3a >= room.maximum;
-    if (c.taxCase().year < firstYear || !maximumPaid || isTooOldForPillar3a(c, adult)) {
+    if (c.taxCase().year < firstYearOfPillar3aBuyIn || !maximumPaid
+        || isTooOldForPillar3a(adult, c.taxCase().year)) {
         return;
     }
     // What last year left open where it is known, else the most that may be open.
@@ -93,7 +88,7 @@ void buyIntoPillar3a(TipContext& c, const Adult& adult) {
 void buyIntoPensionFund(TipContext& c, const Adult& adult) {
     const taxcore::Adult earner(adult.number, adult.person, adult.income, adult.deductions);
     const Decimal example = (earner.earned() / 10).roundDown(-3);
-    if (!isInPensionFund(adult, c.taxCase().year) || example <= 0 || c.drewPensionCapital()) {
+    if (!mayBuyIntoPensionFund(adult, c.taxCase().year) || example <= 0 || c.drewPensionCapital()) {
         return;
     }
     c.suggest(

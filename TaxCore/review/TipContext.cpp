@@ -1,5 +1,7 @@
 #include "TaxCore/review/TipContext.h"
 
+#include "TaxCore/review/PensionLimits.h"
+
 #include <algorithm>
 #include <functional>
 
@@ -12,14 +14,6 @@ std::string cited(const Law& law) {
         text += law.federal;
     }
     return text;
-}
-
-bool isInPensionFund(const Adult& adult, int year) {
-    constexpr int referenceAge = 65;
-    const bool contributes = std::ranges::any_of(
-        adult.income.salaries, [](const auto& boxes) { return boxes.pensionContributions > 0; });
-    return adult.person.hasPensionFund && contributes
-           && ageOf(adult, year).value_or(0) <= referenceAge;
 }
 
 PersonDeductions& deductionsOf(TaxCase& taxCase, int person) {
@@ -39,12 +33,9 @@ const TaxCase* TipContext::caseOf(int year) const noexcept {
 }
 
 bool TipContext::drewPensionCapital() const {
-    constexpr int blockedYears = 3;
     const auto draws = [&](const TaxCase& taxCase) {
-        return taxCase.year <= taxCase_.year && taxCase.year >= taxCase_.year - blockedYears
-               && std::ranges::any_of(taxCase.capitalPayments, [](const CapitalPayment& payment) {
-                      return payment.kind == CapitalPayment::Kind::saeule2 && payment.amount > 0;
-                  });
+        return taxCase.year <= taxCase_.year && taxCase.year >= taxCase_.year - yearsWithoutCapital
+               && review::drewPensionCapital(taxCase);
     };
     return draws(taxCase_)
            || std::ranges::any_of(otherYears_, [&](const TaxCase* other) { return draws(*other); });

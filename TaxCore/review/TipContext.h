@@ -63,10 +63,6 @@ class TipContext {
     std::vector<Notice> tips_;
 };
 
-/// Whether a person pays into a pension fund, by the certificates, and may still buy in: up to the
-/// reference age of 65. BVG Art. 13 Abs. 1
-bool isInPensionFund(const Adult& adult, int year);
-
 /// The part of a case that belongs to a person, for changes.
 PersonDeductions& deductionsOf(TaxCase& taxCase, int person);
 

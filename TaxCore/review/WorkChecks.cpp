@@ -23,9 +23,7 @@ struct Costs {
     const EmploymentFacts facts;
     const BerufskostenParams& rules;
 
-    FieldPath path(std::string_view field) const {
-        return FieldPath("deductions", "work", field).of(adult.number);
-    }
+    FieldPath path(std::string_view field) const { return adult.workPath(field); }
     bool drives() const { return entered.carKmOneWay > 0 && entered.carWorkDays > 0; }
     const char* vehicle() const { return entered.carIsMotorbike ? "Motorrad" : "Auto"; }
 };

@@ -1,5 +1,6 @@
 #include "TaxCore/rulebook/RuleBook.h"
 
+#include "TaxCore/base/Text.h"
 #include "TaxCore/rulebook/RuleReader.h"
 
 namespace taxcore {
@@ -8,16 +9,6 @@ namespace {
 
 std::string cacheKey(std::string_view canton, int year) {
     return std::string(canton) + "-" + std::to_string(year);
-}
-
-std::string lowerCase(std::string_view text) {
-    std::string lower(text);
-    for (char& c : lower) {
-        if (c >= 'A' && c <= 'Z') {
-            c = static_cast<char>(c - 'A' + 'a');
-        }
-    }
-    return lower;
 }
 
 } // namespace
@@ -36,7 +27,7 @@ RuleBook::load(int year, std::string_view canton, RuleBookCache& cache, const Ru
     if (auto book = cache.get(year, canton)) {
         return book;
     }
-    const std::string prefix = lowerCase(canton);
+    const std::string prefix = lowerAscii(canton);
     const std::string suffix = "-" + std::to_string(year);
     auto book = std::make_shared<RuleBook>();
     book->year = year;

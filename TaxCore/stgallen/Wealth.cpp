@@ -35,23 +35,12 @@ void addVehicles(Calculation<R>& c) {
     auto line = c.lines.line({"fahrzeuge", 0, "30.4", "Motorfahrzeuge"});
     Decimal value;
     forEachItem(c.input.vehicles, [&](const Vehicle& vehicle, int index) {
-        const auto path = [&](std::string_view field) {
-            return FieldPath("vehicles", field).at(index);
-        };
         const Decimal worth = vehicleValue(vehicle, c.input.year, yearly);
         value += worth;
-        if (vehicle.taxValueOverride) {
-            line.why.input("Steuerwert wie eingetragen", worth, path("taxValueOverride"));
-            return;
-        }
-        line.why.input("Kaufpreis", vehicle.purchasePrice, path("purchasePrice"));
-        if (vehicle.purchaseYear) {
-            line.why.input("Kaufjahr", *vehicle.purchaseYear, path("purchaseYear"), Unit::number);
-        }
-        line.why.rule(law::wealth, "Abschreibung pro Jahr", "fahrzeugAbschreibungProJahr",
-                      both(yearly), Unit::share);
-        line.why.rounding("Auf ganze Franken");
-        line.why.step("Zeitwert", both(worth));
+        explainVehicle(line.why, vehicle, index, worth, [&] {
+            line.why.rule(law::wealth, "Abschreibung pro Jahr", "fahrzeugAbschreibungProJahr",
+                          both(yearly), Unit::share);
+        });
     });
     line.income(both(value), "Kaufpreis abzüglich " + MoneyFormat::number(yearly * 100)
                                  + "% pro Jahr seit Erwerb");
