@@ -4,6 +4,7 @@
 
 #include "TaxCore/model/Household.h"
 #include "TaxCore/model/TaxCase.h"
+#include "TaxCore/result/AdultEntries.h"
 #include "TaxCore/result/LineBuilder.h"
 #include "TaxCore/rulebook/LIRules.h"
 
@@ -15,11 +16,7 @@
 namespace taxcore::li {
 
 /// One adult who counts.
-struct Adult {
-    int number; ///< 1 or 2
-    const Person& person;
-    const PersonIncome& income;
-    const PersonDeductions& deductions;
+struct Adult : AdultEntries {
     LICommute commute;
 
     Decimal grossSalary() const {
@@ -32,13 +29,6 @@ struct Adult {
     Decimal selfEmployment() const { return income.selfEmployment + income.partnership; }
     /// What pension-fund contributions are measured on.
     Decimal earned() const { return grossSalary() + income.boardFees + selfEmployment(); }
-
-    FieldPath incomePath(std::string_view field) const {
-        return FieldPath("income", field).of(number);
-    }
-    FieldPath deductionPath(std::string_view field) const {
-        return FieldPath("deductions", field).of(number);
-    }
     /// The code of a line that stands once per person.
     std::string_view code(std::string_view first, std::string_view second) const noexcept {
         return number == 1 ? first : second;
@@ -52,12 +42,9 @@ struct Calculation {
           lines(target.sections, recorder), kind(liTariffOf(taxCase)),
           children(deductibleChildCount(taxCase)) {
         adults.reserve(2);
-        adults.push_back(
-            {1, taxCase.person1, taxCase.income1, taxCase.deductions1, extras.commute1});
-        if (taxCase.isJoint()) {
-            adults.push_back(
-                {2, taxCase.person2, taxCase.income2, taxCase.deductions2, extras.commute2});
-        }
+        forEachAdult(taxCase, [&](const AdultEntries& entries) {
+            adults.push_back({entries, entries.number == 1 ? extras.commute1 : extras.commute2});
+        });
     }
 
     const LIRules& rules;

@@ -2,7 +2,7 @@
 
 // One review while it runs; shared by the checks, never seen outside.
 
-#include "TaxCore/result/FieldPath.h"
+#include "TaxCore/result/AdultEntries.h"
 #include "TaxCore/review/Checks.h"
 
 #include <optional>
@@ -14,23 +14,11 @@
 namespace taxcore::review {
 
 /// One adult who counts, as the checks look at them.
-struct Adult {
-    int number; ///< 1 or 2
-    const Person& person;
-    const PersonIncome& income;
-    const PersonDeductions& deductions;
-
+struct Adult : AdultEntries {
     /// "Person 1" or the name: how a sentence speaks of them.
     std::string called() const;
     /// An id that stands once per person: "name-fehlt-1".
     std::string id(std::string_view stem) const;
-
-    FieldPath deductionPath(std::string_view field) const {
-        return FieldPath("deductions", field).of(number);
-    }
-    FieldPath workPath(std::string_view field) const {
-        return FieldPath("deductions", "work", field).of(number);
-    }
 };
 
 /// Age at the year's end; absent without a birth date.

@@ -25,10 +25,8 @@ std::optional<int> ageOf(const Adult& adult, int year) {
 }
 
 std::vector<Adult> adultsOf(const TaxCase& taxCase) {
-    std::vector<Adult> all{{1, taxCase.person1, taxCase.income1, taxCase.deductions1}};
-    if (taxCase.isJoint()) {
-        all.push_back({2, taxCase.person2, taxCase.income2, taxCase.deductions2});
-    }
+    std::vector<Adult> all;
+    forEachAdult(taxCase, [&](const AdultEntries& entries) { all.push_back({entries}); });
     return all;
 }
 

@@ -20,7 +20,7 @@ void fillPensionFund(TipContext& c) {
     const Adult* payer = nullptr;
     Decimal most;
     for (const Adult& adult : c.adults()) {
-        const li::Adult earner{adult.number, adult.person, adult.income, adult.deductions, {}};
+        const li::Adult earner{adult, {}};
         for (const SalaryCertificate& certificate : adult.income.salaries) {
             paid += certificate.pensionContributions + certificate.pensionBuyIn;
         }

@@ -22,9 +22,7 @@ bool buysIn(const PersonIncome& income, const PersonDeductions& deductions) {
               });
 }
 
-Decimal earnedOf(const Adult& adult) {
-    return taxcore::Adult(adult.number, adult.person, adult.income, adult.deductions).earned();
-}
+Decimal earnedOf(const Adult& adult) { return taxcore::Adult(adult).earned(); }
 
 FieldPath pensionFundPath(const Adult& adult) {
     return FieldPath("person", "hasPensionFund").of(adult.number);

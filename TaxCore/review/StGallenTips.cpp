@@ -20,7 +20,7 @@ struct Pillar3aRoom {
     Decimal maximum;
 
     Pillar3aRoom(const Adult& adult, const Saeule3aParams& params) {
-        const taxcore::Adult earner(adult.number, adult.person, adult.income, adult.deductions);
+        const taxcore::Adult earner(adult);
         withEarnings = earner.earned() > 0 || adult.income.unemployment > 0;
         if (withEarnings) {
             maximum = pillar3aMaximum(adult.person.hasPensionFund,
@@ -86,7 +86,7 @@ void buyIntoPillar3a(TipContext& c, const Adult& adult) {
 
 /// A tenth of the earnings as an example; the room stands on the fund's certificate. BVG Art. 79b
 void buyIntoPensionFund(TipContext& c, const Adult& adult) {
-    const taxcore::Adult earner(adult.number, adult.person, adult.income, adult.deductions);
+    const taxcore::Adult earner(adult);
     const Decimal example = (earner.earned() / 10).roundDown(-3);
     if (!mayBuyIntoPensionFund(adult, c.taxCase().year) || example <= 0 || c.drewPensionCapital()) {
         return;

@@ -1,21 +1,16 @@
 #pragma once
 
-#include "TaxCore/model/TaxCase.h"
-#include "TaxCore/result/Derivation.h"
+#include "TaxCore/result/AdultEntries.h"
 #include "TaxCore/result/PerJurisdiction.h"
 #include "TaxCore/stgallen/WorkExpenses.h"
 
 namespace taxcore {
 
 /// One adult who counts, with what later steps of a calculation need of earlier ones.
-struct Adult {
-    Adult(int n, const Person& who, const PersonIncome& earns, const PersonDeductions& deducts)
-        : number(n), person(who), income(earns), deductions(deducts), employment(earns.salaries) {}
+struct Adult : AdultEntries {
+    explicit Adult(const AdultEntries& entries)
+        : AdultEntries(entries), employment(entries.income.salaries) {}
 
-    int number; ///< 1 or 2
-    const Person& person;
-    const PersonIncome& income;
-    const PersonDeductions& deductions;
     EmploymentFacts employment;
     PerJurisdiction<WorkExpenseBreakdown> work;
     Amounts pillar3a;      ///< as deducted
@@ -32,13 +27,6 @@ struct Adult {
     }
     /// Pillar 3a, its buy-in and pension-fund buy-ins as deducted.
     Amounts pension() const { return pillar3a + pillar3aBuyIn + both(deductions.pensionBuyIn); }
-
-    FieldPath incomePath(std::string_view field) const {
-        return FieldPath("income", field).of(number);
-    }
-    FieldPath deductionPath(std::string_view field) const {
-        return FieldPath("deductions", field).of(number);
-    }
 };
 
 } // namespace taxcore

@@ -24,10 +24,7 @@ struct Calculation {
         : rules(book), input(taxCase), result(target),
           lines(target.sections, recorder), params{&book.cantonal, &book.federal} {
         adults.reserve(2);
-        adults.emplace_back(1, taxCase.person1, taxCase.income1, taxCase.deductions1);
-        if (taxCase.isJoint()) {
-            adults.emplace_back(2, taxCase.person2, taxCase.income2, taxCase.deductions2);
-        }
+        forEachAdult(taxCase, [&](const AdultEntries& entries) { adults.emplace_back(entries); });
     }
 
     const RuleBook& rules;
