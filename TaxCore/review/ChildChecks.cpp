@@ -1,5 +1,6 @@
 #include "TaxCore/base/Text.h"
 #include "TaxCore/model/Household.h"
+#include "TaxCore/result/Sums.h"
 #include "TaxCore/review/CheckParts.h"
 
 #include <algorithm>
@@ -177,14 +178,13 @@ void checkHouseholdOfSingleParent(CheckContext& c) {
 } // namespace
 
 void checkChildren(CheckContext& c) {
-    int index = 0;
-    for (const Child& child : c.taxCase.children) {
-        const Kid kid{child, index++};
+    forEachItem(c.taxCase.children, [&](const Child& child, int index) {
+        const Kid kid{child, index};
         checkChildName(c, kid);
         checkRepeatedChild(c, kid);
         checkMissingBirthDate(c, kid);
         if (!child.birthDate) {
-            continue;
+            return;
         }
         checkBirthAhead(c, kid, *child.birthDate);
         if (isBornBy(child, c.taxCase.year) && *child.birthDate <= c.today) {
@@ -193,7 +193,7 @@ void checkChildren(CheckContext& c) {
             checkOldTrainee(c, kid, *child.birthDate);
             checkAgeOfParents(c, kid, *child.birthDate);
         }
-    }
+    });
     checkHouseholdOfSingleParent(c);
 }
 

@@ -1,5 +1,6 @@
 #include "TaxCore/base/MoneyFormat.h"
 #include "TaxCore/base/Text.h"
+#include "TaxCore/result/Sums.h"
 #include "TaxCore/review/CheckParts.h"
 
 #include <algorithm>
@@ -178,9 +179,8 @@ std::string called(const SalaryCertificate& certificate, int index) {
 }
 
 void checkSalaries(CheckContext& c, const Adult& adult) {
-    int index = 0;
-    for (const SalaryCertificate& boxes : adult.income.salaries) {
-        const Certificate it{adult, boxes, index++};
+    forEachItem(adult.income.salaries, [&](const SalaryCertificate& boxes, int index) {
+        const Certificate it{adult, boxes, index};
         checkEmployer(c, it);
         checkPeriod(c, it);
         checkGrossSalary(c, it);
@@ -188,7 +188,7 @@ void checkSalaries(CheckContext& c, const Adult& adult) {
         checkPensionContributions(c, it);
         checkNetSalary(c, it);
         checkOverlap(c, it);
-    }
+    });
 }
 
 void checkRepeatedSalaries(CheckContext& c) {

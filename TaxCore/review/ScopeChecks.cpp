@@ -1,5 +1,6 @@
 #include "TaxCore/base/Text.h"
 #include "TaxCore/model/Household.h"
+#include "TaxCore/result/Sums.h"
 #include "TaxCore/review/CheckParts.h"
 #include "TaxCore/review/CheckText.h"
 
@@ -78,24 +79,21 @@ void checkPartOfYear(CheckContext& c) {
 
 void checkProperties(CheckContext& c) {
     const bool here = c.stGallen != nullptr;
-    int index = 0;
-    for (const RealEstate& property : c.taxCase.realEstate) {
-        const int at = index++;
+    forEachItem(c.taxCase.realEstate, [&](const RealEstate& property, int at) {
         if (here ? isInStGallen(property)
                  : isInLiechtenstein(property) || mayBeAtHome(property, *c.liechtenstein)) {
-            continue;
+            return;
         }
-        const std::string named = isBlank(property.description) ? std::to_string(at + 1)
-                                                                : "«" + property.description + "»";
+        const std::string named = itemName(property.description, "Liegenschaft", at);
         c.warning({itemId("nicht-berechnet-liegenschaft", at), "wealth",
                    here ? "Liegenschaft ausserhalb des Kantons" : "Liegenschaft im Ausland",
-                   "Die Liegenschaft " + named + " liegt nicht "
+                   named + " liegt nicht "
                        + (here ? "im Kanton St.Gallen. Die Ausscheidung zwischen Kantonen und "
                                  "Ländern"
                                : "in Liechtenstein. Die Ausscheidung zwischen den Ländern")
                        + " berechnet das Programm nicht; sie zählt hier voll.",
                    FieldPath("realEstate", "canton").at(at)});
-    }
+    });
 }
 
 void checkEmployersInLiechtenstein(CheckContext& c, const Adult& adult) {
@@ -115,9 +113,7 @@ void checkEmployersInLiechtenstein(CheckContext& c, const Adult& adult) {
 }
 
 void checkTaxAtSource(CheckContext& c, const Adult& adult) {
-    int index = 0;
-    for (const SalaryCertificate& certificate : adult.income.salaries) {
-        const int at = index++;
+    forEachItem(adult.income.salaries, [&](const SalaryCertificate& certificate, int at) {
         if (mentions(certificate.remarks, "quellensteuer")) {
             c.info({itemId(adult.id("nicht-berechnet-quellensteuer"), at), "income",
                     "Quellensteuer auf dem Lohn",
@@ -125,16 +121,14 @@ void checkTaxAtSource(CheckContext& c, const Adult& adult) {
                         + " nennen eine Quellensteuer. Das Programm rechnet sie nicht an.",
                     FieldPath("income", "salaries", "remarks").of(adult.number).at(at)});
         }
-    }
+    });
 }
 
 /// Foreign tax on dividends and interest, where the register names it.
 void checkForeignWithholding(CheckContext& c) {
     constexpr std::array<std::string_view, 4> signs{"da-1", "da1", "quellensteuer",
                                                     "steuerrückbehalt"};
-    int index = 0;
-    for (const SecurityEntry& entry : c.taxCase.securities) {
-        const int at = index++;
+    forEachItem(c.taxCase.securities, [&](const SecurityEntry& entry, int at) {
         const auto isNamed = [&](std::string_view sign) {
             return mentions(entry.description, sign) || mentions(entry.institution, sign);
         };
@@ -147,7 +141,7 @@ void checkForeignWithholding(CheckContext& c) {
                           "DA-1) berechnet das Programm nicht.",
                     FieldPath("securities", "description").at(at)});
         }
-    }
+    });
 }
 
 /// What changed since the return of the year before. StG SG Art. 20, DBG Art. 9 and 42
@@ -178,9 +172,7 @@ void checkYearBefore(CheckContext& c) {
 }
 
 void checkDocuments(CheckContext& c) {
-    int index = 0;
-    for (const ReviewedDocument& document : c.documents) {
-        const int at = index++;
+    forEachItem(c.documents, [&](const ReviewedDocument& document, int at) {
         const std::string named = isBlank(document.title) ? "Beleg " + std::to_string(at + 1)
                                                           : "Der Beleg «" + document.title + "»";
         if (document.year != 0 && document.year != c.taxCase.year) {
@@ -197,7 +189,7 @@ void checkDocuments(CheckContext& c) {
                              "Steuererklärung übernommen.",
                        std::nullopt});
         }
-    }
+    });
 }
 
 } // namespace
