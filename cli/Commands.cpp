@@ -1,5 +1,6 @@
 #include "cli/Commands.h"
 
+#include "Fiscarel_SG/store/ReviewedDocuments.h"
 #include "TaxCore/demo/DemoData.h"
 #include "cli/Batch.h"
 #include "cli/DerivationText.h"
@@ -121,8 +122,9 @@ int check(const CheckOptions& options) {
         return fail(read.error());
     }
     const TaxResult result = read->calculator.calculate(read->taxCase);
-    ReviewInput input{read->calculator, read->taxCase, result, today()};
-    for (const TaxCase& other : read->otherYears) {
+    ReviewInput input{read->calculator, read->taxCase, result, today(),
+                      reviewedDocuments(read->rest.documents)};
+    for (const auto& [year, other] : read->rest.cases) {
         input.otherYears.push_back(&other);
     }
     Review review = Review::of(input);

@@ -1,5 +1,6 @@
 #include "cli/Input.h"
 
+#include "Fiscarel_SG/store/FileSystem.h"
 #include "TaxCore/base/Text.h"
 #include "cli/Output.h"
 
@@ -16,25 +17,9 @@ namespace {
 
 using namespace taxcore;
 
-/// The reasons a user meets; anything else is told by its number.
-std::string reason(int error) {
-    switch (error) {
-    case ENOENT:
-        return "Sie ist nicht vorhanden.";
-    case EACCES:
-        return "Der Zugriff ist nicht erlaubt.";
-    case EISDIR:
-        return "Es ist ein Ordner.";
-    case EBADF:
-        return "Sie ist nicht zum Lesen geöffnet.";
-    default:
-        return "Fehler " + std::to_string(error) + " beim Lesen.";
-    }
-}
-
 tl::unexpected<Fault> unreadable(const std::string& file, int error) {
     const std::string what = file == "-" ? "Die Standardeingabe" : "Die Datei «" + file + "»";
-    return tl::unexpected(what + " lässt sich nicht lesen: " + reason(error));
+    return tl::unexpected(what + " lässt sich nicht lesen: " + FileError{error, file}.reason());
 }
 
 /// Whether a record lacks `key`, which is the first it needs.
@@ -45,8 +30,8 @@ bool lacks(const JsonError& error, std::string_view key) {
 // What the other kind of file has as its first key tells which of the two a text is.
 
 bool isStateFile(const std::string& text) {
-    const auto state = fromJson<CasesByYear>(text);
-    return state || !lacks(state.error(), "cases");
+    const auto state = decodeState(text);
+    return state || !lacks(state.error().json, "cases");
 }
 
 bool isSingleCase(const std::string& text) {
@@ -54,10 +39,10 @@ bool isSingleCase(const std::string& text) {
     return taxCase || !lacks(taxCase.error(), "year");
 }
 
-/// A case and the household's others.
+/// A case and what else the household keeps.
 struct CasesOfYears {
     TaxCase taxCase;
-    std::vector<TaxCase> others;
+    PersistedState rest;
 };
 
 tl::expected<CasesOfYears, Fault> readSingleCase(const std::string& text) {
@@ -73,16 +58,12 @@ tl::expected<CasesOfYears, Fault> readSingleCase(const std::string& text) {
 }
 
 tl::expected<CasesOfYears, Fault> readCaseOfYear(const std::string& text, int year) {
-    auto state = fromJson<CasesByYear>(text);
+    auto state = decodeState(text);
     if (!state) {
-        return tl::unexpected(lacks(state.error(), "cases") && isSingleCase(text)
+        return tl::unexpected(lacks(state.error().json, "cases") && isSingleCase(text)
                                   ? "Die Datei enthält einen einzelnen Fall: bitte ohne --jahr "
                                     "aufrufen."
                                   : state.error().message);
-    }
-    if (state->version > 1) {
-        return tl::unexpected("Die Datei hat die Version " + std::to_string(state->version)
-                              + "; dieses Programm liest Version 1.");
     }
     const auto found = state->cases.find(year);
     if (found == state->cases.end()) {
@@ -94,12 +75,9 @@ tl::expected<CasesOfYears, Fault> readCaseOfYear(const std::string& text, int ye
                               + " steht in der Datei ein Fall des Steuerjahrs "
                               + std::to_string(found->second.year) + ".");
     }
-    CasesOfYears read{std::move(found->second), {}};
+    TaxCase taxCase = std::move(found->second);
     state->cases.erase(found);
-    for (auto& [otherYear, taxCase] : state->cases) {
-        read.others.push_back(std::move(taxCase));
-    }
-    return read;
+    return CasesOfYears{std::move(taxCase), std::move(*state)};
 }
 
 tl::expected<CasesOfYears, Fault> readCases(const std::string& text, std::optional<int> year) {
@@ -180,7 +158,7 @@ tl::expected<ReadCase, Fault> readForComputing(const std::string& file, std::opt
     if (!calculator) {
         return about(calculator.error());
     }
-    return ReadCase{std::move(cases->taxCase), std::move(cases->others), std::move(*calculator)};
+    return ReadCase{std::move(cases->taxCase), std::move(cases->rest), std::move(*calculator)};
 }
 
 bool isSupportedYear(int year) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Fiscarel_SG/store/PersistedState.h"
 #include "TaxCore/model/TaxCase.h"
 #include "TaxCore/regions/CaseCalculator.h"
 
@@ -9,7 +10,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace fiscarel::cli {
 
@@ -36,7 +36,7 @@ tl::expected<taxcore::CaseCalculator, Fault> calculatorFor(const taxcore::TaxCas
 /// A case with the calculator of its region and year.
 struct ReadCase {
     taxcore::TaxCase taxCase;
-    std::vector<taxcore::TaxCase> otherYears; ///< of a state file
+    PersistedState rest; ///< of a state file: its other years and its documents
     taxcore::CaseCalculator calculator;
 };
 

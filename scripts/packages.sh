@@ -3,6 +3,7 @@
 buildPackages=(
     g++ cmake ninja-build pkg-config
     libboost1.81-dev libsimdjson-dev libexpected-dev libcli11-dev
+    qt6-base-dev
 )
 testPackages=(libgtest-dev libbenchmark-dev)
 lintPackages=(clang-tidy clang-format git)

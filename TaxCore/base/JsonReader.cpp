@@ -141,6 +141,31 @@ bool JsonReader::read(ondemand::value json, Date& target) {
     return true;
 }
 
+bool JsonReader::read(ondemand::value json, Moment& target) {
+    std::string_view text;
+    if (!readText(json, "ein Zeitpunkt", text)) {
+        return false;
+    }
+    const auto moment = Moment::parse(text);
+    if (!moment) {
+        return fail(JsonError::Kind::invalidDate);
+    }
+    target = *moment;
+    return true;
+}
+
+bool JsonReader::read(ondemand::value json, std::set<std::string>& target) {
+    ondemand::array array;
+    if (!open(json, array)) {
+        return false;
+    }
+    target.clear();
+    return forEachElement(array, [&](std::size_t, ondemand::value item) {
+        std::string text;
+        return read(item, text) && (target.insert(std::move(text)), true);
+    });
+}
+
 bool JsonReader::read(ondemand::value json, Uuid& target) {
     std::string_view text;
     if (!readText(json, "eine UUID", text)) {

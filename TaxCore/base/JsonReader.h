@@ -7,6 +7,7 @@
 #include "TaxCore/base/EnumText.h"
 #include "TaxCore/base/Json.h"
 #include "TaxCore/base/JsonFault.h"
+#include "TaxCore/base/Moment.h"
 #include "TaxCore/base/Record.h"
 #include "TaxCore/base/Uuid.h"
 
@@ -19,6 +20,7 @@
 #include <limits>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -45,6 +47,7 @@ class JsonReader {
     bool read(ondemand::value json, std::optional<T>& target);
     template <class T>
     bool read(ondemand::value json, std::map<int, T>& target);
+    bool read(ondemand::value json, std::set<std::string>& target);
     template <TabledEnum E>
     bool read(ondemand::value json, E& target);
     bool read(ondemand::value json, Decimal& target);
@@ -52,6 +55,7 @@ class JsonReader {
     bool read(ondemand::value json, bool& target);
     bool read(ondemand::value json, std::string& target);
     bool read(ondemand::value json, Date& target);
+    bool read(ondemand::value json, Moment& target);
     bool read(ondemand::value json, Uuid& target);
 
   private:

@@ -13,6 +13,15 @@ void JsonWriter::write(int value) { out_ += std::to_string(value); }
 
 void JsonWriter::write(bool value) { out_ += value ? "true" : "false"; }
 
+void JsonWriter::write(const std::set<std::string>& texts) {
+    open('[');
+    for (const std::string& text : texts) {
+        item();
+        write(text);
+    }
+    close(']');
+}
+
 void JsonWriter::write(std::string_view text) {
     out_ += '"';
     std::size_t plain = 0;

@@ -6,6 +6,7 @@
 #include "TaxCore/base/Decimal.h"
 #include "TaxCore/base/EnumText.h"
 #include "TaxCore/base/Json.h"
+#include "TaxCore/base/Moment.h"
 #include "TaxCore/base/Record.h"
 #include "TaxCore/base/Uuid.h"
 
@@ -13,6 +14,7 @@
 #include <cstddef>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <tuple>
@@ -32,6 +34,7 @@ class JsonWriter {
     void write(const std::vector<T>& list);
     template <class T>
     void write(const std::map<int, T>& map);
+    void write(const std::set<std::string>& texts);
     template <class T>
     void write(const std::optional<T>& value);
     template <TabledEnum E>
@@ -44,6 +47,7 @@ class JsonWriter {
     void write(std::string_view text);
     void write(const std::string& text) { write(std::string_view(text)); }
     void write(const Date& date) { write(std::string_view(date.toString())); }
+    void write(const Moment& moment) { write(std::string_view(moment.toString())); }
     void write(const Uuid& id) { write(std::string_view(id.toString())); }
 
     void open(char bracket);

@@ -8,7 +8,6 @@
 #include "TaxCore/model/Person.h"
 
 #include <functional>
-#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -84,16 +83,6 @@ extern template tl::expected<TaxCase, JsonError> fromJson<TaxCase>(std::string_v
 extern template tl::expected<void, JsonError> patchFromJson<TaxCase>(TaxCase&, std::string_view);
 extern template std::string toJson<TaxCase>(const TaxCase&, JsonStyle);
 
-/// The tax cases of a state file, by year; the other keys of such a file are passed over.
-struct CasesByYear {
-    std::map<int, TaxCase> cases;
-    int version = 1;
-};
-TAXCORE_RECORD(CasesByYear, cases, version);
-
-extern template tl::expected<CasesByYear, JsonError> fromJson<CasesByYear>(std::string_view,
-                                                                           JsonGaps);
-
 /// One field that differs between two cases.
 struct FieldChange {
     std::string path; ///< "income1.salaries[0].grossSalary"; list positions are those after
@@ -106,6 +95,11 @@ struct FieldChange {
 /// Every field that differs, in declaration order. Items of lists are matched by their identity, so
 /// that inserting one is one change; an item that moved without changing is none.
 std::vector<FieldChange> diff(const TaxCase& before, const TaxCase& after);
+
+/// Makes in `target` the change that leads from one case to another, field by field, items of lists
+/// by their identity. False, with the target unchanged, when a field concerned no longer holds what
+/// it held in `from`.
+bool rebase(const TaxCase& from, const TaxCase& to, TaxCase& target);
 
 /// The value at a field path as JSON text; absent when the path leads nowhere.
 std::optional<std::string> valueAt(const TaxCase& taxCase, std::string_view path);

@@ -1,5 +1,6 @@
 #include "TaxCore/base/JsonReader.h"
 #include "TaxCore/base/JsonWriter.h"
+#include "TaxCore/base/RecordMerge.h"
 #include "TaxCore/base/RecordPath.h"
 #include "TaxCore/model/TaxCase.h"
 
@@ -8,7 +9,6 @@ namespace taxcore {
 template tl::expected<TaxCase, JsonError> fromJson<TaxCase>(std::string_view, JsonGaps);
 template tl::expected<void, JsonError> patchFromJson<TaxCase>(TaxCase&, std::string_view);
 template std::string toJson<TaxCase>(const TaxCase&, JsonStyle);
-template tl::expected<CasesByYear, JsonError> fromJson<CasesByYear>(std::string_view, JsonGaps);
 
 std::vector<FieldChange> diff(const TaxCase& before, const TaxCase& after) {
     std::vector<FieldChange> changes;
@@ -18,6 +18,15 @@ std::vector<FieldChange> diff(const TaxCase& before, const TaxCase& after) {
             changes.push_back({std::move(path), std::move(from), std::move(to)});
         });
     return changes;
+}
+
+bool rebase(const TaxCase& from, const TaxCase& to, TaxCase& target) {
+    TaxCase changed = target;
+    const bool applies = detail::rebaseValue(from, to, changed);
+    if (applies) {
+        target = std::move(changed);
+    }
+    return applies;
 }
 
 std::optional<std::string> valueAt(const TaxCase& taxCase, std::string_view path) {

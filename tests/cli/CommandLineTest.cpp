@@ -229,7 +229,8 @@ TEST_F(CommandLine, readsOneYearOfAStateFile) {
     const Row table[] = {
         {"--jahr 2024", cases, "Die Datei enthält keine Angaben für das Steuerjahr 2024.\n"},
         {"--jahr 2025", changed("\"version\": 1", "\"version\": 2"),
-         "Die Datei hat die Version 2; dieses Programm liest Version 1.\n"},
+         "Die Daten haben die Version 2 und stammen von einer neueren Ausgabe des Programms; diese "
+         "Ausgabe liest Version 1.\n"},
         {"--jahr 2025", changed("\"year\": 2025", "\"year\": 2026"),
          "Unter dem Steuerjahr 2025 steht in der Datei ein Fall des Steuerjahrs 2026.\n"},
         {"", cases, several},
@@ -317,9 +318,12 @@ TEST_F(CommandLine, readsNumbersInDecimalDigits) {
     EXPECT_EQ(run("neu --jahr 02025").out, fresh);
     const std::string good = toJson(DemoData::family(2025), JsonStyle::compact) + "\n";
     EXPECT_EQ(run("stapel --kerne 0256", good).exitCode, 0);
-    EXPECT_EQ(run("rechne --jahr 02025", "{\"version\": 1, \"cases\": {\"2025\": " + good + "}}")
-                  .exitCode,
-              0);
+    EXPECT_EQ(
+        run("rechne --jahr 02025", "{\"version\": 1, \"documents\": [], \"transferChecked\": {}, "
+                                   "\"cases\": {\"2025\": "
+                                       + good + "}}")
+            .exitCode,
+        0);
 }
 
 TEST_F(CommandLine, showsTheHelpInColumns) {

@@ -1,3 +1,4 @@
+#include "TaxCore/base/JsonReader.h"
 #include "TaxCore/base/JsonWriter.h"
 #include "tests/support/RandomCase.h"
 
@@ -420,8 +421,14 @@ TEST(PatchedCase, keepsWhatThePatchLeavesOut) {
     }
 }
 
-TEST(CasesOfAStateFile, readByYear) {
-    const auto state = fromJson<CasesByYear>(
+/// What a state file holds, as far as it matters here.
+struct ByYear {
+    std::map<int, TaxCase> cases;
+};
+TAXCORE_RECORD(ByYear, cases);
+
+TEST(CasesByYear, readWithYearsForKeys) {
+    const auto state = fromJson<ByYear>(
         R"({"selectedYear":2026,"cases":{"2026":{},"2025":{"year":2025,"cash":3}},"version":1})",
         JsonGaps::filled);
     ASSERT_TRUE(state.has_value());
@@ -439,7 +446,7 @@ TEST(CasesOfAStateFile, readByYear) {
          "«cases.2025.cash» muss eine Zahl sein."},
     };
     for (const BadText& bad : table) {
-        expectRefused<CasesByYear>(bad);
+        expectRefused<ByYear>(bad);
     }
 }
 

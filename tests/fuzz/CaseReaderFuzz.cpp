@@ -2,6 +2,7 @@
 // back unchanged after writing and be computed; whatever is refused must be explained by a
 // sentence.
 
+#include "Fiscarel_SG/store/PersistedState.h"
 #include "TaxCore/model/TaxCase.h"
 #include "TaxCore/regions/CaseCalculator.h"
 
@@ -78,8 +79,11 @@ void checkCase(std::string_view text) {
     } else {
         checkExplained(filled.error());
     }
-    if (const auto state = fromJson<CasesByYear>(text); !state) {
-        checkExplained(state.error());
+    if (const auto state = fiscarel::decodeState(text)) {
+        require(fiscarel::decodeState(fiscarel::encodeState(*state)) == *state,
+                "a written state reads back equal");
+    } else {
+        require(!state.error().message.empty(), "a refused state is explained");
     }
 }
 

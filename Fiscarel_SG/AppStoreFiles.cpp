@@ -1,0 +1,321 @@
+// What the store does with files: saving, documents, backups and exports.
+
+#include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/store/DocumentLinks.h"
+
+#include <algorithm>
+
+namespace fiscarel {
+
+using namespace taxcore;
+
+// Saving.
+
+void AppStore::scheduleSave() {
+    if (!isDemo_ && gate_ == Gate::open) {
+        saveTimer_->start(quietBeforeSaving);
+        Q_EMIT saveStateChanged();
+    }
+}
+
+void AppStore::saveNow() {
+    saveTimer_->stop();
+    if (isDemo_ || gate_ != Gate::open) {
+        return;
+    }
+    ++savesUnderWay_;
+    const bool fromCloud = applyingRemote_;
+    const bool beginsAnew = std::exchange(beginsAnew_, false);
+    services_.writer.post<FileResult<void>>(
+        [persistence = services_.persistence, beginsAnew, encoded = encodeState(state_)] {
+            if (beginsAnew) {
+                if (auto ready = persistence->beginAnew(); !ready) {
+                    return ready;
+                }
+            }
+            return persistence->save(encoded);
+        },
+        [this, fromCloud, beginsAnew](const FileResult<void>& outcome) {
+            saved(outcome, fromCloud, beginsAnew);
+        });
+    Q_EMIT saveStateChanged();
+}
+
+void AppStore::saved(const FileResult<void>& outcome, bool fromCloud, bool beganAnew) {
+    --savesUnderWay_;
+    if (outcome) {
+        lastSaved_ = services_.clock.now();
+        saveProblem_.reset();
+    } else {
+        beginsAnew_ = beginsAnew_ || beganAnew;
+        saveProblem_ = std::string(notSaved) + outcome.error().description();
+    }
+    Q_EMIT saveStateChanged();
+    if (outcome && !fromCloud && onLocalSave) {
+        onLocalSave();
+    }
+}
+
+bool AppStore::hasUnsavedChanges() const {
+    return saveTimer_->isRunning() || savesUnderWay_ > 0 || saveProblem_;
+}
+
+bool AppStore::flush() {
+    if (saveTimer_->isRunning() || saveProblem_) {
+        saveNow();
+    }
+    services_.writer.drain();
+    return !hasUnsavedChanges();
+}
+
+void AppStore::applyRemote(PersistedState state) {
+    if (state.version > newestStateVersion) {
+        setLoadError("Die Daten aus der Cloud haben die Version " + std::to_string(state.version)
+                     + " und stammen von einer neueren Ausgabe des Programms.");
+        return;
+    }
+    if (gate_ == Gate::untilEdit) {
+        openGate();
+    }
+    applyingRemote_ = true;
+    adopt(std::move(state));
+    state_.cases.try_emplace(year_, TaxCase{.year = year_});
+    history_.dropStale(state_);
+    calcTimer_->stop();
+    recalculate();
+    saveNow();
+    applyingRemote_ = false;
+    Q_EMIT historyChanged();
+    Q_EMIT documentsChanged();
+    Q_EMIT transferChanged(year_);
+    Q_EMIT currentChanged({});
+}
+
+// Documents.
+
+std::vector<StoredDocument> AppStore::documentsForYear() const {
+    std::vector<StoredDocument> ofYear;
+    std::ranges::copy_if(state_.documents, std::back_inserter(ofYear),
+                         [&](const StoredDocument& document) { return document.year == year_; });
+    return ofYear;
+}
+
+std::optional<std::filesystem::path> AppStore::fileOf(const StoredDocument& document) const {
+    const auto file = isDemo_ ? std::nullopt : services_.persistence->fileOf(document);
+    std::error_code ignored;
+    return file && std::filesystem::is_regular_file(*file, ignored) ? file : std::nullopt;
+}
+
+void AppStore::importDocuments(const std::vector<std::filesystem::path>& files,
+                               std::function<void(std::vector<Uuid>)> added) {
+    if (isDemo_) {
+        setLoadError("Import fehlgeschlagen: Der Demohaushalt nimmt keine Belege auf.");
+        return;
+    }
+    using Imported = std::vector<FileResult<std::string>>;
+    services_.writer.post<Imported>(
+        [persistence = services_.persistence, files] {
+            Imported imported;
+            for (const auto& file : files) {
+                imported.push_back(persistence->importFile(file));
+            }
+            return imported;
+        },
+        [this, files, year = year_, added = std::move(added)](const Imported& imported) {
+            std::vector<Uuid> ids;
+            for (std::size_t i = 0; i < files.size(); ++i) {
+                if (!imported[i]) {
+                    setLoadError("Import fehlgeschlagen: " + imported[i].error().description());
+                    continue;
+                }
+                StoredDocument& document = state_.documents.emplace_back();
+                document.year = year;
+                document.title = files[i].stem().string();
+                document.fileName = *imported[i];
+                document.importedAt = services_.clock.now();
+                ids.push_back(document.id);
+            }
+            if (!ids.empty()) {
+                Q_EMIT documentsChanged();
+                scheduleRecalculate();
+                edited();
+            }
+            if (added) {
+                added(std::move(ids));
+            }
+        });
+}
+
+void AppStore::updateDocument(const Uuid& id, const std::function<void(StoredDocument&)>& change) {
+    const auto found = std::ranges::find(state_.documents, id, &StoredDocument::id);
+    if (found == state_.documents.end()) {
+        return;
+    }
+    StoredDocument changed = *found;
+    change(changed);
+    if (changed.applied && changed.applied->empty()) {
+        changed.applied.reset();
+    }
+    if (changed != *found) {
+        *found = std::move(changed);
+        Q_EMIT documentsChanged();
+        scheduleRecalculate();
+        edited();
+    }
+}
+
+void AppStore::deleteDocument(const Uuid& id) {
+    const auto found = std::ranges::find(state_.documents, id, &StoredDocument::id);
+    if (found == state_.documents.end()) {
+        return;
+    }
+    const StoredDocument document = *found;
+    Edit edit{.name = "Beleg «" + document.title + "» löschen",
+              .removed = Edit::Removal{document,
+                                       static_cast<std::size_t>(found - state_.documents.begin())},
+              .at = services_.clock.now()};
+    state_.documents.erase(found);
+    for (auto& [year, taxCase] : state_.cases) {
+        TaxCase cleared = taxCase;
+        if (clearDocumentLinks(cleared, id)) {
+            edit.cases.push_back({year, std::make_shared<const TaxCase>(std::move(taxCase)),
+                                  std::make_shared<const TaxCase>(cleared)});
+            taxCase = std::move(cleared);
+        }
+    }
+    announce(edit);
+    history_.record(std::move(edit));
+    deleted_.push_back(document);
+    Q_EMIT historyChanged();
+    scheduleRecalculate();
+    edited();
+    if (onDocumentDeleted) {
+        onDocumentDeleted(document);
+    }
+}
+
+/// The files of the documents that were deleted and not brought back.
+void AppStore::removeDeletedFiles() {
+    for (const StoredDocument& document : deleted_) {
+        const bool isBack = std::ranges::any_of(state_.documents, [&](const StoredDocument& kept) {
+            return kept.fileName == document.fileName;
+        });
+        if (!isBack && !isDemo_ && !saveProblem_) {
+            services_.writer.post(
+                [persistence = services_.persistence, document] { persistence->remove(document); },
+                [] {});
+        }
+    }
+    deleted_.clear();
+}
+
+// Backups and exports.
+
+void AppStore::listBackups(std::function<void(std::vector<BackupFile>)> done) {
+    if (isDemo_) {
+        done({});
+        return;
+    }
+    services_.writer.post<std::vector<BackupFile>>(
+        [persistence = services_.persistence] { return persistence->backups(); }, std::move(done));
+}
+
+void AppStore::inspectBackup(const BackupFile& file, std::function<void(Inspected)> done) {
+    services_.writer.post<Inspected>(
+        [persistence = services_.persistence, file] { return persistence->inspect(file); },
+        std::move(done));
+}
+
+void AppStore::findNewestGoodBackup(std::function<void(std::optional<BackupFile>)> done) {
+    if (isDemo_) {
+        done(std::nullopt);
+        return;
+    }
+    services_.writer.post<std::optional<BackupFile>>(
+        [persistence = services_.persistence] {
+            const auto all = persistence->backups();
+            const auto good = std::ranges::find_if(all, [&](const BackupFile& file) {
+                return file.name.label != backup::unreadable && persistence->inspect(file);
+            });
+            return good == all.end() ? std::nullopt : std::optional(*good);
+        },
+        std::move(done));
+}
+
+void AppStore::writeBackup(std::string_view label) {
+    if (!isDemo_ && gate_ == Gate::open) {
+        services_.writer.post(
+            [persistence = services_.persistence, label = std::string(label),
+             encoded = encodeState(state_)] {
+                (void)persistence->backup(std::string_view(encoded), label);
+            },
+            [] {});
+    }
+}
+
+void AppStore::restoreBackup(const BackupFile& file, Done done) {
+    replaceBy([persistence = services_.persistence, file] { return persistence->read(file); },
+              backup::beforeRestore, std::move(done));
+}
+
+void AppStore::importExported(const std::filesystem::path& file, Done done) {
+    replaceBy([persistence = services_.persistence, file] { return persistence->read(file); },
+              backup::beforeImport, std::move(done));
+}
+
+void AppStore::replaceBy(std::function<tl::expected<PersistedState, std::string>()> read,
+                         std::string_view label, Done done) {
+    if (isDemo_) {
+        done("Der Demohaushalt lässt sich nicht ersetzen.");
+        return;
+    }
+    using Read = tl::expected<PersistedState, std::string>;
+    // What could not be read at the start is among the backups already, and the state is empty.
+    const bool hasOwn = gate_ == Gate::open;
+    services_.writer.post<Read>(
+        [persistence = services_.persistence, read = std::move(read), label = std::string(label),
+         encoded = hasOwn ? encodeState(state_) : std::string()]() -> Read {
+            auto state = read();
+            if (state && !encoded.empty()) {
+                const auto kept = persistence->backup(std::string_view(encoded), label);
+                if (!kept) {
+                    return tl::unexpected("Es liess sich keine Sicherung anlegen: "
+                                          + kept.error().description());
+                }
+            }
+            return state;
+        },
+        [this, done = std::move(done)](Read state) {
+            if (!state) {
+                done(std::move(state).error());
+                return;
+            }
+            openGate();
+            adopt(std::move(*state));
+            ensureCase(year_);
+            history_.dropStale(state_);
+            calcTimer_->stop();
+            recalculate();
+            saveNow();
+            Q_EMIT historyChanged();
+            Q_EMIT documentsChanged();
+            Q_EMIT transferChanged(year_);
+            Q_EMIT currentChanged({});
+            done(std::nullopt);
+        });
+}
+
+void AppStore::exportAll(const std::filesystem::path& file, Done done) {
+    services_.writer.post<std::optional<std::string>>(
+        [file, encoded = encodeState(state_),
+         persistence = services_.persistence]() -> std::optional<std::string> {
+            if (persistence == nullptr) {
+                return "Der Demohaushalt lässt sich nicht exportieren.";
+            }
+            const auto written = persistence->exportAll(file, encoded);
+            return written ? std::nullopt : std::optional(written.error().description());
+        },
+        std::move(done));
+}
+
+} // namespace fiscarel

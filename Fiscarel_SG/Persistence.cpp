@@ -1,0 +1,206 @@
+#include "Fiscarel_SG/Persistence.h"
+
+#include <pwd.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <utility>
+
+namespace fiscarel {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// An absolute path in an environment variable; the directory standard says to pass over others.
+std::optional<fs::path> folderFrom(const char* variable) {
+    const char* const value = std::getenv(variable); // NOLINT(concurrency-mt-unsafe): at the start
+    const fs::path path = value != nullptr ? value : "";
+    return path.is_absolute() ? std::optional(path) : std::nullopt;
+}
+
+fs::path homeFolder() {
+    if (auto home = folderFrom("HOME")) {
+        return *home;
+    }
+    const passwd* const user = getpwuid(getuid()); // NOLINT(concurrency-mt-unsafe): at the start
+    return user != nullptr ? fs::path(user->pw_dir) : fs::current_path();
+}
+
+/// File systems allow 255 bytes for a name.
+constexpr std::size_t longestName = 200;
+
+/// A name cut to what file systems allow, with its ending and without half characters.
+std::string shortened(const fs::path& name) {
+    std::string stem = name.stem().string();
+    std::string ending = name.extension().string();
+    if (ending.size() > longestName / 2) {
+        stem += ending;
+        ending.clear();
+    }
+    if (stem.size() + ending.size() > longestName) {
+        std::size_t end = longestName - ending.size();
+        const auto continues = [&] {
+            return (static_cast<unsigned char>(stem[end]) & 0xC0U) == 0x80;
+        };
+        while (end > 0 && continues()) {
+            --end;
+        }
+        stem.resize(end);
+    }
+    return stem + ending;
+}
+
+} // namespace
+
+fs::path Persistence::defaultRoot() {
+    const auto data = folderFrom("XDG_DATA_HOME");
+    return (data ? *data : homeFolder() / ".local" / "share") / "Brennick";
+}
+
+Persistence::Persistence(FileSystem& files, const Clock& clock, fs::path root)
+    : files_(files), clock_(clock), root_(std::move(root)) {
+    for (const fs::path& folder : {root_, documentsFolder(), backupsFolder()}) {
+        (void)files_.makeFolder(folder);
+        files_.removeLeftovers(folder);
+    }
+}
+
+LoadedState Persistence::load() {
+    const auto bytes = files_.read(stateFile(), taxcore::maxJsonSize);
+    if (!bytes && bytes.error().code == ENOENT) {
+        return NoState{};
+    }
+    auto state = bytes ? decodeState(*bytes)
+                       : tl::unexpected(StateFault{.message = bytes.error().description()});
+    if (!state) {
+        (void)setAside(); // what fails now is tried again before the file is written over
+        return UnusableState{.reason = state.error().message, .isNewer = state.error().isNewer};
+    }
+    return std::move(*state);
+}
+
+/// Copies a file among the backups under a label, unless one of that label has its content.
+FileResult<void> Persistence::keep(const fs::path& file, std::string_view label) {
+    const auto bytes = files_.read(file, taxcore::maxJsonSize);
+    if (!bytes) {
+        return tl::unexpected(bytes.error());
+    }
+    for (const BackupFile& other : backups()) {
+        if (other.name.label == label && other.size == bytes->size()
+            && files_.read(backupsFolder() / other.fileName(), taxcore::maxJsonSize) == *bytes) {
+            return {};
+        }
+    }
+    return files_.write(freeBackupName(label), *bytes);
+}
+
+FileResult<void> Persistence::setAside() {
+    if (auto kept = keep(stateFile(), backup::unreadable); kept || kept.error().isMissing()) {
+        return {};
+    }
+    // What does not read, or finds no room for a copy, can still get a second name: the next save
+    // puts a new file in place and leaves the old one under that name.
+    return files_.link(stateFile(), freeBackupName(backup::unreadable));
+}
+
+FileResult<void> Persistence::beginAnew() {
+    if (auto aside = setAside(); !aside) {
+        return aside;
+    }
+    const fs::path today = backupsFolder() / BackupName::daily(clock_.local()).fileName();
+    auto kept = keep(today, backup::beforeNewBeginning);
+    return kept || !kept.error().isMissing() ? kept : FileResult<void>{};
+}
+
+FileResult<void> Persistence::save(std::string_view encoded) {
+    if (auto written = files_.write(stateFile(), encoded); !written) {
+        return written;
+    }
+    backupIfNeeded(encoded);
+    return {};
+}
+
+void Persistence::backupIfNeeded(std::string_view encoded) {
+    const fs::path today = backupsFolder() / BackupName::daily(clock_.local()).fileName();
+    (void)files_.write(today, encoded);
+    const auto entries = files_.list(backupsFolder());
+    for (const std::string& name : backupsToPrune(entries.value_or(std::vector<FileEntry>{}))) {
+        (void)files_.remove(backupsFolder() / name);
+    }
+}
+
+/// The name for a backup taken now; a second one within a second gets the next second's.
+fs::path Persistence::freeBackupName(std::string_view label) {
+    for (Moment moment = clock_.now();; ++moment.seconds) {
+        fs::path name =
+            backupsFolder() / BackupName::labelled(label, clock_.localTime(moment)).fileName();
+        if (!files_.stat(name)) {
+            return name;
+        }
+    }
+}
+
+FileResult<void> Persistence::backup(std::string_view encoded, std::string_view label) {
+    return files_.write(freeBackupName(label), encoded);
+}
+
+FileResult<void> Persistence::backup(const PersistedState& state, std::string_view label) {
+    return backup(std::string_view(encodeState(state)), label);
+}
+
+std::vector<BackupFile> Persistence::backups() {
+    return backupsAmong(files_.list(backupsFolder()).value_or(std::vector<FileEntry>{}));
+}
+
+tl::expected<PersistedState, std::string> Persistence::read(const fs::path& file) {
+    const auto bytes = files_.read(file, taxcore::maxJsonSize);
+    if (!bytes) {
+        return tl::unexpected(bytes.error().description());
+    }
+    return decodeState(*bytes).map_error([](const StateFault& fault) { return fault.message; });
+}
+
+tl::expected<PersistedState, std::string> Persistence::read(const BackupFile& file) {
+    return read(backupsFolder() / file.fileName());
+}
+
+tl::expected<BackupContent, std::string> Persistence::inspect(const BackupFile& file) {
+    return read(file).map([](const PersistedState& state) {
+        BackupContent content;
+        for (const auto& [year, taxCase] : state.cases) {
+            content.years.push_back(year);
+        }
+        content.documents = state.documents.size();
+        return content;
+    });
+}
+
+FileResult<std::string> Persistence::importFile(const fs::path& file) {
+    std::string name = Uuid::random().toString() + "-" + shortened(file.filename());
+    return files_.copy(file, documentsFolder() / name, maxDocumentSize).map([&] {
+        return std::move(name);
+    });
+}
+
+std::optional<fs::path> Persistence::fileOf(const StoredDocument& document) const {
+    const std::string& name = document.fileName;
+    const bool plain = !name.empty() && name != "." && name != ".."
+                       && name.find('/') == std::string::npos
+                       && name.find('\0') == std::string::npos;
+    return plain ? std::optional(documentsFolder() / name) : std::nullopt;
+}
+
+void Persistence::remove(const StoredDocument& document) {
+    if (const auto file = fileOf(document)) {
+        (void)files_.remove(*file);
+    }
+}
+
+FileResult<void> Persistence::exportAll(const fs::path& file, std::string_view encoded) {
+    return files_.write(file, encoded);
+}
+
+} // namespace fiscarel

@@ -1,0 +1,99 @@
+#pragma once
+
+#include "Fiscarel_SG/store/Backups.h"
+#include "Fiscarel_SG/store/Clock.h"
+#include "Fiscarel_SG/store/FileSystem.h"
+#include "Fiscarel_SG/store/PersistedState.h"
+
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace fiscarel {
+
+/// There is no state file yet.
+struct NoState {};
+/// The state file could not be used; it stays where it is, and a copy lies among the backups.
+struct UnusableState {
+    std::string reason;   ///< one German sentence
+    bool isNewer = false; ///< of a newer version: not to be written over by edits
+};
+using LoadedState = std::variant<NoState, PersistedState, UnusableState>;
+
+/// What a backup holds.
+struct BackupContent {
+    std::vector<int> years; ///< ascending
+    std::size_t documents = 0;
+};
+
+/// Keeps the state of the program in its data folder: one state file, the copies of imported
+/// documents and the backups. Who owns the folder's lock may call, from one thread at a time.
+class Persistence {
+  public:
+    /// Makes the folders; what cannot be made shows when it is used. `files` and `clock` must
+    /// outlive it.
+    Persistence(FileSystem& files, const Clock& clock, std::filesystem::path root = defaultRoot());
+
+    /// "$XDG_DATA_HOME/Brennick", by default "~/.local/share/Brennick".
+    static std::filesystem::path defaultRoot();
+
+    const std::filesystem::path& root() const noexcept { return root_; }
+    std::filesystem::path stateFile() const { return root_ / "daten.json"; }
+    std::filesystem::path documentsFolder() const { return root_ / "Belege"; }
+    std::filesystem::path backupsFolder() const { return root_ / "Sicherungen"; }
+
+    /// Reads the state file. One that cannot be read is copied among the backups, once per content.
+    LoadedState load();
+    /// Writes the state file, then today's backup, and prunes the backups. Only the state file
+    /// counts; what goes wrong with backups is passed over.
+    FileResult<void> save(std::string_view encoded);
+
+    /// To be called before a state file that was unusable is written over: makes sure that a copy
+    /// of it lies among the backups, and of today's backup under the label "vor-neubeginn". Copies
+    /// that are there already are not made again.
+    FileResult<void> beginAnew();
+    /// Writes a labelled backup.
+    FileResult<void> backup(std::string_view encoded, std::string_view label);
+    FileResult<void> backup(const PersistedState& state, std::string_view label);
+    /// The backups, the newest first; empty when the folder does not read.
+    std::vector<BackupFile> backups();
+    /// What a backup holds; a German sentence when it does not decode.
+    tl::expected<BackupContent, std::string> inspect(const BackupFile& file);
+    /// The state in a backup, or in a file the user exported; a German sentence when it does not
+    /// decode.
+    tl::expected<PersistedState, std::string> read(const std::filesystem::path& file);
+    tl::expected<PersistedState, std::string> read(const BackupFile& file);
+
+    /// Copies a file of the user among the documents; the name it got there.
+    FileResult<std::string> importFile(const std::filesystem::path& file);
+    /// Where a document's file lies; absent when its name is no plain file name, which only happens
+    /// in states that others made.
+    std::optional<std::filesystem::path> fileOf(const StoredDocument& document) const;
+    /// Removes a document's file; one that is gone already is no matter.
+    void remove(const StoredDocument& document);
+
+    /// Writes the whole state where the user wants it.
+    FileResult<void> exportAll(const std::filesystem::path& file, std::string_view encoded);
+
+  private:
+    FileResult<void> setAside();
+    FileResult<void> keep(const std::filesystem::path& file, std::string_view label);
+    void backupIfNeeded(std::string_view encoded);
+    std::filesystem::path freeBackupName(std::string_view label);
+
+    FileSystem& files_;
+    const Clock& clock_;
+    const std::filesystem::path root_;
+};
+
+/// The name the file dialog proposes for an export.
+inline constexpr std::string_view exportFileName = "Fiscarel-SG-Sicherung.json";
+
+/// Larger documents are not imported, bytes.
+inline constexpr std::uint64_t maxDocumentSize = std::uint64_t{200} << 20U;
+
+} // namespace fiscarel

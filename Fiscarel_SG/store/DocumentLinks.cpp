@@ -1,0 +1,43 @@
+#include "Fiscarel_SG/store/DocumentLinks.h"
+
+#include <string_view>
+
+namespace fiscarel {
+
+namespace {
+
+using namespace taxcore;
+
+/// Walks the whole case, so that a link added to a record later is found as well.
+template <class T>
+bool clearIn(T& value, const Uuid& document) {
+    bool found = false;
+    if constexpr (Record<T>) {
+        forEachField(value, [&](std::string_view name, auto& field) {
+            if constexpr (std::is_same_v<std::remove_cvref_t<decltype(field)>,
+                                         std::optional<Uuid>>) {
+                if (name == "documentID" && field == document) {
+                    field.reset();
+                    found = true;
+                }
+            } else {
+                found = clearIn(field, document) || found;
+            }
+        });
+    } else if constexpr (isList<T>) {
+        for (auto& item : value) {
+            found = clearIn(item, document) || found;
+        }
+    } else if constexpr (isOptional<T>) {
+        found = value && clearIn(*value, document);
+    }
+    return found;
+}
+
+} // namespace
+
+bool clearDocumentLinks(TaxCase& taxCase, const Uuid& document) {
+    return clearIn(taxCase, document);
+}
+
+} // namespace fiscarel

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "TaxCore/base/Moment.h"
+
+#include <tl/expected.hpp>
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace fiscarel {
+
+using taxcore::Moment;
+
+/// Why something with a file did not work.
+struct FileError {
+    int code = 0; ///< errno
+    std::filesystem::path path;
+
+    bool isMissing() const noexcept;
+    /// The reason alone, one German sentence: "Auf dem Datenträger ist kein Platz mehr."
+    std::string reason() const;
+    /// The same with the file: "«daten.json»: Der Zugriff ist nicht erlaubt."
+    std::string description() const;
+};
+
+template <class T>
+using FileResult = tl::expected<T, FileError>;
+
+struct FileEntry {
+    std::string name; ///< within its folder
+    std::uint64_t size = 0;
+    Moment modified;
+
+    bool operator==(const FileEntry&) const = default;
+};
+
+/// What the program does with files. Every operation is whole or not at all, also when the program
+/// or the machine stops in its midst; what had to be on the disk is on it when the call returns.
+/// Any thread may call.
+class FileSystem {
+  public:
+    FileSystem() = default;
+    FileSystem(const FileSystem&) = delete;
+    FileSystem& operator=(const FileSystem&) = delete;
+    virtual ~FileSystem() = default;
+
+    /// The content of a file of at most `mostBytes`.
+    virtual FileResult<std::string> read(const std::filesystem::path& file,
+                                         std::uint64_t mostBytes) = 0;
+    /// Puts a file in place, over an older one of that name; only the user may read it.
+    virtual FileResult<void> write(const std::filesystem::path& file, std::string_view bytes) = 0;
+    /// Copies a regular file of at most `mostBytes` to a name that is not taken yet.
+    virtual FileResult<void> copy(const std::filesystem::path& from,
+                                  const std::filesystem::path& to, std::uint64_t mostBytes) = 0;
+    /// Gives a file a second name that is not taken yet.
+    virtual FileResult<void> link(const std::filesystem::path& file,
+                                  const std::filesystem::path& second) = 0;
+    virtual FileResult<void> remove(const std::filesystem::path& file) = 0;
+    virtual FileResult<FileEntry> stat(const std::filesystem::path& file) = 0;
+    /// The regular files of a folder by name, without hidden ones.
+    virtual FileResult<std::vector<FileEntry>> list(const std::filesystem::path& folder) = 0;
+    /// Makes a folder, and those above it, for the user alone.
+    virtual FileResult<void> makeFolder(const std::filesystem::path& folder) = 0;
+    /// Removes what an interrupted `write` or `copy` left in a folder.
+    virtual void removeLeftovers(const std::filesystem::path& folder) = 0;
+};
+
+} // namespace fiscarel

@@ -1,0 +1,129 @@
+#include "Fiscarel_SG/store/History.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace fiscarel {
+
+void History::record(Edit edit) {
+    undone_.clear();
+    if (merge(edit)) {
+        return;
+    }
+    done_.push_back(std::move(edit));
+    if (done_.size() > longest) {
+        done_.erase(done_.begin());
+    }
+    mayMerge_ = true;
+}
+
+/// Whether the edit became part of the last one.
+bool History::merge(const Edit& edit) {
+    if (!mayMerge_ || done_.empty() || edit.mergeKey.empty()) {
+        return false;
+    }
+    Edit& last = done_.back();
+    if (last.mergeKey != edit.mergeKey || edit.at.seconds - last.at.seconds > mergeSeconds) {
+        return false;
+    }
+    last.cases.front().after = edit.cases.front().after;
+    last.at = edit.at;
+    // Typing something and taking it back letter by letter is no edit.
+    if (*last.cases.front().before == *last.cases.front().after) {
+        done_.pop_back();
+        mayMerge_ = false;
+    }
+    return true;
+}
+
+std::optional<std::string> History::undoName() const {
+    return done_.empty() ? std::nullopt : std::optional(done_.back().name);
+}
+
+std::optional<std::string> History::redoName() const {
+    return undone_.empty() ? std::nullopt : std::optional(undone_.back().name);
+}
+
+std::optional<Edit> History::undo(PersistedState& state) {
+    mayMerge_ = false;
+    return step(done_, undone_, Direction::back, state);
+}
+
+std::optional<Edit> History::redo(PersistedState& state) {
+    mayMerge_ = false;
+    return step(undone_, done_, Direction::forth, state);
+}
+
+std::optional<Edit> History::step(std::vector<Edit>& from, std::vector<Edit>& to,
+                                  Direction direction, PersistedState& state) {
+    while (!from.empty()) {
+        Edit edit = std::move(from.back());
+        from.pop_back();
+        if (apply(edit, direction, state)) {
+            to.push_back(edit);
+            return edit;
+        }
+    }
+    return std::nullopt;
+}
+
+/// False, with the state unchanged, when the edit does not apply.
+bool History::apply(const Edit& edit, Direction direction, PersistedState& state) {
+    std::vector<std::pair<int, taxcore::TaxCase>> changed;
+    for (const Edit::OfCase& part : edit.cases) {
+        const auto found = state.cases.find(part.year);
+        const bool back = direction == Direction::back;
+        if (found == state.cases.end()) {
+            return false;
+        }
+        auto& [year, taxCase] = changed.emplace_back(part.year, found->second);
+        if (!rebase(back ? *part.after : *part.before, back ? *part.before : *part.after,
+                    taxCase)) {
+            return false;
+        }
+    }
+    if (edit.removed) {
+        auto& documents = state.documents;
+        const auto found =
+            std::ranges::find(documents, edit.removed->document.id, &StoredDocument::id);
+        if ((found == documents.end()) == (direction == Direction::forth)) {
+            return false;
+        }
+        if (direction == Direction::forth) {
+            documents.erase(found);
+        } else {
+            const std::size_t at = std::min(edit.removed->position, documents.size());
+            documents.insert(documents.begin() + static_cast<std::ptrdiff_t>(at),
+                             edit.removed->document);
+        }
+    }
+    for (auto& [year, taxCase] : changed) {
+        state.cases[year] = std::move(taxCase);
+    }
+    return true;
+}
+
+void History::dropStale(const PersistedState& state) {
+    mayMerge_ = false;
+    dropStale(done_, Direction::back, state);
+    dropStale(undone_, Direction::forth, state);
+}
+
+void History::dropStale(std::vector<Edit>& edits, Direction direction, PersistedState state) {
+    std::vector<Edit> kept;
+    for (auto edit = edits.rbegin(); edit != edits.rend(); ++edit) {
+        if (apply(*edit, direction, state)) {
+            kept.push_back(std::move(*edit));
+        }
+    }
+    std::ranges::reverse(kept);
+    edits = std::move(kept);
+}
+
+void History::clear() noexcept {
+    done_.clear();
+    undone_.clear();
+    mayMerge_ = false;
+}
+
+} // namespace fiscarel
