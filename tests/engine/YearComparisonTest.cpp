@@ -19,7 +19,7 @@ std::vector<TaxCase> households(const std::string& region) {
     return cases;
 }
 
-Decimal causes(const YearComparison& c) { return c.entries + c.rules + c.tariff + c.multipliers; }
+Decimal causes(const YearComparison& c) { return c.ageing + c.entries + c.rules + c.tariff + c.multipliers; }
 
 TEST(YearComparison, causesAddUpForEveryHouseholdOfBothRegions) {
     for (const std::string region : {"sg", "li"}) {
