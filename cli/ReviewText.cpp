@@ -16,8 +16,11 @@ constexpr std::size_t textWidth = 92;
 constexpr std::size_t columnWidth = 16;
 
 std::string noticeText(const Notice& notice) {
-    const std::string mark = notice.saving ? "spart " + MoneyFormat::chf(*notice.saving, 2, true)
-                                           : std::string(label(notice.level));
+    std::string mark(label(notice.level));
+    if (notice.saving) {
+        const std::string saving = MoneyFormat::chf(*notice.saving, 2, true);
+        mark = notice.missed.value_or(false) ? "hätte " + saving + " gespart" : "spart " + saving;
+    }
     std::string text = wrapped(mark + ": " + printable(notice.title), textWidth, "  ");
     text += wrapped(printable(notice.message), textWidth, "    ");
     if (notice.path) {
@@ -44,7 +47,7 @@ std::string tipsText(const std::vector<Notice>& tips, int year) {
     std::string text =
         listText("Spartipps", open,
                  missed.empty() ? "Es ist kein Tipp mit einer Ersparnis bekannt."
-                                : "Für " + std::to_string(year) + " lässt sich nichts mehr tun.");
+                                : "Für " + std::to_string(year) + " ist kein Tipp mehr offen.");
     if (!missed.empty()) {
         text += listText("Zu spät für " + std::to_string(year) + " – für nächstes Jahr merken",
                          missed, "");

@@ -60,6 +60,20 @@ RealEstate house(bool flat, const Decimal& actual) {
     return home;
 }
 
+RealEstate secondHome(const char* municipality) {
+    RealEstate home = house(true, 0);
+    home.municipality = municipality;
+    home.isPrimaryResidence = false;
+    return home;
+}
+
+SecurityEntry fund(AssetKind kind) {
+    SecurityEntry entry;
+    entry.kind = kind;
+    entry.taxValue = 300'000;
+    return entry;
+}
+
 std::vector<TipRow> stGallenRows() {
     return {
         {"tipp-3a-1", "BVV 3 Art. 7", [](TaxCase&) {},
@@ -114,6 +128,22 @@ std::vector<TipRow> stGallenRows() {
              c.deductions1.work.carWorkDays = 200;
              c.deductions1.work.carJustification = "Schichtbeginn um vier Uhr";
          }},
+        // The car instead of the train: 5'600 francs instead of 1'000, not beside them.
+        {"tipp-auto-1", "BKV Art. 3",
+         [](TaxCase& c) {
+             c.deductions1.work.publicTransportCost = 1'000;
+             c.deductions1.work.carKmOneWay = 20;
+             c.deductions1.work.carWorkDays = 200;
+         },
+         [](TaxCase& c) {
+             c.deductions1.work.publicTransportCost = 0;
+             c.deductions1.work.carJustification = "Schichtbeginn um vier Uhr";
+         },
+         [](TaxCase& c) {
+             c.deductions1.work.publicTransportCost = 5'600;
+             c.deductions1.work.carKmOneWay = 20;
+             c.deductions1.work.carWorkDays = 200;
+         }},
         {"tipp-arbeitsweg-2", "BKV Art. 5", [](TaxCase&) {},
          [](TaxCase& c) { c.deductions2.work.useBicycle = true; },
          [](TaxCase& c) { c.deductions2.work.publicTransportCost = 1; }},
@@ -125,6 +155,48 @@ std::vector<TipRow> stGallenRows() {
          [](TaxCase& c) { c.realEstate.push_back(house(true, 9'000)); },
          [](TaxCase& c) { c.realEstate[0].useFlatRateMaintenance = false; },
          [](TaxCase& c) { c.realEstate.push_back(house(true, 2'800)); }},
+        {"tipp-unterhalt-1", "SR 642.116 Art. 5 Abs. 3",
+         [](TaxCase& c) {
+             c.realEstate.push_back(house(false, 1'000));
+             c.realEstate[0].use = PropertyUse::vermietet;
+             c.realEstate[0].rentalIncome = 24'000;
+         },
+         [](TaxCase& c) { c.realEstate[0].useFlatRateMaintenance = true; },
+         [](TaxCase& c) {
+             c.realEstate.push_back(house(false, 4'800));
+             c.realEstate[0].use = PropertyUse::vermietet;
+             c.realEstate[0].rentalIncome = 24'000;
+         }},
+        {"tipp-hauptwohnsitz-2", "StG SG Art. 34 Abs. 3",
+         [](TaxCase& c) {
+             c.realEstate = {secondHome("Wil"), secondHome("St.Gallen"), secondHome("St.Gallen")};
+             c.realEstate[2].use = PropertyUse::vermietet;
+         },
+         [](TaxCase& c) { c.realEstate[1].isPrimaryResidence = true; },
+         [](TaxCase& c) {
+             c.realEstate = {secondHome("Wil"), secondHome("St.Gallen"), secondHome("St.Gallen")};
+         }},
+        {"tipp-hauptwohnsitz-1", "DBG Art. 21",
+         [](TaxCase& c) {
+             c.realEstate = {secondHome("St.Gallen")};
+             c.realEstate[0].use = PropertyUse::gemischt;
+         },
+         [](TaxCase& c) { c.realEstate[0].isPrimaryResidence = true; },
+         [](TaxCase& c) {
+             c.realEstate = {secondHome("St.Gallen"), secondHome("Wil")};
+             c.realEstate[1].isPrimaryResidence = true;
+         }},
+        {"tipp-fremdverwaltung", "DBG Art. 32 Abs. 1",
+         [](TaxCase& c) { c.securities.push_back(fund(AssetKind::wertschrift)); },
+         [](TaxCase& c) { c.securities[1].managedByThirdParty = true; },
+         [](TaxCase& c) { c.securities.push_back(fund(AssetKind::krypto)); }},
+        {"tipp-fremdverwaltung", "StG SG Art. 44",
+         [](TaxCase& c) { c.securities.push_back(fund(AssetKind::wertschrift)); },
+         [](TaxCase& c) { c.securities[1].managedByThirdParty = true; },
+         [](TaxCase& c) {
+             c.securities.push_back(fund(AssetKind::wertschrift));
+             c.householdDeductions.actualAssetManagementCosts = 5'000;
+         }},
         {"tipp-verwaltungskosten", "DBG Art. 32 Abs. 1",
          [](TaxCase& c) {
              c.securities[0].managedByThirdParty = true;
@@ -191,6 +263,32 @@ std::vector<TipRow> liechtensteinRows() {
          [](TaxCase& c) {
              c.householdDeductions.donations.emplace_back().amount = 60;
              c.householdDeductions.donations.emplace_back().amount = 39;
+         },
+         spotlessLiechtenstein},
+        {"tipp-li-ausbildung-1", "SteG Art. 16",
+         [](TaxCase& c) {
+             c.children[0].birthDate = Date::of(2007, 3, 1);
+             c.children[0].education = ChildEducation::ausbildung;
+             c.children[0].scholarships = 2'000;
+         },
+         [](TaxCase& c) { c.children[0].educationCosts = 14'700; },
+         [](TaxCase& c) {
+             c.children[0].education = ChildEducation::ausbildung;
+             c.children[0].educationCosts = 100;
+         },
+         spotlessLiechtenstein},
+        {"tipp-li-ausbildung-1", "SteG Art. 16",
+         [](TaxCase& c) { c.children[0].birthDate = Date::of(2009, 12, 31); },
+         [](TaxCase& c) { c.children[0].educationCosts = 12'700; },
+         [](TaxCase& c) { c.children[0].birthDate = Date::of(2010, 1, 1); }, spotlessLiechtenstein},
+        {"tipp-li-weiterbildung-2", "SteG Art. 16", [](TaxCase&) {},
+         [](TaxCase& c) { c.deductions2.furtherEducation = 1'000; },
+         [](TaxCase& c) { c.deductions2.furtherEducation = 1; }, spotlessLiechtenstein},
+        {"tipp-li-weiterbildung-1", "SteG Art. 16", [](TaxCase&) {},
+         [](TaxCase& c) { c.deductions1.furtherEducation = 1'000; },
+         [](TaxCase& c) {
+             c.income1 = {};
+             c.income1.ahvPension = 30'000;
          },
          spotlessLiechtenstein},
     };
@@ -278,7 +376,11 @@ TEST(Advisor, proposesOnlyWhatThePersonMayDo) {
 }
 
 TEST(Advisor, ordersTipsBySavingAndTellsWhenItIsTooLate) {
-    const Computed demo(DemoData::family(2025));
+    const Computed demo([] {
+        TaxCase household = DemoData::family(2025);
+        household.deductions1.furtherEducation = 300; // less than the flat rate
+        return household;
+    }());
     const auto tips = demo.tips();
     ASSERT_GT(tips.size(), 3U);
     EXPECT_TRUE(std::ranges::is_sorted(tips, std::greater<>{},
@@ -287,18 +389,47 @@ TEST(Advisor, ordersTipsBySavingAndTellsWhenItIsTooLate) {
     for (const Notice& tip : tips) {
         EXPECT_TRUE(ids.insert(tip.id).second) << tip.id;
         EXPECT_EQ(tip.message.find("Frist"), std::string::npos) << tip.message;
+        EXPECT_FALSE(tip.missed.has_value());
     }
     const auto late =
-        Advisor::tips(demo.calculator, demo.taxCase, demo.result, Date::of(2026, 3, 1).value());
+        Advisor::tips(demo.calculator, demo.taxCase, demo.result, Date::of(2026, 1, 1).value());
     EXPECT_EQ(late.size(), tips.size());
-    const auto pillar3a = std::ranges::find(late, "tipp-3a-1", &Notice::id);
-    ASSERT_NE(pillar3a, late.end());
-    EXPECT_NE(pillar3a->message.find("Für 2025 ist die Frist vorbei"), std::string::npos);
+    const auto place = [](const Notice& tip) {
+        return std::pair(tip.missed.value_or(false), -tip.saving.value());
+    };
+    EXPECT_TRUE(std::ranges::is_sorted(late, {}, place));
+    EXPECT_FALSE(late.front().missed.has_value()) << "what is still open stands first";
+    EXPECT_EQ(late.back().missed, true);
 
     TaxCase poor = spotlessHousehold();
     poor.income1.salaries[0].grossSalary = 12'000;
     poor.income2 = {};
     EXPECT_TRUE(Computed(poor).tips().empty());
+}
+
+/// Payments and acts of the year are over with it; choices and entries of the return are not.
+TEST(Advisor, missesWhatTakesAnActInTheYear) {
+    const std::set<std::string> acts{"tipp-3a-1",    "tipp-3a-einkauf-2", "tipp-pk-einkauf-1",
+                                     "tipp-li-pk-1", "tipp-spenden",      "tipp-li-spenden"};
+    auto rows = stGallenRows();
+    std::ranges::copy(liechtensteinRows(), std::back_inserter(rows));
+    for (const TipRow& row : rows) {
+        SCOPED_TRACE(row.id);
+        TaxCase household = row.household();
+        row.forHousehold(household);
+        const Computed base(household);
+        for (const int yearsLater : {0, 1}) {
+            const Date today = Date::of(household.year + yearsLater, 12, 31).value();
+            const auto tips = Advisor::tips(base.calculator, base.taxCase, base.result, today);
+            const auto tip = std::ranges::find(tips, row.id, &Notice::id);
+            ASSERT_NE(tip, tips.end());
+            const bool missed = yearsLater == 1 && acts.contains(row.id);
+            EXPECT_EQ(tip->missed, missed ? std::optional(true) : std::nullopt);
+            EXPECT_EQ(tip->message.find("ist die Frist vorbei; so viel hätte es gespart.")
+                          != std::string::npos,
+                      missed);
+        }
+    }
 }
 
 TEST(Advisor, marginalRateIsTheLastThousandFrancs) {
@@ -416,6 +547,45 @@ TEST(Advisor, planOfBuyInsIsTheBestOfAllOnACoarseGrid) {
     EXPECT_GE(Advisor::bestPlan(plans).saving, plans.back().saving);
     EXPECT_EQ(Advisor::planBuyIn(base.calculator, base.taxCase, 1, -5, 1).front().saving,
               Decimal(0));
+}
+
+/// What no year can deduct any more: Liechtenstein's 18 % of 150'000 less what is paid already, and
+/// in St.Gallen what leaves no taxable income, neither of the canton nor of the federation.
+TEST(Advisor, planTellsWhatHasNoEffect) {
+    const Computed abroad(spotlessLiechtenstein());
+    const auto plans = Advisor::planBuyIn(abroad.calculator, abroad.taxCase, 1, 60'000, 4);
+    constexpr int most = 19'500;
+    for (const BuyInPlan& plan : plans) {
+        EXPECT_EQ(plan.beyondLimit, std::max(Decimal(0), Decimal(60'000) - most * plan.years));
+    }
+    EXPECT_EQ(Advisor::planBuyIn(abroad.calculator, abroad.taxCase, 1, most, 1)[0].beyondLimit,
+              Decimal(0));
+    EXPECT_EQ(Advisor::planBuyIn(abroad.calculator, abroad.taxCase, 1, most + 1, 1)[0].beyondLimit,
+              Decimal(1));
+
+    const Computed base(spotlessHousehold());
+    const auto within = Advisor::planBuyIn(base.calculator, base.taxCase, 1, 60'000.5_dec, 2);
+    EXPECT_EQ(within[0].beyondLimit + within[1].beyondLimit, Decimal(0));
+    constexpr int tooMuch = 200'000;
+    const auto beyond = Advisor::planBuyIn(base.calculator, base.taxCase, 1, tooMuch, 3);
+    const auto taxableAfter = [&](const Decimal& payment) {
+        TaxCase changed = base.taxCase;
+        changed.deductions1.pensionBuyIn += payment;
+        const TaxBill bill = base.calculator.calculate(changed).bill;
+        return std::max(bill.taxableIncomeCanton, bill.taxableIncomeFederal);
+    };
+    const Decimal least = Decimal(tooMuch) - beyond[0].beyondLimit;
+    EXPECT_EQ(taxableAfter(least), Decimal(0));
+    EXPECT_GT(taxableAfter(least - 1), Decimal(0));
+    EXPECT_GT(beyond[0].beyondLimit, Decimal(50'000));
+    EXPECT_EQ(beyond[2].beyondLimit, Decimal(0));
+
+    TaxCase none = spotlessHousehold();
+    none.income1 = {};
+    none.income2 = {};
+    const Computed poor(none);
+    EXPECT_EQ(Advisor::planBuyIn(poor.calculator, none, 1, 1'000, 1)[0].beyondLimit,
+              Decimal(1'000));
 }
 
 } // namespace
