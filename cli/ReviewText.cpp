@@ -4,6 +4,8 @@
 #include "cli/Printable.h"
 #include "cli/TextTable.h"
 
+#include <algorithm>
+
 namespace fiscarel::cli {
 
 namespace {
@@ -14,8 +16,11 @@ constexpr std::size_t textWidth = 92;
 constexpr std::size_t columnWidth = 16;
 
 std::string noticeText(const Notice& notice) {
-    const std::string mark = notice.saving ? "spart " + MoneyFormat::chf(*notice.saving, 2, true)
-                                           : std::string(label(notice.level));
+    std::string mark(label(notice.level));
+    if (notice.saving) {
+        const std::string saving = MoneyFormat::chf(*notice.saving, 2, true);
+        mark = notice.missed.value_or(false) ? "hätte " + saving + " gespart" : "spart " + saving;
+    }
     std::string text = wrapped(mark + ": " + printable(notice.title), textWidth, "  ");
     text += wrapped(printable(notice.message), textWidth, "    ");
     if (notice.path) {
@@ -31,6 +36,29 @@ std::string listText(const std::string& title, const std::vector<Notice>& notice
         text += noticeText(notice);
     }
     return text + (notices.empty() ? "  " + none + "\n" : "") + "\n";
+}
+
+/// The tips that are still open, and apart those that only serve another year.
+std::string tipsText(const std::vector<Notice>& tips, int year) {
+    const auto isMissed = [](const Notice& tip) { return tip.missed.value_or(false); };
+    const auto middle = std::ranges::find_if(tips, isMissed);
+    const std::vector<Notice> open(tips.begin(), middle);
+    const std::vector<Notice> missed(middle, tips.end());
+    std::string text =
+        listText("Spartipps", open,
+                 missed.empty() ? "Es ist kein Tipp mit einer Ersparnis bekannt."
+                                : "Für " + std::to_string(year) + " ist kein Tipp mehr offen.");
+    if (!missed.empty()) {
+        text += listText("Zu spät für " + std::to_string(year) + " – für nächstes Jahr merken",
+                         missed, "");
+    }
+    if (tips.size() > 1) {
+        text += wrapped("Jede Ersparnis ist für sich allein gerechnet; zusammenzählen lassen sie "
+                        "sich nicht.",
+                        textWidth, "  ")
+                + "\n";
+    }
+    return text;
 }
 
 std::string percent(const Decimal& fraction) {
@@ -65,6 +93,7 @@ std::string changeText(const YearComparison& change, int year) {
     std::string text = heading("Veränderung gegenüber " + std::to_string(year - 1)) + "\n";
     text += row("", std::to_string(year - 1), std::to_string(year));
     text += row("Steuern", amount(change.before), amount(change.after)) + "\n";
+    text += row("durch Zeitablauf", "", amount(change.ageing));
     text += row("durch die Angaben", "", amount(change.entries));
     text += row("durch Abzüge und Grenzen des Gesetzes", "", amount(change.rules));
     text += row("durch die Tarife", "", amount(change.tariff));
@@ -105,17 +134,21 @@ std::string curveText(const IncomeCurve& curve) {
     return text + "\n";
 }
 
-std::string plansText(const std::vector<BuyInPlan>& plans) {
+std::string plansText(const std::vector<BuyInPlan>& plans, TaxRegion region) {
     std::string text = heading("Einkauf in die Pensionskasse") + "\n";
     for (const BuyInPlan& plan : plans) {
         std::string payments;
         for (const Decimal& payment : plan.payments) {
             payments += (payments.empty() ? "" : " + ") + MoneyFormat::chf(payment, 0, false);
         }
-        text += wrapped((plan.years == 1 ? std::string("In einem Jahr: ")
-                                         : "In " + std::to_string(plan.years) + " Jahren: ")
-                            + payments + " – spart " + MoneyFormat::chf(plan.saving, 2, true),
-                        textWidth, "  ");
+        text +=
+            wrapped((plan.years == 1 ? std::string("In einem Jahr: ")
+                                     : "In " + std::to_string(plan.years) + " Jahren: ")
+                        + payments + " – spart " + MoneyFormat::chf(plan.saving, 2, true)
+                        + (plan.beyondLimit > 0 ? "; " + MoneyFormat::chf(plan.beyondLimit, 0, true)
+                                                      + " davon bleiben ohne Wirkung"
+                                                : ""),
+                    textWidth, "  ");
     }
     const BuyInPlan& best = Advisor::bestPlan(plans);
     text += "\n"
@@ -125,6 +158,14 @@ std::string plansText(const std::vector<BuyInPlan>& plans) {
                           + ". Angenommen ist, dass die Jahre dem berechneten gleichen und die "
                             "Kasse den Einkauf annimmt.",
                       textWidth, "  ");
+    if (std::ranges::any_of(plans, [](const BuyInPlan& plan) { return plan.beyondLimit > 0; })) {
+        text += wrapped(region == TaxRegion::liechtenstein
+                            ? "Ohne Wirkung bleibt, was in einem Jahr den Höchstbetrag für "
+                              "Pensionskassen oder den steuerbaren Erwerb übersteigt."
+                            : "Ohne Wirkung bleibt, was in einem Jahr das steuerbare Einkommen "
+                              "übersteigt.",
+                        textWidth, "  ");
+    }
     return text + "\n";
 }
 
@@ -133,9 +174,11 @@ std::string plansText(const std::vector<BuyInPlan>& plans) {
 std::string reviewText(const TaxCase& taxCase, const Review& review) {
     std::string text = listText("Prüfung " + std::to_string(taxCase.year), review.notices,
                                 "Es ist nichts aufgefallen.");
-    text += listText("Spartipps", review.tips, "Es ist kein Tipp mit einer Ersparnis bekannt.");
+    text += tipsText(review.tips, taxCase.year);
     if (review.change) {
         text += changeText(*review.change, taxCase.year);
+    } else if (review.changeMissing) {
+        text += wrapped(*review.changeMissing, textWidth, "  ") + "\n";
     }
     text +=
         heading("Grenzsteuersatz") + "\n" + marginalText(review.marginalRate, taxCase.taxRegion());
@@ -144,7 +187,7 @@ std::string reviewText(const TaxCase& taxCase, const Review& review) {
         text += curveText(*review.curve);
     }
     if (review.buyInPlans && !review.buyInPlans->empty()) {
-        text += plansText(*review.buyInPlans);
+        text += plansText(*review.buyInPlans, taxCase.taxRegion());
     }
     if (!review.notComputed.empty()) {
         text += heading("Nicht berechnet") + "\n";

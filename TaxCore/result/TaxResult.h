@@ -182,10 +182,13 @@ struct Notice {
     std::optional<Decimal> saving;   ///< francs of tax; tips only
     std::optional<std::string> area; ///< page it leads to; absent for general notices
     std::optional<std::string> path; ///< the field of the case to go to, where there is one
+    /// Tips only: true when the tax year is over and what the tip asks for can no longer be done in
+    /// it; absent otherwise.
+    std::optional<bool> missed;
 
     bool operator==(const Notice&) const = default;
 };
-TAXCORE_RECORD(Notice, id, level, title, message, saving, area, path);
+TAXCORE_RECORD(Notice, id, level, title, message, saving, area, path, missed);
 
 template <>
 struct EnumTable<Notice::Level> {

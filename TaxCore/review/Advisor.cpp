@@ -112,7 +112,7 @@ std::vector<Notice> Advisor::tips(const CaseCalculator& calculator, const TaxCas
     } else {
         review::suggestLiechtenstein(context);
     }
-    return std::move(context).bySaving();
+    return std::move(context).ordered();
 }
 
 MarginalRate Advisor::marginalRate(const CaseCalculator& calculator, const TaxCase& taxCase,

@@ -55,10 +55,13 @@ struct BuyInPlan {
     int years = 1;
     std::vector<Decimal> payments; ///< francs a year, the largest first
     Decimal saving;                ///< francs of tax over all the years
+    /// Francs of the payments that lower no taxable income: what lies above the most that a year
+    /// deducts (Liechtenstein, SteG Art. 16), or above the taxable income itself.
+    Decimal beyondLimit;
 
     bool operator==(const BuyInPlan&) const = default;
 };
-TAXCORE_RECORD(BuyInPlan, years, payments, saving);
+TAXCORE_RECORD(BuyInPlan, years, payments, saving, beyondLimit);
 
 /// Advice on a computed case. Every figure comes from the calculator itself, none is estimated.
 struct Advisor {
@@ -67,11 +70,12 @@ struct Advisor {
     /// Everything the household pays for the year: the bill and the tax on capital payments.
     static Decimal totalTax(const TaxResult& result);
 
-    /// Lawful ways to pay less, as notices of level `tip` with the saving in francs, the largest
-    /// first: the difference of two full calculations, to the Rappen. What saves nothing is left
-    /// out. `today` tells whether a payment in the tax year is still possible; where it is not, the
-    /// message says so.
-    /// `otherYears` are the household's cases of other years, as far as they are known.
+    /// Lawful ways to pay less, as notices of level `tip` with the saving in francs: the difference
+    /// of two full calculations, to the Rappen. Each stands by itself; savings do not add up. What
+    /// saves nothing is left out. `today` tells whether a payment or an act in the tax year is
+    /// still possible; where it is not, the tip is `missed` and its message says so. First come the
+    /// tips that are still open, then the missed ones, each group by its savings, the largest
+    /// first. `otherYears` are the household's cases of other years, as far as they are known.
     static std::vector<Notice> tips(const CaseCalculator& calculator, const TaxCase& taxCase,
                                     const TaxResult& base, Date today,
                                     const std::vector<const TaxCase*>& otherYears = {});

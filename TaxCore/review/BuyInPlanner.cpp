@@ -24,6 +24,7 @@ class BuyInSearch {
             savings_[k] = saving(part(k));
         }
         rows_.push_back({savings_, {}});
+        limit_ = mostUseful();
     }
 
     /// The best plan over a number of years; to be asked in ascending order.
@@ -31,7 +32,8 @@ class BuyInSearch {
         while (rows_.size() < years) {
             rows_.push_back(nextRow(rows_.back().best));
         }
-        BuyInPlan plan{.years = static_cast<int>(years), .payments = {}, .saving = {}};
+        BuyInPlan plan;
+        plan.years = static_cast<int>(years);
         std::size_t left = parts;
         for (std::size_t year = years; year > 1; --year) {
             const std::size_t k = rows_[year - 1].choice[left];
@@ -46,6 +48,7 @@ class BuyInSearch {
         plan.payments.front() += sum_ - paid;
         for (const Decimal& payment : plan.payments) {
             plan.saving += saving(payment);
+            plan.beyondLimit += notBelowZero(payment - limit_);
         }
         return plan;
     }
@@ -77,11 +80,39 @@ class BuyInSearch {
         return (sum_ * static_cast<int>(k) / static_cast<int>(parts)).roundDown(0);
     }
 
-    Decimal taxWith(const Decimal& payment) {
+    TaxResult resultWith(const Decimal& payment) {
         buyIn_ = before_ + payment;
-        return Advisor::totalTax(calculator_.calculate(changed_));
+        return calculator_.calculate(changed_);
     }
+    Decimal taxWith(const Decimal& payment) { return Advisor::totalTax(resultWith(payment)); }
     Decimal saving(const Decimal& payment) { return tax_ - taxWith(payment); }
+
+    /// The taxable incomes before they are rounded, so that every franc shows.
+    std::pair<Decimal, Decimal> taxableWith(const Decimal& payment) {
+        const TaxResult result = resultWith(payment);
+        if (calculator_.liechtenstein() != nullptr) {
+            return {notBelowZero(result.value("575") - result.value("640")), 0};
+        }
+        const TaxLine* taxable = result.line("steuerbaresEinkommen");
+        return taxable != nullptr ? std::pair(taxable->canton, taxable->federalOrCanton())
+                                  : std::pair<Decimal, Decimal>();
+    }
+
+    /// The least payment of one year, in full francs, after which more of the sum lowers no taxable
+    /// income; the sum where all of it does.
+    Decimal mostUseful() {
+        const auto lowest = taxableWith(sum_);
+        Decimal enough = sum_.roundDown(0);
+        if (taxableWith(enough) != lowest) {
+            return sum_;
+        }
+        Decimal tooLittle = -1;
+        while (enough - tooLittle > 1) {
+            const Decimal middle = ((enough + tooLittle) / 2).roundDown(0);
+            (taxableWith(middle) == lowest ? enough : tooLittle) = middle;
+        }
+        return enough;
+    }
 
     const CaseCalculator& calculator_;
     TaxCase changed_;
@@ -90,6 +121,7 @@ class BuyInSearch {
     Decimal sum_;
     Decimal tax_;
     Savings savings_;
+    Decimal limit_; ///< of a year's payment: what lies above lowers no taxable income
     std::vector<Row> rows_;
 };
 

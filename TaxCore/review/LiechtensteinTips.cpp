@@ -2,6 +2,8 @@
 #include "TaxCore/base/Rounding.h"
 #include "TaxCore/liechtenstein/LICalculation.h"
 #include "TaxCore/liechtenstein/Law.h"
+#include "TaxCore/model/Household.h"
+#include "TaxCore/review/CheckText.h"
 #include "TaxCore/review/PensionLimits.h"
 #include "TaxCore/review/TipContext.h"
 
@@ -10,8 +12,6 @@
 namespace taxcore::review {
 
 namespace {
-
-std::string money(const Decimal& amount) { return MoneyFormat::chf(amount, 0, true); }
 
 /// Contributions count up to a share of the household's earnings. SteG Art. 16
 void fillPensionFund(TipContext& c) {
@@ -42,7 +42,7 @@ void fillPensionFund(TipContext& c) {
          .title = "Einkauf in die Pensionskasse – " + payer->called(),
          .message = "Bis zum Höchstbetrag von "
                     + MoneyFormat::number(c.liechtenstein()->pensionskasseMaxProzent)
-                    + " % des Erwerbs sind noch " + money(room)
+                    + "% des Erwerbs sind noch " + money(room)
                     + " abziehbar; wie viel die Kasse annimmt, steht auf dem "
                       "Vorsorgeausweis.",
          .law = cited(li::law::insurance),
@@ -107,12 +107,68 @@ void bundleDonations(TipContext& c) {
                .inTheYear = true});
 }
 
+/// Children in training, and those at school beyond its usual end. SteG Art. 16
+void enterChildEducation(TipContext& c) {
+    constexpr int schoolLeavingAge = 16;
+    const Decimal& maximum = c.liechtenstein()->ausbildungKindMax;
+    forEachItem(c.taxCase().children, [&](const Child& child, int index) {
+        const bool older =
+            child.birthDate && ageAtEndOf(*child.birthDate, c.taxCase().year) >= schoolLeavingAge;
+        const bool trains = child.education == ChildEducation::ausbildung
+                            || (child.education == ChildEducation::schule && older);
+        if (!trains || child.educationCosts > 0) {
+            return;
+        }
+        c.suggest({.id = itemId("tipp-li-ausbildung", index),
+                   .area = "other",
+                   .title = "Ausbildungskosten eintragen",
+                   .message = "Für " + itemName(child.firstName, "Kind", index)
+                              + " sind keine Ausbildungskosten eingetragen. Was Sie für Lehre, "
+                                "Mittelschule oder Studium selbst bezahlt haben, ist mit Belegen "
+                                "nach Abzug der Stipendien bis "
+                              + money(maximum)
+                              + " abziehbar; die Kosten der öffentlichen Pflichtschule sind es "
+                                "nicht. Die Ersparnis gilt für den Höchstbetrag.",
+                   .law = cited(li::law::deductions),
+                   .path = FieldPath("children", "educationCosts").at(index),
+                   .change = [&](TaxCase& changed) {
+                       Child& own = changed.children[static_cast<std::size_t>(index)];
+                       own.educationCosts = maximum + own.scholarships;
+                   }});
+    });
+}
+
+/// An example: hardly anybody spends as much as the maximum. SteG Art. 16
+void enterFurtherEducation(TipContext& c, const Adult& adult) {
+    constexpr int example = 1'000;
+    const li::Adult earner{adult, {}};
+    if (adult.deductions.furtherEducation > 0 || earner.earned() <= 0) {
+        return;
+    }
+    c.suggest({.id = adult.id("tipp-li-weiterbildung"),
+               .area = "other",
+               .title = "Aus- und Weiterbildung eintragen – " + adult.called(),
+               .message = "Selbst bezahlte berufsorientierte Aus- und Weiterbildung ist bis "
+                          + money(c.liechtenstein()->weiterbildungMax)
+                          + " abziehbar; eingetragen ist keine. Kosten von zum Beispiel "
+                          + money(example) + " sparen so viel.",
+               .law = cited(li::law::deductions),
+               .path = adult.deductionPath("furtherEducation"),
+               .change = [&](TaxCase& changed) {
+                   deductionsOf(changed, adult.number).furtherEducation = example;
+               }});
+}
+
 } // namespace
 
 void suggestLiechtenstein(TipContext& c) {
     fillPensionFund(c);
     fillInsuranceAllowance(c);
     bundleDonations(c);
+    enterChildEducation(c);
+    for (const Adult& adult : c.adults()) {
+        enterFurtherEducation(c, adult);
+    }
     computeVehicleValue(c, li::law::wealth);
 }
 

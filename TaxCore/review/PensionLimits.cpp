@@ -1,5 +1,8 @@
 #include "TaxCore/review/PensionLimits.h"
 
+#include "TaxCore/stgallen/Adult.h"
+#include "TaxCore/stgallen/DeductionRules.h"
+
 #include <algorithm>
 
 namespace taxcore::review {
@@ -13,6 +16,15 @@ constexpr int lastAgeOfPillar3a = 70;
 
 bool isTooOldForPillar3a(const Adult& adult, int year) {
     return ageOf(adult, year).value_or(0) > lastAgeOfPillar3a;
+}
+
+std::optional<Decimal> pillar3aMaximumOf(const Adult& adult, const Saeule3aParams& params) {
+    const Decimal earned = taxcore::Adult(adult).earned();
+    const Decimal& unemployment = adult.income.unemployment;
+    if (earned <= 0 && unemployment <= 0) {
+        return std::nullopt;
+    }
+    return pillar3aMaximum(adult.person.hasPensionFund, earned + unemployment, params);
 }
 
 bool hasPensionContributions(const PersonIncome& income) {

@@ -18,6 +18,10 @@ inline constexpr int yearsWithoutCapital = 3;
 /// reference age of 65, at the end of the year. False without a birth date. BVV 3 Art. 7 Abs. 3
 bool isTooOldForPillar3a(const Adult& adult, int year);
 
+/// Most that the person may pay into pillar 3a in the year of the rules; absent without earnings,
+/// which unemployment benefits count as. BVV 3 Art. 7 Abs. 1
+std::optional<Decimal> pillar3aMaximumOf(const Adult& adult, const Saeule3aParams& params);
+
 /// Whether a certificate shows contributions to a pension fund (box 10.1).
 bool hasPensionContributions(const PersonIncome& income);
 

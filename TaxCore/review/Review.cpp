@@ -10,26 +10,36 @@ template std::string toJson<Review>(const Review&, JsonStyle);
 
 namespace {
 
-/// The change against the year before; absent without its case or its rules.
-std::optional<YearComparison> changeOf(const ReviewInput& input) {
+/// Adds the change against the year before, when its case is known, or why there is none.
+void addChange(Review& review, const ReviewInput& input) {
     const auto before = std::ranges::find(input.otherYears, input.taxCase.year - 1,
                                           [](const TaxCase* other) { return other->year; });
     if (before == input.otherYears.end()) {
-        return std::nullopt;
+        return;
     }
-    auto change = YearComparison::of(**before, input.taxCase);
-    return change ? std::optional(std::move(*change)) : std::nullopt;
+    auto change = YearComparison::of(**before, input.taxCase, input.calculator, input.result);
+    if (change) {
+        review.change = std::move(*change);
+        return;
+    }
+    const std::string reason =
+        change.error().kind == RuleLoadError::Kind::missing
+            ? "Für " + std::to_string((*before)->year) + " gibt es keine Regeln"
+            : "Die Regeln für " + std::to_string((*before)->year) + " sind nicht lesbar";
+    review.changeMissing = reason + "; der Vergleich mit dem Vorjahr fehlt.";
 }
 
 } // namespace
 
 Review Review::of(const ReviewInput& input) {
-    return {.notices = Checks::of(input),
-            .tips = Advisor::tips(input.calculator, input.taxCase, input.result, input.today,
-                                  input.otherYears),
-            .marginalRate = Advisor::marginalRate(input.calculator, input.taxCase, input.result),
-            .change = changeOf(input),
-            .notComputed = Checks::notComputed(input.taxCase.taxRegion())};
+    Review review{.notices = Checks::of(input),
+                  .tips = Advisor::tips(input.calculator, input.taxCase, input.result, input.today,
+                                        input.otherYears),
+                  .marginalRate =
+                      Advisor::marginalRate(input.calculator, input.taxCase, input.result),
+                  .notComputed = Checks::notComputed(input.taxCase.taxRegion())};
+    addChange(review, input);
+    return review;
 }
 
 } // namespace taxcore

@@ -15,18 +15,21 @@ namespace taxcore {
 /// All that is to be said of a computed case, in one record.
 struct Review {
     std::vector<Notice> notices; ///< of the calculation and the checks, the gravest first
-    std::vector<Notice> tips;    ///< the largest saving first
+    std::vector<Notice> tips;    ///< those still open first, each group by saving
     MarginalRate marginalRate;
     std::optional<YearComparison> change; ///< against the year before, when that case is known
-    std::vector<std::string> notComputed; ///< German sentences
-    std::optional<IncomeCurve> curve;     ///< only when asked for
+    /// Why `change` is absent although that case is known; a German sentence.
+    std::optional<std::string> changeMissing;
+    std::vector<std::string> notComputed;             ///< German sentences
+    std::optional<IncomeCurve> curve;                 ///< only when asked for
     std::optional<std::vector<BuyInPlan>> buyInPlans; ///< only when asked for
 
     bool operator==(const Review&) const = default;
 
     static Review of(const ReviewInput& input);
 };
-TAXCORE_RECORD(Review, notices, tips, marginalRate, change, notComputed, curve, buyInPlans);
+TAXCORE_RECORD(Review, notices, tips, marginalRate, change, changeMissing, notComputed, curve,
+               buyInPlans);
 
 extern template std::string toJson<Review>(const Review&, JsonStyle);
 

@@ -1,9 +1,10 @@
 #include "TaxCore/base/MoneyFormat.h"
 #include "TaxCore/base/Rounding.h"
+#include "TaxCore/model/Household.h"
+#include "TaxCore/review/CheckText.h"
 #include "TaxCore/review/PensionLimits.h"
 #include "TaxCore/review/TipContext.h"
 #include "TaxCore/stgallen/Adult.h"
-#include "TaxCore/stgallen/DeductionRules.h"
 #include "TaxCore/stgallen/Law.h"
 
 #include <algorithm>
@@ -12,27 +13,10 @@ namespace taxcore::review {
 
 namespace {
 
-std::string money(const Decimal& amount) { return MoneyFormat::chf(amount, 0, true); }
-
-/// What a person's pillar 3a allows, by the canton's rules.
-struct Pillar3aRoom {
-    bool withEarnings = false;
-    Decimal maximum;
-
-    Pillar3aRoom(const Adult& adult, const Saeule3aParams& params) {
-        const taxcore::Adult earner(adult);
-        withEarnings = earner.earned() > 0 || adult.income.unemployment > 0;
-        if (withEarnings) {
-            maximum = pillar3aMaximum(adult.person.hasPensionFund,
-                                      earner.earned() + adult.income.unemployment, params);
-        }
-    }
-};
-
 /// BVV 3 Art. 7 Abs. 1
 void fillPillar3a(TipContext& c, const Adult& adult) {
-    const Pillar3aRoom room(adult, c.stGallen()->cantonal.saeule3a);
-    const Decimal missing = room.maximum - adult.deductions.pillar3a;
+    const Decimal maximum = pillar3aMaximumOf(adult, c.stGallen()->cantonal.saeule3a).value_or(0);
+    const Decimal missing = maximum - adult.deductions.pillar3a;
     if (missing <= 0 || isTooOldForPillar3a(adult, c.taxCase().year)) {
         return;
     }
@@ -40,20 +24,20 @@ void fillPillar3a(TipContext& c, const Adult& adult) {
         {.id = adult.id("tipp-3a"),
          .area = "pension",
          .title = "Säule 3a ausschöpfen – " + adult.called(),
-         .message = "Bis zum Maximum von " + money(room.maximum) + " fehlen " + money(missing)
+         .message = "Bis zum Maximum von " + money(maximum) + " fehlen " + money(missing)
                     + ". Einzahlungen zählen bis zum 31. Dezember.",
          .law = cited(law::pillar3a),
          .path = adult.deductionPath("pillar3a"),
          .change =
-             [&](TaxCase& changed) { deductionsOf(changed, adult.number).pillar3a = room.maximum; },
+             [&](TaxCase& changed) { deductionsOf(changed, adult.number).pillar3a = maximum; },
          .inTheYear = true});
 }
 
 /// Gaps from 2025 on may be closed from 2026 on, once the year's own maximum is paid. BVV 3 Art. 7a
 void buyIntoPillar3a(TipContext& c, const Adult& adult) {
     const Saeule3aParams& params = c.stGallen()->cantonal.saeule3a;
-    const Pillar3aRoom room(adult, params);
-    const bool maximumPaid = room.withEarnings && adult.deductions.pillar3a >= room.maximum;
+    const auto maximum = pillar3aMaximumOf(adult, params);
+    const bool maximumPaid = maximum && adult.deductions.pillar3a >= *maximum;
     if (c.taxCase().year < firstYearOfPillar3aBuyIn || !maximumPaid
         || isTooOldForPillar3a(adult, c.taxCase().year)) {
         return;
@@ -62,7 +46,7 @@ void buyIntoPillar3a(TipContext& c, const Adult& adult) {
     Decimal gap = params.mitPensionskasse;
     if (const TaxCase* before = c.caseOf(c.taxCase().year - 1)) {
         const auto& paid = adult.number == 2 ? before->deductions2 : before->deductions1;
-        gap = std::min(gap, notBelowZero(room.maximum - paid.pillar3a));
+        gap = std::min(gap, notBelowZero(*maximum - paid.pillar3a));
     }
     if (adult.deductions.pillar3aBuyIn >= gap) {
         return;
@@ -150,21 +134,29 @@ void chooseSideJobCosts(TipContext& c, const Adult& adult) {
                }});
 }
 
+/// The car instead of train or bicycle: both count only for different ways or days.
 void justifyVehicle(TipContext& c, const Adult& adult) {
     const WorkExpenses& work = adult.deductions.work;
     if (work.carKmOneWay <= 0 || isVehicleJustified(work)) {
         return;
     }
+    const bool instead = work.publicTransportCost > 0 || work.useBicycle;
     c.suggest({.id = adult.id("tipp-auto"),
                .area = "work",
                .title = "Arbeitsweg mit dem Auto begründen – " + adult.called(),
                .message = "Das Auto zählt nur mit einer Begründung: keine öffentliche Verbindung, "
                           "über eine Stunde Zeitersparnis am Tag, Krankheit oder ein Auto, das der "
-                          "Beruf verlangt. Trifft eine zu, bitte eintragen.",
+                          "Beruf verlangt. Trifft eine zu, bitte eintragen."
+                          + std::string(instead ? " Gerechnet ist mit dem Auto anstelle von "
+                                                  "öffentlichem Verkehr und Velo."
+                                                : ""),
                .law = cited(law::privateVehicle),
                .path = adult.workPath("carJustification"),
                .change = [&](TaxCase& changed) {
-                   deductionsOf(changed, adult.number).work.carJustification = "begründet";
+                   WorkExpenses& own = deductionsOf(changed, adult.number).work;
+                   own.carJustification = "begründet";
+                   own.publicTransportCost = 0;
+                   own.useBicycle = false;
                }});
 }
 
@@ -214,12 +206,15 @@ void chooseFurtherEducation(TipContext& c, const Adult& adult) {
                }});
 }
 
+/// The flat rate is not for what third parties use mainly for business. Liegenschaftskosten-
+/// verordnung (SR 642.116) Art. 5 Abs. 3
 void chooseMaintenance(TipContext& c) {
     forEachItem(c.taxCase().realEstate, [&](const RealEstate& property, int index) {
         const bool toFlat = !property.useFlatRateMaintenance;
         if (!toFlat && property.actualMaintenanceCosts <= 0) {
             return;
         }
+        const bool mayBeBusiness = toFlat && property.use != PropertyUse::selbstbewohnt;
         c.suggest(
             {.id = itemId("tipp-unterhalt", index),
              .area = "wealth",
@@ -231,14 +226,88 @@ void chooseMaintenance(TipContext& c) {
                                + " sind höher als die Pauschale")
                  + std::string("; gewählt werden darf jedes Jahr und für jede Liegenschaft "
                                "neu. Beim Bund beträgt die Pauschale für Gebäude bis "
-                               "zehn Jahre nur 10%."),
-             .law = cited(toFlat ? law::realEstateFlatRate : law::realEstateCosts),
+                               "zehn Jahre nur 10%.")
+                 + (mayBeBusiness ? " Für eine Liegenschaft, die Dritte vorwiegend geschäftlich "
+                                    "nutzen, gilt sie nicht."
+                                  : ""),
+             .law = cited(toFlat ? law::realEstateFlatRate : law::realEstateCosts)
+                    + (mayBeBusiness ? "; SR 642.116 Art. 5 Abs. 3" : ""),
              .path = FieldPath("realEstate", "useFlatRateMaintenance").at(index),
              .change = [&](TaxCase& changed) {
                  changed.realEstate[static_cast<std::size_t>(index)].useFlatRateMaintenance =
                      toFlat;
              }});
     });
+}
+
+/// The rental value of the home is reduced; of which property that is, only the household knows.
+void declareHome(TipContext& c) {
+    const MunicipalityList& list = c.stGallen()->municipalities;
+    const Municipality* const residence = list.municipality(c.taxCase().municipality);
+    const auto& properties = c.taxCase().realEstate;
+    const auto livedIn = [](const RealEstate& property) {
+        return property.use != PropertyUse::vermietet;
+    };
+    const auto mayBeHome = [&](const RealEstate& property) {
+        return livedIn(property) && isInStGallen(property)
+               && list.municipality(property.municipality) == residence;
+    };
+    const bool hasHome = std::ranges::any_of(properties, [&](const RealEstate& property) {
+        return livedIn(property) && property.isPrimaryResidence;
+    });
+    const auto found = std::ranges::find_if(properties, mayBeHome);
+    if (residence == nullptr || hasHome || std::ranges::count_if(properties, mayBeHome) != 1) {
+        return;
+    }
+    const int index = static_cast<int>(found - properties.begin());
+    c.suggest(
+        {.id = itemId("tipp-hauptwohnsitz", index),
+         .area = "wealth",
+         .title = "Hauptwohnsitz bezeichnen",
+         .message = itemName(found->description, "Liegenschaft", index)
+                    + " liegt in der Wohngemeinde und ist nicht als Hauptwohnsitz bezeichnet. "
+                      "Wohnen Sie dauernd dort, gilt der tiefere Eigenmietwert; für eine "
+                      "Ferien- oder Zweitwohnung gilt er nicht.",
+         .law = cited(law::imputedRent),
+         .path = FieldPath("realEstate", "isPrimaryResidence").at(index),
+         .change = [&](TaxCase& changed) {
+             changed.realEstate[static_cast<std::size_t>(index)].isPrimaryResidence = true;
+         }});
+}
+
+/// Securities in a bank's care, which the flat rate is for; accounts are not, and holdings of at
+/// least 10 % are rarely.
+void markManagedSecurities(TipContext& c) {
+    const auto mayBeManaged = [&](const SecurityEntry& entry) {
+        return entry.kind == AssetKind::wertschrift && !entry.managedByThirdParty
+               && entry.code != AssetCode::privateParticipation && entry.taxValue > 0
+               && isPrivateAsset(entry, c.taxCase());
+    };
+    const auto& entries = c.taxCase().securities;
+    const auto first = std::ranges::find_if(entries, mayBeManaged);
+    if (first == entries.end() || c.taxCase().householdDeductions.actualAssetManagementCosts) {
+        return;
+    }
+    Decimal value;
+    for (const SecurityEntry& entry : entries) {
+        value += mayBeManaged(entry) ? entry.taxValue : Decimal(0);
+    }
+    c.suggest({.id = "tipp-fremdverwaltung",
+               .area = "wealth",
+               .title = "Pauschale für die Vermögensverwaltung",
+               .message = "Wertschriften von " + money(value)
+                          + " sind nicht als fremdverwaltet bezeichnet. Für solche, die eine Bank "
+                            "oder ein Vermögensverwalter im Depot verwaltet, ist eine Pauschale "
+                            "abziehbar; für selbst verwahrte gilt sie nicht. Gerechnet ist mit "
+                            "allen.",
+               .law = cited(law::assetManagement),
+               .path = FieldPath("securities", "managedByThirdParty")
+                           .at(static_cast<int>(first - entries.begin())),
+               .change = [&](TaxCase& changed) {
+                   for (SecurityEntry& entry : changed.securities) {
+                       entry.managedByThirdParty = entry.managedByThirdParty || mayBeManaged(entry);
+                   }
+               }});
 }
 
 void chooseAssetManagement(TipContext& c) {
@@ -341,6 +410,8 @@ void suggestStGallen(TipContext& c) {
         chooseFurtherEducation(c, adult);
     }
     chooseMaintenance(c);
+    declareHome(c);
+    markManagedSecurities(c);
     chooseAssetManagement(c);
     reachDonationMinimum(c);
     bundleMedicalCosts(c);

@@ -1,9 +1,10 @@
 #include "TaxCore/review/TipContext.h"
 
+#include "TaxCore/base/MoneyFormat.h"
 #include "TaxCore/review/PensionLimits.h"
 
 #include <algorithm>
-#include <functional>
+#include <utility>
 
 namespace taxcore::review {
 
@@ -15,6 +16,8 @@ std::string cited(const Law& law) {
     }
     return text;
 }
+
+std::string money(const Decimal& amount) { return MoneyFormat::chf(amount, 0, true); }
 
 PersonDeductions& deductionsOf(TaxCase& taxCase, int person) {
     return person == 2 ? taxCase.deductions2 : taxCase.deductions1;
@@ -55,6 +58,7 @@ void TipContext::suggest(Suggestion suggestion) {
     tip.title = std::move(suggestion.title);
     tip.message = std::move(suggestion.message) + " (" + suggestion.law + ")";
     if (suggestion.inTheYear && today_.year() > taxCase_.year) {
+        tip.missed = true;
         tip.message += " Für " + std::to_string(taxCase_.year)
                        + " ist die Frist vorbei; so viel hätte es gespart.";
     }
@@ -65,9 +69,10 @@ void TipContext::suggest(Suggestion suggestion) {
     }
 }
 
-std::vector<Notice> TipContext::bySaving() && {
-    std::ranges::stable_sort(tips_, std::greater<>{},
-                             [](const Notice& tip) { return tip.saving.value_or(0); });
+std::vector<Notice> TipContext::ordered() && {
+    std::ranges::stable_sort(tips_, {}, [](const Notice& tip) {
+        return std::pair(tip.missed.value_or(false), -tip.saving.value_or(0));
+    });
     return std::move(tips_);
 }
 

@@ -24,11 +24,14 @@ struct Suggestion {
     std::string law;     ///< the articles that allow it
     std::optional<FieldPath> path;
     std::function<void(TaxCase&)> change;
-    bool inTheYear = false; ///< takes a payment or an act within the tax year
+    bool inTheYear = false; ///< takes a payment or an act before the tax year ends
 };
 
 /// Both sides of a law for a sentence: "StG SG Art. 44, DBG Art. 32 Abs. 1".
 std::string cited(const Law& law);
+
+/// An amount in a sentence: "CHF 7’258".
+std::string money(const Decimal& amount);
 
 class TipContext {
   public:
@@ -50,8 +53,9 @@ class TipContext {
     /// Computes the changed case and keeps the suggestion when it saves something.
     void suggest(Suggestion suggestion);
 
-    /// The tips, the largest saving first.
-    std::vector<Notice> bySaving() &&;
+    /// The tips that are still open, then the missed ones, each group with the largest saving
+    /// first.
+    std::vector<Notice> ordered() &&;
 
   private:
     const CaseCalculator& calculator_;

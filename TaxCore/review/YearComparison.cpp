@@ -46,13 +46,17 @@ LIRules withTariff(LIRules rules, const LIRules& later) {
 
 /// Splits the difference by changing one thing after the other.
 template <class Rules>
-void split(YearComparison& comparison, const Rules& before, const Rules& after,
+void split(YearComparison& comparison, const Rules& before, const Rules& after, TaxCase earlier,
            const TaxCase& later) {
+    // Ages go by the year of the case, everything else by the rules.
+    earlier.year = later.year;
     const Rules deductions = withDeductions(before, after);
+    const Decimal byAgeing = taxUnder(before, earlier);
     const Decimal byEntries = taxUnder(before, later);
     const Decimal byRules = taxUnder(deductions, later);
     const Decimal byTariff = taxUnder(withTariff(deductions, after), later);
-    comparison.entries = byEntries - comparison.before;
+    comparison.ageing = byAgeing - comparison.before;
+    comparison.entries = byEntries - byAgeing;
     comparison.rules = byRules - byEntries;
     comparison.tariff = byTariff - byRules;
     comparison.multipliers = comparison.after - byTariff;
@@ -88,21 +92,30 @@ std::vector<LineChange> changes(const TaxResult& before, const TaxResult& after)
 
 tl::expected<YearComparison, RuleLoadError> YearComparison::of(const TaxCase& earlier,
                                                                const TaxCase& later) {
+    const auto calculator = CaseCalculator::forCase(later);
+    if (!calculator) {
+        return tl::unexpected(calculator.error());
+    }
+    return of(earlier, later, *calculator, calculator->calculate(later));
+}
+
+tl::expected<YearComparison, RuleLoadError> YearComparison::of(const TaxCase& earlier,
+                                                               const TaxCase& later,
+                                                               const CaseCalculator& calculator,
+                                                               const TaxResult& result) {
     const auto before = CaseCalculator::forCase(earlier);
-    const auto after = CaseCalculator::forCase(later);
-    if (!before || !after) {
-        return tl::unexpected(before ? after.error() : before.error());
+    if (!before) {
+        return tl::unexpected(before.error());
     }
     const TaxResult old = before->calculate(earlier);
-    const TaxResult fresh = after->calculate(later);
     YearComparison comparison;
     comparison.before = Advisor::totalTax(old);
-    comparison.after = Advisor::totalTax(fresh);
-    comparison.lines = changes(old, fresh);
-    if (before->stGallen() != nullptr && after->stGallen() != nullptr) {
-        split(comparison, *before->stGallen(), *after->stGallen(), later);
-    } else if (before->liechtenstein() != nullptr && after->liechtenstein() != nullptr) {
-        split(comparison, *before->liechtenstein(), *after->liechtenstein(), later);
+    comparison.after = Advisor::totalTax(result);
+    comparison.lines = changes(old, result);
+    if (before->stGallen() != nullptr && calculator.stGallen() != nullptr) {
+        split(comparison, *before->stGallen(), *calculator.stGallen(), earlier, later);
+    } else if (before->liechtenstein() != nullptr && calculator.liechtenstein() != nullptr) {
+        split(comparison, *before->liechtenstein(), *calculator.liechtenstein(), earlier, later);
     } else {
         comparison.entries = comparison.difference();
     }

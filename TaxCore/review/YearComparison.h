@@ -25,8 +25,12 @@ TAXCORE_RECORD(LineChange, code, label, cantonBefore, cantonAfter, federalBefore
 /// How the tax of a household changed from one year to the next, and why. The causes follow each
 /// other, each computed on the one before, so that they add up to the difference exactly.
 struct YearComparison {
-    Decimal before;  ///< everything paid for the earlier year, francs
-    Decimal after;   ///< and for the later one
+    Decimal before; ///< everything paid for the earlier year, francs
+    Decimal after;  ///< and for the later one
+    /// By the passing of time alone, under the earlier year's law: the earlier entries, a year
+    /// older. Vehicles lose value, children pass limits of age; stages of education stay as
+    /// entered.
+    Decimal ageing;
     Decimal entries; ///< by what was entered, under the earlier year's law
     Decimal rules;   ///< by deductions and limits of the law
     Decimal tariff;  ///< by the tariffs
@@ -43,7 +47,13 @@ struct YearComparison {
     /// those of a year do not load.
     static tl::expected<YearComparison, RuleLoadError> of(const TaxCase& earlier,
                                                           const TaxCase& later);
+
+    /// The same where the later case is computed already: `result` is what `calculator` made of it.
+    static tl::expected<YearComparison, RuleLoadError> of(const TaxCase& earlier,
+                                                          const TaxCase& later,
+                                                          const CaseCalculator& calculator,
+                                                          const TaxResult& result);
 };
-TAXCORE_RECORD(YearComparison, before, after, entries, rules, tariff, multipliers, lines);
+TAXCORE_RECORD(YearComparison, before, after, ageing, entries, rules, tariff, multipliers, lines);
 
 } // namespace taxcore

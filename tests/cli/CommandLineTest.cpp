@@ -176,8 +176,9 @@ TEST_F(CommandLine, checksACaseAndComparesItWithTheYearBefore) {
     const std::string demo = run("demo").out;
     const Outcome text = run("pruefe", demo);
     EXPECT_EQ(text.exitCode, 0);
-    for (const char* part : {"Prüfung 2025", "Konfessionell gemischte Ehe", "Spartipps",
-                             "spart CHF", "BVV 3 Art. 7", "an die Steuer", "Nicht berechnet"}) {
+    for (const char* part :
+         {"Prüfung 2025", "Konfessionell gemischte Ehe", "Spartipps", "Säule 3a ausschöpfen",
+          "BVV 3 Art. 7", "an die Steuer", "Nicht berechnet"}) {
         EXPECT_NE(text.out.find(part), std::string::npos) << part;
     }
     EXPECT_EQ(text.out.find("Veränderung"), std::string::npos);
@@ -192,7 +193,9 @@ TEST_F(CommandLine, checksACaseAndComparesItWithTheYearBefore) {
                                      + demo + ", \"2026\": " + run("demo --jahr 2026").out + "}}");
     const Outcome later = run("pruefe --jahr 2026 " + state.string());
     EXPECT_NE(later.out.find("Veränderung gegenüber 2025"), std::string::npos) << later.out;
-    EXPECT_NE(later.out.find("durch die Tarife"), std::string::npos);
+    for (const char* part : {"durch Zeitablauf", "durch die Tarife"}) {
+        EXPECT_NE(later.out.find(part), std::string::npos) << part;
+    }
     const Outcome planned = run("pruefe --kurve --einkauf 60000 --person 2", demo);
     for (const char* part : {"Steuer über dem steuerbaren Einkommen", "Bund: je weitere 100",
                              "In 5 Jahren:", "Am meisten spart"}) {

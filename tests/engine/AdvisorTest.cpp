@@ -2,38 +2,24 @@
 
 #include "TaxCore/demo/DemoData.h"
 #include "tests/support/CaseFile.h"
+#include "tests/support/Computed.h"
 #include "tests/support/ReviewCase.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <functional>
-#include <numeric>
 #include <set>
 #include <tuple>
 
 namespace taxcore {
 namespace {
 
+using testing::Computed;
+using testing::inTheYear;
 using testing::spotlessHousehold;
 using testing::spotlessLiechtenstein;
 using Change = std::function<void(TaxCase&)>;
-
-Date inTheYear(const TaxCase& taxCase) { return Date::of(taxCase.year, 11, 1).value(); }
-
-struct Computed {
-    explicit Computed(TaxCase household)
-        : taxCase(std::move(household)), calculator(CaseCalculator::forCase(taxCase).value()),
-          result(calculator.calculate(taxCase)) {}
-
-    TaxCase taxCase;
-    CaseCalculator calculator;
-    TaxResult result;
-
-    std::vector<Notice> tips() const {
-        return Advisor::tips(calculator, taxCase, result, inTheYear(taxCase));
-    }
-};
 
 /// A tip, a household it is for, what it proposes, and one it is not for.
 struct TipRow {
@@ -58,6 +44,20 @@ RealEstate house(bool flat, const Decimal& actual) {
     home.useFlatRateMaintenance = flat;
     home.actualMaintenanceCosts = actual;
     return home;
+}
+
+RealEstate secondHome(const char* municipality) {
+    RealEstate home = house(true, 0);
+    home.municipality = municipality;
+    home.isPrimaryResidence = false;
+    return home;
+}
+
+SecurityEntry fund(AssetKind kind) {
+    SecurityEntry entry;
+    entry.kind = kind;
+    entry.taxValue = 300'000;
+    return entry;
 }
 
 std::vector<TipRow> stGallenRows() {
@@ -114,6 +114,22 @@ std::vector<TipRow> stGallenRows() {
              c.deductions1.work.carWorkDays = 200;
              c.deductions1.work.carJustification = "Schichtbeginn um vier Uhr";
          }},
+        // The car instead of the train: 5'600 francs instead of 1'000, not beside them.
+        {"tipp-auto-1", "BKV Art. 3",
+         [](TaxCase& c) {
+             c.deductions1.work.publicTransportCost = 1'000;
+             c.deductions1.work.carKmOneWay = 20;
+             c.deductions1.work.carWorkDays = 200;
+         },
+         [](TaxCase& c) {
+             c.deductions1.work.publicTransportCost = 0;
+             c.deductions1.work.carJustification = "Schichtbeginn um vier Uhr";
+         },
+         [](TaxCase& c) {
+             c.deductions1.work.publicTransportCost = 5'600;
+             c.deductions1.work.carKmOneWay = 20;
+             c.deductions1.work.carWorkDays = 200;
+         }},
         {"tipp-arbeitsweg-2", "BKV Art. 5", [](TaxCase&) {},
          [](TaxCase& c) { c.deductions2.work.useBicycle = true; },
          [](TaxCase& c) { c.deductions2.work.publicTransportCost = 1; }},
@@ -125,6 +141,48 @@ std::vector<TipRow> stGallenRows() {
          [](TaxCase& c) { c.realEstate.push_back(house(true, 9'000)); },
          [](TaxCase& c) { c.realEstate[0].useFlatRateMaintenance = false; },
          [](TaxCase& c) { c.realEstate.push_back(house(true, 2'800)); }},
+        {"tipp-unterhalt-1", "SR 642.116 Art. 5 Abs. 3",
+         [](TaxCase& c) {
+             c.realEstate.push_back(house(false, 1'000));
+             c.realEstate[0].use = PropertyUse::vermietet;
+             c.realEstate[0].rentalIncome = 24'000;
+         },
+         [](TaxCase& c) { c.realEstate[0].useFlatRateMaintenance = true; },
+         [](TaxCase& c) {
+             c.realEstate.push_back(house(false, 4'800));
+             c.realEstate[0].use = PropertyUse::vermietet;
+             c.realEstate[0].rentalIncome = 24'000;
+         }},
+        {"tipp-hauptwohnsitz-2", "StG SG Art. 34 Abs. 3",
+         [](TaxCase& c) {
+             c.realEstate = {secondHome("Wil"), secondHome("St.Gallen"), secondHome("St.Gallen")};
+             c.realEstate[2].use = PropertyUse::vermietet;
+         },
+         [](TaxCase& c) { c.realEstate[1].isPrimaryResidence = true; },
+         [](TaxCase& c) {
+             c.realEstate = {secondHome("Wil"), secondHome("St.Gallen"), secondHome("St.Gallen")};
+         }},
+        {"tipp-hauptwohnsitz-1", "DBG Art. 21",
+         [](TaxCase& c) {
+             c.realEstate = {secondHome("St.Gallen")};
+             c.realEstate[0].use = PropertyUse::gemischt;
+         },
+         [](TaxCase& c) { c.realEstate[0].isPrimaryResidence = true; },
+         [](TaxCase& c) {
+             c.realEstate = {secondHome("St.Gallen"), secondHome("Wil")};
+             c.realEstate[1].isPrimaryResidence = true;
+         }},
+        {"tipp-fremdverwaltung", "DBG Art. 32 Abs. 1",
+         [](TaxCase& c) { c.securities.push_back(fund(AssetKind::wertschrift)); },
+         [](TaxCase& c) { c.securities[1].managedByThirdParty = true; },
+         [](TaxCase& c) { c.securities.push_back(fund(AssetKind::krypto)); }},
+        {"tipp-fremdverwaltung", "StG SG Art. 44",
+         [](TaxCase& c) { c.securities.push_back(fund(AssetKind::wertschrift)); },
+         [](TaxCase& c) { c.securities[1].managedByThirdParty = true; },
+         [](TaxCase& c) {
+             c.securities.push_back(fund(AssetKind::wertschrift));
+             c.householdDeductions.actualAssetManagementCosts = 5'000;
+         }},
         {"tipp-verwaltungskosten", "DBG Art. 32 Abs. 1",
          [](TaxCase& c) {
              c.securities[0].managedByThirdParty = true;
@@ -191,6 +249,32 @@ std::vector<TipRow> liechtensteinRows() {
          [](TaxCase& c) {
              c.householdDeductions.donations.emplace_back().amount = 60;
              c.householdDeductions.donations.emplace_back().amount = 39;
+         },
+         spotlessLiechtenstein},
+        {"tipp-li-ausbildung-1", "SteG Art. 16",
+         [](TaxCase& c) {
+             c.children[0].birthDate = Date::of(2007, 3, 1);
+             c.children[0].education = ChildEducation::ausbildung;
+             c.children[0].scholarships = 2'000;
+         },
+         [](TaxCase& c) { c.children[0].educationCosts = 14'700; },
+         [](TaxCase& c) {
+             c.children[0].education = ChildEducation::ausbildung;
+             c.children[0].educationCosts = 100;
+         },
+         spotlessLiechtenstein},
+        {"tipp-li-ausbildung-1", "SteG Art. 16",
+         [](TaxCase& c) { c.children[0].birthDate = Date::of(2009, 12, 31); },
+         [](TaxCase& c) { c.children[0].educationCosts = 12'700; },
+         [](TaxCase& c) { c.children[0].birthDate = Date::of(2010, 1, 1); }, spotlessLiechtenstein},
+        {"tipp-li-weiterbildung-2", "SteG Art. 16", [](TaxCase&) {},
+         [](TaxCase& c) { c.deductions2.furtherEducation = 1'000; },
+         [](TaxCase& c) { c.deductions2.furtherEducation = 1; }, spotlessLiechtenstein},
+        {"tipp-li-weiterbildung-1", "SteG Art. 16", [](TaxCase&) {},
+         [](TaxCase& c) { c.deductions1.furtherEducation = 1'000; },
+         [](TaxCase& c) {
+             c.income1 = {};
+             c.income1.ahvPension = 30'000;
          },
          spotlessLiechtenstein},
     };
@@ -278,7 +362,11 @@ TEST(Advisor, proposesOnlyWhatThePersonMayDo) {
 }
 
 TEST(Advisor, ordersTipsBySavingAndTellsWhenItIsTooLate) {
-    const Computed demo(DemoData::family(2025));
+    const Computed demo([] {
+        TaxCase household = DemoData::family(2025);
+        household.deductions1.furtherEducation = 300; // less than the flat rate
+        return household;
+    }());
     const auto tips = demo.tips();
     ASSERT_GT(tips.size(), 3U);
     EXPECT_TRUE(std::ranges::is_sorted(tips, std::greater<>{},
@@ -287,18 +375,47 @@ TEST(Advisor, ordersTipsBySavingAndTellsWhenItIsTooLate) {
     for (const Notice& tip : tips) {
         EXPECT_TRUE(ids.insert(tip.id).second) << tip.id;
         EXPECT_EQ(tip.message.find("Frist"), std::string::npos) << tip.message;
+        EXPECT_FALSE(tip.missed.has_value());
     }
     const auto late =
-        Advisor::tips(demo.calculator, demo.taxCase, demo.result, Date::of(2026, 3, 1).value());
+        Advisor::tips(demo.calculator, demo.taxCase, demo.result, Date::of(2026, 1, 1).value());
     EXPECT_EQ(late.size(), tips.size());
-    const auto pillar3a = std::ranges::find(late, "tipp-3a-1", &Notice::id);
-    ASSERT_NE(pillar3a, late.end());
-    EXPECT_NE(pillar3a->message.find("Für 2025 ist die Frist vorbei"), std::string::npos);
+    const auto place = [](const Notice& tip) {
+        return std::pair(tip.missed.value_or(false), -tip.saving.value());
+    };
+    EXPECT_TRUE(std::ranges::is_sorted(late, {}, place));
+    EXPECT_FALSE(late.front().missed.has_value()) << "what is still open stands first";
+    EXPECT_EQ(late.back().missed, true);
 
     TaxCase poor = spotlessHousehold();
     poor.income1.salaries[0].grossSalary = 12'000;
     poor.income2 = {};
     EXPECT_TRUE(Computed(poor).tips().empty());
+}
+
+/// Payments and acts of the year are over with it; choices and entries of the return are not.
+TEST(Advisor, missesWhatTakesAnActInTheYear) {
+    const std::set<std::string> acts{"tipp-3a-1",    "tipp-3a-einkauf-2", "tipp-pk-einkauf-1",
+                                     "tipp-li-pk-1", "tipp-spenden",      "tipp-li-spenden"};
+    auto rows = stGallenRows();
+    std::ranges::copy(liechtensteinRows(), std::back_inserter(rows));
+    for (const TipRow& row : rows) {
+        SCOPED_TRACE(row.id);
+        TaxCase household = row.household();
+        row.forHousehold(household);
+        const Computed base(household);
+        for (const int yearsLater : {0, 1}) {
+            const Date today = Date::of(household.year + yearsLater, 12, 31).value();
+            const auto tips = Advisor::tips(base.calculator, base.taxCase, base.result, today);
+            const auto tip = std::ranges::find(tips, row.id, &Notice::id);
+            ASSERT_NE(tip, tips.end());
+            const bool missed = yearsLater == 1 && acts.contains(row.id);
+            EXPECT_EQ(tip->missed, missed ? std::optional(true) : std::nullopt);
+            EXPECT_EQ(tip->message.find("ist die Frist vorbei; so viel hätte es gespart.")
+                          != std::string::npos,
+                      missed);
+        }
+    }
 }
 
 TEST(Advisor, marginalRateIsTheLastThousandFrancs) {
@@ -377,45 +494,6 @@ TEST(Advisor, curveNamesTheStepsOfTheCantonsTariff) {
          Advisor::incomeCurve(base.calculator, base.taxCase, base.result, -5, 3).points) {
         EXPECT_EQ(point, CurvePoint{});
     }
-}
-
-TEST(Advisor, planOfBuyInsIsTheBestOfAllOnACoarseGrid) {
-    const Computed base(spotlessHousehold());
-    constexpr int sum = 60'001;
-    const auto plans = Advisor::planBuyIn(base.calculator, base.taxCase, 1, sum, 5);
-    const auto savingOf = [&](const Decimal& payment) {
-        TaxCase changed = base.taxCase;
-        changed.deductions1.pensionBuyIn += payment;
-        return Advisor::totalTax(base.result)
-               - Advisor::totalTax(base.calculator.calculate(changed));
-    };
-    ASSERT_EQ(plans.size(), 5U);
-    Decimal before;
-    for (const BuyInPlan& plan : plans) {
-        Decimal paid;
-        Decimal saved;
-        for (const Decimal& payment : plan.payments) {
-            paid += payment;
-            saved += savingOf(payment);
-        }
-        EXPECT_EQ(plan.payments.size(), static_cast<std::size_t>(plan.years));
-        EXPECT_EQ(paid, Decimal(sum)) << plan.years;
-        EXPECT_EQ(saved, plan.saving) << plan.years;
-        EXPECT_GE(plan.saving, before - 1) << "another year can only help";
-        before = plan.saving;
-    }
-    // Tenths of the sum, by trying all. The plan cuts to francs: a franc is worth less than one.
-    const Decimal tenth = Decimal(sum) / 10;
-    for (int a = 0; a <= 10; ++a) {
-        for (int b = 0; a + b <= 10; ++b) {
-            const Decimal saved =
-                savingOf(tenth * a) + savingOf(tenth * b) + savingOf(tenth * (10 - a - b));
-            EXPECT_GE(plans[2].saving, saved - 1) << a << " " << b;
-        }
-    }
-    EXPECT_GE(Advisor::bestPlan(plans).saving, plans.back().saving);
-    EXPECT_EQ(Advisor::planBuyIn(base.calculator, base.taxCase, 1, -5, 1).front().saving,
-              Decimal(0));
 }
 
 } // namespace
