@@ -9,13 +9,12 @@
 
 namespace taxcore::testing {
 
-namespace {
-
-/// "lohn-doppelt-1-2" without its numbers.
 std::string stem(const std::string& id) {
-    static const std::regex numbers("(-[0-9]+)+$");
-    return std::regex_replace(id, numbers, "");
+    static const std::regex place(R"((-[0-9]+)+$|-[a-z]+[A-Z0-9.\[].*$)");
+    return std::regex_replace(id, place, "");
 }
+
+namespace {
 
 /// An id is the only text in a check that is written in small letters with hyphens.
 std::set<std::string> idsIn(const std::string& file) {
