@@ -1,6 +1,7 @@
 #include "TaxCore/base/MoneyFormat.h"
 #include "TaxCore/base/Text.h"
 #include "TaxCore/model/Household.h"
+#include "TaxCore/result/Sums.h"
 #include "TaxCore/review/CheckParts.h"
 
 #include <algorithm>
@@ -69,8 +70,7 @@ void checkMainEmployment(CheckContext& c, const Adult& adult) {
 }
 
 void checkPensionPercents(CheckContext& c, const Adult& adult) {
-    int index = 0;
-    for (const PensionIncome& pension : adult.income.pensions) {
+    forEachItem(adult.income.pensions, [&](const PensionIncome& pension, int index) {
         if (pension.taxablePercent < 0 || pension.taxablePercent > 100) {
             c.error({itemId(adult.id("rente-prozent"), index), "income",
                      "Steuerbarer Anteil der Rente",
@@ -79,8 +79,7 @@ void checkPensionPercents(CheckContext& c, const Adult& adult) {
                          + " %. Möglich sind 0 bis 100 %.",
                      FieldPath("income", "pensions", "taxablePercent").of(adult.number).at(index)});
         }
-        ++index;
-    }
+    });
 }
 
 void checkFirstPillar(CheckContext& c, const Adult& adult) {

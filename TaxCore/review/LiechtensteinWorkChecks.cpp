@@ -52,7 +52,11 @@ void checkPlaces(CheckContext& c, const Way& it) {
                                      + (startIsKnown ? "Arbeitsort" : "Wohnort") + "."
                                : "Der Ort «" + place + "» beim Arbeitsweg von " + it.adult.called()
                                      + " steht nicht in der Tabelle der Fahrkosten.")
-                   + " So gibt es keine Fahrkosten; bitte einen Ort der Liste wählen.",
+                   + " So gibt es keine Fahrkosten; bitte einen Ort der Liste wählen"
+                   + (it.knows(it.commute.to) ? "."
+                                              : " oder, wenn der Arbeitsort im Ausland liegt, «"
+                                                    + std::string(label(LICommute::Mode::ausland))
+                                                    + "» mit den Kilometern pro Tag."),
                it.path(startIsKnown ? "to" : "from")});
 }
 

@@ -68,6 +68,13 @@ SecurityEntry& add(TaxCase& c, AssetKind kind, const Decimal& value, const char*
     return entry;
 }
 
+/// Shares of a property, in percent, in a household of its own.
+void own(RealEstate& property, int share1, int share2, CivilStatus& status) {
+    property.sharePerson1 = share1;
+    property.sharePerson2 = share2;
+    status = CivilStatus::geschieden;
+}
+
 std::vector<testing::LevelledRow> accountRows() {
     return {
         {warning,
@@ -156,6 +163,18 @@ std::vector<testing::LevelledRow> propertyRows() {
           [](TaxCase& c) {
               c.realEstate[0].sharePerson1 = 51;
               c.realEstate[0].sharePerson2 = 49;
+          },
+          liechtensteinOwners}},
+        {warning,
+         {"liegenschaft-nicht-gemeinsam-1",
+          [](TaxCase& c) { own(c.realEstate[0], 0, 100, c.civilStatus); },
+          [](TaxCase& c) { own(c.realEstate[0], 1, 99, c.civilStatus); }, owners}},
+        {warning,
+         {"liegenschaft-nicht-gemeinsam-1",
+          [](TaxCase& c) { own(c.realEstate[0], 0, 100, c.civilStatus); },
+          [](TaxCase& c) {
+              own(c.realEstate[0], 0, 100, c.civilStatus);
+              c.li->useRealEstateFromList = false;
           },
           liechtensteinOwners}},
         {warning,
