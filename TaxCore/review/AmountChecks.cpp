@@ -226,8 +226,9 @@ class AmountCheck {
     void finish() {
         if (left_ > 0) {
             c_.warning({"betraege-weitere", leftPage_, "Weitere auffällige Beträge",
-                        "Bei " + std::to_string(left_)
-                            + " weiteren Feldern ist der Betrag negativ oder sehr hoch. Wurde eine "
+                        (left_ == 1 ? std::string("Bei einem weiteren Feld")
+                                    : "Bei " + std::to_string(left_) + " weiteren Feldern")
+                            + " ist der Betrag negativ oder sehr hoch. Wurde eine "
                               "falsche Datei eingelesen?",
                         std::nullopt});
         }

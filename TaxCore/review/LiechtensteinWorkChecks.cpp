@@ -72,9 +72,9 @@ void checkKilometres(CheckContext& c, const Way& it) {
                    it.path("kmPerDay")});
     } else if (it.commute.kmPerDay > it.rules.fahrMaxKmProTag) {
         c.warning({it.adult.id("li-kilometer"), "work", "Sehr weiter Arbeitsweg",
-                   "Beim Arbeitsweg von " + it.adult.called() + " stehen "
+                   "Beim Arbeitsweg von " + it.adult.called() + " sind "
                        + MoneyFormat::number(it.commute.kmPerDay)
-                       + " km pro Tag; gerechnet wird mit höchstens "
+                       + " km pro Tag eingetragen; gerechnet wird mit höchstens "
                        + MoneyFormat::number(it.rules.fahrMaxKmProTag) + ".",
                    it.path("kmPerDay")});
     }

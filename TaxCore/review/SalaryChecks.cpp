@@ -87,8 +87,9 @@ void checkSocialContributions(CheckContext& c, const Certificate& it) {
         return;
     }
     c.warning({it.id("lohn-ahv-fehlt"), "income", "Lohn ohne AHV-Beiträge",
-               "Beim " + it.called() + " stehen " + MoneyFormat::fr(it.boxes.grossSalary)
-                   + " Bruttolohn ohne Beiträge in Ziffer 9. Bitte mit dem Lohnausweis "
+               "Beim " + it.called() + " sind " + MoneyFormat::fr(it.boxes.grossSalary)
+                   + " Bruttolohn eingetragen, aber keine Beiträge in Ziffer 9. Bitte mit dem "
+                     "Lohnausweis "
                      "vergleichen.",
                it.path("socialContributions")});
 }
@@ -100,12 +101,11 @@ void checkPensionContributions(CheckContext& c, const Certificate& it) {
         || (age && (*age < firstSavingAge || *age >= referenceAge)) || isNetOnly(c, it.boxes)) {
         return;
     }
-    c.warning(
-        {it.id("lohn-bvg-fehlt"), "income", "Lohn ohne Beiträge an die Pensionskasse",
-         "Beim " + it.called() + " stehen " + MoneyFormat::fr(it.boxes.grossSalary)
-             + " Bruttolohn ohne Beiträge in Ziffer 10.1, obwohl eine Pensionskasse angegeben "
-               "ist. Bitte mit dem Lohnausweis vergleichen.",
-         it.path("pensionContributions")});
+    c.warning({it.id("lohn-bvg-fehlt"), "income", "Lohn ohne Beiträge an die Pensionskasse",
+               "Beim " + it.called() + " sind " + MoneyFormat::fr(it.boxes.grossSalary)
+                   + " Bruttolohn eingetragen, aber keine Beiträge in Ziffer 10.1, obwohl eine "
+                     "Pensionskasse angekreuzt ist. Bitte mit dem Lohnausweis vergleichen.",
+               it.path("pensionContributions")});
 }
 
 void checkNetSalary(CheckContext& c, const Certificate& it) {

@@ -157,8 +157,8 @@ void checkYearBefore(CheckContext& c) {
     const TaxCase& before = **found;
     if (before.taxRegion() != c.taxCase.taxRegion()) {
         c.warning({"nicht-berechnet-umzug", "family", "Umzug über die Grenze",
-                   "Für " + std::to_string(before.year)
-                       + " gilt eine andere Region. Bei einem "
+                   "Die Steuererklärung " + std::to_string(before.year)
+                       + " gilt für eine andere Region. Bei einem "
                          "Umzug im Lauf des Jahres besteht hier nur für einen Teil davon "
                          "Steuerpflicht; das berechnet das Programm nicht.",
                    FieldPath("municipality")});

@@ -65,12 +65,12 @@ void checkYield(CheckContext& c, const SecurityEntry& entry, int index) {
 
 void checkOwner(CheckContext& c, const SecurityEntry& entry, int index) {
     if (!belongsToHousehold(entry, c.taxCase)) {
-        c.warning(
-            {itemId("wertschrift-nicht-gemeinsam", index), page, "Eintrag zählt nicht",
-             called(entry, index)
-                 + " gehört laut Eintrag Person 2. Der Haushalt wird nicht gemeinsam besteuert, "
-                   "der Eintrag bleibt deshalb weg; bitte Eigentum oder Zivilstand prüfen.",
-             pathOf(index, "owner")});
+        c.warning({itemId("wertschrift-nicht-gemeinsam", index), page, "Eintrag zählt nicht",
+                   called(entry, index)
+                       + " ist als Eigentum von Person 2 erfasst. Der Haushalt wird nicht "
+                         "gemeinsam besteuert, "
+                         "der Eintrag bleibt deshalb weg; bitte Eigentum oder Zivilstand prüfen.",
+                   pathOf(index, "owner")});
     }
 }
 

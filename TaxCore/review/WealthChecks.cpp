@@ -41,7 +41,7 @@ void checkDebt(CheckContext& c, const Debt& debt, int index) {
         c.warning({itemId("schuldzins-hoch", index), page, "Sehr hoher Schuldzins",
                    "Der Zins der Schuld bei " + name + " (" + MoneyFormat::fr(debt.interest)
                        + ") ist mehr als " + std::to_string(highestInterest)
-                       + " % der Schuld. Ist eine Amortisation dabei? Sie ist nicht abziehbar.",
+                       + "% der Schuld. Ist eine Amortisation dabei? Sie ist nicht abziehbar.",
                    interest});
     }
 }
@@ -109,13 +109,12 @@ void checkUnusedRooms(CheckContext& c, const RealEstate& property, int index) {
 void checkShares(CheckContext& c, const RealEstate& property, int index) {
     const Decimal sum = property.sharePerson1 + property.sharePerson2;
     if (c.taxCase.isJoint() && sum != 100) {
-        c.warning(
-            {itemId("eigentumsanteile-summe", index), page, "Eigentumsanteile",
-             "Die Anteile an " + called(property, index) + " ergeben zusammen "
-                 + MoneyFormat::number(sum)
-                 + " % statt 100 %. Gehört ein Teil jemandem ausserhalb des Haushalts, dürfen "
-                   "es weniger sein; erfasst werden dann nur die eigenen Beträge.",
-             propertyPath(index, "sharePerson1")});
+        c.warning({itemId("eigentumsanteile-summe", index), page, "Eigentumsanteile",
+                   "Die Anteile an " + called(property, index) + " ergeben zusammen "
+                       + MoneyFormat::number(sum)
+                       + "% statt 100%. Gehört ein Teil jemandem ausserhalb des Haushalts, dürfen "
+                         "es weniger sein; erfasst werden dann nur die eigenen Beträge.",
+                   propertyPath(index, "sharePerson1")});
     }
 }
 

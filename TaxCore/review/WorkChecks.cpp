@@ -139,9 +139,9 @@ void checkLongDrive(CheckContext& c, const Costs& it) {
     }
     if (it.entered.carTripsPerDay > mostTripsPerDay) {
         c.warning({it.adult.id("arbeitsweg-fahrten"), "work", "Viele Fahrten am Tag",
-                   "Beim Arbeitsweg von " + it.adult.called() + " stehen "
+                   "Beim Arbeitsweg von " + it.adult.called() + " sind "
                        + MoneyFormat::number(it.entered.carTripsPerDay)
-                       + " Fahrten am Tag. Hin und zurück sind zwei; bitte prüfen.",
+                       + " Fahrten am Tag eingetragen. Hin und zurück sind zwei; bitte prüfen.",
                    it.path("carTripsPerDay")});
     }
 }
@@ -167,9 +167,9 @@ void checkWeeklyStay(CheckContext& c, const Costs& it) {
     }
     if (work.weeklyStayMonths > monthsOfYear) {
         c.warning({it.adult.id("wochenaufenthalt-monate"), "work", "Mehr als 12 Monate",
-                   "Beim Wochenaufenthalt von " + it.adult.called() + " stehen "
+                   "Beim Wochenaufenthalt von " + it.adult.called() + " sind "
                        + std::to_string(work.weeklyStayMonths)
-                       + " Monate; gerechnet wird mit höchstens 12.",
+                       + " Monate eingetragen; gerechnet wird mit höchstens 12.",
                    it.path("weeklyStayMonths")});
     }
     // Months without a room at the place of work may be commuted daily.

@@ -1,5 +1,5 @@
 #include "TaxCore/demo/DemoData.h"
-#include "tests/support/CheckRows.h"
+#include "tests/engine/CheckTables.h"
 #include "tests/support/RandomCase.h"
 
 #include <gtest/gtest.h>
@@ -15,36 +15,35 @@ using testing::spotlessHousehold;
 using testing::spotlessLiechtenstein;
 using enum Notice::Level;
 
-TEST(AmountChecks, speakUp) {
-    testing::expectAllChecks(
-        {"AmountChecks.cpp"},
-        {
-            {warning,
-             {"betrag-negativ-householdDeductions.accidentInsurancePremiums",
-              [](TaxCase& c) { c.householdDeductions.accidentInsurancePremiums = -1; },
-              [](TaxCase& c) { c.income1.selfEmployment = -1; }}},
-            {warning,
-             {"betrag-hoch-income1.boardFees", [](TaxCase& c) { c.income1.boardFees = 5'000'000; },
-              [](TaxCase& c) { c.income1.boardFees = 4'999'999; }, spotlessLiechtenstein}},
-            {warning,
-             {"betrag-hoch-otherAssets", [](TaxCase& c) { c.otherAssets = 100'000'000; },
-              [](TaxCase& c) { c.otherAssets = 99'999'999; }}},
-            {warning,
-             {"anzahl-negativ-deductions2.work.mealDays",
-              [](TaxCase& c) { c.deductions2.work.mealDays = -1; },
-              [](TaxCase& c) {
-                  c.deductions2.work.mealDays = -1;
-                  c.civilStatus = CivilStatus::ledig;
-              }}},
-            {warning,
-             {"anzahl-negativ-li.commute1.workDays",
-              [](TaxCase& c) { c.li->commute1.workDays = -1; },
-              [](TaxCase& c) { c.deductions1.work.carWorkDays = -1; }, spotlessLiechtenstein}},
-            {warning,
-             {"betraege-weitere", [](TaxCase& c) { c.debts.resize(21, Debt{.interest = -1}); },
-              [](TaxCase& c) { c.debts.resize(20, Debt{.interest = -1}); }}},
-        });
+std::vector<testing::LevelledRow> allRows() {
+    return {
+        {warning,
+         {"betrag-negativ-householdDeductions.accidentInsurancePremiums",
+          [](TaxCase& c) { c.householdDeductions.accidentInsurancePremiums = -1; },
+          [](TaxCase& c) { c.income1.selfEmployment = -1; }}},
+        {warning,
+         {"betrag-hoch-income1.boardFees", [](TaxCase& c) { c.income1.boardFees = 5'000'000; },
+          [](TaxCase& c) { c.income1.boardFees = 4'999'999; }, spotlessLiechtenstein}},
+        {warning,
+         {"betrag-hoch-otherAssets", [](TaxCase& c) { c.otherAssets = 100'000'000; },
+          [](TaxCase& c) { c.otherAssets = 99'999'999; }}},
+        {warning,
+         {"anzahl-negativ-deductions2.work.mealDays",
+          [](TaxCase& c) { c.deductions2.work.mealDays = -1; },
+          [](TaxCase& c) {
+              c.deductions2.work.mealDays = -1;
+              c.civilStatus = CivilStatus::ledig;
+          }}},
+        {warning,
+         {"anzahl-negativ-li.commute1.workDays", [](TaxCase& c) { c.li->commute1.workDays = -1; },
+          [](TaxCase& c) { c.deductions1.work.carWorkDays = -1; }, spotlessLiechtenstein}},
+        {warning,
+         {"betraege-weitere", [](TaxCase& c) { c.debts.resize(21, Debt{.interest = -1}); },
+          [](TaxCase& c) { c.debts.resize(20, Debt{.interest = -1}); }}},
+    };
 }
+
+TEST(AmountChecks, speakUp) { testing::expectAllChecks({"AmountChecks.cpp"}, allRows()); }
 
 /// A case of a region with one item in every list and a value in every optional number.
 TaxCase withEverything(TaxRegion region) {
@@ -240,4 +239,7 @@ TEST(Checks, surviveCasesThatMakeNoSense) {
 }
 
 } // namespace
+
+std::vector<testing::CheckRow> testing::amountRows() { return testing::withoutLevels(allRows()); }
+
 } // namespace taxcore

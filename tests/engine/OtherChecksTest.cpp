@@ -1,4 +1,4 @@
-#include "tests/support/CheckRows.h"
+#include "tests/engine/CheckTables.h"
 
 #include <gtest/gtest.h>
 
@@ -157,12 +157,14 @@ std::vector<testing::LevelledRow> householdRows() {
     };
 }
 
-TEST(OtherChecks, speakUp) {
+std::vector<testing::LevelledRow> allRows() {
     std::vector<testing::LevelledRow> rows = childRows();
     std::ranges::move(giftAndBillRows(), std::back_inserter(rows));
     std::ranges::move(householdRows(), std::back_inserter(rows));
-    testing::expectAllChecks({"OtherChecks.cpp"}, rows);
+    return rows;
 }
+
+TEST(OtherChecks, speakUp) { testing::expectAllChecks({"OtherChecks.cpp"}, allRows()); }
 
 TEST(OtherChecks, recogniseParties) {
     struct Recipient {
@@ -253,4 +255,9 @@ TEST(OtherChecks, leaveOutChildrenNotYetBorn) {
 }
 
 } // namespace
+
+std::vector<testing::CheckRow> testing::otherPageRows() {
+    return testing::withoutLevels(allRows());
+}
+
 } // namespace taxcore

@@ -1,4 +1,4 @@
-#include "tests/support/CheckRows.h"
+#include "tests/engine/CheckTables.h"
 
 #include <gtest/gtest.h>
 
@@ -248,11 +248,15 @@ std::vector<testing::LevelledRow> possessionRows() {
     };
 }
 
-TEST(WealthChecks, speakUp) {
+std::vector<testing::LevelledRow> allRows() {
     std::vector<testing::LevelledRow> rows = accountRows();
     std::ranges::move(propertyRows(), std::back_inserter(rows));
     std::ranges::move(possessionRows(), std::back_inserter(rows));
-    testing::expectAllChecks({"SecurityChecks.cpp", "WealthChecks.cpp"}, rows);
+    return rows;
+}
+
+TEST(WealthChecks, speakUp) {
+    testing::expectAllChecks({"SecurityChecks.cpp", "WealthChecks.cpp"}, allRows());
 }
 
 TEST(WealthChecks, findNothingInPossessionsInOrder) {
@@ -276,4 +280,7 @@ TEST(WealthChecks, knowAForeignAccountByItsNumber) {
 }
 
 } // namespace
+
+std::vector<testing::CheckRow> testing::wealthRows() { return testing::withoutLevels(allRows()); }
+
 } // namespace taxcore

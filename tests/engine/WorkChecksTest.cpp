@@ -1,4 +1,4 @@
-#include "tests/support/CheckRows.h"
+#include "tests/engine/CheckTables.h"
 
 #include <gtest/gtest.h>
 
@@ -283,4 +283,7 @@ TEST(WorkChecks, adviseKilometresOnlyForAPlaceOfWorkThatIsNotInTheTable) {
 }
 
 } // namespace
+
+std::vector<testing::CheckRow> testing::workRows() { return allRows(); }
+
 } // namespace taxcore

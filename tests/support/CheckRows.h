@@ -14,6 +14,8 @@ struct LevelledRow {
     CheckRow row;
 };
 
+std::vector<CheckRow> withoutLevels(const std::vector<LevelledRow>& rows);
+
 /// An id without the place it names: "lohn-doppelt" for "lohn-doppelt-1-2", "betrag-hoch" for
 /// "betrag-hoch-income1.boardFees".
 std::string stem(const std::string& id);
