@@ -285,7 +285,7 @@ void AppStore::recalculate() {
                           .taxCase = taxCase,
                           .result = *result_,
                           .today = services_.clock.local().date,
-                          .documents = reviewedDocuments(state_.documents)};
+                          .documents = reviewedDocuments(state_.documents, year_)};
         for (const auto& [year, other] : state_.cases) {
             if (year != year_) {
                 input.otherYears.push_back(&other);

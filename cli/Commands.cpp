@@ -123,7 +123,7 @@ int check(const CheckOptions& options) {
     }
     const TaxResult result = read->calculator.calculate(read->taxCase);
     ReviewInput input{read->calculator, read->taxCase, result, today(),
-                      reviewedDocuments(read->rest.documents)};
+                      reviewedDocuments(read->rest.documents, read->taxCase.year)};
     for (const auto& [year, other] : read->rest.cases) {
         input.otherYears.push_back(&other);
     }

@@ -3,13 +3,14 @@
 namespace fiscarel {
 
 std::vector<taxcore::ReviewedDocument>
-reviewedDocuments(const std::vector<StoredDocument>& documents) {
+reviewedDocuments(const std::vector<StoredDocument>& documents, int year) {
     std::vector<taxcore::ReviewedDocument> reviewed;
-    reviewed.reserve(documents.size());
     for (const StoredDocument& document : documents) {
-        reviewed.push_back({.title = document.title,
-                            .year = document.year,
-                            .applied = document.isApplied || !document.amount});
+        if (document.year == year) {
+            reviewed.push_back({.title = document.title,
+                                .year = year,
+                                .applied = document.isApplied || !document.amount});
+        }
     }
     return reviewed;
 }

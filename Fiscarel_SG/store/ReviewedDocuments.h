@@ -7,8 +7,8 @@
 
 namespace fiscarel {
 
-/// What the review of a case is told of the documents.
+/// What the review of a year's case is told of the documents: those filed under that year.
 std::vector<taxcore::ReviewedDocument>
-reviewedDocuments(const std::vector<StoredDocument>& documents);
+reviewedDocuments(const std::vector<StoredDocument>& documents, int year);
 
 } // namespace fiscarel

@@ -27,7 +27,8 @@ enum class Measure {
 
 enum class Sign { positive, any };
 
-/// What the checks know of a field. A field without a row is a yearly amount without a name.
+/// What the checks know of a field. Every amount and count of the case has a row, so that the
+/// household reads a name and never a path.
 struct FieldFacts {
     std::string_view key; ///< the path without the person's number and list positions
     std::string_view page;
@@ -225,8 +226,9 @@ class AmountCheck {
     void finish() {
         if (left_ > 0) {
             c_.warning({"betraege-weitere", leftPage_, "Weitere auffällige Beträge",
-                        "Bei " + std::to_string(left_)
-                            + " weiteren Feldern ist der Betrag negativ oder sehr hoch. Wurde eine "
+                        (left_ == 1 ? std::string("Bei einem weiteren Feld")
+                                    : "Bei " + std::to_string(left_) + " weiteren Feldern")
+                            + " ist der Betrag negativ oder sehr hoch. Wurde eine "
                               "falsche Datei eingelesen?",
                         std::nullopt});
         }
@@ -253,7 +255,13 @@ class AmountCheck {
         return found != facts.end() ? *found : FieldFacts{"", "other", "Ein Betrag"};
     }
 
-    /// "Bruttolohn (Anna Muster, Eintrag 2)"
+    /// "betrag-hoch-income1.salaries[0].grossSalary": it stays with its field whatever else is
+    /// entered.
+    static std::string id(std::string_view stem, const Place& place) {
+        return std::string(stem) + "-" + place.path().toString();
+    }
+
+    /// "«Bruttolohn» (Anna Muster, Eintrag 2)"
     std::string described(const FieldFacts& field, const Place& place) const {
         const int person = place.person();
         std::string where =
@@ -274,7 +282,7 @@ class AmountCheck {
         const std::string text =
             isMoney ? MoneyFormat::chf(amount, 0, true) : MoneyFormat::number(amount);
         if (amount < 0 && field.sign == Sign::positive && takesOne(field)) {
-            c_.warning({itemId("betrag-negativ", told_ - 1), field.page, "Negativer Wert",
+            c_.warning({id("betrag-negativ", place), field.page, "Negativer Wert",
                         described(field, place) + " ist mit " + text
                             + " eingetragen. Hier gehören Werte ohne Minuszeichen hin.",
                         place.path()});
@@ -282,7 +290,7 @@ class AmountCheck {
         const int high = field.measure == wealth ? highWealth : highYearly;
         if (amount >= high && isMoney && takesOne(field)) {
             c_.warning(
-                {itemId("betrag-hoch", told_ - 1), field.page, "Sehr hoher Betrag",
+                {id("betrag-hoch", place), field.page, "Sehr hoher Betrag",
                  described(field, place) + " ist mit " + text + " eingetragen. Stimmt der Betrag?",
                  place.path()});
         }
@@ -291,9 +299,9 @@ class AmountCheck {
     void checkCount(int count, const Place& place) {
         const FieldFacts field = factsOf(place);
         if (count < 0 && field.sign == Sign::positive && takesOne(field)) {
-            c_.warning({itemId("anzahl-negativ", told_ - 1), field.page, "Negative Anzahl",
+            c_.warning({id("anzahl-negativ", place), field.page, "Negative Zahl",
                         described(field, place) + " ist mit " + std::to_string(count)
-                            + " eingetragen. Eine Anzahl ist nie negativ.",
+                            + " eingetragen. Hier gehört eine Zahl ohne Minuszeichen hin.",
                         place.path()});
         }
     }

@@ -29,9 +29,11 @@ std::vector<Adult> adultsOf(const TaxCase& taxCase);
 
 /// What a check tells. `title` and `message` are German; the message says what to do.
 struct Finding {
-    std::string
-        id; ///< stable; ends in the person's or the item's number (from 1) where it can recur
-    std::string_view area; ///< page: "family", "income", "work", "pension", "other", "wealth"
+    /// Stable. Where it can recur it ends in the number of the person, the item or both (from 1) or
+    /// in the path of the field.
+    std::string id;
+    /// Page: "family", "income", "work", "pension", "other", "wealth", "documents".
+    std::string_view area;
     std::string title;
     std::string message;
     std::optional<FieldPath> path; ///< the field to go to

@@ -19,7 +19,4 @@ void checkWorkInLiechtenstein(CheckContext& c, const LIRules& rules);
 /// a municipality of the country, or its code is missing or still that of a new entry.
 bool mayBeAtHome(const RealEstate& property, const LIRules& rules);
 
-/// How a sentence speaks of a certificate: "Lohnausweis «Muster AG»" or "Lohnausweis 2".
-std::string called(const SalaryCertificate& certificate, int index);
-
 } // namespace taxcore::review

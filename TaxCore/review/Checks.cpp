@@ -56,6 +56,54 @@ std::string itemId(std::string_view stem, int index) {
 
 namespace {
 
+/// Where the notices of the calculation lead to. Contributions to the pension fund ("li-pk-max")
+/// are the sum of several fields and lead to none.
+struct NoticePath {
+    std::string_view id;
+    FieldPath path;
+    bool perPerson = false; ///< the id ends in the person's number: "3a-max-1"
+};
+
+constexpr std::array noticePaths{
+    NoticePath{"3a-einkauf", FieldPath("deductions", "pillar3aBuyIn"), true},
+    NoticePath{"3a-max", FieldPath("deductions", "pillar3a"), true},
+    NoticePath{"3a-ohne-erwerb", FieldPath("deductions", "pillar3a"), true},
+    NoticePath{"eigenmietwert-bund", FieldPath("realEstate")},
+    NoticePath{"gemeinde", FieldPath("municipality")},
+    NoticePath{"kinderabzug-unterhalt", FieldPath("children")},
+    NoticePath{"konfession-gemischt", FieldPath("person1", "confession")},
+    NoticePath{"krankheit-selbstbehalt", FieldPath("householdDeductions", "medicalCosts")},
+    NoticePath{"li-gemeinde", FieldPath("municipality")},
+    NoticePath{"li-vorlaeufig", FieldPath("municipality")},
+    NoticePath{"schuldzinsen-limit", FieldPath("debts")},
+    NoticePath{"spenden-min", FieldPath("householdDeductions", "donations")},
+    NoticePath{"steuerfuss-fehlt", FieldPath("municipality")},
+};
+
+std::optional<std::string> pathOf(std::string_view id) {
+    for (const NoticePath& row : noticePaths) {
+        if (!row.perPerson && id == row.id) {
+            return row.path.toString();
+        }
+        for (const int person : {1, 2}) {
+            if (row.perPerson && id == std::string(row.id) + "-" + std::to_string(person)) {
+                return row.path.of(person).toString();
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+/// The notices of the calculation, each with the field to go to.
+std::vector<Notice> withPaths(std::vector<Notice> notices) {
+    for (Notice& notice : notices) {
+        if (!notice.path) {
+            notice.path = pathOf(notice.id);
+        }
+    }
+    return notices;
+}
+
 /// The order of the pages; a notice without a page comes first.
 std::size_t pageOf(const Notice& notice) {
     constexpr std::array<std::string_view, 6> pages{"family",  "income", "work",
@@ -69,7 +117,7 @@ std::size_t pageOf(const Notice& notice) {
 } // namespace
 
 std::vector<Notice> Checks::of(const ReviewInput& input) {
-    std::vector<Notice> notices = input.result.notices;
+    std::vector<Notice> notices = withPaths(input.result.notices);
     review::CheckContext context(input, notices);
     review::checkFamily(context);
     review::checkIncome(context);

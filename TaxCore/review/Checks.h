@@ -32,8 +32,8 @@ struct Checks {
     Checks() = delete;
 
     /// The notices of the calculation and those of the checks, the gravest first and, within a
-    /// level, in the order of the pages. A household in order gives none. The notices of checks
-    /// carry the path of the field to go to where there is one.
+    /// level, in the order of the pages. A household in order gives none. They carry the path of
+    /// the field to go to where there is one.
     static std::vector<Notice> of(const ReviewInput& input);
 
     /// In plain words what the program does not compute, for a region; one German sentence each.

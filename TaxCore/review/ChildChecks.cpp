@@ -2,6 +2,7 @@
 #include "TaxCore/model/Household.h"
 #include "TaxCore/result/Sums.h"
 #include "TaxCore/review/CheckParts.h"
+#include "TaxCore/review/CheckText.h"
 
 #include <algorithm>
 
@@ -23,9 +24,7 @@ struct Kid {
     const Child& child;
     int index;
 
-    std::string called() const {
-        return isBlank(child.firstName) ? "Kind " + std::to_string(index + 1) : child.firstName;
-    }
+    std::string called() const { return review::called(child, index); }
     FieldPath path(std::string_view field) const { return FieldPath("children", field).at(index); }
 };
 

@@ -1,6 +1,7 @@
 #include "TaxCore/base/MoneyFormat.h"
 #include "TaxCore/base/Text.h"
 #include "TaxCore/model/Household.h"
+#include "TaxCore/result/Sums.h"
 #include "TaxCore/review/CheckParts.h"
 
 #include <algorithm>
@@ -69,18 +70,15 @@ void checkMainEmployment(CheckContext& c, const Adult& adult) {
 }
 
 void checkPensionPercents(CheckContext& c, const Adult& adult) {
-    int index = 0;
-    for (const PensionIncome& pension : adult.income.pensions) {
+    forEachItem(adult.income.pensions, [&](const PensionIncome& pension, int index) {
         if (pension.taxablePercent < 0 || pension.taxablePercent > 100) {
-            c.error({itemId(adult.id("rente-prozent"), index), "income",
-                     "Steuerbarer Anteil der Rente",
-                     "Der steuerbare Anteil einer Rente von " + adult.called() + " beträgt "
-                         + MoneyFormat::number(pension.taxablePercent)
-                         + " %. Möglich sind 0 bis 100 %.",
-                     FieldPath("income", "pensions", "taxablePercent").of(adult.number).at(index)});
+            c.error(
+                {itemId(adult.id("rente-prozent"), index), "income", "Steuerbarer Anteil der Rente",
+                 "Der steuerbare Anteil einer Rente von " + adult.called() + " beträgt "
+                     + MoneyFormat::number(pension.taxablePercent) + "%. Möglich sind 0 bis 100%.",
+                 FieldPath("income", "pensions", "taxablePercent").of(adult.number).at(index)});
         }
-        ++index;
-    }
+    });
 }
 
 void checkFirstPillar(CheckContext& c, const Adult& adult) {
@@ -93,9 +91,9 @@ void checkFirstPillar(CheckContext& c, const Adult& adult) {
     const FieldPath path = FieldPath("income", "ahvPension").of(adult.number);
     if (pension != 0 && age < earliestPensionAge) {
         c.warning({adult.id("ahv-rente-alter"), "income", "AHV/IV-Rente in jungen Jahren",
-                   "Für " + adult.called() + " (" + std::to_string(age) + ") stehen "
+                   "Für " + adult.called() + " (" + std::to_string(age) + ") sind "
                        + MoneyFormat::fr(pension)
-                       + " AHV/IV-Rente. Eine eigene Rente gibt es frühestens mit "
+                       + " AHV/IV-Rente eingetragen. Eine eigene Rente gibt es frühestens mit "
                        + std::to_string(earliestPensionAge) + " Jahren; bitte prüfen.",
                    path});
     }
@@ -104,12 +102,11 @@ void checkFirstPillar(CheckContext& c, const Adult& adult) {
             return other.label.find("AHV") != std::string::npos;
         });
     if (pension.isZero() && !namedElsewhere && age >= ageWithPensionAllYear) {
-        c.info(
-            {adult.id("ahv-rente-fehlt"), "income", "Keine AHV-Rente eingetragen",
-             adult.called() + " ist am Jahresende " + std::to_string(age)
-                 + " Jahre alt, aber es steht keine AHV-Rente. Wenn der Bezug nicht aufgeschoben "
-                   "ist, bitte die Rente eintragen.",
-             path});
+        c.info({adult.id("ahv-rente-fehlt"), "income", "Keine AHV-Rente eingetragen",
+                adult.called() + " ist am Jahresende " + std::to_string(age)
+                    + " Jahre alt, aber es ist keine AHV-Rente eingetragen. Wenn der Bezug nicht "
+                      "aufgeschoben ist, bitte die Rente ergänzen.",
+                path});
     }
 }
 
@@ -123,14 +120,14 @@ void checkIncomeForChildren(CheckContext& c) {
     // In Liechtenstein they are free of tax.
     if (c.stGallen != nullptr && income.familyAllowancesDirect != 0) {
         c.warning({"familienzulagen-ohne-kinder", "income", "Familienzulagen ohne Kinder",
-                   "Es stehen " + MoneyFormat::fr(income.familyAllowancesDirect)
+                   "Eingetragen sind " + MoneyFormat::fr(income.familyAllowancesDirect)
                        + " Familienzulagen, aber kein Kind. Bitte die Kinder auf der Seite Familie "
                          "erfassen oder den Betrag prüfen.",
                    FieldPath("householdIncome", "familyAllowancesDirect")});
     }
     if (income.alimonyReceivedChildren != 0) {
         c.warning({"kinderunterhalt-ohne-kinder", "income", "Unterhaltsbeiträge ohne Kinder",
-                   "Es stehen " + MoneyFormat::fr(income.alimonyReceivedChildren)
+                   "Eingetragen sind " + MoneyFormat::fr(income.alimonyReceivedChildren)
                        + " erhaltene Unterhaltsbeiträge für Kinder, aber kein Kind. Bitte die "
                          "Kinder auf der Seite Familie erfassen oder den Betrag prüfen.",
                    FieldPath("householdIncome", "alimonyReceivedChildren")});
@@ -142,7 +139,7 @@ void checkOtherIncome(CheckContext& c) {
     if (c.stGallen != nullptr && income.otherIncome != 0
         && isBlank(income.otherIncomeDescription)) {
         c.info({"uebrige-einkuenfte-bezeichnung", "income", "Übrige Einkünfte ohne Bezeichnung",
-                "Es stehen " + MoneyFormat::fr(income.otherIncome)
+                "Eingetragen sind " + MoneyFormat::fr(income.otherIncome)
                     + " übrige Einkünfte. Bitte in wenigen Worten angeben, woher sie stammen.",
                 FieldPath("householdIncome", "otherIncomeDescription")});
     }

@@ -52,7 +52,11 @@ void checkPlaces(CheckContext& c, const Way& it) {
                                      + (startIsKnown ? "Arbeitsort" : "Wohnort") + "."
                                : "Der Ort «" + place + "» beim Arbeitsweg von " + it.adult.called()
                                      + " steht nicht in der Tabelle der Fahrkosten.")
-                   + " So gibt es keine Fahrkosten; bitte einen Ort der Liste wählen.",
+                   + " So gibt es keine Fahrkosten; bitte einen Ort der Liste wählen"
+                   + (it.knows(it.commute.to) ? "."
+                                              : " oder, wenn der Arbeitsort im Ausland liegt, «"
+                                                    + std::string(label(LICommute::Mode::ausland))
+                                                    + "» mit den Kilometern pro Tag."),
                it.path(startIsKnown ? "to" : "from")});
 }
 
@@ -68,9 +72,9 @@ void checkKilometres(CheckContext& c, const Way& it) {
                    it.path("kmPerDay")});
     } else if (it.commute.kmPerDay > it.rules.fahrMaxKmProTag) {
         c.warning({it.adult.id("li-kilometer"), "work", "Sehr weiter Arbeitsweg",
-                   "Beim Arbeitsweg von " + it.adult.called() + " stehen "
+                   "Beim Arbeitsweg von " + it.adult.called() + " sind "
                        + MoneyFormat::number(it.commute.kmPerDay)
-                       + " km pro Tag; gerechnet wird mit höchstens "
+                       + " km pro Tag eingetragen; gerechnet wird mit höchstens "
                        + MoneyFormat::number(it.rules.fahrMaxKmProTag) + ".",
                    it.path("kmPerDay")});
     }

@@ -4,11 +4,11 @@
 #include "TaxCore/result/Sums.h"
 #include "TaxCore/review/CheckContext.h"
 #include "TaxCore/review/CheckText.h"
+#include "TaxCore/review/PartyNames.h"
 #include "TaxCore/stgallen/DeductionRules.h"
 
 #include <algorithm>
 #include <array>
-#include <span>
 #include <string>
 
 namespace taxcore::review {
@@ -22,10 +22,6 @@ constexpr int mostSupportedPersons = 10;
 
 FieldPath householdPath(std::string_view field) { return {"householdDeductions", field}; }
 
-std::string nameOf(const Child& child, int index) {
-    return itemName(child.firstName, "Kind", index);
-}
-
 void checkChildcareAge(CheckContext& c, const Child& child, int index) {
     const DeductionParams& rules = c.stGallen->cantonal;
     const int year = c.taxCase.year;
@@ -38,14 +34,14 @@ void checkChildcareAge(CheckContext& c, const Child& child, int index) {
         c.warning({itemId("kinderbetreuung-alter", index), page,
                    "Kinderbetreuung über Altersgrenze",
                    "Betreuungskosten sind nur bis zum " + age + ". Geburtstag abziehbar. Für "
-                       + nameOf(child, index)
+                       + called(child, index)
                        + " ergibt sich kein Abzug; bitte Betrag und "
                          "Geburtsdatum prüfen.",
                    path});
     } else if (year - child.birthDate->year() == rules.kinderbetreuungAltersgrenze) {
         c.info({itemId("kinderbetreuung-geburtstag", index), page,
                 "Kinderbetreuung bis zum Geburtstag",
-                nameOf(child, index) + " feiert " + std::to_string(year) + " den " + age
+                called(child, index) + " feiert " + std::to_string(year) + " den " + age
                     + ". Geburtstag. Es zählen nur die Betreuungskosten bis zum Geburtstag.",
                 path});
     }
@@ -56,14 +52,14 @@ void checkChildcareDays(CheckContext& c, const Child& child, int index) {
     const FieldPath path = FieldPath("children", "childcareDaysWithMealsIncluded").at(index);
     if (days > daysOfALeapYear) {
         c.warning({itemId("kinderbetreuung-tage", index), page, "Zu viele Betreuungstage",
-                   "Für " + nameOf(child, index) + " sind " + std::to_string(days)
+                   "Für " + called(child, index) + " sind " + std::to_string(days)
                        + " Betreuungstage mit Essen erfasst, mehr als das Jahr hat.",
                    path});
     }
     if (days > 0 && child.childcareCosts.isZero()) {
         c.warning({itemId("kinderbetreuung-ohne-kosten", index), page,
                    "Betreuungstage ohne Betreuungskosten",
-                   "Für " + nameOf(child, index)
+                   "Für " + called(child, index)
                        + " sind Betreuungstage mit Essen erfasst, aber keine Betreuungskosten. "
                          "Bitte die Kosten ergänzen.",
                    FieldPath("children", "childcareCosts").at(index)});
@@ -76,7 +72,7 @@ void checkChildEducation(CheckContext& c, const Child& child, int index) {
         c.warning(
             {itemId("ausbildungskosten-ohne-ausbildung", index), page,
              "Ausbildungskosten ohne Ausbildung",
-             "Bei " + nameOf(child, index)
+             "Bei " + called(child, index)
                  + " sind Ausbildungskosten erfasst, aber keine Ausbildung gewählt. So gibt es "
                    "weder Kinderabzug noch Abzug der Kosten.",
              FieldPath("children", "education").at(index)});
@@ -84,7 +80,7 @@ void checkChildEducation(CheckContext& c, const Child& child, int index) {
     if (child.scholarships > child.educationCosts) {
         c.warning({itemId("stipendien-ueber-kosten", index), page,
                    "Stipendien über den Ausbildungskosten",
-                   "Die Stipendien von " + nameOf(child, index) + " ("
+                   "Die Stipendien von " + called(child, index) + " ("
                        + MoneyFormat::fr(child.scholarships)
                        + ") sind höher als die erfassten Ausbildungskosten ("
                        + MoneyFormat::fr(child.educationCosts) + "). Sind die Kosten vollständig?",
@@ -114,42 +110,9 @@ void checkAlimonyOfJointHousehold(CheckContext& c) {
     }
 }
 
-/// What a party is recognised by: parts of its name in small letters, and abbreviations that must
-/// stand as words of their own.
-struct PartyNames {
-    std::span<const std::string_view> parts;
-    std::span<const std::string_view> words;
-};
-
-PartyNames partyNames(TaxRegion region) {
-    static constexpr std::array<std::string_view, 4> swissParts{"partei", "die mitte", "freisinn",
-                                                                "sozialdemokrat"};
-    static constexpr std::array<std::string_view, 12> swissWords{
-        "FDP", "GLP", "glp", "SP",    "SVP",    "EDU",
-        "EVP", "CVP", "BDP", "Grüne", "Grünen", "Grünliberale"};
-    static constexpr std::array<std::string_view, 4> liParts{
-        "partei", "vaterländische union", "freie liste", "demokraten pro liechtenstein"};
-    static constexpr std::array<std::string_view, 4> liWords{"FBP", "VU", "DpL", "DPL"};
-    return region == TaxRegion::stGallen ? PartyNames{swissParts, swissWords}
-                                         : PartyNames{liParts, liWords};
-}
-
-bool namesParty(std::string_view recipient, TaxRegion region) {
-    const std::string lower = lowerAscii(recipient);
-    const PartyNames names = partyNames(region);
-    const auto words = wordsOf(recipient);
-    // "Mitte" and "FL" stand in the names of many places and societies too; alone or in front they
-    // are the party.
-    const bool ambiguous = region == TaxRegion::stGallen
-                               ? !words.empty() && words.front() == "Mitte"
-                               : words.size() == 1 && words.front() == "FL";
-    return ambiguous
-           || std::ranges::any_of(
-               names.parts,
-               [&](std::string_view part) { return lower.find(part) != std::string::npos; })
-           || std::ranges::any_of(names.words, [&](std::string_view word) {
-                  return std::ranges::count(words, word) > 0;
-              });
+bool isToParty(const CheckContext& c, const Donation& donation) {
+    return c.stGallen != nullptr ? namesParty(donation.recipient, *c.stGallen)
+                                 : namesParty(donation.recipient, *c.liechtenstein);
 }
 
 void checkDonation(CheckContext& c, const Donation& donation, int index) {
@@ -157,7 +120,7 @@ void checkDonation(CheckContext& c, const Donation& donation, int index) {
         return FieldPath("householdDeductions", "donations", field).at(index);
     };
     const std::string name = itemName(donation.recipient, "Spende", index);
-    if (!donation.isPoliticalParty && namesParty(donation.recipient, c.taxCase.taxRegion())) {
+    if (!donation.isPoliticalParty && isToParty(c, donation)) {
         c.warning({itemId("spende-an-partei", index), page, "Spende an eine Partei?",
                    name
                        + " sieht nach einer politischen Partei aus. Spenden an Parteien werden "

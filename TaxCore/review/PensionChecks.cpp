@@ -89,16 +89,14 @@ void checkPillar3aBuyIn(CheckContext& c, const Adult& adult) {
                  path});
         return;
     }
-    const Decimal base = earnedOf(adult) + adult.income.unemployment;
-    const Decimal maximum =
-        pillar3aMaximum(adult.person.hasPensionFund, base, c.stGallen->cantonal.saeule3a);
-    if (base > 0 && adult.deductions.pillar3a < maximum) {
+    const auto maximum = pillar3aMaximumOf(adult, c.stGallen->cantonal.saeule3a);
+    if (maximum && adult.deductions.pillar3a < *maximum) {
         c.error(
             {adult.id("3a-einkauf-vor-maximum"), page, "Einkauf Säule 3a vor dem Maximum",
              "Ein Einkauf in die Säule 3a setzt voraus, dass der ordentliche Beitrag des Jahres "
              "voll einbezahlt ist (Art. 7a BVV 3). Bei "
                  + adult.called() + " sind es " + MoneyFormat::fr(adult.deductions.pillar3a)
-                 + " von " + MoneyFormat::fr(maximum) + ".",
+                 + " von " + MoneyFormat::fr(*maximum) + ".",
              path});
     }
 }

@@ -3,6 +3,8 @@
 #include "TaxCore/base/JsonWriter.h"
 
 #include <algorithm>
+#include <array>
+#include <utility>
 
 namespace taxcore {
 
@@ -29,6 +31,27 @@ void addChange(Review& review, const ReviewInput& input) {
     review.changeMissing = reason + "; der Vergleich mit dem Vorjahr fehlt.";
 }
 
+/// Leaves out notices whose remedy a tip tells as well, with what it saves. A person's number
+/// follows the ids.
+void leaveToTips(std::vector<Notice>& notices, const std::vector<Notice>& tips) {
+    using Pair = std::pair<std::string_view, std::string_view>;
+    static constexpr std::array pairs{
+        Pair{"arbeitsweg-begruendung", "tipp-auto"},
+        Pair{"weiterbildung-pauschale", "tipp-weiterbildung"},
+        Pair{"uebrige-kosten-nicht-gewaehlt", "tipp-uebrige-berufskosten"},
+        Pair{"nebenerwerb-nicht-gewaehlt", "tipp-nebenerwerb"},
+    };
+    std::erase_if(notices, [&](const Notice& notice) {
+        return std::ranges::any_of(pairs, [&](const Pair& pair) {
+            const auto& [stem, tip] = pair;
+            return notice.id.starts_with(stem)
+                   && std::ranges::find(tips, std::string(tip) + notice.id.substr(stem.size()),
+                                        &Notice::id)
+                          != tips.end();
+        });
+    });
+}
+
 } // namespace
 
 Review Review::of(const ReviewInput& input) {
@@ -38,6 +61,7 @@ Review Review::of(const ReviewInput& input) {
                   .marginalRate =
                       Advisor::marginalRate(input.calculator, input.taxCase, input.result),
                   .notComputed = Checks::notComputed(input.taxCase.taxRegion())};
+    leaveToTips(review.notices, review.tips);
     addChange(review, input);
     return review;
 }

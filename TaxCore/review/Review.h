@@ -14,8 +14,9 @@ namespace taxcore {
 
 /// All that is to be said of a computed case, in one record.
 struct Review {
-    std::vector<Notice> notices; ///< of the calculation and the checks, the gravest first
-    std::vector<Notice> tips;    ///< those still open first, each group by saving
+    /// Of the calculation and the checks, the gravest first; not those whose remedy a tip tells.
+    std::vector<Notice> notices;
+    std::vector<Notice> tips; ///< those still open first, each group by saving
     MarginalRate marginalRate;
     std::optional<YearComparison> change; ///< against the year before, when that case is known
     /// Why `change` is absent although that case is known; a German sentence.

@@ -2,6 +2,7 @@
 #include "TaxCore/base/Text.h"
 #include "TaxCore/result/Sums.h"
 #include "TaxCore/review/CheckParts.h"
+#include "TaxCore/review/CheckText.h"
 
 #include <algorithm>
 #include <set>
@@ -86,8 +87,9 @@ void checkSocialContributions(CheckContext& c, const Certificate& it) {
         return;
     }
     c.warning({it.id("lohn-ahv-fehlt"), "income", "Lohn ohne AHV-Beiträge",
-               "Beim " + it.called() + " stehen " + MoneyFormat::fr(it.boxes.grossSalary)
-                   + " Bruttolohn ohne Beiträge in Ziffer 9. Bitte mit dem Lohnausweis "
+               "Beim " + it.called() + " sind " + MoneyFormat::fr(it.boxes.grossSalary)
+                   + " Bruttolohn eingetragen, aber keine Beiträge in Ziffer 9. Bitte mit dem "
+                     "Lohnausweis "
                      "vergleichen.",
                it.path("socialContributions")});
 }
@@ -99,12 +101,11 @@ void checkPensionContributions(CheckContext& c, const Certificate& it) {
         || (age && (*age < firstSavingAge || *age >= referenceAge)) || isNetOnly(c, it.boxes)) {
         return;
     }
-    c.warning(
-        {it.id("lohn-bvg-fehlt"), "income", "Lohn ohne Beiträge an die Pensionskasse",
-         "Beim " + it.called() + " stehen " + MoneyFormat::fr(it.boxes.grossSalary)
-             + " Bruttolohn ohne Beiträge in Ziffer 10.1, obwohl eine Pensionskasse angegeben "
-               "ist. Bitte mit dem Lohnausweis vergleichen.",
-         it.path("pensionContributions")});
+    c.warning({it.id("lohn-bvg-fehlt"), "income", "Lohn ohne Beiträge an die Pensionskasse",
+               "Beim " + it.called() + " sind " + MoneyFormat::fr(it.boxes.grossSalary)
+                   + " Bruttolohn eingetragen, aber keine Beiträge in Ziffer 10.1, obwohl eine "
+                     "Pensionskasse angekreuzt ist. Bitte mit dem Lohnausweis vergleichen.",
+               it.path("pensionContributions")});
 }
 
 void checkNetSalary(CheckContext& c, const Certificate& it) {
@@ -173,11 +174,6 @@ void checkOverlap(CheckContext& c, const Certificate& it) {
 
 } // namespace
 
-std::string called(const SalaryCertificate& certificate, int index) {
-    return isBlank(certificate.employer) ? "Lohnausweis " + std::to_string(index + 1)
-                                         : "Lohnausweis «" + certificate.employer + "»";
-}
-
 void checkSalaries(CheckContext& c, const Adult& adult) {
     forEachItem(adult.income.salaries, [&](const SalaryCertificate& boxes, int index) {
         const Certificate it{adult, boxes, index};
@@ -194,9 +190,8 @@ void checkSalaries(CheckContext& c, const Adult& adult) {
 void checkRepeatedSalaries(CheckContext& c) {
     std::set<decltype(contentOf(SalaryCertificate{}))> seen;
     for (const Adult& adult : c.adults) {
-        int index = 0;
-        for (const SalaryCertificate& boxes : adult.income.salaries) {
-            const Certificate it{adult, boxes, index++};
+        forEachItem(adult.income.salaries, [&](const SalaryCertificate& boxes, int index) {
+            const Certificate it{adult, boxes, index};
             const bool isNew = seen.insert(contentOf(boxes)).second;
             if (!isNew && !boxes.grossSalary.isZero()) {
                 c.warning({it.id("lohn-doppelt"), "income", "Lohnausweis zweimal erfasst?",
@@ -205,7 +200,7 @@ void checkRepeatedSalaries(CheckContext& c) {
                                  "überein. Falls er zweimal erfasst ist, bitte einen entfernen.",
                            it.path("grossSalary")});
             }
-        }
+        });
     }
 }
 

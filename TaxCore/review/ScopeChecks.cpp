@@ -32,34 +32,38 @@ struct SalariedMonths {
     FieldPath lastPath{"year"};
 };
 
+/// Whether all that the person lives on are salaries paid within the year.
+bool isSalariedWithinYear(const Adult& adult, int year) {
+    return !livesOnOtherIncome(adult.income)
+           && std::ranges::all_of(adult.income.salaries, [&](const SalaryCertificate& boxes) {
+                  return boxes.periodFrom && boxes.periodTo && boxes.periodFrom->year() == year
+                         && boxes.periodTo->year() == year;
+              });
+}
+
 std::optional<SalariedMonths> salariedMonths(const CheckContext& c) {
     SalariedMonths months;
     bool any = false;
     for (const Adult& adult : c.adults) {
-        if (livesOnOtherIncome(adult.income)) {
+        if (!isSalariedWithinYear(adult, c.taxCase.year)) {
             return std::nullopt;
         }
-        int index = 0;
-        for (const SalaryCertificate& certificate : adult.income.salaries) {
+        forEachItem(adult.income.salaries, [&](const SalaryCertificate& certificate, int index) {
             const auto path = [&](std::string_view field) {
                 return FieldPath("income", "salaries", field).of(adult.number).at(index);
             };
-            const auto& from = certificate.periodFrom;
-            const auto& to = certificate.periodTo;
-            if (!from || !to || from->year() != c.taxCase.year || to->year() != c.taxCase.year) {
-                return std::nullopt;
-            }
-            if (!any || from->month() < months.first) {
-                months.first = from->month();
+            const int from = certificate.periodFrom->month();
+            const int to = certificate.periodTo->month();
+            if (!any || from < months.first) {
+                months.first = from;
                 months.firstPath = path("periodFrom");
             }
-            if (!any || to->month() > months.last) {
-                months.last = to->month();
+            if (!any || to > months.last) {
+                months.last = to;
                 months.lastPath = path("periodTo");
             }
             any = true;
-            ++index;
-        }
+        });
     }
     return any ? std::optional(months) : std::nullopt;
 }
@@ -84,10 +88,9 @@ void checkProperties(CheckContext& c) {
                  : isInLiechtenstein(property) || mayBeAtHome(property, *c.liechtenstein)) {
             return;
         }
-        const std::string named = itemName(property.description, "Liegenschaft", at);
         c.warning({itemId("nicht-berechnet-liegenschaft", at), "wealth",
                    here ? "Liegenschaft ausserhalb des Kantons" : "Liegenschaft im Ausland",
-                   named + " liegt nicht "
+                   called(property, at) + " liegt nicht "
                        + (here ? "im Kanton St.Gallen. Die Ausscheidung zwischen Kantonen und "
                                  "Ländern"
                                : "in Liechtenstein. Die Ausscheidung zwischen den Ländern")
@@ -136,8 +139,8 @@ void checkForeignWithholding(CheckContext& c) {
             && std::ranges::any_of(signs, isNamed)) {
             c.info({itemId("nicht-berechnet-steueranrechnung", at), "wealth",
                     "Ausländische Quellensteuer",
-                    "Die Zeile «" + entry.description
-                        + "» nennt eine ausländische Quellensteuer. Ihre Anrechnung (Formular "
+                    called(entry, at)
+                        + " nennt eine ausländische Quellensteuer. Ihre Anrechnung (Formular "
                           "DA-1) berechnet das Programm nicht.",
                     FieldPath("securities", "description").at(at)});
         }
@@ -154,8 +157,8 @@ void checkYearBefore(CheckContext& c) {
     const TaxCase& before = **found;
     if (before.taxRegion() != c.taxCase.taxRegion()) {
         c.warning({"nicht-berechnet-umzug", "family", "Umzug über die Grenze",
-                   "Für " + std::to_string(before.year)
-                       + " gilt eine andere Region. Bei einem "
+                   "Die Steuererklärung " + std::to_string(before.year)
+                       + " gilt für eine andere Region. Bei einem "
                          "Umzug im Lauf des Jahres besteht hier nur für einen Teil davon "
                          "Steuerpflicht; das berechnet das Programm nicht.",
                    FieldPath("municipality")});
@@ -173,8 +176,7 @@ void checkYearBefore(CheckContext& c) {
 
 void checkDocuments(CheckContext& c) {
     forEachItem(c.documents, [&](const ReviewedDocument& document, int at) {
-        const std::string named = isBlank(document.title) ? "Beleg " + std::to_string(at + 1)
-                                                          : "Der Beleg «" + document.title + "»";
+        const std::string named = "Der " + itemWithKind("Beleg", document.title, at);
         if (document.year != 0 && document.year != c.taxCase.year) {
             c.warning({itemId("beleg-anderes-jahr", at), "documents",
                        "Beleg aus einem anderen Jahr",

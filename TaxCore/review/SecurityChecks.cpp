@@ -24,11 +24,6 @@ FieldPath pathOf(int index, std::string_view field) {
     return FieldPath("securities", field).at(index);
 }
 
-std::string nameOf(const SecurityEntry& entry, int index) {
-    const bool both = !isBlank(entry.institution) && !isBlank(entry.description);
-    return itemName(entry.institution + (both ? ", " : "") + entry.description, "Eintrag", index);
-}
-
 /// Whether the number says that the account is kept abroad; without an IBAN it counts as Swiss.
 bool isForeignAccount(const SecurityEntry& entry) {
     return looksLikeIban(entry.ibanOrValor) && !compactIban(entry.ibanOrValor).starts_with("CH");
@@ -42,7 +37,7 @@ void checkWithholding(CheckContext& c, const SecurityEntry& entry, int index) {
         c.warning({itemId("zins-ohne-verrechnungssteuer", index), page,
                    "Zins ohne Verrechnungssteuer",
                    "Zinsen schweizerischer Konten über " + MoneyFormat::fr(limit)
-                       + " unterliegen der Verrechnungssteuer. Bei " + nameOf(entry, index)
+                       + " unterliegen der Verrechnungssteuer. Bei " + called(entry, index)
                        + " gehört der Bruttozins wohl in die Spalte mit Verrechnungssteuer, damit "
                          "sie zurückerstattet wird.",
                    pathOf(index, "incomeWithoutWithholding")});
@@ -54,13 +49,13 @@ void checkYield(CheckContext& c, const SecurityEntry& entry, int index) {
     if (c.stGallen != nullptr && yields && entry.taxValue > valueThatYields
         && grossIncome(entry).isZero()) {
         c.info({itemId("ertrag-fehlt", index), page, "Kein Ertrag erfasst",
-                nameOf(entry, index) + " hat einen Wert von " + MoneyFormat::fr(entry.taxValue)
+                called(entry, index) + " hat einen Wert von " + MoneyFormat::fr(entry.taxValue)
                     + ", aber keinen Ertrag. Auch Erträge thesaurierender Fonds sind steuerbar.",
                 pathOf(index, "incomeWithWithholding")});
     }
     if (entry.taxValue.isZero() && grossIncome(entry) > 0) {
         c.info({itemId("ertrag-ohne-wert", index), page, "Ertrag ohne Wert",
-                nameOf(entry, index)
+                called(entry, index)
                     + " hat einen Ertrag, aber am 31. Dezember keinen Wert. Das "
                       "stimmt, wenn im Lauf des Jahres aufgelöst oder verkauft "
                       "wurde; sonst fehlt der Steuerwert.",
@@ -70,19 +65,19 @@ void checkYield(CheckContext& c, const SecurityEntry& entry, int index) {
 
 void checkOwner(CheckContext& c, const SecurityEntry& entry, int index) {
     if (!belongsToHousehold(entry, c.taxCase)) {
-        c.warning(
-            {itemId("wertschrift-nicht-gemeinsam", index), page, "Eintrag zählt nicht",
-             nameOf(entry, index)
-                 + " gehört laut Eintrag Person 2. Der Haushalt wird nicht gemeinsam besteuert, "
-                   "der Eintrag bleibt deshalb weg; bitte Eigentum oder Zivilstand prüfen.",
-             pathOf(index, "owner")});
+        c.warning({itemId("wertschrift-nicht-gemeinsam", index), page, "Eintrag zählt nicht",
+                   called(entry, index)
+                       + " ist als Eigentum von Person 2 erfasst. Der Haushalt wird nicht "
+                         "gemeinsam besteuert, "
+                         "der Eintrag bleibt deshalb weg; bitte Eigentum oder Zivilstand prüfen.",
+                   pathOf(index, "owner")});
     }
 }
 
 void checkAccountNumber(CheckContext& c, const SecurityEntry& entry, int index) {
     if (looksLikeIban(entry.ibanOrValor) && ibanFault(entry.ibanOrValor)) {
         c.warning({itemId("iban-pruefziffer", index), page, "IBAN stimmt nicht",
-                   "Die Prüfziffer der IBAN von " + nameOf(entry, index)
+                   "Die Prüfziffer der IBAN von " + called(entry, index)
                        + " geht nicht auf. Bitte mit dem Kontoauszug vergleichen.",
                    pathOf(index, "ibanOrValor")});
     }
@@ -97,7 +92,7 @@ void checkCurrency(CheckContext& c, const SecurityEntry& entry, int index) {
                             });
     if (foreign && (!entry.taxValue.isZero() || !grossIncome(entry).isZero())) {
         c.info({itemId("fremdwaehrung-umrechnen", index), page, "Fremdwährung",
-                nameOf(entry, index)
+                called(entry, index)
                     + " nennt eine fremde Währung. Einzutragen sind Franken, der "
                       "Wert zum Jahresendkurs der Kursliste der Eidgenössischen "
                       "Steuerverwaltung.",
@@ -108,7 +103,7 @@ void checkCurrency(CheckContext& c, const SecurityEntry& entry, int index) {
 void checkCrypto(CheckContext& c, const SecurityEntry& entry, int index) {
     if (entry.kind == AssetKind::krypto && entry.taxValue.isZero()) {
         c.warning({itemId("krypto-ohne-wert", index), page, "Kryptowährung ohne Wert",
-                   "Bei " + nameOf(entry, index)
+                   "Bei " + called(entry, index)
                        + " fehlt der Wert am 31. Dezember. Kryptowährungen sind zum Kurs am "
                          "Jahresende steuerbares Vermögen.",
                    pathOf(index, "taxValue")});
@@ -127,7 +122,7 @@ void checkDuplicates(CheckContext& c) {
         const auto [known, isNew] = first.try_emplace({number, where}, index);
         if (!isNew) {
             c.warning({itemId("eintrag-doppelt", index), page, "Eintrag doppelt?",
-                       nameOf(entry, index) + " trägt dieselbe Nummer wie Eintrag "
+                       called(entry, index) + " trägt dieselbe Nummer wie Eintrag "
                            + std::to_string(known->second + 1)
                            + " des Verzeichnisses. Falls es derselbe ist, bitte einen entfernen.",
                        pathOf(index, "ibanOrValor")});

@@ -141,23 +141,26 @@ void justifyVehicle(TipContext& c, const Adult& adult) {
         return;
     }
     const bool instead = work.publicTransportCost > 0 || work.useBicycle;
-    c.suggest({.id = adult.id("tipp-auto"),
-               .area = "work",
-               .title = "Arbeitsweg mit dem Auto begründen – " + adult.called(),
-               .message = "Das Auto zählt nur mit einer Begründung: keine öffentliche Verbindung, "
-                          "über eine Stunde Zeitersparnis am Tag, Krankheit oder ein Auto, das der "
-                          "Beruf verlangt. Trifft eine zu, bitte eintragen."
-                          + std::string(instead ? " Gerechnet ist mit dem Auto anstelle von "
-                                                  "öffentlichem Verkehr und Velo."
-                                                : ""),
-               .law = cited(law::privateVehicle),
-               .path = adult.workPath("carJustification"),
-               .change = [&](TaxCase& changed) {
-                   WorkExpenses& own = deductionsOf(changed, adult.number).work;
-                   own.carJustification = "begründet";
-                   own.publicTransportCost = 0;
-                   own.useBicycle = false;
-               }});
+    const std::string vehicle = work.carIsMotorbike ? "Motorrad" : "Auto";
+    c.suggest(
+        {.id = adult.id("tipp-auto"),
+         .area = "work",
+         .title = "Arbeitsweg mit dem " + vehicle + " begründen – " + adult.called(),
+         .message = "Das " + vehicle
+                    + " zählt nur mit einer Begründung: keine öffentliche Verbindung, über "
+                      "eine Stunde Zeitersparnis am Tag, Krankheit oder ein Fahrzeug, das der "
+                      "Beruf verlangt. Trifft eine zu, bitte eintragen"
+                    + (instead ? "; gerechnet ist mit dem " + vehicle
+                                     + " anstelle von öffentlichem Verkehr und Velo."
+                               : "; sonst zählen die Kosten des öffentlichen Verkehrs."),
+         .law = cited(law::privateVehicle),
+         .path = adult.workPath("carJustification"),
+         .change = [&](TaxCase& changed) {
+             WorkExpenses& own = deductionsOf(changed, adult.number).work;
+             own.carJustification = "begründet";
+             own.publicTransportCost = 0;
+             own.useBicycle = false;
+         }});
 }
 
 void rideABicycle(TipContext& c, const Adult& adult) {

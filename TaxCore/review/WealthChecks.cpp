@@ -41,7 +41,7 @@ void checkDebt(CheckContext& c, const Debt& debt, int index) {
         c.warning({itemId("schuldzins-hoch", index), page, "Sehr hoher Schuldzins",
                    "Der Zins der Schuld bei " + name + " (" + MoneyFormat::fr(debt.interest)
                        + ") ist mehr als " + std::to_string(highestInterest)
-                       + " % der Schuld. Ist eine Amortisation dabei? Sie ist nicht abziehbar.",
+                       + "% der Schuld. Ist eine Amortisation dabei? Sie ist nicht abziehbar.",
                    interest});
     }
 }
@@ -50,23 +50,23 @@ FieldPath propertyPath(int index, std::string_view field) {
     return FieldPath("realEstate", field).at(index);
 }
 
-std::string nameOf(const RealEstate& property, int index) {
-    return itemName(property.description, "Liegenschaft", index);
+/// Whether the calculation takes a property into the wealth.
+bool counts(const CheckContext& c, const RealEstate& property) {
+    return c.liechtenstein == nullptr || !isInLiechtenstein(property)
+           || c.taxCase.liExtras().useRealEstateFromList;
 }
 
 void checkPropertyValue(CheckContext& c, const RealEstate& property, int index) {
-    const bool counts = c.liechtenstein == nullptr || !isInLiechtenstein(property)
-                        || c.taxCase.liExtras().useRealEstateFromList;
-    if (counts && property.taxValue.isZero()) {
+    if (counts(c, property) && property.taxValue.isZero()) {
         c.warning({itemId("liegenschaft-ohne-steuerwert", index), page, "Steuerwert fehlt",
-                   "Bei " + nameOf(property, index)
+                   "Bei " + called(property, index)
                        + " fehlt der amtliche Steuerwert. Er steht auf der Schätzungsanzeige.",
                    propertyPath(index, "taxValue")});
     }
 }
 
 void checkPropertyYield(CheckContext& c, const RealEstate& property, int index) {
-    const std::string name = nameOf(property, index);
+    const std::string name = called(property, index);
     if (property.use != PropertyUse::vermietet && property.imputedRentalValue.isZero()) {
         c.warning({itemId("eigenmietwert-fehlt", index), page, "Eigenmietwert fehlt",
                    name
@@ -98,7 +98,7 @@ bool isHome(const RealEstate& property) {
 void checkUnusedRooms(CheckContext& c, const RealEstate& property, int index) {
     if (isHome(property) && property.unusedRooms > 0 && property.unusedRooms >= property.rooms) {
         c.warning({itemId("zimmer-unbenutzt", index), page, "Zu viele unbenutzte Zimmer",
-                   "Bei " + nameOf(property, index) + " sind "
+                   "Bei " + called(property, index) + " sind "
                        + std::to_string(property.unusedRooms) + " von "
                        + std::to_string(property.rooms)
                        + " Zimmern als unbenutzt erfasst. Bitte beide Zahlen prüfen.",
@@ -109,12 +109,25 @@ void checkUnusedRooms(CheckContext& c, const RealEstate& property, int index) {
 void checkShares(CheckContext& c, const RealEstate& property, int index) {
     const Decimal sum = property.sharePerson1 + property.sharePerson2;
     if (c.taxCase.isJoint() && sum != 100) {
+        c.warning({itemId("eigentumsanteile-summe", index), page, "Eigentumsanteile",
+                   "Die Anteile an " + called(property, index) + " ergeben zusammen "
+                       + MoneyFormat::number(sum)
+                       + "% statt 100%. Gehört ein Teil jemandem ausserhalb des Haushalts, dürfen "
+                         "es weniger sein; erfasst werden dann nur die eigenen Beträge.",
+                   propertyPath(index, "sharePerson1")});
+    }
+}
+
+/// The shares only stand on the form: what is in the list counts, whoever owns it.
+void checkOwner(CheckContext& c, const RealEstate& property, int index) {
+    const bool ownedByOther = property.sharePerson1 <= 0 && property.sharePerson2 > 0;
+    if (!c.taxCase.isJoint() && ownedByOther && counts(c, property)) {
         c.warning(
-            {itemId("eigentumsanteile-summe", index), page, "Eigentumsanteile",
-             "Die Anteile an " + nameOf(property, index) + " ergeben zusammen "
-                 + MoneyFormat::number(sum)
-                 + " % statt 100 %. Gehört ein Teil jemandem ausserhalb des Haushalts, dürfen "
-                   "es weniger sein; erfasst werden dann nur die eigenen Beträge.",
+            {itemId("liegenschaft-nicht-gemeinsam", index), page, "Liegenschaft von Person 2",
+             called(property, index)
+                 + " gehört nach den Anteilen ganz Person 2. Der Haushalt wird nicht gemeinsam "
+                   "besteuert, die Liegenschaft zählt hier aber voll. Bitte Anteile oder "
+                   "Zivilstand prüfen, sonst den Eintrag entfernen.",
              propertyPath(index, "sharePerson1")});
     }
 }
@@ -133,7 +146,7 @@ void checkHomeMunicipality(CheckContext& c, const RealEstate& property, int inde
     if (isHome(property) && isInStGallen(property) && elsewhere) {
         c.warning({itemId("hauptwohnsitz-gemeinde", index), page,
                    "Hauptwohnsitz in anderer Gemeinde",
-                   nameOf(property, index) + " ist als Hauptwohnsitz erfasst, liegt aber nicht in "
+                   called(property, index) + " ist als Hauptwohnsitz erfasst, liegt aber nicht in "
                        + c.taxCase.municipality
                        + ". Ferienwohnungen und Liegenschaften andernorts bitte nicht als "
                          "Hauptwohnsitz erfassen.",
@@ -158,7 +171,7 @@ void checkHomes(CheckContext& c) {
 void checkLiechtensteinCanton(CheckContext& c, const RealEstate& property, int index) {
     if (!isInLiechtenstein(property) && mayBeAtHome(property, *c.liechtenstein)) {
         c.warning({itemId("li-liegenschaft-ausland", index), page, "Liegenschaft im Ausland?",
-                   nameOf(property, index)
+                   called(property, index)
                        + " zählt als Liegenschaft im Ausland, weil als Kanton nicht FL eingetragen "
                          "ist. Liegt sie in Liechtenstein, bitte FL eintragen.",
                    propertyPath(index, "canton")});
@@ -183,6 +196,7 @@ void checkProperties(CheckContext& c) {
     forEachItem(c.taxCase.realEstate, [&](const RealEstate& property, int index) {
         checkPropertyValue(c, property, index);
         checkShares(c, property, index);
+        checkOwner(c, property, index);
         if (c.stGallen != nullptr) {
             checkPropertyYield(c, property, index);
             checkUnusedRooms(c, property, index);

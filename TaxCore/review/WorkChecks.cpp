@@ -21,11 +21,18 @@ struct Costs {
     const Adult& adult;
     const WorkExpenses& entered;
     const EmploymentFacts facts;
-    const BerufskostenParams& rules;
+    const BerufskostenParams& rules;   ///< of the canton
+    const BerufskostenParams& federal; ///< of the federation
 
     FieldPath path(std::string_view field) const { return adult.workPath(field); }
     bool drives() const { return entered.carKmOneWay > 0 && entered.carWorkDays > 0; }
     const char* vehicle() const { return entered.carIsMotorbike ? "Motorrad" : "Auto"; }
+
+    /// The part of the costs, as entered, that is larger: the canton's or the federation's.
+    Decimal larger(Decimal WorkExpenseBreakdown::*part) const {
+        return std::max(workExpenses(facts, entered, rules).*part,
+                        workExpenses(facts, entered, federal).*part);
+    }
 };
 
 void checkWithoutSalary(CheckContext& c, const Costs& it) {
@@ -40,11 +47,15 @@ void checkWithoutSalary(CheckContext& c, const Costs& it) {
 
 void checkJustification(CheckContext& c, const Costs& it) {
     if (it.drives() && !it.facts.freeTransport && !isVehicleJustified(it.entered)) {
+        const bool ridesTrain = it.entered.publicTransportCost > 0;
         c.warning({it.adult.id("arbeitsweg-begruendung"), "work",
                    "Begründung für das " + std::string(it.vehicle()) + " fehlt",
                    "Die Fahrten von " + it.adult.called() + " mit dem " + it.vehicle()
-                       + " zählen nur mit einer Begründung, weshalb der öffentliche Verkehr nicht "
-                         "zumutbar ist. Bitte eintragen.",
+                       + " zählen so nicht: Es fehlt die Begründung, weshalb der öffentliche "
+                         "Verkehr nicht zumutbar ist. Bitte eintragen"
+                       + (ridesTrain ? "."
+                                     : " oder an ihrer Stelle die Kosten des öffentlichen Verkehrs "
+                                       "erfassen."),
                    it.path("carJustification")});
     }
 }
@@ -128,9 +139,9 @@ void checkLongDrive(CheckContext& c, const Costs& it) {
     }
     if (it.entered.carTripsPerDay > mostTripsPerDay) {
         c.warning({it.adult.id("arbeitsweg-fahrten"), "work", "Viele Fahrten am Tag",
-                   "Beim Arbeitsweg von " + it.adult.called() + " stehen "
+                   "Beim Arbeitsweg von " + it.adult.called() + " sind "
                        + MoneyFormat::number(it.entered.carTripsPerDay)
-                       + " Fahrten am Tag. Hin und zurück sind zwei; bitte prüfen.",
+                       + " Fahrten am Tag eingetragen. Hin und zurück sind zwei; bitte prüfen.",
                    it.path("carTripsPerDay")});
     }
 }
@@ -156,9 +167,9 @@ void checkWeeklyStay(CheckContext& c, const Costs& it) {
     }
     if (work.weeklyStayMonths > monthsOfYear) {
         c.warning({it.adult.id("wochenaufenthalt-monate"), "work", "Mehr als 12 Monate",
-                   "Beim Wochenaufenthalt von " + it.adult.called() + " stehen "
+                   "Beim Wochenaufenthalt von " + it.adult.called() + " sind "
                        + std::to_string(work.weeklyStayMonths)
-                       + " Monate; gerechnet wird mit höchstens 12.",
+                       + " Monate eingetragen; gerechnet wird mit höchstens 12.",
                    it.path("weeklyStayMonths")});
     }
     // Months without a room at the place of work may be commuted daily.
@@ -185,14 +196,24 @@ void checkWeeklyStay(CheckContext& c, const Costs& it) {
     }
 }
 
+/// What the canton gives instead of actual costs: "mit der Pauschale von Fr. 2’400".
+std::string flatRateOf(const Decimal& amount) {
+    return amount.isZero() ? std::string("ohne Abzug")
+                           : "mit der Pauschale von " + MoneyFormat::fr(amount);
+}
+
+/// Costs below a flat rate are rightly left unchosen; between that of the canton and that of the
+/// federation only the whole tax tells.
 void checkOtherCosts(CheckContext& c, const Costs& it) {
     const WorkExpenses& work = it.entered;
-    if (!work.useActualOtherCosts && work.actualOtherCosts > 0) {
+    if (!work.useActualOtherCosts && it.facts.hasMain
+        && work.actualOtherCosts > it.larger(&WorkExpenseBreakdown::other)) {
         c.info({it.adult.id("uebrige-kosten-nicht-gewaehlt"), "work",
                 "Tatsächliche Kosten nicht gewählt",
                 "Für " + it.adult.called() + " sind " + MoneyFormat::fr(work.actualOtherCosts)
-                    + " tatsächliche übrige Berufskosten eingetragen, gerechnet wird aber mit der "
-                      "Pauschale.",
+                    + " tatsächliche übrige Berufskosten eingetragen. Gerechnet wird beim Kanton "
+                    + flatRateOf(workExpenses(it.facts, work, it.rules).other)
+                    + "; mit Belegen gelten die tatsächlichen Kosten.",
                 it.path("useActualOtherCosts")});
     }
     if (it.facts.flatRateExpenses && !work.useActualOtherCosts) {
@@ -217,21 +238,25 @@ void checkSideJob(CheckContext& c, const Costs& it) {
     }
     const std::string told = "Für " + it.adult.called() + " sind "
                              + MoneyFormat::fr(work.sideJobActualCosts)
-                             + " tatsächliche Kosten des Nebenerwerbs eingetragen, ";
+                             + " tatsächliche Kosten des Nebenerwerbs eingetragen";
     if (!it.facts.hasSide) {
         c.warning({it.adult.id("nebenerwerb-fehlt"), "work", "Kosten ohne Nebenerwerb",
-                   told + "aber kein Lohnausweis eines Nebenerwerbs. Sie zählen so nicht.",
+                   told + ", aber kein Lohnausweis eines Nebenerwerbs. Sie zählen so nicht.",
                    it.path("sideJobActualCosts")});
-    } else if (!work.sideJobUseActual) {
+    } else if (!work.sideJobUseActual
+               && work.sideJobActualCosts > it.larger(&WorkExpenseBreakdown::sideJob)) {
         c.info({it.adult.id("nebenerwerb-nicht-gewaehlt"), "work",
                 "Tatsächliche Kosten nicht gewählt",
-                told + "gerechnet wird aber mit der Pauschale.", it.path("sideJobUseActual")});
+                told + ". Gerechnet wird beim Kanton "
+                    + flatRateOf(workExpenses(it.facts, work, it.rules).sideJob)
+                    + "; mit Belegen gelten die tatsächlichen Kosten.",
+                it.path("sideJobUseActual")});
     }
 }
 
 void checkWorkInStGallen(CheckContext& c, const RuleBook& rules, const Adult& adult) {
     const Costs it{adult, adult.deductions.work, EmploymentFacts(adult.income.salaries),
-                   rules.cantonal.berufskosten};
+                   rules.cantonal.berufskosten, rules.federal.berufskosten};
     checkWithoutSalary(c, it);
     if (!it.facts.employed) {
         return;

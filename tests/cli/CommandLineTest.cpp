@@ -208,6 +208,24 @@ TEST_F(CommandLine, checksACaseAndComparesItWithTheYearBefore) {
     EXPECT_EQ(run("pruefe", "{}").exitCode, 1);
 }
 
+TEST_F(CommandLine, reviewsTheDocumentsOfAStateFile) {
+    const auto stateWith = [](const std::string& applied) {
+        return "{\"version\": 1, \"transferChecked\": {}, \"documents\": [{\"id\": "
+               "\"6f1c2b9a-0000-4000-8000-00000000000a\", \"year\": 2025, \"kind\": \"spende\", "
+               "\"title\": \"Dankesbrief\", \"fileName\": \"a.pdf\", \"importedAt\": "
+               "\"2026-01-05T09:00:00+01:00\", \"amount\": 120, \"note\": \"\", "
+               "\"isApplied\": "
+               + applied + "}], \"cases\": {\"2025\": " + toJson(DemoData::family(2025)) + "}}";
+    };
+    EXPECT_NE(run("pruefe --jahr 2025", stateWith("false")).out.find("Dankesbrief"),
+              std::string::npos);
+    EXPECT_EQ(run("pruefe --jahr 2025", stateWith("true")).out.find("Dankesbrief"),
+              std::string::npos);
+    std::string otherYear = stateWith("false");
+    otherYear.replace(otherYear.find("\"year\": 2025"), 12, "\"year\": 2024");
+    EXPECT_EQ(run("pruefe --jahr 2025", otherYear).out.find("Dankesbrief"), std::string::npos);
+}
+
 TEST_F(CommandLine, readsOneYearOfAStateFile) {
     const std::string cases = "{\"version\": 1, \"documents\": [], \"transferChecked\": {}, "
                               "\"cases\": {\"2025\": "

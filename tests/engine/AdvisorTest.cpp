@@ -1,6 +1,7 @@
 #include "TaxCore/review/Advisor.h"
 
 #include "TaxCore/demo/DemoData.h"
+#include "TaxCore/review/Review.h"
 #include "tests/support/CaseFile.h"
 #include "tests/support/Computed.h"
 #include "tests/support/ReviewCase.h"
@@ -391,6 +392,31 @@ TEST(Advisor, ordersTipsBySavingAndTellsWhenItIsTooLate) {
     poor.income1.salaries[0].grossSalary = 12'000;
     poor.income2 = {};
     EXPECT_TRUE(Computed(poor).tips().empty());
+}
+
+/// What a tip tells with its saving is no notice as well; where nothing is saved the notice stays.
+TEST(Review, leavesANoticeToTheTipThatTellsTheSame) {
+    TaxCase household = spotlessHousehold();
+    household.deductions1.work.publicTransportCost = 0;
+    household.deductions1.work.carKmOneWay = 30;
+    household.deductions1.work.carWorkDays = 220;
+    household.deductions1.work.carJustification.clear();
+    const auto holds = [](const std::vector<Notice>& list, const std::string& id) {
+        return std::ranges::find(list, id, &Notice::id) != list.end();
+    };
+    const auto reviewOf = [](const TaxCase& taxCase) {
+        const Computed computed(taxCase);
+        return Review::of({computed.calculator, taxCase, computed.result, inTheYear(taxCase)});
+    };
+    const Review saving = reviewOf(household);
+    EXPECT_TRUE(holds(saving.tips, "tipp-auto-1"));
+    EXPECT_FALSE(holds(saving.notices, "arbeitsweg-begruendung-1"));
+
+    household.deductions1.work.carKmOneWay = 1;
+    household.deductions1.work.publicTransportCost = 3'000;
+    const Review none = reviewOf(household);
+    EXPECT_FALSE(holds(none.tips, "tipp-auto-1"));
+    EXPECT_TRUE(holds(none.notices, "arbeitsweg-begruendung-1"));
 }
 
 /// Payments and acts of the year are over with it; choices and entries of the return are not.

@@ -1,5 +1,5 @@
 #include "TaxCore/demo/DemoData.h"
-#include "tests/support/CheckRows.h"
+#include "tests/engine/CheckTables.h"
 
 #include <gtest/gtest.h>
 
@@ -238,4 +238,7 @@ TEST(FamilyChecks, findOnlyWhatIsMeantInTheDemoHouseholds) {
 }
 
 } // namespace
+
+std::vector<testing::CheckRow> testing::familyRows() { return allRows(); }
+
 } // namespace taxcore

@@ -1,4 +1,4 @@
-#include "tests/support/CheckRows.h"
+#include "tests/engine/CheckTables.h"
 
 #include <gtest/gtest.h>
 
@@ -246,4 +246,7 @@ TEST(IncomeChecks, tellOfOneFaultOnce) {
 }
 
 } // namespace
+
+std::vector<testing::CheckRow> testing::incomeRows() { return allRows(); }
+
 } // namespace taxcore

@@ -1,4 +1,4 @@
-#include "tests/support/CheckRows.h"
+#include "tests/engine/CheckTables.h"
 
 #include <gtest/gtest.h>
 
@@ -157,12 +157,14 @@ std::vector<testing::LevelledRow> householdRows() {
     };
 }
 
-TEST(OtherChecks, speakUp) {
+std::vector<testing::LevelledRow> allRows() {
     std::vector<testing::LevelledRow> rows = childRows();
     std::ranges::move(giftAndBillRows(), std::back_inserter(rows));
     std::ranges::move(householdRows(), std::back_inserter(rows));
-    testing::expectAllChecks({"OtherChecks.cpp"}, rows);
+    return rows;
 }
+
+TEST(OtherChecks, speakUp) { testing::expectAllChecks({"OtherChecks.cpp"}, allRows()); }
 
 TEST(OtherChecks, recogniseParties) {
     struct Recipient {
@@ -171,19 +173,67 @@ TEST(OtherChecks, recogniseParties) {
         bool isLiechtensteinParty;
     };
     for (const auto& [name, swiss, liechtenstein] : {
-             Recipient{"Ortspartei Sevelen", true, true},
+             // Known names stand anywhere, in any spelling of their letters.
+             Recipient{"svp", true, false},
+             {"SVP des Kantons St.Gallen", true, false},
+             {"Spende FDP.Die Liberalen", true, false},
+             {"JUSO", true, false},
+             {"Grünliberale Partei", true, true},
+             {"GRÜNLIBERALE St.Gallen", true, false},
+             {"Gruenliberale Wil", true, false},
+             {"Jungfreisinnige Rheintal", true, false},
+             {"Junge SVP", true, false},
+             {"EVP", true, false},
+             {"Sozialdemokratische Partei der Schweiz", true, true},
+             {"Ortspartei Sevelen", true, true},
+             {"Eidgenössisch-Demokratische Union", true, false},
+             {"Freie Liste", false, true},
+             {"Vaterländische Union, Ortsgruppe Balzers", false, true},
+             {"VATERLÄNDISCHE UNION", false, true},
+             {"Fortschrittliche Bürgerpartei", true, true},
+             {"fbp Gamprin", false, true},
+             {"DpL", false, true},
+             {"Demokraten pro Liechtenstein", false, true},
+             // Short ones stand alone or beside a place.
+             {"SP", true, false},
+             {"SP Stadt St.Gallen", true, false},
+             {"sp buchs", true, false},
+             {"SP Schweiz", true, false},
+             {"SP Frauen Kanton St.Gallen", true, false},
+             {"jf sg", true, false},
+             {"Die Mitte", true, false},
              {"Die Mitte Werdenberg", true, false},
+             {"«Die Mitte»", true, false},
              {"Mitte SG", true, false},
-             {"Spitex Region Mitte", false, false},
+             {"Junge Mitte", true, false},
+             {"Grüne", true, false},
+             {"GRÜNE Schweiz", true, false},
+             {"Gru\u0308ne St.Gallen", true, false},
+             {"Die Grünen", true, false},
              {"Junge Grüne", true, false},
-             {"Verein grüne Wiese", false, false},
-             {"FDP.Die Liberalen", true, false},
-             {"SPITEX Buchs", false, false},
+             {"EDU Toggenburg", true, false},
+             {"PdA", true, false},
+             {"VU", false, true},
              {"VU Balzers", false, true},
              {"FL", false, true},
-             {"Freie Liste", false, true},
-             {"Rotes Kreuz FL", false, false},
+             {"FL Triesenberg", false, true},
+             // What only looks like a party.
              {"", false, false},
+             {"Grünes Kreuz", false, false},
+             {"Verein grüne Wiese", false, false},
+             {"Grüne Oase Wil", false, false},
+             {"Verein Die Mitte der Welt", false, false},
+             {"Spitex Region Mitte", false, false},
+             {"Mitte des Lebens", false, false},
+             {"Rotes Kreuz FL", false, false},
+             {"SP Unihockey", false, false},
+             {"Edu Stiftung", false, false},
+             {"SPITEX Buchs", false, false},
+             {"Hospiz VU-Haus", false, false},
+             {"Unparteiische Hilfe", false, false},
+             {"Gegenpartei", false, false},
+             {"Frauenhaus St.Gallen", false, false},
+             {"Stiftung Freier Wille", false, false},
          }) {
         for (const bool inLiechtenstein : {false, true}) {
             TaxCase taxCase =
@@ -205,4 +255,9 @@ TEST(OtherChecks, leaveOutChildrenNotYetBorn) {
 }
 
 } // namespace
+
+std::vector<testing::CheckRow> testing::otherPageRows() {
+    return testing::withoutLevels(allRows());
+}
+
 } // namespace taxcore

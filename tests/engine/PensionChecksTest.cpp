@@ -1,4 +1,4 @@
-#include "tests/support/CheckRows.h"
+#include "tests/engine/CheckTables.h"
 
 #include <gtest/gtest.h>
 
@@ -122,10 +122,14 @@ std::vector<testing::LevelledRow> paymentRows() {
     };
 }
 
-TEST(PensionChecks, speakUp) {
+std::vector<testing::LevelledRow> allRows() {
     std::vector<testing::LevelledRow> rows = pensionFundRows();
     std::ranges::move(paymentRows(), std::back_inserter(rows));
-    testing::expectAllChecks({"PensionChecks.cpp"}, rows, {"kapitalbezug-nach-einkauf"});
+    return rows;
+}
+
+TEST(PensionChecks, speakUp) {
+    testing::expectAllChecks({"PensionChecks.cpp"}, allRows(), {"kapitalbezug-nach-einkauf"});
 }
 
 /// Whether a notice stands in the review of a case beside the same household's case of another
@@ -168,4 +172,7 @@ TEST(PensionChecks, lookForBuyInsInTheThreeYearsBeforeCapitalIsDrawn) {
 }
 
 } // namespace
+
+std::vector<testing::CheckRow> testing::pensionRows() { return testing::withoutLevels(allRows()); }
+
 } // namespace taxcore

@@ -1,4 +1,4 @@
-#include "tests/support/CheckRows.h"
+#include "tests/engine/CheckTables.h"
 
 #include <gtest/gtest.h>
 
@@ -147,4 +147,7 @@ TEST(ScopeChecks, listWhatIsNotComputed) {
 }
 
 } // namespace
+
+std::vector<testing::CheckRow> testing::scopeRows() { return rows(); }
+
 } // namespace taxcore

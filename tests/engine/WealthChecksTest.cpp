@@ -1,4 +1,4 @@
-#include "tests/support/CheckRows.h"
+#include "tests/engine/CheckTables.h"
 
 #include <gtest/gtest.h>
 
@@ -66,6 +66,13 @@ SecurityEntry& add(TaxCase& c, AssetKind kind, const Decimal& value, const char*
     entry.taxValue = value;
     entry.ibanOrValor = number;
     return entry;
+}
+
+/// Shares of a property, in percent, in a household of its own.
+void own(RealEstate& property, int share1, int share2, CivilStatus& status) {
+    property.sharePerson1 = share1;
+    property.sharePerson2 = share2;
+    status = CivilStatus::geschieden;
 }
 
 std::vector<testing::LevelledRow> accountRows() {
@@ -159,6 +166,18 @@ std::vector<testing::LevelledRow> propertyRows() {
           },
           liechtensteinOwners}},
         {warning,
+         {"liegenschaft-nicht-gemeinsam-1",
+          [](TaxCase& c) { own(c.realEstate[0], 0, 100, c.civilStatus); },
+          [](TaxCase& c) { own(c.realEstate[0], 1, 99, c.civilStatus); }, owners}},
+        {warning,
+         {"liegenschaft-nicht-gemeinsam-1",
+          [](TaxCase& c) { own(c.realEstate[0], 0, 100, c.civilStatus); },
+          [](TaxCase& c) {
+              own(c.realEstate[0], 0, 100, c.civilStatus);
+              c.li->useRealEstateFromList = false;
+          },
+          liechtensteinOwners}},
+        {warning,
          {"hauptwohnsitz-gemeinde-1", [](TaxCase& c) { c.realEstate[0].municipality = "Wil"; },
           [](TaxCase& c) { c.realEstate[0].municipality = "ST.GALLEN"; }, owners}},
         {warning,
@@ -229,11 +248,15 @@ std::vector<testing::LevelledRow> possessionRows() {
     };
 }
 
-TEST(WealthChecks, speakUp) {
+std::vector<testing::LevelledRow> allRows() {
     std::vector<testing::LevelledRow> rows = accountRows();
     std::ranges::move(propertyRows(), std::back_inserter(rows));
     std::ranges::move(possessionRows(), std::back_inserter(rows));
-    testing::expectAllChecks({"SecurityChecks.cpp", "WealthChecks.cpp"}, rows);
+    return rows;
+}
+
+TEST(WealthChecks, speakUp) {
+    testing::expectAllChecks({"SecurityChecks.cpp", "WealthChecks.cpp"}, allRows());
 }
 
 TEST(WealthChecks, findNothingInPossessionsInOrder) {
@@ -257,4 +280,7 @@ TEST(WealthChecks, knowAForeignAccountByItsNumber) {
 }
 
 } // namespace
+
+std::vector<testing::CheckRow> testing::wealthRows() { return testing::withoutLevels(allRows()); }
+
 } // namespace taxcore

@@ -1,4 +1,4 @@
-#include "tests/support/CheckRows.h"
+#include "tests/engine/CheckTables.h"
 
 #include <gtest/gtest.h>
 
@@ -92,10 +92,32 @@ std::vector<CheckRow> otherRows() {
          [](TaxCase& c) { eatOut(c, MealSituation::keine, 0); }},
         {"verpflegung-tage-1", [](TaxCase& c) { eatOut(c, MealSituation::schicht, 221); },
          [](TaxCase& c) { eatOut(c, MealSituation::schicht, 220); }},
-        {"uebrige-kosten-nicht-gewaehlt-1", [](TaxCase& c) { work(c).actualOtherCosts = 1; },
+        {"uebrige-kosten-nicht-gewaehlt-1",
+         // the canton's flat rate at its most; 3% of the salary are less
+         [](TaxCase& c) { work(c).actualOtherCosts = 2'401; },
+         [](TaxCase& c) { work(c).actualOtherCosts = 2'400; }},
+        {"uebrige-kosten-nicht-gewaehlt-1", [](TaxCase& c) { work(c).actualOtherCosts = 9'000; },
+         [](TaxCase& c) {
+             work(c).actualOtherCosts = 9'000;
+             work(c).useActualOtherCosts = true;
+         }},
+        {"uebrige-kosten-nicht-gewaehlt-1", // more than the canton's, less than the federation's
+         [](TaxCase& c) {
+             c.income1.salaries[0].grossSalary = 200'000;
+             work(c).actualOtherCosts = 4'001;
+         },
+         [](TaxCase& c) {
+             c.income1.salaries[0].grossSalary = 200'000;
+             work(c).actualOtherCosts = 4'000;
+         }},
+        {"uebrige-kosten-nicht-gewaehlt-1", // no flat rate beside the employer's
          [](TaxCase& c) {
              work(c).actualOtherCosts = 1;
-             work(c).useActualOtherCosts = true;
+             c.income1.salaries[0].flatRateExpenses = 3'000;
+         },
+         [](TaxCase& c) {
+             work(c).actualOtherCosts = 9'000;
+             c.income1.salaries[0].isMainEmployment = false;
          }},
         {"uebrige-kosten-pauschalspesen-1",
          [](TaxCase& c) { c.income1.salaries[0].flatRateExpenses = 3'000; },
@@ -152,6 +174,15 @@ std::vector<CheckRow> otherRows() {
         {"nebenerwerb-fehlt-1", [](TaxCase& c) { work(c).sideJobActualCosts = 900; },
          [](TaxCase& c) {
              work(c).sideJobActualCosts = 900;
+             addSideJob(c);
+         }},
+        {"nebenerwerb-nicht-gewaehlt-1",
+         [](TaxCase& c) {
+             work(c).sideJobActualCosts = 801;
+             addSideJob(c);
+         },
+         [](TaxCase& c) {
+             work(c).sideJobActualCosts = 800;
              addSideJob(c);
          }},
         {"nebenerwerb-nicht-gewaehlt-1",
@@ -239,5 +270,20 @@ TEST(WorkChecks, leadToThePlaceThatIsNotInTheTable) {
     EXPECT_EQ(testing::reviewedIds(taxCase), std::set<std::string>{});
 }
 
+TEST(WorkChecks, adviseKilometresOnlyForAPlaceOfWorkThatIsNotInTheTable) {
+    TaxCase taxCase = spotlessLiechtenstein();
+    const auto advisesAbroad = [&](const char* from, const char* to) {
+        goInland(taxCase, from, to);
+        return testing::reviewed(taxCase).at(0).message.find("«Arbeitsort im Ausland»")
+               != std::string::npos;
+    };
+    EXPECT_TRUE(advisesAbroad("Balzers", "Bern"));
+    EXPECT_TRUE(advisesAbroad("Balzers", ""));
+    EXPECT_FALSE(advisesAbroad("Bern", "Balzers"));
+}
+
 } // namespace
+
+std::vector<testing::CheckRow> testing::workRows() { return allRows(); }
+
 } // namespace taxcore

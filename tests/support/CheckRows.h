@@ -14,6 +14,12 @@ struct LevelledRow {
     CheckRow row;
 };
 
+std::vector<CheckRow> withoutLevels(const std::vector<LevelledRow>& rows);
+
+/// An id without the place it names: "lohn-doppelt" for "lohn-doppelt-1-2", "betrag-hoch" for
+/// "betrag-hoch-income1.boardFees".
+std::string stem(const std::string& id);
+
 /// Asserts what `expectChecks` does, the level of each notice, that it has a page, and that the
 /// rows are complete: every id that the source files (in TaxCore/review) can give stands as a row
 /// or in `elsewhere`, and no row has an id of other files.
