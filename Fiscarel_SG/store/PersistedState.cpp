@@ -24,7 +24,17 @@ StateFault newer(int version) {
 
 } // namespace
 
-std::string encodeState(const PersistedState& state) { return taxcore::toJson(state); }
+std::string encodeState(const PersistedState& state) {
+    // The texts of the documents are most of it; room for them spares copying while it grows.
+    std::size_t texts = 0;
+    for (const StoredDocument& document : state.documents) {
+        texts += document.recognizedText ? document.recognizedText->size() : 0;
+    }
+    std::string json;
+    json.reserve(texts + texts / 4 + 1'000 * state.documents.size());
+    taxcore::JsonWriter(json, taxcore::JsonStyle::pretty).write(state);
+    return json += '\n';
+}
 
 tl::expected<PersistedState, StateFault> decodeState(std::string_view json) {
     auto state = taxcore::fromJson<PersistedState>(json);

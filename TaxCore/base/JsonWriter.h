@@ -60,6 +60,8 @@ class JsonWriter {
   private:
     template <Record T, std::size_t I>
     void writeEntry(const T& record);
+    template <class PlainLength>
+    void writeEscaped(std::string_view text, const PlainLength& plainLength);
     void writeEscape(char c);
     void lineBreak();
 

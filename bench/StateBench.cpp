@@ -1,0 +1,169 @@
+// How fast ten years of data with two thousand documents are read and saved. Compare ratios within
+// one run: reading against the JSON library's own pass over the same bytes, saving against writing
+// and syncing the same bytes.
+
+#include "Fiscarel_SG/Persistence.h"
+#include "Fiscarel_SG/store/PosixFiles.h"
+#include "TaxCore/demo/DemoData.h"
+
+#include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <malloc.h>
+#include <simdjson.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace fiscarel;
+
+/// A folder below the working directory: temporary folders are often no real disk.
+const fs::path& folder() {
+    static const fs::path made = [] {
+        fs::path path = fs::current_path() / "state-bench.tmp";
+        fs::create_directories(path);
+        return path;
+    }();
+    return made;
+}
+
+const PersistedState& household() {
+    static const PersistedState state = [] {
+        PersistedState made;
+        for (int year = 2017; year <= 2026; ++year) {
+            made.cases[year] = taxcore::DemoData::family(year);
+        }
+        std::string text;
+        while (text.size() < 5'000) {
+            text += "Lohnausweis für das Jahr 2025\n8 Bruttolohn total 82’400.00\n";
+        }
+        for (int i = 0; i < 2'000; ++i) {
+            StoredDocument& document = made.documents.emplace_back();
+            document.year = 2017 + i % 10;
+            document.title = "Beleg " + std::to_string(i);
+            document.fileName = document.id.toString() + "-beleg.pdf";
+            document.importedAt = {1'770'000'000 + i};
+            document.recognizedText = text;
+            document.amount = i;
+        }
+        return made;
+    }();
+    return state;
+}
+
+const std::string& encoded() {
+    static const std::string text = encodeState(household());
+    return text;
+}
+
+double megabytes(std::size_t bytes) { return static_cast<double>(bytes) / 1e6; }
+
+/// What the JSON library needs to walk every value of the text.
+void loadingLibraryAlone(benchmark::State& state) {
+    const simdjson::padded_string padded(encoded());
+    simdjson::ondemand::parser parser;
+    struct Walk {
+        static std::size_t all(simdjson::ondemand::value value) {
+            std::size_t bytes = 0;
+            switch (value.type()) {
+            case simdjson::ondemand::json_type::object:
+                for (auto field : value.get_object()) {
+                    bytes += field.unescaped_key().value().size() + all(field.value());
+                }
+                return bytes;
+            case simdjson::ondemand::json_type::array:
+                for (auto item : value.get_array()) {
+                    bytes += all(item.value());
+                }
+                return bytes;
+            case simdjson::ondemand::json_type::string:
+                return value.get_string().value().size();
+            default:
+                return value.raw_json_token().size();
+            }
+        }
+    };
+    for (auto _ : state) {
+        auto document = parser.iterate(padded);
+        benchmark::DoNotOptimize(Walk::all(document.get_value()));
+    }
+    state.counters["MB"] = megabytes(encoded().size());
+}
+BENCHMARK(loadingLibraryAlone)->Unit(benchmark::kMillisecond);
+
+void loadingDecode(benchmark::State& state) {
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(decodeState(encoded()));
+    }
+}
+BENCHMARK(loadingDecode)->Unit(benchmark::kMillisecond);
+
+/// From the disk's cache to the state.
+void loadingFile(benchmark::State& state) {
+    PosixFiles files;
+    const SystemClock clock;
+    Persistence persistence(files, clock, folder());
+    (void)persistence.save(encoded());
+    malloc_trim(0);
+    const std::size_t before = mallinfo2().uordblks;
+    for (auto _ : state) {
+        const LoadedState loaded = persistence.load();
+        benchmark::DoNotOptimize(&loaded);
+        state.counters["MBheld"] = megabytes(mallinfo2().uordblks - before);
+    }
+}
+BENCHMARK(loadingFile)->Unit(benchmark::kMillisecond);
+
+void savingEncode(benchmark::State& state) {
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(encodeState(household()));
+    }
+}
+BENCHMARK(savingEncode)->Unit(benchmark::kMillisecond);
+
+void savingBytesAlone(benchmark::State& state) {
+    const fs::path file = folder() / "bytes";
+    for (auto _ : state) {
+        const int out = ::open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+        if (::write(out, encoded().data(), encoded().size()) < 0 || ::fsync(out) != 0) {
+            state.SkipWithError("the disk does not take it");
+        }
+        ::close(out);
+    }
+}
+BENCHMARK(savingBytesAlone)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// Until the state file is safe: encoding, writing, syncing.
+void savingStateFile(benchmark::State& state) {
+    PosixFiles files;
+    for (auto _ : state) {
+        (void)files.write(folder() / "daten.json", encodeState(household()));
+    }
+}
+BENCHMARK(savingStateFile)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// The same with the daily backup, which is written behind it.
+void savingWithBackup(benchmark::State& state) {
+    PosixFiles files;
+    const SystemClock clock;
+    Persistence persistence(files, clock, folder());
+    for (auto _ : state) {
+        (void)persistence.save(encodeState(household()));
+    }
+}
+BENCHMARK(savingWithBackup)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+} // namespace
+
+int main(int argc, char** argv) {
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    std::error_code ignored;
+    fs::remove_all(folder(), ignored);
+    return 0;
+}
