@@ -1,0 +1,52 @@
+#pragma once
+
+#ifndef Q_MOC_RUN
+#include "Fiscarel_SG/forms/Field.h"
+#endif
+
+#include <QString>
+#include <QWidget>
+
+#include <functional>
+
+namespace fiscarel::forms {
+
+/// Edits the value of one field. What a user types stays as typed while it cannot be read; the
+/// problem is then told in German and the value stays what it was.
+class FieldEditor : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit FieldEditor(QWidget* parent) : QWidget(parent) {}
+
+    /// Shows a value that came from elsewhere; emits nothing. An equal one leaves alone what is
+    /// being typed.
+    virtual void setValue(const Value& value) = 0;
+    virtual Value value() const = 0;
+    /// Last year's value, shown faintly while the field is empty; absent values show nothing.
+    virtual void setHint(const Value& lastYear) = 0;
+    /// Why what is typed cannot be read, one German sentence; empty while it can.
+    virtual QString problem() const { return {}; }
+    /// The widget that takes the keyboard; it carries the accessible name.
+    virtual QWidget* input() = 0;
+
+  Q_SIGNALS:
+    /// The user changed the value.
+    void edited();
+    /// `problem` changed.
+    void problemChanged();
+    /// The keyboard went elsewhere: the next edit is another one.
+    void left();
+};
+
+/// What editors ask of their surroundings.
+struct EditorContext {
+    PageContext page;
+    /// The case being edited; the parish editor asks for its municipality.
+    std::function<const TaxCase&()> taxCase;
+};
+
+/// The editor for a field; owned by `parent`. Its input is named after the field's path.
+FieldEditor* makeEditor(const BoundField& field, const EditorContext& context, QWidget* parent);
+
+} // namespace fiscarel::forms
