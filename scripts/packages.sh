@@ -3,7 +3,7 @@
 buildPackages=(
     g++ cmake ninja-build pkg-config
     libboost1.81-dev libsimdjson-dev libexpected-dev libcli11-dev
-    qt6-base-dev libqt6charts6-dev libqt6svg6-dev libqt6opengl6-dev fonts-inter
+    qt6-base-dev qt6-charts-dev qt6-svg-dev libqt6opengl6-dev fonts-inter
 )
 testPackages=(libgtest-dev libbenchmark-dev)
 lintPackages=(clang-tidy clang-format git)
