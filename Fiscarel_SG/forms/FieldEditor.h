@@ -6,7 +6,6 @@
 
 #include <QString>
 #include <QWidget>
-
 #include <functional>
 
 namespace fiscarel::forms {

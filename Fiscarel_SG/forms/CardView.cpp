@@ -1,0 +1,120 @@
+#include "Fiscarel_SG/forms/CardView.h"
+
+#include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/forms/ListView.h"
+#include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/forms/TableView.h"
+#include "Fiscarel_SG/shell/Theme.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace fiscarel::forms {
+
+CardView::CardView(const std::string& title, const std::string& help, Figures figures,
+                   Condition shown, AppStore& store, QWidget* parent)
+    : QFrame(parent), store_(store), figures_(std::move(figures)), shown_(std::move(shown)),
+      content_(new QVBoxLayout), figureGrid_(new QGridLayout) {
+    shell::setRole(this, "card");
+    auto* const outer = new QVBoxLayout(this);
+    outer->setContentsMargins(20, 16, 20, 16);
+    outer->setSpacing(8);
+    if (!title.empty()) {
+        auto* const heading = new QLabel(qs(title), this);
+        shell::setRole(heading, "heading");
+        outer->addWidget(heading);
+    }
+    if (!help.empty()) {
+        auto* const text = new QLabel(qs(help), this);
+        text->setWordWrap(true);
+        shell::setRole(text, "faint");
+        outer->addWidget(text);
+    }
+    content_->setSpacing(6);
+    outer->addLayout(content_);
+    figureGrid_->setHorizontalSpacing(12);
+    figureGrid_->setVerticalSpacing(4);
+    outer->addLayout(figureGrid_);
+}
+
+void CardView::refresh() {
+    if (shown_) {
+        setVisible(shown_(store_.current()));
+    }
+}
+
+void CardView::refreshFigures() {
+    const auto* result = store_.result();
+    std::vector<Figure> figures =
+        figures_ && result != nullptr ? figures_(store_.current(), *result) : std::vector<Figure>{};
+    const auto same = [](const Figure& a, const Figure& b) {
+        return a.label == b.label && a.text == b.text && a.note == b.note;
+    };
+    if (std::ranges::equal(figures, shownFigures_, same)) {
+        return;
+    }
+    shownFigures_ = std::move(figures);
+    while (QLayoutItem* const item = figureGrid_->takeAt(0)) {
+        delete item->widget();
+        delete item;
+    }
+    int row = 0;
+    for (const Figure& figure : shownFigures_) {
+        auto* const label = new QLabel(qs(figure.label), this);
+        auto* const text = new QLabel(qs(figure.text), this);
+        auto* const note = new QLabel(qs(figure.note), this);
+        shell::setRole(label, "faint");
+        shell::setRole(text, "figure");
+        shell::setRole(note, "small");
+        note->setWordWrap(true);
+        text->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        label->setMinimumWidth(250);
+        figureGrid_->addWidget(label, row, 0);
+        figureGrid_->addWidget(text, row, 1);
+        figureGrid_->addWidget(note, row, 2);
+        ++row;
+    }
+    figureGrid_->setColumnStretch(2, 1);
+}
+
+FieldsView::FieldsView(const FieldsCard& card, AppStore& store, const EditorContext& context,
+                       QWidget* parent)
+    : CardView(card.title, card.help, card.figures, card.shown, store, parent) {
+    for (const BoundField& field : card.fields) {
+        auto* const row = new FieldRow(field, store, context, this);
+        content().addWidget(row);
+        rows_.push_back(row);
+    }
+}
+
+void FieldsView::refresh() {
+    CardView::refresh();
+    for (FieldRow* row : rows_) {
+        row->refresh();
+    }
+}
+
+bool FieldsView::reveal(const std::string& path) {
+    for (FieldRow* row : rows_) {
+        if (row->field().path == path && !row->isHidden()) {
+            row->focusField();
+            return true;
+        }
+    }
+    return false;
+}
+
+CardView* makeCard(const Card& card, AppStore& store, const EditorContext& context,
+                   QWidget* parent) {
+    if (const auto* fields = std::get_if<FieldsCard>(&card)) {
+        return new FieldsView(*fields, store, context, parent);
+    }
+    const auto& list = std::get<ListCard>(card);
+    if (list.isTable) {
+        return new TableView(list, store, context, parent);
+    }
+    return new ListView(list, store, context, parent);
+}
+
+} // namespace fiscarel::forms

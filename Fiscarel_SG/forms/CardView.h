@@ -1,0 +1,64 @@
+#pragma once
+
+#ifndef Q_MOC_RUN
+#include "Fiscarel_SG/forms/FieldRow.h"
+#include "Fiscarel_SG/forms/Page.h"
+#endif
+
+#include <QFrame>
+#include <vector>
+
+class QGridLayout;
+class QLabel;
+class QVBoxLayout;
+
+namespace fiscarel::forms {
+
+/// A framed part of a page with a heading, and below its content the figures that belong to it.
+class CardView : public QFrame {
+    Q_OBJECT
+
+  public:
+    CardView(const std::string& title, const std::string& help, Figures figures, Condition shown,
+             AppStore& store, QWidget* parent);
+
+    /// The entries changed.
+    virtual void refresh();
+    /// The result changed.
+    void refreshFigures();
+    /// Shows the field at a path and gives it the keyboard; false when it is not here.
+    virtual bool reveal(const std::string& path) = 0;
+
+  protected:
+    AppStore& store() noexcept { return store_; }
+    QVBoxLayout& content() noexcept { return *content_; }
+
+  private:
+    AppStore& store_;
+    Figures figures_;
+    Condition shown_;
+    QVBoxLayout* content_;
+    QGridLayout* figureGrid_;
+    std::vector<Figure> shownFigures_;
+};
+
+/// A card of fields.
+class FieldsView final : public CardView {
+    Q_OBJECT
+
+  public:
+    FieldsView(const FieldsCard& card, AppStore& store, const EditorContext& context,
+               QWidget* parent);
+
+    void refresh() override;
+    bool reveal(const std::string& path) override;
+
+  private:
+    std::vector<FieldRow*> rows_;
+};
+
+/// A card for a list or a table of records, or for fields.
+CardView* makeCard(const Card& card, AppStore& store, const EditorContext& context,
+                   QWidget* parent);
+
+} // namespace fiscarel::forms

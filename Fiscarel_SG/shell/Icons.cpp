@@ -1,0 +1,34 @@
+#include "Fiscarel_SG/shell/Icons.h"
+
+#include <QFile>
+#include <QPainter>
+#include <QPixmap>
+#include <QSvgRenderer>
+
+namespace fiscarel::shell {
+
+using namespace Qt::Literals::StringLiterals;
+
+QIcon pageIcon(const QString& id, const QColor& color) {
+    QFile file(u":/icons/%1.svg"_s.arg(id));
+    if (!file.open(QIODevice::ReadOnly)) {
+        return {};
+    }
+    QByteArray drawing = file.readAll();
+    drawing.replace("#000000", color.name().toLatin1());
+    QSvgRenderer renderer(drawing);
+    QIcon icon;
+    for (const int size : {20, 40, 60}) {
+        QPixmap pixmap(size, size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        renderer.render(&painter);
+        painter.end();
+        icon.addPixmap(pixmap);
+    }
+    return icon;
+}
+
+QIcon programIcon() { return QIcon(u":/fiscarel-sg.svg"_s); }
+
+} // namespace fiscarel::shell

@@ -1,0 +1,441 @@
+#include "Fiscarel_SG/shell/MainWindow.h"
+
+#include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/forms/FormPage.h"
+#include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/pages/AccountPage.h"
+#include "Fiscarel_SG/pages/DocumentsPage.h"
+#include "Fiscarel_SG/pages/InputPages.h"
+#include "Fiscarel_SG/pages/OverviewPage.h"
+#include "Fiscarel_SG/pages/ReportPage.h"
+#include "Fiscarel_SG/pages/ReviewPage.h"
+#include "Fiscarel_SG/pages/TransferPage.h"
+#include "Fiscarel_SG/shell/Icons.h"
+#include "Fiscarel_SG/shell/ReasonDialog.h"
+#include "Fiscarel_SG/shell/SearchDialog.h"
+#include "Fiscarel_SG/shell/StartDialog.h"
+#include "Fiscarel_SG/shell/TaxBar.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMessageBox>
+#include <QProcess>
+#include <QPushButton>
+#include <QShortcut>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QVBoxLayout>
+#include <algorithm>
+
+namespace fiscarel::shell {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int narrow = 1180; ///< below this width the tax bar gives way
+constexpr int messageTime = 5'000;
+
+/// Whether a field or list at a path stands on a page.
+bool holds(const forms::Page& page, const std::string& path) {
+    const auto holdsCard = [&](const forms::Card& card) {
+        if (const auto* fields = std::get_if<forms::FieldsCard>(&card)) {
+            return std::ranges::any_of(
+                fields->fields, [&](const forms::BoundField& field) { return field.path == path; });
+        }
+        const std::string& list = std::get<forms::ListCard>(card).path;
+        return path == list || path.starts_with(list + "[");
+    };
+    return std::ranges::any_of(page.sections, [&](const forms::Section& section) {
+        return std::ranges::any_of(section.cards, holdsCard);
+    });
+}
+
+} // namespace
+
+const std::vector<PageEntry>& MainWindow::pages() {
+    static const std::vector<PageEntry> entries{
+        {u"overview"_s, u"Übersicht"_s},   {u"documents"_s, u"Belege"_s},
+        {u"family"_s, u"Familie"_s},       {u"income"_s, u"Einkommen"_s},
+        {u"work"_s, u"Berufskosten"_s},    {u"pension"_s, u"Vorsorge"_s},
+        {u"other"_s, u"Weitere Abzüge"_s}, {u"wealth"_s, u"Vermögen"_s},
+        {u"review"_s, u"Prüfung"_s},       {u"transfer"_s, u"Übertragen"_s},
+        {u"report"_s, u"Bericht"_s},       {u"account"_s, u"Konto"_s},
+    };
+    return entries;
+}
+
+MainWindow::MainWindow(AppStore& store, Settings& settings, QWidget* parent)
+    : QMainWindow(parent), store_(store), settings_(settings),
+      sidebar_(new Sidebar(store, pages(), this)), stack_(new QStackedWidget(this)),
+      banner_(new QLabel(this)), bannerClose_(new QPushButton(u"Verstanden"_s, this)),
+      taxBar_(new TaxBar(store, this)), search_(new SearchDialog(this)),
+      reason_(new ReasonDialog(store, this)) {
+    setWindowTitle(store.isDemo() ? u"Fiscarel SG – Demohaushalt"_s : u"Fiscarel SG"_s);
+    setWindowIcon(programIcon());
+    setMinimumSize(1000, 640);
+    setRole(banner_, "banner");
+    banner_->setObjectName(u"banner"_s);
+    banner_->setWordWrap(true);
+    bannerClose_->setObjectName(u"bannerClose"_s);
+
+    auto* const centre = new QWidget(this);
+    auto* const line = new QHBoxLayout(centre);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->setSpacing(0);
+    auto* const middle = new QWidget(centre);
+    auto* const column = new QVBoxLayout(middle);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    auto* const bannerLine = new QHBoxLayout;
+    bannerLine->setContentsMargins(24, 12, 24, 0);
+    bannerLine->addWidget(banner_, 1);
+    bannerLine->addWidget(bannerClose_);
+    column->addLayout(bannerLine);
+    column->addWidget(stack_, 1);
+    line->addWidget(sidebar_);
+    line->addWidget(middle, 1);
+    line->addWidget(taxBar_);
+    setCentralWidget(centre);
+    statusBar()->setSizeGripEnabled(false);
+    statusBar()->hide();
+    connect(statusBar(), &QStatusBar::messageChanged, this,
+            [this](const QString& text) { statusBar()->setVisible(!text.isEmpty()); });
+
+    restoreWindow();
+    rebuildPages();
+    connectStore();
+    addShortcuts();
+    showLoadError();
+    qApp->installEventFilter(this);
+}
+
+MainWindow::~MainWindow() { qApp->removeEventFilter(this); }
+
+forms::PageContext MainWindow::context() const {
+    forms::PageContext context{.year = store_.year(), .region = store_.current().taxRegion()};
+    if (const auto* calculator = store_.calculator()) {
+        context.stGallen = calculator->stGallen();
+        context.liechtenstein = calculator->liechtenstein();
+    }
+    return context;
+}
+
+void MainWindow::connectStore() {
+    connect(&store_, &AppStore::currentChanged, this, &MainWindow::entriesChanged);
+    connect(&store_, &AppStore::documentsChanged, this, &MainWindow::entriesChanged);
+    connect(&store_, &AppStore::transferChanged, this, &MainWindow::entriesChanged);
+    connect(&store_, &AppStore::resultChanged, this, &MainWindow::resultChanged);
+    connect(&store_, &AppStore::saveStateChanged, sidebar_, &Sidebar::refreshSaveState);
+    connect(&store_, &AppStore::loadErrorChanged, this, &MainWindow::showLoadError);
+    connect(bannerClose_, &QPushButton::clicked, this, [this] { store_.dismissLoadError(); });
+    connect(sidebar_, &Sidebar::pageWanted, this, &MainWindow::showPage);
+    connect(sidebar_, &Sidebar::yearWanted, this, [this](int year) { store_.setYear(year); });
+    connect(sidebar_, &Sidebar::regionWanted, this, [this](bool liechtenstein) {
+        store_.setRegion(liechtenstein ? taxcore::TaxRegion::liechtenstein
+                                       : taxcore::TaxRegion::stGallen);
+    });
+    connect(taxBar_, &TaxBar::reasonWanted, this, &MainWindow::showReason);
+    connect(reason_, &ReasonDialog::fieldWanted, this, &MainWindow::showField);
+    connect(search_, &SearchDialog::chosen, this, [this](const SearchEntry& entry) {
+        switch (entry.kind) {
+        case SearchEntry::Kind::page:
+            showPage(qs(entry.target));
+            break;
+        case SearchEntry::Kind::field:
+            showField(qs(entry.target));
+            break;
+        case SearchEntry::Kind::line:
+            showReason(qs(entry.target));
+            break;
+        case SearchEntry::Kind::document:
+            showPage(u"documents"_s);
+            break;
+        }
+    });
+}
+
+void MainWindow::addShortcuts() {
+    const auto add = [this](const QKeySequence& keys, auto act) {
+        auto* const shortcut = new QShortcut(keys, this);
+        connect(shortcut, &QShortcut::activated, this, act);
+    };
+    add(QKeySequence::Undo, [this] { undo(); });
+    add(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), [this] { redo(); });
+    add(QKeySequence(Qt::CTRL | Qt::Key_Y), [this] { redo(); });
+    add(QKeySequence(Qt::CTRL | Qt::Key_K), [this] { search(); });
+    add(QKeySequence::Quit, [this] { close(); });
+    for (int i = 0; i < 9; ++i) {
+        add(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + i)),
+            [this, i] { showPage(pages()[static_cast<std::size_t>(i)].id); });
+    }
+}
+
+/// Fields have an undo of their own for what is typed; that of the return goes before it.
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride && isActiveWindow()) {
+        const auto& key = dynamic_cast<QKeyEvent&>(*event);
+        if (key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo)) {
+            event->ignore();
+            return true;
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+PageWidget* MainWindow::makePage(const QString& id) {
+    const auto form = std::ranges::find(forms_, utf8(id), &forms::Page::id);
+    if (form != forms_.end()) {
+        return new forms::FormPage(*form, store_, context(), stack_);
+    }
+    if (id == u"review"_s) {
+        return new pages::ReviewPage(store_, stack_);
+    }
+    if (id == u"documents"_s) {
+        return new pages::DocumentsPage(store_, stack_);
+    }
+    if (id == u"transfer"_s) {
+        return new pages::TransferPage(store_, stack_);
+    }
+    if (id == u"report"_s) {
+        return new pages::ReportPage(store_, stack_);
+    }
+    if (id == u"account"_s) {
+        auto* const page = new pages::AccountPage(store_, appearance_, stack_);
+        connect(page, &pages::AccountPage::appearanceWanted, this, &MainWindow::setAppearance);
+        connect(page, &pages::AccountPage::resetWanted, this, &MainWindow::resetYear);
+        return page;
+    }
+    return new pages::OverviewPage(store_, stack_);
+}
+
+PageWidget& MainWindow::pageWidget(const QString& id) {
+    auto& widget = widgets_[id];
+    if (widget == nullptr) {
+        widget = makePage(id);
+        widget->setObjectName(u"page:"_s + id);
+        connect(widget, &PageWidget::fieldWanted, this, &MainWindow::showField);
+        connect(widget, &PageWidget::pageWanted, this, &MainWindow::showPage);
+        connect(widget, &PageWidget::reasonWanted, this, &MainWindow::showReason);
+        stack_->addWidget(widget);
+    } else if (stale_.contains(id)) {
+        widget->refresh();
+        widget->refreshResult();
+    }
+    stale_.erase(id);
+    return *widget;
+}
+
+void MainWindow::showPage(const QString& id) {
+    const bool known =
+        std::ranges::any_of(pages(), [&](const PageEntry& page) { return page.id == id; });
+    if (!known) {
+        return;
+    }
+    const bool another = id != page_;
+    page_ = id;
+    stack_->setCurrentWidget(&pageWidget(id));
+    sidebar_->setPage(id);
+    if (another) {
+        taxBar_->beginPage();
+        store_.endMerging();
+        if (!store_.isDemo()) {
+            settings_.setText("lastPage", utf8(id));
+        }
+    }
+}
+
+bool MainWindow::showField(const QString& path) {
+    const auto page = std::ranges::find_if(
+        forms_, [&](const forms::Page& form) { return holds(form, utf8(path)); });
+    if (page == forms_.end()) {
+        return false;
+    }
+    showPage(qs(page->id));
+    activateWindow();
+    return pageWidget(page_).reveal(utf8(path));
+}
+
+void MainWindow::showReason(const QString& code) {
+    if (reason_->explain(utf8(code))) {
+        reason_->show();
+        reason_->raise();
+    }
+}
+
+/// The input pages are made for a year and a region.
+void MainWindow::rebuildPages() {
+    shownYear_ = store_.year();
+    shownLiechtenstein_ = store_.current().taxRegion() == taxcore::TaxRegion::liechtenstein;
+    forms_ = pages::inputPages(context());
+    for (auto& [id, widget] : widgets_) {
+        stack_->removeWidget(widget);
+        widget->deleteLater();
+    }
+    widgets_.clear();
+    stale_.clear();
+    const QString wanted = page_.isEmpty() ? u"overview"_s : page_;
+    page_.clear();
+    showPage(wanted);
+}
+
+void MainWindow::entriesChanged() {
+    const bool liechtenstein = store_.current().taxRegion() == taxcore::TaxRegion::liechtenstein;
+    if (store_.year() != shownYear_ || liechtenstein != shownLiechtenstein_) {
+        rebuildPages();
+        sidebar_->refresh();
+        taxBar_->refresh();
+        return;
+    }
+    for (const auto& [id, widget] : widgets_) {
+        stale_.insert(id);
+    }
+    if (const auto found = widgets_.find(page_); found != widgets_.end()) {
+        found->second->refresh();
+    }
+}
+
+void MainWindow::resultChanged() {
+    taxBar_->refresh();
+    sidebar_->refresh();
+    for (const auto& [id, widget] : widgets_) {
+        if (id != page_) {
+            stale_.insert(id);
+        }
+    }
+    if (const auto found = widgets_.find(page_); found != widgets_.end()) {
+        found->second->refreshResult();
+        stale_.erase(page_);
+    }
+}
+
+void MainWindow::undo() {
+    const auto name = store_.undo();
+    statusBar()->showMessage(name ? u"«%1» rückgängig gemacht"_s.arg(qs(*name))
+                                  : u"Es gibt nichts rückgängig zu machen."_s,
+                             messageTime);
+}
+
+void MainWindow::redo() {
+    const auto name = store_.redo();
+    statusBar()->showMessage(name ? u"«%1» wiederhergestellt"_s.arg(qs(*name))
+                                  : u"Es gibt nichts wiederherzustellen."_s,
+                             messageTime);
+}
+
+void MainWindow::search() {
+    std::vector<forms::Page> all = forms_;
+    for (const PageEntry& page : pages()) {
+        if (std::ranges::find(forms_, utf8(page.id), &forms::Page::id) == forms_.end()) {
+            all.push_back({.id = utf8(page.id), .title = utf8(page.title)});
+        }
+    }
+    search_->begin(searchEntries(store_, all));
+}
+
+void MainWindow::resetYear() {
+    QMessageBox box(QMessageBox::Warning, u"Steuerjahr zurücksetzen"_s,
+                    u"Das Steuerjahr %1 zurücksetzen?"_s.arg(store_.year()), QMessageBox::NoButton,
+                    this);
+    box.setInformativeText(u"Alle Angaben dieses Jahres werden gelöscht. Belege bleiben erhalten. "
+                           "Eine Sicherung von heute liegt im Datenordner."_s);
+    QPushButton* const reset = box.addButton(u"Zurücksetzen"_s, QMessageBox::DestructiveRole);
+    QPushButton* const keep = box.addButton(u"Abbrechen"_s, QMessageBox::RejectRole);
+    box.setDefaultButton(keep);
+    box.exec();
+    if (box.clickedButton() == reset) {
+        store_.resetYear();
+        statusBar()->showMessage(u"Zurückgesetzt. Mit Ctrl+Z lässt es sich rückgängig machen."_s,
+                                 messageTime);
+    }
+}
+
+void MainWindow::greet() {
+    if (store_.awaitsRecovery()) {
+        offerRecovery(store_, this);
+    } else if (store_.needsRegionChoice()) {
+        auto* const start = new StartDialog(store_, this);
+        start->setAttribute(Qt::WA_DeleteOnClose);
+        connect(start, &StartDialog::demoWanted, this, [](bool liechtenstein) {
+            QStringList arguments{u"-BrennickDemo"_s};
+            if (liechtenstein) {
+                arguments << u"-BrennickLI"_s;
+            }
+            QProcess::startDetached(QCoreApplication::applicationFilePath(), arguments);
+        });
+        start->open();
+    }
+}
+
+void MainWindow::showLoadError() {
+    const auto& message = store_.loadError();
+    banner_->setVisible(message.has_value());
+    bannerClose_->setVisible(message.has_value());
+    banner_->setText(message ? qs(*message) : QString());
+}
+
+void MainWindow::setAppearance(Appearance appearance) {
+    appearance_ = appearance;
+    settings_.setNumber("appearance", static_cast<int>(appearance));
+    applyTheme();
+}
+
+void MainWindow::applyTheme() {
+    Theme::apply(*qobject_cast<QApplication*>(qApp), appearance_);
+    sidebar_->refreshTheme();
+    taxBar_->refresh();
+    for (const auto& [id, widget] : widgets_) {
+        stale_.insert(id);
+    }
+    if (!page_.isEmpty()) {
+        rebuildPages(); // charts and marks take their colours when they are made
+    }
+}
+
+void MainWindow::restoreWindow() {
+    const int appearance = settings_.number("appearance").value_or(0);
+    appearance_ = static_cast<Appearance>(std::clamp(appearance, 0, 2));
+    const int width = settings_.number("windowWidth").value_or(1280);
+    const int height = settings_.number("windowHeight").value_or(820);
+    resize(std::clamp(width, 1000, 10'000), std::clamp(height, 640, 10'000));
+    if (settings_.text("windowMaximized") == "1") {
+        setWindowState(Qt::WindowMaximized);
+    }
+    page_ = qs(settings_.text("lastPage").value_or("overview"));
+    Theme::apply(*qobject_cast<QApplication*>(qApp), appearance_);
+    sidebar_->refreshTheme();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    if (!store_.isDemo()) {
+        if (!isMaximized()) {
+            settings_.setNumber("windowWidth", width());
+            settings_.setNumber("windowHeight", height());
+        }
+        settings_.setText("windowMaximized", isMaximized() ? "1" : "0");
+    }
+    if (!store_.isDemo() && !store_.flush() && store_.saveProblem()) {
+        QMessageBox box(QMessageBox::Warning, u"Nicht gespeichert"_s, qs(*store_.saveProblem()),
+                        QMessageBox::NoButton, this);
+        box.setInformativeText(u"Wenn Sie jetzt beenden, gehen die letzten Änderungen verloren."_s);
+        QPushButton* const leave =
+            box.addButton(u"Trotzdem beenden"_s, QMessageBox::DestructiveRole);
+        box.setDefaultButton(box.addButton(u"Zurück"_s, QMessageBox::RejectRole));
+        box.exec();
+        if (box.clickedButton() != leave) {
+            event->ignore();
+            return;
+        }
+    }
+    event->accept();
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    taxBar_->setVisible(width() >= narrow);
+}
+
+} // namespace fiscarel::shell

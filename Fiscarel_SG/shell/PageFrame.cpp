@@ -1,0 +1,53 @@
+#include "Fiscarel_SG/shell/PageFrame.h"
+
+#include "Fiscarel_SG/shell/Theme.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+namespace fiscarel::shell {
+
+namespace {
+
+constexpr int columnWidth = 860;
+
+} // namespace
+
+PageFrame::PageFrame(const QString& title, const QString& help, QWidget* parent)
+    : QWidget(parent), scroll_(new QScrollArea(this)), column_(new QVBoxLayout) {
+    auto* const outer = new QVBoxLayout(this);
+    outer->setContentsMargins(0, 0, 0, 0);
+    scroll_->setWidgetResizable(true);
+    scroll_->setFrameShape(QFrame::NoFrame);
+    scroll_->setFocusPolicy(Qt::NoFocus);
+    outer->addWidget(scroll_);
+
+    auto* const inner = new QWidget(scroll_);
+    auto* const centred = new QHBoxLayout(inner);
+    centred->setContentsMargins(24, 20, 24, 24);
+    auto* const column = new QWidget(inner);
+    column->setMaximumWidth(columnWidth);
+    column->setLayout(column_);
+    column_->setContentsMargins(0, 0, 0, 0);
+    column_->setSpacing(14);
+    centred->addStretch(1);
+    centred->addWidget(column, 1000);
+    centred->addStretch(1);
+    scroll_->setWidget(inner);
+
+    auto* const heading = new QLabel(title, column);
+    setRole(heading, "title");
+    column_->addWidget(heading);
+    if (!help.isEmpty()) {
+        auto* const line = new QLabel(help, column);
+        line->setWordWrap(true);
+        setRole(line, "faint");
+        column_->addWidget(line);
+    }
+}
+
+void PageFrame::show(QWidget* widget) { scroll_->ensureWidgetVisible(widget, 0, 80); }
+
+} // namespace fiscarel::shell

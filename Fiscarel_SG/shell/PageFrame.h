@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+#include <QWidget>
+
+class QVBoxLayout;
+
+namespace fiscarel::shell {
+
+/// Title and one line of help above a scrolling column of cards.
+class PageFrame final : public QWidget {
+    Q_OBJECT
+
+  public:
+    PageFrame(const QString& title, const QString& help, QWidget* parent);
+
+    /// Where the cards go.
+    QVBoxLayout& column() noexcept { return *column_; }
+    /// Scrolls so that a widget within can be seen.
+    void show(QWidget* widget);
+
+  private:
+    class QScrollArea* scroll_;
+    QVBoxLayout* column_;
+};
+
+} // namespace fiscarel::shell

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QWidget>
+#include <string>
+
+namespace fiscarel::shell {
+
+/// One page of the window.
+class PageWidget : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit PageWidget(QWidget* parent) : QWidget(parent) {}
+
+    /// The entries or the year changed.
+    virtual void refresh() = 0;
+    /// A new result is there.
+    virtual void refreshResult() = 0;
+    /// Shows the field at a path of the case and gives it the keyboard; false when it is not here.
+    virtual bool reveal(const std::string& path);
+
+  Q_SIGNALS:
+    /// The user wants to see the field at a path, wherever it is.
+    void fieldWanted(const QString& path);
+    /// The user wants another page.
+    void pageWanted(const QString& id);
+    /// The user asks where the figure of a line comes from.
+    void reasonWanted(const QString& code);
+};
+
+} // namespace fiscarel::shell

@@ -1,0 +1,153 @@
+#include "Fiscarel_SG/shell/ReasonDialog.h"
+
+#include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/shell/Theme.h"
+#include "TaxCore/base/MoneyFormat.h"
+
+#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+namespace fiscarel::shell {
+
+using namespace Qt::Literals::StringLiterals;
+using namespace taxcore;
+
+namespace {
+
+QString shown(const std::optional<Decimal>& value, Unit unit) {
+    if (!value) {
+        return {};
+    }
+    switch (unit) {
+    case Unit::francs: {
+        const bool whole = value->isInteger();
+        return qs(MoneyFormat::chf(*value, whole ? 0 : 2, false));
+    }
+    case Unit::share:
+        return qs(MoneyFormat::number(*value * 100)) + u"%"_s;
+    case Unit::percent:
+        return qs(MoneyFormat::number(*value)) + u"%"_s;
+    case Unit::perMille:
+        return qs(MoneyFormat::number(*value)) + u"‰"_s;
+    case Unit::number:
+        break;
+    }
+    return qs(MoneyFormat::number(*value));
+}
+
+/// The legal basis in words of its sides; the same for both stands once.
+QString lawOf(const DerivationStep& step) {
+    const QString canton = qs(step.lawCanton.value_or(""));
+    const QString federal = qs(step.lawFederal.value_or(""));
+    if (canton.isEmpty() || federal.isEmpty() || canton == federal) {
+        return canton.isEmpty() ? federal : canton;
+    }
+    return canton + u" · "_s + federal;
+}
+
+QLabel* label(const QString& text, const char* role, QWidget* parent) {
+    auto* const made = new QLabel(text, parent);
+    made->setWordWrap(true);
+    made->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    if (*role != '\0') {
+        setRole(made, role);
+    }
+    return made;
+}
+
+QLabel* amountLabel(const QString& text, bool strong, QWidget* parent) {
+    auto* const made = label(text, strong ? "figure" : "", parent);
+    made->setWordWrap(false);
+    made->setAlignment(Qt::AlignRight | Qt::AlignTop);
+    return made;
+}
+
+} // namespace
+
+ReasonDialog::ReasonDialog(AppStore& store, QWidget* parent)
+    : QDialog(parent), store_(store), title_(new QLabel(this)), scroll_(new QScrollArea(this)) {
+    setObjectName(u"reason"_s);
+    setWindowTitle(u"Woher kommt dieser Betrag?"_s);
+    resize(760, 560);
+    setRole(title_, "heading");
+    title_->setWordWrap(true);
+    scroll_->setWidgetResizable(true);
+    scroll_->setFrameShape(QFrame::NoFrame);
+    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
+    buttons->button(QDialogButtonBox::Close)->setText(u"Schliessen"_s);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    auto* const outer = new QVBoxLayout(this);
+    outer->addWidget(title_);
+    outer->addWidget(scroll_, 1);
+    outer->addWidget(buttons);
+}
+
+bool ReasonDialog::explain(const std::string& code) {
+    const CaseCalculator* const calculator = store_.calculator();
+    const auto derivation =
+        calculator != nullptr ? calculator->explain(store_.current(), code) : std::nullopt;
+    if (!derivation) {
+        return false;
+    }
+    title_->setText(qs(derivation->label));
+    auto* const content = new QWidget(scroll_);
+    auto* const grid = new QGridLayout(content);
+    grid->setHorizontalSpacing(16);
+    grid->setVerticalSpacing(6);
+    grid->setColumnStretch(1, 1);
+    const bool twoSides = derivation->canton && derivation->federal;
+    int row = 0;
+    if (twoSides) {
+        grid->addWidget(amountLabel(u"Kanton"_s, false, content), row, 2);
+        grid->addWidget(amountLabel(u"Bund"_s, false, content), row, 3);
+        ++row;
+    }
+    const auto addAmounts = [&](const std::optional<Decimal>& canton,
+                                const std::optional<Decimal>& federal, Unit unit, bool strong) {
+        grid->addWidget(amountLabel(shown(canton, unit), strong, content), row, 2);
+        grid->addWidget(amountLabel(shown(federal, unit), strong, content), row, 3);
+    };
+    for (const DerivationStep& step : derivation->steps) {
+        grid->addWidget(label(qs(taxcore::label(step.kind)), "small", content), row, 0,
+                        Qt::AlignTop);
+        const bool leadsOn = step.path || (step.code && *step.code != code);
+        if (leadsOn) {
+            auto* const door = new QPushButton(qs(step.text), content);
+            setRole(door, "link");
+            grid->addWidget(door, row, 1, Qt::AlignLeft | Qt::AlignTop);
+            if (step.path) {
+                connect(door, &QPushButton::clicked, this, [this, path = qs(*step.path)] {
+                    accept();
+                    Q_EMIT fieldWanted(path);
+                });
+            } else {
+                connect(
+                    door, &QPushButton::clicked, this, [this, next = *step.code] { explain(next); },
+                    Qt::QueuedConnection);
+            }
+        } else {
+            grid->addWidget(label(qs(step.text), "", content), row, 1, Qt::AlignTop);
+        }
+        addAmounts(step.canton, step.federal, step.unit.value_or(Unit::francs), false);
+        ++row;
+        if (const QString law = lawOf(step); !law.isEmpty()) {
+            grid->addWidget(label(law, "small", content), row, 1);
+            ++row;
+        }
+    }
+    auto* const line = new QFrame(content);
+    setRole(line, "line");
+    grid->addWidget(line, row++, 0, 1, 4);
+    grid->addWidget(label(qs(derivation->label), "figure", content), row, 0, 1, 2);
+    addAmounts(derivation->canton, derivation->federal, derivation->unit, true);
+    grid->setRowStretch(row + 1, 1);
+    scroll_->setWidget(content);
+    return true;
+}
+
+} // namespace fiscarel::shell

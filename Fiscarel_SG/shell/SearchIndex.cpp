@@ -1,0 +1,135 @@
+#include "Fiscarel_SG/shell/SearchIndex.h"
+
+#include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/forms/QtText.h"
+
+#include <algorithm>
+#include <set>
+
+namespace fiscarel::shell {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// Lower case without accents: "Säule" and "saule" meet; "ae" counts as "ä".
+std::string folded(std::string_view text) {
+    QString plain;
+    for (const QChar c : qs(text).toLower().normalized(QString::NormalizationForm_D)) {
+        if (c.category() != QChar::Mark_NonSpacing) {
+            plain += c;
+        }
+    }
+    plain.replace(u"ae"_s, u"a"_s).replace(u"oe"_s, u"o"_s).replace(u"ue"_s, u"u"_s);
+    return utf8(plain);
+}
+
+void addFields(std::vector<SearchEntry>& entries, const std::vector<forms::BoundField>& fields,
+               const std::string& where, const taxcore::TaxCase& taxCase) {
+    for (const forms::BoundField& field : fields) {
+        if (field.shown(taxCase)) {
+            entries.push_back({SearchEntry::Kind::field, field.label, where, field.path,
+                               folded(field.label + " " + where + " " + field.help)});
+        }
+    }
+}
+
+void addCard(std::vector<SearchEntry>& entries, const forms::Card& card, const std::string& where,
+             const taxcore::TaxCase& taxCase) {
+    const auto shown = [&](const forms::Condition& condition) {
+        return !condition || condition(taxCase);
+    };
+    if (const auto* fields = std::get_if<forms::FieldsCard>(&card)) {
+        if (shown(fields->shown)) {
+            addFields(entries, fields->fields, where, taxCase);
+        }
+        return;
+    }
+    const auto& list = std::get<forms::ListCard>(card);
+    if (!shown(list.shown)) {
+        return;
+    }
+    entries.push_back({SearchEntry::Kind::field, list.title, where, list.path,
+                       folded(list.title + " " + list.itemName + " " + where)});
+    for (std::size_t i = 0; i < list.size(taxCase); ++i) {
+        const std::string title = list.summary(taxCase, i).title;
+        addFields(entries, list.fields(i), where + " · " + (title.empty() ? list.itemName : title),
+                  taxCase);
+    }
+}
+
+/// Lower is better; absent when a word does not occur.
+std::optional<int> rank(const SearchEntry& entry, const std::vector<std::string>& words) {
+    const std::string title = folded(entry.title);
+    int sum = 0;
+    for (const std::string& word : words) {
+        if (entry.words.find(word) == std::string::npos) {
+            return std::nullopt;
+        }
+        const std::size_t at = title.find(word);
+        sum += at == 0 ? 0 : at != std::string::npos ? 1 : 4;
+    }
+    return sum * 4 + static_cast<int>(entry.kind == SearchEntry::Kind::page ? 0 : 1);
+}
+
+} // namespace
+
+std::vector<SearchEntry> searchEntries(const AppStore& store,
+                                       const std::vector<forms::Page>& pages) {
+    std::vector<SearchEntry> entries;
+    for (const forms::Page& page : pages) {
+        entries.push_back({SearchEntry::Kind::page, page.title, page.help, page.id,
+                           folded(page.title + " " + page.help)});
+        for (const forms::Section& section : page.sections) {
+            if (section.shown && !section.shown(store.current())) {
+                continue;
+            }
+            std::string where = page.title;
+            if (section.title) {
+                where += " · " + section.title(store.current());
+            }
+            for (const forms::Card& card : section.cards) {
+                addCard(entries, card, where, store.current());
+            }
+        }
+    }
+    if (const auto* result = store.result()) {
+        for (const taxcore::TaxLine& line : result->fields()) {
+            const std::string detail =
+                line.ziffer.empty() ? "Zeile" : "Zeile, Ziffer " + line.ziffer;
+            entries.push_back({SearchEntry::Kind::line, line.label, detail, line.code,
+                               folded(line.label + " " + detail + " " + line.code)});
+        }
+    }
+    for (const StoredDocument& document : store.documents()) {
+        const std::string detail = "Beleg " + std::to_string(document.year) + " · "
+                                   + std::string(taxcore::label(document.kind));
+        entries.push_back(
+            {SearchEntry::Kind::document, document.title, detail, document.id.toString(),
+             folded(document.title + " " + detail + " " + document.issuer.value_or("") + " "
+                    + document.recognizedText.value_or("") + " " + document.note)});
+    }
+    return entries;
+}
+
+std::vector<SearchEntry> searchFor(const std::vector<SearchEntry>& entries,
+                                   const std::string& query, std::size_t most) {
+    std::vector<std::string> words;
+    for (const QString& word : qs(folded(query)).split(u' ', Qt::SkipEmptyParts)) {
+        words.push_back(utf8(word));
+    }
+    std::vector<std::pair<int, const SearchEntry*>> found;
+    for (const SearchEntry& entry : entries) {
+        if (const auto place = rank(entry, words); place && !words.empty()) {
+            found.emplace_back(*place, &entry);
+        }
+    }
+    std::ranges::stable_sort(found, {}, &std::pair<int, const SearchEntry*>::first);
+    std::vector<SearchEntry> best;
+    for (std::size_t i = 0; i < std::min(most, found.size()); ++i) {
+        best.push_back(*found[i].second);
+    }
+    return best;
+}
+
+} // namespace fiscarel::shell

@@ -1,0 +1,148 @@
+#include "Fiscarel_SG/shell/Sidebar.h"
+
+#include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/shell/Icons.h"
+#include "Fiscarel_SG/shell/Theme.h"
+
+#include <QButtonGroup>
+#include <QComboBox>
+#include <QDateTime>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace fiscarel::shell {
+
+using namespace Qt::Literals::StringLiterals;
+
+Sidebar::Sidebar(AppStore& store, const std::vector<PageEntry>& pages, QWidget* parent)
+    : QWidget(parent), store_(store), year_(new QComboBox(this)), region_(new QComboBox(this)),
+      saved_(new QLabel(this)), retry_(new QPushButton(u"Nochmals speichern"_s, this)) {
+    setObjectName(u"sidebar"_s);
+    setAttribute(Qt::WA_StyledBackground);
+    setRole(this, "sidebar");
+    setFixedWidth(216);
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(12, 20, 12, 14);
+    column->setSpacing(2);
+    auto* const product = new QLabel(u"Fiscarel SG"_s, this);
+    setRole(product, "product");
+    product->setContentsMargins(10, 0, 0, 6);
+    column->addWidget(product);
+    region_->setObjectName(u"region"_s);
+    region_->setAccessibleName(u"Steuergebiet"_s);
+    region_->addItems({u"St.Gallen"_s, u"Liechtenstein"_s});
+    year_->setObjectName(u"year"_s);
+    year_->setAccessibleName(u"Steuerjahr"_s);
+    column->addWidget(region_);
+    column->addSpacing(4);
+    column->addWidget(year_);
+    column->addSpacing(10);
+    for (const PageEntry& page : pages) {
+        addPage(page, *column);
+    }
+    column->addStretch(1);
+    saved_->setWordWrap(true);
+    saved_->setObjectName(u"saveState"_s);
+    setRole(saved_, "small");
+    column->addWidget(saved_);
+    column->addWidget(retry_);
+    connect(retry_, &QPushButton::clicked, this, [this] { store_.saveNow(); });
+    connect(year_, &QComboBox::activated, this,
+            [this](int index) { Q_EMIT yearWanted(year_->itemData(index).toInt()); });
+    connect(region_, &QComboBox::activated, this,
+            [this](int index) { Q_EMIT regionWanted(index == 1); });
+    refresh();
+    refreshSaveState();
+    refreshTheme();
+}
+
+void Sidebar::addPage(const PageEntry& page, QVBoxLayout& column) {
+    auto* const button = new QPushButton(page.title, this);
+    button->setObjectName(u"nav:"_s + page.id);
+    button->setCheckable(true);
+    button->setAutoExclusive(true);
+    setRole(button, "nav");
+    auto* const inside = new QHBoxLayout(button);
+    inside->setContentsMargins(0, 0, 8, 0);
+    inside->addStretch(1);
+    auto* const badge = new QLabel(button);
+    setRole(badge, "badge");
+    badge->setAttribute(Qt::WA_TransparentForMouseEvents);
+    badge->hide();
+    inside->addWidget(badge);
+    column.addWidget(button);
+    buttons_[page.id] = button;
+    badges_[page.id] = badge;
+    connect(button, &QPushButton::clicked, this, [this, id = page.id] { Q_EMIT pageWanted(id); });
+}
+
+void Sidebar::setPage(const QString& id) {
+    if (const auto found = buttons_.find(id); found != buttons_.end()) {
+        found->second->setChecked(true);
+    }
+}
+
+void Sidebar::refresh() {
+    std::set<int> years(taxcore::RuleBook::supportedYears.begin(),
+                        taxcore::RuleBook::supportedYears.end());
+    for (const auto& [year, taxCase] : store_.cases()) {
+        years.insert(year);
+    }
+    years.insert(store_.year());
+    year_->clear();
+    for (const int year : years) {
+        year_->addItem(u"Steuerjahr %1"_s.arg(year), year);
+    }
+    year_->setCurrentIndex(year_->findData(store_.year()));
+    const bool liechtenstein = store_.current().taxRegion() == taxcore::TaxRegion::liechtenstein;
+    region_->setCurrentIndex(liechtenstein ? 1 : 0);
+
+    std::map<QString, int> open;
+    for (const taxcore::Notice& notice : store_.review().notices) {
+        if (notice.level != taxcore::Notice::Level::info) {
+            ++open[u"review"_s];
+            if (notice.area) {
+                ++open[qs(*notice.area)];
+            }
+        }
+    }
+    for (const auto& [id, badge] : badges_) {
+        const auto found = open.find(id);
+        badge->setVisible(found != open.end());
+        badge->setText(found != open.end() ? QString::number(found->second) : QString());
+        QPushButton* const button = buttons_[id];
+        button->setAccessibleName(
+            found != open.end() ? u"%1, %2 offene Hinweise"_s.arg(button->text()).arg(found->second)
+                                : button->text());
+    }
+}
+
+void Sidebar::refreshSaveState() {
+    const bool problem = store_.saveProblem().has_value();
+    QString text;
+    if (problem) {
+        text = qs(*store_.saveProblem());
+    } else if (store_.isDemo()) {
+        text = u"Demohaushalt – nichts wird gespeichert"_s;
+    } else if (store_.hasUnsavedChanges()) {
+        text = u"Wird gespeichert …"_s;
+    } else if (const auto saved = store_.lastSaved()) {
+        text =
+            u"Gespeichert "_s + QDateTime::fromSecsSinceEpoch(saved->seconds).toString(u"HH:mm"_s);
+    }
+    saved_->setText(text);
+    setRole(saved_, problem ? "error" : "small");
+    retry_->setVisible(problem && !store_.awaitsRecovery());
+}
+
+void Sidebar::refreshTheme() {
+    for (const auto& [id, button] : buttons_) {
+        button->setIcon(pageIcon(id, Theme::current().text));
+        button->setIconSize({18, 18});
+    }
+}
+
+} // namespace fiscarel::shell

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QString>
+#include <QWidget>
+#include <map>
+#include <vector>
+
+class QComboBox;
+class QLabel;
+class QPushButton;
+
+namespace fiscarel {
+class AppStore;
+}
+
+namespace fiscarel::shell {
+
+/// The pages as the sidebar lists them.
+struct PageEntry {
+    QString id;
+    QString title;
+};
+
+/// Product, region and year, the pages with their badges, and whether everything is saved.
+class Sidebar final : public QWidget {
+    Q_OBJECT
+
+  public:
+    Sidebar(AppStore& store, const std::vector<PageEntry>& pages, QWidget* parent);
+
+    void setPage(const QString& id);
+    /// Year, region, badges.
+    void refresh();
+    void refreshSaveState();
+    /// Icons follow the colours.
+    void refreshTheme();
+
+  Q_SIGNALS:
+    void pageWanted(const QString& id);
+    void yearWanted(int year);
+    void regionWanted(bool liechtenstein);
+
+  private:
+    void addPage(const PageEntry& page, class QVBoxLayout& column);
+
+    AppStore& store_;
+    QComboBox* year_;
+    QComboBox* region_;
+    QLabel* saved_;
+    QPushButton* retry_;
+    std::map<QString, QPushButton*> buttons_;
+    std::map<QString, QLabel*> badges_;
+};
+
+} // namespace fiscarel::shell

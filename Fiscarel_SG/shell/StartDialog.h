@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QDialog>
+
+namespace fiscarel {
+class AppStore;
+}
+
+namespace fiscarel::shell {
+
+/// The first start: the region, and whether to begin anew, with last year's file, or with the demo
+/// household.
+class StartDialog final : public QDialog {
+    Q_OBJECT
+
+  public:
+    StartDialog(AppStore& store, QWidget* parent);
+
+  Q_SIGNALS:
+    /// The user wants to look around in the demo household of the region chosen.
+    void demoWanted(bool liechtenstein);
+
+  private:
+    void begin();
+    void beginWithFile();
+
+    AppStore& store_;
+    class QRadioButton* liechtenstein_;
+    class QLabel* problem_;
+};
+
+/// Offers the newest backup that reads, after the data could not be loaded.
+void offerRecovery(AppStore& store, QWidget* parent);
+
+} // namespace fiscarel::shell
