@@ -2,10 +2,10 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/pages/Cards.h"
 #include "Fiscarel_SG/shell/Theme.h"
 #include "TaxCore/base/MoneyFormat.h"
 
-#include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -36,24 +36,6 @@ Sign signOf(Notice::Level level) {
         break;
     }
     return {u"Hinweis"_s, "faint"};
-}
-
-QFrame* cardIn(QVBoxLayout& column, QWidget* parent) {
-    auto* const card = new QFrame(parent);
-    shell::setRole(card, "card");
-    auto* const inside = new QVBoxLayout(card);
-    inside->setContentsMargins(20, 16, 20, 16);
-    inside->setSpacing(8);
-    column.addWidget(card);
-    return card;
-}
-
-QLabel* labelIn(QVBoxLayout& column, const QString& text, const char* role, QWidget* parent) {
-    auto* const label = new QLabel(text, parent);
-    label->setWordWrap(true);
-    shell::setRole(label, role);
-    column.addWidget(label);
-    return label;
 }
 
 } // namespace
@@ -92,12 +74,11 @@ void ReviewPage::refreshResult() {
         (notice.level == Notice::Level::info ? infos : open).push_back(notice);
     }
     if (open.empty()) {
-        QFrame* const card = cardIn(*column, content_);
-        labelIn(dynamic_cast<QVBoxLayout&>(*card->layout()),
-                store_.result() != nullptr
-                    ? u"Alles erledigt – es ist nichts mehr offen."_s
-                    : u"Ohne Regeln für dieses Jahr gibt es keine Prüfung."_s,
-                "heading", card);
+        addLabel(pages::addCard(*column, {}),
+                 store_.result() != nullptr
+                     ? u"Alles erledigt – es ist nichts mehr offen."_s
+                     : u"Ohne Regeln für dieses Jahr gibt es keine Prüfung."_s,
+                 "heading");
     } else {
         addCard(u"Offen (%1)"_s.arg(open.size()), {}, open);
     }
@@ -121,33 +102,25 @@ void ReviewPage::refreshResult() {
     if (!infos.empty()) {
         addCard(u"Gut zu wissen"_s, {}, infos);
     }
-    QFrame* const limits = cardIn(*column, content_);
-    auto& inside = dynamic_cast<QVBoxLayout&>(*limits->layout());
-    labelIn(inside, u"Was das Programm nicht berechnet"_s, "heading", limits);
+    QVBoxLayout& limits = pages::addCard(*column, u"Was das Programm nicht berechnet"_s);
     for (const std::string& sentence : review.notComputed) {
-        labelIn(inside, qs(sentence), "faint", limits);
+        addLabel(limits, qs(sentence), "faint");
     }
     column->addStretch(1);
 }
 
 void ReviewPage::addCard(const QString& title, const QString& help,
                          const std::vector<Notice>& notices) {
-    auto& column = dynamic_cast<QVBoxLayout&>(*content_->layout());
-    QFrame* const card = cardIn(column, content_);
-    auto& inside = dynamic_cast<QVBoxLayout&>(*card->layout());
-    labelIn(inside, title, "heading", card);
-    if (!help.isEmpty()) {
-        labelIn(inside, help, "faint", card);
-    }
+    QVBoxLayout& inside =
+        pages::addCard(dynamic_cast<QVBoxLayout&>(*content_->layout()), title, help);
     for (const Notice& notice : notices) {
-        addNotice(notice, inside, card);
+        addNotice(notice, inside);
     }
 }
 
-void ReviewPage::addNotice(const Notice& notice, QVBoxLayout& column, QWidget* parent) {
-    auto* const line = new QFrame(parent);
-    shell::setRole(line, "line");
-    column.addWidget(line);
+void ReviewPage::addNotice(const Notice& notice, QVBoxLayout& column) {
+    QWidget* const parent = column.parentWidget();
+    addLine(column);
     auto* const head = new QHBoxLayout;
     const Sign sign = signOf(notice.level);
     auto* const title = new QLabel(qs(notice.title), parent);
@@ -167,7 +140,7 @@ void ReviewPage::addNotice(const Notice& notice, QVBoxLayout& column, QWidget* p
         head->addWidget(level);
     }
     column.addLayout(head);
-    labelIn(column, qs(notice.message), "faint", parent);
+    addLabel(column, qs(notice.message), "faint");
     if (notice.path || notice.area) {
         auto* const go = new QPushButton(notice.path ? u"Zum Feld"_s : u"Zur Seite"_s, parent);
         go->setObjectName(u"go:"_s + qs(notice.id));

@@ -29,7 +29,7 @@ class ReviewPage final : public shell::PageWidget {
   private:
     void addCard(const QString& title, const QString& help,
                  const std::vector<taxcore::Notice>& notices);
-    void addNotice(const taxcore::Notice& notice, QVBoxLayout& column, QWidget* parent);
+    void addNotice(const taxcore::Notice& notice, QVBoxLayout& column);
 
     AppStore& store_;
     shell::PageFrame* frame_;

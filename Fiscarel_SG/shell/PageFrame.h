@@ -3,6 +3,7 @@
 #include <QString>
 #include <QWidget>
 
+class QScrollArea;
 class QVBoxLayout;
 
 namespace fiscarel::shell {
@@ -20,7 +21,7 @@ class PageFrame final : public QWidget {
     void show(QWidget* widget);
 
   private:
-    class QScrollArea* scroll_;
+    QScrollArea* scroll_;
     QVBoxLayout* column_;
 };
 

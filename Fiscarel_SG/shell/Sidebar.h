@@ -8,6 +8,7 @@
 class QComboBox;
 class QLabel;
 class QPushButton;
+class QVBoxLayout;
 
 namespace fiscarel {
 class AppStore;
@@ -41,7 +42,7 @@ class Sidebar final : public QWidget {
     void regionWanted(bool liechtenstein);
 
   private:
-    void addPage(const PageEntry& page, class QVBoxLayout& column);
+    void addPage(const PageEntry& page, QVBoxLayout& column);
 
     AppStore& store_;
     QComboBox* year_;

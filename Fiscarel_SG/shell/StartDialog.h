@@ -2,6 +2,9 @@
 
 #include <QDialog>
 
+class QLabel;
+class QRadioButton;
+
 namespace fiscarel {
 class AppStore;
 }
@@ -25,8 +28,8 @@ class StartDialog final : public QDialog {
     void beginWithFile();
 
     AppStore& store_;
-    class QRadioButton* liechtenstein_;
-    class QLabel* problem_;
+    QRadioButton* liechtenstein_;
+    QLabel* problem_;
 };
 
 /// Offers the newest backup that reads, after the data could not be loaded.

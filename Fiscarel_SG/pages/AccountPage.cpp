@@ -1,0 +1,236 @@
+#include "Fiscarel_SG/pages/AccountPage.h"
+
+#include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/pages/Cards.h"
+
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QDate>
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QLocale>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+#include <QUrl>
+#include <QVBoxLayout>
+
+namespace fiscarel::pages {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+QPushButton* addButton(QHBoxLayout& line, const QString& text, const char* name) {
+    auto* const button = new QPushButton(text);
+    button->setObjectName(QString::fromLatin1(name));
+    line.addWidget(button);
+    return button;
+}
+
+QString described(const BackupFile& file) {
+    const QDate day = QDate::fromString(qs(file.name.day), Qt::ISODate);
+    QString text = day.toString(u"d. M. yyyy"_s);
+    if (!file.name.isDaily()) {
+        const QString time = qs(file.name.time);
+        text += u", %1:%2"_s.arg(time.left(2), time.mid(2, 2));
+    }
+    return u"%1  ·  %2  ·  %3"_s.arg(text, qs(file.label()),
+                                     QLocale(QLocale::German, QLocale::Switzerland)
+                                         .formattedDataSize(static_cast<qint64>(file.size)));
+}
+
+} // namespace
+
+AccountPage::AccountPage(AppStore& store, shell::Appearance appearance, QWidget* parent)
+    : PageWidget(parent), store_(store),
+      frame_(new shell::PageFrame(
+          u"Konto"_s, u"Ihre Daten auf diesem Computer, Sicherungen und Darstellung."_s, this)),
+      message_(new QLabel(this)) {
+    auto* const outer = new QVBoxLayout(this);
+    outer->setContentsMargins(0, 0, 0, 0);
+    outer->addWidget(frame_);
+    message_->setWordWrap(true);
+    message_->setObjectName(u"accountMessage"_s);
+    message_->hide();
+    frame_->column().addWidget(message_);
+    addData();
+    addBackups();
+    addAppearance(appearance);
+    addAbout();
+    frame_->column().addStretch(1);
+    refresh();
+}
+
+void AccountPage::addData() {
+    QVBoxLayout& card =
+        addCard(frame_->column(), u"Daten"_s,
+                u"Alle Jahre in einer Datei sichern, auf einen anderen Computer mitnehmen oder "
+                "zurückholen. Vor einem Import wird der jetzige Stand gesichert."_s);
+    auto* const line = new QHBoxLayout;
+    connect(addButton(*line, u"Daten exportieren …"_s, "export"), &QPushButton::clicked, this,
+            &AccountPage::exportData);
+    connect(addButton(*line, u"Daten importieren …"_s, "import"), &QPushButton::clicked, this,
+            &AccountPage::importData);
+    connect(
+        addButton(*line, u"Datenordner öffnen"_s, "openFolder"), &QPushButton::clicked, this, [] {
+            QDesktopServices::openUrl(QUrl::fromLocalFile(qs(Persistence::defaultRoot().string())));
+        });
+    line->addStretch(1);
+    card.addLayout(line);
+    auto* const resetLine = new QHBoxLayout;
+    connect(addButton(*resetLine, u"Steuerjahr zurücksetzen …"_s, "resetYear"),
+            &QPushButton::clicked, this, &AccountPage::resetWanted);
+    resetLine->addStretch(1);
+    card.addLayout(resetLine);
+}
+
+void AccountPage::addBackups() {
+    QVBoxLayout& card =
+        addCard(frame_->column(), u"Sicherungen"_s,
+                u"Jeden Tag und vor jedem grösseren Eingriff wird eine Sicherung angelegt."_s);
+    list_ = new QListWidget(this);
+    list_->setObjectName(u"backups"_s);
+    list_->setAccessibleName(u"Sicherungen"_s);
+    list_->setFixedHeight(190);
+    content_ = &addLabel(card, QString(), "faint");
+    restore_ = new QPushButton(u"Diesen Stand wiederherstellen …"_s, this);
+    restore_->setObjectName(u"restore"_s);
+    restore_->setEnabled(false);
+    card.insertWidget(card.count() - 1, list_);
+    card.addWidget(restore_, 0, Qt::AlignLeft);
+    connect(list_, &QListWidget::currentRowChanged, this, &AccountPage::inspectSelected);
+    connect(restore_, &QPushButton::clicked, this, &AccountPage::restoreSelected);
+}
+
+void AccountPage::addAppearance(shell::Appearance appearance) {
+    QVBoxLayout& card = addCard(frame_->column(), u"Darstellung"_s);
+    auto* const choice = new QComboBox(this);
+    choice->setObjectName(u"appearance"_s);
+    choice->setAccessibleName(u"Darstellung"_s);
+    choice->addItems({u"Wie das System"_s, u"Hell"_s, u"Dunkel"_s});
+    choice->setCurrentIndex(static_cast<int>(appearance));
+    choice->setMaximumWidth(240);
+    card.addWidget(choice);
+    connect(
+        choice, &QComboBox::activated, this,
+        [this](int index) { Q_EMIT appearanceWanted(static_cast<shell::Appearance>(index)); },
+        Qt::QueuedConnection); // the pages are made anew, this one too
+}
+
+void AccountPage::addAbout() {
+    QVBoxLayout& card = addCard(frame_->column(), u"Über das Programm"_s);
+    addLabel(card,
+             u"Fiscarel SG %1 · freie Software unter der GNU General Public License, Version 3 "
+             "oder später."_s.arg(QCoreApplication::applicationVersion()),
+             "faint");
+    addLabel(card,
+             u"Die Berechnung hilft beim Ausfüllen und ist unverbindlich; massgebend ist die "
+             "Veranlagung der Steuerbehörde."_s,
+             "faint");
+}
+
+void AccountPage::refresh() { listBackups(); }
+
+void AccountPage::listBackups() {
+    store_.listBackups([self = QPointer(this)](std::vector<BackupFile> backups) {
+        if (!self) {
+            return;
+        }
+        self->backups_ = std::move(backups);
+        self->list_->clear();
+        for (const BackupFile& file : self->backups_) {
+            self->list_->addItem(described(file));
+        }
+        self->content_->setText(self->backups_.empty() ? u"Es gibt noch keine Sicherung."_s
+                                                       : QString());
+    });
+}
+
+void AccountPage::inspectSelected() {
+    const int row = list_->currentRow();
+    restore_->setEnabled(false);
+    content_->clear();
+    if (row < 0 || row >= static_cast<int>(backups_.size())) {
+        return;
+    }
+    store_.inspectBackup(backups_[static_cast<std::size_t>(row)],
+                         [self = QPointer(this), row](const AppStore::Inspected& content) {
+                             if (!self || self->list_->currentRow() != row) {
+                                 return;
+                             }
+                             if (!content) {
+                                 self->content_->setText(u"Nicht lesbar: "_s + qs(content.error()));
+                                 return;
+                             }
+                             QStringList years;
+                             for (const int year : content->years) {
+                                 years << QString::number(year);
+                             }
+                             self->content_->setText(u"Enthält %1 und %2 Belege."_s.arg(
+                                 years.isEmpty() ? u"keine Steuerjahre"_s : years.join(u", "_s),
+                                 QString::number(content->documents)));
+                             self->restore_->setEnabled(true);
+                         });
+}
+
+void AccountPage::restoreSelected() {
+    const int row = list_->currentRow();
+    if (row < 0 || row >= static_cast<int>(backups_.size())) {
+        return;
+    }
+    const BackupFile file = backups_[static_cast<std::size_t>(row)];
+    QMessageBox box(QMessageBox::Question, u"Sicherung wiederherstellen"_s,
+                    u"Alle Jahre auf den Stand dieser Sicherung zurückstellen?"_s,
+                    QMessageBox::NoButton, this);
+    box.setInformativeText(described(file)
+                           + u"\nDer jetzige Stand wird vorher gesichert. Belege bleiben "
+                             "erhalten."_s);
+    QPushButton* const restore = box.addButton(u"Wiederherstellen"_s, QMessageBox::AcceptRole);
+    box.setDefaultButton(box.addButton(u"Abbrechen"_s, QMessageBox::RejectRole));
+    box.exec();
+    if (box.clickedButton() == restore) {
+        store_.restoreBackup(file, [self = QPointer(this)](const auto& problem) {
+            if (self) {
+                self->say(problem, u"Die Sicherung ist wiederhergestellt."_s);
+            }
+        });
+    }
+}
+
+void AccountPage::exportData() {
+    const QString file = QFileDialog::getSaveFileName(this, u"Daten exportieren"_s,
+                                                      qs(exportFileName), u"JSON (*.json)"_s);
+    if (!file.isEmpty()) {
+        store_.exportAll(utf8(file), [self = QPointer(this), file](const auto& problem) {
+            if (self) {
+                self->say(problem, u"Exportiert nach %1"_s.arg(file));
+            }
+        });
+    }
+}
+
+void AccountPage::importData() {
+    const QString file =
+        QFileDialog::getOpenFileName(this, u"Daten importieren"_s, QString(), u"JSON (*.json)"_s);
+    if (!file.isEmpty()) {
+        store_.importExported(utf8(file), [self = QPointer(this)](const auto& problem) {
+            if (self) {
+                self->say(problem, u"Die Daten sind übernommen."_s);
+            }
+        });
+    }
+}
+
+void AccountPage::say(const std::optional<std::string>& problem, const QString& done) {
+    message_->setText(problem ? qs(*problem) : done);
+    shell::setRole(message_, problem ? "error" : "good");
+    message_->show();
+    listBackups();
+}
+
+} // namespace fiscarel::pages

@@ -1,0 +1,151 @@
+#include "Fiscarel_SG/pages/DocumentsPage.h"
+
+#include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/pages/Cards.h"
+
+#include <QDateTime>
+#include <QDesktopServices>
+#include <QDragEnterEvent>
+#include <QFileDialog>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QMimeData>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QTreeWidget>
+#include <QUrl>
+#include <QVBoxLayout>
+
+namespace fiscarel::pages {
+
+using namespace Qt::Literals::StringLiterals;
+
+DocumentsPage::DocumentsPage(AppStore& store, QWidget* parent)
+    : PageWidget(parent), store_(store),
+      frame_(new shell::PageFrame(
+          u"Belege"_s,
+          u"Lohnausweise, Bescheinigungen und Rechnungen als PDF oder Foto. Sie bleiben auf diesem "
+          "Computer."_s,
+          this)),
+      list_(new QTreeWidget(this)) {
+    setAcceptDrops(true);
+    auto* const outer = new QVBoxLayout(this);
+    outer->setContentsMargins(0, 0, 0, 0);
+    outer->addWidget(frame_);
+    QVBoxLayout& drop = addCard(frame_->column(), u"Belege hinzufügen"_s,
+                                u"Dateien hierher ziehen oder auswählen."_s);
+    auto* const pick = new QPushButton(u"Dateien auswählen …"_s, this);
+    pick->setObjectName(u"pickDocuments"_s);
+    drop.addWidget(pick, 0, Qt::AlignLeft);
+    QVBoxLayout& card = addCard(frame_->column(), u"Belege dieses Jahres"_s);
+    list_->setObjectName(u"documents"_s);
+    list_->setAccessibleName(u"Belege dieses Jahres"_s);
+    list_->setHeaderLabels({u"Titel"_s, u"Art"_s, u"Notiz"_s, u"Hinzugefügt"_s});
+    list_->setRootIsDecorated(false);
+    list_->setMinimumHeight(320);
+    list_->setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::SelectedClicked);
+    list_->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    card.addWidget(list_);
+    auto* const line = new QHBoxLayout;
+    auto* const open = new QPushButton(u"Öffnen"_s, this);
+    open->setObjectName(u"openDocument"_s);
+    auto* const remove = new QPushButton(u"Entfernen"_s, this);
+    remove->setObjectName(u"removeDocument"_s);
+    line->addWidget(open);
+    line->addWidget(remove);
+    line->addStretch(1);
+    card.addLayout(line);
+    addLabel(card,
+             u"Ein entfernter Beleg lässt sich bis zum Beenden des Programms mit Ctrl+Z "
+             "zurückholen."_s,
+             "small");
+    frame_->column().addStretch(1);
+    connect(pick, &QPushButton::clicked, this, &DocumentsPage::pick);
+    connect(open, &QPushButton::clicked, this, &DocumentsPage::openSelected);
+    connect(remove, &QPushButton::clicked, this, &DocumentsPage::removeSelected);
+    connect(list_, &QTreeWidget::itemActivated, this, &DocumentsPage::openSelected);
+    connect(list_, &QTreeWidget::itemChanged, this, &DocumentsPage::editItem);
+    refresh();
+}
+
+void DocumentsPage::refresh() {
+    const QSignalBlocker quiet(list_);
+    list_->clear();
+    ids_.clear();
+    for (const StoredDocument& document : store_.documentsForYear()) {
+        const bool missing = !store_.isDemo() && !store_.fileOf(document);
+        auto* const item = new QTreeWidgetItem(
+            list_, {qs(document.title), qs(taxcore::label(document.kind)), qs(document.note),
+                    missing ? u"Datei fehlt"_s
+                            : QDateTime::fromSecsSinceEpoch(document.importedAt.seconds)
+                                  .toString(u"dd.MM.yyyy"_s)});
+        item->setFlags(item->flags() | Qt::ItemIsEditable);
+        ids_.push_back(document.id);
+    }
+}
+
+const taxcore::Uuid* DocumentsPage::selected() const {
+    const int row = list_->indexOfTopLevelItem(list_->currentItem());
+    return row >= 0 && row < static_cast<int>(ids_.size()) ? &ids_[static_cast<std::size_t>(row)]
+                                                           : nullptr;
+}
+
+/// Title and note are the user's own words.
+void DocumentsPage::editItem(QTreeWidgetItem* item, int column) {
+    const int row = list_->indexOfTopLevelItem(item);
+    if (row >= 0 && (column == 0 || column == 2)) {
+        const taxcore::Uuid id = ids_[static_cast<std::size_t>(row)];
+        store_.updateDocument(id, [&](StoredDocument& document) {
+            (column == 0 ? document.title : document.note) = utf8(item->text(column));
+        });
+    }
+}
+
+void DocumentsPage::pick() {
+    std::vector<std::filesystem::path> files;
+    for (const QString& file : QFileDialog::getOpenFileNames(
+             this, u"Belege auswählen"_s, QString(),
+             u"Belege (*.pdf *.png *.jpg *.jpeg *.tif *.tiff *.webp *.heic);;Alle Dateien (*)"_s)) {
+        files.emplace_back(utf8(file));
+    }
+    store_.importDocuments(files);
+}
+
+void DocumentsPage::openSelected() {
+    const auto* id = selected();
+    const auto found = id == nullptr
+                           ? store_.documents().end()
+                           : std::ranges::find(store_.documents(), *id, &StoredDocument::id);
+    if (found == store_.documents().end()) {
+        return;
+    }
+    if (const auto file = store_.fileOf(*found)) {
+        QDesktopServices::openUrl(QUrl::fromLocalFile(qs(file->string())));
+    }
+}
+
+void DocumentsPage::removeSelected() {
+    if (const auto* id = selected()) {
+        store_.deleteDocument(*id);
+    }
+}
+
+void DocumentsPage::dragEnterEvent(QDragEnterEvent* event) {
+    if (event->mimeData()->hasUrls()) {
+        event->acceptProposedAction();
+    }
+}
+
+void DocumentsPage::dropEvent(QDropEvent* event) {
+    std::vector<std::filesystem::path> files;
+    for (const QUrl& url : event->mimeData()->urls()) {
+        if (url.isLocalFile()) {
+            files.emplace_back(utf8(url.toLocalFile()));
+        }
+    }
+    event->acceptProposedAction();
+    store_.importDocuments(files);
+}
+
+} // namespace fiscarel::pages

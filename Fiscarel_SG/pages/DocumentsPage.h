@@ -1,0 +1,47 @@
+#pragma once
+
+#ifndef Q_MOC_RUN
+#include "Fiscarel_SG/shell/PageFrame.h"
+#include "Fiscarel_SG/shell/PageWidget.h"
+#include "TaxCore/base/Uuid.h"
+#endif
+
+#include <vector>
+
+class QTreeWidget;
+class QTreeWidgetItem;
+
+namespace fiscarel {
+class AppStore;
+}
+
+namespace fiscarel::pages {
+
+/// The documents of the year: dropped or picked, opened, removed.
+class DocumentsPage final : public shell::PageWidget {
+    Q_OBJECT
+
+  public:
+    DocumentsPage(AppStore& store, QWidget* parent);
+
+    void refresh() override;
+    void refreshResult() override {}
+
+  protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+  private:
+    void pick();
+    void openSelected();
+    void removeSelected();
+    void editItem(QTreeWidgetItem* item, int column);
+    const taxcore::Uuid* selected() const;
+
+    AppStore& store_;
+    shell::PageFrame* frame_;
+    QTreeWidget* list_;
+    std::vector<taxcore::Uuid> ids_;
+};
+
+} // namespace fiscarel::pages

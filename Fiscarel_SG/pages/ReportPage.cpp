@@ -1,0 +1,164 @@
+#include "Fiscarel_SG/pages/ReportPage.h"
+
+#include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/pages/Cards.h"
+#include "Fiscarel_SG/shell/Theme.h"
+#include "TaxCore/base/MoneyFormat.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <vector>
+
+namespace fiscarel::pages {
+
+using namespace Qt::Literals::StringLiterals;
+using namespace taxcore;
+
+/// A section of the report.
+struct SectionRows {
+    struct Row {
+        QString ziffer;
+        QString label;
+        QString canton;
+        QString federal; ///< empty where it is the same
+        QString note;
+        std::string code;
+        bool strong = false;
+    };
+
+    QString title;
+    bool twoSides = false;
+    std::vector<Row> rows;
+};
+
+namespace {
+
+QString whole(const Decimal& amount) { return qs(MoneyFormat::chf(amount, 0, false)); }
+QString exact(const Decimal& amount) { return qs(MoneyFormat::chf(amount, 2, false)); }
+
+SectionRows rowsOf(const TaxSection& section) {
+    SectionRows rows{.title = qs(section.title)};
+    for (const TaxLine& line : section.lines) {
+        const bool differs = line.federal && *line.federal != line.canton;
+        rows.twoSides = rows.twoSides || differs;
+        rows.rows.push_back(
+            {.ziffer = qs(line.ziffer),
+             .label = qs(line.label),
+             .canton = whole(line.canton),
+             .federal = differs ? whole(*line.federal) : QString(),
+             .note = qs(line.note.value_or("")),
+             .code = line.code,
+             .strong = line.kind == TaxLine::Kind::subtotal || line.kind == TaxLine::Kind::total});
+    }
+    return rows;
+}
+
+SectionRows billRows(const TaxResult& result, bool liechtenstein) {
+    const TaxBill& bill = result.bill;
+    SectionRows rows{.title = u"Steuerrechnung"_s};
+    const auto add = [&](const QString& label, const Decimal& amount, const char* code,
+                         bool strong = false) {
+        rows.rows.push_back(
+            {.label = label, .canton = exact(amount), .code = code, .strong = strong});
+    };
+    add(liechtenstein ? u"Landessteuer"_s : u"Kantonssteuer"_s, bill.cantonTotal(), "cantonTotal");
+    add(liechtenstein ? u"Gemeindezuschlag"_s : u"Gemeindesteuer"_s, bill.municipalityTotal(),
+        "municipalityTotal");
+    if (!liechtenstein) {
+        add(u"Kirchensteuer"_s, bill.churchTotal(), "churchTotal");
+        add(u"Direkte Bundessteuer"_s, bill.federal, "federal");
+    }
+    const Decimal total = Advisor::totalTax(result);
+    if (total != bill.total()) {
+        add(u"Steuer auf Kapitalleistungen"_s, total - bill.total(), "kapitalleistungen");
+    }
+    add(u"Total"_s, total, "total", true);
+    return rows;
+}
+
+} // namespace
+
+ReportPage::ReportPage(AppStore& store, QWidget* parent)
+    : PageWidget(parent), store_(store),
+      frame_(new shell::PageFrame(
+          u"Bericht"_s,
+          u"Die ganze Berechnung. Ein Klick auf eine Zeile zeigt, woher der Betrag kommt."_s,
+          this)) {
+    auto* const outer = new QVBoxLayout(this);
+    outer->setContentsMargins(0, 0, 0, 0);
+    outer->addWidget(frame_);
+    refreshResult();
+}
+
+void ReportPage::refreshResult() {
+    if (content_ != nullptr) {
+        content_->hide();
+        content_->deleteLater();
+    }
+    content_ = new QWidget(frame_);
+    auto* const column = new QVBoxLayout(content_);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(14);
+    frame_->column().addWidget(content_);
+    const auto* result = store_.result();
+    if (result == nullptr) {
+        addLabel(addCard(*column, {}), u"Ohne Regeln für dieses Jahr gibt es keinen Bericht."_s,
+                 "heading");
+        return;
+    }
+    const bool liechtenstein = store_.current().taxRegion() == TaxRegion::liechtenstein;
+    addSection(*column, billRows(*result, liechtenstein));
+    for (const TaxSection& section : result->sections) {
+        addSection(*column, rowsOf(section));
+    }
+    column->addStretch(1);
+}
+
+void ReportPage::addSection(QVBoxLayout& column, const SectionRows& rows) {
+    QVBoxLayout& card = addCard(column, rows.title);
+    QWidget* const parent = card.parentWidget();
+    auto* const grid = new QGridLayout;
+    grid->setHorizontalSpacing(14);
+    grid->setVerticalSpacing(2);
+    grid->setColumnStretch(1, 1);
+    card.addLayout(grid);
+    int at = 0;
+    const auto put = [&](const QString& text, int gridColumn, const char* role) {
+        auto* const label = new QLabel(text, parent);
+        label->setAlignment((gridColumn >= 2 ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+        shell::setRole(label, role);
+        grid->addWidget(label, at, gridColumn);
+    };
+    if (rows.twoSides) {
+        put(u"Kanton"_s, 2, "small");
+        put(u"Bund"_s, 3, "small");
+        ++at;
+    }
+    for (const SectionRows::Row& row : rows.rows) {
+        put(row.ziffer, 0, "faint");
+        auto* const door = new QPushButton(row.label, parent);
+        door->setObjectName(u"line:"_s + qs(row.code));
+        door->setAccessibleName(u"%1 %2, Herkunft zeigen"_s.arg(row.label, row.canton));
+        shell::setRole(door, "door");
+        connect(door, &QPushButton::clicked, this,
+                [this, code = qs(row.code)] { Q_EMIT reasonWanted(code); });
+        grid->addWidget(door, at, 1);
+        const char* const role = row.strong ? "figure" : "";
+        put(row.canton, 2, role);
+        if (rows.twoSides) {
+            put(row.federal.isEmpty() ? row.canton : row.federal, 3, role);
+        }
+        ++at;
+        if (!row.note.isEmpty()) {
+            auto* const note = new QLabel(row.note, parent);
+            note->setWordWrap(true);
+            shell::setRole(note, "small");
+            grid->addWidget(note, at++, 1);
+        }
+    }
+}
+
+} // namespace fiscarel::pages

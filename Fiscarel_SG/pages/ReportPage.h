@@ -1,0 +1,34 @@
+#pragma once
+
+#ifndef Q_MOC_RUN
+#include "Fiscarel_SG/shell/PageFrame.h"
+#include "Fiscarel_SG/shell/PageWidget.h"
+#endif
+
+class QVBoxLayout;
+
+namespace fiscarel {
+class AppStore;
+}
+
+namespace fiscarel::pages {
+
+/// The whole computation on one page, section by section; every line is a door to its reason.
+class ReportPage final : public shell::PageWidget {
+    Q_OBJECT
+
+  public:
+    ReportPage(AppStore& store, QWidget* parent);
+
+    void refresh() override {}
+    void refreshResult() override;
+
+  private:
+    void addSection(QVBoxLayout& column, const struct SectionRows& rows);
+
+    AppStore& store_;
+    shell::PageFrame* frame_;
+    QWidget* content_ = nullptr;
+};
+
+} // namespace fiscarel::pages

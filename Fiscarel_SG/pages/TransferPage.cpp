@@ -1,0 +1,149 @@
+#include "Fiscarel_SG/pages/TransferPage.h"
+
+#include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/pages/Cards.h"
+#include "Fiscarel_SG/shell/Theme.h"
+#include "TaxCore/base/MoneyFormat.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QGridLayout>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+#include <algorithm>
+
+namespace fiscarel::pages {
+
+using namespace Qt::Literals::StringLiterals;
+using namespace taxcore;
+
+namespace {
+
+/// Whole francs, as the authority's program takes them.
+QString whole(const Decimal& amount) { return qs(MoneyFormat::chf(amount.roundDown(0), 0, false)); }
+
+} // namespace
+
+TransferPage::TransferPage(AppStore& store, QWidget* parent)
+    : PageWidget(parent), store_(store),
+      frame_(new shell::PageFrame(
+          u"Übertragen"_s,
+          u"Feld für Feld in das Programm der Steuerbehörde: Wert kopieren, dort einsetzen, hier "
+          "abhaken."_s,
+          this)),
+      progressText_(new QLabel(this)), progress_(new QProgressBar(this)),
+      openOnly_(new QCheckBox(u"Nur offene zeigen"_s, this)) {
+    auto* const outer = new QVBoxLayout(this);
+    outer->setContentsMargins(0, 0, 0, 0);
+    outer->addWidget(frame_);
+    QVBoxLayout& head = addCard(frame_->column(), {});
+    progressText_->setObjectName(u"transferProgress"_s);
+    shell::setRole(progressText_, "heading");
+    progress_->setTextVisible(false);
+    openOnly_->setObjectName(u"openOnly"_s);
+    head.addWidget(progressText_);
+    head.addWidget(progress_);
+    head.addWidget(openOnly_);
+    connect(openOnly_, &QCheckBox::toggled, this, &TransferPage::refresh);
+    refreshResult();
+}
+
+std::vector<TransferPage::Row> TransferPage::rowsOfResult() const {
+    std::vector<Row> rows;
+    const auto* result = store_.result();
+    for (const TaxLine& line : result != nullptr ? result->fields() : std::vector<TaxLine>{}) {
+        const QString canton = whole(line.canton);
+        const bool differs = line.federal && *line.federal != line.canton;
+        const QString value =
+            differs ? u"%1 / Bund %2"_s.arg(canton, whole(*line.federal)) : canton;
+        rows.push_back({line.code + "=" + utf8(value), qs(line.ziffer), qs(line.label), value});
+    }
+    return rows;
+}
+
+void TransferPage::refreshResult() {
+    std::vector<Row> rows = rowsOfResult();
+    if (table_ == nullptr || rows != rows_) {
+        rows_ = std::move(rows);
+        rebuild();
+    }
+    refresh();
+}
+
+void TransferPage::rebuild() {
+    if (table_ != nullptr) {
+        table_->hide();
+        table_->deleteLater();
+    }
+    ticks_.clear();
+    cells_.clear();
+    table_ = new QFrame(frame_);
+    shell::setRole(table_, "card");
+    auto* const grid = new QGridLayout(table_);
+    grid->setContentsMargins(20, 16, 20, 16);
+    grid->setHorizontalSpacing(14);
+    grid->setVerticalSpacing(4);
+    grid->setColumnStretch(2, 1);
+    for (std::size_t i = 0; i < rows_.size(); ++i) {
+        addRow(rows_[i], static_cast<int>(i));
+    }
+    frame_->column().addWidget(table_);
+}
+
+void TransferPage::addRow(const Row& row, int at) {
+    auto& grid = dynamic_cast<QGridLayout&>(*table_->layout());
+    auto* const tick = new QCheckBox(table_);
+    tick->setObjectName(u"tick:"_s + qs(row.id));
+    tick->setAccessibleName(u"%1 übertragen"_s.arg(row.label));
+    auto* const ziffer = new QLabel(row.ziffer, table_);
+    shell::setRole(ziffer, "faint");
+    auto* const label = new QLabel(row.label, table_);
+    label->setWordWrap(true);
+    auto* const value = new QLabel(row.value, table_);
+    value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    shell::setRole(value, "figure");
+    auto* const copy = new QPushButton(u"Kopieren"_s, table_);
+    copy->setAccessibleName(u"%1 kopieren"_s.arg(row.label));
+    shell::setRole(copy, "link");
+    std::vector<QWidget*> cells{tick, ziffer, label, value, copy};
+    for (int column = 0; column < static_cast<int>(cells.size()); ++column) {
+        grid.addWidget(cells[static_cast<std::size_t>(column)], at, column);
+    }
+    cells_.push_back(std::move(cells));
+    ticks_.push_back(tick);
+    connect(tick, &QCheckBox::toggled, this, [this, id = row.id](bool checked) {
+        store_.setTransferChecked(store_.year(), id, checked);
+    });
+    connect(copy, &QPushButton::clicked, this, [text = row.value] {
+        QString digits = text.section(u" / "_s, 0, 0);
+        QApplication::clipboard()->setText(digits.remove(QChar(0x2019)));
+    });
+}
+
+void TransferPage::refresh() {
+    const auto found = store_.transferChecked().find(store_.year());
+    for (std::size_t i = 0; i < rows_.size(); ++i) {
+        const bool done =
+            found != store_.transferChecked().end() && found->second.contains(rows_[i].id);
+        const QSignalBlocker quiet(ticks_[i]);
+        ticks_[i]->setChecked(done);
+        for (QWidget* cell : cells_[i]) {
+            cell->setVisible(!done || !openOnly_->isChecked());
+        }
+    }
+    showProgress();
+}
+
+void TransferPage::showProgress() {
+    const auto done = std::ranges::count_if(ticks_, &QCheckBox::isChecked);
+    progressText_->setText(u"%1 von %2 übertragen"_s.arg(done).arg(ticks_.size()));
+    progress_->setRange(0, std::max(1, static_cast<int>(ticks_.size())));
+    progress_->setValue(static_cast<int>(done));
+}
+
+} // namespace fiscarel::pages

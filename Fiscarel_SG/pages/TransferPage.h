@@ -1,0 +1,59 @@
+#pragma once
+
+#ifndef Q_MOC_RUN
+#include "Fiscarel_SG/shell/PageFrame.h"
+#include "Fiscarel_SG/shell/PageWidget.h"
+#endif
+
+#include <string>
+#include <vector>
+
+class QCheckBox;
+class QGridLayout;
+class QLabel;
+class QProgressBar;
+
+namespace fiscarel {
+class AppStore;
+}
+
+namespace fiscarel::pages {
+
+/// The lines of the return in the order of the authority's program, each to copy and to tick.
+class TransferPage final : public shell::PageWidget {
+    Q_OBJECT
+
+  public:
+    TransferPage(AppStore& store, QWidget* parent);
+
+    void refresh() override;
+    void refreshResult() override;
+
+  private:
+    /// One line to be transferred.
+    struct Row {
+        std::string id; ///< as it is kept when ticked: code and value
+        QString ziffer;
+        QString label;
+        QString value;
+
+        bool operator==(const Row&) const = default;
+    };
+
+    std::vector<Row> rowsOfResult() const;
+    void rebuild();
+    void addRow(const Row& row, int at);
+    void showProgress();
+
+    AppStore& store_;
+    shell::PageFrame* frame_;
+    QLabel* progressText_;
+    QProgressBar* progress_;
+    QCheckBox* openOnly_;
+    QWidget* table_ = nullptr;
+    std::vector<Row> rows_;
+    std::vector<QCheckBox*> ticks_;
+    std::vector<std::vector<QWidget*>> cells_;
+};
+
+} // namespace fiscarel::pages
