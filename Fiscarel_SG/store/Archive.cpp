@@ -32,7 +32,13 @@ tl::unexpected<ArchiveFault> stopped() {
     return tl::unexpected(ArchiveFault{.isStopped = true, .message = "Auf Wunsch abgebrochen."});
 }
 
-std::string megabytes(std::uint64_t bytes) { return std::to_string(bytes >> 20U) + " MB"; }
+/// "200 MB", small sizes with a digit more: "0,4 MB"; rounded up.
+std::string megabytes(std::uint64_t bytes) {
+    constexpr std::uint64_t megabyte = std::uint64_t{1} << 20U;
+    const std::uint64_t tenths = (bytes * 10 + megabyte - 1) / megabyte;
+    return tenths < 100 ? std::to_string(tenths / 10) + "," + std::to_string(tenths % 10) + " MB"
+                        : std::to_string((tenths + 9) / 10) + " MB";
+}
 
 /// What an archive holds of documents must stay within what is read again.
 std::optional<std::string> tooMuch(std::size_t count, std::uint64_t bytes) {
@@ -390,8 +396,8 @@ ArchiveResult<void> Import::checkRoom() const {
         return fault(free.error());
     }
     if (bytes > *free) {
-        return fault("Die Belege des Archivs brauchen " + megabytes(bytes)
-                     + "; auf dem Datenträger sind noch " + megabytes(*free) + " frei.");
+        return fault("Für die Belege des Archivs fehlen auf dem Datenträger "
+                     + megabytes(bytes - *free) + " Platz.");
     }
     return {};
 }

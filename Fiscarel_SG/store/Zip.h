@@ -62,7 +62,7 @@ class ZipWriter {
 /// What a ZIP file says of an entry; none of it need be true.
 struct ZipEntry {
     std::uint64_t index = 0;
-    std::string name; ///< up to the first zero byte
+    std::string name; ///< in UTF-8
     std::uint64_t size = 0;
     bool isLink = false;
     bool isEncrypted = false;
