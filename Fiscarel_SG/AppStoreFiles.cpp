@@ -320,8 +320,9 @@ void AppStore::replaceBy(std::function<tl::expected<PersistedState, std::string>
         return;
     }
     using Read = tl::expected<PersistedState, std::string>;
+    auto keep = keepOwn(label);
     services_.writer.post<Read>(
-        [read = std::move(read), keep = keepOwn(label)]() -> Read {
+        [read = std::move(read), keep = std::move(keep)]() -> Read {
             auto state = read();
             if (state) {
                 if (auto kept = keep(); !kept) {
@@ -373,10 +374,10 @@ void AppStore::exportArchive(const std::filesystem::path& file, ArchiveProgress 
         done(tl::unexpected(ArchiveFault{.message = std::string(demoNotExported)}));
         return;
     }
+    auto tell = onMainThread(services_.writer, std::move(progress));
     services_.writer.post<Archived>(
-        [file, persistence = services_.persistence, state = state_,
-         progress = onMainThread(services_.writer, std::move(progress))] {
-            return persistence->exportArchive(file, state, progress);
+        [file, persistence = services_.persistence, state = state_, tell = std::move(tell)] {
+            return persistence->exportArchive(file, state, tell);
         },
         std::move(done));
 }
@@ -388,11 +389,11 @@ void AppStore::importArchive(const std::filesystem::path& file, ArchiveProgress 
         return;
     }
     using Read = ArchiveResult<ArchiveContent>;
+    auto keep = keepOwn(backup::beforeImport);
+    auto tell = onMainThread(services_.writer, std::move(progress));
     services_.writer.post<Read>(
-        [file, persistence = services_.persistence, keep = keepOwn(backup::beforeImport),
-         progress = onMainThread(services_.writer, std::move(progress))] {
-            return persistence->importArchive(file, keep, progress);
-        },
+        [file, persistence = services_.persistence, keep = std::move(keep),
+         tell = std::move(tell)] { return persistence->importArchive(file, keep, tell); },
         [this, done = std::move(done)](Read content) {
             if (!content) {
                 done(tl::unexpected(std::move(content).error()));

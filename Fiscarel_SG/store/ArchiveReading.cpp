@@ -1,130 +1,21 @@
-#include "Fiscarel_SG/store/Archive.h"
-
+#include "Fiscarel_SG/store/ArchiveParts.h"
 #include "Fiscarel_SG/store/DocumentFiles.h"
 #include "Fiscarel_SG/store/Zip.h"
 #include "TaxCore/base/Utf8.h"
 
 #include <algorithm>
-#include <array>
-#include <cerrno>
 #include <map>
 #include <optional>
 #include <set>
-#include <span>
 #include <utility>
 
 namespace fiscarel {
 
+using namespace archive;
+
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr std::string_view stateEntry = "daten.json";
-constexpr std::string_view documentsPrefix = "Belege/";
-
-tl::unexpected<ArchiveFault> fault(std::string message) {
-    return tl::unexpected(ArchiveFault{.message = std::move(message)});
-}
-
-tl::unexpected<ArchiveFault> fault(const FileError& error) { return fault(error.description()); }
-
-tl::unexpected<ArchiveFault> stopped() {
-    return tl::unexpected(ArchiveFault{.isStopped = true, .message = "Auf Wunsch abgebrochen."});
-}
-
-/// "200 MB", small sizes with a digit more: "0,4 MB"; rounded up.
-std::string megabytes(std::uint64_t bytes) {
-    constexpr std::uint64_t megabyte = std::uint64_t{1} << 20U;
-    const std::uint64_t tenths = (bytes * 10 + megabyte - 1) / megabyte;
-    return tenths < 100 ? std::to_string(tenths / 10) + "," + std::to_string(tenths % 10) + " MB"
-                        : std::to_string((tenths + 9) / 10) + " MB";
-}
-
-/// What an archive holds of documents must stay within what is read again.
-std::optional<std::string> tooMuch(std::size_t count, std::uint64_t bytes) {
-    if (count > maxArchiveDocuments) {
-        return "Ein Archiv fasst höchstens " + std::to_string(maxArchiveDocuments) + " Belege.";
-    }
-    if (bytes > maxArchiveSize) {
-        return "Ein Archiv fasst höchstens " + megabytes(maxArchiveSize) + " an Belegen.";
-    }
-    return std::nullopt;
-}
-
-// Writing.
-
-/// Whether a file's kind is packed by itself, so that packing it again only takes time.
-ZipWriter::Packing packingOf(const std::string& fileName) {
-    static constexpr std::array packed{".pdf", ".jpg",  ".jpeg", ".png",  ".heic", ".heif",
-                                       ".gif", ".webp", ".zip",  ".docx", ".xlsx"};
-    std::string ending = fs::path(fileName).extension().string();
-    std::ranges::transform(ending, ending.begin(), [](char c) {
-        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    });
-    return std::ranges::find(packed, ending) != packed.end() ? ZipWriter::Packing::stored
-                                                             : ZipWriter::Packing::deflated;
-}
-
-/// The documents that can go into an archive.
-struct Collected {
-    std::vector<ArchiveDocument> documents;
-    std::uint64_t bytes = 0;
-    std::size_t missing = 0;
-};
-
-ArchiveResult<Collected> collect(FileSystem& files, const std::vector<ArchiveDocument>& documents) {
-    Collected collected;
-    std::set<std::string_view> seen;
-    for (const ArchiveDocument& document : documents) {
-        if (!isPlainFileName(document.fileName)) {
-            ++collected.missing;
-            continue;
-        }
-        if (!seen.insert(document.fileName).second) {
-            continue;
-        }
-        const auto open = files.open(document.file);
-        if (!open) {
-            if (!open.error().isMissing()) {
-                return fault(open.error());
-            }
-            ++collected.missing;
-            continue;
-        }
-        if ((*open)->size() > maxDocumentSize) {
-            return fault(FileError{EFBIG, document.file});
-        }
-        collected.bytes += (*open)->size();
-        collected.documents.push_back(document);
-    }
-    if (auto problem = tooMuch(collected.documents.size(), collected.bytes)) {
-        return fault(std::move(*problem));
-    }
-    return collected;
-}
-
-/// What went wrong with writing, other than with a file.
-ArchiveFault writingFault(const ZipFault& problem) {
-    if (problem.kind == ZipFault::Kind::stopped) {
-        return stopped().value();
-    }
-    return {.message = problem.file ? problem.file->description()
-                                    : "Das Archiv liess sich nicht zusammenstellen."};
-}
-
-ZipResult<void> fill(ZipWriter& zip, std::string_view encoded, const Collected& collected) {
-    auto added = zip.add(std::string(stateEntry), encoded, ZipWriter::Packing::deflated);
-    for (const ArchiveDocument& document : collected.documents) {
-        if (!added) {
-            break;
-        }
-        added = zip.add(std::string(documentsPrefix) + document.fileName, document.file,
-                        packingOf(document.fileName));
-    }
-    return added;
-}
-
-// Reading.
 
 /// A name from an archive as it can be shown.
 std::string shown(std::string_view name) {
@@ -474,37 +365,6 @@ ArchiveResult<void> Import::place() {
 }
 
 } // namespace
-
-ArchiveResult<ArchiveReport> writeArchive(FileSystem& files, const fs::path& target,
-                                          std::string_view encoded,
-                                          const std::vector<ArchiveDocument>& documents,
-                                          const ArchiveProgress& progress) {
-    if (encoded.size() > taxcore::maxJsonSize) {
-        return fault("Die Daten sind grösser als " + megabytes(taxcore::maxJsonSize) + ".");
-    }
-    const auto collected = collect(files, documents);
-    if (!collected) {
-        return tl::unexpected(collected.error());
-    }
-    const auto draft = files.draft(target);
-    if (!draft) {
-        return fault(draft.error());
-    }
-    ZipWriter zip(files, **draft);
-    const std::uint64_t total = collected->bytes + encoded.size();
-    const auto written = fill(zip, encoded, *collected).and_then([&] {
-        return zip.write([&](std::uint64_t done) {
-            return !progress || progress(std::min(encoded.size() + done, total), total);
-        });
-    });
-    if (!written) {
-        return tl::unexpected(writingFault(written.error()));
-    }
-    if (auto placed = (*draft)->place(IfTaken::replace); !placed) {
-        return fault(placed.error());
-    }
-    return ArchiveReport{.documents = collected->documents.size(), .missing = collected->missing};
-}
 
 ArchiveResult<ArchiveContent> readArchive(FileSystem& files, const fs::path& source,
                                           const fs::path& documentsFolder,
