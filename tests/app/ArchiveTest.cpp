@@ -221,6 +221,21 @@ TEST_F(Archive, refusesWhatWasMadeToDoHarm) {
     EXPECT_TRUE(imported(posix_)) << "or the rows above tell nothing";
 }
 
+TEST_F(Archive, unpacksNoMoreThanABombSaysItHas) {
+    const std::string zeros(std::size_t{20} << 20U, '\0');
+    write(archive_, patched(zipOf({{"daten.json", encodeState(stateWith({"a.txt"}))},
+                                   {"Belege/a.txt", zeros, true}}),
+                            littleEndian(zeros.size(), 4), littleEndian(1000, 4)));
+    int pieces = 0;
+    const auto content = imported(posix_, [&](std::uint64_t, std::uint64_t) {
+        ++pieces;
+        return true;
+    });
+    EXPECT_FALSE(content);
+    EXPECT_LE(pieces, 2);
+    EXPECT_EQ(contentsOf(to_), Contents());
+}
+
 TEST_F(Archive, refusesMoreThanItsTotal) {
     std::vector<std::string> names;
     std::vector<RawEntry> entries;
@@ -412,6 +427,19 @@ TEST_F(Archive, placesNothingWithoutConsent) {
     ASSERT_FALSE(content);
     EXPECT_EQ(content.error().message, "Nein.");
     EXPECT_EQ(contentsOf(to_), Contents());
+}
+
+TEST_F(Archive, writesOverNothingThatAppearsMeanwhile) {
+    keep(someDocuments());
+    ASSERT_TRUE(exported(stateWith(someNames), posix_));
+    const auto appears = [&] {
+        write(to_ / someNames[3], "fremd");
+        return tl::expected<void, std::string>();
+    };
+    const auto content = readArchive(posix_, archive_, to_, appears);
+    ASSERT_FALSE(content);
+    EXPECT_NE(content.error().message.find("Es gibt schon eine Datei"), std::string::npos);
+    EXPECT_EQ(contentsOf(to_), (Contents{{someNames[3], "fremd"}}));
 }
 
 TEST(DocumentNames, suitEveryFileSystemAndArchive) {
