@@ -162,6 +162,16 @@ class AppStore final : public QObject {
     void importExported(const std::filesystem::path& file, Done done);
     void exportAll(const std::filesystem::path& file, Done done);
 
+    using Archived = ArchiveResult<ArchiveReport>;
+    using ArchiveDone = std::function<void(Archived)>;
+    /// Writes state and documents into one file. `progress` is called on the main thread, now and
+    /// then; false stops the work soon after.
+    void exportArchive(const std::filesystem::path& file, ArchiveProgress progress,
+                       ArchiveDone done);
+    /// Replaces the state by that of an archive, after a labelled backup, and adds its documents.
+    void importArchive(const std::filesystem::path& file, ArchiveProgress progress,
+                       ArchiveDone done);
+
     /// Called on the main thread after every save that did not come from the cloud.
     std::function<void()> onLocalSave;
     /// Called on the main thread when the user deletes a document.
@@ -202,6 +212,8 @@ class AppStore final : public QObject {
     void setLoadError(std::string message);
     void replaceBy(std::function<tl::expected<PersistedState, std::string>()> read,
                    std::string_view label, Done done);
+    BeforePlacing keepOwn(std::string_view label) const;
+    void replace(PersistedState state);
     taxcore::TaxCase freshCase(int year) const;
     void removeDeletedFiles();
 

@@ -4,10 +4,43 @@
 #include "Fiscarel_SG/store/DocumentLinks.h"
 
 #include <algorithm>
+#include <atomic>
+#include <memory>
 
 namespace fiscarel {
 
 using namespace taxcore;
+
+namespace {
+
+constexpr std::string_view demoStays = "Der Demohaushalt lässt sich nicht ersetzen.";
+constexpr std::string_view demoNotExported = "Der Demohaushalt lässt sich nicht exportieren.";
+
+/// Progress of work on the queue, told on the main thread: the next figure only when the last one
+/// was heard, and the answer to it when there is one.
+ArchiveProgress onMainThread(WorkQueue& queue, ArchiveProgress progress) {
+    if (!progress) {
+        return {};
+    }
+    struct Exchange {
+        std::atomic<bool> isOnTheWay = false;
+        std::atomic<bool> goesOn = true;
+    };
+    return [&queue, progress = std::move(progress),
+            exchange = std::make_shared<Exchange>()](std::uint64_t done, std::uint64_t total) {
+        if (!exchange->isOnTheWay.exchange(true)) {
+            queue.report([progress, exchange, done, total] {
+                if (exchange->goesOn && !progress(done, total)) {
+                    exchange->goesOn = false;
+                }
+                exchange->isOnTheWay = false;
+            });
+        }
+        return exchange->goesOn.load();
+    };
+}
+
+} // namespace
 
 // Saving.
 
@@ -263,24 +296,37 @@ void AppStore::importExported(const std::filesystem::path& file, Done done) {
               backup::beforeImport, std::move(done));
 }
 
+/// Work that writes a labelled backup of the state as it is now.
+BeforePlacing AppStore::keepOwn(std::string_view label) const {
+    // What could not be read at the start is among the backups already, and the state is empty.
+    if (gate_ != Gate::open) {
+        return [] { return tl::expected<void, std::string>(); };
+    }
+    return [persistence = services_.persistence, label = std::string(label),
+            encoded = encodeState(state_)]() -> tl::expected<void, std::string> {
+        const auto kept = persistence->backup(std::string_view(encoded), label);
+        if (!kept) {
+            return tl::unexpected("Es liess sich keine Sicherung anlegen: "
+                                  + kept.error().description());
+        }
+        return {};
+    };
+}
+
 void AppStore::replaceBy(std::function<tl::expected<PersistedState, std::string>()> read,
                          std::string_view label, Done done) {
     if (isDemo_) {
-        done("Der Demohaushalt lässt sich nicht ersetzen.");
+        done(std::string(demoStays));
         return;
     }
     using Read = tl::expected<PersistedState, std::string>;
-    // What could not be read at the start is among the backups already, and the state is empty.
-    const bool hasOwn = gate_ == Gate::open;
+    auto keep = keepOwn(label);
     services_.writer.post<Read>(
-        [persistence = services_.persistence, read = std::move(read), label = std::string(label),
-         encoded = hasOwn ? encodeState(state_) : std::string()]() -> Read {
+        [read = std::move(read), keep = std::move(keep)]() -> Read {
             auto state = read();
-            if (state && !encoded.empty()) {
-                const auto kept = persistence->backup(std::string_view(encoded), label);
-                if (!kept) {
-                    return tl::unexpected("Es liess sich keine Sicherung anlegen: "
-                                          + kept.error().description());
+            if (state) {
+                if (auto kept = keep(); !kept) {
+                    return tl::unexpected(std::move(kept).error());
                 }
             }
             return state;
@@ -290,19 +336,23 @@ void AppStore::replaceBy(std::function<tl::expected<PersistedState, std::string>
                 done(std::move(state).error());
                 return;
             }
-            openGate();
-            adopt(std::move(*state));
-            ensureCase(year_);
-            history_.dropStale(state_);
-            calcTimer_->stop();
-            recalculate();
-            saveNow();
-            Q_EMIT historyChanged();
-            Q_EMIT documentsChanged();
-            Q_EMIT transferChanged(year_);
-            Q_EMIT currentChanged({});
+            replace(std::move(*state));
             done(std::nullopt);
         });
+}
+
+void AppStore::replace(PersistedState state) {
+    openGate();
+    adopt(std::move(state));
+    ensureCase(year_);
+    history_.dropStale(state_);
+    calcTimer_->stop();
+    recalculate();
+    saveNow();
+    Q_EMIT historyChanged();
+    Q_EMIT documentsChanged();
+    Q_EMIT transferChanged(year_);
+    Q_EMIT currentChanged({});
 }
 
 void AppStore::exportAll(const std::filesystem::path& file, Done done) {
@@ -310,12 +360,48 @@ void AppStore::exportAll(const std::filesystem::path& file, Done done) {
         [file, encoded = encodeState(state_),
          persistence = services_.persistence]() -> std::optional<std::string> {
             if (persistence == nullptr) {
-                return "Der Demohaushalt lässt sich nicht exportieren.";
+                return std::string(demoNotExported);
             }
             const auto written = persistence->exportAll(file, encoded);
             return written ? std::nullopt : std::optional(written.error().description());
         },
         std::move(done));
+}
+
+void AppStore::exportArchive(const std::filesystem::path& file, ArchiveProgress progress,
+                             ArchiveDone done) {
+    if (isDemo_) {
+        done(tl::unexpected(ArchiveFault{.message = std::string(demoNotExported)}));
+        return;
+    }
+    auto tell = onMainThread(services_.writer, std::move(progress));
+    services_.writer.post<Archived>(
+        [file, persistence = services_.persistence, state = state_, tell = std::move(tell)] {
+            return persistence->exportArchive(file, state, tell);
+        },
+        std::move(done));
+}
+
+void AppStore::importArchive(const std::filesystem::path& file, ArchiveProgress progress,
+                             ArchiveDone done) {
+    if (isDemo_) {
+        done(tl::unexpected(ArchiveFault{.message = std::string(demoStays)}));
+        return;
+    }
+    using Read = ArchiveResult<ArchiveContent>;
+    auto keep = keepOwn(backup::beforeImport);
+    auto tell = onMainThread(services_.writer, std::move(progress));
+    services_.writer.post<Read>(
+        [file, persistence = services_.persistence, keep = std::move(keep),
+         tell = std::move(tell)] { return persistence->importArchive(file, keep, tell); },
+        [this, done = std::move(done)](Read content) {
+            if (!content) {
+                done(tl::unexpected(std::move(content).error()));
+                return;
+            }
+            replace(std::move(content->state));
+            done(content->report);
+        });
 }
 
 } // namespace fiscarel

@@ -29,30 +29,6 @@ fs::path homeFolder() {
     return user != nullptr ? fs::path(user->pw_dir) : fs::current_path();
 }
 
-/// File systems allow 255 bytes for a name.
-constexpr std::size_t longestName = 200;
-
-/// A name cut to what file systems allow, with its ending and without half characters.
-std::string shortened(const fs::path& name) {
-    std::string stem = name.stem().string();
-    std::string ending = name.extension().string();
-    if (ending.size() > longestName / 2) {
-        stem += ending;
-        ending.clear();
-    }
-    if (stem.size() + ending.size() > longestName) {
-        std::size_t end = longestName - ending.size();
-        const auto continues = [&] {
-            return (static_cast<unsigned char>(stem[end]) & 0xC0U) == 0x80;
-        };
-        while (end > 0 && continues()) {
-            --end;
-        }
-        stem.resize(end);
-    }
-    return stem + ending;
-}
-
 } // namespace
 
 fs::path Persistence::defaultRoot() {
@@ -179,18 +155,15 @@ tl::expected<BackupContent, std::string> Persistence::inspect(const BackupFile& 
 }
 
 FileResult<std::string> Persistence::importFile(const fs::path& file) {
-    std::string name = Uuid::random().toString() + "-" + shortened(file.filename());
+    std::string name = freshDocumentName(file.filename());
     return files_.copy(file, documentsFolder() / name, maxDocumentSize).map([&] {
         return std::move(name);
     });
 }
 
 std::optional<fs::path> Persistence::fileOf(const StoredDocument& document) const {
-    const std::string& name = document.fileName;
-    const bool plain = !name.empty() && name != "." && name != ".."
-                       && name.find('/') == std::string::npos
-                       && name.find('\0') == std::string::npos;
-    return plain ? std::optional(documentsFolder() / name) : std::nullopt;
+    return isPlainFileName(document.fileName) ? std::optional(documentsFolder() / document.fileName)
+                                              : std::nullopt;
 }
 
 void Persistence::remove(const StoredDocument& document) {
@@ -201,6 +174,22 @@ void Persistence::remove(const StoredDocument& document) {
 
 FileResult<void> Persistence::exportAll(const fs::path& file, std::string_view encoded) {
     return files_.write(file, encoded);
+}
+
+ArchiveResult<ArchiveReport> Persistence::exportArchive(const fs::path& file,
+                                                        const PersistedState& state,
+                                                        const ArchiveProgress& progress) {
+    std::vector<ArchiveDocument> documents;
+    for (const StoredDocument& document : state.documents) {
+        documents.push_back({document.fileName, documentsFolder() / document.fileName});
+    }
+    return writeArchive(files_, file, encodeState(state), documents, progress);
+}
+
+ArchiveResult<ArchiveContent> Persistence::importArchive(const fs::path& file,
+                                                         const BeforePlacing& beforePlacing,
+                                                         const ArchiveProgress& progress) {
+    return readArchive(files_, file, documentsFolder(), beforePlacing, progress);
 }
 
 } // namespace fiscarel

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "Fiscarel_SG/store/Archive.h"
 #include "Fiscarel_SG/store/Backups.h"
 #include "Fiscarel_SG/store/Clock.h"
+#include "Fiscarel_SG/store/DocumentFiles.h"
 #include "Fiscarel_SG/store/FileSystem.h"
 #include "Fiscarel_SG/store/PersistedState.h"
 
@@ -78,6 +80,14 @@ class Persistence {
 
     /// Writes the whole state where the user wants it.
     FileResult<void> exportAll(const std::filesystem::path& file, std::string_view encoded);
+    /// Writes state and documents into one archive where the user wants it.
+    ArchiveResult<ArchiveReport> exportArchive(const std::filesystem::path& file,
+                                               const PersistedState& state,
+                                               const ArchiveProgress& progress = {});
+    /// The state in an archive, its documents copied among ours; see `readArchive`.
+    ArchiveResult<ArchiveContent> importArchive(const std::filesystem::path& file,
+                                                const BeforePlacing& beforePlacing = {},
+                                                const ArchiveProgress& progress = {});
 
   private:
     FileResult<void> setAside();
@@ -92,8 +102,5 @@ class Persistence {
 
 /// The name the file dialog proposes for an export.
 inline constexpr std::string_view exportFileName = "Fiscarel-SG-Sicherung.json";
-
-/// Larger documents are not imported, bytes.
-inline constexpr std::uint64_t maxDocumentSize = std::uint64_t{200} << 20U;
 
 } // namespace fiscarel

@@ -6,6 +6,8 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -37,6 +39,40 @@ struct FileEntry {
     bool operator==(const FileEntry&) const = default;
 };
 
+/// A regular file open for reading.
+class FileReader {
+  public:
+    FileReader() = default;
+    FileReader(const FileReader&) = delete;
+    FileReader& operator=(const FileReader&) = delete;
+    virtual ~FileReader() = default;
+
+    /// Bytes, when it was opened.
+    virtual std::uint64_t size() const = 0;
+    /// Fills `into` with what stands at an offset; how many bytes, fewer only where the file ends.
+    virtual FileResult<std::size_t> read(std::uint64_t offset, std::span<char> into) = 0;
+};
+
+/// What `FileDraft::place` does with a file that has the name already.
+enum class IfTaken { refuse, replace };
+
+/// Content in the making, in a hidden file beside the one it is to become; removed at the end
+/// unless it was placed.
+class FileDraft {
+  public:
+    FileDraft() = default;
+    FileDraft(const FileDraft&) = delete;
+    FileDraft& operator=(const FileDraft&) = delete;
+    virtual ~FileDraft() = default;
+
+    virtual FileResult<void> write(std::uint64_t offset, std::string_view bytes) = 0;
+    /// Puts all that was written on the disk and closes the file; nothing can be written after.
+    virtual FileResult<void> finish() = 0;
+    /// Finishes, gives the file the name it was begun for, and puts that on the disk. A new name is
+    /// not there when that fails.
+    virtual FileResult<void> place(IfTaken ifTaken) = 0;
+};
+
 /// What the program does with files. Every operation is whole or not at all, also when the program
 /// or the machine stops in its midst; what had to be on the disk is on it when the call returns.
 /// Any thread may call.
@@ -55,6 +91,12 @@ class FileSystem {
     /// Copies a regular file of at most `mostBytes` to a name that is not taken yet.
     virtual FileResult<void> copy(const std::filesystem::path& from,
                                   const std::filesystem::path& to, std::uint64_t mostBytes) = 0;
+    /// Opens a regular file for reading piece by piece.
+    virtual FileResult<std::unique_ptr<FileReader>> open(const std::filesystem::path& file) = 0;
+    /// Begins a file that is written piece by piece; only the user may read it.
+    virtual FileResult<std::unique_ptr<FileDraft>> draft(const std::filesystem::path& file) = 0;
+    /// Bytes that can still be written to the disk of a folder.
+    virtual FileResult<std::uint64_t> freeSpace(const std::filesystem::path& folder) = 0;
     /// Gives a file a second name that is not taken yet.
     virtual FileResult<void> link(const std::filesystem::path& file,
                                   const std::filesystem::path& second) = 0;
@@ -64,7 +106,7 @@ class FileSystem {
     virtual FileResult<std::vector<FileEntry>> list(const std::filesystem::path& folder) = 0;
     /// Makes a folder, and those above it, for the user alone.
     virtual FileResult<void> makeFolder(const std::filesystem::path& folder) = 0;
-    /// Removes what an interrupted `write` or `copy` left in a folder.
+    /// Removes what an interrupted `write`, `copy` or `draft` left in a folder.
     virtual void removeLeftovers(const std::filesystem::path& folder) = 0;
 };
 

@@ -3,12 +3,14 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
+#include <limits>
 #include <memory>
 #include <random>
 #include <utility>
@@ -49,17 +51,6 @@ class Descriptor {
     int number_;
 };
 
-bool writeAll(int file, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t count = ::write(file, bytes.data(), bytes.size());
-        if (count < 0 && errno != EINTR) {
-            return false;
-        }
-        bytes.remove_prefix(count < 0 ? 0 : static_cast<std::size_t>(count));
-    }
-    return true;
-}
-
 FileResult<void> syncFolder(const fs::path& folder) {
     const Descriptor open(folder, O_RDONLY | O_DIRECTORY);
     // Some file systems cannot sync a folder; they keep their own order.
@@ -93,54 +84,118 @@ struct Source {
     }
 };
 
-/// Hands a file's bytes to `use` piece by piece; errno or 0.
-template <class Use>
-int readPieces(const Descriptor& file, std::uint64_t mostBytes, const Use& use) {
-    std::array<char, std::size_t{1} << 16U> buffer{};
-    for (std::uint64_t done = 0;;) {
-        const ssize_t count = ::read(file.number(), buffer.data(), buffer.size());
-        if (count == 0) {
-            return 0;
-        }
-        if (count < 0) {
-            if (errno == EINTR) {
-                continue;
-            }
-            return errno;
-        }
-        done += static_cast<std::uint64_t>(count);
-        if (done > mostBytes) {
-            return EFBIG;
-        }
-        if (!use(std::string_view(buffer.data(), static_cast<std::size_t>(count)))) {
-            return errno;
-        }
-    }
-}
+class PosixReader final : public FileReader {
+  public:
+    explicit PosixReader(fs::path path) : path_(std::move(path)), source_(path_) {}
 
-/// Fills a hidden file with `fill(descriptor)` (errno or 0), syncs it and hands it to `place`.
-template <class Fill, class Place>
-FileResult<void> placeNew(const fs::path& target, const Fill& fill, const Place& place) {
-    const fs::path hidden = leftoverName(target);
-    int problem = 0;
-    {
-        Descriptor file(hidden, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, onlyUser);
-        if (!file) {
-            return failed(target);
+    FileResult<void> check(std::uint64_t mostBytes) {
+        const int problem = source_.problem(mostBytes);
+        return problem == 0 ? FileResult<void>{} : failed(path_, problem);
+    }
+    std::uint64_t size() const override {
+        return static_cast<std::uint64_t>(source_.status.st_size);
+    }
+    FileResult<std::size_t> read(std::uint64_t offset, std::span<char> into) override {
+        std::size_t done = 0;
+        while (done < into.size()) {
+            const ssize_t count = ::pread(source_.file.number(), into.data() + done,
+                                          into.size() - done, static_cast<off_t>(offset + done));
+            if (count == 0) {
+                break;
+            }
+            if (count < 0 && errno != EINTR) {
+                return failed(path_);
+            }
+            done += count < 0 ? 0 : static_cast<std::size_t>(count);
         }
-        problem = fill(file);
-        if (problem == 0 && (::fsync(file.number()) != 0 || !file.close())) {
-            problem = errno;
+        return done;
+    }
+
+  private:
+    fs::path path_;
+    Source source_;
+};
+
+class PosixDraft final : public FileDraft {
+  public:
+    explicit PosixDraft(fs::path target)
+        : target_(std::move(target)), hidden_(leftoverName(target_)),
+          file_(hidden_, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, onlyUser), exists_(file_) {}
+    ~PosixDraft() override {
+        if (exists_) {
+            ::unlink(hidden_.c_str());
         }
     }
-    if (problem == 0 && !place(hidden)) {
-        problem = errno;
+    PosixDraft(const PosixDraft&) = delete;
+    PosixDraft& operator=(const PosixDraft&) = delete;
+
+    bool exists() const noexcept { return exists_; }
+
+    FileResult<void> write(std::uint64_t offset, std::string_view bytes) override {
+        while (!bytes.empty()) {
+            const ssize_t count =
+                ::pwrite(file_.number(), bytes.data(), bytes.size(), static_cast<off_t>(offset));
+            if (count < 0 && errno != EINTR) {
+                return failed(target_);
+            }
+            const auto done = count < 0 ? 0 : static_cast<std::size_t>(count);
+            bytes.remove_prefix(done);
+            offset += done;
+        }
+        return {};
     }
-    if (problem != 0) {
-        ::unlink(hidden.c_str());
-        return failed(target, problem);
+
+    FileResult<void> finish() override {
+        if (file_ && (::fsync(file_.number()) != 0 || !file_.close())) {
+            return failed(target_);
+        }
+        return {};
     }
-    return syncFolder(target.parent_path());
+
+    FileResult<void> place(IfTaken ifTaken) override {
+        if (auto finished = finish(); !finished) {
+            return finished;
+        }
+        const unsigned flags = ifTaken == IfTaken::refuse ? RENAME_NOREPLACE : 0U;
+        if (::renameat2(AT_FDCWD, hidden_.c_str(), AT_FDCWD, target_.c_str(), flags) != 0) {
+            return failed(target_);
+        }
+        exists_ = false;
+        auto synced = syncFolder(target_.parent_path());
+        if (!synced && ifTaken == IfTaken::refuse) {
+            ::unlink(target_.c_str()); // what was replaced cannot come back, what was new can go
+        }
+        return synced;
+    }
+
+  private:
+    const fs::path target_;
+    const fs::path hidden_;
+    Descriptor file_;
+    bool exists_;
+};
+
+/// Hands a file's bytes to `use(offset, piece)`, which says whether it goes on well.
+template <class Use>
+FileResult<void> readPieces(FileReader& file, const fs::path& path, std::uint64_t mostBytes,
+                            const Use& use) {
+    std::array<char, std::size_t{1} << 16U> buffer{};
+    for (std::uint64_t offset = 0;;) {
+        const auto count = file.read(offset, buffer);
+        if (!count) {
+            return tl::unexpected(count.error());
+        }
+        if (offset + *count > mostBytes) {
+            return failed(path, EFBIG);
+        }
+        if (auto used = use(offset, std::string_view(buffer.data(), *count)); !used) {
+            return used;
+        }
+        if (*count < buffer.size()) {
+            return {};
+        }
+        offset += *count;
+    }
 }
 
 Moment momentOf(const timespec& time) { return Moment{static_cast<std::int64_t>(time.tv_sec)}; }
@@ -148,45 +203,62 @@ Moment momentOf(const timespec& time) { return Moment{static_cast<std::int64_t>(
 } // namespace
 
 FileResult<std::string> PosixFiles::read(const fs::path& file, std::uint64_t mostBytes) {
-    Source source(file);
-    if (const int problem = source.problem(mostBytes)) {
-        return failed(file, problem);
+    PosixReader reader(file);
+    if (auto checked = reader.check(mostBytes); !checked) {
+        return tl::unexpected(checked.error());
     }
     std::string bytes;
-    bytes.reserve(static_cast<std::size_t>(source.status.st_size));
-    const int problem = readPieces(source.file, mostBytes, [&](std::string_view piece) {
+    bytes.reserve(static_cast<std::size_t>(reader.size()));
+    const auto add = [&](std::uint64_t, std::string_view piece) {
         bytes += piece;
-        return true;
-    });
-    if (problem != 0) {
-        return failed(file, problem);
-    }
-    return bytes;
+        return FileResult<void>{};
+    };
+    return readPieces(reader, file, mostBytes, add).map([&] { return std::move(bytes); });
 }
 
 FileResult<void> PosixFiles::write(const fs::path& file, std::string_view bytes) {
-    return placeNew(
-        file, [&](const Descriptor& open) { return writeAll(open.number(), bytes) ? 0 : errno; },
-        [&](const fs::path& hidden) { return ::rename(hidden.c_str(), file.c_str()) == 0; });
+    return draft(file).and_then([&](const std::unique_ptr<FileDraft>& content) {
+        return content->write(0, bytes).and_then([&] { return content->place(IfTaken::replace); });
+    });
 }
 
 FileResult<void> PosixFiles::copy(const fs::path& from, const fs::path& to,
                                   std::uint64_t mostBytes) {
-    Source source(from);
-    if (const int problem = source.problem(mostBytes)) {
-        return failed(from, problem);
+    PosixReader reader(from);
+    if (auto checked = reader.check(mostBytes); !checked) {
+        return checked;
     }
-    return placeNew(
-        to,
-        [&](const Descriptor& open) {
-            return readPieces(source.file, mostBytes, [&](std::string_view piece) {
-                return writeAll(open.number(), piece);
-            });
-        },
-        [&](const fs::path& hidden) {
-            return ::renameat2(AT_FDCWD, hidden.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE)
-                   == 0;
+    return draft(to).and_then([&](const std::unique_ptr<FileDraft>& content) {
+        const auto add = [&](std::uint64_t offset, std::string_view piece) {
+            return content->write(offset, piece);
+        };
+        return readPieces(reader, from, mostBytes, add).and_then([&] {
+            return content->place(IfTaken::refuse);
         });
+    });
+}
+
+FileResult<std::unique_ptr<FileReader>> PosixFiles::open(const fs::path& file) {
+    auto reader = std::make_unique<PosixReader>(file);
+    return reader->check(std::numeric_limits<std::uint64_t>::max()).map([&] {
+        return std::unique_ptr<FileReader>(std::move(reader));
+    });
+}
+
+FileResult<std::unique_ptr<FileDraft>> PosixFiles::draft(const fs::path& file) {
+    auto content = std::make_unique<PosixDraft>(file);
+    if (!content->exists()) {
+        return failed(file);
+    }
+    return content;
+}
+
+FileResult<std::uint64_t> PosixFiles::freeSpace(const fs::path& folder) {
+    struct statvfs status = {};
+    if (::statvfs(folder.c_str(), &status) != 0) {
+        return failed(folder);
+    }
+    return std::uint64_t{status.f_bavail} * status.f_frsize;
 }
 
 FileResult<void> PosixFiles::link(const fs::path& file, const fs::path& second) {

@@ -13,6 +13,9 @@ class PosixFiles final : public FileSystem {
     FileResult<void> write(const std::filesystem::path& file, std::string_view bytes) override;
     FileResult<void> copy(const std::filesystem::path& from, const std::filesystem::path& to,
                           std::uint64_t mostBytes) override;
+    FileResult<std::unique_ptr<FileReader>> open(const std::filesystem::path& file) override;
+    FileResult<std::unique_ptr<FileDraft>> draft(const std::filesystem::path& file) override;
+    FileResult<std::uint64_t> freeSpace(const std::filesystem::path& folder) override;
     FileResult<void> link(const std::filesystem::path& file,
                           const std::filesystem::path& second) override;
     FileResult<void> remove(const std::filesystem::path& file) override;

@@ -16,6 +16,9 @@ class WorkQueue {
 
     /// Runs `work` off the main thread and then `done` on it. From the main thread only.
     virtual void post(std::function<void()> work, std::function<void()> done) = 0;
+    /// Runs `call` on the main thread before the `done` of the work that is under way. From within
+    /// work only.
+    virtual void report(std::function<void()> call) = 0;
     /// Waits until all work is done and `done` was called for each, also for what these post.
     virtual void drain() = 0;
 

@@ -22,6 +22,14 @@ void WriterThread::post(std::function<void()> work, std::function<void()> done) 
     changed_.notify_all();
 }
 
+void WriterThread::report(std::function<void()> call) {
+    {
+        const std::lock_guard lock(mutex_);
+        finished_.push_back(std::move(call));
+    }
+    wake_();
+}
+
 void WriterThread::drain() {
     for (bool more = true; more;) {
         {

@@ -19,9 +19,10 @@ class WriterThread final : public WorkQueue {
 
     using WorkQueue::post;
     void post(std::function<void()> work, std::function<void()> done) override;
+    void report(std::function<void()> call) override;
     void drain() override;
 
-    /// Calls what is done; on the main thread.
+    /// Calls what is done or reported; on the main thread.
     void deliver();
 
   private:
