@@ -1,0 +1,28 @@
+#include "Fiscarel_SG/forms/editors/AmountEdit.h"
+
+#include "Fiscarel_SG/forms/InputText.h"
+
+#include <utility>
+
+namespace fiscarel::forms {
+
+AmountEdit::AmountEdit(BoundField field, QWidget* parent)
+    : LineEditor(std::move(field), 24, parent) {
+    showFigures();
+}
+
+LineEditor::Reading AmountEdit::read(const QString& text) const {
+    return parseAmount(toUtf8(text)).map([](const Decimal& amount) { return Value(amount); });
+}
+
+QString AmountEdit::shown(const Value& value) const {
+    const auto* const amount = std::get_if<Decimal>(&value);
+    return amount != nullptr ? toQString(formatAmount(*amount)) : QString();
+}
+
+QString AmountEdit::typed(const Value& value) const {
+    const auto* const amount = std::get_if<Decimal>(&value);
+    return amount != nullptr ? toQString(formatPlain(*amount)) : QString();
+}
+
+} // namespace fiscarel::forms

@@ -1,0 +1,122 @@
+#include "Fiscarel_SG/forms/editors/DateEdit.h"
+
+#include "Fiscarel_SG/forms/InputText.h"
+
+#include <QCalendarWidget>
+#include <QFrame>
+#include <QScreen>
+#include <QTextCharFormat>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+namespace fiscarel::forms {
+
+namespace {
+
+/// A calendar that closes when a day is chosen.
+class CalendarPopup final : public QFrame {
+  public:
+    CalendarPopup(const QDate& day, QWidget* parent, std::function<void(QDate)> chosen)
+        : QFrame(parent, Qt::Popup), chosen_(std::move(chosen)) {
+        setAttribute(Qt::WA_DeleteOnClose);
+        setFrameShape(QFrame::StyledPanel);
+        auto* const calendar = new QCalendarWidget(this);
+        calendar->setLocale(QLocale(QLocale::German, QLocale::Switzerland));
+        calendar->setFirstDayOfWeek(Qt::Monday);
+        calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+        calendar->setHorizontalHeaderFormat(QCalendarWidget::ShortDayNames);
+        calendar->setDateRange(QDate(1900, 1, 1), QDate(2100, 12, 31));
+        // Weekends are days like others here.
+        calendar->setWeekdayTextFormat(Qt::Saturday, QTextCharFormat());
+        calendar->setWeekdayTextFormat(Qt::Sunday, QTextCharFormat());
+        calendar->setSelectedDate(day);
+        calendar->setAccessibleName(QStringLiteral("Kalender"));
+        auto* const layout = new QVBoxLayout(this);
+        layout->setContentsMargins(4, 4, 4, 4);
+        layout->addWidget(calendar);
+        setFocusProxy(calendar);
+        calendar->setFocus();
+        const auto choose = [this](const QDate& date) {
+            if (auto tell = std::exchange(chosen_, nullptr)) { // a double click comes twice
+                close();
+                tell(date);
+            }
+        };
+        connect(calendar, &QCalendarWidget::clicked, this, choose);
+        connect(calendar, &QCalendarWidget::activated, this, choose);
+    }
+
+    void openBelow(const QWidget& widget) {
+        adjustSize();
+        const QRect room = widget.screen()->availableGeometry();
+        QPoint corner = widget.mapToGlobal(QPoint(0, widget.height() + 2));
+        if (corner.y() + height() > room.bottom()) {
+            corner.setY(widget.mapToGlobal(QPoint(0, -height() - 2)).y());
+        }
+        corner.setX(std::max(room.left(), std::min(corner.x(), room.right() - width())));
+        move(corner);
+        show();
+    }
+
+  private:
+    std::function<void(QDate)> chosen_;
+};
+
+} // namespace
+
+DateEdit::DateEdit(BoundField field, int referenceYear, QWidget* parent)
+    : LineEditor(std::move(field), 24, parent),
+      referenceYear_(referenceYear > 0 ? referenceYear : QDate::currentDate().year()) {
+    line()->setFont(tabular(font()));
+    line()->setSelectsAll(true);
+    auto* const button =
+        new InputButton(InputButton::Sign::calendar, QStringLiteral("Kalender öffnen"), line());
+    line()->setButton(button);
+    line()->listRequested = [this] { return openCalendar(); };
+    connect(button, &QToolButton::clicked, this, [this] { openCalendar(); });
+}
+
+LineEditor::Reading DateEdit::read(const QString& text) const {
+    return parseDate(toUtf8(text), referenceYear_).map([](Date date) { return Value(date); });
+}
+
+QString DateEdit::shown(const Value& value) const {
+    const auto* const date = std::get_if<Date>(&value);
+    return date != nullptr ? toQString(formatDate(*date)) : QString();
+}
+
+/// A year of two digits may be the beginning of one of four: "1.3.19".
+bool DateEdit::isLive(const QString& text) const {
+    const bool isRun =
+        std::all_of(text.begin(), text.end(), [](QChar letter) { return letter.isDigit(); });
+    const QString end = text.right(4);
+    return isRun ? text.size() == 8
+                 : end.size() == 4 && std::all_of(end.begin(), end.end(), [](QChar letter) {
+                       return letter.isDigit();
+                   });
+}
+
+bool DateEdit::openCalendar() {
+    if (calendar_ != nullptr) {
+        return true;
+    }
+    line()->setFocus();
+    settle();
+    const Value entered = value();
+    const auto* const date = std::get_if<Date>(&entered);
+    const QDate day = date != nullptr && *date != Date()
+                          ? QDate(date->year(), date->month(), date->day())
+                          : QDate(referenceYear_, 1, 1);
+    auto* const popup = new CalendarPopup(day, this, [this](QDate chosen) {
+        if (const auto picked = Date::of(chosen.year(), chosen.month(), chosen.day())) {
+            choose(*picked);
+        }
+        line()->setFocus();
+    });
+    calendar_ = popup;
+    popup->openBelow(*line());
+    return true;
+}
+
+} // namespace fiscarel::forms

@@ -1,0 +1,197 @@
+#include "Fiscarel_SG/forms/editors/EditorBase.h"
+
+#include <QEvent>
+#include <QFocusEvent>
+#include <QFontDatabase>
+#include <QFontMetricsF>
+#include <QHBoxLayout>
+#include <QPainter>
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <utility>
+
+namespace fiscarel::forms {
+
+namespace {
+
+constexpr double readable = 4.6; // a little above the 4.5 that is asked for
+
+/// Relative luminance of sRGB, WCAG 2.1.
+double luminance(const QColor& colour) {
+    const auto linear = [](float part) {
+        const auto value = static_cast<double>(part);
+        return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF())
+           + 0.0722 * linear(colour.blueF());
+}
+
+double contrast(const QColor& a, const QColor& b) {
+    const double first = luminance(a);
+    const double second = luminance(b);
+    return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
+}
+
+QColor mix(const QColor& from, const QColor& to, int percent) {
+    const auto part = [percent](int a, int b) { return a + (b - a) * percent / 100; };
+    return QColor(part(from.red(), to.red()), part(from.green(), to.green()),
+                  part(from.blue(), to.blue()));
+}
+
+/// The colour nearest to `wished` on the way to `strong` that can be read on `background`.
+QColor readableOn(const QColor& background, const QColor& wished, const QColor& strong) {
+    constexpr int step = 4;
+    for (int percent = 0; percent < 100; percent += step) {
+        const QColor mixed = mix(wished, strong, percent);
+        if (contrast(mixed, background) >= readable) {
+            return mixed;
+        }
+    }
+    return strong;
+}
+
+bool hasTabularDigits(const QFont& font) {
+    const QFontMetricsF metrics(font);
+    const auto width = [&](char digit) { return metrics.horizontalAdvance(QLatin1Char(digit)); };
+    for (char digit = '1'; digit <= '9'; ++digit) {
+        if (std::abs(width(digit) - width('0')) > 0.01) {
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace
+
+QString toQString(std::string_view utf8) {
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+std::string toUtf8(const QString& text) { return text.toStdString(); }
+
+QColor faintText(const QPalette& palette) {
+    const QColor text = palette.color(QPalette::Text);
+    const QColor base = palette.color(QPalette::Base);
+    return readableOn(base, mix(text, base, 60), text);
+}
+
+QColor problemColour(const QPalette& palette) {
+    const QColor base = palette.color(QPalette::Base);
+    const bool isDark = luminance(base) < 0.2;
+    return readableOn(base, isDark ? QColor(0xE5, 0x73, 0x73) : QColor(0xC6, 0x28, 0x28),
+                      palette.color(QPalette::Text));
+}
+
+void paintProblem(QWidget& widget) {
+    QPainter painter(&widget);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(problemColour(widget.palette()), 1.5));
+    painter.drawRoundedRect(QRectF(widget.rect()).adjusted(0.75, 0.75, -0.75, -0.75), 2, 2);
+}
+
+QFont tabular(const QFont& font) {
+    if (hasTabularDigits(font)) {
+        return font;
+    }
+    static const std::array families{QStringLiteral("Noto Sans"), QStringLiteral("Segoe UI"),
+                                     QStringLiteral("Liberation Sans"), QStringLiteral("Arial"),
+                                     QStringLiteral("DejaVu Sans")};
+    const QStringList known = QFontDatabase::families();
+    for (const QString& family : families) {
+        QFont other(font);
+        other.setFamilies({family});
+        if (known.contains(family) && hasTabularDigits(other)) {
+            // Equally tall digits, so that columns of text and of figures look of one size.
+            const double ratio = QFontMetricsF(font).capHeight() / QFontMetricsF(other).capHeight();
+            other.setPointSizeF(font.pointSizeF() > 0 ? font.pointSizeF() * ratio
+                                                      : other.pointSizeF());
+            return other;
+        }
+    }
+    return font;
+}
+
+EditorBase::EditorBase(BoundField field, QWidget* parent)
+    : FieldEditor(parent), field_(std::move(field)) {}
+
+void EditorBase::adopt(QWidget* input, int characters) {
+    input_ = input;
+    input->setObjectName(toQString(field_.path));
+    input->setAccessibleName(toQString(field_.label));
+    characters_ = characters;
+    input->setSizePolicy(QSizePolicy::Expanding, input->sizePolicy().verticalPolicy());
+    limitWidth();
+    auto* const layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(input, 1);
+    if (characters > 0) {
+        layout->addStretch(0);
+    }
+    setFocusProxy(input);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    describe();
+    colourHint();
+}
+
+void EditorBase::setProblem(const QString& problem) {
+    if (problem == problem_) {
+        return;
+    }
+    problem_ = problem;
+    describe();
+    Q_EMIT problemChanged();
+}
+
+QString EditorBase::hintFor(const QString& lastYear) {
+    return lastYear.isEmpty() ? QString() : QStringLiteral("Vorjahr: ") + lastYear;
+}
+
+void EditorBase::changeEvent(QEvent* event) {
+    FieldEditor::changeEvent(event);
+    if (input_ == nullptr) {
+        return;
+    }
+    if (event->type() == QEvent::PaletteChange) {
+        colourHint();
+    } else if (event->type() == QEvent::FontChange) {
+        limitWidth();
+    }
+}
+
+bool EditorBase::eventFilter(QObject* watched, QEvent* event) {
+    const bool stays = FieldEditor::eventFilter(watched, event);
+    if (event->type() == QEvent::FocusOut
+        && static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason) {
+        Q_EMIT left();
+    }
+    return stays;
+}
+
+void EditorBase::watchLeaving(QWidget* widget) { widget->installEventFilter(this); }
+
+void EditorBase::limitWidth() {
+    if (characters_ > 0) {
+        input_->setMaximumWidth(QFontMetrics(font()).horizontalAdvance(QLatin1Char('0'))
+                                * characters_);
+    }
+}
+
+/// What is wrong comes first: that is what somebody who hears the field needs to know.
+void EditorBase::describe() {
+    QString description = problem_;
+    if (!field_.help.empty()) {
+        description +=
+            (description.isEmpty() ? QString() : QStringLiteral(" ")) + toQString(field_.help);
+    }
+    input_->setAccessibleDescription(description);
+}
+
+void EditorBase::colourHint() {
+    QPalette own;
+    own.setColor(QPalette::PlaceholderText, faintText(palette()));
+    input_->setPalette(own);
+}
+
+} // namespace fiscarel::forms

@@ -1,0 +1,61 @@
+#include "Fiscarel_SG/forms/editors/IbanEdit.h"
+
+#include "Fiscarel_SG/forms/InputText.h"
+#include "TaxCore/base/Iban.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace fiscarel::forms {
+
+IbanEdit::IbanEdit(BoundField field, QWidget* parent) : LineEditor(std::move(field), 36, parent) {
+    line()->setFont(tabular(font()));
+    line()->setSelectsAll(true);
+}
+
+LineEditor::Reading IbanEdit::read(const QString& text) const {
+    return parseIban(toUtf8(text)).map([](std::string iban) { return Value(std::move(iban)); });
+}
+
+QString IbanEdit::shown(const Value& value) const {
+    const auto* const iban = std::get_if<std::string>(&value);
+    return iban != nullptr ? toQString(groupIban(*iban)) : QString();
+}
+
+QString IbanEdit::problemOf(const Value& value) const {
+    const auto* const iban = std::get_if<std::string>(&value);
+    if (iban == nullptr || iban->empty()) {
+        return {};
+    }
+    const auto read = parseIban(*iban);
+    return read ? QString() : toQString(read.error());
+}
+
+bool IbanEdit::isComplete(const QString& text) const {
+    constexpr std::size_t swissLength = 21;
+    const std::string iban = taxcore::compactIban(toUtf8(text));
+    return (iban.starts_with("CH") || iban.starts_with("LI")) && iban.size() >= swissLength;
+}
+
+/// Regroups and keeps the cursor behind the letter it stood behind.
+void IbanEdit::typing() {
+    const auto letters = [](const QString& text, qsizetype end) {
+        return std::count_if(text.begin(), text.begin() + end,
+                             [](QChar letter) { return letter.isLetterOrNumber(); });
+    };
+    const QString text = line()->text();
+    const QString grouped = toQString(groupIban(toUtf8(text)));
+    if (grouped == text) {
+        return;
+    }
+    const auto before = letters(text, line()->cursorPosition());
+    const bool atEnd = line()->cursorPosition() == text.size();
+    line()->setText(grouped);
+    qsizetype position = 0;
+    while (position < grouped.size() && letters(grouped, position) < before) {
+        ++position;
+    }
+    line()->setCursorPosition(static_cast<int>(atEnd ? grouped.size() : position));
+}
+
+} // namespace fiscarel::forms

@@ -1,0 +1,167 @@
+#include "Fiscarel_SG/forms/editors/InputLine.h"
+
+#include "Fiscarel_SG/forms/editors/EditorBase.h"
+
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <algorithm>
+
+namespace fiscarel::forms {
+
+namespace {
+
+constexpr int gap = 8; // between the end of the line and what stands there
+
+} // namespace
+
+InputButton::InputButton(Sign sign, const QString& name, QWidget* parent)
+    : QToolButton(parent), sign_(sign) {
+    setAccessibleName(name);
+    setToolTip(name);
+    setCursor(Qt::ArrowCursor);
+    setFocusPolicy(Qt::NoFocus); // Alt+Down does the same
+}
+
+void InputButton::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor colour =
+        underMouse() || isDown() ? palette().color(QPalette::Text) : faintText(palette());
+    painter.setPen(QPen(colour, 1.4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    const QPointF middle = QRectF(rect()).center();
+    const double half = std::min(width(), height()) * 0.26;
+    if (sign_ == Sign::list) {
+        painter.drawPolyline(
+            QPolygonF({middle + QPointF(-half, -half / 2), middle + QPointF(0, half / 2),
+                       middle + QPointF(half, -half / 2)}));
+        return;
+    }
+    const QRectF sheet(middle.x() - half, middle.y() - half * 0.85, 2 * half, 1.9 * half);
+    painter.drawRoundedRect(sheet, 1.5, 1.5);
+    const double head = sheet.top() + sheet.height() * 0.32;
+    painter.drawLine(QPointF(sheet.left(), head), QPointF(sheet.right(), head));
+    for (const double part : {0.28, 0.72}) {
+        const double x = sheet.left() + sheet.width() * part;
+        painter.drawLine(QPointF(x, sheet.top() - half * 0.3), QPointF(x, sheet.top()));
+    }
+}
+
+InputLine::InputLine(QWidget* parent) : QLineEdit(parent) {}
+
+void InputLine::setUnit(const QString& unit) {
+    unit_ = unit;
+    keepRoom();
+}
+
+void InputLine::setButton(InputButton* button) {
+    button_ = button;
+    keepRoom();
+}
+
+void InputLine::setMarked(bool marked) {
+    if (marked != marked_) {
+        marked_ = marked;
+        update();
+    }
+}
+
+bool InputLine::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride) {
+        // With nothing typed to take back, undo and redo are those of the whole return.
+        const auto* const key = static_cast<QKeyEvent*>(event);
+        if ((key->matches(QKeySequence::Undo) && !isUndoAvailable())
+            || (key->matches(QKeySequence::Redo) && !isRedoAvailable())) {
+            event->ignore();
+            return false;
+        }
+    }
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        keepRoom();
+    }
+    return QLineEdit::event(event);
+}
+
+void InputLine::focusInEvent(QFocusEvent* event) {
+    const bool returns =
+        event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason;
+    if (entered && event->reason() != Qt::PopupFocusReason) {
+        entered();
+    }
+    QLineEdit::focusInEvent(event);
+    if (selectsAll_ && !returns) {
+        selectAll();
+        selectsOnRelease_ = event->reason() == Qt::MouseFocusReason;
+    }
+}
+
+void InputLine::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    selectsOnRelease_ = false;
+    if (leaving && event->reason() != Qt::PopupFocusReason) {
+        leaving();
+    }
+}
+
+void InputLine::keyPressEvent(QKeyEvent* event) {
+    const bool opensList =
+        event->key() == Qt::Key_F4
+        || (event->key() == Qt::Key_Down && event->modifiers().testFlag(Qt::AltModifier));
+    if (opensList && listRequested && listRequested()) {
+        return;
+    }
+    if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier && escaped) {
+        if (!escaped()) {
+            event->ignore(); // a dialog around may close
+        }
+        return;
+    }
+    QLineEdit::keyPressEvent(event);
+}
+
+void InputLine::mouseReleaseEvent(QMouseEvent* event) {
+    QLineEdit::mouseReleaseEvent(event);
+    // The press put the cursor where it was; who dragged has chosen already.
+    if (selectsOnRelease_ && !hasSelectedText()) {
+        selectAll();
+    }
+    selectsOnRelease_ = false;
+}
+
+void InputLine::paintEvent(QPaintEvent* event) {
+    QLineEdit::paintEvent(event);
+    if (!unit_.isEmpty()) {
+        QPainter painter(this);
+        painter.setPen(faintText(palette()));
+        painter.drawText(rect().adjusted(0, 0, -gap, 0), Qt::AlignRight | Qt::AlignVCenter, unit_);
+    }
+    if (marked_) {
+        paintProblem(*this);
+    }
+}
+
+void InputLine::resizeEvent(QResizeEvent* event) {
+    QLineEdit::resizeEvent(event);
+    keepRoom();
+}
+
+void InputLine::keepRoom() {
+    int room = 0;
+    if (!unit_.isEmpty()) {
+        // Figures with different units stand one below the other.
+        const QFontMetrics metrics = fontMetrics();
+        room = gap
+               + std::max(metrics.horizontalAdvance(unit_),
+                          metrics.horizontalAdvance(QStringLiteral("CHF")));
+    }
+    if (button_ != nullptr) {
+        const int size = height() - 4;
+        button_->setGeometry(width() - size - 3, 2, size, size);
+        room = size;
+    }
+    if (textMargins().right() != room) {
+        setTextMargins(0, 0, room, 0);
+    }
+}
+
+} // namespace fiscarel::forms

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QLineEdit>
+#include <QToolButton>
+#include <functional>
+
+namespace fiscarel::forms {
+
+/// A small button within a line, drawn in the colour of the text.
+class InputButton : public QToolButton {
+  public:
+    enum class Sign { calendar, list };
+
+    InputButton(Sign sign, const QString& name, QWidget* parent);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    Sign sign_;
+};
+
+/// A line edit with a unit or a button at its end, that says when the keyboard comes and goes.
+class InputLine : public QLineEdit {
+  public:
+    explicit InputLine(QWidget* parent);
+
+    void setUnit(const QString& unit);
+    /// The button at the end; owned by the line.
+    void setButton(InputButton* button);
+    /// Selects everything when the field is clicked or reached by Tab, as figures are mostly
+    /// replaced and not corrected.
+    void setSelectsAll(bool selectsAll) { selectsAll_ = selectsAll; }
+    /// Marks that what stands here cannot be read.
+    void setMarked(bool marked);
+
+    std::function<void()> entered;       ///< the keyboard came
+    std::function<void()> leaving;       ///< the keyboard went elsewhere, popups of its own aside
+    std::function<bool()> escaped;       ///< Escape; true when there was something to restore
+    std::function<bool()> listRequested; ///< Alt+Down or F4; true when something was opened
+
+  protected:
+    bool event(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    void keepRoom();
+
+    QString unit_;
+    InputButton* button_ = nullptr;
+    bool selectsAll_ = false;
+    bool selectsOnRelease_ = false;
+    bool marked_ = false;
+};
+
+} // namespace fiscarel::forms

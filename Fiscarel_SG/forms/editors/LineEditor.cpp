@@ -1,0 +1,147 @@
+#include "Fiscarel_SG/forms/editors/LineEditor.h"
+
+#include <QEvent>
+#include <utility>
+
+namespace fiscarel::forms {
+
+LineEditor::LineEditor(BoundField field, int characters, QWidget* parent)
+    : EditorBase(std::move(field), parent), line_(new InputLine(this)) {
+    adopt(line_, characters);
+    connect(line_, &QLineEdit::textEdited, this, [this] { textEdited(); });
+    connect(line_, &QLineEdit::returnPressed, this, [this] {
+        settle();
+        if (problem().isEmpty()) {
+            line_->selectAll();
+        }
+    });
+    line_->entered = [this] {
+        if (!isTyped_) {
+            show();
+        }
+    };
+    line_->leaving = [this] {
+        settle();
+        Q_EMIT left();
+    };
+    line_->escaped = [this] { return restore(); };
+}
+
+void LineEditor::setValue(const Value& value) {
+    if (value == value_) {
+        return;
+    }
+    value_ = value;
+    settled_ = value;
+    isTyped_ = false;
+    show();
+    tell(problemOf(value));
+}
+
+void LineEditor::setHint(const Value& lastYear) {
+    line_->setPlaceholderText(isEmptyValue(lastYear) ? QString() : hintFor(shown(lastYear)));
+}
+
+bool LineEditor::isEmptyValue(const Value& value) const {
+    return std::holds_alternative<std::monostate>(value)
+           || (!field().isOptional && value == emptyValue()) || value == Value(std::string());
+}
+
+void LineEditor::showFigures() {
+    line_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    line_->setFont(tabular(font()));
+    line_->setUnit(toQString(field().unit));
+    line_->setSelectsAll(true);
+}
+
+LineEditor::Reading LineEditor::readLine() const {
+    const QString text = line_->text().trimmed();
+    if (text.isEmpty()) {
+        return field().isOptional ? Value() : emptyValue();
+    }
+    return read(text);
+}
+
+void LineEditor::textEdited() {
+    isTyped_ = true;
+    typing();
+    const QString text = line_->text().trimmed();
+    const Reading reading = readLine();
+    if (!reading) {
+        if (isComplete(text) || !problem().isEmpty()) {
+            tell(toQString(reading.error()));
+        }
+        take(settled_);
+    } else {
+        tell({});
+        take(text.isEmpty() || isLive(text) ? *reading : settled_);
+    }
+}
+
+void LineEditor::settle() {
+    if (isTyped_) {
+        const Reading reading = readLine();
+        if (!reading) {
+            tell(toQString(reading.error()));
+            take(settled_);
+            return;
+        }
+        isTyped_ = false;
+        settled_ = *reading;
+        tell(problemOf(*reading));
+        take(*reading);
+    }
+    show();
+}
+
+void LineEditor::choose(const Value& value) {
+    isTyped_ = false;
+    settled_ = value;
+    tell(problemOf(value));
+    take(value);
+    show();
+}
+
+bool LineEditor::restore() {
+    if (!isTyped_) {
+        return false;
+    }
+    const Value before = settled_;
+    choose(before);
+    line_->selectAll();
+    return true;
+}
+
+void LineEditor::take(const Value& value) {
+    if (!(value == value_)) {
+        value_ = value;
+        Q_EMIT edited();
+    }
+}
+
+void LineEditor::show() {
+    QString text;
+    if (!isEmptyValue(value_)) {
+        text = line_->hasFocus() ? typed(value_) : shown(value_);
+    }
+    if (text != line_->text()) {
+        line_->setText(text);
+    }
+    if (!line_->hasFocus()) {
+        line_->setCursorPosition(0); // of a long text the beginning is seen
+    }
+}
+
+void LineEditor::tell(const QString& problem) {
+    line_->setMarked(!problem.isEmpty());
+    setProblem(problem);
+}
+
+void LineEditor::changeEvent(QEvent* event) {
+    EditorBase::changeEvent(event);
+    if (event->type() == QEvent::FontChange && line_->alignment().testFlag(Qt::AlignRight)) {
+        line_->setFont(tabular(font()));
+    }
+}
+
+} // namespace fiscarel::forms

@@ -1,0 +1,67 @@
+#include "Fiscarel_SG/forms/editors/ParishEdit.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace fiscarel::forms {
+
+namespace {
+
+/// Where the case's municipality of residence stands.
+constexpr std::string_view municipalityPath = "municipality";
+
+bool isOffered(const std::vector<Option>& options, const Value& value) {
+    const auto* const name = std::get_if<std::string>(&value);
+    return name != nullptr && std::ranges::find(options, *name, &Option::raw) != options.end();
+}
+
+} // namespace
+
+ParishEdit::ParishEdit(BoundField field, const EditorContext& context, QWidget* parent)
+    : ChoiceEdit(std::move(field), parent), context_(context) {
+    if (context_.taxCase) {
+        municipality_ = context_.taxCase().municipality;
+    }
+    setOptions(offered());
+}
+
+void ParishEdit::refresh(const QString& editedPath) {
+    if (!context_.taxCase || context_.taxCase().municipality == municipality_) {
+        return;
+    }
+    municipality_ = context_.taxCase().municipality;
+    setOptions(offered());
+    if (editedPath != toQString(municipalityPath) || isOffered(options(), value())) {
+        return;
+    }
+    take(options().size() == 1 ? Value(options().front().raw) : Value());
+}
+
+/// A parish of elsewhere is told, not dropped: who moved may have entered it first.
+void ParishEdit::changed() {
+    const Value entered = value();
+    const auto* const name = std::get_if<std::string>(&entered);
+    QString problem;
+    if (name != nullptr && !name->empty() && !isOffered(options(), entered) && !options().empty()) {
+        problem = QStringLiteral("Die Kirchgemeinde «%1» gehört nicht zu %2. Wählen Sie eine aus "
+                                 "der Liste.")
+                      .arg(toQString(*name), toQString(municipality_));
+    }
+    box()->setMarked(!problem.isEmpty());
+    setProblem(problem);
+}
+
+std::vector<Option> ParishEdit::offered() const {
+    std::vector<Option> offered;
+    const auto* const rules = context_.page.stGallen;
+    const auto* const municipality =
+        rules != nullptr ? rules->municipalities.municipality(municipality_) : nullptr;
+    if (municipality != nullptr) {
+        for (const auto& parish : municipality->parishes) {
+            offered.push_back({parish.name, parish.name});
+        }
+    }
+    return offered;
+}
+
+} // namespace fiscarel::forms

@@ -1,0 +1,16 @@
+#include "Fiscarel_SG/forms/editors/TextEdit.h"
+
+#include <utility>
+
+namespace fiscarel::forms {
+
+TextEdit::TextEdit(BoundField field, QWidget* parent) : LineEditor(std::move(field), 0, parent) {}
+
+LineEditor::Reading TextEdit::read(const QString& text) const { return toUtf8(text); }
+
+QString TextEdit::shown(const Value& value) const {
+    const auto* const text = std::get_if<std::string>(&value);
+    return text != nullptr ? toQString(*text) : QString();
+}
+
+} // namespace fiscarel::forms
