@@ -67,7 +67,7 @@ struct Field {
     std::string help;      ///< German: what it is and on which document it stands; may be empty
     Editor editor = Editor::text;
     std::string unit;            ///< behind the number: "CHF", "km", "%", "Tage"
-    std::vector<Option> options; ///< of a choice
+    std::vector<Option> options; ///< of a choice; of a text: offered, any other may be typed
     bool isOptional = false;     ///< may be left empty
     std::function<Value(const Record&)> get;
     std::function<void(Record&, const Value&)> set;

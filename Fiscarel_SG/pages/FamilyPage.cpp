@@ -1,0 +1,236 @@
+#include "Fiscarel_SG/pages/InputPages.h"
+#include "Fiscarel_SG/pages/PageParts.h"
+#include "TaxCore/base/MoneyFormat.h"
+#include "TaxCore/base/Text.h"
+#include "TaxCore/model/Household.h"
+
+#include <algorithm>
+
+namespace fiscarel::pages {
+
+namespace {
+
+using namespace forms;
+using namespace taxcore;
+using namespace parts;
+
+std::string lastDay(const PageContext& context) {
+    return "31. Dezember " + std::to_string(context.year);
+}
+
+FieldsCard civilStatusCard(const PageContext& context) {
+    const bool abroad = isLiechtenstein(context);
+    Figures tariff = [abroad](const TaxCase& taxCase, const TaxResult& result) {
+        const std::string_view name = abroad ? label(liTariffOf(taxCase)) : label(result.bill.kind);
+        return std::vector<Figure>{{"Tarif", std::string(name), {}}};
+    };
+    return fieldsCard(
+        "Zivilstand", {},
+        bindAll(
+            wholeCase(),
+            {choice<&TaxCase::civilStatus>(
+                "Zivilstand", "Der Zivilstand am " + lastDay(context)
+                                  + ". Ehepaare und eingetragene Partnerschaften werden gemeinsam "
+                                    "besteuert; dann erscheinen die Felder der zweiten Person. Wer "
+                                    "getrennt lebt, wählt «getrennt».")}),
+        std::move(tariff));
+}
+
+std::string confessionHelp() {
+    return "Sie bestimmt die Kirchensteuer. Wer zu keiner der genannten Kirchen gehört, wählt «"
+           + std::string(label(Confession::keine)) + "» oder «"
+           + std::string(label(Confession::andere)) + "» und bezahlt keine.";
+}
+
+std::vector<forms::Field<Person>> personFields(const PageContext& context) {
+    const auto isEmployed = [](const TaxCase&, const Person& person) {
+        return person.employment == EmploymentKind::unselbstaendig || !person.employer.empty();
+    };
+    return {
+        text<&Person::firstName>("Vorname", "Wie im Ausweis."),
+        text<&Person::lastName>("Name", "Wie im Ausweis."),
+        date<&Person::birthDate>("Geburtsdatum", "Wie im Ausweis, zum Beispiel 1.3.1984."),
+        onlyStGallen(context, choice<&Person::confession>("Konfession", confessionHelp())),
+        text<&Person::profession>("Beruf", "So, wie er auf der Steuererklärung stehen soll."),
+        choice<&Person::employment>(
+            "Erwerb",
+            "Wer angestellt ist, wählt «unselbständig», auch mit einem kleinen Geschäft nebenbei."),
+        text<&Person::employer>("Arbeitgeber",
+                                "Der Arbeitgeber am " + lastDay(context)
+                                    + ". Weitere Stellen ergeben sich aus den Lohnausweisen.")
+            .when(isEmployed),
+    };
+}
+
+Section adultSection(const PageContext& context, int number) {
+    return personSection(number, {fieldsCard("Person " + std::to_string(number), {},
+                                             bindAll(personPlace(number), personFields(context)))});
+}
+
+/// "Fr. 6’800 pro Kind", or the two amounts by stage of education.
+std::string childDeductionOf(const DeductionParams& params) {
+    if (params.kinderabzugEinheitlich > 0) {
+        return francsText(params.kinderabzugEinheitlich) + " pro Kind";
+    }
+    return francsText(params.kinderabzugVorschule) + " (noch nicht schulpflichtig) bzw. "
+           + francsText(params.kinderabzugAusbildung) + " (Kindergarten, Schule, Ausbildung)";
+}
+
+std::string childrenHelp(const PageContext& context) {
+    const std::string whose = "Kinder, für deren Unterhalt Sie aufkommen.";
+    if (isLiechtenstein(context)) {
+        return whose + sentence(context.liechtenstein, [](const LIRules& rules) {
+                   return "Kinderabzug: " + francsText(rules.kinderabzug) + " pro Kind.";
+               });
+    }
+    return whose + sentence(context.stGallen, [](const RuleBook& rules) {
+               return "Kinderabzug Kanton: " + childDeductionOf(rules.cantonal)
+                      + ". Bund: " + childDeductionOf(rules.federal) + " und "
+                      + francsText(rules.federalRules.tarif.abzugProKind)
+                      + " Abzug vom Steuerbetrag. Vermögen: "
+                      + francsText(rules.cantonalExtra.vermoegen.sozialabzugProKind)
+                      + " pro minderjähriges Kind.";
+           });
+}
+
+std::vector<forms::Field<Child>> childFields(const PageContext& context) {
+    const auto isTaught = [](const TaxCase&, const Child& child) {
+        return child.education == ChildEducation::schule
+               || child.education == ChildEducation::ausbildung || !child.school.empty();
+    };
+    const auto isTrained = [](const TaxCase&, const Child& child) {
+        return child.education == ChildEducation::ausbildung || !child.educationUntil.empty();
+    };
+    return {
+        text<&Child::firstName>("Vorname", "Wie im Ausweis oder im Familienbüchlein."),
+        text<&Child::lastName>("Name", "Auch wenn er gleich lautet wie Ihrer."),
+        date<&Child::birthDate>("Geburtsdatum", "Kinder, die nach dem " + lastDay(context)
+                                                    + " geboren sind, zählen erst im nächsten "
+                                                      "Steuerjahr."),
+        choice<&Child::education>("Ausbildung", "Der Stand am " + lastDay(context)
+                                                    + ". Er entscheidet über den Kinderabzug; ohne "
+                                                      "Ausbildung gibt es keinen."),
+        text<&Child::school>("Schule oder Lehrbetrieb",
+                             "Zum Beispiel «Primarschule Sevelen» oder der Name des Lehrbetriebs.")
+            .when(isTaught),
+        text<&Child::educationUntil>("Ausbildung bis",
+                                     "Wann die Ausbildung voraussichtlich endet, zum Beispiel "
+                                     "«Juli 2028». Es steht im Lehr- oder Studienvertrag.")
+            .when(isTrained),
+        check<&Child::livesInHousehold>("Wohnt im gleichen Haushalt",
+                                        "Die Steuererklärung fragt danach; am Kinderabzug ändert "
+                                        "sich hier nichts."),
+    };
+}
+
+std::string nameOf(const Child& child) {
+    const bool both = !isBlank(child.firstName) && !isBlank(child.lastName);
+    return named(child.firstName + (both ? " " : "") + child.lastName, "Kind");
+}
+
+ListCard childrenCard(const PageContext& context) {
+    ListCard card = listCard<Child>(
+        within<&TaxCase::children>(wholeCase()),
+        {.title = "Kinder",
+         .help = childrenHelp(context),
+         .itemName = "Kind",
+         .emptyText = "Noch kein Kind erfasst.",
+         .offersLastYear = true},
+        childFields(context), [](const Child& child) {
+            return RowSummary{nameOf(child),
+                              (child.birthDate ? dayText(*child.birthDate) + " · " : std::string())
+                                  + std::string(label(child.education)),
+                              {}};
+        });
+    card.figures = isLiechtenstein(context)
+                       ? linesOf({{"600", "Kinderabzug"}})
+                       : linesOf({{"kinderabzugVorschule", "Kinderabzug Vorschulalter"},
+                                  {"kinderabzugAusbildung", "Kinderabzug Schule und Ausbildung"},
+                                  {"vermoegensabzugKinder", "Abzug vom Vermögen"}});
+    return card;
+}
+
+/// Of these two the multiplier differs from parish to parish. StV SG Art. 1
+bool needsParish(const TaxCase& taxCase) {
+    return std::ranges::any_of(taxCase.persons(), [](const Person& person) {
+        return person.confession == Confession::roemischKatholisch
+               || person.confession == Confession::evangelischReformiert;
+    });
+}
+
+std::vector<Figure> multipliers(const TaxCase&, const TaxResult& result) {
+    if (!result.municipality) {
+        return {};
+    }
+    const auto percent = [](const Decimal& rate) { return MoneyFormat::number(rate) + "%"; };
+    std::vector<Figure> figures{
+        {"Steuerfuss Kanton", percent(result.bill.cantonRate), {}},
+        {"Steuerfuss Gemeinde", percent(result.bill.municipalityRate), {}},
+    };
+    if (result.bill.churchRate > 0) {
+        figures.push_back({"Steuerfuss Kirche", percent(result.bill.churchRate), {}});
+    }
+    return figures;
+}
+
+std::vector<Figure> surcharge(const TaxCase&, const TaxResult& result) {
+    return {
+        {"Gemeindesteuerzuschlag", MoneyFormat::number(result.bill.municipalityRate) + "%", {}}};
+}
+
+FieldsCard residenceCard(const PageContext& context) {
+    const bool abroad = isLiechtenstein(context);
+    auto parishField = onlyStGallen(
+        context, parish<&TaxCase::parish>(
+                     "Kirchgemeinde", "Die Kirchgemeinde am Wohnort; sie bestimmt den Steuerfuss "
+                                      "der Kirche. Sie steht auf der letzten Steuerrechnung."));
+    if (!abroad) {
+        parishField.shown = [](const TaxCase& taxCase, const TaxCase&) {
+            return taxCase.parish || needsParish(taxCase);
+        };
+    }
+    return fieldsCard(
+        "Wohnort", {},
+        bindAll(wholeCase(),
+                {municipality<&TaxCase::municipality>(
+                     abroad ? "Gemeinde" : "Politische Gemeinde",
+                     "Die Wohngemeinde am " + lastDay(context)
+                         + (abroad ? ". Sie bestimmt den Gemeindesteuerzuschlag."
+                                   : ". Sie bestimmt den Steuerfuss der Gemeinde, auch nach einem "
+                                     "Umzug während des Jahres.")),
+                 std::move(parishField)}),
+        abroad ? Figures(surcharge) : Figures(multipliers));
+}
+
+FieldsCard accountCard(const PageContext& context) {
+    const bool abroad = isLiechtenstein(context);
+    return fieldsCard(
+        "Steuerkonto", {},
+        bindAll(wholeCase(),
+                {text<&TaxCase::registerNumber>(
+                     "Registernummer", abroad ? "Ihre Nummer bei der Steuerverwaltung; sie steht "
+                                                "auf der Steuererklärung und auf jeder Rechnung."
+                                              : "Ihre Nummer beim Steueramt; sie steht auf der "
+                                                "ersten Seite der Steuererklärung und auf jeder "
+                                                "Steuerrechnung."),
+                 iban<&TaxCase::iban>("IBAN für Rückerstattungen",
+                                      abroad ? "Auf dieses Konto zahlt die Steuerverwaltung "
+                                               "Guthaben zurück."
+                                             : "Auf dieses Konto werden die Verrechnungssteuer und "
+                                               "zu viel bezahlte Steuern zurückerstattet.")}));
+}
+
+} // namespace
+
+Page familyPage(const PageContext& context) {
+    return {.id = "family",
+            .title = "Familie",
+            .help = "Wer zum Haushalt gehört und wo Sie am " + lastDay(context) + " wohnten.",
+            .sections = {Section{.cards = {civilStatusCard(context)}}, adultSection(context, 1),
+                         adultSection(context, 2),
+                         Section{.title = [](const TaxCase&) { return "Kinder und Wohnort"; },
+                                 .cards = {childrenCard(context), residenceCard(context),
+                                           accountCard(context)}}}};
+}
+
+} // namespace fiscarel::pages

@@ -1,0 +1,153 @@
+#include "Fiscarel_SG/pages/PageParts.h"
+
+#include "TaxCore/base/MoneyFormat.h"
+#include "TaxCore/base/Text.h"
+
+#include <algorithm>
+
+namespace fiscarel::pages::parts {
+
+using namespace forms;
+using namespace taxcore;
+
+std::string personName(const TaxCase& taxCase, int number) {
+    const Person& person = number == 1 ? taxCase.person1 : taxCase.person2;
+    return isBlank(person.firstName) && isBlank(person.lastName)
+               ? "Person " + std::to_string(number)
+               : person.displayName();
+}
+
+bool hasPerson(const TaxCase& taxCase, int number) noexcept {
+    return number == 1 || taxCase.isJoint();
+}
+
+Place<Person> personPlace(int number) {
+    return number == 1 ? within<&TaxCase::person1>(wholeCase())
+                       : within<&TaxCase::person2>(wholeCase());
+}
+
+Place<PersonIncome> incomePlace(int number) {
+    return number == 1 ? within<&TaxCase::income1>(wholeCase())
+                       : within<&TaxCase::income2>(wholeCase());
+}
+
+Place<WorkExpenses> workPlace(int number) {
+    return within<&PersonDeductions::work>(number == 1
+                                               ? within<&TaxCase::deductions1>(wholeCase())
+                                               : within<&TaxCase::deductions2>(wholeCase()));
+}
+
+Place<LICommute> commutePlace(int number) {
+    const Place<LIExtras> extras = within<&TaxCase::li>(wholeCase());
+    return number == 1 ? within<&LIExtras::commute1>(extras) : within<&LIExtras::commute2>(extras);
+}
+
+const PersonIncome& incomeOf(const TaxCase& taxCase, int number) noexcept {
+    return number == 1 ? taxCase.income1 : taxCase.income2;
+}
+
+const WorkExpenses& workOf(const TaxCase& taxCase, int number) noexcept {
+    return number == 1 ? taxCase.deductions1.work : taxCase.deductions2.work;
+}
+
+Section personSection(int number, std::vector<Card> cards) {
+    return {.title = [number](const TaxCase& taxCase) { return personName(taxCase, number); },
+            .cards = std::move(cards),
+            .shown = [number](const TaxCase& taxCase) { return hasPerson(taxCase, number); }};
+}
+
+std::string plainMoney(const Decimal& francs) { return MoneyFormat::chf(francs, 0, false); }
+
+std::string rowMoney(const Decimal& francs) {
+    return francs.isZero() ? std::string() : plainMoney(francs);
+}
+
+std::string francsText(const Decimal& francs) {
+    return francs.isInteger() ? MoneyFormat::fr(francs)
+                              : "Fr. " + MoneyFormat::chf(francs, 2, false);
+}
+
+std::string francsOfBoth(const Decimal& canton, const Decimal& federal) {
+    return francsText(canton)
+           + (canton == federal ? std::string() : " (Bund " + francsText(federal) + ")");
+}
+
+std::string percentText(const Decimal& fraction) {
+    return MoneyFormat::number(fraction * 100) + "%";
+}
+
+std::string dayAndMonth(const Date& date) {
+    return std::to_string(date.day()) + "." + std::to_string(date.month()) + ".";
+}
+
+std::string dayText(const Date& date) { return dayAndMonth(date) + std::to_string(date.year()); }
+
+std::string periodText(const std::optional<Date>& from, const std::optional<Date>& to) {
+    if (from && to) {
+        return from->year() == to->year() ? dayAndMonth(*from) + " – " + dayAndMonth(*to)
+                                          : dayText(*from) + " – " + dayText(*to);
+    }
+    return from ? "ab " + dayAndMonth(*from) : to ? "bis " + dayAndMonth(*to) : std::string();
+}
+
+std::string named(std::string_view text, std::string_view otherwise) {
+    return std::string(isBlank(text) ? otherwise : text);
+}
+
+std::string sideBySide(const Decimal& canton, const std::optional<Decimal>& federal) {
+    const std::string text = plainMoney(canton);
+    const std::string other = federal ? plainMoney(*federal) : text;
+    return text == other ? text : text + " · Bund " + other;
+}
+
+std::string WorkResult::text(Decimal WorkExpenseBreakdown::*part) const {
+    return sideBySide(canton.*part, federal ? std::optional((*federal).*part) : std::nullopt);
+}
+
+std::string WorkResult::total() const {
+    return sideBySide(canton.total(), federal ? std::optional(federal->total()) : std::nullopt);
+}
+
+bool WorkResult::isZero(Decimal WorkExpenseBreakdown::*part) const {
+    return (canton.*part).isZero() && (!federal || ((*federal).*part).isZero());
+}
+
+std::optional<WorkResult> workResultOf(const TaxResult& result, int number) {
+    const auto at = static_cast<std::size_t>(number - 1);
+    const auto& [canton, federal] = result.work;
+    if (!canton || at >= canton->size()) {
+        return std::nullopt;
+    }
+    return WorkResult{(*canton)[at], federal && at < federal->size() ? std::optional((*federal)[at])
+                                                                     : std::nullopt};
+}
+
+Figures linesOf(std::vector<LineFigure> lines) {
+    return [lines = std::move(lines)](const TaxCase&, const TaxResult& result) {
+        std::vector<Figure> figures;
+        for (const LineFigure& wanted : lines) {
+            if (const TaxLine* line = result.line(wanted.code)) {
+                figures.push_back({wanted.label, sideBySide(line->canton, line->federal), {}});
+            }
+        }
+        return figures;
+    };
+}
+
+FieldsCard fieldsCard(std::string title, std::string help, std::vector<BoundField> fields,
+                      Figures figures) {
+    std::vector<Condition> conditions;
+    for (const BoundField& field : fields) {
+        conditions.push_back(field.shown);
+    }
+    return {.title = std::move(title),
+            .help = std::move(help),
+            .fields = std::move(fields),
+            .figures = std::move(figures),
+            .shown = [conditions = std::move(conditions)](const TaxCase& taxCase) {
+                return std::ranges::any_of(conditions,
+                                           [&](const Condition& holds) { return holds(taxCase); });
+            }};
+}
+
+} // namespace fiscarel::pages::parts

@@ -1,0 +1,117 @@
+#pragma once
+
+// What the pages of the family, of income and of work share: places of a person, texts that take
+// their figures from the rules, figures of the result.
+
+#include "Fiscarel_SG/forms/Page.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace fiscarel::pages::parts {
+
+inline bool isLiechtenstein(const forms::PageContext& context) {
+    return context.region == taxcore::TaxRegion::liechtenstein;
+}
+
+// Persons, by their number 1 or 2.
+
+/// The name; "Person 1" without one.
+std::string personName(const taxcore::TaxCase& taxCase, int number);
+/// Whether the person counts: the second one only in joint households.
+bool hasPerson(const taxcore::TaxCase& taxCase, int number) noexcept;
+forms::Place<taxcore::Person> personPlace(int number);
+forms::Place<taxcore::PersonIncome> incomePlace(int number);
+forms::Place<taxcore::WorkExpenses> workPlace(int number);
+forms::Place<taxcore::LICommute> commutePlace(int number);
+const taxcore::PersonIncome& incomeOf(const taxcore::TaxCase& taxCase, int number) noexcept;
+const taxcore::WorkExpenses& workOf(const taxcore::TaxCase& taxCase, int number) noexcept;
+/// A section under the person's name, there while the person counts.
+forms::Section personSection(int number, std::vector<forms::Card> cards);
+
+// Texts.
+
+/// "8’000"
+std::string plainMoney(const taxcore::Decimal& francs);
+/// "8’000"; empty for 0: the amount of a row.
+std::string rowMoney(const taxcore::Decimal& francs);
+/// "Fr. 15", with Rappen where there are some: "Fr. 7.50".
+std::string francsText(const taxcore::Decimal& francs);
+/// The same for both authorities: "Fr. 8’000 (Bund Fr. 3’300)", once when they agree.
+std::string francsOfBoth(const taxcore::Decimal& canton, const taxcore::Decimal& federal);
+/// A fraction as "20%".
+std::string percentText(const taxcore::Decimal& fraction);
+/// "1.3."
+std::string dayAndMonth(const taxcore::Date& date);
+/// "1.3.2025"
+std::string dayText(const taxcore::Date& date);
+/// "1.1. – 31.12.", with years when the two differ; "ab 1.3." or "bis 30.9." with one of them.
+std::string periodText(const std::optional<taxcore::Date>& from,
+                       const std::optional<taxcore::Date>& to);
+/// The text, or another one when it is blank.
+std::string named(std::string_view text, std::string_view otherwise);
+
+/// A text made of the rules; nothing without rules.
+template <class Rules, class Text>
+std::string withRules(const Rules* rules, const Text& text) {
+    return rules != nullptr ? text(*rules) : std::string();
+}
+/// The same as a sentence behind another, with the space before it.
+template <class Rules, class Text>
+std::string sentence(const Rules* rules, const Text& text) {
+    return rules != nullptr ? " " + text(*rules) : std::string();
+}
+
+// Figures.
+
+/// "3’200", or "3’200 · Bund 3’000" when the federation's is another one.
+std::string sideBySide(const taxcore::Decimal& canton,
+                       const std::optional<taxcore::Decimal>& federal = std::nullopt);
+
+/// One person's work expenses as they count.
+struct WorkResult {
+    taxcore::WorkExpenseBreakdown canton;
+    std::optional<taxcore::WorkExpenseBreakdown> federal; ///< absent in Liechtenstein
+
+    /// A part of them, side by side.
+    std::string text(taxcore::Decimal taxcore::WorkExpenseBreakdown::*part) const;
+    std::string total() const;
+    /// Whether a part is 0 for both authorities.
+    bool isZero(taxcore::Decimal taxcore::WorkExpenseBreakdown::*part) const;
+};
+/// Absent where the person does not count.
+std::optional<WorkResult> workResultOf(const taxcore::TaxResult& result, int number);
+
+/// A line of the return under a name of its own.
+struct LineFigure {
+    std::string code;
+    std::string label;
+};
+/// The lines that the return has.
+forms::Figures linesOf(std::vector<LineFigure> lines);
+
+// Fields and cards.
+
+/// A field without effect in Liechtenstein: there it is shown only while something stands in it,
+/// so that it can be taken out.
+template <class Record>
+forms::Field<Record> onlyStGallen(const forms::PageContext& context, forms::Field<Record> field) {
+    if (isLiechtenstein(context)) {
+        field.help = "Zählt in Liechtenstein nicht. Das Feld erscheint nur, solange etwas darin "
+                     "steht; bitte leeren.";
+        field.shown = [get = field.get, initial = field.get(Record{})](const taxcore::TaxCase&,
+                                                                       const Record& record) {
+            return get(record) != initial;
+        };
+    }
+    return field;
+}
+
+/// A card that is there while one of its fields is.
+forms::FieldsCard fieldsCard(std::string title, std::string help,
+                             std::vector<forms::BoundField> fields, forms::Figures figures = {});
+
+} // namespace fiscarel::pages::parts

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "Fiscarel_SG/forms/Page.h"
+
+#include <vector>
+
+namespace fiscarel::pages::parts {
+
+// The cards of one person's professional costs, by region; the rules may be null.
+
+std::vector<forms::Card> workCardsStGallen(const taxcore::RuleBook* rules, int number);
+std::vector<forms::Card> workCardsLiechtenstein(const taxcore::LIRules* rules, int number);
+
+/// Says that professional costs need a salary; there while the person has none.
+forms::FieldsCard needsSalaryCard(int number);
+
+} // namespace fiscarel::pages::parts
