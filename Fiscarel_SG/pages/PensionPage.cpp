@@ -152,8 +152,8 @@ Figures premiumFigures(bool liechtenstein) {
             side("Abziehbar", [](const InsuranceBreakdown& b) { return b.deduction(); });
         }
         if (const TaxLine* total = liechtenstein ? result.line("590") : nullptr) {
-            figures.push_back(
-                {"Versicherungsbeiträge total", plainMoney(total->canton), *total->note});
+            figures.push_back({"Versicherungsbeiträge total", plainMoney(total->canton),
+                               total->note.value_or("")});
         }
         return figures;
     };

@@ -103,7 +103,8 @@ void addMaintenanceFields(std::vector<Field<RealEstate>>& fields, const PageCont
                          "Unterhalt, Versicherung und Verwaltung gemäss Rechnungen. "
                          "Wertvermehrende Ausgaben zählen nicht.")
                          .when([](const TaxCase&, const RealEstate& property) {
-                             return !property.useFlatRateMaintenance;
+                             return !property.useFlatRateMaintenance
+                                    || !property.actualMaintenanceCosts.isZero();
                          }));
 }
 
@@ -134,9 +135,16 @@ ListCard realEstateCard(const PageContext& context) {
         std::move(fields), [liechtenstein](const RealEstate& property) {
             return propertySummary(property, liechtenstein);
         });
-    if (liechtenstein) {
-        card.add = [list](TaxCase& taxCase) { list.write(taxCase)->emplace_back().canton = "FL"; };
-    }
+    card.add = [list, liechtenstein](TaxCase& taxCase) {
+        RealEstate& property = list.write(taxCase)->emplace_back();
+        if (liechtenstein) {
+            property.canton = "FL";
+        }
+        if (!taxCase.isJoint()) {
+            property.sharePerson1 = 100;
+            property.sharePerson2 = 0;
+        }
+    };
     card.total = [](const TaxCase& taxCase) {
         return "Total " + plainMoney(totalOf(taxCase.realEstate, &RealEstate::taxValue));
     };

@@ -33,8 +33,11 @@ ListCard insurancesCard(const PageContext& context) {
     ListCard card = listCard<InsurancePolicy>(
         within<&TaxCase::insurances>(wholeCase()),
         {.title = "Lebens- und Rentenversicherungen",
-         .help = "Nur Versicherungen mit einem Rückkaufswert; solche der Pensionskasse und der "
-                 "Säule 3a gehören nicht hierher.",
+         .help = isLiechtenstein(context)
+                     ? "Nur Versicherungen mit einem Rückkaufswert; Guthaben bei der Pensionskasse "
+                       "gehören nicht hierher."
+                     : "Nur Versicherungen mit einem Rückkaufswert; solche der Pensionskasse und "
+                       "der Säule 3a gehören nicht hierher.",
          .itemName = "Versicherung",
          .emptyText = "Keine Lebensversicherung erfasst.",
          .offersLastYear = true},
