@@ -54,6 +54,7 @@ struct ListCard {
     bool offersLastYear = false;
     std::function<std::size_t(const TaxCase&)> size;
     std::function<taxcore::Uuid(const TaxCase&, std::size_t)> id;
+    // Absent, all five, in a list whose items come and go on another page.
     std::function<void(TaxCase&)> add;
     std::function<void(TaxCase&, std::size_t)> remove;
     std::function<void(TaxCase&, std::size_t)> duplicate;

@@ -6,7 +6,8 @@
 
 namespace fiscarel::pages {
 
-// The input pages as data, made for a year and region; their texts take figures from the rules.
+// The input pages as data, made for a year and region; their texts take figures from the rules,
+// which must outlive the pages.
 
 forms::Page familyPage(const forms::PageContext& context);
 forms::Page incomePage(const forms::PageContext& context);

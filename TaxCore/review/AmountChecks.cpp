@@ -101,7 +101,7 @@ constexpr std::array facts{
     FieldFacts{"householdDeductions.alimonyPaidChildren", "other",
                "Bezahlter Unterhalt für Kinder"},
     FieldFacts{"householdDeductions.annuityPayments", "other", "Rentenleistungen"},
-    FieldFacts{"householdDeductions.actualAssetManagementCosts", "other",
+    FieldFacts{"householdDeductions.actualAssetManagementCosts", "wealth",
                "Verwaltungskosten der Wertschriften"},
     FieldFacts{"householdDeductions.otherDeductions", "other", "Übrige Abzüge"},
     FieldFacts{"householdDeductions.medicalCosts.gross", "other", "Rechnungsbetrag"},

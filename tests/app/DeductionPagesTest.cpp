@@ -1,0 +1,572 @@
+// The pages of pensions, further deductions and wealth.
+
+#include "Fiscarel_SG/pages/InputPages.h"
+#include "TaxCore/demo/DemoData.h"
+#include "TaxCore/regions/CaseCalculator.h"
+#include "TaxCore/review/Checks.h"
+#include "tests/support/InputPaths.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <regex>
+
+namespace fiscarel {
+namespace {
+
+using namespace taxcore;
+using forms::BoundField;
+using forms::Page;
+using forms::PageContext;
+using forms::Value;
+
+constexpr auto stGallen = TaxRegion::stGallen;
+constexpr auto liechtenstein = TaxRegion::liechtenstein;
+
+PageContext contextOf(TaxRegion region, int year = 2025) {
+    PageContext context{.year = year, .region = region};
+    if (region == liechtenstein) {
+        context.liechtenstein = LIRules::load(year).value().get();
+    } else {
+        context.stGallen = RuleBook::load(year, "SG").value().get();
+    }
+    return context;
+}
+
+std::vector<Page> pagesOf(const PageContext& context) {
+    return {pages::pensionPage(context), pages::otherPage(context), pages::wealthPage(context)};
+}
+
+/// The pages of a region and year with a household they are used on.
+struct Desk {
+    explicit Desk(TaxCase household)
+        : taxCase(std::move(household)), context(contextOf(taxCase.taxRegion(), taxCase.year)),
+          pages(pagesOf(context)) {}
+
+    /// Absent when there is no such field.
+    std::optional<BoundField> field(std::string_view path) const {
+        for (const Page& page : pages) {
+            for (BoundField& found : testing::fieldsOf(page, taxCase)) {
+                if (found.path == path) {
+                    return found;
+                }
+            }
+        }
+        return std::nullopt;
+    }
+    bool isShown(std::string_view path) const {
+        const auto found = field(path);
+        return found && found->shown(taxCase);
+    }
+    const forms::ListCard& list(std::string_view path) const {
+        for (const Page& page : pages) {
+            for (const forms::Section& section : page.sections) {
+                for (const forms::Card& card : section.cards) {
+                    const auto* list = std::get_if<forms::ListCard>(&card);
+                    if (list != nullptr && list->path == path) {
+                        return *list;
+                    }
+                }
+            }
+        }
+        throw std::out_of_range(std::string(path));
+    }
+    /// All figures as "label: text (note)", of the cards that are shown.
+    std::vector<std::string> figures() const {
+        const auto calculator = CaseCalculator::forCase(taxCase).value();
+        const TaxResult result = calculator.calculate(taxCase);
+        std::vector<std::string> texts;
+        for (const Page& page : pages) {
+            for (const forms::Section& section : page.sections) {
+                for (const forms::Card& card : section.cards) {
+                    std::visit(
+                        [&](const auto& shown) {
+                            const bool there = (!section.shown || section.shown(taxCase))
+                                               && (!shown.shown || shown.shown(taxCase));
+                            if (!there || !shown.figures) {
+                                return;
+                            }
+                            for (const forms::Figure& figure : shown.figures(taxCase, result)) {
+                                texts.push_back(
+                                    figure.label + ": " + figure.text
+                                    + (figure.note.empty() ? "" : " (" + figure.note + ")"));
+                            }
+                        },
+                        card);
+                }
+            }
+        }
+        return texts;
+    }
+    bool hasFigure(const std::string& text) const {
+        const auto all = figures();
+        return std::ranges::find(all, text) != all.end();
+    }
+
+    TaxCase taxCase;
+    PageContext context;
+    std::vector<Page> pages;
+};
+
+std::string joined(const std::vector<std::string>& texts) {
+    std::string all;
+    for (const std::string& text : texts) {
+        all += text + "\n";
+    }
+    return all;
+}
+
+/// Every text of the pages that may hold a figure.
+std::string textsOf(const PageContext& context) {
+    const TaxCase taxCase = testing::fullCase(2025, context.region);
+    std::string all;
+    for (const Page& page : pagesOf(context)) {
+        all += page.help + "\n";
+        for (const forms::Section& section : page.sections) {
+            for (const forms::Card& card : section.cards) {
+                std::visit([&](const auto& texts) { all += texts.title + texts.help + "\n"; },
+                           card);
+            }
+        }
+        for (const BoundField& field : testing::fieldsOf(page, taxCase)) {
+            all += field.label + "\n" + field.help + "\n";
+        }
+    }
+    return all;
+}
+
+TaxCase couple(TaxRegion region = stGallen) {
+    TaxCase taxCase{.year = 2025, .civilStatus = CivilStatus::verheiratet};
+    taxCase.region = region;
+    if (region == liechtenstein) {
+        taxCase.municipality = "Vaduz";
+    }
+    taxCase.income1.salaries.emplace_back().grossSalary = 90'000;
+    return taxCase;
+}
+
+// Texts.
+
+TEST(DeductionPageTexts, takeTheirFiguresFromTheRules) {
+    const std::string texts = textsOf(contextOf(stGallen));
+    for (const char* wanted : {
+             "Mit Pensionskasse sind höchstens Fr. 7’258 in die Säule 3a abziehbar. Ohne "
+             "Pensionskasse 20% des Erwerbseinkommens, höchstens Fr. 36’288.",
+             "Leer lassen für die Pauschale von 2‰ des durch Banken verwalteten "
+             "Wertschriftenvermögens (max. Fr. 6’000).",
+             "Spenden an steuerbefreite gemeinnützige Organisationen in der Schweiz sind ab Fr. "
+             "100 pro Jahr abziehbar, höchstens 20% des Nettoeinkommens.",
+             "Pauschale lebensnotwendige Diät Fr. 2’500 (z.B. Zöliakie)",
+             "Wenn die Rechnung das Essen nicht separat ausweist, werden Fr. 8 pro Tag abgezogen.",
+             "Spalte «mit VSt»: Erträge, von denen 35% Verrechnungssteuer abgezogen wurde (Zinsen "
+             "über Fr. 200",
+             "Fr. 26’700 beim Kanton und Fr. 25’800 beim Bund",
+             "(Kanton 2%, Bund 5% des Nettoeinkommens)",
+         }) {
+        EXPECT_NE(texts.find(wanted), std::string::npos) << wanted;
+    }
+    const std::string abroad = textsOf(contextOf(liechtenstein));
+    for (const char* wanted :
+         {"18% des Erwerbseinkommens", "Fr. 52’800 für Verheiratete und Fr. 26’400",
+          "Fr. 6’300 pro Person", "ab Fr. 100, alle zusammen bis 10% des Erwerbs", "um 35%"}) {
+        EXPECT_NE(abroad.find(wanted), std::string::npos) << wanted;
+    }
+}
+
+/// Limits and rates come from the rules: without them none is told, and changed rules change the
+/// texts.
+TEST(DeductionPageTexts, typeNoFigureThemselves) {
+    const std::regex figure("Fr\\. [0-9’.]+|[0-9.]+[%‰]");
+    for (const TaxRegion region : {stGallen, liechtenstein}) {
+        std::string texts = textsOf({.year = 2025, .region = region});
+        // The labels of the register codes are no limits.
+        texts = std::regex_replace(texts, std::regex("ab 10%"), "");
+        std::smatch match;
+        EXPECT_FALSE(std::regex_search(texts, match, figure)) << match.str();
+        EXPECT_EQ(texts.find("  "), std::string::npos);
+    }
+    RuleBook changed = *contextOf(stGallen).stGallen;
+    changed.cantonal.saeule3a.mitPensionskasse = 9'111;
+    changed.federal.kinderbetreuungMax = 9'222;
+    changed.cantonalExtra.liegenschaften.pauschalabzugSatz = 0.11_dec;
+    changed.cantonalExtra.fahrzeugAbschreibungProJahr = 0.12_dec;
+    changed.cantonal.versicherungen.proKind = 9'333;
+    changed.federal.privateSchuldzinsenZuschlag = 9'444;
+    const std::string texts = textsOf({.year = 2025, .region = stGallen, .stGallen = &changed});
+    for (const char* wanted :
+         {"Fr. 9’111", "Fr. 9’222", "11%", "12%", "Fr. 9’333", "Fr. 9’444 beim Bund"}) {
+        EXPECT_NE(texts.find(wanted), std::string::npos) << wanted;
+    }
+}
+
+TEST(DeductionPageTexts, fitTheLawOfLiechtenstein) {
+    const std::string texts = textsOf(contextOf(liechtenstein));
+    for (const char* swiss : {"31. Dezember", "Verrechnungssteuer", "Schuldzinsen", "Bund", "SVA",
+                              "Selbstbehalt übersteigt", "Eigenmietwert"}) {
+        EXPECT_EQ(texts.find(swiss), std::string::npos) << swiss;
+    }
+}
+
+// Fields.
+
+struct Entry {
+    TaxRegion region;
+    const char* path;
+    Value value;
+};
+
+TEST(DeductionPageFields, setWhatTheyGet) {
+    const std::vector<Entry> entries{
+        {stGallen, "person2.hasPensionFund", false},
+        {stGallen, "deductions2.pillar3a", Decimal(7'000)},
+        {stGallen, "deductions1.furtherEducationFlatRate", true},
+        {stGallen, "householdDeductions.supportedPersons", 2},
+        {stGallen, "householdDeductions.actualAssetManagementCosts", Decimal(0)},
+        {stGallen, "householdDeductions.actualAssetManagementCosts", Value{}},
+        {stGallen, "householdDeductions.medicalCosts[0].date", Date::of(2025, 3, 1).value()},
+        {stGallen, "householdDeductions.donations[0].isPoliticalParty", true},
+        {stGallen, "children[0].childcareDaysWithMealsIncluded", 120},
+        {stGallen, "capitalPayments[0].kind", std::string("saeule2")},
+        {stGallen, "securities[0].code", std::string("BP")},
+        {stGallen, "securities[0].quantity", Value{}},
+        {stGallen, "vehicles[0].purchaseYear", 2021},
+        {stGallen, "realEstate[0].use", std::string("gemischt")},
+        {liechtenstein, "li.householdGoods", Decimal(40'000)},
+        {liechtenstein, "li.useRealEstateFromList", false},
+    };
+    for (const Entry& entry : entries) {
+        Desk desk(testing::fullCase(2025, entry.region));
+        const auto field = desk.field(entry.path);
+        ASSERT_TRUE(field) << entry.path;
+        field->set(desk.taxCase, entry.value);
+        EXPECT_EQ(field->get(desk.taxCase), entry.value) << entry.path;
+    }
+}
+
+/// The extras of Liechtenstein come into being with the first entry.
+TEST(DeductionPageFields, writeIntoExtrasThatAreAbsent) {
+    Desk desk(couple(liechtenstein));
+    ASSERT_FALSE(desk.taxCase.li);
+    const auto field = desk.field("li.householdGoods");
+    ASSERT_TRUE(field);
+    EXPECT_EQ(field->get(desk.taxCase), Value(Decimal(0)));
+    field->set(desk.taxCase, Decimal(9'000));
+    ASSERT_TRUE(desk.taxCase.li);
+    EXPECT_EQ(desk.taxCase.li->householdGoods, 9'000);
+}
+
+struct Visibility {
+    const char* what;
+    TaxRegion region;
+    std::function<void(TaxCase&)> prepare;
+    const char* path;
+    bool shown;
+};
+
+std::function<void(TaxCase&)> property(std::function<void(RealEstate&)> change) {
+    return [change = std::move(change)](TaxCase& taxCase) {
+        change(taxCase.realEstate.emplace_back());
+    };
+}
+
+std::function<void(TaxCase&)> childBorn(int year, int costs = 0) {
+    return [=](TaxCase& taxCase) {
+        Child& child = taxCase.children.emplace_back();
+        child.birthDate = Date::of(year, 6, 1);
+        child.childcareCosts = costs;
+    };
+}
+
+TEST(DeductionPageFields, areShownWhenTheyMatter) {
+    const auto nothing = [](TaxCase&) {};
+    const auto let = property([](RealEstate& p) { p.use = PropertyUse::vermietet; });
+    const auto holiday = property([](RealEstate& p) { p.isPrimaryResidence = false; });
+    const auto home = property([](RealEstate&) {});
+    const std::vector<Visibility> rows{
+        {"3a", stGallen, nothing, "deductions1.pillar3a", true},
+        {"3a abroad", liechtenstein, nothing, "deductions1.pillar3a", false},
+        {"3a abroad, left over", liechtenstein, [](TaxCase& t) { t.deductions1.pillar3a = 5'000; },
+         "deductions1.pillar3a", true},
+        {"3a buy-in before 2026", stGallen, nothing, "deductions1.pillar3aBuyIn", false},
+        {"3a buy-in before 2026, entered", stGallen,
+         [](TaxCase& t) { t.deductions1.pillar3aBuyIn = 1; }, "deductions1.pillar3aBuyIn", true},
+        {"3a buy-in", stGallen, [](TaxCase& t) { t.year = 2026; }, "deductions1.pillar3aBuyIn",
+         true},
+        {"pension fund abroad", liechtenstein, nothing, "deductions1.pensionBuyIn", true},
+        {"diet abroad", liechtenstein, nothing, "householdDeductions.dietFlatRate", false},
+        {"cooperation of one", stGallen, [](TaxCase& t) { t.civilStatus = CivilStatus::ledig; },
+         "householdDeductions.significantCooperation", false},
+        {"cooperation", stGallen, nothing, "householdDeductions.significantCooperation", true},
+        {"childcare", stGallen, childBorn(2015), "children[0].childcareCosts", true},
+        {"childcare too old", stGallen, childBorn(2008), "children[0].childcareCosts", false},
+        {"childcare too old, entered", stGallen, childBorn(2008, 100), "children[0].childcareCosts",
+         true},
+        {"childcare abroad", liechtenstein, childBorn(2015), "children[0].childcareCosts", false},
+        {"rent of the home", stGallen, home, "realEstate[0].rentalIncome", false},
+        {"rent of the home, entered", stGallen,
+         property([](RealEstate& p) { p.rentalIncome = 900; }), "realEstate[0].rentalIncome", true},
+        {"rent", stGallen, let, "realEstate[0].rentalIncome", true},
+        {"rental value of a let one", stGallen, let, "realEstate[0].imputedRentalValue", false},
+        {"unused rooms at home", stGallen, home, "realEstate[0].unusedRooms", true},
+        {"unused rooms on holiday", stGallen, holiday, "realEstate[0].unusedRooms", false},
+        {"unused rooms of a let one", stGallen, let, "realEstate[0].unusedRooms", false},
+        {"costs at the flat rate", stGallen, home, "realEstate[0].actualMaintenanceCosts", false},
+        {"costs", stGallen, property([](RealEstate& p) { p.useFlatRateMaintenance = false; }),
+         "realEstate[0].actualMaintenanceCosts", true},
+        {"share of the second", stGallen, home, "realEstate[0].sharePerson2", true},
+        {"share without a second", stGallen,
+         [&](TaxCase& t) {
+             home(t);
+             t.civilStatus = CivilStatus::geschieden;
+         },
+         "realEstate[0].sharePerson2", false},
+    };
+    for (const Visibility& row : rows) {
+        TaxCase taxCase = couple(row.region);
+        row.prepare(taxCase);
+        EXPECT_EQ(Desk(taxCase).isShown(row.path), row.shown) << row.what;
+    }
+}
+
+/// The second person's section comes and goes with the civil status, and so do empty cards.
+TEST(DeductionPageFields, sectionsAndCardsFollowTheHousehold) {
+    for (const auto& [status, shown] :
+         {std::pair(CivilStatus::ledig, false), std::pair(CivilStatus::verheiratet, true)}) {
+        TaxCase taxCase = couple();
+        taxCase.civilStatus = status;
+        taxCase.person2.firstName = "Anna";
+        const Page page = pages::pensionPage(contextOf(stGallen));
+        const auto& second = page.sections.at(1);
+        EXPECT_EQ(second.title(taxCase), "Anna");
+        EXPECT_EQ(second.shown(taxCase), shown);
+        EXPECT_EQ(page.sections.at(0).title(taxCase), "Person 1");
+    }
+    const Page page = pages::pensionPage(contextOf(liechtenstein));
+    const auto& pillar3a = std::get<forms::FieldsCard>(page.sections.at(0).cards.at(1));
+    EXPECT_FALSE(pillar3a.shown(couple(liechtenstein)));
+}
+
+/// What the review says of an entry leads to the page it stands on, and finds it there.
+TEST(DeductionPageFields, standWhereNoticesLead) {
+    int told = 0;
+    for (const TaxRegion region : {stGallen, liechtenstein}) {
+        const Desk desk(testing::fullCase(2025, region));
+        const auto calculator = CaseCalculator::forCase(desk.taxCase).value();
+        for (const Page& page : desk.pages) {
+            for (const BoundField& field : testing::fieldsOf(page, desk.taxCase)) {
+                for (const Value& odd : {Value(-1), Value(Decimal(-1)), Value(Decimal(9'000'000)),
+                                         Value(1), Value(true)}) {
+                    TaxCase taxCase = desk.taxCase;
+                    field.set(taxCase, odd);
+                    const TaxResult result = calculator.calculate(taxCase);
+                    for (const Notice& notice : Checks::of({.calculator = calculator,
+                                                .taxCase = taxCase,
+                                                .result = result,
+                                                .today = Date::of(2026, 3, 1).value()})) {
+                        if (notice.path == field.path) {
+                            ++told;
+                            EXPECT_EQ(notice.area, page.id) << notice.id;
+                            EXPECT_TRUE(field.shown(taxCase)) << notice.id;
+                        }
+                    }
+                }
+            }
+        }
+    }
+    EXPECT_GT(told, 40);
+}
+
+// Figures.
+
+TEST(DeductionPageFigures, tellTheMaximumOfPillar3aAndWhatIsLeft) {
+    TaxCase taxCase = couple();
+    taxCase.deductions1.pillar3a = 5'000;
+    const Desk within(taxCase);
+    EXPECT_TRUE(within.hasFigure("Höchstbetrag: 7’258 (mit Pensionskasse)"))
+        << joined(within.figures());
+    EXPECT_TRUE(within.hasFigure("Noch möglich: 2’258"));
+    EXPECT_TRUE(within.hasFigure("Abzug Säule 3a: 5’000"));
+    EXPECT_TRUE(within.hasFigure(
+        "Höchstbetrag: 0 (Ohne AHV-pflichtiges Erwerbseinkommen gibt es keinen Abzug.)"));
+
+    taxCase.deductions1.pillar3a = 20'000;
+    const Desk above(taxCase);
+    EXPECT_TRUE(above.hasFigure("Noch möglich: 0"));
+    EXPECT_TRUE(above.hasFigure("Abzug Säule 3a: 7’258 (gekürzt, eingetragen sind 20’000)"));
+
+    taxCase.person1.hasPensionFund = false;
+    const Desk large(taxCase);
+    EXPECT_TRUE(large.hasFigure("Höchstbetrag: 18’000 (ohne Pensionskasse)"))
+        << joined(large.figures());
+}
+
+TEST(DeductionPageFigures, showCantonAndFederationWhereTheyDiffer) {
+    TaxCase taxCase = couple();
+    taxCase.householdDeductions.healthInsurancePremiums = 9'000;
+    taxCase.householdDeductions.supportedPersons = 1;
+    taxCase.householdDeductions.medicalCosts.emplace_back().gross = 3'000;
+    taxCase.householdDeductions.donations.emplace_back().amount = 60;
+    Donation& gift = taxCase.householdDeductions.donations.emplace_back();
+    gift.amount = 15'000;
+    gift.isPoliticalParty = true;
+    taxCase.deductions2.furtherEducationFlatRate = true;
+    taxCase.capitalPayments.emplace_back().amount = 50'000;
+    const Desk desk(taxCase);
+    for (const char* wanted : {
+             "Prämien und Sparzinsen: 9’000",
+             "Höchstbetrag: 7’900 · Bund 6’250",
+             "Abziehbar: 7’900 · Bund 6’250",
+             "Krankheits- und Unfallkosten: 3’000",
+             "Spenden abziehbar: 0 (gekürzt, eingetragen sind 60)",
+             "Parteispenden abziehbar: 15’000 · Bund 10’600 (gekürzt, eingetragen sind 15’000)",
+             "Abzug für unterstützte Personen: 0 · Bund 6’800",
+             "Abzug: 400 · Bund 0",
+         }) {
+        EXPECT_TRUE(desk.hasFigure(wanted)) << wanted << " in\n" << joined(desk.figures());
+    }
+    const std::string all = joined(desk.figures());
+    for (const char* label : {"Steuer auf Kapitalleistungen: ", "Direkte Bundessteuer: "}) {
+        EXPECT_NE(all.find(label), std::string::npos) << all;
+    }
+}
+
+TEST(DeductionPageFigures, valueVehiclesByTheRulesOfTheRegion) {
+    for (const auto& [region, worth] :
+         {std::pair(stGallen, "VW: 12’000"), std::pair(liechtenstein, "VW: 8’450")}) {
+        TaxCase taxCase = couple(region);
+        Vehicle& car = taxCase.vehicles.emplace_back();
+        car.description = "VW";
+        car.purchasePrice = 20'000;
+        car.purchaseYear = 2023;
+        Desk desk(taxCase);
+        EXPECT_TRUE(desk.hasFigure(worth)) << joined(desk.figures());
+        const std::string amount = desk.list("vehicles").summary(taxCase, 0).amount;
+        EXPECT_EQ("VW: " + amount, worth);
+        desk.taxCase.vehicles.front().taxValueOverride = 500;
+        EXPECT_TRUE(desk.hasFigure("VW: 500 (wie eingetragen)"));
+    }
+}
+
+TEST(DeductionPageFigures, capDebtInterestOnBothPages) {
+    TaxCase taxCase = couple();
+    taxCase.debts.emplace_back().interest = 80'000;
+    const auto all = Desk(taxCase).figures();
+    EXPECT_EQ(std::ranges::count(
+                  all, "Abziehbare Schuldzinsen: 50’000 (gekürzt, eingetragen sind 80’000)"),
+              2)
+        << joined(all);
+}
+
+/// No figure hangs on an entry or a rule that is not there.
+TEST(DeductionPageFigures, standWithoutRulesAndEntries) {
+    for (const TaxRegion region : {stGallen, liechtenstein}) {
+        for (TaxCase taxCase :
+             {couple(region), testing::fullCase(2025, region), DemoData::household(region, 2025)}) {
+            Desk desk(taxCase);
+            desk.pages = pagesOf({.year = 2025, .region = region});
+            for (const std::string& figure : desk.figures()) {
+                EXPECT_FALSE(figure.starts_with(":")) << figure;
+            }
+        }
+    }
+}
+
+// Lists.
+
+TEST(DeductionPageLists, addRemoveDuplicateAndMove) {
+    Desk desk(couple());
+    const auto& debts = desk.list("debts");
+    TaxCase& taxCase = desk.taxCase;
+    debts.add(taxCase);
+    debts.add(taxCase);
+    ASSERT_EQ(debts.size(taxCase), 2U);
+    debts.fields(0).front().set(taxCase, std::string("Bank"));
+    debts.duplicate(taxCase, 0);
+    ASSERT_EQ(debts.size(taxCase), 3U);
+    EXPECT_EQ(taxCase.debts[1].creditor, "Bank");
+    EXPECT_NE(debts.id(taxCase, 0), debts.id(taxCase, 1));
+    const Uuid last = debts.id(taxCase, 2);
+    debts.move(taxCase, 2, 0);
+    EXPECT_EQ(debts.id(taxCase, 0), last);
+    debts.remove(taxCase, 1);
+    ASSERT_EQ(debts.size(taxCase), 2U);
+    EXPECT_EQ(taxCase.debts[1].creditor, "Bank");
+    debts.remove(taxCase, 7);
+    EXPECT_EQ(debts.size(taxCase), 2U);
+}
+
+TEST(DeductionPageLists, takeOverLastYearWithFreshIdentities) {
+    for (const char* path : {"securities", "insurances", "vehicles", "realEstate", "debts"}) {
+        const TaxCase old = testing::fullCase(2024, stGallen);
+        Desk desk(couple());
+        const auto& list = desk.list(path);
+        EXPECT_TRUE(list.offersLastYear) << path;
+        list.takeOver(desk.taxCase, old);
+        ASSERT_EQ(list.size(desk.taxCase), 1U) << path;
+        EXPECT_NE(list.id(desk.taxCase, 0), list.id(old, 0)) << path;
+    }
+    TaxCase old = testing::fullCase(2024, stGallen);
+    Desk desk(couple());
+    desk.list("securities").takeOver(desk.taxCase, old);
+    EXPECT_FALSE(desk.taxCase.securities.front().documentID);
+}
+
+TEST(DeductionPageLists, childrenComeAndGoOnTheFamilyPage) {
+    const Desk desk(testing::fullCase(2025, stGallen));
+    const auto& children = desk.list("children");
+    EXPECT_FALSE(children.add || children.remove || children.duplicate || children.move
+                 || children.takeOver);
+    EXPECT_NE(children.emptyText.find("«Familie»"), std::string::npos);
+    EXPECT_EQ(children.size(desk.taxCase), 1U);
+}
+
+TEST(DeductionPageLists, propertiesOfLiechtensteinBeginThere) {
+    for (const auto& [region, canton] :
+         {std::pair(stGallen, "SG"), std::pair(liechtenstein, "FL")}) {
+        Desk desk(couple(region));
+        desk.list("realEstate").add(desk.taxCase);
+        EXPECT_EQ(desk.taxCase.realEstate.at(0).canton, canton);
+    }
+}
+
+TEST(DeductionPageLists, propertiesOfAHouseholdOfOneBelongToThatPerson) {
+    TaxCase single = couple();
+    single.civilStatus = CivilStatus::ledig;
+    for (const auto& [household, share] : {std::pair(couple(), 50), std::pair(single, 100)}) {
+        Desk desk(household);
+        desk.list("realEstate").add(desk.taxCase);
+        EXPECT_EQ(desk.taxCase.realEstate.at(0).sharePerson1, share);
+        EXPECT_EQ(desk.taxCase.realEstate.at(0).sharePerson2, 100 - share);
+    }
+}
+
+TEST(DeductionPageLists, tellTheirTotals) {
+    Desk desk(couple());
+    SecurityEntry& entry = desk.taxCase.securities.emplace_back();
+    entry.taxValue = 120'000;
+    entry.incomeWithWithholding = 1'000;
+    entry.incomeWithoutWithholding = 50;
+    MedicalCost& bill = desk.taxCase.householdDeductions.medicalCosts.emplace_back();
+    bill.gross = 100;
+    bill.reimbursed = 300;
+    desk.taxCase.householdDeductions.medicalCosts.emplace_back().gross = 1'000;
+    Debt& debt = desk.taxCase.debts.emplace_back();
+    debt.amount = 500'000;
+    debt.interest = 7'500;
+    const std::vector<std::pair<const char*, const char*>> totals{
+        {"securities", "Steuerwert 120’000 · Ertrag mit VSt 1’000 · ohne VSt 50"},
+        {"householdDeductions.medicalCosts",
+         "Rechnungen 1’100 · zurückerstattet 300 · selbst bezahlt 1’000"},
+        {"debts", "Schulden 500’000 · Zinsen 7’500"},
+    };
+    for (const auto& [path, total] : totals) {
+        EXPECT_EQ(desk.list(path).total(desk.taxCase), total);
+    }
+    for (const char* table :
+         {"securities", "householdDeductions.medicalCosts", "householdDeductions.donations"}) {
+        EXPECT_TRUE(desk.list(table).isTable) << table;
+    }
+}
+
+} // namespace
+} // namespace fiscarel
