@@ -118,7 +118,33 @@ int readPieces(const Descriptor& file, std::uint64_t mostBytes, const Use& use) 
     }
 }
 
-/// Fills a hidden file with `fill(descriptor)` (errno or 0), syncs it and hands it to `place`.
+/// Gives a file a new name that is not taken; errno or 0.
+int renameToFree(const fs::path& from, const fs::path& to) {
+    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) {
+        return 0;
+    }
+    if (errno != EINVAL && errno != ENOSYS) {
+        return errno;
+    }
+    // Network file systems know no such renaming; a second name does not replace anything either.
+    if (::link(from.c_str(), to.c_str()) != 0) {
+        return errno;
+    }
+    ::unlink(from.c_str());
+    return 0;
+}
+
+/// Syncs the folder of a file that was not there before; when that fails it shall not be there.
+FileResult<void> syncNew(const fs::path& file) {
+    auto synced = syncFolder(file.parent_path());
+    if (!synced) {
+        ::unlink(file.c_str());
+    }
+    return synced;
+}
+
+/// Fills a hidden file with `fill(descriptor)`, syncs it and hands it to `place`, which gives it
+/// its name; both return errno or 0. The folder is then to be synced.
 template <class Fill, class Place>
 FileResult<void> placeNew(const fs::path& target, const Fill& fill, const Place& place) {
     const fs::path hidden = leftoverName(target);
@@ -133,14 +159,14 @@ FileResult<void> placeNew(const fs::path& target, const Fill& fill, const Place&
             problem = errno;
         }
     }
-    if (problem == 0 && !place(hidden)) {
-        problem = errno;
+    if (problem == 0) {
+        problem = place(hidden);
     }
     if (problem != 0) {
         ::unlink(hidden.c_str());
         return failed(target, problem);
     }
-    return syncFolder(target.parent_path());
+    return {};
 }
 
 Moment momentOf(const timespec& time) { return Moment{static_cast<std::int64_t>(time.tv_sec)}; }
@@ -166,8 +192,12 @@ FileResult<std::string> PosixFiles::read(const fs::path& file, std::uint64_t mos
 
 FileResult<void> PosixFiles::write(const fs::path& file, std::string_view bytes) {
     return placeNew(
-        file, [&](const Descriptor& open) { return writeAll(open.number(), bytes) ? 0 : errno; },
-        [&](const fs::path& hidden) { return ::rename(hidden.c_str(), file.c_str()) == 0; });
+               file,
+               [&](const Descriptor& open) { return writeAll(open.number(), bytes) ? 0 : errno; },
+               [&](const fs::path& hidden) {
+                   return ::rename(hidden.c_str(), file.c_str()) == 0 ? 0 : errno;
+               })
+        .and_then([&] { return syncFolder(file.parent_path()); });
 }
 
 FileResult<void> PosixFiles::copy(const fs::path& from, const fs::path& to,
@@ -177,23 +207,21 @@ FileResult<void> PosixFiles::copy(const fs::path& from, const fs::path& to,
         return failed(from, problem);
     }
     return placeNew(
-        to,
-        [&](const Descriptor& open) {
-            return readPieces(source.file, mostBytes, [&](std::string_view piece) {
-                return writeAll(open.number(), piece);
-            });
-        },
-        [&](const fs::path& hidden) {
-            return ::renameat2(AT_FDCWD, hidden.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE)
-                   == 0;
-        });
+               to,
+               [&](const Descriptor& open) {
+                   return readPieces(source.file, mostBytes, [&](std::string_view piece) {
+                       return writeAll(open.number(), piece);
+                   });
+               },
+               [&](const fs::path& hidden) { return renameToFree(hidden, to); })
+        .and_then([&] { return syncNew(to); });
 }
 
 FileResult<void> PosixFiles::link(const fs::path& file, const fs::path& second) {
     if (::link(file.c_str(), second.c_str()) != 0) {
         return failed(second);
     }
-    return syncFolder(second.parent_path());
+    return syncNew(second);
 }
 
 FileResult<void> PosixFiles::remove(const fs::path& file) {
@@ -241,9 +269,10 @@ FileResult<void> PosixFiles::makeFolder(const fs::path& folder) {
             return above;
         }
     }
-    if (::mkdir(folder.c_str(), onlyUserFolder) != 0 && errno != EEXIST) {
-        return failed(folder);
+    if (::mkdir(folder.c_str(), onlyUserFolder) != 0) {
+        return errno == EEXIST ? FileResult<void>{} : failed(folder);
     }
+    (void)syncFolder(folder.parent_path()); // it is there, whatever a sync tells
     return {};
 }
 
