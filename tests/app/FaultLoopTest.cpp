@@ -70,6 +70,8 @@ std::vector<std::string> daysBefore() {
 }
 
 const std::string today = "daten-2026-03-01.json";
+/// Written in the very second in which the test restores.
+const std::string sameSecond = "vor-wiederherstellung-2026-03-01-140509.json";
 
 void Situation::prepare(const WorkFolder& work) const {
     work.clear();
@@ -86,6 +88,7 @@ void Situation::prepare(const WorkFolder& work) const {
     }
     if (scenario == "restore") {
         putBytes(work.backups() / restoredBackup, ofDay(restoredBackup));
+        putBytes(work.backups() / sameSecond, ofDay(sameSecond));
     }
     putBytes(work.path() / documentName, documentBytes);
     if (scenario == "export") {
@@ -199,6 +202,9 @@ class Aftermath {
                 EXPECT_EQ(bytesOf(work_.backups() / days[i]), ofDay(days[i])) << days[i];
             }
         }
+        if (situation_.scenario == "restore") {
+            EXPECT_EQ(bytesOf(work_.backups() / sameSecond), ofDay(sameSecond));
+        }
         if (situation_.old == unreadable) {
             EXPECT_TRUE(isAmongBackups(ofDay(today))) << "today's backup from before is lost";
         }
@@ -309,6 +315,43 @@ TEST_P(FaultLoop, leavesTheOldStateOrTheNewOne) {
         std::cout << " exit " << code << ": " << count;
     }
     std::cout << '\n';
+}
+
+/// What would be lost if the machine lost its power: what was written or named and not synced.
+class Unsynced {
+  public:
+    void take(const DriverRun::Call& call) {
+        const fs::path path = call.path;
+        if (call.name == "write") {
+            paths_.insert(path);
+        } else if (call.name == "fsync") {
+            paths_.erase(path);
+        } else if (call.name.starts_with("rename") || call.name == "link") {
+            EXPECT_TRUE(paths_.empty())
+                << call.path << " is named before " << *paths_.begin() << " is on the disk";
+            paths_.insert(path.parent_path());
+        } else if (call.name == "mkdir") {
+            paths_.insert(path.parent_path());
+        }
+    }
+    void expectNone() const { EXPECT_TRUE(paths_.empty()) << *paths_.begin(); }
+
+  private:
+    std::set<fs::path> paths_;
+};
+
+TEST(PowerLoss, findsEverythingOnTheDiskThatIsNamedThere) {
+    StateDriverClient driver;
+    for (const Situation& situation : situations()) {
+        SCOPED_TRACE(situation.name);
+        const WorkFolder work;
+        situation.prepare(work);
+        Unsynced unsynced;
+        for (const auto& call : driver.run(situation.scenario, work.path()).trace) {
+            unsynced.take(call);
+        }
+        unsynced.expectNone();
+    }
 }
 
 /// File systems that lack something, all the time.
