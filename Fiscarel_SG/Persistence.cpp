@@ -45,6 +45,7 @@ Persistence::Persistence(FileSystem& files, const Clock& clock, fs::path root)
 }
 
 LoadedState Persistence::load() {
+    replaced_ = Replaced::usable;
     const auto bytes = files_.read(stateFile(), taxcore::maxJsonSize);
     if (!bytes && bytes.error().code == ENOENT) {
         return NoState{};
@@ -52,46 +53,69 @@ LoadedState Persistence::load() {
     auto state = bytes ? decodeState(*bytes)
                        : tl::unexpected(StateFault{.message = bytes.error().description()});
     if (!state) {
-        (void)setAside(); // what fails now is tried again before the file is written over
+        replaced_ = Replaced::unusable;
+        // What fails now is tried again before the file is written over.
+        (void)keep(stateFile(), backup::unreadable);
         return UnusableState{.reason = state.error().message, .isNewer = state.error().isNewer};
     }
     return std::move(*state);
 }
 
-/// Copies a file among the backups under a label, unless one of that label has its content.
+/// Whether a backup is the file itself under a second name, which only a file that does not read
+/// gets; of such files no more can be told.
+bool Persistence::isSecondName(const BackupFile& backup, const FileEntry& file) {
+    return backup.size == file.size && backup.written == file.modified
+           && !files_.read(backupsFolder() / backup.fileName(), taxcore::maxJsonSize);
+}
+
+/// Copies a file among the backups under a label, unless one of that label has its content. A file
+/// that is not there needs no copy.
 FileResult<void> Persistence::keep(const fs::path& file, std::string_view label) {
     const auto bytes = files_.read(file, taxcore::maxJsonSize);
-    if (!bytes) {
-        return tl::unexpected(bytes.error());
+    const auto entry = files_.stat(file);
+    if (!bytes && bytes.error().isMissing()) {
+        return {};
     }
     for (const BackupFile& other : backups()) {
-        if (other.name.label == label && other.size == bytes->size()
-            && files_.read(backupsFolder() / other.fileName(), taxcore::maxJsonSize) == *bytes) {
+        if (other.name.label == label
+            && (bytes ? other.size == bytes->size()
+                            && files_.read(backupsFolder() / other.fileName(), taxcore::maxJsonSize)
+                                   == *bytes
+                      : entry && isSecondName(other, *entry))) {
             return {};
         }
     }
-    return files_.write(freeBackupName(label), *bytes);
-}
-
-FileResult<void> Persistence::setAside() {
-    if (auto kept = keep(stateFile(), backup::unreadable); kept || kept.error().isMissing()) {
-        return {};
+    const auto name = freeBackupName(label);
+    if (!name) {
+        return tl::unexpected(name.error());
     }
+    const auto kept = bytes ? files_.write(*name, *bytes) : tl::unexpected(bytes.error());
     // What does not read, or finds no room for a copy, can still get a second name: the next save
     // puts a new file in place and leaves the old one under that name.
-    return files_.link(stateFile(), freeBackupName(backup::unreadable));
+    return kept || files_.link(file, *name) ? FileResult<void>{} : kept;
 }
 
 FileResult<void> Persistence::beginAnew() {
-    if (auto aside = setAside(); !aside) {
-        return aside;
+    if (replaced_ == Replaced::keptAside) {
+        return {};
+    }
+    if (auto kept = keep(stateFile(), backup::unreadable); !kept) {
+        return kept;
     }
     const fs::path today = backupsFolder() / BackupName::daily(clock_.local()).fileName();
-    auto kept = keep(today, backup::beforeNewBeginning);
-    return kept || !kept.error().isMissing() ? kept : FileResult<void>{};
+    if (auto kept = keep(today, backup::beforeNewBeginning); !kept) {
+        return kept;
+    }
+    replaced_ = Replaced::keptAside;
+    return {};
 }
 
 FileResult<void> Persistence::save(std::string_view encoded) {
+    if (replaced_ == Replaced::unusable) {
+        if (auto ready = beginAnew(); !ready) {
+            return ready;
+        }
+    }
     if (auto written = files_.write(stateFile(), encoded); !written) {
         return written;
     }
@@ -109,18 +133,21 @@ void Persistence::backupIfNeeded(std::string_view encoded) {
 }
 
 /// The name for a backup taken now; a second one within a second gets the next second's.
-fs::path Persistence::freeBackupName(std::string_view label) {
+FileResult<fs::path> Persistence::freeBackupName(std::string_view label) {
     for (Moment moment = clock_.now();; ++moment.seconds) {
         fs::path name =
             backupsFolder() / BackupName::labelled(label, clock_.localTime(moment)).fileName();
-        if (!files_.stat(name)) {
-            return name;
+        if (const auto taken = files_.stat(name); !taken) {
+            // A name that cannot be looked at may well be taken.
+            return taken.error().isMissing() ? FileResult<fs::path>(std::move(name))
+                                             : tl::unexpected(taken.error());
         }
     }
 }
 
 FileResult<void> Persistence::backup(std::string_view encoded, std::string_view label) {
-    return files_.write(freeBackupName(label), encoded);
+    const auto name = freeBackupName(label);
+    return name ? files_.write(*name, encoded) : tl::unexpected(name.error());
 }
 
 FileResult<void> Persistence::backup(const PersistedState& state, std::string_view label) {

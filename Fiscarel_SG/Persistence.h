@@ -51,12 +51,13 @@ class Persistence {
     /// Reads the state file. One that cannot be read is copied among the backups, once per content.
     LoadedState load();
     /// Writes the state file, then today's backup, and prunes the backups. Only the state file
-    /// counts; what goes wrong with backups is passed over.
+    /// counts; what goes wrong with backups is passed over. A state file that was unusable is not
+    /// written over before `beginAnew` has worked.
     FileResult<void> save(std::string_view encoded);
 
-    /// To be called before a state file that was unusable is written over: makes sure that a copy
-    /// of it lies among the backups, and of today's backup under the label "vor-neubeginn". Copies
-    /// that are there already are not made again.
+    /// Makes sure that a copy of an unusable state file lies among the backups, and of today's
+    /// backup under the label "vor-neubeginn". Copies that are there already are not made again;
+    /// once it has worked it does nothing until the next `load`.
     FileResult<void> beginAnew();
     /// Writes a labelled backup.
     FileResult<void> backup(std::string_view encoded, std::string_view label);
@@ -90,14 +91,18 @@ class Persistence {
                                                 const ArchiveProgress& progress = {});
 
   private:
-    FileResult<void> setAside();
+    /// What the next save replaces.
+    enum class Replaced { usable, unusable, keptAside };
+
+    bool isSecondName(const BackupFile& backup, const FileEntry& file);
     FileResult<void> keep(const std::filesystem::path& file, std::string_view label);
     void backupIfNeeded(std::string_view encoded);
-    std::filesystem::path freeBackupName(std::string_view label);
+    FileResult<std::filesystem::path> freeBackupName(std::string_view label);
 
     FileSystem& files_;
     const Clock& clock_;
     const std::filesystem::path root_;
+    Replaced replaced_ = Replaced::usable;
 };
 
 /// The name the file dialog proposes for an export.

@@ -116,6 +116,31 @@ class PosixReader final : public FileReader {
     Source source_;
 };
 
+/// Gives a file a new name that is not taken; errno or 0.
+int renameToFree(const fs::path& from, const fs::path& to) {
+    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) {
+        return 0;
+    }
+    if (errno != EINVAL && errno != ENOSYS) {
+        return errno;
+    }
+    // Network file systems know no such renaming; a second name does not replace anything either.
+    if (::link(from.c_str(), to.c_str()) != 0) {
+        return errno;
+    }
+    ::unlink(from.c_str());
+    return 0;
+}
+
+/// Syncs the folder of a file that was not there before; when that fails it shall not be there.
+FileResult<void> syncNew(const fs::path& file) {
+    auto synced = syncFolder(file.parent_path());
+    if (!synced) {
+        ::unlink(file.c_str());
+    }
+    return synced;
+}
+
 class PosixDraft final : public FileDraft {
   public:
     explicit PosixDraft(fs::path target)
@@ -156,16 +181,18 @@ class PosixDraft final : public FileDraft {
         if (auto finished = finish(); !finished) {
             return finished;
         }
-        const unsigned flags = ifTaken == IfTaken::refuse ? RENAME_NOREPLACE : 0U;
-        if (::renameat2(AT_FDCWD, hidden_.c_str(), AT_FDCWD, target_.c_str(), flags) != 0) {
-            return failed(target_);
+        if (ifTaken == IfTaken::replace) {
+            if (::rename(hidden_.c_str(), target_.c_str()) != 0) {
+                return failed(target_);
+            }
+            exists_ = false;
+            return syncFolder(target_.parent_path()); // what was replaced cannot come back
+        }
+        if (const int problem = renameToFree(hidden_, target_)) {
+            return failed(target_, problem);
         }
         exists_ = false;
-        auto synced = syncFolder(target_.parent_path());
-        if (!synced && ifTaken == IfTaken::refuse) {
-            ::unlink(target_.c_str()); // what was replaced cannot come back, what was new can go
-        }
-        return synced;
+        return syncNew(target_);
     }
 
   private:
@@ -265,7 +292,7 @@ FileResult<void> PosixFiles::link(const fs::path& file, const fs::path& second) 
     if (::link(file.c_str(), second.c_str()) != 0) {
         return failed(second);
     }
-    return syncFolder(second.parent_path());
+    return syncNew(second);
 }
 
 FileResult<void> PosixFiles::remove(const fs::path& file) {
