@@ -112,6 +112,8 @@ class InlineQueue final : public WorkQueue {
         }
     }
 
+    void report(std::function<void()> call) override { call(); }
+
   private:
     std::deque<std::pair<std::function<void()>, std::function<void()>>> waiting_;
 };
