@@ -239,7 +239,7 @@ void review(benchmark::State& state) {
         const TaxResult result = calculator.calculate(demo);
         benchmark::DoNotOptimize(Review::of({calculator, demo, result, today}));
         benchmark::DoNotOptimize(Advisor::incomeCurve(calculator, demo, result, 200'000, 200));
-        benchmark::DoNotOptimize(Advisor::planBuyIn(calculator, demo, 1, 100'000));
+        benchmark::DoNotOptimize(Advisor::planBuyIn(calculator, demo, {.sum = 100'000}));
     }
 }
 BENCHMARK(review)->ArgName("region")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);

@@ -135,8 +135,9 @@ int check(const CheckOptions& options) {
             Advisor::incomeCurve(read->calculator, read->taxCase, result, highest, points);
     }
     if (options.buyIn) {
-        review.buyInPlans =
-            Advisor::planBuyIn(read->calculator, read->taxCase, options.person, *options.buyIn);
+        review.buyInPlanning = Advisor::planBuyIn(
+            read->calculator, read->taxCase,
+            {.person = options.person, .sum = *options.buyIn, .otherYears = input.otherYears});
     }
     return print(options.json ? toJson(review) : reviewText(read->taxCase, review));
 }

@@ -5,6 +5,8 @@
 #include "cli/TextTable.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <iterator>
 
 namespace fiscarel::cli {
 
@@ -49,7 +51,8 @@ std::string tipsText(const std::vector<Notice>& tips, int year) {
                  missed.empty() ? "Es ist kein Tipp mit einer Ersparnis bekannt."
                                 : "Für " + std::to_string(year) + " ist kein Tipp mehr offen.");
     if (!missed.empty()) {
-        text += listText("Zu spät für " + std::to_string(year) + " – für nächstes Jahr merken",
+        text += listText("Zu spät für " + std::to_string(year) + " – ab " + std::to_string(year + 1)
+                             + " beachten",
                          missed, "");
     }
     if (tips.size() > 1) {
@@ -77,7 +80,7 @@ std::string marginalText(const MarginalRate& rate, TaxRegion region) {
 }
 
 /// What the tax changed by, by cause, and the lines that changed for the canton.
-std::string changeText(const YearComparison& change, int year) {
+std::string changeText(const YearComparison& change, int year, TaxRegion region) {
     constexpr std::size_t nameWidth = 44;
     constexpr std::size_t shownLines = 12;
     const auto amount = [](const Decimal& value) { return MoneyFormat::chf(value, 2, false); };
@@ -99,14 +102,19 @@ std::string changeText(const YearComparison& change, int year) {
     text += row("durch die Tarife", "", amount(change.tariff));
     text += row("durch Steuerfüsse und Zuschläge", "", amount(change.multipliers));
     text += row("zusammen", "", amount(change.difference())) + "\n";
-    std::size_t shown = 0;
-    for (const LineChange& line : change.lines) {
-        if (++shown > shownLines) {
-            text +=
-                "  … und " + std::to_string(change.lines.size() - shownLines) + " weitere Zeilen\n";
-            break;
-        }
-        text += row(printable(line.label), amount(line.cantonBefore), amount(line.cantonAfter));
+    std::vector<LineChange> lines;
+    std::ranges::copy_if(change.lines, std::back_inserter(lines), [](const LineChange& line) {
+        return line.cantonBefore != line.cantonAfter;
+    });
+    if (!lines.empty() && region == TaxRegion::stGallen) {
+        text += row("Geänderte Zeilen (Kanton)", "", "");
+    }
+    for (std::size_t i = 0; i < std::min(lines.size(), shownLines); ++i) {
+        text += row(printable(lines[i].label), amount(lines[i].cantonBefore),
+                    amount(lines[i].cantonAfter));
+    }
+    if (lines.size() > shownLines) {
+        text += "  … und " + std::to_string(lines.size() - shownLines) + " weitere Zeilen\n";
     }
     return text + "\n";
 }
@@ -134,8 +142,9 @@ std::string curveText(const IncomeCurve& curve) {
     return text + "\n";
 }
 
+/// The plans that save something.
 std::string plansText(const std::vector<BuyInPlan>& plans, TaxRegion region) {
-    std::string text = heading("Einkauf in die Pensionskasse") + "\n";
+    std::string text;
     for (const BuyInPlan& plan : plans) {
         std::string payments;
         for (const Decimal& payment : plan.payments) {
@@ -166,6 +175,24 @@ std::string plansText(const std::vector<BuyInPlan>& plans, TaxRegion region) {
                               "übersteigt.",
                         textWidth, "  ");
     }
+    // The law of Liechtenstein knows neither.
+    if (region == TaxRegion::stGallen) {
+        text += wrapped("Ein Vorbezug für Wohneigentum ist vorher zurückzuzahlen; nach jedem "
+                        "Einkauf ist der Bezug als Kapital drei Jahre gesperrt.",
+                        textWidth, "  ");
+    }
+    return text;
+}
+
+std::string planningText(const BuyInPlanning& planning, TaxRegion region) {
+    std::string text = heading("Einkauf in die Pensionskasse") + "\n";
+    if (planning.impossible) {
+        text += wrapped(printable(*planning.impossible), textWidth, "  ");
+    } else if (planning.plans.empty() || Advisor::bestPlan(planning.plans).saving <= 0) {
+        text += wrapped("Ein Einkauf würde nichts sparen.", textWidth, "  ");
+    } else {
+        text += plansText(planning.plans, region);
+    }
     return text + "\n";
 }
 
@@ -176,7 +203,7 @@ std::string reviewText(const TaxCase& taxCase, const Review& review) {
                                 "Es ist nichts aufgefallen.");
     text += tipsText(review.tips, taxCase.year);
     if (review.change) {
-        text += changeText(*review.change, taxCase.year);
+        text += changeText(*review.change, taxCase.year, taxCase.taxRegion());
     } else if (review.changeMissing) {
         text += wrapped(*review.changeMissing, textWidth, "  ") + "\n";
     }
@@ -186,8 +213,8 @@ std::string reviewText(const TaxCase& taxCase, const Review& review) {
     if (review.curve) {
         text += curveText(*review.curve);
     }
-    if (review.buyInPlans && !review.buyInPlans->empty()) {
-        text += plansText(*review.buyInPlans, taxCase.taxRegion());
+    if (review.buyInPlanning) {
+        text += planningText(*review.buyInPlanning, taxCase.taxRegion());
     }
     if (!review.notComputed.empty()) {
         text += heading("Nicht berechnet") + "\n";

@@ -5,6 +5,7 @@
 #include "TaxCore/base/Record.h"
 #include "TaxCore/regions/CaseCalculator.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -63,6 +64,26 @@ struct BuyInPlan {
 };
 TAXCORE_RECORD(BuyInPlan, years, payments, saving, beyondLimit);
 
+/// What is asked of the planner of buy-ins.
+struct BuyInRequest {
+    int person = 1;    ///< 1 or 2
+    Decimal sum;       ///< francs
+    int mostYears = 5; ///< at least 1, at most 20
+    /// The household's cases of other years, as far as they are known.
+    std::vector<const TaxCase*> otherYears = {};
+};
+
+/// The plans of a buy-in, or why there are none.
+struct BuyInPlanning {
+    std::vector<BuyInPlan> plans; ///< by the number of years, from one on
+    /// Why the person may not buy in or there is nothing to plan; a German sentence. Without it
+    /// there is one plan at least.
+    std::optional<std::string> impossible;
+
+    bool operator==(const BuyInPlanning&) const = default;
+};
+TAXCORE_RECORD(BuyInPlanning, plans, impossible);
+
 /// Advice on a computed case. Every figure comes from the calculator itself, none is estimated.
 struct Advisor {
     Advisor() = delete;
@@ -89,15 +110,17 @@ struct Advisor {
     static IncomeCurve incomeCurve(const CaseCalculator& calculator, const TaxCase& taxCase,
                                    const TaxResult& base, const Decimal& highest, int count);
 
-    /// The best way to pay `sum` francs into a person's pension fund over one to `mostYears` years,
-    /// one plan per number of years; each is searched in 400ths of the sum, cut to full francs.
-    /// What is entered as a buy-in already stays in every year. The years are taken to be like that
-    /// of the case. BVG Art. 79b, DBG Art. 33 Abs. 1 Bst. d
-    static std::vector<BuyInPlan> planBuyIn(const CaseCalculator& calculator,
-                                            const TaxCase& taxCase, int person, const Decimal& sum,
-                                            int mostYears = 5);
+    /// The best way to pay a sum into a person's pension fund over some years, one plan per number
+    /// of years, up to the last year in which the person may buy in; each is searched in 400ths of
+    /// the sum, cut to full francs. What is entered as a buy-in already stays in every year. The
+    /// years are taken to be like that of the case. No plan, but the reason, for somebody without a
+    /// pension fund or past the reference age, in St.Gallen also when the household drew
+    /// pension-fund capital in the year or the three before, for a person who does not count in the
+    /// household, and for a sum that is not above 0. BVG Art. 13, 79b, DBG Art. 33 Abs. 1 Bst. d
+    static BuyInPlanning planBuyIn(const CaseCalculator& calculator, const TaxCase& taxCase,
+                                   const BuyInRequest& request);
     /// The plan that saves most; of equal ones the one with the fewest years. `plans` must hold one
-    /// at least, as `planBuyIn` always gives, and outlive what is returned.
+    /// at least and outlive what is returned.
     static const BuyInPlan& bestPlan(const std::vector<BuyInPlan>& plans);
 };
 

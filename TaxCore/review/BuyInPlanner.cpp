@@ -1,10 +1,13 @@
 #include "TaxCore/base/Rounding.h"
 #include "TaxCore/review/Advisor.h"
+#include "TaxCore/review/PensionLimits.h"
 
 #include <algorithm>
 #include <array>
 #include <functional>
 #include <numeric>
+#include <optional>
+#include <string>
 #include <utility>
 
 namespace taxcore {
@@ -19,7 +22,7 @@ class BuyInSearch {
     BuyInSearch(const CaseCalculator& calculator, TaxCase taxCase, int person, const Decimal& sum)
         : calculator_(calculator), changed_(std::move(taxCase)),
           buyIn_((person == 2 ? changed_.deductions2 : changed_.deductions1).pensionBuyIn),
-          before_(buyIn_), sum_(notBelowZero(sum)), tax_(taxWith(0)) {
+          before_(buyIn_), sum_(sum), tax_(taxWith(0)) {
         for (std::size_t k = 0; k <= parts; ++k) {
             savings_[k] = saving(part(k));
         }
@@ -125,17 +128,62 @@ class BuyInSearch {
     std::vector<Row> rows_;
 };
 
+/// Why a person may not buy into a pension fund, as the end of a sentence; absent where they may.
+std::optional<std::string> obstacleOf(const CaseCalculator& calculator, const TaxCase& taxCase,
+                                      const review::Adult& adult,
+                                      const std::vector<const TaxCase*>& otherYears) {
+    if (!adult.person.hasPensionFund) {
+        return "Es ist keine Pensionskasse angekreuzt.";
+    }
+    if (!review::hasPensionContributions(adult.income) && !review::hasNetSalaryOnly(adult.income)) {
+        return "Kein Lohnausweis zeigt Beiträge an eine Pensionskasse (Ziffer 10.1).";
+    }
+    if (review::ageOf(adult, taxCase.year).value_or(0) > review::referenceAge) {
+        return "Das Referenzalter von " + std::to_string(review::referenceAge)
+               + " Jahren ist überschritten.";
+    }
+    if (calculator.stGallen() != nullptr && review::drewPensionCapitalLately(taxCase, otherYears)) {
+        return "Im Steuerjahr oder in den " + std::to_string(review::yearsWithoutCapital)
+               + " Jahren davor wurde Kapital aus der Pensionskasse bezogen; der Abzug würde in "
+                 "der Regel gestrichen (Art. 79b Abs. 3 BVG).";
+    }
+    return std::nullopt;
+}
+
+/// How many years from that of the case on the person may still buy in; the year of the reference
+/// age counts.
+int yearsLeft(const review::Adult& adult, int year) {
+    constexpr int longest = 20;
+    const auto age = review::ageOf(adult, year);
+    return age ? std::min(longest, review::referenceAge - *age + 1) : longest;
+}
+
 } // namespace
 
-std::vector<BuyInPlan> Advisor::planBuyIn(const CaseCalculator& calculator, const TaxCase& taxCase,
-                                          int person, const Decimal& sum, int mostYears) {
-    constexpr int longest = 20;
-    std::vector<BuyInPlan> plans;
-    BuyInSearch search(calculator, taxCase, person, sum);
-    for (int years = 1; years <= std::clamp(mostYears, 1, longest); ++years) {
-        plans.push_back(search.plan(static_cast<std::size_t>(years)));
+BuyInPlanning Advisor::planBuyIn(const CaseCalculator& calculator, const TaxCase& taxCase,
+                                 const BuyInRequest& request) {
+    const std::vector<review::Adult> adults = review::adultsOf(taxCase);
+    const auto adult = std::ranges::find(adults, request.person, &review::Adult::number);
+    const auto impossible = [&](const std::string& who, const std::string& reason) {
+        return BuyInPlanning{{}, "Für " + who + " ist kein Einkauf möglich: " + reason};
+    };
+    if (adult == adults.end()) {
+        return impossible("Person " + std::to_string(request.person),
+                          "Sie gehört nicht zu diesem Haushalt.");
     }
-    return plans;
+    if (request.sum <= 0) {
+        return impossible(adult->called(), "Die Summe muss grösser als 0 sein.");
+    }
+    if (const auto obstacle = obstacleOf(calculator, taxCase, *adult, request.otherYears)) {
+        return impossible(adult->called(), *obstacle);
+    }
+    BuyInPlanning planning;
+    BuyInSearch search(calculator, taxCase, request.person, request.sum);
+    const int most = std::clamp(request.mostYears, 1, yearsLeft(*adult, taxCase.year));
+    for (int years = 1; years <= most; ++years) {
+        planning.plans.push_back(search.plan(static_cast<std::size_t>(years)));
+    }
+    return planning;
 }
 
 const BuyInPlan& Advisor::bestPlan(const std::vector<BuyInPlan>& plans) {

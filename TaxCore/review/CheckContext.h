@@ -17,6 +17,9 @@ namespace taxcore::review {
 struct Adult : AdultEntries {
     /// "Person 1" or the name: how a sentence speaks of them.
     std::string called() const;
+    /// Whether there is work or what stands for it: net salaries, a business (with a loss too),
+    /// board fees, unemployment benefits or daily allowances.
+    bool works() const;
     /// An id that stands once per person: "name-fehlt-1".
     std::string id(std::string_view stem) const;
 };

@@ -1,6 +1,6 @@
 #pragma once
 
-// Parts of the checks of a page that stand in files of their own.
+// Parts of the checks of a page that stand in files of their own, and what tips share with them.
 
 #include "TaxCore/review/CheckContext.h"
 
@@ -14,6 +14,10 @@ void checkSalaries(CheckContext& c, const Adult& adult);
 void checkRepeatedSalaries(CheckContext& c);
 /// Professional costs by the rules of Liechtenstein, on the page "work".
 void checkWorkInLiechtenstein(CheckContext& c, const LIRules& rules);
+
+/// Whether somebody with a room at the place of work drives there from home on more days than once
+/// a week and in the months without the room.
+bool drivesDailyBesideWeeklyStay(const WorkExpenses& work, const BerufskostenParams& rules);
 
 /// Whether a property without the code of Liechtenstein is probably there all the same: it lies in
 /// a municipality of the country, or its code is missing or still that of a new entry.

@@ -15,6 +15,13 @@ std::string Adult::called() const {
     return nameless ? "Person " + std::to_string(number) : person.displayName();
 }
 
+bool Adult::works() const {
+    const bool salaried = std::ranges::any_of(
+        income.salaries, [](const SalaryCertificate& boxes) { return boxes.netSalary() > 0; });
+    return salaried || !income.selfEmployment.isZero() || !income.partnership.isZero()
+           || income.boardFees > 0 || income.unemployment > 0 || income.dailyAllowances > 0;
+}
+
 std::string Adult::id(std::string_view stem) const {
     return std::string(stem) + "-" + std::to_string(number);
 }

@@ -93,7 +93,7 @@ void bundleDonations(TipContext& c) {
     c.suggest({.id = "tipp-li-spenden",
                .area = "other",
                .title = "Kleine Spenden zusammenlegen",
-               .message = "Spenden zählen einzeln erst ab " + MoneyFormat::fr(minimum)
+               .message = "Spenden zählen einzeln erst ab " + money(minimum)
                           + ". Die kleineren ergeben zusammen " + money(small)
                           + "; als eine Spende wären sie abziehbar.",
                .law = cited(li::law::deductions),
@@ -107,40 +107,35 @@ void bundleDonations(TipContext& c) {
                .inTheYear = true});
 }
 
-/// Children in training, and those at school beyond its usual end. SteG Art. 16
+/// SteG Art. 16
 void enterChildEducation(TipContext& c) {
-    constexpr int schoolLeavingAge = 16;
     const Decimal& maximum = c.liechtenstein()->ausbildungKindMax;
     forEachItem(c.taxCase().children, [&](const Child& child, int index) {
-        const bool older =
-            child.birthDate && ageAtEndOf(*child.birthDate, c.taxCase().year) >= schoolLeavingAge;
-        const bool trains = child.education == ChildEducation::ausbildung
-                            || (child.education == ChildEducation::schule && older);
-        if (!trains || child.educationCosts > 0) {
+        if (child.educationCosts > 0 || !mayHaveEducationCosts(child, c.taxCase().year)) {
             return;
         }
         c.suggest({.id = itemId("tipp-li-ausbildung", index),
                    .area = "other",
                    .title = "Ausbildungskosten eintragen",
-                   .message = "Für " + itemName(child.firstName, "Kind", index)
+                   .message = "Für " + called(child, index)
                               + " sind keine Ausbildungskosten eingetragen. Was Sie für Lehre, "
                                 "Mittelschule oder Studium selbst bezahlt haben, ist mit Belegen "
                                 "nach Abzug der Stipendien bis "
                               + money(maximum)
                               + " abziehbar; die Kosten der öffentlichen Pflichtschule sind es "
-                                "nicht. Die Ersparnis gilt für den Höchstbetrag.",
+                                "nicht. Kosten von zum Beispiel "
+                              + money(exampleCosts) + " sparen so viel.",
                    .law = cited(li::law::deductions),
                    .path = FieldPath("children", "educationCosts").at(index),
                    .change = [&](TaxCase& changed) {
                        Child& own = changed.children[static_cast<std::size_t>(index)];
-                       own.educationCosts = maximum + own.scholarships;
+                       own.educationCosts = exampleCosts + own.scholarships;
                    }});
     });
 }
 
-/// An example: hardly anybody spends as much as the maximum. SteG Art. 16
+/// SteG Art. 16
 void enterFurtherEducation(TipContext& c, const Adult& adult) {
-    constexpr int example = 1'000;
     const li::Adult earner{adult, {}};
     if (adult.deductions.furtherEducation > 0 || earner.earned() <= 0) {
         return;
@@ -151,11 +146,11 @@ void enterFurtherEducation(TipContext& c, const Adult& adult) {
                .message = "Selbst bezahlte berufsorientierte Aus- und Weiterbildung ist bis "
                           + money(c.liechtenstein()->weiterbildungMax)
                           + " abziehbar; eingetragen ist keine. Kosten von zum Beispiel "
-                          + money(example) + " sparen so viel.",
+                          + money(exampleCosts) + " sparen so viel.",
                .law = cited(li::law::deductions),
                .path = adult.deductionPath("furtherEducation"),
                .change = [&](TaxCase& changed) {
-                   deductionsOf(changed, adult.number).furtherEducation = example;
+                   deductionsOf(changed, adult.number).furtherEducation = exampleCosts;
                }});
 }
 

@@ -66,6 +66,31 @@ void checkChildcareDays(CheckContext& c, const Child& child, int index) {
     }
 }
 
+/// Who neither works nor trains looks after the children; illness and training the case does not
+/// tell. StG SG Art. 45 Abs. 1 Bst. h, DBG Art. 33 Abs. 3
+void checkChildcareWithoutWork(CheckContext& c) {
+    const auto& children = c.taxCase.children;
+    const auto cared = std::ranges::find_if(children, [&](const Child& child) {
+        return childcare(child, c.taxCase.year, c.stGallen->cantonal) > 0;
+    });
+    if (cared == children.end()) {
+        return;
+    }
+    for (const Adult& adult : c.adults) {
+        if (!adult.works()) {
+            c.warning({adult.id("kinderbetreuung-ohne-erwerb"), page, "Kinderbetreuung ohne Erwerb",
+                       std::string("Betreuungskosten sind nur abziehbar, soweit ")
+                           + (c.adults.size() > 1 ? "beide Eltern" : "der Elternteil")
+                           + " wegen Erwerb, Ausbildung oder Erwerbsunfähigkeit nicht selbst "
+                             "betreuen "
+                           + (c.adults.size() > 1 ? "können" : "kann") + ". Für " + adult.called()
+                           + " ist kein Erwerb eingetragen; bitte prüfen.",
+                       FieldPath("children", "childcareCosts")
+                           .at(static_cast<int>(cared - children.begin()))});
+        }
+    }
+}
+
 void checkChildEducation(CheckContext& c, const Child& child, int index) {
     if (c.stGallen != nullptr && child.educationCosts > 0
         && child.education == ChildEducation::keine) {
@@ -189,6 +214,17 @@ void checkFurtherEducation(CheckContext& c, const Adult& adult) {
     }
 }
 
+/// The flat rate stands for costs of the profession.
+void checkFurtherEducationWithoutWork(CheckContext& c, const Adult& adult) {
+    if (usesFurtherEducationFlatRate(adult.deductions, c.stGallen->cantonal) && !adult.works()) {
+        c.warning({adult.id("weiterbildung-ohne-erwerb"), page, "Weiterbildung ohne Erwerb",
+                   "Bei " + adult.called()
+                       + " ist die Pauschale für die Weiterbildung gewählt, aber kein Erwerb "
+                         "eingetragen. Sie steht nur Erwerbstätigen zu; bitte prüfen.",
+                   adult.deductionPath("furtherEducationFlatRate")});
+    }
+}
+
 void checkSupportedPersons(CheckContext& c) {
     const int persons = c.taxCase.householdDeductions.supportedPersons;
     if (persons > mostSupportedPersons) {
@@ -272,9 +308,11 @@ void checkOther(CheckContext& c) {
         checkLiechtensteinWithoutEffect(c);
         return;
     }
+    checkChildcareWithoutWork(c);
     checkDisabilityTwice(c);
     for (const Adult& adult : c.adults) {
         checkFurtherEducation(c, adult);
+        checkFurtherEducationWithoutWork(c, adult);
     }
     checkSupportedPersons(c);
     checkOtherDeductions(c);

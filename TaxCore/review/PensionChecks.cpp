@@ -42,13 +42,6 @@ FieldPath buyInPath(const Adult& adult) {
         .at(static_cast<int>(found - adult.income.salaries.begin()));
 }
 
-/// Whether a certificate shows only its net salary: then nothing is known of contributions.
-bool hasNetSalaryOnly(const PersonIncome& income) {
-    return std::ranges::any_of(income.salaries, [](const SalaryCertificate& certificate) {
-        return certificate.netSalaryOverride && certificate.socialContributions.isZero();
-    });
-}
-
 /// Only where it decides something: the maximum of pillar 3a of somebody with earnings. Daily
 /// allowances of the unemployment insurance alone keep somebody in the second pillar.
 void checkPensionFundWithoutContributions(CheckContext& c, const Adult& adult) {
@@ -99,6 +92,30 @@ void checkPillar3aBuyIn(CheckContext& c, const Adult& adult) {
                  + " von " + MoneyFormat::fr(*maximum) + ".",
              path});
     }
+}
+
+/// The first year of buy-ins has only one gap before it. BVV 3 Art. 7a
+void checkPillar3aGap(CheckContext& c, const Adult& adult) {
+    const int before = c.taxCase.year - 1;
+    const Decimal& buyIn = adult.deductions.pillar3aBuyIn;
+    const auto earlier =
+        std::ranges::find(c.otherYears, before, [](const TaxCase* other) { return other->year; });
+    if (c.taxCase.year != firstYearOfPillar3aBuyIn || buyIn <= 0 || earlier == c.otherYears.end()) {
+        return;
+    }
+    const auto gap = pillar3aGapOf(**earlier, adult.number);
+    if (!gap || buyIn <= *gap) {
+        return;
+    }
+    const std::string year = std::to_string(before);
+    c.warning({adult.id("3a-einkauf-ohne-luecke"), page, "Einkauf Säule 3a ohne Lücke",
+               "Der Einkauf in die Säule 3a von " + adult.called() + " beträgt "
+                   + MoneyFormat::fr(buyIn) + ", nach den Angaben von " + year
+                   + (gap->isZero() ? " gibt es aber keine Lücke."
+                                    : " beträgt die Lücke aber nur " + MoneyFormat::fr(*gap) + ".")
+                   + " Lücken früherer Jahre lassen sich nicht schliessen; bitte den Betrag "
+                     "prüfen.",
+               adult.deductionPath("pillar3aBuyIn")});
 }
 
 void checkBuyInWithoutPensionFund(CheckContext& c, const Adult& adult) {
@@ -181,6 +198,13 @@ void checkLiechtensteinPillar3a(CheckContext& c, const Adult& adult) {
 
 void checkPillar3aAge(CheckContext& c, const Adult& adult) {
     const bool pays = adult.deductions.pillar3a > 0 || adult.deductions.pillar3aBuyIn > 0;
+    if (pays && isTooYoungForPillar3a(adult, c.taxCase.year)) {
+        c.warning({adult.id("3a-zu-jung"), page, "Säule 3a vor der AHV-Pflicht",
+                   "Beiträge an die Säule 3a setzen AHV-pflichtigen Erwerb voraus, den es erst ab "
+                   "dem 1. Januar nach dem 17. Geburtstag gibt. Bitte den Betrag von "
+                       + adult.called() + " prüfen.",
+                   adult.deductionPath("pillar3a")});
+    }
     if (pays && isTooOldForPillar3a(adult, c.taxCase.year)) {
         c.warning({adult.id("3a-zu-spaet"), page, "Säule 3a nach 70",
                    "Beiträge an die Säule 3a sind höchstens bis fünf Jahre nach dem Referenzalter "
@@ -240,6 +264,7 @@ void checkPension(CheckContext& c) {
             checkPensionFundWithoutContributions(c, adult);
             checkContributionsWithoutPensionFund(c, adult);
             checkPillar3aBuyIn(c, adult);
+            checkPillar3aGap(c, adult);
             checkPillar3aAge(c, adult);
             checkBuyInNearCapital(c, adult);
         } else {

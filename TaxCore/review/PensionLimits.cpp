@@ -1,5 +1,6 @@
 #include "TaxCore/review/PensionLimits.h"
 
+#include "TaxCore/base/Rounding.h"
 #include "TaxCore/stgallen/Adult.h"
 #include "TaxCore/stgallen/DeductionRules.h"
 
@@ -9,13 +10,17 @@ namespace taxcore::review {
 
 namespace {
 
-constexpr int referenceAge = 65;
 constexpr int lastAgeOfPillar3a = 70;
+constexpr int firstAgeOfBenefits3a = 60; // five years before the reference age
 
 } // namespace
 
 bool isTooOldForPillar3a(const Adult& adult, int year) {
     return ageOf(adult, year).value_or(0) > lastAgeOfPillar3a;
+}
+
+bool isTooYoungForPillar3a(const Adult& adult, int year) {
+    return ageOf(adult, year).value_or(firstContributionAge) < firstContributionAge;
 }
 
 std::optional<Decimal> pillar3aMaximumOf(const Adult& adult, const Saeule3aParams& params) {
@@ -24,12 +29,47 @@ std::optional<Decimal> pillar3aMaximumOf(const Adult& adult, const Saeule3aParam
     if (earned <= 0 && unemployment <= 0) {
         return std::nullopt;
     }
-    return pillar3aMaximum(adult.person.hasPensionFund, earned + unemployment, params);
+    const bool hasFund = adult.person.hasPensionFund || hasPensionContributions(adult.income);
+    return pillar3aMaximum(hasFund, earned + unemployment, params);
+}
+
+std::optional<Decimal> pillar3aGapOf(const TaxCase& earlier, int person) {
+    const std::vector<Adult> adults = adultsOf(earlier);
+    const auto adult = std::ranges::find(adults, person, &Adult::number);
+    const auto calculator = CaseCalculator::forCase(earlier);
+    const RuleBook* const rules = calculator ? calculator->stGallen() : nullptr;
+    if (adult == adults.end() || rules == nullptr) {
+        return std::nullopt;
+    }
+    if (isTooOldForPillar3a(*adult, earlier.year) || isTooYoungForPillar3a(*adult, earlier.year)) {
+        return Decimal(0);
+    }
+    const auto maximum = pillar3aMaximumOf(*adult, rules->cantonal.saeule3a);
+    return notBelowZero(maximum.value_or(0) - adult->deductions.pillar3a);
+}
+
+bool mayHaveDrawnPillar3a(const Adult& adult, const TaxCase& taxCase,
+                          const std::vector<const TaxCase*>& otherYears) {
+    const auto draws = [&](const TaxCase& other) {
+        return other.year <= taxCase.year
+               && ageOf(adult, other.year).value_or(0) >= firstAgeOfBenefits3a
+               && std::ranges::any_of(other.capitalPayments, [](const CapitalPayment& payment) {
+                      return payment.kind == CapitalPayment::Kind::saeule3a && payment.amount > 0;
+                  });
+    };
+    return draws(taxCase)
+           || std::ranges::any_of(otherYears, [&](const TaxCase* other) { return draws(*other); });
 }
 
 bool hasPensionContributions(const PersonIncome& income) {
     return std::ranges::any_of(income.salaries, [](const SalaryCertificate& certificate) {
         return certificate.pensionContributions > 0;
+    });
+}
+
+bool hasNetSalaryOnly(const PersonIncome& income) {
+    return std::ranges::any_of(income.salaries, [](const SalaryCertificate& certificate) {
+        return certificate.netSalaryOverride && certificate.socialContributions.isZero();
     });
 }
 
@@ -44,6 +84,16 @@ bool isPensionCapital(const CapitalPayment& payment) {
 
 bool drewPensionCapital(const TaxCase& taxCase) {
     return std::ranges::any_of(taxCase.capitalPayments, isPensionCapital);
+}
+
+bool drewPensionCapitalLately(const TaxCase& taxCase,
+                              const std::vector<const TaxCase*>& otherYears) {
+    const auto draws = [&](const TaxCase& other) {
+        return other.year <= taxCase.year && other.year >= taxCase.year - yearsWithoutCapital
+               && drewPensionCapital(other);
+    };
+    return draws(taxCase)
+           || std::ranges::any_of(otherYears, [&](const TaxCase* other) { return draws(*other); });
 }
 
 } // namespace taxcore::review

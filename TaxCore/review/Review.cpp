@@ -32,7 +32,7 @@ void addChange(Review& review, const ReviewInput& input) {
 }
 
 /// Leaves out notices whose remedy a tip tells as well, with what it saves. A person's number
-/// follows the ids.
+/// follows both ids or neither.
 void leaveToTips(std::vector<Notice>& notices, const std::vector<Notice>& tips) {
     using Pair = std::pair<std::string_view, std::string_view>;
     static constexpr std::array pairs{
@@ -40,6 +40,8 @@ void leaveToTips(std::vector<Notice>& notices, const std::vector<Notice>& tips) 
         Pair{"weiterbildung-pauschale", "tipp-weiterbildung"},
         Pair{"uebrige-kosten-nicht-gewaehlt", "tipp-uebrige-berufskosten"},
         Pair{"nebenerwerb-nicht-gewaehlt", "tipp-nebenerwerb"},
+        Pair{"spenden-min", "tipp-spenden"},
+        Pair{"krankheit-selbstbehalt", "tipp-krankheitskosten"},
     };
     std::erase_if(notices, [&](const Notice& notice) {
         return std::ranges::any_of(pairs, [&](const Pair& pair) {

@@ -21,16 +21,16 @@ struct Review {
     std::optional<YearComparison> change; ///< against the year before, when that case is known
     /// Why `change` is absent although that case is known; a German sentence.
     std::optional<std::string> changeMissing;
-    std::vector<std::string> notComputed;             ///< German sentences
-    std::optional<IncomeCurve> curve;                 ///< only when asked for
-    std::optional<std::vector<BuyInPlan>> buyInPlans; ///< only when asked for
+    std::vector<std::string> notComputed;       ///< German sentences
+    std::optional<IncomeCurve> curve;           ///< only when asked for
+    std::optional<BuyInPlanning> buyInPlanning; ///< only when asked for
 
     bool operator==(const Review&) const = default;
 
     static Review of(const ReviewInput& input);
 };
 TAXCORE_RECORD(Review, notices, tips, marginalRate, change, changeMissing, notComputed, curve,
-               buyInPlans);
+               buyInPlanning);
 
 extern template std::string toJson<Review>(const Review&, JsonStyle);
 

@@ -3,6 +3,7 @@
 #include "TaxCore/result/Sums.h"
 #include "TaxCore/review/CheckParts.h"
 #include "TaxCore/review/CheckText.h"
+#include "TaxCore/review/PensionLimits.h"
 
 #include <algorithm>
 #include <set>
@@ -15,8 +16,6 @@ namespace {
 // Salaries on which no contributions need be taken off; 2025 and 2026.
 constexpr int smallSalary = 2'500;          // AHVV Art. 34d Abs. 1, from one employer
 constexpr int pensionersAllowance = 16'800; // AHVV Art. 6quater: 1'400 a month
-constexpr int firstContributionAge = 18;    // AHVG Art. 3 Abs. 2 Bst. a: in the year of turning it
-constexpr int referenceAge = 65;            // AHVG Art. 21 Abs. 1
 
 // Compulsory insurance with a pension fund; 2025 and 2026.
 constexpr int pensionFundThreshold = 22'680; // BVG Art. 2 Abs. 1
@@ -94,17 +93,24 @@ void checkSocialContributions(CheckContext& c, const Certificate& it) {
                it.path("socialContributions")});
 }
 
+/// Whoever has no fund ticked may have overlooked it; only the Swiss threshold is known.
 void checkPensionContributions(CheckContext& c, const Certificate& it) {
     const auto age = ageOf(it.adult, c.taxCase.year);
-    if (!it.adult.person.hasPensionFund || !it.boxes.isMainEmployment
+    const bool hasFund = it.adult.person.hasPensionFund;
+    if ((!hasFund && c.stGallen == nullptr) || !it.boxes.isMainEmployment
         || it.boxes.grossSalary <= pensionFundThreshold || !it.boxes.pensionContributions.isZero()
         || (age && (*age < firstSavingAge || *age >= referenceAge)) || isNetOnly(c, it.boxes)) {
         return;
     }
     c.warning({it.id("lohn-bvg-fehlt"), "income", "Lohn ohne Beiträge an die Pensionskasse",
                "Beim " + it.called() + " sind " + MoneyFormat::fr(it.boxes.grossSalary)
-                   + " Bruttolohn eingetragen, aber keine Beiträge in Ziffer 10.1, obwohl eine "
-                     "Pensionskasse angekreuzt ist. Bitte mit dem Lohnausweis vergleichen.",
+                   + " Bruttolohn eingetragen, aber "
+                   + (hasFund ? "keine Beiträge in Ziffer 10.1, obwohl eine Pensionskasse "
+                                "angekreuzt ist. Bitte mit dem Lohnausweis vergleichen."
+                              : "weder Beiträge in Ziffer 10.1 noch eine Pensionskasse. Ab "
+                                    + MoneyFormat::fr(pensionFundThreshold)
+                                    + " ist sie in der Regel obligatorisch; bitte mit dem "
+                                      "Lohnausweis vergleichen."),
                it.path("pensionContributions")});
 }
 

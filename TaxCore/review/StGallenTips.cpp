@@ -1,11 +1,10 @@
 #include "TaxCore/base/MoneyFormat.h"
-#include "TaxCore/base/Rounding.h"
 #include "TaxCore/model/Household.h"
+#include "TaxCore/review/CheckParts.h"
 #include "TaxCore/review/CheckText.h"
-#include "TaxCore/review/PensionLimits.h"
 #include "TaxCore/review/TipContext.h"
-#include "TaxCore/stgallen/Adult.h"
 #include "TaxCore/stgallen/Law.h"
+#include "TaxCore/stgallen/WorkExpenses.h"
 
 #include <algorithm>
 
@@ -13,82 +12,31 @@ namespace taxcore::review {
 
 namespace {
 
-/// BVV 3 Art. 7 Abs. 1
-void fillPillar3a(TipContext& c, const Adult& adult) {
-    const Decimal maximum = pillar3aMaximumOf(adult, c.stGallen()->cantonal.saeule3a).value_or(0);
-    const Decimal missing = maximum - adult.deductions.pillar3a;
-    if (missing <= 0 || isTooOldForPillar3a(adult, c.taxCase().year)) {
+/// A weekly stay has meals of its own. BKV Art. 6
+void enterMeals(TipContext& c, const Adult& adult) {
+    constexpr int example = 100; // days
+    const WorkExpenses& work = adult.deductions.work;
+    const EmploymentFacts facts(adult.income.salaries);
+    if (work.meals != MealSituation::keine || work.mealDays > 0 || work.weeklyStay || !facts.hasMain
+        || facts.subsidisedMeals) {
         return;
     }
-    c.suggest(
-        {.id = adult.id("tipp-3a"),
-         .area = "pension",
-         .title = "Säule 3a ausschöpfen – " + adult.called(),
-         .message = "Bis zum Maximum von " + money(maximum) + " fehlen " + money(missing)
-                    + ". Einzahlungen zählen bis zum 31. Dezember.",
-         .law = cited(law::pillar3a),
-         .path = adult.deductionPath("pillar3a"),
-         .change =
-             [&](TaxCase& changed) { deductionsOf(changed, adult.number).pillar3a = maximum; },
-         .inTheYear = true});
-}
-
-/// Gaps from 2025 on may be closed from 2026 on, once the year's own maximum is paid. BVV 3 Art. 7a
-void buyIntoPillar3a(TipContext& c, const Adult& adult) {
-    const Saeule3aParams& params = c.stGallen()->cantonal.saeule3a;
-    const auto maximum = pillar3aMaximumOf(adult, params);
-    const bool maximumPaid = maximum && adult.deductions.pillar3a >= *maximum;
-    if (c.taxCase().year < firstYearOfPillar3aBuyIn || !maximumPaid
-        || isTooOldForPillar3a(adult, c.taxCase().year)) {
-        return;
-    }
-    // What last year left open where it is known, else the most that may be open.
-    Decimal gap = params.mitPensionskasse;
-    if (const TaxCase* before = c.caseOf(c.taxCase().year - 1)) {
-        const auto& paid = adult.number == 2 ? before->deductions2 : before->deductions1;
-        gap = std::min(gap, notBelowZero(*maximum - paid.pillar3a));
-    }
-    if (adult.deductions.pillar3aBuyIn >= gap) {
-        return;
-    }
-    c.suggest(
-        {.id = adult.id("tipp-3a-einkauf"),
-         .area = "pension",
-         .title = "Lücken der Säule 3a schliessen – " + adult.called(),
-         .message = "Wer in einem Jahr ab 2025 mit AHV-pflichtigem Erwerb nicht den vollen "
-                    "Beitrag einbezahlt hat, darf ihn innert zehn Jahren nachholen, bis "
-                    + money(params.mitPensionskasse)
-                    + " pro Jahr und solange keine Altersleistung der Säule 3a bezogen "
-                      "wurde. Gerechnet ist mit "
-                    + money(gap) + ".",
-         .law = cited(law::pillar3aBuyIn),
-         .path = adult.deductionPath("pillar3aBuyIn"),
-         .change =
-             [&](TaxCase& changed) { deductionsOf(changed, adult.number).pillar3aBuyIn = gap; },
-         .inTheYear = true});
-}
-
-/// A tenth of the earnings as an example; the room stands on the fund's certificate. BVG Art. 79b
-void buyIntoPensionFund(TipContext& c, const Adult& adult) {
-    const taxcore::Adult earner(adult);
-    const Decimal example = (earner.earned() / 10).roundDown(-3);
-    if (!mayBuyIntoPensionFund(adult, c.taxCase().year) || example <= 0 || c.drewPensionCapital()) {
-        return;
-    }
-    c.suggest(
-        {.id = adult.id("tipp-pk-einkauf"),
-         .area = "pension",
-         .title = "Einkauf in die Pensionskasse – " + adult.called(),
-         .message = "Ein Einkauf von zum Beispiel " + money(example)
-                    + " ist voll abziehbar; wie viel möglich ist, steht auf dem "
-                      "Vorsorgeausweis. Grössere Summen auf mehrere Jahre verteilt sparen "
-                      "meist mehr. Ein Vorbezug für Wohneigentum ist vorher zurückzuzahlen; danach "
-                      "ist der Bezug als Kapital drei Jahre gesperrt.",
-         .law = cited(law::pillar2) + "; BVG Art. 79b",
-         .path = adult.deductionPath("pensionBuyIn"),
-         .change =
-             [&](TaxCase& changed) { deductionsOf(changed, adult.number).pensionBuyIn += example; },
-         .inTheYear = true});
+    const BerufskostenParams& rules = c.stGallen()->cantonal.berufskosten;
+    c.suggest({.id = adult.id("tipp-verpflegung"),
+               .area = "work",
+               .title = "Verpflegung nicht vergessen – " + adult.called(),
+               .message = "Es ist keine auswärtige Verpflegung eingetragen. Wer mittags nicht nach "
+                          "Hause kann, zieht für jeden Arbeitstag "
+                          + MoneyFormat::chf(rules.verpflegungProTag, 2, true) + " ab, höchstens "
+                          + money(rules.verpflegungMax) + " im Jahr. Zum Beispiel "
+                          + std::to_string(example) + " Tage sparen so viel.",
+               .law = cited(law::meals),
+               .path = adult.workPath("meals"),
+               .change = [&](TaxCase& changed) {
+                   WorkExpenses& own = deductionsOf(changed, adult.number).work;
+                   own.meals = MealSituation::auswaerts;
+                   own.mealDays = example;
+               }});
 }
 
 void chooseOtherWorkCosts(TipContext& c, const Adult& adult) {
@@ -137,7 +85,8 @@ void chooseSideJobCosts(TipContext& c, const Adult& adult) {
 /// The car instead of train or bicycle: both count only for different ways or days.
 void justifyVehicle(TipContext& c, const Adult& adult) {
     const WorkExpenses& work = adult.deductions.work;
-    if (work.carKmOneWay <= 0 || isVehicleJustified(work)) {
+    if (work.carKmOneWay <= 0 || isVehicleJustified(work)
+        || drivesDailyBesideWeeklyStay(work, c.stGallen()->cantonal.berufskosten)) {
         return;
     }
     const bool instead = work.publicTransportCost > 0 || work.useBicycle;
@@ -178,7 +127,7 @@ void rideABicycle(TipContext& c, const Adult& adult) {
                .title = "Arbeitsweg nicht vergessen – " + adult.called(),
                .message = "Es ist kein Arbeitsweg eingetragen. Wer mit dem Velo zur Arbeit fährt, "
                           "zieht "
-                          + MoneyFormat::fr(c.stGallen()->cantonal.berufskosten.veloMax)
+                          + money(c.stGallen()->cantonal.berufskosten.veloMax)
                           + " ab; Abonnemente zählen mit ihrem Preis.",
                .law = cited(law::commute),
                .path = adult.workPath("useBicycle"),
@@ -186,26 +135,6 @@ void rideABicycle(TipContext& c, const Adult& adult) {
                    WorkExpenses& own = deductionsOf(changed, adult.number).work;
                    own.useBicycle = true;
                    own.bicycleCost = c.stGallen()->cantonal.berufskosten.veloMax;
-               }});
-}
-
-void chooseFurtherEducation(TipContext& c, const Adult& adult) {
-    const PersonDeductions& d = adult.deductions;
-    if (d.furtherEducation <= 0) {
-        return;
-    }
-    const bool toFlat = !d.furtherEducationFlatRate;
-    c.suggest({.id = adult.id("tipp-weiterbildung"),
-               .area = "other",
-               .title = toFlat ? "Pauschale für die Weiterbildung ist höher"
-                               : "Tatsächliche Weiterbildungskosten sind höher",
-               .message = "Für die Weiterbildung ist "
-                          + std::string(toFlat ? "die Pauschale" : "der Nachweis der Kosten")
-                          + " günstiger.",
-               .law = cited(law::furtherEducation),
-               .path = adult.deductionPath("furtherEducationFlatRate"),
-               .change = [&](TaxCase& changed) {
-                   deductionsOf(changed, adult.number).furtherEducationFlatRate = toFlat;
                }});
 }
 
@@ -329,96 +258,22 @@ void chooseAssetManagement(TipContext& c) {
                }});
 }
 
-void reachDonationMinimum(TipContext& c) {
-    Decimal gifts;
-    for (const Donation& gift : c.taxCase().householdDeductions.donations) {
-        gifts += gift.isPoliticalParty ? Decimal(0) : gift.amount;
-    }
-    const Decimal& minimum = c.stGallen()->cantonal.freiwilligeZuwendungenMin;
-    if (gifts * 2 < minimum || gifts >= minimum) {
-        return;
-    }
-    c.suggest({.id = "tipp-spenden",
-               .area = "other",
-               .title = "Spenden knapp unter dem Mindestbetrag",
-               .message = "Es fehlen " + money(minimum - gifts) + " bis zum Mindestbetrag von "
-                          + MoneyFormat::fr(minimum) + ", ab dem alle Spenden abziehbar sind.",
-               .law = cited(law::donations),
-               .path = FieldPath("householdDeductions", "donations"),
-               .change =
-                   [&](TaxCase& changed) {
-                       changed.householdDeductions.donations.emplace_back().amount =
-                           minimum - gifts;
-                   },
-               .inTheYear = true});
-}
-
-/// Costs in the upper half of the threshold: what can be planned is better paid in one year.
-void bundleMedicalCosts(TipContext& c) {
-    constexpr int further = 1'000;
-    const Decimal costs = c.base().value("krankheitskosten");
-    const Decimal threshold = c.base().value("krankheitSelbstbehalt");
-    if (costs <= 0 || costs >= threshold || costs * 2 < threshold) {
-        return;
-    }
-    const Decimal missing = threshold - costs;
-    c.suggest({.id = "tipp-krankheitskosten",
-               .area = "other",
-               .title = "Krankheitskosten in einem Jahr bündeln",
-               .message = "Bis zum Selbstbehalt des Kantons fehlen " + money(missing)
-                          + ". Planbare Behandlungen im gleichen Jahr lohnen sich: Was ihn um "
-                          + MoneyFormat::fr(further) + " übersteigt, spart so viel.",
-               .law = cited(law::medicalCosts),
-               .path = FieldPath("householdDeductions", "medicalCosts"),
-               .change =
-                   [&](TaxCase& changed) {
-                       changed.householdDeductions.medicalCosts.emplace_back().gross =
-                           missing + further;
-                   },
-               .inTheYear = true});
-}
-
-void declareCooperation(TipContext& c) {
-    const bool business = std::ranges::any_of(c.adults(), [](const Adult& adult) {
-        return adult.income.selfEmployment > 0 || adult.income.partnership > 0;
-    });
-    if (c.adults().size() < 2 || !business
-        || c.taxCase().householdDeductions.significantCooperation) {
-        return;
-    }
-    c.suggest({.id = "tipp-mitarbeit",
-               .area = "other",
-               .title = "Mitarbeit im Betrieb des Ehegatten",
-               .message =
-                   "Arbeitet ein Ehegatte regelmässig und in erheblichem Mass im Betrieb des "
-                   "anderen mit, steht der Zweiverdienerabzug auch dann zu.",
-               .law = cited(law::twoEarners),
-               .path = FieldPath("householdDeductions", "significantCooperation"),
-               .change = [](TaxCase& changed) {
-                   changed.householdDeductions.significantCooperation = true;
-               }});
-}
-
 } // namespace
 
 void suggestStGallen(TipContext& c) {
+    suggestPensionInStGallen(c);
+    suggestFamilyInStGallen(c);
     for (const Adult& adult : c.adults()) {
-        fillPillar3a(c, adult);
-        buyIntoPillar3a(c, adult);
-        buyIntoPensionFund(c, adult);
+        enterMeals(c, adult);
         chooseOtherWorkCosts(c, adult);
         chooseSideJobCosts(c, adult);
         justifyVehicle(c, adult);
         rideABicycle(c, adult);
-        chooseFurtherEducation(c, adult);
     }
     chooseMaintenance(c);
     declareHome(c);
     markManagedSecurities(c);
     chooseAssetManagement(c);
-    reachDonationMinimum(c);
-    bundleMedicalCosts(c);
-    declareCooperation(c);
     computeVehicleValue(c, law::wealth);
 }
 

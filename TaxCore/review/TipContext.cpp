@@ -1,7 +1,7 @@
 #include "TaxCore/review/TipContext.h"
 
 #include "TaxCore/base/MoneyFormat.h"
-#include "TaxCore/review/PensionLimits.h"
+#include "TaxCore/model/Household.h"
 
 #include <algorithm>
 #include <utility>
@@ -35,20 +35,18 @@ const TaxCase* TipContext::caseOf(int year) const noexcept {
     return found == otherYears_.end() ? nullptr : *found;
 }
 
-bool TipContext::drewPensionCapital() const {
-    const auto draws = [&](const TaxCase& taxCase) {
-        return taxCase.year <= taxCase_.year && taxCase.year >= taxCase_.year - yearsWithoutCapital
-               && review::drewPensionCapital(taxCase);
-    };
-    return draws(taxCase_)
-           || std::ranges::any_of(otherYears_, [&](const TaxCase* other) { return draws(*other); });
+Decimal TipContext::taxWith(const std::function<void(TaxCase&)>& change) const {
+    TaxCase changed = taxCase_;
+    change(changed);
+    return Advisor::totalTax(calculator_.calculate(changed));
 }
 
 void TipContext::suggest(Suggestion suggestion) {
-    TaxCase changed = taxCase_;
-    suggestion.change(changed);
-    const Decimal saving =
-        Advisor::totalTax(base_) - Advisor::totalTax(calculator_.calculate(changed));
+    const Decimal saving = Advisor::totalTax(base_) - taxWith(suggestion.change);
+    suggest(std::move(suggestion), saving);
+}
+
+void TipContext::suggest(Suggestion suggestion, const Decimal& saving) {
     if (saving <= 0) {
         return;
     }
@@ -74,6 +72,13 @@ std::vector<Notice> TipContext::ordered() && {
         return std::pair(tip.missed.value_or(false), -tip.saving.value_or(0));
     });
     return std::move(tips_);
+}
+
+bool mayHaveEducationCosts(const Child& child, int year) {
+    constexpr int schoolLeavingAge = 16;
+    const bool learns =
+        child.education == ChildEducation::ausbildung || child.education == ChildEducation::schule;
+    return learns && child.birthDate && ageAtEndOf(*child.birthDate, year) >= schoolLeavingAge;
 }
 
 void computeVehicleValue(TipContext& c, const Law& law) {

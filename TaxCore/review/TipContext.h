@@ -15,6 +15,9 @@
 
 namespace taxcore::review {
 
+/// Francs of costs in an example: hardly anybody spends as much as the maximum.
+inline constexpr int exampleCosts = 1'000;
+
 /// A lawful change of the case that may save tax.
 struct Suggestion {
     std::string id;
@@ -23,7 +26,7 @@ struct Suggestion {
     std::string message; ///< German; what to do
     std::string law;     ///< the articles that allow it
     std::optional<FieldPath> path;
-    std::function<void(TaxCase&)> change;
+    std::function<void(TaxCase&)> change = {};
     bool inTheYear = false; ///< takes a payment or an act before the tax year ends
 };
 
@@ -46,12 +49,15 @@ class TipContext {
 
     /// The household's case of a year; null when it is not known.
     const TaxCase* caseOf(int year) const noexcept;
-    /// Whether the household drew pension-fund capital in this year or one of the three before,
-    /// as far as they are known: buy-ins would not be deductible. BVG Art. 79b Abs. 3
-    bool drewPensionCapital() const;
+    const std::vector<const TaxCase*>& otherYears() const noexcept { return otherYears_; }
+
+    /// What the household would pay for the changed case.
+    Decimal taxWith(const std::function<void(TaxCase&)>& change) const;
 
     /// Computes the changed case and keeps the suggestion when it saves something.
     void suggest(Suggestion suggestion);
+    /// The same where one changed case does not tell the saving; the change is not looked at.
+    void suggest(Suggestion suggestion, const Decimal& saving);
 
     /// The tips that are still open, then the missed ones, each group with the largest saving
     /// first.
@@ -70,10 +76,18 @@ class TipContext {
 /// The part of a case that belongs to a person, for changes.
 PersonDeductions& deductionsOf(TaxCase& taxCase, int person);
 
+/// Whether the parents of a child may bear costs of a training beyond compulsory school: at school
+/// or in training, from 16 on at the year's end.
+bool mayHaveEducationCosts(const Child& child, int year);
+
 /// A vehicle whose computed value is below the one entered; `law` is the region's.
 void computeVehicleValue(TipContext& c, const Law& law);
 
 void suggestStGallen(TipContext& c);
+/// The part about pillars 2 and 3a and capital payments.
+void suggestPensionInStGallen(TipContext& c);
+/// The part about children, further education, gifts, medical costs and spouses.
+void suggestFamilyInStGallen(TipContext& c);
 void suggestLiechtenstein(TipContext& c);
 
 } // namespace taxcore::review

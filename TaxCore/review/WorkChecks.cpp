@@ -172,11 +172,7 @@ void checkWeeklyStay(CheckContext& c, const Costs& it) {
                        + " Monate eingetragen; gerechnet wird mit höchstens 12.",
                    it.path("weeklyStayMonths")});
     }
-    // Months without a room at the place of work may be commuted daily.
-    const int months = std::clamp(work.weeklyStayMonths, 0, monthsOfYear);
-    const int plausible =
-        weeksOfYear + it.rules.arbeitstageMax * (monthsOfYear - months) / monthsOfYear;
-    if (it.drives() && work.carWorkDays > plausible) {
+    if (it.drives() && drivesDailyBesideWeeklyStay(work, it.rules)) {
         c.warning({it.adult.id("wochenaufenthalt-arbeitsweg"), "work",
                    "Wochenaufenthalt und täglicher Arbeitsweg",
                    it.adult.called() + " hat ein Zimmer am Arbeitsort und fährt an "
@@ -276,6 +272,14 @@ void checkWorkInStGallen(CheckContext& c, const RuleBook& rules, const Adult& ad
 }
 
 } // namespace
+
+bool drivesDailyBesideWeeklyStay(const WorkExpenses& work, const BerufskostenParams& rules) {
+    // Months without a room at the place of work may be commuted daily.
+    const int months = std::clamp(work.weeklyStayMonths, 0, monthsOfYear);
+    const int plausible =
+        weeksOfYear + rules.arbeitstageMax * (monthsOfYear - months) / monthsOfYear;
+    return work.weeklyStay && work.carWorkDays > plausible;
+}
 
 void checkWork(CheckContext& c) {
     if (c.liechtenstein != nullptr) {

@@ -201,7 +201,7 @@ TEST_F(CommandLine, checksACaseAndComparesItWithTheYearBefore) {
                              "In 5 Jahren:", "Am meisten spart"}) {
         EXPECT_NE(planned.out.find(part), std::string::npos) << part;
     }
-    EXPECT_NE(run("pruefe --json --einkauf 60000", demo).out.find("\"buyInPlans\""),
+    EXPECT_NE(run("pruefe --json --einkauf 60000", demo).out.find("\"buyInPlanning\""),
               std::string::npos);
     EXPECT_EQ(run("pruefe --einkauf viel", demo).exitCode, 2);
     EXPECT_EQ(run("pruefe --person 3", demo).exitCode, 2);

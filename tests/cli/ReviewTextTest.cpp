@@ -38,7 +38,7 @@ std::string textWith(std::vector<Notice> tips) {
 
 bool has(const std::string& text, const char* part) { return text.find(part) != std::string::npos; }
 
-constexpr const char* tooLate = "Zu spät für 2025 – für nächstes Jahr merken";
+constexpr const char* tooLate = "Zu spät für 2025 – ab 2026 beachten";
 constexpr const char* byItself = "Jede Ersparnis ist für sich allein gerechnet";
 
 TEST(ReviewText, putsMissedTipsApart) {
@@ -70,6 +70,15 @@ TEST(ReviewText, tellsTheCausesOfAChangeOrWhyThereAreNone) {
     const std::string text = reviewText(caseOf(TaxRegion::stGallen), review);
     EXPECT_LT(text.find("durch Zeitablauf"), text.find("12.00"));
     EXPECT_LT(text.find("12.00"), text.find("durch die Angaben"));
+    EXPECT_FALSE(has(text, "Geänderte Zeilen"));
+    const LineChange both{"a", "Lohn", 1, 2, 1, 2};
+    const LineChange federalOnly{"b", "Betreuung", 5, 5, 4, 5};
+    review.change->lines = {both, federalOnly};
+    const std::string lines = reviewText(caseOf(TaxRegion::stGallen), review);
+    EXPECT_LT(lines.find("Geänderte Zeilen (Kanton)"), lines.find("Lohn"));
+    EXPECT_FALSE(has(lines, "Betreuung")) << "its amount of the canton stayed";
+    EXPECT_FALSE(
+        has(reviewText(caseOf(TaxRegion::liechtenstein), review), "Geänderte Zeilen (Kanton)"));
     review.change.reset();
     review.changeMissing = "Für 2024 gibt es keine Regeln; der Vergleich mit dem Vorjahr fehlt.";
     EXPECT_TRUE(has(reviewText(caseOf(TaxRegion::stGallen), review), "Für 2024 gibt es keine"));
@@ -80,15 +89,33 @@ TEST(ReviewText, tellsWhatOfAPlanHasNoEffect) {
     plan.payments = {30'000};
     plan.saving = 1'950;
     Review review;
-    review.buyInPlans = std::vector{plan};
+    review.buyInPlanning = {.plans = {plan}, .impossible = {}};
     EXPECT_FALSE(has(reviewText(caseOf(TaxRegion::liechtenstein), review), "ohne Wirkung"));
-    review.buyInPlans->front().beyondLimit = 10'500;
+    review.buyInPlanning->plans.front().beyondLimit = 10'500;
     const std::string abroad = reviewText(caseOf(TaxRegion::liechtenstein), review);
     EXPECT_TRUE(has(abroad, "CHF 10’500 davon bleiben ohne Wirkung"));
     EXPECT_TRUE(has(abroad, "den Höchstbetrag für Pensionskassen"));
     const std::string home = reviewText(caseOf(TaxRegion::stGallen), review);
     EXPECT_TRUE(has(home, "das steuerbare Einkommen übersteigt"));
     EXPECT_FALSE(has(home, "Höchstbetrag für Pensionskassen"));
+}
+
+TEST(ReviewText, tellsWhyThereIsNoPlanOrThatItSavesNothing) {
+    Review review;
+    const auto text = [&](TaxRegion region) { return reviewText(caseOf(region), review); };
+    constexpr const char* conditions = "Ein Vorbezug für Wohneigentum ist vorher zurückzuzahlen";
+    review.buyInPlanning = {.plans = {}, .impossible = "Für Anna ist kein Einkauf möglich: X."};
+    EXPECT_TRUE(has(text(TaxRegion::stGallen), "Für Anna ist kein Einkauf möglich: X."));
+    EXPECT_FALSE(has(text(TaxRegion::stGallen), conditions));
+    BuyInPlan plan;
+    plan.payments = {1'000};
+    review.buyInPlanning = {.plans = {plan}, .impossible = {}};
+    EXPECT_TRUE(has(text(TaxRegion::stGallen), "Ein Einkauf würde nichts sparen."));
+    EXPECT_FALSE(has(text(TaxRegion::stGallen), "In einem Jahr"));
+    review.buyInPlanning->plans[0].saving = 0.05_dec;
+    EXPECT_TRUE(has(text(TaxRegion::stGallen), "In einem Jahr"));
+    EXPECT_TRUE(has(text(TaxRegion::stGallen), conditions));
+    EXPECT_FALSE(has(text(TaxRegion::liechtenstein), conditions));
 }
 
 } // namespace

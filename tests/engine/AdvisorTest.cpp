@@ -2,7 +2,7 @@
 
 #include "TaxCore/demo/DemoData.h"
 #include "TaxCore/review/Review.h"
-#include "tests/support/CaseFile.h"
+#include "tests/engine/TipTables.h"
 #include "tests/support/Computed.h"
 #include "tests/support/ReviewCase.h"
 
@@ -10,8 +10,11 @@
 
 #include <algorithm>
 #include <functional>
+#include <optional>
 #include <set>
 #include <tuple>
+#include <utility>
+#include <vector>
 
 namespace taxcore {
 namespace {
@@ -20,271 +23,9 @@ using testing::Computed;
 using testing::inTheYear;
 using testing::spotlessHousehold;
 using testing::spotlessLiechtenstein;
-using Change = std::function<void(TaxCase&)>;
-
-/// A tip, a household it is for, what it proposes, and one it is not for.
-struct TipRow {
-    const char* id;
-    const char* law; ///< an article that the message names
-    Change forHousehold;
-    Change proposed;
-    Change notFor;
-    std::function<TaxCase()> household = spotlessHousehold;
-};
-
-TaxCase laterHousehold() {
-    TaxCase taxCase = spotlessHousehold();
-    taxCase.year = 2026;
-    return taxCase;
-}
-
-RealEstate house(bool flat, const Decimal& actual) {
-    RealEstate home;
-    home.taxValue = 500'000;
-    home.imputedRentalValue = 20'000;
-    home.useFlatRateMaintenance = flat;
-    home.actualMaintenanceCosts = actual;
-    return home;
-}
-
-RealEstate secondHome(const char* municipality) {
-    RealEstate home = house(true, 0);
-    home.municipality = municipality;
-    home.isPrimaryResidence = false;
-    return home;
-}
-
-SecurityEntry fund(AssetKind kind) {
-    SecurityEntry entry;
-    entry.kind = kind;
-    entry.taxValue = 300'000;
-    return entry;
-}
-
-std::vector<TipRow> stGallenRows() {
-    return {
-        {"tipp-3a-1", "BVV 3 Art. 7", [](TaxCase&) {},
-         [](TaxCase& c) { c.deductions1.pillar3a = 7'258; },
-         [](TaxCase& c) { c.deductions1.pillar3a = 7'258; }},
-        {"tipp-3a-einkauf-2", "BVV 3 Art. 7a", [](TaxCase& c) { c.deductions2.pillar3a = 7'258; },
-         [](TaxCase& c) { c.deductions2.pillar3aBuyIn = 7'258; },
-         [](TaxCase& c) { c.deductions2.pillar3a = 7'257; }, laterHousehold},
-        {"tipp-pk-einkauf-1", "BVG Art. 79b", [](TaxCase&) {},
-         [](TaxCase& c) { c.deductions1.pensionBuyIn += 7'000; },
-         [](TaxCase& c) {
-             CapitalPayment& drawn = c.capitalPayments.emplace_back();
-             drawn.kind = CapitalPayment::Kind::saeule2;
-             drawn.amount = 50'000;
-         }},
-        {"tipp-uebrige-berufskosten-1", "DBG Art. 26",
-         [](TaxCase& c) { c.deductions1.work.actualOtherCosts = 5'000; },
-         [](TaxCase& c) { c.deductions1.work.useActualOtherCosts = true; },
-         [](TaxCase& c) { c.deductions1.work.actualOtherCosts = 300; }},
-        {"tipp-uebrige-berufskosten-2", "BKV Art. 7",
-         [](TaxCase& c) {
-             c.deductions2.work.useActualOtherCosts = true;
-             c.deductions2.work.actualOtherCosts = 100;
-         },
-         [](TaxCase& c) { c.deductions2.work.useActualOtherCosts = false; },
-         [](TaxCase& c) {
-             c.deductions2.work.useActualOtherCosts = true;
-             c.deductions2.work.actualOtherCosts = 9'000;
-         }},
-        {"tipp-nebenerwerb-1", "BKV Art. 10",
-         [](TaxCase& c) {
-             SalaryCertificate& side = c.income1.salaries.emplace_back();
-             side.isMainEmployment = false;
-             side.grossSalary = 6'000;
-             c.deductions1.work.sideJobActualCosts = 3'500;
-         },
-         [](TaxCase& c) { c.deductions1.work.sideJobUseActual = true; },
-         [](TaxCase& c) {
-             SalaryCertificate& side = c.income1.salaries.emplace_back();
-             side.isMainEmployment = false;
-             side.grossSalary = 6'000;
-             c.deductions1.work.sideJobActualCosts = 700;
-         }},
-        {"tipp-auto-1", "BKV Art. 3",
-         [](TaxCase& c) {
-             c.deductions1.work.carKmOneWay = 20;
-             c.deductions1.work.carWorkDays = 200;
-         },
-         [](TaxCase& c) { c.deductions1.work.carJustification = "Schichtbeginn um vier Uhr"; },
-         [](TaxCase& c) {
-             c.deductions1.work.carKmOneWay = 20;
-             c.deductions1.work.carWorkDays = 200;
-             c.deductions1.work.carJustification = "Schichtbeginn um vier Uhr";
-         }},
-        // The car instead of the train: 5'600 francs instead of 1'000, not beside them.
-        {"tipp-auto-1", "BKV Art. 3",
-         [](TaxCase& c) {
-             c.deductions1.work.publicTransportCost = 1'000;
-             c.deductions1.work.carKmOneWay = 20;
-             c.deductions1.work.carWorkDays = 200;
-         },
-         [](TaxCase& c) {
-             c.deductions1.work.publicTransportCost = 0;
-             c.deductions1.work.carJustification = "Schichtbeginn um vier Uhr";
-         },
-         [](TaxCase& c) {
-             c.deductions1.work.publicTransportCost = 5'600;
-             c.deductions1.work.carKmOneWay = 20;
-             c.deductions1.work.carWorkDays = 200;
-         }},
-        {"tipp-arbeitsweg-2", "BKV Art. 5", [](TaxCase&) {},
-         [](TaxCase& c) { c.deductions2.work.useBicycle = true; },
-         [](TaxCase& c) { c.deductions2.work.publicTransportCost = 1; }},
-        {"tipp-weiterbildung-1", "DBG Art. 33 Abs. 1 Bst. j",
-         [](TaxCase& c) { c.deductions1.furtherEducation = 300; },
-         [](TaxCase& c) { c.deductions1.furtherEducationFlatRate = true; },
-         [](TaxCase& c) { c.deductions1.furtherEducation = 400; }},
-        {"tipp-unterhalt-1", "DBG Art. 32 Abs. 2",
-         [](TaxCase& c) { c.realEstate.push_back(house(true, 9'000)); },
-         [](TaxCase& c) { c.realEstate[0].useFlatRateMaintenance = false; },
-         [](TaxCase& c) { c.realEstate.push_back(house(true, 2'800)); }},
-        {"tipp-unterhalt-1", "SR 642.116 Art. 5 Abs. 3",
-         [](TaxCase& c) {
-             c.realEstate.push_back(house(false, 1'000));
-             c.realEstate[0].use = PropertyUse::vermietet;
-             c.realEstate[0].rentalIncome = 24'000;
-         },
-         [](TaxCase& c) { c.realEstate[0].useFlatRateMaintenance = true; },
-         [](TaxCase& c) {
-             c.realEstate.push_back(house(false, 4'800));
-             c.realEstate[0].use = PropertyUse::vermietet;
-             c.realEstate[0].rentalIncome = 24'000;
-         }},
-        {"tipp-hauptwohnsitz-2", "StG SG Art. 34 Abs. 3",
-         [](TaxCase& c) {
-             c.realEstate = {secondHome("Wil"), secondHome("St.Gallen"), secondHome("St.Gallen")};
-             c.realEstate[2].use = PropertyUse::vermietet;
-         },
-         [](TaxCase& c) { c.realEstate[1].isPrimaryResidence = true; },
-         [](TaxCase& c) {
-             c.realEstate = {secondHome("Wil"), secondHome("St.Gallen"), secondHome("St.Gallen")};
-         }},
-        {"tipp-hauptwohnsitz-1", "DBG Art. 21",
-         [](TaxCase& c) {
-             c.realEstate = {secondHome("St.Gallen")};
-             c.realEstate[0].use = PropertyUse::gemischt;
-         },
-         [](TaxCase& c) { c.realEstate[0].isPrimaryResidence = true; },
-         [](TaxCase& c) {
-             c.realEstate = {secondHome("St.Gallen"), secondHome("Wil")};
-             c.realEstate[1].isPrimaryResidence = true;
-         }},
-        {"tipp-fremdverwaltung", "DBG Art. 32 Abs. 1",
-         [](TaxCase& c) { c.securities.push_back(fund(AssetKind::wertschrift)); },
-         [](TaxCase& c) { c.securities[1].managedByThirdParty = true; },
-         [](TaxCase& c) { c.securities.push_back(fund(AssetKind::krypto)); }},
-        {"tipp-fremdverwaltung", "StG SG Art. 44",
-         [](TaxCase& c) { c.securities.push_back(fund(AssetKind::wertschrift)); },
-         [](TaxCase& c) { c.securities[1].managedByThirdParty = true; },
-         [](TaxCase& c) {
-             c.securities.push_back(fund(AssetKind::wertschrift));
-             c.householdDeductions.actualAssetManagementCosts = 5'000;
-         }},
-        {"tipp-verwaltungskosten", "DBG Art. 32 Abs. 1",
-         [](TaxCase& c) {
-             c.securities[0].managedByThirdParty = true;
-             c.securities[0].taxValue = 500'000;
-             c.householdDeductions.actualAssetManagementCosts = 200;
-         },
-         [](TaxCase& c) { c.householdDeductions.actualAssetManagementCosts.reset(); },
-         [](TaxCase& c) {
-             c.securities[0].managedByThirdParty = true;
-             c.securities[0].taxValue = 500'000;
-             c.householdDeductions.actualAssetManagementCosts = 1'000;
-         }},
-        {"tipp-spenden", "DBG Art. 33a",
-         [](TaxCase& c) { c.householdDeductions.donations.emplace_back().amount = 99; },
-         [](TaxCase& c) { c.householdDeductions.donations.emplace_back().amount = 1; },
-         [](TaxCase& c) { c.householdDeductions.donations.emplace_back().amount = 100; }},
-        {"tipp-mitarbeit", "DBG Art. 33 Abs. 2",
-         [](TaxCase& c) {
-             c.income1 = {};
-             c.income1.selfEmployment = 90'000;
-             c.income2 = {};
-         },
-         [](TaxCase& c) { c.householdDeductions.significantCooperation = true; },
-         [](TaxCase& c) { c.income2 = {}; }},
-        {"tipp-fahrzeug-1", "StG SG Art. 53",
-         [](TaxCase& c) {
-             c.otherAssets = 400'000;
-             Vehicle& car = c.vehicles.emplace_back();
-             car.purchasePrice = 60'000;
-             car.purchaseYear = 2022;
-             car.taxValueOverride = 60'000;
-         },
-         [](TaxCase& c) { c.vehicles[0].taxValueOverride.reset(); },
-         [](TaxCase& c) {
-             c.otherAssets = 400'000;
-             Vehicle& car = c.vehicles.emplace_back();
-             car.purchasePrice = 60'000;
-             car.purchaseYear = 2022;
-             car.taxValueOverride = 24'000;
-         }},
-    };
-}
-
-std::vector<TipRow> liechtensteinRows() {
-    return {
-        {"tipp-li-pk-1", "SteG Art. 16", [](TaxCase&) {},
-         // 18 % of 150'000 less 5 % that are paid already
-         [](TaxCase& c) { c.deductions1.pensionBuyIn = 19'500; },
-         [](TaxCase& c) { c.deductions2.pensionBuyIn = 19'500; }, spotlessLiechtenstein},
-        {"tipp-li-versicherungen", "SteV Art. 16",
-         [](TaxCase& c) { c.householdDeductions.healthInsurancePremiums = 5'000; },
-         [](TaxCase& c) { c.householdDeductions.healthInsurancePremiums = 8'100; },
-         [](TaxCase& c) { c.householdDeductions.healthInsurancePremiums = 8'100; },
-         spotlessLiechtenstein},
-        {"tipp-li-spenden", "SteG Art. 16",
-         [](TaxCase& c) {
-             c.householdDeductions.donations.emplace_back().amount = 60;
-             c.householdDeductions.donations.emplace_back().amount = 70;
-         },
-         [](TaxCase& c) {
-             c.householdDeductions.donations.pop_back();
-             c.householdDeductions.donations[0].amount = 130;
-         },
-         [](TaxCase& c) {
-             c.householdDeductions.donations.emplace_back().amount = 60;
-             c.householdDeductions.donations.emplace_back().amount = 39;
-         },
-         spotlessLiechtenstein},
-        {"tipp-li-ausbildung-1", "SteG Art. 16",
-         [](TaxCase& c) {
-             c.children[0].birthDate = Date::of(2007, 3, 1);
-             c.children[0].education = ChildEducation::ausbildung;
-             c.children[0].scholarships = 2'000;
-         },
-         [](TaxCase& c) { c.children[0].educationCosts = 14'700; },
-         [](TaxCase& c) {
-             c.children[0].education = ChildEducation::ausbildung;
-             c.children[0].educationCosts = 100;
-         },
-         spotlessLiechtenstein},
-        {"tipp-li-ausbildung-1", "SteG Art. 16",
-         [](TaxCase& c) { c.children[0].birthDate = Date::of(2009, 12, 31); },
-         [](TaxCase& c) { c.children[0].educationCosts = 12'700; },
-         [](TaxCase& c) { c.children[0].birthDate = Date::of(2010, 1, 1); }, spotlessLiechtenstein},
-        {"tipp-li-weiterbildung-2", "SteG Art. 16", [](TaxCase&) {},
-         [](TaxCase& c) { c.deductions2.furtherEducation = 1'000; },
-         [](TaxCase& c) { c.deductions2.furtherEducation = 1; }, spotlessLiechtenstein},
-        {"tipp-li-weiterbildung-1", "SteG Art. 16", [](TaxCase&) {},
-         [](TaxCase& c) { c.deductions1.furtherEducation = 1'000; },
-         [](TaxCase& c) {
-             c.income1 = {};
-             c.income1.ahvPension = 30'000;
-         },
-         spotlessLiechtenstein},
-    };
-}
-
+using testing::TipRow;
 TEST(Advisor, savesWhatTwoFullCalculationsDiffer) {
-    auto rows = stGallenRows();
-    std::ranges::copy(liechtensteinRows(), std::back_inserter(rows));
-    for (const TipRow& row : rows) {
+    for (const TipRow& row : testing::tipRows()) {
         SCOPED_TRACE(row.id);
         TaxCase household = row.household();
         row.forHousehold(household);
@@ -340,18 +81,12 @@ TEST(Advisor, proposesOnlyWhatThePersonMayDo) {
     TaxCase without = spotlessHousehold();
     without.income1.salaries[0].pensionContributions = 0;
     EXPECT_FALSE(has(without, "tipp-pk-einkauf-1")) << "nothing shows a pension fund";
-
-    TaxCase before = spotlessHousehold();
-    TaxCase later = before;
+    TaxCase drew = spotlessHousehold();
+    drew.capitalPayments.push_back({.kind = CapitalPayment::Kind::saeule2, .amount = 1});
+    TaxCase later = spotlessHousehold();
     later.year = 2026;
-    later.deductions1.pillar3a = 7'258;
-    EXPECT_TRUE(has(later, "tipp-3a-einkauf-1", {&before})) << "258 were left open";
-    before.deductions1.pillar3a = 7'258;
-    EXPECT_FALSE(has(later, "tipp-3a-einkauf-1", {&before})) << "no gap, no buy-in";
-    CapitalPayment& drawn = before.capitalPayments.emplace_back();
-    drawn.kind = CapitalPayment::Kind::saeule2;
-    drawn.amount = 1;
-    EXPECT_FALSE(has(later, "tipp-pk-einkauf-1", {&before})) << "capital drawn the year before";
+    EXPECT_TRUE(has(later, "tipp-pk-einkauf-1"));
+    EXPECT_FALSE(has(later, "tipp-pk-einkauf-1", {&drew})) << "capital drawn the year before";
 
     TaxCase oldtimer = spotlessHousehold();
     oldtimer.otherAssets = 400'000;
@@ -360,6 +95,97 @@ TEST(Advisor, proposesOnlyWhatThePersonMayDo) {
     car.purchaseYear = 2000;
     car.taxValueOverride = 80'000;
     EXPECT_FALSE(has(oldtimer, "tipp-fahrzeug-1")) << "worth more than its price";
+}
+
+/// The gap is what the year before could have taken, by that year's entries.
+TEST(Advisor, closesGapsOfPillar3aThatExist) {
+    TaxCase later = spotlessHousehold();
+    later.year = 2026;
+    later.deductions1.pillar3a = 7'258;
+    const auto savingAfter = [&](const TaxCase& before) {
+        const Computed base(later);
+        const auto tips =
+            Advisor::tips(base.calculator, base.taxCase, base.result, inTheYear(later), {&before});
+        const auto tip = std::ranges::find(tips, "tipp-3a-einkauf-1", &Notice::id);
+        return tip == tips.end() ? Decimal(0) : tip->saving.value();
+    };
+    const auto savingOf = [&](const Decimal& buyIn) {
+        TaxCase changed = later;
+        changed.deductions1.pillar3aBuyIn = buyIn;
+        return Advisor::totalTax(Computed(later).result)
+               - Advisor::totalTax(Computed(changed).result);
+    };
+    TaxCase before = spotlessHousehold();
+    EXPECT_EQ(savingAfter(before), savingOf(258));
+    before.deductions1.pillar3a = 7'258;
+    EXPECT_EQ(savingAfter(before), Decimal(0)) << "the maximum was paid";
+    before.deductions1.pillar3a = 0;
+    before.income1 = {};
+    EXPECT_EQ(savingAfter(before), Decimal(0)) << "nothing earned";
+    before.person1.hasPensionFund = false;
+    before.income1.selfEmployment = 50'000;
+    before.deductions1.pillar3a = 9'000;
+    EXPECT_EQ(savingAfter(before), savingOf(1'000)) << "a fifth of the earnings";
+    before.person1.birthDate = Date::of(2008, 1, 1);
+    EXPECT_EQ(savingAfter(before), Decimal(0)) << "too young";
+
+    before = spotlessHousehold();
+    before.capitalPayments.push_back({.kind = CapitalPayment::Kind::saeule3a, .amount = 1});
+    EXPECT_EQ(savingAfter(before), savingOf(258)) << "for a home";
+    later.person1.birthDate = before.person1.birthDate = Date::of(1966, 12, 31);
+    EXPECT_EQ(savingAfter(before), savingOf(258)) << "59 when it was drawn";
+    later.person1.birthDate = before.person1.birthDate = Date::of(1965, 12, 31);
+    EXPECT_EQ(savingAfter(before), Decimal(0)) << "60 when it was drawn";
+}
+
+TEST(Advisor, tellsThoseWhoWorkInLiechtensteinOfThePracticeOnPillar3a) {
+    TaxCase household = spotlessHousehold();
+    const auto tells = [&] {
+        const auto tips = Computed(household).tips();
+        const auto tip = std::ranges::find(tips, "tipp-3a-1", &Notice::id);
+        return tip != tips.end() && tip->message.find("ab 2027") != std::string::npos;
+    };
+    EXPECT_FALSE(tells());
+    household.income1.salaries[0].employerInLiechtenstein = true;
+    EXPECT_TRUE(tells());
+    household.income1.boardFees = 1'000;
+    EXPECT_FALSE(tells()) << "something is earned in Switzerland";
+}
+
+/// Two years like this one: both payments in the first, or one in each.
+TEST(Advisor, staggersCapitalPayments) {
+    const auto with = [](const std::vector<std::pair<CapitalPayment::Kind, int>>& payments) {
+        TaxCase household = spotlessHousehold();
+        for (const auto& [kind, amount] : payments) {
+            household.capitalPayments.push_back({.kind = kind, .amount = amount});
+        }
+        return household;
+    };
+    const auto taxOf = [](const TaxCase& household) {
+        return Advisor::totalTax(Computed(household).result);
+    };
+    const auto tipOf = [](const TaxCase& household, int yearsLater) -> std::optional<Notice> {
+        const Computed base(household);
+        const Date today = Date::of(household.year + yearsLater, 12, 31).value();
+        const auto tips = Advisor::tips(base.calculator, base.taxCase, base.result, today);
+        const auto tip = std::ranges::find(tips, "tipp-kapital-staffeln", &Notice::id);
+        return tip == tips.end() ? std::nullopt : std::optional(*tip);
+    };
+    using enum CapitalPayment::Kind;
+    const TaxCase both = with({{saeule3a, 200'000}, {saeule2, 300'000}});
+    const auto tip = tipOf(both, 0);
+    ASSERT_TRUE(tip);
+    EXPECT_EQ(tip->saving, taxOf(both) + taxOf(with({})) - taxOf(with({{saeule3a, 200'000}}))
+                               - taxOf(with({{saeule2, 300'000}})));
+    EXPECT_GT(tip->saving, Decimal(1'000));
+    EXPECT_EQ(tip->path, "capitalPayments[1].date");
+    EXPECT_FALSE(tip->missed);
+    EXPECT_TRUE(tipOf(both, 1)->missed.value_or(false));
+    EXPECT_EQ(tipOf(with({{saeule3a, 100'000}, {uebrige, 300'000}}), 0)->path,
+              "capitalPayments[0].date")
+        << "nobody chooses the year of other payments";
+    EXPECT_FALSE(tipOf(with({{uebrige, 200'000}, {uebrige, 300'000}}), 0));
+    EXPECT_FALSE(tipOf(with({{saeule2, 300'000}, {saeule3a, 0}}), 0));
 }
 
 TEST(Advisor, ordersTipsBySavingAndTellsWhenItIsTooLate) {
@@ -417,15 +243,31 @@ TEST(Review, leavesANoticeToTheTipThatTellsTheSame) {
     const Review none = reviewOf(household);
     EXPECT_FALSE(holds(none.tips, "tipp-auto-1"));
     EXPECT_TRUE(holds(none.notices, "arbeitsweg-begruendung-1"));
+
+    // Below half of what it takes there is no tip.
+    struct Amounts {
+        int gift;
+        int bill;
+        bool tipped;
+    };
+    for (const auto& [gift, bill, tipped] : {Amounts{60, 2'000, true}, {40, 100, false}}) {
+        TaxCase other = spotlessHousehold();
+        other.householdDeductions.donations.emplace_back().amount = gift;
+        other.householdDeductions.medicalCosts.emplace_back().gross = bill;
+        const Review review = reviewOf(other);
+        for (const auto& [notice, tip] : {std::pair("spenden-min", "tipp-spenden"),
+                                          {"krankheit-selbstbehalt", "tipp-krankheitskosten"}}) {
+            EXPECT_EQ(holds(review.tips, tip), tipped) << tip;
+            EXPECT_EQ(holds(review.notices, notice), !tipped) << notice;
+        }
+    }
 }
 
 /// Payments and acts of the year are over with it; choices and entries of the return are not.
 TEST(Advisor, missesWhatTakesAnActInTheYear) {
     const std::set<std::string> acts{"tipp-3a-1",    "tipp-3a-einkauf-2", "tipp-pk-einkauf-1",
                                      "tipp-li-pk-1", "tipp-spenden",      "tipp-li-spenden"};
-    auto rows = stGallenRows();
-    std::ranges::copy(liechtensteinRows(), std::back_inserter(rows));
-    for (const TipRow& row : rows) {
+    for (const TipRow& row : testing::tipRows()) {
         SCOPED_TRACE(row.id);
         TaxCase household = row.household();
         row.forHousehold(household);

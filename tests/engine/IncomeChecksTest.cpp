@@ -6,6 +6,7 @@ namespace taxcore {
 namespace {
 
 using testing::CheckRow;
+using testing::spotlessLiechtenstein;
 
 Date day(int year, int month, int dayOfMonth) { return Date::of(year, month, dayOfMonth).value(); }
 
@@ -34,6 +35,13 @@ std::function<void(TaxCase&)> earns(int age, int gross) {
     };
 }
 
+std::function<void(TaxCase&)> earnsWithoutFund(int age, int gross) {
+    return [=](TaxCase& c) {
+        earns(age, gross)(c);
+        c.person1.hasPensionFund = false;
+    };
+}
+
 std::vector<CheckRow> contributionRows() {
     return {
         {"lohn-ahv-fehlt-1-1", earns(40, 2'501), earns(40, 2'500)},
@@ -47,11 +55,10 @@ std::vector<CheckRow> contributionRows() {
         {"lohn-bvg-fehlt-1-1", earns(40, 22'681), earns(40, 22'680)},
         {"lohn-bvg-fehlt-1-1", earns(25, 30'000), earns(24, 30'000)},
         {"lohn-bvg-fehlt-1-1", earns(64, 30'000), earns(65, 30'000)},
-        {"lohn-bvg-fehlt-1-1", [](TaxCase& c) { salary(c).pensionContributions = 0; },
-         [](TaxCase& c) {
-             salary(c).pensionContributions = 0;
-             c.person1.hasPensionFund = false;
-         }},
+        // A fund that is not ticked may be forgotten as well.
+        {"lohn-bvg-fehlt-1-1", earnsWithoutFund(40, 22'681), earnsWithoutFund(40, 22'680)},
+        {"lohn-bvg-fehlt-1-1", earns(40, 22'681), earnsWithoutFund(40, 22'681),
+         spotlessLiechtenstein},
         {"lohn-bvg-fehlt-1-2", [](TaxCase& c) { secondSalary(c).pensionContributions = 0; },
          [](TaxCase& c) {
              secondSalary(c).pensionContributions = 0;

@@ -59,6 +59,42 @@ std::vector<testing::LevelledRow> childRows() {
               c.children[0].childcareCosts = 40;
           }}},
         {warning,
+         {"kinderbetreuung-ohne-erwerb-2",
+          [](TaxCase& c) {
+              care(c, 2020, 3, 1);
+              c.income2 = {};
+          },
+          [](TaxCase& c) {
+              care(c, 2020, 3, 1);
+              c.income2 = {};
+              c.income2.dailyAllowances = 1;
+          }}},
+        {warning,
+         {"kinderbetreuung-ohne-erwerb-1",
+          [](TaxCase& c) {
+              care(c, 2020, 3, 1);
+              c.civilStatus = CivilStatus::geschieden;
+              c.income1 = {};
+              c.income1.ahvPension = 20'000;
+          },
+          [](TaxCase& c) { // a loss is work too, and the former spouse does not count
+              care(c, 2020, 3, 1);
+              c.civilStatus = CivilStatus::geschieden;
+              c.income1 = {};
+              c.income1.selfEmployment = -1;
+              c.income2 = {};
+          }}},
+        {warning,
+         {"kinderbetreuung-ohne-erwerb-2",
+          [](TaxCase& c) {
+              care(c, 2011, 1, 2);
+              c.income2 = {};
+          },
+          [](TaxCase& c) { // there is no deduction anyway
+              care(c, 2011, 1, 1);
+              c.income2 = {};
+          }}},
+        {warning,
          {"ausbildungskosten-ohne-ausbildung-1",
           [](TaxCase& c) {
               c.children[0].education = ChildEducation::keine;
@@ -132,6 +168,18 @@ std::vector<testing::LevelledRow> householdRows() {
           [](TaxCase& c) {
               c.deductions1.furtherEducationFlatRate = true;
               c.deductions1.furtherEducation = 400;
+          }}},
+        {warning,
+         {"weiterbildung-ohne-erwerb-1",
+          [](TaxCase& c) {
+              c.deductions1.furtherEducationFlatRate = true;
+              c.income1 = {};
+              c.income1.ahvPension = 28'000;
+          },
+          [](TaxCase& c) {
+              c.deductions1.furtherEducationFlatRate = true;
+              c.income1 = {};
+              c.income1.unemployment = 28'000;
           }}},
         {warning,
          {"unterstuetzte-personen", [](TaxCase& c) { c.householdDeductions.supportedPersons = 11; },

@@ -62,6 +62,9 @@ std::vector<testing::LevelledRow> pensionFundRows() {
          {"3a-zu-spaet-1", [](TaxCase& c) { c.person1.birthDate = Date::of(1954, 12, 31); },
           [](TaxCase& c) { c.person1.birthDate = Date::of(1955, 1, 1); }}},
         {warning,
+         {"3a-zu-jung-1", [](TaxCase& c) { c.person1.birthDate = Date::of(2008, 1, 1); },
+          [](TaxCase& c) { c.person1.birthDate = Date::of(2007, 12, 31); }}},
+        {warning,
          {"einkauf-ohne-pensionskasse-1",
           [](TaxCase& c) {
               c.person1.hasPensionFund = false;
@@ -129,7 +132,8 @@ std::vector<testing::LevelledRow> allRows() {
 }
 
 TEST(PensionChecks, speakUp) {
-    testing::expectAllChecks({"PensionChecks.cpp"}, allRows(), {"kapitalbezug-nach-einkauf"});
+    testing::expectAllChecks({"PensionChecks.cpp"}, allRows(),
+                             {"3a-einkauf-ohne-luecke-1", "kapitalbezug-nach-einkauf"});
 }
 
 /// Whether a notice stands in the review of a case beside the same household's case of another
@@ -169,6 +173,28 @@ TEST(PensionChecks, lookForBuyInsInTheThreeYearsBeforeCapitalIsDrawn) {
         other.civilStatus = CivilStatus::ledig;
         EXPECT_FALSE(findsBeside(drawer, other, "kapitalbezug-nach-einkauf")) << year;
     }
+}
+
+TEST(PensionChecks, lookForTheGapThatABuyInIntoPillar3aCloses) {
+    TaxCase buyer = nextYear();
+    buyer.deductions1.pillar3a = 7'258;
+    buyer.deductions1.pillar3aBuyIn = 258;
+    const auto found = [&](const TaxCase& before) {
+        return findsBeside(buyer, before, "3a-einkauf-ohne-luecke-1");
+    };
+    TaxCase before = spotlessHousehold();
+    EXPECT_FALSE(found(before)) << "258 were left open";
+    buyer.deductions1.pillar3aBuyIn = 259;
+    EXPECT_TRUE(found(before));
+    before.deductions1.pillar3a = 0;
+    EXPECT_FALSE(found(before));
+    before.income1 = {};
+    EXPECT_TRUE(found(before)) << "nothing earned";
+    before.year = 2024;
+    EXPECT_FALSE(found(before)) << "the year before is not known";
+    before = spotlessLiechtenstein();
+    before.deductions1.pillar3a = 7'258;
+    EXPECT_FALSE(found(before)) << "Liechtenstein does not tell";
 }
 
 } // namespace

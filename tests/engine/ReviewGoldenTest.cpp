@@ -103,6 +103,18 @@ TEST_P(ReviewGolden, saysWhatItSaidOfEveryHousehold) {
 
 INSTANTIATE_TEST_SUITE_P(Regions, ReviewGolden, ::testing::Values("sg", "li"));
 
+std::vector<Notice> reviewBeside(const TaxCase& taxCase, const TaxCase& before,
+                                 const std::vector<ReviewedDocument>& documents) {
+    const auto calculator = CaseCalculator::forCase(taxCase).value();
+    const TaxResult result = calculator.calculate(taxCase);
+    return Checks::of({calculator,
+                       taxCase,
+                       result,
+                       Date::of(taxCase.year + 1, 3, 1).value(),
+                       documents,
+                       {&before}});
+}
+
 /// A household with documents and a year before, both of which give rise to notices.
 std::vector<Notice> reviewWithMore() {
     TaxCase taxCase = testing::spotlessHousehold();
@@ -113,14 +125,18 @@ std::vector<Notice> reviewWithMore() {
     before.year = taxCase.year - 1;
     before.civilStatus = CivilStatus::ledig;
     before.deductions1.pensionBuyIn = 20'000;
-    const auto calculator = CaseCalculator::forCase(taxCase).value();
-    const TaxResult result = calculator.calculate(taxCase);
-    return Checks::of({calculator,
-                       taxCase,
-                       result,
-                       Date::of(taxCase.year + 1, 3, 1).value(),
-                       {{"Lohnausweis", before.year, true}, {"Zinsausweis", taxCase.year, false}},
-                       {&before}});
+    return reviewBeside(taxCase, before,
+                        {{"Lohnausweis", before.year, true}, {"Zinsausweis", taxCase.year, false}});
+}
+
+/// A buy-in into pillar 3a after a year that left no gap.
+std::vector<Notice> reviewOfBuyInWithoutGap() {
+    TaxCase before = testing::spotlessHousehold();
+    before.deductions1.pillar3a = 7'258;
+    TaxCase taxCase = before;
+    ++taxCase.year;
+    taxCase.deductions1.pillar3aBuyIn = 1'000;
+    return reviewBeside(taxCase, before, {});
 }
 
 TEST(ReviewGoldenTexts, readTheSame) {
@@ -135,10 +151,11 @@ TEST(ReviewGoldenTexts, readTheSame) {
         }
     }
     texts.add(reviewWithMore());
+    texts.add(reviewOfBuyInWithoutGap());
     for (const char* region : {"sg", "li"}) {
         for (const Household& household : householdsOf(region)) {
             const Review review = reviewOf(household.taxCase);
-            texts.add(review.notices);
+            texts.add(reviewed(household.taxCase)); // with those that a tip replaces
             texts.add(review.tips);
         }
     }

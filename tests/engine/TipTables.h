@@ -1,0 +1,27 @@
+#pragma once
+
+#include "tests/support/ReviewCase.h"
+
+#include <functional>
+#include <vector>
+
+namespace taxcore::testing {
+
+/// A tip, a household it is for, what it proposes, and one it is not for.
+struct TipRow {
+    const char* id;
+    const char* law; ///< an article that the message names
+    std::function<void(TaxCase&)> forHousehold;
+    std::function<void(TaxCase&)> proposed;
+    std::function<void(TaxCase&)> notFor;
+    std::function<TaxCase()> household = spotlessHousehold;
+};
+
+std::vector<TipRow> stGallenPensionTipRows();
+std::vector<TipRow> stGallenTipRows();
+std::vector<TipRow> stGallenFamilyTipRows();
+std::vector<TipRow> liechtensteinTipRows();
+/// All of them.
+std::vector<TipRow> tipRows();
+
+} // namespace taxcore::testing
