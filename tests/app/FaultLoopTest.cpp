@@ -47,7 +47,9 @@ struct Situation {
     void prepare(const WorkFolder& work) const;
     bool isNew(const PersistedState& state) const;
     /// Whether the old state disappears from the state file, so that a backup must hold it.
-    bool replaces() const { return scenario == "restore" || old == unreadable; }
+    bool replaces() const {
+        return scenario == "restore" || scenario == "reset" || old == unreadable;
+    }
 };
 
 /// The content of the backup of a day before the test.
@@ -99,6 +101,11 @@ void Situation::prepare(const WorkFolder& work) const {
 bool Situation::isNew(const PersistedState& state) const {
     if (scenario == "restore") {
         return state == small(restoredBackup);
+    }
+    if (scenario == "reset") {
+        PersistedState reset = household("Alt");
+        reset.cases[year] = {.year = year};
+        return state.cases == reset.cases;
     }
     if (scenario == "import") {
         PersistedState without = state;
@@ -379,12 +386,22 @@ TEST(PoorFileSystem, isGoodEnough) {
     }
 }
 
+std::string nameOf(const ::testing::TestParamInfo<FaultLoop::ParamType>& row) {
+    return std::get<0>(row.param).name + "_" + std::get<1>(row.param).name;
+}
+
 INSTANTIATE_TEST_SUITE_P(All, FaultLoop,
                          ::testing::Combine(::testing::ValuesIn(situations()),
                                             ::testing::ValuesIn(kinds())),
-                         [](const auto& row) {
-                             return std::get<0>(row.param).name + "_" + std::get<1>(row.param).name;
-                         });
+                         nameOf);
+
+// Fails as long as the store resets a year although the backup before it was not written.
+INSTANTIATE_TEST_SUITE_P(DISABLED_Reset, FaultLoop,
+                         ::testing::Combine(::testing::Values(Situation{
+                                                "resetYear", "reset", encodeState(household("Alt")),
+                                                false}),
+                                            ::testing::ValuesIn(kinds())),
+                         nameOf);
 
 } // namespace
 } // namespace faults

@@ -156,7 +156,8 @@ TEST_F(Disk, holdsAStateFileThatMayNotBeRead) {
         chmod(work.stateFile().c_str(), 0);
         for (int start = 0; start < 5; ++start) {
             InlineQueue queue;
-            StateSession session(work.root(), queue, SetClock::atNoonOrSo + 60 * start);
+            StateSession session(work.root(), queue,
+                                 SetClock::atNoonOrSo + std::int64_t{60} * start);
             EXPECT_TRUE(session.store().awaitsRecovery());
             const auto& error = session.store().loadError();
             EXPECT_TRUE(error && error->find("nicht erlaubt") != std::string::npos);

@@ -57,6 +57,10 @@ bool act(const std::string& name, StateSession& session, WorkQueue& queue, const
     if (name == "export") {
         return exportTo(session, queue, work / exportName);
     }
+    if (name == "reset") {
+        session.store().resetYear();
+        return true;
+    }
     enter(session.store(), enteredName);
     return true;
 }
