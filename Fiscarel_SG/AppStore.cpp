@@ -197,12 +197,7 @@ void AppStore::edited() {
 }
 
 /// From now on the state file is written over; what it was lies among the backups.
-void AppStore::openGate() {
-    if (gate_ != Gate::open) {
-        gate_ = Gate::open;
-        beginsAnew_ = true;
-    }
-}
+void AppStore::openGate() { gate_ = Gate::open; }
 
 std::optional<std::string> AppStore::undo() { return step(&History::undo); }
 std::optional<std::string> AppStore::redo() { return step(&History::redo); }
@@ -250,11 +245,20 @@ void AppStore::chooseInitialRegion(TaxRegion region) {
 }
 
 void AppStore::resetYear() {
-    writeBackup(backup::beforeReset);
-    changeCase(TaxCase{.year = year_}, {.name = "Steuerjahr zurücksetzen"});
-    calcTimer_->stop();
-    recalculate();
-    Q_EMIT currentChanged({});
+    writeBackup(backup::beforeReset, [this, year = year_](const FileResult<void>& kept) {
+        if (!kept) {
+            setLoadError(
+                "Das Steuerjahr ist nicht zurückgesetzt, weil sich keine Sicherung anlegen "
+                "liess: "
+                + kept.error().description());
+            return;
+        }
+        setYear(year);
+        changeCase(TaxCase{.year = year}, {.name = "Steuerjahr zurücksetzen"});
+        calcTimer_->stop();
+        recalculate();
+        Q_EMIT currentChanged({});
+    });
 }
 
 void AppStore::setTransferChecked(int year, const std::string& row, bool checked) {

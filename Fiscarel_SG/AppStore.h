@@ -117,7 +117,8 @@ class AppStore final : public QObject {
     void setRegion(taxcore::TaxRegion region);
     /// The user's first choice: also the region of new cases from now on.
     void chooseInitialRegion(taxcore::TaxRegion region);
-    /// Replaces the current case by an empty one, after a labelled backup.
+    /// Replaces the current case by an empty one once a labelled backup is written; when that fails
+    /// the case stays and `loadError` says why.
     void resetYear();
     /// A year's case made from an earlier one.
     static taxcore::TaxCase carryOver(const taxcore::TaxCase& from, int to);
@@ -156,7 +157,8 @@ class AppStore final : public QObject {
     void inspectBackup(const BackupFile& file, std::function<void(Inspected)> done);
     /// The newest backup that decodes; absent when there is none.
     void findNewestGoodBackup(std::function<void(std::optional<BackupFile>)> done);
-    void writeBackup(std::string_view label);
+    /// Writes a labelled backup of the state; `done` learns how it went.
+    void writeBackup(std::string_view label, std::function<void(const FileResult<void>&)> done);
     /// Replaces the state by that of a backup or an exported file, after a labelled backup.
     void restoreBackup(const BackupFile& file, Done done);
     void importExported(const std::filesystem::path& file, Done done);
@@ -208,7 +210,7 @@ class AppStore final : public QObject {
     void announce(const Edit& edit);
     std::optional<std::string> step(std::optional<Edit> (History::*take)(PersistedState&));
     void scheduleRecalculate();
-    void saved(const FileResult<void>& outcome, bool fromCloud, bool beganAnew);
+    void saved(const FileResult<void>& outcome, bool fromCloud);
     void setLoadError(std::string message);
     void replaceBy(std::function<tl::expected<PersistedState, std::string>()> read,
                    std::string_view label, Done done);
@@ -231,8 +233,7 @@ class AppStore final : public QObject {
     bool needsRegionChoice_ = false;
     bool applyingRemote_ = false;
     Gate gate_ = Gate::open;
-    std::string gateReason_;  ///< while the gate is closed
-    bool beginsAnew_ = false; ///< the next save replaces a state file that was unusable
+    std::string gateReason_; ///< while the gate is closed
     int savesUnderWay_ = 0;
     History history_;
     std::vector<StoredDocument> deleted_; ///< their files go at the end

@@ -58,29 +58,20 @@ void AppStore::saveNow() {
     }
     ++savesUnderWay_;
     const bool fromCloud = applyingRemote_;
-    const bool beginsAnew = std::exchange(beginsAnew_, false);
     services_.writer.post<FileResult<void>>(
-        [persistence = services_.persistence, beginsAnew, encoded = encodeState(state_)] {
-            if (beginsAnew) {
-                if (auto ready = persistence->beginAnew(); !ready) {
-                    return ready;
-                }
-            }
+        [persistence = services_.persistence, encoded = encodeState(state_)] {
             return persistence->save(encoded);
         },
-        [this, fromCloud, beginsAnew](const FileResult<void>& outcome) {
-            saved(outcome, fromCloud, beginsAnew);
-        });
+        [this, fromCloud](const FileResult<void>& outcome) { saved(outcome, fromCloud); });
     Q_EMIT saveStateChanged();
 }
 
-void AppStore::saved(const FileResult<void>& outcome, bool fromCloud, bool beganAnew) {
+void AppStore::saved(const FileResult<void>& outcome, bool fromCloud) {
     --savesUnderWay_;
     if (outcome) {
         lastSaved_ = services_.clock.now();
         saveProblem_.reset();
     } else {
-        beginsAnew_ = beginsAnew_ || beganAnew;
         saveProblem_ = std::string(notSaved) + outcome.error().description();
     }
     Q_EMIT saveStateChanged();
@@ -275,15 +266,19 @@ void AppStore::findNewestGoodBackup(std::function<void(std::optional<BackupFile>
         std::move(done));
 }
 
-void AppStore::writeBackup(std::string_view label) {
-    if (!isDemo_ && gate_ == Gate::open) {
-        services_.writer.post(
-            [persistence = services_.persistence, label = std::string(label),
-             encoded = encodeState(state_)] {
-                (void)persistence->backup(std::string_view(encoded), label);
-            },
-            [] {});
+void AppStore::writeBackup(std::string_view label,
+                           std::function<void(const FileResult<void>&)> done) {
+    // What could not be read at the start is among the backups already, and the state is empty.
+    if (isDemo_ || gate_ != Gate::open) {
+        done({});
+        return;
     }
+    services_.writer.post<FileResult<void>>(
+        [persistence = services_.persistence, label = std::string(label),
+         encoded = encodeState(state_)] {
+            return persistence->backup(std::string_view(encoded), label);
+        },
+        std::move(done));
 }
 
 void AppStore::restoreBackup(const BackupFile& file, Done done) {

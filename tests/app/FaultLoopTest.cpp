@@ -396,7 +396,7 @@ INSTANTIATE_TEST_SUITE_P(All, FaultLoop,
                          nameOf);
 
 // Fails as long as the store resets a year although the backup before it was not written.
-INSTANTIATE_TEST_SUITE_P(DISABLED_Reset, FaultLoop,
+INSTANTIATE_TEST_SUITE_P(Reset, FaultLoop,
                          ::testing::Combine(::testing::Values(Situation{
                                                 "resetYear", "reset", encodeState(household("Alt")),
                                                 false}),

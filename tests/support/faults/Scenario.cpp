@@ -18,7 +18,7 @@ namespace {
 bool restore(StateSession& session, WorkQueue& queue) {
     AppStore& store = session.store();
     std::optional<BackupFile> wanted;
-    store.writeBackup(backup::beforeReset);
+    store.writeBackup(backup::beforeReset, [](const auto&) {});
     store.listBackups([&](const std::vector<BackupFile>& all) {
         const auto found = std::ranges::find(all, restoredBackup, &BackupFile::fileName);
         wanted = found == all.end() ? std::nullopt : std::optional(*found);
