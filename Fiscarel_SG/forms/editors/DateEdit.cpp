@@ -4,6 +4,7 @@
 
 #include <QCalendarWidget>
 #include <QFrame>
+#include <QPainter>
 #include <QScreen>
 #include <QTextCharFormat>
 #include <QVBoxLayout>
@@ -13,6 +14,28 @@
 namespace fiscarel::forms {
 
 namespace {
+
+/// Gives a button of the calendar a plain arrow in the colour of the bar it stands on.
+void setArrow(const QCalendarWidget& calendar, const QString& button, Qt::ArrowType direction) {
+    auto* const found = calendar.findChild<QToolButton*>(button);
+    if (found == nullptr) {
+        return;
+    }
+    constexpr int size = 16;
+    const qreal ratio = calendar.devicePixelRatioF();
+    QPixmap arrow(QSize(size, size) * ratio);
+    arrow.setDevicePixelRatio(ratio);
+    arrow.fill(Qt::transparent);
+    QPainter painter(&arrow);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(calendar.palette().color(QPalette::HighlightedText), 1.8, Qt::SolidLine,
+                        Qt::RoundCap, Qt::RoundJoin));
+    const double tip = direction == Qt::LeftArrow ? -2.5 : 2.5;
+    painter.drawPolyline(
+        QPolygonF({QPointF(8 - tip, 3.5), QPointF(8 + tip, 8), QPointF(8 - tip, 12.5)}));
+    painter.end();
+    found->setIcon(arrow);
+}
 
 /// A calendar that closes when a day is chosen.
 class CalendarPopup final : public QFrame {
@@ -32,6 +55,8 @@ class CalendarPopup final : public QFrame {
         calendar->setWeekdayTextFormat(Qt::Sunday, QTextCharFormat());
         calendar->setSelectedDate(day);
         calendar->setAccessibleName(QStringLiteral("Kalender"));
+        setArrow(*calendar, QStringLiteral("qt_calendar_prevmonth"), Qt::LeftArrow);
+        setArrow(*calendar, QStringLiteral("qt_calendar_nextmonth"), Qt::RightArrow);
         auto* const layout = new QVBoxLayout(this);
         layout->setContentsMargins(4, 4, 4, 4);
         layout->addWidget(calendar);
@@ -68,7 +93,6 @@ class CalendarPopup final : public QFrame {
 DateEdit::DateEdit(BoundField field, int referenceYear, QWidget* parent)
     : LineEditor(std::move(field), 24, parent),
       referenceYear_(referenceYear > 0 ? referenceYear : QDate::currentDate().year()) {
-    line()->setFont(tabular(font()));
     line()->setSelectsAll(true);
     auto* const button =
         new InputButton(InputButton::Sign::calendar, QStringLiteral("Kalender öffnen"), line());
@@ -98,7 +122,7 @@ bool DateEdit::isLive(const QString& text) const {
 }
 
 bool DateEdit::openCalendar() {
-    if (calendar_ != nullptr) {
+    if (calendar_ != nullptr && calendar_->isVisible()) {
         return true;
     }
     line()->setFocus();
@@ -112,9 +136,15 @@ bool DateEdit::openCalendar() {
         if (const auto picked = Date::of(chosen.year(), chosen.month(), chosen.day())) {
             choose(*picked);
         }
-        line()->setFocus();
     });
     calendar_ = popup;
+    // Some window systems give a popup the keyboard for itself.
+    connect(popup, &QObject::destroyed, line(), [this] {
+        if (calendar_ == nullptr) {
+            line()->activateWindow();
+            line()->setFocus(Qt::PopupFocusReason);
+        }
+    });
     popup->openBelow(*line());
     return true;
 }

@@ -17,6 +17,7 @@ class DateEdit final : public LineEditor {
     QString shown(const Value& value) const override;
     Value emptyValue() const override { return Date(); }
     bool isLive(const QString& text) const override;
+    bool hasPopup() const override { return calendar_ != nullptr; }
 
   private:
     bool openCalendar();

@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/forms/editors/EditorBase.h"
 
+#include <QComboBox>
 #include <QEvent>
 #include <QFocusEvent>
 #include <QFontDatabase>
@@ -31,6 +32,15 @@ double contrast(const QColor& a, const QColor& b) {
     const double first = luminance(a);
     const double second = luminance(b);
     return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
+}
+
+bool isDark(const QColor& colour) { return luminance(colour) < 0.2; }
+
+/// The face of a button where text on it is hardest to read: dark ones are drawn with a light
+/// sheen.
+QColor buttonFace(const QPalette& palette) {
+    const QColor button = palette.color(QPalette::Button);
+    return isDark(button) ? button.lighter(150) : button;
 }
 
 QColor mix(const QColor& from, const QColor& to, int percent) {
@@ -70,16 +80,18 @@ QString toQString(std::string_view utf8) {
 
 std::string toUtf8(const QString& text) { return text.toStdString(); }
 
-QColor faintText(const QPalette& palette) {
+QColor faintText(const QPalette& palette, const QColor& background) {
     const QColor text = palette.color(QPalette::Text);
-    const QColor base = palette.color(QPalette::Base);
-    return readableOn(base, mix(text, base, 60), text);
+    return readableOn(background, mix(text, background, 60), text);
+}
+
+QColor faintText(const QPalette& palette) {
+    return faintText(palette, palette.color(QPalette::Base));
 }
 
 QColor problemColour(const QPalette& palette) {
     const QColor base = palette.color(QPalette::Base);
-    const bool isDark = luminance(base) < 0.2;
-    return readableOn(base, isDark ? QColor(0xE5, 0x73, 0x73) : QColor(0xC6, 0x28, 0x28),
+    return readableOn(base, isDark(base) ? QColor(0xE5, 0x73, 0x73) : QColor(0xC6, 0x28, 0x28),
                       palette.color(QPalette::Text));
 }
 
@@ -94,8 +106,11 @@ QFont tabular(const QFont& font) {
     if (hasTabularDigits(font)) {
         return font;
     }
-    static const std::array families{QStringLiteral("Noto Sans"), QStringLiteral("Segoe UI"),
-                                     QStringLiteral("Liberation Sans"), QStringLiteral("Arial"),
+    static const std::array families{QStringLiteral("Noto Sans"),
+                                     QStringLiteral("Segoe UI"),
+                                     QStringLiteral("Liberation Sans"),
+                                     QStringLiteral("Arial"),
+                                     QStringLiteral("DejaVu Sans Condensed"),
                                      QStringLiteral("DejaVu Sans")};
     const QStringList known = QFontDatabase::families();
     for (const QString& family : families) {
@@ -190,7 +205,9 @@ void EditorBase::describe() {
 
 void EditorBase::colourHint() {
     QPalette own;
-    own.setColor(QPalette::PlaceholderText, faintText(palette()));
+    own.setColor(QPalette::PlaceholderText, qobject_cast<QComboBox*>(input_) != nullptr
+                                                ? faintText(palette(), buttonFace(palette()))
+                                                : faintText(palette()));
     input_->setPalette(own);
 }
 

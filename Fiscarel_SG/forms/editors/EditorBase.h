@@ -15,6 +15,7 @@ std::string toUtf8(const QString& text);
 /// The colour for hints and units: as faint as a contrast of 4.5 to the background allows (WCAG
 /// AA).
 QColor faintText(const QPalette& palette);
+QColor faintText(const QPalette& palette, const QColor& background);
 /// The colour that marks a problem, with the same contrast, in light and in dark.
 QColor problemColour(const QPalette& palette);
 /// Frames a widget that holds a problem.

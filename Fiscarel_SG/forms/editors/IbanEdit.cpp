@@ -9,7 +9,6 @@
 namespace fiscarel::forms {
 
 IbanEdit::IbanEdit(BoundField field, QWidget* parent) : LineEditor(std::move(field), 36, parent) {
-    line()->setFont(tabular(font()));
     line()->setSelectsAll(true);
 }
 

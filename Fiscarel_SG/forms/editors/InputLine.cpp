@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/forms/editors/EditorBase.h"
 
 #include <QFocusEvent>
+#include <QFontInfo>
 #include <QKeyEvent>
 #include <QPainter>
 #include <algorithm>
@@ -47,7 +48,7 @@ void InputButton::paintEvent(QPaintEvent*) {
     }
 }
 
-InputLine::InputLine(QWidget* parent) : QLineEdit(parent) {}
+InputLine::InputLine(QWidget* parent) : QLineEdit(parent) { keepRoom(); }
 
 void InputLine::setUnit(const QString& unit) {
     unit_ = unit;
@@ -133,7 +134,9 @@ void InputLine::paintEvent(QPaintEvent* event) {
     if (!unit_.isEmpty()) {
         QPainter painter(this);
         painter.setPen(faintText(palette()));
-        painter.drawText(rect().adjusted(0, 0, -gap, 0), Qt::AlignRight | Qt::AlignVCenter, unit_);
+        painter.setFont(unitFont());
+        painter.drawText(rect().adjusted(width() - unitWidth() - gap, 0, 0, 0),
+                         Qt::AlignLeft | Qt::AlignVCenter, unit_);
     }
     if (marked_) {
         paintProblem(*this);
@@ -146,22 +149,34 @@ void InputLine::resizeEvent(QResizeEvent* event) {
 }
 
 void InputLine::keepRoom() {
+    constexpr int beforeText = 2; // as much as choices and paragraphs leave
     int room = 0;
     if (!unit_.isEmpty()) {
-        // Figures with different units stand one below the other.
-        const QFontMetrics metrics = fontMetrics();
-        room = gap
-               + std::max(metrics.horizontalAdvance(unit_),
-                          metrics.horizontalAdvance(QStringLiteral("CHF")));
+        room = unitWidth() + 2 * gap - 2;
     }
     if (button_ != nullptr) {
         const int size = height() - 4;
         button_->setGeometry(width() - size - 3, 2, size, size);
         room = size;
     }
-    if (textMargins().right() != room) {
-        setTextMargins(0, 0, room, 0);
+    if (textMargins().right() != room || textMargins().left() != beforeText) {
+        setTextMargins(beforeText, 0, room, 0);
     }
+}
+
+/// Units are about as wide as each other, so that figures stand one below the other.
+int InputLine::unitWidth() const {
+    const QFontMetrics metrics(unitFont());
+    return std::max(metrics.horizontalAdvance(unit_),
+                    metrics.horizontalAdvance(QStringLiteral("Tage")));
+}
+
+/// That of the form; the line itself may have one for figures.
+QFont InputLine::unitFont() const {
+    QFont own = parentWidget() != nullptr ? parentWidget()->font() : font();
+    own.setFamilies({own.family()}); // said, so that the line's is not taken for it
+    own.setPointSizeF(own.pointSizeF() > 0 ? own.pointSizeF() : QFontInfo(own).pointSizeF());
+    return own;
 }
 
 } // namespace fiscarel::forms

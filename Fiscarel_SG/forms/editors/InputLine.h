@@ -50,6 +50,8 @@ class InputLine : public QLineEdit {
 
   private:
     void keepRoom();
+    int unitWidth() const;
+    QFont unitFont() const;
 
     QString unit_;
     InputButton* button_ = nullptr;

@@ -21,10 +21,21 @@ LineEditor::LineEditor(BoundField field, int characters, QWidget* parent)
         }
     };
     line_->leaving = [this] {
+        if (hasPopup()) {
+            return;
+        }
         settle();
         Q_EMIT left();
     };
     line_->escaped = [this] { return restore(); };
+}
+
+/// The line outlives this part of the editor a little and loses the keyboard meanwhile.
+LineEditor::~LineEditor() {
+    line_->entered = nullptr;
+    line_->leaving = nullptr;
+    line_->escaped = nullptr;
+    line_->listRequested = nullptr;
 }
 
 void LineEditor::setValue(const Value& value) {

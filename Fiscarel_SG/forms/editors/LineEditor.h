@@ -12,6 +12,8 @@ namespace fiscarel::forms {
 /// typed with the problem told. Escape goes back to the last settled value.
 class LineEditor : public EditorBase {
   public:
+    ~LineEditor() override;
+
     void setValue(const Value& value) override;
     Value value() const override { return value_; }
     void setHint(const Value& lastYear) override;
@@ -36,6 +38,8 @@ class LineEditor : public EditorBase {
     virtual bool isLive(const QString&) const { return true; }
     /// Whether a text is as long as it will get, so that its problem is told at once.
     virtual bool isComplete(const QString&) const { return false; }
+    /// Whether a popup of the field's own has the keyboard: that is not leaving it.
+    virtual bool hasPopup() const { return false; }
     /// The user typed; the text may be brought into shape.
     virtual void typing() {}
 
