@@ -67,6 +67,7 @@ void FieldRow::refresh() {
     const TaxCase& taxCase = store_.current();
     setVisible(field_.shown(taxCase));
     editor_->setValue(field_.get(taxCase));
+    editor_->refresh();
     const auto lastYear = store_.cases().find(store_.year() - 1);
     editor_->setHint(lastYear != store_.cases().end() ? field_.get(lastYear->second) : Value{});
 }
@@ -78,6 +79,7 @@ void FieldRow::write() {
         return;
     }
     store_.edit(field_.label, [&](TaxCase& taxCase) { field_.set(taxCase, value); });
+    Q_EMIT written(field_.path);
 }
 
 void FieldRow::showProblem() { problem_->setText(editor_->problem()); }

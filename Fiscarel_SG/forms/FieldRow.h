@@ -32,6 +32,10 @@ class FieldRow final : public QWidget {
     void showHelp(bool shown);
     void toggleHelp();
 
+  Q_SIGNALS:
+    /// The user wrote the field.
+    void written(const std::string& path);
+
   private:
     void write();
     void showProblem();

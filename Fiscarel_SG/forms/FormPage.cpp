@@ -47,6 +47,14 @@ FormPage::FormPage(Page page, AppStore& store, const PageContext& context, QWidg
             }
         }
     });
+    // Fields that hang on another, as the parish on the municipality, follow it.
+    for (FieldRow* const row : findChildren<FieldRow*>()) {
+        connect(row, &FieldRow::written, this, [this](const std::string& path) {
+            for (FieldRow* const other : findChildren<FieldRow*>()) {
+                other->editor().refresh(qs(path));
+            }
+        });
+    }
     refresh();
     refreshResult();
 }

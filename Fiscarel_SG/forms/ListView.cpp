@@ -32,6 +32,7 @@ ListView::ListView(ListCard card, AppStore& store, const EditorContext& context,
     takeOver_->setObjectName(u"takeover:"_s + qs(card_.path));
     takeOver_->setAccessibleName(qs(card_.title) + u" vom Vorjahr übernehmen"_s);
     auto* const foot = new QHBoxLayout;
+    addButton->setVisible(card_.add != nullptr); // the items of some lists come from another page
     foot->addWidget(addButton);
     foot->addWidget(takeOver_);
     foot->addStretch(1);
@@ -149,7 +150,9 @@ void ListView::fill(Row& row, std::size_t index) {
         layout->addWidget(fieldRow);
         row.fields.push_back(fieldRow);
     }
-    layout->addWidget(makeTools(index, row.body));
+    if (card_.add) {
+        layout->addWidget(makeTools(index, row.body));
+    }
     row.frame->layout()->addWidget(row.body);
 }
 
@@ -233,7 +236,7 @@ bool ListView::reveal(const std::string& path) {
         }
     }
     const bool here = rest.empty();
-    if (here) {
+    if (here && card_.add) {
         findChild<QPushButton*>(u"add:"_s + qs(card_.path))->setFocus(Qt::OtherFocusReason);
     }
     return here;
