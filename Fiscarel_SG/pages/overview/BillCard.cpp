@@ -29,10 +29,11 @@ BillCard::BillCard(QWidget* parent)
     shell::setRole(total_, "total");
     total_->setObjectName(u"billTotal"_s);
     total_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    column().addWidget(total_);
+    addInset(total_);
     share_ = addText({}, "faint");
     auto* const line = new QHBoxLayout;
     line->setSpacing(20);
+    line->setContentsMargins(8, 0, 0, 0);
     line->addWidget(ring_, 0, Qt::AlignTop);
     auto* const right = new QVBoxLayout;
     right->setSpacing(0);
@@ -59,7 +60,7 @@ void BillCard::refresh(const TaxResult& result, TaxRegion region) {
     const Decimal& income = result.bill.taxableIncomeCanton;
     const Decimal share =
         income > 0 ? (result.bill.total() * 100 / income).roundPlain(1) : Decimal(0);
-    share_->setText(u"Das sind ohne Kapitalleistungen %1% des steuerbaren Einkommens."_s.arg(
+    share_->setText(u"Ohne Kapitalleistungen sind das %1% des steuerbaren Einkommens."_s.arg(
         qs(MoneyFormat::number(share))));
     if (!result.capitalPaymentTax) {
         share_->setText(

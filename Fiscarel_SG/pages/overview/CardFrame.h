@@ -25,6 +25,8 @@ class CardFrame : public QFrame {
     QLabel* addText(const QString& text, const char* role);
     /// A button that looks like a link, at the end of the card.
     QPushButton* addLink(const QString& text, const QString& name);
+    /// A widget as far in as the texts; rows that are doors reach further out.
+    void addInset(QWidget* widget, Qt::Alignment alignment = {});
     void addLine();
 
   private:

@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/pages/overview/DoorList.h"
 #include "Fiscarel_SG/pages/overview/FigureStrip.h"
+#include "Fiscarel_SG/pages/overview/KeyboardOrder.h"
 #include "Fiscarel_SG/pages/overview/MoneyText.h"
 
 #include <QLabel>
@@ -56,7 +57,7 @@ ChangeCard::ChangeCard(QWidget* parent)
     : CardFrame(u"Gegenüber dem Vorjahr"_s, {}, parent), missing_(addText({}, "faint")),
       totals_(new FigureStrip(3, this)), causes_(new DoorList({columnWidth}, this)),
       lines_(new DoorList({columnWidth, columnWidth, columnWidth}, this)), more_(nullptr) {
-    column().addWidget(totals_);
+    addInset(totals_);
     column().addWidget(causes_);
     column().addSpacing(6);
     column().addWidget(lines_);
@@ -67,6 +68,7 @@ ChangeCard::ChangeCard(QWidget* parent)
     connect(more_, &QPushButton::clicked, this, [this] {
         showsAll_ = !showsAll_;
         showLines();
+        orderByLayout(column());
     });
 }
 

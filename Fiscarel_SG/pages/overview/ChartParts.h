@@ -2,6 +2,7 @@
 
 #include "TaxCore/base/Decimal.h"
 
+#include <QColor>
 #include <QFont>
 
 class QChartView;
@@ -15,6 +16,9 @@ void prepare(QChartView& view);
 
 /// Small letters of axes and marks.
 QFont chartFont();
+
+/// Black or white, whichever can be read on a colour.
+QColor readableOn(const QColor& ground);
 
 /// Near enough for a point on the screen.
 double toDouble(const taxcore::Decimal& value);

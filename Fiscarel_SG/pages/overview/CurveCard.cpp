@@ -45,7 +45,8 @@ CurveCard::CurveCard(QWidget* parent)
                 "volle Punkt sind Sie heute, der leere mit den Werten von «Was wäre, wenn …»."_s,
                 parent),
       tax_(addChart(u"Steuer in Franken"_s, {})),
-      marginal_(addChart(u"Was von 1’000 Franken mehr an die Steuer geht"_s, u"%"_s)),
+      marginal_(addChart(u"Von 100 Franken mehr Einkommen gehen so viele an die Steuer"_s,
+                         u" von 100"_s)),
       next_(addText({}, "faint")), more_(addLink({}, u"curveSteps"_s)),
       steps_(new DoorList({stepWidth}, this)) {
     column().addWidget(steps_);
@@ -63,7 +64,7 @@ CurveChart* CurveCard::addChart(const QString& name, const QString& unit) {
     addText(name, "small");
     auto* const made = new CurveChart(unit, this);
     made->setAccessibleName(u"Kurve: "_s + name);
-    column().addWidget(made);
+    addInset(made);
     return made;
 }
 
@@ -115,7 +116,7 @@ void CurveCard::showSteps(const Decimal& income) {
         curve_.steps, [&](const TariffStep& step) { return step.income > income; });
     next_->setText(above == curve_.steps.end()
                        ? u"Über Ihrem Einkommen gibt es in diesem Bereich keine Stufe mehr."_s
-                       : u"Die nächste Stufe des Tarifs beginnt bei %1: %2."_s.arg(
+                       : u"Die nächste Stufe des Tarifs beginnt bei %1 – %2."_s.arg(
                            francs(above->income), qs(above->text)));
     more_->setVisible(!rows.empty());
     steps_->setRows(std::move(rows));

@@ -8,6 +8,7 @@
 #include <QLineSeries>
 #include <QLocale>
 #include <QMouseEvent>
+#include <QResizeEvent>
 #include <QScatterSeries>
 #include <QToolTip>
 #include <QValueAxis>
@@ -23,8 +24,8 @@ namespace {
 
 constexpr int chartHeight = 190;
 constexpr int left = 62; ///< room for the figures of the upright axis, the same in every chart
-constexpr int right = 26;
-constexpr int top = 8;
+constexpr int right = 30;
+constexpr int top = 14;
 constexpr int bottom = 26;
 constexpr qreal dot = 11;
 
@@ -40,12 +41,14 @@ double intervalFor(double range, int most) {
     return 10 * ten;
 }
 
-void setRange(QValueAxis& axis, double end, int marks) {
+/// From 0 to an end, or to just beyond the mark above it, whose figure needs room.
+void setRange(QValueAxis& axis, double end, int marks, bool toMark) {
     const double interval = intervalFor(end, marks);
     axis.setTickType(QValueAxis::TicksDynamic);
     axis.setTickAnchor(0);
     axis.setTickInterval(interval);
-    axis.setRange(0, std::max(interval, std::ceil(end / interval - 1e-9) * interval));
+    const double above = std::max(1.0, std::ceil(end / interval - 1e-9)) * interval;
+    axis.setRange(0, toMark ? above + interval / 4 : end);
 }
 
 QValueAxis* axisOf(const QString& format) {
@@ -64,7 +67,7 @@ QValueAxis* axisOf(const QString& format) {
 CurveChart::CurveChart(QString unit, QWidget* parent)
     : QChartView(parent), unit_(std::move(unit)), curve_(new QLineSeries),
       upright_(new QLineSeries), here_(new QScatterSeries), there_(new QScatterSeries),
-      incomes_(axisOf(u"%.0f"_s)), values_(axisOf(unit_.isEmpty() ? u"%.0f"_s : u"%.0f%%"_s)) {
+      incomes_(axisOf(u"%.0f"_s)), values_(axisOf(u"%.0f"_s)) {
     prepare(*this);
     const Theme& theme = Theme::current();
     setFixedHeight(chartHeight);
@@ -98,8 +101,8 @@ void CurveChart::setCurve(const QList<QPointF>& points, std::vector<CurveStep> s
     points_ = points;
     steps_ = std::move(steps);
     const auto highest = std::ranges::max_element(points_, {}, &QPointF::y);
-    setRange(*incomes_, points_.isEmpty() ? 1 : points_.back().x(), 8);
-    setRange(*values_, highest != points_.end() ? highest->y() : 1, 4);
+    setRange(*incomes_, points_.isEmpty() ? 1 : points_.back().x(), 8, false);
+    setRange(*values_, highest != points_.end() ? highest->y() : 1, 4, true);
     curve_->replace(points_);
 }
 
@@ -113,8 +116,10 @@ void CurveChart::setThere(const std::optional<QPointF>& point) {
 }
 
 void CurveChart::resizeEvent(QResizeEvent* event) {
+    // Before the chart itself: its axes are laid out with that, and not again.
+    const QRectF whole(QPointF(), QSizeF(event->size()));
+    chart()->setPlotArea(whole.adjusted(left, top, -right, -bottom));
     QChartView::resizeEvent(event);
-    chart()->setPlotArea(QRectF(rect()).adjusted(left, top, -right, -bottom));
 }
 
 QString CurveChart::textAt(double income) const {

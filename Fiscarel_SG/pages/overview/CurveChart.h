@@ -25,7 +25,7 @@ class CurveChart final : public QChartView {
     Q_OBJECT
 
   public:
-    /// `unit`: behind the figures of the upright axis, "" or "%".
+    /// `unit`: behind the figure that the mouse is told, "" or "%".
     CurveChart(QString unit, QWidget* parent);
 
     void setCurve(const QList<QPointF>& points, std::vector<CurveStep> steps);

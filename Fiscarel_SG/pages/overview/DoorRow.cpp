@@ -14,6 +14,13 @@ namespace {
 
 constexpr int markerSize = 12;
 
+/// Style sheets are slow to apply; a role that stays is left alone.
+void giveRole(QLabel* label, const char* role) {
+    if (label->property("role").toString() != QLatin1String(role)) {
+        shell::setRole(label, role);
+    }
+}
+
 QLabel* labelIn(QWidget* parent) {
     auto* const label = new QLabel(parent);
     label->setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -59,7 +66,10 @@ void DoorRow::setMarker(const QColor& color, const QString& sign) {
         line_->insertWidget(0, marker_);
         line_->insertWidget(1, sign_);
     }
-    marker_->setStyleSheet(u"background: %1; border-radius: 3px;"_s.arg(color.name()));
+    const QString sheet = u"background: %1; border-radius: 3px;"_s.arg(color.name());
+    if (marker_->styleSheet() != sheet) {
+        marker_->setStyleSheet(sheet);
+    }
     sign_->setText(sign);
 }
 
@@ -82,10 +92,10 @@ void DoorRow::setFigures(const QStringList& figures) {
 }
 
 void DoorRow::setFigureRole(std::size_t column, const char* role) {
-    shell::setRole(figures_.at(column), role);
+    giveRole(figures_.at(column), role);
 }
 
-void DoorRow::setTitleRole(const char* role) { shell::setRole(title_, role); }
+void DoorRow::setTitleRole(const char* role) { giveRole(title_, role); }
 
 void DoorRow::setDoor(bool isDoor) {
     setFocusPolicy(isDoor ? Qt::StrongFocus : Qt::NoFocus);

@@ -44,12 +44,16 @@ LeverRow::LeverRow(QWidget* parent)
     names->addWidget(now_);
     line->addLayout(names);
     slider_->setFocusPolicy(Qt::StrongFocus);
+    slider_->setPageStep(pageSteps);
     slider_->setMinimumHeight(24);
     slider_->installEventFilter(this);
     line->addWidget(slider_, 1);
     box_->setFixedWidth(boxWidth);
     line->addWidget(box_);
     shell::setRole(take_, "link");
+    QSizePolicy keepsPlace = take_->sizePolicy();
+    keepsPlace.setRetainSizeWhenHidden(true);
+    take_->setSizePolicy(keepsPlace);
     line->addWidget(take_);
     connect(slider_, &QSlider::valueChanged, this,
             [this](int position) { Q_EMIT moved(whole(lever_.at(position))); });
@@ -60,12 +64,29 @@ LeverRow::LeverRow(QWidget* parent)
 void LeverRow::show(const Lever& lever, const Decimal& value) {
     const QSignalBlocker quietSlider(slider_);
     const QSignalBlocker quietBox(box_);
+    if (lever.id != lever_.id || lever.label != lever_.label || lever.help != lever_.help) {
+        nameAfter(lever);
+    }
+    lever_ = lever;
+    now_->setText(u"heute "_s + francs(lever.now));
+    slider_->setRange(0, lever.lastPosition());
+    slider_->setValue(lever.positionOf(value));
+    box_->setRange(whole(lever.least), whole(lever.most));
+    box_->setSingleStep(lever.step);
+    if (box_->value() != whole(value)) {
+        box_->setValue(whole(value));
+    }
+    if (value == lever.now && take_->hasFocus()) {
+        slider_->setFocus();
+    }
+    take_->setVisible(value != lever.now);
+}
+
+void LeverRow::nameAfter(const Lever& lever) {
     const QString label = qs(lever.label);
     const QString help = qs(lever.help);
-    lever_ = lever;
     setObjectName(u"lever:"_s + qs(lever.id));
     name_->setText(label);
-    now_->setText(u"heute "_s + francs(lever.now));
     for (QWidget* widget : {static_cast<QWidget*>(name_), static_cast<QWidget*>(slider_),
                             static_cast<QWidget*>(box_)}) {
         widget->setToolTip(help);
@@ -77,15 +98,6 @@ void LeverRow::show(const Lever& lever, const Decimal& value) {
     box_->setObjectName(u"box:"_s + qs(lever.id));
     take_->setAccessibleName(u"%1: Wert übernehmen"_s.arg(label));
     take_->setObjectName(u"take:"_s + qs(lever.id));
-    slider_->setRange(0, lever.lastPosition());
-    slider_->setPageStep(pageSteps);
-    slider_->setValue(lever.positionOf(value));
-    box_->setRange(whole(lever.least), whole(lever.most));
-    box_->setSingleStep(lever.step);
-    if (box_->value() != whole(value)) {
-        box_->setValue(whole(value));
-    }
-    take_->setEnabled(value != lever.now);
 }
 
 /// The wheel is for the page; it moves a slider only while that has the keyboard.

@@ -33,6 +33,8 @@ class LeverRow final : public QWidget {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    void nameAfter(const Lever& lever);
+
     Lever lever_;
     QLabel* name_;
     QLabel* now_;

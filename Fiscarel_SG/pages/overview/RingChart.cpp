@@ -20,7 +20,7 @@ using taxcore::MoneyFormat;
 namespace {
 
 constexpr int side = 208;
-constexpr qreal leastNumbered = 1.5; ///< percent below which a part bears no number
+constexpr qreal leastNumbered = 3; ///< percent below which a part has no room for its number
 
 } // namespace
 
@@ -30,12 +30,16 @@ RingChart::RingChart(QWidget* parent) : QChartView(parent), series_(new QPieSeri
     setFocusPolicy(Qt::NoFocus);
     setFixedSize(side, side);
     setAccessibleName(u"Ringdiagramm: an wen die Steuern gehen"_s);
-    series_->setPieSize(0.78);
-    series_->setHoleSize(0.5);
+    series_->setPieSize(0.96);
+    series_->setHoleSize(0.6);
     chart()->addSeries(series_);
 }
 
 void RingChart::setShares(const std::vector<BillShare>& shares) {
+    if (shares == shown_ && !series_->isEmpty()) {
+        return;
+    }
+    shown_ = shares;
     series_->clear();
     const Theme& theme = Theme::current();
     QStringList words;
@@ -53,14 +57,14 @@ void RingChart::setShares(const std::vector<BillShare>& shares) {
         slice->setBrush(color);
         slice->setPen(QPen(theme.card, 2));
         slice->setLabelVisible(toDouble(share.percent) >= leastNumbered);
-        slice->setLabelColor(theme.text);
+        slice->setLabelColor(readableOn(color));
+        slice->setLabelPosition(QPieSlice::LabelInsideHorizontal);
         slice->setLabelFont(chartFont());
-        slice->setLabelArmLengthFactor(0.03);
     }
     if (series_->isEmpty()) {
         auto* const nothing = series_->append(QString(), 1);
         nothing->setBrush(theme.border);
-        nothing->setPen(QPen(theme.card, 2));
+        nothing->setPen(Qt::NoPen);
     }
     setAccessibleDescription(words.join(u"; "_s));
 }

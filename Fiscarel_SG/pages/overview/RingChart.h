@@ -22,6 +22,7 @@ class RingChart final : public QChartView {
 
   private:
     QPieSeries* series_;
+    std::vector<BillShare> shown_;
 };
 
 } // namespace fiscarel::pages

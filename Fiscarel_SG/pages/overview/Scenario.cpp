@@ -36,7 +36,9 @@ PersonIncome& incomeOf(TaxCase& taxCase, int person) {
 }
 
 std::string nameOf(std::string what, const Adult& adult, const TaxCase& taxCase) {
-    return taxCase.isJoint() ? what + " – " + adult.called() : what;
+    const std::string& firstName = adult.person.firstName;
+    return taxCase.isJoint() ? what + " – " + (firstName.empty() ? adult.called() : firstName)
+                             : what;
 }
 
 template <class Item>

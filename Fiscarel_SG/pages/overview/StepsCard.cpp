@@ -17,10 +17,12 @@ using taxcore::Notice;
 namespace {
 
 constexpr std::size_t mostShown = 3;
+constexpr int textInset = 5; ///< as far in as the text of a link
 
 QLabel* labelIn(QWidget* parent, const QString& text, const char* role) {
     auto* const label = new QLabel(text, parent);
     label->setWordWrap(true);
+    label->setContentsMargins(textInset, 0, 0, 0);
     shell::setRole(label, role);
     return label;
 }
@@ -52,7 +54,7 @@ void StepsCard::refresh(const std::vector<Notice>& notices) {
     }
     content_ = new QWidget(this);
     auto* const inside = new QVBoxLayout(content_);
-    inside->setContentsMargins(0, 0, 0, 0);
+    inside->setContentsMargins(3, 0, 8, 0);
     inside->setSpacing(4);
     column().insertWidget(1, content_);
     if (shown_.empty()) {
@@ -62,8 +64,7 @@ void StepsCard::refresh(const std::vector<Notice>& notices) {
                                   "faint"));
         auto* const go = new QPushButton(u"Zum Übertragen"_s, content_);
         go->setObjectName(u"stepsTransfer"_s);
-        shell::setRole(go, "link");
-        inside->addWidget(go, 0, Qt::AlignLeft);
+        addDoor(go);
         connect(go, &QPushButton::clicked, this, [this] { Q_EMIT pageWanted(u"transfer"_s); });
     }
     for (const Notice& notice : shown_) {
@@ -71,14 +72,20 @@ void StepsCard::refresh(const std::vector<Notice>& notices) {
     }
 }
 
+void StepsCard::addDoor(QPushButton* door) {
+    shell::setRole(door, "link");
+    dynamic_cast<QVBoxLayout&>(*content_->layout()).addWidget(door, 0, Qt::AlignLeft);
+}
+
 void StepsCard::add(const Notice& notice) {
     auto& inside = dynamic_cast<QVBoxLayout&>(*content_->layout());
     if (inside.count() > 0) {
         auto* const line = new QFrame(content_);
         shell::setRole(line, "line");
-        inside.addSpacing(4);
-        inside.addWidget(line);
-        inside.addSpacing(4);
+        auto* const across = new QHBoxLayout;
+        across->setContentsMargins(textInset, 4, 0, 4);
+        across->addWidget(line);
+        inside.addLayout(across);
     }
     auto* const head = new QHBoxLayout;
     const NoticeSign sign = NoticeSign::of(notice.level);
@@ -94,8 +101,7 @@ void StepsCard::add(const Notice& notice) {
     auto* const go = new QPushButton(notice.path ? u"Zum Feld"_s : u"Zur Seite"_s, content_);
     go->setObjectName(u"step:"_s + qs(notice.id));
     go->setAccessibleName(u"%1: %2"_s.arg(go->text(), qs(notice.title)));
-    shell::setRole(go, "link");
-    inside.addWidget(go, 0, Qt::AlignLeft);
+    addDoor(go);
     connect(go, &QPushButton::clicked, this, [this, path = notice.path, area = notice.area] {
         if (path) {
             Q_EMIT fieldWanted(qs(*path));

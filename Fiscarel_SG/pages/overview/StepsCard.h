@@ -25,6 +25,7 @@ class StepsCard final : public CardFrame {
 
   private:
     void add(const taxcore::Notice& notice);
+    void addDoor(QPushButton* door);
 
     QWidget* content_ = nullptr;
     QPushButton* all_;

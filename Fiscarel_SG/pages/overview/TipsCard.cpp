@@ -55,7 +55,6 @@ void TipsCard::refresh(const std::vector<Notice>& tips, int year) {
     for (const Notice& tip : open) {
         rows.push_back({.name = u"tip:"_s + qs(tip.id),
                         .title = qs(tip.title),
-                        .detail = qs(tip.message),
                         .figures = {u"spart "_s + francs(tip.saving.value_or(0))},
                         .figureRole = "good",
                         .action = u"Zum Feld"_s});

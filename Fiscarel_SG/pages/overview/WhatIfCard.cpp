@@ -20,12 +20,13 @@ WhatIfCard::WhatIfCard(AppStore& store, QWidget* parent)
                 "ändert sich nichts, bis Sie einen Wert übernehmen."_s,
                 parent),
       store_(store), figures_(new FigureStrip(3, this)), levers_(new QVBoxLayout), reset_(nullptr) {
-    column().addWidget(figures_);
+    addInset(figures_);
     levers_->setSpacing(0);
+    levers_->setContentsMargins(8, 0, 0, 0);
     column().addLayout(levers_);
     reset_ = new QPushButton(u"Zurücksetzen"_s, this);
     reset_->setObjectName(u"whatIfReset"_s);
-    column().addWidget(reset_, 0, Qt::AlignLeft);
+    addInset(reset_, Qt::AlignLeft);
     connect(reset_, &QPushButton::clicked, this, [this] {
         scenario_.reset();
         showRows();
@@ -73,6 +74,9 @@ void WhatIfCard::move(std::size_t index, int francs) {
 
 void WhatIfCard::take(std::size_t index) {
     const Lever lever = scenario_.levers().at(index);
+    if (!scenario_.isMoved(lever)) {
+        return;
+    }
     const Decimal value = scenario_.value(lever);
     // Taken before the entries change: what then stands there is where the lever begins.
     scenario_.move(lever, lever.now);
