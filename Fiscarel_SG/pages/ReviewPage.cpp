@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/QtText.h"
 #include "Fiscarel_SG/pages/Cards.h"
+#include "Fiscarel_SG/pages/NoticeSign.h"
 #include "Fiscarel_SG/shell/Theme.h"
 #include "TaxCore/base/MoneyFormat.h"
 
@@ -16,29 +17,6 @@ namespace fiscarel::pages {
 
 using namespace Qt::Literals::StringLiterals;
 using namespace taxcore;
-
-namespace {
-
-struct Sign {
-    QString text;
-    const char* role;
-};
-
-Sign signOf(Notice::Level level) {
-    switch (level) {
-    case Notice::Level::error:
-        return {u"Fehler"_s, "error"};
-    case Notice::Level::warning:
-        return {u"Bitte prüfen"_s, "warning"};
-    case Notice::Level::tip:
-        return {u"Tipp"_s, "good"};
-    case Notice::Level::info:
-        break;
-    }
-    return {u"Hinweis"_s, "faint"};
-}
-
-} // namespace
 
 ReviewPage::ReviewPage(AppStore& store, QWidget* parent)
     : PageWidget(parent), store_(store),
@@ -122,7 +100,7 @@ void ReviewPage::addNotice(const Notice& notice, QVBoxLayout& column) {
     QWidget* const parent = column.parentWidget();
     addLine(column);
     auto* const head = new QHBoxLayout;
-    const Sign sign = signOf(notice.level);
+    const NoticeSign sign = NoticeSign::of(notice.level);
     auto* const title = new QLabel(qs(notice.title), parent);
     shell::setRole(title, "figure");
     title->setWordWrap(true);

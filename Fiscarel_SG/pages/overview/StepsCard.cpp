@@ -1,0 +1,114 @@
+#include "Fiscarel_SG/pages/overview/StepsCard.h"
+
+#include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/pages/NoticeSign.h"
+#include "Fiscarel_SG/shell/Theme.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace fiscarel::pages {
+
+using namespace Qt::Literals::StringLiterals;
+using taxcore::Notice;
+
+namespace {
+
+constexpr std::size_t mostShown = 3;
+constexpr int textInset = 5; ///< as far in as the text of a link
+
+QLabel* labelIn(QWidget* parent, const QString& text, const char* role) {
+    auto* const label = new QLabel(text, parent);
+    label->setWordWrap(true);
+    label->setContentsMargins(textInset, 0, 0, 0);
+    shell::setRole(label, role);
+    return label;
+}
+
+} // namespace
+
+StepsCard::StepsCard(QWidget* parent)
+    : CardFrame(u"Nächste Schritte"_s, {}, parent), all_(addLink({}, u"stepsAll"_s)) {
+    connect(all_, &QPushButton::clicked, this, [this] { Q_EMIT pageWanted(u"review"_s); });
+}
+
+void StepsCard::refresh(const std::vector<Notice>& notices) {
+    std::vector<Notice> open;
+    for (const Notice& notice : notices) {
+        if (notice.level != Notice::Level::info) {
+            open.push_back(notice);
+        }
+    }
+    all_->setVisible(open.size() > mostShown);
+    all_->setText(u"Alle %1 offenen Hinweise"_s.arg(open.size()));
+    open.resize(std::min(open.size(), mostShown));
+    if (content_ != nullptr && open == shown_) {
+        return;
+    }
+    shown_ = std::move(open);
+    if (content_ != nullptr) {
+        content_->hide();
+        content_->deleteLater();
+    }
+    content_ = new QWidget(this);
+    auto* const inside = new QVBoxLayout(content_);
+    inside->setContentsMargins(3, 0, 8, 0);
+    inside->setSpacing(4);
+    column().insertWidget(1, content_);
+    if (shown_.empty()) {
+        inside->addWidget(labelIn(content_,
+                                  u"Es ist nichts mehr offen. Unter «Übertragen» steht, was wohin "
+                                  "gehört."_s,
+                                  "faint"));
+        auto* const go = new QPushButton(u"Zum Übertragen"_s, content_);
+        go->setObjectName(u"stepsTransfer"_s);
+        addDoor(go);
+        connect(go, &QPushButton::clicked, this, [this] { Q_EMIT pageWanted(u"transfer"_s); });
+    }
+    for (const Notice& notice : shown_) {
+        add(notice);
+    }
+}
+
+void StepsCard::addDoor(QPushButton* door) {
+    shell::setRole(door, "link");
+    dynamic_cast<QVBoxLayout&>(*content_->layout()).addWidget(door, 0, Qt::AlignLeft);
+}
+
+void StepsCard::add(const Notice& notice) {
+    auto& inside = dynamic_cast<QVBoxLayout&>(*content_->layout());
+    if (inside.count() > 0) {
+        auto* const line = new QFrame(content_);
+        shell::setRole(line, "line");
+        auto* const across = new QHBoxLayout;
+        across->setContentsMargins(textInset, 4, 0, 4);
+        across->addWidget(line);
+        inside.addLayout(across);
+    }
+    auto* const head = new QHBoxLayout;
+    const NoticeSign sign = NoticeSign::of(notice.level);
+    auto* const level = new QLabel(sign.text, content_);
+    shell::setRole(level, sign.role);
+    head->addWidget(labelIn(content_, qs(notice.title), "figure"), 1);
+    head->addWidget(level);
+    inside.addLayout(head);
+    inside.addWidget(labelIn(content_, qs(notice.message), "faint"));
+    if (!notice.path && !notice.area) {
+        return;
+    }
+    auto* const go = new QPushButton(notice.path ? u"Zum Feld"_s : u"Zur Seite"_s, content_);
+    go->setObjectName(u"step:"_s + qs(notice.id));
+    go->setAccessibleName(u"%1: %2"_s.arg(go->text(), qs(notice.title)));
+    addDoor(go);
+    connect(go, &QPushButton::clicked, this, [this, path = notice.path, area = notice.area] {
+        if (path) {
+            Q_EMIT fieldWanted(qs(*path));
+        } else {
+            Q_EMIT pageWanted(qs(*area));
+        }
+    });
+}
+
+} // namespace fiscarel::pages
