@@ -85,6 +85,7 @@ bool AppStore::hasUnsavedChanges() const {
 }
 
 bool AppStore::flush() {
+    services_.writer.drain(); // what is under way may change something yet
     if (saveTimer_->isRunning() || saveProblem_) {
         saveNow();
     }

@@ -300,8 +300,10 @@ TableView::TableView(ListCard card, AppStore& store, const EditorContext&, QWidg
     addTool(u"Nach unten"_s, "down", [this] { moveSelected(1); });
     addTool(u"Zeile entfernen"_s, "remove", [this] { removeSelected(); });
     foot->addStretch(1);
-    foot->addWidget(total_);
     content().addLayout(foot);
+    total_->setWordWrap(true);
+    total_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    content().addWidget(total_);
     for (int i = 0; i < model_->columnCount(); ++i) {
         const bool wide = model_->column(i).editor == Editor::text;
         table_->setColumnWidth(i, wide ? 150 : 110);

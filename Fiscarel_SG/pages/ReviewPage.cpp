@@ -104,8 +104,6 @@ void ReviewPage::addNotice(const Notice& notice, QVBoxLayout& column) {
     auto* const title = new QLabel(qs(notice.title), parent);
     shell::setRole(title, "figure");
     title->setWordWrap(true);
-    auto* const level = new QLabel(sign.text, parent);
-    shell::setRole(level, sign.role);
     head->addWidget(title, 1);
     if (notice.saving) {
         auto* const saving =
@@ -115,6 +113,8 @@ void ReviewPage::addNotice(const Notice& notice, QVBoxLayout& column) {
         shell::setRole(saving, "figure");
         head->addWidget(saving);
     } else {
+        auto* const level = new QLabel(sign.text, parent);
+        shell::setRole(level, sign.role);
         head->addWidget(level);
     }
     column.addLayout(head);

@@ -54,6 +54,14 @@ bool holds(const forms::Page& page, const std::string& path) {
     });
 }
 
+/// Puts the user's appearance in use.
+Appearance appearanceOf(const Settings& settings) {
+    const auto appearance =
+        static_cast<Appearance>(std::clamp(settings.number("appearance").value_or(0), 0, 2));
+    Theme::apply(*qobject_cast<QApplication*>(qApp), appearance);
+    return appearance;
+}
+
 } // namespace
 
 const std::vector<PageEntry>& MainWindow::pages() {
@@ -70,6 +78,7 @@ const std::vector<PageEntry>& MainWindow::pages() {
 
 MainWindow::MainWindow(AppStore& store, Settings& settings, QWidget* parent)
     : QMainWindow(parent), store_(store), settings_(settings),
+      appearance_(appearanceOf(settings)), // fonts and colours before the first widget
       sidebar_(new Sidebar(store, pages(), this)), stack_(new QStackedWidget(this)),
       banner_(new QLabel(this)), bannerClose_(new QPushButton(u"Verstanden"_s, this)),
       taxBar_(new TaxBar(store, this)), search_(new SearchDialog(this)),
@@ -396,8 +405,6 @@ void MainWindow::applyTheme() {
 }
 
 void MainWindow::restoreWindow() {
-    const int appearance = settings_.number("appearance").value_or(0);
-    appearance_ = static_cast<Appearance>(std::clamp(appearance, 0, 2));
     const int width = settings_.number("windowWidth").value_or(1280);
     const int height = settings_.number("windowHeight").value_or(820);
     resize(std::clamp(width, 1000, 10'000), std::clamp(height, 640, 10'000));
@@ -405,8 +412,6 @@ void MainWindow::restoreWindow() {
         setWindowState(Qt::WindowMaximized);
     }
     page_ = qs(settings_.text("lastPage").value_or("overview"));
-    Theme::apply(*qobject_cast<QApplication*>(qApp), appearance_);
-    sidebar_->refreshTheme();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -78,7 +78,7 @@ class MainWindow final : public QMainWindow {
 
     AppStore& store_;
     Settings& settings_;
-    Appearance appearance_ = Appearance::system;
+    Appearance appearance_;
     Sidebar* sidebar_;
     QStackedWidget* stack_;
     QLabel* banner_;

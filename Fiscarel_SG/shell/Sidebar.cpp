@@ -82,6 +82,9 @@ void Sidebar::addPage(const PageEntry& page, QVBoxLayout& column) {
 void Sidebar::setPage(const QString& id) {
     if (const auto found = buttons_.find(id); found != buttons_.end()) {
         found->second->setChecked(true);
+        if (!isVisible()) {
+            found->second->setFocus(); // where the keyboard is at the start
+        }
     }
 }
 

@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace fiscarel::shell {
 
@@ -137,8 +138,10 @@ void TaxBar::refresh() {
                             store_.current().taxRegion() == taxcore::TaxRegion::liechtenstein);
         const Decimal capital = *sum - result->bill.total();
         if (capital > 0) {
-            entries.insert(entries.begin() + static_cast<std::ptrdiff_t>(entries.size()) - 2,
-                           {u"Kapitalleistungen"_s, money(capital), "kapitalleistungen"});
+            const auto income = std::ranges::find_if(entries, [](const Entry& entry) {
+                return entry.code == "steuerbaresEinkommen" || entry.code == "650";
+            });
+            entries.insert(income, {u"Kapitalleistungen"_s, money(capital), "kapitalleistungen"});
         }
     }
     for (std::size_t i = 0; i < rows_.size(); ++i) {

@@ -59,7 +59,7 @@ QLabel[role="product"] { font-size: 13pt; font-weight: 700; }
 QLabel[role="faint"] { color: {faint}; }
 QLabel[role="small"] { color: {faint}; font-size: 9pt; }
 QLabel[role="figure"] { font-weight: 600; }
-QLabel[role="total"] { font-size: 22pt; font-weight: 600; }
+QLabel[role="total"] { font-size: 19pt; font-weight: 600; }
 QLabel[role="error"] { color: {error}; font-size: 9pt; }
 QLabel[role="warning"] { color: {warning}; }
 QLabel[role="good"] { color: {good}; }
@@ -71,7 +71,8 @@ QLineEdit, QPlainTextEdit, QComboBox, QSpinBox {
 QLineEdit:focus, QPlainTextEdit:focus, QComboBox:focus, QSpinBox:focus { border: 2px solid {accent}; padding: 3px 7px; }
 QLineEdit[problem="true"], QPlainTextEdit[problem="true"], QComboBox[problem="true"] { border: 2px solid {error}; padding: 3px 7px; }
 QLineEdit:disabled, QComboBox:disabled { color: {faint}; border-color: {border}; }
-QComboBox::drop-down { border: none; width: 22px; }
+QComboBox::drop-down { border: none; width: 24px; }
+QComboBox::down-arrow { image: url(:/icons/down-{marks}.svg); width: 12px; height: 12px; }
 QComboBox QAbstractItemView { background: {card}; color: {text}; border: 1px solid {strong}; selection-background-color: {accent}; selection-color: {onAccent}; }
 QPushButton { background: {card}; color: {text}; border: 1px solid {strong}; border-radius: 5px; padding: 5px 14px; min-height: 20px; }
 QPushButton:hover { background: {soft}; }
@@ -96,6 +97,11 @@ QToolButton { background: transparent; border: 1px solid transparent; border-rad
 QToolButton:hover { background: {soft}; }
 QToolButton:focus { border: 1px solid {accent}; }
 QCheckBox { spacing: 8px; border: 1px solid transparent; border-radius: 4px; padding: 2px; }
+QCheckBox::indicator, QTableView::indicator { width: 16px; height: 16px; border: 1px solid {strong}; border-radius: 4px; background: {card}; }
+QCheckBox::indicator:checked, QTableView::indicator:checked { background: {accent}; border-color: {accent}; image: url(:/icons/check-{marks}.svg); }
+QRadioButton::indicator { width: 14px; height: 14px; border: 1px solid {strong}; border-radius: 8px; background: {card}; }
+QRadioButton::indicator:checked { border: 5px solid {accent}; width: 6px; height: 6px; }
+QRadioButton:focus { border: 1px solid {accent}; border-radius: 4px; }
 QCheckBox:focus { border: 1px solid {accent}; }
 QTableView, QTreeView, QListView { background: {card}; color: {text}; border: 1px solid {border}; border-radius: 6px; gridline-color: {border}; alternate-background-color: {window}; selection-background-color: {soft}; selection-color: {text}; }
 QTableView:focus, QTreeView:focus, QListView:focus { border: 1px solid {accent}; }
@@ -132,6 +138,7 @@ QString sheetOf(const Theme& theme) {
         Name{u"{good}"_s, theme.good},
     };
     QString text = sheet();
+    text.replace(u"{marks}"_s, theme.isDark ? u"dark"_s : u"light"_s);
     for (const Name& name : names) {
         text.replace(name.name, name.color.name());
     }

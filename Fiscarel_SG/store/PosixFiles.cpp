@@ -340,9 +340,10 @@ FileResult<void> PosixFiles::makeFolder(const fs::path& folder) {
             return above;
         }
     }
-    if (::mkdir(folder.c_str(), onlyUserFolder) != 0 && errno != EEXIST) {
-        return failed(folder);
+    if (::mkdir(folder.c_str(), onlyUserFolder) != 0) {
+        return errno == EEXIST ? FileResult<void>{} : failed(folder);
     }
+    (void)syncFolder(folder.parent_path()); // it is there, whatever a sync tells
     return {};
 }
 

@@ -59,7 +59,8 @@ bool act(const std::string& name, StateSession& session, WorkQueue& queue, const
     }
     if (name == "reset") {
         session.store().resetYear();
-        return true;
+        queue.drain();
+        return !session.store().loadError();
     }
     enter(session.store(), enteredName);
     return true;
