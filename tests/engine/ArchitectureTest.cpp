@@ -83,8 +83,47 @@ TEST(Architecture, theEngineKnowsNoBinaryFloatingPoint) {
     }
 }
 
+/// What may include what above the engine: the command line uses `store` without Qt, the store
+/// knows no widgets.
+TEST(Architecture, theApplicationIncludesOnlyDownwards) {
+    const auto place = [](const std::string& name) {
+        const std::size_t begin = name.find('/') + 1;
+        const std::size_t end = name.find('/', begin);
+        return end == std::string::npos ? std::string("top") : name.substr(begin, end - begin);
+    };
+    const std::map<std::string, std::set<std::string>> above{
+        {"store", {"forms", "pages", "shell"}},
+        {"top", {"forms", "pages", "shell"}},
+        {"forms", {"pages"}},
+    };
+    const std::regex widget(
+        "QWidget|QDialog|Q[A-Z][A-Za-z]*(Edit|Box|Button|Label|View|Layout|Window)|QApplication");
+    std::size_t seen = 0;
+    for (const fs::path& file : codeBelow(sources / "Fiscarel_SG")) {
+        const std::string own = place(fs::relative(file, sources).string());
+        const std::string name = file.filename().string();
+        const auto forbidden = above.find(own);
+        if (name == "main.cpp" || forbidden == above.end()) {
+            continue;
+        }
+        ++seen;
+        const bool withoutQt = own == "store" && !name.starts_with("Qt");
+        for (const std::string& include : includesOf(file)) {
+            if (include.starts_with("Fiscarel_SG/")) {
+                EXPECT_FALSE(forbidden->second.contains(place(include)))
+                    << file << " includes upwards: " << include;
+            }
+            EXPECT_FALSE(own != "forms" && std::regex_match(include, widget))
+                << file << " " << include;
+            EXPECT_FALSE(withoutQt && std::regex_match(include, std::regex("Q[A-Z].*")))
+                << file << " " << include;
+        }
+    }
+    EXPECT_GT(seen, 40U);
+}
+
 TEST(Architecture, everyHeaderIsIncludedOnce) {
-    for (const char* folder : {"TaxCore", "cli"}) {
+    for (const char* folder : {"TaxCore", "Fiscarel_SG", "cli"}) {
         for (const fs::path& file : codeBelow(sources / folder)) {
             if (file.extension() == ".h") {
                 std::ifstream in(file);
