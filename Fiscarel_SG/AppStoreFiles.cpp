@@ -58,11 +58,24 @@ void AppStore::saveNow() {
     }
     ++savesUnderWay_;
     const bool fromCloud = applyingRemote_;
+    // The user's data is safe once the state file is; the backup follows behind it.
+    auto* const persistence = services_.persistence;
+    const auto encoded = std::make_shared<const std::string>(encodeState(state_));
+    const auto written = std::make_shared<bool>(false);
     services_.writer.post<FileResult<void>>(
-        [persistence = services_.persistence, encoded = encodeState(state_)] {
-            return persistence->save(encoded);
+        [persistence, encoded, written] {
+            auto outcome = persistence->save(*encoded);
+            *written = outcome.has_value();
+            return outcome;
         },
         [this, fromCloud](const FileResult<void>& outcome) { saved(outcome, fromCloud); });
+    services_.writer.post(
+        [persistence, encoded, written] {
+            if (*written) {
+                persistence->backupIfNeeded(*encoded);
+            }
+        },
+        [] {});
     Q_EMIT saveStateChanged();
 }
 

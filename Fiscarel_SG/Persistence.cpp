@@ -116,11 +116,7 @@ FileResult<void> Persistence::save(std::string_view encoded) {
             return ready;
         }
     }
-    if (auto written = files_.write(stateFile(), encoded); !written) {
-        return written;
-    }
-    backupIfNeeded(encoded);
-    return {};
+    return files_.write(stateFile(), encoded);
 }
 
 void Persistence::backupIfNeeded(std::string_view encoded) {

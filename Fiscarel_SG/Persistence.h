@@ -50,10 +50,12 @@ class Persistence {
 
     /// Reads the state file. One that cannot be read is copied among the backups, once per content.
     LoadedState load();
-    /// Writes the state file, then today's backup, and prunes the backups. Only the state file
-    /// counts; what goes wrong with backups is passed over. A state file that was unusable is not
-    /// written over before `beginAnew` has worked.
+    /// Writes the state file. One that was unusable is not written over before `beginAnew` has
+    /// worked.
     FileResult<void> save(std::string_view encoded);
+    /// Writes today's backup with the bytes of the state file and prunes the backups. What goes
+    /// wrong here does not matter to the state and is passed over.
+    void backupIfNeeded(std::string_view encoded);
 
     /// Makes sure that a copy of an unusable state file lies among the backups, and of today's
     /// backup under the label "vor-neubeginn". Copies that are there already are not made again;
@@ -96,7 +98,6 @@ class Persistence {
 
     bool isSecondName(const BackupFile& backup, const FileEntry& file);
     FileResult<void> keep(const std::filesystem::path& file, std::string_view label);
-    void backupIfNeeded(std::string_view encoded);
     FileResult<std::filesystem::path> freeBackupName(std::string_view label);
 
     FileSystem& files_;

@@ -20,6 +20,11 @@ class PersistenceTest : public ::testing::Test {
     testing::FakeClock clock;
     Persistence persistence{files, clock, folder.path() / "Brennick"};
 
+    /// As the store saves.
+    void save(std::string_view state) {
+        ASSERT_TRUE(persistence.save(state).has_value());
+        persistence.backupIfNeeded(state);
+    }
     std::set<std::string> backups() {
         std::set<std::string> names;
         const auto entries = files.list(persistence.backupsFolder());
@@ -32,19 +37,19 @@ class PersistenceTest : public ::testing::Test {
 
 TEST_F(PersistenceTest, keepsOneBackupADayWithTheLastState) {
     for (const char* state : {"1", "2", "3"}) {
-        ASSERT_TRUE(persistence.save(state).has_value());
+        save(state);
     }
     EXPECT_EQ(backups(), std::set<std::string>{"daten-2026-03-08.json"});
     EXPECT_EQ(testing::readFile(persistence.backupsFolder() / "daten-2026-03-08.json"), "3");
     clock.moment.seconds += 4 * 3600; // past midnight where the user is
-    ASSERT_TRUE(persistence.save("4").has_value());
+    save("4");
     EXPECT_TRUE(backups().contains("daten-2026-03-09.json"));
     EXPECT_EQ(testing::readFile(persistence.stateFile()), "4");
 }
 
 TEST_F(PersistenceTest, keepsThirtyFilesAndNeverLosesTheNewestDay) {
     for (int day = 0; day < 31; ++day, clock.nextDay()) {
-        ASSERT_TRUE(persistence.save("x").has_value());
+        save("x");
     }
     EXPECT_EQ(backups().size(), 30U);
     EXPECT_FALSE(backups().contains("daten-2026-03-08.json"));
@@ -53,7 +58,7 @@ TEST_F(PersistenceTest, keepsThirtyFilesAndNeverLosesTheNewestDay) {
         ASSERT_TRUE(persistence.backup(std::string_view("y"), backup::beforeCloud).has_value());
     }
     EXPECT_EQ(backups().size(), 65U) << "a second one in a second takes the next second's name";
-    ASSERT_TRUE(persistence.save("z").has_value());
+    save("z");
     EXPECT_EQ(backups().size(), 31U);
     const std::string today = BackupName::daily(clock.local()).fileName();
     EXPECT_EQ(std::ranges::count_if(
@@ -85,7 +90,7 @@ TEST_F(PersistenceTest, namesTellLabelAndTime) {
 
 TEST_F(PersistenceTest, filesAreForTheUserAlone) {
     namespace fs = std::filesystem;
-    ASSERT_TRUE(persistence.save("x").has_value());
+    save("x");
     testing::writeFile(folder.path() / "beleg.pdf", "x");
     const auto name = persistence.importFile(folder.path() / "beleg.pdf").value();
     const auto others = fs::perms::group_all | fs::perms::others_all;
