@@ -125,10 +125,12 @@ void savingEncode(benchmark::State& state) {
 }
 BENCHMARK(savingEncode)->Unit(benchmark::kMillisecond);
 
+/// To a new file, as a file that is to appear whole must be.
 void savingBytesAlone(benchmark::State& state) {
     const fs::path file = folder() / "bytes";
     for (auto _ : state) {
-        const int out = ::open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+        ::unlink(file.c_str());
+        const int out = ::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL, 0600);
         if (::write(out, encoded().data(), encoded().size()) < 0 || ::fsync(out) != 0) {
             state.SkipWithError("the disk does not take it");
         }

@@ -15,6 +15,7 @@
 #include <QLocale>
 #include <QMessageBox>
 #include <QPointer>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -82,6 +83,13 @@ void AccountPage::addData() {
         });
     line->addStretch(1);
     card.addLayout(line);
+    auto* const archiveLine = new QHBoxLayout;
+    connect(addButton(*archiveLine, u"Archiv mit Belegen erstellen …"_s, "exportArchive"),
+            &QPushButton::clicked, this, &AccountPage::exportArchive);
+    connect(addButton(*archiveLine, u"Archiv einlesen …"_s, "importArchive"), &QPushButton::clicked,
+            this, &AccountPage::importArchive);
+    archiveLine->addStretch(1);
+    card.addLayout(archiveLine);
     auto* const resetLine = new QHBoxLayout;
     connect(addButton(*resetLine, u"Steuerjahr zurücksetzen …"_s, "resetYear"),
             &QPushButton::clicked, this, &AccountPage::resetWanted);
@@ -223,6 +231,85 @@ void AccountPage::importData() {
                 self->say(problem, u"Die Daten sind übernommen."_s);
             }
         });
+    }
+}
+
+namespace {
+
+QString documents(std::size_t count) {
+    return count == 1 ? u"1 Beleg"_s : u"%1 Belege"_s.arg(count);
+}
+
+/// What an archive holds or brought, in one sentence.
+QString told(const ArchiveReport& report, const QString& done) {
+    QString text = u"%1 %2"_s.arg(done, documents(report.documents));
+    if (report.alreadyThere > 0) {
+        text += u", %1 schon vorhanden"_s.arg(documents(report.alreadyThere));
+    }
+    if (report.missing > 0) {
+        text += u"; %1 ohne Datei"_s.arg(documents(report.missing));
+    }
+    return text + u"."_s;
+}
+
+/// A window that shows how far work with an archive is and lets it be stopped.
+ArchiveProgress shownIn(const QPointer<QProgressDialog>& dialog) {
+    return [dialog](std::uint64_t done, std::uint64_t total) {
+        if (!dialog || dialog->wasCanceled()) {
+            return false;
+        }
+        const auto promille = total > 0 ? done * 1'000 / total : 0;
+        dialog->setValue(static_cast<int>(std::min<std::uint64_t>(promille, 999)));
+        return true;
+    };
+}
+
+} // namespace
+
+/// Shows the progress of `work` and says at its end how it went.
+void AccountPage::withArchive(
+    const QString& doing, const QString& done,
+    const std::function<void(ArchiveProgress, AppStore::ArchiveDone)>& work) {
+    auto* const dialog = new QProgressDialog(doing, u"Abbrechen"_s, 0, 1'000, this);
+    dialog->setWindowModality(Qt::WindowModal);
+    dialog->setMinimumDuration(400);
+    const QPointer<QProgressDialog> shown(dialog);
+    work(shownIn(shown), [self = QPointer(this), shown, done](const AppStore::Archived& outcome) {
+        if (shown) {
+            shown->deleteLater();
+        }
+        if (!self) {
+            return;
+        }
+        if (outcome) {
+            self->say(std::nullopt, told(*outcome, done));
+        } else {
+            self->say(outcome.error().isStopped ? "Abgebrochen; es hat sich nichts geändert."
+                                                : outcome.error().message,
+                      {});
+        }
+    });
+}
+
+void AccountPage::exportArchive() {
+    const QString file = QFileDialog::getSaveFileName(this, u"Archiv mit Belegen erstellen"_s,
+                                                      qs(archiveFileName), u"ZIP (*.zip)"_s);
+    if (!file.isEmpty()) {
+        withArchive(u"Das Archiv wird geschrieben …"_s, u"Das Archiv ist erstellt:"_s,
+                    [&](ArchiveProgress progress, AppStore::ArchiveDone done) {
+                        store_.exportArchive(utf8(file), std::move(progress), std::move(done));
+                    });
+    }
+}
+
+void AccountPage::importArchive() {
+    const QString file =
+        QFileDialog::getOpenFileName(this, u"Archiv einlesen"_s, QString(), u"ZIP (*.zip)"_s);
+    if (!file.isEmpty()) {
+        withArchive(u"Das Archiv wird gelesen …"_s, u"Das Archiv ist übernommen:"_s,
+                    [&](ArchiveProgress progress, AppStore::ArchiveDone done) {
+                        store_.importArchive(utf8(file), std::move(progress), std::move(done));
+                    });
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #ifndef Q_MOC_RUN
+#include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/shell/PageFrame.h"
 #include "Fiscarel_SG/shell/PageWidget.h"
 #include "Fiscarel_SG/shell/Theme.h"
@@ -12,10 +13,6 @@
 class QLabel;
 class QListWidget;
 class QPushButton;
-
-namespace fiscarel {
-class AppStore;
-}
 
 namespace fiscarel::pages {
 
@@ -44,6 +41,10 @@ class AccountPage final : public shell::PageWidget {
     void say(const std::optional<std::string>& problem, const QString& done);
     void exportData();
     void importData();
+    void exportArchive();
+    void importArchive();
+    void withArchive(const QString& doing, const QString& done,
+                     const std::function<void(ArchiveProgress, AppStore::ArchiveDone)>& work);
 
     AppStore& store_;
     shell::PageFrame* frame_;
