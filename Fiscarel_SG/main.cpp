@@ -7,9 +7,15 @@
 #include "Fiscarel_SG/store/QtServices.h"
 #include "Fiscarel_SG/store/WriterThread.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <QApplication>
 #include <QMessageBox>
+#include <QSocketNotifier>
 #include <QTimer>
+#include <array>
+#include <csignal>
 #include <memory>
 
 namespace {
@@ -27,6 +33,27 @@ int alreadyOpen(const shell::SingleInstance& instance) {
         nullptr, u"Fiscarel SG"_s,
         u"Fiscarel SG ist bereits geöffnet. Bitte im offenen Fenster weiterarbeiten."_s);
     return 0;
+}
+
+/// The ends of a pipe through which a signal reaches the event loop.
+std::array<int, 2> endPipe{-1, -1};
+
+/// Ends the program in order, with what is unsaved saved, when the session ends or somebody asks
+/// the process to go.
+void endOnSignals(QObject& parent) {
+    if (::pipe2(endPipe.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
+        return;
+    }
+    auto* const notifier = new QSocketNotifier(endPipe[0], QSocketNotifier::Read, &parent);
+    QObject::connect(notifier, &QSocketNotifier::activated, &parent, [] { QApplication::quit(); });
+    struct sigaction action = {};
+    action.sa_handler = [](int) {
+        const char byte = 0;
+        (void)!::write(endPipe[1], &byte, 1);
+    };
+    for (const int signal : {SIGTERM, SIGHUP, SIGINT}) {
+        ::sigaction(signal, &action, nullptr);
+    }
 }
 
 } // namespace
@@ -64,6 +91,7 @@ int main(int argc, char** argv) {
         QMetaObject::invokeMethod(
             &onMainThread, [&] { writer.deliver(); }, Qt::QueuedConnection);
     });
+    endOnSignals(onMainThread);
     AppStore store({persistence.get(), writer, clock, timers, settings}, launch);
     shell::MainWindow window(store, settings);
     window.show();

@@ -72,7 +72,7 @@ void Sidebar::addPage(const PageEntry& page, QVBoxLayout& column) {
     setRole(badge, "badge");
     badge->setAttribute(Qt::WA_TransparentForMouseEvents);
     badge->hide();
-    inside->addWidget(badge);
+    inside->addWidget(badge, 0, Qt::AlignVCenter);
     column.addWidget(button);
     buttons_[page.id] = button;
     badges_[page.id] = badge;
