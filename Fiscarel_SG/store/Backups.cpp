@@ -54,6 +54,7 @@ std::string BackupName::fileName() const {
 
 std::vector<std::string> backupsToPrune(const std::vector<FileEntry>& entries) {
     std::vector<std::string> names;
+    names.reserve(entries.size());
     for (const FileEntry& entry : entries) {
         names.push_back(entry.name);
     }

@@ -110,14 +110,10 @@ void History::dropStale(const PersistedState& state) {
 }
 
 void History::dropStale(std::vector<Edit>& edits, Direction direction, PersistedState state) {
-    std::vector<Edit> kept;
-    for (auto edit = edits.rbegin(); edit != edits.rend(); ++edit) {
-        if (apply(*edit, direction, state)) {
-            kept.push_back(std::move(*edit));
-        }
-    }
-    std::ranges::reverse(kept);
-    edits = std::move(kept);
+    // The newest applies to the state as it is, each earlier one to what the later ones leave.
+    std::ranges::reverse(edits);
+    std::erase_if(edits, [&](const Edit& edit) { return !apply(edit, direction, state); });
+    std::ranges::reverse(edits);
 }
 
 void History::clear() noexcept {
