@@ -10,6 +10,7 @@
 #include "Fiscarel_SG/pages/ReportPage.h"
 #include "Fiscarel_SG/pages/ReviewPage.h"
 #include "Fiscarel_SG/pages/TransferPage.h"
+#include "Fiscarel_SG/pages/overview/KeyboardOrder.h"
 #include "Fiscarel_SG/shell/Icons.h"
 #include "Fiscarel_SG/shell/ReasonDialog.h"
 #include "Fiscarel_SG/shell/SearchDialog.h"
@@ -210,6 +211,12 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
         }
     }
     return QMainWindow::eventFilter(watched, event);
+}
+
+/// Rows come and go while one types; the keyboard goes through them as they stand now.
+bool MainWindow::focusNextPrevChild(bool next) {
+    pages::orderByLayout(*centralWidget()->layout());
+    return QMainWindow::focusNextPrevChild(next);
 }
 
 PageWidget* MainWindow::makePage(const QString& id) {
