@@ -86,7 +86,8 @@ bool FormPage::reveal(const std::string& path) {
     for (const SectionView& view : sections_) {
         for (CardView* card : view.cards) {
             if (!view.widget->isHidden() && !card->isHidden() && card->reveal(path)) {
-                if (QWidget* const focused = QApplication::focusWidget()) {
+                // The window's, which may not be the active one yet when a dialog led here.
+                if (QWidget* const focused = window()->focusWidget()) {
                     frame_->show(focused);
                 }
                 return true;

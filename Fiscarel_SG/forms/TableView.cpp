@@ -254,15 +254,20 @@ int RecordModel::paste(const QModelIndex& from, const QString& text) {
     return refused;
 }
 
+/// Rows come and go at the end, so that who is typing keeps the cell; the empty row stays last.
 void RecordModel::reload() {
     const std::size_t now = records();
-    if (now != shownRecords_) {
-        beginResetModel();
+    if (now > shownRecords_) {
+        beginInsertRows({}, static_cast<int>(shownRecords_) + 1, static_cast<int>(now));
         shownRecords_ = now;
-        endResetModel();
-    } else {
-        Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+        endInsertRows();
+    } else if (now < shownRecords_) {
+        beginRemoveRows({}, static_cast<int>(now) + 1, static_cast<int>(shownRecords_));
+        shownRecords_ = now;
+        endRemoveRows();
     }
+    Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+    Q_EMIT headerDataChanged(Qt::Vertical, 0, rowCount() - 1);
 }
 
 TableView::TableView(ListCard card, AppStore& store, const EditorContext&, QWidget* parent)

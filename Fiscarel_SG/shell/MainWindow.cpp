@@ -10,6 +10,7 @@
 #include "Fiscarel_SG/pages/ReportPage.h"
 #include "Fiscarel_SG/pages/ReviewPage.h"
 #include "Fiscarel_SG/pages/TransferPage.h"
+#include "Fiscarel_SG/pages/overview/KeyboardOrder.h"
 #include "Fiscarel_SG/shell/Icons.h"
 #include "Fiscarel_SG/shell/ReasonDialog.h"
 #include "Fiscarel_SG/shell/SearchDialog.h"
@@ -29,6 +30,7 @@
 #include <QStatusBar>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <cstdlib>
 
 namespace fiscarel::shell {
 
@@ -39,19 +41,35 @@ namespace {
 constexpr int narrow = 1180; ///< below this width the tax bar gives way
 constexpr int messageTime = 5'000;
 
-/// Whether a field or list at a path stands on a page.
-bool holds(const forms::Page& page, const std::string& path) {
-    const auto holdsCard = [&](const forms::Card& card) {
-        if (const auto* fields = std::get_if<forms::FieldsCard>(&card)) {
-            return std::ranges::any_of(
-                fields->fields, [&](const forms::BoundField& field) { return field.path == path; });
+/// What a page has of a path. The records of a list may stand on two pages, each with fields of its
+/// own.
+enum class Has { nothing, record, field };
+
+Has has(const forms::Card& card, const std::string& path) {
+    const auto isAtPath = [&](const forms::BoundField& field) { return field.path == path; };
+    if (const auto* fields = std::get_if<forms::FieldsCard>(&card)) {
+        return std::ranges::any_of(fields->fields, isAtPath) ? Has::field : Has::nothing;
+    }
+    const auto& list = std::get<forms::ListCard>(card);
+    if (path == list.path) {
+        return Has::field;
+    }
+    if (!path.starts_with(list.path + "[")) {
+        return Has::nothing;
+    }
+    const auto index =
+        static_cast<std::size_t>(std::strtoul(path.c_str() + list.path.size() + 1, nullptr, 10));
+    return std::ranges::any_of(list.fields(index), isAtPath) ? Has::field : Has::record;
+}
+
+Has has(const forms::Page& page, const std::string& path) {
+    Has best = Has::nothing;
+    for (const forms::Section& section : page.sections) {
+        for (const forms::Card& card : section.cards) {
+            best = std::max(best, has(card, path));
         }
-        const std::string& list = std::get<forms::ListCard>(card).path;
-        return path == list || path.starts_with(list + "[");
-    };
-    return std::ranges::any_of(page.sections, [&](const forms::Section& section) {
-        return std::ranges::any_of(section.cards, holdsCard);
-    });
+    }
+    return best;
 }
 
 /// Puts the user's appearance in use.
@@ -195,6 +213,12 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     return QMainWindow::eventFilter(watched, event);
 }
 
+/// Rows come and go while one types; the keyboard goes through them as they stand now.
+bool MainWindow::focusNextPrevChild(bool next) {
+    pages::orderByLayout(*centralWidget()->layout());
+    return QMainWindow::focusNextPrevChild(next);
+}
+
 PageWidget* MainWindow::makePage(const QString& id) {
     const auto form = std::ranges::find(forms_, utf8(id), &forms::Page::id);
     if (form != forms_.end()) {
@@ -258,9 +282,9 @@ void MainWindow::showPage(const QString& id) {
 }
 
 bool MainWindow::showField(const QString& path) {
-    const auto page = std::ranges::find_if(
-        forms_, [&](const forms::Page& form) { return holds(form, utf8(path)); });
-    if (page == forms_.end()) {
+    const auto page = std::ranges::max_element(
+        forms_, {}, [&](const forms::Page& form) { return has(form, utf8(path)); });
+    if (page == forms_.end() || has(*page, utf8(path)) == Has::nothing) {
         return false;
     }
     showPage(qs(page->id));

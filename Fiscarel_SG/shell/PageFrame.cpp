@@ -2,9 +2,11 @@
 
 #include "Fiscarel_SG/shell/Theme.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QScrollArea>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace fiscarel::shell {
@@ -12,6 +14,8 @@ namespace fiscarel::shell {
 namespace {
 
 constexpr int columnWidth = 860;
+constexpr int margin = 80;    ///< around what is shown
+constexpr int settling = 150; ///< milliseconds until a page has its form
 
 } // namespace
 
@@ -36,6 +40,7 @@ PageFrame::PageFrame(const QString& title, const QString& help, QWidget* parent)
     centred->addWidget(column, 1000);
     centred->addStretch(1);
     scroll_->setWidget(inner);
+    inner->installEventFilter(this);
 
     auto* const heading = new QLabel(title, column);
     setRole(heading, "title");
@@ -48,6 +53,22 @@ PageFrame::PageFrame(const QString& title, const QString& help, QWidget* parent)
     }
 }
 
-void PageFrame::show(QWidget* widget) { scroll_->ensureWidgetVisible(widget, 0, 80); }
+/// A page just opened, or a row in it, finds its place in several rounds of the layouts.
+void PageFrame::show(QWidget* widget) {
+    sought_ = widget;
+    scroll_->ensureWidgetVisible(widget, 0, margin);
+    QTimer::singleShot(settling, this, [this] { sought_.clear(); });
+}
+
+bool PageFrame::eventFilter(QObject* watched, QEvent* event) {
+    if (sought_ && (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest)) {
+        QTimer::singleShot(0, sought_, [this] {
+            if (sought_) {
+                scroll_->ensureWidgetVisible(sought_, 0, margin);
+            }
+        });
+    }
+    return QWidget::eventFilter(watched, event);
+}
 
 } // namespace fiscarel::shell

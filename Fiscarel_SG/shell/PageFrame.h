@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPointer>
 #include <QString>
 #include <QWidget>
 
@@ -20,9 +21,13 @@ class PageFrame final : public QWidget {
     /// Scrolls so that a widget within can be seen.
     void show(QWidget* widget);
 
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
     QScrollArea* scroll_;
     QVBoxLayout* column_;
+    QPointer<QWidget> sought_; ///< what is to stay in sight while the page takes its form
 };
 
 } // namespace fiscarel::shell

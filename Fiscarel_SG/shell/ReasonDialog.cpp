@@ -78,6 +78,7 @@ ReasonDialog::ReasonDialog(AppStore& store, QWidget* parent)
     title_->setWordWrap(true);
     scroll_->setWidgetResizable(true);
     scroll_->setFrameShape(QFrame::NoFrame);
+    scroll_->setAccessibleName(u"Herleitung"_s);
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     buttons->button(QDialogButtonBox::Close)->setText(u"Schliessen"_s);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

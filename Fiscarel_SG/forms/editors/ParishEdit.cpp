@@ -20,21 +20,30 @@ bool isOffered(const std::vector<Option>& options, const Value& value) {
 ParishEdit::ParishEdit(BoundField field, const EditorContext& context, QWidget* parent)
     : ChoiceEdit(std::move(field), parent), context_(context) {
     if (context_.taxCase) {
-        municipality_ = context_.taxCase().municipality;
+        offeredFor_ = context_.taxCase().municipality;
+        followed_ = offeredFor_;
     }
     setOptions(offered());
 }
 
+/// The page shows every change first, without a path; what the user edited comes behind it.
 void ParishEdit::refresh(const QString& editedPath) {
-    if (!context_.taxCase || context_.taxCase().municipality == municipality_) {
+    if (!context_.taxCase) {
         return;
     }
-    municipality_ = context_.taxCase().municipality;
-    setOptions(offered());
-    if (editedPath != toQString(municipalityPath) || isOffered(options(), value())) {
+    const std::string& now = context_.taxCase().municipality;
+    if (now != offeredFor_) {
+        offeredFor_ = now;
+        setOptions(offered());
+    }
+    if (editedPath != toQString(municipalityPath)) {
         return;
     }
-    take(options().size() == 1 ? Value(options().front().raw) : Value());
+    const bool wasCleared = now == followed_ && value() == Value();
+    followed_ = now;
+    if (!wasCleared && !isOffered(options(), value())) {
+        take(options().size() == 1 ? Value(options().front().raw) : Value());
+    }
 }
 
 /// A parish of elsewhere is told, not dropped: who moved may have entered it first.
@@ -45,7 +54,7 @@ void ParishEdit::changed() {
     if (name != nullptr && !name->empty() && !isOffered(options(), entered) && !options().empty()) {
         problem = QStringLiteral("Die Kirchgemeinde «%1» gehört nicht zu %2. Wählen Sie eine aus "
                                  "der Liste.")
-                      .arg(toQString(*name), toQString(municipality_));
+                      .arg(toQString(*name), toQString(offeredFor_));
     }
     box()->setMarked(!problem.isEmpty());
     setProblem(problem);
@@ -55,7 +64,7 @@ std::vector<Option> ParishEdit::offered() const {
     std::vector<Option> offered;
     const auto* const rules = context_.page.stGallen;
     const auto* const municipality =
-        rules != nullptr ? rules->municipalities.municipality(municipality_) : nullptr;
+        rules != nullptr ? rules->municipalities.municipality(offeredFor_) : nullptr;
     if (municipality != nullptr) {
         for (const auto& parish : municipality->parishes) {
             offered.push_back({parish.name, parish.name});

@@ -19,7 +19,8 @@ class ParishEdit final : public ChoiceEdit {
     std::vector<Option> offered() const;
 
     EditorContext context_;
-    std::string municipality_;
+    std::string offeredFor_; ///< the municipality whose parishes are offered
+    std::string followed_;   ///< the one the user last chose, as far as it is known here
 };
 
 } // namespace fiscarel::forms

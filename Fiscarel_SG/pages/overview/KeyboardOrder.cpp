@@ -1,12 +1,25 @@
 #include "Fiscarel_SG/pages/overview/KeyboardOrder.h"
 
 #include <QLayout>
+#include <QScrollArea>
+#include <QStackedWidget>
 #include <QWidget>
 #include <vector>
 
 namespace fiscarel::pages {
 
 namespace {
+
+/// The layout of what is seen in a widget.
+const QLayout* contentOf(const QWidget& widget) {
+    if (const auto* const stack = qobject_cast<const QStackedWidget*>(&widget)) {
+        return stack->currentWidget() != nullptr ? stack->currentWidget()->layout() : nullptr;
+    }
+    if (const auto* const area = qobject_cast<const QScrollArea*>(&widget)) {
+        return area->widget() != nullptr ? area->widget()->layout() : nullptr;
+    }
+    return widget.layout();
+}
 
 void collect(const QLayout& layout, std::vector<QWidget*>& widgets) {
     for (int i = 0; i < layout.count(); ++i) {
@@ -20,7 +33,7 @@ void collect(const QLayout& layout, std::vector<QWidget*>& widgets) {
         }
         if ((widget->focusPolicy() & Qt::TabFocus) != 0) {
             widgets.push_back(widget);
-        } else if (const QLayout* const inside = widget->layout()) {
+        } else if (const QLayout* const inside = contentOf(*widget)) {
             collect(*inside, widgets);
         }
     }
