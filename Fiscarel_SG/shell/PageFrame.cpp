@@ -5,6 +5,8 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QScrollArea>
+#include <QScrollBar>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace fiscarel::shell {
@@ -26,7 +28,13 @@ PageFrame::PageFrame(const QString& title, const QString& help, QWidget* parent)
 
     auto* const inner = new QWidget(scroll_);
     auto* const centred = new QHBoxLayout(inner);
-    centred->setContentsMargins(24, 20, 24, 24);
+    // A page that needs no scroll bar leaves its room free: cards are as wide on every page.
+    const auto keepRoom = [this, centred](int, int most) {
+        const int bar = most > 0 ? 0 : scroll_->verticalScrollBar()->sizeHint().width();
+        centred->setContentsMargins(24, 20, 24 + bar, 24);
+    };
+    keepRoom(0, 0);
+    connect(scroll_->verticalScrollBar(), &QScrollBar::rangeChanged, this, keepRoom);
     auto* const column = new QWidget(inner);
     column->setMaximumWidth(columnWidth);
     column->setLayout(column_);
@@ -49,5 +57,12 @@ PageFrame::PageFrame(const QString& title, const QString& help, QWidget* parent)
 }
 
 void PageFrame::show(QWidget* widget) { scroll_->ensureWidgetVisible(widget, 0, 80); }
+
+int PageFrame::position() const { return scroll_->verticalScrollBar()->value(); }
+
+void PageFrame::setPosition(int position) {
+    QTimer::singleShot(0, this,
+                       [this, position] { scroll_->verticalScrollBar()->setValue(position); });
+}
 
 } // namespace fiscarel::shell
