@@ -12,30 +12,41 @@
 
 namespace fiscarel::forms {
 
+namespace {
+
+constexpr int side = 20;
+constexpr int margin = 16;
+constexpr int gap = 8;
+constexpr int marginBelowRoom = 5; ///< the room for a problem is margin enough otherwise
+
+} // namespace
+
 CardView::CardView(const std::string& title, const std::string& help, Figures figures,
                    Condition shown, AppStore& store, QWidget* parent)
     : QFrame(parent), store_(store), figures_(std::move(figures)), shown_(std::move(shown)),
       content_(new QVBoxLayout), figureGrid_(new QGridLayout) {
     shell::setRole(this, "card");
     auto* const outer = new QVBoxLayout(this);
-    outer->setContentsMargins(20, 16, 20, 16);
-    outer->setSpacing(8);
+    outer->setSpacing(0);
     if (!title.empty()) {
         auto* const heading = new QLabel(qs(title), this);
         shell::setRole(heading, "heading");
         outer->addWidget(heading);
+        outer->addSpacing(gap);
     }
     if (!help.empty()) {
         auto* const text = new QLabel(qs(help), this);
         text->setWordWrap(true);
         shell::setRole(text, "faint");
         outer->addWidget(text);
+        outer->addSpacing(gap);
     }
     content_->setSpacing(6);
     outer->addLayout(content_);
     figureGrid_->setHorizontalSpacing(12);
     figureGrid_->setVerticalSpacing(4);
     outer->addLayout(figureGrid_);
+    placeEnd();
 }
 
 void CardView::refresh() {
@@ -69,18 +80,34 @@ void CardView::refreshFigures() {
         shell::setRole(note, "small");
         note->setWordWrap(true);
         text->setTextInteractionFlags(Qt::TextSelectableByMouse);
-        label->setMinimumWidth(250);
+        label->setWordWrap(true);
+        label->setFixedWidth(FieldRow::labelWidth);
         figureGrid_->addWidget(label, row, 0);
         figureGrid_->addWidget(text, row, 1);
         figureGrid_->addWidget(note, row, 2);
         ++row;
     }
     figureGrid_->setColumnStretch(2, 1);
+    placeEnd();
+}
+
+void CardView::setEndsWithRoom() {
+    endsWithRoom_ = true;
+    placeEnd();
+}
+
+void CardView::placeEnd() {
+    const bool hasFigures = !shownFigures_.empty();
+    figureGrid_->setContentsMargins(0, hasFigures && !endsWithRoom_ ? gap : 0, 0, 0);
+    layout()->setContentsMargins(side, margin, side,
+                                 endsWithRoom_ && !hasFigures ? marginBelowRoom : margin);
 }
 
 FieldsView::FieldsView(const FieldsCard& card, AppStore& store, const EditorContext& context,
                        QWidget* parent)
     : CardView(card.title, card.help, card.figures, card.shown, store, parent) {
+    content().setSpacing(0);
+    setEndsWithRoom();
     for (const BoundField& field : card.fields) {
         auto* const row = new FieldRow(field, store, context, this);
         content().addWidget(row);

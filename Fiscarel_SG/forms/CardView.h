@@ -32,14 +32,19 @@ class CardView : public QFrame {
   protected:
     AppStore& store() noexcept { return store_; }
     QVBoxLayout& content() noexcept { return *content_; }
+    /// The content ends with room of its own, as rows that keep a place for their problems.
+    void setEndsWithRoom();
 
   private:
+    void placeEnd();
+
     AppStore& store_;
     Figures figures_;
     Condition shown_;
     QVBoxLayout* content_;
     QGridLayout* figureGrid_;
     std::vector<Figure> shownFigures_;
+    bool endsWithRoom_ = false;
 };
 
 /// A card of fields.

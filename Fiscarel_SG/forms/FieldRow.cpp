@@ -5,8 +5,10 @@
 #include "Fiscarel_SG/shell/Theme.h"
 
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QToolButton>
+#include <algorithm>
 
 namespace fiscarel::forms {
 
@@ -14,9 +16,19 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int labelWidth = 250;
-constexpr int editorWidth = 270;
-constexpr int rowHeight = 34;
+constexpr int editorWidth = 320; ///< the most an editor takes
+constexpr int rowHeight = 30;
+constexpr int problemHeight = 15; ///< kept free below every editor, so that nothing moves
+
+/// As wide as the editor's input gets, so that what follows stands right beside it.
+int widthOf(FieldEditor& editor, Editor kind) {
+    QWidget& input = *editor.input();
+    if (kind == Editor::check) {
+        input.ensurePolished();
+        return input.sizeHint().width();
+    }
+    return std::min(editorWidth, input.maximumWidth());
+}
 
 } // namespace
 
@@ -29,32 +41,40 @@ FieldRow::FieldRow(BoundField field, AppStore& store, const EditorContext& conte
     label->setWordWrap(true);
     label->setBuddy(editor_->input());
     label->setFixedWidth(labelWidth);
-    editor_->setFixedWidth(editorWidth);
+    editor_->setFixedWidth(widthOf(*editor_, field_.editor));
     problem_->setWordWrap(true);
+    problem_->setObjectName(u"problem:"_s + qs(field_.path));
     shell::setRole(problem_, "error");
     help_->setWordWrap(true);
+    help_->setContentsMargins(0, 0, 0, 8);
     help_->setText(qs(field_.help));
     help_->setObjectName(u"help:"_s + qs(field_.path));
-    shell::setRole(help_, "small");
+    shell::setRole(help_, "help");
     help_->hide();
     helpButton_->setText(u"?"_s);
+    shell::setRole(helpButton_, "help");
     helpButton_->setToolTip(u"Hilfe zu diesem Feld (F1)"_s);
     helpButton_->setAccessibleName(u"Hilfe zu "_s + qs(field_.label));
     helpButton_->setCheckable(true);
-    helpButton_->setFocusPolicy(Qt::ClickFocus); // F1 does the same from the field
+    helpButton_->setFocusPolicy(Qt::NoFocus); // F1 does the same from the field
     helpButton_->setVisible(!field_.help.empty());
 
     auto* const grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setHorizontalSpacing(12);
-    grid->setVerticalSpacing(2);
+    grid->setVerticalSpacing(0);
+    auto* const line = new QHBoxLayout;
+    line->setSpacing(8);
+    line->addWidget(editor_);
+    line->addWidget(helpButton_);
+    line->addStretch(1);
     grid->addWidget(label, 0, 0, Qt::AlignVCenter);
-    grid->addWidget(editor_, 0, 1, Qt::AlignVCenter);
-    grid->addWidget(helpButton_, 0, 2, Qt::AlignVCenter);
-    grid->addWidget(problem_, 0, 3, Qt::AlignVCenter);
-    grid->addWidget(help_, 1, 1, 1, 3);
-    grid->setColumnStretch(3, 1);
+    grid->addLayout(line, 0, 1);
+    grid->addWidget(problem_, 1, 1, Qt::AlignTop);
+    grid->addWidget(help_, 2, 1);
+    grid->setColumnStretch(1, 1);
     grid->setRowMinimumHeight(0, rowHeight);
+    grid->setRowMinimumHeight(1, problemHeight);
 
     connect(helpButton_, &QToolButton::toggled, help_, &QWidget::setVisible);
     connect(editor_, &FieldEditor::edited, this, &FieldRow::write);

@@ -21,6 +21,9 @@ class FieldRow final : public QWidget {
     Q_OBJECT
 
   public:
+    /// Of the labels; figures below fields keep to it.
+    static constexpr int labelWidth = 250;
+
     FieldRow(BoundField field, AppStore& store, const EditorContext& context, QWidget* parent);
 
     const BoundField& field() const noexcept { return field_; }

@@ -26,6 +26,7 @@ FormPage::FormPage(Page page, AppStore& store, const PageContext& context, QWidg
         column->setContentsMargins(0, 0, 0, 0);
         column->setSpacing(14);
         view.title = new QLabel(view.widget);
+        view.title->setWordWrap(true); // names may be long
         shell::setRole(view.title, "section");
         view.title->setVisible(section.title != nullptr);
         column->addWidget(view.title);

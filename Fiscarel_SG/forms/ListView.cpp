@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/shell/ElidingButton.h"
 #include "Fiscarel_SG/shell/Theme.h"
 
 #include <QHBoxLayout>
@@ -57,7 +58,12 @@ void ListView::refresh() {
     for (std::size_t i = 0; i < rows_.size(); ++i) {
         refreshRow(i);
     }
-    total_->setText(card_.total ? qs(card_.total(taxCase)) : QString());
+    showTotal();
+}
+
+void ListView::showTotal() {
+    total_->setText(card_.total ? qs(card_.total(store().current())) : QString());
+    total_->setVisible(!total_->text().isEmpty() && !rows_.empty());
 }
 
 void ListView::rebuild() {
@@ -81,14 +87,14 @@ void ListView::rebuild() {
     const auto lastYear = store().cases().find(store().year() - 1);
     takeOver_->setVisible(card_.offersLastYear && count == 0 && lastYear != store().cases().end()
                           && card_.size(lastYear->second) > 0);
-    total_->setText(card_.total ? qs(card_.total(taxCase)) : QString());
+    showTotal();
 }
 
 ListView::Row ListView::makeRow(std::size_t index) {
     Row row;
     row.id = card_.id(store().current(), index);
     row.frame = new QWidget(this);
-    row.head = new QPushButton(row.frame);
+    row.head = new shell::ElidingButton(row.frame);
     row.head->setCheckable(true);
     row.head->setObjectName(u"open:%1[%2]"_s.arg(qs(card_.path)).arg(index));
     shell::setRole(row.head, "row");
@@ -144,7 +150,7 @@ void ListView::fill(Row& row, std::size_t index) {
     row.body = new QWidget(row.frame);
     auto* const layout = new QVBoxLayout(row.body);
     layout->setContentsMargins(16, 4, 0, 12);
-    layout->setSpacing(6);
+    layout->setSpacing(0);
     for (const BoundField& field : card_.fields(index)) {
         auto* const fieldRow = new FieldRow(field, store(), context_, row.body);
         layout->addWidget(fieldRow);
@@ -160,6 +166,7 @@ QWidget* ListView::makeTools(std::size_t index, QWidget* parent) {
     auto* const tools = new QWidget(parent);
     auto* const layout = new QHBoxLayout(tools);
     layout->setContentsMargins(0, 4, 0, 0);
+    layout->setSpacing(18);
     const auto addTool = [&](const QString& text, const char* name, bool enabled, auto act) {
         auto* const button = new QPushButton(text, tools);
         button->setObjectName(

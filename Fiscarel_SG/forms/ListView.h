@@ -34,6 +34,7 @@ class ListView final : public CardView {
     };
 
     void rebuild();
+    void showTotal();
     Row makeRow(std::size_t index);
     QWidget* makeTools(std::size_t index, QWidget* parent);
     void open(std::size_t index, bool opened);

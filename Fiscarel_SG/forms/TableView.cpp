@@ -33,8 +33,35 @@ bool isNumber(Editor editor) {
     return editor == Editor::amount || editor == Editor::decimal || editor == Editor::integer;
 }
 
-QString dateText(const Date& date) {
-    return u"%1.%2.%3"_s.arg(date.day()).arg(date.month()).arg(date.year());
+/// A width that shows what usually stands in a column; longer texts tell themselves in their tool
+/// tips, and the user may widen it.
+int widthOf(const BoundField& field, const QFontMetrics& metrics) {
+    constexpr int padding = 22;
+    constexpr int arrow = 26;
+    constexpr int mostOfChoice = 190;
+    const auto width = [&](const QString& text) { return metrics.horizontalAdvance(text); };
+    int content = 0;
+    switch (field.editor) {
+    case Editor::amount:
+        content = width(u"1’000’000.00"_s);
+        break;
+    case Editor::decimal:
+    case Editor::integer:
+        content = width(u"10’000"_s);
+        break;
+    case Editor::date:
+        content = width(u"31.12.2025"_s);
+        break;
+    case Editor::check:
+        break;
+    case Editor::choice: // the first is the usual one
+        content = field.options.empty() ? 0 : width(qs(field.options.front().label)) + arrow;
+        content = std::min(content, mostOfChoice);
+        break;
+    default:
+        content = width(u"Kantonalbank Werdenberg"_s);
+    }
+    return std::max(content, width(qs(field.label))) + padding;
 }
 
 /// A value as a cell shows it.
@@ -56,7 +83,7 @@ QString cellText(const BoundField& field, const Value& value) {
             const auto option = std::ranges::find(field.options, text, &Option::raw);
             return qs(option != field.options.end() ? option->label : text);
         }
-        QString operator()(const Date& date) const { return dateText(date); }
+        QString operator()(const Date& date) const { return qs(formatDate(date)); }
     };
     return std::visit(Text{field}, value);
 }
@@ -77,18 +104,26 @@ class CellDelegate final : public QStyledItemDelegate {
         for (const Option& entry : field.options) {
             box->addItem(qs(entry.label));
         }
+        box->view()->setMinimumWidth(box->view()->sizeHintForColumn(0) + listMargin);
+        // What is chosen counts at once, not only when the cell is left.
+        connect(box, &QComboBox::activated, box,
+                [self = const_cast<CellDelegate*>(this), box] { Q_EMIT self->commitData(box); });
         return box;
     }
     void setEditorData(QWidget* editor, const QModelIndex& index) const override {
         if (auto* const box = qobject_cast<QComboBox*>(editor)) {
-            box->setCurrentText(index.data(Qt::EditRole).toString());
+            box->setCurrentIndex(box->findText(index.data(Qt::EditRole).toString()));
         } else {
             QStyledItemDelegate::setEditorData(editor, index);
         }
     }
     void setModelData(QWidget* editor, QAbstractItemModel* model,
                       const QModelIndex& index) const override {
-        if (const auto* const box = qobject_cast<QComboBox*>(editor)) {
+        const auto* const box = qobject_cast<QComboBox*>(editor);
+        if (box != nullptr && box->currentIndex() < 0) {
+            return; // nothing chosen, as in the empty row
+        }
+        if (box != nullptr) {
             model->setData(index, box->currentText(), Qt::EditRole);
         } else {
             QStyledItemDelegate::setModelData(editor, model, index);
@@ -96,6 +131,8 @@ class CellDelegate final : public QStyledItemDelegate {
     }
 
   private:
+    static constexpr int listMargin = 28;
+
     const RecordModel& model_;
 };
 
@@ -122,11 +159,8 @@ QVariant RecordModel::data(const QModelIndex& index, int role) const {
         return QVariant::fromValue(isNumber(field.editor) ? Qt::AlignRight | Qt::AlignVCenter
                                                           : Qt::AlignLeft | Qt::AlignVCenter);
     }
-    if (role == Qt::ToolTipRole) {
-        return qs(field.help);
-    }
     if (row >= shownRecords_) {
-        return {};
+        return emptyRow(index, role);
     }
     const Value value =
         card_.fields(row)[static_cast<std::size_t>(index.column())].get(store_.current());
@@ -136,13 +170,40 @@ QVariant RecordModel::data(const QModelIndex& index, int role) const {
         }
         return {};
     }
-    return role == Qt::DisplayRole || role == Qt::EditRole ? QVariant(cellText(field, value))
-                                                           : QVariant();
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+        return cellText(field, value);
+    case Qt::ToolTipRole: // it may have been too long for the column
+        return QStringList{cellText(field, value), qs(field.help)}.join(u"\n\n"_s).trimmed();
+    default:
+        return {};
+    }
+}
+
+/// What the row behind the records shows: where to begin.
+QVariant RecordModel::emptyRow(const QModelIndex& index, int role) const {
+    const BoundField& field = column(index.column());
+    switch (role) {
+    case Qt::DisplayRole:
+        return index.column() == 0 ? QVariant(u"Hier eintragen …"_s) : QVariant();
+    case Qt::ForegroundRole:
+        return shell::Theme::current().faint;
+    case Qt::CheckStateRole:
+        return field.editor == Editor::check ? QVariant(Qt::Unchecked) : QVariant();
+    case Qt::ToolTipRole:
+        return qs(field.help);
+    default:
+        return {};
+    }
 }
 
 QVariant RecordModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (role == Qt::ToolTipRole && orientation == Qt::Horizontal) {
         return qs(column(section).help);
+    }
+    if (role == Qt::TextAlignmentRole && orientation == Qt::Horizontal) {
+        return data(index(0, section), role); // a heading stands where its figures do
     }
     if (role != Qt::DisplayRole) {
         return {};
@@ -212,7 +273,7 @@ bool RecordModel::setData(const QModelIndex& index, const QVariant& value, int r
     std::optional<Value> cell;
     if (role == Qt::CheckStateRole) {
         cell = Value(value.toInt() == Qt::Checked);
-    } else if (value.toString() == data(index, Qt::DisplayRole).toString()) {
+    } else if (value.toString() == data(index, Qt::EditRole).toString()) {
         return true; // left as it was; an empty last row stays no record
     } else {
         cell = read(field, value.toString());
@@ -278,7 +339,10 @@ TableView::TableView(ListCard card, AppStore& store, const EditorContext&, QWidg
     table_->setObjectName(u"table:"_s + qs(card_.path));
     table_->setAccessibleName(qs(card_.title));
     table_->setModel(model_);
-    table_->setItemDelegate(new CellDelegate(*model_, table_));
+    auto* const delegate = new CellDelegate(*model_, table_);
+    table_->setItemDelegate(delegate);
+    connect(delegate, &QAbstractItemDelegate::closeEditor, this,
+            [this] { problem_->setText(model_->problem()); });
     table_->setAlternatingRowColors(true);
     table_->setSelectionMode(QAbstractItemView::SingleSelection);
     table_->setEditTriggers(QAbstractItemView::AllEditTriggers);
@@ -287,12 +351,20 @@ TableView::TableView(ListCard card, AppStore& store, const EditorContext&, QWidg
     table_->horizontalHeader()->setStretchLastSection(true);
     table_->verticalHeader()->setDefaultSectionSize(30);
     table_->installEventFilter(this);
+    table_->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     content().addWidget(table_);
     shell::setRole(problem_, "error");
     shell::setRole(total_, "figure");
-    content().addWidget(problem_);
+    problem_->setWordWrap(true);
+    problem_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    connect(table_->verticalHeader(), &QHeaderView::sectionClicked, this, [this](int row) {
+        if (row == model_->rowCount() - 1) { // the plus
+            beginRecord();
+        }
+    });
 
     auto* const foot = new QHBoxLayout;
+    foot->setSpacing(18);
     const auto addTool = [&](const QString& text, const char* name, auto act) {
         auto* const button = new QPushButton(text, this);
         button->setObjectName(u"%1:%2"_s.arg(QLatin1StringView(name), qs(card_.path)));
@@ -304,14 +376,13 @@ TableView::TableView(ListCard card, AppStore& store, const EditorContext&, QWidg
     addTool(u"Nach oben"_s, "up", [this] { moveSelected(-1); });
     addTool(u"Nach unten"_s, "down", [this] { moveSelected(1); });
     addTool(u"Zeile entfernen"_s, "remove", [this] { removeSelected(); });
-    foot->addStretch(1);
+    foot->addWidget(problem_, 1); // beside the tools, so that nothing moves
     content().addLayout(foot);
     total_->setWordWrap(true);
     total_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     content().addWidget(total_);
     for (int i = 0; i < model_->columnCount(); ++i) {
-        const bool wide = model_->column(i).editor == Editor::text;
-        table_->setColumnWidth(i, wide ? 150 : 110);
+        table_->setColumnWidth(i, widthOf(model_->column(i), table_->fontMetrics()));
     }
     showRows();
 }
@@ -321,6 +392,16 @@ void TableView::showRows() {
     table_->setFixedHeight(table_->horizontalHeader()->sizeHint().height()
                            + rows * table_->verticalHeader()->defaultSectionSize() + 20);
     total_->setText(card_.total ? qs(card_.total(store().current())) : QString());
+    total_->setVisible(!total_->text().isEmpty() && model_->rowCount() > 1);
+}
+
+/// Puts the keyboard into the empty row; with the first entry there a record begins.
+void TableView::beginRecord() {
+    const QModelIndex first = model_->index(model_->rowCount() - 1, 0);
+    table_->scrollTo(first);
+    table_->setCurrentIndex(first);
+    table_->setFocus(Qt::OtherFocusReason);
+    table_->edit(first);
 }
 
 void TableView::refresh() {

@@ -36,6 +36,7 @@ class RecordModel final : public QAbstractTableModel {
 
   private:
     std::size_t records() const;
+    QVariant emptyRow(const QModelIndex& index, int role) const;
     /// A cell's text as a value; absent, with the problem set, when it cannot be read.
     std::optional<Value> read(const BoundField& field, const QString& text);
     void writeCell(TaxCase& taxCase, std::size_t row, int column, const Value& value) const;
@@ -64,6 +65,7 @@ class TableView final : public CardView {
     void removeSelected();
     void duplicateSelected();
     void moveSelected(int by);
+    void beginRecord();
     void showRows();
     int currentRecord() const;
 

@@ -156,6 +156,8 @@ void AccountPage::listBackups() {
         }
         self->content_->setText(self->backups_.empty() ? u"Es gibt noch keine Sicherung."_s
                                                        : QString());
+        self->list_->setVisible(!self->backups_.empty());
+        self->restore_->setVisible(!self->backups_.empty());
     });
 }
 

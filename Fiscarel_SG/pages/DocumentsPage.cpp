@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/QtText.h"
 #include "Fiscarel_SG/pages/Cards.h"
+#include "Fiscarel_SG/shell/Theme.h"
 
 #include <QDateTime>
 #include <QDesktopServices>
@@ -10,6 +11,7 @@
 #include <QFileDialog>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QLabel>
 #include <QMimeData>
 #include <QPushButton>
 #include <QSignalBlocker>
@@ -28,7 +30,7 @@ DocumentsPage::DocumentsPage(AppStore& store, QWidget* parent)
           u"Lohnausweise, Bescheinigungen und Rechnungen als PDF oder Foto. Sie bleiben auf diesem "
           "Computer."_s,
           this)),
-      list_(new QTreeWidget(this)) {
+      list_(new QTreeWidget(this)), tools_(new QWidget(this)), empty_(nullptr) {
     setAcceptDrops(true);
     auto* const outer = new QVBoxLayout(this);
     outer->setContentsMargins(0, 0, 0, 0);
@@ -46,20 +48,34 @@ DocumentsPage::DocumentsPage(AppStore& store, QWidget* parent)
     list_->setMinimumHeight(320);
     list_->setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::SelectedClicked);
     list_->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    list_->header()->setStretchLastSection(false);
+    for (const int column : {1, 2, 3}) {
+        list_->header()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
+    }
+    empty_ = &addLabel(card, u"Noch keine Belege. Was Sie ablegen, steht danach hier."_s, "faint");
     card.addWidget(list_);
-    auto* const line = new QHBoxLayout;
+    auto* const line = new QHBoxLayout(tools_);
+    line->setContentsMargins(0, 0, 0, 0);
     auto* const open = new QPushButton(u"Öffnen"_s, this);
     open->setObjectName(u"openDocument"_s);
     auto* const remove = new QPushButton(u"Entfernen"_s, this);
     remove->setObjectName(u"removeDocument"_s);
     line->addWidget(open);
     line->addWidget(remove);
-    line->addStretch(1);
-    card.addLayout(line);
-    addLabel(card,
-             u"Ein entfernter Beleg lässt sich bis zum Beenden des Programms mit Ctrl+Z "
-             "zurückholen."_s,
-             "small");
+    auto* const note = new QLabel(u"Ein entfernter Beleg lässt sich bis zum Beenden des Programms "
+                                  "mit Ctrl+Z zurückholen."_s,
+                                  this);
+    note->setWordWrap(true);
+    shell::setRole(note, "small");
+    line->addSpacing(8);
+    line->addWidget(note, 1);
+    card.addWidget(tools_);
+    const auto enableTools = [this, open, remove] {
+        open->setEnabled(selected() != nullptr);
+        remove->setEnabled(selected() != nullptr);
+    };
+    enableTools();
+    connect(list_, &QTreeWidget::currentItemChanged, this, enableTools);
     frame_->column().addStretch(1);
     connect(pick, &QPushButton::clicked, this, &DocumentsPage::pick);
     connect(open, &QPushButton::clicked, this, &DocumentsPage::openSelected);
@@ -83,6 +99,9 @@ void DocumentsPage::refresh() {
         item->setFlags(item->flags() | Qt::ItemIsEditable);
         ids_.push_back(document.id);
     }
+    empty_->setVisible(ids_.empty());
+    list_->setVisible(!ids_.empty());
+    tools_->setVisible(!ids_.empty());
 }
 
 const taxcore::Uuid* DocumentsPage::selected() const {

@@ -8,6 +8,7 @@
 
 #include <vector>
 
+class QLabel;
 class QTreeWidget;
 class QTreeWidgetItem;
 
@@ -41,6 +42,8 @@ class DocumentsPage final : public shell::PageWidget {
     AppStore& store_;
     shell::PageFrame* frame_;
     QTreeWidget* list_;
+    QWidget* tools_;
+    QLabel* empty_;
     std::vector<taxcore::Uuid> ids_;
 };
 

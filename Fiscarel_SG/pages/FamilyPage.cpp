@@ -12,7 +12,6 @@ namespace {
 
 using namespace forms;
 using namespace taxcore;
-using namespace parts;
 
 std::string lastDay(const PageContext& context) {
     return "31. Dezember " + std::to_string(context.year);
@@ -25,7 +24,7 @@ FieldsCard civilStatusCard(const PageContext& context) {
         return std::vector<Figure>{{"Tarif", std::string(name), {}}};
     };
     return fieldsCard(
-        "Zivilstand", {},
+        "Haushalt", {},
         bindAll(
             wholeCase(),
             {choice<&TaxCase::civilStatus>(
@@ -63,7 +62,7 @@ std::vector<forms::Field<Person>> personFields(const PageContext& context) {
 }
 
 Section adultSection(const PageContext& context, int number) {
-    return personSection(number, {fieldsCard("Person " + std::to_string(number), {},
+    return personSection(number, {fieldsCard("Personalien", {},
                                              bindAll(personPlace(number), personFields(context)))});
 }
 
@@ -138,7 +137,7 @@ ListCard childrenCard(const PageContext& context) {
          .offersLastYear = true},
         childFields(context), [](const Child& child) {
             return RowSummary{nameOf(child),
-                              (child.birthDate ? dayText(*child.birthDate) + " · " : std::string())
+                              (child.birthDate ? dayText(child.birthDate) + " · " : std::string())
                                   + std::string(label(child.education)),
                               {}};
         });
@@ -226,11 +225,12 @@ Page familyPage(const PageContext& context) {
     return {.id = "family",
             .title = "Familie",
             .help = "Wer zum Haushalt gehört und wo Sie am " + lastDay(context) + " wohnten.",
-            .sections = {Section{.cards = {civilStatusCard(context)}}, adultSection(context, 1),
-                         adultSection(context, 2),
-                         Section{.title = [](const TaxCase&) { return "Kinder und Wohnort"; },
-                                 .cards = {childrenCard(context), residenceCard(context),
-                                           accountCard(context)}}}};
+            .sections = {
+                Section{.cards = {civilStatusCard(context)}}, adultSection(context, 1),
+                adultSection(context, 2),
+                Section{.title = [](const TaxCase&) { return "Kinder, Wohnort und Steuerkonto"; },
+                        .cards = {childrenCard(context), residenceCard(context),
+                                  accountCard(context)}}}};
 }
 
 } // namespace fiscarel::pages

@@ -9,7 +9,6 @@ namespace {
 
 using namespace forms;
 using namespace taxcore;
-using namespace parts;
 
 constexpr std::string_view boxesHelp =
     "Die Nummern entsprechen den Ziffern auf dem amtlichen Lohnausweis.";
@@ -191,7 +190,8 @@ ListCard pensionsCard(int number) {
 
 FieldsCard replacementCard(int number) {
     return fieldsCard(
-        "Taggelder", "Nur was direkt an Sie bezahlt wurde und auf keinem Lohnausweis steht.",
+        "Taggelder und Arbeitslosigkeit",
+        "Nur was direkt an Sie bezahlt wurde und auf keinem Lohnausweis steht.",
         bindAll(incomePlace(number),
                 {amount<&PersonIncome::dailyAllowances>(
                      "Taggelder",

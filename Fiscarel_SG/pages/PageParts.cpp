@@ -1,11 +1,12 @@
 #include "Fiscarel_SG/pages/PageParts.h"
 
+#include "Fiscarel_SG/forms/InputText.h"
 #include "TaxCore/base/MoneyFormat.h"
 #include "TaxCore/base/Text.h"
 
 #include <algorithm>
 
-namespace fiscarel::pages::parts {
+namespace fiscarel::pages {
 
 using namespace forms;
 using namespace taxcore;
@@ -21,6 +22,11 @@ bool hasPerson(const TaxCase& taxCase, int number) noexcept {
     return number == 1 || taxCase.isJoint();
 }
 
+bool isPersonName(const TaxCase& taxCase, std::string_view text) {
+    return std::ranges::any_of(taxCase.persons(),
+                               [&](const Person& person) { return person.displayName() == text; });
+}
+
 Place<Person> personPlace(int number) {
     return number == 1 ? within<&TaxCase::person1>(wholeCase())
                        : within<&TaxCase::person2>(wholeCase());
@@ -31,10 +37,13 @@ Place<PersonIncome> incomePlace(int number) {
                        : within<&TaxCase::income2>(wholeCase());
 }
 
+Place<PersonDeductions> deductionsPlace(int number) {
+    return number == 1 ? within<&TaxCase::deductions1>(wholeCase())
+                       : within<&TaxCase::deductions2>(wholeCase());
+}
+
 Place<WorkExpenses> workPlace(int number) {
-    return within<&PersonDeductions::work>(number == 1
-                                               ? within<&TaxCase::deductions1>(wholeCase())
-                                               : within<&TaxCase::deductions2>(wholeCase()));
+    return within<&PersonDeductions::work>(deductionsPlace(number));
 }
 
 Place<LICommute> commutePlace(int number) {
@@ -48,6 +57,11 @@ const PersonIncome& incomeOf(const TaxCase& taxCase, int number) noexcept {
 
 const WorkExpenses& workOf(const TaxCase& taxCase, int number) noexcept {
     return number == 1 ? taxCase.deductions1.work : taxCase.deductions2.work;
+}
+
+AdultEntries entriesOf(const TaxCase& taxCase, int number) {
+    return number == 1 ? AdultEntries{1, taxCase.person1, taxCase.income1, taxCase.deductions1}
+                       : AdultEntries{2, taxCase.person2, taxCase.income2, taxCase.deductions2};
 }
 
 Section personSection(int number, std::vector<Card> cards) {
@@ -80,14 +94,31 @@ std::string dayAndMonth(const Date& date) {
     return std::to_string(date.day()) + "." + std::to_string(date.month()) + ".";
 }
 
-std::string dayText(const Date& date) { return dayAndMonth(date) + std::to_string(date.year()); }
+std::string dayText(const std::optional<Date>& date) {
+    return date ? formatDate(*date) : std::string();
+}
+
+namespace {
+
+/// As short as the days without a year that stand in the same places.
+std::string withYear(const Date& date) { return dayAndMonth(date) + std::to_string(date.year()); }
+
+} // namespace
 
 std::string periodText(const std::optional<Date>& from, const std::optional<Date>& to) {
     if (from && to) {
         return from->year() == to->year() ? dayAndMonth(*from) + " – " + dayAndMonth(*to)
-                                          : dayText(*from) + " – " + dayText(*to);
+                                          : withYear(*from) + " – " + withYear(*to);
     }
     return from ? "ab " + dayAndMonth(*from) : to ? "bis " + dayAndMonth(*to) : std::string();
+}
+
+std::string amountOf(const RuleBook& rules, DeductionAmount amount) {
+    const Decimal& canton = rules.cantonal.*amount;
+    const Decimal& federal = rules.federal.*amount;
+    return canton == federal ? MoneyFormat::fr(canton)
+                             : MoneyFormat::fr(canton) + " beim Kanton und "
+                                   + MoneyFormat::fr(federal) + " beim Bund";
 }
 
 std::string named(std::string_view text, std::string_view otherwise) {
@@ -123,15 +154,31 @@ std::optional<WorkResult> workResultOf(const TaxResult& result, int number) {
 }
 
 Figures linesOf(std::vector<LineFigure> lines) {
-    return [lines = std::move(lines)](const TaxCase&, const TaxResult& result) {
+    return [lines = std::move(lines)](const TaxCase& taxCase, const TaxResult& result) {
         std::vector<Figure> figures;
         for (const LineFigure& wanted : lines) {
             if (const TaxLine* line = result.line(wanted.code)) {
-                figures.push_back({wanted.label, sideBySide(line->canton, line->federal), {}});
+                const std::string note = line->note.value_or("");
+                figures.push_back({named(wanted.label, line->label),
+                                   sideBySide(line->canton, line->federal),
+                                   isPersonName(taxCase, note) ? std::string() : note});
             }
         }
         return figures;
     };
+}
+
+void addDeducted(std::vector<Figure>& figures, const TaxResult& result, const LineFigure& wanted,
+                 const Decimal& entered) {
+    const TaxLine* const line = result.line(wanted.code);
+    if (line == nullptr && entered.isZero()) {
+        return;
+    }
+    const Decimal canton = line != nullptr ? line->canton : Decimal(0);
+    const Decimal federal = line != nullptr ? line->federalOrCanton() : Decimal(0);
+    const bool cut = canton < entered || federal < entered;
+    figures.push_back({wanted.label, sideBySide(canton, federal),
+                       cut ? "gekürzt, eingetragen sind " + plainMoney(entered) : std::string()});
 }
 
 FieldsCard fieldsCard(std::string title, std::string help, std::vector<BoundField> fields,
@@ -150,4 +197,13 @@ FieldsCard fieldsCard(std::string title, std::string help, std::vector<BoundFiel
             }};
 }
 
-} // namespace fiscarel::pages::parts
+ListCard withFixedItems(ListCard list) {
+    list.add = nullptr;
+    list.remove = nullptr;
+    list.duplicate = nullptr;
+    list.move = nullptr;
+    list.takeOver = nullptr;
+    return list;
+}
+
+} // namespace fiscarel::pages

@@ -1,17 +1,20 @@
 #pragma once
 
-// What the pages of the family, of income and of work share: places of a person, texts that take
-// their figures from the rules, figures of the result.
+// What the pages share: places of a person, texts that take their figures from the rules, figures
+// of the result.
 
 #include "Fiscarel_SG/forms/Page.h"
+#include "TaxCore/result/AdultEntries.h"
 
+#include <algorithm>
+#include <iterator>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
-namespace fiscarel::pages::parts {
+namespace fiscarel::pages {
 
 inline bool isLiechtenstein(const forms::PageContext& context) {
     return context.region == taxcore::TaxRegion::liechtenstein;
@@ -23,12 +26,18 @@ inline bool isLiechtenstein(const forms::PageContext& context) {
 std::string personName(const taxcore::TaxCase& taxCase, int number);
 /// Whether the person counts: the second one only in joint households.
 bool hasPerson(const taxcore::TaxCase& taxCase, int number) noexcept;
+/// Whether a text is no more than the name of a person of the case, as the notes of lines that each
+/// person has of their own.
+bool isPersonName(const taxcore::TaxCase& taxCase, std::string_view text);
 forms::Place<taxcore::Person> personPlace(int number);
 forms::Place<taxcore::PersonIncome> incomePlace(int number);
+forms::Place<taxcore::PersonDeductions> deductionsPlace(int number);
 forms::Place<taxcore::WorkExpenses> workPlace(int number);
 forms::Place<taxcore::LICommute> commutePlace(int number);
 const taxcore::PersonIncome& incomeOf(const taxcore::TaxCase& taxCase, int number) noexcept;
 const taxcore::WorkExpenses& workOf(const taxcore::TaxCase& taxCase, int number) noexcept;
+/// What the case holds of a person; it refers to the case.
+taxcore::AdultEntries entriesOf(const taxcore::TaxCase& taxCase, int number);
 /// A section under the person's name, there while the person counts.
 forms::Section personSection(int number, std::vector<forms::Card> cards);
 
@@ -46,11 +55,15 @@ std::string francsOfBoth(const taxcore::Decimal& canton, const taxcore::Decimal&
 std::string percentText(const taxcore::Decimal& fraction);
 /// "1.3."
 std::string dayAndMonth(const taxcore::Date& date);
-/// "1.3.2025"
-std::string dayText(const taxcore::Date& date);
+/// "01.03.2025", as fields show it; empty without a date.
+std::string dayText(const std::optional<taxcore::Date>& date);
 /// "1.1. – 31.12.", with years when the two differ; "ab 1.3." or "bis 30.9." with one of them.
 std::string periodText(const std::optional<taxcore::Date>& from,
                        const std::optional<taxcore::Date>& to);
+using DeductionAmount = taxcore::Decimal taxcore::DeductionParams::*;
+/// An amount of both authorities: "Fr. 13’000", or "Fr. 26’700 beim Kanton und Fr. 25’800 beim
+/// Bund".
+std::string amountOf(const taxcore::RuleBook& rules, DeductionAmount amount);
 /// The text, or another one when it is blank.
 std::string named(std::string_view text, std::string_view otherwise);
 
@@ -85,13 +98,17 @@ struct WorkResult {
 /// Absent where the person does not count.
 std::optional<WorkResult> workResultOf(const taxcore::TaxResult& result, int number);
 
-/// A line of the return under a name of its own.
+/// A line of the return under a name of its own, or under the line's when `label` is empty.
 struct LineFigure {
     std::string code;
     std::string label;
 };
-/// The lines that the return has.
+/// The lines that the return has, with their notes unless these only name the person.
 forms::Figures linesOf(std::vector<LineFigure> lines);
+/// What counts of an amount entered, by the line of this code; told when it is less. Nothing when
+/// neither was anything entered nor deducted.
+void addDeducted(std::vector<forms::Figure>& figures, const taxcore::TaxResult& result,
+                 const LineFigure& line, const taxcore::Decimal& entered);
 
 // Fields and cards.
 
@@ -110,8 +127,28 @@ forms::Field<Record> onlyStGallen(const forms::PageContext& context, forms::Fiel
     return field;
 }
 
+/// The fields of several records as those of one card.
+template <class... Fields>
+std::vector<forms::BoundField> joined(Fields... fields) {
+    std::vector<forms::BoundField> all;
+    (std::move(fields.begin(), fields.end(), std::back_inserter(all)), ...);
+    return all;
+}
+
 /// A card that is there while one of its fields is.
 forms::FieldsCard fieldsCard(std::string title, std::string help,
                              std::vector<forms::BoundField> fields, forms::Figures figures = {});
 
-} // namespace fiscarel::pages::parts
+/// A list whose items come and go on another page.
+forms::ListCard withFixedItems(forms::ListCard list);
+
+template <class Item>
+taxcore::Decimal totalOf(const std::vector<Item>& items, taxcore::Decimal Item::*amount) {
+    taxcore::Decimal total;
+    for (const Item& item : items) {
+        total += item.*amount;
+    }
+    return total;
+}
+
+} // namespace fiscarel::pages

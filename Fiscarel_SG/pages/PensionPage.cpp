@@ -1,5 +1,5 @@
-#include "Fiscarel_SG/pages/DeductionParts.h"
 #include "Fiscarel_SG/pages/InputPages.h"
+#include "Fiscarel_SG/pages/PageParts.h"
 #include "TaxCore/base/MoneyFormat.h"
 #include "TaxCore/base/Rounding.h"
 #include "TaxCore/review/PensionLimits.h"

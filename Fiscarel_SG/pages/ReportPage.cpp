@@ -3,10 +3,13 @@
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/QtText.h"
 #include "Fiscarel_SG/pages/Cards.h"
+#include "Fiscarel_SG/pages/PageParts.h"
+#include "Fiscarel_SG/shell/ElidingButton.h"
 #include "Fiscarel_SG/shell/Theme.h"
 #include "TaxCore/base/MoneyFormat.h"
 
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -17,48 +20,57 @@ namespace fiscarel::pages {
 using namespace Qt::Literals::StringLiterals;
 using namespace taxcore;
 
-/// A section of the report.
-struct SectionRows {
-    struct Row {
-        QString ziffer;
-        QString label;
-        QString canton;
-        QString federal; ///< empty where it is the same
-        QString note;
-        std::string code;
-        bool strong = false;
-    };
+/// A line of the report.
+struct ReportRow {
+    QString ziffer;
+    QString label;
+    QString canton;
+    QString federal; ///< empty where it is the same
+    QString person;  ///< whose line it is, where each person has their own
+    QString note;
+    std::string code;
+    bool strong = false;
+};
 
+/// A section of the report.
+struct ReportSection {
     QString title;
     bool twoSides = false;
-    std::vector<Row> rows;
+    std::vector<ReportRow> rows;
 };
 
 namespace {
 
+constexpr int zifferWidth = 36; ///< the columns of all cards stand below each other
+constexpr int amountWidth = 86;
+constexpr int doorInset = 5; ///< as far as the text of a door from its edge
+
 QString whole(const Decimal& amount) { return qs(MoneyFormat::chf(amount, 0, false)); }
 QString exact(const Decimal& amount) { return qs(MoneyFormat::chf(amount, 2, false)); }
 
-SectionRows rowsOf(const TaxSection& section) {
-    SectionRows rows{.title = qs(section.title)};
+ReportSection rowsOf(const TaxSection& section, const TaxCase& taxCase) {
+    ReportSection rows{.title = qs(section.title)};
     for (const TaxLine& line : section.lines) {
         const bool differs = line.federal && *line.federal != line.canton;
         rows.twoSides = rows.twoSides || differs;
+        const QString note = qs(line.note.value_or(""));
+        const bool isPerson = isPersonName(taxCase, utf8(note));
         rows.rows.push_back(
             {.ziffer = qs(line.ziffer),
              .label = qs(line.label),
              .canton = whole(line.canton),
              .federal = differs ? whole(*line.federal) : QString(),
-             .note = qs(line.note.value_or("")),
+             .person = isPerson ? note : QString(),
+             .note = isPerson ? QString() : note,
              .code = line.code,
              .strong = line.kind == TaxLine::Kind::subtotal || line.kind == TaxLine::Kind::total});
     }
     return rows;
 }
 
-SectionRows billRows(const TaxResult& result, bool liechtenstein) {
+ReportSection billRows(const TaxResult& result, bool liechtenstein) {
     const TaxBill& bill = result.bill;
-    SectionRows rows{.title = u"Steuerrechnung"_s};
+    ReportSection rows{.title = u"Steuerrechnung"_s};
     const auto add = [&](const QString& label, const Decimal& amount, const char* code,
                          bool strong = false) {
         rows.rows.push_back(
@@ -112,18 +124,45 @@ void ReportPage::refreshResult() {
     const bool liechtenstein = store_.current().taxRegion() == TaxRegion::liechtenstein;
     addSection(*column, billRows(*result, liechtenstein));
     for (const TaxSection& section : result->sections) {
-        addSection(*column, rowsOf(section));
+        addSection(*column, rowsOf(section, store_.current()));
     }
     column->addStretch(1);
 }
 
-void ReportPage::addSection(QVBoxLayout& column, const SectionRows& rows) {
+QWidget* ReportPage::makeDoor(const ReportRow& row, QWidget* parent) {
+    auto* const door = new shell::ElidingButton(parent, row.label);
+    door->setObjectName(u"line:"_s + qs(row.code));
+    door->setAccessibleName(
+        u"%1 %2 %3, Herkunft zeigen"_s.arg(row.label, row.person, row.canton).simplified());
+    door->setProperty("strong", row.strong);
+    shell::setRole(door, "door");
+    connect(door, &QPushButton::clicked, this,
+            [this, code = qs(row.code)] { Q_EMIT reasonWanted(code); });
+    if (row.person.isEmpty()) {
+        return door;
+    }
+    auto* const both = new QWidget(parent);
+    auto* const line = new QHBoxLayout(both);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->setSpacing(4);
+    auto* const person = new QLabel(row.person, both);
+    shell::setRole(person, "small");
+    person->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // amounts go first
+    line->addWidget(door);
+    line->addWidget(person, 1);
+    return both;
+}
+
+void ReportPage::addSection(QVBoxLayout& column, const ReportSection& rows) {
     QVBoxLayout& card = addCard(column, rows.title);
     QWidget* const parent = card.parentWidget();
     auto* const grid = new QGridLayout;
     grid->setHorizontalSpacing(14);
     grid->setVerticalSpacing(2);
     grid->setColumnStretch(1, 1);
+    grid->setColumnMinimumWidth(0, zifferWidth);
+    grid->setColumnMinimumWidth(2, amountWidth);
+    grid->setColumnMinimumWidth(3, rows.twoSides ? amountWidth : 0);
     card.addLayout(grid);
     int at = 0;
     const auto put = [&](const QString& text, int gridColumn, const char* role) {
@@ -137,15 +176,9 @@ void ReportPage::addSection(QVBoxLayout& column, const SectionRows& rows) {
         put(u"Bund"_s, 3, "small");
         ++at;
     }
-    for (const SectionRows::Row& row : rows.rows) {
+    for (const ReportRow& row : rows.rows) {
         put(row.ziffer, 0, "faint");
-        auto* const door = new QPushButton(row.label, parent);
-        door->setObjectName(u"line:"_s + qs(row.code));
-        door->setAccessibleName(u"%1 %2, Herkunft zeigen"_s.arg(row.label, row.canton));
-        shell::setRole(door, "door");
-        connect(door, &QPushButton::clicked, this,
-                [this, code = qs(row.code)] { Q_EMIT reasonWanted(code); });
-        grid->addWidget(door, at, 1);
+        grid->addWidget(makeDoor(row, parent), at, 1);
         const char* const role = row.strong ? "figure" : "";
         put(row.canton, 2, role);
         if (rows.twoSides) {
@@ -155,6 +188,7 @@ void ReportPage::addSection(QVBoxLayout& column, const SectionRows& rows) {
         if (!row.note.isEmpty()) {
             auto* const note = new QLabel(row.note, parent);
             note->setWordWrap(true);
+            note->setContentsMargins(doorInset, 0, 0, 4);
             shell::setRole(note, "small");
             grid->addWidget(note, at++, 1);
         }

@@ -24,7 +24,8 @@ class ReportPage final : public shell::PageWidget {
     void refreshResult() override;
 
   private:
-    void addSection(QVBoxLayout& column, const struct SectionRows& rows);
+    void addSection(QVBoxLayout& column, const struct ReportSection& rows);
+    QWidget* makeDoor(const struct ReportRow& row, QWidget* parent);
 
     AppStore& store_;
     shell::PageFrame* frame_;

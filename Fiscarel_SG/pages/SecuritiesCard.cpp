@@ -1,4 +1,4 @@
-#include "Fiscarel_SG/pages/DeductionParts.h"
+#include "Fiscarel_SG/pages/PageParts.h"
 #include "Fiscarel_SG/pages/WealthCards.h"
 #include "TaxCore/base/MoneyFormat.h"
 #include "TaxCore/base/Text.h"

@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/QtText.h"
 #include "Fiscarel_SG/pages/Cards.h"
+#include "Fiscarel_SG/pages/PageParts.h"
 #include "Fiscarel_SG/shell/Theme.h"
 #include "TaxCore/base/MoneyFormat.h"
 
@@ -16,6 +17,7 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 namespace fiscarel::pages {
 
@@ -59,9 +61,15 @@ std::vector<TransferPage::Row> TransferPage::rowsOfResult() const {
     for (const TaxLine& line : result != nullptr ? result->fields() : std::vector<TaxLine>{}) {
         const QString canton = whole(line.canton);
         const bool differs = line.federal && *line.federal != line.canton;
-        const QString value =
-            differs ? u"%1 / Bund %2"_s.arg(canton, whole(*line.federal)) : canton;
-        rows.push_back({line.code + "=" + utf8(value), qs(line.ziffer), qs(line.label), value});
+        const QString federal = differs ? whole(*line.federal) : QString();
+        const QString value = differs ? u"%1 / Bund %2"_s.arg(canton, federal) : canton;
+        const std::string note = line.note.value_or("");
+        rows.push_back({.id = line.code + "=" + utf8(value),
+                        .ziffer = qs(line.ziffer),
+                        .label = qs(line.label),
+                        .person = isPersonName(store_.current(), note) ? qs(note) : QString(),
+                        .canton = canton,
+                        .federal = federal});
     }
     return rows;
 }
@@ -86,43 +94,77 @@ void TransferPage::rebuild() {
     shell::setRole(table_, "card");
     auto* const grid = new QGridLayout(table_);
     grid->setContentsMargins(20, 16, 20, 16);
-    grid->setHorizontalSpacing(14);
+    grid->setHorizontalSpacing(12);
     grid->setVerticalSpacing(4);
     grid->setColumnStretch(2, 1);
+    if (std::ranges::any_of(rows_, [](const Row& row) { return !row.federal.isEmpty(); })) {
+        for (const auto& [title, column] : {std::pair{u"Kanton"_s, 3}, std::pair{u"Bund"_s, 5}}) {
+            auto* const heading = new QLabel(title, table_);
+            shell::setRole(heading, "small");
+            grid->addWidget(heading, 0, column, Qt::AlignRight);
+        }
+    }
     for (std::size_t i = 0; i < rows_.size(); ++i) {
-        addRow(rows_[i], static_cast<int>(i));
+        addRow(rows_[i], static_cast<int>(i) + 1);
     }
     frame_->column().addWidget(table_);
 }
 
 void TransferPage::addRow(const Row& row, int at) {
     auto& grid = dynamic_cast<QGridLayout&>(*table_->layout());
-    auto* const tick = new QCheckBox(table_);
-    tick->setObjectName(u"tick:"_s + qs(row.id));
-    tick->setAccessibleName(u"%1 übertragen"_s.arg(row.label));
     auto* const ziffer = new QLabel(row.ziffer, table_);
     shell::setRole(ziffer, "faint");
-    auto* const label = new QLabel(row.label, table_);
-    label->setWordWrap(true);
-    auto* const value = new QLabel(row.value, table_);
-    value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    shell::setRole(value, "figure");
-    auto* const copy = new QPushButton(u"Kopieren"_s, table_);
-    copy->setAccessibleName(u"%1 kopieren"_s.arg(row.label));
-    shell::setRole(copy, "link");
-    std::vector<QWidget*> cells{tick, ziffer, label, value, copy};
+    std::vector<QWidget*> cells{makeTick(row), ziffer, makeLabel(row), makeValue(row.canton),
+                                makeCopy(row, row.canton)};
+    if (!row.federal.isEmpty()) {
+        cells.push_back(makeValue(row.federal));
+        cells.push_back(makeCopy(row, row.federal));
+    }
     for (int column = 0; column < static_cast<int>(cells.size()); ++column) {
         grid.addWidget(cells[static_cast<std::size_t>(column)], at, column);
     }
     cells_.push_back(std::move(cells));
+}
+
+QWidget* TransferPage::makeTick(const Row& row) {
+    auto* const tick = new QCheckBox(table_);
+    tick->setObjectName(u"tick:"_s + qs(row.id));
+    tick->setAccessibleName(u"%1 %2 übertragen"_s.arg(row.label, row.person).simplified());
     ticks_.push_back(tick);
     connect(tick, &QCheckBox::toggled, this, [this, id = row.id](bool checked) {
         store_.setTransferChecked(store_.year(), id, checked);
     });
-    connect(copy, &QPushButton::clicked, this, [text = row.value] {
-        QString digits = text.section(u" / "_s, 0, 0);
-        QApplication::clipboard()->setText(digits.remove(QChar(0x2019)));
+    return tick;
+}
+
+QWidget* TransferPage::makeLabel(const Row& row) {
+    auto* const label = new QLabel(row.label, table_);
+    label->setWordWrap(true);
+    if (!row.person.isEmpty()) {
+        label->setTextFormat(Qt::RichText);
+        label->setText(u"%1 <span style='font-size:9pt; color:%3'>· %2</span>"_s.arg(
+            row.label.toHtmlEscaped(), row.person.toHtmlEscaped(),
+            shell::Theme::current().faint.name()));
+    }
+    return label;
+}
+
+QWidget* TransferPage::makeValue(const QString& value) {
+    auto* const figure = new QLabel(value, table_);
+    figure->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    figure->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    shell::setRole(figure, "figure");
+    return figure;
+}
+
+QWidget* TransferPage::makeCopy(const Row& row, const QString& value) {
+    auto* const copy = new QPushButton(u"Kopieren"_s, table_);
+    copy->setAccessibleName(u"%1 %2 kopieren, %3"_s.arg(row.label, row.person, value).simplified());
+    shell::setRole(copy, "link");
+    connect(copy, &QPushButton::clicked, this, [digits = QString(value).remove(QChar(0x2019))] {
+        QApplication::clipboard()->setText(digits);
     });
+    return copy;
 }
 
 void TransferPage::refresh() {

@@ -35,7 +35,9 @@ class TransferPage final : public shell::PageWidget {
         std::string id; ///< as it is kept when ticked: code and value
         QString ziffer;
         QString label;
-        QString value;
+        QString person; ///< whose line it is, where each person has their own
+        QString canton;
+        QString federal; ///< empty where it is the same
 
         bool operator==(const Row&) const = default;
     };
@@ -43,6 +45,10 @@ class TransferPage final : public shell::PageWidget {
     std::vector<Row> rowsOfResult() const;
     void rebuild();
     void addRow(const Row& row, int at);
+    QWidget* makeTick(const Row& row);
+    QWidget* makeLabel(const Row& row);
+    QWidget* makeValue(const QString& value);
+    QWidget* makeCopy(const Row& row, const QString& value);
     void showProgress();
 
     AppStore& store_;

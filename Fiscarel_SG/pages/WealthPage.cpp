@@ -1,6 +1,6 @@
-#include "Fiscarel_SG/pages/DeductionParts.h"
 #include "Fiscarel_SG/pages/InputPages.h"
 #include "Fiscarel_SG/pages/OtherCards.h"
+#include "Fiscarel_SG/pages/PageParts.h"
 #include "Fiscarel_SG/pages/WealthCards.h"
 #include "TaxCore/base/MoneyFormat.h"
 #include "TaxCore/liechtenstein/LiechtensteinCalculator.h"

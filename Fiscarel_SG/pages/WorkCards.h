@@ -4,7 +4,7 @@
 
 #include <vector>
 
-namespace fiscarel::pages::parts {
+namespace fiscarel::pages {
 
 // The cards of one person's professional costs, by region; the rules may be null.
 
@@ -14,4 +14,4 @@ std::vector<forms::Card> workCardsLiechtenstein(const taxcore::LIRules* rules, i
 /// Says that professional costs need a salary; there while the person has none.
 forms::FieldsCard needsSalaryCard(int number);
 
-} // namespace fiscarel::pages::parts
+} // namespace fiscarel::pages

@@ -3,7 +3,7 @@
 #include "TaxCore/base/MoneyFormat.h"
 #include "TaxCore/liechtenstein/WorkCosts.h"
 
-namespace fiscarel::pages::parts {
+namespace fiscarel::pages {
 
 using namespace forms;
 using namespace taxcore;
@@ -168,4 +168,4 @@ std::vector<Card> workCardsLiechtenstein(const LIRules* rules, int number) {
             totalCard(rules, number)};
 }
 
-} // namespace fiscarel::pages::parts
+} // namespace fiscarel::pages

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-namespace fiscarel::pages::parts {
+namespace fiscarel::pages {
 
 using namespace forms;
 using namespace taxcore;
@@ -430,4 +430,4 @@ std::vector<Card> workCardsStGallen(const RuleBook* rules, int number) {
             totalCard(number)};
 }
 
-} // namespace fiscarel::pages::parts
+} // namespace fiscarel::pages

@@ -16,6 +16,7 @@
 #include "Fiscarel_SG/shell/SearchDialog.h"
 #include "Fiscarel_SG/shell/StartDialog.h"
 #include "Fiscarel_SG/shell/TaxBar.h"
+#include "Fiscarel_SG/shell/TaxStrip.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -26,6 +27,7 @@
 #include <QProcess>
 #include <QPushButton>
 #include <QShortcut>
+#include <QSignalBlocker>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QVBoxLayout>
@@ -99,8 +101,8 @@ MainWindow::MainWindow(AppStore& store, Settings& settings, QWidget* parent)
       appearance_(appearanceOf(settings)), // fonts and colours before the first widget
       sidebar_(new Sidebar(store, pages(), this)), stack_(new QStackedWidget(this)),
       banner_(new QLabel(this)), bannerClose_(new QPushButton(u"Verstanden"_s, this)),
-      taxBar_(new TaxBar(store, this)), search_(new SearchDialog(this)),
-      reason_(new ReasonDialog(store, this)) {
+      taxBar_(new TaxBar(store, this)), strip_(new TaxStrip(*taxBar_, this)),
+      search_(new SearchDialog(this)), reason_(new ReasonDialog(store, this)) {
     setWindowTitle(store.isDemo() ? u"Fiscarel SG – Demohaushalt"_s : u"Fiscarel SG"_s);
     setWindowIcon(programIcon());
     setMinimumSize(1000, 640);
@@ -123,6 +125,7 @@ MainWindow::MainWindow(AppStore& store, Settings& settings, QWidget* parent)
     bannerLine->addWidget(bannerClose_);
     column->addLayout(bannerLine);
     column->addWidget(stack_, 1);
+    column->addWidget(strip_);
     line->addWidget(sidebar_);
     line->addWidget(middle, 1);
     line->addWidget(taxBar_);
@@ -165,6 +168,7 @@ void MainWindow::connectStore() {
         store_.setRegion(liechtenstein ? taxcore::TaxRegion::liechtenstein
                                        : taxcore::TaxRegion::stGallen);
     });
+    connect(strip_, &TaxStrip::toggled, this, &MainWindow::placeTaxBar);
     connect(taxBar_, &TaxBar::reasonWanted, this, &MainWindow::showReason);
     connect(reason_, &ReasonDialog::fieldWanted, this, &MainWindow::showField);
     connect(search_, &SearchDialog::chosen, this, [this](const SearchEntry& entry) {
@@ -195,14 +199,23 @@ void MainWindow::addShortcuts() {
     add(QKeySequence(Qt::CTRL | Qt::Key_Y), [this] { redo(); });
     add(QKeySequence(Qt::CTRL | Qt::Key_K), [this] { search(); });
     add(QKeySequence::Quit, [this] { close(); });
+    for (QWidget* const widget : std::initializer_list<QWidget*>{taxBar_, strip_}) {
+        auto* const shut = new QShortcut(Qt::Key_Escape, widget);
+        shut->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(shut, &QShortcut::activated, this, [this] { strip_->setChecked(false); });
+    }
     for (int i = 0; i < 9; ++i) {
         add(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + i)),
             [this, i] { showPage(pages()[static_cast<std::size_t>(i)].id); });
     }
 }
 
-/// Fields have an undo of their own for what is typed; that of the return goes before it.
+/// The tax bar follows the room there is; and fields have an undo of their own for what is typed;
+/// that of the return goes before it.
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Resize && watched == centralWidget()) {
+        placeTaxBar();
+    }
     if (event->type() == QEvent::ShortcutOverride && isActiveWindow()) {
         const auto& key = dynamic_cast<QKeyEvent&>(*event);
         if (key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo)) {
@@ -273,6 +286,7 @@ void MainWindow::showPage(const QString& id) {
     stack_->setCurrentWidget(&pageWidget(id));
     sidebar_->setPage(id);
     if (another) {
+        strip_->setChecked(false);
         taxBar_->beginPage();
         store_.endMerging();
         if (!store_.isDemo()) {
@@ -304,6 +318,10 @@ void MainWindow::rebuildPages() {
     shownYear_ = store_.year();
     shownLiechtenstein_ = store_.current().taxRegion() == taxcore::TaxRegion::liechtenstein;
     forms_ = pages::inputPages(context());
+    const auto* const frame = stack_->currentWidget() != nullptr
+                                  ? stack_->currentWidget()->findChild<PageFrame*>()
+                                  : nullptr;
+    const int position = frame != nullptr ? frame->position() : 0;
     for (auto& [id, widget] : widgets_) {
         stack_->removeWidget(widget);
         widget->deleteLater();
@@ -313,6 +331,9 @@ void MainWindow::rebuildPages() {
     const QString wanted = page_.isEmpty() ? u"overview"_s : page_;
     page_.clear();
     showPage(wanted);
+    if (auto* const shown = stack_->currentWidget()->findChild<PageFrame*>()) {
+        shown->setPosition(position);
+    }
 }
 
 void MainWindow::entriesChanged() {
@@ -462,9 +483,24 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     event->accept();
 }
 
-void MainWindow::resizeEvent(QResizeEvent* event) {
-    QMainWindow::resizeEvent(event);
-    taxBar_->setVisible(width() >= narrow);
+void MainWindow::placeTaxBar() {
+    const bool isNarrow = width() < narrow;
+    QWidget* const centre = centralWidget();
+    strip_->setVisible(isNarrow);
+    if (!isNarrow) {
+        const QSignalBlocker quiet(strip_);
+        strip_->setChecked(false);
+        if (centre->layout()->indexOf(taxBar_) < 0) {
+            centre->layout()->addWidget(taxBar_);
+        }
+        taxBar_->show();
+        return;
+    }
+    centre->layout()->removeWidget(taxBar_);
+    taxBar_->setVisible(strip_->isChecked());
+    taxBar_->setGeometry(centre->width() - taxBar_->width(), 0, taxBar_->width(),
+                         centre->height() - strip_->sizeHint().height());
+    taxBar_->raise();
 }
 
 } // namespace fiscarel::shell

@@ -27,6 +27,7 @@ namespace fiscarel::shell {
 class ReasonDialog;
 class SearchDialog;
 class TaxBar;
+class TaxStrip;
 
 /// The window: sidebar, one page, tax bar. Makes a page when it is first wanted and keeps it in
 /// step with the store.
@@ -55,7 +56,6 @@ class MainWindow final : public QMainWindow {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     bool focusNextPrevChild(bool next) override;
 
@@ -75,6 +75,8 @@ class MainWindow final : public QMainWindow {
     void showLoadError();
     void restoreWindow();
     void applyTheme();
+    /// Beside the page where there is room, else a strip below it that opens it above the page.
+    void placeTaxBar();
     forms::PageContext context() const;
 
     AppStore& store_;
@@ -85,6 +87,7 @@ class MainWindow final : public QMainWindow {
     QLabel* banner_;
     QPushButton* bannerClose_;
     TaxBar* taxBar_;
+    TaxStrip* strip_;
     SearchDialog* search_;
     ReasonDialog* reason_;
     QString page_;

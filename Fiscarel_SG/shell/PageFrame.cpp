@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -30,7 +31,13 @@ PageFrame::PageFrame(const QString& title, const QString& help, QWidget* parent)
 
     auto* const inner = new QWidget(scroll_);
     auto* const centred = new QHBoxLayout(inner);
-    centred->setContentsMargins(24, 20, 24, 24);
+    // A page that needs no scroll bar leaves its room free: cards are as wide on every page.
+    const auto keepRoom = [this, centred](int, int most) {
+        const int bar = most > 0 ? 0 : scroll_->verticalScrollBar()->sizeHint().width();
+        centred->setContentsMargins(24, 20, 24 + bar, 24);
+    };
+    keepRoom(0, 0);
+    connect(scroll_->verticalScrollBar(), &QScrollBar::rangeChanged, this, keepRoom);
     auto* const column = new QWidget(inner);
     column->setMaximumWidth(columnWidth);
     column->setLayout(column_);
@@ -69,6 +76,13 @@ bool PageFrame::eventFilter(QObject* watched, QEvent* event) {
         });
     }
     return QWidget::eventFilter(watched, event);
+}
+
+int PageFrame::position() const { return scroll_->verticalScrollBar()->value(); }
+
+void PageFrame::setPosition(int position) {
+    QTimer::singleShot(0, this,
+                       [this, position] { scroll_->verticalScrollBar()->setValue(position); });
 }
 
 } // namespace fiscarel::shell

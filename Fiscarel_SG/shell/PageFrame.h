@@ -20,6 +20,10 @@ class PageFrame final : public QWidget {
     QVBoxLayout& column() noexcept { return *column_; }
     /// Scrolls so that a widget within can be seen.
     void show(QWidget* widget);
+    /// How far it is scrolled, in pixels.
+    int position() const;
+    /// Scrolls there once the cards have their places.
+    void setPosition(int position);
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

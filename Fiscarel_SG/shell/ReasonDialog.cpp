@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/shell/ElidingButton.h"
 #include "Fiscarel_SG/shell/Theme.h"
 #include "TaxCore/base/MoneyFormat.h"
 
@@ -11,6 +12,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace fiscarel::shell {
 
@@ -19,15 +21,18 @@ using namespace taxcore;
 
 namespace {
 
-QString shown(const std::optional<Decimal>& value, Unit unit) {
+constexpr int usualWidth = 760;
+constexpr int aroundContent = 150; ///< title, button and margins
+constexpr int kindWidth = 92;      ///< of "Zwischenergebnis", so that the texts begin at one place
+
+/// `digits`: after the point of francs, the same for all of a derivation.
+QString shown(const std::optional<Decimal>& value, Unit unit, int digits) {
     if (!value) {
         return {};
     }
     switch (unit) {
-    case Unit::francs: {
-        const bool whole = value->isInteger();
-        return qs(MoneyFormat::chf(*value, whole ? 0 : 2, false));
-    }
+    case Unit::francs:
+        return qs(MoneyFormat::chf(*value, digits, false));
     case Unit::share:
         return qs(MoneyFormat::number(*value * 100)) + u"%"_s;
     case Unit::percent:
@@ -38,6 +43,17 @@ QString shown(const std::optional<Decimal>& value, Unit unit) {
         break;
     }
     return qs(MoneyFormat::number(*value));
+}
+
+int digitsOf(const Derivation& derivation) {
+    const auto isBroken = [](const std::optional<Decimal>& value) {
+        return value && !value->isInteger();
+    };
+    const bool broken = std::ranges::any_of(derivation.steps, [&](const DerivationStep& step) {
+        return step.unit.value_or(Unit::francs) == Unit::francs
+               && (isBroken(step.canton) || isBroken(step.federal));
+    });
+    return broken || isBroken(derivation.canton) || isBroken(derivation.federal) ? 2 : 0;
 }
 
 /// The legal basis in words of its sides; the same for both stands once.
@@ -73,7 +89,6 @@ ReasonDialog::ReasonDialog(AppStore& store, QWidget* parent)
     : QDialog(parent), store_(store), title_(new QLabel(this)), scroll_(new QScrollArea(this)) {
     setObjectName(u"reason"_s);
     setWindowTitle(u"Woher kommt dieser Betrag?"_s);
-    resize(760, 560);
     setRole(title_, "heading");
     title_->setWordWrap(true);
     scroll_->setWidgetResizable(true);
@@ -83,6 +98,7 @@ ReasonDialog::ReasonDialog(AppStore& store, QWidget* parent)
     buttons->button(QDialogButtonBox::Close)->setText(u"Schliessen"_s);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto* const outer = new QVBoxLayout(this);
+    outer->setContentsMargins(20, 18, 20, 16);
     outer->addWidget(title_);
     outer->addWidget(scroll_, 1);
     outer->addWidget(buttons);
@@ -98,9 +114,12 @@ bool ReasonDialog::explain(const std::string& code) {
     title_->setText(qs(derivation->label));
     auto* const content = new QWidget(scroll_);
     auto* const grid = new QGridLayout(content);
+    grid->setContentsMargins(0, 4, 12, 4);
     grid->setHorizontalSpacing(16);
     grid->setVerticalSpacing(6);
     grid->setColumnStretch(1, 1);
+    grid->setColumnMinimumWidth(0, kindWidth);
+    const int digits = digitsOf(*derivation);
     const bool twoSides = derivation->canton && derivation->federal;
     int row = 0;
     if (twoSides) {
@@ -110,17 +129,20 @@ bool ReasonDialog::explain(const std::string& code) {
     }
     const auto addAmounts = [&](const std::optional<Decimal>& canton,
                                 const std::optional<Decimal>& federal, Unit unit, bool strong) {
-        grid->addWidget(amountLabel(shown(canton, unit), strong, content), row, 2);
-        grid->addWidget(amountLabel(shown(federal, unit), strong, content), row, 3);
+        const auto& first = derivation->canton || !derivation->federal ? canton : federal;
+        grid->addWidget(amountLabel(shown(first, unit, digits), strong, content), row, 2);
+        if (twoSides) {
+            grid->addWidget(amountLabel(shown(federal, unit, digits), strong, content), row, 3);
+        }
     };
     for (const DerivationStep& step : derivation->steps) {
         grid->addWidget(label(qs(taxcore::label(step.kind)), "small", content), row, 0,
                         Qt::AlignTop);
         const bool leadsOn = step.path || (step.code && *step.code != code);
         if (leadsOn) {
-            auto* const door = new QPushButton(qs(step.text), content);
-            setRole(door, "link");
-            grid->addWidget(door, row, 1, Qt::AlignLeft | Qt::AlignTop);
+            auto* const door = new ElidingButton(content, qs(step.text));
+            setRole(door, "textlink"); // as high as the texts beside it
+            grid->addWidget(door, row, 1, Qt::AlignTop);
             if (step.path) {
                 connect(door, &QPushButton::clicked, this, [this, path = qs(*step.path)] {
                     accept();
@@ -143,11 +165,14 @@ bool ReasonDialog::explain(const std::string& code) {
     }
     auto* const line = new QFrame(content);
     setRole(line, "line");
-    grid->addWidget(line, row++, 0, 1, 4);
+    grid->addWidget(line, row++, 0, 1, twoSides ? 4 : 3);
     grid->addWidget(label(qs(derivation->label), "figure", content), row, 0, 1, 2);
     addAmounts(derivation->canton, derivation->federal, derivation->unit, true);
     grid->setRowStretch(row + 1, 1);
     scroll_->setWidget(content);
+    if (!isVisible()) { // as high as what it says; while it is open it stays as it is
+        resize(usualWidth, std::clamp(content->sizeHint().height() + aroundContent, 260, 620));
+    }
     return true;
 }
 

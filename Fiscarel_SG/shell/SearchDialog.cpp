@@ -1,16 +1,55 @@
 #include "Fiscarel_SG/shell/SearchDialog.h"
 
 #include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/shell/Theme.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPainter>
+#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
 namespace fiscarel::shell {
 
 using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// What was found and, fainter below it, where it stands.
+class ResultDelegate final : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const override {
+        return {0, 2 * option.fontMetrics.lineSpacing() + 2 * inset};
+    }
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        const Theme& theme = Theme::current();
+        if (option.state.testFlag(QStyle::State_Selected)) {
+            painter->fillRect(option.rect, theme.soft);
+        }
+        const QRect room = option.rect.adjusted(2 * inset, inset, -2 * inset, -inset);
+        const QString text = index.data().toString();
+        const auto draw = [&](const QString& line, const QColor& color, Qt::AlignmentFlag at) {
+            painter->setPen(color);
+            painter->drawText(room, at,
+                              option.fontMetrics.elidedText(line, Qt::ElideRight, room.width()));
+        };
+        painter->save();
+        painter->setFont(option.font);
+        draw(text.section(u'\n', 0, 0), theme.text, Qt::AlignTop);
+        draw(text.section(u'\n', 1), theme.faint, Qt::AlignBottom);
+        painter->restore();
+    }
+
+  private:
+    static constexpr int inset = 5;
+};
+
+} // namespace
 
 SearchDialog::SearchDialog(QWidget* parent)
     : QDialog(parent), query_(new QLineEdit(this)), list_(new QListWidget(this)) {
@@ -22,8 +61,12 @@ SearchDialog::SearchDialog(QWidget* parent)
     query_->setAccessibleName(u"Suchbegriff"_s);
     query_->installEventFilter(this);
     list_->setObjectName(u"searchResults"_s);
+    list_->setItemDelegate(new ResultDelegate(list_));
+    list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     list_->setAccessibleName(u"Gefunden"_s);
     auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(16, 16, 16, 16);
+    column->setSpacing(10);
     column->addWidget(query_);
     column->addWidget(list_);
     connect(query_, &QLineEdit::textChanged, this, &SearchDialog::search);

@@ -11,7 +11,10 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <set>
 
 namespace fiscarel::shell {
 
@@ -40,10 +43,21 @@ Sidebar::Sidebar(AppStore& store, const std::vector<PageEntry>& pages, QWidget* 
     column->addSpacing(4);
     column->addWidget(year_);
     column->addSpacing(10);
+    auto* const area = new QScrollArea(this); // the window may be low and the problem long
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setFocusPolicy(Qt::NoFocus);
+    auto* const list = new QWidget(area);
+    auto* const entries = new QVBoxLayout(list);
+    entries->setContentsMargins(0, 0, 0, 0);
+    entries->setSpacing(2);
     for (const PageEntry& page : pages) {
-        addPage(page, *column);
+        addPage(page, *entries);
     }
-    column->addStretch(1);
+    entries->addStretch(1);
+    area->setWidget(list);
+    column->addWidget(area, 1);
     saved_->setWordWrap(true);
     saved_->setObjectName(u"saveState"_s);
     setRole(saved_, "small");
@@ -81,9 +95,11 @@ void Sidebar::addPage(const PageEntry& page, QVBoxLayout& column) {
 
 void Sidebar::setPage(const QString& id) {
     if (const auto found = buttons_.find(id); found != buttons_.end()) {
+        const bool keyboardIsHere = std::ranges::any_of(
+            buttons_, [](const auto& entry) { return entry.second->hasFocus(); });
         found->second->setChecked(true);
-        if (!isVisible()) {
-            found->second->setFocus(); // where the keyboard is at the start
+        if (!isVisible() || keyboardIsHere) { // at the start it is here too
+            found->second->setFocus();
         }
     }
 }

@@ -50,8 +50,13 @@ StartDialog::StartDialog(AppStore& store, QWidget* parent)
     setRole(problem_, "error");
     for (QWidget* widget : std::initializer_list<QWidget*>{title, help, stGallen, liechtenstein_,
                                                            fresh, file, demo, problem_}) {
+        if (widget == fresh) {
+            column->addSpacing(8);
+        }
         column->addWidget(widget);
     }
+    setTabOrder(stGallen, liechtenstein_);
+    stGallen->setFocus();
     connect(fresh, &QPushButton::clicked, this, &StartDialog::begin);
     connect(file, &QPushButton::clicked, this, &StartDialog::beginWithFile);
     connect(demo, &QPushButton::clicked, this,

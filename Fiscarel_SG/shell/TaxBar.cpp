@@ -10,7 +10,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
-#include <algorithm>
+#include <utility>
 
 namespace fiscarel::shell {
 
@@ -20,7 +20,11 @@ using taxcore::MoneyFormat;
 
 namespace {
 
-constexpr std::size_t rowCount = 8;
+constexpr std::size_t taxRows = 5;  ///< who gets what
+constexpr std::size_t baseRows = 3; ///< what is taxed
+
+constexpr int margin = 15;
+constexpr int textInset = 5; ///< as far as the text of a door from its edge
 
 QString money(const Decimal& amount) { return qs(MoneyFormat::chf(amount, 2, false)); }
 QString whole(const Decimal& amount) { return qs(MoneyFormat::chf(amount, 0, false)); }
@@ -32,26 +36,37 @@ struct Entry {
     std::string code;
 };
 
-std::vector<Entry> entriesOf(const taxcore::TaxBill& bill, bool liechtenstein) {
-    std::vector<Entry> entries;
+std::vector<Entry> taxesOf(const taxcore::TaxBill& bill, bool liechtenstein) {
     if (liechtenstein) {
-        entries = {{u"Landessteuer"_s, money(bill.cantonTotal()), "cantonTotal"},
-                   {u"Gemeindesteuer"_s, money(bill.municipalityTotal()), "municipalityTotal"},
-                   {u"Steuerbarer Erwerb"_s, whole(bill.taxableIncomeCanton), "650"},
-                   {u"Reinvermögen"_s, whole(bill.taxableWealth), "880"}};
-        return entries;
+        return {{u"Landessteuer"_s, money(bill.cantonTotal()), "cantonTotal"},
+                {u"Gemeindesteuer"_s, money(bill.municipalityTotal()), "municipalityTotal"}};
     }
-    entries = {{u"Kanton"_s, money(bill.cantonTotal()), "cantonTotal"},
-               {u"Gemeinde"_s, money(bill.municipalityTotal()), "municipalityTotal"}};
+    std::vector<Entry> entries{
+        {u"Kanton"_s, money(bill.cantonTotal()), "cantonTotal"},
+        {u"Gemeinde"_s, money(bill.municipalityTotal()), "municipalityTotal"}};
     if (bill.churchRate > 0) {
         entries.push_back({u"Kirche"_s, money(bill.churchTotal()), "churchTotal"});
     }
     entries.push_back({u"Bund"_s, money(bill.federal), "federal"});
-    entries.push_back(
-        {u"Steuerbares Einkommen"_s, whole(bill.taxableIncomeCanton), "steuerbaresEinkommen"});
-    entries.push_back({u"– beim Bund"_s, whole(bill.taxableIncomeFederal), "steuerbaresEinkommen"});
-    entries.push_back(
-        {u"Steuerbares Vermögen"_s, whole(bill.taxableWealth), "steuerbaresVermoegen"});
+    return entries;
+}
+
+std::vector<Entry> basesOf(const taxcore::TaxBill& bill, bool liechtenstein) {
+    if (liechtenstein) {
+        return {{u"Erwerb"_s, whole(bill.taxableIncomeCanton), "650"},
+                {u"Reinvermögen"_s, whole(bill.taxableWealth), "880"}};
+    }
+    std::vector<Entry> entries;
+    if (bill.taxableIncomeCanton == bill.taxableIncomeFederal) {
+        entries.push_back(
+            {u"Einkommen"_s, whole(bill.taxableIncomeCanton), "steuerbaresEinkommen"});
+    } else {
+        entries.push_back(
+            {u"Einkommen Kanton"_s, whole(bill.taxableIncomeCanton), "steuerbaresEinkommen"});
+        entries.push_back(
+            {u"Einkommen Bund"_s, whole(bill.taxableIncomeFederal), "steuerbaresEinkommen"});
+    }
+    entries.push_back({u"Vermögen"_s, whole(bill.taxableWealth), "steuerbaresVermoegen"});
     return entries;
 }
 
@@ -59,13 +74,17 @@ std::vector<Entry> entriesOf(const taxcore::TaxBill& bill, bool liechtenstein) {
 
 TaxBar::TaxBar(AppStore& store, QWidget* parent)
     : QWidget(parent), store_(store), total_(new QLabel(this)), totalName_(new QLabel(this)),
-      change_(new QLabel(this)), marginal_(new QLabel(this)), column_(new QVBoxLayout(this)) {
+      change_(new QLabel(this)), marginal_(new QLabel(this)),
+      taxable_(new QLabel(u"Steuerbar"_s, this)), column_(new QVBoxLayout(this)) {
     setObjectName(u"taxBar"_s);
     setAttribute(Qt::WA_StyledBackground);
     setRole(this, "taxbar");
     setFixedWidth(270);
-    column_->setContentsMargins(20, 24, 20, 20);
+    column_->setContentsMargins(margin, 24, margin, 20);
     column_->setSpacing(4);
+    for (QLabel* const label : {totalName_, total_, change_, marginal_, taxable_}) {
+        label->setContentsMargins(textInset, 0, textInset, 0);
+    }
     setRole(totalName_, "faint");
     setRole(total_, "total");
     total_->setObjectName(u"total"_s);
@@ -77,8 +96,13 @@ TaxBar::TaxBar(AppStore& store, QWidget* parent)
     column_->addWidget(total_);
     column_->addWidget(change_);
     column_->addSpacing(10);
-    for (std::size_t i = 0; i < rowCount; ++i) {
-        addRow({});
+    setRole(taxable_, "faint");
+    for (std::size_t i = 0; i < taxRows + baseRows; ++i) {
+        if (i == taxRows) {
+            column_->addSpacing(10);
+            column_->addWidget(taxable_);
+        }
+        addRow();
     }
     column_->addSpacing(10);
     column_->addWidget(marginal_);
@@ -86,20 +110,18 @@ TaxBar::TaxBar(AppStore& store, QWidget* parent)
     refresh();
 }
 
-void TaxBar::addRow(const QString& name) {
-    auto* const line = new QWidget(this);
-    auto* const layout = new QHBoxLayout(line);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(4);
-    auto* const door = new QPushButton(name, line);
+/// The whole row is the door, so that the figure can be clicked too.
+void TaxBar::addRow() {
+    auto* const door = new QPushButton(this);
     setRole(door, "door");
     door->setToolTip(u"Woher kommt dieser Betrag?"_s);
-    auto* const amount = new QLabel(line);
+    auto* const layout = new QHBoxLayout(door);
+    layout->setContentsMargins(0, 0, textInset, 0);
+    auto* const amount = new QLabel(door);
     setRole(amount, "figure");
-    amount->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    layout->addWidget(door, 1);
-    layout->addWidget(amount);
-    column_->addWidget(line);
+    amount->setAttribute(Qt::WA_TransparentForMouseEvents);
+    layout->addWidget(amount, 1, Qt::AlignRight | Qt::AlignVCenter);
+    column_->addWidget(door);
     const std::size_t index = rows_.size();
     rows_.push_back({door, amount, {}});
     connect(door, &QPushButton::clicked, this,
@@ -114,12 +136,25 @@ void TaxBar::setRow(std::size_t index, const QString& name, const QString& amoun
     row.name->setObjectName(u"taxbar:"_s + qs(code) + (index > 0 ? QString::number(index) : u""_s));
     row.amount->setText(amount);
     row.code = std::move(code);
-    row.name->parentWidget()->setVisible(!name.isEmpty());
+    row.name->setVisible(!name.isEmpty());
 }
 
 std::optional<Decimal> TaxBar::total() const {
     const auto* result = store_.result();
     return result != nullptr ? std::optional(taxcore::Advisor::totalTax(*result)) : std::nullopt;
+}
+
+TaxBar::Summary TaxBar::summary() const {
+    const auto sum = total();
+    Summary summary{.name = u"Steuern %1"_s.arg(store_.year()),
+                    .total = sum ? qs(MoneyFormat::chf(*sum, 2, true)) : u"–"_s};
+    const Decimal change = sum && atPageStart_ ? *sum - *atPageStart_ : Decimal(0);
+    if (change != 0) {
+        summary.change = u"%1%2 seit Öffnen dieser Seite"_s.arg(
+            change > 0 ? u"+"_s : QString(), qs(MoneyFormat::chf(change, 0, false)));
+        summary.changeRole = change > 0 ? "warning" : "good";
+    }
+    return summary;
 }
 
 void TaxBar::beginPage() {
@@ -129,37 +164,36 @@ void TaxBar::beginPage() {
 
 void TaxBar::refresh() {
     const auto* result = store_.result();
-    totalName_->setText(u"Steuern %1"_s.arg(store_.year()));
-    const auto sum = total();
-    total_->setText(sum ? qs(MoneyFormat::chf(*sum, 2, true)) : u"–"_s);
-    std::vector<Entry> entries;
+    const Summary top = summary();
+    totalName_->setText(top.name);
+    total_->setText(top.total);
+    change_->setText(top.change);
+    setRole(change_, top.changeRole);
+    std::vector<Entry> taxes;
+    std::vector<Entry> bases;
     if (result != nullptr) {
-        entries = entriesOf(result->bill,
-                            store_.current().taxRegion() == taxcore::TaxRegion::liechtenstein);
-        const Decimal capital = *sum - result->bill.total();
+        const bool liechtenstein =
+            store_.current().taxRegion() == taxcore::TaxRegion::liechtenstein;
+        taxes = taxesOf(result->bill, liechtenstein);
+        bases = basesOf(result->bill, liechtenstein);
+        const Decimal capital = *total() - result->bill.total();
         if (capital > 0) {
-            const auto income = std::ranges::find_if(entries, [](const Entry& entry) {
-                return entry.code == "steuerbaresEinkommen" || entry.code == "650";
-            });
-            entries.insert(income, {u"Kapitalleistungen"_s, money(capital), "kapitalleistungen"});
+            taxes.push_back({u"Kapitalleistungen"_s, money(capital), "kapitalleistungen"});
         }
     }
+    taxable_->setVisible(!bases.empty());
+    taxes.resize(taxRows);
+    bases.resize(baseRows);
     for (std::size_t i = 0; i < rows_.size(); ++i) {
-        const bool used = i < entries.size();
-        setRow(i, used ? entries[i].name : QString(), used ? entries[i].amount : QString(),
-               used ? entries[i].code : std::string());
+        Entry& entry = i < taxRows ? taxes[i] : bases[i - taxRows];
+        setRow(i, entry.name, entry.amount, std::move(entry.code));
     }
-    const Decimal change = sum && atPageStart_ ? *sum - *atPageStart_ : Decimal(0);
-    change_->setText(
-        change == 0 ? QString()
-                    : u"%1%2 seit Öffnen dieser Seite"_s.arg(
-                        change > 0 ? u"+"_s : QString(), qs(MoneyFormat::chf(change, 0, false))));
-    setRole(change_, change > 0 ? "warning" : "good");
     const Decimal of100 = (store_.marginalRate() * 100).roundPlain(0);
     marginal_->setText(
         result == nullptr || of100 <= 0
             ? QString()
             : u"Von 100 Franken mehr Einkommen gehen %1 an die Steuer."_s.arg(whole(of100)));
+    Q_EMIT refreshed();
 }
 
 } // namespace fiscarel::shell

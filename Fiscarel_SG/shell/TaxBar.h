@@ -27,13 +27,23 @@ class TaxBar final : public QWidget {
   public:
     TaxBar(AppStore& store, QWidget* parent);
 
+    /// What stands at the top of the bar.
+    struct Summary {
+        QString name;   ///< "Steuern 2025"
+        QString total;  ///< "CHF 16’384.05"; "–" when it cannot be computed
+        QString change; ///< "−312 seit Öffnen dieser Seite"; empty without one
+        const char* changeRole = "good";
+    };
+    Summary summary() const;
+
     void refresh();
     /// The change is counted from the figures of now.
     void beginPage();
 
   Q_SIGNALS:
     void reasonWanted(const QString& code);
-    void pageWanted(const QString& id);
+    /// The figures are those of now.
+    void refreshed();
 
   private:
     struct Row {
@@ -42,7 +52,7 @@ class TaxBar final : public QWidget {
         std::string code;
     };
 
-    void addRow(const QString& name);
+    void addRow();
     void setRow(std::size_t index, const QString& name, const QString& amount, std::string code);
     std::optional<taxcore::Decimal> total() const;
 
@@ -51,6 +61,7 @@ class TaxBar final : public QWidget {
     QLabel* totalName_;
     QLabel* change_;
     QLabel* marginal_;
+    QLabel* taxable_; ///< heading of what is taxed
     QVBoxLayout* column_;
     std::vector<Row> rows_;
     std::optional<taxcore::Decimal> atPageStart_;

@@ -1,18 +1,231 @@
-// Takes a picture of every page of the demo household:
-//   screenshots FOLDER [WIDTH HEIGHT]
-// in light and dark; with QT_SCALE_FACTOR set, larger. For docs/screenshots and for looking.
+// Takes a picture of every page of the demo household, in light and dark:
+//   screenshots FOLDER [WIDTH HEIGHT] [-BrennickLI] [-all]
+// With QT_SCALE_FACTOR set, larger. "-all" also takes what one has to scroll or click for: the rest
+// of each page, opened rows, help, problems, dialogs, a case without entries, very long texts. It
+// tells which pages are wider than the window.
 
 #include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/forms/FieldRow.h"
 #include "Fiscarel_SG/shell/MainWindow.h"
+#include "Fiscarel_SG/shell/ReasonDialog.h"
+#include "Fiscarel_SG/shell/SearchDialog.h"
+#include "Fiscarel_SG/shell/StartDialog.h"
 #include "Fiscarel_SG/store/QtServices.h"
 #include "tests/support/FakeServices.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QDir>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QPixmap>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTest>
+#include <cstdio>
 
 using namespace Qt::Literals::StringLiterals;
 using namespace fiscarel;
+
+namespace {
+
+/// The window and where its pictures go.
+struct Camera {
+    AppStore& store;
+    shell::MainWindow& window;
+    QString folder;
+    QString suffix; ///< "-light", "-dark-li"
+
+    static void settle() {
+        for (int i = 0; i < 5; ++i) {
+            QApplication::processEvents();
+        }
+    }
+    void take(const QString& name) const { take(window, name); }
+    void take(QWidget& widget, const QString& name) const {
+        settle();
+        widget.grab().save(u"%1/%2%3.png"_s.arg(folder, name, suffix));
+    }
+    QScrollArea* scroll() const {
+        auto* const page = window.findChild<QWidget*>(u"page:"_s + window.currentPage());
+        return page->findChild<QScrollArea*>();
+    }
+    void show(const QString& page) const {
+        window.showPage(page);
+        settle();
+        if (scroll()->horizontalScrollBar()->maximum() > 0) {
+            std::printf("wider than the window: %s%s\n", qPrintable(page), qPrintable(suffix));
+        }
+    }
+    void pages(const QString& prefix = {}) const {
+        for (const auto& page : shell::MainWindow::pages()) {
+            show(page.id);
+            take(prefix + page.id);
+        }
+    }
+    void restOfPages() const {
+        for (const auto& page : shell::MainWindow::pages()) {
+            show(page.id);
+            QScrollBar& bar = *scroll()->verticalScrollBar();
+            for (int part = 2; bar.value() < bar.maximum(); ++part) {
+                bar.setValue(bar.value() + bar.pageStep());
+                take(u"%1-%2"_s.arg(page.id).arg(part));
+            }
+            bar.setValue(0);
+        }
+    }
+    QWidget* find(const QString& name) const {
+        for (QWidget* const widget : window.findChildren<QWidget*>(name)) {
+            if (widget->isVisible()) {
+                return widget;
+            }
+        }
+        std::printf("not there: %s\n", qPrintable(name));
+        return nullptr;
+    }
+    void open(const QString& page, const QString& list) const {
+        show(page);
+        if (auto* const head = dynamic_cast<QPushButton*>(find(u"open:"_s + list + u"[0]"_s))) {
+            head->click();
+            settle();
+            scroll()->ensureWidgetVisible(head, 0, 0);
+            scroll()->verticalScrollBar()->setValue(head->mapTo(scroll()->widget(), QPoint()).y()
+                                                    - 60);
+            take(page + u"-open"_s);
+        }
+    }
+    /// Types something nobody can read, with the help open.
+    void problem(const QString& page, const QString& path, const QString& text) const {
+        show(page);
+        if (!window.showField(path)) {
+            return;
+        }
+        const taxcore::TaxCase before = store.current();
+        auto* const line = dynamic_cast<QLineEdit*>(find(path));
+        line->selectAll();
+        QTest::keyClicks(line, text);
+        QTest::keyClick(line, Qt::Key_Tab);
+        for (auto* const row : window.findChildren<forms::FieldRow*>()) {
+            row->showHelp(row->isVisible() && row->field().path == path.toStdString());
+        }
+        take(page + u"-problem"_s);
+        if (!(store.current() == before)) { // some take any text
+            store.undo();
+        }
+    }
+    void dialogs() const {
+        for (const QString& code : {u"cantonTotal"_s, u"steuerbaresEinkommen"_s, u"650"_s}) {
+            window.showReason(code);
+            auto& reason = *window.findChild<shell::ReasonDialog*>();
+            if (reason.isVisible()) {
+                take(reason, u"reason-"_s + code);
+                reason.reject();
+            }
+        }
+        window.activateWindow();
+        settle();
+        QTest::keyClick(&window, Qt::Key_K, Qt::ControlModifier);
+        if (auto& search = *window.findChild<shell::SearchDialog*>(); search.isVisible()) {
+            QTest::keyClicks(search.findChild<QLineEdit*>(), u"lohn"_s);
+            take(search, u"search"_s);
+            search.reject();
+        }
+        shell::StartDialog start(store, &window);
+        start.show();
+        take(start, u"start"_s);
+    }
+    void table() const {
+        window.activateWindow();
+        show(u"wealth"_s);
+        scroll()->verticalScrollBar()->setValue(0);
+        settle();
+        if (auto* const table = dynamic_cast<QAbstractItemView*>(find(u"table:securities"_s))) {
+            const QModelIndex last = table->model()->index(table->model()->rowCount() - 1, 2);
+            QTest::mouseClick(table->viewport(), Qt::LeftButton, {},
+                              table->visualRect(last).center());
+            if (auto* const cell = table->viewport()->findChild<QLineEdit*>()) {
+                QTest::keyClicks(cell, u"Kantonalbank"_s);
+                take(u"wealth-cell"_s);
+                QTest::keyClick(cell, Qt::Key_Tab);
+                take(u"wealth-next-cell"_s);
+            }
+            scroll()->verticalScrollBar()->setValue(0);
+            table->horizontalScrollBar()->setValue(table->horizontalScrollBar()->maximum());
+            take(u"wealth-right"_s);
+            store.undo();
+        }
+    }
+    void narrowBar() const {
+        if (auto* const strip = window.findChild<QPushButton*>(u"taxStrip"_s);
+            strip != nullptr && strip->isVisible()) {
+            show(u"income"_s);
+            strip->click();
+            take(u"bar-open"_s);
+            strip->click();
+        }
+    }
+};
+
+taxcore::TaxCase withLongTexts(taxcore::TaxCase taxCase) {
+    const std::string words = "Donaudampfschifffahrtsgesellschaftskapitänswitwenrentenkasse der "
+                              "Gemeinnützigen Genossenschaft Oberwerdenberg und Umgebung";
+    taxCase.person1.firstName = "Maria-Magdalena Annemarie";
+    taxCase.person1.lastName = "von Hohenwerdenberg-Sargans-Vaduz-Obertoggenburg";
+    for (auto& salary : taxCase.income1.salaries) {
+        salary.employer = words;
+    }
+    for (auto& security : taxCase.securities) {
+        security.institution = words;
+    }
+    for (auto& child : taxCase.children) {
+        child.lastName = words;
+    }
+    for (auto& debt : taxCase.debts) {
+        debt.creditor = words;
+    }
+    return taxCase;
+}
+
+/// Of a new year after one with entries: nothing entered, last year's values as hints.
+void emptyYear(const Camera& camera) {
+    const taxcore::TaxCase demo = camera.store.current();
+    taxcore::TaxCase empty;
+    empty.year = demo.year;
+    empty.region = demo.region;
+    taxcore::TaxCase before = demo;
+    before.year = demo.year - 1;
+    camera.store.setYear(before.year);
+    camera.store.setCurrent(before);
+    camera.store.setYear(demo.year);
+    camera.store.setCurrent(empty);
+    QTest::qWait(300);
+    camera.pages(u"empty-"_s);
+    camera.show(u"family"_s);
+    QTest::keyClick(camera.find(u"civilStatus"_s), Qt::Key_Tab);
+    camera.store.setCurrent(withLongTexts(demo));
+    QTest::qWait(300);
+    camera.pages(u"long-"_s);
+    camera.store.setCurrent(demo);
+    QTest::qWait(300);
+}
+
+void everything(const Camera& camera, bool liechtenstein) {
+    camera.restOfPages();
+    camera.open(u"income"_s, u"income1.salaries"_s);
+    camera.open(u"family"_s, u"children"_s);
+    camera.open(u"wealth"_s, u"realEstate"_s);
+    camera.problem(u"income"_s, u"income1.selfEmployment"_s, u"tausend Franken"_s);
+    camera.problem(u"family"_s, u"municipality"_s, u"Oberwerdenbergshausen"_s);
+    camera.dialogs();
+    camera.table();
+    camera.narrowBar();
+    if (!liechtenstein) {
+        emptyYear(camera);
+    }
+}
+
+} // namespace
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
@@ -28,18 +241,19 @@ int main(int argc, char** argv) {
     settings.setNumber("selectedYear", 2026);
     AppStore store({nullptr, queue, clock, timers, settings},
                    {.demo = true, .liechtenstein = liechtenstein});
+    const int width = arguments.value(2).toInt();
+    const int height = arguments.value(3).toInt();
     for (const auto appearance : {shell::Appearance::light, shell::Appearance::dark}) {
         settings.setNumber("appearance", static_cast<int>(appearance));
         shell::MainWindow window(store, settings);
-        window.resize(arguments.value(2, u"1280"_s).toInt(), arguments.value(3, u"820"_s).toInt());
+        window.resize(width > 0 ? width : 1280, height > 0 ? height : 820);
         window.show();
-        for (const auto& page : shell::MainWindow::pages()) {
-            window.showPage(page.id);
-            QApplication::processEvents();
-            QApplication::processEvents();
-            window.grab().save(u"%1/%2-%3%4.png"_s.arg(
-                folder, page.id, appearance == shell::Appearance::light ? u"light"_s : u"dark"_s,
-                liechtenstein ? u"-li"_s : QString()));
+        const Camera camera{store, window, folder,
+                            (appearance == shell::Appearance::light ? u"-light"_s : u"-dark"_s)
+                                + (liechtenstein ? u"-li"_s : QString())};
+        camera.pages();
+        if (arguments.contains(u"-all"_s)) {
+            everything(camera, liechtenstein);
         }
     }
     return 0;

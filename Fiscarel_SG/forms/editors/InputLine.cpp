@@ -48,7 +48,10 @@ void InputButton::paintEvent(QPaintEvent*) {
     }
 }
 
-InputLine::InputLine(QWidget* parent) : QLineEdit(parent) { keepRoom(); }
+InputLine::InputLine(QWidget* parent) : QLineEdit(parent) {
+    keepRoom();
+    connect(this, &QLineEdit::textChanged, this, &InputLine::slantHint);
+}
 
 void InputLine::setUnit(const QString& unit) {
     unit_ = unit;
@@ -64,6 +67,15 @@ void InputLine::setMarked(bool marked) {
     if (marked != marked_) {
         marked_ = marked;
         update();
+    }
+}
+
+void InputLine::slantHint() {
+    const bool showsHint = text().isEmpty() && !placeholderText().isEmpty();
+    if (font().italic() != showsHint) {
+        QFont own = font();
+        own.setItalic(showsHint);
+        setFont(own);
     }
 }
 
@@ -174,6 +186,7 @@ int InputLine::unitWidth() const {
 /// That of the form; the line itself may have one for figures.
 QFont InputLine::unitFont() const {
     QFont own = parentWidget() != nullptr ? parentWidget()->font() : font();
+    own.setItalic(false);
     own.setFamilies({own.family()}); // said, so that the line's is not taken for it
     own.setPointSizeF(own.pointSizeF() > 0 ? own.pointSizeF() : QFontInfo(own).pointSizeF());
     return own;

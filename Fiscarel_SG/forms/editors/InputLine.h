@@ -33,6 +33,8 @@ class InputLine : public QLineEdit {
     void setSelectsAll(bool selectsAll) { selectsAll_ = selectsAll; }
     /// Marks that what stands here cannot be read.
     void setMarked(bool marked);
+    /// Slants the hint, so that nobody takes it for an entry.
+    void slantHint();
 
     std::function<void()> entered;       ///< the keyboard came
     std::function<void()> leaving;       ///< the keyboard went elsewhere, popups of its own aside

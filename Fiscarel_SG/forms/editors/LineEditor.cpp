@@ -51,6 +51,7 @@ void LineEditor::setValue(const Value& value) {
 
 void LineEditor::setHint(const Value& lastYear) {
     line_->setPlaceholderText(isEmptyValue(lastYear) ? QString() : hintFor(shown(lastYear)));
+    line_->slantHint();
 }
 
 bool LineEditor::isEmptyValue(const Value& value) const {
@@ -152,6 +153,7 @@ void LineEditor::changeEvent(QEvent* event) {
     EditorBase::changeEvent(event);
     if (event->type() == QEvent::FontChange && line_->alignment().testFlag(Qt::AlignRight)) {
         line_->setFont(tabular(font()));
+        line_->slantHint();
     }
 }
 

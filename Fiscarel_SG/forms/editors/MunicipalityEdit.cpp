@@ -101,8 +101,7 @@ QString MunicipalityEdit::problemOf(const Value& value) const {
     if (std::ranges::any_of(names_, isEntered)) {
         return {};
     }
-    return QStringLiteral("«%1» steht nicht in der Liste der Gemeinden %2. Wählen Sie einen Namen "
-                          "aus der Liste.")
+    return QStringLiteral("«%1» steht nicht in der Liste der Gemeinden %2. Bitte daraus wählen.")
         .arg(entered)
         .arg(year_);
 }

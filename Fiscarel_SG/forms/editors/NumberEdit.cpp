@@ -17,6 +17,7 @@ void NumberEdit::setHint(const Value& lastYear) {
     LineEditor::setHint(lastYear);
     if (line()->placeholderText().isEmpty() && !field().isOptional) {
         line()->setPlaceholderText(QStringLiteral("0"));
+        line()->slantHint();
     }
 }
 

@@ -11,8 +11,7 @@ namespace fiscarel::pages {
 
 namespace {
 
-constexpr int inset = 8;     ///< as far as the title of a row from its edge
-constexpr int linkInset = 3; ///< the same for the text of a link
+constexpr int linkInset = 7; ///< the same for the text of a link
 
 } // namespace
 

@@ -21,6 +21,8 @@ class CardFrame : public QFrame {
     void setTitle(const QString& title);
 
   protected:
+    static constexpr int inset = 8; ///< of texts, as far as the title of a row from its edge
+
     /// Text that wraps, at the end of the card.
     QLabel* addText(const QString& text, const char* role);
     /// A button that looks like a link, at the end of the card.

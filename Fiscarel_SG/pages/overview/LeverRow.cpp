@@ -18,7 +18,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int nameWidth = 184;
+constexpr int nameWidth = 212;
 constexpr int boxWidth = 92;
 constexpr int pageSteps = 10;
 

@@ -19,6 +19,7 @@ QPushButton* MessageCard::addButton(const QString& text, const QString& name) {
     if (isFirst) {
         buttons_ = new QHBoxLayout;
         buttons_->setSpacing(10);
+        buttons_->setContentsMargins(inset, 0, inset, 0);
         buttons_->addStretch(1);
         column().addSpacing(6);
         column().addLayout(buttons_);
