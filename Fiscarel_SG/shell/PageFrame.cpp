@@ -14,6 +14,7 @@ namespace fiscarel::shell {
 namespace {
 
 constexpr int columnWidth = 860;
+constexpr int settlingTime = 150; ///< milliseconds
 
 } // namespace
 
@@ -60,9 +61,15 @@ void PageFrame::show(QWidget* widget) { scroll_->ensureWidgetVisible(widget, 0, 
 
 int PageFrame::position() const { return scroll_->verticalScrollBar()->value(); }
 
+/// A page just made finds its length in several rounds of the layouts.
 void PageFrame::setPosition(int position) {
-    QTimer::singleShot(0, this,
-                       [this, position] { scroll_->verticalScrollBar()->setValue(position); });
+    QScrollBar* const bar = scroll_->verticalScrollBar();
+    auto* const settling = new QTimer(this);
+    settling->setSingleShot(true);
+    connect(bar, &QScrollBar::rangeChanged, settling, [bar, position] { bar->setValue(position); });
+    connect(settling, &QTimer::timeout, settling, &QObject::deleteLater);
+    settling->start(settlingTime);
+    bar->setValue(position);
 }
 
 } // namespace fiscarel::shell
