@@ -247,6 +247,7 @@ void everything(const Camera& camera, bool liechtenstein) {
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
+    QApplication::setApplicationVersion(QStringLiteral(FISCAREL_VERSION));
     const QStringList arguments = QApplication::arguments();
     const QString folder = arguments.value(1, u"."_s);
     QDir().mkpath(folder);
