@@ -80,9 +80,15 @@ bool PageFrame::eventFilter(QObject* watched, QEvent* event) {
 
 int PageFrame::position() const { return scroll_->verticalScrollBar()->value(); }
 
+/// A page just made finds its length in several rounds of the layouts.
 void PageFrame::setPosition(int position) {
-    QTimer::singleShot(0, this,
-                       [this, position] { scroll_->verticalScrollBar()->setValue(position); });
+    QScrollBar* const bar = scroll_->verticalScrollBar();
+    auto* const settling = new QTimer(this);
+    settling->setSingleShot(true);
+    connect(bar, &QScrollBar::rangeChanged, settling, [bar, position] { bar->setValue(position); });
+    connect(settling, &QTimer::timeout, settling, &QObject::deleteLater);
+    settling->start(settling);
+    bar->setValue(position);
 }
 
 } // namespace fiscarel::shell

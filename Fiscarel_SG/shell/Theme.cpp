@@ -122,7 +122,8 @@ QRadioButton:focus { border: 1px solid {accent}; }
 QCheckBox:focus { border: 1px solid {accent}; }
 QTableView, QTreeView, QListView { background: {card}; color: {text}; border: 1px solid {border}; border-radius: 6px; gridline-color: {border}; alternate-background-color: {window}; selection-background-color: {soft}; selection-color: {text}; }
 QTableView:focus, QTreeView:focus, QListView:focus { border: 1px solid {accent}; }
-QHeaderView::section { background: {window}; color: {faint}; border: none; border-bottom: 1px solid {border}; padding: 5px 6px; }
+QHeaderView::section { background: {window}; color: {faint}; border: none; border-bottom: 1px solid {border}; padding: 5px 4px; }
+QTableCornerButton::section { background: {window}; border: none; border-bottom: 1px solid {border}; }
 QMenu { background: {card}; color: {text}; border: 1px solid {strong}; }
 QMenu::item:selected { background: {soft}; }
 QProgressBar { background: {window}; border: 1px solid {border}; border-radius: 4px; max-height: 8px; text-align: center; }

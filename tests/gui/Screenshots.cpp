@@ -156,6 +156,23 @@ struct Camera {
             store.undo();
         }
     }
+    /// The page keeps its place when the year changes.
+    void otherYear() const {
+        const int year = store.year();
+        show(u"wealth"_s);
+        scroll()->verticalScrollBar()->setValue(400);
+        store.setYear(year - 1);
+        QTest::qWait(300);
+        take(u"wealth-year-before"_s);
+        if (scroll()->verticalScrollBar()->value() != 400) {
+            std::printf("lost its place: %d\n", scroll()->verticalScrollBar()->value());
+        }
+        store.setYear(year);
+        QTest::qWait(300);
+        if (scroll()->verticalScrollBar()->value() != 400) {
+            std::printf("lost its place: %d\n", scroll()->verticalScrollBar()->value());
+        }
+    }
     void narrowBar() const {
         if (auto* const strip = window.findChild<QPushButton*>(u"taxStrip"_s);
             strip != nullptr && strip->isVisible()) {
@@ -220,6 +237,7 @@ void everything(const Camera& camera, bool liechtenstein) {
     camera.dialogs();
     camera.table();
     camera.narrowBar();
+    camera.otherYear();
     if (!liechtenstein) {
         emptyYear(camera);
     }
@@ -229,6 +247,7 @@ void everything(const Camera& camera, bool liechtenstein) {
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
+    QApplication::setApplicationVersion(QStringLiteral(FISCAREL_VERSION));
     const QStringList arguments = QApplication::arguments();
     const QString folder = arguments.value(1, u"."_s);
     QDir().mkpath(folder);

@@ -17,7 +17,7 @@ using taxcore::Notice;
 namespace {
 
 constexpr std::size_t mostShown = 3;
-constexpr int textInset = 5; ///< as far in as the text of a link
+constexpr int textInset = 1; ///< as far in as the text of a link
 
 QLabel* labelIn(QWidget* parent, const QString& text, const char* role) {
     auto* const label = new QLabel(text, parent);
@@ -54,7 +54,7 @@ void StepsCard::refresh(const std::vector<Notice>& notices) {
     }
     content_ = new QWidget(this);
     auto* const inside = new QVBoxLayout(content_);
-    inside->setContentsMargins(3, 0, 8, 0);
+    inside->setContentsMargins(inset - textInset, 0, inset, 0);
     inside->setSpacing(4);
     column().insertWidget(1, content_);
     if (shown_.empty()) {
