@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QVBoxLayout>
+#include <vector>
 
 namespace fiscarel::shell {
 
@@ -80,7 +81,8 @@ ReasonDialog::ReasonDialog(AppStore& store, QWidget* parent)
     scroll_->setFrameShape(QFrame::NoFrame);
     scroll_->setAccessibleName(u"Herleitung"_s);
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
-    buttons->button(QDialogButtonBox::Close)->setText(u"Schliessen"_s);
+    close_ = buttons->button(QDialogButtonBox::Close);
+    close_->setText(u"Schliessen"_s);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto* const outer = new QVBoxLayout(this);
     outer->addWidget(title_);
@@ -102,6 +104,7 @@ bool ReasonDialog::explain(const std::string& code) {
     grid->setVerticalSpacing(6);
     grid->setColumnStretch(1, 1);
     const bool twoSides = derivation->canton && derivation->federal;
+    std::vector<QWidget*> doors{scroll_};
     int row = 0;
     if (twoSides) {
         grid->addWidget(amountLabel(u"Kanton"_s, false, content), row, 2);
@@ -121,6 +124,7 @@ bool ReasonDialog::explain(const std::string& code) {
             auto* const door = new QPushButton(qs(step.text), content);
             setRole(door, "link");
             grid->addWidget(door, row, 1, Qt::AlignLeft | Qt::AlignTop);
+            doors.push_back(door);
             if (step.path) {
                 connect(door, &QPushButton::clicked, this, [this, path = qs(*step.path)] {
                     accept();
@@ -148,6 +152,10 @@ bool ReasonDialog::explain(const std::string& code) {
     addAmounts(derivation->canton, derivation->federal, derivation->unit, true);
     grid->setRowStretch(row + 1, 1);
     scroll_->setWidget(content);
+    doors.push_back(close_); // made before them, but it stands below
+    for (std::size_t i = 1; i < doors.size(); ++i) {
+        setTabOrder(doors[i - 1], doors[i]);
+    }
     return true;
 }
 
