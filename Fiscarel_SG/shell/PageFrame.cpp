@@ -27,17 +27,13 @@ PageFrame::PageFrame(const QString& title, const QString& help, QWidget* parent)
     scroll_->setWidgetResizable(true);
     scroll_->setFrameShape(QFrame::NoFrame);
     scroll_->setFocusPolicy(Qt::NoFocus);
+    // Always there, so that cards are as wide on every page and never change while typing.
+    scroll_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     outer->addWidget(scroll_);
 
     auto* const inner = new QWidget(scroll_);
     auto* const centred = new QHBoxLayout(inner);
-    // A page that needs no scroll bar leaves its room free: cards are as wide on every page.
-    const auto keepRoom = [this, centred](int, int most) {
-        const int bar = most > 0 ? 0 : scroll_->verticalScrollBar()->sizeHint().width();
-        centred->setContentsMargins(24, 20, 24 + bar, 24);
-    };
-    keepRoom(0, 0);
-    connect(scroll_->verticalScrollBar(), &QScrollBar::rangeChanged, this, keepRoom);
+    centred->setContentsMargins(24, 20, 24, 24);
     auto* const column = new QWidget(inner);
     column->setMaximumWidth(columnWidth);
     column->setLayout(column_);
@@ -83,11 +79,11 @@ int PageFrame::position() const { return scroll_->verticalScrollBar()->value(); 
 /// A page just made finds its length in several rounds of the layouts.
 void PageFrame::setPosition(int position) {
     QScrollBar* const bar = scroll_->verticalScrollBar();
-    auto* const settling = new QTimer(this);
-    settling->setSingleShot(true);
-    connect(bar, &QScrollBar::rangeChanged, settling, [bar, position] { bar->setValue(position); });
-    connect(settling, &QTimer::timeout, settling, &QObject::deleteLater);
-    settling->start(settling);
+    auto* const settled = new QTimer(this);
+    settled->setSingleShot(true);
+    connect(bar, &QScrollBar::rangeChanged, settled, [bar, position] { bar->setValue(position); });
+    connect(settled, &QTimer::timeout, settled, &QObject::deleteLater);
+    settled->start(settling);
     bar->setValue(position);
 }
 

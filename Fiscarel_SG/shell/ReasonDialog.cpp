@@ -13,6 +13,7 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <vector>
 
 namespace fiscarel::shell {
 
@@ -95,7 +96,8 @@ ReasonDialog::ReasonDialog(AppStore& store, QWidget* parent)
     scroll_->setFrameShape(QFrame::NoFrame);
     scroll_->setAccessibleName(u"Herleitung"_s);
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
-    buttons->button(QDialogButtonBox::Close)->setText(u"Schliessen"_s);
+    close_ = buttons->button(QDialogButtonBox::Close);
+    close_->setText(u"Schliessen"_s);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto* const outer = new QVBoxLayout(this);
     outer->setContentsMargins(20, 18, 20, 16);
@@ -121,6 +123,7 @@ bool ReasonDialog::explain(const std::string& code) {
     grid->setColumnMinimumWidth(0, kindWidth);
     const int digits = digitsOf(*derivation);
     const bool twoSides = derivation->canton && derivation->federal;
+    std::vector<QWidget*> doors{scroll_};
     int row = 0;
     if (twoSides) {
         grid->addWidget(amountLabel(u"Kanton"_s, false, content), row, 2);
@@ -143,6 +146,7 @@ bool ReasonDialog::explain(const std::string& code) {
             auto* const door = new ElidingButton(content, qs(step.text));
             setRole(door, "textlink"); // as high as the texts beside it
             grid->addWidget(door, row, 1, Qt::AlignTop);
+            doors.push_back(door);
             if (step.path) {
                 connect(door, &QPushButton::clicked, this, [this, path = qs(*step.path)] {
                     accept();
@@ -172,6 +176,10 @@ bool ReasonDialog::explain(const std::string& code) {
     scroll_->setWidget(content);
     if (!isVisible()) { // as high as what it says; while it is open it stays as it is
         resize(usualWidth, std::clamp(content->sizeHint().height() + aroundContent, 260, 620));
+    }
+    doors.push_back(close_); // made before them, but it stands below
+    for (std::size_t i = 1; i < doors.size(); ++i) {
+        setTabOrder(doors[i - 1], doors[i]);
     }
     return true;
 }

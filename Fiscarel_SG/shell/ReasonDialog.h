@@ -4,6 +4,7 @@
 #include <string>
 
 class QLabel;
+class QPushButton;
 class QVBoxLayout;
 class QScrollArea;
 
@@ -31,6 +32,7 @@ class ReasonDialog final : public QDialog {
     AppStore& store_;
     QLabel* title_;
     QScrollArea* scroll_;
+    QPushButton* close_ = nullptr;
 };
 
 } // namespace fiscarel::shell

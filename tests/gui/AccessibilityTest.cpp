@@ -155,6 +155,24 @@ TEST_P(Accessibility, theTabulatorGoesAsOneReads) {
     onEveryPage(look);
 }
 
+TEST_P(Accessibility, theTabulatorGoesDownTheReason) {
+    program.openDemo(GetParam());
+    program.window->showReason(u"cantonTotal"_s);
+    program.settle();
+    auto& dialog = program.find<QDialog>(u"reason"_s);
+    std::vector<QPushButton*> doors;
+    for (QWidget* at = dialog.nextInFocusChain(); at != &dialog; at = at->nextInFocusChain()) {
+        if (auto* const door = qobject_cast<QPushButton*>(at); door && takesKeyboard(*door)) {
+            doors.push_back(door);
+        }
+    }
+    ASSERT_GE(doors.size(), 2U);
+    for (std::size_t i = 1; i < doors.size(); ++i) {
+        EXPECT_TRUE(isBefore(stopAt(*doors[i - 1], dialog).place, stopAt(*doors[i], dialog).place))
+            << doors[i - 1]->text().toStdString() << " before " << doors[i]->text().toStdString();
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Demos, Accessibility,
                          ::testing::Values(TaxRegion::stGallen, TaxRegion::liechtenstein),
                          [](const auto& demo) {

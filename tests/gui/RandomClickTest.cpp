@@ -28,6 +28,9 @@
 #include <deque>
 #include <iostream>
 #include <random>
+#include <set>
+#include <string>
+#include <vector>
 
 namespace fiscarel {
 namespace {
@@ -73,7 +76,8 @@ class RandomClicks : public ::testing::Test {
 
     testing::OpenWindow program;
     std::mt19937_64 draw_;
-    std::deque<std::string> done_; ///< the last events
+    std::deque<std::string> done_;  ///< the last events
+    std::set<std::string> touched_; ///< controls clicked, with their pages
 
     /// 0 to `limit` − 1.
     int below(int limit) {
@@ -130,6 +134,8 @@ class RandomClicks : public ::testing::Test {
         if (hit != nullptr && leadsOutside(*hit)) {
             return;
         }
+        touched_.insert(program.window->currentPage().toStdString() + " "
+                        + widget.objectName().toStdString());
         note("click on " + std::string(widget.metaObject()->className()) + " "
              + widget.objectName().toStdString());
         if (below(12) == 0) {
