@@ -44,6 +44,8 @@ PageFrame::PageFrame(const QString& title, const QString& help, QWidget* parent)
     centred->addStretch(1);
     scroll_->setWidget(inner);
     inner->installEventFilter(this);
+    connect(scroll_->verticalScrollBar(), &QAbstractSlider::actionTriggered, this,
+            [this] { sought_.clear(); });
 
     auto* const heading = new QLabel(title, column);
     setRole(heading, "title");
@@ -56,18 +58,20 @@ PageFrame::PageFrame(const QString& title, const QString& help, QWidget* parent)
     }
 }
 
-/// A page just opened, or a row in it, finds its place in several rounds of the layouts.
+/// A page just opened, or a row in it, finds its place in several rounds of the layouts: until the
+/// user scrolls or goes elsewhere, what is shown stays in sight.
 void PageFrame::show(QWidget* widget) {
     sought_ = widget;
     scroll_->ensureWidgetVisible(widget, 0, margin);
-    QTimer::singleShot(settling, this, [this] { sought_.clear(); });
 }
 
 bool PageFrame::eventFilter(QObject* watched, QEvent* event) {
     if (sought_ && (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest)) {
-        QTimer::singleShot(0, sought_, [this] {
-            if (sought_) {
+        QTimer::singleShot(0, this, [this] {
+            if (sought_ && sought_ == window()->focusWidget()) {
                 scroll_->ensureWidgetVisible(sought_, 0, margin);
+            } else {
+                sought_.clear();
             }
         });
     }

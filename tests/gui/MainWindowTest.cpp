@@ -63,7 +63,7 @@ class MainWindowTest : public ::testing::Test {
             EXPECT_TRUE(program.window->showField(name)) << path;
             program.settle();
             // A page takes its form in several rounds; in the end the field must be in sight.
-            EXPECT_TRUE(QTest::qWaitFor([&] { return isAt(name); }, 1'000))
+            EXPECT_TRUE(QTest::qWaitFor([&] { return isAt(name); }, 20'000))
                 << path << " leads to " << focusName().toStdString();
         }
         return paths;
