@@ -150,8 +150,9 @@ TEST_F(MainWindowTest, searchFindsFieldsHoweverTheirUmlautsAreTyped) {
         program.press(Qt::Key_Return);
         EXPECT_FALSE(program.isShown(u"search"_s));
         EXPECT_EQ(focusName(), row.focused) << row.query.toStdString();
-        program.settle();
-        EXPECT_TRUE(testing::isInSight(*QApplication::focusWidget())) << row.query.toStdString();
+        EXPECT_TRUE(QTest::qWaitFor([] { return testing::isInSight(*QApplication::focusWidget()); },
+                                    20'000))
+            << row.query.toStdString();
     }
     program.press(Qt::Key_K, Qt::ControlModifier);
     EXPECT_EQ(program.find<QLineEdit>(u"searchQuery"_s).text(), QString());
