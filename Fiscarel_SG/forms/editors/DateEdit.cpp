@@ -53,6 +53,7 @@ class CalendarPopup final : public QFrame {
         // Weekends are days like others here.
         calendar->setWeekdayTextFormat(Qt::Saturday, QTextCharFormat());
         calendar->setWeekdayTextFormat(Qt::Sunday, QTextCharFormat());
+        calendar->setDateEditEnabled(false); // a day is typed in the field
         calendar->setSelectedDate(day);
         calendar->setAccessibleName(QStringLiteral("Kalender"));
         setArrow(*calendar, QStringLiteral("qt_calendar_prevmonth"), Qt::LeftArrow);
