@@ -15,9 +15,6 @@ namespace fiscarel::forms {
 FormPage::FormPage(Page page, AppStore& store, const PageContext& context, QWidget* parent)
     : PageWidget(parent), page_(std::move(page)), store_(store),
       frame_(new shell::PageFrame(qs(page_.title), qs(page_.help), this)) {
-    auto* const outer = new QVBoxLayout(this);
-    outer->setContentsMargins(0, 0, 0, 0);
-    outer->addWidget(frame_);
     const EditorContext editors{context, [&store]() -> const TaxCase& { return store.current(); }};
     for (const Section& section : page_.sections) {
         SectionView view;

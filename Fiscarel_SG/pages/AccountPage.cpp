@@ -52,9 +52,6 @@ AccountPage::AccountPage(AppStore& store, shell::Appearance appearance, QWidget*
       frame_(new shell::PageFrame(
           u"Konto"_s, u"Ihre Daten auf diesem Computer, Sicherungen und Darstellung."_s, this)),
       message_(new QLabel(this)) {
-    auto* const outer = new QVBoxLayout(this);
-    outer->setContentsMargins(0, 0, 0, 0);
-    outer->addWidget(frame_);
     message_->setWordWrap(true);
     message_->setObjectName(u"accountMessage"_s);
     message_->hide();

@@ -32,9 +32,6 @@ DocumentsPage::DocumentsPage(AppStore& store, QWidget* parent)
           this)),
       list_(new QTreeWidget(this)), tools_(new QWidget(this)), empty_(nullptr) {
     setAcceptDrops(true);
-    auto* const outer = new QVBoxLayout(this);
-    outer->setContentsMargins(0, 0, 0, 0);
-    outer->addWidget(frame_);
     QVBoxLayout& drop = addCard(frame_->column(), u"Belege hinzufügen"_s,
                                 u"Dateien hierher ziehen oder auswählen."_s);
     auto* const pick = new QPushButton(u"Dateien auswählen …"_s, this);

@@ -36,9 +36,6 @@ OverviewPage::OverviewPage(AppStore& store, QWidget* parent)
       progress_(add(new ProgressCard(this))), change_(add(new ChangeCard(this))),
       tips_(add(new TipsCard(this))), whatIf_(add(new WhatIfCard(store, this))),
       curve_(add(new CurveCard(this))) {
-    auto* const outer = new QVBoxLayout(this);
-    outer->setContentsMargins(0, 0, 0, 0);
-    outer->addWidget(frame_);
     frame_->column().addStretch(1);
     connectCards();
     refreshResult();

@@ -99,22 +99,11 @@ ReportPage::ReportPage(AppStore& store, QWidget* parent)
           u"Bericht"_s,
           u"Die ganze Berechnung. Ein Klick auf eine Zeile zeigt, woher der Betrag kommt."_s,
           this)) {
-    auto* const outer = new QVBoxLayout(this);
-    outer->setContentsMargins(0, 0, 0, 0);
-    outer->addWidget(frame_);
     refreshResult();
 }
 
 void ReportPage::refreshResult() {
-    if (content_ != nullptr) {
-        content_->hide();
-        content_->deleteLater();
-    }
-    content_ = new QWidget(frame_);
-    auto* const column = new QVBoxLayout(content_);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(14);
-    frame_->column().addWidget(content_);
+    QVBoxLayout* const column = &frame_->renew(content_);
     const auto* result = store_.result();
     if (result == nullptr) {
         addLabel(addCard(*column, {}), u"Ohne Regeln für dieses Jahr gibt es keinen Bericht."_s,

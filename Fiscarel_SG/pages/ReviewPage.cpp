@@ -23,9 +23,6 @@ ReviewPage::ReviewPage(AppStore& store, QWidget* parent)
       frame_(new shell::PageFrame(
           u"Prüfung"_s, u"Was noch fehlt, was auffällt und womit sich Steuern sparen lassen."_s,
           this)) {
-    auto* const outer = new QVBoxLayout(this);
-    outer->setContentsMargins(0, 0, 0, 0);
-    outer->addWidget(frame_);
     refreshResult();
 }
 
@@ -36,15 +33,7 @@ void ReviewPage::refreshResult() {
     }
     shownNotices_ = review.notices;
     shownTips_ = review.tips;
-    if (content_ != nullptr) {
-        content_->hide();
-        content_->deleteLater();
-    }
-    content_ = new QWidget(frame_);
-    auto* const column = new QVBoxLayout(content_);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(14);
-    frame_->column().addWidget(content_);
+    QVBoxLayout* const column = &frame_->renew(content_);
 
     std::vector<Notice> open;
     std::vector<Notice> infos;

@@ -40,9 +40,6 @@ TransferPage::TransferPage(AppStore& store, QWidget* parent)
           this)),
       progressText_(new QLabel(this)), progress_(new QProgressBar(this)),
       openOnly_(new QCheckBox(u"Nur offene zeigen"_s, this)) {
-    auto* const outer = new QVBoxLayout(this);
-    outer->setContentsMargins(0, 0, 0, 0);
-    outer->addWidget(frame_);
     QVBoxLayout& head = addCard(frame_->column(), {});
     progressText_->setObjectName(u"transferProgress"_s);
     shell::setRole(progressText_, "heading");

@@ -15,6 +15,7 @@ namespace fiscarel::shell {
 namespace {
 
 constexpr int columnWidth = 860;
+constexpr int cardSpacing = 14;
 constexpr int margin = 80;    ///< around what is shown
 constexpr int settling = 150; ///< milliseconds until a page has its form
 
@@ -22,6 +23,9 @@ constexpr int settling = 150; ///< milliseconds until a page has its form
 
 PageFrame::PageFrame(const QString& title, const QString& help, QWidget* parent)
     : QWidget(parent), scroll_(new QScrollArea(this)), column_(new QVBoxLayout) {
+    auto* const filled = new QVBoxLayout(parent);
+    filled->setContentsMargins(0, 0, 0, 0);
+    filled->addWidget(this);
     auto* const outer = new QVBoxLayout(this);
     outer->setContentsMargins(0, 0, 0, 0);
     scroll_->setWidgetResizable(true);
@@ -38,7 +42,7 @@ PageFrame::PageFrame(const QString& title, const QString& help, QWidget* parent)
     column->setMaximumWidth(columnWidth);
     column->setLayout(column_);
     column_->setContentsMargins(0, 0, 0, 0);
-    column_->setSpacing(14);
+    column_->setSpacing(cardSpacing);
     centred->addStretch(1);
     centred->addWidget(column, 1000);
     centred->addStretch(1);
@@ -56,6 +60,19 @@ PageFrame::PageFrame(const QString& title, const QString& help, QWidget* parent)
         setRole(line, "faint");
         column_->addWidget(line);
     }
+}
+
+QVBoxLayout& PageFrame::renew(QWidget*& old) {
+    if (old != nullptr) {
+        old->hide();
+        old->deleteLater(); // a click within it may have led here
+    }
+    old = new QWidget(this);
+    auto* const fresh = new QVBoxLayout(old);
+    fresh->setContentsMargins(0, 0, 0, 0);
+    fresh->setSpacing(cardSpacing);
+    column_->addWidget(old);
+    return *fresh;
 }
 
 /// A page just opened, or a row in it, finds its place in several rounds of the layouts: until the

@@ -9,13 +9,17 @@ class QVBoxLayout;
 
 namespace fiscarel::shell {
 
-/// Title and one line of help above a scrolling column of cards.
+/// Title and one line of help above a scrolling column of cards. Fills its parent, which must have
+/// no layout yet.
 class PageFrame final : public QWidget {
     Q_OBJECT
 
   public:
     PageFrame(const QString& title, const QString& help, QWidget* parent);
 
+    /// A column for content that is made anew at the end of the cards; `old`, what stood there
+    /// before, goes. The widget that owns the column is kept in `old`.
+    QVBoxLayout& renew(QWidget*& old);
     /// Where the cards go.
     QVBoxLayout& column() noexcept { return *column_; }
     /// Scrolls so that a widget within can be seen.

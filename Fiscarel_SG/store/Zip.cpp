@@ -45,6 +45,18 @@ class LibraryError {
     zip_error_t error_{};
 };
 
+/// Moves a position as the library asks, within a size; 0, or -1 with the error set.
+zip_int64_t seekTo(std::uint64_t& position, std::uint64_t size, void* data, zip_uint64_t length,
+                   LibraryError& error) {
+    const zip_int64_t target =
+        zip_source_seek_compute_offset(position, size, data, length, error.get());
+    if (target < 0) {
+        return -1;
+    }
+    position = static_cast<std::uint64_t>(target);
+    return 0;
+}
+
 /// A file as the library reads it.
 class ReadingSide {
   public:
@@ -132,13 +144,7 @@ class ReadingSide {
     }
 
     zip_int64_t seek(void* data, zip_uint64_t length) {
-        const zip_int64_t target =
-            zip_source_seek_compute_offset(position_, size_, data, length, error_.get());
-        if (target < 0) {
-            return -1;
-        }
-        position_ = static_cast<std::uint64_t>(target);
-        return 0;
+        return seekTo(position_, size_, data, length, error_);
     }
 
     FileSystem& files_;
@@ -208,13 +214,7 @@ class WritingSide {
     }
 
     zip_int64_t seek(void* data, zip_uint64_t length) {
-        const zip_int64_t target =
-            zip_source_seek_compute_offset(position_, size_, data, length, error_.get());
-        if (target < 0) {
-            return -1;
-        }
-        position_ = static_cast<std::uint64_t>(target);
-        return 0;
+        return seekTo(position_, size_, data, length, error_);
     }
 
     FileDraft& draft_;
