@@ -4,7 +4,7 @@
 #include "Fiscarel_SG/forms/ListView.h"
 #include "Fiscarel_SG/forms/QtText.h"
 #include "Fiscarel_SG/forms/TableView.h"
-#include "Fiscarel_SG/shell/Theme.h"
+#include "Fiscarel_SG/look/Theme.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -25,19 +25,19 @@ CardView::CardView(const std::string& title, const std::string& help, Figures fi
                    Condition shown, AppStore& store, QWidget* parent)
     : QFrame(parent), store_(store), figures_(std::move(figures)), shown_(std::move(shown)),
       content_(new QVBoxLayout), figureGrid_(new QGridLayout) {
-    shell::setRole(this, "card");
+    look::setRole(this, "card");
     auto* const outer = new QVBoxLayout(this);
     outer->setSpacing(0);
     if (!title.empty()) {
         auto* const heading = new QLabel(qs(title), this);
-        shell::setRole(heading, "heading");
+        look::setRole(heading, "heading");
         outer->addWidget(heading);
         outer->addSpacing(gap);
     }
     if (!help.empty()) {
         auto* const text = new QLabel(qs(help), this);
         text->setWordWrap(true);
-        shell::setRole(text, "faint");
+        look::setRole(text, "faint");
         outer->addWidget(text);
         outer->addSpacing(gap);
     }
@@ -75,9 +75,9 @@ void CardView::refreshFigures() {
         auto* const label = new QLabel(qs(figure.label), this);
         auto* const text = new QLabel(qs(figure.text), this);
         auto* const note = new QLabel(qs(figure.note), this);
-        shell::setRole(label, "faint");
-        shell::setRole(text, "figure");
-        shell::setRole(note, "small");
+        look::setRole(label, "faint");
+        look::setRole(text, "figure");
+        look::setRole(note, "small");
         note->setWordWrap(true);
         text->setTextInteractionFlags(Qt::TextSelectableByMouse);
         label->setWordWrap(true);

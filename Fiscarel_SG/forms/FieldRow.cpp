@@ -2,7 +2,7 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/QtText.h"
-#include "Fiscarel_SG/shell/Theme.h"
+#include "Fiscarel_SG/look/Theme.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -44,15 +44,15 @@ FieldRow::FieldRow(BoundField field, AppStore& store, const EditorContext& conte
     editor_->setFixedWidth(widthOf(*editor_, field_.editor));
     problem_->setWordWrap(true);
     problem_->setObjectName(u"problem:"_s + qs(field_.path));
-    shell::setRole(problem_, "error");
+    look::setRole(problem_, "error");
     help_->setWordWrap(true);
     help_->setContentsMargins(0, 0, 0, 8);
     help_->setText(qs(field_.help));
     help_->setObjectName(u"help:"_s + qs(field_.path));
-    shell::setRole(help_, "help");
+    look::setRole(help_, "help");
     help_->hide();
     helpButton_->setText(u"?"_s);
-    shell::setRole(helpButton_, "help");
+    look::setRole(helpButton_, "help");
     helpButton_->setToolTip(u"Hilfe zu diesem Feld (F1)"_s);
     helpButton_->setAccessibleName(u"Hilfe zu "_s + qs(field_.label));
     helpButton_->setCheckable(true);

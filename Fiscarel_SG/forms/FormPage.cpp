@@ -2,7 +2,7 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/QtText.h"
-#include "Fiscarel_SG/shell/Theme.h"
+#include "Fiscarel_SG/look/Theme.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -14,7 +14,7 @@ namespace fiscarel::forms {
 
 FormPage::FormPage(Page page, AppStore& store, const PageContext& context, QWidget* parent)
     : PageWidget(parent), page_(std::move(page)), store_(store),
-      frame_(new shell::PageFrame(qs(page_.title), qs(page_.help), this)) {
+      frame_(new look::PageFrame(qs(page_.title), qs(page_.help), this)) {
     const EditorContext editors{context, [&store]() -> const TaxCase& { return store.current(); }};
     for (const Section& section : page_.sections) {
         SectionView view;
@@ -24,7 +24,7 @@ FormPage::FormPage(Page page, AppStore& store, const PageContext& context, QWidg
         column->setSpacing(14);
         view.title = new QLabel(view.widget);
         view.title->setWordWrap(true); // names may be long
-        shell::setRole(view.title, "section");
+        look::setRole(view.title, "section");
         view.title->setVisible(section.title != nullptr);
         column->addWidget(view.title);
         for (const Card& card : section.cards) {

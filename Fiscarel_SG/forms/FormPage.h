@@ -2,8 +2,8 @@
 
 #ifndef Q_MOC_RUN
 #include "Fiscarel_SG/forms/CardView.h"
-#include "Fiscarel_SG/shell/PageFrame.h"
-#include "Fiscarel_SG/shell/PageWidget.h"
+#include "Fiscarel_SG/look/PageFrame.h"
+#include "Fiscarel_SG/look/PageWidget.h"
 #endif
 
 #include <vector>
@@ -13,7 +13,7 @@ class QLabel;
 namespace fiscarel::forms {
 
 /// A page that is made of cards.
-class FormPage final : public shell::PageWidget {
+class FormPage final : public look::PageWidget {
     Q_OBJECT
 
   public:
@@ -34,7 +34,7 @@ class FormPage final : public shell::PageWidget {
 
     const Page page_;
     AppStore& store_;
-    shell::PageFrame* frame_;
+    look::PageFrame* frame_;
     std::vector<SectionView> sections_;
 };
 

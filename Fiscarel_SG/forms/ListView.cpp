@@ -2,8 +2,8 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/QtText.h"
-#include "Fiscarel_SG/shell/ElidingButton.h"
-#include "Fiscarel_SG/shell/Theme.h"
+#include "Fiscarel_SG/look/ElidingButton.h"
+#include "Fiscarel_SG/look/Theme.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -21,8 +21,8 @@ ListView::ListView(ListCard card, AppStore& store, const EditorContext& context,
       empty_(new QLabel(qs(card_.emptyText), this)), total_(new QLabel(this)),
       takeOver_(new QPushButton(u"Vom Vorjahr übernehmen"_s, this)) {
     setObjectName(u"list:"_s + qs(card_.path));
-    shell::setRole(empty_, "faint");
-    shell::setRole(total_, "figure");
+    look::setRole(empty_, "faint");
+    look::setRole(total_, "figure");
     total_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     rowsLayout_->setSpacing(4);
     content().addWidget(empty_);
@@ -94,12 +94,12 @@ ListView::Row ListView::makeRow(std::size_t index) {
     Row row;
     row.id = card_.id(store().current(), index);
     row.frame = new QWidget(this);
-    row.head = new shell::ElidingButton(row.frame);
+    row.head = new look::ElidingButton(row.frame);
     row.head->setCheckable(true);
     row.head->setObjectName(u"open:%1[%2]"_s.arg(qs(card_.path)).arg(index));
-    shell::setRole(row.head, "row");
+    look::setRole(row.head, "row");
     row.amount = new QLabel(row.frame);
-    shell::setRole(row.amount, "figure");
+    look::setRole(row.amount, "figure");
     auto* const layout = new QVBoxLayout(row.frame);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(4);
@@ -108,7 +108,7 @@ ListView::Row ListView::makeRow(std::size_t index) {
     headLine->addWidget(row.amount);
     layout->addLayout(headLine);
     auto* const line = new QFrame(row.frame);
-    shell::setRole(line, "line");
+    look::setRole(line, "line");
     layout->addWidget(line);
     rowsLayout_->addWidget(row.frame);
     connect(row.head, &QPushButton::clicked, this,
@@ -172,7 +172,7 @@ QWidget* ListView::makeTools(std::size_t index, QWidget* parent) {
         button->setObjectName(
             u"%1:%2[%3]"_s.arg(QLatin1StringView(name), qs(card_.path)).arg(index));
         button->setEnabled(enabled);
-        shell::setRole(button, "link");
+        look::setRole(button, "link");
         connect(button, &QPushButton::clicked, this, act);
         layout->addWidget(button);
     };

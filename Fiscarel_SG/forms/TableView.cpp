@@ -3,7 +3,7 @@
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/InputText.h"
 #include "Fiscarel_SG/forms/QtText.h"
-#include "Fiscarel_SG/shell/Theme.h"
+#include "Fiscarel_SG/look/Theme.h"
 #include "TaxCore/base/MoneyFormat.h"
 
 #include <QApplication>
@@ -188,7 +188,7 @@ QVariant RecordModel::emptyRow(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
         return index.column() == 0 ? QVariant(u"Hier eintragen …"_s) : QVariant();
     case Qt::ForegroundRole:
-        return shell::Theme::current().faint;
+        return look::Theme::current().faint;
     case Qt::CheckStateRole:
         return field.editor == Editor::check ? QVariant(Qt::Unchecked) : QVariant();
     case Qt::ToolTipRole:
@@ -353,8 +353,8 @@ TableView::TableView(ListCard card, AppStore& store, const EditorContext&, QWidg
     table_->installEventFilter(this);
     table_->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     content().addWidget(table_);
-    shell::setRole(problem_, "error");
-    shell::setRole(total_, "figure");
+    look::setRole(problem_, "error");
+    look::setRole(total_, "figure");
     problem_->setWordWrap(true);
     problem_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     connect(table_->verticalHeader(), &QHeaderView::sectionClicked, this, [this](int row) {
@@ -368,7 +368,7 @@ TableView::TableView(ListCard card, AppStore& store, const EditorContext&, QWidg
     const auto addTool = [&](const QString& text, const char* name, auto act) {
         auto* const button = new QPushButton(text, this);
         button->setObjectName(u"%1:%2"_s.arg(QLatin1StringView(name), qs(card_.path)));
-        shell::setRole(button, "link");
+        look::setRole(button, "link");
         connect(button, &QPushButton::clicked, this, act);
         foot->addWidget(button);
     };

@@ -47,9 +47,9 @@ QString described(const BackupFile& file) {
 
 } // namespace
 
-AccountPage::AccountPage(AppStore& store, shell::Appearance appearance, QWidget* parent)
+AccountPage::AccountPage(AppStore& store, look::Appearance appearance, QWidget* parent)
     : PageWidget(parent), store_(store),
-      frame_(new shell::PageFrame(
+      frame_(new look::PageFrame(
           u"Konto"_s, u"Ihre Daten auf diesem Computer, Sicherungen und Darstellung."_s, this)),
       message_(new QLabel(this)) {
     message_->setWordWrap(true);
@@ -112,7 +112,7 @@ void AccountPage::addBackups() {
     connect(restore_, &QPushButton::clicked, this, &AccountPage::restoreSelected);
 }
 
-void AccountPage::addAppearance(shell::Appearance appearance) {
+void AccountPage::addAppearance(look::Appearance appearance) {
     QVBoxLayout& card = addCard(frame_->column(), u"Darstellung"_s);
     auto* const choice = new QComboBox(this);
     choice->setObjectName(u"appearance"_s);
@@ -123,7 +123,7 @@ void AccountPage::addAppearance(shell::Appearance appearance) {
     card.addWidget(choice);
     connect(
         choice, &QComboBox::activated, this,
-        [this](int index) { Q_EMIT appearanceWanted(static_cast<shell::Appearance>(index)); },
+        [this](int index) { Q_EMIT appearanceWanted(static_cast<look::Appearance>(index)); },
         Qt::QueuedConnection); // the pages are made anew, this one too
 }
 
@@ -314,7 +314,7 @@ void AccountPage::importArchive() {
 
 void AccountPage::say(const std::optional<std::string>& problem, const QString& done) {
     message_->setText(problem ? qs(*problem) : done);
-    shell::setRole(message_, problem ? "error" : "good");
+    look::setRole(message_, problem ? "error" : "good");
     message_->show();
     listBackups();
 }

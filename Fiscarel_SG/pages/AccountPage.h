@@ -2,9 +2,9 @@
 
 #ifndef Q_MOC_RUN
 #include "Fiscarel_SG/AppStore.h"
-#include "Fiscarel_SG/shell/PageFrame.h"
-#include "Fiscarel_SG/shell/PageWidget.h"
-#include "Fiscarel_SG/shell/Theme.h"
+#include "Fiscarel_SG/look/PageFrame.h"
+#include "Fiscarel_SG/look/PageWidget.h"
+#include "Fiscarel_SG/look/Theme.h"
 #include "Fiscarel_SG/store/Backups.h"
 #endif
 
@@ -17,23 +17,23 @@ class QPushButton;
 namespace fiscarel::pages {
 
 /// Data, backups and appearance.
-class AccountPage final : public shell::PageWidget {
+class AccountPage final : public look::PageWidget {
     Q_OBJECT
 
   public:
-    AccountPage(AppStore& store, shell::Appearance appearance, QWidget* parent);
+    AccountPage(AppStore& store, look::Appearance appearance, QWidget* parent);
 
     void refresh() override;
     void refreshResult() override {}
 
   Q_SIGNALS:
-    void appearanceWanted(fiscarel::shell::Appearance appearance);
+    void appearanceWanted(fiscarel::look::Appearance appearance);
     void resetWanted();
 
   private:
     void addData();
     void addBackups();
-    void addAppearance(shell::Appearance appearance);
+    void addAppearance(look::Appearance appearance);
     void addAbout();
     void listBackups();
     void inspectSelected();
@@ -47,7 +47,7 @@ class AccountPage final : public shell::PageWidget {
                      const std::function<void(ArchiveProgress, AppStore::ArchiveDone)>& work);
 
     AppStore& store_;
-    shell::PageFrame* frame_;
+    look::PageFrame* frame_;
     QLabel* message_;
     QListWidget* list_ = nullptr;
     QLabel* content_ = nullptr;

@@ -1,6 +1,6 @@
 #include "Fiscarel_SG/pages/Cards.h"
 
-#include "Fiscarel_SG/shell/Theme.h"
+#include "Fiscarel_SG/look/Theme.h"
 
 #include <QFrame>
 #include <QLabel>
@@ -10,7 +10,7 @@ namespace fiscarel::pages {
 
 QVBoxLayout& addCard(QVBoxLayout& column, const QString& title, const QString& help) {
     auto* const card = new QFrame(column.parentWidget());
-    shell::setRole(card, "card");
+    look::setRole(card, "card");
     auto* const inside = new QVBoxLayout(card);
     inside->setContentsMargins(20, 16, 20, 16);
     inside->setSpacing(8);
@@ -27,14 +27,14 @@ QVBoxLayout& addCard(QVBoxLayout& column, const QString& title, const QString& h
 QLabel& addLabel(QVBoxLayout& column, const QString& text, const char* role) {
     auto* const label = new QLabel(text, column.parentWidget());
     label->setWordWrap(true);
-    shell::setRole(label, role);
+    look::setRole(label, role);
     column.addWidget(label);
     return *label;
 }
 
 void addLine(QVBoxLayout& column) {
     auto* const line = new QFrame(column.parentWidget());
-    shell::setRole(line, "line");
+    look::setRole(line, "line");
     column.addWidget(line);
 }
 

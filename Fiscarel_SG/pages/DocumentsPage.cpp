@@ -2,8 +2,8 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/look/Theme.h"
 #include "Fiscarel_SG/pages/Cards.h"
-#include "Fiscarel_SG/shell/Theme.h"
 
 #include <QDateTime>
 #include <QDesktopServices>
@@ -25,7 +25,7 @@ using namespace Qt::Literals::StringLiterals;
 
 DocumentsPage::DocumentsPage(AppStore& store, QWidget* parent)
     : PageWidget(parent), store_(store),
-      frame_(new shell::PageFrame(
+      frame_(new look::PageFrame(
           u"Belege"_s,
           u"Lohnausweise, Bescheinigungen und Rechnungen als PDF oder Foto. Sie bleiben auf diesem "
           "Computer."_s,
@@ -63,7 +63,7 @@ DocumentsPage::DocumentsPage(AppStore& store, QWidget* parent)
                                   "mit Ctrl+Z zurückholen."_s,
                                   this);
     note->setWordWrap(true);
-    shell::setRole(note, "small");
+    look::setRole(note, "small");
     line->addSpacing(8);
     line->addWidget(note, 1);
     card.addWidget(tools_);

@@ -1,8 +1,8 @@
 #pragma once
 
 #ifndef Q_MOC_RUN
-#include "Fiscarel_SG/shell/PageFrame.h"
-#include "Fiscarel_SG/shell/PageWidget.h"
+#include "Fiscarel_SG/look/PageFrame.h"
+#include "Fiscarel_SG/look/PageWidget.h"
 #include "TaxCore/base/Uuid.h"
 #endif
 
@@ -19,7 +19,7 @@ class AppStore;
 namespace fiscarel::pages {
 
 /// The documents of the year: dropped or picked, opened, removed.
-class DocumentsPage final : public shell::PageWidget {
+class DocumentsPage final : public look::PageWidget {
     Q_OBJECT
 
   public:
@@ -40,7 +40,7 @@ class DocumentsPage final : public shell::PageWidget {
     const taxcore::Uuid* selected() const;
 
     AppStore& store_;
-    shell::PageFrame* frame_;
+    look::PageFrame* frame_;
     QTreeWidget* list_;
     QWidget* tools_;
     QLabel* empty_;

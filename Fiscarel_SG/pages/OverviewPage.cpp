@@ -27,7 +27,7 @@ Card* OverviewPage::add(Card* card) {
 
 OverviewPage::OverviewPage(AppStore& store, QWidget* parent)
     : PageWidget(parent), store_(store),
-      frame_(new shell::PageFrame(
+      frame_(new look::PageFrame(
           u"Übersicht"_s, u"Was Sie bezahlen, was sich geändert hat und was noch zu tun ist."_s,
           this)),
       untouched_(add(new MessageCard(u"Noch nichts eingetragen"_s, this))),

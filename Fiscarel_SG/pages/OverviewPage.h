@@ -1,8 +1,8 @@
 #pragma once
 
 #ifndef Q_MOC_RUN
-#include "Fiscarel_SG/shell/PageFrame.h"
-#include "Fiscarel_SG/shell/PageWidget.h"
+#include "Fiscarel_SG/look/PageFrame.h"
+#include "Fiscarel_SG/look/PageWidget.h"
 #endif
 
 namespace fiscarel {
@@ -23,7 +23,7 @@ class WhatIfCard;
 
 /// The bill and its parts, what changed against last year, how far one is, the best tips, and what
 /// would be if.
-class OverviewPage final : public shell::PageWidget {
+class OverviewPage final : public look::PageWidget {
     Q_OBJECT
 
   public:
@@ -40,7 +40,7 @@ class OverviewPage final : public shell::PageWidget {
     void showCards();
 
     AppStore& store_;
-    shell::PageFrame* frame_;
+    look::PageFrame* frame_;
     MessageCard* untouched_;
     MessageCard* withoutRules_;
     BillCard* bill_;

@@ -2,10 +2,10 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/look/ElidingButton.h"
+#include "Fiscarel_SG/look/Theme.h"
 #include "Fiscarel_SG/pages/Cards.h"
 #include "Fiscarel_SG/pages/PageParts.h"
-#include "Fiscarel_SG/shell/ElidingButton.h"
-#include "Fiscarel_SG/shell/Theme.h"
 #include "TaxCore/base/MoneyFormat.h"
 
 #include <QGridLayout>
@@ -95,7 +95,7 @@ ReportSection billRows(const TaxResult& result, bool liechtenstein) {
 
 ReportPage::ReportPage(AppStore& store, QWidget* parent)
     : PageWidget(parent), store_(store),
-      frame_(new shell::PageFrame(
+      frame_(new look::PageFrame(
           u"Bericht"_s,
           u"Die ganze Berechnung. Ein Klick auf eine Zeile zeigt, woher der Betrag kommt."_s,
           this)) {
@@ -119,12 +119,12 @@ void ReportPage::refreshResult() {
 }
 
 QWidget* ReportPage::makeDoor(const ReportRow& row, QWidget* parent) {
-    auto* const door = new shell::ElidingButton(parent, row.label);
+    auto* const door = new look::ElidingButton(parent, row.label);
     door->setObjectName(u"line:"_s + qs(row.code));
     door->setAccessibleName(
         u"%1 %2 %3, Herkunft zeigen"_s.arg(row.label, row.person, row.canton).simplified());
     door->setProperty("strong", row.strong);
-    shell::setRole(door, "door");
+    look::setRole(door, "door");
     connect(door, &QPushButton::clicked, this,
             [this, code = qs(row.code)] { Q_EMIT reasonWanted(code); });
     if (row.person.isEmpty()) {
@@ -135,7 +135,7 @@ QWidget* ReportPage::makeDoor(const ReportRow& row, QWidget* parent) {
     line->setContentsMargins(0, 0, 0, 0);
     line->setSpacing(4);
     auto* const person = new QLabel(row.person, both);
-    shell::setRole(person, "small");
+    look::setRole(person, "small");
     person->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // amounts go first
     line->addWidget(door);
     line->addWidget(person, 1);
@@ -157,7 +157,7 @@ void ReportPage::addSection(QVBoxLayout& column, const ReportSection& rows) {
     const auto put = [&](const QString& text, int gridColumn, const char* role) {
         auto* const label = new QLabel(text, parent);
         label->setAlignment((gridColumn >= 2 ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
-        shell::setRole(label, role);
+        look::setRole(label, role);
         grid->addWidget(label, at, gridColumn);
     };
     if (rows.twoSides) {
@@ -178,7 +178,7 @@ void ReportPage::addSection(QVBoxLayout& column, const ReportSection& rows) {
             auto* const note = new QLabel(row.note, parent);
             note->setWordWrap(true);
             note->setContentsMargins(doorInset, 0, 0, 4);
-            shell::setRole(note, "small");
+            look::setRole(note, "small");
             grid->addWidget(note, at++, 1);
         }
     }

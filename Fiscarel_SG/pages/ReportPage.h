@@ -1,8 +1,8 @@
 #pragma once
 
 #ifndef Q_MOC_RUN
-#include "Fiscarel_SG/shell/PageFrame.h"
-#include "Fiscarel_SG/shell/PageWidget.h"
+#include "Fiscarel_SG/look/PageFrame.h"
+#include "Fiscarel_SG/look/PageWidget.h"
 #endif
 
 class QVBoxLayout;
@@ -14,7 +14,7 @@ class AppStore;
 namespace fiscarel::pages {
 
 /// The whole computation on one page, section by section; every line is a door to its reason.
-class ReportPage final : public shell::PageWidget {
+class ReportPage final : public look::PageWidget {
     Q_OBJECT
 
   public:
@@ -28,7 +28,7 @@ class ReportPage final : public shell::PageWidget {
     QWidget* makeDoor(const struct ReportRow& row, QWidget* parent);
 
     AppStore& store_;
-    shell::PageFrame* frame_;
+    look::PageFrame* frame_;
     QWidget* content_ = nullptr;
 };
 

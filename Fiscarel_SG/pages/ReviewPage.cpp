@@ -2,9 +2,9 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/look/Theme.h"
 #include "Fiscarel_SG/pages/Cards.h"
 #include "Fiscarel_SG/pages/NoticeSign.h"
-#include "Fiscarel_SG/shell/Theme.h"
 #include "TaxCore/base/MoneyFormat.h"
 
 #include <QHBoxLayout>
@@ -20,7 +20,7 @@ using namespace taxcore;
 
 ReviewPage::ReviewPage(AppStore& store, QWidget* parent)
     : PageWidget(parent), store_(store),
-      frame_(new shell::PageFrame(
+      frame_(new look::PageFrame(
           u"Prüfung"_s, u"Was noch fehlt, was auffällt und womit sich Steuern sparen lassen."_s,
           this)) {
     refreshResult();
@@ -91,7 +91,7 @@ void ReviewPage::addNotice(const Notice& notice, QVBoxLayout& column) {
     auto* const head = new QHBoxLayout;
     const NoticeSign sign = NoticeSign::of(notice.level);
     auto* const title = new QLabel(qs(notice.title), parent);
-    shell::setRole(title, "figure");
+    look::setRole(title, "figure");
     title->setWordWrap(true);
     head->addWidget(title, 1);
     if (notice.saving) {
@@ -99,11 +99,11 @@ void ReviewPage::addNotice(const Notice& notice, QVBoxLayout& column) {
             new QLabel((notice.missed.value_or(false) ? u"hätte %1 gespart"_s : u"spart %1"_s)
                            .arg(qs(MoneyFormat::chf(*notice.saving, 0, true))),
                        parent);
-        shell::setRole(saving, "figure");
+        look::setRole(saving, "figure");
         head->addWidget(saving);
     } else {
         auto* const level = new QLabel(sign.text, parent);
-        shell::setRole(level, sign.role);
+        look::setRole(level, sign.role);
         head->addWidget(level);
     }
     column.addLayout(head);
@@ -112,7 +112,7 @@ void ReviewPage::addNotice(const Notice& notice, QVBoxLayout& column) {
         auto* const go = new QPushButton(notice.path ? u"Zum Feld"_s : u"Zur Seite"_s, parent);
         go->setObjectName(u"go:"_s + qs(notice.id));
         go->setAccessibleName(u"%1: %2"_s.arg(go->text(), qs(notice.title)));
-        shell::setRole(go, "link");
+        look::setRole(go, "link");
         column.addWidget(go, 0, Qt::AlignLeft);
         connect(go, &QPushButton::clicked, this, [this, path = notice.path, area = notice.area] {
             if (path) {

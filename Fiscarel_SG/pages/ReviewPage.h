@@ -1,8 +1,8 @@
 #pragma once
 
 #ifndef Q_MOC_RUN
-#include "Fiscarel_SG/shell/PageFrame.h"
-#include "Fiscarel_SG/shell/PageWidget.h"
+#include "Fiscarel_SG/look/PageFrame.h"
+#include "Fiscarel_SG/look/PageWidget.h"
 #include "TaxCore/result/TaxResult.h"
 #endif
 
@@ -17,7 +17,7 @@ class AppStore;
 namespace fiscarel::pages {
 
 /// What is to be looked at, what saves tax, and what is not computed.
-class ReviewPage final : public shell::PageWidget {
+class ReviewPage final : public look::PageWidget {
     Q_OBJECT
 
   public:
@@ -32,7 +32,7 @@ class ReviewPage final : public shell::PageWidget {
     void addNotice(const taxcore::Notice& notice, QVBoxLayout& column);
 
     AppStore& store_;
-    shell::PageFrame* frame_;
+    look::PageFrame* frame_;
     QWidget* content_ = nullptr;
     std::vector<taxcore::Notice> shownNotices_;
     std::vector<taxcore::Notice> shownTips_;

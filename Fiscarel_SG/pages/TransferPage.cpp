@@ -2,9 +2,9 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/look/Theme.h"
 #include "Fiscarel_SG/pages/Cards.h"
 #include "Fiscarel_SG/pages/PageParts.h"
-#include "Fiscarel_SG/shell/Theme.h"
 #include "TaxCore/base/MoneyFormat.h"
 
 #include <QApplication>
@@ -33,7 +33,7 @@ QString whole(const Decimal& amount) { return qs(MoneyFormat::chf(amount.roundDo
 
 TransferPage::TransferPage(AppStore& store, QWidget* parent)
     : PageWidget(parent), store_(store),
-      frame_(new shell::PageFrame(
+      frame_(new look::PageFrame(
           u"Übertragen"_s,
           u"Feld für Feld in das Programm der Steuerbehörde: Wert kopieren, dort einsetzen, hier "
           "abhaken."_s,
@@ -42,7 +42,7 @@ TransferPage::TransferPage(AppStore& store, QWidget* parent)
       openOnly_(new QCheckBox(u"Nur offene zeigen"_s, this)) {
     QVBoxLayout& head = addCard(frame_->column(), {});
     progressText_->setObjectName(u"transferProgress"_s);
-    shell::setRole(progressText_, "heading");
+    look::setRole(progressText_, "heading");
     progress_->setTextVisible(false);
     openOnly_->setObjectName(u"openOnly"_s);
     head.addWidget(progressText_);
@@ -88,7 +88,7 @@ void TransferPage::rebuild() {
     ticks_.clear();
     cells_.clear();
     table_ = new QFrame(frame_);
-    shell::setRole(table_, "card");
+    look::setRole(table_, "card");
     auto* const grid = new QGridLayout(table_);
     grid->setContentsMargins(20, 16, 20, 16);
     grid->setHorizontalSpacing(12);
@@ -97,7 +97,7 @@ void TransferPage::rebuild() {
     if (std::ranges::any_of(rows_, [](const Row& row) { return !row.federal.isEmpty(); })) {
         for (const auto& [title, column] : {std::pair{u"Kanton"_s, 3}, std::pair{u"Bund"_s, 5}}) {
             auto* const heading = new QLabel(title, table_);
-            shell::setRole(heading, "small");
+            look::setRole(heading, "small");
             grid->addWidget(heading, 0, column, Qt::AlignRight);
         }
     }
@@ -110,7 +110,7 @@ void TransferPage::rebuild() {
 void TransferPage::addRow(const Row& row, int at) {
     auto& grid = dynamic_cast<QGridLayout&>(*table_->layout());
     auto* const ziffer = new QLabel(row.ziffer, table_);
-    shell::setRole(ziffer, "faint");
+    look::setRole(ziffer, "faint");
     std::vector<QWidget*> cells{makeTick(row), ziffer, makeLabel(row), makeValue(row.canton),
                                 makeCopy(row, row.canton)};
     if (!row.federal.isEmpty()) {
@@ -141,7 +141,7 @@ QWidget* TransferPage::makeLabel(const Row& row) {
         label->setTextFormat(Qt::RichText);
         label->setText(u"%1 <span style='font-size:9pt; color:%3'>· %2</span>"_s.arg(
             row.label.toHtmlEscaped(), row.person.toHtmlEscaped(),
-            shell::Theme::current().faint.name()));
+            look::Theme::current().faint.name()));
     }
     return label;
 }
@@ -150,14 +150,14 @@ QWidget* TransferPage::makeValue(const QString& value) {
     auto* const figure = new QLabel(value, table_);
     figure->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     figure->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    shell::setRole(figure, "figure");
+    look::setRole(figure, "figure");
     return figure;
 }
 
 QWidget* TransferPage::makeCopy(const Row& row, const QString& value) {
     auto* const copy = new QPushButton(u"Kopieren"_s, table_);
     copy->setAccessibleName(u"%1 %2 kopieren, %3"_s.arg(row.label, row.person, value).simplified());
-    shell::setRole(copy, "link");
+    look::setRole(copy, "link");
     connect(copy, &QPushButton::clicked, this, [digits = QString(value).remove(QChar(0x2019))] {
         QApplication::clipboard()->setText(digits);
     });

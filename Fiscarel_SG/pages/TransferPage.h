@@ -1,8 +1,8 @@
 #pragma once
 
 #ifndef Q_MOC_RUN
-#include "Fiscarel_SG/shell/PageFrame.h"
-#include "Fiscarel_SG/shell/PageWidget.h"
+#include "Fiscarel_SG/look/PageFrame.h"
+#include "Fiscarel_SG/look/PageWidget.h"
 #endif
 
 #include <string>
@@ -20,7 +20,7 @@ class AppStore;
 namespace fiscarel::pages {
 
 /// The lines of the return in the order of the authority's program, each to copy and to tick.
-class TransferPage final : public shell::PageWidget {
+class TransferPage final : public look::PageWidget {
     Q_OBJECT
 
   public:
@@ -52,7 +52,7 @@ class TransferPage final : public shell::PageWidget {
     void showProgress();
 
     AppStore& store_;
-    shell::PageFrame* frame_;
+    look::PageFrame* frame_;
     QLabel* progressText_;
     QProgressBar* progress_;
     QCheckBox* openOnly_;

@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/FormPage.h"
 #include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/look/Icons.h"
 #include "Fiscarel_SG/pages/AccountPage.h"
 #include "Fiscarel_SG/pages/DocumentsPage.h"
 #include "Fiscarel_SG/pages/InputPages.h"
@@ -11,7 +12,6 @@
 #include "Fiscarel_SG/pages/ReviewPage.h"
 #include "Fiscarel_SG/pages/TransferPage.h"
 #include "Fiscarel_SG/pages/overview/KeyboardOrder.h"
-#include "Fiscarel_SG/shell/Icons.h"
 #include "Fiscarel_SG/shell/ReasonDialog.h"
 #include "Fiscarel_SG/shell/SearchDialog.h"
 #include "Fiscarel_SG/shell/StartDialog.h"
@@ -75,10 +75,10 @@ Has has(const forms::Page& page, const std::string& path) {
 }
 
 /// Puts the user's appearance in use.
-Appearance appearanceOf(const Settings& settings) {
+look::Appearance appearanceOf(const Settings& settings) {
     const auto appearance =
-        static_cast<Appearance>(std::clamp(settings.number("appearance").value_or(0), 0, 2));
-    Theme::apply(*qobject_cast<QApplication*>(qApp), appearance);
+        static_cast<look::Appearance>(std::clamp(settings.number("appearance").value_or(0), 0, 2));
+    look::Theme::apply(*qobject_cast<QApplication*>(qApp), appearance);
     return appearance;
 }
 
@@ -104,9 +104,9 @@ MainWindow::MainWindow(AppStore& store, Settings& settings, QWidget* parent)
       taxBar_(new TaxBar(store, this)), strip_(new TaxStrip(*taxBar_, this)),
       search_(new SearchDialog(this)), reason_(new ReasonDialog(store, this)) {
     setWindowTitle(store.isDemo() ? u"Fiscarel SG – Demohaushalt"_s : u"Fiscarel SG"_s);
-    setWindowIcon(programIcon());
+    setWindowIcon(look::programIcon());
     setMinimumSize(1000, 640);
-    setRole(banner_, "banner");
+    look::setRole(banner_, "banner");
     banner_->setObjectName(u"banner"_s);
     banner_->setWordWrap(true);
     bannerClose_->setObjectName(u"bannerClose"_s);
@@ -232,7 +232,7 @@ bool MainWindow::focusNextPrevChild(bool next) {
     return QMainWindow::focusNextPrevChild(next);
 }
 
-PageWidget* MainWindow::makePage(const QString& id) {
+look::PageWidget* MainWindow::makePage(const QString& id) {
     const auto form = std::ranges::find(forms_, utf8(id), &forms::Page::id);
     if (form != forms_.end()) {
         return new forms::FormPage(*form, store_, context(), stack_);
@@ -258,14 +258,14 @@ PageWidget* MainWindow::makePage(const QString& id) {
     return new pages::OverviewPage(store_, stack_);
 }
 
-PageWidget& MainWindow::pageWidget(const QString& id) {
+look::PageWidget& MainWindow::pageWidget(const QString& id) {
     auto& widget = widgets_[id];
     if (widget == nullptr) {
         widget = makePage(id);
         widget->setObjectName(u"page:"_s + id);
-        connect(widget, &PageWidget::fieldWanted, this, &MainWindow::showField);
-        connect(widget, &PageWidget::pageWanted, this, &MainWindow::showPage);
-        connect(widget, &PageWidget::reasonWanted, this, &MainWindow::showReason);
+        connect(widget, &look::PageWidget::fieldWanted, this, &MainWindow::showField);
+        connect(widget, &look::PageWidget::pageWanted, this, &MainWindow::showPage);
+        connect(widget, &look::PageWidget::reasonWanted, this, &MainWindow::showReason);
         stack_->addWidget(widget);
     } else if (stale_.contains(id)) {
         widget->refresh();
@@ -319,7 +319,7 @@ void MainWindow::rebuildPages() {
     shownLiechtenstein_ = store_.current().taxRegion() == taxcore::TaxRegion::liechtenstein;
     forms_ = pages::inputPages(context());
     const auto* const frame = stack_->currentWidget() != nullptr
-                                  ? stack_->currentWidget()->findChild<PageFrame*>()
+                                  ? stack_->currentWidget()->findChild<look::PageFrame*>()
                                   : nullptr;
     const int position = frame != nullptr ? frame->position() : 0;
     for (auto& [id, widget] : widgets_) {
@@ -331,7 +331,7 @@ void MainWindow::rebuildPages() {
     const QString wanted = page_.isEmpty() ? u"overview"_s : page_;
     page_.clear();
     showPage(wanted);
-    if (auto* const shown = stack_->currentWidget()->findChild<PageFrame*>()) {
+    if (auto* const shown = stack_->currentWidget()->findChild<look::PageFrame*>()) {
         shown->setPosition(position);
     }
 }
@@ -431,14 +431,14 @@ void MainWindow::showLoadError() {
     banner_->setText(message ? qs(*message) : QString());
 }
 
-void MainWindow::setAppearance(Appearance appearance) {
+void MainWindow::setAppearance(look::Appearance appearance) {
     appearance_ = appearance;
     settings_.setNumber("appearance", static_cast<int>(appearance));
     applyTheme();
 }
 
 void MainWindow::applyTheme() {
-    Theme::apply(*qobject_cast<QApplication*>(qApp), appearance_);
+    look::Theme::apply(*qobject_cast<QApplication*>(qApp), appearance_);
     sidebar_->refreshTheme();
     taxBar_->refresh();
     for (const auto& [id, widget] : widgets_) {

@@ -2,9 +2,9 @@
 
 #ifndef Q_MOC_RUN
 #include "Fiscarel_SG/forms/Page.h"
-#include "Fiscarel_SG/shell/PageWidget.h"
+#include "Fiscarel_SG/look/PageWidget.h"
+#include "Fiscarel_SG/look/Theme.h"
 #include "Fiscarel_SG/shell/Sidebar.h"
-#include "Fiscarel_SG/shell/Theme.h"
 #endif
 
 #include <QMainWindow>
@@ -50,7 +50,7 @@ class MainWindow final : public QMainWindow {
     /// Shows the field at a path of the case, on whichever page it stands.
     bool showField(const QString& path);
     void showReason(const QString& code);
-    void setAppearance(Appearance appearance);
+    void setAppearance(look::Appearance appearance);
     /// Asks what a first start has to ask, and offers a backup where the data did not load.
     void greet();
 
@@ -60,8 +60,8 @@ class MainWindow final : public QMainWindow {
     bool focusNextPrevChild(bool next) override;
 
   private:
-    PageWidget* makePage(const QString& id);
-    PageWidget& pageWidget(const QString& id);
+    look::PageWidget* makePage(const QString& id);
+    look::PageWidget& pageWidget(const QString& id);
     void connectStore();
     void addShortcuts();
     void rebuildPages();
@@ -81,7 +81,7 @@ class MainWindow final : public QMainWindow {
 
     AppStore& store_;
     Settings& settings_;
-    Appearance appearance_;
+    look::Appearance appearance_;
     Sidebar* sidebar_;
     QStackedWidget* stack_;
     QLabel* banner_;
@@ -92,7 +92,7 @@ class MainWindow final : public QMainWindow {
     ReasonDialog* reason_;
     QString page_;
     std::vector<forms::Page> forms_;
-    std::map<QString, PageWidget*> widgets_;
+    std::map<QString, look::PageWidget*> widgets_;
     std::set<QString> stale_; ///< pages that have not seen the last change
     int shownYear_ = 0;
     bool shownLiechtenstein_ = false;

@@ -2,8 +2,8 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/QtText.h"
-#include "Fiscarel_SG/shell/ElidingButton.h"
-#include "Fiscarel_SG/shell/Theme.h"
+#include "Fiscarel_SG/look/ElidingButton.h"
+#include "Fiscarel_SG/look/Theme.h"
 #include "TaxCore/base/MoneyFormat.h"
 
 #include <QDialogButtonBox>
@@ -72,7 +72,7 @@ QLabel* label(const QString& text, const char* role, QWidget* parent) {
     made->setWordWrap(true);
     made->setTextInteractionFlags(Qt::TextSelectableByMouse);
     if (*role != '\0') {
-        setRole(made, role);
+        look::setRole(made, role);
     }
     return made;
 }
@@ -90,7 +90,7 @@ ReasonDialog::ReasonDialog(AppStore& store, QWidget* parent)
     : QDialog(parent), store_(store), title_(new QLabel(this)), scroll_(new QScrollArea(this)) {
     setObjectName(u"reason"_s);
     setWindowTitle(u"Woher kommt dieser Betrag?"_s);
-    setRole(title_, "heading");
+    look::setRole(title_, "heading");
     title_->setWordWrap(true);
     scroll_->setWidgetResizable(true);
     scroll_->setFrameShape(QFrame::NoFrame);
@@ -143,8 +143,8 @@ bool ReasonDialog::explain(const std::string& code) {
                         Qt::AlignTop);
         const bool leadsOn = step.path || (step.code && *step.code != code);
         if (leadsOn) {
-            auto* const door = new ElidingButton(content, qs(step.text));
-            setRole(door, "textlink"); // as high as the texts beside it
+            auto* const door = new look::ElidingButton(content, qs(step.text));
+            look::setRole(door, "textlink"); // as high as the texts beside it
             grid->addWidget(door, row, 1, Qt::AlignTop);
             doors.push_back(door);
             if (step.path) {
@@ -168,7 +168,7 @@ bool ReasonDialog::explain(const std::string& code) {
         }
     }
     auto* const line = new QFrame(content);
-    setRole(line, "line");
+    look::setRole(line, "line");
     grid->addWidget(line, row++, 0, 1, twoSides ? 4 : 3);
     grid->addWidget(label(qs(derivation->label), "figure", content), row, 0, 1, 2);
     addAmounts(derivation->canton, derivation->federal, derivation->unit, true);

@@ -1,7 +1,7 @@
 #include "Fiscarel_SG/shell/SearchDialog.h"
 
 #include "Fiscarel_SG/forms/QtText.h"
-#include "Fiscarel_SG/shell/Theme.h"
+#include "Fiscarel_SG/look/Theme.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -27,7 +27,7 @@ class ResultDelegate final : public QStyledItemDelegate {
     }
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override {
-        const Theme& theme = Theme::current();
+        const look::Theme& theme = look::Theme::current();
         if (option.state.testFlag(QStyle::State_Selected)) {
             painter->fillRect(option.rect, theme.soft);
         }

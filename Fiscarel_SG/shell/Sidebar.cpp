@@ -2,8 +2,8 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/QtText.h"
-#include "Fiscarel_SG/shell/Icons.h"
-#include "Fiscarel_SG/shell/Theme.h"
+#include "Fiscarel_SG/look/Icons.h"
+#include "Fiscarel_SG/look/Theme.h"
 
 #include <QButtonGroup>
 #include <QComboBox>
@@ -25,13 +25,13 @@ Sidebar::Sidebar(AppStore& store, const std::vector<PageEntry>& pages, QWidget* 
       saved_(new QLabel(this)), retry_(new QPushButton(u"Nochmals speichern"_s, this)) {
     setObjectName(u"sidebar"_s);
     setAttribute(Qt::WA_StyledBackground);
-    setRole(this, "sidebar");
+    look::setRole(this, "sidebar");
     setFixedWidth(216);
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(12, 20, 12, 14);
     column->setSpacing(2);
     auto* const product = new QLabel(u"Fiscarel SG"_s, this);
-    setRole(product, "product");
+    look::setRole(product, "product");
     product->setContentsMargins(10, 0, 0, 6);
     column->addWidget(product);
     region_->setObjectName(u"region"_s);
@@ -60,7 +60,7 @@ Sidebar::Sidebar(AppStore& store, const std::vector<PageEntry>& pages, QWidget* 
     column->addWidget(area, 1);
     saved_->setWordWrap(true);
     saved_->setObjectName(u"saveState"_s);
-    setRole(saved_, "small");
+    look::setRole(saved_, "small");
     column->addWidget(saved_);
     column->addWidget(retry_);
     connect(retry_, &QPushButton::clicked, this, [this] { store_.saveNow(); });
@@ -78,12 +78,12 @@ void Sidebar::addPage(const PageEntry& page, QVBoxLayout& column) {
     button->setObjectName(u"nav:"_s + page.id);
     button->setCheckable(true);
     button->setAutoExclusive(true);
-    setRole(button, "nav");
+    look::setRole(button, "nav");
     auto* const inside = new QHBoxLayout(button);
     inside->setContentsMargins(0, 0, 8, 0);
     inside->addStretch(1);
     auto* const badge = new QLabel(button);
-    setRole(badge, "badge");
+    look::setRole(badge, "badge");
     badge->setAttribute(Qt::WA_TransparentForMouseEvents);
     badge->hide();
     inside->addWidget(badge, 0, Qt::AlignVCenter);
@@ -153,13 +153,13 @@ void Sidebar::refreshSaveState() {
             u"Gespeichert "_s + QDateTime::fromSecsSinceEpoch(saved->seconds).toString(u"HH:mm"_s);
     }
     saved_->setText(text);
-    setRole(saved_, problem ? "error" : "small");
+    look::setRole(saved_, problem ? "error" : "small");
     retry_->setVisible(problem && !store_.awaitsRecovery());
 }
 
 void Sidebar::refreshTheme() {
     for (const auto& [id, button] : buttons_) {
-        button->setIcon(pageIcon(id, Theme::current().text));
+        button->setIcon(look::pageIcon(id, look::Theme::current().text));
         button->setIconSize({18, 18});
     }
 }

@@ -2,7 +2,7 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/QtText.h"
-#include "Fiscarel_SG/shell/Theme.h"
+#include "Fiscarel_SG/look/Theme.h"
 
 #include <QFileDialog>
 #include <QLabel>
@@ -28,26 +28,26 @@ StartDialog::StartDialog(AppStore& store, QWidget* parent)
     column->setContentsMargins(28, 24, 28, 24);
     column->setSpacing(10);
     auto* const title = new QLabel(u"Willkommen bei Fiscarel SG"_s, this);
-    setRole(title, "title");
+    look::setRole(title, "title");
     auto* const help = new QLabel(
         u"Ihre Angaben bleiben auf diesem Computer. Wo füllen Sie die Steuererklärung aus?"_s,
         this);
     help->setWordWrap(true);
-    setRole(help, "faint");
+    look::setRole(help, "faint");
     auto* const stGallen = new QRadioButton(u"Kanton St.Gallen"_s, this);
     stGallen->setObjectName(u"startStGallen"_s);
     stGallen->setChecked(true);
     liechtenstein_->setObjectName(u"startLiechtenstein"_s);
     auto* const fresh = new QPushButton(u"Neu beginnen"_s, this);
     fresh->setObjectName(u"startFresh"_s);
-    setRole(fresh, "primary");
+    look::setRole(fresh, "primary");
     fresh->setDefault(true);
     auto* const file = new QPushButton(u"Vorjahr übernehmen (Datei wählen) …"_s, this);
     file->setObjectName(u"startFile"_s);
     auto* const demo = new QPushButton(u"Mit Demohaushalt umschauen"_s, this);
     demo->setObjectName(u"startDemo"_s);
     problem_->setWordWrap(true);
-    setRole(problem_, "error");
+    look::setRole(problem_, "error");
     for (QWidget* widget : std::initializer_list<QWidget*>{title, help, stGallen, liechtenstein_,
                                                            fresh, file, demo, problem_}) {
         if (widget == fresh) {

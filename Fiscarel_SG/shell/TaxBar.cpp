@@ -2,7 +2,7 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/QtText.h"
-#include "Fiscarel_SG/shell/Theme.h"
+#include "Fiscarel_SG/look/Theme.h"
 #include "TaxCore/base/MoneyFormat.h"
 #include "TaxCore/base/Rounding.h"
 
@@ -78,25 +78,25 @@ TaxBar::TaxBar(AppStore& store, QWidget* parent)
       taxable_(new QLabel(u"Steuerbar"_s, this)), column_(new QVBoxLayout(this)) {
     setObjectName(u"taxBar"_s);
     setAttribute(Qt::WA_StyledBackground);
-    setRole(this, "taxbar");
+    look::setRole(this, "taxbar");
     setFixedWidth(270);
     column_->setContentsMargins(margin, 24, margin, 20);
     column_->setSpacing(4);
     for (QLabel* const label : {totalName_, total_, change_, marginal_, taxable_}) {
         label->setContentsMargins(textInset, 0, textInset, 0);
     }
-    setRole(totalName_, "faint");
-    setRole(total_, "total");
+    look::setRole(totalName_, "faint");
+    look::setRole(total_, "total");
     total_->setObjectName(u"total"_s);
     total_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     change_->setWordWrap(true);
     marginal_->setWordWrap(true);
-    setRole(marginal_, "small");
+    look::setRole(marginal_, "small");
     column_->addWidget(totalName_);
     column_->addWidget(total_);
     column_->addWidget(change_);
     column_->addSpacing(10);
-    setRole(taxable_, "faint");
+    look::setRole(taxable_, "faint");
     for (std::size_t i = 0; i < taxRows + baseRows; ++i) {
         if (i == taxRows) {
             column_->addSpacing(10);
@@ -113,12 +113,12 @@ TaxBar::TaxBar(AppStore& store, QWidget* parent)
 /// The whole row is the door, so that the figure can be clicked too.
 void TaxBar::addRow() {
     auto* const door = new QPushButton(this);
-    setRole(door, "door");
+    look::setRole(door, "door");
     door->setToolTip(u"Woher kommt dieser Betrag?"_s);
     auto* const layout = new QHBoxLayout(door);
     layout->setContentsMargins(0, 0, textInset, 0);
     auto* const amount = new QLabel(door);
-    setRole(amount, "figure");
+    look::setRole(amount, "figure");
     amount->setAttribute(Qt::WA_TransparentForMouseEvents);
     layout->addWidget(amount, 1, Qt::AlignRight | Qt::AlignVCenter);
     column_->addWidget(door);
@@ -168,7 +168,7 @@ void TaxBar::refresh() {
     totalName_->setText(top.name);
     total_->setText(top.total);
     change_->setText(top.change);
-    setRole(change_, top.changeRole);
+    look::setRole(change_, top.changeRole);
     std::vector<Entry> taxes;
     std::vector<Entry> bases;
     if (result != nullptr) {

@@ -1,7 +1,7 @@
 #include "Fiscarel_SG/shell/TaxStrip.h"
 
+#include "Fiscarel_SG/look/Theme.h"
 #include "Fiscarel_SG/shell/TaxBar.h"
-#include "Fiscarel_SG/shell/Theme.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -15,10 +15,10 @@ TaxStrip::TaxStrip(const TaxBar& bar, QWidget* parent)
       change_(new QLabel(this)), more_(new QLabel(this)) {
     setObjectName(u"taxStrip"_s);
     setCheckable(true);
-    setRole(this, "strip");
-    setRole(name_, "faint");
-    setRole(total_, "figure");
-    setRole(more_, "link");
+    look::setRole(this, "strip");
+    look::setRole(name_, "faint");
+    look::setRole(total_, "figure");
+    look::setRole(more_, "link");
     total_->setObjectName(u"stripTotal"_s);
     auto* const line = new QHBoxLayout(this);
     line->setContentsMargins(24, 0, 24, 0);
@@ -45,7 +45,7 @@ void TaxStrip::refresh() {
     name_->setText(summary.name);
     total_->setText(summary.total);
     change_->setText(summary.change);
-    setRole(change_, summary.changeRole);
+    look::setRole(change_, summary.changeRole);
     more_->setText(isChecked() ? u"Schliessen  ▾"_s : u"Einzelheiten  ▴"_s);
     setAccessibleName(
         u"%1 %2 %3, %4"_s

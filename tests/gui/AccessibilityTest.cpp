@@ -1,4 +1,4 @@
-#include "Fiscarel_SG/shell/Theme.h"
+#include "Fiscarel_SG/look/Theme.h"
 #include "tests/gui/OpenWindow.h"
 
 #include <gtest/gtest.h>
@@ -17,7 +17,7 @@ namespace fiscarel {
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
-using shell::Theme;
+using look::Theme;
 using taxcore::TaxRegion;
 
 class Accessibility : public ::testing::TestWithParam<TaxRegion> {

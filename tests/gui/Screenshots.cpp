@@ -262,13 +262,13 @@ int main(int argc, char** argv) {
                    {.demo = true, .liechtenstein = liechtenstein});
     const int width = arguments.value(2).toInt();
     const int height = arguments.value(3).toInt();
-    for (const auto appearance : {shell::Appearance::light, shell::Appearance::dark}) {
+    for (const auto appearance : {look::Appearance::light, look::Appearance::dark}) {
         settings.setNumber("appearance", static_cast<int>(appearance));
         shell::MainWindow window(store, settings);
         window.resize(width > 0 ? width : 1280, height > 0 ? height : 820);
         window.show();
         const Camera camera{store, window, folder,
-                            (appearance == shell::Appearance::light ? u"-light"_s : u"-dark"_s)
+                            (appearance == look::Appearance::light ? u"-light"_s : u"-dark"_s)
                                 + (liechtenstein ? u"-li"_s : QString())};
         camera.pages();
         if (arguments.contains(u"-all"_s)) {

@@ -1,9 +1,9 @@
 #include "Fiscarel_SG/pages/overview/BillCard.h"
 
+#include "Fiscarel_SG/look/Theme.h"
 #include "Fiscarel_SG/pages/overview/DoorList.h"
 #include "Fiscarel_SG/pages/overview/MoneyText.h"
 #include "Fiscarel_SG/pages/overview/RingChart.h"
-#include "Fiscarel_SG/shell/Theme.h"
 #include "TaxCore/review/Advisor.h"
 
 #include <QHBoxLayout>
@@ -26,7 +26,7 @@ BillCard::BillCard(QWidget* parent)
     : CardFrame({}, {}, parent), total_(new QLabel(this)), share_(nullptr),
       ring_(new RingChart(this)), shares_(new DoorList({amountWidth, percentWidth}, this)),
       bases_(new DoorList({amountWidth}, this)) {
-    shell::setRole(total_, "total");
+    look::setRole(total_, "total");
     total_->setObjectName(u"billTotal"_s);
     total_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     addInset(total_);
@@ -84,7 +84,7 @@ void BillCard::showShares(const TaxResult& result, TaxRegion region) {
                                     qs(MoneyFormat::chf(share.percent, 1, false)) + u'%'},
                         .figureRole = "faint",
                         .action = u"Herkunft zeigen"_s,
-                        .marker = shell::Theme::current().chart(index),
+                        .marker = look::Theme::current().chart(index),
                         .sign = QString::number(index + 1)});
         shareCodes_.push_back(share.code);
     }

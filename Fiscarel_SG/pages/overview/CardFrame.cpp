@@ -1,6 +1,6 @@
 #include "Fiscarel_SG/pages/overview/CardFrame.h"
 
-#include "Fiscarel_SG/shell/Theme.h"
+#include "Fiscarel_SG/look/Theme.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -17,10 +17,10 @@ constexpr int linkInset = 7; ///< the same for the text of a link
 
 CardFrame::CardFrame(const QString& title, const QString& help, QWidget* parent)
     : QFrame(parent), column_(new QVBoxLayout(this)), title_(new QLabel(title, this)) {
-    shell::setRole(this, "card");
+    look::setRole(this, "card");
     column_->setContentsMargins(12, 16, 12, 16);
     column_->setSpacing(6);
-    shell::setRole(title_, "heading");
+    look::setRole(title_, "heading");
     addInset(title_);
     if (!help.isEmpty()) {
         addText(help, "faint");
@@ -32,7 +32,7 @@ void CardFrame::setTitle(const QString& title) { title_->setText(title); }
 QLabel* CardFrame::addText(const QString& text, const char* role) {
     auto* const label = new QLabel(text, this);
     label->setWordWrap(true);
-    shell::setRole(label, role);
+    look::setRole(label, role);
     addInset(label);
     return label;
 }
@@ -40,7 +40,7 @@ QLabel* CardFrame::addText(const QString& text, const char* role) {
 QPushButton* CardFrame::addLink(const QString& text, const QString& name) {
     auto* const link = new QPushButton(text, this);
     link->setObjectName(name);
-    shell::setRole(link, "link");
+    look::setRole(link, "link");
     auto* const line = new QHBoxLayout;
     line->setContentsMargins(linkInset, 0, linkInset, 0);
     line->addWidget(link, 0, Qt::AlignLeft);
@@ -50,7 +50,7 @@ QPushButton* CardFrame::addLink(const QString& text, const QString& name) {
 
 void CardFrame::addLine() {
     auto* const line = new QFrame(this);
-    shell::setRole(line, "line");
+    look::setRole(line, "line");
     addInset(line);
 }
 

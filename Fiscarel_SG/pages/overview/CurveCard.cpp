@@ -1,10 +1,10 @@
 #include "Fiscarel_SG/pages/overview/CurveCard.h"
 
+#include "Fiscarel_SG/look/Theme.h"
 #include "Fiscarel_SG/pages/overview/ChartParts.h"
 #include "Fiscarel_SG/pages/overview/CurveChart.h"
 #include "Fiscarel_SG/pages/overview/DoorList.h"
 #include "Fiscarel_SG/pages/overview/MoneyText.h"
-#include "Fiscarel_SG/shell/Theme.h"
 
 #include <QLabel>
 #include <QPushButton>

@@ -1,8 +1,8 @@
 #include "Fiscarel_SG/pages/overview/CurveChart.h"
 
+#include "Fiscarel_SG/look/Theme.h"
 #include "Fiscarel_SG/pages/overview/ChartParts.h"
 #include "Fiscarel_SG/pages/overview/MoneyText.h"
-#include "Fiscarel_SG/shell/Theme.h"
 
 #include <QChart>
 #include <QLineSeries>
@@ -18,7 +18,7 @@
 namespace fiscarel::pages {
 
 using namespace Qt::Literals::StringLiterals;
-using shell::Theme;
+using look::Theme;
 
 namespace {
 

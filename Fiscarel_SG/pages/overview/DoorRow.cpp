@@ -1,6 +1,6 @@
 #include "Fiscarel_SG/pages/overview/DoorRow.h"
 
-#include "Fiscarel_SG/shell/Theme.h"
+#include "Fiscarel_SG/look/Theme.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -17,7 +17,7 @@ constexpr int markerSize = 12;
 /// Style sheets are slow to apply; a role that stays is left alone.
 void giveRole(QLabel* label, const char* role) {
     if (label->property("role").toString() != QLatin1String(role)) {
-        shell::setRole(label, role);
+        look::setRole(label, role);
     }
 }
 
@@ -32,14 +32,14 @@ QLabel* labelIn(QWidget* parent) {
 DoorRow::DoorRow(const std::vector<int>& columns, QWidget* parent)
     : QPushButton(parent), line_(new QHBoxLayout(this)), title_(labelIn(this)),
       detail_(labelIn(this)) {
-    shell::setRole(this, "row");
+    look::setRole(this, "row");
     line_->setContentsMargins(8, 5, 8, 5);
     line_->setSpacing(12);
     auto* const texts = new QVBoxLayout;
     texts->setSpacing(0);
     title_->setWordWrap(true);
     detail_->setWordWrap(true);
-    shell::setRole(detail_, "small");
+    look::setRole(detail_, "small");
     detail_->hide();
     texts->addWidget(title_);
     texts->addWidget(detail_);
@@ -62,7 +62,7 @@ void DoorRow::setMarker(const QColor& color, const QString& sign) {
         marker_->setFixedSize(markerSize, markerSize);
         sign_ = labelIn(this);
         sign_->setMinimumWidth(markerSize);
-        shell::setRole(sign_, "faint");
+        look::setRole(sign_, "faint");
         line_->insertWidget(0, marker_);
         line_->insertWidget(1, sign_);
     }

@@ -1,6 +1,6 @@
 #include "Fiscarel_SG/pages/overview/FigureStrip.h"
 
-#include "Fiscarel_SG/shell/Theme.h"
+#include "Fiscarel_SG/look/Theme.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -16,7 +16,7 @@ FigureStrip::FigureStrip(int count, QWidget* parent) : QWidget(parent) {
         auto* const block = new QVBoxLayout;
         block->setSpacing(0);
         Block made{new QLabel(this), new QLabel(this)};
-        shell::setRole(made.name, "small");
+        look::setRole(made.name, "small");
         made.figure->setTextInteractionFlags(Qt::TextSelectableByMouse);
         block->addWidget(made.name);
         block->addWidget(made.figure);
@@ -32,7 +32,7 @@ void FigureStrip::set(std::size_t index, const QString& name, const QString& fig
     block.figure->setText(figure);
     block.figure->setAccessibleName(name + u' ' + figure);
     if (block.figure->property("role").toString() != QLatin1String(role)) {
-        shell::setRole(block.figure, role);
+        look::setRole(block.figure, role);
     }
 }
 

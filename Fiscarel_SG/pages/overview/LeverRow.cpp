@@ -1,8 +1,8 @@
 #include "Fiscarel_SG/pages/overview/LeverRow.h"
 
+#include "Fiscarel_SG/look/Theme.h"
 #include "Fiscarel_SG/pages/overview/FrancsBox.h"
 #include "Fiscarel_SG/pages/overview/MoneyText.h"
-#include "Fiscarel_SG/shell/Theme.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -39,7 +39,7 @@ LeverRow::LeverRow(QWidget* parent)
     names->setSpacing(0);
     name_->setWordWrap(true);
     name_->setFixedWidth(nameWidth);
-    shell::setRole(now_, "small");
+    look::setRole(now_, "small");
     names->addWidget(name_);
     names->addWidget(now_);
     line->addLayout(names);
@@ -50,7 +50,7 @@ LeverRow::LeverRow(QWidget* parent)
     line->addWidget(slider_, 1);
     box_->setFixedWidth(boxWidth);
     line->addWidget(box_);
-    shell::setRole(take_, "link");
+    look::setRole(take_, "link");
     QSizePolicy keepsPlace = take_->sizePolicy();
     keepsPlace.setRetainSizeWhenHidden(true);
     take_->setSizePolicy(keepsPlace);

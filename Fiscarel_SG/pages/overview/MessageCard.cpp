@@ -1,6 +1,6 @@
 #include "Fiscarel_SG/pages/overview/MessageCard.h"
 
-#include "Fiscarel_SG/shell/Theme.h"
+#include "Fiscarel_SG/look/Theme.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -27,7 +27,7 @@ QPushButton* MessageCard::addButton(const QString& text, const QString& name) {
     auto* const button = new QPushButton(text, this);
     button->setObjectName(name);
     if (isFirst) {
-        shell::setRole(button, "primary");
+        look::setRole(button, "primary");
     }
     buttons_->insertWidget(buttons_->count() - 1, button);
     return button;

@@ -1,8 +1,8 @@
 #include "Fiscarel_SG/pages/overview/RingChart.h"
 
 #include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/look/Theme.h"
 #include "Fiscarel_SG/pages/overview/ChartParts.h"
-#include "Fiscarel_SG/shell/Theme.h"
 #include "TaxCore/base/MoneyFormat.h"
 
 #include <QChart>
@@ -14,7 +14,7 @@
 namespace fiscarel::pages {
 
 using namespace Qt::Literals::StringLiterals;
-using shell::Theme;
+using look::Theme;
 using taxcore::MoneyFormat;
 
 namespace {

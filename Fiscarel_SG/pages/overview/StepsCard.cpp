@@ -1,8 +1,8 @@
 #include "Fiscarel_SG/pages/overview/StepsCard.h"
 
 #include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/look/Theme.h"
 #include "Fiscarel_SG/pages/NoticeSign.h"
-#include "Fiscarel_SG/shell/Theme.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -23,7 +23,7 @@ QLabel* labelIn(QWidget* parent, const QString& text, const char* role) {
     auto* const label = new QLabel(text, parent);
     label->setWordWrap(true);
     label->setContentsMargins(textInset, 0, 0, 0);
-    shell::setRole(label, role);
+    look::setRole(label, role);
     return label;
 }
 
@@ -73,7 +73,7 @@ void StepsCard::refresh(const std::vector<Notice>& notices) {
 }
 
 void StepsCard::addDoor(QPushButton* door) {
-    shell::setRole(door, "link");
+    look::setRole(door, "link");
     dynamic_cast<QVBoxLayout&>(*content_->layout()).addWidget(door, 0, Qt::AlignLeft);
 }
 
@@ -81,7 +81,7 @@ void StepsCard::add(const Notice& notice) {
     auto& inside = dynamic_cast<QVBoxLayout&>(*content_->layout());
     if (inside.count() > 0) {
         auto* const line = new QFrame(content_);
-        shell::setRole(line, "line");
+        look::setRole(line, "line");
         auto* const across = new QHBoxLayout;
         across->setContentsMargins(textInset, 4, 0, 4);
         across->addWidget(line);
@@ -90,7 +90,7 @@ void StepsCard::add(const Notice& notice) {
     auto* const head = new QHBoxLayout;
     const NoticeSign sign = NoticeSign::of(notice.level);
     auto* const level = new QLabel(sign.text, content_);
-    shell::setRole(level, sign.role);
+    look::setRole(level, sign.role);
     head->addWidget(labelIn(content_, qs(notice.title), "figure"), 1);
     head->addWidget(level);
     inside.addLayout(head);

@@ -3,7 +3,7 @@
 #include <QWidget>
 #include <string>
 
-namespace fiscarel::shell {
+namespace fiscarel::look {
 
 /// One page of the window.
 class PageWidget : public QWidget {
@@ -28,4 +28,4 @@ class PageWidget : public QWidget {
     void reasonWanted(const QString& code);
 };
 
-} // namespace fiscarel::shell
+} // namespace fiscarel::look

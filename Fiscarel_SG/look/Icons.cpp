@@ -1,11 +1,11 @@
-#include "Fiscarel_SG/shell/Icons.h"
+#include "Fiscarel_SG/look/Icons.h"
 
 #include <QFile>
 #include <QPainter>
 #include <QPixmap>
 #include <QSvgRenderer>
 
-namespace fiscarel::shell {
+namespace fiscarel::look {
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -31,4 +31,4 @@ QIcon pageIcon(const QString& id, const QColor& color) {
 
 QIcon programIcon() { return QIcon(u":/fiscarel-sg.svg"_s); }
 
-} // namespace fiscarel::shell
+} // namespace fiscarel::look

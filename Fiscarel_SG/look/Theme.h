@@ -6,7 +6,7 @@
 class QApplication;
 class QWidget;
 
-namespace fiscarel::shell {
+namespace fiscarel::look {
 
 /// How the window looks: light, dark, or as the system does.
 enum class Appearance { system, light, dark };
@@ -45,4 +45,4 @@ struct Theme {
 /// Marks a widget: "title", "heading", "faint", "card", "figure", "error", "primary", …
 void setRole(QWidget* widget, const char* role);
 
-} // namespace fiscarel::shell
+} // namespace fiscarel::look

@@ -7,7 +7,7 @@
 class QScrollArea;
 class QVBoxLayout;
 
-namespace fiscarel::shell {
+namespace fiscarel::look {
 
 /// Title and one line of help above a scrolling column of cards. Fills its parent, which must have
 /// no layout yet.
@@ -38,4 +38,4 @@ class PageFrame final : public QWidget {
     QPointer<QWidget> sought_; ///< what is to stay in sight while the page takes its form
 };
 
-} // namespace fiscarel::shell
+} // namespace fiscarel::look

@@ -1,6 +1,6 @@
-#include "Fiscarel_SG/shell/PageFrame.h"
+#include "Fiscarel_SG/look/PageFrame.h"
 
-#include "Fiscarel_SG/shell/Theme.h"
+#include "Fiscarel_SG/look/Theme.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -10,7 +10,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-namespace fiscarel::shell {
+namespace fiscarel::look {
 
 namespace {
 
@@ -108,4 +108,4 @@ void PageFrame::setPosition(int position) {
     bar->setValue(position);
 }
 
-} // namespace fiscarel::shell
+} // namespace fiscarel::look

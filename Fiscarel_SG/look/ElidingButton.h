@@ -2,7 +2,7 @@
 
 #include <QPushButton>
 
-namespace fiscarel::shell {
+namespace fiscarel::look {
 
 /// A button that shortens a text that has no room with an ellipsis, and then tells it whole in its
 /// tool tip; its text stays the whole one.
@@ -22,4 +22,4 @@ class ElidingButton final : public QPushButton {
     QString shownText() const;
 };
 
-} // namespace fiscarel::shell
+} // namespace fiscarel::look

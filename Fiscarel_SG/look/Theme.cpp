@@ -1,4 +1,4 @@
-#include "Fiscarel_SG/shell/Theme.h"
+#include "Fiscarel_SG/look/Theme.h"
 
 #include <QApplication>
 #include <QFontDatabase>
@@ -9,7 +9,7 @@
 #include <QWidget>
 #include <array>
 
-namespace fiscarel::shell {
+namespace fiscarel::look {
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -231,4 +231,4 @@ void setRole(QWidget* widget, const char* role) {
     widget->style()->polish(widget);
 }
 
-} // namespace fiscarel::shell
+} // namespace fiscarel::look

@@ -4,7 +4,7 @@
 #include <QIcon>
 #include <QString>
 
-namespace fiscarel::shell {
+namespace fiscarel::look {
 
 /// The icon of a page in a colour, drawn for any screen density.
 QIcon pageIcon(const QString& id, const QColor& color);
@@ -12,4 +12,4 @@ QIcon pageIcon(const QString& id, const QColor& color);
 /// The icon of the program.
 QIcon programIcon();
 
-} // namespace fiscarel::shell
+} // namespace fiscarel::look

@@ -1,11 +1,11 @@
-#include "Fiscarel_SG/shell/ElidingButton.h"
+#include "Fiscarel_SG/look/ElidingButton.h"
 
 #include <QHelpEvent>
 #include <QStyleOptionButton>
 #include <QStylePainter>
 #include <QToolTip>
 
-namespace fiscarel::shell {
+namespace fiscarel::look {
 
 ElidingButton::ElidingButton(QWidget* parent, const QString& text) : QPushButton(text, parent) {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
@@ -40,4 +40,4 @@ void ElidingButton::paintEvent(QPaintEvent*) {
     painter.drawControl(QStyle::CE_PushButton, option);
 }
 
-} // namespace fiscarel::shell
+} // namespace fiscarel::look
