@@ -46,9 +46,11 @@ enum class Editor {
     parish,       ///< of the municipality entered
 };
 
+/// What may be chosen.
 struct Option {
-    std::string raw;
-    std::string label;
+    std::string raw;     ///< as it stands in the case; empty: nothing is chosen
+    std::string label;   ///< German
+    std::string wording; ///< German: at length, told below the field once chosen; may be empty
 };
 
 /// The year and region a page is made for, with the rules its texts take figures from.
@@ -67,7 +69,7 @@ struct Field {
     std::string help;      ///< German: what it is and on which document it stands; may be empty
     Editor editor = Editor::text;
     std::string unit;            ///< behind the number: "CHF", "km", "%", "Tage"
-    std::vector<Option> options; ///< of a choice; of a text: offered, any other may be typed
+    std::vector<Option> options; ///< of a choice
     bool isOptional = false;     ///< may be left empty
     std::function<Value(const Record&)> get;
     std::function<void(Record&, const Value&)> set;
@@ -159,11 +161,8 @@ template <class Record, class Type>
 std::string_view nameOf(Type Record::*member) {
     std::string_view name;
     boost::mp11::mp_for_each<taxcore::Fields<Record>>([&](auto field) {
-        if constexpr (
-            std::is_same_v<
-                decltype(field.pointer),
-                Type
-                    Record::*const> || std::is_same_v<std::remove_const_t<decltype(field.pointer)>, Type Record::*>) {
+        if constexpr (std::is_same_v<std::remove_const_t<decltype(field.pointer)>,
+                                     Type Record::*>) {
             if (field.pointer == member) {
                 name = field.name;
             }
@@ -244,7 +243,7 @@ auto choice(std::string label, std::string help = {}) {
     auto made = detail::field<member>(std::move(label), std::move(help), Editor::choice);
     for (const Enum value : taxcore::allValues<Enum>()) {
         made.options.push_back(
-            {std::string(taxcore::rawValue(value)), std::string(taxcore::label(value))});
+            {std::string(taxcore::rawValue(value)), std::string(taxcore::label(value)), {}});
     }
     return made;
 }

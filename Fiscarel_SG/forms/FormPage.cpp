@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/forms/TableView.h"
 #include "Fiscarel_SG/look/Theme.h"
 
 #include <QApplication>
@@ -43,6 +44,10 @@ FormPage::FormPage(Page page, AppStore& store, const PageContext& context, QWidg
                 row->toggleHelp();
                 return;
             }
+            if (auto* const table = qobject_cast<TableView*>(at)) {
+                table->toggleHelp();
+                return;
+            }
         }
     });
     // Fields that hang on another, as the parish on the municipality, follow it.
@@ -65,6 +70,7 @@ void FormPage::refresh() {
         view.widget->setVisible(!section.shown || section.shown(taxCase));
         if (section.title) {
             view.title->setText(qs(section.title(taxCase)));
+            view.widget->setAccessibleName(view.title->text());
         }
         for (CardView* card : view.cards) {
             card->refresh();

@@ -25,9 +25,9 @@ bool isAtHome(const TaxCase& taxCase, const LICommute& commute) {
 forms::Field<LICommute> placeField(const LIRules* rules, forms::Field<LICommute> field) {
     if (rules != nullptr) {
         field.editor = Editor::choice;
-        field.options.push_back({"", "– kein Ort gewählt"});
+        field.options.push_back({"", "– kein Ort gewählt", {}});
         for (const std::string& place : rules->fahrkostenOrte) {
-            field.options.push_back({place, place});
+            field.options.push_back({place, place, {}});
         }
     }
     return std::move(field).when(isAtHome);

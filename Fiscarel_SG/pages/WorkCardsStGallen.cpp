@@ -4,6 +4,7 @@
 #include "TaxCore/stgallen/WorkExpenses.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace fiscarel::pages {
 
@@ -63,8 +64,6 @@ FieldsCard personCard(int number, std::string title, std::string help,
     return card;
 }
 
-// 1. Arbeitsweg
-
 std::string rappen(const RuleBook& rules, Param param) {
     const auto text = [](const Decimal& francs) { return MoneyFormat::number(francs * 100); };
     const Decimal& canton = rules.cantonal.berufskosten.*param;
@@ -73,15 +72,24 @@ std::string rappen(const RuleBook& rules, Param param) {
            + (canton == federal ? std::string() : " (Bund " + text(federal) + " Rappen)");
 }
 
-/// The reasons the form knows.
+/// The reasons the form knows, in its own words at length.
 forms::Field<WorkExpenses> justification() {
     auto field = text<&WorkExpenses::carJustification>(
         "Begründung", "Weshalb der öffentliche Verkehr nicht möglich oder nicht zumutbar ist. Ohne "
                       "Begründung zählt die Fahrt nicht.");
-    for (const char* reason :
-         {"Kein öffentliches Verkehrsmittel", "Zeitersparnis über 60 Minuten pro Tag",
-          "Auf Verlangen des Arbeitgebers", "Krankheit / Gebrechlichkeit (Arztzeugnis)"}) {
-        field.options.push_back({reason, reason});
+    field.editor = Editor::choice;
+    field.options = {{"", "– kein Grund gewählt", {}}};
+    for (const auto& [reason, wording] :
+         {std::pair("Kein öffentliches Verkehrsmittel",
+                    "Fehlen eines öffentlichen Verkehrsmittels"),
+          std::pair("Zeitersparnis über 60 Minuten pro Tag",
+                    "Einsparung über 60 Minuten/Tag durch Motorfahrzeugbenützung"),
+          std::pair("Auf Verlangen des Arbeitgebers",
+                    "Ständige Benützung des Motorfahrzeugs auf Verlangen des Arbeitgebers"),
+          std::pair("Krankheit / Gebrechlichkeit (Arztzeugnis)",
+                    "Benützung öV wegen Krankheit oder Gebrechlichkeit unzumutbar "
+                    "(Arztzeugnis)")}) {
+        field.options.push_back({reason, reason, wording});
     }
     return field;
 }
@@ -172,7 +180,7 @@ std::string commuteNote(const Entries& it, const WorkResult& work) {
 
 FieldsCard commuteCard(const RuleBook* rules, int number) {
     return personCard(
-        number, "Arbeitsweg",
+        number, "1. Arbeitsweg",
         withRules(rules,
                   [](const RuleBook& book) {
                       const auto most = [](const DeductionParams& params) {
@@ -183,8 +191,6 @@ FieldsCard commuteCard(const RuleBook* rules, int number) {
         commuteFields(rules),
         figureOf(number, &WorkExpenseBreakdown::commute, "Abzug Arbeitsweg", commuteNote));
 }
-
-// 2. Verpflegung
 
 struct MealRate {
     Param perDay;
@@ -259,7 +265,7 @@ FieldsCard mealsCard(const RuleBook* rules, int number) {
         return work.meals != MealSituation::keine || work.mealDays != 0;
     };
     return personCard(
-        number, "Verpflegung", {},
+        number, "2. Verpflegung", {},
         {mealsField(rules),
          integer<&WorkExpenses::mealDays>("Tage mit auswärtiger Verpflegung", "Tage",
                                           "Nur Tage im Betrieb – an Home-Office-Tagen entstehen "
@@ -269,8 +275,6 @@ FieldsCard mealsCard(const RuleBook* rules, int number) {
         figureOf(number, &WorkExpenseBreakdown::meals, "Abzug Verpflegung",
                  [rules](const Entries& it, const WorkResult&) { return mealsNote(rules, it); }));
 }
-
-// 3. Übrige Berufskosten
 
 /// "Fr. 700 plus 10% des Nettolohns, höchstens Fr. 2’400"
 std::string flatRateOf(const BerufskostenParams& params) {
@@ -301,7 +305,7 @@ FieldsCard otherCard(const RuleBook* rules, int number) {
         return work.useActualOtherCosts || !work.actualOtherCosts.isZero();
     };
     return personCard(
-        number, "Übrige Berufskosten",
+        number, "3. Übrige Berufskosten",
         withRules(rules,
                   [](const RuleBook& book) {
                       return "Kanton: " + flatRateOf(book.cantonal.berufskosten)

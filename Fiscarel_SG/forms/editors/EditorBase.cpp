@@ -74,12 +74,6 @@ bool hasTabularDigits(const QFont& font) {
 
 } // namespace
 
-QString toQString(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
-
-std::string toUtf8(const QString& text) { return text.toStdString(); }
-
 QColor faintText(const QPalette& palette, const QColor& background) {
     const QColor text = palette.color(QPalette::Text);
     return readableOn(background, mix(text, background, 60), text);
@@ -132,8 +126,8 @@ EditorBase::EditorBase(BoundField field, QWidget* parent)
 
 void EditorBase::adopt(QWidget* input, int characters) {
     input_ = input;
-    input->setObjectName(toQString(field_.path));
-    input->setAccessibleName(toQString(field_.label));
+    input->setObjectName(qs(field_.path));
+    input->setAccessibleName(qs(field_.label));
     characters_ = characters;
     input->setSizePolicy(QSizePolicy::Expanding, input->sizePolicy().verticalPolicy());
     limitWidth();
@@ -195,12 +189,9 @@ void EditorBase::limitWidth() {
 
 /// What is wrong comes first: that is what somebody who hears the field needs to know.
 void EditorBase::describe() {
-    QString description = problem_;
-    if (!field_.help.empty()) {
-        description +=
-            (description.isEmpty() ? QString() : QStringLiteral(" ")) + toQString(field_.help);
-    }
-    input_->setAccessibleDescription(description);
+    QStringList sentences{problem_, wording(), qs(field_.help)};
+    sentences.removeAll(QString());
+    input_->setAccessibleDescription(sentences.join(u' '));
 }
 
 void EditorBase::colourHint() {
