@@ -172,13 +172,13 @@ std::string_view nameOf(Type Record::*member) {
 }
 
 template <auto member>
-auto field(std::string label, std::string help, Editor editor) {
+auto field(const std::string& label, const std::string& help, Editor editor) {
     using Record = typename MemberOf<decltype(member)>::Record;
     using Type = typename MemberOf<decltype(member)>::Type;
     Field<Record> made;
     made.name = nameOf(member);
-    made.label = std::move(label);
-    made.help = std::move(help);
+    made.label = label;
+    made.help = help;
     made.editor = editor;
     made.isOptional = taxcore::isOptional<Type>;
     made.get = [](const Record& record) { return toValue(record.*member); };
@@ -191,56 +191,56 @@ auto field(std::string label, std::string help, Editor editor) {
 // The fields by how they are edited: `amount<&Debt::interest>("Schuldzinsen", "…")`.
 
 template <auto member>
-auto amount(std::string label, std::string help = {}) {
-    auto made = detail::field<member>(std::move(label), std::move(help), Editor::amount);
+auto amount(const std::string& label, const std::string& help = {}) {
+    auto made = detail::field<member>(label, help, Editor::amount);
     made.unit = "CHF";
     return made;
 }
 template <auto member>
-auto decimal(std::string label, std::string unit, std::string help = {}) {
-    auto made = detail::field<member>(std::move(label), std::move(help), Editor::decimal);
-    made.unit = std::move(unit);
+auto decimal(const std::string& label, const std::string& unit, const std::string& help = {}) {
+    auto made = detail::field<member>(label, help, Editor::decimal);
+    made.unit = unit;
     return made;
 }
 template <auto member>
-auto integer(std::string label, std::string unit = {}, std::string help = {}) {
-    auto made = detail::field<member>(std::move(label), std::move(help), Editor::integer);
-    made.unit = std::move(unit);
+auto integer(const std::string& label, const std::string& unit = {}, const std::string& help = {}) {
+    auto made = detail::field<member>(label, help, Editor::integer);
+    made.unit = unit;
     return made;
 }
 template <auto member>
-auto text(std::string label, std::string help = {}) {
-    return detail::field<member>(std::move(label), std::move(help), Editor::text);
+auto text(const std::string& label, const std::string& help = {}) {
+    return detail::field<member>(label, help, Editor::text);
 }
 template <auto member>
-auto paragraph(std::string label, std::string help = {}) {
-    return detail::field<member>(std::move(label), std::move(help), Editor::paragraph);
+auto paragraph(const std::string& label, const std::string& help = {}) {
+    return detail::field<member>(label, help, Editor::paragraph);
 }
 template <auto member>
-auto check(std::string label, std::string help = {}) {
-    return detail::field<member>(std::move(label), std::move(help), Editor::check);
+auto check(const std::string& label, const std::string& help = {}) {
+    return detail::field<member>(label, help, Editor::check);
 }
 template <auto member>
-auto date(std::string label, std::string help = {}) {
-    return detail::field<member>(std::move(label), std::move(help), Editor::date);
+auto date(const std::string& label, const std::string& help = {}) {
+    return detail::field<member>(label, help, Editor::date);
 }
 template <auto member>
-auto iban(std::string label, std::string help = {}) {
-    return detail::field<member>(std::move(label), std::move(help), Editor::iban);
+auto iban(const std::string& label, const std::string& help = {}) {
+    return detail::field<member>(label, help, Editor::iban);
 }
 template <auto member>
-auto municipality(std::string label, std::string help = {}) {
-    return detail::field<member>(std::move(label), std::move(help), Editor::municipality);
+auto municipality(const std::string& label, const std::string& help = {}) {
+    return detail::field<member>(label, help, Editor::municipality);
 }
 template <auto member>
-auto parish(std::string label, std::string help = {}) {
-    return detail::field<member>(std::move(label), std::move(help), Editor::parish);
+auto parish(const std::string& label, const std::string& help = {}) {
+    return detail::field<member>(label, help, Editor::parish);
 }
 /// An enumeration with its German labels.
 template <auto member>
-auto choice(std::string label, std::string help = {}) {
+auto choice(const std::string& label, const std::string& help = {}) {
     using Enum = typename detail::Plain<typename detail::MemberOf<decltype(member)>::Type>::Type;
-    auto made = detail::field<member>(std::move(label), std::move(help), Editor::choice);
+    auto made = detail::field<member>(label, help, Editor::choice);
     for (const Enum value : taxcore::allValues<Enum>()) {
         made.options.push_back(
             {std::string(taxcore::rawValue(value)), std::string(taxcore::label(value)), {}});
@@ -334,6 +334,7 @@ template <class Record>
 std::vector<BoundField> bindAll(const Place<Record>& place,
                                 const std::vector<Field<Record>>& fields) {
     std::vector<BoundField> bound;
+    bound.reserve(fields.size());
     for (const Field<Record>& field : fields) {
         bound.push_back(bind(place, field));
     }

@@ -22,7 +22,7 @@ FormPage::FormPage(Page page, AppStore& store, const PageContext& context, QWidg
         view.widget = new QWidget(frame_);
         auto* const column = new QVBoxLayout(view.widget);
         column->setContentsMargins(0, 0, 0, 0);
-        column->setSpacing(14);
+        column->setSpacing(look::PageFrame::cardSpacing);
         view.title = new QLabel(view.widget);
         view.title->setWordWrap(true); // names may be long
         look::setRole(view.title, "section");

@@ -30,7 +30,7 @@ DocumentsPage::DocumentsPage(AppStore& store, QWidget* parent)
           u"Lohnausweise, Bescheinigungen und Rechnungen als PDF oder Foto. Sie bleiben auf diesem "
           "Computer."_s,
           this)),
-      list_(new QTreeWidget(this)), tools_(new QWidget(this)), empty_(nullptr) {
+      list_(new QTreeWidget(this)), tools_(new QWidget(this)) {
     setAcceptDrops(true);
     QVBoxLayout& drop = addCard(frame_->column(), u"Belege hinzufügen"_s,
                                 u"Dateien hierher ziehen oder auswählen."_s);

@@ -43,7 +43,7 @@ class DocumentsPage final : public look::PageWidget {
     look::PageFrame* frame_;
     QTreeWidget* list_;
     QWidget* tools_;
-    QLabel* empty_;
+    QLabel* empty_ = nullptr;
     std::vector<taxcore::Uuid> ids_;
 };
 

@@ -1,10 +1,10 @@
 #include "Fiscarel_SG/pages/OverviewPage.h"
 
 #include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/look/KeyboardOrder.h"
 #include "Fiscarel_SG/pages/overview/BillCard.h"
 #include "Fiscarel_SG/pages/overview/ChangeCard.h"
 #include "Fiscarel_SG/pages/overview/CurveCard.h"
-#include "Fiscarel_SG/pages/overview/KeyboardOrder.h"
 #include "Fiscarel_SG/pages/overview/MessageCard.h"
 #include "Fiscarel_SG/pages/overview/Progress.h"
 #include "Fiscarel_SG/pages/overview/ProgressCard.h"
@@ -88,7 +88,7 @@ void OverviewPage::refreshResult() {
     tips_->refresh(review.tips, store_.year());
     curve_->refresh(*calculator, taxCase, *result, review.marginalRate);
     whatIf_->refresh();
-    orderByLayout(frame_->column());
+    look::orderByLayout(frame_->column());
 }
 
 void OverviewPage::showCards() {

@@ -184,6 +184,7 @@ void addDeducted(std::vector<Figure>& figures, const TaxResult& result, const Li
 FieldsCard fieldsCard(std::string title, std::string help, std::vector<BoundField> fields,
                       Figures figures) {
     std::vector<Condition> conditions;
+    conditions.reserve(fields.size());
     for (const BoundField& field : fields) {
         conditions.push_back(field.shown);
     }

@@ -170,7 +170,7 @@ std::string commuteNote(const Entries& it, const WorkResult& work) {
     if (it.facts.freeTransport && entered) {
         return "Feld F im Lohnausweis ist angekreuzt – kein Abzug für den Arbeitsweg.";
     }
-    const std::string cap = capNote(work);
+    std::string cap = capNote(work);
     if (cap.empty() && it.drives() && !isVehicleJustified(it.work)) {
         return std::string("Ohne Begründung zählt das ")
                + (it.work.carIsMotorbike ? "Motorrad" : "Auto") + " nicht.";
@@ -226,7 +226,7 @@ forms::Field<WorkExpenses> mealsField(const RuleBook* rules) {
                + ", bei Schicht- oder Nachtarbeit " + ofBoth(book, &BerufskostenParams::schichtMax)
                + ".";
     });
-    auto field = choice<&WorkExpenses::meals>("Situation über Mittag", std::move(help));
+    auto field = choice<&WorkExpenses::meals>("Situation über Mittag", help);
     for (Option& option : field.options) {
         const auto situation = enumFromRaw<MealSituation>(option.raw);
         if (const MealRate* rate = mealRate(*situation); rate != nullptr && rules != nullptr) {

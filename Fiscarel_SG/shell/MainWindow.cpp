@@ -4,6 +4,7 @@
 #include "Fiscarel_SG/forms/FormPage.h"
 #include "Fiscarel_SG/forms/QtText.h"
 #include "Fiscarel_SG/look/Icons.h"
+#include "Fiscarel_SG/look/KeyboardOrder.h"
 #include "Fiscarel_SG/pages/AccountPage.h"
 #include "Fiscarel_SG/pages/DocumentsPage.h"
 #include "Fiscarel_SG/pages/InputPages.h"
@@ -11,7 +12,6 @@
 #include "Fiscarel_SG/pages/ReportPage.h"
 #include "Fiscarel_SG/pages/ReviewPage.h"
 #include "Fiscarel_SG/pages/TransferPage.h"
-#include "Fiscarel_SG/pages/overview/KeyboardOrder.h"
 #include "Fiscarel_SG/shell/ReasonDialog.h"
 #include "Fiscarel_SG/shell/SearchDialog.h"
 #include "Fiscarel_SG/shell/StartDialog.h"
@@ -228,7 +228,7 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
 
 /// Rows come and go while one types; the keyboard goes through them as they stand now.
 bool MainWindow::focusNextPrevChild(bool next) {
-    pages::orderByLayout(*centralWidget()->layout());
+    look::orderByLayout(*centralWidget()->layout());
     return QMainWindow::focusNextPrevChild(next);
 }
 

@@ -23,8 +23,8 @@ constexpr int percentWidth = 58;
 } // namespace
 
 BillCard::BillCard(QWidget* parent)
-    : CardFrame({}, {}, parent), total_(new QLabel(this)), share_(nullptr),
-      ring_(new RingChart(this)), shares_(new DoorList({amountWidth, percentWidth}, this)),
+    : CardFrame({}, {}, parent), total_(new QLabel(this)), ring_(new RingChart(this)),
+      shares_(new DoorList({amountWidth, percentWidth}, this)),
       bases_(new DoorList({amountWidth}, this)) {
     look::setRole(total_, "total");
     total_->setObjectName(u"billTotal"_s);
