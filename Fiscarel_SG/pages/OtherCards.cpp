@@ -77,10 +77,7 @@ std::string educationLimit(const PageContext& context) {
 }
 
 RowSummary childSummary(const Child& child) {
-    const std::string name = child.firstName.empty()  ? child.lastName
-                             : child.lastName.empty() ? child.firstName
-                                                      : child.firstName + " " + child.lastName;
-    return {named(name, "Kind"), std::string(label(child.education)),
+    return {childName(child), std::string(label(child.education)),
             rowMoney(child.childcareCosts + child.educationCosts)};
 }
 

@@ -37,19 +37,13 @@ std::string mostDays(const RuleBook* rules) {
     });
 }
 
-/// A part of a person's costs, when there is something to tell of it.
-Figures figureOf(int number, Part part, std::string name,
-                 std::function<std::string(const Entries&, const WorkResult&)> note = {}) {
-    return [=](const TaxCase& taxCase, const TaxResult& result) {
-        std::vector<Figure> figures;
-        if (const auto work = workResultOf(result, number)) {
-            std::string told = note ? note(Entries(taxCase, number), *work) : std::string();
-            if (!told.empty() || !work->isZero(part)) {
-                figures.push_back({name, work->text(part), std::move(told)});
-            }
-        }
-        return figures;
-    };
+/// The figure of a part with a note made of the person's entries.
+template <class Note>
+Figures figureOf(int number, std::string name, Part part, Note note) {
+    return workFigure(number, std::move(name), part,
+                      [=](const TaxCase& taxCase, const TaxResult&, const WorkResult& work) {
+                          return note(Entries(taxCase, number), work);
+                      });
 }
 
 /// Cards stand while the person has a salary, or entries that would otherwise be out of sight.
@@ -58,8 +52,7 @@ FieldsCard personCard(int number, std::string title, std::string help,
     FieldsCard card = fieldsCard(std::move(title), std::move(help),
                                  bindAll(workPlace(number), fields), std::move(figures));
     card.shown = [number](const TaxCase& taxCase) {
-        return !incomeOf(taxCase, number).salaries.empty()
-               || workOf(taxCase, number) != WorkExpenses{};
+        return hasSalary(taxCase, number) || workOf(taxCase, number) != WorkExpenses{};
     };
     return card;
 }
@@ -189,7 +182,7 @@ FieldsCard commuteCard(const RuleBook* rules, int number) {
                       return "Kanton: " + most(book.cantonal) + " · Bund: " + most(book.federal);
                   }),
         commuteFields(rules),
-        figureOf(number, &WorkExpenseBreakdown::commute, "Abzug Arbeitsweg", commuteNote));
+        figureOf(number, "Abzug Arbeitsweg", &WorkExpenseBreakdown::commute, commuteNote));
 }
 
 struct MealRate {
@@ -272,7 +265,7 @@ FieldsCard mealsCard(const RuleBook* rules, int number) {
                                           "keine Mehrkosten."
                                               + mostDays(rules))
              .when(eats)},
-        figureOf(number, &WorkExpenseBreakdown::meals, "Abzug Verpflegung",
+        figureOf(number, "Abzug Verpflegung", &WorkExpenseBreakdown::meals,
                  [rules](const Entries& it, const WorkResult&) { return mealsNote(rules, it); }));
 }
 
@@ -319,7 +312,7 @@ FieldsCard otherCard(const RuleBook* rules, int number) {
              "Übrige Berufskosten", "Die Summe der Belege im ganzen Jahr; sie zählt nur mit dem "
                                     "Häkchen darüber.")
              .when(isActual)},
-        figureOf(number, &WorkExpenseBreakdown::other, "Abzug übrige Berufskosten", otherNote));
+        figureOf(number, "Abzug übrige Berufskosten", &WorkExpenseBreakdown::other, otherNote));
 }
 
 // Wochenaufenthalt und Nebenerwerb
@@ -378,7 +371,7 @@ FieldsCard weeklyStayCard(const RuleBook* rules, int number) {
              "Mittagessen durch Arbeitgeber verbilligt",
              "Ankreuzen bei Kantine oder Lunch-Checks (Feld G im Lohnausweis).")
              .when(stays)},
-        figureOf(number, &WorkExpenseBreakdown::weeklyStay, "Abzug Wochenaufenthalt",
+        figureOf(number, "Abzug Wochenaufenthalt", &WorkExpenseBreakdown::weeklyStay,
                  [rules](const Entries& it, const WorkResult&) { return roomNote(rules, it); }));
 }
 
@@ -404,7 +397,7 @@ FieldsCard sideJobCard(const RuleBook* rules, int number) {
              "Kosten Nebenerwerb", "Die Summe der Belege im ganzen Jahr; sie zählt nur mit dem "
                                    "Häkchen darüber.")
              .when(isActual)},
-        figureOf(number, &WorkExpenseBreakdown::sideJob, "Abzug Nebenerwerb"));
+        workFigure(number, "Abzug Nebenerwerb", &WorkExpenseBreakdown::sideJob));
     card.shown = [number](const TaxCase& taxCase) {
         const Entries it(taxCase, number);
         return it.facts.hasSide || it.work.sideJobUseActual || !it.work.sideJobActualCosts.isZero();
@@ -420,10 +413,7 @@ FieldsCard totalCard(int number) {
                     return work ? std::vector<Figure>{{"Abzug total", work->total(), {}}}
                                 : std::vector<Figure>{};
                 },
-            .shown =
-                [number](const TaxCase& taxCase) {
-                    return !incomeOf(taxCase, number).salaries.empty();
-                }};
+            .shown = [number](const TaxCase& taxCase) { return hasSalary(taxCase, number); }};
 }
 
 } // namespace
