@@ -46,7 +46,7 @@ QString described(const BackupFile& file) {
 }
 
 QString documents(std::size_t count) {
-    return count == 1 ? u"1 Beleg"_s : u"%1 Belege"_s.arg(count);
+    return count == 0 ? u"keine Belege"_s : count == 1 ? u"1 Beleg"_s : u"%1 Belege"_s.arg(count);
 }
 
 /// "die Steuerjahre 2024, 2025 und 3 Belege"

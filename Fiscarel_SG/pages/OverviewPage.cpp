@@ -47,8 +47,8 @@ void OverviewPage::connectCards() {
                 [this, page] { Q_EMIT pageWanted(page); });
     };
     untouched_->setText(u"Beginnen Sie mit der Familie: Zivilstand, Personen und Gemeinde. Oder "
-                        "legen Sie Ihre Belege ab und übernehmen Sie die Beträge daraus. Die "
-                        "Steuern stehen hier, sobald es etwas zu rechnen gibt."_s);
+                        "legen Sie zuerst Ihre Belege ab. Die Steuern stehen hier, sobald es "
+                        "etwas zu rechnen gibt."_s);
     leadTo(untouched_, u"Mit der Familie beginnen"_s, u"family"_s);
     leadTo(untouched_, u"Belege ablegen"_s, u"documents"_s);
     connect(bill_, &BillCard::reasonWanted, this, &PageWidget::reasonWanted);

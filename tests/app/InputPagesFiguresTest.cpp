@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/pages/InputPages.h"
 #include "TaxCore/regions/CaseCalculator.h"
 #include "tests/support/InputPages.h"
+#include "tests/support/InputPaths.h"
 
 #include <gtest/gtest.h>
 
@@ -14,7 +15,6 @@ namespace {
 using namespace taxcore;
 using forms::Card;
 using forms::FieldsCard;
-using forms::Figure;
 using forms::ListCard;
 using forms::Page;
 using testing::contextOf;
@@ -29,17 +29,12 @@ const Kind* cardOf(const Page& page, std::size_t section, std::string_view title
     return nullptr;
 }
 
-/// "label: text (note)" of each figure of a card of the first person's work expenses.
+/// The figures of a card of the first person's work expenses.
 std::vector<std::string> workFigures(const TaxCase& taxCase, std::string_view title) {
     const Page page = workPage(contextOf(taxCase.taxRegion(), taxCase.year));
-    const auto* card = cardOf<FieldsCard>(page, 0, title);
-    std::vector<std::string> figures;
-    for (const Figure& figure :
-         card->figures(taxCase, CaseCalculator::forCase(taxCase).value().calculate(taxCase))) {
-        figures.push_back(figure.label + ": " + figure.text
-                          + (figure.note.empty() ? "" : " (" + figure.note + ")"));
-    }
-    return figures;
+    return fiscarel::testing::figuresOf(
+        *cardOf<FieldsCard>(page, 0, title), taxCase,
+        CaseCalculator::forCase(taxCase).value().calculate(taxCase));
 }
 
 using Told = std::vector<std::string>;
