@@ -2,7 +2,7 @@
 
 buildPackages=(
     g++ cmake ninja-build pkg-config
-    libboost1.81-dev libsimdjson-dev libexpected-dev libcli11-dev libzip-dev
+    libboost1.81-dev libsimdjson-dev libexpected-dev libcli11-dev libzip-dev libssl-dev
     qt6-base-dev qt6-charts-dev qt6-svg-dev libqt6opengl6-dev libgl-dev libegl-dev libxkbcommon-dev
     fonts-inter qt6-translations-l10n
 )
