@@ -6,6 +6,7 @@
 #endif
 
 #include <QFrame>
+#include <optional>
 #include <vector>
 
 class QGridLayout;
@@ -28,6 +29,10 @@ class CardView : public QFrame {
     void refreshFigures();
     /// Shows the field at a path and gives it the keyboard; false when it is not here.
     virtual bool reveal(const std::string& path) = 0;
+    /// The record that is open, in cards where one can be.
+    virtual std::optional<taxcore::Uuid> opened() const { return {}; }
+    /// Opens one of these records if it is here.
+    virtual void openOneOf(const std::vector<taxcore::Uuid>& records) { Q_UNUSED(records) }
 
   protected:
     AppStore& store() noexcept { return store_; }

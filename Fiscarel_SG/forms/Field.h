@@ -75,6 +75,12 @@ struct Field {
     std::function<void(Record&, const Value&)> set;
     /// Whether it is shown for a record of a case; absent: always.
     std::function<bool(const TaxCase&, const Record&)> shown;
+    /// What the label says of a case, as the name of a person; absent: `label`.
+    std::function<std::string(const TaxCase&)> labelFor = {};
+    /// What counts while the field is empty, shown faintly in it; absent: last year's value.
+    std::function<Value(const Record&)> computed = {};
+    /// What becomes of the entry, German, one line below it; absent or empty: nothing.
+    std::function<std::string(const Record&)> note = {};
 
     /// The same field, shown only when `when(taxCase, record)` holds.
     Field when(std::function<bool(const TaxCase&, const Record&)> condition) && {
@@ -104,6 +110,10 @@ struct BoundField {
     std::function<Value(const TaxCase&)> get;
     std::function<void(TaxCase&, const Value&)> set;
     std::function<bool(const TaxCase&)> shown;
+    // As of a record's field; absent likewise.
+    std::function<std::string(const TaxCase&)> labelFor = {};
+    std::function<Value(const TaxCase&)> computed = {};
+    std::function<std::string(const TaxCase&)> note = {};
 };
 
 namespace detail {
@@ -301,6 +311,23 @@ Place<Item> itemOf(const Place<std::vector<Item>>& list, std::size_t index) {
             [write = list.write, at](TaxCase& taxCase) { return at(write(taxCase)); }};
 }
 
+namespace detail {
+
+/// A function of a record as one of the case; absent where it is.
+template <class Result, class Record>
+std::function<Result(const TaxCase&)> ofCase(const Place<Record>& place,
+                                             const std::function<Result(const Record&)>& ofRecord) {
+    if (!ofRecord) {
+        return {};
+    }
+    return [place, ofRecord](const TaxCase& taxCase) {
+        const Record* const record = place.read(taxCase);
+        return record != nullptr ? ofRecord(*record) : Result{};
+    };
+}
+
+} // namespace detail
+
 /// Puts a record's field at its place.
 template <class Record>
 BoundField bind(const Place<Record>& place, const Field<Record>& field) {
@@ -327,7 +354,10 @@ BoundField bind(const Place<Record>& place, const Field<Record>& field) {
                 [place, shown = field.shown](const TaxCase& taxCase) {
                     const Record* const record = place.read(taxCase);
                     return record != nullptr && (!shown || shown(taxCase, *record));
-                }};
+                },
+            .labelFor = field.labelFor,
+            .computed = detail::ofCase(place, field.computed),
+            .note = detail::ofCase(place, field.note)};
 }
 
 template <class Record>

@@ -24,6 +24,8 @@ class FieldEditor : public QWidget {
     virtual Value value() const = 0;
     /// Last year's value, shown faintly while the field is empty; absent values show nothing.
     virtual void setHint(const Value& lastYear) = 0;
+    /// What counts while the field is empty, shown faintly there; absent values show nothing.
+    virtual void setComputed(const Value& computed) { Q_UNUSED(computed) }
     /// Why what is typed cannot be read, one German sentence; empty while it can.
     virtual QString problem() const { return {}; }
     /// What the value means at length, in German; empty for most.

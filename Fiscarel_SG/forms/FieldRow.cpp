@@ -35,14 +35,13 @@ int widthOf(FieldEditor& editor, Editor kind) {
 
 FieldRow::FieldRow(BoundField field, AppStore& store, const EditorContext& context, QWidget* parent)
     : QWidget(parent), field_(std::move(field)), store_(store),
-      editor_(makeEditor(field_, context, this)), problem_(new QLabel(this)),
-      wording_(new QLabel(this)), help_(new QLabel(this)),
+      label_(new QLabel(qs(field_.label), this)), editor_(makeEditor(field_, context, this)),
+      problem_(new QLabel(this)), wording_(new QLabel(this)), help_(new QLabel(this)),
       helpButton_(new HelpButton(u"Hilfe zu diesem Feld"_s, qs(field_.label), this)) {
     setObjectName(u"row:"_s + qs(field_.path));
-    auto* const label = new QLabel(qs(field_.label), this);
-    label->setWordWrap(true);
-    label->setBuddy(editor_->input());
-    label->setFixedWidth(labelWidth);
+    label_->setWordWrap(true);
+    label_->setBuddy(editor_->input());
+    label_->setFixedWidth(labelWidth);
     editor_->setFixedWidth(widthOf(*editor_, field_.editor));
     problem_->setWordWrap(true);
     problem_->setObjectName(u"problem:"_s + qs(field_.path));
@@ -69,7 +68,7 @@ FieldRow::FieldRow(BoundField field, AppStore& store, const EditorContext& conte
     line->addWidget(editor_);
     line->addWidget(helpButton_);
     line->addStretch(1);
-    grid->addWidget(label, 0, 0, Qt::AlignVCenter);
+    grid->addWidget(label_, 0, 0, Qt::AlignVCenter);
     grid->addLayout(line, 0, 1);
     auto* const state = new QVBoxLayout;
     state->setSpacing(0);
@@ -92,9 +91,14 @@ FieldRow::FieldRow(BoundField field, AppStore& store, const EditorContext& conte
 void FieldRow::refresh() {
     const TaxCase& taxCase = store_.current();
     setVisible(field_.shown(taxCase));
+    showLabel();
     editor_->setValue(field_.get(taxCase));
     editor_->refresh();
     showState();
+    if (field_.computed) {
+        editor_->setComputed(field_.computed(taxCase));
+        return;
+    }
     const auto lastYear = store_.cases().find(store_.year() - 1);
     editor_->setHint(lastYear != store_.cases().end() ? field_.get(lastYear->second) : Value{});
 }
@@ -110,9 +114,20 @@ void FieldRow::write() {
     Q_EMIT written(field_.path);
 }
 
+/// A name may change while the field is there.
+void FieldRow::showLabel() {
+    if (field_.labelFor) {
+        label_->setText(qs(field_.labelFor(store_.current())));
+        editor_->input()->setAccessibleName(label_->text());
+    }
+}
+
 void FieldRow::showState() {
     const QString problem = editor_->problem();
-    const QString wording = editor_->wording();
+    QString wording = editor_->wording();
+    if (wording.isEmpty() && field_.note) {
+        wording = qs(field_.note(store_.current()));
+    }
     problem_->setText(problem);
     problem_->setVisible(!problem.isEmpty() || wording.isEmpty());
     wording_->setText(wording);

@@ -43,11 +43,14 @@ class FieldRow final : public QWidget {
 
   private:
     void write();
-    /// The problem, and what is chosen at length.
+    /// The problem, and what is chosen at length or becomes of the entry.
     void showState();
+
+    void showLabel();
 
     BoundField field_;
     AppStore& store_;
+    QLabel* label_;
     FieldEditor* editor_;
     QLabel* problem_;
     QLabel* wording_;

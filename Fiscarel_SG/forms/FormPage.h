@@ -8,7 +8,9 @@
 
 #include <vector>
 
+class QHBoxLayout;
 class QLabel;
+class QPushButton;
 
 namespace fiscarel::forms {
 
@@ -22,6 +24,8 @@ class FormPage final : public look::PageWidget {
     void refresh() override;
     void refreshResult() override;
     bool reveal(const std::string& path) override;
+    QStringList opened() const override;
+    void open(const QStringList& records) override;
 
     const Page& page() const noexcept { return page_; }
 
@@ -29,12 +33,18 @@ class FormPage final : public look::PageWidget {
     struct SectionView {
         QWidget* widget = nullptr;
         QLabel* title = nullptr;
+        QPushButton* jump = nullptr; ///< at the top of the page; null without a title
         std::vector<CardView*> cards;
     };
+
+    void addSection(const Section& section, const EditorContext& context, QHBoxLayout& jumps);
+    void addNext();
+    void followKeyboardAndFields();
 
     const Page page_;
     AppStore& store_;
     look::PageFrame* frame_;
+    QWidget* jumps_; ///< links to the sections, while there are several
     std::vector<SectionView> sections_;
 };
 

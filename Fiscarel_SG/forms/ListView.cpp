@@ -209,6 +209,14 @@ void ListView::focusRow(std::size_t index) {
     next->setFocus(Qt::OtherFocusReason);
 }
 
+void ListView::openOneOf(const std::vector<taxcore::Uuid>& records) {
+    const auto found = std::ranges::find_if(
+        rows_, [&](const Row& row) { return std::ranges::find(records, row.id) != records.end(); });
+    if (found != rows_.end()) {
+        open(static_cast<std::size_t>(found - rows_.begin()), true);
+    }
+}
+
 bool ListView::reveal(const std::string& path) {
     if (!path.starts_with(card().path)) {
         return false;

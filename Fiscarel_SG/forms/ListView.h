@@ -18,6 +18,8 @@ class ListView final : public RecordsView {
 
     void refresh() override;
     bool reveal(const std::string& path) override;
+    std::optional<taxcore::Uuid> opened() const override { return opened_; }
+    void openOneOf(const std::vector<taxcore::Uuid>& records) override;
 
   private:
     /// What stands for one record.

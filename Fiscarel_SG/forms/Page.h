@@ -18,7 +18,7 @@ namespace fiscarel::forms {
 /// A computed figure beside entries: "Abzug Fahrkosten", canton and federation.
 struct Figure {
     std::string label;
-    std::string text; ///< as it is shown: "3’200 · Bund 3’000"
+    std::string text; ///< as it is shown: "Kanton 3’200 · Bund 3’000"
     std::string note; ///< "gekürzt auf 8’000"; may be empty
 };
 
@@ -84,6 +84,9 @@ struct Page {
     std::string title; ///< "Einkommen"
     std::string help;  ///< one line
     std::vector<Section> sections;
+    // The page that follows, to which a link at the end leads; empty: none.
+    std::string nextId = {};
+    std::string nextTitle = {};
 };
 
 /// What of a list is its own; the rest follows from the record's type.

@@ -81,6 +81,19 @@ void PageFrame::show(QWidget* widget) {
     scroll_->ensureWidgetVisible(widget, 0, margin);
 }
 
+void PageFrame::showTop(QWidget* widget) {
+    sought_.clear();
+    const int top = widget->mapTo(scroll_->widget(), QPoint(0, 0)).y();
+    scroll_->verticalScrollBar()->setValue(top - cardSpacing);
+    for (QWidget* const within : widget->findChildren<QWidget*>()) {
+        if ((within->focusPolicy() & Qt::TabFocus) != 0 && within->isVisible()
+            && within->isEnabled()) {
+            within->setFocus(Qt::OtherFocusReason);
+            return;
+        }
+    }
+}
+
 bool PageFrame::eventFilter(QObject* watched, QEvent* event) {
     if (sought_ && (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest)) {
         QMetaObject::invokeMethod(this, &PageFrame::keepInSight, Qt::QueuedConnection);

@@ -27,6 +27,9 @@ class PageFrame final : public QWidget {
     QVBoxLayout& column() noexcept { return *column_; }
     /// Scrolls so that a widget within can be seen.
     void show(QWidget* widget);
+    /// Scrolls so that a widget within stands at the top, so far as there is enough below it; the
+    /// keyboard goes on from there.
+    void showTop(QWidget* widget);
     /// How far it is scrolled, in pixels.
     int position() const;
     /// Scrolls there once the cards have their places.

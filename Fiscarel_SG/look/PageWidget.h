@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QStringList>
 #include <QWidget>
 #include <string>
 
@@ -18,10 +19,14 @@ class PageWidget : public QWidget {
     virtual void refreshResult() = 0;
     /// Shows the field at a path of the case and gives it the keyboard; false when it is not here.
     virtual bool reveal(const std::string& path);
+    /// Which records are open, for the same page made anew.
+    virtual QStringList opened() const { return {}; }
+    /// Opens the records that are here.
+    virtual void open(const QStringList& records){Q_UNUSED(records)}
 
-  Q_SIGNALS:
-    /// The user wants to see the field at a path, wherever it is.
-    void fieldWanted(const QString& path);
+    Q_SIGNALS :
+        /// The user wants to see the field at a path, wherever it is.
+        void fieldWanted(const QString& path);
     /// The user wants another page.
     void pageWanted(const QString& id);
     /// The user asks where the figure of a line comes from.

@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/look/Written.h"
 #include "Fiscarel_SG/pages/Cards.h"
 
 #include <QComboBox>
@@ -12,7 +13,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
-#include <QLocale>
 #include <QMessageBox>
 #include <QPointer>
 #include <QProgressDialog>
@@ -33,16 +33,30 @@ QPushButton* addButton(QHBoxLayout& line, const QString& text, const char* name)
     return button;
 }
 
+constexpr int mostRows = 6;    ///< of the list of backups before it scrolls
+constexpr int listPadding = 4; ///< of its style
+
+/// What two files are for, with the buttons that write and read them.
+QHBoxLayout* addTransfer(QVBoxLayout& card, const QString& name, const QString& use) {
+    QWidget* const parent = card.parentWidget();
+    addLine(card);
+    auto* const title = new QLabel(name, parent);
+    look::setRole(title, "figure");
+    card.addWidget(title);
+    addLabel(card, use, "faint");
+    auto* const line = new QHBoxLayout;
+    card.addLayout(line);
+    return line;
+}
+
 QString described(const BackupFile& file) {
     const QDate day = QDate::fromString(qs(file.name.day), Qt::ISODate);
-    QString text = day.toString(u"d. M. yyyy"_s);
+    QString text = look::written(day);
     if (!file.name.isDaily()) {
         const QString time = qs(file.name.time);
         text += u", %1:%2"_s.arg(time.left(2), time.mid(2, 2));
     }
-    return u"%1  ·  %2  ·  %3"_s.arg(text, qs(file.label()),
-                                     QLocale(QLocale::German, QLocale::Switzerland)
-                                         .formattedDataSize(static_cast<qint64>(file.size)));
+    return u"%1  ·  %2  ·  %3"_s.arg(text, qs(file.label()), look::writtenSize(file.size));
 }
 
 QString documents(std::size_t count) {
@@ -75,6 +89,7 @@ AccountPage::AccountPage(AppStore& store, look::Appearance appearance, QWidget* 
     addData();
     addBackups();
     addAppearance(appearance);
+    addReset();
     addAbout();
     frame_->column().addStretch(1);
     refresh();
@@ -83,31 +98,45 @@ AccountPage::AccountPage(AppStore& store, look::Appearance appearance, QWidget* 
 void AccountPage::addData() {
     QVBoxLayout& card =
         addCard(frame_->column(), u"Daten"_s,
-                u"Alle Jahre in einer Datei sichern, auf einen anderen Computer mitnehmen oder "
-                "zurückholen. Vor einem Import wird der jetzige Stand gesichert."_s);
-    auto* const line = new QHBoxLayout;
-    connect(addButton(*line, u"Daten exportieren …"_s, "export"), &QPushButton::clicked, this,
+                u"Sichern, auf einen anderen Computer mitnehmen oder zurückholen. Bevor etwas "
+                "eingelesen wird, wird der jetzige Stand gesichert."_s);
+    QHBoxLayout* const entries =
+        addTransfer(card, u"Nur die Angaben"_s,
+                    u"Alle Steuerjahre in einer kleinen Datei, ohne die Dateien der Belege."_s);
+    connect(addButton(*entries, u"Daten exportieren …"_s, "export"), &QPushButton::clicked, this,
             &AccountPage::exportData);
-    connect(addButton(*line, u"Daten importieren …"_s, "import"), &QPushButton::clicked, this,
+    connect(addButton(*entries, u"Daten importieren …"_s, "import"), &QPushButton::clicked, this,
             &AccountPage::importData);
+    entries->addStretch(1);
+    QHBoxLayout* const archive =
+        addTransfer(card, u"Alles mit Belegen"_s,
+                    u"Die Angaben und alle Belege in einem Archiv – zum Aufbewahren oder für den "
+                    "Umzug auf einen anderen Computer."_s);
+    connect(addButton(*archive, u"Archiv mit Belegen erstellen …"_s, "exportArchive"),
+            &QPushButton::clicked, this, &AccountPage::exportArchive);
+    connect(addButton(*archive, u"Archiv einlesen …"_s, "importArchive"), &QPushButton::clicked,
+            this, &AccountPage::importArchive);
+    archive->addStretch(1);
+    QHBoxLayout* const folder = addTransfer(
+        card, u"Datenordner"_s, u"Hier liegt auf diesem Computer, was das Programm speichert."_s);
     connect(
-        addButton(*line, u"Datenordner öffnen"_s, "openFolder"), &QPushButton::clicked, this, [] {
+        addButton(*folder, u"Datenordner öffnen"_s, "openFolder"), &QPushButton::clicked, this, [] {
             QDesktopServices::openUrl(QUrl::fromLocalFile(qs(Persistence::defaultRoot().string())));
         });
+    folder->addStretch(1);
+}
+
+/// Apart from the rest, as it deletes.
+void AccountPage::addReset() {
+    QVBoxLayout& card =
+        addCard(frame_->column(), u"Neu anfangen"_s,
+                u"Löscht alle Angaben des Steuerjahrs; die Belege bleiben erhalten."_s);
+    auto* const line = new QHBoxLayout;
+    QPushButton* const reset = addButton(*line, u"Steuerjahr zurücksetzen …"_s, "resetYear");
+    look::setRole(reset, "danger");
+    connect(reset, &QPushButton::clicked, this, &AccountPage::resetWanted);
     line->addStretch(1);
     card.addLayout(line);
-    auto* const archiveLine = new QHBoxLayout;
-    connect(addButton(*archiveLine, u"Archiv mit Belegen erstellen …"_s, "exportArchive"),
-            &QPushButton::clicked, this, &AccountPage::exportArchive);
-    connect(addButton(*archiveLine, u"Archiv einlesen …"_s, "importArchive"), &QPushButton::clicked,
-            this, &AccountPage::importArchive);
-    archiveLine->addStretch(1);
-    card.addLayout(archiveLine);
-    auto* const resetLine = new QHBoxLayout;
-    connect(addButton(*resetLine, u"Steuerjahr zurücksetzen …"_s, "resetYear"),
-            &QPushButton::clicked, this, &AccountPage::resetWanted);
-    resetLine->addStretch(1);
-    card.addLayout(resetLine);
 }
 
 void AccountPage::addBackups() {
@@ -117,7 +146,7 @@ void AccountPage::addBackups() {
     list_ = new QListWidget(this);
     list_->setObjectName(u"backups"_s);
     list_->setAccessibleName(u"Sicherungen"_s);
-    list_->setFixedHeight(190);
+    look::setRole(list_, "rows");
     content_ = &addLabel(card, QString(), "faint");
     restore_ = new QPushButton(u"Diesen Stand wiederherstellen …"_s, this);
     restore_->setObjectName(u"restore"_s);
@@ -170,8 +199,19 @@ void AccountPage::listBackups() {
         self->content_->setText(self->backups_.empty() ? u"Es gibt noch keine Sicherung."_s
                                                        : QString());
         self->list_->setVisible(!self->backups_.empty());
+        self->fitList();
         self->restore_->setVisible(!self->backups_.empty());
     });
+}
+
+/// As high as its rows, up to a few.
+void AccountPage::fitList() {
+    const int rows = std::min(list_->count(), mostRows);
+    if (rows > 0) {
+        list_->ensurePolished();
+        list_->setFixedHeight(rows * list_->sizeHintForRow(0) + 2 * list_->frameWidth()
+                              + 2 * listPadding);
+    }
 }
 
 void AccountPage::inspectSelected() {

@@ -35,6 +35,8 @@ class AccountPage final : public look::PageWidget {
   private:
     void addData();
     void addBackups();
+    void addReset();
+    void fitList();
     void addAppearance(look::Appearance appearance);
     void addAbout();
     void listBackups();

@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
+#include "Fiscarel_SG/look/Written.h"
 #include "Fiscarel_SG/pages/Cards.h"
 
 #include <QDateTime>
@@ -112,10 +113,11 @@ void DocumentsPage::refresh() {
     for (const StoredDocument& document : store_.documentsForYear()) {
         const bool missing = !store_.isDemo() && !store_.fileOf(document);
         auto* const item = new QTreeWidgetItem(
-            list_, {qs(document.title), qs(taxcore::label(document.kind)), qs(document.note),
-                    missing ? u"Datei fehlt"_s
-                            : QDateTime::fromSecsSinceEpoch(document.importedAt.seconds)
-                                  .toString(u"dd.MM.yyyy"_s)});
+            list_,
+            {qs(document.title), qs(taxcore::label(document.kind)), qs(document.note),
+             missing ? u"Datei fehlt"_s
+                     : look::written(
+                         QDateTime::fromSecsSinceEpoch(document.importedAt.seconds).date())});
         item->setFlags(item->flags() | Qt::ItemIsEditable);
         ids_.push_back(document.id);
     }

@@ -16,24 +16,6 @@ std::string lastDay(const PageContext& context) {
     return "31. Dezember " + std::to_string(context.year);
 }
 
-FieldsCard civilStatusCard(const PageContext& context) {
-    const bool abroad = isLiechtenstein(context);
-    Figures tariff = [abroad](const TaxCase& taxCase, const TaxResult& result) {
-        const std::string_view name = abroad ? label(liTariffOf(taxCase)) : label(result.bill.kind);
-        return std::vector<Figure>{{"Tarif", std::string(name), {}}};
-    };
-    return fieldsCard(
-        "Haushalt", {},
-        bindAll(
-            wholeCase(),
-            {choice<&TaxCase::civilStatus>(
-                "Zivilstand", "Der Zivilstand am " + lastDay(context)
-                                  + ". Ehepaare und eingetragene Partnerschaften werden gemeinsam "
-                                    "besteuert; dann erscheinen die Felder der zweiten Person. Wer "
-                                    "getrennt lebt, wählt «getrennt».")}),
-        std::move(tariff));
-}
-
 std::string confessionHelp() {
     return "Sie bestimmt die Kirchensteuer. Wer zu keiner der genannten Kirchen gehört, wählt «"
            + std::string(label(Confession::keine)) + "» oder «"
@@ -91,6 +73,27 @@ std::string childrenHelp(const PageContext& context) {
            });
 }
 
+/// The education goes with the birth date until another one is chosen.
+forms::Field<Child> birthDateField(const PageContext& context) {
+    auto field = date<&Child::birthDate>(
+        "Geburtsdatum", "Kinder, die nach dem " + lastDay(context)
+                            + " geboren sind, zählen erst im nächsten Steuerjahr.");
+    field.set = [set = field.set, year = context.year](Child& child, const Value& value) {
+        const bool follows = child.education == usualEducation(child.birthDate, year);
+        set(child, value);
+        if (follows) {
+            child.education = usualEducation(child.birthDate, year);
+        }
+    };
+    return field;
+}
+
+/// The name all adults of the household share; empty when they differ or have none.
+std::string familyName(const TaxCase& taxCase) {
+    const std::string& name = taxCase.person1.lastName;
+    return taxCase.isJoint() && taxCase.person2.lastName != name ? std::string() : name;
+}
+
 std::vector<forms::Field<Child>> childFields(const PageContext& context) {
     const auto isTaught = [](const TaxCase&, const Child& child) {
         return child.education == ChildEducation::schule
@@ -102,12 +105,12 @@ std::vector<forms::Field<Child>> childFields(const PageContext& context) {
     return {
         text<&Child::firstName>("Vorname", "Wie im Ausweis oder im Familienbüchlein."),
         text<&Child::lastName>("Name", "Auch wenn er gleich lautet wie Ihrer."),
-        date<&Child::birthDate>("Geburtsdatum", "Kinder, die nach dem " + lastDay(context)
-                                                    + " geboren sind, zählen erst im nächsten "
-                                                      "Steuerjahr."),
-        choice<&Child::education>("Ausbildung", "Der Stand am " + lastDay(context)
-                                                    + ". Er entscheidet über den Kinderabzug; ohne "
-                                                      "Ausbildung gibt es keinen."),
+        birthDateField(context),
+        choice<&Child::education>(
+            "Ausbildung", "Der Stand am " + lastDay(context)
+                              + ", vorgeschlagen nach dem Geburtsdatum. Er entscheidet über den "
+                                "Kinderabzug; nur bei «"
+                              + std::string(label(ChildEducation::keine)) + "» entfällt er."),
         text<&Child::school>("Schule oder Lehrbetrieb",
                              "Zum Beispiel «Primarschule Sevelen» oder der Name des Lehrbetriebs.")
             .when(isTaught),
@@ -122,8 +125,9 @@ std::vector<forms::Field<Child>> childFields(const PageContext& context) {
 }
 
 ListCard childrenCard(const PageContext& context) {
+    const auto list = within<&TaxCase::children>(wholeCase());
     ListCard card = listCard<Child>(
-        within<&TaxCase::children>(wholeCase()),
+        list,
         {.title = "Kinder",
          .help = childrenHelp(context),
          .itemName = "Kind",
@@ -135,12 +139,32 @@ ListCard childrenCard(const PageContext& context) {
                                   + std::string(label(child.education)),
                               {}};
         });
+    beginWith<Child>(card, list, [](Child& child, const TaxCase& taxCase) {
+        child.lastName = familyName(taxCase);
+    });
     card.figures = isLiechtenstein(context)
                        ? linesOf({{"600", "Kinderabzug"}})
                        : linesOf({{"kinderabzugVorschule", "Kinderabzug Vorschulalter"},
                                   {"kinderabzugAusbildung", "Kinderabzug Schule und Ausbildung"},
                                   {"vermoegensabzugKinder", "Abzug vom Vermögen"}});
     return card;
+}
+
+bool paysChurchTax(const Person& person) {
+    return person.confession != Confession::keine && person.confession != Confession::andere;
+}
+
+/// Why the church's multiplier is not that of the parish.
+std::string churchNote(const TaxCase& taxCase) {
+    if (!taxCase.isJoint() || taxCase.person1.confession == taxCase.person2.confession) {
+        return {};
+    }
+    const bool first = paysChurchTax(taxCase.person1);
+    if (first && paysChurchTax(taxCase.person2)) {
+        return "Je zur Hälfte nach den beiden Konfessionen.";
+    }
+    return "Der halbe Steuerfuss: Nur " + personName(taxCase, first ? 1 : 2)
+           + " bezahlt Kirchensteuer.";
 }
 
 /// Of these two the multiplier differs from parish to parish. StV SG Art. 1
@@ -151,27 +175,29 @@ bool needsParish(const TaxCase& taxCase) {
     });
 }
 
-std::vector<Figure> multipliers(const TaxCase&, const TaxResult& result) {
+std::vector<Figure> tariffAndMultipliers(const TaxCase& taxCase, const TaxResult& result) {
+    std::vector<Figure> figures{{"Tarif", std::string(label(result.bill.kind)), {}}};
     if (!result.municipality) {
-        return {};
+        return figures;
     }
     const auto percent = [](const Decimal& rate) { return MoneyFormat::number(rate) + "%"; };
-    std::vector<Figure> figures{
-        {"Steuerfuss Kanton", percent(result.bill.cantonRate), {}},
-        {"Steuerfuss Gemeinde", percent(result.bill.municipalityRate), {}},
-    };
+    figures.push_back({"Steuerfuss Kanton", percent(result.bill.cantonRate), {}});
+    figures.push_back({"Steuerfuss Gemeinde", percent(result.bill.municipalityRate), {}});
     if (result.bill.churchRate > 0) {
-        figures.push_back({"Steuerfuss Kirche", percent(result.bill.churchRate), {}});
+        figures.push_back(
+            {"Steuerfuss Kirche", percent(result.bill.churchRate), churchNote(taxCase)});
     }
     return figures;
 }
 
-std::vector<Figure> surcharge(const TaxCase&, const TaxResult& result) {
+std::vector<Figure> tariffAndSurcharge(const TaxCase& taxCase, const TaxResult& result) {
     return {
+        {"Tarif", std::string(label(liTariffOf(taxCase))), {}},
         {"Gemeindesteuerzuschlag", MoneyFormat::number(result.bill.municipalityRate) + "%", {}}};
 }
 
-FieldsCard residenceCard(const PageContext& context) {
+/// What decides over tariff and multipliers stands first, as it is preset.
+FieldsCard householdCard(const PageContext& context) {
     const bool abroad = isLiechtenstein(context);
     auto parishField = onlyStGallen(
         context, parish<&TaxCase::parish>(
@@ -183,16 +209,22 @@ FieldsCard residenceCard(const PageContext& context) {
         };
     }
     return fieldsCard(
-        "Wohnort", {},
+        "Haushalt und Wohnort", {},
         bindAll(wholeCase(),
-                {municipality<&TaxCase::municipality>(
+                {choice<&TaxCase::civilStatus>(
+                     "Zivilstand",
+                     "Der Zivilstand am " + lastDay(context)
+                         + ". Ehepaare und eingetragene Partnerschaften werden gemeinsam "
+                           "besteuert; dann erscheinen die Felder der zweiten Person. Wer "
+                           "getrennt lebt, wählt «getrennt»."),
+                 municipality<&TaxCase::municipality>(
                      abroad ? "Gemeinde" : "Politische Gemeinde",
                      "Die Wohngemeinde am " + lastDay(context)
                          + (abroad ? ". Sie bestimmt den Gemeindesteuerzuschlag."
                                    : ". Sie bestimmt den Steuerfuss der Gemeinde, auch nach einem "
                                      "Umzug während des Jahres.")),
                  std::move(parishField)}),
-        abroad ? Figures(surcharge) : Figures(multipliers));
+        abroad ? Figures(tariffAndSurcharge) : Figures(tariffAndMultipliers));
 }
 
 FieldsCard accountCard(const PageContext& context) {
@@ -219,12 +251,10 @@ Page familyPage(const PageContext& context) {
     return {.id = "family",
             .title = "Familie",
             .help = "Wer zum Haushalt gehört und wo Sie am " + lastDay(context) + " wohnten.",
-            .sections = {
-                Section{.cards = {civilStatusCard(context)}}, adultSection(context, 1),
-                adultSection(context, 2),
-                Section{.title = [](const TaxCase&) { return "Kinder, Wohnort und Steuerkonto"; },
-                        .cards = {childrenCard(context), residenceCard(context),
-                                  accountCard(context)}}}};
+            .sections = {Section{.cards = {householdCard(context)}}, adultSection(context, 1),
+                         adultSection(context, 2),
+                         Section{.title = [](const TaxCase&) { return "Kinder und Steuerkonto"; },
+                                 .cards = {childrenCard(context), accountCard(context)}}}};
 }
 
 } // namespace fiscarel::pages

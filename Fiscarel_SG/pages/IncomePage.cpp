@@ -3,6 +3,8 @@
 #include "TaxCore/base/MoneyFormat.h"
 #include "TaxCore/base/Text.h"
 
+#include <algorithm>
+
 namespace fiscarel::pages {
 
 namespace {
@@ -12,6 +14,17 @@ using namespace taxcore;
 
 constexpr std::string_view boxesHelp =
     "Die Nummern entsprechen den Ziffern auf dem amtlichen Lohnausweis.";
+
+forms::Field<SalaryCertificate> netSalaryField() {
+    auto field = amount<&SalaryCertificate::netSalaryOverride>(
+        "Nettolohn (Ziffer 11)", "Leer lassen: Der Nettolohn ergibt sich aus den Ziffern 8, 9, "
+                                 "10.1 und 10.2. Ein Betrag hier ersetzt die Rechnung.");
+    field.computed = [](const SalaryCertificate& salary) {
+        const Decimal net = salary.netSalary();
+        return net.isZero() ? Value() : Value(net);
+    };
+    return field;
+}
 
 /// In the order of the official form.
 std::vector<forms::Field<SalaryCertificate>> salaryFields(const PageContext& context) {
@@ -61,10 +74,7 @@ std::vector<forms::Field<SalaryCertificate>> salaryFields(const PageContext& con
                    : "Einkäufe in die Pensionskasse, die über den Lohn bezahlt wurden. Sie sind im "
                      "Nettolohn schon berücksichtigt; bitte auf der Seite Vorsorge nicht nochmals "
                      "eintragen."),
-        swissOnly(amount<&Salary::netSalaryOverride>("Nettolohn (Ziffer 11)",
-                                                     "Leer lassen: Der Nettolohn ergibt sich aus "
-                                                     "den Ziffern 8, 9, 10.1 und 10.2. Ein Betrag "
-                                                     "hier ersetzt die Rechnung.")),
+        swissOnly(netSalaryField()),
         swissOnly(amount<&Salary::flatRateExpenses>(
             "Spesen pauschal (Ziffern 13.1.2 / 13.2.3)",
             "Pauschal ausbezahlte Spesen. Stehen sie auf dem Ausweis des Haupterwerbs, entfällt "
@@ -88,8 +98,9 @@ Decimal taxedSalary(const SalaryCertificate& salary, bool abroad) {
 
 ListCard salariesCard(const PageContext& context, int number) {
     const bool abroad = isLiechtenstein(context);
+    const auto list = within<&PersonIncome::salaries>(incomePlace(number));
     ListCard card = listCard<SalaryCertificate>(
-        within<&PersonIncome::salaries>(incomePlace(number)),
+        list,
         {.title = "Lohnausweise",
          .help = "Ein Eintrag pro Arbeitgeber. " + std::string(boxesHelp),
          .itemName = "Lohnausweis",
@@ -97,6 +108,16 @@ ListCard salariesCard(const PageContext& context, int number) {
         salaryFields(context), [abroad](const SalaryCertificate& salary) {
             return RowSummary{named(salary.employer, "Lohnausweis"), detailOf(salary),
                               rowMoney(taxedSalary(salary, abroad))};
+        });
+    // The employer named among the persons is the one at the end of the year.
+    beginWith<SalaryCertificate>(
+        card, list, [number](SalaryCertificate& salary, const TaxCase& taxCase) {
+            const std::string& employer = entriesOf(taxCase, number).person.employer;
+            if (std::ranges::find(incomeOf(taxCase, number).salaries, employer,
+                                  &SalaryCertificate::employer)
+                == incomeOf(taxCase, number).salaries.end()) {
+                salary.employer = employer;
+            }
         });
     card.total = [number, abroad](const TaxCase& taxCase) {
         Decimal total;

@@ -137,7 +137,7 @@ std::string named(std::string_view text, std::string_view otherwise) {
 std::string sideBySide(const Decimal& canton, const std::optional<Decimal>& federal) {
     const std::string text = plainMoney(canton);
     const std::string other = federal ? plainMoney(*federal) : text;
-    return text == other ? text : text + " · Bund " + other;
+    return text == other ? text : "Kanton " + text + " · Bund " + other;
 }
 
 std::string WorkResult::text(Decimal WorkExpenseBreakdown::*part) const {

@@ -7,6 +7,7 @@
 #include "TaxCore/result/AdultEntries.h"
 
 #include <algorithm>
+#include <functional>
 #include <iterator>
 #include <optional>
 #include <string>
@@ -84,7 +85,7 @@ std::string sentence(const Rules* rules, const Text& text) {
 
 // Figures.
 
-/// "3’200", or "3’200 · Bund 3’000" when the federation's is another one.
+/// "3’200", or "Kanton 3’200 · Bund 3’000" when the federation's is another one.
 std::string sideBySide(const taxcore::Decimal& canton,
                        const std::optional<taxcore::Decimal>& federal = std::nullopt);
 
@@ -150,6 +151,19 @@ std::vector<forms::BoundField> joined(Fields... fields) {
 /// A card that is there while one of its fields is.
 forms::FieldsCard fieldsCard(std::string title, std::string help,
                              std::vector<forms::BoundField> fields, forms::Figures figures = {});
+
+/// A list whose new records start with what the case knows of them already.
+template <class Item>
+void beginWith(forms::ListCard& card, const forms::Place<std::vector<Item>>& list,
+               std::function<void(Item&, const taxcore::TaxCase&)> known) {
+    card.add = [list, known = std::move(known)](taxcore::TaxCase& taxCase) {
+        Item item;
+        known(item, taxCase);
+        if (auto* const items = list.write(taxCase)) {
+            items->push_back(std::move(item));
+        }
+    };
+}
 
 /// A list whose items come and go on another page.
 forms::ListCard withFixedItems(forms::ListCard list);

@@ -24,6 +24,15 @@ bool showsRent(const TaxCase&, const RealEstate& property) {
     return property.use != PropertyUse::selbstbewohnt || !property.rentalIncome.isZero();
 }
 
+template <auto member>
+Field<RealEstate> shareOf(int number, const std::string& help) {
+    auto field = decimal<member>("Anteil Person " + std::to_string(number), "%", help);
+    field.labelFor = [number](const TaxCase& taxCase) {
+        return "Anteil " + personName(taxCase, number);
+    };
+    return field;
+}
+
 std::vector<Field<RealEstate>> commonFields(bool liechtenstein) {
     return {
         text<&RealEstate::description>("Bezeichnung", "Etwa «Einfamilienhaus» oder «Wohnung»."),
@@ -35,12 +44,10 @@ std::vector<Field<RealEstate>> commonFields(bool liechtenstein) {
                                       "Kantons, wird sie dort besteuert."),
         text<&RealEstate::parcelNumber>(
             "Parzellennummer", "Grundstücknummer gemäss Grundbuch oder Schätzungsanzeige."),
-        decimal<&RealEstate::sharePerson1>(
-            "Anteil Person 1", "%",
-            "Eigentumsanteil gemäss Grundbuch. Er steht nur auf dem Formular; die Beträge unten "
-            "sind die des Haushalts."),
-        std::move(decimal<&RealEstate::sharePerson2>("Anteil Person 2", "%",
-                                                     "Eigentumsanteil gemäss Grundbuch."))
+        shareOf<&RealEstate::sharePerson1>(
+            1, "Eigentumsanteil gemäss Grundbuch. Er steht nur auf dem Formular; die Beträge unten "
+               "sind die des Haushalts."),
+        shareOf<&RealEstate::sharePerson2>(2, "Eigentumsanteil gemäss Grundbuch.")
             .when([](const TaxCase& taxCase, const RealEstate&) { return taxCase.isJoint(); }),
         amount<&RealEstate::taxValue>(
             liechtenstein ? "Steuerschätzwert" : "Steuerwert",
@@ -53,19 +60,42 @@ std::vector<Field<RealEstate>> commonFields(bool liechtenstein) {
 }
 
 std::string rentalValueHelp(const PageContext& context) {
-    return "Voller Mietwert gemäss Schätzungsanzeige, ohne eigene Kürzung."
+    return "Der volle amtliche Mietwert gemäss Schätzungsanzeige, ohne eigene Kürzung."
            + sentence(context.stGallen, [](const RuleBook& rules) {
-                 return "Am Wohnsitz zieht die Berechnung "
+                 return "Am Wohnsitz zieht das Programm davon "
                         + percentText(rules.cantonalExtra.liegenschaften.eigenmietwertReduktion)
-                        + " ab.";
+                        + " ab; ein schon gekürzter Wert würde ein zweites Mal gekürzt.";
              });
+}
+
+/// "Es zählen 18’900 − 30% = 13’230."; empty where the whole value counts.
+std::string rentalValueNote(const RealEstate& property,
+                            const CantonExtraParams::Liegenschaften& params) {
+    const Decimal taxed = taxedRentalValue(property, params);
+    if (taxed == property.imputedRentalValue || property.use == PropertyUse::vermietet) {
+        return {};
+    }
+    RealEstate fullyUsed = property;
+    fullyUsed.unusedRooms = 0;
+    const bool hasUnused = taxedRentalValue(fullyUsed, params) != taxed;
+    return "Es zählen " + plainMoney(property.imputedRentalValue) + " − "
+           + percentText(params.eigenmietwertReduktion)
+           + (hasUnused ? " − unbenutzte Zimmer = " : " = ") + plainMoney(taxed) + ".";
+}
+
+Field<RealEstate> rentalValueField(const PageContext& context) {
+    auto field = amount<&RealEstate::imputedRentalValue>("Eigenmietwert (voller amtlicher Wert)",
+                                                         rentalValueHelp(context));
+    if (context.stGallen != nullptr) {
+        field.note = [params = context.stGallen->cantonalExtra.liegenschaften](
+                         const RealEstate& property) { return rentalValueNote(property, params); };
+    }
+    return std::move(field).when(isOwnUse);
 }
 
 void addUseFields(std::vector<Field<RealEstate>>& fields, const PageContext& context) {
     fields.push_back(choice<&RealEstate::use>("Nutzung", "Selbst bewohnt, vermietet oder beides."));
-    fields.push_back(
-        amount<&RealEstate::imputedRentalValue>("Eigenmietwert", rentalValueHelp(context))
-            .when(isOwnUse));
+    fields.push_back(rentalValueField(context));
     fields.push_back(check<&RealEstate::isPrimaryResidence>(
                          "Hauptwohnsitz",
                          "Ankreuzen, wenn der Haushalt dauernd hier wohnt; bei Ferienwohnungen "
@@ -88,8 +118,20 @@ void addUseFields(std::vector<Field<RealEstate>>& fields, const PageContext& con
                          .when(showsRent));
 }
 
+/// The case does not know when a building was built. DBG Art. 32 Abs. 4,
+/// Liegenschaftskostenverordnung Art. 5 Abs. 2
+std::string flatRateNote(const RealEstate& property,
+                         const CantonExtraParams::Liegenschaften& params) {
+    return property.useFlatRateMaintenance
+               ? "Gerechnet wird mit " + percentText(params.pauschalabzugSatz)
+                     + " bei Kanton und Bund. Ist das Gebäude am Jahresende höchstens zehn Jahre "
+                       "alt, lässt der Bund nur 10% zu: Setzen Sie dort 10% ein; die Bundessteuer "
+                       "wird etwas höher als hier."
+               : std::string();
+}
+
 void addMaintenanceFields(std::vector<Field<RealEstate>>& fields, const PageContext& context) {
-    fields.push_back(check<&RealEstate::useFlatRateMaintenance>(
+    auto flatRate = check<&RealEstate::useFlatRateMaintenance>(
         "Pauschale für den Unterhalt",
         "Pauschale ohne Belege. Sind die tatsächlichen Kosten höher, lohnt es sich, sie "
         "einzutragen."
@@ -97,7 +139,12 @@ void addMaintenanceFields(std::vector<Field<RealEstate>>& fields, const PageCont
                   return "Sie beträgt "
                          + percentText(rules.cantonalExtra.liegenschaften.pauschalabzugSatz)
                          + " des Mietwerts und der Mieteinnahmen.";
-              })));
+              }));
+    if (context.stGallen != nullptr) {
+        flatRate.note = [params = context.stGallen->cantonalExtra.liegenschaften](
+                            const RealEstate& property) { return flatRateNote(property, params); };
+    }
+    fields.push_back(std::move(flatRate));
     fields.push_back(amount<&RealEstate::actualMaintenanceCosts>(
                          "Tatsächliche Unterhaltskosten",
                          "Unterhalt, Versicherung und Verwaltung gemäss Rechnungen. "
@@ -135,16 +182,17 @@ ListCard realEstateCard(const PageContext& context) {
         std::move(fields), [liechtenstein](const RealEstate& property) {
             return propertySummary(property, liechtenstein);
         });
-    card.add = [list, liechtenstein](TaxCase& taxCase) {
-        RealEstate& property = list.write(taxCase)->emplace_back();
-        if (liechtenstein) {
-            property.canton = "FL";
-        }
-        if (!taxCase.isJoint()) {
-            property.sharePerson1 = 100;
-            property.sharePerson2 = 0;
-        }
-    };
+    beginWith<RealEstate>(card, list,
+                          [liechtenstein](RealEstate& property, const TaxCase& taxCase) {
+                              property.municipality = taxCase.municipality;
+                              if (liechtenstein) {
+                                  property.canton = "FL";
+                              }
+                              if (!taxCase.isJoint()) {
+                                  property.sharePerson1 = 100;
+                                  property.sharePerson2 = 0;
+                              }
+                          });
     card.total = [](const TaxCase& taxCase) {
         return "Total " + plainMoney(totalOf(taxCase.realEstate, &RealEstate::taxValue));
     };

@@ -42,9 +42,11 @@ void ReviewPage::refreshResult() {
     }
     if (open.empty()) {
         addLabel(pages::addCard(*column, {}),
-                 store_.result() != nullptr
-                     ? u"Alles erledigt – es ist nichts mehr offen."_s
-                     : u"Ohne Regeln für dieses Jahr gibt es keine Prüfung."_s,
+                 store_.result() == nullptr
+                     ? u"Ohne Regeln für dieses Jahr gibt es keine Prüfung."_s
+                 : infos.empty() ? u"Alles erledigt – es ist nichts mehr offen."_s
+                                 : u"Es fehlt nichts mehr. Unter «Gut zu wissen» steht, was einen "
+                                   "Blick wert ist."_s,
                  "heading");
     } else {
         addCard(u"Offen (%1)"_s.arg(open.size()), {}, open);

@@ -91,13 +91,15 @@ Figures vehicleFigures(const PageContext& context) {
     return [context](const TaxCase& taxCase, const TaxResult& result) {
         std::vector<Figure> figures;
         for (const Vehicle& vehicle : taxCase.vehicles) {
-            if (const auto worth = worthOf(vehicle, context)) {
+            const auto worth = worthOf(vehicle, context);
+            if (worth && !worth->isZero()) {
                 figures.push_back({named(vehicle.description, "Fahrzeug"), plainMoney(*worth),
                                    vehicle.taxValueOverride ? "wie eingetragen" : std::string()});
             }
         }
+        // One vehicle says it all.
         const std::string code = isLiechtenstein(context) ? "770" : "fahrzeuge";
-        const TaxLine* const line = taxCase.vehicles.empty() ? nullptr : result.line(code);
+        const TaxLine* const line = figures.size() < 2 ? nullptr : result.line(code);
         if (line != nullptr) {
             figures.push_back({"Fahrzeuge im Vermögen", plainMoney(line->canton), {}});
         }
@@ -125,7 +127,7 @@ ListCard vehiclesCard(const PageContext& context) {
             return RowSummary{named(vehicle.description, "Fahrzeug"),
                               vehicle.purchaseYear ? "Kauf " + std::to_string(*vehicle.purchaseYear)
                                                    : std::string(),
-                              worth ? plainMoney(*worth) : std::string()};
+                              worth ? rowMoney(*worth) : std::string()};
         });
     card.figures = vehicleFigures(context);
     return card;

@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/forms/Page.h"
 
+#include <string>
 #include <vector>
 
 namespace fiscarel::pages {
@@ -10,6 +11,9 @@ namespace fiscarel::pages {
 
 std::vector<forms::Card> workCardsStGallen(const taxcore::RuleBook* rules, int number);
 std::vector<forms::Card> workCardsLiechtenstein(const taxcore::LIRules* rules, int number);
+
+/// "Höchstens 220 Tage; bei 60% Pensum 132.": the limit of days and how part-time work counts them.
+std::string mostDaysText(int most);
 
 /// Says that professional costs need a salary; there while the person has none.
 forms::FieldsCard needsSalaryCard(int number);

@@ -53,14 +53,11 @@ std::vector<forms::Field<LICommute>> commuteFields(const LIRules* rules) {
                                                "Der Ort der Tabelle, an dem Sie arbeiten.")),
         decimal<&LICommute::kmPerDay>("Kilometer pro Tag", "km", kilometresHelp(rules))
             .when(isAbroad),
-        integer<&LICommute::workDays>("Arbeitstage", "Tage",
-                                      "Tage mit Fahrt zur Arbeit, ohne Home-Office und Ferien."
-                                          + sentence(rules,
-                                                     [](const LIRules& book) {
-                                                         return "Höchstens "
-                                                                + std::to_string(book.fahrMaxTage)
-                                                                + " Tage.";
-                                                     })),
+        integer<&LICommute::workDays>(
+            "Arbeitstage", "Tage",
+            "Tage mit Fahrt zur Arbeit, ohne Home-Office und Ferien."
+                + sentence(rules,
+                           [](const LIRules& book) { return mostDaysText(book.fahrMaxTage); })),
         amount<&LICommute::reimbursed>("Vom Arbeitgeber vergütete Fahrkosten",
                                        "Was der Arbeitgeber im Jahr an den Arbeitsweg bezahlt hat; "
                                        "es wird von den Fahrkosten abgezogen."),

@@ -33,7 +33,7 @@ std::string ofBoth(const RuleBook& rules, Param param) {
 
 std::string mostDays(const RuleBook* rules) {
     return sentence(rules, [](const RuleBook& book) {
-        return "Höchstens " + std::to_string(book.cantonal.berufskosten.arbeitstageMax) + " Tage.";
+        return mostDaysText(book.cantonal.berufskosten.arbeitstageMax);
     });
 }
 

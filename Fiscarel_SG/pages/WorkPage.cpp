@@ -7,6 +7,13 @@ namespace fiscarel::pages {
 using namespace forms;
 using namespace taxcore;
 
+std::string mostDaysText(int most) {
+    constexpr int percent = 60; // an example: three days of five
+    return "Höchstens " + std::to_string(most)
+           + " Tage bei vollem Pensum. Bei Teilzeit zählt derselbe Anteil davon: "
+           + std::to_string(percent) + "% sind " + std::to_string(most * percent / 100) + " Tage.";
+}
+
 FieldsCard needsSalaryCard(int number) {
     return {.title = "Berufskosten",
             .help = "Berufskosten sind nur bei unselbständiger Erwerbstätigkeit abziehbar. "

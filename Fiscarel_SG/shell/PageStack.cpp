@@ -76,6 +76,9 @@ look::PageWidget& PageStack::pageWidget(const QString& id) {
         connect(widget, &look::PageWidget::pageWanted, this, &PageStack::pageWanted);
         connect(widget, &look::PageWidget::reasonWanted, this, &PageStack::reasonWanted);
         addWidget(widget);
+        if (const auto opened = opened_.extract(id)) {
+            widget->open(opened.mapped());
+        }
     } else if (stale_.contains(id)) {
         widget->refresh();
         widget->refreshResult();
@@ -103,6 +106,7 @@ void PageStack::rebuild() {
     };
     const int position = frame() != nullptr ? frame()->position() : 0;
     for (auto& [id, widget] : widgets_) {
+        opened_[id] = widget->opened();
         removeWidget(widget);
         widget->deleteLater();
     }

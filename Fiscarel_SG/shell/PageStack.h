@@ -64,7 +64,8 @@ class PageStack final : public QStackedWidget {
     QString page_;
     std::vector<forms::Page> forms_;
     std::map<QString, look::PageWidget*> widgets_;
-    std::set<QString> stale_; ///< pages that have not seen the last change
+    std::map<QString, QStringList> opened_; ///< records open on pages that are to be made anew
+    std::set<QString> stale_;               ///< pages that have not seen the last change
     int shownYear_ = 0;
     bool shownLiechtenstein_ = false;
 };

@@ -4,6 +4,7 @@
 #include "Fiscarel_SG/forms/QtText.h"
 #include "Fiscarel_SG/look/Icons.h"
 #include "Fiscarel_SG/look/Theme.h"
+#include "Fiscarel_SG/pages/overview/Progress.h"
 
 #include <QButtonGroup>
 #include <QComboBox>
@@ -19,6 +20,18 @@
 namespace fiscarel::shell {
 
 using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// Whether anything of the user's own is there to be saved.
+bool hasEntries(const AppStore& store) {
+    return !store.documents().empty()
+           || std::ranges::any_of(store.cases(), [](const auto& yearAndCase) {
+                  return !pages::isUntouched(yearAndCase.second);
+              });
+}
+
+} // namespace
 
 Sidebar::Sidebar(AppStore& store, const std::vector<PageEntry>& pages, QWidget* parent)
     : QWidget(parent), store_(store), year_(new QComboBox(this)), region_(new QComboBox(this)),
@@ -148,7 +161,7 @@ void Sidebar::refreshSaveState() {
         text = u"Demohaushalt – nichts wird gespeichert"_s;
     } else if (store_.hasUnsavedChanges()) {
         text = u"Wird gespeichert …"_s;
-    } else if (const auto saved = store_.lastSaved()) {
+    } else if (const auto saved = store_.lastSaved(); saved && hasEntries(store_)) {
         text =
             u"Gespeichert "_s + QDateTime::fromSecsSinceEpoch(saved->seconds).toString(u"HH:mm"_s);
     }

@@ -3,10 +3,10 @@
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
+#include "Fiscarel_SG/look/Written.h"
 
 #include <QFileDialog>
 #include <QLabel>
-#include <QLocale>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
@@ -101,8 +101,7 @@ void offerRecovery(AppStore& store, QWidget* parent) {
             const QDate day = QDate::fromString(qs(backup->name.day), Qt::ISODate);
             box.setInformativeText(
                 u"Es gibt eine lesbare Sicherung vom %1 (%2). Die unlesbare Datei bleibt unter "
-                "«Sicherungen» aufbewahrt."_s.arg(day.toString(u"d. M. yyyy"_s),
-                                                  qs(backup->label())));
+                "«Sicherungen» aufbewahrt."_s.arg(look::written(day), qs(backup->label())));
             restore = box.addButton(u"Sicherung wiederherstellen"_s, QMessageBox::AcceptRole);
             box.setDefaultButton(restore);
         } else {

@@ -54,6 +54,12 @@ void LineEditor::setHint(const Value& lastYear) {
     line_->slantHint();
 }
 
+void LineEditor::setComputed(const Value& computed) {
+    line_->setPlaceholderText(
+        isEmptyValue(computed) ? QString() : QStringLiteral("berechnet ") + shown(computed));
+    line_->slantHint();
+}
+
 bool LineEditor::isEmptyValue(const Value& value) const {
     return std::holds_alternative<std::monostate>(value)
            || (!field().isOptional && value == emptyValue()) || value == Value(std::string());

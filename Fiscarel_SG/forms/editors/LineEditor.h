@@ -17,6 +17,7 @@ class LineEditor : public EditorBase {
     void setValue(const Value& value) override;
     Value value() const override { return value_; }
     void setHint(const Value& lastYear) override;
+    void setComputed(const Value& computed) override;
 
   protected:
     using Reading = tl::expected<Value, std::string>;

@@ -1,10 +1,12 @@
 #include "Fiscarel_SG/forms/editors/MunicipalityEdit.h"
 
 #include "Fiscarel_SG/forms/InputText.h"
+#include "Fiscarel_SG/look/Theme.h"
 
 #include <QAbstractItemView>
 #include <QCompleter>
 #include <QStandardItemModel>
+#include <QStyledItemDelegate>
 #include <algorithm>
 #include <utility>
 
@@ -13,23 +15,40 @@ namespace fiscarel::forms {
 namespace {
 
 constexpr int foldedRole = Qt::UserRole;
+constexpr int positionRole = Qt::UserRole + 1;
+constexpr int rankRole = Qt::UserRole + 2;
 
-/// Finds names by any part of them, with or without umlauts, blanks and points.
+/// Finds names by any part of them, with or without umlauts, blanks and points. What is typed comes
+/// first, then what begins so, then what has it elsewhere.
 class NameCompleter final : public QCompleter {
   public:
     NameCompleter(const std::vector<std::string>& names, QObject* parent) : QCompleter(parent) {
-        auto* const list = new QStandardItemModel(this);
         for (const std::string& name : names) {
             auto* const item = new QStandardItem(qs(name));
             // A line each, so that nothing is found across both.
             item->setData(qs(foldName(name, false) + "\n" + foldName(name, true)), foldedRole);
-            list->appendRow(item);
+            item->setData(list_->rowCount(), positionRole);
+            list_->appendRow(item);
         }
-        setModel(list);
+        list_->setSortRole(rankRole);
+        setModel(list_);
         setCompletionRole(foldedRole);
         setFilterMode(Qt::MatchContains);
         setCaseSensitivity(Qt::CaseInsensitive);
         setMaxVisibleItems(10);
+        look::setRole(popup(), "rows");
+        popup()->setItemDelegate(new QStyledItemDelegate(popup())); // which follows the style sheet
+    }
+
+    /// Puts the names that suit what is typed best first; of equal ones the order stays.
+    void rank(const QString& typed) {
+        const QString wanted = splitPath(typed).constFirst();
+        for (int row = 0; row < list_->rowCount(); ++row) {
+            QStandardItem* const item = list_->item(row);
+            const int rank = rankOf(item->data(foldedRole).toString().split(u'\n'), wanted);
+            item->setData(rank * list_->rowCount() + item->data(positionRole).toInt(), rankRole);
+        }
+        list_->sort(0);
     }
 
     QStringList splitPath(const QString& path) const override {
@@ -38,6 +57,18 @@ class NameCompleter final : public QCompleter {
     QString pathFromIndex(const QModelIndex& index) const override {
         return index.data(Qt::DisplayRole).toString();
     }
+
+  private:
+    /// 0 for the name itself, 1 for its beginning, 2 for the rest; by either spelling.
+    static int rankOf(const QStringList& spellings, const QString& wanted) {
+        int best = 2;
+        for (const QString& spelling : spellings) {
+            best = std::min(best, spelling == wanted ? 0 : spelling.startsWith(wanted) ? 1 : 2);
+        }
+        return best;
+    }
+
+    QStandardItemModel* list_ = new QStandardItemModel(this);
 };
 
 std::vector<std::string> namesOf(const PageContext& page) {
@@ -60,6 +91,7 @@ MunicipalityEdit::MunicipalityEdit(BoundField field, const PageContext& page, QW
     : LineEditor(std::move(field), 36, parent), names_(namesOf(page)), year_(page.year) {
     line()->setSelectsAll(true);
     auto* const completer = new NameCompleter(names_, this);
+    rank_ = [completer](const QString& typed) { completer->rank(typed); };
     line()->setCompleter(completer);
     connect(completer, qOverload<const QString&>(&QCompleter::activated), this,
             [this](const QString& name) { choose(utf8(name)); });
@@ -105,11 +137,15 @@ QString MunicipalityEdit::problemOf(const Value& value) const {
         .arg(year_);
 }
 
+/// Before the list is filtered by the same text.
+void MunicipalityEdit::typing() { rank_(line()->text()); }
+
 bool MunicipalityEdit::openList() {
     if (names_.empty()) {
         return false;
     }
     line()->setFocus();
+    rank_(QString());
     line()->completer()->setCompletionPrefix(QString());
     line()->completer()->complete();
     return true;

@@ -18,9 +18,11 @@ class MunicipalityEdit final : public LineEditor {
     bool isLive(const QString&) const override { return false; }
 
   private:
+    void typing() override;
     bool openList();
 
     std::vector<std::string> names_;
+    std::function<void(const QString& typed)> rank_; ///< orders the list
     int year_;
 };
 

@@ -37,13 +37,19 @@ StepsCard::StepsCard(QWidget* parent)
 
 void StepsCard::refresh(const std::vector<Notice>& notices) {
     std::vector<Notice> open;
+    std::size_t infos = 0;
     for (const Notice& notice : notices) {
         if (notice.level != Notice::Level::info) {
             open.push_back(notice);
+        } else {
+            ++infos;
         }
     }
-    all_->setVisible(open.size() > mostShown);
-    all_->setText(u"Alle %1 offenen Hinweise"_s.arg(open.size()));
+    const bool onlyInfos = open.empty() && infos > 0;
+    all_->setVisible(open.size() > mostShown || onlyInfos);
+    all_->setText(!onlyInfos   ? u"Alle %1 offenen Hinweise"_s.arg(open.size())
+                  : infos == 1 ? u"1 Hinweis zum Lesen"_s
+                               : u"%1 Hinweise zum Lesen"_s.arg(infos));
     open.resize(std::min(open.size(), mostShown));
     if (content_ != nullptr && open == shown_) {
         return;
@@ -60,7 +66,7 @@ void StepsCard::refresh(const std::vector<Notice>& notices) {
     column().insertWidget(1, content_);
     if (shown_.empty()) {
         inside->addWidget(labelIn(content_,
-                                  u"Es ist nichts mehr offen. Unter «Übertragen» steht, was wohin "
+                                  u"Es fehlt nichts mehr. Unter «Übertragen» steht, was wohin "
                                   "gehört."_s,
                                   "faint"));
         auto* const go = new QPushButton(u"Zum Übertragen"_s, content_);

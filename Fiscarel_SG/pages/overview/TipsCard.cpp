@@ -56,7 +56,7 @@ void TipsCard::refresh(const std::vector<Notice>& tips, int year) {
     for (const Notice& tip : open) {
         rows.push_back({.name = u"tip:"_s + qs(tip.id),
                         .title = qs(tip.title),
-                        .figures = {u"spart "_s + francs(tip.saving.value_or(0))},
+                        .figures = {u"spart CHF "_s + francs(tip.saving.value_or(0))},
                         .figureRole = "good",
                         .action = u"Zum Feld"_s});
     }
