@@ -139,7 +139,7 @@ CardView* makeCard(const Card& card, AppStore& store, const EditorContext& conte
     }
     const auto& list = std::get<ListCard>(card);
     if (list.isTable) {
-        return new TableView(list, store, context, parent);
+        return new TableView(list, store, parent);
     }
     return new ListView(list, store, context, parent);
 }

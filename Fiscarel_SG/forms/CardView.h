@@ -31,6 +31,7 @@ class CardView : public QFrame {
 
   protected:
     AppStore& store() noexcept { return store_; }
+    const AppStore& store() const noexcept { return store_; }
     QVBoxLayout& content() noexcept { return *content_; }
     /// The content ends with room of its own, as rows that keep a place for their problems.
     void setEndsWithRoom();

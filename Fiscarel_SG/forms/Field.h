@@ -46,9 +46,11 @@ enum class Editor {
     parish,       ///< of the municipality entered
 };
 
+/// What may be chosen.
 struct Option {
-    std::string raw;
-    std::string label;
+    std::string raw;     ///< as it stands in the case; empty: nothing is chosen
+    std::string label;   ///< German
+    std::string wording; ///< German: at length, told below the field once chosen; may be empty
 };
 
 /// The year and region a page is made for, with the rules its texts take figures from.
@@ -67,7 +69,7 @@ struct Field {
     std::string help;      ///< German: what it is and on which document it stands; may be empty
     Editor editor = Editor::text;
     std::string unit;            ///< behind the number: "CHF", "km", "%", "Tage"
-    std::vector<Option> options; ///< of a choice; of a text: offered, any other may be typed
+    std::vector<Option> options; ///< of a choice
     bool isOptional = false;     ///< may be left empty
     std::function<Value(const Record&)> get;
     std::function<void(Record&, const Value&)> set;
@@ -159,11 +161,8 @@ template <class Record, class Type>
 std::string_view nameOf(Type Record::*member) {
     std::string_view name;
     boost::mp11::mp_for_each<taxcore::Fields<Record>>([&](auto field) {
-        if constexpr (
-            std::is_same_v<
-                decltype(field.pointer),
-                Type
-                    Record::*const> || std::is_same_v<std::remove_const_t<decltype(field.pointer)>, Type Record::*>) {
+        if constexpr (std::is_same_v<std::remove_const_t<decltype(field.pointer)>,
+                                     Type Record::*>) {
             if (field.pointer == member) {
                 name = field.name;
             }
@@ -173,13 +172,13 @@ std::string_view nameOf(Type Record::*member) {
 }
 
 template <auto member>
-auto field(std::string label, std::string help, Editor editor) {
+auto field(const std::string& label, const std::string& help, Editor editor) {
     using Record = typename MemberOf<decltype(member)>::Record;
     using Type = typename MemberOf<decltype(member)>::Type;
     Field<Record> made;
     made.name = nameOf(member);
-    made.label = std::move(label);
-    made.help = std::move(help);
+    made.label = label;
+    made.help = help;
     made.editor = editor;
     made.isOptional = taxcore::isOptional<Type>;
     made.get = [](const Record& record) { return toValue(record.*member); };
@@ -192,59 +191,59 @@ auto field(std::string label, std::string help, Editor editor) {
 // The fields by how they are edited: `amount<&Debt::interest>("Schuldzinsen", "…")`.
 
 template <auto member>
-auto amount(std::string label, std::string help = {}) {
-    auto made = detail::field<member>(std::move(label), std::move(help), Editor::amount);
+auto amount(const std::string& label, const std::string& help = {}) {
+    auto made = detail::field<member>(label, help, Editor::amount);
     made.unit = "CHF";
     return made;
 }
 template <auto member>
-auto decimal(std::string label, std::string unit, std::string help = {}) {
-    auto made = detail::field<member>(std::move(label), std::move(help), Editor::decimal);
-    made.unit = std::move(unit);
+auto decimal(const std::string& label, const std::string& unit, const std::string& help = {}) {
+    auto made = detail::field<member>(label, help, Editor::decimal);
+    made.unit = unit;
     return made;
 }
 template <auto member>
-auto integer(std::string label, std::string unit = {}, std::string help = {}) {
-    auto made = detail::field<member>(std::move(label), std::move(help), Editor::integer);
-    made.unit = std::move(unit);
+auto integer(const std::string& label, const std::string& unit = {}, const std::string& help = {}) {
+    auto made = detail::field<member>(label, help, Editor::integer);
+    made.unit = unit;
     return made;
 }
 template <auto member>
-auto text(std::string label, std::string help = {}) {
-    return detail::field<member>(std::move(label), std::move(help), Editor::text);
+auto text(const std::string& label, const std::string& help = {}) {
+    return detail::field<member>(label, help, Editor::text);
 }
 template <auto member>
-auto paragraph(std::string label, std::string help = {}) {
-    return detail::field<member>(std::move(label), std::move(help), Editor::paragraph);
+auto paragraph(const std::string& label, const std::string& help = {}) {
+    return detail::field<member>(label, help, Editor::paragraph);
 }
 template <auto member>
-auto check(std::string label, std::string help = {}) {
-    return detail::field<member>(std::move(label), std::move(help), Editor::check);
+auto check(const std::string& label, const std::string& help = {}) {
+    return detail::field<member>(label, help, Editor::check);
 }
 template <auto member>
-auto date(std::string label, std::string help = {}) {
-    return detail::field<member>(std::move(label), std::move(help), Editor::date);
+auto date(const std::string& label, const std::string& help = {}) {
+    return detail::field<member>(label, help, Editor::date);
 }
 template <auto member>
-auto iban(std::string label, std::string help = {}) {
-    return detail::field<member>(std::move(label), std::move(help), Editor::iban);
+auto iban(const std::string& label, const std::string& help = {}) {
+    return detail::field<member>(label, help, Editor::iban);
 }
 template <auto member>
-auto municipality(std::string label, std::string help = {}) {
-    return detail::field<member>(std::move(label), std::move(help), Editor::municipality);
+auto municipality(const std::string& label, const std::string& help = {}) {
+    return detail::field<member>(label, help, Editor::municipality);
 }
 template <auto member>
-auto parish(std::string label, std::string help = {}) {
-    return detail::field<member>(std::move(label), std::move(help), Editor::parish);
+auto parish(const std::string& label, const std::string& help = {}) {
+    return detail::field<member>(label, help, Editor::parish);
 }
 /// An enumeration with its German labels.
 template <auto member>
-auto choice(std::string label, std::string help = {}) {
+auto choice(const std::string& label, const std::string& help = {}) {
     using Enum = typename detail::Plain<typename detail::MemberOf<decltype(member)>::Type>::Type;
-    auto made = detail::field<member>(std::move(label), std::move(help), Editor::choice);
+    auto made = detail::field<member>(label, help, Editor::choice);
     for (const Enum value : taxcore::allValues<Enum>()) {
         made.options.push_back(
-            {std::string(taxcore::rawValue(value)), std::string(taxcore::label(value))});
+            {std::string(taxcore::rawValue(value)), std::string(taxcore::label(value)), {}});
     }
     return made;
 }
@@ -335,6 +334,7 @@ template <class Record>
 std::vector<BoundField> bindAll(const Place<Record>& place,
                                 const std::vector<Field<Record>>& fields) {
     std::vector<BoundField> bound;
+    bound.reserve(fields.size());
     for (const Field<Record>& field : fields) {
         bound.push_back(bind(place, field));
     }

@@ -26,6 +26,8 @@ class FieldEditor : public QWidget {
     virtual void setHint(const Value& lastYear) = 0;
     /// Why what is typed cannot be read, one German sentence; empty while it can.
     virtual QString problem() const { return {}; }
+    /// What the value means at length, in German; empty for most.
+    virtual QString wording() const { return {}; }
     /// Another field changed: what is offered from it is made anew. `editedPath` is the field that
     /// the user just edited, and then this field may follow and emit `edited`; it is empty when the
     /// change came from elsewhere (undo, another computer), and then nothing is emitted.

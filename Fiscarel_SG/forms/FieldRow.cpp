@@ -1,13 +1,14 @@
 #include "Fiscarel_SG/forms/FieldRow.h"
 
 #include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/forms/HelpButton.h"
 #include "Fiscarel_SG/forms/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QToolButton>
+#include <QVBoxLayout>
 #include <algorithm>
 
 namespace fiscarel::forms {
@@ -35,7 +36,8 @@ int widthOf(FieldEditor& editor, Editor kind) {
 FieldRow::FieldRow(BoundField field, AppStore& store, const EditorContext& context, QWidget* parent)
     : QWidget(parent), field_(std::move(field)), store_(store),
       editor_(makeEditor(field_, context, this)), problem_(new QLabel(this)),
-      help_(new QLabel(this)), helpButton_(new QToolButton(this)) {
+      wording_(new QLabel(this)), help_(new QLabel(this)),
+      helpButton_(new HelpButton(u"Hilfe zu diesem Feld"_s, qs(field_.label), this)) {
     setObjectName(u"row:"_s + qs(field_.path));
     auto* const label = new QLabel(qs(field_.label), this);
     label->setWordWrap(true);
@@ -45,18 +47,17 @@ FieldRow::FieldRow(BoundField field, AppStore& store, const EditorContext& conte
     problem_->setWordWrap(true);
     problem_->setObjectName(u"problem:"_s + qs(field_.path));
     look::setRole(problem_, "error");
+    wording_->setWordWrap(true);
+    wording_->setContentsMargins(0, 2, 0, 6);
+    wording_->setObjectName(u"wording:"_s + qs(field_.path));
+    look::setRole(wording_, "help");
+    wording_->hide();
     help_->setWordWrap(true);
     help_->setContentsMargins(0, 0, 0, 8);
     help_->setText(qs(field_.help));
     help_->setObjectName(u"help:"_s + qs(field_.path));
     look::setRole(help_, "help");
     help_->hide();
-    helpButton_->setText(u"?"_s);
-    look::setRole(helpButton_, "help");
-    helpButton_->setToolTip(u"Hilfe zu diesem Feld (F1)"_s);
-    helpButton_->setAccessibleName(u"Hilfe zu "_s + qs(field_.label));
-    helpButton_->setCheckable(true);
-    helpButton_->setFocusPolicy(Qt::NoFocus); // F1 does the same from the field
     helpButton_->setVisible(!field_.help.empty());
 
     auto* const grid = new QGridLayout(this);
@@ -70,7 +71,12 @@ FieldRow::FieldRow(BoundField field, AppStore& store, const EditorContext& conte
     line->addStretch(1);
     grid->addWidget(label, 0, 0, Qt::AlignVCenter);
     grid->addLayout(line, 0, 1);
-    grid->addWidget(problem_, 1, 1, Qt::AlignTop);
+    auto* const state = new QVBoxLayout;
+    state->setSpacing(0);
+    state->addWidget(problem_);
+    state->addWidget(wording_);
+    state->addStretch(1);
+    grid->addLayout(state, 1, 1);
     grid->addWidget(help_, 2, 1);
     grid->setColumnStretch(1, 1);
     grid->setRowMinimumHeight(0, rowHeight);
@@ -78,7 +84,7 @@ FieldRow::FieldRow(BoundField field, AppStore& store, const EditorContext& conte
 
     connect(helpButton_, &QToolButton::toggled, help_, &QWidget::setVisible);
     connect(editor_, &FieldEditor::edited, this, &FieldRow::write);
-    connect(editor_, &FieldEditor::problemChanged, this, &FieldRow::showProblem);
+    connect(editor_, &FieldEditor::problemChanged, this, &FieldRow::showState);
     connect(editor_, &FieldEditor::left, this, [this] { store_.endMerging(); });
     refresh();
 }
@@ -88,11 +94,13 @@ void FieldRow::refresh() {
     setVisible(field_.shown(taxCase));
     editor_->setValue(field_.get(taxCase));
     editor_->refresh();
+    showState();
     const auto lastYear = store_.cases().find(store_.year() - 1);
     editor_->setHint(lastYear != store_.cases().end() ? field_.get(lastYear->second) : Value{});
 }
 
 void FieldRow::write() {
+    showState();
     const Value value = editor_->value();
     // Writing what stands there already could still bring an optional record into being.
     if (value == field_.get(store_.current())) {
@@ -102,7 +110,14 @@ void FieldRow::write() {
     Q_EMIT written(field_.path);
 }
 
-void FieldRow::showProblem() { problem_->setText(editor_->problem()); }
+void FieldRow::showState() {
+    const QString problem = editor_->problem();
+    const QString wording = editor_->wording();
+    problem_->setText(problem);
+    problem_->setVisible(!problem.isEmpty() || wording.isEmpty());
+    wording_->setText(wording);
+    wording_->setVisible(!wording.isEmpty());
+}
 
 void FieldRow::focusField() { editor_->input()->setFocus(Qt::OtherFocusReason); }
 

@@ -7,7 +7,6 @@
 #include <QWidget>
 
 class QLabel;
-class QToolButton;
 
 namespace fiscarel {
 class AppStore;
@@ -15,7 +14,10 @@ class AppStore;
 
 namespace fiscarel::forms {
 
-/// One field on a page: label, editor, help, and the problem of what is typed. Reads from the store
+class HelpButton;
+
+/// One field on a page: label, editor, help, the problem of what is typed, and what is
+/// chosen at length. Reads from the store
 /// and writes to it.
 class FieldRow final : public QWidget {
     Q_OBJECT
@@ -41,14 +43,16 @@ class FieldRow final : public QWidget {
 
   private:
     void write();
-    void showProblem();
+    /// The problem, and what is chosen at length.
+    void showState();
 
     BoundField field_;
     AppStore& store_;
     FieldEditor* editor_;
     QLabel* problem_;
+    QLabel* wording_;
     QLabel* help_;
-    QToolButton* helpButton_;
+    HelpButton* helpButton_;
 };
 
 } // namespace fiscarel::forms

@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/forms/TableView.h"
 #include "Fiscarel_SG/look/Theme.h"
 
 #include <QApplication>
@@ -21,7 +22,7 @@ FormPage::FormPage(Page page, AppStore& store, const PageContext& context, QWidg
         view.widget = new QWidget(frame_);
         auto* const column = new QVBoxLayout(view.widget);
         column->setContentsMargins(0, 0, 0, 0);
-        column->setSpacing(14);
+        column->setSpacing(look::PageFrame::cardSpacing);
         view.title = new QLabel(view.widget);
         view.title->setWordWrap(true); // names may be long
         look::setRole(view.title, "section");
@@ -41,6 +42,10 @@ FormPage::FormPage(Page page, AppStore& store, const PageContext& context, QWidg
         for (QWidget* at = QApplication::focusWidget(); at != nullptr; at = at->parentWidget()) {
             if (auto* const row = qobject_cast<FieldRow*>(at)) {
                 row->toggleHelp();
+                return;
+            }
+            if (auto* const table = qobject_cast<TableView*>(at)) {
+                table->toggleHelp();
                 return;
             }
         }
@@ -65,6 +70,7 @@ void FormPage::refresh() {
         view.widget->setVisible(!section.shown || section.shown(taxCase));
         if (section.title) {
             view.title->setText(qs(section.title(taxCase)));
+            view.widget->setAccessibleName(view.title->text());
         }
         for (CardView* card : view.cards) {
             card->refresh();

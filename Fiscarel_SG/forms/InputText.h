@@ -24,9 +24,8 @@ using Read = tl::expected<T, std::string>;
 /// An amount in francs as it is written in Switzerland, "CHF 12’345.50" or "12 345.–", or a sum of
 /// such: + - * / and parentheses with the usual precedence. An amount that is typed has at most two
 /// decimals, its thousands are grouped by ’ or blanks (never by points), and the point may be a
-/// comma. Sums are computed
-/// with the 38 digits of `Decimal`; only the result is rounded, plainly, to Rappen. Amounts and
-/// all that is computed on the way stay below 10^12.
+/// comma. Sums are computed with the 38 digits of `Decimal`; only the result is rounded, plainly,
+/// to Rappen. Amounts and all that is computed on the way stay below 10^12.
 Read<Decimal> parseAmount(std::string_view text);
 
 /// A number with at most six decimals, such as kilometres or percent; `unit` may stand behind it.

@@ -15,41 +15,32 @@ namespace fiscarel::forms {
 
 using namespace Qt::Literals::StringLiterals;
 
-ListView::ListView(ListCard card, AppStore& store, const EditorContext& context, QWidget* parent)
-    : CardView(card.title, card.help, card.figures, card.shown, store, parent),
-      card_(std::move(card)), context_(context), rowsLayout_(new QVBoxLayout),
-      empty_(new QLabel(qs(card_.emptyText), this)), total_(new QLabel(this)),
-      takeOver_(new QPushButton(u"Vom Vorjahr übernehmen"_s, this)) {
-    setObjectName(u"list:"_s + qs(card_.path));
+ListView::ListView(ListCard list, AppStore& store, const EditorContext& context, QWidget* parent)
+    : RecordsView(std::move(list), store, parent), context_(context), rowsLayout_(new QVBoxLayout),
+      empty_(new QLabel(qs(card().emptyText), this)),
+      addButton_(new QPushButton(qs(card().itemName) + u" hinzufügen"_s, this)) {
     look::setRole(empty_, "faint");
-    look::setRole(total_, "figure");
-    total_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     rowsLayout_->setSpacing(4);
     content().addWidget(empty_);
     content().addLayout(rowsLayout_);
-
-    auto* const addButton = new QPushButton(qs(card_.itemName) + u" hinzufügen"_s, this);
-    addButton->setObjectName(u"add:"_s + qs(card_.path));
-    takeOver_->setObjectName(u"takeover:"_s + qs(card_.path));
-    takeOver_->setAccessibleName(qs(card_.title) + u" vom Vorjahr übernehmen"_s);
+    addButton_->setObjectName(u"add:"_s + qs(card().path));
+    addButton_->setVisible(card().add != nullptr); // the items of some lists come from another page
     auto* const foot = new QHBoxLayout;
-    addButton->setVisible(card_.add != nullptr); // the items of some lists come from another page
-    foot->addWidget(addButton);
-    foot->addWidget(takeOver_);
+    foot->addWidget(addButton_);
+    foot->addWidget(&takeOver());
     foot->addStretch(1);
-    foot->addWidget(total_);
+    foot->addWidget(&total());
     content().addLayout(foot);
-    connect(addButton, &QPushButton::clicked, this, &ListView::add);
-    connect(takeOver_, &QPushButton::clicked, this, &ListView::takeOver);
+    connect(addButton_, &QPushButton::clicked, this, &ListView::addOpened);
     rebuild();
 }
 
 void ListView::refresh() {
     CardView::refresh();
     const TaxCase& taxCase = store().current();
-    bool same = card_.size(taxCase) == rows_.size();
+    bool same = count() == rows_.size();
     for (std::size_t i = 0; same && i < rows_.size(); ++i) {
-        same = rows_[i].id == card_.id(taxCase, i);
+        same = rows_[i].id == card().id(taxCase, i);
     }
     if (!same) {
         rebuild();
@@ -58,12 +49,7 @@ void ListView::refresh() {
     for (std::size_t i = 0; i < rows_.size(); ++i) {
         refreshRow(i);
     }
-    showTotal();
-}
-
-void ListView::showTotal() {
-    total_->setText(card_.total ? qs(card_.total(store().current())) : QString());
-    total_->setVisible(!total_->text().isEmpty() && !rows_.empty());
+    refreshFoot();
 }
 
 void ListView::rebuild() {
@@ -72,31 +58,27 @@ void ListView::rebuild() {
         row.frame->deleteLater(); // the click that led here may come from inside it
     }
     rows_.clear();
-    const TaxCase& taxCase = store().current();
-    const std::size_t count = card_.size(taxCase);
-    for (std::size_t i = 0; i < count; ++i) {
+    const std::size_t records = count();
+    for (std::size_t i = 0; i < records; ++i) {
         rows_.push_back(makeRow(i));
     }
-    for (std::size_t i = 0; i < count; ++i) {
+    for (std::size_t i = 0; i < records; ++i) {
         refreshRow(i);
         if (opened_ == rows_[i].id) {
             open(i, true);
         }
     }
-    empty_->setVisible(count == 0 && !card_.emptyText.empty());
-    const auto lastYear = store().cases().find(store().year() - 1);
-    takeOver_->setVisible(card_.offersLastYear && count == 0 && lastYear != store().cases().end()
-                          && card_.size(lastYear->second) > 0);
-    showTotal();
+    empty_->setVisible(records == 0 && !card().emptyText.empty());
+    refreshFoot();
 }
 
 ListView::Row ListView::makeRow(std::size_t index) {
     Row row;
-    row.id = card_.id(store().current(), index);
+    row.id = card().id(store().current(), index);
     row.frame = new QWidget(this);
     row.head = new look::ElidingButton(row.frame);
     row.head->setCheckable(true);
-    row.head->setObjectName(u"open:%1[%2]"_s.arg(qs(card_.path)).arg(index));
+    row.head->setObjectName(u"open:%1[%2]"_s.arg(qs(card().path)).arg(index));
     look::setRole(row.head, "row");
     row.amount = new QLabel(row.frame);
     look::setRole(row.amount, "figure");
@@ -118,13 +100,15 @@ ListView::Row ListView::makeRow(std::size_t index) {
 
 void ListView::refreshRow(std::size_t index) {
     Row& row = rows_[index];
-    const RowSummary summary = card_.summary(store().current(), index);
-    const QString title = summary.title.empty() ? u"%1 %2"_s.arg(qs(card_.itemName)).arg(index + 1)
-                                                : qs(summary.title);
+    const RowSummary summary = card().summary(store().current(), index);
+    const QString title = titleOf(index);
     const QString sign = row.head->isChecked() ? u"▾  "_s : u"▸  "_s;
     row.head->setText(sign + title
                       + (summary.detail.empty() ? QString() : u"  ·  "_s + qs(summary.detail)));
     row.head->setAccessibleName(title);
+    for (QPushButton* tool : row.tools) {
+        nameTool(*tool, title);
+    }
     row.amount->setText(qs(summary.amount));
     for (FieldRow* field : row.fields) {
         field->refresh();
@@ -151,60 +135,53 @@ void ListView::fill(Row& row, std::size_t index) {
     auto* const layout = new QVBoxLayout(row.body);
     layout->setContentsMargins(16, 4, 0, 12);
     layout->setSpacing(0);
-    for (const BoundField& field : card_.fields(index)) {
+    for (const BoundField& field : card().fields(index)) {
         auto* const fieldRow = new FieldRow(field, store(), context_, row.body);
         layout->addWidget(fieldRow);
         row.fields.push_back(fieldRow);
     }
-    if (card_.add) {
-        layout->addWidget(makeTools(index, row.body));
+    if (card().add) {
+        layout->addWidget(makeTools(row, index));
     }
     row.frame->layout()->addWidget(row.body);
 }
 
-QWidget* ListView::makeTools(std::size_t index, QWidget* parent) {
-    auto* const tools = new QWidget(parent);
-    auto* const layout = new QHBoxLayout(tools);
-    layout->setContentsMargins(0, 4, 0, 0);
-    layout->setSpacing(18);
-    const auto addTool = [&](const QString& text, const char* name, bool enabled, auto act) {
-        auto* const button = new QPushButton(text, tools);
-        button->setObjectName(
-            u"%1:%2[%3]"_s.arg(QLatin1StringView(name), qs(card_.path)).arg(index));
-        button->setEnabled(enabled);
-        look::setRole(button, "link");
-        connect(button, &QPushButton::clicked, this, act);
-        layout->addWidget(button);
+QWidget* ListView::makeTools(Row& row, std::size_t index) {
+    auto* const tools = new QWidget(row.body);
+    auto* const line = new QHBoxLayout(tools);
+    line->setContentsMargins(0, 4, 0, 0);
+    line->setSpacing(18);
+    const auto addRowTool = [&](const QString& text, const QString& name, const auto& act) {
+        QPushButton* const button =
+            addTool(*line, text, u"%1:%2[%3]"_s.arg(name, qs(card().path)).arg(index), act);
+        nameTool(*button, titleOf(index));
+        row.tools.push_back(button);
+        return button;
     };
-    const QString item = qs(card_.itemName);
-    addTool(u"Duplizieren"_s, "duplicate", true, [this, index, item] {
+    addRowTool(u"Duplizieren"_s, u"duplicate"_s, [this, index] {
         opened_.reset();
-        change(item + u" duplizieren"_s,
-               [&](TaxCase& taxCase) { card_.duplicate(taxCase, index); });
+        duplicate(index);
+        refresh();
+        focusRow(index + 1);
     });
-    addTool(u"Nach oben"_s, "up", index > 0, [this, index, item] {
-        change(item + u" verschieben"_s,
-               [&](TaxCase& taxCase) { card_.move(taxCase, index, index - 1); });
-    });
-    addTool(u"Nach unten"_s, "down", index + 1 < card_.size(store().current()),
-            [this, index, item] {
-                change(item + u" verschieben"_s,
-                       [&](TaxCase& taxCase) { card_.move(taxCase, index, index + 1); });
-            });
-    addTool(u"Entfernen"_s, "remove", true, [this, index, item] {
+    addRowTool(u"Nach oben"_s, u"up"_s, [this, index] {
+        moveRow(index, index - 1, u"up"_s);
+    })->setEnabled(index > 0);
+    addRowTool(u"Nach unten"_s, u"down"_s, [this, index] {
+        moveRow(index, index + 1, u"down"_s);
+    })->setEnabled(index + 1 < count());
+    addRowTool(u"Entfernen"_s, u"remove"_s, [this, index] {
         opened_.reset();
-        change(item + u" entfernen"_s, [&](TaxCase& taxCase) { card_.remove(taxCase, index); });
+        remove(index);
+        refresh();
+        focusRow(index);
     });
-    layout->addStretch(1);
+    line->addStretch(1);
     return tools;
 }
 
-void ListView::change(const QString& name, const std::function<void(TaxCase&)>& edit) {
-    store().edit(utf8(name), edit);
-}
-
-void ListView::add() {
-    change(qs(card_.itemName) + u" hinzufügen"_s, card_.add);
+void ListView::addOpened() {
+    add();
     refresh(); // where nobody listens to the store yet
     if (!rows_.empty()) {
         open(rows_.size() - 1, true);
@@ -215,19 +192,28 @@ void ListView::add() {
     }
 }
 
-void ListView::takeOver() {
-    const auto lastYear = store().cases().find(store().year() - 1);
-    if (lastYear != store().cases().end()) {
-        change(qs(card_.title) + u" vom Vorjahr übernehmen"_s,
-               [&](TaxCase& taxCase) { card_.takeOver(taxCase, lastYear->second); });
+void ListView::moveRow(std::size_t from, std::size_t to, const QString& button) {
+    move(from, to);
+    refresh();
+    if (to >= rows_.size()) {
+        return;
     }
+    auto* const same = rows_[to].frame->findChild<QPushButton*>(
+        u"%1:%2[%3]"_s.arg(button, qs(card().path)).arg(to));
+    (same != nullptr && same->isEnabled() ? same : rows_[to].head)->setFocus(Qt::OtherFocusReason);
+}
+
+void ListView::focusRow(std::size_t index) {
+    QPushButton* const next =
+        rows_.empty() ? addButton_ : rows_[std::min(index, rows_.size() - 1)].head;
+    next->setFocus(Qt::OtherFocusReason);
 }
 
 bool ListView::reveal(const std::string& path) {
-    if (!path.starts_with(card_.path)) {
+    if (!path.starts_with(card().path)) {
         return false;
     }
-    const std::string rest = path.substr(card_.path.size());
+    const std::string rest = path.substr(card().path.size());
     for (std::size_t i = 0; i < rows_.size(); ++i) {
         const std::string item = "[" + std::to_string(i) + "]";
         if (rest.starts_with(item)) {
@@ -243,8 +229,8 @@ bool ListView::reveal(const std::string& path) {
         }
     }
     const bool here = rest.empty();
-    if (here && card_.add) {
-        findChild<QPushButton*>(u"add:"_s + qs(card_.path))->setFocus(Qt::OtherFocusReason);
+    if (here && card().add) {
+        addButton_->setFocus(Qt::OtherFocusReason);
     }
     return here;
 }

@@ -1,19 +1,16 @@
 #pragma once
 
 #ifndef Q_MOC_RUN
-#include "Fiscarel_SG/forms/CardView.h"
+#include "Fiscarel_SG/forms/RecordsView.h"
 #endif
 
 #include <optional>
 #include <vector>
 
-class QLabel;
-class QPushButton;
-
 namespace fiscarel::forms {
 
 /// A list of records as compact rows, each of which opens to its fields.
-class ListView final : public CardView {
+class ListView final : public RecordsView {
     Q_OBJECT
 
   public:
@@ -31,25 +28,25 @@ class ListView final : public CardView {
         QLabel* amount = nullptr;
         QWidget* body = nullptr; ///< null until it is opened
         std::vector<FieldRow*> fields;
+        std::vector<QPushButton*> tools;
     };
 
     void rebuild();
-    void showTotal();
     Row makeRow(std::size_t index);
-    QWidget* makeTools(std::size_t index, QWidget* parent);
+    QWidget* makeTools(Row& row, std::size_t index);
     void open(std::size_t index, bool opened);
     void fill(Row& row, std::size_t index);
     void refreshRow(std::size_t index);
-    void add();
-    void takeOver();
-    void change(const QString& name, const std::function<void(TaxCase&)>& edit);
+    void addOpened();
+    /// The row goes to another place and the keyboard with it, to the button of this name.
+    void moveRow(std::size_t from, std::size_t to, const QString& button);
+    /// The keyboard goes to a row, or without one to the button that adds.
+    void focusRow(std::size_t index);
 
-    const ListCard card_;
     const EditorContext context_;
     QVBoxLayout* rowsLayout_;
     QLabel* empty_;
-    QLabel* total_;
-    QPushButton* takeOver_;
+    QPushButton* addButton_;
     std::vector<Row> rows_;
     std::optional<taxcore::Uuid> opened_;
 };

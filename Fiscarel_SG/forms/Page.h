@@ -48,7 +48,7 @@ struct ListCard {
     std::string help;
     std::string path;      ///< "income1.salaries"
     std::string itemName;  ///< "Lohnausweis"; the button says "Lohnausweis hinzufügen"
-    std::string emptyText; ///< what an empty list says
+    std::string emptyText; ///< what an empty list says; a table shows an empty row
     bool isTable = false;  ///< edited as a table with keyboard entry and paste from a spreadsheet
     /// Whether an empty list offers to take over the one of the year before.
     bool offersLastYear = false;

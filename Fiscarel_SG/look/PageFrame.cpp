@@ -15,7 +15,6 @@ namespace fiscarel::look {
 namespace {
 
 constexpr int columnWidth = 860;
-constexpr int cardSpacing = 14;
 constexpr int margin = 80;    ///< around what is shown
 constexpr int settling = 150; ///< milliseconds until a page has its form
 
@@ -84,15 +83,17 @@ void PageFrame::show(QWidget* widget) {
 
 bool PageFrame::eventFilter(QObject* watched, QEvent* event) {
     if (sought_ && (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest)) {
-        QTimer::singleShot(0, this, [this] {
-            if (sought_ && sought_ == window()->focusWidget()) {
-                scroll_->ensureWidgetVisible(sought_, 0, margin);
-            } else {
-                sought_.clear();
-            }
-        });
+        QMetaObject::invokeMethod(this, &PageFrame::keepInSight, Qt::QueuedConnection);
     }
     return QWidget::eventFilter(watched, event);
+}
+
+void PageFrame::keepInSight() {
+    if (sought_ && sought_ == window()->focusWidget()) {
+        scroll_->ensureWidgetVisible(sought_, 0, margin);
+    } else {
+        sought_.clear();
+    }
 }
 
 int PageFrame::position() const { return scroll_->verticalScrollBar()->value(); }

@@ -15,6 +15,9 @@ class PageFrame final : public QWidget {
     Q_OBJECT
 
   public:
+    static constexpr int cardSpacing = 14; ///< between cards, pixels
+
+    /// `help` may be empty.
     PageFrame(const QString& title, const QString& help, QWidget* parent);
 
     /// A column for content that is made anew at the end of the cards; `old`, what stood there
@@ -33,6 +36,8 @@ class PageFrame final : public QWidget {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    void keepInSight();
+
     QScrollArea* scroll_;
     QVBoxLayout* column_;
     QPointer<QWidget> sought_; ///< what is to stay in sight while the page takes its form

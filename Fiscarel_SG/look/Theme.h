@@ -36,13 +36,12 @@ struct Theme {
     /// Puts fonts, palette and style sheet of an appearance in use.
     static void apply(QApplication& application, Appearance appearance);
 
-    /// Colours of charts, distinguishable in both appearances and without colour by their order.
+    /// The colour of a part of a chart, by its place; after five they begin again.
     QColor chart(int index) const;
 };
 
-// What a widget is, for the style sheet.
-
-/// Marks a widget: "title", "heading", "faint", "card", "figure", "error", "primary", …
+/// Says what a widget is, for the style sheet: "title", "heading", "faint", "card", "figure",
+/// "error", "primary", … The same role again costs nothing.
 void setRole(QWidget* widget, const char* role);
 
 } // namespace fiscarel::look

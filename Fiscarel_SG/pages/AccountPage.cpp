@@ -45,6 +45,22 @@ QString described(const BackupFile& file) {
                                          .formattedDataSize(static_cast<qint64>(file.size)));
 }
 
+QString documents(std::size_t count) {
+    return count == 0 ? u"keine Belege"_s : count == 1 ? u"1 Beleg"_s : u"%1 Belege"_s.arg(count);
+}
+
+/// "die Steuerjahre 2024, 2025 und 3 Belege"
+QString described(const BackupContent& content) {
+    QStringList years;
+    for (const int year : content.years) {
+        years << QString::number(year);
+    }
+    const QString cases = years.isEmpty()     ? u"kein Steuerjahr"_s
+                          : years.size() == 1 ? u"das Steuerjahr "_s + years.first()
+                                              : u"die Steuerjahre "_s + years.join(u", "_s);
+    return u"%1 und %2"_s.arg(cases, documents(content.documents));
+}
+
 } // namespace
 
 AccountPage::AccountPage(AppStore& store, look::Appearance appearance, QWidget* parent)
@@ -174,13 +190,7 @@ void AccountPage::inspectSelected() {
                                  self->content_->setText(u"Nicht lesbar: "_s + qs(content.error()));
                                  return;
                              }
-                             QStringList years;
-                             for (const int year : content->years) {
-                                 years << QString::number(year);
-                             }
-                             self->content_->setText(u"Enthält %1 und %2 Belege."_s.arg(
-                                 years.isEmpty() ? u"keine Steuerjahre"_s : years.join(u", "_s),
-                                 QString::number(content->documents)));
+                             self->content_->setText(u"Enthält %1."_s.arg(described(*content)));
                              self->restore_->setEnabled(true);
                          });
 }
@@ -201,23 +211,23 @@ void AccountPage::restoreSelected() {
     box.setDefaultButton(box.addButton(u"Abbrechen"_s, QMessageBox::RejectRole));
     box.exec();
     if (box.clickedButton() == restore) {
-        store_.restoreBackup(file, [self = QPointer(this)](const auto& problem) {
-            if (self) {
-                self->say(problem, u"Die Sicherung ist wiederhergestellt."_s);
-            }
-        });
+        store_.restoreBackup(file, saying(u"Die Sicherung ist wiederhergestellt."_s));
     }
+}
+
+AppStore::Done AccountPage::saying(const QString& done) {
+    return [self = QPointer(this), done](const std::optional<std::string>& problem) {
+        if (self) {
+            self->say(problem, done);
+        }
+    };
 }
 
 void AccountPage::exportData() {
     const QString file = QFileDialog::getSaveFileName(this, u"Daten exportieren"_s,
                                                       qs(exportFileName), u"JSON (*.json)"_s);
     if (!file.isEmpty()) {
-        store_.exportAll(utf8(file), [self = QPointer(this), file](const auto& problem) {
-            if (self) {
-                self->say(problem, u"Exportiert nach %1"_s.arg(file));
-            }
-        });
+        store_.exportAll(utf8(file), saying(u"Die Daten liegen jetzt in %1."_s.arg(file)));
     }
 }
 
@@ -225,19 +235,11 @@ void AccountPage::importData() {
     const QString file =
         QFileDialog::getOpenFileName(this, u"Daten importieren"_s, QString(), u"JSON (*.json)"_s);
     if (!file.isEmpty()) {
-        store_.importExported(utf8(file), [self = QPointer(this)](const auto& problem) {
-            if (self) {
-                self->say(problem, u"Die Daten sind übernommen."_s);
-            }
-        });
+        store_.importExported(utf8(file), saying(u"Die Daten sind übernommen."_s));
     }
 }
 
 namespace {
-
-QString documents(std::size_t count) {
-    return count == 1 ? u"1 Beleg"_s : u"%1 Belege"_s.arg(count);
-}
 
 /// What an archive holds or brought, in one sentence.
 QString told(const ArchiveReport& report, const QString& done) {

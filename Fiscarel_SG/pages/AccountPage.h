@@ -27,7 +27,9 @@ class AccountPage final : public look::PageWidget {
     void refreshResult() override {}
 
   Q_SIGNALS:
+    /// Pages are made anew for another appearance, this one too.
     void appearanceWanted(fiscarel::look::Appearance appearance);
+    /// The user wants to begin the year anew; nobody has asked for confirmation yet.
     void resetWanted();
 
   private:
@@ -39,6 +41,8 @@ class AccountPage final : public look::PageWidget {
     void inspectSelected();
     void restoreSelected();
     void say(const std::optional<std::string>& problem, const QString& done);
+    /// Says how work of the store went, when it is done and the page still there.
+    AppStore::Done saying(const QString& done);
     void exportData();
     void importData();
     void exportArchive();

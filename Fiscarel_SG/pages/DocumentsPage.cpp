@@ -15,6 +15,7 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
 #include <QTreeWidget>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -23,6 +24,27 @@ namespace fiscarel::pages {
 
 using namespace Qt::Literals::StringLiterals;
 
+namespace {
+
+constexpr int titleColumn = 0;
+constexpr int noteColumn = 2;
+
+bool isOwnWords(int column) { return column == titleColumn || column == noteColumn; }
+
+/// Lets only the user's own words be edited.
+class OwnWords final : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const override {
+        return isOwnWords(index.column()) ? QStyledItemDelegate::createEditor(parent, option, index)
+                                          : nullptr;
+    }
+};
+
+} // namespace
+
 DocumentsPage::DocumentsPage(AppStore& store, QWidget* parent)
     : PageWidget(parent), store_(store),
       frame_(new look::PageFrame(
@@ -30,7 +52,7 @@ DocumentsPage::DocumentsPage(AppStore& store, QWidget* parent)
           u"Lohnausweise, Bescheinigungen und Rechnungen als PDF oder Foto. Sie bleiben auf diesem "
           "Computer."_s,
           this)),
-      list_(new QTreeWidget(this)), tools_(new QWidget(this)), empty_(nullptr) {
+      list_(new QTreeWidget(this)), tools_(new QWidget(this)) {
     setAcceptDrops(true);
     QVBoxLayout& drop = addCard(frame_->column(), u"Belege hinzufügen"_s,
                                 u"Dateien hierher ziehen oder auswählen."_s);
@@ -41,6 +63,7 @@ DocumentsPage::DocumentsPage(AppStore& store, QWidget* parent)
     list_->setObjectName(u"documents"_s);
     list_->setAccessibleName(u"Belege dieses Jahres"_s);
     list_->setHeaderLabels({u"Titel"_s, u"Art"_s, u"Notiz"_s, u"Hinzugefügt"_s});
+    list_->setItemDelegate(new OwnWords(list_));
     list_->setRootIsDecorated(false);
     list_->setMinimumHeight(320);
     list_->setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::SelectedClicked);
@@ -68,7 +91,7 @@ DocumentsPage::DocumentsPage(AppStore& store, QWidget* parent)
     line->addWidget(note, 1);
     card.addWidget(tools_);
     const auto enableTools = [this, open, remove] {
-        open->setEnabled(selected() != nullptr);
+        open->setEnabled(selectedFile().has_value());
         remove->setEnabled(selected() != nullptr);
     };
     enableTools();
@@ -107,13 +130,12 @@ const taxcore::Uuid* DocumentsPage::selected() const {
                                                            : nullptr;
 }
 
-/// Title and note are the user's own words.
 void DocumentsPage::editItem(QTreeWidgetItem* item, int column) {
     const int row = list_->indexOfTopLevelItem(item);
-    if (row >= 0 && (column == 0 || column == 2)) {
+    if (row >= 0 && isOwnWords(column)) {
         const taxcore::Uuid id = ids_[static_cast<std::size_t>(row)];
         store_.updateDocument(id, [&](StoredDocument& document) {
-            (column == 0 ? document.title : document.note) = utf8(item->text(column));
+            (column == titleColumn ? document.title : document.note) = utf8(item->text(column));
         });
     }
 }
@@ -128,15 +150,16 @@ void DocumentsPage::pick() {
     store_.importDocuments(files);
 }
 
-void DocumentsPage::openSelected() {
-    const auto* id = selected();
+std::optional<std::filesystem::path> DocumentsPage::selectedFile() const {
+    const auto* const id = selected();
     const auto found = id == nullptr
                            ? store_.documents().end()
                            : std::ranges::find(store_.documents(), *id, &StoredDocument::id);
-    if (found == store_.documents().end()) {
-        return;
-    }
-    if (const auto file = store_.fileOf(*found)) {
+    return found != store_.documents().end() ? store_.fileOf(*found) : std::nullopt;
+}
+
+void DocumentsPage::openSelected() {
+    if (const auto file = selectedFile()) {
         QDesktopServices::openUrl(QUrl::fromLocalFile(qs(file->string())));
     }
 }

@@ -6,6 +6,8 @@
 #include "TaxCore/base/Uuid.h"
 #endif
 
+#include <filesystem>
+#include <optional>
 #include <vector>
 
 class QLabel;
@@ -37,13 +39,16 @@ class DocumentsPage final : public look::PageWidget {
     void openSelected();
     void removeSelected();
     void editItem(QTreeWidgetItem* item, int column);
+    /// Null while no document is selected.
     const taxcore::Uuid* selected() const;
+    /// Absent without a selected document, and when its file is not there.
+    std::optional<std::filesystem::path> selectedFile() const;
 
     AppStore& store_;
     look::PageFrame* frame_;
     QTreeWidget* list_;
     QWidget* tools_;
-    QLabel* empty_;
+    QLabel* empty_ = nullptr;
     std::vector<taxcore::Uuid> ids_;
 };
 

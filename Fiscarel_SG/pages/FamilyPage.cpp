@@ -1,7 +1,6 @@
 #include "Fiscarel_SG/pages/InputPages.h"
 #include "Fiscarel_SG/pages/PageParts.h"
 #include "TaxCore/base/MoneyFormat.h"
-#include "TaxCore/base/Text.h"
 #include "TaxCore/model/Household.h"
 
 #include <algorithm>
@@ -122,11 +121,6 @@ std::vector<forms::Field<Child>> childFields(const PageContext& context) {
     };
 }
 
-std::string nameOf(const Child& child) {
-    const bool both = !isBlank(child.firstName) && !isBlank(child.lastName);
-    return named(child.firstName + (both ? " " : "") + child.lastName, "Kind");
-}
-
 ListCard childrenCard(const PageContext& context) {
     ListCard card = listCard<Child>(
         within<&TaxCase::children>(wholeCase()),
@@ -136,7 +130,7 @@ ListCard childrenCard(const PageContext& context) {
          .emptyText = "Noch kein Kind erfasst.",
          .offersLastYear = true},
         childFields(context), [](const Child& child) {
-            return RowSummary{nameOf(child),
+            return RowSummary{childName(child),
                               (child.birthDate ? dayText(child.birthDate) + " · " : std::string())
                                   + std::string(label(child.education)),
                               {}};

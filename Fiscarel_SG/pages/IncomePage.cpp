@@ -150,8 +150,7 @@ FieldsCard firstPillarCard(const PageContext& context, int number) {
     }
     return fieldsCard(
         "AHV und IV", {},
-        bindAll(incomePlace(number),
-                {amount<&PersonIncome::ahvPension>("AHV/IV-Renten", std::move(help))}),
+        bindAll(incomePlace(number), {amount<&PersonIncome::ahvPension>("AHV/IV-Renten", help)}),
         isLiechtenstein(context) ? linesOf({{"630", "Freibetrag (Haushalt)"}}) : Figures());
 }
 

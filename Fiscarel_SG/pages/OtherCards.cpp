@@ -77,10 +77,7 @@ std::string educationLimit(const PageContext& context) {
 }
 
 RowSummary childSummary(const Child& child) {
-    const std::string name = child.firstName.empty()  ? child.lastName
-                             : child.lastName.empty() ? child.firstName
-                                                      : child.firstName + " " + child.lastName;
-    return {named(name, "Kind"), std::string(label(child.education)),
+    return {childName(child), std::string(label(child.education)),
             rowMoney(child.childcareCosts + child.educationCosts)};
 }
 
@@ -211,8 +208,8 @@ ListCard childrenCard(const PageContext& context) {
 ListCard medicalCostsCard(const PageContext& context) {
     std::vector<Field<MedicalCost>> fields{
         date<&MedicalCost::date>("Datum", "Datum der Rechnung oder der Behandlung."),
-        text<&MedicalCost::provider>("Wer stellte Rechnung",
-                                     "Arzt, Zahnarzt, Apotheke oder Spital."),
+        text<&MedicalCost::provider>("Rechnung von",
+                                     "Arzt, Zahnarzt, Apotheke oder Spital, gemäss Rechnung."),
         amount<&MedicalCost::gross>("Rechnung", "Betrag der Rechnung."),
         amount<&MedicalCost::reimbursed>(
             "Zurückerstattet", "Was Krankenkasse oder Unfallversicherung daran bezahlt hat, gemäss "
@@ -229,7 +226,6 @@ ListCard medicalCostsCard(const PageContext& context) {
                               {.title = "Krankheits- und Unfallkosten",
                                .help = medicalHelp(context),
                                .itemName = "Rechnung",
-                               .emptyText = "Noch keine Rechnungen erfasst.",
                                .isTable = true},
                               std::move(fields), [](const MedicalCost& bill) {
                                   return RowSummary{named(bill.provider, "Rechnung"),
@@ -269,11 +265,7 @@ ListCard donationsCard(const PageContext& context) {
     const auto household = within<&TaxCase::householdDeductions>(wholeCase());
     ListCard card = listCard<Donation>(
         within<&HouseholdDeductions::donations>(household),
-        {.title = "Spenden",
-         .help = donationHelp(context),
-         .itemName = "Spende",
-         .emptyText = "Noch keine Spenden erfasst.",
-         .isTable = true},
+        {.title = "Spenden", .help = donationHelp(context), .itemName = "Spende", .isTable = true},
         {date<&Donation::date>("Datum", "Tag der Zahlung gemäss Spendenbestätigung."),
          text<&Donation::recipient>("Empfänger", "Name der Organisation oder Partei."),
          amount<&Donation::amount>("Betrag", "Betrag gemäss Spendenbestätigung oder Bankbeleg."),

@@ -1,10 +1,10 @@
 #include "Fiscarel_SG/pages/OverviewPage.h"
 
 #include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/look/KeyboardOrder.h"
 #include "Fiscarel_SG/pages/overview/BillCard.h"
 #include "Fiscarel_SG/pages/overview/ChangeCard.h"
 #include "Fiscarel_SG/pages/overview/CurveCard.h"
-#include "Fiscarel_SG/pages/overview/KeyboardOrder.h"
 #include "Fiscarel_SG/pages/overview/MessageCard.h"
 #include "Fiscarel_SG/pages/overview/Progress.h"
 #include "Fiscarel_SG/pages/overview/ProgressCard.h"
@@ -47,8 +47,8 @@ void OverviewPage::connectCards() {
                 [this, page] { Q_EMIT pageWanted(page); });
     };
     untouched_->setText(u"Beginnen Sie mit der Familie: Zivilstand, Personen und Gemeinde. Oder "
-                        "legen Sie Ihre Belege ab und übernehmen Sie die Beträge daraus. Die "
-                        "Steuern stehen hier, sobald es etwas zu rechnen gibt."_s);
+                        "legen Sie zuerst Ihre Belege ab. Die Steuern stehen hier, sobald es "
+                        "etwas zu rechnen gibt."_s);
     leadTo(untouched_, u"Mit der Familie beginnen"_s, u"family"_s);
     leadTo(untouched_, u"Belege ablegen"_s, u"documents"_s);
     connect(bill_, &BillCard::reasonWanted, this, &PageWidget::reasonWanted);
@@ -88,7 +88,7 @@ void OverviewPage::refreshResult() {
     tips_->refresh(review.tips, store_.year());
     curve_->refresh(*calculator, taxCase, *result, review.marginalRate);
     whatIf_->refresh();
-    orderByLayout(frame_->column());
+    look::orderByLayout(frame_->column());
 }
 
 void OverviewPage::showCards() {

@@ -12,7 +12,6 @@ class AppStore;
 namespace fiscarel::pages {
 
 class BillCard;
-
 class ChangeCard;
 class CurveCard;
 class MessageCard;

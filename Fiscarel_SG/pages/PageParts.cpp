@@ -55,6 +55,10 @@ const PersonIncome& incomeOf(const TaxCase& taxCase, int number) noexcept {
     return number == 1 ? taxCase.income1 : taxCase.income2;
 }
 
+bool hasSalary(const TaxCase& taxCase, int number) noexcept {
+    return !incomeOf(taxCase, number).salaries.empty();
+}
+
 const WorkExpenses& workOf(const TaxCase& taxCase, int number) noexcept {
     return number == 1 ? taxCase.deductions1.work : taxCase.deductions2.work;
 }
@@ -62,6 +66,11 @@ const WorkExpenses& workOf(const TaxCase& taxCase, int number) noexcept {
 AdultEntries entriesOf(const TaxCase& taxCase, int number) {
     return number == 1 ? AdultEntries{1, taxCase.person1, taxCase.income1, taxCase.deductions1}
                        : AdultEntries{2, taxCase.person2, taxCase.income2, taxCase.deductions2};
+}
+
+std::string childName(const Child& child) {
+    const bool both = !isBlank(child.firstName) && !isBlank(child.lastName);
+    return named(child.firstName + (both ? " " : "") + child.lastName, "Kind");
 }
 
 Section personSection(int number, std::vector<Card> cards) {
@@ -153,6 +162,21 @@ std::optional<WorkResult> workResultOf(const TaxResult& result, int number) {
                                                                      : std::nullopt};
 }
 
+Figures workFigure(int number, std::string name, Decimal WorkExpenseBreakdown::*part,
+                   WorkNote note) {
+    return [=, name = std::move(name), note = std::move(note)](const TaxCase& taxCase,
+                                                               const TaxResult& result) {
+        std::vector<Figure> figures;
+        if (const auto work = workResultOf(result, number)) {
+            std::string told = note ? note(taxCase, result, *work) : std::string();
+            if (!told.empty() || !work->isZero(part)) {
+                figures.push_back({name, work->text(part), std::move(told)});
+            }
+        }
+        return figures;
+    };
+}
+
 Figures linesOf(std::vector<LineFigure> lines) {
     return [lines = std::move(lines)](const TaxCase& taxCase, const TaxResult& result) {
         std::vector<Figure> figures;
@@ -184,6 +208,7 @@ void addDeducted(std::vector<Figure>& figures, const TaxResult& result, const Li
 FieldsCard fieldsCard(std::string title, std::string help, std::vector<BoundField> fields,
                       Figures figures) {
     std::vector<Condition> conditions;
+    conditions.reserve(fields.size());
     for (const BoundField& field : fields) {
         conditions.push_back(field.shown);
     }

@@ -35,9 +35,13 @@ forms::Place<taxcore::PersonDeductions> deductionsPlace(int number);
 forms::Place<taxcore::WorkExpenses> workPlace(int number);
 forms::Place<taxcore::LICommute> commutePlace(int number);
 const taxcore::PersonIncome& incomeOf(const taxcore::TaxCase& taxCase, int number) noexcept;
+/// Whether the person has a salary certificate.
+bool hasSalary(const taxcore::TaxCase& taxCase, int number) noexcept;
 const taxcore::WorkExpenses& workOf(const taxcore::TaxCase& taxCase, int number) noexcept;
 /// What the case holds of a person; it refers to the case.
 taxcore::AdultEntries entriesOf(const taxcore::TaxCase& taxCase, int number);
+/// First and last name; "Kind" without one.
+std::string childName(const taxcore::Child& child);
 /// A section under the person's name, there while the person counts.
 forms::Section personSection(int number, std::vector<forms::Card> cards);
 
@@ -97,6 +101,14 @@ struct WorkResult {
 };
 /// Absent where the person does not count.
 std::optional<WorkResult> workResultOf(const taxcore::TaxResult& result, int number);
+
+/// What to tell of a part of a person's work expenses, in view of the entries; may be empty.
+using WorkNote = std::function<std::string(const taxcore::TaxCase&, const taxcore::TaxResult&,
+                                           const WorkResult&)>;
+/// A part of a person's work expenses, when it is not 0 or there is something to tell of it.
+forms::Figures workFigure(int number, std::string name,
+                          taxcore::Decimal taxcore::WorkExpenseBreakdown::*part,
+                          WorkNote note = {});
 
 /// A line of the return under a name of its own, or under the line's when `label` is empty.
 struct LineFigure {

@@ -32,10 +32,9 @@ FieldsCard pensionFundCard(const PageContext& context, int number) {
         "Pensionskasse", {},
         joined(bindAll(personPlace(number),
                        {check<&Person::hasPensionFund>("Einer Pensionskasse angeschlossen",
-                                                       std::move(pensionFundHelp))}),
-               bindAll(deductionsPlace(number),
-                       {amount<&PersonDeductions::pensionBuyIn>("Einkauf in die Pensionskasse",
-                                                                std::move(buyInHelp))})));
+                                                       pensionFundHelp)}),
+               bindAll(deductionsPlace(number), {amount<&PersonDeductions::pensionBuyIn>(
+                                                    "Einkauf in die Pensionskasse", buyInHelp)})));
 }
 
 /// The maximum of pillar 3a and what may still be paid in, by the earnings entered.

@@ -4,12 +4,12 @@
 #include "Fiscarel_SG/forms/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
 #include "Fiscarel_SG/pages/Cards.h"
+#include "Fiscarel_SG/pages/NoticeDoor.h"
 #include "Fiscarel_SG/pages/NoticeSign.h"
 #include "TaxCore/base/MoneyFormat.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -108,19 +108,10 @@ void ReviewPage::addNotice(const Notice& notice, QVBoxLayout& column) {
     }
     column.addLayout(head);
     addLabel(column, qs(notice.message), "faint");
-    if (notice.path || notice.area) {
-        auto* const go = new QPushButton(notice.path ? u"Zum Feld"_s : u"Zur Seite"_s, parent);
-        go->setObjectName(u"go:"_s + qs(notice.id));
-        go->setAccessibleName(u"%1: %2"_s.arg(go->text(), qs(notice.title)));
-        look::setRole(go, "link");
+    if (NoticeDoor* const go = NoticeDoor::of(notice, u"go"_s, parent)) {
         column.addWidget(go, 0, Qt::AlignLeft);
-        connect(go, &QPushButton::clicked, this, [this, path = notice.path, area = notice.area] {
-            if (path) {
-                Q_EMIT fieldWanted(qs(*path));
-            } else {
-                Q_EMIT pageWanted(qs(*area));
-            }
-        });
+        connect(go, &NoticeDoor::fieldWanted, this, &PageWidget::fieldWanted);
+        connect(go, &NoticeDoor::pageWanted, this, &PageWidget::pageWanted);
     }
 }
 

@@ -117,7 +117,6 @@ ListCard securitiesCard(const PageContext& context) {
                      : "Alle Konten, Wertschriften und Darlehen mit Steuerwert und Bruttoertrag, "
                        "auch im Lauf des Jahres aufgelöste.",
          .itemName = "Eintrag",
-         .emptyText = "Noch keine Konten oder Wertschriften erfasst.",
          .isTable = true,
          .offersLastYear = true},
         securityFields(context), securitySummary);

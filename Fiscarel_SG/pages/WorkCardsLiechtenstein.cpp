@@ -25,9 +25,9 @@ bool isAtHome(const TaxCase& taxCase, const LICommute& commute) {
 forms::Field<LICommute> placeField(const LIRules* rules, forms::Field<LICommute> field) {
     if (rules != nullptr) {
         field.editor = Editor::choice;
-        field.options.push_back({"", "– kein Ort gewählt"});
+        field.options.push_back({"", "– kein Ort gewählt", {}});
         for (const std::string& place : rules->fahrkostenOrte) {
-            field.options.push_back({place, place});
+            field.options.push_back({place, place, {}});
         }
     }
     return std::move(field).when(isAtHome);
@@ -87,25 +87,18 @@ FieldsCard personCard(int number, std::string title, std::string help,
     FieldsCard card = fieldsCard(std::move(title), std::move(help),
                                  bindAll(commutePlace(number), fields), std::move(figures));
     card.shown = [number](const TaxCase& taxCase) {
-        return !incomeOf(taxCase, number).salaries.empty()
-               || commuteOf(taxCase, number) != LICommute{};
+        return hasSalary(taxCase, number) || commuteOf(taxCase, number) != LICommute{};
     };
     return card;
 }
 
 FieldsCard commuteCard(const LIRules* rules, int number) {
-    Figures figures = [rules, number](const TaxCase& taxCase, const TaxResult& result) {
-        std::vector<Figure> told;
-        if (const auto work = workResultOf(result, number)) {
-            std::string note = commuteNote(rules, commuteOf(taxCase, number), result);
-            if (!note.empty() || !work->isZero(&WorkExpenseBreakdown::commute)) {
-                told.push_back(
-                    {"Fahrkosten", work->text(&WorkExpenseBreakdown::commute), std::move(note)});
-            }
-        }
-        return told;
-    };
-    return personCard(number, "Arbeitsweg", {}, commuteFields(rules), std::move(figures));
+    return personCard(
+        number, "Arbeitsweg", {}, commuteFields(rules),
+        workFigure(number, "Fahrkosten", &WorkExpenseBreakdown::commute,
+                   [=](const TaxCase& taxCase, const TaxResult& result, const WorkResult&) {
+                       return commuteNote(rules, commuteOf(taxCase, number), result);
+                   }));
 }
 
 FieldsCard mealsCard(const LIRules* rules, int number) {
@@ -115,23 +108,17 @@ FieldsCard mealsCard(const LIRules* rules, int number) {
                                           + " pro Tag, im Jahr höchstens "
                                           + francsText(book.verpflegungMax) + ".";
                                });
-    Figures figures = [rules, number](const TaxCase& taxCase, const TaxResult& result) {
-        const auto work = workResultOf(result, number);
-        if (!work || work->isZero(&WorkExpenseBreakdown::meals)) {
-            return std::vector<Figure>{};
-        }
+    const auto note = [=](const TaxCase& taxCase, const TaxResult&, const WorkResult& work) {
         const int days = commuteOf(taxCase, number).mealDays;
-        const bool isCut =
-            rules != nullptr && rules->verpflegungProTag * days > rules->verpflegungMax;
-        return std::vector<Figure>{
-            {"Verpflegung", work->text(&WorkExpenseBreakdown::meals),
-             isCut ? "Gekürzt auf " + francsText(rules->verpflegungMax) + " im Jahr."
-                   : std::string()}};
+        const bool isCut = rules != nullptr && !work.isZero(&WorkExpenseBreakdown::meals)
+                           && rules->verpflegungProTag * days > rules->verpflegungMax;
+        return isCut ? "Gekürzt auf " + francsText(rules->verpflegungMax) + " im Jahr."
+                     : std::string();
     };
     return personCard(
         number, "Verpflegung", {},
         {integer<&LICommute::mealDays>("Tage mit auswärtiger Verpflegung", "Tage", help)},
-        std::move(figures));
+        workFigure(number, "Verpflegung", &WorkExpenseBreakdown::meals, note));
 }
 
 FieldsCard totalCard(const LIRules* rules, int number) {
@@ -155,10 +142,7 @@ FieldsCard totalCard(const LIRules* rules, int number) {
                     }
                     return told;
                 },
-            .shown =
-                [number](const TaxCase& taxCase) {
-                    return !incomeOf(taxCase, number).salaries.empty();
-                }};
+            .shown = [number](const TaxCase& taxCase) { return hasSalary(taxCase, number); }};
 }
 
 } // namespace

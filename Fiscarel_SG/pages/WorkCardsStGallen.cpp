@@ -4,6 +4,7 @@
 #include "TaxCore/stgallen/WorkExpenses.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace fiscarel::pages {
 
@@ -36,19 +37,13 @@ std::string mostDays(const RuleBook* rules) {
     });
 }
 
-/// A part of a person's costs, when there is something to tell of it.
-Figures figureOf(int number, Part part, std::string name,
-                 std::function<std::string(const Entries&, const WorkResult&)> note = {}) {
-    return [=](const TaxCase& taxCase, const TaxResult& result) {
-        std::vector<Figure> figures;
-        if (const auto work = workResultOf(result, number)) {
-            std::string told = note ? note(Entries(taxCase, number), *work) : std::string();
-            if (!told.empty() || !work->isZero(part)) {
-                figures.push_back({name, work->text(part), std::move(told)});
-            }
-        }
-        return figures;
-    };
+/// The figure of a part with a note made of the person's entries.
+template <class Note>
+Figures figureOf(int number, std::string name, Part part, Note note) {
+    return workFigure(number, std::move(name), part,
+                      [=](const TaxCase& taxCase, const TaxResult&, const WorkResult& work) {
+                          return note(Entries(taxCase, number), work);
+                      });
 }
 
 /// Cards stand while the person has a salary, or entries that would otherwise be out of sight.
@@ -57,13 +52,10 @@ FieldsCard personCard(int number, std::string title, std::string help,
     FieldsCard card = fieldsCard(std::move(title), std::move(help),
                                  bindAll(workPlace(number), fields), std::move(figures));
     card.shown = [number](const TaxCase& taxCase) {
-        return !incomeOf(taxCase, number).salaries.empty()
-               || workOf(taxCase, number) != WorkExpenses{};
+        return hasSalary(taxCase, number) || workOf(taxCase, number) != WorkExpenses{};
     };
     return card;
 }
-
-// 1. Arbeitsweg
 
 std::string rappen(const RuleBook& rules, Param param) {
     const auto text = [](const Decimal& francs) { return MoneyFormat::number(francs * 100); };
@@ -73,15 +65,24 @@ std::string rappen(const RuleBook& rules, Param param) {
            + (canton == federal ? std::string() : " (Bund " + text(federal) + " Rappen)");
 }
 
-/// The reasons the form knows.
+/// The reasons the form knows, in its own words at length.
 forms::Field<WorkExpenses> justification() {
     auto field = text<&WorkExpenses::carJustification>(
         "Begründung", "Weshalb der öffentliche Verkehr nicht möglich oder nicht zumutbar ist. Ohne "
                       "Begründung zählt die Fahrt nicht.");
-    for (const char* reason :
-         {"Kein öffentliches Verkehrsmittel", "Zeitersparnis über 60 Minuten pro Tag",
-          "Auf Verlangen des Arbeitgebers", "Krankheit / Gebrechlichkeit (Arztzeugnis)"}) {
-        field.options.push_back({reason, reason});
+    field.editor = Editor::choice;
+    field.options = {{"", "– kein Grund gewählt", {}}};
+    for (const auto& [reason, wording] :
+         {std::pair("Kein öffentliches Verkehrsmittel",
+                    "Fehlen eines öffentlichen Verkehrsmittels"),
+          std::pair("Zeitersparnis über 60 Minuten pro Tag",
+                    "Einsparung über 60 Minuten/Tag durch Motorfahrzeugbenützung"),
+          std::pair("Auf Verlangen des Arbeitgebers",
+                    "Ständige Benützung des Motorfahrzeugs auf Verlangen des Arbeitgebers"),
+          std::pair("Krankheit / Gebrechlichkeit (Arztzeugnis)",
+                    "Benützung öV wegen Krankheit oder Gebrechlichkeit unzumutbar "
+                    "(Arztzeugnis)")}) {
+        field.options.push_back({reason, reason, wording});
     }
     return field;
 }
@@ -162,7 +163,7 @@ std::string commuteNote(const Entries& it, const WorkResult& work) {
     if (it.facts.freeTransport && entered) {
         return "Feld F im Lohnausweis ist angekreuzt – kein Abzug für den Arbeitsweg.";
     }
-    const std::string cap = capNote(work);
+    std::string cap = capNote(work);
     if (cap.empty() && it.drives() && !isVehicleJustified(it.work)) {
         return std::string("Ohne Begründung zählt das ")
                + (it.work.carIsMotorbike ? "Motorrad" : "Auto") + " nicht.";
@@ -172,7 +173,7 @@ std::string commuteNote(const Entries& it, const WorkResult& work) {
 
 FieldsCard commuteCard(const RuleBook* rules, int number) {
     return personCard(
-        number, "Arbeitsweg",
+        number, "1. Arbeitsweg",
         withRules(rules,
                   [](const RuleBook& book) {
                       const auto most = [](const DeductionParams& params) {
@@ -181,10 +182,8 @@ FieldsCard commuteCard(const RuleBook* rules, int number) {
                       return "Kanton: " + most(book.cantonal) + " · Bund: " + most(book.federal);
                   }),
         commuteFields(rules),
-        figureOf(number, &WorkExpenseBreakdown::commute, "Abzug Arbeitsweg", commuteNote));
+        figureOf(number, "Abzug Arbeitsweg", &WorkExpenseBreakdown::commute, commuteNote));
 }
-
-// 2. Verpflegung
 
 struct MealRate {
     Param perDay;
@@ -220,7 +219,7 @@ forms::Field<WorkExpenses> mealsField(const RuleBook* rules) {
                + ", bei Schicht- oder Nachtarbeit " + ofBoth(book, &BerufskostenParams::schichtMax)
                + ".";
     });
-    auto field = choice<&WorkExpenses::meals>("Situation über Mittag", std::move(help));
+    auto field = choice<&WorkExpenses::meals>("Situation über Mittag", help);
     for (Option& option : field.options) {
         const auto situation = enumFromRaw<MealSituation>(option.raw);
         if (const MealRate* rate = mealRate(*situation); rate != nullptr && rules != nullptr) {
@@ -259,18 +258,16 @@ FieldsCard mealsCard(const RuleBook* rules, int number) {
         return work.meals != MealSituation::keine || work.mealDays != 0;
     };
     return personCard(
-        number, "Verpflegung", {},
+        number, "2. Verpflegung", {},
         {mealsField(rules),
          integer<&WorkExpenses::mealDays>("Tage mit auswärtiger Verpflegung", "Tage",
                                           "Nur Tage im Betrieb – an Home-Office-Tagen entstehen "
                                           "keine Mehrkosten."
                                               + mostDays(rules))
              .when(eats)},
-        figureOf(number, &WorkExpenseBreakdown::meals, "Abzug Verpflegung",
+        figureOf(number, "Abzug Verpflegung", &WorkExpenseBreakdown::meals,
                  [rules](const Entries& it, const WorkResult&) { return mealsNote(rules, it); }));
 }
-
-// 3. Übrige Berufskosten
 
 /// "Fr. 700 plus 10% des Nettolohns, höchstens Fr. 2’400"
 std::string flatRateOf(const BerufskostenParams& params) {
@@ -301,7 +298,7 @@ FieldsCard otherCard(const RuleBook* rules, int number) {
         return work.useActualOtherCosts || !work.actualOtherCosts.isZero();
     };
     return personCard(
-        number, "Übrige Berufskosten",
+        number, "3. Übrige Berufskosten",
         withRules(rules,
                   [](const RuleBook& book) {
                       return "Kanton: " + flatRateOf(book.cantonal.berufskosten)
@@ -315,7 +312,7 @@ FieldsCard otherCard(const RuleBook* rules, int number) {
              "Übrige Berufskosten", "Die Summe der Belege im ganzen Jahr; sie zählt nur mit dem "
                                     "Häkchen darüber.")
              .when(isActual)},
-        figureOf(number, &WorkExpenseBreakdown::other, "Abzug übrige Berufskosten", otherNote));
+        figureOf(number, "Abzug übrige Berufskosten", &WorkExpenseBreakdown::other, otherNote));
 }
 
 // Wochenaufenthalt und Nebenerwerb
@@ -374,7 +371,7 @@ FieldsCard weeklyStayCard(const RuleBook* rules, int number) {
              "Mittagessen durch Arbeitgeber verbilligt",
              "Ankreuzen bei Kantine oder Lunch-Checks (Feld G im Lohnausweis).")
              .when(stays)},
-        figureOf(number, &WorkExpenseBreakdown::weeklyStay, "Abzug Wochenaufenthalt",
+        figureOf(number, "Abzug Wochenaufenthalt", &WorkExpenseBreakdown::weeklyStay,
                  [rules](const Entries& it, const WorkResult&) { return roomNote(rules, it); }));
 }
 
@@ -400,7 +397,7 @@ FieldsCard sideJobCard(const RuleBook* rules, int number) {
              "Kosten Nebenerwerb", "Die Summe der Belege im ganzen Jahr; sie zählt nur mit dem "
                                    "Häkchen darüber.")
              .when(isActual)},
-        figureOf(number, &WorkExpenseBreakdown::sideJob, "Abzug Nebenerwerb"));
+        workFigure(number, "Abzug Nebenerwerb", &WorkExpenseBreakdown::sideJob));
     card.shown = [number](const TaxCase& taxCase) {
         const Entries it(taxCase, number);
         return it.facts.hasSide || it.work.sideJobUseActual || !it.work.sideJobActualCosts.isZero();
@@ -416,10 +413,7 @@ FieldsCard totalCard(int number) {
                     return work ? std::vector<Figure>{{"Abzug total", work->total(), {}}}
                                 : std::vector<Figure>{};
                 },
-            .shown =
-                [number](const TaxCase& taxCase) {
-                    return !incomeOf(taxCase, number).salaries.empty();
-                }};
+            .shown = [number](const TaxCase& taxCase) { return hasSalary(taxCase, number); }};
 }
 
 } // namespace

@@ -11,9 +11,7 @@ FieldsCard needsSalaryCard(int number) {
     return {.title = "Berufskosten",
             .help = "Berufskosten sind nur bei unselbständiger Erwerbstätigkeit abziehbar. "
                     "Erfassen Sie zuerst den Lohnausweis unter «Einkommen».",
-            .shown = [number](const TaxCase& taxCase) {
-                return incomeOf(taxCase, number).salaries.empty();
-            }};
+            .shown = [number](const TaxCase& taxCase) { return !hasSalary(taxCase, number); }};
 }
 
 Page workPage(const PageContext& context) {

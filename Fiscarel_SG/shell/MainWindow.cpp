@@ -4,7 +4,7 @@
 #include "Fiscarel_SG/forms/PagePaths.h"
 #include "Fiscarel_SG/forms/QtText.h"
 #include "Fiscarel_SG/look/Icons.h"
-#include "Fiscarel_SG/pages/overview/KeyboardOrder.h"
+#include "Fiscarel_SG/look/KeyboardOrder.h"
 #include "Fiscarel_SG/shell/PageStack.h"
 #include "Fiscarel_SG/shell/ReasonDialog.h"
 #include "Fiscarel_SG/shell/SearchDialog.h"
@@ -185,7 +185,7 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
 
 /// Rows come and go while one types; the keyboard goes through them as they stand now.
 bool MainWindow::focusNextPrevChild(bool next) {
-    pages::orderByLayout(*centralWidget()->layout());
+    look::orderByLayout(*centralWidget()->layout());
     return QMainWindow::focusNextPrevChild(next);
 }
 

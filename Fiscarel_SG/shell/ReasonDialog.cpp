@@ -84,6 +84,70 @@ QLabel* amountLabel(const QString& text, bool strong, QWidget* parent) {
     return made;
 }
 
+/// The steps of a derivation as rows: kind, text, and an amount for each authority.
+class Steps final : public QWidget {
+  public:
+    explicit Steps(const Derivation& derivation)
+        : derivation_(derivation), grid_(new QGridLayout(this)), digits_(digitsOf(derivation)),
+          hasTwoSides_(derivation.canton && derivation.federal) {
+        grid_->setContentsMargins(0, 4, 12, 4);
+        grid_->setHorizontalSpacing(16);
+        grid_->setVerticalSpacing(6);
+        grid_->setColumnStretch(1, 1);
+        grid_->setColumnMinimumWidth(0, kindWidth);
+        if (hasTwoSides_) {
+            grid_->addWidget(amountLabel(u"Kanton"_s, false, this), row_, 2);
+            grid_->addWidget(amountLabel(u"Bund"_s, false, this), row_, 3);
+            ++row_;
+        }
+    }
+
+    /// Adds a step; the button of one that leads on, else null.
+    QPushButton* add(const DerivationStep& step, bool leadsOn) {
+        grid_->addWidget(label(qs(taxcore::label(step.kind)), "small", this), row_, 0,
+                         Qt::AlignTop);
+        look::ElidingButton* door = nullptr;
+        if (leadsOn) {
+            door = new look::ElidingButton(this, qs(step.text));
+            look::setRole(door, "textlink"); // as high as the texts beside it
+            grid_->addWidget(door, row_, 1, Qt::AlignTop);
+        } else {
+            grid_->addWidget(label(qs(step.text), "", this), row_, 1, Qt::AlignTop);
+        }
+        addAmounts(step.canton, step.federal, step.unit.value_or(Unit::francs), false);
+        ++row_;
+        if (const QString law = lawOf(step); !law.isEmpty()) {
+            grid_->addWidget(label(law, "small", this), row_, 1);
+            ++row_;
+        }
+        return door;
+    }
+    void addResult() {
+        auto* const line = new QFrame(this);
+        look::setRole(line, "line");
+        grid_->addWidget(line, row_++, 0, 1, hasTwoSides_ ? 4 : 3);
+        grid_->addWidget(label(qs(derivation_.label), "figure", this), row_, 0, 1, 2);
+        addAmounts(derivation_.canton, derivation_.federal, derivation_.unit, true);
+        grid_->setRowStretch(row_ + 1, 1);
+    }
+
+  private:
+    void addAmounts(const std::optional<Decimal>& canton, const std::optional<Decimal>& federal,
+                    Unit unit, bool strong) {
+        const auto& first = derivation_.canton || !derivation_.federal ? canton : federal;
+        grid_->addWidget(amountLabel(shown(first, unit, digits_), strong, this), row_, 2);
+        if (hasTwoSides_) {
+            grid_->addWidget(amountLabel(shown(federal, unit, digits_), strong, this), row_, 3);
+        }
+    }
+
+    const Derivation derivation_;
+    QGridLayout* grid_;
+    const int digits_;
+    const bool hasTwoSides_;
+    int row_ = 0;
+};
+
 } // namespace
 
 ReasonDialog::ReasonDialog(AppStore& store, QWidget* parent)
@@ -114,74 +178,38 @@ bool ReasonDialog::explain(const std::string& code) {
         return false;
     }
     title_->setText(qs(derivation->label));
-    auto* const content = new QWidget(scroll_);
-    auto* const grid = new QGridLayout(content);
-    grid->setContentsMargins(0, 4, 12, 4);
-    grid->setHorizontalSpacing(16);
-    grid->setVerticalSpacing(6);
-    grid->setColumnStretch(1, 1);
-    grid->setColumnMinimumWidth(0, kindWidth);
-    const int digits = digitsOf(*derivation);
-    const bool twoSides = derivation->canton && derivation->federal;
+    auto* const steps = new Steps(*derivation);
     std::vector<QWidget*> doors{scroll_};
-    int row = 0;
-    if (twoSides) {
-        grid->addWidget(amountLabel(u"Kanton"_s, false, content), row, 2);
-        grid->addWidget(amountLabel(u"Bund"_s, false, content), row, 3);
-        ++row;
-    }
-    const auto addAmounts = [&](const std::optional<Decimal>& canton,
-                                const std::optional<Decimal>& federal, Unit unit, bool strong) {
-        const auto& first = derivation->canton || !derivation->federal ? canton : federal;
-        grid->addWidget(amountLabel(shown(first, unit, digits), strong, content), row, 2);
-        if (twoSides) {
-            grid->addWidget(amountLabel(shown(federal, unit, digits), strong, content), row, 3);
-        }
-    };
     for (const DerivationStep& step : derivation->steps) {
-        grid->addWidget(label(qs(taxcore::label(step.kind)), "small", content), row, 0,
-                        Qt::AlignTop);
         const bool leadsOn = step.path || (step.code && *step.code != code);
-        if (leadsOn) {
-            auto* const door = new look::ElidingButton(content, qs(step.text));
-            look::setRole(door, "textlink"); // as high as the texts beside it
-            grid->addWidget(door, row, 1, Qt::AlignTop);
+        if (QPushButton* const door = steps->add(step, leadsOn)) {
+            connectDoor(*door, step);
             doors.push_back(door);
-            if (step.path) {
-                connect(door, &QPushButton::clicked, this, [this, path = qs(*step.path)] {
-                    accept();
-                    Q_EMIT fieldWanted(path);
-                });
-            } else {
-                connect(
-                    door, &QPushButton::clicked, this, [this, next = *step.code] { explain(next); },
-                    Qt::QueuedConnection);
-            }
-        } else {
-            grid->addWidget(label(qs(step.text), "", content), row, 1, Qt::AlignTop);
-        }
-        addAmounts(step.canton, step.federal, step.unit.value_or(Unit::francs), false);
-        ++row;
-        if (const QString law = lawOf(step); !law.isEmpty()) {
-            grid->addWidget(label(law, "small", content), row, 1);
-            ++row;
         }
     }
-    auto* const line = new QFrame(content);
-    look::setRole(line, "line");
-    grid->addWidget(line, row++, 0, 1, twoSides ? 4 : 3);
-    grid->addWidget(label(qs(derivation->label), "figure", content), row, 0, 1, 2);
-    addAmounts(derivation->canton, derivation->federal, derivation->unit, true);
-    grid->setRowStretch(row + 1, 1);
-    scroll_->setWidget(content);
+    steps->addResult();
+    scroll_->setWidget(steps);
     if (!isVisible()) { // as high as what it says; while it is open it stays as it is
-        resize(usualWidth, std::clamp(content->sizeHint().height() + aroundContent, 260, 620));
+        resize(usualWidth, std::clamp(steps->sizeHint().height() + aroundContent, 260, 620));
     }
     doors.push_back(close_); // made before them, but it stands below
     for (std::size_t i = 1; i < doors.size(); ++i) {
         setTabOrder(doors[i - 1], doors[i]);
     }
     return true;
+}
+
+void ReasonDialog::connectDoor(QPushButton& door, const DerivationStep& step) {
+    if (step.path) {
+        connect(&door, &QPushButton::clicked, this, [this, path = qs(*step.path)] {
+            accept();
+            Q_EMIT fieldWanted(path);
+        });
+    } else {
+        connect(
+            &door, &QPushButton::clicked, this, [this, next = *step.code] { explain(next); },
+            Qt::QueuedConnection); // the button goes with the steps it stands among
+    }
 }
 
 } // namespace fiscarel::shell

@@ -5,8 +5,11 @@
 
 class QLabel;
 class QPushButton;
-class QVBoxLayout;
 class QScrollArea;
+
+namespace taxcore {
+struct DerivationStep;
+}
 
 namespace fiscarel {
 class AppStore;
@@ -22,13 +25,17 @@ class ReasonDialog final : public QDialog {
   public:
     ReasonDialog(AppStore& store, QWidget* parent);
 
-    /// Shows the derivation of a line's code or a figure of the bill; false when there is none.
+    /// Fills the dialog with the derivation of a line, by its code, or of a figure of the bill;
+    /// false, and nothing changes, when there is none.
     bool explain(const std::string& code);
 
   Q_SIGNALS:
+    /// The user wants to see the entry at a path; the dialog has closed.
     void fieldWanted(const QString& path);
 
   private:
+    void connectDoor(QPushButton& door, const taxcore::DerivationStep& step);
+
     AppStore& store_;
     QLabel* title_;
     QScrollArea* scroll_;

@@ -3,6 +3,8 @@
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
+#include "Fiscarel_SG/pages/overview/BillShares.h"
+#include "Fiscarel_SG/pages/overview/MoneyText.h"
 #include "TaxCore/base/MoneyFormat.h"
 #include "TaxCore/base/Rounding.h"
 
@@ -26,9 +28,6 @@ constexpr std::size_t baseRows = 3; ///< what is taxed
 constexpr int margin = 15;
 constexpr int textInset = 5; ///< as far as the text of a door from its edge
 
-QString money(const Decimal& amount) { return qs(MoneyFormat::chf(amount, 2, false)); }
-QString whole(const Decimal& amount) { return qs(MoneyFormat::chf(amount, 0, false)); }
-
 /// A line of the bar: what it says and the figure whose reason it leads to.
 struct Entry {
     QString name;
@@ -36,37 +35,30 @@ struct Entry {
     std::string code;
 };
 
-std::vector<Entry> taxesOf(const taxcore::TaxBill& bill, bool liechtenstein) {
-    if (liechtenstein) {
-        return {{u"Landessteuer"_s, money(bill.cantonTotal()), "cantonTotal"},
-                {u"Gemeindesteuer"_s, money(bill.municipalityTotal()), "municipalityTotal"}};
+std::vector<Entry> taxesOf(const taxcore::TaxResult& result, taxcore::TaxRegion region) {
+    std::vector<Entry> entries;
+    for (const pages::BillShare& share : pages::billShares(result, region)) {
+        entries.push_back({qs(share.name), pages::rappen(share.amount), share.code});
     }
-    std::vector<Entry> entries{
-        {u"Kanton"_s, money(bill.cantonTotal()), "cantonTotal"},
-        {u"Gemeinde"_s, money(bill.municipalityTotal()), "municipalityTotal"}};
-    if (bill.churchRate > 0) {
-        entries.push_back({u"Kirche"_s, money(bill.churchTotal()), "churchTotal"});
-    }
-    entries.push_back({u"Bund"_s, money(bill.federal), "federal"});
     return entries;
 }
 
 std::vector<Entry> basesOf(const taxcore::TaxBill& bill, bool liechtenstein) {
     if (liechtenstein) {
-        return {{u"Erwerb"_s, whole(bill.taxableIncomeCanton), "650"},
-                {u"Reinvermögen"_s, whole(bill.taxableWealth), "880"}};
+        return {{u"Erwerb"_s, pages::francs(bill.taxableIncomeCanton), "650"},
+                {u"Reinvermögen"_s, pages::francs(bill.taxableWealth), "880"}};
     }
     std::vector<Entry> entries;
     if (bill.taxableIncomeCanton == bill.taxableIncomeFederal) {
         entries.push_back(
-            {u"Einkommen"_s, whole(bill.taxableIncomeCanton), "steuerbaresEinkommen"});
+            {u"Einkommen"_s, pages::francs(bill.taxableIncomeCanton), "steuerbaresEinkommen"});
     } else {
-        entries.push_back(
-            {u"Einkommen Kanton"_s, whole(bill.taxableIncomeCanton), "steuerbaresEinkommen"});
-        entries.push_back(
-            {u"Einkommen Bund"_s, whole(bill.taxableIncomeFederal), "steuerbaresEinkommen"});
+        entries.push_back({u"Einkommen Kanton"_s, pages::francs(bill.taxableIncomeCanton),
+                           "steuerbaresEinkommen"});
+        entries.push_back({u"Einkommen Bund"_s, pages::francs(bill.taxableIncomeFederal),
+                           "steuerbaresEinkommen"});
     }
-    entries.push_back({u"Vermögen"_s, whole(bill.taxableWealth), "steuerbaresVermoegen"});
+    entries.push_back({u"Vermögen"_s, pages::francs(bill.taxableWealth), "steuerbaresVermoegen"});
     return entries;
 }
 
@@ -150,9 +142,8 @@ TaxBar::Summary TaxBar::summary() const {
                     .total = sum ? qs(MoneyFormat::chf(*sum, 2, true)) : u"–"_s};
     const Decimal change = sum && atPageStart_ ? *sum - *atPageStart_ : Decimal(0);
     if (change != 0) {
-        summary.change = u"%1%2 seit Öffnen dieser Seite"_s.arg(
-            change > 0 ? u"+"_s : QString(), qs(MoneyFormat::chf(change, 0, false)));
-        summary.changeRole = change > 0 ? "warning" : "good";
+        summary.change = pages::change(change, 0) + u" seit Öffnen dieser Seite"_s;
+        summary.changeRole = pages::changeRole(change);
     }
     return summary;
 }
@@ -172,14 +163,9 @@ void TaxBar::refresh() {
     std::vector<Entry> taxes;
     std::vector<Entry> bases;
     if (result != nullptr) {
-        const bool liechtenstein =
-            store_.current().taxRegion() == taxcore::TaxRegion::liechtenstein;
-        taxes = taxesOf(result->bill, liechtenstein);
-        bases = basesOf(result->bill, liechtenstein);
-        const Decimal capital = *total() - result->bill.total();
-        if (capital > 0) {
-            taxes.push_back({u"Kapitalleistungen"_s, money(capital), "kapitalleistungen"});
-        }
+        const taxcore::TaxRegion region = store_.current().taxRegion();
+        taxes = taxesOf(*result, region);
+        bases = basesOf(result->bill, region == taxcore::TaxRegion::liechtenstein);
     }
     taxable_->setVisible(!bases.empty());
     taxes.resize(taxRows);
@@ -189,10 +175,10 @@ void TaxBar::refresh() {
         setRow(i, entry.name, entry.amount, std::move(entry.code));
     }
     const Decimal of100 = (store_.marginalRate() * 100).roundPlain(0);
-    marginal_->setText(
-        result == nullptr || of100 <= 0
-            ? QString()
-            : u"Von 100 Franken mehr Einkommen gehen %1 an die Steuer."_s.arg(whole(of100)));
+    marginal_->setText(result == nullptr || of100 <= 0
+                           ? QString()
+                           : u"Von 100 Franken mehr Einkommen gehen %1 an die Steuer."_s.arg(
+                               pages::francs(of100)));
     Q_EMIT refreshed();
 }
 

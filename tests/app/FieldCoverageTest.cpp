@@ -1,4 +1,5 @@
 #include "Fiscarel_SG/pages/InputPages.h"
+#include "tests/support/InputPages.h"
 #include "tests/support/InputPaths.h"
 
 #include <gtest/gtest.h>
@@ -10,16 +11,6 @@ namespace fiscarel {
 namespace {
 
 using namespace taxcore;
-
-forms::PageContext contextOf(const TaxCase& taxCase) {
-    forms::PageContext context{.year = taxCase.year, .region = taxCase.taxRegion()};
-    if (context.region == TaxRegion::liechtenstein) {
-        context.liechtenstein = LIRules::load(context.year).value().get();
-    } else {
-        context.stGallen = RuleBook::load(context.year, "SG").value().get();
-    }
-    return context;
-}
 
 using Pages = std::vector<forms::Page>;
 
@@ -41,7 +32,7 @@ class FieldCoverageTest : public ::testing::TestWithParam<int> {
 
     static TaxCase household(TaxRegion region) { return testing::fullCase(GetParam(), region); }
     static Pages pagesOf(TaxRegion region) {
-        return pages::inputPages(contextOf(household(region)));
+        return pages::inputPages(pages::testing::contextOf(region, GetParam()));
     }
 };
 
@@ -72,56 +63,82 @@ TEST_P(FieldCoverageTest, noFieldStandsTwiceInARegion) {
     }
 }
 
+/// Another value than the one a field holds, as it might be entered.
+forms::Value another(const forms::BoundField& field, const TaxCase& taxCase) {
+    const forms::Value old = field.get(taxCase);
+    if (const auto* flag = std::get_if<bool>(&old)) {
+        return !*flag;
+    }
+    if (const auto* count = std::get_if<int>(&old)) {
+        return *count + 3;
+    }
+    if (const auto* amount = std::get_if<Decimal>(&old)) {
+        return *amount + 43.21_dec;
+    }
+    if (std::holds_alternative<Date>(old)) {
+        return Date::of(2020, 2, 29).value();
+    }
+    const auto text = std::get<std::string>(old);
+    for (const forms::Option& option : field.options) {
+        if (option.raw != text) {
+            return option.raw;
+        }
+    }
+    return "«" + text + "»";
+}
+
+/// Writes a value and tells which fields of the case changed by it.
+std::vector<std::string> changedBy(const forms::BoundField& field, const TaxCase& before,
+                                   const forms::Value& value) {
+    TaxCase after = before;
+    field.set(after, value);
+    EXPECT_EQ(field.get(after), value) << field.path;
+    std::vector<std::string> paths;
+    for (const FieldChange& change : diff(before, after)) {
+        paths.push_back(change.path);
+    }
+    return paths;
+}
+
 /// A field edits what its path says: a change of the value is a change there and nowhere else.
 TEST_P(FieldCoverageTest, everyFieldChangesTheEntryOfItsPathOnly) {
-    const auto another = [](const forms::BoundField& field, const TaxCase& taxCase) {
-        const forms::Value old = field.get(taxCase);
-        if (const auto* flag = std::get_if<bool>(&old)) {
-            return forms::Value(!*flag);
-        }
-        if (const auto* count = std::get_if<int>(&old)) {
-            return forms::Value(*count + 1);
-        }
-        if (const auto* amount = std::get_if<Decimal>(&old)) {
-            return forms::Value(*amount + 1);
-        }
-        if (std::holds_alternative<Date>(old)) {
-            return forms::Value(Date::of(2020, 2, 29).value());
-        }
-        const auto text = std::get<std::string>(old);
-        for (const forms::Option& option : field.options) {
-            if (option.raw != text) {
-                return forms::Value(option.raw);
-            }
-        }
-        return forms::Value(text + "x");
-    };
     for (const TaxRegion region : regions) {
         const TaxCase before = household(region);
         for (const forms::Page& page : pagesOf(region)) {
             for (const forms::BoundField& field : testing::fieldsOf(page, before)) {
-                TaxCase after = before;
-                const forms::Value value = another(field, before);
-                field.set(after, value);
-                EXPECT_EQ(field.get(after), value) << field.path;
-                const auto changes = diff(before, after);
-                ASSERT_EQ(changes.size(), 1U) << field.path;
-                EXPECT_EQ(changes.front().path, field.path);
+                const std::vector<std::string> here{field.path};
+                EXPECT_EQ(changedBy(field, before, another(field, before)), here);
+                for (const forms::Option& option : field.options) {
+                    EXPECT_LE(changedBy(field, before, option.raw).size(), 1U) << field.path;
+                }
+                if (field.isOptional) {
+                    EXPECT_EQ(changedBy(field, before, forms::Value{}), here);
+                }
             }
         }
     }
 }
 
-TEST_P(FieldCoverageTest, everyFieldHasALabelAndSwissSpelling) {
+TEST_P(FieldCoverageTest, labelsAreUniqueWithinTheirCardAndTextsAreWhole) {
     for (const TaxRegion region : regions) {
         const TaxCase taxCase = household(region);
-        for (const forms::Page& page : pagesOf(region)) {
-            for (const forms::BoundField& field : testing::fieldsOf(page, taxCase)) {
-                EXPECT_FALSE(field.label.empty()) << field.path;
-                const std::string texts = field.label + field.help;
-                for (const char* foreign : {"ß", "„", "“", "\"", "  "}) {
-                    EXPECT_EQ(texts.find(foreign), std::string::npos) << field.path << foreign;
+        for (const Pages& pages :
+             {pagesOf(region), pages::inputPages({.year = GetParam(), .region = region})}) {
+            testing::forEachCard(pages, [&](const forms::Section&, const forms::Card& card) {
+                std::set<std::string> labels;
+                for (const forms::BoundField& field : testing::fieldsOf(card, taxCase)) {
+                    EXPECT_FALSE(field.label.empty()) << field.path;
+                    EXPECT_TRUE(labels.insert(field.label).second)
+                        << field.path << " " << field.label;
+                    EXPECT_TRUE(field.help.ends_with('.')) << field.path << ": " << field.help;
                 }
+            });
+            for (const std::string& text : testing::textsOf(pages, taxCase)) {
+                for (const char* fault :
+                     {"ß", "„", "“", "\"", "%1", "{", "  ", " .", "..", "()", " ,"}) {
+                    EXPECT_EQ(text.find(fault), std::string::npos) << fault << " in: " << text;
+                }
+                EXPECT_TRUE(text.empty() || (text.front() != ' ' && text.back() != ' ')) << text;
             }
         }
     }

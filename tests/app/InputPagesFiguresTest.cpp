@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/pages/InputPages.h"
 #include "TaxCore/regions/CaseCalculator.h"
 #include "tests/support/InputPages.h"
+#include "tests/support/InputPaths.h"
 
 #include <gtest/gtest.h>
 
@@ -14,7 +15,6 @@ namespace {
 using namespace taxcore;
 using forms::Card;
 using forms::FieldsCard;
-using forms::Figure;
 using forms::ListCard;
 using forms::Page;
 using testing::contextOf;
@@ -29,17 +29,12 @@ const Kind* cardOf(const Page& page, std::size_t section, std::string_view title
     return nullptr;
 }
 
-/// "label: text (note)" of each figure of a card of the first person's work expenses.
+/// The figures of a card of the first person's work expenses.
 std::vector<std::string> workFigures(const TaxCase& taxCase, std::string_view title) {
     const Page page = workPage(contextOf(taxCase.taxRegion(), taxCase.year));
-    const auto* card = cardOf<FieldsCard>(page, 0, title);
-    std::vector<std::string> figures;
-    for (const Figure& figure :
-         card->figures(taxCase, CaseCalculator::forCase(taxCase).value().calculate(taxCase))) {
-        figures.push_back(figure.label + ": " + figure.text
-                          + (figure.note.empty() ? "" : " (" + figure.note + ")"));
-    }
-    return figures;
+    return fiscarel::testing::figuresOf(
+        *cardOf<FieldsCard>(page, 0, title), taxCase,
+        CaseCalculator::forCase(taxCase).value().calculate(taxCase));
 }
 
 using Told = std::vector<std::string>;
@@ -47,12 +42,12 @@ using Told = std::vector<std::string>;
 TEST(InputPagesFigures, tellWhatOfTheWayToWorkCounts) {
     TaxCase taxCase = salariedCouple(TaxRegion::stGallen);
     WorkExpenses& work = taxCase.deductions1.work;
-    EXPECT_EQ(workFigures(taxCase, "Arbeitsweg"), Told{});
+    EXPECT_EQ(workFigures(taxCase, "1. Arbeitsweg"), Told{});
 
     work.publicTransportCost = 3'000;
-    EXPECT_EQ(workFigures(taxCase, "Arbeitsweg"), Told{"Abzug Arbeitsweg: 3’000"});
+    EXPECT_EQ(workFigures(taxCase, "1. Arbeitsweg"), Told{"Abzug Arbeitsweg: 3’000"});
     work.publicTransportCost = 5'000;
-    EXPECT_EQ(workFigures(taxCase, "Arbeitsweg"),
+    EXPECT_EQ(workFigures(taxCase, "1. Arbeitsweg"),
               Told{"Abzug Arbeitsweg: 5’000 · Bund 3’300 (Beim Bund gekürzt auf Fr. 3’300 (Kosten "
                    "5’000))"});
 
@@ -60,15 +55,15 @@ TEST(InputPagesFigures, tellWhatOfTheWayToWorkCounts) {
     work.publicTransportCost = 0;
     work.carKmOneWay = 30;
     work.carWorkDays = 230;
-    EXPECT_EQ(workFigures(taxCase, "Arbeitsweg"),
+    EXPECT_EQ(workFigures(taxCase, "1. Arbeitsweg"),
               Told{"Abzug Arbeitsweg: 0 (Ohne Begründung zählt das Auto nicht.)"});
     work.carJustification = "Kein öffentliches Verkehrsmittel";
-    EXPECT_EQ(workFigures(taxCase, "Arbeitsweg"),
+    EXPECT_EQ(workFigures(taxCase, "1. Arbeitsweg"),
               Told{"Abzug Arbeitsweg: 8’000 · Bund 3’300 (Gekürzt auf Fr. 8’000, Bund auf Fr. "
                    "3’300 (Kosten 9’240))"});
 
     taxCase.income1.salaries[0].fieldF = true;
-    EXPECT_EQ(workFigures(taxCase, "Arbeitsweg"),
+    EXPECT_EQ(workFigures(taxCase, "1. Arbeitsweg"),
               Told{"Abzug Arbeitsweg: 0 (Feld F im Lohnausweis ist angekreuzt – kein Abzug für den "
                    "Arbeitsweg.)"});
 }
@@ -78,21 +73,21 @@ TEST(InputPagesFigures, tellWhatOfTheOtherWorkExpensesCounts) {
     WorkExpenses& work = taxCase.deductions1.work;
     work.meals = MealSituation::auswaerts;
     work.mealDays = 218; // 3'270 francs
-    EXPECT_EQ(workFigures(taxCase, "Verpflegung"),
+    EXPECT_EQ(workFigures(taxCase, "2. Verpflegung"),
               Told{"Abzug Verpflegung: 3’200 (Gekürzt auf Fr. 3’200 im Jahr.)"});
     work.mealDays = 100;
-    EXPECT_EQ(workFigures(taxCase, "Verpflegung"), Told{"Abzug Verpflegung: 1’500"});
+    EXPECT_EQ(workFigures(taxCase, "2. Verpflegung"), Told{"Abzug Verpflegung: 1’500"});
     taxCase.income1.salaries[0].fieldG = true;
-    EXPECT_EQ(workFigures(taxCase, "Verpflegung"),
+    EXPECT_EQ(workFigures(taxCase, "2. Verpflegung"),
               Told{"Abzug Verpflegung: 750 (Feld G im Lohnausweis ist angekreuzt – es gilt der "
                    "verbilligte Ansatz.)"});
 
     // 10 % and 3 % of 90'000, between their bounds.
-    EXPECT_EQ(workFigures(taxCase, "Übrige Berufskosten"),
+    EXPECT_EQ(workFigures(taxCase, "3. Übrige Berufskosten"),
               Told{"Abzug übrige Berufskosten: 2’400 · Bund 2’700"});
     EXPECT_EQ(workFigures(taxCase, "Total Berufskosten"), Told{"Abzug total: 3’150 · Bund 3’450"});
     taxCase.income1.salaries[0].flatRateExpenses = 1'200;
-    EXPECT_EQ(workFigures(taxCase, "Übrige Berufskosten"),
+    EXPECT_EQ(workFigures(taxCase, "3. Übrige Berufskosten"),
               Told{"Abzug übrige Berufskosten: 0 (Der Arbeitgeber zahlt pauschale Spesen – die "
                    "Pauschale entfällt.)"});
 

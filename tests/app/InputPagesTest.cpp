@@ -1,10 +1,11 @@
-// The pages of the family, of income and of work: what their fields write, when they are shown and
-// what their texts say.
+// The pages of the family, of income and of work: when their fields are shown and what their texts
+// say.
 
 #include "Fiscarel_SG/pages/InputPages.h"
 
 #include "TaxCore/demo/DemoData.h"
 #include "tests/support/InputPages.h"
+#include "tests/support/InputPaths.h"
 
 #include <gtest/gtest.h>
 
@@ -17,6 +18,11 @@ namespace fiscarel::pages {
 namespace {
 
 using namespace taxcore;
+using fiscarel::testing::fieldsOf;
+using fiscarel::testing::forEachCard;
+using fiscarel::testing::holds;
+using fiscarel::testing::shownOf;
+using fiscarel::testing::textsOf;
 using forms::BoundField;
 using forms::Card;
 using forms::Editor;
@@ -44,34 +50,6 @@ TaxCase household(TaxRegion region) {
     return taxCase;
 }
 
-std::vector<BoundField> fieldsOf(const Card& card, const TaxCase& taxCase) {
-    if (const auto* fields = std::get_if<FieldsCard>(&card)) {
-        return fields->fields;
-    }
-    const auto& list = std::get<ListCard>(card);
-    std::vector<BoundField> all;
-    for (std::size_t at = 0; at < list.size(taxCase); ++at) {
-        std::ranges::move(list.fields(at), std::back_inserter(all));
-    }
-    return all;
-}
-
-const forms::Condition& shownOf(const Card& card) {
-    return std::visit([](const auto& any) -> const forms::Condition& { return any.shown; }, card);
-}
-
-/// Calls `visit(section, card)` for every card of the pages.
-void forEachCard(const std::vector<Page>& pages,
-                 const std::function<void(const Section&, const Card&)>& visit) {
-    for (const Page& page : pages) {
-        for (const Section& section : page.sections) {
-            for (const Card& card : section.cards) {
-                visit(section, card);
-            }
-        }
-    }
-}
-
 /// Whether the field of this path, its card and its section are shown; absent when no page has it.
 std::optional<bool> isShown(const std::vector<Page>& pages, const TaxCase& taxCase,
                             std::string_view path) {
@@ -79,57 +57,12 @@ std::optional<bool> isShown(const std::vector<Page>& pages, const TaxCase& taxCa
     forEachCard(pages, [&](const Section& section, const Card& card) {
         for (const BoundField& field : fieldsOf(card, taxCase)) {
             if (field.path == path) {
-                const auto holds = [&](const forms::Condition& condition) {
-                    return !condition || condition(taxCase);
-                };
-                found = holds(section.shown) && holds(shownOf(card)) && holds(field.shown);
+                found = holds(section.shown, taxCase) && holds(shownOf(card), taxCase)
+                        && holds(field.shown, taxCase);
             }
         }
     });
     return found;
-}
-
-// Values
-
-Value another(const BoundField& field, const TaxCase& taxCase) {
-    const Value now = field.get(taxCase);
-    switch (field.editor) {
-    case Editor::amount:
-    case Editor::decimal: {
-        const auto* number = std::get_if<Decimal>(&now);
-        return (number != nullptr ? *number : Decimal(0)) + Decimal(4321) / 100;
-    }
-    case Editor::integer:
-        return std::get<int>(now) + 3;
-    case Editor::check: {
-        const bool* checked = std::get_if<bool>(&now);
-        return checked == nullptr || !*checked;
-    }
-    case Editor::date:
-        return *Date::of(1999, 12, 31);
-    case Editor::choice:
-        for (const forms::Option& option : field.options) {
-            if (now != Value(option.raw)) {
-                return option.raw;
-            }
-        }
-        return {};
-    default:
-        return "«" + field.path + "»";
-    }
-}
-
-/// Writes a value and tells which fields of the case changed by it.
-std::vector<std::string> changedBy(const BoundField& field, const TaxCase& taxCase,
-                                   const Value& value) {
-    TaxCase changed = taxCase;
-    field.set(changed, value);
-    EXPECT_EQ(field.get(changed), value) << field.path;
-    std::vector<std::string> paths;
-    for (const FieldChange& change : diff(taxCase, changed)) {
-        paths.push_back(change.path);
-    }
-    return paths;
 }
 
 class EveryRegion : public ::testing::TestWithParam<TaxRegion> {};
@@ -139,26 +72,6 @@ INSTANTIATE_TEST_SUITE_P(InputPages, EveryRegion,
                              return region.param == TaxRegion::stGallen ? "StGallen"
                                                                         : "Liechtenstein";
                          });
-
-TEST_P(EveryRegion, everyFieldWritesItselfAndNothingElse) {
-    const TaxCase taxCase = household(GetParam());
-    std::set<std::string> seen;
-    forEachCard(pagesOf(contextOf(GetParam())), [&](const Section&, const Card& card) {
-        for (const BoundField& field : fieldsOf(card, taxCase)) {
-            EXPECT_TRUE(seen.insert(field.path).second) << field.path << " stands twice";
-            EXPECT_EQ(changedBy(field, taxCase, another(field, taxCase)), std::vector{field.path});
-            for (const forms::Option& option : field.options) {
-                EXPECT_LE(changedBy(field, taxCase, option.raw).size(), 1U) << field.path;
-            }
-            if (field.isOptional) {
-                TaxCase filled = taxCase;
-                field.set(filled, another(field, taxCase));
-                EXPECT_EQ(changedBy(field, filled, Value{}), std::vector{field.path});
-            }
-        }
-    });
-    EXPECT_GT(seen.size(), 70U);
-}
 
 TEST_P(EveryRegion, anEmptyCaseShowsPagesWithoutAResult) {
     for (const CivilStatus status : {CivilStatus::verheiratet, CivilStatus::ledig}) {
@@ -317,65 +230,14 @@ TEST_P(Shown, fieldsThatMakeSense) {
 
 // Texts
 
-/// Every text of the pages; labels and titles, sentences.
-std::vector<std::string> textsOf(const std::vector<Page>& pages, const TaxCase& taxCase) {
-    std::vector<std::string> texts;
-    for (const Page& page : pages) {
-        texts.insert(texts.end(), {page.title, page.help});
-    }
-    forEachCard(pages, [&](const Section& section, const Card& card) {
-        if (section.title) {
-            texts.push_back(section.title(taxCase));
-        }
-        std::visit(
-            [&](const auto& any) {
-                texts.insert(texts.end(), {any.title, any.help});
-            },
-            card);
-        if (const auto* list = std::get_if<ListCard>(&card)) {
-            texts.insert(texts.end(), {list->itemName, list->emptyText});
-        }
-        for (const BoundField& field : fieldsOf(card, taxCase)) {
-            texts.insert(texts.end(), {field.label, field.help});
-            for (const forms::Option& option : field.options) {
-                texts.push_back(option.label);
-            }
-        }
-    });
-    return texts;
-}
-
 bool says(const std::vector<std::string>& texts, std::string_view wanted) {
     return std::ranges::any_of(
         texts, [&](const std::string& text) { return text.find(wanted) != std::string::npos; });
 }
 
-TEST_P(EveryRegion, labelsAreUniqueWithinTheirCardAndTextsAreWhole) {
-    const TaxCase taxCase = household(GetParam());
-    std::vector<PageContext> contexts{{.year = 2025, .region = GetParam()}};
-    for (const int year : RuleBook::supportedYears) {
-        contexts.push_back(contextOf(GetParam(), year));
-    }
-    for (const PageContext& context : contexts) {
-        const auto pages = pagesOf(context);
-        forEachCard(pages, [&](const Section&, const Card& card) {
-            std::set<std::string> labels;
-            const auto* list = std::get_if<ListCard>(&card);
-            for (const BoundField& field :
-                 list != nullptr ? list->fields(0) : fieldsOf(card, taxCase)) {
-                EXPECT_FALSE(field.label.empty()) << field.path;
-                EXPECT_TRUE(labels.insert(field.label).second) << field.path << " " << field.label;
-                EXPECT_TRUE(field.help.empty() || field.help.ends_with('.')) << field.help;
-            }
-        });
-        for (const std::string& text : textsOf(pages, taxCase)) {
-            for (const char* fault : {"ß", "\"", "%1", "{", "  ", " .", "..", "()", " ,"}) {
-                EXPECT_EQ(text.find(fault), std::string::npos) << fault << " in: " << text;
-            }
-            EXPECT_TRUE(text.empty() || (text.front() != ' ' && text.back() != ' ')) << text;
-        }
-    }
-    EXPECT_FALSE(says(textsOf(pagesOf(contexts.front()), taxCase), "Fr. "));
+TEST_P(EveryRegion, noAmountIsToldWithoutRules) {
+    const PageContext context{.year = 2025, .region = GetParam()};
+    EXPECT_FALSE(says(textsOf(pagesOf(context), household(GetParam())), "Fr. "));
 }
 
 TEST(InputPagesTexts, tellTheFiguresOfTheYear) {

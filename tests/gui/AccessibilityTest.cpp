@@ -1,4 +1,5 @@
 #include "Fiscarel_SG/look/Theme.h"
+#include "tests/gui/Contrast.h"
 #include "tests/gui/OpenWindow.h"
 
 #include <gtest/gtest.h>
@@ -9,7 +10,6 @@
 #include <QLabel>
 #include <QPushButton>
 #include <algorithm>
-#include <cmath>
 #include <map>
 #include <set>
 
@@ -19,6 +19,7 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 using look::Theme;
 using taxcore::TaxRegion;
+using testing::contrast;
 
 class Accessibility : public ::testing::TestWithParam<TaxRegion> {
   protected:
@@ -179,20 +180,6 @@ INSTANTIATE_TEST_SUITE_P(Demos, Accessibility,
                              return demo.param == TaxRegion::stGallen ? "StGallen"
                                                                       : "Liechtenstein";
                          });
-
-/// Relative luminance and contrast of sRGB colours, WCAG 2.1.
-double luminance(const QColor& color) {
-    const auto linear = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.red() / 255.0) + 0.7152 * linear(color.green() / 255.0)
-           + 0.0722 * linear(color.blue() / 255.0);
-}
-
-double contrast(const QColor& a, const QColor& b) {
-    const auto [darker, lighter] = std::minmax({luminance(a), luminance(b)});
-    return (lighter + 0.05) / (darker + 0.05);
-}
 
 TEST(Colours, textsAreReadableAndInputsAreSeen) {
     using Color = QColor Theme::*;

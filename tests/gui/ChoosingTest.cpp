@@ -164,6 +164,15 @@ TEST_F(Editors, parishFollowsTheMunicipalityThatTheUserChose) {
     EXPECT_EQ(edits.count(), 1);
     EXPECT_EQ(box.itemText(0), u"Buchs"_s);
 
+    taxCase_.municipality = "Sevelen";
+    editor.refresh(); // as the page does first
+    editor.refresh(u"municipality"_s);
+    EXPECT_EQ(editor.value(), Value(std::string("Sevelen"))) << "chosen again after the undoing";
+    EXPECT_EQ(edits.count(), 2);
+    taxCase_.municipality = "Buchs"; // undone again
+    editor.refresh();
+    editor.setValue({});
+
     editor.setValue(std::string("Sevelen"));
     EXPECT_TRUE(editor.problem().contains(u"«Sevelen» gehört nicht zu Buchs"_s));
     EXPECT_EQ(box.currentText(), u"Sevelen"_s) << "told, not dropped";

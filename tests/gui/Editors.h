@@ -30,7 +30,7 @@ class Editors : public testing::Test {
         field.isOptional = isOptional;
         if (kind == Editor::choice) {
             field.options = {
-                {"ledig", "ledig"}, {"verheiratet", "verheiratet"}, {"w", "verwitwet"}};
+                {"ledig", "ledig", {}}, {"verheiratet", "verheiratet", {}}, {"w", "verwitwet", {}}};
         }
         const EditorContext context{.page = {.year = 2025, .stGallen = rules_.get()},
                                     .taxCase = [this]() -> const TaxCase& { return taxCase_; }};

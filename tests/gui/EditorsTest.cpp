@@ -1,12 +1,13 @@
 #include "tests/gui/Editors.h"
 
+#include "tests/gui/Contrast.h"
+
 #include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QClipboard>
 #include <QPlainTextEdit>
 #include <QSignalSpy>
-#include <cmath>
 #include <string>
 
 namespace fiscarel::forms {
@@ -280,20 +281,6 @@ TEST_F(Editors, anEditorMayGoWhileItHasTheKeyboard) {
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }
 
-/// WCAG 2.1
-double contrast(const QColor& a, const QColor& b) {
-    const auto luminance = [](const QColor& colour) {
-        const auto linear = [](double part) {
-            return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-        };
-        return 0.2126 * linear(static_cast<double>(colour.redF()))
-               + 0.7152 * linear(static_cast<double>(colour.greenF()))
-               + 0.0722 * linear(static_cast<double>(colour.blueF()));
-    };
-    const double light = std::max(luminance(a), luminance(b));
-    return (light + 0.05) / (std::min(luminance(a), luminance(b)) + 0.05);
-}
-
 TEST_F(Editors, hintsCanBeReadInLightAndDark) {
     for (const QColor& background : {QColor(0xFF, 0xFF, 0xFF), QColor(0x1B, 0x1D, 0x1F)}) {
         QPalette palette(background);
@@ -307,8 +294,9 @@ TEST_F(Editors, hintsCanBeReadInLightAndDark) {
                 shown.color(kind == Editor::choice ? QPalette::Button : QPalette::Base);
             const QColor hint = shown.color(QPalette::PlaceholderText);
             EXPECT_EQ(hint.alpha(), 255);
-            EXPECT_GE(contrast(hint, behind), 4.5) << static_cast<int>(kind);
-            EXPECT_LT(contrast(hint, behind), contrast(shown.color(QPalette::Text), behind));
+            EXPECT_GE(testing::contrast(hint, behind), 4.5) << static_cast<int>(kind);
+            EXPECT_LT(testing::contrast(hint, behind),
+                      testing::contrast(shown.color(QPalette::Text), behind));
         }
     }
 }

@@ -4,9 +4,11 @@
 
 #include "Fiscarel_SG/pages/InputPages.h"
 #include "TaxCore/regions/CaseCalculator.h"
+#include "tests/support/InputPages.h"
 #include "tests/support/InputPaths.h"
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -22,15 +24,7 @@ using forms::PageContext;
 inline constexpr auto stGallen = TaxRegion::stGallen;
 inline constexpr auto liechtenstein = TaxRegion::liechtenstein;
 
-inline PageContext contextOf(TaxRegion region, int year = 2025) {
-    PageContext context{.year = year, .region = region};
-    if (region == liechtenstein) {
-        context.liechtenstein = LIRules::load(year).value().get();
-    } else {
-        context.stGallen = RuleBook::load(year, "SG").value().get();
-    }
-    return context;
-}
+using pages::testing::contextOf;
 
 inline std::vector<Page> pagesOf(const PageContext& context) {
     return {pages::pensionPage(context), pages::otherPage(context), pages::wealthPage(context)};
@@ -58,43 +52,23 @@ struct Desk {
         return found && found->shown(taxCase);
     }
     const forms::ListCard& list(std::string_view path) const {
-        for (const Page& page : pages) {
-            for (const forms::Section& section : page.sections) {
-                for (const forms::Card& card : section.cards) {
-                    const auto* list = std::get_if<forms::ListCard>(&card);
-                    if (list != nullptr && list->path == path) {
-                        return *list;
-                    }
-                }
-            }
-        }
-        throw std::out_of_range(std::string(path));
+        const forms::ListCard* found = nullptr;
+        forEachCard(pages, [&](const forms::Section&, const forms::Card& card) {
+            const auto* list = std::get_if<forms::ListCard>(&card);
+            found = list != nullptr && list->path == path ? list : found;
+        });
+        return found != nullptr ? *found : throw std::out_of_range(std::string(path));
     }
     /// All figures as "label: text (note)", of the cards that are shown.
     std::vector<std::string> figures() const {
         const auto calculator = CaseCalculator::forCase(taxCase).value();
         const TaxResult result = calculator.calculate(taxCase);
         std::vector<std::string> texts;
-        for (const Page& page : pages) {
-            for (const forms::Section& section : page.sections) {
-                for (const forms::Card& card : section.cards) {
-                    std::visit(
-                        [&](const auto& shown) {
-                            const bool there = (!section.shown || section.shown(taxCase))
-                                               && (!shown.shown || shown.shown(taxCase));
-                            if (!there || !shown.figures) {
-                                return;
-                            }
-                            for (const forms::Figure& figure : shown.figures(taxCase, result)) {
-                                texts.push_back(
-                                    figure.label + ": " + figure.text
-                                    + (figure.note.empty() ? "" : " (" + figure.note + ")"));
-                            }
-                        },
-                        card);
-                }
+        forEachCard(pages, [&](const forms::Section& section, const forms::Card& card) {
+            if (holds(section.shown, taxCase) && holds(shownOf(card), taxCase)) {
+                std::ranges::move(figuresOf(card, taxCase, result), std::back_inserter(texts));
             }
-        }
+        });
         return texts;
     }
     bool hasFigure(const std::string& text) const {

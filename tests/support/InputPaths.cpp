@@ -66,18 +66,83 @@ std::vector<std::string> inputPaths(const TaxCase& taxCase) {
     return paths;
 }
 
+void forEachCard(const std::vector<forms::Page>& pages,
+                 const std::function<void(const forms::Section&, const forms::Card&)>& visit) {
+    for (const forms::Page& page : pages) {
+        for (const forms::Section& section : page.sections) {
+            for (const forms::Card& card : section.cards) {
+                visit(section, card);
+            }
+        }
+    }
+}
+
+bool holds(const forms::Condition& condition, const TaxCase& taxCase) {
+    return !condition || condition(taxCase);
+}
+
+const forms::Condition& shownOf(const forms::Card& card) {
+    return std::visit([](const auto& any) -> const forms::Condition& { return any.shown; }, card);
+}
+
+std::vector<std::string> figuresOf(const forms::Card& card, const TaxCase& taxCase,
+                                   const TaxResult& result) {
+    const forms::Figures& figures =
+        std::visit([](const auto& any) -> const forms::Figures& { return any.figures; }, card);
+    std::vector<std::string> texts;
+    if (figures) {
+        for (const forms::Figure& figure : figures(taxCase, result)) {
+            texts.push_back(figure.label + ": " + figure.text
+                            + (figure.note.empty() ? "" : " (" + figure.note + ")"));
+        }
+    }
+    return texts;
+}
+
+std::vector<std::string> textsOf(const std::vector<forms::Page>& pages, const TaxCase& taxCase) {
+    std::vector<std::string> texts;
+    for (const forms::Page& page : pages) {
+        texts.insert(texts.end(), {page.title, page.help});
+    }
+    forEachCard(pages, [&](const forms::Section& section, const forms::Card& card) {
+        if (section.title) {
+            texts.push_back(section.title(taxCase));
+        }
+        std::visit(
+            [&](const auto& any) {
+                texts.insert(texts.end(), {any.title, any.help});
+            },
+            card);
+        if (const auto* list = std::get_if<forms::ListCard>(&card)) {
+            texts.insert(texts.end(), {list->itemName, list->emptyText});
+        }
+        for (const forms::BoundField& field : fieldsOf(card, taxCase)) {
+            texts.insert(texts.end(), {field.label, field.help});
+            for (const forms::Option& option : field.options) {
+                texts.insert(texts.end(), {option.label, option.wording});
+            }
+        }
+    });
+    return texts;
+}
+
+std::vector<forms::BoundField> fieldsOf(const forms::Card& card, const TaxCase& taxCase) {
+    if (const auto* plain = std::get_if<forms::FieldsCard>(&card)) {
+        return plain->fields;
+    }
+    const auto& list = std::get<forms::ListCard>(card);
+    std::vector<forms::BoundField> fields;
+    for (std::size_t at = 0; at < list.size(taxCase); ++at) {
+        append(fields, list.fields(at));
+    }
+    return fields;
+}
+
 std::vector<forms::BoundField> fieldsOf(const forms::Page& page, const TaxCase& taxCase) {
     std::vector<forms::BoundField> fields;
     for (const forms::Section& section : page.sections) {
         for (const forms::Card& card : section.cards) {
-            if (const auto* plain = std::get_if<forms::FieldsCard>(&card)) {
-                append(fields, plain->fields);
-                continue;
-            }
-            const auto& list = std::get<forms::ListCard>(card);
-            for (std::size_t at = 0; at < list.size(taxCase); ++at) {
-                append(fields, list.fields(at));
-            }
+            append(fields, fieldsOf(card, taxCase));
         }
     }
     return fields;

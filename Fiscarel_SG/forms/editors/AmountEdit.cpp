@@ -12,17 +12,17 @@ AmountEdit::AmountEdit(BoundField field, QWidget* parent)
 }
 
 LineEditor::Reading AmountEdit::read(const QString& text) const {
-    return parseAmount(toUtf8(text)).map([](const Decimal& amount) { return Value(amount); });
+    return parseAmount(utf8(text)).map([](const Decimal& amount) { return Value(amount); });
 }
 
 QString AmountEdit::shown(const Value& value) const {
     const auto* const amount = std::get_if<Decimal>(&value);
-    return amount != nullptr ? toQString(formatAmount(*amount)) : QString();
+    return amount != nullptr ? qs(formatAmount(*amount)) : QString();
 }
 
 QString AmountEdit::typed(const Value& value) const {
     const auto* const amount = std::get_if<Decimal>(&value);
-    return amount != nullptr ? toQString(formatPlain(*amount)) : QString();
+    return amount != nullptr ? qs(formatPlain(*amount)) : QString();
 }
 
 } // namespace fiscarel::forms

@@ -37,7 +37,7 @@ ChoiceEdit::ChoiceEdit(BoundField field, QWidget* parent)
     setOptions(this->field().options);
     connect(box_, &QComboBox::activated, this, [this](int index) {
         const QVariant raw = box_->itemData(index);
-        take(raw.isValid() ? Value(toUtf8(raw.toString())) : Value());
+        take(raw.isValid() ? Value(utf8(raw.toString())) : Value());
         show(); // «Keine Angabe» leaves the box empty, with its hint
     });
 }
@@ -51,12 +51,24 @@ void ChoiceEdit::setValue(const Value& value) {
     changed();
 }
 
+const Option* ChoiceEdit::optionOf(const Value& value) const {
+    const auto* const raw = std::get_if<std::string>(&value);
+    const auto option =
+        raw != nullptr ? std::ranges::find(options_, *raw, &Option::raw) : options_.end();
+    return option != options_.end() ? &*option : nullptr;
+}
+
+QString ChoiceEdit::wording() const {
+    const Option* const chosen = optionOf(value_);
+    return chosen != nullptr ? qs(chosen->wording) : QString();
+}
+
 void ChoiceEdit::setHint(const Value& lastYear) {
     const auto* const raw = std::get_if<std::string>(&lastYear);
     QString hint;
     if (raw != nullptr && !raw->empty()) {
-        const auto option = std::ranges::find(options_, *raw, &Option::raw);
-        hint = hintFor(toQString(option != options_.end() ? option->label : *raw));
+        const Option* const option = optionOf(lastYear);
+        hint = hintFor(qs(option != nullptr ? option->label : *raw));
     }
     box_->setPlaceholderText(hint);
 }
@@ -65,7 +77,8 @@ void ChoiceEdit::setOptions(std::vector<Option> options) {
     options_ = std::move(options);
     box_->clear();
     for (const Option& option : options_) {
-        box_->addItem(toQString(option.label), toQString(option.raw));
+        box_->addItem(qs(option.label), qs(option.raw));
+        box_->setItemData(box_->count() - 1, qs(option.wording), Qt::ToolTipRole);
     }
     // At the end, so that the down key on an empty box takes the first option.
     if (field().isOptional) {
@@ -92,15 +105,16 @@ void ChoiceEdit::show() {
     while (box_->count() > offered) {
         box_->removeItem(box_->count() - 1);
     }
+    describe();
     const auto* const raw = std::get_if<std::string>(&value_);
     if (raw == nullptr || raw->empty()) {
         box_->setCurrentIndex(-1);
         return;
     }
-    if (box_->findData(toQString(*raw)) < 0) {
-        box_->addItem(toQString(*raw), toQString(*raw));
+    if (box_->findData(qs(*raw)) < 0) {
+        box_->addItem(qs(*raw), qs(*raw));
     }
-    box_->setCurrentIndex(box_->findData(toQString(*raw)));
+    box_->setCurrentIndex(box_->findData(qs(*raw)));
 }
 
 } // namespace fiscarel::forms

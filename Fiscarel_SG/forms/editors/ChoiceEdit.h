@@ -30,6 +30,7 @@ class ChoiceEdit : public EditorBase {
     void setValue(const Value& value) override;
     Value value() const override { return value_; }
     void setHint(const Value& lastYear) override;
+    QString wording() const override;
 
   protected:
     /// Offers these; the value stays what it is.
@@ -43,6 +44,8 @@ class ChoiceEdit : public EditorBase {
 
   private:
     void show();
+    /// The option with the text of a value; null when none is offered.
+    const Option* optionOf(const Value& value) const;
 
     ChoiceBox* box_;
     std::vector<Option> options_;

@@ -103,12 +103,12 @@ DateEdit::DateEdit(BoundField field, int referenceYear, QWidget* parent)
 }
 
 LineEditor::Reading DateEdit::read(const QString& text) const {
-    return parseDate(toUtf8(text), referenceYear_).map([](Date date) { return Value(date); });
+    return parseDate(utf8(text), referenceYear_).map([](Date date) { return Value(date); });
 }
 
 QString DateEdit::shown(const Value& value) const {
     const auto* const date = std::get_if<Date>(&value);
-    return date != nullptr ? toQString(formatDate(*date)) : QString();
+    return date != nullptr ? qs(formatDate(*date)) : QString();
 }
 
 /// A year of two digits may be the beginning of one of four: "1.3.19".

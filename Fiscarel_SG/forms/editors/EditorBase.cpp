@@ -1,5 +1,7 @@
 #include "Fiscarel_SG/forms/editors/EditorBase.h"
 
+#include "Fiscarel_SG/look/Contrast.h"
+
 #include <QComboBox>
 #include <QEvent>
 #include <QFocusEvent>
@@ -18,23 +20,7 @@ namespace {
 
 constexpr double readable = 4.6; // a little above the 4.5 that is asked for
 
-/// Relative luminance of sRGB, WCAG 2.1.
-double luminance(const QColor& colour) {
-    const auto linear = [](float part) {
-        const auto value = static_cast<double>(part);
-        return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF())
-           + 0.0722 * linear(colour.blueF());
-}
-
-double contrast(const QColor& a, const QColor& b) {
-    const double first = luminance(a);
-    const double second = luminance(b);
-    return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
-}
-
-bool isDark(const QColor& colour) { return luminance(colour) < 0.2; }
+bool isDark(const QColor& colour) { return look::luminance(colour) < 0.2; }
 
 /// The face of a button where text on it is hardest to read: dark ones are drawn with a light
 /// sheen.
@@ -45,8 +31,8 @@ QColor buttonFace(const QPalette& palette) {
 
 QColor mix(const QColor& from, const QColor& to, int percent) {
     const auto part = [percent](int a, int b) { return a + (b - a) * percent / 100; };
-    return QColor(part(from.red(), to.red()), part(from.green(), to.green()),
-                  part(from.blue(), to.blue()));
+    return {part(from.red(), to.red()), part(from.green(), to.green()),
+            part(from.blue(), to.blue())};
 }
 
 /// The colour nearest to `wished` on the way to `strong` that can be read on `background`.
@@ -54,7 +40,7 @@ QColor readableOn(const QColor& background, const QColor& wished, const QColor& 
     constexpr int step = 4;
     for (int percent = 0; percent < 100; percent += step) {
         const QColor mixed = mix(wished, strong, percent);
-        if (contrast(mixed, background) >= readable) {
+        if (look::contrast(mixed, background) >= readable) {
             return mixed;
         }
     }
@@ -73,12 +59,6 @@ bool hasTabularDigits(const QFont& font) {
 }
 
 } // namespace
-
-QString toQString(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
-
-std::string toUtf8(const QString& text) { return text.toStdString(); }
 
 QColor faintText(const QPalette& palette, const QColor& background) {
     const QColor text = palette.color(QPalette::Text);
@@ -132,8 +112,8 @@ EditorBase::EditorBase(BoundField field, QWidget* parent)
 
 void EditorBase::adopt(QWidget* input, int characters) {
     input_ = input;
-    input->setObjectName(toQString(field_.path));
-    input->setAccessibleName(toQString(field_.label));
+    input->setObjectName(qs(field_.path));
+    input->setAccessibleName(qs(field_.label));
     characters_ = characters;
     input->setSizePolicy(QSizePolicy::Expanding, input->sizePolicy().verticalPolicy());
     limitWidth();
@@ -195,12 +175,9 @@ void EditorBase::limitWidth() {
 
 /// What is wrong comes first: that is what somebody who hears the field needs to know.
 void EditorBase::describe() {
-    QString description = problem_;
-    if (!field_.help.empty()) {
-        description +=
-            (description.isEmpty() ? QString() : QStringLiteral(" ")) + toQString(field_.help);
-    }
-    input_->setAccessibleDescription(description);
+    QStringList sentences{problem_, wording(), qs(field_.help)};
+    sentences.removeAll(QString());
+    input_->setAccessibleDescription(sentences.join(u' '));
 }
 
 void EditorBase::colourHint() {

@@ -1,16 +1,13 @@
 #pragma once
 
 #include "Fiscarel_SG/forms/FieldEditor.h"
+#include "Fiscarel_SG/forms/QtText.h"
 
 #include <QColor>
 #include <QFont>
 #include <QPalette>
-#include <string_view>
 
 namespace fiscarel::forms {
-
-QString toQString(std::string_view utf8);
-std::string toUtf8(const QString& text);
 
 /// The colour for hints and units: as faint as a contrast of 4.5 to the background allows (WCAG
 /// AA).
@@ -45,6 +42,9 @@ class EditorBase : public FieldEditor {
     /// Tells a problem, or with an empty text that there is none any more.
     void setProblem(const QString& problem);
 
+    /// Tells assistive technology what is wrong, what is chosen and what the field is for.
+    void describe();
+
     /// "Vorjahr: 82’400"; empty for what was empty.
     static QString hintFor(const QString& lastYear);
 
@@ -52,7 +52,6 @@ class EditorBase : public FieldEditor {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    void describe();
     void colourHint();
     void limitWidth();
 

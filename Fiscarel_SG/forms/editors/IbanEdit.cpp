@@ -13,12 +13,12 @@ IbanEdit::IbanEdit(BoundField field, QWidget* parent) : LineEditor(std::move(fie
 }
 
 LineEditor::Reading IbanEdit::read(const QString& text) const {
-    return parseIban(toUtf8(text)).map([](std::string iban) { return Value(std::move(iban)); });
+    return parseIban(utf8(text)).map([](std::string iban) { return Value(std::move(iban)); });
 }
 
 QString IbanEdit::shown(const Value& value) const {
     const auto* const iban = std::get_if<std::string>(&value);
-    return iban != nullptr ? toQString(groupIban(*iban)) : QString();
+    return iban != nullptr ? qs(groupIban(*iban)) : QString();
 }
 
 QString IbanEdit::problemOf(const Value& value) const {
@@ -27,12 +27,12 @@ QString IbanEdit::problemOf(const Value& value) const {
         return {};
     }
     const auto read = parseIban(*iban);
-    return read ? QString() : toQString(read.error());
+    return read ? QString() : qs(read.error());
 }
 
 bool IbanEdit::isComplete(const QString& text) const {
     constexpr std::size_t swissLength = 21;
-    const std::string iban = taxcore::compactIban(toUtf8(text));
+    const std::string iban = taxcore::compactIban(utf8(text));
     return (iban.starts_with("CH") || iban.starts_with("LI")) && iban.size() >= swissLength;
 }
 
@@ -43,7 +43,7 @@ void IbanEdit::typing() {
                              [](QChar letter) { return letter.isLetterOrNumber(); });
     };
     const QString text = line()->text();
-    const QString grouped = toQString(groupIban(toUtf8(text)));
+    const QString grouped = qs(groupIban(utf8(text)));
     if (grouped == text) {
         return;
     }

@@ -62,7 +62,7 @@ bool LineEditor::isEmptyValue(const Value& value) const {
 void LineEditor::showFigures() {
     line_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     line_->setFont(tabular(font()));
-    line_->setUnit(toQString(field().unit));
+    line_->setUnit(qs(field().unit));
     line_->setSelectsAll(true);
 }
 
@@ -81,7 +81,7 @@ void LineEditor::textEdited() {
     const Reading reading = readLine();
     if (!reading) {
         if (isComplete(text) || !problem().isEmpty()) {
-            tell(toQString(reading.error()));
+            tell(qs(reading.error()));
         }
         take(settled_);
     } else {
@@ -94,7 +94,7 @@ void LineEditor::settle() {
     if (isTyped_) {
         const Reading reading = readLine();
         if (!reading) {
-            tell(toQString(reading.error()));
+            tell(qs(reading.error()));
             take(settled_);
             return;
         }

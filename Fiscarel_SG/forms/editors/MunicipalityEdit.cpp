@@ -20,10 +20,9 @@ class NameCompleter final : public QCompleter {
     NameCompleter(const std::vector<std::string>& names, QObject* parent) : QCompleter(parent) {
         auto* const list = new QStandardItemModel(this);
         for (const std::string& name : names) {
-            auto* const item = new QStandardItem(toQString(name));
+            auto* const item = new QStandardItem(qs(name));
             // A line each, so that nothing is found across both.
-            item->setData(toQString(foldName(name, false) + "\n" + foldName(name, true)),
-                          foldedRole);
+            item->setData(qs(foldName(name, false) + "\n" + foldName(name, true)), foldedRole);
             list->appendRow(item);
         }
         setModel(list);
@@ -34,7 +33,7 @@ class NameCompleter final : public QCompleter {
     }
 
     QStringList splitPath(const QString& path) const override {
-        return {toQString(foldName(toUtf8(path), false))};
+        return {qs(foldName(utf8(path), false))};
     }
     QString pathFromIndex(const QModelIndex& index) const override {
         return index.data(Qt::DisplayRole).toString();
@@ -63,7 +62,7 @@ MunicipalityEdit::MunicipalityEdit(BoundField field, const PageContext& page, QW
     auto* const completer = new NameCompleter(names_, this);
     line()->setCompleter(completer);
     connect(completer, qOverload<const QString&>(&QCompleter::activated), this,
-            [this](const QString& name) { choose(toUtf8(name)); });
+            [this](const QString& name) { choose(utf8(name)); });
     auto* const button =
         new InputButton(InputButton::Sign::list, QStringLiteral("Gemeinden zeigen"), line());
     line()->setButton(button);
@@ -73,7 +72,7 @@ MunicipalityEdit::MunicipalityEdit(BoundField field, const PageContext& page, QW
 
 /// The name as the list spells it; one that is not in the list as it was typed.
 LineEditor::Reading MunicipalityEdit::read(const QString& text) const {
-    const std::string typedName = toUtf8(text);
+    const std::string typedName = utf8(text);
     const auto isTyped = [&](const std::string& name) {
         const std::string folded = foldName(typedName, false);
         return folded == foldName(name, false) || folded == foldName(name, true);
@@ -84,7 +83,7 @@ LineEditor::Reading MunicipalityEdit::read(const QString& text) const {
 
 QString MunicipalityEdit::shown(const Value& value) const {
     const auto* const name = std::get_if<std::string>(&value);
-    return name != nullptr ? toQString(*name) : QString();
+    return name != nullptr ? qs(*name) : QString();
 }
 
 QString MunicipalityEdit::problemOf(const Value& value) const {
@@ -94,9 +93,9 @@ QString MunicipalityEdit::problemOf(const Value& value) const {
     if (!mustBeListed || name == nullptr || name->empty()) {
         return {};
     }
-    const QString entered = toQString(*name);
+    const QString entered = qs(*name);
     const auto isEntered = [&](const std::string& listed) {
-        return toQString(listed).compare(entered, Qt::CaseInsensitive) == 0;
+        return qs(listed).compare(entered, Qt::CaseInsensitive) == 0;
     };
     if (std::ranges::any_of(names_, isEntered)) {
         return {};

@@ -23,9 +23,9 @@ void NumberEdit::setHint(const Value& lastYear) {
 
 LineEditor::Reading NumberEdit::read(const QString& text) const {
     if (isCount()) {
-        return parseInteger(toUtf8(text), field().unit).map([](int count) { return Value(count); });
+        return parseInteger(utf8(text), field().unit).map([](int count) { return Value(count); });
     }
-    return parseNumber(toUtf8(text), field().unit).map([](const Decimal& number) {
+    return parseNumber(utf8(text), field().unit).map([](const Decimal& number) {
         return Value(number);
     });
 }
@@ -35,12 +35,12 @@ QString NumberEdit::shown(const Value& value) const {
         return QString::number(*count); // ungrouped, as it may be a year
     }
     const auto* const number = std::get_if<Decimal>(&value);
-    return number != nullptr ? toQString(formatNumber(*number)) : QString();
+    return number != nullptr ? qs(formatNumber(*number)) : QString();
 }
 
 QString NumberEdit::typed(const Value& value) const {
     const auto* const number = std::get_if<Decimal>(&value);
-    return number != nullptr ? toQString(number->toString()) : shown(value);
+    return number != nullptr ? qs(number->toString()) : shown(value);
 }
 
 Value NumberEdit::emptyValue() const { return isCount() ? Value(0) : Value(Decimal()); }

@@ -50,7 +50,7 @@ ParagraphEdit::ParagraphEdit(BoundField field, QWidget* parent)
     connect(box_, &QPlainTextEdit::textChanged, this, [this] {
         const QString text = box_->toPlainText().trimmed();
         const Value typed =
-            text.isEmpty() && this->field().isOptional ? Value() : Value(toUtf8(text));
+            text.isEmpty() && this->field().isOptional ? Value() : Value(utf8(text));
         if (!(typed == value_)) {
             value_ = typed;
             Q_EMIT edited();
@@ -65,12 +65,12 @@ void ParagraphEdit::setValue(const Value& value) {
     value_ = value;
     const auto* const text = std::get_if<std::string>(&value);
     const QSignalBlocker quiet(box_);
-    box_->setPlainText(text != nullptr ? toQString(*text) : QString());
+    box_->setPlainText(text != nullptr ? qs(*text) : QString());
 }
 
 void ParagraphEdit::setHint(const Value& lastYear) {
     const auto* const text = std::get_if<std::string>(&lastYear);
-    box_->setPlaceholderText(text != nullptr ? hintFor(toQString(*text)) : QString());
+    box_->setPlaceholderText(text != nullptr ? hintFor(qs(*text)) : QString());
 }
 
 } // namespace fiscarel::forms

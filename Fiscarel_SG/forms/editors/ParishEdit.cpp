@@ -21,7 +21,6 @@ ParishEdit::ParishEdit(BoundField field, const EditorContext& context, QWidget* 
     : ChoiceEdit(std::move(field), parent), context_(context) {
     if (context_.taxCase) {
         offeredFor_ = context_.taxCase().municipality;
-        followed_ = offeredFor_;
     }
     setOptions(offered());
 }
@@ -34,13 +33,13 @@ void ParishEdit::refresh(const QString& editedPath) {
     const std::string& now = context_.taxCase().municipality;
     if (now != offeredFor_) {
         offeredFor_ = now;
+        hasMoved_ = true;
         setOptions(offered());
     }
-    if (editedPath != toQString(municipalityPath)) {
+    if (editedPath != qs(municipalityPath)) {
         return;
     }
-    const bool wasCleared = now == followed_ && value() == Value();
-    followed_ = now;
+    const bool wasCleared = !std::exchange(hasMoved_, false) && value() == Value();
     if (!wasCleared && !isOffered(options(), value())) {
         take(options().size() == 1 ? Value(options().front().raw) : Value());
     }
@@ -54,7 +53,7 @@ void ParishEdit::changed() {
     if (name != nullptr && !name->empty() && !isOffered(options(), entered) && !options().empty()) {
         problem = QStringLiteral("Die Kirchgemeinde «%1» gehört nicht zu %2. Wählen Sie eine aus "
                                  "der Liste.")
-                      .arg(toQString(*name), toQString(offeredFor_));
+                      .arg(qs(*name), qs(offeredFor_));
     }
     box()->setMarked(!problem.isEmpty());
     setProblem(problem);
@@ -67,7 +66,7 @@ std::vector<Option> ParishEdit::offered() const {
         rules != nullptr ? rules->municipalities.municipality(offeredFor_) : nullptr;
     if (municipality != nullptr) {
         for (const auto& parish : municipality->parishes) {
-            offered.push_back({parish.name, parish.name});
+            offered.push_back({parish.name, parish.name, {}});
         }
     }
     return offered;

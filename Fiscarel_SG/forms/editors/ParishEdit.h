@@ -20,7 +20,7 @@ class ParishEdit final : public ChoiceEdit {
 
     EditorContext context_;
     std::string offeredFor_; ///< the municipality whose parishes are offered
-    std::string followed_;   ///< the one the user last chose, as far as it is known here
+    bool hasMoved_ = false;  ///< the municipality is another since the user last chose it
 };
 
 } // namespace fiscarel::forms

@@ -23,8 +23,8 @@ constexpr int percentWidth = 58;
 } // namespace
 
 BillCard::BillCard(QWidget* parent)
-    : CardFrame({}, {}, parent), total_(new QLabel(this)), share_(nullptr),
-      ring_(new RingChart(this)), shares_(new DoorList({amountWidth, percentWidth}, this)),
+    : CardFrame({}, {}, parent), total_(new QLabel(this)), ring_(new RingChart(this)),
+      shares_(new DoorList({amountWidth, percentWidth}, this)),
       bases_(new DoorList({amountWidth}, this)) {
     look::setRole(total_, "total");
     total_->setObjectName(u"billTotal"_s);
@@ -60,12 +60,10 @@ void BillCard::refresh(const TaxResult& result, TaxRegion region) {
     const Decimal& income = result.bill.taxableIncomeCanton;
     const Decimal share =
         income > 0 ? (result.bill.total() * 100 / income).roundPlain(1) : Decimal(0);
-    share_->setText(u"Ohne Kapitalleistungen sind das %1% des steuerbaren Einkommens."_s.arg(
-        qs(MoneyFormat::number(share))));
-    if (!result.capitalPaymentTax) {
-        share_->setText(
-            u"Das sind %1% des steuerbaren Einkommens."_s.arg(qs(MoneyFormat::number(share))));
-    }
+    share_->setText((result.capitalPaymentTax
+                         ? u"Ohne Kapitalleistungen sind das %1% des steuerbaren Einkommens."_s
+                         : u"Das sind %1% des steuerbaren Einkommens."_s)
+                        .arg(qs(MoneyFormat::number(share))));
     share_->setVisible(share > 0);
     showShares(result, region);
     showBases(result, region);

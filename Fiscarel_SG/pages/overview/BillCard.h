@@ -33,7 +33,7 @@ class BillCard final : public CardFrame {
     void open(const std::vector<std::string>& codes, int index);
 
     QLabel* total_;
-    QLabel* share_;
+    QLabel* share_ = nullptr;
     RingChart* ring_;
     DoorList* shares_;
     DoorList* bases_;

@@ -11,18 +11,21 @@ std::vector<BillShare> billShares(const TaxResult& result, TaxRegion region) {
     const bool liechtenstein = region == TaxRegion::liechtenstein;
     std::vector<BillShare> shares{
         {liechtenstein ? "Landessteuer" : "Kanton", "cantonTotal", bill.cantonTotal(), {}},
-        {"Gemeinde", "municipalityTotal", bill.municipalityTotal(), {}}};
+        {liechtenstein ? "Gemeindesteuer" : "Gemeinde",
+         "municipalityTotal",
+         bill.municipalityTotal(),
+         {}}};
     if (!liechtenstein) {
         if (bill.churchRate > 0) {
             shares.push_back({"Kirche", "churchTotal", bill.churchTotal(), {}});
         }
         shares.push_back({"Bund", "federal", bill.federal, {}});
     }
-    if (result.capitalPaymentTax) {
-        shares.push_back({"Kapitalleistungen",
-                          "kapitalleistungen",
-                          result.capitalPaymentTax->canton + result.capitalPaymentTax->federal,
-                          {}});
+    const Decimal capital = result.capitalPaymentTax ? result.capitalPaymentTax->canton
+                                                           + result.capitalPaymentTax->federal
+                                                     : Decimal(0);
+    if (capital > 0) {
+        shares.push_back({"Kapitalleistungen", "kapitalleistungen", capital, {}});
     }
     const Decimal total = Advisor::totalTax(result);
     for (BillShare& share : shares) {

@@ -1,8 +1,8 @@
 #include "Fiscarel_SG/pages/overview/ChangeCard.h"
 
+#include "Fiscarel_SG/look/KeyboardOrder.h"
 #include "Fiscarel_SG/pages/overview/DoorList.h"
 #include "Fiscarel_SG/pages/overview/FigureStrip.h"
-#include "Fiscarel_SG/pages/overview/KeyboardOrder.h"
 #include "Fiscarel_SG/pages/overview/MoneyText.h"
 
 #include <QLabel>
@@ -56,7 +56,7 @@ RowContent rowOf(const LineChange& line, bool isDoor) {
 ChangeCard::ChangeCard(QWidget* parent)
     : CardFrame(u"Gegenüber dem Vorjahr"_s, {}, parent), missing_(addText({}, "faint")),
       totals_(new FigureStrip(3, this)), causes_(new DoorList({columnWidth}, this)),
-      lines_(new DoorList({columnWidth, columnWidth, columnWidth}, this)), more_(nullptr) {
+      lines_(new DoorList({columnWidth, columnWidth, columnWidth}, this)) {
     addInset(totals_);
     column().addWidget(causes_);
     column().addSpacing(6);
@@ -68,7 +68,7 @@ ChangeCard::ChangeCard(QWidget* parent)
     connect(more_, &QPushButton::clicked, this, [this] {
         showsAll_ = !showsAll_;
         showLines();
-        orderByLayout(column());
+        look::orderByLayout(column());
     });
 }
 

@@ -43,7 +43,7 @@ class ChangeCard final : public CardFrame {
     FigureStrip* totals_;
     DoorList* causes_;
     DoorList* lines_;
-    QPushButton* more_;
+    QPushButton* more_ = nullptr;
 };
 
 } // namespace fiscarel::pages

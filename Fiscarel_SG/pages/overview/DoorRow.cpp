@@ -14,13 +14,6 @@ namespace {
 
 constexpr int markerSize = 12;
 
-/// Style sheets are slow to apply; a role that stays is left alone.
-void giveRole(QLabel* label, const char* role) {
-    if (label->property("role").toString() != QLatin1String(role)) {
-        look::setRole(label, role);
-    }
-}
-
 QLabel* labelIn(QWidget* parent) {
     auto* const label = new QLabel(parent);
     label->setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -92,10 +85,10 @@ void DoorRow::setFigures(const QStringList& figures) {
 }
 
 void DoorRow::setFigureRole(std::size_t column, const char* role) {
-    giveRole(figures_.at(column), role);
+    look::setRole(figures_.at(column), role);
 }
 
-void DoorRow::setTitleRole(const char* role) { giveRole(title_, role); }
+void DoorRow::setTitleRole(const char* role) { look::setRole(title_, role); }
 
 void DoorRow::setDoor(bool isDoor) {
     setFocusPolicy(isDoor ? Qt::StrongFocus : Qt::NoFocus);

@@ -31,9 +31,7 @@ void FigureStrip::set(std::size_t index, const QString& name, const QString& fig
     block.name->setText(name);
     block.figure->setText(figure);
     block.figure->setAccessibleName(name + u' ' + figure);
-    if (block.figure->property("role").toString() != QLatin1String(role)) {
-        look::setRole(block.figure, role);
-    }
+    look::setRole(block.figure, role);
 }
 
 } // namespace fiscarel::pages

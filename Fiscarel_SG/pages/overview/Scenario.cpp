@@ -35,7 +35,7 @@ PersonIncome& incomeOf(TaxCase& taxCase, int person) {
     return person == 2 ? taxCase.income2 : taxCase.income1;
 }
 
-std::string nameOf(std::string what, const Adult& adult, const TaxCase& taxCase) {
+std::string nameOf(const std::string& what, const Adult& adult, const TaxCase& taxCase) {
     const std::string& firstName = adult.person.firstName;
     return taxCase.isJoint() ? what + " – " + (firstName.empty() ? adult.called() : firstName)
                              : what;

@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/forms/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
+#include "Fiscarel_SG/pages/NoticeDoor.h"
 #include "Fiscarel_SG/pages/NoticeSign.h"
 
 #include <QHBoxLayout>
@@ -64,17 +65,13 @@ void StepsCard::refresh(const std::vector<Notice>& notices) {
                                   "faint"));
         auto* const go = new QPushButton(u"Zum Übertragen"_s, content_);
         go->setObjectName(u"stepsTransfer"_s);
-        addDoor(go);
+        look::setRole(go, "link");
+        inside->addWidget(go, 0, Qt::AlignLeft);
         connect(go, &QPushButton::clicked, this, [this] { Q_EMIT pageWanted(u"transfer"_s); });
     }
     for (const Notice& notice : shown_) {
         add(notice);
     }
-}
-
-void StepsCard::addDoor(QPushButton* door) {
-    look::setRole(door, "link");
-    dynamic_cast<QVBoxLayout&>(*content_->layout()).addWidget(door, 0, Qt::AlignLeft);
 }
 
 void StepsCard::add(const Notice& notice) {
@@ -95,20 +92,11 @@ void StepsCard::add(const Notice& notice) {
     head->addWidget(level);
     inside.addLayout(head);
     inside.addWidget(labelIn(content_, qs(notice.message), "faint"));
-    if (!notice.path && !notice.area) {
-        return;
+    if (NoticeDoor* const go = NoticeDoor::of(notice, u"step"_s, content_)) {
+        inside.addWidget(go, 0, Qt::AlignLeft);
+        connect(go, &NoticeDoor::fieldWanted, this, &StepsCard::fieldWanted);
+        connect(go, &NoticeDoor::pageWanted, this, &StepsCard::pageWanted);
     }
-    auto* const go = new QPushButton(notice.path ? u"Zum Feld"_s : u"Zur Seite"_s, content_);
-    go->setObjectName(u"step:"_s + qs(notice.id));
-    go->setAccessibleName(u"%1: %2"_s.arg(go->text(), qs(notice.title)));
-    addDoor(go);
-    connect(go, &QPushButton::clicked, this, [this, path = notice.path, area = notice.area] {
-        if (path) {
-            Q_EMIT fieldWanted(qs(*path));
-        } else {
-            Q_EMIT pageWanted(qs(*area));
-        }
-    });
 }
 
 } // namespace fiscarel::pages

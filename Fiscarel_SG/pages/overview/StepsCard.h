@@ -25,7 +25,6 @@ class StepsCard final : public CardFrame {
 
   private:
     void add(const taxcore::Notice& notice);
-    void addDoor(QPushButton* door);
 
     QWidget* content_ = nullptr;
     QPushButton* all_;

@@ -21,7 +21,7 @@ constexpr int savingWidth = 120;
 
 TipsCard::TipsCard(QWidget* parent)
     : CardFrame(u"Spartipps"_s, {}, parent), nothing_(addText({}, "faint")),
-      list_(new DoorList({savingWidth}, this)), all_(nullptr) {
+      list_(new DoorList({savingWidth}, this)) {
     column().addWidget(list_);
     all_ = addLink({}, u"tipsAll"_s);
     connect(list_, &DoorList::chosen, this, [this](int index) {
@@ -52,6 +52,7 @@ void TipsCard::refresh(const std::vector<Notice>& tips, int year) {
                       : u"Alle %1 Spartipps in der Prüfung ansehen"_s.arg(tips.size()));
     all_->setVisible(!tips.empty());
     std::vector<RowContent> rows;
+    rows.reserve(open.size());
     for (const Notice& tip : open) {
         rows.push_back({.name = u"tip:"_s + qs(tip.id),
                         .title = qs(tip.title),

@@ -30,7 +30,7 @@ class TipsCard final : public CardFrame {
   private:
     QLabel* nothing_;
     DoorList* list_;
-    QPushButton* all_;
+    QPushButton* all_ = nullptr;
     std::vector<taxcore::Notice> shown_;
 };
 

@@ -6,7 +6,6 @@
 #include "Fiscarel_SG/pages/overview/MoneyText.h"
 
 #include <QPushButton>
-#include <QTimer>
 #include <QVBoxLayout>
 
 namespace fiscarel::pages {
@@ -19,7 +18,7 @@ WhatIfCard::WhatIfCard(AppStore& store, QWidget* parent)
                 u"Verschieben Sie Werte und sehen Sie, was es ausmacht. An Ihrer Steuererklärung "
                 "ändert sich nichts, bis Sie einen Wert übernehmen."_s,
                 parent),
-      store_(store), figures_(new FigureStrip(3, this)), levers_(new QVBoxLayout), reset_(nullptr) {
+      store_(store), figures_(new FigureStrip(3, this)), levers_(new QVBoxLayout) {
     addInset(figures_);
     levers_->setSpacing(0);
     levers_->setContentsMargins(8, 0, 0, 0);
@@ -88,7 +87,7 @@ void WhatIfCard::take(std::size_t index) {
 
 void WhatIfCard::calculateSoon() {
     if (!std::exchange(willCalculate_, true)) {
-        QTimer::singleShot(0, this, [this] { calculate(); });
+        QMetaObject::invokeMethod(this, &WhatIfCard::calculate, Qt::QueuedConnection);
     }
 }
 

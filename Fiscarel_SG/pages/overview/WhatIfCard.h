@@ -53,7 +53,7 @@ class WhatIfCard final : public CardFrame {
     FigureStrip* figures_;
     QVBoxLayout* levers_;
     std::vector<LeverRow*> rows_;
-    QPushButton* reset_;
+    QPushButton* reset_ = nullptr;
 };
 
 } // namespace fiscarel::pages

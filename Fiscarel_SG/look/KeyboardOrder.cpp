@@ -1,4 +1,4 @@
-#include "Fiscarel_SG/pages/overview/KeyboardOrder.h"
+#include "Fiscarel_SG/look/KeyboardOrder.h"
 
 #include <QLayout>
 #include <QScrollArea>
@@ -6,7 +6,7 @@
 #include <QWidget>
 #include <vector>
 
-namespace fiscarel::pages {
+namespace fiscarel::look {
 
 namespace {
 
@@ -49,4 +49,4 @@ void orderByLayout(const QLayout& layout) {
     }
 }
 
-} // namespace fiscarel::pages
+} // namespace fiscarel::look

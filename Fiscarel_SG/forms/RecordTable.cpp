@@ -1,0 +1,216 @@
+#include "Fiscarel_SG/forms/RecordTable.h"
+
+#include "Fiscarel_SG/forms/CellText.h"
+#include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/forms/RecordModel.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QStyledItemDelegate>
+#include <algorithm>
+#include <functional>
+
+namespace fiscarel::forms {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int visibleRows = 8;
+constexpr int usualRowHeight = 30;
+constexpr int roomForScrollBar = 20;
+
+/// A width that shows what usually stands in a column; longer texts tell themselves in their tool
+/// tips, and the user may widen it.
+int widthOf(const BoundField& field, const QFontMetrics& metrics) {
+    constexpr int padding = 22;
+    constexpr int arrow = 26;
+    constexpr int mostOfChoice = 190;
+    const auto width = [&](const QString& text) { return metrics.horizontalAdvance(text); };
+    int content = 0;
+    switch (field.editor) {
+    case Editor::amount:
+        content = width(u"1’000’000.00"_s);
+        break;
+    case Editor::decimal:
+    case Editor::integer:
+        content = width(u"10’000"_s);
+        break;
+    case Editor::date:
+        content = width(u"31.12.2025"_s);
+        break;
+    case Editor::check:
+        break;
+    case Editor::choice: // the first is the usual one
+        content = field.options.empty() ? 0 : width(qs(field.options.front().label)) + arrow;
+        content = std::min(content, mostOfChoice);
+        break;
+    default:
+        content = width(u"Kantonalbank Werdenberg"_s);
+    }
+    return std::max(content, width(qs(field.label))) + padding;
+}
+
+/// Edits choices by a list; everything else as text, which the model reads.
+class CellDelegate final : public QStyledItemDelegate {
+  public:
+    CellDelegate(const RecordModel& model, QObject* parent)
+        : QStyledItemDelegate(parent), model_(model) {}
+
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const override {
+        const BoundField& field = model_.column(index.column());
+        if (field.editor != Editor::choice) {
+            return QStyledItemDelegate::createEditor(parent, option, index);
+        }
+        auto* const box = new QComboBox(parent);
+        for (const Option& entry : field.options) {
+            box->addItem(qs(entry.label));
+        }
+        box->view()->setMinimumWidth(box->view()->sizeHintForColumn(0) + listMargin);
+        // What is chosen counts at once, not only when the cell is left.
+        connect(box, &QComboBox::activated, box,
+                [self = const_cast<CellDelegate*>(this), box] { Q_EMIT self->commitData(box); });
+        return box;
+    }
+    void setEditorData(QWidget* editor, const QModelIndex& index) const override {
+        if (auto* const box = qobject_cast<QComboBox*>(editor)) {
+            box->setCurrentIndex(box->findText(index.data(Qt::EditRole).toString()));
+        } else {
+            QStyledItemDelegate::setEditorData(editor, index);
+        }
+    }
+    void setModelData(QWidget* editor, QAbstractItemModel* model,
+                      const QModelIndex& index) const override {
+        const auto* const box = qobject_cast<QComboBox*>(editor);
+        if (box != nullptr && box->currentIndex() < 0) {
+            return; // nothing chosen, as in the empty row
+        }
+        if (box != nullptr) {
+            model->setData(index, box->currentText(), Qt::EditRole);
+        } else {
+            QStyledItemDelegate::setModelData(editor, model, index);
+        }
+    }
+
+    /// Cells pasted into the text of one cell are meant for the grid.
+    std::function<void(QWidget*)> gridPasted;
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::KeyPress && holdsGrid()
+            && static_cast<QKeyEvent*>(event)->matches(QKeySequence::Paste)) {
+            gridPasted(qobject_cast<QWidget*>(watched));
+            return true;
+        }
+        return QStyledItemDelegate::eventFilter(watched, event);
+    }
+
+  private:
+    static constexpr int listMargin = 28;
+
+    static bool holdsGrid() {
+        const QString copied = QApplication::clipboard()->text().trimmed();
+        return copied.contains(u'\t') || copied.contains(u'\n');
+    }
+
+    const RecordModel& model_;
+};
+
+} // namespace
+
+RecordTable::RecordTable(RecordModel& model, QWidget* parent) : QTableView(parent), model_(model) {
+    setModel(&model);
+    auto* const delegate = new CellDelegate(model, this);
+    delegate->gridPasted = [this](QWidget* editor) {
+        closeEditor(editor, QAbstractItemDelegate::NoHint); // what was typed there gives way
+        paste();
+    };
+    setItemDelegate(delegate);
+    setAlternatingRowColors(true);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setEditTriggers(QAbstractItemView::AllEditTriggers);
+    setTabKeyNavigation(true);
+    setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
+    horizontalHeader()->setStretchLastSection(true);
+    verticalHeader()->setDefaultSectionSize(usualRowHeight);
+    for (int i = 0; i < model.columnCount(); ++i) {
+        setColumnWidth(i, widthOf(model.column(i), fontMetrics()));
+    }
+    connect(verticalHeader(), &QHeaderView::sectionClicked, this, [this](int row) {
+        if (row == model_.rowCount() - 1) { // the plus
+            beginRecord();
+        }
+    });
+    fitHeight();
+}
+
+void RecordTable::fitHeight() {
+    const int rows = std::min(model_.rowCount(), visibleRows);
+    setFixedHeight(horizontalHeader()->sizeHint().height() + rows * usualRowHeight
+                   + roomForScrollBar);
+}
+
+void RecordTable::beginRecord() {
+    const QModelIndex first = model_.index(model_.rowCount() - 1, 0);
+    scrollTo(first);
+    setCurrentIndex(first);
+    setFocus(Qt::OtherFocusReason);
+    edit(first);
+}
+
+std::optional<std::size_t> RecordTable::currentRecord() const {
+    const QModelIndex at = currentIndex();
+    return at.isValid() && at.row() < model_.rowCount() - 1
+               ? std::optional(static_cast<std::size_t>(at.row()))
+               : std::nullopt;
+}
+
+bool RecordTable::isAtEdge(bool next) const {
+    const QModelIndex at = currentIndex();
+    return next ? at.row() == model_.rowCount() - 1 && at.column() == model_.columnCount() - 1
+                : at.row() == 0 && at.column() == 0;
+}
+
+bool RecordTable::focusNextPrevChild(bool next) {
+    return isAtEdge(next) ? QAbstractScrollArea::focusNextPrevChild(next)
+                          : QTableView::focusNextPrevChild(next);
+}
+
+void RecordTable::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+    const bool next = hint == QAbstractItemDelegate::EditNextItem;
+    const bool leaves = (next || hint == QAbstractItemDelegate::EditPreviousItem) && isAtEdge(next);
+    QTableView::closeEditor(editor, leaves ? QAbstractItemDelegate::NoHint : hint);
+    if (leaves) {
+        focusNextPrevChild(next);
+    }
+}
+
+void RecordTable::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QTableView::currentChanged(current, previous);
+    Q_EMIT moved();
+}
+
+void RecordTable::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Paste)) {
+        paste();
+    } else if (event->matches(QKeySequence::Copy)) {
+        QApplication::clipboard()->setText(currentIndex().data().toString());
+    } else if (event->key() == Qt::Key_Delete && currentIndex().isValid()) {
+        model_.setData(currentIndex(), QString(), Qt::EditRole);
+    } else {
+        QTableView::keyPressEvent(event);
+    }
+}
+
+void RecordTable::paste() {
+    const QModelIndex at =
+        currentIndex().isValid() ? currentIndex() : model_.index(model_.rowCount() - 1, 0);
+    model_.paste(at, QApplication::clipboard()->text());
+}
+
+} // namespace fiscarel::forms

@@ -1,0 +1,180 @@
+// Lists and tables of records on their pages, by the keyboard.
+
+#include "tests/gui/OpenWindow.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QLabel>
+#include <QPushButton>
+#include <QTableView>
+#include <QTest>
+
+namespace fiscarel {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+using namespace taxcore;
+
+class Records : public ::testing::Test {
+  protected:
+    testing::OpenWindow program;
+
+    static QString focusName() { return QApplication::focusWidget()->objectName(); }
+    void open(TaxCase taxCase, const QString& page) {
+        program.openDemo(TaxRegion::stGallen);
+        program.show(std::move(taxCase));
+        program.click(u"nav:"_s + page);
+        program.settle();
+    }
+    QTableView& table(const QString& path) { return program.find<QTableView>(u"table:"_s + path); }
+    /// Puts the keyboard into a cell; those with a text are then being edited.
+    void goTo(QTableView& table, int row, int column) {
+        table.setFocus(Qt::OtherFocusReason);
+        table.setCurrentIndex(table.model()->index(row, column));
+        QApplication::processEvents();
+    }
+};
+
+TaxCase withDebts(const std::vector<std::string>& creditors) {
+    TaxCase taxCase{.year = 2025};
+    for (const std::string& creditor : creditors) {
+        taxCase.debts.emplace_back().creditor = creditor;
+    }
+    return taxCase;
+}
+
+TEST_F(Records, theKeyboardStaysWithTheRecordThatMoves) {
+    open(withDebts({"Anna", "Beat", "Cla"}), u"wealth"_s);
+    const auto& debts = program.store->current().debts;
+    program.click(u"open:debts[0]"_s);
+    program.find(u"down:debts[0]"_s).setFocus(Qt::TabFocusReason);
+    program.press(Qt::Key_Space);
+    EXPECT_EQ(debts[1].creditor, "Anna");
+    ASSERT_EQ(focusName(), u"down:debts[1]"_s);
+    program.press(Qt::Key_Space);
+    EXPECT_EQ(debts[2].creditor, "Anna");
+    EXPECT_EQ(focusName(), u"open:debts[2]"_s) << "it goes no further down";
+
+    program.find(u"duplicate:debts[2]"_s).setFocus(Qt::TabFocusReason);
+    program.press(Qt::Key_Space);
+    EXPECT_EQ(focusName(), u"open:debts[3]"_s);
+    program.press(Qt::Key_Space);
+    program.find(u"remove:debts[3]"_s).setFocus(Qt::TabFocusReason);
+    program.press(Qt::Key_Space);
+    EXPECT_EQ(debts.size(), 3U);
+    EXPECT_EQ(focusName(), u"open:debts[2]"_s);
+}
+
+TEST_F(Records, buttonsSayWhichRecordTheyAreFor) {
+    open(withDebts({"Anna", "Beat"}), u"wealth"_s);
+    program.click(u"open:debts[1]"_s);
+    EXPECT_EQ(program.find(u"remove:debts[1]"_s).accessibleName(), u"Entfernen: Beat"_s);
+    program.enter(u"debts[1].creditor"_s, u"Bank"_s);
+    EXPECT_EQ(program.find(u"remove:debts[1]"_s).accessibleName(), u"Entfernen: BeatBank"_s);
+    EXPECT_EQ(program.find(u"remove:securities"_s).accessibleName(),
+              u"Zeile entfernen: Wertschriften und Guthaben"_s);
+}
+
+TEST_F(Records, whatASpreadsheetCopiesIsPastedOverCells) {
+    open(TaxCase{.year = 2025}, u"other"_s);
+    const auto& gifts = program.store->current().householdDeductions.donations;
+    QTableView& cells = table(u"householdDeductions.donations"_s);
+    goTo(cells, 0, 0);
+    ASSERT_NE(QApplication::focusWidget(), &cells) << "the cell is being edited";
+    QApplication::clipboard()->setText(
+        u"1.2.2025\tRotes Kreuz\t1'200\tnein\r\n\tPartei\t80\tja\n3.4.25\tx\tviel\t\n"_s);
+    program.press(Qt::Key_V, Qt::ControlModifier);
+    ASSERT_EQ(gifts.size(), 3U);
+    EXPECT_EQ(gifts[0].date, Date::of(2025, 2, 1));
+    EXPECT_EQ(gifts[0].amount, 1'200);
+    EXPECT_FALSE(gifts[0].isPoliticalParty);
+    EXPECT_TRUE(gifts[1].isPoliticalParty);
+    EXPECT_FALSE(gifts[1].date);
+    EXPECT_EQ(gifts[2].amount, 0) << "stays what it was";
+    bool isTold = false;
+    for (const QLabel* label : program.window->findChildren<QLabel*>()) {
+        isTold = isTold || label->text().startsWith(u"Ein Feld war nicht lesbar. Betrag: «viel»"_s);
+    }
+    EXPECT_TRUE(isTold);
+    program.press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_TRUE(gifts.empty()) << "undone as one";
+}
+
+TEST_F(Records, theTabulatorLeavesATableAtItsEnds) {
+    open(TaxCase{.year = 2025}, u"other"_s);
+    QTableView& gifts = table(u"householdDeductions.donations"_s);
+    const auto isInside = [&] {
+        const QWidget* const focused = QApplication::focusWidget();
+        return focused == &gifts || gifts.isAncestorOf(focused);
+    };
+    const int columns = gifts.model()->columnCount();
+    goTo(gifts, 0, 0);
+    for (int column = 1; column < columns; ++column) {
+        program.press(Qt::Key_Tab);
+        ASSERT_TRUE(isInside());
+        EXPECT_EQ(gifts.currentIndex().column(), column);
+    }
+    program.press(Qt::Key_Tab);
+    EXPECT_FALSE(isInside());
+    goTo(gifts, 0, 0);
+    program.press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_FALSE(isInside());
+    EXPECT_EQ(program.store->current().householdDeductions.donations.size(), 0U);
+
+    // What is typed into the last cell but one makes a record; the empty row comes after it.
+    goTo(gifts, 0, 2);
+    program.type(u"50"_s);
+    for (int i = 0; i < 2; ++i) {
+        program.press(Qt::Key_Tab);
+    }
+    EXPECT_TRUE(isInside());
+    EXPECT_EQ(gifts.currentIndex(), gifts.model()->index(1, 0));
+}
+
+TEST_F(Records, helpTellsOfTheColumnWithTheKeyboard) {
+    open(TaxCase{.year = 2025}, u"other"_s);
+    const QString name = u"help:householdDeductions.donations"_s;
+    goTo(table(u"householdDeductions.donations"_s), 0, 1);
+    program.press(Qt::Key_F1);
+    EXPECT_EQ(program.find<QLabel>(name).text(),
+              u"Empfänger: Name der Organisation oder Partei."_s);
+    program.press(Qt::Key_Tab);
+    EXPECT_TRUE(program.find<QLabel>(name).text().startsWith(u"Betrag: "_s));
+    program.press(Qt::Key_F1);
+    EXPECT_FALSE(program.isShown(name));
+}
+
+TEST_F(Records, anEmptyRegisterOffersThatOfLastYear) {
+    open(TaxCase{.year = 2025}, u"wealth"_s);
+    EXPECT_FALSE(program.isShown(u"takeover:securities"_s));
+    program.store->setYear(2024);
+    TaxCase before{.year = 2024};
+    before.securities.emplace_back().institution = "Kantonalbank";
+    program.show(before);
+    program.store->setYear(2025);
+    program.settle();
+    program.click(u"takeover:securities"_s);
+    const auto& securities = program.store->current().securities;
+    ASSERT_EQ(securities.size(), 1U);
+    EXPECT_EQ(securities[0].institution, "Kantonalbank");
+    EXPECT_FALSE(program.isShown(u"takeover:securities"_s));
+}
+
+TEST_F(Records, theReasonForACarIsToldInTheWordsOfTheForm) {
+    TaxCase taxCase{.year = 2025};
+    taxCase.income1.salaries.emplace_back().grossSalary = 90'000;
+    taxCase.deductions1.work.carKmOneWay = 20;
+    open(std::move(taxCase), u"work"_s);
+    const QString path = u"deductions1.work.carJustification"_s;
+    EXPECT_FALSE(program.isShown(u"wording:"_s + path));
+    program.choose(path, u"Zeit"_s);
+    EXPECT_EQ(program.store->current().deductions1.work.carJustification,
+              "Zeitersparnis über 60 Minuten pro Tag");
+    EXPECT_EQ(program.find<QLabel>(u"wording:"_s + path).text(),
+              u"Einsparung über 60 Minuten/Tag durch Motorfahrzeugbenützung"_s);
+}
+
+} // namespace
+} // namespace fiscarel
