@@ -161,7 +161,9 @@ void RecordTable::beginRecord() {
     scrollTo(first);
     setCurrentIndex(first);
     setFocus(Qt::OtherFocusReason);
-    edit(first);
+    if (state() != EditingState) { // it already is where the row became the current one
+        edit(first);
+    }
 }
 
 std::optional<std::size_t> RecordTable::currentRecord() const {
