@@ -85,12 +85,14 @@ QVariant RecordModel::data(const QModelIndex& index, int role) const {
     }
 }
 
+QString RecordModel::invitation() { return u"Hier eintragen …"_s; }
+
 /// What the row behind the records shows: where to begin.
 QVariant RecordModel::emptyRow(const QModelIndex& index, int role) const {
     const BoundField& field = column(index.column());
     switch (role) {
     case Qt::DisplayRole:
-        return index.column() == 0 ? QVariant(u"Hier eintragen …"_s) : QVariant();
+        return index.column() == 0 ? QVariant(invitation()) : QVariant();
     case Qt::ForegroundRole:
         return look::Theme::current().faint;
     case Qt::CheckStateRole:

@@ -25,7 +25,7 @@ constexpr int roomForScrollBar = 20;
 
 /// A width that shows what usually stands in a column; longer texts tell themselves in their tool
 /// tips, and the user may widen it.
-int widthOf(const BoundField& field, const QFontMetrics& metrics) {
+int widthOf(const BoundField& field, bool isFirst, const QFontMetrics& metrics) {
     constexpr int padding = 22;
     constexpr int arrow = 26;
     constexpr int mostOfChoice = 190;
@@ -51,7 +51,8 @@ int widthOf(const BoundField& field, const QFontMetrics& metrics) {
     default:
         content = width(u"Kantonalbank Werdenberg"_s);
     }
-    return std::max(content, width(qs(field.label))) + padding;
+    const int invitation = isFirst ? width(RecordModel::invitation()) : 0;
+    return std::max({content, width(qs(field.label)), invitation}) + padding;
 }
 
 /// Edits choices by a list; everything else as text, which the model reads.
@@ -139,7 +140,7 @@ RecordTable::RecordTable(RecordModel& model, QWidget* parent) : QTableView(paren
     horizontalHeader()->setStretchLastSection(true);
     verticalHeader()->setDefaultSectionSize(usualRowHeight);
     for (int i = 0; i < model.columnCount(); ++i) {
-        setColumnWidth(i, widthOf(model.column(i), fontMetrics()));
+        setColumnWidth(i, widthOf(model.column(i), i == 0, fontMetrics()));
     }
     connect(verticalHeader(), &QHeaderView::sectionClicked, this, [this](int row) {
         if (row == model_.rowCount() - 1) { // the plus
@@ -160,7 +161,9 @@ void RecordTable::beginRecord() {
     scrollTo(first);
     setCurrentIndex(first);
     setFocus(Qt::OtherFocusReason);
-    edit(first);
+    if (state() != EditingState) { // it already is where the row became the current one
+        edit(first);
+    }
 }
 
 std::optional<std::size_t> RecordTable::currentRecord() const {
