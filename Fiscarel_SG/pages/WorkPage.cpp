@@ -9,9 +9,8 @@ using namespace taxcore;
 
 std::string mostDaysText(int most) {
     constexpr int percent = 60; // an example: three days of five
-    return "Höchstens " + std::to_string(most)
-           + " Tage bei vollem Pensum. Bei Teilzeit zählt derselbe Anteil davon: "
-           + std::to_string(percent) + "% sind " + std::to_string(most * percent / 100) + " Tage.";
+    return "Höchstens " + std::to_string(most) + " Tage. Das gilt bei vollem Pensum; bei "
+           + std::to_string(percent) + "% sind es " + std::to_string(most * percent / 100) + ".";
 }
 
 FieldsCard needsSalaryCard(int number) {

@@ -25,7 +25,7 @@ namespace {
 
 /// Whether anything of the user's own is there to be saved.
 bool hasEntries(const AppStore& store) {
-    return !store.documents().empty()
+    return store.undoName() || !store.documents().empty()
            || std::ranges::any_of(store.cases(), [](const auto& yearAndCase) {
                   return !pages::isUntouched(yearAndCase.second);
               });

@@ -56,13 +56,14 @@ TEST(DeductionPageFigures, showCantonAndFederationWhereTheyDiffer) {
     const Desk desk(taxCase);
     for (const char* wanted : {
              "Prämien und Sparzinsen: 9’000",
-             "Höchstbetrag: 7’900 · Bund 6’250",
-             "Abziehbar: 7’900 · Bund 6’250",
+             "Höchstbetrag: Kanton 7’900 · Bund 6’250",
+             "Abziehbar: Kanton 7’900 · Bund 6’250",
              "Krankheits- und Unfallkosten: 3’000",
              "Spenden abziehbar: 0 (gekürzt, eingetragen sind 60)",
-             "Parteispenden abziehbar: 15’000 · Bund 10’600 (gekürzt, eingetragen sind 15’000)",
-             "Abzug für unterstützte Personen: 0 · Bund 6’800",
-             "Abzug: 400 · Bund 0",
+             "Parteispenden abziehbar: Kanton 15’000 · Bund 10’600 (gekürzt, eingetragen sind "
+             "15’000)",
+             "Abzug für unterstützte Personen: Kanton 0 · Bund 6’800",
+             "Abzug: Kanton 400 · Bund 0",
          }) {
         EXPECT_TRUE(desk.hasFigure(wanted)) << wanted << " in\n" << joined(desk.figures());
     }

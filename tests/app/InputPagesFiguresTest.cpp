@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 
 namespace fiscarel::pages {
@@ -47,9 +48,10 @@ TEST(InputPagesFigures, tellWhatOfTheWayToWorkCounts) {
     work.publicTransportCost = 3'000;
     EXPECT_EQ(workFigures(taxCase, "1. Arbeitsweg"), Told{"Abzug Arbeitsweg: 3’000"});
     work.publicTransportCost = 5'000;
-    EXPECT_EQ(workFigures(taxCase, "1. Arbeitsweg"),
-              Told{"Abzug Arbeitsweg: 5’000 · Bund 3’300 (Beim Bund gekürzt auf Fr. 3’300 (Kosten "
-                   "5’000))"});
+    EXPECT_EQ(
+        workFigures(taxCase, "1. Arbeitsweg"),
+        Told{"Abzug Arbeitsweg: Kanton 5’000 · Bund 3’300 (Beim Bund gekürzt auf Fr. 3’300 (Kosten "
+             "5’000))"});
 
     // 2 × 30 km on 220 days at 70 Rappen are 9'240.
     work.publicTransportCost = 0;
@@ -58,9 +60,10 @@ TEST(InputPagesFigures, tellWhatOfTheWayToWorkCounts) {
     EXPECT_EQ(workFigures(taxCase, "1. Arbeitsweg"),
               Told{"Abzug Arbeitsweg: 0 (Ohne Begründung zählt das Auto nicht.)"});
     work.carJustification = "Kein öffentliches Verkehrsmittel";
-    EXPECT_EQ(workFigures(taxCase, "1. Arbeitsweg"),
-              Told{"Abzug Arbeitsweg: 8’000 · Bund 3’300 (Gekürzt auf Fr. 8’000, Bund auf Fr. "
-                   "3’300 (Kosten 9’240))"});
+    EXPECT_EQ(
+        workFigures(taxCase, "1. Arbeitsweg"),
+        Told{"Abzug Arbeitsweg: Kanton 8’000 · Bund 3’300 (Gekürzt auf Fr. 8’000, Bund auf Fr. "
+             "3’300 (Kosten 9’240))"});
 
     taxCase.income1.salaries[0].fieldF = true;
     EXPECT_EQ(workFigures(taxCase, "1. Arbeitsweg"),
@@ -84,8 +87,9 @@ TEST(InputPagesFigures, tellWhatOfTheOtherWorkExpensesCounts) {
 
     // 10 % and 3 % of 90'000, between their bounds.
     EXPECT_EQ(workFigures(taxCase, "3. Übrige Berufskosten"),
-              Told{"Abzug übrige Berufskosten: 2’400 · Bund 2’700"});
-    EXPECT_EQ(workFigures(taxCase, "Total Berufskosten"), Told{"Abzug total: 3’150 · Bund 3’450"});
+              Told{"Abzug übrige Berufskosten: Kanton 2’400 · Bund 2’700"});
+    EXPECT_EQ(workFigures(taxCase, "Total Berufskosten"),
+              Told{"Abzug total: Kanton 3’150 · Bund 3’450"});
     taxCase.income1.salaries[0].flatRateExpenses = 1'200;
     EXPECT_EQ(workFigures(taxCase, "3. Übrige Berufskosten"),
               Told{"Abzug übrige Berufskosten: 0 (Der Arbeitgeber zahlt pauschale Spesen – die "
@@ -127,14 +131,83 @@ TEST(InputPagesFigures, tellTheCostsOfLiechtenstein) {
 TEST(InputPagesFigures, nameTheMultipliersOfTheResidence) {
     TaxCase taxCase = salariedCouple(TaxRegion::stGallen);
     const Page page = familyPage(contextOf(TaxRegion::stGallen));
-    const auto* card = cardOf<FieldsCard>(page, 3, "Wohnort");
+    const auto* card = cardOf<FieldsCard>(page, 0, "Haushalt und Wohnort");
     const auto figuresOf = [&] {
         return card->figures(taxCase, CaseCalculator::forCase(taxCase).value().calculate(taxCase));
     };
-    ASSERT_EQ(figuresOf().size(), 2U);
-    EXPECT_EQ(figuresOf()[0].text, "105%");
+    ASSERT_EQ(figuresOf().size(), 3U);
+    EXPECT_EQ(figuresOf()[1].text, "105%");
+
+    taxCase.person1.firstName = "Anna";
+    taxCase.person1.confession = Confession::christkatholisch;
+    ASSERT_EQ(figuresOf().size(), 4U);
+    EXPECT_EQ(figuresOf()[3].note, "Der halbe Steuerfuss: Nur Anna bezahlt Kirchensteuer.");
+    taxCase.person2.confession = Confession::christkatholisch;
+    EXPECT_EQ(figuresOf()[3].note, "");
+
     taxCase.municipality = "Nirgendwo";
-    EXPECT_TRUE(figuresOf().empty());
+    EXPECT_EQ(figuresOf().size(), 1U) << "the tariff";
+}
+
+/// The field of a page at a path of the case.
+forms::BoundField fieldAt(const Page& page, const TaxCase& taxCase, std::string_view path) {
+    const auto fields = fiscarel::testing::fieldsOf(page, taxCase);
+    const auto found = std::ranges::find(fields, path, &forms::BoundField::path);
+    return found != fields.end() ? *found : forms::BoundField{};
+}
+
+TEST(InputPagesNotes, tellWhatCountsOfTheRentalValue) {
+    TaxCase taxCase = salariedCouple(TaxRegion::stGallen);
+    RealEstate& home = taxCase.realEstate.emplace_back();
+    home.imputedRentalValue = 18'900;
+    const Page page = wealthPage(contextOf(TaxRegion::stGallen));
+    const auto note = fieldAt(page, taxCase, "realEstate[0].imputedRentalValue").note;
+    EXPECT_EQ(note(taxCase), "Es zählen 18’900 − 30% = 13’230.");
+    home.rooms = 4;
+    home.unusedRooms = 3;
+    EXPECT_EQ(note(taxCase), "Es zählen 18’900 − 30% − unbenutzte Zimmer = 6’615.");
+    home.isPrimaryResidence = false;
+    EXPECT_EQ(note(taxCase), "") << "a holiday home counts whole";
+}
+
+TEST(InputPagesRecords, beginWithWhatIsKnown) {
+    TaxCase taxCase = salariedCouple(TaxRegion::stGallen);
+    taxCase.municipality = "Wil";
+    taxCase.person1.lastName = "Keller";
+    taxCase.person2.lastName = "Meier";
+    taxCase.person1.employer = "Muster AG";
+    taxCase.income1.salaries.clear();
+    const auto context = contextOf(TaxRegion::stGallen);
+    const auto children = *cardOf<ListCard>(familyPage(context), 3, "Kinder");
+    const auto salaries = *cardOf<ListCard>(incomePage(context), 0, "Lohnausweise");
+    const auto properties = *cardOf<ListCard>(wealthPage(context), 1, "Liegenschaften");
+    children.add(taxCase);
+    EXPECT_EQ(taxCase.children.back().lastName, "") << "it could be either name";
+    taxCase.person2.lastName = "Keller";
+    children.add(taxCase);
+    EXPECT_EQ(taxCase.children.back().lastName, "Keller");
+    salaries.add(taxCase);
+    salaries.add(taxCase);
+    EXPECT_EQ(taxCase.income1.salaries[0].employer, "Muster AG");
+    EXPECT_EQ(taxCase.income1.salaries[1].employer, "") << "the second is of another employer";
+    properties.add(taxCase);
+    EXPECT_EQ(taxCase.realEstate.back().municipality, "Wil");
+}
+
+TEST(InputPagesRecords, educationFollowsTheBirthDateUntilItIsChosen) {
+    TaxCase taxCase = salariedCouple(TaxRegion::stGallen);
+    Child& child = taxCase.children.emplace_back();
+    const auto birth =
+        fieldAt(familyPage(contextOf(TaxRegion::stGallen)), taxCase, "children[0].birthDate");
+    const auto bornIn = [&](int year) {
+        birth.set(taxCase, *Date::of(year, 3, 1));
+        return child.education;
+    };
+    EXPECT_EQ(bornIn(2024), ChildEducation::vorschule);
+    EXPECT_EQ(bornIn(2015), ChildEducation::schule);
+    EXPECT_EQ(bornIn(2007), ChildEducation::ausbildung);
+    child.education = ChildEducation::keine;
+    EXPECT_EQ(bornIn(2015), ChildEducation::keine) << "chosen";
 }
 
 TEST(InputPagesRows, sumUpCertificatesAndPensions) {

@@ -114,6 +114,17 @@ TEST_F(Editors, municipalityIsFoundByAnyPartOfItsName) {
     EXPECT_EQ(edits.count(), 4);
 }
 
+TEST_F(Editors, municipalityThatIsTypedStandsFirst) {
+    FieldEditor& editor = make(Editor::municipality, false, "municipality");
+    enter(editor);
+    retype(editor, u"Wil"_s);
+    const QAbstractItemModel& found = *line(editor).completer()->completionModel();
+    ASSERT_GT(found.rowCount(), 2);
+    EXPECT_EQ(found.index(0, 0).data().toString(), u"Wil"_s);
+    EXPECT_TRUE(found.index(1, 0).data().toString().startsWith(u"Wil"_s)) << "Wildhaus";
+    line(editor).completer()->popup()->hide();
+}
+
 TEST_F(Editors, municipalityTypedInFullNeedsNoList) {
     FieldEditor& editor = make(Editor::municipality, false, "municipality");
     enter(editor);

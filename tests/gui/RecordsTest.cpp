@@ -68,6 +68,29 @@ TEST_F(Records, theKeyboardStaysWithTheRecordThatMoves) {
     EXPECT_EQ(focusName(), u"open:debts[2]"_s);
 }
 
+TEST_F(Records, stayOpenInAnotherAppearance) {
+    open(withDebts({"Anna", "Beat"}), u"wealth"_s);
+    program.click(u"open:debts[1]"_s);
+    ASSERT_TRUE(program.isShown(u"debts[1].creditor"_s));
+    program.click(u"nav:account"_s);
+    program.choose(u"appearance"_s, u"Dunkel"_s);
+    program.settle();
+    program.click(u"nav:wealth"_s);
+    program.settle();
+    EXPECT_TRUE(program.isShown(u"debts[1].creditor"_s));
+}
+
+TEST_F(Records, linksLeadToPersonsAndOnToTheNextPage) {
+    program.openDemo(TaxRegion::stGallen);
+    program.click(u"nav:income"_s);
+    program.settle();
+    program.click(u"jump:1"_s);
+    program.settle();
+    EXPECT_TRUE(testing::isInSight(program.find(u"add:income2.salaries"_s)));
+    program.click(u"next"_s);
+    EXPECT_EQ(program.window->currentPage(), u"work"_s);
+}
+
 TEST_F(Records, buttonsSayWhichRecordTheyAreFor) {
     open(withDebts({"Anna", "Beat"}), u"wealth"_s);
     program.click(u"open:debts[1]"_s);
