@@ -85,12 +85,17 @@ void PageFrame::showTop(QWidget* widget) {
     sought_.clear();
     const int top = widget->mapTo(scroll_->widget(), QPoint(0, 0)).y();
     scroll_->verticalScrollBar()->setValue(top - cardSpacing);
+    QWidget* first = nullptr;
+    const auto height = [&](const QWidget* of) { return of->mapTo(widget, QPoint(0, 0)).y(); };
     for (QWidget* const within : widget->findChildren<QWidget*>()) {
-        if ((within->focusPolicy() & Qt::TabFocus) != 0 && within->isVisible()
-            && within->isEnabled()) {
-            within->setFocus(Qt::OtherFocusReason);
-            return;
+        const bool takesKeyboard = (within->focusPolicy() & Qt::TabFocus) != 0
+                                   && within->isVisible() && within->isEnabled();
+        if (takesKeyboard && (first == nullptr || height(within) < height(first))) {
+            first = within;
         }
+    }
+    if (first != nullptr) {
+        first->setFocus(Qt::OtherFocusReason);
     }
 }
 

@@ -115,6 +115,9 @@ Stop stopAt(QWidget& widget, const QWidget& window) {
             stop.card = placeOf(*at);
         }
     }
+    if (stop.card.isNull()) {
+        stop.card = stop.place; // a link between cards
+    }
     return stop;
 }
 

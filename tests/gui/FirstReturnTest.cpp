@@ -32,6 +32,7 @@ TaxCase expectedHousehold() {
     taxCase.person2.confession = Confession::evangelischReformiert;
     for (const auto& [name, year] : {std::pair("Cla", 2012), std::pair("Dora", 2021)}) {
         Child& child = taxCase.children.emplace_back();
+        child.lastName = "Muster"; // the parents'
         child.firstName = name;
         child.birthDate = Date::of(year, 5, 17).value();
     }
@@ -156,7 +157,6 @@ class FirstReturn : public ::testing::Test {
         go(u"wealth"_s);
         program.click(u"add:realEstate"_s);
         program.type(u"Einfamilienhaus"_s);
-        program.enter(u"realEstate[0].municipality"_s, u"Altstätten"_s);
         program.enter(u"realEstate[0].taxValue"_s, u"642'000"_s);
         program.enter(u"realEstate[0].imputedRentalValue"_s, u"21480"_s);
         program.click(u"add:debts"_s);

@@ -33,9 +33,10 @@ void InputButton::paintEvent(QPaintEvent*) {
     const QPointF middle = QRectF(rect()).center();
     const double half = std::min(width(), height()) * 0.26;
     if (sign_ == Sign::list) {
+        constexpr double reach = 3.5; // as the arrow of the lists without a line
         painter.drawPolyline(
-            QPolygonF({middle + QPointF(-half, -half / 2), middle + QPointF(0, half / 2),
-                       middle + QPointF(half, -half / 2)}));
+            QPolygonF({middle + QPointF(-reach, -reach / 2), middle + QPointF(0, reach / 2),
+                       middle + QPointF(reach, -reach / 2)}));
         return;
     }
     const QRectF sheet(middle.x() - half, middle.y() - half * 0.85, 2 * half, 1.9 * half);
