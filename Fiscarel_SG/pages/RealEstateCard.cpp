@@ -125,8 +125,8 @@ std::string flatRateNote(const RealEstate& property,
     return property.useFlatRateMaintenance
                ? "Gerechnet wird mit " + percentText(params.pauschalabzugSatz)
                      + " bei Kanton und Bund. Ist das Gebäude am Jahresende höchstens zehn Jahre "
-                       "alt, lässt der Bund nur 10% zu: Setzen Sie dort 10% ein; die Bundessteuer "
-                       "wird etwas höher als hier."
+                       "alt, gelten beim Bund 10%: Bitte in der Steuererklärung so einsetzen; die "
+                       "Bundessteuer wird dann etwas höher als hier."
                : std::string();
 }
 
