@@ -38,6 +38,15 @@ void moveTo(TaxCase& taxCase, TaxRegion region) {
     taxCase.region = region;
 }
 
+/// The fields in which two cases differ, as paths.
+std::vector<std::string> changedPaths(const TaxCase& before, const TaxCase& after) {
+    std::vector<std::string> paths;
+    for (FieldChange& change : diff(before, after)) {
+        paths.push_back(std::move(change.path));
+    }
+    return paths;
+}
+
 } // namespace
 
 AppStore::AppStore(const Services& services, LaunchArguments launch, QObject* parent)
@@ -155,10 +164,7 @@ void AppStore::setCurrent(TaxCase taxCase, std::string name) {
     if (taxCase == old) {
         return;
     }
-    std::vector<std::string> paths;
-    for (FieldChange& change : diff(old, taxCase)) {
-        paths.push_back(std::move(change.path));
-    }
+    const std::vector<std::string> paths = changedPaths(old, taxCase);
     Edit edit{.name = std::move(name), .at = services_.clock.now()};
     if (paths.size() == 1) {
         edit.mergeKey = std::to_string(year_) + " " + paths.front();
@@ -219,13 +225,19 @@ void AppStore::announce(const Edit& edit) {
     if (edit.removed) {
         Q_EMIT documentsChanged();
     }
-    const bool concernsYear =
-        std::ranges::any_of(edit.cases, [&](const auto& part) { return part.year == year_; });
-    if (concernsYear) {
-        Q_EMIT currentChanged({});
-    } else if (!edit.cases.empty()) {
-        setYear(edit.cases.front().year);
+    std::vector<std::string> paths;
+    if (!edit.cases.empty()) {
+        const bool concernsYear =
+            std::ranges::any_of(edit.cases, [&](const auto& part) { return part.year == year_; });
+        const Edit::OfCase& part = edit.cases.front();
+        paths = changedPaths(*part.before, *part.after);
+        if (concernsYear) {
+            Q_EMIT currentChanged({});
+        } else {
+            setYear(part.year);
+        }
     }
+    Q_EMIT stepTaken(edit.removed ? std::vector<std::string>{} : paths);
 }
 
 void AppStore::setRegion(TaxRegion region) {

@@ -187,6 +187,9 @@ class AppStore final : public QObject {
     void documentsChanged();
     void transferChanged(int year);
     void historyChanged();
+    /// An edit was undone or redone: the fields that changed in the year it belongs to, which is
+    /// now the selected one. None when it concerned the list of documents.
+    void stepTaken(const std::vector<std::string>& paths);
     void saveStateChanged();
     void loadErrorChanged();
     void regionChoiceChanged();

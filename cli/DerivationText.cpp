@@ -69,21 +69,19 @@ struct Columns {
 };
 
 Columns columnsOf(const Derivation& derivation, TaxRegion region) {
-    bool canton = derivation.canton.has_value();
-    bool federal = derivation.federal.has_value();
-    bool parted = derivation.canton != derivation.federal;
-    for (const DerivationStep& step : derivation.steps) {
-        canton = canton || step.canton;
-        federal = federal || step.federal;
-        parted = parted || step.canton != step.federal;
-    }
-    if (canton && federal) {
-        return parted ? Columns{true, true, {}} : Columns{true, false, "Kanton und Bund"};
-    }
     const bool francs = derivation.unit == Unit::francs;
-    const std::string whole =
-        region == TaxRegion::stGallen ? "Kanton" : (francs ? "CHF" : "Liechtenstein");
-    return canton ? Columns{true, false, whole} : Columns{false, true, "Bund"};
+    switch (derivation.sides()) {
+    case Derivation::Sides::parted:
+        return {true, true, {}};
+    case Derivation::Sides::alike:
+        return {true, false, "Kanton und Bund"};
+    case Derivation::Sides::federal:
+        return {false, true, "Bund"};
+    case Derivation::Sides::canton:
+        break;
+    }
+    return {true, false,
+            region == TaxRegion::stGallen ? "Kanton" : (francs ? "CHF" : "Liechtenstein")};
 }
 
 std::string stepSource(const DerivationStep& step) {
