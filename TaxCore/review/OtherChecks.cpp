@@ -238,9 +238,9 @@ void checkOtherDeductions(CheckContext& c) {
     const HouseholdDeductions& d = c.taxCase.householdDeductions;
     if (!d.otherDeductions.isZero() && isBlank(d.otherDeductionsDescription)) {
         c.warning({"uebrige-abzuege-beschreibung", page, "Übrige Abzüge ohne Beschreibung",
-                   "Bitte beschreiben, wofür der übrige Abzug von "
+                   "Bitte beschreiben, wofür die übrigen Abzüge von "
                        + MoneyFormat::fr(d.otherDeductions)
-                       + " steht. Ohne Grund wird er nicht gewährt.",
+                       + " stehen. Ohne Begründung werden sie nicht gewährt.",
                    householdPath("otherDeductionsDescription")});
     }
 }
@@ -248,7 +248,7 @@ void checkOtherDeductions(CheckContext& c) {
 void checkCooperation(CheckContext& c) {
     if (c.taxCase.householdDeductions.significantCooperation && !c.taxCase.isJoint()) {
         c.warning(
-            {"mitarbeit-alleinstehend", page, "Mitarbeit ohne Ehepartner",
+            {"mitarbeit-alleinstehend", page, "Mitarbeit ohne Ehegatten",
              "Die erhebliche Mitarbeit im Beruf des andern zählt nur bei gemeinsam besteuerten "
              "Paaren. Bitte das Häkchen oder den Zivilstand prüfen.",
              householdPath("significantCooperation")});

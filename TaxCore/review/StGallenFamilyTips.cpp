@@ -128,20 +128,22 @@ void bundleMedicalCosts(TipContext& c) {
         return;
     }
     const Decimal missing = threshold - costs;
-    c.suggest({.id = "tipp-krankheitskosten",
-               .area = "other",
-               .title = "Krankheitskosten in einem Jahr bündeln",
-               .message = "Bis zum Selbstbehalt des Kantons fehlen " + money(missing)
-                          + ". Planbare Behandlungen im gleichen Jahr lohnen sich: Was ihn um "
-                          + money(exampleCosts) + " übersteigt, spart so viel.",
-               .law = cited(law::medicalCosts),
-               .path = FieldPath("householdDeductions", "medicalCosts"),
-               .change =
-                   [&](TaxCase& changed) {
-                       changed.householdDeductions.medicalCosts.emplace_back().gross =
-                           missing + exampleCosts;
-                   },
-               .inTheYear = true});
+    c.suggest(
+        {.id = "tipp-krankheitskosten",
+         .area = "other",
+         .title = "Krankheitskosten in einem Jahr bündeln",
+         .message =
+             "Bis zum Selbstbehalt des Kantons fehlen " + money(missing)
+             + ". Planbare Behandlungen im gleichen Jahr lohnen sich: Was den Selbstbehalt um "
+             + money(exampleCosts) + " übersteigt, spart so viel.",
+         .law = cited(law::medicalCosts),
+         .path = FieldPath("householdDeductions", "medicalCosts"),
+         .change =
+             [&](TaxCase& changed) {
+                 changed.householdDeductions.medicalCosts.emplace_back().gross =
+                     missing + exampleCosts;
+             },
+         .inTheYear = true});
 }
 
 void declareCooperation(TipContext& c) {
