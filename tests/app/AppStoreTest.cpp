@@ -54,17 +54,10 @@ class AppStoreTest : public ::testing::Test {
     static void setCash(AppStore& store, int francs) {
         store.edit("Bargeld", [&](TaxCase& taxCase) { taxCase.cash = francs; });
     }
-    std::vector<std::string> backupNames() {
-        std::vector<std::string> names;
-        const auto entries = files.list(persistence->backupsFolder());
-        for (const FileEntry& entry : *entries) {
-            names.push_back(entry.name);
-        }
-        return names;
-    }
     bool hasBackup(std::string_view label) {
         return std::ranges::any_of(
-            backupNames(), [&](const std::string& name) { return name.starts_with(label); });
+            testing::namesIn(persistence->backupsFolder()),
+            [&](const std::string& name) { return name.starts_with(label); });
     }
 };
 

@@ -26,12 +26,8 @@ class PersistenceTest : public ::testing::Test {
         persistence.backupIfNeeded(state);
     }
     std::set<std::string> backups() {
-        std::set<std::string> names;
-        const auto entries = files.list(persistence.backupsFolder());
-        for (const FileEntry& entry : *entries) {
-            names.insert(entry.name);
-        }
-        return names;
+        const auto names = testing::namesIn(persistence.backupsFolder());
+        return {names.begin(), names.end()};
     }
 };
 
@@ -55,7 +51,7 @@ TEST_F(PersistenceTest, keepsThirtyFilesAndNeverLosesTheNewestDay) {
     EXPECT_FALSE(backups().contains("daten-2026-03-08.json"));
     EXPECT_TRUE(backups().contains("daten-2026-03-09.json"));
     for (int i = 0; i < 35; ++i) {
-        ASSERT_TRUE(persistence.backup(std::string_view("y"), backup::beforeCloud).has_value());
+        ASSERT_TRUE(persistence.backup("y", backup::beforeCloud).has_value());
     }
     EXPECT_EQ(backups().size(), 65U) << "a second one in a second takes the next second's name";
     save("z");
