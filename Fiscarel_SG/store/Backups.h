@@ -41,7 +41,8 @@ struct BackupName {
 inline constexpr std::size_t backupsKept = 30;
 
 /// The names to delete, of all a folder's files: all but the first 30 by descending name, and never
-/// the newest daily backup. Labelled backups sort before the daily ones, so that these go first.
+/// the newest daily backup nor the newest of a label. Labelled backups sort before the daily ones,
+/// so that the daily ones are deleted first.
 std::vector<std::string> backupsToPrune(const std::vector<FileEntry>& entries);
 
 /// A backup as the user chooses from.

@@ -63,6 +63,20 @@ TEST_F(PersistenceTest, keepsThirtyFilesAndNeverLosesTheNewestDay) {
     EXPECT_EQ(testing::readFile(persistence.backupsFolder() / today), "z");
 }
 
+/// A copy of a state file that did not read may be the only one there is.
+TEST_F(PersistenceTest, keepsTheNewestOfEveryLabel) {
+    for (const char* content : {"older", "newer"}) {
+        ASSERT_TRUE(persistence.backup(content, backup::unreadable).has_value());
+    }
+    for (int i = 0; i < 30; ++i) {
+        ASSERT_TRUE(persistence.backup("y", backup::beforeCloud).has_value());
+    }
+    save("z");
+    EXPECT_EQ(backups().size(), 32U);
+    EXPECT_FALSE(backups().contains("unlesbar-2026-03-08-210000.json"));
+    EXPECT_TRUE(backups().contains("unlesbar-2026-03-08-210001.json"));
+}
+
 TEST_F(PersistenceTest, namesTellLabelAndTime) {
     const BackupName table[] = {{"", "2026-03-08", ""},
                                 {"vor-cloud", "2026-03-08", "210000"},
