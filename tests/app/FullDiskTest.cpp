@@ -85,7 +85,7 @@ class Disk : public ::testing::Test {
         EXPECT_TRUE(run.held);
     }
 
-    const WorkFolder work;
+    const WorkFolder work{};
 };
 
 TEST_F(Disk, isFull) {
