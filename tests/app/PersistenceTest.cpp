@@ -37,7 +37,7 @@ TEST_F(PersistenceTest, keepsOneBackupADayWithTheLastState) {
     }
     EXPECT_EQ(backups(), std::set<std::string>{"daten-2026-03-08.json"});
     EXPECT_EQ(testing::readFile(persistence.backupsFolder() / "daten-2026-03-08.json"), "3");
-    clock.moment.seconds += 4 * 3600; // past midnight where the user is
+    clock.moment.seconds += std::int64_t{4} * 3600; // past midnight where the user is
     save("4");
     EXPECT_TRUE(backups().contains("daten-2026-03-09.json"));
     EXPECT_EQ(testing::readFile(persistence.stateFile()), "4");
