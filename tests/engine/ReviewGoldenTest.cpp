@@ -70,7 +70,7 @@ class Texts {
     std::string toString() const {
         std::string all;
         for (const auto& [id, text] : texts_) {
-            all += id + ": " + text;
+            all.append(id).append(": ").append(text);
         }
         return all;
     }
