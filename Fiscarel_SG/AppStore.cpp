@@ -12,6 +12,10 @@ using namespace taxcore;
 
 namespace {
 
+// Where a household lives until it says otherwise.
+constexpr const char* firstInStGallen = "Sevelen";
+constexpr const char* firstInLiechtenstein = "Vaduz";
+
 constexpr std::string_view selectedYearKey = "selectedYear";
 constexpr std::string_view defaultRegionKey = "defaultRegion";
 
@@ -26,12 +30,12 @@ void moveTo(TaxCase& taxCase, TaxRegion region) {
     if (region == TaxRegion::liechtenstein) {
         const auto rules = LIRules::load(taxCase.year);
         if (rules && !(*rules)->zuschlag(taxCase.municipality)) {
-            taxCase.municipality = "Vaduz";
+            taxCase.municipality = firstInLiechtenstein;
         }
     } else {
         const auto rules = RuleBook::load(taxCase.year, "SG");
         if (rules && (*rules)->municipalities.municipality(taxCase.municipality) == nullptr) {
-            taxCase.municipality = "Sevelen";
+            taxCase.municipality = firstInStGallen;
             taxCase.parish.reset();
         }
     }
@@ -141,7 +145,7 @@ TaxCase AppStore::freshCase(int year) const {
     TaxCase taxCase{.year = year};
     if (defaultRegion() == TaxRegion::liechtenstein) {
         taxCase.region = TaxRegion::liechtenstein;
-        taxCase.municipality = "Vaduz";
+        taxCase.municipality = firstInLiechtenstein;
     }
     return taxCase;
 }

@@ -73,6 +73,12 @@ std::string resultOf(const TaxCase& taxCase, JsonStyle style) {
     return toJson(CaseCalculator::forCase(taxCase)->calculate(taxCase), style);
 }
 
+/// The text of a state file with these years, `"2025": {…}`, and documents.
+std::string stateOf(const std::string& cases, const std::string& documents = "") {
+    return "{\"version\": 1, \"documents\": [" + documents
+           + "], \"transferChecked\": {}, \"cases\": {" + cases + "}}";
+}
+
 std::vector<std::string> linesOf(const std::string& text) {
     std::vector<std::string> lines;
     std::istringstream in(text);
@@ -188,9 +194,8 @@ TEST_F(CommandLine, checksACaseAndComparesItWithTheYearBefore) {
         EXPECT_NE(json.out.find(part), std::string::npos) << part;
     }
     const fs::path state =
-        write("zwei-jahre.json", "{\"version\": 1, \"documents\": [], \"transferChecked\": {}, "
-                                 "\"cases\": {\"2025\": "
-                                     + demo + ", \"2026\": " + run("demo --jahr 2026").out + "}}");
+        write("zwei-jahre.json",
+              stateOf("\"2025\": " + demo + ", \"2026\": " + run("demo --jahr 2026").out));
     const Outcome later = run("pruefe --jahr 2026 " + state.string());
     EXPECT_NE(later.out.find("Veränderung gegenüber 2025"), std::string::npos) << later.out;
     for (const char* part : {"durch Zeitablauf", "durch die Tarife"}) {
@@ -210,12 +215,13 @@ TEST_F(CommandLine, checksACaseAndComparesItWithTheYearBefore) {
 
 TEST_F(CommandLine, reviewsTheDocumentsOfAStateFile) {
     const auto stateWith = [](const std::string& applied) {
-        return "{\"version\": 1, \"transferChecked\": {}, \"documents\": [{\"id\": "
-               "\"6f1c2b9a-0000-4000-8000-00000000000a\", \"year\": 2025, \"kind\": \"spende\", "
-               "\"title\": \"Dankesbrief\", \"fileName\": \"a.pdf\", \"importedAt\": "
-               "\"2026-01-05T09:00:00+01:00\", \"amount\": 120, \"note\": \"\", "
-               "\"isApplied\": "
-               + applied + "}], \"cases\": {\"2025\": " + toJson(DemoData::family(2025)) + "}}";
+        return stateOf("\"2025\": " + toJson(DemoData::family(2025)),
+                       "{\"id\": \"6f1c2b9a-0000-4000-8000-00000000000a\", \"year\": 2025, "
+                       "\"kind\": \"spende\", "
+                       "\"title\": \"Dankesbrief\", \"fileName\": \"a.pdf\", \"importedAt\": "
+                       "\"2026-01-05T09:00:00+01:00\", \"amount\": 120, \"note\": \"\", "
+                       "\"isApplied\": "
+                           + applied + "}");
     };
     EXPECT_NE(run("pruefe --jahr 2025", stateWith("false")).out.find("Dankesbrief"),
               std::string::npos);
@@ -227,9 +233,7 @@ TEST_F(CommandLine, reviewsTheDocumentsOfAStateFile) {
 }
 
 TEST_F(CommandLine, readsOneYearOfAStateFile) {
-    const std::string cases = "{\"version\": 1, \"documents\": [], \"transferChecked\": {}, "
-                              "\"cases\": {\"2025\": "
-                              + toJson(DemoData::family(2025)) + "}}";
+    const std::string cases = stateOf("\"2025\": " + toJson(DemoData::family(2025)));
     const fs::path state = write("daten.json", cases);
     EXPECT_EQ(run("rechne --json --jahr 2025 " + state.string()).out,
               resultOf(DemoData::family(2025), JsonStyle::pretty));
@@ -339,12 +343,7 @@ TEST_F(CommandLine, readsNumbersInDecimalDigits) {
     EXPECT_EQ(run("neu --jahr 02025").out, fresh);
     const std::string good = toJson(DemoData::family(2025), JsonStyle::compact) + "\n";
     EXPECT_EQ(run("stapel --kerne 0256", good).exitCode, 0);
-    EXPECT_EQ(
-        run("rechne --jahr 02025", "{\"version\": 1, \"documents\": [], \"transferChecked\": {}, "
-                                   "\"cases\": {\"2025\": "
-                                       + good + "}}")
-            .exitCode,
-        0);
+    EXPECT_EQ(run("rechne --jahr 02025", stateOf("\"2025\": " + good)).exitCode, 0);
 }
 
 TEST_F(CommandLine, showsTheHelpInColumns) {
