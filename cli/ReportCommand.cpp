@@ -42,6 +42,8 @@ tl::expected<std::string, std::string> pdfOf(const outputs::ReportContent& conte
     std::array<char, 10> platform{"offscreen"};
     std::array<char*, 4> arguments{name.data(), option.data(), platform.data(), nullptr};
     int count = 3;
+    // What the window library finds odd about a machine without a desktop is no matter here.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     const QGuiApplication application(count, arguments.data());
     return paper::reportPdf(paper::setOnPaper(content));
 }

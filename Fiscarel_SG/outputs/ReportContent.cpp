@@ -66,6 +66,7 @@ ReportTable foundations(const ReportMaterial& material) {
     const TaxResult& result = material.result();
     const TaxBill& bill = result.bill;
     const bool li = material.isLiechtenstein();
+    const std::size_t documents = material.sources.documents().size();
     ReportTable rows = table({labelColumn(""), textColumn("")});
     rows.hasHead = false;
     const auto add = [&](const char* name, std::string text) {
@@ -91,14 +92,14 @@ ReportTable foundations(const ReportMaterial& material) {
                             : ", Kanton St.Gallen und direkte Bundessteuer"));
     add("Grundlage",
         counted(entryCount(material.input), "Angabe", "Angaben") + " und "
-            + counted(material.sources.documents().size(), "Beleg", "Belege"));
+            + (documents == 0 ? "keine Belege" : counted(documents, "Beleg", "Belege")));
     add("Erstellt am", dayText(material.input.madeOn));
     return rows;
 }
 
 /// Chapters with the pages they begin on.
 ReportTable contents(const std::vector<ReportChapter>& chapters) {
-    ReportTable list = table({textColumn("Inhalt"), amountColumn("Seite")});
+    ReportTable list = table({textColumn("Inhalt"), pageColumn()});
     for (const ReportChapter& one : chapters) {
         addRow(list, {{one.title}, {.pageOf = one.anchor}}).link = one.anchor;
     }
@@ -154,9 +155,9 @@ ReportChapter householdChapter(const ReportMaterial& material) {
                    {{child.firstName + (child.lastName.empty() ? "" : " ") + child.lastName},
                     {dayText(child.birthDate)},
                     {std::string(label(child.education)),
-                     dotted({child.school,
+                     dotted({child.school, child.childcareProvider,
                              child.livesInHousehold ? "" : "nicht im gleichen Haushalt"})},
-                    {moneyOrNothing(child.childcareCosts), child.childcareProvider},
+                    {moneyOrNothing(child.childcareCosts)},
                     {moneyOrNothing(child.educationCosts)}});
         }
         household.blocks.emplace_back(std::move(children));
@@ -186,10 +187,10 @@ ReportContent reportContent(const ReportInput& input) {
     };
     std::vector<ReportChapter> chapters;
     for (const auto& [make, beginsOnNewPage] :
-         {Maker{householdChapter, true}, Maker{returnChapter}, Maker{billChapter, true},
+         {Maker{householdChapter, true}, Maker{returnChapter}, Maker{billChapter},
           Maker{breakdownChapter}, Maker{limitsChapter}, Maker{noticesChapter},
-          Maker{incomeRegisters, true}, Maker{wealthRegisters}, Maker{deductionRegisters},
-          Maker{reasonsChapter, true}, Maker{documentsChapter}}) {
+          Maker{incomeRegisters}, Maker{wealthRegisters}, Maker{deductionRegisters},
+          Maker{documentsChapter}, Maker{reasonsChapter, true}}) {
         if (ReportChapter made = make(material); hasContent(made)) {
             made.beginsOnNewPage = beginsOnNewPage;
             chapters.push_back(std::move(made));

@@ -68,6 +68,7 @@ struct ReportColumn {
         text,   ///< takes the room that is left, wraps
         label,  ///< short text on the left: as wide as its content while there is room
         amount, ///< on the right, does not wrap
+        number, ///< a short one on the right, such as a page
     };
 
     std::string head;
@@ -105,7 +106,8 @@ struct ReportRow {
 struct ReportTable {
     std::vector<ReportColumn> columns;
     std::vector<ReportRow> rows;
-    bool hasHead = true; ///< shown above the rows, on every page they go on to
+    bool hasHead = true; ///< shown above the rows, on every page they go on to; columns without
+                         ///< any content under their head are left out
 
     bool operator==(const ReportTable&) const = default;
 };

@@ -67,6 +67,8 @@ inline ReportColumn amountColumn(std::string head) {
     return {std::move(head), ReportColumn::Kind::amount};
 }
 
+inline ReportColumn pageColumn() { return {"Seite", ReportColumn::Kind::number}; }
+
 /// A chapter that begins with its title as a heading.
 ReportChapter chapter(std::string title, Anchor anchor);
 

@@ -14,7 +14,6 @@ namespace {
 
 using Kind = DerivationStep::Kind;
 using Weight = ReportRow::Weight;
-using Side = std::optional<Decimal> DerivationStep::*;
 
 // Limits.
 
@@ -28,22 +27,32 @@ bool isLimit(const DerivationStep& step) {
                    })));
 }
 
-/// The amount that comes out after a step: the next intermediate result, else the result itself.
-std::optional<Decimal> outcome(const Derivation& derivation, std::size_t after, Side side) {
+/// The intermediate result that comes out after a step; null when it is the result itself.
+const DerivationStep* outcome(const Derivation& derivation, std::size_t after) {
     for (std::size_t i = after + 1; i < derivation.steps.size(); ++i) {
         const DerivationStep& step = derivation.steps[i];
         if (step.kind == Kind::step && step.unit == Unit::francs) {
-            return step.*side;
+            return &step;
         }
     }
-    return side == &DerivationStep::canton ? derivation.canton : derivation.federal;
+    return nullptr;
 }
 
-/// The limit, where the amount is just as large.
-std::string applied(const Derivation& derivation, std::size_t at, Side side) {
-    const std::optional<Decimal>& limit = derivation.steps[at].*side;
-    return limit && !limit->isZero() && outcome(derivation, at, side) == limit ? money(*limit)
-                                                                               : std::string();
+/// The limit of one side, where it decides: a threshold always, others where what comes out is just
+/// as large.
+std::string applied(const DerivationStep& limit, const std::optional<Decimal>& value,
+                    const std::optional<Decimal>& result) {
+    const bool decides = limit.kind == Kind::threshold || (value == result && !value->isZero());
+    return value && decides ? money(*value) : std::string();
+}
+
+/// What a limit is called: "Verpflegung: im Jahr höchstens", "Selbstbehalt".
+std::string limitName(const DerivationStep& limit, const DerivationStep* outcome) {
+    constexpr std::string_view minus = "− ";
+    if (outcome != nullptr && limit.kind == Kind::rule) {
+        return outcome->text + ": " + limit.text;
+    }
+    return limit.text.starts_with(minus) ? limit.text.substr(minus.size()) : limit.text;
 }
 
 std::string lawOf(const DerivationStep& step) {
@@ -93,16 +102,51 @@ std::string personOf(const TaxLine* line, const TaxCase& taxCase) {
     return {};
 }
 
+void addLimits(ReportTable& rows, const Derivation& derivation, const ReportMaterial& material,
+               bool twoSides) {
+    const TaxLine* const line = material.result().line(derivation.code);
+    for (std::size_t i = 0; i < derivation.steps.size(); ++i) {
+        const DerivationStep& step = derivation.steps[i];
+        if (step.kind != Kind::threshold && !isLimit(step)) {
+            continue;
+        }
+        const DerivationStep* const next = outcome(derivation, i);
+        const std::string canton =
+            applied(step, step.canton, next != nullptr ? next->canton : derivation.canton);
+        const std::string federal =
+            applied(step, step.federal, next != nullptr ? next->federal : derivation.federal);
+        if (canton.empty() && federal.empty()) {
+            continue;
+        }
+        Cells cells{{titleOf(derivation, line), personOf(line, material.taxCase())},
+                    {limitName(step, next),
+                     dotted({canton.empty() ? "" : step.lawCanton.value_or(""),
+                             federal.empty() ? "" : step.lawFederal.value_or("")})},
+                    {canton}};
+        if (twoSides) {
+            cells.push_back({federal});
+        }
+        cells.push_back({.pageOf = material.reasonAnchor(derivation.code)});
+        addRow(rows, std::move(cells)).link = material.reasonAnchor(derivation.code);
+    }
+}
+
 // The way to every amount.
 
-/// Where an entry was made, the documents behind it, or the law.
-std::string noteOf(const DerivationStep& step, const ReportMaterial& material) {
-    if (!step.path) {
-        return lawOf(step);
+/// What a step rests on: whose entry, with its documents; another line; the law.
+std::string basisOf(const DerivationStep& step, const ReportMaterial& material) {
+    const std::string law = lawOf(step);
+    if (step.path) {
+        const std::string owner = material.sources.ownerOf(*step.path);
+        const std::string documents = numberList(material.sources.documentsOf(*step.path));
+        return dotted({owner.empty() && step.kind == Kind::input ? "Angabe" : owner,
+                       documents.empty() ? "" : "Beleg " + documents, law});
     }
-    const std::string documents = numberList(material.sources.documentsOf(*step.path));
-    return dotted({material.sources.ownerOf(*step.path),
-                   documents.empty() ? "" : "Beleg " + documents, lawOf(step)});
+    if (step.code) {
+        const TaxLine* const line = material.result().line(*step.code);
+        return line == nullptr || line->ziffer.empty() ? std::string() : "Ziffer " + line->ziffer;
+    }
+    return law.empty() && step.kind == Kind::rounding ? std::string(label(step.kind)) : law;
 }
 
 std::string shown(const std::optional<Decimal>& value, const DerivationStep& step) {
@@ -116,7 +160,7 @@ void addReason(ReportTable& rows, const Derivation& derivation, const ReportMate
     const auto inResult = [&](const std::optional<Decimal>& value) {
         return value ? inUnit(*value, derivation.unit) : std::string();
     };
-    Cells head{{titleOf(derivation, line), personOf(line, material.taxCase())}, {}};
+    Cells head{{titleOf(derivation, line)}, {personOf(line, material.taxCase())}};
     if (twoSides) {
         head.push_back({inResult(derivation.canton)});
         head.push_back({inResult(derivation.federal)});
@@ -125,9 +169,8 @@ void addReason(ReportTable& rows, const Derivation& derivation, const ReportMate
     }
     ReportRow& group = addRow(rows, std::move(head), Weight::group);
     group.anchor = material.reasonAnchor(derivation.code);
-    group.code = derivation.code;
     for (const DerivationStep& step : derivation.steps) {
-        Cells cells{{step.text, noteOf(step, material)}, {std::string(label(step.kind))}};
+        Cells cells{{step.text}, {.text = {}, .note = basisOf(step, material)}};
         if (twoSides) {
             cells.push_back({shown(step.canton, step)});
             cells.push_back({shown(step.federal, step)});
@@ -143,7 +186,7 @@ void addReason(ReportTable& rows, const Derivation& derivation, const ReportMate
 ReportTable reasonTable(const std::vector<const Derivation*>& derivations,
                         const ReportMaterial& material) {
     const bool twoSides = !material.isLiechtenstein();
-    std::vector<ReportColumn> columns{textColumn("Betrag und Schritte"), labelColumn("Art"),
+    std::vector<ReportColumn> columns{textColumn("Betrag und Schritte"), textColumn("Grundlage"),
                                       amountColumn(twoSides ? "Kanton" : "CHF")};
     if (twoSides) {
         columns.push_back(amountColumn("Bund"));
@@ -182,36 +225,10 @@ ReportChapter limitsChapter(const ReportMaterial& material) {
     if (twoSides) {
         columns.push_back(amountColumn("Bund"));
     }
-    columns.push_back(amountColumn("Seite"));
+    columns.push_back(pageColumn());
     ReportTable rows = table(std::move(columns));
     for (const Derivation* const derivation : inOrder(material)) {
-        const TaxLine* const line = material.result().line(derivation->code);
-        for (std::size_t i = 0; i < derivation->steps.size(); ++i) {
-            const DerivationStep& step = derivation->steps[i];
-            const bool isThreshold = step.kind == Kind::threshold;
-            if (!isThreshold && !isLimit(step)) {
-                continue;
-            }
-            const auto textOf = [&](Side side) {
-                const auto& limit = step.*side;
-                return isThreshold ? (limit ? money(*limit) : std::string())
-                                   : applied(*derivation, i, side);
-            };
-            const std::string canton = textOf(&DerivationStep::canton);
-            const std::string federal = textOf(&DerivationStep::federal);
-            if (canton.empty() && federal.empty()) {
-                continue;
-            }
-            Cells cells{{titleOf(*derivation, line), personOf(line, material.taxCase())},
-                        {step.text, lawOf(step)},
-                        {canton}};
-            if (twoSides) {
-                cells.push_back({federal});
-            }
-            const Anchor anchor = material.reasonAnchor(derivation->code);
-            cells.push_back({.pageOf = anchor});
-            addRow(rows, std::move(cells)).link = anchor;
-        }
+        addLimits(rows, *derivation, material, twoSides);
     }
     if (!rows.rows.empty()) {
         limits.blocks.emplace_back(
@@ -276,8 +293,6 @@ ReportChapter reasonsChapter(const ReportMaterial& material) {
 ReportChapter documentsChapter(const ReportMaterial& material) {
     ReportChapter documents = chapter("Belege", "documents");
     if (material.sources.documents().empty()) {
-        documents.blocks.emplace_back(
-            ReportText{"Zu diesem Steuerjahr sind keine Belege abgelegt."});
         return documents;
     }
     ReportTable rows = table({labelColumn("Nr."), labelColumn("Art"), textColumn("Beleg"),

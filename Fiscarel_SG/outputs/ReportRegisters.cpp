@@ -118,8 +118,8 @@ ReportTable securities(const ReportMaterial& material) {
                 {},
                 {"Total"},
                 {money(sumOf(entries, &SecurityEntry::taxValue))},
-                {money(sumOf(entries, &SecurityEntry::incomeWithWithholding))},
-                {money(sumOf(entries, &SecurityEntry::incomeWithoutWithholding))},
+                {moneyOrNothing(sumOf(entries, &SecurityEntry::incomeWithWithholding))},
+                {moneyOrNothing(sumOf(entries, &SecurityEntry::incomeWithoutWithholding))},
                 {}},
                Weight::sum);
     }
@@ -146,8 +146,8 @@ ReportTable properties(const TaxCase& taxCase) {
         addRow(rows,
                {{"Total"},
                 {money(sumOf(taxCase.realEstate, &RealEstate::taxValue))},
-                {money(sumOf(taxCase.realEstate, &RealEstate::imputedRentalValue))},
-                {money(sumOf(taxCase.realEstate, &RealEstate::rentalIncome))},
+                {moneyOrNothing(sumOf(taxCase.realEstate, &RealEstate::imputedRentalValue))},
+                {moneyOrNothing(sumOf(taxCase.realEstate, &RealEstate::rentalIncome))},
                 {}},
                Weight::sum);
     }
@@ -254,7 +254,7 @@ ReportTable medicalCosts(const ReportMaterial& material) {
                {{},
                 {"Total"},
                 {money(sumOf(bills, &MedicalCost::gross))},
-                {money(sumOf(bills, &MedicalCost::reimbursed))},
+                {moneyOrNothing(sumOf(bills, &MedicalCost::reimbursed))},
                 {money(selfPaid)},
                 {}},
                Weight::sum);

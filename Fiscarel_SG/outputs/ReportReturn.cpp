@@ -46,7 +46,7 @@ ReportTable sectionTable(const TaxSection& section, const ReportMaterial& materi
         columns.push_back(amountColumn("CHF"));
     }
     columns.push_back(labelColumn("Beleg"));
-    columns.push_back(amountColumn("Seite"));
+    columns.push_back(pageColumn());
     ReportTable rows = table(std::move(columns));
     for (const TaxLine& line : section.lines) {
         const auto shown = [&](const Decimal& value) {
@@ -83,7 +83,7 @@ ReportTable stGallenBill(const ReportMaterial& material) {
     ReportTable rows = table({textColumn(""), amountColumn("Steuerfuss"),
                               amountColumn("Einkommen"), amountColumn("Vermögen"),
                               amountColumn("Total CHF"), labelColumn("Beleg"),
-                              amountColumn("Seite")});
+                              pageColumn()});
     const auto add = [&](ReportCell name, std::string rate, std::string income, std::string wealth,
                          std::string total, const char* code, Weight weight = Weight::plain) {
         trace(addRow(rows,
@@ -120,7 +120,7 @@ ReportTable liechtensteinBill(const ReportMaterial& material) {
     const TaxResult& result = material.result();
     const TaxBill& bill = result.bill;
     ReportTable rows = table({textColumn(""), amountColumn("Satz"), amountColumn("CHF"),
-                              labelColumn("Beleg"), amountColumn("Seite")});
+                              labelColumn("Beleg"), pageColumn()});
     const auto add = [&](ReportCell name, std::string rate, const Decimal& amount,
                          const char* code, Weight weight = Weight::plain) {
         trace(addRow(rows, {std::move(name), {std::move(rate)}, {money(amount)}}, weight), code,
@@ -145,7 +145,7 @@ ReportTable liechtensteinBill(const ReportMaterial& material) {
 void addBesideBill(ReportChapter& bill, const ReportMaterial& material) {
     const TaxResult& result = material.result();
     ReportTable rows = table({textColumn("Ausserhalb der Steuerrechnung"), amountColumn("CHF"),
-                              labelColumn("Beleg"), amountColumn("Seite")});
+                              labelColumn("Beleg"), pageColumn()});
     if (!result.withholdingTaxRefund.isZero() || !result.withholdingIncomeA.isZero()) {
         trace(addRow(rows, {{"Rückerstattung der Verrechnungssteuer",
                              "auf Erträgen von " + money(result.withholdingIncomeA)},
@@ -182,7 +182,7 @@ void addCapitalPayments(ReportChapter& breakdown, const ReportMaterial& material
               "berechnet."
             : "Sie werden getrennt vom übrigen Einkommen besteuert."});
     ReportTable rows = table({textColumn("Art"), labelColumn("Ausbezahlt am"), amountColumn("CHF"),
-                              labelColumn("Beleg"), amountColumn("Seite")});
+                              labelColumn("Beleg"), pageColumn()});
     Decimal sum;
     for (const CapitalPayment& payment : taxCase.capitalPayments) {
         addRow(rows, {{std::string(label(payment.kind))}, {dayText(payment.date)},
@@ -309,8 +309,8 @@ void addInsurance(ReportChapter& breakdown, const ReportMaterial& material) {
 ReportChapter returnChapter(const ReportMaterial& material) {
     ReportChapter made = chapter("Steuererklärung", "return");
     made.blocks.emplace_back(
-        ReportText{"Abzüge stehen mit Minus. «Beleg» nennt die Nummern der Belege am Ende des "
-                   "Berichts, «Seite» führt zur Herleitung des Betrags.",
+        ReportText{"Abzüge stehen mit Minus. «Beleg» nennt die Nummern im Verzeichnis der Belege, "
+                   "«Seite» führt zur Herleitung des Betrags.",
                    ReportText::Tone::faint});
     int number = 0;
     for (const TaxSection& section : material.result().sections) {

@@ -157,6 +157,9 @@ class Flow {
                 if (strip.headBefore > 0) {
                     put(strips[i - strip.headBefore], true);
                 }
+                if (strip.groupBefore > 0) {
+                    put(continued(strips[i - strip.groupBefore]), true);
+                }
             }
             y_ += isEmpty_ && !isCover ? 0 : strip.spaceBefore;
             put(strip, false);
@@ -174,6 +177,21 @@ class Flow {
             height += strips[at + 1].spaceBefore + strips[at + 1].height;
         }
         return height <= contentHeight ? height : alone;
+    }
+
+    /// The first row of a group, as it stands again where the group goes on.
+    static Strip continued(Strip strip) {
+        if (!strip.texts.empty()) {
+            PaperText& first = strip.texts.front();
+            const QString longer = first.text + u" (Fortsetzung)"_s;
+            const double right = first.at.x() + widthOf(first.type, longer);
+            const bool hasRoom = std::ranges::none_of(strip.texts, [&](const PaperText& other) {
+                return other.at.x() > first.at.x() && other.at.x() < right;
+            });
+            first.text = hasRoom ? longer : first.text;
+        }
+        strip.spots.clear();
+        return strip;
     }
 
     void put(const Strip& strip, bool isRepeated) {

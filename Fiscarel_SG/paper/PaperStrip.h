@@ -23,6 +23,8 @@ struct Strip {
     bool beginsPage = false;
     /// How far before it, in strips, the head of its table stands; 0: it has none.
     std::size_t headBefore = 0;
+    /// How far before it the first row of its group stands; 0: it is that row or in no group.
+    std::size_t groupBefore = 0;
 };
 
 /// The rows of a table, its head first.

@@ -12,7 +12,8 @@ namespace {
 using Weight = ReportRow::Weight;
 using Kind = ReportColumn::Kind;
 
-constexpr double columnGap = 9;
+constexpr double columnGap = 10;
+constexpr double leastAmountWidth = 58; ///< so that amounts of all tables stand below each other
 constexpr double rowPadding = 2.6;
 constexpr double detailPadding = 1.3;
 constexpr double detailIndent = 10;
@@ -58,9 +59,11 @@ constexpr auto anyPageNumber = u"000";
 double naturalWidth(const ReportCell& cell, Weight weight) {
     const QString text =
         cell.pageOf.empty() ? paperText(cell.text) : QString::fromUtf16(anyPageNumber);
+    // Notes take the width they are given, unless there is nothing else.
+    const Type type = text.isEmpty() ? noteType(weight) : textType(weight);
     double widest = 0;
-    for (const QString& line : text.split(u'\n')) {
-        widest = std::max(widest, widthOf(textType(weight), line));
+    for (const QString& line : (text.isEmpty() ? paperText(cell.note) : text).split(u'\n')) {
+        widest = std::max(widest, widthOf(type, line));
     }
     return widest;
 }
@@ -104,6 +107,7 @@ void shareRest(std::vector<Column>& columns) {
 std::vector<Column> columnsOf(const ReportTable& table) {
     std::vector<Column> columns;
     double texts = 0;
+    double others = 0;
     for (std::size_t i = 0; i < table.columns.size(); ++i) {
         Column column{.kind = table.columns[i].kind};
         if (table.hasHead) {
@@ -115,11 +119,15 @@ std::vector<Column> columnsOf(const ReportTable& table) {
             }
         }
         column.natural += 0.5; // against rounding
+        if (column.kind == Kind::amount) {
+            column.natural = std::max(column.natural, leastAmountWidth);
+        }
         column.width = column.kind == Kind::label ? std::min(column.natural, mostLabelWidth)
                                                   : column.natural;
         // Two long texts beside each other each keep some room.
         column.natural = std::min(column.natural, contentWidth / 2);
         texts += column.kind == Kind::text ? 1 : 0;
+        others += column.kind == Kind::number ? column.width : 0;
         columns.push_back(column);
     }
     squeeze(columns, Kind::amount, mostAmountsWidth);
@@ -129,7 +137,7 @@ std::vector<Column> columnsOf(const ReportTable& table) {
     }
     squeeze(columns, Kind::label,
             std::max(leastTextWidth / 2,
-                     contentWidth - amounts - texts * leastTextWidth
+                     contentWidth - amounts - others - texts * leastTextWidth
                          - columnGap * static_cast<double>(columns.size() - 1)));
     shareRest(columns);
     double left = 0;
@@ -175,7 +183,7 @@ double placeLines(Strip& strip, std::vector<Line>& lines, const Column& column, 
         if (height > 0 && height + step > most) {
             break;
         }
-        const bool onRight = column.kind == Kind::amount;
+        const bool onRight = column.kind == Kind::amount || column.kind == Kind::number;
         const double left =
             onRight ? column.right() - widthOf(line.type, line.text) : column.left;
         strip.texts.push_back({.at = QPointF(left, top + height + baseline(line.type)),
@@ -196,6 +204,28 @@ QString spokenRow(const ReportRow& row) {
         }
     }
     return parts.join(u' ');
+}
+
+/// Without the columns that have a head but nothing under it.
+ReportTable withoutEmptyColumns(ReportTable table) {
+    for (std::size_t i = table.columns.size(); i-- > 0 && table.hasHead;) {
+        const bool isUsed = std::ranges::any_of(table.rows, [&](const ReportRow& row) {
+            return i < row.cells.size()
+                   && !(row.cells[i].text.empty() && row.cells[i].note.empty()
+                        && row.cells[i].pageOf.empty());
+        });
+        if (isUsed) {
+            continue;
+        }
+        const auto at = static_cast<std::ptrdiff_t>(i);
+        table.columns.erase(table.columns.begin() + at);
+        for (ReportRow& row : table.rows) {
+            if (i < row.cells.size()) {
+                row.cells.erase(row.cells.begin() + at);
+            }
+        }
+    }
+    return table;
 }
 
 Strip headStrip(const ReportTable& table, const std::vector<Column>& columns) {
@@ -234,13 +264,18 @@ std::vector<Strip> rowStrips(const ReportRow& row, std::vector<Column> columns) 
         cells.push_back(linesOf(row.cells[i], columns[i], row.weight));
     }
     const double padding = isDetail ? detailPadding : rowPadding;
+    const Type type = textType(row.weight);
     std::vector<Strip> strips;
     do {
         Strip strip{.kind = PaperBlock::Kind::row};
         double height = 0;
         for (std::size_t i = 0; i < cells.size(); ++i) {
-            height = std::max(height,
-                              placeLines(strip, cells[i], columns[i], padding, mostRowHeight));
+            // A cell of small letters stands on the same line as the others.
+            const double lowered =
+                cells[i].empty() ? 0 : baseline(type) - baseline(cells[i].front().type);
+            height = std::max(height, lowered
+                                          + placeLines(strip, cells[i], columns[i],
+                                                       padding + lowered, mostRowHeight));
         }
         strip.height = height + 2 * padding;
         strips.push_back(std::move(strip));
@@ -275,11 +310,13 @@ void addLines(Strip& strip, Type type, const QStringList& lines, double top, dou
     strip.height = std::max(strip.height, y);
 }
 
-std::vector<Strip> tableStrips(const ReportTable& table) {
+std::vector<Strip> tableStrips(const ReportTable& whole) {
     std::vector<Strip> strips;
+    const ReportTable table = withoutEmptyColumns(whole);
     if (table.rows.empty() || table.columns.empty()) {
         return strips;
     }
+    std::size_t group = 0; ///< where the group of the row begins, from 1
     const std::vector<Column> columns = columnsOf(table);
     if (table.hasHead) {
         strips.push_back(headStrip(table, columns));
@@ -291,9 +328,15 @@ std::vector<Strip> tableStrips(const ReportTable& table) {
         const bool lastFollows =
             i + 2 == table.rows.size() && table.rows[i + 1].weight == Weight::plain;
         std::vector<Strip> parts = rowStrips(row, columns);
-        parts.back().staysWithNext = row.weight == Weight::group || sumFollows || lastFollows;
+        const bool isFirst = i == 0 && table.rows.size() > 1; // no row stands alone under the head
+        parts.back().staysWithNext =
+            row.weight == Weight::group || sumFollows || lastFollows || isFirst;
+        group = row.weight == Weight::group    ? strips.size() + 1
+                : row.weight == Weight::detail ? group
+                                               : 0;
         for (Strip& part : parts) {
             part.headBefore = table.hasHead ? strips.size() : 0;
+            part.groupBefore = group > 0 ? strips.size() + 1 - group : 0;
             strips.push_back(std::move(part));
         }
     }
