@@ -139,7 +139,7 @@ struct ReportInput {
     const taxcore::TaxCase& taxCase;
     const taxcore::TaxResult& result;
     std::vector<taxcore::Derivation> derivations; ///< of every line and figure
-    std::vector<taxcore::Notice> notices;         ///< what is to be said, the gravest first
+    std::vector<taxcore::Notice> notices;         ///< what is to be said beside the result's own
     std::vector<std::string> notComputed;         ///< German sentences
     std::vector<StoredDocument> documents;        ///< of any year; others than the case's are left out
     taxcore::Date madeOn;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <utility>
 
 namespace fiscarel::outputs {
@@ -242,11 +243,17 @@ ReportChapter limitsChapter(const ReportMaterial& material) {
 
 ReportChapter noticesChapter(const ReportMaterial& material) {
     ReportChapter notices = chapter("Hinweise", "notices");
-    if (!material.input.notices.empty()) {
-        ReportTable rows = table({labelColumn("Art"), textColumn("Hinweis")});
-        for (const Notice& notice : material.input.notices) {
-            addRow(rows, {{std::string(label(notice.level))}, {notice.title, notice.message}});
+    ReportTable rows = table({labelColumn("Art"), textColumn("Hinweis")});
+    std::set<std::string_view> told;
+    for (const auto& list : {std::cref(material.input.notices),
+                             std::cref(material.result().notices)}) {
+        for (const Notice& notice : list.get()) {
+            if (told.insert(notice.id).second) {
+                addRow(rows, {{std::string(label(notice.level))}, {notice.title, notice.message}});
+            }
         }
+    }
+    if (!rows.rows.empty()) {
         notices.blocks.emplace_back(std::move(rows));
     }
     if (!material.input.notComputed.empty()) {

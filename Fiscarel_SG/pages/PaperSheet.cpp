@@ -1,5 +1,7 @@
 #include "Fiscarel_SG/pages/PaperSheet.h"
 
+#include "Fiscarel_SG/look/Theme.h"
+
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
@@ -73,7 +75,9 @@ void PaperSheet::setScale(double scale) {
 void PaperSheet::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), Qt::white);
-    painter.setRenderHint(QPainter::TextAntialiasing);
+    painter.setPen(look::Theme::current().border);
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    painter.setRenderHint(QPainter::Antialiasing); // lines thinner than a pixel are seen, too
     painter.scale(scale_, scale_);
     paper::paintPage(painter, page_);
 }

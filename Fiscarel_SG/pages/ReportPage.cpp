@@ -35,6 +35,7 @@ constexpr double pixelsPerPoint = 96.0 / 72; ///< at 100 %
 constexpr std::array zoomSteps{50, 67, 80, 100, 125, 150, 200, 300};
 constexpr int sheetGap = 16;
 constexpr int edge = 24;
+constexpr int buttonEdges = 34; ///< of a button beside its text, both sides
 constexpr int widestFitting = 980; ///< pixels of a page that is as wide as there is room
 
 /// All that a report is made of, copied, so that another thread can make it.
@@ -114,6 +115,7 @@ ReportPage::ReportPage(AppStore& store, QWidget* parent)
     help->setWordWrap(true);
     look::setRole(help, "faint");
     top->addWidget(help);
+    top->addSpacing(4);
     top->addLayout(makeTools());
     message_->setWordWrap(true);
     message_->setObjectName(u"reportMessage"_s);
@@ -141,6 +143,9 @@ QHBoxLayout* ReportPage::makeTools() {
     save_ = new QPushButton(u"Als PDF speichern …"_s, this);
     save_->setObjectName(u"saveReport"_s);
     look::setRole(save_, "primary");
+    QFont strong = save_->font(); // its letters are wider than those it was measured with
+    strong.setWeight(QFont::DemiBold);
+    save_->setMinimumWidth(QFontMetrics(strong).horizontalAdvance(save_->text()) + buttonEdges);
     print_ = new QPushButton(u"Drucken …"_s, this);
     print_->setObjectName(u"printReport"_s);
     chapters_ = new QComboBox(this);

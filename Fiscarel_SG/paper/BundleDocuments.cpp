@@ -107,9 +107,11 @@ QByteArray imagePages(std::string& bytes) {
         }
         paintImage(painter, *image);
     }
-    const bool hasPages = painter.isActive();
+    if (!painter.isActive()) {
+        return {};
+    }
     painter.end();
-    return hasPages ? pdf : QByteArray();
+    return pdf;
 }
 
 std::string quoted(const BundleItem& item) { return "«" + item.title + "»"; }
