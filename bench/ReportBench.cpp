@@ -1,5 +1,5 @@
-// How long a report takes, from the case to the bytes of its PDF, for the largest case file and for a
-// household with sixty securities and very long names. Runs without a screen.
+// How long a report takes, from the case to the bytes of its PDF, for the largest case file and for
+// a household with sixty securities and very long names. Runs without a screen.
 
 #include "Fiscarel_SG/paper/ReportPdf.h"
 #include "tests/report/ReportCases.h"

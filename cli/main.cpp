@@ -190,7 +190,8 @@ void addCheckCommand(CLI::App& app, CheckOptions& checking, std::function<int()>
 
 /// The command `bericht`; `reporting` and `action` outlive the parsing.
 void addReportCommand(CLI::App& app, ReportOptions& reporting, std::function<int()>& action) {
-    CLI::App* reportCommand = addCommand(app, "bericht", "Schreibt den Bericht eines Falls als PDF");
+    CLI::App* reportCommand =
+        addCommand(app, "bericht", "Schreibt den Bericht eines Falls als PDF");
     addFile(*reportCommand, reporting.file);
     addNumber(*reportCommand, "--jahr", "Steuerjahr aus einer Datendatei",
               [&reporting](int year) { reporting.year = year; });

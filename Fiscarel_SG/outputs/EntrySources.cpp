@@ -113,8 +113,8 @@ std::set<int> EntrySources::documentsOf(const Derivation& derivation) const {
 }
 
 int EntrySources::numberOf(const std::optional<Uuid>& document) const {
-    const auto found = document ? std::ranges::find(documents_, *document, &StoredDocument::id)
-                                : documents_.end();
+    const auto found =
+        document ? std::ranges::find(documents_, *document, &StoredDocument::id) : documents_.end();
     return found == documents_.end() ? 0 : static_cast<int>(found - documents_.begin()) + 1;
 }
 

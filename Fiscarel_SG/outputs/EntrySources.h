@@ -46,9 +46,9 @@ class EntrySources {
     const Item* itemAt(std::string_view path) const;
 
     std::vector<StoredDocument> documents_;
-    std::map<std::string, Item, std::less<>> items_;      ///< by "securities[2]"
+    std::map<std::string, Item, std::less<>> items_;            ///< by "securities[2]"
     std::map<std::string, std::set<int>, std::less<>> applied_; ///< document numbers by path
-    std::vector<std::string> persons_;                    ///< names; empty unless there are two
+    std::vector<std::string> persons_; ///< names; empty unless there are two
 };
 
 /// "1, 3"; empty without numbers.

@@ -44,12 +44,13 @@ ReportFigures coverFigures(const ReportMaterial& material) {
     return figures;
 }
 
-/// How many entries the result rests on: fields of the case that some derivation names.
+/// How many entries the result rests on: fields that are not 0 and that some derivation names.
 std::size_t entryCount(const ReportInput& input) {
     std::set<std::string> paths;
     for (const Derivation& derivation : input.derivations) {
         for (const DerivationStep& step : derivation.steps) {
-            if (step.path && step.kind == DerivationStep::Kind::input) {
+            const auto& amount = step.canton ? step.canton : step.federal;
+            if (step.path && amount && !amount->isZero()) {
                 paths.insert(*step.path);
             }
         }
@@ -76,9 +77,8 @@ ReportTable foundations(const ReportMaterial& material) {
         add("Steuerbarer Gesamterwerb", money(bill.taxableIncomeCanton));
         add("Gesamtvermögen", money(bill.taxableWealth));
     } else {
-        add("Steuerbares Einkommen",
-            dotted({"Kanton " + money(bill.taxableIncomeCanton),
-                    "Bund " + money(bill.taxableIncomeFederal)}));
+        add("Steuerbares Einkommen", dotted({"Kanton " + money(bill.taxableIncomeCanton),
+                                             "Bund " + money(bill.taxableIncomeFederal)}));
         add("Steuerbares Vermögen", money(bill.taxableWealth));
     }
     add("Tarif", std::string(li ? label(liTariffOf(material.taxCase())) : label(bill.kind)));
@@ -87,9 +87,9 @@ ReportTable foundations(const ReportMaterial& material) {
            : dotted({"Kanton " + percent(bill.cantonRate),
                      "Gemeinde " + percent(bill.municipalityRate),
                      "Kirche " + percent(bill.churchRate)}));
-    add("Regeln", "Steuerjahr " + std::to_string(result.year)
-                      + (li ? ", Fürstentum Liechtenstein"
-                            : ", Kanton St.Gallen und direkte Bundessteuer"));
+    add("Regeln",
+        "Steuerjahr " + std::to_string(result.year)
+            + (li ? ", Fürstentum Liechtenstein" : ", Kanton St.Gallen und direkte Bundessteuer"));
     add("Grundlage",
         counted(entryCount(material.input), "Angabe", "Angaben") + " und "
             + (documents == 0 ? "keine Belege" : counted(documents, "Beleg", "Belege")));
@@ -117,9 +117,9 @@ std::vector<ReportBlock> coverBlocks(const ReportMaterial& material) {
     using Tone = ReportText::Tone;
     std::vector<ReportBlock> blocks;
     blocks.emplace_back(ReportSpace{coverTop});
-    blocks.emplace_back(ReportText{
-        material.isLiechtenstein() ? "Fürstentum Liechtenstein" : "Kanton St.Gallen und Bund",
-        Tone::kicker});
+    blocks.emplace_back(ReportText{material.isLiechtenstein() ? "Fürstentum Liechtenstein"
+                                                              : "Kanton St.Gallen und Bund",
+                                   Tone::kicker});
     blocks.emplace_back(
         ReportText{"Steuererklärung " + std::to_string(taxCase.year), Tone::display});
     blocks.emplace_back(ReportText{householdName(taxCase), Tone::lead});
@@ -139,20 +139,24 @@ ReportChapter householdChapter(const ReportMaterial& material) {
     ReportChapter household = chapter("Haushalt", "household");
     ReportTable persons = table({labelColumn("Person"), labelColumn("Geboren"),
                                  textColumn("Beruf und Arbeitgeber"), textColumn("Konfession")});
+    int number = 0;
     for (const Person& person : taxCase.persons()) {
-        addRow(persons, {{person.displayName()},
+        addRow(persons, {{personName(taxCase, ++number)},
                          {dayText(person.birthDate)},
                          {dotted({person.profession, person.employer})},
                          {std::string(label(person.confession))}});
     }
     household.blocks.emplace_back(std::move(persons));
     if (!taxCase.children.empty()) {
-        ReportTable children = table({labelColumn("Kind"), labelColumn("Geboren"),
-                                      textColumn("Ausbildung"), amountColumn("Drittbetreuung"),
-                                      amountColumn("Ausbildungskosten")});
+        ReportTable children =
+            table({labelColumn("Kind"), labelColumn("Geboren"), textColumn("Ausbildung"),
+                   amountColumn("Drittbetreuung"), amountColumn("Ausbildungskosten")});
+        number = 0;
         for (const Child& child : taxCase.children) {
+            ++number;
             addRow(children,
-                   {{child.firstName + (child.lastName.empty() ? "" : " ") + child.lastName},
+                   {{child.firstName.empty() ? "Kind " + std::to_string(number) : child.firstName,
+                     child.lastName == taxCase.person1.lastName ? "" : child.lastName},
                     {dayText(child.birthDate)},
                     {std::string(label(child.education)),
                      dotted({child.school, child.childcareProvider,
@@ -196,10 +200,8 @@ ReportContent reportContent(const ReportInput& input) {
             chapters.push_back(std::move(made));
         }
     }
-    ReportChapter cover{.title = "Deckblatt",
-                        .anchor = "cover",
-                        .blocks = coverBlocks(material),
-                        .isCover = true};
+    ReportChapter cover{
+        .title = "Deckblatt", .anchor = "cover", .blocks = coverBlocks(material), .isCover = true};
     cover.blocks.emplace_back(ReportSpace{coverGap});
     cover.blocks.emplace_back(contents(chapters));
     cover.blocks.emplace_back(ReportSpace{coverGap});
@@ -218,8 +220,16 @@ ReportContent reportContent(const ReportInput& input) {
 std::string pdfFileName(std::string_view what, const TaxCase& taxCase) {
     std::string name = std::string(what) + "-" + std::to_string(taxCase.year);
     static constexpr std::array<std::pair<std::string_view, std::string_view>, 10> letters{
-        {{"ä", "ae"}, {"ö", "oe"}, {"ü", "ue"}, {"Ä", "Ae"}, {"Ö", "Oe"},
-         {"Ü", "Ue"}, {"é", "e"},  {"è", "e"},  {"à", "a"},  {"ç", "c"}}};
+        {{"ä", "ae"},
+         {"ö", "oe"},
+         {"ü", "ue"},
+         {"Ä", "Ae"},
+         {"Ö", "Oe"},
+         {"Ü", "Ue"},
+         {"é", "e"},
+         {"è", "e"},
+         {"à", "a"},
+         {"ç", "c"}}};
     std::string ending;
     for (std::string_view rest = taxCase.person1.lastName; !rest.empty();) {
         const auto* const letter = std::ranges::find_if(

@@ -12,9 +12,9 @@
 
 namespace fiscarel::outputs {
 
-// What a printed report says, as plain data: chapters of headings, texts, figures and tables. How it
-// is set on paper is not known here. All texts are German; amounts are texts already, in francs with
-// two decimals, with the minus sign U+2212.
+// What a printed report says, as plain data: chapters of headings, texts, figures and tables. How
+// it is set on paper is not known here. All texts are German; amounts are texts already, in francs
+// with two decimals, with the minus sign U+2212.
 
 /// The name of a place in the report, to link to; empty: none.
 using Anchor = std::string;
@@ -119,7 +119,7 @@ struct ReportChapter {
     std::string title; ///< for the outline and the head of the page
     Anchor anchor;
     std::vector<ReportBlock> blocks;
-    bool isCover = false;       ///< without head and foot of the page
+    bool isCover = false; ///< without head and foot of the page
     bool beginsOnNewPage = true;
 
     bool operator==(const ReportChapter&) const = default;
@@ -141,12 +141,12 @@ struct ReportInput {
     std::vector<taxcore::Derivation> derivations; ///< of every line and figure
     std::vector<taxcore::Notice> notices;         ///< what is to be said beside the result's own
     std::vector<std::string> notComputed;         ///< German sentences
-    std::vector<StoredDocument> documents;        ///< of any year; others than the case's are left out
+    std::vector<StoredDocument> documents; ///< of any year; others than the case's are left out
     taxcore::Date madeOn;
 };
 
-/// The whole report: cover, household, return, bill, breakdowns, limits, notices, registers, the way
-/// to every amount, and the documents. Every line of the return names the documents behind its
+/// The whole report: cover, household, return, bill, breakdowns, limits, notices, registers, the
+/// way to every amount, and the documents. Every line of the return names the documents behind its
 /// entries and leads to the derivation that lists them.
 ReportContent reportContent(const ReportInput& input);
 

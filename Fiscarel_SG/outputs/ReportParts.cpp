@@ -43,9 +43,7 @@ std::string withMinus(std::string text) {
 
 } // namespace
 
-std::string money(const Decimal& francs) {
-    return withMinus(MoneyFormat::chf(francs, 2, false));
-}
+std::string money(const Decimal& francs) { return withMinus(MoneyFormat::chf(francs, 2, false)); }
 
 std::string moneyOrNothing(const Decimal& francs) {
     return francs.isZero() ? std::string() : money(francs);
@@ -73,12 +71,15 @@ std::string dotted(const std::vector<std::string>& parts) {
     return text;
 }
 
+std::string personName(const TaxCase& taxCase, int number) {
+    const Person& person = number == 1 ? taxCase.person1 : taxCase.person2;
+    const bool nameless = person.firstName.empty() && person.lastName.empty();
+    return nameless && taxCase.isJoint() ? "Person " + std::to_string(number)
+                                         : person.displayName();
+}
+
 std::string householdName(const TaxCase& taxCase) {
-    std::string names;
-    for (const Person& person : taxCase.persons()) {
-        names += (names.empty() ? "" : " und ") + person.displayName();
-    }
-    return names;
+    return personName(taxCase, 1) + (taxCase.isJoint() ? " und " + personName(taxCase, 2) : "");
 }
 
 ReportTable table(std::vector<ReportColumn> columns) {
@@ -91,9 +92,7 @@ ReportRow& addRow(ReportTable& table, Cells cells, ReportRow::Weight weight) {
 
 ReportChapter chapter(std::string title, Anchor anchor) {
     ReportHeading heading{title, 1, anchor};
-    return {.title = std::move(title),
-            .anchor = std::move(anchor),
-            .blocks = {std::move(heading)}};
+    return {.title = std::move(title), .anchor = std::move(anchor), .blocks = {std::move(heading)}};
 }
 
 bool hasContent(const ReportChapter& chapter) { return chapter.blocks.size() > 1; }

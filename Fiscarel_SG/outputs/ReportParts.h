@@ -47,6 +47,8 @@ std::string inUnit(const taxcore::Decimal& value, taxcore::Unit unit);
 std::string dayText(const std::optional<taxcore::Date>& date);
 /// The parts that are not empty, with " · " between them.
 std::string dotted(const std::vector<std::string>& parts);
+/// The name of person 1 or 2; of two persons, one without a name is told by the number.
+std::string personName(const taxcore::TaxCase& taxCase, int number);
 /// The adults' names: "Nora Rheintaler und Jonas Rheintaler".
 std::string householdName(const taxcore::TaxCase& taxCase);
 

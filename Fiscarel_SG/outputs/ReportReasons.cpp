@@ -106,6 +106,7 @@ std::string personOf(const TaxLine* line, const TaxCase& taxCase) {
 void addLimits(ReportTable& rows, const Derivation& derivation, const ReportMaterial& material,
                bool twoSides) {
     const TaxLine* const line = material.result().line(derivation.code);
+    std::pair<std::string, std::string> told;
     for (std::size_t i = 0; i < derivation.steps.size(); ++i) {
         const DerivationStep& step = derivation.steps[i];
         if (step.kind != Kind::threshold && !isLimit(step)) {
@@ -116,14 +117,16 @@ void addLimits(ReportTable& rows, const Derivation& derivation, const ReportMate
             applied(step, step.canton, next != nullptr ? next->canton : derivation.canton);
         const std::string federal =
             applied(step, step.federal, next != nullptr ? next->federal : derivation.federal);
-        if (canton.empty() && federal.empty()) {
+        const bool isTold = told == std::pair(canton, federal); // by another name
+        if ((canton.empty() && federal.empty()) || isTold) {
             continue;
         }
-        Cells cells{{titleOf(derivation, line), personOf(line, material.taxCase())},
-                    {limitName(step, next),
-                     dotted({canton.empty() ? "" : step.lawCanton.value_or(""),
-                             federal.empty() ? "" : step.lawFederal.value_or("")})},
-                    {canton}};
+        told = {canton, federal};
+        Cells cells{
+            {titleOf(derivation, line), personOf(line, material.taxCase())},
+            {limitName(step, next), dotted({canton.empty() ? "" : step.lawCanton.value_or(""),
+                                            federal.empty() ? "" : step.lawFederal.value_or("")})},
+            {canton}};
         if (twoSides) {
             cells.push_back({federal});
         }
@@ -245,8 +248,8 @@ ReportChapter noticesChapter(const ReportMaterial& material) {
     ReportChapter notices = chapter("Hinweise", "notices");
     ReportTable rows = table({labelColumn("Art"), textColumn("Hinweis")});
     std::set<std::string_view> told;
-    for (const auto& list : {std::cref(material.input.notices),
-                             std::cref(material.result().notices)}) {
+    for (const auto& list :
+         {std::cref(material.input.notices), std::cref(material.result().notices)}) {
         for (const Notice& notice : list.get()) {
             if (told.insert(notice.id).second) {
                 addRow(rows, {{std::string(label(notice.level))}, {notice.title, notice.message}});

@@ -54,19 +54,18 @@ ReportTable salaries(const ReportMaterial& material) {
                               amountColumn("Nettolohn (11)"), labelColumn("Beleg")});
     forEachAdult(material.taxCase(), [&](const AdultEntries& adult) {
         for (const SalaryCertificate& salary : adult.income.salaries) {
-            const std::string boxes =
-                std::string(salary.fieldF ? "Feld F" : "")
-                + (salary.fieldF && salary.fieldG ? ", " : "") + (salary.fieldG ? "Feld G" : "");
-            addRow(rows,
-                   {{named(salary.employer),
-                     dotted({adult.person.displayName(),
-                             salary.isMainEmployment ? "Haupterwerb" : "Nebenerwerb",
-                             periodText(salary), boxes, salary.remarks})},
-                    {money(salary.grossSalary)},
-                    {money(salary.socialContributions)},
-                    {money(salary.pensionContributions + salary.pensionBuyIn)},
-                    {money(salary.netSalary())},
-                    {documentNumber(material, salary.documentID)}});
+            const std::string boxes = std::string(salary.fieldF ? "Feld F" : "")
+                                      + (salary.fieldF && salary.fieldG ? ", " : "")
+                                      + (salary.fieldG ? "Feld G" : "");
+            addRow(rows, {{named(salary.employer),
+                           dotted({personName(material.taxCase(), adult.number),
+                                   salary.isMainEmployment ? "Haupterwerb" : "Nebenerwerb",
+                                   periodText(salary), boxes, salary.remarks})},
+                          {money(salary.grossSalary)},
+                          {money(salary.socialContributions)},
+                          {money(salary.pensionContributions + salary.pensionBuyIn)},
+                          {money(salary.netSalary())},
+                          {documentNumber(material, salary.documentID)}});
         }
     });
     return rows;
@@ -77,7 +76,7 @@ ReportTable pensions(const ReportMaterial& material) {
     forEachAdult(material.taxCase(), [&](const AdultEntries& adult) {
         for (const PensionIncome& pension : adult.income.pensions) {
             addRow(rows, {{named(pension.label), percentText(pension.taxablePercent)},
-                          {adult.person.displayName()},
+                          {personName(material.taxCase(), adult.number)},
                           {money(pension.amount)}});
         }
     });
@@ -86,22 +85,21 @@ ReportTable pensions(const ReportMaterial& material) {
 
 /// The name in two lines: the institution, then what else tells the entry apart.
 ReportCell securityName(const SecurityEntry& entry) {
-    return {dotted({entry.institution, entry.description}).empty()
-                ? named("")
-                : dotted({entry.institution, entry.description}),
-            dotted({std::string(label(entry.kind)), entry.ibanOrValor,
-                    entry.quantity ? "Anzahl " + MoneyFormat::number(*entry.quantity)
-                                   : std::string(),
-                    std::string(entry.owner == Owner::gemeinsam ? "" : label(entry.owner)),
-                    entry.managedByThirdParty ? "durch Dritte verwaltet" : ""})};
+    return {
+        dotted({entry.institution, entry.description}).empty()
+            ? named("")
+            : dotted({entry.institution, entry.description}),
+        dotted({std::string(label(entry.kind)), entry.ibanOrValor,
+                entry.quantity ? "Anzahl " + MoneyFormat::number(*entry.quantity) : std::string(),
+                std::string(entry.owner == Owner::gemeinsam ? "" : label(entry.owner)),
+                entry.managedByThirdParty ? "durch Dritte verwaltet" : ""})};
 }
 
 ReportTable securities(const ReportMaterial& material) {
     const auto& entries = material.taxCase().securities;
-    ReportTable rows =
-        table({labelColumn("Nr."), labelColumn("Code"), textColumn("Bezeichnung"),
-               amountColumn("Steuerwert 31.12."), amountColumn("Ertrag mit VSt"),
-               amountColumn("Ertrag ohne VSt"), labelColumn("Beleg")});
+    ReportTable rows = table({labelColumn("Nr."), labelColumn("Code"), textColumn("Bezeichnung"),
+                              amountColumn("Steuerwert 31.12."), amountColumn("Ertrag mit VSt"),
+                              amountColumn("Ertrag ohne VSt"), labelColumn("Beleg")});
     int number = 0;
     for (const SecurityEntry& entry : entries) {
         addRow(rows, {{std::to_string(++number)},
@@ -127,20 +125,21 @@ ReportTable securities(const ReportMaterial& material) {
 }
 
 ReportTable properties(const TaxCase& taxCase) {
-    ReportTable rows = table({textColumn("Liegenschaft"), amountColumn("Steuerwert"),
-                              amountColumn("Mietwert"), amountColumn("Mietertrag"),
-                              amountColumn("Unterhalt")});
+    ReportTable rows =
+        table({textColumn("Liegenschaft"), amountColumn("Steuerwert"), amountColumn("Mietwert"),
+               amountColumn("Mietertrag"), amountColumn("Unterhalt")});
     for (const RealEstate& property : taxCase.realEstate) {
-        addRow(rows, {{named(property.description),
-                       dotted({property.municipality, property.canton,
-                               property.parcelNumber.empty() ? "" : "Parzelle " + property.parcelNumber,
-                               std::string(label(property.use)),
-                               property.isPrimaryResidence ? "am Wohnsitz" : ""})},
-                      {money(property.taxValue)},
-                      {moneyOrNothing(property.imputedRentalValue)},
-                      {moneyOrNothing(property.rentalIncome)},
-                      {property.useFlatRateMaintenance ? "Pauschale"
-                                                       : money(property.actualMaintenanceCosts)}});
+        addRow(rows,
+               {{named(property.description),
+                 dotted({property.municipality, property.canton,
+                         property.parcelNumber.empty() ? "" : "Parzelle " + property.parcelNumber,
+                         std::string(label(property.use)),
+                         property.isPrimaryResidence ? "am Wohnsitz" : ""})},
+                {money(property.taxValue)},
+                {moneyOrNothing(property.imputedRentalValue)},
+                {moneyOrNothing(property.rentalIncome)},
+                {property.useFlatRateMaintenance ? "Pauschale"
+                                                 : money(property.actualMaintenanceCosts)}});
     }
     if (!rows.rows.empty()) {
         addRow(rows,
@@ -155,8 +154,8 @@ ReportTable properties(const TaxCase& taxCase) {
 }
 
 ReportTable debts(const TaxCase& taxCase) {
-    ReportTable rows =
-        table({textColumn("Gläubiger"), amountColumn("Schuld 31.12."), amountColumn("Schuldzinsen")});
+    ReportTable rows = table(
+        {textColumn("Gläubiger"), amountColumn("Schuld 31.12."), amountColumn("Schuldzinsen")});
     for (const Debt& debt : taxCase.debts) {
         addRow(rows, {{named(debt.creditor), debt.isBusiness ? "geschäftlich" : ""},
                       {money(debt.amount)},
@@ -173,9 +172,9 @@ ReportTable debts(const TaxCase& taxCase) {
 }
 
 ReportTable insurances(const TaxCase& taxCase) {
-    ReportTable rows = table({textColumn("Lebensversicherung"), labelColumn("Beginn"),
-                              labelColumn("Ablauf"), amountColumn("Summe"),
-                              amountColumn("Rückkaufswert")});
+    ReportTable rows =
+        table({textColumn("Lebensversicherung"), labelColumn("Beginn"), labelColumn("Ablauf"),
+               amountColumn("Summe"), amountColumn("Rückkaufswert")});
     const auto year = [](const std::optional<int>& value) {
         return value ? std::to_string(*value) : std::string();
     };
@@ -220,8 +219,8 @@ ReportTable otherAssets(const TaxCase& taxCase) {
 
 ReportTable donations(const ReportMaterial& material) {
     const auto& gifts = material.taxCase().householdDeductions.donations;
-    ReportTable rows = table({labelColumn("Datum"), textColumn("Empfänger"), amountColumn("CHF"),
-                              labelColumn("Beleg")});
+    ReportTable rows = table(
+        {labelColumn("Datum"), textColumn("Empfänger"), amountColumn("CHF"), labelColumn("Beleg")});
     for (const Donation& gift : gifts) {
         addRow(rows, {{dayText(gift.date)},
                       {named(gift.recipient), gift.isPoliticalParty ? "politische Partei" : ""},
@@ -236,9 +235,9 @@ ReportTable donations(const ReportMaterial& material) {
 
 ReportTable medicalCosts(const ReportMaterial& material) {
     const auto& bills = material.taxCase().householdDeductions.medicalCosts;
-    ReportTable rows = table({labelColumn("Datum"), textColumn("Rechnung von"),
-                              amountColumn("Rechnung"), amountColumn("Vergütet"),
-                              amountColumn("Selbst bezahlt"), labelColumn("Beleg")});
+    ReportTable rows =
+        table({labelColumn("Datum"), textColumn("Rechnung von"), amountColumn("Rechnung"),
+               amountColumn("Vergütet"), amountColumn("Selbst bezahlt"), labelColumn("Beleg")});
     Decimal selfPaid;
     for (const MedicalCost& bill : bills) {
         addRow(rows, {{dayText(bill.date)},

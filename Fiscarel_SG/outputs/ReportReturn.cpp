@@ -80,21 +80,22 @@ std::string churchNote(const TaxCase& taxCase, const TaxResult& result) {
 ReportTable stGallenBill(const ReportMaterial& material) {
     const TaxResult& result = material.result();
     const TaxBill& bill = result.bill;
-    ReportTable rows = table({textColumn(""), amountColumn("Steuerfuss"),
-                              amountColumn("Einkommen"), amountColumn("Vermögen"),
-                              amountColumn("Total CHF"), labelColumn("Beleg"),
-                              pageColumn()});
+    ReportTable rows = table({textColumn(""), amountColumn("Steuerfuss"), amountColumn("Einkommen"),
+                              amountColumn("Vermögen"), amountColumn("Total CHF"),
+                              labelColumn("Beleg"), pageColumn()});
     const auto add = [&](ReportCell name, std::string rate, std::string income, std::string wealth,
                          std::string total, const char* code, Weight weight = Weight::plain) {
         trace(addRow(rows,
-                     {std::move(name), {std::move(rate)}, {std::move(income)}, {std::move(wealth)},
+                     {std::move(name),
+                      {std::move(rate)},
+                      {std::move(income)},
+                      {std::move(wealth)},
                       {std::move(total)}},
                      weight),
               code, material);
     };
-    add({"Einfache Steuer",
-         MoneyFormat::number(bill.simpleIncomeRatePercent.roundPlain(6))
-             + "% des steuerbaren Einkommens"},
+    add({"Einfache Steuer", MoneyFormat::number(bill.simpleIncomeRatePercent.roundPlain(6))
+                                + "% des steuerbaren Einkommens"},
         "", money(bill.simpleIncomeTax), money(bill.simpleWealthTax), "", "simpleIncomeTax");
     add({"Kanton"}, percent(bill.cantonRate), money(bill.cantonIncome), money(bill.cantonWealth),
         money(bill.cantonTotal()), "cantonTotal");
@@ -107,10 +108,10 @@ ReportTable stGallenBill(const ReportMaterial& material) {
     add({"Kanton, Gemeinde und Kirche"}, percent(bill.totalRate()), "", "",
         money(bill.cantonAndMunicipalityTotal()), "cantonAndMunicipalityTotal", Weight::sum);
     const bool reduced = !bill.federalChildReduction.isZero();
-    add({"Direkte Bundessteuer",
-         reduced ? "nach Tarif " + money(bill.federalBeforeChildReduction) + ", Abzug für Kinder "
-                       + money(bill.federalChildReduction)
-                 : std::string()},
+    add({"Direkte Bundessteuer", reduced ? "nach Tarif " + money(bill.federalBeforeChildReduction)
+                                               + ", Abzug für Kinder "
+                                               + money(bill.federalChildReduction)
+                                         : std::string()},
         "", money(bill.federal), "", money(bill.federal), "federal");
     add({"Total der Steuern"}, "", "", "", money(bill.total()), "total", Weight::sum);
     return rows;
@@ -121,8 +122,8 @@ ReportTable liechtensteinBill(const ReportMaterial& material) {
     const TaxBill& bill = result.bill;
     ReportTable rows = table({textColumn(""), amountColumn("Satz"), amountColumn("CHF"),
                               labelColumn("Beleg"), pageColumn()});
-    const auto add = [&](ReportCell name, std::string rate, const Decimal& amount,
-                         const char* code, Weight weight = Weight::plain) {
+    const auto add = [&](ReportCell name, std::string rate, const Decimal& amount, const char* code,
+                         Weight weight = Weight::plain) {
         trace(addRow(rows, {std::move(name), {std::move(rate)}, {money(amount)}}, weight), code,
               material);
     };
@@ -130,9 +131,9 @@ ReportTable liechtensteinBill(const ReportMaterial& material) {
     add({"Landessteuer"}, "", bill.cantonTotal(), "cantonTotal");
     const bool unknown =
         std::ranges::find(result.notices, "li-gemeinde", &Notice::id) != result.notices.end();
-    add({"Gemeindezuschlag",
-         unknown ? std::string("angenommen, die Gemeinde ist nicht in der Liste")
-                 : material.taxCase().municipality},
+    add({"Gemeindezuschlag", unknown
+                                 ? std::string("angenommen, die Gemeinde ist nicht in der Liste")
+                                 : material.taxCase().municipality},
         percent(bill.municipalityRate), bill.municipalityTotal(), "municipalityTotal");
     add({"Total der Steuern", "in Prozent des steuerbaren Gesamterwerbs"},
         MoneyFormat::number(bill.simpleIncomeRatePercent.roundPlain(6)) + "%", bill.total(),
@@ -159,10 +160,8 @@ void addBesideBill(ReportChapter& bill, const ReportMaterial& material) {
                       {},
                       {.pageOf = "breakdown"}})
             .link = "breakdown";
-        addRow(rows, {{"Steuern " + std::to_string(result.year) + " insgesamt"},
-                      {money(total)},
-                      {},
-                      {}},
+        addRow(rows,
+               {{"Steuern " + std::to_string(result.year) + " insgesamt"}, {money(total)}, {}, {}},
                Weight::sum);
     }
     if (!rows.rows.empty()) {
@@ -185,8 +184,11 @@ void addCapitalPayments(ReportChapter& breakdown, const ReportMaterial& material
                               labelColumn("Beleg"), pageColumn()});
     Decimal sum;
     for (const CapitalPayment& payment : taxCase.capitalPayments) {
-        addRow(rows, {{std::string(label(payment.kind))}, {dayText(payment.date)},
-                      {money(payment.amount)}, {}, {}});
+        addRow(rows, {{std::string(label(payment.kind))},
+                      {dayText(payment.date)},
+                      {money(payment.amount)},
+                      {},
+                      {}});
         sum += payment.amount;
     }
     const auto& tax = material.result().capitalPaymentTax;
@@ -196,8 +198,8 @@ void addCapitalPayments(ReportChapter& breakdown, const ReportMaterial& material
               "capitalPaymentTax.canton", material);
         trace(addRow(rows, {{"Steuer des Bundes"}, {}, {money(tax->federal)}}),
               "capitalPaymentTax.federal", material);
-        addRow(rows, {{"Steuer auf Kapitalleistungen"}, {}, {money(tax->canton + tax->federal)}, {},
-                      {}},
+        addRow(rows,
+               {{"Steuer auf Kapitalleistungen"}, {}, {money(tax->canton + tax->federal)}, {}, {}},
                Weight::sum);
     }
     breakdown.blocks.emplace_back(std::move(rows));
@@ -238,10 +240,10 @@ ReportTable workTable(const std::string& name, const WorkExpenseBreakdown& canto
     ReportTable rows = table(sideColumns(name, federal != nullptr));
     const auto add = [&](ReportCell head, const auto& amountOf, Weight weight) {
         Cells cells{std::move(head)};
-        std::ranges::copy(
-            sides(amountOf(canton),
-                  federal != nullptr ? std::optional(amountOf(*federal)) : std::nullopt),
-            std::back_inserter(cells));
+        std::ranges::copy(sides(amountOf(canton), federal != nullptr
+                                                      ? std::optional(amountOf(*federal))
+                                                      : std::nullopt),
+                          std::back_inserter(cells));
         addRow(rows, std::move(cells), weight);
     };
     for (const WorkPart& part : workParts) {
@@ -249,18 +251,20 @@ ReportTable workTable(const std::string& name, const WorkExpenseBreakdown& canto
         if (amountOf(canton).isZero() && (federal == nullptr || amountOf(*federal).isZero())) {
             continue;
         }
-        const bool cut = part.amount == &WorkExpenseBreakdown::commute
-                         && (canton.commute < canton.commuteUncapped
-                             || (federal != nullptr && federal->commute < federal->commuteUncapped));
-        const bool differs = cut && federal != nullptr
-                             && canton.commuteUncapped != federal->commuteUncapped;
+        const bool cut =
+            part.amount == &WorkExpenseBreakdown::commute
+            && (canton.commute < canton.commuteUncapped
+                || (federal != nullptr && federal->commute < federal->commuteUncapped));
+        const bool differs =
+            cut && federal != nullptr && canton.commuteUncapped != federal->commuteUncapped;
         add({part.name,
              cut ? "vor der Begrenzung " + money(canton.commuteUncapped)
                        + (differs ? ", Bund " + money(federal->commuteUncapped) : std::string())
                  : std::string()},
             amountOf, Weight::plain);
     }
-    add({"Total"}, [](const WorkExpenseBreakdown& one) { return one.total(); }, Weight::sum);
+    add(
+        {"Total"}, [](const WorkExpenseBreakdown& one) { return one.total(); }, Weight::sum);
     return rows;
 }
 
@@ -270,12 +274,11 @@ void addWork(ReportChapter& breakdown, const ReportMaterial& material) {
         return;
     }
     breakdown.blocks.emplace_back(ReportHeading{"Berufskosten", 2, "work"});
-    const auto persons = material.taxCase().persons();
     for (std::size_t i = 0; i < work.canton->size(); ++i) {
         const bool hasFederal = work.federal && i < work.federal->size();
         breakdown.blocks.emplace_back(
-            workTable(i < persons.size() ? persons[i].get().displayName() : std::string(),
-                      (*work.canton)[i], hasFederal ? &(*work.federal)[i] : nullptr));
+            workTable(personName(material.taxCase(), static_cast<int>(i) + 1), (*work.canton)[i],
+                      hasFederal ? &(*work.federal)[i] : nullptr));
     }
 }
 
@@ -300,7 +303,8 @@ void addInsurance(ReportChapter& breakdown, const ReportMaterial& material) {
     };
     add("Bezahlt, nach Prämienverbilligung", [](const auto& one) { return one.paid; });
     add("Höchstbetrag", [](const auto& one) { return one.maximum; });
-    add("Abzug", [](const auto& one) { return one.deduction(); }, Weight::sum);
+    add(
+        "Abzug", [](const auto& one) { return one.deduction(); }, Weight::sum);
     breakdown.blocks.emplace_back(std::move(rows));
 }
 

@@ -35,7 +35,7 @@ constexpr double pixelsPerPoint = 96.0 / 72; ///< at 100 %
 constexpr std::array zoomSteps{50, 67, 80, 100, 125, 150, 200, 300};
 constexpr int sheetGap = 16;
 constexpr int edge = 24;
-constexpr int buttonEdges = 34; ///< of a button beside its text, both sides
+constexpr int buttonEdges = 34;    ///< of a button beside its text, both sides
 constexpr int widestFitting = 980; ///< pixels of a page that is as wide as there is room
 
 /// All that a report is made of, copied, so that another thread can make it.
@@ -48,14 +48,14 @@ struct ReportJob {
     std::vector<StoredDocument> documents;
 
     PaperSheet::Document make() const {
-        return std::make_shared<const paper::PaperDocument>(paper::setOnPaper(
-            outputs::reportContent({.taxCase = taxCase,
-                                    .result = result,
-                                    .derivations = calculator.explainAll(taxCase),
-                                    .notices = notices,
-                                    .notComputed = notComputed,
-                                    .documents = documents,
-                                    .madeOn = SystemClock().local().date})));
+        return std::make_shared<const paper::PaperDocument>(
+            paper::setOnPaper(outputs::reportContent({.taxCase = taxCase,
+                                                      .result = result,
+                                                      .derivations = calculator.explainAll(taxCase),
+                                                      .notices = notices,
+                                                      .notComputed = notComputed,
+                                                      .documents = documents,
+                                                      .madeOn = SystemClock().local().date})));
     }
 };
 
@@ -97,8 +97,8 @@ std::optional<std::string> printed(const paper::PaperDocument& document, QPrinte
 } // namespace
 
 ReportPage::ReportPage(AppStore& store, QWidget* parent)
-    : PageWidget(parent), store_(store), scroll_(new QScrollArea(this)),
-      message_(new QLabel(this)), wanted_(0) {
+    : PageWidget(parent), store_(store), scroll_(new QScrollArea(this)), message_(new QLabel(this)),
+      wanted_(0) {
     pool_.setMaxThreadCount(1);
     auto* const outer = new QVBoxLayout(this);
     outer->setContentsMargins(0, 0, 0, 0);
@@ -307,17 +307,16 @@ void ReportPage::goTo(const paper::PaperPlace& place) {
 void ReportPage::goToPage(int page) { goTo({page, 0}); }
 
 int ReportPage::currentPage() const {
-    const int middle =
-        scroll_->verticalScrollBar()->value() + scroll_->viewport()->height() / 2;
-    const auto after = std::ranges::find_if(
-        sheets_, [&](const PaperSheet* sheet) { return sheet->y() > middle; });
+    const int middle = scroll_->verticalScrollBar()->value() + scroll_->viewport()->height() / 2;
+    const auto after =
+        std::ranges::find_if(sheets_, [&](const PaperSheet* sheet) { return sheet->y() > middle; });
     return std::max(0, static_cast<int>(after - sheets_.begin()) - 1);
 }
 
 void ReportPage::showCurrentPage() {
     const int page = currentPage();
-    pageNumber_->setText(
-        sheets_.empty() ? QString() : u"Seite %1 von %2"_s.arg(page + 1).arg(sheets_.size()));
+    pageNumber_->setText(sheets_.empty() ? QString()
+                                         : u"Seite %1 von %2"_s.arg(page + 1).arg(sheets_.size()));
     for (int i = chapters_->count() - 1; i >= 0 && document_; --i) {
         const auto at = static_cast<std::size_t>(chapters_->itemData(i).toInt());
         if (document_->outline[at].place.page <= page) {

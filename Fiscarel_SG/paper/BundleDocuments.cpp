@@ -4,6 +4,10 @@
 #include "Fiscarel_SG/store/DocumentFiles.h"
 #include "Fiscarel_SG/store/PosixFiles.h"
 
+#include <qpdf/QPDF.hh>
+#include <qpdf/QPDFAcroFormDocumentHelper.hh>
+#include <qpdf/QPDFExc.hh>
+#include <qpdf/QPDFPageDocumentHelper.hh>
 #include <tl/expected.hpp>
 
 #include <QBuffer>
@@ -13,10 +17,6 @@
 #include <exception>
 #include <memory>
 #include <optional>
-#include <qpdf/QPDF.hh>
-#include <qpdf/QPDFAcroFormDocumentHelper.hh>
-#include <qpdf/QPDFExc.hh>
-#include <qpdf/QPDFPageDocumentHelper.hh>
 #include <utility>
 
 namespace fiscarel::paper {
@@ -82,7 +82,8 @@ std::optional<QImage> nextImage(QImageReader& reader) {
 QByteArray imagePages(std::string& bytes) {
     constexpr int pointsPerInch = 72;
     constexpr int mostImages = 500;
-    QByteArray content = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    QByteArray content =
+        QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
     QBuffer input(&content);
     QImageReader reader(&input);
     reader.setAutoTransform(true);
@@ -230,9 +231,9 @@ void leaveOutBroken(std::vector<std::unique_ptr<Taken>>& documents,
             sound.push_back(std::move(alone.front()));
         } catch (const std::exception&) {
             const BundleItem& item = *alone.front()->item;
-            bundle.faults.push_back({static_cast<std::size_t>(&item - items.data()),
-                                     quoted(item)
-                                         + " ist beschädigt und lässt sich nicht verbinden."});
+            bundle.faults.push_back(
+                {static_cast<std::size_t>(&item - items.data()),
+                 quoted(item) + " ist beschädigt und lässt sich nicht verbinden."});
         }
     }
     documents = std::move(sound);

@@ -87,8 +87,8 @@ struct PaperDocument {
 };
 
 /// Sets a report. Headings stay with what follows them, rows stay whole unless they are very high,
-/// the head of a table stands again on every page the table goes on to, and the sum of a table stays
-/// with the row before it.
+/// the head of a table stands again on every page the table goes on to, and the sum of a table
+/// stays with the row before it.
 PaperDocument setOnPaper(const outputs::ReportContent& content);
 
 /// Paints a page (from 0) on a painter whose unit is a point, its origin the page's corner.

@@ -20,7 +20,8 @@ constexpr double underTitle = 6;
 constexpr double runningTop = 40;
 constexpr double runningBottom = pageHeight - 36;
 constexpr double figureGap = 18;
-constexpr double measure = 400; ///< running text is not wider, points
+constexpr std::size_t mostIntroducing = 4; ///< lines of text that stay with a table after them
+constexpr double measure = 400;            ///< running text is not wider, points
 
 void append(std::vector<Strip>& strips, const ReportHeading& heading, bool beginsPage) {
     const Type type = heading.level == 1   ? Type::title
@@ -92,14 +93,15 @@ void append(std::vector<Strip>& strips, const ReportFigures& figures) {
         addLines(strip, Type::figureLabel, {label}, top, left);
         addLines(strip, type, {value}, top + leading(Type::figureLabel), left);
         if (!figure.code.empty()) {
-            strip.spots.push_back({QRectF(left, top, width - figureGap,
-                                          leading(Type::figureLabel) + leading(type)),
-                                   figure.code, label + u' ' + value});
+            strip.spots.push_back(
+                {QRectF(left, top, width - figureGap, leading(Type::figureLabel) + leading(type)),
+                 figure.code, label + u' ' + value});
         }
         left = isFirst ? 0 : left + width;
         top = isFirst ? strip.height + underTitle : top;
     }
-    strip.rules.push_back({QRectF(0, -underTitle - 1.2, contentWidth, 1.2), PaperRule::Ink::accent});
+    strip.rules.push_back(
+        {QRectF(0, -underTitle - 1.2, contentWidth, 1.2), PaperRule::Ink::accent});
     strips.push_back(std::move(strip));
 }
 
@@ -127,6 +129,13 @@ std::vector<Strip> stripsOf(const ReportChapter& chapter) {
                 }
             },
             block);
+        if (std::holds_alternative<ReportTable>(block)) { // short texts introduce it
+            for (std::size_t i = before, lines = 0;
+                 i > 0 && lines < mostIntroducing && strips[i - 1].kind == PaperBlock::Kind::text;
+                 --i, ++lines) {
+                strips[i - 1].staysWithNext = true;
+            }
+        }
         if (strips.size() > before) {
             strips[before].spaceBefore += space;
             space = 0;
@@ -240,8 +249,8 @@ void numberPages(PaperDocument& document) {
                 continue;
             }
             const auto found = document.places.find(text.pageOf);
-            text.text =
-                found == document.places.end() ? QString() : QString::number(found->second.page + 1);
+            text.text = found == document.places.end() ? QString()
+                                                       : QString::number(found->second.page + 1);
             text.at.rx() -= widthOf(text.type, text.text);
         }
         std::erase_if(page.links, [&](const PaperLink& link) {
@@ -264,9 +273,9 @@ void addRunningTexts(PaperDocument& document, const ReportContent& content) {
         auto& texts = document.pages[i].texts;
         texts.push_back({QPointF(marginLeft, runningTop), head, Type::running});
         texts.push_back({QPointF(marginLeft, runningBottom), foot, Type::running});
-        texts.push_back({QPointF(pageWidth - marginRight - widthOf(Type::running, number),
-                                 runningBottom),
-                         number, Type::running});
+        texts.push_back(
+            {QPointF(pageWidth - marginRight - widthOf(Type::running, number), runningBottom),
+             number, Type::running});
     }
 }
 

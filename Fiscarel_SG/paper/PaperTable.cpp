@@ -40,9 +40,7 @@ Type textType(Weight weight) {
     return Type::body;
 }
 
-Type noteType(Weight weight) {
-    return weight == Weight::detail ? Type::detailNote : Type::note;
-}
+Type noteType(Weight weight) { return weight == Weight::detail ? Type::detailNote : Type::note; }
 
 struct Column {
     Kind kind = Kind::text;
@@ -90,8 +88,8 @@ void shareRest(std::vector<Column>& columns) {
         wanted += column.kind == Kind::text ? std::max(column.natural, leastTextWidth) : 0;
     }
     if (wanted <= 0) { // nothing but short columns: the last label takes the rest
-        const auto last = std::ranges::find(columns.rbegin(), columns.rend(), Kind::label,
-                                            &Column::kind);
+        const auto last =
+            std::ranges::find(columns.rbegin(), columns.rend(), Kind::label, &Column::kind);
         if (last != columns.rend()) {
             last->width += std::max(0.0, rest);
         }
@@ -122,8 +120,8 @@ std::vector<Column> columnsOf(const ReportTable& table) {
         if (column.kind == Kind::amount) {
             column.natural = std::max(column.natural, leastAmountWidth);
         }
-        column.width = column.kind == Kind::label ? std::min(column.natural, mostLabelWidth)
-                                                  : column.natural;
+        column.width =
+            column.kind == Kind::label ? std::min(column.natural, mostLabelWidth) : column.natural;
         // Two long texts beside each other each keep some room.
         column.natural = std::min(column.natural, contentWidth / 2);
         texts += column.kind == Kind::text ? 1 : 0;
@@ -135,10 +133,10 @@ std::vector<Column> columnsOf(const ReportTable& table) {
     for (const Column& column : columns) {
         amounts += column.kind == Kind::amount ? column.width : 0;
     }
-    squeeze(columns, Kind::label,
-            std::max(leastTextWidth / 2,
-                     contentWidth - amounts - others - texts * leastTextWidth
-                         - columnGap * static_cast<double>(columns.size() - 1)));
+    squeeze(
+        columns, Kind::label,
+        std::max(leastTextWidth / 2, contentWidth - amounts - others - texts * leastTextWidth
+                                         - columnGap * static_cast<double>(columns.size() - 1)));
     shareRest(columns);
     double left = 0;
     for (Column& column : columns) {
@@ -159,8 +157,8 @@ std::vector<Line> linesOf(const ReportCell& cell, const Column& column, Weight w
     const Type type = textType(weight);
     std::vector<Line> lines;
     if (!cell.pageOf.empty()) {
-        lines.push_back({QString(), weight == Weight::detail ? Type::detail : Type::body,
-                         cell.pageOf});
+        lines.push_back(
+            {QString(), weight == Weight::detail ? Type::detail : Type::body, cell.pageOf});
         return lines;
     }
     for (const QString& line : wrapped(type, paperText(cell.text), column.width)) {
@@ -184,8 +182,7 @@ double placeLines(Strip& strip, std::vector<Line>& lines, const Column& column, 
             break;
         }
         const bool onRight = column.kind == Kind::amount || column.kind == Kind::number;
-        const double left =
-            onRight ? column.right() - widthOf(line.type, line.text) : column.left;
+        const double left = onRight ? column.right() - widthOf(line.type, line.text) : column.left;
         strip.texts.push_back({.at = QPointF(left, top + height + baseline(line.type)),
                                .text = line.text,
                                .type = line.type,
@@ -229,9 +226,8 @@ ReportTable withoutEmptyColumns(ReportTable table) {
 }
 
 Strip headStrip(const ReportTable& table, const std::vector<Column>& columns) {
-    Strip strip{.spaceBefore = tableSpace,
-                .staysWithNext = true,
-                .kind = PaperBlock::Kind::tableHead};
+    Strip strip{
+        .spaceBefore = tableSpace, .staysWithNext = true, .kind = PaperBlock::Kind::tableHead};
     double height = 0;
     std::vector<std::vector<Line>> cells;
     for (std::size_t i = 0; i < columns.size(); ++i) {
@@ -247,8 +243,8 @@ Strip headStrip(const ReportTable& table, const std::vector<Column>& columns) {
         placeLines(strip, cells[i], columns[i], height - own, height);
     }
     strip.height = height + 3;
-    strip.rules.push_back({QRectF(0, strip.height - strongLine, contentWidth, strongLine),
-                           PaperRule::Ink::strong});
+    strip.rules.push_back(
+        {QRectF(0, strip.height - strongLine, contentWidth, strongLine), PaperRule::Ink::strong});
     return strip;
 }
 
@@ -285,8 +281,7 @@ std::vector<Strip> rowStrips(const ReportRow& row, std::vector<Column> columns) 
     first.anchor = row.anchor;
     first.link = row.link;
     if (!row.code.empty()) {
-        first.spots.push_back(
-            {QRectF(0, 0, contentWidth, first.height), row.code, spokenRow(row)});
+        first.spots.push_back({QRectF(0, 0, contentWidth, first.height), row.code, spokenRow(row)});
     }
     if (row.weight == Weight::sum) {
         first.rules.push_back({QRectF(0, 0, contentWidth, strongLine), PaperRule::Ink::strong});
@@ -304,7 +299,8 @@ std::vector<Strip> rowStrips(const ReportRow& row, std::vector<Column> columns) 
 void addLines(Strip& strip, Type type, const QStringList& lines, double top, double left) {
     double y = top;
     for (const QString& line : lines) {
-        strip.texts.push_back({.at = QPointF(left, y + baseline(type)), .text = line, .type = type});
+        strip.texts.push_back(
+            {.at = QPointF(left, y + baseline(type)), .text = line, .type = type});
         y += leading(type);
     }
     strip.height = std::max(strip.height, y);

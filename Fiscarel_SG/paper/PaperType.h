@@ -14,13 +14,13 @@ namespace fiscarel::paper {
 
 enum class Type {
     body,
-    note,    ///< under a text
-    head,    ///< of a column
-    strong,  ///< sums
-    group,   ///< begins a group of details
+    note,   ///< under a text
+    head,   ///< of a column
+    strong, ///< sums
+    group,  ///< begins a group of details
     detail,
     detailNote,
-    title,   ///< of a chapter
+    title, ///< of a chapter
     section,
     part,
     kicker,

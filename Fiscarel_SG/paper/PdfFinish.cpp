@@ -1,16 +1,17 @@
 #include "Fiscarel_SG/paper/PdfFinish.h"
 
+#include <qpdf/Buffer.hh>
+#include <qpdf/QPDF.hh>
+#include <qpdf/QPDFObjectHandle.hh>
+#include <qpdf/QPDFPageDocumentHelper.hh>
+#include <qpdf/QPDFWriter.hh>
+
 #include <QBuffer>
 #include <QMarginsF>
 #include <QPageSize>
 #include <QPdfWriter>
 #include <algorithm>
 #include <memory>
-#include <qpdf/Buffer.hh>
-#include <qpdf/QPDF.hh>
-#include <qpdf/QPDFObjectHandle.hh>
-#include <qpdf/QPDFPageDocumentHelper.hh>
-#include <qpdf/QPDFWriter.hh>
 
 namespace fiscarel::paper {
 
@@ -28,8 +29,8 @@ double heightOf(QPDFPageObjectHelper page) {
 /// Where an entry leads: the page, scrolled to a height.
 Handle destination(const std::vector<QPDFPageObjectHelper>& pages, const PaperPlace& place) {
     constexpr double above = 12; // what is sought does not stick to the edge of the window
-    const auto at = static_cast<std::size_t>(
-        std::clamp(place.page, 0, static_cast<int>(pages.size()) - 1));
+    const auto at =
+        static_cast<std::size_t>(std::clamp(place.page, 0, static_cast<int>(pages.size()) - 1));
     QPDFPageObjectHelper page = pages[at];
     return Handle::newArray({page.getObjectHandle(), Handle::newName("/XYZ"), Handle::newNull(),
                              Handle::newReal(heightOf(page) - std::max(0.0, place.y - above), 2),

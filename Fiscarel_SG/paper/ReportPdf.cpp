@@ -2,8 +2,9 @@
 
 #include "Fiscarel_SG/paper/PdfFinish.h"
 
-#include <exception>
 #include <qpdf/QPDF.hh>
+
+#include <exception>
 
 namespace fiscarel::paper {
 

@@ -520,14 +520,13 @@ TEST_F(CommandLine, writesTheReportWholeOrNotAtAll) {
         int exitCode;
         std::string says;
     };
-    for (const Bad& bad : {Bad{"bericht -", household, 2, "-o"},
-                           Bad{"bericht - -o " + file, "{}", 1, "year"},
-                           Bad{"bericht - -o " + file, "", 1, "leer"},
-                           Bad{"bericht - --jahr 2025 -o " + file, household, 1, "ohne --jahr"},
-                           Bad{"bericht - -o '" + folder_.string() + "/fehlt/x.pdf'", household, 1,
-                               "nicht schreiben"},
-                           Bad{"bericht - -o '" + folder_.string() + "'", household, 1,
-                               "nicht schreiben"}}) {
+    for (const Bad& bad :
+         {Bad{"bericht -", household, 2, "-o"}, Bad{"bericht - -o " + file, "{}", 1, "year"},
+          Bad{"bericht - -o " + file, "", 1, "leer"},
+          Bad{"bericht - --jahr 2025 -o " + file, household, 1, "ohne --jahr"},
+          Bad{"bericht - -o '" + folder_.string() + "/fehlt/x.pdf'", household, 1,
+              "nicht schreiben"},
+          Bad{"bericht - -o '" + folder_.string() + "'", household, 1, "nicht schreiben"}}) {
         const Outcome outcome = run(bad.arguments, bad.input);
         EXPECT_EQ(outcome.exitCode, bad.exitCode) << bad.arguments;
         EXPECT_EQ(outcome.out, "") << bad.arguments;

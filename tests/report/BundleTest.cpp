@@ -4,13 +4,13 @@
 #include "tests/report/PdfFiles.h"
 
 #include <gtest/gtest.h>
-
-#include <QImage>
-#include <memory>
 #include <qpdf/Buffer.hh>
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFPageDocumentHelper.hh>
 #include <qpdf/QPDFWriter.hh>
+
+#include <QImage>
+#include <memory>
 
 namespace fiscarel {
 namespace {
@@ -47,8 +47,8 @@ class BundleOfDocuments : public ::testing::Test {
     std::vector<BundleItem> items_;
 
     void add(const std::string& title, const std::string& bytes) {
-        items_.push_back({testing::writeFile(folder_.path() / std::to_string(items_.size()), bytes),
-                          title});
+        items_.push_back(
+            {testing::writeFile(folder_.path() / std::to_string(items_.size()), bytes), title});
     }
     void addImage(const std::string& title, QSize size) {
         QImage image(size, QImage::Format_RGB32);

@@ -1,10 +1,11 @@
 #include "tests/report/PdfFiles.h"
 
+#include <qpdf/QPDF.hh>
+#include <qpdf/QPDFOutlineDocumentHelper.hh>
+
 #include <array>
 #include <cstdio>
 #include <fstream>
-#include <qpdf/QPDF.hh>
-#include <qpdf/QPDFOutlineDocumentHelper.hh>
 #include <stdexcept>
 
 namespace fiscarel::testing {

@@ -38,7 +38,7 @@ ReportCase overfullCase() {
         entry.description =
             "Anlagefonds «Nachhaltige Schwellenländeraktien ausschüttend, Klasse B» Tranche "
             + std::to_string(i);
-        entry.ibanOrValor = "CH93 0076 2011 6238 5295 7";
+        entry.ibanOrValor = "CH01234567" + std::to_string(10 + i);
         entry.kind = AssetKind::wertschrift;
         entry.taxValue = Decimal(i * 1'000'003);
         entry.incomeWithWithholding = Decimal(i * 13);

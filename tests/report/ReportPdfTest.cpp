@@ -1,13 +1,14 @@
-#include "Fiscarel_SG/outputs/ReportParts.h"
 #include "Fiscarel_SG/paper/ReportPdf.h"
+
+#include "Fiscarel_SG/outputs/ReportParts.h"
 #include "tests/report/PdfFiles.h"
 #include "tests/report/ReportCases.h"
 
 #include <gtest/gtest.h>
-
-#include <algorithm>
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFObjectHandle.hh>
+
+#include <algorithm>
 #include <sstream>
 
 namespace fiscarel {
@@ -58,8 +59,7 @@ std::vector<std::string> amountsOf(const TaxResult& result, bool liechtenstein) 
         addAll(*result.capitalPaymentTax);
     }
     for (const Jurisdiction which : allValues<Jurisdiction>()) {
-        for (const auto& work :
-             result.work[which].value_or(std::vector<WorkExpenseBreakdown>())) {
+        for (const auto& work : result.work[which].value_or(std::vector<WorkExpenseBreakdown>())) {
             addAll(work);
             add(work.total());
         }
@@ -104,8 +104,7 @@ TEST(ReportPdf, holdsEveryAmountOfTheResult) {
             EXPECT_TRUE(amount == "0.00" || text.find(amount) != std::string::npos) << amount;
         }
         for (const Notice& notice : report.result.notices) {
-            EXPECT_NE(text.find(notice.title.substr(0, notice.title.find(' '))),
-                      std::string::npos)
+            EXPECT_NE(text.find(notice.title.substr(0, notice.title.find(' '))), std::string::npos)
                 << notice.title;
         }
     }
