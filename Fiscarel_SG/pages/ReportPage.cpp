@@ -108,7 +108,11 @@ ReportPage::ReportPage(AppStore& store, QWidget* parent)
     top->setSpacing(6);
     auto* const title = new QLabel(u"Bericht"_s, this);
     look::setRole(title, "title");
-    top->addWidget(title);
+    auto* const titleLine = new QHBoxLayout;
+    titleLine->addWidget(title);
+    titleLine->addStretch(1);
+    titleLine->addLayout(makeNavigation());
+    top->addLayout(titleLine);
     auto* const help = new QLabel(u"Wie er gedruckt wird. Ein Klick auf eine Zeile zeigt, woher "
                                   "der Betrag kommt."_s,
                                   this);
@@ -116,7 +120,7 @@ ReportPage::ReportPage(AppStore& store, QWidget* parent)
     look::setRole(help, "faint");
     top->addWidget(help);
     top->addSpacing(4);
-    top->addLayout(makeTools());
+    top->addLayout(makeActions());
     message_->setWordWrap(true);
     message_->setObjectName(u"reportMessage"_s);
     message_->hide();
@@ -137,9 +141,8 @@ ReportPage::~ReportPage() {
     pool_.waitForDone();
 }
 
-QHBoxLayout* ReportPage::makeTools() {
+QHBoxLayout* ReportPage::makeActions() {
     auto* const line = new QHBoxLayout;
-    line->setSpacing(6);
     save_ = new QPushButton(u"Als PDF speichern …"_s, this);
     save_->setObjectName(u"saveReport"_s);
     look::setRole(save_, "primary");
@@ -148,35 +151,40 @@ QHBoxLayout* ReportPage::makeTools() {
     save_->setMinimumWidth(QFontMetrics(strong).horizontalAdvance(save_->text()) + buttonEdges);
     print_ = new QPushButton(u"Drucken …"_s, this);
     print_->setObjectName(u"printReport"_s);
+    line->addWidget(save_);
+    line->addWidget(print_);
+    line->addStretch(1);
+    connect(save_, &QPushButton::clicked, this, &ReportPage::save);
+    connect(print_, &QPushButton::clicked, this, &ReportPage::print);
+    return line;
+}
+
+QHBoxLayout* ReportPage::makeNavigation() {
+    auto* const line = new QHBoxLayout;
+    line->setSpacing(6);
     chapters_ = new QComboBox(this);
     chapters_->setObjectName(u"reportChapters"_s);
     chapters_->setAccessibleName(u"Kapitel"_s);
     chapters_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    chapters_->setMinimumContentsLength(12);
+    chapters_->setMinimumContentsLength(14);
     pageNumber_ = new QLabel(this);
     pageNumber_->setObjectName(u"reportPageNumber"_s);
     zoomShown_ = new QLabel(this);
-    line->addWidget(save_);
-    line->addWidget(print_);
-    line->addStretch(1);
     line->addWidget(chapters_);
-    connect(addTool(*line, u"‹"_s, u"Vorherige Seite"_s, "previousPage"), &QToolButton::clicked,
-            this, [this] { goToPage(currentPage() - 1); });
+    const auto tool = [&](const QString& text, const QString& name, const char* objectName,
+                          const auto& action) {
+        connect(addTool(*line, text, name, objectName), &QToolButton::clicked, this, action);
+    };
+    tool(u"‹"_s, u"Vorherige Seite"_s, "previousPage", [this] { goToPage(currentPage() - 1); });
     line->addWidget(pageNumber_);
-    connect(addTool(*line, u"›"_s, u"Nächste Seite"_s, "nextPage"), &QToolButton::clicked, this,
-            [this] { goToPage(currentPage() + 1); });
-    connect(addTool(*line, u"−"_s, u"Kleiner"_s, "zoomOut"), &QToolButton::clicked, this,
-            [this] { zoomBy(-1); });
+    tool(u"›"_s, u"Nächste Seite"_s, "nextPage", [this] { goToPage(currentPage() + 1); });
+    tool(u"−"_s, u"Kleiner"_s, "zoomOut", [this] { zoomBy(-1); });
     line->addWidget(zoomShown_);
-    connect(addTool(*line, u"+"_s, u"Grösser"_s, "zoomIn"), &QToolButton::clicked, this,
-            [this] { zoomBy(1); });
-    connect(addTool(*line, u"↔"_s, u"Seitenbreite"_s, "zoomFit"), &QToolButton::clicked, this,
-            [this] {
-                zoom_ = 0;
-                applyZoom();
-            });
-    connect(save_, &QPushButton::clicked, this, &ReportPage::save);
-    connect(print_, &QPushButton::clicked, this, &ReportPage::print);
+    tool(u"+"_s, u"Grösser"_s, "zoomIn", [this] { zoomBy(1); });
+    tool(u"↔"_s, u"Seitenbreite"_s, "zoomFit", [this] {
+        zoom_ = 0;
+        applyZoom();
+    });
     connect(chapters_, &QComboBox::activated, this, [this](int index) {
         const auto at = static_cast<std::size_t>(chapters_->itemData(index).toInt());
         if (document_ && at < document_->outline.size()) {

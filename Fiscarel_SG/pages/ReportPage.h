@@ -45,7 +45,8 @@ class ReportPage final : public look::PageWidget {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    QHBoxLayout* makeTools();
+    QHBoxLayout* makeActions();
+    QHBoxLayout* makeNavigation();
     void makeSheets();
     void show(PaperSheet::Document document);
     void showProblem(const QString& sentence);
