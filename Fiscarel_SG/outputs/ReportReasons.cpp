@@ -53,6 +53,9 @@ std::string limitName(const DerivationStep& limit, const DerivationStep* outcome
     if (outcome != nullptr && limit.kind == Kind::rule) {
         return outcome->text + ": " + limit.text;
     }
+    if (limit.text == "höchstens" || limit.text == "mindestens") {
+        return "Abzug " + limit.text;
+    }
     return limit.text.starts_with(minus) ? limit.text.substr(minus.size()) : limit.text;
 }
 

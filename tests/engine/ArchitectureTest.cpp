@@ -106,8 +106,8 @@ TEST(Architecture, theApplicationIncludesOnlyDownwards) {
         const std::size_t end = name.find('/', begin);
         return end == std::string::npos ? std::string("top") : name.substr(begin, end - begin);
     };
-    const std::regex widget(
-        "QWidget|QDialog|(?!QTextLayout)Q[A-Z][A-Za-z]*(Edit|Box|Button|Label|View|Layout|Window)|QApplication");
+    const std::regex widget("QWidget|QDialog|(?!QTextLayout)Q[A-Z][A-Za-z]*(Edit|Box|Button|Label|"
+                            "View|Layout|Window)|QApplication");
     std::size_t seen = 0;
     for (const fs::path& file : codeBelow(sources / "Fiscarel_SG")) {
         const std::string own = place(fs::relative(file, sources).string());
