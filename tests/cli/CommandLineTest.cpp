@@ -1,5 +1,6 @@
 // Runs the real program: arguments and standard input in, output, messages and exit code out.
 
+#include "Fiscarel_SG/store/PersistedState.h"
 #include "TaxCore/demo/DemoData.h"
 #include "TaxCore/regions/CaseCalculator.h"
 #include "cli/TextTable.h"
@@ -496,6 +497,42 @@ TEST_F(CommandLine, survivesABatchLineWithoutEnd) {
     ASSERT_EQ(lines.size(), 3U);
     EXPECT_EQ(lines[1], R"({"line": 2, "error": "Die Zeile ist länger als 16 MB."})");
     EXPECT_EQ(lines[0], lines[2]);
+}
+
+TEST_F(CommandLine, writesTheReportWholeOrNotAtAll) {
+    const std::string household = toJson(DemoData::family(2025));
+    const std::string file = "'" + (folder_ / "bericht.pdf").string() + "'";
+    const Outcome good = run("bericht - -o " + file, household, "env -u DISPLAY");
+    EXPECT_EQ(good.exitCode, 0);
+    EXPECT_EQ(good.out + good.err, "");
+    EXPECT_EQ(read("bericht.pdf").substr(0, 5), "%PDF-");
+
+    fiscarel::PersistedState state;
+    state.cases[2025] = DemoData::family(2025);
+    state.cases[2026] = DemoData::liechtensteinFamily(2026);
+    EXPECT_EQ(run("bericht --jahr 2026 -o " + file, encodeState(state)).exitCode, 0);
+
+    const std::string before = read("bericht.pdf");
+    struct Bad {
+        std::string arguments;
+        std::string input;
+        int exitCode;
+        std::string says;
+    };
+    for (const Bad& bad :
+         {Bad{"bericht -", household, 2, "-o"}, Bad{"bericht - -o " + file, "{}", 1, "year"},
+          Bad{"bericht - -o " + file, "", 1, "leer"},
+          Bad{"bericht - --jahr 2025 -o " + file, household, 1, "ohne --jahr"},
+          Bad{"bericht - -o '" + folder_.string() + "/fehlt/x.pdf'", household, 1,
+              "nicht schreiben"},
+          Bad{"bericht - -o '" + folder_.string() + "'", household, 1, "nicht schreiben"}}) {
+        const Outcome outcome = run(bad.arguments, bad.input);
+        EXPECT_EQ(outcome.exitCode, bad.exitCode) << bad.arguments;
+        EXPECT_EQ(outcome.out, "") << bad.arguments;
+        EXPECT_EQ(linesOf(outcome.err).size(), 1U) << outcome.err;
+        EXPECT_NE(outcome.err.find(bad.says), std::string::npos) << outcome.err;
+    }
+    EXPECT_EQ(read("bericht.pdf"), before);
 }
 
 } // namespace
