@@ -30,9 +30,21 @@ void walk(const std::string& path, std::string_view name, const T& value, const 
     }
 }
 
-} // namespace
+/// Gives every list one new item and every optional record its new value.
+template <class T>
+void complete(T& value) {
+    if constexpr (Record<T>) {
+        taxcore::forEachField(value, [](std::string_view, auto& field) { complete(field); });
+    } else if constexpr (isList<T>) {
+        complete(value.emplace_back());
+    } else if constexpr (isOptional<T>) {
+        if constexpr (Record<typename T::value_type>) {
+            complete(value.emplace());
+        }
+    }
+}
 
-std::vector<CaseEntry> entriesOf(const TaxCase& taxCase) {
+std::vector<CaseEntry> readEntries(const TaxCase& taxCase) {
     std::vector<CaseEntry> entries;
     walk({}, {}, taxCase, [&](const std::string& path, std::string_view, const auto& field) {
         using T = std::remove_cvref_t<decltype(field)>;
@@ -42,11 +54,35 @@ std::vector<CaseEntry> entriesOf(const TaxCase& taxCase) {
                 constexpr bool isAmount = std::is_same_v<T, Decimal>;
                 entries.push_back(
                     {path,
-                     shownValue(value, isAmount ? ValueKind::rappen : detail::kindOf<T>()),
-                     TabledEnum<T>});
+                     shownValue(value, isAmount ? ValueKind::rappen : detail::kindOf<T>())});
             }
         }
     });
+    return entries;
+}
+
+/// What new records hold, by the pattern of the path.
+const std::map<std::string, std::string>& initialValues() {
+    static const std::map<std::string, std::string> values = [] {
+        TaxCase fresh;
+        complete(fresh);
+        std::map<std::string, std::string> initial;
+        for (CaseEntry& entry : readEntries(fresh)) {
+            initial.emplace(patternOf(entry.path), std::move(entry.value));
+        }
+        return initial;
+    }();
+    return values;
+}
+
+} // namespace
+
+std::vector<CaseEntry> entriesOf(const TaxCase& taxCase) {
+    std::vector<CaseEntry> entries = readEntries(taxCase);
+    for (CaseEntry& entry : entries) {
+        const auto initial = initialValues().find(patternOf(entry.path));
+        entry.isInitial = initial != initialValues().end() && initial->second == entry.value;
+    }
     return entries;
 }
 

@@ -14,7 +14,7 @@ namespace fiscarel::outputs {
 struct CaseEntry {
     std::string path;
     std::string value; ///< as entered, shown with Rappen
-    bool isChoice = false;
+    bool isInitial = false; ///< what a new record holds, so that nobody need have entered it
 };
 
 /// All entries that are not empty, in the order of the case.

@@ -19,7 +19,7 @@ constexpr std::string_view formA3 = "Hilfsformular A3";
 
 void writePage1(FormWriter& writer) {
     static const std::vector household{
-        entry<&TaxCase::registerNumber>("Personenidentifikation"),
+        entry<&TaxCase::registerNumber>("Registernummer"),
         entry<&TaxCase::municipality>("Wohngemeinde"),
         entry<&TaxCase::civilStatus>("Zivilstand"),
     };

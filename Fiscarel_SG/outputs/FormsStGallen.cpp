@@ -17,7 +17,7 @@ constexpr std::string_view mainForm = "Formular 1 – Steuererklärung";
 
 void writePage1(FormWriter& writer) {
     static const std::vector household{
-        entry<&TaxCase::registerNumber>("Register-Nr."),
+        entry<&TaxCase::registerNumber>("Registernummer"),
         entry<&TaxCase::municipality>("Wohngemeinde am 31. Dezember"),
         entry<&TaxCase::parish>("Kirchgemeinde"),
         entry<&TaxCase::civilStatus>("Zivilstand am 31. Dezember"),
@@ -86,7 +86,7 @@ void writeSecurities(FormWriter& writer, const TaxResult& result) {
                 });
     writer.part("Verrechnungssteuer");
     writer.amount("withholdingIncomeA", "Total der Bruttoerträge A", result.withholdingIncomeA,
-                  result.withholdingIncomeA, "withholdingIncomeA", ValueKind::rappen);
+                  result.withholdingIncomeA, "withholdingTaxRefund", ValueKind::rappen);
     writer.amount("withholdingTaxRefund", "Verrechnungssteueranspruch",
                   result.withholdingTaxRefund, result.withholdingTaxRefund, "withholdingTaxRefund",
                   ValueKind::rappen);

@@ -56,22 +56,20 @@ const std::vector<FormField<SalaryCertificate>>& certificateFields() {
     return fields;
 }
 
-/// The parts of a Ziffer: "10.1" is 10 and 1. A letter counts less than any number.
-std::array<int, 3> placeOf(std::string_view ziffer) {
-    std::array<int, 3> place{-1000, 0, 0};
-    for (std::size_t part = 0; part < place.size() && !ziffer.empty(); ++part) {
-        const char* const end = ziffer.data() + ziffer.size();
-        int number = 0;
-        const auto [rest, status] = std::from_chars(ziffer.data(), end, number);
-        if (status != std::errc{}) {
-            place[part] = ziffer.front() - 'Z' - 1;
-            break;
-        }
-        place[part] = number;
-        ziffer.remove_prefix(std::min(ziffer.size(),
-                                      static_cast<std::size_t>(rest - ziffer.data()) + 1));
+/// A Ziffer as it is ordered: its number, then the digits behind the point one by one, since "3.84"
+/// is a part of "3.8". Letters come before numbers, no Ziffer before both.
+std::pair<int, std::string_view> placeOf(std::string_view ziffer) {
+    constexpr int letters = -1000;
+    if (ziffer.empty()) {
+        return {2 * letters, {}};
     }
-    return place;
+    int number = 0;
+    const char* const end = ziffer.data() + ziffer.size();
+    const auto [rest, status] = std::from_chars(ziffer.data(), end, number);
+    if (status != std::errc{}) {
+        return {letters, ziffer};
+    }
+    return {number, ziffer.substr(static_cast<std::size_t>(rest - ziffer.data()))};
 }
 
 /// Whose line it is, by its code; 0: the household's.
@@ -102,12 +100,12 @@ std::string noteOf(const TaxLine& line, const std::string& name) {
 }
 
 Placed placed(const TaxCase& taxCase, const TaxLine& line, const TaxSection& section,
-              const std::string& before) {
+              const std::string& ziffer) {
     const auto text = [](const Decimal& value) {
         const std::string shown = shownValue(value, ValueKind::francs);
         return shown.empty() ? std::string("0") : shown;
     };
-    Placed made{section.page, line.ziffer.empty() ? before : line.ziffer, section.title, {}};
+    Placed made{section.page, ziffer, section.title, {}};
     TransferRow& row = made.row;
     row.key = line.id();
     row.code = line.code;
@@ -186,8 +184,12 @@ void writeLines(FormWriter& writer, const TaxResult& result, std::string_view fo
     std::string before;
     for (const TaxSection& section : result.sections) {
         for (const TaxLine& line : section.lines) {
-            rows.push_back(placed(writer.taxCase(), line, section, before));
-            before = rows.back().order;
+            const bool isSum = line.kind == TaxLine::Kind::subtotal
+                               || line.kind == TaxLine::Kind::total;
+            before = line.ziffer.empty() ? before : line.ziffer;
+            if (isSum || !line.canton.isZero() || !line.federalOrCanton().isZero()) {
+                rows.push_back(placed(writer.taxCase(), line, section, before));
+            }
         }
     }
     for (const EntryOfLine& entry : beside) {

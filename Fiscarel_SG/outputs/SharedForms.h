@@ -28,8 +28,7 @@ struct EntryOfLine {
     FormField<taxcore::TaxCase> field;
 };
 
-/// The lines of the return page by page, ascending by their Ziffer; persons of the lines of
-/// Liechtenstein by the table of codes.
+/// The lines of the return that are sums or not 0, page by page, ascending by their Ziffer.
 void writeLines(FormWriter& writer, const taxcore::TaxResult& result, std::string_view form,
                 const std::vector<EntryOfLine>& beside);
 
@@ -55,7 +54,8 @@ std::string titleOf(const taxcore::Vehicle& vehicle);
 /// The title of any record, for the lists of a form.
 inline constexpr auto recordTitle = [](const auto& record) { return titleOf(record); };
 
-/// Compares two Ziffern as a form counts them: "" before letters before numbers, "9" before "10.1".
+/// Compares two Ziffern as a form counts them: "" before letters before numbers, "9" before "10.1",
+/// "3.84" before "3.9".
 bool isZifferBefore(std::string_view a, std::string_view b);
 
 // The forms of a region in their order.

@@ -55,6 +55,8 @@ struct Exception {
     Applies applies = nullptr; ///< null: always
 };
 
+constexpr std::string_view noAmount = "Ergibt auf dem Formular keinen Betrag.";
+
 bool isForeign(const Candidate& c) { return c.person() == 2 && !c.taxCase.isJoint(); }
 
 constexpr Exception everywhere[] = {
@@ -117,18 +119,21 @@ constexpr Exception stGallen[] = {
      [](const Candidate& c) { return !c.work().sideJobUseActual; }},
     {"deductions.work.sideJobUseActual", "Effektive Kosten sind keine eingetragen.",
      [](const Candidate& c) { return c.work().sideJobActualCosts.isZero(); }},
-    {"deductions.furtherEducation", "Statt der Kosten zählt die Pauschale.",
+    {"securities[].code", "Ohne Code bleibt das Feld leer.",
      [](const Candidate& c) {
-         return c.deductions().furtherEducationFlatRate
-                && !c.path.ends_with("furtherEducationFlatRate");
+         return c.taxCase.securities[c.index()].code == AssetCode::none;
      }},
-    {"deductions.furtherEducation", "Ergibt keinen Abzug.",
+    {"income.dailyAllowances", noAmount, [](const Candidate& c) { return c.lacks("taggelder"); }},
+    {"income.unemployment", noAmount, [](const Candidate& c) { return c.lacks("taggelder"); }},
+    {"deductions.furtherEducationFlatRate",
+     "Bestimmt nur, dass bei Ziffer 16.4 statt der Kosten die Pauschale zählt."},
+    {"deductions.furtherEducation", noAmount,
      [](const Candidate& c) { return c.lacks("weiterbildung"); }},
     {"deductions.pillar3a", "Ohne Erwerb gibt es keinen Abzug für die Säule 3a.",
      [](const Candidate& c) { return c.lacks("saeule3a"); }},
-    {"deductions.pillar3aBuyIn", "Ergibt keinen Abzug.",
+    {"deductions.pillar3aBuyIn", noAmount,
      [](const Candidate& c) { return c.lacks("einkauf3a"); }},
-    {"deductions.pensionBuyIn", "Ergibt keinen Abzug.",
+    {"deductions.pensionBuyIn", noAmount,
      [](const Candidate& c) { return c.lacks("saeule2"); }},
     {"realEstate[].actualMaintenanceCosts",
      "Statt der effektiven Unterhaltskosten zählt die Pauschale.",
@@ -143,7 +148,7 @@ constexpr Exception stGallen[] = {
      [](const Candidate& c) {
          return !isDeductible(c.taxCase.children[c.index()], c.taxCase.year);
      }},
-    {"householdDeductions.actualAssetManagementCosts", "Ergibt keinen Abzug.",
+    {"householdDeductions.actualAssetManagementCosts", noAmount,
      [](const Candidate& c) { return c.lacks("verwaltungskosten"); }},
     {"householdDeductions.significantCooperation",
      "Bestimmt nur, ob und wie hoch der Zweiverdienerabzug ist."},
@@ -208,7 +213,7 @@ constexpr Exception liechtenstein[] = {
          return (c.person() == 2 ? extras.commute2 : extras.commute1).mode
                 == LICommute::Mode::inland;
      }},
-    {"deductions.pensionBuyIn", "Ergibt keinen Abzug.",
+    {"deductions.pensionBuyIn", noAmount,
      [](const Candidate& c) { return c.lacks("590"); }},
 };
 

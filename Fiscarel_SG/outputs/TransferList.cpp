@@ -169,7 +169,8 @@ void addExceptions(TransferList& list, const TransferInput& input) {
         }
         if (auto reason = reasonNotTransferred(input.taxCase, input.result, entry.path)) {
             list.notTransferred.push_back(
-                {std::move(entry.path), std::move(entry.value), std::move(*reason)});
+                {std::move(entry.path), std::move(entry.value), std::move(*reason),
+                 entry.isInitial});
         } else {
             list.unexplained.push_back(std::move(entry.path));
         }

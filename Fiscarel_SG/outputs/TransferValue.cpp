@@ -12,14 +12,18 @@ namespace {
 constexpr std::string_view groupMark = "’";
 constexpr std::size_t ibanGroup = 4;
 
+Decimal cutTowardsZero(const Decimal& amount, int places) {
+    return amount < 0 ? -(-amount).roundDown(places) : amount.roundDown(places);
+}
+
 std::string amountText(const Decimal& amount, ValueKind kind) {
     if (kind == ValueKind::number) {
         return MoneyFormat::number(amount);
     }
     if (kind == ValueKind::francs) {
-        return MoneyFormat::chf(amount.roundDown(0), 0, false);
+        return MoneyFormat::chf(cutTowardsZero(amount, 0), 0, false);
     }
-    const Decimal cut = amount.roundDown(2);
+    const Decimal cut = cutTowardsZero(amount, 2);
     return MoneyFormat::chf(cut, cut.isInteger() ? 0 : 2, false);
 }
 
