@@ -159,7 +159,10 @@ void TransferPage::addTable() {
     header.setSectionResizeMode(TransferModel::label, QHeaderView::Stretch);
     header.setMinimumSectionSize(10);
     table_->installEventFilter(this);
-    frame_->column().addWidget(table_, 1);
+    QVBoxLayout& card = addCard(frame_->column(), {});
+    card.setContentsMargins(4, 4, 4, 4);
+    card.addWidget(table_, 1);
+    frame_->column().setStretchFactor(card.parentWidget(), 1);
     connect(table_, &QTableView::clicked, this, &TransferPage::click);
     connect(model_, &TransferModel::ticked, this, &TransferPage::tick);
     connect(model_, &QAbstractItemModel::modelReset, this, &TransferPage::shape);
@@ -167,18 +170,21 @@ void TransferPage::addTable() {
 
 /// Headings go over the whole width; columns are as wide as what usually stands in them.
 void TransferPage::shape() {
+    const bool liechtenstein = store_.current().taxRegion() == TaxRegion::liechtenstein;
     table_->clearSpans();
     for (int line = 0; line < model_->rowCount(); ++line) {
         if (model_->isHeading(line)) {
             table_->setSpan(line, 0, 1, TransferModel::columns);
+        } else if (!liechtenstein && model_->isWide(line)) {
+            table_->setSpan(line, TransferModel::canton, 1,
+                            TransferModel::copyFederal - TransferModel::canton);
         }
     }
     const QFontMetrics metrics = table_->fontMetrics();
     const auto width = [&](const QString& text) { return metrics.horizontalAdvance(text) + 18; };
-    const bool liechtenstein = store_.current().taxRegion() == TaxRegion::liechtenstein;
     table_->setColumnWidth(TransferModel::tick, 30);
     table_->setColumnWidth(TransferModel::ziffer, width(liechtenstein ? u"11.11  500"_s : u"13.1 "_s));
-    table_->setColumnWidth(TransferModel::canton, width(u"evangelisch-reformiert"_s));
+    table_->setColumnWidth(TransferModel::canton, width(liechtenstein ? u"Kindergarten / Volksschule"_s : u"1’000’000.00"_s));
     table_->setColumnWidth(TransferModel::copyCanton, width(u"Kopieren"_s));
     table_->setColumnWidth(TransferModel::federal, width(u"1’000’000"_s));
     table_->setColumnWidth(TransferModel::copyFederal, width(u"Kopieren"_s));
@@ -313,7 +319,9 @@ void TransferPage::copy(const QModelIndex& index) {
     }
     QApplication::clipboard()->setText(text);
     const bool isFederal = index.column() == TransferModel::federal
-                           || index.column() == TransferModel::copyFederal;
+                           || index.column() == TransferModel::copyFederal
+                           || (model_->isWide(index.row())
+                               && !table_->isColumnHidden(TransferModel::copyFederal));
     model_->setCopied(index.siblingAtColumn(isFederal ? TransferModel::copyFederal
                                                       : TransferModel::copyCanton));
     copiedTimer_->start();

@@ -49,7 +49,10 @@ QString toolTipOf(const TransferRow& row) {
     return texts.join(u'\n');
 }
 
-bool isAmount(const TransferRow& row) { return row.kind != outputs::ValueKind::text; }
+bool isNumber(const TransferRow& row) {
+    return row.kind == outputs::ValueKind::francs || row.kind == outputs::ValueKind::rappen
+           || row.kind == outputs::ValueKind::number;
+}
 
 } // namespace
 
@@ -143,6 +146,11 @@ bool TransferModel::isHeading(int line) const {
            && (lines_[at].kind == Line::Kind::form || lines_[at].kind == Line::Kind::part);
 }
 
+bool TransferModel::isWide(int line) const {
+    const TransferRow* const row = rowAt(line);
+    return row != nullptr && row->federal.empty() && !isNumber(*row);
+}
+
 int TransferModel::lineOf(const std::string& key) const {
     for (int line = 0; line < rowCount(); ++line) {
         if (const TransferRow* const row = rowAt(line); row != nullptr && row->key == key) {
@@ -158,7 +166,8 @@ QString TransferModel::copiedAt(const QModelIndex& index) const {
         return {};
     }
     const bool isFederal = index.column() == federal || index.column() == copyFederal;
-    return qs(outputs::pasted(row->kind, isFederal ? row->federal : row->value));
+    const std::string& value = isFederal && !isWide(index.row()) ? row->federal : row->value;
+    return qs(outputs::pasted(row->kind, value));
 }
 
 void TransferModel::setCopied(const QModelIndex& index) {
@@ -194,8 +203,9 @@ QString TransferModel::textOf(const TransferRow& row, const QModelIndex& index) 
     case copyCanton:
         return copied_ == index ? u"kopiert"_s : u"Kopieren"_s;
     case copyFederal:
-        return row.federal.empty() ? QString()
-                                   : (copied_ == index ? u"kopiert"_s : u"Kopieren"_s);
+        return row.federal.empty() && !isWide(index.row())
+                   ? QString()
+                   : (copied_ == index ? u"kopiert"_s : u"Kopieren"_s);
     default:
         return {};
     }
@@ -214,7 +224,7 @@ QVariant TransferModel::rowData(const TransferRow& row, const QModelIndex& index
     case Qt::ToolTipRole:
         return column == label ? toolTipOf(row) : textOf(row, index);
     case Qt::TextAlignmentRole:
-        return QVariant((column == canton && isAmount(row)) || column == federal
+        return QVariant((column == canton && isNumber(row)) || column == federal
                             ? Qt::AlignRight | Qt::AlignVCenter
                             : Qt::AlignLeft | Qt::AlignVCenter);
     case Qt::ForegroundRole:
@@ -321,6 +331,10 @@ Qt::ItemFlags TransferModel::flags(const QModelIndex& index) const {
 }
 
 QVariant TransferModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation == Qt::Horizontal && role == Qt::TextAlignmentRole) {
+        return QVariant(section == canton || section == federal ? Qt::AlignRight | Qt::AlignVCenter
+                                                                : Qt::AlignLeft | Qt::AlignVCenter);
+    }
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole) {
         return {};
     }

@@ -40,6 +40,9 @@ class TransferModel final : public QAbstractTableModel {
     const outputs::GoneRow* goneAt(int line) const;
     const outputs::NotTransferred* notTransferredAt(int line) const;
     bool isHeading(int line) const;
+    /// Whether the value is a text, which may take the place of the federation's column too; it is
+    /// copied behind that.
+    bool isWide(int line) const;
     /// Which line shows the row of a key; -1: none.
     int lineOf(const std::string& key) const;
     /// What is copied at an index; empty where there is nothing.
