@@ -2,6 +2,8 @@
 
 #include "Fiscarel_SG/outputs/CaseEntries.h"
 #include "Fiscarel_SG/outputs/SharedForms.h"
+#include "Fiscarel_SG/outputs/TransferCsv.h"
+#include "Fiscarel_SG/outputs/TransferHtml.h"
 #include "TaxCore/demo/DemoData.h"
 #include "TaxCore/rulebook/RuleBook.h"
 #include "tests/support/Households.h"
@@ -10,6 +12,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <map>
 #include <set>
 #include <tuple>
@@ -129,6 +135,25 @@ TEST_P(EveryRegion, linesTraceBackToWhatTheCalculationUsed) {
     }
 }
 
+/// The list of the invented household as it was read line by line against the forms, with what
+/// stands on none. After a change: read it again; FISCAREL_UPDATE_GOLDEN=1 writes the file anew.
+TEST_P(EveryRegion, listsTheDemoHouseholdAsRead) {
+    const TransferList list = Listed(DemoData::household(GetParam(), 2025)).list;
+    std::string text = transferCsv(list);
+    std::erase(text, '\r');
+    for (const NotTransferred& entry : list.notTransferred) {
+        text += "# " + entry.path + " = " + entry.value + ": " + entry.reason + "\n";
+    }
+    const auto golden =
+        std::filesystem::path(FISCAREL_TEST_DIR) / "data"
+        / ("transfer-" + std::string(rawValue(GetParam())) + ".csv");
+    if (std::getenv("FISCAREL_UPDATE_GOLDEN") != nullptr) {
+        std::ofstream(golden) << text;
+    }
+    std::ifstream in(golden);
+    EXPECT_EQ(text, std::string(std::istreambuf_iterator<char>(in), {})) << golden;
+}
+
 INSTANTIATE_TEST_SUITE_P(TransferList, EveryRegion, ::testing::ValuesIn(regions),
                          [](const auto& region) {
                              return taxcore::testing::suiteName(region.param);
@@ -223,6 +248,21 @@ TEST(TransferList, namesTheDocumentsBehindAValue) {
     EXPECT_EQ(listed.row("securities[" + taxCase.securities[2].id.toString() + "].taxValue")
                   .documents,
               Documents{linked.id});
+}
+
+TEST(TransferList, printsEveryRowOnceAndEscaped) {
+    TaxCase taxCase = DemoData::family(2025);
+    taxCase.person1.profession = "<b>&\"";
+    const Listed listed(taxCase);
+    const std::string html = transferHtml(listed.list, "A & B");
+    std::size_t boxes = 0;
+    for (std::size_t at = 0; (at = html.find("☐", at)) != std::string::npos; ++at) {
+        ++boxes;
+    }
+    EXPECT_EQ(boxes, listed.list.rows.size());
+    EXPECT_NE(html.find("&lt;b&gt;&amp;&quot;"), std::string::npos);
+    EXPECT_NE(html.find("<h2>A &amp; B</h2>"), std::string::npos);
+    EXPECT_EQ(html.find("<b>&"), std::string::npos);
 }
 
 } // namespace
