@@ -68,8 +68,6 @@ const std::vector<FormField<RealEstate>>& propertyFields() {
         entry<&RealEstate::municipality>("Gemeinde"),
         entry<&RealEstate::canton>("Kanton oder Land"),
         entry<&RealEstate::parcelNumber>("Grundstück-Nr."),
-        entryAs<&RealEstate::sharePerson1>(ValueKind::number, "Anteil Person 1 in Prozent"),
-        entryAs<&RealEstate::sharePerson2>(ValueKind::number, "Anteil Person 2 in Prozent"),
         entry<&RealEstate::taxValue>("Steuerschätzwert am 1. Januar"),
     };
     return fields;
@@ -90,7 +88,8 @@ void writeAt(FormWriter& writer, std::string_view ziffer, const std::vector<R>& 
 
 void writeHomes(FormWriter& writer) {
     writer.form("Grundeigentum in Liechtenstein", 2);
-    writeAt(writer, "1.1", writer.taxCase().realEstate, "realEstate", propertyFields(),
+    writeAt(writer, "1.1", writer.taxCase().realEstate, "realEstate",
+            withShares(propertyFields(), writer.taxCase().isJoint()),
             [&](const RealEstate& property) {
                 return isInLiechtenstein(property)
                        && writer.taxCase().liExtras().useRealEstateFromList;
@@ -115,7 +114,8 @@ void writeA1(FormWriter& writer) {
     const TaxCase& taxCase = writer.taxCase();
     const auto all = [](const auto&) { return true; };
     writer.form(std::string(formA1), 2);
-    writeAt(writer, "1.2", taxCase.realEstate, "realEstate", propertyFields(),
+    writeAt(writer, "1.2", taxCase.realEstate, "realEstate",
+            withShares(propertyFields(), taxCase.isJoint()),
             [](const RealEstate& property) { return !isInLiechtenstein(property); });
     for (const std::string_view ziffer : {"3.1", "3.2", "3.4"}) {
         writeAt(writer, ziffer, taxCase.securities, "securities", securities,

@@ -98,11 +98,6 @@ void writeRealEstate(FormWriter& writer) {
         entry<&RealEstate::municipality>("Gemeinde"),
         entry<&RealEstate::canton>("Kanton"),
         entry<&RealEstate::parcelNumber>("Grundstück-Nr."),
-        entryAs<&RealEstate::sharePerson1>(ValueKind::number, "Anteil Person 1 in Prozent"),
-        made<RealEstate>(ValueKind::number, "Anteil Person 2 in Prozent", {}, {"sharePerson2"},
-                         [](const RealEstate& property) {
-                             return FieldValue(property.sharePerson2);
-                         }),
         entry<&RealEstate::use>("Nutzung"),
         entry<&RealEstate::isPrimaryResidence>("Am Wohnsitz dauernd selbst bewohnt"),
         entry<&RealEstate::taxValue>("Amtlicher Wert"),
@@ -120,7 +115,8 @@ void writeRealEstate(FormWriter& writer) {
                          }),
     };
     writer.form("Liegenschaften", 2, "5.1");
-    writer.list(writer.taxCase().realEstate, "realEstate", fields, recordTitle);
+    writer.list(writer.taxCase().realEstate, "realEstate",
+                withShares(fields, writer.taxCase().isJoint()), recordTitle);
 }
 
 FieldValue whenDriven(const WorkExpenses& work, FieldValue value) {

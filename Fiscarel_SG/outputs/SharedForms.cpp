@@ -286,6 +286,18 @@ void writeCapitalPayments(FormWriter& writer, int page, std::string ziffer) {
                 [](const CapitalPayment& payment) { return std::string(label(payment.kind)); });
 }
 
+std::vector<FormField<RealEstate>> withShares(std::vector<FormField<RealEstate>> fields,
+                                              bool isJoint) {
+    if (isJoint) {
+        constexpr std::ptrdiff_t behindParcel = 4;
+        fields.insert(
+            fields.begin() + behindParcel,
+            {entryAs<&RealEstate::sharePerson1>(ValueKind::number, "Anteil Person 1 in Prozent"),
+             entryAs<&RealEstate::sharePerson2>(ValueKind::number, "Anteil Person 2 in Prozent")});
+    }
+    return fields;
+}
+
 const std::vector<FormField<MedicalCost>>& medicalFields() {
     static const std::vector fields{
         entry<&MedicalCost::date>("Rechnungsdatum"),

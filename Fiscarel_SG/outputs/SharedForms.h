@@ -37,6 +37,10 @@ void writePensions(FormWriter& writer, int page, std::string ziffer);
 void writePremiums(FormWriter& writer, std::string form, int page, std::string ziffer);
 void writeCapitalPayments(FormWriter& writer, int page, std::string ziffer);
 
+/// The fields of a property, in a joint household with the shares of both behind the parcel.
+std::vector<FormField<taxcore::RealEstate>>
+withShares(std::vector<FormField<taxcore::RealEstate>> fields, bool isJoint);
+
 const std::vector<FormField<taxcore::MedicalCost>>& medicalFields();
 const std::vector<FormField<taxcore::Donation>>& donationFields();
 const std::vector<FormField<taxcore::InsurancePolicy>>& policyFields();

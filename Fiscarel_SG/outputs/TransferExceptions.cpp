@@ -81,6 +81,8 @@ constexpr Exception everywhere[] = {
      "Bestimmt nur die Pauschale für die Verwaltung der Wertschriften."},
     {"householdDeductions.donations[].isPoliticalParty",
      "Bestimmt nur, auf welchem Formular die Zuwendung steht."},
+    {"realEstate[].sharePerson", "Anteile werden nur bei gemeinsamer Besteuerung deklariert.",
+     [](const Candidate& c) { return !c.taxCase.isJoint(); }},
     {"income.pensions[].taxablePercent", "Ohne Betrag gibt es keinen steuerbaren Teil.",
      [](const Candidate& c) {
          const PersonIncome& income = c.person() == 2 ? c.taxCase.income2 : c.taxCase.income1;

@@ -8,8 +8,11 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QTableView>
 #include <algorithm>
 #include <set>
@@ -176,6 +179,20 @@ TEST_F(TransferPage, staysQuickWithALargeRegister) {
     click(cell(u"Haupterwerb"_s, tick), 12);
     EXPECT_LT(clock.elapsed(), 1'000) << "milliseconds, sanitizers included";
     RecordProperty("milliseconds", static_cast<int>(clock.elapsed()));
+}
+
+TEST_F(TransferPage, asksForAPrinterWithoutBlocking) {
+    openDemo();
+    program.click(u"transferPrint"_s);
+    const auto dialogs = program.window->findChildren<QPrintDialog*>();
+    ASSERT_EQ(dialogs.size(), 1);
+    const QString file = QString::fromStdString((program.folder.path() / "liste.pdf").string());
+    dialogs.front()->printer()->setOutputFileName(file);
+    Q_EMIT dialogs.front()->accepted(dialogs.front()->printer());
+    dialogs.front()->reject();
+    QFile pdf(file);
+    ASSERT_TRUE(pdf.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(pdf.readAll().startsWith("%PDF"));
 }
 
 TEST_F(TransferPage, hasOneColumnOfValuesInLiechtenstein) {

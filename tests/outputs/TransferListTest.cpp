@@ -159,6 +159,15 @@ INSTANTIATE_TEST_SUITE_P(TransferList, EveryRegion, ::testing::ValuesIn(regions)
                              return taxcore::testing::suiteName(region.param);
                          });
 
+TEST(TransferList, countsZiffernAsTheFormsDo) {
+    const char* const inOrder[] = {"", "E", "F", "1.1", "2.3", "3.8", "3.81", "3.84", "3.9",
+                                   "8", "9", "10.1", "10.2", "11.11", "11.3", "30.6"};
+    for (std::size_t i = 1; i < std::size(inOrder); ++i) {
+        EXPECT_TRUE(isZifferBefore(inOrder[i - 1], inOrder[i])) << inOrder[i];
+        EXPECT_FALSE(isZifferBefore(inOrder[i], inOrder[i - 1])) << inOrder[i];
+    }
+}
+
 TEST(TransferList, showsValuesAsTheFormsWantThem) {
     TaxCase taxCase = DemoData::family(2025);
     taxCase.securities[0].ibanOrValor = "ch9300762011623852957";
