@@ -50,8 +50,8 @@ std::string partTitle(const TransferRow& row) {
 }
 
 std::string rowLabel(const TransferRow& row) {
-    const bool named = row.name.empty() || !isLine(row)
-                       || row.label.find(row.name) != std::string::npos;
+    const bool named =
+        row.name.empty() || !isLine(row) || row.label.find(row.name) != std::string::npos;
     return printable(named ? row.label : row.label + " – " + row.name);
 }
 
@@ -71,10 +71,9 @@ std::string rowText(const TransferRow& row, const Layout& layout) {
     const bool fits = displayWidth(value) < valueWidth;
     const std::size_t last = lines.rfind('\n') + 1;
     std::string text = lines.substr(0, last);
-    text += withoutTrailingBlanks(
-        padRight(lines.substr(last), indent.size() + layout.label())
-        + (fits ? cell(value, valueWidth) : "")
-        + (layout.liechtenstein ? "" : cell(row.federal, valueWidth)));
+    text += withoutTrailingBlanks(padRight(lines.substr(last), indent.size() + layout.label())
+                                  + (fits ? cell(value, valueWidth) : "")
+                                  + (layout.liechtenstein ? "" : cell(row.federal, valueWidth)));
     const std::size_t width = lineWidth - indent.size() - 2;
     if (!fits) {
         text += wrapped(value, width, indent + "  ");
@@ -96,12 +95,12 @@ std::string rowsText(const TransferList& list, const Layout& layout) {
             before == nullptr || before->form != row.form || before->page != row.page;
         if (fresh) {
             const std::string title = row.form + ", Seite " + std::to_string(row.page);
-            text += (before == nullptr ? "" : "\n")
-                    + withoutTrailingBlanks(
-                        padRight(title, layout.start() + markWidth + layout.label())
-                        + (layout.liechtenstein ? cell("CHF", valueWidth)
-                                                : cell("Kanton", valueWidth)
-                                                      + cell("Bund", valueWidth)));
+            text +=
+                (before == nullptr ? "" : "\n")
+                + withoutTrailingBlanks(padRight(title, layout.start() + markWidth + layout.label())
+                                        + (layout.liechtenstein ? cell("CHF", valueWidth)
+                                                                : cell("Kanton", valueWidth)
+                                                                      + cell("Bund", valueWidth)));
         }
         if (fresh || partTitle(*before) != partTitle(row) || before->item != row.item) {
             text += wrapped(partTitle(row), lineWidth - 2, "  ");

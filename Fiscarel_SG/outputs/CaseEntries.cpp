@@ -53,8 +53,7 @@ std::vector<CaseEntry> readEntries(const TaxCase& taxCase) {
             if (!isEmpty(value)) {
                 constexpr bool isAmount = std::is_same_v<T, Decimal>;
                 entries.push_back(
-                    {path,
-                     shownValue(value, isAmount ? ValueKind::rappen : detail::kindOf<T>())});
+                    {path, shownValue(value, isAmount ? ValueKind::rappen : detail::kindOf<T>())});
             }
         }
     });
@@ -81,7 +80,9 @@ std::vector<CaseEntry> entriesOf(const TaxCase& taxCase) {
     std::vector<CaseEntry> entries = readEntries(taxCase);
     for (CaseEntry& entry : entries) {
         const auto initial = initialValues().find(patternOf(entry.path));
-        entry.isInitial = initial != initialValues().end() && initial->second == entry.value;
+        const bool isGiven = entry.path == "year" || entry.path == "region";
+        entry.isInitial =
+            isGiven || (initial != initialValues().end() && initial->second == entry.value);
     }
     return entries;
 }

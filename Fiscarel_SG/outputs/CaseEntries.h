@@ -13,8 +13,8 @@ namespace fiscarel::outputs {
 /// Everything a household entered, apart from identities and links.
 struct CaseEntry {
     std::string path;
-    std::string value; ///< as entered, shown with Rappen
-    bool isInitial = false; ///< what a new record holds, so that nobody need have entered it
+    std::string value;      ///< as entered, shown with Rappen
+    bool isInitial = false; ///< what a new case holds, so that nobody need have entered it
 };
 
 /// All entries that are not empty, in the order of the case.

@@ -34,9 +34,14 @@ class Needs {
              int person = 0) {
         const char* const ziffer = liechtenstein_ ? ziffern.liechtenstein : ziffern.stGallen;
         if (asked && *ziffer != '\0') {
-            needs_.push_back({std::move(label), ziffer, person,
-                              person == 0 ? "" : FormWriter::nameOf(taxCase_, person), kind,
-                              std::move(path), {}, {}});
+            needs_.push_back({std::move(label),
+                              ziffer,
+                              person,
+                              person == 0 ? "" : FormWriter::nameOf(taxCase_, person),
+                              kind,
+                              std::move(path),
+                              {},
+                              {}});
         }
     }
     template <class R, class Use>
@@ -71,8 +76,8 @@ class Needs {
 void Needs::addIncome(const AdultEntries& adult) {
     each(adult.income.salaries, adult.incomePath("salaries").toString(),
          [&](const SalaryCertificate& certificate, std::string path) {
-             const bool paid = !certificate.grossSalary.isZero()
-                               || !certificate.netSalary().isZero();
+             const bool paid =
+                 !certificate.grossSalary.isZero() || !certificate.netSalary().isZero();
              add(paid, Kind::lohnausweis, "Lohnausweis " + titleOf(certificate.employer, {}, ""),
                  std::move(path), {certificate.isMainEmployment ? "1.1" : "1.2", "11.11"},
                  adult.number);
@@ -87,17 +92,15 @@ void Needs::addIncome(const AdultEntries& adult) {
         adult.incomePath("ahvPension").toString(), {"3.1", "13.1"}, adult.number);
     add(!adult.income.dailyAllowances.isZero(), Kind::anderes, "Abrechnung der Taggelder",
         adult.incomePath("dailyAllowances").toString(), {"3.3", "13.4"}, adult.number);
-    add(!adult.income.unemployment.isZero(), Kind::anderes,
-        "Bescheinigung der Arbeitslosenkasse", adult.incomePath("unemployment").toString(),
-        {"3.3", "13.4"}, adult.number);
+    add(!adult.income.unemployment.isZero(), Kind::anderes, "Bescheinigung der Arbeitslosenkasse",
+        adult.incomePath("unemployment").toString(), {"3.3", "13.4"}, adult.number);
 }
 
 void Needs::addDeductions(const AdultEntries& adult) {
     const PersonDeductions& own = adult.deductions;
     const auto path = [&](const char* field) { return adult.deductionPath(field).toString(); };
     add(own.work.useActualOtherCosts && !own.work.actualOtherCosts.isZero(), Kind::anderes,
-        "Belege der übrigen Berufskosten", path("work.actualOtherCosts"), {"10", ""},
-        adult.number);
+        "Belege der übrigen Berufskosten", path("work.actualOtherCosts"), {"10", ""}, adult.number);
     add(!own.pillar3a.isZero(), Kind::saeule3a, "Bescheinigung Säule 3a", path("pillar3a"),
         {"13.1", ""}, adult.number);
     add(!own.pillar3aBuyIn.isZero(), Kind::saeule3a, "Bescheinigung Einkauf Säule 3a",
@@ -117,7 +120,8 @@ void Needs::addChildren() {
         add(!child.childcareCosts.isZero(), Kind::kinderbetreuung,
             "Bestätigung der Kinderbetreuung für " + titleOf(child), path + ".childcareCosts",
             {"16.2", ""});
-        add(!child.educationCosts.isZero() && (liechtenstein_ || isDeductible(child, taxCase_.year)),
+        add(!child.educationCosts.isZero()
+                && (liechtenstein_ || isDeductible(child, taxCase_.year)),
             Kind::weiterbildung, "Belege der Ausbildungskosten für " + titleOf(child),
             path + ".educationCosts", {"23.3", "18.1"});
     });
@@ -129,13 +133,11 @@ void Needs::addHousehold() {
     add(!common.alimonyPaidPartner.isZero(), Kind::anderes, "Belege der Unterhaltsbeiträge",
         path("alimonyPaidPartner"), {"12.1", "18.6"});
     add(!common.alimonyPaidChildren.isZero(), Kind::anderes,
-        "Belege der Unterhaltsbeiträge für Kinder", path("alimonyPaidChildren"),
-        {"12.2", "18.6"});
+        "Belege der Unterhaltsbeiträge für Kinder", path("alimonyPaidChildren"), {"12.2", "18.6"});
     add(!common.healthInsurancePremiums.isZero(), Kind::krankenkasse,
         "Prämienübersicht der Krankenkasse", path("healthInsurancePremiums"), {"14", "17"});
     add(!common.lifeInsurancePremiums.isZero(), Kind::versicherung,
-        "Prämienbestätigung der Lebensversicherung", path("lifeInsurancePremiums"),
-        {"14", "17"});
+        "Prämienbestätigung der Lebensversicherung", path("lifeInsurancePremiums"), {"14", "17"});
     each(common.medicalCosts, path("medicalCosts"),
          [&](const MedicalCost& cost, const std::string& item) {
              add(!cost.gross.isZero(), Kind::arztrechnung, "Rechnung " + titleOf(cost), item,
@@ -152,9 +154,9 @@ void Needs::addWealth() {
     each(taxCase_.securities, "securities",
          [&](const SecurityEntry& entry, const std::string& path) {
              const bool isAccount = entry.kind == AssetKind::konto;
-             const bool counts = belongsToHousehold(entry, taxCase_)
-                                 && !(liechtenstein_ && isBusinessAsset(entry));
-             const char* const ziffer = isAccount                            ? "3.1"
+             const bool counts =
+                 belongsToHousehold(entry, taxCase_) && !(liechtenstein_ && isBusinessAsset(entry));
+             const char* const ziffer = isAccount                           ? "3.1"
                                         : entry.kind == AssetKind::darlehen ? "3.4"
                                                                             : "3.2";
              add(counts && !(entry.taxValue.isZero() && grossIncome(entry).isZero()),
@@ -186,8 +188,7 @@ void Needs::addWealth() {
 
 /// Whether a path is the entry or a field of it.
 bool isWithin(std::string_view path, std::string_view entry) {
-    return path.starts_with(entry)
-           && (path.size() == entry.size() || path[entry.size()] == '.');
+    return path.starts_with(entry) && (path.size() == entry.size() || path[entry.size()] == '.');
 }
 
 /// Covers what documents are tied to; those tied to something are put into `tied`.
@@ -210,9 +211,8 @@ void coverTied(std::vector<Enclosure>& needs, const TaxCase& taxCase,
             tied.insert(document->id);
         }
         for (Enclosure& need : needs) {
-            if (std::ranges::any_of(paths, [&](const std::string& path) {
-                    return isWithin(path, need.path);
-                })) {
+            if (std::ranges::any_of(
+                    paths, [&](const std::string& path) { return isWithin(path, need.path); })) {
                 need.documents.push_back(document->id);
             }
         }

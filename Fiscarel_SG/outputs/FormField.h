@@ -19,8 +19,8 @@
 namespace fiscarel::outputs {
 
 /// What stands in a field; `monostate`: nothing.
-using FieldValue = std::variant<std::monostate, bool, int, taxcore::Decimal, std::string,
-                                taxcore::Date>;
+using FieldValue =
+    std::variant<std::monostate, bool, int, taxcore::Decimal, std::string, taxcore::Date>;
 
 /// Whether there is nothing to write: nothing, 0, no, a blank text.
 bool isEmpty(const FieldValue& value);
@@ -97,7 +97,10 @@ template <auto member>
 auto entry(std::string_view label, std::string_view ziffer = {}) {
     using Member = detail::MemberOf<decltype(member)>;
     return FormField<typename Member::Record>{
-        label, ziffer, detail::kindOf<typename Member::Type>(), {detail::nameOf<member>()},
+        label,
+        ziffer,
+        detail::kindOf<typename Member::Type>(),
+        {detail::nameOf<member>()},
         [](const typename Member::Record& record) { return detail::valueOf(record.*member); }};
 }
 

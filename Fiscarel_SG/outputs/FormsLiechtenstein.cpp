@@ -24,12 +24,9 @@ void writePage1(FormWriter& writer) {
         entry<&TaxCase::civilStatus>("Zivilstand"),
     };
     static const std::vector person{
-        entry<&Person::lastName>("Name"),
-        entry<&Person::firstName>("Vorname"),
-        entry<&Person::birthDate>("Geburtsdatum"),
-        entry<&Person::profession>("Beruf"),
-        entry<&Person::employment>("Erwerbsart"),
-        entry<&Person::employer>("Arbeitgeber"),
+        entry<&Person::lastName>("Name"),          entry<&Person::firstName>("Vorname"),
+        entry<&Person::birthDate>("Geburtsdatum"), entry<&Person::profession>("Beruf"),
+        entry<&Person::employment>("Erwerbsart"),  entry<&Person::employer>("Arbeitgeber"),
     };
     writePersonalDetails(writer, std::string(mainForm), household, person);
 }
@@ -37,10 +34,9 @@ void writePage1(FormWriter& writer) {
 const std::vector<EntryOfLine>& besideLines() {
     static const std::vector<EntryOfLine> entries{
         {"otherAssetsDescription", "3.9", "Vermögen per 1. Januar", 2,
-         made<TaxCase>(ValueKind::text, "Übrige Vermögenswerte: Bezeichnung", {}, {""},
-                       [](const TaxCase& taxCase) {
-                           return FieldValue(taxCase.otherAssetsDescription);
-                       })},
+         made<TaxCase>(
+             ValueKind::text, "Übrige Vermögenswerte: Bezeichnung", {}, {""},
+             [](const TaxCase& taxCase) { return FieldValue(taxCase.otherAssetsDescription); })},
         {"householdIncome.otherIncomeDescription", "14.7", "Erwerb im In- und Ausland", 3,
          made<TaxCase>(ValueKind::text, "Übriger Erwerb: Bezeichnung", {}, {""},
                        [](const TaxCase& taxCase) {
@@ -76,8 +72,7 @@ const std::vector<FormField<RealEstate>>& propertyFields() {
 /// The items of a list that count, each a part under a Ziffer of its own.
 template <class R, class Counts>
 void writeAt(FormWriter& writer, std::string_view ziffer, const std::vector<R>& items,
-             std::string_view path, const std::vector<FormField<R>>& fields,
-             const Counts& counts) {
+             std::string_view path, const std::vector<FormField<R>>& fields, const Counts& counts) {
     for (std::size_t i = 0; i < items.size(); ++i) {
         if (counts(items[i])) {
             writer.part(titleOf(items[i]), 0, std::string(ziffer));
@@ -88,12 +83,11 @@ void writeAt(FormWriter& writer, std::string_view ziffer, const std::vector<R>& 
 
 void writeHomes(FormWriter& writer) {
     writer.form("Grundeigentum in Liechtenstein", 2);
-    writeAt(writer, "1.1", writer.taxCase().realEstate, "realEstate",
-            withShares(propertyFields(), writer.taxCase().isJoint()),
-            [&](const RealEstate& property) {
-                return isInLiechtenstein(property)
-                       && writer.taxCase().liExtras().useRealEstateFromList;
-            });
+    writeAt(
+        writer, "1.1", writer.taxCase().realEstate, "realEstate",
+        withShares(propertyFields(), writer.taxCase().isJoint()), [&](const RealEstate& property) {
+            return isInLiechtenstein(property) && writer.taxCase().liExtras().useRealEstateFromList;
+        });
 }
 
 void writeA1(FormWriter& writer) {

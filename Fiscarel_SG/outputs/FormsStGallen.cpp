@@ -23,12 +23,9 @@ void writePage1(FormWriter& writer) {
         entry<&TaxCase::civilStatus>("Zivilstand am 31. Dezember"),
     };
     static const std::vector person{
-        entry<&Person::lastName>("Name"),
-        entry<&Person::firstName>("Vorname"),
-        entry<&Person::birthDate>("Geburtsdatum"),
-        entry<&Person::confession>("Konfession"),
-        entry<&Person::profession>("Beruf"),
-        entry<&Person::employment>("Erwerbsart"),
+        entry<&Person::lastName>("Name"),          entry<&Person::firstName>("Vorname"),
+        entry<&Person::birthDate>("Geburtsdatum"), entry<&Person::confession>("Konfession"),
+        entry<&Person::profession>("Beruf"),       entry<&Person::employment>("Erwerbsart"),
         entry<&Person::employer>("Arbeitgeber"),
     };
     writePersonalDetails(writer, std::string(mainForm), household, person);
@@ -53,10 +50,9 @@ const std::vector<EntryOfLine>& besideLines() {
                            return FieldValue(taxCase.householdDeductions.supportedPersons);
                        })},
         {"otherAssetsDescription", "30.6", "Vermögensberechnung", 4,
-         made<TaxCase>(ValueKind::text, "Übrige Vermögenswerte: Bezeichnung", {}, {""},
-                       [](const TaxCase& taxCase) {
-                           return FieldValue(taxCase.otherAssetsDescription);
-                       })},
+         made<TaxCase>(
+             ValueKind::text, "Übrige Vermögenswerte: Bezeichnung", {}, {""},
+             [](const TaxCase& taxCase) { return FieldValue(taxCase.otherAssetsDescription); })},
     };
     return entries;
 }
@@ -80,16 +76,14 @@ void writeSecurities(FormWriter& writer, const TaxResult& result) {
             ValueKind::rappen, "Bruttoertrag B, ohne Verrechnungssteuer"),
     };
     writer.form("Wertschriften- und Guthabenverzeichnis", 4, "30.1");
-    writer.list(writer.taxCase().securities, "securities", fields, recordTitle,
-                [&](const SecurityEntry& entry) {
-                    return belongsToHousehold(entry, writer.taxCase());
-                });
+    writer.list(
+        writer.taxCase().securities, "securities", fields, recordTitle,
+        [&](const SecurityEntry& entry) { return belongsToHousehold(entry, writer.taxCase()); });
     writer.part("Verrechnungssteuer");
     writer.amount("withholdingIncomeA", "Total der Bruttoerträge A", result.withholdingIncomeA,
                   result.withholdingIncomeA, "withholdingTaxRefund", ValueKind::rappen);
-    writer.amount("withholdingTaxRefund", "Verrechnungssteueranspruch",
-                  result.withholdingTaxRefund, result.withholdingTaxRefund, "withholdingTaxRefund",
-                  ValueKind::rappen);
+    writer.amount("withholdingTaxRefund", "Verrechnungssteueranspruch", result.withholdingTaxRefund,
+                  result.withholdingTaxRefund, "withholdingTaxRefund", ValueKind::rappen);
 }
 
 void writeRealEstate(FormWriter& writer) {
@@ -137,8 +131,8 @@ const std::vector<FormField<WorkExpenses>>& workFields() {
                    }),
         made<Work>(ValueKind::text, "Privates Motorfahrzeug", {}, {"carIsMotorbike"},
                    [](const Work& work) {
-                       return whenDriven(
-                           work, std::string(work.carIsMotorbike ? "Motorrad" : "Auto"));
+                       return whenDriven(work,
+                                         std::string(work.carIsMotorbike ? "Motorrad" : "Auto"));
                    }),
         made<Work>(ValueKind::number, "Kilometer pro Fahrt", {}, {"carKmOneWay"},
                    [](const Work& work) { return FieldValue(work.carKmOneWay); }),
@@ -209,8 +203,8 @@ void writeWorkAmounts(FormWriter& writer, const TaxResult& result, int person) {
         {"sideJob", "Abzug Nebenerwerb", &WorkExpenseBreakdown::sideJob},
     };
     for (const Part& part : parts) {
-        writer.amount(code + "." + part.name, part.label, canton.*part.amount,
-                      federal.*part.amount, code);
+        writer.amount(code + "." + part.name, part.label, canton.*part.amount, federal.*part.amount,
+                      code);
     }
 }
 

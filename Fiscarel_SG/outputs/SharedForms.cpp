@@ -30,13 +30,12 @@ const std::vector<FormField<Child>>& childFields() {
 const std::vector<FormField<SalaryCertificate>>& certificateFields() {
     static const std::vector fields{
         entry<&SalaryCertificate::employer>("Arbeitgeber"),
-        made<SalaryCertificate>(ValueKind::text, "Haupt- oder Nebenerwerb", {},
-                                {"isMainEmployment"},
-                                [](const SalaryCertificate& certificate) {
-                                    return FieldValue(std::string(
-                                        certificate.isMainEmployment ? "Haupterwerb"
-                                                                     : "Nebenerwerb"));
-                                }),
+        made<SalaryCertificate>(
+            ValueKind::text, "Haupt- oder Nebenerwerb", {}, {"isMainEmployment"},
+            [](const SalaryCertificate& certificate) {
+                return FieldValue(
+                    std::string(certificate.isMainEmployment ? "Haupterwerb" : "Nebenerwerb"));
+            }),
         entry<&SalaryCertificate::periodFrom>("Beschäftigt von", "E"),
         entry<&SalaryCertificate::periodTo>("Beschäftigt bis", "E"),
         entry<&SalaryCertificate::fieldF>("Unentgeltliche Beförderung zum Arbeitsort", "F"),
@@ -45,11 +44,10 @@ const std::vector<FormField<SalaryCertificate>>& certificateFields() {
         entry<&SalaryCertificate::socialContributions>("Beiträge AHV/IV/EO/ALV/NBUV", "9"),
         entry<&SalaryCertificate::pensionContributions>("BVG: ordentliche Beiträge", "10.1"),
         entry<&SalaryCertificate::pensionBuyIn>("BVG: Beiträge für den Einkauf", "10.2"),
-        made<SalaryCertificate>(
-            ValueKind::francs, "Nettolohn", "11", {"netSalaryOverride"},
-            [](const SalaryCertificate& certificate) {
-                return FieldValue(certificate.netSalary());
-            }),
+        made<SalaryCertificate>(ValueKind::francs, "Nettolohn", "11", {"netSalaryOverride"},
+                                [](const SalaryCertificate& certificate) {
+                                    return FieldValue(certificate.netSalary());
+                                }),
         entry<&SalaryCertificate::flatRateExpenses>("Pauschalspesen", "13"),
         entry<&SalaryCertificate::remarks>("Bemerkungen", "15"),
     };
@@ -144,15 +142,17 @@ std::string titleOf(const SecurityEntry& entry) {
     return titleOf(entry.institution, entry.description, label(entry.kind));
 }
 std::string titleOf(const Child& child) {
-    const std::string name =
-        child.firstName + (child.firstName.empty() || child.lastName.empty() ? "" : " ")
-        + child.lastName;
+    const std::string name = child.firstName
+                             + (child.firstName.empty() || child.lastName.empty() ? "" : " ")
+                             + child.lastName;
     return titleOf(name, {}, "Kind ohne Namen");
 }
 std::string titleOf(const RealEstate& property) {
     return titleOf(property.description, property.municipality, "Liegenschaft ohne Namen");
 }
-std::string titleOf(const Debt& debt) { return titleOf(debt.creditor, {}, "Schuld ohne Gläubiger"); }
+std::string titleOf(const Debt& debt) {
+    return titleOf(debt.creditor, {}, "Schuld ohne Gläubiger");
+}
 std::string titleOf(const InsurancePolicy& policy) {
     return titleOf(policy.company, {}, "Versicherung ohne Namen");
 }
@@ -184,8 +184,8 @@ void writeLines(FormWriter& writer, const TaxResult& result, std::string_view fo
     std::string before;
     for (const TaxSection& section : result.sections) {
         for (const TaxLine& line : section.lines) {
-            const bool isSum = line.kind == TaxLine::Kind::subtotal
-                               || line.kind == TaxLine::Kind::total;
+            const bool isSum =
+                line.kind == TaxLine::Kind::subtotal || line.kind == TaxLine::Kind::total;
             before = line.ziffer.empty() ? before : line.ziffer;
             if (isSum || !line.canton.isZero() || !line.federalOrCanton().isZero()) {
                 rows.push_back(placed(writer.taxCase(), line, section, before));
@@ -243,12 +243,11 @@ void writePensions(FormWriter& writer, int page, std::string ziffer) {
     static const std::vector fields{
         entry<&PensionIncome::label>("Auszahlende Stelle"),
         entry<&PensionIncome::amount>("Rente im Jahr"),
-        made<PensionIncome>(ValueKind::number, "Steuerbarer Teil in Prozent", {},
-                            {"taxablePercent"},
-                            [](const PensionIncome& pension) {
-                                return pension.amount.isZero() ? FieldValue{}
-                                                               : FieldValue(pension.taxablePercent);
-                            }),
+        made<PensionIncome>(
+            ValueKind::number, "Steuerbarer Teil in Prozent", {}, {"taxablePercent"},
+            [](const PensionIncome& pension) {
+                return pension.amount.isZero() ? FieldValue{} : FieldValue(pension.taxablePercent);
+            }),
     };
     forEachAdult(writer.taxCase(), [&](const AdultEntries& adult) {
         writer.form("Renten und Pensionen", page, ziffer);

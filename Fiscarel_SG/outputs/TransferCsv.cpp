@@ -22,8 +22,8 @@ std::string quoted(const std::string& cell) {
 /// A text from the user: one line, and nothing that a spreadsheet takes for a formula.
 std::string harmless(const std::string& text) {
     const std::string line = shownValue(text, ValueKind::text);
-    const bool isFormula = !line.empty() && std::string_view("=+-@").find(line.front())
-                                                != std::string_view::npos;
+    const bool isFormula =
+        !line.empty() && std::string_view("=+-@").find(line.front()) != std::string_view::npos;
     return isFormula ? "'" + line : line;
 }
 

@@ -67,9 +67,7 @@ constexpr Exception everywhere[] = {
     {"deductions", "Person 2 wird nur bei gemeinsamer Besteuerung deklariert.", isForeign},
     {"li.commute", "Person 2 wird nur bei gemeinsamer Besteuerung deklariert.", isForeign},
     {"children[]", "Das Kind ist erst nach dem Steuerjahr geboren.",
-     [](const Candidate& c) {
-         return !isBornBy(c.taxCase.children[c.index()], c.taxCase.year);
-     }},
+     [](const Candidate& c) { return !isBornBy(c.taxCase.children[c.index()], c.taxCase.year); }},
     {"securities[]", "Gehört Person 2, die für sich besteuert wird.",
      [](const Candidate& c) {
          return !belongsToHousehold(c.taxCase.securities[c.index()], c.taxCase);
@@ -122,9 +120,7 @@ constexpr Exception stGallen[] = {
     {"deductions.work.sideJobUseActual", "Effektive Kosten sind keine eingetragen.",
      [](const Candidate& c) { return c.work().sideJobActualCosts.isZero(); }},
     {"securities[].code", "Ohne Code bleibt das Feld leer.",
-     [](const Candidate& c) {
-         return c.taxCase.securities[c.index()].code == AssetCode::none;
-     }},
+     [](const Candidate& c) { return c.taxCase.securities[c.index()].code == AssetCode::none; }},
     {"income.dailyAllowances", noAmount, [](const Candidate& c) { return c.lacks("taggelder"); }},
     {"income.unemployment", noAmount, [](const Candidate& c) { return c.lacks("taggelder"); }},
     {"deductions.furtherEducationFlatRate",
@@ -133,15 +129,11 @@ constexpr Exception stGallen[] = {
      [](const Candidate& c) { return c.lacks("weiterbildung"); }},
     {"deductions.pillar3a", "Ohne Erwerb gibt es keinen Abzug für die Säule 3a.",
      [](const Candidate& c) { return c.lacks("saeule3a"); }},
-    {"deductions.pillar3aBuyIn", noAmount,
-     [](const Candidate& c) { return c.lacks("einkauf3a"); }},
-    {"deductions.pensionBuyIn", noAmount,
-     [](const Candidate& c) { return c.lacks("saeule2"); }},
+    {"deductions.pillar3aBuyIn", noAmount, [](const Candidate& c) { return c.lacks("einkauf3a"); }},
+    {"deductions.pensionBuyIn", noAmount, [](const Candidate& c) { return c.lacks("saeule2"); }},
     {"realEstate[].actualMaintenanceCosts",
      "Statt der effektiven Unterhaltskosten zählt die Pauschale.",
-     [](const Candidate& c) {
-         return c.taxCase.realEstate[c.index()].useFlatRateMaintenance;
-     }},
+     [](const Candidate& c) { return c.taxCase.realEstate[c.index()].useFlatRateMaintenance; }},
     {"children[].educationCosts", "Für das Kind gibt es keinen Abzug für Ausbildungskosten.",
      [](const Candidate& c) {
          return !isDeductible(c.taxCase.children[c.index()], c.taxCase.year);
@@ -215,8 +207,7 @@ constexpr Exception liechtenstein[] = {
          return (c.person() == 2 ? extras.commute2 : extras.commute1).mode
                 == LICommute::Mode::inland;
      }},
-    {"deductions.pensionBuyIn", noAmount,
-     [](const Candidate& c) { return c.lacks("590"); }},
+    {"deductions.pensionBuyIn", noAmount, [](const Candidate& c) { return c.lacks("590"); }},
 };
 
 template <std::size_t N>

@@ -51,8 +51,8 @@ std::string rowHtml(const TransferRow& row, bool hasFederal) {
 } // namespace
 
 std::string transferHtml(const TransferList& list, std::string_view title) {
-    const bool hasFederal = std::ranges::any_of(
-        list.rows, [](const TransferRow& row) { return !row.federal.empty(); });
+    const bool hasFederal =
+        std::ranges::any_of(list.rows, [](const TransferRow& row) { return !row.federal.empty(); });
     const std::string all = hasFederal ? "5" : "4";
     std::string html = "<html><body><h2>" + escaped(title) + "</h2>";
     const TransferRow* before = nullptr;

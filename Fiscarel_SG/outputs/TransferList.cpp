@@ -43,8 +43,8 @@ void addSources(std::vector<TransferRow>& rows, const std::vector<Derivation>& d
     }
 }
 
-/// Tells each row the documents behind its entries: those taken over into them and the one linked to
-/// their item.
+/// Tells each row the documents behind its entries: those taken over into them and the one linked
+/// to their item.
 void addDocuments(std::vector<TransferRow>& rows, const TransferInput& input) {
     std::multimap<std::string, Uuid> applied;
     for (const StoredDocument& document : input.documents) {
@@ -168,9 +168,8 @@ void addExceptions(TransferList& list, const TransferInput& input) {
             continue;
         }
         if (auto reason = reasonNotTransferred(input.taxCase, input.result, entry.path)) {
-            list.notTransferred.push_back(
-                {std::move(entry.path), std::move(entry.value), std::move(*reason),
-                 entry.isInitial});
+            list.notTransferred.push_back({std::move(entry.path), std::move(entry.value),
+                                           std::move(*reason), entry.isInitial});
         } else {
             list.unexplained.push_back(std::move(entry.path));
         }

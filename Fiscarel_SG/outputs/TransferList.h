@@ -23,8 +23,8 @@ struct TransferInput {
 /// An entry that stands on no form.
 struct NotTransferred {
     std::string path;
-    std::string value;  ///< as entered
-    std::string reason; ///< one German sentence
+    std::string value;      ///< as entered
+    std::string reason;     ///< one German sentence
     bool isInitial = false; ///< the value of a new record: nothing that anybody misses
 
     bool operator==(const NotTransferred&) const = default;

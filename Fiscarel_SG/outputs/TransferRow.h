@@ -34,8 +34,8 @@ struct TransferRow {
     std::string key;
     std::string form; ///< "Formular 4 – Berufskosten"
     int page = 0;     ///< of the return; of an enclosure the page that it belongs to
-    /// As printed on the form; of an enclosure the one of the return that it belongs to, of a salary
-    /// certificate its own. Empty where the form prints none.
+    /// As printed on the form; of an enclosure the one of the return that it belongs to, of a
+    /// salary certificate its own. Empty where the form prints none.
     std::string ziffer;
     int person = 0;   ///< 1 or 2; 0: the household
     std::string name; ///< of that person; empty for the household

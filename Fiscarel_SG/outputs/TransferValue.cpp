@@ -28,9 +28,7 @@ std::string amountText(const Decimal& amount, ValueKind kind) {
 }
 
 std::string dateText(const Date& date) {
-    const auto two = [](int number) {
-        return (number < 10 ? "0" : "") + std::to_string(number);
-    };
+    const auto two = [](int number) { return (number < 10 ? "0" : "") + std::to_string(number); };
     return two(date.day()) + "." + two(date.month()) + "." + std::to_string(date.year());
 }
 

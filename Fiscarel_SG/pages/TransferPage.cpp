@@ -175,6 +175,9 @@ void TransferPage::shape() {
     for (int line = 0; line < model_->rowCount(); ++line) {
         if (model_->isHeading(line)) {
             table_->setSpan(line, 0, 1, TransferModel::columns);
+        } else if (model_->rowAt(line) == nullptr) { // a sentence
+            table_->setSpan(line, TransferModel::label, 1,
+                            TransferModel::columns - TransferModel::label);
         } else if (!liechtenstein && model_->isWide(line)) {
             table_->setSpan(line, TransferModel::canton, 1,
                             TransferModel::copyFederal - TransferModel::canton);
@@ -183,8 +186,11 @@ void TransferPage::shape() {
     const QFontMetrics metrics = table_->fontMetrics();
     const auto width = [&](const QString& text) { return metrics.horizontalAdvance(text) + 18; };
     table_->setColumnWidth(TransferModel::tick, 30);
-    table_->setColumnWidth(TransferModel::ziffer, width(liechtenstein ? u"11.11  500"_s : u"13.1 "_s));
-    table_->setColumnWidth(TransferModel::canton, width(liechtenstein ? u"Kindergarten / Volksschule"_s : u"1’000’000.00"_s));
+    table_->setColumnWidth(TransferModel::ziffer,
+                           width(liechtenstein ? u"11.11  500"_s : u"13.1 "_s));
+    table_->setColumnWidth(
+        TransferModel::canton,
+        width(liechtenstein ? u"Kindergarten / Volksschule"_s : u"1’000’000.00"_s));
     table_->setColumnWidth(TransferModel::copyCanton, width(u"Kopieren"_s));
     table_->setColumnWidth(TransferModel::federal, width(u"1’000’000"_s));
     table_->setColumnWidth(TransferModel::copyFederal, width(u"Kopieren"_s));
@@ -218,9 +224,9 @@ outputs::TransferList TransferPage::makeList() const {
     }
     const auto found = store_.transferChecked().find(store_.year());
     const std::set<std::string> none;
-    return outputs::makeTransferList({*calculator, store_.current(), *result, store_.documents(),
-                                      found != store_.transferChecked().end() ? found->second
-                                                                              : none});
+    return outputs::makeTransferList(
+        {*calculator, store_.current(), *result, store_.documents(),
+         found != store_.transferChecked().end() ? found->second : none});
 }
 
 /// The forms to choose from, each with what is open in it.
@@ -318,12 +324,11 @@ void TransferPage::copy(const QModelIndex& index) {
         return;
     }
     QApplication::clipboard()->setText(text);
-    const bool isFederal = index.column() == TransferModel::federal
-                           || index.column() == TransferModel::copyFederal
-                           || (model_->isWide(index.row())
-                               && !table_->isColumnHidden(TransferModel::copyFederal));
-    model_->setCopied(index.siblingAtColumn(isFederal ? TransferModel::copyFederal
-                                                      : TransferModel::copyCanton));
+    const bool isFederal =
+        index.column() == TransferModel::federal || index.column() == TransferModel::copyFederal
+        || (model_->isWide(index.row()) && !table_->isColumnHidden(TransferModel::copyFederal));
+    model_->setCopied(
+        index.siblingAtColumn(isFederal ? TransferModel::copyFederal : TransferModel::copyCanton));
     copiedTimer_->start();
 }
 
@@ -398,8 +403,8 @@ bool TransferPage::eventFilter(QObject* watched, QEvent* event) {
 
 std::string TransferPage::title() const {
     const TaxCase& taxCase = store_.current();
-    return "Übertragungsliste " + std::to_string(store_.year()) + " – "
-           + personName(taxCase, 1) + (taxCase.isJoint() ? " und " + personName(taxCase, 2) : "");
+    return "Übertragungsliste " + std::to_string(store_.year()) + " – " + personName(taxCase, 1)
+           + (taxCase.isJoint() ? " und " + personName(taxCase, 2) : "");
 }
 
 /// What is printed is the whole list, whatever is shown.

@@ -27,7 +27,8 @@ namespace fiscarel::pages {
 class TransferModel;
 
 /// The return and its enclosures in the order of the authority's program, each field to copy and to
-/// tick. Keys: Ctrl+C copies and goes on, the space bar ticks, Enter shows where a value comes from.
+/// tick. Keys: Ctrl+C copies and goes on, the space bar ticks, Enter shows where a value comes
+/// from.
 class TransferPage final : public look::PageWidget {
     Q_OBJECT
 

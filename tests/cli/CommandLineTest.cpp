@@ -238,7 +238,8 @@ TEST_F(CommandLine, listsWhatIsToBeTransferred) {
     const Outcome text = run("liste", demo);
     EXPECT_EQ(text.exitCode, 0) << text.err;
     for (const char* part :
-         {"Übertragungsliste 2025 – Kanton St.Gallen", "0 von ", "Formular 1 – Steuererklärung, Seite 2",
+         {"Übertragungsliste 2025 – Kanton St.Gallen", "0 von ",
+          "Formular 1 – Steuererklärung, Seite 2",
           "1.1   [ ] Haupterwerb (Nettolohn) – Nora Rheintaler", "Formular 4 – Berufskosten",
           "Wertschriften- und Guthabenverzeichnis"}) {
         EXPECT_NE(text.out.find(part), std::string::npos) << part;

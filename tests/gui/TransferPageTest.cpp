@@ -45,8 +45,7 @@ class TransferPage : public ::testing::Test {
         const auto* const model = table().model();
         for (int row = 0; row < model->rowCount(); ++row) {
             const QModelIndex at = model->index(row, label);
-            if (at.data().toString().startsWith(text)
-                && (at.flags() & Qt::ItemIsSelectable) != 0) {
+            if (at.data().toString().startsWith(text) && (at.flags() & Qt::ItemIsSelectable) != 0) {
                 return at.siblingAtColumn(column);
             }
         }
@@ -76,7 +75,7 @@ TEST_F(TransferPage, copiesAValueAndTicksItsRow) {
     click(salary);
     EXPECT_EQ(clipboard(), u"103968"_s);
     EXPECT_EQ(salary.data().toString(), u"kopiert"_s);
-    click(cell(u"Berufskosten Person 1"_s, copyFederal));
+    click(cell(u"Berufskosten · Nora"_s, copyFederal));
     EXPECT_EQ(clipboard(), u"8669"_s);
     EXPECT_EQ(cell(u"Haupterwerb"_s, copyCanton).data().toString(), u"Kopieren"_s);
 

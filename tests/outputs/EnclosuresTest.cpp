@@ -30,7 +30,8 @@ const Enclosure& find(const Checklist& checklist, const std::string& path) {
 TEST(Enclosures, linksAndTakenOverValuesCoverAnEntry) {
     TaxCase taxCase = DemoData::family(2025);
     std::vector<StoredDocument> documents{document(Kind::lohnausweis), document(Kind::saeule3a),
-                                          document(Kind::bankauszug), document(Kind::lohnausweis, 2024)};
+                                          document(Kind::bankauszug),
+                                          document(Kind::lohnausweis, 2024)};
     taxCase.income1.salaries[0].documentID = documents[0].id;
     documents[1].applied = {{.path = "deductions2.pillar3a"}};
     documents[2].applied = {{.path = "securities[1].taxValue"}, {.path = "debts[0].amount"}};
@@ -48,8 +49,8 @@ TEST(Enclosures, linksAndTakenOverValuesCoverAnEntry) {
 }
 
 TEST(Enclosures, aDocumentOfItsKindCoversTheOnlyEntryThatAsksForIt) {
-    const std::vector<StoredDocument> documents{
-        document(Kind::krankenkasse), document(Kind::spende), document(Kind::anderes)};
+    const std::vector<StoredDocument> documents{document(Kind::krankenkasse),
+                                                document(Kind::spende), document(Kind::anderes)};
     const Checklist checklist = makeChecklist(DemoData::family(2025), documents);
     using Ids = std::vector<Uuid>;
     EXPECT_EQ(find(checklist, "householdDeductions.healthInsurancePremiums").documents,

@@ -42,8 +42,8 @@ TEST(TransferCsv, quotesAndDisarmsWhatUsersTyped) {
     for (const Case& tested : cases) {
         TransferList list;
         list.rows.push_back(row(tested.kind, tested.value));
-        EXPECT_EQ(transferCsv(list), head + std::string("F;3;11.11;500;;;;Feld;") + tested.cell
-                                         + ";;offen;;\r\n");
+        EXPECT_EQ(transferCsv(list),
+                  head + std::string("F;3;11.11;500;;;;Feld;") + tested.cell + ";;offen;;\r\n");
     }
 }
 
@@ -58,8 +58,9 @@ TEST(TransferCsv, tellsPersonsFederalValuesAndTicks) {
     changed.oldValue = "8’000 / Bund 7’000";
     TransferList list;
     list.rows.push_back(changed);
-    EXPECT_EQ(transferCsv(list), head + std::string("F;3;11.11;;1;'=Anna;;Feld;8220;7900;geändert;"
-                                                    "8’000 / Bund 7’000;\r\n"));
+    EXPECT_EQ(transferCsv(list), head
+                                     + std::string("F;3;11.11;;1;'=Anna;;Feld;8220;7900;geändert;"
+                                                   "8’000 / Bund 7’000;\r\n"));
 }
 
 } // namespace

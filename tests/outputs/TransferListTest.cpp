@@ -71,8 +71,8 @@ TEST_P(EveryRegion, everyEntryStandsInARowOrHasAReason) {
         const Listed listed(taxCase);
         entries += entriesOf(taxCase).size();
         for (const std::string& path : listed.list.unexplained) {
-            faults.try_emplace(patternOf(path), valueAt(taxCase, path).value_or("") + " in "
-                                                    + path);
+            faults.try_emplace(patternOf(path),
+                               valueAt(taxCase, path).value_or("") + " in " + path);
         }
         std::set<std::string> seen;
         for (const TransferRow& row : listed.list.rows) {
@@ -144,9 +144,8 @@ TEST_P(EveryRegion, listsTheDemoHouseholdAsRead) {
     for (const NotTransferred& entry : list.notTransferred) {
         text += "# " + entry.path + " = " + entry.value + ": " + entry.reason + "\n";
     }
-    const auto golden =
-        std::filesystem::path(FISCAREL_TEST_DIR) / "data"
-        / ("transfer-" + std::string(rawValue(GetParam())) + ".csv");
+    const auto golden = std::filesystem::path(FISCAREL_TEST_DIR) / "data"
+                        / ("transfer-" + std::string(rawValue(GetParam())) + ".csv");
     if (std::getenv("FISCAREL_UPDATE_GOLDEN") != nullptr) {
         std::ofstream(golden) << text;
     }
@@ -160,8 +159,8 @@ INSTANTIATE_TEST_SUITE_P(TransferList, EveryRegion, ::testing::ValuesIn(regions)
                          });
 
 TEST(TransferList, countsZiffernAsTheFormsDo) {
-    const char* const inOrder[] = {"", "E", "F", "1.1", "2.3", "3.8", "3.81", "3.84", "3.9",
-                                   "8", "9", "10.1", "10.2", "11.11", "11.3", "30.6"};
+    const char* const inOrder[] = {"",    "E", "F", "1.1",  "2.3",  "3.8",   "3.81", "3.84",
+                                   "3.9", "8", "9", "10.1", "10.2", "11.11", "11.3", "30.6"};
     for (std::size_t i = 1; i < std::size(inOrder); ++i) {
         EXPECT_TRUE(isZifferBefore(inOrder[i - 1], inOrder[i])) << inOrder[i];
         EXPECT_FALSE(isZifferBefore(inOrder[i], inOrder[i - 1])) << inOrder[i];
@@ -254,9 +253,9 @@ TEST(TransferList, namesTheDocumentsBehindAValue) {
     EXPECT_EQ(listed.row("saeule3a1").documents, Documents{applied.id});
     EXPECT_EQ(listed.row("saeule3a2").documents, Documents{});
     EXPECT_EQ(listed.row("wertschriften").documents, Documents{linked.id});
-    EXPECT_EQ(listed.row("securities[" + taxCase.securities[2].id.toString() + "].taxValue")
-                  .documents,
-              Documents{linked.id});
+    EXPECT_EQ(
+        listed.row("securities[" + taxCase.securities[2].id.toString() + "].taxValue").documents,
+        Documents{linked.id});
 }
 
 TEST(TransferList, printsEveryRowOnceAndEscaped) {

@@ -25,7 +25,12 @@ QString partTitle(const TransferRow& row) {
 QString labelOf(const TransferRow& row) {
     QString label = qs(row.label);
     if (row.key == row.code && !row.name.empty() && row.label.find(row.name) == std::string::npos) {
-        label += u" · "_s + qs(row.name);
+        const QString number = u" Person %1"_s.arg(row.person);
+        label.chop(label.endsWith(number) ? number.size() : 0);
+        // The first name tells the two apart and leaves room for the line.
+        label += u" · "_s
+                 + (qs(row.name).startsWith(u"Person "_s) ? qs(row.name)
+                                                          : qs(row.name).section(u' ', 0, 0));
     }
     if (row.tick == Tick::changed) {
         label += u" – geändert, bisher "_s + qs(row.oldValue);
@@ -96,7 +101,8 @@ std::vector<TransferModel::Line> TransferModel::linesOf(const Filter& filter) co
     for (std::size_t i = 0; i < list_.notTransferred.size(); ++i) {
         if (!list_.notTransferred[i].isInitial) {
             if (!std::exchange(begun, true)) {
-                lines.push_back({Line::Kind::form, u"Eingaben, die auf keinem Formular stehen"_s, 0});
+                lines.push_back(
+                    {Line::Kind::form, u"Eingaben, die auf keinem Formular stehen"_s, 0});
             }
             lines.push_back({Line::Kind::none, {}, i});
         }
@@ -293,12 +299,12 @@ QVariant TransferModel::otherData(const Line& line, int column, int role) const 
                                : QString();
     }
     const outputs::NotTransferred& entry = list_.notTransferred[line.at];
-    if (column == label) {
-        const QString name =
-            line.at < notTransferred_.size() ? notTransferred_[line.at] : qs(entry.path);
-        return u"%1: %2"_s.arg(name, qs(entry.reason));
+    if (column != label) {
+        return {};
     }
-    return column == canton ? qs(entry.value) : QString();
+    const QString name =
+        line.at < notTransferred_.size() ? notTransferred_[line.at] : qs(entry.path);
+    return u"%1 (%2): %3"_s.arg(name, qs(entry.value), qs(entry.reason));
 }
 
 QVariant TransferModel::data(const QModelIndex& index, int role) const {

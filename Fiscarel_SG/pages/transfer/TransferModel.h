@@ -12,8 +12,8 @@
 
 namespace fiscarel::pages {
 
-/// The transfer list as the table shows it: headings of forms and parts, rows, what is to be cleared
-/// in the authority's program, and what stands on no form.
+/// The transfer list as the table shows it: headings of forms and parts, rows, what is to be
+/// cleared in the authority's program, and what stands on no form.
 class TransferModel final : public QAbstractTableModel {
     Q_OBJECT
 
