@@ -1,5 +1,6 @@
 #include "cli/Commands.h"
 
+#include "Fiscarel_SG/outputs/TransferCsv.h"
 #include "Fiscarel_SG/store/Clock.h"
 #include "Fiscarel_SG/store/ReviewedDocuments.h"
 #include "TaxCore/demo/DemoData.h"
@@ -9,10 +10,12 @@
 #include "cli/Output.h"
 #include "cli/ReturnText.h"
 #include "cli/ReviewText.h"
+#include "cli/TransferText.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <optional>
+#include <set>
 #include <thread>
 #include <vector>
 
@@ -132,6 +135,20 @@ int check(const CheckOptions& options) {
             {.person = options.person, .sum = *options.buyIn, .otherYears = input.otherYears});
     }
     return print(options.json ? toJson(review) : reviewText(read->taxCase, review));
+}
+
+int list(const ListOptions& options) {
+    const auto read = readForComputing(options.file, options.year);
+    if (!read) {
+        return fail(read.error());
+    }
+    const TaxResult result = read->calculator.calculate(read->taxCase);
+    const auto found = read->rest.transferChecked.find(read->taxCase.year);
+    const std::set<std::string> none;
+    const auto list = outputs::makeTransferList(
+        {read->calculator, read->taxCase, result, read->rest.documents,
+         found != read->rest.transferChecked.end() ? found->second : none});
+    return print(options.csv ? outputs::transferCsv(list) : transferText(read->taxCase, list));
 }
 
 int batch(const BatchOptions& options) {

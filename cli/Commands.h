@@ -45,6 +45,14 @@ struct CheckOptions {
 /// Prints notices, savings tips and the marginal rate of one case.
 int check(const CheckOptions& options);
 
+struct ListOptions {
+    std::string file = "-";
+    std::optional<int> year; ///< given: the file is a state file, with its ticks and documents
+    bool csv = false;
+};
+/// Prints the transfer list of one case.
+int list(const ListOptions& options);
+
 struct ReportOptions {
     std::string file = "-";
     std::optional<int> year; ///< given: the file is a state file, whose documents count, too

@@ -188,6 +188,17 @@ void addCheckCommand(CLI::App& app, CheckOptions& checking, std::function<int()>
         [&action, &checking] { action = [&checking] { return check(checking); }; });
 }
 
+/// The command `liste`; `listing` and `action` outlive the parsing.
+void addListCommand(CLI::App& app, ListOptions& listing, std::function<int()>& action) {
+    CLI::App* listCommand =
+        addCommand(app, "liste", "Gibt die Übertragungsliste aus, Feld für Feld der Formulare");
+    addFile(*listCommand, listing.file);
+    addNumber(*listCommand, "--jahr", "Steuerjahr aus einer Datendatei",
+              [&listing](int year) { listing.year = year; });
+    listCommand->add_flag("--csv", listing.csv, "Ausgabe als Tabelle (CSV mit Strichpunkten)");
+    listCommand->callback([&action, &listing] { action = [&listing] { return list(listing); }; });
+}
+
 /// The command `bericht`; `reporting` and `action` outlive the parsing.
 void addReportCommand(CLI::App& app, ReportOptions& reporting, std::function<int()>& action) {
     CLI::App* reportCommand =
@@ -232,6 +243,9 @@ int run(int argc, char** argv) {
 
     CheckOptions checking;
     addCheckCommand(app, checking, action);
+
+    ListOptions listing;
+    addListCommand(app, listing, action);
 
     ReportOptions reporting;
     addReportCommand(app, reporting, action);

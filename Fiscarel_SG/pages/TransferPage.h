@@ -3,15 +3,20 @@
 #ifndef Q_MOC_RUN
 #include "Fiscarel_SG/look/PageFrame.h"
 #include "Fiscarel_SG/look/PageWidget.h"
+#include "Fiscarel_SG/outputs/TransferList.h"
 #endif
 
 #include <string>
 #include <vector>
 
 class QCheckBox;
-class QGridLayout;
+class QComboBox;
 class QLabel;
+class QModelIndex;
 class QProgressBar;
+class QTableView;
+class QTimer;
+class QVBoxLayout;
 
 namespace fiscarel {
 class AppStore;
@@ -19,7 +24,11 @@ class AppStore;
 
 namespace fiscarel::pages {
 
-/// The lines of the return in the order of the authority's program, each to copy and to tick.
+class TransferModel;
+
+/// The return and its enclosures in the order of the authority's program, each field to copy and to
+/// tick. Keys: Ctrl+C copies and goes on, the space bar ticks, Enter shows where a value comes
+/// from.
 class TransferPage final : public look::PageWidget {
     Q_OBJECT
 
@@ -29,37 +38,36 @@ class TransferPage final : public look::PageWidget {
     void refresh() override;
     void refreshResult() override;
 
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
-    /// One line to be transferred.
-    struct Row {
-        std::string id; ///< as it is kept when ticked: code and value
-        QString ziffer;
-        QString label;
-        QString person; ///< whose line it is, where each person has their own
-        QString canton;
-        QString federal; ///< empty where it is the same
-
-        bool operator==(const Row&) const = default;
-    };
-
-    std::vector<Row> rowsOfResult() const;
-    void rebuild();
-    void addRow(const Row& row, int at);
-    QWidget* makeTick(const Row& row);
-    QWidget* makeLabel(const Row& row);
-    QWidget* makeValue(const QString& value);
-    QWidget* makeCopy(const Row& row, const QString& value);
+    void addHead();
+    void addTable();
+    void shape();
+    outputs::TransferList makeList() const;
+    void fillForms(const outputs::TransferList& list);
     void showProgress();
+    std::vector<QString> namesOfEntries(const outputs::TransferList& list) const;
+    void click(const QModelIndex& index);
+    void tick(int line, bool checked);
+    void copy(const QModelIndex& index);
+    void copyAndGoOn();
+    void openReason(int line);
+    void goTo(int line, int column);
+    int nextRow(int line) const;
+    void print();
+    std::string title() const;
 
     AppStore& store_;
     look::PageFrame* frame_;
     QLabel* progressText_;
     QProgressBar* progress_;
     QCheckBox* openOnly_;
-    QWidget* table_ = nullptr;
-    std::vector<Row> rows_;
-    std::vector<QCheckBox*> ticks_;
-    std::vector<std::vector<QWidget*>> cells_;
+    QComboBox* form_;
+    QTableView* table_;
+    TransferModel* model_;
+    QTimer* copiedTimer_;
 };
 
 } // namespace fiscarel::pages

@@ -233,6 +233,42 @@ TEST_F(CommandLine, reviewsTheDocumentsOfAStateFile) {
     EXPECT_EQ(run("pruefe --jahr 2025", otherYear).out.find("Dankesbrief"), std::string::npos);
 }
 
+TEST_F(CommandLine, listsWhatIsToBeTransferred) {
+    const std::string demo = run("demo --jahr 2025").out;
+    const Outcome text = run("liste", demo);
+    EXPECT_EQ(text.exitCode, 0) << text.err;
+    for (const char* part :
+         {"Übertragungsliste 2025 – Kanton St.Gallen", "0 von ",
+          "Formular 1 – Steuererklärung, Seite 2",
+          "1.1   [ ] Haupterwerb (Nettolohn) – Nora Rheintaler", "Formular 4 – Berufskosten",
+          "Wertschriften- und Guthabenverzeichnis"}) {
+        EXPECT_NE(text.out.find(part), std::string::npos) << part;
+    }
+    const Outcome abroad = run("liste -", run("demo --region li").out);
+    EXPECT_EQ(abroad.exitCode, 0) << abroad.err;
+    EXPECT_NE(abroad.out.find("11.11 500 [ ]"), std::string::npos);
+    for (const std::string& line : linesOf(text.out + abroad.out)) {
+        EXPECT_LE(fiscarel::cli::displayWidth(line), 100U) << line;
+    }
+
+    const std::string state =
+        "{\"version\": 1, \"documents\": [], \"transferChecked\": {\"2025\": "
+        "[\"haupterwerb1=103’968\", \"schuldzinsen=7’000\", \"renten1=12’000\"]}, "
+        "\"cases\": {\"2025\": "
+        + demo + "}}";
+    const Outcome ticked = run("liste --jahr 2025", state);
+    EXPECT_EQ(ticked.exitCode, 0) << ticked.err;
+    for (const char* part : {"1 von ", "[x] Haupterwerb", "[!] Schuldzinsen", "bisher 7’000",
+                             "Renten / Pensionen (steuerbarer Teil): 12’000"}) {
+        EXPECT_NE(ticked.out.find(part), std::string::npos) << part;
+    }
+    const Outcome csv = run("liste --csv --jahr 2025", state);
+    EXPECT_TRUE(csv.out.starts_with("Formular;Seite;Ziffer;"));
+    EXPECT_NE(csv.out.find(";7440;;geändert;7’000;\r\n"), std::string::npos);
+    EXPECT_EQ(run("liste", "{}").exitCode, 1);
+    EXPECT_EQ(run("liste --tsv", demo).exitCode, 2);
+}
+
 TEST_F(CommandLine, readsOneYearOfAStateFile) {
     const std::string cases = stateOf("\"2025\": " + toJson(DemoData::family(2025)));
     const fs::path state = write("daten.json", cases);
