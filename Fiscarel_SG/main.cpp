@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/look/SwissGerman.h"
 #include "Fiscarel_SG/shell/MainWindow.h"
 #include "Fiscarel_SG/shell/SingleInstance.h"
 #include "Fiscarel_SG/store/FolderLock.h"
@@ -63,6 +64,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(u"Fiscarel SG"_s);
     QApplication::setApplicationVersion(QStringLiteral(FISCAREL_VERSION));
     QApplication::setDesktopFileName(u"fiscarel-sg"_s);
+    look::speakSwissGerman(application);
 
     std::vector<std::string> arguments;
     for (const QString& argument : QApplication::arguments()) {

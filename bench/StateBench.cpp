@@ -4,7 +4,7 @@
 
 #include "Fiscarel_SG/Persistence.h"
 #include "Fiscarel_SG/store/PosixFiles.h"
-#include "TaxCore/demo/DemoData.h"
+#include "bench/TenYears.h"
 
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
@@ -20,6 +20,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using namespace fiscarel;
+using bench::tenYears;
 
 /// A folder below the working directory: temporary folders are often no real disk.
 const fs::path& folder() {
@@ -31,32 +32,8 @@ const fs::path& folder() {
     return made;
 }
 
-const PersistedState& household() {
-    static const PersistedState state = [] {
-        PersistedState made;
-        for (int year = 2017; year <= 2026; ++year) {
-            made.cases[year] = taxcore::DemoData::family(year);
-        }
-        std::string text;
-        while (text.size() < 5'000) {
-            text += "Lohnausweis für das Jahr 2025\n8 Bruttolohn total 82’400.00\n";
-        }
-        for (int i = 0; i < 2'000; ++i) {
-            StoredDocument& document = made.documents.emplace_back();
-            document.year = 2017 + i % 10;
-            document.title = "Beleg " + std::to_string(i);
-            document.fileName = document.id.toString() + "-beleg.pdf";
-            document.importedAt = {1'770'000'000 + i};
-            document.recognizedText = text;
-            document.amount = i;
-        }
-        return made;
-    }();
-    return state;
-}
-
 const std::string& encoded() {
-    static const std::string text = encodeState(household());
+    static const std::string text = encodeState(tenYears());
     return text;
 }
 
@@ -120,7 +97,7 @@ BENCHMARK(loadingFile)->Unit(benchmark::kMillisecond);
 
 void savingEncode(benchmark::State& state) {
     for (auto _ : state) {
-        benchmark::DoNotOptimize(encodeState(household()));
+        benchmark::DoNotOptimize(encodeState(tenYears()));
     }
 }
 BENCHMARK(savingEncode)->Unit(benchmark::kMillisecond);
@@ -143,7 +120,7 @@ BENCHMARK(savingBytesAlone)->Unit(benchmark::kMillisecond)->UseRealTime();
 void savingStateFile(benchmark::State& state) {
     PosixFiles files;
     for (auto _ : state) {
-        (void)files.write(folder() / "daten.json", encodeState(household()));
+        (void)files.write(folder() / "daten.json", encodeState(tenYears()));
     }
 }
 BENCHMARK(savingStateFile)->Unit(benchmark::kMillisecond)->UseRealTime();
@@ -154,7 +131,7 @@ void savingWithBackup(benchmark::State& state) {
     const SystemClock clock;
     Persistence persistence(files, clock, folder());
     for (auto _ : state) {
-        const std::string text = encodeState(household());
+        const std::string text = encodeState(tenYears());
         (void)persistence.save(text);
         persistence.backupIfNeeded(text);
     }

@@ -1,17 +1,11 @@
 #include "Fiscarel_SG/shell/MainWindow.h"
 
 #include "Fiscarel_SG/AppStore.h"
-#include "Fiscarel_SG/forms/FormPage.h"
+#include "Fiscarel_SG/forms/PagePaths.h"
 #include "Fiscarel_SG/forms/QtText.h"
 #include "Fiscarel_SG/look/Icons.h"
 #include "Fiscarel_SG/look/KeyboardOrder.h"
-#include "Fiscarel_SG/pages/AccountPage.h"
-#include "Fiscarel_SG/pages/DocumentsPage.h"
-#include "Fiscarel_SG/pages/InputPages.h"
-#include "Fiscarel_SG/pages/OverviewPage.h"
-#include "Fiscarel_SG/pages/ReportPage.h"
-#include "Fiscarel_SG/pages/ReviewPage.h"
-#include "Fiscarel_SG/pages/TransferPage.h"
+#include "Fiscarel_SG/shell/PageStack.h"
 #include "Fiscarel_SG/shell/ReasonDialog.h"
 #include "Fiscarel_SG/shell/SearchDialog.h"
 #include "Fiscarel_SG/shell/StartDialog.h"
@@ -28,11 +22,9 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QSignalBlocker>
-#include <QStackedWidget>
 #include <QStatusBar>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <cstdlib>
 
 namespace fiscarel::shell {
 
@@ -42,37 +34,6 @@ namespace {
 
 constexpr int narrow = 1180; ///< below this width the tax bar gives way
 constexpr int messageTime = 5'000;
-
-/// What a page has of a path. The records of a list may stand on two pages, each with fields of its
-/// own.
-enum class Has { nothing, record, field };
-
-Has has(const forms::Card& card, const std::string& path) {
-    const auto isAtPath = [&](const forms::BoundField& field) { return field.path == path; };
-    if (const auto* fields = std::get_if<forms::FieldsCard>(&card)) {
-        return std::ranges::any_of(fields->fields, isAtPath) ? Has::field : Has::nothing;
-    }
-    const auto& list = std::get<forms::ListCard>(card);
-    if (path == list.path) {
-        return Has::field;
-    }
-    if (!path.starts_with(list.path + "[")) {
-        return Has::nothing;
-    }
-    const auto index =
-        static_cast<std::size_t>(std::strtoul(path.c_str() + list.path.size() + 1, nullptr, 10));
-    return std::ranges::any_of(list.fields(index), isAtPath) ? Has::field : Has::record;
-}
-
-Has has(const forms::Page& page, const std::string& path) {
-    Has best = Has::nothing;
-    for (const forms::Section& section : page.sections) {
-        for (const forms::Card& card : section.cards) {
-            best = std::max(best, has(card, path));
-        }
-    }
-    return best;
-}
 
 /// Puts the user's appearance in use.
 look::Appearance appearanceOf(const Settings& settings) {
@@ -99,7 +60,7 @@ const std::vector<PageEntry>& MainWindow::pages() {
 MainWindow::MainWindow(AppStore& store, Settings& settings, QWidget* parent)
     : QMainWindow(parent), store_(store), settings_(settings),
       appearance_(appearanceOf(settings)), // fonts and colours before the first widget
-      sidebar_(new Sidebar(store, pages(), this)), stack_(new QStackedWidget(this)),
+      sidebar_(new Sidebar(store, pages(), this)), stack_(new PageStack(store, appearance_, this)),
       banner_(new QLabel(this)), bannerClose_(new QPushButton(u"Verstanden"_s, this)),
       taxBar_(new TaxBar(store, this)), strip_(new TaxStrip(*taxBar_, this)),
       search_(new SearchDialog(this)), reason_(new ReasonDialog(store, this)) {
@@ -135,24 +96,14 @@ MainWindow::MainWindow(AppStore& store, Settings& settings, QWidget* parent)
     connect(statusBar(), &QStatusBar::messageChanged, this,
             [this](const QString& text) { statusBar()->setVisible(!text.isEmpty()); });
 
-    restoreWindow();
-    rebuildPages();
     connectStore();
     addShortcuts();
+    restoreWindow();
     showLoadError();
     qApp->installEventFilter(this);
 }
 
 MainWindow::~MainWindow() { qApp->removeEventFilter(this); }
-
-forms::PageContext MainWindow::context() const {
-    forms::PageContext context{.year = store_.year(), .region = store_.current().taxRegion()};
-    if (const auto* calculator = store_.calculator()) {
-        context.stGallen = calculator->stGallen();
-        context.liechtenstein = calculator->liechtenstein();
-    }
-    return context;
-}
 
 void MainWindow::connectStore() {
     connect(&store_, &AppStore::currentChanged, this, &MainWindow::entriesChanged);
@@ -168,6 +119,12 @@ void MainWindow::connectStore() {
         store_.setRegion(liechtenstein ? taxcore::TaxRegion::liechtenstein
                                        : taxcore::TaxRegion::stGallen);
     });
+    connect(stack_, &PageStack::shown, this, &MainWindow::pageShown);
+    connect(stack_, &PageStack::fieldWanted, this, &MainWindow::showField);
+    connect(stack_, &PageStack::pageWanted, this, &MainWindow::showPage);
+    connect(stack_, &PageStack::reasonWanted, this, &MainWindow::showReason);
+    connect(stack_, &PageStack::appearanceWanted, this, &MainWindow::setAppearance);
+    connect(stack_, &PageStack::resetWanted, this, &MainWindow::resetYear);
     connect(strip_, &TaxStrip::toggled, this, &MainWindow::placeTaxBar);
     connect(taxBar_, &TaxBar::reasonWanted, this, &MainWindow::showReason);
     connect(reason_, &ReasonDialog::fieldWanted, this, &MainWindow::showField);
@@ -232,78 +189,35 @@ bool MainWindow::focusNextPrevChild(bool next) {
     return QMainWindow::focusNextPrevChild(next);
 }
 
-look::PageWidget* MainWindow::makePage(const QString& id) {
-    const auto form = std::ranges::find(forms_, utf8(id), &forms::Page::id);
-    if (form != forms_.end()) {
-        return new forms::FormPage(*form, store_, context(), stack_);
-    }
-    if (id == u"review"_s) {
-        return new pages::ReviewPage(store_, stack_);
-    }
-    if (id == u"documents"_s) {
-        return new pages::DocumentsPage(store_, stack_);
-    }
-    if (id == u"transfer"_s) {
-        return new pages::TransferPage(store_, stack_);
-    }
-    if (id == u"report"_s) {
-        return new pages::ReportPage(store_, stack_);
-    }
-    if (id == u"account"_s) {
-        auto* const page = new pages::AccountPage(store_, appearance_, stack_);
-        connect(page, &pages::AccountPage::appearanceWanted, this, &MainWindow::setAppearance);
-        connect(page, &pages::AccountPage::resetWanted, this, &MainWindow::resetYear);
-        return page;
-    }
-    return new pages::OverviewPage(store_, stack_);
-}
-
-look::PageWidget& MainWindow::pageWidget(const QString& id) {
-    auto& widget = widgets_[id];
-    if (widget == nullptr) {
-        widget = makePage(id);
-        widget->setObjectName(u"page:"_s + id);
-        connect(widget, &look::PageWidget::fieldWanted, this, &MainWindow::showField);
-        connect(widget, &look::PageWidget::pageWanted, this, &MainWindow::showPage);
-        connect(widget, &look::PageWidget::reasonWanted, this, &MainWindow::showReason);
-        stack_->addWidget(widget);
-    } else if (stale_.contains(id)) {
-        widget->refresh();
-        widget->refreshResult();
-    }
-    stale_.erase(id);
-    return *widget;
-}
+const QString& MainWindow::currentPage() const noexcept { return stack_->page(); }
 
 void MainWindow::showPage(const QString& id) {
     const bool known =
         std::ranges::any_of(pages(), [&](const PageEntry& page) { return page.id == id; });
-    if (!known) {
-        return;
+    if (known) {
+        stack_->showPage(id);
     }
-    const bool another = id != page_;
-    page_ = id;
-    stack_->setCurrentWidget(&pageWidget(id));
+}
+
+/// What goes with the page on the screen.
+void MainWindow::pageShown(const QString& id) {
     sidebar_->setPage(id);
-    if (another) {
-        strip_->setChecked(false);
-        taxBar_->beginPage();
-        store_.endMerging();
-        if (!store_.isDemo()) {
-            settings_.setText("lastPage", utf8(id));
-        }
+    strip_->setChecked(false);
+    taxBar_->beginPage();
+    store_.endMerging();
+    if (!store_.isDemo()) {
+        settings_.setText("lastPage", utf8(id));
     }
 }
 
 bool MainWindow::showField(const QString& path) {
-    const auto page = std::ranges::max_element(
-        forms_, {}, [&](const forms::Page& form) { return has(form, utf8(path)); });
-    if (page == forms_.end() || has(*page, utf8(path)) == Has::nothing) {
+    const forms::Page* const page = forms::pageWithPath(stack_->forms(), utf8(path));
+    if (page == nullptr) {
         return false;
     }
     showPage(qs(page->id));
     activateWindow();
-    return pageWidget(page_).reveal(utf8(path));
+    return stack_->reveal(utf8(path));
 }
 
 void MainWindow::showReason(const QString& code) {
@@ -313,57 +227,17 @@ void MainWindow::showReason(const QString& code) {
     }
 }
 
-/// The input pages are made for a year and a region.
-void MainWindow::rebuildPages() {
-    shownYear_ = store_.year();
-    shownLiechtenstein_ = store_.current().taxRegion() == taxcore::TaxRegion::liechtenstein;
-    forms_ = pages::inputPages(context());
-    const auto* const frame = stack_->currentWidget() != nullptr
-                                  ? stack_->currentWidget()->findChild<look::PageFrame*>()
-                                  : nullptr;
-    const int position = frame != nullptr ? frame->position() : 0;
-    for (auto& [id, widget] : widgets_) {
-        stack_->removeWidget(widget);
-        widget->deleteLater();
-    }
-    widgets_.clear();
-    stale_.clear();
-    const QString wanted = page_.isEmpty() ? u"overview"_s : page_;
-    page_.clear();
-    showPage(wanted);
-    if (auto* const shown = stack_->currentWidget()->findChild<look::PageFrame*>()) {
-        shown->setPosition(position);
-    }
-}
-
 void MainWindow::entriesChanged() {
-    const bool liechtenstein = store_.current().taxRegion() == taxcore::TaxRegion::liechtenstein;
-    if (store_.year() != shownYear_ || liechtenstein != shownLiechtenstein_) {
-        rebuildPages();
+    if (stack_->entriesChanged()) {
         sidebar_->refresh();
         taxBar_->refresh();
-        return;
-    }
-    for (const auto& [id, widget] : widgets_) {
-        stale_.insert(id);
-    }
-    if (const auto found = widgets_.find(page_); found != widgets_.end()) {
-        found->second->refresh();
     }
 }
 
 void MainWindow::resultChanged() {
     taxBar_->refresh();
     sidebar_->refresh();
-    for (const auto& [id, widget] : widgets_) {
-        if (id != page_) {
-            stale_.insert(id);
-        }
-    }
-    if (const auto found = widgets_.find(page_); found != widgets_.end()) {
-        found->second->refreshResult();
-        stale_.erase(page_);
-    }
+    stack_->resultChanged();
 }
 
 void MainWindow::undo() {
@@ -381,9 +255,10 @@ void MainWindow::redo() {
 }
 
 void MainWindow::search() {
-    std::vector<forms::Page> all = forms_;
+    std::vector<forms::Page> all = stack_->forms();
     for (const PageEntry& page : pages()) {
-        if (std::ranges::find(forms_, utf8(page.id), &forms::Page::id) == forms_.end()) {
+        if (std::ranges::find(stack_->forms(), utf8(page.id), &forms::Page::id)
+            == stack_->forms().end()) {
             all.push_back({.id = utf8(page.id), .title = utf8(page.title)});
         }
     }
@@ -441,12 +316,7 @@ void MainWindow::applyTheme() {
     look::Theme::apply(*qobject_cast<QApplication*>(qApp), appearance_);
     sidebar_->refreshTheme();
     taxBar_->refresh();
-    for (const auto& [id, widget] : widgets_) {
-        stale_.insert(id);
-    }
-    if (!page_.isEmpty()) {
-        rebuildPages(); // charts and marks take their colours when they are made
-    }
+    stack_->setAppearance(appearance_);
 }
 
 void MainWindow::restoreWindow() {
@@ -456,7 +326,10 @@ void MainWindow::restoreWindow() {
     if (settings_.text("windowMaximized") == "1") {
         setWindowState(Qt::WindowMaximized);
     }
-    page_ = qs(settings_.text("lastPage").value_or("overview"));
+    showPage(qs(settings_.text("lastPage").value_or("")));
+    if (currentPage().isEmpty()) {
+        showPage(pages().front().id);
+    }
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -1,21 +1,15 @@
 #pragma once
 
 #ifndef Q_MOC_RUN
-#include "Fiscarel_SG/forms/Page.h"
-#include "Fiscarel_SG/look/PageWidget.h"
 #include "Fiscarel_SG/look/Theme.h"
 #include "Fiscarel_SG/shell/Sidebar.h"
 #endif
 
 #include <QMainWindow>
-#include <map>
-#include <set>
-#include <string>
 #include <vector>
 
 class QLabel;
 class QPushButton;
-class QStackedWidget;
 
 namespace fiscarel {
 class AppStore;
@@ -24,13 +18,13 @@ class Settings;
 
 namespace fiscarel::shell {
 
+class PageStack;
 class ReasonDialog;
 class SearchDialog;
 class TaxBar;
 class TaxStrip;
 
-/// The window: sidebar, one page, tax bar. Makes a page when it is first wanted and keeps it in
-/// step with the store.
+/// The window: sidebar, one page, tax bar.
 class MainWindow final : public QMainWindow {
     Q_OBJECT
 
@@ -46,7 +40,7 @@ class MainWindow final : public QMainWindow {
     static const std::vector<PageEntry>& pages();
 
     void showPage(const QString& id);
-    const QString& currentPage() const noexcept { return page_; }
+    const QString& currentPage() const noexcept;
     /// Shows the field at a path of the case, on whichever page it stands.
     bool showField(const QString& path);
     void showReason(const QString& code);
@@ -60,12 +54,9 @@ class MainWindow final : public QMainWindow {
     bool focusNextPrevChild(bool next) override;
 
   private:
-    look::PageWidget* makePage(const QString& id);
-    look::PageWidget& pageWidget(const QString& id);
     void connectStore();
     void addShortcuts();
-    void rebuildPages();
-    /// The entries changed: the page that is seen follows now, the others when they are.
+    void pageShown(const QString& id);
     void entriesChanged();
     void resultChanged();
     void undo();
@@ -77,25 +68,18 @@ class MainWindow final : public QMainWindow {
     void applyTheme();
     /// Beside the page where there is room, else a strip below it that opens it above the page.
     void placeTaxBar();
-    forms::PageContext context() const;
 
     AppStore& store_;
     Settings& settings_;
     look::Appearance appearance_;
     Sidebar* sidebar_;
-    QStackedWidget* stack_;
+    PageStack* stack_;
     QLabel* banner_;
     QPushButton* bannerClose_;
     TaxBar* taxBar_;
     TaxStrip* strip_;
     SearchDialog* search_;
     ReasonDialog* reason_;
-    QString page_;
-    std::vector<forms::Page> forms_;
-    std::map<QString, look::PageWidget*> widgets_;
-    std::set<QString> stale_; ///< pages that have not seen the last change
-    int shownYear_ = 0;
-    bool shownLiechtenstein_ = false;
 };
 
 } // namespace fiscarel::shell

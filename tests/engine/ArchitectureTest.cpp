@@ -89,10 +89,11 @@ const std::map<std::string, std::set<std::string>>& applicationLayers() {
     static const std::map<std::string, std::set<std::string>> allowed{
         {"store", {}},
         {"top", {"store"}},
+        {"cloud", {"top", "store"}},
         {"look", {}},
         {"forms", {"top", "store", "look"}},
-        {"pages", {"top", "store", "look", "forms"}},
-        {"shell", {"top", "store", "look", "forms", "pages"}},
+        {"pages", {"top", "store", "cloud", "look", "forms"}},
+        {"shell", {"top", "store", "cloud", "look", "forms", "pages"}},
     };
     return allowed;
 }

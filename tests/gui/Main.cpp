@@ -1,3 +1,5 @@
+#include "Fiscarel_SG/look/SwissGerman.h"
+
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -8,7 +10,8 @@ int main(int argc, char** argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     testing::InitGoogleTest(&argc, argv);
-    const QApplication application(argc, argv);
+    QApplication application(argc, argv);
     QApplication::setStyle(QStringLiteral("Fusion"));
+    fiscarel::look::speakSwissGerman(application);
     return RUN_ALL_TESTS();
 }

@@ -8,9 +8,11 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
+#include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
@@ -284,6 +286,13 @@ TEST_F(MainWindowTest, anUnreadableFileIsReplacedByItsBackup) {
     const auto written = decodeState(testing::readFile(program.root() / "daten.json"));
     ASSERT_TRUE(written) << "the file is whole again";
     EXPECT_EQ(*written, saved);
+}
+
+TEST(WindowLibrary, itsOwnTextsAreSwissGerman) {
+    const QDialogButtonBox box(QDialogButtonBox::Close | QDialogButtonBox::Cancel);
+    EXPECT_EQ(box.button(QDialogButtonBox::Close)->text().remove(u'&'), u"Schliessen"_s);
+    EXPECT_EQ(box.button(QDialogButtonBox::Cancel)->text().remove(u'&'), u"Abbrechen"_s);
+    EXPECT_EQ(QLocale().name(), u"de_CH"_s);
 }
 
 } // namespace

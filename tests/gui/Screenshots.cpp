@@ -6,6 +6,7 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/FieldRow.h"
+#include "Fiscarel_SG/look/SwissGerman.h"
 #include "Fiscarel_SG/shell/MainWindow.h"
 #include "Fiscarel_SG/shell/ReasonDialog.h"
 #include "Fiscarel_SG/shell/SearchDialog.h"
@@ -248,6 +249,7 @@ void everything(const Camera& camera, bool liechtenstein) {
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationVersion(QStringLiteral(FISCAREL_VERSION));
+    look::speakSwissGerman(application);
     const QStringList arguments = QApplication::arguments();
     const QString folder = arguments.value(1, u"."_s);
     QDir().mkpath(folder);

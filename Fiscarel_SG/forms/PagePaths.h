@@ -1,0 +1,15 @@
+#pragma once
+
+#include "Fiscarel_SG/forms/Page.h"
+
+#include <string>
+#include <vector>
+
+namespace fiscarel::forms {
+
+/// The page on which the field, list or record at a path of the case stands; null when none has it.
+/// The records of a list may stand on two pages, each with fields of its own: the page with the
+/// field itself goes before one that only has its record.
+const Page* pageWithPath(const std::vector<Page>& pages, const std::string& path);
+
+} // namespace fiscarel::forms
