@@ -29,6 +29,13 @@ class CardView : public QFrame {
     /// Shows the field at a path and gives it the keyboard; false when it is not here.
     virtual bool reveal(const std::string& path) = 0;
 
+    /// How wide the card would like to be, in pixels; 0: as wide as others are.
+    virtual int wishedWidth() const { return 0; }
+
+  Q_SIGNALS:
+    /// The user opened a part of the card, which is to be seen whole.
+    void opened(QWidget* part);
+
   protected:
     AppStore& store() noexcept { return store_; }
     const AppStore& store() const noexcept { return store_; }

@@ -19,7 +19,8 @@ namespace {
 
 constexpr int editorWidth = 320; ///< the most an editor takes
 constexpr int rowHeight = 30;
-constexpr int problemHeight = 15; ///< kept free below every editor, so that nothing moves
+constexpr int problemHeight = 18; ///< kept free below every editor, so that nothing moves
+constexpr int belowText = 4;      ///< between a text below an editor and the next field
 
 /// As wide as the editor's input gets, so that what follows stands right beside it.
 int widthOf(FieldEditor& editor, Editor kind) {
@@ -39,22 +40,23 @@ FieldRow::FieldRow(BoundField field, AppStore& store, const EditorContext& conte
       wording_(new QLabel(this)), help_(new QLabel(this)),
       helpButton_(new HelpButton(u"Hilfe zu diesem Feld"_s, qs(field_.label), this)) {
     setObjectName(u"row:"_s + qs(field_.path));
-    auto* const label = new QLabel(qs(field_.label), this);
+    auto* const label = new QLabel(labelText(field_.label), this);
     label->setWordWrap(true);
     label->setBuddy(editor_->input());
     label->setFixedWidth(labelWidth);
     editor_->setFixedWidth(widthOf(*editor_, field_.editor));
     problem_->setWordWrap(true);
+    problem_->setContentsMargins(0, 0, 0, belowText);
     problem_->setObjectName(u"problem:"_s + qs(field_.path));
     look::setRole(problem_, "error");
     wording_->setWordWrap(true);
-    wording_->setContentsMargins(0, 2, 0, 6);
+    wording_->setContentsMargins(0, 2, 0, 2 * belowText);
     wording_->setObjectName(u"wording:"_s + qs(field_.path));
     look::setRole(wording_, "help");
     wording_->hide();
     help_->setWordWrap(true);
-    help_->setContentsMargins(0, 0, 0, 8);
-    help_->setText(qs(field_.help));
+    help_->setContentsMargins(0, 2, 0, 3 * belowText);
+    help_->setText(labelText(field_.help));
     help_->setObjectName(u"help:"_s + qs(field_.path));
     look::setRole(help_, "help");
     help_->hide();
@@ -75,9 +77,9 @@ FieldRow::FieldRow(BoundField field, AppStore& store, const EditorContext& conte
     state->setSpacing(0);
     state->addWidget(problem_);
     state->addWidget(wording_);
+    state->addWidget(help_);
     state->addStretch(1);
     grid->addLayout(state, 1, 1);
-    grid->addWidget(help_, 2, 1);
     grid->setColumnStretch(1, 1);
     grid->setRowMinimumHeight(0, rowHeight);
     grid->setRowMinimumHeight(1, problemHeight);
@@ -113,9 +115,11 @@ void FieldRow::write() {
 void FieldRow::showState() {
     const QString problem = editor_->problem();
     const QString wording = editor_->wording();
-    problem_->setText(problem);
-    problem_->setVisible(!problem.isEmpty() || wording.isEmpty());
-    wording_->setText(wording);
+    const QString note = editor_->note();
+    look::setRole(problem_, problem.isEmpty() ? "note" : "error");
+    problem_->setText(labelText(problem.isEmpty() ? note : problem));
+    problem_->setVisible(!problem_->text().isEmpty());
+    wording_->setText(labelText(wording));
     wording_->setVisible(!wording.isEmpty());
 }
 

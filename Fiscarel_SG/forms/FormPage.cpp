@@ -15,7 +15,7 @@ namespace fiscarel::forms {
 
 FormPage::FormPage(Page page, AppStore& store, const PageContext& context, QWidget* parent)
     : PageWidget(parent), page_(std::move(page)), store_(store),
-      frame_(new look::PageFrame(qs(page_.title), qs(page_.help), this)) {
+      frame_(new look::PageFrame(qs(page_.title), labelText(page_.help), this)) {
     const EditorContext editors{context, [&store]() -> const TaxCase& { return store.current(); }};
     for (const Section& section : page_.sections) {
         SectionView view;
@@ -31,6 +31,8 @@ FormPage::FormPage(Page page, AppStore& store, const PageContext& context, QWidg
         for (const Card& card : section.cards) {
             view.cards.push_back(makeCard(card, store, editors, view.widget));
             column->addWidget(view.cards.back());
+            connect(view.cards.back(), &CardView::opened, frame_, &look::PageFrame::showWhole);
+            frame_->widen(view.cards.back()->wishedWidth());
         }
         frame_->column().addWidget(view.widget);
         sections_.push_back(std::move(view));

@@ -79,7 +79,7 @@ QVariant RecordModel::data(const QModelIndex& index, int role) const {
     case Qt::EditRole:
         return cellText(field, value);
     case Qt::ToolTipRole: // it may have been too long for the column
-        return QStringList{cellText(field, value), qs(field.help)}.join(u"\n\n"_s).trimmed();
+        return QStringList{cellText(field, value), labelText(field.help)}.join(u"\n\n"_s).trimmed();
     default:
         return {};
     }
@@ -96,7 +96,7 @@ QVariant RecordModel::emptyRow(const QModelIndex& index, int role) const {
     case Qt::CheckStateRole:
         return field.editor == Editor::check ? QVariant(Qt::Unchecked) : QVariant();
     case Qt::ToolTipRole:
-        return qs(field.help);
+        return labelText(field.help);
     default:
         return {};
     }
@@ -114,7 +114,7 @@ QVariant RecordModel::headerData(int section, Qt::Orientation orientation, int r
     case Qt::ToolTipRole:
     case Qt::WhatsThisRole:
     case Qt::AccessibleDescriptionRole:
-        return qs(column(section).help);
+        return labelText(column(section).help);
     case Qt::TextAlignmentRole:
         return data(index(0, section), role); // a heading stands where its figures do
     default:

@@ -88,7 +88,7 @@ void TableView::toggleHelp() { helpButton_->toggle(); }
 /// What belongs into the column with the keyboard, or into the first one.
 void TableView::showHelp() {
     const BoundField& field = model_->column(std::max(0, table_->currentIndex().column()));
-    help_->setText(qs(field.label + ": " + field.help));
+    help_->setText(labelText(field.label + ": " + field.help));
     help_->setVisible(helpButton_->isChecked());
 }
 

@@ -27,6 +27,12 @@ class PageFrame final : public QWidget {
     QVBoxLayout& column() noexcept { return *column_; }
     /// Scrolls so that a widget within can be seen.
     void show(QWidget* widget);
+    /// Scrolls so that a part of a card, which has the keyboard, can be seen whole; of one taller
+    /// than the page its beginning.
+    void showWhole(QWidget* part);
+    /// Lets the cards get this wide, in pixels, where the window has room; less than they are
+    /// changes nothing.
+    void widen(int width);
     /// How far it is scrolled, in pixels.
     int position() const;
     /// Scrolls there once the cards have their places.
@@ -37,9 +43,12 @@ class PageFrame final : public QWidget {
 
   private:
     void keepInSight();
+    void bringWholeInSight();
 
     QScrollArea* scroll_;
     QVBoxLayout* column_;
+    QWidget* cards_;
+    bool isWholeSought_ = false;
     QPointer<QWidget> sought_; ///< what is to stay in sight while the page takes its form
 };
 

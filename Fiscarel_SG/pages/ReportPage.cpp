@@ -53,11 +53,11 @@ ReportSection rowsOf(const TaxSection& section, const TaxCase& taxCase) {
     for (const TaxLine& line : section.lines) {
         const bool differs = line.federal && *line.federal != line.canton;
         rows.twoSides = rows.twoSides || differs;
-        const QString note = qs(line.note.value_or(""));
+        const QString note = labelText(line.note.value_or(""));
         const bool isPerson = isPersonName(taxCase, utf8(note));
         rows.rows.push_back(
             {.ziffer = qs(line.ziffer),
-             .label = qs(line.label),
+             .label = labelText(line.label),
              .canton = whole(line.canton),
              .federal = differs ? whole(*line.federal) : QString(),
              .person = isPerson ? note : QString(),

@@ -1,6 +1,5 @@
 #include "Fiscarel_SG/forms/editors/LineEditor.h"
 
-#include <QEvent>
 #include <utility>
 
 namespace fiscarel::forms {
@@ -61,7 +60,6 @@ bool LineEditor::isEmptyValue(const Value& value) const {
 
 void LineEditor::showFigures() {
     line_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    line_->setFont(tabular(font()));
     line_->setUnit(qs(field().unit));
     line_->setSelectsAll(true);
 }
@@ -127,6 +125,7 @@ bool LineEditor::restore() {
 void LineEditor::take(const Value& value) {
     if (!(value == value_)) {
         value_ = value;
+        describe();
         Q_EMIT edited();
     }
 }
@@ -147,14 +146,6 @@ void LineEditor::show() {
 void LineEditor::tell(const QString& problem) {
     line_->setMarked(!problem.isEmpty());
     setProblem(problem);
-}
-
-void LineEditor::changeEvent(QEvent* event) {
-    EditorBase::changeEvent(event);
-    if (event->type() == QEvent::FontChange && line_->alignment().testFlag(Qt::AlignRight)) {
-        line_->setFont(tabular(font()));
-        line_->slantHint();
-    }
 }
 
 } // namespace fiscarel::forms
