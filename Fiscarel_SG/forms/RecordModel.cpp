@@ -44,7 +44,21 @@ QString pasteProblem(const QStringList& problems, qsizetype lines) {
 
 RecordModel::RecordModel(const ListCard& card, AppStore& store, QObject* parent)
     : QAbstractTableModel(parent), card_(card), store_(store), columns_(card.fields(0)),
-      shownRecords_(records()) {}
+      shownRecords_(records()) {
+    learnColumns();
+}
+
+void RecordModel::learnColumns() {
+    TaxCase blank;
+    card_.add(blank);
+    const auto fields = card_.fields(card_.size(blank) - 1);
+    for (const BoundField& field : fields) {
+        const bool isChoice = field.editor == Editor::choice;
+        usualChoices_.push_back(isChoice ? cellText(field, field.get(blank)) : QString());
+    }
+    const auto wide = std::ranges::find(columns_, Editor::text, &BoundField::editor);
+    hintColumn_ = wide != columns_.end() ? static_cast<int>(wide - columns_.begin()) : 0;
+}
 
 std::size_t RecordModel::records() const { return card_.size(store_.current()); }
 
@@ -90,7 +104,9 @@ QVariant RecordModel::emptyRow(const QModelIndex& index, int role) const {
     const BoundField& field = column(index.column());
     switch (role) {
     case Qt::DisplayRole:
-        return index.column() == 0 ? QVariant(u"Hier eintragen …"_s) : QVariant();
+        return index.column() == hintColumn_ ? QVariant(u"Hier eintragen …"_s) : QVariant();
+    case Qt::EditRole: // what the record will have unless another one is chosen
+        return usualChoices_[static_cast<std::size_t>(index.column())];
     case Qt::ForegroundRole:
         return look::Theme::current().faint;
     case Qt::CheckStateRole:
@@ -147,7 +163,9 @@ bool RecordModel::setData(const QModelIndex& index, const QVariant& value, int r
     const BoundField& field = column(index.column());
     tl::expected<Value, QString> cell = Value(value.toInt() == Qt::Checked);
     if (role != Qt::CheckStateRole) {
-        if (value.toString() == data(index, Qt::EditRole).toString()) {
+        const bool isRecord = static_cast<std::size_t>(index.row()) < shownRecords_;
+        const QString before = isRecord ? data(index, Qt::EditRole).toString() : QString();
+        if (value.toString() == before) {
             tell({});
             return true; // left as it was; an empty last row stays no record
         }
@@ -157,7 +175,7 @@ bool RecordModel::setData(const QModelIndex& index, const QVariant& value, int r
         tell(cell.error());
         return false;
     }
-    tell({});
+    tell(noteOn(field, *cell));
     store_.edit(field.label, [&](TaxCase& taxCase) {
         writeCell(taxCase, static_cast<std::size_t>(index.row()), index.column(), *cell);
     });
