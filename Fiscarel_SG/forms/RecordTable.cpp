@@ -27,7 +27,6 @@ constexpr int usualRowHeight = 30;
 /// tips, and the user may widen it.
 int widthOf(const BoundField& field, const QFontMetrics& metrics) {
     constexpr int padding = 22;
-    constexpr int arrow = 26;
     constexpr int mostOfChoice = 190;
     const auto width = [&](const QString& text) { return metrics.horizontalAdvance(text); };
     int content = 0;
@@ -45,11 +44,11 @@ int widthOf(const BoundField& field, const QFontMetrics& metrics) {
     case Editor::check:
         break;
     case Editor::choice: // the first is the usual one
-        content = field.options.empty() ? 0 : width(qs(field.options.front().label)) + arrow;
+        content = field.options.empty() ? 0 : width(qs(field.options.front().label));
         content = std::min(content, mostOfChoice);
         break;
     default:
-        content = width(u"Kantonalbank Werdenberg"_s);
+        content = width(u"Kantonalbank Sargans"_s);
     }
     return std::max(content, width(qs(field.label))) + padding;
 }

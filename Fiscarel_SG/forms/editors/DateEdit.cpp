@@ -17,7 +17,7 @@ namespace fiscarel::forms {
 
 namespace {
 
-constexpr int cellWidth = 36;
+constexpr int cellWidth = 44;
 constexpr int cellHeight = 26;
 constexpr int weeksAndNames = 7;
 
