@@ -15,9 +15,9 @@ namespace fiscarel::forms {
 
 using namespace Qt::Literals::StringLiterals;
 
-ListView::ListView(ListCard list, AppStore& store, const EditorContext& context, QWidget* parent)
-    : RecordsView(std::move(list), store, parent), context_(context), rowsLayout_(new QVBoxLayout),
-      empty_(new QLabel(labelText(card().emptyText), this)),
+ListView::ListView(ListCard list, AppStore& store, EditorContext context, QWidget* parent)
+    : RecordsView(std::move(list), store, parent), context_(std::move(context)),
+      rowsLayout_(new QVBoxLayout), empty_(new QLabel(labelText(card().emptyText), this)),
       addButton_(new QPushButton(qs(card().itemName) + u" hinzufügen"_s, this)) {
     look::setRole(empty_, "faint");
     rowsLayout_->setSpacing(4);

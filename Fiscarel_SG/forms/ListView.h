@@ -14,7 +14,7 @@ class ListView final : public RecordsView {
     Q_OBJECT
 
   public:
-    ListView(ListCard card, AppStore& store, const EditorContext& context, QWidget* parent);
+    ListView(ListCard list, AppStore& store, EditorContext context, QWidget* parent);
 
     void refresh() override;
     bool reveal(const std::string& path) override;

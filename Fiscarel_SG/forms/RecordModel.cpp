@@ -56,8 +56,6 @@ void RecordModel::learnColumns() {
         const bool isChoice = field.editor == Editor::choice;
         usualChoices_.push_back(isChoice ? cellText(field, field.get(blank)) : QString());
     }
-    const auto wide = std::ranges::find(columns_, Editor::text, &BoundField::editor);
-    hintColumn_ = wide != columns_.end() ? static_cast<int>(wide - columns_.begin()) : 0;
 }
 
 std::size_t RecordModel::records() const { return card_.size(store_.current()); }
@@ -99,12 +97,14 @@ QVariant RecordModel::data(const QModelIndex& index, int role) const {
     }
 }
 
+QString RecordModel::invitation() { return u"Hier eintragen …"_s; }
+
 /// What the row behind the records shows: where to begin.
 QVariant RecordModel::emptyRow(const QModelIndex& index, int role) const {
     const BoundField& field = column(index.column());
     switch (role) {
     case Qt::DisplayRole:
-        return index.column() == hintColumn_ ? QVariant(u"Hier eintragen …"_s) : QVariant();
+        return index.column() == 0 ? QVariant(invitation()) : QVariant();
     case Qt::EditRole: // what the record will have unless another one is chosen
         return usualChoices_[static_cast<std::size_t>(index.column())];
     case Qt::ForegroundRole:

@@ -32,6 +32,8 @@ class RecordModel final : public QAbstractTableModel {
     /// cannot be read. The same text again writes nothing.
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
 
+    /// What the empty row says in its first column.
+    static QString invitation();
     /// The field of a column, bound to the first record.
     const BoundField& column(int index) const { return columns_[static_cast<std::size_t>(index)]; }
     /// Why what was last written could not be read, in German; empty when it could.
@@ -57,7 +59,6 @@ class RecordModel final : public QAbstractTableModel {
     AppStore& store_;
     std::vector<BoundField> columns_;
     std::vector<QString> usualChoices_; ///< of a new record, by column; empty for other fields
-    int hintColumn_ = 0;                ///< where the empty row tells to begin: has room for it
     std::size_t shownRecords_ = 0;
     QString problem_;
 };

@@ -25,7 +25,7 @@ constexpr int usualRowHeight = 30;
 
 /// A width that shows what usually stands in a column; longer texts tell themselves in their tool
 /// tips, and the user may widen it.
-int widthOf(const BoundField& field, const QFontMetrics& metrics) {
+int widthOf(const BoundField& field, bool isFirst, const QFontMetrics& metrics) {
     constexpr int padding = 22;
     constexpr int mostOfChoice = 190;
     const auto width = [&](const QString& text) { return metrics.horizontalAdvance(text); };
@@ -50,7 +50,8 @@ int widthOf(const BoundField& field, const QFontMetrics& metrics) {
     default:
         content = width(u"Kantonalbank Sargans"_s);
     }
-    return std::max(content, width(qs(field.label))) + padding;
+    const int invitation = isFirst ? width(RecordModel::invitation()) : 0;
+    return std::max({content, width(qs(field.label)), invitation}) + padding;
 }
 
 /// Edits choices by a list; everything else as text, which the model reads.
@@ -196,7 +197,7 @@ RecordTable::RecordTable(RecordModel& model, QWidget* parent) : QTableView(paren
     horizontalHeader()->setStretchLastSection(true);
     verticalHeader()->setDefaultSectionSize(usualRowHeight);
     for (int i = 0; i < model.columnCount(); ++i) {
-        const int width = widthOf(model.column(i), fontMetrics());
+        const int width = widthOf(model.column(i), i == 0, fontMetrics());
         setColumnWidth(i, width);
         wishedColumns_ += width;
     }
@@ -253,7 +254,9 @@ void RecordTable::beginRecord() {
     scrollTo(first);
     setCurrentIndex(first);
     setFocus(Qt::OtherFocusReason);
-    edit(first);
+    if (state() != EditingState) { // it already is where the row became the current one
+        edit(first);
+    }
 }
 
 std::optional<std::size_t> RecordTable::currentRecord() const {

@@ -40,7 +40,7 @@ TableView::TableView(ListCard list, AppStore& store, QWidget* parent)
     addTools(*foot); // the problem beside the tools, so that nothing moves
     content().addLayout(foot);
     auto* const end = new QHBoxLayout;
-    end->addWidget(&takeOver());
+    end->addWidget(&takeOver(), 0, Qt::AlignLeft);
     end->addWidget(&total(), 1);
     total().setWordWrap(true);
     content().addLayout(end);

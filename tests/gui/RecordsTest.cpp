@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QTableView>
@@ -131,6 +132,21 @@ TEST_F(Records, theTabulatorLeavesATableAtItsEnds) {
     }
     EXPECT_TRUE(isInside());
     EXPECT_EQ(gifts.currentIndex(), gifts.model()->index(1, 0));
+}
+
+TEST_F(Records, thePlusBeginsARecord) {
+    open(TaxCase{.year = 2025}, u"other"_s);
+    QTableView& gifts = table(u"householdDeductions.donations"_s);
+    QWidget& plus = *gifts.verticalHeader()->viewport();
+    for (const std::size_t record : {0U, 1U}) {
+        const int y =
+            gifts.verticalHeader()->sectionViewportPosition(static_cast<int>(record)) + 10;
+        QTest::mouseClick(&plus, Qt::LeftButton, {}, {plus.width() / 2, y});
+        ASSERT_TRUE(gifts.isAncestorOf(QApplication::focusWidget())) << record;
+        program.type(u"1.3.2025"_s);
+        program.press(Qt::Key_Return);
+        EXPECT_EQ(program.store->current().householdDeductions.donations.size(), record + 1);
+    }
 }
 
 TEST_F(Records, helpTellsOfTheColumnWithTheKeyboard) {

@@ -24,6 +24,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTest>
+#include <cstdint>
 #include <cstdio>
 
 using namespace Qt::Literals::StringLiterals;
@@ -111,8 +112,7 @@ struct Camera {
             row->showHelp(row->isVisible() && row->field().path == path.toStdString());
         }
         take(page + u"-problem"_s);
-        if (!(store.current() == before)) { // some take any text
-            store.undo();
+        while (!(store.current() == before) && store.undo()) { // some take any text
         }
     }
     void dialogs() const {
@@ -255,7 +255,8 @@ int main(int argc, char** argv) {
     QDir().mkpath(folder);
     const bool liechtenstein = arguments.contains(u"-BrennickLI"_s);
     fiscarel::testing::FakeClock clock;
-    clock.moment.seconds += 260 * 86'400; // late in the year, when some tips are still open
+    clock.moment.seconds +=
+        std::int64_t{260} * 86'400; // late in the year, when some tips are still open
     QtTimers timers;
     fiscarel::testing::InlineQueue queue;
     fiscarel::testing::MemorySettings settings;

@@ -17,8 +17,8 @@ bool isOffered(const std::vector<Option>& options, const Value& value) {
 
 } // namespace
 
-ParishEdit::ParishEdit(BoundField field, const EditorContext& context, QWidget* parent)
-    : ChoiceEdit(std::move(field), parent), context_(context) {
+ParishEdit::ParishEdit(BoundField field, EditorContext context, QWidget* parent)
+    : ChoiceEdit(std::move(field), parent), context_(std::move(context)) {
     if (context_.taxCase) {
         offeredFor_ = context_.taxCase().municipality;
     }

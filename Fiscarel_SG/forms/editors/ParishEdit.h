@@ -8,7 +8,7 @@ namespace fiscarel::forms {
 /// parish, that one is taken over; it can be cleared.
 class ParishEdit final : public ChoiceEdit {
   public:
-    ParishEdit(BoundField field, const EditorContext& context, QWidget* parent);
+    ParishEdit(BoundField field, EditorContext context, QWidget* parent);
 
     void refresh(const QString& editedPath = {}) override;
 

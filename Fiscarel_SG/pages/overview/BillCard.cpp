@@ -60,10 +60,11 @@ void BillCard::refresh(const TaxResult& result, TaxRegion region) {
     const Decimal& income = result.bill.taxableIncomeCanton;
     const Decimal share =
         income > 0 ? (result.bill.total() * 100 / income).roundPlain(1) : Decimal(0);
-    share_->setText((result.capitalPaymentTax
-                         ? u"Ohne Kapitalleistungen sind das %1% des steuerbaren Einkommens."_s
-                         : u"Das sind %1% des steuerbaren Einkommens."_s)
-                        .arg(qs(MoneyFormat::number(share))));
+    const QString base =
+        region == TaxRegion::liechtenstein ? u"steuerbaren Erwerbs"_s : u"steuerbaren Einkommens"_s;
+    share_->setText((result.capitalPaymentTax ? u"Ohne Kapitalleistungen sind das %1% des %2."_s
+                                              : u"Das sind %1% des %2."_s)
+                        .arg(qs(MoneyFormat::number(share)), base));
     share_->setVisible(share > 0);
     showShares(result, region);
     showBases(result, region);
