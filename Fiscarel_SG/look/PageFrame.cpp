@@ -16,6 +16,7 @@ namespace fiscarel::look {
 namespace {
 
 constexpr int columnWidth = 860;
+constexpr int sideMargin = 24;
 constexpr int margin = 80;     ///< around what is shown
 constexpr int partMargin = 16; ///< around a part shown whole
 constexpr int settling = 150;  ///< milliseconds until a page has its form
@@ -38,7 +39,7 @@ PageFrame::PageFrame(const QString& title, const QString& help, QWidget* parent)
 
     auto* const inner = new QWidget(scroll_);
     auto* const centred = new QHBoxLayout(inner);
-    centred->setContentsMargins(24, 20, 24, 24);
+    centred->setContentsMargins(sideMargin, 20, sideMargin, 24);
     auto* const column = new QWidget(inner);
     cards_ = column;
     column->setMaximumWidth(columnWidth);
@@ -106,7 +107,19 @@ void PageFrame::bringWholeInSight() {
 }
 
 void PageFrame::widen(int width) {
-    cards_->setMaximumWidth(std::max(width, cards_->maximumWidth()));
+    wished_ = std::max(width, wished_);
+    limitWidth();
+}
+
+void PageFrame::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    limitWidth();
+}
+
+/// Never wider than there is room for: a long word in a card must not push its fields out of sight.
+void PageFrame::limitWidth() {
+    const int room = scroll_->viewport()->width() - 2 * sideMargin;
+    cards_->setMaximumWidth(std::max(columnWidth, std::min(wished_, room)));
 }
 
 bool PageFrame::eventFilter(QObject* watched, QEvent* event) {

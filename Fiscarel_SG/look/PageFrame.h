@@ -40,14 +40,17 @@ class PageFrame final : public QWidget {
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
+    void limitWidth();
     void keepInSight();
     void bringWholeInSight();
 
     QScrollArea* scroll_;
     QVBoxLayout* column_;
     QWidget* cards_;
+    int wished_ = 0; ///< width of the cards
     bool isWholeSought_ = false;
     QPointer<QWidget> sought_; ///< what is to stay in sight while the page takes its form
 };
