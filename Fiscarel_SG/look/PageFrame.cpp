@@ -111,11 +111,6 @@ void PageFrame::widen(int width) {
     limitWidth();
 }
 
-void PageFrame::resizeEvent(QResizeEvent* event) {
-    QWidget::resizeEvent(event);
-    limitWidth();
-}
-
 /// Never wider than there is room for: a long word in a card must not push its fields out of sight.
 void PageFrame::limitWidth() {
     const int room = scroll_->viewport()->width() - 2 * sideMargin;
@@ -123,6 +118,9 @@ void PageFrame::limitWidth() {
 }
 
 bool PageFrame::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Resize) {
+        limitWidth(); // what scrolls is as wide as the view, which has its size now
+    }
     if (sought_ && (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest)) {
         QMetaObject::invokeMethod(this, &PageFrame::keepInSight, Qt::QueuedConnection);
     }

@@ -40,7 +40,6 @@ class PageFrame final : public QWidget {
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
 
   private:
     void limitWidth();
