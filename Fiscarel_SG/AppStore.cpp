@@ -12,6 +12,10 @@ using namespace taxcore;
 
 namespace {
 
+// Where a household lives until it says otherwise.
+constexpr const char* firstInStGallen = "Sevelen";
+constexpr const char* firstInLiechtenstein = "Vaduz";
+
 constexpr std::string_view selectedYearKey = "selectedYear";
 constexpr std::string_view defaultRegionKey = "defaultRegion";
 
@@ -26,16 +30,25 @@ void moveTo(TaxCase& taxCase, TaxRegion region) {
     if (region == TaxRegion::liechtenstein) {
         const auto rules = LIRules::load(taxCase.year);
         if (rules && !(*rules)->zuschlag(taxCase.municipality)) {
-            taxCase.municipality = "Vaduz";
+            taxCase.municipality = firstInLiechtenstein;
         }
     } else {
         const auto rules = RuleBook::load(taxCase.year, "SG");
         if (rules && (*rules)->municipalities.municipality(taxCase.municipality) == nullptr) {
-            taxCase.municipality = "Sevelen";
+            taxCase.municipality = firstInStGallen;
             taxCase.parish.reset();
         }
     }
     taxCase.region = region;
+}
+
+/// The fields in which two cases differ, as paths.
+std::vector<std::string> changedPaths(const TaxCase& before, const TaxCase& after) {
+    std::vector<std::string> paths;
+    for (FieldChange& change : diff(before, after)) {
+        paths.push_back(std::move(change.path));
+    }
+    return paths;
 }
 
 } // namespace
@@ -132,7 +145,7 @@ TaxCase AppStore::freshCase(int year) const {
     TaxCase taxCase{.year = year};
     if (defaultRegion() == TaxRegion::liechtenstein) {
         taxCase.region = TaxRegion::liechtenstein;
-        taxCase.municipality = "Vaduz";
+        taxCase.municipality = firstInLiechtenstein;
     }
     return taxCase;
 }
@@ -155,10 +168,7 @@ void AppStore::setCurrent(TaxCase taxCase, std::string name) {
     if (taxCase == old) {
         return;
     }
-    std::vector<std::string> paths;
-    for (FieldChange& change : diff(old, taxCase)) {
-        paths.push_back(std::move(change.path));
-    }
+    const std::vector<std::string> paths = changedPaths(old, taxCase);
     Edit edit{.name = std::move(name), .at = services_.clock.now()};
     if (paths.size() == 1) {
         edit.mergeKey = std::to_string(year_) + " " + paths.front();
@@ -219,13 +229,19 @@ void AppStore::announce(const Edit& edit) {
     if (edit.removed) {
         Q_EMIT documentsChanged();
     }
-    const bool concernsYear =
-        std::ranges::any_of(edit.cases, [&](const auto& part) { return part.year == year_; });
-    if (concernsYear) {
-        Q_EMIT currentChanged({});
-    } else if (!edit.cases.empty()) {
-        setYear(edit.cases.front().year);
+    std::vector<std::string> paths;
+    if (!edit.cases.empty()) {
+        const bool concernsYear =
+            std::ranges::any_of(edit.cases, [&](const auto& part) { return part.year == year_; });
+        const Edit::OfCase& part = edit.cases.front();
+        paths = changedPaths(*part.before, *part.after);
+        if (concernsYear) {
+            Q_EMIT currentChanged({});
+        } else {
+            setYear(part.year);
+        }
     }
+    Q_EMIT stepTaken(edit.removed ? std::vector<std::string>{} : paths);
 }
 
 void AppStore::setRegion(TaxRegion region) {

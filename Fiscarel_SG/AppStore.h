@@ -187,6 +187,9 @@ class AppStore final : public QObject {
     void documentsChanged();
     void transferChanged(int year);
     void historyChanged();
+    /// An edit was undone or redone: the fields that changed in the year it belongs to, which is
+    /// now the selected one. None when it concerned the list of documents.
+    void stepTaken(const std::vector<std::string>& paths);
     void saveStateChanged();
     void loadErrorChanged();
     void regionChoiceChanged();
@@ -202,7 +205,9 @@ class AppStore final : public QObject {
     static constexpr std::string_view notSaved = "Die Änderungen sind nicht gespeichert: ";
 
     void load();
+    void save(bool fromCloud);
     void adopt(PersistedState state);
+    void announceAdopted(bool fromCloud);
     /// After a change by the user.
     void edited();
     void openGate();
@@ -214,6 +219,7 @@ class AppStore final : public QObject {
     void setLoadError(std::string message);
     void replaceBy(std::function<tl::expected<PersistedState, std::string>()> read,
                    std::string_view label, Done done);
+    std::function<FileResult<void>()> backupWork(std::string_view label) const;
     BeforePlacing keepOwn(std::string_view label) const;
     void replace(PersistedState state);
     taxcore::TaxCase freshCase(int year) const;
@@ -231,7 +237,6 @@ class AppStore final : public QObject {
     std::optional<std::string> saveProblem_;
     std::optional<std::string> loadError_;
     bool needsRegionChoice_ = false;
-    bool applyingRemote_ = false;
     Gate gate_ = Gate::open;
     std::string gateReason_; ///< while the gate is closed
     int savesUnderWay_ = 0;

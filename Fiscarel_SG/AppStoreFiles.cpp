@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <iterator>
 #include <memory>
 
 namespace fiscarel {
@@ -14,6 +15,7 @@ using namespace taxcore;
 namespace {
 
 constexpr std::string_view demoStays = "Der Demohaushalt lässt sich nicht ersetzen.";
+constexpr std::string_view demoHasNone = "Der Demohaushalt hat keine Sicherungen.";
 constexpr std::string_view demoNotExported = "Der Demohaushalt lässt sich nicht exportieren.";
 
 /// Progress of work on the queue, told on the main thread: the next figure only when the last one
@@ -51,13 +53,14 @@ void AppStore::scheduleSave() {
     }
 }
 
-void AppStore::saveNow() {
+void AppStore::saveNow() { save(false); }
+
+void AppStore::save(bool fromCloud) {
     saveTimer_->stop();
     if (isDemo_ || gate_ != Gate::open) {
         return;
     }
     ++savesUnderWay_;
-    const bool fromCloud = applyingRemote_;
     // The user's data is safe once the state file is; the backup follows behind it.
     auto* const persistence = services_.persistence;
     const auto encoded = std::make_shared<const std::string>(encodeState(state_));
@@ -115,14 +118,17 @@ void AppStore::applyRemote(PersistedState state) {
     if (gate_ == Gate::untilEdit) {
         openGate();
     }
-    applyingRemote_ = true;
     adopt(std::move(state));
     state_.cases.try_emplace(year_, TaxCase{.year = year_});
+    announceAdopted(true);
+}
+
+/// Computes and saves a state that took the place of ours, and tells everybody.
+void AppStore::announceAdopted(bool fromCloud) {
     history_.dropStale(state_);
     calcTimer_->stop();
     recalculate();
-    saveNow();
-    applyingRemote_ = false;
+    save(fromCloud);
     Q_EMIT historyChanged();
     Q_EMIT documentsChanged();
     Q_EMIT transferChanged(year_);
@@ -259,6 +265,10 @@ void AppStore::listBackups(std::function<void(std::vector<BackupFile>)> done) {
 }
 
 void AppStore::inspectBackup(const BackupFile& file, std::function<void(Inspected)> done) {
+    if (isDemo_) {
+        done(tl::unexpected(std::string(demoHasNone)));
+        return;
+    }
     services_.writer.post<Inspected>(
         [persistence = services_.persistence, file] { return persistence->inspect(file); },
         std::move(done));
@@ -282,17 +292,17 @@ void AppStore::findNewestGoodBackup(std::function<void(std::optional<BackupFile>
 
 void AppStore::writeBackup(std::string_view label,
                            std::function<void(const FileResult<void>&)> done) {
+    services_.writer.post<FileResult<void>>(backupWork(label), std::move(done));
+}
+
+/// Work that writes a labelled backup of the state as it is now.
+std::function<FileResult<void>()> AppStore::backupWork(std::string_view label) const {
     // What could not be read at the start is among the backups already, and the state is empty.
     if (isDemo_ || gate_ != Gate::open) {
-        done({});
-        return;
+        return [] { return FileResult<void>(); };
     }
-    services_.writer.post<FileResult<void>>(
-        [persistence = services_.persistence, label = std::string(label),
-         encoded = encodeState(state_)] {
-            return persistence->backup(std::string_view(encoded), label);
-        },
-        std::move(done));
+    return [persistence = services_.persistence, label = std::string(label),
+            encoded = encodeState(state_)] { return persistence->backup(encoded, label); };
 }
 
 void AppStore::restoreBackup(const BackupFile& file, Done done) {
@@ -305,20 +315,12 @@ void AppStore::importExported(const std::filesystem::path& file, Done done) {
               backup::beforeImport, std::move(done));
 }
 
-/// Work that writes a labelled backup of the state as it is now.
+/// The same, with a German sentence when it does not work.
 BeforePlacing AppStore::keepOwn(std::string_view label) const {
-    // What could not be read at the start is among the backups already, and the state is empty.
-    if (gate_ != Gate::open) {
-        return [] { return tl::expected<void, std::string>(); };
-    }
-    return [persistence = services_.persistence, label = std::string(label),
-            encoded = encodeState(state_)]() -> tl::expected<void, std::string> {
-        const auto kept = persistence->backup(std::string_view(encoded), label);
-        if (!kept) {
-            return tl::unexpected("Es liess sich keine Sicherung anlegen: "
-                                  + kept.error().description());
-        }
-        return {};
+    return [write = backupWork(label)] {
+        return write().map_error([](const FileError& error) {
+            return "Es liess sich keine Sicherung anlegen: " + error.description();
+        });
     };
 }
 
@@ -354,23 +356,17 @@ void AppStore::replace(PersistedState state) {
     openGate();
     adopt(std::move(state));
     ensureCase(year_);
-    history_.dropStale(state_);
-    calcTimer_->stop();
-    recalculate();
-    saveNow();
-    Q_EMIT historyChanged();
-    Q_EMIT documentsChanged();
-    Q_EMIT transferChanged(year_);
-    Q_EMIT currentChanged({});
+    announceAdopted(false);
 }
 
 void AppStore::exportAll(const std::filesystem::path& file, Done done) {
+    if (isDemo_) {
+        done(std::string(demoNotExported));
+        return;
+    }
     services_.writer.post<std::optional<std::string>>(
         [file, encoded = encodeState(state_),
          persistence = services_.persistence]() -> std::optional<std::string> {
-            if (persistence == nullptr) {
-                return std::string(demoNotExported);
-            }
             const auto written = persistence->exportAll(file, encoded);
             return written ? std::nullopt : std::optional(written.error().description());
         },

@@ -146,10 +146,6 @@ FileResult<void> Persistence::backup(std::string_view encoded, std::string_view 
     return name ? files_.write(*name, encoded) : tl::unexpected(name.error());
 }
 
-FileResult<void> Persistence::backup(const PersistedState& state, std::string_view label) {
-    return backup(std::string_view(encodeState(state)), label);
-}
-
 std::vector<BackupFile> Persistence::backups() {
     return backupsAmong(files_.list(backupsFolder()).value_or(std::vector<FileEntry>{}));
 }

@@ -61,9 +61,8 @@ class Persistence {
     /// backup under the label "vor-neubeginn". Copies that are there already are not made again;
     /// once it has worked it does nothing until the next `load`.
     FileResult<void> beginAnew();
-    /// Writes a labelled backup.
+    /// Writes a labelled backup with the bytes of a state file.
     FileResult<void> backup(std::string_view encoded, std::string_view label);
-    FileResult<void> backup(const PersistedState& state, std::string_view label);
     /// The backups, the newest first; empty when the folder does not read.
     std::vector<BackupFile> backups();
     /// What a backup holds; a German sentence when it does not decode.

@@ -1,5 +1,6 @@
 #include "cli/Commands.h"
 
+#include "Fiscarel_SG/store/Clock.h"
 #include "Fiscarel_SG/store/ReviewedDocuments.h"
 #include "TaxCore/demo/DemoData.h"
 #include "cli/Batch.h"
@@ -11,7 +12,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <ctime>
 #include <optional>
 #include <thread>
 #include <vector>
@@ -81,14 +81,6 @@ int explain(const CaseCalculator& calculator, const TaxCase& taxCase,
                         + possible(knownCodes(result, calculator.explainAll(taxCase))));
 }
 
-/// The day by the machine's clock.
-Date today() {
-    const std::time_t now = std::time(nullptr);
-    std::tm local{};
-    localtime_r(&now, &local);
-    return Date::of(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday).value_or(Date());
-}
-
 } // namespace
 
 int newCase(const NewOptions& options) {
@@ -122,7 +114,7 @@ int check(const CheckOptions& options) {
         return fail(read.error());
     }
     const TaxResult result = read->calculator.calculate(read->taxCase);
-    ReviewInput input{read->calculator, read->taxCase, result, today(),
+    ReviewInput input{read->calculator, read->taxCase, result, SystemClock().local().date,
                       reviewedDocuments(read->rest.documents, read->taxCase.year)};
     for (const auto& [year, other] : read->rest.cases) {
         input.otherYears.push_back(&other);

@@ -45,6 +45,14 @@ struct CheckOptions {
 /// Prints notices, savings tips and the marginal rate of one case.
 int check(const CheckOptions& options);
 
+struct ReportOptions {
+    std::string file = "-";
+    std::optional<int> year; ///< given: the file is a state file, whose documents count, too
+    std::string out;         ///< the PDF file to write, over an older one
+};
+/// Writes the report of one case as a PDF file, whole or not at all. Needs no display.
+int report(const ReportOptions& options);
+
 struct BatchOptions {
     std::string file = "-";
     unsigned threads = 0; ///< 0: all cores

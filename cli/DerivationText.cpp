@@ -1,6 +1,6 @@
 #include "cli/DerivationText.h"
 
-#include "TaxCore/base/MoneyFormat.h"
+#include "TaxCore/result/UnitText.h"
 #include "cli/Printable.h"
 #include "cli/TextTable.h"
 
@@ -20,32 +20,6 @@ constexpr std::size_t sourceWidth = 78;
 
 std::string cell(std::string_view text) { return cli::cell(text, amountWidth); }
 
-/// Francs with Rappen, or with the further decimals they have, up to six.
-std::string francs(const Decimal& value) {
-    constexpr int most = 6;
-    const std::string plain = value.roundPlain(most).toString();
-    const std::size_t point = plain.find('.');
-    const std::size_t decimals = point == std::string::npos ? 0 : plain.size() - point - 1;
-    return MoneyFormat::chf(value, std::max(2, static_cast<int>(decimals)), false);
-}
-
-std::string shown(const Decimal& value, Unit unit) {
-    constexpr int most = 6;
-    switch (unit) {
-    case Unit::francs:
-        return francs(value);
-    case Unit::share:
-        return MoneyFormat::number((value * 100).roundPlain(most)) + "%";
-    case Unit::percent:
-        return MoneyFormat::number(value.roundPlain(most)) + "%";
-    case Unit::perMille:
-        return MoneyFormat::number(value.roundPlain(most)) + "‰";
-    case Unit::number:
-        break;
-    }
-    return MoneyFormat::number(value);
-}
-
 /// Which amounts a derivation shows, and over what.
 struct Columns {
     bool canton = false;
@@ -58,7 +32,7 @@ struct Columns {
     std::string row(const std::optional<Decimal>& cantonal,
                     const std::optional<Decimal>& federation, Unit unit) const {
         const auto text = [&](const std::optional<Decimal>& amount) {
-            return cell(amount ? shown(*amount, unit) : "");
+            return cell(amount ? unitText(*amount, unit) : "");
         };
         if (canton && federal) {
             return text(cantonal) + text(federation);
@@ -69,21 +43,19 @@ struct Columns {
 };
 
 Columns columnsOf(const Derivation& derivation, TaxRegion region) {
-    bool canton = derivation.canton.has_value();
-    bool federal = derivation.federal.has_value();
-    bool parted = derivation.canton != derivation.federal;
-    for (const DerivationStep& step : derivation.steps) {
-        canton = canton || step.canton;
-        federal = federal || step.federal;
-        parted = parted || step.canton != step.federal;
-    }
-    if (canton && federal) {
-        return parted ? Columns{true, true, {}} : Columns{true, false, "Kanton und Bund"};
-    }
     const bool francs = derivation.unit == Unit::francs;
-    const std::string whole =
-        region == TaxRegion::stGallen ? "Kanton" : (francs ? "CHF" : "Liechtenstein");
-    return canton ? Columns{true, false, whole} : Columns{false, true, "Bund"};
+    switch (derivation.sides()) {
+    case Derivation::Sides::parted:
+        return {true, true, {}};
+    case Derivation::Sides::alike:
+        return {true, false, "Kanton und Bund"};
+    case Derivation::Sides::federal:
+        return {false, true, "Bund"};
+    case Derivation::Sides::canton:
+        break;
+    }
+    return {true, false,
+            region == TaxRegion::stGallen ? "Kanton" : (francs ? "CHF" : "Liechtenstein")};
 }
 
 std::string stepSource(const DerivationStep& step) {

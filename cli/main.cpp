@@ -188,6 +188,20 @@ void addCheckCommand(CLI::App& app, CheckOptions& checking, std::function<int()>
         [&action, &checking] { action = [&checking] { return check(checking); }; });
 }
 
+/// The command `bericht`; `reporting` and `action` outlive the parsing.
+void addReportCommand(CLI::App& app, ReportOptions& reporting, std::function<int()>& action) {
+    CLI::App* reportCommand =
+        addCommand(app, "bericht", "Schreibt den Bericht eines Falls als PDF");
+    addFile(*reportCommand, reporting.file);
+    addNumber(*reportCommand, "--jahr", "Steuerjahr aus einer Datendatei",
+              [&reporting](int year) { reporting.year = year; });
+    reportCommand->add_option("-o", reporting.out, "PDF-Datei, die geschrieben wird")
+        ->type_name("PDF")
+        ->required();
+    reportCommand->callback(
+        [&action, &reporting] { action = [&reporting] { return report(reporting); }; });
+}
+
 int run(int argc, char** argv) {
     constexpr int demoYear = taxcore::RuleBook::supportedYears.front();
     CLI::App app("Steuererklärung auf der Kommandozeile", "fiscarel-cli");
@@ -218,6 +232,9 @@ int run(int argc, char** argv) {
 
     CheckOptions checking;
     addCheckCommand(app, checking, action);
+
+    ReportOptions reporting;
+    addReportCommand(app, reporting, action);
 
     BatchOptions batching;
     CLI::App* batchCommand =

@@ -17,5 +17,5 @@ checks the entries and finds what can be saved. Everything stays on the user's m
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-inter, qt6-qpa-plugins, qt6-translations-l10n")
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-inter, fonts-roboto-unhinted, qt6-qpa-plugins, qt6-translations-l10n")
 include(CPack)

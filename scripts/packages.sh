@@ -2,12 +2,12 @@
 
 buildPackages=(
     g++ cmake ninja-build pkg-config
-    libboost1.81-dev libsimdjson-dev libexpected-dev libcli11-dev libzip-dev libssl-dev
-    libsecret-1-dev
+    libboost1.81-dev libsimdjson-dev libexpected-dev libcli11-dev libzip-dev libqpdf-dev
+    libssl-dev libsecret-1-dev
     qt6-base-dev qt6-charts-dev qt6-svg-dev libqt6opengl6-dev libgl-dev libegl-dev libxkbcommon-dev
-    fonts-inter qt6-translations-l10n
+    fonts-inter fonts-roboto-unhinted qt6-translations-l10n
 )
-testPackages=(libgtest-dev libbenchmark-dev dbus gnome-keyring)
+testPackages=(libgtest-dev libbenchmark-dev poppler-utils dbus gnome-keyring)
 lintPackages=(clang-tidy clang-format git)
 fuzzPackages=(clang libclang-rt-14-dev)
 

@@ -9,7 +9,7 @@ namespace fiscarel::look {
 
 using namespace Qt::Literals::StringLiterals;
 
-QIcon pageIcon(const QString& id, const QColor& color) {
+QIcon icon(const QString& id, const QColor& color) {
     QFile file(u":/icons/%1.svg"_s.arg(id));
     if (!file.open(QIODevice::ReadOnly)) {
         return {};
@@ -17,16 +17,16 @@ QIcon pageIcon(const QString& id, const QColor& color) {
     QByteArray drawing = file.readAll();
     drawing.replace("#000000", color.name().toLatin1());
     QSvgRenderer renderer(drawing);
-    QIcon icon;
+    QIcon made;
     for (const int size : {20, 40, 60}) {
         QPixmap pixmap(size, size);
         pixmap.fill(Qt::transparent);
         QPainter painter(&pixmap);
         renderer.render(&painter);
         painter.end();
-        icon.addPixmap(pixmap);
+        made.addPixmap(pixmap);
     }
-    return icon;
+    return made;
 }
 
 QIcon programIcon() { return QIcon(u":/fiscarel-sg.svg"_s); }

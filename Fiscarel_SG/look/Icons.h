@@ -6,8 +6,8 @@
 
 namespace fiscarel::look {
 
-/// The icon of a page in a colour, drawn for any screen density.
-QIcon pageIcon(const QString& id, const QColor& color);
+/// A drawing of ours in a colour, for any screen density: of a page by its id, or of a tool.
+QIcon icon(const QString& id, const QColor& color);
 
 /// The icon of the program.
 QIcon programIcon();

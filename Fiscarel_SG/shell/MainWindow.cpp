@@ -5,6 +5,7 @@
 #include "Fiscarel_SG/forms/QtText.h"
 #include "Fiscarel_SG/look/Icons.h"
 #include "Fiscarel_SG/look/KeyboardOrder.h"
+#include "Fiscarel_SG/look/Toast.h"
 #include "Fiscarel_SG/shell/PageStack.h"
 #include "Fiscarel_SG/shell/ReasonDialog.h"
 #include "Fiscarel_SG/shell/SearchDialog.h"
@@ -22,7 +23,6 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QSignalBlocker>
-#include <QStatusBar>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -33,7 +33,6 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr int narrow = 1180; ///< below this width the tax bar gives way
-constexpr int messageTime = 5'000;
 
 /// Puts the user's appearance in use.
 look::Appearance appearanceOf(const Settings& settings) {
@@ -47,12 +46,21 @@ look::Appearance appearanceOf(const Settings& settings) {
 
 const std::vector<PageEntry>& MainWindow::pages() {
     static const std::vector<PageEntry> entries{
-        {u"overview"_s, u"Übersicht"_s},   {u"documents"_s, u"Belege"_s},
-        {u"family"_s, u"Familie"_s},       {u"income"_s, u"Einkommen"_s},
-        {u"work"_s, u"Berufskosten"_s},    {u"pension"_s, u"Vorsorge"_s},
-        {u"other"_s, u"Weitere Abzüge"_s}, {u"wealth"_s, u"Vermögen"_s},
-        {u"review"_s, u"Prüfung"_s},       {u"transfer"_s, u"Übertragen"_s},
-        {u"report"_s, u"Bericht"_s},       {u"account"_s, u"Konto"_s},
+        {u"overview"_s, u"Übersicht"_s,
+         u"Steuern Rechnung Vergleich mit dem Vorjahr Spartipps Was wäre, wenn Grenzsteuersatz"_s},
+        {u"documents"_s, u"Belege"_s, u"Dokumente PDF Lohnausweis ablegen"_s},
+        {u"family"_s, u"Familie"_s, {}},
+        {u"income"_s, u"Einkommen"_s, {}},
+        {u"work"_s, u"Berufskosten"_s, {}},
+        {u"pension"_s, u"Vorsorge"_s, {}},
+        {u"other"_s, u"Weitere Abzüge"_s, {}},
+        {u"wealth"_s, u"Vermögen"_s, {}},
+        {u"review"_s, u"Prüfung"_s, u"Hinweise Fehler Spartipps"_s},
+        {u"transfer"_s, u"Übertragen"_s, u"E-Tax SG eTax FL Feld für Feld kopieren abhaken"_s},
+        {u"report"_s, u"Bericht"_s, u"PDF drucken Steuererklärung Steuerrechnung"_s},
+        {u"account"_s, u"Konto"_s,
+         u"Darstellung hell dunkel Sicherung wiederherstellen Export Import Archiv Datenordner "
+         "Cloud zurücksetzen Lizenzen"_s},
     };
     return entries;
 }
@@ -63,7 +71,8 @@ MainWindow::MainWindow(AppStore& store, Settings& settings, QWidget* parent)
       sidebar_(new Sidebar(store, pages(), this)), stack_(new PageStack(store, appearance_, this)),
       banner_(new QLabel(this)), bannerClose_(new QPushButton(u"Verstanden"_s, this)),
       taxBar_(new TaxBar(store, this)), strip_(new TaxStrip(*taxBar_, this)),
-      search_(new SearchDialog(this)), reason_(new ReasonDialog(store, this)) {
+      search_(new SearchDialog(this)), reason_(new ReasonDialog(store, this)),
+      toast_(new look::Toast(stack_)) {
     setWindowTitle(store.isDemo() ? u"Fiscarel SG – Demohaushalt"_s : u"Fiscarel SG"_s);
     setWindowIcon(look::programIcon());
     setMinimumSize(1000, 640);
@@ -91,10 +100,6 @@ MainWindow::MainWindow(AppStore& store, Settings& settings, QWidget* parent)
     line->addWidget(middle, 1);
     line->addWidget(taxBar_);
     setCentralWidget(centre);
-    statusBar()->setSizeGripEnabled(false);
-    statusBar()->hide();
-    connect(statusBar(), &QStatusBar::messageChanged, this,
-            [this](const QString& text) { statusBar()->setVisible(!text.isEmpty()); });
 
     connectStore();
     addShortcuts();
@@ -110,10 +115,15 @@ void MainWindow::connectStore() {
     connect(&store_, &AppStore::documentsChanged, this, &MainWindow::entriesChanged);
     connect(&store_, &AppStore::transferChanged, this, &MainWindow::entriesChanged);
     connect(&store_, &AppStore::resultChanged, this, &MainWindow::resultChanged);
+    connect(&store_, &AppStore::stepTaken, this, &MainWindow::showStep);
+    connect(&store_, &AppStore::historyChanged, sidebar_, &Sidebar::refreshHistory);
     connect(&store_, &AppStore::saveStateChanged, sidebar_, &Sidebar::refreshSaveState);
     connect(&store_, &AppStore::loadErrorChanged, this, &MainWindow::showLoadError);
     connect(bannerClose_, &QPushButton::clicked, this, [this] { store_.dismissLoadError(); });
     connect(sidebar_, &Sidebar::pageWanted, this, &MainWindow::showPage);
+    connect(sidebar_, &Sidebar::searchWanted, this, &MainWindow::search);
+    connect(sidebar_, &Sidebar::undoWanted, this, &MainWindow::undo);
+    connect(sidebar_, &Sidebar::redoWanted, this, &MainWindow::redo);
     connect(sidebar_, &Sidebar::yearWanted, this, [this](int year) { store_.setYear(year); });
     connect(sidebar_, &Sidebar::regionWanted, this, [this](bool liechtenstein) {
         store_.setRegion(liechtenstein ? taxcore::TaxRegion::liechtenstein
@@ -240,18 +250,39 @@ void MainWindow::resultChanged() {
     stack_->resultChanged();
 }
 
+/// Goes where an undone or repeated edit can be seen; where the page on the screen shows a part of
+/// it, that is enough.
+void MainWindow::showStep(const std::vector<std::string>& paths) {
+    if (paths.empty()) {
+        showPage(u"documents"_s);
+        return;
+    }
+    const std::string* best = nullptr;
+    for (const std::string& path : paths) {
+        const forms::Page* const page = forms::pageWithPath(stack_->forms(), path);
+        const bool isHere = page != nullptr && qs(page->id) == currentPage();
+        if (isHere || (page != nullptr && best == nullptr)) {
+            best = &path;
+        }
+        if (isHere) {
+            break;
+        }
+    }
+    if (best != nullptr) {
+        showField(qs(*best));
+    }
+}
+
 void MainWindow::undo() {
     const auto name = store_.undo();
-    statusBar()->showMessage(name ? u"«%1» rückgängig gemacht"_s.arg(qs(*name))
-                                  : u"Es gibt nichts rückgängig zu machen."_s,
-                             messageTime);
+    toast_->say(name ? u"«%1» rückgängig gemacht"_s.arg(qs(*name))
+                     : u"Es gibt nichts rückgängig zu machen."_s);
 }
 
 void MainWindow::redo() {
     const auto name = store_.redo();
-    statusBar()->showMessage(name ? u"«%1» wiederhergestellt"_s.arg(qs(*name))
-                                  : u"Es gibt nichts wiederherzustellen."_s,
-                             messageTime);
+    toast_->say(name ? u"«%1» wiederhergestellt"_s.arg(qs(*name))
+                     : u"Es gibt nichts wiederherzustellen."_s);
 }
 
 void MainWindow::search() {
@@ -259,7 +290,8 @@ void MainWindow::search() {
     for (const PageEntry& page : pages()) {
         if (std::ranges::find(stack_->forms(), utf8(page.id), &forms::Page::id)
             == stack_->forms().end()) {
-            all.push_back({.id = utf8(page.id), .title = utf8(page.title)});
+            all.push_back(
+                {.id = utf8(page.id), .title = utf8(page.title), .help = utf8(page.words)});
         }
     }
     search_->begin(searchEntries(store_, all));
@@ -277,8 +309,7 @@ void MainWindow::resetYear() {
     box.exec();
     if (box.clickedButton() == reset) {
         store_.resetYear();
-        statusBar()->showMessage(u"Zurückgesetzt. Mit Ctrl+Z lässt es sich rückgängig machen."_s,
-                                 messageTime);
+        toast_->say(u"Zurückgesetzt. Mit Ctrl+Z lässt es sich rückgängig machen."_s);
     }
 }
 
@@ -295,6 +326,7 @@ void MainWindow::greet() {
             }
             QProcess::startDetached(QCoreApplication::applicationFilePath(), arguments);
         });
+        connect(start, &StartDialog::begun, this, [this] { showPage(u"family"_s); });
         start->open();
     }
 }

@@ -6,6 +6,7 @@
 #endif
 
 #include <QMainWindow>
+#include <string>
 #include <vector>
 
 class QLabel;
@@ -14,6 +15,9 @@ class QPushButton;
 namespace fiscarel {
 class AppStore;
 class Settings;
+namespace look {
+class Toast;
+}
 } // namespace fiscarel
 
 namespace fiscarel::shell {
@@ -59,6 +63,7 @@ class MainWindow final : public QMainWindow {
     void pageShown(const QString& id);
     void entriesChanged();
     void resultChanged();
+    void showStep(const std::vector<std::string>& paths);
     void undo();
     void redo();
     void search();
@@ -80,6 +85,7 @@ class MainWindow final : public QMainWindow {
     TaxStrip* strip_;
     SearchDialog* search_;
     ReasonDialog* reason_;
+    look::Toast* toast_;
 };
 
 } // namespace fiscarel::shell

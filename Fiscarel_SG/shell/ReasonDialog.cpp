@@ -89,7 +89,7 @@ class Steps final : public QWidget {
   public:
     explicit Steps(const Derivation& derivation)
         : derivation_(derivation), grid_(new QGridLayout(this)), digits_(digitsOf(derivation)),
-          hasTwoSides_(derivation.canton && derivation.federal) {
+          hasTwoSides_(derivation.sides() == Derivation::Sides::parted) {
         grid_->setContentsMargins(0, 4, 12, 4);
         grid_->setHorizontalSpacing(16);
         grid_->setVerticalSpacing(6);
@@ -134,7 +134,7 @@ class Steps final : public QWidget {
   private:
     void addAmounts(const std::optional<Decimal>& canton, const std::optional<Decimal>& federal,
                     Unit unit, bool strong) {
-        const auto& first = derivation_.canton || !derivation_.federal ? canton : federal;
+        const auto& first = derivation_.sides() == Derivation::Sides::federal ? federal : canton;
         grid_->addWidget(amountLabel(shown(first, unit, digits_), strong, this), row_, 2);
         if (hasTwoSides_) {
             grid_->addWidget(amountLabel(shown(federal, unit, digits_), strong, this), row_, 3);
@@ -161,7 +161,9 @@ ReasonDialog::ReasonDialog(AppStore& store, QWidget* parent)
     scroll_->setAccessibleName(u"Herleitung"_s);
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     close_ = buttons->button(QDialogButtonBox::Close);
-    close_->setText(u"Schliessen"_s);
+    back_ = buttons->addButton(u"Zurück"_s, QDialogButtonBox::ActionRole);
+    back_->setObjectName(u"reasonBack"_s);
+    connect(back_, &QPushButton::clicked, this, &ReasonDialog::goBack);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto* const outer = new QVBoxLayout(this);
     outer->setContentsMargins(20, 18, 20, 16);
@@ -171,6 +173,30 @@ ReasonDialog::ReasonDialog(AppStore& store, QWidget* parent)
 }
 
 bool ReasonDialog::explain(const std::string& code) {
+    if (!fill(code)) {
+        return false;
+    }
+    way_ = {code};
+    back_->hide();
+    return true;
+}
+
+void ReasonDialog::goOn(const std::string& code) {
+    if (fill(code)) {
+        way_.push_back(code);
+        back_->show();
+    }
+}
+
+void ReasonDialog::goBack() {
+    if (way_.size() > 1) {
+        way_.pop_back();
+        fill(way_.back());
+        back_->setVisible(way_.size() > 1);
+    }
+}
+
+bool ReasonDialog::fill(const std::string& code) {
     const CaseCalculator* const calculator = store_.calculator();
     const auto derivation =
         calculator != nullptr ? calculator->explain(store_.current(), code) : std::nullopt;
@@ -190,9 +216,10 @@ bool ReasonDialog::explain(const std::string& code) {
     steps->addResult();
     scroll_->setWidget(steps);
     if (!isVisible()) { // as high as what it says; while it is open it stays as it is
-        resize(usualWidth, std::clamp(steps->sizeHint().height() + aroundContent, 260, 620));
+        resize(usualWidth, std::clamp(steps->sizeHint().height() + aroundContent, 260, 720));
     }
-    doors.push_back(close_); // made before them, but it stands below
+    doors.push_back(back_); // made before them, but they stand below
+    doors.push_back(close_);
     for (std::size_t i = 1; i < doors.size(); ++i) {
         setTabOrder(doors[i - 1], doors[i]);
     }
@@ -207,7 +234,7 @@ void ReasonDialog::connectDoor(QPushButton& door, const DerivationStep& step) {
         });
     } else {
         connect(
-            &door, &QPushButton::clicked, this, [this, next = *step.code] { explain(next); },
+            &door, &QPushButton::clicked, this, [this, next = *step.code] { goOn(next); },
             Qt::QueuedConnection); // the button goes with the steps it stands among
     }
 }

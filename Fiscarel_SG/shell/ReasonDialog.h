@@ -2,6 +2,7 @@
 
 #include <QDialog>
 #include <string>
+#include <vector>
 
 class QLabel;
 class QPushButton;
@@ -34,12 +35,17 @@ class ReasonDialog final : public QDialog {
     void fieldWanted(const QString& path);
 
   private:
+    bool fill(const std::string& code);
+    void goOn(const std::string& code);
+    void goBack();
     void connectDoor(QPushButton& door, const taxcore::DerivationStep& step);
 
     AppStore& store_;
     QLabel* title_;
     QScrollArea* scroll_;
+    QPushButton* back_ = nullptr;
     QPushButton* close_ = nullptr;
+    std::vector<std::string> way_; ///< the lines that led here; the last is shown
 };
 
 } // namespace fiscarel::shell

@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/pages/overview/BillShares.h"
 
 #include <algorithm>
 #include <set>
@@ -28,8 +29,12 @@ void addFields(std::vector<SearchEntry>& entries, const std::vector<forms::Bound
                const std::string& where, const taxcore::TaxCase& taxCase) {
     for (const forms::BoundField& field : fields) {
         if (field.shown(taxCase)) {
-            entries.push_back({SearchEntry::Kind::field, field.label, where, field.path,
-                               folded(field.label + " " + where + " " + field.help)});
+            std::string words = field.label + " " + where + " " + field.help;
+            for (const forms::Option& option : field.options) {
+                words += " " + option.label;
+            }
+            entries.push_back(
+                {SearchEntry::Kind::field, field.label, where, field.path, folded(words)});
         }
     }
 }
@@ -41,7 +46,8 @@ void addCard(std::vector<SearchEntry>& entries, const forms::Card& card, const s
     };
     if (const auto* fields = std::get_if<forms::FieldsCard>(&card)) {
         if (shown(fields->shown)) {
-            addFields(entries, fields->fields, where, taxCase);
+            addFields(entries, fields->fields,
+                      fields->title.empty() ? where : where + " · " + fields->title, taxCase);
         }
         return;
     }
@@ -99,6 +105,13 @@ std::vector<SearchEntry> searchEntries(const AppStore& store,
                 line.ziffer.empty() ? "Zeile" : "Zeile, Ziffer " + line.ziffer;
             entries.push_back({SearchEntry::Kind::line, line.label, detail, line.code,
                                folded(line.label + " " + detail + " " + line.code)});
+        }
+    }
+    if (const auto* result = store.result()) {
+        for (const pages::BillShare& share :
+             pages::billShares(*result, store.current().taxRegion())) {
+            entries.push_back({SearchEntry::Kind::line, share.name, "Steuerrechnung", share.code,
+                               folded(share.name + "steuer Steuerrechnung")});
         }
     }
     for (const StoredDocument& document : store.documents()) {

@@ -33,7 +33,18 @@ Sidebar::Sidebar(AppStore& store, const std::vector<PageEntry>& pages, QWidget* 
     auto* const product = new QLabel(u"Fiscarel SG"_s, this);
     look::setRole(product, "product");
     product->setContentsMargins(10, 0, 0, 6);
-    column->addWidget(product);
+    auto* const head = new QHBoxLayout;
+    head->setSpacing(0);
+    head->addWidget(product, 1);
+    QPushButton* const search = addTool(u"search"_s, *head);
+    search->setAccessibleName(u"Suchen"_s);
+    search->setToolTip(u"Felder, Zeilen, Belege und Seiten suchen (Ctrl+K)"_s);
+    connect(search, &QPushButton::clicked, this, &Sidebar::searchWanted);
+    undo_ = addTool(u"undo"_s, *head);
+    connect(undo_, &QPushButton::clicked, this, &Sidebar::undoWanted);
+    redo_ = addTool(u"redo"_s, *head);
+    connect(redo_, &QPushButton::clicked, this, &Sidebar::redoWanted);
+    column->addLayout(head);
     region_->setObjectName(u"region"_s);
     region_->setAccessibleName(u"Steuergebiet"_s);
     region_->addItems({u"St.Gallen"_s, u"Liechtenstein"_s});
@@ -70,7 +81,17 @@ Sidebar::Sidebar(AppStore& store, const std::vector<PageEntry>& pages, QWidget* 
             [this](int index) { Q_EMIT regionWanted(index == 1); });
     refresh();
     refreshSaveState();
+    refreshHistory();
     refreshTheme();
+}
+
+QPushButton* Sidebar::addTool(const QString& name, QHBoxLayout& line) {
+    auto* const button = new QPushButton(this);
+    button->setObjectName(u"tool:"_s + name);
+    look::setRole(button, "tool");
+    line.addWidget(button);
+    tools_[name] = button;
+    return button;
 }
 
 void Sidebar::addPage(const PageEntry& page, QVBoxLayout& column) {
@@ -157,10 +178,26 @@ void Sidebar::refreshSaveState() {
     retry_->setVisible(problem && !store_.awaitsRecovery());
 }
 
+void Sidebar::refreshHistory() {
+    const auto tell = [](QPushButton& button, const std::optional<std::string>& edit,
+                         const QString& verb, const QString& none, const QString& keys) {
+        const QString what = edit ? u"«%1» %2"_s.arg(qs(*edit), verb) : none;
+        button.setEnabled(edit.has_value());
+        button.setAccessibleName(what);
+        button.setToolTip(u"%1 (%2)"_s.arg(what, keys));
+    };
+    tell(*undo_, store_.undoName(), u"rückgängig machen"_s,
+         u"Es gibt nichts rückgängig zu machen"_s, u"Ctrl+Z"_s);
+    tell(*redo_, store_.redoName(), u"wiederherstellen"_s, u"Es gibt nichts wiederherzustellen"_s,
+         u"Ctrl+Shift+Z"_s);
+}
+
 void Sidebar::refreshTheme() {
-    for (const auto& [id, button] : buttons_) {
-        button->setIcon(look::pageIcon(id, look::Theme::current().text));
-        button->setIconSize({18, 18});
+    for (const auto* const drawn : {&buttons_, &tools_}) {
+        for (const auto& [name, button] : *drawn) {
+            button->setIcon(look::icon(name, look::Theme::current().text));
+            button->setIconSize({18, 18});
+        }
     }
 }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 class QComboBox;
+class QHBoxLayout;
 class QLabel;
 class QPushButton;
 class QVBoxLayout;
@@ -20,6 +21,7 @@ namespace fiscarel::shell {
 struct PageEntry {
     QString id;
     QString title;
+    QString words; ///< what else it can be found by
 };
 
 /// Product, region and year, the pages with their badges, and whether everything is saved.
@@ -33,6 +35,8 @@ class Sidebar final : public QWidget {
     /// Year, region, badges.
     void refresh();
     void refreshSaveState();
+    /// What can be undone and redone.
+    void refreshHistory();
     /// Icons follow the colours.
     void refreshTheme();
 
@@ -40,15 +44,22 @@ class Sidebar final : public QWidget {
     void pageWanted(const QString& id);
     void yearWanted(int year);
     void regionWanted(bool liechtenstein);
+    void searchWanted();
+    void undoWanted();
+    void redoWanted();
 
   private:
     void addPage(const PageEntry& page, QVBoxLayout& column);
+    QPushButton* addTool(const QString& name, QHBoxLayout& line);
 
     AppStore& store_;
     QComboBox* year_;
     QComboBox* region_;
     QLabel* saved_;
     QPushButton* retry_;
+    QPushButton* undo_ = nullptr;
+    QPushButton* redo_ = nullptr;
+    std::map<QString, QPushButton*> tools_; ///< by the name of their drawing
     std::map<QString, QPushButton*> buttons_;
     std::map<QString, QLabel*> badges_;
 };

@@ -57,7 +57,10 @@ StartDialog::StartDialog(AppStore& store, QWidget* parent)
     }
     setTabOrder(stGallen, liechtenstein_);
     stGallen->setFocus();
-    connect(fresh, &QPushButton::clicked, this, &StartDialog::begin);
+    connect(fresh, &QPushButton::clicked, this, [this] {
+        begin();
+        Q_EMIT begun();
+    });
     connect(file, &QPushButton::clicked, this, &StartDialog::beginWithFile);
     connect(demo, &QPushButton::clicked, this,
             [this] { Q_EMIT demoWanted(liechtenstein_->isChecked()); });

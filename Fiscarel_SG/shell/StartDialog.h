@@ -22,6 +22,8 @@ class StartDialog final : public QDialog {
   Q_SIGNALS:
     /// The user wants to look around in the demo household of the region chosen.
     void demoWanted(bool liechtenstein);
+    /// The user begins with an empty return; the region is chosen.
+    void begun();
 
   private:
     void begin();

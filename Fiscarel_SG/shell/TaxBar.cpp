@@ -66,8 +66,9 @@ std::vector<Entry> basesOf(const taxcore::TaxBill& bill, bool liechtenstein) {
 
 TaxBar::TaxBar(AppStore& store, QWidget* parent)
     : QWidget(parent), store_(store), total_(new QLabel(this)), totalName_(new QLabel(this)),
-      change_(new QLabel(this)), marginal_(new QLabel(this)),
-      taxable_(new QLabel(u"Steuerbar"_s, this)), column_(new QVBoxLayout(this)) {
+      why_(new QPushButton(u"Warum?"_s, this)), change_(new QLabel(this)),
+      marginal_(new QLabel(this)), taxable_(new QLabel(u"Steuerbar"_s, this)),
+      column_(new QVBoxLayout(this)) {
     setObjectName(u"taxBar"_s);
     setAttribute(Qt::WA_StyledBackground);
     look::setRole(this, "taxbar");
@@ -84,7 +85,15 @@ TaxBar::TaxBar(AppStore& store, QWidget* parent)
     change_->setWordWrap(true);
     marginal_->setWordWrap(true);
     look::setRole(marginal_, "small");
-    column_->addWidget(totalName_);
+    why_->setObjectName(u"whyTotal"_s);
+    why_->setAccessibleName(u"Warum dieser Betrag? Herkunft des Totals zeigen"_s);
+    look::setRole(why_, "textlink");
+    connect(why_, &QPushButton::clicked, this, [this] { Q_EMIT reasonWanted(u"total"_s); });
+    auto* const top = new QHBoxLayout;
+    top->setContentsMargins(0, 0, textInset, 0);
+    top->addWidget(totalName_, 1);
+    top->addWidget(why_);
+    column_->addLayout(top);
     column_->addWidget(total_);
     column_->addWidget(change_);
     column_->addSpacing(10);
@@ -168,6 +177,7 @@ void TaxBar::refresh() {
         bases = basesOf(result->bill, region == taxcore::TaxRegion::liechtenstein);
     }
     taxable_->setVisible(!bases.empty());
+    why_->setVisible(result != nullptr);
     taxes.resize(taxRows);
     bases.resize(baseRows);
     for (std::size_t i = 0; i < rows_.size(); ++i) {

@@ -59,6 +59,7 @@ class TaxBar final : public QWidget {
     AppStore& store_;
     QLabel* total_;
     QLabel* totalName_;
+    QPushButton* why_; ///< leads to where the total comes from
     QLabel* change_;
     QLabel* marginal_;
     QLabel* taxable_; ///< heading of what is taxed

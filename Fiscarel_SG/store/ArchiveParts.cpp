@@ -17,7 +17,7 @@ tl::unexpected<ArchiveFault> stopped() {
 std::string megabytes(std::uint64_t bytes) {
     constexpr std::uint64_t megabyte = std::uint64_t{1} << 20U;
     const std::uint64_t tenths = (bytes * 10 + megabyte - 1) / megabyte;
-    return tenths < 100 ? std::to_string(tenths / 10) + "," + std::to_string(tenths % 10) + " MB"
+    return tenths < 100 ? std::to_string(tenths / 10) + "." + std::to_string(tenths % 10) + " MB"
                         : std::to_string((tenths + 9) / 10) + " MB";
 }
 

@@ -18,7 +18,7 @@ tl::unexpected<ArchiveFault> fault(std::string message);
 tl::unexpected<ArchiveFault> fault(const FileError& error);
 tl::unexpected<ArchiveFault> stopped();
 
-/// "200 MB", small sizes with a digit more: "0,4 MB"; rounded up.
+/// "200 MB", small sizes with a digit more: "0.4 MB"; rounded up.
 std::string megabytes(std::uint64_t bytes);
 
 /// The sentence that refuses so many documents of so many bytes together; absent when they fit.

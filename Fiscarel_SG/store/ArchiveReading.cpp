@@ -1,7 +1,6 @@
 #include "Fiscarel_SG/store/ArchiveParts.h"
 #include "Fiscarel_SG/store/DocumentFiles.h"
 #include "Fiscarel_SG/store/Zip.h"
-#include "TaxCore/base/Utf8.h"
 
 #include <algorithm>
 #include <map>
@@ -20,13 +19,10 @@ namespace fs = std::filesystem;
 /// A name from an archive as it can be shown.
 std::string shown(std::string_view name) {
     constexpr std::size_t most = 80;
-    std::string text;
-    while (!name.empty() && text.size() < most) {
-        const std::size_t length = taxcore::utf8Length(name);
-        text += length == 0 || isControl(name.front()) ? "?" : name.substr(0, length);
-        name.remove_prefix(std::max<std::size_t>(length, 1));
-    }
-    return "«" + text + (name.empty() ? "" : "…") + "»";
+    std::string text = cleaned(name, '?');
+    const bool isLong = text.size() > most;
+    cutTo(text, most);
+    return "«" + text + (isLong ? "…" : "") + "»";
 }
 
 /// What the program reads of an archive.

@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/store/ArchiveParts.h"
 #include "Fiscarel_SG/store/DocumentFiles.h"
 #include "Fiscarel_SG/store/Zip.h"
+#include "TaxCore/base/Text.h"
 
 #include <algorithm>
 #include <array>
@@ -20,10 +21,7 @@ namespace fs = std::filesystem;
 ZipWriter::Packing packingOf(const std::string& fileName) {
     static constexpr std::array packed{".pdf", ".jpg",  ".jpeg", ".png",  ".heic", ".heif",
                                        ".gif", ".webp", ".zip",  ".docx", ".xlsx"};
-    std::string ending = fs::path(fileName).extension().string();
-    std::ranges::transform(ending, ending.begin(), [](char c) {
-        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    });
+    const std::string ending = taxcore::lowerAscii(fs::path(fileName).extension().string());
     return std::ranges::find(packed, ending) != packed.end() ? ZipWriter::Packing::stored
                                                              : ZipWriter::Packing::deflated;
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <functional>
+#include <set>
 #include <utility>
 
 namespace fiscarel {
@@ -59,14 +60,12 @@ std::vector<std::string> backupsToPrune(const std::vector<FileEntry>& entries) {
         names.push_back(entry.name);
     }
     std::ranges::sort(names, std::greater<>{});
-    const auto isDaily = [](const std::string& name) {
-        const auto parsed = BackupName::parse(name);
-        return parsed && parsed->isDaily();
-    };
-    const auto newestDaily = std::ranges::find_if(names, isDaily);
     std::vector<std::string> pruned;
-    for (std::size_t i = backupsKept; i < names.size(); ++i) {
-        if (newestDaily == names.end() || names[i] != *newestDaily) {
+    std::set<std::string> labels;
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const auto parsed = BackupName::parse(names[i]);
+        const bool isNewest = parsed && labels.insert(parsed->label).second;
+        if (i >= backupsKept && !isNewest) {
             pruned.push_back(names[i]);
         }
     }

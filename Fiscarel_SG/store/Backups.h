@@ -40,8 +40,9 @@ struct BackupName {
 /// How many files the backups folder keeps, labelled ones included.
 inline constexpr std::size_t backupsKept = 30;
 
-/// The files to delete: all but the first 30 by descending name, and never the newest daily backup.
-/// Labelled backups sort before the daily ones, so that these go first.
+/// The names to delete, of all a folder's files: all but the first 30 by descending name, and never
+/// the newest daily backup nor the newest of a label. Labelled backups sort before the daily ones,
+/// so that the daily ones are deleted first.
 std::vector<std::string> backupsToPrune(const std::vector<FileEntry>& entries);
 
 /// A backup as the user chooses from.
@@ -51,7 +52,7 @@ struct BackupFile {
     Moment written;
 
     std::string fileName() const { return name.fileName(); }
-    /// "Tagesstand", "vor dem Zurücksetzen eines Jahres" …
+    /// "Stand des Tages", "vor dem Zurücksetzen eines Jahres" …
     std::string_view label() const;
 };
 

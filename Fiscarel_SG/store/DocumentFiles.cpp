@@ -15,19 +15,9 @@ constexpr std::size_t longestFileName = 255; ///< bytes, of all usual file syste
 constexpr std::size_t longestOwnName = 200;  ///< bytes, without the UUID
 constexpr std::size_t uuidLength = 36;
 
-/// The name in characters that the state file and an archive can hold.
-std::string cleaned(std::string_view name) {
-    std::string clean;
-    while (!name.empty()) {
-        const std::size_t length = taxcore::utf8Length(name);
-        if (length == 0 || isControl(name.front())) {
-            clean += '_';
-        } else {
-            clean += name.substr(0, length);
-        }
-        name.remove_prefix(std::max<std::size_t>(length, 1));
-    }
-    return clean;
+bool isControl(char c) noexcept {
+    const auto code = static_cast<unsigned char>(c);
+    return code < 0x20U || code == 0x7FU;
 }
 
 /// A name cut to what file systems allow, with its ending and without half characters.
@@ -38,16 +28,7 @@ std::string shortened(const std::filesystem::path& name) {
         stem += ending;
         ending.clear();
     }
-    if (stem.size() + ending.size() > longestOwnName) {
-        std::size_t end = longestOwnName - ending.size();
-        const auto continues = [&] {
-            return (static_cast<unsigned char>(stem[end]) & 0xC0U) == 0x80;
-        };
-        while (end > 0 && continues()) {
-            --end;
-        }
-        stem.resize(end);
-    }
+    cutTo(stem, longestOwnName - ending.size());
     return stem + ending;
 }
 
@@ -60,13 +41,39 @@ std::string_view withoutUuid(std::string_view name) {
 
 } // namespace
 
+std::string cleaned(std::string_view name, char instead) {
+    std::string clean;
+    while (!name.empty()) {
+        const std::size_t length = taxcore::utf8Length(name);
+        if (length == 0 || isControl(name.front())) {
+            clean += instead;
+        } else {
+            clean += name.substr(0, length);
+        }
+        name.remove_prefix(std::max<std::size_t>(length, 1));
+    }
+    return clean;
+}
+
+void cutTo(std::string& text, std::size_t mostBytes) {
+    if (text.size() <= mostBytes) {
+        return;
+    }
+    std::size_t end = mostBytes;
+    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80) {
+        --end;
+    }
+    text.resize(end);
+}
+
 bool isPlainFileName(std::string_view name) noexcept {
     return !name.empty() && name.size() <= longestFileName && name.front() != '.'
            && std::ranges::none_of(name, [](char c) { return c == '/' || isControl(c); });
 }
 
 std::string freshDocumentName(const std::filesystem::path& name) {
-    const std::string own = cleaned(name.string());
+    // Characters that the state file and an archive can hold.
+    const std::string own = cleaned(name.string(), '_');
     return Uuid::random().toString() + "-" + shortened(withoutUuid(own));
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <string>
@@ -10,11 +11,12 @@ namespace fiscarel {
 /// Larger documents are not imported, bytes.
 inline constexpr std::uint64_t maxDocumentSize = std::uint64_t{200} << 20U;
 
-/// Whether a byte is a control character of ASCII.
-constexpr bool isControl(char c) noexcept {
-    const auto code = static_cast<unsigned char>(c);
-    return code < 0x20U || code == 0x7FU;
-}
+/// A name with `instead` in the place of every control character of ASCII and of every byte that is
+/// no UTF-8.
+std::string cleaned(std::string_view name, char instead);
+
+/// Cuts a text in UTF-8 to at most so many bytes, without leaving half a character.
+void cutTo(std::string& text, std::size_t mostBytes);
 
 /// Whether a text is the name of a file as documents have it: within its folder, not hidden,
 /// without control characters and not longer than file systems allow. Others only stand in states

@@ -21,6 +21,7 @@ struct FileError {
     int code = 0; ///< errno
     std::filesystem::path path;
 
+    /// Whether there is no such file, and nothing else went wrong.
     bool isMissing() const noexcept;
     /// The reason alone, one German sentence: "Auf dem Datenträger ist kein Platz mehr."
     std::string reason() const;
@@ -31,9 +32,10 @@ struct FileError {
 template <class T>
 using FileResult = tl::expected<T, FileError>;
 
+/// A file as its folder tells of it.
 struct FileEntry {
-    std::string name; ///< within its folder
-    std::uint64_t size = 0;
+    std::string name;       ///< within its folder
+    std::uint64_t size = 0; ///< bytes
     Moment modified;
 
     bool operator==(const FileEntry&) const = default;
@@ -100,7 +102,9 @@ class FileSystem {
     /// Gives a file a second name that is not taken yet.
     virtual FileResult<void> link(const std::filesystem::path& file,
                                   const std::filesystem::path& second) = 0;
+    /// Takes a file away; an error when there is none.
     virtual FileResult<void> remove(const std::filesystem::path& file) = 0;
+    /// What the folder tells of a file, or of what a link leads to.
     virtual FileResult<FileEntry> stat(const std::filesystem::path& file) = 0;
     /// The regular files of a folder by name, without hidden ones.
     virtual FileResult<std::vector<FileEntry>> list(const std::filesystem::path& folder) = 0;

@@ -116,10 +116,4 @@ void History::dropStale(std::vector<Edit>& edits, Direction direction, Persisted
     std::ranges::reverse(edits);
 }
 
-void History::clear() noexcept {
-    done_.clear();
-    undone_.clear();
-    mayMerge_ = false;
-}
-
 } // namespace fiscarel

@@ -55,7 +55,6 @@ class History {
 
     /// Drops the edits that no longer apply to a state that came from elsewhere.
     void dropStale(const PersistedState& state);
-    void clear() noexcept;
 
   private:
     enum class Direction { back, forth };

@@ -82,8 +82,7 @@ bool readOffset(Scanner& in, IsoDateTime::Time& time) noexcept {
     return in.atEnd();
 }
 
-/// The time behind the "T". Fractions of a second do not matter for the day and are skipped; a
-/// leap second and 24:00 are read as ISO 8601 allows them.
+/// The time behind the "T".
 std::optional<IsoDateTime::Time> readTime(Scanner& in) noexcept {
     const auto hour = in.digits(2);
     if (!hour || *hour > 24) {

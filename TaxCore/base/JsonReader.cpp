@@ -128,30 +128,31 @@ bool JsonReader::read(ondemand::value json, bool& target) {
     return otherType ? fail(JsonError::Kind::wrongType, "«true» oder «false»") : malformed();
 }
 
-bool JsonReader::read(ondemand::value json, Date& target) {
+template <class T>
+bool JsonReader::readParsed(ondemand::value json, std::string_view expected, JsonError::Kind fault,
+                            T& target) {
     std::string_view text;
-    if (!readText(json, "ein Datum", text)) {
+    if (!readText(json, expected, text)) {
         return false;
     }
-    const auto date = Date::parse(text);
-    if (!date) {
-        return fail(JsonError::Kind::invalidDate);
+    const auto parsed = T::parse(text);
+    if (!parsed) {
+        return fail(fault);
     }
-    target = *date;
+    target = *parsed;
     return true;
 }
 
+bool JsonReader::read(ondemand::value json, Date& target) {
+    return readParsed(json, "ein Datum", JsonError::Kind::invalidDate, target);
+}
+
 bool JsonReader::read(ondemand::value json, Moment& target) {
-    std::string_view text;
-    if (!readText(json, "ein Zeitpunkt", text)) {
-        return false;
-    }
-    const auto moment = Moment::parse(text);
-    if (!moment) {
-        return fail(JsonError::Kind::invalidDate);
-    }
-    target = *moment;
-    return true;
+    return readParsed(json, "ein Zeitpunkt", JsonError::Kind::invalidDate, target);
+}
+
+bool JsonReader::read(ondemand::value json, Uuid& target) {
+    return readParsed(json, "eine UUID", JsonError::Kind::invalidUuid, target);
 }
 
 bool JsonReader::read(ondemand::value json, std::set<std::string>& target) {
@@ -164,19 +165,6 @@ bool JsonReader::read(ondemand::value json, std::set<std::string>& target) {
         std::string text;
         return read(item, text) && (target.insert(std::move(text)), true);
     });
-}
-
-bool JsonReader::read(ondemand::value json, Uuid& target) {
-    std::string_view text;
-    if (!readText(json, "eine UUID", text)) {
-        return false;
-    }
-    const auto id = Uuid::parse(text);
-    if (!id) {
-        return fail(JsonError::Kind::invalidUuid);
-    }
-    target = *id;
-    return true;
 }
 
 bool JsonReader::skip(ondemand::value json) {

@@ -92,6 +92,10 @@ class JsonReader {
     /// Walks a value nobody asked for, so that a damaged file is noticed there too.
     bool skip(ondemand::value json);
 
+    /// A text that the type reads by itself; `fault` when it does not.
+    template <class T>
+    bool readParsed(ondemand::value json, std::string_view expected, JsonError::Kind fault,
+                    T& target);
     /// A text value; false, with the error set, for another type.
     bool readText(ondemand::value json, std::string_view expected, std::string_view& target);
     static std::string_view token(ondemand::value& json) noexcept;

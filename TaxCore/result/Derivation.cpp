@@ -127,4 +127,19 @@ void DerivationRecorder::keep(std::string code, std::string label, Draft&& draft
     }
 }
 
+Derivation::Sides Derivation::sides() const {
+    bool hasCanton = canton.has_value();
+    bool hasFederal = federal.has_value();
+    bool differs = canton != federal;
+    for (const DerivationStep& step : steps) {
+        hasCanton = hasCanton || step.canton;
+        hasFederal = hasFederal || step.federal;
+        differs = differs || step.canton != step.federal;
+    }
+    if (hasCanton && hasFederal) {
+        return differs ? Sides::parted : Sides::alike;
+    }
+    return hasFederal ? Sides::federal : Sides::canton;
+}
+
 } // namespace taxcore

@@ -87,7 +87,7 @@ struct EnumTable<DerivationStep::Kind> {
         EnumRow{input, "input", "Eingabe"},       EnumRow{line, "line", "Zeile"},
         EnumRow{rule, "rule", "Regel"},           EnumRow{step, "step", "Zwischenergebnis"},
         EnumRow{cap, "cap", "Höchstbetrag"},      EnumRow{threshold, "threshold", "Schwelle"},
-        EnumRow{rounding, "rounding", "Rundung"}, EnumRow{fact, "fact", "Feststellung"},
+        EnumRow{rounding, "rounding", "Rundung"}, EnumRow{fact, "fact", "Umstand"},
     };
 };
 TAXCORE_ENUM_TABLE_CHECK(DerivationStep::Kind);
@@ -100,6 +100,15 @@ struct Derivation {
     Unit unit = Unit::francs;
     std::optional<Decimal> canton;  ///< absent for a figure of the federal tax alone
     std::optional<Decimal> federal; ///< absent for a figure of the canton alone
+
+    /// Whose amounts a derivation tells.
+    enum class Sides {
+        canton,  ///< the canton's alone, or those of a tax without parts
+        federal, ///< the federation's alone
+        alike,   ///< both, and they are the same in every step
+        parted   ///< both, and somewhere they differ
+    };
+    Sides sides() const;
 
     bool operator==(const Derivation&) const = default;
 };

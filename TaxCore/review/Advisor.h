@@ -114,7 +114,8 @@ struct Advisor {
     /// of years, up to the last year in which the person may buy in; each is searched in 400ths of
     /// the sum, cut to full francs. What is entered as a buy-in already stays in every year. The
     /// years are taken to be like that of the case. No plan, but the reason, for somebody without a
-    /// pension fund or past the reference age, in St.Gallen also when the household drew
+    /// pension fund or past the reference age, for somebody whose certificates show neither
+    /// contributions to a fund nor only the net salary, in St.Gallen also when the household drew
     /// pension-fund capital in the year or the three before, for a person who does not count in the
     /// household, and for a sum that is not above 0. BVG Art. 13, 79b, DBG Art. 33 Abs. 1 Bst. d
     static BuyInPlanning planBuyIn(const CaseCalculator& calculator, const TaxCase& taxCase,

@@ -30,6 +30,9 @@ std::optional<int> ageOf(const Adult& adult, int year);
 /// The adults of a case who count.
 std::vector<Adult> adultsOf(const TaxCase& taxCase);
 
+/// The household's case of a year among those that are known; null when it is not.
+const TaxCase* caseOf(const std::vector<const TaxCase*>& cases, int year) noexcept;
+
 /// What a check tells. `title` and `message` are German; the message says what to do.
 struct Finding {
     /// Stable. Where it can recur it ends in the number of the person, the item or both (from 1) or

@@ -46,7 +46,15 @@ constexpr std::array spellings{
     Spelling{"«", " "},  Spelling{"»", " "},  Spelling{"\u00a0", " "}, Spelling{"–", " "},
     Spelling{"’", " "},  Spelling{"„", " "},  Spelling{"“", " "},      Spelling{"”", " "}};
 
-std::string spelledPlain(std::string_view text) {
+} // namespace
+
+bool hasWord(std::string_view text, std::string_view word) {
+    bool found = false;
+    forEachWord(text, [&](std::string_view other) { found = found || other == word; });
+    return found;
+}
+
+std::string plainText(std::string_view text) {
     std::string plain;
     plain.reserve(text.size());
     while (!text.empty()) {
@@ -60,17 +68,9 @@ std::string spelledPlain(std::string_view text) {
     return lowerAscii(plain);
 }
 
-} // namespace
-
-bool hasWord(std::string_view text, std::string_view word) {
-    bool found = false;
-    forEachWord(text, [&](std::string_view other) { found = found || other == word; });
-    return found;
-}
-
 std::vector<std::string> plainWords(std::string_view text) {
     std::vector<std::string> words;
-    forEachWord(spelledPlain(text), [&](std::string_view word) { words.emplace_back(word); });
+    forEachWord(plainText(text), [&](std::string_view word) { words.emplace_back(word); });
     return words;
 }
 
@@ -81,9 +81,11 @@ std::string itemName(std::string_view name, std::string_view kind, int index) {
     return std::string(kind) + " " + std::to_string(index + 1);
 }
 
-std::string itemWithKind(std::string_view kind, std::string_view name, int index) {
+std::string itemWithKind(std::string_view kind, std::string_view name, int index,
+                         std::string_view between) {
     const std::string named = itemName(name, kind, index);
-    return isBlank(name) ? named : std::string(kind) + " " + named;
+    const std::string link = between.empty() ? " " : " " + std::string(between) + " ";
+    return isBlank(name) ? named : std::string(kind) + link + named;
 }
 
 std::string called(const Child& child, int index) {
@@ -101,6 +103,36 @@ std::string called(const SecurityEntry& entry, int index) {
 
 std::string called(const RealEstate& property, int index) {
     return itemName(property.description, "Liegenschaft", index);
+}
+
+std::string called(const Donation& donation, int index) {
+    return itemWithKind("Spende", donation.recipient, index, "an");
+}
+
+std::string called(const MedicalCost& bill, int index) {
+    return itemWithKind("Rechnung", bill.provider, index);
+}
+
+std::string called(const Debt& debt, int index) {
+    return itemWithKind("Schuld", debt.creditor, index, "bei");
+}
+
+std::string called(const InsurancePolicy& policy, int index) {
+    return itemWithKind("Versicherung", policy.company, index);
+}
+
+std::string sentenceOn(IbanFault fault) {
+    switch (fault) {
+    case IbanFault::form:
+        return "Eine IBAN beginnt mit zwei Buchstaben und zwei Prüfziffern, danach folgt die "
+               "Kontonummer aus Ziffern und Buchstaben.";
+    case IbanFault::length:
+        return "Die IBAN ist zu kurz oder zu lang; in der Schweiz und in Liechtenstein hat sie 21 "
+               "Zeichen.";
+    case IbanFault::checkDigits:
+        break;
+    }
+    return "Die Prüfziffern der IBAN stimmen nicht; wahrscheinlich ist eine Stelle vertippt.";
 }
 
 } // namespace taxcore::review

@@ -37,6 +37,12 @@ std::vector<Adult> adultsOf(const TaxCase& taxCase) {
     return all;
 }
 
+const TaxCase* caseOf(const std::vector<const TaxCase*>& cases, int year) noexcept {
+    const auto found =
+        std::ranges::find(cases, year, [](const TaxCase* taxCase) { return taxCase->year; });
+    return found == cases.end() ? nullptr : *found;
+}
+
 CheckContext::CheckContext(const ReviewInput& input, std::vector<Notice>& findings)
     : taxCase(input.taxCase), result(input.result), today(input.today), documents(input.documents),
       otherYears(input.otherYears), stGallen(input.calculator.stGallen()),

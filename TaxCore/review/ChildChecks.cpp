@@ -14,8 +14,6 @@ namespace {
 constexpr int youngestParent = 12;
 // Whoever is older hardly still does the first training that parents pay for.
 constexpr int oldestTrainee = 30;
-// School is compulsory about until this age.
-constexpr int schoolLeavingAge = 16;
 // A grammar school takes pupils in the year they turn twelve, in Liechtenstein after five years of
 // primary school.
 constexpr int earliestGrammarSchool = 11;

@@ -1,6 +1,6 @@
-#include "TaxCore/base/Iban.h"
 #include "TaxCore/base/Text.h"
 #include "TaxCore/review/CheckParts.h"
+#include "TaxCore/review/CheckText.h"
 
 #include <algorithm>
 
@@ -132,20 +132,6 @@ void checkRegisterNumber(CheckContext& c) {
     }
 }
 
-const char* sentenceOn(IbanFault fault) {
-    switch (fault) {
-    case IbanFault::form:
-        return "Eine IBAN beginnt mit zwei Buchstaben und zwei Prüfziffern, danach folgt die "
-               "Kontonummer aus Ziffern und Buchstaben.";
-    case IbanFault::length:
-        return "Die IBAN ist zu kurz oder zu lang; in der Schweiz und in Liechtenstein hat sie 21 "
-               "Zeichen.";
-    case IbanFault::checkDigits:
-        break;
-    }
-    return "Die Prüfziffern der IBAN stimmen nicht; wahrscheinlich ist eine Stelle vertippt.";
-}
-
 void checkIban(CheckContext& c) {
     if (isBlank(c.taxCase.iban)) {
         if (c.result.withholdingTaxRefund > 0) {
@@ -158,7 +144,7 @@ void checkIban(CheckContext& c) {
     }
     if (const auto fault = ibanFault(c.taxCase.iban)) {
         c.error({"iban-ungueltig", "family", "IBAN ungültig",
-                 std::string(sentenceOn(*fault)) + " Bitte mit dem Kontoauszug vergleichen.",
+                 sentenceOn(*fault) + " Bitte mit dem Kontoauszug vergleichen.",
                  FieldPath("iban")});
     }
 }

@@ -109,29 +109,13 @@ void bundleDonations(TipContext& c) {
 
 /// SteG Art. 16
 void enterChildEducation(TipContext& c) {
-    const Decimal& maximum = c.liechtenstein()->ausbildungKindMax;
-    forEachItem(c.taxCase().children, [&](const Child& child, int index) {
-        if (child.educationCosts > 0 || !mayHaveEducationCosts(child, c.taxCase().year)) {
-            return;
-        }
-        c.suggest({.id = itemId("tipp-li-ausbildung", index),
-                   .area = "other",
-                   .title = "Ausbildungskosten eintragen",
-                   .message = "Für " + called(child, index)
-                              + " sind keine Ausbildungskosten eingetragen. Was Sie für Lehre, "
-                                "Mittelschule oder Studium selbst bezahlt haben, ist mit Belegen "
-                                "nach Abzug der Stipendien bis "
-                              + money(maximum)
-                              + " abziehbar; die Kosten der öffentlichen Pflichtschule sind es "
-                                "nicht. Kosten von zum Beispiel "
-                              + money(exampleCosts) + " sparen so viel.",
-                   .law = cited(li::law::deductions),
-                   .path = FieldPath("children", "educationCosts").at(index),
-                   .change = [&](TaxCase& changed) {
-                       Child& own = changed.children[static_cast<std::size_t>(index)];
-                       own.educationCosts = exampleCosts + own.scholarships;
-                   }});
-    });
+    enterChildEducation(c, "tipp-li-ausbildung", li::law::deductions,
+                        "Was Sie für Lehre, Mittelschule oder Studium selbst bezahlt haben, ist "
+                        "mit Belegen nach Abzug der Stipendien bis "
+                            + money(c.liechtenstein()->ausbildungKindMax)
+                            + " abziehbar; die Kosten der öffentlichen Pflichtschule sind es "
+                              "nicht.",
+                        exampleCosts);
 }
 
 /// SteG Art. 16
@@ -145,8 +129,7 @@ void enterFurtherEducation(TipContext& c, const Adult& adult) {
                .title = "Aus- und Weiterbildung eintragen – " + adult.called(),
                .message = "Selbst bezahlte berufsorientierte Aus- und Weiterbildung ist bis "
                           + money(c.liechtenstein()->weiterbildungMax)
-                          + " abziehbar; eingetragen ist keine. Kosten von zum Beispiel "
-                          + money(exampleCosts) + " sparen so viel.",
+                          + " abziehbar; eingetragen ist keine." + exampleSaves(exampleCosts),
                .law = cited(li::law::deductions),
                .path = adult.deductionPath("furtherEducation"),
                .change = [&](TaxCase& changed) {

@@ -80,18 +80,6 @@ void checkKilometres(CheckContext& c, const Way& it) {
     }
 }
 
-void checkDays(CheckContext& c, const Way& it, std::string_view stem, std::string_view field,
-               const std::string& what, int days) {
-    if (days > it.rules.fahrMaxTage) {
-        c.warning({it.adult.id(stem), "work",
-                   "Mehr als " + std::to_string(it.rules.fahrMaxTage) + " Tage",
-                   what + " von " + it.adult.called() + " sind " + std::to_string(days)
-                       + " Tage eingetragen; es zählen höchstens "
-                       + std::to_string(it.rules.fahrMaxTage) + ".",
-                   it.path(field)});
-    }
-}
-
 /// The seat of all employers against the place of work.
 void checkPlaceOfWork(CheckContext& c, const Way& it) {
     const auto& salaries = it.adult.income.salaries;
@@ -137,9 +125,13 @@ void checkWorkInLiechtenstein(CheckContext& c, const LIRules& rules) {
         }
         checkPlaces(c, it);
         checkKilometres(c, it);
-        checkDays(c, it, "li-arbeitstage", "workDays", "Beim Arbeitsweg", it.commute.workDays);
-        checkDays(c, it, "li-verpflegung-tage", "mealDays", "Bei der Verpflegung",
-                  it.commute.mealDays);
+        checkDays(c, adult,
+                  {"li-arbeitstage", "Beim Arbeitsweg", it.path("workDays"), it.commute.workDays},
+                  rules.fahrMaxTage);
+        checkDays(c, adult,
+                  {"li-verpflegung-tage", "Bei der Verpflegung", it.path("mealDays"),
+                   it.commute.mealDays},
+                  rules.fahrMaxTage);
         checkPlaceOfWork(c, it);
     }
     checkFareTable(c);

@@ -144,17 +144,16 @@ void checkDonation(CheckContext& c, const Donation& donation, int index) {
     const auto path = [&](std::string_view field) {
         return FieldPath("householdDeductions", "donations", field).at(index);
     };
-    const std::string name = itemName(donation.recipient, "Spende", index);
     if (!donation.isPoliticalParty && isToParty(c, donation)) {
         c.warning({itemId("spende-an-partei", index), page, "Spende an eine Partei?",
-                   name
+                   itemName(donation.recipient, "Spende", index)
                        + " sieht nach einer politischen Partei aus. Spenden an Parteien werden "
                          "anders behandelt; bitte das Feld «Partei» ankreuzen, falls es zutrifft.",
                    path("isPoliticalParty")});
     }
     if (donation.date && donation.date->year() != c.taxCase.year) {
         c.warning({itemId("spende-anderes-jahr", index), page, "Spende aus einem anderen Jahr",
-                   "Die Spende an " + name + " trägt ein Datum von "
+                   "Die " + called(donation, index) + " trägt ein Datum von "
                        + std::to_string(donation.date->year()) + ". Abziehbar sind nur Spenden von "
                        + std::to_string(c.taxCase.year) + ".",
                    path("date")});
@@ -165,19 +164,18 @@ void checkMedicalBill(CheckContext& c, const MedicalCost& bill, int index) {
     const auto path = [&](std::string_view field) {
         return FieldPath("householdDeductions", "medicalCosts", field).at(index);
     };
-    const std::string name = itemName(bill.provider, "Rechnung", index);
+    const std::string name = called(bill, index);
     if (bill.date && bill.date->year() != c.taxCase.year) {
         c.warning({itemId("rechnung-anderes-jahr", index), page, "Rechnung aus einem anderen Jahr",
-                   "Die Krankheitskosten " + name + " tragen ein Datum von "
-                       + std::to_string(bill.date->year())
-                       + ". Sie gehören in das Steuerjahr, in "
-                         "dem sie angefallen sind; bitte prüfen.",
+                   "Die " + name + " trägt ein Datum von " + std::to_string(bill.date->year())
+                       + ". Krankheitskosten gehören in das Steuerjahr, in dem sie angefallen "
+                         "sind; bitte prüfen.",
                    path("date")});
     }
     if (bill.reimbursed > bill.gross) {
         c.warning({itemId("rechnung-rueckverguetung", index), page,
                    "Rückvergütung über der Rechnung",
-                   "Bei den Krankheitskosten " + name + " ist mehr zurückerstattet ("
+                   "Bei der " + name + " ist mehr zurückerstattet ("
                        + MoneyFormat::fr(bill.reimbursed) + ") als in Rechnung gestellt ("
                        + MoneyFormat::fr(bill.gross) + "). Sind die Beträge vertauscht?",
                    path("reimbursed")});
@@ -240,9 +238,9 @@ void checkOtherDeductions(CheckContext& c) {
     const HouseholdDeductions& d = c.taxCase.householdDeductions;
     if (!d.otherDeductions.isZero() && isBlank(d.otherDeductionsDescription)) {
         c.warning({"uebrige-abzuege-beschreibung", page, "Übrige Abzüge ohne Beschreibung",
-                   "Bitte beschreiben, wofür der übrige Abzug von "
+                   "Bitte beschreiben, wofür die übrigen Abzüge von "
                        + MoneyFormat::fr(d.otherDeductions)
-                       + " steht. Ohne Grund wird er nicht gewährt.",
+                       + " stehen. Ohne Begründung werden sie nicht gewährt.",
                    householdPath("otherDeductionsDescription")});
     }
 }
@@ -250,7 +248,7 @@ void checkOtherDeductions(CheckContext& c) {
 void checkCooperation(CheckContext& c) {
     if (c.taxCase.householdDeductions.significantCooperation && !c.taxCase.isJoint()) {
         c.warning(
-            {"mitarbeit-alleinstehend", page, "Mitarbeit ohne Ehepartner",
+            {"mitarbeit-alleinstehend", page, "Mitarbeit ohne Ehegatten",
              "Die erhebliche Mitarbeit im Beruf des andern zählt nur bei gemeinsam besteuerten "
              "Paaren. Bitte das Häkchen oder den Zivilstand prüfen.",
              householdPath("significantCooperation")});

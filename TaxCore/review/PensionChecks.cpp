@@ -14,12 +14,12 @@ namespace taxcore::review {
 namespace {
 
 constexpr std::string_view page = "pension";
+
+bool holdsBuyIn(const SalaryCertificate& certificate) { return certificate.pensionBuyIn > 0; }
+
 /// Bought into the pension fund, privately or through the salary.
 bool buysIn(const PersonIncome& income, const PersonDeductions& deductions) {
-    return deductions.pensionBuyIn > 0
-           || std::ranges::any_of(income.salaries, [](const SalaryCertificate& certificate) {
-                  return certificate.pensionBuyIn > 0;
-              });
+    return deductions.pensionBuyIn > 0 || std::ranges::any_of(income.salaries, holdsBuyIn);
 }
 
 Decimal earnedOf(const Adult& adult) { return taxcore::Adult(adult).earned(); }
@@ -33,10 +33,7 @@ FieldPath buyInPath(const Adult& adult) {
     if (adult.deductions.pensionBuyIn > 0) {
         return adult.deductionPath("pensionBuyIn");
     }
-    const auto found =
-        std::ranges::find_if(adult.income.salaries, [](const SalaryCertificate& certificate) {
-            return certificate.pensionBuyIn > 0;
-        });
+    const auto found = std::ranges::find_if(adult.income.salaries, holdsBuyIn);
     return FieldPath("income", "salaries", "pensionBuyIn")
         .of(adult.number)
         .at(static_cast<int>(found - adult.income.salaries.begin()));
@@ -98,12 +95,11 @@ void checkPillar3aBuyIn(CheckContext& c, const Adult& adult) {
 void checkPillar3aGap(CheckContext& c, const Adult& adult) {
     const int before = c.taxCase.year - 1;
     const Decimal& buyIn = adult.deductions.pillar3aBuyIn;
-    const auto earlier =
-        std::ranges::find(c.otherYears, before, [](const TaxCase* other) { return other->year; });
-    if (c.taxCase.year != firstYearOfPillar3aBuyIn || buyIn <= 0 || earlier == c.otherYears.end()) {
+    const TaxCase* const earlier = caseOf(c.otherYears, before);
+    if (c.taxCase.year != firstYearOfPillar3aBuyIn || buyIn <= 0 || earlier == nullptr) {
         return;
     }
-    const auto gap = pillar3aGapOf(**earlier, adult.number);
+    const auto gap = pillar3aGapOf(*earlier, adult.number);
     if (!gap || buyIn <= *gap) {
         return;
     }

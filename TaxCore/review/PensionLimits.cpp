@@ -13,6 +13,13 @@ namespace {
 constexpr int lastAgeOfPillar3a = 70;
 constexpr int firstAgeOfBenefits3a = 60; // five years before the reference age
 
+/// Whether one of the household's cases is as asked for.
+template <class Is>
+bool anyCase(const TaxCase& taxCase, const std::vector<const TaxCase*>& otherYears, const Is& is) {
+    return is(taxCase)
+           || std::ranges::any_of(otherYears, [&](const TaxCase* other) { return is(*other); });
+}
+
 } // namespace
 
 bool isTooOldForPillar3a(const Adult& adult, int year) {
@@ -50,15 +57,13 @@ std::optional<Decimal> pillar3aGapOf(const TaxCase& earlier, int person) {
 
 bool mayHaveDrawnPillar3a(const Adult& adult, const TaxCase& taxCase,
                           const std::vector<const TaxCase*>& otherYears) {
-    const auto draws = [&](const TaxCase& other) {
+    return anyCase(taxCase, otherYears, [&](const TaxCase& other) {
         return other.year <= taxCase.year
                && ageOf(adult, other.year).value_or(0) >= firstAgeOfBenefits3a
                && std::ranges::any_of(other.capitalPayments, [](const CapitalPayment& payment) {
                       return payment.kind == CapitalPayment::Kind::saeule3a && payment.amount > 0;
                   });
-    };
-    return draws(taxCase)
-           || std::ranges::any_of(otherYears, [&](const TaxCase* other) { return draws(*other); });
+    });
 }
 
 bool hasPensionContributions(const PersonIncome& income) {
@@ -88,12 +93,10 @@ bool drewPensionCapital(const TaxCase& taxCase) {
 
 bool drewPensionCapitalLately(const TaxCase& taxCase,
                               const std::vector<const TaxCase*>& otherYears) {
-    const auto draws = [&](const TaxCase& other) {
+    return anyCase(taxCase, otherYears, [&](const TaxCase& other) {
         return other.year <= taxCase.year && other.year >= taxCase.year - yearsWithoutCapital
                && drewPensionCapital(other);
-    };
-    return draws(taxCase)
-           || std::ranges::any_of(otherYears, [&](const TaxCase* other) { return draws(*other); });
+    });
 }
 
 } // namespace taxcore::review

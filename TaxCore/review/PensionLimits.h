@@ -39,7 +39,7 @@ std::optional<Decimal> pillar3aGapOf(const TaxCase& earlier, int person);
 
 /// Whether old-age benefits of pillar 3a were probably drawn, after which no gap can be closed any
 /// more: a payment of the household up to the case's year, as far as they are known, when the
-/// person was 60 or older. BVV 3 Art. 3 Abs. 1 und Art. 7a
+/// person was 60 or older. BVV 3 Art. 3 Abs. 1 and Art. 7a
 bool mayHaveDrawnPillar3a(const Adult& adult, const TaxCase& taxCase,
                           const std::vector<const TaxCase*>& otherYears);
 
@@ -51,7 +51,7 @@ bool hasNetSalaryOnly(const PersonIncome& income);
 
 /// Whether the person may still buy into a pension fund: it has one, a certificate shows
 /// contributions, and the reference age of 65 is not past. A missing birth date counts as not past.
-/// BVG Art. 13 Abs. 1 und Art. 79b
+/// BVG Art. 13 Abs. 1 and Art. 79b
 bool mayBuyIntoPensionFund(const Adult& adult, int year);
 
 /// Whether a payment is capital of a pension fund; an entry without an amount is none.

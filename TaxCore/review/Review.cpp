@@ -1,6 +1,7 @@
 #include "TaxCore/review/Review.h"
 
 #include "TaxCore/base/JsonWriter.h"
+#include "TaxCore/review/CheckContext.h"
 
 #include <algorithm>
 #include <array>
@@ -14,20 +15,19 @@ namespace {
 
 /// Adds the change against the year before, when its case is known, or why there is none.
 void addChange(Review& review, const ReviewInput& input) {
-    const auto before = std::ranges::find(input.otherYears, input.taxCase.year - 1,
-                                          [](const TaxCase* other) { return other->year; });
-    if (before == input.otherYears.end()) {
+    const TaxCase* const before = review::caseOf(input.otherYears, input.taxCase.year - 1);
+    if (before == nullptr) {
         return;
     }
-    auto change = YearComparison::of(**before, input.taxCase, input.calculator, input.result);
+    auto change = YearComparison::of(*before, input.taxCase, input.calculator, input.result);
     if (change) {
         review.change = std::move(*change);
         return;
     }
     const std::string reason =
         change.error().kind == RuleLoadError::Kind::missing
-            ? "Für " + std::to_string((*before)->year) + " gibt es keine Regeln"
-            : "Die Regeln für " + std::to_string((*before)->year) + " sind nicht lesbar";
+            ? "Für " + std::to_string(before->year) + " gibt es keine Regeln"
+            : "Die Regeln für " + std::to_string(before->year) + " sind nicht lesbar";
     review.changeMissing = reason + "; der Vergleich mit dem Vorjahr fehlt.";
 }
 

@@ -22,11 +22,12 @@ struct Review {
     /// Why `change` is absent although that case is known; a German sentence.
     std::optional<std::string> changeMissing;
     std::vector<std::string> notComputed;       ///< German sentences
-    std::optional<IncomeCurve> curve;           ///< only when asked for
-    std::optional<BuyInPlanning> buyInPlanning; ///< only when asked for
+    std::optional<IncomeCurve> curve;           ///< put in by whoever wants it
+    std::optional<BuyInPlanning> buyInPlanning; ///< put in by whoever wants it
 
     bool operator==(const Review&) const = default;
 
+    /// All of it for a computed case, without the curve and the planning, which take their time.
     static Review of(const ReviewInput& input);
 };
 TAXCORE_RECORD(Review, notices, tips, marginalRate, change, changeMissing, notComputed, curve,

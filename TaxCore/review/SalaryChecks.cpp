@@ -88,8 +88,7 @@ void checkSocialContributions(CheckContext& c, const Certificate& it) {
     c.warning({it.id("lohn-ahv-fehlt"), "income", "Lohn ohne AHV-Beiträge",
                "Beim " + it.called() + " sind " + MoneyFormat::fr(it.boxes.grossSalary)
                    + " Bruttolohn eingetragen, aber keine Beiträge in Ziffer 9. Bitte mit dem "
-                     "Lohnausweis "
-                     "vergleichen.",
+                     "Lohnausweis vergleichen.",
                it.path("socialContributions")});
 }
 

@@ -1,4 +1,3 @@
-#include "TaxCore/base/Text.h"
 #include "TaxCore/model/Household.h"
 #include "TaxCore/result/Sums.h"
 #include "TaxCore/review/CheckParts.h"
@@ -13,9 +12,9 @@ namespace review {
 
 namespace {
 
-/// Whether a text holds a word, given in small letters; case does not matter.
+/// Whether a text holds a word, given as `plainText` writes it.
 bool mentions(std::string_view text, std::string_view word) {
-    return lowerAscii(text).find(word) != std::string::npos;
+    return plainText(text).find(word) != std::string::npos;
 }
 
 bool livesOnOtherIncome(const PersonIncome& income) {
@@ -23,8 +22,7 @@ bool livesOnOtherIncome(const PersonIncome& income) {
            || !income.pensions.empty() || income.dailyAllowances != 0 || income.unemployment != 0;
 }
 
-/// The months of the year in which somebody of the household had a salary, first and last; absent
-/// when not all periods are known or when the household lives on something else too.
+/// The months of the year in which somebody of the household had a salary, first and last.
 struct SalariedMonths {
     int first = 12;
     int last = 1;
@@ -41,6 +39,7 @@ bool isSalariedWithinYear(const Adult& adult, int year) {
               });
 }
 
+/// Absent when not all periods are known or when the household lives on something else too.
 std::optional<SalariedMonths> salariedMonths(const CheckContext& c) {
     SalariedMonths months;
     bool any = false;
@@ -94,7 +93,7 @@ void checkProperties(CheckContext& c) {
                        + (here ? "im Kanton St.Gallen. Die Ausscheidung zwischen Kantonen und "
                                  "Ländern"
                                : "in Liechtenstein. Die Ausscheidung zwischen den Ländern")
-                       + " berechnet das Programm nicht; sie zählt hier voll.",
+                       + " berechnet das Programm nicht; die Liegenschaft zählt hier voll.",
                    FieldPath("realEstate", "canton").at(at)});
     });
 }
@@ -130,7 +129,7 @@ void checkTaxAtSource(CheckContext& c, const Adult& adult) {
 /// Foreign tax on dividends and interest, where the register names it.
 void checkForeignWithholding(CheckContext& c) {
     constexpr std::array<std::string_view, 4> signs{"da-1", "da1", "quellensteuer",
-                                                    "steuerrückbehalt"};
+                                                    "steuerrueckbehalt"};
     forEachItem(c.taxCase.securities, [&](const SecurityEntry& entry, int at) {
         const auto isNamed = [&](std::string_view sign) {
             return mentions(entry.description, sign) || mentions(entry.institution, sign);
@@ -149,12 +148,11 @@ void checkForeignWithholding(CheckContext& c) {
 
 /// What changed since the return of the year before. StG SG Art. 20, DBG Art. 9 and 42
 void checkYearBefore(CheckContext& c) {
-    const auto found = std::ranges::find_if(
-        c.otherYears, [&](const TaxCase* other) { return other->year == c.taxCase.year - 1; });
-    if (found == c.otherYears.end()) {
+    const TaxCase* const known = caseOf(c.otherYears, c.taxCase.year - 1);
+    if (known == nullptr) {
         return;
     }
-    const TaxCase& before = **found;
+    const TaxCase& before = *known;
     if (before.taxRegion() != c.taxCase.taxRegion()) {
         c.warning({"nicht-berechnet-umzug", "family", "Umzug über die Grenze",
                    "Die Steuererklärung " + std::to_string(before.year)
@@ -168,8 +166,7 @@ void checkYearBefore(CheckContext& c) {
                 "Im Vorjahr galt «" + std::string(label(before.civilStatus)) + "», jetzt «"
                     + std::string(label(c.taxCase.civilStatus))
                     + "». Gerechnet wird mit dem Stand am 31. Dezember; bei einem Todesfall im "
-                      "Lauf des Jahres "
-                      "gelten besondere Regeln, die das Programm nicht berechnet.",
+                      "Lauf des Jahres gelten besondere Regeln, die das Programm nicht berechnet.",
                 FieldPath("civilStatus")});
     }
 }

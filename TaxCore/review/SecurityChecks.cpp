@@ -75,10 +75,11 @@ void checkOwner(CheckContext& c, const SecurityEntry& entry, int index) {
 }
 
 void checkAccountNumber(CheckContext& c, const SecurityEntry& entry, int index) {
-    if (looksLikeIban(entry.ibanOrValor) && ibanFault(entry.ibanOrValor)) {
+    const auto fault = ibanFault(entry.ibanOrValor);
+    if (looksLikeIban(entry.ibanOrValor) && fault) {
         c.warning({itemId("iban-pruefziffer", index), page, "IBAN stimmt nicht",
-                   "Die Prüfziffer der IBAN von " + called(entry, index)
-                       + " geht nicht auf. Bitte mit dem Kontoauszug vergleichen.",
+                   called(entry, index) + ": " + sentenceOn(*fault)
+                       + " Bitte mit dem Kontoauszug vergleichen.",
                    pathOf(index, "ibanOrValor")});
     }
 }

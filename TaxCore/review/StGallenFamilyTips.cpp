@@ -32,9 +32,8 @@ void enterChildcare(TipContext& c) {
                                 "Betreuung während der Arbeitszeit bezahlt haben (Kita, Hort, "
                                 "Tagesfamilie), ist beim Kanton bis "
                               + money(rules.cantonal.kinderbetreuungMax) + ", beim Bund bis "
-                              + money(rules.federal.kinderbetreuungMax)
-                              + " abziehbar. Kosten von zum Beispiel " + money(exampleCosts)
-                              + " sparen so viel.",
+                              + money(rules.federal.kinderbetreuungMax) + " abziehbar."
+                              + exampleSaves(exampleCosts),
                    .law = cited(law::childcare),
                    .path = FieldPath("children", "childcareCosts").at(index),
                    .change = [&](TaxCase& changed) {
@@ -48,28 +47,12 @@ void enterChildcare(TipContext& c) {
 /// Bst. a Ziff. 3
 void enterChildEducation(TipContext& c) {
     const DeductionParams& rules = c.stGallen()->cantonal;
-    const Decimal example = rules.ausbildungskostenSelbstbehalt + exampleCosts;
-    forEachItem(c.taxCase().children, [&](const Child& child, int index) {
-        if (child.educationCosts > 0 || !mayHaveEducationCosts(child, c.taxCase().year)) {
-            return;
-        }
-        c.suggest({.id = itemId("tipp-ausbildung", index),
-                   .area = "other",
-                   .title = "Ausbildungskosten eintragen",
-                   .message = "Für " + called(child, index)
-                              + " sind keine Ausbildungskosten eingetragen. Was Sie nach Abzug der "
-                                "Stipendien selbst bezahlt haben, ist beim Kanton abziehbar, "
-                                "soweit es "
-                              + money(rules.ausbildungskostenSelbstbehalt)
-                              + " übersteigt, höchstens " + money(rules.ausbildungskostenMax)
-                              + ". Kosten von zum Beispiel " + money(example) + " sparen so viel.",
-                   .law = cited(law::childEducation),
-                   .path = FieldPath("children", "educationCosts").at(index),
-                   .change = [&](TaxCase& changed) {
-                       Child& own = changed.children[static_cast<std::size_t>(index)];
-                       own.educationCosts = example + own.scholarships;
-                   }});
-    });
+    enterChildEducation(c, "tipp-ausbildung", law::childEducation,
+                        "Was Sie nach Abzug der Stipendien selbst bezahlt haben, ist beim Kanton "
+                        "abziehbar, soweit es "
+                            + money(rules.ausbildungskostenSelbstbehalt) + " übersteigt, höchstens "
+                            + money(rules.ausbildungskostenMax) + ".",
+                        rules.ausbildungskostenSelbstbehalt + exampleCosts);
 }
 
 /// The employed get it from the canton without proof of costs.
@@ -139,27 +122,28 @@ void reachDonationMinimum(TipContext& c) {
 
 /// Costs in the upper half of the threshold: what can be planned is better paid in one year.
 void bundleMedicalCosts(TipContext& c) {
-    constexpr int further = 1'000;
     const Decimal costs = c.base().value("krankheitskosten");
     const Decimal threshold = c.base().value("krankheitSelbstbehalt");
     if (costs <= 0 || costs >= threshold || costs * 2 < threshold) {
         return;
     }
     const Decimal missing = threshold - costs;
-    c.suggest({.id = "tipp-krankheitskosten",
-               .area = "other",
-               .title = "Krankheitskosten in einem Jahr bündeln",
-               .message = "Bis zum Selbstbehalt des Kantons fehlen " + money(missing)
-                          + ". Planbare Behandlungen im gleichen Jahr lohnen sich: Was ihn um "
-                          + money(further) + " übersteigt, spart so viel.",
-               .law = cited(law::medicalCosts),
-               .path = FieldPath("householdDeductions", "medicalCosts"),
-               .change =
-                   [&](TaxCase& changed) {
-                       changed.householdDeductions.medicalCosts.emplace_back().gross =
-                           missing + further;
-                   },
-               .inTheYear = true});
+    c.suggest(
+        {.id = "tipp-krankheitskosten",
+         .area = "other",
+         .title = "Krankheitskosten in einem Jahr bündeln",
+         .message =
+             "Bis zum Selbstbehalt des Kantons fehlen " + money(missing)
+             + ". Planbare Behandlungen im gleichen Jahr lohnen sich: Was den Selbstbehalt um "
+             + money(exampleCosts) + " übersteigt, spart so viel.",
+         .law = cited(law::medicalCosts),
+         .path = FieldPath("householdDeductions", "medicalCosts"),
+         .change =
+             [&](TaxCase& changed) {
+                 changed.householdDeductions.medicalCosts.emplace_back().gross =
+                     missing + exampleCosts;
+             },
+         .inTheYear = true});
 }
 
 void declareCooperation(TipContext& c) {

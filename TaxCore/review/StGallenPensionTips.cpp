@@ -61,7 +61,7 @@ void buyIntoPillar3a(TipContext& c, const Adult& adult) {
     }
     // What last year left open where it is known, else the most that may be open.
     Decimal gap = params.mitPensionskasse;
-    if (const TaxCase* before = c.caseOf(c.taxCase().year - 1)) {
+    if (const TaxCase* before = caseOf(c.otherYears(), c.taxCase().year - 1)) {
         gap = std::min(gap, pillar3aGapOf(*before, adult.number).value_or(gap));
     }
     if (adult.deductions.pillar3aBuyIn >= gap) {

@@ -116,10 +116,7 @@ void rideABicycle(TipContext& c, const Adult& adult) {
     const WorkExpenses& work = adult.deductions.work;
     const bool anyWay =
         work.publicTransportCost > 0 || work.useBicycle || work.carKmOneWay > 0 || work.weeklyStay;
-    const bool main = std::ranges::any_of(adult.income.salaries, [](const auto& certificate) {
-        return certificate.isMainEmployment;
-    });
-    if (anyWay || !main) {
+    if (anyWay || !EmploymentFacts(adult.income.salaries).hasMain) {
         return;
     }
     c.suggest({.id = adult.id("tipp-arbeitsweg"),

@@ -2,6 +2,8 @@
 
 #include "TaxCore/base/MoneyFormat.h"
 #include "TaxCore/model/Household.h"
+#include "TaxCore/review/CheckParts.h"
+#include "TaxCore/review/CheckText.h"
 
 #include <algorithm>
 #include <utility>
@@ -28,12 +30,6 @@ TipContext::TipContext(const CaseCalculator& calculator, const TaxCase& taxCase,
                        const std::vector<const TaxCase*>& otherYears)
     : calculator_(calculator), taxCase_(taxCase), base_(base), today_(today),
       otherYears_(otherYears), adults_(adultsOf(taxCase)) {}
-
-const TaxCase* TipContext::caseOf(int year) const noexcept {
-    const auto found =
-        std::ranges::find(otherYears_, year, [](const TaxCase* other) { return other->year; });
-    return found == otherYears_.end() ? nullptr : *found;
-}
 
 Decimal TipContext::taxWith(const std::function<void(TaxCase&)>& change) const {
     TaxCase changed = taxCase_;
@@ -74,11 +70,35 @@ std::vector<Notice> TipContext::ordered() && {
     return std::move(tips_);
 }
 
-bool mayHaveEducationCosts(const Child& child, int year) {
-    constexpr int schoolLeavingAge = 16;
-    const bool learns =
-        child.education == ChildEducation::ausbildung || child.education == ChildEducation::schule;
-    return learns && child.birthDate && ageAtEndOf(*child.birthDate, year) >= schoolLeavingAge;
+std::string exampleSaves(const Decimal& costs) {
+    return " Kosten von zum Beispiel " + money(costs) + " sparen so viel.";
+}
+
+void enterChildEducation(TipContext& c, std::string_view stem, const Law& law,
+                         const std::string& deductible, const Decimal& example) {
+    const auto mayCost = [&](const Child& child) {
+        const bool learns = child.education == ChildEducation::ausbildung
+                            || child.education == ChildEducation::schule;
+        return learns && child.birthDate
+               && ageAtEndOf(*child.birthDate, c.taxCase().year) >= schoolLeavingAge;
+    };
+    forEachItem(c.taxCase().children, [&](const Child& child, int index) {
+        if (child.educationCosts > 0 || !mayCost(child)) {
+            return;
+        }
+        c.suggest({.id = itemId(stem, index),
+                   .area = "other",
+                   .title = "Ausbildungskosten eintragen",
+                   .message = "Für " + called(child, index)
+                              + " sind keine Ausbildungskosten eingetragen. " + deductible
+                              + exampleSaves(example),
+                   .law = cited(law),
+                   .path = FieldPath("children", "educationCosts").at(index),
+                   .change = [&](TaxCase& changed) {
+                       Child& own = changed.children[static_cast<std::size_t>(index)];
+                       own.educationCosts = example + own.scholarships;
+                   }});
+    });
 }
 
 void computeVehicleValue(TipContext& c, const Law& law) {

@@ -47,8 +47,7 @@ class TipContext {
     const LIRules* liechtenstein() const noexcept { return calculator_.liechtenstein(); }
     const std::vector<Adult>& adults() const noexcept { return adults_; }
 
-    /// The household's case of a year; null when it is not known.
-    const TaxCase* caseOf(int year) const noexcept;
+    /// The household's cases of other years, as far as they are known.
     const std::vector<const TaxCase*>& otherYears() const noexcept { return otherYears_; }
 
     /// What the household would pay for the changed case.
@@ -76,9 +75,14 @@ class TipContext {
 /// The part of a case that belongs to a person, for changes.
 PersonDeductions& deductionsOf(TaxCase& taxCase, int person);
 
-/// Whether the parents of a child may bear costs of a training beyond compulsory school: at school
-/// or in training, from 16 on at the year's end.
-bool mayHaveEducationCosts(const Child& child, int year);
+/// The end of a message: what costs of an example save.
+std::string exampleSaves(const Decimal& costs);
+
+/// Costs of a training that are not entered, for every child whose parents may bear such costs: at
+/// school beyond the compulsory one or in training. The ids begin with `stem`; `deductible` tells
+/// what the region's `law` deducts, and `example` is what the parents pay in the example.
+void enterChildEducation(TipContext& c, std::string_view stem, const Law& law,
+                         const std::string& deductible, const Decimal& example);
 
 /// A vehicle whose computed value is below the one entered; `law` is the region's.
 void computeVehicleValue(TipContext& c, const Law& law);

@@ -22,24 +22,24 @@ constexpr int highestInterest = 10;
 constexpr int firstPurchaseYear = 1950;
 
 void checkDebt(CheckContext& c, const Debt& debt, int index) {
-    const std::string name = itemName(debt.creditor, "Schuld", index);
+    const std::string name = called(debt, index);
     const FieldPath interest = FieldPath("debts", "interest").at(index);
     if (debt.interest.isZero() && debt.amount > debtThatCosts) {
         c.warning({itemId("schuld-ohne-zins", index), page, "Schuld ohne Zins",
-                   "Für die Schuld bei " + name + " (" + MoneyFormat::fr(debt.amount)
+                   "Für die " + name + " (" + MoneyFormat::fr(debt.amount)
                        + ") ist kein Zins erfasst. Bezahlte Schuldzinsen sind abziehbar; bitte "
                          "ergänzen, falls es welche gab.",
                    interest});
     } else if (debt.amount.isZero() && debt.interest > 0) {
         c.info({itemId("zins-ohne-schuld", index), page, "Zins ohne Schuld",
-                "Für " + name
-                    + " ist ein Zins erfasst, aber keine Schuld. Das stimmt, wenn sie im "
+                "Für die " + name
+                    + " ist ein Zins erfasst, aber kein Betrag. Das stimmt, wenn sie im "
                       "Lauf des Jahres zurückbezahlt wurde; sonst fehlt der Betrag am "
                       "31. Dezember.",
                 FieldPath("debts", "amount").at(index)});
     } else if (debt.amount > 0 && debt.interest * 100 > debt.amount * highestInterest) {
         c.warning({itemId("schuldzins-hoch", index), page, "Sehr hoher Schuldzins",
-                   "Der Zins der Schuld bei " + name + " (" + MoneyFormat::fr(debt.interest)
+                   "Der Zins der " + name + " (" + MoneyFormat::fr(debt.interest)
                        + ") ist mehr als " + std::to_string(highestInterest)
                        + "% der Schuld. Ist eine Amortisation dabei? Sie ist nicht abziehbar.",
                    interest});
@@ -238,16 +238,16 @@ void checkVehicle(CheckContext& c, const Vehicle& vehicle, int index) {
 }
 
 void checkInsurance(CheckContext& c, const InsurancePolicy& policy, int index) {
-    const std::string name = itemName(policy.company, "Versicherung", index);
+    const std::string name = called(policy, index);
     if (policy.endYear && *policy.endYear < c.taxCase.year) {
         c.warning({itemId("versicherung-abgelaufen", index), page, "Versicherung abgelaufen",
-                   "Die Versicherung " + name + " ist " + std::to_string(*policy.endYear)
+                   "Die " + name + " ist " + std::to_string(*policy.endYear)
                        + " abgelaufen. Falls das stimmt, bitte den Eintrag entfernen.",
                    FieldPath("insurances", "endYear").at(index)});
     }
     if (policy.startYear && *policy.startYear > c.taxCase.year) {
         c.warning({itemId("versicherung-beginn", index), page, "Versicherung beginnt später",
-                   "Die Versicherung " + name + " beginnt erst " + std::to_string(*policy.startYear)
+                   "Die " + name + " beginnt erst " + std::to_string(*policy.startYear)
                        + " und hat in diesem Jahr keinen Wert. Bitte das Jahr prüfen.",
                    FieldPath("insurances", "startYear").at(index)});
     }

@@ -113,18 +113,6 @@ void checkIncompleteMeals(CheckContext& c, const Costs& it) {
                it.path(chosen ? "mealDays" : "meals")});
 }
 
-void checkDays(CheckContext& c, const Costs& it, std::string_view stem, std::string_view field,
-               const std::string& what, int days) {
-    if (days > it.rules.arbeitstageMax) {
-        c.warning({it.adult.id(stem), "work",
-                   "Mehr als " + std::to_string(it.rules.arbeitstageMax) + " Tage",
-                   what + " von " + it.adult.called() + " sind " + std::to_string(days)
-                       + " Tage eingetragen; gerechnet wird mit höchstens "
-                       + std::to_string(it.rules.arbeitstageMax) + ".",
-                   it.path(field)});
-    }
-}
-
 void checkLongDrive(CheckContext& c, const Costs& it) {
     if (!it.drives()) {
         return;
@@ -260,18 +248,34 @@ void checkWorkInStGallen(CheckContext& c, const RuleBook& rules, const Adult& ad
     checkJustification(c, it);
     checkIncompleteDrive(c, it);
     checkFreeTransport(c, it);
-    checkDays(c, it, "arbeitsweg-tage", "carWorkDays", "Beim Arbeitsweg", it.entered.carWorkDays);
+    checkDays(
+        c, adult,
+        {"arbeitsweg-tage", "Beim Arbeitsweg", it.path("carWorkDays"), it.entered.carWorkDays},
+        it.rules.arbeitstageMax);
     checkLongDrive(c, it);
     checkTrainAndCar(c, it);
     checkMealsWithBoxG(c, it);
     checkIncompleteMeals(c, it);
-    checkDays(c, it, "verpflegung-tage", "mealDays", "Bei der Verpflegung", it.entered.mealDays);
+    checkDays(c, adult,
+              {"verpflegung-tage", "Bei der Verpflegung", it.path("mealDays"), it.entered.mealDays},
+              it.rules.arbeitstageMax);
     checkOtherCosts(c, it);
     checkWeeklyStay(c, it);
     checkSideJob(c, it);
 }
 
 } // namespace
+
+void checkDays(CheckContext& c, const Adult& adult, const WorkDays& days, int most) {
+    if (days.entered > most) {
+        c.warning({adult.id(days.stem), "work", "Mehr als " + std::to_string(most) + " Tage",
+                   std::string(days.where) + " von " + adult.called() + " sind "
+                       + std::to_string(days.entered)
+                       + " Tage eingetragen; gerechnet wird mit höchstens " + std::to_string(most)
+                       + ".",
+                   days.path});
+    }
+}
 
 bool drivesDailyBesideWeeklyStay(const WorkExpenses& work, const BerufskostenParams& rules) {
     // Months without a room at the place of work may be commuted daily.

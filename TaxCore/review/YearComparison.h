@@ -34,8 +34,8 @@ struct YearComparison {
     Decimal entries; ///< by what was entered, under the earlier year's law
     Decimal rules;   ///< by deductions and limits of the law
     Decimal tariff;  ///< by the tariffs
-    Decimal
-        multipliers; ///< by the multipliers of canton, municipality and church, or the surcharge
+    /// By the multipliers of canton, municipality and church, or Liechtenstein's surcharge.
+    Decimal multipliers;
     std::vector<LineChange> lines; ///< those that changed, in the order of the return
 
     Decimal difference() const { return after - before; }

@@ -1,10 +1,5 @@
-#include "Fiscarel_SG/AppStore.h"
-
-#include "Fiscarel_SG/store/PosixFiles.h"
 #include "TaxCore/demo/DemoData.h"
-#include "tests/support/FakeServices.h"
-#include "tests/support/RandomCase.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/app/AppStoreFixture.h"
 
 #include <gtest/gtest.h>
 
@@ -18,55 +13,6 @@ using namespace std::chrono_literals;
 using namespace taxcore;
 using testing::readFile;
 using testing::writeFile;
-
-class AppStoreTest : public ::testing::Test {
-  protected:
-    testing::TemporaryFolder folder;
-    PosixFiles files;
-    testing::FakeClock clock;
-    testing::FakeTimers timers;
-    testing::InlineQueue queue;
-    testing::MemorySettings settings;
-    std::unique_ptr<Persistence> persistence;
-    std::unique_ptr<AppStore> store;
-    int saves = 0;
-    int calculations = 0;
-
-    std::filesystem::path root() const { return folder.path() / "Brennick"; }
-    std::filesystem::path stateFile() const { return root() / "daten.json"; }
-
-    AppStore::Services services() { return {persistence.get(), queue, clock, timers, settings}; }
-    /// Starts the program on the folder.
-    AppStore& start(LaunchArguments launch = {}) {
-        store.reset();
-        persistence = std::make_unique<Persistence>(files, clock, root());
-        store = std::make_unique<AppStore>(services(), launch);
-        saves = 0;
-        calculations = 0;
-        store->onLocalSave = [this] { ++saves; };
-        QObject::connect(store.get(), &AppStore::resultChanged, [this] { ++calculations; });
-        return *store;
-    }
-    void pass(std::chrono::milliseconds time) { timers.advance(time); }
-    /// Lets what is pending be computed and saved.
-    void settle() { pass(1s); }
-
-    static void setCash(AppStore& store, int francs) {
-        store.edit("Bargeld", [&](TaxCase& taxCase) { taxCase.cash = francs; });
-    }
-    std::vector<std::string> backupNames() {
-        std::vector<std::string> names;
-        const auto entries = files.list(persistence->backupsFolder());
-        for (const FileEntry& entry : *entries) {
-            names.push_back(entry.name);
-        }
-        return names;
-    }
-    bool hasBackup(std::string_view label) {
-        return std::ranges::any_of(
-            backupNames(), [&](const std::string& name) { return name.starts_with(label); });
-    }
-};
 
 // Years and carrying over.
 
@@ -298,124 +244,7 @@ TEST_F(AppStoreTest, remoteStateCausesNoEcho) {
     EXPECT_NE(store->loadError()->find("Version 2"), std::string::npos);
 }
 
-// Undo.
-
-TEST_F(AppStoreTest, undoesFieldByFieldAndMergesKeystrokes) {
-    start();
-    const TaxCase fresh = store->current();
-    setCash(*store, 1);
-    setCash(*store, 12);
-    setCash(*store, 123);
-    store->edit("Gemeinde", [](TaxCase& taxCase) { taxCase.municipality = "Buchs"; });
-    EXPECT_EQ(store->undoName(), "Gemeinde");
-    EXPECT_EQ(store->undo(), "Gemeinde");
-    EXPECT_EQ(store->current().cash, 123);
-    EXPECT_EQ(store->redoName(), "Gemeinde");
-    EXPECT_EQ(store->undo(), "Bargeld");
-    EXPECT_EQ(store->current(), fresh);
-    EXPECT_EQ(store->undo(), std::nullopt);
-    EXPECT_EQ(store->redo(), "Bargeld");
-    EXPECT_EQ(store->redo(), "Gemeinde");
-    EXPECT_EQ(store->redo(), std::nullopt);
-
-    // A pause, another place for the keyboard, and an undo each begin a new edit.
-    setCash(*store, 4);
-    clock.moment.seconds += History::mergeSeconds + 1;
-    setCash(*store, 45);
-    store->endMerging();
-    setCash(*store, 456);
-    EXPECT_EQ(store->undo(), "Bargeld");
-    EXPECT_EQ(store->current().cash, 45);
-    setCash(*store, 7);
-    EXPECT_FALSE(store->redoName().has_value());
-    store->undo();
-    store->undo();
-    EXPECT_EQ(store->current().cash, 4);
-    // Typing and taking it back is nothing to undo.
-    store->edit("IBAN", [](TaxCase& taxCase) { taxCase.iban = "C"; });
-    store->edit("IBAN", [](TaxCase& taxCase) { taxCase.iban.clear(); });
-    EXPECT_EQ(store->undoName(), "Bargeld");
-}
-
-TEST_F(AppStoreTest, undoingAnythingLeadsBackExactly) {
-    start();
-    taxcore::testing::RandomCase random(7);
-    std::vector<TaxCase> history{store->current()};
-    for (int i = 0; i < 100; ++i) {
-        TaxCase next = history.back();
-        switch (random.below(4)) {
-        case 0:
-            next = random.next();
-            break;
-        case 1:
-            random.fill(next.securities);
-            break;
-        case 2:
-            std::ranges::reverse(next.children);
-            break;
-        default:
-            random.fill(next.deductions1);
-        }
-        next.year = 2025;
-        store->setCurrent(next);
-        if (next != history.back()) {
-            history.push_back(next);
-        }
-    }
-    for (std::size_t i = history.size() - 1; i > 0; --i) {
-        ASSERT_TRUE(store->undo().has_value()) << i;
-        ASSERT_TRUE(store->current() == history[i - 1]) << i;
-    }
-    EXPECT_FALSE(store->undo().has_value());
-    for (std::size_t i = 1; i < history.size(); ++i) {
-        ASSERT_TRUE(store->redo().has_value()) << i;
-        ASSERT_TRUE(store->current() == history[i]) << i;
-    }
-}
-
-TEST_F(AppStoreTest, undoingGoesToTheYearOfTheEdit) {
-    start();
-    setCash(*store, 5);
-    store->setYear(2026);
-    setCash(*store, 6);
-    store->undo();
-    EXPECT_EQ(store->year(), 2026);
-    store->undo();
-    EXPECT_EQ(store->year(), 2025);
-    EXPECT_EQ(store->current().cash, 0);
-}
-
-TEST_F(AppStoreTest, undoingLeavesWhatCameFromElsewhere) {
-    start();
-    store->edit("Schuld", [](TaxCase& taxCase) { taxCase.debts.resize(2); });
-    store->edit("Bargeld", [](TaxCase& taxCase) { taxCase.cash = 5; });
-    store->edit("Zins", [](TaxCase& taxCase) { taxCase.debts[1].interest = 50; });
-    PersistedState remote = store->snapshot();
-    remote.cases[2025].debts[0].creditor = "Bank";
-    remote.cases[2025].cash = 9; // the edit of the cash no longer applies
-    store->applyRemote(remote);
-    EXPECT_EQ(store->undo(), "Zins");
-    EXPECT_EQ(store->current().debts[1].interest, 0);
-    EXPECT_EQ(store->current().debts[0].creditor, "Bank");
-    EXPECT_EQ(store->undoName(), std::nullopt)
-        << "a debt that has changed elsewhere is not taken away";
-    EXPECT_EQ(store->redo(), "Zins");
-    EXPECT_EQ(store->current().debts[1].interest, 50);
-}
-
-TEST_F(AppStoreTest, keepsABoundedHistory) {
-    start();
-    for (int i = 1; i <= static_cast<int>(History::longest) + 20; ++i) {
-        store->endMerging();
-        setCash(*store, i);
-    }
-    int undone = 0;
-    while (store->undo()) {
-        ++undone;
-    }
-    EXPECT_EQ(undone, static_cast<int>(History::longest));
-    EXPECT_EQ(store->current().cash, 20);
-}
+// Resetting a year.
 
 TEST_F(AppStoreTest, aResetYearIsInABackupAndCanBeUndone) {
     start();

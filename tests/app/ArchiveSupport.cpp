@@ -2,52 +2,19 @@
 
 #include <zip.h>
 
-#include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <random>
 #include <stdexcept>
 
-namespace fiscarel::test {
+namespace fiscarel::testing {
 
 namespace fs = std::filesystem;
-
-TempFolder::TempFolder() {
-    const fs::path memory = "/dev/shm"; // where syncing takes no time
-    std::string pattern =
-        ((fs::is_directory(memory) ? memory : fs::temp_directory_path()) / "fiscarel-test-XXXXXX")
-            .string();
-    if (::mkdtemp(pattern.data()) == nullptr) {
-        throw std::runtime_error("no temporary folder");
-    }
-    path_ = pattern;
-}
-
-TempFolder::~TempFolder() {
-    std::error_code ignored;
-    fs::remove_all(path_, ignored);
-}
-
-fs::path TempFolder::folder(std::string_view name) const {
-    fs::create_directories(path_ / name);
-    return path_ / name;
-}
 
 Contents contentsOf(const fs::path& folder) {
     Contents contents;
     for (const auto& entry : fs::directory_iterator(folder)) {
-        contents[entry.path().filename().string()] = bytesOf(entry.path());
+        contents[entry.path().filename().string()] = readFile(entry.path());
     }
     return contents;
-}
-
-std::string bytesOf(const fs::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
-
-void write(const fs::path& file, std::string_view bytes) {
-    std::ofstream(file, std::ios::binary) << bytes;
 }
 
 std::string noise(std::size_t size) {
@@ -72,7 +39,7 @@ PersistedState stateWith(const std::vector<std::string>& fileNames) {
 }
 
 std::string zipOf(const std::vector<RawEntry>& entries) {
-    const TempFolder folder;
+    const TemporaryFolder folder;
     const std::string file = (folder / "made.zip").string();
     int error = 0;
     zip_t* const zip = zip_open(file.c_str(), ZIP_CREATE, &error);
@@ -87,7 +54,7 @@ std::string zipOf(const std::vector<RawEntry>& entries) {
     if (zip_close(zip) != 0) {
         throw std::runtime_error(zip_strerror(zip));
     }
-    return bytesOf(file);
+    return readFile(file);
 }
 
 std::string patched(std::string bytes, std::string_view from, std::string_view to) {
@@ -117,4 +84,4 @@ std::string littleEndian(std::uint64_t value, std::size_t bytes) {
     return text;
 }
 
-} // namespace fiscarel::test
+} // namespace fiscarel::testing

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Fiscarel_SG/store/Archive.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -9,29 +10,11 @@
 #include <string_view>
 #include <vector>
 
-namespace fiscarel::test {
-
-/// A folder of its own for a test, gone at its end.
-class TempFolder {
-  public:
-    TempFolder();
-    ~TempFolder();
-    TempFolder(const TempFolder&) = delete;
-    TempFolder& operator=(const TempFolder&) = delete;
-
-    std::filesystem::path operator/(std::string_view name) const { return path_ / name; }
-    /// The same for a folder within, which is made.
-    std::filesystem::path folder(std::string_view name) const;
-
-  private:
-    std::filesystem::path path_;
-};
+namespace fiscarel::testing {
 
 /// The files of a folder by name, hidden ones as well.
 using Contents = std::map<std::string, std::string>;
 Contents contentsOf(const std::filesystem::path& folder);
-std::string bytesOf(const std::filesystem::path& file);
-void write(const std::filesystem::path& file, std::string_view bytes);
 
 /// Bytes that do not pack, always the same ones.
 std::string noise(std::size_t size);
@@ -57,4 +40,4 @@ std::string patchedHeaders(std::string bytes, std::size_t local, std::size_t cen
 /// A number as a ZIP file has it.
 std::string littleEndian(std::uint64_t value, std::size_t bytes);
 
-} // namespace fiscarel::test
+} // namespace fiscarel::testing

@@ -11,7 +11,7 @@
 #include <cerrno>
 #include <csignal>
 
-namespace fiscarel::test {
+namespace fiscarel::testing {
 namespace {
 
 namespace fs = std::filesystem;
@@ -27,12 +27,12 @@ Contents someDocuments() {
             {someNames[4], ""}};
 }
 
-class Archive : public testing::Test {
+class Archive : public ::testing::Test {
   protected:
     /// Puts files among the documents of the household that is exported.
     void keep(const Contents& documents) {
         for (const auto& [name, bytes] : documents) {
-            write(from_ / name, bytes);
+            writeFile(from_ / name, bytes);
         }
     }
     ArchiveResult<ArchiveReport> exported(const PersistedState& state, FileSystem& files,
@@ -49,7 +49,7 @@ class Archive : public testing::Test {
     }
     /// Reads an archive of these bytes, which must fail and change nothing; the sentence.
     std::string refused(const std::string& bytes) {
-        write(archive_, bytes);
+        writeFile(archive_, bytes);
         const Contents before = contentsOf(to_);
         const auto content = imported(posix_);
         EXPECT_FALSE(content);
@@ -57,7 +57,7 @@ class Archive : public testing::Test {
         return content ? "" : content.error().message;
     }
 
-    TempFolder root_;
+    TemporaryFolder root_;
     const fs::path from_ = root_.folder("von");
     const fs::path to_ = root_.folder("nach");
     const fs::path out_ = root_.folder("aus");
@@ -67,7 +67,7 @@ class Archive : public testing::Test {
 
 TEST_F(Archive, bringsEverythingToAnotherComputer) {
     keep(someDocuments());
-    write(archive_, "an older archive");
+    writeFile(archive_, "an older archive");
     ASSERT_EQ(::chmod(archive_.c_str(), 0644), 0);
     const PersistedState state = stateWith(someNames);
     const auto report = exported(state, posix_);
@@ -123,7 +123,7 @@ TEST_F(Archive, doesNotTouchFilesThatAreThere) {
     keep({{"gleich.pdf", "1234"}, {own, "neuer"}, {"länger.pdf", "12"}, {"ordner.pdf", "1"}});
     const Contents before{{"gleich.pdf", "1234"}, {own, "älter"}, {"länger.pdf", "123"}};
     for (const auto& [name, bytes] : before) {
-        write(to_ / name, bytes);
+        writeFile(to_ / name, bytes);
     }
     fs::create_directory(to_ / "ordner.pdf");
     ASSERT_TRUE(exported(stateWith({"gleich.pdf", own, "länger.pdf", own, "ordner.pdf"}), posix_));
@@ -150,7 +150,7 @@ TEST_F(Archive, doesNotTouchFilesThatAreThere) {
 
 TEST_F(Archive, takesOnlyWhatTheStateNames) {
     const std::string json = encodeState(stateWith({"a.txt", "nur hier.pdf"}));
-    write(to_ / "nur hier.pdf", "x");
+    writeFile(to_ / "nur hier.pdf", "x");
     const std::string made = zipOf({{"Belege/", ""},
                                     {"daten.json", json},
                                     {"Belege/a.txt", "a"},
@@ -161,7 +161,7 @@ TEST_F(Archive, takesOnlyWhatTheStateNames) {
                                     {"__MACOSX/Belege/._a.txt", "f"},
                                     {"Belege/a.txtX../h", "h"},
                                     {"Hinweis.txt", "g", false, 0120777}});
-    write(archive_, patched(made, "a.txtX", std::string_view("a.txt\0", 6)));
+    writeFile(archive_, patched(made, "a.txtX", std::string_view("a.txt\0", 6)));
     const auto content = imported(posix_);
     ASSERT_TRUE(content) << content.error().message;
     EXPECT_EQ(content->report, (ArchiveReport{.documents = 1, .alreadyThere = 1, .passedOver = 7}));
@@ -217,15 +217,15 @@ TEST_F(Archive, refusesWhatWasMadeToDoHarm) {
         EXPECT_NE(message.find(row.says), std::string::npos) << message;
         EXPECT_TRUE(message.ends_with('.')) << message;
     }
-    write(archive_, good);
+    writeFile(archive_, good);
     EXPECT_TRUE(imported(posix_)) << "or the rows above tell nothing";
 }
 
 TEST_F(Archive, unpacksNoMoreThanABombSaysItHas) {
     const std::string zeros(std::size_t{20} << 20U, '\0');
-    write(archive_, patched(zipOf({{"daten.json", encodeState(stateWith({"a.txt"}))},
-                                   {"Belege/a.txt", zeros, true}}),
-                            littleEndian(zeros.size(), 4), littleEndian(1000, 4)));
+    writeFile(archive_, patched(zipOf({{"daten.json", encodeState(stateWith({"a.txt"}))},
+                                       {"Belege/a.txt", zeros, true}}),
+                                littleEndian(zeros.size(), 4), littleEndian(1000, 4)));
     int pieces = 0;
     const auto content = imported(posix_, [&](std::uint64_t, std::uint64_t) {
         ++pieces;
@@ -295,7 +295,7 @@ TEST_F(Archive, neverTakesDamagedDocuments) {
     for (std::size_t at = 0; at < whole.size(); ++at) {
         std::string damaged = whole;
         damaged[at] = static_cast<char>(~damaged[at]);
-        write(archive_, damaged);
+        writeFile(archive_, damaged);
         const auto content = imported(posix_);
         const Contents contents = contentsOf(to_);
         EXPECT_EQ(contents.size(), content ? content->report.documents : 0U) << at;
@@ -328,8 +328,8 @@ TEST_F(Archive, leavesNothingWhenStopped) {
         EXPECT_TRUE(report.error().isStopped);
         EXPECT_EQ(contentsOf(out_), Contents());
     }
-    write(to_ / someNames[2], "anders");
-    write(to_ / someNames[3], "Grüezi");
+    writeFile(to_ / someNames[2], "anders");
+    writeFile(to_ / someNames[3], "Grüezi");
     const Contents before = contentsOf(to_);
     for (std::size_t at = 0;; ++at) {
         std::size_t calls = 0;
@@ -359,7 +359,7 @@ TEST_F(Archive, leavesNothingWhenAnyOperationFails) {
             << files.failsAt << report.error().message;
         EXPECT_EQ(contentsOf(out_), Contents()) << files.failsAt;
     }
-    write(to_ / someNames[3], "Grüezi");
+    writeFile(to_ / someNames[3], "Grüezi");
     const Contents before = contentsOf(to_);
     for (files.failsAt = 0;; ++files.failsAt) {
         SCOPED_TRACE(files.failsAt);
@@ -410,7 +410,7 @@ TEST_F(Archive, asksForRoomBeforehand) {
     const auto content = imported(files);
     ASSERT_FALSE(content);
     EXPECT_EQ(content.error().message,
-              "Für die Belege des Archivs fehlen auf dem Datenträger 0,1 MB Platz.");
+              "Für die Belege des Archivs fehlen auf dem Datenträger 0.1 MB Platz.");
     EXPECT_EQ(contentsOf(to_), Contents());
 }
 
@@ -433,7 +433,7 @@ TEST_F(Archive, writesOverNothingThatAppearsMeanwhile) {
     keep(someDocuments());
     ASSERT_TRUE(exported(stateWith(someNames), posix_));
     const auto appears = [&] {
-        write(to_ / someNames[3], "fremd");
+        writeFile(to_ / someNames[3], "fremd");
         return tl::expected<void, std::string>();
     };
     const auto content = readArchive(posix_, archive_, to_, appears);
@@ -465,4 +465,4 @@ TEST(DocumentNames, suitEveryFileSystemAndArchive) {
 }
 
 } // namespace
-} // namespace fiscarel::test
+} // namespace fiscarel::testing

@@ -9,7 +9,7 @@
 #include <optional>
 #include <utility>
 
-namespace fiscarel::test {
+namespace fiscarel::testing {
 
 /// The files of this machine, until an operation is to fail.
 class FailingFiles final : public FileSystem {
@@ -121,4 +121,4 @@ class FailingFiles final : public FileSystem {
     PosixFiles files_;
 };
 
-} // namespace fiscarel::test
+} // namespace fiscarel::testing

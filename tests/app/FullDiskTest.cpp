@@ -18,7 +18,7 @@ using namespace fiscarel;
 namespace fs = std::filesystem;
 
 std::string nameIn(const fs::path& stateFile) {
-    const auto state = decodeState(bytesOf(stateFile));
+    const auto state = decodeState(readFile(stateFile));
     return state ? state->cases.at(2025).person1.firstName : "unreadable";
 }
 
@@ -51,7 +51,7 @@ void expectSavesOnlyAfter(const std::function<void()>& mend, const fs::path& roo
 
 /// Nothing below a root is changed by a start and an edit, and the user is told why.
 void expectHarmless(const fs::path& root, const std::string& name, const std::string& reason) {
-    const auto bytes = bytesOf(root / "daten.json");
+    const auto bytes = readFile(root / "daten.json");
     const auto names = namesIn(root);
     const auto backups = namesIn(root / "Sicherungen");
     {
@@ -64,13 +64,13 @@ void expectHarmless(const fs::path& root, const std::string& name, const std::st
         EXPECT_FALSE(session.store().flush());
         expectProblem(session, reason);
     }
-    EXPECT_EQ(bytesOf(root / "daten.json"), bytes);
+    EXPECT_EQ(readFile(root / "daten.json"), bytes);
     EXPECT_EQ(namesIn(root), names);
     EXPECT_EQ(namesIn(root / "Sicherungen"), backups);
 }
 
 void putOldState(const WorkFolder& work) {
-    putBytes(work.stateFile(), encodeState(household("Alt")));
+    writeFile(work.stateFile(), encodeState(household("Alt")));
     fs::create_directories(work.backups());
     fs::create_directories(work.documents());
 }
@@ -85,7 +85,7 @@ class Disk : public ::testing::Test {
         EXPECT_TRUE(run.held);
     }
 
-    const WorkFolder work;
+    const WorkFolder work{};
 };
 
 TEST_F(Disk, isFull) {
@@ -152,26 +152,25 @@ TEST_F(Disk, holdsAStateFileThatMayNotBeRead) {
             return reason;
         }
         putOldState(work);
-        const std::string old = bytesOf(work.stateFile());
+        const std::string old = readFile(work.stateFile());
         chmod(work.stateFile().c_str(), 0);
         for (int start = 0; start < 5; ++start) {
             InlineQueue queue;
-            StateSession session(work.root(), queue,
-                                 SetClock::atNoonOrSo + std::int64_t{60} * start);
+            StateSession session(work.root(), queue, atNoonOrSo + std::int64_t{60} * start);
             EXPECT_TRUE(session.store().awaitsRecovery());
             const auto& error = session.store().loadError();
             EXPECT_TRUE(error && error->find("nicht erlaubt") != std::string::npos);
         }
         EXPECT_EQ(namesIn(work.backups()).size(), 1U) << "kept once";
         for (const char* name : {"Neu", "Neuer"}) {
-            EXPECT_TRUE(editAndSave(work.root(), name, SetClock::atNoonOrSo + 600));
+            EXPECT_TRUE(editAndSave(work.root(), name, atNoonOrSo + 600));
         }
         EXPECT_EQ(nameIn(work.stateFile()), "Neuer");
         int kept = 0;
         for (const std::string& name : namesIn(work.backups())) {
             if (name.starts_with(backup::unreadable)) {
                 chmod((work.backups() / name).c_str(), 0600);
-                EXPECT_EQ(bytesOf(work.backups() / name), old);
+                EXPECT_EQ(readFile(work.backups() / name), old);
                 ++kept;
             }
         }

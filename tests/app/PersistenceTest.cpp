@@ -26,12 +26,8 @@ class PersistenceTest : public ::testing::Test {
         persistence.backupIfNeeded(state);
     }
     std::set<std::string> backups() {
-        std::set<std::string> names;
-        const auto entries = files.list(persistence.backupsFolder());
-        for (const FileEntry& entry : *entries) {
-            names.insert(entry.name);
-        }
-        return names;
+        const auto names = testing::namesIn(persistence.backupsFolder());
+        return {names.begin(), names.end()};
     }
 };
 
@@ -41,7 +37,7 @@ TEST_F(PersistenceTest, keepsOneBackupADayWithTheLastState) {
     }
     EXPECT_EQ(backups(), std::set<std::string>{"daten-2026-03-08.json"});
     EXPECT_EQ(testing::readFile(persistence.backupsFolder() / "daten-2026-03-08.json"), "3");
-    clock.moment.seconds += 4 * 3600; // past midnight where the user is
+    clock.moment.seconds += std::int64_t{4} * 3600; // past midnight where the user is
     save("4");
     EXPECT_TRUE(backups().contains("daten-2026-03-09.json"));
     EXPECT_EQ(testing::readFile(persistence.stateFile()), "4");
@@ -55,7 +51,7 @@ TEST_F(PersistenceTest, keepsThirtyFilesAndNeverLosesTheNewestDay) {
     EXPECT_FALSE(backups().contains("daten-2026-03-08.json"));
     EXPECT_TRUE(backups().contains("daten-2026-03-09.json"));
     for (int i = 0; i < 35; ++i) {
-        ASSERT_TRUE(persistence.backup(std::string_view("y"), backup::beforeCloud).has_value());
+        ASSERT_TRUE(persistence.backup("y", backup::beforeCloud).has_value());
     }
     EXPECT_EQ(backups().size(), 65U) << "a second one in a second takes the next second's name";
     save("z");
@@ -65,6 +61,20 @@ TEST_F(PersistenceTest, keepsThirtyFilesAndNeverLosesTheNewestDay) {
                   backups(), [](const std::string& name) { return name.starts_with("daten-"); }),
               1);
     EXPECT_EQ(testing::readFile(persistence.backupsFolder() / today), "z");
+}
+
+/// A copy of a state file that did not read may be the only one there is.
+TEST_F(PersistenceTest, keepsTheNewestOfEveryLabel) {
+    for (const char* content : {"older", "newer"}) {
+        ASSERT_TRUE(persistence.backup(content, backup::unreadable).has_value());
+    }
+    for (int i = 0; i < 30; ++i) {
+        ASSERT_TRUE(persistence.backup("y", backup::beforeCloud).has_value());
+    }
+    save("z");
+    EXPECT_EQ(backups().size(), 32U);
+    EXPECT_FALSE(backups().contains("unlesbar-2026-03-08-210000.json"));
+    EXPECT_TRUE(backups().contains("unlesbar-2026-03-08-210001.json"));
 }
 
 TEST_F(PersistenceTest, namesTellLabelAndTime) {

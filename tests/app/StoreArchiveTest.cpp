@@ -2,48 +2,18 @@
 #include "Fiscarel_SG/store/WriterThread.h"
 #include "tests/app/ArchiveSupport.h"
 #include "tests/app/FailingFiles.h"
+#include "tests/support/FakeServices.h"
 
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <map>
+#include <optional>
 #include <thread>
 
-namespace fiscarel::test {
+namespace fiscarel::testing {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// Timers that never ring by themselves.
-class StillTimers final : public Timers {
-  public:
-    std::unique_ptr<Timer> make(std::function<void()>) override {
-        class Still final : public Timer {
-          public:
-            void start(std::chrono::milliseconds) override { runs_ = true; }
-            void stop() override { runs_ = false; }
-            bool isRunning() const override { return runs_; }
-
-          private:
-            bool runs_ = false;
-        };
-        return std::make_unique<Still>();
-    }
-};
-
-class MapSettings final : public Settings {
-  public:
-    std::optional<std::string> text(std::string_view key) const override {
-        const auto found = texts_.find(key);
-        return found == texts_.end() ? std::nullopt : std::optional(found->second);
-    }
-    void setText(std::string_view key, std::string_view value) override {
-        texts_.insert_or_assign(std::string(key), std::string(value));
-    }
-
-  private:
-    std::map<std::string, std::string, std::less<>> texts_;
-};
 
 /// A household on a computer of its own.
 struct Computer {
@@ -83,18 +53,18 @@ struct Computer {
 
     FailingFiles files;
     SystemClock clock;
-    StillTimers timers;
-    MapSettings settings;
+    FakeTimers timers;
+    MemorySettings settings;
     WriterThread writer{[] {}};
     Persistence persistence;
     AppStore store;
 };
 
-class StoreArchive : public testing::Test {
+class StoreArchive : public ::testing::Test {
   protected:
     /// A computer whose household has one document.
     void fill(Computer& computer) {
-        write(root_ / "lohn.pdf", noise(500'000));
+        writeFile(root_ / "lohn.pdf", noise(500'000));
         computer.store.importDocuments({root_ / "lohn.pdf"});
         computer.writer.drain();
         computer.store.edit("Angabe",
@@ -103,7 +73,7 @@ class StoreArchive : public testing::Test {
         ASSERT_EQ(computer.store.documents().size(), 1U);
     }
 
-    TempFolder root_;
+    TemporaryFolder root_;
     const fs::path archive_ = root_ / archiveFileName;
 };
 
@@ -121,7 +91,7 @@ TEST_F(StoreArchive, movesAHousehold) {
     EXPECT_EQ(fresh.store.snapshot(), old.store.snapshot());
     const auto file = fresh.store.fileOf(fresh.store.documents().front());
     ASSERT_TRUE(file);
-    EXPECT_EQ(bytesOf(*file), noise(500'000));
+    EXPECT_EQ(readFile(*file), noise(500'000));
 
     fresh.store.flush();
     const auto backups = fresh.persistence.backups();
@@ -165,12 +135,12 @@ TEST_F(StoreArchive, keepsTheStateWhenAnArchiveIsNoGoodOrNoBackupCanBeMade) {
     const PersistedState before = computer.store.snapshot();
     const Contents documents = contentsOf(computer.persistence.documentsFolder());
     const Contents backups = contentsOf(computer.persistence.backupsFolder());
-    write(archive_, "kein Archiv");
+    writeFile(archive_, "kein Archiv");
     EXPECT_FALSE(computer.imported(archive_));
     EXPECT_EQ(contentsOf(computer.persistence.backupsFolder()), backups);
 
-    write(archive_,
-          zipOf({{"daten.json", encodeState(stateWith({"a.txt"}))}, {"Belege/a.txt", "a"}}));
+    writeFile(archive_,
+              zipOf({{"daten.json", encodeState(stateWith({"a.txt"}))}, {"Belege/a.txt", "a"}}));
     fs::remove_all(computer.persistence.backupsFolder());
     const auto read = computer.imported(archive_);
     ASSERT_FALSE(read);
@@ -186,7 +156,15 @@ TEST_F(StoreArchive, leavesTheDemoHouseholdAlone) {
               "Der Demohaushalt lässt sich nicht exportieren.");
     EXPECT_EQ(demo.imported(archive_).error().message,
               "Der Demohaushalt lässt sich nicht ersetzen.");
+    std::optional<std::string> said;
+    demo.store.exportAll(root_ / "alles.json", [&](const auto& problem) { said = problem; });
+    EXPECT_EQ(said, "Der Demohaushalt lässt sich nicht exportieren.");
+    demo.store.inspectBackup({}, [&](const AppStore::Inspected& content) {
+        ASSERT_FALSE(content);
+        said = content.error();
+    });
+    EXPECT_EQ(said, "Der Demohaushalt hat keine Sicherungen.");
 }
 
 } // namespace
-} // namespace fiscarel::test
+} // namespace fiscarel::testing

@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 std::map<std::string, std::string> contentBelow(const fs::path& folder) {
     std::map<std::string, std::string> content;
     for (const auto& entry : fs::recursive_directory_iterator(folder)) {
-        content[entry.path()] = entry.is_regular_file() ? bytesOf(entry.path()) : "";
+        content[entry.path()] = entry.is_regular_file() ? readFile(entry.path()) : "";
     }
     return content;
 }
@@ -30,7 +30,7 @@ TEST(TwoPrograms, theSecondIsRefusedUntilTheFirstIsGone) {
     const WorkFolder work;
     ASSERT_TRUE(editAndSave(work.root(), "Alt"));
     // What the first is just writing, and must not lose.
-    putBytes(work.root() / ".1.unfertig", "half of a state");
+    writeFile(work.root() / ".1.unfertig", "half of a state");
     for (const bool crashes : {false, true}) {
         const auto before = contentBelow(work.root());
         LoneDriver first(holdScenario, work.path());
@@ -51,7 +51,7 @@ TEST(TwoPrograms, theSecondIsRefusedUntilTheFirstIsGone) {
             EXPECT_TRUE(FolderLock::acquire(work.root()));
         }
     }
-    EXPECT_EQ(decodeState(bytesOf(work.stateFile()))->cases.at(2025).person1.firstName,
+    EXPECT_EQ(decodeState(readFile(work.stateFile()))->cases.at(2025).person1.firstName,
               enteredName);
 }
 

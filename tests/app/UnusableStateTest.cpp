@@ -15,22 +15,14 @@ namespace fs = std::filesystem;
 
 const std::string goodBackup = "daten-2026-02-20.json";
 const std::string badBackup = "daten-2026-02-27.json";
-const std::string today = "daten-2026-03-01.json";
-
-PersistedState small(const std::string& name) {
-    PersistedState state;
-    state.cases[2025] = taxcore::TaxCase{.year = 2025};
-    state.cases[2025].person1.firstName = name;
-    return state;
-}
 
 /// A folder with a state file and with backups from before it went wrong.
 void prepare(const WorkFolder& work, const std::string& content) {
     work.clear();
-    putBytes(work.stateFile(), content);
-    putBytes(work.backups() / goodBackup, encodeState(small("Februar")));
-    putBytes(work.backups() / badBackup, "{");
-    putBytes(work.backups() / today, encodeState(small("Morgen")));
+    writeFile(work.stateFile(), content);
+    writeFile(work.backups() / goodBackup, encodeState(small("Februar")));
+    writeFile(work.backups() / badBackup, "{");
+    writeFile(work.backups() / todaysBackup, encodeState(small("Morgen")));
 }
 
 /// Starts the program, lets it do something, and ends it. Every start is a minute later.
@@ -49,7 +41,7 @@ class Starts {
 
   private:
     const WorkFolder& work_;
-    std::int64_t time_ = SetClock::atNoonOrSo;
+    std::int64_t time_ = atNoonOrSo;
 };
 
 void expectWaits(StateSession& session) {
@@ -61,7 +53,7 @@ void expectWaits(StateSession& session) {
 void fiveStartsWithoutEdit(Starts& starts, const WorkFolder& work, const std::string& content) {
     for (int i = 0; i < 5; ++i) {
         starts.start(expectWaits);
-        EXPECT_EQ(bytesOf(work.stateFile()), content);
+        EXPECT_EQ(readFile(work.stateFile()), content);
     }
     EXPECT_EQ(backupsLabelled(work.root(), backup::unreadable), std::vector{content});
 }
@@ -101,21 +93,21 @@ void expectNothingIsLost(const std::string& content) {
     prepare(work, content);
     Starts starts(work);
     fiveStartsWithoutEdit(starts, work, content);
-    const std::string morning = bytesOf(work.backups() / today);
+    const std::string morning = readFile(work.backups() / todaysBackup);
     for (const char* name : {"eins", "zwei", "drei"}) {
         starts.start([&](StateSession& session) {
             enter(session.store(), name);
             EXPECT_TRUE(session.store().flush());
         });
-        EXPECT_EQ(decodeState(bytesOf(work.stateFile())), small(name));
+        EXPECT_EQ(decodeState(readFile(work.stateFile())), small(name));
         EXPECT_EQ(backupsLabelled(work.root(), backup::unreadable), std::vector{content});
         EXPECT_EQ(backupsLabelled(work.root(), backup::beforeNewBeginning), std::vector{morning});
     }
 
     prepare(work, content);
     starts.start(expectWaits);
-    restoreTheNewest(starts, today);
-    EXPECT_EQ(bytesOf(work.stateFile()), morning);
+    restoreTheNewest(starts, todaysBackup);
+    EXPECT_EQ(readFile(work.stateFile()), morning);
     EXPECT_EQ(backupsLabelled(work.root(), backup::unreadable), std::vector{content});
 }
 
@@ -142,7 +134,7 @@ TEST(UnusableState, ofEveryContentIsKeptOnceEach) {
     prepare(work, "{");
     Starts starts(work);
     for (const char* content : {"{", "[", "{", "[", "{"}) {
-        putBytes(work.stateFile(), content);
+        writeFile(work.stateFile(), content);
         starts.start([&](StateSession& session) {
             enter(session.store(), "Neu");
             EXPECT_TRUE(session.store().flush());
@@ -158,19 +150,19 @@ TEST(UnusableState, isNotWrittenOverByTheSecondOfTwoSaves) {
     const WorkFolder work;
     prepare(work, "{");
     PosixFiles files;
-    const SetClock clock;
+    const FakeClock clock(atNoonOrSo);
     Persistence persistence(files, clock, work.root());
     ASSERT_TRUE(std::holds_alternative<UnusableState>(persistence.load()));
     fs::remove_all(work.backups());
-    putBytes(work.backups(), "no folder"); // so that nothing can be kept
+    writeFile(work.backups(), "no folder"); // so that nothing can be kept
     EXPECT_FALSE(persistence.beginAnew());
     EXPECT_FALSE(persistence.save("first"));
     EXPECT_FALSE(persistence.save("second"));
-    EXPECT_EQ(bytesOf(work.stateFile()), "{");
+    EXPECT_EQ(readFile(work.stateFile()), "{");
     fs::remove(work.backups());
     fs::create_directory(work.backups());
     EXPECT_TRUE(persistence.save("third"));
-    EXPECT_EQ(bytesOf(work.stateFile()), "third");
+    EXPECT_EQ(readFile(work.stateFile()), "third");
     EXPECT_EQ(backupsLabelled(work.root(), backup::unreadable), std::vector<std::string>{"{"});
     EXPECT_TRUE(persistence.beginAnew());
     EXPECT_EQ(namesIn(work.backups()).size(), 1U) << "a state of ours is no unreadable file";
@@ -180,24 +172,24 @@ TEST(UnusableState, isNotWrittenOverByTheSecondOfTwoSaves) {
 TEST(UnusableState, backupsOfOneSecondStandSideBySide) {
     const WorkFolder work;
     PosixFiles files;
-    const SetClock clock;
+    const FakeClock clock(atNoonOrSo);
     Persistence persistence(files, clock, work.root());
     for (const char* content : {"1", "2", "3"}) {
-        EXPECT_TRUE(persistence.backup(std::string_view(content), backup::beforeReset));
+        EXPECT_TRUE(persistence.backup(content, backup::beforeReset));
     }
     EXPECT_EQ(backupsLabelled(work.root(), backup::beforeReset),
               (std::vector<std::string>{"1", "2", "3"}));
     fs::remove_all(work.backups());
-    putBytes(work.backups(), "no folder");
-    EXPECT_FALSE(persistence.backup(std::string_view("4"), backup::beforeReset));
-    EXPECT_EQ(bytesOf(work.backups()), "no folder");
+    writeFile(work.backups(), "no folder");
+    EXPECT_FALSE(persistence.backup("4", backup::beforeReset));
+    EXPECT_EQ(readFile(work.backups()), "no folder");
 }
 
 TEST(UnusableState, thatIsAFolderStaysAndIsNamed) {
     const WorkFolder work;
     prepare(work, "x");
     fs::remove(work.stateFile());
-    putBytes(work.stateFile() / "inside", "kept");
+    writeFile(work.stateFile() / "inside", "kept");
     Starts starts(work);
     for (int i = 0; i < 5; ++i) {
         starts.start(expectWaits);
@@ -212,12 +204,13 @@ TEST(UnusableState, thatIsAFolderStaysAndIsNamed) {
                 << *session.store().saveProblem();
         });
     }
-    EXPECT_EQ(bytesOf(work.stateFile() / "inside"), "kept");
-    EXPECT_EQ(namesIn(work.backups()), (std::vector{goodBackup, badBackup, today}));
-    EXPECT_EQ(bytesOf(work.backups() / today), encodeState(small("Morgen")));
+    EXPECT_EQ(readFile(work.stateFile() / "inside"), "kept");
+    EXPECT_EQ(namesIn(work.backups()),
+              (std::vector<std::string>{goodBackup, badBackup, todaysBackup}));
+    EXPECT_EQ(readFile(work.backups() / todaysBackup), encodeState(small("Morgen")));
     fs::remove_all(work.stateFile()); // the user clears the way
-    restoreTheNewest(starts, today);
-    EXPECT_EQ(decodeState(bytesOf(work.stateFile())), small("Morgen"));
+    restoreTheNewest(starts, todaysBackup);
+    EXPECT_EQ(decodeState(readFile(work.stateFile())), small("Morgen"));
 }
 
 TEST(UnusableState, ofANewerProgramIsNotWritten) {
@@ -241,11 +234,11 @@ TEST(UnusableState, ofANewerProgramIsNotWritten) {
                 EXPECT_NE(session.store().saveProblem()->find("Version 2"), std::string::npos);
                 EXPECT_TRUE(session.store().hasUnsavedChanges());
             });
-            EXPECT_EQ(bytesOf(work.stateFile()), content);
+            EXPECT_EQ(readFile(work.stateFile()), content);
         }
         EXPECT_EQ(namesIn(work.backups()), backups);
-        restoreTheNewest(starts, today); // the user decides
-        EXPECT_EQ(decodeState(bytesOf(work.stateFile())), small("Morgen"));
+        restoreTheNewest(starts, todaysBackup); // the user decides
+        EXPECT_EQ(decodeState(readFile(work.stateFile())), small("Morgen"));
         EXPECT_EQ(backupsLabelled(work.root(), backup::unreadable), std::vector{content});
     }
 }

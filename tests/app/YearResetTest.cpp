@@ -22,7 +22,7 @@ std::optional<BackupFile> labelled(AppStore& store, std::string_view label) {
 TEST(YearReset, leavesABackupOfTheDaysEntries) {
     for (const bool savedBefore : {true, false}) {
         const WorkFolder work;
-        putBytes(work.stateFile(), encodeState(household("Alt")));
+        writeFile(work.stateFile(), encodeState(household("Alt")));
         InlineQueue queue;
         PersistedState entered;
         {
@@ -36,7 +36,7 @@ TEST(YearReset, leavesABackupOfTheDaysEntries) {
             enter(store, "Danach"); // goes on, and saves again: the daily backup is overwritten
             EXPECT_TRUE(store.flush());
         }
-        StateSession session(work.root(), queue, SetClock::atNoonOrSo + 3600);
+        StateSession session(work.root(), queue, atNoonOrSo + 3600);
         AppStore& store = session.store();
         const PersistedState after = store.snapshot();
         EXPECT_EQ(store.current().person1.firstName, "Danach");
@@ -47,7 +47,7 @@ TEST(YearReset, leavesABackupOfTheDaysEntries) {
         ASSERT_TRUE(before);
         store.restoreBackup(*before, [](const auto& problem) { EXPECT_FALSE(problem); });
         EXPECT_TRUE(store.flush());
-        EXPECT_EQ(decodeState(bytesOf(work.stateFile())), entered);
+        EXPECT_EQ(decodeState(readFile(work.stateFile())), entered);
         // And the restoring can be taken back as well.
         const auto replaced = labelled(store, backup::beforeRestore);
         ASSERT_TRUE(replaced);

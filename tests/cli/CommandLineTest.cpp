@@ -1,5 +1,6 @@
 // Runs the real program: arguments and standard input in, output, messages and exit code out.
 
+#include "Fiscarel_SG/store/PersistedState.h"
 #include "TaxCore/demo/DemoData.h"
 #include "TaxCore/regions/CaseCalculator.h"
 #include "cli/TextTable.h"
@@ -71,6 +72,12 @@ class CommandLine : public ::testing::Test {
 
 std::string resultOf(const TaxCase& taxCase, JsonStyle style) {
     return toJson(CaseCalculator::forCase(taxCase)->calculate(taxCase), style);
+}
+
+/// The text of a state file with these years, `"2025": {…}`, and documents.
+std::string stateOf(const std::string& cases, const std::string& documents = "") {
+    return "{\"version\": 1, \"documents\": [" + documents
+           + "], \"transferChecked\": {}, \"cases\": {" + cases + "}}";
 }
 
 std::vector<std::string> linesOf(const std::string& text) {
@@ -188,9 +195,8 @@ TEST_F(CommandLine, checksACaseAndComparesItWithTheYearBefore) {
         EXPECT_NE(json.out.find(part), std::string::npos) << part;
     }
     const fs::path state =
-        write("zwei-jahre.json", "{\"version\": 1, \"documents\": [], \"transferChecked\": {}, "
-                                 "\"cases\": {\"2025\": "
-                                     + demo + ", \"2026\": " + run("demo --jahr 2026").out + "}}");
+        write("zwei-jahre.json",
+              stateOf("\"2025\": " + demo + ", \"2026\": " + run("demo --jahr 2026").out));
     const Outcome later = run("pruefe --jahr 2026 " + state.string());
     EXPECT_NE(later.out.find("Veränderung gegenüber 2025"), std::string::npos) << later.out;
     for (const char* part : {"durch Zeitablauf", "durch die Tarife"}) {
@@ -210,12 +216,13 @@ TEST_F(CommandLine, checksACaseAndComparesItWithTheYearBefore) {
 
 TEST_F(CommandLine, reviewsTheDocumentsOfAStateFile) {
     const auto stateWith = [](const std::string& applied) {
-        return "{\"version\": 1, \"transferChecked\": {}, \"documents\": [{\"id\": "
-               "\"6f1c2b9a-0000-4000-8000-00000000000a\", \"year\": 2025, \"kind\": \"spende\", "
-               "\"title\": \"Dankesbrief\", \"fileName\": \"a.pdf\", \"importedAt\": "
-               "\"2026-01-05T09:00:00+01:00\", \"amount\": 120, \"note\": \"\", "
-               "\"isApplied\": "
-               + applied + "}], \"cases\": {\"2025\": " + toJson(DemoData::family(2025)) + "}}";
+        return stateOf("\"2025\": " + toJson(DemoData::family(2025)),
+                       "{\"id\": \"6f1c2b9a-0000-4000-8000-00000000000a\", \"year\": 2025, "
+                       "\"kind\": \"spende\", "
+                       "\"title\": \"Dankesbrief\", \"fileName\": \"a.pdf\", \"importedAt\": "
+                       "\"2026-01-05T09:00:00+01:00\", \"amount\": 120, \"note\": \"\", "
+                       "\"isApplied\": "
+                           + applied + "}");
     };
     EXPECT_NE(run("pruefe --jahr 2025", stateWith("false")).out.find("Dankesbrief"),
               std::string::npos);
@@ -227,9 +234,7 @@ TEST_F(CommandLine, reviewsTheDocumentsOfAStateFile) {
 }
 
 TEST_F(CommandLine, readsOneYearOfAStateFile) {
-    const std::string cases = "{\"version\": 1, \"documents\": [], \"transferChecked\": {}, "
-                              "\"cases\": {\"2025\": "
-                              + toJson(DemoData::family(2025)) + "}}";
+    const std::string cases = stateOf("\"2025\": " + toJson(DemoData::family(2025)));
     const fs::path state = write("daten.json", cases);
     EXPECT_EQ(run("rechne --json --jahr 2025 " + state.string()).out,
               resultOf(DemoData::family(2025), JsonStyle::pretty));
@@ -339,12 +344,7 @@ TEST_F(CommandLine, readsNumbersInDecimalDigits) {
     EXPECT_EQ(run("neu --jahr 02025").out, fresh);
     const std::string good = toJson(DemoData::family(2025), JsonStyle::compact) + "\n";
     EXPECT_EQ(run("stapel --kerne 0256", good).exitCode, 0);
-    EXPECT_EQ(
-        run("rechne --jahr 02025", "{\"version\": 1, \"documents\": [], \"transferChecked\": {}, "
-                                   "\"cases\": {\"2025\": "
-                                       + good + "}}")
-            .exitCode,
-        0);
+    EXPECT_EQ(run("rechne --jahr 02025", stateOf("\"2025\": " + good)).exitCode, 0);
 }
 
 TEST_F(CommandLine, showsTheHelpInColumns) {
@@ -497,6 +497,42 @@ TEST_F(CommandLine, survivesABatchLineWithoutEnd) {
     ASSERT_EQ(lines.size(), 3U);
     EXPECT_EQ(lines[1], R"({"line": 2, "error": "Die Zeile ist länger als 16 MB."})");
     EXPECT_EQ(lines[0], lines[2]);
+}
+
+TEST_F(CommandLine, writesTheReportWholeOrNotAtAll) {
+    const std::string household = toJson(DemoData::family(2025));
+    const std::string file = "'" + (folder_ / "bericht.pdf").string() + "'";
+    const Outcome good = run("bericht - -o " + file, household, "env -u DISPLAY");
+    EXPECT_EQ(good.exitCode, 0);
+    EXPECT_EQ(good.out + good.err, "");
+    EXPECT_EQ(read("bericht.pdf").substr(0, 5), "%PDF-");
+
+    fiscarel::PersistedState state;
+    state.cases[2025] = DemoData::family(2025);
+    state.cases[2026] = DemoData::liechtensteinFamily(2026);
+    EXPECT_EQ(run("bericht --jahr 2026 -o " + file, encodeState(state)).exitCode, 0);
+
+    const std::string before = read("bericht.pdf");
+    struct Bad {
+        std::string arguments;
+        std::string input;
+        int exitCode;
+        std::string says;
+    };
+    for (const Bad& bad :
+         {Bad{"bericht -", household, 2, "-o"}, Bad{"bericht - -o " + file, "{}", 1, "year"},
+          Bad{"bericht - -o " + file, "", 1, "leer"},
+          Bad{"bericht - --jahr 2025 -o " + file, household, 1, "ohne --jahr"},
+          Bad{"bericht - -o '" + folder_.string() + "/fehlt/x.pdf'", household, 1,
+              "nicht schreiben"},
+          Bad{"bericht - -o '" + folder_.string() + "'", household, 1, "nicht schreiben"}}) {
+        const Outcome outcome = run(bad.arguments, bad.input);
+        EXPECT_EQ(outcome.exitCode, bad.exitCode) << bad.arguments;
+        EXPECT_EQ(outcome.out, "") << bad.arguments;
+        EXPECT_EQ(linesOf(outcome.err).size(), 1U) << outcome.err;
+        EXPECT_NE(outcome.err.find(bad.says), std::string::npos) << outcome.err;
+    }
+    EXPECT_EQ(read("bericht.pdf"), before);
 }
 
 } // namespace

@@ -24,6 +24,7 @@ using testing::inTheYear;
 using testing::spotlessHousehold;
 using testing::spotlessLiechtenstein;
 using testing::TipRow;
+
 TEST(Advisor, savesWhatTwoFullCalculationsDiffer) {
     for (const TipRow& row : testing::tipRows()) {
         SCOPED_TRACE(row.id);
@@ -32,9 +33,8 @@ TEST(Advisor, savesWhatTwoFullCalculationsDiffer) {
         const Computed base(household);
         row.proposed(household);
         const Computed changed(household);
-        const auto tips = base.tips();
-        const auto tip = std::ranges::find(tips, row.id, &Notice::id);
-        ASSERT_NE(tip, tips.end());
+        const auto tip = base.tip(row.id);
+        ASSERT_TRUE(tip);
         EXPECT_EQ(tip->level, Notice::Level::tip);
         EXPECT_EQ(tip->saving, Advisor::totalTax(base.result) - Advisor::totalTax(changed.result));
         EXPECT_GT(tip->saving, Decimal(0));
@@ -43,7 +43,7 @@ TEST(Advisor, savesWhatTwoFullCalculationsDiffer) {
 
         TaxCase other = row.household();
         row.notFor(other);
-        EXPECT_FALSE(std::ranges::count(Computed(other).tips(), row.id, &Notice::id));
+        EXPECT_FALSE(Computed(other).tip(row.id));
     }
 }
 
@@ -54,20 +54,17 @@ TEST(Advisor, bundlesMedicalCostsInTheUpperHalfOfTheThreshold) {
         TaxCase household = spotlessHousehold();
         household.householdDeductions.medicalCosts.emplace_back().gross =
             net * 2 / 100 * shareOfThreshold;
-        return std::ranges::count(Computed(household).tips(), "tipp-krankheitskosten", &Notice::id);
+        return Computed(household).tip("tipp-krankheitskosten").has_value();
     };
-    EXPECT_EQ(tipAt(0.4_dec), 0);
-    EXPECT_EQ(tipAt(0.9_dec), 1);
-    EXPECT_EQ(tipAt(1), 0);
+    EXPECT_FALSE(tipAt(0.4_dec));
+    EXPECT_TRUE(tipAt(0.9_dec));
+    EXPECT_FALSE(tipAt(1));
 }
 
 TEST(Advisor, proposesOnlyWhatThePersonMayDo) {
     const auto has = [](const TaxCase& taxCase, const char* id,
                         const std::vector<const TaxCase*>& others = {}) {
-        const Computed base(taxCase);
-        const auto tips =
-            Advisor::tips(base.calculator, base.taxCase, base.result, inTheYear(taxCase), others);
-        return std::ranges::count(tips, id, &Notice::id) > 0;
+        return Computed(taxCase).tip(id, {}, others).has_value();
     };
     for (const auto& [born, pillar3a, fund] : {std::tuple{1960, true, true},
                                                {1959, true, false},
@@ -103,11 +100,8 @@ TEST(Advisor, closesGapsOfPillar3aThatExist) {
     later.year = 2026;
     later.deductions1.pillar3a = 7'258;
     const auto savingAfter = [&](const TaxCase& before) {
-        const Computed base(later);
-        const auto tips =
-            Advisor::tips(base.calculator, base.taxCase, base.result, inTheYear(later), {&before});
-        const auto tip = std::ranges::find(tips, "tipp-3a-einkauf-1", &Notice::id);
-        return tip == tips.end() ? Decimal(0) : tip->saving.value();
+        const auto tip = Computed(later).tip("tipp-3a-einkauf-1", {}, {&before});
+        return tip ? tip->saving.value() : Decimal(0);
     };
     const auto savingOf = [&](const Decimal& buyIn) {
         TaxCase changed = later;
@@ -141,9 +135,8 @@ TEST(Advisor, closesGapsOfPillar3aThatExist) {
 TEST(Advisor, tellsThoseWhoWorkInLiechtensteinOfThePracticeOnPillar3a) {
     TaxCase household = spotlessHousehold();
     const auto tells = [&] {
-        const auto tips = Computed(household).tips();
-        const auto tip = std::ranges::find(tips, "tipp-3a-1", &Notice::id);
-        return tip != tips.end() && tip->message.find("ab 2027") != std::string::npos;
+        const auto tip = Computed(household).tip("tipp-3a-1");
+        return tip && tip->message.find("ab 2027") != std::string::npos;
     };
     EXPECT_FALSE(tells());
     household.income1.salaries[0].employerInLiechtenstein = true;
@@ -164,12 +157,9 @@ TEST(Advisor, staggersCapitalPayments) {
     const auto taxOf = [](const TaxCase& household) {
         return Advisor::totalTax(Computed(household).result);
     };
-    const auto tipOf = [](const TaxCase& household, int yearsLater) -> std::optional<Notice> {
-        const Computed base(household);
-        const Date today = Date::of(household.year + yearsLater, 12, 31).value();
-        const auto tips = Advisor::tips(base.calculator, base.taxCase, base.result, today);
-        const auto tip = std::ranges::find(tips, "tipp-kapital-staffeln", &Notice::id);
-        return tip == tips.end() ? std::nullopt : std::optional(*tip);
+    const auto tipOf = [](const TaxCase& household, int yearsLater) {
+        return Computed(household).tip("tipp-kapital-staffeln",
+                                       Date::of(household.year + yearsLater, 12, 31));
     };
     using enum CapitalPayment::Kind;
     const TaxCase both = with({{saeule3a, 200'000}, {saeule2, 300'000}});
@@ -204,8 +194,7 @@ TEST(Advisor, ordersTipsBySavingAndTellsWhenItIsTooLate) {
         EXPECT_EQ(tip.message.find("Frist"), std::string::npos) << tip.message;
         EXPECT_FALSE(tip.missed.has_value());
     }
-    const auto late =
-        Advisor::tips(demo.calculator, demo.taxCase, demo.result, Date::of(2026, 1, 1).value());
+    const auto late = demo.tips(Date::of(2026, 1, 1));
     EXPECT_EQ(late.size(), tips.size());
     const auto place = [](const Notice& tip) {
         return std::pair(tip.missed.value_or(false), -tip.saving.value());
@@ -273,10 +262,8 @@ TEST(Advisor, missesWhatTakesAnActInTheYear) {
         row.forHousehold(household);
         const Computed base(household);
         for (const int yearsLater : {0, 1}) {
-            const Date today = Date::of(household.year + yearsLater, 12, 31).value();
-            const auto tips = Advisor::tips(base.calculator, base.taxCase, base.result, today);
-            const auto tip = std::ranges::find(tips, row.id, &Notice::id);
-            ASSERT_NE(tip, tips.end());
+            const auto tip = base.tip(row.id, Date::of(household.year + yearsLater, 12, 31));
+            ASSERT_TRUE(tip);
             const bool missed = yearsLater == 1 && acts.contains(row.id);
             EXPECT_EQ(tip->missed, missed ? std::optional(true) : std::nullopt);
             EXPECT_EQ(tip->message.find("ist die Frist vorbei; so viel hätte es gespart.")

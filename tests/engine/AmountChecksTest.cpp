@@ -1,6 +1,4 @@
-#include "TaxCore/demo/DemoData.h"
 #include "tests/engine/CheckTables.h"
-#include "tests/support/RandomCase.h"
 
 #include <gtest/gtest.h>
 
@@ -222,20 +220,6 @@ TEST(AmountChecks, tellWhoseFieldItIs) {
     EXPECT_EQ(found->message, "«Bruttolohn» (Beat Muster, Eintrag 2) ist mit CHF -250 eingetragen. "
                               "Hier gehören Werte ohne Minuszeichen hin.");
     EXPECT_EQ(found->area, "income");
-}
-
-/// Whatever a case holds, the review ends, no id stands twice and every path leads to a field.
-TEST(Checks, surviveCasesThatMakeNoSense) {
-    testing::RandomCase random(20'250'301);
-    for (int i = 0; i < 300; ++i) {
-        TaxCase taxCase = random.next();
-        taxCase.year = 2025 + i % 2;
-        SCOPED_TRACE(i);
-        testing::reviewedIds(taxCase);
-        for (const Notice& notice : testing::reviewed(taxCase)) {
-            EXPECT_TRUE(!notice.path || valueAt(taxCase, *notice.path)) << *notice.path;
-        }
-    }
 }
 
 } // namespace

@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <iterator>
-
 namespace taxcore {
 namespace {
 
@@ -206,10 +203,7 @@ std::vector<testing::LevelledRow> householdRows() {
 }
 
 std::vector<testing::LevelledRow> allRows() {
-    std::vector<testing::LevelledRow> rows = childRows();
-    std::ranges::move(giftAndBillRows(), std::back_inserter(rows));
-    std::ranges::move(householdRows(), std::back_inserter(rows));
-    return rows;
+    return testing::joined<testing::LevelledRow>({childRows(), giftAndBillRows(), householdRows()});
 }
 
 TEST(OtherChecks, speakUp) { testing::expectAllChecks({"OtherChecks.cpp"}, allRows()); }

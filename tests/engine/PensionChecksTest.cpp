@@ -126,9 +126,7 @@ std::vector<testing::LevelledRow> paymentRows() {
 }
 
 std::vector<testing::LevelledRow> allRows() {
-    std::vector<testing::LevelledRow> rows = pensionFundRows();
-    std::ranges::move(paymentRows(), std::back_inserter(rows));
-    return rows;
+    return testing::joined<testing::LevelledRow>({pensionFundRows(), paymentRows()});
 }
 
 TEST(PensionChecks, speakUp) {
@@ -139,10 +137,7 @@ TEST(PensionChecks, speakUp) {
 /// Whether a notice stands in the review of a case beside the same household's case of another
 /// year.
 bool findsBeside(const TaxCase& taxCase, const TaxCase& other, std::string_view id) {
-    const auto calculator = CaseCalculator::forCase(taxCase).value();
-    const TaxResult result = calculator.calculate(taxCase);
-    const auto notices = Checks::of(
-        {calculator, taxCase, result, Date::of(taxCase.year + 1, 3, 1).value(), {}, {&other}});
+    const auto notices = testing::reviewed(taxCase, {&other});
     return std::ranges::count(notices, id, &Notice::id) == 1;
 }
 

@@ -70,7 +70,7 @@ class Texts {
     std::string toString() const {
         std::string all;
         for (const auto& [id, text] : texts_) {
-            all += id + ": " + text;
+            all.append(id).append(": ").append(text);
         }
         return all;
     }
@@ -103,18 +103,6 @@ TEST_P(ReviewGolden, saysWhatItSaidOfEveryHousehold) {
 
 INSTANTIATE_TEST_SUITE_P(Regions, ReviewGolden, ::testing::Values("sg", "li"));
 
-std::vector<Notice> reviewBeside(const TaxCase& taxCase, const TaxCase& before,
-                                 const std::vector<ReviewedDocument>& documents) {
-    const auto calculator = CaseCalculator::forCase(taxCase).value();
-    const TaxResult result = calculator.calculate(taxCase);
-    return Checks::of({calculator,
-                       taxCase,
-                       result,
-                       Date::of(taxCase.year + 1, 3, 1).value(),
-                       documents,
-                       {&before}});
-}
-
 /// A household with documents and a year before, both of which give rise to notices.
 std::vector<Notice> reviewWithMore() {
     TaxCase taxCase = testing::spotlessHousehold();
@@ -125,8 +113,9 @@ std::vector<Notice> reviewWithMore() {
     before.year = taxCase.year - 1;
     before.civilStatus = CivilStatus::ledig;
     before.deductions1.pensionBuyIn = 20'000;
-    return reviewBeside(taxCase, before,
-                        {{"Lohnausweis", before.year, true}, {"Zinsausweis", taxCase.year, false}});
+    return testing::reviewed(
+        taxCase, {&before},
+        {{"Lohnausweis", before.year, true}, {"Zinsausweis", taxCase.year, false}});
 }
 
 /// A buy-in into pillar 3a after a year that left no gap.
@@ -136,7 +125,7 @@ std::vector<Notice> reviewOfBuyInWithoutGap() {
     TaxCase taxCase = before;
     ++taxCase.year;
     taxCase.deductions1.pillar3aBuyIn = 1'000;
-    return reviewBeside(taxCase, before, {});
+    return testing::reviewed(taxCase, {&before});
 }
 
 TEST(ReviewGoldenTexts, readTheSame) {

@@ -74,30 +74,19 @@ std::vector<CheckRow> rows() {
     };
 }
 
-std::vector<Notice> review(const TaxCase& taxCase, std::vector<ReviewedDocument> documents,
-                           std::vector<const TaxCase*> otherYears) {
-    const auto calculator = CaseCalculator::forCase(taxCase).value();
-    const TaxResult result = calculator.calculate(taxCase);
-    return Checks::of({calculator, taxCase, result, day(taxCase.year + 1, 3, 1),
-                       std::move(documents), std::move(otherYears)});
-}
-
-TEST(ScopeChecks, speakUp) { testing::expectChecks(rows()); }
-
-TEST(ScopeChecks, areAllTried) {
-    testing::expectEveryCheckIsTried({"ScopeChecks.cpp"}, rows(),
-                                     {"beleg-offen", "beleg-anderes-jahr", "nicht-berechnet-umzug",
-                                      "nicht-berechnet-zivilstand"});
+TEST(ScopeChecks, speakUp) {
+    testing::expectAllChecks({"ScopeChecks.cpp"}, rows(),
+                             {"beleg-offen", "beleg-anderes-jahr", "nicht-berechnet-umzug",
+                              "nicht-berechnet-zivilstand"});
 }
 
 TEST(ScopeChecks, tellOfDocumentsLeftAside) {
-    const auto notices = review(spotlessHousehold(),
-                                {{"Lohnausweis", 2025, true},
-                                 {"Spende", 2025, false},
-                                 {"Bankauszug", 2024, true},
-                                 {"", 2026, false},
-                                 {"ohne Jahr", 0, true}},
-                                {});
+    const auto notices = testing::reviewed(spotlessHousehold(), {},
+                                           {{"Lohnausweis", 2025, true},
+                                            {"Spende", 2025, false},
+                                            {"Bankauszug", 2024, true},
+                                            {"", 2026, false},
+                                            {"ohne Jahr", 0, true}});
     ASSERT_EQ(notices.size(), 3U);
     EXPECT_EQ(notices[0].id, "beleg-offen-2");
     EXPECT_NE(notices[0].message.find("«Spende»"), std::string::npos);
@@ -124,15 +113,15 @@ TEST(ScopeChecks, compareWithTheYearBefore) {
     TaxCase before = now;
     before.year = 2024;
     before.civilStatus = CivilStatus::eingetragenePartnerschaft;
-    EXPECT_TRUE(review(now, {}, {&before}).empty());
+    EXPECT_TRUE(testing::reviewed(now, {&before}).empty());
     before.civilStatus = CivilStatus::ledig;
     before.region = TaxRegion::liechtenstein;
-    const auto notices = review(now, {}, {&before});
+    const auto notices = testing::reviewed(now, {&before});
     ASSERT_EQ(notices.size(), 2U);
     EXPECT_EQ(notices[0].id, "nicht-berechnet-umzug");
     EXPECT_EQ(notices[1].id, "nicht-berechnet-zivilstand");
     before.year = 2023;
-    EXPECT_TRUE(review(now, {}, {&before}).empty());
+    EXPECT_TRUE(testing::reviewed(now, {&before}).empty());
 }
 
 TEST(ScopeChecks, listWhatIsNotComputed) {

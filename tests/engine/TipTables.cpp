@@ -1,7 +1,6 @@
 #include "tests/engine/TipTables.h"
 
-#include <algorithm>
-#include <iterator>
+#include "tests/support/CheckRows.h"
 
 namespace taxcore::testing {
 
@@ -45,8 +44,6 @@ void eatOut(TaxCase& c) {
     c.deductions2.work.meals = MealSituation::auswaerts;
     c.deductions2.work.mealDays = 100;
 }
-
-} // namespace
 
 std::vector<TipRow> stGallenPensionTipRows() {
     return {
@@ -374,13 +371,11 @@ std::vector<TipRow> liechtensteinTipRows() {
     };
 }
 
+} // namespace
+
 std::vector<TipRow> tipRows() {
-    std::vector<TipRow> all;
-    for (const auto& rows : {stGallenPensionTipRows(), stGallenTipRows(), stGallenFamilyTipRows(),
-                             liechtensteinTipRows()}) {
-        std::ranges::copy(rows, std::back_inserter(all));
-    }
-    return all;
+    return joined<TipRow>({stGallenPensionTipRows(), stGallenTipRows(), stGallenFamilyTipRows(),
+                           liechtensteinTipRows()});
 }
 
 } // namespace taxcore::testing

@@ -17,11 +17,7 @@ struct TipRow {
     std::function<TaxCase()> household = spotlessHousehold;
 };
 
-std::vector<TipRow> stGallenPensionTipRows();
-std::vector<TipRow> stGallenTipRows();
-std::vector<TipRow> stGallenFamilyTipRows();
-std::vector<TipRow> liechtensteinTipRows();
-/// All of them.
+/// The tips of both regions.
 std::vector<TipRow> tipRows();
 
 } // namespace taxcore::testing

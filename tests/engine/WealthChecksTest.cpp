@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <iterator>
 
 namespace taxcore {
 namespace {
@@ -249,10 +248,7 @@ std::vector<testing::LevelledRow> possessionRows() {
 }
 
 std::vector<testing::LevelledRow> allRows() {
-    std::vector<testing::LevelledRow> rows = accountRows();
-    std::ranges::move(propertyRows(), std::back_inserter(rows));
-    std::ranges::move(possessionRows(), std::back_inserter(rows));
-    return rows;
+    return testing::joined<testing::LevelledRow>({accountRows(), propertyRows(), possessionRows()});
 }
 
 TEST(WealthChecks, speakUp) {

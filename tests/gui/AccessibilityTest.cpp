@@ -133,7 +133,7 @@ bool isInOrder(const Stop& a, const Stop& b) {
 
 TEST_P(Accessibility, theTabulatorGoesAsOneReads) {
     const auto look = [&] {
-        QWidget& first = program.find(u"region"_s);
+        QWidget& first = program.find(u"tool:search"_s);
         first.setFocus(Qt::TabFocusReason);
         program.press(Qt::Key_Tab); // puts the window in order
         first.setFocus(Qt::TabFocusReason);

@@ -206,7 +206,7 @@ TEST_F(MainWindowTest, undoInAFieldIsThatOfTheReturn) {
     EXPECT_EQ(cash(), Decimal(1'200));
     program.press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(cash(), before);
-    EXPECT_EQ(focusName(), u"otherAssets"_s);
+    EXPECT_EQ(focusName(), u"cash"_s) << "where the change can be seen";
     program.press(Qt::Key_Y, Qt::ControlModifier);
     program.press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(cash(), Decimal(1'200));
@@ -286,6 +286,49 @@ TEST_F(MainWindowTest, anUnreadableFileIsReplacedByItsBackup) {
     const auto written = decodeState(testing::readFile(program.root() / "daten.json"));
     ASSERT_TRUE(written) << "the file is whole again";
     EXPECT_EQ(*written, saved);
+}
+
+TEST_F(MainWindowTest, undoingGoesWhereTheChangeCanBeSeen) {
+    program.openDemo(TaxRegion::stGallen);
+    program.click(u"nav:wealth"_s);
+    program.enter(u"cash"_s, u"1200"_s);
+    program.click(u"nav:income"_s);
+    program.click(u"tool:undo"_s);
+    EXPECT_EQ(program.window->currentPage(), u"wealth"_s);
+    EXPECT_EQ(focusName(), u"cash"_s);
+    EXPECT_TRUE(program.isShown(u"toast"_s));
+    EXPECT_FALSE(program.find(u"tool:undo"_s).isEnabled());
+    program.click(u"nav:review"_s);
+    program.click(u"tool:redo"_s);
+    EXPECT_EQ(program.window->currentPage(), u"wealth"_s);
+    EXPECT_EQ(cash(), Decimal(1'200));
+}
+
+TEST_F(MainWindowTest, theReasonOfTheTotalLeadsOnAndBack) {
+    program.openDemo(TaxRegion::stGallen);
+    program.click(u"whyTotal"_s);
+    ASSERT_TRUE(program.isShown(u"reason"_s));
+    EXPECT_FALSE(program.isShown(u"reasonBack"_s));
+    auto& dialog = program.find<QDialog>(u"reason"_s);
+    const auto amounts = [&] {
+        QStringList texts;
+        for (const QLabel* const label : dialog.findChildren<QLabel*>()) {
+            texts << label->text();
+        }
+        return texts;
+    };
+    EXPECT_FALSE(amounts().contains(u"Bund"_s)) << "the same for both stands once";
+    for (QPushButton* const door : dialog.findChildren<QPushButton*>()) {
+        if (door->accessibleName().contains(u"Bundessteuer"_s)
+            || door->text().contains(u"Bundessteuer"_s)) {
+            door->click();
+            break;
+        }
+    }
+    program.settle();
+    EXPECT_TRUE(program.isShown(u"reasonBack"_s));
+    program.click(u"reasonBack"_s);
+    EXPECT_FALSE(program.isShown(u"reasonBack"_s));
 }
 
 TEST(WindowLibrary, itsOwnTextsAreSwissGerman) {

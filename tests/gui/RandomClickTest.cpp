@@ -52,9 +52,10 @@ void listen(QtMsgType type, const QMessageLogContext&, const QString& text) {
     }
 }
 
-/// Buttons that open another program or another copy of this one.
+/// Buttons that open another program, another copy of this one or the dialog of the printers.
 bool leadsOutside(const QWidget& widget) {
-    static const QStringList names{u"openFolder"_s, u"openDocument"_s, u"startDemo"_s};
+    static const QStringList names{u"openFolder"_s, u"openDocument"_s, u"startDemo"_s,
+                                   u"printReport"_s};
     return names.contains(widget.objectName());
 }
 

@@ -56,6 +56,10 @@ struct Camera {
     void show(const QString& page) const {
         window.showPage(page);
         settle();
+        if (auto* const save = window.findChild<QPushButton*>(u"saveReport"_s)) {
+            (void)QTest::qWaitFor([&] { return !save->isVisible() || save->isEnabled(); });
+            settle();
+        }
         if (scroll()->horizontalScrollBar()->maximum() > 0) {
             std::printf("wider than the window: %s%s\n", qPrintable(page), qPrintable(suffix));
         }

@@ -20,16 +20,23 @@ std::vector<CheckRow> withoutLevels(const std::vector<LevelledRow>& rows);
 /// "betrag-hoch-income1.boardFees".
 std::string stem(const std::string& id);
 
-/// Asserts what `expectChecks` does, the level of each notice, that it has a page, and that the
-/// rows are complete: every id that the source files (in TaxCore/review) can give stands as a row
-/// or in `elsewhere`, and no row has an id of other files.
+/// The rows of several tables in one.
+template <class Row>
+std::vector<Row> joined(const std::vector<std::vector<Row>>& tables) {
+    std::vector<Row> all;
+    for (const auto& rows : tables) {
+        all.insert(all.end(), rows.begin(), rows.end());
+    }
+    return all;
+}
+
+/// Asserts what `expectChecks` does, and that the rows are complete: every id that the source files
+/// (in TaxCore/review) can give stands as a row or in `elsewhere`, numbers at its end left aside,
+/// and no row has an id of other files.
+void expectAllChecks(const std::vector<std::string>& files, const std::vector<CheckRow>& rows,
+                     const std::set<std::string>& elsewhere = {});
+/// The same, and the level of each notice.
 void expectAllChecks(const std::vector<std::string>& files, const std::vector<LevelledRow>& rows,
                      const std::set<std::string>& elsewhere = {});
-
-/// Asserts that every id the check files can give is tried: the ids that stand in the sources
-/// against those of the rows and `others`, numbers at their end left aside.
-void expectEveryCheckIsTried(const std::vector<std::string>& files,
-                             const std::vector<CheckRow>& rows,
-                             const std::set<std::string>& others = {});
 
 } // namespace taxcore::testing

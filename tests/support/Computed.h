@@ -2,6 +2,9 @@
 
 #include "TaxCore/review/Advisor.h"
 
+#include <algorithm>
+#include <optional>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -20,8 +23,18 @@ struct Computed {
     CaseCalculator calculator;
     TaxResult result;
 
-    std::vector<Notice> tips() const {
-        return Advisor::tips(calculator, taxCase, result, inTheYear(taxCase));
+    /// The tips on a day, by default one of the tax year, beside the household's other cases.
+    std::vector<Notice> tips(std::optional<Date> today = {},
+                             const std::vector<const TaxCase*>& otherYears = {}) const {
+        return Advisor::tips(calculator, taxCase, result, today.value_or(inTheYear(taxCase)),
+                             otherYears);
+    }
+    /// One of them by its id; absent when it is not among them.
+    std::optional<Notice> tip(std::string_view id, std::optional<Date> today = {},
+                              const std::vector<const TaxCase*>& otherYears = {}) const {
+        const auto all = tips(today, otherYears);
+        const auto found = std::ranges::find(all, id, &Notice::id);
+        return found == all.end() ? std::nullopt : std::optional(*found);
     }
 };
 

@@ -6,6 +6,7 @@
 #include "Fiscarel_SG/store/WorkQueue.h"
 
 #include <chrono>
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <list>
@@ -19,7 +20,10 @@ namespace fiscarel::testing {
 /// A clock that stands until it is told to go; its zone is an hour ahead of UTC.
 class FakeClock final : public Clock {
   public:
-    Moment moment{1'773'000'000}; // 2026-03-08T20:00:00Z
+    explicit FakeClock(std::int64_t seconds = 1'773'000'000) // 2026-03-08T20:00:00Z
+        : moment{seconds} {}
+
+    Moment moment;
 
     Moment now() const override { return moment; }
     LocalTime localTime(Moment at) const override {
@@ -120,6 +124,9 @@ class InlineQueue final : public WorkQueue {
 
 class MemorySettings final : public Settings {
   public:
+    explicit MemorySettings(std::map<std::string, std::string> stored = {})
+        : values(std::move(stored)) {}
+
     std::map<std::string, std::string> values;
 
     std::optional<std::string> text(std::string_view key) const override {

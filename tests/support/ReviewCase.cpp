@@ -70,10 +70,12 @@ TaxCase spotlessLiechtenstein() {
     return taxCase;
 }
 
-std::vector<Notice> reviewed(const TaxCase& taxCase) {
+std::vector<Notice> reviewed(const TaxCase& taxCase, std::vector<const TaxCase*> otherYears,
+                             std::vector<ReviewedDocument> documents) {
     const auto calculator = CaseCalculator::forCase(taxCase).value();
     const TaxResult result = calculator.calculate(taxCase);
-    return Checks::of({calculator, taxCase, result, day(taxCase.year + 1, 3, 1)});
+    return Checks::of({calculator, taxCase, result, day(taxCase.year + 1, 3, 1),
+                       std::move(documents), std::move(otherYears)});
 }
 
 std::set<std::string> reviewedIds(const TaxCase& taxCase) {
@@ -85,6 +87,8 @@ std::set<std::string> reviewedIds(const TaxCase& taxCase) {
 }
 
 void expectChecks(const std::vector<CheckRow>& rows) {
+    static const std::set<std::string> pages{"family",  "income", "work",
+                                             "pension", "other",  "wealth"};
     for (const CheckRow& row : rows) {
         SCOPED_TRACE(row.id);
         TaxCase hit = row.household();
@@ -95,6 +99,7 @@ void expectChecks(const std::vector<CheckRow>& rows) {
         EXPECT_TRUE(found->message.ends_with('.') || found->message.ends_with('?'))
             << found->message;
         EXPECT_FALSE(found->title.empty());
+        EXPECT_TRUE(pages.contains(found->area.value_or("")));
         EXPECT_FALSE(found->saving.has_value());
         if (found->path) {
             EXPECT_TRUE(valueAt(hit, *found->path).has_value()) << *found->path;

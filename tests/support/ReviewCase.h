@@ -15,8 +15,10 @@ TaxCase spotlessHousehold();
 /// The same in Liechtenstein, in a year without provisional surcharges.
 TaxCase spotlessLiechtenstein();
 
-/// The notices of a case, reviewed on 1 March of the year after.
-std::vector<Notice> reviewed(const TaxCase& taxCase);
+/// The notices of a case, reviewed on 1 March of the year after, beside what else is known of the
+/// household.
+std::vector<Notice> reviewed(const TaxCase& taxCase, std::vector<const TaxCase*> otherYears = {},
+                             std::vector<ReviewedDocument> documents = {});
 /// Their ids.
 std::set<std::string> reviewedIds(const TaxCase& taxCase);
 

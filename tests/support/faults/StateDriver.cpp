@@ -35,9 +35,9 @@ void set(char (&field)[size], const std::string& text) {
 /// A calculation before the first child, so that the rules are in its memory.
 void readRules() {
     InlineQueue queue;
-    const SetClock clock;
-    IdleTimers timers;
-    KeptSettings settings;
+    const FakeClock clock;
+    fiscarel::testing::FakeTimers timers;
+    fiscarel::testing::MemorySettings settings;
     const fiscarel::AppStore demo({.persistence = nullptr,
                                    .writer = queue,
                                    .clock = clock,
