@@ -17,7 +17,7 @@ namespace {
 constexpr int side = 20;
 constexpr int margin = 16;
 constexpr int gap = 8;
-constexpr int marginBelowRoom = 5; ///< the room for a problem is margin enough otherwise
+constexpr int marginBelowRoom = 4; ///< the room for a problem is margin enough otherwise
 
 } // namespace
 
@@ -29,13 +29,13 @@ CardView::CardView(const std::string& title, const std::string& help, Figures fi
     auto* const outer = new QVBoxLayout(this);
     outer->setSpacing(0);
     if (!title.empty()) {
-        auto* const heading = new QLabel(qs(title), this);
+        auto* const heading = new QLabel(labelText(title), this);
         look::setRole(heading, "heading");
         outer->addWidget(heading);
         outer->addSpacing(gap);
     }
     if (!help.empty()) {
-        auto* const text = new QLabel(qs(help), this);
+        auto* const text = new QLabel(labelText(help), this);
         text->setWordWrap(true);
         look::setRole(text, "faint");
         outer->addWidget(text);
@@ -72,9 +72,9 @@ void CardView::refreshFigures() {
     }
     int row = 0;
     for (const Figure& figure : shownFigures_) {
-        auto* const label = new QLabel(qs(figure.label), this);
-        auto* const text = new QLabel(qs(figure.text), this);
-        auto* const note = new QLabel(qs(figure.note), this);
+        auto* const label = new QLabel(labelText(figure.label), this);
+        auto* const text = new QLabel(labelText(figure.text), this);
+        auto* const note = new QLabel(labelText(figure.note), this);
         look::setRole(label, "faint");
         look::setRole(text, "figure");
         look::setRole(note, "small");

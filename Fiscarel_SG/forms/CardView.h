@@ -34,6 +34,13 @@ class CardView : public QFrame {
     /// Opens one of these records if it is here.
     virtual void openOneOf(const std::vector<taxcore::Uuid>& records) { Q_UNUSED(records) }
 
+    /// How wide the card would like to be, in pixels; 0: as wide as others are.
+    virtual int wishedWidth() const { return 0; }
+
+  Q_SIGNALS:
+    /// The user opened a part of the card, which is to be seen whole.
+    void opened(QWidget* part);
+
   protected:
     AppStore& store() noexcept { return store_; }
     const AppStore& store() const noexcept { return store_; }

@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/forms/InputText.h"
 #include "Fiscarel_SG/forms/QtText.h"
+#include "TaxCore/review/AmountSigns.h"
 
 #include <QStringList>
 #include <algorithm>
@@ -108,6 +109,13 @@ tl::expected<Value, QString> readCell(const BoundField& field, const QString& te
     return readValue(field, trimmed, referenceYear).map_error([&](const std::string& sentence) {
         return qs(field.label) + u": "_s + qs(sentence);
     });
+}
+
+QString noteOn(const BoundField& field, const Value& value) {
+    const auto* const amount = std::get_if<Decimal>(&value);
+    const bool isUnusual = field.editor == Editor::amount && amount != nullptr
+                           && amount->isNegative() && !taxcore::review::mayBeNegative(field.path);
+    return isUnusual ? u"Hier gehört der Betrag ohne Minuszeichen hin."_s : QString();
 }
 
 } // namespace fiscarel::forms

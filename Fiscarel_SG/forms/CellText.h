@@ -23,4 +23,8 @@ QString cellText(const BoundField& field, const Value& value);
 tl::expected<Value, QString> readCell(const BoundField& field, const QString& text,
                                       int referenceYear);
 
+/// A gentle word on a value that is kept but probably not meant: an amount below zero where none
+/// is meaningful. Empty for others.
+QString noteOn(const BoundField& field, const Value& value);
+
 } // namespace fiscarel::forms

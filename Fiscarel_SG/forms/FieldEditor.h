@@ -28,6 +28,9 @@ class FieldEditor : public QWidget {
     virtual void setComputed(const Value& computed) { Q_UNUSED(computed) }
     /// Why what is typed cannot be read, one German sentence; empty while it can.
     virtual QString problem() const { return {}; }
+    /// A gentle word on a value that is kept but probably not meant, one German sentence; empty for
+    /// most.
+    virtual QString note() const { return {}; }
     /// What the value means at length, in German; empty for most.
     virtual QString wording() const { return {}; }
     /// Another field changed: what is offered from it is made anew. `editedPath` is the field that

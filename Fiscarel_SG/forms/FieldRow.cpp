@@ -19,7 +19,8 @@ namespace {
 
 constexpr int editorWidth = 320; ///< the most an editor takes
 constexpr int rowHeight = 30;
-constexpr int problemHeight = 15; ///< kept free below every editor, so that nothing moves
+constexpr int problemHeight = 18; ///< kept free below every editor, so that nothing moves
+constexpr int belowText = 4;      ///< between a text below an editor and the next field
 
 /// As wide as the editor's input gets, so that what follows stands right beside it.
 int widthOf(FieldEditor& editor, Editor kind) {
@@ -35,7 +36,7 @@ int widthOf(FieldEditor& editor, Editor kind) {
 
 FieldRow::FieldRow(BoundField field, AppStore& store, const EditorContext& context, QWidget* parent)
     : QWidget(parent), field_(std::move(field)), store_(store),
-      label_(new QLabel(qs(field_.label), this)), editor_(makeEditor(field_, context, this)),
+      label_(new QLabel(labelText(field_.label), this)), editor_(makeEditor(field_, context, this)),
       problem_(new QLabel(this)), wording_(new QLabel(this)), help_(new QLabel(this)),
       helpButton_(new HelpButton(u"Hilfe zu diesem Feld"_s, qs(field_.label), this)) {
     setObjectName(u"row:"_s + qs(field_.path));
@@ -44,16 +45,17 @@ FieldRow::FieldRow(BoundField field, AppStore& store, const EditorContext& conte
     label_->setFixedWidth(labelWidth);
     editor_->setFixedWidth(widthOf(*editor_, field_.editor));
     problem_->setWordWrap(true);
+    problem_->setContentsMargins(0, 0, 0, belowText);
     problem_->setObjectName(u"problem:"_s + qs(field_.path));
     look::setRole(problem_, "error");
     wording_->setWordWrap(true);
-    wording_->setContentsMargins(0, 2, 0, 6);
+    wording_->setContentsMargins(0, 2, 0, 2 * belowText);
     wording_->setObjectName(u"wording:"_s + qs(field_.path));
     look::setRole(wording_, "help");
     wording_->hide();
     help_->setWordWrap(true);
-    help_->setContentsMargins(0, 0, 0, 8);
-    help_->setText(qs(field_.help));
+    help_->setContentsMargins(0, 2, 0, 3 * belowText);
+    help_->setText(labelText(field_.help));
     help_->setObjectName(u"help:"_s + qs(field_.path));
     look::setRole(help_, "help");
     help_->hide();
@@ -74,9 +76,9 @@ FieldRow::FieldRow(BoundField field, AppStore& store, const EditorContext& conte
     state->setSpacing(0);
     state->addWidget(problem_);
     state->addWidget(wording_);
+    state->addWidget(help_);
     state->addStretch(1);
     grid->addLayout(state, 1, 1);
-    grid->addWidget(help_, 2, 1);
     grid->setColumnStretch(1, 1);
     grid->setRowMinimumHeight(0, rowHeight);
     grid->setRowMinimumHeight(1, problemHeight);
@@ -117,7 +119,7 @@ void FieldRow::write() {
 /// A name may change while the field is there.
 void FieldRow::showLabel() {
     if (field_.labelFor) {
-        label_->setText(qs(field_.labelFor(store_.current())));
+        label_->setText(labelText(field_.labelFor(store_.current())));
         editor_->input()->setAccessibleName(label_->text());
     }
 }
@@ -128,9 +130,11 @@ void FieldRow::showState() {
     if (wording.isEmpty() && field_.note) {
         wording = qs(field_.note(store_.current()));
     }
-    problem_->setText(problem);
-    problem_->setVisible(!problem.isEmpty() || wording.isEmpty());
-    wording_->setText(wording);
+    const QString note = editor_->note();
+    look::setRole(problem_, problem.isEmpty() ? "note" : "error");
+    problem_->setText(labelText(problem.isEmpty() ? note : problem));
+    problem_->setVisible(!problem_->text().isEmpty());
+    wording_->setText(labelText(wording));
     wording_->setVisible(!wording.isEmpty());
 }
 

@@ -20,7 +20,7 @@ using namespace Qt::Literals::StringLiterals;
 
 FormPage::FormPage(Page page, AppStore& store, const PageContext& context, QWidget* parent)
     : PageWidget(parent), page_(std::move(page)), store_(store),
-      frame_(new look::PageFrame(qs(page_.title), qs(page_.help), this)),
+      frame_(new look::PageFrame(qs(page_.title), labelText(page_.help), this)),
       jumps_(new QWidget(frame_)) {
     const EditorContext editors{context, [&store]() -> const TaxCase& { return store.current(); }};
     auto* const jumps = new QHBoxLayout(jumps_);
@@ -53,6 +53,8 @@ void FormPage::addSection(const Section& section, const EditorContext& context,
     for (const Card& card : section.cards) {
         view.cards.push_back(makeCard(card, store_, context, view.widget));
         column->addWidget(view.cards.back());
+        connect(view.cards.back(), &CardView::opened, frame_, &look::PageFrame::showWhole);
+        frame_->widen(view.cards.back()->wishedWidth());
     }
     if (section.title) {
         view.jump = new look::ElidingButton(jumps_);

@@ -17,7 +17,7 @@ using namespace Qt::Literals::StringLiterals;
 
 ListView::ListView(ListCard list, AppStore& store, EditorContext context, QWidget* parent)
     : RecordsView(std::move(list), store, parent), context_(std::move(context)),
-      rowsLayout_(new QVBoxLayout), empty_(new QLabel(qs(card().emptyText), this)),
+      rowsLayout_(new QVBoxLayout), empty_(new QLabel(labelText(card().emptyText), this)),
       addButton_(new QPushButton(qs(card().itemName) + u" hinzufügen"_s, this)) {
     look::setRole(empty_, "faint");
     rowsLayout_->setSpacing(4);
@@ -86,6 +86,7 @@ ListView::Row ListView::makeRow(std::size_t index) {
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(4);
     auto* const headLine = new QHBoxLayout;
+    headLine->setSpacing(0);
     headLine->addWidget(row.head, 1);
     headLine->addWidget(row.amount);
     layout->addLayout(headLine);
@@ -93,8 +94,12 @@ ListView::Row ListView::makeRow(std::size_t index) {
     look::setRole(line, "line");
     layout->addWidget(line);
     rowsLayout_->addWidget(row.frame);
-    connect(row.head, &QPushButton::clicked, this,
-            [this, index](bool checked) { open(index, checked); });
+    connect(row.head, &QPushButton::clicked, this, [this, index](bool checked) {
+        open(index, checked);
+        if (checked) {
+            Q_EMIT opened(rows_[index].frame);
+        }
+    });
     return row;
 }
 
@@ -103,13 +108,15 @@ void ListView::refreshRow(std::size_t index) {
     const RowSummary summary = card().summary(store().current(), index);
     const QString title = titleOf(index);
     const QString sign = row.head->isChecked() ? u"▾  "_s : u"▸  "_s;
-    row.head->setText(sign + title
-                      + (summary.detail.empty() ? QString() : u"  ·  "_s + qs(summary.detail)));
+    row.head->setText(
+        sign + title
+        + (summary.detail.empty() ? QString() : u"  ·  "_s + labelText(summary.detail)));
     row.head->setAccessibleName(title);
     for (QPushButton* tool : row.tools) {
         nameTool(*tool, title);
     }
     row.amount->setText(qs(summary.amount));
+    row.amount->setVisible(!summary.amount.empty());
     for (FieldRow* field : row.fields) {
         field->refresh();
     }
@@ -133,7 +140,7 @@ void ListView::open(std::size_t index, bool opened) {
 void ListView::fill(Row& row, std::size_t index) {
     row.body = new QWidget(row.frame);
     auto* const layout = new QVBoxLayout(row.body);
-    layout->setContentsMargins(16, 4, 0, 12);
+    layout->setContentsMargins(0, 4, 0, 12);
     layout->setSpacing(0);
     for (const BoundField& field : card().fields(index)) {
         auto* const fieldRow = new FieldRow(field, store(), context_, row.body);
@@ -170,13 +177,15 @@ QWidget* ListView::makeTools(Row& row, std::size_t index) {
     addRowTool(u"Nach unten"_s, u"down"_s, [this, index] {
         moveRow(index, index + 1, u"down"_s);
     })->setEnabled(index + 1 < count());
-    addRowTool(u"Entfernen"_s, u"remove"_s, [this, index] {
-        opened_.reset();
-        remove(index);
-        refresh();
-        focusRow(index);
-    });
     line->addStretch(1);
+    look::setRole(addRowTool(u"Entfernen"_s, u"remove"_s,
+                             [this, index] {
+                                 opened_.reset();
+                                 remove(index);
+                                 refresh();
+                                 focusRow(index);
+                             }),
+                  "danger");
     return tools;
 }
 
@@ -189,6 +198,7 @@ void ListView::addOpened() {
         if (!fields.empty()) {
             fields.front()->focusField();
         }
+        Q_EMIT opened(rows_.back().frame);
     }
 }
 

@@ -11,6 +11,11 @@ inline QString qs(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+/// A text of the program for people to read, in a label or a tip: an amount stays on one line with
+/// its "Fr." or "CHF", a number with its "Ziffer". Not for texts that are written back.
+QString labelText(std::string_view text);
+QString labelText(QString text);
+
 /// And back.
 inline std::string utf8(const QString& text) { return text.toStdString(); }
 

@@ -44,7 +44,19 @@ QString pasteProblem(const QStringList& problems, qsizetype lines) {
 
 RecordModel::RecordModel(const ListCard& card, AppStore& store, QObject* parent)
     : QAbstractTableModel(parent), card_(card), store_(store), columns_(card.fields(0)),
-      shownRecords_(records()) {}
+      shownRecords_(records()) {
+    learnColumns();
+}
+
+void RecordModel::learnColumns() {
+    TaxCase blank;
+    card_.add(blank);
+    const auto fields = card_.fields(card_.size(blank) - 1);
+    for (const BoundField& field : fields) {
+        const bool isChoice = field.editor == Editor::choice;
+        usualChoices_.push_back(isChoice ? cellText(field, field.get(blank)) : QString());
+    }
+}
 
 std::size_t RecordModel::records() const { return card_.size(store_.current()); }
 
@@ -79,7 +91,7 @@ QVariant RecordModel::data(const QModelIndex& index, int role) const {
     case Qt::EditRole:
         return cellText(field, value);
     case Qt::ToolTipRole: // it may have been too long for the column
-        return QStringList{cellText(field, value), qs(field.help)}.join(u"\n\n"_s).trimmed();
+        return QStringList{cellText(field, value), labelText(field.help)}.join(u"\n\n"_s).trimmed();
     default:
         return {};
     }
@@ -93,12 +105,14 @@ QVariant RecordModel::emptyRow(const QModelIndex& index, int role) const {
     switch (role) {
     case Qt::DisplayRole:
         return index.column() == 0 ? QVariant(invitation()) : QVariant();
+    case Qt::EditRole: // what the record will have unless another one is chosen
+        return usualChoices_[static_cast<std::size_t>(index.column())];
     case Qt::ForegroundRole:
         return look::Theme::current().faint;
     case Qt::CheckStateRole:
         return field.editor == Editor::check ? QVariant(Qt::Unchecked) : QVariant();
     case Qt::ToolTipRole:
-        return qs(field.help);
+        return labelText(field.help);
     default:
         return {};
     }
@@ -116,7 +130,7 @@ QVariant RecordModel::headerData(int section, Qt::Orientation orientation, int r
     case Qt::ToolTipRole:
     case Qt::WhatsThisRole:
     case Qt::AccessibleDescriptionRole:
-        return qs(column(section).help);
+        return labelText(column(section).help);
     case Qt::TextAlignmentRole:
         return data(index(0, section), role); // a heading stands where its figures do
     default:
@@ -149,7 +163,9 @@ bool RecordModel::setData(const QModelIndex& index, const QVariant& value, int r
     const BoundField& field = column(index.column());
     tl::expected<Value, QString> cell = Value(value.toInt() == Qt::Checked);
     if (role != Qt::CheckStateRole) {
-        if (value.toString() == data(index, Qt::EditRole).toString()) {
+        const bool isRecord = static_cast<std::size_t>(index.row()) < shownRecords_;
+        const QString before = isRecord ? data(index, Qt::EditRole).toString() : QString();
+        if (value.toString() == before) {
             tell({});
             return true; // left as it was; an empty last row stays no record
         }
@@ -159,7 +175,7 @@ bool RecordModel::setData(const QModelIndex& index, const QVariant& value, int r
         tell(cell.error());
         return false;
     }
-    tell({});
+    tell(noteOn(field, *cell));
     store_.edit(field.label, [&](TaxCase& taxCase) {
         writeCell(taxCase, static_cast<std::size_t>(index.row()), index.column(), *cell);
     });

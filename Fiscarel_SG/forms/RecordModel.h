@@ -52,11 +52,13 @@ class RecordModel final : public QAbstractTableModel {
     std::size_t records() const;
     QVariant emptyRow(const QModelIndex& index, int role) const;
     void writeCell(TaxCase& taxCase, std::size_t row, int column, const Value& value) const;
+    void learnColumns();
     void tell(const QString& problem);
 
     const ListCard& card_;
     AppStore& store_;
     std::vector<BoundField> columns_;
+    std::vector<QString> usualChoices_; ///< of a new record, by column; empty for other fields
     std::size_t shownRecords_ = 0;
     QString problem_;
 };

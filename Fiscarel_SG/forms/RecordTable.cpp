@@ -9,6 +9,7 @@
 #include <QComboBox>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <algorithm>
 #include <functional>
@@ -21,13 +22,11 @@ namespace {
 
 constexpr int visibleRows = 8;
 constexpr int usualRowHeight = 30;
-constexpr int roomForScrollBar = 20;
 
 /// A width that shows what usually stands in a column; longer texts tell themselves in their tool
 /// tips, and the user may widen it.
 int widthOf(const BoundField& field, bool isFirst, const QFontMetrics& metrics) {
     constexpr int padding = 22;
-    constexpr int arrow = 26;
     constexpr int mostOfChoice = 190;
     const auto width = [&](const QString& text) { return metrics.horizontalAdvance(text); };
     int content = 0;
@@ -45,11 +44,11 @@ int widthOf(const BoundField& field, bool isFirst, const QFontMetrics& metrics) 
     case Editor::check:
         break;
     case Editor::choice: // the first is the usual one
-        content = field.options.empty() ? 0 : width(qs(field.options.front().label)) + arrow;
+        content = field.options.empty() ? 0 : width(qs(field.options.front().label));
         content = std::min(content, mostOfChoice);
         break;
     default:
-        content = width(u"Kantonalbank Werdenberg"_s);
+        content = width(u"Kantonalbank Sargans"_s);
     }
     const int invitation = isFirst ? width(RecordModel::invitation()) : 0;
     return std::max({content, width(qs(field.label)), invitation}) + padding;
@@ -72,9 +71,12 @@ class CellDelegate final : public QStyledItemDelegate {
             box->addItem(qs(entry.label));
         }
         box->view()->setMinimumWidth(box->view()->sizeHintForColumn(0) + listMargin);
+        box->setMinimumWidth(std::max(option.rect.width(), box->sizeHint().width()));
         // What is chosen counts at once, not only when the cell is left.
-        connect(box, &QComboBox::activated, box,
-                [self = const_cast<CellDelegate*>(this), box] { Q_EMIT self->commitData(box); });
+        connect(box, &QComboBox::activated, box, [self = const_cast<CellDelegate*>(this), box] {
+            box->setProperty(chosen, true);
+            Q_EMIT self->commitData(box);
+        });
         return box;
     }
     void setEditorData(QWidget* editor, const QModelIndex& index) const override {
@@ -87,8 +89,8 @@ class CellDelegate final : public QStyledItemDelegate {
     void setModelData(QWidget* editor, QAbstractItemModel* model,
                       const QModelIndex& index) const override {
         const auto* const box = qobject_cast<QComboBox*>(editor);
-        if (box != nullptr && box->currentIndex() < 0) {
-            return; // nothing chosen, as in the empty row
+        if (box != nullptr && (box->currentIndex() < 0 || !box->property(chosen).toBool())) {
+            return; // only passed through
         }
         if (box != nullptr) {
             model->setData(index, box->currentText(), Qt::EditRole);
@@ -112,6 +114,7 @@ class CellDelegate final : public QStyledItemDelegate {
 
   private:
     static constexpr int listMargin = 28;
+    static constexpr const char* chosen = "chosen"; ///< the user did, and did not just pass
 
     static bool holdsGrid() {
         const QString copied = QApplication::clipboard()->text().trimmed();
@@ -122,6 +125,60 @@ class CellDelegate final : public QStyledItemDelegate {
 };
 
 } // namespace
+
+/// Shows the first column over the others while those are scrolled sideways, so that one sees whose
+/// figures one writes. A click there goes to the cell below it.
+class RecordTable::FirstColumn final : public QTableView {
+  public:
+    explicit FirstColumn(RecordTable& table) : QTableView(&table), table_(table) {
+        setModel(table.model());
+        setSelectionModel(table.selectionModel());
+        setFocusPolicy(Qt::NoFocus);
+        setEditTriggers(QAbstractItemView::NoEditTriggers);
+        setAlternatingRowColors(true);
+        setFrameShape(QFrame::NoFrame);
+        setStyleSheet(QStringLiteral("QTableView { border: none; border-radius: 0; }"));
+        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        setVerticalScrollMode(table.verticalScrollMode());
+        setAccessibleName(QStringLiteral("Erste Spalte"));
+        verticalHeader()->hide();
+        verticalHeader()->setDefaultSectionSize(usualRowHeight);
+        for (int i = 1; i < table.model()->columnCount(); ++i) {
+            setColumnHidden(i, true);
+        }
+        connect(table.verticalScrollBar(), &QScrollBar::valueChanged, verticalScrollBar(),
+                &QScrollBar::setValue);
+        connect(table.horizontalScrollBar(), &QScrollBar::valueChanged, this, [this] { place(); });
+        connect(table.horizontalHeader(), &QHeaderView::sectionResized, this, [this] { place(); });
+        connect(this, &QTableView::clicked, &table, [&table](const QModelIndex& at) {
+            table.setFocus(Qt::MouseFocusReason);
+            table.setCurrentIndex(at);
+            table.edit(at);
+        });
+        hide();
+    }
+
+    void place() {
+        const QRect cells = table_.viewport()->geometry();
+        const int head = table_.horizontalHeader()->height();
+        const int width = table_.columnWidth(0);
+        setColumnWidth(0, width);
+        horizontalHeader()->setFixedHeight(head);
+        setGeometry(cells.left(), cells.top() - head, width, cells.height() + head);
+        // Not over the half of the room, where the others would have none.
+        const bool isNeeded =
+            table_.horizontalScrollBar()->value() > 0 && 2 * width < cells.width();
+        setVisible(isNeeded);
+        if (isNeeded) {
+            verticalScrollBar()->setValue(table_.verticalScrollBar()->value());
+            raise();
+        }
+    }
+
+  private:
+    RecordTable& table_;
+};
 
 RecordTable::RecordTable(RecordModel& model, QWidget* parent) : QTableView(parent), model_(model) {
     setModel(&model);
@@ -140,20 +197,56 @@ RecordTable::RecordTable(RecordModel& model, QWidget* parent) : QTableView(paren
     horizontalHeader()->setStretchLastSection(true);
     verticalHeader()->setDefaultSectionSize(usualRowHeight);
     for (int i = 0; i < model.columnCount(); ++i) {
-        setColumnWidth(i, widthOf(model.column(i), i == 0, fontMetrics()));
+        const int width = widthOf(model.column(i), i == 0, fontMetrics());
+        setColumnWidth(i, width);
+        wishedColumns_ += width;
     }
     connect(verticalHeader(), &QHeaderView::sectionClicked, this, [this](int row) {
         if (row == model_.rowCount() - 1) { // the plus
             beginRecord();
         }
     });
+    firstColumn_ = new FirstColumn(*this);
     fitHeight();
+}
+
+int RecordTable::wishedWidth() const {
+    const int numbers = verticalHeader()->sizeHint().width();
+    return numbers + wishedColumns_ + 2 * frameWidth() + 1;
 }
 
 void RecordTable::fitHeight() {
     const int rows = std::min(model_.rowCount(), visibleRows);
+    const int room = width() - 2 * frameWidth() - verticalHeader()->sizeHint().width();
+    int columns = 0; // the last one takes what is left
+    for (int i = 0; i < model_.columnCount(); ++i) {
+        const bool isLast = i == model_.columnCount() - 1;
+        columns += isLast ? horizontalHeader()->sectionSizeHint(i) : columnWidth(i);
+    }
+    const int bar = columns > room ? horizontalScrollBar()->sizeHint().height() : 0;
     setFixedHeight(horizontalHeader()->sizeHint().height() + rows * usualRowHeight
-                   + roomForScrollBar);
+                   + 2 * frameWidth() + bar);
+}
+
+void RecordTable::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    fitHeight();
+    if (firstColumn_ != nullptr) {
+        firstColumn_->place();
+    }
+}
+
+/// A cell below the first column that stays is not in sight.
+void RecordTable::scrollTo(const QModelIndex& index, ScrollHint hint) {
+    QTableView::scrollTo(index, hint);
+    if (index.column() == 0) {
+        return;
+    }
+    QScrollBar& bar = *horizontalScrollBar();
+    const int hidden = columnWidth(0) - visualRect(index).left();
+    if (firstColumn_ != nullptr && bar.value() > 0 && hidden > 0) {
+        bar.setValue(bar.value() - hidden);
+    }
 }
 
 void RecordTable::beginRecord() {

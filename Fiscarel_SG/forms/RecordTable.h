@@ -24,12 +24,16 @@ class RecordTable final : public QTableView {
     std::optional<std::size_t> currentRecord() const;
     /// As high as its rows, up to a limit.
     void fitHeight();
+    /// With which all columns are in sight, in pixels.
+    int wishedWidth() const;
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
   Q_SIGNALS:
     /// Another cell has the keyboard.
     void moved();
 
   protected:
+    void resizeEvent(QResizeEvent* event) override;
     bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
@@ -40,7 +44,11 @@ class RecordTable final : public QTableView {
     bool isAtEdge(bool next) const;
     void paste();
 
+    class FirstColumn;
+
     RecordModel& model_;
+    FirstColumn* firstColumn_ = nullptr;
+    int wishedColumns_ = 0;
 };
 
 } // namespace fiscarel::forms

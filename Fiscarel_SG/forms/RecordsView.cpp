@@ -77,7 +77,7 @@ void RecordsView::takeOverLastYear() {
 
 void RecordsView::refreshFoot() {
     const std::size_t records = count();
-    total_->setText(card_.total ? qs(card_.total(store().current())) : QString());
+    total_->setText(card_.total ? labelText(card_.total(store().current())) : QString());
     total_->setVisible(!total_->text().isEmpty() && records > 0);
     const TaxCase* const before = card_.offersLastYear && records == 0 ? lastYear() : nullptr;
     takeOver_->setVisible(before != nullptr && card_.size(*before) > 0);

@@ -12,6 +12,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <array>
+#include <utility>
 
 namespace fiscarel::forms {
 
@@ -35,8 +37,7 @@ TableView::TableView(ListCard list, AppStore& store, QWidget* parent)
 
     auto* const foot = new QHBoxLayout;
     foot->setSpacing(18);
-    addTools(*foot);
-    foot->addWidget(problem_, 1); // beside the tools, so that nothing moves
+    addTools(*foot); // the problem beside the tools, so that nothing moves
     content().addLayout(foot);
     auto* const end = new QHBoxLayout;
     end->addWidget(&takeOver(), 0, Qt::AlignLeft);
@@ -46,14 +47,35 @@ TableView::TableView(ListCard list, AppStore& store, QWidget* parent)
     connect(model_, &RecordModel::problemChanged, this,
             [this] { problem_->setText(model_->problem()); });
     connect(table_, &RecordTable::moved, this, &TableView::showHelp);
+    connect(table_, &RecordTable::moved, this, &TableView::refreshTools);
     connect(helpButton_, &QToolButton::toggled, this, &TableView::showHelp);
     refreshFoot();
+    refreshTools();
+}
+
+int TableView::wishedWidth() const {
+    const QMargins around = layout()->contentsMargins();
+    return table_->wishedWidth() + around.left() + around.right() + 2;
+}
+
+void TableView::refreshTools() {
+    const auto record = table_->currentRecord();
+    const std::array tools{
+        std::pair(duplicate_, record.has_value()), std::pair(up_, record && *record > 0),
+        std::pair(down_, record && *record + 1 < count()), std::pair(remove_, record.has_value())};
+    for (const auto& [tool, works] : tools) {
+        if (!works && tool->hasFocus()) {
+            table_->setFocus(Qt::OtherFocusReason);
+        }
+        tool->setEnabled(works);
+    }
 }
 
 void TableView::addTools(QHBoxLayout& line) {
     const auto add = [&](const QString& text, const QString& name, const auto& act) {
-        nameTool(*addTool(line, text, u"%1:%2"_s.arg(name, qs(card().path)), act),
-                 qs(card().title));
+        QPushButton* const tool = addTool(line, text, u"%1:%2"_s.arg(name, qs(card().path)), act);
+        nameTool(*tool, qs(card().title));
+        return tool;
     };
     const auto withRecord = [this](auto act) {
         return [this, act] {
@@ -63,12 +85,14 @@ void TableView::addTools(QHBoxLayout& line) {
         };
     };
     line.addWidget(helpButton_);
-    add(u"Duplizieren"_s, u"duplicate"_s,
-        withRecord([this](std::size_t record) { duplicate(record); }));
-    add(u"Nach oben"_s, u"up"_s, [this] { moveSelected(-1); });
-    add(u"Nach unten"_s, u"down"_s, [this] { moveSelected(1); });
-    add(u"Zeile entfernen"_s, u"remove"_s,
-        withRecord([this](std::size_t record) { remove(record); }));
+    duplicate_ = add(u"Duplizieren"_s, u"duplicate"_s,
+                     withRecord([this](std::size_t record) { duplicate(record); }));
+    up_ = add(u"Nach oben"_s, u"up"_s, [this] { moveSelected(-1); });
+    down_ = add(u"Nach unten"_s, u"down"_s, [this] { moveSelected(1); });
+    line.addWidget(problem_, 1);
+    remove_ = add(u"Zeile entfernen"_s, u"remove"_s,
+                  withRecord([this](std::size_t record) { remove(record); }));
+    look::setRole(remove_, "danger");
 }
 
 void TableView::refresh() {
@@ -81,6 +105,7 @@ void TableView::refresh() {
         table_->setCurrentIndex(
             model_->index(std::min(at.row(), model_->rowCount() - 1), at.column()));
     }
+    refreshTools();
 }
 
 void TableView::toggleHelp() { helpButton_->toggle(); }
@@ -88,7 +113,7 @@ void TableView::toggleHelp() { helpButton_->toggle(); }
 /// What belongs into the column with the keyboard, or into the first one.
 void TableView::showHelp() {
     const BoundField& field = model_->column(std::max(0, table_->currentIndex().column()));
-    help_->setText(qs(field.label + ": " + field.help));
+    help_->setText(labelText(field.label + ": " + field.help));
     help_->setVisible(helpButton_->isChecked());
 }
 

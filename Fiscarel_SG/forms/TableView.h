@@ -21,9 +21,12 @@ class TableView final : public RecordsView {
     void refresh() override;
     bool reveal(const std::string& path) override;
     void toggleHelp();
+    int wishedWidth() const override;
 
   private:
     void addTools(QHBoxLayout& line);
+    /// What can do nothing to the current row looks so.
+    void refreshTools();
     void moveSelected(int by);
     void showHelp();
 
@@ -32,6 +35,10 @@ class TableView final : public RecordsView {
     QLabel* problem_;
     QLabel* help_;
     HelpButton* helpButton_;
+    QPushButton* duplicate_ = nullptr;
+    QPushButton* up_ = nullptr;
+    QPushButton* down_ = nullptr;
+    QPushButton* remove_ = nullptr;
 };
 
 } // namespace fiscarel::forms

@@ -9,14 +9,17 @@
 #include <QScrollBar>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace fiscarel::look {
 
 namespace {
 
 constexpr int columnWidth = 860;
-constexpr int margin = 80;    ///< around what is shown
-constexpr int settling = 150; ///< milliseconds until a page has its form
+constexpr int sideMargin = 24;
+constexpr int margin = 80;     ///< around what is shown
+constexpr int partMargin = 16; ///< around a part shown whole
+constexpr int settling = 150;  ///< milliseconds until a page has its form
 
 } // namespace
 
@@ -36,8 +39,9 @@ PageFrame::PageFrame(const QString& title, const QString& help, QWidget* parent)
 
     auto* const inner = new QWidget(scroll_);
     auto* const centred = new QHBoxLayout(inner);
-    centred->setContentsMargins(24, 20, 24, 24);
+    centred->setContentsMargins(sideMargin, 20, sideMargin, 24);
     auto* const column = new QWidget(inner);
+    cards_ = column;
     column->setMaximumWidth(columnWidth);
     column->setLayout(column_);
     column_->setContentsMargins(0, 0, 0, 0);
@@ -78,6 +82,7 @@ QVBoxLayout& PageFrame::renew(QWidget*& old) {
 /// user scrolls or goes elsewhere, what is shown stays in sight.
 void PageFrame::show(QWidget* widget) {
     sought_ = widget;
+    isWholeSought_ = false;
     scroll_->ensureWidgetVisible(widget, 0, margin);
 }
 
@@ -99,7 +104,41 @@ void PageFrame::showTop(QWidget* widget) {
     }
 }
 
+void PageFrame::showWhole(QWidget* part) {
+    sought_ = part;
+    isWholeSought_ = true;
+    bringWholeInSight();
+    // What was opened has its height only after the layouts' next round.
+    QMetaObject::invokeMethod(this, &PageFrame::keepInSight, Qt::QueuedConnection);
+}
+
+void PageFrame::bringWholeInSight() {
+    QScrollBar* const bar = scroll_->verticalScrollBar();
+    const int top = sought_->mapTo(scroll_->widget(), QPoint()).y() - partMargin;
+    const int bottom = top + sought_->height() + 2 * partMargin;
+    const int room = scroll_->viewport()->height();
+    if (bottom > bar->value() + room) {
+        bar->setValue(std::min(top, bottom - room));
+    } else if (top < bar->value()) {
+        bar->setValue(top);
+    }
+}
+
+void PageFrame::widen(int width) {
+    wished_ = std::max(width, wished_);
+    limitWidth();
+}
+
+/// Never wider than there is room for: a long word in a card must not push its fields out of sight.
+void PageFrame::limitWidth() {
+    const int room = scroll_->viewport()->width() - 2 * sideMargin;
+    cards_->setMaximumWidth(std::max(columnWidth, std::min(wished_, room)));
+}
+
 bool PageFrame::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Resize) {
+        limitWidth(); // what scrolls is as wide as the view, which has its size now
+    }
     if (sought_ && (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest)) {
         QMetaObject::invokeMethod(this, &PageFrame::keepInSight, Qt::QueuedConnection);
     }
@@ -107,7 +146,10 @@ bool PageFrame::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void PageFrame::keepInSight() {
-    if (sought_ && sought_ == window()->focusWidget()) {
+    const QWidget* const focused = window()->focusWidget();
+    if (sought_ && isWholeSought_ && sought_->isAncestorOf(focused)) {
+        bringWholeInSight();
+    } else if (sought_ && sought_ == focused) {
         scroll_->ensureWidgetVisible(sought_, 0, margin);
     } else {
         sought_.clear();

@@ -30,6 +30,12 @@ class PageFrame final : public QWidget {
     /// Scrolls so that a widget within stands at the top, so far as there is enough below it; the
     /// keyboard goes on from there.
     void showTop(QWidget* widget);
+    /// Scrolls so that a part of a card, which has the keyboard, can be seen whole; of one taller
+    /// than the page its beginning.
+    void showWhole(QWidget* part);
+    /// Lets the cards get this wide, in pixels, where the window has room; less than they are
+    /// changes nothing.
+    void widen(int width);
     /// How far it is scrolled, in pixels.
     int position() const;
     /// Scrolls there once the cards have their places.
@@ -39,10 +45,15 @@ class PageFrame final : public QWidget {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    void limitWidth();
     void keepInSight();
+    void bringWholeInSight();
 
     QScrollArea* scroll_;
     QVBoxLayout* column_;
+    QWidget* cards_;
+    int wished_ = 0; ///< width of the cards
+    bool isWholeSought_ = false;
     QPointer<QWidget> sought_; ///< what is to stay in sight while the page takes its form
 };
 

@@ -128,6 +128,9 @@ void Theme::apply(QApplication& application, Appearance appearance) {
         font.setFamily(u"Inter"_s);
     }
     font.setPointSizeF(10.5);
+#if QT_VERSION >= QT_VERSION_CHECK(6, 7, 0)
+    font.setFeature(QFont::Tag("tnum"), 1); // digits equally wide: figures stand in columns
+#endif
     QApplication::setFont(font);
     QApplication::setPalette(paletteOf(inUse()));
     application.setStyleSheet(sheetOf(inUse()));

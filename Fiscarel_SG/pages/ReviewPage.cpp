@@ -92,7 +92,7 @@ void ReviewPage::addNotice(const Notice& notice, QVBoxLayout& column) {
     addLine(column);
     auto* const head = new QHBoxLayout;
     const NoticeSign sign = NoticeSign::of(notice.level);
-    auto* const title = new QLabel(qs(notice.title), parent);
+    auto* const title = new QLabel(labelText(notice.title), parent);
     look::setRole(title, "figure");
     title->setWordWrap(true);
     head->addWidget(title, 1);
@@ -109,7 +109,7 @@ void ReviewPage::addNotice(const Notice& notice, QVBoxLayout& column) {
         head->addWidget(level);
     }
     column.addLayout(head);
-    addLabel(column, qs(notice.message), "faint");
+    addLabel(column, labelText(notice.message), "faint");
     if (NoticeDoor* const go = NoticeDoor::of(notice, u"go"_s, parent)) {
         column.addWidget(go, 0, Qt::AlignLeft);
         connect(go, &NoticeDoor::fieldWanted, this, &PageWidget::fieldWanted);

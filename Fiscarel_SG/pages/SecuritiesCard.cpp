@@ -31,44 +31,44 @@ std::string taxValueHelp(bool liechtenstein) {
                            "oder Steuerauszug der Bank.";
 }
 
-/// The columns that only the return of St.Gallen asks for.
-void addYieldFields(std::vector<Field<SecurityEntry>>& fields, const PageContext& context) {
-    fields.push_back(
-        amount<&SecurityEntry::incomeWithWithholding>("Ertrag mit VSt", withholdingHelp(context)));
-    fields.push_back(amount<&SecurityEntry::incomeWithoutWithholding>(
-        "Ertrag ohne VSt",
-        "Bruttoerträge ohne Abzug der Verrechnungssteuer, etwa kleine Zinsen und ausländische "
-        "Erträge. Sie stehen auf dem Zinsausweis oder Steuerauszug."));
-    fields.push_back(check<&SecurityEntry::managedByThirdParty>(
-        "Fremdverwaltet",
-        "Ankreuzen, wenn eine Bank das Depot führt; danach bemisst sich die Pauschale für die "
-        "Verwaltungskosten."));
-    fields.push_back(check<&SecurityEntry::isSavingsAccount>(
-        "Sparkonto", "Zinsen von Spar- und Privatkonten zählen zum Abzug der "
-                     "Versicherungsprämien und Sparzinsen."));
-}
-
+/// What every return asks for comes first, what is rarely needed last.
 std::vector<Field<SecurityEntry>> securityFields(const PageContext& context) {
+    const bool withYields = !isLiechtenstein(context); // only the return of St.Gallen asks for them
     std::vector<Field<SecurityEntry>> fields{
-        choice<&SecurityEntry::kind>(
-            "Art", "Konto, Wertschrift oder das Total eines Steuerauszugs der Bank."),
-        choice<&SecurityEntry::code>(
-            "Code", "Nur in besonderen Fällen: Geschäftsvermögen, Nutzniessung, Erbschaft, "
-                    "Schenkung oder eine grosse Beteiligung."),
         text<&SecurityEntry::institution>("Bank / Schuldner",
                                           "Bank, Post oder wer das Geld schuldet."),
-        text<&SecurityEntry::description>("Bezeichnung", "Name des Kontos oder der Wertschrift."),
-        text<&SecurityEntry::ibanOrValor>(
-            "IBAN / Valor", "IBAN des Kontos oder Valorennummer der Wertschrift; beides steht auf "
-                            "dem Auszug der Bank."),
-        decimal<&SecurityEntry::quantity>("Anzahl", "Stück",
-                                          "Anzahl Stücke gemäss Depotverzeichnis; bei Konten leer "
-                                          "lassen."),
-        choice<&SecurityEntry::owner>("Eigentum", "Wem das Konto oder die Wertschrift gehört."),
+        choice<&SecurityEntry::kind>(
+            "Art", "Konto, Wertschrift oder das Total eines Steuerauszugs der Bank."),
         amount<&SecurityEntry::taxValue>("Steuerwert", taxValueHelp(isLiechtenstein(context)))};
-    if (!isLiechtenstein(context)) {
-        addYieldFields(fields, context);
+    if (withYields) {
+        fields.push_back(amount<&SecurityEntry::incomeWithWithholding>("Ertrag mit VSt",
+                                                                       withholdingHelp(context)));
+        fields.push_back(amount<&SecurityEntry::incomeWithoutWithholding>(
+            "Ertrag ohne VSt",
+            "Bruttoerträge ohne Abzug der Verrechnungssteuer, etwa kleine Zinsen und ausländische "
+            "Erträge. Sie stehen auf dem Zinsausweis oder Steuerauszug."));
     }
+    fields.push_back(
+        text<&SecurityEntry::description>("Bezeichnung", "Name des Kontos oder der Wertschrift."));
+    fields.push_back(
+        choice<&SecurityEntry::owner>("Eigentum", "Wem das Konto oder die Wertschrift gehört."));
+    if (withYields) {
+        fields.push_back(check<&SecurityEntry::isSavingsAccount>(
+            "Sparkonto", "Zinsen von Spar- und Privatkonten zählen zum Abzug der "
+                         "Versicherungsprämien und Sparzinsen."));
+        fields.push_back(check<&SecurityEntry::managedByThirdParty>(
+            "Fremdverwaltet",
+            "Ankreuzen, wenn eine Bank das Depot führt; danach bemisst sich die Pauschale für die "
+            "Verwaltungskosten."));
+    }
+    fields.push_back(text<&SecurityEntry::ibanOrValor>(
+        "IBAN / Valor", "IBAN des Kontos oder Valorennummer der Wertschrift; beides steht auf "
+                        "dem Auszug der Bank."));
+    fields.push_back(decimal<&SecurityEntry::quantity>(
+        "Anzahl", "Stück", "Anzahl Stücke gemäss Depotverzeichnis; bei Konten leer lassen."));
+    fields.push_back(choice<&SecurityEntry::code>(
+        "Code", "Nur in besonderen Fällen: Geschäftsvermögen, Nutzniessung, Erbschaft, "
+                "Schenkung oder eine grosse Beteiligung."));
     return fields;
 }
 

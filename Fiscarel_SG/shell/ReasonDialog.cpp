@@ -108,11 +108,11 @@ class Steps final : public QWidget {
                          Qt::AlignTop);
         look::ElidingButton* door = nullptr;
         if (leadsOn) {
-            door = new look::ElidingButton(this, qs(step.text));
+            door = new look::ElidingButton(this, labelText(step.text));
             look::setRole(door, "textlink"); // as high as the texts beside it
             grid_->addWidget(door, row_, 1, Qt::AlignTop);
         } else {
-            grid_->addWidget(label(qs(step.text), "", this), row_, 1, Qt::AlignTop);
+            grid_->addWidget(label(labelText(step.text), "", this), row_, 1, Qt::AlignTop);
         }
         addAmounts(step.canton, step.federal, step.unit.value_or(Unit::francs), false);
         ++row_;
@@ -126,7 +126,7 @@ class Steps final : public QWidget {
         auto* const line = new QFrame(this);
         look::setRole(line, "line");
         grid_->addWidget(line, row_++, 0, 1, hasTwoSides_ ? 4 : 3);
-        grid_->addWidget(label(qs(derivation_.label), "figure", this), row_, 0, 1, 2);
+        grid_->addWidget(label(labelText(derivation_.label), "figure", this), row_, 0, 1, 2);
         addAmounts(derivation_.canton, derivation_.federal, derivation_.unit, true);
         grid_->setRowStretch(row_ + 1, 1);
     }
@@ -203,7 +203,7 @@ bool ReasonDialog::fill(const std::string& code) {
     if (!derivation) {
         return false;
     }
-    title_->setText(qs(derivation->label));
+    title_->setText(labelText(derivation->label));
     auto* const steps = new Steps(*derivation);
     std::vector<QWidget*> doors{scroll_};
     for (const DerivationStep& step : derivation->steps) {

@@ -1,5 +1,6 @@
 #include "TaxCore/base/MoneyFormat.h"
 #include "TaxCore/model/Household.h"
+#include "TaxCore/review/AmountSigns.h"
 #include "TaxCore/review/CheckContext.h"
 
 #include <algorithm>
@@ -324,7 +325,30 @@ class AmountCheck {
     std::string_view leftPage_;
 };
 
+/// The key of the facts for a path as text.
+std::string keyOf(std::string_view path) {
+    std::string key;
+    bool isPosition = false;
+    for (const char c : path) {
+        if (c == '.' && (key.ends_with('1') || key.ends_with('2'))) {
+            key.pop_back(); // the person
+        }
+        isPosition = c == '[' || isPosition;
+        if (!isPosition) {
+            key += c;
+        }
+        isPosition = isPosition && c != ']';
+    }
+    return key;
+}
+
 } // namespace
+
+bool mayBeNegative(std::string_view path) {
+    const std::string key = keyOf(path);
+    const auto* const found = std::ranges::find(facts, std::string_view(key), &FieldFacts::key);
+    return found == facts.end() || found->sign == Sign::any;
+}
 
 void checkAmounts(CheckContext& c) {
     AmountCheck check(c);

@@ -167,7 +167,7 @@ class FirstReturn : public ::testing::Test {
     /// A row of the table, cell after cell by the tabulator.
     void enterAccount(int row, const QStringList& cells) {
         auto& table = program.find<QTableView>(u"table:securities"_s);
-        constexpr int institution = 2;
+        constexpr int institution = 0;
         const QModelIndex first = table.model()->index(row, institution);
         ASSERT_TRUE(first.isValid());
         program.click(table);
@@ -184,12 +184,9 @@ class FirstReturn : public ::testing::Test {
     }
     void enterAccounts() {
         const QString same;
-        enterAccount(
-            0, {u"Kantonalbank"_s, u"Lohnkonto"_s, same, same, same, u"18230"_s, same, u"12"_s});
-        enterAccount(1,
-                     {u"Kantonalbank"_s, u"Sparkonto"_s, same, same, same, u"64'000"_s, u"410"_s});
-        enterAccount(2, {u"Kantonalbank"_s, u"Mietzinskonto"_s, same, same, same, u"2450.00"_s,
-                         same, u"3"_s});
+        enterAccount(0, {u"Kantonalbank"_s, same, u"18230"_s, same, u"12"_s, u"Lohnkonto"_s});
+        enterAccount(1, {u"Kantonalbank"_s, same, u"64'000"_s, u"410"_s, same, u"Sparkonto"_s});
+        enterAccount(2, {u"Kantonalbank"_s, same, u"2450.00"_s, same, u"3"_s, u"Mietzinskonto"_s});
     }
     QString shownTotal() { return program.find<QLabel>(u"total"_s).text(); }
 };

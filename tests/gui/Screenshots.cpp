@@ -146,7 +146,7 @@ struct Camera {
         scroll()->verticalScrollBar()->setValue(0);
         settle();
         if (auto* const table = dynamic_cast<QAbstractItemView*>(find(u"table:securities"_s))) {
-            const QModelIndex last = table->model()->index(table->model()->rowCount() - 1, 2);
+            const QModelIndex last = table->model()->index(table->model()->rowCount() - 1, 0);
             QTest::mouseClick(table->viewport(), Qt::LeftButton, {},
                               table->visualRect(last).center());
             if (auto* const cell = table->viewport()->findChild<QLineEdit*>()) {

@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/forms/editors/AmountEdit.h"
 
+#include "Fiscarel_SG/forms/CellText.h"
 #include "Fiscarel_SG/forms/InputText.h"
 
 #include <utility>
@@ -10,6 +11,8 @@ AmountEdit::AmountEdit(BoundField field, QWidget* parent)
     : LineEditor(std::move(field), 24, parent) {
     showFigures();
 }
+
+QString AmountEdit::note() const { return noteOn(field(), value()); }
 
 LineEditor::Reading AmountEdit::read(const QString& text) const {
     return parseAmount(utf8(text)).map([](const Decimal& amount) { return Value(amount); });

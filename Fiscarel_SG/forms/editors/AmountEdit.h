@@ -9,6 +9,8 @@ class AmountEdit final : public LineEditor {
   public:
     AmountEdit(BoundField field, QWidget* parent);
 
+    QString note() const override;
+
   protected:
     Reading read(const QString& text) const override;
     QString shown(const Value& value) const override;

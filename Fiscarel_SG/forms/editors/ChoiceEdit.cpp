@@ -6,6 +6,12 @@
 
 namespace fiscarel::forms {
 
+namespace {
+
+constexpr int boxCharacters = 36;
+
+} // namespace
+
 ChoiceBox::ChoiceBox(QWidget* parent) : QComboBox(parent) {
     setFocusPolicy(Qt::StrongFocus); // the wheel gives no focus either
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -32,7 +38,7 @@ void ChoiceBox::paintEvent(QPaintEvent* event) {
 
 ChoiceEdit::ChoiceEdit(BoundField field, QWidget* parent)
     : EditorBase(std::move(field), parent), box_(new ChoiceBox(this)) {
-    adopt(box_, 36);
+    adopt(box_, boxCharacters);
     watchLeaving(box_);
     setOptions(this->field().options);
     connect(box_, &QComboBox::activated, this, [this](int index) {
@@ -60,7 +66,13 @@ const Option* ChoiceEdit::optionOf(const Value& value) const {
 
 QString ChoiceEdit::wording() const {
     const Option* const chosen = optionOf(value_);
-    return chosen != nullptr ? qs(chosen->wording) : QString();
+    if (chosen != nullptr) {
+        return qs(chosen->wording);
+    }
+    // What is not offered may be longer than the box.
+    const auto* const raw = std::get_if<std::string>(&value_);
+    const QString own = raw != nullptr ? qs(*raw) : QString();
+    return own.size() > boxCharacters ? own : QString();
 }
 
 void ChoiceEdit::setHint(const Value& lastYear) {

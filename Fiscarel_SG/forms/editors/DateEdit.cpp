@@ -1,10 +1,12 @@
 #include "Fiscarel_SG/forms/editors/DateEdit.h"
 
 #include "Fiscarel_SG/forms/InputText.h"
+#include "Fiscarel_SG/look/Theme.h"
 
 #include <QCalendarWidget>
 #include <QFrame>
-#include <QPainter>
+#include <QHBoxLayout>
+#include <QLabel>
 #include <QScreen>
 #include <QTextCharFormat>
 #include <QVBoxLayout>
@@ -15,27 +17,9 @@ namespace fiscarel::forms {
 
 namespace {
 
-/// Gives a button of the calendar a plain arrow in the colour of the bar it stands on.
-void setArrow(const QCalendarWidget& calendar, const QString& button, Qt::ArrowType direction) {
-    auto* const found = calendar.findChild<QToolButton*>(button);
-    if (found == nullptr) {
-        return;
-    }
-    constexpr int size = 16;
-    const qreal ratio = calendar.devicePixelRatioF();
-    QPixmap arrow(QSize(size, size) * ratio);
-    arrow.setDevicePixelRatio(ratio);
-    arrow.fill(Qt::transparent);
-    QPainter painter(&arrow);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(calendar.palette().color(QPalette::HighlightedText), 1.8, Qt::SolidLine,
-                        Qt::RoundCap, Qt::RoundJoin));
-    const double tip = direction == Qt::LeftArrow ? -2.5 : 2.5;
-    painter.drawPolyline(
-        QPolygonF({QPointF(8 - tip, 3.5), QPointF(8 + tip, 8), QPointF(8 - tip, 12.5)}));
-    painter.end();
-    found->setIcon(arrow);
-}
+constexpr int cellWidth = 44;
+constexpr int cellHeight = 26;
+constexpr int weeksAndNames = 7;
 
 /// A calendar that closes when a day is chosen.
 class CalendarPopup final : public QFrame {
@@ -43,7 +27,7 @@ class CalendarPopup final : public QFrame {
     CalendarPopup(const QDate& day, QWidget* parent, std::function<void(QDate)> chosen)
         : QFrame(parent, Qt::Popup), chosen_(std::move(chosen)) {
         setAttribute(Qt::WA_DeleteOnClose);
-        setFrameShape(QFrame::StyledPanel);
+        look::setRole(this, "calendar");
         auto* const calendar = new QCalendarWidget(this);
         calendar->setLocale(QLocale(QLocale::German, QLocale::Switzerland));
         calendar->setFirstDayOfWeek(Qt::Monday);
@@ -56,11 +40,21 @@ class CalendarPopup final : public QFrame {
         calendar->setDateEditEnabled(false); // a day is typed in the field
         calendar->setSelectedDate(day);
         calendar->setAccessibleName(QStringLiteral("Kalender"));
-        setArrow(*calendar, QStringLiteral("qt_calendar_prevmonth"), Qt::LeftArrow);
-        setArrow(*calendar, QStringLiteral("qt_calendar_nextmonth"), Qt::RightArrow);
+        calendar->setNavigationBarVisible(false); // its own one follows the theme
+        calendar->setFixedSize(7 * cellWidth, weeksAndNames * cellHeight);
         auto* const layout = new QVBoxLayout(this);
-        layout->setContentsMargins(4, 4, 4, 4);
+        layout->setContentsMargins(6, 6, 6, 6);
+        layout->setSpacing(4);
+        auto* const bar = new QHBoxLayout;
+        bar->setSpacing(0);
+        month_ = addStepper(*bar, QStringLiteral("Monat"), [this](int by) { turn(by); });
+        bar->addStretch(1);
+        year_ = addStepper(*bar, QStringLiteral("Jahr"), [this](int by) { turn(12 * by); });
+        layout->addLayout(bar);
         layout->addWidget(calendar);
+        calendar_ = calendar;
+        connect(calendar, &QCalendarWidget::currentPageChanged, this, &CalendarPopup::showPage);
+        showPage();
         setFocusProxy(calendar);
         calendar->setFocus();
         const auto choose = [this](const QDate& date) {
@@ -86,7 +80,46 @@ class CalendarPopup final : public QFrame {
     }
 
   private:
+    /// Two arrows with a name between them, which is returned.
+    QLabel* addStepper(QHBoxLayout& bar, const QString& what,
+                       const std::function<void(int)>& step) {
+        const auto addArrow = [&](const QString& sign, const QString& name, int by) {
+            auto* const arrow = new QToolButton(this);
+            arrow->setText(sign);
+            arrow->setToolTip(name);
+            arrow->setAccessibleName(name);
+            arrow->setFocusPolicy(Qt::NoFocus); // the page keys do the same
+            bar.addWidget(arrow);
+            connect(arrow, &QToolButton::clicked, this, [step, by] { step(by); });
+        };
+        auto* const name = new QLabel(this);
+        name->setAlignment(Qt::AlignCenter);
+        look::setRole(name, "figure");
+        addArrow(QStringLiteral("‹"), what + QStringLiteral(" zurück"), -1);
+        bar.addWidget(name);
+        addArrow(QStringLiteral("›"), what + QStringLiteral(" vor"), 1);
+        return name;
+    }
+
+    void turn(int months) {
+        const QDate shown(calendar_->yearShown(), calendar_->monthShown(), 1);
+        const QDate wanted = shown.addMonths(months);
+        if (wanted >= calendar_->minimumDate() && wanted <= calendar_->maximumDate()) {
+            calendar_->setCurrentPage(wanted.year(), wanted.month());
+        }
+    }
+
+    void showPage() {
+        // As wide as the longest month, so that the arrows stay where they are.
+        month_->setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral("September")) + 12);
+        month_->setText(calendar_->locale().standaloneMonthName(calendar_->monthShown()));
+        year_->setText(QString::number(calendar_->yearShown()));
+    }
+
     std::function<void(QDate)> chosen_;
+    QCalendarWidget* calendar_ = nullptr;
+    QLabel* month_ = nullptr;
+    QLabel* year_ = nullptr;
 };
 
 } // namespace
@@ -100,6 +133,15 @@ DateEdit::DateEdit(BoundField field, int referenceYear, QWidget* parent)
     line()->setButton(button);
     line()->listRequested = [this] { return openCalendar(); };
     connect(button, &QToolButton::clicked, this, [this] { openCalendar(); });
+    DateEdit::setHint({});
+}
+
+void DateEdit::setHint(const Value& lastYear) {
+    LineEditor::setHint(lastYear);
+    if (line()->placeholderText().isEmpty()) {
+        line()->setPlaceholderText(QStringLiteral("TT.MM.JJJJ"));
+        line()->slantHint();
+    }
 }
 
 LineEditor::Reading DateEdit::read(const QString& text) const {

@@ -12,6 +12,9 @@ class DateEdit final : public LineEditor {
     /// `referenceYear`: of the tax return; short years are meant near it.
     DateEdit(BoundField field, int referenceYear, QWidget* parent);
 
+    /// Without last year's value the hint tells how a day is written.
+    void setHint(const Value& lastYear) override;
+
   protected:
     Reading read(const QString& text) const override;
     QString shown(const Value& value) const override;

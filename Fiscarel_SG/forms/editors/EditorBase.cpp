@@ -5,13 +5,10 @@
 #include <QComboBox>
 #include <QEvent>
 #include <QFocusEvent>
-#include <QFontDatabase>
-#include <QFontMetricsF>
+#include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QPainter>
 #include <algorithm>
-#include <array>
-#include <cmath>
 #include <utility>
 
 namespace fiscarel::forms {
@@ -47,17 +44,6 @@ QColor readableOn(const QColor& background, const QColor& wished, const QColor& 
     return strong;
 }
 
-bool hasTabularDigits(const QFont& font) {
-    const QFontMetricsF metrics(font);
-    const auto width = [&](char digit) { return metrics.horizontalAdvance(QLatin1Char(digit)); };
-    for (char digit = '1'; digit <= '9'; ++digit) {
-        if (std::abs(width(digit) - width('0')) > 0.01) {
-            return false;
-        }
-    }
-    return true;
-}
-
 } // namespace
 
 QColor faintText(const QPalette& palette, const QColor& background) {
@@ -80,31 +66,6 @@ void paintProblem(QWidget& widget) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(problemColour(widget.palette()), 1.5));
     painter.drawRoundedRect(QRectF(widget.rect()).adjusted(0.75, 0.75, -0.75, -0.75), 2, 2);
-}
-
-QFont tabular(const QFont& font) {
-    if (hasTabularDigits(font)) {
-        return font;
-    }
-    static const std::array families{QStringLiteral("Noto Sans"),
-                                     QStringLiteral("Segoe UI"),
-                                     QStringLiteral("Liberation Sans"),
-                                     QStringLiteral("Arial"),
-                                     QStringLiteral("DejaVu Sans Condensed"),
-                                     QStringLiteral("DejaVu Sans")};
-    const QStringList known = QFontDatabase::families();
-    for (const QString& family : families) {
-        QFont other(font);
-        other.setFamilies({family});
-        if (known.contains(family) && hasTabularDigits(other)) {
-            // Equally tall digits, so that columns of text and of figures look of one size.
-            const double ratio = QFontMetricsF(font).capHeight() / QFontMetricsF(other).capHeight();
-            other.setPointSizeF(font.pointSizeF() > 0 ? font.pointSizeF() * ratio
-                                                      : other.pointSizeF());
-            return other;
-        }
-    }
-    return font;
 }
 
 EditorBase::EditorBase(BoundField field, QWidget* parent)
@@ -175,7 +136,7 @@ void EditorBase::limitWidth() {
 
 /// What is wrong comes first: that is what somebody who hears the field needs to know.
 void EditorBase::describe() {
-    QStringList sentences{problem_, wording(), qs(field_.help)};
+    QStringList sentences{problem_, note(), wording(), qs(field_.help)};
     sentences.removeAll(QString());
     input_->setAccessibleDescription(sentences.join(u' '));
 }

@@ -4,7 +4,6 @@
 #include "Fiscarel_SG/forms/QtText.h"
 
 #include <QColor>
-#include <QFont>
 #include <QPalette>
 
 namespace fiscarel::forms {
@@ -17,8 +16,6 @@ QColor faintText(const QPalette& palette, const QColor& background);
 QColor problemColour(const QPalette& palette);
 /// Frames a widget that holds a problem.
 void paintProblem(QWidget& widget);
-/// `font`, or one much like it, in which all digits are equally wide.
-QFont tabular(const QFont& font);
 
 /// What all editors have in common: names for people and for assistive technology, the colour of
 /// hints, the problem.

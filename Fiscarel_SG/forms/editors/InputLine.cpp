@@ -3,7 +3,6 @@
 #include "Fiscarel_SG/forms/editors/EditorBase.h"
 
 #include <QFocusEvent>
-#include <QFontInfo>
 #include <QKeyEvent>
 #include <QPainter>
 #include <algorithm>
@@ -177,19 +176,17 @@ void InputLine::keepRoom() {
     }
 }
 
-/// Units are about as wide as each other, so that figures stand one below the other.
+/// As much as the longest usual one takes, so that figures stand one below the other.
 int InputLine::unitWidth() const {
     const QFontMetrics metrics(unitFont());
     return std::max(metrics.horizontalAdvance(unit_),
-                    metrics.horizontalAdvance(QStringLiteral("Tage")));
+                    metrics.horizontalAdvance(QStringLiteral("Personen")));
 }
 
-/// That of the form; the line itself may have one for figures.
+/// That of the form; the line's own is slanted while it shows a hint.
 QFont InputLine::unitFont() const {
     QFont own = parentWidget() != nullptr ? parentWidget()->font() : font();
     own.setItalic(false);
-    own.setFamilies({own.family()}); // said, so that the line's is not taken for it
-    own.setPointSizeF(own.pointSizeF() > 0 ? own.pointSizeF() : QFontInfo(own).pointSizeF());
     return own;
 }
 

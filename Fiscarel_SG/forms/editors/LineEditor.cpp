@@ -1,6 +1,5 @@
 #include "Fiscarel_SG/forms/editors/LineEditor.h"
 
-#include <QEvent>
 #include <utility>
 
 namespace fiscarel::forms {
@@ -67,7 +66,6 @@ bool LineEditor::isEmptyValue(const Value& value) const {
 
 void LineEditor::showFigures() {
     line_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    line_->setFont(tabular(font()));
     line_->setUnit(qs(field().unit));
     line_->setSelectsAll(true);
 }
@@ -133,6 +131,7 @@ bool LineEditor::restore() {
 void LineEditor::take(const Value& value) {
     if (!(value == value_)) {
         value_ = value;
+        describe();
         Q_EMIT edited();
     }
 }
@@ -153,14 +152,6 @@ void LineEditor::show() {
 void LineEditor::tell(const QString& problem) {
     line_->setMarked(!problem.isEmpty());
     setProblem(problem);
-}
-
-void LineEditor::changeEvent(QEvent* event) {
-    EditorBase::changeEvent(event);
-    if (event->type() == QEvent::FontChange && line_->alignment().testFlag(Qt::AlignRight)) {
-        line_->setFont(tabular(font()));
-        line_->slantHint();
-    }
 }
 
 } // namespace fiscarel::forms

@@ -44,7 +44,7 @@ class LineEditor : public EditorBase {
     /// The user typed; the text may be brought into shape.
     virtual void typing() {}
 
-    /// Right aligned, in tabular digits, with the field's unit.
+    /// Right aligned, with the field's unit.
     void showFigures();
 
     InputLine* line() const { return line_; }
@@ -53,8 +53,6 @@ class LineEditor : public EditorBase {
     void choose(const Value& value);
     /// Ends an edit: takes what was typed, or tells why it cannot be taken.
     void settle();
-
-    void changeEvent(QEvent* event) override;
 
   private:
     Reading readLine() const;

@@ -9,16 +9,6 @@ namespace fiscarel::forms {
 NumberEdit::NumberEdit(BoundField field, QWidget* parent)
     : LineEditor(std::move(field), 24, parent) {
     showFigures();
-    setHint({});
-}
-
-/// Without last year's value a faint zero tells what an empty field counts as.
-void NumberEdit::setHint(const Value& lastYear) {
-    LineEditor::setHint(lastYear);
-    if (line()->placeholderText().isEmpty() && !field().isOptional) {
-        line()->setPlaceholderText(QStringLiteral("0"));
-        line()->slantHint();
-    }
 }
 
 LineEditor::Reading NumberEdit::read(const QString& text) const {

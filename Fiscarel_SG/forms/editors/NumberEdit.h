@@ -9,8 +9,6 @@ class NumberEdit final : public LineEditor {
   public:
     NumberEdit(BoundField field, QWidget* parent);
 
-    void setHint(const Value& lastYear) override;
-
   protected:
     Reading read(const QString& text) const override;
     QString shown(const Value& value) const override;

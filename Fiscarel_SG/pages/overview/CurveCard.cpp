@@ -110,14 +110,15 @@ void CurveCard::setImagined(const std::optional<TaxResult>& imagined) {
 void CurveCard::showSteps(const Decimal& income) {
     std::vector<RowContent> rows;
     for (const TariffStep& step : curve_.steps) {
-        rows.push_back({.title = qs(step.text), .figures = {francs(step.income)}, .isDoor = false});
+        rows.push_back(
+            {.title = labelText(step.text), .figures = {francs(step.income)}, .isDoor = false});
     }
     const auto above = std::ranges::find_if(
         curve_.steps, [&](const TariffStep& step) { return step.income > income; });
     next_->setText(above == curve_.steps.end()
                        ? u"Über Ihrem Einkommen gibt es in diesem Bereich keine Stufe mehr."_s
                        : u"Die nächste Stufe des Tarifs beginnt bei %1 – %2."_s.arg(
-                           francs(above->income), qs(above->text)));
+                           francs(above->income), labelText(above->text)));
     more_->setVisible(!rows.empty());
     steps_->setRows(std::move(rows));
     steps_->setVisible(more_->isChecked());

@@ -84,7 +84,7 @@ void LeverRow::show(const Lever& lever, const Decimal& value) {
 
 void LeverRow::nameAfter(const Lever& lever) {
     const QString label = qs(lever.label);
-    const QString help = qs(lever.help);
+    const QString help = labelText(lever.help);
     setObjectName(u"lever:"_s + qs(lever.id));
     name_->setText(label);
     for (QWidget* widget : {static_cast<QWidget*>(name_), static_cast<QWidget*>(slider_),

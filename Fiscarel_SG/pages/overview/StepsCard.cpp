@@ -94,10 +94,10 @@ void StepsCard::add(const Notice& notice) {
     const NoticeSign sign = NoticeSign::of(notice.level);
     auto* const level = new QLabel(sign.text, content_);
     look::setRole(level, sign.role);
-    head->addWidget(labelIn(content_, qs(notice.title), "figure"), 1);
+    head->addWidget(labelIn(content_, labelText(notice.title), "figure"), 1);
     head->addWidget(level);
     inside.addLayout(head);
-    inside.addWidget(labelIn(content_, qs(notice.message), "faint"));
+    inside.addWidget(labelIn(content_, labelText(notice.message), "faint"));
     if (NoticeDoor* const go = NoticeDoor::of(notice, u"step"_s, content_)) {
         inside.addWidget(go, 0, Qt::AlignLeft);
         connect(go, &NoticeDoor::fieldWanted, this, &StepsCard::fieldWanted);

@@ -21,7 +21,7 @@ WhatIfCard::WhatIfCard(AppStore& store, QWidget* parent)
       store_(store), figures_(new FigureStrip(3, this)), levers_(new QVBoxLayout) {
     addInset(figures_);
     levers_->setSpacing(0);
-    levers_->setContentsMargins(8, 0, 0, 0);
+    levers_->setContentsMargins(8, 0, 8, 0); // as far from the edge as insets
     column().addLayout(levers_);
     reset_ = new QPushButton(u"Zurücksetzen"_s, this);
     reset_->setObjectName(u"whatIfReset"_s);
