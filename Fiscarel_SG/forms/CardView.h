@@ -39,7 +39,7 @@ class CardView : public QFrame {
 
   Q_SIGNALS:
     /// The user opened a part of the card, which is to be seen whole.
-    void opened(QWidget* part);
+    void partOpened(QWidget* part);
 
   protected:
     AppStore& store() noexcept { return store_; }

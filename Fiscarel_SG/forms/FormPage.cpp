@@ -53,7 +53,7 @@ void FormPage::addSection(const Section& section, const EditorContext& context,
     for (const Card& card : section.cards) {
         view.cards.push_back(makeCard(card, store_, context, view.widget));
         column->addWidget(view.cards.back());
-        connect(view.cards.back(), &CardView::opened, frame_, &look::PageFrame::showWhole);
+        connect(view.cards.back(), &CardView::partOpened, frame_, &look::PageFrame::showWhole);
         frame_->widen(view.cards.back()->wishedWidth());
     }
     if (section.title) {

@@ -97,7 +97,7 @@ ListView::Row ListView::makeRow(std::size_t index) {
     connect(row.head, &QPushButton::clicked, this, [this, index](bool checked) {
         open(index, checked);
         if (checked) {
-            Q_EMIT opened(rows_[index].frame);
+            Q_EMIT partOpened(rows_[index].frame);
         }
     });
     return row;
@@ -198,7 +198,7 @@ void ListView::addOpened() {
         if (!fields.empty()) {
             fields.front()->focusField();
         }
-        Q_EMIT opened(rows_.back().frame);
+        Q_EMIT partOpened(rows_.back().frame);
     }
 }
 
