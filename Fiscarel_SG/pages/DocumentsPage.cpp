@@ -5,6 +5,7 @@
 #include "Fiscarel_SG/look/Theme.h"
 #include "Fiscarel_SG/look/Written.h"
 #include "Fiscarel_SG/pages/Cards.h"
+#include "Fiscarel_SG/pages/EnclosuresCard.h"
 
 #include <QDateTime>
 #include <QDesktopServices>
@@ -97,7 +98,10 @@ DocumentsPage::DocumentsPage(AppStore& store, QWidget* parent)
     };
     enableTools();
     connect(list_, &QTreeWidget::currentItemChanged, this, enableTools);
+    enclosures_ = new EnclosuresCard(store, this);
+    frame_->column().addWidget(enclosures_);
     frame_->column().addStretch(1);
+    connect(enclosures_, &EnclosuresCard::fieldWanted, this, &DocumentsPage::fieldWanted);
     connect(pick, &QPushButton::clicked, this, &DocumentsPage::pick);
     connect(open, &QPushButton::clicked, this, &DocumentsPage::openSelected);
     connect(remove, &QPushButton::clicked, this, &DocumentsPage::removeSelected);
@@ -124,6 +128,7 @@ void DocumentsPage::refresh() {
     empty_->setVisible(ids_.empty());
     list_->setVisible(!ids_.empty());
     tools_->setVisible(!ids_.empty());
+    enclosures_->refresh();
 }
 
 const taxcore::Uuid* DocumentsPage::selected() const {

@@ -20,7 +20,9 @@ class AppStore;
 
 namespace fiscarel::pages {
 
-/// The documents of the year: dropped or picked, opened, removed.
+class EnclosuresCard;
+
+/// The documents of the year: dropped or picked, opened, removed, and handed in with the return.
 class DocumentsPage final : public look::PageWidget {
     Q_OBJECT
 
@@ -49,6 +51,7 @@ class DocumentsPage final : public look::PageWidget {
     QTreeWidget* list_;
     QWidget* tools_;
     QLabel* empty_ = nullptr;
+    EnclosuresCard* enclosures_ = nullptr;
     std::vector<taxcore::Uuid> ids_;
 };
 

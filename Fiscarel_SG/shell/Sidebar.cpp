@@ -102,6 +102,7 @@ QPushButton* Sidebar::addTool(const QString& name, QHBoxLayout& line) {
     auto* const button = new QPushButton(this);
     button->setObjectName(u"tool:"_s + name);
     look::setRole(button, "tool");
+    button->setFixedWidth(24);
     line.addWidget(button);
     tools_[name] = button;
     return button;

@@ -149,7 +149,7 @@ struct Camera {
             const QModelIndex last = table->model()->index(table->model()->rowCount() - 1, 0);
             QTest::mouseClick(table->viewport(), Qt::LeftButton, {},
                               table->visualRect(last).center());
-            if (auto* const cell = table->viewport()->findChild<QLineEdit*>()) {
+            if (auto* const cell = qobject_cast<QLineEdit*>(QApplication::focusWidget())) {
                 QTest::keyClicks(cell, u"Kantonalbank"_s);
                 take(u"wealth-cell"_s);
                 QTest::keyClick(cell, Qt::Key_Tab);
