@@ -55,7 +55,7 @@ void LineEditor::setHint(const Value& lastYear) {
 
 void LineEditor::setComputed(const Value& computed) {
     line_->setPlaceholderText(
-        isEmptyValue(computed) ? QString() : QStringLiteral("berechnet ") + shown(computed));
+        isEmptyValue(computed) ? QString() : QStringLiteral("= ") + shown(computed));
     line_->slantHint();
 }
 
