@@ -51,8 +51,9 @@ class Descriptor {
     int number_;
 };
 
+/// An empty folder is the working one.
 FileResult<void> syncFolder(const fs::path& folder) {
-    const Descriptor open(folder, O_RDONLY | O_DIRECTORY);
+    const Descriptor open(folder.empty() ? fs::path(".") : folder, O_RDONLY | O_DIRECTORY);
     // Some file systems cannot sync a folder; they keep their own order.
     if (!open || (::fsync(open.number()) != 0 && errno != EINVAL)) {
         return failed(folder);

@@ -543,6 +543,11 @@ TEST_F(CommandLine, writesTheReportWholeOrNotAtAll) {
     EXPECT_EQ(good.out + good.err, "");
     EXPECT_EQ(read("bericht.pdf").substr(0, 5), "%PDF-");
 
+    const Outcome besides =
+        run("bericht - -o hier.pdf", household, "cd '" + folder_.string() + "' &&");
+    EXPECT_EQ(besides.exitCode, 0) << besides.err;
+    EXPECT_EQ(read("hier.pdf").substr(0, 5), "%PDF-");
+
     fiscarel::PersistedState state;
     state.cases[2025] = DemoData::family(2025);
     state.cases[2026] = DemoData::liechtensteinFamily(2026);
