@@ -209,6 +209,30 @@ void AppStore::edited() {
 /// From now on the state file is written over; what it was lies among the backups.
 void AppStore::openGate() { gate_ = Gate::open; }
 
+std::vector<Notice> AppStore::notices() const {
+    std::vector<Notice> notices;
+    for (const auto& [path, problem] : unread_) {
+        notices.push_back(problem);
+    }
+    notices.insert(notices.end(), review_.notices.begin(), review_.notices.end());
+    return notices;
+}
+
+void AppStore::setUnread(const std::string& path, std::optional<Notice> problem) {
+    const auto found = unread_.find(path);
+    if (!problem) {
+        if (found == unread_.end()) {
+            return;
+        }
+        unread_.erase(found);
+    } else if (found != unread_.end() && found->second == *problem) {
+        return;
+    } else {
+        unread_[path] = std::move(*problem);
+    }
+    Q_EMIT unreadChanged();
+}
+
 std::optional<std::string> AppStore::undo() { return step(&History::undo); }
 std::optional<std::string> AppStore::redo() { return step(&History::redo); }
 

@@ -71,6 +71,9 @@ class AppStore final : public QObject {
     const taxcore::TaxResult* result() const noexcept { return result_ ? &*result_ : nullptr; }
     /// All that is to be said of that result; empty without one.
     const taxcore::Review& review() const noexcept { return review_; }
+    /// What the user is to look at: first the fields with text that nobody can read, then the
+    /// notices of the review.
+    std::vector<taxcore::Notice> notices() const;
     const std::vector<taxcore::Notice>& tips() const noexcept { return review_.tips; }
     const Decimal& marginalRate() const noexcept { return review_.marginalRate.total; }
     /// The calculator of the current case's region and year; null, with `loadError` set, when the
@@ -105,6 +108,13 @@ class AppStore final : public QObject {
     void setCurrent(taxcore::TaxCase taxCase, std::string name = "Angabe");
     /// The same for a change made in place.
     void edit(std::string name, const std::function<void(taxcore::TaxCase&)>& change);
+    /// A field holds text that cannot be read, so that the case keeps its former value; absent: no
+    /// longer. `problem` has the field's path.
+    void setUnread(const std::string& path, std::optional<taxcore::Notice> problem);
+    /// The same, unsaid: the field went, and what was typed with it.
+    void dropUnread(const std::string& path) { unread_.erase(path); }
+    /// How many fields hold such text.
+    std::size_t unreadCount() const noexcept { return unread_.size(); }
     /// The next keystroke in the same field begins an edit of its own.
     void endMerging() noexcept { history_.endMerging(); }
     std::optional<std::string> undoName() const { return history_.undoName(); }
@@ -185,6 +195,7 @@ class AppStore final : public QObject {
     void currentChanged(const std::vector<std::string>& paths);
     void resultChanged();
     void documentsChanged();
+    void unreadChanged();
     void transferChanged(int year);
     void historyChanged();
     /// An edit was undone or redone: the fields that changed in the year it belongs to, which is
@@ -241,7 +252,8 @@ class AppStore final : public QObject {
     std::string gateReason_; ///< while the gate is closed
     int savesUnderWay_ = 0;
     History history_;
-    std::vector<StoredDocument> deleted_; ///< their files go at the end
+    std::map<std::string, taxcore::Notice> unread_; ///< by path
+    std::vector<StoredDocument> deleted_;           ///< their files go at the end
     std::unique_ptr<Timer> calcTimer_;
     std::unique_ptr<Timer> saveTimer_;
 };

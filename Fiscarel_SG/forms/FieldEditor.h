@@ -28,6 +28,8 @@ class FieldEditor : public QWidget {
     virtual void setComputed(const Value& computed) { Q_UNUSED(computed) }
     /// Why what is typed cannot be read, one German sentence; empty while it can.
     virtual QString problem() const { return {}; }
+    /// Whether what is typed cannot be read, so that the value is the one from before.
+    virtual bool isUnread() const { return false; }
     /// A gentle word on a value that is kept but probably not meant, one German sentence; empty for
     /// most.
     virtual QString note() const { return {}; }
@@ -54,6 +56,7 @@ struct EditorContext {
     PageContext page;
     /// The case being edited; the parish editor asks for its municipality.
     std::function<const TaxCase&()> taxCase;
+    std::string pageId; ///< of the page the field stands on
 };
 
 /// The editor for a field; owned by `parent`. Its input is named after the field's path.

@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 namespace fiscarel::forms {
 
@@ -35,7 +36,7 @@ int widthOf(FieldEditor& editor, Editor kind) {
 } // namespace
 
 FieldRow::FieldRow(BoundField field, AppStore& store, const EditorContext& context, QWidget* parent)
-    : QWidget(parent), field_(std::move(field)), store_(store),
+    : QWidget(parent), field_(std::move(field)), pageId_(context.pageId), store_(store),
       label_(new QLabel(labelText(field_.label), this)), editor_(makeEditor(field_, context, this)),
       problem_(new QLabel(this)), wording_(new QLabel(this)), help_(new QLabel(this)),
       helpButton_(new HelpButton(u"Hilfe zu diesem Feld"_s, qs(field_.label), this)) {
@@ -124,7 +125,30 @@ void FieldRow::showLabel() {
     }
 }
 
+FieldRow::~FieldRow() {
+    if (isUnread_) {
+        store_.dropUnread(field_.path);
+    }
+}
+
+void FieldRow::tellUnread() {
+    const bool wasUnread = std::exchange(isUnread_, editor_->isUnread());
+    if (isUnread_) {
+        store_.setUnread(field_.path,
+                         taxcore::Notice{.id = "unlesbar-" + field_.path,
+                                         .level = taxcore::Notice::Level::error,
+                                         .title = "«" + utf8(label_->text()) + "» ist nicht lesbar",
+                                         .message = utf8(editor_->problem())
+                                                    + " Bis dahin gilt der bisherige Wert.",
+                                         .area = pageId_,
+                                         .path = field_.path});
+    } else if (wasUnread) {
+        store_.setUnread(field_.path, {});
+    }
+}
+
 void FieldRow::showState() {
+    tellUnread();
     const QString problem = editor_->problem();
     QString wording = editor_->wording();
     if (wording.isEmpty() && field_.note) {

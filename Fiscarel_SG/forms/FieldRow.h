@@ -27,6 +27,11 @@ class FieldRow final : public QWidget {
     static constexpr int labelWidth = 250;
 
     FieldRow(BoundField field, AppStore& store, const EditorContext& context, QWidget* parent);
+    ~FieldRow() override;
+    FieldRow(const FieldRow&) = delete;
+    FieldRow& operator=(const FieldRow&) = delete;
+    FieldRow(FieldRow&&) = delete;
+    FieldRow& operator=(FieldRow&&) = delete;
 
     const BoundField& field() const noexcept { return field_; }
     FieldEditor& editor() noexcept { return *editor_; }
@@ -45,10 +50,14 @@ class FieldRow final : public QWidget {
     void write();
     /// The problem, and what is chosen at length or becomes of the entry.
     void showState();
+    /// Tells the store whether what is typed can be read.
+    void tellUnread();
 
     void showLabel();
 
     BoundField field_;
+    const std::string pageId_;
+    bool isUnread_ = false;
     AppStore& store_;
     QLabel* label_;
     FieldEditor* editor_;

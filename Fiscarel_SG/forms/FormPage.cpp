@@ -22,7 +22,8 @@ FormPage::FormPage(Page page, AppStore& store, const PageContext& context, QWidg
     : PageWidget(parent), page_(std::move(page)), store_(store),
       frame_(new look::PageFrame(qs(page_.title), labelText(page_.help), this)),
       jumps_(new QWidget(frame_)) {
-    const EditorContext editors{context, [&store]() -> const TaxCase& { return store.current(); }};
+    const EditorContext editors{context, [&store]() -> const TaxCase& { return store.current(); },
+                                page_.id};
     auto* const jumps = new QHBoxLayout(jumps_);
     jumps->setContentsMargins(0, 0, 0, 0);
     jumps->setSpacing(18);

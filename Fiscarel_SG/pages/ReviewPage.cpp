@@ -28,16 +28,17 @@ ReviewPage::ReviewPage(AppStore& store, QWidget* parent)
 
 void ReviewPage::refreshResult() {
     const Review& review = store_.review();
-    if (content_ != nullptr && review.notices == shownNotices_ && review.tips == shownTips_) {
+    std::vector<Notice> notices = store_.notices();
+    if (content_ != nullptr && notices == shownNotices_ && review.tips == shownTips_) {
         return;
     }
-    shownNotices_ = review.notices;
+    shownNotices_ = std::move(notices);
     shownTips_ = review.tips;
     QVBoxLayout* const column = &frame_->renew(content_);
 
     std::vector<Notice> open;
     std::vector<Notice> infos;
-    for (const Notice& notice : review.notices) {
+    for (const Notice& notice : shownNotices_) {
         (notice.level == Notice::Level::info ? infos : open).push_back(notice);
     }
     if (open.empty()) {

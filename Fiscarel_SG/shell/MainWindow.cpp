@@ -114,6 +114,7 @@ void MainWindow::connectStore() {
     connect(&store_, &AppStore::currentChanged, this, &MainWindow::entriesChanged);
     connect(&store_, &AppStore::documentsChanged, this, &MainWindow::entriesChanged);
     connect(&store_, &AppStore::transferChanged, this, &MainWindow::entriesChanged);
+    connect(&store_, &AppStore::unreadChanged, this, &MainWindow::resultChanged);
     connect(&store_, &AppStore::resultChanged, this, &MainWindow::resultChanged);
     connect(&store_, &AppStore::stepTaken, this, &MainWindow::showStep);
     connect(&store_, &AppStore::historyChanged, sidebar_, &Sidebar::refreshHistory);
@@ -364,6 +365,26 @@ void MainWindow::restoreWindow() {
     }
 }
 
+/// What cannot be read is nowhere but in its field: who leaves now loses it.
+bool MainWindow::leavesUnread() {
+    QMessageBox box(QMessageBox::Warning, u"Nicht lesbare Eingaben"_s,
+                    store_.unreadCount() == 1
+                        ? u"Eine Eingabe ist nicht lesbar und wird nicht gespeichert."_s
+                        : u"%1 Eingaben sind nicht lesbar und werden nicht gespeichert."_s.arg(
+                            store_.unreadCount()),
+                    QMessageBox::NoButton, this);
+    box.setObjectName(u"leavesUnread"_s);
+    box.setInformativeText(u"Die bisherigen Werte bleiben gespeichert."_s);
+    QPushButton* const leave = box.addButton(u"Trotzdem beenden"_s, QMessageBox::DestructiveRole);
+    box.setDefaultButton(box.addButton(u"Zum Feld"_s, QMessageBox::RejectRole));
+    box.exec();
+    if (box.clickedButton() == leave) {
+        return true;
+    }
+    showField(qs(store_.notices().front().path.value_or("")));
+    return false;
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
     if (!store_.isDemo()) {
         if (!isMaximized()) {
@@ -372,7 +393,12 @@ void MainWindow::closeEvent(QCloseEvent* event) {
         }
         settings_.setText("windowMaximized", isMaximized() ? "1" : "0");
     }
-    if (!store_.isDemo() && !store_.flush() && store_.saveProblem()) {
+    const bool isSaved = store_.isDemo() || store_.flush();
+    if (!store_.isDemo() && store_.unreadCount() > 0 && !leavesUnread()) {
+        event->ignore();
+        return;
+    }
+    if (!isSaved && store_.saveProblem()) {
         QMessageBox box(QMessageBox::Warning, u"Nicht gespeichert"_s, qs(*store_.saveProblem()),
                         QMessageBox::NoButton, this);
         box.setInformativeText(u"Wenn Sie jetzt beenden, gehen die letzten Änderungen verloren."_s);

@@ -69,6 +69,7 @@ class MainWindow final : public QMainWindow {
     void search();
     void resetYear();
     void showLoadError();
+    bool leavesUnread();
     void restoreWindow();
     void applyTheme();
     /// Beside the page where there is room, else a strip below it that opens it above the page.

@@ -155,7 +155,7 @@ void Sidebar::refresh() {
     region_->setCurrentIndex(liechtenstein ? 1 : 0);
 
     std::map<QString, int> open;
-    for (const taxcore::Notice& notice : store_.review().notices) {
+    for (const taxcore::Notice& notice : store_.notices()) {
         if (notice.level != taxcore::Notice::Level::info) {
             ++open[u"review"_s];
             if (notice.area) {

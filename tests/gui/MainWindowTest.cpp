@@ -304,6 +304,39 @@ TEST_F(MainWindowTest, undoingGoesWhereTheChangeCanBeSeen) {
     EXPECT_EQ(cash(), Decimal(1'200));
 }
 
+TEST_F(MainWindowTest, whatCannotBeReadIsCountedAndAskedAbout) {
+    program.open();
+    program.store->chooseInitialRegion(TaxRegion::stGallen);
+    program.click(u"nav:wealth"_s);
+    const std::size_t before = program.store->notices().size();
+    program.enter(u"cash"_s, u"viel"_s);
+    EXPECT_EQ(program.store->unreadCount(), 1U);
+    ASSERT_EQ(program.store->notices().size(), before + 1);
+    EXPECT_EQ(program.store->notices().front().path, "cash");
+    EXPECT_TRUE(program.find(u"nav:wealth"_s).accessibleName().contains(u"offene"_s));
+    program.click(u"nav:review"_s);
+    program.click(u"go:unlesbar-cash"_s);
+    EXPECT_EQ(focusName(), u"cash"_s);
+
+    bool wasAsked = false;
+    QTimer::singleShot(0, program.window.get(), [&] {
+        auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(box, nullptr);
+        wasAsked = box->objectName() == u"leavesUnread"_s;
+        box->defaultButton()->click();
+    });
+    EXPECT_FALSE(program.window->close());
+    EXPECT_TRUE(wasAsked);
+    program.click(u"cash"_s);
+    ASSERT_EQ(focusName(), u"cash"_s);
+    program.press(Qt::Key_A, Qt::ControlModifier);
+    program.type(u"50"_s);
+    program.press(Qt::Key_Tab);
+    ASSERT_EQ(program.store->unreadCount(), 0U);
+    EXPECT_EQ(program.store->notices().size(), before);
+    EXPECT_TRUE(program.window->close());
+}
+
 TEST_F(MainWindowTest, theReasonOfTheTotalLeadsOnAndBack) {
     program.openDemo(TaxRegion::stGallen);
     program.click(u"whyTotal"_s);

@@ -54,8 +54,8 @@ void LineEditor::setHint(const Value& lastYear) {
 }
 
 void LineEditor::setComputed(const Value& computed) {
-    line_->setPlaceholderText(
-        isEmptyValue(computed) ? QString() : QStringLiteral("= ") + shown(computed));
+    line_->setPlaceholderText(isEmptyValue(computed) ? QString()
+                                                     : QStringLiteral("= ") + shown(computed));
     line_->slantHint();
 }
 
@@ -77,6 +77,8 @@ LineEditor::Reading LineEditor::readLine() const {
     }
     return read(text);
 }
+
+bool LineEditor::isUnread() const { return isTyped_ && !problem().isEmpty() && !readLine(); }
 
 void LineEditor::textEdited() {
     isTyped_ = true;

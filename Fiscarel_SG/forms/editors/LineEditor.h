@@ -16,6 +16,7 @@ class LineEditor : public EditorBase {
 
     void setValue(const Value& value) override;
     Value value() const override { return value_; }
+    bool isUnread() const override;
     void setHint(const Value& lastYear) override;
     void setComputed(const Value& computed) override;
 
