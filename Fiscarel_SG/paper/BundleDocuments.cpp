@@ -80,7 +80,6 @@ std::optional<QImage> nextImage(QImageReader& reader) {
 
 /// The images of a file as pages of a PDF; empty when there is none that reads.
 QByteArray imagePages(std::string& bytes) {
-    constexpr int pointsPerInch = 72;
     constexpr int mostImages = 500;
     QByteArray content =
         QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
@@ -91,9 +90,7 @@ QByteArray imagePages(std::string& bytes) {
     QBuffer output(&pdf);
     output.open(QIODevice::WriteOnly);
     QPdfWriter writer(&output);
-    writer.setResolution(pointsPerInch * finePerPoint);
-    writer.setPageSize(QPageSize(QPageSize::A4));
-    writer.setPageMargins(QMarginsF());
+    setPaper(writer);
     QPainter painter;
     for (int count = 0; count < mostImages && reader.canRead(); ++count) {
         const std::optional<QImage> image = nextImage(reader);

@@ -127,15 +127,19 @@ std::string written(QPDF& pdf) {
     return {bytes, bytes + buffer->getSize()};
 }
 
-QByteArray plainPdf(const PaperDocument& document) {
+void setPaper(QPdfWriter& writer) {
     constexpr int pointsPerInch = 72;
+    writer.setResolution(pointsPerInch * finePerPoint);
+    writer.setPageSize(QPageSize(QPageSize::A4));
+    writer.setPageMargins(QMarginsF());
+}
+
+QByteArray plainPdf(const PaperDocument& document) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     QPdfWriter writer(&buffer);
-    writer.setResolution(pointsPerInch * finePerPoint);
-    writer.setPageSize(QPageSize(QPageSize::A4));
-    writer.setPageMargins(QMarginsF());
+    setPaper(writer);
     writer.setTitle(document.title);
     writer.setCreator(QStringLiteral("Fiscarel SG"));
     QPainter painter(&writer);

@@ -6,6 +6,7 @@
 #include <string>
 
 class QPDF;
+class QPdfWriter;
 
 namespace fiscarel::paper {
 
@@ -19,6 +20,8 @@ void addLinks(QPDF& pdf, const PaperDocument& document, int firstPage);
 /// The file, made small.
 std::string written(QPDF& pdf);
 
+/// A4 without margins, in `finePerPoint` parts of a point.
+void setPaper(QPdfWriter& writer);
 /// The pages as a PDF file that lacks all of this yet; fonts are embedded with the letters used.
 QByteArray plainPdf(const PaperDocument& document);
 
