@@ -7,6 +7,7 @@
 #include "TaxCore/base/Date.h"
 #include "TaxCore/base/Decimal.h"
 #include "TaxCore/base/EnumText.h"
+#include "TaxCore/base/MemberPointer.h"
 #include "TaxCore/base/Record.h"
 #include "TaxCore/model/TaxCase.h"
 #include "TaxCore/rulebook/LIRules.h"
@@ -119,14 +120,6 @@ struct BoundField {
 namespace detail {
 
 template <class T>
-struct MemberOf;
-template <class Record_, class Type_>
-struct MemberOf<Type_ Record_::*> {
-    using Record = Record_;
-    using Type = Type_;
-};
-
-template <class T>
 struct Plain {
     using Type = T;
 };
@@ -166,27 +159,12 @@ void fromValue(T& field, const Value& value) {
     }
 }
 
-/// The name that a record's description gives to a member.
-template <class Record, class Type>
-std::string_view nameOf(Type Record::*member) {
-    std::string_view name;
-    boost::mp11::mp_for_each<taxcore::Fields<Record>>([&](auto field) {
-        if constexpr (std::is_same_v<std::remove_const_t<decltype(field.pointer)>,
-                                     Type Record::*>) {
-            if (field.pointer == member) {
-                name = field.name;
-            }
-        }
-    });
-    return name;
-}
-
 template <auto member>
 auto field(const std::string& label, const std::string& help, Editor editor) {
-    using Record = typename MemberOf<decltype(member)>::Record;
-    using Type = typename MemberOf<decltype(member)>::Type;
+    using Record = typename taxcore::MemberOf<decltype(member)>::Record;
+    using Type = typename taxcore::MemberOf<decltype(member)>::Type;
     Field<Record> made;
-    made.name = nameOf(member);
+    made.name = taxcore::nameOf(member);
     made.label = label;
     made.help = help;
     made.editor = editor;
@@ -249,7 +227,7 @@ auto parish(const std::string& label, const std::string& help = {}) {
 /// An enumeration with its German labels.
 template <auto member>
 auto choice(const std::string& label, const std::string& help = {}) {
-    using Enum = typename detail::Plain<typename detail::MemberOf<decltype(member)>::Type>::Type;
+    using Enum = typename detail::Plain<typename taxcore::MemberOf<decltype(member)>::Type>::Type;
     auto made = detail::field<member>(label, help, Editor::choice);
     for (const Enum value : taxcore::allValues<Enum>()) {
         made.options.push_back(
@@ -270,9 +248,9 @@ inline Place<TaxCase> wholeCase() {
 /// comes into being when it is written.
 template <auto member, class Record>
 auto within(const Place<Record>& place) {
-    using Type = typename detail::MemberOf<decltype(member)>::Type;
+    using Type = typename taxcore::MemberOf<decltype(member)>::Type;
     using Inner = typename detail::Plain<Type>::Type;
-    const std::string name(detail::nameOf(member));
+    const std::string name(taxcore::nameOf(member));
     return Place<Inner>{place.path.empty() ? name : place.path + "." + name,
                         [read = place.read](const TaxCase& taxCase) -> const Inner* {
                             const Record* const record = read(taxCase);

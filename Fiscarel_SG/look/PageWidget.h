@@ -22,11 +22,11 @@ class PageWidget : public QWidget {
     /// Which records are open, for the same page made anew.
     virtual QStringList opened() const { return {}; }
     /// Opens the records that are here.
-    virtual void open(const QStringList& records){Q_UNUSED(records)}
+    virtual void open(const QStringList& /*records*/) {}
 
-    Q_SIGNALS :
-        /// The user wants to see the field at a path, wherever it is.
-        void fieldWanted(const QString& path);
+  Q_SIGNALS:
+    /// The user wants to see the field at a path, wherever it is.
+    void fieldWanted(const QString& path);
     /// The user wants another page.
     void pageWanted(const QString& id);
     /// The user asks where the figure of a line comes from.

@@ -6,6 +6,7 @@
 #include "TaxCore/base/Date.h"
 #include "TaxCore/base/Decimal.h"
 #include "TaxCore/base/EnumText.h"
+#include "TaxCore/base/MemberPointer.h"
 #include "TaxCore/base/Record.h"
 
 #include <optional>
@@ -40,14 +41,6 @@ struct FormField {
 namespace detail {
 
 template <class T>
-struct MemberOf;
-template <class Record_, class Type_>
-struct MemberOf<Type_ Record_::*> {
-    using Record = Record_;
-    using Type = Type_;
-};
-
-template <class T>
 FieldValue valueOf(const T& field) {
     if constexpr (taxcore::isOptional<T>) {
         return field ? valueOf(*field) : FieldValue{};
@@ -56,21 +49,6 @@ FieldValue valueOf(const T& field) {
     } else {
         return field;
     }
-}
-
-template <auto member>
-std::string_view nameOf() {
-    using R = typename MemberOf<decltype(member)>::Record;
-    std::string_view name;
-    boost::mp11::mp_for_each<taxcore::Fields<R>>([&](auto field) {
-        if constexpr (std::is_same_v<std::remove_const_t<decltype(field.pointer)>,
-                                     std::remove_const_t<decltype(member)>>) {
-            if (field.pointer == member) {
-                name = field.name;
-            }
-        }
-    });
-    return name;
 }
 
 template <class T>
@@ -95,12 +73,12 @@ constexpr ValueKind kindOf() {
 /// A field as entered: amounts in whole francs, choices by their label.
 template <auto member>
 auto entry(std::string_view label, std::string_view ziffer = {}) {
-    using Member = detail::MemberOf<decltype(member)>;
+    using Member = taxcore::MemberOf<decltype(member)>;
     return FormField<typename Member::Record>{
         label,
         ziffer,
         detail::kindOf<typename Member::Type>(),
-        {detail::nameOf<member>()},
+        {taxcore::nameOf(member)},
         [](const typename Member::Record& record) { return detail::valueOf(record.*member); }};
 }
 
