@@ -1,52 +1,12 @@
 #pragma once
 
-#include "Fiscarel_SG/store/StoredDocument.h"
+#include "Fiscarel_SG/documents/ScanResult.h"
 
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace fiscarel {
-
-/// An amount recognised in a document by its label.
-struct ExtractedField {
-    /// What the amount is; the raw value is its identity among the fields of a document.
-    enum class Target {
-        grossSalary,
-        socialContributions,
-        pensionContributions,
-        pensionBuyIn,
-        netSalary,
-        pillar3a,
-        pensionBuyInDirect,
-        healthPremiums,
-        donation,
-        childcare,
-        medical,
-        accountBalance,
-        accountInterest,
-        education
-    };
-
-    Target target = Target::grossSalary;
-    std::string label; ///< German, as it is shown
-    Decimal value;     ///< francs, at least 1, with at most two decimals
-
-    bool operator==(const ExtractedField&) const = default;
-};
-TAXCORE_RECORD(ExtractedField, target, label, value);
-
-/// What is read from a document.
-struct ScanResult {
-    std::string text;                  ///< all of it, lines separated by line feeds
-    std::vector<std::string> lines;    ///< trimmed, without empty ones
-    std::vector<std::string> barcodes; ///< symbology, ":", first 40 characters of the payload
-    StoredDocument::Kind kind = StoredDocument::Kind::anderes;
-    std::optional<std::string> issuer; ///< the first line of 4 to 59 characters
-    std::vector<ExtractedField> fields;
-
-    bool operator==(const ScanResult&) const = default;
-};
 
 /// Decides by words what a document is and which amounts it states. Stateless, and callable from
 /// any thread. Texts are UTF-8; letters with a mark count as one, however they are encoded.
@@ -73,29 +33,3 @@ class DocumentScanner {
 };
 
 } // namespace fiscarel
-
-template <>
-struct taxcore::EnumTable<fiscarel::ExtractedField::Target> {
-    using enum fiscarel::ExtractedField::Target;
-    static constexpr std::array rows{
-        EnumRow{grossSalary, "grossSalary", "Bruttolohn total (Ziffer 8)"},
-        EnumRow{socialContributions, "socialContributions",
-                "Beiträge AHV/IV/EO/ALV/NBUV (Ziffer 9)"},
-        EnumRow{pensionContributions, "pensionContributions",
-                "BVG ordentliche Beiträge (Ziffer 10.1)"},
-        EnumRow{pensionBuyIn, "pensionBuyIn", "BVG Beiträge für den Einkauf (Ziffer 10.2)"},
-        EnumRow{netSalary, "netSalary", "Nettolohn (Ziffer 11)"},
-        EnumRow{pillar3a, "pillar3a", "Einbezahlte Beiträge Säule 3a"},
-        EnumRow{pensionBuyInDirect, "pensionBuyInDirect", "Einkauf Pensionskasse"},
-        EnumRow{healthPremiums, "healthPremiums", "Prämien (Total)"},
-        EnumRow{donation, "donation", "Spende"},
-        EnumRow{childcare, "childcare", "Betreuungskosten"},
-        EnumRow{medical, "medical", "Rechnungsbetrag"},
-        EnumRow{accountBalance, "accountBalance", "Saldo per 31.12."},
-        EnumRow{accountInterest, "accountInterest", "Bruttozins"},
-        EnumRow{education, "education", "Kurskosten"},
-    };
-};
-namespace taxcore {
-TAXCORE_ENUM_TABLE_CHECK(fiscarel::ExtractedField::Target);
-} // namespace taxcore

@@ -4,10 +4,13 @@ buildPackages=(
     g++ cmake ninja-build pkg-config
     libboost1.81-dev libsimdjson-dev libexpected-dev libcli11-dev libzip-dev libqpdf-dev
     libssl-dev libsecret-1-dev
+    libpoppler-qt6-dev libtesseract-dev libleptonica-dev libzxing-dev libheif-dev libpugixml-dev
+    libseccomp-dev tesseract-ocr-deu tesseract-ocr-fra tesseract-ocr-ita tesseract-ocr-eng
+    tesseract-ocr-osd
     qt6-base-dev qt6-charts-dev qt6-svg-dev libqt6opengl6-dev libgl-dev libegl-dev libxkbcommon-dev
     fonts-inter fonts-roboto-unhinted qt6-translations-l10n
 )
-testPackages=(libgtest-dev libbenchmark-dev poppler-utils dbus gnome-keyring)
+testPackages=(libgtest-dev libbenchmark-dev poppler-utils libzint-dev dbus gnome-keyring)
 lintPackages=(clang-tidy clang-format git)
 fuzzPackages=(clang libclang-rt-14-dev)
 

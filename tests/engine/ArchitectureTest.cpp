@@ -88,13 +88,14 @@ TEST(Architecture, theEngineKnowsNoBinaryFloatingPoint) {
 const std::map<std::string, std::set<std::string>>& applicationLayers() {
     static const std::map<std::string, std::set<std::string>> allowed{
         {"store", {}},
-        {"top", {"store"}},
+        {"documents", {"store"}},
+        {"top", {"store", "documents"}},
         {"outputs", {"store"}},
         {"paper", {"store", "outputs"}},
         {"cloud", {"top", "store"}},
         {"look", {}},
         {"forms", {"top", "store", "look"}},
-        {"pages", {"top", "store", "cloud", "look", "forms", "outputs", "paper"}},
+        {"pages", {"top", "store", "documents", "cloud", "look", "forms", "outputs", "paper"}},
         {"shell", {"top", "store", "cloud", "look", "forms", "pages"}},
     };
     return allowed;
