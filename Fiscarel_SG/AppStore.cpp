@@ -183,6 +183,24 @@ void AppStore::edit(std::string name, const std::function<void(TaxCase&)>& chang
     setCurrent(std::move(changed), std::move(name));
 }
 
+void AppStore::applyDocument(const Uuid& id, TaxCase taxCase, std::vector<AppliedValue> applied) {
+    const auto found = std::ranges::find(state_.documents, id, &StoredDocument::id);
+    if (found == state_.documents.end()) {
+        return;
+    }
+    Edit edit{.name = "Beleg «" + found->title + "» übernehmen",
+              .document = Edit::OfDocument{*found, *found},
+              .at = services_.clock.now()};
+    StoredDocument& after = edit.document->after;
+    after.isApplied = true;
+    after.applied = applied.empty() ? std::nullopt : std::optional(std::move(applied));
+    *found = after;
+    const std::vector<std::string> paths = changedPaths(current(), taxCase);
+    changeCase(std::move(taxCase), std::move(edit));
+    Q_EMIT documentsChanged();
+    Q_EMIT currentChanged(paths);
+}
+
 /// Puts a case in the place of the current one and keeps the edit that did it.
 void AppStore::changeCase(TaxCase taxCase, Edit edit) {
     TaxCase& place = state_.cases.try_emplace(year_, TaxCase{.year = year_}).first->second;
@@ -250,7 +268,7 @@ std::optional<std::string> AppStore::step(std::optional<Edit> (History::*take)(P
 
 /// Tells what an undone or repeated edit changed, and goes where it can be seen.
 void AppStore::announce(const Edit& edit) {
-    if (edit.removed) {
+    if (edit.removed || edit.document) {
         Q_EMIT documentsChanged();
     }
     std::vector<std::string> paths;

@@ -142,6 +142,11 @@ class AppStore final : public QObject {
     void importDocuments(const std::vector<std::filesystem::path>& files,
                          std::function<void(std::vector<Uuid>)> added = {});
     void updateDocument(const Uuid& id, const std::function<void(StoredDocument&)>& change);
+    /// Takes a document's values over into the current case, in one step that can be undone:
+    /// `taxCase` is the case with them, `applied` what the document then stands behind. Without
+    /// effect for a document that is gone.
+    void applyDocument(const Uuid& id, taxcore::TaxCase taxCase,
+                       std::vector<AppliedValue> applied);
     /// Can be undone until the program ends; the file goes then.
     void deleteDocument(const Uuid& id);
     /// Where a document's file lies; absent in demo mode and when it is missing.

@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/outputs/CaseEntries.h"
 #include "Fiscarel_SG/outputs/SharedForms.h"
+#include "Fiscarel_SG/store/DocumentLinks.h"
 #include "TaxCore/model/Household.h"
 #include "TaxCore/result/AdultEntries.h"
 
@@ -196,15 +197,10 @@ void coverTied(std::vector<Enclosure>& needs, const TaxCase& taxCase,
                const std::vector<const StoredDocument*>& documents, std::set<Uuid>& tied) {
     const std::map<std::string, Uuid> links = linkedDocuments(taxCase);
     for (const StoredDocument* document : documents) {
-        std::vector<std::string> paths;
+        std::vector<std::string> paths = appliedPaths(taxCase, *document);
         for (const auto& [path, id] : links) {
             if (id == document->id) {
                 paths.push_back(path);
-            }
-        }
-        if (document->applied) {
-            for (const AppliedValue& value : *document->applied) {
-                paths.push_back(value.path);
             }
         }
         if (!paths.empty()) {

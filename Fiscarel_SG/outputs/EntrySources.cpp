@@ -1,5 +1,8 @@
 #include "Fiscarel_SG/outputs/EntrySources.h"
 
+#include "Fiscarel_SG/store/DocumentLinks.h"
+#include "Fiscarel_SG/store/ItemTitles.h"
+
 #include <algorithm>
 #include <iterator>
 
@@ -21,11 +24,10 @@ std::size_t personOf(std::string_view path) {
 
 } // namespace
 
-template <class Record, class NameOf>
-void EntrySources::addItems(const std::string& list, const std::vector<Record>& records,
-                            const NameOf& nameOf) {
+template <class Record>
+void EntrySources::addItems(const std::string& list, const std::vector<Record>& records) {
     for (std::size_t i = 0; i < records.size(); ++i) {
-        Item item{nameOf(records[i]), std::nullopt};
+        Item item{titleOf(records[i]), std::nullopt};
         if constexpr (requires { records[i].documentID; }) {
             item.document = records[i].documentID;
         }
@@ -35,28 +37,21 @@ void EntrySources::addItems(const std::string& list, const std::vector<Record>& 
 
 void EntrySources::addPerson(int number, const PersonIncome& income) {
     const std::string record = "income" + std::to_string(number);
-    addItems(record + ".salaries", income.salaries, [](const auto& one) { return one.employer; });
-    addItems(record + ".pensions", income.pensions, [](const auto& one) { return one.label; });
+    addItems(record + ".salaries", income.salaries);
+    addItems(record + ".pensions", income.pensions);
 }
 
 void EntrySources::addHousehold(const TaxCase& taxCase) {
     const HouseholdDeductions& deductions = taxCase.householdDeductions;
-    addItems("children", taxCase.children, [](const Child& child) { return child.firstName; });
-    addItems("securities", taxCase.securities, [](const SecurityEntry& entry) {
-        return joined(entry.institution, entry.description);
-    });
-    addItems("insurances", taxCase.insurances, [](const auto& one) { return one.company; });
-    addItems("vehicles", taxCase.vehicles, [](const auto& one) { return one.description; });
-    addItems("realEstate", taxCase.realEstate, [](const RealEstate& property) {
-        return joined(property.description, property.municipality);
-    });
-    addItems("debts", taxCase.debts, [](const auto& one) { return one.creditor; });
-    addItems("capitalPayments", taxCase.capitalPayments,
-             [](const CapitalPayment& one) { return std::string(label(one.kind)); });
-    addItems("householdDeductions.medicalCosts", deductions.medicalCosts,
-             [](const auto& one) { return one.provider; });
-    addItems("householdDeductions.donations", deductions.donations,
-             [](const auto& one) { return one.recipient; });
+    addItems("children", taxCase.children);
+    addItems("securities", taxCase.securities);
+    addItems("insurances", taxCase.insurances);
+    addItems("vehicles", taxCase.vehicles);
+    addItems("realEstate", taxCase.realEstate);
+    addItems("debts", taxCase.debts);
+    addItems("capitalPayments", taxCase.capitalPayments);
+    addItems("householdDeductions.medicalCosts", deductions.medicalCosts);
+    addItems("householdDeductions.donations", deductions.donations);
 }
 
 EntrySources::EntrySources(const TaxCase& taxCase, const std::vector<StoredDocument>& documents) {
@@ -72,8 +67,8 @@ EntrySources::EntrySources(const TaxCase& taxCase, const std::vector<StoredDocum
     int number = 0;
     for (const StoredDocument& document : documents_) {
         ++number;
-        for (const AppliedValue& value : document.applied.value_or(std::vector<AppliedValue>())) {
-            applied_[value.path].insert(number);
+        for (const std::string& path : appliedPaths(taxCase, document)) {
+            applied_[path].insert(number);
         }
     }
 }

@@ -38,9 +38,8 @@ class EntrySources {
         std::string name;
         std::optional<taxcore::Uuid> document;
     };
-    template <class Record, class NameOf>
-    void addItems(const std::string& list, const std::vector<Record>& records,
-                  const NameOf& nameOf);
+    template <class Record>
+    void addItems(const std::string& list, const std::vector<Record>& records);
     void addPerson(int number, const taxcore::PersonIncome& income);
     void addHousehold(const taxcore::TaxCase& taxCase);
     const Item* itemAt(std::string_view path) const;

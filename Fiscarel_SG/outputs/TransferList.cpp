@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/outputs/CaseEntries.h"
 #include "Fiscarel_SG/outputs/SharedForms.h"
 #include "Fiscarel_SG/outputs/TransferExceptions.h"
+#include "Fiscarel_SG/store/DocumentLinks.h"
 
 #include <algorithm>
 #include <map>
@@ -48,10 +49,8 @@ void addSources(std::vector<TransferRow>& rows, const std::vector<Derivation>& d
 void addDocuments(std::vector<TransferRow>& rows, const TransferInput& input) {
     std::multimap<std::string, Uuid> applied;
     for (const StoredDocument& document : input.documents) {
-        if (document.year == input.taxCase.year && document.applied) {
-            for (const AppliedValue& value : *document.applied) {
-                applied.emplace(value.path, document.id);
-            }
+        for (std::string& path : appliedPaths(input.taxCase, document)) {
+            applied.emplace(std::move(path), document.id);
         }
     }
     const std::map<std::string, Uuid> linked = linkedDocuments(input.taxCase);

@@ -36,6 +36,18 @@ bool clearIn(T& value, const Uuid& document) {
 
 } // namespace
 
+std::vector<std::string> appliedPaths(const TaxCase& taxCase, const StoredDocument& document) {
+    std::vector<std::string> paths;
+    if (document.year == taxCase.year && document.applied) {
+        for (const AppliedValue& value : *document.applied) {
+            if (auto path = countedPath(taxCase, value.path)) {
+                paths.push_back(*std::move(path));
+            }
+        }
+    }
+    return paths;
+}
+
 bool clearDocumentLinks(TaxCase& taxCase, const Uuid& document) {
     return clearIn(taxCase, document);
 }

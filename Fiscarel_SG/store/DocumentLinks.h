@@ -1,8 +1,17 @@
 #pragma once
 
+#include "Fiscarel_SG/store/StoredDocument.h"
 #include "TaxCore/model/TaxCase.h"
 
+#include <string>
+#include <vector>
+
 namespace fiscarel {
+
+/// The fields of a case that a document's values were taken over into, items by position; without
+/// those of items that are gone.
+std::vector<std::string> appliedPaths(const taxcore::TaxCase& taxCase,
+                                      const StoredDocument& document);
 
 /// Takes every link to a document out of a case; whether there was one.
 bool clearDocumentLinks(taxcore::TaxCase& taxCase, const taxcore::Uuid& document);

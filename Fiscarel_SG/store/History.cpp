@@ -67,18 +67,49 @@ std::optional<Edit> History::step(std::vector<Edit>& from, std::vector<Edit>& to
     return std::nullopt;
 }
 
+namespace {
+
+/// The document with the change made in it; absent when it is gone or holds something else by now.
+std::optional<StoredDocument> changed(const Edit::OfDocument& edit, bool back,
+                                      const std::vector<StoredDocument>& documents) {
+    const StoredDocument& from = back ? edit.after : edit.before;
+    const StoredDocument& to = back ? edit.before : edit.after;
+    const auto found = std::ranges::find(documents, from.id, &StoredDocument::id);
+    if (found == documents.end()) {
+        return std::nullopt;
+    }
+    StoredDocument document = *found;
+    bool applies = true;
+    boost::mp11::mp_for_each<taxcore::Fields<StoredDocument>>([&](auto field) {
+        if (from.*field.pointer != to.*field.pointer) {
+            applies = applies && document.*field.pointer == from.*field.pointer;
+            document.*field.pointer = to.*field.pointer;
+        }
+    });
+    return applies ? std::optional(document) : std::nullopt;
+}
+
+} // namespace
+
 /// False, with the state unchanged, when the edit does not apply.
 bool History::apply(const Edit& edit, Direction direction, PersistedState& state) {
-    std::vector<std::pair<int, taxcore::TaxCase>> changed;
+    const bool back = direction == Direction::back;
+    std::vector<std::pair<int, taxcore::TaxCase>> cases;
     for (const Edit::OfCase& part : edit.cases) {
         const auto found = state.cases.find(part.year);
-        const bool back = direction == Direction::back;
         if (found == state.cases.end()) {
             return false;
         }
-        auto& [year, taxCase] = changed.emplace_back(part.year, found->second);
+        auto& [year, taxCase] = cases.emplace_back(part.year, found->second);
         if (!rebase(back ? *part.after : *part.before, back ? *part.before : *part.after,
                     taxCase)) {
+            return false;
+        }
+    }
+    std::optional<StoredDocument> document;
+    if (edit.document) {
+        document = changed(*edit.document, back, state.documents);
+        if (!document) {
             return false;
         }
     }
@@ -97,7 +128,10 @@ bool History::apply(const Edit& edit, Direction direction, PersistedState& state
                              edit.removed->document);
         }
     }
-    for (auto& [year, taxCase] : changed) {
+    if (document) {
+        *std::ranges::find(state.documents, document->id, &StoredDocument::id) = *document;
+    }
+    for (auto& [year, taxCase] : cases) {
         state.cases[year] = std::move(taxCase);
     }
     return true;

@@ -10,7 +10,7 @@
 
 namespace fiscarel {
 
-/// One step that can be undone: the change of cases and, perhaps, of the list of documents.
+/// One step that can be undone: the change of cases and, perhaps, of a document or of their list.
 struct Edit {
     struct OfCase {
         int year = 0;
@@ -22,9 +22,15 @@ struct Edit {
         std::size_t position = 0; ///< in the list it was removed from
     };
 
+    struct OfDocument {
+        StoredDocument before;
+        StoredDocument after;
+    };
+
     std::string name; ///< German: what was edited, "Bruttolohn"
     std::vector<OfCase> cases;
     std::optional<Removal> removed;
+    std::optional<OfDocument> document;
     /// Edits that follow each other with the same key become one; empty: never.
     std::string mergeKey;
     Moment at;

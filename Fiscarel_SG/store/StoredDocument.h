@@ -29,8 +29,8 @@ TAXCORE_RECORD(PageBox, x, y, width, height);
 
 /// A value that was taken over from a document into a field of the case.
 struct AppliedValue {
-    std::string path;  ///< of the field, "income1.salaries[0].grossSalary"
-    std::string value; ///< as it was shown
+    std::string path;  ///< of the field, items by identity: "debts[<UUID>].amount"
+    std::string value; ///< amounts with a point and without grouping, dates as 2025-12-31
     int page = 0;      ///< of the document, from 1; 0: not on a certain page
     std::optional<PageBox> box;
 

@@ -1,10 +1,12 @@
 #pragma once
 
-// Field paths over described records: differences between two values and the value at a path.
-// Templates; include it only where a record type is instantiated.
+// Field paths over described records: differences between two values, reading and writing at a
+// path. Templates; include it only where a record type is instantiated.
 
+#include "TaxCore/base/EnumText.h"
 #include "TaxCore/base/JsonWriter.h"
 #include "TaxCore/base/Record.h"
+#include "TaxCore/base/Uuid.h"
 
 #include <algorithm>
 #include <charconv>
@@ -87,43 +89,126 @@ void diffValue(const std::string& path, const T& before, const T& after, const E
     }
 }
 
-/// The JSON text of the value that the rest of a path leads to. `nested`: a point stands before the
-/// next field.
+/// Which item of a list a path means by "2" or by the item's identity; the list's size for none.
 template <class T>
-std::optional<std::string> valueAtPath(const T& value, std::string_view path, bool nested = false) {
-    if (path.empty()) {
-        return toJson(value, JsonStyle::compact);
+std::size_t indexOf(const std::vector<T>& list, std::string_view token) {
+    std::size_t index = list.size();
+    const auto [end, status] = std::from_chars(token.begin(), token.end(), index);
+    if (status == std::errc{} && end == token.end()) {
+        return std::min(index, list.size());
     }
-    if constexpr (isOptional<T>) {
-        return value ? valueAtPath(*value, path, nested) : std::nullopt;
-    } else if constexpr (isList<T>) {
+    if constexpr (Identified<T>) {
+        const auto id = Uuid::parse(token);
+        const auto found = id ? std::ranges::find(list, *id, &T::id) : list.end();
+        return static_cast<std::size_t>(found - list.begin());
+    }
+    return list.size();
+}
+
+/// Follows a path through records, lists and optional values that are there: `item(token, index,
+/// record)` for every item of a list on the way, then `use(value)` with what it leads to. Whether
+/// it leads anywhere. `nested`: a point stands before the next field.
+template <class T, class Item, class Use>
+bool walkPath(T& value, std::string_view path, const Item& item, const Use& use,
+              bool nested = false) {
+    using Bare = std::remove_const_t<T>;
+    if constexpr (isOptional<Bare>) {
+        if (!path.empty()) {
+            return value && walkPath(*value, path, item, use, nested);
+        }
+    }
+    if (path.empty()) {
+        use(value);
+        return true;
+    }
+    if constexpr (isList<Bare>) {
         const std::size_t close = path.find(']');
         if (path.front() != '[' || close == std::string_view::npos) {
-            return std::nullopt;
+            return false;
         }
-        std::size_t index = value.size();
-        const auto [end, status] = std::from_chars(path.data() + 1, path.data() + close, index);
-        if (status != std::errc{} || end != path.data() + close || index >= value.size()) {
-            return std::nullopt;
+        const std::string_view token = path.substr(1, close - 1);
+        const std::size_t index = indexOf(value, token);
+        if (index >= value.size()) {
+            return false;
         }
-        return valueAtPath(value[index], path.substr(close + 1), true);
-    } else if constexpr (Record<T>) {
+        item(token, index, value[index]);
+        return walkPath(value[index], path.substr(close + 1), item, use, true);
+    } else if constexpr (Record<Bare>) {
         if (nested) {
             if (path.front() != '.') {
-                return std::nullopt;
+                return false;
             }
             path.remove_prefix(1);
         }
         const std::string_view name = path.substr(0, path.find_first_of(".["));
-        std::optional<std::string> found;
-        forEachField(value, [&](std::string_view field, const auto& member) {
+        bool found = false;
+        forEachField(value, [&](std::string_view field, auto& member) {
             if (field == name) {
-                found = valueAtPath(member, path.substr(name.size()), true);
+                found = walkPath(member, path.substr(name.size()), item, use, true);
             }
         });
         return found;
     } else {
+        return false;
+    }
+}
+
+inline constexpr auto passItem = [](std::string_view, std::size_t, const auto&) {};
+
+/// The JSON text of the value that a path leads to.
+template <class T>
+std::optional<std::string> valueAtPath(const T& value, std::string_view path) {
+    std::optional<std::string> found;
+    walkPath(value, path, passItem,
+             [&](const auto& leaf) { found = toJson(leaf, JsonStyle::compact); });
+    return found;
+}
+
+/// The path with every item of a list named as `name(token, index, record)` says; absent when it
+/// leads nowhere.
+template <class T, class Name>
+std::optional<std::string> renamedPath(const T& value, std::string_view path, const Name& name) {
+    std::string renamed;
+    const char* rest = path.data();
+    const auto item = [&](std::string_view token, std::size_t index, const auto& record) {
+        renamed.append(rest, token.begin());
+        renamed += name(token, index, record);
+        rest = token.end();
+    };
+    if (!walkPath(value, path, item, [](const auto&) {})) {
         return std::nullopt;
+    }
+    return renamed.append(rest, path.end());
+}
+
+/// Writes a value from its text: numbers with a point, dates as in files, enumerations by their raw
+/// text, texts as they are. False, with nothing changed, when the text is none of the type's.
+template <class T>
+bool assignText(T& value, std::string_view text) {
+    const auto take = [&](auto parsed) {
+        if (parsed) {
+            value = *std::move(parsed);
+        }
+        return static_cast<bool>(parsed);
+    };
+    if constexpr (isOptional<T>) {
+        typename T::value_type inner{};
+        return assignText(inner, text) && take(std::optional(std::move(inner)));
+    } else if constexpr (std::is_same_v<T, std::string>) {
+        value = text;
+        return true;
+    } else if constexpr (std::is_same_v<T, bool>) {
+        return (text == "true" || text == "false") && take(std::optional(text == "true"));
+    } else if constexpr (std::is_same_v<T, int>) {
+        int number = 0;
+        const auto [end, status] = std::from_chars(text.begin(), text.end(), number);
+        return status == std::errc{} && end == text.end() && take(std::optional(number));
+    } else if constexpr (TabledEnum<T>) {
+        return take(enumFromRaw<T>(text));
+    } else if constexpr (requires { T::parse(text); }) {
+        return take(T::parse(text));
+    } else {
+        return false;
     }
 }
 

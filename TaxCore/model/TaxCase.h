@@ -101,7 +101,20 @@ std::vector<FieldChange> diff(const TaxCase& before, const TaxCase& after);
 /// it held in `from`.
 bool rebase(const TaxCase& from, const TaxCase& to, TaxCase& target);
 
+// Paths name items of lists by position, "debts[0].amount", or by identity, "debts[<UUID>].amount",
+// which stays right when items come, go or move.
+
 /// The value at a field path as JSON text; absent when the path leads nowhere.
 std::optional<std::string> valueAt(const TaxCase& taxCase, std::string_view path);
+
+/// Writes the field at a path: amounts and numbers with a point and without grouping, dates as
+/// 2025-12-31, "true" and "false", enumerations by their raw text. False, with the case unchanged,
+/// when the path leads to no such field or the text is no value of it.
+bool setValueAt(TaxCase& taxCase, std::string_view path, std::string_view text);
+
+/// A path with items named by their identity; absent when it leads nowhere.
+std::optional<std::string> lastingPath(const TaxCase& taxCase, std::string_view path);
+/// A path with items named by their position; absent when it leads nowhere.
+std::optional<std::string> countedPath(const TaxCase& taxCase, std::string_view path);
 
 } // namespace taxcore

@@ -33,4 +33,28 @@ std::optional<std::string> valueAt(const TaxCase& taxCase, std::string_view path
     return detail::valueAtPath(taxCase, path);
 }
 
+bool setValueAt(TaxCase& taxCase, std::string_view path, std::string_view text) {
+    bool written = false;
+    detail::walkPath(taxCase, path, detail::passItem,
+                     [&](auto& value) { written = detail::assignText(value, text); });
+    return written;
+}
+
+std::optional<std::string> lastingPath(const TaxCase& taxCase, std::string_view path) {
+    return detail::renamedPath(
+        taxCase, path, [](std::string_view token, std::size_t, const auto& record) {
+            if constexpr (Identified<std::remove_cvref_t<decltype(record)>>) {
+                return record.id.toString();
+            } else {
+                return std::string(token);
+            }
+        });
+}
+
+std::optional<std::string> countedPath(const TaxCase& taxCase, std::string_view path) {
+    return detail::renamedPath(taxCase, path, [](std::string_view, std::size_t index, const auto&) {
+        return std::to_string(index);
+    });
+}
+
 } // namespace taxcore

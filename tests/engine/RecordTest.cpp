@@ -372,4 +372,60 @@ TEST(Enumerations, areStoredUnderTheirRawValues) {
 }
 
 } // namespace
+TEST(RecordPath, itemsAreFoundByPositionAndIdentity) {
+    TaxCase household{.year = 2025};
+    household.debts = {{.creditor = "A", .amount = 1}, {.creditor = "B", .amount = 2}};
+    const std::string lasting = lastingPath(household, "debts[1].amount").value();
+    EXPECT_EQ(lasting, "debts[" + household.debts[1].id.toString() + "].amount");
+    std::swap(household.debts[0], household.debts[1]);
+    EXPECT_EQ(valueAt(household, lasting), "2");
+    EXPECT_EQ(countedPath(household, lasting), "debts[0].amount");
+    EXPECT_EQ(countedPath(household, "cash"), "cash");
+    household.debts.clear();
+    for (const std::string& path :
+         {lasting, std::string("debts[0]"), std::string("debts[]"), std::string("debts[1x].amount"),
+          std::string("debts"), std::string("")}) {
+        EXPECT_EQ(countedPath(household, path).has_value(), path.size() < 6) << path;
+    }
+}
+
+TEST(RecordPath, writesAFieldFromItsText) {
+    TaxCase household{.year = 2025};
+    household.income1.salaries.emplace_back();
+    struct Row {
+        const char* path;
+        const char* text;
+        const char* json; ///< null: refused
+    };
+    const std::vector<Row> rows{
+        {"cash", "12.50", "12.5"},
+        {"cash", "12,50", nullptr},
+        {"cash", "", nullptr},
+        {"civilStatus", "verheiratet", R"("verheiratet")"},
+        {"civilStatus", "vermählt", nullptr},
+        {"person1.birthDate", "1984-03-01", R"("1984-03-01T00:00:00Z")"},
+        {"person1.birthDate", "1984-02-30", nullptr},
+        {"person1.firstName", "A\"ä", R"("A\"ä")"},
+        {"person1.hasPensionFund", "false", "false"},
+        {"person1.hasPensionFund", "nein", nullptr},
+        {"householdDeductions.supportedPersons", "2", "2"},
+        {"householdDeductions.supportedPersons", "2.5", nullptr},
+        {"householdDeductions.actualAssetManagementCosts", "7", "7"},
+        {"income1.salaries[0].netSalaryOverride", "x", nullptr},
+        {"income1.salaries[1].grossSalary", "1", nullptr},
+        {"income1", "1", nullptr},
+        {"li.commute1.workDays", "3", nullptr},
+    };
+    for (const Row& row : rows) {
+        TaxCase changed = household;
+        ASSERT_EQ(setValueAt(changed, row.path, row.text), row.json != nullptr)
+            << row.path << " " << row.text;
+        if (row.json != nullptr) {
+            EXPECT_EQ(valueAt(changed, row.path), row.json);
+        } else {
+            EXPECT_EQ(changed, household) << row.path;
+        }
+    }
+}
+
 } // namespace taxcore

@@ -1,0 +1,266 @@
+#include "Fiscarel_SG/documents/Applying.h"
+
+#include "AppStoreFixture.h"
+#include "Fiscarel_SG/documents/Likeness.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace fiscarel;
+using namespace taxcore;
+using Kind = ProposedRecord::Kind;
+using Outcome = PlannedValue::Outcome;
+
+Date day(int year, int month, int day) { return Date::of(year, month, day).value(); }
+
+/// A couple with two children, each adult with a salary certificate.
+TaxCase household() {
+    TaxCase taxCase{.year = 2025, .civilStatus = CivilStatus::verheiratet};
+    taxCase.person1 = {.firstName = "Nora", .lastName = "Bärtsch", .birthDate = day(1984, 3, 1)};
+    taxCase.person2 = {.firstName = "Jörg", .lastName = "Bärtsch", .birthDate = day(1982, 7, 9)};
+    taxCase.children = {{.firstName = "Lia"}, {.firstName = "Max"}};
+    taxCase.income1.salaries = {{.employer = "Werdenwerk AG"}};
+    taxCase.income2.salaries = {{.employer = "Spital Grabs"}, {.employer = "Schule Buchs"}};
+    return taxCase;
+}
+
+/// A document with what it proposes, applied to the household.
+struct Paper {
+    TaxCase taxCase = household();
+    StoredDocument document{.year = 2025};
+    std::vector<StoredDocument> others;
+    ScanResult scan;
+
+    int add(ProposedRecord record, const std::vector<std::pair<std::string, std::string>>& values,
+            Proposal::Witness witness = Proposal::Witness::position) {
+        const int index = static_cast<int>(scan.records.size());
+        scan.records.push_back(std::move(record));
+        for (const auto& [field, value] : values) {
+            scan.proposals.push_back(
+                {.recordIndex = index, .field = field, .value = value, .witness = witness});
+        }
+        return index;
+    }
+    ApplyContext context() const { return {taxCase, others, document, scan, 200}; }
+    ApplyChoice suggested() const { return suggestChoice(context()); }
+    ApplyPlan plan() const { return planApplying(context(), suggested()); }
+    /// Applies and keeps what the document then stands behind.
+    void apply() {
+        const ApplyPlan done = plan();
+        taxCase = done.taxCase;
+        document.applied = done.applied;
+    }
+    std::string at(const std::string& path) const { return valueAt(taxCase, path).value_or("-"); }
+};
+
+TEST(Applying, findsThePersonOfACertificate) {
+    struct Row {
+        ProposedRecord record;
+        std::string employer;
+        int person;
+    };
+    const std::vector<Row> rows{
+        {{.birthDate = day(1982, 7, 9)}, "Neu GmbH", 2},
+        {{.personName = "Bärtsch Nora", .birthDate = day(1982, 7, 9)}, "Neu GmbH", 2},
+        {{.personName = "BAERTSCH JOERG"}, "Neu GmbH", 2},
+        {{.personName = "Frau Nora Bärtsch-Keller"}, "Spital Grabs", 1},
+        {{}, "SPITAL GRABS", 2},
+        {{}, "Neu GmbH", 1},
+    };
+    for (const Row& row : rows) {
+        Paper paper;
+        paper.add(row.record, {{"employer", row.employer}});
+        EXPECT_EQ(paper.suggested().records[0].person, row.person)
+            << row.record.personName << " " << row.employer;
+        paper.taxCase.civilStatus = CivilStatus::ledig;
+        EXPECT_EQ(paper.suggested().records[0].person, 1);
+    }
+}
+
+TEST(Applying, writesACertificateIntoTheOneOfItsEmployer) {
+    Paper paper;
+    paper.add({.birthDate = day(1982, 7, 9)}, {{"employer", "Schule  Buchs"},
+                                               {"grossSalary", "68000"},
+                                               {"socialContributions", "4352.5"},
+                                               {"netSalaryOverride", "63647.5"},
+                                               {"fieldF", "true"},
+                                               {"periodFrom", "2025-02-01"},
+                                               {"remarks", "Ja \"und\" nein"}});
+    const ApplyPlan plan = paper.plan();
+    const SalaryCertificate& salary = plan.taxCase.income2.salaries.at(1);
+    EXPECT_EQ(salary.grossSalary, Decimal(68000));
+    EXPECT_EQ(salary.periodFrom, day(2025, 2, 1));
+    EXPECT_TRUE(salary.fieldF);
+    EXPECT_EQ(salary.remarks, "Ja \"und\" nein");
+    EXPECT_EQ(salary.documentID, paper.document.id);
+    EXPECT_FALSE(salary.netSalaryOverride) << "the return computes it";
+    EXPECT_EQ(plan.values.at(3).outcome, Outcome::isComputed);
+    EXPECT_EQ(plan.values.at(1).before, "0");
+    EXPECT_EQ(plan.values.at(1).path, "income2.salaries[1].grossSalary");
+    EXPECT_EQ(plan.applied.size(), 6U);
+    paper.scan.proposals[3].value = "63000";
+    EXPECT_EQ(paper.plan().taxCase.income2.salaries.at(1).netSalaryOverride, Decimal(63000));
+}
+
+TEST(Applying, makesANewItemWhereNoneFits) {
+    Paper paper;
+    paper.add({}, {{"employer", "Neu GmbH"}, {"grossSalary", "1000"}});
+    paper.add({}, {{"employer", "Neu GmbH"}, {"grossSalary", "2000"}});
+    paper.apply();
+    ASSERT_EQ(paper.taxCase.income1.salaries.size(), 3U);
+    EXPECT_EQ(paper.at("income1.salaries[2].grossSalary"), "2000");
+    paper.scan.proposals[1].value = "1111";
+    paper.apply();
+    ASSERT_EQ(paper.taxCase.income1.salaries.size(), 3U) << "applied again";
+    EXPECT_EQ(paper.at("income1.salaries[1].grossSalary"), "1111");
+    EXPECT_EQ(paper.at("income1.salaries[2].grossSalary"), "2000");
+}
+
+TEST(Applying, addsTheSharesOfSeveralDocuments) {
+    Paper first;
+    first.taxCase.deductions1.pillar3a = 99;
+    first.add({.kind = Kind::personDeductions}, {{"pillar3a", "3000"}});
+    first.add({.kind = Kind::child, .personName = "Bärtsch Max"}, {{"childcareCosts", "1200.5"}});
+    first.apply();
+    EXPECT_EQ(first.at("deductions1.pillar3a"), "3000") << "what was typed is replaced";
+
+    Paper second;
+    second.taxCase = first.taxCase;
+    second.others = {first.document};
+    second.add({.kind = Kind::personDeductions}, {{"pillar3a", "2000"}});
+    second.add({.kind = Kind::child, .personName = "Max"}, {{"childcareCosts", "100"}});
+    second.apply();
+    EXPECT_EQ(second.at("deductions1.pillar3a"), "5000");
+    EXPECT_EQ(second.at("children[1].childcareCosts"), "1300.5");
+    EXPECT_EQ(second.plan().values[0].outcome, Outcome::added);
+    second.scan.proposals[0].value = "2500";
+    second.apply();
+    EXPECT_EQ(second.at("deductions1.pillar3a"), "5500") << "its own share is replaced";
+
+    // The child moves in the list and keeps its share.
+    std::swap(second.taxCase.children[0], second.taxCase.children[1]);
+    second.apply();
+    EXPECT_EQ(second.at("children[0].childcareCosts"), "1300.5");
+    EXPECT_EQ(second.at("children[1].childcareCosts"), "0");
+}
+
+TEST(Applying, aShareThatGoesToAnotherChildLeavesTheFirst) {
+    Paper paper;
+    paper.add({.kind = Kind::child, .personName = "Lia"}, {{"childcareCosts", "700"}});
+    paper.apply();
+    ApplyChoice choice = paper.suggested();
+    choice.records[0].item = paper.taxCase.children[1].id;
+    const ApplyPlan moved = planApplying(paper.context(), choice);
+    EXPECT_EQ(moved.taxCase.children[0].childcareCosts, Decimal(0));
+    EXPECT_EQ(moved.taxCase.children[1].childcareCosts, Decimal(700));
+    paper.taxCase.children[0].childcareCosts = 800;
+    EXPECT_EQ(planApplying(paper.context(), choice).taxCase.children[0].childcareCosts,
+              Decimal(800))
+        << "changed by hand since";
+}
+
+TEST(Applying, findsTheRegisterEntryAndTheColumnOfItsInterest) {
+    struct Row {
+        const char* interest;
+        Proposal::Witness witness;
+        const char* with;
+        const char* without;
+    };
+    const std::vector<Row> rows{
+        {"200", Proposal::Witness::position, "0", "200"},
+        {"200.05", Proposal::Witness::position, "200.05", "0"},
+        {"900", Proposal::Witness::payload, "0", "900"},
+    };
+    for (const Row& row : rows) {
+        Paper paper;
+        paper.taxCase.securities = {{.institution = "Kantonale"},
+                                    {.institution = "Kantonale",
+                                     .ibanOrValor = "CH93 0076 2011 "
+                                                    "6238 5295 7"}};
+        paper.add({.kind = Kind::security},
+                  {{"ibanOrValor", "CH9300762011623852957"},
+                   {"institution", "Andere"},
+                   {"taxValue", "1000"},
+                   {"incomeWithoutWithholding", row.interest}},
+                  row.witness);
+        paper.apply();
+        ASSERT_EQ(paper.taxCase.securities.size(), 2U);
+        EXPECT_EQ(paper.at("securities[1].taxValue"), "1000");
+        EXPECT_EQ(paper.at("securities[1].incomeWithWithholding"), row.with) << row.interest;
+        EXPECT_EQ(paper.at("securities[1].incomeWithoutWithholding"), row.without) << row.interest;
+    }
+}
+
+TEST(Applying, leavesOutWhatWouldCountTwiceOrBelongsToNobody) {
+    Paper paper;
+    paper.add({.kind = Kind::security}, {{"kind", "steuerauszug"}, {"taxValue", "5000"}});
+    paper.add({.kind = Kind::security}, {{"taxValue", "5000"}});
+    paper.add({.kind = Kind::child, .personName = "Unbekannt"}, {{"childcareCosts", "1"}});
+    const ApplyChoice choice = paper.suggested();
+    EXPECT_FALSE(choice.records[0].isIncluded);
+    EXPECT_TRUE(choice.records[1].isIncluded);
+    EXPECT_FALSE(choice.records[2].isIncluded);
+    EXPECT_EQ(paper.plan().values.size(), 1U);
+}
+
+TEST(Applying, refusesTextThatIsNoValue) {
+    Paper paper;
+    paper.add({}, {{"grossSalary", "viel"}, {"periodTo", "2025-02-30"}, {"nosuch", "1"}});
+    paper.scan.proposals.push_back({.recordIndex = 7, .field = "grossSalary", .value = "5"});
+    paper.scan.proposals.push_back({.recordIndex = -1, .field = "grossSalary", .value = "5"});
+    const ApplyPlan plan = paper.plan();
+    ASSERT_EQ(plan.values.size(), 3U);
+    for (const PlannedValue& value : plan.values) {
+        EXPECT_EQ(value.outcome, Outcome::unreadable);
+    }
+    EXPECT_TRUE(plan.applied.empty());
+}
+
+TEST(Applying, aBillOrGiftIsAlwaysItsOwnRecord) {
+    Paper paper;
+    paper.taxCase.householdDeductions.donations = {{.recipient = "Hilfswerk"}};
+    paper.add({.kind = Kind::donation}, {{"recipient", "Hilfswerk"}, {"amount", "50"}});
+    paper.apply();
+    paper.apply();
+    EXPECT_EQ(paper.taxCase.householdDeductions.donations.size(), 2U);
+}
+
+TEST(Applying, namesAreAlikeHoweverTheyAreWritten) {
+    EXPECT_TRUE(alike("Müller & Söhne AG", "MUELLER + SOEHNE AG"));
+    EXPECT_TRUE(alike("Crèche «Les Étoiles»", "creche les etoiles"));
+    EXPECT_FALSE(alike("", ""));
+    EXPECT_FALSE(alike("Migra", "Migra AG"));
+    EXPECT_TRUE(isNamedIn("Anna Lena", "Lena Anna Bürki"));
+    EXPECT_FALSE(isNamedIn("Ann", "Anna Bürki"));
+}
+
+using ApplyingInTheStore = AppStoreTest;
+
+TEST_F(ApplyingInTheStore, isOneStepThatCanBeUndone) {
+    start();
+    const auto file = folder.path() / "Lohnausweis.pdf";
+    fiscarel::testing::writeFile(file, "%PDF-");
+    std::vector<Uuid> ids;
+    store->importDocuments({file}, [&](std::vector<Uuid> added) { ids = std::move(added); });
+    ASSERT_EQ(ids.size(), 1U);
+    const PersistedState before = store->snapshot();
+    TaxCase taxCase = store->current();
+    taxCase.cash = 5;
+    taxCase.otherAssets = 6;
+    store->applyDocument(ids[0], taxCase, {{.path = "cash", .value = "5"}});
+    const PersistedState after = store->snapshot();
+    EXPECT_TRUE(after.documents[0].isApplied);
+    EXPECT_EQ(after.documents[0].applied->size(), 1U);
+    EXPECT_TRUE(store->undo());
+    EXPECT_EQ(store->snapshot(), before);
+    EXPECT_TRUE(store->redo());
+    EXPECT_EQ(store->snapshot(), after);
+    // A title given meanwhile stays.
+    store->updateDocument(ids[0], [](StoredDocument& document) { document.title = "Mein Lohn"; });
+    EXPECT_TRUE(store->undo());
+    EXPECT_FALSE(store->documents()[0].isApplied);
+    EXPECT_EQ(store->documents()[0].title, "Mein Lohn");
+}
+
+} // namespace
