@@ -36,9 +36,10 @@ int widthOf(FieldEditor& editor, Editor kind) {
 } // namespace
 
 FieldRow::FieldRow(BoundField field, AppStore& store, const EditorContext& context, QWidget* parent)
-    : QWidget(parent), field_(std::move(field)), pageId_(context.pageId), store_(store),
-      label_(new QLabel(labelText(field_.label), this)), editor_(makeEditor(field_, context, this)),
-      problem_(new QLabel(this)), wording_(new QLabel(this)), help_(new QLabel(this)),
+    : QWidget(parent), field_(std::move(field)), pageId_(context.pageId), year_(context.page.year),
+      store_(store), label_(new QLabel(labelText(field_.label), this)),
+      editor_(makeEditor(field_, context, this)), problem_(new QLabel(this)),
+      wording_(new QLabel(this)), help_(new QLabel(this)),
       helpButton_(new HelpButton(u"Hilfe zu diesem Feld"_s, qs(field_.label), this)) {
     setObjectName(u"row:"_s + qs(field_.path));
     label_->setWordWrap(true);
@@ -89,6 +90,7 @@ FieldRow::FieldRow(BoundField field, AppStore& store, const EditorContext& conte
     connect(editor_, &FieldEditor::problemChanged, this, &FieldRow::showState);
     connect(editor_, &FieldEditor::left, this, [this] { store_.endMerging(); });
     refresh();
+    restoreUnread();
 }
 
 void FieldRow::refresh() {
@@ -96,6 +98,9 @@ void FieldRow::refresh() {
     setVisible(field_.shown(taxCase));
     showLabel();
     editor_->setValue(field_.get(taxCase));
+    if (!unread_.isNull() && store_.unreadText(field_.path) == nullptr) {
+        editor_->dropUnread(); // as when the year was reset
+    }
     editor_->refresh();
     showState();
     if (field_.computed) {
@@ -107,6 +112,9 @@ void FieldRow::refresh() {
 }
 
 void FieldRow::write() {
+    if (store_.year() != year_) {
+        return; // the keyboard leaves it while its page gives way to that of another year
+    }
     showState();
     const Value value = editor_->value();
     // Writing what stands there already could still bring an optional record into being.
@@ -125,25 +133,31 @@ void FieldRow::showLabel() {
     }
 }
 
-FieldRow::~FieldRow() {
-    if (isUnread_) {
-        store_.dropUnread(field_.path);
+void FieldRow::tellUnread() {
+    const QString text = editor_->unreadText();
+    if (text == unread_) {
+        return;
     }
+    unread_ = text;
+    std::optional<UnreadText> told;
+    if (!text.isNull()) {
+        told = {
+            .text = utf8(text),
+            .problem = {.level = taxcore::Notice::Level::error,
+                        .title = "«" + utf8(label_->text()) + "» ist nicht lesbar",
+                        .message = utf8(editor_->problem()) + " Bis dahin gilt der bisherige Wert.",
+                        .area = pageId_}};
+    }
+    store_.setUnread(year_, field_.path, std::move(told));
 }
 
-void FieldRow::tellUnread() {
-    const bool wasUnread = std::exchange(isUnread_, editor_->isUnread());
-    if (isUnread_) {
-        store_.setUnread(field_.path,
-                         taxcore::Notice{.id = "unlesbar-" + field_.path,
-                                         .level = taxcore::Notice::Level::error,
-                                         .title = "«" + utf8(label_->text()) + "» ist nicht lesbar",
-                                         .message = utf8(editor_->problem())
-                                                    + " Bis dahin gilt der bisherige Wert.",
-                                         .area = pageId_,
-                                         .path = field_.path});
-    } else if (wasUnread) {
-        store_.setUnread(field_.path, {});
+void FieldRow::restoreUnread() {
+    if (const std::string* const text = store_.unreadText(field_.path)) {
+        const QString typed = qs(*text); // the store's may go while it is shown
+        editor_->showUnread(typed);
+        if (editor_->unreadText().isNull()) {
+            store_.setUnread(year_, field_.path, {});
+        }
     }
 }
 

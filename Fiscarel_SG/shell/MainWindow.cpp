@@ -365,14 +365,18 @@ void MainWindow::restoreWindow() {
     }
 }
 
-/// What cannot be read is nowhere but in its field: who leaves now loses it.
+/// What cannot be read is nowhere but in its field: who leaves now loses it. Whether to leave.
 bool MainWindow::leavesUnread() {
-    QMessageBox box(QMessageBox::Warning, u"Nicht lesbare Eingaben"_s,
-                    store_.unreadCount() == 1
-                        ? u"Eine Eingabe ist nicht lesbar und wird nicht gespeichert."_s
-                        : u"%1 Eingaben sind nicht lesbar und werden nicht gespeichert."_s.arg(
-                            store_.unreadCount()),
-                    QMessageBox::NoButton, this);
+    const auto places = store_.unreadPlaces();
+    if (store_.isDemo() || places.empty()) {
+        return true;
+    }
+    QMessageBox box(
+        QMessageBox::Warning, u"Nicht lesbare Eingaben"_s,
+        places.size() == 1
+            ? u"Eine Eingabe ist nicht lesbar und wird nicht gespeichert."_s
+            : u"%1 Eingaben sind nicht lesbar und werden nicht gespeichert."_s.arg(places.size()),
+        QMessageBox::NoButton, this);
     box.setObjectName(u"leavesUnread"_s);
     box.setInformativeText(u"Die bisherigen Werte bleiben gespeichert."_s);
     QPushButton* const leave = box.addButton(u"Trotzdem beenden"_s, QMessageBox::DestructiveRole);
@@ -381,7 +385,10 @@ bool MainWindow::leavesUnread() {
     if (box.clickedButton() == leave) {
         return true;
     }
-    showField(qs(store_.notices().front().path.value_or("")));
+    const auto here = std::ranges::find(places, store_.year(), &UnreadTexts::Place::first);
+    const auto& [year, path] = here != places.end() ? *here : places.front();
+    store_.setYear(year);
+    showField(qs(path));
     return false;
 }
 
@@ -394,7 +401,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
         settings_.setText("windowMaximized", isMaximized() ? "1" : "0");
     }
     const bool isSaved = store_.isDemo() || store_.flush();
-    if (!store_.isDemo() && store_.unreadCount() > 0 && !leavesUnread()) {
+    if (!leavesUnread()) {
         event->ignore();
         return;
     }

@@ -58,6 +58,8 @@ class PageStack final : public QStackedWidget {
     look::PageWidget* makePage(const QString& id);
     look::PageWidget& pageWidget(const QString& id);
     void rebuild();
+    /// The pages follow the entries; whether they are made anew for it.
+    bool follow();
 
     AppStore& store_;
     look::Appearance appearance_;
