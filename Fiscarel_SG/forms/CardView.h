@@ -40,6 +40,8 @@ class CardView : public QFrame {
   Q_SIGNALS:
     /// The user opened a part of the card, which is to be seen whole.
     void partOpened(QWidget* part);
+    /// The user took a record away, which this sentence tells.
+    void recordRemoved(const QString& sentence);
 
   protected:
     AppStore& store() noexcept { return store_; }

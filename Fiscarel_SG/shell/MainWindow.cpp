@@ -136,6 +136,11 @@ void MainWindow::connectStore() {
     connect(stack_, &PageStack::reasonWanted, this, &MainWindow::showReason);
     connect(stack_, &PageStack::appearanceWanted, this, &MainWindow::setAppearance);
     connect(stack_, &PageStack::resetWanted, this, &MainWindow::resetYear);
+    connect(stack_, &PageStack::undoOffered, this, [this](const QString& sentence) {
+        toast_->offer(sentence, u"Rückgängig"_s, [this] { undo(); });
+    });
+    // It is for the last step: with another one it would undo that.
+    connect(&store_, &AppStore::historyChanged, toast_, &look::Toast::withdraw);
     connect(strip_, &TaxStrip::toggled, this, &MainWindow::placeTaxBar);
     connect(taxBar_, &TaxBar::reasonWanted, this, &MainWindow::showReason);
     connect(reason_, &ReasonDialog::fieldWanted, this, &MainWindow::showField);
@@ -197,6 +202,7 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
 /// Rows come and go while one types; the keyboard goes through them as they stand now.
 bool MainWindow::focusNextPrevChild(bool next) {
     look::orderByLayout(*centralWidget()->layout());
+    toast_->joinKeyboardOrder();
     return QMainWindow::focusNextPrevChild(next);
 }
 

@@ -76,6 +76,7 @@ look::PageWidget& PageStack::pageWidget(const QString& id) {
         connect(widget, &look::PageWidget::fieldWanted, this, &PageStack::fieldWanted);
         connect(widget, &look::PageWidget::pageWanted, this, &PageStack::pageWanted);
         connect(widget, &look::PageWidget::reasonWanted, this, &PageStack::reasonWanted);
+        connect(widget, &look::PageWidget::undoOffered, this, &PageStack::undoOffered);
         addWidget(widget);
         if (const auto opened = opened_.extract(id)) {
             widget->open(opened.mapped());

@@ -50,6 +50,7 @@ class PageStack final : public QStackedWidget {
     void fieldWanted(const QString& path);
     void pageWanted(const QString& id);
     void reasonWanted(const QString& code);
+    void undoOffered(const QString& sentence);
     void appearanceWanted(fiscarel::look::Appearance appearance);
     void resetWanted();
 

@@ -201,6 +201,65 @@ TEST_F(Records, anEmptyRegisterOffersThatOfLastYear) {
     EXPECT_FALSE(program.isShown(u"takeover:securities"_s));
 }
 
+TEST_F(Records, whatIsRemovedIsOfferedBackByAMessage) {
+    open(withDebts({"Anna", "Beat", "Cla"}), u"wealth"_s);
+    const auto& debts = program.store->current().debts;
+    const auto remove = [&](int index) {
+        const QString at = u"debts[%1]"_s.arg(index);
+        if (!program.isShown(u"remove:"_s + at)) {
+            program.click(u"open:"_s + at);
+        }
+        program.click(u"remove:"_s + at);
+        program.settle();
+    };
+    remove(0);
+    remove(0); // at once, which is a step of its own
+    ASSERT_EQ(debts.size(), 1U);
+    EXPECT_EQ(program.find<QLabel>(u"toastText"_s).text(), u"«Schuld Beat» entfernt"_s);
+    EXPECT_EQ(focusName(), u"open:debts[0]"_s);
+    program.press(Qt::Key_Tab);
+    ASSERT_EQ(focusName(), u"toastAnswer"_s);
+    program.press(Qt::Key_Tab);
+    EXPECT_EQ(focusName(), u"add:debts"_s) << "and on from where it was";
+    program.press(Qt::Key_Backtab, Qt::ShiftModifier);
+    ASSERT_EQ(focusName(), u"toastAnswer"_s);
+    program.press(Qt::Key_Space);
+    program.settle();
+    ASSERT_EQ(debts.size(), 2U);
+    EXPECT_EQ(debts[0].creditor, "Beat");
+    EXPECT_FALSE(program.isShown(u"toastAnswer"_s)) << "undone, and told so";
+
+    remove(0);
+    ASSERT_TRUE(program.isShown(u"toastAnswer"_s));
+    program.enter(u"cash"_s, u"5"_s);
+    EXPECT_FALSE(program.isShown(u"toastAnswer"_s)) << "it would undo another step";
+    remove(0);
+    ASSERT_TRUE(program.isShown(u"toastAnswer"_s));
+    program.press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(debts.size(), 1U);
+    EXPECT_FALSE(program.isShown(u"toastAnswer"_s));
+    remove(0);
+    program.find(u"toastAnswer"_s).setFocus(Qt::TabFocusReason);
+    program.press(Qt::Key_Escape);
+    EXPECT_FALSE(program.isShown(u"toast"_s));
+    EXPECT_EQ(debts.size(), 0U);
+}
+
+TEST_F(Records, aRowTakenOutOfATableIsOfferedBackToo) {
+    TaxCase taxCase{.year = 2025};
+    for (const char* bank : {"Raiffeisen", "Post"}) {
+        taxCase.securities.emplace_back().institution = bank;
+    }
+    open(taxCase, u"wealth"_s);
+    goTo(table(u"securities"_s), 1, 0);
+    program.click(u"remove:securities"_s);
+    program.settle();
+    ASSERT_EQ(program.store->current().securities.size(), 1U);
+    EXPECT_EQ(program.find<QLabel>(u"toastText"_s).text(), u"«Eintrag Post» entfernt"_s);
+    program.click(u"toastAnswer"_s);
+    EXPECT_EQ(program.store->current().securities, taxCase.securities);
+}
+
 TEST_F(Records, theReasonForACarIsToldInTheWordsOfTheForm) {
     TaxCase taxCase{.year = 2025};
     taxCase.income1.salaries.emplace_back().grossSalary = 90'000;
