@@ -44,6 +44,8 @@ class CardView : public QFrame {
     void recordRemoved(const QString& sentence);
 
   protected:
+    /// Whether figures keep their place while there is nothing of them.
+    virtual bool keepsFigures() const { return true; }
     AppStore& store() noexcept { return store_; }
     const AppStore& store() const noexcept { return store_; }
     QVBoxLayout& content() noexcept { return *content_; }
@@ -51,7 +53,16 @@ class CardView : public QFrame {
     void setEndsWithRoom();
 
   private:
+    /// The labels of one figure.
+    struct FigureRow {
+        QLabel* label = nullptr;
+        QLabel* text = nullptr;
+        QLabel* note = nullptr;
+    };
+
     void placeEnd();
+    void addFigureRow();
+    void showFigure(const Figure& figure, int row);
 
     AppStore& store_;
     Figures figures_;
@@ -59,6 +70,7 @@ class CardView : public QFrame {
     QVBoxLayout* content_;
     QGridLayout* figureGrid_;
     std::vector<Figure> shownFigures_;
+    std::vector<FigureRow> figureRows_; ///< hidden beyond those shown
     bool endsWithRoom_ = false;
 };
 

@@ -20,8 +20,8 @@ namespace {
 
 constexpr int editorWidth = 320; ///< the most an editor takes
 constexpr int rowHeight = 30;
-constexpr int problemHeight = 18; ///< kept free below every editor, so that nothing moves
-constexpr int belowText = 4;      ///< between a text below an editor and the next field
+constexpr int problemHeight = 19; ///< kept free below every editor, so that nothing moves
+constexpr int belowText = 3;      ///< between a text below an editor and the next field
 
 /// As wide as the editor's input gets, so that what follows stands right beside it.
 int widthOf(FieldEditor& editor, Editor kind) {
@@ -51,12 +51,12 @@ FieldRow::FieldRow(BoundField field, AppStore& store, const EditorContext& conte
     problem_->setObjectName(u"problem:"_s + qs(field_.path));
     look::setRole(problem_, "error");
     wording_->setWordWrap(true);
-    wording_->setContentsMargins(0, 2, 0, 2 * belowText);
+    wording_->setContentsMargins(0, 0, 0, belowText); // one line has the room of a problem
     wording_->setObjectName(u"wording:"_s + qs(field_.path));
     look::setRole(wording_, "help");
     wording_->hide();
     help_->setWordWrap(true);
-    help_->setContentsMargins(0, 2, 0, 3 * belowText);
+    help_->setContentsMargins(0, 2, 0, 4 * belowText);
     help_->setText(labelText(field_.help));
     help_->setObjectName(u"help:"_s + qs(field_.path));
     look::setRole(help_, "help");
@@ -88,7 +88,10 @@ FieldRow::FieldRow(BoundField field, AppStore& store, const EditorContext& conte
     connect(helpButton_, &QToolButton::toggled, help_, &QWidget::setVisible);
     connect(editor_, &FieldEditor::edited, this, &FieldRow::write);
     connect(editor_, &FieldEditor::problemChanged, this, &FieldRow::showState);
-    connect(editor_, &FieldEditor::left, this, [this] { store_.endMerging(); });
+    connect(editor_, &FieldEditor::left, this, [this] {
+        store_.endMerging();
+        showUsable();
+    });
     refresh();
     restoreUnread();
 }
@@ -96,6 +99,7 @@ FieldRow::FieldRow(BoundField field, AppStore& store, const EditorContext& conte
 void FieldRow::refresh() {
     const TaxCase& taxCase = store_.current();
     setVisible(field_.shown(taxCase));
+    showUsable();
     showLabel();
     editor_->setValue(field_.get(taxCase));
     if (!unread_.isNull() && store_.unreadText(field_.path) == nullptr) {
@@ -176,7 +180,20 @@ void FieldRow::showState() {
     wording_->setVisible(!wording.isEmpty());
 }
 
-void FieldRow::focusField() { editor_->input()->setFocus(Qt::OtherFocusReason); }
+/// What one types in stays open, even when it takes away what it hangs on.
+void FieldRow::showUsable() {
+    const bool isUsable = field_.usable(store_.current()) || editor_->input()->hasFocus();
+    label_->setEnabled(isUsable);
+    editor_->setEnabled(isUsable);
+}
+
+bool FieldRow::focusField() {
+    const bool isThere = !isHidden() && editor_->isEnabled();
+    if (isThere) {
+        editor_->input()->setFocus(Qt::OtherFocusReason);
+    }
+    return isThere;
+}
 
 void FieldRow::showHelp(bool shown) { helpButton_->setChecked(shown && !field_.help.empty()); }
 

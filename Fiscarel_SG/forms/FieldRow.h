@@ -31,8 +31,8 @@ class FieldRow final : public QWidget {
     FieldEditor& editor() noexcept { return *editor_; }
     /// Shows what the case holds now.
     void refresh();
-    /// Puts the keyboard here.
-    void focusField();
+    /// Puts the keyboard here; false when the field is not there to be edited.
+    bool focusField();
     void showHelp(bool shown);
     void toggleHelp();
 
@@ -49,6 +49,7 @@ class FieldRow final : public QWidget {
     /// Shows what the store kept of that while the field was not there.
     void restoreUnread();
     void showLabel();
+    void showUsable();
 
     BoundField field_;
     const std::string pageId_;

@@ -20,7 +20,7 @@ bool holds(const Condition& condition, const TaxCase& taxCase) {
 
 bool shows(const Card& card, const std::string& path, const TaxCase& taxCase) {
     const auto shows = [&](const BoundField& field) {
-        return field.path == path && field.shown(taxCase);
+        return field.path == path && field.shown(taxCase) && field.usable(taxCase);
     };
     if (const auto* fields = std::get_if<FieldsCard>(&card)) {
         return holds(fields->shown, taxCase) && std::ranges::any_of(fields->fields, shows);
