@@ -30,7 +30,8 @@ void addFields(std::vector<SearchEntry>& entries, const std::vector<forms::Bound
     for (const forms::BoundField& field : fields) {
         if (field.shown(taxCase) && field.usable(taxCase)) {
             std::string words = field.label + " " + where + " " + field.help;
-            for (const forms::Option& option : field.options) {
+            for (const forms::Option& option :
+                 field.optionsFor ? field.optionsFor(taxCase) : field.options) {
                 words += " " + option.label;
             }
             entries.push_back(

@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QComboBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
@@ -258,6 +259,32 @@ TEST_F(Records, aRowTakenOutOfATableIsOfferedBackToo) {
     EXPECT_EQ(program.find<QLabel>(u"toastText"_s).text(), u"«Eintrag Post» entfernt"_s);
     program.click(u"toastAnswer"_s);
     EXPECT_EQ(program.store->current().securities, taxCase.securities);
+}
+
+TEST_F(Records, aTablesChoiceNamesThePersons) {
+    TaxCase taxCase{.year = 2025, .civilStatus = CivilStatus::verheiratet};
+    taxCase.person1.firstName = "Anna";
+    taxCase.person2.firstName = "Anna"; // as her daughter-in-law may be called
+    taxCase.securities.emplace_back().owner = Owner::person2;
+    open(taxCase, u"wealth"_s);
+    QTableView& securities = table(u"securities"_s);
+    int column = 0;
+    while (securities.model()->headerData(column, Qt::Horizontal).toString() != u"Eigentum"_s) {
+        ++column;
+    }
+    const QModelIndex cell = securities.model()->index(0, column);
+    EXPECT_EQ(cell.data().toString(), u"Anna"_s);
+    goTo(securities, 0, column);
+    auto* const box = qobject_cast<QComboBox*>(QApplication::focusWidget());
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->currentIndex(), 1) << "the second of the two";
+    EXPECT_EQ(box->itemText(0), u"Anna"_s);
+    program.press(Qt::Key_Up);
+    program.press(Qt::Key_Down);
+    EXPECT_EQ(program.store->current().securities[0].owner, Owner::person2);
+    program.store->edit("Vorname", [](TaxCase& changed) { changed.person2.firstName = "Bea"; });
+    program.settle();
+    EXPECT_EQ(cell.data().toString(), u"Bea"_s);
 }
 
 TEST_F(Records, theReasonForACarIsToldInTheWordsOfTheForm) {
