@@ -12,4 +12,7 @@ namespace fiscarel::forms {
 /// field itself goes before one that only has its record.
 const Page* pageWithPath(const std::vector<Page>& pages, const std::string& path);
 
+/// Whether the field at a path can be gone to and edited on a page of this case.
+bool isShown(const std::vector<Page>& pages, const std::string& path, const TaxCase& taxCase);
+
 } // namespace fiscarel::forms

@@ -29,6 +29,8 @@ class PageWidget : public QWidget {
     void fieldWanted(const QString& path);
     /// The user wants another page.
     void pageWanted(const QString& id);
+    /// The user took a step that this sentence tells and that may be undone at once.
+    void undoOffered(const QString& sentence);
     /// The user asks where the figure of a line comes from.
     void reasonWanted(const QString& code);
 };

@@ -50,6 +50,7 @@ class PageStack final : public QStackedWidget {
     void fieldWanted(const QString& path);
     void pageWanted(const QString& id);
     void reasonWanted(const QString& code);
+    void undoOffered(const QString& sentence);
     void appearanceWanted(fiscarel::look::Appearance appearance);
     void resetWanted();
 
@@ -58,6 +59,8 @@ class PageStack final : public QStackedWidget {
     look::PageWidget* makePage(const QString& id);
     look::PageWidget& pageWidget(const QString& id);
     void rebuild();
+    /// The pages follow the entries; whether they are made anew for it.
+    bool follow();
 
     AppStore& store_;
     look::Appearance appearance_;
