@@ -137,14 +137,23 @@ std::vector<ReportBlock> coverBlocks(const ReportMaterial& material) {
 ReportChapter householdChapter(const ReportMaterial& material) {
     const TaxCase& taxCase = material.taxCase();
     ReportChapter household = chapter("Haushalt", "household");
-    ReportTable persons = table({labelColumn("Person"), labelColumn("Geboren"),
-                                 textColumn("Beruf und Arbeitgeber"), textColumn("Konfession")});
+    // Without a church tax nobody is asked for the confession.
+    const bool hasChurchTax = !material.isLiechtenstein();
+    std::vector<ReportColumn> columns{labelColumn("Person"), labelColumn("Geboren"),
+                                      textColumn("Beruf und Arbeitgeber")};
+    if (hasChurchTax) {
+        columns.push_back(textColumn("Konfession"));
+    }
+    ReportTable persons = table(std::move(columns));
     int number = 0;
     for (const Person& person : taxCase.persons()) {
-        addRow(persons, {{personName(taxCase, ++number)},
-                         {dayText(person.birthDate)},
-                         {dotted({person.profession, person.employer})},
-                         {std::string(label(person.confession))}});
+        Cells cells{{personName(taxCase, ++number)},
+                    {dayText(person.birthDate)},
+                    {dotted({person.profession, person.employer})}};
+        if (hasChurchTax) {
+            cells.push_back({std::string(label(person.confession))});
+        }
+        addRow(persons, std::move(cells));
     }
     household.blocks.emplace_back(std::move(persons));
     if (!taxCase.children.empty()) {

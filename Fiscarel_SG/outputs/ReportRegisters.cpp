@@ -83,19 +83,53 @@ ReportTable pensions(const ReportMaterial& material) {
     return rows;
 }
 
+/// Whose an entry is; empty for what belongs to both.
+std::string ownerName(const TaxCase& taxCase, Owner owner) {
+    switch (owner) {
+    case Owner::person1:
+        return personName(taxCase, 1);
+    case Owner::person2:
+        return taxCase.isJoint() ? personName(taxCase, 2) : std::string(label(owner));
+    case Owner::gemeinsam:
+        return {};
+    case Owner::kinder:
+        break;
+    }
+    return std::string(label(owner));
+}
+
 /// The name in two lines: the institution, then what else tells the entry apart.
-ReportCell securityName(const SecurityEntry& entry) {
+ReportCell securityName(const TaxCase& taxCase, const SecurityEntry& entry) {
     return {
         dotted({entry.institution, entry.description}).empty()
             ? named("")
             : dotted({entry.institution, entry.description}),
         dotted({std::string(label(entry.kind)), entry.ibanOrValor,
                 entry.quantity ? "Anzahl " + MoneyFormat::number(*entry.quantity) : std::string(),
-                std::string(entry.owner == Owner::gemeinsam ? "" : label(entry.owner)),
+                ownerName(taxCase, entry.owner),
                 entry.managedByThirdParty ? "durch Dritte verwaltet" : ""})};
 }
 
-ReportTable securities(const ReportMaterial& material) {
+/// In Liechtenstein only the assets count, as they are on 1 January; what they yield does not.
+ReportTable securitiesLiechtenstein(const ReportMaterial& material) {
+    const auto& entries = material.taxCase().securities;
+    ReportTable rows = table({labelColumn("Nr."), textColumn("Bezeichnung"),
+                              amountColumn("Wert 1. Januar"), labelColumn("Beleg")});
+    int number = 0;
+    for (const SecurityEntry& entry : entries) {
+        addRow(rows, {{std::to_string(++number)},
+                      securityName(material.taxCase(), entry),
+                      {money(entry.taxValue)},
+                      {documentNumber(material, entry.documentID)}});
+    }
+    if (!entries.empty()) {
+        addRow(rows, {{}, {"Total"}, {money(sumOf(entries, &SecurityEntry::taxValue))}, {}},
+               Weight::sum);
+    }
+    return rows;
+}
+
+ReportTable securitiesStGallen(const ReportMaterial& material) {
     const auto& entries = material.taxCase().securities;
     ReportTable rows = table({labelColumn("Nr."), labelColumn("Code"), textColumn("Bezeichnung"),
                               amountColumn("Steuerwert 31.12."), amountColumn("Ertrag mit VSt"),
@@ -104,7 +138,7 @@ ReportTable securities(const ReportMaterial& material) {
     for (const SecurityEntry& entry : entries) {
         addRow(rows, {{std::to_string(++number)},
                       {std::string(rawValue(entry.code))},
-                      securityName(entry),
+                      securityName(material.taxCase(), entry),
                       {money(entry.taxValue)},
                       {moneyOrNothing(entry.incomeWithWithholding)},
                       {moneyOrNothing(entry.incomeWithoutWithholding)},
@@ -124,22 +158,38 @@ ReportTable securities(const ReportMaterial& material) {
     return rows;
 }
 
-ReportTable properties(const TaxCase& taxCase) {
+std::string placeText(const RealEstate& property) {
+    return dotted({property.municipality, property.canton,
+                   property.parcelNumber.empty() ? "" : "Parzelle " + property.parcelNumber,
+                   std::string(label(property.use)),
+                   property.isPrimaryResidence ? "am Wohnsitz" : ""});
+}
+
+ReportTable propertiesLiechtenstein(const TaxCase& taxCase) {
+    ReportTable rows =
+        table({textColumn("Liegenschaft"), amountColumn("Steuerschätzwert 1. Januar")});
+    for (const RealEstate& property : taxCase.realEstate) {
+        addRow(rows,
+               {{named(property.description), placeText(property)}, {money(property.taxValue)}});
+    }
+    if (!rows.rows.empty()) {
+        addRow(rows, {{"Total"}, {money(sumOf(taxCase.realEstate, &RealEstate::taxValue))}},
+               Weight::sum);
+    }
+    return rows;
+}
+
+ReportTable propertiesStGallen(const TaxCase& taxCase) {
     ReportTable rows =
         table({textColumn("Liegenschaft"), amountColumn("Steuerwert"), amountColumn("Mietwert"),
                amountColumn("Mietertrag"), amountColumn("Unterhalt")});
     for (const RealEstate& property : taxCase.realEstate) {
-        addRow(rows,
-               {{named(property.description),
-                 dotted({property.municipality, property.canton,
-                         property.parcelNumber.empty() ? "" : "Parzelle " + property.parcelNumber,
-                         std::string(label(property.use)),
-                         property.isPrimaryResidence ? "am Wohnsitz" : ""})},
-                {money(property.taxValue)},
-                {moneyOrNothing(property.imputedRentalValue)},
-                {moneyOrNothing(property.rentalIncome)},
-                {property.useFlatRateMaintenance ? "Pauschale"
-                                                 : money(property.actualMaintenanceCosts)}});
+        addRow(rows, {{named(property.description), placeText(property)},
+                      {money(property.taxValue)},
+                      {moneyOrNothing(property.imputedRentalValue)},
+                      {moneyOrNothing(property.rentalIncome)},
+                      {property.useFlatRateMaintenance ? "Pauschale"
+                                                       : money(property.actualMaintenanceCosts)}});
     }
     if (!rows.rows.empty()) {
         addRow(rows,
@@ -153,7 +203,19 @@ ReportTable properties(const TaxCase& taxCase) {
     return rows;
 }
 
-ReportTable debts(const TaxCase& taxCase) {
+ReportTable debtsLiechtenstein(const TaxCase& taxCase) {
+    ReportTable rows = table({textColumn("Gläubiger"), amountColumn("Schuld 1. Januar")});
+    for (const Debt& debt : taxCase.debts) {
+        addRow(rows, {{named(debt.creditor), debt.isBusiness ? "geschäftlich" : ""},
+                      {money(debt.amount)}});
+    }
+    if (!rows.rows.empty()) {
+        addRow(rows, {{"Total"}, {money(sumOf(taxCase.debts, &Debt::amount))}}, Weight::sum);
+    }
+    return rows;
+}
+
+ReportTable debtsStGallen(const TaxCase& taxCase) {
     ReportTable rows = table(
         {textColumn("Gläubiger"), amountColumn("Schuld 31.12."), amountColumn("Schuldzinsen")});
     for (const Debt& debt : taxCase.debts) {
@@ -273,9 +335,13 @@ ReportChapter incomeRegisters(const ReportMaterial& material) {
 ReportChapter wealthRegisters(const ReportMaterial& material) {
     const TaxCase& taxCase = material.taxCase();
     ReportChapter registers = chapter("Beilagen zum Vermögen", "wealth");
-    add(registers, "Wertschriften- und Guthabenverzeichnis", securities(material));
-    add(registers, "Liegenschaften", properties(taxCase));
-    add(registers, "Schuldenverzeichnis", debts(taxCase));
+    const bool inLiechtenstein = material.isLiechtenstein();
+    add(registers, "Wertschriften- und Guthabenverzeichnis",
+        inLiechtenstein ? securitiesLiechtenstein(material) : securitiesStGallen(material));
+    add(registers, "Liegenschaften",
+        inLiechtenstein ? propertiesLiechtenstein(taxCase) : propertiesStGallen(taxCase));
+    add(registers, "Schuldenverzeichnis",
+        inLiechtenstein ? debtsLiechtenstein(taxCase) : debtsStGallen(taxCase));
     add(registers, "Lebensversicherungen", insurances(taxCase));
     add(registers, "Fahrzeuge", vehicles(taxCase));
     add(registers, "Übriges Vermögen", otherAssets(taxCase));

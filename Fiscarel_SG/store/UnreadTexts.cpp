@@ -6,53 +6,16 @@ using namespace taxcore;
 
 namespace {
 
-/// A path in three: the list, what stands between the brackets, the rest. Lists do not lie within
-/// lists. Absent when there are no brackets.
-struct ItemPath {
-    std::string list;
-    std::string item;
-    std::string rest;
-
-    static std::optional<ItemPath> of(const std::string& path) {
-        const std::size_t open = path.find('[');
-        const std::size_t close = path.find(']', open);
-        if (open == std::string::npos || close == std::string::npos) {
-            return std::nullopt;
-        }
-        return ItemPath{path.substr(0, open), path.substr(open + 1, close - open - 1),
-                        path.substr(close + 1)};
-    }
-    std::string with(const std::string& other) const { return list + "[" + other + "]" + rest; }
-};
-
-std::optional<std::string> identityOf(const TaxCase& taxCase, const std::string& list,
-                                      const std::string& index) {
-    return valueAt(taxCase, list + "[" + index + "].id");
-}
-
-/// "debts[0].interest" with the identity of the debt in place of its index.
+/// "debts[0].interest" with the identity of the debt in place of its index; of a field that there is
+/// not, as it is.
 std::string byIdentity(const TaxCase& taxCase, const std::string& path) {
-    const auto parts = ItemPath::of(path);
-    const auto identity = parts ? identityOf(taxCase, parts->list, parts->item) : std::nullopt;
-    return identity ? parts->with(*identity) : path;
+    return lastingPath(taxCase, path).value_or(path);
 }
 
-/// And back; absent when the item is no longer there.
+/// And back; absent when the item is no longer there. A record that is made only when somebody fills
+/// it in may be absent.
 std::optional<std::string> byIndex(const TaxCase& taxCase, const std::string& path) {
-    const auto parts = ItemPath::of(path);
-    if (!parts) {
-        return path;
-    }
-    for (std::size_t i = 0;; ++i) {
-        const std::string index = std::to_string(i);
-        const auto identity = identityOf(taxCase, parts->list, index);
-        if (!identity) {
-            return std::nullopt;
-        }
-        if (*identity == parts->item) {
-            return parts->with(index);
-        }
-    }
+    return path.find('[') == std::string::npos ? path : countedPath(taxCase, path);
 }
 
 } // namespace

@@ -136,11 +136,11 @@ void checkGrossSalary(CheckContext& c, const Certificate& it) {
     const bool othersFilled =
         !boxes.socialContributions.isZero() || !boxes.pensionContributions.isZero()
         || !boxes.pensionBuyIn.isZero() || boxes.netSalaryOverride.value_or(0) != 0;
-    if (boxes.grossSalary.isZero() && othersFilled) {
+    if (boxes.grossSalary.isZero()) {
         c.warning({it.id("lohn-brutto-fehlt"), "income", "Bruttolohn fehlt",
-                   "Beim " + it.called()
-                       + " fehlt der Bruttolohn (Ziffer 8), andere Ziffern sind ausgefüllt. Bitte "
-                         "ergänzen.",
+                   "Beim " + it.called() + " fehlt der Bruttolohn (Ziffer 8)"
+                       + (othersFilled ? ", andere Ziffern sind ausgefüllt. Bitte ergänzen."
+                                       : ". Bitte ergänzen oder den Lohnausweis entfernen."),
                    it.path("grossSalary")});
     }
 }
