@@ -1,5 +1,5 @@
 #include "Fiscarel_SG/AppStore.h"
-#include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/SwissGerman.h"
 #include "Fiscarel_SG/shell/MainWindow.h"
 #include "Fiscarel_SG/shell/SingleInstance.h"

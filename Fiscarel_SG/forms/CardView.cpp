@@ -2,8 +2,8 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/ListView.h"
-#include "Fiscarel_SG/forms/QtText.h"
 #include "Fiscarel_SG/forms/TableView.h"
+#include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
 
 #include <QGridLayout>

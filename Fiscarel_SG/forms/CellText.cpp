@@ -1,7 +1,7 @@
 #include "Fiscarel_SG/forms/CellText.h"
 
 #include "Fiscarel_SG/forms/InputText.h"
-#include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/look/QtText.h"
 #include "TaxCore/review/AmountSigns.h"
 
 #include <QStringList>

@@ -2,7 +2,7 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/HelpButton.h"
-#include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
 
 #include <QGridLayout>
@@ -22,6 +22,7 @@ constexpr int editorWidth = 320; ///< the most an editor takes
 constexpr int rowHeight = 30;
 constexpr int problemHeight = 19; ///< kept free below every editor, so that nothing moves
 constexpr int belowText = 3;      ///< between a text below an editor and the next field
+constexpr int leastTextWidth = 420;
 
 /// As wide as the editor's input gets, so that what follows stands right beside it.
 int widthOf(FieldEditor& editor, Editor kind) {
@@ -51,7 +52,6 @@ FieldRow::FieldRow(BoundField field, AppStore& store, const EditorContext& conte
     problem_->setObjectName(u"problem:"_s + qs(field_.path));
     look::setRole(problem_, "error");
     wording_->setWordWrap(true);
-    wording_->setContentsMargins(0, 0, 0, belowText); // one line has the room of a problem
     wording_->setObjectName(u"wording:"_s + qs(field_.path));
     look::setRole(wording_, "help");
     wording_->hide();
@@ -177,6 +177,8 @@ void FieldRow::showState() {
     problem_->setText(labelText(problem.isEmpty() ? note : problem));
     problem_->setVisible(!problem_->text().isEmpty());
     wording_->setText(labelText(wording));
+    const bool isOneLine = fontMetrics().horizontalAdvance(wording) < leastTextWidth;
+    wording_->setContentsMargins(0, 0, 0, isOneLine ? belowText : 3 * belowText);
     wording_->setVisible(!wording.isEmpty());
 }
 

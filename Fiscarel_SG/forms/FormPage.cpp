@@ -1,9 +1,9 @@
 #include "Fiscarel_SG/forms/FormPage.h"
 
 #include "Fiscarel_SG/AppStore.h"
-#include "Fiscarel_SG/forms/QtText.h"
 #include "Fiscarel_SG/forms/TableView.h"
 #include "Fiscarel_SG/look/ElidingButton.h"
+#include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
 
 #include <QApplication>

@@ -268,48 +268,4 @@ std::string groupIban(std::string_view text) {
     return grouped.append(rest);
 }
 
-std::string foldName(std::string_view name, bool spelledOut) {
-    struct Fold {
-        std::string_view letter;
-        std::string_view plain;
-        std::string_view spelled;
-    };
-    static constexpr std::array<Fold, 18> folds{{
-        {"ä", "a", "ae"},
-        {"ö", "o", "oe"},
-        {"ü", "u", "ue"},
-        {"Ä", "a", "ae"},
-        {"Ö", "o", "oe"},
-        {"Ü", "u", "ue"},
-        {"é", "e", "e"},
-        {"è", "e", "e"},
-        {"ê", "e", "e"},
-        {"É", "e", "e"},
-        {"È", "e", "e"},
-        {"à", "a", "a"},
-        {"â", "a", "a"},
-        {"ç", "c", "c"},
-        {"ô", "o", "o"},
-        {"î", "i", "i"},
-        {"ë", "e", "e"},
-        {"ï", "i", "i"},
-    }};
-    std::string folded;
-    while (!name.empty()) {
-        const auto fold = std::ranges::find_if(
-            folds, [&](const Fold& row) { return name.starts_with(row.letter); });
-        if (fold != folds.end()) {
-            folded += spelledOut ? fold->spelled : fold->plain;
-            name.remove_prefix(fold->letter.size());
-            continue;
-        }
-        const auto letter = static_cast<unsigned char>(name.front());
-        if (letter >= 0x80 || std::isalnum(letter) != 0) {
-            folded += static_cast<char>(letter < 0x80 ? std::tolower(letter) : letter);
-        }
-        name.remove_prefix(1);
-    }
-    return folded;
-}
-
 } // namespace fiscarel::forms

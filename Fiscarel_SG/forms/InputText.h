@@ -54,8 +54,4 @@ std::string formatDate(Date date);
 /// Letters and digits in fours: "CH93 0076 2011 6238 5295 7"; for any text, finished or not.
 std::string groupIban(std::string_view text);
 
-/// A name as names are compared: in small letters without accents, blanks, points and hyphens, so
-/// that "St. Gallen" finds "St.Gallen". Umlauts lose their dots, or become "ae" when `spelledOut`.
-std::string foldName(std::string_view name, bool spelledOut);
-
 } // namespace fiscarel::forms

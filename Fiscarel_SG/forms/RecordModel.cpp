@@ -2,7 +2,7 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/CellText.h"
-#include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "Fiscarel_SG/forms/RecordTable.h"
 
 #include "Fiscarel_SG/forms/CellText.h"
-#include "Fiscarel_SG/forms/QtText.h"
 #include "Fiscarel_SG/forms/RecordModel.h"
+#include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
 
 #include <QApplication>

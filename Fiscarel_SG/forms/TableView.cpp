@@ -3,10 +3,10 @@
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/HelpButton.h"
 #include "Fiscarel_SG/forms/InputText.h"
-#include "Fiscarel_SG/forms/QtText.h"
 #include "Fiscarel_SG/forms/RecordModel.h"
 #include "Fiscarel_SG/forms/RecordTable.h"
 #include "Fiscarel_SG/forms/SumRow.h"
+#include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
 
 #include <QHBoxLayout>

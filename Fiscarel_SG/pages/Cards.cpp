@@ -8,6 +8,19 @@
 
 namespace fiscarel::pages {
 
+QLabel* makeLabel(const QString& text, const char* role, QWidget* parent) {
+    auto* const label = new QLabel(text, parent);
+    label->setWordWrap(true);
+    look::setRole(label, role);
+    return label;
+}
+
+QFrame* makeLine(QWidget* parent) {
+    auto* const line = new QFrame(parent);
+    look::setRole(line, "line");
+    return line;
+}
+
 QVBoxLayout& addCard(QVBoxLayout& column, const QString& title, const QString& help) {
     auto* const card = new QFrame(column.parentWidget());
     look::setRole(card, "card");
@@ -25,17 +38,11 @@ QVBoxLayout& addCard(QVBoxLayout& column, const QString& title, const QString& h
 }
 
 QLabel& addLabel(QVBoxLayout& column, const QString& text, const char* role) {
-    auto* const label = new QLabel(text, column.parentWidget());
-    label->setWordWrap(true);
-    look::setRole(label, role);
+    QLabel* const label = makeLabel(text, role, column.parentWidget());
     column.addWidget(label);
     return *label;
 }
 
-void addLine(QVBoxLayout& column) {
-    auto* const line = new QFrame(column.parentWidget());
-    look::setRole(line, "line");
-    column.addWidget(line);
-}
+void addLine(QVBoxLayout& column) { column.addWidget(makeLine(column.parentWidget())); }
 
 } // namespace fiscarel::pages

@@ -1,7 +1,7 @@
 #include "Fiscarel_SG/pages/DocumentsPage.h"
 
 #include "Fiscarel_SG/AppStore.h"
-#include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
 #include "Fiscarel_SG/look/Written.h"
 #include "Fiscarel_SG/pages/Cards.h"

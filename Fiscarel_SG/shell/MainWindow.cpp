@@ -2,7 +2,7 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/PagePaths.h"
-#include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Icons.h"
 #include "Fiscarel_SG/look/KeyboardOrder.h"
 #include "Fiscarel_SG/look/Toast.h"

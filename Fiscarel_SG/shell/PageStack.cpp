@@ -3,7 +3,7 @@
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/FormPage.h"
 #include "Fiscarel_SG/forms/PagePaths.h"
-#include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/PageFrame.h"
 #include "Fiscarel_SG/pages/AccountPage.h"
 #include "Fiscarel_SG/pages/DocumentsPage.h"

@@ -1,7 +1,7 @@
 #include "Fiscarel_SG/shell/SearchIndex.h"
 
 #include "Fiscarel_SG/AppStore.h"
-#include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/pages/overview/BillShares.h"
 
 #include <algorithm>
@@ -13,16 +13,9 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// Lower case without accents: "Säule" and "saule" meet; "ae" counts as "ä".
-std::string folded(std::string_view text) {
-    QString plain;
-    for (const QChar c : qs(text).toLower().normalized(QString::NormalizationForm_D)) {
-        if (c.category() != QChar::Mark_NonSpacing) {
-            plain += c;
-        }
-    }
-    plain.replace(u"ae"_s, u"a"_s).replace(u"oe"_s, u"o"_s).replace(u"ue"_s, u"u"_s);
-    return utf8(plain);
+/// What is looked in: "Säule" is found by "säule", "saule" and "saeule".
+std::string searched(std::string_view text) {
+    return utf8(folded(qs(text), Umlauts::plain) + u'\n' + folded(qs(text), Umlauts::spelledOut));
 }
 
 void addFields(std::vector<SearchEntry>& entries, const std::vector<forms::BoundField>& fields,
@@ -35,7 +28,7 @@ void addFields(std::vector<SearchEntry>& entries, const std::vector<forms::Bound
                 words += " " + option.label;
             }
             entries.push_back(
-                {SearchEntry::Kind::field, field.label, where, field.path, folded(words)});
+                {SearchEntry::Kind::field, field.label, where, field.path, searched(words)});
         }
     }
 }
@@ -57,7 +50,7 @@ void addCard(std::vector<SearchEntry>& entries, const forms::Card& card, const s
         return;
     }
     entries.push_back({SearchEntry::Kind::field, list.title, where, list.path,
-                       folded(list.title + " " + list.itemName + " " + where)});
+                       searched(list.title + " " + list.itemName + " " + where)});
     for (std::size_t i = 0; i < list.size(taxCase); ++i) {
         const std::string title = list.summary(taxCase, i).title;
         addFields(entries, list.fields(i), where + " · " + (title.empty() ? list.itemName : title),
@@ -67,14 +60,16 @@ void addCard(std::vector<SearchEntry>& entries, const forms::Card& card, const s
 
 /// Lower is better; absent when a word does not occur.
 std::optional<int> rank(const SearchEntry& entry, const std::vector<std::string>& words) {
-    const std::string title = folded(entry.title);
+    const std::string title = searched(entry.title);
+    const std::size_t spelledOut = title.find('\n') + 1;
     int sum = 0;
     for (const std::string& word : words) {
         if (entry.words.find(word) == std::string::npos) {
             return std::nullopt;
         }
         const std::size_t at = title.find(word);
-        sum += at == 0 ? 0 : at != std::string::npos ? 1 : 4;
+        const bool begins = at == 0 || title.compare(spelledOut, word.size(), word) == 0;
+        sum += begins ? 0 : at != std::string::npos ? 1 : 4;
     }
     return sum * 4 + static_cast<int>(entry.kind == SearchEntry::Kind::page ? 0 : 1);
 }
@@ -86,7 +81,7 @@ std::vector<SearchEntry> searchEntries(const AppStore& store,
     std::vector<SearchEntry> entries;
     for (const forms::Page& page : pages) {
         entries.push_back({SearchEntry::Kind::page, page.title, page.help, page.id,
-                           folded(page.title + " " + page.help)});
+                           searched(page.title + " " + page.help)});
         for (const forms::Section& section : page.sections) {
             if (section.shown && !section.shown(store.current())) {
                 continue;
@@ -105,14 +100,14 @@ std::vector<SearchEntry> searchEntries(const AppStore& store,
             const std::string detail =
                 line.ziffer.empty() ? "Zeile" : "Zeile, Ziffer " + line.ziffer;
             entries.push_back({SearchEntry::Kind::line, line.label, detail, line.code,
-                               folded(line.label + " " + detail + " " + line.code)});
+                               searched(line.label + " " + detail + " " + line.code)});
         }
     }
     if (const auto* result = store.result()) {
         for (const pages::BillShare& share :
              pages::billShares(*result, store.current().taxRegion())) {
             entries.push_back({SearchEntry::Kind::line, share.name, "Steuerrechnung", share.code,
-                               folded(share.name + "steuer Steuerrechnung")});
+                               searched(share.name + "steuer Steuerrechnung")});
         }
     }
     for (const StoredDocument& document : store.documents()) {
@@ -120,8 +115,8 @@ std::vector<SearchEntry> searchEntries(const AppStore& store,
                                    + std::string(taxcore::label(document.kind));
         entries.push_back(
             {SearchEntry::Kind::document, document.title, detail, document.id.toString(),
-             folded(document.title + " " + detail + " " + document.issuer.value_or("") + " "
-                    + document.recognizedText.value_or("") + " " + document.note)});
+             searched(document.title + " " + detail + " " + document.issuer.value_or("") + " "
+                      + document.recognizedText.value_or("") + " " + document.note)});
     }
     return entries;
 }
@@ -129,7 +124,7 @@ std::vector<SearchEntry> searchEntries(const AppStore& store,
 std::vector<SearchEntry> searchFor(const std::vector<SearchEntry>& entries,
                                    const std::string& query, std::size_t most) {
     std::vector<std::string> words;
-    for (const QString& word : qs(folded(query)).split(u' ', Qt::SkipEmptyParts)) {
+    for (const QString& word : folded(qs(query), Umlauts::plain).split(u' ', Qt::SkipEmptyParts)) {
         words.push_back(utf8(word));
     }
     std::vector<std::pair<int, const SearchEntry*>> found;

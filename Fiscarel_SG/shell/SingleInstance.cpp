@@ -1,6 +1,6 @@
 #include "Fiscarel_SG/shell/SingleInstance.h"
 
-#include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/look/QtText.h"
 
 #include <QCryptographicHash>
 #include <QLocalSocket>

@@ -1,7 +1,7 @@
 #include "Fiscarel_SG/shell/StartDialog.h"
 
 #include "Fiscarel_SG/AppStore.h"
-#include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
 #include "Fiscarel_SG/look/Written.h"
 

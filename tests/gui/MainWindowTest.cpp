@@ -144,7 +144,8 @@ TEST_F(MainWindowTest, searchFindsFieldsHoweverTheirUmlautsAreTyped) {
          {Row{u"übrige vermögenswerte"_s, u"otherAssets"_s},
           Row{u"uebrige vermoegenswerte"_s, u"otherAssets"_s},
           Row{u"UBRIGE VERMOGENSW"_s, u"otherAssets"_s}, Row{u"zivilst"_s, u"civilStatus"_s},
-          Row{u"bargeld"_s, u"cash"_s}, Row{u"glaubiger"_s, u"debts[0].creditor"_s}}) {
+          Row{u"bargeld"_s, u"cash"_s}, Row{u"betreu"_s, u"children[0].childcareCosts"_s},
+          Row{u"glaubiger"_s, u"debts[0].creditor"_s}}) {
         program.press(Qt::Key_K, Qt::ControlModifier);
         ASSERT_TRUE(program.isShown(u"search"_s));
         ASSERT_EQ(focusName(), u"searchQuery"_s);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Fiscarel_SG/forms/FieldEditor.h"
-#include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/look/QtText.h"
 
 #include <QColor>
 #include <QPalette>

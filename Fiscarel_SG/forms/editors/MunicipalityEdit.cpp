@@ -1,6 +1,5 @@
 #include "Fiscarel_SG/forms/editors/MunicipalityEdit.h"
 
-#include "Fiscarel_SG/forms/InputText.h"
 #include "Fiscarel_SG/look/Theme.h"
 
 #include <QAbstractItemView>
@@ -26,7 +25,9 @@ class NameCompleter final : public QCompleter {
         for (const std::string& name : names) {
             auto* const item = new QStandardItem(qs(name));
             // A line each, so that nothing is found across both.
-            item->setData(qs(foldName(name, false) + "\n" + foldName(name, true)), foldedRole);
+            item->setData(foldedName(qs(name), Umlauts::plain) + u'\n'
+                              + foldedName(qs(name), Umlauts::spelledOut),
+                          foldedRole);
             item->setData(list_->rowCount(), positionRole);
             list_->appendRow(item);
         }
@@ -52,7 +53,7 @@ class NameCompleter final : public QCompleter {
     }
 
     QStringList splitPath(const QString& path) const override {
-        return {qs(foldName(utf8(path), false))};
+        return {foldedName(path, Umlauts::plain)};
     }
     QString pathFromIndex(const QModelIndex& index) const override {
         return index.data(Qt::DisplayRole).toString();
@@ -106,8 +107,9 @@ MunicipalityEdit::MunicipalityEdit(BoundField field, const PageContext& page, QW
 LineEditor::Reading MunicipalityEdit::read(const QString& text) const {
     const std::string typedName = utf8(text);
     const auto isTyped = [&](const std::string& name) {
-        const std::string folded = foldName(typedName, false);
-        return folded == foldName(name, false) || folded == foldName(name, true);
+        const QString typed = foldedName(text, Umlauts::plain);
+        return typed == foldedName(qs(name), Umlauts::plain)
+               || typed == foldedName(qs(name), Umlauts::spelledOut);
     };
     const auto found = std::ranges::find_if(names_, isTyped);
     return Value(found != names_.end() ? *found : typedName);

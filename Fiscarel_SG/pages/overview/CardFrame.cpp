@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/pages/overview/CardFrame.h"
 
 #include "Fiscarel_SG/look/Theme.h"
+#include "Fiscarel_SG/pages/Cards.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -16,11 +17,10 @@ constexpr int linkInset = 7; ///< the same for the text of a link
 } // namespace
 
 CardFrame::CardFrame(const QString& title, const QString& help, QWidget* parent)
-    : QFrame(parent), column_(new QVBoxLayout(this)), title_(new QLabel(title, this)) {
+    : QFrame(parent), column_(new QVBoxLayout(this)), title_(makeLabel(title, "heading", this)) {
     look::setRole(this, "card");
     column_->setContentsMargins(12, 16, 12, 16);
     column_->setSpacing(6);
-    look::setRole(title_, "heading");
     addInset(title_);
     if (!help.isEmpty()) {
         addText(help, "faint");
@@ -30,9 +30,7 @@ CardFrame::CardFrame(const QString& title, const QString& help, QWidget* parent)
 void CardFrame::setTitle(const QString& title) { title_->setText(title); }
 
 QLabel* CardFrame::addText(const QString& text, const char* role) {
-    auto* const label = new QLabel(text, this);
-    label->setWordWrap(true);
-    look::setRole(label, role);
+    QLabel* const label = makeLabel(text, role, this);
     addInset(label);
     return label;
 }
@@ -49,9 +47,7 @@ QPushButton* CardFrame::addLink(const QString& text, const QString& name) {
 }
 
 void CardFrame::addLine() {
-    auto* const line = new QFrame(this);
-    look::setRole(line, "line");
-    addInset(line);
+    addInset(makeLine(this));
 }
 
 void CardFrame::addInset(QWidget* widget, Qt::Alignment alignment) {

@@ -1,6 +1,6 @@
 #include "Fiscarel_SG/pages/overview/ChartParts.h"
 
-#include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Contrast.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/look/QtText.h"
 #include "TaxCore/base/MoneyFormat.h"
 
 #include <QString>

@@ -1,6 +1,6 @@
 #include "Fiscarel_SG/pages/overview/ProgressCard.h"
 
-#include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/pages/overview/DoorList.h"
 #include "Fiscarel_SG/pages/overview/Progress.h"
 

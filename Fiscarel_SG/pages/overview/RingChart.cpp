@@ -1,6 +1,6 @@
 #include "Fiscarel_SG/pages/overview/RingChart.h"
 
-#include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
 #include "Fiscarel_SG/pages/overview/ChartParts.h"
 #include "TaxCore/base/MoneyFormat.h"

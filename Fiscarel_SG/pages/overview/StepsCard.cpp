@@ -1,6 +1,6 @@
 #include "Fiscarel_SG/pages/overview/StepsCard.h"
 
-#include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
 #include "Fiscarel_SG/pages/NoticeDoor.h"
 #include "Fiscarel_SG/pages/NoticeSign.h"

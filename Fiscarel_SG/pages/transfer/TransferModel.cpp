@@ -1,6 +1,6 @@
 #include "Fiscarel_SG/pages/transfer/TransferModel.h"
 
-#include "Fiscarel_SG/forms/QtText.h"
+#include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
 
 #include <QFont>

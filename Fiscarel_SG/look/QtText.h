@@ -19,4 +19,15 @@ QString labelText(QString text);
 /// And back.
 inline std::string utf8(const QString& text) { return text.toStdString(); }
 
+/// What becomes of ä, ö and ü where texts are compared.
+enum class Umlauts {
+    plain,     ///< "a"
+    spelledOut ///< "ae"
+};
+
+/// A text as texts are looked for: in small letters without accents.
+QString folded(QString text, Umlauts umlauts);
+/// The same of a name, besides without blanks, points and hyphens: "St. Gallen" is "St.Gallen".
+QString foldedName(const QString& name, Umlauts umlauts);
+
 } // namespace fiscarel
