@@ -1,0 +1,359 @@
+#include "Fiscarel_SG/documents/kinds/DocumentFacts.h"
+
+#include "Fiscarel_SG/documents/kinds/FormHeader.h"
+#include "Fiscarel_SG/documents/rows/RowLabels.h"
+
+#include <algorithm>
+#include <map>
+
+namespace fiscarel {
+
+using taxcore::Date;
+
+namespace {
+
+bool hasDigit(std::string_view text) {
+    return text.find_first_of("0123456789") != std::string_view::npos;
+}
+
+/// Years by how clearly they are meant: named as the year, as end of the year, in any date.
+class YearVotes {
+  public:
+    void look(const Row& row) {
+        static const Labels names{"Steuerjahr",
+                                  "Jahr",
+                                  "Jahre",
+                                  "Steuerperiode",
+                                  "Beitragsjahr",
+                                  "Kalenderjahr",
+                                  "Année",
+                                  "Année fiscale",
+                                  "Anno",
+                                  "Anno fiscale",
+                                  "Exercice",
+                                  "Periode",
+                                  "Période",
+                                  "Periodo",
+                                  "Jahresübersicht",
+                                  "Steuerbestätigung",
+                                  "Prämienübersicht",
+                                  "Spendenbestätigung"};
+        for (std::size_t i = 0; i < row.words.size(); ++i) {
+            const std::string& word = row.words[i].text;
+            if (const auto day = parseDay(word)) {
+                vote(day->year(), day->month() == 12 && day->day() == 31 ? 5 : 1);
+            } else if (i + 2 < row.words.size()) {
+                if (const auto named =
+                        parseDay(word, row.words[i + 1].text, row.words[i + 2].text)) {
+                    vote(named->year(), named->month() == 12 && named->day() == 31 ? 5 : 1);
+                }
+            }
+            if (const auto year = yearIn(word)) {
+                std::string before;
+                for (std::size_t j = i > 3 ? i - 3 : 0; j < i; ++j) {
+                    before += row.words[j].folded + ' ';
+                }
+                vote(*year, isAnyIn(before, names) ? 6 : 2);
+            }
+        }
+    }
+
+    std::optional<int> best() const {
+        const auto most =
+            std::ranges::max_element(votes_, {}, [](const auto& entry) { return entry.second; });
+        return most == votes_.end() ? std::nullopt : std::optional(most->first);
+    }
+
+  private:
+    static std::optional<int> yearIn(std::string_view word) {
+        while (!word.empty()
+               && std::string_view(".,:;)").find(word.back()) != std::string_view::npos) {
+            word.remove_suffix(1);
+        }
+        if (word.size() != 4 || !word.starts_with("20")
+            || word.find_first_not_of("0123456789") != std::string_view::npos) {
+            return std::nullopt;
+        }
+        return std::stoi(std::string(word));
+    }
+
+    void vote(int year, int weight) {
+        if (year >= 2000 && year <= 2100) {
+            votes_[year] += weight;
+        }
+    }
+
+    std::map<int, int> votes_;
+};
+
+/// The first day of a row from a word on, in figures or words.
+std::optional<Date> dayFrom(const Row& row, std::size_t from) {
+    for (std::size_t i = from; i < row.words.size(); ++i) {
+        if (const auto day = parseDay(row.words[i].text)) {
+            return day;
+        }
+        if (i + 2 < row.words.size()) {
+            if (const auto day =
+                    parseDay(row.words[i].text, row.words[i + 1].text, row.words[i + 2].text)) {
+                return day;
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+void readDays(const PageRows& page, DocumentFacts& facts) {
+    static const Labels birth{"Geburtsdatum",      "geboren am", "geb",    "geboren",
+                              "Date de naissance", "né le",      "née le", "Data di nascita",
+                              "nato il",           "nata il"};
+    static const Labels issue{"Rechnungsdatum",     "Datum", "Date de facture",
+                              "Date de la facture", "Date",  "Data fattura",
+                              "Data della fattura", "Data",  "vom"};
+    std::optional<Date> placed;
+    for (const Row& row : page.rows) {
+        const auto born = findLabel(row, birth, page.isRecognised);
+        if (born && !facts.birthDate) {
+            facts.birthDate = dayFrom(row, born->last + 1);
+        }
+        const auto label = findLabel(row, issue, page.isRecognised);
+        if (label && !facts.issued && !born) {
+            facts.issued = dayFrom(row, label->last + 1);
+        }
+        // "St.Gallen, 14. Januar 2025"
+        if (!placed && row.words.size() >= 2 && row.words.size() <= 6
+            && row.words.front().text.ends_with(',')) {
+            placed = dayFrom(row, 1);
+        }
+    }
+    if (!facts.issued) {
+        facts.issued = placed;
+    }
+}
+
+PlacedText placed(const PageRows& page, const Row& row, std::size_t first, std::size_t last) {
+    PagePlace place = row.words[first].printed;
+    for (std::size_t i = first; i <= last; ++i) {
+        place.right = std::max(place.right, row.words[i].printed.right);
+        place.top = std::min(place.top, row.words[i].printed.top);
+        place.bottom = std::max(place.bottom, row.words[i].printed.bottom);
+    }
+    return {textBetween(row, first, last), page.number, pageBox(place, page)};
+}
+
+/// Where a run of words ends: before a gap as wide as between columns.
+std::size_t endOfRun(const PageRows& page, const Row& row, std::size_t first) {
+    std::size_t last = first;
+    const double widest = page.number == 0 ? 2 : 1.8 * row.height();
+    while (last + 1 < row.words.size()
+           && row.words[last + 1].place.left - row.words[last].place.right < widest) {
+        ++last;
+    }
+    return last;
+}
+
+bool isCompany(const std::string& folded) {
+    static const Labels words{"AG",
+                              "SA",
+                              "GmbH",
+                              "Sàrl",
+                              "Genossenschaft",
+                              "Stiftung",
+                              "Fondation",
+                              "Fondazione",
+                              "Verein",
+                              "Association",
+                              "Associazione",
+                              "Bank*",
+                              "Banque*",
+                              "Banca*",
+                              "Sparkasse",
+                              "Raiffeisen*",
+                              "Versicherung*",
+                              "Assurance*",
+                              "Assicurazion*",
+                              "Krankenkasse",
+                              "Pensionskasse",
+                              "Kita",
+                              "Kindertagesstätte",
+                              "Praxis",
+                              "Zahnarztpraxis",
+                              "Arztpraxis",
+                              "Cabinet*",
+                              "Studio",
+                              "Crèche",
+                              "Schule",
+                              "Akademie",
+                              "Institut*",
+                              "École",
+                              "Scuola",
+                              "Hochschule",
+                              "Fachhochschule",
+                              "Gemeinde",
+                              "Kanton",
+                              "Amt",
+                              "Spital",
+                              "Apotheke",
+                              "Vorsorgestiftung",
+                              "Caisse*",
+                              "Cassa",
+                              "Asilo",
+                              "Hilfswerk",
+                              "Zentrum",
+                              "Dr",
+                              "Garderie"};
+    return isAnyIn(folded, words);
+}
+
+/// The first line of the first page that names a company, else the first line of words.
+void readIssuer(const PageRows& page, DocumentFacts& facts) {
+    PlacedText fallback;
+    std::size_t seen = 0;
+    for (const Row& row : page.rows) {
+        if (++seen > 12 || row.words.empty()) {
+            break;
+        }
+        for (std::size_t first = 0; first < row.words.size();) {
+            const std::size_t last = endOfRun(page, row, first);
+            std::string folded;
+            for (std::size_t i = first; i <= last; ++i) {
+                folded += row.words[i].folded + ' ';
+            }
+            const PlacedText text = placed(page, row, first, last);
+            if (isCompany(folded) && text.text.size() < 80) {
+                facts.issuer = text;
+                return;
+            }
+            if (fallback.text.empty() && !hasDigit(text.text) && text.text.size() > 3) {
+                fallback = text;
+            }
+            first = last + 1;
+        }
+    }
+    facts.issuer = fallback;
+}
+
+/// The name behind a label, or the line below a salutation in the address.
+void readPerson(const PageRows& page, DocumentFacts& facts) {
+    static const Labels labels{"Versicherte Person",
+                               "Personne assurée",
+                               "Persona assicurata",
+                               "Vorsorgenehmer*",
+                               "Versicherungsnehmer*",
+                               "Kontoinhaber*",
+                               "Preneur de prévoyance",
+                               "Titulaire*",
+                               "Intestatario",
+                               "Patientin",
+                               "Patient",
+                               "Paziente",
+                               "Name des Kindes",
+                               "Kind",
+                               "Enfant",
+                               "Bambino",
+                               "Bambina",
+                               "Teilnehmerin",
+                               "Teilnehmer*",
+                               "Participant*",
+                               "Partecipante",
+                               "Spenderin",
+                               "Spender*",
+                               "Donateur*",
+                               "Donatore",
+                               "Eigentümer*",
+                               "Propriétaire",
+                               "Proprietario",
+                               "Name",
+                               "Nom",
+                               "Nome",
+                               "Preneur d'assurance",
+                               "Stipulante",
+                               "Versicherter",
+                               "Versicherte"};
+    static const Labels salutations{"Herr",   "Herrn",  "Frau",   "Monsieur",
+                                    "Madame", "Signor", "Signora"};
+    for (const Label& label : labels) {
+        for (const Row& row : page.rows) {
+            const auto place = findLabel(row, label, page.isRecognised);
+            if (!place || place->last + 1 >= row.words.size()) {
+                continue;
+            }
+            const std::size_t first = place->last + 1;
+            const std::size_t last = endOfRun(page, row, first);
+            std::size_t count = 0;
+            while (first + count <= last && !hasDigit(row.words[first + count].text)
+                   && !row.words[first + count].text.starts_with("(")) {
+                const std::string_view word = row.words[first + count].text;
+                ++count;
+                if (word.ends_with(',')) {
+                    break;
+                }
+            }
+            const std::string text =
+                count == 0 ? std::string() : textBetween(row, first, first + count - 1);
+            if (text.size() > 4 && count <= 5 && text[0] >= 'A') {
+                facts.person = placed(page, row, first, first + count - 1);
+                while (facts.person.text.ends_with(',')) {
+                    facts.person.text.pop_back();
+                }
+                return;
+            }
+        }
+    }
+    for (std::size_t i = 0; i + 1 < page.rows.size(); ++i) {
+        const Row& row = page.rows[i];
+        const auto place = findLabel(row, salutations, false);
+        if (!place) {
+            continue;
+        }
+        const Row& next = page.rows[i + 1];
+        const bool isAlone = place->last + 1 >= row.words.size();
+        const Row& named = isAlone ? next : row;
+        const std::size_t first = isAlone ? 0 : place->last + 1;
+        if (place->first == 0 && first < named.words.size()) {
+            const std::size_t last = endOfRun(page, named, first);
+            const PlacedText text = placed(page, named, first, last);
+            if (!hasDigit(text.text) && text.text.size() > 4 && text.text.size() < 50
+                && !text.text.ends_with(',')) {
+                facts.person = text;
+                return;
+            }
+        }
+    }
+}
+
+} // namespace
+
+DocumentFacts readFacts(const DocumentRows& document) {
+    DocumentFacts facts;
+    YearVotes votes;
+    for (const PageRows& page : document.pages) {
+        for (const Row& row : page.rows) {
+            votes.look(row);
+            if (facts.socialSecurityNumber.empty()) {
+                facts.socialSecurityNumber = socialSecurityNumberIn(row);
+            }
+        }
+        readDays(page, facts);
+        if (facts.issuer.text.empty()) {
+            readIssuer(page, facts);
+        }
+        if (facts.person.text.empty()) {
+            readPerson(page, facts);
+        }
+    }
+    facts.year = votes.best();
+    return facts;
+}
+
+ProposedRecord recordWith(const DocumentFacts& facts, ProposedRecord::Kind kind, std::string title,
+                          int page) {
+    return {.kind = kind,
+            .title = std::move(title),
+            .page = page,
+            .year = facts.year,
+            .personName = facts.person.text,
+            .birthDate = facts.birthDate,
+            .socialSecurityNumber = facts.socialSecurityNumber};
+}
+
+} // namespace fiscarel
