@@ -151,6 +151,12 @@ void proposeAll(const DocumentReading& reading, ScanResult& result) {
     } else if (verdict.kind) {
         const DocumentFacts facts = readFacts(document);
         proposeByKind({document, facts, *verdict.kind, verdict.isClear, bill}, draft);
+        const auto& proposals = result.proposals;
+        const auto isBuyIn = [](const Proposal& one) { return one.field == "pensionBuyIn"; };
+        if (verdict.kind == Kind::saeule3a && !proposals.empty()
+            && std::ranges::all_of(proposals, isBuyIn)) {
+            result.proposedKind = Kind::pensionskasse; // the same form serves both pillars
+        }
     }
 }
 

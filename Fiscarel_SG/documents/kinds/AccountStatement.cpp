@@ -138,11 +138,17 @@ Heading headingIn(const PageRows& page, std::size_t at) {
         // The words that bar a row bar only their own column here, so they are not looked at.
         const auto place =
             findLabel(row, wantedOf(static_cast<Figure>(i)).labels, page.isRecognised);
+        // A heading's words stand apart, those of a title do not.
+        const bool isApart =
+            place
+            && (place->first == 0
+                || row.words[place->first].place.left - row.words[place->first - 1].place.right
+                       > 0.8 * row.height());
         const bool isTaken =
             place && std::ranges::any_of(heading.columns, [&](const auto& other) {
                 return other && other->first <= place->last && place->first <= other->last;
             });
-        if (place && !isTaken) {
+        if (isApart && !isTaken) {
             heading.columns[i] = place;
         }
     }
@@ -185,10 +191,40 @@ Figures figuresByColumn(const PageRows& page, std::size_t at, const Heading& hea
     return figures;
 }
 
+/// Interest whose label is not readable: an amount above one of 35 per cent of it, with what
+/// remains below.
+void findInterestByTax(const RowRange& range, Figures& figures) {
+    std::vector<FoundAmount> lasts;
+    for (std::size_t at = range.first; at < range.end; ++at) {
+        const Row& row = range.page->rows[at];
+        if (!row.amounts.empty() && row.amounts.back().amount.isFirm()) {
+            lasts.push_back({.page = range.page,
+                             .row = at,
+                             .amount = row.amounts.back(),
+                             .label = "Zins",
+                             .isAlone = false});
+        }
+    }
+    for (std::size_t i = 0; i + 2 < lasts.size(); ++i) {
+        const Decimal gross = lasts[i].value();
+        const Decimal tax = lasts[i + 1].value();
+        if (gross >= 1 && ((gross * 35 / 100) - tax).abs() <= Decimal(5) / 100
+            && gross - tax == lasts[i + 2].value()) {
+            figures[static_cast<std::size_t>(Figure::interest)] = lasts[i];
+            figures[static_cast<std::size_t>(Figure::withholding)] = lasts[i + 1];
+            figures[static_cast<std::size_t>(Figure::netInterest)] = lasts[i + 2];
+            return;
+        }
+    }
+}
+
 Figures figuresByLabel(const RowRange& range) {
     Figures figures;
     for (std::size_t i = 0; i < figureCount; ++i) {
         figures[i] = findFirst({range}, wantedOf(static_cast<Figure>(i)));
+    }
+    if (!figures[static_cast<std::size_t>(Figure::interest)]) {
+        findInterestByTax(range, figures);
     }
     return figures;
 }
@@ -285,22 +321,34 @@ class AccountMapper {
             Figures figures = figuresByColumn(page, at, heading);
             const bool hasAny =
                 std::ranges::any_of(figures, [](const auto& figure) { return figure.has_value(); });
-            if (!hasAny || isAnyIn(row.folded, totals)) {
+            if (hasAny && isAnyIn(row.folded, totals)) {
+                break;
+            }
+            if (!hasAny) {
                 continue;
             }
-            const Iban* own = nullptr;
-            for (const Iban& iban : ibans) { // in the row, or just above or below it
-                const auto distance = iban.row > at ? iban.row - at : at - iban.row;
-                if (distance == 0 || (own == nullptr && distance == 1)) {
-                    own = &iban;
-                }
-            }
+            const Iban* own = ibanOf(ibans, at, heading.row);
             if (own == nullptr
                 && (row.words.empty() || row.amounts.empty() || row.amounts.front().first == 0)) {
                 continue;
             }
             proposeEntry(figures, own, {&page, at, at + 1});
         }
+    }
+
+    /// The account number in a row of a table, or beside it: below when the first one below the
+    /// heading stands under a row with amounts, else above.
+    static const Iban* ibanOf(const std::vector<Iban>& ibans, std::size_t at, std::size_t heading) {
+        const auto first =
+            std::ranges::find_if(ibans, [&](const Iban& iban) { return iban.row > heading; });
+        const bool isBelow = first != ibans.end() && first->row > heading + 1;
+        for (const std::size_t row : {at, isBelow ? at + 1 : at - 1}) {
+            const auto found = std::ranges::find(ibans, row, &Iban::row);
+            if (found != ibans.end()) {
+                return &*found;
+            }
+        }
+        return nullptr;
     }
 
     void proposeEntry(const Figures& figures, const Iban* iban, const RowRange& range) {

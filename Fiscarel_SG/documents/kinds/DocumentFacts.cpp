@@ -4,6 +4,7 @@
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
 
 #include <algorithm>
+#include <cmath>
 #include <map>
 
 namespace fiscarel {
@@ -19,41 +20,22 @@ bool hasDigit(std::string_view text) {
 /// Years by how clearly they are meant: named as the year, as end of the year, in any date.
 class YearVotes {
   public:
-    void look(const Row& row) {
-        static const Labels names{"Steuerjahr",
-                                  "Jahr",
-                                  "Jahre",
-                                  "Steuerperiode",
-                                  "Beitragsjahr",
-                                  "Kalenderjahr",
-                                  "Année",
-                                  "Année fiscale",
-                                  "Anno",
-                                  "Anno fiscale",
-                                  "Exercice",
-                                  "Periode",
-                                  "Période",
-                                  "Periodo",
-                                  "Jahresübersicht",
-                                  "Steuerbestätigung",
-                                  "Prämienübersicht",
-                                  "Spendenbestätigung"};
+    /// `isTitle`: the row stands in the upper part of the first page.
+    void look(const Row& row, bool isTitle) {
+        static const Labels names{
+            "Steuerjahr",         "Jahr",         "Jahre",   "Steuerperiode", "Beitragsjahr",
+            "Bescheinigungsjahr", "Kalenderjahr", "Année",   "Année fiscale", "Anno",
+            "Anno fiscale",       "Exercice",     "Periode", "Période",       "Periodo"};
         for (std::size_t i = 0; i < row.words.size(); ++i) {
-            const std::string& word = row.words[i].text;
-            if (const auto day = parseDay(word)) {
+            if (const auto day = dayAt(row, i)) {
                 vote(day->year(), day->month() == 12 && day->day() == 31 ? 5 : 1);
-            } else if (i + 2 < row.words.size()) {
-                if (const auto named =
-                        parseDay(word, row.words[i + 1].text, row.words[i + 2].text)) {
-                    vote(named->year(), named->month() == 12 && named->day() == 31 ? 5 : 1);
-                }
-            }
-            if (const auto year = yearIn(word)) {
+                i += parseDay(row.words[i].text) ? 0U : 2U;
+            } else if (const auto year = yearIn(row.words[i].text); year && !isPlace(row, i)) {
                 std::string before;
                 for (std::size_t j = i > 3 ? i - 3 : 0; j < i; ++j) {
                     before += row.words[j].folded + ' ';
                 }
-                vote(*year, isAnyIn(before, names) ? 6 : 2);
+                vote(*year, isAnyIn(before, names) ? 8 : isTitle ? 6 : 2);
             }
         }
     }
@@ -75,6 +57,23 @@ class YearVotes {
             return std::nullopt;
         }
         return std::stoi(std::string(word));
+    }
+
+    static std::optional<Date> dayAt(const Row& row, std::size_t at) {
+        const auto text = [&](std::size_t i) -> std::string_view {
+            return i < row.words.size() ? std::string_view(row.words[i].text) : std::string_view();
+        };
+        const auto day = parseDay(text(at));
+        return day ? day : parseDay(text(at), text(at + 1), text(at + 2));
+    }
+
+    /// "2000 Neuchâtel": a postal code before a name, and nothing before it but a street.
+    static bool isPlace(const Row& row, std::size_t at) {
+        if (at + 1 >= row.words.size() || (at > 0 && !row.words[at - 1].text.ends_with(','))) {
+            return false;
+        }
+        const char next = row.words[at + 1].text.front();
+        return next >= 'A' && next <= 'Z' && row.words[at + 1].text.size() > 2;
     }
 
     void vote(int year, int weight) {
@@ -232,7 +231,80 @@ void readIssuer(const PageRows& page, DocumentFacts& facts) {
     facts.issuer = fallback;
 }
 
-/// The name behind a label, or the line below a salutation in the address.
+/// A run of words in its row.
+struct Run {
+    const Row* row = nullptr;
+    std::size_t first = 0;
+    std::size_t last = 0;
+
+    double left() const { return row->words[first].place.left; }
+    std::string text() const { return textBetween(*row, first, last); }
+};
+
+/// The run that begins under another one, in the next row that has one there.
+std::optional<Run> runBelow(const PageRows& page, std::size_t at, double left) {
+    for (std::size_t next = at + 1; next < std::min(at + 4, page.rows.size()); ++next) {
+        const Row& row = page.rows[next];
+        for (std::size_t i = 0; i < row.words.size(); ++i) {
+            if (std::abs(row.words[i].place.left - left) < row.height() * 0.6) {
+                return Run{&row, i, endOfRun(page, row, i)};
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+/// "9000 St.Gallen", "FL-9490 Vaduz"
+bool isTown(std::string_view text) {
+    for (const std::string_view prefix : {"CH-", "FL-", "LI-"}) {
+        if (text.starts_with(prefix)) {
+            text.remove_prefix(prefix.size());
+        }
+    }
+    return text.size() > 6 && text.find_first_not_of("0123456789") == 4 && text[4] == ' '
+           && !hasDigit(text.substr(5, 2));
+}
+
+bool isName(const Run& run, bool isCompanyName) {
+    const std::string text = run.text();
+    const std::size_t count = run.last - run.first + 1;
+    return !isCompanyName && count >= 2 && count <= 5 && !hasDigit(text) && text.size() < 50
+           && text[0] >= 'A' && text.find_first_of(":,;") == std::string::npos;
+}
+
+/// The name in the address: two lines or three above a town, below a salutation if there is one.
+void readAddressee(const PageRows& page, DocumentFacts& facts) {
+    for (std::size_t at = 0; at + 2 < page.rows.size() && page.number != 0; ++at) {
+        const Row& row = page.rows[at];
+        for (std::size_t first = 0; first < row.words.size();
+             first = endOfRun(page, row, first) + 1) {
+            Run run{&row, first, endOfRun(page, row, first)};
+            static const Labels salutations{"Herr",   "Herrn",   "Frau", "Monsieur", "Madame",
+                                            "Signor", "Signora", "M",    "Mme"};
+            if (run.last > run.first && isAnyIn(row.words[first].folded, salutations)) {
+                ++run.first;
+            }
+            std::string folded;
+            for (std::size_t i = run.first; i <= run.last; ++i) {
+                folded += row.words[i].folded + ' ';
+            }
+            if (!isName(run, isCompany(folded))) {
+                continue;
+            }
+            auto below = runBelow(page, at, row.words[first].place.left);
+            for (int lines = 0; below && lines < 3; ++lines) {
+                if (isTown(below->text())) {
+                    facts.person = placed(page, row, run.first, run.last);
+                    return;
+                }
+                const auto index = static_cast<std::size_t>(below->row - page.rows.data());
+                below = runBelow(page, index, below->left());
+            }
+        }
+    }
+}
+
+/// The name behind a label, else the one in the address.
 void readPerson(const PageRows& page, DocumentFacts& facts) {
     static const Labels labels{"Versicherte Person",
                                "Personne assurée",
@@ -269,8 +341,6 @@ void readPerson(const PageRows& page, DocumentFacts& facts) {
                                "Stipulante",
                                "Versicherter",
                                "Versicherte"};
-    static const Labels salutations{"Herr",   "Herrn",  "Frau",   "Monsieur",
-                                    "Madame", "Signor", "Signora"};
     for (const Label& label : labels) {
         for (const Row& row : page.rows) {
             const auto place = findLabel(row, label, page.isRecognised);
@@ -299,26 +369,7 @@ void readPerson(const PageRows& page, DocumentFacts& facts) {
             }
         }
     }
-    for (std::size_t i = 0; i + 1 < page.rows.size(); ++i) {
-        const Row& row = page.rows[i];
-        const auto place = findLabel(row, salutations, false);
-        if (!place) {
-            continue;
-        }
-        const Row& next = page.rows[i + 1];
-        const bool isAlone = place->last + 1 >= row.words.size();
-        const Row& named = isAlone ? next : row;
-        const std::size_t first = isAlone ? 0 : place->last + 1;
-        if (place->first == 0 && first < named.words.size()) {
-            const std::size_t last = endOfRun(page, named, first);
-            const PlacedText text = placed(page, named, first, last);
-            if (!hasDigit(text.text) && text.text.size() > 4 && text.text.size() < 50
-                && !text.text.ends_with(',')) {
-                facts.person = text;
-                return;
-            }
-        }
-    }
+    readAddressee(page, facts);
 }
 
 } // namespace
@@ -328,7 +379,7 @@ DocumentFacts readFacts(const DocumentRows& document) {
     YearVotes votes;
     for (const PageRows& page : document.pages) {
         for (const Row& row : page.rows) {
-            votes.look(row);
+            votes.look(row, &page == &document.pages.front() && row.middle() < page.height * 0.4);
             if (facts.socialSecurityNumber.empty()) {
                 facts.socialSecurityNumber = socialSecurityNumberIn(row);
             }

@@ -192,28 +192,37 @@ void readPerson(const PageRows& page, double bodyTop, SalaryForm& form) {
     }
 }
 
-/// The employer stands below the number of the enterprise, or right of the confirmation.
+/// The employer: at the foot of the page, in the column of the enterprise's number, the first line
+/// that is neither that number nor a telephone number.
 void readEmployer(const PageRows& page, SalaryForm& form) {
-    for (std::size_t i = 0; i + 1 < page.rows.size(); ++i) {
-        const Row& row = page.rows[i];
-        const auto number = std::ranges::find_if(
-            row.words, [](const RowWord& word) { return word.text.starts_with("CHE-"); });
-        if (number == row.words.end()) {
-            continue;
+    double left = 0;
+    double top = 0;
+    static const Labels confirmation{"Die Richtigkeit", "Certifié exact", "Certificato esatto",
+                                     "Ort und Datum", "Lieu et date"};
+    for (const Row& row : page.rows) {
+        const bool isFoot = row.middle() > page.height / 2;
+        if (isFoot && top == 0 && findLabel(row, confirmation, page.isRecognised)) {
+            top = row.top;
         }
-        const auto before = number == row.words.begin() ? number : number - 1;
-        const double left = before->folded == "uid" ? before->place.left : number->place.left;
-        for (std::size_t next = i + 1; next < std::min(i + 3, page.rows.size()); ++next) {
-            std::string name;
-            for (const RowWord& word : page.rows[next].words) {
-                if (word.place.left >= left - 4) {
-                    name += name.empty() ? word.text : ' ' + word.text;
-                }
+        for (std::size_t i = 0; isFoot && i < row.words.size(); ++i) {
+            if (row.words[i].text.starts_with("CHE") && left == 0) {
+                const bool isNamed = i > 0 && row.words[i - 1].folded.size() == 3;
+                left = row.words[isNamed ? i - 1 : i].place.left;
             }
-            if (!name.empty()) {
-                form.employer = name;
-                return;
+        }
+    }
+    for (const Row& row : page.rows) {
+        std::string name;
+        bool isOther = left == 0 || top == 0 || row.middle() < top;
+        for (const RowWord& word : row.words) {
+            if (word.place.left >= left - 4) {
+                isOther |= word.text.starts_with("CHE") || word.folded == "tel";
+                name += name.empty() ? word.text : ' ' + word.text;
             }
+        }
+        if (!isOther && !name.empty()) {
+            form.employer = name;
+            return;
         }
     }
 }

@@ -42,7 +42,7 @@ const std::vector<KindWords>& evidences() {
         {Kind::saeule3a,
          6,
          {"Säule 3a", "Pilier 3a", "Pilastro 3a", "3a-Konto", "Vorsorge 3a", "Vorsorgekonto 3a",
-          "Sparen 3"}},
+          "Prévoyance 3a", "Previdenza 3a"}},
         {Kind::saeule3a,
          5,
          {"gebundene Vorsorge", "gebundenen Vorsorge", "gebundene Selbstvorsorge",

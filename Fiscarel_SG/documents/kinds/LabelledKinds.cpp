@@ -64,9 +64,17 @@ const std::vector<FieldRow>& fieldRows() {
            "Versamenti",
            "Bescheinigter Betrag",
            "Totalbetrag"},
-          {"Einkauf", "Rachat", "Riscatto", "Maximal*", "Maximum", "höchstens", "Saldo", "Höchst*",
+          {"Einkauf", "Rachat", "Riscatto", "ordentliche", "ordinaires", "ordinari", "2. Säule",
+           "2e pilier", "2o pilastro", "Maximal*", "Maximum", "höchstens", "Saldo", "Höchst*",
            "Guthaben", "Maximalbetrag", "Vorjahr"}},
          40'000},
+        // Form 21 has a line for either pillar.
+        {Kind::saeule3a,
+         Record::personDeductions,
+         "pensionBuyIn",
+         {{"Beiträge für den Einkauf", "Cotisations pour le rachat", "Contributi per il riscatto"},
+          {"Säule 3a", "pilier 3a", "pilastro 3a"}},
+         large},
         {Kind::pensionskasse,
          Record::personDeductions,
          "pensionBuyIn",
@@ -99,7 +107,7 @@ const std::vector<FieldRow>& fieldRows() {
          "premiumReduction",
          {{"Prämienverbilligung*", "Individuelle Prämienverbilligung", "IPV", "Réduction de prime*",
            "Réduction des primes", "Réduction individuelle*", "Riduzione dei premi",
-           "Riduzione del premio", "Subside*", "Verbilligung"},
+           "Riduzione individuale*", "Riduzione del premio", "Subside*", "Verbilligung"},
           {"nach", "après", "dopo", "netto", "net", "netti", "nette", "nettes"}},
          100'000},
         {Kind::krankenkasse,
@@ -301,8 +309,8 @@ const Wanted& netPremiums() {
 const Wanted& reductions() {
     static const Wanted wanted{{"Prämienverbilligung*", "Individuelle Prämienverbilligung", "IPV",
                                 "Réduction de prime*", "Réduction des primes",
-                                "Riduzione dei premi", "Riduzione del premio", "Subside*",
-                                "Verbilligung"},
+                                "Riduzione dei premi", "Riduzione individuale*",
+                                "Riduzione del premio", "Subside*", "Verbilligung"},
                                {"nach", "après", "dopo", "netto", "nettes", "netti"}};
     return wanted;
 }
@@ -366,12 +374,13 @@ void proposePremiums(const KindContext& context, RecordsByKind& records, Proposa
 
 /// What the insured paid themselves is a cost of illness.
 void proposeCostSharing(const KindContext& context, ProposalDraft& draft) {
-    static const Wanted own{{"Total Kostenbeteiligung*", "Total Kosten zu Ihren Lasten",
-                             "Ihre Kostenbeteiligung", "Kostenbeteiligung*", "zu Ihren Lasten",
-                             "Selbst bezahlt*", "Eigenanteil", "Participation aux coûts",
-                             "Participation aux frais", "à votre charge", "Partecipazione ai costi",
-                             "a suo carico"},
-                            {"Prämie*", "Primes", "Premi"}};
+    static const Wanted own{
+        {"Total Kostenbeteiligung*", "Nicht erstattete Kosten", "Nicht vergütete Kosten",
+         "Frais non remboursés", "Costi non rimborsati", "Spese non rimborsate",
+         "Total Kosten zu Ihren Lasten", "Ihre Kostenbeteiligung", "Kostenbeteiligung*",
+         "zu Ihren Lasten", "Selbst bezahlt*", "Eigenanteil", "Participation aux coûts",
+         "Participation aux frais", "à votre charge", "Partecipazione ai costi", "a suo carico"},
+        {"Prämie*", "Primes", "Premi"}};
     const auto found = findLast(wholeDocument(context.document), own);
     if (!found || found->value() < 1) {
         return;

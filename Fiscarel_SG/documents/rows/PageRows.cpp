@@ -65,7 +65,7 @@ bool continuesAmount(const RowWord& word, const RowWord& next) {
     const std::string_view tail = next.text;
     return digits(word.text) && word.text.size() <= 3 && word.text[0] != '0' && tail.size() >= 3
            && digits(tail.substr(0, 3)) && (tail.size() == 3 || tail[3] == '.' || tail[3] == ',')
-           && gap < 0.5 * std::max(word.place.height(), next.place.height());
+           && gap < 0.8 * std::max(word.place.height(), next.place.height());
 }
 
 RowAmount amountFrom(const Row& row, std::size_t first, std::size_t last, PrintedAmount amount) {
@@ -155,7 +155,7 @@ PageRows buildRows(const PageReading& page) {
     result.slope = slopeOfLines(sound);
     std::vector<RowWord> words;
     for (const PageWord& word : sound.words) {
-        words.push_back({.text = word.text,
+        words.push_back({.text = withoutLigatures(word.text),
                          .folded = foldWords(word.text),
                          .place = straightened(word.place, result.slope),
                          .printed = word.place,
@@ -179,7 +179,7 @@ PageRows rowsOfText(std::string_view text, bool isRecognised) {
     while (!text.empty()) {
         const std::size_t end = std::min(text.find('\n'), text.size());
         const std::string_view line = text.substr(0, end);
-        Row row{.top = top, .bottom = top + 2.1}; // one blank is less than half of it
+        Row row{.top = top, .bottom = top + 1.4}; // one blank is narrower than 0.8 of it
         for (std::size_t at = line.find_first_not_of(" \t\r"); at < line.size();) {
             const std::size_t stop = std::min(line.find_first_of(" \t\r", at), line.size());
             RowWord word{.text = std::string(line.substr(at, stop - at))};
@@ -191,7 +191,7 @@ PageRows rowsOfText(std::string_view text, bool isRecognised) {
         if (!row.words.empty() && row.words.size() <= mostWords) {
             finish(row, isRecognised);
             result.rows.push_back(std::move(row));
-            top += 3;
+            top += 2;
         }
         text.remove_prefix(std::min(end + 1, text.size()));
     }

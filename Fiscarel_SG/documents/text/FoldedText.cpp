@@ -30,6 +30,8 @@ constexpr std::array foldings{
     Folding{0xFB04, 0xFB04, "ffl"},
 };
 
+constexpr char32_t firstLigature = 0xFB00;
+
 bool isCombining(char32_t code) { return (code >= 0x300 && code <= 0x36F) || code == 0xAD; }
 
 void append(std::string& out, char letter) {
@@ -68,6 +70,21 @@ std::string foldWords(std::string_view text) {
     }
     if (!out.empty() && out.back() == ' ') {
         out.pop_back();
+    }
+    return out;
+}
+
+std::string withoutLigatures(std::string_view text) {
+    std::string out;
+    while (!text.empty()) {
+        const auto [code, length] = firstLetter(text);
+        const auto folding = std::ranges::find(foldings, code, &Folding::from);
+        if (code >= firstLigature && folding != foldings.end()) {
+            out += folding->letters;
+        } else {
+            out += text.substr(0, length);
+        }
+        text.remove_prefix(length);
     }
     return out;
 }

@@ -11,6 +11,9 @@ namespace fiscarel {
 /// both spellings of an umlaut are one. Whatever is no well-formed UTF-8 separates words.
 std::string foldWords(std::string_view text);
 
+/// The text with printers' ligatures ("ﬁ") as single letters and everything else as it is.
+std::string withoutLigatures(std::string_view text);
+
 /// The folded words one by one.
 std::vector<std::string> foldedTokens(std::string_view text);
 

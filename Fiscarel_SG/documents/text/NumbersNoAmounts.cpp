@@ -38,6 +38,7 @@ class Marking {
             markIban(i);
             markTelephone(i);
             markNumberAfterItsName(i);
+            markTime(i);
             markGroups(i);
             markPlace(i);
         }
@@ -159,6 +160,17 @@ class Marking {
                 mark(next);
                 break;
             }
+        }
+    }
+
+    /// "08.00 bis 17.30 Uhr"
+    void markTime(std::size_t at) {
+        if (!isOneOf(folded(at), {"uhr", "heures", "ore", "h"}) || at == 0) {
+            return;
+        }
+        mark(at - 1);
+        if (at >= 3 && isOneOf(folded(at - 2), {"bis", "und", "a", "alle", ""})) {
+            mark(at - 3);
         }
     }
 
