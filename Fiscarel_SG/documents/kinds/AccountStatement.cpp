@@ -143,7 +143,7 @@ Heading headingIn(const PageRows& page, std::size_t at) {
             place
             && (place->first == 0
                 || row.words[place->first].place.left - row.words[place->first - 1].place.right
-                       > 0.8 * row.height());
+                       > 0.5 * row.height());
         const bool isTaken =
             place && std::ranges::any_of(heading.columns, [&](const auto& other) {
                 return other && other->first <= place->last && place->first <= other->last;
@@ -191,7 +191,7 @@ Figures figuresByColumn(const PageRows& page, std::size_t at, const Heading& hea
     return figures;
 }
 
-/// Interest whose label is not readable: an amount above one of 35 per cent of it, with what
+/// Interest by what it is, which is surer than its label in recognised text: an amount above one of 35 per cent of it, with what
 /// remains below.
 void findInterestByTax(const RowRange& range, Figures& figures) {
     std::vector<FoundAmount> lasts;
@@ -223,9 +223,7 @@ Figures figuresByLabel(const RowRange& range) {
     for (std::size_t i = 0; i < figureCount; ++i) {
         figures[i] = findFirst({range}, wantedOf(static_cast<Figure>(i)));
     }
-    if (!figures[static_cast<std::size_t>(Figure::interest)]) {
-        findInterestByTax(range, figures);
-    }
+    findInterestByTax(range, figures);
     return figures;
 }
 

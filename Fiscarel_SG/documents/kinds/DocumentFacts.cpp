@@ -26,6 +26,11 @@ class YearVotes {
             "Steuerjahr",         "Jahr",         "Jahre",   "Steuerperiode", "Beitragsjahr",
             "Bescheinigungsjahr", "Kalenderjahr", "Année",   "Année fiscale", "Anno",
             "Anno fiscale",       "Exercice",     "Periode", "Période",       "Periodo"};
+        std::vector<std::string_view> texts;
+        for (const RowWord& word : row.words) {
+            texts.emplace_back(word.text);
+        }
+        const std::vector<bool> barred = wordsWithoutAmount(texts); // parts of account numbers
         for (std::size_t i = 0; i < row.words.size(); ++i) {
             if (const auto day = dayAt(row, i)) {
                 vote(day->year(), day->month() == 12 && day->day() == 31 ? 5 : 1);
@@ -35,7 +40,10 @@ class YearVotes {
                 for (std::size_t j = i > 3 ? i - 3 : 0; j < i; ++j) {
                     before += row.words[j].folded + ' ';
                 }
-                vote(*year, isAnyIn(before, names) ? 8 : isTitle ? 6 : 2);
+                const bool isNamed = isAnyIn(before, names);
+                if (isNamed || !barred[i]) {
+                    vote(*year, isNamed ? 8 : isTitle ? 6 : 2);
+                }
             }
         }
     }
@@ -315,9 +323,7 @@ void readPerson(const PageRows& page, DocumentFacts& facts) {
                                "Preneur de prévoyance",
                                "Titulaire*",
                                "Intestatario",
-                               "Patientin",
-                               "Patient",
-                               "Paziente",
+                               "Patient/in", "Patientin", "Patient", "Paziente", "Behandlung von", "Traitement de", "Cura di", "Cure di", "Trattamento di",
                                "Name des Kindes",
                                "Kind",
                                "Enfant",
@@ -347,7 +353,11 @@ void readPerson(const PageRows& page, DocumentFacts& facts) {
             if (!place || place->last + 1 >= row.words.size()) {
                 continue;
             }
-            const std::size_t first = place->last + 1;
+            static const Labels particles{"de", "di", "von", "d"};
+            std::size_t first = place->last + 1;
+            if (first + 1 < row.words.size() && isAnyIn(row.words[first].folded, particles)) {
+                ++first;
+            }
             const std::size_t last = endOfRun(page, row, first);
             std::size_t count = 0;
             while (first + count <= last && !hasDigit(row.words[first + count].text)

@@ -184,7 +184,7 @@ void readPerson(const PageRows& page, double bodyTop, SalaryForm& form) {
         }
         const bool isSalutation =
             row.words.size() <= 2 && findLabel(row, salutations, page.isRecognised).has_value();
-        if (!name.empty() && !isSalutation
+        if (name.find(' ') != std::string::npos && !isSalutation
             && name.find_first_of("0123456789") == std::string::npos) {
             form.person = name;
             return;

@@ -89,7 +89,7 @@ const std::vector<KindWords>& evidences() {
          7,
          {"Zinsausweis", "Zinsbescheinigung", "Saldobestätigung", "Zins und Saldo*",
           "Zins- und Kapital*", "Kapital- und Zins*", "Zinsabschluss", "Kontoabschluss",
-          "Attestation d'intérêts", "Attestation de solde", "Attestazione degli interessi",
+          "Attestation d'intérêts", "Attestation de solde", "Attestazione degli interessi", "Attestazione di interessi", "Attestation des intérêts",
           "Attestato degli interessi", "Attestazione del saldo"}},
         {Kind::bankauszug,
          5,

@@ -394,8 +394,11 @@ void proposeCostSharing(const KindContext& context, ProposalDraft& draft) {
                                                   found->page->number));
     draft.record(record).advice = "Was die Kasse nicht vergütet hat. Rechnungen, die darin schon "
                                   "enthalten sind, nicht noch einmal eintragen.";
-    draft.add(record, "gross", found->value(),
-              evidenceOf(*found, own, context.isKindClear, std::move(checks)));
+    Evidence evidence = evidenceOf(*found, own, context.isKindClear, std::move(checks));
+    if (evidence.confidence == Confidence::high) {
+        evidence.confidence = Confidence::medium; // it may be entered already, bill by bill
+    }
+    draft.add(record, "gross", found->value(), std::move(evidence));
     draft.add(record, "provider", context.facts.issuer.text,
               {.witness = Witness::position,
                .confidence = Confidence::medium,

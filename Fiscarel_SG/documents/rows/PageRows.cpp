@@ -55,17 +55,33 @@ void addToBestRow(std::vector<Row>& rows, RowWord word) {
     best->words.push_back(std::move(word));
 }
 
-/// Numbers of which one word is a part: "68" and "000.00" a narrow blank apart.
-bool continuesAmount(const RowWord& word, const RowWord& next) {
-    const auto digits = [](std::string_view text) {
-        return !text.empty()
-               && std::ranges::all_of(text, [](char c) { return c >= '0' && c <= '9'; });
-    };
-    const double gap = next.place.left - word.place.right;
+bool hasOnlyDigits(std::string_view text) {
+    return !text.empty() && std::ranges::all_of(text, [](char c) { return c >= '0' && c <= '9'; });
+}
+
+/// How wide the gap between two words is, in digits of the second.
+double gapInDigits(const RowWord& word, const RowWord& next) {
+    const double digit = next.place.width() / static_cast<double>(std::max<std::size_t>(next.text.size(), 1));
+    return (next.place.left - word.place.right) / std::max(digit, 0.1);
+}
+
+/// Whether two words may be one amount: "68" and "000.00".
+bool isSplitAmount(const RowWord& word, const RowWord& next) {
     const std::string_view tail = next.text;
-    return digits(word.text) && word.text.size() <= 3 && word.text[0] != '0' && tail.size() >= 3
-           && digits(tail.substr(0, 3)) && (tail.size() == 3 || tail[3] == '.' || tail[3] == ',')
-           && gap < 0.8 * std::max(word.place.height(), next.place.height());
+    return hasOnlyDigits(word.text) && word.text.size() <= 3 && word.text[0] != '0'
+           && tail.size() >= 3 && hasOnlyDigits(tail.substr(0, 3))
+           && (tail.size() == 3 || tail[3] == '.' || tail[3] == ',');
+}
+
+bool continuesAmount(const RowWord& word, const RowWord& next) {
+    constexpr double narrow = 1.7; // digits; columns stand further apart
+    return isSplitAmount(word, next) && gapInDigits(word, next) < narrow;
+}
+
+/// A gap wider than within an amount and narrower than between columns: nobody can tell.
+bool mayContinueAmount(const RowWord& word, const RowWord& next) {
+    constexpr double wide = 3.5;
+    return isSplitAmount(word, next) && gapInDigits(word, next) < wide;
 }
 
 RowAmount amountFrom(const Row& row, std::size_t first, std::size_t last, PrintedAmount amount) {
@@ -102,6 +118,11 @@ std::optional<RowAmount> amountAt(const Row& row, std::size_t at, const std::vec
     }
     if (!amount) {
         return std::nullopt;
+    }
+    if ((at > 0 && mayContinueAmount(row.words[at - 1], row.words[at]))
+        || (last + 1 < row.words.size()
+            && mayContinueAmount(row.words[last], row.words[last + 1]))) {
+        amount->wasCorrected = true; // it may be part of a larger one
     }
     const auto isNear = [&](std::size_t a, std::size_t b) {
         return row.words[b].place.left - row.words[a].place.right < 4 * row.words[a].place.height();
@@ -179,7 +200,7 @@ PageRows rowsOfText(std::string_view text, bool isRecognised) {
     while (!text.empty()) {
         const std::size_t end = std::min(text.find('\n'), text.size());
         const std::string_view line = text.substr(0, end);
-        Row row{.top = top, .bottom = top + 1.4}; // one blank is narrower than 0.8 of it
+        Row row{.top = top, .bottom = top + 1};
         for (std::size_t at = line.find_first_not_of(" \t\r"); at < line.size();) {
             const std::size_t stop = std::min(line.find_first_of(" \t\r", at), line.size());
             RowWord word{.text = std::string(line.substr(at, stop - at))};

@@ -16,7 +16,7 @@ struct PrintedAmount {
     bool hasDecimals = false;  ///< "120.50", "120.–"
     bool hasMark = false;      ///< "1’200"
     bool hasCurrency = false;  ///< "CHF 1200"
-    bool wasCorrected = false; ///< a letter was taken for the digit it resembles
+    bool wasCorrected = false; ///< a letter was taken for a digit, or digits may be missing
 
     /// Whether its form alone speaks for an amount.
     bool isFirm() const { return hasDecimals || hasMark || hasCurrency; }

@@ -183,7 +183,7 @@ class Marking {
         const auto isBlock = [this](std::size_t i) {
             return word(i).size() == 5 && hasOnlyDigits(word(i));
         };
-        if (own.size() >= 8 || (own.size() > 1 && own[0] == '0')
+        if (own.size() >= 8 || (own.size() > 3 && own[0] == '0')
             || (isBlock(at) && (isBlock(at + 1) || (at > 0 && isBlock(at - 1))))
             || (at > 0 && marked_[at - 1] && isBlock(at - 1) && own.size() < 5)) {
             mark(at);
