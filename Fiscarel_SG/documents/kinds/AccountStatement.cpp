@@ -60,7 +60,7 @@ const Wanted& wantedOf(Figure figure) {
                {"netto", "Nettozins*", "nets", "netti", "Schuldzins*", "Sollzins*",
                 "Hypothekarzins*", "Zinssatz", "débiteurs", "passivi", "Verrechnungssteuer",
                 "Zinsabschluss"}},
-        Wanted{{"Verrechnungssteuer*", "VST", "Impôt anticipé*", "Imposta preventiva*"},
+        Wanted{{"Verrechnungssteuer*", "Verr.-Steuer", "Verrechnungsst*", "VST", "Impôt anticipé*", "Imposta preventiva*"},
                {"Anspruch", "netto"}},
         Wanted{{"Nettozins*", "Zins netto", "Intérêt net", "Intérêts nets", "Interessi netti",
                 "Interesse netto"},
@@ -126,6 +126,14 @@ struct Heading {
     }
 };
 
+/// Whether the gap behind a word is wider than a blank.
+bool isColumnGap(const Row& row, std::size_t word) {
+    const RowWord& before = row.words[word];
+    const double letter =
+        before.place.width() / static_cast<double>(std::max<std::size_t>(before.text.size(), 1));
+    return row.words[word + 1].place.left - before.place.right > 1.5 * letter;
+}
+
 Heading headingIn(const PageRows& page, std::size_t at) {
     Heading heading{.row = at};
     const Row& row = page.rows[at];
@@ -139,11 +147,7 @@ Heading headingIn(const PageRows& page, std::size_t at) {
         const auto place =
             findLabel(row, wantedOf(static_cast<Figure>(i)).labels, page.isRecognised);
         // A heading's words stand apart, those of a title do not.
-        const bool isApart =
-            place
-            && (place->first == 0
-                || row.words[place->first].place.left - row.words[place->first - 1].place.right
-                       > 0.5 * row.height());
+        const bool isApart = place && (place->first == 0 || isColumnGap(row, place->first - 1));
         const bool isTaken =
             place && std::ranges::any_of(heading.columns, [&](const auto& other) {
                 return other && other->first <= place->last && place->first <= other->last;
@@ -191,8 +195,8 @@ Figures figuresByColumn(const PageRows& page, std::size_t at, const Heading& hea
     return figures;
 }
 
-/// Interest by what it is, which is surer than its label in recognised text: an amount above one of 35 per cent of it, with what
-/// remains below.
+/// Interest by what it is, which is surer than its label in recognised text: an amount above one of
+/// 35 per cent of it, with what remains below.
 void findInterestByTax(const RowRange& range, Figures& figures) {
     std::vector<FoundAmount> lasts;
     for (std::size_t at = range.first; at < range.end; ++at) {

@@ -173,7 +173,7 @@ class BillMapper {
         record.advice = advice(isPayable);
         if (target_.kind == Kind::arztrechnung) { // treated in the old year, billed in the new one
             const auto& day = context_.bill && context_.bill->bill.date ? context_.bill->bill.date
-                                                                       : context_.facts.issued;
+                                                                        : context_.facts.issued;
             record.year = day ? std::optional(day->year()) : record.year;
         }
         record_ = draft_.addRecord(std::move(record));

@@ -273,43 +273,32 @@ bool isTown(std::string_view text) {
            && !hasDigit(text.substr(5, 2));
 }
 
-bool isName(const Run& run, bool isCompanyName) {
-    const std::string text = run.text();
-    const std::size_t count = run.last - run.first + 1;
-    return !isCompanyName && count >= 2 && count <= 5 && !hasDigit(text) && text.size() < 50
-           && text[0] >= 'A' && text.find_first_of(":,;") == std::string::npos;
+bool isCapital(char first) {
+    return (first >= 'A' && first <= 'Z') || static_cast<unsigned char>(first) >= 0x80;
 }
 
-/// The name in the address: two lines or three above a town, below a salutation if there is one.
-void readAddressee(const PageRows& page, DocumentFacts& facts) {
-    for (std::size_t at = 0; at + 2 < page.rows.size() && page.number != 0; ++at) {
-        const Row& row = page.rows[at];
-        for (std::size_t first = 0; first < row.words.size();
-             first = endOfRun(page, row, first) + 1) {
-            Run run{&row, first, endOfRun(page, row, first)};
-            static const Labels salutations{"Herr",   "Herrn",   "Frau", "Monsieur", "Madame",
-                                            "Signor", "Signora", "M",    "Mme"};
-            if (run.last > run.first && isAnyIn(row.words[first].folded, salutations)) {
-                ++run.first;
-            }
-            std::string folded;
-            for (std::size_t i = run.first; i <= run.last; ++i) {
-                folded += row.words[i].folded + ' ';
-            }
-            if (!isName(run, isCompany(folded))) {
-                continue;
-            }
-            auto below = runBelow(page, at, row.words[first].place.left);
-            for (int lines = 0; below && lines < 3; ++lines) {
-                if (isTown(below->text())) {
-                    facts.person = placed(page, row, run.first, run.last);
-                    return;
-                }
-                const auto index = static_cast<std::size_t>(below->row - page.rows.data());
-                below = runBelow(page, index, below->left());
-            }
-        }
+bool isName(const Run& run) {
+    std::string folded;
+    for (std::size_t i = run.first; i <= run.last; ++i) {
+        folded += run.row->words[i].folded + ' ';
     }
+    const std::string text = run.text();
+    const std::size_t count = run.last - run.first + 1;
+    return !isCompany(folded) && count >= 2 && count <= 5 && !hasDigit(text) && text.size() < 50
+           && isCapital(text[0]) && text.find_first_of(":,;") == std::string::npos;
+}
+
+/// Whether a town follows in one of the next lines at the same left edge.
+bool isAboveTown(const PageRows& page, std::size_t at, double left) {
+    auto below = runBelow(page, at, left);
+    for (int lines = 0; below && lines < 3; ++lines) {
+        if (isTown(below->text())) {
+            return true;
+        }
+        const auto index = static_cast<std::size_t>(below->row - page.rows.data());
+        below = runBelow(page, index, below->left());
+    }
+    return false;
 }
 
 /// The name behind a label, else the one in the address.
@@ -322,8 +311,17 @@ void readPerson(const PageRows& page, DocumentFacts& facts) {
                                "Kontoinhaber*",
                                "Preneur de prévoyance",
                                "Titulaire*",
+                               "Titolare",
                                "Intestatario",
-                               "Patient/in", "Patientin", "Patient", "Paziente", "Behandlung von", "Traitement de", "Cura di", "Cure di", "Trattamento di",
+                               "Patient/in",
+                               "Patientin",
+                               "Patient",
+                               "Paziente",
+                               "Behandlung von",
+                               "Traitement de",
+                               "Cura di",
+                               "Cure di",
+                               "Trattamento di",
                                "Name des Kindes",
                                "Kind",
                                "Enfant",
@@ -370,7 +368,7 @@ void readPerson(const PageRows& page, DocumentFacts& facts) {
             }
             const std::string text =
                 count == 0 ? std::string() : textBetween(row, first, first + count - 1);
-            if (text.size() > 4 && count <= 5 && text[0] >= 'A') {
+            if (text.size() > 4 && count <= 5 && isCapital(text[0])) {
                 facts.person = placed(page, row, first, first + count - 1);
                 while (facts.person.text.ends_with(',')) {
                     facts.person.text.pop_back();
@@ -379,10 +377,32 @@ void readPerson(const PageRows& page, DocumentFacts& facts) {
             }
         }
     }
-    readAddressee(page, facts);
+    facts.person = findAddressee(page, page.height);
 }
 
 } // namespace
+
+PlacedText findAddressee(const PageRows& page, double above) {
+    static const Labels salutations{"Herr",   "Herrn",   "Frau", "Monsieur", "Madame",
+                                    "Signor", "Signora", "M",    "Mme"};
+    for (std::size_t at = 0; at + 2 < page.rows.size() && page.number != 0; ++at) {
+        const Row& row = page.rows[at];
+        if (row.middle() >= above) {
+            break;
+        }
+        for (std::size_t first = 0; first < row.words.size();
+             first = endOfRun(page, row, first) + 1) {
+            Run run{&row, first, endOfRun(page, row, first)};
+            if (run.last > run.first && isAnyIn(row.words[first].folded, salutations)) {
+                ++run.first;
+            }
+            if (isName(run) && isAboveTown(page, at, row.words[first].place.left)) {
+                return placed(page, row, run.first, run.last);
+            }
+        }
+    }
+    return {};
+}
 
 DocumentFacts readFacts(const DocumentRows& document) {
     DocumentFacts facts;

@@ -27,6 +27,10 @@ struct DocumentFacts {
 
 DocumentFacts readFacts(const DocumentRows& document);
 
+/// The name in an address on a page above a height (points): two or three lines above a town, no
+/// company; empty when there is none.
+PlacedText findAddressee(const PageRows& page, double above);
+
 /// A record of a kind with what the facts tell of it.
 ProposedRecord recordWith(const DocumentFacts& facts, ProposedRecord::Kind kind, std::string title,
                           int page);

@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/documents/kinds/FormHeader.h"
 
+#include "Fiscarel_SG/documents/kinds/DocumentFacts.h"
 #include "Fiscarel_SG/documents/kinds/SalaryForm.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
 
@@ -14,8 +15,8 @@ using taxcore::Date;
 namespace {
 
 bool isCross(const RowWord& word) {
-    return word.folded == "x" || word.text == "☒" || word.text == "✗" || word.text == "✘"
-           || word.text == "✓" || word.text == "[X]";
+    return word.folded == "x" || word.folded == "xx" || word.text == "☒" || word.text == "✗"
+           || word.text == "✘" || word.text == "✓" || word.text == "[X]";
 }
 
 bool hasCross(const Row& row) { return std::ranges::any_of(row.words, isCross); }
@@ -116,8 +117,13 @@ void readKind(const PageRows& page, double bodyTop, SalaryForm& form) {
         isSalaryMarked |= isSalary && hasCross(row);
         isPensionMarked |= isPension && hasCross(row);
     }
-    form.isPension =
-        isPensionMarked != isSalaryMarked ? isPensionMarked : isPensionNamed && !isSalaryNamed;
+    form.isMarked = isPensionMarked != isSalaryMarked || isPensionNamed != isSalaryNamed;
+    // Without a cross: whoever earns a wage pays contributions.
+    using enum SalaryBox;
+    const bool hasDeductions = form.boxes.contains(social) || form.boxes.contains(pensionFund);
+    form.isPension = isPensionMarked != isSalaryMarked ? isPensionMarked
+                     : isPensionNamed != isSalaryNamed ? isPensionNamed
+                                                       : !hasDeductions && form.boxes.size() > 1;
 }
 
 /// Boxes F and G: a cross before the words, at the height of one of their lines.
@@ -151,43 +157,6 @@ void readCrosses(const PageRows& page, double bodyTop, SalaryForm& form) {
             if (nearest != nullptr) {
                 *nearest = true;
             }
-        }
-    }
-}
-
-bool isForm(const RowWord& word) { return word.folded.size() <= 1; }
-
-/// The name in the address: the first line of letters on the right half, below the period.
-void readPerson(const PageRows& page, double bodyTop, SalaryForm& form) {
-    static const Labels salutations{"Herr", "Frau", "Herrn", "Monsieur", "Madame", "Signor*"};
-    double headEnd = 0;
-    for (const Row& row : page.rows) {
-        static const Labels lastLines{"Jahr",
-                                      "Année",
-                                      "Anno",
-                                      "Pasti alla mensa",
-                                      "von",
-                                      "du",
-                                      "Kantinenverpflegung*",
-                                      "Repas à la cantine"};
-        if (row.middle() < bodyTop && findLabel(row, lastLines, false)) {
-            headEnd = row.bottom;
-        }
-    }
-    for (const Row& row : page.rows) {
-        std::string name;
-        for (const RowWord& word : row.words) {
-            if (row.top > headEnd && row.middle() < bodyTop && word.place.left > page.width * 0.4
-                && !isForm(word)) {
-                name += name.empty() ? word.text : ' ' + word.text;
-            }
-        }
-        const bool isSalutation =
-            row.words.size() <= 2 && findLabel(row, salutations, page.isRecognised).has_value();
-        if (name.find(' ') != std::string::npos && !isSalutation
-            && name.find_first_of("0123456789") == std::string::npos) {
-            form.person = name;
-            return;
         }
     }
 }
@@ -268,7 +237,7 @@ void readFormHeader(const PageRows& page, double bodyTop, SalaryForm& form) {
     readDays(page, bodyTop, form);
     readYear(page, bodyTop, form);
     readCrosses(page, bodyTop, form);
-    readPerson(page, bodyTop, form);
+    form.person = findAddressee(page, bodyTop).text;
     readEmployer(page, form);
     readRemarks(page, form);
 }

@@ -16,6 +16,7 @@ enum class SalaryBox { gross, social, pensionFund, buyIn, net, otherEffective, o
 struct SalaryForm {
     const PageRows* page = nullptr;
     bool isPension = false;
+    bool isMarked = false;                ///< a cross says which of both it is
     std::map<SalaryBox, RowAmount> boxes; ///< empty boxes are missing
     std::optional<taxcore::Date> from;
     std::optional<taxcore::Date> to;

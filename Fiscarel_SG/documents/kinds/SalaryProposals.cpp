@@ -23,12 +23,19 @@ constexpr std::array amountFields{
     FieldOfBox{SalaryBox::net, "netSalaryOverride", "11"},
 };
 
+/// Only contributions tell a wage from a pension where the cross is not readable.
+bool hasDeductions(const SalaryForm& form) {
+    return form.boxes.contains(SalaryBox::social) || form.boxes.contains(SalaryBox::pensionFund);
+}
+
 /// The evidence of a box found by its place. Recognised text needs the arithmetic to be sure.
 Evidence evidenceOf(const SalaryForm& form, const RowAmount& amount, const std::string& number,
                     const std::optional<ProposalCheck>& check) {
     const bool isProven = check && check->passed;
     Evidence evidence{.witness = Witness::position,
-                      .confidence = isProven ? Confidence::high : Confidence::medium,
+                      .confidence = isProven && (form.isMarked || hasDeductions(form))
+                                        ? Confidence::high
+                                        : Confidence::medium,
                       .reason = "Der Betrag steht auf der Zeile von Ziffer " + number,
                       .page = form.page->number,
                       .box = pageBox(amount.printed, *form.page)};

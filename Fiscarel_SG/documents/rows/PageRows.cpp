@@ -61,7 +61,8 @@ bool hasOnlyDigits(std::string_view text) {
 
 /// How wide the gap between two words is, in digits of the second.
 double gapInDigits(const RowWord& word, const RowWord& next) {
-    const double digit = next.place.width() / static_cast<double>(std::max<std::size_t>(next.text.size(), 1));
+    const double digit =
+        next.place.width() / static_cast<double>(std::max<std::size_t>(next.text.size(), 1));
     return (next.place.left - word.place.right) / std::max(digit, 0.1);
 }
 

@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/documents/text/FoldedText.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace fiscarel {
 
@@ -27,14 +28,30 @@ std::vector<Token> tokensOf(const Row& row, std::size_t from) {
     return tokens;
 }
 
+/// Whether two words are the same but for a few letters; digits are never wrong by a few.
+bool isAlike(std::string_view text, std::string_view wanted, std::size_t most) {
+    const auto digits = [](std::string_view word) {
+        std::string found;
+        std::ranges::copy_if(word, std::back_inserter(found),
+                             [](char c) { return c >= '0' && c <= '9'; });
+        return found;
+    };
+    return isWithinEdits(text, wanted, most) && digits(text) == digits(wanted);
+}
+
 /// The index of the last token when the label begins with a token.
 std::optional<std::size_t> matchAt(const std::vector<Token>& tokens, std::size_t at,
                                    const Label& label, bool isRecognised) {
     const std::string& wanted = label.compact();
     const std::size_t most =
         isRecognised && wanted.size() >= 6 ? std::max<std::size_t>(wanted.size() / 8, 1) : 0;
+    // A number such as 13.1.2 is one word; digits of neighbours do not make it.
+    const bool isNumber = wanted.find_first_not_of("0123456789") == std::string::npos;
     std::string joined;
     for (std::size_t i = at; i < tokens.size() && joined.size() <= wanted.size() + most; ++i) {
+        if (isNumber && tokens[i].word != tokens[at].word) {
+            break;
+        }
         joined += tokens[i].text;
         if (joined.size() + most < wanted.size()) {
             continue;
@@ -43,7 +60,7 @@ std::optional<std::size_t> matchAt(const std::vector<Token>& tokens, std::size_t
         if (label.isOpen() && compared.size() > wanted.size()) {
             compared = compared.substr(0, wanted.size());
         }
-        if (most == 0 ? compared == wanted : isWithinEdits(compared, wanted, most)) {
+        if (most == 0 ? compared == wanted : isAlike(compared, wanted, most)) {
             return i;
         }
     }
