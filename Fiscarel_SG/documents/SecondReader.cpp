@@ -148,6 +148,10 @@ void proposeAll(const DocumentReading& reading, ScanResult& result) {
                 proposeSalaryForm(form, draft);
             }
         }
+        if (forms.empty() && !payloads.kind) { // a letter on a pension
+            const DocumentFacts facts = readFacts(document);
+            proposeLabelled({document, facts, Kind::lohnausweis, verdict.isClear, bill}, draft);
+        }
     } else if (verdict.kind) {
         const DocumentFacts facts = readFacts(document);
         proposeByKind({document, facts, *verdict.kind, verdict.isClear, bill}, draft);

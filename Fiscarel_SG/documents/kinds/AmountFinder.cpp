@@ -93,8 +93,102 @@ const RowAmount* amountBelow(const RowRange& range, std::size_t at, const LabelP
     return nullptr;
 }
 
-std::optional<FoundAmount> amountFor(const RowRange& range, std::size_t at,
-                                     const LabelPlace& label) {
+/// Words of a row that stand together, as the headings of columns do.
+std::vector<LabelPlace> columnsOf(const Row& row) {
+    std::vector<LabelPlace> columns;
+    for (std::size_t i = 0; i < row.words.size(); ++i) {
+        const RowWord& word = row.words[i];
+        const double letter =
+            word.place.width() / static_cast<double>(std::max<std::size_t>(word.text.size(), 1));
+        if (columns.empty() || word.place.left - columns.back().right > 1.5 * letter) {
+            columns.push_back({i, i, word.place.left, word.place.right});
+        }
+        columns.back().last = i;
+        columns.back().right = word.place.right;
+    }
+    return columns;
+}
+
+/// The heading an amount stands under: the one whose edge or middle is nearest to its own.
+std::size_t columnOf(const std::vector<LabelPlace>& columns, const RowAmount& amount) {
+    const auto distance = [&](const LabelPlace& column) {
+        return std::min(
+            {std::abs(column.right - amount.place.right), std::abs(column.left - amount.place.left),
+             std::abs(column.left + column.right - amount.place.left - amount.place.right) / 2});
+    };
+    return static_cast<std::size_t>(std::ranges::min_element(columns, {}, distance)
+                                    - columns.begin());
+}
+
+/// The columns of a row that heads a table, with the one a label stands in.
+struct Heading {
+    std::vector<LabelPlace> columns;
+    std::size_t wanted = 0;
+};
+
+std::optional<Heading> headingAt(const RowRange& range, std::size_t at, const Label& label) {
+    const Row& row = range.page->rows[at];
+    const auto place = findLabel(row, label, range.page->isRecognised);
+    if (!place || range.page->number == 0 || !row.amounts.empty()) {
+        return std::nullopt;
+    }
+    Heading heading{columnsOf(row)};
+    while (heading.wanted < heading.columns.size()
+           && heading.columns[heading.wanted].last < place->first) {
+        ++heading.wanted;
+    }
+    const bool isHeading = heading.columns.size() >= 3 && heading.wanted < heading.columns.size()
+                           && heading.columns[heading.wanted].first == place->first;
+    return isHeading ? std::optional(std::move(heading)) : std::nullopt;
+}
+
+/// The amount of a column: that of the total, or the only one there is.
+std::optional<FoundAmount> amountUnder(const RowRange& range, std::size_t at, const Label& label) {
+    static const Labels totals{"Total*", "Totale", "Summe"};
+    const auto heading = headingAt(range, at, label);
+    std::optional<FoundAmount> found;
+    bool isOnly = true;
+    for (std::size_t below = at + 1; heading && below < std::min(range.end, at + 30); ++below) {
+        const Row& row = range.page->rows[below];
+        for (const RowAmount& amount : row.amounts) {
+            if (row.amounts.size() < 2 || !amount.amount.isFirm()
+                || columnOf(heading->columns, amount) != heading->wanted) {
+                continue;
+            }
+            isOnly = !found.has_value();
+            const LabelPlace& column = heading->columns[heading->wanted];
+            found =
+                FoundAmount{.page = range.page,
+                            .row = below,
+                            .amount = amount,
+                            .label = textBetween(range.page->rows[at], column.first, column.last),
+                            .isBelow = true};
+            if (isAnyIn(row.folded, totals)) {
+                return found;
+            }
+        }
+    }
+    return isOnly ? found : std::nullopt;
+}
+
+/// Of several amounts in a row the one under a heading with one of the wanted labels.
+const RowAmount* amountByHeading(const RowRange& range, std::size_t at, const Labels& labels,
+                                 const std::vector<const RowAmount*>& amounts) {
+    for (std::size_t above = at; above-- > range.first && at - above < 30;) {
+        for (const Label& label : labels) {
+            if (const auto heading = headingAt(range, above, label)) {
+                const auto found = std::ranges::find_if(amounts, [&](const RowAmount* amount) {
+                    return columnOf(heading->columns, *amount) == heading->wanted;
+                });
+                return found == amounts.end() ? nullptr : *found;
+            }
+        }
+    }
+    return nullptr;
+}
+
+std::optional<FoundAmount> amountFor(const RowRange& range, std::size_t at, const LabelPlace& label,
+                                     const Labels& labels) {
     const Row& row = range.page->rows[at];
     std::vector<const RowAmount*> right;
     for (const RowAmount& amount : row.amounts) {
@@ -105,8 +199,10 @@ std::optional<FoundAmount> amountFor(const RowRange& range, std::size_t at,
     FoundAmount found{
         .page = range.page, .row = at, .label = textBetween(row, label.first, label.last)};
     if (!right.empty()) {
-        found.amount = choose(right, *range.page);
-        found.isAlone = right.size() == 1;
+        const RowAmount* headed =
+            right.size() > 1 ? amountByHeading(range, at, labels, right) : nullptr;
+        found.amount = headed != nullptr ? *headed : choose(right, *range.page);
+        found.isAlone = right.size() == 1 || headed != nullptr;
         return found;
     }
     if (const RowAmount* below = amountBelow(range, at, label)) {
@@ -151,8 +247,10 @@ std::vector<FoundAmount> findAmounts(const std::vector<RowRange>& ranges, const 
                 if (!place || findLabel(row, wanted.without, range.page->isRecognised)) {
                     continue;
                 }
-                if (auto amount = amountFor(range, at, *place)) {
+                if (auto amount = amountFor(range, at, *place, wanted.labels)) {
                     found.push_back(std::move(*amount));
+                } else if (auto headed = amountUnder(range, at, label)) {
+                    found.push_back(std::move(*headed));
                 }
             }
         }

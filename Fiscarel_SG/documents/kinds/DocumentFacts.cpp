@@ -41,7 +41,9 @@ class YearVotes {
                     before += row.words[j].folded + ' ';
                 }
                 const bool isNamed = isAnyIn(before, names);
-                if (isNamed || !barred[i]) {
+                const bool isInNumber = (i > 0 && barred[i] && barred[i - 1])
+                                        || (i + 1 < barred.size() && barred[i] && barred[i + 1]);
+                if (isNamed || !isInNumber) {
                     vote(*year, isNamed ? 8 : isTitle ? 6 : 2);
                 }
             }
@@ -341,6 +343,12 @@ void readPerson(const PageRows& page, DocumentFacts& facts) {
                                "Name",
                                "Nom",
                                "Nome",
+                               "bestätigen, dass",
+                               "Arbeitnehmer/in",
+                               "Arbeitnehmerin",
+                               "Arbeitnehmer",
+                               "Rentenbezüger/in",
+                               "Rentenbezüger*",
                                "Preneur d'assurance",
                                "Stipulante",
                                "Versicherter",

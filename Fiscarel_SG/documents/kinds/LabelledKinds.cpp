@@ -116,19 +116,28 @@ const std::vector<FieldRow>& fieldRows() {
          {{"Unfallversicherung", "Assurance-accidents", "Assicurazione infortuni"},
           {"ohne", "sans", "senza", "inkl*", "ausgeschlossen", "einschluss", "mit"}},
          100'000},
+        {Kind::lohnausweis,
+         Record::pension,
+         "amount",
+         {{"Total Renten", "Total Rente", "Ausbezahlte Renten", "Ausbezahlte Rente", "Jahresrente",
+           "Jahresbetrag", "Total des rentes", "Rentes versées", "Rente annuelle", "Totale rendite",
+           "Rendite versate", "Rendita annua", "Altersrente", "Invalidenrente", "Witwenrente",
+           "Ehegattenrente", "Rente de vieillesse", "Rendita di vecchiaia"},
+          {"Rentenart", "Quellensteuer"}},
+         large},
         {Kind::versicherung,
          Record::insurancePolicy,
          "surrenderValue",
          {{"Steuerwert per 31.12*", "Steuerwert", "Rückkaufswert per*", "Rückkaufswert*",
            "Valeur fiscale", "Valeur de rachat*", "Valore fiscale", "Valore di riscatto*"},
-          {"Vorjahr", "garantiert bei", "Überschuss"}},
+          {"Vorjahr", "garantiert bei"}},
          large},
         {Kind::versicherung,
          Record::insurancePolicy,
          "sumInsured",
-         {{"Versicherungssumme", "Versichertes Kapital", "Erlebensfallkapital", "Todesfallkapital",
-           "Todesfallsumme", "Somme assurée", "Capital assuré", "Somma assicurata",
-           "Capitale assicurato"},
+         {{"Versicherungssumme", "Vers.-Summe", "Versichertes Kapital", "Erlebensfallkapital",
+           "Todesfallkapital", "Todesfallsumme", "Somme assurée", "Capital assuré",
+           "Somma assicurata", "Capitale assicurato"},
           {}},
          large},
         {Kind::versicherung,
@@ -179,6 +188,8 @@ const char* titleOf(Kind kind) {
         return "Einkauf in die Pensionskasse";
     case Kind::krankenkasse:
         return "Versicherungsprämien";
+    case Kind::lohnausweis:
+        return "Rente";
     case Kind::versicherung:
         return "Lebensversicherung";
     default:
@@ -407,6 +418,8 @@ void proposeCostSharing(const KindContext& context, ProposalDraft& draft) {
                .box = context.facts.issuer.box});
 }
 
+bool isCapital(std::string_view word) { return !word.empty() && word[0] >= 'A' && word[0] <= 'Z'; }
+
 /// Words of a property or an insurance that name it.
 void proposeNames(const KindContext& context, const RecordsByKind& records, ProposalDraft& draft) {
     struct NameRow {
@@ -433,7 +446,8 @@ void proposeNames(const KindContext& context, const RecordsByKind& records, Prop
         for (const PageRows& page : context.document.pages) {
             for (const Row& row : page.rows) {
                 auto label = findLabel(row, wanted.labels, page.isRecognised);
-                if (isDone || !label || label->first > 2 || label->last + 1 >= row.words.size()) {
+                if (isDone || !label || label->last + 1 >= row.words.size()
+                    || (label->first > 2 && !isCapital(row.words[label->last + 1].text))) {
                     continue;
                 }
                 std::size_t first = label->last + 1;
@@ -443,12 +457,16 @@ void proposeNames(const KindContext& context, const RecordsByKind& records, Prop
                     ++first;
                 }
                 std::size_t last = first;
-                while (last + 1 < row.words.size()
+                while (last + 1 < row.words.size() && !row.words[last].text.ends_with(',')
                        && row.words[last + 1].place.left - row.words[last].place.right
                               < 1.8 * row.height()) {
                     ++last;
                 }
-                draft.add(*record, wanted.field, textBetween(row, first, last),
+                std::string name = textBetween(row, first, last);
+                if (name.ends_with(',')) {
+                    name.pop_back();
+                }
+                draft.add(*record, wanted.field, std::move(name),
                           {.witness = page.number == 0 ? Witness::text : Witness::position,
                            .confidence = Confidence::medium,
                            .reason = "Steht rechts von «"
@@ -457,6 +475,14 @@ void proposeNames(const KindContext& context, const RecordsByKind& records, Prop
                 isDone = true;
             }
         }
+    }
+    if (const auto pension = records.existing(Record::pension)) {
+        draft.add(*pension, "label", context.facts.issuer.text,
+                  {.witness = Witness::position,
+                   .confidence = Confidence::medium,
+                   .reason = "Steht oben auf dem Dokument.",
+                   .page = context.facts.issuer.page,
+                   .box = context.facts.issuer.box});
     }
     if (const auto policy = records.existing(Record::insurancePolicy)) {
         draft.add(*policy, "company", context.facts.issuer.text,

@@ -37,13 +37,15 @@ const std::vector<BoxLabels>& boxLabels() {
         {gross, 8, {"Bruttolohn total", "Salaire brut total", "Salario lordo totale"}},
         {social,
          9,
-         {"Beiträge AHV/IV/EO/ALV", "Cotisations AVS/AI/APG/AC", "Contributi AVS/AI/IPG/AD"}},
+         {"Beiträge AHV/IV/EO/ALV", "Beiträge AHV/IV/FAK/ALV", "Cotisations AVS/AI/APG/AC",
+          "Contributi AVS/AI/IPG/AD"}},
         {pensionFund,
          10,
          {"Ordentliche Beiträge", "Cotisations ordinaires", "Contributi ordinari"}},
         {buyIn,
          10,
-         {"Beiträge für den Einkauf", "Cotisations pour le rachat", "Contributi per il riscatto"}},
+         {"Beiträge für den Einkauf", "Einkauf Pensionskasse", "Cotisations pour le rachat",
+          "Contributi per il riscatto"}},
         {net, 11, {"Nettolohn", "Salaire net", "Salario netto"}},
         {none, 12, {"Quellensteuerabzug", "Retenue de l'impôt", "Ritenuta d'imposta"}},
         {none, 13, {"13.1.1", "Reise Verpflegung", "Voyage repas", "Viaggio vitto"}},
@@ -62,6 +64,31 @@ const std::vector<BoxLabels>& boxLabels() {
         {none, 15, {"Bemerkungen", "Observations", "Osservazioni"}},
     };
     return rows;
+}
+
+/// The certificate of Liechtenstein numbers the same boxes in its own way.
+int liechtensteinNumber(SalaryBox box) {
+    switch (box) {
+    case SalaryBox::gross:
+        return 4;
+    case SalaryBox::social:
+        return 5;
+    case SalaryBox::pensionFund:
+        return 6;
+    case SalaryBox::buyIn:
+        return 7;
+    case SalaryBox::net:
+        return 8;
+    default:
+        return 0;
+    }
+}
+
+bool isLiechtenstein(const PageRows& page) {
+    static const Label name{"Fürstentum Liechtenstein"};
+    return std::ranges::any_of(page.rows, [&](const Row& row) {
+        return row.middle() < page.height / 3 && findLabel(row, name, page.isRecognised);
+    });
 }
 
 /// A row with the label of a box.
@@ -94,11 +121,13 @@ std::vector<Anchor> findAnchors(const PageRows& page) {
     std::vector<Anchor> anchors;
     const auto& table = boxLabels();
     std::size_t reached = 0;
+    const bool isForeign = isLiechtenstein(page);
     for (const Row& row : page.rows) {
         const int number = leadingNumber(row);
         for (std::size_t i = 0; i < table.size(); ++i) {
             const auto place = findLabel(row, table[i].labels, page.isRecognised);
-            const bool isOther = number != 0 && number <= 15 && number != table[i].number;
+            const int own = isForeign ? liechtensteinNumber(table[i].box) : table[i].number;
+            const bool isOther = number != 0 && number <= 15 && number != own;
             if (!place || i < reached || (isOther && !page.isRecognised)) {
                 continue;
             }
@@ -171,7 +200,7 @@ std::vector<SalaryForm> readSalaryForms(const DocumentRows& document) {
         if (named < 3 && !(hasBox(anchors, gross) && hasBox(anchors, net))) {
             continue;
         }
-        SalaryForm form{.page = &page};
+        SalaryForm form{.page = &page, .isLiechtenstein = isLiechtenstein(page)};
         takeAmounts(page, anchors, form);
         if (!form.boxes.contains(gross) && !form.boxes.contains(net)) {
             continue;

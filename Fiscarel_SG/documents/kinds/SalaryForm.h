@@ -15,6 +15,7 @@ enum class SalaryBox { gross, social, pensionFund, buyIn, net, otherEffective, o
 /// What is printed on one salary or pension certificate, found by places.
 struct SalaryForm {
     const PageRows* page = nullptr;
+    bool isLiechtenstein = false; ///< the principality's certificate, which numbers its boxes anew
     bool isPension = false;
     bool isMarked = false;                ///< a cross says which of both it is
     std::map<SalaryBox, RowAmount> boxes; ///< empty boxes are missing

@@ -28,6 +28,15 @@ bool hasDeductions(const SalaryForm& form) {
     return form.boxes.contains(SalaryBox::social) || form.boxes.contains(SalaryBox::pensionFund);
 }
 
+/// The numbers of the principality's certificate.
+std::string foreignNumber(const std::string& number) {
+    return number == "8"      ? "4"
+           : number == "9"    ? "5"
+           : number == "10.1" ? "6"
+           : number == "10.2" ? "7"
+                              : "8";
+}
+
 /// The evidence of a box found by its place. Recognised text needs the arithmetic to be sure.
 Evidence evidenceOf(const SalaryForm& form, const RowAmount& amount, const std::string& number,
                     const std::optional<ProposalCheck>& check) {
@@ -36,7 +45,8 @@ Evidence evidenceOf(const SalaryForm& form, const RowAmount& amount, const std::
                       .confidence = isProven && (form.isMarked || hasDeductions(form))
                                         ? Confidence::high
                                         : Confidence::medium,
-                      .reason = "Der Betrag steht auf der Zeile von Ziffer " + number,
+                      .reason = "Der Betrag steht auf der Zeile von Ziffer "
+                                + (form.isLiechtenstein ? foreignNumber(number) : number),
                       .page = form.page->number,
                       .box = pageBox(amount.printed, *form.page)};
     evidence.reason += form.page->isRecognised ? " (Texterkennung)." : ".";
@@ -123,6 +133,13 @@ void proposeSalaryForm(const SalaryForm& form, ProposalDraft& draft) {
             draft.add(record, row.field, found->second.amount.value,
                       evidenceOf(form, found->second, row.number, check));
         }
+    }
+    if (form.isLiechtenstein) {
+        draft.addTrue(record, "employerInLiechtenstein",
+                      {.witness = Witness::position,
+                       .confidence = Confidence::high,
+                       .reason = "Lohnausweis des Fürstentums Liechtenstein.",
+                       .page = form.page->number});
     }
     const Decimal expenses = value(SalaryBox::otherEffective) + value(SalaryBox::otherFlat);
     if (!expenses.isZero()) {

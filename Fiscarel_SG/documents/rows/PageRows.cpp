@@ -35,6 +35,11 @@ double fit(const Row& row, const PagePlace& place) {
     return lower > 0 ? shared / lower : 0;
 }
 
+/// A row of dots that leads the eye from a label to its amount.
+bool isLeader(std::string_view text) {
+    return text.size() >= 3 && text.find_first_not_of("._-") == std::string_view::npos;
+}
+
 void addToBestRow(std::vector<Row>& rows, RowWord word) {
     const double middle = (word.place.top + word.place.bottom) / 2;
     Row* best = nullptr;
@@ -171,8 +176,9 @@ PageRows buildRows(const PageReading& page) {
                     .height = page.height,
                     .isRecognised = page.isRecognised};
     PageReading sound = page;
-    std::erase_if(sound.words,
-                  [](const PageWord& word) { return !isSound(word.place) || word.text.empty(); });
+    std::erase_if(sound.words, [](const PageWord& word) {
+        return !isSound(word.place) || word.text.empty() || isLeader(word.text);
+    });
     sound.words.resize(std::min(sound.words.size(), mostWords));
     result.slope = slopeOfLines(sound);
     std::vector<RowWord> words;

@@ -13,6 +13,7 @@ constexpr double steepest = 6.0;    // degrees
 constexpr double coarseStep = 0.25; // degrees
 constexpr double fineStep = 0.05;
 constexpr std::size_t enoughWords = 8;
+constexpr std::size_t mostWords = 3'000;
 constexpr double clearlyBetter = 1.08;
 
 double typicalHeight(const PageReading& page) {
@@ -23,6 +24,38 @@ double typicalHeight(const PageReading& page) {
     const auto middle = heights.begin() + static_cast<std::ptrdiff_t>(heights.size() / 2);
     std::nth_element(heights.begin(), middle, heights.end());
     return std::max(*middle, 1.0);
+}
+
+/// The usual slope from a word to its neighbour on the right; 0 where too few have one. It is
+/// coarse, but no table whose rows are offset deceives it.
+double slopeOfNeighbours(const PageReading& page) {
+    std::vector<double> slopes;
+    for (const PageWord& word : page.words) {
+        const PageWord* next = nullptr;
+        for (const PageWord& other : page.words) {
+            const double gap = other.place.left - word.place.right;
+            const double shared = std::min(word.place.bottom, other.place.bottom)
+                                  - std::max(word.place.top, other.place.top);
+            if (gap >= 0 && gap < word.place.height() && shared > 0.5 * word.place.height()
+                && (next == nullptr || other.place.left < next->place.left)) {
+                next = &other;
+            }
+        }
+        if (next != nullptr) {
+            const auto middle = [](double a, double b) { return (a + b) / 2; };
+            const double across = middle(next->place.left, next->place.right)
+                                  - middle(word.place.left, word.place.right);
+            const double down = middle(next->place.top, next->place.bottom)
+                                - middle(word.place.top, word.place.bottom);
+            slopes.push_back(down / std::max(across, 1.0));
+        }
+    }
+    if (slopes.size() < enoughWords) {
+        return 0;
+    }
+    const auto median = slopes.begin() + static_cast<std::ptrdiff_t>(slopes.size() / 2);
+    std::nth_element(slopes.begin(), median, slopes.end());
+    return *median;
 }
 
 /// How sharply the words fall into lines under a slope: the sum of squares of a histogram.
@@ -57,8 +90,12 @@ double sharpness(const PageReading& page, double slope, double cell) {
 } // namespace
 
 double slopeOfLines(const PageReading& page) {
-    if (page.words.size() < enoughWords) {
+    if (page.words.size() < enoughWords || page.words.size() > mostWords) {
         return 0;
+    }
+    const double coarse = slopeOfNeighbours(page);
+    if (!page.isRecognised && std::abs(coarse) < 0.001) {
+        return 0; // a text layer that stands straight
     }
     const double cell = typicalHeight(page) / 2;
     const auto slopeOf = [](double degrees) { return std::tan(degrees * std::numbers::pi / 180); };
@@ -73,7 +110,8 @@ double slopeOfLines(const PageReading& page) {
             }
         }
     };
-    search(-steepest, steepest, coarseStep);
+    const double near = std::atan(coarse) * 180 / std::numbers::pi;
+    search(std::max(near - 1, -steepest), std::min(near + 1, steepest), coarseStep);
     search(angle - coarseStep, angle + coarseStep, fineStep);
     return best > straight * clearlyBetter ? slopeOf(angle) : 0;
 }

@@ -4,9 +4,9 @@
 
 namespace fiscarel {
 
-/// How much the text lines of a page fall per unit to the right (tangent of the angle), by trying
-/// angles up to 6 degrees and taking the one under which words gather best on common lines. 0 when
-/// no angle is clearly better.
+/// How much the text lines of a page fall per unit to the right (tangent of the angle), from
+/// neighbouring words, and then the angle near it under which words gather best on common lines. 0
+/// when no angle is clearly better.
 double slopeOfLines(const PageReading& page);
 
 } // namespace fiscarel

@@ -142,10 +142,9 @@ class Marking {
             std::string_view("chiffre"),   std::string_view("cifra"),
             std::string_view("art"),       std::string_view("artikel"),
             std::string_view("formular"),  std::string_view("form"),
-            std::string_view("jahr"),      std::string_view("annee"),
-            std::string_view("anno"),      std::string_view("postfach"),
-            std::string_view("vertrag"),   std::string_view("kunde"),
-            std::string_view("valor"),     std::string_view("ziff"),
+            std::string_view("postfach"),  std::string_view("vertrag"),
+            std::string_view("kunde"),     std::string_view("valor"),
+            std::string_view("ziff"),
         };
         const std::string_view name = folded(at);
         const bool isName = std::ranges::find(names, name) != names.end()
