@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
 #include "Fiscarel_SG/documents/payload/Mappers.h"
+#include "Fiscarel_SG/documents/rows/RowLabels.h"
 #include "Fiscarel_SG/documents/text/FoldedText.h"
 
 #include <algorithm>
@@ -148,7 +149,9 @@ void proposeAll(const DocumentReading& reading, ScanResult& result) {
                 proposeSalaryForm(form, draft);
             }
         }
-        if (forms.empty() && !payloads.kind) { // a letter on a pension
+        static const Labels wages{"Bruttolohn*", "Nettolohn*", "Salaire brut", "Salario lordo"};
+        const bool isForm = !forms.empty() || isAnyIn(document.folded, wages);
+        if (!isForm && !payloads.kind) { // a letter on a pension
             const DocumentFacts facts = readFacts(document);
             proposeLabelled({document, facts, Kind::lohnausweis, verdict.isClear, bill}, draft);
         }

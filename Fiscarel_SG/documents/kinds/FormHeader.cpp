@@ -75,7 +75,7 @@ void readDays(const PageRows& page, double bodyTop, SalaryForm& form) {
         }
     }
     for (const Date& day : single) {
-        if (!form.birthDate && form.from && day.year() + 10 < form.from->year()) {
+        if (!form.birthDate && day.year() + 10 < (form.from ? form.from->year() : 2020)) {
             form.birthDate = day;
         }
     }
@@ -161,6 +161,24 @@ void readCrosses(const PageRows& page, double bodyTop, SalaryForm& form) {
     }
 }
 
+/// "Arbeitnehmer/in Muster Anna, …" on certificates without an address field.
+void readNamedPerson(const PageRows& page, SalaryForm& form) {
+    static const Labels names{"Arbeitnehmer/in", "Arbeitnehmerin", "Arbeitnehmer"};
+    for (const Row& row : page.rows) {
+        const auto place = findLabel(row, names, page.isRecognised);
+        if (!place || !form.person.empty()) {
+            continue;
+        }
+        for (std::size_t i = place->last + 1; i < row.words.size(); ++i) {
+            form.person += form.person.empty() ? row.words[i].text : ' ' + row.words[i].text;
+            if (form.person.ends_with(',')) {
+                form.person.pop_back();
+                break;
+            }
+        }
+    }
+}
+
 /// The employer: at the foot of the page, in the column of the enterprise's number, the first line
 /// that is neither that number nor a telephone number.
 void readEmployer(const PageRows& page, SalaryForm& form) {
@@ -238,6 +256,7 @@ void readFormHeader(const PageRows& page, double bodyTop, SalaryForm& form) {
     readYear(page, bodyTop, form);
     readCrosses(page, bodyTop, form);
     form.person = findAddressee(page, bodyTop).text;
+    readNamedPerson(page, form);
     readEmployer(page, form);
     readRemarks(page, form);
 }

@@ -37,15 +37,18 @@ const std::vector<BoxLabels>& boxLabels() {
         {gross, 8, {"Bruttolohn total", "Salaire brut total", "Salario lordo totale"}},
         {social,
          9,
-         {"Beiträge AHV/IV/EO/ALV", "Beiträge AHV/IV/FAK/ALV", "Cotisations AVS/AI/APG/AC",
+         {"Beiträge AHV/IV/EO/ALV", "Beiträge AHV/IV/FAK/ALV", "AHV/IV/EO/ALV/NBUV",
+          "AVS/AI/APG/AC/AANP", "AVS/AI/IPG/AD/AINP", "Cotisations AVS/AI/APG/AC",
           "Contributi AVS/AI/IPG/AD"}},
         {pensionFund,
          10,
          {"Ordentliche Beiträge", "Cotisations ordinaires", "Contributi ordinari"}},
         {buyIn,
          10,
-         {"Beiträge für den Einkauf", "Einkauf Pensionskasse", "Cotisations pour le rachat",
-          "Contributi per il riscatto"}},
+         {"Beiträge für den Einkauf", "Einkauf Pensionskasse", "Pensionskasse Einkauf",
+          "Caisse de pension rachat", "Caisse de pensions rachat", "Rachat caisse de pension*",
+          "Cassa pensione riscatto", "Riscatto cassa pensione", "LPP rachat", "LPP riscatto",
+          "BVG Einkauf", "Cotisations pour le rachat", "Contributi per il riscatto"}},
         {net, 11, {"Nettolohn", "Salaire net", "Salario netto"}},
         {none, 12, {"Quellensteuerabzug", "Retenue de l'impôt", "Ritenuta d'imposta"}},
         {none, 13, {"13.1.1", "Reise Verpflegung", "Voyage repas", "Viaggio vitto"}},
@@ -128,7 +131,11 @@ std::vector<Anchor> findAnchors(const PageRows& page) {
             const auto place = findLabel(row, table[i].labels, page.isRecognised);
             const int own = isForeign ? liechtensteinNumber(table[i].box) : table[i].number;
             const bool isOther = number != 0 && number <= 15 && number != own;
-            if (!place || i < reached || (isOther && !page.isRecognised)) {
+            static const Labels employers{"Arbeitgeberanteil*", "Part de l'employeur",
+                                          "Part employeur", "Quota del datore"};
+            const bool isEmployers =
+                table[i].box == SalaryBox::social && findLabel(row, employers, page.isRecognised);
+            if (!place || i < reached || isEmployers || (isOther && !page.isRecognised)) {
                 continue;
             }
             double right = place->right;
