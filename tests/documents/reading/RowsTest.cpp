@@ -66,7 +66,8 @@ TEST(PageRows, joinsAmountsThatBlanksTearApartAndNoOthers) {
             page.text(left, 100, word);
         }
         std::vector<Decimal> found;
-        for (const RowAmount& amount : buildRows(page.page()).rows.at(0).amounts) {
+        const PageRows rebuilt = buildRows(page.page());
+        for (const RowAmount& amount : rebuilt.rows.at(0).amounts) {
             found.push_back(amount.amount.value);
         }
         EXPECT_EQ(found, row.amounts) << row.words.front().second;
