@@ -129,7 +129,9 @@ struct Heading {
 std::optional<Heading> headingAt(const RowRange& range, std::size_t at, const Label& label) {
     const Row& row = range.page->rows[at];
     const auto place = findLabel(row, label, range.page->isRecognised);
-    if (!place || range.page->number == 0 || !row.amounts.empty()) {
+    const bool hasAmounts = std::ranges::any_of(
+        row.amounts, [](const RowAmount& amount) { return amount.amount.isFirm(); });
+    if (!place || range.page->number == 0 || hasAmounts) {
         return std::nullopt;
     }
     Heading heading{columnsOf(row)};
@@ -316,7 +318,9 @@ Evidence evidenceOf(const FoundAmount& found, const Wanted& wanted, bool isKindC
     const bool isPlain = found.isAlone && !found.isBelow && isFirm && wanted.isSpecific;
     if (!hasPlaces) {
         evidence.confidence = isPlain && isKindClear ? Confidence::medium : Confidence::low;
-    } else if (isProven && isFirm && isKindClear) {
+    } else if (!found.isAlone && page.isRecognised) {
+        evidence.confidence = Confidence::low; // which column counts is a guess
+    } else if (isProven && isFirm && isKindClear && found.isAlone) {
         evidence.confidence = Confidence::high;
     } else if (isPlain && isKindClear && !page.isRecognised) {
         evidence.confidence = Confidence::high;

@@ -464,6 +464,10 @@ void proposeNames(const KindContext& context, const RecordsByKind& records, Prop
                            || row.words[first].folded == "n")) {
                     ++first;
                 }
+                const bool isNumber = wanted.field == std::string_view("parcelNumber");
+                if (isNumber && row.words[first].text.find_first_of("0123456789") != 0) {
+                    continue;
+                }
                 std::size_t last = first;
                 while (last + 1 < row.words.size() && !row.words[last].text.ends_with(',')
                        && row.words[last + 1].place.left - row.words[last].place.right

@@ -80,12 +80,15 @@ Label::Label(const char* words) {
 std::optional<LabelPlace> findLabel(const Row& row, const Label& label, bool isRecognised,
                                     std::size_t from) {
     const auto tokens = tokensOf(row, from);
-    for (std::size_t at = 0; at < tokens.size(); ++at) {
-        if (const auto last = matchAt(tokens, at, label, isRecognised)) {
-            const std::size_t firstWord = tokens[at].word;
-            const std::size_t lastWord = tokens[*last].word;
-            return LabelPlace{firstWord, lastWord, row.words[firstWord].place.left,
-                              row.words[lastWord].place.right};
+    // Letter by letter first: a stray mark before the word is within the tolerance as well.
+    for (const bool isTolerant : {false, true}) {
+        for (std::size_t at = 0; at < tokens.size() && (isRecognised || !isTolerant); ++at) {
+            if (const auto last = matchAt(tokens, at, label, isTolerant)) {
+                const std::size_t firstWord = tokens[at].word;
+                const std::size_t lastWord = tokens[*last].word;
+                return LabelPlace{firstWord, lastWord, row.words[firstWord].place.left,
+                                  row.words[lastWord].place.right};
+            }
         }
     }
     return std::nullopt;
