@@ -303,8 +303,8 @@ bool isAboveTown(const PageRows& page, std::size_t at, double left) {
     return false;
 }
 
-/// The name behind a label, else the one in the address.
-void readPerson(const PageRows& page, DocumentFacts& facts) {
+/// What stands before the name of the person a document concerns.
+const Labels& personLabels() {
     static const Labels labels{"Versicherte Person",
                                "Personne assurée",
                                "Persona assicurata",
@@ -353,7 +353,12 @@ void readPerson(const PageRows& page, DocumentFacts& facts) {
                                "Stipulante",
                                "Versicherter",
                                "Versicherte"};
-    for (const Label& label : labels) {
+    return labels;
+}
+
+/// The name behind a label, else the one in the address.
+void readPerson(const PageRows& page, DocumentFacts& facts) {
+    for (const Label& label : personLabels()) {
         for (const Row& row : page.rows) {
             const auto place = findLabel(row, label, page.isRecognised);
             if (!place || place->last + 1 >= row.words.size()) {

@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/documents/kinds/AmountFinder.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
+#include "Fiscarel_SG/documents/kinds/LabelledFields.h"
 
 #include <algorithm>
 #include <map>
@@ -14,180 +15,6 @@ namespace {
 using Kind = StoredDocument::Kind;
 using Record = ProposedRecord::Kind;
 
-struct FieldRow {
-    Kind kind;
-    Record record;
-    const char* field;
-    Wanted wanted;
-    int below; ///< as much or more is no such amount
-    bool isYear = false;
-};
-
-constexpr int large = 100'000'000;
-
-/// The amounts of a kind by their labels in German, French and Italian.
-const std::vector<FieldRow>& fieldRows() {
-    static const std::vector<FieldRow> rows{
-        {Kind::saeule3a,
-         Record::personDeductions,
-         "pillar3aBuyIn",
-         {{"Einkauf Säule 3a", "Nachträglicher Einkauf", "Einkauf 3a", "Nachzahlung*",
-           "Rachat pilier 3a", "Rachats", "Riscatto pilastro 3a"},
-          {}},
-         100'000},
-        {Kind::saeule3a,
-         Record::personDeductions,
-         "pillar3a",
-         {{"Total der Beiträge",
-           "Total Beiträge",
-           "Total Einzahlungen",
-           "Total der Einzahlungen",
-           "Einbezahlte Beiträge",
-           "Einbezahlter Betrag",
-           "geleistete Beiträge",
-           "Geleistete Einzahlungen",
-           "Beiträge im Jahr",
-           "Beiträge",
-           "Einzahlungen",
-           "Einzahlung",
-           "Beitrag",
-           "Prämie*",
-           "Total des cotisations",
-           "Total des versements",
-           "Cotisations versées",
-           "Montant versé",
-           "Cotisations",
-           "Versements",
-           "Totale dei contributi",
-           "Contributi versati",
-           "Contributi",
-           "Versamenti",
-           "Bescheinigter Betrag",
-           "Totalbetrag"},
-          {"Einkauf", "Rachat", "Riscatto", "ordentliche", "ordinaires", "ordinari", "2. Säule",
-           "2e pilier", "2o pilastro", "Maximal*", "Maximum", "höchstens", "Saldo", "Höchst*",
-           "Guthaben", "Maximalbetrag", "Vorjahr"}},
-         40'000},
-        // Form 21 has a line for either pillar.
-        {Kind::saeule3a,
-         Record::personDeductions,
-         "pensionBuyIn",
-         {{"Beiträge für den Einkauf", "Cotisations pour le rachat", "Contributi per il riscatto"},
-          {"Säule 3a", "pilier 3a", "pilastro 3a"}},
-         large},
-        {Kind::pensionskasse,
-         Record::personDeductions,
-         "pensionBuyIn",
-         {{"Total Einkauf*",
-           "Total der Einkäufe",
-           "Einkaufssumme",
-           "Einkaufsbetrag",
-           "Betrag des Einkaufs",
-           "Geleisteter Einkauf",
-           "freiwilliger Einkauf",
-           "Freiwillige Einkäufe",
-           "Freiwillige Einlage*",
-           "Einkauf in die*",
-           "Einkauf*",
-           "Total des rachats",
-           "Montant du rachat",
-           "Somme de rachat",
-           "Rachat*",
-           "Totale dei riscatti",
-           "Importo del riscatto",
-           "Somma di riscatto",
-           "Riscatto",
-           "Einlage*"},
-          {"möglich*", "maximal*", "Maximum", "possible", "possibile", "massimo",
-           "Einkaufspotenzial", "verbleibend*", "restant*", "potentiel*", "höchstens",
-           "Ausstehend*", "Vorjahr"}},
-         large},
-        {Kind::krankenkasse,
-         Record::householdDeductions,
-         "premiumReduction",
-         {{"Prämienverbilligung*", "Individuelle Prämienverbilligung", "IPV", "Réduction de prime*",
-           "Réduction des primes", "Réduction individuelle*", "Riduzione dei premi",
-           "Riduzione individuale*", "Riduzione del premio", "Subside*", "Verbilligung"},
-          {"nach", "après", "dopo", "netto", "net", "netti", "nette", "nettes"}},
-         100'000},
-        {Kind::krankenkasse,
-         Record::householdDeductions,
-         "accidentInsurancePremiums",
-         {{"Unfallversicherung", "Assurance-accidents", "Assicurazione infortuni"},
-          {"ohne", "sans", "senza", "inkl*", "ausgeschlossen", "einschluss", "mit"}},
-         100'000},
-        {Kind::lohnausweis,
-         Record::pension,
-         "amount",
-         {{"Total Renten", "Total Rente", "Ausbezahlte Renten", "Ausbezahlte Rente", "Jahresrente",
-           "Jahresbetrag", "Total des rentes", "Rentes versées", "Rente annuelle", "Totale rendite",
-           "Rendite versate", "Rendita annua", "Altersrente", "Invalidenrente", "Witwenrente",
-           "Ehegattenrente", "Rente de vieillesse", "Rendita di vecchiaia"},
-          {"Rentenart", "Quellensteuer"}},
-         large},
-        {Kind::pensionskasse,
-         Record::pension,
-         "amount",
-         {{"Total Renten", "Total Rente", "Ausbezahlte Renten", "Ausbezahlte Rente",
-           "Total des rentes", "Total rente", "Rentes versées", "Totale rendite",
-           "Rendite versate"},
-          {"Rentenart", "Quellensteuer", "voraussichtlich*", "Alter"}},
-         large},
-        {Kind::versicherung,
-         Record::insurancePolicy,
-         "surrenderValue",
-         {{"Steuerwert per 31.12*", "Steuerwert", "Rückkaufswert per*", "Rückkaufswert*",
-           "Valeur fiscale", "Valeur de rachat*", "Valore fiscale", "Valore di riscatto*"},
-          {"Vorjahr", "garantiert bei"}},
-         large},
-        {Kind::versicherung,
-         Record::insurancePolicy,
-         "sumInsured",
-         {{"Versicherungssumme", "Vers.-Summe", "Versichertes Kapital", "Erlebensfallkapital",
-           "Todesfallkapital", "Todesfallsumme", "Somme assurée", "Capital assuré",
-           "Somma assicurata", "Capitale assicurato"},
-          {}},
-         large},
-        {Kind::versicherung,
-         Record::householdDeductions,
-         "lifeInsurancePremiums",
-         {{"Total Prämien", "Jahresprämie", "Bezahlte Prämien", "Prämie*", "Prime annuelle",
-           "Primes payées", "Primes versées", "Premio annuo", "Premi pagati"},
-          {"monatlich*", "Monatsprämie"}},
-         large},
-        {Kind::liegenschaft,
-         Record::realEstate,
-         "taxValue",
-         {{"Amtlicher Wert", "Amtlicher Verkehrswert", "Verkehrswert", "Steuerwert",
-           "Vermögenssteuerwert", "Valeur officielle", "Valeur fiscale", "Valeur vénale",
-           "Valore ufficiale", "Valore venale", "Valore fiscale", "Valore di stima",
-           "Estimation fiscale", "Steuerschätzwert"},
-          {"bisher*", "alt", "ancienne", "precedente", "Vorjahr"}},
-         large},
-        {Kind::liegenschaft,
-         Record::realEstate,
-         "imputedRentalValue",
-         {{"Eigenmietwert", "Mietwert", "Valeur locative", "Valore locativo"},
-          {"bisher*", "alt", "ancienne", "precedente", "Vorjahr", "70", "reduziert*"}},
-         1'000'000},
-        {Kind::versicherung,
-         Record::insurancePolicy,
-         "startYear",
-         {{"Versicherungsbeginn", "Vertragsbeginn", "Beginn", "Début", "Inizio"}, {}},
-         0,
-         true},
-        {Kind::versicherung,
-         Record::insurancePolicy,
-         "endYear",
-         {{"Versicherungsablauf", "Vertragsablauf", "Ablauf*", "Vertragsende", "Ende", "Échéance",
-           "Fin", "Scadenza"},
-          {}},
-         0,
-         true},
-    };
-    return rows;
-}
-
 const char* titleOf(Kind kind) {
     switch (kind) {
     case Kind::saeule3a:
@@ -196,8 +23,6 @@ const char* titleOf(Kind kind) {
         return "Einkauf in die Pensionskasse";
     case Kind::krankenkasse:
         return "Versicherungsprämien";
-    case Kind::lohnausweis:
-        return "Rente";
     case Kind::versicherung:
         return "Lebensversicherung";
     default:
@@ -216,7 +41,7 @@ class RecordsByKind {
         if (known != indices_.end()) {
             return known->second;
         }
-        std::string title = titleOf(context_.kind);
+        std::string title = kind == Record::pension ? "Rente" : titleOf(context_.kind);
         if (!context_.facts.issuer.text.empty() && kind != Record::realEstate) {
             title += ' ' + context_.facts.issuer.text;
         }
@@ -237,7 +62,7 @@ class RecordsByKind {
 };
 
 /// The year of a day or the year itself right of a label.
-void proposeYear(const KindContext& context, const FieldRow& wanted, RecordsByKind& records,
+void proposeYear(const KindContext& context, const LabelledField& wanted, RecordsByKind& records,
                  ProposalDraft& draft) {
     for (const PageRows& page : context.document.pages) {
         for (const Row& row : page.rows) {
@@ -289,7 +114,7 @@ std::optional<Chosen> chooseFound(std::vector<FoundAmount> found, int below) {
     return Chosen{std::move(found.back()), isDisputed};
 }
 
-void proposeField(const KindContext& context, const FieldRow& row, RecordsByKind& records,
+void proposeField(const KindContext& context, const LabelledField& row, RecordsByKind& records,
                   ProposalDraft& draft) {
     auto chosen = chooseFound(findAmounts(wholeDocument(context.document), row.wanted), row.below);
     if (!chosen) {
@@ -513,7 +338,7 @@ void proposeLabelled(const KindContext& context, ProposalDraft& draft) {
     if (context.kind == Kind::krankenkasse) {
         proposePremiums(context, records, draft);
     }
-    for (const FieldRow& row : fieldRows()) {
+    for (const LabelledField& row : labelledFields()) {
         if (row.kind != context.kind) {
             continue;
         }
