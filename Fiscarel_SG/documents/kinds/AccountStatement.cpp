@@ -215,9 +215,15 @@ void findInterestByTax(const RowRange& range, Figures& figures) {
         const Decimal tax = lasts[i + 1].value();
         if (gross >= 1 && ((gross * 35 / 100) - tax).abs() <= Decimal(5) / 100
             && gross - tax == lasts[i + 2].value()) {
-            figures[static_cast<std::size_t>(Figure::interest)] = lasts[i];
-            figures[static_cast<std::size_t>(Figure::withholding)] = lasts[i + 1];
-            figures[static_cast<std::size_t>(Figure::netInterest)] = lasts[i + 2];
+            const auto put = [&](Figure figure, const FoundAmount& amount) {
+                auto& known = figures[static_cast<std::size_t>(figure)];
+                if (!known || (range.page->isRecognised && known->value() != amount.value())) {
+                    known = amount;
+                }
+            };
+            put(Figure::interest, lasts[i]);
+            put(Figure::withholding, lasts[i + 1]);
+            put(Figure::netInterest, lasts[i + 2]);
             return;
         }
     }
