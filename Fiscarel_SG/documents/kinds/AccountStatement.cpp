@@ -53,10 +53,28 @@ const Wanted& wantedOf(Figure figure) {
                 "Durchschnitt*", "Solde initial", "Solde d'ouverture", "Saldo iniziale",
                 "Saldo di apertura", "Vortrag", "Vorjahr", "1er janvier", "Hypothek*", "Darlehen",
                 "Schuld*", "Zins*"}},
-        Wanted{{"Bruttozins*", "Zins brutto", "Habenzins*", "Zinsertrag brutto", "Bruttoertrag",
-                "Zinsertrag*", "Intérêt brut*", "Intérêts bruts", "Intérêts créanciers",
-                "Interessi lordi", "Interesse lordo", "Interessi creditori", "Zinsgutschrift",
-                "Zinsen", "Zins", "Intérêts", "Interessi"},
+        Wanted{{"Bruttozins*",
+                "Zins brutto",
+                "Habenzins*",
+                "Zinsertrag brutto",
+                "Bruttoertrag",
+                "Zinsertrag*",
+                "Intérêt brut*",
+                "Intérêts bruts",
+                "Intérêts créanciers",
+                "Interessi lordi",
+                "Interesse lordo",
+                "Interessi creditori",
+                "Zinsgutschrift",
+                "Ertrag",
+                "Erträge",
+                "Rendement*",
+                "Ricavi",
+                "Reddito",
+                "Zinsen",
+                "Zins",
+                "Intérêts",
+                "Interessi"},
                {"netto", "Nettozins*", "nets", "netti", "Schuldzins*", "Sollzins*",
                 "Hypothekarzins*", "Zinssatz", "débiteurs", "passivi", "Verrechnungssteuer",
                 "Zinsabschluss"}},
@@ -114,6 +132,12 @@ std::optional<Iban> ibanIn(const Row& row, std::size_t at) {
         }
     }
     return std::nullopt;
+}
+
+/// The line at the foot that names the bank's own account beside its telephone number.
+bool isContactLine(const PageRows& page, const Row& row) {
+    static const Labels contacts{"MWST*", "UID", "Tel", "Telefon", "TVA", "IVA", "BIC"};
+    return page.number != 0 && row.middle() > page.height * 0.93 && isAnyIn(row.folded, contacts);
 }
 
 /// Columns of a table headed by words: where each figure's amounts stand.
@@ -304,7 +328,8 @@ class AccountMapper {
             if (const Heading found = headingIn(page, at); found.count() >= 2 && page.number != 0) {
                 heading = found;
             }
-            if (auto iban = ibanIn(page.rows[at], at)) {
+            if (auto iban = ibanIn(page.rows[at], at);
+                iban && !isContactLine(page, page.rows[at])) {
                 ibans.push_back(std::move(*iban));
             }
         }

@@ -24,6 +24,16 @@ TEST(AccountStatement, readsOneAccountWithItsWithholdingTax) {
                   "taxValue=27717.65 high", "incomeWithWithholding=549.9 high"}));
 }
 
+TEST(AccountStatement, theAccountInTheContactLineIsTheBanksOwn) {
+    DrawnPage page;
+    page.line("Bank Muster AG").line("Zins- und Saldobestätigung per 31.12.2024");
+    page.line("Sparkonto Nr. 4711").line("Saldo per 31.12.2024", "27’717.65");
+    page.text(60, 815, "Bank Muster AG | Tel. 071 123 45 67 | IBAN CH93 0076 2011 6238 5295 7");
+    const ScanResult result = page.proposed();
+    EXPECT_EQ(valueOf(result, "taxValue"), "27717.65");
+    EXPECT_EQ(valueOf(result, "ibanOrValor"), "");
+}
+
 TEST(AccountStatement, aTaxThatDoesNotFitTheInterestWarns) {
     DrawnPage page;
     page.line("Bank Muster AG").line("Zinsausweis 2024").line("Saldo per 31.12.2024", "27’717.65");
