@@ -136,9 +136,26 @@ void proposeField(const KindContext& context, const LabelledField& row, RecordsB
 
 const Wanted& grossPremiums() {
     static const Wanted wanted{
-        {"Total Prämien brutto", "Bruttoprämie*", "Prämien brutto", "Total Prämien",
-         "Total der Prämien", "Prämien total", "Total primes", "Total des primes", "Totale premi",
-         "Totale dei premi", "Bezahlte Prämien", "Primes payées", "Premi pagati", "Prämientotal"},
+        {"Total Prämien brutto",
+         "Bruttoprämie*",
+         "Prämien brutto",
+         "Total Prämien",
+         "Total der Prämien",
+         "Prämien total",
+         "Total primes",
+         "Total des primes",
+         "Totale premi",
+         "Totale dei premi",
+         "Bezahlte Prämien",
+         "Primes payées",
+         "Premi pagati",
+         "Prämientotal",
+         "Jahresprämie total",
+         "Jahresprämie",
+         "Prime annuelle",
+         "Premio annuo",
+         "Total",
+         "Totale"},
         {"netto", "nettes", "netti", "nach", "Verbilligung*", "net", "zu Ihren Lasten"}};
     return wanted;
 }
