@@ -3,6 +3,10 @@
 #include "Fiscarel_SG/store/StoredDocument.h"
 #include "TaxCore/base/Date.h"
 
+#include <optional>
+#include <string>
+#include <vector>
+
 namespace fiscarel {
 
 /// A record of the return that a document speaks of: one salary certificate, one account, one bill.
@@ -33,11 +37,14 @@ struct ProposedRecord {
     std::optional<taxcore::Date> birthDate;
     std::string socialSecurityNumber; ///< 756.…, as printed
     std::string advice; ///< German, what the user must know before taking it over; empty: nothing
+    /// Indices of the document's records which this one states as one total: either they are taken
+    /// over or it is, never both. Usually empty.
+    std::vector<int> alternativeTo;
 
     bool operator==(const ProposedRecord&) const = default;
 };
 TAXCORE_RECORD(ProposedRecord, kind, title, page, year, personName, birthDate, socialSecurityNumber,
-               advice);
+               advice, alternativeTo);
 
 /// Something by which a proposed value was tested.
 struct ProposalCheck {

@@ -1,0 +1,186 @@
+#include "Fiscarel_SG/documents/SecondReader.h"
+
+#include "Fiscarel_SG/documents/kinds/KindMappers.h"
+#include "Fiscarel_SG/documents/payload/Mappers.h"
+#include "Fiscarel_SG/documents/rows/RowLabels.h"
+#include "Fiscarel_SG/documents/text/FoldedText.h"
+
+#include <algorithm>
+#include <exception>
+#include <set>
+
+namespace fiscarel {
+
+namespace {
+
+using Kind = StoredDocument::Kind;
+
+constexpr std::size_t mostPages = 500;
+constexpr std::size_t mostTextBytes = 4 * 1024 * 1024;
+
+DocumentRows rowsOf(const DocumentReading& reading) {
+    DocumentRows document;
+    for (const PageReading& page : reading.pages) {
+        if (document.pages.size() < mostPages && !page.words.empty()) {
+            document.pages.push_back(buildRows(page));
+        }
+    }
+    if (document.pages.empty()) {
+        document.hasPlaces = false;
+        const std::string_view text = std::string_view(reading.text).substr(0, mostTextBytes);
+        document.pages.push_back(rowsOfText(text, false));
+    }
+    for (const PageRows& page : document.pages) {
+        for (const Row& row : page.rows) {
+            document.folded += row.folded + ' ';
+        }
+    }
+    return document;
+}
+
+/// The first QR-bill, with its place.
+std::optional<PlacedBill> findBill(const DocumentReading& reading, const DocumentRows& document) {
+    for (const PageReading& page : reading.pages) {
+        for (const PageSymbol& symbol : page.symbols) {
+            if (symbol.symbology != PageSymbol::Symbology::qr) {
+                continue;
+            }
+            if (auto bill = parseQrBill(symbol.bytes)) {
+                PageRows size{.number = page.number, .width = page.width, .height = page.height};
+                const PageRows* rows = document.page(page.number);
+                return PlacedBill{std::move(*bill), page.number,
+                                  pageBox(symbol.place, rows == nullptr ? size : *rows)};
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+/// What was read from payloads.
+struct PayloadVerdict {
+    std::optional<Kind> kind;
+    std::set<int> certificatePages; ///< whose certificates the payloads state
+};
+
+void readCertificates(const DocumentReading& reading, const std::vector<SalaryForm>& forms,
+                      ProposalDraft& draft, PayloadVerdict& verdict) {
+    for (const JoinedPayload& payload : certificatePayloads(reading)) {
+        if (payload.isComplete && proposeCertificate(payload, forms, draft)) {
+            verdict.kind = Kind::lohnausweis;
+            verdict.certificatePages.insert(payload.pages.begin(), payload.pages.end());
+        }
+    }
+}
+
+void readStatements(const DocumentReading& reading, const DocumentRows& document,
+                    ProposalDraft& draft, PayloadVerdict& verdict) {
+    for (const PageMark& mark : pageMarks(reading)) {
+        if (const auto standard = foreignStandard(mark.standard)) {
+            verdict.kind = standard->kind;
+        }
+    }
+    for (const JoinedPayload& payload : statementPayloads(reading)) {
+        const auto unpacked = payload.isComplete ? unpackZlib(payload.bytes) : std::nullopt;
+        const auto xml = unpacked ? PayloadXml::parse(*unpacked) : std::nullopt;
+        if (!xml) {
+            continue;
+        }
+        const int number = standardOf(xml->root());
+        if (proposeTaxStatement(xml->root(), payload, document, draft)) {
+            verdict.kind = Kind::steuerauszug;
+        } else if (const auto standard = foreignStandard(number)) {
+            verdict.kind = standard->kind;
+            proposeInstitutionCertificate(xml->root(), number, payload, draft);
+        }
+    }
+}
+
+void proposeByKind(const KindContext& context, ProposalDraft& draft) {
+    switch (context.kind) {
+    case Kind::saeule3a:
+    case Kind::pensionskasse:
+    case Kind::krankenkasse:
+    case Kind::versicherung:
+    case Kind::liegenschaft:
+        if (context.kind == Kind::liegenschaft && isRepairBill(context.document)) {
+            proposeBill(context, draft);
+        } else {
+            proposeLabelled(context, draft);
+        }
+        break;
+    case Kind::bankauszug:
+        proposeAccounts(context, draft);
+        break;
+    case Kind::arztrechnung:
+    case Kind::spende:
+    case Kind::kinderbetreuung:
+    case Kind::weiterbildung:
+        proposeBill(context, draft);
+        break;
+    case Kind::lohnausweis:
+    case Kind::steuerauszug: // a statement without its payload is read by hand
+    case Kind::anderes:
+        break;
+    }
+}
+
+void proposeAll(const DocumentReading& reading, ScanResult& result) {
+    const DocumentRows document = rowsOf(reading);
+    ProposalDraft draft(result);
+    const auto forms = readSalaryForms(document);
+    PayloadVerdict payloads;
+    readCertificates(reading, forms, draft, payloads);
+    readStatements(reading, document, draft, payloads);
+
+    KindVerdict verdict = weighKind(document);
+    const auto bill = findBill(reading, document);
+    if ((!verdict.kind || (verdict.kind == Kind::anderes && bill)) && bill
+        && isRepairBill(document)) {
+        verdict = {.kind = Kind::liegenschaft};
+    }
+    result.kindIsCertain = payloads.kind.has_value();
+    result.proposedKind = payloads.kind ? payloads.kind : verdict.kind;
+    if (payloads.kind && payloads.kind != Kind::lohnausweis) {
+        return;
+    }
+    if (result.proposedKind == Kind::lohnausweis) {
+        for (const SalaryForm& form : forms) {
+            if (!payloads.certificatePages.contains(form.page->number)) {
+                proposeSalaryForm(form, draft);
+            }
+        }
+        static const Labels wages{"Bruttolohn*", "Nettolohn*", "Salaire brut", "Salario lordo"};
+        const bool isForm = !forms.empty() || isAnyIn(document.folded, wages);
+        if (!isForm && !payloads.kind) { // a letter on a pension
+            const DocumentFacts facts = readFacts(document);
+            proposeLabelled({document, facts, Kind::lohnausweis, verdict.isClear, bill}, draft);
+        }
+    } else if (verdict.kind) {
+        const DocumentFacts facts = readFacts(document);
+        proposeByKind({document, facts, *verdict.kind, verdict.isClear, bill}, draft);
+        const auto& proposals = result.proposals;
+        const auto isBuyIn = [](const Proposal& one) { return one.field == "pensionBuyIn"; };
+        if (verdict.kind == Kind::saeule3a && !proposals.empty()
+            && std::ranges::all_of(proposals, isBuyIn)) {
+            result.proposedKind = Kind::pensionskasse; // the same form serves both pillars
+        }
+    }
+}
+
+} // namespace
+
+void propose(const DocumentReading& reading, ScanResult& result) {
+    result.proposedKind.reset();
+    result.kindIsCertain = false;
+    result.records.clear();
+    result.proposals.clear();
+    try {
+        proposeAll(reading, result);
+    } catch (const std::exception&) {
+        // Out of memory at most; what stands so far may lack its warnings.
+        result.records.clear();
+        result.proposals.clear();
+    }
+}
+
+} // namespace fiscarel

@@ -1,0 +1,336 @@
+#include "Fiscarel_SG/documents/kinds/AmountFinder.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace fiscarel {
+
+using Confidence = Proposal::Confidence;
+using Witness = Proposal::Witness;
+
+namespace {
+
+/// What may be an amount beside a label. A bare whole number only counts when it is no year.
+bool isCandidate(const RowAmount& amount) {
+    return amount.amount.isFirm()
+           || (!amount.amount.isYearLike() && amount.amount.value.abs() >= 10);
+}
+
+double alignment(const PageRows& page) { return page.isRecognised ? 6.0 : 4.0; }
+
+/// The right edge most firm amounts of a page share.
+double amountColumn(const PageRows& page) {
+    std::vector<double> edges;
+    for (const Row& row : page.rows) {
+        for (const RowAmount& amount : row.amounts) {
+            if (amount.amount.isFirm()) {
+                edges.push_back(amount.place.right);
+            }
+        }
+    }
+    double best = page.width;
+    std::ptrdiff_t most = 0;
+    for (const double edge : edges) {
+        const auto count = std::ranges::count_if(
+            edges, [&](double other) { return std::abs(other - edge) <= alignment(page); });
+        if (count > most || (count == most && edge > best)) {
+            most = count;
+            best = edge;
+        }
+    }
+    return best;
+}
+
+/// The one of several amounts that stands in the amount column, else the last.
+const RowAmount& choose(const std::vector<const RowAmount*>& amounts, const PageRows& page) {
+    const double column = amountColumn(page);
+    const auto inColumn = std::ranges::find_if(amounts, [&](const RowAmount* amount) {
+        return std::abs(amount->place.right - column) <= alignment(page);
+    });
+    return inColumn == amounts.end() ? *amounts.back() : **inColumn;
+}
+
+/// Whether a row consists of an amount and its currency.
+bool hasOnlyAmounts(const Row& row) {
+    std::size_t covered = 0;
+    for (const RowAmount& amount : row.amounts) {
+        covered += amount.last - amount.first + 1;
+    }
+    for (const RowWord& word : row.words) {
+        covered += isFrancs(word.text) || word.folded.empty() ? 1U : 0U;
+    }
+    return !row.amounts.empty() && covered >= row.words.size();
+}
+
+bool continuesSentence(const Row& row) {
+    const char first =
+        row.words.empty() || row.words.front().text.empty() ? 'A' : row.words.front().text.front();
+    return first >= 'a' && first <= 'z';
+}
+
+/// The amount of a label whose own row has none: in the row below, if that only goes on with the
+/// label's words or holds nothing but the amount, or heads a column with it.
+const RowAmount* amountBelow(const RowRange& range, std::size_t at, const LabelPlace& label) {
+    const Row& own = range.page->rows[at];
+    if (at + 1 >= range.end) {
+        return nullptr;
+    }
+    const Row& next = range.page->rows[at + 1];
+    if (next.amounts.empty() || next.top - own.bottom > 1.6 * own.height()) {
+        return nullptr;
+    }
+    const bool goesOn = continuesSentence(next) && next.words.front().place.left < label.right
+                        && next.amounts.back().place.left > label.left;
+    if ((hasOnlyAmounts(next) && next.amounts.size() == 1) || goesOn) {
+        return isCandidate(next.amounts.back()) ? &next.amounts.back() : nullptr;
+    }
+    for (const RowAmount& amount : next.amounts) {
+        const bool isUnder = amount.place.right > label.left && amount.place.left < label.right;
+        if (isUnder && isCandidate(amount) && range.page->number != 0 && hasOnlyAmounts(next)) {
+            return &amount;
+        }
+    }
+    return nullptr;
+}
+
+/// Words of a row that stand together, as the headings of columns do.
+std::vector<LabelPlace> columnsOf(const Row& row) {
+    std::vector<LabelPlace> columns;
+    for (std::size_t i = 0; i < row.words.size(); ++i) {
+        const RowWord& word = row.words[i];
+        const double letter =
+            word.place.width() / static_cast<double>(std::max<std::size_t>(word.text.size(), 1));
+        if (columns.empty() || word.place.left - columns.back().right > 1.5 * letter) {
+            columns.push_back({i, i, word.place.left, word.place.right});
+        }
+        columns.back().last = i;
+        columns.back().right = word.place.right;
+    }
+    return columns;
+}
+
+/// The heading an amount stands under: the one whose edge or middle is nearest to its own.
+std::size_t columnOf(const std::vector<LabelPlace>& columns, const RowAmount& amount) {
+    const auto distance = [&](const LabelPlace& column) {
+        return std::min(
+            {std::abs(column.right - amount.place.right), std::abs(column.left - amount.place.left),
+             std::abs(column.left + column.right - amount.place.left - amount.place.right) / 2});
+    };
+    return static_cast<std::size_t>(std::ranges::min_element(columns, {}, distance)
+                                    - columns.begin());
+}
+
+/// The columns of a row that heads a table, with the one a label stands in.
+struct Heading {
+    std::vector<LabelPlace> columns;
+    std::size_t wanted = 0;
+};
+
+std::optional<Heading> headingAt(const RowRange& range, std::size_t at, const Label& label) {
+    const Row& row = range.page->rows[at];
+    const auto place = findLabel(row, label, range.page->isRecognised);
+    const bool hasAmounts = std::ranges::any_of(
+        row.amounts, [](const RowAmount& amount) { return amount.amount.isFirm(); });
+    if (!place || range.page->number == 0 || hasAmounts) {
+        return std::nullopt;
+    }
+    Heading heading{columnsOf(row)};
+    while (heading.wanted < heading.columns.size()
+           && heading.columns[heading.wanted].last < place->first) {
+        ++heading.wanted;
+    }
+    const bool isHeading = heading.columns.size() >= 3 && heading.wanted < heading.columns.size()
+                           && heading.columns[heading.wanted].first == place->first;
+    return isHeading ? std::optional(std::move(heading)) : std::nullopt;
+}
+
+/// The amount of a column: that of the total, or the only one there is.
+std::optional<FoundAmount> amountUnder(const RowRange& range, std::size_t at, const Label& label) {
+    static const Labels totals{"Total*", "Totale", "Summe"};
+    const auto heading = headingAt(range, at, label);
+    std::optional<FoundAmount> found;
+    bool isOnly = true;
+    for (std::size_t below = at + 1; heading && below < std::min(range.end, at + 30); ++below) {
+        const Row& row = range.page->rows[below];
+        for (const RowAmount& amount : row.amounts) {
+            if (row.amounts.size() < 2 || !amount.amount.isFirm()
+                || columnOf(heading->columns, amount) != heading->wanted) {
+                continue;
+            }
+            isOnly = !found.has_value();
+            const LabelPlace& column = heading->columns[heading->wanted];
+            found =
+                FoundAmount{.page = range.page,
+                            .row = below,
+                            .amount = amount,
+                            .label = textBetween(range.page->rows[at], column.first, column.last),
+                            .isBelow = true};
+            if (isAnyIn(row.folded, totals)) {
+                return found;
+            }
+        }
+    }
+    return isOnly ? found : std::nullopt;
+}
+
+/// Of several amounts in a row the one under a heading with one of the wanted labels.
+const RowAmount* amountByHeading(const RowRange& range, std::size_t at, const Labels& labels,
+                                 const std::vector<const RowAmount*>& amounts) {
+    for (std::size_t above = at; above-- > range.first && at - above < 30;) {
+        for (const Label& label : labels) {
+            if (const auto heading = headingAt(range, above, label)) {
+                const auto found = std::ranges::find_if(amounts, [&](const RowAmount* amount) {
+                    return columnOf(heading->columns, *amount) == heading->wanted;
+                });
+                return found == amounts.end() ? nullptr : *found;
+            }
+        }
+    }
+    return nullptr;
+}
+
+std::optional<FoundAmount> amountFor(const RowRange& range, std::size_t at, const LabelPlace& label,
+                                     const Labels& labels) {
+    const Row& row = range.page->rows[at];
+    std::vector<const RowAmount*> right;
+    for (const RowAmount& amount : row.amounts) {
+        if (amount.first > label.last && isCandidate(amount)) {
+            right.push_back(&amount);
+        }
+    }
+    FoundAmount found{
+        .page = range.page, .row = at, .label = textBetween(row, label.first, label.last)};
+    if (!right.empty()) {
+        const RowAmount* headed =
+            right.size() > 1 ? amountByHeading(range, at, labels, right) : nullptr;
+        found.amount = headed != nullptr ? *headed : choose(right, *range.page);
+        found.isAlone = right.size() == 1 || headed != nullptr;
+        return found;
+    }
+    if (const RowAmount* below = amountBelow(range, at, label)) {
+        found.row = at + 1;
+        found.amount = *below;
+        found.isBelow = true;
+        return found;
+    }
+    return std::nullopt;
+}
+
+bool isReduction(const Row& row) {
+    static const Labels words{"Verbilligung*", "Prämienverbilligung*",
+                              "Abzug",         "abzüglich",
+                              "Rabatt",        "Skonto",
+                              "Ermässigung",   "Réduction*",
+                              "Riduzione*",    "Rabais",
+                              "Sconto",        "Subvention*",
+                              "Sussidio",      "Belastungen",
+                              "Ausgänge",      "Débits",
+                              "Addebiti",      "Minus"};
+    return isAnyIn(row.folded, words);
+}
+
+} // namespace
+
+std::vector<RowRange> wholeDocument(const DocumentRows& document) {
+    std::vector<RowRange> ranges;
+    for (const PageRows& page : document.pages) {
+        ranges.push_back({&page, 0, page.rows.size()});
+    }
+    return ranges;
+}
+
+std::vector<FoundAmount> findAmounts(const std::vector<RowRange>& ranges, const Wanted& wanted) {
+    std::vector<FoundAmount> found;
+    for (const Label& label : wanted.labels) {
+        for (const RowRange& range : ranges) {
+            for (std::size_t at = range.first; at < range.end; ++at) {
+                const Row& row = range.page->rows[at];
+                const auto place = findLabel(row, label, range.page->isRecognised);
+                if (!place || findLabel(row, wanted.without, range.page->isRecognised)) {
+                    continue;
+                }
+                if (auto amount = amountFor(range, at, *place, wanted.labels)) {
+                    found.push_back(std::move(*amount));
+                } else if (auto headed = amountUnder(range, at, label)) {
+                    found.push_back(std::move(*headed));
+                }
+            }
+        }
+        if (!found.empty()) {
+            break;
+        }
+    }
+    return found;
+}
+
+std::optional<FoundAmount> findLast(const std::vector<RowRange>& ranges, const Wanted& wanted) {
+    auto found = findAmounts(ranges, wanted);
+    return found.empty() ? std::nullopt : std::optional(std::move(found.back()));
+}
+
+std::optional<FoundAmount> findFirst(const std::vector<RowRange>& ranges, const Wanted& wanted) {
+    auto found = findAmounts(ranges, wanted);
+    return found.empty() ? std::nullopt : std::optional(std::move(found.front()));
+}
+
+std::optional<ProposalCheck> columnCheck(const FoundAmount& total) {
+    if (total.page->number == 0) {
+        return std::nullopt; // lines of text have no columns
+    }
+    Decimal sum;
+    Decimal last;
+    int count = 0;
+    for (std::size_t at = total.row; at-- > 0 && total.row - at < 40;) {
+        const Row& row = total.page->rows[at];
+        const auto aligned = std::ranges::find_if(row.amounts, [&](const RowAmount& amount) {
+            return std::abs(amount.place.right - total.amount.place.right) <= alignment(*total.page)
+                   && amount.amount.isFirm();
+        });
+        if (aligned == row.amounts.end()) {
+            continue;
+        }
+        const Decimal value = aligned->amount.value;
+        sum = sum + (isReduction(row) ? -value.abs() : value);
+        ++count;
+        if (count >= 2 && sum == total.value() && value != total.value()) {
+            return ProposalCheck{"Die " + std::to_string(count)
+                                     + " Beträge darüber ergeben zusammen " + shown(sum),
+                                 true};
+        }
+    }
+    return std::nullopt;
+}
+
+Evidence evidenceOf(const FoundAmount& found, const Wanted& wanted, bool isKindClear,
+                    std::vector<ProposalCheck> checks) {
+    const PageRows& page = *found.page;
+    const bool hasPlaces = page.number != 0;
+    const bool isProven = std::ranges::any_of(checks, &ProposalCheck::passed);
+    Evidence evidence{.witness = hasPlaces ? Witness::position : Witness::text,
+                      .page = page.number,
+                      .box = hasPlaces ? pageBox(found.amount.printed, page) : std::nullopt,
+                      .checks = std::move(checks)};
+    evidence.reason = std::string(!hasPlaces      ? "Steht im Text nach «"
+                                  : found.isBelow ? "Steht unter «"
+                                                  : "Steht rechts von «")
+                      + found.label + "»" + (page.isRecognised ? " (Texterkennung)." : ".");
+    const bool isFirm = found.amount.amount.isFirm() && !found.amount.amount.wasCorrected;
+    const bool isPlain = found.isAlone && !found.isBelow && isFirm && wanted.isSpecific;
+    if (!hasPlaces) {
+        evidence.confidence = isPlain && isKindClear ? Confidence::medium : Confidence::low;
+    } else if (!found.isAlone && page.isRecognised) {
+        evidence.confidence = Confidence::low; // which column counts is a guess
+    } else if (isProven && isFirm && isKindClear && found.isAlone) {
+        evidence.confidence = Confidence::high;
+    } else if (isPlain && isKindClear && !page.isRecognised) {
+        evidence.confidence = Confidence::high;
+    } else {
+        const bool isDoubtful = !isFirm || (page.isRecognised && found.amount.certainty < 0.6);
+        evidence.confidence = isDoubtful || (!isKindClear && !wanted.isSpecific)
+                                  ? Confidence::low
+                                  : Confidence::medium;
+    }
+    return evidence;
+}
+
+} // namespace fiscarel

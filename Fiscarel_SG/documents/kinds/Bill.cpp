@@ -1,0 +1,323 @@
+#include "Fiscarel_SG/documents/kinds/AmountFinder.h"
+#include "Fiscarel_SG/documents/kinds/KindMappers.h"
+
+#include <algorithm>
+
+namespace fiscarel {
+
+using Confidence = Proposal::Confidence;
+using Witness = Proposal::Witness;
+
+namespace {
+
+using Kind = StoredDocument::Kind;
+using Record = ProposedRecord::Kind;
+
+/// Where the amount, the payee and the day of a kind of bill go.
+struct BillTarget {
+    Kind kind;
+    Record record;
+    const char* title;
+    const char* amount;
+    const char* payee; ///< empty: the record has none
+    const char* day;
+    const char* advice;
+};
+
+constexpr const char* noProof =
+    "Ein Rechnungsbetrag ist noch kein Beweis der Zahlung: nur eintragen, was bezahlt wurde.";
+
+constexpr std::array targets{
+    BillTarget{Kind::arztrechnung, Record::medicalCost, "Behandlung", "gross", "provider", "date",
+               "Was die Krankenkasse zurückbezahlt, gehört in die Spalte der Vergütungen."},
+    BillTarget{Kind::spende, Record::donation, "Spende", "amount", "recipient", "date", ""},
+    BillTarget{Kind::kinderbetreuung, Record::child, "Kinderbetreuung", "childcareCosts",
+               "childcareProvider", "", ""},
+    BillTarget{Kind::weiterbildung, Record::personDeductions, "Weiterbildung", "furtherEducation",
+               "", "", ""},
+    BillTarget{Kind::liegenschaft, Record::realEstate, "Unterhalt der Liegenschaft",
+               "actualMaintenanceCosts", "", "", "Abziehbar ist nur werterhaltender Unterhalt."},
+};
+
+/// Totals as bills and receipts name them, the surest first.
+const Wanted& totals() {
+    static const Wanted wanted{
+        {"Rechnungsbetrag",
+         "Rechnungstotal",
+         "Gesamtbetrag",
+         "Total Rechnung",
+         "Zu bezahlen",
+         "Zahlbetrag",
+         "Total inkl*",
+         "Gesamttotal",
+         "Total zu bezahlen",
+         "Total Spenden",
+         "Total der Spenden",
+         "Total der Zuwendungen",
+         "Total Zuwendungen",
+         "Spendentotal",
+         "Spendenbetrag",
+         "Von den Eltern bezahlt*",
+         "Elternbeitrag bezahlt",
+         "Bezahlter Elternbeitrag",
+         "Total Elternbeitrag",
+         "Nettokosten*",
+         "Kosten der Weiterbildung",
+         "Weiterbildungskosten",
+         "Lehrgangskosten",
+         "Lehrgangsgebühr*",
+         "Studiengebühr*",
+         "Semestergebühr*",
+         "Teilnahmegebühr",
+         "Bezahlter Betrag",
+         "Rechnungssumme",
+         "Offener Betrag",
+         "Zahlungsbetrag",
+         "Spendensumme",
+         "Gespendeter Betrag",
+         "Elternanteil",
+         "Netto zu Lasten der Eltern",
+         "Bezahlte Kurskosten",
+         "Total Betreuungskosten",
+         "Total der Betreuungskosten",
+         "Total Elternbeiträge",
+         "Total Betreuung",
+         "Bezahlte Betreuungskosten",
+         "Betreuungskosten total",
+         "Jahrestotal",
+         "Kursgeld total",
+         "Total Kursgeld",
+         "Total Kurskosten",
+         "Montant de la facture",
+         "Montant à payer",
+         "Total à payer",
+         "Total TTC",
+         "Total facture",
+         "Montant total",
+         "Total des dons",
+         "Total général",
+         "Total des frais de garde",
+         "Importo della fattura",
+         "Importo fattura",
+         "Totale da pagare",
+         "Importo totale",
+         "Totale donazioni",
+         "Totale delle donazioni",
+         "Totale fattura",
+         "Totale generale",
+         "Totale spese di custodia",
+         "Totalbetrag",
+         "Endbetrag"},
+        {"exkl*", "ohne MWST", "HT", "IVA esclusa", "Zwischentotal", "Vorjahr", "Mahngebühr"}};
+    return wanted;
+}
+const Wanted& plainTotals() {
+    static const Wanted wanted{{"Total*",
+                                "Totale",
+                                "Gesamt",
+                                "Summe",
+                                "Betrag",
+                                "Montant",
+                                "Importo",
+                                "Spende",
+                                "Spende von",
+                                "Zuwendung",
+                                "Don de",
+                                "Don",
+                                "Donazione",
+                                "Kursgeld",
+                                "Kurskosten",
+                                "Kursgebühr",
+                                "Frais de cours",
+                                "Tassa del corso",
+                                "Betreuungskosten",
+                                "Frais de garde",
+                                "Spese di custodia",
+                                "CHF",
+                                "Fr."},
+                               {"exkl*", "HT", "IVA esclusa", "Zwischentotal", "Sous-total",
+                                "Subtotale", "Vorjahr", "Taxpunkte", "Stunden", "Tage"},
+                               false};
+    return wanted;
+}
+const Wanted& taxes() {
+    static const Wanted wanted{{"MWST*", "Mehrwertsteuer", "TVA", "IVA"},
+                               {"inkl*", "exkl*", "Nr", "CHE*", "ohne", "incl*", "Total", "Totale",
+                                "befreit", "esclusa", "inclusa"}};
+    return wanted;
+}
+const Wanted& nets() {
+    static const Wanted wanted{{"Nettobetrag", "Total exkl. MWST", "Total ohne MWST", "Netto",
+                                "Zwischentotal", "Total HT", "Montant net", "Sous-total",
+                                "Totale IVA esclusa", "Importo netto", "Subtotale"},
+                               {}};
+    return wanted;
+}
+
+std::vector<ProposalCheck> totalChecks(const std::vector<RowRange>& ranges,
+                                       const FoundAmount& total) {
+    std::vector<ProposalCheck> checks;
+    const auto tax = findLast(ranges, taxes());
+    const auto net = findLast(ranges, nets());
+    if (tax && net && tax->value() != net->value() && net->value() <= total.value()
+        && tax->value() < net->value()) {
+        const Decimal computed = net->value() + tax->value();
+        const bool holds = (computed - total.value()).abs() <= Decimal(5) / 100; // to five cents
+        checks.push_back({"Netto + MWST: " + shown(net->value()) + " + " + shown(tax->value())
+                              + " = " + shown(computed)
+                              + (holds ? "" : ", als Total steht aber " + shown(total.value())),
+                          holds});
+    }
+    if (const auto column = columnCheck(total); checks.empty() && column) {
+        checks.push_back(*column);
+    }
+    return checks;
+}
+
+class BillMapper {
+  public:
+    BillMapper(const KindContext& context, const BillTarget& target, ProposalDraft& draft)
+        : context_(context), target_(target), draft_(draft),
+          ranges_(wholeDocument(context.document)) {}
+
+    void propose() {
+        printed_ = bestTotal();
+        const bool isPayable = context_.bill && context_.bill->bill.amount;
+        if (!isPayable && (!printed_ || printed_->value() < 1)) {
+            return;
+        }
+        const int page = isPayable ? context_.bill->page : printed_->page->number;
+        const std::string payee = payeeName();
+        std::string title = target_.title;
+        title += payee.empty() ? std::string() : ' ' + payee;
+        ProposedRecord record = recordWith(context_.facts, target_.record, std::move(title), page);
+        record.advice = advice(isPayable);
+        if (target_.kind == Kind::arztrechnung) { // treated in the old year, billed in the new one
+            const auto& day = context_.bill && context_.bill->bill.date ? context_.bill->bill.date
+                                                                        : context_.facts.issued;
+            record.year = day ? std::optional(day->year()) : record.year;
+        }
+        record_ = draft_.addRecord(std::move(record));
+        if (isPayable) {
+            proposePayable();
+        } else {
+            proposePrinted();
+        }
+        proposeWords(payee, isPayable);
+    }
+
+  private:
+    std::string payeeName() const {
+        return context_.bill && !context_.bill->bill.payee.empty() ? context_.bill->bill.payee
+                                                                   : context_.facts.issuer.text;
+    }
+
+    std::string advice(bool isPayable) const {
+        std::string text = isPayable ? noProof : "";
+        if (*target_.advice != 0) {
+            text += text.empty() ? target_.advice : ' ' + std::string(target_.advice);
+        }
+        return text;
+    }
+
+    std::optional<FoundAmount> bestTotal() {
+        if (auto found = findLast(ranges_, totals()); found && found->value() >= 1) {
+            wanted_ = &totals();
+            return found;
+        }
+        wanted_ = &plainTotals();
+        auto all = findAmounts(ranges_, plainTotals());
+        std::erase_if(all, [](const FoundAmount& one) { return one.value() < 1; });
+        for (const FoundAmount& one : all) {
+            if (columnCheck(one)) {
+                return one;
+            }
+        }
+        return all.empty() ? std::nullopt : std::optional(all.back());
+    }
+
+    /// The amount of the QR-bill, with the printed one beside it.
+    void proposePayable() {
+        const QrBill& bill = context_.bill->bill;
+        const Decimal amount = *bill.amount;
+        Evidence evidence{.witness = Witness::payload,
+                          .confidence = Confidence::high,
+                          .reason = "Aus dem QR-Code der Rechnung gelesen.",
+                          .page = context_.bill->page,
+                          .box = context_.bill->box};
+        if (bill.currency != "CHF") {
+            evidence.checks.push_back(
+                {"Der Betrag lautet auf " + bill.currency + ", nicht auf Franken", false});
+        }
+        if (const auto place = findPrinted(context_.document, amount)) {
+            evidence.checks.push_back(printedCheck(amount, place->amount->amount));
+            if (printed_ && wanted_->isSpecific && printed_->value() != amount
+                && !isPrintedForm(amount, printed_->amount.amount)) {
+                evidence.checks.push_back(printedCheck(amount, printed_->amount.amount));
+            }
+        } else if (printed_) {
+            evidence.checks.push_back(printedCheck(amount, printed_->amount.amount));
+        }
+        if (bill.totalByTax) {
+            const bool holds = (*bill.totalByTax - amount).abs() <= Decimal(5) / 100;
+            evidence.checks.push_back(
+                {"Netto + MWST laut Rechnungsangaben = " + shown(*bill.totalByTax)
+                     + (holds ? "" : ", zu zahlen ist " + shown(amount)),
+                 holds});
+        }
+        if (!context_.isKindClear) {
+            evidence.confidence = Confidence::medium; // the amount is sure, what it is for is not
+        }
+        draft_.add(record_, target_.amount, amount, std::move(evidence));
+    }
+
+    void proposePrinted() {
+        draft_.add(
+            record_, target_.amount, printed_->value(),
+            evidenceOf(*printed_, *wanted_, context_.isKindClear, totalChecks(ranges_, *printed_)));
+    }
+
+    void proposeWords(const std::string& payee, bool isPayable) {
+        const bool isExact = isPayable && !context_.bill->bill.payee.empty();
+        Evidence words{.witness = isExact ? Witness::payload : Witness::position,
+                       .confidence = isExact ? Confidence::high : Confidence::medium,
+                       .reason = isExact ? "Aus dem QR-Code der Rechnung gelesen."
+                                         : "Steht oben auf dem Dokument.",
+                       .page = isExact ? context_.bill->page : context_.facts.issuer.page,
+                       .box = isExact ? context_.bill->box : context_.facts.issuer.box};
+        if (*target_.payee != 0) {
+            draft_.add(record_, target_.payee, payee, words);
+        }
+        if (*target_.day == 0) {
+            return;
+        }
+        if (context_.bill && context_.bill->bill.date) {
+            draft_.add(record_, target_.day, context_.bill->bill.date, words);
+        } else if (context_.facts.issued) {
+            draft_.add(record_, target_.day, context_.facts.issued,
+                       {.witness = Witness::position,
+                        .confidence = Confidence::medium,
+                        .reason = "Datum des Dokuments.",
+                        .page = words.page});
+        }
+    }
+
+    const KindContext& context_;
+    const BillTarget& target_;
+    ProposalDraft& draft_;
+    std::vector<RowRange> ranges_;
+    std::optional<FoundAmount> printed_;
+    const Wanted* wanted_ = nullptr;
+    int record_ = 0;
+};
+
+} // namespace
+
+void proposeBill(const KindContext& context, ProposalDraft& draft) {
+    const auto target = std::ranges::find(targets, context.kind, &BillTarget::kind);
+    if (target != targets.end()) {
+        BillMapper(context, *target, draft).propose();
+    }
+}
+
+} // namespace fiscarel

@@ -1,0 +1,453 @@
+#include "Fiscarel_SG/documents/kinds/DocumentFacts.h"
+
+#include "Fiscarel_SG/documents/kinds/FormHeader.h"
+#include "Fiscarel_SG/documents/rows/RowLabels.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+
+namespace fiscarel {
+
+using taxcore::Date;
+
+namespace {
+
+bool hasDigit(std::string_view text) {
+    return text.find_first_of("0123456789") != std::string_view::npos;
+}
+
+/// Years by how clearly they are meant: named as the year, as end of the year, in any date.
+class YearVotes {
+  public:
+    /// `isTitle`: the row stands in the upper part of the first page.
+    void look(const Row& row, bool isTitle) {
+        static const Labels names{
+            "Steuerjahr",         "Jahr",         "Jahre",   "Steuerperiode", "Beitragsjahr",
+            "Bescheinigungsjahr", "Kalenderjahr", "Année",   "Année fiscale", "Anno",
+            "Anno fiscale",       "Exercice",     "Periode", "Période",       "Periodo"};
+        std::vector<std::string_view> texts;
+        for (const RowWord& word : row.words) {
+            texts.emplace_back(word.text);
+        }
+        const std::vector<bool> barred = wordsWithoutAmount(texts); // parts of account numbers
+        for (std::size_t i = 0; i < row.words.size(); ++i) {
+            if (const auto day = dayAt(row, i)) {
+                vote(day->year(), day->month() == 12 && day->day() == 31 ? 5 : 1);
+                i += parseDay(row.words[i].text) ? 0U : 2U;
+            } else if (const auto year = yearIn(row.words[i].text); year && !isPlace(row, i)) {
+                std::string before;
+                for (std::size_t j = i > 3 ? i - 3 : 0; j < i; ++j) {
+                    before += row.words[j].folded + ' ';
+                }
+                const bool isNamed = isAnyIn(before, names);
+                const bool isInNumber = (i > 0 && barred[i] && barred[i - 1])
+                                        || (i + 1 < barred.size() && barred[i] && barred[i + 1]);
+                if (isNamed || !isInNumber) {
+                    vote(*year, isNamed ? 8 : isTitle ? 6 : 2);
+                }
+            }
+        }
+    }
+
+    std::optional<int> best() const {
+        const auto most =
+            std::ranges::max_element(votes_, {}, [](const auto& entry) { return entry.second; });
+        return most == votes_.end() ? std::nullopt : std::optional(most->first);
+    }
+
+  private:
+    static std::optional<int> yearIn(std::string_view word) {
+        while (!word.empty()
+               && std::string_view(".,:;)").find(word.back()) != std::string_view::npos) {
+            word.remove_suffix(1);
+        }
+        if (word.size() != 4 || !word.starts_with("20")
+            || word.find_first_not_of("0123456789") != std::string_view::npos) {
+            return std::nullopt;
+        }
+        return std::stoi(std::string(word));
+    }
+
+    static std::optional<Date> dayAt(const Row& row, std::size_t at) {
+        const auto text = [&](std::size_t i) -> std::string_view {
+            return i < row.words.size() ? std::string_view(row.words[i].text) : std::string_view();
+        };
+        const auto day = parseDay(text(at));
+        return day ? day : parseDay(text(at), text(at + 1), text(at + 2));
+    }
+
+    /// "2000 Neuchâtel": a postal code before a name, and nothing before it but a street.
+    static bool isPlace(const Row& row, std::size_t at) {
+        if (at + 1 >= row.words.size() || (at > 0 && !row.words[at - 1].text.ends_with(','))) {
+            return false;
+        }
+        const char next = row.words[at + 1].text.front();
+        return next >= 'A' && next <= 'Z' && row.words[at + 1].text.size() > 2;
+    }
+
+    void vote(int year, int weight) {
+        if (year >= 2000 && year <= 2100) {
+            votes_[year] += weight;
+        }
+    }
+
+    std::map<int, int> votes_;
+};
+
+/// The first day of a row from a word on, in figures or words.
+std::optional<Date> dayFrom(const Row& row, std::size_t from) {
+    for (std::size_t i = from; i < row.words.size(); ++i) {
+        if (const auto day = parseDay(row.words[i].text)) {
+            return day;
+        }
+        if (i + 2 < row.words.size()) {
+            if (const auto day =
+                    parseDay(row.words[i].text, row.words[i + 1].text, row.words[i + 2].text)) {
+                return day;
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+void readDays(const PageRows& page, DocumentFacts& facts) {
+    static const Labels birth{"Geburtsdatum",      "geboren am", "geb",    "geboren",
+                              "Date de naissance", "né le",      "née le", "Data di nascita",
+                              "nato il",           "nata il"};
+    static const Labels issue{"Rechnungsdatum",     "Datum", "Date de facture",
+                              "Date de la facture", "Date",  "Data fattura",
+                              "Data della fattura", "Data",  "vom"};
+    std::optional<Date> placed;
+    for (const Row& row : page.rows) {
+        const auto born = findLabel(row, birth, page.isRecognised);
+        if (born && !facts.birthDate) {
+            facts.birthDate = dayFrom(row, born->last + 1);
+        }
+        const auto label = findLabel(row, issue, page.isRecognised);
+        if (label && !facts.issued && !born) {
+            facts.issued = dayFrom(row, label->last + 1);
+        }
+        // "St.Gallen, 14. Januar 2025"
+        if (!placed && row.words.size() >= 2 && row.words.size() <= 6
+            && row.words.front().text.ends_with(',')) {
+            placed = dayFrom(row, 1);
+        }
+    }
+    if (!facts.issued) {
+        facts.issued = placed;
+    }
+}
+
+PlacedText placed(const PageRows& page, const Row& row, std::size_t first, std::size_t last) {
+    PagePlace place = row.words[first].printed;
+    for (std::size_t i = first; i <= last; ++i) {
+        place.right = std::max(place.right, row.words[i].printed.right);
+        place.top = std::min(place.top, row.words[i].printed.top);
+        place.bottom = std::max(place.bottom, row.words[i].printed.bottom);
+    }
+    return {textBetween(row, first, last), page.number, pageBox(place, page)};
+}
+
+/// Where a run of words ends: before a gap as wide as between columns.
+std::size_t endOfRun(const PageRows& page, const Row& row, std::size_t first) {
+    std::size_t last = first;
+    const double widest = page.number == 0 ? 2 : 1.8 * row.height();
+    while (last + 1 < row.words.size()
+           && row.words[last + 1].place.left - row.words[last].place.right < widest) {
+        ++last;
+    }
+    return last;
+}
+
+bool isCompany(const std::string& folded) {
+    static const Labels words{"AG",
+                              "SA",
+                              "GmbH",
+                              "Sàrl",
+                              "Genossenschaft",
+                              "Stiftung",
+                              "Fondation",
+                              "Fondazione",
+                              "Verein",
+                              "Association",
+                              "Associazione",
+                              "Bank*",
+                              "Banque*",
+                              "Banca*",
+                              "Sparkasse",
+                              "Raiffeisen*",
+                              "Versicherung*",
+                              "Assurance*",
+                              "Assicurazion*",
+                              "Krankenkasse",
+                              "Pensionskasse",
+                              "Kita",
+                              "Kindertagesstätte",
+                              "Praxis",
+                              "Zahnarztpraxis",
+                              "Arztpraxis",
+                              "Cabinet*",
+                              "Studio",
+                              "Crèche",
+                              "Schule",
+                              "Akademie",
+                              "Institut*",
+                              "École",
+                              "Scuola",
+                              "Hochschule",
+                              "Fachhochschule",
+                              "Gemeinde",
+                              "Kanton",
+                              "Amt",
+                              "Spital",
+                              "Apotheke",
+                              "Vorsorgestiftung",
+                              "Caisse*",
+                              "Cassa",
+                              "Asilo",
+                              "Hilfswerk",
+                              "Zentrum",
+                              "Dr",
+                              "Garderie"};
+    return isAnyIn(folded, words);
+}
+
+/// The first line of the first page that names a company, else the first line of words.
+void readIssuer(const PageRows& page, DocumentFacts& facts) {
+    PlacedText fallback;
+    std::size_t seen = 0;
+    for (const Row& row : page.rows) {
+        if (++seen > 12 || row.words.empty()) {
+            break;
+        }
+        for (std::size_t first = 0; first < row.words.size();) {
+            const std::size_t last = endOfRun(page, row, first);
+            std::string folded;
+            for (std::size_t i = first; i <= last; ++i) {
+                folded += row.words[i].folded + ' ';
+            }
+            const PlacedText text = placed(page, row, first, last);
+            if (isCompany(folded) && text.text.size() < 80) {
+                facts.issuer = text;
+                return;
+            }
+            if (fallback.text.empty() && !hasDigit(text.text) && text.text.size() > 3) {
+                fallback = text;
+            }
+            first = last + 1;
+        }
+    }
+    facts.issuer = fallback;
+}
+
+/// A run of words in its row.
+struct Run {
+    const Row* row = nullptr;
+    std::size_t first = 0;
+    std::size_t last = 0;
+
+    double left() const { return row->words[first].place.left; }
+    std::string text() const { return textBetween(*row, first, last); }
+};
+
+/// The run that begins under another one, in the next row that has one there.
+std::optional<Run> runBelow(const PageRows& page, std::size_t at, double left) {
+    for (std::size_t next = at + 1; next < std::min(at + 4, page.rows.size()); ++next) {
+        const Row& row = page.rows[next];
+        for (std::size_t i = 0; i < row.words.size(); ++i) {
+            if (std::abs(row.words[i].place.left - left) < row.height() * 0.6) {
+                return Run{&row, i, endOfRun(page, row, i)};
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+/// "9000 St.Gallen", "FL-9490 Vaduz"
+bool isTown(std::string_view text) {
+    for (const std::string_view prefix : {"CH-", "FL-", "LI-"}) {
+        if (text.starts_with(prefix)) {
+            text.remove_prefix(prefix.size());
+        }
+    }
+    return text.size() > 6 && text.find_first_not_of("0123456789") == 4 && text[4] == ' '
+           && !hasDigit(text.substr(5, 2));
+}
+
+bool isCapital(char first) {
+    return (first >= 'A' && first <= 'Z') || static_cast<unsigned char>(first) >= 0x80;
+}
+
+bool isName(const Run& run) {
+    std::string folded;
+    for (std::size_t i = run.first; i <= run.last; ++i) {
+        folded += run.row->words[i].folded + ' ';
+    }
+    const std::string text = run.text();
+    const std::size_t count = run.last - run.first + 1;
+    return !isCompany(folded) && count >= 2 && count <= 5 && !hasDigit(text) && text.size() < 50
+           && isCapital(text[0]) && text.find_first_of(":,;") == std::string::npos;
+}
+
+/// Whether a town follows in one of the next lines at the same left edge.
+bool isAboveTown(const PageRows& page, std::size_t at, double left) {
+    auto below = runBelow(page, at, left);
+    for (int lines = 0; below && lines < 3; ++lines) {
+        if (isTown(below->text())) {
+            return true;
+        }
+        const auto index = static_cast<std::size_t>(below->row - page.rows.data());
+        below = runBelow(page, index, below->left());
+    }
+    return false;
+}
+
+/// What stands before the name of the person a document concerns.
+const Labels& personLabels() {
+    static const Labels labels{"Versicherte Person",
+                               "Personne assurée",
+                               "Persona assicurata",
+                               "Vorsorgenehmer*",
+                               "Versicherungsnehmer*",
+                               "Kontoinhaber*",
+                               "Preneur de prévoyance",
+                               "Titulaire*",
+                               "Titolare",
+                               "Intestatario",
+                               "Patient/in",
+                               "Patientin",
+                               "Patient",
+                               "Paziente",
+                               "Behandlung von",
+                               "Traitement de",
+                               "Cura di",
+                               "Cure di",
+                               "Trattamento di",
+                               "Name des Kindes",
+                               "Kind",
+                               "Enfant",
+                               "Bambino",
+                               "Bambina",
+                               "Teilnehmerin",
+                               "Teilnehmer*",
+                               "Participant*",
+                               "Partecipante",
+                               "Spenderin",
+                               "Spender*",
+                               "Donateur*",
+                               "Donatore",
+                               "Eigentümer*",
+                               "Propriétaire",
+                               "Proprietario",
+                               "Name",
+                               "Nom",
+                               "Nome",
+                               "bestätigen, dass",
+                               "Arbeitnehmer/in",
+                               "Arbeitnehmerin",
+                               "Arbeitnehmer",
+                               "Rentenbezüger/in",
+                               "Rentenbezüger*",
+                               "Preneur d'assurance",
+                               "Stipulante",
+                               "Versicherter",
+                               "Versicherte"};
+    return labels;
+}
+
+/// The name behind a label, else the one in the address.
+void readPerson(const PageRows& page, DocumentFacts& facts) {
+    for (const Label& label : personLabels()) {
+        for (const Row& row : page.rows) {
+            const auto place = findLabel(row, label, page.isRecognised);
+            if (!place || place->last + 1 >= row.words.size()) {
+                continue;
+            }
+            static const Labels particles{"de", "di", "von", "d"};
+            std::size_t first = place->last + 1;
+            if (first + 1 < row.words.size() && isAnyIn(row.words[first].folded, particles)) {
+                ++first;
+            }
+            const std::size_t last = endOfRun(page, row, first);
+            std::size_t count = 0;
+            while (first + count <= last && !hasDigit(row.words[first + count].text)
+                   && !row.words[first + count].text.starts_with("(")) {
+                const std::string_view word = row.words[first + count].text;
+                ++count;
+                if (word.ends_with(',')) {
+                    break;
+                }
+            }
+            const std::string text =
+                count == 0 ? std::string() : textBetween(row, first, first + count - 1);
+            if (text.size() > 4 && count <= 5 && isCapital(text[0])) {
+                facts.person = placed(page, row, first, first + count - 1);
+                while (facts.person.text.ends_with(',')) {
+                    facts.person.text.pop_back();
+                }
+                return;
+            }
+        }
+    }
+    facts.person = findAddressee(page, page.height);
+}
+
+} // namespace
+
+PlacedText findAddressee(const PageRows& page, double above) {
+    static const Labels salutations{"Herr",   "Herrn",   "Frau", "Monsieur", "Madame",
+                                    "Signor", "Signora", "M",    "Mme"};
+    for (std::size_t at = 0; at + 2 < page.rows.size() && page.number != 0; ++at) {
+        const Row& row = page.rows[at];
+        if (row.middle() >= above) {
+            break;
+        }
+        for (std::size_t first = 0; first < row.words.size();
+             first = endOfRun(page, row, first) + 1) {
+            Run run{&row, first, endOfRun(page, row, first)};
+            if (run.last > run.first && isAnyIn(row.words[first].folded, salutations)) {
+                ++run.first;
+            }
+            if (isName(run) && isAboveTown(page, at, row.words[first].place.left)) {
+                return placed(page, row, run.first, run.last);
+            }
+        }
+    }
+    return {};
+}
+
+DocumentFacts readFacts(const DocumentRows& document) {
+    DocumentFacts facts;
+    YearVotes votes;
+    for (const PageRows& page : document.pages) {
+        for (const Row& row : page.rows) {
+            votes.look(row, &page == &document.pages.front() && row.middle() < page.height * 0.4);
+            if (facts.socialSecurityNumber.empty()) {
+                facts.socialSecurityNumber = socialSecurityNumberIn(row);
+            }
+        }
+        readDays(page, facts);
+        if (facts.issuer.text.empty()) {
+            readIssuer(page, facts);
+        }
+        if (facts.person.text.empty()) {
+            readPerson(page, facts);
+        }
+    }
+    facts.year = votes.best();
+    return facts;
+}
+
+ProposedRecord recordWith(const DocumentFacts& facts, ProposedRecord::Kind kind, std::string title,
+                          int page) {
+    return {.kind = kind,
+            .title = std::move(title),
+            .page = page,
+            .year = facts.year,
+            .personName = facts.person.text,
+            .birthDate = facts.birthDate,
+            .socialSecurityNumber = facts.socialSecurityNumber};
+}
+
+} // namespace fiscarel

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "Fiscarel_SG/documents/ProposalDraft.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace fiscarel {
+
+/// A text with the place where it stands.
+struct PlacedText {
+    std::string text;
+    int page = 0;
+    std::optional<PageBox> box;
+};
+
+/// What a document tells besides its amounts.
+struct DocumentFacts {
+    std::optional<int> year; ///< the year it speaks of, by the clearest mention
+    std::optional<taxcore::Date> birthDate;
+    std::optional<taxcore::Date> issued; ///< the document's own date
+    std::string socialSecurityNumber;
+    PlacedText issuer; ///< company, institution or practice at its top
+    PlacedText person; ///< whom it concerns
+};
+
+DocumentFacts readFacts(const DocumentRows& document);
+
+/// The name in an address on a page above a height (points): two or three lines above a town, no
+/// company; empty when there is none.
+PlacedText findAddressee(const PageRows& page, double above);
+
+/// A record of a kind with what the facts tell of it.
+ProposedRecord recordWith(const DocumentFacts& facts, ProposedRecord::Kind kind, std::string title,
+                          int page);
+
+} // namespace fiscarel

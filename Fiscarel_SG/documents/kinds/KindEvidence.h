@@ -1,0 +1,24 @@
+#pragma once
+
+#include "Fiscarel_SG/documents/ProposalDraft.h"
+
+#include <optional>
+
+namespace fiscarel {
+
+/// What the words of a document say it is.
+struct KindVerdict {
+    std::optional<StoredDocument::Kind> kind; ///< absent when nothing speaks for one
+    /// It is told apart clearly enough for its amounts to be sure.
+    bool isClear = false;
+};
+
+/// Weighs the words of a document: titles and issuers at its top count double. Annexes on employee
+/// shares, tax returns and shop receipts are none of the kinds that hold amounts, whatever they
+/// mention.
+KindVerdict weighKind(const DocumentRows& document);
+
+/// Whether the words are those of a bill for repairs of a building.
+bool isRepairBill(const DocumentRows& document);
+
+} // namespace fiscarel

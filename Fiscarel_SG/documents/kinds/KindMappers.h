@@ -1,0 +1,36 @@
+#pragma once
+
+#include "Fiscarel_SG/documents/kinds/DocumentFacts.h"
+#include "Fiscarel_SG/documents/kinds/KindEvidence.h"
+#include "Fiscarel_SG/documents/payload/QrBill.h"
+
+#include <optional>
+
+namespace fiscarel {
+
+/// A QR-bill with its place in the document.
+struct PlacedBill {
+    QrBill bill;
+    int page = 0;
+    std::optional<PageBox> box;
+};
+
+/// What a mapper of a kind knows of a document.
+struct KindContext {
+    const DocumentRows& document;
+    const DocumentFacts& facts;
+    StoredDocument::Kind kind;
+    bool isKindClear = false;
+    std::optional<PlacedBill> bill;
+};
+
+// Each proposes for documents of its kinds what it finds; nothing when it finds nothing.
+
+/// Pillar 3a, buy-ins, premiums, life insurances and valuations: amounts by their labels.
+void proposeLabelled(const KindContext& context, ProposalDraft& draft);
+/// Accounts with their balance and interest, and loans.
+void proposeAccounts(const KindContext& context, ProposalDraft& draft);
+/// Bills and receipts: medical costs, day care, courses, donations, repairs.
+void proposeBill(const KindContext& context, ProposalDraft& draft);
+
+} // namespace fiscarel

@@ -1,0 +1,239 @@
+#include "Fiscarel_SG/documents/kinds/SalaryForm.h"
+
+#include "Fiscarel_SG/documents/kinds/FormHeader.h"
+#include "Fiscarel_SG/documents/rows/RowLabels.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace fiscarel {
+
+namespace {
+
+struct BoxLabels {
+    SalaryBox box;
+    int number; ///< of the form's main box
+    Labels labels;
+};
+
+/// The boxes in the order of the form. Those of no interest stand here because their amounts must
+/// not go to a neighbour.
+const std::vector<BoxLabels>& boxLabels() {
+    using enum SalaryBox;
+    static const std::vector<BoxLabels> rows{
+        {none, 1, {"Lohn soweit nicht", "Salaire qui ne concerne pas", "Salario se non"}},
+        {none, 2, {"Verpflegung Unterkunft", "Pension logement", "Vitto alloggio"}},
+        {none, 2, {"Privatanteil Geschäft*", "Part privée voiture", "Quota privata"}},
+        {none, 2, {"2.3 Andere", "2.3 Autres", "2.3 Altre"}},
+        {none,
+         3,
+         {"Unregelmässige Leistungen", "Prestations non périodiques", "Prestazioni aperiodiche"}},
+        {none, 4, {"Kapitalleistungen", "Prestations en capital", "Prestazioni in capitale"}},
+        {none, 5, {"Beteiligungsrechte", "Droits de participation", "Diritti di partecipazione"}},
+        {none,
+         6,
+         {"Verwaltungsratsentschädigung*", "Indemnités des membres", "Indennità dei membri"}},
+        {none, 7, {"Andere Leistungen", "Autres prestations", "Altre prestazioni"}},
+        {gross, 8, {"Bruttolohn total", "Salaire brut total", "Salario lordo totale"}},
+        {social,
+         9,
+         {"Beiträge AHV/IV/EO/ALV", "Beiträge AHV/IV/FAK/ALV", "AHV/IV/EO/ALV/NBUV",
+          "AVS/AI/APG/AC/AANP", "AVS/AI/IPG/AD/AINP", "Cotisations AVS/AI/APG/AC",
+          "Contributi AVS/AI/IPG/AD"}},
+        {pensionFund,
+         10,
+         {"Ordentliche Beiträge", "Cotisations ordinaires", "Contributi ordinari"}},
+        {buyIn,
+         10,
+         {"Beiträge für den Einkauf", "Einkauf Pensionskasse", "Pensionskasse Einkauf",
+          "Caisse de pension rachat", "Caisse de pensions rachat", "Rachat caisse de pension*",
+          "Cassa pensione riscatto", "Riscatto cassa pensione", "LPP rachat", "LPP riscatto",
+          "BVG Einkauf", "Cotisations pour le rachat", "Contributi per il riscatto"}},
+        {net, 11, {"Nettolohn", "Salaire net", "Salario netto"}},
+        {none, 12, {"Quellensteuerabzug", "Retenue de l'impôt", "Ritenuta d'imposta"}},
+        {none, 13, {"13.1.1", "Reise Verpflegung", "Voyage repas", "Viaggio vitto"}},
+        {otherEffective, 13, {"13.1.2"}},
+        {none, 13, {"13.2.1", "Repräsentation", "Représentation", "Rappresentanza"}},
+        {none, 13, {"13.2.2"}},
+        {otherFlat, 13, {"13.2.3"}},
+        {none,
+         13,
+         {"13.3", "Beiträge an die Weiterbildung", "Contributions au perfectionnement",
+          "Contributi per il perfezionamento"}},
+        {none,
+         14,
+         {"Weitere Gehaltsnebenleistungen", "Autres prestations salariales",
+          "Altre prestazioni accessorie"}},
+        {none, 15, {"Bemerkungen", "Observations", "Osservazioni"}},
+    };
+    return rows;
+}
+
+/// The certificate of Liechtenstein numbers the same boxes in its own way.
+int liechtensteinNumber(SalaryBox box) {
+    switch (box) {
+    case SalaryBox::gross:
+        return 4;
+    case SalaryBox::social:
+        return 5;
+    case SalaryBox::pensionFund:
+        return 6;
+    case SalaryBox::buyIn:
+        return 7;
+    case SalaryBox::net:
+        return 8;
+    default:
+        return 0;
+    }
+}
+
+bool isLiechtenstein(const PageRows& page) {
+    static const Label name{"Fürstentum Liechtenstein"};
+    return std::ranges::any_of(page.rows, [&](const Row& row) {
+        return row.middle() < page.height / 3 && findLabel(row, name, page.isRecognised);
+    });
+}
+
+/// A row with the label of a box.
+struct Anchor {
+    SalaryBox box = SalaryBox::none;
+    std::size_t order = 0; ///< of the box on the form
+    const Row* row = nullptr;
+    double right = 0; ///< where the label ends
+};
+
+/// The number a row begins with: 10 for "10.1", 0 for none.
+int leadingNumber(const Row& row) {
+    if (row.words.empty()) {
+        return 0;
+    }
+    const std::string& first = row.words.front().folded;
+    int number = 0;
+    for (const char c : first.substr(0, std::min(first.find(' '), first.size()))) {
+        if (c < '0' || c > '9' || number > 99) {
+            return 0;
+        }
+        number = number * 10 + (c - '0');
+    }
+    return number;
+}
+
+/// All rows with labels, from top to bottom. A label out of the form's order is one that a remark
+/// or another box only mentions.
+std::vector<Anchor> findAnchors(const PageRows& page) {
+    std::vector<Anchor> anchors;
+    const auto& table = boxLabels();
+    std::size_t reached = 0;
+    const bool isForeign = isLiechtenstein(page);
+    for (const Row& row : page.rows) {
+        const int number = leadingNumber(row);
+        for (std::size_t i = 0; i < table.size(); ++i) {
+            const auto place = findLabel(row, table[i].labels, page.isRecognised);
+            const int own = isForeign ? liechtensteinNumber(table[i].box) : table[i].number;
+            const bool isOther = number != 0 && number <= 15 && number != own;
+            static const Labels employers{"Arbeitgeberanteil*", "Part de l'employeur",
+                                          "Part employeur", "Quota del datore"};
+            const bool isEmployers =
+                table[i].box == SalaryBox::social && findLabel(row, employers, page.isRecognised);
+            if (!place || i < reached || isEmployers || (isOther && !page.isRecognised)) {
+                continue;
+            }
+            double right = place->right;
+            for (const Label& label : table[i].labels) {
+                if (const auto more = findLabel(row, label, page.isRecognised)) {
+                    right = std::max(right, more->right);
+                }
+            }
+            anchors.push_back({table[i].box, i, &row, right});
+            reached = i;
+            break;
+        }
+    }
+    return anchors;
+}
+
+bool canBeAmount(const RowAmount& amount) {
+    return amount.amount.isFirm()
+           || (!amount.amount.isYearLike() && amount.amount.value.abs() >= 100);
+}
+
+/// Puts each row's last amount to the label nearest in height.
+void takeAmounts(const PageRows& page, const std::vector<Anchor>& anchors, SalaryForm& form) {
+    std::map<SalaryBox, double> distances;
+    for (const Row& row : page.rows) {
+        if (row.amounts.empty() || !canBeAmount(row.amounts.back())) {
+            continue;
+        }
+        const RowAmount& amount = row.amounts.back();
+        const double middle = (amount.place.top + amount.place.bottom) / 2;
+        const auto distance = [&](const Anchor& anchor) {
+            const double own = std::abs(anchor.row->middle() - middle);
+            return anchor.row == &row ? own / 4 : own;
+        };
+        const auto nearest = std::ranges::min_element(anchors, {}, distance);
+        if (nearest == anchors.end() || nearest->box == SalaryBox::none
+            || distance(*nearest) > 0.8 * nearest->row->height()
+            || amount.place.left < nearest->right) {
+            continue;
+        }
+        const auto known = distances.find(nearest->box);
+        if (known == distances.end() || distance(*nearest) < known->second) {
+            distances[nearest->box] = distance(*nearest);
+            form.boxes.insert_or_assign(nearest->box, amount);
+            form.boxes[nearest->box].amount.value =
+                amount.amount.value.abs(); // the form's own sign
+        }
+    }
+}
+
+bool hasBox(const std::vector<Anchor>& anchors, SalaryBox box) {
+    return std::ranges::any_of(anchors, [box](const Anchor& anchor) { return anchor.box == box; });
+}
+
+} // namespace
+
+std::optional<Decimal> SalaryForm::value(SalaryBox box) const {
+    const auto found = boxes.find(box);
+    return found == boxes.end() ? std::nullopt : std::optional(found->second.amount.value);
+}
+
+std::vector<SalaryForm> readSalaryForms(const DocumentRows& document) {
+    std::vector<SalaryForm> forms;
+    for (const PageRows& page : document.pages) {
+        const auto anchors = findAnchors(page);
+        using enum SalaryBox;
+        const int named = hasBox(anchors, gross) + hasBox(anchors, social)
+                          + hasBox(anchors, pensionFund) + hasBox(anchors, net);
+        if (named < 3 && !(hasBox(anchors, gross) && hasBox(anchors, net))) {
+            continue;
+        }
+        SalaryForm form{.page = &page, .isLiechtenstein = isLiechtenstein(page)};
+        takeAmounts(page, anchors, form);
+        if (!form.boxes.contains(gross) && !form.boxes.contains(net)) {
+            continue;
+        }
+        const auto first =
+            std::ranges::find_if(anchors, [](const Anchor& anchor) { return anchor.order <= 9; });
+        readFormHeader(page, first == anchors.end() ? page.height / 2 : first->row->top, form);
+        forms.push_back(std::move(form));
+    }
+    return forms;
+}
+
+std::optional<ProposalCheck> netSalaryCheck(const std::optional<Decimal>& gross,
+                                            const Decimal& deductions,
+                                            const std::optional<Decimal>& net) {
+    if (!gross || !net) {
+        return std::nullopt;
+    }
+    const Decimal computed = *gross - deductions;
+    const bool holds = (computed - *net).abs() <= 1; // whole francs are rounded one by one
+    std::string text = "Ziffern 8 − 9 − 10.1 − 10.2 = 11: " + shown(*gross) + " − "
+                       + shown(deductions) + " = " + shown(computed);
+    if (!holds) {
+        text += ", in Ziffer 11 steht aber " + shown(*net);
+    }
+    return ProposalCheck{std::move(text), holds};
+}
+
+} // namespace fiscarel

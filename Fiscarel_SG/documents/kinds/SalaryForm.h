@@ -1,0 +1,50 @@
+#pragma once
+
+#include "Fiscarel_SG/documents/ProposalDraft.h"
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace fiscarel {
+
+/// The boxes of a salary or pension certificate that a return needs. Federal Form 11
+enum class SalaryBox { gross, social, pensionFund, buyIn, net, otherEffective, otherFlat, none };
+
+/// What is printed on one salary or pension certificate, found by places.
+struct SalaryForm {
+    const PageRows* page = nullptr;
+    bool isLiechtenstein = false; ///< the principality's certificate, which numbers its boxes anew
+    bool isPension = false;
+    bool isMarked = false;                ///< a cross says which of both it is
+    std::map<SalaryBox, RowAmount> boxes; ///< empty boxes are missing
+    std::optional<taxcore::Date> from;
+    std::optional<taxcore::Date> to;
+    std::optional<taxcore::Date> birthDate;
+    std::string socialSecurityNumber;
+    std::optional<int> year;
+    std::string person;
+    std::string employer;
+    std::string remarks;
+    bool fieldF = false;
+    bool fieldG = false;
+
+    /// The amount of a box; absent when it is empty.
+    std::optional<Decimal> value(SalaryBox box) const;
+};
+
+/// The certificates of a document, page by page; a page without the form's labels has none, and a
+/// continuation page without amounts neither. An amount belongs to the box whose label is nearest
+/// in height, so that an empty box stays empty.
+std::vector<SalaryForm> readSalaryForms(const DocumentRows& document);
+
+/// "8 − 9 − 10.1 − 10.2 = 11", empty boxes being 0; absent without boxes 8 and 11.
+std::optional<ProposalCheck> netSalaryCheck(const std::optional<Decimal>& gross,
+                                            const Decimal& deductions,
+                                            const std::optional<Decimal>& net);
+
+/// Proposes a certificate from the places of its amounts alone.
+void proposeSalaryForm(const SalaryForm& form, ProposalDraft& draft);
+
+} // namespace fiscarel

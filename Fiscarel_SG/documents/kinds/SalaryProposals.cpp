@@ -1,0 +1,155 @@
+#include "Fiscarel_SG/documents/kinds/SalaryForm.h"
+
+#include <algorithm>
+
+namespace fiscarel {
+
+using Confidence = Proposal::Confidence;
+using Witness = Proposal::Witness;
+
+namespace {
+
+struct FieldOfBox {
+    SalaryBox box;
+    const char* field;
+    const char* number; ///< as sentences name it
+};
+
+constexpr std::array amountFields{
+    FieldOfBox{SalaryBox::gross, "grossSalary", "8"},
+    FieldOfBox{SalaryBox::social, "socialContributions", "9"},
+    FieldOfBox{SalaryBox::pensionFund, "pensionContributions", "10.1"},
+    FieldOfBox{SalaryBox::buyIn, "pensionBuyIn", "10.2"},
+    FieldOfBox{SalaryBox::net, "netSalaryOverride", "11"},
+};
+
+/// Only contributions tell a wage from a pension where the cross is not readable.
+bool hasDeductions(const SalaryForm& form) {
+    return form.boxes.contains(SalaryBox::social) || form.boxes.contains(SalaryBox::pensionFund);
+}
+
+/// The numbers of the principality's certificate.
+std::string foreignNumber(const std::string& number) {
+    return number == "8"      ? "4"
+           : number == "9"    ? "5"
+           : number == "10.1" ? "6"
+           : number == "10.2" ? "7"
+                              : "8";
+}
+
+/// The evidence of a box found by its place. Recognised text needs the arithmetic to be sure.
+Evidence evidenceOf(const SalaryForm& form, const RowAmount& amount, const std::string& number,
+                    const std::optional<ProposalCheck>& check) {
+    const bool isProven = check && check->passed;
+    Evidence evidence{.witness = Witness::position,
+                      .confidence = isProven && (form.isMarked || hasDeductions(form))
+                                        ? Confidence::high
+                                        : Confidence::medium,
+                      .reason = "Der Betrag steht auf der Zeile von Ziffer "
+                                + (form.isLiechtenstein ? foreignNumber(number) : number),
+                      .page = form.page->number,
+                      .box = pageBox(amount.printed, *form.page)};
+    evidence.reason += form.page->isRecognised ? " (Texterkennung)." : ".";
+    if (check) {
+        evidence.checks.push_back(*check);
+    }
+    if (!isProven && (form.page->isRecognised && amount.certainty < 0.7)) {
+        evidence.confidence = Confidence::low;
+    }
+    return evidence;
+}
+
+ProposedRecord recordOf(const SalaryForm& form) {
+    ProposedRecord record{.kind = form.isPension ? ProposedRecord::Kind::pension
+                                                 : ProposedRecord::Kind::salaryCertificate,
+                          .title = form.isPension ? "Rentenbescheinigung" : "Lohnausweis",
+                          .page = form.page->number,
+                          .year = form.year,
+                          .personName = form.person,
+                          .birthDate = form.birthDate,
+                          .socialSecurityNumber = form.socialSecurityNumber};
+    if (!form.employer.empty()) {
+        record.title += ' ' + form.employer;
+    }
+    return record;
+}
+
+void proposePension(const SalaryForm& form, ProposalDraft& draft) {
+    const auto net = form.boxes.find(SalaryBox::net);
+    const auto gross = form.boxes.find(SalaryBox::gross);
+    const auto& taken = net != form.boxes.end() ? *net : *gross;
+    const int record = draft.addRecord(recordOf(form));
+    std::optional<ProposalCheck> check;
+    if (net != form.boxes.end() && gross != form.boxes.end()) {
+        const Decimal a = gross->second.amount.value;
+        const Decimal b = net->second.amount.value;
+        check =
+            ProposalCheck{a == b ? "Ziffer 8 = Ziffer 11"
+                                 : "In Ziffer 8 steht " + shown(a) + ", in Ziffer 11 " + shown(b),
+                          a == b};
+    }
+    const char* number = net != form.boxes.end() ? "11" : "8";
+    draft.add(record, "amount", taken.second.amount.value,
+              evidenceOf(form, taken.second, number, check));
+    draft.add(record, "label", form.employer,
+              {.witness = Witness::position,
+               .confidence = Confidence::medium,
+               .reason = "Steht bei der Unterschrift.",
+               .page = form.page->number});
+}
+
+void proposeWords(const SalaryForm& form, int record, ProposalDraft& draft) {
+    const Evidence words{.witness = Witness::position,
+                         .confidence = Confidence::medium,
+                         .reason = "Steht an der Stelle des Formulars.",
+                         .page = form.page->number};
+    draft.add(record, "employer", form.employer, words);
+    draft.add(record, "periodFrom", form.from, words);
+    draft.add(record, "periodTo", form.to, words);
+    draft.add(record, "remarks", form.remarks, words);
+    if (form.fieldF) {
+        draft.addTrue(record, "fieldF", words);
+    }
+    if (form.fieldG) {
+        draft.addTrue(record, "fieldG", words);
+    }
+}
+
+} // namespace
+
+void proposeSalaryForm(const SalaryForm& form, ProposalDraft& draft) {
+    if (form.isPension) {
+        proposePension(form, draft);
+        return;
+    }
+    const auto value = [&](SalaryBox box) { return form.value(box).value_or(Decimal()); };
+    const auto check = netSalaryCheck(form.value(SalaryBox::gross),
+                                      value(SalaryBox::social) + value(SalaryBox::pensionFund)
+                                          + value(SalaryBox::buyIn),
+                                      form.value(SalaryBox::net));
+    const int record = draft.addRecord(recordOf(form));
+    for (const FieldOfBox& row : amountFields) {
+        if (const auto found = form.boxes.find(row.box); found != form.boxes.end()) {
+            draft.add(record, row.field, found->second.amount.value,
+                      evidenceOf(form, found->second, row.number, check));
+        }
+    }
+    if (form.isLiechtenstein) {
+        draft.addTrue(record, "employerInLiechtenstein",
+                      {.witness = Witness::position,
+                       .confidence = Confidence::high,
+                       .reason = "Lohnausweis des Fürstentums Liechtenstein.",
+                       .page = form.page->number});
+    }
+    const Decimal expenses = value(SalaryBox::otherEffective) + value(SalaryBox::otherFlat);
+    if (!expenses.isZero()) {
+        const bool isFlat = form.boxes.contains(SalaryBox::otherFlat);
+        const auto& amount =
+            form.boxes.at(isFlat ? SalaryBox::otherFlat : SalaryBox::otherEffective);
+        draft.add(record, "flatRateExpenses", expenses,
+                  evidenceOf(form, amount, "13.1.2 und 13.2.3", std::nullopt));
+    }
+    proposeWords(form, record, draft);
+}
+
+} // namespace fiscarel

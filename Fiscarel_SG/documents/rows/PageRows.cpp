@@ -1,0 +1,242 @@
+#include "Fiscarel_SG/documents/rows/PageRows.h"
+
+#include "Fiscarel_SG/documents/rows/PageSlope.h"
+#include "Fiscarel_SG/documents/text/FoldedText.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace fiscarel {
+
+namespace {
+
+constexpr std::size_t mostWords = 6'000; // a page holds far fewer
+constexpr double sameRow = 0.5;          // part of the lower word that must overlap
+
+PagePlace straightened(const PagePlace& place, double slope) {
+    const double shift = slope * (place.left + place.right) / 2;
+    return {place.left, place.top - shift, place.right, place.bottom - shift};
+}
+
+PagePlace around(const PagePlace& a, const PagePlace& b) {
+    return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
+            std::max(a.bottom, b.bottom)};
+}
+
+bool isSound(const PagePlace& place) {
+    return std::isfinite(place.left) && std::isfinite(place.top) && std::isfinite(place.right)
+           && std::isfinite(place.bottom) && place.right >= place.left && place.bottom > place.top;
+}
+
+/// How well a word fits into a row: the part of the lower of both that overlaps.
+double fit(const Row& row, const PagePlace& place) {
+    const double shared = std::min(row.bottom, place.bottom) - std::max(row.top, place.top);
+    const double lower = std::min(row.height(), place.height());
+    return lower > 0 ? shared / lower : 0;
+}
+
+/// A row of dots that leads the eye from a label to its amount.
+bool isLeader(std::string_view text) {
+    return text.size() >= 3 && text.find_first_not_of("._-") == std::string_view::npos;
+}
+
+void addToBestRow(std::vector<Row>& rows, RowWord word) {
+    const double middle = (word.place.top + word.place.bottom) / 2;
+    Row* best = nullptr;
+    double most = 0;
+    for (Row& row : rows) {
+        const double overlap = fit(row, word.place);
+        const double tallest = std::max(row.height(), word.place.height());
+        const double value = 1 + overlap - std::abs(row.middle() - middle) / tallest;
+        if (overlap >= sameRow && value > most) {
+            best = &row;
+            most = value;
+        }
+    }
+    if (best == nullptr) {
+        rows.push_back({.top = word.place.top, .bottom = word.place.bottom});
+        best = &rows.back();
+    }
+    best->words.push_back(std::move(word));
+}
+
+bool hasOnlyDigits(std::string_view text) {
+    return !text.empty() && std::ranges::all_of(text, [](char c) { return c >= '0' && c <= '9'; });
+}
+
+/// How wide the gap between two words is, in digits of the second.
+double gapInDigits(const RowWord& word, const RowWord& next) {
+    const double digit =
+        next.place.width() / static_cast<double>(std::max<std::size_t>(next.text.size(), 1));
+    return (next.place.left - word.place.right) / std::max(digit, 0.1);
+}
+
+/// Whether two words may be one amount: "68" and "000.00".
+bool isSplitAmount(const RowWord& word, const RowWord& next) {
+    const std::string_view tail = next.text;
+    return hasOnlyDigits(word.text) && word.text.size() <= 3 && word.text[0] != '0'
+           && tail.size() >= 3 && hasOnlyDigits(tail.substr(0, 3))
+           && (tail.size() == 3 || tail[3] == '.' || tail[3] == ',');
+}
+
+bool continuesAmount(const RowWord& word, const RowWord& next) {
+    constexpr double narrow = 1.7; // digits; columns stand further apart
+    return isSplitAmount(word, next) && gapInDigits(word, next) < narrow;
+}
+
+/// A gap wider than within an amount and narrower than between columns: nobody can tell.
+bool mayContinueAmount(const RowWord& word, const RowWord& next) {
+    constexpr double wide = 3.5;
+    return isSplitAmount(word, next) && gapInDigits(word, next) < wide;
+}
+
+RowAmount amountFrom(const Row& row, std::size_t first, std::size_t last, PrintedAmount amount) {
+    RowAmount found{.amount = amount,
+                    .first = first,
+                    .last = last,
+                    .place = row.words[first].place,
+                    .printed = row.words[first].printed};
+    found.certainty = row.words[first].certainty;
+    for (std::size_t i = first + 1; i <= last; ++i) {
+        found.place = around(found.place, row.words[i].place);
+        found.printed = around(found.printed, row.words[i].printed);
+        found.certainty = std::min(found.certainty, row.words[i].certainty);
+    }
+    return found;
+}
+
+/// The longest amount that begins with a word.
+std::optional<RowAmount> amountAt(const Row& row, std::size_t at, const std::vector<bool>& barred,
+                                  bool isRecognised) {
+    std::string text = row.words[at].text;
+    std::size_t last = at;
+    std::size_t parts = 0;
+    while (last + 1 < row.words.size() && parts < 2 && !barred[last + 1]
+           && continuesAmount(row.words[last], row.words[last + 1])) {
+        ++last;
+        ++parts;
+        text += '\'' + row.words[last].text;
+    }
+    auto amount = parseAmount(text, isRecognised);
+    if (!amount && last > at) {
+        last = at;
+        amount = parseAmount(row.words[at].text, isRecognised);
+    }
+    if (!amount) {
+        return std::nullopt;
+    }
+    if ((at > 0 && mayContinueAmount(row.words[at - 1], row.words[at]))
+        || (last + 1 < row.words.size()
+            && mayContinueAmount(row.words[last], row.words[last + 1]))) {
+        amount->wasCorrected = true; // it may be part of a larger one
+    }
+    const auto isNear = [&](std::size_t a, std::size_t b) {
+        return row.words[b].place.left - row.words[a].place.right < 4 * row.words[a].place.height();
+    };
+    if ((at > 0 && isFrancs(row.words[at - 1].text) && isNear(at - 1, at))
+        || (last + 1 < row.words.size() && isFrancs(row.words[last + 1].text)
+            && isNear(last, last + 1))) {
+        amount->hasCurrency = true;
+    }
+    return amountFrom(row, at, last, *amount);
+}
+
+void findAmounts(Row& row, bool isRecognised) {
+    std::vector<std::string_view> texts;
+    for (const RowWord& word : row.words) {
+        texts.emplace_back(word.text);
+    }
+    const std::vector<bool> barred = wordsWithoutAmount(texts);
+    for (std::size_t at = 0; at < row.words.size(); ++at) {
+        if (barred[at]) {
+            continue;
+        }
+        if (auto amount = amountAt(row, at, barred, isRecognised)) {
+            at = amount->last;
+            row.amounts.push_back(std::move(*amount));
+        }
+    }
+}
+
+void finish(Row& row, bool isRecognised) {
+    std::ranges::stable_sort(row.words, {}, [](const RowWord& word) { return word.place.left; });
+    for (const RowWord& word : row.words) {
+        if (!word.folded.empty()) {
+            row.folded += row.folded.empty() ? word.folded : ' ' + word.folded;
+        }
+    }
+    findAmounts(row, isRecognised);
+}
+
+} // namespace
+
+PageRows buildRows(const PageReading& page) {
+    PageRows result{.number = page.number,
+                    .width = page.width,
+                    .height = page.height,
+                    .isRecognised = page.isRecognised};
+    PageReading sound = page;
+    std::erase_if(sound.words, [](const PageWord& word) {
+        return !isSound(word.place) || word.text.empty() || isLeader(word.text);
+    });
+    sound.words.resize(std::min(sound.words.size(), mostWords));
+    result.slope = slopeOfLines(sound);
+    std::vector<RowWord> words;
+    for (const PageWord& word : sound.words) {
+        words.push_back({.text = withoutLigatures(word.text),
+                         .folded = foldWords(word.text),
+                         .place = straightened(word.place, result.slope),
+                         .printed = word.place,
+                         .certainty = word.certainty});
+    }
+    // A row is as tall as its first word, which is one with ascenders and no dash.
+    std::ranges::stable_sort(words, {}, [](const RowWord& word) { return word.place.top; });
+    for (RowWord& word : words) {
+        addToBestRow(result.rows, std::move(word));
+    }
+    std::ranges::stable_sort(result.rows, {}, [](const Row& row) { return row.middle(); });
+    for (Row& row : result.rows) {
+        finish(row, page.isRecognised);
+    }
+    return result;
+}
+
+PageRows rowsOfText(std::string_view text, bool isRecognised) {
+    PageRows result{.isRecognised = isRecognised};
+    double top = 0;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find('\n'), text.size());
+        const std::string_view line = text.substr(0, end);
+        Row row{.top = top, .bottom = top + 1};
+        for (std::size_t at = line.find_first_not_of(" \t\r"); at < line.size();) {
+            const std::size_t stop = std::min(line.find_first_of(" \t\r", at), line.size());
+            RowWord word{.text = std::string(line.substr(at, stop - at))};
+            word.folded = foldWords(word.text);
+            word.place = {static_cast<double>(at), top, static_cast<double>(stop), row.bottom};
+            row.words.push_back(std::move(word));
+            at = line.find_first_not_of(" \t\r", stop);
+        }
+        if (!row.words.empty() && row.words.size() <= mostWords) {
+            finish(row, isRecognised);
+            result.rows.push_back(std::move(row));
+            top += 2;
+        }
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return result;
+}
+
+std::optional<PageBox> pageBox(const PagePlace& place, const PageRows& page) {
+    if (page.width <= 0 || page.height <= 0) {
+        return std::nullopt;
+    }
+    const auto part = [](double value, double whole) {
+        const double thousandths = std::clamp(value / whole, 0.0, 1.0) * 1000;
+        return Decimal(static_cast<int>(std::lround(thousandths))) / 1000;
+    };
+    const Decimal x = part(place.left, page.width);
+    const Decimal y = part(place.top, page.height);
+    return PageBox{x, y, part(place.right, page.width) - x, part(place.bottom, page.height) - y};
+}
+
+} // namespace fiscarel

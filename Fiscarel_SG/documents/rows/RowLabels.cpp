@@ -1,0 +1,123 @@
+#include "Fiscarel_SG/documents/rows/RowLabels.h"
+
+#include "Fiscarel_SG/documents/text/FoldedText.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace fiscarel {
+
+namespace {
+
+struct Token {
+    std::string_view text;
+    std::size_t word = 0;
+};
+
+/// The folded words of a row with the word each comes from: "AHV/IV" is one word and two tokens.
+std::vector<Token> tokensOf(const Row& row, std::size_t from) {
+    std::vector<Token> tokens;
+    for (std::size_t i = from; i < row.words.size(); ++i) {
+        std::string_view rest = row.words[i].folded;
+        while (!rest.empty()) {
+            const std::size_t end = std::min(rest.find(' '), rest.size());
+            tokens.push_back({rest.substr(0, end), i});
+            rest.remove_prefix(std::min(end + 1, rest.size()));
+        }
+    }
+    return tokens;
+}
+
+/// Whether two words are the same but for a few letters; digits are never wrong by a few.
+bool isAlike(std::string_view text, std::string_view wanted, std::size_t most) {
+    const auto digits = [](std::string_view word) {
+        std::string found;
+        std::ranges::copy_if(word, std::back_inserter(found),
+                             [](char c) { return c >= '0' && c <= '9'; });
+        return found;
+    };
+    return isWithinEdits(text, wanted, most) && digits(text) == digits(wanted);
+}
+
+/// The index of the last token when the label begins with a token.
+std::optional<std::size_t> matchAt(const std::vector<Token>& tokens, std::size_t at,
+                                   const Label& label, bool isRecognised) {
+    const std::string& wanted = label.compact();
+    const std::size_t most =
+        isRecognised && wanted.size() >= 6 ? std::max<std::size_t>(wanted.size() / 8, 1) : 0;
+    // A number such as 13.1.2 is one word; digits of neighbours do not make it.
+    const bool isNumber = wanted.find_first_not_of("0123456789") == std::string::npos;
+    std::string joined;
+    for (std::size_t i = at; i < tokens.size() && joined.size() <= wanted.size() + most; ++i) {
+        if (isNumber && tokens[i].word != tokens[at].word) {
+            break;
+        }
+        joined += tokens[i].text;
+        if (joined.size() + most < wanted.size()) {
+            continue;
+        }
+        std::string_view compared = joined;
+        if (label.isOpen() && compared.size() > wanted.size()) {
+            compared = compared.substr(0, wanted.size());
+        }
+        if (most == 0 ? compared == wanted : isAlike(compared, wanted, most)) {
+            return i;
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+Label::Label(const char* words) {
+    std::string_view text = words;
+    isOpen_ = text.ends_with('*');
+    folded_ = foldWords(text);
+    compact_ = folded_;
+    std::erase(compact_, ' ');
+}
+
+std::optional<LabelPlace> findLabel(const Row& row, const Label& label, bool isRecognised,
+                                    std::size_t from) {
+    const auto tokens = tokensOf(row, from);
+    // Letter by letter first: a stray mark before the word is within the tolerance as well.
+    for (const bool isTolerant : {false, true}) {
+        for (std::size_t at = 0; at < tokens.size() && (isRecognised || !isTolerant); ++at) {
+            if (const auto last = matchAt(tokens, at, label, isTolerant)) {
+                const std::size_t firstWord = tokens[at].word;
+                const std::size_t lastWord = tokens[*last].word;
+                return LabelPlace{firstWord, lastWord, row.words[firstWord].place.left,
+                                  row.words[lastWord].place.right};
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<LabelPlace> findLabel(const Row& row, const Labels& labels, bool isRecognised,
+                                    std::size_t from) {
+    for (const Label& label : labels) {
+        if (const auto place = findLabel(row, label, isRecognised, from)) {
+            return place;
+        }
+    }
+    return std::nullopt;
+}
+
+bool isIn(std::string_view folded, const Label& label) {
+    return hasPhrase(folded, label.isOpen() ? label.folded() + '*' : label.folded());
+}
+
+bool isAnyIn(std::string_view folded, const Labels& labels) {
+    return std::ranges::any_of(labels, [&](const Label& label) { return isIn(folded, label); });
+}
+
+std::string textBetween(const Row& row, std::size_t first, std::size_t last) {
+    std::string text;
+    for (std::size_t i = first; i <= last && i < row.words.size(); ++i) {
+        text += text.empty() ? row.words[i].text : ' ' + row.words[i].text;
+    }
+    return text;
+}
+
+} // namespace fiscarel

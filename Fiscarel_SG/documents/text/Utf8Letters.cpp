@@ -1,0 +1,37 @@
+#include "Fiscarel_SG/documents/text/Utf8Letters.h"
+
+#include "TaxCore/base/Utf8.h"
+
+#include <algorithm>
+#include <array>
+
+namespace fiscarel {
+
+Utf8Letter firstLetter(std::string_view text) noexcept {
+    const std::size_t length = taxcore::utf8Length(text);
+    if (length == 0) {
+        return {};
+    }
+    const auto byte = [text](std::size_t at) { return static_cast<unsigned char>(text[at]); };
+    if (length == 1) {
+        return {byte(0), 1};
+    }
+    char32_t code = byte(0) & (0x7FU >> length);
+    for (std::size_t i = 1; i < length; ++i) {
+        code = code << 6U | (byte(i) & 0x3FU);
+    }
+    return {code, length};
+}
+
+bool isThousandsMark(char32_t code) noexcept {
+    constexpr std::array<char32_t, 15> marks{U'\'',     U'`',      U'\u00B4', U'\u00B0', U'\u00BA',
+                                             U'\u2018', U'\u2019', U'\u201B', U'\u2032', U'\u02B9',
+                                             U'\u02BC', U'\u00A0', U'\u202F', U'\u2009', U'\u201A'};
+    return std::ranges::find(marks, code) != marks.end();
+}
+
+bool isDash(char32_t code) noexcept {
+    return code == U'-' || (code >= U'\u2010' && code <= U'\u2015') || code == U'\u2212';
+}
+
+} // namespace fiscarel

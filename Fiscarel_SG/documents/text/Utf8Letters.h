@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace fiscarel {
+
+/// A character at the beginning of a text.
+struct Utf8Letter {
+    char32_t code = 0;      ///< 0 for a byte that begins no well-formed sequence
+    std::size_t length = 1; ///< bytes
+};
+
+/// The first character of a text that is not empty.
+Utf8Letter firstLetter(std::string_view text) noexcept;
+
+/// Whether a character separates thousands in an amount, as printed or as recognition mistakes it:
+/// apostrophes, accents standing alone, the degree sign, narrow and unbreakable blanks.
+bool isThousandsMark(char32_t code) noexcept;
+
+/// Whether a character is a hyphen, dash or minus sign.
+bool isDash(char32_t code) noexcept;
+
+} // namespace fiscarel

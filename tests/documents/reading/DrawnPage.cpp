@@ -1,0 +1,104 @@
+#include "tests/documents/reading/DrawnPage.h"
+
+#include <cmath>
+#include <numbers>
+#include <sstream>
+
+namespace fiscarel {
+
+namespace {
+
+/// Letters of a UTF-8 text, not bytes.
+double lettersOf(const std::string& text) {
+    double count = 0;
+    for (const char c : text) {
+        count += (static_cast<unsigned char>(c) & 0xC0U) == 0x80U ? 0 : 1;
+    }
+    return count;
+}
+
+} // namespace
+
+DrawnPage& DrawnPage::text(double x, double y, const std::string& words) {
+    std::istringstream in(words);
+    for (std::string word; in >> word;) {
+        const double width = lettersOf(word) * size_ / 2;
+        page_.words.push_back({word, {x, y, x + width, y + size_}});
+        x += width + size_ / 4;
+    }
+    return *this;
+}
+
+DrawnPage& DrawnPage::right(double x, double y, const std::string& words) {
+    std::istringstream in(words);
+    double width = -size_ / 4;
+    for (std::string word; in >> word;) {
+        width += lettersOf(word) * size_ / 2 + size_ / 4;
+    }
+    return text(x - width, y, words);
+}
+
+DrawnPage& DrawnPage::line(const std::string& label, const std::string& amount) {
+    text(60, next_, label);
+    right(540, next_, amount);
+    next_ += 1.6 * size_;
+    return *this;
+}
+
+DrawnPage& DrawnPage::symbol(PageSymbol symbol) {
+    page_.symbols.push_back(std::move(symbol));
+    return *this;
+}
+
+DrawnPage& DrawnPage::scanned(double degrees) {
+    const double angle = degrees * std::numbers::pi / 180;
+    page_.isRecognised = true;
+    for (PageWord& word : page_.words) {
+        const double x = (word.place.left + word.place.right) / 2 - page_.width / 2;
+        const double y = (word.place.top + word.place.bottom) / 2 - page_.height / 2;
+        const double dx = x * std::cos(angle) - y * std::sin(angle) - x;
+        const double dy = x * std::sin(angle) + y * std::cos(angle) - y;
+        word.place = {word.place.left + dx, word.place.top + dy, word.place.right + dx,
+                      word.place.bottom + dy};
+        word.certainty = 0.9;
+    }
+    return *this;
+}
+
+DrawnPage& DrawnPage::number(int number) {
+    page_.number = number;
+    return *this;
+}
+
+ScanResult DrawnPage::proposed() const {
+    ScanResult result;
+    propose(document(), result);
+    return result;
+}
+
+std::vector<std::string> valuesOf(const ScanResult& result, std::size_t record) {
+    std::vector<std::string> values;
+    for (const Proposal& proposal : result.proposals) {
+        if (proposal.recordIndex == static_cast<int>(record)) {
+            values.push_back(proposal.field + '=' + proposal.value + ' '
+                             + std::string(taxcore::rawValue(proposal.confidence)));
+        }
+    }
+    return values;
+}
+
+const Proposal* proposalOf(const ScanResult& result, const std::string& field, std::size_t record) {
+    for (const Proposal& proposal : result.proposals) {
+        if (proposal.recordIndex == static_cast<int>(record) && proposal.field == field) {
+            return &proposal;
+        }
+    }
+    return nullptr;
+}
+
+std::string valueOf(const ScanResult& result, const std::string& field, std::size_t record) {
+    const Proposal* const found = proposalOf(result, field, record);
+    return found == nullptr ? std::string() : found->value;
+}
+
+} // namespace fiscarel

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "Fiscarel_SG/documents/SecondReader.h"
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace fiscarel {
+
+/// A page of words for the tests, set in columns: each line is a row, its parts stand at the
+/// columns they name.
+class DrawnPage {
+  public:
+    /// A word of `size` points is half as wide as high per letter.
+    explicit DrawnPage(double size = 10) : size_(size) {
+        page_.number = 1;
+        page_.width = 595;
+        page_.height = 842;
+    }
+
+    /// Words from the left edge `x` on, one blank between them.
+    DrawnPage& text(double x, double y, const std::string& words);
+    /// Words that end at `x`, as amounts do.
+    DrawnPage& right(double x, double y, const std::string& words);
+    /// A label at 60 and its amount ending at 540, with the next row below.
+    DrawnPage& line(const std::string& label, const std::string& amount = "");
+    DrawnPage& symbol(PageSymbol symbol);
+    /// Turns everything by an angle, as a crooked scan; words become recognised ones.
+    DrawnPage& scanned(double degrees);
+    DrawnPage& number(int number);
+
+    const PageReading& page() const { return page_; }
+    DocumentReading document() const { return {.pages = {page_}, .pageCount = 1}; }
+    ScanResult proposed() const;
+
+  private:
+    double size_;
+    double next_ = 60;
+    PageReading page_;
+};
+
+/// "grossSalary=68000 high" for each proposal of a record, in its order.
+std::vector<std::string> valuesOf(const ScanResult& result, std::size_t record = 0);
+/// The value of a field of a record; empty when nothing is proposed.
+std::string valueOf(const ScanResult& result, const std::string& field, std::size_t record = 0);
+const Proposal* proposalOf(const ScanResult& result, const std::string& field,
+                           std::size_t record = 0);
+
+} // namespace fiscarel
