@@ -1,5 +1,7 @@
 #include "reader/Barcodes.h"
 
+#include "reader/MatrixPlaces.h"
+
 #define ZX_USE_UTF8 1
 #include <ZXing/ReadBarcode.h>
 #include <leptonica/allheaders.h>
@@ -67,6 +69,31 @@ std::optional<PageSymbol::Part> partOf(const ZXing::Result& result) {
     return part;
 }
 
+/// Adds the barcodes within an area of a picture whose grey values are `bytes`.
+void searchArea(const Picture& picture, const std::vector<std::uint8_t>& bytes,
+                const PixelArea& area, ZXing::BarcodeFormats formats,
+                std::vector<FoundSymbol>& found) {
+    const int row = widthOf(picture.grey);
+    const std::ptrdiff_t first = std::ptrdiff_t{area.top} * row + area.left;
+    const ZXing::ImageView view(bytes.data() + first, area.width, area.height,
+                                ZXing::ImageFormat::Lum, row);
+    const Mapping toPage = picture.toPage.after(
+        Mapping::shift(static_cast<double>(area.left), static_cast<double>(area.top)));
+    for (const ZXing::Result& result :
+         ZXing::ReadBarcodes(view, ZXing::DecodeHints().setFormats(formats))) {
+        const auto symbology = symbologyOf(result.format());
+        if (!result.isValid() || !symbology) {
+            continue;
+        }
+        const auto& payload = result.bytes();
+        found.push_back({.symbol = {.symbology = *symbology,
+                                    .bytes = std::string(payload.begin(), payload.end()),
+                                    .place = placeOf(toPage, cornersOf(result.position())),
+                                    .part = partOf(result)},
+                         .text = QString::fromStdString(result.text()).toStdString()});
+    }
+}
+
 } // namespace
 
 std::vector<FoundSymbol> findSymbols(const Picture& picture, Pass pass) {
@@ -75,24 +102,17 @@ std::vector<FoundSymbol> findSymbols(const Picture& picture, Pass pass) {
         return found;
     }
     const std::vector<std::uint8_t> bytes = bytesOf(picture.grey);
-    ZXing::DecodeHints hints;
-    hints.setFormats(pass == Pass::pdf417
-                         ? ZXing::BarcodeFormats(ZXing::BarcodeFormat::PDF417)
-                         : ZXing::BarcodeFormat::QRCode | ZXing::BarcodeFormat::DataMatrix
-                               | ZXing::BarcodeFormat::Code128);
-    const ZXing::ImageView view(bytes.data(), widthOf(picture.grey), heightOf(picture.grey),
-                                ZXing::ImageFormat::Lum);
-    for (const ZXing::Result& result : ZXing::ReadBarcodes(view, hints)) {
-        const auto symbology = symbologyOf(result.format());
-        if (!result.isValid() || !symbology) {
-            continue;
-        }
-        const auto& payload = result.bytes();
-        found.push_back({.symbol = {.symbology = *symbology,
-                                    .bytes = std::string(payload.begin(), payload.end()),
-                                    .place = placeOf(picture.toPage, cornersOf(result.position())),
-                                    .part = partOf(result)},
-                         .text = QString::fromStdString(result.text()).toStdString()});
+    const PixelArea whole{0, 0, widthOf(picture.grey), heightOf(picture.grey)};
+    const auto search = [&](const PixelArea& area, ZXing::BarcodeFormats formats) {
+        searchArea(picture, bytes, area, formats, found);
+    };
+    if (pass == Pass::pdf417) {
+        search(whole, ZXing::BarcodeFormat::PDF417);
+        return found;
+    }
+    search(whole, ZXing::BarcodeFormat::QRCode | ZXing::BarcodeFormat::Code128);
+    for (const PixelArea& area : matrixPlaces(picture.grey)) {
+        search(area, ZXing::BarcodeFormat::DataMatrix);
     }
     return found;
 }

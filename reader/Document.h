@@ -60,6 +60,9 @@ tl::expected<std::unique_ptr<Document>, Fault> openDocument(std::string_view byt
 tl::expected<std::unique_ptr<Document>, Fault> openPdf(std::string_view bytes, Deadline deadline);
 tl::expected<std::unique_ptr<Document>, Fault> openImage(std::string_view bytes);
 
+/// A page with fewer words in its text layer is recognised.
+inline constexpr std::size_t fewWords = 3;
+
 namespace bounds {
 inline constexpr std::size_t fileBytes = std::size_t{100} << 20U;
 inline constexpr double pixels = 100e6;    ///< of an image file

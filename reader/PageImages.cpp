@@ -104,7 +104,7 @@ class BoundedSink : public Pipeline {
 
 std::string decoded(QPDFObjectHandle stream, std::size_t most, qpdf_stream_decode_level_e level) {
     BoundedSink sink(most);
-    const bool good = stream.pipeStreamData(&sink, 0, level, true, false);
+    const bool good = stream.pipeStreamData(&sink, nullptr, 0, level, true, false);
     return good ? sink.data() : std::string();
 }
 

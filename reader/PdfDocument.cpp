@@ -6,6 +6,7 @@
 
 #include <QByteArray>
 #include <QImage>
+#include <QRegularExpression>
 #include <QVariant>
 #include <algorithm>
 #include <cmath>
@@ -55,6 +56,13 @@ PixPtr colourOf(const QImage& image) {
     return pix;
 }
 
+/// Columns stand as far apart as on the page; two blanks part them as well. A single one would join
+/// the numbers of neighbouring columns to a number with groups of three.
+std::string withoutWideGaps(QString text) {
+    static const QRegularExpression gap(QStringLiteral(" {3,}"));
+    return text.replace(gap, QStringLiteral("  ")).toStdString();
+}
+
 class PdfDocument : public Document {
   public:
     PdfDocument(std::unique_ptr<Poppler::Document> document, std::string_view bytes,
@@ -91,7 +99,7 @@ class PdfDocument : public Document {
                  .place = {place.left(), place.top(), place.right(), place.bottom()}});
         }
         if (!found.words.empty()) {
-            found.text = at->text(QRectF()).left(qsizetype{1} << 20).toStdString();
+            found.text = withoutWideGaps(at->text(QRectF()).left(qsizetype{1} << 20));
         }
         return found;
     }

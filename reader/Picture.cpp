@@ -16,6 +16,12 @@ Mapping Mapping::scaling(double factor) {
     return mapping;
 }
 
+Mapping Mapping::shift(double x, double y) {
+    Mapping mapping;
+    mapping.rows_ = {1, 0, x, 0, 1, y, 0, 0, 1};
+    return mapping;
+}
+
 Mapping Mapping::rotation(double radians, Point centre) {
     const double c = std::cos(radians);
     const double s = std::sin(radians);

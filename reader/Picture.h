@@ -26,7 +26,8 @@ class Mapping {
   public:
     Mapping() = default;
     static Mapping scaling(double factor);
-    /// Moves the origin to `origin` and turns by `radians` clockwise, as seen with y downwards.
+    static Mapping shift(double x, double y);
+    /// Turns around a point by `radians`, clockwise as seen with y downwards.
     static Mapping rotation(double radians, Point centre);
     /// The mapping that takes each corner to its partner; none when three lie on a line.
     static Mapping between(const Corners& from, const Corners& to);

@@ -50,6 +50,13 @@ std::string inReadingOrder(std::vector<Line> lines) {
     return text;
 }
 
+/// The recogniser takes the resolution from the picture, in some ways of working from there alone.
+void setPicture(tesseract::TessBaseAPI& api, const PixPtr& picture, double dpi) {
+    const int resolution = static_cast<int>(dpi);
+    pixSetResolution(picture.get(), resolution, resolution);
+    api.SetImage(picture.get());
+}
+
 RecognisedPage resultOf(tesseract::TessBaseAPI& api, const Picture& picture) {
     RecognisedPage page;
     std::vector<Line> lines;
@@ -122,8 +129,7 @@ RecognisedPage Recognition::read(const Picture& picture, Deadline deadline) {
     }
     tesseract::ETEXT_DESC monitor;
     monitor.set_deadline_msecs(static_cast<std::int32_t>(left));
-    text_->SetImage(picture.grey.get());
-    text_->SetSourceResolution(static_cast<int>(picture.dpi));
+    setPicture(*text_, picture.grey, picture.dpi);
     RecognisedPage page;
     if (text_->Recognize(&monitor) == 0) {
         page = resultOf(*text_, picture);
@@ -142,8 +148,7 @@ int Recognition::quarterTurns(const PixPtr& picture, double dpi) {
         api->SetPageSegMode(tesseract::PSM_OSD_ONLY);
         turns_ = std::move(api);
     }
-    turns_->SetImage(picture.get());
-    turns_->SetSourceResolution(static_cast<int>(dpi));
+    setPicture(*turns_, picture, dpi);
     int degrees = 0;
     float confidence = 0;
     const bool told = turns_->DetectOrientationScript(&degrees, &confidence, nullptr, nullptr);

@@ -80,7 +80,6 @@ std::unique_ptr<Document> openAndPlan(Shared& shared) {
     const bool isRecognised = !hasCharacters(layer, enoughText);
     int scans = 0;
     for (PageTask& task : tasks) {
-        constexpr std::size_t fewWords = 3;
         constexpr std::size_t fewOnScan = 12; // a stamp or page number over a scan
         const std::size_t words = task.text.words.size();
         task.wantsRecognition = scans < bounds::recognisedPages
@@ -220,9 +219,11 @@ Scanned scanDocument(std::string_view bytes, const ScanOptions& options) {
     // The threads stop at the deadline by themselves; one that hangs in a page is not waited for.
     const auto end = options.deadline + std::chrono::seconds(1);
     for (int told = -1; shared->finished < shared->total;) {
-        if (told != shared->finished && options.progress) {
+        if (told != shared->finished) {
             told = shared->finished;
-            options.progress(told, shared->total);
+            if (options.progress) {
+                options.progress(told, shared->total);
+            }
         }
         if (!shared->changed.wait_until(lock, end, [&] { return shared->finished != told; })) {
             break;

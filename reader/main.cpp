@@ -8,6 +8,7 @@
 #include "Fiscarel_SG/documents/SecondReader.h"
 #include "reader/Answer.h"
 #include "reader/Limits.h"
+#include "reader/Paper.h"
 #include "reader/Scan.h"
 #include "reader/Straighten.h"
 
@@ -19,6 +20,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -149,10 +151,33 @@ bool raw(const std::string& bytes, const Call& call) {
            && std::fflush(stdout) == 0;
 }
 
-/// The page as it was read: a scan stands upright.
+/// The page as it was read: a scan stands upright, so that places on it are found again.
 PixPtr shown(const Document& document, const Call& call) {
-    PixPtr page = document.preview(call.page, call.width);
-    return page;
+    const bool isRecognised = document.text(call.page).words.size() < fewWords;
+    if (!isRecognised) {
+        return document.preview(call.page, call.width);
+    }
+    const Picture source = document.picture(call.page);
+    if (!source) {
+        return nullptr;
+    }
+    Recognition recognition;
+    const Upright upright = findUpright(source, document.mayBePhoto(), recognition);
+    if (upright.isUnchanged) {
+        return document.preview(call.page, call.width);
+    }
+    const double scale = static_cast<double>(call.width) / std::max(upright.width, 1);
+    const int height =
+        std::clamp(static_cast<int>(std::lround(upright.height * scale)), 1, 4 * call.width);
+    const double sourceScale = scale * upright.dpi / source.dpi;
+    const int sourceWidth = std::max(1, static_cast<int>(widthOf(source.grey) * sourceScale));
+    const PixPtr page = document.preview(call.page, sourceWidth);
+    const double previewScale = static_cast<double>(widthOf(page)) / widthOf(source.grey);
+    return warped(page,
+                  Mapping::scaling(previewScale)
+                      .after(wayBack(source, upright))
+                      .after(Mapping::scaling(1 / scale)),
+                  call.width, height);
 }
 
 bool render(const std::string& bytes, const Call& call) {
