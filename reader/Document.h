@@ -64,7 +64,6 @@ tl::expected<std::unique_ptr<Document>, Fault> openImage(std::string_view bytes)
 inline constexpr std::size_t fewWords = 3;
 
 namespace bounds {
-inline constexpr std::size_t fileBytes = std::size_t{100} << 20U;
 inline constexpr double pixels = 100e6;    ///< of an image file
 inline constexpr double pagePixels = 36e6; ///< of a page drawn
 inline constexpr int textPages = 200;      ///< whose text layer is read

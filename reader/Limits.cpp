@@ -1,5 +1,7 @@
 #include "reader/Limits.h"
 
+#include "reader/ReadableFolders.h"
+
 #include <fcntl.h>
 #include <malloc.h>
 #include <sched.h>
@@ -114,8 +116,8 @@ bool confine(const Limits& limits) {
     // Every thread would else reserve address space for a heap of its own.
     mallopt(M_ARENA_MAX, 4);
     return prctl(PR_SET_DUMPABLE, 0) == 0 && prctl(PR_SET_PDEATHSIG, SIGKILL) == 0
-           && prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 && limitResources(limits)
-           && filterCalls();
+           && prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 && readSystemFoldersOnly()
+           && limitResources(limits) && filterCalls();
 }
 
 } // namespace fiscarel::reader

@@ -12,8 +12,8 @@ struct Limits {
 };
 
 /// Gives up, for this process and for good, everything that reading a document does not need: it
-/// opens files for reading only, has no network, starts no program and leaves no core. False when
-/// the system refuses.
+/// opens files for reading only, and where the kernel can tell them apart only the system's; it has
+/// no network, starts no program and leaves no core. False when the system refuses.
 bool confine(const Limits& limits);
 
 } // namespace fiscarel::reader

@@ -90,10 +90,10 @@ std::string contentOf(int file) {
     std::string bytes;
     struct stat status {};
     if (fstat(file, &status) == 0 && status.st_size > 0) {
-        bytes.reserve(std::min(static_cast<std::size_t>(status.st_size), bounds::fileBytes) + 1);
+        bytes.reserve(std::min(static_cast<std::size_t>(status.st_size), largestDocument) + 1);
     }
     std::array<char, 65536> piece{};
-    while (bytes.size() <= bounds::fileBytes) {
+    while (bytes.size() <= largestDocument) {
         const ssize_t size = read(file, piece.data(), piece.size());
         if (size <= 0) {
             break;
@@ -107,7 +107,7 @@ std::optional<Fault> faultOf(const std::string& bytes) {
     if (bytes.empty()) {
         return "Diese Datei ist leer oder lässt sich nicht lesen.";
     }
-    if (bytes.size() > bounds::fileBytes) {
+    if (bytes.size() > largestDocument) {
         return "Diese Datei ist zu gross: Möglich sind 100 MB.";
     }
     return std::nullopt;

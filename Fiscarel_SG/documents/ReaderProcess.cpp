@@ -60,7 +60,6 @@ std::string stoppedSentence() { return "Das Lesen wurde abgebrochen."; }
 
 /// Opens a document without waiting for anything: only plain files of bounded size.
 tl::expected<OpenFile, std::string> openPlainFile(const fs::path& path) {
-    constexpr off_t largest = off_t{100} << 20U;
     const auto refused = [&](int code) {
         return tl::unexpected("Diese Datei lässt sich nicht lesen. "
                               + FileError{code, path}.reason());
@@ -79,7 +78,7 @@ tl::expected<OpenFile, std::string> openPlainFile(const fs::path& path) {
     if (status.st_size == 0) {
         return tl::unexpected<std::string>("Diese Datei ist leer.");
     }
-    if (status.st_size > largest) {
+    if (status.st_size > static_cast<off_t>(largestDocument)) {
         return tl::unexpected<std::string>("Diese Datei ist zu gross: Möglich sind 100 MB.");
     }
     return file;

@@ -3,6 +3,7 @@
 #include <tl/expected.hpp>
 
 #include <chrono>
+#include <cstddef>
 #include <filesystem>
 #include <functional>
 #include <stop_token>
@@ -10,6 +11,9 @@
 #include <vector>
 
 namespace fiscarel {
+
+/// The largest document that is read, in bytes.
+inline constexpr std::size_t largestDocument = std::size_t{100} << 20U;
 
 /// Told of the pages that are read; called on the thread that waits.
 using PagesRead = std::function<void(int done, int total)>;
