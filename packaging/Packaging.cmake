@@ -17,5 +17,6 @@ checks the entries and finds what can be saved. Everything stays on the user's m
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-inter, fonts-roboto-unhinted, qt6-qpa-plugins, qt6-translations-l10n")
+set(CPACK_DEBIAN_PACKAGE_DEPENDS
+    "fonts-inter, fonts-roboto-unhinted, qt6-qpa-plugins, qt6-translations-l10n, poppler-data, tesseract-ocr-deu, tesseract-ocr-fra, tesseract-ocr-ita, tesseract-ocr-eng, tesseract-ocr-osd")
 include(CPack)

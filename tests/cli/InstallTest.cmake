@@ -12,3 +12,11 @@ execute_process(COMMAND "${program}" demo COMMAND "${program}" rechne -
 if(NOT text MATCHES "Total der Steuern +[1-9]")
     message(FATAL_ERROR "The installed program computes no return:\n${text}")
 endif()
+
+# The program finds the process that reads documents where it was installed.
+file(WRITE "${PREFIX}/beleg.pdf" "kein Beleg")
+execute_process(COMMAND "${program}" lies "${PREFIX}/beleg.pdf"
+                RESULT_VARIABLE code OUTPUT_QUIET ERROR_VARIABLE text)
+if(NOT code EQUAL 1 OR NOT text MATCHES "Dateiformat ist unbekannt")
+    message(FATAL_ERROR "The installed program does not read documents:\n${text}")
+endif()

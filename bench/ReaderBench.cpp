@@ -1,0 +1,148 @@
+// How long reading documents takes, process included. The counter "ratio" of the scans compares with
+// the recogniser alone on the same picture in the same run; for two pages it is their rate in pages
+// of one.
+
+#include "Fiscarel_SG/DocumentScanner.h"
+#include "tests/documents/reader/Drawing.h"
+#include "tests/documents/reader/Files.h"
+
+#include <benchmark/benchmark.h>
+#include <leptonica/allheaders.h>
+#include <tesseract/baseapi.h>
+#include <zint.h>
+
+#include <QGuiApplication>
+#include <chrono>
+#include <cstdlib>
+#include <unistd.h>
+
+namespace {
+
+using namespace fiscarel;
+using namespace Qt::StringLiterals;
+
+const TestFolder& folder() {
+    static const TestFolder own;
+    return own;
+}
+
+/// A page full of text, as letters of insurers are.
+QStringList denseLines() {
+    QStringList lines{u"Jahresübersicht der Krankenversicherung"_s};
+    for (int i = 1; i < 38; ++i) {
+        lines << u"Behandlung Nummer %1 in der Praxis am Rhein, Kostenbeteiligung\t%2.45"_s.arg(i).arg(
+            i * 37);
+    }
+    return lines;
+}
+
+const QImage& densePage() {
+    static const QImage page = drawing::page(denseLines());
+    return page;
+}
+
+double secondsOf(const std::function<void()>& work) {
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+void read(const std::filesystem::path& file, int pages) {
+    const ScanResult result = DocumentScanner::scan(file);
+    if (result.problem || result.pageCount != pages) {
+        std::fprintf(stderr, "not read: %s\n", result.problem.value_or("?").c_str());
+        std::abort();
+    }
+}
+
+/// The recogniser alone: its languages, the picture from its file, the text.
+void recognise(const std::filesystem::path& file) {
+    tesseract::TessBaseAPI api;
+    if (api.Init(nullptr, "deu+fra+ita+eng", tesseract::OEM_LSTM_ONLY) != 0) {
+        std::abort();
+    }
+    api.SetPageSegMode(tesseract::PSM_AUTO);
+    Pix* picture = pixRead(file.c_str());
+    api.SetImage(picture);
+    const std::unique_ptr<char[]> text(api.GetUTF8Text());
+    benchmark::DoNotOptimize(text.get());
+    pixDestroy(&picture);
+}
+
+void textPage(benchmark::State& state) {
+    const auto file = folder().write("text.pdf", drawing::textPdf({denseLines()}));
+    for ([[maybe_unused]] const auto run : state) {
+        read(file, 1);
+    }
+}
+BENCHMARK(textPage)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(5);
+
+void scannedPage(benchmark::State& state) {
+    const auto file = folder().write("scan.png", drawing::png(densePage()));
+    double alone = 0;
+    double whole = 0;
+    for ([[maybe_unused]] const auto run : state) {
+        state.PauseTiming();
+        alone += secondsOf([&] { recognise(file); });
+        state.ResumeTiming();
+        whole += secondsOf([&] { read(file, 1); });
+    }
+    state.counters["ratio"] = whole / alone;
+}
+BENCHMARK(scannedPage)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(5);
+
+void twoScannedPages(benchmark::State& state) {
+    const auto one = folder().write("one.pdf", drawing::imagePdf({densePage()}));
+    const auto two = folder().write("two.pdf", drawing::imagePdf({densePage(), densePage()}));
+    double ofOne = 0;
+    double ofTwo = 0;
+    for ([[maybe_unused]] const auto run : state) {
+        state.PauseTiming();
+        ofOne += secondsOf([&] { read(one, 1); });
+        state.ResumeTiming();
+        ofTwo += secondsOf([&] { read(two, 2); });
+    }
+    state.counters["ratio"] = 2 * ofOne / ofTwo;
+}
+BENCHMARK(twoScannedPages)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(5);
+
+/// Eight pages, each with its page's barcode, the data in three symbols on the last.
+void taxStatement(benchmark::State& state) {
+    constexpr int pages = 8;
+    std::vector<QStringList> texts(pages, denseLines());
+    std::vector<QImage> codes;
+    for (int page = 1; page <= pages; ++page) {
+        QImage strip(1600, 1100, QImage::Format_RGB32);
+        strip.fill(Qt::white);
+        drawing::put(strip,
+                     drawing::symbol(BARCODE_CODE128, "196221234500" + std::to_string(page) + "001"),
+                     5, 5);
+        for (int part = 0; page == pages && part < 3; ++part) {
+            drawing::put(strip,
+                         drawing::symbol(BARCODE_PDF417, std::string(300, static_cast<char>(part + 128)),
+                                         drawing::Part{part, 3, "4711"}),
+                         5, 25 + part * 25);
+        }
+        codes.push_back(strip);
+    }
+    const auto file = folder().write("statement.pdf", drawing::textPdf(texts, codes));
+    for ([[maybe_unused]] const auto run : state) {
+        read(file, pages);
+    }
+}
+BENCHMARK(taxStatement)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(5);
+
+} // namespace
+
+int main(int argc, char** argv) {
+    // As in the reading process; the library looks at it when it is loaded.
+    if (std::getenv("OMP_THREAD_LIMIT") == nullptr) {
+        setenv("OMP_THREAD_LIMIT", "1", 1);
+        execv("/proc/self/exe", argv);
+    }
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
