@@ -116,8 +116,8 @@ void Draft::numbersBlock(double x) {
 
 void Draft::letterHead(int arrangement, const QString& addressee) {
     const QString place = issuer.place.mid(5);
-    const QString dated =
-        place + ", " + longDate(QDate(year + 1, 1, 1).addDays(random.between(3, 70)));
+    const QDate early = QDate(year + 1, 1, 1).addDays(random.between(3, 70));
+    const QString placeAndDate = place + ", " + longDate(dated.isValid() ? dated : early);
     const bool central = arrangement == 2;
     const double senderX = arrangement == 1 ? 120 : paper.left;
     const double windowX = arrangement == 1 ? paper.left : 118;
@@ -141,7 +141,7 @@ void Draft::letterHead(int arrangement, const QString& addressee) {
         paper.put(windowX, line, text, {10});
         line += 5;
     }
-    paper.put(arrangement == 0 ? 118 : paper.left, 78, dated, {9.5});
+    paper.put(arrangement == 0 ? 118 : paper.left, 78, placeAndDate, {9.5});
     paper.y = 84;
 }
 

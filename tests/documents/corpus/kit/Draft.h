@@ -20,6 +20,7 @@ class Draft {
     bool held = false;    ///< of the set that nobody tunes against: other issuers
     bool payload = false; ///< barcodes with the data are printed
     int year = 2024;
+    QDate dated; ///< of the letter; absent: early in the next year
     Paper paper;
     AmountStyle money;
     Family family;

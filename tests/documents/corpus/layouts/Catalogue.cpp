@@ -4,7 +4,8 @@ namespace corpus {
 
 std::vector<Layout> layoutsOf(bool held) {
     std::vector<Layout> chosen;
-    for (const auto& group : {salaryForms()}) {
+    for (const auto& group : {salaryForms(), statementPapers(), bankPapers(), pillarPapers(),
+                              buyInPapers(), premiumPapers(), billPapers(), donationPapers()}) {
         for (const Layout& layout : group) {
             if (layout.held == held) {
                 chosen.push_back(layout);
