@@ -5,7 +5,6 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QProcess>
-
 #include <atomic>
 #include <cstdio>
 #include <thread>
@@ -28,9 +27,8 @@ std::vector<Measured> documentsIn(const QString& folder, const QStringList& part
     const QDir dir(folder);
     for (const QString& name : dir.entryList({"*.truth.json"}, QDir::Files, QDir::Name)) {
         const QString base = name.chopped(QString(".truth.json").size());
-        const bool chosen = std::all_of(parts.begin(), parts.end(), [&](const QString& part) {
-            return base.contains(part);
-        });
+        const bool chosen = std::all_of(parts.begin(), parts.end(),
+                                        [&](const QString& part) { return base.contains(part); });
         const QStringList files = dir.entryList({base + ".*"}, QDir::Files, QDir::Name);
         const auto truth = truthOf(dir.filePath(name));
         for (const QString& file : files) {
@@ -54,8 +52,8 @@ void measure(Measured& document, const QString& folder, const QStringList& comma
         process.kill();
         process.waitForFinished();
     }
-    const auto answer = ended ? corpus::Answer::fromJson(process.readAllStandardOutput())
-                              : std::nullopt;
+    const auto answer =
+        ended ? corpus::Answer::fromJson(process.readAllStandardOutput()) : std::nullopt;
     document.score = corpus::scored(document.truth, answer);
     document.score.seconds = seconds;
 }
@@ -67,11 +65,12 @@ int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
     QCommandLineParser parser;
     parser.addPositionalArgument("folder", "of documents with their truth");
-    parser.addOptions({{"reader", "command; the file is put after it", "command", "fiscarel-cli lies --json"},
-                       {"only", "only files whose names contain this; several must all be contained", "part"},
-                       {"limit", "seconds for a file", "seconds", "120"},
-                       {"jobs", "files at the same time", "number", "1"},
-                       {"failures", "lists every miss"}});
+    parser.addOptions(
+        {{"reader", "command; the file is put after it", "command", "fiscarel-cli lies --json"},
+         {"only", "only files whose names contain this; several must all be contained", "part"},
+         {"limit", "seconds for a file", "seconds", "120"},
+         {"jobs", "files at the same time", "number", "1"},
+         {"failures", "lists every miss"}});
     parser.addHelpOption();
     parser.process(application);
     if (parser.positionalArguments().size() != 1) {

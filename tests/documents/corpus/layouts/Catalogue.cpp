@@ -4,8 +4,10 @@ namespace corpus {
 
 std::vector<Layout> layoutsOf(bool held) {
     std::vector<Layout> chosen;
-    for (const auto& group : {salaryForms(), statementPapers(), bankPapers(), pillarPapers(),
-                              buyInPapers(), premiumPapers(), billPapers(), donationPapers()}) {
+    for (const auto& group :
+         {salaryForms(), salaryPapers(), pensionPapers(), pillarPapers(), buyInPapers(),
+          premiumPapers(), bankPapers(), statementPapers(), billPapers(), donationPapers(),
+          childcarePapers(), coursePapers(), insurancePapers(), propertyPapers(), otherPapers()}) {
         for (const Layout& layout : group) {
             if (layout.held == held) {
                 chosen.push_back(layout);

@@ -19,8 +19,8 @@ QString plainText(const QJsonValue& value) {
 
 std::optional<Answer> Answer::fromJson(const QByteArray& text) {
     const QJsonDocument document = QJsonDocument::fromJson(text);
-    const QJsonObject json = document.isArray() ? document.array().first().toObject()
-                                                : document.object();
+    const QJsonObject json =
+        document.isArray() ? document.array().first().toObject() : document.object();
     if (!json.contains("kind")) {
         return std::nullopt;
     }
@@ -30,8 +30,10 @@ std::optional<Answer> Answer::fromJson(const QByteArray& text) {
     answer.problem = json["problem"].toString();
     for (const QJsonValue item : json["records"].toArray()) {
         const QJsonObject record = item.toObject();
-        answer.records.push_back({record["kind"].toString(), record["title"].toString(),
-                                  record["personName"].toString(), {}});
+        answer.records.push_back({record["kind"].toString(),
+                                  record["title"].toString(),
+                                  record["personName"].toString(),
+                                  {}});
     }
     for (const QJsonValue item : json["proposals"].toArray()) {
         const QJsonObject proposal = item.toObject();

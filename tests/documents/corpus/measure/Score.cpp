@@ -58,8 +58,8 @@ std::vector<int> matched(const std::vector<TruthRecord>& truths,
     for (size_t a = 0; a < answers.size(); ++a) {
         for (size_t t = 0; t < truths.size(); ++t) {
             if (truths[t].kind == answers[a].kind) {
-                pairs.push_back({likeness(truths[t], answers[a]), static_cast<int>(t),
-                                 static_cast<int>(a)});
+                pairs.push_back(
+                    {likeness(truths[t], answers[a]), static_cast<int>(t), static_cast<int>(a)});
             }
         }
     }

@@ -5,7 +5,6 @@
 
 #include <QMap>
 #include <QStringList>
-
 #include <array>
 
 namespace corpus {
@@ -19,13 +18,13 @@ struct Score {
     int right = 0;
     std::array<int, 3> wrong{};   ///< another value than the truth's, by `Trust`
     std::array<int, 3> phantom{}; ///< for a field or record that the truth lacks, by `Trust`
-    int textsWanted = 0; ///< texts and dates
+    int textsWanted = 0;          ///< texts and dates
     int textsRight = 0;
     int kindRight = 0;    ///< the proposed kind, else the literal one
     int literalRight = 0; ///< the literal kind alone
     double seconds = 0;
     QMap<QString, std::pair<int, int>> byWitness; ///< right and not right amounts
-    QStringList misses; ///< one line each
+    QStringList misses;                           ///< one line each
 
     Score& operator+=(const Score& other);
 };
