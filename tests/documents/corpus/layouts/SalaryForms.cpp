@@ -201,6 +201,17 @@ void head(Draft& draft, const Salary& s, const Style& style) {
     }
 }
 
+/// As many of the three languages as have room.
+QString sideBySide(const Paper& paper, const Row& row, const Type& type, double room) {
+    const double left = row.remark.isEmpty() ? room : room - 30;
+    QString text = QString::fromUtf8(row.german);
+    for (const char* next : {row.french, row.italian}) {
+        const QString longer = text + " – " + QString::fromUtf8(next);
+        text = paper.width(longer, type) <= left ? longer : text;
+    }
+    return text;
+}
+
 void formRow(Draft& draft, const Style& style, const Row& row, double y) {
     Paper& p = draft.paper;
     const bool strong = row.number == QString("8.") || row.number == QString("11.");
@@ -209,17 +220,14 @@ void formRow(Draft& draft, const Style& style, const Row& row, double y) {
     p.put(x, y, row.number, {8, strong});
     const double labelX = x + (row.indent > 0 ? 10 : 8);
     if (style.oneLine) {
-        const QString all = QString("%1 – %2 – %3")
-                                .arg(QString::fromUtf8(row.german), QString::fromUtf8(row.french),
-                                     QString::fromUtf8(row.italian));
-        p.put(labelX, y, all.left(row.remark.isEmpty() ? 118 : 84), label);
+        p.put(labelX, y, sideBySide(p, row, label, style.amountX - 32 - labelX), label);
     } else {
         p.put(labelX, y - 2.2, QString::fromUtf8(row.german), label);
         p.put(labelX, y, QString::fromUtf8(row.french), label);
         p.put(labelX, y + 2.2, QString::fromUtf8(row.italian), label);
     }
-    p.put(style.amountX - 58, y - 0.4, row.remark,
-          {7.5, false, Align::left, false, Qt::black, style.values});
+    p.put(style.amountX - 33, y - 0.4, row.remark,
+          {6.5, false, Align::right, false, Qt::black, style.values});
     if (style.signs) {
         p.put(style.amountX - 30, y, row.sign, {9});
     }
