@@ -18,8 +18,13 @@ Draft::Draft(Random source, const QString& tongue, bool isHeld, bool hasPayload)
     truth.payload = payload;
 }
 
-QString Draft::t(const char* german, const char* french, const char* italian) const {
-    return QString::fromUtf8(language == "fr" ? french : language == "it" ? italian : german);
+QString Draft::t(const char* german, const char* french, const char* italian) {
+    return one(language == "fr" ? french : language == "it" ? italian : german);
+}
+
+QString Draft::one(const char* wordings) {
+    const QStringList all = QString::fromUtf8(wordings).split('|');
+    return all.size() == 1 ? all[0] : all[random.between(0, static_cast<int>(all.size()) - 1)];
 }
 
 void Draft::from(const std::vector<QString>& training, const std::vector<QString>& heldOut) {
@@ -79,6 +84,11 @@ TruthRecord& Draft::record(const char* kind, const Someone& person) {
 
 void Draft::finish() {
     truth.pages = paper.pageCount();
+    if (!hasFoot && random.chance(60)) {
+        footer(QString("%1 | %2 | IBAN %3 | %4 %5")
+                   .arg(issuer.name, issuer.phone, randomIban(random),
+                        t("MWST-Nr.", "No TVA", "N. IVA"), issuer.uid));
+    }
     QSet<Cents> wanted;
     for (const auto* list : {&truth.records, &truth.accepted}) {
         for (const TruthRecord& record : *list) {
@@ -147,6 +157,7 @@ void Draft::letterHead(int arrangement, const QString& addressee) {
 
 void Draft::footer(const QString& text) {
     const int page = paper.pageCount() - 1;
+    hasFoot = true;
     paper.put(paper.left, paper.pageSize(page).height() - 10, text,
               {7, false, Align::left, false, QColor(90, 90, 90)});
 }

@@ -27,8 +27,10 @@ class Draft {
     Issuer issuer;
     Truth truth;
 
-    /// The text in the document's language.
-    QString t(const char* german, const char* french, const char* italian) const;
+    /// The text in the document's language; of several wordings ("Saldo|Kontostand") one by chance.
+    QString t(const char* german, const char* french, const char* italian);
+    /// One of several wordings.
+    QString one(const char* wordings);
     /// One of the names of its set, as the issuer.
     void from(const std::vector<QString>& training, const std::vector<QString>& heldOut);
 
@@ -57,6 +59,7 @@ class Draft {
     /// A contact block of numbers that are no amounts, at the cursor: telephone, UID, account.
     void numbersBlock(double x);
     void footer(const QString& text);
+    bool hasFoot = false; ///< something stands at the foot of the page already
 
   private:
     QSet<Cents> printed_;

@@ -42,6 +42,7 @@ QString grouped(QString reference) {
 
 void putQrBill(Draft& draft, const QrBill& bill) {
     Paper& p = draft.paper;
+    draft.hasFoot = true;
     QString iban = randomIban(draft.random);
     const bool withReference = draft.random.chance(75);
     if (withReference) {

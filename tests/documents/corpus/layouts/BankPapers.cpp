@@ -59,7 +59,9 @@ void trainLetter(Draft& draft) {
     p.newPage();
     draft.letterHead(0, draft.family.one.name());
     const Account a = account(draft, "Privatkonto", "Compte privé", "Conto privato");
-    p.lineOf(draft.t("Zins- und Saldobestätigung per ", "Attestation d'intérêts et de solde au ",
+    p.lineOf(draft.t("Zins- und Saldobestätigung per |Saldo- und Zinsausweis per "
+                     "|Steuerbescheinigung Konto per ",
+                     "Attestation d'intérêts et de solde au ",
                      "Attestazione di interessi e saldo al ")
                  + draft.date(draft.yearEnd()),
              {13, true});
@@ -67,10 +69,12 @@ void trainLetter(Draft& draft) {
     p.lineOf(a.name + "   IBAN " + a.iban);
     p.lineOf(draft.t("Lautend auf ", "Au nom de ", "Intestato a ") + draft.family.one.name());
     p.space(6);
-    p.entry(draft.t("Saldo per 31.12.", "Solde au 31.12.", "Saldo al 31.12.")
+    p.entry(draft.t("Saldo per 31.12.|Kontostand am 31.12.|Guthaben per 31.12.|Kapital am 31.12.",
+                    "Solde au 31.12.", "Saldo al 31.12.")
                 + QString::number(draft.year),
             draft.f(a.balance), {10}, true);
-    p.entry(draft.t("Bruttozins ", "Intérêts bruts ", "Interessi lordi ")
+    p.entry(draft.t("Bruttozins |Habenzins brutto |Zinsertrag brutto |Zinsgutschrift brutto ",
+                    "Intérêts bruts |Intérêts créanciers bruts ", "Interessi lordi ")
                 + QString::number(draft.year),
             draft.f(a.interest), {10}, true);
     p.entry(draft.t("Verrechnungssteuer 35%", "Impôt anticipé 35%", "Imposta preventiva 35%"),
@@ -93,15 +97,16 @@ void trainTable(Draft& draft) {
     Paper& p = draft.paper;
     p.newPage();
     draft.letterHead(1, draft.family.one.name());
-    p.lineOf(draft.t("Zinsausweis ", "Attestation fiscale ", "Certificato interessi ")
+    p.lineOf(draft.t("Zinsausweis |Zinsbescheinigung |Steuerverzeichnis Konten ",
+                     "Attestation fiscale ", "Certificato interessi ")
                  + QString::number(draft.year),
              {14, true});
     p.space(4);
     const std::vector<Column> columns{
         {22}, {122, Align::right}, {156, Align::right}, {190, Align::right}};
     p.row({draft.t("Konto / IBAN", "Compte / IBAN", "Conto / IBAN"),
-           draft.t("Saldo 31.12.", "Solde 31.12.", "Saldo 31.12."),
-           draft.t("Zinsertrag brutto", "Intérêts bruts", "Interessi lordi"),
+           draft.t("Saldo 31.12.|Kapital 31.12.|Steuerwert", "Solde 31.12.", "Saldo 31.12."),
+           draft.t("Zinsertrag brutto|Bruttozins|Ertrag", "Intérêts bruts", "Interessi lordi"),
            draft.t("Verr.-Steuer", "Impôt antic.", "Imp. prev.")},
           columns, {8.5, true});
     p.rule();
@@ -164,10 +169,14 @@ void trainMortgage(Draft& draft) {
               columns);
     }
     p.rule();
-    p.row({"Bezahlte Schuldzinsen " + QString::number(draft.year), "360", draft.m(made.interest)},
+    p.row({draft.one("Bezahlte Schuldzinsen |Total Hypothekarzinsen |Zinsbelastung ")
+               + QString::number(draft.year),
+           "360", draft.m(made.interest)},
           columns, {9.5, true});
     p.space(6);
-    p.entry("Schuld per 31.12." + QString::number(draft.year), draft.s(made.amount), {10, true});
+    p.entry(draft.one("Schuld per 31.12.|Kapitalschuld am 31.12.|Restschuld per 31.12.")
+                + QString::number(draft.year),
+            draft.s(made.amount), {10, true});
     p.entry("Amortisation im Jahr " + QString::number(draft.year),
             draft.s(draft.francs(0, 8000, 1000)));
 }

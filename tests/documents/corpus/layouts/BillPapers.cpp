@@ -52,7 +52,9 @@ void trainTariff(Draft& draft) {
     p.newPage();
     draft.letterHead(0, draft.family.one.name());
     const QString number = draft.random.digits(6);
-    p.lineOf(draft.t("Rechnung Nr. ", "Facture no ", "Fattura n. ") + number, {13, true});
+    p.lineOf(draft.t("Rechnung Nr. |Arztrechnung |Rechnung ", "Facture no ", "Fattura n. ")
+                 + number,
+             {13, true});
     p.lineOf(draft.t("Patient/in: ", "Patient(e): ", "Paziente: ") + draft.family.one.name() + ", "
                  + draft.date(draft.family.one.birth)
                  + draft.t("   Rechnungsdatum: ", "   Date de facture: ", "   Data fattura: ")
@@ -86,7 +88,8 @@ void trainTariff(Draft& draft) {
               columns, {8});
     }
     p.rule();
-    p.entry(draft.t("Rechnungsbetrag", "Montant de la facture", "Importo della fattura"),
+    p.entry(draft.t("Rechnungsbetrag|Gesamttotal|Total Rechnung|Rechnungstotal",
+                    "Montant de la facture", "Importo della fattura"),
             draft.s(total), {10, true});
     note(draft, total, draft.family.one);
     payment(draft, total, number);
@@ -116,7 +119,8 @@ void trainDentist(Draft& draft) {
     p.entry(draft.t("Material", "Matériel", "Materiale"), draft.m(material), {9.5}, true);
     p.entry(draft.t("MWST 0%", "TVA 0%", "IVA 0%"), "0.00", {9.5}, true);
     p.rule();
-    p.entry(draft.t("Total zu bezahlen", "Total à payer", "Totale da pagare"),
+    p.entry(draft.t("Total zu bezahlen|Rechnungsbetrag|Totalbetrag|Honorar total", "Total à payer",
+                    "Totale da pagare"),
             draft.s(work + lab + material), {10.5, true});
     note(draft, work + lab + material, draft.family.two);
     payment(draft, work + lab + material, number);

@@ -27,14 +27,16 @@ void trainSingle(Draft& draft) {
     draft.letterHead(2, draft.family.one.name());
     const Cents amount = draft.francs(20, 2000, 10);
     const QDate day = draft.day();
-    p.lineOf("Spendenbescheinigung", {15, true});
+    p.lineOf(draft.one("Spendenbescheinigung|Spendenquittung|Bestätigung Ihrer Spende"),
+             {15, true});
     p.space(5);
     p.paragraph("Wir bestätigen dankend den Eingang Ihrer Spende für das Projekt «Dach über dem "
                 "Kopf 2030».");
     p.space(4);
     p.entry("Spenderin / Spender", draft.family.one.name());
     p.entry("Datum der Gutschrift", draft.date(day));
-    p.entry("Betrag der Spende", draft.f(amount), {10, true});
+    p.entry(draft.one("Betrag der Spende|Spendenbetrag|Ihre Spende|Spende CHF"), draft.f(amount),
+            {10, true});
     p.space(6);
     p.paragraph("Unsere Organisation ist wegen Gemeinnützigkeit steuerbefreit. Spendenkonto "
                     + randomIban(draft.random),
@@ -62,7 +64,8 @@ void trainYear(Draft& draft) {
               columns);
     }
     p.rule();
-    p.row({"", "Total Spenden", draft.m(total)}, columns, {10, true});
+    p.row({"", draft.one("Total Spenden|Spenden total|Total Ihrer Spenden"), draft.m(total)},
+          columns, {10, true});
     note(draft, total, draft.family.two);
 }
 

@@ -42,7 +42,9 @@ void trainMonths(Draft& draft) {
         p.row({monthName(draft, month), QString::number(days), draft.m(part)}, columns, {9});
     }
     p.rule();
-    p.row({"Total Betreuungskosten", "", draft.m(total)}, columns, {9.5, true});
+    p.row({draft.one("Total Betreuungskosten|Betreuungskosten total|Total Elternbeiträge"), "",
+           draft.m(total)},
+          columns, {9.5, true});
     noteCare(draft, total);
 }
 
@@ -62,7 +64,8 @@ void trainNet(Draft& draft) {
     p.entry("Kosten nach Tarif", draft.f(full));
     p.entry("Beitrag der Gemeinde", draft.f(subsidy));
     p.rule();
-    p.entry("Von den Eltern bezahlt", draft.f(full - subsidy), {10, true});
+    p.entry(draft.one("Von den Eltern bezahlt|Bezahlte Betreuungskosten|Elternbeitrag bezahlt"),
+            draft.f(full - subsidy), {10, true});
     noteCare(draft, full - subsidy);
 }
 
@@ -135,7 +138,9 @@ void trainCourse(Draft& draft) {
     p.row({"Lehrmittel", "", draft.m(material)}, columns);
     p.row({"MWST ausgenommen (Art. 21 MWSTG)", "", "0.00"}, columns);
     p.rule();
-    p.row({"Kurskosten total", "", draft.m(fee + material)}, columns, {10, true});
+    p.row({draft.one("Kurskosten total|Total Kurskosten|Total Rechnung"), "",
+           draft.m(fee + material)},
+          columns, {10, true});
     noteCourse(draft, fee + material, draft.family.one);
     if (draft.payload) {
         QrBill bill;
@@ -157,7 +162,8 @@ void trainConfirmation(Draft& draft) {
     p.entry("Kurs", "Buchhaltung Stufe 3, 12 Abende");
     p.entry("Dauer",
             "15.01." + QString::number(draft.year) + " – 28.06." + QString::number(draft.year));
-    p.entry("Bezahlte Kurskosten", draft.f(fee), {10, true});
+    p.entry(draft.one("Bezahlte Kurskosten|Kursgeld bezahlt|Kosten der Weiterbildung"),
+            draft.f(fee), {10, true});
     p.entry("Präsenz", "94%");
     noteCourse(draft, fee, draft.family.two);
 }

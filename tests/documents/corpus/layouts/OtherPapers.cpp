@@ -9,6 +9,7 @@ namespace {
 void begin(Draft& draft) {
     draft.truth.kind = "anderes";
     employerOf(draft);
+    draft.hasFoot = draft.random.chance(50);
 }
 
 void trainShares(Draft& draft) {

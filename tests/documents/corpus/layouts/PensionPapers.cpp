@@ -33,7 +33,9 @@ void trainTable(Draft& draft) {
     p.rule();
     p.row({"Altersrente BVG", draft.m(month), "12", draft.m(12 * month)}, columns);
     p.rule();
-    p.row({"Total Rente", "", "", draft.m(12 * month)}, columns, {9.5, true});
+    p.row(
+        {draft.one("Total Rente|Rente total|Total ausbezahlte Rente"), "", "", draft.m(12 * month)},
+        columns, {9.5, true});
     p.space(6);
     p.paragraph("Die Rente ist zu 100% als Einkommen steuerbar. Auszahlung auf "
                     + randomIban(draft.random),
@@ -50,8 +52,9 @@ void trainPlain(Draft& draft) {
     p.entry("Rentenbezüger/in", draft.family.one.name());
     p.entry("Geburtsdatum", draft.date(draft.family.one.birth));
     p.entry("Rentenart", "Altersrente aus beruflicher Vorsorge");
-    p.entry("Ausbezahlte Renten 01.01. – 31.12." + QString::number(draft.year), draft.f(12 * month),
-            {10, true});
+    p.entry(draft.one("Ausbezahlte Renten 01.01. – 31.12.|Rentenleistungen brutto |Total Renten ")
+                + QString::number(draft.year),
+            draft.f(12 * month), {10, true});
     p.entry("Einbehaltene Quellensteuer", "");
 }
 

@@ -93,8 +93,9 @@ void trainAccount(Draft& draft) {
     Paper& p = draft.paper;
     p.newPage();
     draft.letterHead(0, draft.family.one.name());
-    p.lineOf(draft.t("Bescheinigung Vorsorgekonto 3a ", "Attestation compte de prévoyance 3a ",
-                     "Attestazione conto previdenza 3a ")
+    p.lineOf(draft.t("Bescheinigung Vorsorgekonto 3a |Beitragsbescheinigung Säule 3a "
+                     "|Vorsorgekonto 3a: Steuerbescheinigung ",
+                     "Attestation compte de prévoyance 3a ", "Attestazione conto previdenza 3a ")
                  + QString::number(draft.year),
              {13, true});
     p.lineOf(draft.t("Vorsorgekonto Nr. ", "Compte no ", "Conto n. ") + draft.random.digits(9));
@@ -105,7 +106,9 @@ void trainAccount(Draft& draft) {
     p.entry(draft.t("Saldo per 01.01.", "Solde au 01.01.", "Saldo al 01.01.")
                 + QString::number(draft.year),
             draft.f(opening));
-    p.entry(draft.t("Einbezahlte Beiträge", "Cotisations versées", "Contributi versati"),
+    p.entry(draft.t("Einbezahlte Beiträge|Einzahlungen im Jahr|Vorsorgebeiträge Säule "
+                    "3a|Abzugsfähige Beiträge",
+                    "Cotisations versées", "Contributi versati"),
             draft.f(paid), {9.5, true});
     p.entry(draft.t("Zins", "Intérêts", "Interessi"), draft.f(interest));
     p.rule();
@@ -216,7 +219,9 @@ void trainBuyInLetter(Draft& draft) {
     p.entry("Versicherte Person",
             draft.family.one.name() + ", " + draft.date(draft.family.one.birth));
     p.entry("Eingang der Zahlung", draft.date(draft.day()));
-    p.entry("Einkauf Pensionskasse", draft.f(amount), {10, true});
+    p.entry(draft.one("Einkauf Pensionskasse|Einkaufssumme|Freiwilliger Einkauf|Einkauf in die "
+                      "Pensionskasse"),
+            draft.f(amount), {10, true});
     p.entry("Verbleibende Einkaufsmöglichkeit", draft.f(possible - amount));
     p.entry("Altersguthaben per 31.12." + QString::number(draft.year),
             draft.f(draft.odd(90000, 640000)));

@@ -62,19 +62,22 @@ void trainTable(Draft& draft) {
           columns, {9, true});
     p.rule();
     p.row(
-        {draft.t("Grundversicherung KVG", "Assurance de base LAMal", "Assicurazione di base LAMal"),
+        {draft.t("Grundversicherung KVG|Obligatorische Krankenversicherung (OKP)|Krankenpflege KVG",
+                 "Assurance de base LAMal", "Assicurazione di base LAMal"),
          draft.m(made.basic), "12", draft.m(12 * made.basic)},
         columns);
-    p.row({draft.t("Zusatzversicherungen VVG", "Assurances complémentaires LCA",
-                   "Assicurazioni complementari LCA"),
+    p.row({draft.t("Zusatzversicherungen VVG|Spitalzusatz VVG|Zusatz ambulant VVG",
+                   "Assurances complémentaires LCA", "Assicurazioni complementari LCA"),
            draft.m(made.extra), "12", draft.m(12 * made.extra)},
           columns);
     p.rule();
-    p.row({draft.t("Prämien Total", "Total des primes", "Totale premi"), "", "",
-           draft.m(made.total())},
+    p.row({draft.t("Prämien Total|Total Prämien|Prämien KVG und VVG total|Summe Prämien",
+                   "Total des primes", "Totale premi"),
+           "", "", draft.m(made.total())},
           columns, {9.5, true});
     if (made.reduction != 0) {
-        p.row({draft.t("Individuelle Prämienverbilligung (IPV)",
+        p.row({draft.t("Individuelle Prämienverbilligung (IPV)|Prämienverbilligung|Kantonaler "
+                       "Beitrag IPV",
                        "Réduction individuelle des primes", "Riduzione individuale dei premi"),
                "", "", draft.m(made.reduction)},
               columns);
@@ -112,7 +115,8 @@ void trainBoxes(Draft& draft) {
     line(draft.t("Zusatzversicherung nach VVG", "Assurance complémentaire LCA",
                  "Assicurazione complementare LCA"),
          draft.f(12 * made.extra), false);
-    line(draft.t("Total bezahlte Prämien", "Total primes payées", "Totale premi pagati"),
+    line(draft.t("Total bezahlte Prämien|Jahresprämie total|Prämientotal", "Total primes payées",
+                 "Totale premi pagati"),
          draft.f(made.total()), true);
     line(draft.t("Nicht erstattete Kosten (Franchise, Selbstbehalt)", "Frais non remboursés",
                  "Costi non rimborsati"),

@@ -30,7 +30,7 @@ struct Row {
     double indent = 0;
 };
 
-std::vector<Row> rowsOf(const Draft& draft, const Salary& s) {
+std::vector<Row> rowsOf(Draft& draft, const Salary& s) {
     const QString bonus =
         draft.t("Bonus, Gratifikation", "Bonus, gratification", "Bonus, gratifica");
     const QString share = draft.t("Arbeitgeberanteil AHV/IV/EO/ALV", "Part employeur AVS/AI/APG/AC",
@@ -305,6 +305,7 @@ void form(Draft& draft, const Salary& s, const Style& style, int parts) {
 
 void begin(Draft& draft) {
     employerOf(draft);
+    draft.hasFoot = true; // the form's own
     draft.truth.kind = "lohnausweis";
     draft.money.place = AmountStyle::Currency::none;
     draft.money.fraction = draft.random.pick(std::vector<AmountStyle::Fraction>{

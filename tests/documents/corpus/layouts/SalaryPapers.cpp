@@ -51,10 +51,12 @@ void trainLiechtenstein(Draft& draft) {
     line("Naturalbezüge, Privatanteil Geschäftswagen", s.car, false);
     line("Gratifikationen, Boni, übrige Leistungen", s.bonus + s.shares + s.other, false);
     line("Bruttolohn total", s.gross, true);
-    line("Abzüglich Beiträge AHV/IV/FAK/ALV/NBU", s.social, false);
+    line(draft.one("Abzüglich Beiträge AHV/IV/FAK/ALV/NBU|Sozialabgaben AHV/IV/ALV/NBU|Beiträge "
+                   "AHV-IV-FAK, ALV, NBU"),
+         s.social, false);
     line("Abzüglich ordentliche Beiträge Pensionskasse", s.regular, false);
     line("Abzüglich Einkauf Pensionskasse", s.buyIn, false);
-    line("Nettolohn", s.net, true);
+    line(draft.one("Nettolohn|Nettolohn total"), s.net, true);
     line("Lohnsteuerabzug 4%", s.atSource, false);
     line("Spesen (nicht im Bruttolohn enthalten)", s.expenses, false);
     p.space(10);

@@ -40,7 +40,8 @@ void trainPolicyList(Draft& draft) {
     p.entry("Versicherte Person", draft.family.one.name(), {9.5}, true);
     p.entry("Beginn / Ablauf", "01.03.2009 / 01.03.2034", {9.5}, true);
     p.entry("Versicherungssumme", draft.f(made.sum), {9.5}, true);
-    p.entry("Rückkaufswert inkl. Überschuss", draft.f(made.surrender), {9.5, true}, true);
+    p.entry(draft.one("Rückkaufswert inkl. Überschuss|Steuerwert (Rückkaufswert)|Rückkaufswert"),
+            draft.f(made.surrender), {9.5, true}, true);
 }
 
 void trainPolicyTable(Draft& draft) {
@@ -138,8 +139,10 @@ void trainNotice(Draft& draft) {
     p.entry("Grundstücksfläche", "642 m²");
     p.entry("Schätzungsdatum", draft.date(draft.day()));
     p.rule();
-    p.entry("Verkehrswert (amtlicher Wert)", draft.f(made.value), {10, true});
-    p.entry("Mietwert pro Jahr", draft.f(made.rent), {10, true});
+    p.entry(draft.one("Verkehrswert (amtlicher Wert)|Amtlicher Verkehrswert|Verkehrswert"),
+            draft.f(made.value), {10, true});
+    p.entry(draft.one("Mietwert pro Jahr|Amtlicher Mietwert|Mietwert"), draft.f(made.rent),
+            {10, true});
     p.entry("Neuwert (Gebäudeversicherung)",
             draft.f(made.value + draft.francs(50000, 300000, 1000)));
     p.entry("Realwert", draft.f(made.value - draft.francs(1000, 60000, 1000)));
