@@ -25,136 +25,63 @@ struct Row {
     const char* french;
     const char* italian;
     const char* sign;
-    Cents amount;
-    QString remark;
+    Cents Salary::*amount = nullptr; ///< none: the line is always empty
     double indent = 0;
 };
 
-std::vector<Row> rowsOf(Draft& draft, const Salary& s) {
-    const QString bonus =
-        draft.t("Bonus, Gratifikation", "Bonus, gratification", "Bonus, gratifica");
-    const QString share = draft.t("Arbeitgeberanteil AHV/IV/EO/ALV", "Part employeur AVS/AI/APG/AC",
-                                  "Quota datore di lavoro AVS/AI/IPG/AD");
-    return {
-        {"1.",
-         "Lohn soweit nicht unter Ziffer 2–7 aufzuführen / Rente",
-         "Salaire qui ne concerne pas les chiffres 2 à 7 ci-dessous / Rente",
-         "Salario se non da indicare sotto cifre da 2 a 7 più sotto / Rendita",
-         "",
-         s.base,
-         {}},
-        {"2.1", "Verpflegung, Unterkunft", "Pension, logement", "Vitto, alloggio", "+", 0, {}, 30},
-        {"2.2",
-         "Privatanteil Geschäftsfahrzeug",
-         "Part privée voiture de service",
-         "Quota privata automobile di servizio",
-         "+",
-         s.car,
-         {},
-         30},
-        {"2.3", "Andere", "Autres", "Altre", "+", 0, {}, 30},
-        {"3.", "Unregelmässige Leistungen", "Prestations non périodiques",
-         "Prestazioni aperiodiche", "+", s.bonus, s.bonus != 0 ? bonus : QString()},
-        {"4.",
-         "Kapitalleistungen",
-         "Prestations en capital",
-         "Prestazioni in capitale",
-         "+",
-         0,
-         {}},
-        {"5.",
-         "Beteiligungsrechte gemäss Beiblatt",
-         "Droits de participation selon annexe",
-         "Diritti di partecipazione secondo allegato",
-         "+",
-         s.shares,
-         {}},
-        {"6.",
-         "Verwaltungsratsentschädigungen",
-         "Indemnités des membres de l'administration",
-         "Indennità dei membri di consigli d'amministrazione",
-         "+",
-         0,
-         {}},
-        {"7.", "Andere Leistungen", "Autres prestations", "Altre prestazioni", "+", s.other,
-         s.other != 0 ? share : QString()},
-        {"8.",
-         "Bruttolohn total / Rente",
-         "Salaire brut total / Rente",
-         "Salario lordo totale / Rendita",
-         "=",
-         s.gross,
-         {}},
-        {"9.",
-         "Beiträge AHV/IV/EO/ALV/NBUV",
-         "Cotisations AVS/AI/APG/AC/AANP",
-         "Contributi AVS/AI/IPG/AD/AINP",
-         "–",
-         s.social,
-         {}},
-        {"10.1",
-         "Berufliche Vorsorge: Ordentliche Beiträge",
-         "Prévoyance prof.: Cotisations ordinaires",
-         "Previdenza prof.: Contributi ordinari",
-         "–",
-         s.regular,
-         {},
-         16},
-        {"10.2",
-         "2. Säule: Beiträge für den Einkauf",
-         "2e pilier: Cotisations pour le rachat",
-         "2o pilastro: Contributi per il riscatto",
-         "–",
-         s.buyIn,
-         {},
-         16},
-        {"11.",
-         "Nettolohn / Rente",
-         "Salaire net / Rente",
-         "Salario netto / Rendita",
-         "=",
-         s.net,
-         {}},
-        {"12.",
-         "Quellensteuerabzug",
-         "Retenue de l'impôt à la source",
-         "Ritenuta d'imposta alla fonte",
-         "",
-         s.atSource,
-         {}},
-        {"13.1.1",
-         "Effektive Spesen: Reise, Verpflegung, Übernachtung",
-         "Voyage, repas, nuitées",
-         "Viaggio, vitto, alloggio",
-         "",
-         0,
-         {},
-         12},
-        {"13.2.1",
-         "Pauschalspesen: Repräsentation",
-         "Représentation",
-         "Rappresentanza",
-         "",
-         s.expenses,
-         {},
-         12},
-        {"13.2.2", "Pauschalspesen: Auto", "Voiture", "Automobile", "", 0, {}, 12},
-        {"13.3",
-         "Beiträge an die Weiterbildung",
-         "Contributions au perfectionnement",
-         "Contributi per il perfezionamento",
-         "",
-         s.education,
-         {},
-         12},
-        {"14.",
-         "Weitere Gehaltsnebenleistungen",
-         "Autres prestations salariales accessoires",
-         "Altre prestazioni accessorie al salario",
-         "",
-         0,
-         {}},
-    };
+constexpr Row rows[] = {
+    {"1.", "Lohn soweit nicht unter Ziffer 2–7 aufzuführen / Rente",
+     "Salaire qui ne concerne pas les chiffres 2 à 7 ci-dessous / Rente",
+     "Salario se non da indicare sotto cifre da 2 a 7 più sotto / Rendita", "", &Salary::base},
+    {"2.1", "Verpflegung, Unterkunft", "Pension, logement", "Vitto, alloggio", "+", nullptr, 30},
+    {"2.2", "Privatanteil Geschäftsfahrzeug", "Part privée voiture de service",
+     "Quota privata automobile di servizio", "+", &Salary::car, 30},
+    {"2.3", "Andere", "Autres", "Altre", "+", nullptr, 30},
+    {"3.", "Unregelmässige Leistungen", "Prestations non périodiques", "Prestazioni aperiodiche",
+     "+", &Salary::bonus},
+    {"4.", "Kapitalleistungen", "Prestations en capital", "Prestazioni in capitale", "+"},
+    {"5.", "Beteiligungsrechte gemäss Beiblatt", "Droits de participation selon annexe",
+     "Diritti di partecipazione secondo allegato", "+", &Salary::shares},
+    {"6.", "Verwaltungsratsentschädigungen", "Indemnités des membres de l'administration",
+     "Indennità dei membri di consigli d'amministrazione", "+"},
+    {"7.", "Andere Leistungen", "Autres prestations", "Altre prestazioni", "+", &Salary::other},
+    {"8.", "Bruttolohn total / Rente", "Salaire brut total / Rente",
+     "Salario lordo totale / Rendita", "=", &Salary::gross},
+    {"9.", "Beiträge AHV/IV/EO/ALV/NBUV", "Cotisations AVS/AI/APG/AC/AANP",
+     "Contributi AVS/AI/IPG/AD/AINP", "–", &Salary::social},
+    {"10.1", "Berufliche Vorsorge: Ordentliche Beiträge",
+     "Prévoyance prof.: Cotisations ordinaires", "Previdenza prof.: Contributi ordinari", "–",
+     &Salary::regular, 16},
+    {"10.2", "2. Säule: Beiträge für den Einkauf", "2e pilier: Cotisations pour le rachat",
+     "2o pilastro: Contributi per il riscatto", "–", &Salary::buyIn, 16},
+    {"11.", "Nettolohn / Rente", "Salaire net / Rente", "Salario netto / Rendita", "=",
+     &Salary::net},
+    {"12.", "Quellensteuerabzug", "Retenue de l'impôt à la source", "Ritenuta d'imposta alla fonte",
+     "", &Salary::atSource},
+    {"13.1.1", "Effektive Spesen: Reise, Verpflegung, Übernachtung", "Voyage, repas, nuitées",
+     "Viaggio, vitto, alloggio", "", nullptr, 12},
+    {"13.2.1", "Pauschalspesen: Repräsentation", "Représentation", "Rappresentanza", "",
+     &Salary::expenses, 12},
+    {"13.2.2", "Pauschalspesen: Auto", "Voiture", "Automobile", "", nullptr, 12},
+    {"13.3", "Beiträge an die Weiterbildung", "Contributions au perfectionnement",
+     "Contributi per il perfezionamento", "", &Salary::education, 12},
+    {"14.", "Weitere Gehaltsnebenleistungen", "Autres prestations salariales accessoires",
+     "Altre prestazioni accessorie al salario", ""},
+};
+
+/// What is typed into a line beside its amount.
+QString remarkOf(Draft& draft, const Row& row, Cents amount) {
+    if (amount == 0) {
+        return {};
+    }
+    if (row.amount == &Salary::bonus) {
+        return draft.t("Bonus, Gratifikation", "Bonus, gratification", "Bonus, gratifica");
+    }
+    if (row.amount == &Salary::other) {
+        return draft.t("Arbeitgeberanteil AHV/IV/EO/ALV", "Part employeur AVS/AI/APG/AC",
+                       "Quota datore di lavoro AVS/AI/IPG/AD");
+    }
+    return {};
 }
 
 void head(Draft& draft, const Salary& s, const Style& style) {
@@ -203,36 +130,39 @@ void head(Draft& draft, const Salary& s, const Style& style) {
 
 /// As many of the three languages as have room.
 QString sideBySide(const Paper& paper, const Row& row, const Type& type, double room) {
-    const double left = row.remark.isEmpty() ? room : room - 30;
     QString text = QString::fromUtf8(row.german);
     for (const char* next : {row.french, row.italian}) {
         const QString longer = text + " – " + QString::fromUtf8(next);
-        text = paper.width(longer, type) <= left ? longer : text;
+        text = paper.width(longer, type) <= room ? longer : text;
     }
     return text;
 }
 
-void formRow(Draft& draft, const Style& style, const Row& row, double y) {
+void formRow(Draft& draft, const Style& style, const Row& row, const Salary& s, double y) {
     Paper& p = draft.paper;
+    const Cents amount = row.amount == nullptr ? 0 : s.*row.amount;
+    const QString remark = remarkOf(draft, row, amount);
     const bool strong = row.number == QString("8.") || row.number == QString("11.");
     const Type label{style.oneLine ? 6.6 : 6.0, strong};
     const double x = 18 + row.indent;
     p.put(x, y, row.number, {8, strong});
     const double labelX = x + (row.indent > 0 ? 10 : 8);
     if (style.oneLine) {
-        p.put(labelX, y, sideBySide(p, row, label, style.amountX - 32 - labelX), label);
+        p.put(labelX, y,
+              sideBySide(p, row, label, style.amountX - (remark.isEmpty() ? 32 : 62) - labelX),
+              label);
     } else {
         p.put(labelX, y - 2.2, QString::fromUtf8(row.german), label);
         p.put(labelX, y, QString::fromUtf8(row.french), label);
         p.put(labelX, y + 2.2, QString::fromUtf8(row.italian), label);
     }
-    p.put(style.amountX - 33, y - 0.4, row.remark,
+    p.put(style.amountX - 33, y - 0.4, remark,
           {6.5, false, Align::right, false, Qt::black, style.values});
     if (style.signs) {
         p.put(style.amountX - 30, y, row.sign, {9});
     }
-    if (row.amount != 0) {
-        p.put(style.amountX - 1.5, y, draft.m(row.amount),
+    if (amount != 0) {
+        p.put(style.amountX - 1.5, y, draft.m(amount),
               {10, strong, Align::right, false, Qt::black, style.values});
     }
     if (style.boxes) {
@@ -286,8 +216,8 @@ void form(Draft& draft, const Salary& s, const Style& style, int parts) {
         p.put(style.amountX, style.top - 4, "CHF", {6, false, Align::right});
     }
     double y = style.top;
-    for (const Row& row : rowsOf(draft, s)) {
-        formRow(draft, style, row, y);
+    for (const Row& row : rows) {
+        formRow(draft, style, row, s, y);
         y += style.pitch;
     }
     foot(draft, style, s, y + 1, parts > 1 ? "Seite 1 / 2" : "");
