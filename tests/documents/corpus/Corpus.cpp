@@ -19,8 +19,8 @@ void write(const QString& path, const QByteArray& bytes) {
 }
 
 QString writeScan(const Draft& draft, Random random, const QString& path) {
-    // A symbol of the width that pay programs print needs 240 dpi.
-    const double dpi = random.pick(draft.payload ? std::vector<double>{240, 300, 300}
+    // Modules of a fifth of a millimetre, askew and drawn only once, need the finest of them.
+    const double dpi = random.pick(draft.payload ? std::vector<double>{300}
                                                  : std::vector<double>{200, 240, 300, 300});
     const bool colour = random.chance(30);
     std::vector<QImage> pages;

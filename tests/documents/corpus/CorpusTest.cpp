@@ -176,8 +176,8 @@ TEST(DocumentCorpus, barcodesHoldTheTruth) {
         ASSERT_FALSE(parts.empty()) << nameOf(order);
         EXPECT_EQ(parts.begin()->second.mid(14, 4), QByteArray("PK\3\4", 4)) << nameOf(order);
         for (const auto& [place, part] : parts) {
-            const auto byteAt = [&part](qsizetype at) {
-                return static_cast<int>(static_cast<unsigned char>(part[at]));
+            const auto byteAt = [&bytes = part](qsizetype at) {
+                return static_cast<int>(static_cast<unsigned char>(bytes[at]));
             };
             EXPECT_EQ(byteAt(6) * 256 + byteAt(7), part.size()) << nameOf(order);
         }
