@@ -10,7 +10,8 @@ buildPackages=(
     qt6-base-dev qt6-charts-dev qt6-svg-dev libqt6opengl6-dev libgl-dev libegl-dev libxkbcommon-dev
     fonts-inter fonts-roboto-unhinted qt6-translations-l10n
 )
-testPackages=(libgtest-dev libbenchmark-dev poppler-utils libzint-dev dbus gnome-keyring)
+testPackages=(libgtest-dev libbenchmark-dev poppler-utils libzint-dev dbus gnome-keyring fonts-dejavu-core
+    fonts-liberation2)
 lintPackages=(clang-tidy clang-format git)
 fuzzPackages=(clang libclang-rt-14-dev)
 

@@ -1,0 +1,151 @@
+#include "tests/documents/corpus/kit/Paper.h"
+
+#include <QFontMetricsF>
+
+namespace corpus {
+namespace {
+
+constexpr double millimetresPerPoint = 25.4 / 72;
+
+QFont fontOf(const Type& type, const QString& family, double pixels) {
+    QFont font(type.family.isEmpty() ? family : type.family);
+    font.setPixelSize(std::max(1, qRound(pixels)));
+    font.setBold(type.bold);
+    font.setItalic(type.italic);
+    return font;
+}
+
+} // namespace
+
+void Paper::newPage(bool landscape) {
+    pages_.push_back({landscape, {}});
+    y = 20;
+}
+
+QSizeF Paper::pageSize(int page) const {
+    return pages_[static_cast<size_t>(page)].landscape ? QSizeF(297, 210) : QSizeF(210, 297);
+}
+
+void Paper::put(double x, double baseline, const QString& text, const Type& type) {
+    Type set = type;
+    if (set.family.isEmpty()) {
+        set.family = family;
+    }
+    if (!text.isEmpty()) {
+        pages_.back().marks.push_back({text, set, QRectF(x, baseline, 0, 0), type.colour});
+    }
+}
+
+void Paper::fill(double x, double top, double width, double height, const QColor& colour) {
+    pages_.back().marks.push_back({{}, {}, QRectF(x, top, width, height), colour});
+}
+
+void Paper::line(double x1, double y1, double x2, double y2, double width) {
+    const bool level = y1 == y2;
+    fill(level ? x1 : x1 - width / 2, level ? y1 - width / 2 : y1, level ? x2 - x1 : width,
+         level ? width : y2 - y1);
+}
+
+void Paper::box(double x, double top, double width, double height, double pen) {
+    line(x, top, x + width, top, pen);
+    line(x, top + height, x + width, top + height, pen);
+    line(x, top, x, top + height, pen);
+    line(x + width, top, x + width, top + height, pen);
+}
+
+double Paper::width(const QString& text, const Type& type) const {
+    constexpr double reference = 200;
+    const QFontMetricsF metrics(fontOf(type, family, reference));
+    return metrics.horizontalAdvance(text) * type.size * millimetresPerPoint / reference;
+}
+
+void Paper::lineOf(const QString& text, const Type& type) {
+    y += type.size * millimetresPerPoint * leading;
+    const double x = type.align == Align::right    ? right
+                     : type.align == Align::centre ? (left + right) / 2
+                                                   : left;
+    put(x, y, text, type);
+}
+
+QStringList Paper::wrapped(const QString& text, const Type& type, double limit) const {
+    QStringList lines;
+    QString current;
+    for (const QString& word : text.split(' ')) {
+        const QString longer = current.isEmpty() ? word : current + " " + word;
+        if (!current.isEmpty() && width(longer, type) > limit) {
+            lines += current;
+            current = word;
+        } else {
+            current = longer;
+        }
+    }
+    lines += current;
+    return lines;
+}
+
+void Paper::paragraph(const QString& text, const Type& type, double limit) {
+    for (const QString& part : wrapped(text, type, limit > 0 ? limit : right - left)) {
+        lineOf(part, type);
+    }
+}
+
+void Paper::row(const QStringList& cells, const std::vector<Column>& columns, const Type& type) {
+    y += type.size * millimetresPerPoint * leading;
+    for (qsizetype i = 0; i < cells.size(); ++i) {
+        Type cell = type;
+        const Column& column = columns[static_cast<size_t>(i)];
+        cell.align = column.align;
+        put(column.x, y, cells[i], cell);
+    }
+}
+
+void Paper::entry(const QString& label, const QString& value, const Type& type, bool dotted) {
+    row({label, value}, {{left}, {right, Align::right}}, type);
+    if (dotted) {
+        const double dot = width(".", type);
+        const double from = left + width(label, type) + 2;
+        const double until = right - width(value, type) - 2;
+        const int count = static_cast<int>((until - from) / dot);
+        put(from, y, QString(std::max(0, count), '.'), type);
+    }
+}
+
+void Paper::rule(double width) {
+    y += 1.5;
+    line(left, y, right, y, width);
+}
+
+void Paper::draw(int page, QPainter& painter, double scale) const {
+    for (const Mark& mark : pages_[static_cast<size_t>(page)].marks) {
+        if (mark.text.isEmpty()) {
+            painter.fillRect(QRectF(mark.place.topLeft() * scale, mark.place.size() * scale),
+                             mark.colour);
+            continue;
+        }
+        const double pixels = mark.type.size * millimetresPerPoint * scale;
+        painter.setFont(fontOf(mark.type, family, pixels));
+        painter.setPen(mark.colour);
+        const double advance =
+            QFontMetricsF(painter.font(), painter.device()).horizontalAdvance(mark.text);
+        const double shift = mark.type.align == Align::right    ? advance
+                             : mark.type.align == Align::centre ? advance / 2
+                                                                : 0;
+        painter.save();
+        painter.translate(mark.place.topLeft() * scale);
+        painter.rotate(mark.type.turn);
+        painter.drawText(QPointF(-shift, 0), mark.text);
+        painter.restore();
+    }
+}
+
+QStringList Paper::texts(int page) const {
+    QStringList texts;
+    for (const Mark& mark : pages_[static_cast<size_t>(page)].marks) {
+        if (!mark.text.isEmpty()) {
+            texts += mark.text;
+        }
+    }
+    return texts;
+}
+
+} // namespace corpus

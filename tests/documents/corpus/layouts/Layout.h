@@ -1,0 +1,38 @@
+#pragma once
+
+#include "tests/documents/corpus/kit/Draft.h"
+
+#include <vector>
+
+namespace corpus {
+
+/// One way in which an issuer sets one kind of paper.
+struct Layout {
+    const char* group;
+    const char* name;
+    bool held = false;
+    const char* languages = "de"; ///< separated by commas
+    bool payload = false;
+    void (*draw)(Draft&) = nullptr;
+};
+
+std::vector<Layout> salaryForms();
+std::vector<Layout> salaryPapers();
+std::vector<Layout> pensionPapers();
+std::vector<Layout> pillarPapers();
+std::vector<Layout> buyInPapers();
+std::vector<Layout> premiumPapers();
+std::vector<Layout> bankPapers();
+std::vector<Layout> statementPapers();
+std::vector<Layout> billPapers();
+std::vector<Layout> donationPapers();
+std::vector<Layout> childcarePapers();
+std::vector<Layout> coursePapers();
+std::vector<Layout> insurancePapers();
+std::vector<Layout> propertyPapers();
+std::vector<Layout> otherPapers();
+
+/// Every layout of the training set or of the held-out set.
+std::vector<Layout> layoutsOf(bool held);
+
+} // namespace corpus
