@@ -136,7 +136,8 @@ void checkGrossSalary(CheckContext& c, const Certificate& it) {
     const bool othersFilled =
         !boxes.socialContributions.isZero() || !boxes.pensionContributions.isZero()
         || !boxes.pensionBuyIn.isZero() || boxes.netSalaryOverride.value_or(0) != 0;
-    if (boxes.grossSalary.isZero()) {
+    // Whoever writes a net salary of 0 means it.
+    if (boxes.grossSalary.isZero() && (othersFilled || !boxes.netSalaryOverride)) {
         c.warning({it.id("lohn-brutto-fehlt"), "income", "Bruttolohn fehlt",
                    "Beim " + it.called() + " fehlt der Bruttolohn (Ziffer 8)"
                        + (othersFilled ? ", andere Ziffern sind ausgefüllt. Bitte ergänzen."

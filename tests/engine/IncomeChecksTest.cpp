@@ -111,7 +111,10 @@ std::vector<CheckRow> certificateRows() {
              salary(c).netSalaryOverride = 79'737;
          }},
         {"lohn-brutto-fehlt-1-1", [](TaxCase& c) { salary(c).grossSalary = 0; },
-         [](TaxCase& c) { c.income1.salaries[0] = {.employer = "Muster AG"}; }},
+         [](TaxCase& c) { salary(c).grossSalary = 1; }},
+        {"lohn-brutto-fehlt-1-1",
+         [](TaxCase& c) { c.income1.salaries[0] = {.employer = "Muster AG"}; },
+         [](TaxCase& c) { c.income1.salaries[0] = {.employer = "Muster AG", .grossSalary = 1}; }},
         {"lohn-brutto-fehlt-1-1",
          [](TaxCase& c) {
              c.income1.salaries[0] = {.employer = "Muster AG", .netSalaryOverride = 1};
