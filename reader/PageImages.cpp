@@ -286,6 +286,7 @@ std::optional<Picture> PageImages::pagePicture(int page, const PageSize& size) c
     constexpr double nearly = 0.95;
     constexpr double pointsPerInch = 72;
     constexpr double coarsest = 100;
+    constexpr double stretch = 0.03; // an image that is stretched is drawn with the page
     if (!pages_ || !fillsPage(page, size)) {
         return std::nullopt;
     }
@@ -301,7 +302,8 @@ std::optional<Picture> PageImages::pagePicture(int page, const PageSize& size) c
         }
         const int pixels = integer(image.getDict(), "/Width");
         const double dpi = pixels * pointsPerInch / m[0];
-        if (dpi < coarsest) {
+        const double dpiAcross = integer(image.getDict(), "/Height") * pointsPerInch / m[3];
+        if (dpi < coarsest || std::abs(dpiAcross / dpi - 1) > stretch) {
             return std::nullopt;
         }
         Picture picture{.grey = pixelsOf(image), .dpi = dpi};

@@ -187,7 +187,7 @@ Scanned resultOf(Shared& shared) {
 std::optional<Fault> problemOf(const Shared& shared) {
     if (shared.finished < shared.total) {
         return "Das Lesen dauerte zu lange: Nur " + std::to_string(shared.finished) + " von "
-               + std::to_string(shared.total) + " Seiten wurden ganz gelesen.";
+               + std::to_string(shared.pageCount) + " Seiten wurden ganz gelesen.";
     }
     if (shared.flaw) {
         return shared.flaw;
