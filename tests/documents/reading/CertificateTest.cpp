@@ -108,7 +108,8 @@ TEST(SalaryForm, thePrincipalityNumbersItsBoxesAnew) {
     page.line("4 Bruttolohn total", "68’000.00")
         .line("5 Abzüglich Beiträge AHV/IV/FAK/ALV/NBU", "3’657.00");
     page.line("6 Abzüglich ordentliche Beiträge Pensionskasse", "6’500.00");
-    page.line("7 Abzüglich Einkauf Pensionskasse").line("8 Nettolohn", "57’843.00");
+    page.line("7 Abzüglich Einkauf Pensionskasse").line("Rückzahlung eines Vorschusses", "120.00");
+    page.line("8 Nettolohn", "57’843.00");
     const ScanResult result = page.proposed();
     EXPECT_EQ(valueOf(result, "grossSalary"), "68000");
     EXPECT_EQ(valueOf(result, "socialContributions"), "3657");
