@@ -1,8 +1,8 @@
 #include "Fiscarel_SG/pages/EnclosuresCard.h"
 
 #include "Fiscarel_SG/AppStore.h"
-#include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/ElidingButton.h"
+#include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
 #include "Fiscarel_SG/outputs/ReportContent.h"
 #include "Fiscarel_SG/pages/Cards.h"

@@ -2,9 +2,9 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/PagePaths.h"
-#include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Icons.h"
 #include "Fiscarel_SG/look/KeyboardOrder.h"
+#include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Toast.h"
 #include "Fiscarel_SG/shell/PageStack.h"
 #include "Fiscarel_SG/shell/ReasonDialog.h"

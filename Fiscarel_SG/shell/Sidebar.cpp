@@ -1,8 +1,8 @@
 #include "Fiscarel_SG/shell/Sidebar.h"
 
 #include "Fiscarel_SG/AppStore.h"
-#include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Icons.h"
+#include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
 #include "Fiscarel_SG/pages/overview/Progress.h"
 

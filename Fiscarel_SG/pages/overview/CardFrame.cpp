@@ -46,9 +46,7 @@ QPushButton* CardFrame::addLink(const QString& text, const QString& name) {
     return link;
 }
 
-void CardFrame::addLine() {
-    addInset(makeLine(this));
-}
+void CardFrame::addLine() { addInset(makeLine(this)); }
 
 void CardFrame::addInset(QWidget* widget, Qt::Alignment alignment) {
     auto* const line = new QHBoxLayout;

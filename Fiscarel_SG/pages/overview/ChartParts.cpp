@@ -1,7 +1,7 @@
 #include "Fiscarel_SG/pages/overview/ChartParts.h"
 
-#include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Contrast.h"
+#include "Fiscarel_SG/look/QtText.h"
 
 #include <QApplication>
 #include <QChart>
