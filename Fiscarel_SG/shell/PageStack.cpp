@@ -69,9 +69,12 @@ look::PageWidget* PageStack::makePage(const QString& id) {
 }
 
 look::PageWidget& PageStack::pageWidget(const QString& id) {
-    auto& widget = widgets_[id];
+    const auto found = widgets_.find(id);
+    look::PageWidget* widget = found != widgets_.end() ? found->second : nullptr;
     if (widget == nullptr) {
+        // While it is made the store may speak, and what listens must not find half a page.
         widget = makePage(id);
+        widgets_[id] = widget;
         widget->setObjectName(u"page:"_s + id);
         connect(widget, &look::PageWidget::fieldWanted, this, &PageStack::fieldWanted);
         connect(widget, &look::PageWidget::pageWanted, this, &PageStack::pageWanted);
