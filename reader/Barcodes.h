@@ -1,0 +1,28 @@
+#pragma once
+
+#include "reader/Picture.h"
+
+#include <string>
+#include <vector>
+
+namespace fiscarel::reader {
+
+/// A barcode with its payload as text, too.
+struct FoundSymbol {
+    PageSymbol symbol;
+    std::string text; ///< UTF-8
+};
+
+/// Which barcodes one pass looks for: all at once would miss PDF417.
+enum class Pass { pdf417, others };
+
+/// The barcodes of a picture; places are on its page.
+std::vector<FoundSymbol> findSymbols(const Picture& picture, Pass pass);
+
+/// Adds those that are not there yet.
+void addNew(std::vector<FoundSymbol>& symbols, std::vector<FoundSymbol> found);
+
+/// Symbology, ":" and the first 40 characters of the payload.
+std::string shortText(const FoundSymbol& symbol);
+
+} // namespace fiscarel::reader

@@ -1,0 +1,227 @@
+#include "reader/Document.h"
+#include "reader/Exif.h"
+#include "reader/HeifImage.h"
+
+#include <leptonica/allheaders.h>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace fiscarel::reader {
+
+namespace {
+
+constexpr double pointsPerInch = 72;
+constexpr int mostTiffPages = 100;
+
+struct ImagePage {
+    int width = 0; ///< pixels as stored
+    int height = 0;
+};
+
+struct ImageFile {
+    std::string_view bytes;
+    int format = IFF_UNKNOWN; ///< of Leptonica; `IFF_UNKNOWN` for HEIF
+    int orientation = 1;
+    std::vector<ImagePage> pages;
+};
+
+const l_uint8* data(std::string_view bytes) {
+    return reinterpret_cast<const l_uint8*>(bytes.data());
+}
+
+/// Turns and mirrors a picture as the camera tells.
+PixPtr upright(PixPtr pix, int orientation) {
+    if (!pix || orientation == 1) {
+        return pix;
+    }
+    constexpr std::array<int, 9> quarterTurns{0, 0, 0, 2, 2, 1, 1, 3, 3};
+    const auto at = static_cast<std::size_t>(orientation);
+    const bool isMirrored =
+        orientation == 2 || orientation == 4 || orientation == 5 || orientation == 7;
+    if (isMirrored) {
+        pix.reset(pixFlipLR(nullptr, pix.get()));
+    }
+    // Those that are mirrored and lie on their side turn the other way after the mirror.
+    const int turns = orientation == 5 ? 3 : orientation == 7 ? 1 : quarterTurns[at];
+    return PixPtr(pix && turns != 0 ? pixRotateOrth(pix.get(), turns) : pix.release());
+}
+
+PixPtr decode(const ImageFile& file, int page) {
+    if (file.format == IFF_UNKNOWN) {
+        return decodeHeif(file.bytes);
+    }
+    const bool isTiff = L_FORMAT_IS_TIFF(file.format);
+    if (!isTiff) {
+        return PixPtr(pixReadMem(data(file.bytes), file.bytes.size()));
+    }
+    std::size_t offset = 0;
+    PixPtr pix;
+    for (int i = 1; i <= page; ++i) {
+        pix.reset(pixReadMemFromMultipageTiff(data(file.bytes), file.bytes.size(), &offset));
+        if (!pix || (offset == 0 && i < page)) {
+            return nullptr;
+        }
+    }
+    return pix;
+}
+
+/// The resolution of a page: as told when that is believable, else as if it were a sheet of A4.
+double dpiOf(const PixPtr& pix) {
+    constexpr double longSide = 297 / 25.4;
+    constexpr double largestSheet = 24;
+    constexpr double smallestSheet = 2;
+    const double longest = std::max(widthOf(pix), heightOf(pix));
+    const double told = pixGetXRes(pix.get());
+    const bool isBelievable = told >= 100 && told <= 1200 && longest / told <= largestSheet
+                              && longest / told >= smallestSheet;
+    return isBelievable ? told : longest / longSide;
+}
+
+class ImageDocument : public Document {
+  public:
+    explicit ImageDocument(ImageFile file) : file_(std::move(file)) {}
+
+    int pageCount() const override { return static_cast<int>(file_.pages.size()); }
+
+    PageSize size(int page) const override {
+        const PixPtr& pix = colour(page);
+        if (!pix) {
+            return {};
+        }
+        const double dpi = dpiOf(pix);
+        return {widthOf(pix) * pointsPerInch / dpi, heightOf(pix) * pointsPerInch / dpi};
+    }
+
+    PageText text(int /*page*/) const override { return {}; }
+
+    Picture picture(int page) const override {
+        const PixPtr& pix = colour(page);
+        if (!pix) {
+            return {};
+        }
+        Picture picture{.grey = greyOf(shared(pix)), .dpi = dpiOf(pix)};
+        const double pixels = double{1} * widthOf(pix) * heightOf(pix);
+        if (pixels > bounds::pagePixels && picture) {
+            const double factor = std::sqrt(bounds::pagePixels / pixels);
+            picture.grey.reset(pixScale(picture.grey.get(), static_cast<float>(factor),
+                                        static_cast<float>(factor)));
+            picture.dpi *= factor;
+        }
+        picture.toPage = Mapping::scaling(pointsPerInch / picture.dpi);
+        return picture;
+    }
+
+    PixPtr preview(int page, int width) const override {
+        PixPtr pix = shared(colour(page));
+        if (!pix || widthOf(pix) == 0) {
+            return nullptr;
+        }
+        if (pixGetDepth(pix.get()) != 32) {
+            pix.reset(pixConvertTo32(pix.get()));
+        }
+        const float factor = static_cast<float>(width) / static_cast<float>(widthOf(pix));
+        return PixPtr(pix ? pixScale(pix.get(), factor, factor) : nullptr);
+    }
+
+    bool isScan(int /*page*/) const override { return true; }
+    bool mayBePhoto() const override { return !L_FORMAT_IS_TIFF(file_.format); }
+
+  private:
+    /// The picture of a page, upright; the last one is kept.
+    const PixPtr& colour(int page) const {
+        if (page != page_) {
+            page_ = page;
+            colour_ = upright(decode(file_, page), file_.orientation);
+        }
+        return colour_;
+    }
+
+    ImageFile file_;
+    mutable int page_ = 0;
+    mutable PixPtr colour_;
+};
+
+Fault damaged() { return "Dieses Bild ist beschädigt und lässt sich nicht öffnen."; }
+
+bool isTooLarge(double width, double height) { return width * height > bounds::pixels; }
+
+Fault tooLarge() {
+    return "Dieses Bild ist zu gross: Es hat mehr als 100 Millionen Bildpunkte. Bitte kleiner "
+           "speichern und neu hinzufügen.";
+}
+
+tl::expected<void, Fault> readHeaders(ImageFile& file) {
+    const bool isTiff = L_FORMAT_IS_TIFF(file.format);
+    for (int page = 0; page < mostTiffPages; ++page) {
+        ImagePage read;
+        int format = 0;
+        const bool failed =
+            isTiff ? readHeaderMemTiff(data(file.bytes), file.bytes.size(), page, &read.width,
+                                       &read.height, nullptr, nullptr, nullptr, nullptr, &format)
+                         != 0
+                   : pixReadHeaderMem(data(file.bytes), file.bytes.size(), &format, &read.width,
+                                      &read.height, nullptr, nullptr, nullptr)
+                         != 0;
+        if (failed) {
+            break;
+        }
+        if (isTooLarge(read.width, read.height)) {
+            return tl::unexpected(tooLarge());
+        }
+        file.pages.push_back(read);
+        if (!isTiff) {
+            break;
+        }
+    }
+    if (file.pages.empty()) {
+        return tl::unexpected(damaged());
+    }
+    return {};
+}
+
+} // namespace
+
+tl::expected<std::unique_ptr<Document>, Fault> openImage(std::string_view bytes) {
+    ImageFile file{.bytes = bytes};
+    if (isHeif(bytes)) {
+        const auto size = heifSize(bytes);
+        if (!size) {
+            return tl::unexpected(size.error());
+        }
+        if (isTooLarge(size->width, size->height)) {
+            return tl::unexpected(tooLarge());
+        }
+        file.pages.push_back({static_cast<int>(size->width), static_cast<int>(size->height)});
+    } else {
+        findFileFormatBuffer(data(bytes), &file.format);
+        const bool isKnown = file.format == IFF_PNG || file.format == IFF_JFIF_JPEG
+                             || file.format == IFF_WEBP || L_FORMAT_IS_TIFF(file.format);
+        if (!isKnown) {
+            return tl::unexpected<Fault>(
+                "Dieses Dateiformat ist unbekannt. Möglich sind PDF, JPEG, "
+                "PNG, TIFF, WebP und HEIC.");
+        }
+        file.orientation = exifOrientation(bytes);
+        if (const auto read = readHeaders(file); !read) {
+            return tl::unexpected(read.error());
+        }
+    }
+    auto document = std::make_unique<ImageDocument>(std::move(file));
+    if (document->size(1).width <= 0) {
+        return tl::unexpected(damaged());
+    }
+    return document;
+}
+
+tl::expected<std::unique_ptr<Document>, Fault> openDocument(std::string_view bytes,
+                                                            Deadline deadline) {
+    constexpr std::size_t headerWithin = 1024; // where readers of PDF files look for it
+    if (bytes.substr(0, headerWithin).find("%PDF-") != std::string_view::npos) {
+        return openPdf(bytes, deadline);
+    }
+    return openImage(bytes);
+}
+
+} // namespace fiscarel::reader

@@ -1,0 +1,77 @@
+#include "reader/PageReader.h"
+
+#include <utility>
+
+namespace fiscarel::reader {
+
+namespace {
+
+constexpr double pointsPerInch = 72;
+
+void addSymbols(std::vector<FoundSymbol>& symbols, const Picture& picture) {
+    for (const Pass pass : {Pass::pdf417, Pass::others}) {
+        addNew(symbols, findSymbols(picture, pass));
+    }
+}
+
+/// A scan, with the page as it stands upright in place of the page of the file.
+void readScan(const Document& document, const PageTask& task, Recognition& recognition,
+              Deadline deadline, Picture source, PageFound& found) {
+    const Upright upright = findUpright(source, document.mayBePhoto(), recognition);
+    const Picture page = straightened(source, upright);
+    found.reading.width = widthOf(page.grey) * pointsPerInch / page.dpi;
+    found.reading.height = heightOf(page.grey) * pointsPerInch / page.dpi;
+    source.toPage = page.toPage.after(upright.fromSource);
+    if (task.wantsSymbols) {
+        addSymbols(found.symbols, source);
+        if (!upright.isUnchanged) {
+            addSymbols(found.symbols, page);
+        }
+    }
+    source.grey.reset();
+    RecognisedPage recognised = recognition.read(page, deadline);
+    found.recognisedText = std::move(recognised.text);
+    found.reading.words = std::move(recognised.words);
+    found.reading.isRecognised = true;
+}
+
+/// A scan that has a text layer already: only its barcodes may need it straight.
+void addSkewedSymbols(const Document& document, Recognition& recognition, const Picture& source,
+                      std::vector<FoundSymbol>& symbols) {
+    const Upright upright = findUpright(source, document.mayBePhoto(), recognition);
+    if (upright.isUnchanged) {
+        return;
+    }
+    Picture page = straightened(source, upright);
+    page.toPage = source.toPage.after(wayBack(source, upright));
+    addSymbols(symbols, page);
+}
+
+} // namespace
+
+PageFound readPage(const Document& document, PageTask task, Recognition& recognition,
+                   Deadline deadline) {
+    PageFound found{.reading = {.number = task.page}};
+    const PageSize size = document.size(task.page);
+    found.reading.width = size.width;
+    found.reading.height = size.height;
+    found.reading.words = std::move(task.text.words);
+    if (task.wantsRecognition || task.wantsSymbols) {
+        if (Picture source = document.picture(task.page); !source) {
+            // A page that cannot be drawn has its text layer only.
+        } else if (task.wantsRecognition) {
+            readScan(document, task, recognition, deadline, std::move(source), found);
+        } else {
+            addSymbols(found.symbols, source);
+            if (found.symbols.empty() && document.isScan(task.page)) {
+                addSkewedSymbols(document, recognition, source, found.symbols);
+            }
+        }
+    }
+    for (const FoundSymbol& symbol : found.symbols) {
+        found.reading.symbols.push_back(symbol.symbol);
+    }
+    return found;
+}
+
+} // namespace fiscarel::reader

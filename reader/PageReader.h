@@ -1,0 +1,27 @@
+#pragma once
+
+#include "reader/Barcodes.h"
+#include "reader/Straighten.h"
+
+namespace fiscarel::reader {
+
+/// What is wanted of a page.
+struct PageTask {
+    int page = 0;
+    bool wantsSymbols = true;
+    bool wantsRecognition = false;
+    PageText text; ///< of its text layer
+};
+
+/// What a page holds.
+struct PageFound {
+    PageReading reading;
+    std::string recognisedText; ///< empty unless recognition ran
+    std::vector<FoundSymbol> symbols;
+};
+
+/// Reads a page: draws it, looks for barcodes, sets it upright and recognises its text.
+PageFound readPage(const Document& document, PageTask task, Recognition& recognition,
+                   Deadline deadline);
+
+} // namespace fiscarel::reader

@@ -1,0 +1,236 @@
+#include "reader/Scan.h"
+
+#include "reader/WorkList.h"
+
+#include <QString>
+#include <algorithm>
+#include <condition_variable>
+#include <exception>
+#include <memory>
+#include <mutex>
+#include <new>
+#include <thread>
+#include <utility>
+
+namespace fiscarel::reader {
+
+namespace {
+
+constexpr std::size_t enoughText = 40; ///< characters with which a document needs no recognition
+
+std::string trimmed(const std::string& text) {
+    return QString::fromStdString(text).trimmed().toStdString();
+}
+
+/// Characters a reader counts, up to `enough`.
+bool hasCharacters(const std::string& text, std::size_t enough) {
+    return static_cast<std::size_t>(QString::fromStdString(text).size()) >= enough;
+}
+
+/// What the threads share. They keep it alive, since they may outlast the reading.
+struct Shared {
+    Shared(std::string_view file, Deadline end) : bytes(file), deadline(end) {}
+
+    const std::string_view bytes;
+    const Deadline deadline;
+
+    std::mutex mutex;
+    std::condition_variable changed;
+    // guarded by the mutex:
+    bool isOpen = false; ///< the tasks are known
+    std::optional<Fault> fault;
+    int pageCount = 0;
+    std::string textLayer;
+    bool isRecognised = false; ///< the text layer does not tell enough
+    int total = 0;             ///< tasks
+    int finished = 0;
+    WorkList work;
+    std::vector<PageFound> found;
+    std::optional<Fault> flaw; ///< what went wrong with some page
+};
+
+std::string memoryFault() { return "Dieses Dokument braucht beim Lesen zu viel Speicher."; }
+
+/// Opens the document, reads its text layer and lists what is to do.
+std::unique_ptr<Document> openAndPlan(Shared& shared) {
+    auto opened = openDocument(shared.bytes, shared.deadline);
+    if (!opened) {
+        const std::lock_guard lock(shared.mutex);
+        shared.fault = std::move(opened.error());
+        return nullptr;
+    }
+    const Document& document = **opened;
+    const int count = document.pageCount();
+    std::vector<PageTask> tasks;
+    std::string layer;
+    for (int page = 1; page <= std::min(count, bounds::textPages); ++page) {
+        if (std::chrono::steady_clock::now() > shared.deadline) {
+            break;
+        }
+        tasks.push_back(
+            {.page = page,
+             .wantsSymbols = page <= bounds::barcodePages || page > count - bounds::literalPages,
+             .text = document.text(page)});
+        if (layer.size() < bounds::textBytes) {
+            layer += tasks.back().text.text;
+            layer += '\n';
+        }
+    }
+    layer = trimmed(layer);
+    const bool isRecognised = !hasCharacters(layer, enoughText);
+    int scans = 0;
+    for (PageTask& task : tasks) {
+        constexpr std::size_t fewWords = 3;
+        constexpr std::size_t fewOnScan = 12; // a stamp or page number over a scan
+        const std::size_t words = task.text.words.size();
+        task.wantsRecognition = scans < bounds::recognisedPages
+                                && (isRecognised || words < fewWords
+                                    || (words < fewOnScan && document.isScan(task.page)));
+        scans += task.wantsRecognition ? 1 : 0;
+    }
+    const std::lock_guard lock(shared.mutex);
+    shared.pageCount = count;
+    shared.textLayer = std::move(layer);
+    shared.isRecognised = isRecognised;
+    shared.total = static_cast<int>(tasks.size());
+    for (const PageTask& task : tasks) {
+        shared.found.push_back({.reading = {.number = task.page, .words = task.text.words}});
+    }
+    shared.work = WorkList(std::move(tasks));
+    shared.isOpen = true;
+    return std::move(*opened);
+}
+
+void workOff(Shared& shared, const Document& document) {
+    Recognition recognition;
+    while (std::chrono::steady_clock::now() < shared.deadline) {
+        std::optional<PageTask> task;
+        {
+            const std::lock_guard lock(shared.mutex);
+            task = shared.work.next();
+        }
+        if (!task) {
+            return;
+        }
+        const auto at = static_cast<std::size_t>(task->page - 1);
+        const bool wantsRecognition = task->wantsRecognition;
+        std::optional<PageFound> found;
+        std::optional<Fault> flaw;
+        try {
+            found = readPage(document, std::move(*task), recognition, shared.deadline);
+            if (wantsRecognition && !recognition.isInstalled()) {
+                flaw = "Die Texterkennung ist nicht vollständig installiert: Eingescannte Seiten "
+                       "lassen sich nicht lesen.";
+            }
+        } catch (const std::bad_alloc&) {
+            flaw = memoryFault();
+        } catch (const std::exception&) {
+            flaw = "Eine Seite ist beschädigt und wurde nicht gelesen.";
+        }
+        const std::lock_guard lock(shared.mutex);
+        if (found) {
+            shared.work.add(*found);
+            shared.found[at] = std::move(*found);
+        }
+        if (flaw && !shared.flaw) {
+            shared.flaw = std::move(flaw);
+        }
+        ++shared.finished;
+        shared.changed.notify_all();
+    }
+}
+
+/// The first thread opens and plans; each further one opens the document for itself.
+void runThread(const std::shared_ptr<Shared>& shared, bool isFirst) {
+    try {
+        std::unique_ptr<Document> document;
+        if (isFirst) {
+            document = openAndPlan(*shared);
+            shared->changed.notify_all();
+        } else if (auto opened = openDocument(shared->bytes, shared->deadline)) {
+            document = std::move(*opened);
+        }
+        if (document) {
+            workOff(*shared, *document);
+        }
+    } catch (const std::exception&) {
+        const std::lock_guard lock(shared->mutex);
+        if (isFirst && !shared->isOpen) {
+            shared->fault = memoryFault();
+        }
+    }
+    shared->changed.notify_all();
+}
+
+Scanned resultOf(Shared& shared) {
+    Scanned result;
+    result.reading.pageCount = shared.pageCount;
+    result.text = shared.textLayer;
+    result.reading.text = shared.textLayer;
+    for (PageFound& page : shared.found) {
+        const bool isLiteral = page.reading.number <= bounds::literalPages;
+        if (!page.recognisedText.empty()) {
+            result.reading.text += '\n' + page.recognisedText;
+            if (shared.isRecognised && isLiteral) {
+                result.text += '\n' + page.recognisedText;
+            }
+        }
+        for (const FoundSymbol& symbol : page.symbols) {
+            if (isLiteral && symbol.symbol.symbology != PageSymbol::Symbology::code128) {
+                result.barcodes.push_back(shortText(symbol));
+            }
+        }
+        result.reading.pages.push_back(std::move(page.reading));
+    }
+    return result;
+}
+
+std::optional<Fault> problemOf(const Shared& shared) {
+    if (shared.finished < shared.total) {
+        return "Das Lesen dauerte zu lange: Nur " + std::to_string(shared.finished) + " von "
+               + std::to_string(shared.total) + " Seiten wurden ganz gelesen.";
+    }
+    if (shared.flaw) {
+        return shared.flaw;
+    }
+    if (shared.pageCount > shared.total) {
+        return "Das Dokument hat " + std::to_string(shared.pageCount)
+               + " Seiten; gelesen wurden die ersten " + std::to_string(shared.total) + ".";
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+Scanned scanDocument(std::string_view bytes, const ScanOptions& options) {
+    const auto shared = std::make_shared<Shared>(bytes, options.deadline);
+    std::thread([shared] { runThread(shared, true); }).detach();
+    std::unique_lock lock(shared->mutex);
+    const auto isPlanned = [&] { return shared->isOpen || shared->fault; };
+    if (!shared->changed.wait_until(lock, options.deadline, isPlanned)) {
+        return {.problem = "Das Öffnen dieses Dokuments dauerte zu lange."};
+    }
+    if (shared->fault) {
+        return {.problem = shared->fault};
+    }
+    const auto threads = std::min(options.threads, static_cast<unsigned>(shared->total));
+    for (unsigned i = 1; i < threads; ++i) {
+        std::thread([shared] { runThread(shared, false); }).detach();
+    }
+    // The threads stop at the deadline by themselves; one that hangs in a page is not waited for.
+    const auto end = options.deadline + std::chrono::seconds(1);
+    for (int told = -1; shared->finished < shared->total;) {
+        if (told != shared->finished && options.progress) {
+            told = shared->finished;
+            options.progress(told, shared->total);
+        }
+        if (!shared->changed.wait_until(lock, end, [&] { return shared->finished != told; })) {
+            break;
+        }
+    }
+    Scanned result = resultOf(*shared);
+    result.problem = problemOf(*shared);
+    return result;
+}
+
+} // namespace fiscarel::reader
