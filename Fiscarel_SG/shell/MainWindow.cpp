@@ -65,14 +65,15 @@ const std::vector<PageEntry>& MainWindow::pages() {
     return entries;
 }
 
-MainWindow::MainWindow(AppStore& store, Settings& settings, QWidget* parent)
+MainWindow::MainWindow(AppStore& store, Settings& settings, pages::DocumentDesk& desk,
+                       QWidget* parent)
     : QMainWindow(parent), store_(store), settings_(settings),
       appearance_(appearanceOf(settings)), // fonts and colours before the first widget
-      sidebar_(new Sidebar(store, pages(), this)), stack_(new PageStack(store, appearance_, this)),
-      banner_(new QLabel(this)), bannerClose_(new QPushButton(u"Verstanden"_s, this)),
-      taxBar_(new TaxBar(store, this)), strip_(new TaxStrip(*taxBar_, this)),
-      search_(new SearchDialog(this)), reason_(new ReasonDialog(store, this)),
-      toast_(new look::Toast(stack_)) {
+      sidebar_(new Sidebar(store, pages(), this)),
+      stack_(new PageStack(store, desk, appearance_, this)), banner_(new QLabel(this)),
+      bannerClose_(new QPushButton(u"Verstanden"_s, this)), taxBar_(new TaxBar(store, this)),
+      strip_(new TaxStrip(*taxBar_, this)), search_(new SearchDialog(this)),
+      reason_(new ReasonDialog(store, this)), toast_(new look::Toast(stack_)) {
     setWindowTitle(store.isDemo() ? u"Fiscarel SG – Demohaushalt"_s : u"Fiscarel SG"_s);
     setWindowIcon(look::programIcon());
     setMinimumSize(1000, 640);

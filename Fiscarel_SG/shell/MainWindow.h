@@ -18,6 +18,9 @@ class Settings;
 namespace look {
 class Toast;
 }
+namespace pages {
+class DocumentDesk;
+}
 } // namespace fiscarel
 
 namespace fiscarel::shell {
@@ -33,7 +36,9 @@ class MainWindow final : public QMainWindow {
     Q_OBJECT
 
   public:
-    MainWindow(AppStore& store, Settings& settings, QWidget* parent = nullptr);
+    /// All must outlive it.
+    MainWindow(AppStore& store, Settings& settings, pages::DocumentDesk& desk,
+               QWidget* parent = nullptr);
     ~MainWindow() override;
     MainWindow(const MainWindow&) = delete;
     MainWindow& operator=(const MainWindow&) = delete;

@@ -27,8 +27,9 @@ bool isLiechtenstein(const AppStore& store) {
 
 } // namespace
 
-PageStack::PageStack(AppStore& store, look::Appearance appearance, QWidget* parent)
-    : QStackedWidget(parent), store_(store), appearance_(appearance) {
+PageStack::PageStack(AppStore& store, pages::DocumentDesk& desk, look::Appearance appearance,
+                     QWidget* parent)
+    : QStackedWidget(parent), store_(store), desk_(desk), appearance_(appearance) {
     rebuild();
 }
 
@@ -50,7 +51,7 @@ look::PageWidget* PageStack::makePage(const QString& id) {
         return new pages::ReviewPage(store_, this);
     }
     if (id == u"documents"_s) {
-        return new pages::DocumentsPage(store_, this);
+        return new pages::DocumentsPage(store_, desk_, this);
     }
     if (id == u"transfer"_s) {
         return new pages::TransferPage(store_, this);
@@ -75,6 +76,7 @@ look::PageWidget& PageStack::pageWidget(const QString& id) {
         connect(widget, &look::PageWidget::fieldWanted, this, &PageStack::fieldWanted);
         connect(widget, &look::PageWidget::pageWanted, this, &PageStack::pageWanted);
         connect(widget, &look::PageWidget::reasonWanted, this, &PageStack::reasonWanted);
+        connect(widget, &look::PageWidget::documentWanted, this, &PageStack::documentWanted);
         addWidget(widget);
         if (const auto opened = opened_.extract(id)) {
             widget->open(opened.mapped());

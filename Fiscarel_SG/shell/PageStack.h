@@ -14,7 +14,10 @@
 
 namespace fiscarel {
 class AppStore;
+namespace pages {
+class DocumentDesk;
 }
+} // namespace fiscarel
 
 namespace fiscarel::shell {
 
@@ -24,7 +27,9 @@ class PageStack final : public QStackedWidget {
     Q_OBJECT
 
   public:
-    PageStack(AppStore& store, look::Appearance appearance, QWidget* parent = nullptr);
+    /// `store` and `desk` must outlive it.
+    PageStack(AppStore& store, pages::DocumentDesk& desk, look::Appearance appearance,
+              QWidget* parent = nullptr);
 
     /// The page on the screen; empty before the first.
     const QString& page() const noexcept { return page_; }
@@ -50,6 +55,7 @@ class PageStack final : public QStackedWidget {
     void fieldWanted(const QString& path);
     void pageWanted(const QString& id);
     void reasonWanted(const QString& code);
+    void documentWanted(const QString& id, const QString& path);
     void appearanceWanted(fiscarel::look::Appearance appearance);
     void resetWanted();
 
@@ -60,6 +66,7 @@ class PageStack final : public QStackedWidget {
     void rebuild();
 
     AppStore& store_;
+    pages::DocumentDesk& desk_;
     look::Appearance appearance_;
     QString page_;
     std::vector<forms::Page> forms_;
