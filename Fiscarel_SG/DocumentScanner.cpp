@@ -195,7 +195,63 @@ std::vector<std::string> linesOf(std::string_view text) {
     return lines;
 }
 
+/// Whether an answer holds together; what it says may be wrong, but it cannot harm.
+bool isSound(const ScanResult& result) {
+    constexpr int mostPages = 1'000'000;
+    constexpr std::size_t mostRecords = 20'000;
+    constexpr std::size_t mostProposals = 200'000;
+    const auto isPage = [](int page) { return page >= 0 && page <= mostPages; };
+    return isPage(result.pageCount) && result.records.size() <= mostRecords
+           && result.proposals.size() <= mostProposals
+           && std::ranges::all_of(result.records,
+                                  [&](const ProposedRecord& record) { return isPage(record.page); })
+           && std::ranges::all_of(result.proposals, [&](const Proposal& proposal) {
+                  return isPage(proposal.page) && proposal.recordIndex >= 0
+                         && static_cast<std::size_t>(proposal.recordIndex) < result.records.size();
+              });
+}
+
 } // namespace
+
+ScanResult DocumentScanner::scan(const std::filesystem::path& path, const ReadingOptions& options) {
+    using std::chrono::seconds;
+    constexpr seconds mostSeconds{3600};
+    constexpr seconds grace{15}; // to put together what was read by then
+    const seconds limit = std::clamp(options.timeLimit, seconds(1), mostSeconds);
+    const auto answer = askReader({.program = readerProgram(),
+                                   .document = path,
+                                   .arguments = {"scan", std::to_string(limit.count())},
+                                   .timeLimit = limit + grace,
+                                   .progress = options.progress,
+                                   .stop = options.stop});
+    if (!answer) {
+        return {.problem = answer.error()};
+    }
+    auto result = taxcore::fromJson<ScanResult>(answer->bytes);
+    if (answer->kind != ReaderAnswer::Kind::result || !result || !isSound(*result)) {
+        return {.problem = "Diese Datei lässt sich nicht lesen: Die Antwort des Leseprogramms ist "
+                           "unbrauchbar."};
+    }
+    return std::move(*result);
+}
+
+tl::expected<std::string, std::string> DocumentScanner::render(const std::filesystem::path& path,
+                                                               int page, int width,
+                                                               std::stop_token stop) {
+    constexpr std::chrono::seconds limit{30};
+    auto answer = askReader({.program = readerProgram(),
+                             .document = path,
+                             .arguments = {"render", std::to_string(page), std::to_string(width)},
+                             .timeLimit = limit,
+                             .stop = std::move(stop)});
+    if (!answer) {
+        return tl::unexpected(std::move(answer.error()));
+    }
+    if (answer->kind != ReaderAnswer::Kind::image || !answer->bytes.starts_with("\x89PNG")) {
+        return tl::unexpected<std::string>("Diese Seite lässt sich nicht darstellen.");
+    }
+    return std::move(answer->bytes);
+}
 
 ScanResult DocumentScanner::read(std::string text, std::vector<std::string> barcodes) {
     ScanResult result{.text = std::move(text), .barcodes = std::move(barcodes)};

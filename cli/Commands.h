@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace fiscarel::cli {
 
@@ -60,6 +61,15 @@ struct ReportOptions {
 };
 /// Writes the report of one case as a PDF file, whole or not at all. Needs no display.
 int report(const ReportOptions& options);
+
+struct ReadOptions {
+    std::vector<std::string> files;
+    bool json = false;
+};
+/// Reads documents and prints what stands in them: kind, issuer, amounts, proposals, barcodes and
+/// text. As JSON one result, or one a line for several files. Returns 1 when one cannot be read at
+/// all; the others are read all the same.
+int readDocuments(const ReadOptions& options);
 
 struct BatchOptions {
     std::string file = "-";

@@ -213,6 +213,17 @@ void addReportCommand(CLI::App& app, ReportOptions& reporting, std::function<int
         [&action, &reporting] { action = [&reporting] { return report(reporting); }; });
 }
 
+/// The command `lies`; `reading` and `action` outlive the parsing.
+void addReadCommand(CLI::App& app, ReadOptions& reading, std::function<int()>& action) {
+    CLI::App* readCommand =
+        addCommand(app, "lies", "Liest Belege (PDF oder Bild): Art, Beträge, Strichcodes und Text");
+    readCommand->add_option("DATEI", reading.files, "Ein Beleg oder mehrere")->required();
+    readCommand->add_flag("--json", reading.json,
+                          "Ausgabe als JSON; bei mehreren Belegen eine Zeile für jeden");
+    readCommand->callback(
+        [&action, &reading] { action = [&reading] { return readDocuments(reading); }; });
+}
+
 int run(int argc, char** argv) {
     constexpr int demoYear = taxcore::RuleBook::supportedYears.front();
     CLI::App app("Steuererklärung auf der Kommandozeile", "fiscarel-cli");
@@ -249,6 +260,9 @@ int run(int argc, char** argv) {
 
     ReportOptions reporting;
     addReportCommand(app, reporting, action);
+
+    ReadOptions reading;
+    addReadCommand(app, reading, action);
 
     BatchOptions batching;
     CLI::App* batchCommand =
