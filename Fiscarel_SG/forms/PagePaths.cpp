@@ -15,8 +15,7 @@ std::optional<std::size_t> indexIn(const ListCard& list, const std::string& path
     if (!path.starts_with(list.path + "[")) {
         return std::nullopt;
     }
-    return static_cast<std::size_t>(
-        std::strtoul(path.c_str() + list.path.size() + 1, nullptr, 10));
+    return static_cast<std::size_t>(std::strtoul(path.c_str() + list.path.size() + 1, nullptr, 10));
 }
 
 std::optional<BoundField> fieldOf(const std::vector<BoundField>& fields, const std::string& path) {

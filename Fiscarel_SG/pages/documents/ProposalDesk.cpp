@@ -51,8 +51,7 @@ void ProposalDesk::sortRecords() {
             continue;
         }
         values_[record].push_back(static_cast<int>(i));
-        if (scan_.records[record].kind == ProposedRecord::Kind::security
-            && proposal.field == "kind"
+        if (scan_.records[record].kind == ProposedRecord::Kind::security && proposal.field == "kind"
             && proposal.value == rawValue(AssetKind::steuerauszug)) {
             totals_.insert(proposal.recordIndex);
         }
@@ -169,10 +168,10 @@ void ProposalDesk::setPerson(int record, int person) {
     target.person = person;
     target.item.reset();
     for (const ItemOption& option : itemOptions(taxCase(), kind, person)) {
-        const bool isNamed = alike(option.title, name)
-                             || std::ranges::any_of(valuesOf(record), [&](int value) {
-                                    return alike(option.title, this->value(value).value);
-                                });
+        const bool isNamed =
+            alike(option.title, name) || std::ranges::any_of(valuesOf(record), [&](int value) {
+                return alike(option.title, this->value(value).value);
+            });
         if (!target.item && isNamed) {
             target.item = option.id;
         }
@@ -268,6 +267,18 @@ bool ProposalDesk::isUnreadable(int proposal) const {
            && (value->outcome == Outcome::unreadable || unread_.contains(proposal));
 }
 
+std::optional<int> ProposalDesk::rival(int record) const {
+    const RecordTarget& own = target(record);
+    for (std::size_t i = 0; i < scan_.records.size() && own.isIncluded && own.item; ++i) {
+        const RecordTarget& other = choice_.records[i];
+        if (static_cast<int>(i) != record && other.isIncluded && other.item == own.item
+            && scan_.records[i].kind != ProposedRecord::Kind::child) {
+            return static_cast<int>(i);
+        }
+    }
+    return std::nullopt;
+}
+
 int ProposalDesk::unreadableCount() const {
     return static_cast<int>(std::ranges::count_if(
         plan_->values, [&](const PlannedValue& value) { return isUnreadable(value.proposal); }));
@@ -292,8 +303,6 @@ bool ProposalDesk::canApply() const {
            && (!plan_->values.empty() || document_.applied);
 }
 
-void ProposalDesk::apply() {
-    store_.applyDocument(document_.id, plan_->taxCase, plan_->applied);
-}
+void ProposalDesk::apply() { store_.applyDocument(document_.id, plan_->taxCase, plan_->applied); }
 
 } // namespace fiscarel::pages

@@ -99,6 +99,8 @@ class ProposalDesk {
     const forms::BoundField* declaration(int proposal) const;
     std::optional<Sum> sum(int proposal) const;
     bool isUnreadable(int proposal) const;
+    /// Another record that goes to the same item of a list, except a child, who has many documents.
+    std::optional<int> rival(int record) const;
     int unreadableCount() const;
     int includedCount(int record) const;
     /// Absent without rules.

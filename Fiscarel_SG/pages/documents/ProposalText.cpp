@@ -28,8 +28,8 @@ std::optional<int> integerOf(const std::string& text) {
 }
 
 std::optional<forms::Value> choiceOf(const forms::BoundField& field, const std::string& text) {
-    const bool isOffered = std::ranges::find(field.options, text, &forms::Option::raw)
-                           != field.options.end();
+    const bool isOffered =
+        std::ranges::find(field.options, text, &forms::Option::raw) != field.options.end();
     return isOffered ? std::optional<forms::Value>(text) : std::nullopt;
 }
 
