@@ -6,6 +6,7 @@
 #include "Fiscarel_SG/look/Icons.h"
 #include "Fiscarel_SG/look/KeyboardOrder.h"
 #include "Fiscarel_SG/look/Toast.h"
+#include "Fiscarel_SG/pages/documents/DocumentOpener.h"
 #include "Fiscarel_SG/shell/PageStack.h"
 #include "Fiscarel_SG/shell/ReasonDialog.h"
 #include "Fiscarel_SG/shell/SearchDialog.h"
@@ -73,7 +74,8 @@ MainWindow::MainWindow(AppStore& store, Settings& settings, pages::DocumentDesk&
       stack_(new PageStack(store, desk, appearance_, this)), banner_(new QLabel(this)),
       bannerClose_(new QPushButton(u"Verstanden"_s, this)), taxBar_(new TaxBar(store, this)),
       strip_(new TaxStrip(*taxBar_, this)), search_(new SearchDialog(this)),
-      reason_(new ReasonDialog(store, this)), toast_(new look::Toast(stack_)) {
+      reason_(new ReasonDialog(store, this)), toast_(new look::Toast(stack_)),
+      opener_(new pages::DocumentOpener(store, desk, this)) {
     setWindowTitle(store.isDemo() ? u"Fiscarel SG – Demohaushalt"_s : u"Fiscarel SG"_s);
     setWindowIcon(look::programIcon());
     setMinimumSize(1000, 640);
@@ -135,6 +137,15 @@ void MainWindow::connectStore() {
     connect(stack_, &PageStack::fieldWanted, this, &MainWindow::showField);
     connect(stack_, &PageStack::pageWanted, this, &MainWindow::showPage);
     connect(stack_, &PageStack::reasonWanted, this, &MainWindow::showReason);
+    connect(stack_, &PageStack::documentWanted, this,
+            [this](const QString& id, const QString& path) {
+                if (const auto document = taxcore::Uuid::parse(utf8(id))) {
+                    opener_->open(*document, utf8(path));
+                }
+            });
+    connect(opener_, &pages::DocumentOpener::told, toast_, &look::Toast::say);
+    connect(opener_, &pages::DocumentOpener::fieldWanted, this, &MainWindow::showField);
+    connect(opener_, &pages::DocumentOpener::pageWanted, this, &MainWindow::showPage);
     connect(stack_, &PageStack::appearanceWanted, this, &MainWindow::setAppearance);
     connect(stack_, &PageStack::resetWanted, this, &MainWindow::resetYear);
     connect(strip_, &TaxStrip::toggled, this, &MainWindow::placeTaxBar);

@@ -20,6 +20,7 @@ class Toast;
 }
 namespace pages {
 class DocumentDesk;
+class DocumentOpener;
 }
 } // namespace fiscarel
 
@@ -92,6 +93,7 @@ class MainWindow final : public QMainWindow {
     SearchDialog* search_;
     ReasonDialog* reason_;
     look::Toast* toast_;
+    pages::DocumentOpener* opener_;
 };
 
 } // namespace fiscarel::shell

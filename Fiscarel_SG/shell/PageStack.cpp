@@ -33,19 +33,10 @@ PageStack::PageStack(AppStore& store, pages::DocumentDesk& desk, look::Appearanc
     rebuild();
 }
 
-forms::PageContext PageStack::context() const {
-    forms::PageContext context{.year = store_.year(), .region = store_.current().taxRegion()};
-    if (const auto* calculator = store_.calculator()) {
-        context.stGallen = calculator->stGallen();
-        context.liechtenstein = calculator->liechtenstein();
-    }
-    return context;
-}
-
 look::PageWidget* PageStack::makePage(const QString& id) {
     const auto form = std::ranges::find(forms_, utf8(id), &forms::Page::id);
     if (form != forms_.end()) {
-        return new forms::FormPage(*form, store_, context(), this);
+        return new forms::FormPage(*form, store_, pages::pageContext(store_), this);
     }
     if (id == u"review"_s) {
         return new pages::ReviewPage(store_, this);
@@ -101,7 +92,7 @@ void PageStack::showPage(const QString& id) {
 void PageStack::rebuild() {
     shownYear_ = store_.year();
     shownLiechtenstein_ = isLiechtenstein(store_);
-    forms_ = pages::inputPages(context());
+    forms_ = pages::inputPages(pages::pageContext(store_));
     const auto frame = [this] {
         return currentWidget() != nullptr ? currentWidget()->findChild<look::PageFrame*>()
                                           : nullptr;

@@ -60,7 +60,6 @@ class PageStack final : public QStackedWidget {
     void resetWanted();
 
   private:
-    forms::PageContext context() const;
     look::PageWidget* makePage(const QString& id);
     look::PageWidget& pageWidget(const QString& id);
     void rebuild();
