@@ -227,6 +227,7 @@ void MainWindow::pageShown(const QString& id) {
     sidebar_->setPage(id);
     strip_->setChecked(false);
     taxBar_->beginPage();
+    opener_->forget(); // the user went elsewhere
     store_.endMerging();
     if (!store_.isDemo()) {
         settings_.setText("lastPage", utf8(id));

@@ -56,7 +56,7 @@ void DocumentOpener::readingChanged(const taxcore::Uuid& id) {
 }
 
 void DocumentOpener::show(const Wanted& wanted) {
-    const StoredDocument* const document = find(store_, wanted.id);
+    const StoredDocument* document = find(store_, wanted.id);
     if (document == nullptr || !sheet_.isNull()) {
         return;
     }
