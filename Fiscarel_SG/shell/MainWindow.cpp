@@ -148,6 +148,11 @@ void MainWindow::connectStore() {
     connect(opener_, &pages::DocumentOpener::pageWanted, this, &MainWindow::showPage);
     connect(stack_, &PageStack::appearanceWanted, this, &MainWindow::setAppearance);
     connect(stack_, &PageStack::resetWanted, this, &MainWindow::resetYear);
+    connect(stack_, &PageStack::undoOffered, this, [this](const QString& sentence) {
+        toast_->offer(sentence, u"Rückgängig"_s, [this] { undo(); });
+    });
+    // It is for the last step: with another one it would undo that.
+    connect(&store_, &AppStore::historyChanged, toast_, &look::Toast::withdraw);
     connect(strip_, &TaxStrip::toggled, this, &MainWindow::placeTaxBar);
     connect(taxBar_, &TaxBar::reasonWanted, this, &MainWindow::showReason);
     connect(reason_, &ReasonDialog::fieldWanted, this, &MainWindow::showField);
@@ -209,6 +214,7 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
 /// Rows come and go while one types; the keyboard goes through them as they stand now.
 bool MainWindow::focusNextPrevChild(bool next) {
     look::orderByLayout(*centralWidget()->layout());
+    toast_->joinKeyboardOrder();
     return QMainWindow::focusNextPrevChild(next);
 }
 
@@ -378,14 +384,18 @@ void MainWindow::restoreWindow() {
     }
 }
 
-/// What cannot be read is nowhere but in its field: who leaves now loses it.
+/// What cannot be read is nowhere but in its field: who leaves now loses it. Whether to leave.
 bool MainWindow::leavesUnread() {
-    QMessageBox box(QMessageBox::Warning, u"Nicht lesbare Eingaben"_s,
-                    store_.unreadCount() == 1
-                        ? u"Eine Eingabe ist nicht lesbar und wird nicht gespeichert."_s
-                        : u"%1 Eingaben sind nicht lesbar und werden nicht gespeichert."_s.arg(
-                            store_.unreadCount()),
-                    QMessageBox::NoButton, this);
+    const auto places = store_.unreadPlaces();
+    if (store_.isDemo() || places.empty()) {
+        return true;
+    }
+    QMessageBox box(
+        QMessageBox::Warning, u"Nicht lesbare Eingaben"_s,
+        places.size() == 1
+            ? u"Eine Eingabe ist nicht lesbar und wird nicht gespeichert."_s
+            : u"%1 Eingaben sind nicht lesbar und werden nicht gespeichert."_s.arg(places.size()),
+        QMessageBox::NoButton, this);
     box.setObjectName(u"leavesUnread"_s);
     box.setInformativeText(u"Die bisherigen Werte bleiben gespeichert."_s);
     QPushButton* const leave = box.addButton(u"Trotzdem beenden"_s, QMessageBox::DestructiveRole);
@@ -394,7 +404,10 @@ bool MainWindow::leavesUnread() {
     if (box.clickedButton() == leave) {
         return true;
     }
-    showField(qs(store_.notices().front().path.value_or("")));
+    const auto here = std::ranges::find(places, store_.year(), &UnreadTexts::Place::first);
+    const auto& [year, path] = here != places.end() ? *here : places.front();
+    store_.setYear(year);
+    showField(qs(path));
     return false;
 }
 
@@ -407,7 +420,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
         settings_.setText("windowMaximized", isMaximized() ? "1" : "0");
     }
     const bool isSaved = store_.isDemo() || store_.flush();
-    if (!store_.isDemo() && store_.unreadCount() > 0 && !leavesUnread()) {
+    if (!leavesUnread()) {
         event->ignore();
         return;
     }

@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/FormPage.h"
+#include "Fiscarel_SG/forms/PagePaths.h"
 #include "Fiscarel_SG/forms/QtText.h"
 #include "Fiscarel_SG/look/PageFrame.h"
 #include "Fiscarel_SG/pages/AccountPage.h"
@@ -68,6 +69,7 @@ look::PageWidget& PageStack::pageWidget(const QString& id) {
         connect(widget, &look::PageWidget::pageWanted, this, &PageStack::pageWanted);
         connect(widget, &look::PageWidget::reasonWanted, this, &PageStack::reasonWanted);
         connect(widget, &look::PageWidget::documentWanted, this, &PageStack::documentWanted);
+        connect(widget, &look::PageWidget::undoOffered, this, &PageStack::undoOffered);
         addWidget(widget);
         if (const auto opened = opened_.extract(id)) {
             widget->open(opened.mapped());
@@ -100,6 +102,7 @@ void PageStack::rebuild() {
     const int position = frame() != nullptr ? frame()->position() : 0;
     for (auto& [id, widget] : widgets_) {
         opened_[id] = widget->opened();
+        widget->hide(); // what is being typed is settled before another page shows it
         removeWidget(widget);
         widget->deleteLater();
     }
@@ -114,6 +117,13 @@ void PageStack::rebuild() {
 }
 
 bool PageStack::entriesChanged() {
+    const bool isRebuilt = follow();
+    store_.showUnread(
+        [this](const std::string& path) { return forms::isShown(forms_, path, store_.current()); });
+    return isRebuilt;
+}
+
+bool PageStack::follow() {
     if (store_.year() != shownYear_ || isLiechtenstein(store_) != shownLiechtenstein_) {
         rebuild();
         return true;

@@ -56,6 +56,7 @@ class PageStack final : public QStackedWidget {
     void pageWanted(const QString& id);
     void reasonWanted(const QString& code);
     void documentWanted(const QString& id, const QString& path);
+    void undoOffered(const QString& sentence);
     void appearanceWanted(fiscarel::look::Appearance appearance);
     void resetWanted();
 
@@ -63,6 +64,8 @@ class PageStack final : public QStackedWidget {
     look::PageWidget* makePage(const QString& id);
     look::PageWidget& pageWidget(const QString& id);
     void rebuild();
+    /// The pages follow the entries; whether they are made anew for it.
+    bool follow();
 
     AppStore& store_;
     pages::DocumentDesk& desk_;

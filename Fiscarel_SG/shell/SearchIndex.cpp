@@ -16,9 +16,10 @@ namespace {
 void addFields(std::vector<SearchEntry>& entries, const std::vector<forms::BoundField>& fields,
                const std::string& where, const taxcore::TaxCase& taxCase) {
     for (const forms::BoundField& field : fields) {
-        if (field.shown(taxCase)) {
+        if (field.shown(taxCase) && field.usable(taxCase)) {
             std::string words = field.label + " " + where + " " + field.help;
-            for (const forms::Option& option : field.options) {
+            for (const forms::Option& option :
+                 field.optionsFor ? field.optionsFor(taxCase) : field.options) {
                 words += " " + option.label;
             }
             entries.push_back(

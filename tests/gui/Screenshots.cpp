@@ -121,6 +121,17 @@ struct Camera {
         while (!(store.current() == before) && store.undo()) { // some take any text
         }
     }
+    /// Takes a record away, which a message offers back.
+    void removal() const {
+        show(u"wealth"_s);
+        if (auto* const head = dynamic_cast<QPushButton*>(find(u"open:debts[0]"_s))) {
+            head->click();
+            settle();
+            dynamic_cast<QPushButton*>(find(u"remove:debts[0]"_s))->click();
+            take(u"wealth-removed"_s);
+            store.undo();
+        }
+    }
     void dialogs() const {
         for (const QString& code : {u"cantonTotal"_s, u"steuerbaresEinkommen"_s, u"650"_s}) {
             window.showReason(code);
@@ -243,6 +254,7 @@ void everything(const Camera& camera, bool liechtenstein) {
     camera.problem(u"family"_s, u"municipality"_s, u"Oberwerdenbergshausen"_s);
     camera.dialogs();
     camera.table();
+    camera.removal();
     camera.narrowBar();
     camera.otherYear();
     if (!liechtenstein) {
