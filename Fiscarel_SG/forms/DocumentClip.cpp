@@ -1,9 +1,9 @@
 #include "Fiscarel_SG/forms/DocumentClip.h"
 
 #include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/forms/QtText.h"
 #include "Fiscarel_SG/look/Icons.h"
 #include "Fiscarel_SG/look/PageWidget.h"
-#include "Fiscarel_SG/forms/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
 
 #include <algorithm>
@@ -13,27 +13,27 @@ namespace fiscarel::forms {
 
 using namespace Qt::Literals::StringLiterals;
 
-DocumentClip::DocumentClip(const AppStore& store, std::string path, const QString& label,
-                           QWidget* parent)
-    : QToolButton(parent), store_(store), path_(std::move(path)) {
-    setObjectName(u"clip:"_s + qs(path_));
-    setAccessibleName(u"Beleg zu %1 öffnen"_s.arg(label));
+DocumentClip::DocumentClip(const AppStore& store, QWidget* parent)
+    : QToolButton(parent), store_(store) {
     setIcon(look::icon(u"clip"_s, look::Theme::current().accent));
-    setFocusPolicy(Qt::StrongFocus); // for the keyboard, as the help beside it
+    setFocusPolicy(Qt::StrongFocus);
     connect(this, &QToolButton::clicked, this, &DocumentClip::openDocument);
-    refresh();
+    hide();
 }
 
-void DocumentClip::refresh() {
+void DocumentClip::follow(const std::string& path, const QString& label) {
+    path_ = path;
     const auto& sources = store_.fieldSources();
-    const auto found = sources.find(path_);
+    const auto found = sources.find(path);
     document_ = found == sources.end() ? std::nullopt : std::optional(found->second);
     setVisible(document_.has_value());
-    if (document_) {
-        const auto document =
-            std::ranges::find(store_.documents(), *document_, &StoredDocument::id);
-        setToolTip(u"Aus dem Beleg «%1»"_s.arg(qs(document->title)));
+    if (!document_) {
+        return;
     }
+    setObjectName(u"clip:"_s + qs(path));
+    setAccessibleName(u"Beleg zu %1 öffnen"_s.arg(label));
+    const auto document = std::ranges::find(store_.documents(), *document_, &StoredDocument::id);
+    setToolTip(u"Aus dem Beleg «%1»"_s.arg(qs(document->title)));
 }
 
 void DocumentClip::openDocument() {

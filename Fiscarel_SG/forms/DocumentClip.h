@@ -20,17 +20,17 @@ class DocumentClip final : public QToolButton {
     Q_OBJECT
 
   public:
-    /// `path` is of the field, `label` what it is called.
-    DocumentClip(const AppStore& store, std::string path, const QString& label, QWidget* parent);
+    /// The store must outlive it. Stands beside no field yet.
+    DocumentClip(const AppStore& store, QWidget* parent);
 
-    /// Looks whether a document stands behind the field.
-    void refresh();
+    /// Looks whether a document stands behind the field at a path, which is called `label`.
+    void follow(const std::string& path, const QString& label);
 
   private:
     void openDocument();
 
     const AppStore& store_;
-    const std::string path_;
+    std::string path_;
     std::optional<taxcore::Uuid> document_;
 };
 

@@ -36,6 +36,7 @@ DocumentsPage::DocumentsPage(AppStore& store, DocumentDesk& desk, QWidget* paren
     connect(enclosures_, &EnclosuresCard::fieldWanted, this, &DocumentsPage::fieldWanted);
     connect(list_, &DocumentList::documentWanted, this,
             [this](const taxcore::Uuid& id) { Q_EMIT documentWanted(qs(id.toString()), {}); });
+    connect(list_, &DocumentList::undoOffered, this, &DocumentsPage::undoOffered);
     connect(list_, &DocumentList::told, toast_, &look::Toast::say);
 }
 

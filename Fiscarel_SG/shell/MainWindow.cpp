@@ -148,9 +148,11 @@ void MainWindow::connectStore() {
     connect(opener_, &pages::DocumentOpener::pageWanted, this, &MainWindow::showPage);
     connect(stack_, &PageStack::appearanceWanted, this, &MainWindow::setAppearance);
     connect(stack_, &PageStack::resetWanted, this, &MainWindow::resetYear);
-    connect(stack_, &PageStack::undoOffered, this, [this](const QString& sentence) {
+    const auto offerUndo = [this](const QString& sentence) {
         toast_->offer(sentence, u"Rückgängig"_s, [this] { undo(); });
-    });
+    };
+    connect(stack_, &PageStack::undoOffered, this, offerUndo);
+    connect(opener_, &pages::DocumentOpener::undoOffered, this, offerUndo);
     // It is for the last step: with another one it would undo that.
     connect(&store_, &AppStore::historyChanged, toast_, &look::Toast::withdraw);
     connect(strip_, &TaxStrip::toggled, this, &MainWindow::placeTaxBar);

@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/pages/documents/DocumentDelegate.h"
 #include "Fiscarel_SG/pages/documents/DocumentFilter.h"
+#include "Fiscarel_SG/pages/documents/DocumentSheet.h"
 #include "Fiscarel_SG/pages/documents/DocumentTable.h"
 #include "tests/gui/OpenWindow.h"
 
@@ -12,6 +13,7 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QTest>
+#include <QToolButton>
 #include <QUrl>
 #include <atomic>
 #include <condition_variable>
@@ -325,6 +327,46 @@ TEST_F(DocumentsPage, removesSeveralByTheKeyboardAndBringsThemBack) {
     program.type(u"Neuer Name"_s);
     program.press(Qt::Key_Tab);
     EXPECT_EQ(stored("Neuer Name").title, "Neuer Name");
+}
+
+TEST_F(DocumentsPage, opensTheSheetAlsoOfWhatIsNotReadYet) {
+    drop({file("Lohn.pdf")});
+    program.desk->readings().cancelAll();
+    program.settle();
+    select(u"Lohn"_s);
+    program.press(Qt::Key_Return);
+    const auto sheet = [&] { return program.window->findChild<pages::DocumentSheet*>(); };
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return sheet() != nullptr && sheet()->isVisible(); }, 10'000));
+    EXPECT_EQ(stored("Lohn").kind, Kind::lohnausweis);
+}
+
+TEST_F(DocumentsPage, aFieldOpensTheDocumentItsValueCameFrom) {
+    dropAndRead({file("Lohn.pdf")});
+    taxcore::TaxCase taxCase = program.store->current();
+    taxcore::SalaryCertificate certificate;
+    certificate.employer = "Muster AG";
+    certificate.grossSalary = Decimal(68'000);
+    taxCase.income1.salaries = {certificate};
+    const std::string path = "income1.salaries[" + certificate.id.toString() + "].grossSalary";
+    program.store->applyDocument(stored("Lohn").id, taxCase,
+                                 {{.path = path, .value = "68000", .page = 1}});
+    program.settle();
+    ASSERT_TRUE(program.window->showField(u"income1.salaries[0].grossSalary"_s));
+    program.settle();
+    EXPECT_FALSE(program.isShown(u"clip:income1.salaries[0].employer"_s));
+    auto& clip = program.find<QToolButton>(u"clip:income1.salaries[0].grossSalary"_s);
+    EXPECT_EQ(clip.accessibleName().left(9), u"Beleg zu "_s);
+    program.click(clip);
+    const auto* const sheet = program.window->findChild<pages::DocumentSheet*>();
+    ASSERT_NE(sheet, nullptr);
+    EXPECT_TRUE(sheet->isVisible());
+    delete sheet;
+
+    // With the document the link goes.
+    program.store->deleteDocument(Uuid(stored("Lohn").id));
+    program.settle();
+    EXPECT_FALSE(program.isShown(u"clip:income1.salaries[0].grossSalary"_s));
 }
 
 } // namespace

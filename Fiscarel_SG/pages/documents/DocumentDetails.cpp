@@ -38,13 +38,17 @@ void setUnlessTyped(QLineEdit& line, const std::string& text) {
 DocumentDetails::DocumentDetails(AppStore& store, DocumentDesk& desk, const DocumentModel& model,
                                  QWidget* parent)
     : QWidget(parent), store_(store), desk_(desk), model_(model), several_(new QLabel(this)),
-      fields_(new QWidget(this)), title_(new QLineEdit(fields_)), kind_(new QComboBox(fields_)),
-      note_(new QLineEdit(fields_)) {
+      problem_(new QLabel(this)), fields_(new QWidget(this)), title_(new QLineEdit(fields_)),
+      kind_(new QComboBox(fields_)), note_(new QLineEdit(fields_)) {
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 4, 0, 0);
     column->setSpacing(10);
     column->addWidget(fields_);
     column->addWidget(several_);
+    problem_->setObjectName(u"documentProblem"_s);
+    problem_->setWordWrap(true);
+    look::setRole(problem_, "warning");
+    column->addWidget(problem_);
     addFields();
     addButtons();
     show({});
@@ -136,6 +140,7 @@ void DocumentDetails::show(const std::vector<taxcore::Uuid>& selected) {
         selected.size() == 1 ? model_.rowAt(model_.lineOf(selected.front())) : nullptr;
     setVisible(!selected.empty());
     fields_->setVisible(row != nullptr);
+    problem_->setVisible(row != nullptr && row->isWarning);
     several_->setVisible(selected.size() > 1);
     several_->setText(u"%1 Belege ausgewählt"_s.arg(selected.size()));
     for (QPushButton* const button : {apply_, file_, move_, again_, cancel_}) {
@@ -153,6 +158,7 @@ void DocumentDetails::showOne(const DocumentModel::Row& row) {
     }
     setUnlessTyped(*title_, shown->title);
     setUnlessTyped(*note_, shown->note);
+    problem_->setText(row.detail);
     kind_->setCurrentIndex(kind_->findData(static_cast<int>(shown->kind)));
     const bool isThere = row.state != DocumentState::missing && !store_.isDemo();
     apply_->setEnabled(isThere && !row.progress);

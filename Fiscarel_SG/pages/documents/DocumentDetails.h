@@ -54,6 +54,7 @@ class DocumentDetails final : public QWidget {
     const DocumentModel& model_;
     std::vector<Uuid> shown_;
     QLabel* several_;
+    QLabel* problem_;
     QWidget* fields_;
     QLineEdit* title_;
     QComboBox* kind_;

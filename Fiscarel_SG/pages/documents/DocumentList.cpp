@@ -226,14 +226,17 @@ void DocumentList::showSelected() { details_->show(selected()); }
 
 void DocumentList::removeSelected() {
     const std::vector<Uuid> ids = selected();
+    const auto* const first = ids.empty() ? nullptr : model_->rowAt(model_->lineOf(ids.front()));
+    const QString title = first != nullptr ? first->title : QString();
     for (const Uuid& id : ids) {
         store_.deleteDocument(id);
     }
-    if (!ids.empty()) {
+    if (ids.size() == 1) {
+        Q_EMIT undoOffered(u"«%1» entfernt."_s.arg(title));
+    } else if (!ids.empty()) { // each is a step of its own
         Q_EMIT told(
-            ids.size() == 1
-                ? u"Entfernt. Mit Ctrl+Z lässt sich der Beleg zurückholen."_s
-                : u"%1 Belege entfernt. Mit Ctrl+Z lassen sie sich zurückholen."_s.arg(ids.size()));
+            u"%1 Belege entfernt. Mit Ctrl+Z lässt sich einer um den anderen zurückholen."_s.arg(
+                ids.size()));
     }
 }
 

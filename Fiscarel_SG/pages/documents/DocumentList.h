@@ -41,6 +41,8 @@ class DocumentList final : public QWidget {
     void documentWanted(const taxcore::Uuid& id);
     /// Something was done that is told in passing.
     void told(const QString& text);
+    /// The same, of a step that can be undone at once.
+    void undoOffered(const QString& sentence);
 
   private:
     void addFilters(QVBoxLayout& card);

@@ -112,7 +112,7 @@ void DocumentModel::describe(const StoredDocument& document, Row& row) const {
         row.isWarning = false;
         row.detail =
             document.note.empty()
-                ? u"Hinzugefügt am "_s
+                ? u"Hinzugefügt "_s
                       + look::written(
                           QDateTime::fromSecsSinceEpoch(document.importedAt.seconds).date())
                 : qs(document.note);

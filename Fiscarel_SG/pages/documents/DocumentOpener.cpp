@@ -67,9 +67,8 @@ void DocumentOpener::show(const Wanted& wanted) {
     sheet_ = new DocumentSheet(store_, wanted.id, *desk_.readings().result(wanted.id),
                                desk_.images(), window_);
     sheet_->setAttribute(Qt::WA_DeleteOnClose);
-    connect(sheet_, &DocumentSheet::applied, this, [this](const QString& title) {
-        Q_EMIT told(u"«%1» übernommen. Mit Ctrl+Z lässt es sich rückgängig machen."_s.arg(title));
-    });
+    connect(sheet_, &DocumentSheet::applied, this,
+            [this](const QString& title) { Q_EMIT undoOffered(u"«%1» übernommen."_s.arg(title)); });
     connect(sheet_, &DocumentSheet::filed, this,
             [this](const QString& title) { Q_EMIT told(u"«%1» abgelegt."_s.arg(title)); });
     connect(sheet_, &DocumentSheet::fieldWanted, this, &DocumentOpener::fieldWanted);

@@ -35,6 +35,8 @@ class DocumentOpener final : public QObject {
 
   Q_SIGNALS:
     void told(const QString& text);
+    /// A step that this sentence tells can be undone at once.
+    void undoOffered(const QString& sentence);
     void fieldWanted(const QString& path);
     void pageWanted(const QString& id);
 

@@ -71,10 +71,10 @@ void DocumentTable::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
     const int width = viewport()->width();
     const auto least = [&](const QString& text) { return fontMetrics().horizontalAdvance(text); };
-    const int amountWidth = least(u"1’000’000.00"_s) + 14;
-    const int stateWidth = least(u"Seite 10 von 20"_s) + 40;
+    const int amountWidth = least(u"1’000’000.00"_s) + 8;
+    const int stateWidth = least(u"Seite 10 von 20"_s) + 34;
     const int kindWidth = std::min(width / 6, least(u"Zins-/Saldobestätigung"_s) + 14);
-    const int issuerWidth = width / 6;
+    const int issuerWidth = width / 7;
     setColumnWidth(DocumentModel::issuer, issuerWidth);
     setColumnWidth(DocumentModel::kind, kindWidth);
     setColumnWidth(DocumentModel::amount, amountWidth);

@@ -44,7 +44,7 @@ QPushButton* addButton(const QString& text, const QString& name, QHBoxLayout& li
 IntakeCard::IntakeCard(AppStore& store, DocumentDesk& desk, QWidget* parent)
     : QWidget(parent), store_(store), desk_(desk), zone_(new QFrame(this)),
       invitation_(new QLabel(zone_)), busy_(new QLabel(this)), bar_(new QProgressBar(this)),
-      messageLine_(new QWidget(this)), message_(new QLabel(this)), twins_(new QWidget(this)),
+      messageLine_(new QFrame(this)), message_(new QLabel(this)), twins_(new QFrame(this)),
       twinsText_(new QLabel(this)) {
     auto* const outer = new QVBoxLayout(this);
     outer->setContentsMargins(0, 0, 0, 0);
@@ -58,8 +58,10 @@ IntakeCard::IntakeCard(AppStore& store, DocumentDesk& desk, QWidget* parent)
     outer->addWidget(busy_);
     outer->addWidget(bar_);
 
+    constexpr QMargins around{20, 12, 20, 12};
+    look::setRole(messageLine_, "card");
     auto* const line = new QHBoxLayout(messageLine_);
-    line->setContentsMargins(0, 0, 0, 0);
+    line->setContentsMargins(around);
     message_->setObjectName(u"intakeMessage"_s);
     message_->setWordWrap(true);
     look::setRole(message_, "warning");
@@ -69,8 +71,10 @@ IntakeCard::IntakeCard(AppStore& store, DocumentDesk& desk, QWidget* parent)
     connect(seen, &QPushButton::clicked, this, [this] { desk_.intake().dismissMessage(); });
     outer->addWidget(messageLine_);
 
+    look::setRole(twins_, "card");
     auto* const question = new QVBoxLayout(twins_);
-    question->setContentsMargins(0, 0, 0, 0);
+    question->setContentsMargins(around);
+    question->setSpacing(10);
     twinsText_->setObjectName(u"twins"_s);
     twinsText_->setWordWrap(true);
     question->addWidget(twinsText_);

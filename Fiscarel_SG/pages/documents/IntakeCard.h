@@ -45,9 +45,9 @@ class IntakeCard final : public QWidget {
     QLabel* invitation_;
     QLabel* busy_;
     QProgressBar* bar_;
-    QWidget* messageLine_;
+    QFrame* messageLine_;
     QLabel* message_;
-    QWidget* twins_;
+    QFrame* twins_;
     QLabel* twinsText_;
 };
 
