@@ -228,27 +228,22 @@ void AppStore::edited() {
 void AppStore::openGate() { gate_ = Gate::open; }
 
 std::vector<Notice> AppStore::notices() const {
-    std::vector<Notice> notices;
-    for (const auto& [path, problem] : unread_) {
-        notices.push_back(problem);
-    }
+    std::vector<Notice> notices = unread_.notices(current());
     notices.insert(notices.end(), review_.notices.begin(), review_.notices.end());
     return notices;
 }
 
-void AppStore::setUnread(const std::string& path, std::optional<Notice> problem) {
-    const auto found = unread_.find(path);
-    if (!problem) {
-        if (found == unread_.end()) {
-            return;
-        }
-        unread_.erase(found);
-    } else if (found != unread_.end() && found->second == *problem) {
-        return;
-    } else {
-        unread_[path] = std::move(*problem);
+void AppStore::setUnread(int year, const std::string& path, std::optional<UnreadText> text) {
+    const auto found = state_.cases.find(year);
+    if (found != state_.cases.end() && unread_.set(found->second, path, std::move(text))) {
+        Q_EMIT unreadChanged();
     }
-    Q_EMIT unreadChanged();
+}
+
+void AppStore::showUnread(const std::function<bool(const std::string& path)>& isThere) {
+    if (unread_.show(current(), isThere)) {
+        Q_EMIT unreadChanged();
+    }
 }
 
 std::optional<std::string> AppStore::undo() { return step(&History::undo); }
@@ -313,6 +308,7 @@ void AppStore::resetYear() {
         }
         setYear(year);
         changeCase(TaxCase{.year = year}, {.name = "Steuerjahr zurücksetzen"});
+        unread_.forget(year);
         calcTimer_->stop();
         recalculate();
         Q_EMIT currentChanged({});

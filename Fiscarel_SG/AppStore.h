@@ -6,6 +6,7 @@
 #include "Fiscarel_SG/store/LaunchArguments.h"
 #include "Fiscarel_SG/store/Settings.h"
 #include "Fiscarel_SG/store/Timer.h"
+#include "Fiscarel_SG/store/UnreadTexts.h"
 #include "Fiscarel_SG/store/WorkQueue.h"
 #include "TaxCore/regions/CaseCalculator.h"
 #include "TaxCore/review/Review.h"
@@ -108,13 +109,18 @@ class AppStore final : public QObject {
     void setCurrent(taxcore::TaxCase taxCase, std::string name = "Angabe");
     /// The same for a change made in place.
     void edit(std::string name, const std::function<void(taxcore::TaxCase&)>& change);
-    /// A field holds text that cannot be read, so that the case keeps its former value; absent: no
-    /// longer. `problem` has the field's path.
-    void setUnread(const std::string& path, std::optional<taxcore::Notice> problem);
-    /// The same, unsaid: the field went, and what was typed with it.
-    void dropUnread(const std::string& path) { unread_.erase(path); }
-    /// How many fields hold such text.
-    std::size_t unreadCount() const noexcept { return unread_.size(); }
+    /// A field of a year holds text that cannot be read, so that the case keeps its former value;
+    /// absent: no longer. The text is kept for the session.
+    void setUnread(int year, const std::string& path, std::optional<UnreadText> text);
+    /// Of a field of the selected year; null when what stands there can be read.
+    const std::string* unreadText(const std::string& path) const {
+        return unread_.at(current(), path);
+    }
+    /// Tells which fields of the selected year there are to go to; texts in others, as in those of
+    /// another region, wait unsaid.
+    void showUnread(const std::function<bool(const std::string& path)>& isThere);
+    /// Years and fields with such text that there are to go to.
+    std::vector<UnreadTexts::Place> unreadPlaces() const { return unread_.places(state_.cases); }
     /// The next keystroke in the same field begins an edit of its own.
     void endMerging() noexcept { history_.endMerging(); }
     std::optional<std::string> undoName() const { return history_.undoName(); }
@@ -257,8 +263,8 @@ class AppStore final : public QObject {
     std::string gateReason_; ///< while the gate is closed
     int savesUnderWay_ = 0;
     History history_;
-    std::map<std::string, taxcore::Notice> unread_; ///< by path
-    std::vector<StoredDocument> deleted_;           ///< their files go at the end
+    UnreadTexts unread_;
+    std::vector<StoredDocument> deleted_; ///< their files go at the end
     std::unique_ptr<Timer> calcTimer_;
     std::unique_ptr<Timer> saveTimer_;
 };

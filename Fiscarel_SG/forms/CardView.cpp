@@ -59,36 +59,52 @@ void CardView::refreshFigures() {
     const auto* result = store_.result();
     std::vector<Figure> figures =
         figures_ && result != nullptr ? figures_(store_.current(), *result) : std::vector<Figure>{};
-    const auto same = [](const Figure& a, const Figure& b) {
-        return a.label == b.label && a.text == b.text && a.note == b.note;
-    };
-    if (std::ranges::equal(figures, shownFigures_, same)) {
+    if (!keepsFigures()) {
+        std::erase_if(figures, [](const Figure& figure) { return figure.text == noFigure; });
+    }
+    if (figures == shownFigures_) {
         return;
     }
     shownFigures_ = std::move(figures);
-    while (QLayoutItem* const item = figureGrid_->takeAt(0)) {
-        delete item->widget();
-        delete item;
+    const auto shown = static_cast<int>(shownFigures_.size());
+    while (static_cast<int>(figureRows_.size()) < shown) {
+        addFigureRow();
     }
-    int row = 0;
-    for (const Figure& figure : shownFigures_) {
-        auto* const label = new QLabel(labelText(figure.label), this);
-        auto* const text = new QLabel(labelText(figure.text), this);
-        auto* const note = new QLabel(labelText(figure.note), this);
-        look::setRole(label, "faint");
-        look::setRole(text, "figure");
-        look::setRole(note, "small");
-        note->setWordWrap(true);
-        text->setTextInteractionFlags(Qt::TextSelectableByMouse);
-        label->setWordWrap(true);
-        label->setFixedWidth(FieldRow::labelWidth);
-        figureGrid_->addWidget(label, row, 0);
-        figureGrid_->addWidget(text, row, 1);
-        figureGrid_->addWidget(note, row, 2);
-        ++row;
+    for (int row = 0; row < static_cast<int>(figureRows_.size()); ++row) {
+        showFigure(row < shown ? shownFigures_[static_cast<std::size_t>(row)] : Figure{}, row);
     }
-    figureGrid_->setColumnStretch(2, 1);
     placeEnd();
+}
+
+void CardView::addFigureRow() {
+    const FigureRow made{new QLabel(this), new QLabel(this), new QLabel(this)};
+    made.label->setWordWrap(true);
+    made.label->setFixedWidth(FieldRow::labelWidth);
+    look::setRole(made.label, "faint");
+    made.text->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    made.note->setWordWrap(true);
+    look::setRole(made.note, "small");
+    const auto row = static_cast<int>(figureRows_.size());
+    figureGrid_->addWidget(made.label, row, 0);
+    figureGrid_->addWidget(made.text, row, 1);
+    figureGrid_->addWidget(made.note, row, 2);
+    figureGrid_->setColumnStretch(2, 1);
+    figureRows_.push_back(made);
+}
+
+/// A figure without a label is none.
+void CardView::showFigure(const Figure& figure, int row) {
+    const FigureRow& labels = figureRows_[static_cast<std::size_t>(row)];
+    const bool isShown = !figure.label.empty();
+    labels.label->setText(labelText(figure.label));
+    labels.text->setText(labelText(figure.text));
+    look::setRole(labels.text, figure.text == noFigure ? "faint" : "figure");
+    labels.note->setText(labelText(figure.note));
+    for (QLabel* const label : {labels.label, labels.text, labels.note}) {
+        label->setVisible(isShown);
+    }
+    const int noteRoom = 2 * QFontMetrics(labels.note->font()).lineSpacing();
+    figureGrid_->setRowMinimumHeight(row, isShown && figure.keepsNoteRoom ? noteRoom : 0);
 }
 
 void CardView::setEndsWithRoom() {
@@ -124,8 +140,7 @@ void FieldsView::refresh() {
 
 bool FieldsView::reveal(const std::string& path) {
     for (FieldRow* row : rows_) {
-        if (row->field().path == path && !row->isHidden()) {
-            row->focusField();
+        if (row->field().path == path && row->focusField()) {
             return true;
         }
     }

@@ -40,8 +40,12 @@ class CardView : public QFrame {
   Q_SIGNALS:
     /// The user opened a part of the card, which is to be seen whole.
     void partOpened(QWidget* part);
+    /// The user took a record away, which this sentence tells.
+    void recordRemoved(const QString& sentence);
 
   protected:
+    /// Whether figures keep their place while there is nothing of them.
+    virtual bool keepsFigures() const { return true; }
     AppStore& store() noexcept { return store_; }
     const AppStore& store() const noexcept { return store_; }
     QVBoxLayout& content() noexcept { return *content_; }
@@ -49,7 +53,16 @@ class CardView : public QFrame {
     void setEndsWithRoom();
 
   private:
+    /// The labels of one figure.
+    struct FigureRow {
+        QLabel* label = nullptr;
+        QLabel* text = nullptr;
+        QLabel* note = nullptr;
+    };
+
     void placeEnd();
+    void addFigureRow();
+    void showFigure(const Figure& figure, int row);
 
     AppStore& store_;
     Figures figures_;
@@ -57,6 +70,7 @@ class CardView : public QFrame {
     QVBoxLayout* content_;
     QGridLayout* figureGrid_;
     std::vector<Figure> shownFigures_;
+    std::vector<FigureRow> figureRows_; ///< hidden beyond those shown
     bool endsWithRoom_ = false;
 };
 

@@ -72,10 +72,15 @@ struct Field {
     std::string unit;            ///< behind the number: "CHF", "km", "%", "Tage"
     std::vector<Option> options; ///< of a choice
     bool isOptional = false;     ///< may be left empty
+    bool isSummed = false;       ///< of a table's amount: its sum stands below the column
     std::function<Value(const Record&)> get;
     std::function<void(Record&, const Value&)> set;
     /// Whether it is shown for a record of a case; absent: always.
     std::function<bool(const TaxCase&, const Record&)> shown;
+    /// Whether it can be edited; absent: always. It keeps its place meanwhile.
+    std::function<bool(const TaxCase&, const Record&)> usable = {};
+    /// Of a table's choice: its options as a case names them; absent: `options`.
+    std::function<std::vector<Option>(const TaxCase&)> optionsFor = {};
     /// What the label says of a case, as the name of a person; absent: `label`.
     std::function<std::string(const TaxCase&)> labelFor = {};
     /// What counts while the field is empty, shown faintly in it; absent: last year's value.
@@ -83,9 +88,21 @@ struct Field {
     /// What becomes of the entry, German, one line below it; absent or empty: nothing.
     std::function<std::string(const Record&)> note = {};
 
-    /// The same field, shown only when `when(taxCase, record)` holds.
+    /// The same field, shown only while a condition holds. For what is decided elsewhere or by a
+    /// click: what lies below moves.
     Field when(std::function<bool(const TaxCase&, const Record&)> condition) && {
         shown = std::move(condition);
+        return std::move(*this);
+    }
+    /// The same field, always shown, but to be edited only while a condition holds: for what other
+    /// entries of the same card decide, so that nothing moves while one types.
+    Field usableWhen(std::function<bool(const TaxCase&, const Record&)> condition) && {
+        usable = std::move(condition);
+        return std::move(*this);
+    }
+    /// The same field, with its sum below the column of a table.
+    Field summed() && {
+        isSummed = true;
         return std::move(*this);
     }
 };
@@ -111,6 +128,8 @@ struct BoundField {
     std::function<Value(const TaxCase&)> get;
     std::function<void(TaxCase&, const Value&)> set;
     std::function<bool(const TaxCase&)> shown;
+    std::function<bool(const TaxCase&)> usable;
+    std::function<std::vector<Option>(const TaxCase&)> optionsFor = {}; ///< as of a record's field
     // As of a record's field; absent likewise.
     std::function<std::string(const TaxCase&)> labelFor = {};
     std::function<Value(const TaxCase&)> computed = {};
@@ -333,6 +352,12 @@ BoundField bind(const Place<Record>& place, const Field<Record>& field) {
                     const Record* const record = place.read(taxCase);
                     return record != nullptr && (!shown || shown(taxCase, *record));
                 },
+            .usable =
+                [place, usable = field.usable](const TaxCase& taxCase) {
+                    const Record* const record = place.read(taxCase);
+                    return !usable || (record != nullptr && usable(taxCase, *record));
+                },
+            .optionsFor = field.optionsFor,
             .labelFor = field.labelFor,
             .computed = detail::ofCase(place, field.computed),
             .note = detail::ofCase(place, field.note)};

@@ -28,8 +28,13 @@ class FieldEditor : public QWidget {
     virtual void setComputed(const Value& computed) { Q_UNUSED(computed) }
     /// Why what is typed cannot be read, one German sentence; empty while it can.
     virtual QString problem() const { return {}; }
-    /// Whether what is typed cannot be read, so that the value is the one from before.
-    virtual bool isUnread() const { return false; }
+    /// What is typed and cannot be read, so that the value is the one from before; null while it
+    /// can.
+    virtual QString unreadText() const { return {}; }
+    /// Puts such a text back, with its problem; one that can be read is not taken.
+    virtual void showUnread(const QString& text) { Q_UNUSED(text) }
+    /// Drops such a text for the value.
+    virtual void dropUnread() {}
     /// A gentle word on a value that is kept but probably not meant, one German sentence; empty for
     /// most.
     virtual QString note() const { return {}; }
@@ -45,7 +50,7 @@ class FieldEditor : public QWidget {
   Q_SIGNALS:
     /// The user changed the value.
     void edited();
-    /// `problem` changed.
+    /// `problem` or `unreadText` changed.
     void problemChanged();
     /// The keyboard went elsewhere: the next edit is another one.
     void left();

@@ -20,8 +20,8 @@ namespace {
 
 constexpr int editorWidth = 320; ///< the most an editor takes
 constexpr int rowHeight = 30;
-constexpr int problemHeight = 18; ///< kept free below every editor, so that nothing moves
-constexpr int belowText = 4;      ///< between a text below an editor and the next field
+constexpr int problemHeight = 19; ///< kept free below every editor, so that nothing moves
+constexpr int belowText = 3;      ///< between a text below an editor and the next field
 
 /// As wide as the editor's input gets, so that what follows stands right beside it.
 int widthOf(FieldEditor& editor, Editor kind) {
@@ -36,9 +36,10 @@ int widthOf(FieldEditor& editor, Editor kind) {
 } // namespace
 
 FieldRow::FieldRow(BoundField field, AppStore& store, const EditorContext& context, QWidget* parent)
-    : QWidget(parent), field_(std::move(field)), pageId_(context.pageId), store_(store),
-      label_(new QLabel(labelText(field_.label), this)), editor_(makeEditor(field_, context, this)),
-      problem_(new QLabel(this)), wording_(new QLabel(this)), help_(new QLabel(this)),
+    : QWidget(parent), field_(std::move(field)), pageId_(context.pageId), year_(context.page.year),
+      store_(store), label_(new QLabel(labelText(field_.label), this)),
+      editor_(makeEditor(field_, context, this)), problem_(new QLabel(this)),
+      wording_(new QLabel(this)), help_(new QLabel(this)),
       helpButton_(new HelpButton(u"Hilfe zu diesem Feld"_s, qs(field_.label), this)) {
     setObjectName(u"row:"_s + qs(field_.path));
     label_->setWordWrap(true);
@@ -50,12 +51,12 @@ FieldRow::FieldRow(BoundField field, AppStore& store, const EditorContext& conte
     problem_->setObjectName(u"problem:"_s + qs(field_.path));
     look::setRole(problem_, "error");
     wording_->setWordWrap(true);
-    wording_->setContentsMargins(0, 2, 0, 2 * belowText);
+    wording_->setContentsMargins(0, 0, 0, belowText); // one line has the room of a problem
     wording_->setObjectName(u"wording:"_s + qs(field_.path));
     look::setRole(wording_, "help");
     wording_->hide();
     help_->setWordWrap(true);
-    help_->setContentsMargins(0, 2, 0, 3 * belowText);
+    help_->setContentsMargins(0, 2, 0, 4 * belowText);
     help_->setText(labelText(field_.help));
     help_->setObjectName(u"help:"_s + qs(field_.path));
     look::setRole(help_, "help");
@@ -87,15 +88,23 @@ FieldRow::FieldRow(BoundField field, AppStore& store, const EditorContext& conte
     connect(helpButton_, &QToolButton::toggled, help_, &QWidget::setVisible);
     connect(editor_, &FieldEditor::edited, this, &FieldRow::write);
     connect(editor_, &FieldEditor::problemChanged, this, &FieldRow::showState);
-    connect(editor_, &FieldEditor::left, this, [this] { store_.endMerging(); });
+    connect(editor_, &FieldEditor::left, this, [this] {
+        store_.endMerging();
+        showUsable();
+    });
     refresh();
+    restoreUnread();
 }
 
 void FieldRow::refresh() {
     const TaxCase& taxCase = store_.current();
     setVisible(field_.shown(taxCase));
+    showUsable();
     showLabel();
     editor_->setValue(field_.get(taxCase));
+    if (!unread_.isNull() && store_.unreadText(field_.path) == nullptr) {
+        editor_->dropUnread(); // as when the year was reset
+    }
     editor_->refresh();
     showState();
     if (field_.computed) {
@@ -107,6 +116,9 @@ void FieldRow::refresh() {
 }
 
 void FieldRow::write() {
+    if (store_.year() != year_) {
+        return; // the keyboard leaves it while its page gives way to that of another year
+    }
     showState();
     const Value value = editor_->value();
     // Writing what stands there already could still bring an optional record into being.
@@ -125,25 +137,31 @@ void FieldRow::showLabel() {
     }
 }
 
-FieldRow::~FieldRow() {
-    if (isUnread_) {
-        store_.dropUnread(field_.path);
+void FieldRow::tellUnread() {
+    const QString text = editor_->unreadText();
+    if (text == unread_) {
+        return;
     }
+    unread_ = text;
+    std::optional<UnreadText> told;
+    if (!text.isNull()) {
+        told = {
+            .text = utf8(text),
+            .problem = {.level = taxcore::Notice::Level::error,
+                        .title = "«" + utf8(label_->text()) + "» ist nicht lesbar",
+                        .message = utf8(editor_->problem()) + " Bis dahin gilt der bisherige Wert.",
+                        .area = pageId_}};
+    }
+    store_.setUnread(year_, field_.path, std::move(told));
 }
 
-void FieldRow::tellUnread() {
-    const bool wasUnread = std::exchange(isUnread_, editor_->isUnread());
-    if (isUnread_) {
-        store_.setUnread(field_.path,
-                         taxcore::Notice{.id = "unlesbar-" + field_.path,
-                                         .level = taxcore::Notice::Level::error,
-                                         .title = "«" + utf8(label_->text()) + "» ist nicht lesbar",
-                                         .message = utf8(editor_->problem())
-                                                    + " Bis dahin gilt der bisherige Wert.",
-                                         .area = pageId_,
-                                         .path = field_.path});
-    } else if (wasUnread) {
-        store_.setUnread(field_.path, {});
+void FieldRow::restoreUnread() {
+    if (const std::string* const text = store_.unreadText(field_.path)) {
+        const QString typed = qs(*text); // the store's may go while it is shown
+        editor_->showUnread(typed);
+        if (editor_->unreadText().isNull()) {
+            store_.setUnread(year_, field_.path, {});
+        }
     }
 }
 
@@ -162,7 +180,20 @@ void FieldRow::showState() {
     wording_->setVisible(!wording.isEmpty());
 }
 
-void FieldRow::focusField() { editor_->input()->setFocus(Qt::OtherFocusReason); }
+/// What one types in stays open, even when it takes away what it hangs on.
+void FieldRow::showUsable() {
+    const bool isUsable = field_.usable(store_.current()) || editor_->input()->hasFocus();
+    label_->setEnabled(isUsable);
+    editor_->setEnabled(isUsable);
+}
+
+bool FieldRow::focusField() {
+    const bool isThere = !isHidden() && editor_->isEnabled();
+    if (isThere) {
+        editor_->input()->setFocus(Qt::OtherFocusReason);
+    }
+    return isThere;
+}
 
 void FieldRow::showHelp(bool shown) { helpButton_->setChecked(shown && !field_.help.empty()); }
 

@@ -27,18 +27,12 @@ class FieldRow final : public QWidget {
     static constexpr int labelWidth = 250;
 
     FieldRow(BoundField field, AppStore& store, const EditorContext& context, QWidget* parent);
-    ~FieldRow() override;
-    FieldRow(const FieldRow&) = delete;
-    FieldRow& operator=(const FieldRow&) = delete;
-    FieldRow(FieldRow&&) = delete;
-    FieldRow& operator=(FieldRow&&) = delete;
-
     const BoundField& field() const noexcept { return field_; }
     FieldEditor& editor() noexcept { return *editor_; }
     /// Shows what the case holds now.
     void refresh();
-    /// Puts the keyboard here.
-    void focusField();
+    /// Puts the keyboard here; false when the field is not there to be edited.
+    bool focusField();
     void showHelp(bool shown);
     void toggleHelp();
 
@@ -50,14 +44,17 @@ class FieldRow final : public QWidget {
     void write();
     /// The problem, and what is chosen at length or becomes of the entry.
     void showState();
-    /// Tells the store whether what is typed can be read.
+    /// Tells the store what is typed and cannot be read.
     void tellUnread();
-
+    /// Shows what the store kept of that while the field was not there.
+    void restoreUnread();
     void showLabel();
+    void showUsable();
 
     BoundField field_;
     const std::string pageId_;
-    bool isUnread_ = false;
+    const int year_;
+    QString unread_; ///< what the store was told; null: all can be read
     AppStore& store_;
     QLabel* label_;
     FieldEditor* editor_;

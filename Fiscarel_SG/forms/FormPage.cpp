@@ -55,6 +55,7 @@ void FormPage::addSection(const Section& section, const EditorContext& context,
         view.cards.push_back(makeCard(card, store_, context, view.widget));
         column->addWidget(view.cards.back());
         connect(view.cards.back(), &CardView::partOpened, frame_, &look::PageFrame::showWhole);
+        connect(view.cards.back(), &CardView::recordRemoved, this, &PageWidget::undoOffered);
         frame_->widen(view.cards.back()->wishedWidth());
     }
     if (section.title) {

@@ -238,9 +238,7 @@ bool ListView::reveal(const std::string& path) {
             open(i, true);
             const auto field = std::ranges::find_if(
                 rows_[i].fields, [&](const FieldRow* row) { return row->field().path == path; });
-            if (field != rows_[i].fields.end() && !(*field)->isHidden()) {
-                (*field)->focusField();
-            } else {
+            if (field == rows_[i].fields.end() || !(*field)->focusField()) {
                 rows_[i].head->setFocus(Qt::OtherFocusReason);
             }
             return true;

@@ -21,6 +21,10 @@ class ListView final : public RecordsView {
     std::optional<taxcore::Uuid> opened() const override { return opened_; }
     void openOneOf(const std::vector<taxcore::Uuid>& records) override;
 
+  protected:
+    /// A record comes by a click, which may move what lies below.
+    bool keepsFigures() const override { return count() > 0; }
+
   private:
     /// What stands for one record.
     struct Row {

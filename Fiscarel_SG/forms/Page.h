@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -20,7 +21,14 @@ struct Figure {
     std::string label;
     std::string text; ///< as it is shown: "Kanton 3’200 · Bund 3’000"
     std::string note; ///< "gekürzt auf 8’000"; may be empty
+    /// A note of two lines may come while one types; there is room for it.
+    bool keepsNoteRoom = false;
+
+    bool operator==(const Figure&) const = default;
 };
+
+/// The text of a figure that there is nothing of yet; it keeps its place meanwhile.
+inline constexpr const char* noFigure = "–";
 
 /// The figures that belong to entries, from the case and its result.
 using Figures = std::function<std::vector<Figure>(const TaxCase&, const taxcore::TaxResult&)>;
@@ -63,6 +71,8 @@ struct ListCard {
     std::function<void(TaxCase&, const TaxCase& from)> takeOver;
     std::function<RowSummary(const TaxCase&, std::size_t)> summary;
     std::function<std::string(const TaxCase&)> total; ///< "Total 12’300"; absent: none
+    /// Of a table, by column: the sum of its amounts; absent in columns that have none.
+    std::function<std::vector<std::optional<Decimal>>(const TaxCase&)> sums;
     /// The fields of an item; of a table its columns.
     std::function<std::vector<BoundField>(std::size_t)> fields;
     Figures figures;
@@ -166,6 +176,22 @@ ListCard listCard(const Place<std::vector<Item>>& list, ListTexts texts,
                                                                     std::size_t at) {
         const auto* items = read(taxCase);
         return items != nullptr && at < items->size() ? summary((*items)[at]) : RowSummary{};
+    };
+    card.sums = [read = list.read, fields](const TaxCase& taxCase) {
+        std::vector<std::optional<Decimal>> sums;
+        const auto* const items = read(taxCase);
+        for (const Field<Item>& field : fields) {
+            std::optional<Decimal>& sum = sums.emplace_back();
+            if (field.isSummed && items != nullptr) {
+                sum.emplace();
+                for (const Item& item : *items) {
+                    const Value value = field.get(item);
+                    const auto* const amount = std::get_if<Decimal>(&value);
+                    *sum += amount != nullptr ? *amount : Decimal(0);
+                }
+            }
+        }
+        return sums;
     };
     card.fields = [list, fields = std::move(fields)](std::size_t at) {
         return bindAll(itemOf(list, at), fields);

@@ -23,6 +23,22 @@ std::optional<BoundField> fieldOf(const std::vector<BoundField>& fields, const s
     return found != fields.end() ? std::optional(*found) : std::nullopt;
 }
 
+bool holds(const Condition& condition, const TaxCase& taxCase) {
+    return !condition || condition(taxCase);
+}
+
+bool shows(const Card& card, const std::string& path, const TaxCase& taxCase) {
+    const auto shows = [&](const BoundField& field) {
+        return field.path == path && field.shown(taxCase) && field.usable(taxCase);
+    };
+    if (const auto* fields = std::get_if<FieldsCard>(&card)) {
+        return holds(fields->shown, taxCase) && std::ranges::any_of(fields->fields, shows);
+    }
+    const auto& list = std::get<ListCard>(card);
+    const auto index = indexIn(list, path);
+    return holds(list.shown, taxCase) && index && std::ranges::any_of(list.fields(*index), shows);
+}
+
 std::optional<BoundField> fieldOf(const Card& card, const std::string& path) {
     if (const auto* fields = std::get_if<FieldsCard>(&card)) {
         return fieldOf(fields->fields, path);
@@ -69,6 +85,18 @@ std::optional<BoundField> fieldWithPath(const std::vector<Page>& pages, const st
         }
     }
     return std::nullopt;
+}
+
+bool isShown(const std::vector<Page>& pages, const std::string& path, const TaxCase& taxCase) {
+    for (const Page& page : pages) {
+        for (const Section& section : page.sections) {
+            const auto showsIt = [&](const Card& card) { return shows(card, path, taxCase); };
+            if (holds(section.shown, taxCase) && std::ranges::any_of(section.cards, showsIt)) {
+                return true;
+            }
+        }
+    }
+    return false;
 }
 
 } // namespace fiscarel::forms

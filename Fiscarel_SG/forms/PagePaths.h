@@ -17,4 +17,7 @@ const Page* pageWithPath(const std::vector<Page>& pages, const std::string& path
 /// there yet.
 std::optional<BoundField> fieldWithPath(const std::vector<Page>& pages, const std::string& path);
 
+/// Whether the field at a path can be gone to and edited on a page of this case.
+bool isShown(const std::vector<Page>& pages, const std::string& path, const TaxCase& taxCase);
+
 } // namespace fiscarel::forms

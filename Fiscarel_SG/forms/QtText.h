@@ -19,4 +19,8 @@ QString labelText(QString text);
 /// And back.
 inline std::string utf8(const QString& text) { return text.toStdString(); }
 
+/// As texts are searched: in lower case without accents, so that "Säule" and "saule" meet; "ae"
+/// counts as "ä".
+std::string folded(std::string_view text);
+
 } // namespace fiscarel

@@ -40,6 +40,11 @@ QString pasteProblem(const QStringList& problems, qsizetype lines) {
     return sentences.join(u' ');
 }
 
+QVariant rawText(const Value& value) {
+    const auto* const raw = std::get_if<std::string>(&value);
+    return raw != nullptr ? QVariant(qs(*raw)) : QVariant();
+}
+
 } // namespace
 
 RecordModel::RecordModel(const ListCard& card, AppStore& store, QObject* parent)
@@ -53,8 +58,16 @@ void RecordModel::learnColumns() {
     card_.add(blank);
     const auto fields = card_.fields(card_.size(blank) - 1);
     for (const BoundField& field : fields) {
-        const bool isChoice = field.editor == Editor::choice;
-        usualChoices_.push_back(isChoice ? cellText(field, field.get(blank)) : QString());
+        usualChoices_.push_back(field.editor == Editor::choice ? field.get(blank) : Value());
+    }
+    nameOptions();
+}
+
+void RecordModel::nameOptions() {
+    for (BoundField& field : columns_) {
+        if (field.optionsFor) {
+            field.options = field.optionsFor(store_.current());
+        }
     }
 }
 
@@ -87,6 +100,8 @@ QVariant RecordModel::data(const QModelIndex& index, int role) const {
         return {};
     }
     switch (role) {
+    case rawRole:
+        return rawText(value);
     case Qt::DisplayRole:
     case Qt::EditRole:
         return cellText(field, value);
@@ -106,7 +121,9 @@ QVariant RecordModel::emptyRow(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
         return index.column() == 0 ? QVariant(invitation()) : QVariant();
     case Qt::EditRole: // what the record will have unless another one is chosen
-        return usualChoices_[static_cast<std::size_t>(index.column())];
+        return cellText(field, usualChoices_[static_cast<std::size_t>(index.column())]);
+    case rawRole:
+        return rawText(usualChoices_[static_cast<std::size_t>(index.column())]);
     case Qt::ForegroundRole:
         return look::Theme::current().faint;
     case Qt::CheckStateRole:
@@ -205,6 +222,7 @@ void RecordModel::paste(const QModelIndex& from, const QString& text) {
 
 /// Rows come and go at the end, so that who is typing keeps the cell; the empty row stays last.
 void RecordModel::reload() {
+    nameOptions();
     const std::size_t now = records();
     if (now > shownRecords_) {
         beginInsertRows({}, static_cast<int>(shownRecords_) + 1, static_cast<int>(now));

@@ -32,9 +32,12 @@ class RecordModel final : public QAbstractTableModel {
     /// cannot be read. The same text again writes nothing.
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
 
+    /// What a choice holds, as it stands in the case.
+    static constexpr int rawRole = Qt::UserRole;
+
     /// What the empty row says in its first column.
     static QString invitation();
-    /// The field of a column, bound to the first record.
+    /// The field of a column, bound to the first record, with the options of the case.
     const BoundField& column(int index) const { return columns_[static_cast<std::size_t>(index)]; }
     /// Why what was last written could not be read, in German; empty when it could.
     const QString& problem() const noexcept { return problem_; }
@@ -53,12 +56,14 @@ class RecordModel final : public QAbstractTableModel {
     QVariant emptyRow(const QModelIndex& index, int role) const;
     void writeCell(TaxCase& taxCase, std::size_t row, int column, const Value& value) const;
     void learnColumns();
+    /// What choices offer follows the case.
+    void nameOptions();
     void tell(const QString& problem);
 
     const ListCard& card_;
     AppStore& store_;
     std::vector<BoundField> columns_;
-    std::vector<QString> usualChoices_; ///< of a new record, by column; empty for other fields
+    std::vector<Value> usualChoices_; ///< of a new record, by column; absent for other fields
     std::size_t shownRecords_ = 0;
     QString problem_;
 };

@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/forms/CellText.h"
 #include "Fiscarel_SG/forms/QtText.h"
 #include "Fiscarel_SG/forms/RecordModel.h"
+#include "Fiscarel_SG/look/Theme.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -21,12 +22,11 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr int visibleRows = 8;
-constexpr int usualRowHeight = 30;
 
 /// A width that shows what usually stands in a column; longer texts tell themselves in their tool
 /// tips, and the user may widen it.
 int widthOf(const BoundField& field, bool isFirst, const QFontMetrics& metrics) {
-    constexpr int padding = 22;
+    constexpr int padding = 2 * RecordTable::cellMargin + 8; // and the mark of an editor
     constexpr int mostOfChoice = 190;
     const auto width = [&](const QString& text) { return metrics.horizontalAdvance(text); };
     int content = 0;
@@ -68,7 +68,7 @@ class CellDelegate final : public QStyledItemDelegate {
         }
         auto* const box = new QComboBox(parent);
         for (const Option& entry : field.options) {
-            box->addItem(qs(entry.label));
+            box->addItem(qs(entry.label), qs(entry.raw));
         }
         box->view()->setMinimumWidth(box->view()->sizeHintForColumn(0) + listMargin);
         box->setMinimumWidth(std::max(option.rect.width(), box->sizeHint().width()));
@@ -81,7 +81,7 @@ class CellDelegate final : public QStyledItemDelegate {
     }
     void setEditorData(QWidget* editor, const QModelIndex& index) const override {
         if (auto* const box = qobject_cast<QComboBox*>(editor)) {
-            box->setCurrentIndex(box->findText(index.data(Qt::EditRole).toString()));
+            box->setCurrentIndex(box->findData(index.data(RecordModel::rawRole).toString()));
         } else {
             QStyledItemDelegate::setEditorData(editor, index);
         }
@@ -93,7 +93,7 @@ class CellDelegate final : public QStyledItemDelegate {
             return; // only passed through
         }
         if (box != nullptr) {
-            model->setData(index, box->currentText(), Qt::EditRole);
+            model->setData(index, box->currentData(), Qt::EditRole); // two may be called the same
         } else {
             QStyledItemDelegate::setModelData(editor, model, index);
         }
@@ -137,13 +137,14 @@ class RecordTable::FirstColumn final : public QTableView {
         setEditTriggers(QAbstractItemView::NoEditTriggers);
         setAlternatingRowColors(true);
         setFrameShape(QFrame::NoFrame);
-        setStyleSheet(QStringLiteral("QTableView { border: none; border-radius: 0; }"));
+        look::setRole(this, "firstColumn");
+        setWordWrap(false);
         setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         setVerticalScrollMode(table.verticalScrollMode());
         setAccessibleName(QStringLiteral("Erste Spalte"));
         verticalHeader()->hide();
-        verticalHeader()->setDefaultSectionSize(usualRowHeight);
+        verticalHeader()->setDefaultSectionSize(RecordTable::rowHeight);
         for (int i = 1; i < table.model()->columnCount(); ++i) {
             setColumnHidden(i, true);
         }
@@ -180,7 +181,8 @@ class RecordTable::FirstColumn final : public QTableView {
     RecordTable& table_;
 };
 
-RecordTable::RecordTable(RecordModel& model, QWidget* parent) : QTableView(parent), model_(model) {
+RecordTable::RecordTable(RecordModel& model, QWidget* parent)
+    : QTableView(parent), model_(model), columnBar_(new QScrollBar(Qt::Horizontal, parent)) {
     setModel(&model);
     auto* const delegate = new CellDelegate(model, this);
     delegate->gridPasted = [this](QWidget* editor) {
@@ -189,13 +191,14 @@ RecordTable::RecordTable(RecordModel& model, QWidget* parent) : QTableView(paren
     };
     setItemDelegate(delegate);
     setAlternatingRowColors(true);
+    setWordWrap(false); // what is too long ends in an ellipsis, not after its first word
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::AllEditTriggers);
     setTabKeyNavigation(true);
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
     horizontalHeader()->setStretchLastSection(true);
-    verticalHeader()->setDefaultSectionSize(usualRowHeight);
+    verticalHeader()->setDefaultSectionSize(RecordTable::rowHeight);
     for (int i = 0; i < model.columnCount(); ++i) {
         const int width = widthOf(model.column(i), i == 0, fontMetrics());
         setColumnWidth(i, width);
@@ -207,7 +210,29 @@ RecordTable::RecordTable(RecordModel& model, QWidget* parent) : QTableView(paren
         }
     });
     firstColumn_ = new FirstColumn(*this);
+    followColumnBar();
     fitHeight();
+}
+
+/// A bar outside, so that it stands below what follows the rows, and takes none of their height.
+void RecordTable::followColumnBar() {
+    QScrollBar* const own = horizontalScrollBar();
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    const auto show = [this, own] {
+        columnBar_->setRange(own->minimum(), own->maximum());
+        columnBar_->setPageStep(own->pageStep());
+        columnBar_->setSingleStep(own->singleStep());
+        columnBar_->setValue(own->value());
+        columnBar_->setVisible(own->maximum() > own->minimum());
+    };
+    connect(own, &QScrollBar::rangeChanged, this, show);
+    connect(own, &QScrollBar::valueChanged, columnBar_, &QScrollBar::setValue);
+    connect(columnBar_, &QScrollBar::valueChanged, own, &QScrollBar::setValue);
+    show();
+}
+
+int RecordTable::frozenWidth() const {
+    return firstColumn_ != nullptr && !firstColumn_->isHidden() ? columnWidth(0) : 0;
 }
 
 int RecordTable::wishedWidth() const {
@@ -217,15 +242,7 @@ int RecordTable::wishedWidth() const {
 
 void RecordTable::fitHeight() {
     const int rows = std::min(model_.rowCount(), visibleRows);
-    const int room = width() - 2 * frameWidth() - verticalHeader()->sizeHint().width();
-    int columns = 0; // the last one takes what is left
-    for (int i = 0; i < model_.columnCount(); ++i) {
-        const bool isLast = i == model_.columnCount() - 1;
-        columns += isLast ? horizontalHeader()->sectionSizeHint(i) : columnWidth(i);
-    }
-    const int bar = columns > room ? horizontalScrollBar()->sizeHint().height() : 0;
-    setFixedHeight(horizontalHeader()->sizeHint().height() + rows * usualRowHeight
-                   + 2 * frameWidth() + bar);
+    setFixedHeight(horizontalHeader()->sizeHint().height() + rows * rowHeight + 2 * frameWidth());
 }
 
 void RecordTable::resizeEvent(QResizeEvent* event) {

@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <optional>
 
+class QScrollBar;
+
 namespace fiscarel::forms {
 
 class RecordModel;
@@ -15,6 +17,9 @@ class RecordTable final : public QTableView {
     Q_OBJECT
 
   public:
+    static constexpr int rowHeight = 30;
+    static constexpr int cellMargin = 8; ///< between the edge of a cell and its text
+
     /// The model outlives the table.
     RecordTable(RecordModel& model, QWidget* parent);
 
@@ -26,6 +31,12 @@ class RecordTable final : public QTableView {
     void fitHeight();
     /// With which all columns are in sight, in pixels.
     int wishedWidth() const;
+    /// Where the columns begin, within the table.
+    int leftOfColumns() const { return viewport()->x(); }
+    /// Of the first column, while it stays over the others; 0 otherwise.
+    int frozenWidth() const;
+    /// Scrolls the columns; to be placed below the table and what belongs to it.
+    QScrollBar& columnBar() noexcept { return *columnBar_; }
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
   Q_SIGNALS:
@@ -43,11 +54,13 @@ class RecordTable final : public QTableView {
     /// Whether the next cell is beyond the grid.
     bool isAtEdge(bool next) const;
     void paste();
+    void followColumnBar();
 
     class FirstColumn;
 
     RecordModel& model_;
     FirstColumn* firstColumn_ = nullptr;
+    QScrollBar* columnBar_;
     int wishedColumns_ = 0;
 };
 

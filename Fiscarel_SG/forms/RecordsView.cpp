@@ -12,6 +12,17 @@ namespace fiscarel::forms {
 
 using namespace Qt::Literals::StringLiterals;
 
+namespace {
+
+/// "Lohnausweis Muster AG"; not longer than a message takes.
+QString calledAs(const QString& itemName, const QString& title) {
+    constexpr qsizetype longest = 60;
+    const QString name = title.startsWith(itemName) ? title : itemName + u' ' + title;
+    return name.size() > longest ? name.left(longest - 1).trimmed() + u'…' : name;
+}
+
+} // namespace
+
 RecordsView::RecordsView(ListCard card, AppStore& store, QWidget* parent)
     : CardView(card.title, card.help, card.figures, card.shown, store, parent),
       card_(std::move(card)), total_(new QLabel(this)),
@@ -32,6 +43,7 @@ QString RecordsView::titleOf(std::size_t index) const {
 }
 
 void RecordsView::change(const char* what, const std::function<void(TaxCase&)>& edit) {
+    store().endMerging(); // taking two records away in a row is two steps
     store().edit(card_.itemName + " " + what, edit);
 }
 
@@ -42,7 +54,9 @@ void RecordsView::duplicate(std::size_t index) {
 }
 
 void RecordsView::remove(std::size_t index) {
+    const QString sentence = u"«%1» entfernt"_s.arg(calledAs(qs(card_.itemName), titleOf(index)));
     change("entfernen", [&](TaxCase& taxCase) { card_.remove(taxCase, index); });
+    Q_EMIT recordRemoved(sentence);
 }
 
 void RecordsView::move(std::size_t from, std::size_t to) {

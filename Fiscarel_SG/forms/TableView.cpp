@@ -2,14 +2,17 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/HelpButton.h"
+#include "Fiscarel_SG/forms/InputText.h"
 #include "Fiscarel_SG/forms/QtText.h"
 #include "Fiscarel_SG/forms/RecordModel.h"
 #include "Fiscarel_SG/forms/RecordTable.h"
+#include "Fiscarel_SG/forms/SumRow.h"
 #include "Fiscarel_SG/look/Theme.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <array>
@@ -21,11 +24,18 @@ using namespace Qt::Literals::StringLiterals;
 
 TableView::TableView(ListCard list, AppStore& store, QWidget* parent)
     : RecordsView(std::move(list), store, parent), model_(new RecordModel(card(), store, this)),
-      table_(new RecordTable(*model_, this)), problem_(new QLabel(this)), help_(new QLabel(this)),
+      table_(new RecordTable(*model_, this)), sums_(new SumRow(*table_, this)),
+      problem_(new QLabel(this)), help_(new QLabel(this)),
       helpButton_(new HelpButton(u"Hilfe zu dieser Spalte"_s, qs(card().title), this)) {
     table_->setObjectName(u"table:"_s + qs(card().path));
     table_->setAccessibleName(qs(card().title));
-    content().addWidget(table_);
+    auto* const grid = new QVBoxLayout;
+    grid->setSpacing(0);
+    grid->addWidget(table_);
+    grid->addWidget(sums_);
+    grid->addWidget(&table_->columnBar());
+    content().addLayout(grid);
+    sums_->setObjectName(u"sums:"_s + qs(card().path));
     look::setRole(problem_, "error");
     problem_->setWordWrap(true);
     problem_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -50,7 +60,19 @@ TableView::TableView(ListCard list, AppStore& store, QWidget* parent)
     connect(table_, &RecordTable::moved, this, &TableView::refreshTools);
     connect(helpButton_, &QToolButton::toggled, this, &TableView::showHelp);
     refreshFoot();
+    refreshSums();
     refreshTools();
+}
+
+void TableView::refreshSums() {
+    QStringList texts;
+    bool hasSums = false;
+    for (const auto& sum : card().sums(store().current())) {
+        hasSums = hasSums || sum.has_value();
+        texts << (sum ? qs(formatAmount(*sum)) : QString());
+    }
+    sums_->setVisible(hasSums);
+    sums_->setSums(texts);
 }
 
 int TableView::wishedWidth() const {
@@ -101,6 +123,7 @@ void TableView::refresh() {
     model_->reload();
     table_->fitHeight();
     refreshFoot();
+    refreshSums();
     if (at.isValid() && !table_->currentIndex().isValid()) {
         table_->setCurrentIndex(
             model_->index(std::min(at.row(), model_->rowCount() - 1), at.column()));

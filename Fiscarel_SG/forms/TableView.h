@@ -9,6 +9,7 @@ namespace fiscarel::forms {
 class HelpButton;
 class RecordModel;
 class RecordTable;
+class SumRow;
 
 /// A list of records edited as a table: by keyboard, and by pasting from a spreadsheet. F1 tells
 /// what belongs into the column with the keyboard.
@@ -29,9 +30,11 @@ class TableView final : public RecordsView {
     void refreshTools();
     void moveSelected(int by);
     void showHelp();
+    void refreshSums();
 
     RecordModel* model_;
     RecordTable* table_;
+    SumRow* sums_;
     QLabel* problem_;
     QLabel* help_;
     HelpButton* helpButton_;

@@ -38,7 +38,7 @@ std::vector<forms::Field<Person>> personFields(const PageContext& context) {
         text<&Person::employer>("Arbeitgeber",
                                 "Der Arbeitgeber am " + lastDay(context)
                                     + ". Weitere Stellen ergeben sich aus den Lohnausweisen.")
-            .when(isEmployed),
+            .usableWhen(isEmployed),
     };
 }
 
@@ -113,11 +113,11 @@ std::vector<forms::Field<Child>> childFields(const PageContext& context) {
                               + std::string(label(ChildEducation::keine)) + "» entfällt er."),
         text<&Child::school>("Schule oder Lehrbetrieb",
                              "Zum Beispiel «Primarschule Sevelen» oder der Name des Lehrbetriebs.")
-            .when(isTaught),
+            .usableWhen(isTaught),
         text<&Child::educationUntil>("Ausbildung bis",
                                      "Wann die Ausbildung voraussichtlich endet, zum Beispiel "
                                      "«Juli 2028». Es steht im Lehr- oder Studienvertrag.")
-            .when(isTrained),
+            .usableWhen(isTrained),
         check<&Child::livesInHousehold>("Wohnt im gleichen Haushalt",
                                         "Die Steuererklärung fragt danach; am Kinderabzug ändert "
                                         "sich hier nichts."),
@@ -176,16 +176,16 @@ bool needsParish(const TaxCase& taxCase) {
 }
 
 std::vector<Figure> tariffAndMultipliers(const TaxCase& taxCase, const TaxResult& result) {
-    std::vector<Figure> figures{{"Tarif", std::string(label(result.bill.kind)), {}}};
-    if (!result.municipality) {
-        return figures;
-    }
-    const auto percent = [](const Decimal& rate) { return MoneyFormat::number(rate) + "%"; };
-    figures.push_back({"Steuerfuss Kanton", percent(result.bill.cantonRate), {}});
-    figures.push_back({"Steuerfuss Gemeinde", percent(result.bill.municipalityRate), {}});
-    if (result.bill.churchRate > 0) {
-        figures.push_back(
-            {"Steuerfuss Kirche", percent(result.bill.churchRate), churchNote(taxCase)});
+    const auto percent = [&](const Decimal& rate) {
+        return result.municipality ? MoneyFormat::number(rate) + "%" : noFigure;
+    };
+    std::vector<Figure> figures{{"Tarif", std::string(label(result.bill.kind)), {}},
+                                {"Steuerfuss Kanton", percent(result.bill.cantonRate), {}},
+                                {"Steuerfuss Gemeinde", percent(result.bill.municipalityRate), {}}};
+    if (std::ranges::any_of(taxCase.persons(), paysChurchTax)) {
+        figures.push_back({"Steuerfuss Kirche",
+                           result.bill.churchRate > 0 ? percent(result.bill.churchRate) : noFigure,
+                           churchNote(taxCase)});
     }
     return figures;
 }

@@ -128,10 +128,11 @@ ListCard salariesCard(const PageContext& context, int number) {
     };
     if (!abroad) {
         const std::string person = std::to_string(number);
-        card.figures = [main = "haupterwerb" + person, side = "nebenerwerb" + person](
+        card.figures = [number, main = "haupterwerb" + person, side = "nebenerwerb" + person](
                            const TaxCase& taxCase, const TaxResult& result) {
             // Without a side job the total says it all.
-            return result.line(side) == nullptr
+            return std::ranges::all_of(incomeOf(taxCase, number).salaries,
+                                       &SalaryCertificate::isMainEmployment)
                        ? std::vector<Figure>{}
                        : linesOf({{main, "Haupterwerb"}, {side, "Nebenerwerb"}})(taxCase, result);
         };
@@ -266,7 +267,7 @@ FieldsCard otherIncomeCard(const PageContext& context) {
                                           "Einnahmen aus Untermiete oder Gelegenheitsarbeit."),
                  text<&HouseholdIncome::otherIncomeDescription>(
                      "Bezeichnung der weiteren Einkünfte", "In wenigen Worten, woher sie stammen.")
-                     .when(hasOther),
+                     .usableWhen(hasOther),
                  onlyStGallen(context, amount<&HouseholdIncome::qualifiedParticipationIncome>(
                                            "Erträge aus Beteiligungen ab 10% (Privatvermögen)",
                                            "Der ganze Ertrag; die Teilbesteuerung rechnet das "

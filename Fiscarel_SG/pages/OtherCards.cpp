@@ -22,7 +22,7 @@ bool showsChildcare(const RuleBook* rules, const TaxCase& taxCase, const Child& 
 }
 
 /// School and training; before it there are no costs.
-bool showsEducation(const TaxCase&, const Child& child) {
+bool hasEducation(const TaxCase&, const Child& child) {
     return child.education != ChildEducation::vorschule || !child.educationCosts.isZero()
            || !child.scholarships.isZero();
 }
@@ -100,30 +100,19 @@ std::string medicalHelp(const PageContext& context) {
 }
 
 std::vector<Figure> medicalFigures(const TaxCase&, const TaxResult& result) {
-    const TaxLine* const costs = result.line("krankheitskosten");
-    const TaxLine* const threshold = result.line("krankheitSelbstbehalt");
-    if (costs == nullptr || threshold == nullptr) {
-        return {};
+    std::vector<Figure> figures;
+    const bool isEntered = result.line("krankheitskosten") != nullptr;
+    for (const auto& [code, label] : {std::pair("krankheitskosten", "Krankheits- und Unfallkosten"),
+                                      std::pair("krankheitSelbstbehalt", "Selbstbehalt"),
+                                      std::pair("krankheitAbzug", "Abziehbar")}) {
+        const TaxLine* const line = result.line(code);
+        figures.push_back({label,
+                           line != nullptr ? sideBySide(line->canton, line->federal)
+                           : isEntered     ? plainMoney(0)
+                                           : noFigure,
+                           line != nullptr ? line->note.value_or("") : std::string()});
     }
-    const TaxLine* const deduction = result.line("krankheitAbzug");
-    return {
-        {"Krankheits- und Unfallkosten", sideBySide(costs->canton, costs->federal), {}},
-        {"Selbstbehalt", sideBySide(threshold->canton, threshold->federal),
-         threshold->note.value_or("")},
-        {"Abziehbar",
-         deduction != nullptr ? sideBySide(deduction->canton, deduction->federal) : plainMoney(0),
-         {}}};
-}
-
-std::string medicalTotal(const TaxCase& taxCase) {
-    const auto& bills = taxCase.householdDeductions.medicalCosts;
-    Decimal paid;
-    for (const MedicalCost& bill : bills) {
-        paid += bill.selfPaid();
-    }
-    return "Rechnungen " + plainMoney(totalOf(bills, &MedicalCost::gross)) + " · zurückerstattet "
-           + plainMoney(totalOf(bills, &MedicalCost::reimbursed)) + " · selbst bezahlt "
-           + plainMoney(paid);
+    return figures;
 }
 
 /// Donations to parties or to others.
@@ -182,12 +171,12 @@ ListCard childrenCard(const PageContext& context) {
             "Selbst getragene Kosten der Ausbildung: Schulgeld, Lehrmittel, Fahrten, auswärtige "
             "Unterkunft, gemäss Rechnungen."
                 + educationLimit(context))
-            .when(showsEducation));
+            .usableWhen(hasEducation));
     fields.push_back(amount<&Child::scholarships>(
                          "Stipendien",
                          "Erhaltene Stipendien und Beiträge gemäss Verfügung; sie werden von den "
                          "Ausbildungskosten abgezogen.")
-                         .when(showsEducation));
+                         .usableWhen(hasEducation));
     ListCard card = listCard<Child>(
         within<&TaxCase::children>(wholeCase()),
         {.title = "Kosten der Kinder",
@@ -210,10 +199,11 @@ ListCard medicalCostsCard(const PageContext& context) {
         date<&MedicalCost::date>("Datum", "Datum der Rechnung oder der Behandlung."),
         text<&MedicalCost::provider>("Rechnung von",
                                      "Arzt, Zahnarzt, Apotheke oder Spital, gemäss Rechnung."),
-        amount<&MedicalCost::gross>("Rechnung", "Betrag der Rechnung."),
+        amount<&MedicalCost::gross>("Rechnung", "Betrag der Rechnung.").summed(),
         amount<&MedicalCost::reimbursed>(
             "Zurückerstattet", "Was Krankenkasse oder Unfallversicherung daran bezahlt hat, gemäss "
-                               "deren Abrechnung.")};
+                               "deren Abrechnung.")
+            .summed()};
     if (!isLiechtenstein(context)) {
         fields.push_back(check<&MedicalCost::isDisabilityRelated>(
             "Behinderung",
@@ -231,7 +221,6 @@ ListCard medicalCostsCard(const PageContext& context) {
                                   return RowSummary{named(bill.provider, "Rechnung"),
                                                     dayText(bill.date), rowMoney(bill.selfPaid())};
                               });
-    card.total = medicalTotal;
     card.figures = isLiechtenstein(context) ? linesOf({{"615", "Abziehbar"}}) : medicalFigures;
     return card;
 }
@@ -268,7 +257,8 @@ ListCard donationsCard(const PageContext& context) {
         {.title = "Spenden", .help = donationHelp(context), .itemName = "Spende", .isTable = true},
         {date<&Donation::date>("Datum", "Tag der Zahlung gemäss Spendenbestätigung."),
          text<&Donation::recipient>("Empfänger", "Name der Organisation oder Partei."),
-         amount<&Donation::amount>("Betrag", "Betrag gemäss Spendenbestätigung oder Bankbeleg."),
+         amount<&Donation::amount>("Betrag", "Betrag gemäss Spendenbestätigung oder Bankbeleg.")
+             .summed(),
          check<&Donation::isPoliticalParty>(
              "Partei", liechtenstein ? "Ankreuzen bei Spenden an politische Parteien; sie sind "
                                        "nicht abziehbar."
@@ -278,10 +268,6 @@ ListCard donationsCard(const PageContext& context) {
             return RowSummary{named(gift.recipient, "Spende"), dayText(gift.date),
                               rowMoney(gift.amount)};
         });
-    card.total = [](const TaxCase& taxCase) {
-        return "Total "
-               + plainMoney(totalOf(taxCase.householdDeductions.donations, &Donation::amount));
-    };
     card.figures = donationFigures(liechtenstein);
     return card;
 }

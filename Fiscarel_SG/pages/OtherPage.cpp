@@ -72,9 +72,9 @@ FieldsCard maintenanceCard(const PageContext& context) {
                                            "Bezahlte Leibrenten und dauernde Lasten gemäss "
                                            "Vertrag. Einzutragen ist der abziehbare Teil."))}),
         isLiechtenstein(context) ? linesOf({{"628", "Abziehbar"}})
-                                 : linesOf({{"unterhaltPartner", {}},
-                                            {"unterhaltBezahltKinder", {}},
-                                            {"rentenleistungen", {}}}));
+                                 : linesOf({{"unterhaltPartner", "Abzug Unterhalt Partner"},
+                                            {"unterhaltBezahltKinder", "Abzug Unterhalt Kinder"},
+                                            {"rentenleistungen", "Abzug Renten"}}));
 }
 
 /// Only tells where debt interest is entered and what counts of it.

@@ -166,14 +166,14 @@ Figures workFigure(int number, std::string name, Decimal WorkExpenseBreakdown::*
                    WorkNote note) {
     return [=, name = std::move(name), note = std::move(note)](const TaxCase& taxCase,
                                                                const TaxResult& result) {
-        std::vector<Figure> figures;
+        Figure figure{name, noFigure, {}, note != nullptr};
         if (const auto work = workResultOf(result, number)) {
-            std::string told = note ? note(taxCase, result, *work) : std::string();
-            if (!told.empty() || !work->isZero(part)) {
-                figures.push_back({name, work->text(part), std::move(told)});
+            figure.note = note ? note(taxCase, result, *work) : std::string();
+            if (!figure.note.empty() || !work->isZero(part)) {
+                figure.text = work->text(part);
             }
         }
-        return figures;
+        return std::vector{figure};
     };
 }
 
@@ -183,9 +183,11 @@ Figures linesOf(std::vector<LineFigure> lines) {
         for (const LineFigure& wanted : lines) {
             if (const TaxLine* line = result.line(wanted.code)) {
                 const std::string note = line->note.value_or("");
-                figures.push_back({named(wanted.label, line->label),
-                                   sideBySide(line->canton, line->federal),
-                                   isPersonName(taxCase, note) ? std::string() : note});
+                figures.push_back(
+                    {named(wanted.label, line->label), sideBySide(line->canton, line->federal),
+                     isPersonName(taxCase, note) ? std::string() : note, wanted.keepsNoteRoom});
+            } else if (!wanted.label.empty()) {
+                figures.push_back({wanted.label, noFigure, {}, wanted.keepsNoteRoom});
             }
         }
         return figures;
@@ -196,6 +198,7 @@ void addDeducted(std::vector<Figure>& figures, const TaxResult& result, const Li
                  const Decimal& entered) {
     const TaxLine* const line = result.line(wanted.code);
     if (line == nullptr && entered.isZero()) {
+        figures.push_back({wanted.label, noFigure, {}});
         return;
     }
     const Decimal canton = line != nullptr ? line->canton : Decimal(0);

@@ -106,20 +106,22 @@ std::optional<WorkResult> workResultOf(const taxcore::TaxResult& result, int num
 /// What to tell of a part of a person's work expenses, in view of the entries; may be empty.
 using WorkNote = std::function<std::string(const taxcore::TaxCase&, const taxcore::TaxResult&,
                                            const WorkResult&)>;
-/// A part of a person's work expenses, when it is not 0 or there is something to tell of it.
+/// A part of a person's work expenses; `noFigure` when it is 0 and there is nothing to tell of it.
 forms::Figures workFigure(int number, std::string name,
                           taxcore::Decimal taxcore::WorkExpenseBreakdown::*part,
                           WorkNote note = {});
 
-/// A line of the return under a name of its own, or under the line's when `label` is empty.
+/// A line of the return under a name of its own, with which it keeps its place while the return
+/// does not have it; without one under the line's, as long as there is one.
 struct LineFigure {
     std::string code;
     std::string label;
+    bool keepsNoteRoom = false; ///< as of the figure
 };
-/// The lines that the return has, with their notes unless these only name the person.
+/// Lines of the return, with their notes unless these only name the person.
 forms::Figures linesOf(std::vector<LineFigure> lines);
-/// What counts of an amount entered, by the line of this code; told when it is less. Nothing when
-/// neither was anything entered nor deducted.
+/// What counts of an amount entered, by the line of this code; told when it is less. `noFigure`
+/// when neither was anything entered nor deducted.
 void addDeducted(std::vector<forms::Figure>& figures, const taxcore::TaxResult& result,
                  const LineFigure& line, const taxcore::Decimal& entered);
 

@@ -37,6 +37,11 @@ FieldsCard pensionFundCard(const PageContext& context, int number) {
                                                     "Einkauf in die Pensionskasse", buyInHelp)})));
 }
 
+/// Whether the year knows buy-ins into pillar 3a; what is entered always stands there.
+bool mayBuyIn(const TaxCase& taxCase, const PersonDeductions& deductions) {
+    return taxCase.year >= review::firstYearOfPillar3aBuyIn || !deductions.pillar3aBuyIn.isZero();
+}
+
 /// The maximum of pillar 3a and what may still be paid in, by the earnings entered.
 void addPillar3aMaximum(std::vector<Figure>& figures, const RuleBook& rules,
                         const AdultEntries& adult) {
@@ -65,8 +70,10 @@ Figures pillar3aFigures(const RuleBook* rules, int number) {
         const std::string person = std::to_string(number);
         addDeducted(figures, result, {"saeule3a" + person, "Abzug Säule 3a"},
                     adult.deductions.pillar3a);
-        addDeducted(figures, result, {"einkauf3a" + person, "Abzug Einkauf Säule 3a"},
-                    adult.deductions.pillar3aBuyIn);
+        if (mayBuyIn(taxCase, adult.deductions)) {
+            addDeducted(figures, result, {"einkauf3a" + person, "Abzug Einkauf Säule 3a"},
+                        adult.deductions.pillar3aBuyIn);
+        }
         return figures;
     };
 }
@@ -91,10 +98,7 @@ FieldsCard pillar3aCard(const PageContext& context, int number) {
             "Stiftung. Der ordentliche Beitrag des Jahres muss voll einbezahlt sein."
                 + buyInLimit));
     if (!isLiechtenstein(context)) {
-        buyIn.shown = [](const TaxCase& taxCase, const PersonDeductions& deductions) {
-            return taxCase.year >= review::firstYearOfPillar3aBuyIn
-                   || !deductions.pillar3aBuyIn.isZero();
-        };
+        buyIn.shown = mayBuyIn;
     }
     return fieldsCard(
         "Säule 3a", {},
@@ -150,9 +154,11 @@ Figures premiumFigures(bool liechtenstein) {
             side("Höchstbetrag", [](const InsuranceBreakdown& b) { return b.maximum; });
             side("Abziehbar", [](const InsuranceBreakdown& b) { return b.deduction(); });
         }
-        if (const TaxLine* total = liechtenstein ? result.line("590") : nullptr) {
-            figures.push_back({"Versicherungsbeiträge total", plainMoney(total->canton),
-                               total->note.value_or("")});
+        if (liechtenstein) {
+            const TaxLine* const total = result.line("590");
+            figures.push_back({"Versicherungsbeiträge total",
+                               total != nullptr ? plainMoney(total->canton) : noFigure,
+                               total != nullptr ? total->note.value_or("") : std::string(), true});
         }
         return figures;
     };
@@ -194,11 +200,10 @@ FieldsCard premiumsCard(const PageContext& context) {
 }
 
 std::vector<Figure> capitalTaxFigures(const TaxCase&, const TaxResult& result) {
-    if (!result.capitalPaymentTax) {
-        return {};
-    }
-    const CapitalPaymentTax& tax = *result.capitalPaymentTax;
-    const auto exact = [](const Decimal& francs) { return MoneyFormat::chf(francs, 2, false); };
+    const CapitalPaymentTax tax = result.capitalPaymentTax.value_or(CapitalPaymentTax{});
+    const auto exact = [&](const Decimal& francs) {
+        return result.capitalPaymentTax ? MoneyFormat::chf(francs, 2, false) : noFigure;
+    };
     return {{"Steuer Kanton, Gemeinde und Kirche", exact(tax.canton), {}},
             {"Direkte Bundessteuer", exact(tax.federal), {}},
             {"Steuer auf Kapitalleistungen", exact(tax.canton + tax.federal),

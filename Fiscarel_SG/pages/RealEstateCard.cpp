@@ -20,7 +20,7 @@ bool isHome(const TaxCase& taxCase, const RealEstate& property) {
 }
 
 /// Rent counts whatever the use, so that an entry never hides.
-bool showsRent(const TaxCase&, const RealEstate& property) {
+bool hasRent(const TaxCase&, const RealEstate& property) {
     return property.use != PropertyUse::selbstbewohnt || !property.rentalIncome.isZero();
 }
 
@@ -90,7 +90,7 @@ Field<RealEstate> rentalValueField(const PageContext& context) {
         field.note = [params = context.stGallen->cantonalExtra.liegenschaften](
                          const RealEstate& property) { return rentalValueNote(property, params); };
     }
-    return std::move(field).when(isOwnUse);
+    return std::move(field).usableWhen(isOwnUse);
 }
 
 void addUseFields(std::vector<Field<RealEstate>>& fields, const PageContext& context) {
@@ -100,22 +100,22 @@ void addUseFields(std::vector<Field<RealEstate>>& fields, const PageContext& con
                          "Hauptwohnsitz",
                          "Ankreuzen, wenn der Haushalt dauernd hier wohnt; bei Ferienwohnungen "
                          "nicht.")
-                         .when(isOwnUse));
+                         .usableWhen(isOwnUse));
     fields.push_back(integer<&RealEstate::rooms>(
                          "Zimmer", "Zimmer",
                          "Anzahl Zimmer gemäss Schätzungsanzeige; nur nötig, wenn Zimmer dauernd "
                          "unbenutzt sind.")
-                         .when(isHome));
+                         .usableWhen(isHome));
     fields.push_back(integer<&RealEstate::unusedRooms>(
                          "davon dauernd unbenutzt", "Zimmer",
                          "Zimmer, die tatsächlich und dauernd leer stehen. Sie senken den "
                          "Eigenmietwert.")
-                         .when(isHome));
+                         .usableWhen(isHome));
     fields.push_back(amount<&RealEstate::rentalIncome>(
                          "Mieteinnahmen",
                          "Mieten des Jahres ohne Nebenkosten für Heizung und Warmwasser, gemäss "
                          "Mietverträgen.")
-                         .when(showsRent));
+                         .usableWhen(hasRent));
 }
 
 /// The case does not know when a building was built. DBG Art. 32 Abs. 4,
@@ -149,7 +149,7 @@ void addMaintenanceFields(std::vector<Field<RealEstate>>& fields, const PageCont
                          "Tatsächliche Unterhaltskosten",
                          "Unterhalt, Versicherung und Verwaltung gemäss Rechnungen. "
                          "Wertvermehrende Ausgaben zählen nicht.")
-                         .when([](const TaxCase&, const RealEstate& property) {
+                         .usableWhen([](const TaxCase&, const RealEstate& property) {
                              return !property.useFlatRateMaintenance
                                     || !property.actualMaintenanceCosts.isZero();
                          }));
@@ -196,9 +196,11 @@ ListCard realEstateCard(const PageContext& context) {
     card.total = [](const TaxCase& taxCase) {
         return "Total " + plainMoney(totalOf(taxCase.realEstate, &RealEstate::taxValue));
     };
-    card.figures = liechtenstein
-                       ? linesOf({{"700", {}}, {"705", {}}})
-                       : linesOf({{"liegenschaftsertrag", {}}, {"liegenschaftskosten", {}}});
+    card.figures =
+        liechtenstein
+            ? linesOf({{"700", "Grundeigentum im Inland"}, {"705", "Grundeigentum im Ausland"}})
+            : linesOf({{"liegenschaftsertrag", "Ertrag im Einkommen"},
+                       {"liegenschaftskosten", "Abzug Unterhalt und Verwaltung", true}});
     return card;
 }
 

@@ -3,6 +3,9 @@
 #include "TaxCore/base/MoneyFormat.h"
 #include "TaxCore/base/Text.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace fiscarel::pages {
 
 namespace {
@@ -31,6 +34,25 @@ std::string taxValueHelp(bool liechtenstein) {
                            "oder Steuerauszug der Bank.";
 }
 
+/// The persons by their names.
+Field<SecurityEntry> ownerField() {
+    auto field =
+        choice<&SecurityEntry::owner>("Eigentum", "Wem das Konto oder die Wertschrift gehört.");
+    field.optionsFor = [general = field.options](const TaxCase& taxCase) {
+        std::vector<Option> options = general;
+        for (Option& option : options) {
+            for (const auto& [owner, number] :
+                 {std::pair(Owner::person1, 1), std::pair(Owner::person2, 2)}) {
+                if (option.raw == rawValue(owner)) {
+                    option.label = personName(taxCase, number);
+                }
+            }
+        }
+        return options;
+    };
+    return field;
+}
+
 /// What every return asks for comes first, what is rarely needed last.
 std::vector<Field<SecurityEntry>> securityFields(const PageContext& context) {
     const bool withYields = !isLiechtenstein(context); // only the return of St.Gallen asks for them
@@ -39,19 +61,22 @@ std::vector<Field<SecurityEntry>> securityFields(const PageContext& context) {
                                           "Bank, Post oder wer das Geld schuldet."),
         choice<&SecurityEntry::kind>(
             "Art", "Konto, Wertschrift oder das Total eines Steuerauszugs der Bank."),
-        amount<&SecurityEntry::taxValue>("Steuerwert", taxValueHelp(isLiechtenstein(context)))};
+        amount<&SecurityEntry::taxValue>("Steuerwert", taxValueHelp(isLiechtenstein(context)))
+            .summed()};
     if (withYields) {
         fields.push_back(amount<&SecurityEntry::incomeWithWithholding>("Ertrag mit VSt",
-                                                                       withholdingHelp(context)));
+                                                                       withholdingHelp(context))
+                             .summed());
         fields.push_back(amount<&SecurityEntry::incomeWithoutWithholding>(
-            "Ertrag ohne VSt",
-            "Bruttoerträge ohne Abzug der Verrechnungssteuer, etwa kleine Zinsen und ausländische "
-            "Erträge. Sie stehen auf dem Zinsausweis oder Steuerauszug."));
+                             "Ertrag ohne VSt",
+                             "Bruttoerträge ohne Abzug der Verrechnungssteuer, etwa kleine Zinsen "
+                             "und ausländische "
+                             "Erträge. Sie stehen auf dem Zinsausweis oder Steuerauszug.")
+                             .summed());
     }
     fields.push_back(
         text<&SecurityEntry::description>("Bezeichnung", "Name des Kontos oder der Wertschrift."));
-    fields.push_back(
-        choice<&SecurityEntry::owner>("Eigentum", "Wem das Konto oder die Wertschrift gehört."));
+    fields.push_back(ownerField());
     if (withYields) {
         fields.push_back(check<&SecurityEntry::isSavingsAccount>(
             "Sparkonto", "Zinsen von Spar- und Privatkonten zählen zum Abzug der "
@@ -72,28 +97,19 @@ std::vector<Field<SecurityEntry>> securityFields(const PageContext& context) {
     return fields;
 }
 
-std::string securitiesTotal(bool liechtenstein, const TaxCase& taxCase) {
-    const auto& entries = taxCase.securities;
-    const std::string value =
-        "Steuerwert " + plainMoney(totalOf(entries, &SecurityEntry::taxValue));
-    return liechtenstein
-               ? value
-               : value + " · Ertrag mit VSt "
-                     + plainMoney(totalOf(entries, &SecurityEntry::incomeWithWithholding))
-                     + " · ohne VSt "
-                     + plainMoney(totalOf(entries, &SecurityEntry::incomeWithoutWithholding));
-}
-
 std::vector<Figure> securitiesFigures(const TaxCase& taxCase, const TaxResult& result) {
-    std::vector<Figure> figures = linesOf({{"wertschriften", "Steuerwert im Vermögen"},
-                                           {"wertschriftenertrag", "Ertrag im Einkommen"},
-                                           {"beteiligungsertrag", {}},
-                                           {"teilbesteuerung", {}}})(taxCase, result);
-    if (!result.withholdingTaxRefund.isZero()) {
-        figures.push_back({"Verrechnungssteuer zurück",
-                           MoneyFormat::chf(result.withholdingTaxRefund, 2, false),
-                           {}});
+    std::vector<LineFigure> lines{{"wertschriften", "Steuerwert im Vermögen"},
+                                  {"wertschriftenertrag", "Ertrag im Einkommen"}};
+    if (std::ranges::find(taxCase.securities, AssetCode::privateParticipation, &SecurityEntry::code)
+        != taxCase.securities.end()) {
+        lines.push_back({"beteiligungsertrag", "Ertrag aus Beteiligungen ab 10%"});
+        lines.push_back({"teilbesteuerung", "Abzug Teilbesteuerung"});
     }
+    std::vector<Figure> figures = linesOf(std::move(lines))(taxCase, result);
+    const Decimal& refund = result.withholdingTaxRefund;
+    figures.push_back({"Verrechnungssteuer zurück",
+                       refund.isZero() ? noFigure : MoneyFormat::chf(refund, 2, false),
+                       {}});
     return figures;
 }
 
@@ -120,10 +136,9 @@ ListCard securitiesCard(const PageContext& context) {
          .isTable = true,
          .offersLastYear = true},
         securityFields(context), securitySummary);
-    card.total = [liechtenstein](const TaxCase& taxCase) {
-        return securitiesTotal(liechtenstein, taxCase);
-    };
-    card.figures = liechtenstein ? linesOf({{"730", {}}, {"735", {}}, {"745", {}}})
+    card.figures = liechtenstein ? linesOf({{"730", "Guthaben und Bargeld"},
+                                            {"735", "Wertschriften und Edelmetalle"},
+                                            {"745", "Darlehen"}})
                                  : Figures(securitiesFigures);
     return card;
 }

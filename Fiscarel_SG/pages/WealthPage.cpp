@@ -92,16 +92,18 @@ Figures vehicleFigures(const PageContext& context) {
         std::vector<Figure> figures;
         for (const Vehicle& vehicle : taxCase.vehicles) {
             const auto worth = worthOf(vehicle, context);
-            if (worth && !worth->isZero()) {
-                figures.push_back({named(vehicle.description, "Fahrzeug"), plainMoney(*worth),
-                                   vehicle.taxValueOverride ? "wie eingetragen" : std::string()});
-            }
+            const bool isWorth = worth && !worth->isZero();
+            figures.push_back(
+                {named(vehicle.description, "Fahrzeug"), isWorth ? plainMoney(*worth) : noFigure,
+                 isWorth && vehicle.taxValueOverride ? "wie eingetragen" : std::string()});
         }
         // One vehicle says it all.
         const std::string code = isLiechtenstein(context) ? "770" : "fahrzeuge";
-        const TaxLine* const line = figures.size() < 2 ? nullptr : result.line(code);
-        if (line != nullptr) {
-            figures.push_back({"Fahrzeuge im Vermögen", plainMoney(line->canton), {}});
+        const TaxLine* const line = result.line(code);
+        if (figures.size() > 1) {
+            figures.push_back({"Fahrzeuge im Vermögen",
+                               line != nullptr ? plainMoney(line->canton) : noFigure,
+                               {}});
         }
         return figures;
     };
@@ -151,7 +153,7 @@ FieldsCard householdGoodsCard(const PageContext& context) {
                                                   rules.hausratFahrzeugFreibetragUebrige)
                                               + " für die übrigen frei.";
                                    }))}),
-        linesOf({{"771", {}}, {"772", "Freibetrag"}}));
+        linesOf({{"771", "Hausrat und Fahrzeuge"}, {"772", "Freibetrag"}}));
 }
 
 FieldsCard realEstateChoiceCard() {
@@ -242,13 +244,16 @@ FieldsCard sumCard(const PageContext& context) {
             .help = {},
             .fields = {},
             .figures = isLiechtenstein(context)
-                           ? linesOf({{"800", {}}, {"820", {}}, {"880", {}}, {"885", {}}})
-                           : linesOf({{"totalVermoegen", {}},
-                                      {"privatschulden", {}},
+                           ? linesOf({{"800", "Total der Vermögenswerte"},
+                                      {"820", "Schulden"},
+                                      {"880", "Gesamtvermögen"},
+                                      {"885", "Sollertrag"}})
+                           : linesOf({{"totalVermoegen", "Total der Vermögenswerte"},
+                                      {"privatschulden", "Privatschulden"},
                                       {"geschaeftsschulden", {}},
                                       {"vermoegensabzug", {}},
                                       {"vermoegensabzugKinder", {}},
-                                      {"steuerbaresVermoegen", {}}}),
+                                      {"steuerbaresVermoegen", "Steuerbares Vermögen"}}),
             .shown = {}};
 }
 

@@ -30,7 +30,7 @@ forms::Field<LICommute> placeField(const LIRules* rules, forms::Field<LICommute>
             field.options.push_back({place, place, {}});
         }
     }
-    return std::move(field).when(isAtHome);
+    return std::move(field).usableWhen(isAtHome);
 }
 
 std::string kilometresHelp(const LIRules* rules) {
@@ -52,7 +52,7 @@ std::vector<forms::Field<LICommute>> commuteFields(const LIRules* rules) {
         placeField(rules, text<&LICommute::to>("Nach (Arbeitsort)",
                                                "Der Ort der Tabelle, an dem Sie arbeiten.")),
         decimal<&LICommute::kmPerDay>("Kilometer pro Tag", "km", kilometresHelp(rules))
-            .when(isAbroad),
+            .usableWhen(isAbroad),
         integer<&LICommute::workDays>(
             "Arbeitstage", "Tage",
             "Tage mit Fahrt zur Arbeit, ohne Home-Office und Ferien."
@@ -130,11 +130,11 @@ FieldsCard totalCard(const LIRules* rules, int number) {
                 [number](const TaxCase&, const TaxResult& result) {
                     std::vector<Figure> told;
                     if (const auto work = workResultOf(result, number)) {
-                        if (!work->isZero(&WorkExpenseBreakdown::other)) {
-                            told.push_back({"Ergänzung bis zur Pauschale",
-                                            work->text(&WorkExpenseBreakdown::other),
-                                            {}});
-                        }
+                        told.push_back({"Ergänzung bis zur Pauschale",
+                                        work->isZero(&WorkExpenseBreakdown::other)
+                                            ? noFigure
+                                            : work->text(&WorkExpenseBreakdown::other),
+                                        {}});
                         told.push_back({"Abzug total", work->total(), {}});
                     }
                     return told;

@@ -112,7 +112,7 @@ std::vector<forms::Field<WorkExpenses>> commuteFields(const RuleBook* rules) {
                                                      + ofBoth(book, &BerufskostenParams::veloMax)
                                                      + ".";
                                           }))
-            .when(rides),
+            .usableWhen(rides),
         decimal<&Work::carKmOneWay>(
             "Auto / Motorrad: einfacher Weg", "km",
             "Kilometer von zu Hause zum Arbeitsort, eine Strecke."
@@ -127,16 +127,16 @@ std::vector<forms::Field<WorkExpenses>> commuteFields(const RuleBook* rules) {
         decimal<&Work::carTripsPerDay>("Fahrten pro Tag", "Fahrten",
                                        "Hin und zurück sind zwei Fahrten; vier nur, wenn Sie über "
                                        "Mittag nach Hause fahren.")
-            .when(drives),
+            .usableWhen(drives),
         integer<&Work::carWorkDays>("Arbeitstage mit Fahrt", "Tage",
                                     "Nur Tage, an denen Sie zur Arbeit gefahren sind, ohne "
                                     "Home-Office und Ferien."
                                         + mostDays(rules))
-            .when(drives),
+            .usableWhen(drives),
         check<&Work::carIsMotorbike>("Motorrad statt Auto",
                                      "Für das Motorrad gilt ein tieferer Ansatz pro Kilometer.")
-            .when(drives),
-        justification().when(drives),
+            .usableWhen(drives),
+        justification().usableWhen(drives),
     };
 }
 
@@ -264,7 +264,7 @@ FieldsCard mealsCard(const RuleBook* rules, int number) {
                                           "Nur Tage im Betrieb – an Home-Office-Tagen entstehen "
                                           "keine Mehrkosten."
                                               + mostDays(rules))
-             .when(eats)},
+             .usableWhen(eats)},
         figureOf(number, "Abzug Verpflegung", &WorkExpenseBreakdown::meals,
                  [rules](const Entries& it, const WorkResult&) { return mealsNote(rules, it); }));
 }
@@ -311,7 +311,7 @@ FieldsCard otherCard(const RuleBook* rules, int number) {
          amount<&WorkExpenses::actualOtherCosts>(
              "Übrige Berufskosten", "Die Summe der Belege im ganzen Jahr; sie zählt nur mit dem "
                                     "Häkchen darüber.")
-             .when(isActual)},
+             .usableWhen(isActual)},
         figureOf(number, "Abzug übrige Berufskosten", &WorkExpenseBreakdown::other, otherNote));
 }
 
@@ -396,7 +396,7 @@ FieldsCard sideJobCard(const RuleBook* rules, int number) {
          amount<&WorkExpenses::sideJobActualCosts>(
              "Kosten Nebenerwerb", "Die Summe der Belege im ganzen Jahr; sie zählt nur mit dem "
                                    "Häkchen darüber.")
-             .when(isActual)},
+             .usableWhen(isActual)},
         workFigure(number, "Abzug Nebenerwerb", &WorkExpenseBreakdown::sideJob));
     card.shown = [number](const TaxCase& taxCase) {
         const Entries it(taxCase, number);

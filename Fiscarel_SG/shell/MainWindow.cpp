@@ -6,6 +6,7 @@
 #include "Fiscarel_SG/look/Icons.h"
 #include "Fiscarel_SG/look/KeyboardOrder.h"
 #include "Fiscarel_SG/look/Toast.h"
+#include "Fiscarel_SG/pages/documents/DocumentOpener.h"
 #include "Fiscarel_SG/shell/PageStack.h"
 #include "Fiscarel_SG/shell/ReasonDialog.h"
 #include "Fiscarel_SG/shell/SearchDialog.h"
@@ -65,14 +66,16 @@ const std::vector<PageEntry>& MainWindow::pages() {
     return entries;
 }
 
-MainWindow::MainWindow(AppStore& store, Settings& settings, QWidget* parent)
+MainWindow::MainWindow(AppStore& store, Settings& settings, pages::DocumentDesk& desk,
+                       QWidget* parent)
     : QMainWindow(parent), store_(store), settings_(settings),
       appearance_(appearanceOf(settings)), // fonts and colours before the first widget
-      sidebar_(new Sidebar(store, pages(), this)), stack_(new PageStack(store, appearance_, this)),
-      banner_(new QLabel(this)), bannerClose_(new QPushButton(u"Verstanden"_s, this)),
-      taxBar_(new TaxBar(store, this)), strip_(new TaxStrip(*taxBar_, this)),
-      search_(new SearchDialog(this)), reason_(new ReasonDialog(store, this)),
-      toast_(new look::Toast(stack_)) {
+      sidebar_(new Sidebar(store, pages(), this)),
+      stack_(new PageStack(store, desk, appearance_, this)), banner_(new QLabel(this)),
+      bannerClose_(new QPushButton(u"Verstanden"_s, this)), taxBar_(new TaxBar(store, this)),
+      strip_(new TaxStrip(*taxBar_, this)), search_(new SearchDialog(this)),
+      reason_(new ReasonDialog(store, this)), toast_(new look::Toast(stack_)),
+      opener_(new pages::DocumentOpener(store, desk, this)) {
     setWindowTitle(store.isDemo() ? u"Fiscarel SG – Demohaushalt"_s : u"Fiscarel SG"_s);
     setWindowIcon(look::programIcon());
     setMinimumSize(1000, 640);
@@ -134,8 +137,22 @@ void MainWindow::connectStore() {
     connect(stack_, &PageStack::fieldWanted, this, &MainWindow::showField);
     connect(stack_, &PageStack::pageWanted, this, &MainWindow::showPage);
     connect(stack_, &PageStack::reasonWanted, this, &MainWindow::showReason);
+    connect(stack_, &PageStack::documentWanted, this,
+            [this](const QString& id, const QString& path) {
+                if (const auto document = taxcore::Uuid::parse(utf8(id))) {
+                    opener_->open(*document, utf8(path));
+                }
+            });
+    connect(opener_, &pages::DocumentOpener::told, toast_, &look::Toast::say);
+    connect(opener_, &pages::DocumentOpener::fieldWanted, this, &MainWindow::showField);
+    connect(opener_, &pages::DocumentOpener::pageWanted, this, &MainWindow::showPage);
     connect(stack_, &PageStack::appearanceWanted, this, &MainWindow::setAppearance);
     connect(stack_, &PageStack::resetWanted, this, &MainWindow::resetYear);
+    connect(stack_, &PageStack::undoOffered, this, [this](const QString& sentence) {
+        toast_->offer(sentence, u"Rückgängig"_s, [this] { undo(); });
+    });
+    // It is for the last step: with another one it would undo that.
+    connect(&store_, &AppStore::historyChanged, toast_, &look::Toast::withdraw);
     connect(strip_, &TaxStrip::toggled, this, &MainWindow::placeTaxBar);
     connect(taxBar_, &TaxBar::reasonWanted, this, &MainWindow::showReason);
     connect(reason_, &ReasonDialog::fieldWanted, this, &MainWindow::showField);
@@ -197,6 +214,7 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
 /// Rows come and go while one types; the keyboard goes through them as they stand now.
 bool MainWindow::focusNextPrevChild(bool next) {
     look::orderByLayout(*centralWidget()->layout());
+    toast_->joinKeyboardOrder();
     return QMainWindow::focusNextPrevChild(next);
 }
 
@@ -215,6 +233,7 @@ void MainWindow::pageShown(const QString& id) {
     sidebar_->setPage(id);
     strip_->setChecked(false);
     taxBar_->beginPage();
+    opener_->forget(); // the user went elsewhere
     store_.endMerging();
     if (!store_.isDemo()) {
         settings_.setText("lastPage", utf8(id));
@@ -365,14 +384,18 @@ void MainWindow::restoreWindow() {
     }
 }
 
-/// What cannot be read is nowhere but in its field: who leaves now loses it.
+/// What cannot be read is nowhere but in its field: who leaves now loses it. Whether to leave.
 bool MainWindow::leavesUnread() {
-    QMessageBox box(QMessageBox::Warning, u"Nicht lesbare Eingaben"_s,
-                    store_.unreadCount() == 1
-                        ? u"Eine Eingabe ist nicht lesbar und wird nicht gespeichert."_s
-                        : u"%1 Eingaben sind nicht lesbar und werden nicht gespeichert."_s.arg(
-                            store_.unreadCount()),
-                    QMessageBox::NoButton, this);
+    const auto places = store_.unreadPlaces();
+    if (store_.isDemo() || places.empty()) {
+        return true;
+    }
+    QMessageBox box(
+        QMessageBox::Warning, u"Nicht lesbare Eingaben"_s,
+        places.size() == 1
+            ? u"Eine Eingabe ist nicht lesbar und wird nicht gespeichert."_s
+            : u"%1 Eingaben sind nicht lesbar und werden nicht gespeichert."_s.arg(places.size()),
+        QMessageBox::NoButton, this);
     box.setObjectName(u"leavesUnread"_s);
     box.setInformativeText(u"Die bisherigen Werte bleiben gespeichert."_s);
     QPushButton* const leave = box.addButton(u"Trotzdem beenden"_s, QMessageBox::DestructiveRole);
@@ -381,7 +404,10 @@ bool MainWindow::leavesUnread() {
     if (box.clickedButton() == leave) {
         return true;
     }
-    showField(qs(store_.notices().front().path.value_or("")));
+    const auto here = std::ranges::find(places, store_.year(), &UnreadTexts::Place::first);
+    const auto& [year, path] = here != places.end() ? *here : places.front();
+    store_.setYear(year);
+    showField(qs(path));
     return false;
 }
 
@@ -394,7 +420,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
         settings_.setText("windowMaximized", isMaximized() ? "1" : "0");
     }
     const bool isSaved = store_.isDemo() || store_.flush();
-    if (!store_.isDemo() && store_.unreadCount() > 0 && !leavesUnread()) {
+    if (!leavesUnread()) {
         event->ignore();
         return;
     }

@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/FormPage.h"
+#include "Fiscarel_SG/forms/PagePaths.h"
 #include "Fiscarel_SG/forms/QtText.h"
 #include "Fiscarel_SG/look/PageFrame.h"
 #include "Fiscarel_SG/pages/AccountPage.h"
@@ -27,8 +28,9 @@ bool isLiechtenstein(const AppStore& store) {
 
 } // namespace
 
-PageStack::PageStack(AppStore& store, look::Appearance appearance, QWidget* parent)
-    : QStackedWidget(parent), store_(store), appearance_(appearance) {
+PageStack::PageStack(AppStore& store, pages::DocumentDesk& desk, look::Appearance appearance,
+                     QWidget* parent)
+    : QStackedWidget(parent), store_(store), desk_(desk), appearance_(appearance) {
     rebuild();
 }
 
@@ -41,7 +43,7 @@ look::PageWidget* PageStack::makePage(const QString& id) {
         return new pages::ReviewPage(store_, this);
     }
     if (id == u"documents"_s) {
-        return new pages::DocumentsPage(store_, this);
+        return new pages::DocumentsPage(store_, desk_, this);
     }
     if (id == u"transfer"_s) {
         return new pages::TransferPage(store_, this);
@@ -66,6 +68,8 @@ look::PageWidget& PageStack::pageWidget(const QString& id) {
         connect(widget, &look::PageWidget::fieldWanted, this, &PageStack::fieldWanted);
         connect(widget, &look::PageWidget::pageWanted, this, &PageStack::pageWanted);
         connect(widget, &look::PageWidget::reasonWanted, this, &PageStack::reasonWanted);
+        connect(widget, &look::PageWidget::documentWanted, this, &PageStack::documentWanted);
+        connect(widget, &look::PageWidget::undoOffered, this, &PageStack::undoOffered);
         addWidget(widget);
         if (const auto opened = opened_.extract(id)) {
             widget->open(opened.mapped());
@@ -98,6 +102,7 @@ void PageStack::rebuild() {
     const int position = frame() != nullptr ? frame()->position() : 0;
     for (auto& [id, widget] : widgets_) {
         opened_[id] = widget->opened();
+        widget->hide(); // what is being typed is settled before another page shows it
         removeWidget(widget);
         widget->deleteLater();
     }
@@ -112,6 +117,13 @@ void PageStack::rebuild() {
 }
 
 bool PageStack::entriesChanged() {
+    const bool isRebuilt = follow();
+    store_.showUnread(
+        [this](const std::string& path) { return forms::isShown(forms_, path, store_.current()); });
+    return isRebuilt;
+}
+
+bool PageStack::follow() {
     if (store_.year() != shownYear_ || isLiechtenstein(store_) != shownLiechtenstein_) {
         rebuild();
         return true;

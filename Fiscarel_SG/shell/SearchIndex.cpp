@@ -13,24 +13,13 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// Lower case without accents: "Säule" and "saule" meet; "ae" counts as "ä".
-std::string folded(std::string_view text) {
-    QString plain;
-    for (const QChar c : qs(text).toLower().normalized(QString::NormalizationForm_D)) {
-        if (c.category() != QChar::Mark_NonSpacing) {
-            plain += c;
-        }
-    }
-    plain.replace(u"ae"_s, u"a"_s).replace(u"oe"_s, u"o"_s).replace(u"ue"_s, u"u"_s);
-    return utf8(plain);
-}
-
 void addFields(std::vector<SearchEntry>& entries, const std::vector<forms::BoundField>& fields,
                const std::string& where, const taxcore::TaxCase& taxCase) {
     for (const forms::BoundField& field : fields) {
-        if (field.shown(taxCase)) {
+        if (field.shown(taxCase) && field.usable(taxCase)) {
             std::string words = field.label + " " + where + " " + field.help;
-            for (const forms::Option& option : field.options) {
+            for (const forms::Option& option :
+                 field.optionsFor ? field.optionsFor(taxCase) : field.options) {
                 words += " " + option.label;
             }
             entries.push_back(

@@ -48,6 +48,18 @@ std::vector<std::string> appliedPaths(const TaxCase& taxCase, const StoredDocume
     return paths;
 }
 
+const AppliedValue* appliedAt(const TaxCase& taxCase, const StoredDocument& document,
+                              const std::string& path) {
+    if (document.year == taxCase.year && document.applied) {
+        for (const AppliedValue& value : *document.applied) {
+            if (countedPath(taxCase, value.path) == path) {
+                return &value;
+            }
+        }
+    }
+    return nullptr;
+}
+
 bool clearDocumentLinks(TaxCase& taxCase, const Uuid& document) {
     return clearIn(taxCase, document);
 }

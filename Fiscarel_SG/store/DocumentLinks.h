@@ -13,6 +13,10 @@ namespace fiscarel {
 std::vector<std::string> appliedPaths(const taxcore::TaxCase& taxCase,
                                       const StoredDocument& document);
 
+/// What of a document stands in the field at a path, items by position; null when nothing does.
+const AppliedValue* appliedAt(const taxcore::TaxCase& taxCase, const StoredDocument& document,
+                              const std::string& path);
+
 /// Takes every link to a document out of a case; whether there was one.
 bool clearDocumentLinks(taxcore::TaxCase& taxCase, const taxcore::Uuid& document);
 

@@ -50,7 +50,8 @@ TaxCase household(TaxRegion region) {
     return taxCase;
 }
 
-/// Whether the field of this path, its card and its section are shown; absent when no page has it.
+/// Whether the field of this path, its card and its section are shown, to be edited; absent when no
+/// page has it.
 std::optional<bool> isShown(const std::vector<Page>& pages, const TaxCase& taxCase,
                             std::string_view path) {
     std::optional<bool> found;
@@ -58,7 +59,7 @@ std::optional<bool> isShown(const std::vector<Page>& pages, const TaxCase& taxCa
         for (const BoundField& field : fieldsOf(card, taxCase)) {
             if (field.path == path) {
                 found = holds(section.shown, taxCase) && holds(shownOf(card), taxCase)
-                        && holds(field.shown, taxCase);
+                        && holds(field.shown, taxCase) && holds(field.usable, taxCase);
             }
         }
     });

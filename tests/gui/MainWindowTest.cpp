@@ -310,7 +310,7 @@ TEST_F(MainWindowTest, whatCannotBeReadIsCountedAndAskedAbout) {
     program.click(u"nav:wealth"_s);
     const std::size_t before = program.store->notices().size();
     program.enter(u"cash"_s, u"viel"_s);
-    EXPECT_EQ(program.store->unreadCount(), 1U);
+    EXPECT_EQ(program.store->unreadPlaces().size(), 1U);
     ASSERT_EQ(program.store->notices().size(), before + 1);
     EXPECT_EQ(program.store->notices().front().path, "cash");
     EXPECT_TRUE(program.find(u"nav:wealth"_s).accessibleName().contains(u"offene"_s));
@@ -332,7 +332,7 @@ TEST_F(MainWindowTest, whatCannotBeReadIsCountedAndAskedAbout) {
     program.press(Qt::Key_A, Qt::ControlModifier);
     program.type(u"50"_s);
     program.press(Qt::Key_Tab);
-    ASSERT_EQ(program.store->unreadCount(), 0U);
+    ASSERT_EQ(program.store->unreadPlaces().size(), 0U);
     EXPECT_EQ(program.store->notices().size(), before);
     EXPECT_TRUE(program.window->close());
 }

@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QComboBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
@@ -199,6 +200,91 @@ TEST_F(Records, anEmptyRegisterOffersThatOfLastYear) {
     ASSERT_EQ(securities.size(), 1U);
     EXPECT_EQ(securities[0].institution, "Kantonalbank");
     EXPECT_FALSE(program.isShown(u"takeover:securities"_s));
+}
+
+TEST_F(Records, whatIsRemovedIsOfferedBackByAMessage) {
+    open(withDebts({"Anna", "Beat", "Cla"}), u"wealth"_s);
+    const auto& debts = program.store->current().debts;
+    const auto remove = [&](int index) {
+        const QString at = u"debts[%1]"_s.arg(index);
+        if (!program.isShown(u"remove:"_s + at)) {
+            program.click(u"open:"_s + at);
+        }
+        program.click(u"remove:"_s + at);
+        program.settle();
+    };
+    remove(0);
+    remove(0); // at once, which is a step of its own
+    ASSERT_EQ(debts.size(), 1U);
+    EXPECT_EQ(program.find<QLabel>(u"toastText"_s).text(), u"«Schuld Beat» entfernt"_s);
+    EXPECT_EQ(focusName(), u"open:debts[0]"_s);
+    program.press(Qt::Key_Tab);
+    ASSERT_EQ(focusName(), u"toastAnswer"_s);
+    program.press(Qt::Key_Tab);
+    EXPECT_EQ(focusName(), u"add:debts"_s) << "and on from where it was";
+    program.press(Qt::Key_Backtab, Qt::ShiftModifier);
+    ASSERT_EQ(focusName(), u"toastAnswer"_s);
+    program.press(Qt::Key_Space);
+    program.settle();
+    ASSERT_EQ(debts.size(), 2U);
+    EXPECT_EQ(debts[0].creditor, "Beat");
+    EXPECT_FALSE(program.isShown(u"toastAnswer"_s)) << "undone, and told so";
+
+    remove(0);
+    ASSERT_TRUE(program.isShown(u"toastAnswer"_s));
+    program.enter(u"cash"_s, u"5"_s);
+    EXPECT_FALSE(program.isShown(u"toastAnswer"_s)) << "it would undo another step";
+    remove(0);
+    ASSERT_TRUE(program.isShown(u"toastAnswer"_s));
+    program.press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(debts.size(), 1U);
+    EXPECT_FALSE(program.isShown(u"toastAnswer"_s));
+    remove(0);
+    program.find(u"toastAnswer"_s).setFocus(Qt::TabFocusReason);
+    program.press(Qt::Key_Escape);
+    EXPECT_FALSE(program.isShown(u"toast"_s));
+    EXPECT_EQ(debts.size(), 0U);
+}
+
+TEST_F(Records, aRowTakenOutOfATableIsOfferedBackToo) {
+    TaxCase taxCase{.year = 2025};
+    for (const char* bank : {"Raiffeisen", "Post"}) {
+        taxCase.securities.emplace_back().institution = bank;
+    }
+    open(taxCase, u"wealth"_s);
+    goTo(table(u"securities"_s), 1, 0);
+    program.click(u"remove:securities"_s);
+    program.settle();
+    ASSERT_EQ(program.store->current().securities.size(), 1U);
+    EXPECT_EQ(program.find<QLabel>(u"toastText"_s).text(), u"«Eintrag Post» entfernt"_s);
+    program.click(u"toastAnswer"_s);
+    EXPECT_EQ(program.store->current().securities, taxCase.securities);
+}
+
+TEST_F(Records, aTablesChoiceNamesThePersons) {
+    TaxCase taxCase{.year = 2025, .civilStatus = CivilStatus::verheiratet};
+    taxCase.person1.firstName = "Anna";
+    taxCase.person2.firstName = "Anna"; // as her daughter-in-law may be called
+    taxCase.securities.emplace_back().owner = Owner::person2;
+    open(taxCase, u"wealth"_s);
+    QTableView& securities = table(u"securities"_s);
+    int column = 0;
+    while (securities.model()->headerData(column, Qt::Horizontal).toString() != u"Eigentum"_s) {
+        ++column;
+    }
+    const QModelIndex cell = securities.model()->index(0, column);
+    EXPECT_EQ(cell.data().toString(), u"Anna"_s);
+    goTo(securities, 0, column);
+    auto* const box = qobject_cast<QComboBox*>(QApplication::focusWidget());
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->currentIndex(), 1) << "the second of the two";
+    EXPECT_EQ(box->itemText(0), u"Anna"_s);
+    program.press(Qt::Key_Up);
+    program.press(Qt::Key_Down);
+    EXPECT_EQ(program.store->current().securities[0].owner, Owner::person2);
+    program.store->edit("Vorname", [](TaxCase& changed) { changed.person2.firstName = "Bea"; });
+    program.settle();
+    EXPECT_EQ(cell.data().toString(), u"Bea"_s);
 }
 
 TEST_F(Records, theReasonForACarIsToldInTheWordsOfTheForm) {

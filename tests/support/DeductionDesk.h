@@ -47,9 +47,10 @@ struct Desk {
         }
         return std::nullopt;
     }
+    /// Whether the field is shown, to be edited.
     bool isShown(std::string_view path) const {
         const auto found = field(path);
-        return found && found->shown(taxCase);
+        return found && found->shown(taxCase) && found->usable(taxCase);
     }
     const forms::ListCard& list(std::string_view path) const {
         const forms::ListCard* found = nullptr;

@@ -78,7 +78,20 @@ LineEditor::Reading LineEditor::readLine() const {
     return read(text);
 }
 
-bool LineEditor::isUnread() const { return isTyped_ && !problem().isEmpty() && !readLine(); }
+QString LineEditor::unreadText() const {
+    return isTyped_ && !problem().isEmpty() && !readLine() ? line_->text() : QString();
+}
+
+void LineEditor::showUnread(const QString& text) {
+    line_->setText(text);
+    if (readLine()) {
+        show();
+        return;
+    }
+    isTyped_ = true;
+    settle();
+    line_->setCursorPosition(0);
+}
 
 void LineEditor::textEdited() {
     isTyped_ = true;
@@ -88,6 +101,7 @@ void LineEditor::textEdited() {
     if (!reading) {
         if (isComplete(text) || !problem().isEmpty()) {
             tell(qs(reading.error()));
+            Q_EMIT problemChanged(); // the text did, even where the problem is the same
         }
         take(settled_);
     } else {
@@ -120,12 +134,18 @@ void LineEditor::choose(const Value& value) {
     show();
 }
 
+void LineEditor::dropUnread() {
+    if (isTyped_) {
+        const Value before = settled_;
+        choose(before);
+    }
+}
+
 bool LineEditor::restore() {
     if (!isTyped_) {
         return false;
     }
-    const Value before = settled_;
-    choose(before);
+    dropUnread();
     line_->selectAll();
     return true;
 }

@@ -16,7 +16,9 @@ class LineEditor : public EditorBase {
 
     void setValue(const Value& value) override;
     Value value() const override { return value_; }
-    bool isUnread() const override;
+    QString unreadText() const override;
+    void showUnread(const QString& text) override;
+    void dropUnread() override;
     void setHint(const Value& lastYear) override;
     void setComputed(const Value& computed) override;
 
