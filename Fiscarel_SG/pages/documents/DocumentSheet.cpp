@@ -36,7 +36,9 @@ namespace {
 
 constexpr QSize usualSize{1180, 780};
 constexpr int aroundSheet = 40;         ///< pixels the window behind is larger at least
-constexpr std::size_t panelsAtOnce = 8; ///< made in one go, so that the window stays alive
+constexpr std::size_t panelsAtOnce = 4; ///< made in one go, so that the window stays alive
+constexpr int aroundFocus = 60;         ///< pixels seen above and below
+constexpr int leastDecisions = 560;     ///< pixels
 constexpr std::size_t openValues = 24;  ///< with no more values than these all records are open
 
 StoredDocument documentOf(const AppStore& store, const Uuid& id) {
@@ -65,7 +67,6 @@ DocumentSheet::DocumentSheet(AppStore& store, const Uuid& document, ScanResult s
     outer->addLayout(sides, 1);
     outer->addLayout(makeFoot());
     showPages();
-    addPanels();
     addShortcuts();
     desk_->changed = [this] {
         isDecided_ = true;
@@ -81,6 +82,7 @@ DocumentSheet::DocumentSheet(AppStore& store, const Uuid& document, ScanResult s
     const QSize room =
         parent != nullptr ? parent->window()->size() - QSize(aroundSheet, aroundSheet) : usualSize;
     resize(usualSize.boundedTo(room));
+    QTimer::singleShot(0, this, &DocumentSheet::addPanels);
 }
 
 DocumentSheet::~DocumentSheet() = default;
@@ -93,14 +95,19 @@ void DocumentSheet::showPages() {
         return;
     }
     if (scan_.pageCount <= 0) {
-        preview_->showProblem(u"Die Seiten dieses Belegs lassen sich nicht anzeigen. %1"_s.arg(
-            qs(scan_.problem.value_or(""))));
+        preview_->showProblem(u"Die Seiten dieses Belegs lassen sich nicht anzeigen."_s);
         return;
     }
+    markValues();
+    preview_->showFile(*file, scan_.pageCount);
+}
+
+/// What is no choice now is not marked either: a total and its entries lie at the same places.
+void DocumentSheet::markValues() {
     std::vector<PreviewMark> marks;
     for (std::size_t i = 0; i < scan_.proposals.size(); ++i) {
         const Proposal& proposal = scan_.proposals[i];
-        if (proposal.page <= 0 || !proposal.box) {
+        if (proposal.page <= 0 || !proposal.box || desk_->isSetAside(proposal.recordIndex)) {
             continue;
         }
         const int index = static_cast<int>(i);
@@ -113,14 +120,15 @@ void DocumentSheet::showPages() {
                                       qs(taxcore::label(proposal.confidence))),
              .confidence = proposal.confidence});
     }
+    marksTotal_ = desk_->takesTotal();
     preview_->setMarks(marks);
-    preview_->showFile(*file, scan_.pageCount);
 }
 
 QWidget* DocumentSheet::makeDecisions() {
     scroll_ = new QScrollArea(this);
     scroll_->setFrameShape(QFrame::NoFrame);
     scroll_->setWidgetResizable(true);
+    scroll_->setMinimumWidth(leastDecisions);
     scroll_->setFocusPolicy(Qt::NoFocus);
     scroll_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     auto* const content = new QWidget;
@@ -138,10 +146,8 @@ QWidget* DocumentSheet::makeDecisions() {
         byHand_ = new ProposalByHand(*desk_, content);
         byHand_->showKind(head_->kind());
         column_->addWidget(byHand_);
-        connect(head_, &ProposalHead::kindChanged, this, [this] {
-            byHand_->showKind(head_->kind());
-            orderKeyboard();
-        });
+        connect(head_, &ProposalHead::kindChanged, this,
+                [this] { byHand_->showKind(head_->kind()); });
         // What was entered about the document itself is kept on the way there.
         connect(byHand_, &ProposalByHand::fieldWanted, this, [this](const QString& path) {
             file();
@@ -203,14 +209,15 @@ void DocumentSheet::addShortcuts() {
 
 void DocumentSheet::addPanels() {
     const std::size_t all = scan_.records.size();
-    const std::size_t until = std::min(all, panels_.size() + panelsAtOnce);
+    const std::size_t atOnce = scan_.proposals.size() <= openValues ? 1 : panelsAtOnce;
+    const std::size_t until = std::min(all, panels_.size() + atOnce);
     while (panels_.size() < until) {
         addPanel(static_cast<int>(panels_.size()));
     }
     if (panels_.size() < all) {
         QTimer::singleShot(0, this, &DocumentSheet::addPanels);
     } else {
-        orderKeyboard();
+        focusFirst();
     }
 }
 
@@ -219,7 +226,6 @@ void DocumentSheet::addPanel(int record) {
     panels_.push_back(panel);
     column_->insertWidget(column_->count() - 1, panel); // before the stretch
     connect(panel, &RecordPanel::focused, preview_, &PagePreview::emphasise);
-    connect(panel, &RecordPanel::toggled, this, &DocumentSheet::orderKeyboard);
     connect(panel, &RecordPanel::fieldWanted, this, [this](const QString& path) {
         file();
         Q_EMIT fieldWanted(path);
@@ -227,14 +233,33 @@ void DocumentSheet::addPanel(int record) {
     panel->open(scan_.proposals.size() <= openValues);
 }
 
-void DocumentSheet::orderKeyboard() {
-    if (layout() != nullptr && panels_.size() == scan_.records.size()) {
-        look::orderByLayout(*layout());
+/// As things stand; panels are made and filled at any time.
+bool DocumentSheet::focusNextPrevChild(bool next) {
+    std::vector<QWidget*> stops = look::inLayoutOrder(*layout());
+    std::erase_if(stops, [this](const QWidget* widget) {
+        return widget != focusWidget() && (!widget->isVisible() || !widget->isEnabled());
+    });
+    if (stops.empty()) {
+        return false;
     }
+    if (!next) {
+        std::ranges::reverse(stops);
+    }
+    const auto now = std::ranges::find(stops, focusWidget());
+    const bool isLast = now == stops.end() || now + 1 == stops.end();
+    QWidget* const to = isLast ? stops.front() : *(now + 1);
+    to->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    if (scroll_->isAncestorOf(to)) {
+        scroll_->ensureWidgetVisible(to, 0, aroundFocus);
+    }
+    return true;
 }
 
 void DocumentSheet::refresh() {
     head_->refresh();
+    if (marksTotal_ != desk_->takesTotal()) {
+        markValues();
+    }
     for (RecordPanel* const panel : panels_) {
         panel->refresh();
     }
@@ -289,27 +314,22 @@ void DocumentSheet::focusValue(int proposal) {
     if (ProposalRow* const row = panels_[record]->row(proposal)) {
         column_->activate();
         QCoreApplication::sendPostedEvents(column_->parentWidget(), QEvent::LayoutRequest);
-        scroll_->ensureWidgetVisible(row, 0, 60);
+        scroll_->ensureWidgetVisible(row, 0, aroundFocus);
         row->focusValue();
     }
 }
 
-void DocumentSheet::showEvent(QShowEvent* event) {
-    QDialog::showEvent(event);
-    focusFirst();
-}
-
-/// The first value, so that its place on the page is seen at once; on its tick, where a key pressed
-/// by mistake does no harm.
+/// The first value, so that its place on the page is seen at once.
 void DocumentSheet::focusFirst() {
-    for (RecordPanel* const panel : panels_) {
-        if (panel->isOpen() && !isPlaced_ && !panel->rows().empty()) {
-            panel->rows().front()->findChild<QWidget*>()->setFocus(Qt::OtherFocusReason);
-            return;
-        }
+    if (isPlaced_ || panels_.empty()) {
+        preview_->setFocus(Qt::OtherFocusReason);
+        return;
     }
-    (apply_->isVisible() && apply_->isEnabled() ? static_cast<QWidget*>(apply_) : preview_)
-        ->setFocus(Qt::OtherFocusReason);
+    const auto seen =
+        std::ranges::find_if(panels_, [](const RecordPanel* panel) { return !panel->isHidden(); });
+    if (seen != panels_.end()) {
+        (*seen)->focusFirst();
+    }
 }
 
 /// Enter in a field finishes what is typed there; it does not take everything over.

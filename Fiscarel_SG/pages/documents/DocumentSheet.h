@@ -62,18 +62,18 @@ class DocumentSheet final : public QDialog {
     void pageWanted(const QString& id);
 
   protected:
+    bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void showEvent(QShowEvent* event) override;
 
   private:
     void showPages();
+    void markValues();
     QWidget* makeDecisions();
     QHBoxLayout* makeFoot();
     void addShortcuts();
     /// Makes the panels, some at a time where there are many.
     void addPanels();
     void addPanel(int record);
-    void orderKeyboard();
     void refresh();
     void showEffect();
     void showBlocked();
@@ -97,8 +97,9 @@ class DocumentSheet final : public QDialog {
     QLabel* effect_;
     QLabel* blocked_;
     QPushButton* apply_ = nullptr;
-    bool isDecided_ = false; ///< the user decided something
-    bool isPlaced_ = false;  ///< somebody else said which place is to be seen
+    bool marksTotal_ = false; ///< the marks are those of the total
+    bool isDecided_ = false;  ///< the user decided something
+    bool isPlaced_ = false;   ///< somebody else said which place is to be seen
 };
 
 } // namespace fiscarel::pages

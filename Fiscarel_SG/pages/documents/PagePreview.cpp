@@ -52,6 +52,7 @@ PagePreview::PagePreview(PageImages& images, QWidget* parent)
     scroll_->setFrameShape(QFrame::NoFrame);
     scroll_->setWidgetResizable(true);
     scroll_->setFocusPolicy(Qt::StrongFocus);
+    setFocusProxy(scroll_);
     scroll_->setAccessibleName(u"Seiten des Belegs"_s);
     scroll_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     scroll_->viewport()->installEventFilter(this);
@@ -186,7 +187,7 @@ void PagePreview::settle() {
 /// Moves only when it is not well in sight already, so that the page does not jump.
 void PagePreview::bringIntoSight(PagePreviewSheet& sheet, const PageBox& box) {
     settle();
-    const QRect place = sheet.placeOf(box).translated(sheet.pos());
+    const QRect place = sheet.placeOf(box).translated(sheet.x(), topOf(sheet.page()));
     const QRect seen(scroll_->horizontalScrollBar()->value(), scroll_->verticalScrollBar()->value(),
                      scroll_->viewport()->width(), scroll_->viewport()->height());
     if (!seen.adjusted(0, gap, 0, -gap).contains(place)) {
@@ -196,11 +197,22 @@ void PagePreview::bringIntoSight(PagePreviewSheet& sheet, const PageBox& box) {
     }
 }
 
+int PagePreview::topOf(int page) const {
+    int top = edge;
+    for (const PagePreviewSheet* const sheet : sheets_) {
+        if (sheet->page() == page) {
+            break;
+        }
+        top += sheet->height() + gap;
+    }
+    return top;
+}
+
 int PagePreview::currentPage() const {
     const int middle = scroll_->verticalScrollBar()->value() + scroll_->viewport()->height() / 2;
     int page = 1;
     for (const PagePreviewSheet* const sheet : sheets_) {
-        if (sheet->y() <= middle) {
+        if (topOf(sheet->page()) <= middle) {
             page = sheet->page();
         }
     }
@@ -212,9 +224,8 @@ void PagePreview::goToPage(int page) {
         return;
     }
     settle();
-    if (const auto* const found = sheet(std::clamp(page, 1, static_cast<int>(sheets_.size())))) {
-        scroll_->verticalScrollBar()->setValue(found->y() - edge);
-    }
+    const int last = static_cast<int>(sheets_.size());
+    scroll_->verticalScrollBar()->setValue(topOf(std::clamp(page, 1, last)) - edge);
 }
 
 void PagePreview::zoomBy(int steps) {
@@ -247,14 +258,14 @@ void PagePreview::arrange() {
     const int page = currentPage();
     const PagePreviewSheet* const current = sheet(page);
     const double part = current != nullptr && current->height() > 0
-                            ? static_cast<double>(bar.value() - current->y()) / current->height()
+                            ? static_cast<double>(bar.value() - topOf(page)) / current->height()
                             : 0;
     for (PagePreviewSheet* const sheet : sheets_) {
         sheet->setSheetWidth(sheetWidth());
     }
     settle();
     if (current != nullptr && bar.value() > 0) {
-        bar.setValue(current->y() + static_cast<int>(part * current->height()));
+        bar.setValue(topOf(page) + static_cast<int>(part * current->height()));
     }
     zoomShown_->setText(u"%1 %"_s.arg(100 * sheetWidth() / widthAtFull));
     showPosition();
@@ -273,7 +284,8 @@ void PagePreview::askForPictures() {
     const auto found = std::ranges::lower_bound(pictureWidths, needed);
     const int width = found != pictureWidths.end() ? *found : pictureWidths.back();
     for (PagePreviewSheet* const sheet : sheets_) {
-        const bool isNear = sheet->y() < bottom && sheet->y() + sheet->height() > top;
+        const int from = topOf(sheet->page());
+        const bool isNear = from < bottom && from + sheet->height() > top;
         if (isNear && isVisible() && sheet->asked() < width) {
             ask(*sheet, width);
         }

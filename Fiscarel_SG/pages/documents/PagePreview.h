@@ -60,6 +60,8 @@ class PagePreview final : public QWidget {
     void ask(PagePreviewSheet& sheet, int width);
     void showPosition();
     PagePreviewSheet* sheet(int page) const;
+    /// Where a page begins in the column, also while the layout has not followed yet.
+    int topOf(int page) const;
     void bringIntoSight(PagePreviewSheet& sheet, const PageBox& box);
     /// The sheets' places follow their sizes.
     void settle();

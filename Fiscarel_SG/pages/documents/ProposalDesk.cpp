@@ -45,21 +45,14 @@ ApplyContext ProposalDesk::context() const {
 void ProposalDesk::sortRecords() {
     values_.resize(scan_.records.size());
     for (std::size_t i = 0; i < scan_.proposals.size(); ++i) {
-        const Proposal& proposal = scan_.proposals[i];
-        const auto record = static_cast<std::size_t>(proposal.recordIndex);
-        if (record >= values_.size()) {
-            continue;
-        }
-        values_[record].push_back(static_cast<int>(i));
-        if (scan_.records[record].kind == ProposedRecord::Kind::security && proposal.field == "kind"
-            && proposal.value == rawValue(AssetKind::steuerauszug)) {
-            totals_.insert(proposal.recordIndex);
+        const auto record = static_cast<std::size_t>(scan_.proposals[i].recordIndex);
+        if (record < values_.size()) {
+            values_[record].push_back(static_cast<int>(i));
         }
     }
     for (std::size_t i = 0; i < scan_.records.size(); ++i) {
-        const int index = static_cast<int>(i);
-        if (scan_.records[i].kind == ProposedRecord::Kind::security && !totals_.contains(index)) {
-            entries_.insert(index);
+        if (scan_.records[i].kind == ProposedRecord::Kind::security) {
+            (isStatementTotal(scan_, i) ? totals_ : entries_).insert(static_cast<int>(i));
         }
     }
 }
@@ -74,27 +67,32 @@ bool ProposalDesk::restoreApplied() {
     }
     const ApplyPlan whole = planApplying(context(), all);
     std::vector<AppliedValue> left = *document_.applied;
-    std::set<int> restored;
+    std::set<int> restored; // records
+    std::set<int> found;    // proposals
     ApplyChoice then = choice_;
-    for (ValueChoice& value : then.values) {
-        value.isIncluded = false;
-    }
     for (const PlannedValue& planned : whole.values) {
         const auto path = lastingPath(whole.taxCase, planned.path);
-        const auto found = std::ranges::find_if(
+        const auto applied = std::ranges::find_if(
             left, [&](const AppliedValue& value) { return path && value.path == *path; });
-        if (found != left.end()) {
-            then.values[at(planned.proposal)] = {true, found->value};
+        if (applied != left.end()) {
+            then.values[at(planned.proposal)].value = applied->value;
+            found.insert(planned.proposal);
             restored.insert(proposal(planned.proposal).recordIndex);
-            left.erase(found);
+            left.erase(applied);
         }
     }
     for (const PlannedValue& planned : whole.values) {
         // Nothing was written for what the return computes; it had been ticked all the same.
-        if (planned.outcome == Outcome::isComputed
-            && restored.contains(proposal(planned.proposal).recordIndex)) {
-            then.values[at(planned.proposal)].isIncluded = true;
+        if (planned.outcome == Outcome::isComputed) {
+            found.insert(planned.proposal);
         }
+    }
+    for (std::size_t i = 0; i < then.values.size(); ++i) {
+        const int index = static_cast<int>(i);
+        // What nothing was taken from before starts like that of a new document.
+        then.values[i].isIncluded = restored.contains(proposal(index).recordIndex)
+                                        ? found.contains(index)
+                                        : isTrusted(proposal(index));
     }
     for (std::size_t i = 0; i < then.records.size(); ++i) {
         then.records[i].isIncluded = restored.contains(static_cast<int>(i));
@@ -231,6 +229,17 @@ std::string ProposalDesk::pathOf(int proposal) const {
 
 std::optional<forms::BoundField> ProposalDesk::field(int proposal) const {
     return forms::fieldWithPath(pages_, pathOf(proposal));
+}
+
+std::optional<forms::Value> ProposalDesk::before(int proposal) const {
+    const PlannedValue* const value = planned(proposal);
+    if (value == nullptr || !value->before) {
+        return std::nullopt;
+    }
+    // Items before it may go, so its position there can be another one.
+    const auto path = countedPath(taxCase(), lastingPath(plan_->taxCase, value->path).value_or(""));
+    const auto found = path ? forms::fieldWithPath(pages_, *path) : std::nullopt;
+    return found ? std::optional(found->get(taxCase())) : std::nullopt;
 }
 
 const forms::BoundField* ProposalDesk::declaration(int proposal) const {

@@ -95,7 +95,9 @@ class ProposalDesk {
     const PlannedValue* planned(int proposal) const;
     /// The field that a value goes to, as the pages declare it; absent when no page has it.
     std::optional<forms::BoundField> field(int proposal) const;
-    /// The same for what does not change with the target: label and kind of editor.
+    /// What stands in the case where a value is planned; absent in a new record.
+    std::optional<forms::Value> before(int proposal) const;
+    /// The field of `field` as to what does not change with the target: label and kind of editor.
     const forms::BoundField* declaration(int proposal) const;
     std::optional<Sum> sum(int proposal) const;
     bool isUnreadable(int proposal) const;

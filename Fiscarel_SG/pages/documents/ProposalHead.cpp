@@ -7,7 +7,7 @@
 #include "Fiscarel_SG/pages/Cards.h"
 #include "Fiscarel_SG/pages/documents/ProposalDesk.h"
 
-#include <QFormLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -46,8 +46,8 @@ ProposalHead::ProposalHead(ProposalDesk& desk, QWidget* parent)
 }
 
 void ProposalHead::addNameAndKind() {
-    auto* const form = new QFormLayout;
-    form->setHorizontalSpacing(12);
+    auto* const line = new QHBoxLayout;
+    line->setSpacing(8);
     name_->setObjectName(u"documentTitle"_s);
     name_->setAccessibleName(u"Name des Belegs"_s);
     name_->setText(qs(desk_.document().title));
@@ -61,9 +61,12 @@ void ProposalHead::addNameAndKind() {
         }
     }
     connect(kind_, &QComboBox::activated, this, &ProposalHead::kindChanged);
-    form->addRow(u"Name"_s, name_);
-    form->addRow(u"Art"_s, kind_);
-    column_->addLayout(form);
+    line->addWidget(new QLabel(u"Name"_s, this));
+    line->addWidget(name_, 3);
+    line->addSpacing(4);
+    line->addWidget(new QLabel(u"Art"_s, this));
+    line->addWidget(kind_, 2);
+    column_->addLayout(line);
     const auto& scan = desk_.scan();
     if (scan.proposedKind && *scan.proposedKind != scan.kind) {
         addLabel(*column_,

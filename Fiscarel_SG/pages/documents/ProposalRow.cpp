@@ -23,12 +23,13 @@ using Outcome = PlannedValue::Outcome;
 
 namespace {
 
-constexpr int labelWidth = 150;
-constexpr int leastEditor = 110;
+constexpr int leastLabel = 110;
+constexpr int leastEditor = 172; ///< for 118’400.50 with its unit
 
 QLabel* textLabel(const char* role, const QString& name, QWidget* parent) {
     auto* const label = new QLabel(parent);
     label->setWordWrap(true);
+    label->setMinimumWidth(1); // a long word is cut rather than the row widened
     label->setObjectName(name);
     look::setRole(label, role);
     label->hide();
@@ -74,7 +75,7 @@ ProposalRow::ProposalRow(ProposalDesk& desk, int proposal, QWidget* parent)
 
 void ProposalRow::makeEditor() {
     forms::BoundField field;
-    if (const auto declared = desk_.field(proposal_)) {
+    if (const auto* const declared = desk_.declaration(proposal_)) {
         field = *declared;
     } else { // no page of this region has it; it can be taken over all the same
         field.label = desk_.proposal(proposal_).field;
@@ -110,7 +111,7 @@ void ProposalRow::layOut() {
     grid->setContentsMargins(0, 3, 0, 3);
     grid->setHorizontalSpacing(10);
     grid->setVerticalSpacing(1);
-    label_->setMinimumWidth(labelWidth);
+    label_->setMinimumWidth(leastLabel);
     grid->addWidget(take_, 0, 0, Qt::AlignVCenter);
     grid->addWidget(label_, 0, 1, Qt::AlignVCenter);
     grid->addWidget(editor_, 0, 2, Qt::AlignVCenter);
@@ -121,7 +122,7 @@ void ProposalRow::layOut() {
     grid->addWidget(details_, 4, 1, 1, 3);
     grid->setColumnStretch(1, 2);
     grid->setColumnStretch(2, 3);
-    grid->setColumnMinimumWidth(3, fontMetrics().horizontalAdvance(u"≈ wahrscheinlich"_s) + 8);
+    grid->setColumnMinimumWidth(3, fontMetrics().horizontalAdvance(u"≈ wahrscheinlich"_s) + 22);
 }
 
 void ProposalRow::connectEditor() {
@@ -169,8 +170,10 @@ QString ProposalRow::beforeText() const {
                "nicht eigens eingetragen."_s;
     }
     QStringList parts;
-    if (planned->before && planned->outcome != Outcome::unreadable && field_) {
-        const QString before = forms::cellText(*field_, field_->get(desk_.taxCase()));
+    const auto value =
+        planned->outcome == Outcome::unreadable ? std::nullopt : desk_.before(proposal_);
+    if (value && field_) {
+        const QString before = forms::cellText(*field_, *value);
         parts << (planned->before == planned->after ? u"unverändert"_s
                   : before.isEmpty()                ? u"neu"_s
                                      : u"bisher <s>%1</s>"_s.arg(before.toHtmlEscaped()));
@@ -210,6 +213,8 @@ void ProposalRow::showProblem() {
 }
 
 void ProposalRow::focusValue() { editor_->input()->setFocus(Qt::OtherFocusReason); }
+
+void ProposalRow::focusTick() { take_->setFocus(Qt::OtherFocusReason); }
 
 bool ProposalRow::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusIn) {

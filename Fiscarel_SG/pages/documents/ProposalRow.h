@@ -35,6 +35,8 @@ class ProposalRow final : public QWidget {
     void refresh();
     /// Gives the keyboard to the value.
     void focusValue();
+    /// And to the tick, where a key pressed by mistake does no harm.
+    void focusTick();
 
   Q_SIGNALS:
     /// The keyboard came here.

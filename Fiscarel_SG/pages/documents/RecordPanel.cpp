@@ -59,6 +59,7 @@ void RecordPanel::makeHead() {
     look::setRole(amount_, "figure");
     look::setRole(summary_, "small");
     summary_->setWordWrap(true);
+    summary_->setMinimumWidth(1);
     summary_->setObjectName(u"summary:%1"_s.arg(record_));
     auto* const line = new QHBoxLayout;
     line->setSpacing(2);
@@ -85,10 +86,19 @@ void RecordPanel::open(bool opened) {
     const QSignalBlocker quiet(head_);
     head_->setChecked(opened);
     refresh();
-    Q_EMIT toggled();
 }
 
 bool RecordPanel::isOpen() const { return head_->isChecked(); }
+
+void RecordPanel::focusFirst() {
+    if (!isOpen()) {
+        head_->setFocus(Qt::OtherFocusReason);
+    } else if (body_->isEnabled() && !rows_.empty()) {
+        rows_.front()->focusTick();
+    } else {
+        take_->setFocus(Qt::OtherFocusReason);
+    }
+}
 
 ProposalRow* RecordPanel::row(int proposal) {
     if (std::ranges::find(desk_.valuesOf(record_), proposal) == desk_.valuesOf(record_).end()) {
@@ -109,6 +119,7 @@ void RecordPanel::fill() {
     if (!record.advice.empty()) {
         QLabel& advice = addLabel(*inside, labelText("Hinweis: " + record.advice), "faint");
         advice.setObjectName(u"advice:%1"_s.arg(record_));
+        advice.setMinimumWidth(1);
         advice.setContentsMargins(0, 0, 0, 6);
     }
     addTarget();
@@ -202,6 +213,7 @@ void RecordPanel::refresh() {
     if (body_ == nullptr) {
         return;
     }
+    body_->setEnabled(desk_.target(record_).isIncluded);
     refreshTarget();
     const auto rival = desk_.rival(record_);
     rival_->setText(
@@ -274,6 +286,9 @@ QString RecordPanel::summary() const {
 
 /// The first amount that is taken over: what a list of many records is read by.
 QString RecordPanel::amount() const {
+    if (!desk_.target(record_).isIncluded) {
+        return {};
+    }
     for (const int value : desk_.valuesOf(record_)) {
         const forms::BoundField* const field = desk_.declaration(value);
         const auto amount = Decimal::parse(desk_.value(value).value);

@@ -34,15 +34,14 @@ class RecordPanel final : public QFrame {
     void refresh();
     void open(bool opened);
     bool isOpen() const;
+    /// Gives the keyboard to the first thing to decide.
+    void focusFirst();
     /// The row of a proposal, which is opened for it; null when it is not of this record.
     ProposalRow* row(int proposal);
-    const std::vector<ProposalRow*>& rows() const noexcept { return rows_; }
 
   Q_SIGNALS:
     /// The keyboard came to a value.
     void focused(int proposal);
-    /// What is inside has been made or closed.
-    void toggled();
     /// The user wants to see the field at a path.
     void fieldWanted(const QString& path);
 
