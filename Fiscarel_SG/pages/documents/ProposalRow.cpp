@@ -23,6 +23,9 @@ using Outcome = PlannedValue::Outcome;
 
 namespace {
 
+/// Whether something is typed that cannot be read.
+bool isUnread(const forms::FieldEditor& editor) { return !editor.unreadText().isNull(); }
+
 constexpr int leastLabel = 110;
 constexpr int leastEditor = 172; ///< for 118’400.50 with its unit
 
@@ -128,12 +131,12 @@ void ProposalRow::layOut() {
 void ProposalRow::connectEditor() {
     connect(editor_, &forms::FieldEditor::edited, this, [this] {
         desk_.setValue(proposal_, proposalText(editor_->value()));
-        desk_.setUnread(proposal_, editor_->isUnread());
+        desk_.setUnread(proposal_, isUnread(*editor_));
     });
     connect(editor_, &forms::FieldEditor::problemChanged, this, [this] {
-        if (editor_->isUnread() && !desk_.isUnreadable(proposal_)) {
+        if (isUnread(*editor_) && !desk_.isUnreadable(proposal_)) {
             desk_.setUnread(proposal_, true);
-        } else if (!editor_->isUnread()) {
+        } else if (!isUnread(*editor_)) {
             desk_.setUnread(proposal_, false);
         }
         showProblem();
@@ -205,7 +208,7 @@ void ProposalRow::showProblem() {
             text = u"Dieser Wert passt nicht in das Feld."_s;
         }
         text += u" Bitte berichtigen oder das Häkchen entfernen."_s;
-    } else if (!editor_->isUnread()) {
+    } else if (!isUnread(*editor_)) {
         text = editor_->problem().isEmpty() ? editor_->note() : editor_->problem();
     }
     look::setRole(problem_, desk_.isUnreadable(proposal_) ? "error" : "note");
