@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/AppStore.h"
 
 #include "Fiscarel_SG/store/CarryOver.h"
+#include "Fiscarel_SG/store/DocumentLinks.h"
 #include "Fiscarel_SG/store/ReviewedDocuments.h"
 #include "TaxCore/demo/DemoData.h"
 
@@ -59,6 +60,10 @@ AppStore::AppStore(const Services& services, LaunchArguments launch, QObject* pa
       needsRegionChoice_(!isDemo_ && !services.settings.text(defaultRegionKey)),
       calcTimer_(services.timers.make([this] { recalculate(); })),
       saveTimer_(services.timers.make([this] { saveNow(); })) {
+    const auto forgetSources = [this] { fieldSources_.reset(); }; // before anybody else hears of it
+    connect(this, &AppStore::currentChanged, this, forgetSources);
+    connect(this, &AppStore::documentsChanged, this, forgetSources);
+    connect(this, &AppStore::yearChanged, this, forgetSources);
     if (isDemo_) {
         const TaxRegion region =
             launch.liechtenstein ? TaxRegion::liechtenstein : TaxRegion::stGallen;
@@ -104,6 +109,13 @@ const TaxCase& AppStore::current() const {
     }
     missingCase_ = TaxCase{.year = year_};
     return missingCase_;
+}
+
+const std::map<std::string, Uuid>& AppStore::fieldSources() const {
+    if (!fieldSources_) {
+        fieldSources_ = fiscarel::fieldSources(current(), state_.documents);
+    }
+    return *fieldSources_;
 }
 
 TaxRegion AppStore::defaultRegion() const {

@@ -62,6 +62,8 @@ class AppStore final : public QObject {
     const taxcore::TaxCase& current() const;
     const std::vector<StoredDocument>& documents() const noexcept { return state_.documents; }
     std::vector<StoredDocument> documentsForYear() const;
+    /// The documents whose values stand in fields of the current case, by the fields' paths.
+    const std::map<std::string, Uuid>& fieldSources() const;
     const std::map<int, std::set<std::string>>& transferChecked() const noexcept {
         return state_.transferChecked;
     }
@@ -151,8 +153,7 @@ class AppStore final : public QObject {
     /// Takes a document's values over into the current case, in one step that can be undone:
     /// `taxCase` is the case with them, `applied` what the document then stands behind. Without
     /// effect for a document that is gone.
-    void applyDocument(const Uuid& id, taxcore::TaxCase taxCase,
-                       std::vector<AppliedValue> applied);
+    void applyDocument(const Uuid& id, taxcore::TaxCase taxCase, std::vector<AppliedValue> applied);
     /// Can be undone until the program ends; the file goes then.
     void deleteDocument(const Uuid& id);
     /// Where a document's file lies; absent in demo mode and when it is missing.
@@ -253,6 +254,7 @@ class AppStore final : public QObject {
     int year_ = 0;
     mutable taxcore::TaxCase missingCase_; ///< what `current` shows when there is no case
     std::map<std::pair<taxcore::TaxRegion, int>, taxcore::CaseCalculator> calculators_;
+    mutable std::optional<std::map<std::string, Uuid>> fieldSources_; ///< absent: to be made
     std::optional<taxcore::TaxResult> result_;
     taxcore::Review review_;
     std::optional<Moment> lastSaved_;

@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/SwissGerman.h"
+#include "Fiscarel_SG/pages/documents/DocumentDesk.h"
 #include "Fiscarel_SG/shell/MainWindow.h"
 #include "Fiscarel_SG/shell/SingleInstance.h"
 #include "Fiscarel_SG/store/FolderLock.h"
@@ -14,6 +15,7 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <QSocketNotifier>
+#include <QStandardPaths>
 #include <QTimer>
 #include <array>
 #include <csignal>
@@ -95,7 +97,10 @@ int main(int argc, char** argv) {
     });
     endOnSignals(onMainThread);
     AppStore store({persistence.get(), writer, clock, timers, settings}, launch);
-    shell::MainWindow window(store, settings);
+    pages::DocumentDesk desk(
+        store, files,
+        utf8(QStandardPaths::writableLocation(QStandardPaths::CacheLocation) + u"/gelesen"_s));
+    shell::MainWindow window(store, settings, desk);
     window.show();
     QObject::connect(&instance, &shell::SingleInstance::asked, &window, [&] {
         window.setWindowState(window.windowState() & ~Qt::WindowMinimized);

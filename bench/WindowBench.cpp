@@ -2,6 +2,7 @@
 // beside an empty one. The quiet time before a recalculation is not counted. Runs without a screen.
 
 #include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/pages/documents/DocumentDesk.h"
 #include "Fiscarel_SG/shell/MainWindow.h"
 #include "Fiscarel_SG/store/FolderLock.h"
 #include "Fiscarel_SG/store/PosixFiles.h"
@@ -51,6 +52,7 @@ struct Household {
         store =
             std::make_unique<AppStore>(AppStore::Services{nullptr, queue, clock, timers, settings},
                                        LaunchArguments{.demo = true});
+        desk = std::make_unique<pages::DocumentDesk>(*store, files, fs::path());
         if (tenYears) {
             PersistedState state = store->snapshot();
             for (int year = 2017; year <= 2026; ++year) {
@@ -65,6 +67,8 @@ struct Household {
     fiscarel::testing::InlineQueue queue;
     fiscarel::testing::MemorySettings settings;
     std::unique_ptr<AppStore> store;
+    PosixFiles files;
+    std::unique_ptr<pages::DocumentDesk> desk;
 };
 
 /// Lets everything be laid out and painted.
@@ -88,7 +92,7 @@ class PaintWatch final : public QObject {
 
 void typingADigit(benchmark::State& state) {
     Household household(false);
-    shell::MainWindow window(*household.store, household.settings);
+    shell::MainWindow window(*household.store, household.settings, *household.desk);
     window.show();
     window.activateWindow();
     if (!QTest::qWaitForWindowActive(&window)
@@ -151,7 +155,8 @@ int startTheProgram(int argc, char** argv) {
     if (!lock || store.cases().size() != 10) {
         return 1;
     }
-    shell::MainWindow window(store, settings);
+    pages::DocumentDesk desk(store, files, {});
+    shell::MainWindow window(store, settings, desk);
     bench::leaveWithFirstPicture(window);
     window.show();
     return QApplication::exec();
@@ -184,7 +189,7 @@ BENCHMARK(startWithTenYears)->Unit(benchmark::kMillisecond)->UseRealTime();
 void windowWithTenYears(benchmark::State& state) {
     for (auto _ : state) {
         Household household(true);
-        shell::MainWindow window(*household.store, household.settings);
+        shell::MainWindow window(*household.store, household.settings, *household.desk);
         window.show();
         paint();
         window.grab();
@@ -198,7 +203,8 @@ void report(bool whole) {
     std::unique_ptr<QMainWindow> window;
     if (whole) {
         household = std::make_unique<Household>(true);
-        window = std::make_unique<shell::MainWindow>(*household->store, household->settings);
+        window = std::make_unique<shell::MainWindow>(*household->store, household->settings,
+                                                     *household->desk);
     } else {
         window = std::make_unique<QMainWindow>();
         window->resize(1280, 820);

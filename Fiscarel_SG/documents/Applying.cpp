@@ -33,6 +33,7 @@ class Application {
     }
 
     ApplyPlan run() {
+        removeOtherForm();
         placeRecords();
         for (std::size_t i = 0; i < context_.scan.proposals.size(); ++i) {
             write(i);
@@ -51,6 +52,31 @@ class Application {
                 shares_[*path] += *amount;
             }
         }
+    }
+
+    /// The entries of a statement go when its total is taken over, and the reverse.
+    void removeOtherForm() {
+        bool takesTotal = false;
+        bool takesEntries = false;
+        for (std::size_t i = 0; i < context_.scan.records.size(); ++i) {
+            if (context_.scan.records[i].kind == Kind::security && choice_.records[i].isIncluded
+                && isWanted(i)) {
+                (isStatementTotal(context_.scan, i) ? takesTotal : takesEntries) = true;
+            }
+        }
+        if (takesTotal == takesEntries) {
+            return;
+        }
+        std::erase_if(plan_.taxCase.securities, [&](const SecurityEntry& entry) {
+            return entry.documentID == context_.document.id
+                   && (entry.kind == AssetKind::steuerauszug) != takesTotal && !isTarget(entry.id);
+        });
+    }
+
+    bool isTarget(const Uuid& item) const {
+        return std::ranges::any_of(choice_.records, [&](const RecordTarget& target) {
+            return target.isIncluded && target.item == item;
+        });
     }
 
     /// Finds each record its place in the case, making new items where they are wanted.
@@ -85,7 +111,11 @@ class Application {
         PlannedValue planned{.proposal = static_cast<int>(index),
                              .path = place.path + "." + std::string(fieldOf(index))};
         const auto now = valueAt(plan_.taxCase, planned.path);
-        planned.before = place.isNew ? std::nullopt : valueAt(context_.taxCase, planned.path);
+        // Items may have moved up, so they are found by identity.
+        planned.before =
+            place.isNew
+                ? std::nullopt
+                : valueAt(context_.taxCase, lastingPath(plan_.taxCase, planned.path).value_or(""));
         std::string whole = text;
         const auto amount = Decimal::parse(text);
         if (isSummed(context_.scan.records[record].kind) && amount && now

@@ -88,6 +88,10 @@ bool canBeNew(ProposedRecord::Kind kind);
 std::vector<ItemOption> itemOptions(const taxcore::TaxCase& taxCase, ProposedRecord::Kind kind,
                                     int person);
 
+/// Whether a record is the total of a bank's statement: one entry in place of its accounts and
+/// securities.
+bool isStatementTotal(const ScanResult& scan, std::size_t record);
+
 /// What is most likely right: persons by birth date, then name, then employer; items by the
 /// document they were taken from, the IBAN, or their name. Left out are the total of a statement
 /// whose accounts are listed as well, and what belongs to a child that cannot be told.
@@ -96,7 +100,9 @@ ApplyChoice suggestChoice(const ApplyContext& context);
 /// Takes the included values over. An amount of a record in no list, such as the payments into
 /// pillar 3a or a child's care, becomes the sum over the documents applied to it; applying a
 /// document again replaces its own share, and takes it away where it no longer goes. A net salary
-/// is only written where it is not what the certificate's other boxes give.
+/// is only written where it is not what the certificate's other boxes give. Whoever takes over the
+/// total of a statement after its entries, or the reverse, has those removed that came from it
+/// before, as they would count twice.
 ApplyPlan planApplying(const ApplyContext& context, const ApplyChoice& choice);
 
 } // namespace fiscarel

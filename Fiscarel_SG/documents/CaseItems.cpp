@@ -132,6 +132,15 @@ bool isListed(Kind kind) {
            && kind != Kind::householdDeductions;
 }
 
+bool isStatementTotal(const ScanResult& scan, std::size_t record) {
+    return scan.records[record].kind == Kind::security
+           && std::ranges::any_of(scan.proposals, [&](const Proposal& proposal) {
+                  return static_cast<std::size_t>(proposal.recordIndex) == record
+                         && proposal.field == "kind"
+                         && proposal.value == rawValue(AssetKind::steuerauszug);
+              });
+}
+
 bool canBeNew(Kind kind) { return isListed(kind) && kind != Kind::child; }
 
 std::vector<ItemOption> itemOptions(const TaxCase& taxCase, Kind kind, int person) {
@@ -205,9 +214,17 @@ std::optional<Uuid> suggestItem(const ApplyContext& context, std::size_t index, 
     std::optional<Uuid> suggested;
     withList(context.taxCase, record.kind, person, [&](const auto& list, const std::string&) {
         using Item = typename std::remove_cvref_t<decltype(list)>::value_type;
+        // A total is no account, also where both came from the same statement.
+        const auto isOfSort = [&](const Item& item) {
+            if constexpr (std::is_same_v<Item, SecurityEntry>) {
+                return (item.kind == AssetKind::steuerauszug)
+                       == isStatementTotal(context.scan, index);
+            }
+            return true;
+        };
         const auto search = [&](const auto& fits) {
             for (const Item& item : list) {
-                if (!suggested && !taken.contains(item.id) && fits(item)) {
+                if (!suggested && !taken.contains(item.id) && isOfSort(item) && fits(item)) {
                     suggested = item.id;
                 }
             }
@@ -229,18 +246,11 @@ std::optional<Uuid> suggestItem(const ApplyContext& context, std::size_t index, 
 
 /// Whether a record is the total of a statement whose entries stand beside it.
 bool isTotalBesideEntries(const ScanResult& scan, std::size_t index) {
-    const auto isTotal = [&](std::size_t record) {
-        return std::ranges::any_of(scan.proposals, [&](const Proposal& proposal) {
-            return static_cast<std::size_t>(proposal.recordIndex) == record
-                   && proposal.field == "kind"
-                   && proposal.value == rawValue(AssetKind::steuerauszug);
-        });
-    };
-    if (scan.records[index].kind != Kind::security || !isTotal(index)) {
+    if (!isStatementTotal(scan, index)) {
         return false;
     }
     for (std::size_t other = 0; other < scan.records.size(); ++other) {
-        if (scan.records[other].kind == Kind::security && !isTotal(other)) {
+        if (scan.records[other].kind == Kind::security && !isStatementTotal(scan, other)) {
             return true;
         }
     }

@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/forms/FieldRow.h"
 
 #include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/forms/DocumentClip.h"
 #include "Fiscarel_SG/forms/HelpButton.h"
 #include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
@@ -41,7 +42,8 @@ FieldRow::FieldRow(BoundField field, AppStore& store, const EditorContext& conte
       store_(store), label_(new QLabel(labelText(field_.label), this)),
       editor_(makeEditor(field_, context, this)), problem_(new QLabel(this)),
       wording_(new QLabel(this)), help_(new QLabel(this)),
-      helpButton_(new HelpButton(u"Hilfe zu diesem Feld"_s, qs(field_.label), this)) {
+      helpButton_(new HelpButton(u"Hilfe zu diesem Feld"_s, qs(field_.label), this)),
+      clip_(new DocumentClip(store, this)) {
     setObjectName(u"row:"_s + qs(field_.path));
     label_->setWordWrap(true);
     label_->setBuddy(editor_->input());
@@ -71,6 +73,7 @@ FieldRow::FieldRow(BoundField field, AppStore& store, const EditorContext& conte
     line->setSpacing(8);
     line->addWidget(editor_);
     line->addWidget(helpButton_);
+    line->addWidget(clip_);
     line->addStretch(1);
     grid->addWidget(label_, 0, 0, Qt::AlignVCenter);
     grid->addLayout(line, 0, 1);
@@ -101,6 +104,7 @@ void FieldRow::refresh() {
     setVisible(field_.shown(taxCase));
     showUsable();
     showLabel();
+    clip_->follow(field_.path, label_->text());
     editor_->setValue(field_.get(taxCase));
     if (!unread_.isNull() && store_.unreadText(field_.path) == nullptr) {
         editor_->dropUnread(); // as when the year was reset

@@ -14,6 +14,7 @@ class AppStore;
 
 namespace fiscarel::forms {
 
+class DocumentClip;
 class HelpButton;
 
 /// One field on a page: label, editor, help, the problem of what is typed, and what is
@@ -62,6 +63,7 @@ class FieldRow final : public QWidget {
     QLabel* wording_;
     QLabel* help_;
     HelpButton* helpButton_;
+    DocumentClip* clip_;
 };
 
 } // namespace fiscarel::forms

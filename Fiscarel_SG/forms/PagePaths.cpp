@@ -10,8 +10,17 @@ namespace {
 /// What a page has of a path.
 enum class Has { nothing, record, field };
 
-std::size_t indexIn(const ListCard& list, const std::string& path) {
+/// The position of the item that a path goes through; absent when it leads to none of the list.
+std::optional<std::size_t> indexIn(const ListCard& list, const std::string& path) {
+    if (!path.starts_with(list.path + "[")) {
+        return std::nullopt;
+    }
     return static_cast<std::size_t>(std::strtoul(path.c_str() + list.path.size() + 1, nullptr, 10));
+}
+
+std::optional<BoundField> fieldOf(const std::vector<BoundField>& fields, const std::string& path) {
+    const auto found = std::ranges::find(fields, path, &BoundField::path);
+    return found != fields.end() ? std::optional(*found) : std::nullopt;
 }
 
 bool holds(const Condition& condition, const TaxCase& taxCase) {
@@ -26,24 +35,25 @@ bool shows(const Card& card, const std::string& path, const TaxCase& taxCase) {
         return holds(fields->shown, taxCase) && std::ranges::any_of(fields->fields, shows);
     }
     const auto& list = std::get<ListCard>(card);
-    return holds(list.shown, taxCase) && path.starts_with(list.path + "[")
-           && std::ranges::any_of(list.fields(indexIn(list, path)), shows);
+    const auto index = indexIn(list, path);
+    return holds(list.shown, taxCase) && index && std::ranges::any_of(list.fields(*index), shows);
+}
+
+std::optional<BoundField> fieldOf(const Card& card, const std::string& path) {
+    if (const auto* fields = std::get_if<FieldsCard>(&card)) {
+        return fieldOf(fields->fields, path);
+    }
+    const auto& list = std::get<ListCard>(card);
+    const auto index = indexIn(list, path);
+    return index ? fieldOf(list.fields(*index), path) : std::nullopt;
 }
 
 Has has(const Card& card, const std::string& path) {
-    const auto isAtPath = [&](const BoundField& field) { return field.path == path; };
-    if (const auto* fields = std::get_if<FieldsCard>(&card)) {
-        return std::ranges::any_of(fields->fields, isAtPath) ? Has::field : Has::nothing;
-    }
-    const auto& list = std::get<ListCard>(card);
-    if (path == list.path) {
+    const auto* const list = std::get_if<ListCard>(&card);
+    if (fieldOf(card, path) || (list != nullptr && path == list->path)) {
         return Has::field;
     }
-    if (!path.starts_with(list.path + "[")) {
-        return Has::nothing;
-    }
-    return std::ranges::any_of(list.fields(indexIn(list, path)), isAtPath) ? Has::field
-                                                                           : Has::record;
+    return list != nullptr && indexIn(*list, path) ? Has::record : Has::nothing;
 }
 
 Has has(const Page& page, const std::string& path) {
@@ -62,6 +72,19 @@ const Page* pageWithPath(const std::vector<Page>& pages, const std::string& path
     const auto best =
         std::ranges::max_element(pages, {}, [&](const Page& page) { return has(page, path); });
     return best != pages.end() && has(*best, path) != Has::nothing ? &*best : nullptr;
+}
+
+std::optional<BoundField> fieldWithPath(const std::vector<Page>& pages, const std::string& path) {
+    for (const Page& page : pages) {
+        for (const Section& section : page.sections) {
+            for (const Card& card : section.cards) {
+                if (auto found = fieldOf(card, path)) {
+                    return found;
+                }
+            }
+        }
+    }
+    return std::nullopt;
 }
 
 bool isShown(const std::vector<Page>& pages, const std::string& path, const TaxCase& taxCase) {

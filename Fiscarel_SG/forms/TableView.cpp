@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/forms/TableView.h"
 
 #include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/forms/DocumentClip.h"
 #include "Fiscarel_SG/forms/HelpButton.h"
 #include "Fiscarel_SG/forms/InputText.h"
 #include "Fiscarel_SG/forms/RecordModel.h"
@@ -26,7 +27,8 @@ TableView::TableView(ListCard list, AppStore& store, QWidget* parent)
     : RecordsView(std::move(list), store, parent), model_(new RecordModel(card(), store, this)),
       table_(new RecordTable(*model_, this)), sums_(new SumRow(*table_, this)),
       problem_(new QLabel(this)), help_(new QLabel(this)),
-      helpButton_(new HelpButton(u"Hilfe zu dieser Spalte"_s, qs(card().title), this)) {
+      helpButton_(new HelpButton(u"Hilfe zu dieser Spalte"_s, qs(card().title), this)),
+      clip_(new DocumentClip(store, this)) {
     table_->setObjectName(u"table:"_s + qs(card().path));
     table_->setAccessibleName(qs(card().title));
     auto* const grid = new QVBoxLayout;
@@ -91,6 +93,16 @@ void TableView::refreshTools() {
         }
         tool->setEnabled(works);
     }
+    const QModelIndex at = table_->currentIndex();
+    const bool hasField = record && at.isValid();
+    if (!hasField && clip_->hasFocus()) {
+        table_->setFocus(Qt::OtherFocusReason);
+    }
+    std::optional<BoundField> field;
+    if (hasField) {
+        field = card().fields(*record)[static_cast<std::size_t>(at.column())];
+    }
+    clip_->follow(field ? field->path : std::string(), field ? qs(field->label) : QString());
 }
 
 void TableView::addTools(QHBoxLayout& line) {
@@ -107,6 +119,7 @@ void TableView::addTools(QHBoxLayout& line) {
         };
     };
     line.addWidget(helpButton_);
+    line.addWidget(clip_);
     duplicate_ = add(u"Duplizieren"_s, u"duplicate"_s,
                      withRecord([this](std::size_t record) { duplicate(record); }));
     up_ = add(u"Nach oben"_s, u"up"_s, [this] { moveSelected(-1); });

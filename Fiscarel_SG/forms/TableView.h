@@ -6,6 +6,7 @@
 
 namespace fiscarel::forms {
 
+class DocumentClip;
 class HelpButton;
 class RecordModel;
 class RecordTable;
@@ -38,6 +39,7 @@ class TableView final : public RecordsView {
     QLabel* problem_;
     QLabel* help_;
     HelpButton* helpButton_;
+    DocumentClip* clip_; ///< of the cell with the keyboard
     QPushButton* duplicate_ = nullptr;
     QPushButton* up_ = nullptr;
     QPushButton* down_ = nullptr;

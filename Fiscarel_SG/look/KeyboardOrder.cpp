@@ -4,7 +4,6 @@
 #include <QScrollArea>
 #include <QStackedWidget>
 #include <QWidget>
-#include <vector>
 
 namespace fiscarel::look {
 
@@ -41,9 +40,14 @@ void collect(const QLayout& layout, std::vector<QWidget*>& widgets) {
 
 } // namespace
 
-void orderByLayout(const QLayout& layout) {
+std::vector<QWidget*> inLayoutOrder(const QLayout& layout) {
     std::vector<QWidget*> widgets;
     collect(layout, widgets);
+    return widgets;
+}
+
+void orderByLayout(const QLayout& layout) {
+    const std::vector<QWidget*> widgets = inLayoutOrder(layout);
     for (std::size_t i = 1; i < widgets.size(); ++i) {
         QWidget::setTabOrder(widgets[i - 1], widgets[i]);
     }

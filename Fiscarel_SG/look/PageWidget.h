@@ -29,6 +29,9 @@ class PageWidget : public QWidget {
     void fieldWanted(const QString& path);
     /// The user wants another page.
     void pageWanted(const QString& id);
+    /// The user wants to see a document, by its identity; `path` is of the field whose value came
+    /// from it, empty for the whole document.
+    void documentWanted(const QString& id, const QString& path);
     /// The user took a step that this sentence tells and that may be undone at once.
     void undoOffered(const QString& sentence);
     /// The user asks where the figure of a line comes from.

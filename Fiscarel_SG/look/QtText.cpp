@@ -36,4 +36,17 @@ QString foldedName(const QString& name, Umlauts umlauts) {
     return folded(name, umlauts).removeIf([](QChar letter) { return !letter.isLetterOrNumber(); });
 }
 
+std::string searched(std::string_view text) {
+    return utf8(folded(qs(text), Umlauts::plain) + u'\n' + folded(qs(text), Umlauts::spelledOut));
+}
+
+std::vector<std::string> wordsToSearch(std::string_view query) {
+    std::vector<std::string> words;
+    for (const QString& word :
+         folded(qs(query).simplified(), Umlauts::plain).split(u' ', Qt::SkipEmptyParts)) {
+        words.push_back(utf8(word));
+    }
+    return words;
+}
+
 } // namespace fiscarel

@@ -3,6 +3,7 @@
 #include <QString>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace fiscarel {
 
@@ -29,5 +30,10 @@ enum class Umlauts {
 QString folded(QString text, Umlauts umlauts);
 /// The same of a name, besides without blanks, points and hyphens: "St. Gallen" is "St.Gallen".
 QString foldedName(const QString& name, Umlauts umlauts);
+
+/// What is looked in: "Säule" is found by "säule", "saule" and "saeule".
+std::string searched(std::string_view text);
+/// The words somebody looks for, each to be found as it is in what is `searched`.
+std::vector<std::string> wordsToSearch(std::string_view query);
 
 } // namespace fiscarel

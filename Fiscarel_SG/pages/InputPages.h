@@ -4,7 +4,14 @@
 
 #include <vector>
 
+namespace fiscarel {
+class AppStore;
+}
+
 namespace fiscarel::pages {
+
+/// What the pages of the selected year are made for.
+forms::PageContext pageContext(AppStore& store);
 
 // The input pages as data, made for a year and region; their texts take figures from the rules,
 // which must outlive the pages.

@@ -6,6 +6,7 @@
 #include "Fiscarel_SG/look/KeyboardOrder.h"
 #include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Toast.h"
+#include "Fiscarel_SG/pages/documents/DocumentOpener.h"
 #include "Fiscarel_SG/shell/PageStack.h"
 #include "Fiscarel_SG/shell/ReasonDialog.h"
 #include "Fiscarel_SG/shell/SearchDialog.h"
@@ -65,14 +66,16 @@ const std::vector<PageEntry>& MainWindow::pages() {
     return entries;
 }
 
-MainWindow::MainWindow(AppStore& store, Settings& settings, QWidget* parent)
+MainWindow::MainWindow(AppStore& store, Settings& settings, pages::DocumentDesk& desk,
+                       QWidget* parent)
     : QMainWindow(parent), store_(store), settings_(settings),
       appearance_(appearanceOf(settings)), // fonts and colours before the first widget
-      sidebar_(new Sidebar(store, pages(), this)), stack_(new PageStack(store, appearance_, this)),
-      banner_(new QLabel(this)), bannerClose_(new QPushButton(u"Verstanden"_s, this)),
-      taxBar_(new TaxBar(store, this)), strip_(new TaxStrip(*taxBar_, this)),
-      search_(new SearchDialog(this)), reason_(new ReasonDialog(store, this)),
-      toast_(new look::Toast(stack_)) {
+      sidebar_(new Sidebar(store, pages(), this)),
+      stack_(new PageStack(store, desk, appearance_, this)), banner_(new QLabel(this)),
+      bannerClose_(new QPushButton(u"Verstanden"_s, this)), taxBar_(new TaxBar(store, this)),
+      strip_(new TaxStrip(*taxBar_, this)), search_(new SearchDialog(this)),
+      reason_(new ReasonDialog(store, this)), toast_(new look::Toast(stack_)),
+      opener_(new pages::DocumentOpener(store, desk, this)) {
     setWindowTitle(store.isDemo() ? u"Fiscarel SG – Demohaushalt"_s : u"Fiscarel SG"_s);
     setWindowIcon(look::programIcon());
     setMinimumSize(1000, 640);
@@ -134,11 +137,22 @@ void MainWindow::connectStore() {
     connect(stack_, &PageStack::fieldWanted, this, &MainWindow::showField);
     connect(stack_, &PageStack::pageWanted, this, &MainWindow::showPage);
     connect(stack_, &PageStack::reasonWanted, this, &MainWindow::showReason);
+    connect(stack_, &PageStack::documentWanted, this,
+            [this](const QString& id, const QString& path) {
+                if (const auto document = taxcore::Uuid::parse(utf8(id))) {
+                    opener_->open(*document, utf8(path));
+                }
+            });
+    connect(opener_, &pages::DocumentOpener::told, toast_, &look::Toast::say);
+    connect(opener_, &pages::DocumentOpener::fieldWanted, this, &MainWindow::showField);
+    connect(opener_, &pages::DocumentOpener::pageWanted, this, &MainWindow::showPage);
     connect(stack_, &PageStack::appearanceWanted, this, &MainWindow::setAppearance);
     connect(stack_, &PageStack::resetWanted, this, &MainWindow::resetYear);
-    connect(stack_, &PageStack::undoOffered, this, [this](const QString& sentence) {
+    const auto offerUndo = [this](const QString& sentence) {
         toast_->offer(sentence, u"Rückgängig"_s, [this] { undo(); });
-    });
+    };
+    connect(stack_, &PageStack::undoOffered, this, offerUndo);
+    connect(opener_, &pages::DocumentOpener::undoOffered, this, offerUndo);
     // It is for the last step: with another one it would undo that.
     connect(&store_, &AppStore::historyChanged, toast_, &look::Toast::withdraw);
     connect(strip_, &TaxStrip::toggled, this, &MainWindow::placeTaxBar);
@@ -221,6 +235,7 @@ void MainWindow::pageShown(const QString& id) {
     sidebar_->setPage(id);
     strip_->setChecked(false);
     taxBar_->beginPage();
+    opener_->forget(); // the user went elsewhere
     store_.endMerging();
     if (!store_.isDemo()) {
         settings_.setText("lastPage", utf8(id));

@@ -18,6 +18,10 @@ class Settings;
 namespace look {
 class Toast;
 }
+namespace pages {
+class DocumentDesk;
+class DocumentOpener;
+}
 } // namespace fiscarel
 
 namespace fiscarel::shell {
@@ -33,7 +37,9 @@ class MainWindow final : public QMainWindow {
     Q_OBJECT
 
   public:
-    MainWindow(AppStore& store, Settings& settings, QWidget* parent = nullptr);
+    /// All must outlive it.
+    MainWindow(AppStore& store, Settings& settings, pages::DocumentDesk& desk,
+               QWidget* parent = nullptr);
     ~MainWindow() override;
     MainWindow(const MainWindow&) = delete;
     MainWindow& operator=(const MainWindow&) = delete;
@@ -87,6 +93,7 @@ class MainWindow final : public QMainWindow {
     SearchDialog* search_;
     ReasonDialog* reason_;
     look::Toast* toast_;
+    pages::DocumentOpener* opener_;
 };
 
 } // namespace fiscarel::shell

@@ -28,30 +28,22 @@ bool isLiechtenstein(const AppStore& store) {
 
 } // namespace
 
-PageStack::PageStack(AppStore& store, look::Appearance appearance, QWidget* parent)
-    : QStackedWidget(parent), store_(store), appearance_(appearance) {
+PageStack::PageStack(AppStore& store, pages::DocumentDesk& desk, look::Appearance appearance,
+                     QWidget* parent)
+    : QStackedWidget(parent), store_(store), desk_(desk), appearance_(appearance) {
     rebuild();
-}
-
-forms::PageContext PageStack::context() const {
-    forms::PageContext context{.year = store_.year(), .region = store_.current().taxRegion()};
-    if (const auto* calculator = store_.calculator()) {
-        context.stGallen = calculator->stGallen();
-        context.liechtenstein = calculator->liechtenstein();
-    }
-    return context;
 }
 
 look::PageWidget* PageStack::makePage(const QString& id) {
     const auto form = std::ranges::find(forms_, utf8(id), &forms::Page::id);
     if (form != forms_.end()) {
-        return new forms::FormPage(*form, store_, context(), this);
+        return new forms::FormPage(*form, store_, pages::pageContext(store_), this);
     }
     if (id == u"review"_s) {
         return new pages::ReviewPage(store_, this);
     }
     if (id == u"documents"_s) {
-        return new pages::DocumentsPage(store_, this);
+        return new pages::DocumentsPage(store_, desk_, this);
     }
     if (id == u"transfer"_s) {
         return new pages::TransferPage(store_, this);
@@ -79,6 +71,7 @@ look::PageWidget& PageStack::pageWidget(const QString& id) {
         connect(widget, &look::PageWidget::fieldWanted, this, &PageStack::fieldWanted);
         connect(widget, &look::PageWidget::pageWanted, this, &PageStack::pageWanted);
         connect(widget, &look::PageWidget::reasonWanted, this, &PageStack::reasonWanted);
+        connect(widget, &look::PageWidget::documentWanted, this, &PageStack::documentWanted);
         connect(widget, &look::PageWidget::undoOffered, this, &PageStack::undoOffered);
         addWidget(widget);
         if (const auto opened = opened_.extract(id)) {
@@ -104,7 +97,7 @@ void PageStack::showPage(const QString& id) {
 void PageStack::rebuild() {
     shownYear_ = store_.year();
     shownLiechtenstein_ = isLiechtenstein(store_);
-    forms_ = pages::inputPages(context());
+    forms_ = pages::inputPages(pages::pageContext(store_));
     const auto frame = [this] {
         return currentWidget() != nullptr ? currentWidget()->findChild<look::PageFrame*>()
                                           : nullptr;

@@ -14,7 +14,10 @@
 
 namespace fiscarel {
 class AppStore;
+namespace pages {
+class DocumentDesk;
 }
+} // namespace fiscarel
 
 namespace fiscarel::shell {
 
@@ -24,7 +27,9 @@ class PageStack final : public QStackedWidget {
     Q_OBJECT
 
   public:
-    PageStack(AppStore& store, look::Appearance appearance, QWidget* parent = nullptr);
+    /// `store` and `desk` must outlive it.
+    PageStack(AppStore& store, pages::DocumentDesk& desk, look::Appearance appearance,
+              QWidget* parent = nullptr);
 
     /// The page on the screen; empty before the first.
     const QString& page() const noexcept { return page_; }
@@ -50,12 +55,12 @@ class PageStack final : public QStackedWidget {
     void fieldWanted(const QString& path);
     void pageWanted(const QString& id);
     void reasonWanted(const QString& code);
+    void documentWanted(const QString& id, const QString& path);
     void undoOffered(const QString& sentence);
     void appearanceWanted(fiscarel::look::Appearance appearance);
     void resetWanted();
 
   private:
-    forms::PageContext context() const;
     look::PageWidget* makePage(const QString& id);
     look::PageWidget& pageWidget(const QString& id);
     void rebuild();
@@ -63,6 +68,7 @@ class PageStack final : public QStackedWidget {
     bool follow();
 
     AppStore& store_;
+    pages::DocumentDesk& desk_;
     look::Appearance appearance_;
     QString page_;
     std::vector<forms::Page> forms_;

@@ -13,11 +13,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// What is looked in: "Säule" is found by "säule", "saule" and "saeule".
-std::string searched(std::string_view text) {
-    return utf8(folded(qs(text), Umlauts::plain) + u'\n' + folded(qs(text), Umlauts::spelledOut));
-}
-
 void addFields(std::vector<SearchEntry>& entries, const std::vector<forms::BoundField>& fields,
                const std::string& where, const taxcore::TaxCase& taxCase) {
     for (const forms::BoundField& field : fields) {
@@ -123,10 +118,7 @@ std::vector<SearchEntry> searchEntries(const AppStore& store,
 
 std::vector<SearchEntry> searchFor(const std::vector<SearchEntry>& entries,
                                    const std::string& query, std::size_t most) {
-    std::vector<std::string> words;
-    for (const QString& word : folded(qs(query), Umlauts::plain).split(u' ', Qt::SkipEmptyParts)) {
-        words.push_back(utf8(word));
-    }
+    const std::vector<std::string> words = wordsToSearch(query);
     std::vector<std::pair<int, const SearchEntry*>> found;
     for (const SearchEntry& entry : entries) {
         if (const auto place = rank(entry, words); place && !words.empty()) {

@@ -163,14 +163,19 @@ void Sidebar::refresh() {
             }
         }
     }
+    const QString documents = u"documents"_s;
+    open[documents] = static_cast<int>(
+        std::ranges::count_if(store_.documents(), [&](const StoredDocument& document) {
+            return document.year == store_.year() && !document.isApplied;
+        }));
     for (const auto& [id, badge] : badges_) {
-        const auto found = open.find(id);
-        badge->setVisible(found != open.end());
-        badge->setText(found != open.end() ? QString::number(found->second) : QString());
+        const int count = open[id];
+        badge->setVisible(count > 0);
+        badge->setText(count > 0 ? QString::number(count) : QString());
         QPushButton* const button = buttons_[id];
-        button->setAccessibleName(
-            found != open.end() ? u"%1, %2 offene Hinweise"_s.arg(button->text()).arg(found->second)
-                                : button->text());
+        const QString what =
+            id == documents ? u"%1, %2 nicht übernommen"_s : u"%1, %2 offene Hinweise"_s;
+        button->setAccessibleName(count > 0 ? what.arg(button->text()).arg(count) : button->text());
     }
 }
 

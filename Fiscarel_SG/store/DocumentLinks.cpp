@@ -48,6 +48,29 @@ std::vector<std::string> appliedPaths(const TaxCase& taxCase, const StoredDocume
     return paths;
 }
 
+std::map<std::string, Uuid> fieldSources(const TaxCase& taxCase,
+                                         const std::vector<StoredDocument>& documents) {
+    std::map<std::string, Uuid> sources;
+    for (const StoredDocument& document : documents) {
+        for (const std::string& path : appliedPaths(taxCase, document)) {
+            sources[path] = document.id;
+        }
+    }
+    return sources;
+}
+
+const AppliedValue* appliedAt(const TaxCase& taxCase, const StoredDocument& document,
+                              const std::string& path) {
+    if (document.year == taxCase.year && document.applied) {
+        for (const AppliedValue& value : *document.applied) {
+            if (countedPath(taxCase, value.path) == path) {
+                return &value;
+            }
+        }
+    }
+    return nullptr;
+}
+
 bool clearDocumentLinks(TaxCase& taxCase, const Uuid& document) {
     return clearIn(taxCase, document);
 }

@@ -145,6 +145,51 @@ TEST(Applying, addsTheSharesOfSeveralDocuments) {
     EXPECT_EQ(second.at("children[1].childcareCosts"), "0");
 }
 
+TEST(Applying, aStatementStandsInTheRegisterAsEntriesOrAsItsTotal) {
+    Paper paper;
+    paper.taxCase.securities = {{.institution = "Andere Bank"}};
+    const auto add = [&](const char* kind, const char* account, const char* value) {
+        paper.add({.kind = Kind::security}, {{"kind", kind},
+                                             {"institution", "Bank"},
+                                             {"ibanOrValor", account},
+                                             {"taxValue", value}});
+    };
+    add("konto", "CH9300762011623852957", "100");
+    add("wertschrift", "1213853", "200");
+    add("steuerauszug", "", "300");
+    const auto take = [&](bool total) {
+        ApplyChoice choice = paper.suggested();
+        for (std::size_t i = 0; i < choice.records.size(); ++i) {
+            choice.records[i].isIncluded = total == isStatementTotal(paper.scan, i);
+        }
+        const ApplyPlan plan = planApplying(paper.context(), choice);
+        paper.taxCase = plan.taxCase;
+        paper.document.applied = plan.applied;
+        return plan;
+    };
+    const auto wealth = [&] {
+        Decimal sum;
+        for (const SecurityEntry& entry : paper.taxCase.securities) {
+            sum += entry.taxValue;
+        }
+        return sum;
+    };
+    take(false);
+    EXPECT_EQ(paper.taxCase.securities.size(), 3U);
+    take(true);
+    EXPECT_EQ(paper.taxCase.securities.size(), 2U);
+    EXPECT_EQ(wealth(), Decimal(300));
+    const Uuid total = paper.taxCase.securities.at(1).id;
+    paper.taxCase.securities.at(1).taxValue = 299;
+    const ApplyPlan again = take(true);
+    EXPECT_EQ(paper.taxCase.securities.at(1).id, total) << "the total is found again";
+    EXPECT_EQ(again.values.back().before, "299");
+    take(false);
+    EXPECT_EQ(paper.taxCase.securities.size(), 3U);
+    EXPECT_EQ(wealth(), Decimal(300));
+    EXPECT_EQ(paper.taxCase.securities.at(0).institution, "Andere Bank");
+}
+
 TEST(Applying, aShareThatGoesToAnotherChildLeavesTheFirst) {
     Paper paper;
     paper.add({.kind = Kind::child, .personName = "Lia"}, {{"childcareCosts", "700"}});

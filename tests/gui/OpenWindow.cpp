@@ -8,18 +8,41 @@ namespace fiscarel::testing {
 
 using namespace std::chrono_literals;
 
+namespace {
+
+/// Draws every page as white paper.
+class WhitePages final : public pages::PageImages {
+  public:
+    void request(const std::filesystem::path&, int, int width,
+                 std::function<void(QImage)> done) override {
+        QImage page(width, width * 7 / 5, QImage::Format_RGB32);
+        page.fill(Qt::white);
+        done(page);
+    }
+};
+
+} // namespace
+
 OpenWindow::~OpenWindow() {
     window.reset();
+    desk.reset();
     store.reset();
 }
 
 void OpenWindow::open(LaunchArguments launch) {
     window.reset();
+    desk.reset();
     store.reset();
     persistence = launch.demo ? nullptr : std::make_unique<Persistence>(files, clock, root());
     store = std::make_unique<AppStore>(
         AppStore::Services{persistence.get(), queue, clock, timers, settings}, launch);
-    window = std::make_unique<shell::MainWindow>(*store, settings);
+    const auto readNothing = [](const std::filesystem::path&, const ReadingOptions&) {
+        return ScanResult{.text = "leer", .pageCount = 1};
+    };
+    desk = std::make_unique<pages::DocumentDesk>(
+        *store, files, folder.path() / "gelesen",
+        pages::DocumentDesk::Means{scan ? scan : readNothing, std::make_unique<WhitePages>()});
+    window = std::make_unique<shell::MainWindow>(*store, settings, *desk);
     window->show();
     window->activateWindow();
     if (!QTest::qWaitForWindowActive(window.get())) {

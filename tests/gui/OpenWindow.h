@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/pages/documents/DocumentDesk.h"
 #include "Fiscarel_SG/shell/MainWindow.h"
 #include "Fiscarel_SG/store/PosixFiles.h"
 #include "tests/support/FakeServices.h"
@@ -66,6 +67,8 @@ class OpenWindow {
     MemorySettings settings;
     std::unique_ptr<Persistence> persistence;
     std::unique_ptr<AppStore> store;
+    DocumentReadings::Scan scan; ///< how documents are read; empty pages unless set before `open`
+    std::unique_ptr<pages::DocumentDesk> desk;
     std::unique_ptr<shell::MainWindow> window;
 };
 

@@ -7,10 +7,12 @@
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/FieldRow.h"
 #include "Fiscarel_SG/look/SwissGerman.h"
+#include "Fiscarel_SG/pages/documents/DocumentDesk.h"
 #include "Fiscarel_SG/shell/MainWindow.h"
 #include "Fiscarel_SG/shell/ReasonDialog.h"
 #include "Fiscarel_SG/shell/SearchDialog.h"
 #include "Fiscarel_SG/shell/StartDialog.h"
+#include "Fiscarel_SG/store/PosixFiles.h"
 #include "Fiscarel_SG/store/QtServices.h"
 #include "tests/support/FakeServices.h"
 
@@ -281,9 +283,11 @@ int main(int argc, char** argv) {
                    {.demo = true, .liechtenstein = liechtenstein});
     const int width = arguments.value(2).toInt();
     const int height = arguments.value(3).toInt();
+    PosixFiles files;
+    pages::DocumentDesk desk(store, files, {});
     for (const auto appearance : {look::Appearance::light, look::Appearance::dark}) {
         settings.setNumber("appearance", static_cast<int>(appearance));
-        shell::MainWindow window(store, settings);
+        shell::MainWindow window(store, settings, desk);
         window.resize(width > 0 ? width : 1280, height > 0 ? height : 820);
         window.show();
         const Camera camera{store, window, folder,

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QTableView>
+
+namespace fiscarel::pages {
+
+/// The list of documents as a table: as high as its lines, up to some; Enter opens, Delete removes,
+/// F2 renames; the tabulator leaves it.
+class DocumentTable final : public QTableView {
+    Q_OBJECT
+
+  public:
+    explicit DocumentTable(QWidget* parent);
+
+    void setModel(QAbstractItemModel* model) override;
+
+  Q_SIGNALS:
+    void openWanted(const QModelIndex& index);
+    void removeWanted();
+    void renameWanted();
+    void selected();
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void selectionChanged(const QItemSelection& selected,
+                          const QItemSelection& deselected) override;
+
+  private:
+    void fitHeight();
+};
+
+} // namespace fiscarel::pages

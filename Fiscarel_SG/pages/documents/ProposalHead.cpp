@@ -1,0 +1,149 @@
+#include "Fiscarel_SG/pages/documents/ProposalHead.h"
+
+#include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/forms/editors/ChoiceEdit.h"
+#include "Fiscarel_SG/look/QtText.h"
+#include "Fiscarel_SG/look/Theme.h"
+#include "Fiscarel_SG/pages/Cards.h"
+#include "Fiscarel_SG/pages/documents/ProposalDesk.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+#include <algorithm>
+
+namespace fiscarel::pages {
+
+using namespace Qt::Literals::StringLiterals;
+using Kind = StoredDocument::Kind;
+
+namespace {
+
+/// What is proposed counts while neither the user nor an earlier taking over has decided.
+Kind firstKind(const StoredDocument& document, const ScanResult& scan) {
+    return !document.isApplied && document.kind == scan.kind
+               ? scan.proposedKind.value_or(document.kind)
+               : document.kind;
+}
+
+} // namespace
+
+ProposalHead::ProposalHead(ProposalDesk& desk, QWidget* parent)
+    : QWidget(parent), desk_(desk), column_(new QVBoxLayout(this)), name_(new QLineEdit(this)),
+      kind_(new forms::ChoiceBox(this)), proposedKind_(firstKind(desk.document(), desk.scan())) {
+    column_->setContentsMargins(0, 0, 0, 0);
+    column_->setSpacing(6);
+    addNameAndKind();
+    addYearNotice();
+    if (desk_.hasTotalAndEntries()) {
+        addStatementChoice();
+    }
+    refresh();
+}
+
+void ProposalHead::addNameAndKind() {
+    auto* const line = new QHBoxLayout;
+    line->setSpacing(8);
+    name_->setObjectName(u"documentTitle"_s);
+    name_->setAccessibleName(u"Name des Belegs"_s);
+    name_->setText(qs(desk_.document().title));
+    name_->setCursorPosition(0);
+    kind_->setObjectName(u"documentKind"_s);
+    kind_->setAccessibleName(u"Art des Belegs"_s);
+    for (const Kind kind : taxcore::allValues<Kind>()) {
+        kind_->addItem(qs(taxcore::label(kind)));
+        if (kind == proposedKind_) {
+            kind_->setCurrentIndex(kind_->count() - 1);
+        }
+    }
+    connect(kind_, &QComboBox::activated, this, &ProposalHead::kindChanged);
+    line->addWidget(new QLabel(u"Name"_s, this));
+    line->addWidget(name_, 3);
+    line->addSpacing(4);
+    line->addWidget(new QLabel(u"Art"_s, this));
+    line->addWidget(kind_, 2);
+    column_->addLayout(line);
+    const auto& scan = desk_.scan();
+    if (scan.proposedKind && *scan.proposedKind != scan.kind) {
+        addLabel(*column_,
+                 u"Nach seinen Wörtern gelesen als %1, %2 %3."_s.arg(
+                     qs(taxcore::label(scan.kind)),
+                     scan.kindIsCertain ? u"nach seinem Strichcode sicher"_s : u"vorgeschlagen"_s,
+                     qs(taxcore::label(*scan.proposedKind))),
+                 "small")
+            .setObjectName(u"kindNotice"_s);
+    }
+}
+
+std::optional<int> ProposalHead::otherYear() const {
+    for (std::size_t i = 0; i < desk_.scan().records.size(); ++i) {
+        if (desk_.isOfAnotherYear(static_cast<int>(i))) {
+            return desk_.scan().records[i].year;
+        }
+    }
+    return std::nullopt;
+}
+
+void ProposalHead::addYearNotice() {
+    const auto other = otherYear();
+    if (!other) {
+        return;
+    }
+    const int year = desk_.taxCase().year;
+    QLabel& notice =
+        addLabel(*column_,
+                 u"⚠ Dieser Beleg nennt das Jahr %1, gewählt ist das Steuerjahr %2. Was zu %1 "
+                 "gehört, ist darum nicht angekreuzt."_s.arg(*other)
+                     .arg(year),
+                 "banner");
+    notice.setObjectName(u"yearNotice"_s);
+    if (desk_.store().cases().contains(*other)) {
+        auto* const move =
+            new QPushButton(u"Zu den Belegen von %1 verschieben"_s.arg(*other), this);
+        move->setObjectName(u"moveToYear"_s);
+        look::setRole(move, "link");
+        connect(move, &QPushButton::clicked, this,
+                [this, year = *other] { Q_EMIT yearWanted(year); });
+        column_->addWidget(move, 0, Qt::AlignLeft);
+    }
+}
+
+void ProposalHead::addStatementChoice() {
+    auto& card = addCard(*column_, {});
+    card.setContentsMargins(14, 10, 14, 10);
+    card.setSpacing(2);
+    addLabel(card, u"Wie soll der Auszug ins Wertschriftenverzeichnis?"_s, "figure");
+    asEntries_ = new QRadioButton(u"Einzeln: jedes Konto und jede Wertschrift"_s, this);
+    asTotal_ = new QRadioButton(u"Als ein Total der Bank"_s, this);
+    asEntries_->setObjectName(u"asEntries"_s);
+    asTotal_->setObjectName(u"asTotal"_s);
+    card.addWidget(asEntries_);
+    card.addWidget(asTotal_);
+    connect(asTotal_, &QRadioButton::toggled, this, [this](bool total) { desk_.takeTotal(total); });
+}
+
+std::string ProposalHead::title() const {
+    const QString entered = name_->text().trimmed();
+    return entered.isEmpty() ? desk_.document().title : utf8(entered);
+}
+
+Kind ProposalHead::kind() const {
+    return taxcore::allValues<Kind>()[static_cast<std::size_t>(kind_->currentIndex())];
+}
+
+bool ProposalHead::isEdited() const {
+    return title() != desk_.document().title || kind() != proposedKind_;
+}
+
+void ProposalHead::refresh() {
+    if (asTotal_ != nullptr) {
+        const QSignalBlocker quiet(asTotal_);
+        (desk_.takesTotal() ? asTotal_ : asEntries_)->setChecked(true);
+    }
+}
+
+} // namespace fiscarel::pages

@@ -1,0 +1,373 @@
+#include "Fiscarel_SG/pages/documents/DocumentDelegate.h"
+#include "Fiscarel_SG/pages/documents/DocumentFilter.h"
+#include "Fiscarel_SG/pages/documents/DocumentSheet.h"
+#include "Fiscarel_SG/pages/documents/DocumentTable.h"
+#include "tests/gui/OpenWindow.h"
+
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QDropEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QPushButton>
+#include <QTest>
+#include <QToolButton>
+#include <QUrl>
+#include <atomic>
+#include <condition_variable>
+#include <fstream>
+#include <map>
+#include <mutex>
+#include <stdexcept>
+
+namespace fiscarel {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+using Kind = StoredDocument::Kind;
+namespace fs = std::filesystem;
+
+/// Reads nothing, answers by what the name of the file contains, and can be held up.
+class FakeReader {
+  public:
+    std::map<std::string, ScanResult> answers;
+
+    DocumentReadings::Scan scan() {
+        return [this](const fs::path& file, const ReadingOptions& options) {
+            return read(file, options);
+        };
+    }
+    void hold() { isHeld_ = true; }
+    void letGo() {
+        const std::scoped_lock lock(mutex_);
+        isHeld_ = false;
+        changed_.notify_all();
+    }
+    int count() const { return count_; }
+    int most() const { return most_; }
+
+  private:
+    ScanResult read(const fs::path& file, const ReadingOptions& options) {
+        ++count_;
+        const int now = ++underWay_;
+        most_ = std::max(most_.load(), now);
+        options.progress(1, 4);
+        {
+            std::unique_lock lock(mutex_);
+            const std::stop_callback wake(options.stop, [this] { changed_.notify_all(); });
+            while (isHeld_ && !options.stop.stop_requested()) {
+                changed_.wait_for(lock, std::chrono::milliseconds(5));
+            }
+        }
+        --underWay_;
+        if (options.stop.stop_requested()) {
+            return {.problem = "Abgebrochen."};
+        }
+        for (const auto& [name, answer] : answers) {
+            if (file.string().find(name) != std::string::npos) {
+                return answer;
+            }
+        }
+        return {.text = "Ein Beleg", .kind = Kind::anderes, .pageCount = 1};
+    }
+
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    std::atomic<bool> isHeld_ = false;
+    std::atomic<int> count_ = 0;
+    std::atomic<int> underWay_ = 0;
+    std::atomic<int> most_ = 0;
+};
+
+class DocumentsPage : public ::testing::Test {
+  protected:
+    FakeReader reader;
+    testing::OpenWindow program;
+
+    void SetUp() override {
+        reader.answers["Lohn"] = {.text = "Lohnausweis\nMüller & Söhne AG",
+                                  .kind = Kind::lohnausweis,
+                                  .issuer = "Müller & Söhne AG",
+                                  .fields = {{.label = "Bruttolohn", .value = Decimal(68'000)}},
+                                  .pageCount = 1};
+        reader.answers["Spende"] = {.text = "Danke für Ihre Gabe",
+                                    .kind = Kind::anderes,
+                                    .proposedKind = Kind::spende,
+                                    .kindIsCertain = true,
+                                    .records = {{.title = "Spende", .year = 2026}},
+                                    .pageCount = 1};
+        reader.answers["Kaputt"] = {.problem = "Diese Datei ist mit einem Passwort geschützt."};
+        program.scan = reader.scan();
+        program.open();
+        program.store->chooseInitialRegion(taxcore::TaxRegion::stGallen);
+        program.store->setYear(2025);
+        program.click(u"nav:documents"_s);
+    }
+    void TearDown() override { reader.letGo(); }
+
+    fs::path file(const std::string& name, const std::string& content = {}) const {
+        const fs::path path = program.root().parent_path() / "Eingang" / name;
+        fs::create_directories(path.parent_path());
+        std::ofstream(path) << (content.empty() ? name : content);
+        return path;
+    }
+    void drop(const std::vector<fs::path>& files) {
+        QMimeData data;
+        QList<QUrl> urls;
+        for (const fs::path& one : files) {
+            urls << QUrl::fromLocalFile(QString::fromStdString(one.string()));
+        }
+        data.setUrls(urls);
+        QWidget& page = program.find(u"page:documents"_s);
+        QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton,
+                              Qt::NoModifier);
+        QCoreApplication::sendEvent(&page, &enter);
+        EXPECT_TRUE(enter.isAccepted());
+        QDropEvent event(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&page, &event);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !program.desk->intake().isBusy(); }, 10'000));
+    }
+    void dropAndRead(const std::vector<fs::path>& files) {
+        drop(files);
+        waitForReading();
+    }
+    void waitForReading() {
+        ASSERT_TRUE(QTest::qWaitFor([&] { return program.desk->readings().count() == 0; }, 10'000));
+        program.settle();
+    }
+    const StoredDocument& stored(const std::string& title) const {
+        const auto found =
+            std::ranges::find(program.store->documents(), title, &StoredDocument::title);
+        if (found == program.store->documents().end()) {
+            throw std::runtime_error("no document is called " + title);
+        }
+        return *found;
+    }
+    pages::DocumentTable& table() const {
+        return program.find<pages::DocumentTable>(u"documents"_s);
+    }
+    /// What stands in a column, line by line.
+    QStringList column(pages::DocumentModel::Column column) const {
+        QStringList texts;
+        if (program.isShown(u"documents"_s)) {
+            for (int line = 0; line < table().model()->rowCount(); ++line) {
+                texts << table().model()->index(line, column).data().toString();
+            }
+        }
+        return texts;
+    }
+    QStringList titles() const { return column(pages::DocumentModel::title); }
+    void select(const QString& title) const {
+        const int line = static_cast<int>(titles().indexOf(title));
+        ASSERT_GE(line, 0) << title.toStdString();
+        table().selectRow(line);
+        table().setFocus();
+    }
+    QStyleOptionViewItem optionAt(const QModelIndex& index) const {
+        QStyleOptionViewItem option;
+        option.initFrom(&table());
+        option.rect = table().visualRect(index);
+        return option;
+    }
+    void choose(const QString& name, const QString& text) const {
+        auto& box = program.find<QComboBox>(name);
+        box.setCurrentIndex(box.findText(text));
+        ASSERT_EQ(box.currentText(), text);
+    }
+};
+
+TEST_F(DocumentsPage, readsWhatIsDroppedAndAttachesWhatItRead) {
+    dropAndRead({file("Lohn.pdf"), file("Spende.pdf"), file("Kaputt.pdf"), file("Brief.docx")});
+    const StoredDocument& salary = stored("Lohn");
+    EXPECT_EQ(salary.kind, Kind::lohnausweis);
+    EXPECT_EQ(salary.issuer, "Müller & Söhne AG");
+    EXPECT_EQ(salary.amount, Decimal(68'000));
+    EXPECT_EQ(stored("Spende").kind, Kind::spende) << "a payload names the kind";
+    EXPECT_EQ(column(pages::DocumentModel::state),
+              (QStringList{u"Nicht lesbar"_s, u"Offen"_s, u"Offen"_s}));
+    EXPECT_TRUE(program.find<QLabel>(u"intakeMessage"_s).text().contains(u"«Brief.docx»"_s));
+    const auto* const broken = dynamic_cast<pages::DocumentFilter&>(*table().model()).rowAt(0);
+    EXPECT_EQ(broken->detail, u"Diese Datei ist mit einem Passwort geschützt."_s);
+
+    reader.answers["Kaputt"] = {.text = "Police", .kind = Kind::versicherung, .pageCount = 1};
+    select(u"Kaputt"_s);
+    program.click(u"readDocumentAgain"_s);
+    waitForReading();
+    EXPECT_EQ(stored("Kaputt").kind, Kind::versicherung);
+}
+
+TEST_F(DocumentsPage, readsTwoAtATimeAndEndsWhatIsCancelled) {
+    reader.hold();
+    drop({file("a.pdf"), file("b.pdf"), file("c.pdf"), file("d.pdf")});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return reader.count() >= 1; }));
+    EXPECT_EQ(program.desk->readings().count(), 4U);
+    EXPECT_TRUE(program.find<QLabel>(u"readingNow"_s).text().startsWith(u"4 Belege"_s));
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return column(pages::DocumentModel::state).contains(u"Seite 2 von 4"_s); }));
+
+    // The cross in the line of one that is read.
+    const auto line =
+        static_cast<int>(column(pages::DocumentModel::state).indexOf(u"Seite 2 von 4"_s));
+    const QString ended = titles().at(line);
+    const QModelIndex index = table().model()->index(line, pages::DocumentModel::state);
+    const auto& delegate = dynamic_cast<pages::DocumentDelegate&>(*table().itemDelegate());
+    QTest::mouseClick(table().viewport(), Qt::LeftButton, {},
+                      delegate.cancelPlace(optionAt(index), index).center());
+    EXPECT_EQ(program.desk->readings().count(), 3U);
+    EXPECT_FALSE(stored(ended.toStdString()).recognizedText);
+
+    // The page goes, reading goes on.
+    program.click(u"nav:overview"_s);
+    program.click(u"nav:documents"_s);
+    EXPECT_EQ(program.desk->readings().count(), 3U);
+    program.click(u"cancelAllReadings"_s);
+    EXPECT_EQ(program.desk->readings().count(), 0U);
+    EXPECT_FALSE(program.isShown(u"readingNow"_s));
+    for (const StoredDocument& document : program.store->documents()) {
+        EXPECT_FALSE(document.recognizedText) << document.title;
+    }
+
+    reader.letGo();
+    select(ended);
+    program.click(u"readDocumentAgain"_s);
+    waitForReading();
+    EXPECT_TRUE(stored(ended.toStdString()).recognizedText);
+    EXPECT_LE(reader.most(), 2);
+}
+
+TEST_F(DocumentsPage, endsWithReadingsUnderWay) {
+    reader.hold();
+    drop({file("a.pdf"), file("b.pdf"), file("c.pdf")});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return reader.count() >= 1; }));
+    program.open(); // the program ends, and begins anew
+    program.click(u"nav:documents"_s);
+    EXPECT_EQ(program.desk->readings().count(), 0U);
+    EXPECT_EQ(column(pages::DocumentModel::state),
+              (QStringList{u"Nicht gelesen"_s, u"Nicht gelesen"_s, u"Nicht gelesen"_s}));
+}
+
+TEST_F(DocumentsPage, asksAboutTheSameContentOfAnyYear) {
+    dropAndRead({file("Lohn.pdf", "gleich")});
+    program.store->setYear(2026);
+    program.settle();
+    drop({file("Kopie.pdf", "gleich"), file("Neu.pdf")});
+    EXPECT_EQ(titles(), QStringList{u"Neu"_s});
+    EXPECT_TRUE(program.find<QLabel>(u"twins"_s)
+                    .text()
+                    .contains(u"«Kopie.pdf» liegt schon als «Lohn» im Steuerjahr 2025."_s));
+    program.click(u"dropTwins"_s);
+    EXPECT_FALSE(program.isShown(u"twins"_s));
+    EXPECT_EQ(program.store->documents().size(), 2U);
+
+    drop({file("Kopie.pdf", "gleich")});
+    program.click(u"keepTwins"_s);
+    waitForReading();
+    EXPECT_EQ(titles(), (QStringList{u"Kopie"_s, u"Neu"_s}));
+    EXPECT_EQ(reader.count(), 2) << "the same content is read once";
+    EXPECT_EQ(stored("Kopie").kind, Kind::lohnausweis);
+}
+
+TEST_F(DocumentsPage, filtersAndSearches) {
+    dropAndRead({file("Lohn.pdf"), file("Spende.pdf"), file("Kaputt.pdf")});
+    auto& search = program.find<QLineEdit>(u"searchDocuments"_s);
+    search.setText(u"muller sohne"_s);
+    EXPECT_EQ(titles(), QStringList{u"Lohn"_s});
+    search.setText(u"GABE"_s);
+    EXPECT_EQ(titles(), QStringList{u"Spende"_s});
+    search.setText(u"nirgends"_s);
+    EXPECT_TRUE(titles().isEmpty());
+    EXPECT_TRUE(program.isShown(u"documentsEmpty"_s));
+    search.clear();
+    choose(u"filterKind"_s, u"Spende"_s);
+    EXPECT_EQ(titles(), QStringList{u"Spende"_s});
+    select(u"Spende"_s);
+    // The user corrects the kind; the filter on the former one has nothing left to show.
+    choose(u"documentKind"_s, u"Versicherung"_s);
+    Q_EMIT program.find<QComboBox>(u"documentKind"_s)
+        .activated(program.find<QComboBox>(u"documentKind"_s).currentIndex());
+    program.settle();
+    EXPECT_EQ(stored("Spende").kind, Kind::versicherung);
+    EXPECT_EQ(titles().size(), 3);
+    choose(u"filterState"_s, u"Nicht lesbar"_s);
+    EXPECT_EQ(titles(), QStringList{u"Kaputt"_s});
+}
+
+TEST_F(DocumentsPage, movesADocumentToTheYearItSpeaksOf) {
+    dropAndRead({file("Spende.pdf")});
+    const QModelIndex index = table().model()->index(0, pages::DocumentModel::title);
+    const auto& delegate = dynamic_cast<pages::DocumentDelegate&>(*table().itemDelegate());
+    const QRect link = delegate.movePlace(optionAt(index), index);
+    ASSERT_FALSE(link.isEmpty());
+    QTest::mouseClick(table().viewport(), Qt::LeftButton, {}, link.center());
+    program.settle();
+    EXPECT_EQ(stored("Spende").year, 2026);
+    EXPECT_TRUE(titles().isEmpty());
+    program.store->setYear(2026);
+    program.settle();
+    EXPECT_EQ(titles(), QStringList{u"Spende"_s});
+    EXPECT_FALSE(dynamic_cast<pages::DocumentFilter&>(*table().model()).rowAt(0)->otherYear);
+}
+
+TEST_F(DocumentsPage, removesSeveralByTheKeyboardAndBringsThemBack) {
+    dropAndRead({file("a.pdf"), file("b.pdf"), file("c.pdf")});
+    auto& badge = program.find<QPushButton>(u"nav:documents"_s);
+    EXPECT_EQ(badge.accessibleName(), u"Belege, 3 nicht übernommen"_s);
+    select(u"c"_s);
+    program.press(Qt::Key_Down, Qt::ShiftModifier);
+    program.press(Qt::Key_Delete);
+    EXPECT_EQ(titles(), QStringList{u"a"_s});
+    program.store->undo();
+    program.store->undo();
+    program.settle();
+    EXPECT_EQ(titles().size(), 3);
+    select(u"b"_s);
+    program.press(Qt::Key_F2);
+    program.type(u"Neuer Name"_s);
+    program.press(Qt::Key_Tab);
+    EXPECT_EQ(stored("Neuer Name").title, "Neuer Name");
+}
+
+TEST_F(DocumentsPage, opensTheSheetAlsoOfWhatIsNotReadYet) {
+    drop({file("Lohn.pdf")});
+    program.desk->readings().cancelAll();
+    program.settle();
+    select(u"Lohn"_s);
+    program.press(Qt::Key_Return);
+    const auto sheet = [&] { return program.window->findChild<pages::DocumentSheet*>(); };
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return sheet() != nullptr && sheet()->isVisible(); }, 10'000));
+    EXPECT_EQ(stored("Lohn").kind, Kind::lohnausweis);
+}
+
+TEST_F(DocumentsPage, aFieldOpensTheDocumentItsValueCameFrom) {
+    dropAndRead({file("Lohn.pdf")});
+    taxcore::TaxCase taxCase = program.store->current();
+    taxcore::SalaryCertificate certificate;
+    certificate.employer = "Muster AG";
+    certificate.grossSalary = Decimal(68'000);
+    taxCase.income1.salaries = {certificate};
+    const std::string path = "income1.salaries[" + certificate.id.toString() + "].grossSalary";
+    program.store->applyDocument(stored("Lohn").id, taxCase,
+                                 {{.path = path, .value = "68000", .page = 1}});
+    program.settle();
+    ASSERT_TRUE(program.window->showField(u"income1.salaries[0].grossSalary"_s));
+    program.settle();
+    EXPECT_FALSE(program.isShown(u"clip:income1.salaries[0].employer"_s));
+    auto& clip = program.find<QToolButton>(u"clip:income1.salaries[0].grossSalary"_s);
+    EXPECT_EQ(clip.accessibleName().left(9), u"Beleg zu "_s);
+    program.click(clip);
+    const auto* const sheet = program.window->findChild<pages::DocumentSheet*>();
+    ASSERT_NE(sheet, nullptr);
+    EXPECT_TRUE(sheet->isVisible());
+    delete sheet;
+
+    // With the document the link goes.
+    program.store->deleteDocument(Uuid(stored("Lohn").id));
+    program.settle();
+    EXPECT_FALSE(program.isShown(u"clip:income1.salaries[0].grossSalary"_s));
+}
+
+} // namespace
+} // namespace fiscarel
