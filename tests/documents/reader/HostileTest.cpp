@@ -179,7 +179,7 @@ TEST(Hostile, filesEndSoonAndWithASentence) {
         {"tree.pdf", recursiveTree(), ""},
         {"form.pdf", recursiveForm(), ""},
         {"text bomb.pdf",
-         bomb("BT /F 1 Tf 0 0 Td (x) Tj ET 0 0 m 500 800 l 90 30 l h f ", 20'000'000 / 52),
+         bomb("BT /F 1 Tf 0 0 Td (x) Tj ET 0 0 m 500 800 l 90 30 l h f ", 200'000'000 / 52),
          "zu lange"},
         {"nested bomb.pdf", bomb(std::string(1 << 20, 'q'), 200), ""},
         {"image bomb.pdf", imageBomb(60'000, 3'600), ""},
