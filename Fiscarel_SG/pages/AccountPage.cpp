@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/pages/AccountPage.h"
 
 #include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/look/FileDialogs.h"
 #include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Written.h"
 #include "Fiscarel_SG/pages/Cards.h"
@@ -9,7 +10,6 @@
 #include <QCoreApplication>
 #include <QDate>
 #include <QDesktopServices>
-#include <QFileDialog>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
@@ -264,16 +264,15 @@ AppStore::Done AccountPage::saying(const QString& done) {
 }
 
 void AccountPage::exportData() {
-    const QString file = QFileDialog::getSaveFileName(this, u"Daten exportieren"_s,
-                                                      qs(exportFileName), u"JSON (*.json)"_s);
+    const QString file = look::askWhereToSave(this, u"Daten exportieren"_s, qs(exportFileName),
+                                              {u"JSON"_s, u"json"_s});
     if (!file.isEmpty()) {
         store_.exportAll(utf8(file), saying(u"Die Daten liegen jetzt in %1."_s.arg(file)));
     }
 }
 
 void AccountPage::importData() {
-    const QString file =
-        QFileDialog::getOpenFileName(this, u"Daten importieren"_s, QString(), u"JSON (*.json)"_s);
+    const QString file = look::askForFile(this, u"Daten importieren"_s, {u"JSON"_s, u"json"_s});
     if (!file.isEmpty()) {
         store_.importExported(utf8(file), saying(u"Die Daten sind übernommen."_s));
     }
@@ -333,8 +332,8 @@ void AccountPage::withArchive(
 }
 
 void AccountPage::exportArchive() {
-    const QString file = QFileDialog::getSaveFileName(this, u"Archiv mit Belegen erstellen"_s,
-                                                      qs(archiveFileName), u"ZIP (*.zip)"_s);
+    const QString file = look::askWhereToSave(this, u"Archiv mit Belegen erstellen"_s,
+                                              qs(archiveFileName), {u"ZIP"_s, u"zip"_s});
     if (!file.isEmpty()) {
         withArchive(u"Das Archiv wird geschrieben …"_s, u"Das Archiv ist erstellt:"_s,
                     [&](ArchiveProgress progress, AppStore::ArchiveDone done) {
@@ -344,8 +343,7 @@ void AccountPage::exportArchive() {
 }
 
 void AccountPage::importArchive() {
-    const QString file =
-        QFileDialog::getOpenFileName(this, u"Archiv einlesen"_s, QString(), u"ZIP (*.zip)"_s);
+    const QString file = look::askForFile(this, u"Archiv einlesen"_s, {u"ZIP"_s, u"zip"_s});
     if (!file.isEmpty()) {
         withArchive(u"Das Archiv wird gelesen …"_s, u"Das Archiv ist übernommen:"_s,
                     [&](ArchiveProgress progress, AppStore::ArchiveDone done) {

@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/look/ElidingButton.h"
+#include "Fiscarel_SG/look/FileDialogs.h"
 #include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
 #include "Fiscarel_SG/outputs/ReportContent.h"
@@ -9,7 +10,6 @@
 #include "Fiscarel_SG/paper/BundleDocuments.h"
 #include "Fiscarel_SG/store/PosixFiles.h"
 
-#include <QFileDialog>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -147,14 +147,11 @@ void EnclosuresCard::refresh() {
 }
 
 void EnclosuresCard::save() {
-    QString file = QFileDialog::getSaveFileName(
-        this, u"Beilagen speichern"_s, qs(outputs::pdfFileName("Belege", store_.current())),
-        u"PDF (*.pdf)"_s);
+    const QString file = look::askWhereToSave(this, u"Beilagen speichern"_s,
+                                              qs(outputs::pdfFileName("Belege", store_.current())),
+                                              {u"PDF"_s, u"pdf"_s});
     if (file.isEmpty()) {
         return;
-    }
-    if (!file.endsWith(u".pdf"_s, Qt::CaseInsensitive)) {
-        file += u".pdf"_s;
     }
     std::vector<paper::BundleItem> items;
     for (const taxcore::Uuid& id : checklist_.order()) {

@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/pages/ReportPage.h"
 
 #include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/look/FileDialogs.h"
 #include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
 #include "Fiscarel_SG/outputs/ReportContent.h"
@@ -8,7 +9,6 @@
 #include "Fiscarel_SG/store/PosixFiles.h"
 
 #include <QComboBox>
-#include <QFileDialog>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
@@ -335,13 +335,10 @@ void ReportPage::showCurrentPage() {
 }
 
 void ReportPage::save() {
-    QString file = QFileDialog::getSaveFileName(this, u"Bericht als PDF speichern"_s,
-                                                qs(suggestedName_), u"PDF (*.pdf)"_s);
+    const QString file = look::askWhereToSave(this, u"Bericht als PDF speichern"_s,
+                                              qs(suggestedName_), {u"PDF"_s, u"pdf"_s});
     if (file.isEmpty() || !document_) {
         return;
-    }
-    if (!file.endsWith(u".pdf"_s, Qt::CaseInsensitive)) {
-        file += u".pdf"_s;
     }
     run(u"Das PDF wird geschrieben …"_s, u"Gespeichert: %1"_s.arg(file),
         [document = document_, file = utf8(file)]() -> std::optional<std::string> {

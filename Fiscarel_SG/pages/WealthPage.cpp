@@ -216,7 +216,8 @@ ListCard debtsCard(const PageContext& context) {
     ListCard card = listCard<Debt>(
         within<&TaxCase::debts>(wholeCase()),
         {.title = "Schulden",
-         .help = liechtenstein ? "Hypotheken, Darlehen und offene Rechnungen."
+         .help = liechtenstein ? "Hypotheken, Darlehen und offene Rechnungen. Schuldzinsen werden "
+                                 "nicht abgezogen: Schon die Schuld mindert den Sollertrag."
                                : "Hypotheken, Darlehen und offene Rechnungen mit ihren Zinsen. "
                                  "Leasing zählt nicht.",
          .itemName = "Schuld",

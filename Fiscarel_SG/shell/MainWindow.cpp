@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/PagePaths.h"
+#include "Fiscarel_SG/look/EnterPresses.h"
 #include "Fiscarel_SG/look/Icons.h"
 #include "Fiscarel_SG/look/KeyboardOrder.h"
 #include "Fiscarel_SG/look/QtText.h"
@@ -109,6 +110,7 @@ MainWindow::MainWindow(AppStore& store, Settings& settings, pages::DocumentDesk&
     restoreWindow();
     showLoadError();
     qApp->installEventFilter(this);
+    qApp->installEventFilter(new look::EnterPresses(this));
 }
 
 MainWindow::~MainWindow() { qApp->removeEventFilter(this); }
@@ -128,11 +130,8 @@ void MainWindow::connectStore() {
     connect(sidebar_, &Sidebar::searchWanted, this, &MainWindow::search);
     connect(sidebar_, &Sidebar::undoWanted, this, &MainWindow::undo);
     connect(sidebar_, &Sidebar::redoWanted, this, &MainWindow::redo);
-    connect(sidebar_, &Sidebar::yearWanted, this, [this](int year) { store_.setYear(year); });
-    connect(sidebar_, &Sidebar::regionWanted, this, [this](bool liechtenstein) {
-        store_.setRegion(liechtenstein ? taxcore::TaxRegion::liechtenstein
-                                       : taxcore::TaxRegion::stGallen);
-    });
+    connect(sidebar_, &Sidebar::yearWanted, this, &MainWindow::goToYear);
+    connect(sidebar_, &Sidebar::regionWanted, this, &MainWindow::moveToRegion);
     connect(stack_, &PageStack::shown, this, &MainWindow::pageShown);
     connect(stack_, &PageStack::fieldWanted, this, &MainWindow::showField);
     connect(stack_, &PageStack::pageWanted, this, &MainWindow::showPage);
@@ -317,6 +316,26 @@ void MainWindow::search() {
         }
     }
     search_->begin(searchEntries(store_, all));
+}
+
+/// A year that begins with the entries of the one before says so: they look like its own.
+void MainWindow::goToYear(int year) {
+    const bool isCarriedOver = !store_.cases().contains(year) && store_.cases().contains(year - 1);
+    store_.setYear(year);
+    if (isCarriedOver && store_.cases().contains(year)) {
+        toast_->say(u"%1 beginnt mit den Angaben von %2; die Beträge des Jahres sind leer. Spätere "
+                    "Änderungen in %2 gehen nicht mehr mit."_s.arg(year)
+                        .arg(year - 1));
+    }
+}
+
+void MainWindow::moveToRegion(bool liechtenstein) {
+    const std::string before = store_.current().municipality;
+    store_.setRegion(liechtenstein ? taxcore::TaxRegion::liechtenstein
+                                   : taxcore::TaxRegion::stGallen);
+    if (const std::string& now = store_.current().municipality; now != before) {
+        toast_->say(u"Als Gemeinde steht jetzt «%1». Bitte unter «Familie» prüfen."_s.arg(qs(now)));
+    }
 }
 
 void MainWindow::resetYear() {

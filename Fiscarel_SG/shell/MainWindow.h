@@ -21,7 +21,7 @@ class Toast;
 namespace pages {
 class DocumentDesk;
 class DocumentOpener;
-}
+} // namespace pages
 } // namespace fiscarel
 
 namespace fiscarel::shell {
@@ -73,6 +73,8 @@ class MainWindow final : public QMainWindow {
     void undo();
     void redo();
     void search();
+    void goToYear(int year);
+    void moveToRegion(bool liechtenstein);
     void resetYear();
     void showLoadError();
     bool leavesUnread();

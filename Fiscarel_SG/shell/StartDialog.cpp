@@ -1,11 +1,11 @@
 #include "Fiscarel_SG/shell/StartDialog.h"
 
 #include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/look/FileDialogs.h"
 #include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
 #include "Fiscarel_SG/look/Written.h"
 
-#include <QFileDialog>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
@@ -73,8 +73,8 @@ void StartDialog::begin() {
 }
 
 void StartDialog::beginWithFile() {
-    const QString file = QFileDialog::getOpenFileName(this, u"Datei des Vorjahrs"_s, QString(),
-                                                      u"Sicherung (*.json)"_s);
+    const QString file =
+        look::askForFile(this, u"Datei des Vorjahrs"_s, {u"Sicherung"_s, u"json"_s});
     if (file.isEmpty()) {
         return;
     }

@@ -223,6 +223,8 @@ TEST_F(MainWindowTest, yearAndRegionAreSwitchedInTheSidebar) {
     program.press(Qt::Key_Down);
     program.settle();
     EXPECT_EQ(program.store->year(), 2026);
+    const auto said = [&] { return program.find<QLabel>(u"toastText"_s).text(); };
+    EXPECT_TRUE(said().startsWith(u"2026 beginnt mit den Angaben von 2025"_s)) << "carried over";
     EXPECT_EQ(program.find<QComboBox>(u"year"_s).currentData().toInt(), 2026);
     EXPECT_EQ(focusName(), u"year"_s);
     EXPECT_EQ(program.window->currentPage(), u"wealth"_s);
@@ -232,6 +234,8 @@ TEST_F(MainWindowTest, yearAndRegionAreSwitchedInTheSidebar) {
     program.settle();
     EXPECT_EQ(program.store->current().taxRegion(), TaxRegion::liechtenstein);
     EXPECT_TRUE(program.isShown(u"li.householdGoods"_s));
+    EXPECT_TRUE(said().contains(QString::fromStdString(program.store->current().municipality)))
+        << "it was replaced";
     EXPECT_NE(program.find<QLabel>(u"total"_s).text(), total);
 
     program.press(Qt::Key_Z, Qt::ControlModifier);
@@ -239,6 +243,17 @@ TEST_F(MainWindowTest, yearAndRegionAreSwitchedInTheSidebar) {
     EXPECT_EQ(program.store->current().taxRegion(), TaxRegion::stGallen);
     EXPECT_EQ(program.find<QComboBox>(u"region"_s).currentIndex(), 0);
     EXPECT_FALSE(program.isShown(u"li.householdGoods"_s));
+}
+
+TEST_F(MainWindowTest, enterPressesAButtonLikeTheSpaceBar) {
+    program.openDemo(TaxRegion::stGallen);
+    program.find(u"nav:family"_s).setFocus(Qt::TabFocusReason);
+    program.press(Qt::Key_Return);
+    EXPECT_EQ(program.window->currentPage(), u"family"_s);
+    const std::size_t children = program.store->current().children.size();
+    program.find(u"add:children"_s).setFocus(Qt::TabFocusReason);
+    program.press(Qt::Key_Enter, Qt::KeypadModifier);
+    EXPECT_EQ(program.store->current().children.size(), children + 1);
 }
 
 TEST_F(MainWindowTest, theFirstStartAsksForTheRegionOnce) {

@@ -1,12 +1,12 @@
 #include "Fiscarel_SG/pages/documents/IntakeCard.h"
 
 #include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/look/FileDialogs.h"
 #include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
 #include "Fiscarel_SG/pages/Cards.h"
 #include "Fiscarel_SG/pages/documents/DocumentDesk.h"
 
-#include <QFileDialog>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -138,16 +138,15 @@ void IntakeCard::setInvites(bool invites) {
 void IntakeCard::pickFiles() {
     std::vector<std::filesystem::path> files;
     for (const QString& file :
-         QFileDialog::getOpenFileNames(this, u"Belege auswählen"_s, QString(),
-                                       u"Belege (%1);;Alle Dateien (*)"_s.arg(pickedEndings()))) {
+         look::askForFiles(this, u"Belege auswählen"_s,
+                           u"Belege (%1);;Alle Dateien (*)"_s.arg(pickedEndings()))) {
         files.emplace_back(utf8(file));
     }
     desk_.intake().take(std::move(files));
 }
 
 void IntakeCard::pickFolder() {
-    const QString folder =
-        QFileDialog::getExistingDirectory(this, u"Ordner mit Belegen auswählen"_s);
+    const QString folder = look::askForFolder(this, u"Ordner mit Belegen auswählen"_s);
     if (!folder.isEmpty()) {
         desk_.intake().take({utf8(folder)});
     }
