@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/documents/ContentHash.h"
+#include "Fiscarel_SG/documents/ScanSummary.h"
 
 #include <QThread>
 #include <algorithm>
@@ -135,9 +136,8 @@ void DocumentReadings::attach(const Uuid& id, const ScanResult& result) {
         }
         if (isFirst || !result.problem) {
             document.recognizedText = result.text;
-            document.issuer = result.issuer;
-            document.amount =
-                result.fields.empty() ? std::nullopt : std::optional(result.fields.front().value);
+            document.issuer = issuerName(result);
+            document.amount = mainAmount(result);
         }
     });
 }

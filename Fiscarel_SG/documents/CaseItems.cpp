@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/CaseItems.h"
 
 #include "Fiscarel_SG/documents/Likeness.h"
+#include "Fiscarel_SG/documents/ScanSummary.h"
 #include "Fiscarel_SG/store/ItemTitles.h"
 #include "TaxCore/base/Iban.h"
 
@@ -61,15 +62,12 @@ struct Described {
 };
 
 Described describe(const ScanResult& scan, std::size_t record) {
-    static constexpr std::array<std::string_view, 8> names{"employer", "label",       "institution",
-                                                           "creditor", "provider",    "recipient",
-                                                           "company",  "municipality"};
-    Described described;
+    Described described{.name = sourceName(scan, record), .account = {}};
     for (const Proposal& proposal : scan.proposals) {
         if (static_cast<std::size_t>(proposal.recordIndex) != record) {
             continue;
         }
-        if (std::ranges::find(names, proposal.field) != names.end()) {
+        if (proposal.field == "municipality") {
             described.name = proposal.value;
         } else if (proposal.field == "ibanOrValor") {
             described.account = compactIban(proposal.value);

@@ -125,8 +125,8 @@ void EnclosuresCard::refresh() {
         addRow(*grid, row++, enclosure);
     }
     if (checklist_.enclosures.empty()) {
-        grid->addWidget(new QLabel(u"Die bisherigen Angaben brauchen keine Beilagen."_s, rows_), 0,
-                        0, 1, 3);
+        grid->addWidget(new QLabel(u"Die bisherigen Angaben brauchen keine Beilagen."_s, rows_),
+                        row++, 0, 1, 3);
     }
     if (!checklist_.others.empty()) {
         auto* const others =

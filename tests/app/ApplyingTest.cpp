@@ -2,6 +2,7 @@
 
 #include "AppStoreFixture.h"
 #include "Fiscarel_SG/documents/Likeness.h"
+#include "Fiscarel_SG/documents/ScanSummary.h"
 
 #include <gtest/gtest.h>
 
@@ -269,6 +270,26 @@ TEST(Applying, aBillOrGiftIsAlwaysItsOwnRecord) {
     paper.apply();
     paper.apply();
     EXPECT_EQ(paper.taxCase.householdDeductions.donations.size(), 2U);
+}
+
+TEST(Applying, aDocumentIsKnownByWhatItProposes) {
+    Paper paper;
+    EXPECT_EQ(mainAmount(paper.scan), std::nullopt);
+    paper.scan.fields = {{.value = 8}};
+    paper.scan.issuer = "Erste Zeile";
+    EXPECT_EQ(mainAmount(paper.scan), Decimal(8)) << "by words where nothing is proposed";
+    EXPECT_EQ(issuerName(paper.scan), "Erste Zeile");
+    paper.add({.kind = Kind::security},
+              {{"quantity", "12"}, {"institution", "Bank"}, {"taxValue", "100.5"}});
+    EXPECT_EQ(mainAmount(paper.scan), std::nullopt) << "unsure";
+    for (Proposal& proposal : paper.scan.proposals) {
+        proposal.confidence = Proposal::Confidence::medium;
+    }
+    EXPECT_EQ(mainAmount(paper.scan), Decimal::parse("100.5").value());
+    EXPECT_EQ(issuerName(paper.scan), "Bank");
+    paper.add({.kind = Kind::security}, {{"kind", "steuerauszug"}, {"taxValue", "900"}});
+    paper.scan.proposals.back().confidence = Proposal::Confidence::high;
+    EXPECT_EQ(mainAmount(paper.scan), Decimal(900)) << "the total of a statement";
 }
 
 TEST(Applying, namesAreAlikeHoweverTheyAreWritten) {
