@@ -1,5 +1,5 @@
-// Takes pictures of the page of documents, in light and dark, with the files of the command line in
-// it, read by the reading process:
+// Takes pictures of the page of documents and of the sheet of each one, in light and dark, with the
+// files of the command line, read by the reading process:
 //   document-pictures FOLDER WIDTH HEIGHT FILE…
 // Every file comes in under a short and a very long name as well, and one nobody can read.
 
@@ -62,6 +62,7 @@ class Pictures {
             markOne();
             QTest::qWait(1'500);
             shootPage(window);
+            shootSheets(window);
         }
     }
 
@@ -117,6 +118,25 @@ class Pictures {
                 break;
             }
             bar.setValue(bar.value() + bar.pageStep() - 60);
+        }
+    }
+
+    /// The sheet of each document that was picked.
+    void shootSheets(shell::MainWindow& window) {
+        auto* const table =
+            window.findChild<QWidget*>(u"page:documents"_s)->findChild<QTableView*>(u"documents"_s);
+        for (int row = 0; row < table->model()->rowCount(); ++row) {
+            table->selectRow(row);
+            table->setFocus();
+            QTest::keyClick(table, Qt::Key_Return);
+            QTest::qWait(2'500);
+            for (QDialog* const sheet : window.findChildren<QDialog*>()) {
+                if (sheet->isVisible()) {
+                    shoot(*sheet, u"sheet"_s + QString::number(row));
+                    sheet->reject();
+                }
+            }
+            QTest::qWait(200);
         }
     }
 
