@@ -27,6 +27,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+constexpr int problemHeight = 19; ///< kept free, so that nothing moves
 constexpr int aroundProblem = 12; ///< kept in sight around it, pixels
 
 } // namespace
@@ -49,7 +50,7 @@ TableView::TableView(ListCard list, AppStore& store, const std::string& pageId, 
     look::setRole(problem_, "error");
     problem_->setObjectName(u"problem:"_s + qs(card().path));
     problem_->setWordWrap(true);
-    problem_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    problem_->setMinimumHeight(problemHeight);
     look::setRole(help_, "help");
     help_->setObjectName(u"help:"_s + qs(card().path));
     help_->setWordWrap(true);
@@ -58,8 +59,12 @@ TableView::TableView(ListCard list, AppStore& store, const std::string& pageId, 
 
     auto* const foot = new QHBoxLayout;
     foot->setSpacing(18);
-    addTools(*foot); // the problem beside the tools, so that nothing moves
-    content().addLayout(foot);
+    addTools(*foot);
+    auto* const below = new QVBoxLayout;
+    below->setSpacing(0);
+    below->addLayout(foot);
+    below->addWidget(problem_);
+    content().addLayout(below);
     auto* const end = new QHBoxLayout;
     end->addWidget(&takeOver(), 0, Qt::AlignLeft);
     end->addWidget(&total(), 1);
@@ -157,7 +162,7 @@ void TableView::addTools(QHBoxLayout& line) {
                      withRecord([this](std::size_t record) { duplicate(record); }));
     up_ = add(u"Nach oben"_s, u"up"_s, [this] { moveSelected(-1); });
     down_ = add(u"Nach unten"_s, u"down"_s, [this] { moveSelected(1); });
-    line.addWidget(problem_, 1);
+    line.addStretch(1);
     remove_ = add(u"Zeile entfernen"_s, u"remove"_s,
                   withRecord([this](std::size_t record) { remove(record); }));
     look::setRole(remove_, "danger");

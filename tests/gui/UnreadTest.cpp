@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QComboBox>
 #include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
@@ -418,6 +419,33 @@ TEST_F(UnreadCell, holdsWhatIsPastedToo) {
     EXPECT_EQ(told(), Paths()) << "undone with all that was pasted";
     EXPECT_EQ(textAt(0, amount), u"500"_s);
     EXPECT_EQ(problem(), QString());
+}
+
+TEST_F(UnreadCell, ofAChoiceWaitsForAnotherOne) {
+    openWith({});
+    TaxCase taxCase{.year = 2025};
+    taxCase.securities.emplace_back();
+    program.show(taxCase);
+    program.click(u"nav:wealth"_s);
+    auto& securities = program.find<QTableView>(u"table:securities"_s);
+    const QModelIndex kind = securities.model()->index(0, 1);
+    const QString usual = kind.data().toString();
+    securities.setFocus(Qt::OtherFocusReason);
+    securities.setCurrentIndex(securities.model()->index(0, 0));
+    QApplication::clipboard()->setText(u"Bank\tQuatsch\n"_s);
+    program.press(Qt::Key_V, Qt::ControlModifier);
+    program.settle();
+    EXPECT_EQ(kind.data().toString(), u"Quatsch"_s);
+    EXPECT_EQ(told(), Paths({"securities[0].kind"}));
+    ASSERT_TRUE(program.window->showField(u"securities[0].kind"_s));
+    program.settle();
+    auto* const box = qobject_cast<QComboBox*>(QApplication::focusWidget());
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->placeholderText(), u"Quatsch"_s);
+    program.press(Qt::Key_Down); // the first one, as it was
+    program.settle();
+    EXPECT_EQ(kind.data().toString(), usual);
+    EXPECT_EQ(told(), Paths());
 }
 
 } // namespace
