@@ -246,8 +246,17 @@ std::vector<Notice> AppStore::notices() const {
 }
 
 void AppStore::setUnread(int year, const std::string& path, std::optional<UnreadText> text) {
+    setUnread(year, {{path, std::move(text)}});
+}
+
+void AppStore::setUnread(int year, std::map<std::string, std::optional<UnreadText>> texts) {
     const auto found = state_.cases.find(year);
-    if (found != state_.cases.end() && unread_.set(found->second, path, std::move(text))) {
+    bool changed = false;
+    for (auto& [path, text] : texts) {
+        changed = (found != state_.cases.end() && unread_.set(found->second, path, std::move(text)))
+                  || changed;
+    }
+    if (changed) {
         Q_EMIT unreadChanged();
     }
 }

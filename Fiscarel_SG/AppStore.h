@@ -114,6 +114,8 @@ class AppStore final : public QObject {
     /// A field of a year holds text that cannot be read, so that the case keeps its former value;
     /// absent: no longer. The text is kept for the session.
     void setUnread(int year, const std::string& path, std::optional<UnreadText> text);
+    /// The same for fields by their paths, told as one.
+    void setUnread(int year, std::map<std::string, std::optional<UnreadText>> texts);
     /// Of a field of the selected year; null when what stands there can be read.
     const std::string* unreadText(const std::string& path) const {
         return unread_.at(current(), path);

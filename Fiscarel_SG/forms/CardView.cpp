@@ -154,7 +154,7 @@ CardView* makeCard(const Card& card, AppStore& store, const EditorContext& conte
     }
     const auto& list = std::get<ListCard>(card);
     if (list.isTable) {
-        return new TableView(list, store, parent);
+        return new TableView(list, store, context.pageId, parent);
     }
     return new ListView(list, store, context, parent);
 }

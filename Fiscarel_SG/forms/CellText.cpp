@@ -106,8 +106,8 @@ tl::expected<Value, QString> readCell(const BoundField& field, const QString& te
     if (trimmed.isEmpty()) {
         return isText(field.editor) && !field.isOptional ? Value(std::string()) : Value();
     }
-    return readValue(field, trimmed, referenceYear).map_error([&](const std::string& sentence) {
-        return qs(field.label) + u": "_s + qs(sentence);
+    return readValue(field, trimmed, referenceYear).map_error([](const std::string& sentence) {
+        return qs(sentence);
     });
 }
 

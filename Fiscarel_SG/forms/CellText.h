@@ -18,7 +18,7 @@ bool isNumber(Editor editor) noexcept;
 QString cellText(const BoundField& field, const Value& value);
 
 /// What stands in a cell of a table or a spreadsheet, as a value of the field; or a German sentence
-/// that begins with the field's label. An empty cell is the absent value, which leaves a choice
+/// that says why it is none. An empty cell is the absent value, which leaves a choice
 /// that must not be absent as it is. Short years are meant near `referenceYear`.
 tl::expected<Value, QString> readCell(const BoundField& field, const QString& text,
                                       int referenceYear);

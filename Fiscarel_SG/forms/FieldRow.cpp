@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/DocumentClip.h"
 #include "Fiscarel_SG/forms/HelpButton.h"
+#include "Fiscarel_SG/forms/UnreadNotice.h"
 #include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
 
@@ -149,12 +150,11 @@ void FieldRow::tellUnread() {
     unread_ = text;
     std::optional<UnreadText> told;
     if (!text.isNull()) {
-        told = {
-            .text = utf8(text),
-            .problem = {.level = taxcore::Notice::Level::error,
-                        .title = "«" + utf8(label_->text()) + "» ist nicht lesbar",
-                        .message = utf8(editor_->problem()) + " Bis dahin gilt der bisherige Wert.",
-                        .area = pageId_}};
+        told = unreadNotice(field_, {.text = text,
+                                     .label = label_->text(),
+                                     .problem = editor_->problem(),
+                                     .before = editor_->value(),
+                                     .pageId = pageId_});
     }
     store_.setUnread(year_, field_.path, std::move(told));
 }

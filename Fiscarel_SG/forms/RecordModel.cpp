@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/forms/CellText.h"
+#include "Fiscarel_SG/look/Icons.h"
 #include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
 
@@ -29,9 +30,9 @@ QStringList linesOf(QString text) {
 QString pasteProblem(const QStringList& problems, qsizetype lines) {
     QStringList sentences;
     if (problems.size() == 1) {
-        sentences << u"Ein Feld war nicht lesbar."_s << problems.first();
+        sentences << u"Ein Feld ist nicht lesbar."_s << problems.first();
     } else if (!problems.isEmpty()) {
-        sentences << u"%1 Felder waren nicht lesbar."_s.arg(problems.size()) << problems.first();
+        sentences << u"%L1 Felder sind nicht lesbar."_s.arg(problems.size()) << problems.first();
     }
     if (lines > mostPastedRows) {
         sentences
@@ -45,12 +46,24 @@ QVariant rawText(const Value& value) {
     return raw != nullptr ? QVariant(qs(*raw)) : QVariant();
 }
 
+UnreadCells::Cell cellOf(const QModelIndex& index) {
+    return {static_cast<std::size_t>(index.row()), index.column()};
+}
+
+/// "Betrag: «viel» ist kein Betrag."
+QString ofColumn(const BoundField& column, const QString& sentence) {
+    return qs(column.label) + u": "_s + sentence;
+}
+
 } // namespace
 
-RecordModel::RecordModel(const ListCard& card, AppStore& store, QObject* parent)
-    : QAbstractTableModel(parent), card_(card), store_(store), columns_(card.fields(0)),
-      shownRecords_(records()) {
+RecordModel::RecordModel(const ListCard& card, AppStore& store, std::string pageId, QObject* parent)
+    : QAbstractTableModel(parent), card_(card), store_(store), year_(store.year()),
+      columns_(card.fields(0)), shownRecords_(records()),
+      unread_(card_, columns_, store, std::move(pageId)) {
     learnColumns();
+    unread_.follow();
+    connect(&store, &AppStore::unreadChanged, this, &RecordModel::followTexts);
 }
 
 void RecordModel::learnColumns() {
@@ -91,6 +104,9 @@ QVariant RecordModel::data(const QModelIndex& index, int role) const {
     if (row >= shownRecords_) {
         return emptyRow(index, role);
     }
+    if (const auto* const unread = unread_.at(cellOf(index))) {
+        return unreadCell(*unread, index, role);
+    }
     const Value value =
         card_.fields(row)[static_cast<std::size_t>(index.column())].get(store_.current());
     if (field.editor == Editor::check) {
@@ -107,6 +123,30 @@ QVariant RecordModel::data(const QModelIndex& index, int role) const {
         return cellText(field, value);
     case Qt::ToolTipRole: // it may have been too long for the column
         return QStringList{cellText(field, value), labelText(field.help)}.join(u"\n\n"_s).trimmed();
+    default:
+        return {};
+    }
+}
+
+/// Marked by its colour and by a sign.
+QVariant RecordModel::unreadCell(const UnreadCells::Unread& unread, const QModelIndex& index,
+                                 int role) const {
+    const QString problem = ofColumn(column(index.column()), unread.problem);
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+        return unread.text;
+    case Qt::ForegroundRole:
+        return look::Theme::current().error;
+    case Qt::DecorationRole:
+        return look::icon(u"unread"_s, look::Theme::current().error);
+    case problemRole:
+    case Qt::AccessibleDescriptionRole:
+        return problem;
+    case Qt::ToolTipRole:
+        return QStringList{problem, labelText(column(index.column()).help)}
+            .join(u"\n\n"_s)
+            .trimmed();
     default:
         return {};
     }
@@ -161,23 +201,53 @@ Qt::ItemFlags RecordModel::flags(const QModelIndex& index) const {
                                                           : plain | Qt::ItemIsEditable;
 }
 
-void RecordModel::writeCell(TaxCase& taxCase, std::size_t row, int column,
-                            const Value& value) const {
-    while (card_.size(taxCase) <= row) {
+void RecordModel::addRecords(TaxCase& taxCase, std::size_t lastRow) const {
+    while (card_.size(taxCase) <= lastRow) {
         card_.add(taxCase);
     }
+}
+
+void RecordModel::writeCell(TaxCase& taxCase, std::size_t row, int column,
+                            const Value& value) const {
+    addRecords(taxCase, row);
     card_.fields(row)[static_cast<std::size_t>(column)].set(taxCase, value);
 }
 
-void RecordModel::tell(const QString& problem) {
-    if (problem != problem_) {
-        problem_ = problem;
+void RecordModel::tell(const QString& sentence) {
+    if (sentence != told_) {
+        told_ = sentence;
         Q_EMIT problemChanged();
+    }
+}
+
+QString RecordModel::problem(const QModelIndex& current) const {
+    if (!told_.isEmpty()) {
+        return told_;
+    }
+    if (current.isValid() && unread_.at(cellOf(current)) != nullptr) {
+        return data(current, problemRole).toString();
+    }
+    const auto cell = unread_.toTell();
+    if (!cell) {
+        return {};
+    }
+    const QString sentence = u"Zeile %1, %2"_s.arg(cell->first + 1)
+                                 .arg(ofColumn(column(cell->second), unread_.at(*cell)->problem));
+    const std::size_t others = unread_.size() - 1;
+    return others == 0   ? sentence
+           : others == 1 ? sentence + u" Noch ein Feld ist nicht lesbar."_s
+                         : sentence + u" Noch %L1 Felder sind nicht lesbar."_s.arg(others);
+}
+
+void RecordModel::reach(const QModelIndex& current) {
+    if (current.isValid() && unread_.at(cellOf(current)) != nullptr) {
+        tell({}); // its own problem is told now
     }
 }
 
 bool RecordModel::setData(const QModelIndex& index, const QVariant& value, int role) {
     const BoundField& field = column(index.column());
+    const bool isUnread = unread_.at(cellOf(index)) != nullptr;
     tl::expected<Value, QString> cell = Value(value.toInt() == Qt::Checked);
     if (role != Qt::CheckStateRole) {
         const bool isRecord = static_cast<std::size_t>(index.row()) < shownRecords_;
@@ -186,38 +256,91 @@ bool RecordModel::setData(const QModelIndex& index, const QVariant& value, int r
             tell({});
             return true; // left as it was; an empty last row stays no record
         }
-        cell = readCell(field, value.toString(), store_.year());
+        cell = readCell(field, value.toString(), year_);
     }
     if (!cell) {
-        tell(cell.error());
-        return false;
+        keepText(index, value.toString());
+        return true;
+    }
+    if (store_.year() != year_) {
+        return false; // the keyboard leaves it while its page gives way to that of another year
+    }
+    if (isUnread) {
+        unread_.set({{cellOf(index), std::nullopt}});
     }
     tell(noteOn(field, *cell));
     store_.edit(field.label, [&](TaxCase& taxCase) {
-        writeCell(taxCase, static_cast<std::size_t>(index.row()), index.column(), *cell);
+        writeCell(taxCase, cellOf(index).first, index.column(), *cell);
     });
     return true;
 }
 
+/// In the empty row it makes a record, to which it belongs.
+void RecordModel::keepText(const QModelIndex& index, const QString& text) {
+    const UnreadCells::Cell cell = cellOf(index);
+    if (store_.year() == year_) {
+        store_.edit(column(cell.second).label,
+                    [&](TaxCase& taxCase) { addRecords(taxCase, cell.first); });
+    }
+    const auto taxCase = store_.cases().find(year_);
+    if (taxCase != store_.cases().end() && card_.size(taxCase->second) > cell.first) {
+        tell({});
+        unread_.set({{cell, text}});
+        Q_EMIT textKept();
+    }
+}
+
+bool RecordModel::dropText(const QModelIndex& index) {
+    const bool isUnread = index.isValid() && unread_.at(cellOf(index)) != nullptr;
+    if (isUnread) {
+        unread_.set({{cellOf(index), std::nullopt}});
+    }
+    return isUnread;
+}
+
 void RecordModel::paste(const QModelIndex& from, const QString& text) {
     QStringList problems;
+    UnreadCells::Texts texts;
     const QStringList lines = linesOf(text);
     const qsizetype count = std::min<qsizetype>(lines.size(), mostPastedRows);
-    TaxCase changed = store_.current();
+    const TaxCase before = store_.current();
+    TaxCase changed = before;
     for (qsizetype line = 0; line < count; ++line) {
         const QStringList cells = lines[line].split(u'\t');
+        const auto row = static_cast<std::size_t>(from.row() + line);
         const auto known = std::min<qsizetype>(cells.size(), columnCount() - from.column());
         for (qsizetype cell = 0; cell < known; ++cell) {
             const int at = from.column() + static_cast<int>(cell);
-            if (const auto value = readCell(column(at), cells[cell], store_.year())) {
-                writeCell(changed, static_cast<std::size_t>(from.row() + line), at, *value);
+            std::optional<QString>& unread = texts[{row, at}];
+            if (const auto value = readCell(column(at), cells[cell], year_)) {
+                writeCell(changed, row, at, *value);
             } else {
-                problems << value.error();
+                addRecords(changed, row);
+                unread = cells[cell].trimmed();
+                problems << ofColumn(column(at), value.error());
             }
         }
     }
     store_.setCurrent(std::move(changed), card_.title + " einfügen");
+    unread_.setPasted(texts, before);
     tell(pasteProblem(problems, lines.size()));
+    if (!problems.isEmpty()) {
+        Q_EMIT textKept();
+    }
+}
+
+/// Texts came or went, here or by undoing.
+void RecordModel::followTexts() {
+    const auto changed = unread_.follow();
+    for (const auto& [row, column] : changed) {
+        const QModelIndex cell = index(static_cast<int>(row), column);
+        if (cell.isValid()) { // the rows may follow later, with their page
+            Q_EMIT dataChanged(cell, cell);
+        }
+    }
+    if (!changed.empty()) {
+        Q_EMIT problemChanged();
+    }
 }
 
 /// Rows come and go at the end, so that who is typing keeps the cell; the empty row stays last.
@@ -233,8 +356,14 @@ void RecordModel::reload() {
         shownRecords_ = now;
         endRemoveRows();
     }
+    const bool wasPasted = unread_.isPasted();
+    unread_.follow();
+    if (wasPasted && !unread_.isPasted()) {
+        tell({}); // undone
+    }
     Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
     Q_EMIT headerDataChanged(Qt::Vertical, 0, rowCount() - 1);
+    Q_EMIT problemChanged();
 }
 
 } // namespace fiscarel::forms

@@ -81,7 +81,10 @@ class CellDelegate final : public QStyledItemDelegate {
     }
     void setEditorData(QWidget* editor, const QModelIndex& index) const override {
         if (auto* const box = qobject_cast<QComboBox*>(editor)) {
-            box->setCurrentIndex(box->findData(index.data(RecordModel::rawRole).toString()));
+            const bool isUnread = index.data(RecordModel::problemRole).isValid();
+            box->setPlaceholderText(isUnread ? index.data().toString() : QString());
+            box->setCurrentIndex(
+                isUnread ? -1 : box->findData(index.data(RecordModel::rawRole).toString()));
         } else {
             QStyledItemDelegate::setEditorData(editor, index);
         }
@@ -266,13 +269,14 @@ void RecordTable::scrollTo(const QModelIndex& index, ScrollHint hint) {
     }
 }
 
-void RecordTable::beginRecord() {
-    const QModelIndex first = model_.index(model_.rowCount() - 1, 0);
-    scrollTo(first);
-    setCurrentIndex(first);
+void RecordTable::beginRecord() { editAt(model_.index(model_.rowCount() - 1, 0)); }
+
+void RecordTable::editAt(const QModelIndex& cell) {
+    scrollTo(cell);
+    setCurrentIndex(cell);
     setFocus(Qt::OtherFocusReason);
-    if (state() != EditingState) { // it already is where the row became the current one
-        edit(first);
+    if (state() != EditingState) { // it already is where the cell became the current one
+        edit(cell);
     }
 }
 
@@ -295,6 +299,9 @@ bool RecordTable::focusNextPrevChild(bool next) {
 }
 
 void RecordTable::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+    if (hint == QAbstractItemDelegate::RevertModelCache) { // the escape key
+        model_.dropText(currentIndex());
+    }
     const bool next = hint == QAbstractItemDelegate::EditNextItem;
     const bool leaves = (next || hint == QAbstractItemDelegate::EditPreviousItem) && isAtEdge(next);
     QTableView::closeEditor(editor, leaves ? QAbstractItemDelegate::NoHint : hint);
@@ -315,9 +322,26 @@ void RecordTable::keyPressEvent(QKeyEvent* event) {
         QApplication::clipboard()->setText(currentIndex().data().toString());
     } else if (event->key() == Qt::Key_Delete && currentIndex().isValid()) {
         model_.setData(currentIndex(), QString(), Qt::EditRole);
+    } else if (event->key() == Qt::Key_Escape && model_.dropText(currentIndex())) {
+        event->accept();
     } else {
         QTableView::keyPressEvent(event);
     }
+}
+
+/// Who closes the window from a cell is asked about what stands there, as about all else.
+bool RecordTable::eventFilter(QObject* watched, QEvent* event) {
+    QWidget* const editor = QApplication::focusWidget();
+    if (event->type() == QEvent::Close && watched == window() && state() == EditingState
+        && editor != nullptr && viewport()->isAncestorOf(editor)) {
+        commitData(editor);
+    }
+    return QTableView::eventFilter(watched, event);
+}
+
+void RecordTable::showEvent(QShowEvent* event) {
+    window()->installEventFilter(this); // once, however often
+    QTableView::showEvent(event);
 }
 
 void RecordTable::paste() {

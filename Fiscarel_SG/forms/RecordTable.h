@@ -25,6 +25,8 @@ class RecordTable final : public QTableView {
 
     /// Puts the keyboard into the empty row; with the first entry there a record begins.
     void beginRecord();
+    /// Puts the keyboard into a cell to edit it.
+    void editAt(const QModelIndex& cell);
     /// Of the current row; absent in the empty row and without a current one.
     std::optional<std::size_t> currentRecord() const;
     /// As high as its rows, up to a limit.
@@ -44,6 +46,8 @@ class RecordTable final : public QTableView {
     void moved();
 
   protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent* event) override;

@@ -10,9 +10,11 @@
 #include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -23,10 +25,17 @@ namespace fiscarel::forms {
 
 using namespace Qt::Literals::StringLiterals;
 
-TableView::TableView(ListCard list, AppStore& store, QWidget* parent)
-    : RecordsView(std::move(list), store, parent), model_(new RecordModel(card(), store, this)),
-      table_(new RecordTable(*model_, this)), sums_(new SumRow(*table_, this)),
-      problem_(new QLabel(this)), help_(new QLabel(this)),
+namespace {
+
+constexpr int problemHeight = 19; ///< kept free, so that nothing moves
+constexpr int aroundProblem = 12; ///< kept in sight around it, pixels
+
+} // namespace
+
+TableView::TableView(ListCard list, AppStore& store, const std::string& pageId, QWidget* parent)
+    : RecordsView(std::move(list), store, parent),
+      model_(new RecordModel(card(), store, pageId, this)), table_(new RecordTable(*model_, this)),
+      sums_(new SumRow(*table_, this)), problem_(new QLabel(this)), help_(new QLabel(this)),
       helpButton_(new HelpButton(u"Hilfe zu dieser Spalte"_s, qs(card().title), this)),
       clip_(new DocumentClip(store, this)) {
     table_->setObjectName(u"table:"_s + qs(card().path));
@@ -39,8 +48,9 @@ TableView::TableView(ListCard list, AppStore& store, QWidget* parent)
     content().addLayout(grid);
     sums_->setObjectName(u"sums:"_s + qs(card().path));
     look::setRole(problem_, "error");
+    problem_->setObjectName(u"problem:"_s + qs(card().path));
     problem_->setWordWrap(true);
-    problem_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    problem_->setMinimumHeight(problemHeight);
     look::setRole(help_, "help");
     help_->setObjectName(u"help:"_s + qs(card().path));
     help_->setWordWrap(true);
@@ -49,21 +59,49 @@ TableView::TableView(ListCard list, AppStore& store, QWidget* parent)
 
     auto* const foot = new QHBoxLayout;
     foot->setSpacing(18);
-    addTools(*foot); // the problem beside the tools, so that nothing moves
-    content().addLayout(foot);
+    addTools(*foot);
+    auto* const below = new QVBoxLayout;
+    below->setSpacing(0);
+    below->addLayout(foot);
+    below->addWidget(problem_);
+    content().addLayout(below);
     auto* const end = new QHBoxLayout;
     end->addWidget(&takeOver(), 0, Qt::AlignLeft);
     end->addWidget(&total(), 1);
     total().setWordWrap(true);
     content().addLayout(end);
-    connect(model_, &RecordModel::problemChanged, this,
-            [this] { problem_->setText(model_->problem()); });
+    connect(model_, &RecordModel::problemChanged, this, &TableView::showProblem);
+    connect(model_, &RecordModel::textKept, this, &TableView::bringProblemInSight,
+            Qt::QueuedConnection);
+    connect(table_, &RecordTable::moved, this, [this] {
+        model_->reach(table_->currentIndex());
+        showProblem();
+    });
     connect(table_, &RecordTable::moved, this, &TableView::showHelp);
     connect(table_, &RecordTable::moved, this, &TableView::refreshTools);
     connect(helpButton_, &QToolButton::toggled, this, &TableView::showHelp);
     refreshFoot();
     refreshSums();
     refreshTools();
+    showProblem();
+}
+
+void TableView::showProblem() {
+    problem_->setText(labelText(model_->problem(table_->currentIndex())));
+}
+
+/// For who goes on by the keyboard; below a pointer that is pressed nothing may move.
+void TableView::bringProblemInSight() {
+    const QWidget* const focused = QApplication::focusWidget();
+    if (!isAncestorOf(focused) || QApplication::mouseButtons() != Qt::NoButton) {
+        return;
+    }
+    for (QWidget* at = parentWidget(); at != nullptr; at = at->parentWidget()) {
+        if (auto* const area = qobject_cast<QScrollArea*>(at)) {
+            area->ensureWidgetVisible(problem_, 0, aroundProblem);
+            return;
+        }
+    }
 }
 
 void TableView::refreshSums() {
@@ -124,7 +162,7 @@ void TableView::addTools(QHBoxLayout& line) {
                      withRecord([this](std::size_t record) { duplicate(record); }));
     up_ = add(u"Nach oben"_s, u"up"_s, [this] { moveSelected(-1); });
     down_ = add(u"Nach unten"_s, u"down"_s, [this] { moveSelected(1); });
-    line.addWidget(problem_, 1);
+    line.addStretch(1);
     remove_ = add(u"Zeile entfernen"_s, u"remove"_s,
                   withRecord([this](std::size_t record) { remove(record); }));
     look::setRole(remove_, "danger");
@@ -162,6 +200,16 @@ void TableView::moveSelected(int by) {
     }
 }
 
+/// One goes on from what was typed and cannot be read.
+void TableView::goTo(const QModelIndex& cell) {
+    if (cell.data(RecordModel::problemRole).isValid()) {
+        table_->editAt(cell);
+        return;
+    }
+    table_->setCurrentIndex(cell);
+    table_->setFocus(Qt::OtherFocusReason);
+}
+
 bool TableView::reveal(const std::string& path) {
     if (!path.starts_with(card().path)) {
         return false;
@@ -171,9 +219,7 @@ bool TableView::reveal(const std::string& path) {
         for (std::size_t column = 0; column < fields.size(); ++column) {
             const bool isItem = fields[column].path.starts_with(path + ".");
             if (fields[column].path == path || isItem) {
-                table_->setCurrentIndex(
-                    model_->index(static_cast<int>(row), static_cast<int>(column)));
-                table_->setFocus(Qt::OtherFocusReason);
+                goTo(model_->index(static_cast<int>(row), static_cast<int>(column)));
                 return true;
             }
         }

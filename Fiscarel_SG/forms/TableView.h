@@ -4,6 +4,8 @@
 #include "Fiscarel_SG/forms/RecordsView.h"
 #endif
 
+class QModelIndex;
+
 namespace fiscarel::forms {
 
 class DocumentClip;
@@ -18,7 +20,8 @@ class TableView final : public RecordsView {
     Q_OBJECT
 
   public:
-    TableView(ListCard card, AppStore& store, QWidget* parent);
+    /// On the page of the id.
+    TableView(ListCard card, AppStore& store, const std::string& pageId, QWidget* parent);
 
     void refresh() override;
     bool reveal(const std::string& path) override;
@@ -31,6 +34,9 @@ class TableView final : public RecordsView {
     void refreshTools();
     void moveSelected(int by);
     void showHelp();
+    void showProblem();
+    void goTo(const QModelIndex& cell);
+    void bringProblemInSight();
     void refreshSums();
 
     RecordModel* model_;
