@@ -3,6 +3,7 @@
 #include "TaxCore/base/Iban.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace fiscarel {
 
@@ -61,35 +62,93 @@ class AccountMapper {
   private:
     void proposePage(const PageRows& page) {
         std::vector<Iban> ibans;
-        std::optional<AccountHeading> heading;
+        std::vector<AccountHeading> headings;
         for (std::size_t at = 0; at < page.rows.size(); ++at) {
-            if (const AccountHeading found = accountHeadingIn(page, at);
-                found.count() >= 2 && page.number != 0) {
-                heading = found;
+            const bool isNew = headings.empty() || headings.back().row < at;
+            const AccountHeading found = accountHeadingIn(page, at);
+            if (isNew && found.count() >= 2 && page.number != 0) {
+                headings.push_back(found);
             }
             if (auto iban = ibanIn(page.rows[at], at);
                 iban && !isContactLine(page, page.rows[at])) {
                 ibans.push_back(std::move(*iban));
             }
         }
-        if (heading) {
-            proposeTable(page, *heading, ibans);
-            return;
+        for (std::size_t i = 0; i < headings.size(); ++i) {
+            const std::size_t end =
+                i + 1 < headings.size() ? headings[i + 1].row : page.rows.size();
+            proposeTable(page, headings[i], end, ibans);
         }
-        for (std::size_t i = 0; i < std::max<std::size_t>(ibans.size(), 1); ++i) {
-            // What stands above the first account number belongs to it as well.
-            const std::size_t first = i == 0 ? 0 : ibans[i].row;
-            const std::size_t end = i + 1 < ibans.size() ? ibans[i + 1].row : page.rows.size();
-            const RowRange range{&page, first, end};
-            proposeEntry(figuresByLabel(range), ibans.empty() ? nullptr : &ibans[i], range);
+        if (headings.empty()) {
+            proposeBlocks(page, ibans);
         }
     }
 
+    /// Rows that begin with the name of an account or loan and its number, as its block does.
+    static std::vector<std::size_t> namedBlocks(const PageRows& page) {
+        std::vector<std::size_t> starts;
+        for (std::size_t at = 0; at < page.rows.size(); ++at) {
+            const Row& row = page.rows[at];
+            const auto name = [&](Concept meant) {
+                const auto place = findLabel(row, wordsFor(meant), page.isRecognised);
+                return place && place->first <= 1;
+            };
+            const bool hasNumber = std::ranges::any_of(row.words, [](const RowWord& word) {
+                return std::ranges::count_if(word.text, [](char c) { return c >= '0' && c <= '9'; })
+                       >= 4;
+            });
+            const bool hasAmount = std::ranges::any_of(row.amounts, [](const RowAmount& amount) {
+                return amount.amount.hasDecimals || amount.amount.hasCurrency;
+            });
+            if (hasNumber && !hasAmount && row.words.size() <= 12 && !isContactLine(page, row)
+                && (name(Concept::account) || name(Concept::debt))) {
+                starts.push_back(at);
+            }
+        }
+        return starts;
+    }
+
+    /// Accounts one below the other, each from its number to the next one's.
+    void proposeBlocks(const PageRows& page, const std::vector<Iban>& ibans) {
+        std::vector<std::size_t> starts;
+        for (const Iban& iban : ibans) {
+            starts.push_back(iban.row);
+        }
+        if (const auto named = namedBlocks(page); ibans.size() < 2 && named.size() >= 2) {
+            starts = named;
+        }
+        for (std::size_t i = 0; i < std::max<std::size_t>(starts.size(), 1); ++i) {
+            // What stands above the first account number belongs to it as well.
+            const std::size_t first = i == 0 ? 0 : starts[i];
+            const std::size_t end = i + 1 < starts.size() ? starts[i + 1] : page.rows.size();
+            const auto own = std::ranges::find_if(
+                ibans, [&](const Iban& iban) { return iban.row >= first && iban.row < end; });
+            const RowRange range{&page, first, end};
+            proposeEntry(figuresByLabel(range), own == ibans.end() ? nullptr : &*own, range);
+        }
+    }
+
+    /// A loan among the accounts of a table: what it owes stands in their columns.
+    static void asDebt(const Row& row, bool isRecognised, Figures& figures) {
+        const auto at = [&](Figure figure) -> std::optional<FoundAmount>& {
+            return figures[static_cast<std::size_t>(figure)];
+        };
+        const bool isNegative = at(Figure::balance) && at(Figure::balance)->value() < 0;
+        if (at(Figure::debt) || at(Figure::debtInterest)
+            || (!isNegative && !findLabel(row, wordsFor(Concept::debt), isRecognised))) {
+            return;
+        }
+        at(Figure::debt) = std::exchange(at(Figure::balance), std::nullopt);
+        at(Figure::debtInterest) = std::exchange(at(Figure::interest), std::nullopt);
+    }
+
     /// Each row of a table with an amount and either an account number or words; totals are none.
-    void proposeTable(const PageRows& page, const AccountHeading& heading,
+    void proposeTable(const PageRows& page, const AccountHeading& heading, std::size_t end,
                       const std::vector<Iban>& ibans) {
-        static const Labels totals{"Total*", "Summe", "Somme", "Somma", "Totale"};
-        for (std::size_t at = heading.row + 1; at < page.rows.size(); ++at) {
+        static const Labels totals{"Total*", "Summe",    "Somme",       "Somma",
+                                   "Totale", "Totaux",   "Totali",      "Gesamt*",
+                                   "*total", "zusammen", "Gesamtbetrag"};
+        for (std::size_t at = heading.row + 1; at < end; ++at) {
             const Row& row = page.rows[at];
             Figures figures = figuresByColumn(page, at, heading);
             const bool hasAny =
@@ -105,6 +164,7 @@ class AccountMapper {
                 && (row.words.empty() || row.amounts.empty() || row.amounts.front().first == 0)) {
                 continue;
             }
+            asDebt(row, page.isRecognised, figures);
             proposeEntry(figures, own, {&page, at, at + 1});
         }
     }

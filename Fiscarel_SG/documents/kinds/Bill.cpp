@@ -25,6 +25,7 @@ struct BillTarget {
     const char* payee; ///< empty: the record has none
     const char* day;
     const char* advice;
+    bool isShared = false; ///< communes or employers may bear a part, which is not deductible
 };
 
 constexpr const char* noProof =
@@ -35,9 +36,9 @@ constexpr std::array targets{
                "Was die Krankenkasse zurückbezahlt, gehört in die Spalte der Vergütungen."},
     BillTarget{Kind::spende, Record::donation, "Spende", "amount", "recipient", "date", ""},
     BillTarget{Kind::kinderbetreuung, Record::child, "Kinderbetreuung", "childcareCosts",
-               "childcareProvider", "", ""},
+               "childcareProvider", "", "", true},
     BillTarget{Kind::weiterbildung, Record::personDeductions, "Weiterbildung", "furtherEducation",
-               "", "", ""},
+               "", "", "", true},
     BillTarget{Kind::liegenschaft, Record::realEstate, "Unterhalt der Liegenschaft",
                "actualMaintenanceCosts", "", "", "Abziehbar ist nur werterhaltender Unterhalt."},
 };
@@ -301,7 +302,7 @@ class BillMapper {
         for (const Wanted* wanted : {&totals(), &ownTotals(target_.kind)}) {
             if (auto found = findLast(ranges_, *wanted); found && found->value() >= 1) {
                 wanted_ = wanted;
-                return found;
+                return target_.isShared ? afterShares(*found) : *found;
             }
         }
         wanted_ = &plainTotals();
@@ -319,6 +320,32 @@ class BillMapper {
         static const std::vector<Concept> barred{refunded, other, possible, opening};
         auto sum = provenSum(ranges_, barred);
         return sum ? sum : onlyAmount(ranges_, barred);
+    }
+
+    /// What remains of a total when others bear a part of it, if both stand below; else it is the
+    /// total, but doubtful.
+    FoundAmount afterShares(const FoundAmount& whole) {
+        Decimal rest = whole.value();
+        const PageRows& page = *whole.page;
+        for (std::size_t at = whole.row + 1; at < page.rows.size(); ++at) {
+            const Row& row = page.rows[at];
+            if (row.amounts.empty() || !row.amounts.back().amount.isFirm()) {
+                continue;
+            }
+            const Decimal value = row.amounts.back().amount.value.abs();
+            if (namesAny(row, {publicShare, reduction, refunded}, page.isRecognised)) {
+                rest = rest - value;
+                isShared_ = true;
+            } else if (isShared_ && value == rest) {
+                FoundAmount net = whole;
+                net.row = at;
+                net.amount = row.amounts.back();
+                net.label = textBetween(row, 0, net.amount.first == 0 ? 0 : net.amount.first - 1);
+                isShared_ = false;
+                return net;
+            }
+        }
+        return whole;
     }
 
     /// The amount of the QR-bill, with the printed one beside it.
@@ -367,8 +394,9 @@ class BillMapper {
         if (auto repeat = repeatCheck(ranges_, *wanted_, *printed_)) {
             checks.push_back(std::move(*repeat));
         }
-        draft_.add(record_, target_.amount, printed_->value(),
-                   evidenceOf(*printed_, *wanted_, context_.isKindClear, std::move(checks)));
+        draft_.add(
+            record_, target_.amount, printed_->value(),
+            evidenceOf(*printed_, *wanted_, context_.isKindClear && !isShared_, std::move(checks)));
     }
 
     void proposeWords(const std::string& payee, bool isPayable) {
@@ -402,7 +430,8 @@ class BillMapper {
     std::vector<RowRange> ranges_;
     std::optional<FoundAmount> printed_;
     const Wanted* wanted_ = nullptr;
-    bool isPlain_ = false; ///< found without any label
+    bool isShared_ = false; ///< others bear a part that is not taken off
+    bool isPlain_ = false;  ///< found without any label
     int record_ = 0;
 };
 

@@ -136,6 +136,25 @@ KindVerdict weighKind(const DocumentRows& document) {
     return verdict;
 }
 
+bool isPensionPaper(const DocumentRows& document) {
+    static const Labels names{"Rentenbescheinigung*",
+                              "Rentenausweis",
+                              "Rentenbestätigung*",
+                              "Rentenleistungen",
+                              "ausgerichtete* Rente*",
+                              "Renten",
+                              "Attestation de rente*",
+                              "Attestation des rentes",
+                              "Certificat de rente*",
+                              "rentes versées",
+                              "Attestazione delle rendite",
+                              "Attestazione di rendita",
+                              "Attestazione della rendita",
+                              "Certificato di rendita",
+                              "rendite versate"};
+    return isAnyIn(titleWords(document), names);
+}
+
 bool isRepairBill(const DocumentRows& document) {
     static const Labels trades{"Sanitär*",      "Malergeschäft",
                                "Malerarbeiten", "Dachdecker*",

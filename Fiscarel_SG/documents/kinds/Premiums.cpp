@@ -118,7 +118,16 @@ std::vector<ProposalCheck> premiumChecks(const std::vector<RowRange>& ranges,
 void proposePremiums(const KindContext& context, RecordsByKind& records, ProposalDraft& draft) {
     const auto ranges = wholeDocument(context.document);
     const auto gross = findLast(ranges, grossPremiums());
-    if (gross && gross->value() >= 1) {
+    const auto single = findSingles(ranges);
+    Decimal sum;
+    for (const FoundAmount& one : single) {
+        sum = sum + one.value();
+    }
+    // A total that the reduction is taken off already is not what was to be paid before it.
+    const auto reduced = findLast(ranges, reductions());
+    const bool isNet =
+        gross && reduced && single.size() > 1 && gross->value() + reduced->value().abs() == sum;
+    if (gross && gross->value() >= 1 && !isNet) {
         draft.add(records.of(Record::householdDeductions, gross->page->number),
                   "healthInsurancePremiums", gross->value(),
                   evidenceOf(*gross, grossPremiums(), context.isKindClear,
@@ -126,11 +135,6 @@ void proposePremiums(const KindContext& context, RecordsByKind& records, Proposa
         return;
     }
     // Without such a total the single premiums are added up.
-    const auto single = findSingles(ranges);
-    Decimal sum;
-    for (const FoundAmount& one : single) {
-        sum = sum + one.value();
-    }
     for (const FoundAmount& one : findAmounts(ranges, plainTotals())) {
         if (one.value() >= 1 && (single.empty() || one.value() == sum)) {
             draft.add(
