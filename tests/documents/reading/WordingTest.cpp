@@ -212,17 +212,25 @@ std::vector<Wording> statements() {
     };
 }
 
-TEST(Wording, ofEveryKindIsUnderstoodInAllLanguages) {
-    std::vector<Wording> all = provision();
-    for (const auto& part : {bills(), statements()}) {
-        all.insert(all.end(), part.begin(), part.end());
+ScanResult proposedFor(const std::vector<Line>& lines) {
+    DrawnPage page;
+    for (const Line& line : lines) {
+        page.line(line.label, line.amount);
     }
-    for (const Wording& wording : all) {
-        DrawnPage page;
-        for (const Line& line : wording.lines) {
-            page.line(line.label, line.amount);
-        }
-        const ScanResult result = page.proposed();
+    return page.proposed();
+}
+
+std::vector<Wording> all() {
+    std::vector<Wording> wordings = provision();
+    for (const auto& part : {bills(), statements()}) {
+        wordings.insert(wordings.end(), part.begin(), part.end());
+    }
+    return wordings;
+}
+
+TEST(Wording, ofEveryKindIsUnderstoodInAllLanguages) {
+    for (const Wording& wording : all()) {
+        const ScanResult result = proposedFor(wording.lines);
         const std::string name = std::string(wording.lines[1].label) + ": " + wording.field;
         EXPECT_EQ(result.proposedKind, wording.kind) << name;
         const Proposal* found = nullptr;
@@ -235,6 +243,96 @@ TEST(Wording, ofEveryKindIsUnderstoodInAllLanguages) {
         }
         EXPECT_EQ(found->value, wording.value) << name;
     }
+}
+
+TEST(Wording, aLabelAloneIsNeverSure) {
+    for (const Wording& wording : all()) {
+        for (const Proposal& one : proposedFor(wording.lines).proposals) {
+            const bool isSeconded = std::ranges::any_of(one.checks, &ProposalCheck::passed);
+            EXPECT_TRUE(one.confidence != Proposal::Confidence::high || isSeconded)
+                << wording.lines[1].label << ": " << one.field << " " << one.value;
+        }
+    }
+}
+
+TEST(Wording, ofWhatIsOnlyPossibleOrPartOfItGivesNothing) {
+    struct Trap {
+        const char* field;
+        const char* value; ///< must not be proposed
+        std::vector<Line> lines;
+    };
+    const std::vector<Trap> traps{
+        {"pillar3a",
+         "7258",
+         {{"Vorsorgestiftung Säntis"},
+          {"Bescheinigung Säule 3a 2025"},
+          {"Der maximale Beitrag beträgt CHF 7'258.00."},
+          {"Saldo am 31.12.2025", "12'000.00"}}},
+        {"pensionBuyIn",
+         "48000",
+         {{"Pensionskasse der Ostschweiz"},
+          {"Vorsorgeausweis 2025"},
+          {"Möglicher Einkauf in die reglementarischen Leistungen", "48'000.00"}}},
+        {"gross",
+         "300",
+         {{"Muster Krankenkasse"},
+          {"Prämienübersicht 2024"},
+          {"Prämien KVG", "4'000.00"},
+          {"Gewählte Franchise", "300.00"}}},
+        {"childcareCosts",
+         "9420",
+         {{"Kita Muster"},
+          {"Betreuungskosten 2024"},
+          {"Total Betreuungskosten", "9'420.00"},
+          {"Subvention der Gemeinde", "1'000.00"},
+          {"Ihr Anteil", "8'420.00"}}},
+        {"healthInsurancePremiums",
+         "3700",
+         {{"Muster Krankenkasse"},
+          {"Prämienübersicht 2024"},
+          {"Grundversicherung KVG", "4'000.00"},
+          {"Zusatzversicherung VVG", "700.00"},
+          {"Prämienverbilligung", "1'000.00"},
+          {"Total Prämien", "3'700.00"}}},
+    };
+    for (const Trap& trap : traps) {
+        for (const Proposal& one : proposedFor(trap.lines).proposals) {
+            EXPECT_FALSE(one.field == trap.field && one.value == trap.value)
+                << trap.lines[1].label << ": " << one.value;
+        }
+    }
+}
+
+TEST(AccountWording, accountsAndLoansShareATable) {
+    DrawnPage page;
+    page.text(60, 60, "Regionalbank Muster").text(60, 90, "Vermögensausweis 31.12.2024");
+    page.text(60, 120, "Produkt").right(330, 120, "Saldo per").right(440, 120, "Zins");
+    page.right(540, 120, "Verr.-Steuer").right(330, 132, "31.12.2024").right(440, 132, "brutto");
+    page.text(60, 150, "Sparkonto 12.345-6")
+        .right(330, 150, "20’500.00")
+        .right(440, 150, "300.00")
+        .right(540, 150, "105.00");
+    page.text(60, 170, "Hypothek 77.001-2")
+        .right(330, 170, "-400’000.00")
+        .right(440, 170, "6’120.00");
+    const ScanResult result = page.proposed();
+    ASSERT_EQ(result.records.size(), 2U);
+    EXPECT_EQ(valueOf(result, "taxValue", 0), "20500");
+    EXPECT_EQ(valueOf(result, "incomeWithWithholding", 0), "300");
+    EXPECT_EQ(result.records[1].kind, ProposedRecord::Kind::debt);
+    EXPECT_EQ(valueOf(result, "amount", 1), "400000");
+    EXPECT_EQ(valueOf(result, "interest", 1), "6120");
+}
+
+TEST(AccountWording, accountsWithoutIbanEachHaveTheirBlock) {
+    DrawnPage page;
+    page.line("Regionalbank Muster").line("Bestätigung Zinsen und Salden 2024");
+    page.line("Privatkonto Nr. 12.345.678").line("Guthaben am 31.12.2024", "1’200.00");
+    page.line("Sparkonto Nr. 98.765.432").line("Guthaben am 31.12.2024", "9’900.00");
+    const ScanResult result = page.proposed();
+    ASSERT_EQ(result.records.size(), 2U);
+    EXPECT_EQ(valueOf(result, "taxValue", 0), "1200");
+    EXPECT_EQ(valueOf(result, "taxValue", 1), "9900");
 }
 
 } // namespace
