@@ -104,6 +104,10 @@ void proposeByKind(const KindContext& context, ProposalDraft& draft) {
     case Kind::liegenschaft:
         if (context.kind == Kind::liegenschaft && isRepairBill(context.document)) {
             proposeBill(context, draft);
+        } else if (context.kind == Kind::pensionskasse && isPensionPaper(context.document)) {
+            proposeLabelled({context.document, context.facts, Kind::lohnausweis,
+                             context.isKindClear, context.bill},
+                            draft);
         } else {
             proposeLabelled(context, draft);
         }

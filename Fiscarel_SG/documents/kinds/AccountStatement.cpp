@@ -1,10 +1,9 @@
-#include "Fiscarel_SG/documents/kinds/AmountFinder.h"
+#include "Fiscarel_SG/documents/kinds/AccountFigures.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
 #include "TaxCore/base/Iban.h"
 
 #include <algorithm>
-#include <array>
-#include <cmath>
+#include <utility>
 
 namespace fiscarel {
 
@@ -14,97 +13,6 @@ using Witness = Proposal::Witness;
 namespace {
 
 using Record = ProposedRecord::Kind;
-
-/// What an account or a loan may state.
-enum class Figure { balance, interest, withholding, netInterest, debt, debtInterest };
-constexpr std::size_t figureCount = 6;
-
-const Wanted& wantedOf(Figure figure) {
-    static const std::array<Wanted, figureCount> rows{
-        Wanted{{"Saldo per 31.12.*",
-                "Saldo am 31.12.*",
-                "Schlusssaldo",
-                "Kontostand per*",
-                "Kontostand am*",
-                "Kontostand",
-                "Endsaldo",
-                "Guthaben per*",
-                "Saldo per*",
-                "Saldo am*",
-                "Kapital per*",
-                "Kontosaldo",
-                "Solde au*",
-                "Solde final",
-                "Solde de clôture",
-                "Avoir au*",
-                "Saldo al*",
-                "Saldo finale",
-                "Saldo di chiusura",
-                "Avere al*",
-                "Steuerwert*",
-                "Saldo",
-                "Guthaben",
-                "Solde",
-                "Avoir",
-                "Kapital",
-                "Valeur fiscale",
-                "Valore fiscale"},
-               {"Anfangssaldo", "Eröffnungssaldo", "Saldovortrag", "01.01*", "1. Januar",
-                "Durchschnitt*", "Solde initial", "Solde d'ouverture", "Saldo iniziale",
-                "Saldo di apertura", "Vortrag", "Vorjahr", "1er janvier", "Hypothek*", "Darlehen",
-                "Schuld*", "Zins*"}},
-        Wanted{{"Bruttozins*",
-                "Zins brutto",
-                "Habenzins*",
-                "Zinsertrag brutto",
-                "Bruttoertrag",
-                "Zinsertrag*",
-                "Intérêt brut*",
-                "Intérêts bruts",
-                "Intérêts créanciers",
-                "Interessi lordi",
-                "Interesse lordo",
-                "Interessi creditori",
-                "Zinsgutschrift",
-                "Ertrag",
-                "Erträge",
-                "Rendement*",
-                "Ricavi",
-                "Reddito",
-                "Zinsen",
-                "Zins",
-                "Intérêts",
-                "Interessi"},
-               {"netto", "Nettozins*", "nets", "netti", "Schuldzins*", "Sollzins*",
-                "Hypothekarzins*", "Zinssatz", "débiteurs", "passivi", "Verrechnungssteuer",
-                "Zinsabschluss"}},
-        Wanted{{"Verrechnungssteuer*", "Verr.-Steuer", "Verrechnungsst*", "VST", "Impôt anticipé*",
-                "Imposta preventiva*"},
-               {"Anspruch", "netto"}},
-        Wanted{{"Nettozins*", "Zins netto", "Intérêt net", "Intérêts nets", "Interessi netti",
-                "Interesse netto"},
-               {}},
-        Wanted{{"Restschuld*",   "Hypothekarschuld*",
-                "Schuld per*",   "Schuldsaldo*",
-                "Hypothek per*", "Darlehensschuld",
-                "Darlehen per*", "Kapitalschuld",
-                "Schuldbetrag",  "Hypothek*",
-                "Festhypothek",  "Darlehen*",
-                "Schuld",        "Dette*",
-                "Prêt*",         "Hypothèque*",
-                "Dette au*",     "Debito*",
-                "Ipoteca*",      "Mutuo*"},
-               {"Schuldzins*", "Hypothekarzins*", "Zins*", "Intérêt*", "Interess*", "Zinssatz",
-                "Amortisation"}},
-        Wanted{{"Bezahlte Schuldzinsen", "Bezahlte Hypothekarzinsen", "Schuldzins*",
-                "Hypothekarzins*", "Sollzins*", "Zinsaufwand", "Zinsbelastung*", "Bezahlte Zinsen",
-                "Darlehenszins*", "Kreditzins*", "Intérêts débiteurs", "Intérêts hypothécaires",
-                "Intérêts payés", "Intérêts passifs", "Interessi passivi", "Interessi debitori",
-                "Interessi ipotecari", "Interessi pagati"},
-               {"Zinssatz"}},
-    };
-    return rows[static_cast<std::size_t>(figure)];
-}
 
 struct Iban {
     std::string text; ///< compact
@@ -140,175 +48,6 @@ bool isContactLine(const PageRows& page, const Row& row) {
     return page.number != 0 && row.middle() > page.height * 0.93 && isAnyIn(row.folded, contacts);
 }
 
-/// Columns of a table headed by words: where each figure's amounts stand.
-struct Heading {
-    std::size_t row = 0;
-    std::array<std::optional<LabelPlace>, figureCount> columns;
-
-    std::size_t count() const {
-        return static_cast<std::size_t>(
-            std::ranges::count_if(columns, [](const auto& column) { return column.has_value(); }));
-    }
-};
-
-/// Whether the gap behind a word is wider than a blank.
-bool isColumnGap(const Row& row, std::size_t word) {
-    const RowWord& before = row.words[word];
-    const double letter =
-        before.place.width() / static_cast<double>(std::max<std::size_t>(before.text.size(), 1));
-    return row.words[word + 1].place.left - before.place.right > 1.5 * letter;
-}
-
-Heading headingIn(const PageRows& page, std::size_t at) {
-    Heading heading{.row = at};
-    const Row& row = page.rows[at];
-    if (std::ranges::any_of(row.amounts, [](const RowAmount& amount) {
-            return amount.amount.hasDecimals || amount.amount.hasMark;
-        })) {
-        return heading;
-    }
-    for (std::size_t i = 0; i < figureCount; ++i) {
-        // The words that bar a row bar only their own column here, so they are not looked at.
-        const auto place =
-            findLabel(row, wantedOf(static_cast<Figure>(i)).labels, page.isRecognised);
-        // A heading's words stand apart, those of a title do not.
-        const bool isApart = place && (place->first == 0 || isColumnGap(row, place->first - 1));
-        const bool isTaken =
-            place && std::ranges::any_of(heading.columns, [&](const auto& other) {
-                return other && other->first <= place->last && place->first <= other->last;
-            });
-        if (isApart && !isTaken) {
-            heading.columns[i] = place;
-        }
-    }
-    return heading;
-}
-
-/// How far an amount is from the column of a label: 0 where they overlap.
-double columnDistance(const RowAmount& amount, const LabelPlace& label) {
-    const double byRight = std::abs(amount.place.right - label.right);
-    const bool overlaps = amount.place.right > label.left && amount.place.left < label.right;
-    return overlaps ? std::min(byRight, 1.0) : byRight;
-}
-
-using Figures = std::array<std::optional<FoundAmount>, figureCount>;
-
-/// The amounts of a row by the columns of the heading.
-Figures figuresByColumn(const PageRows& page, std::size_t at, const Heading& heading) {
-    Figures figures;
-    std::array<double, figureCount> distances{};
-    distances.fill(page.width / 10);
-    for (const RowAmount& amount : page.rows[at].amounts) {
-        std::size_t nearest = figureCount;
-        double least = page.width / 10;
-        for (std::size_t i = 0; i < figureCount; ++i) {
-            if (heading.columns[i] && columnDistance(amount, *heading.columns[i]) < least) {
-                least = columnDistance(amount, *heading.columns[i]);
-                nearest = i;
-            }
-        }
-        if (nearest < figureCount && amount.amount.isFirm() && least < distances[nearest]) {
-            const LabelPlace& label = *heading.columns[nearest];
-            figures[nearest] =
-                FoundAmount{.page = &page,
-                            .row = at,
-                            .amount = amount,
-                            .label = textBetween(page.rows[heading.row], label.first, label.last)};
-            distances[nearest] = least;
-        }
-    }
-    return figures;
-}
-
-/// Interest by what it is, which is surer than its label in recognised text: an amount above one of
-/// 35 per cent of it, with what remains below.
-void findInterestByTax(const RowRange& range, Figures& figures) {
-    std::vector<FoundAmount> lasts;
-    for (std::size_t at = range.first; at < range.end; ++at) {
-        const Row& row = range.page->rows[at];
-        if (!row.amounts.empty() && row.amounts.back().amount.isFirm()) {
-            lasts.push_back({.page = range.page,
-                             .row = at,
-                             .amount = row.amounts.back(),
-                             .label = "Zins",
-                             .isAlone = false});
-        }
-    }
-    for (std::size_t i = 0; i + 2 < lasts.size(); ++i) {
-        const Decimal gross = lasts[i].value();
-        const Decimal tax = lasts[i + 1].value();
-        if (gross >= 1 && ((gross * 35 / 100) - tax).abs() <= Decimal(5) / 100
-            && gross - tax == lasts[i + 2].value()) {
-            const auto put = [&](Figure figure, const FoundAmount& amount) {
-                auto& known = figures[static_cast<std::size_t>(figure)];
-                if (!known || (range.page->isRecognised && known->value() != amount.value())) {
-                    known = amount;
-                }
-            };
-            put(Figure::interest, lasts[i]);
-            put(Figure::withholding, lasts[i + 1]);
-            put(Figure::netInterest, lasts[i + 2]);
-            return;
-        }
-    }
-}
-
-Figures figuresByLabel(const RowRange& range) {
-    Figures figures;
-    for (std::size_t i = 0; i < figureCount; ++i) {
-        figures[i] = findFirst({range}, wantedOf(static_cast<Figure>(i)));
-    }
-    findInterestByTax(range, figures);
-    return figures;
-}
-
-/// Opening + movements = closing: a balance that the statement's own sums lead to.
-std::optional<ProposalCheck> movementCheck(const RowRange& range, const FoundAmount& closing) {
-    static const Wanted opening{{"Anfangssaldo", "Eröffnungssaldo", "Saldovortrag",
-                                 "Saldo per 01.01.*", "Saldo am 01.01*", "Solde initial",
-                                 "Solde d'ouverture", "Saldo iniziale", "Saldo di apertura"},
-                                {}};
-    static const Wanted credits{
-        {"Total Gutschriften", "Gutschriften", "Eingänge", "Crédits", "Accrediti"}, {}};
-    static const Wanted debits{
-        {"Total Belastungen", "Belastungen", "Ausgänge", "Débits", "Addebiti"}, {}};
-    const auto first = findFirst({range}, opening);
-    const auto in = findFirst({range}, credits);
-    const auto out = findFirst({range}, debits);
-    if (!first || !in || !out) {
-        return std::nullopt;
-    }
-    const Decimal computed = first->value() + in->value().abs() - out->value().abs();
-    const bool holds = computed == closing.value();
-    return ProposalCheck{"Anfangssaldo + Gutschriften − Belastungen = " + shown(computed)
-                             + (holds ? "" : ", als Schlusssaldo steht " + shown(closing.value())),
-                         holds};
-}
-
-/// Withholding tax is 35 per cent of the gross interest (VStG Art. 13), and the rest is paid out.
-std::vector<ProposalCheck> interestChecks(const Figures& figures) {
-    std::vector<ProposalCheck> checks;
-    const auto& gross = figures[static_cast<std::size_t>(Figure::interest)];
-    const auto& tax = figures[static_cast<std::size_t>(Figure::withholding)];
-    const auto& net = figures[static_cast<std::size_t>(Figure::netInterest)];
-    if (gross && tax && !tax->value().isZero()) {
-        const Decimal computed = (gross->value() * 35 / 100).roundPlain(2);
-        const bool holds = (computed - tax->value().abs()).abs() <= Decimal(5) / 100;
-        checks.push_back(
-            {"35 % von " + shown(gross->value()) + " = " + shown(computed)
-                 + (holds ? "" : ", als Verrechnungssteuer steht " + shown(tax->value().abs())),
-             holds});
-    }
-    if (gross && net) {
-        const Decimal computed = gross->value() - (tax ? tax->value().abs() : Decimal());
-        const bool holds = computed == net->value();
-        checks.push_back({"Brutto − Verrechnungssteuer = " + shown(computed)
-                              + (holds ? "" : ", netto steht aber " + shown(net->value())),
-                          holds});
-    }
-    return checks;
-}
-
 class AccountMapper {
   public:
     AccountMapper(const KindContext& context, ProposalDraft& draft)
@@ -323,34 +62,93 @@ class AccountMapper {
   private:
     void proposePage(const PageRows& page) {
         std::vector<Iban> ibans;
-        std::optional<Heading> heading;
+        std::vector<AccountHeading> headings;
         for (std::size_t at = 0; at < page.rows.size(); ++at) {
-            if (const Heading found = headingIn(page, at); found.count() >= 2 && page.number != 0) {
-                heading = found;
+            const bool isNew = headings.empty() || headings.back().row < at;
+            const AccountHeading found = accountHeadingIn(page, at);
+            if (isNew && found.count() >= 2 && page.number != 0) {
+                headings.push_back(found);
             }
             if (auto iban = ibanIn(page.rows[at], at);
                 iban && !isContactLine(page, page.rows[at])) {
                 ibans.push_back(std::move(*iban));
             }
         }
-        if (heading) {
-            proposeTable(page, *heading, ibans);
-            return;
+        for (std::size_t i = 0; i < headings.size(); ++i) {
+            const std::size_t end =
+                i + 1 < headings.size() ? headings[i + 1].row : page.rows.size();
+            proposeTable(page, headings[i], end, ibans);
         }
-        for (std::size_t i = 0; i < std::max<std::size_t>(ibans.size(), 1); ++i) {
-            // What stands above the first account number belongs to it as well.
-            const std::size_t first = i == 0 ? 0 : ibans[i].row;
-            const std::size_t end = i + 1 < ibans.size() ? ibans[i + 1].row : page.rows.size();
-            const RowRange range{&page, first, end};
-            proposeEntry(figuresByLabel(range), ibans.empty() ? nullptr : &ibans[i], range);
+        if (headings.empty()) {
+            proposeBlocks(page, ibans);
         }
     }
 
+    /// Rows that begin with the name of an account or loan and its number, as its block does.
+    static std::vector<std::size_t> namedBlocks(const PageRows& page) {
+        std::vector<std::size_t> starts;
+        for (std::size_t at = 0; at < page.rows.size(); ++at) {
+            const Row& row = page.rows[at];
+            const auto name = [&](Concept meant) {
+                const auto place = findLabel(row, wordsFor(meant), page.isRecognised);
+                return place && place->first <= 1;
+            };
+            const bool hasNumber = std::ranges::any_of(row.words, [](const RowWord& word) {
+                return std::ranges::count_if(word.text, [](char c) { return c >= '0' && c <= '9'; })
+                       >= 4;
+            });
+            const bool hasAmount = std::ranges::any_of(row.amounts, [](const RowAmount& amount) {
+                return amount.amount.hasDecimals || amount.amount.hasCurrency;
+            });
+            if (hasNumber && !hasAmount && row.words.size() <= 12 && !isContactLine(page, row)
+                && (name(Concept::account) || name(Concept::debt))) {
+                starts.push_back(at);
+            }
+        }
+        return starts;
+    }
+
+    /// Accounts one below the other, each from its number to the next one's.
+    void proposeBlocks(const PageRows& page, const std::vector<Iban>& ibans) {
+        std::vector<std::size_t> starts;
+        for (const Iban& iban : ibans) {
+            starts.push_back(iban.row);
+        }
+        if (const auto named = namedBlocks(page); ibans.size() < 2 && named.size() >= 2) {
+            starts = named;
+        }
+        for (std::size_t i = 0; i < std::max<std::size_t>(starts.size(), 1); ++i) {
+            // What stands above the first account number belongs to it as well.
+            const std::size_t first = i == 0 ? 0 : starts[i];
+            const std::size_t end = i + 1 < starts.size() ? starts[i + 1] : page.rows.size();
+            const auto own = std::ranges::find_if(
+                ibans, [&](const Iban& iban) { return iban.row >= first && iban.row < end; });
+            const RowRange range{&page, first, end};
+            proposeEntry(figuresByLabel(range), own == ibans.end() ? nullptr : &*own, range);
+        }
+    }
+
+    /// A loan among the accounts of a table: what it owes stands in their columns.
+    static void asDebt(const Row& row, bool isRecognised, Figures& figures) {
+        const auto at = [&](Figure figure) -> std::optional<FoundAmount>& {
+            return figures[static_cast<std::size_t>(figure)];
+        };
+        const bool isNegative = at(Figure::balance) && at(Figure::balance)->value() < 0;
+        if (at(Figure::debt) || at(Figure::debtInterest)
+            || (!isNegative && !findLabel(row, wordsFor(Concept::debt), isRecognised))) {
+            return;
+        }
+        at(Figure::debt) = std::exchange(at(Figure::balance), std::nullopt);
+        at(Figure::debtInterest) = std::exchange(at(Figure::interest), std::nullopt);
+    }
+
     /// Each row of a table with an amount and either an account number or words; totals are none.
-    void proposeTable(const PageRows& page, const Heading& heading,
+    void proposeTable(const PageRows& page, const AccountHeading& heading, std::size_t end,
                       const std::vector<Iban>& ibans) {
-        static const Labels totals{"Total*", "Summe", "Somme", "Somma", "Totale"};
-        for (std::size_t at = heading.row + 1; at < page.rows.size(); ++at) {
+        static const Labels totals{"Total*", "Summe",    "Somme",       "Somma",
+                                   "Totale", "Totaux",   "Totali",      "Gesamt*",
+                                   "*total", "zusammen", "Gesamtbetrag"};
+        for (std::size_t at = heading.row + 1; at < end; ++at) {
             const Row& row = page.rows[at];
             Figures figures = figuresByColumn(page, at, heading);
             const bool hasAny =
@@ -366,6 +164,7 @@ class AccountMapper {
                 && (row.words.empty() || row.amounts.empty() || row.amounts.front().first == 0)) {
                 continue;
             }
+            asDebt(row, page.isRecognised, figures);
             proposeEntry(figures, own, {&page, at, at + 1});
         }
     }

@@ -1,5 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/AmountFinder.h"
 
+#include "Fiscarel_SG/documents/kinds/Prose.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -126,9 +128,9 @@ struct Heading {
     std::size_t wanted = 0;
 };
 
-std::optional<Heading> headingAt(const RowRange& range, std::size_t at, const Label& label) {
+std::optional<Heading> headingAt(const RowRange& range, std::size_t at,
+                                 const std::optional<LabelPlace>& place) {
     const Row& row = range.page->rows[at];
-    const auto place = findLabel(row, label, range.page->isRecognised);
     const bool hasAmounts = std::ranges::any_of(
         row.amounts, [](const RowAmount& amount) { return amount.amount.isFirm(); });
     if (!place || range.page->number == 0 || hasAmounts) {
@@ -145,8 +147,9 @@ std::optional<Heading> headingAt(const RowRange& range, std::size_t at, const La
 }
 
 /// The amount of a column: that of the total, or the only one there is.
-std::optional<FoundAmount> amountUnder(const RowRange& range, std::size_t at, const Label& label) {
-    static const Labels totals{"Total*", "Totale", "Summe"};
+std::optional<FoundAmount> amountUnder(const RowRange& range, std::size_t at,
+                                       const LabelPlace& label) {
+    const Labels& totals = wordsFor(Concept::total);
     const auto heading = headingAt(range, at, label);
     std::optional<FoundAmount> found;
     bool isOnly = true;
@@ -173,12 +176,30 @@ std::optional<FoundAmount> amountUnder(const RowRange& range, std::size_t at, co
     return isOnly ? found : std::nullopt;
 }
 
-/// Of several amounts in a row the one under a heading with one of the wanted labels.
-const RowAmount* amountByHeading(const RowRange& range, std::size_t at, const Labels& labels,
+/// Where a row says what is wanted, by one of the labels or all meanings; those words of a row that
+/// make it something else are not looked at.
+std::vector<LabelPlace> placesIn(const Row& row, const Wanted& wanted, bool isRecognised) {
+    std::vector<LabelPlace> places;
+    for (const Label& label : wanted.labels) {
+        if (const auto place = findLabel(row, label, isRecognised)) {
+            places.push_back(*place);
+        }
+    }
+    for (const Meaning& meaning : wanted.meanings) {
+        if (const auto place = findMeaning(row, meaning, isRecognised)) {
+            places.push_back(*place);
+        }
+    }
+    return places;
+}
+
+/// Of several amounts in a row the one under a heading that says what is wanted.
+const RowAmount* amountByHeading(const RowRange& range, std::size_t at, const Wanted& wanted,
                                  const std::vector<const RowAmount*>& amounts) {
     for (std::size_t above = at; above-- > range.first && at - above < 30;) {
-        for (const Label& label : labels) {
-            if (const auto heading = headingAt(range, above, label)) {
+        for (const LabelPlace& place :
+             placesIn(range.page->rows[above], wanted, range.page->isRecognised)) {
+            if (const auto heading = headingAt(range, above, place)) {
                 const auto found = std::ranges::find_if(amounts, [&](const RowAmount* amount) {
                     return columnOf(heading->columns, *amount) == heading->wanted;
                 });
@@ -189,8 +210,19 @@ const RowAmount* amountByHeading(const RowRange& range, std::size_t at, const La
     return nullptr;
 }
 
+/// "CHF 7'056.00 Einbezahlte Beiträge": the row's only amount, before its words.
+const RowAmount* amountBefore(const Row& row, const LabelPlace& label) {
+    if (row.amounts.size() != 1 || !row.amounts.front().amount.isFirm()
+        || row.amounts.front().last >= label.first) {
+        return nullptr;
+    }
+    const RowAmount& amount = row.amounts.front();
+    const bool isFirst = amount.first == 0 || (amount.first == 1 && isFrancs(row.words[0].text));
+    return isFirst ? &amount : nullptr;
+}
+
 std::optional<FoundAmount> amountFor(const RowRange& range, std::size_t at, const LabelPlace& label,
-                                     const Labels& labels) {
+                                     const Wanted& wanted) {
     const Row& row = range.page->rows[at];
     std::vector<const RowAmount*> right;
     for (const RowAmount& amount : row.amounts) {
@@ -202,7 +234,7 @@ std::optional<FoundAmount> amountFor(const RowRange& range, std::size_t at, cons
         .page = range.page, .row = at, .label = textBetween(row, label.first, label.last)};
     if (!right.empty()) {
         const RowAmount* headed =
-            right.size() > 1 ? amountByHeading(range, at, labels, right) : nullptr;
+            right.size() > 1 ? amountByHeading(range, at, wanted, right) : nullptr;
         found.amount = headed != nullptr ? *headed : choose(right, *range.page);
         found.isAlone = right.size() == 1 || headed != nullptr;
         return found;
@@ -213,7 +245,49 @@ std::optional<FoundAmount> amountFor(const RowRange& range, std::size_t at, cons
         found.isBelow = true;
         return found;
     }
+    if (const RowAmount* before = amountBefore(row, label)) {
+        found.amount = *before;
+        found.isBelow = true;
+        return found;
+    }
     return std::nullopt;
+}
+
+/// The amount of a label or meaning in its row or the column it heads.
+std::optional<FoundAmount> amountAt(const RowRange& range, std::size_t at, const LabelPlace& place,
+                                    const Wanted& wanted) {
+    auto found = amountFor(range, at, place, wanted);
+    return found ? std::move(found) : amountUnder(range, at, place);
+}
+
+bool isBarred(const Row& row, const Wanted& wanted, bool isRecognised) {
+    return findLabel(row, wanted.without, isRecognised).has_value();
+}
+
+std::vector<FoundAmount> findByMeaning(const std::vector<RowRange>& ranges, const Wanted& wanted) {
+    std::vector<FoundAmount> found;
+    for (const Meaning& meaning : wanted.meanings) {
+        for (const RowRange& range : ranges) {
+            const bool isRecognised = range.page->isRecognised;
+            for (std::size_t at = range.first; at < range.end; ++at) {
+                const Row& row = range.page->rows[at];
+                const auto place = findMeaning(row, meaning, isRecognised);
+                if (!place || isBarred(row, wanted, isRecognised)
+                    || namesAny(row, wanted.notMeant, isRecognised)) {
+                    continue;
+                }
+                auto amount = amountAt(range, at, *place, wanted);
+                // Small bare numbers are days, pieces, points.
+                if (amount && (amount->amount.amount.isFirm() || amount->value().abs() >= 100)) {
+                    found.push_back(std::move(*amount));
+                }
+            }
+        }
+        if (!found.empty()) {
+            break;
+        }
+    }
+    return found;
 }
 
 bool isReduction(const Row& row) {
@@ -246,21 +320,20 @@ std::vector<FoundAmount> findAmounts(const std::vector<RowRange>& ranges, const 
             for (std::size_t at = range.first; at < range.end; ++at) {
                 const Row& row = range.page->rows[at];
                 const auto place = findLabel(row, label, range.page->isRecognised);
-                if (!place || findLabel(row, wanted.without, range.page->isRecognised)) {
+                if (!place || isBarred(row, wanted, range.page->isRecognised)) {
                     continue;
                 }
-                if (auto amount = amountFor(range, at, *place, wanted.labels)) {
+                if (auto amount = amountAt(range, at, *place, wanted)) {
                     found.push_back(std::move(*amount));
-                } else if (auto headed = amountUnder(range, at, label)) {
-                    found.push_back(std::move(*headed));
                 }
             }
         }
         if (!found.empty()) {
-            break;
+            return found;
         }
     }
-    return found;
+    found = findByMeaning(ranges, wanted);
+    return found.empty() ? findInProse(ranges, wanted) : found;
 }
 
 std::optional<FoundAmount> findLast(const std::vector<RowRange>& ranges, const Wanted& wanted) {
@@ -301,6 +374,42 @@ std::optional<ProposalCheck> columnCheck(const FoundAmount& total) {
     return std::nullopt;
 }
 
+std::optional<ProposalCheck> repeatCheck(const std::vector<RowRange>& ranges, const Wanted& wanted,
+                                         const FoundAmount& found) {
+    for (const RowRange& range : ranges) {
+        const bool isRecognised = range.page->isRecognised;
+        for (std::size_t at = range.first; at < range.end; ++at) {
+            const Row& row = range.page->rows[at];
+            if (row.amounts.empty() || (range.page == found.page && at == found.row)
+                || isBarred(row, wanted, isRecognised)
+                || namesAny(row, wanted.notMeant, isRecognised)) {
+                continue;
+            }
+            for (const LabelPlace& place : placesIn(row, wanted, isRecognised)) {
+                const auto other = amountFor(range, at, place, wanted);
+                if (other && other->row == at && other->value() == found.value()
+                    && other->amount.amount.isFirm()) {
+                    return ProposalCheck{"Derselbe Betrag steht auch bei «" + other->label + "»",
+                                         true};
+                }
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+std::vector<ProposalCheck> witnessChecks(const std::vector<RowRange>& ranges, const Wanted& wanted,
+                                         const FoundAmount& found) {
+    std::vector<ProposalCheck> checks;
+    if (auto check = columnCheck(found)) {
+        checks.push_back(std::move(*check));
+    }
+    if (auto check = repeatCheck(ranges, wanted, found)) {
+        checks.push_back(std::move(*check));
+    }
+    return checks;
+}
+
 Evidence evidenceOf(const FoundAmount& found, const Wanted& wanted, bool isKindClear,
                     std::vector<ProposalCheck> checks) {
     const PageRows& page = *found.page;
@@ -320,9 +429,7 @@ Evidence evidenceOf(const FoundAmount& found, const Wanted& wanted, bool isKindC
         evidence.confidence = isPlain && isKindClear ? Confidence::medium : Confidence::low;
     } else if (!found.isAlone && page.isRecognised) {
         evidence.confidence = Confidence::low; // which column counts is a guess
-    } else if (isProven && isFirm && isKindClear && found.isAlone) {
-        evidence.confidence = Confidence::high;
-    } else if (isPlain && isKindClear && !page.isRecognised) {
+    } else if (isProven && isFirm && isKindClear && found.isAlone && wanted.isSpecific) {
         evidence.confidence = Confidence::high;
     } else {
         const bool isDoubtful = !isFirm || (page.isRecognised && found.amount.certainty < 0.6);

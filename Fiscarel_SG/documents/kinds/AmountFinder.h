@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Fiscarel_SG/documents/ProposalDraft.h"
-#include "Fiscarel_SG/documents/rows/RowLabels.h"
+#include "Fiscarel_SG/documents/rows/Vocabulary.h"
 
 #include <optional>
 #include <string>
@@ -11,9 +11,11 @@ namespace fiscarel {
 
 /// The words an amount is found by.
 struct Wanted {
-    Labels labels;          ///< in all languages, the most certain first
+    Labels labels;          ///< fixed wordings in all languages, the most certain first
     Labels without;         ///< a row with one of these means something else
     bool isSpecific = true; ///< its words alone say what the amount is, "Total" does not
+    std::vector<Meaning> meanings = {}; ///< where no label is found, the most certain first
+    std::vector<Concept> notMeant = {}; ///< with one of these a meaning is something else
 };
 
 /// An amount beside its label.
@@ -23,7 +25,7 @@ struct FoundAmount {
     RowAmount amount;
     std::string label;    ///< as printed
     bool isAlone = true;  ///< the only amount right of the label
-    bool isBelow = false; ///< under its label rather than beside it
+    bool isBelow = false; ///< under or before its label, or in a sentence
 
     const Row& rowOf() const { return page->rows[row]; }
     const Decimal& value() const { return amount.amount.value; }
@@ -40,8 +42,9 @@ struct RowRange {
 std::vector<RowRange> wholeDocument(const DocumentRows& document);
 
 /// The amounts of the first label that has any, from top to bottom. The amount stands right of its
-/// label in the same row; or below, where the label heads it and its row has no amount. Of several,
-/// the one in the page's amount column counts.
+/// label in the same row; or below, where the label heads it and its row has no amount; or before
+/// it, as the first of the row. Of several, the one in the page's amount column counts. Without
+/// labels the first meaning counts that a row has with an amount, then one that a sentence has.
 std::vector<FoundAmount> findAmounts(const std::vector<RowRange>& ranges, const Wanted& wanted);
 
 /// The last of the amounts found, for totals; absent when there is none.
@@ -52,8 +55,15 @@ std::optional<FoundAmount> findFirst(const std::vector<RowRange>& ranges, const 
 /// being taken off; absent when fewer than two stand there or they do not.
 std::optional<ProposalCheck> columnCheck(const FoundAmount& total);
 
-/// How an amount found by its place or in text is known. Sure only with a check that holds, or in a
-/// text layer by specific words in a document whose kind is clear.
+/// Whether the same amount stands a second time by words that fit; absent when it does not.
+std::optional<ProposalCheck> repeatCheck(const std::vector<RowRange>& ranges, const Wanted& wanted,
+                                         const FoundAmount& found);
+/// Those of both checks that hold.
+std::vector<ProposalCheck> witnessChecks(const std::vector<RowRange>& ranges, const Wanted& wanted,
+                                         const FoundAmount& found);
+
+/// How an amount found by its place or in text is known. Its label alone is one witness; sure it is
+/// only with a second one, a check that holds, by specific words in a document whose kind is clear.
 Evidence evidenceOf(const FoundAmount& found, const Wanted& wanted, bool isKindClear,
                     std::vector<ProposalCheck> checks = {});
 

@@ -1,7 +1,9 @@
 #include "Fiscarel_SG/documents/kinds/AmountFinder.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
+#include "Fiscarel_SG/documents/kinds/PlainAmount.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace fiscarel {
 
@@ -12,6 +14,7 @@ namespace {
 
 using Kind = StoredDocument::Kind;
 using Record = ProposedRecord::Kind;
+using enum Concept;
 
 /// Where the amount, the payee and the day of a kind of bill go.
 struct BillTarget {
@@ -22,6 +25,7 @@ struct BillTarget {
     const char* payee; ///< empty: the record has none
     const char* day;
     const char* advice;
+    bool isShared = false; ///< communes or employers may bear a part, which is not deductible
 };
 
 constexpr const char* noProof =
@@ -32,9 +36,9 @@ constexpr std::array targets{
                "Was die Krankenkasse zurückbezahlt, gehört in die Spalte der Vergütungen."},
     BillTarget{Kind::spende, Record::donation, "Spende", "amount", "recipient", "date", ""},
     BillTarget{Kind::kinderbetreuung, Record::child, "Kinderbetreuung", "childcareCosts",
-               "childcareProvider", "", ""},
+               "childcareProvider", "", "", true},
     BillTarget{Kind::weiterbildung, Record::personDeductions, "Weiterbildung", "furtherEducation",
-               "", "", ""},
+               "", "", "", true},
     BillTarget{Kind::liegenschaft, Record::realEstate, "Unterhalt der Liegenschaft",
                "actualMaintenanceCosts", "", "", "Abziehbar ist nur werterhaltender Unterhalt."},
 };
@@ -108,8 +112,82 @@ const Wanted& totals() {
          "Totale spese di custodia",
          "Totalbetrag",
          "Endbetrag"},
-        {"exkl*", "ohne MWST", "HT", "IVA esclusa", "Zwischentotal", "Vorjahr", "Mahngebühr"}};
+        {"exkl*", "ohne MWST", "HT", "IVA esclusa", "Zwischentotal", "Vorjahr", "Mahngebühr"},
+        true,
+        {{payable, total}, {amount, payable}, {invoice, total}, {invoice, amount}},
+        {other, refunded, publicShare}};
     return wanted;
+}
+/// What only papers of a kind say of their amount, the surest first.
+const Wanted& ownTotals(Kind kind) {
+    static const Wanted medicalTotals{{},
+                                      {"exkl*", "HT"},
+                                      true,
+                                      {{medical, total}, {payable}, {amount, total}},
+                                      {other, refunded}};
+    static const Wanted donations{{},
+                                  {"exkl*", "HT"},
+                                  true,
+                                  {{donation, total},
+                                   {donation, amount},
+                                   {donation, paid},
+                                   {donation, yearly},
+                                   {contribution, paid},
+                                   {amount, paid},
+                                   {donation},
+                                   {amount, total}},
+                                  {other, possible}};
+    static const Wanted daycare{{},
+                                {"exkl*", "HT"},
+                                true,
+                                {{parents, net},
+                                 {parents, paid},
+                                 {parents, total},
+                                 {payable},
+                                 {childcare, net},
+                                 {amount, net},
+                                 {fee, net},
+                                 {childcare, paid},
+                                 {amount, paid},
+                                 {fee, paid},
+                                 {contribution, paid},
+                                 {parents, contribution},
+                                 {total, paid},
+                                 {childcare, total},
+                                 {fee, total},
+                                 {amount, total}},
+                                {other, refunded, publicShare, possible}};
+    static const Wanted courses{{},
+                                {"exkl*", "HT"},
+                                true,
+                                {{fee, net},
+                                 {amount, net},
+                                 {course, paid},
+                                 {fee, paid},
+                                 {amount, paid},
+                                 {payable},
+                                 {course, fee, total},
+                                 {course, total},
+                                 {fee, total},
+                                 {amount, total},
+                                 {total},
+                                 {course, fee},
+                                 {fee}},
+                                {other, refunded, publicShare, possible}};
+    static const Wanted repairs{
+        {}, {"exkl*", "HT"}, true, {{payable}, {amount, total}}, {other, refunded}};
+    switch (kind) {
+    case Kind::arztrechnung:
+        return medicalTotals;
+    case Kind::spende:
+        return donations;
+    case Kind::kinderbetreuung:
+        return daycare;
+    case Kind::weiterbildung:
+        return courses;
+    default:
+        return repairs;
+    }
 }
 const Wanted& plainTotals() {
     static const Wanted wanted{{"Total*",
@@ -221,9 +299,11 @@ class BillMapper {
     }
 
     std::optional<FoundAmount> bestTotal() {
-        if (auto found = findLast(ranges_, totals()); found && found->value() >= 1) {
-            wanted_ = &totals();
-            return found;
+        for (const Wanted* wanted : {&totals(), &ownTotals(target_.kind)}) {
+            if (auto found = findLast(ranges_, *wanted); found && found->value() >= 1) {
+                wanted_ = wanted;
+                return target_.isShared ? afterShares(*found) : *found;
+            }
         }
         wanted_ = &plainTotals();
         auto all = findAmounts(ranges_, plainTotals());
@@ -233,7 +313,39 @@ class BillMapper {
                 return one;
             }
         }
-        return all.empty() ? std::nullopt : std::optional(all.back());
+        if (!all.empty()) {
+            return all.back();
+        }
+        isPlain_ = true;
+        static const std::vector<Concept> barred{refunded, other, possible, opening};
+        auto sum = provenSum(ranges_, barred);
+        return sum ? sum : onlyAmount(ranges_, barred);
+    }
+
+    /// What remains of a total when others bear a part of it, if both stand below; else it is the
+    /// total, but doubtful.
+    FoundAmount afterShares(const FoundAmount& whole) {
+        Decimal rest = whole.value();
+        const PageRows& page = *whole.page;
+        for (std::size_t at = whole.row + 1; at < page.rows.size(); ++at) {
+            const Row& row = page.rows[at];
+            if (row.amounts.empty() || !row.amounts.back().amount.isFirm()) {
+                continue;
+            }
+            const Decimal value = row.amounts.back().amount.value.abs();
+            if (namesAny(row, {publicShare, reduction, refunded}, page.isRecognised)) {
+                rest = rest - value;
+                isShared_ = true;
+            } else if (isShared_ && value == rest) {
+                FoundAmount net = whole;
+                net.row = at;
+                net.amount = row.amounts.back();
+                net.label = textBetween(row, 0, net.amount.first == 0 ? 0 : net.amount.first - 1);
+                isShared_ = false;
+                return net;
+            }
+        }
+        return whole;
     }
 
     /// The amount of the QR-bill, with the printed one beside it.
@@ -265,16 +377,26 @@ class BillMapper {
                      + (holds ? "" : ", zu zahlen ist " + shown(amount)),
                  holds});
         }
-        if (!context_.isKindClear) {
+        const bool isSeconded = std::ranges::any_of(evidence.checks, &ProposalCheck::passed);
+        if (!context_.isKindClear || !isSeconded) {
             evidence.confidence = Confidence::medium; // the amount is sure, what it is for is not
         }
         draft_.add(record_, target_.amount, amount, std::move(evidence));
     }
 
     void proposePrinted() {
+        if (isPlain_) {
+            draft_.add(record_, target_.amount, printed_->value(),
+                       plainEvidence(*printed_, context_.isKindClear));
+            return;
+        }
+        auto checks = totalChecks(ranges_, *printed_);
+        if (auto repeat = repeatCheck(ranges_, *wanted_, *printed_)) {
+            checks.push_back(std::move(*repeat));
+        }
         draft_.add(
             record_, target_.amount, printed_->value(),
-            evidenceOf(*printed_, *wanted_, context_.isKindClear, totalChecks(ranges_, *printed_)));
+            evidenceOf(*printed_, *wanted_, context_.isKindClear && !isShared_, std::move(checks)));
     }
 
     void proposeWords(const std::string& payee, bool isPayable) {
@@ -308,6 +430,8 @@ class BillMapper {
     std::vector<RowRange> ranges_;
     std::optional<FoundAmount> printed_;
     const Wanted* wanted_ = nullptr;
+    bool isShared_ = false; ///< others bear a part that is not taken off
+    bool isPlain_ = false;  ///< found without any label
     int record_ = 0;
 };
 

@@ -1,8 +1,10 @@
 #include "Fiscarel_SG/documents/kinds/KindEvidence.h"
 
+#include "Fiscarel_SG/documents/kinds/KindWords.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
 
 #include <algorithm>
+#include <array>
 #include <map>
 
 namespace fiscarel {
@@ -11,199 +13,10 @@ namespace {
 
 using Kind = StoredDocument::Kind;
 
-struct KindWords {
-    Kind kind;
-    int weight;
-    Labels words;
-};
-
 constexpr int enough = 6;   ///< below, nothing is concluded
 constexpr int clearly = 10; ///< and this far ahead of the next, the kind is clear
 constexpr int clearAhead = 4;
 constexpr int decisive = 12; ///< of the words that make a document none of the kinds
-
-/// Each list counts once. Weights: 6 names the document, 4 all but names it, 2 fits it.
-const std::vector<KindWords>& evidences() {
-    static const std::vector<KindWords> rows{
-        {Kind::lohnausweis, 5, {"Lohnausweis", "Certificat de salaire", "Certificato di salario"}},
-        {Kind::lohnausweis,
-         5,
-         {"Rentenbescheinigung", "Attestation de rentes", "Attestazione delle rendite"}},
-        {Kind::lohnausweis, 3, {"Bruttolohn total", "Salaire brut total", "Salario lordo totale"}},
-        {Kind::lohnausweis, 3, {"Nettolohn", "Salaire net", "Salario netto"}},
-        {Kind::lohnausweis, 2, {"Unregelmässige Leistungen", "Prestations non périodiques"}},
-        {Kind::steuerauszug,
-         8,
-         {"Steuerauszug", "E-Steuerauszug", "eSteuerauszug", "Relevé fiscal", "Estratto fiscale",
-          "Steuerverzeichnis"}},
-        {Kind::steuerauszug,
-         3,
-         {"Verrechnungssteueranspruch", "Werte mit VSt", "Valoren", "Depotauszug"}},
-        {Kind::saeule3a,
-         6,
-         {"Säule 3a", "Pilier 3a", "Pilastro 3a", "3a-Konto", "Vorsorge 3a", "Vorsorgekonto 3a",
-          "Prévoyance 3a", "Previdenza 3a"}},
-        {Kind::saeule3a,
-         5,
-         {"gebundene Vorsorge", "gebundenen Vorsorge", "gebundene Selbstvorsorge",
-          "gebundenen Selbstvorsorge", "Prévoyance liée", "Prévoyance individuelle liée",
-          "Previdenza vincolata", "anerkannte Vorsorgeform*", "anerkannten Vorsorgeform*"}},
-        {Kind::saeule3a,
-         5,
-         {"Bescheinigung über Vorsorgebeiträge",
-          "Attestation concernant les cotisations de prévoyance",
-          "Attestazione dei contributi di previdenza", "Attestazione concernente i contributi"}},
-        {Kind::pensionskasse,
-         5,
-         {"Einkaufsbescheinigung", "Einkaufssumme", "Einkaufsbetrag", "freiwilliger Einkauf",
-          "Einkauf*", "Rachat*", "Riscatto"}},
-        {Kind::pensionskasse,
-         4,
-         {"Pensionskasse", "Vorsorgeeinrichtung", "Personalvorsorge*", "Caisse de pension*",
-          "Institution de prévoyance", "Caisse de prévoyance", "Cassa pension*",
-          "Istituto di previdenza", "Vorsorgestiftung"}},
-        {Kind::pensionskasse,
-         2,
-         {"berufliche Vorsorge", "2. Säule", "Prévoyance professionnelle",
-          "Previdenza professionale", "BVG"}},
-        {Kind::krankenkasse,
-         6,
-         {"Prämienübersicht", "Prämienbestätigung", "Prämienausweis", "Prämienabrechnung",
-          "Récapitulatif des primes", "Attestation de primes", "Attestation des primes",
-          "Riepilogo dei premi", "Attestato dei premi"}},
-        {Kind::krankenkasse,
-         4,
-         {"Krankenkasse", "Krankenversicher*", "Assurance-maladie", "Caisse-maladie",
-          "Cassa malati", "Assicurazione malattie"}},
-        {Kind::krankenkasse,
-         3,
-         {"KVG", "OKP", "LAMal", "Grundversicherung", "Assurance de base",
-          "Assicurazione di base"}},
-        {Kind::krankenkasse, 2, {"VVG", "LCA", "Zusatzversicherung*"}},
-        {Kind::krankenkasse,
-         3,
-         {"Prämienverbilligung", "Kostenbeteiligung*", "Leistungsübersicht", "Réduction de prime*",
-          "Réduction des primes", "Participation aux coûts", "Partecipazione ai costi",
-          "Riduzione dei premi"}},
-        {Kind::bankauszug,
-         7,
-         {"Zinsausweis", "Zinsbescheinigung", "Saldobestätigung", "Zins und Saldo*",
-          "Zins- und Kapital*", "Kapital- und Zins*", "Zinsabschluss", "Kontoabschluss",
-          "Attestation d'intérêts", "Attestation de solde", "Attestazione degli interessi",
-          "Attestazione di interessi", "Attestation des intérêts", "Attestato degli interessi",
-          "Attestazione del saldo"}},
-        {Kind::bankauszug,
-         5,
-         {"Kontoauszug", "Jahresauszug", "Vermögensausweis", "Relevé de compte", "Estratto conto",
-          "Zinsertrag"}},
-        {Kind::bankauszug,
-         3,
-         {"Bruttozins*", "Habenzins*", "Zins brutto", "Intérêt* brut*", "Intérêts bruts",
-          "Interessi lordi", "Schuldzins*", "Hypothekarzins*", "Sollzins*"}},
-        {Kind::bankauszug, 2, {"Verrechnungssteuer", "Impôt anticipé", "Imposta preventiva"}},
-        {Kind::bankauszug,
-         2,
-         {"Sparkonto", "Privatkonto", "Compte", "Conto", "Kontostand", "Hypothek*", "Saldo",
-          "Solde"}},
-        {Kind::arztrechnung,
-         5,
-         {"Arztpraxis",        "Zahnarzt*",       "Zahnärzt*",        "Hausarzt*",
-          "Augenarzt*",        "Cabinet médical", "Cabinet dentaire", "Studio medico",
-          "Studio dentistico", "Médecin*",        "Dentiste",         "Medico",
-          "Dentista",          "Physiotherapie",  "Optik*",           "Apotheke",
-          "Pharmacie",         "Farmacia",        "Spital",           "Hôpital",
-          "Ospedale",          "Klinik",          "Chiropraktik*"}},
-        {Kind::arztrechnung, 4, {"Patient*", "Patiente", "Paziente"}},
-        {Kind::arztrechnung,
-         3,
-         {"TARMED", "TARDOC", "Taxpunkt*", "Rückforderungsbeleg", "Honorarrechnung", "Dr. med*",
-          "Dentotar", "Behandlung*", "Konsultation*", "Consultation*", "Consultazion*",
-          "Trattamento", "Traitement*"}},
-        {Kind::spende,
-         7,
-         {"Spendenbestätigung", "Spendenbescheinigung", "Zuwendungsbestätigung", "Spendenausweis",
-          "Attestation de don*", "Attestation des dons", "Attestazione di donazion*",
-          "Attestato di donazion*", "Conferma di donazion*", "Spendenverdankung"}},
-        {Kind::spende,
-         4,
-         {"Spende*", "Zuwendung*", "Don", "Dons", "Donazion*", "Donateur*", "Gönner*"}},
-        {Kind::spende,
-         3,
-         {"gemeinnützig*", "utilité publique", "pubblica utilità", "steuerbefreit*"}},
-        {Kind::kinderbetreuung,
-         6,
-         {"Kita", "Kindertagesstätte", "Kinderkrippe", "Kinderhort", "Tagesfamilie*", "Crèche",
-          "Garderie", "Asilo nido", "Mittagstisch", "Schülerhort", "Tagesstätte", "Kinderhaus",
-          "Structure d'accueil"}},
-        {Kind::kinderbetreuung,
-         5,
-         {"Kinderbetreuung*", "Betreuungskosten", "Drittbetreuung*", "Frais de garde",
-          "Spese di custodia", "Custodia", "Elternbeitr*", "Accueil extrafamilial",
-          "Betreuungsbestätigung"}},
-        {Kind::kinderbetreuung, 2, {"Betreuung*", "Betreuungstage", "Jours de garde"}},
-        {Kind::weiterbildung,
-         6,
-         {"Kursgeld*", "Kursgebühr*", "Kursrechnung", "Kurskosten", "Studiengebühr*",
-          "Semestergebühr*", "Schulgeld", "Frais de cours", "Taxe de cours", "Tassa del corso",
-          "Tassa d'iscrizione", "Écolage", "Quota del corso", "Lehrgangskosten",
-          "Teilnahmegebühr"}},
-        {Kind::weiterbildung,
-         4,
-         {"Weiterbildung*", "Formation continue", "Formazione continua", "Lehrgang*",
-          "Perfectionnement", "Perfezionamento"}},
-        {Kind::weiterbildung, 2, {"Kurs", "Seminar*", "Cours", "Corso", "Teilnehm*", "Semester"}},
-        {Kind::versicherung,
-         6,
-         {"Lebensversicherung*", "Assurance-vie", "Assurances vie", "Assicurazione sulla vita",
-          "Assicurazione vita", "Kapitalversicherung"}},
-        {Kind::versicherung, 6, {"Rückkaufswert*", "Valeur de rachat", "Valore di riscatto"}},
-        {Kind::versicherung, 2, {"Police*", "Versicherungssumme", "Polizza", "Todesfall*"}},
-        {Kind::liegenschaft,
-         6,
-         {"Schätzungsanzeige", "Schätzungsverfügung", "Schätzungsausweis", "Schätzungsprotokoll",
-          "amtliche Schätzung", "Grundstückschätzung", "Estimation fiscale",
-          "Estimation officielle", "Stima ufficiale", "Schätzung"}},
-        {Kind::liegenschaft,
-         6,
-         {"Eigenmietwert", "Mietwert", "Valeur locative", "Valore locativo"}},
-        {Kind::liegenschaft,
-         4,
-         {"amtlicher Wert", "Verkehrswert", "Steuerwert der Liegenschaft", "Valeur officielle",
-          "Valeur vénale", "Valore ufficiale", "Valore venale", "Valeur fiscale", "Valore di stima",
-          "Neuwert", "Ertragswert"}},
-        {Kind::liegenschaft,
-         2,
-         {"Grundstück*", "Parzelle*", "Immeuble", "Parcelle", "Particella", "Liegenschaft*",
-          "Fondo", "Grundbuch*"}},
-    };
-    return rows;
-}
-
-/// Words that make a document none of the kinds, with lists that must all be there.
-struct Exclusion {
-    std::vector<Labels> all;
-    int weight;
-};
-
-const std::vector<Exclusion>& exclusions() {
-    static const std::vector<Exclusion> rows{
-        {{{"Mitarbeiterbeteiligung*", "Participations de collaborateur*",
-           "Partecipazioni di collaborator*", "Beiblatt zum Lohnausweis"},
-          {"Beiblatt", "Annexe", "Allegato", "Sperrfrist", "Aktien", "Optionen", "Actions",
-           "Azioni"}},
-         30},
-        {{{"Steuererklärung", "Déclaration d'impôt", "Dichiarazione d'imposta"},
-          {"Steuerbares Einkommen", "Satzbestimmendes*", "Wertschriftenverzeichnis",
-           "Revenu imposable", "Reddito imponibile", "Total der Einkünfte", "Einkünfte",
-           "Reineinkommen"}},
-         30},
-        {{{"Kassenbon", "Kassenzettel", "Rückgeld", "Ticket de caisse", "Scontrino", "Kasse",
-           "Rendu", "Resto", "Bargeld", "Bar CHF"},
-          {"MWST*", "TVA", "IVA", "Total*"}},
-         14},
-    };
-    return rows;
-}
 
 std::string titleWords(const DocumentRows& document) {
     std::string words;
@@ -224,7 +37,7 @@ std::string titleWords(const DocumentRows& document) {
 /// Employee-share annexes carry their name at the top; a certificate mentions them in box 15.
 int exclusionWeight(const std::string& title, const std::string& all) {
     int weight = 0;
-    for (const Exclusion& exclusion : exclusions()) {
+    for (const KindExclusion& exclusion : kindExclusions()) {
         const bool holds = isAnyIn(title, exclusion.all.front())
                            && std::ranges::all_of(exclusion.all, [&](const Labels& words) {
                                   return isAnyIn(all, words);
@@ -234,18 +47,72 @@ int exclusionWeight(const std::string& title, const std::string& all) {
     return weight;
 }
 
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+/// Whether a word has a form, 0 standing for a digit and A for a capital letter.
+bool hasForm(std::string_view word, std::string_view form) {
+    return word.size() == form.size() && std::ranges::equal(word, form, [](char c, char wanted) {
+               return wanted == '0'   ? isDigit(c)
+                      : wanted == 'A' ? c >= 'A' && c <= 'Z'
+                                      : c == wanted;
+           });
+}
+
+/// Positions of the medical tariffs: TARMED, TARDOC, laboratory, dentists'.
+bool isTariffCode(std::string_view word) {
+    return std::ranges::any_of(std::array<std::string_view, 3>{"00.0000", "AA.00.0000", "4.0000"},
+                               [&](std::string_view form) { return hasForm(word, form); });
+}
+
+bool isIsin(std::string_view word) {
+    return word.size() == 12 && hasForm(word.substr(0, 2), "AA") && isDigit(word.back())
+           && std::ranges::all_of(word.substr(2),
+                                  [](char c) { return isDigit(c) || (c >= 'A' && c <= 'Z'); });
+}
+
+bool isSubBox(std::string_view word) {
+    return hasForm(word, "13.0.0") || word == "10.1" || word == "10.2";
+}
+
+/// What the form of a document's numbers says: tariff codes, securities, the boxes of a form.
+void weighStructure(const DocumentRows& document, std::map<Kind, int>& scores) {
+    struct Form {
+        Kind kind;
+        bool (*holds)(std::string_view);
+        int most;
+        int count = 0;
+    };
+    std::array forms{Form{Kind::arztrechnung, isTariffCode, 5}, Form{Kind::steuerauszug, isIsin, 3},
+                     Form{Kind::lohnausweis, isSubBox, 3}};
+    for (const PageRows& page : document.pages) {
+        for (const Row& row : page.rows) {
+            for (const RowWord& word : row.words) {
+                for (Form& form : forms) {
+                    form.count += form.holds(word.text) ? 1 : 0;
+                }
+            }
+        }
+    }
+    for (const Form& form : forms) {
+        if (form.count >= 2) {
+            scores[form.kind] += form.most;
+        }
+    }
+}
+
 } // namespace
 
 KindVerdict weighKind(const DocumentRows& document) {
     const std::string title = titleWords(document);
     std::map<Kind, int> scores;
-    for (const KindWords& evidence : evidences()) {
+    for (const KindWords& evidence : kindWords()) {
         if (isAnyIn(title, evidence.words)) {
             scores[evidence.kind] += 2 * evidence.weight;
         } else if (isAnyIn(document.folded, evidence.words)) {
             scores[evidence.kind] += evidence.weight;
         }
     }
+    weighStructure(document, scores);
     KindVerdict verdict;
     int best = 0;
     int second = 0;
@@ -269,12 +136,45 @@ KindVerdict weighKind(const DocumentRows& document) {
     return verdict;
 }
 
+bool isPensionPaper(const DocumentRows& document) {
+    static const Labels names{"Rentenbescheinigung*",
+                              "Rentenausweis",
+                              "Rentenbestätigung*",
+                              "Rentenleistungen",
+                              "ausgerichtete* Rente*",
+                              "Renten",
+                              "Attestation de rente*",
+                              "Attestation des rentes",
+                              "Certificat de rente*",
+                              "rentes versées",
+                              "Attestazione delle rendite",
+                              "Attestazione di rendita",
+                              "Attestazione della rendita",
+                              "Certificato di rendita",
+                              "rendite versate"};
+    return isAnyIn(titleWords(document), names);
+}
+
 bool isRepairBill(const DocumentRows& document) {
-    static const Labels trades{
-        "Sanitär*",   "Malergeschäft", "Malerarbeiten", "Dachdecker*",
-        "Reparatur*", "Heizungs*",     "Schreinerei",   "Elektroinstallation*",
-        "Sanierung*", "Gartenbau",     "Réparation*",   "Chauffage*",
-        "Sanitaire*", "Riparazion*",   "Riscaldament*", "Spenglerei"};
+    static const Labels trades{"Sanitär*",      "Malergeschäft",
+                               "Malerarbeiten", "Dachdecker*",
+                               "Reparatur*",    "Heizungs*",
+                               "Schreinerei",   "Elektroinstallation*",
+                               "Sanierung*",    "Gartenbau",
+                               "Bedachung*",    "Zimmerei",
+                               "Bodenbeläge",   "Fensterbau",
+                               "Haustechnik",   "Gipser*",
+                               "Plattenleger*", "Storen*",
+                               "Kaminfeger*",   "Maurer*",
+                               "Renovation*",   "Unterhaltsarbeiten",
+                               "Peinture",      "Toiture",
+                               "Menuiserie",    "Électricité",
+                               "Rénovation*",   "Falegnameria",
+                               "Pittura",       "Manutenzion*",
+                               "Elettricista",  "Impianti",
+                               "Réparation*",   "Chauffage*",
+                               "Sanitaire*",    "Riparazion*",
+                               "Riscaldament*", "Spenglerei"};
     static const Labels bills{"Rechnung", "Facture", "Fattura"};
     return isAnyIn(document.folded, trades) && isAnyIn(document.folded, bills);
 }

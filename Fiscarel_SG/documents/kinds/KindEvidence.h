@@ -18,6 +18,9 @@ struct KindVerdict {
 /// mention.
 KindVerdict weighKind(const DocumentRows& document);
 
+/// Whether a document certifies pensions that were paid.
+bool isPensionPaper(const DocumentRows& document);
+
 /// Whether the words are those of a bill for repairs of a building.
 bool isRepairBill(const DocumentRows& document);
 

@@ -1,9 +1,10 @@
 #include "Fiscarel_SG/documents/kinds/AmountFinder.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
 #include "Fiscarel_SG/documents/kinds/LabelledFields.h"
+#include "Fiscarel_SG/documents/kinds/PlainAmount.h"
+#include "Fiscarel_SG/documents/kinds/RecordsByKind.h"
 
 #include <algorithm>
-#include <map>
 
 namespace fiscarel {
 
@@ -14,52 +15,6 @@ namespace {
 
 using Kind = StoredDocument::Kind;
 using Record = ProposedRecord::Kind;
-
-const char* titleOf(Kind kind) {
-    switch (kind) {
-    case Kind::saeule3a:
-        return "Säule 3a";
-    case Kind::pensionskasse:
-        return "Einkauf in die Pensionskasse";
-    case Kind::krankenkasse:
-        return "Versicherungsprämien";
-    case Kind::versicherung:
-        return "Lebensversicherung";
-    default:
-        return "Liegenschaft";
-    }
-}
-
-/// Records of a document by their kind, made when the first value needs one.
-class RecordsByKind {
-  public:
-    RecordsByKind(const KindContext& context, ProposalDraft& draft)
-        : context_(context), draft_(draft) {}
-
-    int of(Record kind, int page) {
-        const auto known = indices_.find(kind);
-        if (known != indices_.end()) {
-            return known->second;
-        }
-        std::string title = kind == Record::pension ? "Rente" : titleOf(context_.kind);
-        if (!context_.facts.issuer.text.empty() && kind != Record::realEstate) {
-            title += ' ' + context_.facts.issuer.text;
-        }
-        const int index =
-            draft_.addRecord(recordWith(context_.facts, kind, std::move(title), page));
-        indices_.emplace(kind, index);
-        return index;
-    }
-    std::optional<int> existing(Record kind) const {
-        const auto known = indices_.find(kind);
-        return known == indices_.end() ? std::nullopt : std::optional(known->second);
-    }
-
-  private:
-    const KindContext& context_;
-    ProposalDraft& draft_;
-    std::map<Record, int> indices_;
-};
 
 /// The year of a day or the year itself right of a label.
 void proposeYear(const KindContext& context, const LabelledField& wanted, RecordsByKind& records,
@@ -120,152 +75,15 @@ void proposeField(const KindContext& context, const LabelledField& row, RecordsB
     if (!chosen) {
         return;
     }
-    std::vector<ProposalCheck> checks;
-    if (const auto check = columnCheck(chosen->found)) {
-        checks.push_back(*check);
-    }
-    Evidence evidence = evidenceOf(chosen->found, row.wanted,
-                                   context.isKindClear && !chosen->isDisputed, std::move(checks));
+    Evidence evidence =
+        evidenceOf(chosen->found, row.wanted, context.isKindClear && !chosen->isDisputed,
+                   witnessChecks(wholeDocument(context.document), row.wanted, chosen->found));
     if (chosen->isDisputed) {
         evidence.confidence = Confidence::low;
         evidence.reason += " An anderen Stellen steht ein anderer Betrag.";
     }
     draft.add(records.of(row.record, chosen->found.page->number), row.field,
               chosen->found.value().abs(), std::move(evidence));
-}
-
-const Wanted& grossPremiums() {
-    static const Wanted wanted{
-        {"Total Prämien brutto",
-         "Bruttoprämie*",
-         "Prämien brutto",
-         "Total Prämien",
-         "Total der Prämien",
-         "Prämien total",
-         "Total primes",
-         "Total des primes",
-         "Totale premi",
-         "Totale dei premi",
-         "Bezahlte Prämien",
-         "Primes payées",
-         "Premi pagati",
-         "Prämientotal",
-         "Jahresprämie total",
-         "Jahresprämie",
-         "Prime annuelle",
-         "Premio annuo",
-         "Total",
-         "Totale"},
-        {"netto", "nettes", "netti", "nach", "Verbilligung*", "net", "zu Ihren Lasten"}};
-    return wanted;
-}
-const Wanted& netPremiums() {
-    static const Wanted wanted{{"Total Prämien netto", "Nettoprämie*", "Prämien netto",
-                                "Prämien nach Verbilligung", "Netto zu Ihren Lasten", "Total netto",
-                                "Primes nettes", "Total net", "Premi netti", "Totale netto",
-                                "Netto"},
-                               {}};
-    return wanted;
-}
-const Wanted& reductions() {
-    static const Wanted wanted{{"Prämienverbilligung*", "Individuelle Prämienverbilligung", "IPV",
-                                "Réduction de prime*", "Réduction des primes",
-                                "Riduzione dei premi", "Riduzione individuale*",
-                                "Riduzione del premio", "Subside*", "Verbilligung"},
-                               {"nach", "après", "dopo", "netto", "nettes", "netti"}};
-    return wanted;
-}
-/// Premiums by law, where no total is named.
-const Wanted& singlePremiums() {
-    static const Wanted wanted{{"Prämie*", "Prime*", "Premi*", "Grundversicherung", "KVG", "OKP",
-                                "LAMal", "Zusatzversicherung*", "VVG", "LCA"},
-                               {"Verbilligung*", "Prämienverbilligung*", "netto", "Monat",
-                                "Franchise", "Réduction*", "Riduzione*"},
-                               false};
-    return wanted;
-}
-
-/// Premiums − reduction = net, where all three are printed.
-std::vector<ProposalCheck> premiumChecks(const std::vector<RowRange>& ranges,
-                                         const FoundAmount& gross) {
-    std::vector<ProposalCheck> checks;
-    if (const auto check = columnCheck(gross)) {
-        checks.push_back(*check);
-    }
-    const auto reduction = findLast(ranges, reductions());
-    const auto net = findLast(ranges, netPremiums());
-    if (reduction && net) {
-        const Decimal computed = gross.value() - reduction->value().abs();
-        const bool holds = computed == net->value();
-        checks.push_back({"Prämien − Verbilligung: " + shown(gross.value()) + " − "
-                              + shown(reduction->value().abs()) + " = " + shown(computed)
-                              + (holds ? "" : ", netto steht aber " + shown(net->value())),
-                          holds});
-    }
-    return checks;
-}
-
-void proposePremiums(const KindContext& context, RecordsByKind& records, ProposalDraft& draft) {
-    const auto ranges = wholeDocument(context.document);
-    const auto gross = findLast(ranges, grossPremiums());
-    if (gross && gross->value() >= 1) {
-        draft.add(records.of(Record::householdDeductions, gross->page->number),
-                  "healthInsurancePremiums", gross->value(),
-                  evidenceOf(*gross, grossPremiums(), context.isKindClear,
-                             premiumChecks(ranges, *gross)));
-        return;
-    }
-    // Without a total the single premiums are added up.
-    const auto single = findAmounts(ranges, singlePremiums());
-    Decimal sum;
-    for (const FoundAmount& one : single) {
-        sum = sum + one.value().abs();
-    }
-    if (single.empty() || sum < 1) {
-        return;
-    }
-    Evidence evidence = evidenceOf(single.back(), singlePremiums(), context.isKindClear);
-    if (single.size() > 1) {
-        evidence.reason = "Summe der einzelnen Prämien.";
-        evidence.confidence = Confidence::low;
-    }
-    draft.add(records.of(Record::householdDeductions, single.back().page->number),
-              "healthInsurancePremiums", sum, std::move(evidence));
-}
-
-/// What the insured paid themselves is a cost of illness.
-void proposeCostSharing(const KindContext& context, ProposalDraft& draft) {
-    static const Wanted own{
-        {"Total Kostenbeteiligung*", "Nicht erstattete Kosten", "Nicht vergütete Kosten",
-         "Frais non remboursés", "Costi non rimborsati", "Spese non rimborsate",
-         "Total Kosten zu Ihren Lasten", "Ihre Kostenbeteiligung", "Kostenbeteiligung*",
-         "zu Ihren Lasten", "Selbst bezahlt*", "Eigenanteil", "Participation aux coûts",
-         "Participation aux frais", "à votre charge", "Partecipazione ai costi", "a suo carico"},
-        {"Prämie*", "Primes", "Premi"}};
-    const auto found = findLast(wholeDocument(context.document), own);
-    if (!found || found->value() < 1) {
-        return;
-    }
-    std::vector<ProposalCheck> checks;
-    if (const auto check = columnCheck(*found)) {
-        checks.push_back(*check);
-    }
-    const int record = draft.addRecord(recordWith(context.facts, Record::medicalCost,
-                                                  "Kostenbeteiligung " + context.facts.issuer.text,
-                                                  found->page->number));
-    draft.record(record).advice = "Was die Kasse nicht vergütet hat. Rechnungen, die darin schon "
-                                  "enthalten sind, nicht noch einmal eintragen.";
-    Evidence evidence = evidenceOf(*found, own, context.isKindClear, std::move(checks));
-    if (evidence.confidence == Confidence::high) {
-        evidence.confidence = Confidence::medium; // it may be entered already, bill by bill
-    }
-    draft.add(record, "gross", found->value(), std::move(evidence));
-    draft.add(record, "provider", context.facts.issuer.text,
-              {.witness = Witness::position,
-               .confidence = Confidence::medium,
-               .reason = "Steht oben auf dem Dokument.",
-               .page = context.facts.issuer.page,
-               .box = context.facts.issuer.box});
 }
 
 bool isCapital(std::string_view word) { return !word.empty() && word[0] >= 'A' && word[0] <= 'Z'; }
@@ -348,6 +166,24 @@ void proposeNames(const KindContext& context, const RecordsByKind& records, Prop
     }
 }
 
+/// The field that papers of a kind are made for, where nothing but its words is missing.
+void proposeOnlyAmount(const KindContext& context, RecordsByKind& records, ProposalDraft& draft) {
+    using enum Concept;
+    static const std::vector<Concept> barred{balance, opening, interest,   possible,
+                                             other,   rate,    costSharing};
+    const auto field = std::ranges::find_if(labelledFields(), [&](const LabelledField& row) {
+        return row.kind == context.kind && row.field != std::string_view("pillar3aBuyIn")
+               && !row.isYear;
+    });
+    const auto found = onlyAmount(wholeDocument(context.document), barred);
+    if (field == labelledFields().end() || !found || found->value() >= field->below
+        || context.kind == Kind::krankenkasse) {
+        return;
+    }
+    draft.add(records.of(field->record, found->page->number), field->field, found->value(),
+              plainEvidence(*found, context.isKindClear));
+}
+
 } // namespace
 
 void proposeLabelled(const KindContext& context, ProposalDraft& draft) {
@@ -367,6 +203,9 @@ void proposeLabelled(const KindContext& context, ProposalDraft& draft) {
     }
     if (context.kind == Kind::krankenkasse) {
         proposeCostSharing(context, draft);
+    }
+    if (!draft.hasRecords()) {
+        proposeOnlyAmount(context, records, draft);
     }
     proposeNames(context, records, draft);
 }

@@ -137,7 +137,7 @@ void proposeSalaryForm(const SalaryForm& form, ProposalDraft& draft) {
     if (form.isLiechtenstein) {
         draft.addTrue(record, "employerInLiechtenstein",
                       {.witness = Witness::position,
-                       .confidence = Confidence::high,
+                       .confidence = Confidence::medium,
                        .reason = "Lohnausweis des Fürstentums Liechtenstein.",
                        .page = form.page->number});
     }

@@ -39,12 +39,31 @@ bool isAlike(std::string_view text, std::string_view wanted, std::size_t most) {
     return isWithinEdits(text, wanted, most) && digits(text) == digits(wanted);
 }
 
+/// Whether a word ends with, or for an open label holds, a label's word.
+bool holds(std::string_view word, const Label& label, std::size_t most) {
+    const std::string& wanted = label.compact();
+    if (word.size() < wanted.size()) {
+        return false;
+    }
+    const std::size_t ending = word.size() - wanted.size();
+    for (std::size_t from = label.isOpen() ? 0 : ending; from <= ending; ++from) {
+        const std::string_view part = word.substr(from, wanted.size());
+        if (most == 0 ? part == wanted : isAlike(part, wanted, most)) {
+            return true;
+        }
+    }
+    return false;
+}
+
 /// The index of the last token when the label begins with a token.
 std::optional<std::size_t> matchAt(const std::vector<Token>& tokens, std::size_t at,
                                    const Label& label, bool isRecognised) {
     const std::string& wanted = label.compact();
     const std::size_t most =
         isRecognised && wanted.size() >= 6 ? std::max<std::size_t>(wanted.size() / 8, 1) : 0;
+    if (label.isOpenBefore()) {
+        return holds(tokens[at].text, label, most) ? std::optional(at) : std::nullopt;
+    }
     // A number such as 13.1.2 is one word; digits of neighbours do not make it.
     const bool isNumber = wanted.find_first_not_of("0123456789") == std::string::npos;
     std::string joined;
@@ -67,19 +86,8 @@ std::optional<std::size_t> matchAt(const std::vector<Token>& tokens, std::size_t
     return std::nullopt;
 }
 
-} // namespace
-
-Label::Label(const char* words) {
-    std::string_view text = words;
-    isOpen_ = text.ends_with('*');
-    folded_ = foldWords(text);
-    compact_ = folded_;
-    std::erase(compact_, ' ');
-}
-
-std::optional<LabelPlace> findLabel(const Row& row, const Label& label, bool isRecognised,
-                                    std::size_t from) {
-    const auto tokens = tokensOf(row, from);
+std::optional<LabelPlace> findIn(const Row& row, const std::vector<Token>& tokens,
+                                 const Label& label, bool isRecognised) {
     // Letter by letter first: a stray mark before the word is within the tolerance as well.
     for (const bool isTolerant : {false, true}) {
         for (std::size_t at = 0; at < tokens.size() && (isRecognised || !isTolerant); ++at) {
@@ -94,10 +102,27 @@ std::optional<LabelPlace> findLabel(const Row& row, const Label& label, bool isR
     return std::nullopt;
 }
 
+} // namespace
+
+Label::Label(const char* words) {
+    std::string_view text = words;
+    isOpen_ = text.ends_with('*');
+    isOpenBefore_ = text.starts_with('*');
+    folded_ = foldWords(text);
+    compact_ = folded_;
+    std::erase(compact_, ' ');
+}
+
+std::optional<LabelPlace> findLabel(const Row& row, const Label& label, bool isRecognised,
+                                    std::size_t from) {
+    return findIn(row, tokensOf(row, from), label, isRecognised);
+}
+
 std::optional<LabelPlace> findLabel(const Row& row, const Labels& labels, bool isRecognised,
                                     std::size_t from) {
+    const auto tokens = tokensOf(row, from);
     for (const Label& label : labels) {
-        if (const auto place = findLabel(row, label, isRecognised, from)) {
+        if (const auto place = findIn(row, tokens, label, isRecognised)) {
             return place;
         }
     }
@@ -105,7 +130,18 @@ std::optional<LabelPlace> findLabel(const Row& row, const Labels& labels, bool i
 }
 
 bool isIn(std::string_view folded, const Label& label) {
-    return hasPhrase(folded, label.isOpen() ? label.folded() + '*' : label.folded());
+    if (!label.isOpenBefore()) {
+        return hasPhrase(folded, label.isOpen() ? label.folded() + '*' : label.folded());
+    }
+    const std::string& wanted = label.folded();
+    for (std::size_t at = folded.find(wanted); at != std::string_view::npos;
+         at = folded.find(wanted, at + 1)) {
+        const std::size_t end = at + wanted.size();
+        if (label.isOpen() || end == folded.size() || folded[end] == ' ') {
+            return true;
+        }
+    }
+    return false;
 }
 
 bool isAnyIn(std::string_view folded, const Labels& labels) {

@@ -10,7 +10,8 @@
 namespace fiscarel {
 
 /// Words by which something is found in a row, as they are printed: "Bruttolohn total". With "*" at
-/// the end the last word may go on ("Prämie*").
+/// the end the last word may go on ("Prämie*"); with one before a single word that word may be the
+/// end of a longer one ("*prämie": "Jahresprämie").
 class Label {
   public:
     Label(const char* words); // NOLINT(google-explicit-constructor): tables are lists of words
@@ -18,11 +19,13 @@ class Label {
     const std::string& folded() const { return folded_; }
     const std::string& compact() const { return compact_; } ///< without blanks
     bool isOpen() const { return isOpen_; }
+    bool isOpenBefore() const { return isOpenBefore_; }
 
   private:
     std::string folded_;
     std::string compact_;
     bool isOpen_ = false;
+    bool isOpenBefore_ = false;
 };
 using Labels = std::vector<Label>;
 

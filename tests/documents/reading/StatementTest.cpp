@@ -21,7 +21,7 @@ TEST(AccountStatement, readsOneAccountWithItsWithholdingTax) {
               (std::vector<std::string>{
                   "kind=konto medium", "ibanOrValor=CH9300762011623852957 high",
                   "institution=Bank Muster AG medium", "description=Sparkonto medium",
-                  "taxValue=27717.65 high", "incomeWithWithholding=549.9 high"}));
+                  "taxValue=27717.65 medium", "incomeWithWithholding=549.9 high"}));
 }
 
 TEST(AccountStatement, theAccountInTheContactLineIsTheBanksOwn) {

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "Fiscarel_SG/documents/rows/RowLabels.h"
+#include "Fiscarel_SG/store/StoredDocument.h"
+
+#include <vector>
+
+namespace fiscarel {
+
+/// Words of which any speaks for a kind. Weights: 6 and more name the document, 4 all but name it,
+/// 2 fit it.
+struct KindWords {
+    StoredDocument::Kind kind;
+    int weight = 0;
+    Labels words;
+};
+
+/// The lists for all kinds, in German, French and Italian: titles, issuers, and what only papers of
+/// the kind speak of. Each list counts once.
+const std::vector<KindWords>& kindWords();
+
+/// Words that make a document none of the kinds: one of each list.
+struct KindExclusion {
+    std::vector<Labels> all;
+    int weight = 0;
+};
+
+/// Annexes on employee shares, tax returns, shop receipts.
+const std::vector<KindExclusion>& kindExclusions();
+
+} // namespace fiscarel

@@ -1,0 +1,154 @@
+#include "Fiscarel_SG/documents/kinds/Prose.h"
+
+#include <algorithm>
+
+namespace fiscarel {
+
+namespace {
+
+constexpr std::size_t fewestWords = 5; ///< of a sentence; fewer are a row of a table
+
+/// Words that make a sentence, as one row, with where its amounts come from.
+struct Sentence {
+    Row row;
+    std::vector<FoundAmount> amounts;
+    std::vector<std::size_t> starts; ///< index of each amount's first word in the sentence
+    std::vector<std::size_t> ends;   ///< and of its last
+};
+
+bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+
+/// Whether a word ends its sentence; "31.", "Nr." and "lit." do not.
+bool endsSentence(const Row& row, std::size_t at) {
+    const std::string& text = row.words[at].text;
+    if (!text.ends_with('.') && !text.ends_with('!') && !text.ends_with('?')) {
+        return false;
+    }
+    if (at + 1 < row.words.size() && row.words[at + 1].text.starts_with("Fr")) {
+        return false;
+    }
+    const bool isNumber = !isLetter(text.front()) && text.size() <= 3;
+    const bool isShort = text.size() <= 4 && isLetter(text.front());
+    return !isNumber && !isShort;
+}
+
+/// Whether a row stands in columns rather than runs as a sentence does.
+bool isTabular(const Row& row) {
+    for (std::size_t i = 0; i + 1 < row.words.size(); ++i) {
+        if (row.words[i + 1].place.left - row.words[i].place.right > 2.5 * row.height()) {
+            return true;
+        }
+    }
+    return false;
+}
+
+class Sentences {
+  public:
+    explicit Sentences(const RowRange& range) : range_(range) {
+        for (std::size_t at = range.first; at < range.end; ++at) {
+            const Row& row = range.page->rows[at];
+            const bool isApart =
+                at > range.first && row.top - range.page->rows[at - 1].bottom > 1.2 * row.height();
+            if (isApart || (range.page->number != 0 && isTabular(row))) {
+                finish();
+            }
+            if (range.page->number == 0 || !isTabular(row)) {
+                take(at);
+            }
+        }
+        finish();
+    }
+
+    const std::vector<Sentence>& all() const { return sentences_; }
+
+  private:
+    void take(std::size_t at) {
+        const Row& row = range_.page->rows[at];
+        std::size_t next = 0; // amount
+        for (std::size_t i = 0; i < row.words.size(); ++i) {
+            current_.row.words.push_back(row.words[i]);
+            while (next < row.amounts.size() && row.amounts[next].last < i) {
+                ++next;
+            }
+            const bool endsAmount = next < row.amounts.size() && row.amounts[next].last == i;
+            if (endsAmount && row.amounts[next].amount.isFirm()) {
+                const RowAmount& amount = row.amounts[next];
+                const std::size_t last = current_.row.words.size() - 1;
+                current_.ends.push_back(last);
+                current_.starts.push_back(last - std::min(last, amount.last - amount.first));
+                current_.amounts.push_back(
+                    {.page = range_.page, .row = at, .amount = amount, .isBelow = true});
+            }
+            if (endsSentence(row, i)) {
+                finish();
+            }
+        }
+    }
+
+    void finish() {
+        if (current_.row.words.size() >= fewestWords && !current_.amounts.empty()) {
+            sentences_.push_back(std::move(current_));
+        }
+        current_ = {};
+    }
+
+    const RowRange& range_;
+    Sentence current_;
+    std::vector<Sentence> sentences_;
+};
+
+Row part(const Row& row, std::size_t first, std::size_t end) {
+    Row words;
+    for (std::size_t i = first; i < std::min(end, row.words.size()); ++i) {
+        words.words.push_back(row.words[i]);
+    }
+    return words;
+}
+
+/// Whether an amount of a sentence is what a meaning says.
+std::optional<LabelPlace> meaningOf(const Sentence& sentence, std::size_t which,
+                                    const Meaning& meaning, const Wanted& wanted) {
+    const bool isRecognised = sentence.amounts[which].page->isRecognised;
+    const bool isOnly = sentence.amounts.size() == 1;
+    const std::size_t from = which == 0 ? 0 : sentence.ends[which - 1] + 1;
+    const Row own = isOnly ? sentence.row : part(sentence.row, from, sentence.starts[which]);
+    const auto head = findLabel(own, wordsFor(meaning.front()), isRecognised);
+    const bool isAll = std::ranges::all_of(meaning, [&](Concept meant) {
+        return findLabel(sentence.row, wordsFor(meant), isRecognised).has_value();
+    });
+    if (!head || !isAll || findLabel(own, wanted.without, isRecognised)
+        || namesAny(own, wanted.notMeant, isRecognised)) {
+        return std::nullopt;
+    }
+    return LabelPlace{head->first + (isOnly ? 0 : from), head->last + (isOnly ? 0 : from)};
+}
+
+} // namespace
+
+std::vector<FoundAmount> findInProse(const std::vector<RowRange>& ranges, const Wanted& wanted) {
+    if (wanted.meanings.empty()) {
+        return {};
+    }
+    std::vector<Sentence> sentences;
+    for (const RowRange& range : ranges) {
+        const Sentences found(range);
+        sentences.insert(sentences.end(), found.all().begin(), found.all().end());
+    }
+    std::vector<FoundAmount> found;
+    for (const Meaning& meaning : wanted.meanings) {
+        for (const Sentence& sentence : sentences) {
+            for (std::size_t i = 0; i < sentence.amounts.size(); ++i) {
+                if (const auto place = meaningOf(sentence, i, meaning, wanted)) {
+                    found.push_back(sentence.amounts[i]);
+                    found.back().label = textBetween(sentence.row, place->first, place->last);
+                }
+            }
+        }
+        if (!found.empty()) {
+            break;
+        }
+    }
+    return found;
+}
+
+} // namespace fiscarel

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "Fiscarel_SG/documents/kinds/AmountFinder.h"
+
+#include <vector>
+
+namespace fiscarel {
+
+/// Amounts of sentences that say what is wanted: "Wir bestätigen, dass Sie im Jahr 2025 Beiträge
+/// von CHF 7'056.00 einbezahlt haben". What the amount is must be said before it, after the amount
+/// before (behind it only where the sentence has no other); the rest of the meaning may stand
+/// anywhere in the sentence. Sentences may go on over lines. The first meaning that is found
+/// counts.
+std::vector<FoundAmount> findInProse(const std::vector<RowRange>& ranges, const Wanted& wanted);
+
+} // namespace fiscarel

@@ -1,0 +1,344 @@
+#include "Fiscarel_SG/documents/rows/Vocabulary.h"
+
+#include <algorithm>
+#include <array>
+
+namespace fiscarel {
+
+namespace {
+
+struct ConceptWords {
+    Concept meant;
+    Labels words;
+};
+
+/// A star before a word: it may be the end of a compound; behind it: it may go on or be inflected.
+std::vector<ConceptWords> moneyWords() {
+    using enum Concept;
+    return {
+        {paid, {"einbezahlt*",  "eingezahlt*",  "bezahlt*",    "gezahlt*",        "ausbezahlt*",
+                "überwiesen*",  "geleistet*",   "entrichtet*", "gutgeschrieben*", "erhalten*",
+                "eingegangen*", "vereinnahmt*", "beglichen*",  "ausgerichtet*",   "belastet*",
+                "getätigt*",    "einbringen",   "versé",       "versée",          "versés",
+                "versées",      "payé",         "payée",       "payés",           "payées",
+                "acquitté*",    "effectué*",    "crédité*",    "débité*",         "reçu",
+                "reçus",        "encaissé*",    "versat*",     "pagat*",          "accreditat*",
+                "addebitat*",   "corrispost*",  "effettuat*",  "ricevut*",        "incassat*"}},
+        {contribution,
+         {"*beitrag",     "*beiträge",     "*beiträgen",    "Beitragstotal",  "*einlage",
+          "*einlagen",    "*einzahlung",   "*einzahlungen", "Vorsorgebeitr*", "*überweisung*",
+          "Sparbetrag",   "cotisation*",   "versement*",    "apport*",        "contribution*",
+          "contribut*",   "versament*",    "Zuweisung*",    "*prämie",        "*prämien",
+          "prime",        "primes",        "premio",        "premi",          "dépôts",
+          "conferiment*", "Jahresbeitrag*"}},
+        {total,
+         {"*total", "totale", "totali", "totaux", "gesamt*", "insgesamt", "Summe", "*gesamtsumme",
+          "Jahressumme", "Beitragssumme", "Endsumme", "Endbetrag", "*totalbetrag", "somme",
+          "ensemble", "somma", "complessiv*", "cumul*", "zusammen"}},
+        {gross,
+         {"brutto*", "brut", "bruts", "brute", "brutes", "lordo", "lordi", "lorda", "lorde"}},
+        {net,
+         {"netto*", "*netto", "net", "nets", "nette", "nettes", "netti", "netta", "verbleibend*"}},
+        {yearly,
+         {"Jahr", "*Jahres*", "jährlich*", "p.a.", "annuel*", "année", "annua*", "annuo", "annui",
+          "anno", "l'an", "20*"}},
+        {amount,
+         {"*betrag",       "*beträge",   "montant*",    "import*",    "*summe",   "*kosten",
+          "coût*",         "cout",       "frais",       "costo",      "costi",    "spese",
+          "spesa",         "dépenses",   "*honorar*",   "honoraires", "onorari*", "*aufwand",
+          "*aufwendungen", "*leistung*", "prestation*", "prestazion*"}},
+        {payable,
+         {"zu bezahlen*",
+          "zu zahlen*",
+          "zahlbar*",
+          "fällig*",
+          "geschuldet*",
+          "zu überweisen",
+          "zu entrichten",
+          "zu begleichen",
+          "zu Ihren Lasten",
+          "zu unseren Gunsten",
+          "zu Lasten der Eltern",
+          "à payer",
+          "à régler",
+          "à verser",
+          "dû",
+          "due",
+          "exigible*",
+          "en notre faveur",
+          "da pagare",
+          "da versare",
+          "dovuto",
+          "dovuta",
+          "a saldo",
+          "a vostro carico",
+          "a suo carico",
+          "à votre charge",
+          "offen",
+          "offener",
+          "ausstehend*"}},
+        {invoice,
+         {"*rechnung", "*rechnungs*", "Faktura*", "Honorarnote*", "*abrechnung", "facture*",
+          "note d'honoraires", "décompte", "fattura*", "nota d'onorario", "conteggio"}},
+        {fee, {"*geld", "*gebühr", "*gebühren", "*kosten", "*preis",  "*tarif",     "taxe",
+               "taxes", "tassa",   "tasse",     "frais",   "finance", "écolage*",   "retta",
+               "rette", "quota",   "quote",     "prix",    "prezzo",  "émolument*", "emolument*"}},
+        {publicShare,
+         {"Gemeindebeitrag*",
+          "Beitrag der Gemeinde",
+          "Beitrag Gemeinde",
+          "Subvention*",
+          "Kantonsbeitrag*",
+          "Bundesbeitrag*",
+          "Arbeitgeberbeitrag*",
+          "Beitrag Arbeitgeber",
+          "Beitrag des Arbeitgebers",
+          "Stipendi*",
+          "Vergünstigung*",
+          "Sozialrabatt",
+          "Rabatt",
+          "subside*",
+          "rabais",
+          "part de l'employeur",
+          "participation de l'employeur",
+          "contribution de la commune",
+          "sussidi*",
+          "contributo comunale",
+          "sconto",
+          "contributo del comune",
+          "contributo del datore*"}},
+        {refunded,
+         {"vergütet*", "erstattet*", "rückerstattet*", "zurückerstattet*", "Rückerstattung*",
+          "Rückvergütung*", "Vergütung*", "remboursé*", "remboursement*", "rimborsat*", "rimbors*",
+          "Gutschrift*"}},
+        {other, {"Vorjahr*",   "Vorperiode",     "bisher*",    "monatlich*", "pro Monat",
+                 "par mois",   "mensuel*",       "al mese",    "mensile",    "voraussichtlich*",
+                 "Prognose",   "provisorisch*",  "prévu*",     "estimé*",    "previst*",
+                 "précédent*", "precedent*",     "Folgejahr",  "nächst*",    "prochain*",
+                 "prossim*",   "Zwischentotal",  "sous-total", "subtotale",  "Übertrag",
+                 "report",     "riporto",        "davon",      "dont",       "di cui",
+                 "wovon",      "darin enthalten"}},
+    };
+}
+
+std::vector<ConceptWords> bankWords() {
+    using enum Concept;
+    return {
+        {balance,
+         {"*saldo",         "Saldi",        "Salden",     "*guthaben",      "Kontostand",
+          "Stand per",      "Stand am",     "*kapital",   "*vermögen",      "Vermögensstand",
+          "Kontowert",      "*steuerwert",  "Marktwert",  "solde*",         "avoir",
+          "avoirs",         "fortune",      "capital",    "état du compte", "valeur fiscale",
+          "averi",          "avere",        "patrimonio", "capitale",       "consistenza",
+          "valore fiscale", "situazione al"}},
+        {opening,
+         {"Anfangs*", "Eröffnungs*",  "*vortrag",     "01.01*",   "1.1*",        "1. Januar",
+          "1. Jan",   "Jahresbeginn", "Jahresanfang", "initial*", "d'ouverture", "1er janvier",
+          "début",    "reporté",      "iniziale",     "apertura", "1° gennaio",  "1 gennaio",
+          "inizio",   "vecchio",      "ancien",       "alter"}},
+        {interest,
+         {"*zins", "*zinsen", "*zinsertrag", "*zinserträge", "*zinsgutschrift*", "Zinsbetrag",
+          "*zinseinnahmen", "intérêt*", "interess*", "rendement*", "revenu", "revenus", "*ertrag",
+          "*erträge", "reddito", "redditi", "provent*", "ricav*", "Verzinsung"}},
+        {ofDebt,
+         {"débiteur*", "hypothécaire*", "passif*", "passivi", "debitori", "ipotecari*",
+          "sur dette*", "sur prêt*", "du prêt", "su debiti", "sul mutuo", "sui debiti", "Hypothek*",
+          "Darlehen*", "Kredit*", "Schuld*", "emprunt*"}},
+        {debtInterest,
+         {"Schuldzins", "Schuldzinsen", "*hypothekarzins", "*hypothekarzinsen", "*hypothekenzins*",
+          "Hypozins*", "Sollzins", "Sollzinsen", "Darlehenszins*", "Kreditzins*", "Passivzins*",
+          "Zinsaufwand", "Zinsbelastung*", "Zinskosten", "Zinslast", "Zinszahlung*"}},
+        {rate, {"Zinssatz*", "Zinssätze", "taux", "tasso", "tassi", "Zinsfuss", "Marge"}},
+        {withholding,
+         {"*verrechnungssteuer*", "VST", "Verr.-Steuer", "Verr.St.", "Verrechnungsst*", "Verr.-St.",
+          "impôt anticipé*", "imp. ant.", "impôt ant*", "imposta preventiva*", "imp. prev.",
+          "imposta prev*", "IA 35"}},
+        {debt, {"*schuld",     "*schulden",  "Schuldsaldo*",    "Schuldbetrag*", "*hypothek",
+                "*hypotheken", "*darlehen",  "Kreditsaldo",     "Kreditbetrag",  "dette*",
+                "prêt",        "prêts",      "emprunt*",        "hypothèque*",   "debito",
+                "debiti",      "ipoteca",    "ipoteche",        "mutuo",         "mutui",
+                "prestito",    "capital dû", "capitale residuo"}},
+        {repayment,
+         {"Amortisation*", "Rückzahlung*", "amortissement*", "remboursement*", "ammortament*",
+          "rimbors*", "Tilgung*", "Kreditlimite*", "Limite", "limite"}},
+        {account, {"*konto", "*konten", "compte", "comptes", "conto", "conti", "IBAN"}},
+    };
+}
+
+std::vector<ConceptWords> provisionWords() {
+    using enum Concept;
+    return {
+        {pillar3a,
+         {"3a", "3a-*", "*Säule 3", "gebunden*", "Selbstvorsorge", "*Vorsorgekonto*",
+          "*Vorsorgepolice*", "Vorsorgeversicherung*", "prévoyance liée", "liée", "vincolat*",
+          "Vorsorgekonto*"}},
+        {occupational,
+         {"2. Säule", "zweite Säule", "BVG", "Pensionskasse*", "LPP", "2e pilier", "2o pilastro",
+          "2° pilastro", "secondo pilastro", "deuxième pilier", "berufliche Vorsorge",
+          "prévoyance professionnelle", "previdenza professionale", "betriebliche Vorsorge",
+          "Personalvorsorge*"}},
+        {ordinary,
+         {"ordentlich*", "reglementarisch*", "ordinaire*", "réglementaire*", "ordinar*",
+          "regolamentar*", "Arbeitnehmer*", "Arbeitgeber*", "Altersgutschrift*", "Risikobeitr*",
+          "Sparbeitr*"}},
+        {buyIn,
+         {"*einkauf", "*einkaufs", "*einkäufe", "*einkäufen", "Einkaufs*", "eingekauft*",
+          "Nachzahlung*", "freiwillige Einlage*", "freiwillige Beiträge", "freiwillige Einzahlung*",
+          "rachat*", "racheté*", "riscatt*", "apport volontaire", "versement volontaire",
+          "versamento volontario"}},
+        {possible,
+         {"möglich*",   "*maxim*",      "max",       "*potenzial*", "*potential*", "*lücke*",
+          "höchst*",    "verbleibend*", "restlich*", "restant*",    "possib*",     "massim*",
+          "lacun*",     "résiduel*",    "residu*",   "noch",        "encore",      "ancora",
+          "Obergrenze", "plafond*",     "disponib*", "zulässig*",   "autorisé*",   "ammess*",
+          "früher*",    "künftig*"}},
+        {pension,
+         {"*rente", "*renten", "Rentenbetrag", "Rentenleistung*", "Rentenzahlung*", "rente",
+          "rentes", "pension", "pensions", "rendita", "rendite", "pensione", "pensioni"}},
+        {wage,
+         {"*lohn", "*gehalt", "*salär", "*verdienst", "Vergütung*", "salaire*", "traitement",
+          "salari*", "stipendio"}},
+        {premium, {"*prämie", "*prämien", "Prämien*", "prime", "primes", "premio", "premi"}},
+        {basicInsurance,
+         {"KVG", "OKP", "Grundversicherung*", "obligatorische Kranken*", "LAMal", "AOS",
+          "assurance de base", "assurance obligatoire", "assicurazione di base",
+          "assicurazione obbligatoria", "Krankenpflegeversicherung", "OKPG"}},
+        {extraInsurance,
+         {"VVG", "Zusatzversicherung*", "Zusatz", "LCA", "complémentaire*", "complementar*",
+          "Spitalversicherung*", "Spitalzusatz*"}},
+        {accident, {"Unfall*", "UVG", "accident*", "infortun*", "LAA", "LAINF"}},
+        {reduction,
+         {"*verbilligung*", "IPV", "subside*", "subvention*", "réduction*", "riduzion*", "sussid*",
+          "Staatsbeitrag", "Prämienbeitrag"}},
+        {costSharing,
+         {"*kostenbeteiligung*",
+          "zu Ihren Lasten",
+          "zu Lasten Versicherte*",
+          "Eigenleistung*",
+          "Eigenanteil*",
+          "selbst bezahlt*",
+          "selbst getragen*",
+          "selbstgetragen*",
+          "nicht gedeckt*",
+          "nicht erstattet*",
+          "nicht vergütet*",
+          "nicht übernommen*",
+          "ungedeckt*",
+          "à votre charge",
+          "à charge de l'assuré*",
+          "non remboursé*",
+          "non pris en charge",
+          "non couvert*",
+          "participation aux coûts",
+          "participation aux frais",
+          "a suo carico",
+          "a vostro carico",
+          "a carico dell'assicurat*",
+          "non rimborsat*",
+          "non copert*",
+          "partecipazione ai costi",
+          "partecipazione alle spese",
+          "quote-part et franchise"}},
+        {benefit,
+         {"*leistungen", "Kostenübernahme", "prestation*", "prestazion*", "übernommen*",
+          "pris en charge"}},
+        {surrender,
+         {"*rückkauf*", "valeur de rachat", "valeurs de rachat", "valore di riscatto",
+          "valori di riscatto", "Abfindungswert*", "Rückkaufsbetrag"}},
+        {insured,
+         {"versichert*", "Versicherungs*", "assuré*", "assicurat*", "Garantie*", "garanti*"}},
+        {lifeCover,
+         {"*versicherungssumme*", "Vers.-Summe", "*todesfall*", "*erlebensfall*",
+          "*ablaufleistung*", "*kapital", "somme assurée", "capital", "capital-décès",
+          "en cas de décès", "en cas de vie", "capitale", "somma assicurata", "in caso di decesso",
+          "in caso di morte", "in caso di vita", "Summe"}},
+        {taxValue,
+         {"*steuerwert*", "Steuerschätz*", "valeur fiscale", "valeur imposable", "valore fiscale",
+          "valore imponibile"}},
+        {officialValue,
+         {"amtlicher Wert", "amtlichen Wert", "amtliche Wert", "*verkehrswert*", "Schätzungswert*",
+          "Schätzwert*", "amtlich geschätzt*", "valeur officielle", "valeur vénale",
+          "valeur d'estimation", "valeur cadastrale", "estimation fiscale", "estimation officielle",
+          "valore ufficiale", "valore venale", "valore di stima", "valore commerciale",
+          "valore peritale"}},
+        {rentalValue,
+         {"*mietwert*", "valeur locative*", "valeurs locatives", "valore locativo",
+          "valori locativi", "Mietertrag"}},
+    };
+}
+
+std::vector<ConceptWords> billWords() {
+    using enum Concept;
+    return {
+        {donation, {"*spende",     "*spenden",  "Spenden*",     "*zuwendung",     "*zuwendungen",
+                    "Vergabung*",  "Gabe",      "Gaben",        "Gönnerbeitrag*", "Gönnerbeiträge",
+                    "gespendet*",  "don",       "dons",         "donation*",      "donateur*",
+                    "libéralité*", "donazion*", "liberalità",   "elargizion*",    "offerta",
+                    "offerte",     "donat*",    "Patenschaft*", "Kollekte*",      "parrainage*"}},
+        {childcare, {"*betreuung*",     "*kita",          "Kita*",
+                     "*krippe*",        "*hort",          "*tagesstätte*",
+                     "Tagesfamilie*",   "Tagesmutter*",   "Tageseltern*",
+                     "Spielgruppe*",    "Tagesschule*",   "Mittagstisch*",
+                     "Tagesstruktur*",  "Kinderhaus",     "Kinderhütedienst*",
+                     "frais de garde",  "garde",          "crèche*",
+                     "garderie*",       "accueil*",       "UAPE",
+                     "parascolaire*",   "maman de jour",  "mamans de jour",
+                     "custodia",        "asilo nido",     "nido",
+                     "nido d'infanzia", "doposcuola",     "mamma diurna",
+                     "famiglia diurna", "extrafamilial*", "extrascolastic*"}},
+        {parents, {"Eltern*", "parents", "parental*", "genitori", "famille*", "famiglia"}},
+        {course,
+         {"*kurs",       "*kurse",     "Kurs*",        "*lehrgang*",        "*weiterbildung*",
+          "*ausbildung", "Studien*",   "*studium",     "*semester*",        "*seminar*",
+          "*schulung*",  "*modul*",    "Schulgeld*",   "Unterricht*",       "Prüfungsgebühr*",
+          "Teilnahme*",  "cours",      "formation*",   "perfectionnement*", "séminaire*",
+          "écolage*",    "corso",      "corsi",        "formazione",        "perfezionamento",
+          "seminario",   "iscrizione", "inscription*", "d'études",          "di studio"}},
+        {medical, {"*behandlung*",  "*konsultation*", "*zahnärzt*", "*ärztlich*",  "Zahnreinigung",
+                   "Dentalhygiene", "Therapie*",      "*therapie",  "Laborkosten", "Medikament*",
+                   "Brille*",       "Kontaktlinsen",  "Hörgerät*",  "soins",       "traitement*",
+                   "consultation*", "médicament*",    "cure",       "trattament*", "consultazion*",
+                   "medicin*",      "lunettes",       "occhiali"}},
+    };
+}
+
+} // namespace
+
+const Labels& wordsFor(Concept meant) {
+    static const auto table = [] {
+        std::array<Labels, static_cast<std::size_t>(Concept::last)> words;
+        for (auto part : {moneyWords(), bankWords(), provisionWords(), billWords()}) {
+            for (ConceptWords& row : part) {
+                words[static_cast<std::size_t>(row.meant)] = std::move(row.words);
+            }
+        }
+        return words;
+    }();
+    return table[static_cast<std::size_t>(meant)];
+}
+
+std::optional<LabelPlace> findMeaning(const Row& row, const Meaning& meaning, bool isRecognised) {
+    std::optional<LabelPlace> whole;
+    for (const Concept meant : meaning) {
+        const auto place = findLabel(row, wordsFor(meant), isRecognised);
+        if (!place) {
+            return std::nullopt;
+        }
+        if (!whole) {
+            whole = place;
+        }
+        whole->first = std::min(whole->first, place->first);
+        whole->last = std::max(whole->last, place->last);
+        whole->left = std::min(whole->left, place->left);
+        whole->right = std::max(whole->right, place->right);
+    }
+    return whole;
+}
+
+bool namesAny(const Row& row, const std::vector<Concept>& concepts, bool isRecognised) {
+    return std::ranges::any_of(concepts, [&](Concept meant) {
+        return findLabel(row, wordsFor(meant), isRecognised).has_value();
+    });
+}
+
+} // namespace fiscarel
