@@ -196,7 +196,10 @@ void Player::plainHead(int arrangement, const QString& addressee) {
             paper_.put(paper_.left, line, text, {10});
             line += 4.8;
         }
-        paper_.put(paper_.right, 56, from.place.mid(5) + ", " + dateText(draft_.day()),
+        const QDate early = QDate(draft_.year + 1, 1, 1).addDays(draft_.random.between(4, 60));
+        paper_.put(paper_.right, 56,
+                   from.place.mid(5) + ", "
+                       + dateText(draft_.dated.isValid() ? draft_.dated : early),
                    {9, false, Align::right});
         paper_.y = 62;
         return;
