@@ -400,7 +400,7 @@ void Player::run(const QString& line) {
     }
     if (const auto type = running.find(command); type != running.end()) {
         paper_.paragraph(expanded(rest), type->second);
-        paper_.space(command == "line" || command == "small" ? 0.5 : 2);
+        paper_.space(command == "small" ? 0.5 : command == "line" ? 1.5 : 2);
         return;
     }
     const Cells c = cells(rest);
