@@ -92,6 +92,16 @@ TEST(DocumentCorpus, seedDecidesEverything) {
     }
 }
 
+TEST(DocumentCorpus, noDocumentOverwritesAnother) {
+    for (const bool held : {false, true}) {
+        QSet<QString> names;
+        for (const Order& order : ordersOf({held, 2, {}, {}})) {
+            EXPECT_FALSE(names.contains(order.name())) << nameOf(order);
+            names.insert(order.name());
+        }
+    }
+}
+
 TEST(DocumentCorpus, truthNamesKindsAndFieldsOfTheProgram) {
     const QStringList kinds = rawValues<fiscarel::StoredDocument::Kind>();
     const QStringList records = rawValues<fiscarel::ProposedRecord::Kind>();

@@ -180,7 +180,7 @@ const std::vector<Sheet> courses{
         tb [Total bezahlt {year}|Bezahlte Raten|Einbezahlt im Jahr {year}] ; ; ; {total}
         tr Noch offen {next} ; ; ; {open}
         tr Gesamtpreis ; ; ; {price})"},
-    {"course", "bill-qr", "de", true, courseFacts, R"(
+    {"course", "positions-qr", "de", true, courseFacts, R"(
         head 5 one
         title Rechnung {number}
         line {course}

@@ -156,7 +156,7 @@ const std::vector<Sheet> banks{
         rule
         tb @total @balance ; ; {balance}
         tb @total @interest ; ; {interest})"},
-    {"bank", "letter", "de", false, accountFacts, R"(
+    {"bank", "told-letter", "de", false, accountFacts, R"(
         head 2 one
         bold @titlebank {year}
         text Guten Tag

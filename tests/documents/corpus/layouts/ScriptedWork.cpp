@@ -191,7 +191,7 @@ const std::vector<Sheet> buyIns{
         cell Altersguthaben ; {assets~}
         cell Versicherter Lohn ; {salary~}
         endgrid)"},
-    {"buyin", "letter", "de", false, buyInFacts, R"(
+    {"buyin", "told-letter", "de", false, buyInFacts, R"(
         head 1 one
         bold Freiwilliger Einkauf in die Pensionskasse
         text [Wir haben am {when} Ihre Zahlung von {amount!} erhalten und als Einkauf verbucht.|Ihr Einkauf von {amount!} vom {when} wurde Ihrem Altersguthaben gutgeschrieben.|Gerne bestätigen wir den Eingang von {amount!} als Einkauf in die reglementarischen Leistungen.]
