@@ -175,7 +175,8 @@ Facts instalmentFacts(Draft& draft) {
     course(draft);
     Facts facts;
     const Cents part = draft.odd(250, 2400);
-    for (int i = 1; i <= draft.random.between(2, 4); ++i) {
+    const int count = draft.random.between(2, 4);
+    for (int i = 1; i <= count; ++i) {
         Facts one;
         one.texts["no"] = QString::number(i);
         one.dates["on"] = QDate(draft.year, 1 + 2 * i, draft.random.between(1, 28));

@@ -27,7 +27,7 @@ Facts pillar(Draft& draft, bool late) {
         paid += one.amounts["part"];
         facts.lists["payments"].push_back(one);
     }
-    const Cents opening = draft.odd(0, 1) == 0 ? 0 : draft.odd(1500, 88000);
+    const Cents opening = draft.random.chance(5) ? 0 : draft.odd(1500, 88000);
     const Cents interest = opening / 180 / 5 * 5 + 5;
     facts.amounts = {{"paid", paid},
                      {"opening", opening},
