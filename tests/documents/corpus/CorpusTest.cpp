@@ -41,7 +41,7 @@ QString textOf(const QString& pdf) {
 QRegularExpression printedForm(const QString& amount) {
     QString whole = amount.section('.', 0, 0);
     for (qsizetype at = whole.size() - 3; at > 0; at -= 3) {
-        whole.insert(at, "[’'`´\\s\\x{a0}\\x{2009}]?");
+        whole.insert(at, "[’'`´\\s\\x{a0}\\x{2009}\\x{202f}]?");
     }
     const QString cents = amount.section('.', 1);
     // Some fonts join the dashes of "200.--" to a sign that is no text.
@@ -92,6 +92,16 @@ TEST(DocumentCorpus, seedDecidesEverything) {
     }
 }
 
+TEST(DocumentCorpus, noDocumentOverwritesAnother) {
+    for (const bool held : {false, true}) {
+        QSet<QString> names;
+        for (const Order& order : ordersOf({held, 2, {}, {}})) {
+            EXPECT_FALSE(names.contains(order.name())) << nameOf(order);
+            names.insert(order.name());
+        }
+    }
+}
+
 TEST(DocumentCorpus, truthNamesKindsAndFieldsOfTheProgram) {
     const QStringList kinds = rawValues<fiscarel::StoredDocument::Kind>();
     const QStringList records = rawValues<fiscarel::ProposedRecord::Kind>();
@@ -128,6 +138,15 @@ TEST(DocumentCorpus, truthStandsOnThePage) {
         const Draft draft = drawn(order, seed);
         const QString file = writeLook(draft, order, seed, folder.path());
         expectPrinted(draft, textOf(folder.filePath(file)), nameOf(order));
+    }
+}
+
+TEST(DocumentCorpus, textsKeepApart) {
+    for (const Order& order : ordersOf({false, 4, {}, {"clean"}})) {
+        const Draft draft = drawn(order, 7);
+        for (int page = 0; page < draft.paper.pageCount(); ++page) {
+            EXPECT_EQ(draft.paper.clashes(page).join(", ").toStdString(), "") << nameOf(order);
+        }
     }
 }
 

@@ -136,7 +136,8 @@ void Draft::letterHead(int arrangement, const QString& addressee) {
     }
     paper.y = 18;
     const Type name{central ? 17.0 : 14.0, true, central ? Align::centre : Align::left};
-    paper.put(central ? 105 : senderX, paper.y, issuer.name, name);
+    paper.put(central ? 105 : senderX, paper.y, issuer.name,
+              paper.fitted(issuer.name, name, 205 - senderX));
     const Type small{8, false, central ? Align::centre : Align::left};
     paper.put(central ? 105 : senderX, paper.y + 5, issuer.street + ", " + issuer.place, small);
     paper.y += 7;
@@ -148,7 +149,7 @@ void Draft::letterHead(int arrangement, const QString& addressee) {
     }
     double line = 52;
     for (const QString& text : {addressee, family.street, family.place}) {
-        paper.put(windowX, line, text, {10});
+        paper.put(windowX, line, text, paper.fitted(text, {10}, 205 - windowX));
         line += 5;
     }
     paper.put(arrangement == 0 ? 118 : paper.left, 78, placeAndDate, {9.5});
@@ -158,8 +159,10 @@ void Draft::letterHead(int arrangement, const QString& addressee) {
 void Draft::footer(const QString& text) {
     const int page = paper.pageCount() - 1;
     hasFoot = true;
-    paper.put(paper.left, paper.pageSize(page).height() - 10, text,
-              {7, false, Align::left, false, QColor(90, 90, 90)});
+    const Type type{7, false, Align::left, false, QColor(90, 90, 90)};
+    const QSizeF size = paper.pageSize(page);
+    paper.put(paper.left, size.height() - 10, text,
+              paper.fitted(text, type, size.width() - 4 - paper.left));
 }
 
 } // namespace corpus

@@ -59,6 +59,14 @@ double Paper::width(const QString& text, const Type& type) const {
     return metrics.horizontalAdvance(text) * type.size * millimetresPerPoint / reference;
 }
 
+Type Paper::fitted(const QString& text, Type type, double limit) const {
+    constexpr double smallest = 5.5;
+    while (type.size > smallest && width(text, type) > limit) {
+        type.size -= 0.25;
+    }
+    return type;
+}
+
 void Paper::lineOf(const QString& text, const Type& type) {
     y += type.size * millimetresPerPoint * leading;
     const double x = type.align == Align::right    ? right
@@ -146,6 +154,35 @@ QStringList Paper::texts(int page) const {
         }
     }
     return texts;
+}
+
+QStringList Paper::clashes(int page) const {
+    constexpr double capital = 0.68; // height of a letter, times the size of the type
+    const QRectF sheet(QPointF(3, 3), pageSize(page) - QSizeF(6, 6));
+    std::vector<std::pair<QRectF, QString>> boxes;
+    QStringList found;
+    for (const Mark& mark : pages_[static_cast<size_t>(page)].marks) {
+        if (mark.text.isEmpty() || mark.type.turn != 0) {
+            continue;
+        }
+        const double advance = width(mark.text, mark.type);
+        const double height = mark.type.size * millimetresPerPoint * capital;
+        const double shift = mark.type.align == Align::right    ? advance
+                             : mark.type.align == Align::centre ? advance / 2
+                                                                : 0;
+        const QRectF box(mark.place.x() - shift, mark.place.y() - height, advance, height);
+        if (!sheet.contains(box)) {
+            found += mark.text + " beyond the edge";
+        }
+        for (const auto& [other, text] : boxes) {
+            const QRectF shared = other & box;
+            if (shared.width() > 0.3 && shared.height() > 0.3) {
+                found += text + " / " + mark.text;
+            }
+        }
+        boxes.emplace_back(box, mark.text);
+    }
+    return found;
 }
 
 } // namespace corpus

@@ -47,6 +47,8 @@ class Paper {
     void fill(double x, double y, double width, double height, const QColor& colour = Qt::black);
 
     double width(const QString& text, const Type& type = {}) const;
+    /// The type, set smaller until the text fits, but never too small to read.
+    Type fitted(const QString& text, Type type, double width) const;
     /// A line at the cursor; moves on.
     void lineOf(const QString& text, const Type& type = {});
     /// Wrapped text at the cursor, as wide as the margins or `width`.
@@ -63,6 +65,8 @@ class Paper {
     void draw(int page, QPainter& painter, double scale) const;
     /// All texts of a page, for tests.
     QStringList texts(int page) const;
+    /// Pairs of upright texts that run into each other, and texts beyond the edges, for tests.
+    QStringList clashes(int page) const;
 
   private:
     struct Mark {

@@ -7,7 +7,8 @@ std::vector<Layout> layoutsOf(bool held) {
     for (const auto& group :
          {salaryForms(), salaryPapers(), pensionPapers(), pillarPapers(), buyInPapers(),
           premiumPapers(), bankPapers(), statementPapers(), billPapers(), donationPapers(),
-          childcarePapers(), coursePapers(), insurancePapers(), propertyPapers(), otherPapers()}) {
+          childcarePapers(), coursePapers(), insurancePapers(), propertyPapers(), otherPapers(),
+          scriptedMoneyPapers(), scriptedWorkPapers(), scriptedLifePapers()}) {
         for (const Layout& layout : group) {
             if (layout.held == held) {
                 chosen.push_back(layout);

@@ -2,6 +2,7 @@
 
 #include "tests/documents/corpus/kit/Draft.h"
 
+#include <functional>
 #include <vector>
 
 namespace corpus {
@@ -13,7 +14,7 @@ struct Layout {
     bool held = false;
     const char* languages = "de"; ///< separated by commas
     bool payload = false;
-    void (*draw)(Draft&) = nullptr;
+    std::function<void(Draft&)> draw;
 };
 
 std::vector<Layout> salaryForms();
@@ -31,6 +32,9 @@ std::vector<Layout> coursePapers();
 std::vector<Layout> insurancePapers();
 std::vector<Layout> propertyPapers();
 std::vector<Layout> otherPapers();
+std::vector<Layout> scriptedMoneyPapers();
+std::vector<Layout> scriptedWorkPapers();
+std::vector<Layout> scriptedLifePapers();
 
 /// Every layout of the training set or of the held-out set.
 std::vector<Layout> layoutsOf(bool held);

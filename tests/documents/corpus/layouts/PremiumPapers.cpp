@@ -38,6 +38,16 @@ TruthRecord& note(Draft& draft, const Premiums& made) {
         .amount("premiumReduction", made.reduction);
 }
 
+/// What the insured bore themselves may be offered as costs of illness.
+void acceptCosts(Draft& draft, const std::vector<Cents>& costs) {
+    for (const Cents cost : costs) {
+        TruthRecord record;
+        record.kind = "medicalCost";
+        record.year = draft.year;
+        draft.truth.accepted.push_back(record.amount("gross", cost));
+    }
+}
+
 /// Products with months, a total, the reduction below.
 void trainTable(Draft& draft) {
     const Premiums made = premiums(draft, draft.random.chance(50));
@@ -90,6 +100,7 @@ void trainTable(Draft& draft) {
     p.row({draft.t("Selbstbehalt 10%", "Quote-part 10%", "Aliquota 10%"), "", "",
            draft.m(made.retention)},
           columns);
+    acceptCosts(draft, {made.franchise, made.retention, made.franchise + made.retention});
 }
 
 /// Boxes with a label above and the value below.
@@ -121,6 +132,7 @@ void trainBoxes(Draft& draft) {
     line(draft.t("Nicht erstattete Kosten (Franchise, Selbstbehalt)", "Frais non remboursés",
                  "Costi non rimborsati"),
          draft.f(made.franchise + made.retention), false);
+    acceptCosts(draft, {made.franchise + made.retention});
     p.space(4);
     p.paragraph(draft.t("Ihre Daten: AHV-Nr. ", "Vos données: no AVS ", "I suoi dati: n. AVS ")
                     + draft.family.one.number
@@ -158,6 +170,7 @@ void heldPersons(Draft& draft) {
         const Cents itsExtra = place < 2 ? 12 * made.extra : 0;
         const Cents itsReduction = made.reduction != 0 && place == 2 ? made.reduction : 0;
         const Cents itsCosts = draft.odd(0, 900);
+        acceptCosts(draft, {itsCosts});
         p.row({who.name(), draft.m(itsBasic), itsExtra == 0 ? "" : draft.m(itsExtra),
                itsReduction == 0 ? "" : draft.m(itsReduction), draft.m(itsCosts)},
               columns, {9});
@@ -171,6 +184,7 @@ void heldPersons(Draft& draft) {
     p.row({draft.t("Summe", "Somme", "Somma"), draft.m(basic), draft.m(extra),
            reduction == 0 ? "" : draft.m(reduction), draft.m(costs)},
           columns, {9, true});
+    acceptCosts(draft, {costs});
     p.space(6);
     p.entry(draft.t("Total KVG und VVG, abzugsfähig", "Total LAMal et LCA, déductible",
                     "Totale LAMal e LCA, deducibile"),
