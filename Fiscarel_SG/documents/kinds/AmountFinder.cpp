@@ -83,6 +83,9 @@ const RowAmount* amountBelow(const RowRange& range, std::size_t at, const LabelP
     }
     const bool goesOn = continuesSentence(next) && next.words.front().place.left < label.right
                         && next.amounts.back().place.left > label.left;
+    if (goesOn && next.amounts.front().amount.isFirm()) {
+        return &next.amounts.front(); // further ones belong to what the sentence says next
+    }
     if ((hasOnlyAmounts(next) && next.amounts.size() == 1) || goesOn) {
         return isCandidate(next.amounts.back()) ? &next.amounts.back() : nullptr;
     }

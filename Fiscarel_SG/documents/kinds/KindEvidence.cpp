@@ -16,6 +16,7 @@ using Kind = StoredDocument::Kind;
 constexpr int enough = 6;   ///< below, nothing is concluded
 constexpr int clearly = 10; ///< and this far ahead of the next, the kind is clear
 constexpr int clearAhead = 4;
+constexpr int pillarTitle = 10;
 constexpr int decisive = 12; ///< of the words that make a document none of the kinds
 
 std::string titleWords(const DocumentRows& document) {
@@ -100,6 +101,28 @@ void weighStructure(const DocumentRows& document, std::map<Kind, int>& scores) {
     }
 }
 
+bool hasNoAmount(const Row& row) {
+    return std::ranges::none_of(row.amounts,
+                                [](const RowAmount& amount) { return amount.amount.isFirm(); });
+}
+
+/// A short line at the top that names pillar 3a: such accounts and policies are a bank's or an
+/// insurer's, whose own words would outweigh it.
+bool hasPillarTitle(const DocumentRows& document) {
+    static const Labels names{"Säule 3a",         "Pilier 3a",         "Pilastro 3a",
+                              "Vorsorgekonto 3a", "Vorsorge 3a",       "Prévoyance 3a",
+                              "Previdenza 3a",    "Vorsorgepolice 3a", "3a-Konto",
+                              "Konto 3a",         "Vorsorgedepot 3a"};
+    if (document.pages.empty()) {
+        return false;
+    }
+    const PageRows& first = document.pages.front();
+    return std::ranges::any_of(first.rows, [&](const Row& row) {
+        return row.middle() < first.height * 0.45 && row.words.size() <= 8 && hasNoAmount(row)
+               && isAnyIn(row.folded, names);
+    });
+}
+
 } // namespace
 
 KindVerdict weighKind(const DocumentRows& document) {
@@ -113,6 +136,9 @@ KindVerdict weighKind(const DocumentRows& document) {
         }
     }
     weighStructure(document, scores);
+    if (hasPillarTitle(document)) {
+        scores[Kind::saeule3a] += pillarTitle;
+    }
     KindVerdict verdict;
     int best = 0;
     int second = 0;

@@ -133,9 +133,14 @@ std::optional<RowAmount> amountAt(const Row& row, std::size_t at, const std::vec
     const auto isNear = [&](std::size_t a, std::size_t b) {
         return row.words[b].place.left - row.words[a].place.right < 4 * row.words[a].place.height();
     };
+    // "im Jahr 2024 Fr. 6'600.00": the currency is that of the amount behind it.
+    const bool isNextOnes = last + 2 < row.words.size() && isNear(last + 1, last + 2)
+                            && !row.words[last + 2].text.empty()
+                            && row.words[last + 2].text.front() >= '0'
+                            && row.words[last + 2].text.front() <= '9' && amount->isYearLike();
     if ((at > 0 && isFrancs(row.words[at - 1].text) && isNear(at - 1, at))
         || (last + 1 < row.words.size() && isFrancs(row.words[last + 1].text)
-            && isNear(last, last + 1))) {
+            && isNear(last, last + 1) && !isNextOnes)) {
         amount->hasCurrency = true;
     }
     return amountFrom(row, at, last, *amount);

@@ -212,6 +212,95 @@ std::vector<Wording> statements() {
     };
 }
 
+std::vector<Wording> letters() {
+    using enum Kind;
+    return {
+        {bankauszug,
+         "taxValue",
+         "5120.75",
+         {{"Sparkasse Muster"},
+          {"Bescheinigung für das Steueramt"},
+          {"Ihr Sparkonto CH93 0076 2011 6238 5295 7 wies am 31. Dezember 2024 ein Guthaben"},
+          {"von CHF 5'120.75 auf. Der Bruttozins betrug CHF 21.30."}}},
+        {bankauszug,
+         "incomeWithoutWithholding",
+         "21.3",
+         {{"Sparkasse Muster"},
+          {"Bescheinigung Zinsen und Saldo"},
+          {"Ihr Sparkonto CH93 0076 2011 6238 5295 7 wies am 31. Dezember 2024 ein Guthaben"},
+          {"von CHF 5'120.75 auf. Der Bruttozins betrug CHF 21.30."}}},
+        {saeule3a,
+         "pillar3a",
+         "7056",
+         {{"Muster Versicherungen"},
+          {"Attestazione per il pilastro 3a"},
+          {"Con la presente attestiamo che nel 2024 ha versato contributi per un importo di"},
+          {"CHF 7'056.00 alla previdenza vincolata."}}},
+        {saeule3a,
+         "pillar3a",
+         "3000",
+         {{"Bank Muster, Vorsorge"},
+          {"Kontoauszug Säule 3a 2024"},
+          {"Gutschriften 2024 (Einzahlungen)"},
+          {"CHF 3'000.00"},
+          {"Schlusssaldo"},
+          {"CHF 31'000.00"}}},
+        {pensionskasse,
+         "pensionBuyIn",
+         "8000",
+         {{"Cassa pensioni Muster"},
+          {"Conferma di riscatto"},
+          {"Confermiamo di aver ricevuto il 3.12.2024 CHF 8'000.00 quale riscatto di anni."}}},
+        {spende,
+         "amount",
+         "80",
+         {{"Hilfswerk Muster"},
+          {"Spendenbestätigung"},
+          {"Wir danken Ihnen herzlich!"},
+          {"CHF 80.00"}}},
+        {kinderbetreuung,
+         "childcareCosts",
+         "6600",
+         {{"Tagesfamilien Muster"},
+          {"Bestätigung zuhanden der Steuerbehörden"},
+          {"Für die Betreuung Ihres Kindes haben Sie uns im Jahr 2024 Fr. 6'600.00 bezahlt."}}},
+        {weiterbildung,
+         "furtherEducation",
+         "1450",
+         {{"Bildungszentrum Muster"},
+          {"Teilnahmebestätigung Seminar Führung"},
+          {"Seminarkosten inkl. Unterlagen: Fr. 1'450.–"}}},
+        {krankenkasse,
+         "healthInsurancePremiums",
+         "4012.8",
+         {{"Cassa malati Muster"},
+          {"Attestazione fiscale 2024"},
+          {"Premi assicurazione obbligatoria", "4'012.80"},
+          {"Costi non assicurati", "0.00"}}},
+        {versicherung,
+         "surrenderValue",
+         "30100",
+         {{"Muster Vie SA"},
+          {"Attestation fiscale: assurance-vie"},
+          {"La valeur de rachat de votre police s'élevait au 31.12.2024 à CHF 30'100.00."}}},
+        {liegenschaft,
+         "imputedRentalValue",
+         "14400",
+         {{"Amt für Bewertung"},
+          {"Grundstückbewertung: Eröffnung"},
+          {"Mietwert", "CHF 14'400"},
+          {"Verkehrswert", "CHF 500'000"}}},
+        {arztrechnung,
+         "gross",
+         "95.5",
+         {{"Physiotherapie Muster"},
+          {"Rechnung Nr. 2024-113"},
+          {"Patientin: Anna Muster"},
+          {"7301 Sitzungspauschale", "95.50"},
+          {"Geschuldeter Betrag", "95.50"}}},
+    };
+}
+
 ScanResult proposedFor(const std::vector<Line>& lines) {
     DrawnPage page;
     for (const Line& line : lines) {
@@ -222,7 +311,7 @@ ScanResult proposedFor(const std::vector<Line>& lines) {
 
 std::vector<Wording> all() {
     std::vector<Wording> wordings = provision();
-    for (const auto& part : {bills(), statements()}) {
+    for (const auto& part : {bills(), statements(), letters()}) {
         wordings.insert(wordings.end(), part.begin(), part.end());
     }
     return wordings;
