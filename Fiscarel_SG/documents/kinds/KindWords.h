@@ -19,6 +19,9 @@ struct KindWords {
 /// the kind speak of. Each list counts once.
 const std::vector<KindWords>& kindWords();
 
+/// Those of bills, donations, day care, courses, policies and valuations among them.
+const std::vector<KindWords>& kindWordsOfBills();
+
 /// Words that make a document none of the kinds: one of each list.
 struct KindExclusion {
     std::vector<Labels> all;
