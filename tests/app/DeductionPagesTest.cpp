@@ -80,8 +80,8 @@ TEST(DeductionPageTexts, typeNoFigureThemselves) {
 
 TEST(DeductionPageTexts, fitTheLawOfLiechtenstein) {
     const std::string texts = textsOf(contextOf(liechtenstein));
-    for (const char* swiss : {"31. Dezember", "Verrechnungssteuer", "Schuldzinsen", "Bund", "SVA",
-                              "Selbstbehalt übersteigt", "Eigenmietwert"}) {
+    for (const char* swiss : {"31. Dezember", "Verrechnungssteuer", "Private Schuldzinsen", "Bund",
+                              "SVA", "Selbstbehalt übersteigt", "Eigenmietwert"}) {
         EXPECT_EQ(texts.find(swiss), std::string::npos) << swiss;
     }
 }
