@@ -137,23 +137,17 @@ std::vector<ReportBlock> coverBlocks(const ReportMaterial& material) {
 ReportChapter householdChapter(const ReportMaterial& material) {
     const TaxCase& taxCase = material.taxCase();
     ReportChapter household = chapter("Haushalt", "household");
-    // Without a church tax nobody is asked for the confession.
-    const bool hasChurchTax = !material.isLiechtenstein();
-    std::vector<ReportColumn> columns{labelColumn("Person"), labelColumn("Geboren"),
-                                      textColumn("Beruf und Arbeitgeber")};
-    if (hasChurchTax) {
-        columns.push_back(textColumn("Konfession"));
-    }
-    ReportTable persons = table(std::move(columns));
+    ReportTable persons = table({labelColumn("Person"), labelColumn("Geboren"),
+                                 textColumn("Beruf und Arbeitgeber"), textColumn("Konfession")});
     int number = 0;
     for (const Person& person : taxCase.persons()) {
-        Cells cells{{personName(taxCase, ++number)},
-                    {dayText(person.birthDate)},
-                    {dotted({person.profession, person.employer})}};
-        if (hasChurchTax) {
-            cells.push_back({std::string(label(person.confession))});
-        }
-        addRow(persons, std::move(cells));
+        // Without a church tax nobody is asked for it.
+        const std::string confession =
+            material.isLiechtenstein() ? std::string() : std::string(label(person.confession));
+        addRow(persons, {{personName(taxCase, ++number)},
+                         {dayText(person.birthDate)},
+                         {dotted({person.profession, person.employer})},
+                         {confession}});
     }
     household.blocks.emplace_back(std::move(persons));
     if (!taxCase.children.empty()) {

@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/outputs/ReportParts.h"
 #include "TaxCore/result/AdultEntries.h"
 
+#include <initializer_list>
 #include <utility>
 
 namespace fiscarel::outputs {
@@ -28,6 +29,15 @@ Decimal sumOf(const std::vector<Item>& items, Decimal Item::*amount) {
         sum += item.*amount;
     }
     return sum;
+}
+
+/// Empties columns: without content they are not shown.
+void leaveOut(ReportTable& table, std::initializer_list<std::size_t> columns) {
+    for (ReportRow& row : table.rows) {
+        for (const std::size_t column : columns) {
+            row.cells[column] = {};
+        }
+    }
 }
 
 /// A name for what has none.
@@ -110,30 +120,12 @@ ReportCell securityName(const TaxCase& taxCase, const SecurityEntry& entry) {
                 entry.managedByThirdParty ? "durch Dritte verwaltet" : ""})};
 }
 
-/// In Liechtenstein only the assets count, as they are on 1 January; what they yield does not.
-ReportTable securitiesLiechtenstein(const ReportMaterial& material) {
+ReportTable securities(const ReportMaterial& material) {
     const auto& entries = material.taxCase().securities;
-    ReportTable rows = table({labelColumn("Nr."), textColumn("Bezeichnung"),
-                              amountColumn("Wert 1. Januar"), labelColumn("Beleg")});
-    int number = 0;
-    for (const SecurityEntry& entry : entries) {
-        addRow(rows, {{std::to_string(++number)},
-                      securityName(material.taxCase(), entry),
-                      {money(entry.taxValue)},
-                      {documentNumber(material, entry.documentID)}});
-    }
-    if (!entries.empty()) {
-        addRow(rows, {{}, {"Total"}, {money(sumOf(entries, &SecurityEntry::taxValue))}, {}},
-               Weight::sum);
-    }
-    return rows;
-}
-
-ReportTable securitiesStGallen(const ReportMaterial& material) {
-    const auto& entries = material.taxCase().securities;
-    ReportTable rows = table({labelColumn("Nr."), labelColumn("Code"), textColumn("Bezeichnung"),
-                              amountColumn("Steuerwert 31.12."), amountColumn("Ertrag mit VSt"),
-                              amountColumn("Ertrag ohne VSt"), labelColumn("Beleg")});
+    ReportTable rows = table(
+        {labelColumn("Nr."), labelColumn("Code"), textColumn("Bezeichnung"),
+         amountColumn(material.isLiechtenstein() ? "Wert 1. Januar" : "Steuerwert 31.12."),
+         amountColumn("Ertrag mit VSt"), amountColumn("Ertrag ohne VSt"), labelColumn("Beleg")});
     int number = 0;
     for (const SecurityEntry& entry : entries) {
         addRow(rows, {{std::to_string(++number)},
@@ -155,6 +147,9 @@ ReportTable securitiesStGallen(const ReportMaterial& material) {
                 {}},
                Weight::sum);
     }
+    if (material.isLiechtenstein()) {
+        leaveOut(rows, {1, 4, 5});
+    }
     return rows;
 }
 
@@ -165,24 +160,12 @@ std::string placeText(const RealEstate& property) {
                    property.isPrimaryResidence ? "am Wohnsitz" : ""});
 }
 
-ReportTable propertiesLiechtenstein(const TaxCase& taxCase) {
-    ReportTable rows =
-        table({textColumn("Liegenschaft"), amountColumn("Steuerschätzwert 1. Januar")});
-    for (const RealEstate& property : taxCase.realEstate) {
-        addRow(rows,
-               {{named(property.description), placeText(property)}, {money(property.taxValue)}});
-    }
-    if (!rows.rows.empty()) {
-        addRow(rows, {{"Total"}, {money(sumOf(taxCase.realEstate, &RealEstate::taxValue))}},
-               Weight::sum);
-    }
-    return rows;
-}
-
-ReportTable propertiesStGallen(const TaxCase& taxCase) {
-    ReportTable rows =
-        table({textColumn("Liegenschaft"), amountColumn("Steuerwert"), amountColumn("Mietwert"),
-               amountColumn("Mietertrag"), amountColumn("Unterhalt")});
+ReportTable properties(const ReportMaterial& material) {
+    const TaxCase& taxCase = material.taxCase();
+    ReportTable rows = table(
+        {textColumn("Liegenschaft"),
+         amountColumn(material.isLiechtenstein() ? "Steuerschätzwert 1. Januar" : "Steuerwert"),
+         amountColumn("Mietwert"), amountColumn("Mietertrag"), amountColumn("Unterhalt")});
     for (const RealEstate& property : taxCase.realEstate) {
         addRow(rows, {{named(property.description), placeText(property)},
                       {money(property.taxValue)},
@@ -200,24 +183,18 @@ ReportTable propertiesStGallen(const TaxCase& taxCase) {
                 {}},
                Weight::sum);
     }
-    return rows;
-}
-
-ReportTable debtsLiechtenstein(const TaxCase& taxCase) {
-    ReportTable rows = table({textColumn("Gläubiger"), amountColumn("Schuld 1. Januar")});
-    for (const Debt& debt : taxCase.debts) {
-        addRow(rows, {{named(debt.creditor), debt.isBusiness ? "geschäftlich" : ""},
-                      {money(debt.amount)}});
-    }
-    if (!rows.rows.empty()) {
-        addRow(rows, {{"Total"}, {money(sumOf(taxCase.debts, &Debt::amount))}}, Weight::sum);
+    if (material.isLiechtenstein()) {
+        leaveOut(rows, {2, 3, 4});
     }
     return rows;
 }
 
-ReportTable debtsStGallen(const TaxCase& taxCase) {
-    ReportTable rows = table(
-        {textColumn("Gläubiger"), amountColumn("Schuld 31.12."), amountColumn("Schuldzinsen")});
+ReportTable debts(const ReportMaterial& material) {
+    const TaxCase& taxCase = material.taxCase();
+    ReportTable rows =
+        table({textColumn("Gläubiger"),
+               amountColumn(material.isLiechtenstein() ? "Schuld 1. Januar" : "Schuld 31.12."),
+               amountColumn("Schuldzinsen")});
     for (const Debt& debt : taxCase.debts) {
         addRow(rows, {{named(debt.creditor), debt.isBusiness ? "geschäftlich" : ""},
                       {money(debt.amount)},
@@ -229,6 +206,9 @@ ReportTable debtsStGallen(const TaxCase& taxCase) {
                 {money(sumOf(taxCase.debts, &Debt::amount))},
                 {money(sumOf(taxCase.debts, &Debt::interest))}},
                Weight::sum);
+    }
+    if (material.isLiechtenstein()) {
+        leaveOut(rows, {2});
     }
     return rows;
 }
@@ -335,13 +315,10 @@ ReportChapter incomeRegisters(const ReportMaterial& material) {
 ReportChapter wealthRegisters(const ReportMaterial& material) {
     const TaxCase& taxCase = material.taxCase();
     ReportChapter registers = chapter("Beilagen zum Vermögen", "wealth");
-    const bool inLiechtenstein = material.isLiechtenstein();
-    add(registers, "Wertschriften- und Guthabenverzeichnis",
-        inLiechtenstein ? securitiesLiechtenstein(material) : securitiesStGallen(material));
-    add(registers, "Liegenschaften",
-        inLiechtenstein ? propertiesLiechtenstein(taxCase) : propertiesStGallen(taxCase));
-    add(registers, "Schuldenverzeichnis",
-        inLiechtenstein ? debtsLiechtenstein(taxCase) : debtsStGallen(taxCase));
+    // In Liechtenstein only the assets count, as they are on 1 January; what they yield does not.
+    add(registers, "Wertschriften- und Guthabenverzeichnis", securities(material));
+    add(registers, "Liegenschaften", properties(material));
+    add(registers, "Schuldenverzeichnis", debts(material));
     add(registers, "Lebensversicherungen", insurances(taxCase));
     add(registers, "Fahrzeuge", vehicles(taxCase));
     add(registers, "Übriges Vermögen", otherAssets(taxCase));
