@@ -186,8 +186,13 @@ Scanned resultOf(Shared& shared) {
 
 std::optional<Fault> problemOf(const Shared& shared) {
     if (shared.finished < shared.total) {
-        return "Das Lesen dauerte zu lange: Nur " + std::to_string(shared.finished) + " von "
-               + std::to_string(shared.pageCount) + " Seiten wurden ganz gelesen.";
+        if (shared.finished == 0) {
+            return "Das Lesen dauerte zu lange: Keine Seite wurde ganz gelesen.";
+        }
+        return "Das Lesen dauerte zu lange: Ganz gelesen "
+               + std::string(shared.finished == 1 ? "wurde " : "wurden ")
+               + std::to_string(shared.finished) + " von " + std::to_string(shared.pageCount)
+               + " Seiten.";
     }
     if (shared.flaw) {
         return shared.flaw;
