@@ -1,0 +1,56 @@
+#pragma once
+
+#include "Fiscarel_SG/store/PersistedState.h"
+#include "TaxCore/base/Record.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace fiscarel {
+
+/// A place that both sides changed, each in its way.
+struct MergeConflict {
+    int year = 0;                      ///< 0: of the list of documents
+    std::string path;                  ///< in the year's case, items by identity:
+                                       ///< "debts[<UUID>].amount"; "documents[<UUID>].title"
+    std::optional<std::string> ours;   ///< JSON text; absent: gone here
+    std::optional<std::string> theirs; ///< JSON text; absent: gone there
+
+    bool operator==(const MergeConflict&) const = default;
+};
+TAXCORE_RECORD(MergeConflict, year, path, ours, theirs);
+
+struct MergedState {
+    PersistedState state; ///< with our values where there are conflicts
+    std::vector<MergeConflict> conflicts;
+};
+
+/// Brings two states together that went apart from a common one, by year, item and field. A side
+/// that changed nothing gives way wholly; an item that one side removed and the other changed stays
+/// as changed, with a conflict. With no common state (null) everything either side has stays, and a
+/// field that has the value of a new case yields.
+MergedState mergeStates(const PersistedState* base, const PersistedState& ours,
+                        const PersistedState& theirs);
+
+/// Puts the other side's value in place of ours; false, with the state unchanged, when the place
+/// has gone or holds something else by now.
+bool takeTheirs(PersistedState& state, const MergeConflict& conflict);
+
+/// What going from one state to another takes away.
+struct StateLoss {
+    std::vector<int> years;       ///< that had entries, ascending
+    std::size_t fields = 0;       ///< filled fields that are empty or gone afterwards
+    std::size_t fieldsBefore = 0; ///< filled fields there were
+    std::size_t documents = 0;
+    std::size_t documentsBefore = 0;
+
+    /// Whether to ask before it happens: a whole year goes, or half of the documents or of the
+    /// filled fields.
+    bool isGrave() const noexcept;
+    bool operator==(const StateLoss&) const = default;
+};
+StateLoss lossBetween(const PersistedState& before, const PersistedState& after);
+
+} // namespace fiscarel
