@@ -51,7 +51,7 @@ struct ReportJob {
         return std::make_shared<const paper::PaperDocument>(
             paper::setOnPaper(outputs::reportContent({.taxCase = taxCase,
                                                       .result = result,
-                                                      .derivations = calculator.explainAll(taxCase),
+                                                      .calculator = calculator,
                                                       .notices = notices,
                                                       .notComputed = notComputed,
                                                       .documents = documents,
