@@ -184,6 +184,7 @@ void MainWindow::addShortcuts() {
     add(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), [this] { redo(); });
     add(QKeySequence(Qt::CTRL | Qt::Key_Y), [this] { redo(); });
     add(QKeySequence(Qt::CTRL | Qt::Key_K), [this] { search(); });
+    add(QKeySequence::Find, [this] { search(); });
     add(QKeySequence::Quit, [this] { close(); });
     for (QWidget* const widget : std::initializer_list<QWidget*>{taxBar_, strip_}) {
         auto* const shut = new QShortcut(Qt::Key_Escape, widget);
