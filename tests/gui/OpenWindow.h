@@ -68,6 +68,7 @@ class OpenWindow {
     std::unique_ptr<Persistence> persistence;
     std::unique_ptr<AppStore> store;
     DocumentReadings::Scan scan; ///< how documents are read; empty pages unless set before `open`
+    bool readsForReal = false;   ///< with the reading process instead; set before `open`
     std::unique_ptr<pages::DocumentDesk> desk;
     std::unique_ptr<shell::MainWindow> window;
 };
