@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/shell/SearchIndex.h"
 
 #include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/forms/PagePaths.h"
 #include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/pages/overview/BillShares.h"
 #include "Fiscarel_SG/shell/EverydayWords.h"
@@ -37,8 +38,7 @@ void addCard(std::vector<SearchEntry>& entries, const forms::Card& card, const s
     };
     if (const auto* fields = std::get_if<forms::FieldsCard>(&card)) {
         if (shown(fields->shown)) {
-            addFields(entries, fields->fields,
-                      fields->title.empty() ? where : where + " · " + fields->title, taxCase);
+            addFields(entries, fields->fields, forms::whereIn(where, *fields), taxCase);
         }
         return;
     }
@@ -50,9 +50,7 @@ void addCard(std::vector<SearchEntry>& entries, const forms::Card& card, const s
     words += everydayWords(list.path);
     entries.push_back({SearchEntry::Kind::field, list.title, where, list.path, searched(words)});
     for (std::size_t i = 0; i < list.size(taxCase); ++i) {
-        const std::string title = list.summary(taxCase, i).title;
-        addFields(entries, list.fields(i), where + " · " + (title.empty() ? list.itemName : title),
-                  taxCase);
+        addFields(entries, list.fields(i), forms::whereIn(where, list, taxCase, i), taxCase);
     }
 }
 
@@ -100,10 +98,7 @@ std::vector<SearchEntry> searchEntries(const AppStore& store,
             if (section.shown && !section.shown(store.current())) {
                 continue;
             }
-            std::string where = page.title;
-            if (section.title) {
-                where += " · " + section.title(store.current());
-            }
+            const std::string where = forms::whereIn(page, section, store.current());
             for (const forms::Card& card : section.cards) {
                 addCard(entries, card, where, store.current());
             }

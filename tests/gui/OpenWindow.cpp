@@ -44,7 +44,7 @@ void OpenWindow::open(LaunchArguments launch) {
         readsForReal ? pages::DocumentDesk::usual()
                      : pages::DocumentDesk::Means{scan ? scan : readNothing,
                                                   std::make_unique<WhitePages>()});
-    window = std::make_unique<shell::MainWindow>(*store, settings, *desk);
+    window = std::make_unique<shell::MainWindow>(*store, settings, *desk, cloud);
     window->show();
     window->activateWindow();
     if (!QTest::qWaitForWindowActive(window.get())) {
