@@ -36,7 +36,6 @@ bool takesKeyboard(const QWidget& widget) {
            && qobject_cast<const QLabel*>(&widget) == nullptr; // some can be marked with the mouse
 }
 
-QWidget* widget = nullptr;
 Stop stopAt(QWidget& widget, const QWidget& window) {
     const auto placeOf = [&](const QWidget& of) {
         return QRect(of.mapTo(&window, QPoint()), of.size());

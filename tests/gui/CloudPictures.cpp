@@ -108,6 +108,7 @@ int main(int argc, char** argv) {
         const Camera camera{window, folder,
                             appearance == look::Appearance::light ? u"-light"_s : u"-dark"_s};
         for (const auto& [name, status] : testing::CloudStates(store).all()) {
+            cloud.set({}); // each as who comes to it
             cloud.set(status);
             camera.takeWhole(QString::fromStdString(name));
             if (name == "confirms-key") {
