@@ -193,6 +193,8 @@ TEST_F(CloudPage, theNewKeyIsTypedBackBeforeItGoesOn) {
     EXPECT_EQ(program.find<QLineEdit>(u"cloudTypedKey"_s).text(), grouped);
     program.press(Qt::Key_Return);
     EXPECT_EQ(cloud.asked, Asked{"confirmRecoveryKey " + grouped.toStdString()});
+    program.click(u"cloudKeyCancel"_s);
+    EXPECT_EQ(cloud.asked.back(), "cancelSignIn");
 }
 
 TEST_F(CloudPage, aKeyIsCorrectedInItsMiddle) {
@@ -270,7 +272,7 @@ TEST_F(CloudPage, aGraveLossIsAskedAbout) {
     cloud.set(states().ready());
     for (const bool isIncoming : {true, false}) {
         cloud.change([&](CloudStatus& now) {
-            now.question = {isIncoming, {{2024}, 132, 140, 5, 6}};
+            now.question = {isIncoming, testing::CloudStates::lossOf({2024}, 132, 5)};
         });
         program.settle();
         EXPECT_TRUE(
@@ -319,13 +321,14 @@ TEST_F(CloudPage, conflictsAreReadAsTheFieldsShowThem) {
     const auto texts = pages::describe(*program.store, conflicts);
     ASSERT_EQ(texts.size(), expected.size());
     for (std::size_t i = 0; i < texts.size(); ++i) {
-        const auto& [label, where, ours, theirs, path, document] = texts[i];
+        const auto& [label, where, ours, theirs, path, document, isWhole] = texts[i];
         SCOPED_TRACE(
             (label + u" | "_s + where + u" | "_s + ours + u" | "_s + theirs).toStdString());
         EXPECT_TRUE(label.contains(expected[i].label));
         EXPECT_TRUE(where.startsWith(expected[i].where));
         EXPECT_TRUE(ours.contains(expected[i].ours));
         EXPECT_TRUE(theirs.contains(expected[i].theirs));
+        EXPECT_EQ(isWhole, i == 4);
     }
     EXPECT_EQ(texts[0].path, "income1.salaries[0].grossSalary");
     EXPECT_EQ(texts[6].path, "") << "there is no such entry to go to";
@@ -366,6 +369,44 @@ TEST_F(CloudPage, conflictsAreSettledByTheKeyboard) {
     EXPECT_EQ(cloud.asked.back(), "settleAllConflicts");
     EXPECT_FALSE(program.isShown(u"cloudConflicts"_s));
     EXPECT_EQ(keyboard(), u"cloudCheckNow"_s);
+}
+
+TEST_F(CloudPage, whatWasDeletedHereAndChangedElsewhereStaysUntilOneChooses) {
+    open({});
+    cloud.set(states().ready());
+    const int year = program.store->year();
+    const std::size_t before = program.store->current().debts.size();
+    const std::string path = "debts[" + program.store->current().debts.front().id.toString() + "]";
+    const auto json = taxcore::valueAt(program.store->current(), path);
+    cloud.change([&](CloudStatus& now) {
+        now.conflicts = {{year, path, std::nullopt, json}, {year, path, json, std::nullopt}};
+    });
+    program.settle();
+    struct Choice {
+        const char* name;
+        const char* text;
+    };
+    for (const auto& [name, told] : {Choice{"cloudKeep:0", "Löschen"},
+                                     {"cloudTake:0", "Behalten"},
+                                     {"cloudKeep:1", "Behalten"},
+                                     {"cloudTake:1", "Löschen"}}) {
+        EXPECT_EQ(program.find<QPushButton>(QString::fromLatin1(name)).text(),
+                  QString::fromUtf8(told));
+    }
+    program.store->setYear(year - 1);
+    program.settle();
+    program.click(u"cloudKeep:0"_s);
+    EXPECT_EQ(cloud.asked.back(), "settleConflict 0 ours");
+    EXPECT_EQ(program.store->year(), year);
+    EXPECT_EQ(program.store->current().debts.size(), before - 1);
+    program.settle();
+    program.click(u"toastAnswer"_s);
+    EXPECT_EQ(program.store->current().debts.size(), before);
+    program.settle();
+    program.window->showPage(u"account"_s);
+    program.click(u"cloudTake:0"_s);
+    EXPECT_EQ(cloud.asked.back(), "settleConflict 0 other");
+    EXPECT_EQ(program.store->current().debts.size(), before);
 }
 
 TEST_F(CloudPage, aConflictLeadsToItsField) {

@@ -105,6 +105,17 @@ class CloudStates {
         return status;
     }
 
+    /// Of 140 fields and 6 documents.
+    static StateLoss lossOf(std::vector<int> years, std::size_t fields, std::size_t documents) {
+        StateLoss loss;
+        loss.years = std::move(years);
+        loss.fields = fields;
+        loss.fieldsBefore = 140;
+        loss.documents = documents;
+        loss.documentsBefore = 6;
+        return loss;
+    }
+
     /// Of an amount, a choice, a day, a text, an item that is gone here and a document.
     std::vector<MergeConflict> conflicts() const {
         const taxcore::TaxCase& taxCase = store_.current();
@@ -170,10 +181,10 @@ class CloudStates {
                  "01.01.2026", "02.01.2026", false});
         });
         add("question-incoming", [](CloudStatus& status) {
-            status.question = {true, {{2024, 2025}, 132, 140, 5, 6}};
+            status.question = {true, lossOf({2024, 2025}, 132, 5)};
         });
         add("question-outgoing", [](CloudStatus& status) {
-            status.question = {false, {{2024}, 40, 41, 0, 6}};
+            status.question = {false, lossOf({2024}, 40, 0)};
         });
         add("conflicts", [&](CloudStatus& status) { status.conflicts = conflicts(); });
         add("conflict", [&](CloudStatus& status) {

@@ -12,7 +12,7 @@
 #include <QJsonDocument>
 #include <QJsonValue>
 #include <algorithm>
-#include <array>
+#include <cstdlib>
 #include <map>
 #include <utility>
 
@@ -34,6 +34,15 @@ QString shortened(QString text) {
         text = text.left(mostLetters - 2) + u" …"_s;
     }
     return text.isEmpty() ? empty : text;
+}
+
+/// The identity of the last item on a path.
+std::string idIn(const std::string& path) {
+    const std::size_t open = path.rfind('[');
+    const std::size_t close = path.rfind(']');
+    return open == std::string::npos || close == std::string::npos || close < open
+               ? std::string()
+               : path.substr(open + 1, close - open - 1);
 }
 
 /// A path with every item named as told.
@@ -178,6 +187,7 @@ class Describing {
         text.where = place ? year + u" · "_s + qs(place->where) : year;
         text.ours = value(conflict, conflict.ours, taxCase, pages);
         text.theirs = value(conflict, conflict.theirs, taxCase, pages);
+        text.isWhole = conflict.path.ends_with(']');
         text.path = place ? counted.value_or(std::string()) : std::string();
         return text;
     }
@@ -205,13 +215,10 @@ class Describing {
     }
 
     ConflictText ofDocument(const MergeConflict& conflict) const {
-        const std::size_t open = conflict.path.find('[');
-        const std::size_t close = conflict.path.find(']');
-        const bool isWhole = close == std::string::npos || close + 1 == conflict.path.size();
-        const std::string id = close == std::string::npos
-                                   ? std::string()
-                                   : conflict.path.substr(open + 1, close - open - 1);
-        const std::string name = isWhole ? std::string() : conflict.path.substr(close + 2);
+        const bool isWhole = conflict.path.ends_with(']');
+        const std::string id = idIn(conflict.path);
+        const std::string name =
+            isWhole ? std::string() : conflict.path.substr(conflict.path.rfind('.') + 1);
         const auto& all = store_.documents();
         const auto found = std::ranges::find_if(
             all, [&](const StoredDocument& document) { return document.id.toString() == id; });
@@ -227,6 +234,7 @@ class Describing {
             text.where += u" · %1 (%2)"_s.arg(qs(found->title)).arg(found->year);
             text.document = id;
         }
+        text.isWhole = isWhole;
         text.ours = value(conflict.ours);
         text.theirs = value(conflict.theirs);
         return text;
@@ -237,6 +245,32 @@ class Describing {
 };
 
 } // namespace
+
+void removeWhole(AppStore& store, const MergeConflict& conflict) {
+    if (!conflict.path.ends_with(']')) {
+        return;
+    }
+    if (conflict.year == 0) {
+        if (const auto id = taxcore::Uuid::parse(idIn(conflict.path))) {
+            store.deleteDocument(*id);
+        }
+        return;
+    }
+    const auto found = store.cases().find(conflict.year);
+    const auto counted = found != store.cases().end()
+                             ? taxcore::countedPath(found->second, conflict.path)
+                             : std::nullopt;
+    if (!counted) {
+        return;
+    }
+    store.setYear(conflict.year);
+    const auto place = forms::placeOf(inputPages(pageContext(store)), store.current(), *counted);
+    if (place && place->list && place->list->remove) {
+        const std::size_t index =
+            std::strtoul(counted->c_str() + counted->rfind('[') + 1, nullptr, 10);
+        store.edit(place->label, [&](TaxCase& taxCase) { place->list->remove(taxCase, index); });
+    }
+}
 
 std::vector<ConflictText> describe(AppStore& store, const std::vector<MergeConflict>& conflicts) {
     Describing describing(store);

@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 namespace fiscarel::pages {
 
@@ -36,10 +37,11 @@ ConflictsCard::ConflictsCard(AppStore& store, CloudService& service, QWidget* pa
     column_->setContentsMargins(20, 16, 20, 16);
     column_->setSpacing(8);
     addLabel(*column_, u"Hier und anderswo verschieden geändert"_s, "heading");
-    addLabel(*column_,
-             u"Was nur auf einem Computer geändert wurde, ist zusammengeführt. Hier ist beides "
-             "möglich: Bis Sie wählen, gilt, was auf diesem Computer steht."_s,
-             "faint");
+    addLabel(
+        *column_,
+        u"Was nur auf einem Computer geändert wurde, ist zusammengeführt. Hier ist beides "
+        "möglich: Bis Sie wählen, gilt, was hier steht; nur hier Gelöschtes bleibt so lange."_s,
+        "faint");
     all_->setObjectName(u"cloudKeepHere"_s);
     look::setRole(all_, "link");
     connect(all_, &QPushButton::clicked, this, &ConflictsCard::settleAll);
@@ -49,13 +51,11 @@ ConflictsCard::ConflictsCard(AppStore& store, CloudService& service, QWidget* pa
 void ConflictsCard::follow() {
     const auto& conflicts = service_.status().conflicts;
     setVisible(!conflicts.empty());
-    if (conflicts != shown_ || !conflicts.empty()) {
-        auto texts = describe(store_, conflicts);
-        if (conflicts != shown_ || texts != texts_) {
-            shown_ = conflicts;
-            texts_ = std::move(texts);
-            rebuild();
-        }
+    std::vector<ConflictText> texts = describe(store_, conflicts);
+    if (conflicts != shown_ || texts != texts_) {
+        shown_ = conflicts;
+        texts_ = std::move(texts);
+        rebuild();
     }
 }
 
@@ -113,7 +113,12 @@ void ConflictsCard::addChoice(QGridLayout& grid, std::size_t index, bool isOther
     QLabel* const shown = plainLabel(value, "", list_);
     shown->setObjectName(u"cloud%1:%2"_s.arg(isOther ? u"Theirs"_s : u"Ours"_s).arg(index));
     grid.addWidget(shown, row, 1);
-    auto* const button = new QPushButton(isOther ? u"Übernehmen"_s : u"So lassen"_s, list_);
+    const MergeConflict& conflict = shown_[index];
+    const bool isGone = !(isOther ? conflict.theirs : conflict.ours);
+    auto* const button = new QPushButton(text.isWhole ? (isGone ? u"Löschen"_s : u"Behalten"_s)
+                                         : isOther    ? u"Übernehmen"_s
+                                                      : u"So lassen"_s,
+                                         list_);
     button->setObjectName(u"cloud%1:%2"_s.arg(isOther ? u"Take"_s : u"Keep"_s).arg(index));
     button->setAccessibleName(u"%1, %2 %3: %4"_s.arg(button->text(), text.label,
                                                      isOther ? u"andere"_s : u"hier"_s, value));
@@ -155,11 +160,17 @@ void ConflictsCard::settle(std::size_t index, bool takesOther) {
     bool isStep = false;
     const auto watching =
         connect(&store_, &AppStore::historyChanged, this, [&isStep] { isStep = true; });
+    const bool removes = !takesOther && texts_[index].isWhole && !shown_[index].ours;
+    if (removes) {
+        removeWhole(store_, MergeConflict(shown_[index])); // it was kept for the choice
+    }
     service_.settleConflict(index, takesOther);
     disconnect(watching);
     giveKeyboard(index);
-    if (takesOther && isStep && store_.undoName()) {
-        Q_EMIT undoOffered(u"«%1» ist jetzt wie auf dem anderen Computer."_s.arg(label));
+    if (isStep && store_.undoName()) {
+        Q_EMIT undoOffered(
+            (removes ? u"«%1» ist gelöscht."_s : u"«%1» ist jetzt wie auf dem anderen Computer."_s)
+                .arg(label));
     }
 }
 
@@ -169,6 +180,9 @@ void ConflictsCard::settleAll() {
 }
 
 void ConflictsCard::giveKeyboard(std::size_t index) {
+    if (!isVisible() && !shown_.empty()) {
+        return; // the year changed, and the page was made anew
+    }
     if (first_.empty()) {
         Q_EMIT keyboardLeft();
     } else {

@@ -95,6 +95,7 @@ void NewKeyPanel::addKey() {
     auto* const on = new QHBoxLayout;
     next_ = buttonIn(*on, u"Weiter"_s, "cloudKeyNext");
     look::setRole(next_, "primary");
+    addCancel(*on);
     on->addStretch(1);
     part.addLayout(on);
     connect(next_, &QPushButton::clicked, this, [this] { showStep(true); });
@@ -116,10 +117,18 @@ void NewKeyPanel::addCheck() {
     auto* const links = new QHBoxLayout;
     QPushButton* const again = buttonIn(*links, u"Schlüssel nochmals zeigen"_s, "cloudKeyAgain");
     look::setRole(again, "link");
+    addCancel(*links);
     links->addStretch(1);
     part.addLayout(links);
     connect(typed_, &AskedField::handedIn, this, &NewKeyPanel::confirm);
     connect(again, &QPushButton::clicked, this, [this] { showStep(false); });
+}
+
+void NewKeyPanel::addCancel(QHBoxLayout& line) {
+    line.setSpacing(16);
+    QPushButton* const cancel = buttonIn(line, u"Abbrechen"_s, "cloudKeyCancel");
+    look::setRole(cancel, "link");
+    connect(cancel, &QPushButton::clicked, this, [this] { service().cancelSignIn(); });
 }
 
 /// The keyboard goes along before what it is on is hidden.

@@ -25,6 +25,7 @@ class NewKeyPanel final : public CloudPanel {
   private:
     void addKey();
     void addCheck();
+    void addCancel(QHBoxLayout& line);
     void showStep(bool isCheck);
     void copy();
     void print();

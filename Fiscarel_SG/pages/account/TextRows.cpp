@@ -9,6 +9,26 @@
 
 namespace fiscarel::pages {
 
+namespace {
+
+/// Lets a very long word go on in the next line, so that it does not push the rest aside.
+QString breakable(const QString& text) {
+    constexpr int longest = 24;
+    constexpr QChar mayBreak(0x200B);
+    QString broken;
+    int inWord = 0;
+    for (const QChar letter : text) {
+        inWord = letter.isSpace() ? 0 : inWord + 1;
+        broken += letter;
+        if (inWord > 0 && inWord % longest == 0) {
+            broken += mayBreak;
+        }
+    }
+    return broken;
+}
+
+} // namespace
+
 TextRows::TextRows(const QString& title, QWidget* parent) : QWidget(parent) {
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -33,8 +53,8 @@ void TextRows::setRows(std::vector<Row> rows) {
     grid->setColumnStretch(1, 3);
     for (const Row& row : rows_) {
         const int at = grid->rowCount();
-        QLabel* const text = makeLabel(row.text, "", list_);
-        QLabel* const detail = makeLabel(row.detail, "faint", list_);
+        QLabel* const text = makeLabel(breakable(row.text), "", list_);
+        QLabel* const detail = makeLabel(breakable(row.detail), "faint", list_);
         for (QLabel* const label : {text, detail}) {
             label->setTextFormat(Qt::PlainText);
         }
