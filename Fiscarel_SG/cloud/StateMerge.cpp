@@ -42,7 +42,7 @@ class StateMerger {
     explicit StateMerger(const Sides& sides) : sides_(sides) {}
 
     MergedState merge() && {
-        mergeField(&PersistedState::documents, "documents", sides_);
+        mergeDocuments();
         const std::set<Uuid> gone = goneDocuments();
         if (gone.empty()) {
             mergeOthers(sides_);
@@ -69,6 +69,76 @@ class StateMerger {
         };
         merged_.state.*field = detail::mergedValue(sides.base.*field, sides.ours.*field,
                                                    sides.theirs.*field, name, report);
+    }
+
+    /// A document that one side removed while the other linked it anew stays, like a changed one.
+    void mergeDocuments() {
+        const std::set<Uuid> linked = linkedAnew();
+        if (linked.empty()) {
+            mergeField(&PersistedState::documents, "documents", sides_);
+            return;
+        }
+        PersistedState base;
+        std::ranges::copy_if(
+            sides_.base.documents, std::back_inserter(base.documents),
+            [&](const StoredDocument& document) { return !linked.contains(document.id); });
+        mergeField(&PersistedState::documents, "documents", {base, sides_.ours, sides_.theirs});
+        for (const Uuid& id : linked) {
+            const auto textIn = [&](const PersistedState& state) {
+                const StoredDocument* document = find(state, id);
+                return document ? std::optional(toJson(*document, JsonStyle::compact))
+                                : std::nullopt;
+            };
+            merged_.conflicts.push_back({.path = "documents[" + id.toString() + "]",
+                                         .ours = textIn(sides_.ours),
+                                         .theirs = textIn(sides_.theirs)});
+        }
+    }
+
+    static const StoredDocument* find(const PersistedState& state, const Uuid& id) {
+        const auto found = std::ranges::find(state.documents, id, &StoredDocument::id);
+        return found == state.documents.end() ? nullptr : &*found;
+    }
+
+    std::set<Uuid> linkedAnew() const {
+        std::set<Uuid> linked;
+        for (const auto& [side, other] :
+             {std::pair(&sides_.ours, &sides_.theirs), std::pair(&sides_.theirs, &sides_.ours)}) {
+            std::vector<Uuid> removed;
+            const detail::KeyedItems left(other->documents);
+            const detail::KeyedItems had(sides_.base.documents);
+            for (const auto& key : had.keys()) {
+                if (!left.contains(key)) {
+                    removed.push_back(key.first);
+                }
+            }
+            addLinked(removed, *side, linked);
+        }
+        return linked;
+    }
+
+    /// Adds those of the documents that the side has as they were and that a change of it names.
+    void addLinked(const std::vector<Uuid>& removed, const PersistedState& side,
+                   std::set<Uuid>& linked) const {
+        if (removed.empty()) {
+            return;
+        }
+        std::string changes;
+        for (const auto& [year, taxCase] : side.cases) {
+            const auto before = sides_.base.cases.find(year);
+            const TaxCase fresh{.year = year};
+            for (const FieldChange& change :
+                 diff(before == sides_.base.cases.end() ? fresh : before->second, taxCase)) {
+                changes += change.after.value_or("");
+            }
+        }
+        for (const Uuid& id : removed) {
+            const StoredDocument* here = find(side, id);
+            if (here && *here == *find(sides_.base, id)
+                && changes.find(id.toString()) != std::string::npos) {
+                linked.insert(id);
+            }
+        }
     }
 
     void mergeOthers(const Sides& sides) {
