@@ -1,0 +1,49 @@
+#pragma once
+
+#include "Fiscarel_SG/cloud/StateMerge.h"
+#include "tests/cloud/FlatState.h"
+
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace fiscarel::testing {
+
+/// Every edit that anybody made, place by place, and every conflict that was shown: what must be
+/// accounted for in the end.
+class EditJournal {
+  public:
+    /// An edit of the user, or what a machine no longer knew after it was killed.
+    void record(const std::string& who, const PersistedState& before, const PersistedState& after);
+    void shown(const std::vector<MergeConflict>& conflicts);
+    /// From here on removals and values of a new case may come undone without a conflict: nothing is
+    /// known of a common past where both sides are kept whole.
+    void forgetRemovals() { isLenient_ = true; }
+    void forgetRemovals(int year) { lenientYears_.insert(year); }
+
+    /// The edits that the final state does not have, that nothing later replaced and that stand in
+    /// no conflict; in words.
+    std::vector<std::string> lost(const PersistedState& end) const;
+    std::size_t size() const { return edits_.size(); }
+    std::size_t conflicts() const { return conflicts_.size(); }
+
+  private:
+    struct Edit {
+        std::string who;
+        std::string place;
+        std::optional<std::string> value; ///< absent: removed
+    };
+    bool isReplaced(std::size_t index) const;
+    bool isShown(const Edit& edit) const;
+    bool isLenient(const Edit& edit) const;
+
+    std::vector<Edit> edits_;
+    std::set<std::string> conflicts_; ///< as JSON texts, to tell them apart
+    std::vector<MergeConflict> all_;
+    bool isLenient_ = false;
+    std::set<int> lenientYears_;
+};
+
+} // namespace fiscarel::testing
