@@ -250,7 +250,7 @@ void CloudAPI::send(const Request& request, Answer done) {
         reply->deleteLater();
         const int status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
         const bool isSuccess = status >= 200 && status < 300;
-        const QByteArray body = reply->readAll();
+        const QByteArray body = reply->isOpen() ? reply->readAll() : QByteArray();
         if (status == 0 || (isSuccess && reply->error() != QNetworkReply::NoError)) {
             done(tl::unexpected(Failure{.code = "red"})); // nothing, or cut off on the way
         } else if (!isSuccess) {

@@ -15,6 +15,7 @@ using Phase = CloudStatus::Phase;
 using Activity = CloudStatus::Activity;
 
 RunningServer& theServer() {
+    needApplication(); // before any socket
     static RunningServer server;
     return server;
 }
@@ -22,7 +23,6 @@ RunningServer& theServer() {
 class CloudSyncTest : public ::testing::Test {
   protected:
     CloudSyncTest() {
-        needApplication();
         static int accounts = 0;
         email = "haushalt" + std::to_string(++accounts) + "@example.ch";
         a.start();
@@ -31,6 +31,12 @@ class CloudSyncTest : public ::testing::Test {
 
     std::function<std::string()> code() {
         return [this] { return server.latestCode(email); };
+    }
+    static std::string told(const CloudMachine& machine) {
+        const CloudStatus& status = machine.status();
+        return machine.name + ": phase " + std::to_string(static_cast<int>(status.phase))
+               + ", activity " + std::to_string(static_cast<int>(status.activity)) + ", "
+               + status.problem.value_or("no problem");
     }
     /// Both machines signed in, with the same state.
     void setUpBoth() {
@@ -65,7 +71,7 @@ TEST_F(CloudSyncTest, whatIsEnteredHereStandsThere) {
     const Uuid id = a.addDocument("Lohn.pdf", "Lohnausweis");
     ASSERT_TRUE(a.settle());
     ASSERT_TRUE(b.check());
-    EXPECT_EQ(b.state(), a.state());
+    EXPECT_EQ(b.state(), a.state()) << told(a) << "; " << told(b);
     EXPECT_EQ(b.store->current().cash, 1'234);
     const auto file = b.store->fileOf(b.state().documents.at(0));
     ASSERT_TRUE(file);

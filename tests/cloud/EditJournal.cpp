@@ -43,13 +43,19 @@ void EditJournal::record(const std::string& who, const PersistedState& before,
     const FlatState is(after);
     for (const auto& [place, value] : is.leaves) {
         if (at(was, place) != value) {
-            edits_.push_back({who, place, value});
+            edits_.push_back({who, place, value, false, beforeJoining});
         }
     }
     for (const auto& [place, value] : was.leaves) {
         if (!is.leaves.contains(place)) {
-            edits_.push_back({who, place, std::nullopt});
+            edits_.push_back({who, place, std::nullopt, false, beforeJoining});
         }
+    }
+}
+
+void EditJournal::excuse(const std::string& who, std::size_t from) {
+    for (std::size_t i = from; i < edits_.size(); ++i) {
+        edits_[i].isExcused = edits_[i].isExcused || edits_[i].who == who;
     }
 }
 
@@ -70,10 +76,11 @@ bool EditJournal::isReplaced(std::size_t index) const {
         edits_.begin() + static_cast<std::ptrdiff_t>(index) + 1, edits_.end(),
         [&](const Edit& later) {
             const bool removesWhole = !later.value && later.place.ends_with('?');
-            return later.place == edit.place
+            return !later.isExcused
+                   && (later.place == edit.place
                    || (removesWhole
                        && FlatState::isWithin(edit.place,
-                                              later.place.substr(0, later.place.size() - 1)));
+                                              later.place.substr(0, later.place.size() - 1))));
         });
 }
 
@@ -88,7 +95,7 @@ bool EditJournal::isShown(const Edit& edit) const {
 }
 
 bool EditJournal::isLenient(const Edit& edit) const {
-    return (isLenient_ || lenientYears_.contains(yearOf(edit.place)))
+    return (isLenient_ || edit.isLenient || lenientYears_.contains(yearOf(edit.place)))
            && (!edit.value || edit.value == newValue(edit.place));
 }
 
@@ -97,7 +104,7 @@ std::vector<std::string> EditJournal::lost(const PersistedState& end) const {
     std::vector<std::string> lost;
     for (std::size_t i = 0; i < edits_.size(); ++i) {
         const Edit& edit = edits_[i];
-        if (at(final, edit.place) == edit.value || isShown(edit) || isReplaced(i)
+        if (edit.isExcused || at(final, edit.place) == edit.value || isShown(edit) || isReplaced(i)
             || isLenient(edit)) {
             continue;
         }

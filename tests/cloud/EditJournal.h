@@ -15,13 +15,17 @@ namespace fiscarel::testing {
 /// accounted for in the end.
 class EditJournal {
   public:
-    /// An edit of the user, or what a machine no longer knew after it was killed.
+    /// An edit of the user's at a machine.
     void record(const std::string& who, const PersistedState& before, const PersistedState& after);
+    /// A machine was killed: its edits from a position on were not on its disk yet.
+    void excuse(const std::string& who, std::size_t from);
     void shown(const std::vector<MergeConflict>& conflicts);
     /// From here on removals and values of a new case may come undone without a conflict: nothing is
     /// known of a common past where both sides are kept whole.
     void forgetRemovals() { isLenient_ = true; }
     void forgetRemovals(int year) { lenientYears_.insert(year); }
+    /// The same for the edits of a time: before two machines know of each other.
+    bool beforeJoining = false;
 
     /// The edits that the final state does not have, that nothing later replaced and that stand in
     /// no conflict; in words.
@@ -34,6 +38,8 @@ class EditJournal {
         std::string who;
         std::string place;
         std::optional<std::string> value; ///< absent: removed
+        bool isExcused = false;
+        bool isLenient = false;
     };
     bool isReplaced(std::size_t index) const;
     bool isShown(const Edit& edit) const;
