@@ -23,7 +23,9 @@ std::optional<ReceiptMap> decodeReceipts(std::string_view json) {
 }
 
 std::filesystem::path CloudFolder::stateFile(int slot) const {
-    return folder_ / (slot == 0 ? "basis.json" : "basis-2.json");
+    return folder_
+           / (slot == 0 ? std::string("basis.json")
+                        : "basis-" + std::to_string(slot + 1) + ".json");
 }
 
 CloudRecord CloudFolder::readRecord() const {

@@ -76,8 +76,11 @@ class CloudFolder {
     CloudFolder(FileSystem& files, std::filesystem::path folder)
         : files_(files), folder_(std::move(folder)) {}
 
+    /// How many common states there can be.
+    static constexpr int stateFiles = 6;
+
     std::filesystem::path recordFile() const { return folder_ / "abgleich.json"; }
-    /// Where one of the last two common states lies; `slot` is 0 or 1.
+    /// Where one of the last common states lies; `slot` counts from 0.
     std::filesystem::path stateFile(int slot) const;
 
     /// An empty record when there is none or it does not read.

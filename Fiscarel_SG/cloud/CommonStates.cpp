@@ -9,7 +9,7 @@
 
 namespace fiscarel {
 
-TAXCORE_RECORD(CommonStates::Kept, slot, id, sha256);
+TAXCORE_RECORD(CommonStates::Kept, slot, id, sha256, version);
 
 namespace {
 
@@ -30,7 +30,11 @@ CommonStates::Loaded CommonStates::load(const CloudFolder& folder,
     }
     for (const Kept& one : kept->states) {
         const auto text = folder.readState(one.slot);
-        if (!text || sha256(*text) != one.sha256) {
+        const bool isNumber = !one.version.empty() && one.version.size() < 18
+                              && std::ranges::all_of(one.version, [](char c) {
+                                     return c >= '0' && c <= '9';
+                                 });
+        if (!text || !isNumber || sha256(*text) != one.sha256) {
             continue;
         }
         if (auto shared = SharedState::decode(*text, one.id)) {
@@ -46,35 +50,57 @@ void CommonStates::adopt(Loaded loaded) {
     confirmed_ = loaded_.kept.empty() ? "" : loaded_.kept.front().id;
 }
 
-void CommonStates::remember(const SharedStatePointer& shared,
+void CommonStates::drop(std::size_t index) {
+    loaded_.kept.erase(loaded_.kept.begin() + static_cast<std::ptrdiff_t>(index));
+    loaded_.states.erase(loaded_.states.begin() + static_cast<std::ptrdiff_t>(index));
+}
+
+void CommonStates::confirm(const std::string& id, std::int64_t version) {
+    confirmed_ = id;
+    for (std::size_t i = loaded_.kept.size(); i-- > 0;) {
+        const Kept& one = loaded_.kept[i];
+        if (one.id != confirmed_ && std::stoll(one.version) <= version) {
+            drop(i);
+        }
+    }
+}
+
+/// Where the next one is written; the oldest of those that nobody has seen gives way.
+int CommonStates::freeSlot() {
+    for (int slot = 0; slot < CloudFolder::stateFiles; ++slot) {
+        if (std::ranges::find(loaded_.kept, slot, &Kept::slot) == loaded_.kept.end()) {
+            return slot;
+        }
+    }
+    const std::size_t oldest = loaded_.kept.front().id == confirmed_ ? 1 : 0;
+    const int slot = loaded_.kept[oldest].slot;
+    drop(oldest);
+    return slot;
+}
+
+void CommonStates::remember(const SharedStatePointer& shared, std::int64_t version,
                             std::function<void(FileResult<void>)> done) {
     if (std::ranges::find(loaded_.kept, shared->id, &Kept::id) != loaded_.kept.end()) {
         done({});
         return;
     }
-    const auto stays = std::ranges::find(loaded_.kept, confirmed_, &Kept::id);
-    const int slot = stays != loaded_.kept.end() && stays->slot == 0 ? 1 : 0;
     struct Outcome {
         FileResult<void> written;
         std::string sha256;
     };
+    const int slot = freeSlot();
     writer_.post<Outcome>(
         [folder = folder_, shared, slot] {
             const std::string text = SharedState::encode(shared->lineage, shared->state);
             return Outcome{folder.writeState(slot, text), sha256(text)};
         },
-        life_.guard([this, shared, slot, done = std::move(done)](const Outcome& outcome) mutable {
-            for (std::size_t i = loaded_.kept.size(); i-- > 0;) {
-                if (loaded_.kept[i].slot == slot || loaded_.kept[i].id != confirmed_) {
-                    loaded_.kept.erase(loaded_.kept.begin() + static_cast<std::ptrdiff_t>(i));
-                    loaded_.states.erase(loaded_.states.begin() + static_cast<std::ptrdiff_t>(i));
-                }
-            }
+        life_.guard([this, shared, slot, version,
+                     done = std::move(done)](const Outcome& outcome) mutable {
             if (!outcome.written) {
                 done(outcome.written);
                 return;
             }
-            loaded_.kept.push_back({slot, shared->id, outcome.sha256});
+            loaded_.kept.push_back({slot, shared->id, outcome.sha256, std::to_string(version)});
             loaded_.states.push_back(shared);
             keepInKeyring([done = std::move(done)] { done({}); });
         }));

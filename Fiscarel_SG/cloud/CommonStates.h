@@ -6,6 +6,8 @@
 #include "Fiscarel_SG/cloud/SharedState.h"
 #include "Fiscarel_SG/store/WorkQueue.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -14,7 +16,7 @@
 namespace fiscarel {
 
 /// The states of the cloud that ours came from, over restarts: the last one known to lie there, and
-/// one that may have arrived there, because its answer is missing. A copy counts only when the
+/// those that may still arrive there, because their answers are missing. A copy counts only when the
 /// keyring knows its content; with a folder that was copied or restored nothing is known of a
 /// common past.
 class CommonStates {
@@ -23,6 +25,7 @@ class CommonStates {
         int slot = 0;
         std::string id;
         std::string sha256; ///< of the file
+        std::string version; ///< that the server gives it, a whole number
         bool operator==(const Kept&) const = default;
     };
     struct Loaded {
@@ -39,15 +42,20 @@ class CommonStates {
     void adopt(Loaded loaded);
 
     const std::vector<SharedStatePointer>& known() const noexcept { return loaded_.states; }
-    /// One of those known lies on the server: it is not forgotten before another one does.
-    void confirm(const std::string& id) { confirmed_ = id; }
+    /// One of those known lies on the server, or did, at a version: it is not forgotten before a
+    /// later one does, and what was sent for this version or an earlier one no longer arrives.
+    void confirm(const std::string& id, std::int64_t version);
     const std::string& confirmed() const noexcept { return confirmed_; }
-    /// Keeps a further one, on the disk and in the keyring, before `done`.
-    void remember(const SharedStatePointer& shared, std::function<void(FileResult<void>)> done);
+    /// Keeps a further one, on the disk and in the keyring, before `done`; `version` is the one that
+    /// the server has given it or will.
+    void remember(const SharedStatePointer& shared, std::int64_t version,
+                  std::function<void(FileResult<void>)> done);
     /// Knows nothing of a common past any more.
     void forget();
 
   private:
+    int freeSlot();
+    void drop(std::size_t index);
     void keepInKeyring(std::function<void()> done);
 
     const CloudFolder& folder_;

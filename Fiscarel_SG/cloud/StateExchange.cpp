@@ -253,25 +253,26 @@ void StateExchange::agreed(const SharedStatePointer& shared, std::function<void(
                                            [](const auto& one) { return one->id; })
                          != context_.common->known().end();
     if (isKnown) {
-        confirm(shared);
+        confirm(shared, version_);
         then();
         return;
     }
     context_.common->remember(
-        shared, life_.guard([this, shared, then = std::move(then)](const FileResult<void>& kept) {
+        shared, version_, life_.guard([this, shared, then = std::move(then)](const FileResult<void>& kept) {
             if (!kept) {
                 finish(tl::unexpected(CloudTrouble::stopped("Der Abgleich mit der Cloud wartet: "
                                                             + kept.error().description())));
                 return;
             }
-            confirm(shared);
+            confirm(shared, version_);
             then();
         }));
 }
 
 /// Notes which documents went on the way there, whoever deleted them.
-void StateExchange::confirm(const SharedStatePointer& shared) {
+void StateExchange::confirm(const SharedStatePointer& shared, std::int64_t version) {
     if (context_.common->confirmed() == shared->id) {
+        context_.common->confirm(shared->id, version);
         return;
     }
     auto& deletions = context_.record.deletions;
@@ -287,7 +288,7 @@ void StateExchange::confirm(const SharedStatePointer& shared) {
             }
         }
     }
-    context_.common->confirm(shared->id);
+    context_.common->confirm(shared->id, version);
     if (deletions.size() != before) {
         context_.keepRecord();
     }
@@ -340,7 +341,7 @@ void StateExchange::seal(std::vector<std::string> lineage) {
         life_.guard([this](const Sealed& sealed) {
             // From now on it may lie there, whatever is answered.
             context_.common->remember(
-                sealed.attempt, life_.guard([this, sealed](const FileResult<void>& kept) {
+                sealed.attempt, version_ + 1, life_.guard([this, sealed](const FileResult<void>& kept) {
                     kept ? send(sealed.attempt, sealed.content)
                          : finish(tl::unexpected(CloudTrouble::stopped(
                              "Der Abgleich mit der Cloud wartet: " + kept.error().description())));
@@ -361,7 +362,7 @@ void StateExchange::sent(const SharedStatePointer& attempt,
     if (version) {
         theirs_ = attempt;
         version_ = *version;
-        confirm(attempt);
+        confirm(attempt, version_);
         finish({});
     } else if (version.error().code == "version" && ++attempts_ < mostAttempts) {
         fetch();

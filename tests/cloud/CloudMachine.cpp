@@ -82,7 +82,12 @@ void CloudMachine::crash() {
 }
 
 bool CloudMachine::workOne(bool writersFirst) {
-    return writersFirst ? writer->step() || worker->step() : worker->step() || writer->step();
+    const bool did =
+        writersFirst ? writer->step() || worker->step() : worker->step() || writer->step();
+    if (did && worked) {
+        worked();
+    }
+    return did;
 }
 
 bool CloudMachine::work() {

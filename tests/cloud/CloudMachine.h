@@ -58,6 +58,8 @@ class CloudMachine {
     /// Kills it: what was not on the disk is gone.
     void crash();
 
+    /// Called after each piece of work, when it is set.
+    std::function<void()> worked;
     /// Does what waits on the queues; whether there was something.
     bool work();
     /// Does one piece of it.

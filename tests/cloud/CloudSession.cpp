@@ -55,6 +55,7 @@ bool CloudSession::begin() {
     const auto code = [this] { return server_.latestCode(email_); };
     journal_.beforeJoining = true;
     for (Side* side : {&a, &b}) {
+        side->machine.worked = [this, side] { observe(*side); };
         side->machine.start();
         for (std::size_t i = below(6); i > 0; --i) {
             editSomething(*side);
@@ -109,7 +110,8 @@ template <class Act>
 void CloudSession::act(Side& side, Act act) {
     const PersistedState before = side.machine.state();
     act(*side.machine.store);
-    journal_.record(side.machine.name, before, side.machine.state());
+    journal_.record(side.machine.name, before, side.machine.state(),
+                    [&] { return commonStates(side.machine); });
     observe(side);
 }
 
@@ -199,7 +201,8 @@ void CloudSession::addDocument(Side& side) {
     contents_[id] = content;
     PersistedState without = side.machine.state();
     std::erase_if(without.documents, [&](const auto& document) { return document.id == id; });
-    journal_.record(side.machine.name, without, side.machine.state());
+    journal_.record(side.machine.name, without, side.machine.state(),
+                    [] { return std::vector<SharedStatePointer>{}; });
     count("documents added");
 }
 
@@ -246,7 +249,6 @@ void CloudSession::pump() {
         for (Side& side : sides_) {
             for (std::size_t pieces = below(5); pieces > 0; --pieces) {
                 side.machine.workOne(below(2) == 0);
-                observe(side);
             }
         }
     }
@@ -258,10 +260,9 @@ void CloudSession::observe(Side& side) {
     }
     const PersistedState& state = side.machine.state();
     if (!side.machine.store->hasUnsavedChanges()) {
-        side.savedEdits = journal_.size();
-        side.mayBeOnDisk = {state};
-    } else if (side.mayBeOnDisk.empty() || side.mayBeOnDisk.back() != state) {
-        side.mayBeOnDisk.push_back(state);
+        side.mayBeOnDisk = {{state, journal_.size()}};
+    } else if (side.mayBeOnDisk.empty() || side.mayBeOnDisk.back().first != state) {
+        side.mayBeOnDisk.emplace_back(state, journal_.size());
     }
 }
 
@@ -284,10 +285,14 @@ void CloudSession::restart(Side& side) {
 void CloudSession::crash(Side& side) {
     count("kills");
     side.machine.crash();
-    journal_.excuse(side.machine.name, side.savedEdits);
     side.machine.start();
-    if (std::ranges::find(side.mayBeOnDisk, side.machine.state()) == side.mayBeOnDisk.end()) {
+    const auto found = std::find_if(
+        side.mayBeOnDisk.rbegin(), side.mayBeOnDisk.rend(),
+        [&](const auto& candidate) { return candidate.first == side.machine.state(); });
+    if (found == side.mayBeOnDisk.rend()) {
         wrong("a killed program lost more than what was not saved yet");
+    } else {
+        journal_.excuse(side.machine.name, found->second);
     }
     side.mayBeOnDisk.clear();
 }
@@ -305,6 +310,7 @@ void CloudSession::settleSomething(Side& side) {
         const std::size_t index = below(status.conflicts.size());
         const bool takesOther = below(2) == 0;
         count(takesOther ? "conflicts settled for theirs" : "conflicts settled for ours");
+        journal_.shown(status.conflicts);
         act(side, [&](AppStore&) { side.machine.sync->settleConflict(index, takesOther); });
     }
 }
@@ -324,6 +330,15 @@ void CloudSession::restoreServer() {
     }
     hasServerCopy_ = !hasServerCopy_;
     server_.start();
+}
+
+std::vector<SharedStatePointer> CloudSession::commonStates(const CloudMachine& machine) {
+    const auto kept = machine.keychain.items.find(CloudKeychain::lastStateAccount);
+    return kept == machine.keychain.items.end()
+               ? std::vector<SharedStatePointer>{}
+               : CommonStates::load(CloudFolder(*machine.fileSystem, machine.root() / "Cloud"),
+                                    std::string(kept->second.begin(), kept->second.end()))
+                     .states;
 }
 
 // The end.
@@ -364,15 +379,9 @@ void CloudSession::compare() {
     for (const std::string& edit : journal_.lost(a.machine.state())) {
         wrong("lost: " + edit);
     }
-    std::vector<std::string> common;
     for (const Side& side : sides_) {
-        const CloudFolder folder(*side.machine.fileSystem, side.machine.root() / "Cloud");
-        const auto& kept = side.machine.keychain.items.find(CloudKeychain::lastStateAccount);
-        const auto loaded = CommonStates::load(
-            folder, kept == side.machine.keychain.items.end()
-                        ? std::nullopt
-                        : std::optional(std::string(kept->second.begin(), kept->second.end())));
-        const bool hasIt = std::ranges::any_of(loaded.states, [&](const auto& state) {
+        const auto common = commonStates(side.machine);
+        const bool hasIt = std::ranges::any_of(common, [&](const auto& state) {
             return state->state == side.machine.state();
         });
         if (!hasIt) {

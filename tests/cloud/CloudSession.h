@@ -12,6 +12,7 @@
 #include <random>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace fiscarel::testing {
@@ -40,8 +41,8 @@ class CloudSession {
             : line(port, seed), machine(std::move(name), line.base(), clock) {}
         FaultProxy line;
         CloudMachine machine;
-        std::size_t savedEdits = 0;                ///< how many of the journal's are on its disk
-        std::vector<PersistedState> mayBeOnDisk{}; ///< since then
+        /// Since its disk was last known, with how many edits of the journal are in it.
+        std::vector<std::pair<PersistedState, std::size_t>> mayBeOnDisk{};
     };
 
     bool begin();
@@ -65,6 +66,8 @@ class CloudSession {
     void compare();
     void compareFiles();
     void compareServer();
+    /// The states of the cloud that a machine knows to come from.
+    static std::vector<SharedStatePointer> commonStates(const CloudMachine& machine);
     void wrong(std::string what) { wrong_.push_back(std::move(what)); }
     void count(const std::string& event) { ++counts_.events[event]; }
     std::size_t below(std::size_t limit) { return static_cast<std::size_t>(draw_()) % limit; }

@@ -35,20 +35,38 @@ std::optional<std::string> newValue(const std::string& place) {
 } // namespace
 
 void EditJournal::record(const std::string& who, const PersistedState& before,
-                         const PersistedState& after) {
+                         const PersistedState& after,
+                         const std::function<std::vector<SharedStatePointer>()>& common) {
     if (before == after) {
         return;
     }
     const FlatState was(before);
     const FlatState is(after);
+    std::optional<std::vector<FlatState>> bases;
+    const auto add = [&](const std::string& place, const std::optional<std::string>& value) {
+        Edit edit{who, place, value, false, beforeJoining};
+        const bool isAgain = std::ranges::any_of(edits_, [&](const Edit& earlier) {
+            return earlier.who == who && earlier.place == place;
+        });
+        if (isAgain && !bases) {
+            bases.emplace();
+            for (const SharedStatePointer& one : common()) {
+                bases->emplace_back(one->state);
+            }
+        }
+        edit.takesBack = isAgain && std::ranges::any_of(*bases, [&](const FlatState& base) {
+                             return at(base, place) == value;
+                         });
+        edits_.push_back(std::move(edit));
+    };
     for (const auto& [place, value] : is.leaves) {
         if (at(was, place) != value) {
-            edits_.push_back({who, place, value, false, beforeJoining});
+            add(place, value);
         }
     }
     for (const auto& [place, value] : was.leaves) {
         if (!is.leaves.contains(place)) {
-            edits_.push_back({who, place, std::nullopt, false, beforeJoining});
+            add(place, std::nullopt);
         }
     }
 }
@@ -104,7 +122,7 @@ std::vector<std::string> EditJournal::lost(const PersistedState& end) const {
     std::vector<std::string> lost;
     for (std::size_t i = 0; i < edits_.size(); ++i) {
         const Edit& edit = edits_[i];
-        if (edit.isExcused || at(final, edit.place) == edit.value || isShown(edit) || isReplaced(i)
+        if (edit.isExcused || edit.takesBack || at(final, edit.place) == edit.value || isShown(edit) || isReplaced(i)
             || isLenient(edit)) {
             continue;
         }

@@ -1,8 +1,9 @@
 #pragma once
 
-#include "Fiscarel_SG/cloud/StateMerge.h"
+#include "Fiscarel_SG/cloud/SharedState.h"
 #include "tests/cloud/FlatState.h"
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <set>
@@ -16,7 +17,10 @@ namespace fiscarel::testing {
 class EditJournal {
   public:
     /// An edit of the user's at a machine.
-    void record(const std::string& who, const PersistedState& before, const PersistedState& after);
+    /// One that only takes back what the cloud has not seen yet asks for nothing: `common` tells the
+    /// states that machine and cloud had in common.
+    void record(const std::string& who, const PersistedState& before, const PersistedState& after,
+                const std::function<std::vector<SharedStatePointer>()>& common);
     /// A machine was killed: its edits from a position on were not on its disk yet.
     void excuse(const std::string& who, std::size_t from);
     void shown(const std::vector<MergeConflict>& conflicts);
@@ -40,6 +44,7 @@ class EditJournal {
         std::optional<std::string> value; ///< absent: removed
         bool isExcused = false;
         bool isLenient = false;
+        bool takesBack = false;
     };
     bool isReplaced(std::size_t index) const;
     bool isShown(const Edit& edit) const;
