@@ -238,6 +238,7 @@ void StateExchange::apply(const Reconciled& result, const PersistedState& ours) 
         return;
     }
     context_.store.applyRemote(result.merged.state);
+    added_.clear();
     context_.status.conflicts = context_.record.conflicts;
     context_.writer.post([] {}, life_.guard([this, lineage = result.lineage] { // behind the saving
         if (context_.store.saveProblem()) {

@@ -286,13 +286,18 @@ void CloudSession::crash(Side& side) {
     count("kills");
     side.machine.crash();
     side.machine.start();
-    const auto found = std::find_if(
+    const auto onDisk = std::find_if(
         side.mayBeOnDisk.rbegin(), side.mayBeOnDisk.rend(),
-        [&](const auto& candidate) { return candidate.first == side.machine.state(); });
-    if (found == side.mayBeOnDisk.rend()) {
+        [&](const auto& candidate) {
+            PersistedState found = candidate.first; // with the case that the selected year gets
+            const int year = side.machine.store->year();
+            found.cases.try_emplace(year, side.machine.store->current());
+            return found == side.machine.state();
+        });
+    if (onDisk == side.mayBeOnDisk.rend()) {
         wrong("a killed program lost more than what was not saved yet");
     } else {
-        journal_.excuse(side.machine.name, found->second);
+        journal_.excuse(side.machine.name, onDisk->second);
     }
     side.mayBeOnDisk.clear();
 }
@@ -359,7 +364,7 @@ bool CloudSession::comeToRest() {
         }
         const bool isQuiet = a.machine.status().compared && a.machine.state() == b.machine.state()
                              && !a.machine.status().problem && !b.machine.status().problem;
-        if (isQuiet && round > 2) {
+        if (isQuiet && round > 1) {
             return true;
         }
     }

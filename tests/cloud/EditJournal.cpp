@@ -28,7 +28,7 @@ int yearOf(const std::string& place) {
 std::optional<std::string> newValue(const std::string& place) {
     const int year = yearOf(place);
     PersistedState fresh;
-    fresh.cases[year] = taxcore::TaxCase{.year = year};
+    fresh.cases[year] = taxcore::TaxCase{.year = year, .li = taxcore::LIExtras{}};
     return year == 0 ? std::nullopt : at(FlatState(fresh), place);
 }
 
@@ -57,6 +57,8 @@ void EditJournal::record(const std::string& who, const PersistedState& before,
         edit.takesBack = isAgain && std::ranges::any_of(*bases, [&](const FlatState& base) {
                              return at(base, place) == value;
                          });
+        // A record that both sides made: what is as in a new one yields.
+        edit.isLenient = edit.isLenient || (!at(was, place) && newValue(place) == value);
         edits_.push_back(std::move(edit));
     };
     for (const auto& [place, value] : is.leaves) {
