@@ -94,6 +94,8 @@ class AppStore final : public QObject {
     /// Whether the state file was unusable and nothing has been decided yet: the user is to be
     /// offered a backup.
     bool awaitsRecovery() const noexcept { return gate_ != Gate::open; }
+    /// Whether that is because a newer program wrote it: only the user may replace it.
+    bool isOfNewerProgram() const noexcept { return gate_ == Gate::closed; }
 
     bool isDemo() const noexcept { return isDemo_; }
     /// Whether the user has never chosen a region.
@@ -158,6 +160,8 @@ class AppStore final : public QObject {
     void applyDocument(const Uuid& id, taxcore::TaxCase taxCase, std::vector<AppliedValue> applied);
     /// Can be undone until the program ends; the file goes then.
     void deleteDocument(const Uuid& id);
+    /// Tells everybody that files of documents were missing and are there now.
+    void documentFilesArrived() { Q_EMIT documentsChanged(); }
     /// Where a document's file lies; absent in demo mode and when it is missing.
     std::optional<std::filesystem::path> fileOf(const StoredDocument& document) const;
 
@@ -170,7 +174,8 @@ class AppStore final : public QObject {
     void saveNow();
     /// Saves what waits and waits for it; whether everything is on the disk.
     bool flush();
-    /// Replaces the state by one received from the cloud; does not call `onLocalSave`.
+    /// Replaces the state by one received from the cloud; does not call `onLocalSave`. The files of
+    /// documents that are gone in it go at the end, as with those the user deletes.
     void applyRemote(PersistedState state);
 
     // Backups and exports; `done` gets nothing or a German sentence.

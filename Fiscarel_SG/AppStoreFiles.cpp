@@ -118,6 +118,12 @@ void AppStore::applyRemote(PersistedState state) {
     if (gate_ == Gate::untilEdit) {
         openGate();
     }
+    for (const StoredDocument& document : state_.documents) {
+        if (std::ranges::find(state.documents, document.id, &StoredDocument::id)
+            == state.documents.end()) {
+            deleted_.push_back(document);
+        }
+    }
     adopt(std::move(state));
     state_.cases.try_emplace(year_, TaxCase{.year = year_});
     announceAdopted(true);

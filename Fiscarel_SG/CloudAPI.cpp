@@ -19,9 +19,6 @@ namespace {
 
 using Failure = CloudAPI::Failure;
 
-constexpr int usualWait = 30'000; ///< milliseconds without a sign of the other side
-constexpr int documentWait = 180'000;
-
 QString text(std::string_view utf8) {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
 }
@@ -178,7 +175,7 @@ struct CloudAPI::Request {
     std::optional<QByteArray> binary;
     bool isPost = false; ///< also without a body
     std::vector<std::pair<QString, QString>> query;
-    int wait = usualWait;
+    bool carriesDocument = false;
 };
 
 std::string CloudAPI::Failure::errorDescription() const {
@@ -208,8 +205,8 @@ std::string CloudAPI::Failure::errorDescription() const {
     return "Der Server meldet einen Fehler (" + code + ").";
 }
 
-CloudAPI::CloudAPI(QUrl base, QObject* parent)
-    : QObject(parent), network_(this), base_(std::move(base)) {
+CloudAPI::CloudAPI(QUrl base, Patience patience, QObject* parent)
+    : QObject(parent), network_(this), base_(std::move(base)), patience_(patience) {
     // A server that sends elsewhere must not be handed the session's token there.
     network_.setRedirectPolicy(QNetworkRequest::ManualRedirectPolicy);
 }
@@ -234,7 +231,8 @@ void CloudAPI::send(const Request& request, Answer done) {
         return;
     }
     QNetworkRequest message(url);
-    message.setTransferTimeout(request.wait);
+    const auto wait = request.carriesDocument ? patience_.documents : patience_.usual;
+    message.setTransferTimeout(static_cast<int>(wait.count()));
     if (!request.token.empty()) {
         message.setRawHeader("X-Sitzung", QByteArray::fromStdString(request.token));
     }
@@ -252,7 +250,7 @@ void CloudAPI::send(const Request& request, Answer done) {
         reply->deleteLater();
         const int status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
         const bool isSuccess = status >= 200 && status < 300;
-        const QByteArray body = reply->readAll();
+        const QByteArray body = reply->isOpen() ? reply->readAll() : QByteArray();
         if (status == 0 || (isSuccess && reply->error() != QNetworkReply::NoError)) {
             done(tl::unexpected(Failure{.code = "red"})); // nothing, or cut off on the way
         } else if (!isSuccess) {
@@ -285,9 +283,13 @@ void CloudAPI::wrappedKey(const std::string& token, Done<KeyBody> done) {
     send({.path = u"llave.php"_s, .token = token}, decoding(std::move(done), keyBodyOf));
 }
 
-void CloudAPI::storeWrappedKey(const std::string& key, const std::string& token, Done<void> done) {
-    send({.path = u"llave.php"_s, .token = token, .json = QJsonObject{{u"llave"_s, text(key)}}},
-         ignoringBody(std::move(done)));
+void CloudAPI::storeWrappedKey(const std::string& key, const std::string& token, Done<void> done,
+                               const std::optional<std::string>& previous) {
+    QJsonObject body{{u"llave"_s, text(key)}};
+    if (previous) {
+        body.insert(u"anterior"_s, text(*previous));
+    }
+    send({.path = u"llave.php"_s, .token = token, .json = body}, ignoringBody(std::move(done)));
 }
 
 void CloudAPI::block(const std::string& key, const std::string& token,
@@ -325,7 +327,7 @@ void CloudAPI::uploadReceipt(const QByteArray& sealed, const std::string& token,
           .token = token,
           .binary = sealed,
           .isPost = true,
-          .wait = documentWait},
+          .carriesDocument = true},
          decoding(std::move(done), receiptOf));
 }
 
@@ -334,7 +336,7 @@ void CloudAPI::downloadReceipt(const std::string& id, const std::string& token,
     send({.path = u"recibo.php"_s,
           .token = token,
           .query = {{u"id"_s, text(id)}},
-          .wait = documentWait},
+          .carriesDocument = true},
          std::move(done));
 }
 

@@ -6,10 +6,12 @@
 #include <QNetworkAccessManager>
 #include <QObject>
 #include <QUrl>
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 class QJsonObject;
@@ -92,23 +94,37 @@ class CloudAPI final : public QObject {
         bool operator==(const KeyBody&) const = default;
     };
 
+    /// How long nothing may be heard of the other side.
+    struct Patience {
+        std::chrono::milliseconds usual{30'000};
+        std::chrono::milliseconds documents{180'000};
+    };
+
     template <class T>
     using Done = std::function<void(tl::expected<T, Failure>)>;
 
     /// `base` ends with "/". Only HTTPS is spoken, and plain HTTP to this machine; with any other
     /// address every call fails with "red" and nothing is sent.
-    explicit CloudAPI(QUrl base = defaultBase(), QObject* parent = nullptr);
+    explicit CloudAPI(QUrl base = defaultBase(), QObject* parent = nullptr)
+        : CloudAPI(std::move(base), Patience{}, parent) {}
+    CloudAPI(QUrl base, Patience patience, QObject* parent = nullptr);
     /// The server this program was built for.
     static QUrl defaultBase();
     /// The address of the interface on a host, "https://HOST/fiscarel/api/v1/".
     static QUrl baseOf(const QString& host);
+
+    /// Where the calls go.
+    const QUrl& base() const noexcept { return base_; }
 
     void requestCode(const std::string& email, Done<void> done);
     void verifyCode(const std::string& email, const std::string& code, const std::string& device,
                     Done<Login> done);
     void account(const std::string& token, Done<Account> done);
     void wrappedKey(const std::string& token, Done<KeyBody> done);
-    void storeWrappedKey(const std::string& key, const std::string& token, Done<void> done);
+    /// Stores the wrapped key where there is none, or in the place of `previous`; another one is
+    /// never replaced ("llave").
+    void storeWrappedKey(const std::string& key, const std::string& token, Done<void> done,
+                         const std::optional<std::string>& previous = std::nullopt);
     /// Absent when there is no block of that key yet.
     void block(const std::string& key, const std::string& token, Done<std::optional<Block>> done);
     /// Saves a block that is based on `version`, 0 for the first; answers the new version. A newer
@@ -128,6 +144,7 @@ class CloudAPI final : public QObject {
 
     QNetworkAccessManager network_;
     const QUrl base_;
+    const Patience patience_;
 };
 
 } // namespace fiscarel

@@ -1,8 +1,9 @@
-// How fast ten years of data with two thousand documents are read and saved. Compare ratios within
-// one run: reading against the JSON library's own pass over the same bytes, saving against writing
-// and syncing the same bytes.
+// How fast ten years of data with two thousand documents are read, saved and merged. Compare ratios
+// within one run: reading against the JSON library's own pass over the same bytes, saving against
+// writing and syncing the same bytes, merging against reading what is merged.
 
 #include "Fiscarel_SG/Persistence.h"
+#include "Fiscarel_SG/cloud/StateMerge.h"
 #include "Fiscarel_SG/store/PosixFiles.h"
 #include "bench/TenYears.h"
 
@@ -136,6 +137,39 @@ void savingWithBackup(benchmark::State& state) {
     }
 }
 BENCHMARK(savingWithBackup)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// `step` documents apart something changed, and in every year.
+PersistedState edited(std::size_t first, std::size_t step) {
+    PersistedState state = tenYears();
+    for (auto& [year, taxCase] : state.cases) {
+        taxCase.debts.emplace_back().creditor = "Bank";
+        taxCase.cash = static_cast<int>(first);
+    }
+    for (std::size_t i = first; i < state.documents.size(); i += step) {
+        state.documents[i].note = "nachgefragt";
+    }
+    state.documents.erase(state.documents.begin() + static_cast<std::ptrdiff_t>(100 * first));
+    return state;
+}
+
+void mergingStates(benchmark::State& state) {
+    const PersistedState ours = edited(1, 7);
+    const PersistedState theirs = edited(2, 5);
+    for (auto _ : state) {
+        const MergedState merged = mergeStates(&tenYears(), ours, theirs);
+        benchmark::DoNotOptimize(&merged);
+        state.counters["conflicts"] = static_cast<double>(merged.conflicts.size());
+    }
+}
+BENCHMARK(mergingStates)->Unit(benchmark::kMillisecond);
+
+void mergingLoss(benchmark::State& state) {
+    const PersistedState after = edited(1, 7);
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(lossBetween(tenYears(), after));
+    }
+}
+BENCHMARK(mergingLoss)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

@@ -5,7 +5,7 @@ buildPackages=(
     libboost1.81-dev libsimdjson-dev libexpected-dev libcli11-dev libzip-dev libqpdf-dev
     libssl-dev libsecret-1-dev
     libpoppler-qt6-dev libtesseract-dev libleptonica-dev libzxing-dev libheif-dev libpugixml-dev
-    libseccomp-dev tesseract-ocr-deu tesseract-ocr-fra tesseract-ocr-ita tesseract-ocr-eng
+    libsqlite3-dev libcurl4-openssl-dev libseccomp-dev tesseract-ocr-deu tesseract-ocr-fra tesseract-ocr-ita tesseract-ocr-eng
     tesseract-ocr-osd
     qt6-base-dev qt6-charts-dev qt6-svg-dev libqt6opengl6-dev libgl-dev libegl-dev libxkbcommon-dev
     fonts-inter fonts-roboto-unhinted qt6-translations-l10n

@@ -101,6 +101,18 @@ bool JsonReader::read(ondemand::value json, Decimal& target) {
 }
 
 bool JsonReader::read(ondemand::value json, int& target) {
+    std::int64_t whole = 0;
+    if (!read(json, whole)) {
+        return false;
+    }
+    if (whole < std::numeric_limits<int>::min() || whole > std::numeric_limits<int>::max()) {
+        return fail(JsonError::Kind::number, "ausserhalb des darstellbaren Bereichs");
+    }
+    target = static_cast<int>(whole);
+    return true;
+}
+
+bool JsonReader::read(ondemand::value json, std::int64_t& target) {
     Decimal number;
     if (!read(json, number)) {
         return false;
@@ -109,11 +121,10 @@ bool JsonReader::read(ondemand::value json, int& target) {
         return fail(JsonError::Kind::wrongType, "eine ganze Zahl");
     }
     const auto whole = number.toInteger();
-    if (!whole || *whole < std::numeric_limits<int>::min()
-        || *whole > std::numeric_limits<int>::max()) {
+    if (!whole) {
         return fail(JsonError::Kind::number, "ausserhalb des darstellbaren Bereichs");
     }
-    target = static_cast<int>(*whole);
+    target = *whole;
     return true;
 }
 

@@ -16,6 +16,7 @@
 #include <array>
 #include <bitset>
 #include <charconv>
+#include <cstdint>
 #include <cstring>
 #include <limits>
 #include <map>
@@ -52,6 +53,7 @@ class JsonReader {
     bool read(ondemand::value json, E& target);
     bool read(ondemand::value json, Decimal& target);
     bool read(ondemand::value json, int& target);
+    bool read(ondemand::value json, std::int64_t& target);
     bool read(ondemand::value json, bool& target);
     bool read(ondemand::value json, std::string& target);
     bool read(ondemand::value json, Date& target);

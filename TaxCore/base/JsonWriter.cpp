@@ -49,6 +49,8 @@ void JsonWriter::write(const Decimal& value) {
 
 void JsonWriter::write(int value) { out_ += std::to_string(value); }
 
+void JsonWriter::write(std::int64_t value) { out_ += std::to_string(value); }
+
 void JsonWriter::write(bool value) { out_ += value ? "true" : "false"; }
 
 void JsonWriter::write(const std::set<std::string>& texts) {

@@ -43,6 +43,7 @@ class JsonWriter {
     }
     void write(const Decimal& value);
     void write(int value);
+    void write(std::int64_t value);
     void write(bool value);
     void write(std::string_view text);
     void write(const std::string& text) { write(std::string_view(text)); }

@@ -1,0 +1,97 @@
+#pragma once
+
+#include "Fiscarel_SG/cloud/StateMerge.h"
+#include "Fiscarel_SG/store/FileSystem.h"
+#include "TaxCore/base/Moment.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace fiscarel {
+
+/// A document's file on the server.
+struct ReceiptEntry {
+    Uuid document;
+    std::string receipt; ///< its id on the server
+    int size = 0;        ///< bytes of the plain file
+    std::string sha256;  ///< of the plain file
+
+    bool operator==(const ReceiptEntry&) const = default;
+};
+TAXCORE_RECORD(ReceiptEntry, document, receipt, size, sha256);
+
+/// The content of the block that tells which file on the server is which document's.
+struct ReceiptMap {
+    std::vector<ReceiptEntry> receipts;
+    int version = 1;
+
+    const ReceiptEntry* of(const Uuid& document) const;
+    bool operator==(const ReceiptMap&) const = default;
+};
+TAXCORE_RECORD(ReceiptMap, receipts, version);
+
+std::string encodeReceipts(const ReceiptMap& map);
+/// Absent for any other text, and for one that a newer program wrote.
+std::optional<ReceiptMap> decodeReceipts(std::string_view json);
+
+/// What a machine remembers of the encrypted backup from one run to the next, beside the common
+/// state. Holds no secret and no content of the return except the conflicts' values.
+struct CloudRecord {
+    /// A document that is gone and whose file on the server is to go.
+    struct Deletion {
+        Uuid document;
+        std::optional<ReceiptEntry> entry; ///< taken out of the map; absent: not yet
+        bool operator==(const Deletion&) const = default;
+    };
+    /// A file on the server that belongs to no document.
+    struct Orphan {
+        std::string receipt;
+        Moment seen; ///< first
+        bool operator==(const Orphan&) const = default;
+    };
+
+    std::string email;
+    std::string server;
+    std::string wrappedKey;             ///< its SHA-256; empty: not known
+    std::vector<ReceiptEntry> uploaded; ///< not in the map yet
+    std::vector<Deletion> deletions;
+    std::vector<Orphan> orphans;
+    std::vector<MergeConflict> conflicts; ///< that the user has not seen to
+    bool startsAnew = false;              ///< what does not open in the cloud may be written over
+
+    bool operator==(const CloudRecord&) const = default;
+};
+TAXCORE_RECORD(CloudRecord::Deletion, document, entry);
+TAXCORE_RECORD(CloudRecord::Orphan, receipt, seen);
+TAXCORE_RECORD(CloudRecord, email, server, wrappedKey, uploaded, deletions, orphans, conflicts,
+               startsAnew);
+
+/// The engine's own files in the data folder. Any thread may call, one at a time.
+class CloudFolder {
+  public:
+    /// `files` must outlive it.
+    CloudFolder(FileSystem& files, std::filesystem::path folder)
+        : files_(files), folder_(std::move(folder)) {}
+
+    /// How many common states there can be.
+    static constexpr int stateFiles = 6;
+
+    std::filesystem::path recordFile() const { return folder_ / "abgleich.json"; }
+    /// Where one of the last common states lies; `slot` counts from 0.
+    std::filesystem::path stateFile(int slot) const;
+
+    /// An empty record when there is none or it does not read.
+    CloudRecord readRecord() const;
+    FileResult<void> write(const CloudRecord& record) const;
+    std::optional<std::string> readState(int slot) const;
+    FileResult<void> writeState(int slot, std::string_view text) const;
+
+  private:
+    FileSystem& files_;
+    const std::filesystem::path folder_;
+};
+
+} // namespace fiscarel

@@ -1,0 +1,416 @@
+// State and documents of two machines, and what may go wrong with them.
+
+#include "Fiscarel_SG/cloud/Sealing.h"
+#include "tests/cloud/CloudHousehold.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <vector>
+
+namespace fiscarel::testing {
+namespace {
+
+namespace fs = std::filesystem;
+using CloudSyncTest = CloudHousehold;
+
+void addDebts(CloudMachine& machine, int count) {
+    machine.store->edit("Schulden", [&](taxcore::TaxCase& taxCase) {
+        for (int i = 1; i <= count; ++i) {
+            taxcore::Debt& debt = taxCase.debts.emplace_back();
+            debt.amount = 1'000 * i;
+            debt.interest = i;
+        }
+    });
+}
+
+void clearDebts(CloudMachine& machine) {
+    machine.store->edit("Schulden", [](taxcore::TaxCase& taxCase) { taxCase.debts.clear(); });
+}
+
+TEST_F(CloudSyncTest, whatIsEnteredHereStandsThere) {
+    setUpBoth();
+    setCash(a, 1'234);
+    const Uuid id = a.addDocument("Lohn.pdf", "Lohnausweis");
+    ASSERT_TRUE(a.settle());
+    EXPECT_TRUE(a.status().compared);
+    ASSERT_TRUE(b.check());
+    EXPECT_EQ(b.store->current().cash, 1'234);
+    EXPECT_EQ(fileIn(b, id), "Lohnausweis");
+    EXPECT_FALSE(hasBackupBeforeCloud(b) && b.state().cases.empty());
+    expectEqual();
+    EXPECT_GT(a.status().bytesUsed, 0);
+    EXPECT_EQ(a.status().devices.size(), 2U);
+}
+
+TEST_F(CloudSyncTest, bothSidesChangesComeTogetherAndAConflictIsShown) {
+    setUpBoth();
+    setCash(a, 100);
+    addDebts(a, 1);
+    setCash(b, 200);
+    b.store->edit("IBAN", [](taxcore::TaxCase& taxCase) { taxCase.iban = "CH93"; });
+    exchange();
+    expectEqual();
+    EXPECT_EQ(a.store->current().iban, "CH93");
+    EXPECT_EQ(b.store->current().debts.size(), 1U);
+    CloudMachine& merged = a.status().conflicts.empty() ? b : a;
+    ASSERT_EQ(merged.status().conflicts.size(), 1U);
+    EXPECT_TRUE(hasBackupBeforeCloud(merged));
+    const MergeConflict conflict = merged.status().conflicts[0];
+    EXPECT_EQ(conflict.path, "cash");
+    restart(merged);
+    ASSERT_EQ(merged.status().conflicts, std::vector{conflict}) << "kept over a restart";
+    const auto other = merged.store->current().cash == 100 ? 200 : 100;
+    merged.sync->settleConflict(0, true);
+    EXPECT_TRUE(merged.status().conflicts.empty());
+    EXPECT_EQ(merged.store->current().cash, other);
+    EXPECT_TRUE(merged.store->undo()) << "as any edit";
+    merged.store->redo();
+    exchange();
+    expectEqual();
+    EXPECT_EQ(b.store->current().cash, other);
+}
+
+TEST_F(CloudSyncTest, aConflictThatHasChangedSinceLeavesEverythingAsItIs) {
+    setUpBoth();
+    setCash(a, 100);
+    setCash(b, 200);
+    exchange();
+    CloudMachine& merged = a.status().conflicts.empty() ? b : a;
+    setCash(merged, 300);
+    merged.sync->settleConflict(0, true);
+    EXPECT_EQ(merged.store->current().cash, 300);
+    EXPECT_TRUE(merged.status().problem);
+    merged.sync->settleConflict(7, true); // there is none
+}
+
+TEST_F(CloudSyncTest, whoTypesWhileARequestRunsLosesNothing) {
+    setUpBoth();
+    setCash(a, 100);
+    ASSERT_TRUE(a.settle());
+    for (int typed = 1; typed < 60; ++typed) {
+        if (typed % 10 == 1) {
+            b.sync->checkNow();
+        }
+        b.store->edit("Name", [&](taxcore::TaxCase& taxCase) {
+            taxCase.registerNumber = std::to_string(typed);
+        });
+        waitFor([n = 0]() mutable { return n++ > 1; });
+        b.workOne(typed % 2 == 0);
+    }
+    exchange();
+    expectEqual();
+    EXPECT_EQ(a.store->current().registerNumber, "59");
+    EXPECT_EQ(a.store->current().cash, 100);
+}
+
+TEST_F(CloudSyncTest, aLostAnswerIsNoConflictWithOneself) {
+    setUpBoth();
+    bool loses = true;
+    toA.chooses = [&](const QByteArray& request) {
+        const bool isSave = request.startsWith("POST /fiscarel/api/v1/bloque-guardar");
+        return isSave && std::exchange(loses, !isSave) ? FaultProxy::Fault::answerLost
+                                                       : FaultProxy::Fault::none;
+    };
+    setCash(a, 100);
+    ASSERT_TRUE(a.settle());
+    EXPECT_EQ(a.status().activity, Activity::offline);
+    setCash(a, 0); // as it was in the last state known to have arrived
+    ASSERT_TRUE(a.settle(std::chrono::seconds(8)));
+    EXPECT_EQ(a.status().activity, Activity::resting) << "tried again by itself";
+    restart(a);
+    exchange();
+    EXPECT_TRUE(a.status().conflicts.empty());
+    EXPECT_EQ(b.store->current().cash, 0);
+    expectEqual();
+}
+
+TEST_F(CloudSyncTest, anUnreadableCommonStateLosesNothing) {
+    setUpBoth();
+    setCash(a, 100);
+    addDebts(a, 1);
+    exchange();
+    setCash(b, 200);
+    restart(a, [&] {
+        for (const std::string& name : namesIn(a.root() / "Cloud")) {
+            if (name.starts_with("basis")) {
+                writeFile(a.root() / "Cloud" / name, "{");
+            }
+        }
+    });
+    setCash(a, 300);
+    exchange();
+    expectEqual();
+    EXPECT_EQ(a.store->current().debts.size(), 1U);
+    EXPECT_EQ(a.status().conflicts.size() + b.status().conflicts.size(), 1U);
+}
+
+TEST_F(CloudSyncTest, aBlockThatDoesNotOpenIsNotWrittenOver) {
+    setUpBoth();
+    CloudAPI::Block damaged = block(a);
+    damaged.content = sealedText(CloudCrypto::Bytes(200, 7));
+    ASSERT_TRUE(putBlock(a, damaged));
+    const CloudAPI::Block before = block(a);
+    setCash(a, 100);
+    ASSERT_TRUE(a.settle());
+    EXPECT_EQ(a.status().problem, "Daten aus der Cloud konnten nicht entschlüsselt werden.");
+    EXPECT_EQ(a.status().phase, Phase::ready);
+    EXPECT_EQ(block(a), before);
+    EXPECT_EQ(a.store->current().cash, 100);
+}
+
+TEST_F(CloudSyncTest, aStateOfANewerProgramIsLeftAlone) {
+    setUpBoth();
+    const Secret key(a.keychain.items.at(std::string(CloudKeychain::dataKeyAccount)));
+    PersistedState newer = a.state();
+    newer.version = newestStateVersion + 1;
+    CloudAPI::Block stored = block(a);
+    for (const std::string& text :
+         {SharedState::encode({}, newer), std::string("fiscarel-estado 2\n{}")}) {
+        stored.version = block(a).version;
+        stored.content = sealBlock(text, key, "estado");
+        ASSERT_TRUE(putBlock(a, stored));
+        setCash(a, stored.version == 0 ? 1 : 2);
+        ASSERT_TRUE(a.settle() && a.check());
+        ASSERT_TRUE(a.status().problem);
+        EXPECT_NE(a.status().problem->find("neueren Ausgabe"), std::string::npos)
+            << *a.status().problem;
+        EXPECT_EQ(block(a).content, stored.content);
+    }
+}
+
+TEST_F(CloudSyncTest, aGraveLossIsAskedForFirst) {
+    struct Row {
+        bool isIncoming; ///< the machine that loses is not the one that is asked
+        bool takesOver;
+        std::size_t debts; ///< in the end, on both
+    };
+    setUpBoth();
+    for (const Row& row : std::vector<Row>{
+             {false, true, 0}, {false, false, 8}, {true, true, 0}, {true, false, 8}}) {
+        SCOPED_TRACE(std::string(row.isIncoming ? "incoming" : "outgoing")
+                     + (row.takesOver ? " taken over" : " refused"));
+        if (a.store->current().debts.empty()) {
+            addDebts(a, 8);
+        }
+        exchange();
+        ASSERT_EQ(b.store->current().debts.size(), 8U);
+        clearDebts(a);
+        ASSERT_TRUE(a.settle() && a.check());
+        ASSERT_TRUE(a.status().question);
+        EXPECT_FALSE(a.status().question->isIncoming);
+        EXPECT_EQ(b.store->current().debts.size(), 8U);
+        ASSERT_TRUE(b.check());
+        ASSERT_EQ(b.store->current().debts.size(), 8U) << "nothing goes before the answer";
+        a.sync->answerQuestion(row.isIncoming || row.takesOver);
+        ASSERT_TRUE(a.rest());
+        if (row.isIncoming) {
+            ASSERT_TRUE(b.check());
+            ASSERT_TRUE(b.status().question);
+            EXPECT_TRUE(b.status().question->isIncoming);
+            EXPECT_EQ(b.store->current().debts.size(), 8U);
+            b.sync->answerQuestion(row.takesOver);
+            ASSERT_TRUE(b.rest());
+        }
+        for (CloudMachine* machine : {&a, &b, &a}) {
+            ASSERT_TRUE(machine->settle() && machine->check());
+            if (machine->status().question) { // of the loss that was agreed to
+                machine->sync->answerQuestion(true);
+                ASSERT_TRUE(machine->rest());
+            }
+        }
+        EXPECT_EQ(a.store->current().debts.size(), row.debts);
+        expectEqual();
+    }
+}
+
+TEST_F(CloudSyncTest, withoutABackupNothingIsTakenIn) {
+    setUpBoth();
+    setCash(a, 100);
+    ASSERT_TRUE(a.settle());
+    setCash(b, 200);
+    fs::remove_all(b.persistence->backupsFolder());
+    writeFile(b.persistence->backupsFolder(), "no folder");
+    ASSERT_TRUE(b.settle() && b.check());
+    ASSERT_TRUE(b.status().problem);
+    EXPECT_NE(b.status().problem->find("keine Sicherung"), std::string::npos);
+    EXPECT_EQ(b.store->current().cash, 200);
+    EXPECT_TRUE(b.status().conflicts.empty());
+    fs::remove(b.persistence->backupsFolder());
+    fs::create_directories(b.persistence->backupsFolder());
+    exchange();
+    expectEqual();
+    EXPECT_EQ(b.status().conflicts.size(), 1U);
+}
+
+TEST_F(CloudSyncTest, aServerFromAnOldCopyLosesNothing) {
+    setUpBoth();
+    setCash(a, 100);
+    exchange();
+    const fs::path copy = server.data().string() + ".old";
+    server.end();
+    fs::copy(server.data(), copy, fs::copy_options::recursive);
+    server.start();
+    toB.isOffline = true;
+    setCash(a, 200); // b does not learn of it
+    const Uuid late = a.addDocument("Spät.pdf", "spät");
+    ASSERT_TRUE(a.settle());
+    server.end();
+    fs::remove_all(server.data());
+    fs::rename(copy, server.data());
+    server.start();
+    toB.isOffline = false;
+    for (const char* number : {"1", "2", "3"}) { // overtakes the version that a knows
+        b.store->edit("Nummer",
+                      [&](taxcore::TaxCase& taxCase) { taxCase.registerNumber = number; });
+        ASSERT_TRUE(b.settle() && b.check());
+    }
+    exchange();
+    expectEqual();
+    EXPECT_EQ(b.store->current().cash, 200);
+    EXPECT_EQ(a.store->current().registerNumber, "3");
+    EXPECT_EQ(fileIn(b, late), "spät");
+}
+
+TEST_F(CloudSyncTest, anUnusableStateFileTakesTheClouds) {
+    setUpBoth();
+    setCash(a, 100);
+    exchange();
+    restart(a, [&] { writeFile(a.root() / "daten.json", "{"); });
+    EXPECT_FALSE(a.store->awaitsRecovery());
+    EXPECT_EQ(a.store->current().cash, 100);
+    exchange();
+    expectEqual();
+    const CloudAPI::Block before = block(b);
+    const std::string newer = R"({"version": 2})";
+    restart(a, [&] { writeFile(a.root() / "daten.json", newer); });
+    ASSERT_TRUE(a.check());
+    EXPECT_TRUE(a.status().problem);
+    EXPECT_EQ(block(b), before) << "nothing goes up";
+    EXPECT_EQ(readFile(a.root() / "daten.json"), newer) << "nor is it written over";
+}
+
+// Documents.
+
+TEST_F(CloudSyncTest, aDeletionThatCouldNotBeSentIsSentAfterARestart) {
+    setUpBoth();
+    const Uuid id = a.addDocument("Lohn.pdf", "Lohnausweis");
+    exchange();
+    EXPECT_EQ(filesOnServer(a), 1U);
+    toA.chooses = [](const QByteArray& request) {
+        return request.startsWith("POST /fiscarel/api/v1/recibo-borrar")
+                   ? FaultProxy::Fault::refused
+                   : FaultProxy::Fault::none;
+    };
+    a.store->deleteDocument(id);
+    ASSERT_TRUE(a.settle());
+    EXPECT_EQ(a.status().activity, Activity::offline);
+    EXPECT_EQ(filesOnServer(a), 1U);
+    toA.chooses = {};
+    restart(a);
+    EXPECT_EQ(filesOnServer(a), 0U);
+    exchange();
+    expectEqual();
+    EXPECT_EQ(fileIn(b, id), "no document");
+}
+
+TEST_F(CloudSyncTest, aDocumentDeletedHereAndEditedThereStays) {
+    setUpBoth();
+    const Uuid id = a.addDocument("Lohn.pdf", "Lohnausweis");
+    exchange();
+    toB.isOffline = true;
+    b.store->updateDocument(id, [](StoredDocument& document) { document.note = "wichtig"; });
+    ASSERT_TRUE(b.settle());
+    a.store->deleteDocument(id);
+    ASSERT_TRUE(a.settle() && a.check());
+    EXPECT_EQ(filesOnServer(a), 0U);
+    toB.isOffline = false;
+    restart(a);
+    exchange();
+    expectEqual();
+    EXPECT_EQ(fileIn(a, id), "Lohnausweis");
+    EXPECT_EQ(fileIn(b, id), "Lohnausweis");
+    EXPECT_EQ(a.status().conflicts.size() + b.status().conflicts.size(), 1U);
+}
+
+TEST_F(CloudSyncTest, aDeletionTakenBackKeepsTheFile) {
+    setUpBoth();
+    const Uuid id = a.addDocument("Lohn.pdf", "Lohnausweis");
+    exchange();
+    a.store->deleteDocument(id);
+    exchange();
+    EXPECT_EQ(fileIn(b, id), "no document");
+    a.store->undo();
+    exchange();
+    restart(b);
+    exchange();
+    EXPECT_EQ(fileIn(b, id), "Lohnausweis");
+    expectEqual();
+}
+
+TEST_F(CloudSyncTest, aFileThatIsTooLargeStaysHere) {
+    setUpBoth();
+    const std::string large(DocumentExchange::mostBytes - 20, 'x');
+    const Uuid id = a.addDocument("Riesig.pdf", large);
+    const Uuid small = a.addDocument("Klein.pdf", "klein");
+    ASSERT_TRUE(a.settle());
+    ASSERT_EQ(a.status().leftOut.size(), 1U);
+    EXPECT_EQ(a.status().leftOut[0].title, "Riesig");
+    EXPECT_EQ(a.status().leftOut[0].reason,
+              "Diese Datei ist zu gross für die Cloud (max. 25 MB).");
+    ASSERT_TRUE(b.check());
+    EXPECT_EQ(fileIn(b, small), "klein");
+    EXPECT_EQ(fileIn(b, id), "no file");
+    expectEqual();
+}
+
+TEST_F(CloudSyncTest, aFileThatWasChangedOnTheWayIsNotPlaced) {
+    setUpBoth();
+    const Uuid id = a.addDocument("Lohn.pdf", "Lohnausweis");
+    const Uuid other = a.addDocument("Zins.pdf", "Zinsen");
+    ASSERT_TRUE(a.settle());
+    // What the server stores of the first is replaced by other bytes.
+    const fs::path receipts = server.data() / "receipts";
+    std::size_t damaged = 0;
+    for (const auto& entry : fs::recursive_directory_iterator(receipts)) {
+        std::string bytes = entry.is_regular_file() ? readFile(entry.path()) : "";
+        if (bytes.size() == std::string("Lohnausweis").size() + 28) {
+            bytes.back() = static_cast<char>(bytes.back() ^ 1);
+            writeFile(entry.path(), bytes);
+            ++damaged;
+        }
+    }
+    ASSERT_EQ(damaged, 1U);
+    ASSERT_TRUE(b.check() && b.check());
+    EXPECT_EQ(fileIn(b, id), "no file");
+    EXPECT_EQ(fileIn(b, other), "Zinsen") << "the others come";
+    ASSERT_EQ(b.status().leftOut.size(), 1U);
+    EXPECT_EQ(b.status().leftOut[0].reason,
+              "Daten aus der Cloud konnten nicht entschlüsselt werden.");
+}
+
+TEST(CloudSpace, aFullCloudIsSaidAndTheRestGoesOn) {
+    needApplication();
+    RunningServer server({"--no-rate-limits", "--account-megabytes", "1"});
+    FakeClock clock;
+    CloudMachine a("Büro", QUrl(QString::fromStdString(server.base())), clock,
+                   std::chrono::seconds(10));
+    a.start();
+    const auto code = [&] { return server.latestCode("voll@example.ch"); };
+    ASSERT_FALSE(a.setUp("voll@example.ch", code).empty());
+    const Uuid large = a.addDocument("Gross.pdf", std::string(900'000, 'x'));
+    ASSERT_TRUE(a.settle());
+    EXPECT_EQ(a.status().problem, std::nullopt);
+    a.addDocument("Mehr.pdf", std::string(300'000, 'y'));
+    ASSERT_TRUE(a.settle());
+    EXPECT_EQ(a.status().problem, "Der Cloud-Speicher (1 GB) ist voll.");
+    EXPECT_EQ(a.status().leftOut.size(), 1U);
+    a.store->deleteDocument(large);
+    ASSERT_TRUE(a.settle() && a.check());
+    EXPECT_EQ(a.status().problem, std::nullopt) << "there is room again";
+    EXPECT_TRUE(a.status().leftOut.empty());
+}
+
+} // namespace
+} // namespace fiscarel::testing
