@@ -34,6 +34,14 @@ QString documents(std::size_t count) {
     return count == 1 ? u"1 Beleg"_s : u"%1 Belege"_s.arg(count);
 }
 
+QString listed(const std::vector<int>& years) {
+    QStringList texts;
+    for (const int year : years) {
+        texts << QString::number(year);
+    }
+    return texts.join(u", "_s);
+}
+
 /// What the user has to see to while signed in; empty for nothing.
 QString askingText(const CloudStatus& status) {
     if (status.question) {
@@ -149,12 +157,13 @@ QString spaceText(std::int64_t used, std::int64_t allowed) {
 QString lossText(const StateLoss& loss) {
     QStringList parts;
     if (!loss.years.empty()) {
-        QStringList years;
-        for (const int year : loss.years) {
-            years << QString::number(year);
-        }
-        parts << (years.size() == 1 ? u"das Steuerjahr %1"_s : u"die Steuerjahre %1"_s)
-                     .arg(years.join(u", "_s));
+        parts << (loss.years.size() == 1 ? u"das Steuerjahr %1"_s : u"die Steuerjahre %1"_s)
+                     .arg(listed(loss.years));
+    }
+    if (!loss.halvedYears.empty()) {
+        parts << (loss.halvedYears.size() == 1 ? u"grosse Teile des Steuerjahrs %1"_s
+                                               : u"grosse Teile der Steuerjahre %1"_s)
+                     .arg(listed(loss.halvedYears));
     }
     if (loss.fields > 0) {
         parts << u"%1 von %2 Angaben"_s.arg(loss.fields).arg(loss.fieldsBefore);
