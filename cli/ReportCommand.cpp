@@ -28,7 +28,7 @@ outputs::ReportContent contentOf(const ReadCase& read) {
     const Review reviewed = Review::of(review);
     return outputs::reportContent({.taxCase = read.taxCase,
                                    .result = result,
-                                   .derivations = read.calculator.explainAll(read.taxCase),
+                                   .calculator = read.calculator,
                                    .notices = reviewed.notices,
                                    .notComputed = reviewed.notComputed,
                                    .documents = read.rest.documents,

@@ -42,6 +42,7 @@ struct Shared {
     int pageCount = 0;
     std::string textLayer;
     bool isRecognised = false; ///< the text layer does not tell enough
+    int scans = 0;             ///< pages whose text is to be recognised
     int total = 0;             ///< tasks
     int finished = 0;
     WorkList work;
@@ -82,15 +83,16 @@ std::unique_ptr<Document> openAndPlan(Shared& shared) {
     for (PageTask& task : tasks) {
         constexpr std::size_t fewOnScan = 12; // a stamp or page number over a scan
         const std::size_t words = task.text.words.size();
-        task.wantsRecognition = scans < bounds::recognisedPages
-                                && (isRecognised || words < fewWords
-                                    || (words < fewOnScan && document.isScan(task.page)));
-        scans += task.wantsRecognition ? 1 : 0;
+        const bool isScan = isRecognised || words < fewWords
+                            || (words < fewOnScan && document.isScan(task.page));
+        task.wantsRecognition = isScan && scans < bounds::recognisedPages;
+        scans += isScan ? 1 : 0;
     }
     const std::lock_guard lock(shared.mutex);
     shared.pageCount = count;
     shared.textLayer = std::move(layer);
     shared.isRecognised = isRecognised;
+    shared.scans = scans;
     shared.total = static_cast<int>(tasks.size());
     for (const PageTask& task : tasks) {
         shared.found.push_back({.reading = {.number = task.page, .words = task.text.words}});
@@ -200,6 +202,11 @@ std::optional<Fault> problemOf(const Shared& shared) {
     if (shared.pageCount > shared.total) {
         return "Das Dokument hat " + std::to_string(shared.pageCount)
                + " Seiten; gelesen wurden die ersten " + std::to_string(shared.total) + ".";
+    }
+    if (shared.scans > bounds::recognisedPages) {
+        return "Das Dokument hat " + std::to_string(shared.scans)
+               + " eingescannte Seiten; erkannt wurde der Text der ersten "
+               + std::to_string(bounds::recognisedPages) + ".";
     }
     return std::nullopt;
 }

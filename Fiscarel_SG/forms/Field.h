@@ -22,6 +22,10 @@
 #include <variant>
 #include <vector>
 
+namespace taxcore {
+class CaseCalculator;
+}
+
 namespace fiscarel::forms {
 
 using taxcore::Date;
@@ -58,6 +62,7 @@ struct Option {
 struct PageContext {
     int year = 0;
     taxcore::TaxRegion region = taxcore::TaxRegion::stGallen;
+    const taxcore::CaseCalculator* calculator = nullptr; ///< null without rules
     const taxcore::RuleBook* stGallen = nullptr; ///< null in the other region, or without rules
     const taxcore::LIRules* liechtenstein = nullptr;
 };

@@ -66,7 +66,60 @@ Has has(const Page& page, const std::string& path) {
     return best;
 }
 
+/// What a card has at a path: its field, else the item that the path leads to or through.
+std::optional<PagePlace> placeIn(const Card& card, const std::string& section,
+                                 const TaxCase& taxCase, const std::string& path) {
+    std::optional<BoundField> field = fieldOf(card, path);
+    if (const auto* fields = std::get_if<FieldsCard>(&card)) {
+        return field ? std::optional<PagePlace>(
+                   {field->label, whereIn(section, *fields), std::move(field), {}})
+                     : std::nullopt;
+    }
+    const auto& list = std::get<ListCard>(card);
+    const auto index = indexIn(list, path);
+    if (!index) {
+        return std::nullopt;
+    }
+    std::string where = whereIn(section, list, taxCase, *index);
+    std::string label = field ? field->label : list.itemName;
+    return PagePlace{std::move(label), std::move(where), std::move(field), list};
+}
+
 } // namespace
+
+std::string whereIn(const Page& page, const Section& section, const TaxCase& taxCase) {
+    return section.title ? page.title + " · " + section.title(taxCase) : page.title;
+}
+
+std::string whereIn(const std::string& section, const FieldsCard& card) {
+    return card.title.empty() ? section : section + " · " + card.title;
+}
+
+std::string whereIn(const std::string& section, const ListCard& card, const TaxCase& taxCase,
+                    std::size_t item) {
+    const std::string title = card.summary(taxCase, item).title;
+    return section + " · " + (title.empty() ? card.itemName : title);
+}
+
+std::optional<PagePlace> placeOf(const std::vector<Page>& pages, const TaxCase& taxCase,
+                                 const std::string& path) {
+    std::optional<PagePlace> best;
+    for (const Page& page : pages) {
+        for (const Section& section : page.sections) {
+            for (const Card& card : section.cards) {
+                auto place = placeIn(card, whereIn(page, section, taxCase), taxCase, path);
+                if (place && place->field) {
+                    return place;
+                }
+                const bool isOwner = place && place->list->add != nullptr;
+                if (place && (!best || (isOwner && best->list->add == nullptr))) {
+                    best = std::move(place);
+                }
+            }
+        }
+    }
+    return best;
+}
 
 const Page* pageWithPath(const std::vector<Page>& pages, const std::string& path) {
     const auto best =

@@ -45,9 +45,9 @@ ReportFigures coverFigures(const ReportMaterial& material) {
 }
 
 /// How many entries the result rests on: fields that are not 0 and that some derivation names.
-std::size_t entryCount(const ReportInput& input) {
+std::size_t entryCount(const ReportMaterial& material) {
     std::set<std::string> paths;
-    for (const Derivation& derivation : input.derivations) {
+    for (const Derivation& derivation : material.derivations) {
         for (const DerivationStep& step : derivation.steps) {
             const auto& amount = step.canton ? step.canton : step.federal;
             if (step.path && amount && !amount->isZero()) {
@@ -91,7 +91,7 @@ ReportTable foundations(const ReportMaterial& material) {
         "Steuerjahr " + std::to_string(result.year)
             + (li ? ", Fürstentum Liechtenstein" : ", Kanton St.Gallen und direkte Bundessteuer"));
     add("Grundlage",
-        counted(entryCount(material.input), "Angabe", "Angaben") + " und "
+        counted(entryCount(material), "Angabe", "Angaben") + " und "
             + (documents == 0 ? "keine Belege" : counted(documents, "Beleg", "Belege")));
     add("Erstellt am", dayText(material.input.madeOn));
     return rows;

@@ -3,7 +3,7 @@
 #include "Fiscarel_SG/store/StoredDocument.h"
 #include "TaxCore/base/Date.h"
 #include "TaxCore/model/TaxCase.h"
-#include "TaxCore/result/Derivation.h"
+#include "TaxCore/regions/CaseCalculator.h"
 #include "TaxCore/result/TaxResult.h"
 
 #include <string>
@@ -138,9 +138,9 @@ struct ReportContent {
 struct ReportInput {
     const taxcore::TaxCase& taxCase;
     const taxcore::TaxResult& result;
-    std::vector<taxcore::Derivation> derivations; ///< of every line and figure
-    std::vector<taxcore::Notice> notices;         ///< what is to be said beside the result's own
-    std::vector<std::string> notComputed;         ///< German sentences
+    const taxcore::CaseCalculator& calculator;
+    std::vector<taxcore::Notice> notices;  ///< what is to be said beside the result's own
+    std::vector<std::string> notComputed;  ///< German sentences
     std::vector<StoredDocument> documents; ///< of any year; others than the case's are left out
     taxcore::Date madeOn;
 };

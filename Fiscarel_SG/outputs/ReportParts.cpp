@@ -11,19 +11,25 @@ namespace fiscarel::outputs {
 using namespace taxcore;
 
 ReportMaterial::ReportMaterial(const ReportInput& given)
-    : input(given), sources(given.taxCase, given.documents) {
-    for (const Derivation& derivation : given.derivations) {
+    : input(given), derivations(given.calculator.explainAll(given.taxCase)),
+      sources(given.taxCase, given.documents) {
+    for (const Derivation& derivation : derivations) {
         reasons.emplace(derivation.code, &derivation);
     }
 }
 
 const Derivation* ReportMaterial::reason(std::string_view code) const {
     const auto found = reasons.find(code);
-    return found == reasons.end() ? nullptr : found->second;
+    if (found == reasons.end()) {
+        return nullptr;
+    }
+    const DerivationStep* const line = found->second->repeats();
+    return line == nullptr ? found->second : reason(*line->code);
 }
 
 Anchor ReportMaterial::reasonAnchor(std::string_view code) const {
-    return reason(code) != nullptr ? "why:" + std::string(code) : Anchor();
+    const Derivation* const derivation = reason(code);
+    return derivation != nullptr ? "why:" + derivation->code : Anchor();
 }
 
 std::string ReportMaterial::documentsOf(std::string_view code) const {

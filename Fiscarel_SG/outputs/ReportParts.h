@@ -16,6 +16,7 @@ namespace fiscarel::outputs {
 /// The input with what all chapters look up in it.
 struct ReportMaterial {
     const ReportInput& input;
+    std::vector<taxcore::Derivation> derivations; ///< of every line and figure
     EntrySources sources;
     std::map<std::string, const taxcore::Derivation*, std::less<>> reasons; ///< by code
 

@@ -75,12 +75,12 @@ std::vector<const Derivation*> inOrder(const ReportMaterial& material) {
             }
         }
     }
-    for (const Derivation& derivation : material.input.derivations) {
+    for (const Derivation& derivation : material.derivations) {
         const auto isAmount = [](const std::optional<Decimal>& value) {
             return value && !value->isZero();
         };
         if ((isAmount(derivation.canton) || isAmount(derivation.federal))
-            && seen.insert(derivation.code).second) {
+            && derivation.repeats() == nullptr && seen.insert(derivation.code).second) {
             ordered.push_back(&derivation);
         }
     }

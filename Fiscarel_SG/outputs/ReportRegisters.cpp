@@ -230,14 +230,15 @@ ReportTable insurances(const TaxCase& taxCase) {
     return rows;
 }
 
-ReportTable vehicles(const TaxCase& taxCase) {
+ReportTable vehicles(const ReportMaterial& material) {
     ReportTable rows = table({textColumn("Fahrzeug"), labelColumn("Kaufjahr"),
-                              amountColumn("Kaufpreis"), amountColumn("Wert eingegeben")});
+                              amountColumn("Kaufpreis"), amountColumn("Steuerwert")});
+    const TaxCase& taxCase = material.taxCase();
     for (const Vehicle& vehicle : taxCase.vehicles) {
         addRow(rows, {{named(vehicle.description)},
                       {vehicle.purchaseYear ? std::to_string(*vehicle.purchaseYear) : ""},
                       {money(vehicle.purchasePrice)},
-                      {vehicle.taxValueOverride ? money(*vehicle.taxValueOverride) : ""}});
+                      {money(material.input.calculator.vehicleValue(vehicle, taxCase.year))}});
     }
     return rows;
 }
@@ -320,7 +321,7 @@ ReportChapter wealthRegisters(const ReportMaterial& material) {
     add(registers, "Liegenschaften", properties(material));
     add(registers, "Schuldenverzeichnis", debts(material));
     add(registers, "Lebensversicherungen", insurances(taxCase));
-    add(registers, "Fahrzeuge", vehicles(taxCase));
+    add(registers, "Fahrzeuge", vehicles(material));
     add(registers, "Übriges Vermögen", otherAssets(taxCase));
     return registers;
 }

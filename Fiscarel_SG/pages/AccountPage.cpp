@@ -5,6 +5,7 @@
 #include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Written.h"
 #include "Fiscarel_SG/pages/Cards.h"
+#include "Fiscarel_SG/pages/account/CloudCard.h"
 
 #include <QComboBox>
 #include <QCoreApplication>
@@ -77,15 +78,18 @@ QString described(const BackupContent& content) {
 
 } // namespace
 
-AccountPage::AccountPage(AppStore& store, look::Appearance appearance, QWidget* parent)
+AccountPage::AccountPage(AppStore& store, CloudService* cloud, look::Appearance appearance,
+                         QWidget* parent)
     : PageWidget(parent), store_(store),
       frame_(new look::PageFrame(
-          u"Konto"_s, u"Ihre Daten auf diesem Computer, Sicherungen und Darstellung."_s, this)),
+          u"Konto"_s, u"Cloud, Ihre Daten auf diesem Computer, Sicherungen und Darstellung."_s,
+          this)),
       message_(new QLabel(this)) {
     message_->setWordWrap(true);
     message_->setObjectName(u"accountMessage"_s);
     message_->hide();
     frame_->column().addWidget(message_);
+    addCloud(cloud);
     addData();
     addBackups();
     addAppearance(appearance);
@@ -93,6 +97,14 @@ AccountPage::AccountPage(AppStore& store, look::Appearance appearance, QWidget* 
     addAbout();
     frame_->column().addStretch(1);
     refresh();
+}
+
+void AccountPage::addCloud(CloudService* cloud) {
+    cloud_ = new CloudCard(store_, cloud, this);
+    frame_->column().addWidget(cloud_);
+    connect(cloud_, &CloudCard::fieldWanted, this, &AccountPage::fieldWanted);
+    connect(cloud_, &CloudCard::documentWanted, this, &AccountPage::documentWanted);
+    connect(cloud_, &CloudCard::undoOffered, this, &AccountPage::undoOffered);
 }
 
 void AccountPage::addData() {
@@ -184,7 +196,10 @@ void AccountPage::addAbout() {
              "faint");
 }
 
-void AccountPage::refresh() { listBackups(); }
+void AccountPage::refresh() {
+    listBackups();
+    cloud_->refresh();
+}
 
 void AccountPage::listBackups() {
     store_.listBackups([self = QPointer(this)](std::vector<BackupFile> backups) {

@@ -14,14 +14,21 @@ class QLabel;
 class QListWidget;
 class QPushButton;
 
+namespace fiscarel {
+class CloudService;
+}
+
 namespace fiscarel::pages {
 
-/// Data, backups and appearance.
+class CloudCard;
+
+/// The encrypted backup, data, backups and appearance.
 class AccountPage final : public look::PageWidget {
     Q_OBJECT
 
   public:
-    AccountPage(AppStore& store, look::Appearance appearance, QWidget* parent);
+    /// `cloud` may be null: there is none in this start.
+    AccountPage(AppStore& store, CloudService* cloud, look::Appearance appearance, QWidget* parent);
 
     void refresh() override;
     void refreshResult() override {}
@@ -33,6 +40,7 @@ class AccountPage final : public look::PageWidget {
     void resetWanted();
 
   private:
+    void addCloud(CloudService* cloud);
     void addData();
     void addBackups();
     void addReset();
@@ -55,6 +63,7 @@ class AccountPage final : public look::PageWidget {
     AppStore& store_;
     look::PageFrame* frame_;
     QLabel* message_;
+    CloudCard* cloud_ = nullptr;
     QListWidget* list_ = nullptr;
     QLabel* content_ = nullptr;
     QPushButton* restore_ = nullptr;

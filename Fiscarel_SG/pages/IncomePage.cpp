@@ -26,6 +26,26 @@ forms::Field<SalaryCertificate> netSalaryField() {
     return field;
 }
 
+/// In Liechtenstein the net salary is no entry; it is told so that the certificate can be compared.
+forms::Field<SalaryCertificate> buyInField(bool abroad) {
+    auto field = amount<&SalaryCertificate::pensionBuyIn>(
+        "BVG Beiträge für den Einkauf (Ziffer 10.2)",
+        abroad ? "Einkäufe in die Pensionskasse, die über den Lohn bezahlt wurden. Bitte auf "
+                 "der Seite Vorsorge nicht nochmals eintragen."
+               : "Einkäufe in die Pensionskasse, die über den Lohn bezahlt wurden. Sie sind im "
+                 "Nettolohn schon berücksichtigt; bitte auf der Seite Vorsorge nicht nochmals "
+                 "eintragen.");
+    if (abroad) {
+        field.note = [](const SalaryCertificate& salary) {
+            const Decimal net = salary.netSalary();
+            return net.isZero() || net == salary.grossSalary
+                       ? std::string()
+                       : "Zum Vergleichen: netto bleiben " + francsText(net) + " (Ziffer 11).";
+        };
+    }
+    return field;
+}
+
 /// In the order of the official form.
 std::vector<forms::Field<SalaryCertificate>> salaryFields(const PageContext& context) {
     using Salary = SalaryCertificate;
@@ -67,13 +87,7 @@ std::vector<forms::Field<SalaryCertificate>> salaryFields(const PageContext& con
             "Was der Arbeitgeber für die Sozialversicherungen abgezogen hat."),
         amount<&Salary::pensionContributions>("BVG ordentliche Beiträge (Ziffer 10.1)",
                                               "Ihre ordentlichen Beiträge an die Pensionskasse."),
-        amount<&Salary::pensionBuyIn>(
-            "BVG Beiträge für den Einkauf (Ziffer 10.2)",
-            abroad ? "Einkäufe in die Pensionskasse, die über den Lohn bezahlt wurden. Bitte auf "
-                     "der Seite Vorsorge nicht nochmals eintragen."
-                   : "Einkäufe in die Pensionskasse, die über den Lohn bezahlt wurden. Sie sind im "
-                     "Nettolohn schon berücksichtigt; bitte auf der Seite Vorsorge nicht nochmals "
-                     "eintragen."),
+        buyInField(abroad),
         swissOnly(netSalaryField()),
         swissOnly(amount<&Salary::flatRateExpenses>(
             "Spesen pauschal (Ziffern 13.1.2 / 13.2.3)",

@@ -7,6 +7,7 @@ namespace fiscarel::pages {
 forms::PageContext pageContext(AppStore& store) {
     forms::PageContext context{.year = store.year(), .region = store.current().taxRegion()};
     if (const auto* calculator = store.calculator()) {
+        context.calculator = calculator;
         context.stGallen = calculator->stGallen();
         context.liechtenstein = calculator->liechtenstein();
     }

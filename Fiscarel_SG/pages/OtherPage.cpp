@@ -46,7 +46,8 @@ FieldsCard furtherEducationCard(const PageContext& context, int number) {
     if (isLiechtenstein(context)) {
         figures = [number](const TaxCase& taxCase, const TaxResult& result) {
             const bool last = number == (taxCase.isJoint() ? 2 : 1);
-            return last ? linesOf({{"625", "Abzug im Haushalt"}})(taxCase, result)
+            return last ? linesOf({{"625", taxCase.isJoint() ? "Abzug für beide" : "Abzug"}})(
+                       taxCase, result)
                         : std::vector<Figure>{};
         };
     }

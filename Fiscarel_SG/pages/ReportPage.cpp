@@ -5,13 +5,13 @@
 #include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
 #include "Fiscarel_SG/outputs/ReportContent.h"
+#include "Fiscarel_SG/pages/PaperPrinting.h"
 #include "Fiscarel_SG/paper/ReportPdf.h"
 #include "Fiscarel_SG/store/PosixFiles.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
@@ -51,7 +51,7 @@ struct ReportJob {
         return std::make_shared<const paper::PaperDocument>(
             paper::setOnPaper(outputs::reportContent({.taxCase = taxCase,
                                                       .result = result,
-                                                      .derivations = calculator.explainAll(taxCase),
+                                                      .calculator = calculator,
                                                       .notices = notices,
                                                       .notComputed = notComputed,
                                                       .documents = documents,
@@ -68,30 +68,6 @@ QToolButton* addTool(QHBoxLayout& line, const QString& text, const QString& name
     tool->setObjectName(QString::fromLatin1(objectName));
     line.addWidget(tool);
     return tool;
-}
-
-/// Prints the pages the user chose; a sentence when it fails.
-std::optional<std::string> printed(const paper::PaperDocument& document, QPrinter& printer) {
-    constexpr double pointsPerInch = 72;
-    QPainter painter;
-    if (!painter.begin(&printer)) {
-        return "Der Drucker nimmt den Bericht nicht an.";
-    }
-    const int pages = static_cast<int>(document.pages.size());
-    const int first = printer.fromPage() > 0 ? printer.fromPage() : 1;
-    const int last = printer.toPage() > 0 ? std::min(printer.toPage(), pages) : pages;
-    const double scale = printer.resolution() / pointsPerInch;
-    for (int page = first; page <= last; ++page) {
-        if (page > first && !printer.newPage()) {
-            return "Der Drucker hat abgebrochen.";
-        }
-        painter.save();
-        painter.scale(scale, scale);
-        paper::paintPage(painter, document.pages[static_cast<std::size_t>(page) - 1]);
-        painter.restore();
-    }
-    return painter.end() ? std::nullopt
-                         : std::optional<std::string>("Der Drucker hat abgebrochen.");
 }
 
 } // namespace
@@ -357,10 +333,7 @@ void ReportPage::print() {
     if (!document_) {
         return;
     }
-    auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
-    printer->setPageSize(QPageSize(QPageSize::A4));
-    printer->setFullPage(true);
-    printer->setDocName(document_->title);
+    const auto printer = printerFor(*document_);
     QPrintDialog dialog(printer.get(), this);
     dialog.setWindowTitle(u"Bericht drucken"_s);
     dialog.setMinMax(1, static_cast<int>(document_->pages.size()));
@@ -368,7 +341,7 @@ void ReportPage::print() {
         return;
     }
     run(u"Der Bericht wird gedruckt …"_s, u"Der Bericht ist beim Drucker."_s,
-        [document = document_, printer] { return printed(*document, *printer); });
+        [document = document_, printer] { return printPages(*document, *printer); });
 }
 
 void ReportPage::run(const QString& meanwhile, const QString& done,

@@ -12,7 +12,6 @@
 class QComboBox;
 class QHBoxLayout;
 class QLabel;
-class QPrinter;
 class QPushButton;
 class QScrollArea;
 class QToolButton;

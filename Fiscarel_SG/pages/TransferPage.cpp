@@ -276,11 +276,7 @@ std::vector<QString> TransferPage::namesOfEntries(const outputs::TransferList& l
     const CaseCalculator* const calculator = store_.calculator();
     std::map<std::string, QString> labels;
     if (calculator != nullptr) {
-        const forms::PageContext context{.year = store_.year(),
-                                         .region = store_.current().taxRegion(),
-                                         .stGallen = calculator->stGallen(),
-                                         .liechtenstein = calculator->liechtenstein()};
-        addLabels(labels, inputPages(context), store_.current());
+        addLabels(labels, inputPages(pageContext(store_)), store_.current());
     }
     std::vector<QString> names;
     for (const outputs::NotTransferred& entry : list.notTransferred) {

@@ -3,10 +3,7 @@
 #include "Fiscarel_SG/pages/PageParts.h"
 #include "Fiscarel_SG/pages/WealthCards.h"
 #include "TaxCore/base/MoneyFormat.h"
-#include "TaxCore/liechtenstein/LiechtensteinCalculator.h"
-#include "TaxCore/stgallen/DeductionRules.h"
-
-#include <memory>
+#include "TaxCore/regions/CaseCalculator.h"
 
 namespace fiscarel::pages {
 
@@ -63,14 +60,8 @@ ListCard insurancesCard(const PageContext& context) {
 
 /// What a vehicle is worth by the rules; without them only an entered value is known.
 std::optional<Decimal> worthOf(const Vehicle& vehicle, const PageContext& context) {
-    if (context.liechtenstein != nullptr) {
-        // The rules outlive the page, so that nothing is owned here.
-        const std::shared_ptr<const LIRules> rules(std::shared_ptr<void>(), context.liechtenstein);
-        return LiechtensteinCalculator(rules).vehicleValue(vehicle, context.year);
-    }
-    return context.stGallen != nullptr ? vehicleValue(
-               vehicle, context.year, context.stGallen->cantonalExtra.fahrzeugAbschreibungProJahr)
-                                       : vehicle.taxValueOverride;
+    return context.calculator != nullptr ? context.calculator->vehicleValue(vehicle, context.year)
+                                         : vehicle.taxValueOverride;
 }
 
 std::string depreciation(const PageContext& context) {

@@ -59,6 +59,8 @@ Cut cutOf(Type type) {
         return {7.6, 11, QFont::Normal, grey};
     case Type::running:
         return {7.2, 9.6, QFont::Normal, grey};
+    case Type::code:
+        return {21, 32, QFont::Normal, black};
     }
     return {};
 }
@@ -78,6 +80,9 @@ QFont makeFont(Type type) {
     static const QString chosen = family();
     const Cut cut = cutOf(type);
     QFont font(chosen);
+    if (type == Type::code) {
+        font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    }
     font.setPixelSize(qRound(cut.size * finePerPoint));
     font.setWeight(cut.weight);
     font.setHintingPreference(QFont::PreferNoHinting);

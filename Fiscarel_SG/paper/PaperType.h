@@ -30,6 +30,7 @@ enum class Type {
     figure,
     figureLabel,
     running, ///< head and foot of the page
+    code,    ///< letters and digits to be typed, all as wide as each other
 };
 
 /// From line to line, points.

@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/shell/MainWindow.h"
 
 #include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/cloud/CloudService.h"
 #include "Fiscarel_SG/forms/PagePaths.h"
 #include "Fiscarel_SG/look/EnterPresses.h"
 #include "Fiscarel_SG/look/Icons.h"
@@ -62,17 +63,18 @@ const std::vector<PageEntry>& MainWindow::pages() {
         {u"report"_s, u"Bericht"_s, u"PDF drucken Steuererklärung Steuerrechnung"_s},
         {u"account"_s, u"Konto"_s,
          u"Darstellung hell dunkel Sicherung wiederherstellen Export Import Archiv Datenordner "
-         "Cloud zurücksetzen Lizenzen"_s},
+         "Cloud Abgleich anmelden abmelden Geräte Speicherplatz Wiederherstellungsschlüssel "
+         "Konflikte zurücksetzen Lizenzen"_s},
     };
     return entries;
 }
 
 MainWindow::MainWindow(AppStore& store, Settings& settings, pages::DocumentDesk& desk,
-                       QWidget* parent)
-    : QMainWindow(parent), store_(store), settings_(settings),
+                       CloudService* cloud, QWidget* parent)
+    : QMainWindow(parent), store_(store), settings_(settings), cloud_(cloud),
       appearance_(appearanceOf(settings)), // fonts and colours before the first widget
-      sidebar_(new Sidebar(store, pages(), this)),
-      stack_(new PageStack(store, desk, appearance_, this)), banner_(new QLabel(this)),
+      sidebar_(new Sidebar(store, cloud, pages(), this)),
+      stack_(new PageStack(store, desk, cloud, appearance_, this)), banner_(new QLabel(this)),
       bannerClose_(new QPushButton(u"Verstanden"_s, this)), taxBar_(new TaxBar(store, this)),
       strip_(new TaxStrip(*taxBar_, this)), search_(new SearchDialog(this)),
       reason_(new ReasonDialog(store, this)), toast_(new look::Toast(stack_)),
@@ -125,6 +127,9 @@ void MainWindow::connectStore() {
     connect(&store_, &AppStore::historyChanged, sidebar_, &Sidebar::refreshHistory);
     connect(&store_, &AppStore::saveStateChanged, sidebar_, &Sidebar::refreshSaveState);
     connect(&store_, &AppStore::loadErrorChanged, this, &MainWindow::showLoadError);
+    if (cloud_ != nullptr) {
+        connect(cloud_, &CloudService::changed, sidebar_, &Sidebar::refreshCloud);
+    }
     connect(bannerClose_, &QPushButton::clicked, this, [this] { store_.dismissLoadError(); });
     connect(sidebar_, &Sidebar::pageWanted, this, &MainWindow::showPage);
     connect(sidebar_, &Sidebar::searchWanted, this, &MainWindow::search);
@@ -184,6 +189,7 @@ void MainWindow::addShortcuts() {
     add(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), [this] { redo(); });
     add(QKeySequence(Qt::CTRL | Qt::Key_Y), [this] { redo(); });
     add(QKeySequence(Qt::CTRL | Qt::Key_K), [this] { search(); });
+    add(QKeySequence::Find, [this] { search(); });
     add(QKeySequence::Quit, [this] { close(); });
     for (QWidget* const widget : std::initializer_list<QWidget*>{taxBar_, strip_}) {
         auto* const shut = new QShortcut(Qt::Key_Escape, widget);
@@ -459,6 +465,14 @@ void MainWindow::closeEvent(QCloseEvent* event) {
         }
     }
     event->accept();
+}
+
+/// Who comes back from another machine or program sees what was done there.
+void MainWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && cloud_ != nullptr) {
+        cloud_->checkNow();
+    }
 }
 
 void MainWindow::placeTaxBar() {

@@ -14,6 +14,7 @@ class QPushButton;
 
 namespace fiscarel {
 class AppStore;
+class CloudService;
 class Settings;
 namespace look {
 class Toast;
@@ -37,9 +38,9 @@ class MainWindow final : public QMainWindow {
     Q_OBJECT
 
   public:
-    /// All must outlive it.
+    /// All must outlive it; without `cloud` there is no encrypted backup in this start.
     MainWindow(AppStore& store, Settings& settings, pages::DocumentDesk& desk,
-               QWidget* parent = nullptr);
+               CloudService* cloud = nullptr, QWidget* parent = nullptr);
     ~MainWindow() override;
     MainWindow(const MainWindow&) = delete;
     MainWindow& operator=(const MainWindow&) = delete;
@@ -59,6 +60,7 @@ class MainWindow final : public QMainWindow {
     void greet();
 
   protected:
+    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     bool focusNextPrevChild(bool next) override;
@@ -85,6 +87,7 @@ class MainWindow final : public QMainWindow {
 
     AppStore& store_;
     Settings& settings_;
+    CloudService* cloud_;
     look::Appearance appearance_;
     Sidebar* sidebar_;
     PageStack* stack_;

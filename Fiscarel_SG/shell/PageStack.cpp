@@ -28,9 +28,9 @@ bool isLiechtenstein(const AppStore& store) {
 
 } // namespace
 
-PageStack::PageStack(AppStore& store, pages::DocumentDesk& desk, look::Appearance appearance,
-                     QWidget* parent)
-    : QStackedWidget(parent), store_(store), desk_(desk), appearance_(appearance) {
+PageStack::PageStack(AppStore& store, pages::DocumentDesk& desk, CloudService* cloud,
+                     look::Appearance appearance, QWidget* parent)
+    : QStackedWidget(parent), store_(store), desk_(desk), cloud_(cloud), appearance_(appearance) {
     rebuild();
 }
 
@@ -52,7 +52,7 @@ look::PageWidget* PageStack::makePage(const QString& id) {
         return new pages::ReportPage(store_, this);
     }
     if (id == u"account"_s) {
-        auto* const page = new pages::AccountPage(store_, appearance_, this);
+        auto* const page = new pages::AccountPage(store_, cloud_, appearance_, this);
         connect(page, &pages::AccountPage::appearanceWanted, this, &PageStack::appearanceWanted);
         connect(page, &pages::AccountPage::resetWanted, this, &PageStack::resetWanted);
         return page;

@@ -14,6 +14,7 @@
 
 namespace fiscarel {
 class AppStore;
+class CloudService;
 namespace pages {
 class DocumentDesk;
 }
@@ -27,9 +28,9 @@ class PageStack final : public QStackedWidget {
     Q_OBJECT
 
   public:
-    /// `store` and `desk` must outlive it.
-    PageStack(AppStore& store, pages::DocumentDesk& desk, look::Appearance appearance,
-              QWidget* parent = nullptr);
+    /// All must outlive it; `cloud` may be null.
+    PageStack(AppStore& store, pages::DocumentDesk& desk, CloudService* cloud,
+              look::Appearance appearance, QWidget* parent = nullptr);
 
     /// The page on the screen; empty before the first.
     const QString& page() const noexcept { return page_; }
@@ -69,6 +70,7 @@ class PageStack final : public QStackedWidget {
 
     AppStore& store_;
     pages::DocumentDesk& desk_;
+    CloudService* cloud_;
     look::Appearance appearance_;
     QString page_;
     std::vector<forms::Page> forms_;

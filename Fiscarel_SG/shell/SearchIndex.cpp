@@ -1,8 +1,10 @@
 #include "Fiscarel_SG/shell/SearchIndex.h"
 
 #include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/forms/PagePaths.h"
 #include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/pages/overview/BillShares.h"
+#include "Fiscarel_SG/shell/EverydayWords.h"
 
 #include <algorithm>
 #include <set>
@@ -17,7 +19,8 @@ void addFields(std::vector<SearchEntry>& entries, const std::vector<forms::Bound
                const std::string& where, const taxcore::TaxCase& taxCase) {
     for (const forms::BoundField& field : fields) {
         if (field.shown(taxCase) && field.usable(taxCase)) {
-            std::string words = field.label + " " + where + " " + field.help;
+            std::string words = field.label + " " + where + " " + field.help + " ";
+            words += everydayWords(field.path);
             for (const forms::Option& option :
                  field.optionsFor ? field.optionsFor(taxCase) : field.options) {
                 words += " " + option.label;
@@ -35,8 +38,7 @@ void addCard(std::vector<SearchEntry>& entries, const forms::Card& card, const s
     };
     if (const auto* fields = std::get_if<forms::FieldsCard>(&card)) {
         if (shown(fields->shown)) {
-            addFields(entries, fields->fields,
-                      fields->title.empty() ? where : where + " · " + fields->title, taxCase);
+            addFields(entries, fields->fields, forms::whereIn(where, *fields), taxCase);
         }
         return;
     }
@@ -44,13 +46,28 @@ void addCard(std::vector<SearchEntry>& entries, const forms::Card& card, const s
     if (!shown(list.shown)) {
         return;
     }
-    entries.push_back({SearchEntry::Kind::field, list.title, where, list.path,
-                       searched(list.title + " " + list.itemName + " " + where)});
+    std::string words = list.title + " " + list.itemName + " " + where + " " + list.help + " ";
+    words += everydayWords(list.path);
+    entries.push_back({SearchEntry::Kind::field, list.title, where, list.path, searched(words)});
     for (std::size_t i = 0; i < list.size(taxCase); ++i) {
-        const std::string title = list.summary(taxCase, i).title;
-        addFields(entries, list.fields(i), where + " · " + (title.empty() ? list.itemName : title),
-                  taxCase);
+        addFields(entries, list.fields(i), forms::whereIn(where, list, taxCase, i), taxCase);
     }
+}
+
+/// What comes first of the equally good: a line of the return, which only explains, comes after a
+/// field whose title has the word, and before one that merely tells of it.
+int weight(SearchEntry::Kind kind) {
+    switch (kind) {
+    case SearchEntry::Kind::page:
+        return 0;
+    case SearchEntry::Kind::field:
+        return 1;
+    case SearchEntry::Kind::document:
+        return 2;
+    case SearchEntry::Kind::line:
+        break;
+    }
+    return 6;
 }
 
 /// Lower is better; absent when a word does not occur.
@@ -66,7 +83,7 @@ std::optional<int> rank(const SearchEntry& entry, const std::vector<std::string>
         const bool begins = at == 0 || title.compare(spelledOut, word.size(), word) == 0;
         sum += begins ? 0 : at != std::string::npos ? 1 : 4;
     }
-    return sum * 4 + static_cast<int>(entry.kind == SearchEntry::Kind::page ? 0 : 1);
+    return sum * 4 + weight(entry.kind);
 }
 
 } // namespace
@@ -81,10 +98,7 @@ std::vector<SearchEntry> searchEntries(const AppStore& store,
             if (section.shown && !section.shown(store.current())) {
                 continue;
             }
-            std::string where = page.title;
-            if (section.title) {
-                where += " · " + section.title(store.current());
-            }
+            const std::string where = forms::whereIn(page, section, store.current());
             for (const forms::Card& card : section.cards) {
                 addCard(entries, card, where, store.current());
             }

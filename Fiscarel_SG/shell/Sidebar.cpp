@@ -1,9 +1,11 @@
 #include "Fiscarel_SG/shell/Sidebar.h"
 
 #include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/cloud/CloudService.h"
 #include "Fiscarel_SG/look/Icons.h"
 #include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
+#include "Fiscarel_SG/pages/account/CloudText.h"
 #include "Fiscarel_SG/pages/overview/Progress.h"
 
 #include <QButtonGroup>
@@ -23,6 +25,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+const QString account = u"account"_s;
+
 /// Whether anything of the user's own is there to be saved.
 bool hasEntries(const AppStore& store) {
     return store.undoName() || !store.documents().empty()
@@ -33,9 +37,12 @@ bool hasEntries(const AppStore& store) {
 
 } // namespace
 
-Sidebar::Sidebar(AppStore& store, const std::vector<PageEntry>& pages, QWidget* parent)
-    : QWidget(parent), store_(store), year_(new QComboBox(this)), region_(new QComboBox(this)),
-      saved_(new QLabel(this)), retry_(new QPushButton(u"Nochmals speichern"_s, this)) {
+Sidebar::Sidebar(AppStore& store, CloudService* cloud, const std::vector<PageEntry>& pages,
+                 QWidget* parent)
+    : QWidget(parent), store_(store), cloud_(cloud), year_(new QComboBox(this)),
+      region_(new QComboBox(this)), saved_(new QLabel(this)),
+      retry_(new QPushButton(u"Nochmals speichern"_s, this)), cloudState_(new QLabel(this)),
+      cloudDoor_(new QPushButton(this)) {
     setObjectName(u"sidebar"_s);
     setAttribute(Qt::WA_StyledBackground);
     look::setRole(this, "sidebar");
@@ -82,20 +89,33 @@ Sidebar::Sidebar(AppStore& store, const std::vector<PageEntry>& pages, QWidget* 
     entries->addStretch(1);
     area->setWidget(list);
     column->addWidget(area, 1);
-    saved_->setWordWrap(true);
-    saved_->setObjectName(u"saveState"_s);
-    look::setRole(saved_, "small");
-    column->addWidget(saved_);
-    column->addWidget(retry_);
-    connect(retry_, &QPushButton::clicked, this, [this] { store_.saveNow(); });
+    addFoot(*column);
     connect(year_, &QComboBox::activated, this,
             [this](int index) { Q_EMIT yearWanted(year_->itemData(index).toInt()); });
     connect(region_, &QComboBox::activated, this,
             [this](int index) { Q_EMIT regionWanted(index == 1); });
     refresh();
     refreshSaveState();
+    refreshCloud();
     refreshHistory();
     refreshTheme();
+}
+
+void Sidebar::addFoot(QVBoxLayout& column) {
+    for (QLabel* const label : {saved_, cloudState_}) {
+        label->setWordWrap(true);
+        look::setRole(label, "small");
+    }
+    saved_->setObjectName(u"saveState"_s);
+    cloudState_->setObjectName(u"cloudLine"_s);
+    cloudDoor_->setObjectName(u"cloudLineDoor"_s);
+    look::setRole(cloudDoor_, "smalllink");
+    column.addWidget(saved_);
+    column.addWidget(retry_);
+    column.addWidget(cloudState_);
+    column.addWidget(cloudDoor_, 0, Qt::AlignLeft);
+    connect(retry_, &QPushButton::clicked, this, [this] { store_.saveNow(); });
+    connect(cloudDoor_, &QPushButton::clicked, this, [this] { Q_EMIT pageWanted(u"account"_s); });
 }
 
 QPushButton* Sidebar::addTool(const QString& name, QHBoxLayout& line) {
@@ -169,14 +189,31 @@ void Sidebar::refresh() {
             return document.year == store_.year() && !document.isApplied;
         }));
     for (const auto& [id, badge] : badges_) {
-        const int count = open[id];
-        badge->setVisible(count > 0);
-        badge->setText(count > 0 ? QString::number(count) : QString());
-        QPushButton* const button = buttons_[id];
-        const QString what =
-            id == documents ? u"%1, %2 nicht übernommen"_s : u"%1, %2 offene Hinweise"_s;
-        button->setAccessibleName(count > 0 ? what.arg(button->text()).arg(count) : button->text());
+        if (id != account) {
+            setBadge(id, open[id],
+                     id == documents ? u"%1, %2 nicht übernommen"_s : u"%1, %2 offene Hinweise"_s);
+        }
     }
+}
+
+void Sidebar::setBadge(const QString& id, int count, const QString& told) {
+    QLabel* const badge = badges_.at(id);
+    QPushButton* const button = buttons_.at(id);
+    badge->setVisible(count > 0);
+    badge->setText(count > 0 ? QString::number(count) : QString());
+    button->setAccessibleName(count > 0 ? told.arg(button->text()).arg(count) : button->text());
+}
+
+void Sidebar::refreshCloud() {
+    const pages::CloudLine line =
+        cloud_ != nullptr ? pages::cloudLine(cloud_->status(), QDateTime::currentDateTime())
+                          : pages::CloudLine();
+    cloudState_->setText(line.text);
+    cloudState_->setVisible(!line.text.isEmpty() && !line.asksUser);
+    cloudDoor_->setText(line.text);
+    cloudDoor_->setVisible(line.asksUser);
+    const std::size_t open = cloud_ != nullptr ? pages::openPoints(cloud_->status()) : 0;
+    setBadge(account, static_cast<int>(open), u"%1, %2 offen in der Cloud"_s);
 }
 
 void Sidebar::refreshSaveState() {

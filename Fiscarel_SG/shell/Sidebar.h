@@ -13,7 +13,8 @@ class QVBoxLayout;
 
 namespace fiscarel {
 class AppStore;
-}
+class CloudService;
+} // namespace fiscarel
 
 namespace fiscarel::shell {
 
@@ -24,17 +25,22 @@ struct PageEntry {
     QString words; ///< what else it can be found by
 };
 
-/// Product, region and year, the pages with their badges, and whether everything is saved.
+/// Product, region and year, the pages with their badges, whether everything is saved and how the
+/// backup stands.
 class Sidebar final : public QWidget {
     Q_OBJECT
 
   public:
-    Sidebar(AppStore& store, const std::vector<PageEntry>& pages, QWidget* parent);
+    /// `cloud` may be null.
+    Sidebar(AppStore& store, CloudService* cloud, const std::vector<PageEntry>& pages,
+            QWidget* parent);
 
     void setPage(const QString& id);
     /// Year, region, badges.
     void refresh();
     void refreshSaveState();
+    /// How the backup stands, and what of it waits for the user.
+    void refreshCloud();
     /// What can be undone and redone.
     void refreshHistory();
     /// Icons follow the colours.
@@ -50,13 +56,18 @@ class Sidebar final : public QWidget {
 
   private:
     void addPage(const PageEntry& page, QVBoxLayout& column);
+    void addFoot(QVBoxLayout& column);
+    void setBadge(const QString& id, int count, const QString& told);
     QPushButton* addTool(const QString& name, QHBoxLayout& line);
 
     AppStore& store_;
+    CloudService* cloud_;
     QComboBox* year_;
     QComboBox* region_;
     QLabel* saved_;
     QPushButton* retry_;
+    QLabel* cloudState_;
+    QPushButton* cloudDoor_; ///< in its place where something waits for the user
     QPushButton* undo_ = nullptr;
     QPushButton* redo_ = nullptr;
     std::map<QString, QPushButton*> tools_; ///< by the name of their drawing

@@ -2,11 +2,24 @@
 
 #include "TaxCore/stgallen/TaxCalculator.h"
 
+#include <boost/uuid/name_generator_sha1.hpp>
+#include <boost/uuid/uuid_io.hpp>
+
+#include <string>
+
 namespace fiscarel {
 
 namespace {
 
 using namespace taxcore;
+
+/// The identity of an item that begins anew from an earlier one. Two machines that carry the same
+/// year over, each by itself, make the same items and not each of them twice.
+Uuid following(const Uuid& old, int year) {
+    const boost::uuids::name_generator_sha1 named(boost::uuids::ns::oid());
+    return Uuid::parse(boost::uuids::to_string(named(old.toString() + "/" + std::to_string(year))))
+        .value();
+}
 
 Child carried(Child child, int year) {
     child.childcareCosts = 0;
@@ -17,12 +30,15 @@ Child carried(Child child, int year) {
     return child;
 }
 
-SalaryCertificate carried(const SalaryCertificate& old) {
-    return {.employer = old.employer, .isMainEmployment = old.isMainEmployment};
+SalaryCertificate carried(const SalaryCertificate& old, int year) {
+    return {.id = following(old.id, year),
+            .employer = old.employer,
+            .isMainEmployment = old.isMainEmployment};
 }
 
-SecurityEntry carried(const SecurityEntry& old) {
-    return {.kind = old.kind,
+SecurityEntry carried(const SecurityEntry& old, int year) {
+    return {.id = following(old.id, year),
+            .kind = old.kind,
             .code = old.code,
             .institution = old.institution,
             .description = old.description,
@@ -70,11 +86,11 @@ TaxCase carryOver(const TaxCase& from, int to) {
     next.region = from.region;
     next.li = from.li;
     next.children = all(from.children, to);
-    next.income1.salaries = all(from.income1.salaries);
-    next.income2.salaries = all(from.income2.salaries);
+    next.income1.salaries = all(from.income1.salaries, to);
+    next.income2.salaries = all(from.income2.salaries, to);
     next.deductions1.work = from.deductions1.work;
     next.deductions2.work = from.deductions2.work;
-    next.securities = all(from.securities);
+    next.securities = all(from.securities, to);
     next.realEstate = all(from.realEstate);
     next.insurances = all(from.insurances);
     next.debts = all(from.debts);

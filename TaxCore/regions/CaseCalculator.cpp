@@ -1,5 +1,7 @@
 #include "TaxCore/regions/CaseCalculator.h"
 
+#include "TaxCore/stgallen/DeductionRules.h"
+
 namespace taxcore {
 
 tl::expected<CaseCalculator, RuleLoadError> CaseCalculator::forCase(const TaxCase& taxCase) {
@@ -24,6 +26,14 @@ TaxBill CaseCalculator::billFor(const TaxCase& taxCase, const TaxResult& base,
         pointer(base.parish));
 }
 
+Decimal CaseCalculator::vehicleValue(const Vehicle& vehicle, int year) const {
+    if (const auto* calculator = std::get_if<LiechtensteinCalculator>(&regional_)) {
+        return calculator->vehicleValue(vehicle, year);
+    }
+    return taxcore::vehicleValue(vehicle, year,
+                                 stGallen()->cantonalExtra.fahrzeugAbschreibungProJahr);
+}
+
 const RuleBook* CaseCalculator::stGallen() const noexcept {
     const auto* calculator = std::get_if<TaxCalculator>(&regional_);
     return calculator != nullptr ? &calculator->rules() : nullptr;
@@ -40,8 +50,10 @@ TaxResult CaseCalculator::calculate(const TaxCase& taxCase) const {
 
 std::optional<Derivation> CaseCalculator::explain(const TaxCase& taxCase,
                                                   std::string_view code) const {
-    return std::visit([&](const auto& regional) { return regional.explain(taxCase, code); },
-                      regional_);
+    auto derivation = std::visit(
+        [&](const auto& regional) { return regional.explain(taxCase, code); }, regional_);
+    const DerivationStep* const line = derivation ? derivation->repeats() : nullptr;
+    return line == nullptr ? derivation : explain(taxCase, std::string(*line->code));
 }
 
 std::vector<Derivation> CaseCalculator::explainAll(const TaxCase& taxCase) const {

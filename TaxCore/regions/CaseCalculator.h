@@ -22,6 +22,7 @@ class CaseCalculator {
 
     // As the calculators of the regions; the case must be of the same region and year.
     TaxResult calculate(const TaxCase& taxCase) const;
+    /// A figure that only repeats a line is explained by that line's way.
     std::optional<Derivation> explain(const TaxCase& taxCase, std::string_view code) const;
     std::vector<Derivation> explainAll(const TaxCase& taxCase) const;
 
@@ -29,6 +30,10 @@ class CaseCalculator {
     /// in Liechtenstein only the canton's counts.
     TaxBill billFor(const TaxCase& taxCase, const TaxResult& base, const Decimal& incomeCanton,
                     const Decimal& incomeFederal) const;
+
+    /// What a private vehicle is worth at the valuation day of a tax year, whole francs.
+    /// StG SG Art. 53 and 54, SteG Art. 12
+    Decimal vehicleValue(const Vehicle& vehicle, int year) const;
 
     /// The rules by region; null for the other one.
     const RuleBook* stGallen() const noexcept;

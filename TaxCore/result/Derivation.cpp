@@ -127,6 +127,16 @@ void DerivationRecorder::keep(std::string code, std::string label, Draft&& draft
     }
 }
 
+const DerivationStep* Derivation::repeats() const {
+    if (steps.size() != 1) {
+        return nullptr;
+    }
+    const DerivationStep& only = steps.front();
+    const bool isSame = only.kind == DerivationStep::Kind::line && only.text == label
+                        && only.canton == canton && only.federal == federal;
+    return isSame ? &only : nullptr;
+}
+
 Derivation::Sides Derivation::sides() const {
     bool hasCanton = canton.has_value();
     bool hasFederal = federal.has_value();

@@ -110,6 +110,10 @@ struct Derivation {
     };
     Sides sides() const;
 
+    /// The line that this figure merely repeats under another name; null for one with a way of its
+    /// own.
+    const DerivationStep* repeats() const;
+
     bool operator==(const Derivation&) const = default;
 };
 TAXCORE_RECORD(Derivation, code, label, steps, unit, canton, federal);

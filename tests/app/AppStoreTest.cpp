@@ -93,6 +93,11 @@ TEST(CarryOver, keepsWhatStaysTrueAndNoAmount) {
     EXPECT_EQ(next.debts.front().interest, 0);
     EXPECT_EQ(next.insurances.front().surrenderValue, 0);
     EXPECT_EQ(next.householdDeductions, HouseholdDeductions{});
+
+    EXPECT_EQ(AppStore::carryOver(old, 2026), next) << "another machine makes the same";
+    const TaxCase later = AppStore::carryOver(next, 2027);
+    EXPECT_NE(later.securities.front().id, entry.id);
+    EXPECT_NE(AppStore::carryOver(old, 2027).securities.front().id, entry.id);
 }
 
 // Calculating and saving.

@@ -1,36 +1,44 @@
-// Feeds arbitrary bytes to everything that reads payloads of barcodes: joined, unpacked and mapped
-// as they come, and once more packed properly, so that the mappers see broken XML and not only the
-// unpacking. Whatever comes out must fit together.
+// Feeds arbitrary bytes to what reads payloads of barcodes. The first byte chooses: unpackers, the
+// QR-bill, the header of certificates, XML for every mapper (as if it had been unpacked already),
+// or the whole way of a symbol. Whatever comes out must fit together.
 
 #include "Fiscarel_SG/documents/SecondReader.h"
+#include "Fiscarel_SG/documents/payload/JoinedPayload.h"
+#include "Fiscarel_SG/documents/payload/Mappers.h"
 #include "Fiscarel_SG/documents/payload/PayloadXml.h"
 #include "Fiscarel_SG/documents/payload/QrBill.h"
+#include "tests/fuzz/Require.h"
 
 #include <zlib.h>
 
-#include <algorithm>
+#include <array>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
+#include <string>
+
+using namespace fiscarel;
+using fiscarel::testing::require;
 
 namespace {
 
-using namespace fiscarel;
-
-void require(bool holds, const char* claim) {
-    if (!holds) {
-        std::fprintf(stderr, "violated: %s\n", claim);
-        std::abort();
+void check(const ScanResult& result) {
+    for (const Proposal& proposal : result.proposals) {
+        const auto index = static_cast<std::size_t>(proposal.recordIndex);
+        require(index < result.records.size(), "a proposal names one of the records");
+        require(!proposal.field.empty() && !proposal.value.empty(), "a proposal has a value");
+        require(proposal.reason.ends_with('.'), "a proposal gives its reason in a sentence");
     }
 }
 
-std::string packed(std::string text) {
-    uLongf size = compressBound(static_cast<uLong>(text.size()));
-    std::string out(size, '\0');
-    compress2(reinterpret_cast<Bytef*>(out.data()), &size,
-              reinterpret_cast<const Bytef*>(text.data()), static_cast<uLong>(text.size()), 1);
-    out.resize(size);
-    return out;
+DocumentReading withSymbol(PageSymbol symbol) {
+    PageReading page{.number = 1, .width = 595, .height = 842};
+    page.symbols.push_back(std::move(symbol));
+    return {.pages = {std::move(page)}, .pageCount = 1};
+}
+
+void unpack(const std::string& bytes) {
+    for (const auto& whole : {unpackZlib(bytes), unpackFirstZipEntry(bytes)}) {
+        require(!whole || whole->size() <= mostPayloadBytes, "nothing unpacks beyond its bounds");
+    }
 }
 
 /// A ZIP file with one stored entry, behind a certificate's header.
@@ -52,43 +60,71 @@ std::string certificate(const std::string& text) {
            + std::string("\0\0\0\1\0\1", 6) + zip;
 }
 
-void check(const DocumentReading& reading) {
+void readCertificate(const std::string& bytes) {
     ScanResult result;
-    propose(reading, result);
-    for (const Proposal& proposal : result.proposals) {
-        const auto index = static_cast<std::size_t>(proposal.recordIndex);
-        require(index < result.records.size(), "a proposal names one of the records");
-        require(!proposal.field.empty() && !proposal.value.empty(), "a proposal has a value");
-        require(proposal.reason.ends_with('.'), "a proposal gives its reason in a sentence");
+    ProposalDraft draft(result);
+    const auto reading = withSymbol({.symbology = PageSymbol::Symbology::pdf417, .bytes = bytes});
+    for (const JoinedPayload& payload : certificatePayloads(reading)) {
+        (void)proposeCertificate(payload, {}, draft);
     }
-    for (const ProposedRecord& record : result.records) {
-        for (const int other : record.alternativeTo) {
-            require(static_cast<std::size_t>(other) < result.records.size(),
-                    "a total stands for records of the document");
-        }
-    }
+    check(result);
 }
 
-void checkSymbol(PageSymbol symbol) {
-    PageReading page{.number = 1, .width = 595, .height = 842};
-    page.symbols.push_back(std::move(symbol));
-    check({.pages = {page}, .pageCount = 1});
+void mapXml(const std::string& bytes) {
+    const auto xml = PayloadXml::parse(bytes);
+    if (!xml) {
+        return;
+    }
+    const JoinedPayload payload{.bytes = bytes, .isComplete = true, .pages = {1}};
+    for (const int standard : {248, 275}) {
+        ScanResult result;
+        ProposalDraft draft(result);
+        (void)proposeInstitutionCertificate(xml->root(), standard, payload, draft);
+        check(result);
+    }
+    ScanResult result;
+    ProposalDraft draft(result);
+    (void)proposeTaxStatement(xml->root(), payload, DocumentRows{}, draft);
+    check(result);
+}
+
+void wholeWay(const std::string& bytes) {
+    using enum PageSymbol::Symbology;
+    constexpr std::array symbologies{pdf417, qr, code128};
+    const std::size_t chosen = bytes.empty() ? 0 : static_cast<unsigned char>(bytes[0]) % 3;
+    ScanResult result;
+    propose(withSymbol({.symbology = symbologies.at(chosen), .bytes = bytes}), result);
+    check(result);
 }
 
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string bytes(data, data + size);
-    using enum PageSymbol::Symbology;
-    checkSymbol({.symbology = pdf417, .bytes = bytes});
-    checkSymbol({.symbology = pdf417, .bytes = packed(bytes)});
-    checkSymbol({.symbology = pdf417, .bytes = certificate(bytes)});
-    checkSymbol({.symbology = pdf417, .bytes = bytes, .part = PageSymbol::Part{.message = "m"}});
-    checkSymbol({.symbology = qr, .bytes = bytes});
-    checkSymbol({.symbology = code128, .bytes = bytes});
-    if (const auto whole = unpackZlib(bytes)) {
-        require(whole->size() <= mostPayloadBytes, "nothing unpacks beyond its bounds");
+    if (size == 0) {
+        return 0;
     }
-    (void)unpackFirstZipEntry(bytes);
+    const std::string bytes(data + 1, data + size);
+    switch (data[0] % 8) {
+    case 0:
+        unpack(bytes);
+        break;
+    case 1:
+    case 2:
+        (void)parseQrBill(bytes);
+        break;
+    case 3:
+        readCertificate(bytes);
+        break;
+    case 4:
+        readCertificate(certificate(bytes));
+        break;
+    case 5:
+    case 6:
+        mapXml(bytes);
+        break;
+    default:
+        wholeWay(bytes);
+        break;
+    }
     return 0;
 }

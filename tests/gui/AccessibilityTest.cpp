@@ -1,17 +1,13 @@
 #include "Fiscarel_SG/look/Theme.h"
+#include "tests/gui/AccessibilityWalk.h"
 #include "tests/gui/Contrast.h"
-#include "tests/gui/OpenWindow.h"
 
 #include <gtest/gtest.h>
 
-#include <QAccessible>
-#include <QApplication>
 #include <QDialog>
-#include <QLabel>
 #include <QPushButton>
-#include <algorithm>
 #include <map>
-#include <set>
+#include <vector>
 
 namespace fiscarel {
 namespace {
@@ -20,6 +16,9 @@ using namespace Qt::Literals::StringLiterals;
 using look::Theme;
 using taxcore::TaxRegion;
 using testing::contrast;
+using testing::isBefore;
+using testing::stopAt;
+using testing::takesKeyboard;
 
 class Accessibility : public ::testing::TestWithParam<TaxRegion> {
   protected:
@@ -52,111 +51,20 @@ class Accessibility : public ::testing::TestWithParam<TaxRegion> {
     }
 };
 
-/// What a screen reader says of a widget.
-QString spokenName(QWidget& widget) {
-    QAccessibleInterface* const spoken = QAccessible::queryAccessibleInterface(&widget);
-    return spoken != nullptr ? spoken->text(QAccessible::Name).trimmed() : QString();
-}
-
-std::string described(const QWidget& widget) {
-    return std::string(widget.metaObject()->className()) + " " + widget.objectName().toStdString();
-}
-
-bool takesKeyboard(const QWidget& widget) {
-    return widget.focusPolicy() != Qt::NoFocus && widget.focusProxy() == nullptr
-           && widget.isVisible() && widget.isEnabled()
-           && qobject_cast<const QLabel*>(&widget) == nullptr; // some can be marked with the mouse
-}
-
 TEST_P(Accessibility, everyControlHasAName) {
     int controls = 0;
-    const auto look = [&] {
-        for (QWidget* const widget : program.window->findChildren<QWidget*>()) {
-            if (takesKeyboard(*widget)) {
-                ++controls;
-                EXPECT_FALSE(spokenName(*widget).isEmpty()) << described(*widget);
-            }
-        }
-    };
+    const auto look = [&] { controls += testing::expectNames(*program.window); };
     onEveryPage(look);
     EXPECT_GT(controls, 500);
     for (const char* const name : {"search", "reason"}) {
         program.window->showReason(u"cantonTotal"_s);
         program.press(Qt::Key_K, Qt::ControlModifier);
-        for (QWidget* const widget :
-             program.find<QDialog>(QString::fromLatin1(name)).findChildren<QWidget*>()) {
-            EXPECT_FALSE(takesKeyboard(*widget) && spokenName(*widget).isEmpty())
-                << described(*widget);
-        }
+        testing::expectNames(program.find<QDialog>(QString::fromLatin1(name)));
     }
-}
-
-/// Where a widget stands: the part of the window, its card there, itself.
-struct Stop {
-    enum class Part { sidebar, page, taxBar };
-
-    QWidget* widget = nullptr;
-    Part part = Part::page;
-    QRect card;
-    QRect place;
-};
-
-Stop stopAt(QWidget& widget, const QWidget& window) {
-    const auto placeOf = [&](const QWidget& of) {
-        return QRect(of.mapTo(&window, QPoint()), of.size());
-    };
-    Stop stop{.widget = &widget, .place = placeOf(widget)};
-    for (QWidget* at = widget.parentWidget(); at != nullptr; at = at->parentWidget()) {
-        if (at->objectName() == u"sidebar"_s) {
-            stop.part = Stop::Part::sidebar;
-        } else if (at->objectName() == u"taxBar"_s) {
-            stop.part = Stop::Part::taxBar;
-        } else if (at->property("role").toString() == u"card"_s && stop.card.isNull()) {
-            stop.card = placeOf(*at);
-        }
-    }
-    if (stop.card.isNull()) {
-        stop.card = stop.place; // a link between cards
-    }
-    return stop;
-}
-
-/// Whether one place is read before another: rows from the top, each from the left.
-bool isBefore(const QRect& a, const QRect& b) {
-    const bool sameRow = a.center().y() >= b.top() && a.center().y() <= b.bottom();
-    return sameRow ? a.left() < b.left() : a.center().y() < b.center().y();
-}
-
-bool isInOrder(const Stop& a, const Stop& b) {
-    if (a.part != b.part) {
-        return a.part < b.part;
-    }
-    return a.card == b.card ? isBefore(a.place, b.place) : isBefore(a.card, b.card);
 }
 
 TEST_P(Accessibility, theTabulatorGoesAsOneReads) {
-    const auto look = [&] {
-        QWidget& first = program.find(u"tool:search"_s);
-        first.setFocus(Qt::TabFocusReason);
-        program.press(Qt::Key_Tab); // puts the window in order
-        first.setFocus(Qt::TabFocusReason);
-        std::set<const QWidget*> passed;
-        Stop last = stopAt(first, *program.window);
-        // The next of a chain, as a table keeps the tabulator for its cells.
-        for (QWidget* at = first.nextInFocusChain(); at != &first; at = at->nextInFocusChain()) {
-            if (!takesKeyboard(*at) || (at->focusPolicy() & Qt::TabFocus) == 0
-                || at->window() != program.window.get()) {
-                continue;
-            }
-            ASSERT_TRUE(passed.insert(at).second);
-            const Stop next = stopAt(*at, *program.window);
-            EXPECT_TRUE(isInOrder(last, next))
-                << described(*last.widget) << " before " << described(*at);
-            last = next;
-        }
-        EXPECT_GE(passed.size(), 6U);
-    };
-    onEveryPage(look);
+    onEveryPage([&] { EXPECT_GE(testing::expectReadingOrder(program), 6); });
 }
 
 TEST_P(Accessibility, theTabulatorGoesDownTheReason) {

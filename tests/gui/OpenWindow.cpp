@@ -41,8 +41,10 @@ void OpenWindow::open(LaunchArguments launch) {
     };
     desk = std::make_unique<pages::DocumentDesk>(
         *store, files, folder.path() / "gelesen",
-        pages::DocumentDesk::Means{scan ? scan : readNothing, std::make_unique<WhitePages>()});
-    window = std::make_unique<shell::MainWindow>(*store, settings, *desk);
+        readsForReal ? pages::DocumentDesk::usual()
+                     : pages::DocumentDesk::Means{scan ? scan : readNothing,
+                                                  std::make_unique<WhitePages>()});
+    window = std::make_unique<shell::MainWindow>(*store, settings, *desk, cloud);
     window->show();
     window->activateWindow();
     if (!QTest::qWaitForWindowActive(window.get())) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/cloud/CloudService.h"
 #include "Fiscarel_SG/pages/documents/DocumentDesk.h"
 #include "Fiscarel_SG/shell/MainWindow.h"
 #include "Fiscarel_SG/store/PosixFiles.h"
@@ -68,7 +69,9 @@ class OpenWindow {
     std::unique_ptr<Persistence> persistence;
     std::unique_ptr<AppStore> store;
     DocumentReadings::Scan scan; ///< how documents are read; empty pages unless set before `open`
+    bool readsForReal = false;   ///< with the reading process instead; set before `open`
     std::unique_ptr<pages::DocumentDesk> desk;
+    CloudService* cloud = nullptr; ///< of the window; set it before `open`
     std::unique_ptr<shell::MainWindow> window;
 };
 

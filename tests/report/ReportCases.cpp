@@ -89,7 +89,7 @@ ComputedReport computedReport(const ReportCase& one) {
     const Review review = Review::of({calculator, one.taxCase, made.result, today, {}});
     made.content = outputs::reportContent({.taxCase = one.taxCase,
                                            .result = made.result,
-                                           .derivations = calculator.explainAll(one.taxCase),
+                                           .calculator = calculator,
                                            .notices = review.notices,
                                            .notComputed = review.notComputed,
                                            .documents = one.documents,

@@ -3,7 +3,6 @@
 #include "Fiscarel_SG/forms/InputText.h"
 #include "TaxCore/base/Iban.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace fiscarel::forms {
@@ -36,25 +35,6 @@ bool IbanEdit::isComplete(const QString& text) const {
     return (iban.starts_with("CH") || iban.starts_with("LI")) && iban.size() >= swissLength;
 }
 
-/// Regroups and keeps the cursor behind the letter it stood behind.
-void IbanEdit::typing() {
-    const auto letters = [](const QString& text, qsizetype end) {
-        return std::count_if(text.begin(), text.begin() + end,
-                             [](QChar letter) { return letter.isLetterOrNumber(); });
-    };
-    const QString text = line()->text();
-    const QString grouped = qs(groupIban(utf8(text)));
-    if (grouped == text) {
-        return;
-    }
-    const auto before = letters(text, line()->cursorPosition());
-    const bool atEnd = line()->cursorPosition() == text.size();
-    line()->setText(grouped);
-    qsizetype position = 0;
-    while (position < grouped.size() && letters(grouped, position) < before) {
-        ++position;
-    }
-    line()->setCursorPosition(static_cast<int>(atEnd ? grouped.size() : position));
-}
+void IbanEdit::typing() { line()->regroup(qs(groupIban(utf8(line()->text())))); }
 
 } // namespace fiscarel::forms

@@ -79,6 +79,24 @@ void InputLine::slantHint() {
     }
 }
 
+void InputLine::regroup(const QString& grouped) {
+    const auto letters = [](const QString& text, qsizetype end) {
+        return std::count_if(text.begin(), text.begin() + end,
+                             [](QChar letter) { return letter.isLetterOrNumber(); });
+    };
+    if (grouped == text()) {
+        return;
+    }
+    const auto before = letters(text(), cursorPosition());
+    const bool atEnd = cursorPosition() == text().size();
+    setText(grouped);
+    qsizetype position = 0;
+    while (position < grouped.size() && letters(grouped, position) < before) {
+        ++position;
+    }
+    setCursorPosition(static_cast<int>(atEnd ? grouped.size() : position));
+}
+
 bool InputLine::event(QEvent* event) {
     if (event->type() == QEvent::ShortcutOverride) {
         // With nothing typed to take back, undo and redo are those of the whole return.

@@ -33,6 +33,9 @@ class InputLine : public QLineEdit {
     void setSelectsAll(bool selectsAll) { selectsAll_ = selectsAll; }
     /// Marks that what stands here cannot be read.
     void setMarked(bool marked);
+    /// Puts the same letters and digits in, grouped otherwise, with the cursor behind the one it
+    /// stood behind.
+    void regroup(const QString& grouped);
     /// Slants the hint, so that nobody takes it for an entry.
     void slantHint();
 
