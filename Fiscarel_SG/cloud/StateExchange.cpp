@@ -156,7 +156,7 @@ void StateExchange::settle() {
     const Reconciled result =
         reconcile(hasNothing ? std::vector<SharedStatePointer>{} : context_.common->known(), ours,
                   theirs_, keepsEverything_);
-    if (result.merged.state != ours) {
+    if (result.merged.state != ours || !result.merged.conflicts.empty()) {
         if (!asks(true, ours, result.merged.state)) {
             takeIn(result, ours);
         }
@@ -237,7 +237,9 @@ void StateExchange::apply(const Reconciled& result, const PersistedState& ours) 
         settle(); // the user went on meanwhile
         return;
     }
-    context_.store.applyRemote(result.merged.state);
+    if (result.merged.state != ours) {
+        context_.store.applyRemote(result.merged.state);
+    }
     added_.clear();
     context_.status.conflicts = context_.record.conflicts;
     context_.writer.post([] {}, life_.guard([this, lineage = result.lineage] { // behind the saving

@@ -34,6 +34,12 @@ bool waitFor(const std::function<bool()>& holds, std::chrono::milliseconds most)
     return true;
 }
 
+void passTime(std::chrono::milliseconds time) {
+    QEventLoop loop;
+    QTimer::singleShot(time, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
 CloudMachine::CloudMachine(std::string machineName, QUrl base, FakeClock& machineClock,
                            std::chrono::milliseconds patience)
     : name(std::move(machineName)), clock(machineClock), base_(std::move(base)),

@@ -22,6 +22,9 @@ void needApplication();
 bool waitFor(const std::function<bool()>& holds,
              std::chrono::milliseconds most = std::chrono::seconds(20));
 
+/// Lets the event loop run for a while.
+void passTime(std::chrono::milliseconds time);
+
 /// One machine of a household: store and engine on a folder and a keyring of its own. Work waits on
 /// the queues until it is let.
 class CloudMachine {

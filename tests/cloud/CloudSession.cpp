@@ -2,9 +2,6 @@
 
 #include "Fiscarel_SG/cloud/Sealing.h"
 
-#include <QCoreApplication>
-#include <QEventLoop>
-#include <QTimer>
 #include <algorithm>
 #include <filesystem>
 #include <utility>
@@ -243,9 +240,7 @@ void CloudSession::addYear(Side& side) {
 /// A moment passes: some of what waits is done, some of what was sent arrives.
 void CloudSession::pump() {
     for (std::size_t turns = 1 + below(10); turns > 0; --turns) {
-        QEventLoop loop;
-        QTimer::singleShot(static_cast<int>(below(3)), &loop, &QEventLoop::quit);
-        loop.exec();
+        passTime(std::chrono::milliseconds(below(3)));
         for (Side& side : sides_) {
             for (std::size_t pieces = below(5); pieces > 0; --pieces) {
                 side.machine.workOne(below(2) == 0);
