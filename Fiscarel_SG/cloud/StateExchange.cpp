@@ -261,7 +261,8 @@ void StateExchange::agreed(const SharedStatePointer& shared, std::function<void(
         return;
     }
     context_.common->remember(
-        shared, version_, life_.guard([this, shared, then = std::move(then)](const FileResult<void>& kept) {
+        shared, version_,
+        life_.guard([this, shared, then = std::move(then)](const FileResult<void>& kept) {
             if (!kept) {
                 finish(tl::unexpected(CloudTrouble::stopped("Der Abgleich mit der Cloud wartet: "
                                                             + kept.error().description())));
@@ -344,7 +345,8 @@ void StateExchange::seal(std::vector<std::string> lineage) {
         life_.guard([this](const Sealed& sealed) {
             // From now on it may lie there, whatever is answered.
             context_.common->remember(
-                sealed.attempt, version_ + 1, life_.guard([this, sealed](const FileResult<void>& kept) {
+                sealed.attempt, version_ + 1,
+                life_.guard([this, sealed](const FileResult<void>& kept) {
                     kept ? send(sealed.attempt, sealed.content)
                          : finish(tl::unexpected(CloudTrouble::stopped(
                              "Der Abgleich mit der Cloud wartet: " + kept.error().description())));

@@ -59,7 +59,7 @@ class StateExchange {
     std::int64_t version_ = 0;                       ///< of the block on the server, 0: none
     int attempts_ = 0;                               ///< of this run
     bool isBackedUp_ = false;                        ///< in this run
-    std::vector<MergeConflict> added_; ///< by this run, for a state not taken in yet
+    std::vector<MergeConflict> added_;               ///< by this run, for a state not taken in yet
     std::optional<CloudStatus::Question> takesOver_; ///< the loss the user agreed to
     bool keepsEverything_ = false;
     Lifeline life_; ///< of the run

@@ -60,9 +60,9 @@ void CloudMachine::start(LaunchArguments launch) {
     store = std::make_unique<AppStore>(
         AppStore::Services{persistence.get(), *writer, clock, *timers, settings}, launch);
     api_ = std::make_unique<CloudAPI>(base_, CloudAPI::Patience{patience_, patience_});
-    sync = std::make_unique<CloudSync>(CloudSync::Services{
-        *store, *api_, keychain, persistence.get(), *fileSystem, *writer, *worker, *timers, clock,
-        name});
+    sync = std::make_unique<CloudSync>(CloudSync::Services{*store, *api_, keychain,
+                                                           persistence.get(), *fileSystem, *writer,
+                                                           *worker, *timers, clock, name});
 }
 
 void CloudMachine::quit() {

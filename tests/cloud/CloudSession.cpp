@@ -193,8 +193,8 @@ std::string CloudSession::randomBytes() {
 
 void CloudSession::addDocument(Side& side) {
     const std::string content = randomBytes();
-    const Uuid id = side.machine.addDocument("Beleg " + std::to_string(below(100)) + ".pdf",
-                                             content);
+    const Uuid id =
+        side.machine.addDocument("Beleg " + std::to_string(below(100)) + ".pdf", content);
     contents_[id] = content;
     PersistedState without = side.machine.state();
     std::erase_if(without.documents, [&](const auto& document) { return document.id == id; });
@@ -282,8 +282,7 @@ void CloudSession::crash(Side& side) {
     side.machine.crash();
     side.machine.start();
     const auto onDisk = std::find_if(
-        side.mayBeOnDisk.rbegin(), side.mayBeOnDisk.rend(),
-        [&](const auto& candidate) {
+        side.mayBeOnDisk.rbegin(), side.mayBeOnDisk.rend(), [&](const auto& candidate) {
             PersistedState found = candidate.first; // with the case that the selected year gets
             const int year = side.machine.store->year();
             found.cases.try_emplace(year, side.machine.store->current());
@@ -381,9 +380,8 @@ void CloudSession::compare() {
     }
     for (const Side& side : sides_) {
         const auto common = commonStates(side.machine);
-        const bool hasIt = std::ranges::any_of(common, [&](const auto& state) {
-            return state->state == side.machine.state();
-        });
+        const bool hasIt = std::ranges::any_of(
+            common, [&](const auto& state) { return state->state == side.machine.state(); });
         if (!hasIt) {
             wrong(side.machine.name + " does not know the common state");
         }

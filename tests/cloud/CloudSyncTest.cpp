@@ -168,7 +168,7 @@ TEST_F(CloudSyncTest, aStateOfANewerProgramIsLeftAlone) {
     newer.version = newestStateVersion + 1;
     CloudAPI::Block stored = block(a);
     for (const std::string& text :
-         {SharedState::encode({}, newer), std::string("fiscarel-estado 2\n{}")}) {
+         {SharedState::encode({}, newer), std::string(R"({"version": 7, "casos": []})")}) {
         stored.version = block(a).version;
         stored.content = sealBlock(text, key, "estado");
         ASSERT_TRUE(putBlock(a, stored));
@@ -188,8 +188,8 @@ TEST_F(CloudSyncTest, aGraveLossIsAskedForFirst) {
         std::size_t debts; ///< in the end, on both
     };
     setUpBoth();
-    for (const Row& row : std::vector<Row>{
-             {false, true, 0}, {false, false, 8}, {true, true, 0}, {true, false, 8}}) {
+    for (const Row& row :
+         std::vector<Row>{{false, true, 0}, {false, false, 8}, {true, true, 0}, {true, false, 8}}) {
         SCOPED_TRACE(std::string(row.isIncoming ? "incoming" : "outgoing")
                      + (row.takesOver ? " taken over" : " refused"));
         if (a.store->current().debts.empty()) {
@@ -358,8 +358,7 @@ TEST_F(CloudSyncTest, aFileThatIsTooLargeStaysHere) {
     ASSERT_TRUE(a.settle());
     ASSERT_EQ(a.status().leftOut.size(), 1U);
     EXPECT_EQ(a.status().leftOut[0].title, "Riesig");
-    EXPECT_EQ(a.status().leftOut[0].reason,
-              "Diese Datei ist zu gross für die Cloud (max. 25 MB).");
+    EXPECT_EQ(a.status().leftOut[0].reason, "Diese Datei ist zu gross für die Cloud (max. 25 MB).");
     ASSERT_TRUE(b.check());
     EXPECT_EQ(fileIn(b, small), "klein");
     EXPECT_EQ(fileIn(b, id), "no file");
