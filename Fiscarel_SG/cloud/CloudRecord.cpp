@@ -3,9 +3,13 @@
 #include "TaxCore/base/JsonReader.h"
 #include "TaxCore/base/JsonWriter.h"
 
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <algorithm>
 
 namespace fiscarel {
+
+using namespace Qt::Literals::StringLiterals;
 
 const ReceiptEntry* ReceiptMap::of(const Uuid& document) const {
     const auto found = std::ranges::find(receipts, document, &ReceiptEntry::document);
@@ -13,13 +17,37 @@ const ReceiptEntry* ReceiptMap::of(const Uuid& document) const {
 }
 
 std::string encodeReceipts(const ReceiptMap& map) {
-    return taxcore::toJson(map, taxcore::JsonStyle::compact);
+    QJsonObject json;
+    for (const ReceiptEntry& entry : map.receipts) {
+        json.insert(QString::fromStdString(entry.document.toString()),
+                    QJsonObject{{u"receipt"_s, QString::fromStdString(entry.receipt)},
+                                {u"size"_s, entry.size},
+                                {u"sha256"_s, QString::fromStdString(entry.sha256)}});
+    }
+    return QJsonDocument(json).toJson(QJsonDocument::Compact).toStdString();
 }
 
 std::optional<ReceiptMap> decodeReceipts(std::string_view json) {
-    auto map = taxcore::fromJson<ReceiptMap>(json);
-    return map && map->version == ReceiptMap{}.version ? std::optional(std::move(*map))
-                                                       : std::nullopt;
+    const QJsonDocument read =
+        QJsonDocument::fromJson(QByteArray(json.data(), static_cast<qsizetype>(json.size())));
+    if (!read.isObject()) {
+        return std::nullopt;
+    }
+    ReceiptMap map;
+    const QJsonObject entries = read.object();
+    for (auto item = entries.begin(); item != entries.end(); ++item) {
+        const auto document = Uuid::parse(item.key().toStdString());
+        const QJsonObject entry = item.value().toObject();
+        const QJsonValue receipt = entry[u"receipt"_s];
+        const QJsonValue size = entry[u"size"_s];
+        const QJsonValue hash = entry[u"sha256"_s];
+        if (!document || !receipt.isString() || !size.isDouble() || !hash.isString()) {
+            return std::nullopt;
+        }
+        map.receipts.push_back({*document, receipt.toString().toStdString(), size.toInt(),
+                                hash.toString().toStdString()});
+    }
+    return map;
 }
 
 std::filesystem::path CloudFolder::stateFile(int slot) const {

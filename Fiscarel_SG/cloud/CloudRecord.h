@@ -26,15 +26,14 @@ TAXCORE_RECORD(ReceiptEntry, document, receipt, size, sha256);
 /// The content of the block that tells which file on the server is which document's.
 struct ReceiptMap {
     std::vector<ReceiptEntry> receipts;
-    int version = 1;
 
     const ReceiptEntry* of(const Uuid& document) const;
     bool operator==(const ReceiptMap&) const = default;
 };
-TAXCORE_RECORD(ReceiptMap, receipts, version);
 
+/// JSON: documents' ids, each with receipt, size and hash.
 std::string encodeReceipts(const ReceiptMap& map);
-/// Absent for any other text, and for one that a newer program wrote.
+/// Absent for any other text.
 std::optional<ReceiptMap> decodeReceipts(std::string_view json);
 
 /// What a machine remembers of the encrypted backup from one run to the next, beside the common

@@ -30,10 +30,9 @@ CommonStates::Loaded CommonStates::load(const CloudFolder& folder,
     }
     for (const Kept& one : kept->states) {
         const auto text = folder.readState(one.slot);
-        const bool isNumber = !one.version.empty() && one.version.size() < 18
-                              && std::ranges::all_of(one.version, [](char c) {
-                                     return c >= '0' && c <= '9';
-                                 });
+        const bool isNumber =
+            !one.version.empty() && one.version.size() < 18
+            && std::ranges::all_of(one.version, [](char c) { return c >= '0' && c <= '9'; });
         if (!text || !isNumber || sha256(*text) != one.sha256) {
             continue;
         }
@@ -94,16 +93,16 @@ void CommonStates::remember(const SharedStatePointer& shared, std::int64_t versi
             const std::string text = SharedState::encode(shared->lineage, shared->state);
             return Outcome{folder.writeState(slot, text), sha256(text)};
         },
-        life_.guard([this, shared, slot, version,
-                     done = std::move(done)](const Outcome& outcome) mutable {
-            if (!outcome.written) {
-                done(outcome.written);
-                return;
-            }
-            loaded_.kept.push_back({slot, shared->id, outcome.sha256, std::to_string(version)});
-            loaded_.states.push_back(shared);
-            keepInKeyring([done = std::move(done)] { done({}); });
-        }));
+        life_.guard(
+            [this, shared, slot, version, done = std::move(done)](const Outcome& outcome) mutable {
+                if (!outcome.written) {
+                    done(outcome.written);
+                    return;
+                }
+                loaded_.kept.push_back({slot, shared->id, outcome.sha256, std::to_string(version)});
+                loaded_.states.push_back(shared);
+                keepInKeyring([done = std::move(done)] { done({}); });
+            }));
 }
 
 void CommonStates::forget() {

@@ -16,15 +16,15 @@
 namespace fiscarel {
 
 /// The states of the cloud that ours came from, over restarts: the last one known to lie there, and
-/// those that may still arrive there, because their answers are missing. A copy counts only when the
-/// keyring knows its content; with a folder that was copied or restored nothing is known of a
+/// those that may still arrive there, because their answers are missing. A copy counts only when
+/// the keyring knows its content; with a folder that was copied or restored nothing is known of a
 /// common past.
 class CommonStates {
   public:
     struct Kept {
         int slot = 0;
         std::string id;
-        std::string sha256; ///< of the file
+        std::string sha256;  ///< of the file
         std::string version; ///< that the server gives it, a whole number
         bool operator==(const Kept&) const = default;
     };
@@ -46,8 +46,8 @@ class CommonStates {
     /// later one does, and what was sent for this version or an earlier one no longer arrives.
     void confirm(const std::string& id, std::int64_t version);
     const std::string& confirmed() const noexcept { return confirmed_; }
-    /// Keeps a further one, on the disk and in the keyring, before `done`; `version` is the one that
-    /// the server has given it or will.
+    /// Keeps a further one, on the disk and in the keyring, before `done`; `version` is the one
+    /// that the server has given it or will.
     void remember(const SharedStatePointer& shared, std::int64_t version,
                   std::function<void(FileResult<void>)> done);
     /// Knows nothing of a common past any more.

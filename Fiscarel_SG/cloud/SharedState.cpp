@@ -1,8 +1,10 @@
 #include "Fiscarel_SG/cloud/SharedState.h"
 
 #include "Fiscarel_SG/cloud/Sealing.h"
+#include "TaxCore/base/JsonReader.h"
 
 #include <algorithm>
+#include <optional>
 #include <set>
 #include <utility>
 
@@ -10,9 +12,13 @@ namespace fiscarel {
 
 namespace {
 
-constexpr std::string_view mark = "fiscarel-estado 1";
-constexpr std::string_view anyMark = "fiscarel-estado ";
 constexpr std::size_t idLength = 16;
+
+/// What stands beside the state: the ids, one behind the other.
+struct LineageOnly {
+    std::optional<std::string> lineage;
+};
+TAXCORE_RECORD(LineageOnly, lineage);
 
 /// The lineage of a state that everything known and the cloud's went into.
 std::vector<std::string> joined(const std::vector<SharedStatePointer>& known,
@@ -70,38 +76,28 @@ bool SharedState::comesFrom(const std::string& other) const {
 
 std::string SharedState::encode(const std::vector<std::string>& lineage,
                                 const PersistedState& state) {
-    std::string text(mark);
+    std::string text = encodeState(state);
+    std::string line = "\n  \"lineage\": \"";
     for (const std::string& one : lineage) {
-        text += ' ';
-        text += one;
+        line += one;
     }
-    text += '\n';
-    text += encodeState(state);
+    line += "\",";
+    text.insert(1, line); // behind the brace
     return text;
 }
 
 tl::expected<SharedState, std::string> SharedState::decode(std::string_view text, std::string id) {
-    SharedState shared{.id = std::move(id)};
-    if (text.starts_with(anyMark)) {
-        const std::size_t end = std::min(text.find('\n'), text.size());
-        std::string_view line = text.substr(0, end);
-        if (!(line == mark || line.starts_with(std::string(mark) + ' '))) {
-            return tl::unexpected(
-                std::string("Die Daten in der Cloud stammen von einer neueren Ausgabe des "
-                            "Programms. Bitte auf diesem Gerät die neue Ausgabe einrichten."));
-        }
-        line.remove_prefix(mark.size());
-        while (line.size() > idLength) {
-            shared.lineage.emplace_back(line.substr(1, idLength));
-            line.remove_prefix(1 + idLength);
-        }
-        text.remove_prefix(end);
-    }
     auto state = decodeState(text);
     if (!state) {
         return tl::unexpected(std::move(state).error().message);
     }
-    shared.state = std::move(*state);
+    SharedState shared{.id = std::move(id), .lineage = {}, .state = std::move(*state)};
+    if (const auto beside = taxcore::fromJson<LineageOnly>(text)) {
+        const std::string& ids = beside->lineage.value_or("");
+        for (std::size_t at = 0; at + idLength <= ids.size(); at += idLength) {
+            shared.lineage.push_back(ids.substr(at, idLength));
+        }
+    }
     return shared;
 }
 

@@ -26,7 +26,8 @@ struct SharedState {
     static std::string idOf(std::string_view sealed);
     bool comesFrom(const std::string& other) const;
 
-    /// The text that is sealed: a line with the lineage, then the state.
+    /// The text that is sealed: the state's JSON with the lineage beside it, which readers of a
+    /// state pass over.
     static std::string encode(const std::vector<std::string>& lineage, const PersistedState& state);
     /// A German sentence when it does not decode.
     static tl::expected<SharedState, std::string> decode(std::string_view text, std::string id);

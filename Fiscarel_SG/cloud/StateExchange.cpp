@@ -22,7 +22,7 @@ void StateExchange::run(Done done) {
     done_ = std::move(done);
     attempts_ = 0;
     isBackedUp_ = false;
-    added_.clear();
+    withdrawConflicts();
     fetch();
 }
 
@@ -142,12 +142,7 @@ void StateExchange::compareKey(std::function<void()> same) {
 
 void StateExchange::settle() {
     const PersistedState ours = this->ours();
-    if (!added_.empty()) {
-        std::erase_if(context_.record.conflicts, [&](const MergeConflict& conflict) {
-            return std::ranges::find(added_, conflict) != added_.end();
-        });
-        added_.clear();
-    }
+    withdrawConflicts();
     if (theirs_ == nullptr) {
         upload(reconcile(context_.common->known(), ours, nullptr).lineage);
         return;
@@ -167,6 +162,14 @@ void StateExchange::settle() {
         return;
     }
     agreed(theirs_, [this, lineage = result.lineage] { upload(lineage); });
+}
+
+/// Takes conflicts back of a state that did not come to be taken in.
+void StateExchange::withdrawConflicts() {
+    std::erase_if(context_.record.conflicts, [&](const MergeConflict& conflict) {
+        return std::ranges::find(added_, conflict) != added_.end();
+    });
+    added_.clear();
 }
 
 /// Whether the way from one state to the other has to wait for the user's answer.
@@ -261,7 +264,8 @@ void StateExchange::agreed(const SharedStatePointer& shared, std::function<void(
         return;
     }
     context_.common->remember(
-        shared, version_, life_.guard([this, shared, then = std::move(then)](const FileResult<void>& kept) {
+        shared, version_,
+        life_.guard([this, shared, then = std::move(then)](const FileResult<void>& kept) {
             if (!kept) {
                 finish(tl::unexpected(CloudTrouble::stopped("Der Abgleich mit der Cloud wartet: "
                                                             + kept.error().description())));
@@ -344,7 +348,8 @@ void StateExchange::seal(std::vector<std::string> lineage) {
         life_.guard([this](const Sealed& sealed) {
             // From now on it may lie there, whatever is answered.
             context_.common->remember(
-                sealed.attempt, version_ + 1, life_.guard([this, sealed](const FileResult<void>& kept) {
+                sealed.attempt, version_ + 1,
+                life_.guard([this, sealed](const FileResult<void>& kept) {
                     kept ? send(sealed.attempt, sealed.content)
                          : finish(tl::unexpected(CloudTrouble::stopped(
                              "Der Abgleich mit der Cloud wartet: " + kept.error().description())));

@@ -38,6 +38,7 @@ class StateExchange {
     void opened(const CloudAPI::Block& block, tl::expected<SharedStatePointer, std::string> shared);
     void compareKey(std::function<void()> same);
     void settle();
+    void withdrawConflicts();
     bool asks(bool isIncoming, const PersistedState& before, const PersistedState& after);
     void takeIn(const Reconciled& result, const PersistedState& ours);
     void keepConflicts(const Reconciled& result, const PersistedState& ours);
@@ -59,7 +60,7 @@ class StateExchange {
     std::int64_t version_ = 0;                       ///< of the block on the server, 0: none
     int attempts_ = 0;                               ///< of this run
     bool isBackedUp_ = false;                        ///< in this run
-    std::vector<MergeConflict> added_; ///< by this run, for a state not taken in yet
+    std::vector<MergeConflict> added_;               ///< by this run, for a state not taken in yet
     std::optional<CloudStatus::Question> takesOver_; ///< the loss the user agreed to
     bool keepsEverything_ = false;
     Lifeline life_; ///< of the run

@@ -88,9 +88,9 @@ class CloudHousehold : public ::testing::Test {
     }
     /// What the server has, asked with a machine's session.
     template <class T>
-    tl::expected<T, CloudAPI::Failure> ask(const CloudMachine& machine,
-                                           std::function<void(CloudAPI&, const std::string&,
-                                                              CloudAPI::Done<T>)> call) {
+    tl::expected<T, CloudAPI::Failure>
+    ask(const CloudMachine& machine,
+        std::function<void(CloudAPI&, const std::string&, CloudAPI::Done<T>)> call) {
         CloudAPI api(QUrl(QString::fromStdString(server.base())));
         const auto held = machine.keychain.items.find(CloudKeychain::sessionAccount);
         const std::string token = held == machine.keychain.items.end()
@@ -116,9 +116,10 @@ class CloudHousehold : public ::testing::Test {
         return found.value_or(std::nullopt).value_or(CloudAPI::Block{});
     }
     bool putBlock(const CloudMachine& machine, const CloudAPI::Block& content) {
-        return ask<std::int64_t>(machine, [&](CloudAPI& api, const std::string& token, auto done) {
-                   api.saveBlock("estado", content, token, std::move(done));
-               })
+        return ask<std::int64_t>(machine,
+                                 [&](CloudAPI& api, const std::string& token, auto done) {
+                                     api.saveBlock("estado", content, token, std::move(done));
+                                 })
             .has_value();
     }
 

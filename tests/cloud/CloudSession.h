@@ -26,7 +26,8 @@ struct SessionCounts {
 };
 
 /// Two machines of a household and a random time together: edits of all kinds, bad lines, programs
-/// that end or are killed, a server restored from an old copy. The same seed makes the same choices.
+/// that end or are killed, a server restored from an old copy. The same seed makes the same
+/// choices.
 class CloudSession {
   public:
     CloudSession(RunningServer& server, std::uint64_t seed);

@@ -215,10 +215,18 @@ TEST_F(CloudSignInTest, serverAndLineSeeNoPlaintext) {
     };
     const std::string dataKey = octets(a.keychain.items.at("llave-datos"));
     const QByteArray raw = QByteArray::fromStdString(dataKey);
-    std::vector<std::string> secrets{
-        "Registernummer-4711", "987654", "Scheidungsurteil", content, id.toString(), "Sevelen",
-        dataKey, raw.toHex().toStdString(), raw.toBase64().toStdString(), recoveryKey,
-        CloudCrypto::parseRecoveryKey(recoveryKey).value(), "fiscarel-estado"};
+    std::vector<std::string> secrets{"Registernummer-4711",
+                                     "987654",
+                                     "Scheidungsurteil",
+                                     content,
+                                     id.toString(),
+                                     dataKey,
+                                     raw.toHex().toStdString(),
+                                     raw.toBase64().toStdString(),
+                                     recoveryKey,
+                                     CloudCrypto::parseRecoveryKey(recoveryKey).value(),
+                                     "\"lineage\"",
+                                     "Sevelen"};
     for (const std::string& secret : secrets) {
         EXPECT_EQ(everything.find(secret), std::string::npos) << secret;
         const auto base64 = QByteArray::fromStdString(secret).toBase64().toStdString();

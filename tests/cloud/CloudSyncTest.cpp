@@ -168,7 +168,7 @@ TEST_F(CloudSyncTest, aStateOfANewerProgramIsLeftAlone) {
     newer.version = newestStateVersion + 1;
     CloudAPI::Block stored = block(a);
     for (const std::string& text :
-         {SharedState::encode({}, newer), std::string("fiscarel-estado 2\n{}")}) {
+         {SharedState::encode({}, newer), std::string(R"({"version": 7, "casos": []})")}) {
         stored.version = block(a).version;
         stored.content = sealBlock(text, key, "estado");
         ASSERT_TRUE(putBlock(a, stored));
@@ -188,8 +188,8 @@ TEST_F(CloudSyncTest, aGraveLossIsAskedForFirst) {
         std::size_t debts; ///< in the end, on both
     };
     setUpBoth();
-    for (const Row& row : std::vector<Row>{
-             {false, true, 0}, {false, false, 8}, {true, true, 0}, {true, false, 8}}) {
+    for (const Row& row :
+         std::vector<Row>{{false, true, 0}, {false, false, 8}, {true, true, 0}, {true, false, 8}}) {
         SCOPED_TRACE(std::string(row.isIncoming ? "incoming" : "outgoing")
                      + (row.takesOver ? " taken over" : " refused"));
         if (a.store->current().debts.empty()) {
@@ -243,6 +243,35 @@ TEST_F(CloudSyncTest, withoutABackupNothingIsTakenIn) {
     exchange();
     expectEqual();
     EXPECT_EQ(b.status().conflicts.size(), 1U);
+}
+
+TEST_F(CloudSyncTest, whatCannotBeRememberedIsNotTakenIn) {
+    setUpBoth();
+    const std::vector<std::vector<std::string>> rows{
+        {"abgleich.json"}, {"basis.json", "basis-2.json", "basis-3.json"}};
+    int francs = 100;
+    for (const auto& files : rows) {
+        SCOPED_TRACE(files.front());
+        setCash(a, ++francs);
+        ASSERT_TRUE(a.settle());
+        setCash(b, ++francs);
+        const std::size_t shown = b.status().conflicts.size();
+        for (const std::string& name : files) { // a folder in the file's place
+            fs::remove(b.root() / "Cloud" / name);
+            fs::create_directories(b.root() / "Cloud" / name / "x");
+        }
+        const CloudAPI::Block stored = block(a);
+        ASSERT_TRUE(b.settle() && b.check());
+        EXPECT_TRUE(b.status().problem);
+        EXPECT_EQ(b.store->current().cash, francs);
+        EXPECT_EQ(block(a), stored) << "nor does the cloud learn of it";
+        for (const std::string& name : files) {
+            fs::remove_all(b.root() / "Cloud" / name);
+        }
+        exchange();
+        expectEqual();
+        EXPECT_EQ(b.status().conflicts.size(), shown + 1);
+    }
 }
 
 TEST_F(CloudSyncTest, aServerFromAnOldCopyLosesNothing) {
@@ -358,8 +387,7 @@ TEST_F(CloudSyncTest, aFileThatIsTooLargeStaysHere) {
     ASSERT_TRUE(a.settle());
     ASSERT_EQ(a.status().leftOut.size(), 1U);
     EXPECT_EQ(a.status().leftOut[0].title, "Riesig");
-    EXPECT_EQ(a.status().leftOut[0].reason,
-              "Diese Datei ist zu gross für die Cloud (max. 25 MB).");
+    EXPECT_EQ(a.status().leftOut[0].reason, "Diese Datei ist zu gross für die Cloud (max. 25 MB).");
     ASSERT_TRUE(b.check());
     EXPECT_EQ(fileIn(b, small), "klein");
     EXPECT_EQ(fileIn(b, id), "no file");

@@ -24,12 +24,17 @@ int yearOf(const std::string& place) {
     return place.starts_with("cases[") ? std::stoi(place.substr(6)) : 0;
 }
 
-/// The value of a place in a new case, or none.
-std::optional<std::string> newValue(const std::string& place) {
+/// Whether a value is the one of a place in a new case or in a new item of a list, or none.
+bool isNew(const std::string& place, const std::optional<std::string>& value) {
+    if (!value
+        || (place.find('[', 6) != std::string::npos
+            && (value == "\"\"" || value == "0" || value == "false"))) {
+        return true;
+    }
     const int year = yearOf(place);
     PersistedState fresh;
     fresh.cases[year] = taxcore::TaxCase{.year = year, .li = taxcore::LIExtras{}};
-    return year == 0 ? std::nullopt : at(FlatState(fresh), place);
+    return year != 0 && at(FlatState(fresh), place) == value;
 }
 
 } // namespace
@@ -58,7 +63,7 @@ void EditJournal::record(const std::string& who, const PersistedState& before,
                              return at(base, place) == value;
                          });
         // A record that both sides made: what is as in a new one yields.
-        edit.isLenient = edit.isLenient || (!at(was, place) && newValue(place) == value);
+        edit.isLenient = edit.isLenient || (!at(was, place) && isNew(place, value));
         edits_.push_back(std::move(edit));
     };
     for (const auto& [place, value] : is.leaves) {
@@ -98,9 +103,9 @@ bool EditJournal::isReplaced(std::size_t index) const {
             const bool removesWhole = !later.value && later.place.ends_with('?');
             return !later.isExcused
                    && (later.place == edit.place
-                   || (removesWhole
-                       && FlatState::isWithin(edit.place,
-                                              later.place.substr(0, later.place.size() - 1))));
+                       || (removesWhole
+                           && FlatState::isWithin(edit.place,
+                                                  later.place.substr(0, later.place.size() - 1))));
         });
 }
 
@@ -116,7 +121,7 @@ bool EditJournal::isShown(const Edit& edit) const {
 
 bool EditJournal::isLenient(const Edit& edit) const {
     return (isLenient_ || edit.isLenient || lenientYears_.contains(yearOf(edit.place)))
-           && (!edit.value || edit.value == newValue(edit.place));
+           && isNew(edit.place, edit.value);
 }
 
 std::vector<std::string> EditJournal::lost(const PersistedState& end) const {
@@ -124,12 +129,21 @@ std::vector<std::string> EditJournal::lost(const PersistedState& end) const {
     std::vector<std::string> lost;
     for (std::size_t i = 0; i < edits_.size(); ++i) {
         const Edit& edit = edits_[i];
-        if (edit.isExcused || edit.takesBack || at(final, edit.place) == edit.value || isShown(edit) || isReplaced(i)
-            || isLenient(edit)) {
+        if (edit.isExcused || edit.takesBack || at(final, edit.place) == edit.value || isShown(edit)
+            || isReplaced(i) || isLenient(edit)) {
             continue;
         }
-        lost.push_back(edit.who + ": " + edit.place + " = " + edit.value.value_or("(removed)")
-                       + ", in the end " + at(final, edit.place).value_or("(none)"));
+        std::string told = edit.who + ": " + edit.place + " = " + edit.value.value_or("(removed)")
+                           + ", in the end " + at(final, edit.place).value_or("(none)") + "; edit "
+                           + std::to_string(i) + ", the place's:";
+        for (std::size_t j = 0; j < edits_.size(); ++j) {
+            if (edits_[j].place == edit.place) {
+                told += " " + std::to_string(j) + " " + edits_[j].who + " "
+                        + edits_[j].value.value_or("(removed)")
+                        + (edits_[j].isExcused ? " (not saved)" : "");
+            }
+        }
+        lost.push_back(std::move(told));
     }
     return lost;
 }

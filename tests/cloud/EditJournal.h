@@ -17,15 +17,15 @@ namespace fiscarel::testing {
 class EditJournal {
   public:
     /// An edit of the user's at a machine.
-    /// One that only takes back what the cloud has not seen yet asks for nothing: `common` tells the
-    /// states that machine and cloud had in common.
+    /// One that only takes back what the cloud has not seen yet asks for nothing: `common` tells
+    /// the states that machine and cloud had in common.
     void record(const std::string& who, const PersistedState& before, const PersistedState& after,
                 const std::function<std::vector<SharedStatePointer>()>& common);
     /// A machine was killed: its edits from a position on were not on its disk yet.
     void excuse(const std::string& who, std::size_t from);
     void shown(const std::vector<MergeConflict>& conflicts);
-    /// From here on removals and values of a new case may come undone without a conflict: nothing is
-    /// known of a common past where both sides are kept whole.
+    /// From here on removals and values of a new case may come undone without a conflict: nothing
+    /// is known of a common past where both sides are kept whole.
     void forgetRemovals() { isLenient_ = true; }
     void forgetRemovals(int year) { lenientYears_.insert(year); }
     /// The same for the edits of a time: before two machines know of each other.

@@ -131,7 +131,8 @@ void FaultProxy::handle(const std::shared_ptr<Exchange>& exchange) {
         });
         break;
     case Fault::twice:
-        forward(request, [this, request, deliver](const QByteArray&) { forward(request, deliver); });
+        forward(request,
+                [this, request, deliver](const QByteArray&) { forward(request, deliver); });
         break;
     case Fault::truncated:
         forward(request, [this, exchange](const QByteArray& answer) {
@@ -155,17 +156,17 @@ void FaultProxy::forward(const QByteArray& request, std::function<void(QByteArra
     }
     connect(server, &QTcpSocket::connected, server, [server, request] { server->write(request); });
     connect(server, &QTcpSocket::readyRead, this, [this, server, answer, answered] {
-                *answer += server->readAll();
-                if (messageLength(*answer) > 0) {
-                    if (records) {
-                        seen += *answer;
-                    }
-                    server->disconnect(this);
-                    server->abort();
-                    server->deleteLater();
-                    answered(*answer);
-                }
-            });
+        *answer += server->readAll();
+        if (messageLength(*answer) > 0) {
+            if (records) {
+                seen += *answer;
+            }
+            server->disconnect(this);
+            server->abort();
+            server->deleteLater();
+            answered(*answer);
+        }
+    });
     connect(server, &QTcpSocket::errorOccurred, this, [this, server, answered] {
         server->disconnect(this);
         server->deleteLater();

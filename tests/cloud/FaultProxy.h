@@ -31,8 +31,8 @@ class FaultProxy : public QObject {
     };
     static constexpr std::size_t faults = 8;
     static constexpr std::array<std::string_view, faults> names{
-        "none",  "connection refused",     "request lost",  "answer lost",
-        "late", "answer late", "twice", "truncated answer"};
+        "none", "connection refused", "request lost", "answer lost",
+        "late", "answer late",        "twice",        "truncated answer"};
     using Counts = std::array<std::size_t, faults>;
 
     FaultProxy(int serverPort, std::uint64_t seed);
