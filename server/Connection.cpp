@@ -55,10 +55,12 @@ Connection::~Connection() {
     }
 }
 
-void Connection::endSoon() {
-    if (!isBusy_) {
+bool Connection::endIfIdle() {
+    const bool isIdle = !isBusy_ && stream_.socket().is_open();
+    if (isIdle) {
         stream_.close();
     }
+    return isIdle;
 }
 
 template <class Work, class Then>
