@@ -212,6 +212,22 @@ TEST(ServerProtocol, nobodyLearnsWhetherThereIsAnAccount) {
     EXPECT_EQ(codeOf("a@example.ch"), codeOf("b@example.ch"));
 }
 
+TEST(ServerProtocol, whoIsNotAllowedGetsNoMailAndLearnsNothing) {
+    ServerDesk desk;
+    desk.services->allowed = AllowList{"a@example.ch", "@school.ch"};
+    const auto request = [&](const std::string& email) {
+        return told(desk.post("codigo-pedir.php", R"({"email":")" + email + R"("})"));
+    };
+    for (const std::string email :
+         {"a@example.ch", "b@example.ch", "x@school.ch", "x@a.school.ch"}) {
+        EXPECT_EQ(request(email), "200");
+        EXPECT_EQ(told(desk.check(email, "")), R"(403 {"error":"codigo","quedan":4})");
+    }
+    EXPECT_EQ(desk.mail.codes.size(), 2U);
+    EXPECT_NE(desk.signIn("a@example.ch"), "");
+    EXPECT_NE(desk.signIn("x@school.ch"), "");
+}
+
 TEST(ServerProtocol, aWrappedKeyIsOnlyReplacedByWhoKnowsIt) {
     ServerDesk desk;
     const std::string token = desk.signIn("a@example.ch");

@@ -386,6 +386,8 @@ TEST(RunningServerTest, theCommandLineOfItsKeeper) {
              {"--smtp", "smtp://localhost", "--mail-from", "nobody"},
              {"--code-file", "codes", "--smtp", "smtp://localhost", "--mail-from", "a@b.ch"},
              {"--port", "70000", "--code-file", "codes"},
+             {"--code-file", "codes", "--allow-file", "/none"},
+             {"--code-file", "codes", "--allow-file", server.codeFile().string()},
              {"--smtp", "smtp://h", "--mail-from", "a@b.ch", "--smtp-password-file", "/none"}}) {
         EXPECT_EQ(server.runOnce(arguments), 2);
     }
