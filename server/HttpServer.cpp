@@ -23,11 +23,8 @@ using asio::ip::tcp;
 class HttpServer::Core {
   public:
     Core(Protocol& protocol, Settings settings)
-        : settings_(std::move(settings)),
-          workers_(static_cast<std::size_t>(settings_.limits.threads)), host_{.protocol = protocol,
-                                                                              .settings = settings_,
-                                                                              .io = io_,
-                                                                              .workers = workers_} {
+        : settings_(std::move(settings)), host_{protocol, settings_, io_, workers_},
+          workers_(static_cast<std::size_t>(settings_.limits.threads)) {
         const tcp::endpoint endpoint(asio::ip::make_address(settings_.address), settings_.port);
         acceptor_.open(endpoint.protocol());
         acceptor_.set_option(asio::socket_base::reuse_address(true));
@@ -152,9 +149,9 @@ class HttpServer::Core {
     }
 
     const Settings settings_;
+    ConnectionHost host_; ///< before what still holds connections when it goes
     asio::io_context io_{1};
     asio::thread_pool workers_;
-    ConnectionHost host_;
     tcp::acceptor acceptor_{io_};
     asio::signal_set signals_{io_, SIGTERM, SIGINT};
     asio::steady_timer tidying_{io_};
