@@ -7,8 +7,11 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <barrier>
 #include <set>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace fiscarel::server {
@@ -52,6 +55,41 @@ TEST(ServerKeeping, deletedAccountsGoWithAllTheyHaveOnTheirDay) {
     const std::string again = desk.signIn("a@example.ch");
     EXPECT_EQ(told(desk.get("bloque.php?clave=estado", again)), "200 null") << "a new one is empty";
     EXPECT_EQ(desk.used(again), "0");
+}
+
+/// Calls `work(thread)` on eight threads that begin together.
+template <class Work>
+void atOnce(const Work& work) {
+    constexpr int count = 8;
+    std::barrier start(count);
+    std::vector<std::jthread> threads;
+    for (int i = 0; i < count; ++i) {
+        threads.emplace_back([&, i] {
+            start.arrive_and_wait();
+            work(i);
+        });
+    }
+}
+
+TEST(ServerKeeping, whatIsAskedAtOnceIsDoneOneAfterTheOther) {
+    ServerDesk desk(RateLimits::Rules::none(), {.mostAccountBytes = 1'000'000});
+    const std::string token = desk.signIn("a@example.ch");
+    for (int round = 0; round < 20; ++round) {
+        std::atomic<int> saved = 0;
+        std::atomic<int> kept = 0;
+        const std::string other = desk.signIn("b" + std::to_string(round) + "@example.ch");
+        atOnce([&](int thread) {
+            const Response answer = desk.save(token, round, std::string(20'000, 'x'));
+            saved += answer.status == 200 ? 1 : answer.status == 409 ? 0 : 100;
+            const std::string document(300'000, static_cast<char>('a' + thread)); // three fit
+            const int status = desk.post("recibo-subir.php", document, other).status;
+            kept += status == 200 ? 1 : status == 507 ? 0 : 100;
+        });
+        EXPECT_EQ(saved, 1);
+        EXPECT_EQ(kept, 3);
+        EXPECT_EQ(desk.used(other), "900000");
+    }
+    EXPECT_EQ(namesIn(desk.folder / "receipts").size(), 60U) << "what did not fit is gone again";
 }
 
 TEST(ServerKeeping, devicesComeAndGo) {
