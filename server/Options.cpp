@@ -115,6 +115,10 @@ tl::expected<Options, OptionsEnd> readOptions(int argc, const char* const* argv)
     if (options.codeFile.empty() == options.smtp.url.empty()) {
         return misused("Say how codes reach the users: either --smtp or --code-file.");
     }
+    if (!options.smtp.url.empty() && !options.smtp.url.starts_with("smtp://")
+        && !options.smtp.url.starts_with("smtps://")) {
+        return misused("--smtp is smtp://HOST:PORT or smtps://HOST.");
+    }
     if (!options.smtp.url.empty() && options.smtp.from.empty()) {
         return misused("--smtp needs --mail-from.");
     }

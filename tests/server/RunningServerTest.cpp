@@ -382,6 +382,7 @@ TEST(RunningServerTest, theCommandLineOfItsKeeper) {
         << "one server on a folder";
     for (const auto& arguments : std::vector<std::vector<std::string>>{
              {},
+             {"--smtp", "localhost", "--mail-from", "a@b.ch"},
              {"--smtp", "smtp://localhost"},
              {"--smtp", "smtp://localhost", "--mail-from", "nobody"},
              {"--code-file", "codes", "--smtp", "smtp://localhost", "--mail-from", "a@b.ch"},
