@@ -183,8 +183,9 @@ void expectAllThere(int port, Told& told) {
         EXPECT_EQ(list.find(id), std::string::npos);
     }
     simdjson::dom::parser parser;
-    for (const auto entry :
-         parser.parse(simdjson::padded_string(list))["recibos"].get_array().value()) {
+    const simdjson::dom::array listed =
+        parser.parse(simdjson::padded_string(list))["recibos"].get_array();
+    for (const simdjson::dom::element entry : listed) {
         const std::string id(entry["id"].get_string().value());
         const auto size = static_cast<std::size_t>(entry["tamano"].get_int64().value());
         EXPECT_EQ(machine.get("recibo.php?id=" + id, told.token).body.size(), size) << "half";
