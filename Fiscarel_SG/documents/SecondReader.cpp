@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
 #include "Fiscarel_SG/documents/payload/Mappers.h"
+#include "Fiscarel_SG/documents/rows/PageArrangement.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
 #include "Fiscarel_SG/documents/text/FoldedText.h"
 
@@ -22,7 +23,7 @@ DocumentRows rowsOf(const DocumentReading& reading) {
     DocumentRows document;
     for (const PageReading& page : reading.pages) {
         if (document.pages.size() < mostPages && !page.words.empty()) {
-            document.pages.push_back(buildRows(page));
+            document.pages.push_back(arranged(buildRows(page)));
         }
     }
     if (document.pages.empty()) {

@@ -7,29 +7,22 @@ namespace fiscarel {
 
 namespace {
 
-/// Whether the gap behind a word is wider than a blank.
-bool isColumnGap(const Row& row, std::size_t word) {
-    const RowWord& before = row.words[word];
-    const double letter =
-        before.place.width() / static_cast<double>(std::max<std::size_t>(before.text.size(), 1));
-    return row.words[word + 1].place.left - before.place.right > 1.5 * letter;
-}
-
 bool hasFirmAmounts(const Row& row) {
     return std::ranges::any_of(row.amounts, [](const RowAmount& amount) {
         return amount.amount.hasDecimals || amount.amount.hasMark;
     });
 }
 
-/// The words of a row that stand together, each group as a row of its own.
-std::vector<Row> cellsOf(const Row& row) {
+/// The cells of a row, each as a row of its own.
+std::vector<Row> cellRowsOf(const Row& row) {
     std::vector<Row> cells;
-    for (std::size_t i = 0; i < row.words.size(); ++i) {
-        if (i == 0 || isColumnGap(row, i - 1)) {
-            cells.push_back({.top = row.top, .bottom = row.bottom});
+    for (const LabelPlace& place : cellsOf(row)) {
+        Row cell{.top = row.top, .bottom = row.bottom};
+        for (std::size_t i = place.first; i <= place.last; ++i) {
+            cell.words.push_back(row.words[i]);
+            cell.folded += row.words[i].folded + ' ';
         }
-        cells.back().words.push_back(row.words[i]);
-        cells.back().folded += row.words[i].folded + ' ';
+        cells.push_back(std::move(cell));
     }
     return cells;
 }
@@ -45,7 +38,7 @@ double rightOf(const Row& cell) {
 
 /// Puts the words of a heading's second line under those they go on.
 void addLine(std::vector<Row>& cells, const Row& line) {
-    for (Row& below : cellsOf(line)) {
+    for (Row& below : cellRowsOf(line)) {
         const auto above = std::ranges::find_if(cells, [&](const Row& cell) {
             return leftOf(cell) < rightOf(below) && leftOf(below) < rightOf(cell);
         });
@@ -145,12 +138,12 @@ AccountHeading accountHeadingIn(const PageRows& page, std::size_t at) {
     if (hasFirmAmounts(row) || row.words.empty()) {
         return {.row = at};
     }
-    std::vector<Row> cells = cellsOf(row);
+    std::vector<Row> cells = cellRowsOf(row);
     AccountHeading heading = headingOf(cells, at, page.isRecognised);
     const bool goesOn = at + 1 < page.rows.size() && !hasFirmAmounts(page.rows[at + 1])
                         && page.rows[at + 1].top - row.bottom < row.height();
     if (goesOn && cells.size() >= 3 && !page.rows[at + 1].words.empty()
-        && cellsOf(page.rows[at + 1]).size() >= 2) {
+        && cellRowsOf(page.rows[at + 1]).size() >= 2) {
         addLine(cells, page.rows[at + 1]);
         const AccountHeading both = headingOf(cells, at + 1, page.isRecognised);
         return both.count() >= heading.count() ? both : heading;

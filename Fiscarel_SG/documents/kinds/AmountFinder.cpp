@@ -98,22 +98,6 @@ const RowAmount* amountBelow(const RowRange& range, std::size_t at, const LabelP
     return nullptr;
 }
 
-/// Words of a row that stand together, as the headings of columns do.
-std::vector<LabelPlace> columnsOf(const Row& row) {
-    std::vector<LabelPlace> columns;
-    for (std::size_t i = 0; i < row.words.size(); ++i) {
-        const RowWord& word = row.words[i];
-        const double letter =
-            word.place.width() / static_cast<double>(std::max<std::size_t>(word.text.size(), 1));
-        if (columns.empty() || word.place.left - columns.back().right > 1.5 * letter) {
-            columns.push_back({i, i, word.place.left, word.place.right});
-        }
-        columns.back().last = i;
-        columns.back().right = word.place.right;
-    }
-    return columns;
-}
-
 /// The heading an amount stands under: the one whose edge or middle is nearest to its own.
 std::size_t columnOf(const std::vector<LabelPlace>& columns, const RowAmount& amount) {
     const auto distance = [&](const LabelPlace& column) {
@@ -139,7 +123,7 @@ std::optional<Heading> headingAt(const RowRange& range, std::size_t at,
     if (!place || range.page->number == 0 || hasAmounts) {
         return std::nullopt;
     }
-    Heading heading{columnsOf(row)};
+    Heading heading{cellsOf(row)};
     while (heading.wanted < heading.columns.size()
            && heading.columns[heading.wanted].last < place->first) {
         ++heading.wanted;

@@ -206,6 +206,17 @@ PageRows buildRows(const PageReading& page) {
     return result;
 }
 
+Row rowOfWords(std::vector<RowWord> words, bool isRecognised) {
+    Row row;
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        row.top = i == 0 ? words[i].place.top : std::min(row.top, words[i].place.top);
+        row.bottom = i == 0 ? words[i].place.bottom : std::max(row.bottom, words[i].place.bottom);
+    }
+    row.words = std::move(words);
+    finish(row, isRecognised);
+    return row;
+}
+
 PageRows rowsOfText(std::string_view text, bool isRecognised) {
     PageRows result{.isRecognised = isRecognised};
     double top = 0;

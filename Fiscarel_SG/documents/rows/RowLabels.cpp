@@ -129,6 +129,21 @@ std::optional<LabelPlace> findLabel(const Row& row, const Labels& labels, bool i
     return std::nullopt;
 }
 
+std::vector<LabelPlace> cellsOf(const Row& row) {
+    std::vector<LabelPlace> cells;
+    for (std::size_t i = 0; i < row.words.size(); ++i) {
+        const RowWord& word = row.words[i];
+        const double letter =
+            word.place.width() / static_cast<double>(std::max<std::size_t>(word.text.size(), 1));
+        if (cells.empty() || word.place.left - cells.back().right > 1.5 * letter) {
+            cells.push_back({i, i, word.place.left, word.place.right});
+        }
+        cells.back().last = i;
+        cells.back().right = word.place.right;
+    }
+    return cells;
+}
+
 bool isIn(std::string_view folded, const Label& label) {
     if (!label.isOpenBefore()) {
         return hasPhrase(folded, label.isOpen() ? label.folded() + '*' : label.folded());
