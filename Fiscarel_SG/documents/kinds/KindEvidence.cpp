@@ -17,6 +17,7 @@ constexpr int enough = 6;   ///< below, nothing is concluded
 constexpr int clearly = 10; ///< and this far ahead of the next, the kind is clear
 constexpr int clearAhead = 4;
 constexpr int pillarTitle = 10;
+constexpr int provenWage = 14;
 constexpr int decisive = 12; ///< of the words that make a document none of the kinds
 
 std::string titleWords(const DocumentRows& document) {
@@ -125,7 +126,7 @@ bool hasPillarTitle(const DocumentRows& document) {
 
 } // namespace
 
-KindVerdict weighKind(const DocumentRows& document) {
+KindVerdict weighKind(const DocumentRows& document, bool isWageProven) {
     const std::string title = titleWords(document);
     std::map<Kind, int> scores;
     for (const KindWords& evidence : kindWords()) {
@@ -136,6 +137,9 @@ KindVerdict weighKind(const DocumentRows& document) {
         }
     }
     weighStructure(document, scores);
+    if (isWageProven) {
+        scores[Kind::lohnausweis] += provenWage;
+    }
     if (hasPillarTitle(document)) {
         scores[Kind::saeule3a] += pillarTitle;
     }
