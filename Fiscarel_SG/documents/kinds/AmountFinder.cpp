@@ -208,6 +208,22 @@ const RowAmount* amountBefore(const Row& row, const LabelPlace& label) {
     return isFirst ? &amount : nullptr;
 }
 
+/// The first amount behind a label in the same cell, where a sentence goes on behind it.
+const RowAmount* amountInCell(const Row& row, const LabelPlace& label,
+                              const std::vector<const RowAmount*>& right) {
+    const auto cells = cellsOf(row);
+    const auto cell = std::ranges::find_if(
+        cells, [&](const LabelPlace& one) { return one.last >= label.last; });
+    const RowAmount* first = nullptr;
+    for (const RowAmount* amount : right) {
+        const bool isIn = cell != cells.end() && amount->last <= cell->last;
+        if (isIn && (first == nullptr || (!first->amount.isFirm() && amount->amount.isFirm()))) {
+            first = amount;
+        }
+    }
+    return first;
+}
+
 std::optional<FoundAmount> amountFor(const RowRange& range, std::size_t at, const LabelPlace& label,
                                      const Wanted& wanted) {
     const Row& row = range.page->rows[at];
@@ -222,6 +238,7 @@ std::optional<FoundAmount> amountFor(const RowRange& range, std::size_t at, cons
     if (!right.empty()) {
         const RowAmount* headed =
             right.size() > 1 ? amountByHeading(range, at, wanted, right) : nullptr;
+        headed = headed == nullptr && right.size() > 1 ? amountInCell(row, label, right) : headed;
         found.amount = headed != nullptr ? *headed : choose(right, *range.page);
         found.isAlone = right.size() == 1 || headed != nullptr;
         return found;
@@ -251,7 +268,53 @@ bool isBarred(const Row& row, const Wanted& wanted, bool isRecognised) {
     return findLabel(row, wanted.without, isRecognised).has_value();
 }
 
-std::vector<FoundAmount> findByMeaning(const std::vector<RowRange>& ranges, const Wanted& wanted) {
+/// Whether a row is part of a sentence with amounts, which says before each what it is.
+bool isProse(const Row& row) {
+    constexpr std::size_t fewest = 6; // words
+    const auto firm = std::ranges::count_if(
+        row.amounts, [](const RowAmount& amount) { return amount.amount.isFirm(); });
+    if (row.words.size() < fewest || firm == 0 || cellsOf(row).size() != 1) {
+        return false;
+    }
+    std::size_t end = row.words.size();
+    while (end > 0 && isFrancs(row.words[end - 1].text)) {
+        --end;
+    }
+    return firm > 1 || row.amounts.back().last + 1 != end;
+}
+
+/// Which rows are looked at for labels.
+enum class Where { columns, everywhere };
+
+bool isLookedAt(const Row& row, const Wanted& wanted, bool isRecognised, Where where) {
+    return (where == Where::everywhere || !isProse(row)) && !isBarred(row, wanted, isRecognised);
+}
+
+std::vector<FoundAmount> findByLabel(const std::vector<RowRange>& ranges, const Wanted& wanted,
+                                     Where where) {
+    std::vector<FoundAmount> found;
+    for (const Label& label : wanted.labels) {
+        for (const RowRange& range : ranges) {
+            for (std::size_t at = range.first; at < range.end; ++at) {
+                const Row& row = range.page->rows[at];
+                const auto place = findLabel(row, label, range.page->isRecognised);
+                if (!place || !isLookedAt(row, wanted, range.page->isRecognised, where)) {
+                    continue;
+                }
+                if (auto amount = amountAt(range, at, *place, wanted)) {
+                    found.push_back(std::move(*amount));
+                }
+            }
+        }
+        if (!found.empty()) {
+            break;
+        }
+    }
+    return found;
+}
+
+std::vector<FoundAmount> findByMeaning(const std::vector<RowRange>& ranges, const Wanted& wanted,
+                                       Where where) {
     std::vector<FoundAmount> found;
     for (const Meaning& meaning : wanted.meanings) {
         for (const RowRange& range : ranges) {
@@ -259,7 +322,7 @@ std::vector<FoundAmount> findByMeaning(const std::vector<RowRange>& ranges, cons
             for (std::size_t at = range.first; at < range.end; ++at) {
                 const Row& row = range.page->rows[at];
                 const auto place = findMeaning(row, meaning, isRecognised);
-                if (!place || isBarred(row, wanted, isRecognised)
+                if (!place || !isLookedAt(row, wanted, isRecognised, where)
                     || namesAny(row, wanted.notMeant, isRecognised)) {
                     continue;
                 }
@@ -301,26 +364,11 @@ std::vector<RowRange> wholeDocument(const DocumentRows& document) {
 }
 
 std::vector<FoundAmount> findAmounts(const std::vector<RowRange>& ranges, const Wanted& wanted) {
-    std::vector<FoundAmount> found;
-    for (const Label& label : wanted.labels) {
-        for (const RowRange& range : ranges) {
-            for (std::size_t at = range.first; at < range.end; ++at) {
-                const Row& row = range.page->rows[at];
-                const auto place = findLabel(row, label, range.page->isRecognised);
-                if (!place || isBarred(row, wanted, range.page->isRecognised)) {
-                    continue;
-                }
-                if (auto amount = amountAt(range, at, *place, wanted)) {
-                    found.push_back(std::move(*amount));
-                }
-            }
-        }
-        if (!found.empty()) {
-            return found;
-        }
-    }
-    found = findByMeaning(ranges, wanted);
-    return found.empty() ? findInProse(ranges, wanted) : found;
+    auto found = findByLabel(ranges, wanted, Where::columns);
+    found = found.empty() ? findByMeaning(ranges, wanted, Where::columns) : std::move(found);
+    found = found.empty() ? findInProse(ranges, wanted) : std::move(found);
+    found = found.empty() ? findByLabel(ranges, wanted, Where::everywhere) : std::move(found);
+    return found.empty() ? findByMeaning(ranges, wanted, Where::everywhere) : found;
 }
 
 std::optional<FoundAmount> findLast(const std::vector<RowRange>& ranges, const Wanted& wanted) {

@@ -105,50 +105,82 @@ Row part(const Row& row, std::size_t first, std::size_t end) {
     return words;
 }
 
-/// Whether an amount of a sentence is what a meaning says.
-std::optional<LabelPlace> meaningOf(const Sentence& sentence, std::size_t which,
-                                    const Meaning& meaning, const Wanted& wanted) {
-    const bool isRecognised = sentence.amounts[which].page->isRecognised;
-    const bool isOnly = sentence.amounts.size() == 1;
-    const std::size_t from = which == 0 ? 0 : sentence.ends[which - 1] + 1;
-    const Row own = isOnly ? sentence.row : part(sentence.row, from, sentence.starts[which]);
-    const auto head = findLabel(own, wordsFor(meaning.front()), isRecognised);
-    const bool isAll = std::ranges::all_of(meaning, [&](Concept meant) {
-        return findLabel(sentence.row, wordsFor(meant), isRecognised).has_value();
-    });
-    if (!head || !isAll || findLabel(own, wanted.without, isRecognised)
-        || namesAny(own, wanted.notMeant, isRecognised)) {
-        return std::nullopt;
+/// The words that say what an amount is: those behind the amount before, up to it; all where the
+/// sentence has no other.
+struct OwnWords {
+    Row row;
+    std::size_t from = 0; ///< index of its first word in the sentence
+};
+
+OwnWords ownWords(const Sentence& sentence, std::size_t which) {
+    if (sentence.amounts.size() == 1) {
+        return {sentence.row, 0};
     }
-    return LabelPlace{head->first + (isOnly ? 0 : from), head->last + (isOnly ? 0 : from)};
+    const std::size_t from = which == 0 ? 0 : sentence.ends[which - 1] + 1;
+    return {part(sentence.row, from, sentence.starts[which]), from};
 }
+
+/// Finds amounts of sentences by what is said of them.
+class ProseSearch {
+  public:
+    ProseSearch(const std::vector<RowRange>& ranges, const Wanted& wanted) : wanted_(wanted) {
+        for (const RowRange& range : ranges) {
+            const Sentences found(range);
+            sentences_.insert(sentences_.end(), found.all().begin(), found.all().end());
+        }
+    }
+
+    std::vector<FoundAmount> run() const {
+        for (const Label& label : wanted_.labels) {
+            auto found = each([&](const Sentence&, const Row& own, bool isRecognised) {
+                return findLabel(own, label, isRecognised);
+            });
+            if (!found.empty()) {
+                return found;
+            }
+        }
+        for (const Meaning& meaning : wanted_.meanings) {
+            auto found = each([&](const Sentence& sentence, const Row& own, bool isRecognised) {
+                const bool isAll = std::ranges::all_of(meaning, [&](Concept meant) {
+                    return findLabel(sentence.row, wordsFor(meant), isRecognised).has_value();
+                });
+                return isAll && !namesAny(own, wanted_.notMeant, isRecognised)
+                           ? findLabel(own, wordsFor(meaning.front()), isRecognised)
+                           : std::nullopt;
+            });
+            if (!found.empty()) {
+                return found;
+            }
+        }
+        return {};
+    }
+
+  private:
+    template <class Finder>
+    std::vector<FoundAmount> each(const Finder& find) const {
+        std::vector<FoundAmount> found;
+        for (const Sentence& sentence : sentences_) {
+            for (std::size_t i = 0; i < sentence.amounts.size(); ++i) {
+                const bool isRecognised = sentence.amounts[i].page->isRecognised;
+                const OwnWords own = ownWords(sentence, i);
+                const auto place = find(sentence, own.row, isRecognised);
+                if (place && !findLabel(own.row, wanted_.without, isRecognised)) {
+                    found.push_back(sentence.amounts[i]);
+                    found.back().label = textBetween(own.row, place->first, place->last);
+                }
+            }
+        }
+        return found;
+    }
+
+    const Wanted& wanted_;
+    std::vector<Sentence> sentences_;
+};
 
 } // namespace
 
 std::vector<FoundAmount> findInProse(const std::vector<RowRange>& ranges, const Wanted& wanted) {
-    if (wanted.meanings.empty()) {
-        return {};
-    }
-    std::vector<Sentence> sentences;
-    for (const RowRange& range : ranges) {
-        const Sentences found(range);
-        sentences.insert(sentences.end(), found.all().begin(), found.all().end());
-    }
-    std::vector<FoundAmount> found;
-    for (const Meaning& meaning : wanted.meanings) {
-        for (const Sentence& sentence : sentences) {
-            for (std::size_t i = 0; i < sentence.amounts.size(); ++i) {
-                if (const auto place = meaningOf(sentence, i, meaning, wanted)) {
-                    found.push_back(sentence.amounts[i]);
-                    found.back().label = textBetween(sentence.row, place->first, place->last);
-                }
-            }
-        }
-        if (!found.empty()) {
-            break;
-        }
-    }
-    return found;
+    return ProseSearch(ranges, wanted).run();
 }
 
 } // namespace fiscarel

@@ -18,7 +18,8 @@ std::vector<ConceptWords> moneyWords() {
     return {
         {paid, {"einbezahlt*",  "eingezahlt*",  "bezahlt*",    "gezahlt*",        "ausbezahlt*",
                 "überwiesen*",  "geleistet*",   "entrichtet*", "gutgeschrieben*", "erhalten*",
-                "eingegangen*", "vereinnahmt*", "beglichen*",  "ausgerichtet*",   "belastet*",
+                "eingegangen*", "vereinnahmt*", "beglichen*", "Erhalt", "Eingang", "Zahlung", "Zahlungen",
+                "Bezahlung", "Auszahlung*", "*bezug", "Vergütet*", "paiement*", "pagament*", "réglé*",  "ausgerichtet*",   "belastet*",
                 "getätigt*",    "einbringen",   "versé",       "versée",          "versés",
                 "versées",      "payé",         "payée",       "payés",           "payées",
                 "acquitté*",    "effectué*",    "crédité*",    "débité*",         "reçu",
@@ -117,7 +118,14 @@ std::vector<ConceptWords> moneyWords() {
                  "précédent*", "precedent*",     "Folgejahr",  "nächst*",    "prochain*",
                  "prossim*",   "Zwischentotal",  "sous-total", "subtotale",  "Übertrag",
                  "report",     "riporto",        "davon",      "dont",       "di cui",
-                 "wovon",      "darin enthalten"}},
+                 "wovon",      "darin enthalten", "pro Tag", "pro Stunde", "pro Lektion",
+                 "pro Woche",  "pro Halbtag", "je Tag", "je Stunde", "*tarif", "Tagesansatz*",
+                 "Stundenansatz*", "par jour", "par heure", "par semaine", "al giorno", "all'ora",
+                 "Rate", "Raten", "*raten", "acompte*", "acomptes", "acconto", "acconti", "rata",
+                 "Annullation*", "Annullierung*", "Abmeldung*", "Rücktritt*", "annulation*",
+                 "annullamento", "*mahngebühr*", "Mahnspesen", "Mahnung", "rappel", "sollecito",
+                 "Duplikat*", "duplicat*", "Mindest*", "Minimum", "minimo", "*ziel", "objectif*",
+                 "obiettivo", "Vergleich", "comparaison", "confronto"}},
     };
 }
 
@@ -195,8 +203,8 @@ std::vector<ConceptWords> provisionWords() {
           "Obergrenze", "plafond*",     "disponib*", "zulässig*",   "autorisé*",   "ammess*",
           "früher*",    "künftig*"}},
         {pension,
-         {"*rente", "*renten", "Rentenbetrag", "Rentenleistung*", "Rentenzahlung*", "rente",
-          "rentes", "pension", "pensions", "rendita", "rendite", "pensione", "pensioni"}},
+         {"*rente", "*renten", "Renten*", "Rentenleistung*", "Rentenzahlung*", "rente",
+          "rentes", "pension de retraite", "pensions", "rendita", "rendite", "pensioni"}},
         {wage,
          {"*lohn", "*gehalt", "*salär", "*verdienst", "*bezüge", "*besoldung", "Lohnsumme",
           "Lohntotal", "Erwerbseinkommen", "salaire*", "traitement*", "rémunération*", "gains",
