@@ -184,7 +184,19 @@ class AccountMapper {
         return nullptr;
     }
 
-    void proposeEntry(const Figures& figures, const Iban* iban, const RowRange& range) {
+    /// Interest beside a debt is the debt's, unless tax was withheld from it.
+    static void giveInterestToDebt(Figures& figures) {
+        const auto at = [&](Figure figure) -> std::optional<FoundAmount>& {
+            return figures[static_cast<std::size_t>(figure)];
+        };
+        if (at(Figure::debt) && !at(Figure::debtInterest) && !at(Figure::balance)
+            && !at(Figure::withholding)) {
+            at(Figure::debtInterest) = std::exchange(at(Figure::interest), std::nullopt);
+        }
+    }
+
+    void proposeEntry(Figures figures, const Iban* iban, const RowRange& range) {
+        giveInterestToDebt(figures);
         const auto at = [&](Figure figure) -> const std::optional<FoundAmount>& {
             return figures[static_cast<std::size_t>(figure)];
         };

@@ -264,8 +264,24 @@ std::optional<FoundAmount> amountAt(const RowRange& range, std::size_t at, const
     return found ? std::move(found) : amountUnder(range, at, place);
 }
 
+/// Whether a row speaks of the first day of a year and not of its last.
+bool isOfYearsBeginning(const Row& row) {
+    bool isFirst = false;
+    for (const RowWord& word : row.words) {
+        const auto day = parseDay(word.text);
+        isFirst |= day && day->month() == 1 && day->day() == 1;
+        if (day && day->month() == 12) {
+            return false;
+        }
+    }
+    return isFirst;
+}
+
 bool isBarred(const Row& row, const Wanted& wanted, bool isRecognised) {
-    return findLabel(row, wanted.without, isRecognised).has_value();
+    const bool isNotOpening = std::ranges::find(wanted.notMeant, Concept::opening)
+                              != wanted.notMeant.end();
+    return findLabel(row, wanted.without, isRecognised).has_value()
+           || (isNotOpening && isOfYearsBeginning(row));
 }
 
 /// Whether a row is part of a sentence with amounts, which says before each what it is.
@@ -297,8 +313,9 @@ std::vector<FoundAmount> findByLabel(const std::vector<RowRange>& ranges, const 
         for (const RowRange& range : ranges) {
             for (std::size_t at = range.first; at < range.end; ++at) {
                 const Row& row = range.page->rows[at];
-                const auto place = findLabel(row, label, range.page->isRecognised);
-                if (!place || !isLookedAt(row, wanted, range.page->isRecognised, where)) {
+                const bool isRecognised = range.page->isRecognised;
+                const auto place = findLabel(row, label, isRecognised);
+                if (!place || !isLookedAt(row, wanted, isRecognised, where)) {
                     continue;
                 }
                 if (auto amount = amountAt(range, at, *place, wanted)) {

@@ -102,6 +102,15 @@ void weighStructure(const DocumentRows& document, std::map<Kind, int>& scores) {
     }
 }
 
+/// What only a statement of securities speaks of.
+const Labels& securities() {
+    static const Labels words{"Valor*",  "ISIN",  "Depot*", "Wertschrift*", "Werte mit VSt",
+                              "*titel",  "titres", "titoli", "Aktien",       "actions",
+                              "azioni",  "Obligation*", "obbligazion*", "Fonds", "fondi",
+                              "Kurs*", "eCH-0196", "Stück", "dépôt", "deposito titoli"};
+    return words;
+}
+
 bool hasNoAmount(const Row& row) {
     return std::ranges::none_of(row.amounts,
                                 [](const RowAmount& amount) { return amount.amount.isFirm(); });
@@ -137,6 +146,10 @@ KindVerdict weighKind(const DocumentRows& document, bool isWageProven) {
         }
     }
     weighStructure(document, scores);
+    if (!isAnyIn(document.folded, securities())) { // a bank may call anything a tax statement
+        scores[Kind::bankauszug] += scores[Kind::steuerauszug] / 2;
+        scores[Kind::steuerauszug] = 0;
+    }
     if (isWageProven) {
         scores[Kind::lohnausweis] += provenWage;
     }

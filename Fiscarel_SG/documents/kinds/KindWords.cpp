@@ -244,7 +244,21 @@ const std::vector<KindWords>& kindWords() {
          3,
          {"*bank", "Bank*", "Kantonalbank", "Raiffeisen*", "Sparkasse", "Regionalbank",
           "PostFinance", "Banque*", "Caisse d'épargne", "Banca*", "Cassa di risparmio",
-          "Kreditkasse"}},
+          "Kreditkasse", "*leihkasse", "Crédit*", "Credito", "Risparmio", "Caisse mutuelle",
+          "Épargne"}},
+        {bankauszug,
+         4,
+         {"Passivzins*", "Intérêts de la dette", "Intérêts débités", "Intérêts passifs",
+          "Zinsen auf Schuld*", "Restschuld", "Restkapital", "Restschuldsaldo", "Solde du prêt",
+          "Dette hypothécaire", "Debito ipotecario", "Debito in capitale", "Capital dû",
+          "Mutuo ipotecario", "Prêt hypothécaire", "Festhypothek*", "Hypothekarsaldo"}},
+        {bankauszug,
+         4,
+         {"VST 35", "IA 35", "IP 35", "Verrechnungssteuer 35", "Impôt anticipé 35",
+          "Imposta preventiva 35", "Schlusssaldo", "Solde de clôture", "Saldo di chiusura",
+          "Sparheft", "Livret d'épargne", "Libretto di risparmio", "Sparkonto", "Privatkonto",
+          "Compte d'épargne", "Compte privé", "Compte courant", "Conto di risparmio",
+          "Conto privato", "Conto corrente", "Zahlungskonto", "Zinsen brutto", "Bruttozinsen"}},
     };
     static const auto rows = [] {
         std::vector<KindWords> all = institutions;

@@ -359,7 +359,7 @@ const std::vector<KindWords>& kindWordsOfBills() {
          4,
          {"amtlicher Wert", "amtlichen Wert", "*verkehrswert*", "Steuerwert der Liegenschaft",
           "Steuerschätzwert", "Valeur officielle", "Valeur vénale", "Valeur d'estimation",
-          "Valore ufficiale", "Valore venale", "Valeur fiscale", "Valore di stima", "Neuwert",
+          "Valore ufficiale", "Valore venale",  "Valore di stima", "Neuwert",
           "Ertragswert", "Realwert", "Valeur de rendement", "Valore di reddito",
           "Gebäudeversicherung*"}},
         {liegenschaft,
