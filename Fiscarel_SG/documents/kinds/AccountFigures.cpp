@@ -69,10 +69,42 @@ std::optional<Figure> figureOf(const Row& cell, bool isRecognised) {
     return found;
 }
 
+/// Several headings that stand too near to each other to be told apart by their gaps, each by its
+/// own words.
+void splitHeading(const Row& cell, bool isRecognised, AccountHeading& heading) {
+    std::vector<std::pair<std::size_t, LabelPlace>> found;
+    for (std::size_t figure = 0; figure < figureCount; ++figure) {
+        const Wanted& wanted = wantedOf(static_cast<Figure>(figure));
+        auto place = findLabel(cell, wanted.labels, isRecognised);
+        for (const Meaning& meaning : wanted.meanings) {
+            place = place ? place : findMeaning(cell, meaning, isRecognised);
+        }
+        const bool isTaken = place && std::ranges::any_of(found, [&](const auto& other) {
+            return other.second.first <= place->last && place->first <= other.second.last;
+        });
+        if (place && !isTaken) {
+            found.emplace_back(figure, *place);
+        }
+    }
+    for (const auto& [figure, place] : found) {
+        if (found.size() >= 2 && !heading.columns[figure]) {
+            heading.columns[figure] = place;
+            heading.words[figure] = textBetween(cell, place.first, place.last);
+        }
+    }
+}
+
 AccountHeading headingOf(const std::vector<Row>& cells, std::size_t row, bool isRecognised) {
     AccountHeading heading{.row = row};
     for (const Row& cell : cells) {
         const auto figure = figureOf(cell, isRecognised);
+        if (cell.words.size() > 3 && cells.size() > 1 && cell.words.size() < 12) {
+            const std::size_t before = heading.count();
+            splitHeading(cell, isRecognised, heading);
+            if (heading.count() > before) {
+                continue;
+            }
+        }
         if (!figure || cell.words.size() > 8) {
             continue;
         }

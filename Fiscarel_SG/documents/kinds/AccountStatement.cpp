@@ -97,9 +97,13 @@ class AccountMapper {
                 return std::ranges::count_if(word.text, [](char c) { return c >= '0' && c <= '9'; })
                        >= 4;
             });
-            const bool hasAmount = std::ranges::any_of(row.amounts, [](const RowAmount& amount) {
-                return amount.amount.hasDecimals || amount.amount.hasCurrency;
-            });
+            const auto cells = cellsOf(row);
+            const bool hasAmount =
+                std::ranges::any_of(row.amounts, [&](const RowAmount& amount) {
+                    const bool isApart = cells.size() > 1 && amount.first >= cells.back().first;
+                    return amount.amount.hasDecimals || amount.amount.hasCurrency
+                           || (amount.amount.hasMark && isApart);
+                });
             if (hasNumber && !hasAmount && row.words.size() <= 12 && !isContactLine(page, row)
                 && (name(Concept::account) || name(Concept::debt))) {
                 starts.push_back(at);
@@ -145,25 +149,28 @@ class AccountMapper {
     /// Each row of a table with an amount and either an account number or words; totals are none.
     void proposeTable(const PageRows& page, const AccountHeading& heading, std::size_t end,
                       const std::vector<Iban>& ibans) {
-        static const Labels totals{"Total*", "Summe",    "Somme",       "Somma",
-                                   "Totale", "Totaux",   "Totali",      "Gesamt*",
-                                   "*total", "zusammen", "Gesamtbetrag"};
+        const Labels& totals = wordsFor(Concept::total);
+        Decimal sum;
         for (std::size_t at = heading.row + 1; at < end; ++at) {
             const Row& row = page.rows[at];
             Figures figures = figuresByColumn(page, at, heading);
             const bool hasAny =
                 std::ranges::any_of(figures, [](const auto& figure) { return figure.has_value(); });
-            if (hasAny && isAnyIn(row.folded, totals)) {
+            const auto& balance = figures[static_cast<std::size_t>(Figure::balance)];
+            const bool isSum = balance && !sum.isZero() && balance->value() == sum;
+            if (hasAny && (isSum || isAnyIn(row.folded, totals))) {
                 break;
             }
             if (!hasAny) {
                 continue;
             }
             const Iban* own = ibanOf(ibans, at, heading.row);
-            if (own == nullptr
-                && (row.words.empty() || row.amounts.empty() || row.amounts.front().first == 0)) {
+            const auto firm = std::ranges::find_if(
+                row.amounts, [](const RowAmount& amount) { return amount.amount.isFirm(); });
+            if (own == nullptr && (firm == row.amounts.end() || firm->first == 0)) {
                 continue;
             }
+            sum = sum + (balance ? balance->value() : Decimal());
             asDebt(row, page.isRecognised, figures);
             proposeEntry(figures, own, {&page, at, at + 1});
         }

@@ -266,9 +266,13 @@ std::optional<FoundAmount> amountAt(const RowRange& range, std::size_t at, const
 
 /// Whether a row speaks of the first day of a year and not of its last.
 bool isOfYearsBeginning(const Row& row) {
+    const auto text = [&](std::size_t at) -> std::string_view {
+        return at < row.words.size() ? std::string_view(row.words[at].text) : std::string_view();
+    };
     bool isFirst = false;
-    for (const RowWord& word : row.words) {
-        const auto day = parseDay(word.text);
+    for (std::size_t i = 0; i < row.words.size(); ++i) {
+        auto day = parseDay(text(i));
+        day = day ? day : parseDay(text(i), text(i + 1), text(i + 2));
         isFirst |= day && day->month() == 1 && day->day() == 1;
         if (day && day->month() == 12) {
             return false;

@@ -47,9 +47,16 @@ class Sentences {
     explicit Sentences(const RowRange& range) : range_(range) {
         for (std::size_t at = range.first; at < range.end; ++at) {
             const Row& row = range.page->rows[at];
+            if (!row.words.empty() && !isTabular(row)) {
+                margin_ = std::max(margin_, row.words.back().place.right);
+            }
+        }
+        for (std::size_t at = range.first; at < range.end; ++at) {
+            const Row& row = range.page->rows[at];
             const bool isApart =
                 at > range.first && row.top - range.page->rows[at - 1].bottom > 1.2 * row.height();
-            if (isApart || (range.page->number != 0 && isTabular(row))) {
+            if (isApart || (at > range.first && isBrokenOn(range.page->rows[at - 1], row))
+                || (range.page->number != 0 && isTabular(row))) {
                 finish();
             }
             if (range.page->number == 0 || !isTabular(row)) {
@@ -62,6 +69,16 @@ class Sentences {
     const std::vector<Sentence>& all() const { return sentences_; }
 
   private:
+    /// Whether a line ends before the margin although the next word would have had room: a title, a
+    /// salutation, the end of a paragraph.
+    bool isBrokenOn(const Row& line, const Row& next) const {
+        const bool isKnown =
+            range_.page->number != 0 && !line.words.empty() && !next.words.empty();
+        return isKnown
+               && line.words.back().place.right + next.words.front().place.width() + line.height()
+                      < margin_;
+    }
+
     void take(std::size_t at) {
         const Row& row = range_.page->rows[at];
         std::size_t next = 0; // amount
@@ -93,6 +110,7 @@ class Sentences {
     }
 
     const RowRange& range_;
+    double margin_ = 0; ///< where full lines end
     Sentence current_;
     std::vector<Sentence> sentences_;
 };

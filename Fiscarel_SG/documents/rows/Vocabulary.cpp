@@ -133,7 +133,7 @@ std::vector<ConceptWords> bankWords() {
     using enum Concept;
     return {
         {balance,
-         {"*saldo",         "Saldi",        "Salden",     "*guthaben",      "Kontostand",
+         {"*saldo",         "*bestand",  "Saldi",        "Salden",     "*guthaben",      "Kontostand",
           "Stand per",      "Stand am",     "*kapital",   "*vermögen",      "Vermögensstand",
           "Kontowert",      "*steuerwert",  "Marktwert",  "solde*",         "avoir",
           "avoirs",         "fortune",      "capital",    "état du compte", "valeur fiscale",
