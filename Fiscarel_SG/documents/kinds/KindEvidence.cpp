@@ -119,17 +119,17 @@ bool hasNoAmount(const Row& row) {
 /// A short line at the top that names pillar 3a: such accounts and policies are a bank's or an
 /// insurer's, whose own words would outweigh it.
 bool hasPillarTitle(const DocumentRows& document) {
-    static const Labels names{"Säule 3a",         "Pilier 3a",         "Pilastro 3a",
-                              "Vorsorgekonto 3a", "Vorsorge 3a",       "Prévoyance 3a",
-                              "Previdenza 3a",    "Vorsorgepolice 3a", "3a-Konto",
-                              "Konto 3a",         "Vorsorgedepot 3a"};
-    if (document.pages.empty()) {
-        return false;
-    }
-    const PageRows& first = document.pages.front();
-    return std::ranges::any_of(first.rows, [&](const Row& row) {
-        return row.middle() < first.height * 0.45 && row.words.size() <= 8 && hasNoAmount(row)
-               && isAnyIn(row.folded, names);
+    static const Labels names{"Säule 3a",           "Pilier 3a",           "Pilastro 3a",
+                              "Vorsorgekonto 3a",   "Vorsorge 3a",         "Prévoyance 3a",
+                              "Previdenza 3a",      "Vorsorgepolice 3a",   "3a-Konto",
+                              "Konto 3a",           "Vorsorgedepot 3a",    "gebundene Vorsorge",
+                              "gebundenen Vorsorge", "gebundene Selbstvorsorge",
+                              "prévoyance liée",    "previdenza vincolata"};
+    return std::ranges::any_of(document.pages, [&](const PageRows& page) {
+        return std::ranges::any_of(page.rows, [&](const Row& row) {
+            return row.middle() < page.height * 0.45 && row.words.size() <= 8 && hasNoAmount(row)
+                   && isAnyIn(row.folded, names);
+        });
     });
 }
 

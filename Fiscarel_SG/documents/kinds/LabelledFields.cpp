@@ -44,6 +44,8 @@ const std::vector<LabelledField>& labelledFields() {
            {contribution, pillar3a},
            {contribution, yearly},
            {amount, paid},
+           {paid, pillar3a},
+           {paid, total},
            {contribution},
            {total}},
           {buyIn, ordinary, possible, other, balance, opening, interest, occupational}},

@@ -45,6 +45,12 @@ bool hasFirmAmount(const Row& row) {
                                [](const RowAmount& amount) { return amount.amount.isFirm(); });
 }
 
+bool hasFirmAmount(const Row& row, const LabelPlace& cell) {
+    return std::ranges::any_of(row.amounts, [&](const RowAmount& amount) {
+        return amount.amount.isFirm() && cell.first <= amount.first && amount.last <= cell.last;
+    });
+}
+
 std::size_t lettersIn(const Row& row, const LabelPlace& cell) {
     std::size_t letters = 0;
     for (std::size_t i = cell.first; i <= cell.last; ++i) {
@@ -129,7 +135,11 @@ std::optional<std::vector<std::size_t>> gridColumns(const Row& labels, const Row
             return std::nullopt;
         }
         columns.push_back(index);
-        hasText |= roleOf(values, cell) == Role::text;
+        const Role role = roleOf(values, cell);
+        if (role == Role::text && hasFirmAmount(values, cell)) {
+            return std::nullopt; // a sentence
+        }
+        hasText |= role == Role::text;
         isLeft &= std::abs(cell.left - head->left) <= aligned;
     }
     // Amounts that stand to the right under their heading, after a name, are a table's.
