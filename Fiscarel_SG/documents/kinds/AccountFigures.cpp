@@ -94,17 +94,21 @@ void splitHeading(const Row& cell, bool isRecognised, AccountHeading& heading) {
     }
 }
 
+/// The most amounts that stand in one of the rows below a heading.
+std::size_t amountsBelow(const PageRows& page, std::size_t at) {
+    std::ptrdiff_t most = 0;
+    for (std::size_t below = at + 1; below < std::min(at + 4, page.rows.size()); ++below) {
+        most = std::max(most, std::ranges::count_if(page.rows[below].amounts, [](const auto& one) {
+                            return one.amount.isFirm();
+                        }));
+    }
+    return static_cast<std::size_t>(most);
+}
+
 AccountHeading headingOf(const std::vector<Row>& cells, std::size_t row, bool isRecognised) {
     AccountHeading heading{.row = row};
     for (const Row& cell : cells) {
         const auto figure = figureOf(cell, isRecognised);
-        if (cell.words.size() > 3 && cells.size() > 1 && cell.words.size() < 12) {
-            const std::size_t before = heading.count();
-            splitHeading(cell, isRecognised, heading);
-            if (heading.count() > before) {
-                continue;
-            }
-        }
         if (!figure || cell.words.size() > 8) {
             continue;
         }
@@ -172,6 +176,13 @@ AccountHeading accountHeadingIn(const PageRows& page, std::size_t at) {
     }
     std::vector<Row> cells = cellRowsOf(row);
     AccountHeading heading = headingOf(cells, at, page.isRecognised);
+    if (cells.size() > 1 && heading.count() > 0 && heading.count() < amountsBelow(page, at)) {
+        AccountHeading split{.row = at};
+        for (const Row& cell : cells) {
+            splitHeading(cell, page.isRecognised, split);
+        }
+        heading = split.count() > heading.count() ? split : heading;
+    }
     const bool goesOn = at + 1 < page.rows.size() && !hasFirmAmounts(page.rows[at + 1])
                         && page.rows[at + 1].top - row.bottom < row.height();
     if (goesOn && cells.size() >= 3 && !page.rows[at + 1].words.empty()

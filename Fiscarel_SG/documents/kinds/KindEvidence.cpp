@@ -16,7 +16,7 @@ using Kind = StoredDocument::Kind;
 constexpr int enough = 6;   ///< below, nothing is concluded
 constexpr int clearly = 10; ///< and this far ahead of the next, the kind is clear
 constexpr int clearAhead = 4;
-constexpr int pillarTitle = 10;
+constexpr int pillarTitle = 16;
 constexpr int provenWage = 14;
 constexpr int decisive = 12; ///< of the words that make a document none of the kinds
 
@@ -186,6 +186,12 @@ bool isPensionPaper(const DocumentRows& document) {
                               "Rentenleistungen",
                               "ausgerichtete* Rente*",
                               "Renten",
+                              "Rentenbezug*",
+                              "*auszahlung",
+                              "*auszahlungen",
+                              "ausbezahlte* Leistung*",
+                              "prestations versées",
+                              "prestazioni versate",
                               "Attestation de rente*",
                               "Attestation des rentes",
                               "Certificat de rente*",

@@ -332,7 +332,7 @@ const std::vector<KindWords>& kindWordsOfBills() {
          3,
          {"Steuerwert*", "Valeur fiscale", "Valore fiscale", "Wertausweis", "Wertbestätigung"}},
         {versicherung,
-         3,
+         1,
          {"*Leben", "Leben", "Lebens*", "Vita", "Vie", "Vie SA", "Police*", "Polizza"}},
         {versicherung,
          6,

@@ -74,9 +74,13 @@ class Sentences {
     bool isBrokenOn(const Row& line, const Row& next) const {
         const bool isKnown =
             range_.page->number != 0 && !line.words.empty() && !next.words.empty();
-        return isKnown
-               && line.words.back().place.right + next.words.front().place.width() + line.height()
-                      < margin_;
+        if (!isKnown) {
+            return false;
+        }
+        const bool isAmount = !next.amounts.empty() && next.amounts.front().first == 0;
+        const double width = isAmount ? next.amounts.front().place.width() // is not torn apart
+                                      : next.words.front().place.width();
+        return line.words.back().place.right + width + line.height() < margin_;
     }
 
     void take(std::size_t at) {

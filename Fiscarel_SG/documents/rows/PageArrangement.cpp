@@ -72,14 +72,21 @@ void append(Words& words, const Words& more) {
 
 double gapBetween(const Row& above, const Row& below) { return below.top - above.bottom; }
 
-/// Left edges of the second label and further ones of a row of pairs "label amount label amount";
-/// empty for other rows.
-std::vector<double> pairEdges(const Row& row) {
+/// Whether a cell is a bare number, maybe with its unit: a value where labels stand beside it.
+bool isNumber(const Row& row, const LabelPlace& cell) {
+    return lettersIn(row, cell) < 3
+           && std::ranges::any_of(row.words[cell.first].text,
+                                  [](char c) { return c >= '0' && c <= '9'; });
+}
+
+/// Left edges of the second label and further ones of a row of pairs "label amount label amount",
+/// or of bare numbers; empty for other rows.
+std::vector<double> pairEdges(const Row& row, bool areBare = false) {
     std::vector<double> edges;
     bool isAfterAmount = false;
     bool hasLabel = false;
     for (const LabelPlace& cell : cellsOf(row)) {
-        const Role role = roleOf(row, cell);
+        const Role role = areBare && isNumber(row, cell) ? Role::amount : roleOf(row, cell);
         if (role == Role::text) {
             if ((hasLabel && !isAfterAmount) || lettersIn(row, cell) < 4) {
                 return {};
@@ -217,6 +224,14 @@ class Arrangement {
             edges = pairEdges(rows[at + 1]); // the first row of a column may lack the other
             edges = fitsEdges(rows[at], edges) ? edges : std::vector<double>();
         }
+        if (edges.empty() && at + 1 < rows.size()) {
+            edges = pairEdges(rows[at], true); // two rows of bare numbers tell as much
+            const std::vector<double> next = pairEdges(rows[at + 1], true);
+            const bool isSame = std::ranges::equal(edges, next, [](double a, double b) {
+                return std::abs(a - b) <= aligned;
+            });
+            edges = isSame ? edges : std::vector<double>();
+        }
         if (edges.empty()) {
             return false;
         }
@@ -261,10 +276,7 @@ class Arrangement {
         const Row& labels = rows[at];
         const Row& values = rows[at + 1];
         const auto columns = gridColumns(labels, values);
-        const bool goesOn = at + 2 < rows.size() && hasFirmAmount(rows[at + 2])
-                            && gapBetween(values, rows[at + 2]) < 1.6 * values.height()
-                            && gridColumns(labels, rows[at + 2]);
-        if (!columns || goesOn || !hasOnlyLabels(labels)) {
+        if (!columns || hasMoreRows(at) || !hasOnlyLabels(labels)) {
             return false;
         }
         const Cells heads = cellsOf(labels);
@@ -282,6 +294,18 @@ class Arrangement {
         }
         shift_ += std::max(0.0, top - values.bottom - shift_);
         return true;
+    }
+
+    /// Whether the values of a grid are but the first row of a table.
+    bool hasMoreRows(std::size_t at) const {
+        const auto& rows = page_.rows;
+        if (at + 2 >= rows.size() || !hasFirmAmount(rows[at + 2])
+            || gapBetween(rows[at + 1], rows[at + 2]) > 1.6 * rows[at + 1].height()) {
+            return false;
+        }
+        const double left = rows[at + 1].words.front().place.left;
+        return gridColumns(rows[at], rows[at + 2]).has_value()
+               || std::abs(rows[at + 2].words.front().place.left - left) <= aligned;
     }
 
     static bool hasOnlyLabels(const Row& row) {
