@@ -87,7 +87,7 @@ void splitHeading(const Row& cell, bool isRecognised, AccountHeading& heading) {
         }
     }
     for (const auto& [figure, place] : found) {
-        if (found.size() >= 2 && !heading.columns[figure]) {
+        if (!heading.columns[figure]) {
             heading.columns[figure] = place;
             heading.words[figure] = textBetween(cell, place.first, place.last);
         }

@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/documents/kinds/AmountFinder.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
+#include "Fiscarel_SG/documents/kinds/PersonParts.h"
 #include "Fiscarel_SG/documents/kinds/PlainAmount.h"
 
 #include <algorithm>
@@ -259,8 +260,11 @@ class BillMapper {
           ranges_(wholeDocument(context.document)) {}
 
     void propose() {
-        printed_ = bestTotal();
         const bool isPayable = context_.bill && context_.bill->bill.amount;
+        if (target_.record == Record::child && !isPayable && proposeEachChild()) {
+            return;
+        }
+        printed_ = bestTotal();
         if (!isPayable && (!printed_ || printed_->value() < 1)) {
             return;
         }
@@ -285,6 +289,31 @@ class BillMapper {
     }
 
   private:
+    /// A record for each child the document tells the costs of.
+    bool proposeEachChild() {
+        const Wanted& wanted = ownTotals(target_.kind);
+        const auto parts = findPersonAmounts(context_.document, wanted);
+        Decimal sum;
+        for (const PersonAmount& part : parts) {
+            sum = sum + part.found.value();
+        }
+        for (const PersonAmount& part : parts) {
+            ProposedRecord record =
+                recordWith(context_.facts, target_.record, target_.title + (' ' + part.name),
+                           part.found.page->number);
+            record.personName = part.name;
+            record_ = draft_.addRecord(std::move(record));
+            std::vector<ProposalCheck> checks;
+            if (findPrinted(context_.document, sum)) {
+                checks.push_back({"Alle Kinder zusammen: " + shown(sum), true});
+            }
+            draft_.add(record_, target_.amount, part.found.value(),
+                       evidenceOf(part.found, wanted, context_.isKindClear, std::move(checks)));
+            proposeWords(payeeName(), false);
+        }
+        return !parts.empty();
+    }
+
     std::string payeeName() const {
         return context_.bill && !context_.bill->bill.payee.empty() ? context_.bill->bill.payee
                                                                    : context_.facts.issuer.text;

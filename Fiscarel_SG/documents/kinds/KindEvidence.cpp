@@ -119,7 +119,7 @@ bool hasNoAmount(const Row& row) {
 /// A short line at the top that names pillar 3a: such accounts and policies are a bank's or an
 /// insurer's, whose own words would outweigh it.
 bool hasPillarTitle(const DocumentRows& document) {
-    static const Labels names{"Säule 3a",           "Pilier 3a",           "Pilastro 3a",
+    static const Labels names{"3a", "Säule 3a",           "Pilier 3a",           "Pilastro 3a",
                               "Vorsorgekonto 3a",   "Vorsorge 3a",         "Prévoyance 3a",
                               "Previdenza 3a",      "Vorsorgepolice 3a",   "3a-Konto",
                               "Konto 3a",           "Vorsorgedepot 3a",    "gebundene Vorsorge",
