@@ -303,11 +303,6 @@ bool isProse(const Row& row) {
     return firm > 1 || row.amounts.back().last + 1 != end;
 }
 
-bool hasFirmAmounts(const Row& row) {
-    return std::ranges::any_of(row.amounts,
-                               [](const RowAmount& amount) { return amount.amount.isFirm(); });
-}
-
 /// Which rows are looked at for labels.
 enum class Where { columns, everywhere };
 
@@ -325,7 +320,7 @@ std::vector<FoundAmount> findByLabel(const std::vector<RowRange>& ranges, const 
                 const bool isRecognised = range.page->isRecognised;
                 const auto place = findLabel(row, label, isRecognised);
                 if (!place || !isLookedAt(row, wanted, isRecognised, where)
-                    || (hasFirmAmounts(row) && namesAny(row, wanted.notMeant, isRecognised))) {
+                    || (std::ranges::any_of(row.amounts, isCandidate) && namesAny(row, wanted.notMeant, isRecognised))) {
                     continue; // a heading names other columns too
                 }
                 if (auto amount = amountAt(range, at, *place, wanted)) {

@@ -155,6 +155,8 @@ const Wanted& ownTotals(Kind kind) {
                                  {parents, contribution},
                                  {total, paid},
                                  {childcare, total},
+                                 {amount, childcare},
+                                 {childcare, yearly},
                                  {fee, total},
                                  {amount, total}},
                                 {other, refunded, publicShare, possible}};

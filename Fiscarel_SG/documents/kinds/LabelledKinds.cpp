@@ -72,7 +72,10 @@ std::optional<Chosen> chooseFound(std::vector<FoundAmount> found, int below) {
 
 /// A paper for several people, as spouses get for their pillar 3a: a record for each.
 bool proposePeople(const KindContext& context, const LabelledField& row, ProposalDraft& draft) {
-    if (row.record != Record::personDeductions) {
+    const std::string_view field = row.field;
+    const bool isMain = field == "pillar3a"
+                        || (field == "pensionBuyIn" && context.kind == Kind::pensionskasse);
+    if (!isMain) {
         return false;
     }
     auto parts = findPersonAmounts(context.document, row.wanted);
