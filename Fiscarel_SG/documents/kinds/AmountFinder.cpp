@@ -12,10 +12,13 @@ using Witness = Proposal::Witness;
 
 namespace {
 
+constexpr int longestBare = 5'000'000; ///< larger numbers without marks are of bills, of clients
+
 /// What may be an amount beside a label. A bare whole number only counts when it is no year.
 bool isCandidate(const RowAmount& amount) {
     return amount.amount.isFirm()
-           || (!amount.amount.isYearLike() && amount.amount.value.abs() >= 10);
+           || (!amount.amount.isYearLike() && amount.amount.value.abs() >= 10
+               && amount.amount.value.abs() < longestBare);
 }
 
 double alignment(const PageRows& page) { return page.isRecognised ? 6.0 : 4.0; }
@@ -197,6 +200,62 @@ const RowAmount* amountByHeading(const RowRange& range, std::size_t at, const Wa
     return nullptr;
 }
 
+/// How new what a heading's words say is: the year they name, the last of all for "new", the first
+/// for what is of another time; absent for other words.
+std::optional<int> newness(const Row& heading, const LabelPlace& cell, bool isRecognised) {
+    static const Labels present{"neu",    "neuer",  "neue",   "aktuell*", "nouveau", "nouvelle",
+                                "actuel*", "nuovo", "nuova",  "attuale",  "laufend*"};
+    Row words;
+    std::optional<int> year;
+    for (std::size_t i = cell.first; i <= cell.last; ++i) {
+        words.words.push_back(heading.words[i]);
+        const auto day = parseDay(heading.words[i].text);
+        const auto number = parseAmount(heading.words[i].text);
+        year = day                              ? std::optional(day->year())
+               : number && number->isYearLike() ? std::optional(std::stoi(heading.words[i].text))
+                                                : year;
+    }
+    static const Labels old{"alt", "alter", "alte", "bisher*", "Vorjahr*", "ancien*", "précédent*",
+                            "vecchio", "precedente"};
+    return findLabel(words, present, isRecognised) ? std::optional(9999)
+           : findLabel(words, old, isRecognised)   ? std::optional(0)
+                                                   : year;
+}
+
+/// Of several amounts under headings that tell a time the one of the newest.
+const RowAmount* amountByPeriod(const RowRange& range, std::size_t at,
+                                const std::vector<const RowAmount*>& amounts) {
+    for (std::size_t above = at; above-- > range.first && at - above < 15;) {
+        const Row& heading = range.page->rows[above];
+        if (range.page->number == 0
+            || std::ranges::any_of(heading.amounts, [](const RowAmount& amount) {
+                   return amount.amount.isFirm();
+               })) {
+            continue;
+        }
+        const RowAmount* newest = nullptr;
+        int best = -1;
+        int told = 0;
+        for (const RowAmount* amount : amounts) {
+            for (const LabelPlace& cell : cellsOf(heading)) {
+                const bool isOver = cell.left < amount->place.right + alignment(*range.page)
+                                    && amount->place.left < cell.right + alignment(*range.page);
+                const auto when =
+                    isOver ? newness(heading, cell, range.page->isRecognised) : std::nullopt;
+                told += when ? 1 : 0;
+                if (when && *when > best) {
+                    best = *when;
+                    newest = amount;
+                }
+            }
+        }
+        if (told >= 2) {
+            return newest;
+        }
+    }
+    return nullptr;
+}
+
 /// "CHF 7'056.00 Einbezahlte Beiträge": the row's only amount, before its words.
 const RowAmount* amountBefore(const Row& row, const LabelPlace& label) {
     if (row.amounts.size() != 1 || !row.amounts.front().amount.isFirm()
@@ -238,6 +297,7 @@ std::optional<FoundAmount> amountFor(const RowRange& range, std::size_t at, cons
     if (!right.empty()) {
         const RowAmount* headed =
             right.size() > 1 ? amountByHeading(range, at, wanted, right) : nullptr;
+        headed = headed == nullptr && right.size() > 1 ? amountByPeriod(range, at, right) : headed;
         headed = headed == nullptr && right.size() > 1 ? amountInCell(row, label, right) : headed;
         found.amount = headed != nullptr ? *headed : choose(right, *range.page);
         found.isAlone = right.size() == 1 || headed != nullptr;
@@ -306,12 +366,18 @@ bool isProse(const Row& row) {
 /// Which rows are looked at for labels.
 enum class Where { columns, everywhere };
 
+/// Which rows and amounts are looked at.
+struct Pass {
+    Where where = Where::columns;
+    bool firmOnly = true; ///< no amounts that only their digits speak for
+};
+
 bool isLookedAt(const Row& row, const Wanted& wanted, bool isRecognised, Where where) {
     return (where == Where::everywhere || !isProse(row)) && !isBarred(row, wanted, isRecognised);
 }
 
 std::vector<FoundAmount> findByLabel(const std::vector<RowRange>& ranges, const Wanted& wanted,
-                                     Where where) {
+                                     Pass pass) {
     std::vector<FoundAmount> found;
     for (const Label& label : wanted.labels) {
         for (const RowRange& range : ranges) {
@@ -319,11 +385,12 @@ std::vector<FoundAmount> findByLabel(const std::vector<RowRange>& ranges, const 
                 const Row& row = range.page->rows[at];
                 const bool isRecognised = range.page->isRecognised;
                 const auto place = findLabel(row, label, isRecognised);
-                if (!place || !isLookedAt(row, wanted, isRecognised, where)
+                if (!place || !isLookedAt(row, wanted, isRecognised, pass.where)
                     || (std::ranges::any_of(row.amounts, isCandidate) && namesAny(row, wanted.notMeant, isRecognised))) {
                     continue; // a heading names other columns too
                 }
-                if (auto amount = amountAt(range, at, *place, wanted)) {
+                auto amount = amountAt(range, at, *place, wanted);
+                if (amount && (!pass.firmOnly || amount->amount.amount.isFirm())) {
                     found.push_back(std::move(*amount));
                 }
             }
@@ -336,7 +403,7 @@ std::vector<FoundAmount> findByLabel(const std::vector<RowRange>& ranges, const 
 }
 
 std::vector<FoundAmount> findByMeaning(const std::vector<RowRange>& ranges, const Wanted& wanted,
-                                       Where where) {
+                                       Pass pass) {
     std::vector<FoundAmount> found;
     for (const Meaning& meaning : wanted.meanings) {
         for (const RowRange& range : ranges) {
@@ -344,13 +411,15 @@ std::vector<FoundAmount> findByMeaning(const std::vector<RowRange>& ranges, cons
             for (std::size_t at = range.first; at < range.end; ++at) {
                 const Row& row = range.page->rows[at];
                 const auto place = findMeaning(row, meaning, isRecognised);
-                if (!place || !isLookedAt(row, wanted, isRecognised, where)
+                if (!place || !isLookedAt(row, wanted, isRecognised, pass.where)
                     || namesAny(row, wanted.notMeant, isRecognised)) {
                     continue;
                 }
                 auto amount = amountAt(range, at, *place, wanted);
                 // Small bare numbers are days, pieces, points.
-                if (amount && (amount->amount.amount.isFirm() || amount->value().abs() >= 100)) {
+                if (amount
+                    && (amount->amount.amount.isFirm()
+                        || (!pass.firmOnly && amount->value().abs() >= 100))) {
                     found.push_back(std::move(*amount));
                 }
             }
@@ -386,11 +455,21 @@ std::vector<RowRange> wholeDocument(const DocumentRows& document) {
 }
 
 std::vector<FoundAmount> findAmounts(const std::vector<RowRange>& ranges, const Wanted& wanted) {
-    auto found = findByLabel(ranges, wanted, Where::columns);
-    found = found.empty() ? findByMeaning(ranges, wanted, Where::columns) : std::move(found);
-    found = found.empty() ? findInProse(ranges, wanted) : std::move(found);
-    found = found.empty() ? findByLabel(ranges, wanted, Where::everywhere) : std::move(found);
-    return found.empty() ? findByMeaning(ranges, wanted, Where::everywhere) : found;
+    std::vector<FoundAmount> found;
+    for (const bool firmOnly : {true, false}) {
+        for (const Where where : {Where::columns, Where::everywhere}) {
+            const Pass pass{where, firmOnly};
+            for (const auto find : {findByLabel, findByMeaning}) {
+                if (found = find(ranges, wanted, pass); !found.empty()) {
+                    return found;
+                }
+            }
+            if (found = findInProse(ranges, wanted); !found.empty()) {
+                return found;
+            }
+        }
+    }
+    return found;
 }
 
 std::optional<FoundAmount> findLast(const std::vector<RowRange>& ranges, const Wanted& wanted) {

@@ -169,7 +169,7 @@ KindVerdict weighKind(const DocumentRows& document, bool isWageProven) {
         }
     }
     if (const int against = exclusionWeight(title, document.folded);
-        against >= decisive && against + 6 > best) {
+        against >= decisive && against + 6 > best - (isWageProven ? provenWage : 0)) {
         return {.kind = Kind::anderes, .isClear = true};
     }
     if (best < enough) {
@@ -187,6 +187,8 @@ bool isPensionPaper(const DocumentRows& document) {
                               "ausgerichtete* Rente*",
                               "Renten",
                               "Rentenbezug*",
+                              "Leistungsausweis",
+                              "Altersrente",
                               "*auszahlung",
                               "*auszahlungen",
                               "ausbezahlte* Leistung*",

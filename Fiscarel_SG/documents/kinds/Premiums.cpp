@@ -48,7 +48,7 @@ const Wanted& netPremiums() {
                                {},
                                true,
                                {{premium, net}},
-                               {other, costSharing}};
+                               {other}};
     return wanted;
 }
 const Wanted& reductions() {

@@ -94,8 +94,12 @@ class Search {
             first.boxes[box] = table_[box].empty() ? std::nullopt : table_[box].front();
             current_.boxes[box] = std::nullopt;
             if (box >= 2) {
-                table_[box].push_back(sumOf(table_[box]));
-                table_[box].push_back(std::nullopt);
+                if (auto sum = sumOf(table_[box])) {
+                    table_[box].push_back(std::move(sum));
+                }
+                if (table_[box].empty()) { // what is printed is not left out
+                    table_[box].push_back(std::nullopt);
+                }
             }
         }
         return tryBox(0) ? current_ : first;

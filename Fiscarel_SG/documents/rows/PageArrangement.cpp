@@ -153,6 +153,32 @@ std::optional<std::vector<std::size_t>> gridColumns(const Row& labels, const Row
     return columns.empty() || (hasText && !isLeft) ? std::nullopt : std::optional(columns);
 }
 
+/// Bare numbers in a column of amounts are amounts: "648" above "648.05".
+void firmColumns(PageRows& page) {
+    std::vector<double> edges;
+    for (const Row& row : page.rows) {
+        for (const RowAmount& amount : row.amounts) {
+            if (amount.amount.hasDecimals || amount.amount.hasMark) {
+                edges.push_back(amount.place.right);
+            }
+        }
+    }
+    const double near = page.isRecognised ? 3 : 1.5;
+    for (Row& row : page.rows) {
+        for (RowAmount& amount : row.amounts) {
+            const auto count = std::ranges::count_if(edges, [&](double edge) {
+                return std::abs(edge - amount.place.right) <= near;
+            });
+            const bool isApart =
+                amount.first == 0 || amount.last + 1 == row.words.size()
+                || row.words[amount.last + 1].place.left - amount.place.right > row.height();
+            if (!amount.amount.isFirm() && !amount.amount.isYearLike() && count >= 2 && isApart) {
+                amount.amount.hasCurrency = true;
+            }
+        }
+    }
+}
+
 class Arrangement {
   public:
     explicit Arrangement(PageRows page) : page_(std::move(page)) {
@@ -211,8 +237,13 @@ class Arrangement {
         for (RowWord& word : amount) {
             word.place = {word.place.left + move, top, word.place.right + move, top + height};
         }
+        const bool isAmount = !amount.empty();
         append(label, amount);
         rows_.push_back(rowOfWords(std::move(label), page_.isRecognised));
+        Row& row = rows_.back();
+        if (isAmount && !row.amounts.empty() && row.amounts.back().last + 1 == row.words.size()) {
+            row.amounts.back().amount.hasCurrency = true; // it was one where it stood
+        }
     }
 
     /// "label amount   label amount": first the left column, then the right one.
@@ -387,6 +418,9 @@ class Arrangement {
 
 } // namespace
 
-PageRows arranged(PageRows page) { return Arrangement(std::move(page)).run(); }
+PageRows arranged(PageRows page) {
+    firmColumns(page);
+    return Arrangement(std::move(page)).run();
+}
 
 } // namespace fiscarel

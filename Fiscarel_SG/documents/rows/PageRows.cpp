@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/rows/PageSlope.h"
 #include "Fiscarel_SG/documents/text/FoldedText.h"
+#include "Fiscarel_SG/documents/text/Utf8Letters.h"
 
 #include <algorithm>
 #include <cmath>
@@ -74,7 +75,11 @@ double gapInDigits(const RowWord& word, const RowWord& next) {
 /// Whether two words may be one amount: "68" and "000.00".
 bool isSplitAmount(const RowWord& word, const RowWord& next) {
     const std::string_view tail = next.text;
-    return hasOnlyDigits(word.text) && word.text.size() <= 3 && word.text[0] != '0'
+    std::string_view head = word.text;
+    if (const auto [code, length] = firstLetter(head); isDash(code)) {
+        head.remove_prefix(length);
+    }
+    return hasOnlyDigits(head) && head.size() <= 3 && head[0] != '0'
            && tail.size() >= 3 && hasOnlyDigits(tail.substr(0, 3))
            && (tail.size() == 3 || tail[3] == '.' || tail[3] == ',');
 }
@@ -146,6 +151,25 @@ std::optional<RowAmount> amountAt(const Row& row, std::size_t at, const std::vec
     return amountFrom(row, at, last, *amount);
 }
 
+/// "– 1 340.75": a dash that stands before an amount and behind nothing is its sign.
+void takeSign(const Row& row, RowAmount& amount) {
+    if (amount.first == 0 || amount.amount.value < 0) {
+        return;
+    }
+    const std::size_t at = amount.first - 1;
+    const RowWord& dash = row.words[at];
+    const auto [code, length] = firstLetter(dash.text);
+    const double height = amount.place.height();
+    const bool isLone = isDash(code) && length == dash.text.size();
+    if (isLone && amount.place.left - dash.place.right < 0.8 * height
+        && (at == 0 || dash.place.left - row.words[at - 1].place.right > 1.5 * height)) {
+        amount.amount.value = -amount.amount.value;
+        amount.first = at;
+        amount.place = around(amount.place, dash.place);
+        amount.printed = around(amount.printed, dash.printed);
+    }
+}
+
 void findAmounts(Row& row, bool isRecognised) {
     std::vector<std::string_view> texts;
     for (const RowWord& word : row.words) {
@@ -158,6 +182,7 @@ void findAmounts(Row& row, bool isRecognised) {
         }
         if (auto amount = amountAt(row, at, barred, isRecognised)) {
             at = amount->last;
+            takeSign(row, *amount);
             row.amounts.push_back(std::move(*amount));
         }
     }
