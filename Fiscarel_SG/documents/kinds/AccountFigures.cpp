@@ -9,7 +9,7 @@ namespace {
 
 bool hasFirmAmounts(const Row& row) {
     return std::ranges::any_of(row.amounts, [](const RowAmount& amount) {
-        return amount.amount.hasDecimals || amount.amount.hasMark;
+        return amount.amount.isFirm();
     });
 }
 

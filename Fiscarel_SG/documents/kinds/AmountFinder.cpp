@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 
 namespace fiscarel {
 
@@ -234,22 +235,24 @@ const RowAmount* amountByPeriod(const RowRange& range, std::size_t at,
             continue;
         }
         const RowAmount* newest = nullptr;
-        int best = -1;
-        int told = 0;
+        std::map<std::size_t, int> told; // by the cell's first word
         for (const RowAmount* amount : amounts) {
             for (const LabelPlace& cell : cellsOf(heading)) {
                 const bool isOver = cell.left < amount->place.right + alignment(*range.page)
                                     && amount->place.left < cell.right + alignment(*range.page);
                 const auto when =
                     isOver ? newness(heading, cell, range.page->isRecognised) : std::nullopt;
-                told += when ? 1 : 0;
-                if (when && *when > best) {
-                    best = *when;
-                    newest = amount;
+                const bool isNewest =
+                    when && std::ranges::all_of(told, [&](const auto& other) {
+                        return other.second < *when;
+                    });
+                newest = isNewest ? amount : newest;
+                if (when) {
+                    told[cell.first] = *when;
                 }
             }
         }
-        if (told >= 2) {
+        if (told.size() >= 2) {
             return newest;
         }
     }
@@ -294,6 +297,9 @@ std::optional<FoundAmount> amountFor(const RowRange& range, std::size_t at, cons
     }
     FoundAmount found{
         .page = range.page, .row = at, .label = textBetween(row, label.first, label.last)};
+    if (std::ranges::any_of(right, [](const RowAmount* one) { return one->amount.isFirm(); })) {
+        std::erase_if(right, [](const RowAmount* one) { return !one->amount.isFirm(); });
+    }
     if (!right.empty()) {
         const RowAmount* headed =
             right.size() > 1 ? amountByHeading(range, at, wanted, right) : nullptr;
@@ -505,6 +511,26 @@ std::optional<ProposalCheck> columnCheck(const FoundAmount& total) {
             return ProposalCheck{"Die " + std::to_string(count)
                                      + " Beträge darüber ergeben zusammen " + shown(sum),
                                  true};
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<FoundAmount> totalBelow(const FoundAmount& part) {
+    const PageRows& page = *part.page;
+    for (std::size_t at = part.row + 1; at < std::min(page.rows.size(), part.row + 15); ++at) {
+        const Row& row = page.rows[at];
+        const auto aligned = std::ranges::find_if(row.amounts, [&](const RowAmount& amount) {
+            return std::abs(amount.place.right - part.amount.place.right) <= alignment(page);
+        });
+        if (aligned == row.amounts.end()) {
+            continue;
+        }
+        const std::size_t last = aligned->first == 0 ? 0 : aligned->first - 1;
+        FoundAmount total{
+            .page = part.page, .row = at, .amount = *aligned, .label = textBetween(row, 0, last)};
+        if (columnCheck(total)) {
+            return total;
         }
     }
     return std::nullopt;

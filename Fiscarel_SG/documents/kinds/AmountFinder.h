@@ -55,6 +55,9 @@ std::optional<FoundAmount> findFirst(const std::vector<RowRange>& ranges, const 
 /// being taken off; absent when fewer than two stand there or they do not.
 std::optional<ProposalCheck> columnCheck(const FoundAmount& total);
 
+/// The total below an amount in its column that `columnCheck` proves; absent when there is none.
+std::optional<FoundAmount> totalBelow(const FoundAmount& part);
+
 /// Whether the same amount stands a second time by words that fit; absent when it does not.
 std::optional<ProposalCheck> repeatCheck(const std::vector<RowRange>& ranges, const Wanted& wanted,
                                          const FoundAmount& found);

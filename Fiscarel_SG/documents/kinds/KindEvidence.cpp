@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/KindWords.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
+#include "Fiscarel_SG/documents/rows/Vocabulary.h"
 
 #include <algorithm>
 #include <array>
@@ -111,6 +112,17 @@ const Labels& securities() {
     return words;
 }
 
+/// Whether a document speaks of interest, a balance or a debt.
+bool namesMoneyAtBank(const DocumentRows& document) {
+    static const std::vector<Concept> concepts{Concept::interest, Concept::balance, Concept::debt,
+                                               Concept::debtInterest, Concept::withholding};
+    return std::ranges::any_of(document.pages, [](const PageRows& page) {
+        return std::ranges::any_of(page.rows, [&](const Row& row) {
+            return row.middle() < page.height * 0.93 && namesAny(row, concepts, page.isRecognised);
+        });
+    });
+}
+
 bool hasNoAmount(const Row& row) {
     return std::ranges::none_of(row.amounts,
                                 [](const RowAmount& amount) { return amount.amount.isFirm(); });
@@ -149,6 +161,9 @@ KindVerdict weighKind(const DocumentRows& document, bool isWageProven) {
     if (!isAnyIn(document.folded, securities())) { // a bank may call anything a tax statement
         scores[Kind::bankauszug] += scores[Kind::steuerauszug] / 2;
         scores[Kind::steuerauszug] = 0;
+    }
+    if (!namesMoneyAtBank(document)) { // a course or a fund sends a "Kontoauszug" too
+        scores[Kind::bankauszug] /= 2;
     }
     if (isWageProven) {
         scores[Kind::lohnausweis] += provenWage;

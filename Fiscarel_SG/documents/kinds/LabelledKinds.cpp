@@ -102,6 +102,11 @@ void proposeField(const KindContext& context, const LabelledField& row, RecordsB
     if (!chosen) {
         return;
     }
+    if (row.record == Record::pension) { // supplements are part of it
+        if (auto total = totalBelow(chosen->found)) {
+            chosen = Chosen{std::move(*total), false};
+        }
+    }
     Evidence evidence =
         evidenceOf(chosen->found, row.wanted, context.isKindClear && !chosen->isDisputed,
                    witnessChecks(wholeDocument(context.document), row.wanted, chosen->found));

@@ -79,7 +79,7 @@ bool isSplitAmount(const RowWord& word, const RowWord& next) {
     if (const auto [code, length] = firstLetter(head); isDash(code)) {
         head.remove_prefix(length);
     }
-    return hasOnlyDigits(head) && head.size() <= 3 && head[0] != '0'
+    return hasOnlyDigits(head) && head.size() <= 3 && (head[0] != '0' || head.size() == 3)
            && tail.size() >= 3 && hasOnlyDigits(tail.substr(0, 3))
            && (tail.size() == 3 || tail[3] == '.' || tail[3] == ',');
 }
@@ -116,7 +116,7 @@ std::optional<RowAmount> amountAt(const Row& row, std::size_t at, const std::vec
     std::string text = row.words[at].text;
     std::size_t last = at;
     std::size_t parts = 0;
-    while (last + 1 < row.words.size() && parts < 2 && !barred[last + 1]
+    while (!text.starts_with('0') && last + 1 < row.words.size() && parts < 2 && !barred[last + 1]
            && continuesAmount(row.words[last], row.words[last + 1])) {
         ++last;
         ++parts;
