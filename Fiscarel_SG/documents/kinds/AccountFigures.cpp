@@ -207,7 +207,9 @@ Figures figuresByColumn(const PageRows& page, std::size_t at, const AccountHeadi
                 nearest = i;
             }
         }
-        if (nearest < figureCount && amount.amount.isFirm() && least < distances[nearest]) {
+        const bool isLarge = !amount.amount.isYearLike() && amount.amount.value >= 1000;
+        if (nearest < figureCount && (amount.amount.isFirm() || isLarge)
+            && least < distances[nearest]) {
             figures[nearest] = FoundAmount{
                 .page = &page, .row = at, .amount = amount, .label = heading.words[nearest]};
             distances[nearest] = least;

@@ -17,7 +17,8 @@ using Record = ProposedRecord::Kind;
 struct Iban {
     std::string text; ///< compact
     std::size_t row = 0;
-    std::size_t last = 0; ///< index of its last word in the row
+    std::size_t first = 0; ///< index of its first word in the row
+    std::size_t last = 0;
 };
 
 /// The first sound account number of a row.
@@ -35,7 +36,7 @@ std::optional<Iban> ibanIn(const Row& row, std::size_t at) {
             if (taxcore::looksLikeIban(joined)
                 && taxcore::ibanFault(joined) != taxcore::IbanFault::length
                 && taxcore::ibanFault(joined) != taxcore::IbanFault::form) {
-                return Iban{taxcore::compactIban(joined), at, last};
+                return Iban{taxcore::compactIban(joined), at, first, last};
             }
         }
     }
@@ -79,9 +80,45 @@ class AccountMapper {
                 i + 1 < headings.size() ? headings[i + 1].row : page.rows.size();
             proposeTable(page, headings[i], end, ibans);
         }
-        if (headings.empty()) {
+        if (headings.empty() && !proposeNamedRows(page, ibans)) {
             proposeBlocks(page, ibans);
         }
+    }
+
+    /// The words before an account number, which name the account; empty when there are none.
+    static std::string nameBefore(const PageRows& page, const Iban& iban) {
+        const Row& row = page.rows[iban.row];
+        std::string name;
+        for (std::size_t i = 0; i < iban.first; ++i) {
+            if (!row.words[i].folded.empty() && row.words[i].folded != "iban") {
+                name += (name.empty() ? "" : " ") + row.words[i].folded;
+            }
+        }
+        return name;
+    }
+
+    /// Accounts that are named with their numbers first, and by name in each row of an amount:
+    /// "Sparkonto – Zins   12.50". False when the page is not set so.
+    bool proposeNamedRows(const PageRows& page, const std::vector<Iban>& ibans) {
+        std::vector<PageRows> parts;
+        for (const Iban& iban : ibans) {
+            PageRows part = page;
+            const std::string name = nameBefore(page, iban);
+            std::erase_if(part.rows, [&](const Row& row) {
+                return name.empty() || row.amounts.empty() || !row.folded.starts_with(name)
+                       || row.folded == page.rows[iban.row].folded;
+            });
+            parts.push_back(std::move(part));
+        }
+        if (std::ranges::count_if(parts, [](const PageRows& part) { return !part.rows.empty(); })
+            < 2) {
+            return false;
+        }
+        for (std::size_t i = 0; i < parts.size(); ++i) {
+            const RowRange range{&parts[i], 0, parts[i].rows.size()};
+            proposeEntry(figuresByLabel(range), &ibans[i], range);
+        }
+        return true;
     }
 
     /// Rows that begin with the name of an account or loan and its number, as its block does.
