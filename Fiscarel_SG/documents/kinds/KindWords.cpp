@@ -178,6 +178,7 @@ const std::vector<KindWords>& kindWords() {
           "Premio totale", "Totale premi", "Total primes", "Primes payées", "Prämienaufwand",
           "*versicherungsprämien", "Sussidio cantonale", "Subside cantonal", "Prämientotal",
           "Bezahlte Prämien", "premi assicurativi", "primes d'assurance"}},
+        {krankenkasse, 3, {"dei premi", "de primes", "des primes", "Ihre Prämien", "premi 20*"}},
         {krankenkasse,
          2,
          {"VVG", "LCA", "Zusatzversicherung*", "assurance complémentaire",

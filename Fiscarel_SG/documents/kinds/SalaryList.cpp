@@ -16,6 +16,7 @@ constexpr std::size_t mostCandidates = 6; ///< for a box
 struct BoxWords {
     SalaryBox box;
     Wanted wanted;
+    Labels vague = {}; ///< words that mean it among the amounts of a wage only
 };
 
 /// What a list calls the boxes of the form; the surest meaning first.
@@ -24,14 +25,16 @@ const std::array<BoxWords, 5>& boxWords() {
     static const std::array<BoxWords, 5> rows{
         BoxWords{SalaryBox::gross,
                  {{}, employers, true, {{gross, wage, total}, {gross, wage}, {gross, total}, {gross},
-                                        {wage, total}}, {net, other, pension}}},
+                                        {wage, total}, {wage, yearly}, {wage}},
+                  {net, other, pension}}},
         BoxWords{SalaryBox::net, {{}, employers, true, {{net, wage}, {net}}, {gross, other, pension}}},
         BoxWords{SalaryBox::buyIn, {{}, employers, true, {{buyIn}}, {possible}}},
         BoxWords{SalaryBox::social,
                  {{}, employers, true, {{social, total}, {social}}, {gross, net, buyIn, pension}}},
         BoxWords{SalaryBox::pensionFund,
                  {{}, employers, true, {{occupational, total}, {occupational}, {ordinary}},
-                  {gross, net, buyIn, social, pension}}},
+                  {gross, net, buyIn, social, pension}},
+                 {"*vorsorge*", "PK", "PK-*", "prévoyance*", "previdenza*", "Altersvorsorge*"}},
     };
     return rows;
 }
@@ -41,9 +44,15 @@ using Candidates = std::vector<std::optional<FoundAmount>>;
 /// All amounts that may be a box, the surest first; of deductions also none.
 Candidates candidatesOf(const std::vector<RowRange>& ranges, const BoxWords& words) {
     Candidates found;
+    std::vector<Wanted> ways;
     for (const Meaning& meaning : words.wanted.meanings) {
-        Wanted one = words.wanted;
-        one.meanings = {meaning};
+        ways.push_back(words.wanted);
+        ways.back().meanings = {meaning};
+    }
+    ways.push_back(words.wanted);
+    ways.back().meanings.clear();
+    ways.back().labels = words.vague;
+    for (const Wanted& one : ways) {
         for (FoundAmount& amount : findAmounts(ranges, one)) {
             const bool isKnown = std::ranges::any_of(found, [&](const auto& known) {
                 return known->row == amount.row && known->page == amount.page

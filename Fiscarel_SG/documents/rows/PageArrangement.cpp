@@ -195,10 +195,11 @@ class Arrangement {
         const auto& rows = page_.rows;
         for (std::size_t at = 0; at < rows.size();) {
             const std::size_t taken = takePairs(at)    ? end_ - at
-                                      : takeGrid(at)   ? 2
-                                      : takeSplit(at)  ? 2
+                                      : takeGrid(at)    ? 2
+                                      : takeCaptions(at) ? 2
+                                      : takeSplit(at)   ? 2
                                       : takeSwapped(at) ? 1
-                                                       : 0;
+                                                        : 0;
             if (taken == 0) {
                 keep(rows[at]);
             }
@@ -307,24 +308,62 @@ class Arrangement {
         const Row& labels = rows[at];
         const Row& values = rows[at + 1];
         const auto columns = gridColumns(labels, values);
-        if (!columns || hasMoreRows(at) || !hasOnlyLabels(labels)) {
+        if (!columns || isCaptionBelow(at) || hasMoreRows(at) || !hasOnlyLabels(labels)) {
             return false;
         }
+        composeGrid(labels, values, *columns);
+        return true;
+    }
+
+    /// Amounts in one row, what they are in the next.
+    bool takeCaptions(std::size_t at) {
+        const auto& rows = page_.rows;
+        if (at + 1 >= rows.size() || !hasOnlyAmounts(rows[at]) || hasFirmAmount(rows[at + 1])
+            || gapBetween(rows[at], rows[at + 1]) > 1.2 * rows[at].height()) {
+            return false;
+        }
+        const bool isNearer = at == 0
+                              || gapBetween(rows[at], rows[at + 1])
+                                     < 0.7 * gapBetween(rows[at - 1], rows[at]);
+        const auto columns = gridColumns(rows[at + 1], rows[at]);
+        if (!isNearer || !columns || !hasOnlyLabels(rows[at + 1])) {
+            return false;
+        }
+        composeGrid(rows[at + 1], rows[at], *columns);
+        return true;
+    }
+
+    static bool hasOnlyAmounts(const Row& row) {
+        return hasFirmAmount(row) && std::ranges::none_of(cellsOf(row), [&](const auto& cell) {
+                   return roleOf(row, cell) == Role::text;
+               });
+    }
+
+    /// Whether the words under a row of amounts belong to it rather than those above.
+    bool isCaptionBelow(std::size_t at) const {
+        const auto& rows = page_.rows;
+        return at + 2 < rows.size() && hasOnlyAmounts(rows[at + 1]) && !hasFirmAmount(rows[at + 2])
+               && gapBetween(rows[at + 1], rows[at + 2])
+                      < 0.7 * gapBetween(rows[at], rows[at + 1])
+               && gridColumns(rows[at + 2], rows[at + 1]);
+    }
+
+    void composeGrid(const Row& labels, const Row& values,
+                     const std::vector<std::size_t>& columns) {
         const Cells heads = cellsOf(labels);
         const Cells cells = cellsOf(values);
         const double height = labels.height();
-        double top = labels.top + shift_;
+        double top = std::min(labels.top, values.top) + shift_;
         for (std::size_t i = 0; i < heads.size(); ++i) {
-            const auto own = std::ranges::find(*columns, i);
+            const auto own = std::ranges::find(columns, i);
             Words value;
-            if (own != columns->end()) {
-                value = wordsOf(values, cells[static_cast<std::size_t>(own - columns->begin())]);
+            if (own != columns.end()) {
+                value = wordsOf(values, cells[static_cast<std::size_t>(own - columns.begin())]);
             }
             compose(wordsOf(labels, heads[i]), std::move(value), top, height);
             top += 1.5 * height;
         }
-        shift_ += std::max(0.0, top - values.bottom - shift_);
-        return true;
+        shift_ = std::max(shift_, top - std::max(labels.bottom, values.bottom));
     }
 
     /// Whether the values of a grid are but the first row of a table.
