@@ -369,6 +369,24 @@ bool isProse(const Row& row) {
     return firm > 1 || row.amounts.back().last + 1 != end;
 }
 
+/// Whether a row says that its amount is something else. Of a heading, which names other columns
+/// too, only the own cells tell.
+bool isOther(const Row& row, const LabelPlace& place, const Wanted& wanted, bool isRecognised) {
+    const auto cells = cellsOf(row);
+    if (cells.size() < 3 || std::ranges::any_of(row.amounts, isCandidate)) {
+        return namesAny(row, wanted.notMeant, isRecognised);
+    }
+    Row own;
+    for (const LabelPlace& cell : cells) {
+        for (std::size_t i = cell.first; i <= cell.last; ++i) {
+            if (cell.last >= place.first && cell.first <= place.last) {
+                own.words.push_back(row.words[i]);
+            }
+        }
+    }
+    return namesAny(own, wanted.notMeant, isRecognised);
+}
+
 /// Which rows are looked at for labels.
 enum class Where { columns, everywhere };
 
@@ -392,8 +410,8 @@ std::vector<FoundAmount> findByLabel(const std::vector<RowRange>& ranges, const 
                 const bool isRecognised = range.page->isRecognised;
                 const auto place = findLabel(row, label, isRecognised);
                 if (!place || !isLookedAt(row, wanted, isRecognised, pass.where)
-                    || (std::ranges::any_of(row.amounts, isCandidate) && namesAny(row, wanted.notMeant, isRecognised))) {
-                    continue; // a heading names other columns too
+                    || isOther(row, *place, wanted, isRecognised)) {
+                    continue;
                 }
                 auto amount = amountAt(range, at, *place, wanted);
                 if (amount && (!pass.firmOnly || amount->amount.amount.isFirm())) {
@@ -418,7 +436,7 @@ std::vector<FoundAmount> findByMeaning(const std::vector<RowRange>& ranges, cons
                 const Row& row = range.page->rows[at];
                 const auto place = findMeaning(row, meaning, isRecognised);
                 if (!place || !isLookedAt(row, wanted, isRecognised, pass.where)
-                    || namesAny(row, wanted.notMeant, isRecognised)) {
+                    || isOther(row, *place, wanted, isRecognised)) {
                     continue;
                 }
                 auto amount = amountAt(range, at, *place, wanted);
@@ -460,9 +478,13 @@ std::vector<RowRange> wholeDocument(const DocumentRows& document) {
     return ranges;
 }
 
-std::vector<FoundAmount> findAmounts(const std::vector<RowRange>& ranges, const Wanted& wanted) {
+std::vector<FoundAmount> findAmounts(const std::vector<RowRange>& ranges, const Wanted& wanted,
+                                     Digits digits) {
     std::vector<FoundAmount> found;
     for (const bool firmOnly : {true, false}) {
+        if (!firmOnly && digits == Digits::firm) {
+            break;
+        }
         for (const Where where : {Where::columns, Where::everywhere}) {
             const Pass pass{where, firmOnly};
             for (const auto find : {findByLabel, findByMeaning}) {
@@ -478,8 +500,9 @@ std::vector<FoundAmount> findAmounts(const std::vector<RowRange>& ranges, const 
     return found;
 }
 
-std::optional<FoundAmount> findLast(const std::vector<RowRange>& ranges, const Wanted& wanted) {
-    auto found = findAmounts(ranges, wanted);
+std::optional<FoundAmount> findLast(const std::vector<RowRange>& ranges, const Wanted& wanted,
+                                    Digits digits) {
+    auto found = findAmounts(ranges, wanted, digits);
     return found.empty() ? std::nullopt : std::optional(std::move(found.back()));
 }
 

@@ -124,7 +124,7 @@ const Wanted& ownTotals(Kind kind) {
     static const Wanted medicalTotals{{},
                                       {"exkl*", "HT"},
                                       true,
-                                      {{medical, total}, {payable}, {amount, total}, {total}},
+                                      {{medical, total}, {payable}, {amount, total}, {total}, {invoice}},
                                       {other, refunded}};
     static const Wanted donations{{},
                                   {"exkl*", "HT"},
@@ -336,27 +336,33 @@ class BillMapper {
     }
 
     std::optional<FoundAmount> bestTotal() {
+        for (const Digits digits : {Digits::firm, Digits::any}) {
+            if (auto found = bestTotal(digits)) {
+                return found;
+            }
+        }
+        isPlain_ = true;
+        static const std::vector<Concept> barred{refunded, other, possible, opening};
+        auto sum = provenSum(ranges_, barred);
+        return sum ? sum : onlyAmount(ranges_, barred);
+    }
+
+    std::optional<FoundAmount> bestTotal(Digits digits) {
         for (const Wanted* wanted : {&totals(), &ownTotals(target_.kind)}) {
-            if (auto found = findLast(ranges_, *wanted); found && found->value() >= 1) {
+            if (auto found = findLast(ranges_, *wanted, digits); found && found->value() >= 1) {
                 wanted_ = wanted;
                 return target_.isShared ? afterShares(*found) : *found;
             }
         }
         wanted_ = &plainTotals();
-        auto all = findAmounts(ranges_, plainTotals());
+        auto all = findAmounts(ranges_, plainTotals(), digits);
         std::erase_if(all, [](const FoundAmount& one) { return one.value() < 1; });
         for (const FoundAmount& one : all) {
             if (columnCheck(one)) {
                 return one;
             }
         }
-        if (!all.empty()) {
-            return all.back();
-        }
-        isPlain_ = true;
-        static const std::vector<Concept> barred{refunded, other, possible, opening};
-        auto sum = provenSum(ranges_, barred);
-        return sum ? sum : onlyAmount(ranges_, barred);
+        return all.empty() ? std::nullopt : std::optional(all.back());
     }
 
     /// What remains of a total when others bear a part of it, if both stand below; else it is the

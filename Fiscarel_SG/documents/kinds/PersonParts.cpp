@@ -13,6 +13,7 @@ namespace {
 struct Name {
     std::string folded;
     std::string text;
+    std::string family;    ///< its last word, folded
     std::size_t first = 0; ///< index of its first word in the row
     std::size_t last = 0;
 };
@@ -40,7 +41,7 @@ bool isJoin(const RowWord& word) {
 }
 
 Name nameFrom(const Row& row, std::size_t first, std::size_t last) {
-    Name name{.first = first, .last = last};
+    Name name{.family = row.words[last].folded, .first = first, .last = last};
     for (std::size_t i = first; i <= last; ++i) {
         name.folded += (i == first ? "" : " ") + row.words[i].folded;
         name.text += (i == first ? "" : " ") + std::string(bare(row.words[i].text));
@@ -136,7 +137,7 @@ class Families {
 
     void add(const std::optional<Name>& name) {
         if (name) {
-            names_.insert(name->folded.substr(name->folded.rfind(' ') + 1));
+            names_.insert(name->family);
         }
     }
 

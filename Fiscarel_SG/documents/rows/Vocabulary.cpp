@@ -122,7 +122,7 @@ std::vector<ConceptWords> moneyWords() {
                  "pro Woche",  "pro Halbtag", "je Tag", "je Stunde", "*tarif", "Tagesansatz*",
                  "Stundenansatz*", "par jour", "par heure", "par semaine", "al giorno", "all'ora",
                  "je Monat", "im Monat", "Monatsr*", "Monatsb*", "Monatsp*", "Raten zu", "Raten à", "Raten von", "Rate von", "in Raten",
-                 "acompte*", "acconto", "acconti", "tranches de", "rate da", "Depot", "Kaution",
+                 "acompte*", "acconto", "acconti", "tranches de", "rate da", "Depot", "Kaution", "abgesagt*", "versäumt*", "rendez-vous manqué",
                  "caution", "cauzione",
                  "Annullation*", "Annullierung*", "Abmeldung*", "Rücktritt*", "annulation*",
                  "annullamento", "*mahngebühr*", "Mahnspesen", "Mahnung", "rappel", "sollecito",
