@@ -19,6 +19,7 @@ constexpr int clearly = 10; ///< and this far ahead of the next, the kind is cle
 constexpr int clearAhead = 4;
 constexpr int pillarTitle = 16;
 constexpr int provenWage = 14;
+constexpr int fundsPension = 10;
 constexpr int decisive = 12; ///< of the words that make a document none of the kinds
 
 std::string titleWords(const DocumentRows& document) {
@@ -112,6 +113,19 @@ const Labels& securities() {
     return words;
 }
 
+/// Whether the head of a document is a pension fund's, and not that of the form which serves wages
+/// and pensions.
+bool isOfPensionFund(const std::string& title) {
+    static const Labels funds{"*pensionskasse*",     "*personalvorsorge*",   "*vorsorgeeinrichtung*",
+                              "*sammelstiftung*",    "*sammeleinrichtung*",  "*personalstiftung*",
+                              "*vorsorgewerk*",      "caisse de pension*",   "caisse de retraite",
+                              "fonds de prévoyance", "institution de prévoyance",
+                              "cassa pension*",      "istituto di previdenza", "BVG", "LPP"};
+    static const Labels form{"Lohnausweis", "Certificat de salaire", "Certificato di salario",
+                             "Ausgleichskasse", "Caisse de compensation"};
+    return isAnyIn(title, funds) && !isAnyIn(title, form);
+}
+
 /// Whether a document speaks of interest, a balance or a debt.
 bool namesMoneyAtBank(const DocumentRows& document) {
     static const std::vector<Concept> concepts{Concept::interest, Concept::balance, Concept::debt,
@@ -161,6 +175,9 @@ KindVerdict weighKind(const DocumentRows& document, bool isWageProven) {
     if (!isAnyIn(document.folded, securities())) { // a bank may call anything a tax statement
         scores[Kind::bankauszug] += scores[Kind::steuerauszug] / 2;
         scores[Kind::steuerauszug] = 0;
+    }
+    if (isPensionPaper(document) && isOfPensionFund(title)) {
+        scores[Kind::pensionskasse] += fundsPension;
     }
     if (!namesMoneyAtBank(document)) { // a course or a fund sends a "Kontoauszug" too
         scores[Kind::bankauszug] /= 2;

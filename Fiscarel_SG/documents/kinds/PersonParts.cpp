@@ -193,7 +193,8 @@ class Search {
     /// A heading of names over columns of amounts.
     void byColumn() {
         for (const PageRows& page : document_.pages) {
-            for (std::size_t at = 0; at < page.rows.size() && found_.empty(); ++at) {
+            for (std::size_t at = 0; at < page.rows.size() && found_.size() < 2; ++at) {
+                found_.clear(); // a single one stands under a heading by chance
                 const auto names = families_.namesIn(page.rows[at]);
                 if (names.size() < 2 || page.number == 0) {
                     continue;

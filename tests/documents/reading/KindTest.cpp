@@ -128,7 +128,7 @@ const std::vector<Row>& rows() {
           {"Altersrente BVG", "46’030.20"},
           {"Total Rente", "46’030.20"}},
          Kind::pensionskasse,
-         {"amount=46030.2 medium"}},
+         {"amount=46030.2 high"}},
     };
     return table;
 }
