@@ -349,9 +349,10 @@ class BillMapper {
 
     std::optional<FoundAmount> bestTotal(Digits digits) {
         for (const Wanted* wanted : {&totals(), &ownTotals(target_.kind)}) {
-            if (auto found = findLast(ranges_, *wanted, digits); found && found->value() >= 1) {
+            const auto all = findAmounts(ranges_, *wanted, digits);
+            if (!all.empty() && all.back().value() >= 1) {
                 wanted_ = wanted;
-                return target_.isShared ? afterShares(*found) : *found;
+                return target_.isShared ? afterShares(all.back()) : wholeOf(all);
             }
         }
         wanted_ = &plainTotals();
@@ -363,6 +364,16 @@ class BillMapper {
             }
         }
         return all.empty() ? std::nullopt : std::optional(all.back());
+    }
+
+    /// The sum below, where what was found are its parts.
+    static FoundAmount wholeOf(const std::vector<FoundAmount>& all) {
+        Decimal sum;
+        for (const FoundAmount& one : all) {
+            sum = sum + one.value();
+        }
+        auto whole = totalBelow(all.back());
+        return whole && whole->value() == sum ? std::move(*whole) : all.back();
     }
 
     /// What remains of a total when others bear a part of it, if both stand below; else it is the

@@ -220,7 +220,7 @@ const std::vector<KindWords>& kindWordsOfBills() {
           "rette"}},
         {kinderbetreuung,
          4,
-         {"*tagesbetreuung*", "Betreuung", "*betreuungstarif*", "Betreuung von", "garde d'enfants",
+         {"*tagesbetreuung*", "betreutes Kind", "betreute Kinder", "Betreuungstag*", "Chinder*", "Betreuung", "*betreuungstarif*", "Betreuung von", "garde d'enfants",
           "garde des enfants", "cura dei bambini", "Kosten der Betreuung"}},
         {kinderbetreuung,
          2,
