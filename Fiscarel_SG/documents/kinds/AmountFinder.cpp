@@ -82,7 +82,8 @@ const RowAmount* amountBelow(const RowRange& range, std::size_t at, const LabelP
         return nullptr;
     }
     const Row& next = range.page->rows[at + 1];
-    if (next.amounts.empty() || next.top - own.bottom > 1.6 * own.height()) {
+    const double most = range.page->isRecognised ? 2.4 : 1.6; // recognised words have tight boxes
+    if (next.amounts.empty() || next.top - own.bottom > most * own.height()) {
         return nullptr;
     }
     const bool goesOn = continuesSentence(next) && next.words.front().place.left < label.right

@@ -54,7 +54,8 @@ class Sentences {
         for (std::size_t at = range.first; at < range.end; ++at) {
             const Row& row = range.page->rows[at];
             const bool isApart =
-                at > range.first && row.top - range.page->rows[at - 1].bottom > 1.2 * row.height();
+                at > range.first && row.top - range.page->rows[at - 1].bottom
+                                     > (range.page->isRecognised ? 1.8 : 1.2) * row.height();
             if (isApart || (at > range.first && isBrokenOn(range.page->rows[at - 1], row))
                 || (range.page->number != 0 && isTabular(row))) {
                 finish();

@@ -70,7 +70,14 @@ void append(Words& words, const Words& more) {
     words.insert(words.end(), more.begin(), more.end());
 }
 
-double gapBetween(const Row& above, const Row& below) { return below.top - above.bottom; }
+/// The gap between two rows in heights of the taller one. Boxes of recognised words end at the
+/// letters, those of a text layer at the font's line.
+double gapBetween(const Row& above, const Row& below, bool isRecognised) {
+    constexpr double tightness = 1.5;
+    const double height = std::max(above.height(), below.height());
+    const double gap = below.top - above.bottom;
+    return height <= 0 ? 0 : isRecognised ? gap / height / tightness : gap / height;
+}
 
 /// Whether a cell is a bare number, maybe with its unit: a value where labels stand beside it.
 bool isNumber(const Row& row, const LabelPlace& cell) {
@@ -210,6 +217,11 @@ class Arrangement {
     }
 
   private:
+    /// The gap below a row.
+    double gap(std::size_t at) const {
+        return gapBetween(page_.rows[at], page_.rows[at + 1], page_.isRecognised);
+    }
+
     void keep(const Row& row) {
         rows_.push_back(row);
         Row& kept = rows_.back();
@@ -252,7 +264,7 @@ class Arrangement {
         const auto& rows = page_.rows;
         std::vector<double> edges = pairEdges(rows[at]);
         if (edges.empty() && at + 1 < rows.size()
-            && gapBetween(rows[at], rows[at + 1]) < 1.5 * rows[at].height()) {
+            && gap(at) < 1.5) {
             edges = pairEdges(rows[at + 1]); // the first row of a column may lack the other
             edges = fitsEdges(rows[at], edges) ? edges : std::vector<double>();
         }
@@ -269,7 +281,7 @@ class Arrangement {
         }
         end_ = at + 1;
         while (end_ < rows.size() && fitsEdges(rows[end_], edges)
-               && gapBetween(rows[end_ - 1], rows[end_]) < 1.5 * rows[at].height()) {
+               && gap(end_ - 1) < 1.5) {
             ++end_;
         }
         const double height = rows[end_ - 1].bottom - rows[at].top + rows[at].height();
@@ -302,7 +314,7 @@ class Arrangement {
     bool takeGrid(std::size_t at) {
         const auto& rows = page_.rows;
         if (at + 1 >= rows.size() || hasFirmAmount(rows[at]) || !hasFirmAmount(rows[at + 1])
-            || gapBetween(rows[at], rows[at + 1]) > 1.6 * rows[at].height()) {
+            || gap(at) > 1.6) {
             return false;
         }
         const Row& labels = rows[at];
@@ -319,12 +331,11 @@ class Arrangement {
     bool takeCaptions(std::size_t at) {
         const auto& rows = page_.rows;
         if (at + 1 >= rows.size() || !hasOnlyAmounts(rows[at]) || hasFirmAmount(rows[at + 1])
-            || gapBetween(rows[at], rows[at + 1]) > 1.2 * rows[at].height()) {
+            || gap(at) > 1.2) {
             return false;
         }
         const bool isNearer = at == 0
-                              || gapBetween(rows[at], rows[at + 1])
-                                     < 0.7 * gapBetween(rows[at - 1], rows[at]);
+                              || gap(at) < 0.7 * gap(at - 1);
         const auto columns = gridColumns(rows[at + 1], rows[at]);
         if (!isNearer || !columns || !hasOnlyLabels(rows[at + 1])) {
             return false;
@@ -343,8 +354,7 @@ class Arrangement {
     bool isCaptionBelow(std::size_t at) const {
         const auto& rows = page_.rows;
         return at + 2 < rows.size() && hasOnlyAmounts(rows[at + 1]) && !hasFirmAmount(rows[at + 2])
-               && gapBetween(rows[at + 1], rows[at + 2])
-                      < 0.7 * gapBetween(rows[at], rows[at + 1])
+               && gap(at + 1) < 0.7 * gap(at)
                && gridColumns(rows[at + 2], rows[at + 1]);
     }
 
@@ -370,7 +380,7 @@ class Arrangement {
     bool hasMoreRows(std::size_t at) const {
         const auto& rows = page_.rows;
         if (at + 2 >= rows.size() || !hasFirmAmount(rows[at + 2])
-            || gapBetween(rows[at + 1], rows[at + 2]) > 1.6 * rows[at + 1].height()) {
+            || gap(at + 1) > 1.6) {
             return false;
         }
         const double left = rows[at + 1].words.front().place.left;
@@ -387,7 +397,7 @@ class Arrangement {
     bool takeSplit(std::size_t at) {
         const auto& rows = page_.rows;
         if (at + 1 >= rows.size() || hasFirmAmount(rows[at])
-            || gapBetween(rows[at], rows[at + 1]) > 0.8 * rows[at].height()) {
+            || gap(at) > 0.8) {
             return false;
         }
         const Cells above = cellsOf(rows[at]);

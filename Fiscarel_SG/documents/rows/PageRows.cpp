@@ -24,6 +24,14 @@ PagePlace around(const PagePlace& a, const PagePlace& b) {
             std::max(a.bottom, b.bottom)};
 }
 
+/// "Riickkaufswert": recognition takes "ü" for "ii", which hardly a word has.
+std::string withoutTornLetters(std::string folded) {
+    for (std::size_t at = folded.find("ii"); at != std::string::npos; at = folded.find("ii", at)) {
+        folded.replace(at, 2, "u");
+    }
+    return folded;
+}
+
 bool isSound(const PagePlace& place) {
     return std::isfinite(place.left) && std::isfinite(place.top) && std::isfinite(place.right)
            && std::isfinite(place.bottom) && place.right >= place.left && place.bottom > place.top;
@@ -72,6 +80,17 @@ double gapInDigits(const RowWord& word, const RowWord& next) {
     return (next.place.left - word.place.right) / std::max(digit, 0.1);
 }
 
+/// "85°" as "85": a thousands mark that was recognised with the first group.
+std::string_view withoutEndingMark(std::string_view text) {
+    const std::size_t end = text.find_last_of("0123456789");
+    if (end == std::string_view::npos || end + 1 == text.size()) {
+        return text;
+    }
+    const auto [code, length] = firstLetter(text.substr(end + 1));
+    return isThousandsMark(code) && end + 1 + length == text.size() ? text.substr(0, end + 1)
+                                                                    : text;
+}
+
 /// Whether two words may be one amount: "68" and "000.00".
 bool isSplitAmount(const RowWord& word, const RowWord& next) {
     const std::string_view tail = next.text;
@@ -79,6 +98,7 @@ bool isSplitAmount(const RowWord& word, const RowWord& next) {
     if (const auto [code, length] = firstLetter(head); isDash(code)) {
         head.remove_prefix(length);
     }
+    head = withoutEndingMark(head);
     return hasOnlyDigits(head) && head.size() <= 3 && (head[0] != '0' || head.size() == 3)
            && tail.size() >= 3 && hasOnlyDigits(tail.substr(0, 3))
            && (tail.size() == 3 || tail[3] == '.' || tail[3] == ',');
@@ -113,14 +133,14 @@ RowAmount amountFrom(const Row& row, std::size_t first, std::size_t last, Printe
 /// The longest amount that begins with a word.
 std::optional<RowAmount> amountAt(const Row& row, std::size_t at, const std::vector<bool>& barred,
                                   bool isRecognised) {
-    std::string text = row.words[at].text;
+    std::string text(withoutEndingMark(row.words[at].text));
     std::size_t last = at;
     std::size_t parts = 0;
     while (!text.starts_with('0') && last + 1 < row.words.size() && parts < 2 && !barred[last + 1]
            && continuesAmount(row.words[last], row.words[last + 1])) {
         ++last;
         ++parts;
-        text += '\'' + row.words[last].text;
+        text += '\'' + std::string(withoutEndingMark(row.words[last].text));
     }
     auto amount = parseAmount(text, isRecognised);
     if (!amount && last > at) {
@@ -214,7 +234,8 @@ PageRows buildRows(const PageReading& page) {
     std::vector<RowWord> words;
     for (const PageWord& word : sound.words) {
         words.push_back({.text = withoutLigatures(word.text),
-                         .folded = foldWords(word.text),
+                         .folded = page.isRecognised ? withoutTornLetters(foldWords(word.text))
+                                                     : foldWords(word.text),
                          .place = straightened(word.place, result.slope),
                          .printed = word.place,
                          .certainty = word.certainty});

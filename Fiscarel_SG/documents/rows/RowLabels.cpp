@@ -60,7 +60,7 @@ std::optional<std::size_t> matchAt(const std::vector<Token>& tokens, std::size_t
                                    const Label& label, bool isRecognised) {
     const std::string& wanted = label.compact();
     const std::size_t most =
-        isRecognised && wanted.size() >= 6 ? std::max<std::size_t>(wanted.size() / 8, 1) : 0;
+        isRecognised ? wanted.size() / (label.isOpen() ? 10 : 8) : 0;
     if (label.isOpenBefore()) {
         return holds(tokens[at].text, label, most) ? std::optional(at) : std::nullopt;
     }
