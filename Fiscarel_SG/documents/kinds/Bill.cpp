@@ -349,7 +349,10 @@ class BillMapper {
 
     std::optional<FoundAmount> bestTotal(Digits digits) {
         for (const Wanted* wanted : {&totals(), &ownTotals(target_.kind)}) {
-            const auto all = findAmounts(ranges_, *wanted, digits);
+            auto all = findAmounts(ranges_, *wanted, digits);
+            std::erase_if(all, [](const FoundAmount& one) { // numbers of bills, of clients
+                return !one.amount.amount.isFirm() && one.value() >= 100'000;
+            });
             if (!all.empty() && all.back().value() >= 1) {
                 wanted_ = wanted;
                 return target_.isShared ? afterShares(all.back()) : wholeOf(all);

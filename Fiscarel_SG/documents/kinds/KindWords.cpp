@@ -67,6 +67,7 @@ const std::vector<KindWords>& kindWords() {
          3,
          {"Verrechnungssteueranspruch", "Werte mit VSt", "Valoren", "Depotauszug", "Werte ohne VSt",
           "Valorennummer", "Kurswert*", "Depotverzeichnis", "ISIN"}},
+        {saeule3a, 6, {"Form. 21", "Formular 21", "Formulaire 21", "Modulo 21"}},
         {saeule3a,
          6,
          {"Pillar 3a", "Säule 3a",          "Pilier 3a",      "Pilastro 3a",      "3a-*",     "Vorsorge 3a",

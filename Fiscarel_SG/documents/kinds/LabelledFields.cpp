@@ -58,7 +58,7 @@ const std::vector<LabelledField>& labelledFields() {
          {{"Beiträge für den Einkauf", "Cotisations pour le rachat", "Contributi per il riscatto"},
           {"Säule 3a", "pilier 3a", "pilastro 3a"},
           true,
-          {{buyIn, contribution, occupational}},
+          {{buyIn, contribution, occupational}, {buyIn, occupational}},
           {possible, other, pillar3a}},
          large},
         {Kind::pensionskasse,

@@ -128,19 +128,15 @@ Row part(const Row& row, std::size_t first, std::size_t end) {
     return words;
 }
 
-/// The words that say what an amount is: those behind the amount before, up to it; all where the
-/// sentence has no other.
-struct OwnWords {
-    Row row;
-    std::size_t from = 0; ///< index of its first word in the sentence
-};
-
-OwnWords ownWords(const Sentence& sentence, std::size_t which) {
-    if (sentence.amounts.size() == 1) {
-        return {sentence.row, 0};
-    }
+/// The words that say what an amount is: those behind the amount before, up to it; at last all
+/// words of a sentence that has no other.
+std::vector<Row> ownWords(const Sentence& sentence, std::size_t which) {
     const std::size_t from = which == 0 ? 0 : sentence.ends[which - 1] + 1;
-    return {part(sentence.row, from, sentence.starts[which]), from};
+    std::vector<Row> words{part(sentence.row, from, sentence.starts[which])};
+    if (sentence.amounts.size() == 1) {
+        words.push_back(sentence.row);
+    }
+    return words;
 }
 
 /// Finds amounts of sentences by what is said of them.
@@ -185,11 +181,13 @@ class ProseSearch {
         for (const Sentence& sentence : sentences_) {
             for (std::size_t i = 0; i < sentence.amounts.size(); ++i) {
                 const bool isRecognised = sentence.amounts[i].page->isRecognised;
-                const OwnWords own = ownWords(sentence, i);
-                const auto place = find(sentence, own.row, isRecognised);
-                if (place && !findLabel(own.row, wanted_.without, isRecognised)) {
-                    found.push_back(sentence.amounts[i]);
-                    found.back().label = textBetween(own.row, place->first, place->last);
+                for (const Row& own : ownWords(sentence, i)) {
+                    const auto place = find(sentence, own, isRecognised);
+                    if (place && !findLabel(own, wanted_.without, isRecognised)) {
+                        found.push_back(sentence.amounts[i]);
+                        found.back().label = textBetween(own, place->first, place->last);
+                        break;
+                    }
                 }
             }
         }

@@ -80,39 +80,64 @@ double gapInDigits(const RowWord& word, const RowWord& next) {
     return (next.place.left - word.place.right) / std::max(digit, 0.1);
 }
 
-/// "85°" as "85": a thousands mark that was recognised with the first group.
-std::string_view withoutEndingMark(std::string_view text) {
+/// "85°" as "85": a thousands mark that was recognised with the first group, as may be a point.
+std::string_view withoutEndingMark(std::string_view text, bool isRecognised) {
     const std::size_t end = text.find_last_of("0123456789");
     if (end == std::string_view::npos || end + 1 == text.size()) {
         return text;
     }
     const auto [code, length] = firstLetter(text.substr(end + 1));
-    return isThousandsMark(code) && end + 1 + length == text.size() ? text.substr(0, end + 1)
-                                                                    : text;
+    const bool isMark = isThousandsMark(code) || (isRecognised && code == U'.');
+    return isMark && end + 1 + length == text.size() ? text.substr(0, end + 1) : text;
 }
 
-/// Whether two words may be one amount: "68" and "000.00".
-bool isSplitAmount(const RowWord& word, const RowWord& next) {
-    const std::string_view tail = next.text;
-    std::string_view head = word.text;
+/// Digits before a blank within an amount. Recognition may lose the blank before ("1839 000").
+bool isHeadOfAmount(std::string_view head, bool isRecognised) {
     if (const auto [code, length] = firstLetter(head); isDash(code)) {
         head.remove_prefix(length);
     }
-    head = withoutEndingMark(head);
-    return hasOnlyDigits(head) && head.size() <= 3 && (head[0] != '0' || head.size() == 3)
-           && tail.size() >= 3 && hasOnlyDigits(tail.substr(0, 3))
-           && (tail.size() == 3 || tail[3] == '.' || tail[3] == ',');
+    head = withoutEndingMark(head, isRecognised);
+    return hasOnlyDigits(head) && head.size() <= (isRecognised ? 4U : 3U)
+           && (head[0] != '0' || head.size() == 3);
 }
 
-bool continuesAmount(const RowWord& word, const RowWord& next) {
-    constexpr double narrow = 1.7; // digits; columns stand further apart
-    return isSplitAmount(word, next) && gapInDigits(word, next) < narrow;
+/// What may follow such a blank: a group of three, or with decimals whose point was lost.
+bool isTailOfAmount(std::string_view tail, bool isRecognised) {
+    if (tail.size() < 3 || !hasOnlyDigits(tail.substr(0, 3))) {
+        return false;
+    }
+    const bool isPointLost = isRecognised && tail.size() == 5 && hasOnlyDigits(tail);
+    return isPointLost || tail.size() == 3 || tail[3] == '.' || tail[3] == ','
+           || isThousandsMark(firstLetter(tail.substr(3)).code);
 }
 
-/// A gap wider than within an amount and narrower than between columns: nobody can tell.
-bool mayContinueAmount(const RowWord& word, const RowWord& next) {
-    constexpr double wide = 3.5;
-    return isSplitAmount(word, next) && gapInDigits(word, next) < wide;
+/// Whether two words may be one amount: "68" and "000.00", less than some digits apart.
+bool isSplitAmount(const RowWord& word, const RowWord& next, double digits, bool isRecognised) {
+    return isHeadOfAmount(word.text, isRecognised) && isTailOfAmount(next.text, isRecognised)
+           && gapInDigits(word, next) < digits;
+}
+
+constexpr double narrow = 1.7; ///< digits; columns stand further apart
+constexpr double wide = 3.5;   ///< wider than within an amount: nobody can tell
+
+/// Words that are one amount as one text. `isMended`: recognition lost a blank or a point of it.
+std::string joinedAmount(const Row& row, std::size_t first, std::size_t last, bool isRecognised,
+                         bool& isMended) {
+    std::string text;
+    for (std::size_t i = first; i <= last; ++i) {
+        std::string part(i < last ? withoutEndingMark(row.words[i].text, isRecognised)
+                                  : std::string_view(row.words[i].text));
+        if (i < last && part.size() == 4 && hasOnlyDigits(part)) {
+            part.insert(1, "'");
+            isMended = true;
+        }
+        if (i > first && part.size() == 5 && hasOnlyDigits(part)) {
+            part.insert(3, ".");
+            isMended = true;
+        }
+        text += text.empty() ? part : '\'' + part;
+    }
+    return text;
 }
 
 RowAmount amountFrom(const Row& row, std::size_t first, std::size_t last, PrintedAmount amount) {
@@ -133,16 +158,18 @@ RowAmount amountFrom(const Row& row, std::size_t first, std::size_t last, Printe
 /// The longest amount that begins with a word.
 std::optional<RowAmount> amountAt(const Row& row, std::size_t at, const std::vector<bool>& barred,
                                   bool isRecognised) {
-    std::string text(withoutEndingMark(row.words[at].text));
+    const auto isOne = [&](std::size_t word, double digits) {
+        return word + 1 < row.words.size()
+               && isSplitAmount(row.words[word], row.words[word + 1], digits, isRecognised);
+    };
+    constexpr std::size_t mostParts = 2;
     std::size_t last = at;
-    std::size_t parts = 0;
-    while (!text.starts_with('0') && last + 1 < row.words.size() && parts < 2 && !barred[last + 1]
-           && continuesAmount(row.words[last], row.words[last + 1])) {
+    while (!row.words[at].text.starts_with('0') && isOne(last, narrow) && last - at < mostParts
+           && !barred[last + 1]) {
         ++last;
-        ++parts;
-        text += '\'' + std::string(withoutEndingMark(row.words[last].text));
     }
-    auto amount = parseAmount(text, isRecognised);
+    bool isMended = false;
+    auto amount = parseAmount(joinedAmount(row, at, last, isRecognised, isMended), isRecognised);
     if (!amount && last > at) {
         last = at;
         amount = parseAmount(row.words[at].text, isRecognised);
@@ -150,11 +177,8 @@ std::optional<RowAmount> amountAt(const Row& row, std::size_t at, const std::vec
     if (!amount) {
         return std::nullopt;
     }
-    if ((at > 0 && mayContinueAmount(row.words[at - 1], row.words[at]))
-        || (last + 1 < row.words.size()
-            && mayContinueAmount(row.words[last], row.words[last + 1]))) {
-        amount->wasCorrected = true; // it may be part of a larger one
-    }
+    // It may be part of a larger one.
+    amount->wasCorrected |= isMended || (at > 0 && isOne(at - 1, wide)) || isOne(last, wide);
     const auto isNear = [&](std::size_t a, std::size_t b) {
         return row.words[b].place.left - row.words[a].place.right < 4 * row.words[a].place.height();
     };
