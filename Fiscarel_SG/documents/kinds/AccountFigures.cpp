@@ -8,9 +8,8 @@ namespace fiscarel {
 namespace {
 
 bool hasFirmAmounts(const Row& row) {
-    return std::ranges::any_of(row.amounts, [](const RowAmount& amount) {
-        return amount.amount.isFirm();
-    });
+    return std::ranges::any_of(row.amounts,
+                               [](const RowAmount& amount) { return amount.amount.isFirm(); });
 }
 
 /// The cells of a row, each as a row of its own.
@@ -79,9 +78,10 @@ void splitHeading(const Row& cell, bool isRecognised, AccountHeading& heading) {
         for (const Meaning& meaning : wanted.meanings) {
             place = place ? place : findMeaning(cell, meaning, isRecognised);
         }
-        const bool isTaken = place && std::ranges::any_of(found, [&](const auto& other) {
-            return other.second.first <= place->last && place->first <= other.second.last;
-        });
+        const bool isTaken =
+            place && std::ranges::any_of(found, [&](const auto& other) {
+                return other.second.first <= place->last && place->first <= other.second.last;
+            });
         if (place && !isTaken) {
             found.emplace_back(figure, *place);
         }

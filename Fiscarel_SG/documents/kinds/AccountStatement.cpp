@@ -135,12 +135,11 @@ class AccountMapper {
                        >= 4;
             });
             const auto cells = cellsOf(row);
-            const bool hasAmount =
-                std::ranges::any_of(row.amounts, [&](const RowAmount& amount) {
-                    const bool isApart = cells.size() > 1 && amount.first >= cells.back().first;
-                    return amount.amount.hasDecimals || amount.amount.hasCurrency
-                           || (amount.amount.hasMark && isApart);
-                });
+            const bool hasAmount = std::ranges::any_of(row.amounts, [&](const RowAmount& amount) {
+                const bool isApart = cells.size() > 1 && amount.first >= cells.back().first;
+                return amount.amount.hasDecimals || amount.amount.hasCurrency
+                       || (amount.amount.hasMark && isApart);
+            });
             if (hasNumber && !hasAmount && row.words.size() <= 12 && !isContactLine(page, row)
                 && (name(Concept::account) || name(Concept::debt))) {
                 starts.push_back(at);

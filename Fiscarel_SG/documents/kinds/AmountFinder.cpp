@@ -205,8 +205,8 @@ const RowAmount* amountByHeading(const RowRange& range, std::size_t at, const Wa
 /// How new what a heading's words say is: the year they name, the last of all for "new", the first
 /// for what is of another time; absent for other words.
 std::optional<int> newness(const Row& heading, const LabelPlace& cell, bool isRecognised) {
-    static const Labels present{"neu",    "neuer",  "neue",   "aktuell*", "nouveau", "nouvelle",
-                                "actuel*", "nuovo", "nuova",  "attuale",  "laufend*"};
+    static const Labels present{"neu",     "neuer", "neue",  "aktuell*", "nouveau", "nouvelle",
+                                "actuel*", "nuovo", "nuova", "attuale",  "laufend*"};
     Row words;
     std::optional<int> year;
     for (std::size_t i = cell.first; i <= cell.last; ++i) {
@@ -217,8 +217,8 @@ std::optional<int> newness(const Row& heading, const LabelPlace& cell, bool isRe
                : number && number->isYearLike() ? std::optional(std::stoi(heading.words[i].text))
                                                 : year;
     }
-    static const Labels old{"alt", "alter", "alte", "bisher*", "Vorjahr*", "ancien*", "précédent*",
-                            "vecchio", "precedente"};
+    static const Labels old{"alt",     "alter",      "alte",    "bisher*",   "Vorjahr*",
+                            "ancien*", "précédent*", "vecchio", "precedente"};
     return findLabel(words, present, isRecognised) ? std::optional(9999)
            : findLabel(words, old, isRecognised)   ? std::optional(0)
                                                    : year;
@@ -230,9 +230,8 @@ const RowAmount* amountByPeriod(const RowRange& range, std::size_t at,
     for (std::size_t above = at; above-- > range.first && at - above < 15;) {
         const Row& heading = range.page->rows[above];
         if (range.page->number == 0
-            || std::ranges::any_of(heading.amounts, [](const RowAmount& amount) {
-                   return amount.amount.isFirm();
-               })) {
+            || std::ranges::any_of(
+                heading.amounts, [](const RowAmount& amount) { return amount.amount.isFirm(); })) {
             continue;
         }
         const RowAmount* newest = nullptr;
@@ -243,10 +242,9 @@ const RowAmount* amountByPeriod(const RowRange& range, std::size_t at,
                                     && amount->place.left < cell.right + alignment(*range.page);
                 const auto when =
                     isOver ? newness(heading, cell, range.page->isRecognised) : std::nullopt;
-                const bool isNewest =
-                    when && std::ranges::all_of(told, [&](const auto& other) {
-                        return other.second < *when;
-                    });
+                const bool isNewest = when && std::ranges::all_of(told, [&](const auto& other) {
+                                          return other.second < *when;
+                                      });
                 newest = isNewest ? amount : newest;
                 if (when) {
                     told[cell.first] = *when;
@@ -275,8 +273,8 @@ const RowAmount* amountBefore(const Row& row, const LabelPlace& label) {
 const RowAmount* amountInCell(const Row& row, const LabelPlace& label,
                               const std::vector<const RowAmount*>& right) {
     const auto cells = cellsOf(row);
-    const auto cell = std::ranges::find_if(
-        cells, [&](const LabelPlace& one) { return one.last >= label.last; });
+    const auto cell =
+        std::ranges::find_if(cells, [&](const LabelPlace& one) { return one.last >= label.last; });
     const RowAmount* first = nullptr;
     for (const RowAmount* amount : right) {
         const bool isIn = cell != cells.end() && amount->last <= cell->last;
@@ -349,8 +347,8 @@ bool isOfYearsBeginning(const Row& row) {
 }
 
 bool isBarred(const Row& row, const Wanted& wanted, bool isRecognised) {
-    const bool isNotOpening = std::ranges::find(wanted.notMeant, Concept::opening)
-                              != wanted.notMeant.end();
+    const bool isNotOpening =
+        std::ranges::find(wanted.notMeant, Concept::opening) != wanted.notMeant.end();
     return findLabel(row, wanted.without, isRecognised).has_value()
            || (isNotOpening && isOfYearsBeginning(row));
 }

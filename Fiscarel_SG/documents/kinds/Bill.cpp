@@ -121,11 +121,12 @@ const Wanted& totals() {
 }
 /// What only papers of a kind say of their amount, the surest first.
 const Wanted& ownTotals(Kind kind) {
-    static const Wanted medicalTotals{{},
-                                      {"exkl*", "HT"},
-                                      true,
-                                      {{medical, total}, {payable}, {amount, total}, {total}, {invoice}},
-                                      {other, refunded}};
+    static const Wanted medicalTotals{
+        {},
+        {"exkl*", "HT"},
+        true,
+        {{medical, total}, {payable}, {amount, total}, {total}, {invoice}},
+        {other, refunded}};
     static const Wanted donations{{},
                                   {"exkl*", "HT"},
                                   true,

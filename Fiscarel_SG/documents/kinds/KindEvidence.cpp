@@ -106,21 +106,31 @@ void weighStructure(const DocumentRows& document, std::map<Kind, int>& scores) {
 
 /// What only a statement of securities speaks of.
 const Labels& securities() {
-    static const Labels words{"Valor*",  "ISIN",  "Depot*", "Wertschrift*", "Werte mit VSt",
-                              "*titel",  "titres", "titoli", "Aktien",       "actions",
-                              "azioni",  "Obligation*", "obbligazion*", "Fonds", "fondi",
-                              "Kurs*", "eCH-0196", "Stück", "dépôt", "deposito titoli"};
+    static const Labels words{
+        "Valor*", "ISIN",   "Depot*",   "Wertschrift*", "Werte mit VSt", "*titel",         "titres",
+        "titoli", "Aktien", "actions",  "azioni",       "Obligation*",   "obbligazion*",   "Fonds",
+        "fondi",  "Kurs*",  "eCH-0196", "Stück",        "dépôt",         "deposito titoli"};
     return words;
 }
 
 /// Whether the head of a document is a pension fund's, and not that of the form which serves wages
 /// and pensions.
 bool isOfPensionFund(const std::string& title) {
-    static const Labels funds{"*pensionskasse*",     "*personalvorsorge*",   "*vorsorgeeinrichtung*",
-                              "*sammelstiftung*",    "*sammeleinrichtung*",  "*personalstiftung*",
-                              "*vorsorgewerk*",      "caisse de pension*",   "caisse de retraite",
-                              "fonds de prévoyance", "institution de prévoyance",
-                              "cassa pension*",      "istituto di previdenza", "BVG", "LPP"};
+    static const Labels funds{"*pensionskasse*",
+                              "*personalvorsorge*",
+                              "*vorsorgeeinrichtung*",
+                              "*sammelstiftung*",
+                              "*sammeleinrichtung*",
+                              "*personalstiftung*",
+                              "*vorsorgewerk*",
+                              "caisse de pension*",
+                              "caisse de retraite",
+                              "fonds de prévoyance",
+                              "institution de prévoyance",
+                              "cassa pension*",
+                              "istituto di previdenza",
+                              "BVG",
+                              "LPP"};
     static const Labels form{"Lohnausweis", "Certificat de salaire", "Certificato di salario",
                              "Ausgleichskasse", "Caisse de compensation"};
     return isAnyIn(title, funds) && !isAnyIn(title, form);
@@ -145,12 +155,23 @@ bool hasNoAmount(const Row& row) {
 /// A short line at the top that names pillar 3a: such accounts and policies are a bank's or an
 /// insurer's, whose own words would outweigh it.
 bool hasPillarTitle(const DocumentRows& document) {
-    static const Labels names{"3a", "Säule 3a",           "Pilier 3a",           "Pilastro 3a",
-                              "Vorsorgekonto 3a",   "Vorsorge 3a",         "Prévoyance 3a",
-                              "Previdenza 3a",      "Vorsorgepolice 3a",   "3a-Konto",
-                              "Konto 3a",           "Vorsorgedepot 3a",    "gebundene Vorsorge",
-                              "gebundenen Vorsorge", "gebundene Selbstvorsorge",
-                              "prévoyance liée",    "previdenza vincolata"};
+    static const Labels names{"3a",
+                              "Säule 3a",
+                              "Pilier 3a",
+                              "Pilastro 3a",
+                              "Vorsorgekonto 3a",
+                              "Vorsorge 3a",
+                              "Prévoyance 3a",
+                              "Previdenza 3a",
+                              "Vorsorgepolice 3a",
+                              "3a-Konto",
+                              "Konto 3a",
+                              "Vorsorgedepot 3a",
+                              "gebundene Vorsorge",
+                              "gebundenen Vorsorge",
+                              "gebundene Selbstvorsorge",
+                              "prévoyance liée",
+                              "previdenza vincolata"};
     return std::ranges::any_of(document.pages, [&](const PageRows& page) {
         return std::ranges::any_of(page.rows, [&](const Row& row) {
             return row.middle() < page.height * 0.45 && row.words.size() <= 8 && hasNoAmount(row)

@@ -73,16 +73,16 @@ std::optional<Chosen> chooseFound(std::vector<FoundAmount> found, int below) {
 /// A paper for several people, as spouses get for their pillar 3a: a record for each.
 bool proposePeople(const KindContext& context, const LabelledField& row, ProposalDraft& draft) {
     const std::string_view field = row.field;
-    const bool isMain = field == "pillar3a"
-                        || (field == "pensionBuyIn" && context.kind == Kind::pensionskasse);
+    const bool isMain =
+        field == "pillar3a" || (field == "pensionBuyIn" && context.kind == Kind::pensionskasse);
     if (!isMain) {
         return false;
     }
     auto parts = findPersonAmounts(context.document, row.wanted);
     std::erase_if(parts, [&](const PersonAmount& one) { return one.found.value() >= row.below; });
     for (const PersonAmount& part : parts) {
-        ProposedRecord record = recordWith(context.facts, row.record, part.name,
-                                           part.found.page->number);
+        ProposedRecord record =
+            recordWith(context.facts, row.record, part.name, part.found.page->number);
         record.personName = part.name;
         record.birthDate = std::nullopt; // which of them it is, is not known
         record.socialSecurityNumber.clear();

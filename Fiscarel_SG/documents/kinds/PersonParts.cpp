@@ -52,11 +52,12 @@ Name nameFrom(const Row& row, std::size_t first, std::size_t last) {
 /// Words that stand beside names and are written with a capital too.
 const Labels& noNames() {
     static const Labels words{
-        "Kind",   "Kinder",  "Name",   "Vorname",  "Enfant",   "Enfants",  "Nom",      "Prénom",
-        "Nome",   "Cognome", "Herr",   "Frau",     "Madame",   "Monsieur", "Signor",   "Signora",
-        "Person", "Tochter", "Sohn",   "Bambino",  "Bambina",  "Geb",      "Geboren",  "Geburtsdatum",
-        "Total",  "Familie", "Famille", "Famiglia", "Januar",  "Februar",  "März",     "April",
-        "Mai",    "Juni",    "Juli",   "August",   "September", "Oktober", "November", "Dezember"};
+        "Kind",   "Kinder",    "Name",         "Vorname",  "Enfant",  "Enfants", "Nom",
+        "Prénom", "Nome",      "Cognome",      "Herr",     "Frau",    "Madame",  "Monsieur",
+        "Signor", "Signora",   "Person",       "Tochter",  "Sohn",    "Bambino", "Bambina",
+        "Geb",    "Geboren",   "Geburtsdatum", "Total",    "Familie", "Famille", "Famiglia",
+        "Januar", "Februar",   "März",         "April",    "Mai",     "Juni",    "Juli",
+        "August", "September", "Oktober",      "November", "Dezember"};
     return words;
 }
 
@@ -117,8 +118,13 @@ class Families {
 
   private:
     void look(const Row& row) {
-        static const Labels labels{"Kind", "Enfant", "Bambino", "Bambina", "Versicherte Person",
-                                   "Personne assurée", "Persona assicurata"};
+        static const Labels labels{"Kind",
+                                   "Enfant",
+                                   "Bambino",
+                                   "Bambina",
+                                   "Versicherte Person",
+                                   "Personne assurée",
+                                   "Persona assicurata"};
         for (std::size_t i = 0; i < row.words.size(); ++i) {
             if (parseDay(row.words[i].text)
                 || (i + 2 < row.words.size()
@@ -144,7 +150,9 @@ class Families {
     std::set<std::string> names_;
 };
 
-bool isWorthy(const RowAmount& amount) { return amount.amount.isFirm() && amount.amount.value >= 1; }
+bool isWorthy(const RowAmount& amount) {
+    return amount.amount.isFirm() && amount.amount.value >= 1;
+}
 
 class Search {
   public:
@@ -183,8 +191,8 @@ class Search {
                     last = isWorthy(amount) && amount.first > names[0].last ? &amount : last;
                 }
                 if (last != nullptr) {
-                    add(names[0], {.page = &page, .row = at, .amount = *last,
-                                   .label = names[0].text});
+                    add(names[0],
+                        {.page = &page, .row = at, .amount = *last, .label = names[0].text});
                 }
             }
         }

@@ -53,9 +53,9 @@ class Sentences {
         }
         for (std::size_t at = range.first; at < range.end; ++at) {
             const Row& row = range.page->rows[at];
-            const bool isApart =
-                at > range.first && row.top - range.page->rows[at - 1].bottom
-                                     > (range.page->isRecognised ? 1.8 : 1.2) * row.height();
+            const bool isApart = at > range.first
+                                 && row.top - range.page->rows[at - 1].bottom
+                                        > (range.page->isRecognised ? 1.8 : 1.2) * row.height();
             if (isApart || (at > range.first && isBrokenOn(range.page->rows[at - 1], row))
                 || (range.page->number != 0 && isTabular(row))) {
                 finish();
@@ -73,8 +73,7 @@ class Sentences {
     /// Whether a line ends before the margin although the next word would have had room: a title, a
     /// salutation, the end of a paragraph.
     bool isBrokenOn(const Row& line, const Row& next) const {
-        const bool isKnown =
-            range_.page->number != 0 && !line.words.empty() && !next.words.empty();
+        const bool isKnown = range_.page->number != 0 && !line.words.empty() && !next.words.empty();
         if (!isKnown) {
             return false;
         }

@@ -153,7 +153,8 @@ std::vector<Anchor> findAnchors(const PageRows& page) {
                                           "Part employeur", "Quota del datore"};
             const bool isEmployers =
                 table[i].box == SalaryBox::social && findLabel(row, employers, page.isRecognised);
-            if (!place || isPlainNumber(row, *place) || i < reached || isEmployers || (isOther && !page.isRecognised)) {
+            if (!place || isPlainNumber(row, *place) || i < reached || isEmployers
+                || (isOther && !page.isRecognised)) {
                 continue;
             }
             double right = place->right;

@@ -24,15 +24,27 @@ const std::array<BoxWords, 5>& boxWords() {
     static const Labels employers{"Arbeitgeber*", "employeur", "datore"};
     static const std::array<BoxWords, 5> rows{
         BoxWords{SalaryBox::gross,
-                 {{}, employers, true, {{gross, wage, total}, {gross, wage}, {gross, total}, {gross},
-                                        {wage, total}, {wage, yearly}, {wage}},
+                 {{},
+                  employers,
+                  true,
+                  {{gross, wage, total},
+                   {gross, wage},
+                   {gross, total},
+                   {gross},
+                   {wage, total},
+                   {wage, yearly},
+                   {wage}},
                   {net, other, pension}}},
-        BoxWords{SalaryBox::net, {{}, employers, true, {{net, wage}, {net}}, {gross, other, pension}}},
+        BoxWords{SalaryBox::net,
+                 {{}, employers, true, {{net, wage}, {net}}, {gross, other, pension}}},
         BoxWords{SalaryBox::buyIn, {{}, employers, true, {{buyIn}}, {possible}}},
         BoxWords{SalaryBox::social,
                  {{}, employers, true, {{social, total}, {social}}, {gross, net, buyIn, pension}}},
         BoxWords{SalaryBox::pensionFund,
-                 {{}, employers, true, {{occupational, total}, {occupational}, {ordinary}},
+                 {{},
+                  employers,
+                  true,
+                  {{occupational, total}, {occupational}, {ordinary}},
                   {gross, net, buyIn, social, pension}},
                  {"*vorsorge*", "PK", "PK-*", "prévoyance*", "previdenza*", "Altersvorsorge*"}},
     };
@@ -140,8 +152,8 @@ class Search {
     }
 
     bool addsUp() {
-        const Decimal deductions = valueOf(current_.boxes[2]) + valueOf(current_.boxes[3])
-                                   + valueOf(current_.boxes[4]);
+        const Decimal deductions =
+            valueOf(current_.boxes[2]) + valueOf(current_.boxes[3]) + valueOf(current_.boxes[4]);
         const auto check =
             netSalaryCheck(valueOf(current_.boxes[0]), deductions, valueOf(current_.boxes[1]));
         current_.isProven = check && check->passed && deductions >= 1;

@@ -81,9 +81,9 @@ double gapBetween(const Row& above, const Row& below, bool isRecognised) {
 
 /// Whether a cell is a bare number, maybe with its unit: a value where labels stand beside it.
 bool isNumber(const Row& row, const LabelPlace& cell) {
-    return lettersIn(row, cell) < 3
-           && std::ranges::any_of(row.words[cell.first].text,
-                                  [](char c) { return c >= '0' && c <= '9'; });
+    return lettersIn(row, cell) < 3 && std::ranges::any_of(row.words[cell.first].text, [](char c) {
+               return c >= '0' && c <= '9';
+           });
 }
 
 /// Left edges of the second label and further ones of a row of pairs "label amount label amount",
@@ -140,8 +140,9 @@ std::optional<std::vector<std::size_t>> gridColumns(const Row& labels, const Row
             return cell.left < head.right && head.left < cell.right;
         };
         const auto head = std::ranges::find_if(heads, under);
-        if (head == heads.end()
-            || std::any_of(std::next(head), heads.end(), [&](const auto& one) { return under(one); })) {
+        if (head == heads.end() || std::any_of(std::next(head), heads.end(), [&](const auto& one) {
+                return under(one);
+            })) {
             return std::nullopt;
         }
         const auto index = static_cast<std::size_t>(head - heads.begin());
@@ -173,9 +174,8 @@ void firmColumns(PageRows& page) {
     const double near = page.isRecognised ? 3 : 1.5;
     for (Row& row : page.rows) {
         for (RowAmount& amount : row.amounts) {
-            const auto count = std::ranges::count_if(edges, [&](double edge) {
-                return std::abs(edge - amount.place.right) <= near;
-            });
+            const auto count = std::ranges::count_if(
+                edges, [&](double edge) { return std::abs(edge - amount.place.right) <= near; });
             const bool isApart =
                 amount.first == 0 || amount.last + 1 == row.words.size()
                 || row.words[amount.last + 1].place.left - amount.place.right > row.height();
@@ -201,12 +201,12 @@ class Arrangement {
     PageRows run() && {
         const auto& rows = page_.rows;
         for (std::size_t at = 0; at < rows.size();) {
-            const std::size_t taken = takePairs(at)    ? end_ - at
-                                      : takeGrid(at)    ? 2
+            const std::size_t taken = takePairs(at)      ? end_ - at
+                                      : takeGrid(at)     ? 2
                                       : takeCaptions(at) ? 2
-                                      : takeSplit(at)   ? 2
-                                      : takeSwapped(at) ? 1
-                                                        : 0;
+                                      : takeSplit(at)    ? 2
+                                      : takeSwapped(at)  ? 1
+                                                         : 0;
             if (taken == 0) {
                 keep(rows[at]);
             }
@@ -263,25 +263,22 @@ class Arrangement {
     bool takePairs(std::size_t at) {
         const auto& rows = page_.rows;
         std::vector<double> edges = pairEdges(rows[at]);
-        if (edges.empty() && at + 1 < rows.size()
-            && gap(at) < 1.5) {
+        if (edges.empty() && at + 1 < rows.size() && gap(at) < 1.5) {
             edges = pairEdges(rows[at + 1]); // the first row of a column may lack the other
             edges = fitsEdges(rows[at], edges) ? edges : std::vector<double>();
         }
         if (edges.empty() && at + 1 < rows.size()) {
             edges = pairEdges(rows[at], true); // two rows of bare numbers tell as much
             const std::vector<double> next = pairEdges(rows[at + 1], true);
-            const bool isSame = std::ranges::equal(edges, next, [](double a, double b) {
-                return std::abs(a - b) <= aligned;
-            });
+            const bool isSame = std::ranges::equal(
+                edges, next, [](double a, double b) { return std::abs(a - b) <= aligned; });
             edges = isSame ? edges : std::vector<double>();
         }
         if (edges.empty()) {
             return false;
         }
         end_ = at + 1;
-        while (end_ < rows.size() && fitsEdges(rows[end_], edges)
-               && gap(end_ - 1) < 1.5) {
+        while (end_ < rows.size() && fitsEdges(rows[end_], edges) && gap(end_ - 1) < 1.5) {
             ++end_;
         }
         const double height = rows[end_ - 1].bottom - rows[at].top + rows[at].height();
@@ -334,8 +331,7 @@ class Arrangement {
             || gap(at) > 1.2) {
             return false;
         }
-        const bool isNearer = at == 0
-                              || gap(at) < 0.7 * gap(at - 1);
+        const bool isNearer = at == 0 || gap(at) < 0.7 * gap(at - 1);
         const auto columns = gridColumns(rows[at + 1], rows[at]);
         if (!isNearer || !columns || !hasOnlyLabels(rows[at + 1])) {
             return false;
@@ -354,8 +350,7 @@ class Arrangement {
     bool isCaptionBelow(std::size_t at) const {
         const auto& rows = page_.rows;
         return at + 2 < rows.size() && hasOnlyAmounts(rows[at + 1]) && !hasFirmAmount(rows[at + 2])
-               && gap(at + 1) < 0.7 * gap(at)
-               && gridColumns(rows[at + 2], rows[at + 1]);
+               && gap(at + 1) < 0.7 * gap(at) && gridColumns(rows[at + 2], rows[at + 1]);
     }
 
     void composeGrid(const Row& labels, const Row& values,
@@ -379,8 +374,7 @@ class Arrangement {
     /// Whether the values of a grid are but the first row of a table.
     bool hasMoreRows(std::size_t at) const {
         const auto& rows = page_.rows;
-        if (at + 2 >= rows.size() || !hasFirmAmount(rows[at + 2])
-            || gap(at + 1) > 1.6) {
+        if (at + 2 >= rows.size() || !hasFirmAmount(rows[at + 2]) || gap(at + 1) > 1.6) {
             return false;
         }
         const double left = rows[at + 1].words.front().place.left;
@@ -396,20 +390,18 @@ class Arrangement {
     /// A label of two lines whose amount stands beside the second.
     bool takeSplit(std::size_t at) {
         const auto& rows = page_.rows;
-        if (at + 1 >= rows.size() || hasFirmAmount(rows[at])
-            || gap(at) > 0.8) {
+        if (at + 1 >= rows.size() || hasFirmAmount(rows[at]) || gap(at) > 0.8) {
             return false;
         }
         const Cells above = cellsOf(rows[at]);
         const Cells below = cellsOf(rows[at + 1]);
-        const bool isLabel = above.size() == 1 && below.size() >= 2
-                             && std::abs(above[0].left - below[0].left) <= aligned
-                             && roleOf(rows[at + 1], below[0]) == Role::text
-                             && std::ranges::all_of(below.begin() + 1, below.end(),
-                                                    [&](const LabelPlace& cell) {
-                                                        return roleOf(rows[at + 1], cell)
-                                                               != Role::text;
-                                                    });
+        const bool isLabel =
+            above.size() == 1 && below.size() >= 2
+            && std::abs(above[0].left - below[0].left) <= aligned
+            && roleOf(rows[at + 1], below[0]) == Role::text
+            && std::ranges::all_of(below.begin() + 1, below.end(), [&](const LabelPlace& cell) {
+                   return roleOf(rows[at + 1], cell) != Role::text;
+               });
         if (!isLabel || !goesOn(rows[at].words.back(), rows[at + 1].words.front())) {
             return false;
         }
@@ -426,10 +418,11 @@ class Arrangement {
     /// Whether a label that ends with one word goes on with another.
     static bool goesOn(const RowWord& last, const RowWord& next) {
         static constexpr std::array open{
-            "der", "des", "die", "den", "und", "oder", "im", "in", "an", "am", "aus", "von", "vom",
-            "mit", "zu", "zur", "zum", "fur", "uber", "per", "bei", "du", "de", "la", "le", "les",
-            "d", "et", "ou", "au", "aux", "par", "pour", "sur", "di", "del", "della", "dei", "delle",
-            "dell", "e", "o", "per", "al", "alla", "ai", "su", "sul", "nel", "con", "da", "dal"};
+            "der",  "des", "die", "den",   "und", "oder",  "im",   "in",   "an",  "am",  "aus",
+            "von",  "vom", "mit", "zu",    "zur", "zum",   "fur",  "uber", "per", "bei", "du",
+            "de",   "la",  "le",  "les",   "d",   "et",    "ou",   "au",   "aux", "par", "pour",
+            "sur",  "di",  "del", "della", "dei", "delle", "dell", "e",    "o",   "per", "al",
+            "alla", "ai",  "su",  "sul",   "nel", "con",   "da",   "dal"};
         const char first = next.text.empty() ? 'A' : next.text.front();
         return (first >= 'a' && first <= 'z') || first == '(' || last.text.ends_with('-')
                || last.text.ends_with('/') || last.text.ends_with(',')

@@ -59,8 +59,7 @@ bool holds(std::string_view word, const Label& label, std::size_t most) {
 std::optional<std::size_t> matchAt(const std::vector<Token>& tokens, std::size_t at,
                                    const Label& label, bool isRecognised) {
     const std::string& wanted = label.compact();
-    const std::size_t most =
-        isRecognised ? wanted.size() / (label.isOpen() ? 10 : 8) : 0;
+    const std::size_t most = isRecognised ? wanted.size() / (label.isOpen() ? 10 : 8) : 0;
     if (label.isOpenBefore()) {
         return holds(tokens[at].text, label, most) ? std::optional(at) : std::nullopt;
     }

@@ -146,7 +146,8 @@ bool isFrancs(std::string_view word) {
     std::string_view rest = word;
     static constexpr std::array misread{"CHEF", "SER.", "SFR.", "CHP", "GHF"};
     return (takeCurrency(rest) && rest.find_first_not_of(".:;") == std::string_view::npos)
-           || std::ranges::find(misread, word) != misread.end() || word == "Franken" || word == "francs" || word == "franchi";
+           || std::ranges::find(misread, word) != misread.end() || word == "Franken"
+           || word == "francs" || word == "franchi";
 }
 
 std::optional<PrintedAmount> parseAmount(std::string_view text, bool isRecognised) {

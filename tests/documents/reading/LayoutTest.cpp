@@ -279,7 +279,8 @@ std::vector<Layout> peopleAndTraps() {
          liegenschaft,
          {{60, 60, "Schätzungsamt Muster"},
           {60, 90, "Schätzung Grundstück Nr. 4705"},
-          {60, 120, "Die Kommission hat den Verkehrswert auf CHF 1’136’000.00 und den Mietwert auf CHF"},
+          {60, 120,
+           "Die Kommission hat den Verkehrswert auf CHF 1’136’000.00 und den Mietwert auf CHF"},
           {60, 132, "30’600.00 festgelegt. Die Kosten der Schätzung betragen CHF 510.00."}},
          {"taxValue=1136000", "imputedRentalValue=30600"}},
     };
