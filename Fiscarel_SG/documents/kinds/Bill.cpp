@@ -1,4 +1,5 @@
 #include "Fiscarel_SG/documents/kinds/AmountFinder.h"
+#include "Fiscarel_SG/documents/kinds/BillWords.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
 #include "Fiscarel_SG/documents/kinds/PersonParts.h"
 #include "Fiscarel_SG/documents/kinds/PlainAmount.h"
@@ -44,209 +45,11 @@ constexpr std::array targets{
                "actualMaintenanceCosts", "", "", "Abziehbar ist nur werterhaltender Unterhalt."},
 };
 
-/// Totals as bills and receipts name them, the surest first.
-const Wanted& totals() {
-    static const Wanted wanted{
-        {"Rechnungsbetrag",
-         "Rechnungstotal",
-         "Gesamtbetrag",
-         "Total Rechnung",
-         "Zu bezahlen",
-         "Zahlbetrag",
-         "Total inkl*",
-         "Gesamttotal",
-         "Total zu bezahlen",
-         "Total Spenden",
-         "Total der Spenden",
-         "Total der Zuwendungen",
-         "Total Zuwendungen",
-         "Spendentotal",
-         "Spendenbetrag",
-         "Von den Eltern bezahlt*",
-         "Elternbeitrag bezahlt",
-         "Bezahlter Elternbeitrag",
-         "Total Elternbeitrag",
-         "Nettokosten*",
-         "Kosten der Weiterbildung",
-         "Weiterbildungskosten",
-         "Lehrgangskosten",
-         "Lehrgangsgebühr*",
-         "Studiengebühr*",
-         "Semestergebühr*",
-         "Teilnahmegebühr",
-         "Bezahlter Betrag",
-         "Rechnungssumme",
-         "Offener Betrag",
-         "Zahlungsbetrag",
-         "Spendensumme",
-         "Gespendeter Betrag",
-         "Elternanteil",
-         "Netto zu Lasten der Eltern",
-         "Bezahlte Kurskosten",
-         "Total Betreuungskosten",
-         "Total der Betreuungskosten",
-         "Total Elternbeiträge",
-         "Total Betreuung",
-         "Bezahlte Betreuungskosten",
-         "Betreuungskosten total",
-         "Jahrestotal",
-         "Kursgeld total",
-         "Total Kursgeld",
-         "Total Kurskosten",
-         "Montant de la facture",
-         "Montant à payer",
-         "Total à payer",
-         "Total TTC",
-         "Total facture",
-         "Montant total",
-         "Total des dons",
-         "Total général",
-         "Total des frais de garde",
-         "Importo della fattura",
-         "Importo fattura",
-         "Totale da pagare",
-         "Importo totale",
-         "Totale donazioni",
-         "Totale delle donazioni",
-         "Totale fattura",
-         "Totale generale",
-         "Totale spese di custodia",
-         "Totalbetrag",
-         "Endbetrag"},
-        {"exkl*", "ohne MWST", "HT", "IVA esclusa", "Zwischentotal", "Vorjahr", "Mahngebühr"},
-        true,
-        {{payable, total}, {amount, payable}, {invoice, total}, {invoice, amount}},
-        {other, refunded, publicShare}};
-    return wanted;
-}
-/// What only papers of a kind say of their amount, the surest first.
-const Wanted& ownTotals(Kind kind) {
-    static const Wanted medicalTotals{
-        {},
-        {"exkl*", "HT"},
-        true,
-        {{medical, total}, {payable}, {amount, total}, {total}, {invoice}},
-        {other, refunded}};
-    static const Wanted donations{{},
-                                  {"exkl*", "HT"},
-                                  true,
-                                  {{donation, total},
-                                   {donation, amount},
-                                   {donation, paid},
-                                   {donation, yearly},
-                                   {contribution, paid},
-                                   {amount, paid},
-                                   {donation},
-                                   {amount, total}},
-                                  {other, possible}};
-    static const Wanted daycare{{},
-                                {"exkl*", "HT"},
-                                true,
-                                {{parents, net},
-                                 {parents, paid},
-                                 {parents, total},
-                                 {childcare, net},
-                                 {amount, net},
-                                 {fee, net},
-                                 {childcare, paid},
-                                 {amount, paid},
-                                 {fee, paid},
-                                 {contribution, paid},
-                                 {parents, contribution},
-                                 {total, paid},
-                                 {paid, yearly},
-                                 {payable},
-                                 {childcare, total},
-                                 {amount, childcare},
-                                 {childcare, yearly},
-                                 {paid},
-                                 {total},
-                                 {fee, total},
-                                 {amount, total}},
-                                {other, refunded, publicShare, possible}};
-    static const Wanted courses{{},
-                                {"exkl*", "HT"},
-                                true,
-                                {{fee, net},
-                                 {amount, net},
-                                 {course, paid},
-                                 {fee, paid},
-                                 {amount, paid},
-                                 {total, paid},
-                                 {paid, yearly},
-                                 {paid},
-                                 {payable},
-                                 {course, fee, total},
-                                 {course, total},
-                                 {fee, total},
-                                 {amount, total},
-                                 {total},
-                                 {course, fee},
-                                 {fee}},
-                                {other, refunded, publicShare, possible}};
-    static const Wanted repairs{
-        {}, {"exkl*", "HT"}, true, {{payable}, {amount, total}}, {other, refunded}};
-    switch (kind) {
-    case Kind::arztrechnung:
-        return medicalTotals;
-    case Kind::spende:
-        return donations;
-    case Kind::kinderbetreuung:
-        return daycare;
-    case Kind::weiterbildung:
-        return courses;
-    default:
-        return repairs;
-    }
-}
-const Wanted& plainTotals() {
-    static const Wanted wanted{{"Total*",
-                                "Totale",
-                                "Gesamt",
-                                "Summe",
-                                "Betrag",
-                                "Montant",
-                                "Importo",
-                                "Spende",
-                                "Spende von",
-                                "Zuwendung",
-                                "Don de",
-                                "Don",
-                                "Donazione",
-                                "Kursgeld",
-                                "Kurskosten",
-                                "Kursgebühr",
-                                "Frais de cours",
-                                "Tassa del corso",
-                                "Betreuungskosten",
-                                "Frais de garde",
-                                "Spese di custodia",
-                                "CHF",
-                                "Fr."},
-                               {"exkl*", "HT", "IVA esclusa", "Zwischentotal", "Sous-total",
-                                "Subtotale", "Vorjahr", "Taxpunkte", "Stunden", "Tage"},
-                               false};
-    return wanted;
-}
-const Wanted& taxes() {
-    static const Wanted wanted{{"MWST*", "Mehrwertsteuer", "TVA", "IVA"},
-                               {"inkl*", "exkl*", "Nr", "CHE*", "ohne", "incl*", "Total", "Totale",
-                                "befreit", "esclusa", "inclusa"}};
-    return wanted;
-}
-const Wanted& nets() {
-    static const Wanted wanted{{"Nettobetrag", "Total exkl. MWST", "Total ohne MWST", "Netto",
-                                "Zwischentotal", "Total HT", "Montant net", "Sous-total",
-                                "Totale IVA esclusa", "Importo netto", "Subtotale"},
-                               {}};
-    return wanted;
-}
-
 std::vector<ProposalCheck> totalChecks(const std::vector<RowRange>& ranges,
                                        const FoundAmount& total) {
     std::vector<ProposalCheck> checks;
-    const auto tax = findLast(ranges, taxes());
-    const auto net = findLast(ranges, nets());
+    const auto tax = findLast(ranges, billTaxes());
+    const auto net = findLast(ranges, billNets());
     if (tax && net && tax->value() != net->value() && net->value() <= total.value()
         && tax->value() < net->value()) {
         const Decimal computed = net->value() + tax->value();
@@ -300,7 +103,7 @@ class BillMapper {
   private:
     /// A record for each child the document tells the costs of.
     bool proposeEachChild() {
-        const Wanted& wanted = ownTotals(target_.kind);
+        const Wanted& wanted = ownBillTotals(target_.kind);
         const auto parts = findPersonAmounts(context_.document, wanted);
         Decimal sum;
         for (const PersonAmount& part : parts) {
@@ -349,7 +152,7 @@ class BillMapper {
     }
 
     std::optional<FoundAmount> bestTotal(Digits digits) {
-        for (const Wanted* wanted : {&totals(), &ownTotals(target_.kind)}) {
+        for (const Wanted* wanted : {&billTotals(), &ownBillTotals(target_.kind)}) {
             auto all = findAmounts(ranges_, *wanted, digits);
             std::erase_if(all, [](const FoundAmount& one) { // numbers of bills, of clients
                 return !one.amount.amount.isFirm() && one.value() >= 100'000;
@@ -359,8 +162,8 @@ class BillMapper {
                 return target_.isShared ? afterShares(all.back()) : wholeOf(all);
             }
         }
-        wanted_ = &plainTotals();
-        auto all = findAmounts(ranges_, plainTotals(), digits);
+        wanted_ = &plainBillTotals();
+        auto all = findAmounts(ranges_, plainBillTotals(), digits);
         std::erase_if(all, [](const FoundAmount& one) { return one.value() < 1; });
         for (const FoundAmount& one : all) {
             if (columnCheck(one)) {
