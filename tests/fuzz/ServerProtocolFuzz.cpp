@@ -4,6 +4,7 @@
 
 #include "server/Endpoints.h"
 #include "server/Protocol.h"
+#include "tests/fuzz/Require.h"
 #include "tests/support/FakeServices.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -12,8 +13,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <set>
 #include <string>
 #include <string_view>
@@ -23,12 +22,7 @@ namespace {
 using namespace fiscarel;
 using namespace fiscarel::server;
 
-void require(bool holds, const char* claim) {
-    if (!holds) {
-        std::fprintf(stderr, "violated: %s\n", claim);
-        std::abort();
-    }
-}
+using testing::require;
 
 class NoMail final : public Mail {
   public:
