@@ -14,8 +14,6 @@
 #include <unistd.h>
 
 #include <QApplication>
-#include <QElapsedTimer>
-#include <QGuiApplication>
 #include <QMessageBox>
 #include <QSocketNotifier>
 #include <QStandardPaths>
@@ -78,19 +76,6 @@ QUrl cloudServer(const Settings& settings) {
                                       : CloudAPI::defaultBase();
 }
 
-/// Compares when the user comes back to the window, but not at every change between windows.
-void checkWhenActive(QGuiApplication& application, CloudSync& cloud) {
-    constexpr qint64 often = 60'000; // milliseconds
-    QObject::connect(&application, &QGuiApplication::applicationStateChanged, &cloud,
-                     [&cloud, last = QElapsedTimer()](Qt::ApplicationState state) mutable {
-                         if (state == Qt::ApplicationActive
-                             && (!last.isValid() || last.hasExpired(often))) {
-                             last.start();
-                             cloud.checkNow();
-                         }
-                     });
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
@@ -130,7 +115,6 @@ int main(int argc, char** argv) {
     CloudAPI cloudServerCalls(cloudServer(settings));
     CloudSync cloud({store, cloudServerCalls, keychain, persistence.get(), files, writer.thread,
                      cloudWorker.thread, timers, clock});
-    checkWhenActive(application, cloud);
     pages::DocumentDesk desk(
         store, files,
         utf8(QStandardPaths::writableLocation(QStandardPaths::CacheLocation) + u"/gelesen"_s));

@@ -28,6 +28,7 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 namespace fiscarel::shell {
 
@@ -467,10 +468,16 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     event->accept();
 }
 
-/// Who comes back from another machine or program sees what was done there.
+/// Who comes back from another program may come from another machine, too. Our own dialogs, which
+/// take the window's place for a while, are no going away.
 void MainWindow::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow() && cloud_ != nullptr) {
+    if (event->type() != QEvent::ActivationChange) {
+        return;
+    }
+    if (!isActiveWindow()) {
+        isAway_ = QApplication::activeWindow() == nullptr;
+    } else if (std::exchange(isAway_, false) && cloud_ != nullptr) {
         cloud_->checkNow();
     }
 }

@@ -88,6 +88,7 @@ class MainWindow final : public QMainWindow {
     AppStore& store_;
     Settings& settings_;
     CloudService* cloud_;
+    bool isAway_ = true; ///< no window of the program has the keyboard
     look::Appearance appearance_;
     Sidebar* sidebar_;
     PageStack* stack_;
