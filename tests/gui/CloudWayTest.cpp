@@ -2,19 +2,14 @@
 // with the real server between them.
 
 #include "tests/cloud/CloudMachine.h"
-#include "tests/gui/OpenWindow.h"
+#include "tests/gui/CloudPage.h"
 #include "tests/support/RunningServer.h"
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QTimer>
 #include <QUrl>
-#include <algorithm>
 #include <chrono>
 #include <memory>
 #include <string>
@@ -84,19 +79,6 @@ class Seat {
         EXPECT_TRUE(text(u"cloudCodeProblem"_s).startsWith(u"Der Code stimmt nicht. Noch "_s));
         typeInto(u"cloudCode"_s, QString::fromStdString(code));
     }
-    /// Answers the box that comes up.
-    void answer(const QString& button) {
-        auto* const waiting = new QTimer(hands.window.get());
-        QObject::connect(waiting, &QTimer::timeout, waiting, [waiting, button] {
-            if (auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-                waiting->deleteLater();
-                const auto buttons = box->buttons();
-                const auto named = std::ranges::find(buttons, button, &QAbstractButton::text);
-                (named != buttons.end() ? *named : box->defaultButton())->click();
-            }
-        });
-        waiting->start(5ms);
-    }
 
   private:
     const testing::RunningServer& server_;
@@ -156,7 +138,7 @@ TEST(CloudWay, twoMachinesFromTheFirstCodeToTheLastSignOut) {
     EXPECT_TRUE(workshop.machine.status().conflicts.empty());
     EXPECT_EQ(workshop.machine.status().devices.size(), 2U);
 
-    notebook.answer(u"Abmelden"_s);
+    testing::answerBox(*notebook.hands.window, u"Abmelden"_s);
     notebook.hands.click(u"cloudSignOut"_s);
     notebook.rest();
     EXPECT_EQ(notebook.text(u"cloudLine"_s), u"Cloud: abgemeldet"_s);

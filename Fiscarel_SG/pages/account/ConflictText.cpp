@@ -187,6 +187,11 @@ class Describing {
         text.where = place ? year + u" · "_s + qs(place->where) : year;
         text.ours = value(conflict, conflict.ours, taxCase, pages);
         text.theirs = value(conflict, conflict.theirs, taxCase, pages);
+        if (conflict.path.ends_with(".documentID")) {
+            text.label = u"Beleg zu «%1»"_s.arg(text.label);
+            text.ours = titleOf(conflict.ours);
+            text.theirs = titleOf(conflict.theirs);
+        }
         text.isWhole = conflict.path.ends_with(']');
         text.path = place ? counted.value_or(std::string()) : std::string();
         return text;
@@ -212,6 +217,17 @@ class Describing {
             return parts.isEmpty() ? u"neu"_s : shortened(parts.join(u", "_s));
         }
         return plainValue(*json);
+    }
+
+    /// Of the document that a case names.
+    QString titleOf(const std::optional<std::string>& json) const {
+        const auto id = json ? taxcore::Uuid::parse(utf8(plainValue(*json))) : std::nullopt;
+        if (!id) {
+            return empty;
+        }
+        const auto found = std::ranges::find(store_.documents(), *id, &StoredDocument::id);
+        return found != store_.documents().end() ? shortened(qs(found->title))
+                                                 : u"ein Beleg, der hier fehlt"_s;
     }
 
     ConflictText ofDocument(const MergeConflict& conflict) const {
