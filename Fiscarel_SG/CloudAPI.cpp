@@ -214,7 +214,8 @@ CloudAPI::CloudAPI(QUrl base, Patience patience, QObject* parent)
 QUrl CloudAPI::defaultBase() { return baseOf(QStringLiteral(FISCAREL_CLOUD_HOST)); }
 
 QUrl CloudAPI::baseOf(const QString& host) {
-    return QUrl(u"https://%1/fiscarel/api/v1/"_s.arg(host));
+    const QUrl origin(host.contains(u"://"_s) ? host : u"https://"_s + host);
+    return origin.resolved(QUrl(u"/fiscarel/api/v1/"_s));
 }
 
 void CloudAPI::send(const Request& request, Answer done) {

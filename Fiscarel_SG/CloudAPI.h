@@ -110,7 +110,8 @@ class CloudAPI final : public QObject {
     CloudAPI(QUrl base, Patience patience, QObject* parent = nullptr);
     /// The server this program was built for.
     static QUrl defaultBase();
-    /// The address of the interface on a host, "https://HOST/fiscarel/api/v1/".
+    /// The address of the interface on a host, "https://HOST/fiscarel/api/v1/"; "HOST:PORT" and a
+    /// host with its scheme, as "http://127.0.0.1:8420", are fine as well.
     static QUrl baseOf(const QString& host);
 
     /// Where the calls go.

@@ -1,4 +1,5 @@
 #include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/cloud/CloudSync.h"
 #include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/SwissGerman.h"
 #include "Fiscarel_SG/pages/documents/DocumentDesk.h"
@@ -13,6 +14,8 @@
 #include <unistd.h>
 
 #include <QApplication>
+#include <QElapsedTimer>
+#include <QGuiApplication>
 #include <QMessageBox>
 #include <QSocketNotifier>
 #include <QStandardPaths>
@@ -59,6 +62,35 @@ void endOnSignals(QObject& parent) {
     }
 }
 
+/// A thread for work, with the main thread's event loop behind it.
+struct MainThreadQueue {
+    QObject onMainThread;
+    WriterThread thread{[this] {
+        QMetaObject::invokeMethod(
+            &onMainThread, [this] { thread.deliver(); }, Qt::QueuedConnection);
+    }};
+};
+
+/// The encrypted backup's server: the one of the settings, or the one this program was built for.
+QUrl cloudServer(const Settings& settings) {
+    const auto server = settings.text("cloud/server");
+    return server && !server->empty() ? CloudAPI::baseOf(QString::fromStdString(*server))
+                                      : CloudAPI::defaultBase();
+}
+
+/// Compares when the user comes back to the window, but not at every change between windows.
+void checkWhenActive(QGuiApplication& application, CloudSync& cloud) {
+    constexpr qint64 often = 60'000; // milliseconds
+    QObject::connect(&application, &QGuiApplication::applicationStateChanged, &cloud,
+                     [&cloud, last = QElapsedTimer()](Qt::ApplicationState state) mutable {
+                         if (state == Qt::ApplicationActive
+                             && (!last.isValid() || last.hasExpired(often))) {
+                             last.start();
+                             cloud.checkNow();
+                         }
+                     });
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -90,17 +122,19 @@ int main(int argc, char** argv) {
     if (!launch.demo) {
         persistence = std::make_unique<Persistence>(files, clock);
     }
-    QObject onMainThread;
-    WriterThread writer([&] {
-        QMetaObject::invokeMethod(
-            &onMainThread, [&] { writer.deliver(); }, Qt::QueuedConnection);
-    });
-    endOnSignals(onMainThread);
-    AppStore store({persistence.get(), writer, clock, timers, settings}, launch);
+    SystemKeychain keychain;
+    MainThreadQueue writer;
+    MainThreadQueue cloudWorker; // the keyring may keep it waiting for the user
+    endOnSignals(writer.onMainThread);
+    AppStore store({persistence.get(), writer.thread, clock, timers, settings}, launch);
+    CloudAPI cloudServerCalls(cloudServer(settings));
+    CloudSync cloud({store, cloudServerCalls, keychain, persistence.get(), files, writer.thread,
+                     cloudWorker.thread, timers, clock});
+    checkWhenActive(application, cloud);
     pages::DocumentDesk desk(
         store, files,
         utf8(QStandardPaths::writableLocation(QStandardPaths::CacheLocation) + u"/gelesen"_s));
-    shell::MainWindow window(store, settings, desk);
+    shell::MainWindow window(store, settings, desk, &cloud);
     window.show();
     QObject::connect(&instance, &shell::SingleInstance::asked, &window, [&] {
         window.setWindowState(window.windowState() & ~Qt::WindowMinimized);

@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/cloud/DocumentExchange.h"
 
+#include "Fiscarel_SG/cloud/ReceiptTidying.h"
 #include "Fiscarel_SG/cloud/Sealing.h"
 
 #include <algorithm>
@@ -152,7 +153,7 @@ void DocumentExchange::plan() {
     toSend_.clear();
     toFetch_.clear();
     toRemove_.clear();
-    deletionsNoted_ = false;
+    isTidiedUp_ = false;
     context_.status.leftOut.clear();
     for (const StoredDocument& document : context_.store.documents()) {
         if (isIn(common_->state.documents, document.id)) {
@@ -203,9 +204,8 @@ void DocumentExchange::next() {
         const StoredDocument document = std::move(toFetch_.front());
         toFetch_.pop_front();
         isWanted(document.id) && stored(document.id) != nullptr ? fetch(document) : next();
-    } else if (!std::exchange(deletionsNoted_, true)) {
-        noteDeletions();
-        noteOrphans();
+    } else if (!std::exchange(isTidiedUp_, true)) {
+        tidyUp();
         next();
     } else if (!toRemove_.empty()) {
         removeNext();
@@ -394,75 +394,17 @@ void DocumentExchange::saveMap() {
 
 // Away.
 
-/// The files of documents that are gone leave the map first, so that no machine relies on them.
-void DocumentExchange::noteDeletions() {
-    auto& deletions = context_.record.deletions;
-    const auto before = deletions;
-    std::erase_if(deletions, [&](const CloudRecord::Deletion& deletion) {
-        const bool isBack = isIn(context_.store.documents(), deletion.document)
-                            || isIn(common_->state.documents, deletion.document);
-        if (isBack && deletion.entry && onServer_.contains(deletion.entry->receipt)
-            && map_.of(deletion.document) == nullptr) {
-            map_.receipts.push_back(*deletion.entry);
-            mapChanged_ = true;
-        }
-        return isBack;
-    });
-    for (CloudRecord::Deletion& deletion : deletions) {
-        if (const ReceiptEntry* const entry = map_.of(deletion.document)) {
-            deletion.entry = *entry;
-            std::erase_if(map_.receipts, [&](const ReceiptEntry& old) {
-                return old.document == deletion.document;
-            });
-            mapChanged_ = true;
-        }
-    }
-    std::erase_if(deletions, [&](const CloudRecord::Deletion& deletion) {
-        return !deletion.entry || !onServer_.contains(deletion.entry->receipt);
-    });
-    for (const CloudRecord::Deletion& deletion : deletions) {
-        toRemove_.push_back(deletion.entry->receipt);
-    }
-    if (deletions != before) {
-        context_.keepRecord();
-    }
-}
-
-/// Files on the server that belong to no document: left by machines that ended in the midst.
-void DocumentExchange::noteOrphans() {
-    auto& orphans = context_.record.orphans;
-    const auto before = orphans;
-    std::set<std::string> named(toRemove_.begin(), toRemove_.end());
-    for (const ReceiptEntry& entry : map_.receipts) {
-        if (isIn(context_.store.documents(), entry.document)
-            || isIn(common_->state.documents, entry.document)) {
-            named.insert(entry.receipt);
-        }
-    }
-    std::erase_if(orphans, [&](const CloudRecord::Orphan& orphan) {
-        return named.contains(orphan.receipt) || !onServer_.contains(orphan.receipt);
-    });
-    const Moment now = context_.clock.now();
-    for (const std::string& receipt : onServer_) {
-        const auto seen = std::ranges::find(orphans, receipt, &CloudRecord::Orphan::receipt);
-        if (named.contains(receipt)) {
-            continue;
-        }
-        const bool isOld =
-            context_.record.startsAnew
-            || (seen != orphans.end() && now.seconds - seen->seen.seconds >= orphanSeconds);
-        if (isOld) {
-            toRemove_.push_back(receipt);
-            mapChanged_ =
-                std::erase_if(map_.receipts,
-                              [&](const ReceiptEntry& entry) { return entry.receipt == receipt; })
-                    > 0
-                || mapChanged_;
-        } else if (seen == orphans.end()) {
-            orphans.push_back({receipt, now});
-        }
-    }
-    if (orphans != before) {
+void DocumentExchange::tidyUp() {
+    const ReceiptsToRemove removing =
+        removeReceipts({map_, context_.record, onServer_,
+                        [this](const Uuid& document) {
+                            return isIn(context_.store.documents(), document)
+                                   || isIn(common_->state.documents, document);
+                        }},
+                       context_.clock.now());
+    toRemove_.assign(removing.receipts.begin(), removing.receipts.end());
+    mapChanged_ = mapChanged_ || removing.changesMap;
+    if (removing.changesRecord) {
         context_.keepRecord();
     }
 }

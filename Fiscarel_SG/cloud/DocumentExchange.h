@@ -23,10 +23,6 @@ class DocumentExchange {
 
     /// Largest file the server takes, bytes as sealed.
     static constexpr std::uint64_t mostBytes = std::uint64_t{25} << 20U;
-    /// A file on the server that belongs to no document goes after this many seconds; until then
-    /// its document may still turn up.
-    static constexpr std::int64_t orphanSeconds = std::int64_t{7} * 86'400;
-
     /// The context must outlive it.
     explicit DocumentExchange(CloudContext& context) : context_(context) {}
 
@@ -63,8 +59,7 @@ class DocumentExchange {
     void place(const StoredDocument& document, const ReceiptEntry& entry, const QByteArray& sealed);
 
     void saveMap();
-    void noteDeletions();
-    void noteOrphans();
+    void tidyUp();
     void removeNext();
     void removed(const std::string& receipt);
 
@@ -79,7 +74,7 @@ class DocumentExchange {
     std::deque<StoredDocument> toSend_;
     std::deque<StoredDocument> toFetch_;
     std::deque<std::string> toRemove_; ///< receipts
-    bool deletionsNoted_ = false;
+    bool isTidiedUp_ = false;
     std::optional<CloudTrouble> full_;    ///< the server has no more room
     std::optional<Sealed> sealed_;        ///< whose answer is missing: sent again as it was
     std::map<Uuid, std::string> refused_; ///< documents that do not go up, with the reason

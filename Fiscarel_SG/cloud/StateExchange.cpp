@@ -22,7 +22,7 @@ void StateExchange::run(Done done) {
     done_ = std::move(done);
     attempts_ = 0;
     isBackedUp_ = false;
-    added_.clear();
+    withdrawConflicts();
     fetch();
 }
 
@@ -142,12 +142,7 @@ void StateExchange::compareKey(std::function<void()> same) {
 
 void StateExchange::settle() {
     const PersistedState ours = this->ours();
-    if (!added_.empty()) {
-        std::erase_if(context_.record.conflicts, [&](const MergeConflict& conflict) {
-            return std::ranges::find(added_, conflict) != added_.end();
-        });
-        added_.clear();
-    }
+    withdrawConflicts();
     if (theirs_ == nullptr) {
         upload(reconcile(context_.common->known(), ours, nullptr).lineage);
         return;
@@ -167,6 +162,14 @@ void StateExchange::settle() {
         return;
     }
     agreed(theirs_, [this, lineage = result.lineage] { upload(lineage); });
+}
+
+/// Takes conflicts back of a state that did not come to be taken in.
+void StateExchange::withdrawConflicts() {
+    std::erase_if(context_.record.conflicts, [&](const MergeConflict& conflict) {
+        return std::ranges::find(added_, conflict) != added_.end();
+    });
+    added_.clear();
 }
 
 /// Whether the way from one state to the other has to wait for the user's answer.

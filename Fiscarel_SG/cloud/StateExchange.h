@@ -38,6 +38,7 @@ class StateExchange {
     void opened(const CloudAPI::Block& block, tl::expected<SharedStatePointer, std::string> shared);
     void compareKey(std::function<void()> same);
     void settle();
+    void withdrawConflicts();
     bool asks(bool isIncoming, const PersistedState& before, const PersistedState& after);
     void takeIn(const Reconciled& result, const PersistedState& ours);
     void keepConflicts(const Reconciled& result, const PersistedState& ours);

@@ -114,6 +114,8 @@ TEST_F(CloudAPITest, asksAsAgreed) {
          ""},
         {[&](auto then) { api.storeWrappedKey("k", "t", done(then)); },
          "POST /fiscarel/api/v1/llave.php ", R"({"llave":"k"})"},
+        {[&](auto then) { api.storeWrappedKey("k", "t", done(then), "alt"); },
+         "POST /fiscarel/api/v1/llave.php ", R"({"anterior":"alt","llave":"k"})"},
         {[&](auto then) { api.block("a&b+c ä", "t", done(then)); },
          "GET /fiscarel/api/v1/bloque.php?clave=a%26b%2Bc%20%C3%A4 ", ""},
         {[&](auto then) {
@@ -149,6 +151,16 @@ TEST_F(CloudAPITest, asksAsAgreed) {
             EXPECT_EQ(body.toStdString(), row.body) << row.line;
             EXPECT_EQ(server.asked.contains("application/json"), !body.isEmpty());
         }
+    }
+}
+
+TEST_F(CloudAPITest, aServerIsNamedByItsHostOrWithItsScheme) {
+    for (const auto& [named, address] :
+         {std::pair("cloud.example.ch", "https://cloud.example.ch/fiscarel/api/v1/"),
+          std::pair("cloud.example.ch:8443", "https://cloud.example.ch:8443/fiscarel/api/v1/"),
+          std::pair("http://127.0.0.1:8420", "http://127.0.0.1:8420/fiscarel/api/v1/"),
+          std::pair("https://example.ch/", "https://example.ch/fiscarel/api/v1/")}) {
+        EXPECT_EQ(CloudAPI::baseOf(QString::fromUtf8(named)).toString().toStdString(), address);
     }
 }
 

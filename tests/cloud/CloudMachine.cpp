@@ -41,9 +41,9 @@ void passTime(std::chrono::milliseconds time) {
 }
 
 CloudMachine::CloudMachine(std::string machineName, QUrl base, FakeClock& machineClock,
-                           std::chrono::milliseconds patience)
-    : name(std::move(machineName)), clock(machineClock), base_(std::move(base)),
-      patience_(patience) {
+                           std::chrono::milliseconds machinePatience)
+    : name(std::move(machineName)), clock(machineClock), patience(machinePatience),
+      base_(std::move(base)) {
     needApplication();
 }
 
@@ -59,7 +59,7 @@ void CloudMachine::start(LaunchArguments launch) {
     settings.setText("defaultRegion", "SG");
     store = std::make_unique<AppStore>(
         AppStore::Services{persistence.get(), *writer, clock, *timers, settings}, launch);
-    api_ = std::make_unique<CloudAPI>(base_, CloudAPI::Patience{patience_, patience_});
+    api_ = std::make_unique<CloudAPI>(base_, CloudAPI::Patience{patience, patience});
     sync = std::make_unique<CloudSync>(CloudSync::Services{*store, *api_, keychain,
                                                            persistence.get(), *fileSystem, *writer,
                                                            *worker, *timers, clock, name});

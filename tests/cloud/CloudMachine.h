@@ -31,7 +31,7 @@ class CloudMachine {
   public:
     /// `base` is where it finds the server, or what stands before it.
     CloudMachine(std::string name, QUrl base, FakeClock& clock,
-                 std::chrono::milliseconds patience = std::chrono::milliseconds(400));
+                 std::chrono::milliseconds patience = std::chrono::seconds(5));
     ~CloudMachine();
     CloudMachine(const CloudMachine&) = delete;
     CloudMachine& operator=(const CloudMachine&) = delete;
@@ -39,7 +39,8 @@ class CloudMachine {
     const std::string name;
     FakeClock& clock;
     PosixFiles files;
-    FileSystem* fileSystem = &files; ///< what the program is started with
+    FileSystem* fileSystem = &files;    ///< what the program is started with
+    std::chrono::milliseconds patience; ///< with the server, from the next start on
     MemoryKeychain keychain;
     MemorySettings settings;
     std::unique_ptr<FakeTimers> timers;
@@ -86,7 +87,6 @@ class CloudMachine {
   private:
     TemporaryFolder folder_;
     const QUrl base_;
-    const std::chrono::milliseconds patience_;
     std::unique_ptr<CloudAPI> api_;
 };
 

@@ -19,7 +19,7 @@ TEST(CloudSessions, twoMachinesEndEqualAndNothingIsLost) {
     needApplication();
     RunningServer server;
     const std::uint64_t first = numberFrom("FISCAREL_CLOUD_FIRST", 1);
-    const std::uint64_t sessions = numberFrom("FISCAREL_CLOUD_SESSIONS", 60);
+    const std::uint64_t sessions = numberFrom("FISCAREL_CLOUD_SESSIONS", 40);
     SessionCounts total;
     int failed = 0;
     for (std::uint64_t seed = first; seed < first + sessions && failed < 5; ++seed) {

@@ -245,6 +245,35 @@ TEST_F(CloudSyncTest, withoutABackupNothingIsTakenIn) {
     EXPECT_EQ(b.status().conflicts.size(), 1U);
 }
 
+TEST_F(CloudSyncTest, whatCannotBeRememberedIsNotTakenIn) {
+    setUpBoth();
+    const std::vector<std::vector<std::string>> rows{
+        {"abgleich.json"}, {"basis.json", "basis-2.json", "basis-3.json"}};
+    int francs = 100;
+    for (const auto& files : rows) {
+        SCOPED_TRACE(files.front());
+        setCash(a, ++francs);
+        ASSERT_TRUE(a.settle());
+        setCash(b, ++francs);
+        const std::size_t shown = b.status().conflicts.size();
+        for (const std::string& name : files) { // a folder in the file's place
+            fs::remove(b.root() / "Cloud" / name);
+            fs::create_directories(b.root() / "Cloud" / name / "x");
+        }
+        const CloudAPI::Block stored = block(a);
+        ASSERT_TRUE(b.settle() && b.check());
+        EXPECT_TRUE(b.status().problem);
+        EXPECT_EQ(b.store->current().cash, francs);
+        EXPECT_EQ(block(a), stored) << "nor does the cloud learn of it";
+        for (const std::string& name : files) {
+            fs::remove_all(b.root() / "Cloud" / name);
+        }
+        exchange();
+        expectEqual();
+        EXPECT_EQ(b.status().conflicts.size(), shown + 1);
+    }
+}
+
 TEST_F(CloudSyncTest, aServerFromAnOldCopyLosesNothing) {
     setUpBoth();
     setCash(a, 100);
