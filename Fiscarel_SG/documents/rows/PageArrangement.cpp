@@ -186,6 +186,48 @@ void firmColumns(PageRows& page) {
     }
 }
 
+bool hasOnlyAmounts(const Row& row) {
+    return hasFirmAmount(row) && std::ranges::none_of(cellsOf(row), [&](const LabelPlace& cell) {
+               return roleOf(row, cell) == Role::text;
+           });
+}
+
+/// How far below the middle of a row another one's is, in its heights.
+double drop(const Row& row, const Row& other) {
+    return std::abs(other.middle() - row.middle()) / std::max({row.height(), other.height(), 1e-6});
+}
+
+/// A photographed sheet bends: amounts at its edge stand a little above or below their labels, in a
+/// row of their own. They are put back.
+void straightenBends(PageRows& page) {
+    constexpr double sameLine = 0.9; // heights; lines stand 1.5 apart and more
+    std::vector<Row> rows;
+    for (Row& row : page.rows) {
+        const bool isPair = !rows.empty() && drop(rows.back(), row) < sameLine
+                            && hasOnlyAmounts(row) != hasOnlyAmounts(rows.back())
+                            && hasFirmAmount(row) != hasFirmAmount(rows.back());
+        if (!isPair) {
+            rows.push_back(std::move(row));
+            continue;
+        }
+        const bool isLabelFirst = !hasFirmAmount(rows.back());
+        Row& label = isLabelFirst ? rows.back() : row;
+        Row& amounts = isLabelFirst ? row : rows.back();
+        if (label.words.back().place.right >= amounts.words.front().place.left) {
+            rows.push_back(std::move(row));
+            continue;
+        }
+        Words words = std::move(label.words);
+        append(words, amounts.words);
+        const double top = label.top;
+        const double bottom = label.bottom;
+        rows.back() = rowOfWords(std::move(words), page.isRecognised);
+        rows.back().top = top;
+        rows.back().bottom = bottom;
+    }
+    page.rows = std::move(rows);
+}
+
 class Arrangement {
   public:
     explicit Arrangement(PageRows page) : page_(std::move(page)) {
@@ -340,12 +382,6 @@ class Arrangement {
         return true;
     }
 
-    static bool hasOnlyAmounts(const Row& row) {
-        return hasFirmAmount(row) && std::ranges::none_of(cellsOf(row), [&](const auto& cell) {
-                   return roleOf(row, cell) == Role::text;
-               });
-    }
-
     /// Whether the words under a row of amounts belong to it rather than those above.
     bool isCaptionBelow(std::size_t at) const {
         const auto& rows = page_.rows;
@@ -461,6 +497,9 @@ class Arrangement {
 } // namespace
 
 PageRows arranged(PageRows page) {
+    if (page.isRecognised) {
+        straightenBends(page);
+    }
     firmColumns(page);
     return Arrangement(std::move(page)).run();
 }
