@@ -10,12 +10,25 @@ namespace fiscarel {
 
 namespace {
 
+/// Whether the words of a row stand as those of a sentence do. Recognition leaves uneven gaps.
+bool runsOn(const Row& row, bool isRecognised) {
+    if (!isRecognised) {
+        return cellsOf(row).size() == 1;
+    }
+    for (std::size_t i = 0; i + 1 < row.words.size(); ++i) {
+        if (row.words[i + 1].place.left - row.words[i].place.right > 2 * row.height()) {
+            return false;
+        }
+    }
+    return true;
+}
+
 /// Whether a row is part of a sentence with amounts, which says before each what it is.
-bool isProse(const Row& row) {
+bool isProse(const Row& row, bool isRecognised) {
     constexpr std::size_t fewest = 6; // words
     const auto firm = std::ranges::count_if(
         row.amounts, [](const RowAmount& amount) { return amount.amount.isFirm(); });
-    if (row.words.size() < fewest || firm == 0 || cellsOf(row).size() != 1) {
+    if (row.words.size() < fewest || firm == 0 || !runsOn(row, isRecognised)) {
         return false;
     }
     std::size_t end = row.words.size();
@@ -53,7 +66,8 @@ struct Pass {
 };
 
 bool isLookedAt(const Row& row, const Wanted& wanted, bool isRecognised, Where where) {
-    return (where == Where::everywhere || !isProse(row)) && !isBarred(row, wanted, isRecognised);
+    return (where == Where::everywhere || !isProse(row, isRecognised))
+           && !isBarred(row, wanted, isRecognised);
 }
 
 std::vector<FoundAmount> findByLabel(const std::vector<RowRange>& ranges, const Wanted& wanted,

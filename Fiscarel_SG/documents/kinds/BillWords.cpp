@@ -118,6 +118,7 @@ const Wanted& ownBillTotals(Kind kind) {
                                  {childcare, total},
                                  {amount, childcare},
                                  {childcare, yearly},
+                                 {childcare, fee},
                                  {paid},
                                  {total},
                                  {fee, total},
@@ -184,7 +185,9 @@ const Wanted& plainBillTotals() {
                                 "Fr."},
                                {"exkl*", "HT", "IVA esclusa", "Zwischentotal", "Sous-total",
                                 "Subtotale", "Vorjahr", "Taxpunkte", "Stunden", "Tage"},
-                               false};
+                               false,
+                               {},
+                               {other}};
     return wanted;
 }
 const Wanted& billTaxes() {

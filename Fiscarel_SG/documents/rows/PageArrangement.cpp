@@ -1,7 +1,7 @@
 #include "Fiscarel_SG/documents/rows/PageArrangement.h"
 
-#include "Fiscarel_SG/documents/rows/RowLabels.h"
-#include "Fiscarel_SG/documents/text/Utf8Letters.h"
+#include "Fiscarel_SG/documents/rows/CellRoles.h"
+#include "Fiscarel_SG/documents/rows/PageMending.h"
 
 #include <algorithm>
 #include <array>
@@ -18,53 +18,6 @@ using Words = std::vector<RowWord>;
 
 constexpr double aligned = 4; ///< points that edges of one column may differ by
 constexpr double blank = 4;   ///< points between words laid out anew
-
-enum class Role { text, amount, currency };
-
-bool isSign(const RowWord& word) {
-    const auto [code, length] = firstLetter(word.text);
-    return length == word.text.size() && (isDash(code) || code == U'+');
-}
-
-/// What a cell holds: an amount with its sign and currency, a currency alone, or anything else.
-Role roleOf(const Row& row, const LabelPlace& cell) {
-    bool hasAmount = false;
-    bool hasOther = false;
-    for (std::size_t i = cell.first; i <= cell.last; ++i) {
-        const bool isAmount = std::ranges::any_of(row.amounts, [i](const RowAmount& amount) {
-            return amount.first <= i && i <= amount.last && amount.amount.isFirm();
-        });
-        hasAmount |= isAmount;
-        hasOther |= !isAmount && !isFrancs(row.words[i].text) && !isSign(row.words[i]);
-    }
-    return hasOther ? Role::text : hasAmount ? Role::amount : Role::currency;
-}
-
-bool hasFirmAmount(const Row& row) {
-    return std::ranges::any_of(row.amounts,
-                               [](const RowAmount& amount) { return amount.amount.isFirm(); });
-}
-
-bool hasFirmAmount(const Row& row, const LabelPlace& cell) {
-    return std::ranges::any_of(row.amounts, [&](const RowAmount& amount) {
-        return amount.amount.isFirm() && cell.first <= amount.first && amount.last <= cell.last;
-    });
-}
-
-std::size_t lettersIn(const Row& row, const LabelPlace& cell) {
-    std::size_t letters = 0;
-    for (std::size_t i = cell.first; i <= cell.last; ++i) {
-        letters += static_cast<std::size_t>(std::ranges::count_if(
-            row.words[i].folded, [](char c) { return c >= 'a' && c <= 'z'; }));
-    }
-    return letters;
-}
-
-Words wordsOf(const Row& row, const LabelPlace& cell) {
-    const auto begin = row.words.begin();
-    return {begin + static_cast<std::ptrdiff_t>(cell.first),
-            begin + static_cast<std::ptrdiff_t>(cell.last) + 1};
-}
 
 void append(Words& words, const Words& more) {
     words.insert(words.end(), more.begin(), more.end());
@@ -159,31 +112,6 @@ std::optional<std::vector<std::size_t>> gridColumns(const Row& labels, const Row
     }
     // Amounts that stand to the right under their heading, after a name, are a table's.
     return columns.empty() || (hasText && !isLeft) ? std::nullopt : std::optional(columns);
-}
-
-/// Bare numbers in a column of amounts are amounts: "648" above "648.05".
-void firmColumns(PageRows& page) {
-    std::vector<double> edges;
-    for (const Row& row : page.rows) {
-        for (const RowAmount& amount : row.amounts) {
-            if (amount.amount.hasDecimals || amount.amount.hasMark) {
-                edges.push_back(amount.place.right);
-            }
-        }
-    }
-    const double near = page.isRecognised ? 3 : 1.5;
-    for (Row& row : page.rows) {
-        for (RowAmount& amount : row.amounts) {
-            const auto count = std::ranges::count_if(
-                edges, [&](double edge) { return std::abs(edge - amount.place.right) <= near; });
-            const bool isApart =
-                amount.first == 0 || amount.last + 1 == row.words.size()
-                || row.words[amount.last + 1].place.left - amount.place.right > row.height();
-            if (!amount.amount.isFirm() && !amount.amount.isYearLike() && count >= 2 && isApart) {
-                amount.amount.hasCurrency = true;
-            }
-        }
-    }
 }
 
 class Arrangement {
@@ -340,12 +268,6 @@ class Arrangement {
         return true;
     }
 
-    static bool hasOnlyAmounts(const Row& row) {
-        return hasFirmAmount(row) && std::ranges::none_of(cellsOf(row), [&](const auto& cell) {
-                   return roleOf(row, cell) == Role::text;
-               });
-    }
-
     /// Whether the words under a row of amounts belong to it rather than those above.
     bool isCaptionBelow(std::size_t at) const {
         const auto& rows = page_.rows;
@@ -461,7 +383,7 @@ class Arrangement {
 } // namespace
 
 PageRows arranged(PageRows page) {
-    firmColumns(page);
+    mend(page);
     return Arrangement(std::move(page)).run();
 }
 

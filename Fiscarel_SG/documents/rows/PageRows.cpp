@@ -97,7 +97,8 @@ bool isHeadOfAmount(std::string_view head, bool isRecognised) {
         head.remove_prefix(length);
     }
     head = withoutEndingMark(head, isRecognised);
-    return hasOnlyDigits(head) && head.size() <= (isRecognised ? 4U : 3U)
+    const bool isYear = head.size() == 4 && (head.starts_with("19") || head.starts_with("20"));
+    return hasOnlyDigits(head) && !isYear && head.size() <= (isRecognised ? 4U : 3U)
            && (head[0] != '0' || head.size() == 3);
 }
 

@@ -144,7 +144,7 @@ bool correctDigits(std::string& plain) {
 
 bool isFrancs(std::string_view word) {
     std::string_view rest = word;
-    static constexpr std::array misread{"CHEF", "SER.", "SFR.", "CHP", "GHF"};
+    static constexpr std::array misread{"CHE", "CHEF", "SER.", "SFR.", "CHP", "GHF"};
     return (takeCurrency(rest) && rest.find_first_not_of(".:;") == std::string_view::npos)
            || std::ranges::find(misread, word) != misread.end() || word == "Franken"
            || word == "francs" || word == "franchi";
