@@ -55,24 +55,25 @@ Connection::~Connection() {
     }
 }
 
-void Connection::endSoon() {
-    if (!isBusy_) {
+bool Connection::endIfIdle() {
+    const bool isIdle = !isBusy_ && stream_.socket().is_open();
+    if (isIdle) {
         stream_.close();
     }
+    return isIdle;
 }
 
 template <class Work, class Then>
 void Connection::elsewhere(Work work, Then then) {
-    asio::post(host_.workers,
-               [self = shared_from_this(), work = std::move(work), then = std::move(then),
-                busy = asio::make_work_guard(host_.io)]() mutable {
-                   auto result = work();
-                   asio::post(self->host_.io,
-                              [self, then = std::move(then), result = std::move(result)]() mutable {
-                                  then(std::move(result));
-                              });
-                   self.reset(); // it goes on the thread that moves bytes
-               });
+    asio::post(host_.workers, [self = shared_from_this(), work = std::move(work),
+                               then = std::move(then),
+                               busy = asio::make_work_guard(host_.io)]() mutable {
+        auto result = work();
+        asio::io_context& io = self->host_.io;
+        // Moved along: the last one to hold a connection must be the thread that moves bytes.
+        asio::post(io, [self = std::move(self), then = std::move(then),
+                        result = std::move(result)]() mutable { then(std::move(result)); });
+    });
 }
 
 void Connection::readHead() {

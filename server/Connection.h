@@ -40,8 +40,8 @@ class Connection : public std::enable_shared_from_this<Connection> {
     Connection& operator=(const Connection&) = delete;
 
     void begin() { readHead(); }
-    /// Closes it at once when no request runs; else it closes after the answer.
-    void endSoon();
+    /// Closes it when no request runs; whether it did.
+    bool endIfIdle();
 
   private:
     using Error = boost::system::error_code;

@@ -77,7 +77,7 @@ tl::expected<void, Refusal> takeRate(const Call& call, RateLimits::Kind ofAddres
     return {};
 }
 
-/// The same for every address, whether or not there is an account.
+/// The same for every address, whether or not there is an account or may be one.
 Answer requestCode(const Call& call) {
     const auto asked = wire::read<wire::CodeRequest>(call.body);
     if (!asked) {
@@ -93,7 +93,7 @@ Answer requestCode(const Call& call) {
     }
     const std::string code = call.services.store.change(
         [&](Database& database) { return call.services.codes.issue(database, *email, call.now); });
-    if (!call.services.mail.sendCode(*email, code)) {
+    if (call.services.allows(*email) && !call.services.mail.sendCode(*email, code)) {
         logLine("a code could not be sent");
         return refuse(502, "correo");
     }

@@ -8,6 +8,7 @@
 #include <boost/asio/signal_set.hpp>
 #include <boost/asio/steady_timer.hpp>
 
+#include <algorithm>
 #include <csignal>
 #include <exception>
 #include <list>
@@ -22,16 +23,14 @@ using asio::ip::tcp;
 class HttpServer::Core {
   public:
     Core(Protocol& protocol, Settings settings)
-        : settings_(std::move(settings)),
-          workers_(static_cast<std::size_t>(settings_.limits.threads)), host_{.protocol = protocol,
-                                                                              .settings = settings_,
-                                                                              .io = io_,
-                                                                              .workers = workers_} {
+        : settings_(std::move(settings)), host_{protocol, settings_, io_, workers_},
+          workers_(static_cast<std::size_t>(settings_.limits.threads)) {
         const tcp::endpoint endpoint(asio::ip::make_address(settings_.address), settings_.port);
         acceptor_.open(endpoint.protocol());
         acceptor_.set_option(asio::socket_base::reuse_address(true));
         acceptor_.bind(endpoint);
         acceptor_.listen();
+        port_ = acceptor_.local_endpoint().port();
         host_.ended = [this] { onEnded(); };
     }
     ~Core() {
@@ -41,7 +40,7 @@ class HttpServer::Core {
     Core(const Core&) = delete;
     Core& operator=(const Core&) = delete;
 
-    unsigned short port() const { return acceptor_.local_endpoint().port(); }
+    unsigned short port() const { return port_; }
 
     void run() {
         signals_.async_wait([this](const auto& error, int) {
@@ -60,8 +59,9 @@ class HttpServer::Core {
 
   private:
     void accept() {
-        if (isAccepting_ || host_.isEnding || open_ >= settings_.limits.mostConnections) {
-            return;
+        if (isAccepting_ || host_.isEnding
+            || (open_ >= settings_.limits.mostConnections && !makeRoom())) {
+            return; // the end of a connection asks again
         }
         isAccepting_ = true;
         acceptor_.async_accept([this](const boost::system::error_code& error, tcp::socket socket) {
@@ -76,6 +76,13 @@ class HttpServer::Core {
             } else if (!host_.isEnding) {
                 retryAccept();
             }
+        });
+    }
+    /// Closes the oldest connection that waits for a request; false when there is none.
+    bool makeRoom() {
+        return std::ranges::any_of(connections_, [](const auto& one) {
+            const auto connection = one.lock();
+            return connection != nullptr && connection->endIfIdle();
         });
     }
     /// Out of files, most likely: it gets better when connections end.
@@ -120,7 +127,7 @@ class HttpServer::Core {
         pause_.cancel();
         for (const auto& one : connections_) {
             if (const auto connection = one.lock()) {
-                connection->endSoon();
+                connection->endIfIdle();
             }
         }
         // Requests that still run keep it going, but not for ever. The guard's timer must not.
@@ -142,9 +149,9 @@ class HttpServer::Core {
     }
 
     const Settings settings_;
+    ConnectionHost host_; ///< before what still holds connections when it goes
     asio::io_context io_{1};
     asio::thread_pool workers_;
-    ConnectionHost host_;
     tcp::acceptor acceptor_{io_};
     asio::signal_set signals_{io_, SIGTERM, SIGINT};
     asio::steady_timer tidying_{io_};
@@ -152,6 +159,7 @@ class HttpServer::Core {
     asio::steady_timer ending_{io_};
     std::list<std::weak_ptr<Connection>> connections_;
     std::size_t open_ = 0;
+    unsigned short port_ = 0;
     bool isAccepting_ = false;
 };
 

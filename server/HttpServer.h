@@ -12,13 +12,13 @@ namespace fiscarel::server {
 
 /// Bounds on what connections may take up.
 struct HttpLimits {
-    std::size_t mostConnections = 256;                 ///< further ones wait
+    std::size_t mostConnections = 256;                 ///< beyond them idle ones are closed
     std::int64_t mostBytes = std::int64_t{512} << 20U; ///< bodies held at once; then 503
     std::size_t mostHeadBytes = 16'384;
-    std::chrono::seconds headTime{30};  ///< for a head, and between requests
-    std::chrono::seconds bodyTime{300}; ///< for a body, either way
-    std::chrono::seconds endTime{20};   ///< for running requests when the server ends
-    int threads = 8;                    ///< that ask database and disk
+    std::chrono::milliseconds headTime{30'000};  ///< for a head, and between requests
+    std::chrono::milliseconds bodyTime{300'000}; ///< for a body, either way
+    std::chrono::milliseconds endTime{20'000};   ///< for running requests when the server ends
+    int threads = 8;                             ///< that ask database and disk
 };
 
 /// Speaks HTTP/1.1 for a `Protocol`. One thread moves bytes, others answer.

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <iostream>
+#include <sstream>
 #include <utility>
 
 namespace fiscarel::server {
@@ -15,6 +16,7 @@ namespace {
 
 constexpr int usageError = 2;
 constexpr std::uint64_t mostPasswordBytes = 4096;
+constexpr std::uint64_t mostListBytes = std::uint64_t{16} << 20U;
 
 /// Takes an e-mail address in the form accounts are named by.
 auto toAddress() {
@@ -34,6 +36,25 @@ std::optional<std::string> passwordIn(const std::filesystem::path& file) {
                    : std::nullopt;
 }
 
+/// Addresses and domains, one a line; lines that begin with "#" are left out.
+std::optional<AllowList> allowListIn(const std::filesystem::path& file) {
+    const auto content = PosixFiles().read(file, mostListBytes);
+    if (!content) {
+        return std::nullopt;
+    }
+    AllowList list;
+    std::istringstream lines(*content);
+    for (std::string line; std::getline(lines, line);) {
+        const bool isDomain = line.starts_with('@');
+        if (const auto address = emailAddressOf(isDomain ? "x" + line : line)) {
+            list.insert(isDomain ? address->substr(1) : *address);
+        } else if (!line.starts_with('#') && line.find_first_not_of(" \t\r") != std::string::npos) {
+            return std::nullopt;
+        }
+    }
+    return list;
+}
+
 tl::unexpected<OptionsEnd> misused(const std::string& sentence) {
     std::cerr << sentence << '\n';
     return tl::unexpected(OptionsEnd{usageError});
@@ -44,6 +65,7 @@ tl::unexpected<OptionsEnd> misused(const std::string& sentence) {
 tl::expected<Options, OptionsEnd> readOptions(int argc, const char* const* argv) {
     Options options;
     std::string passwordFile;
+    std::string allowFile;
     CLI::App app("Server of the encrypted backup of Fiscarel SG. It sees only ciphertext.",
                  "fiscarel-server");
     app.option_defaults()->always_capture_default();
@@ -62,6 +84,8 @@ tl::expected<Options, OptionsEnd> readOptions(int argc, const char* const* argv)
                    "File with the password at the mail server");
     app.add_option("--code-file", options.codeFile,
                    "Codes go to this file instead of by mail; for trying out");
+    app.add_option("--allow-file", allowFile,
+                   "Only these may sign in: e-mail addresses or @DOMAINs, one a line");
     app.add_option("--account-megabytes", options.accountMegabytes, "Space of an account")
         ->check(CLI::Range(1, 1 << 20));
     app.add_option("--threads", options.threads, "Requests answered at once")
@@ -91,6 +115,10 @@ tl::expected<Options, OptionsEnd> readOptions(int argc, const char* const* argv)
     if (options.codeFile.empty() == options.smtp.url.empty()) {
         return misused("Say how codes reach the users: either --smtp or --code-file.");
     }
+    if (!options.smtp.url.empty() && !options.smtp.url.starts_with("smtp://")
+        && !options.smtp.url.starts_with("smtps://")) {
+        return misused("--smtp is smtp://HOST:PORT or smtps://HOST.");
+    }
     if (!options.smtp.url.empty() && options.smtp.from.empty()) {
         return misused("--smtp needs --mail-from.");
     }
@@ -100,6 +128,15 @@ tl::expected<Options, OptionsEnd> readOptions(int argc, const char* const* argv)
             return misused("The password file cannot be read: " + passwordFile);
         }
         options.smtp.password = *password;
+    }
+    if (!allowFile.empty()) {
+        options.allowed = allowListIn(allowFile);
+        if (!options.allowed) {
+            return misused(
+                "The file of those allowed cannot be read, or has a line that is neither "
+                "an e-mail address nor a @DOMAIN: "
+                + allowFile);
+        }
     }
     return options;
 }

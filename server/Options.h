@@ -1,6 +1,7 @@
 #pragma once
 
 #include "server/Mail.h"
+#include "server/Services.h"
 
 #include <tl/expected.hpp>
 
@@ -24,6 +25,7 @@ struct Options {
 
     std::filesystem::path codeFile; ///< empty: codes go by mail
     SmtpMail::Settings smtp;
+    std::optional<AllowList> allowed; ///< absent: everybody may sign in
 
     std::optional<std::string> deleteAccount; ///< an e-mail address
     int inDays = 30;

@@ -19,6 +19,10 @@ void Services::removeLeftovers() {
     }
 }
 
+bool Services::allows(const std::string& email) const {
+    return !allowed || allowed->contains(email) || allowed->contains(email.substr(email.find('@')));
+}
+
 void Services::tidyUp() {
     const Moment now = clock.now();
     const auto due =

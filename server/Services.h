@@ -11,6 +11,9 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
+#include <set>
+#include <string>
 
 namespace fiscarel::server {
 
@@ -19,6 +22,9 @@ struct SpaceLimits {
     std::int64_t mostItemBytes = std::int64_t{25} << 20U;   ///< of a document or block, sealed
     std::int64_t mostAccountBytes = std::int64_t{1} << 30U; ///< of all of them
 };
+
+/// The addresses that may sign in: whole ones, and "@" with a domain for all of it.
+using AllowList = std::set<std::string>;
 
 /// The data folder of a server, open: `server.db`, `receipts/`, `code.key`.
 struct Services {
@@ -32,6 +38,8 @@ struct Services {
     void removeLeftovers();
     /// Removes accounts whose day has come, and forgets old sessions and codes.
     void tidyUp();
+    /// Whether codes are sent to an address. Who is not allowed is told nothing of it.
+    bool allows(const std::string& email) const;
 
     const Clock& clock;
     Mail& mail;
@@ -42,6 +50,7 @@ struct Services {
     Codes codes;
     RateLimits rates;
     Receipts receipts;
+    std::optional<AllowList> allowed; ///< absent: everybody
 };
 
 } // namespace fiscarel::server

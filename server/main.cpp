@@ -66,6 +66,7 @@ int serve(const Options& options, const Clock& clock) {
     const auto mail = mailOf(options);
     Services services(options.data, *mail, clock, rulesOf(options),
                       {.mostAccountBytes = std::int64_t{options.accountMegabytes} << 20U});
+    services.allowed = options.allowed;
     services.removeLeftovers();
     Protocol protocol(services);
     HttpServer http(protocol, {.address = options.address,

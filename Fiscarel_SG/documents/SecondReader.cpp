@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
 #include "Fiscarel_SG/documents/payload/Mappers.h"
+#include "Fiscarel_SG/documents/rows/PageArrangement.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
 #include "Fiscarel_SG/documents/text/FoldedText.h"
 
@@ -22,7 +23,7 @@ DocumentRows rowsOf(const DocumentReading& reading) {
     DocumentRows document;
     for (const PageReading& page : reading.pages) {
         if (document.pages.size() < mostPages && !page.words.empty()) {
-            document.pages.push_back(buildRows(page));
+            document.pages.push_back(arranged(buildRows(page)));
         }
     }
     if (document.pages.empty()) {
@@ -128,15 +129,29 @@ void proposeByKind(const KindContext& context, ProposalDraft& draft) {
     }
 }
 
+/// The certificates by the form's own labels; where those do not add up, one by what its labels
+/// mean.
+std::vector<SalaryForm> readCertificatePages(const DocumentRows& document) {
+    std::vector<SalaryForm> forms = readSalaryForms(document);
+    if (forms.size() > 1 || (forms.size() == 1 && isProven(forms.front()))) {
+        return forms;
+    }
+    auto list = readSalaryList(document);
+    if (list && (forms.empty() ? !list->isPension : isProven(*list))) {
+        return {std::move(*list)};
+    }
+    return forms;
+}
+
 void proposeAll(const DocumentReading& reading, ScanResult& result) {
     const DocumentRows document = rowsOf(reading);
     ProposalDraft draft(result);
-    const auto forms = readSalaryForms(document);
+    const auto forms = readCertificatePages(document);
     PayloadVerdict payloads;
     readCertificates(reading, forms, draft, payloads);
     readStatements(reading, document, draft, payloads);
 
-    KindVerdict verdict = weighKind(document);
+    KindVerdict verdict = weighKind(document, std::ranges::any_of(forms, isProven));
     const auto bill = findBill(reading, document);
     if ((!verdict.kind || (verdict.kind == Kind::anderes && bill)) && bill
         && isRepairBill(document)) {

@@ -138,8 +138,25 @@ TEST(Architecture, theApplicationIncludesOnlyDownwards) {
     EXPECT_GT(seen, 150U);
 }
 
+/// The server knows files and locks of the application, and nothing of what is in a household.
+TEST(Architecture, theServerKnowsNoHouseholdAndNoWindowLibrary) {
+    const std::set<std::string> files{"Fiscarel_SG/store/Clock.h", "Fiscarel_SG/store/FileSystem.h",
+                                      "Fiscarel_SG/store/FolderLock.h",
+                                      "Fiscarel_SG/store/PosixFiles.h"};
+    for (const fs::path& file : codeBelow(sources / "server")) {
+        for (const std::string& name : includesOf(file)) {
+            EXPECT_FALSE(std::regex_match(name, std::regex("Q[A-Z].*|Qt.*")))
+                << file << " " << name;
+            EXPECT_TRUE(!name.starts_with("Fiscarel_SG/") || files.contains(name))
+                << file << " " << name;
+            EXPECT_TRUE(!name.starts_with("TaxCore/") || name.starts_with("TaxCore/base/"))
+                << file << " " << name;
+        }
+    }
+}
+
 TEST(Architecture, everyHeaderIsIncludedOnce) {
-    for (const char* folder : {"TaxCore", "Fiscarel_SG", "cli"}) {
+    for (const char* folder : {"TaxCore", "Fiscarel_SG", "cli", "server"}) {
         for (const fs::path& file : codeBelow(sources / folder)) {
             if (file.extension() == ".h") {
                 std::ifstream in(file);

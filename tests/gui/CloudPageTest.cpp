@@ -10,6 +10,8 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QFile>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -195,6 +197,35 @@ TEST_F(CloudPage, theNewKeyIsTypedBackBeforeItGoesOn) {
     EXPECT_EQ(cloud.asked, Asked{"confirmRecoveryKey " + grouped.toStdString()});
     program.click(u"cloudKeyCancel"_s);
     EXPECT_EQ(cloud.asked.back(), "cancelSignIn");
+}
+
+TEST_F(CloudPage, theKeyIsSavedForItsUserAlone) {
+    open({});
+    cloud.set({.phase = Phase::confirmsKey,
+               .email = "nora@muster.ch",
+               .recoveryKey = CloudCrypto::newRecoveryKey()});
+    program.settle();
+    const QString folder = QString::fromStdString(program.folder.path().string());
+    auto& save = program.find<QPushButton>(u"cloudKeySave"_s);
+    for (const QString& file : {folder + u"/Schlüssel.pdf"_s, folder + u"/fehlt/Schlüssel.pdf"_s}) {
+        QTimer::singleShot(0, &save, [&] {
+            auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            dialog->selectFile(file);
+            QMetaObject::invokeMethod(dialog, "accept");
+        });
+        save.click();
+        const bool isSaved = !file.contains(u"fehlt"_s);
+        EXPECT_TRUE(
+            text(u"cloudKeyMessage"_s)
+                .startsWith(isSaved ? u"Gespeichert"_s : u"Der Schlüssel ist nicht gespeichert"_s))
+            << text(u"cloudKeyMessage"_s).toStdString();
+        EXPECT_EQ(QFile::exists(file), isSaved);
+    }
+    QFile pdf(folder + u"/Schlüssel.pdf"_s);
+    ASSERT_TRUE(pdf.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(pdf.read(5) == "%PDF-");
+    EXPECT_EQ(pdf.permissions() & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
 }
 
 TEST_F(CloudPage, aKeyIsCorrectedInItsMiddle) {
@@ -478,6 +509,33 @@ TEST(CloudText, theSidebarSaysHowTheBackupStands) {
     for (const auto& [status, line, asksUser] : rows) {
         EXPECT_EQ(pages::cloudLine(status, now), (pages::CloudLine{line, asksUser}))
             << line.toStdString();
+    }
+}
+
+TEST(CloudText, aLossIsToldWithItsFigures) {
+    struct Row {
+        StateLoss loss;
+        QString told;
+    };
+    const auto loss = [](std::vector<int> years, std::vector<int> halved, std::size_t fields,
+                         std::size_t documents, std::size_t documentsBefore) {
+        StateLoss made;
+        made.years = std::move(years);
+        made.halvedYears = std::move(halved);
+        made.fields = fields;
+        made.fieldsBefore = 140;
+        made.documents = documents;
+        made.documentsBefore = documentsBefore;
+        return made;
+    };
+    const std::array rows{
+        Row{loss({2024}, {}, 0, 0, 9), u"das Steuerjahr 2024"_s},
+        Row{loss({2024, 2025}, {}, 0, 1, 1), u"die Steuerjahre 2024, 2025 und der einzige Beleg"_s},
+        Row{loss({}, {2025}, 70, 3, 6),
+            u"grosse Teile des Steuerjahrs 2025, 70 von 140 Angaben und 3 von 6 Belegen"_s},
+        Row{loss({}, {}, 100, 0, 0), u"100 von 140 Angaben"_s}};
+    for (const auto& [what, told] : rows) {
+        EXPECT_EQ(pages::lossText(what), told) << told.toStdString();
     }
 }
 

@@ -68,6 +68,13 @@ class Seat {
         OpenWindow::press(Qt::Key_Return);
         rest();
     }
+    void enterCash(const QString& amount) {
+        hands.click(u"nav:wealth"_s);
+        hands.click(u"cash"_s);
+        hands.find<QLineEdit>(u"cash"_s).selectAll();
+        OpenWindow::type(amount);
+        OpenWindow::press(Qt::Key_Tab);
+    }
     void signIn() {
         hands.click(u"nav:account"_s);
         typeInto(u"cloudAddress"_s, address);
@@ -113,8 +120,7 @@ TEST(CloudWay, twoMachinesFromTheFirstCodeToTheLastSignOut) {
     Seat workshop("Werkstatt", server, clock);
     const QString key = setUp(workshop);
     ASSERT_EQ(workshop.phase(), Phase::ready) << workshop.machine.status().problem.value_or("");
-    workshop.hands.click(u"nav:wealth"_s);
-    workshop.hands.enter(u"cash"_s, u"1000"_s);
+    workshop.enterCash(u"1000"_s);
     workshop.exchange();
     EXPECT_TRUE(workshop.text(u"cloudLine"_s).startsWith(u"Cloud: abgeglichen"_s));
 
@@ -132,9 +138,7 @@ TEST(CloudWay, twoMachinesFromTheFirstCodeToTheLastSignOut) {
 
     for (const auto& [seat, amount] :
          {std::pair(&workshop, u"1100"_s), std::pair(&notebook, u"1200"_s)}) {
-        seat->hands.click(u"nav:wealth"_s);
-        seat->hands.find<QLineEdit>(u"cash"_s).setFocus(Qt::TabFocusReason);
-        seat->hands.enter(u"cash"_s, amount);
+        seat->enterCash(amount);
     }
     workshop.exchange();
     notebook.exchange();
@@ -174,8 +178,7 @@ TEST(CloudWay, withoutAServerTheUserIsToldAndGoesOnLater) {
     ASSERT_FALSE(setUp(seat).isEmpty());
     ASSERT_EQ(seat.phase(), Phase::ready);
     server.kill();
-    seat.hands.click(u"nav:wealth"_s);
-    seat.hands.enter(u"cash"_s, u"1000"_s);
+    seat.enterCash(u"1000"_s);
     seat.exchange();
     EXPECT_EQ(seat.text(u"cloudLine"_s), u"Cloud: offline, wird nachgeholt"_s);
     server.start();

@@ -7,29 +7,21 @@ namespace fiscarel {
 
 namespace {
 
-/// Whether the gap behind a word is wider than a blank.
-bool isColumnGap(const Row& row, std::size_t word) {
-    const RowWord& before = row.words[word];
-    const double letter =
-        before.place.width() / static_cast<double>(std::max<std::size_t>(before.text.size(), 1));
-    return row.words[word + 1].place.left - before.place.right > 1.5 * letter;
-}
-
 bool hasFirmAmounts(const Row& row) {
-    return std::ranges::any_of(row.amounts, [](const RowAmount& amount) {
-        return amount.amount.hasDecimals || amount.amount.hasMark;
-    });
+    return std::ranges::any_of(row.amounts,
+                               [](const RowAmount& amount) { return amount.amount.isFirm(); });
 }
 
-/// The words of a row that stand together, each group as a row of its own.
-std::vector<Row> cellsOf(const Row& row) {
+/// The cells of a row, each as a row of its own.
+std::vector<Row> cellRowsOf(const Row& row) {
     std::vector<Row> cells;
-    for (std::size_t i = 0; i < row.words.size(); ++i) {
-        if (i == 0 || isColumnGap(row, i - 1)) {
-            cells.push_back({.top = row.top, .bottom = row.bottom});
+    for (const LabelPlace& place : cellsOf(row)) {
+        Row cell{.top = row.top, .bottom = row.bottom};
+        for (std::size_t i = place.first; i <= place.last; ++i) {
+            cell.words.push_back(row.words[i]);
+            cell.folded += row.words[i].folded + ' ';
         }
-        cells.back().words.push_back(row.words[i]);
-        cells.back().folded += row.words[i].folded + ' ';
+        cells.push_back(std::move(cell));
     }
     return cells;
 }
@@ -45,7 +37,7 @@ double rightOf(const Row& cell) {
 
 /// Puts the words of a heading's second line under those they go on.
 void addLine(std::vector<Row>& cells, const Row& line) {
-    for (Row& below : cellsOf(line)) {
+    for (Row& below : cellRowsOf(line)) {
         const auto above = std::ranges::find_if(cells, [&](const Row& cell) {
             return leftOf(cell) < rightOf(below) && leftOf(below) < rightOf(cell);
         });
@@ -74,6 +66,43 @@ std::optional<Figure> figureOf(const Row& cell, bool isRecognised) {
         }
     }
     return found;
+}
+
+/// Several headings that stand too near to each other to be told apart by their gaps, each by its
+/// own words.
+void splitHeading(const Row& cell, bool isRecognised, AccountHeading& heading) {
+    std::vector<std::pair<std::size_t, LabelPlace>> found;
+    for (std::size_t figure = 0; figure < figureCount; ++figure) {
+        const Wanted& wanted = wantedOf(static_cast<Figure>(figure));
+        auto place = findLabel(cell, wanted.labels, isRecognised);
+        for (const Meaning& meaning : wanted.meanings) {
+            place = place ? place : findMeaning(cell, meaning, isRecognised);
+        }
+        const bool isTaken =
+            place && std::ranges::any_of(found, [&](const auto& other) {
+                return other.second.first <= place->last && place->first <= other.second.last;
+            });
+        if (place && !isTaken) {
+            found.emplace_back(figure, *place);
+        }
+    }
+    for (const auto& [figure, place] : found) {
+        if (!heading.columns[figure]) {
+            heading.columns[figure] = place;
+            heading.words[figure] = textBetween(cell, place.first, place.last);
+        }
+    }
+}
+
+/// The most amounts that stand in one of the rows below a heading.
+std::size_t amountsBelow(const PageRows& page, std::size_t at) {
+    std::ptrdiff_t most = 0;
+    for (std::size_t below = at + 1; below < std::min(at + 4, page.rows.size()); ++below) {
+        most = std::max(most, std::ranges::count_if(page.rows[below].amounts, [](const auto& one) {
+                            return one.amount.isFirm();
+                        }));
+    }
+    return static_cast<std::size_t>(most);
 }
 
 AccountHeading headingOf(const std::vector<Row>& cells, std::size_t row, bool isRecognised) {
@@ -145,12 +174,19 @@ AccountHeading accountHeadingIn(const PageRows& page, std::size_t at) {
     if (hasFirmAmounts(row) || row.words.empty()) {
         return {.row = at};
     }
-    std::vector<Row> cells = cellsOf(row);
+    std::vector<Row> cells = cellRowsOf(row);
     AccountHeading heading = headingOf(cells, at, page.isRecognised);
+    if (cells.size() > 1 && heading.count() > 0 && heading.count() < amountsBelow(page, at)) {
+        AccountHeading split{.row = at};
+        for (const Row& cell : cells) {
+            splitHeading(cell, page.isRecognised, split);
+        }
+        heading = split.count() > heading.count() ? split : heading;
+    }
     const bool goesOn = at + 1 < page.rows.size() && !hasFirmAmounts(page.rows[at + 1])
                         && page.rows[at + 1].top - row.bottom < row.height();
     if (goesOn && cells.size() >= 3 && !page.rows[at + 1].words.empty()
-        && cellsOf(page.rows[at + 1]).size() >= 2) {
+        && cellRowsOf(page.rows[at + 1]).size() >= 2) {
         addLine(cells, page.rows[at + 1]);
         const AccountHeading both = headingOf(cells, at + 1, page.isRecognised);
         return both.count() >= heading.count() ? both : heading;
@@ -171,7 +207,9 @@ Figures figuresByColumn(const PageRows& page, std::size_t at, const AccountHeadi
                 nearest = i;
             }
         }
-        if (nearest < figureCount && amount.amount.isFirm() && least < distances[nearest]) {
+        const bool isLarge = !amount.amount.isYearLike() && amount.amount.value >= 1000;
+        if (nearest < figureCount && (amount.amount.isFirm() || isLarge)
+            && least < distances[nearest]) {
             figures[nearest] = FoundAmount{
                 .page = &page, .row = at, .amount = amount, .label = heading.words[nearest]};
             distances[nearest] = least;

@@ -17,7 +17,8 @@ using Record = ProposedRecord::Kind;
 struct Iban {
     std::string text; ///< compact
     std::size_t row = 0;
-    std::size_t last = 0; ///< index of its last word in the row
+    std::size_t first = 0; ///< index of its first word in the row
+    std::size_t last = 0;
 };
 
 /// The first sound account number of a row.
@@ -35,7 +36,7 @@ std::optional<Iban> ibanIn(const Row& row, std::size_t at) {
             if (taxcore::looksLikeIban(joined)
                 && taxcore::ibanFault(joined) != taxcore::IbanFault::length
                 && taxcore::ibanFault(joined) != taxcore::IbanFault::form) {
-                return Iban{taxcore::compactIban(joined), at, last};
+                return Iban{taxcore::compactIban(joined), at, first, last};
             }
         }
     }
@@ -79,9 +80,45 @@ class AccountMapper {
                 i + 1 < headings.size() ? headings[i + 1].row : page.rows.size();
             proposeTable(page, headings[i], end, ibans);
         }
-        if (headings.empty()) {
+        if (headings.empty() && !proposeNamedRows(page, ibans)) {
             proposeBlocks(page, ibans);
         }
+    }
+
+    /// The words before an account number, which name the account; empty when there are none.
+    static std::string nameBefore(const PageRows& page, const Iban& iban) {
+        const Row& row = page.rows[iban.row];
+        std::string name;
+        for (std::size_t i = 0; i < iban.first; ++i) {
+            if (!row.words[i].folded.empty() && row.words[i].folded != "iban") {
+                name += (name.empty() ? "" : " ") + row.words[i].folded;
+            }
+        }
+        return name;
+    }
+
+    /// Accounts that are named with their numbers first, and by name in each row of an amount:
+    /// "Sparkonto – Zins   12.50". False when the page is not set so.
+    bool proposeNamedRows(const PageRows& page, const std::vector<Iban>& ibans) {
+        std::vector<PageRows> parts;
+        for (const Iban& iban : ibans) {
+            PageRows part = page;
+            const std::string name = nameBefore(page, iban);
+            std::erase_if(part.rows, [&](const Row& row) {
+                return name.empty() || row.amounts.empty() || !row.folded.starts_with(name)
+                       || row.folded == page.rows[iban.row].folded;
+            });
+            parts.push_back(std::move(part));
+        }
+        if (std::ranges::count_if(parts, [](const PageRows& part) { return !part.rows.empty(); })
+            < 2) {
+            return false;
+        }
+        for (std::size_t i = 0; i < parts.size(); ++i) {
+            const RowRange range{&parts[i], 0, parts[i].rows.size()};
+            proposeEntry(figuresByLabel(range), &ibans[i], range);
+        }
+        return true;
     }
 
     /// Rows that begin with the name of an account or loan and its number, as its block does.
@@ -97,8 +134,11 @@ class AccountMapper {
                 return std::ranges::count_if(word.text, [](char c) { return c >= '0' && c <= '9'; })
                        >= 4;
             });
-            const bool hasAmount = std::ranges::any_of(row.amounts, [](const RowAmount& amount) {
-                return amount.amount.hasDecimals || amount.amount.hasCurrency;
+            const auto cells = cellsOf(row);
+            const bool hasAmount = std::ranges::any_of(row.amounts, [&](const RowAmount& amount) {
+                const bool isApart = cells.size() > 1 && amount.first >= cells.back().first;
+                return amount.amount.hasDecimals || amount.amount.hasCurrency
+                       || (amount.amount.hasMark && isApart);
             });
             if (hasNumber && !hasAmount && row.words.size() <= 12 && !isContactLine(page, row)
                 && (name(Concept::account) || name(Concept::debt))) {
@@ -145,25 +185,28 @@ class AccountMapper {
     /// Each row of a table with an amount and either an account number or words; totals are none.
     void proposeTable(const PageRows& page, const AccountHeading& heading, std::size_t end,
                       const std::vector<Iban>& ibans) {
-        static const Labels totals{"Total*", "Summe",    "Somme",       "Somma",
-                                   "Totale", "Totaux",   "Totali",      "Gesamt*",
-                                   "*total", "zusammen", "Gesamtbetrag"};
+        const Labels& totals = wordsFor(Concept::total);
+        Decimal sum;
         for (std::size_t at = heading.row + 1; at < end; ++at) {
             const Row& row = page.rows[at];
             Figures figures = figuresByColumn(page, at, heading);
             const bool hasAny =
                 std::ranges::any_of(figures, [](const auto& figure) { return figure.has_value(); });
-            if (hasAny && isAnyIn(row.folded, totals)) {
+            const auto& balance = figures[static_cast<std::size_t>(Figure::balance)];
+            const bool isSum = balance && !sum.isZero() && balance->value() == sum;
+            if (hasAny && (isSum || isAnyIn(row.folded, totals))) {
                 break;
             }
             if (!hasAny) {
                 continue;
             }
             const Iban* own = ibanOf(ibans, at, heading.row);
-            if (own == nullptr
-                && (row.words.empty() || row.amounts.empty() || row.amounts.front().first == 0)) {
+            const auto firm = std::ranges::find_if(
+                row.amounts, [](const RowAmount& amount) { return amount.amount.isFirm(); });
+            if (own == nullptr && (firm == row.amounts.end() || firm->first == 0)) {
                 continue;
             }
+            sum = sum + (balance ? balance->value() : Decimal());
             asDebt(row, page.isRecognised, figures);
             proposeEntry(figures, own, {&page, at, at + 1});
         }
@@ -184,7 +227,19 @@ class AccountMapper {
         return nullptr;
     }
 
-    void proposeEntry(const Figures& figures, const Iban* iban, const RowRange& range) {
+    /// Interest beside a debt is the debt's, unless tax was withheld from it.
+    static void giveInterestToDebt(Figures& figures) {
+        const auto at = [&](Figure figure) -> std::optional<FoundAmount>& {
+            return figures[static_cast<std::size_t>(figure)];
+        };
+        if (at(Figure::debt) && !at(Figure::debtInterest) && !at(Figure::balance)
+            && !at(Figure::withholding)) {
+            at(Figure::debtInterest) = std::exchange(at(Figure::interest), std::nullopt);
+        }
+    }
+
+    void proposeEntry(Figures figures, const Iban* iban, const RowRange& range) {
+        giveInterestToDebt(figures);
         const auto at = [&](Figure figure) -> const std::optional<FoundAmount>& {
             return figures[static_cast<std::size_t>(figure)];
         };

@@ -1,287 +1,90 @@
 #include "Fiscarel_SG/documents/kinds/AmountFinder.h"
 
+#include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/kinds/Prose.h"
 
 #include <algorithm>
-#include <cmath>
+#include <utility>
 
 namespace fiscarel {
 
-using Confidence = Proposal::Confidence;
-using Witness = Proposal::Witness;
-
 namespace {
 
-/// What may be an amount beside a label. A bare whole number only counts when it is no year.
-bool isCandidate(const RowAmount& amount) {
-    return amount.amount.isFirm()
-           || (!amount.amount.isYearLike() && amount.amount.value.abs() >= 10);
+/// Whether the words of a row stand as those of a sentence do. Recognition leaves uneven gaps.
+bool runsOn(const Row& row, bool isRecognised) {
+    if (!isRecognised) {
+        return cellsOf(row).size() == 1;
+    }
+    for (std::size_t i = 0; i + 1 < row.words.size(); ++i) {
+        if (row.words[i + 1].place.left - row.words[i].place.right > 2 * row.height()) {
+            return false;
+        }
+    }
+    return true;
 }
 
-double alignment(const PageRows& page) { return page.isRecognised ? 6.0 : 4.0; }
+/// Whether a row is part of a sentence with amounts, which says before each what it is.
+bool isProse(const Row& row, bool isRecognised) {
+    constexpr std::size_t fewest = 6; // words
+    const auto firm = std::ranges::count_if(
+        row.amounts, [](const RowAmount& amount) { return amount.amount.isFirm(); });
+    if (row.words.size() < fewest || firm == 0 || !runsOn(row, isRecognised)) {
+        return false;
+    }
+    std::size_t end = row.words.size();
+    while (end > 0 && isFrancs(row.words[end - 1].text)) {
+        --end;
+    }
+    return firm > 1 || row.amounts.back().last + 1 != end;
+}
 
-/// The right edge most firm amounts of a page share.
-double amountColumn(const PageRows& page) {
-    std::vector<double> edges;
-    for (const Row& row : page.rows) {
-        for (const RowAmount& amount : row.amounts) {
-            if (amount.amount.isFirm()) {
-                edges.push_back(amount.place.right);
+/// Whether a row says that its amount is something else. Of a heading, which names other columns
+/// too, only the own cells tell.
+bool isOther(const Row& row, const LabelPlace& place, const Wanted& wanted, bool isRecognised) {
+    const auto cells = cellsOf(row);
+    if (cells.size() < 3 || std::ranges::any_of(row.amounts, isCandidate)) {
+        return namesAny(row, wanted.notMeant, isRecognised);
+    }
+    Row own;
+    for (const LabelPlace& cell : cells) {
+        for (std::size_t i = cell.first; i <= cell.last; ++i) {
+            if (cell.last >= place.first && cell.first <= place.last) {
+                own.words.push_back(row.words[i]);
             }
         }
     }
-    double best = page.width;
-    std::ptrdiff_t most = 0;
-    for (const double edge : edges) {
-        const auto count = std::ranges::count_if(
-            edges, [&](double other) { return std::abs(other - edge) <= alignment(page); });
-        if (count > most || (count == most && edge > best)) {
-            most = count;
-            best = edge;
-        }
-    }
-    return best;
+    return namesAny(own, wanted.notMeant, isRecognised);
 }
 
-/// The one of several amounts that stands in the amount column, else the last.
-const RowAmount& choose(const std::vector<const RowAmount*>& amounts, const PageRows& page) {
-    const double column = amountColumn(page);
-    const auto inColumn = std::ranges::find_if(amounts, [&](const RowAmount* amount) {
-        return std::abs(amount->place.right - column) <= alignment(page);
-    });
-    return inColumn == amounts.end() ? *amounts.back() : **inColumn;
-}
+/// Which rows are looked at for labels.
+enum class Where { columns, everywhere };
 
-/// Whether a row consists of an amount and its currency.
-bool hasOnlyAmounts(const Row& row) {
-    std::size_t covered = 0;
-    for (const RowAmount& amount : row.amounts) {
-        covered += amount.last - amount.first + 1;
-    }
-    for (const RowWord& word : row.words) {
-        covered += isFrancs(word.text) || word.folded.empty() ? 1U : 0U;
-    }
-    return !row.amounts.empty() && covered >= row.words.size();
-}
-
-bool continuesSentence(const Row& row) {
-    const char first =
-        row.words.empty() || row.words.front().text.empty() ? 'A' : row.words.front().text.front();
-    return first >= 'a' && first <= 'z';
-}
-
-/// The amount of a label whose own row has none: in the row below, if that only goes on with the
-/// label's words or holds nothing but the amount, or heads a column with it.
-const RowAmount* amountBelow(const RowRange& range, std::size_t at, const LabelPlace& label) {
-    const Row& own = range.page->rows[at];
-    if (at + 1 >= range.end) {
-        return nullptr;
-    }
-    const Row& next = range.page->rows[at + 1];
-    if (next.amounts.empty() || next.top - own.bottom > 1.6 * own.height()) {
-        return nullptr;
-    }
-    const bool goesOn = continuesSentence(next) && next.words.front().place.left < label.right
-                        && next.amounts.back().place.left > label.left;
-    if (goesOn && next.amounts.front().amount.isFirm()) {
-        return &next.amounts.front(); // further ones belong to what the sentence says next
-    }
-    if ((hasOnlyAmounts(next) && next.amounts.size() == 1) || goesOn) {
-        return isCandidate(next.amounts.back()) ? &next.amounts.back() : nullptr;
-    }
-    for (const RowAmount& amount : next.amounts) {
-        const bool isUnder = amount.place.right > label.left && amount.place.left < label.right;
-        if (isUnder && isCandidate(amount) && range.page->number != 0 && hasOnlyAmounts(next)) {
-            return &amount;
-        }
-    }
-    return nullptr;
-}
-
-/// Words of a row that stand together, as the headings of columns do.
-std::vector<LabelPlace> columnsOf(const Row& row) {
-    std::vector<LabelPlace> columns;
-    for (std::size_t i = 0; i < row.words.size(); ++i) {
-        const RowWord& word = row.words[i];
-        const double letter =
-            word.place.width() / static_cast<double>(std::max<std::size_t>(word.text.size(), 1));
-        if (columns.empty() || word.place.left - columns.back().right > 1.5 * letter) {
-            columns.push_back({i, i, word.place.left, word.place.right});
-        }
-        columns.back().last = i;
-        columns.back().right = word.place.right;
-    }
-    return columns;
-}
-
-/// The heading an amount stands under: the one whose edge or middle is nearest to its own.
-std::size_t columnOf(const std::vector<LabelPlace>& columns, const RowAmount& amount) {
-    const auto distance = [&](const LabelPlace& column) {
-        return std::min(
-            {std::abs(column.right - amount.place.right), std::abs(column.left - amount.place.left),
-             std::abs(column.left + column.right - amount.place.left - amount.place.right) / 2});
-    };
-    return static_cast<std::size_t>(std::ranges::min_element(columns, {}, distance)
-                                    - columns.begin());
-}
-
-/// The columns of a row that heads a table, with the one a label stands in.
-struct Heading {
-    std::vector<LabelPlace> columns;
-    std::size_t wanted = 0;
+/// Which rows and amounts are looked at.
+struct Pass {
+    Where where = Where::columns;
+    bool firmOnly = true; ///< no amounts that only their digits speak for
 };
 
-std::optional<Heading> headingAt(const RowRange& range, std::size_t at,
-                                 const std::optional<LabelPlace>& place) {
-    const Row& row = range.page->rows[at];
-    const bool hasAmounts = std::ranges::any_of(
-        row.amounts, [](const RowAmount& amount) { return amount.amount.isFirm(); });
-    if (!place || range.page->number == 0 || hasAmounts) {
-        return std::nullopt;
-    }
-    Heading heading{columnsOf(row)};
-    while (heading.wanted < heading.columns.size()
-           && heading.columns[heading.wanted].last < place->first) {
-        ++heading.wanted;
-    }
-    const bool isHeading = heading.columns.size() >= 3 && heading.wanted < heading.columns.size()
-                           && heading.columns[heading.wanted].first == place->first;
-    return isHeading ? std::optional(std::move(heading)) : std::nullopt;
+bool isLookedAt(const Row& row, const Wanted& wanted, bool isRecognised, Where where) {
+    return (where == Where::everywhere || !isProse(row, isRecognised))
+           && !isBarred(row, wanted, isRecognised);
 }
 
-/// The amount of a column: that of the total, or the only one there is.
-std::optional<FoundAmount> amountUnder(const RowRange& range, std::size_t at,
-                                       const LabelPlace& label) {
-    const Labels& totals = wordsFor(Concept::total);
-    const auto heading = headingAt(range, at, label);
-    std::optional<FoundAmount> found;
-    bool isOnly = true;
-    for (std::size_t below = at + 1; heading && below < std::min(range.end, at + 30); ++below) {
-        const Row& row = range.page->rows[below];
-        for (const RowAmount& amount : row.amounts) {
-            if (row.amounts.size() < 2 || !amount.amount.isFirm()
-                || columnOf(heading->columns, amount) != heading->wanted) {
-                continue;
-            }
-            isOnly = !found.has_value();
-            const LabelPlace& column = heading->columns[heading->wanted];
-            found =
-                FoundAmount{.page = range.page,
-                            .row = below,
-                            .amount = amount,
-                            .label = textBetween(range.page->rows[at], column.first, column.last),
-                            .isBelow = true};
-            if (isAnyIn(row.folded, totals)) {
-                return found;
-            }
-        }
-    }
-    return isOnly ? found : std::nullopt;
-}
-
-/// Where a row says what is wanted, by one of the labels or all meanings; those words of a row that
-/// make it something else are not looked at.
-std::vector<LabelPlace> placesIn(const Row& row, const Wanted& wanted, bool isRecognised) {
-    std::vector<LabelPlace> places;
-    for (const Label& label : wanted.labels) {
-        if (const auto place = findLabel(row, label, isRecognised)) {
-            places.push_back(*place);
-        }
-    }
-    for (const Meaning& meaning : wanted.meanings) {
-        if (const auto place = findMeaning(row, meaning, isRecognised)) {
-            places.push_back(*place);
-        }
-    }
-    return places;
-}
-
-/// Of several amounts in a row the one under a heading that says what is wanted.
-const RowAmount* amountByHeading(const RowRange& range, std::size_t at, const Wanted& wanted,
-                                 const std::vector<const RowAmount*>& amounts) {
-    for (std::size_t above = at; above-- > range.first && at - above < 30;) {
-        for (const LabelPlace& place :
-             placesIn(range.page->rows[above], wanted, range.page->isRecognised)) {
-            if (const auto heading = headingAt(range, above, place)) {
-                const auto found = std::ranges::find_if(amounts, [&](const RowAmount* amount) {
-                    return columnOf(heading->columns, *amount) == heading->wanted;
-                });
-                return found == amounts.end() ? nullptr : *found;
-            }
-        }
-    }
-    return nullptr;
-}
-
-/// "CHF 7'056.00 Einbezahlte Beiträge": the row's only amount, before its words.
-const RowAmount* amountBefore(const Row& row, const LabelPlace& label) {
-    if (row.amounts.size() != 1 || !row.amounts.front().amount.isFirm()
-        || row.amounts.front().last >= label.first) {
-        return nullptr;
-    }
-    const RowAmount& amount = row.amounts.front();
-    const bool isFirst = amount.first == 0 || (amount.first == 1 && isFrancs(row.words[0].text));
-    return isFirst ? &amount : nullptr;
-}
-
-std::optional<FoundAmount> amountFor(const RowRange& range, std::size_t at, const LabelPlace& label,
-                                     const Wanted& wanted) {
-    const Row& row = range.page->rows[at];
-    std::vector<const RowAmount*> right;
-    for (const RowAmount& amount : row.amounts) {
-        if (amount.first > label.last && isCandidate(amount)) {
-            right.push_back(&amount);
-        }
-    }
-    FoundAmount found{
-        .page = range.page, .row = at, .label = textBetween(row, label.first, label.last)};
-    if (!right.empty()) {
-        const RowAmount* headed =
-            right.size() > 1 ? amountByHeading(range, at, wanted, right) : nullptr;
-        found.amount = headed != nullptr ? *headed : choose(right, *range.page);
-        found.isAlone = right.size() == 1 || headed != nullptr;
-        return found;
-    }
-    if (const RowAmount* below = amountBelow(range, at, label)) {
-        found.row = at + 1;
-        found.amount = *below;
-        found.isBelow = true;
-        return found;
-    }
-    if (const RowAmount* before = amountBefore(row, label)) {
-        found.amount = *before;
-        found.isBelow = true;
-        return found;
-    }
-    return std::nullopt;
-}
-
-/// The amount of a label or meaning in its row or the column it heads.
-std::optional<FoundAmount> amountAt(const RowRange& range, std::size_t at, const LabelPlace& place,
-                                    const Wanted& wanted) {
-    auto found = amountFor(range, at, place, wanted);
-    return found ? std::move(found) : amountUnder(range, at, place);
-}
-
-bool isBarred(const Row& row, const Wanted& wanted, bool isRecognised) {
-    return findLabel(row, wanted.without, isRecognised).has_value();
-}
-
-std::vector<FoundAmount> findByMeaning(const std::vector<RowRange>& ranges, const Wanted& wanted) {
+std::vector<FoundAmount> findByLabel(const std::vector<RowRange>& ranges, const Wanted& wanted,
+                                     Pass pass) {
     std::vector<FoundAmount> found;
-    for (const Meaning& meaning : wanted.meanings) {
+    for (const Label& label : wanted.labels) {
         for (const RowRange& range : ranges) {
-            const bool isRecognised = range.page->isRecognised;
             for (std::size_t at = range.first; at < range.end; ++at) {
                 const Row& row = range.page->rows[at];
-                const auto place = findMeaning(row, meaning, isRecognised);
-                if (!place || isBarred(row, wanted, isRecognised)
-                    || namesAny(row, wanted.notMeant, isRecognised)) {
+                const bool isRecognised = range.page->isRecognised;
+                const auto place = findLabel(row, label, isRecognised);
+                if (!place || !isLookedAt(row, wanted, isRecognised, pass.where)
+                    || isOther(row, *place, wanted, isRecognised)) {
                     continue;
                 }
                 auto amount = amountAt(range, at, *place, wanted);
-                // Small bare numbers are days, pieces, points.
-                if (amount && (amount->amount.amount.isFirm() || amount->value().abs() >= 100)) {
+                if (amount && (!pass.firmOnly || amount->amount.amount.isFirm())) {
                     found.push_back(std::move(*amount));
                 }
             }
@@ -293,17 +96,33 @@ std::vector<FoundAmount> findByMeaning(const std::vector<RowRange>& ranges, cons
     return found;
 }
 
-bool isReduction(const Row& row) {
-    static const Labels words{"Verbilligung*", "Prämienverbilligung*",
-                              "Abzug",         "abzüglich",
-                              "Rabatt",        "Skonto",
-                              "Ermässigung",   "Réduction*",
-                              "Riduzione*",    "Rabais",
-                              "Sconto",        "Subvention*",
-                              "Sussidio",      "Belastungen",
-                              "Ausgänge",      "Débits",
-                              "Addebiti",      "Minus"};
-    return isAnyIn(row.folded, words);
+std::vector<FoundAmount> findByMeaning(const std::vector<RowRange>& ranges, const Wanted& wanted,
+                                       Pass pass) {
+    std::vector<FoundAmount> found;
+    for (const Meaning& meaning : wanted.meanings) {
+        for (const RowRange& range : ranges) {
+            const bool isRecognised = range.page->isRecognised;
+            for (std::size_t at = range.first; at < range.end; ++at) {
+                const Row& row = range.page->rows[at];
+                const auto place = findMeaning(row, meaning, isRecognised);
+                if (!place || !isLookedAt(row, wanted, isRecognised, pass.where)
+                    || isOther(row, *place, wanted, isRecognised)) {
+                    continue;
+                }
+                auto amount = amountAt(range, at, *place, wanted);
+                // Small bare numbers are days, pieces, points.
+                if (amount
+                    && (amount->amount.amount.isFirm()
+                        || (!pass.firmOnly && amount->value().abs() >= 100))) {
+                    found.push_back(std::move(*amount));
+                }
+            }
+        }
+        if (!found.empty()) {
+            break;
+        }
+    }
+    return found;
 }
 
 } // namespace
@@ -316,131 +135,37 @@ std::vector<RowRange> wholeDocument(const DocumentRows& document) {
     return ranges;
 }
 
-std::vector<FoundAmount> findAmounts(const std::vector<RowRange>& ranges, const Wanted& wanted) {
+std::vector<FoundAmount> findAmounts(const std::vector<RowRange>& ranges, const Wanted& wanted,
+                                     Digits digits) {
     std::vector<FoundAmount> found;
-    for (const Label& label : wanted.labels) {
-        for (const RowRange& range : ranges) {
-            for (std::size_t at = range.first; at < range.end; ++at) {
-                const Row& row = range.page->rows[at];
-                const auto place = findLabel(row, label, range.page->isRecognised);
-                if (!place || isBarred(row, wanted, range.page->isRecognised)) {
-                    continue;
-                }
-                if (auto amount = amountAt(range, at, *place, wanted)) {
-                    found.push_back(std::move(*amount));
+    for (const bool firmOnly : {true, false}) {
+        if (!firmOnly && digits == Digits::firm) {
+            break;
+        }
+        for (const Where where : {Where::columns, Where::everywhere}) {
+            const Pass pass{where, firmOnly};
+            for (const auto find : {findByLabel, findByMeaning}) {
+                if (found = find(ranges, wanted, pass); !found.empty()) {
+                    return found;
                 }
             }
-        }
-        if (!found.empty()) {
-            return found;
+            if (found = findInProse(ranges, wanted); !found.empty()) {
+                return found;
+            }
         }
     }
-    found = findByMeaning(ranges, wanted);
-    return found.empty() ? findInProse(ranges, wanted) : found;
+    return found;
 }
 
-std::optional<FoundAmount> findLast(const std::vector<RowRange>& ranges, const Wanted& wanted) {
-    auto found = findAmounts(ranges, wanted);
+std::optional<FoundAmount> findLast(const std::vector<RowRange>& ranges, const Wanted& wanted,
+                                    Digits digits) {
+    auto found = findAmounts(ranges, wanted, digits);
     return found.empty() ? std::nullopt : std::optional(std::move(found.back()));
 }
 
 std::optional<FoundAmount> findFirst(const std::vector<RowRange>& ranges, const Wanted& wanted) {
     auto found = findAmounts(ranges, wanted);
     return found.empty() ? std::nullopt : std::optional(std::move(found.front()));
-}
-
-std::optional<ProposalCheck> columnCheck(const FoundAmount& total) {
-    if (total.page->number == 0) {
-        return std::nullopt; // lines of text have no columns
-    }
-    Decimal sum;
-    Decimal last;
-    int count = 0;
-    for (std::size_t at = total.row; at-- > 0 && total.row - at < 40;) {
-        const Row& row = total.page->rows[at];
-        const auto aligned = std::ranges::find_if(row.amounts, [&](const RowAmount& amount) {
-            return std::abs(amount.place.right - total.amount.place.right) <= alignment(*total.page)
-                   && amount.amount.isFirm();
-        });
-        if (aligned == row.amounts.end()) {
-            continue;
-        }
-        const Decimal value = aligned->amount.value;
-        sum = sum + (isReduction(row) ? -value.abs() : value);
-        ++count;
-        if (count >= 2 && sum == total.value() && value != total.value()) {
-            return ProposalCheck{"Die " + std::to_string(count)
-                                     + " Beträge darüber ergeben zusammen " + shown(sum),
-                                 true};
-        }
-    }
-    return std::nullopt;
-}
-
-std::optional<ProposalCheck> repeatCheck(const std::vector<RowRange>& ranges, const Wanted& wanted,
-                                         const FoundAmount& found) {
-    for (const RowRange& range : ranges) {
-        const bool isRecognised = range.page->isRecognised;
-        for (std::size_t at = range.first; at < range.end; ++at) {
-            const Row& row = range.page->rows[at];
-            if (row.amounts.empty() || (range.page == found.page && at == found.row)
-                || isBarred(row, wanted, isRecognised)
-                || namesAny(row, wanted.notMeant, isRecognised)) {
-                continue;
-            }
-            for (const LabelPlace& place : placesIn(row, wanted, isRecognised)) {
-                const auto other = amountFor(range, at, place, wanted);
-                if (other && other->row == at && other->value() == found.value()
-                    && other->amount.amount.isFirm()) {
-                    return ProposalCheck{"Derselbe Betrag steht auch bei «" + other->label + "»",
-                                         true};
-                }
-            }
-        }
-    }
-    return std::nullopt;
-}
-
-std::vector<ProposalCheck> witnessChecks(const std::vector<RowRange>& ranges, const Wanted& wanted,
-                                         const FoundAmount& found) {
-    std::vector<ProposalCheck> checks;
-    if (auto check = columnCheck(found)) {
-        checks.push_back(std::move(*check));
-    }
-    if (auto check = repeatCheck(ranges, wanted, found)) {
-        checks.push_back(std::move(*check));
-    }
-    return checks;
-}
-
-Evidence evidenceOf(const FoundAmount& found, const Wanted& wanted, bool isKindClear,
-                    std::vector<ProposalCheck> checks) {
-    const PageRows& page = *found.page;
-    const bool hasPlaces = page.number != 0;
-    const bool isProven = std::ranges::any_of(checks, &ProposalCheck::passed);
-    Evidence evidence{.witness = hasPlaces ? Witness::position : Witness::text,
-                      .page = page.number,
-                      .box = hasPlaces ? pageBox(found.amount.printed, page) : std::nullopt,
-                      .checks = std::move(checks)};
-    evidence.reason = std::string(!hasPlaces      ? "Steht im Text nach «"
-                                  : found.isBelow ? "Steht unter «"
-                                                  : "Steht rechts von «")
-                      + found.label + "»" + (page.isRecognised ? " (Texterkennung)." : ".");
-    const bool isFirm = found.amount.amount.isFirm() && !found.amount.amount.wasCorrected;
-    const bool isPlain = found.isAlone && !found.isBelow && isFirm && wanted.isSpecific;
-    if (!hasPlaces) {
-        evidence.confidence = isPlain && isKindClear ? Confidence::medium : Confidence::low;
-    } else if (!found.isAlone && page.isRecognised) {
-        evidence.confidence = Confidence::low; // which column counts is a guess
-    } else if (isProven && isFirm && isKindClear && found.isAlone && wanted.isSpecific) {
-        evidence.confidence = Confidence::high;
-    } else {
-        const bool isDoubtful = !isFirm || (page.isRecognised && found.amount.certainty < 0.6);
-        evidence.confidence = isDoubtful || (!isKindClear && !wanted.isSpecific)
-                                  ? Confidence::low
-                                  : Confidence::medium;
-    }
-    return evidence;
 }
 
 } // namespace fiscarel

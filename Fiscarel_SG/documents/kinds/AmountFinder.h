@@ -41,19 +41,27 @@ struct RowRange {
 /// All rows of a document, a range for each page.
 std::vector<RowRange> wholeDocument(const DocumentRows& document);
 
+/// Whether only numbers count whose form speaks for an amount, or at last bare ones too.
+enum class Digits { firm, any };
+
 /// The amounts of the first label that has any, from top to bottom. The amount stands right of its
 /// label in the same row; or below, where the label heads it and its row has no amount; or before
 /// it, as the first of the row. Of several, the one in the page's amount column counts. Without
 /// labels the first meaning counts that a row has with an amount, then one that a sentence has.
-std::vector<FoundAmount> findAmounts(const std::vector<RowRange>& ranges, const Wanted& wanted);
+std::vector<FoundAmount> findAmounts(const std::vector<RowRange>& ranges, const Wanted& wanted,
+                                     Digits digits = Digits::any);
 
 /// The last of the amounts found, for totals; absent when there is none.
-std::optional<FoundAmount> findLast(const std::vector<RowRange>& ranges, const Wanted& wanted);
+std::optional<FoundAmount> findLast(const std::vector<RowRange>& ranges, const Wanted& wanted,
+                                    Digits digits = Digits::any);
 std::optional<FoundAmount> findFirst(const std::vector<RowRange>& ranges, const Wanted& wanted);
 
 /// Whether the amounts directly above in the same column add up to this one, those of reductions
 /// being taken off; absent when fewer than two stand there or they do not.
 std::optional<ProposalCheck> columnCheck(const FoundAmount& total);
+
+/// The total below an amount in its column that `columnCheck` proves; absent when there is none.
+std::optional<FoundAmount> totalBelow(const FoundAmount& part);
 
 /// Whether the same amount stands a second time by words that fit; absent when it does not.
 std::optional<ProposalCheck> repeatCheck(const std::vector<RowRange>& ranges, const Wanted& wanted,

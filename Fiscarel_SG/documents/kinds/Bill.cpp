@@ -1,5 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/AmountFinder.h"
+#include "Fiscarel_SG/documents/kinds/BillWords.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
+#include "Fiscarel_SG/documents/kinds/PersonParts.h"
 #include "Fiscarel_SG/documents/kinds/PlainAmount.h"
 
 #include <algorithm>
@@ -43,200 +45,11 @@ constexpr std::array targets{
                "actualMaintenanceCosts", "", "", "Abziehbar ist nur werterhaltender Unterhalt."},
 };
 
-/// Totals as bills and receipts name them, the surest first.
-const Wanted& totals() {
-    static const Wanted wanted{
-        {"Rechnungsbetrag",
-         "Rechnungstotal",
-         "Gesamtbetrag",
-         "Total Rechnung",
-         "Zu bezahlen",
-         "Zahlbetrag",
-         "Total inkl*",
-         "Gesamttotal",
-         "Total zu bezahlen",
-         "Total Spenden",
-         "Total der Spenden",
-         "Total der Zuwendungen",
-         "Total Zuwendungen",
-         "Spendentotal",
-         "Spendenbetrag",
-         "Von den Eltern bezahlt*",
-         "Elternbeitrag bezahlt",
-         "Bezahlter Elternbeitrag",
-         "Total Elternbeitrag",
-         "Nettokosten*",
-         "Kosten der Weiterbildung",
-         "Weiterbildungskosten",
-         "Lehrgangskosten",
-         "Lehrgangsgebühr*",
-         "Studiengebühr*",
-         "Semestergebühr*",
-         "Teilnahmegebühr",
-         "Bezahlter Betrag",
-         "Rechnungssumme",
-         "Offener Betrag",
-         "Zahlungsbetrag",
-         "Spendensumme",
-         "Gespendeter Betrag",
-         "Elternanteil",
-         "Netto zu Lasten der Eltern",
-         "Bezahlte Kurskosten",
-         "Total Betreuungskosten",
-         "Total der Betreuungskosten",
-         "Total Elternbeiträge",
-         "Total Betreuung",
-         "Bezahlte Betreuungskosten",
-         "Betreuungskosten total",
-         "Jahrestotal",
-         "Kursgeld total",
-         "Total Kursgeld",
-         "Total Kurskosten",
-         "Montant de la facture",
-         "Montant à payer",
-         "Total à payer",
-         "Total TTC",
-         "Total facture",
-         "Montant total",
-         "Total des dons",
-         "Total général",
-         "Total des frais de garde",
-         "Importo della fattura",
-         "Importo fattura",
-         "Totale da pagare",
-         "Importo totale",
-         "Totale donazioni",
-         "Totale delle donazioni",
-         "Totale fattura",
-         "Totale generale",
-         "Totale spese di custodia",
-         "Totalbetrag",
-         "Endbetrag"},
-        {"exkl*", "ohne MWST", "HT", "IVA esclusa", "Zwischentotal", "Vorjahr", "Mahngebühr"},
-        true,
-        {{payable, total}, {amount, payable}, {invoice, total}, {invoice, amount}},
-        {other, refunded, publicShare}};
-    return wanted;
-}
-/// What only papers of a kind say of their amount, the surest first.
-const Wanted& ownTotals(Kind kind) {
-    static const Wanted medicalTotals{{},
-                                      {"exkl*", "HT"},
-                                      true,
-                                      {{medical, total}, {payable}, {amount, total}},
-                                      {other, refunded}};
-    static const Wanted donations{{},
-                                  {"exkl*", "HT"},
-                                  true,
-                                  {{donation, total},
-                                   {donation, amount},
-                                   {donation, paid},
-                                   {donation, yearly},
-                                   {contribution, paid},
-                                   {amount, paid},
-                                   {donation},
-                                   {amount, total}},
-                                  {other, possible}};
-    static const Wanted daycare{{},
-                                {"exkl*", "HT"},
-                                true,
-                                {{parents, net},
-                                 {parents, paid},
-                                 {parents, total},
-                                 {payable},
-                                 {childcare, net},
-                                 {amount, net},
-                                 {fee, net},
-                                 {childcare, paid},
-                                 {amount, paid},
-                                 {fee, paid},
-                                 {contribution, paid},
-                                 {parents, contribution},
-                                 {total, paid},
-                                 {childcare, total},
-                                 {fee, total},
-                                 {amount, total}},
-                                {other, refunded, publicShare, possible}};
-    static const Wanted courses{{},
-                                {"exkl*", "HT"},
-                                true,
-                                {{fee, net},
-                                 {amount, net},
-                                 {course, paid},
-                                 {fee, paid},
-                                 {amount, paid},
-                                 {payable},
-                                 {course, fee, total},
-                                 {course, total},
-                                 {fee, total},
-                                 {amount, total},
-                                 {total},
-                                 {course, fee},
-                                 {fee}},
-                                {other, refunded, publicShare, possible}};
-    static const Wanted repairs{
-        {}, {"exkl*", "HT"}, true, {{payable}, {amount, total}}, {other, refunded}};
-    switch (kind) {
-    case Kind::arztrechnung:
-        return medicalTotals;
-    case Kind::spende:
-        return donations;
-    case Kind::kinderbetreuung:
-        return daycare;
-    case Kind::weiterbildung:
-        return courses;
-    default:
-        return repairs;
-    }
-}
-const Wanted& plainTotals() {
-    static const Wanted wanted{{"Total*",
-                                "Totale",
-                                "Gesamt",
-                                "Summe",
-                                "Betrag",
-                                "Montant",
-                                "Importo",
-                                "Spende",
-                                "Spende von",
-                                "Zuwendung",
-                                "Don de",
-                                "Don",
-                                "Donazione",
-                                "Kursgeld",
-                                "Kurskosten",
-                                "Kursgebühr",
-                                "Frais de cours",
-                                "Tassa del corso",
-                                "Betreuungskosten",
-                                "Frais de garde",
-                                "Spese di custodia",
-                                "CHF",
-                                "Fr."},
-                               {"exkl*", "HT", "IVA esclusa", "Zwischentotal", "Sous-total",
-                                "Subtotale", "Vorjahr", "Taxpunkte", "Stunden", "Tage"},
-                               false};
-    return wanted;
-}
-const Wanted& taxes() {
-    static const Wanted wanted{{"MWST*", "Mehrwertsteuer", "TVA", "IVA"},
-                               {"inkl*", "exkl*", "Nr", "CHE*", "ohne", "incl*", "Total", "Totale",
-                                "befreit", "esclusa", "inclusa"}};
-    return wanted;
-}
-const Wanted& nets() {
-    static const Wanted wanted{{"Nettobetrag", "Total exkl. MWST", "Total ohne MWST", "Netto",
-                                "Zwischentotal", "Total HT", "Montant net", "Sous-total",
-                                "Totale IVA esclusa", "Importo netto", "Subtotale"},
-                               {}};
-    return wanted;
-}
-
 std::vector<ProposalCheck> totalChecks(const std::vector<RowRange>& ranges,
                                        const FoundAmount& total) {
     std::vector<ProposalCheck> checks;
-    const auto tax = findLast(ranges, taxes());
-    const auto net = findLast(ranges, nets());
+    const auto tax = findLast(ranges, billTaxes());
+    const auto net = findLast(ranges, billNets());
     if (tax && net && tax->value() != net->value() && net->value() <= total.value()
         && tax->value() < net->value()) {
         const Decimal computed = net->value() + tax->value();
@@ -259,8 +72,11 @@ class BillMapper {
           ranges_(wholeDocument(context.document)) {}
 
     void propose() {
-        printed_ = bestTotal();
         const bool isPayable = context_.bill && context_.bill->bill.amount;
+        if (target_.record == Record::child && !isPayable && proposeEachChild()) {
+            return;
+        }
+        printed_ = bestTotal();
         if (!isPayable && (!printed_ || printed_->value() < 1)) {
             return;
         }
@@ -285,6 +101,31 @@ class BillMapper {
     }
 
   private:
+    /// A record for each child the document tells the costs of.
+    bool proposeEachChild() {
+        const Wanted& wanted = ownBillTotals(target_.kind);
+        const auto parts = findPersonAmounts(context_.document, wanted);
+        Decimal sum;
+        for (const PersonAmount& part : parts) {
+            sum = sum + part.found.value();
+        }
+        for (const PersonAmount& part : parts) {
+            ProposedRecord record =
+                recordWith(context_.facts, target_.record, target_.title + (' ' + part.name),
+                           part.found.page->number);
+            record.personName = part.name;
+            record_ = draft_.addRecord(std::move(record));
+            std::vector<ProposalCheck> checks;
+            if (findPrinted(context_.document, sum)) {
+                checks.push_back({"Alle Kinder zusammen: " + shown(sum), true});
+            }
+            draft_.add(record_, target_.amount, part.found.value(),
+                       evidenceOf(part.found, wanted, context_.isKindClear, std::move(checks)));
+            proposeWords(payeeName(), false);
+        }
+        return !parts.empty();
+    }
+
     std::string payeeName() const {
         return context_.bill && !context_.bill->bill.payee.empty() ? context_.bill->bill.payee
                                                                    : context_.facts.issuer.text;
@@ -299,27 +140,47 @@ class BillMapper {
     }
 
     std::optional<FoundAmount> bestTotal() {
-        for (const Wanted* wanted : {&totals(), &ownTotals(target_.kind)}) {
-            if (auto found = findLast(ranges_, *wanted); found && found->value() >= 1) {
-                wanted_ = wanted;
-                return target_.isShared ? afterShares(*found) : *found;
+        for (const Digits digits : {Digits::firm, Digits::any}) {
+            if (auto found = bestTotal(digits)) {
+                return found;
             }
         }
-        wanted_ = &plainTotals();
-        auto all = findAmounts(ranges_, plainTotals());
+        isPlain_ = true;
+        static const std::vector<Concept> barred{refunded, other, possible, opening};
+        auto sum = provenSum(ranges_, barred);
+        return sum ? sum : onlyAmount(ranges_, barred);
+    }
+
+    std::optional<FoundAmount> bestTotal(Digits digits) {
+        for (const Wanted* wanted : {&billTotals(), &ownBillTotals(target_.kind)}) {
+            auto all = findAmounts(ranges_, *wanted, digits);
+            std::erase_if(all, [](const FoundAmount& one) { // numbers of bills, of clients
+                return !one.amount.amount.isFirm() && one.value() >= 100'000;
+            });
+            if (!all.empty() && all.back().value() >= 1) {
+                wanted_ = wanted;
+                return target_.isShared ? afterShares(all.back()) : wholeOf(all);
+            }
+        }
+        wanted_ = &plainBillTotals();
+        auto all = findAmounts(ranges_, plainBillTotals(), digits);
         std::erase_if(all, [](const FoundAmount& one) { return one.value() < 1; });
         for (const FoundAmount& one : all) {
             if (columnCheck(one)) {
                 return one;
             }
         }
-        if (!all.empty()) {
-            return all.back();
+        return all.empty() ? std::nullopt : std::optional(all.back());
+    }
+
+    /// The sum below, where what was found are its parts.
+    static FoundAmount wholeOf(const std::vector<FoundAmount>& all) {
+        Decimal sum;
+        for (const FoundAmount& one : all) {
+            sum = sum + one.value();
         }
-        isPlain_ = true;
-        static const std::vector<Concept> barred{refunded, other, possible, opening};
-        auto sum = provenSum(ranges_, barred);
-        return sum ? sum : onlyAmount(ranges_, barred);
+        auto whole = totalBelow(all.back());
+        return whole && whole->value() == sum ? std::move(*whole) : all.back();
     }
 
     /// What remains of a total when others bear a part of it, if both stand below; else it is the

@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/KindWords.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
+#include "Fiscarel_SG/documents/rows/Vocabulary.h"
 
 #include <algorithm>
 #include <array>
@@ -16,7 +17,9 @@ using Kind = StoredDocument::Kind;
 constexpr int enough = 6;   ///< below, nothing is concluded
 constexpr int clearly = 10; ///< and this far ahead of the next, the kind is clear
 constexpr int clearAhead = 4;
-constexpr int pillarTitle = 10;
+constexpr int pillarTitle = 16;
+constexpr int provenWage = 14;
+constexpr int fundsPension = 10;
 constexpr int decisive = 12; ///< of the words that make a document none of the kinds
 
 std::string titleWords(const DocumentRows& document) {
@@ -101,6 +104,49 @@ void weighStructure(const DocumentRows& document, std::map<Kind, int>& scores) {
     }
 }
 
+/// What only a statement of securities speaks of.
+const Labels& securities() {
+    static const Labels words{
+        "Valor*", "ISIN",   "Depot*",   "Wertschrift*", "Werte mit VSt", "*titel",         "titres",
+        "titoli", "Aktien", "actions",  "azioni",       "Obligation*",   "obbligazion*",   "Fonds",
+        "fondi",  "Kurs*",  "eCH-0196", "Stück",        "dépôt",         "deposito titoli"};
+    return words;
+}
+
+/// Whether the head of a document is a pension fund's, and not that of the form which serves wages
+/// and pensions.
+bool isOfPensionFund(const std::string& title) {
+    static const Labels funds{"*pensionskasse*",
+                              "*personalvorsorge*",
+                              "*vorsorgeeinrichtung*",
+                              "*sammelstiftung*",
+                              "*sammeleinrichtung*",
+                              "*personalstiftung*",
+                              "*vorsorgewerk*",
+                              "caisse de pension*",
+                              "caisse de retraite",
+                              "fonds de prévoyance",
+                              "institution de prévoyance",
+                              "cassa pension*",
+                              "istituto di previdenza",
+                              "BVG",
+                              "LPP"};
+    static const Labels form{"Lohnausweis", "Certificat de salaire", "Certificato di salario",
+                             "Ausgleichskasse", "Caisse de compensation"};
+    return isAnyIn(title, funds) && !isAnyIn(title, form);
+}
+
+/// Whether a document speaks of interest, a balance or a debt.
+bool namesMoneyAtBank(const DocumentRows& document) {
+    static const std::vector<Concept> concepts{Concept::interest, Concept::balance, Concept::debt,
+                                               Concept::debtInterest, Concept::withholding};
+    return std::ranges::any_of(document.pages, [](const PageRows& page) {
+        return std::ranges::any_of(page.rows, [&](const Row& row) {
+            return row.middle() < page.height * 0.93 && namesAny(row, concepts, page.isRecognised);
+        });
+    });
+}
+
 bool hasNoAmount(const Row& row) {
     return std::ranges::none_of(row.amounts,
                                 [](const RowAmount& amount) { return amount.amount.isFirm(); });
@@ -109,23 +155,34 @@ bool hasNoAmount(const Row& row) {
 /// A short line at the top that names pillar 3a: such accounts and policies are a bank's or an
 /// insurer's, whose own words would outweigh it.
 bool hasPillarTitle(const DocumentRows& document) {
-    static const Labels names{"Säule 3a",         "Pilier 3a",         "Pilastro 3a",
-                              "Vorsorgekonto 3a", "Vorsorge 3a",       "Prévoyance 3a",
-                              "Previdenza 3a",    "Vorsorgepolice 3a", "3a-Konto",
-                              "Konto 3a",         "Vorsorgedepot 3a"};
-    if (document.pages.empty()) {
-        return false;
-    }
-    const PageRows& first = document.pages.front();
-    return std::ranges::any_of(first.rows, [&](const Row& row) {
-        return row.middle() < first.height * 0.45 && row.words.size() <= 8 && hasNoAmount(row)
-               && isAnyIn(row.folded, names);
+    static const Labels names{"3a",
+                              "Säule 3a",
+                              "Pilier 3a",
+                              "Pilastro 3a",
+                              "Vorsorgekonto 3a",
+                              "Vorsorge 3a",
+                              "Prévoyance 3a",
+                              "Previdenza 3a",
+                              "Vorsorgepolice 3a",
+                              "3a-Konto",
+                              "Konto 3a",
+                              "Vorsorgedepot 3a",
+                              "gebundene Vorsorge",
+                              "gebundenen Vorsorge",
+                              "gebundene Selbstvorsorge",
+                              "prévoyance liée",
+                              "previdenza vincolata"};
+    return std::ranges::any_of(document.pages, [&](const PageRows& page) {
+        return std::ranges::any_of(page.rows, [&](const Row& row) {
+            return row.middle() < page.height * 0.45 && row.words.size() <= 8 && hasNoAmount(row)
+                   && isAnyIn(row.folded, names);
+        });
     });
 }
 
 } // namespace
 
-KindVerdict weighKind(const DocumentRows& document) {
+KindVerdict weighKind(const DocumentRows& document, bool isWageProven) {
     const std::string title = titleWords(document);
     std::map<Kind, int> scores;
     for (const KindWords& evidence : kindWords()) {
@@ -136,6 +193,19 @@ KindVerdict weighKind(const DocumentRows& document) {
         }
     }
     weighStructure(document, scores);
+    if (!isAnyIn(document.folded, securities())) { // a bank may call anything a tax statement
+        scores[Kind::bankauszug] += scores[Kind::steuerauszug] / 2;
+        scores[Kind::steuerauszug] = 0;
+    }
+    if (isPensionPaper(document) && isOfPensionFund(title)) {
+        scores[Kind::pensionskasse] += fundsPension;
+    }
+    if (!namesMoneyAtBank(document)) { // a course or a fund sends a "Kontoauszug" too
+        scores[Kind::bankauszug] /= 2;
+    }
+    if (isWageProven) {
+        scores[Kind::lohnausweis] += provenWage;
+    }
     if (hasPillarTitle(document)) {
         scores[Kind::saeule3a] += pillarTitle;
     }
@@ -152,7 +222,7 @@ KindVerdict weighKind(const DocumentRows& document) {
         }
     }
     if (const int against = exclusionWeight(title, document.folded);
-        against >= decisive && against + 6 > best) {
+        against >= decisive && against + 6 > best - (isWageProven ? provenWage : 0)) {
         return {.kind = Kind::anderes, .isClear = true};
     }
     if (best < enough) {
@@ -169,6 +239,14 @@ bool isPensionPaper(const DocumentRows& document) {
                               "Rentenleistungen",
                               "ausgerichtete* Rente*",
                               "Renten",
+                              "Rentenbezug*",
+                              "Leistungsausweis",
+                              "Altersrente",
+                              "*auszahlung",
+                              "*auszahlungen",
+                              "ausbezahlte* Leistung*",
+                              "prestations versées",
+                              "prestazioni versate",
                               "Attestation de rente*",
                               "Attestation des rentes",
                               "Certificat de rente*",

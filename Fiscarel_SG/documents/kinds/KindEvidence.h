@@ -15,8 +15,8 @@ struct KindVerdict {
 
 /// Weighs the words of a document: titles and issuers at its top count double. Annexes on employee
 /// shares, tax returns and shop receipts are none of the kinds that hold amounts, whatever they
-/// mention.
-KindVerdict weighKind(const DocumentRows& document);
+/// mention. `isWageProven`: amounts add up as those of a salary certificate do.
+KindVerdict weighKind(const DocumentRows& document, bool isWageProven);
 
 /// Whether a document certifies pensions that were paid.
 bool isPensionPaper(const DocumentRows& document);

@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/AmountFinder.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
 #include "Fiscarel_SG/documents/kinds/LabelledFields.h"
+#include "Fiscarel_SG/documents/kinds/PersonParts.h"
 #include "Fiscarel_SG/documents/kinds/PlainAmount.h"
 #include "Fiscarel_SG/documents/kinds/RecordsByKind.h"
 
@@ -69,11 +70,42 @@ std::optional<Chosen> chooseFound(std::vector<FoundAmount> found, int below) {
     return Chosen{std::move(found.back()), isDisputed};
 }
 
+/// A paper for several people, as spouses get for their pillar 3a: a record for each.
+bool proposePeople(const KindContext& context, const LabelledField& row, ProposalDraft& draft) {
+    const std::string_view field = row.field;
+    const bool isMain =
+        field == "pillar3a" || (field == "pensionBuyIn" && context.kind == Kind::pensionskasse);
+    if (!isMain) {
+        return false;
+    }
+    auto parts = findPersonAmounts(context.document, row.wanted);
+    std::erase_if(parts, [&](const PersonAmount& one) { return one.found.value() >= row.below; });
+    for (const PersonAmount& part : parts) {
+        ProposedRecord record =
+            recordWith(context.facts, row.record, part.name, part.found.page->number);
+        record.personName = part.name;
+        record.birthDate = std::nullopt; // which of them it is, is not known
+        record.socialSecurityNumber.clear();
+        Evidence evidence = evidenceOf(part.found, row.wanted, context.isKindClear);
+        draft.add(draft.addRecord(std::move(record)), row.field, part.found.value(),
+                  std::move(evidence));
+    }
+    return !parts.empty();
+}
+
 void proposeField(const KindContext& context, const LabelledField& row, RecordsByKind& records,
                   ProposalDraft& draft) {
+    if (proposePeople(context, row, draft)) {
+        return;
+    }
     auto chosen = chooseFound(findAmounts(wholeDocument(context.document), row.wanted), row.below);
     if (!chosen) {
         return;
+    }
+    if (row.record == Record::pension) { // supplements are part of it
+        if (auto total = totalBelow(chosen->found)) {
+            chosen = Chosen{std::move(*total), false};
+        }
     }
     Evidence evidence =
         evidenceOf(chosen->found, row.wanted, context.isKindClear && !chosen->isDisputed,

@@ -48,7 +48,7 @@ const Wanted& netPremiums() {
                                {},
                                true,
                                {{premium, net}},
-                               {other, costSharing}};
+                               {other}};
     return wanted;
 }
 const Wanted& reductions() {
@@ -113,6 +113,20 @@ std::vector<ProposalCheck> premiumChecks(const std::vector<RowRange>& ranges,
     return checks;
 }
 
+/// Whether an amount "to be borne by you" is a premium: the total, or what remains of it.
+bool isPremium(const std::vector<RowRange>& ranges, const Decimal& value) {
+    const auto reduction = findLast(ranges, reductions());
+    const Decimal taken = reduction ? reduction->value().abs() : Decimal();
+    for (const Wanted* wanted : {&grossPremiums(), &plainTotals()}) {
+        for (const FoundAmount& gross : findAmounts(ranges, *wanted)) {
+            if (gross.value() == value || gross.value() - taken == value) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
 } // namespace
 
 void proposePremiums(const KindContext& context, RecordsByKind& records, ProposalDraft& draft) {
@@ -122,6 +136,12 @@ void proposePremiums(const KindContext& context, RecordsByKind& records, Proposa
     Decimal sum;
     for (const FoundAmount& one : single) {
         sum = sum + one.value();
+    }
+    for (const FoundAmount& one : single) {
+        if (single.size() > 2 && one.value() + one.value() == sum) {
+            sum = one.value(); // the total of the others, by another word
+            break;
+        }
     }
     // A total that the reduction is taken off already is not what was to be paid before it.
     const auto reduced = findLast(ranges, reductions());
@@ -168,10 +188,15 @@ void proposeCostSharing(const KindContext& context, ProposalDraft& draft) {
         true,
         {{costSharing, total}, {costSharing}},
         {premium, other}};
-    const auto found = findLast(wholeDocument(context.document), own);
-    if (!found || found->value() < 1) {
+    const auto ranges = wholeDocument(context.document);
+    auto all = findAmounts(ranges, own);
+    std::erase_if(all, [&](const FoundAmount& one) {
+        return one.value() < 1 || isPremium(ranges, one.value());
+    });
+    if (all.empty()) {
         return;
     }
+    const auto found = std::optional(all.back());
     std::vector<ProposalCheck> checks;
     if (const auto check = columnCheck(*found)) {
         checks.push_back(*check);

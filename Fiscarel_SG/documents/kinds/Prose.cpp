@@ -47,9 +47,17 @@ class Sentences {
     explicit Sentences(const RowRange& range) : range_(range) {
         for (std::size_t at = range.first; at < range.end; ++at) {
             const Row& row = range.page->rows[at];
-            const bool isApart =
-                at > range.first && row.top - range.page->rows[at - 1].bottom > 1.2 * row.height();
-            if (isApart || (range.page->number != 0 && isTabular(row))) {
+            if (!row.words.empty() && !isTabular(row)) {
+                margin_ = std::max(margin_, row.words.back().place.right);
+            }
+        }
+        for (std::size_t at = range.first; at < range.end; ++at) {
+            const Row& row = range.page->rows[at];
+            const bool isApart = at > range.first
+                                 && row.top - range.page->rows[at - 1].bottom
+                                        > (range.page->isRecognised ? 1.8 : 1.2) * row.height();
+            if (isApart || (at > range.first && isBrokenOn(range.page->rows[at - 1], row))
+                || (range.page->number != 0 && isTabular(row))) {
                 finish();
             }
             if (range.page->number == 0 || !isTabular(row)) {
@@ -62,6 +70,19 @@ class Sentences {
     const std::vector<Sentence>& all() const { return sentences_; }
 
   private:
+    /// Whether a line ends before the margin although the next word would have had room: a title, a
+    /// salutation, the end of a paragraph.
+    bool isBrokenOn(const Row& line, const Row& next) const {
+        const bool isKnown = range_.page->number != 0 && !line.words.empty() && !next.words.empty();
+        if (!isKnown) {
+            return false;
+        }
+        const bool isAmount = !next.amounts.empty() && next.amounts.front().first == 0;
+        const double width = isAmount ? next.amounts.front().place.width() // is not torn apart
+                                      : next.words.front().place.width();
+        return line.words.back().place.right + width + line.height() < margin_;
+    }
+
     void take(std::size_t at) {
         const Row& row = range_.page->rows[at];
         std::size_t next = 0; // amount
@@ -93,6 +114,7 @@ class Sentences {
     }
 
     const RowRange& range_;
+    double margin_ = 0; ///< where full lines end
     Sentence current_;
     std::vector<Sentence> sentences_;
 };
@@ -105,50 +127,80 @@ Row part(const Row& row, std::size_t first, std::size_t end) {
     return words;
 }
 
-/// Whether an amount of a sentence is what a meaning says.
-std::optional<LabelPlace> meaningOf(const Sentence& sentence, std::size_t which,
-                                    const Meaning& meaning, const Wanted& wanted) {
-    const bool isRecognised = sentence.amounts[which].page->isRecognised;
-    const bool isOnly = sentence.amounts.size() == 1;
+/// The words that say what an amount is: those behind the amount before, up to it; at last all
+/// words of a sentence that has no other.
+std::vector<Row> ownWords(const Sentence& sentence, std::size_t which) {
     const std::size_t from = which == 0 ? 0 : sentence.ends[which - 1] + 1;
-    const Row own = isOnly ? sentence.row : part(sentence.row, from, sentence.starts[which]);
-    const auto head = findLabel(own, wordsFor(meaning.front()), isRecognised);
-    const bool isAll = std::ranges::all_of(meaning, [&](Concept meant) {
-        return findLabel(sentence.row, wordsFor(meant), isRecognised).has_value();
-    });
-    if (!head || !isAll || findLabel(own, wanted.without, isRecognised)
-        || namesAny(own, wanted.notMeant, isRecognised)) {
-        return std::nullopt;
+    std::vector<Row> words{part(sentence.row, from, sentence.starts[which])};
+    if (sentence.amounts.size() == 1) {
+        words.push_back(sentence.row);
     }
-    return LabelPlace{head->first + (isOnly ? 0 : from), head->last + (isOnly ? 0 : from)};
+    return words;
 }
+
+/// Finds amounts of sentences by what is said of them.
+class ProseSearch {
+  public:
+    ProseSearch(const std::vector<RowRange>& ranges, const Wanted& wanted) : wanted_(wanted) {
+        for (const RowRange& range : ranges) {
+            const Sentences found(range);
+            sentences_.insert(sentences_.end(), found.all().begin(), found.all().end());
+        }
+    }
+
+    std::vector<FoundAmount> run() const {
+        for (const Label& label : wanted_.labels) {
+            auto found = each([&](const Sentence&, const Row& own, bool isRecognised) {
+                return findLabel(own, label, isRecognised);
+            });
+            if (!found.empty()) {
+                return found;
+            }
+        }
+        for (const Meaning& meaning : wanted_.meanings) {
+            auto found = each([&](const Sentence& sentence, const Row& own, bool isRecognised) {
+                const bool isAll = std::ranges::all_of(meaning, [&](Concept meant) {
+                    return findLabel(sentence.row, wordsFor(meant), isRecognised).has_value();
+                });
+                return isAll && !namesAny(own, wanted_.notMeant, isRecognised)
+                           ? findLabel(own, wordsFor(meaning.front()), isRecognised)
+                           : std::nullopt;
+            });
+            if (!found.empty()) {
+                return found;
+            }
+        }
+        return {};
+    }
+
+  private:
+    template <class Finder>
+    std::vector<FoundAmount> each(const Finder& find) const {
+        std::vector<FoundAmount> found;
+        for (const Sentence& sentence : sentences_) {
+            for (std::size_t i = 0; i < sentence.amounts.size(); ++i) {
+                const bool isRecognised = sentence.amounts[i].page->isRecognised;
+                for (const Row& own : ownWords(sentence, i)) {
+                    const auto place = find(sentence, own, isRecognised);
+                    if (place && !findLabel(own, wanted_.without, isRecognised)) {
+                        found.push_back(sentence.amounts[i]);
+                        found.back().label = textBetween(own, place->first, place->last);
+                        break;
+                    }
+                }
+            }
+        }
+        return found;
+    }
+
+    const Wanted& wanted_;
+    std::vector<Sentence> sentences_;
+};
 
 } // namespace
 
 std::vector<FoundAmount> findInProse(const std::vector<RowRange>& ranges, const Wanted& wanted) {
-    if (wanted.meanings.empty()) {
-        return {};
-    }
-    std::vector<Sentence> sentences;
-    for (const RowRange& range : ranges) {
-        const Sentences found(range);
-        sentences.insert(sentences.end(), found.all().begin(), found.all().end());
-    }
-    std::vector<FoundAmount> found;
-    for (const Meaning& meaning : wanted.meanings) {
-        for (const Sentence& sentence : sentences) {
-            for (std::size_t i = 0; i < sentence.amounts.size(); ++i) {
-                if (const auto place = meaningOf(sentence, i, meaning, wanted)) {
-                    found.push_back(sentence.amounts[i]);
-                    found.back().label = textBetween(sentence.row, place->first, place->last);
-                }
-            }
-        }
-        if (!found.empty()) {
-            break;
-        }
-    }
-    return found;
+    return ProseSearch(ranges, wanted).run();
 }
 
 } // namespace fiscarel

@@ -130,6 +130,12 @@ int leadingNumber(const Row& row) {
     return number;
 }
 
+/// A number without points is none of the form's: "13.3" is a label, 133 is not.
+bool isPlainNumber(const Row& row, const LabelPlace& place) {
+    const std::string& text = row.words[place.first].text;
+    return text.find_first_not_of("0123456789") == std::string::npos;
+}
+
 /// All rows with labels, from top to bottom. A label out of the form's order is one that a remark
 /// or another box only mentions.
 std::vector<Anchor> findAnchors(const PageRows& page) {
@@ -147,7 +153,8 @@ std::vector<Anchor> findAnchors(const PageRows& page) {
                                           "Part employeur", "Quota del datore"};
             const bool isEmployers =
                 table[i].box == SalaryBox::social && findLabel(row, employers, page.isRecognised);
-            if (!place || i < reached || isEmployers || (isOther && !page.isRecognised)) {
+            if (!place || isPlainNumber(row, *place) || i < reached || isEmployers
+                || (isOther && !page.isRecognised)) {
                 continue;
             }
             double right = place->right;

@@ -44,6 +44,14 @@ std::optional<ProposalCheck> netSalaryCheck(const std::optional<Decimal>& gross,
                                             const Decimal& deductions,
                                             const std::optional<Decimal>& net);
 
+/// Whether the boxes of a certificate with deductions add up.
+bool isProven(const SalaryForm& form);
+
+/// A certificate that has not the form's layout: amounts by the meaning of their labels, in a list
+/// or in sentences. Of several amounts for a box those count that add up. Absent without a gross
+/// and a net wage.
+std::optional<SalaryForm> readSalaryList(const DocumentRows& document);
+
 /// Proposes a certificate from the places of its amounts alone.
 void proposeSalaryForm(const SalaryForm& form, ProposalDraft& draft);
 

@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/rows/PageSlope.h"
 #include "Fiscarel_SG/documents/text/FoldedText.h"
+#include "Fiscarel_SG/documents/text/Utf8Letters.h"
 
 #include <algorithm>
 #include <cmath>
@@ -21,6 +22,14 @@ PagePlace straightened(const PagePlace& place, double slope) {
 PagePlace around(const PagePlace& a, const PagePlace& b) {
     return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
             std::max(a.bottom, b.bottom)};
+}
+
+/// "Riickkaufswert": recognition takes "ü" for "ii", which hardly a word has.
+std::string withoutTornLetters(std::string folded) {
+    for (std::size_t at = folded.find("ii"); at != std::string::npos; at = folded.find("ii", at)) {
+        folded.replace(at, 2, "u");
+    }
+    return folded;
 }
 
 bool isSound(const PagePlace& place) {
@@ -71,23 +80,65 @@ double gapInDigits(const RowWord& word, const RowWord& next) {
     return (next.place.left - word.place.right) / std::max(digit, 0.1);
 }
 
-/// Whether two words may be one amount: "68" and "000.00".
-bool isSplitAmount(const RowWord& word, const RowWord& next) {
-    const std::string_view tail = next.text;
-    return hasOnlyDigits(word.text) && word.text.size() <= 3 && word.text[0] != '0'
-           && tail.size() >= 3 && hasOnlyDigits(tail.substr(0, 3))
-           && (tail.size() == 3 || tail[3] == '.' || tail[3] == ',');
+/// "85°" as "85": a thousands mark that was recognised with the first group, as may be a point.
+std::string_view withoutEndingMark(std::string_view text, bool isRecognised) {
+    const std::size_t end = text.find_last_of("0123456789");
+    if (end == std::string_view::npos || end + 1 == text.size()) {
+        return text;
+    }
+    const auto [code, length] = firstLetter(text.substr(end + 1));
+    const bool isMark = isThousandsMark(code) || (isRecognised && code == U'.');
+    return isMark && end + 1 + length == text.size() ? text.substr(0, end + 1) : text;
 }
 
-bool continuesAmount(const RowWord& word, const RowWord& next) {
-    constexpr double narrow = 1.7; // digits; columns stand further apart
-    return isSplitAmount(word, next) && gapInDigits(word, next) < narrow;
+/// Digits before a blank within an amount. Recognition may lose the blank before ("1839 000").
+bool isHeadOfAmount(std::string_view head, bool isRecognised) {
+    if (const auto [code, length] = firstLetter(head); isDash(code)) {
+        head.remove_prefix(length);
+    }
+    head = withoutEndingMark(head, isRecognised);
+    const bool isYear = head.size() == 4 && (head.starts_with("19") || head.starts_with("20"));
+    return hasOnlyDigits(head) && !isYear && head.size() <= (isRecognised ? 4U : 3U)
+           && (head[0] != '0' || head.size() == 3);
 }
 
-/// A gap wider than within an amount and narrower than between columns: nobody can tell.
-bool mayContinueAmount(const RowWord& word, const RowWord& next) {
-    constexpr double wide = 3.5;
-    return isSplitAmount(word, next) && gapInDigits(word, next) < wide;
+/// What may follow such a blank: a group of three, or with decimals whose point was lost.
+bool isTailOfAmount(std::string_view tail, bool isRecognised) {
+    if (tail.size() < 3 || !hasOnlyDigits(tail.substr(0, 3))) {
+        return false;
+    }
+    const bool isPointLost = isRecognised && tail.size() == 5 && hasOnlyDigits(tail);
+    return isPointLost || tail.size() == 3 || tail[3] == '.' || tail[3] == ','
+           || isThousandsMark(firstLetter(tail.substr(3)).code);
+}
+
+/// Whether two words may be one amount: "68" and "000.00", less than some digits apart.
+bool isSplitAmount(const RowWord& word, const RowWord& next, double digits, bool isRecognised) {
+    return isHeadOfAmount(word.text, isRecognised) && isTailOfAmount(next.text, isRecognised)
+           && gapInDigits(word, next) < digits;
+}
+
+constexpr double narrow = 1.7; ///< digits; columns stand further apart
+constexpr double wide = 3.5;   ///< wider than within an amount: nobody can tell
+
+/// Words that are one amount as one text. `isMended`: recognition lost a blank or a point of it.
+std::string joinedAmount(const Row& row, std::size_t first, std::size_t last, bool isRecognised,
+                         bool& isMended) {
+    std::string text;
+    for (std::size_t i = first; i <= last; ++i) {
+        std::string part(i < last ? withoutEndingMark(row.words[i].text, isRecognised)
+                                  : std::string_view(row.words[i].text));
+        if (i < last && part.size() == 4 && hasOnlyDigits(part)) {
+            part.insert(1, "'");
+            isMended = true;
+        }
+        if (i > first && part.size() == 5 && hasOnlyDigits(part)) {
+            part.insert(3, ".");
+            isMended = true;
+        }
+        text += text.empty() ? part : '\'' + part;
+    }
+    return text;
 }
 
 RowAmount amountFrom(const Row& row, std::size_t first, std::size_t last, PrintedAmount amount) {
@@ -108,16 +159,18 @@ RowAmount amountFrom(const Row& row, std::size_t first, std::size_t last, Printe
 /// The longest amount that begins with a word.
 std::optional<RowAmount> amountAt(const Row& row, std::size_t at, const std::vector<bool>& barred,
                                   bool isRecognised) {
-    std::string text = row.words[at].text;
+    const auto isOne = [&](std::size_t word, double digits) {
+        return word + 1 < row.words.size()
+               && isSplitAmount(row.words[word], row.words[word + 1], digits, isRecognised);
+    };
+    constexpr std::size_t mostParts = 2;
     std::size_t last = at;
-    std::size_t parts = 0;
-    while (last + 1 < row.words.size() && parts < 2 && !barred[last + 1]
-           && continuesAmount(row.words[last], row.words[last + 1])) {
+    while (!row.words[at].text.starts_with('0') && isOne(last, narrow) && last - at < mostParts
+           && !barred[last + 1]) {
         ++last;
-        ++parts;
-        text += '\'' + row.words[last].text;
     }
-    auto amount = parseAmount(text, isRecognised);
+    bool isMended = false;
+    auto amount = parseAmount(joinedAmount(row, at, last, isRecognised, isMended), isRecognised);
     if (!amount && last > at) {
         last = at;
         amount = parseAmount(row.words[at].text, isRecognised);
@@ -125,11 +178,8 @@ std::optional<RowAmount> amountAt(const Row& row, std::size_t at, const std::vec
     if (!amount) {
         return std::nullopt;
     }
-    if ((at > 0 && mayContinueAmount(row.words[at - 1], row.words[at]))
-        || (last + 1 < row.words.size()
-            && mayContinueAmount(row.words[last], row.words[last + 1]))) {
-        amount->wasCorrected = true; // it may be part of a larger one
-    }
+    // It may be part of a larger one.
+    amount->wasCorrected |= isMended || (at > 0 && isOne(at - 1, wide)) || isOne(last, wide);
     const auto isNear = [&](std::size_t a, std::size_t b) {
         return row.words[b].place.left - row.words[a].place.right < 4 * row.words[a].place.height();
     };
@@ -146,6 +196,25 @@ std::optional<RowAmount> amountAt(const Row& row, std::size_t at, const std::vec
     return amountFrom(row, at, last, *amount);
 }
 
+/// "– 1 340.75": a dash that stands before an amount and behind nothing is its sign.
+void takeSign(const Row& row, RowAmount& amount) {
+    if (amount.first == 0 || amount.amount.value < 0) {
+        return;
+    }
+    const std::size_t at = amount.first - 1;
+    const RowWord& dash = row.words[at];
+    const auto [code, length] = firstLetter(dash.text);
+    const double height = amount.place.height();
+    const bool isLone = isDash(code) && length == dash.text.size();
+    if (isLone && amount.place.left - dash.place.right < 0.8 * height
+        && (at == 0 || dash.place.left - row.words[at - 1].place.right > 1.5 * height)) {
+        amount.amount.value = -amount.amount.value;
+        amount.first = at;
+        amount.place = around(amount.place, dash.place);
+        amount.printed = around(amount.printed, dash.printed);
+    }
+}
+
 void findAmounts(Row& row, bool isRecognised) {
     std::vector<std::string_view> texts;
     for (const RowWord& word : row.words) {
@@ -158,6 +227,7 @@ void findAmounts(Row& row, bool isRecognised) {
         }
         if (auto amount = amountAt(row, at, barred, isRecognised)) {
             at = amount->last;
+            takeSign(row, *amount);
             row.amounts.push_back(std::move(*amount));
         }
     }
@@ -189,7 +259,8 @@ PageRows buildRows(const PageReading& page) {
     std::vector<RowWord> words;
     for (const PageWord& word : sound.words) {
         words.push_back({.text = withoutLigatures(word.text),
-                         .folded = foldWords(word.text),
+                         .folded = page.isRecognised ? withoutTornLetters(foldWords(word.text))
+                                                     : foldWords(word.text),
                          .place = straightened(word.place, result.slope),
                          .printed = word.place,
                          .certainty = word.certainty});
@@ -204,6 +275,17 @@ PageRows buildRows(const PageReading& page) {
         finish(row, page.isRecognised);
     }
     return result;
+}
+
+Row rowOfWords(std::vector<RowWord> words, bool isRecognised) {
+    Row row;
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        row.top = i == 0 ? words[i].place.top : std::min(row.top, words[i].place.top);
+        row.bottom = i == 0 ? words[i].place.bottom : std::max(row.bottom, words[i].place.bottom);
+    }
+    row.words = std::move(words);
+    finish(row, isRecognised);
+    return row;
 }
 
 PageRows rowsOfText(std::string_view text, bool isRecognised) {

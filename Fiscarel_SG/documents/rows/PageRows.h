@@ -56,6 +56,9 @@ struct PageRows {
 /// from the words themselves, up to 6 degrees.
 PageRows buildRows(const PageReading& page);
 
+/// Words as a row of their own, with the amounts among them.
+Row rowOfWords(std::vector<RowWord> words, bool isRecognised);
+
 /// The rows of a text without places: each line is a row, a word's column its number of characters.
 /// `number` is 0.
 PageRows rowsOfText(std::string_view text, bool isRecognised);

@@ -59,8 +59,7 @@ bool holds(std::string_view word, const Label& label, std::size_t most) {
 std::optional<std::size_t> matchAt(const std::vector<Token>& tokens, std::size_t at,
                                    const Label& label, bool isRecognised) {
     const std::string& wanted = label.compact();
-    const std::size_t most =
-        isRecognised && wanted.size() >= 6 ? std::max<std::size_t>(wanted.size() / 8, 1) : 0;
+    const std::size_t most = isRecognised ? wanted.size() / (label.isOpen() ? 10 : 8) : 0;
     if (label.isOpenBefore()) {
         return holds(tokens[at].text, label, most) ? std::optional(at) : std::nullopt;
     }
@@ -127,6 +126,21 @@ std::optional<LabelPlace> findLabel(const Row& row, const Labels& labels, bool i
         }
     }
     return std::nullopt;
+}
+
+std::vector<LabelPlace> cellsOf(const Row& row) {
+    std::vector<LabelPlace> cells;
+    for (std::size_t i = 0; i < row.words.size(); ++i) {
+        const RowWord& word = row.words[i];
+        const double letter =
+            word.place.width() / static_cast<double>(std::max<std::size_t>(word.text.size(), 1));
+        if (cells.empty() || word.place.left - cells.back().right > 1.5 * letter) {
+            cells.push_back({i, i, word.place.left, word.place.right});
+        }
+        cells.back().last = i;
+        cells.back().right = word.place.right;
+    }
+    return cells;
 }
 
 bool isIn(std::string_view folded, const Label& label) {

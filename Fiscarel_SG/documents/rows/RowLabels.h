@@ -45,6 +45,9 @@ std::optional<LabelPlace> findLabel(const Row& row, const Label& label, bool isR
 std::optional<LabelPlace> findLabel(const Row& row, const Labels& labels, bool isRecognised,
                                     std::size_t from = 0);
 
+/// The cells of a row: words that stand together, apart from the next by more than a blank.
+std::vector<LabelPlace> cellsOf(const Row& row);
+
 /// Whether a label stands anywhere in folded words, letter by letter.
 bool isIn(std::string_view folded, const Label& label);
 bool isAnyIn(std::string_view folded, const Labels& labels);

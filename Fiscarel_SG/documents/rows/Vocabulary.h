@@ -57,6 +57,7 @@ enum class Concept {
     other, ///< values that stand beside the wanted one: of last year, forecast, per month
     pension,
     wage,
+    social, ///< contributions to the state's insurances, taken from a wage
     account,
     medical,
     last, ///< number of concepts

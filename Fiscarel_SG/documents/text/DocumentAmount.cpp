@@ -144,8 +144,10 @@ bool correctDigits(std::string& plain) {
 
 bool isFrancs(std::string_view word) {
     std::string_view rest = word;
-    return (takeCurrency(rest) && rest.find_first_not_of(".:") == std::string_view::npos)
-           || word == "Franken" || word == "francs" || word == "franchi";
+    static constexpr std::array misread{"CHE", "CHEF", "SER.", "SFR.", "CHP", "GHF"};
+    return (takeCurrency(rest) && rest.find_first_not_of(".:;") == std::string_view::npos)
+           || std::ranges::find(misread, word) != misread.end() || word == "Franken"
+           || word == "francs" || word == "franchi";
 }
 
 std::optional<PrintedAmount> parseAmount(std::string_view text, bool isRecognised) {
@@ -179,6 +181,14 @@ std::optional<PrintedAmount> parseAmount(std::string_view text, bool isRecognise
         rest.remove_suffix(1);
     }
     auto parsed = parsePlain(rest, amount);
+    if (!parsed && isRecognised && rest.size() > 3 && rest[rest.size() - 3] == '.') {
+        std::string marked(rest); // "4.016.00": points for marks
+        std::replace(marked.begin(), marked.end() - 3, '.', '\'');
+        parsed = parsePlain(marked, amount);
+        if (parsed) {
+            parsed->wasCorrected = true;
+        }
+    }
     if (std::string corrected(rest); !parsed && isRecognised && correctDigits(corrected)) {
         parsed = parsePlain(corrected, amount);
         if (!parsed || !parsed->hasDecimals) {

@@ -113,7 +113,9 @@ class Marking {
     void markTelephone(std::size_t at) {
         const bool isNamed = isOneOf(
             folded(at), {"tel", "telefon", "telephone", "telefono", "fax", "mobile", "natel"});
-        const bool isPlain = word(at).size() == 3 && word(at)[0] == '0' && hasOnlyDigits(word(at))
+        const bool isPlain = (word(at).size() == 3 || word(at).starts_with("08"))
+                             && word(at).size() <= 4 && word(at)[0] == '0'
+                             && hasOnlyDigits(word(at)) && (at == 0 || !hasOnlyDigits(word(at - 1)))
                              && word(at + 1).size() == 3 && hasOnlyDigits(word(at + 1));
         if (!isNamed && !isPlain && !word(at).starts_with("+4") && word(at) != "0041") {
             return;

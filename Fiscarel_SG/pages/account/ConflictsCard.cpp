@@ -70,7 +70,9 @@ void ConflictsCard::rebuild() {
     for (std::size_t i = 0; i < shown_.size(); ++i) {
         addConflict(*rows, i);
     }
-    addLine(*rows);
+    if (shown_.size() > 1) {
+        addLine(*rows);
+    }
     column_->addWidget(list_);
     column_->addWidget(all_, 0, Qt::AlignLeft);
     all_->setVisible(shown_.size() > 1);

@@ -121,14 +121,14 @@ const std::vector<Row>& rows() {
           {"Mietwert pro Jahr", "16 700.00"},
           {"Neuwert", "733’000.00"}},
          Kind::liegenschaft,
-         {"taxValue=668000 medium", "imputedRentalValue=16700 medium", "municipality=Rorschach medium",
-          "parcelNumber=8855 medium"}},
+         {"taxValue=668000 medium", "imputedRentalValue=16700 medium",
+          "municipality=Rorschach medium", "parcelNumber=8855 medium"}},
         {{{"Pensionskasse Muster"},
           {"Rentenbescheinigung 2023"},
           {"Altersrente BVG", "46’030.20"},
           {"Total Rente", "46’030.20"}},
          Kind::pensionskasse,
-         {"amount=46030.2 medium"}},
+         {"amount=46030.2 high"}},
     };
     return table;
 }

@@ -1,3 +1,4 @@
+#include "Fiscarel_SG/documents/rows/PageArrangement.h"
 #include "Fiscarel_SG/documents/rows/PageRows.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
 #include "tests/documents/reading/DrawnPage.h"
@@ -78,6 +79,34 @@ TEST(PageRows, joinsAmountsThatBlanksTearApartAndNoOthers) {
         << "nobody can tell whether it is 17 500.00";
 }
 
+TEST(PageRows, mendsWhatRecognitionToreInAnAmountAndSaysSo) {
+    struct Row {
+        std::vector<std::pair<double, const char*>> words; ///< left edge
+        Decimal amount;
+        bool wasCorrected = true;
+    };
+    const std::vector<Row> rows{
+        {{{100, "1839"}, {123, "000.--"}}, 1839000},
+        {{{100, "2"}, {108, "164°000.--"}}, 2164000, false},
+        {{{100, "85°"}, {118, "494.52"}}, 85494.52_dec, false},
+        {{{100, "7."}, {113, "623.55"}}, 7623.55_dec, false},
+        {{{100, "113"}, {118, "89752"}}, 113897.52_dec},
+        {{{100, "4.016.00"}}, 4016},
+        {{{100, "2024"}, {123, "500.00"}}, 500, false},
+    };
+    for (const Row& row : rows) {
+        DrawnPage page;
+        for (const auto& [left, word] : row.words) {
+            page.text(left, 100, word);
+        }
+        const PageRows rebuilt = buildRows(page.scanned(0).page());
+        ASSERT_FALSE(rebuilt.rows.at(0).amounts.empty()) << row.words.front().second;
+        const PrintedAmount& found = rebuilt.rows.at(0).amounts.back().amount;
+        EXPECT_EQ(found.value, row.amount) << row.words.front().second;
+        EXPECT_EQ(found.wasCorrected, row.wasCorrected) << row.words.front().second;
+    }
+}
+
 TEST(PageRows, standsWhateverIsOnThePage) {
     const double none = std::numeric_limits<double>::quiet_NaN();
     const double vast = std::numeric_limits<double>::max();
@@ -92,6 +121,7 @@ TEST(PageRows, standsWhateverIsOnThePage) {
     }
     const PageRows rows = buildRows(page);
     EXPECT_FALSE(rows.rows.empty());
+    EXPECT_FALSE(arranged(rows).rows.empty());
     EXPECT_FALSE(pageBox({0, 0, 1, 1}, rows));
 }
 

@@ -1,0 +1,144 @@
+#include "Fiscarel_SG/documents/kinds/AmountFinder.h"
+#include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace fiscarel {
+
+using Confidence = Proposal::Confidence;
+using Witness = Proposal::Witness;
+
+namespace {
+
+bool isReduction(const Row& row) {
+    static const Labels words{"Verbilligung*", "Prämienverbilligung*",
+                              "Abzug",         "abzüglich",
+                              "Rabatt",        "Skonto",
+                              "Ermässigung",   "Réduction*",
+                              "Riduzione*",    "Rabais",
+                              "Sconto",        "Subvention*",
+                              "Sussidio",      "Belastungen",
+                              "Ausgänge",      "Débits",
+                              "Addebiti",      "Minus"};
+    return isAnyIn(row.folded, words);
+}
+
+} // namespace
+
+std::optional<ProposalCheck> columnCheck(const FoundAmount& total) {
+    if (total.page->number == 0) {
+        return std::nullopt; // lines of text have no columns
+    }
+    Decimal sum;
+    Decimal last;
+    int count = 0;
+    for (std::size_t at = total.row; at-- > 0 && total.row - at < 40;) {
+        const Row& row = total.page->rows[at];
+        const auto aligned = std::ranges::find_if(row.amounts, [&](const RowAmount& amount) {
+            return std::abs(amount.place.right - total.amount.place.right) <= alignment(*total.page)
+                   && amount.amount.isFirm();
+        });
+        if (aligned == row.amounts.end()) {
+            continue;
+        }
+        const Decimal value = aligned->amount.value;
+        sum = sum + (isReduction(row) ? -value.abs() : value);
+        ++count;
+        if (count >= 2 && sum == total.value() && value != total.value()) {
+            return ProposalCheck{"Die " + std::to_string(count)
+                                     + " Beträge darüber ergeben zusammen " + shown(sum),
+                                 true};
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<FoundAmount> totalBelow(const FoundAmount& part) {
+    const PageRows& page = *part.page;
+    for (std::size_t at = part.row + 1; at < std::min(page.rows.size(), part.row + 15); ++at) {
+        const Row& row = page.rows[at];
+        const auto aligned = std::ranges::find_if(row.amounts, [&](const RowAmount& amount) {
+            return std::abs(amount.place.right - part.amount.place.right) <= alignment(page);
+        });
+        if (aligned == row.amounts.end()) {
+            continue;
+        }
+        const std::size_t last = aligned->first == 0 ? 0 : aligned->first - 1;
+        FoundAmount total{
+            .page = part.page, .row = at, .amount = *aligned, .label = textBetween(row, 0, last)};
+        if (columnCheck(total)) {
+            return total;
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<ProposalCheck> repeatCheck(const std::vector<RowRange>& ranges, const Wanted& wanted,
+                                         const FoundAmount& found) {
+    for (const RowRange& range : ranges) {
+        const bool isRecognised = range.page->isRecognised;
+        for (std::size_t at = range.first; at < range.end; ++at) {
+            const Row& row = range.page->rows[at];
+            if (row.amounts.empty() || (range.page == found.page && at == found.row)
+                || isBarred(row, wanted, isRecognised)
+                || namesAny(row, wanted.notMeant, isRecognised)) {
+                continue;
+            }
+            for (const LabelPlace& place : placesIn(row, wanted, isRecognised)) {
+                const auto other = amountFor(range, at, place, wanted);
+                if (other && other->row == at && other->value() == found.value()
+                    && other->amount.amount.isFirm()) {
+                    return ProposalCheck{"Derselbe Betrag steht auch bei «" + other->label + "»",
+                                         true};
+                }
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+std::vector<ProposalCheck> witnessChecks(const std::vector<RowRange>& ranges, const Wanted& wanted,
+                                         const FoundAmount& found) {
+    std::vector<ProposalCheck> checks;
+    if (auto check = columnCheck(found)) {
+        checks.push_back(std::move(*check));
+    }
+    if (auto check = repeatCheck(ranges, wanted, found)) {
+        checks.push_back(std::move(*check));
+    }
+    return checks;
+}
+
+Evidence evidenceOf(const FoundAmount& found, const Wanted& wanted, bool isKindClear,
+                    std::vector<ProposalCheck> checks) {
+    const PageRows& page = *found.page;
+    const bool hasPlaces = page.number != 0;
+    const bool isProven = std::ranges::any_of(checks, &ProposalCheck::passed);
+    Evidence evidence{.witness = hasPlaces ? Witness::position : Witness::text,
+                      .page = page.number,
+                      .box = hasPlaces ? pageBox(found.amount.printed, page) : std::nullopt,
+                      .checks = std::move(checks)};
+    evidence.reason = std::string(!hasPlaces      ? "Steht im Text nach «"
+                                  : found.isBelow ? "Steht unter «"
+                                                  : "Steht rechts von «")
+                      + found.label + "»" + (page.isRecognised ? " (Texterkennung)." : ".");
+    const bool isFirm = found.amount.amount.isFirm() && !found.amount.amount.wasCorrected;
+    const bool isPlain = found.isAlone && !found.isBelow && isFirm && wanted.isSpecific;
+    if (!hasPlaces) {
+        evidence.confidence = isPlain && isKindClear ? Confidence::medium : Confidence::low;
+    } else if (!found.isAlone && page.isRecognised) {
+        evidence.confidence = Confidence::low; // which column counts is a guess
+    } else if (isProven && isFirm && isKindClear && found.isAlone && wanted.isSpecific) {
+        evidence.confidence = Confidence::high;
+    } else {
+        const bool isDoubtful = !isFirm || (page.isRecognised && found.amount.certainty < 0.6);
+        evidence.confidence = isDoubtful || (!isKindClear && !wanted.isSpecific)
+                                  ? Confidence::low
+                                  : Confidence::medium;
+    }
+    return evidence;
+}
+
+} // namespace fiscarel

@@ -1,0 +1,350 @@
+#include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <string>
+
+namespace fiscarel {
+
+namespace {
+
+constexpr int longestBare = 5'000'000; ///< larger numbers without marks are of bills, of clients
+
+/// The right edge most firm amounts of a page share.
+double amountColumn(const PageRows& page) {
+    std::vector<double> edges;
+    for (const Row& row : page.rows) {
+        for (const RowAmount& amount : row.amounts) {
+            if (amount.amount.isFirm()) {
+                edges.push_back(amount.place.right);
+            }
+        }
+    }
+    double best = page.width;
+    std::ptrdiff_t most = 0;
+    for (const double edge : edges) {
+        const auto count = std::ranges::count_if(
+            edges, [&](double other) { return std::abs(other - edge) <= alignment(page); });
+        if (count > most || (count == most && edge > best)) {
+            most = count;
+            best = edge;
+        }
+    }
+    return best;
+}
+
+/// The one of several amounts that stands in the amount column, else the last.
+const RowAmount& choose(const std::vector<const RowAmount*>& amounts, const PageRows& page) {
+    const double column = amountColumn(page);
+    const auto inColumn = std::ranges::find_if(amounts, [&](const RowAmount* amount) {
+        return std::abs(amount->place.right - column) <= alignment(page);
+    });
+    return inColumn == amounts.end() ? *amounts.back() : **inColumn;
+}
+
+/// Whether a row consists of an amount and its currency.
+bool hasOnlyAmounts(const Row& row) {
+    std::size_t covered = 0;
+    for (const RowAmount& amount : row.amounts) {
+        covered += amount.last - amount.first + 1;
+    }
+    for (const RowWord& word : row.words) {
+        covered += isFrancs(word.text) || word.folded.empty() ? 1U : 0U;
+    }
+    return !row.amounts.empty() && covered >= row.words.size();
+}
+
+bool continuesSentence(const Row& row) {
+    const char first =
+        row.words.empty() || row.words.front().text.empty() ? 'A' : row.words.front().text.front();
+    return first >= 'a' && first <= 'z';
+}
+
+/// The amount of a label whose own row has none: in the row below, if that only goes on with the
+/// label's words or holds nothing but the amount, or heads a column with it.
+const RowAmount* amountBelow(const RowRange& range, std::size_t at, const LabelPlace& label) {
+    const Row& own = range.page->rows[at];
+    if (at + 1 >= range.end) {
+        return nullptr;
+    }
+    const Row& next = range.page->rows[at + 1];
+    const double most = range.page->isRecognised ? 2.4 : 1.6; // recognised words have tight boxes
+    if (next.amounts.empty() || next.top - own.bottom > most * own.height()) {
+        return nullptr;
+    }
+    const bool goesOn = continuesSentence(next) && next.words.front().place.left < label.right
+                        && next.amounts.back().place.left > label.left;
+    if (goesOn && next.amounts.front().amount.isFirm()) {
+        return &next.amounts.front(); // further ones belong to what the sentence says next
+    }
+    if ((hasOnlyAmounts(next) && next.amounts.size() == 1) || goesOn) {
+        return isCandidate(next.amounts.back()) ? &next.amounts.back() : nullptr;
+    }
+    for (const RowAmount& amount : next.amounts) {
+        const bool isUnder = amount.place.right > label.left && amount.place.left < label.right;
+        if (isUnder && isCandidate(amount) && range.page->number != 0 && hasOnlyAmounts(next)) {
+            return &amount;
+        }
+    }
+    return nullptr;
+}
+
+/// The heading an amount stands under: the one whose edge or middle is nearest to its own.
+std::size_t columnOf(const std::vector<LabelPlace>& columns, const RowAmount& amount) {
+    const auto distance = [&](const LabelPlace& column) {
+        return std::min(
+            {std::abs(column.right - amount.place.right), std::abs(column.left - amount.place.left),
+             std::abs(column.left + column.right - amount.place.left - amount.place.right) / 2});
+    };
+    return static_cast<std::size_t>(std::ranges::min_element(columns, {}, distance)
+                                    - columns.begin());
+}
+
+/// The columns of a row that heads a table, with the one a label stands in.
+struct Heading {
+    std::vector<LabelPlace> columns;
+    std::size_t wanted = 0;
+};
+
+std::optional<Heading> headingAt(const RowRange& range, std::size_t at,
+                                 const std::optional<LabelPlace>& place) {
+    const Row& row = range.page->rows[at];
+    const bool hasAmounts = std::ranges::any_of(
+        row.amounts, [](const RowAmount& amount) { return amount.amount.isFirm(); });
+    if (!place || range.page->number == 0 || hasAmounts) {
+        return std::nullopt;
+    }
+    Heading heading{cellsOf(row)};
+    while (heading.wanted < heading.columns.size()
+           && heading.columns[heading.wanted].last < place->first) {
+        ++heading.wanted;
+    }
+    const bool isHeading = heading.columns.size() >= 3 && heading.wanted < heading.columns.size()
+                           && heading.columns[heading.wanted].first == place->first;
+    return isHeading ? std::optional(std::move(heading)) : std::nullopt;
+}
+
+/// The amount of a column: that of the total, or the only one there is.
+std::optional<FoundAmount> amountUnder(const RowRange& range, std::size_t at,
+                                       const LabelPlace& label) {
+    const Labels& totals = wordsFor(Concept::total);
+    const auto heading = headingAt(range, at, label);
+    std::optional<FoundAmount> found;
+    bool isOnly = true;
+    for (std::size_t below = at + 1; heading && below < std::min(range.end, at + 30); ++below) {
+        const Row& row = range.page->rows[below];
+        for (const RowAmount& amount : row.amounts) {
+            if (row.amounts.size() < 2 || !amount.amount.isFirm()
+                || columnOf(heading->columns, amount) != heading->wanted) {
+                continue;
+            }
+            isOnly = !found.has_value();
+            const LabelPlace& column = heading->columns[heading->wanted];
+            found =
+                FoundAmount{.page = range.page,
+                            .row = below,
+                            .amount = amount,
+                            .label = textBetween(range.page->rows[at], column.first, column.last),
+                            .isBelow = true};
+            if (isAnyIn(row.folded, totals)) {
+                return found;
+            }
+        }
+    }
+    return isOnly ? found : std::nullopt;
+}
+
+/// Of several amounts in a row the one under a heading that says what is wanted.
+const RowAmount* amountByHeading(const RowRange& range, std::size_t at, const Wanted& wanted,
+                                 const std::vector<const RowAmount*>& amounts) {
+    for (std::size_t above = at; above-- > range.first && at - above < 30;) {
+        for (const LabelPlace& place :
+             placesIn(range.page->rows[above], wanted, range.page->isRecognised)) {
+            if (const auto heading = headingAt(range, above, place)) {
+                const auto found = std::ranges::find_if(amounts, [&](const RowAmount* amount) {
+                    return columnOf(heading->columns, *amount) == heading->wanted;
+                });
+                return found == amounts.end() ? nullptr : *found;
+            }
+        }
+    }
+    return nullptr;
+}
+
+/// How new what a heading's words say is: the year they name, the last of all for "new", the first
+/// for what is of another time; absent for other words.
+std::optional<int> newness(const Row& heading, const LabelPlace& cell, bool isRecognised) {
+    static const Labels present{"neu",     "neuer", "neue",  "aktuell*", "nouveau", "nouvelle",
+                                "actuel*", "nuovo", "nuova", "attuale",  "laufend*"};
+    Row words;
+    std::optional<int> year;
+    for (std::size_t i = cell.first; i <= cell.last; ++i) {
+        words.words.push_back(heading.words[i]);
+        const auto day = parseDay(heading.words[i].text);
+        const auto number = parseAmount(heading.words[i].text);
+        year = day                              ? std::optional(day->year())
+               : number && number->isYearLike() ? std::optional(std::stoi(heading.words[i].text))
+                                                : year;
+    }
+    static const Labels old{"alt",     "alter",      "alte",    "bisher*",   "Vorjahr*",
+                            "ancien*", "précédent*", "vecchio", "precedente"};
+    return findLabel(words, present, isRecognised) ? std::optional(9999)
+           : findLabel(words, old, isRecognised)   ? std::optional(0)
+                                                   : year;
+}
+
+/// Of several amounts under headings that tell a time the one of the newest.
+const RowAmount* amountByPeriod(const RowRange& range, std::size_t at,
+                                const std::vector<const RowAmount*>& amounts) {
+    for (std::size_t above = at; above-- > range.first && at - above < 15;) {
+        const Row& heading = range.page->rows[above];
+        if (range.page->number == 0
+            || std::ranges::any_of(
+                heading.amounts, [](const RowAmount& amount) { return amount.amount.isFirm(); })) {
+            continue;
+        }
+        const RowAmount* newest = nullptr;
+        std::map<std::size_t, int> told; // by the cell's first word
+        for (const RowAmount* amount : amounts) {
+            for (const LabelPlace& cell : cellsOf(heading)) {
+                const bool isOver = cell.left < amount->place.right + alignment(*range.page)
+                                    && amount->place.left < cell.right + alignment(*range.page);
+                const auto when =
+                    isOver ? newness(heading, cell, range.page->isRecognised) : std::nullopt;
+                const bool isNewest = when && std::ranges::all_of(told, [&](const auto& other) {
+                                          return other.second < *when;
+                                      });
+                newest = isNewest ? amount : newest;
+                if (when) {
+                    told[cell.first] = *when;
+                }
+            }
+        }
+        if (told.size() >= 2) {
+            return newest;
+        }
+    }
+    return nullptr;
+}
+
+/// "CHF 7'056.00 Einbezahlte Beiträge": the row's only amount, before its words.
+const RowAmount* amountBefore(const Row& row, const LabelPlace& label) {
+    if (row.amounts.size() != 1 || !row.amounts.front().amount.isFirm()
+        || row.amounts.front().last >= label.first) {
+        return nullptr;
+    }
+    const RowAmount& amount = row.amounts.front();
+    const bool isFirst = amount.first == 0 || (amount.first == 1 && isFrancs(row.words[0].text));
+    return isFirst ? &amount : nullptr;
+}
+
+/// The first amount behind a label in the same cell, where a sentence goes on behind it.
+const RowAmount* amountInCell(const Row& row, const LabelPlace& label,
+                              const std::vector<const RowAmount*>& right) {
+    const auto cells = cellsOf(row);
+    const auto cell =
+        std::ranges::find_if(cells, [&](const LabelPlace& one) { return one.last >= label.last; });
+    const RowAmount* first = nullptr;
+    for (const RowAmount* amount : right) {
+        const bool isIn = cell != cells.end() && amount->last <= cell->last;
+        if (isIn && (first == nullptr || (!first->amount.isFirm() && amount->amount.isFirm()))) {
+            first = amount;
+        }
+    }
+    return first;
+}
+
+/// Whether a row speaks of the first day of a year and not of its last.
+bool isOfYearsBeginning(const Row& row) {
+    const auto text = [&](std::size_t at) -> std::string_view {
+        return at < row.words.size() ? std::string_view(row.words[at].text) : std::string_view();
+    };
+    bool isFirst = false;
+    for (std::size_t i = 0; i < row.words.size(); ++i) {
+        auto day = parseDay(text(i));
+        day = day ? day : parseDay(text(i), text(i + 1), text(i + 2));
+        isFirst |= day && day->month() == 1 && day->day() == 1;
+        if (day && day->month() == 12) {
+            return false;
+        }
+    }
+    return isFirst;
+}
+
+} // namespace
+
+bool isCandidate(const RowAmount& amount) {
+    return amount.amount.isFirm()
+           || (!amount.amount.isYearLike() && amount.amount.value.abs() >= 10
+               && amount.amount.value.abs() < longestBare);
+}
+
+double alignment(const PageRows& page) { return page.isRecognised ? 6.0 : 4.0; }
+
+std::vector<LabelPlace> placesIn(const Row& row, const Wanted& wanted, bool isRecognised) {
+    std::vector<LabelPlace> places;
+    for (const Label& label : wanted.labels) {
+        if (const auto place = findLabel(row, label, isRecognised)) {
+            places.push_back(*place);
+        }
+    }
+    for (const Meaning& meaning : wanted.meanings) {
+        if (const auto place = findMeaning(row, meaning, isRecognised)) {
+            places.push_back(*place);
+        }
+    }
+    return places;
+}
+
+bool isBarred(const Row& row, const Wanted& wanted, bool isRecognised) {
+    const bool isNotOpening =
+        std::ranges::find(wanted.notMeant, Concept::opening) != wanted.notMeant.end();
+    return findLabel(row, wanted.without, isRecognised).has_value()
+           || (isNotOpening && isOfYearsBeginning(row));
+}
+
+std::optional<FoundAmount> amountFor(const RowRange& range, std::size_t at, const LabelPlace& label,
+                                     const Wanted& wanted) {
+    const Row& row = range.page->rows[at];
+    std::vector<const RowAmount*> right;
+    for (const RowAmount& amount : row.amounts) {
+        if (amount.first > label.last && isCandidate(amount)) {
+            right.push_back(&amount);
+        }
+    }
+    FoundAmount found{
+        .page = range.page, .row = at, .label = textBetween(row, label.first, label.last)};
+    if (std::ranges::any_of(right, [](const RowAmount* one) { return one->amount.isFirm(); })) {
+        std::erase_if(right, [](const RowAmount* one) { return !one->amount.isFirm(); });
+    }
+    if (!right.empty()) {
+        const RowAmount* headed =
+            right.size() > 1 ? amountByHeading(range, at, wanted, right) : nullptr;
+        headed = headed == nullptr && right.size() > 1 ? amountByPeriod(range, at, right) : headed;
+        headed = headed == nullptr && right.size() > 1 ? amountInCell(row, label, right) : headed;
+        found.amount = headed != nullptr ? *headed : choose(right, *range.page);
+        found.isAlone = right.size() == 1 || headed != nullptr;
+        return found;
+    }
+    if (const RowAmount* below = amountBelow(range, at, label)) {
+        found.row = at + 1;
+        found.amount = *below;
+        found.isBelow = true;
+        return found;
+    }
+    if (const RowAmount* before = amountBefore(row, label)) {
+        found.amount = *before;
+        found.isBelow = true;
+        return found;
+    }
+    return std::nullopt;
+}
+
+std::optional<FoundAmount> amountAt(const RowRange& range, std::size_t at, const LabelPlace& place,
+                                    const Wanted& wanted) {
+    auto found = amountFor(range, at, place, wanted);
+    return found ? std::move(found) : amountUnder(range, at, place);
+}
+
+} // namespace fiscarel

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "Fiscarel_SG/documents/kinds/AmountFinder.h"
+
+#include <optional>
+#include <vector>
+
+namespace fiscarel {
+
+/// What may be an amount beside a label. A bare whole number only counts when it is no year and not
+/// too long.
+bool isCandidate(const RowAmount& amount);
+
+/// How far, in points, the edges of amounts of one column may differ.
+double alignment(const PageRows& page);
+
+/// Where a row says what is wanted, by one of the labels or all meanings; those words of a row that
+/// make it something else are not looked at.
+std::vector<LabelPlace> placesIn(const Row& row, const Wanted& wanted, bool isRecognised);
+
+/// Whether a row has words that bar it, or tells of the first day of a year where the last is
+/// wanted.
+bool isBarred(const Row& row, const Wanted& wanted, bool isRecognised);
+
+/// The amount of a label that stands in a row: right of it, below it or before it. Of several the
+/// one whose heading says what is wanted, or the newest time; else that of the label's own cell,
+/// else the one in the page's amount column.
+std::optional<FoundAmount> amountFor(const RowRange& range, std::size_t at, const LabelPlace& label,
+                                     const Wanted& wanted);
+/// The same, or the amount of the column that the label heads.
+std::optional<FoundAmount> amountAt(const RowRange& range, std::size_t at, const LabelPlace& label,
+                                    const Wanted& wanted);
+
+} // namespace fiscarel

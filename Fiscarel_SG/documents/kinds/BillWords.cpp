@@ -1,0 +1,207 @@
+#include "Fiscarel_SG/documents/kinds/BillWords.h"
+
+namespace fiscarel {
+
+using Kind = StoredDocument::Kind;
+using enum Concept;
+
+const Wanted& billTotals() {
+    static const Wanted wanted{
+        {"Rechnungsbetrag",
+         "Rechnungstotal",
+         "Gesamtbetrag",
+         "Total Rechnung",
+         "Zu bezahlen",
+         "Zahlbetrag",
+         "Total inkl*",
+         "Gesamttotal",
+         "Total zu bezahlen",
+         "Total Spenden",
+         "Total der Spenden",
+         "Total der Zuwendungen",
+         "Total Zuwendungen",
+         "Spendentotal",
+         "Spendenbetrag",
+         "Von den Eltern bezahlt*",
+         "Elternbeitrag bezahlt",
+         "Bezahlter Elternbeitrag",
+         "Total Elternbeitrag",
+         "Nettokosten*",
+         "Kosten der Weiterbildung",
+         "Weiterbildungskosten",
+         "Lehrgangskosten",
+         "Lehrgangsgebühr*",
+         "Studiengebühr*",
+         "Semestergebühr*",
+         "Teilnahmegebühr",
+         "Bezahlter Betrag",
+         "Rechnungssumme",
+         "Offener Betrag",
+         "Zahlungsbetrag",
+         "Spendensumme",
+         "Gespendeter Betrag",
+         "Elternanteil",
+         "Netto zu Lasten der Eltern",
+         "Bezahlte Kurskosten",
+         "Total Betreuungskosten",
+         "Total der Betreuungskosten",
+         "Total Elternbeiträge",
+         "Total Betreuung",
+         "Bezahlte Betreuungskosten",
+         "Betreuungskosten total",
+         "Jahrestotal",
+         "Kursgeld total",
+         "Total Kursgeld",
+         "Total Kurskosten",
+         "Montant de la facture",
+         "Montant à payer",
+         "Total à payer",
+         "Total TTC",
+         "Total facture",
+         "Montant total",
+         "Total des dons",
+         "Total général",
+         "Total des frais de garde",
+         "Importo della fattura",
+         "Importo fattura",
+         "Totale da pagare",
+         "Importo totale",
+         "Totale donazioni",
+         "Totale delle donazioni",
+         "Totale fattura",
+         "Totale generale",
+         "Totale spese di custodia",
+         "Totalbetrag",
+         "Endbetrag"},
+        {"exkl*", "ohne MWST", "HT", "IVA esclusa", "Zwischentotal", "Vorjahr", "Mahngebühr"},
+        true,
+        {{payable, total}, {amount, payable}, {invoice, total}, {invoice, amount}},
+        {other, refunded, publicShare}};
+    return wanted;
+}
+const Wanted& ownBillTotals(Kind kind) {
+    static const Wanted medicalTotals{
+        {},
+        {"exkl*", "HT"},
+        true,
+        {{medical, total}, {payable}, {amount, total}, {total}, {invoice}},
+        {other, refunded}};
+    static const Wanted donations{{},
+                                  {"exkl*", "HT"},
+                                  true,
+                                  {{donation, total},
+                                   {donation, amount},
+                                   {donation, paid},
+                                   {donation, yearly},
+                                   {contribution, paid},
+                                   {amount, paid},
+                                   {donation},
+                                   {amount, total}},
+                                  {other, possible}};
+    static const Wanted daycare{{},
+                                {"exkl*", "HT"},
+                                true,
+                                {{parents, net},
+                                 {parents, paid},
+                                 {parents, total},
+                                 {childcare, net},
+                                 {amount, net},
+                                 {fee, net},
+                                 {childcare, paid},
+                                 {amount, paid},
+                                 {fee, paid},
+                                 {contribution, paid},
+                                 {parents, contribution},
+                                 {total, paid},
+                                 {paid, yearly},
+                                 {payable},
+                                 {childcare, total},
+                                 {amount, childcare},
+                                 {childcare, yearly},
+                                 {childcare, fee},
+                                 {paid},
+                                 {total},
+                                 {fee, total},
+                                 {amount, total}},
+                                {other, refunded, publicShare, possible}};
+    static const Wanted courses{{},
+                                {"exkl*", "HT"},
+                                true,
+                                {{fee, net},
+                                 {amount, net},
+                                 {course, paid},
+                                 {fee, paid},
+                                 {amount, paid},
+                                 {total, paid},
+                                 {paid, yearly},
+                                 {paid},
+                                 {payable},
+                                 {course, fee, total},
+                                 {course, total},
+                                 {fee, total},
+                                 {amount, total},
+                                 {total},
+                                 {course, fee},
+                                 {fee}},
+                                {other, refunded, publicShare, possible}};
+    static const Wanted repairs{
+        {}, {"exkl*", "HT"}, true, {{payable}, {amount, total}}, {other, refunded}};
+    switch (kind) {
+    case Kind::arztrechnung:
+        return medicalTotals;
+    case Kind::spende:
+        return donations;
+    case Kind::kinderbetreuung:
+        return daycare;
+    case Kind::weiterbildung:
+        return courses;
+    default:
+        return repairs;
+    }
+}
+const Wanted& plainBillTotals() {
+    static const Wanted wanted{{"Total*",
+                                "Totale",
+                                "Gesamt",
+                                "Summe",
+                                "Betrag",
+                                "Montant",
+                                "Importo",
+                                "Spende",
+                                "Spende von",
+                                "Zuwendung",
+                                "Don de",
+                                "Don",
+                                "Donazione",
+                                "Kursgeld",
+                                "Kurskosten",
+                                "Kursgebühr",
+                                "Frais de cours",
+                                "Tassa del corso",
+                                "Betreuungskosten",
+                                "Frais de garde",
+                                "Spese di custodia",
+                                "CHF",
+                                "Fr."},
+                               {"exkl*", "HT", "IVA esclusa", "Zwischentotal", "Sous-total",
+                                "Subtotale", "Vorjahr", "Taxpunkte", "Stunden", "Tage"},
+                               false,
+                               {},
+                               {other}};
+    return wanted;
+}
+const Wanted& billTaxes() {
+    static const Wanted wanted{{"MWST*", "Mehrwertsteuer", "TVA", "IVA"},
+                               {"inkl*", "exkl*", "Nr", "CHE*", "ohne", "incl*", "Total", "Totale",
+                                "befreit", "esclusa", "inclusa"}};
+    return wanted;
+}
+const Wanted& billNets() {
+    static const Wanted wanted{{"Nettobetrag", "Total exkl. MWST", "Total ohne MWST", "Netto",
+                                "Zwischentotal", "Total HT", "Montant net", "Sous-total",
+                                "Totale IVA esclusa", "Importo netto", "Subtotale"},
+                               {}};
+    return wanted;
+}
+
+} // namespace fiscarel

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "Fiscarel_SG/documents/kinds/AmountFinder.h"
+#include "Fiscarel_SG/store/StoredDocument.h"
+
+namespace fiscarel {
+
+/// Totals as bills and receipts name them, the surest first.
+const Wanted& billTotals();
+/// What only papers of a kind say of their amount, the surest first.
+const Wanted& ownBillTotals(StoredDocument::Kind kind);
+/// Words that may head a total and other amounts as well.
+const Wanted& plainBillTotals();
+/// The value-added tax of a bill.
+const Wanted& billTaxes();
+/// What a bill comes to without that tax.
+const Wanted& billNets();
+
+} // namespace fiscarel

@@ -1,0 +1,63 @@
+#include "Fiscarel_SG/documents/rows/CellRoles.h"
+
+#include "Fiscarel_SG/documents/text/Utf8Letters.h"
+
+#include <algorithm>
+
+namespace fiscarel {
+
+namespace {
+
+bool isSign(const RowWord& word) {
+    const auto [code, length] = firstLetter(word.text);
+    return length == word.text.size() && (isDash(code) || code == U'+');
+}
+
+} // namespace
+
+Role roleOf(const Row& row, const LabelPlace& cell) {
+    bool hasAmount = false;
+    bool hasOther = false;
+    for (std::size_t i = cell.first; i <= cell.last; ++i) {
+        const bool isAmount = std::ranges::any_of(row.amounts, [i](const RowAmount& amount) {
+            return amount.first <= i && i <= amount.last && amount.amount.isFirm();
+        });
+        hasAmount |= isAmount;
+        hasOther |= !isAmount && !isFrancs(row.words[i].text) && !isSign(row.words[i]);
+    }
+    return hasOther ? Role::text : hasAmount ? Role::amount : Role::currency;
+}
+
+bool hasFirmAmount(const Row& row) {
+    return std::ranges::any_of(row.amounts,
+                               [](const RowAmount& amount) { return amount.amount.isFirm(); });
+}
+
+bool hasFirmAmount(const Row& row, const LabelPlace& cell) {
+    return std::ranges::any_of(row.amounts, [&](const RowAmount& amount) {
+        return amount.amount.isFirm() && cell.first <= amount.first && amount.last <= cell.last;
+    });
+}
+
+std::size_t lettersIn(const Row& row, const LabelPlace& cell) {
+    std::size_t letters = 0;
+    for (std::size_t i = cell.first; i <= cell.last; ++i) {
+        letters += static_cast<std::size_t>(std::ranges::count_if(
+            row.words[i].folded, [](char c) { return c >= 'a' && c <= 'z'; }));
+    }
+    return letters;
+}
+
+std::vector<RowWord> wordsOf(const Row& row, const LabelPlace& cell) {
+    const auto begin = row.words.begin();
+    return {begin + static_cast<std::ptrdiff_t>(cell.first),
+            begin + static_cast<std::ptrdiff_t>(cell.last) + 1};
+}
+
+bool hasOnlyAmounts(const Row& row) {
+    return hasFirmAmount(row) && std::ranges::none_of(cellsOf(row), [&](const LabelPlace& cell) {
+               return roleOf(row, cell) == Role::text;
+           });
+}
+
+} // namespace fiscarel

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "Fiscarel_SG/documents/rows/PageRows.h"
+#include "Fiscarel_SG/documents/rows/RowLabels.h"
+
+#include <cstddef>
+#include <vector>
+
+namespace fiscarel {
+
+/// What a cell holds: an amount with its sign and currency, a currency alone, or anything else.
+enum class Role { text, amount, currency };
+Role roleOf(const Row& row, const LabelPlace& cell);
+
+/// Whether a row, or a cell of it, has an amount that more than its digits speak for.
+bool hasFirmAmount(const Row& row);
+bool hasFirmAmount(const Row& row, const LabelPlace& cell);
+/// Whether a row has such amounts and nothing else.
+bool hasOnlyAmounts(const Row& row);
+
+std::size_t lettersIn(const Row& row, const LabelPlace& cell);
+std::vector<RowWord> wordsOf(const Row& row, const LabelPlace& cell);
+
+} // namespace fiscarel

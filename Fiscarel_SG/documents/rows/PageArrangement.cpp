@@ -1,0 +1,390 @@
+#include "Fiscarel_SG/documents/rows/PageArrangement.h"
+
+#include "Fiscarel_SG/documents/rows/CellRoles.h"
+#include "Fiscarel_SG/documents/rows/PageMending.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <iterator>
+#include <optional>
+
+namespace fiscarel {
+
+namespace {
+
+using Cells = std::vector<LabelPlace>;
+using Words = std::vector<RowWord>;
+
+constexpr double aligned = 4; ///< points that edges of one column may differ by
+constexpr double blank = 4;   ///< points between words laid out anew
+
+void append(Words& words, const Words& more) {
+    words.insert(words.end(), more.begin(), more.end());
+}
+
+/// The gap between two rows in heights of the taller one. Boxes of recognised words end at the
+/// letters, those of a text layer at the font's line.
+double gapBetween(const Row& above, const Row& below, bool isRecognised) {
+    constexpr double tightness = 1.5;
+    const double height = std::max(above.height(), below.height());
+    const double gap = below.top - above.bottom;
+    return height <= 0 ? 0 : isRecognised ? gap / height / tightness : gap / height;
+}
+
+/// Whether a cell is a bare number, maybe with its unit: a value where labels stand beside it.
+bool isNumber(const Row& row, const LabelPlace& cell) {
+    return lettersIn(row, cell) < 3 && std::ranges::any_of(row.words[cell.first].text, [](char c) {
+               return c >= '0' && c <= '9';
+           });
+}
+
+/// Left edges of the second label and further ones of a row of pairs "label amount label amount",
+/// or of bare numbers; empty for other rows.
+std::vector<double> pairEdges(const Row& row, bool areBare = false) {
+    std::vector<double> edges;
+    bool isAfterAmount = false;
+    bool hasLabel = false;
+    for (const LabelPlace& cell : cellsOf(row)) {
+        const Role role = areBare && isNumber(row, cell) ? Role::amount : roleOf(row, cell);
+        if (role == Role::text) {
+            if ((hasLabel && !isAfterAmount) || lettersIn(row, cell) < 4) {
+                return {};
+            }
+            if (isAfterAmount) {
+                edges.push_back(cell.left);
+            }
+            hasLabel = true;
+            isAfterAmount = false;
+        } else if (role == Role::amount) {
+            if (isAfterAmount || !hasLabel) {
+                return {};
+            }
+            isAfterAmount = true;
+        }
+    }
+    return isAfterAmount ? edges : std::vector<double>();
+}
+
+/// Whether a row may be cut at edges: a cell begins at one of them, and none goes across.
+bool fitsEdges(const Row& row, const std::vector<double>& edges) {
+    bool begins = false;
+    for (const LabelPlace& cell : cellsOf(row)) {
+        for (const double edge : edges) {
+            begins |= std::abs(cell.left - edge) <= aligned;
+            if (cell.left < edge - aligned && cell.right > edge - 1) {
+                return false;
+            }
+        }
+    }
+    return begins;
+}
+
+/// Rows above each other, the lower one with amounts, that make a grid of labels and values: index
+/// of the label's cell for each cell of the values.
+std::optional<std::vector<std::size_t>> gridColumns(const Row& labels, const Row& values) {
+    const Cells heads = cellsOf(labels);
+    const Cells cells = cellsOf(values);
+    std::vector<std::size_t> columns;
+    bool hasText = false;
+    bool isLeft = true;
+    for (const LabelPlace& cell : cells) {
+        const auto under = [&](const LabelPlace& head) {
+            return cell.left < head.right && head.left < cell.right;
+        };
+        const auto head = std::ranges::find_if(heads, under);
+        if (head == heads.end() || std::any_of(std::next(head), heads.end(), [&](const auto& one) {
+                return under(one);
+            })) {
+            return std::nullopt;
+        }
+        const auto index = static_cast<std::size_t>(head - heads.begin());
+        if (!columns.empty() && columns.back() >= index) {
+            return std::nullopt;
+        }
+        columns.push_back(index);
+        const Role role = roleOf(values, cell);
+        if (role == Role::text && hasFirmAmount(values, cell)) {
+            return std::nullopt; // a sentence
+        }
+        hasText |= role == Role::text;
+        isLeft &= std::abs(cell.left - head->left) <= aligned;
+    }
+    // Amounts that stand to the right under their heading, after a name, are a table's.
+    return columns.empty() || (hasText && !isLeft) ? std::nullopt : std::optional(columns);
+}
+
+class Arrangement {
+  public:
+    explicit Arrangement(PageRows page) : page_(std::move(page)) {
+        for (const Row& row : page_.rows) {
+            for (const RowWord& word : row.words) {
+                left_ = rows_.empty() && left_ == 0 ? word.place.left
+                                                    : std::min(left_, word.place.left);
+            }
+        }
+        right_ = 2 * page_.width; // labels of two lines have room before it
+    }
+
+    PageRows run() && {
+        const auto& rows = page_.rows;
+        for (std::size_t at = 0; at < rows.size();) {
+            const std::size_t taken = takePairs(at)      ? end_ - at
+                                      : takeGrid(at)     ? 2
+                                      : takeCaptions(at) ? 2
+                                      : takeSplit(at)    ? 2
+                                      : takeSwapped(at)  ? 1
+                                                         : 0;
+            if (taken == 0) {
+                keep(rows[at]);
+            }
+            at += std::max<std::size_t>(taken, 1);
+        }
+        page_.rows = std::move(rows_);
+        return std::move(page_);
+    }
+
+  private:
+    /// The gap below a row.
+    double gap(std::size_t at) const {
+        return gapBetween(page_.rows[at], page_.rows[at + 1], page_.isRecognised);
+    }
+
+    void keep(const Row& row) {
+        rows_.push_back(row);
+        Row& kept = rows_.back();
+        kept.top += shift_;
+        kept.bottom += shift_;
+        for (RowWord& word : kept.words) {
+            word.place.top += shift_;
+            word.place.bottom += shift_;
+        }
+        for (RowAmount& amount : kept.amounts) {
+            amount.place.top += shift_;
+            amount.place.bottom += shift_;
+        }
+    }
+
+    /// A row of its own for a label and its amount, at a height on the arranged page.
+    void compose(Words label, Words amount, double top, double height) {
+        double left = left_;
+        for (std::size_t i = 0; i < label.size(); ++i) {
+            RowWord& word = label[i];
+            const double width = word.place.width();
+            word.place = {left, top, left + width, top + height};
+            left += width + blank;
+        }
+        const double move = amount.empty() ? 0 : right_ - amount.back().place.right;
+        for (RowWord& word : amount) {
+            word.place = {word.place.left + move, top, word.place.right + move, top + height};
+        }
+        const bool isAmount = !amount.empty();
+        append(label, amount);
+        rows_.push_back(rowOfWords(std::move(label), page_.isRecognised));
+        Row& row = rows_.back();
+        if (isAmount && !row.amounts.empty() && row.amounts.back().last + 1 == row.words.size()) {
+            row.amounts.back().amount.hasCurrency = true; // it was one where it stood
+        }
+    }
+
+    /// "label amount   label amount": first the left column, then the right one.
+    bool takePairs(std::size_t at) {
+        const auto& rows = page_.rows;
+        std::vector<double> edges = pairEdges(rows[at]);
+        if (edges.empty() && at + 1 < rows.size() && gap(at) < 1.5) {
+            edges = pairEdges(rows[at + 1]); // the first row of a column may lack the other
+            edges = fitsEdges(rows[at], edges) ? edges : std::vector<double>();
+        }
+        if (edges.empty() && at + 1 < rows.size()) {
+            edges = pairEdges(rows[at], true); // two rows of bare numbers tell as much
+            const std::vector<double> next = pairEdges(rows[at + 1], true);
+            const bool isSame = std::ranges::equal(
+                edges, next, [](double a, double b) { return std::abs(a - b) <= aligned; });
+            edges = isSame ? edges : std::vector<double>();
+        }
+        if (edges.empty()) {
+            return false;
+        }
+        end_ = at + 1;
+        while (end_ < rows.size() && fitsEdges(rows[end_], edges) && gap(end_ - 1) < 1.5) {
+            ++end_;
+        }
+        const double height = rows[end_ - 1].bottom - rows[at].top + rows[at].height();
+        for (std::size_t column = 0; column <= edges.size(); ++column) {
+            for (std::size_t i = at; i < end_; ++i) {
+                keepColumn(rows[i], edges, column);
+            }
+            shift_ += column < edges.size() ? height : 0;
+        }
+        return true;
+    }
+
+    void keepColumn(const Row& row, const std::vector<double>& edges, std::size_t column) {
+        Words words;
+        for (const RowWord& word : row.words) {
+            const auto own = std::ranges::count_if(
+                edges, [&](double edge) { return word.place.left >= edge - aligned; });
+            if (static_cast<std::size_t>(own) == column) {
+                words.push_back(word);
+                words.back().place.top += shift_;
+                words.back().place.bottom += shift_;
+            }
+        }
+        if (!words.empty()) {
+            rows_.push_back(rowOfWords(std::move(words), page_.isRecognised));
+        }
+    }
+
+    /// Labels in one row, their values in the next.
+    bool takeGrid(std::size_t at) {
+        const auto& rows = page_.rows;
+        if (at + 1 >= rows.size() || hasFirmAmount(rows[at]) || !hasFirmAmount(rows[at + 1])
+            || gap(at) > 1.6) {
+            return false;
+        }
+        const Row& labels = rows[at];
+        const Row& values = rows[at + 1];
+        const auto columns = gridColumns(labels, values);
+        if (!columns || isCaptionBelow(at) || hasMoreRows(at) || !hasOnlyLabels(labels)) {
+            return false;
+        }
+        composeGrid(labels, values, *columns);
+        return true;
+    }
+
+    /// Amounts in one row, what they are in the next.
+    bool takeCaptions(std::size_t at) {
+        const auto& rows = page_.rows;
+        if (at + 1 >= rows.size() || !hasOnlyAmounts(rows[at]) || hasFirmAmount(rows[at + 1])
+            || gap(at) > 1.2) {
+            return false;
+        }
+        const bool isNearer = at == 0 || gap(at) < 0.7 * gap(at - 1);
+        const auto columns = gridColumns(rows[at + 1], rows[at]);
+        if (!isNearer || !columns || !hasOnlyLabels(rows[at + 1])) {
+            return false;
+        }
+        composeGrid(rows[at + 1], rows[at], *columns);
+        return true;
+    }
+
+    /// Whether the words under a row of amounts belong to it rather than those above.
+    bool isCaptionBelow(std::size_t at) const {
+        const auto& rows = page_.rows;
+        return at + 2 < rows.size() && hasOnlyAmounts(rows[at + 1]) && !hasFirmAmount(rows[at + 2])
+               && gap(at + 1) < 0.7 * gap(at) && gridColumns(rows[at + 2], rows[at + 1]);
+    }
+
+    void composeGrid(const Row& labels, const Row& values,
+                     const std::vector<std::size_t>& columns) {
+        const Cells heads = cellsOf(labels);
+        const Cells cells = cellsOf(values);
+        const double height = labels.height();
+        double top = std::min(labels.top, values.top) + shift_;
+        for (std::size_t i = 0; i < heads.size(); ++i) {
+            const auto own = std::ranges::find(columns, i);
+            Words value;
+            if (own != columns.end()) {
+                value = wordsOf(values, cells[static_cast<std::size_t>(own - columns.begin())]);
+            }
+            compose(wordsOf(labels, heads[i]), std::move(value), top, height);
+            top += 1.5 * height;
+        }
+        shift_ = std::max(shift_, top - std::max(labels.bottom, values.bottom));
+    }
+
+    /// Whether the values of a grid are but the first row of a table.
+    bool hasMoreRows(std::size_t at) const {
+        const auto& rows = page_.rows;
+        if (at + 2 >= rows.size() || !hasFirmAmount(rows[at + 2]) || gap(at + 1) > 1.6) {
+            return false;
+        }
+        const double left = rows[at + 1].words.front().place.left;
+        return gridColumns(rows[at], rows[at + 2]).has_value()
+               || std::abs(rows[at + 2].words.front().place.left - left) <= aligned;
+    }
+
+    static bool hasOnlyLabels(const Row& row) {
+        return std::ranges::all_of(
+            cellsOf(row), [&](const LabelPlace& cell) { return lettersIn(row, cell) >= 2; });
+    }
+
+    /// A label of two lines whose amount stands beside the second.
+    bool takeSplit(std::size_t at) {
+        const auto& rows = page_.rows;
+        if (at + 1 >= rows.size() || hasFirmAmount(rows[at]) || gap(at) > 0.8) {
+            return false;
+        }
+        const Cells above = cellsOf(rows[at]);
+        const Cells below = cellsOf(rows[at + 1]);
+        const bool isLabel =
+            above.size() == 1 && below.size() >= 2
+            && std::abs(above[0].left - below[0].left) <= aligned
+            && roleOf(rows[at + 1], below[0]) == Role::text
+            && std::ranges::all_of(below.begin() + 1, below.end(), [&](const LabelPlace& cell) {
+                   return roleOf(rows[at + 1], cell) != Role::text;
+               });
+        if (!isLabel || !goesOn(rows[at].words.back(), rows[at + 1].words.front())) {
+            return false;
+        }
+        Words label = rows[at].words;
+        append(label, wordsOf(rows[at + 1], below[0]));
+        Words amount;
+        for (std::size_t i = 1; i < below.size(); ++i) {
+            append(amount, wordsOf(rows[at + 1], below[i]));
+        }
+        compose(std::move(label), std::move(amount), rows[at].top + shift_, rows[at].height());
+        return true;
+    }
+
+    /// Whether a label that ends with one word goes on with another.
+    static bool goesOn(const RowWord& last, const RowWord& next) {
+        static constexpr std::array open{
+            "der",  "des", "die", "den",   "und", "oder",  "im",   "in",   "an",  "am",  "aus",
+            "von",  "vom", "mit", "zu",    "zur", "zum",   "fur",  "uber", "per", "bei", "du",
+            "de",   "la",  "le",  "les",   "d",   "et",    "ou",   "au",   "aux", "par", "pour",
+            "sur",  "di",  "del", "della", "dei", "delle", "dell", "e",    "o",   "per", "al",
+            "alla", "ai",  "su",  "sul",   "nel", "con",   "da",   "dal"};
+        const char first = next.text.empty() ? 'A' : next.text.front();
+        return (first >= 'a' && first <= 'z') || first == '(' || last.text.ends_with('-')
+               || last.text.ends_with('/') || last.text.ends_with(',')
+               || std::ranges::find(open, last.folded) != open.end();
+    }
+
+    /// "amount   label".
+    bool takeSwapped(std::size_t at) {
+        const Row& row = page_.rows[at];
+        const Cells cells = cellsOf(row);
+        Words label;
+        Words amount;
+        for (const LabelPlace& cell : cells) {
+            const bool isText = roleOf(row, cell) == Role::text;
+            if (!isText && !label.empty()) {
+                return false;
+            }
+            append(isText ? label : amount, wordsOf(row, cell));
+        }
+        if (label.empty() || amount.empty() || !hasFirmAmount(row)
+            || lettersIn(row, cells.back()) < 3) {
+            return false;
+        }
+        compose(std::move(label), std::move(amount), row.top + shift_, row.height());
+        return true;
+    }
+
+    PageRows page_;
+    std::vector<Row> rows_;
+    double left_ = 0;
+    double right_ = 0;
+    double shift_ = 0; ///< how much lower rows stand than on the page
+    std::size_t end_ = 0;
+};
+
+} // namespace
+
+PageRows arranged(PageRows page) {
+    mend(page);
+    return Arrangement(std::move(page)).run();
+}
+
+} // namespace fiscarel

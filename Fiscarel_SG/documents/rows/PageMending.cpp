@@ -1,0 +1,83 @@
+#include "Fiscarel_SG/documents/rows/PageMending.h"
+
+#include "Fiscarel_SG/documents/rows/CellRoles.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace fiscarel {
+
+namespace {
+
+/// Bare numbers in a column of amounts are amounts: "648" above "648.05".
+void firmColumns(PageRows& page) {
+    std::vector<double> edges;
+    for (const Row& row : page.rows) {
+        for (const RowAmount& amount : row.amounts) {
+            if (amount.amount.hasDecimals || amount.amount.hasMark) {
+                edges.push_back(amount.place.right);
+            }
+        }
+    }
+    const double near = page.isRecognised ? 3 : 1.5;
+    for (Row& row : page.rows) {
+        for (RowAmount& amount : row.amounts) {
+            const auto count = std::ranges::count_if(
+                edges, [&](double edge) { return std::abs(edge - amount.place.right) <= near; });
+            const bool isApart =
+                amount.first == 0 || amount.last + 1 == row.words.size()
+                || row.words[amount.last + 1].place.left - amount.place.right > row.height();
+            if (!amount.amount.isFirm() && !amount.amount.isYearLike() && count >= 2 && isApart) {
+                amount.amount.hasCurrency = true;
+            }
+        }
+    }
+}
+
+/// How far below the middle of a row another one's is, in its heights.
+double drop(const Row& row, const Row& other) {
+    return std::abs(other.middle() - row.middle()) / std::max({row.height(), other.height(), 1e-6});
+}
+
+/// A photographed sheet bends: amounts at its edge stand a little above or below their labels, in a
+/// row of their own. They are put back.
+void straightenBends(PageRows& page) {
+    constexpr double sameLine = 0.9; // heights; lines stand 1.5 apart and more
+    std::vector<Row> rows;
+    for (Row& row : page.rows) {
+        const bool isPair = !rows.empty() && drop(rows.back(), row) < sameLine
+                            && hasOnlyAmounts(row) != hasOnlyAmounts(rows.back())
+                            && hasFirmAmount(row) != hasFirmAmount(rows.back());
+        if (!isPair) {
+            rows.push_back(std::move(row));
+            continue;
+        }
+        const bool isLabelFirst = !hasFirmAmount(rows.back());
+        Row& label = isLabelFirst ? rows.back() : row;
+        Row& amounts = isLabelFirst ? row : rows.back();
+        if (label.words.back().place.right >= amounts.words.front().place.left) {
+            rows.push_back(std::move(row));
+            continue;
+        }
+        std::vector<RowWord> words = std::move(label.words);
+        words.insert(words.end(), amounts.words.begin(), amounts.words.end());
+        const double top = label.top;
+        const double bottom = label.bottom;
+        rows.back() = rowOfWords(std::move(words), page.isRecognised);
+        rows.back().top = top;
+        rows.back().bottom = bottom;
+    }
+    page.rows = std::move(rows);
+}
+
+} // namespace
+
+void mend(PageRows& page) {
+    if (page.isRecognised) {
+        straightenBends(page);
+    }
+    firmColumns(page);
+}
+
+} // namespace fiscarel

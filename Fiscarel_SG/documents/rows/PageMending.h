@@ -1,0 +1,12 @@
+#pragma once
+
+#include "Fiscarel_SG/documents/rows/PageRows.h"
+
+namespace fiscarel {
+
+/// Puts right what single rows cannot tell: bare numbers in a column of amounts are amounts, and on
+/// a photographed sheet, which bends, amounts in a row of their own stand beside their labels
+/// again.
+void mend(PageRows& page);
+
+} // namespace fiscarel

@@ -1,0 +1,328 @@
+#include "tests/documents/reading/DrawnPage.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace fiscarel {
+namespace {
+
+using Kind = StoredDocument::Kind;
+
+/// Words at a place; with `isRight` they end there.
+struct Put {
+    double x = 0;
+    double y = 0;
+    const char* words = "";
+    bool isRight = false;
+};
+
+/// A page in a layout of its own and the amounts it states, each as "field=value".
+struct Layout {
+    const char* name;
+    Kind kind;
+    std::vector<Put> puts;
+    std::vector<std::string> wanted; ///< all amounts that may be proposed, in any order
+};
+
+constexpr bool right = true;
+
+std::vector<Layout> placesOfLabels() {
+    using enum Kind;
+    return {
+        {"labels above their amounts",
+         lohnausweis,
+         {{60, 60, "Scierie Muster SA"},
+          {60, 90, "Certificat de salaire annuel 2024"},
+          {60, 130, "Total brut"},
+          {230, 130, "AVS, AC, AANP"},
+          {400, 130, "Caisse de pension"},
+          {60, 143, "68’000.00"},
+          {230, 143, "4’350.00"},
+          {400, 143, "3’650.00"},
+          {60, 170, "Rachat LPP"},
+          {230, 170, "Salaire net"},
+          {230, 183, "60’000.00"}},
+         {"grossSalary=68000", "socialContributions=4350", "pensionContributions=3650",
+          "netSalaryOverride=60000"}},
+        {"captions below their amounts",
+         saeule3a,
+         {{60, 60, "Vorsorgestiftung Muster"},
+          {60, 90, "Bescheinigung Säule 3a 2024"},
+          {60, 140, "CHF 6’000.00"},
+          {300, 140, "CHF 41’230.00"},
+          {60, 152, "Einbezahlte Beiträge"},
+          {300, 152, "Saldo am 31.12.2024"}},
+         {"pillar3a=6000"}},
+        {"amounts before their labels, the sign apart",
+         kinderbetreuung,
+         {{60, 60, "Kita Muster"},
+          {60, 90, "Betreuungskosten 2024"},
+          {140, 130, "9’420.00", right},
+          {180, 130, "Volltarif"},
+          {80, 146, "–"},
+          {140, 146, "1’000.00", right},
+          {180, 146, "Beitrag der Gemeinde"},
+          {140, 162, "8’420.00", right},
+          {180, 162, "Fremdbetreuungskosten"}},
+         {"childcareCosts=8420"}},
+        {"labels beside each other, one column shorter",
+         lohnausweis,
+         {{60, 60, "Sägerei Muster AG"},
+          {60, 90, "Lohnbestätigung 2024"},
+          {60, 130, "Gehalt"},
+          {240, 130, "65’000.00", right},
+          {300, 130, "Sozialabzüge AHV/ALV/NBU"},
+          {540, 130, "4’350.00", right},
+          {60, 146, "Bonus"},
+          {240, 146, "3’000.00", right},
+          {300, 146, "2. Säule ordentlich"},
+          {540, 146, "3’650.00", right},
+          {300, 162, "Einkauf 2. Säule"},
+          {60, 178, "Brutto"},
+          {240, 178, "68’000.00", right},
+          {300, 178, "Zusammen"},
+          {540, 178, "8’000.00", right},
+          {60, 200, "Netto"},
+          {540, 200, "60’000.00", right}},
+         {"grossSalary=68000", "socialContributions=4350", "pensionContributions=3650",
+          "netSalaryOverride=60000"}},
+        {"bare numbers beside each other, one of them by month",
+         liegenschaft,
+         {{60, 60, "Schätzungsamt Muster"},
+          {60, 90, "Auszug aus dem Schätzungsregister"},
+          {60, 130, "Steuerwert"},
+          {240, 130, "712000", right},
+          {300, 130, "Mietwert p. a."},
+          {540, 130, "19080", right},
+          {60, 146, "Landwert"},
+          {240, 146, "198000", right},
+          {300, 146, "Mietwert pro Monat"},
+          {540, 146, "1590", right}},
+         {"taxValue=712000", "imputedRentalValue=19080"}},
+        {"a label of two lines",
+         pensionskasse,
+         {{60, 60, "Sammelstiftung Muster"},
+          {60, 90, "Bescheinigung Einkauf 2024"},
+          {60, 130, "Total der im Jahr 2024 geleisteten"},
+          {60, 142, "freiwilligen Einkäufe"},
+          {540, 142, "12’000.00", right},
+          {60, 170, "Noch mögliche Einkaufssumme"},
+          {540, 170, "48’000.00", right}},
+         {"pensionBuyIn=12000"}},
+    };
+}
+
+std::vector<Layout> columnsAndTimes() {
+    using enum Kind;
+    return {
+        {"columns of the old and the new value",
+         liegenschaft,
+         {{60, 60, "Grundbuchamt Muster"},
+          {60, 90, "Revisionsschätzung"},
+          {400, 130, "bisher", right},
+          {540, 130, "neu", right},
+          {60, 146, "Verkehrswert"},
+          {400, 146, "1 610 000", right},
+          {540, 146, "2 013 000", right},
+          {60, 162, "Mietwert im Jahr"},
+          {400, 162, "56 300", right},
+          {540, 162, "70 440", right}},
+         {"taxValue=2013000", "imputedRentalValue=70440"}},
+        {"headings that stand too near to each other",
+         bankauszug,
+         {{60, 60, "Regionalbank Muster"},
+          {60, 90, "Vermögens- und Ertragsausweis 2024"},
+          {60, 130, "Produkt"},
+          {250, 130, "Zinsertrag CHF VSt. 35% Kontoguthaben CHF"},
+          {60, 146, "Alltagskonto"},
+          {317, 146, "240.00", right},
+          {357, 146, "84.00", right},
+          {442, 146, "8’780.70", right},
+          {60, 162, "Sparkonto"},
+          {317, 162, "88.75", right},
+          {442, 162, "72’042.25", right},
+          {60, 178, "Zusammen"},
+          {317, 178, "328.75", right},
+          {357, 178, "84.00", right},
+          {442, 178, "80’822.95", right}},
+         {"taxValue=8780.7", "incomeWithWithholding=240", "taxValue=72042.25",
+          "incomeWithoutWithholding=88.75"}},
+        {"accounts named in each row",
+         bankauszug,
+         {{60, 60, "Cassa Muster"},
+          {60, 90, "Certificato di capitale e interessi 2024"},
+          {60, 120, "Conto quotidiano CH93 0076 2011 6238 5295 7"},
+          {60, 136, "Conto gioventù CH56 0483 5012 3456 7800 9"},
+          {60, 160, "Conto quotidiano – Interessi lordi"},
+          {540, 160, "21.00", right},
+          {60, 176, "Conto gioventù – Interessi lordi"},
+          {540, 176, "12.50", right},
+          {60, 192, "Conto quotidiano – Avere 31.12.2024"},
+          {540, 192, "2’897.94", right},
+          {60, 208, "Conto gioventù – Avere 31.12.2024"},
+          {540, 208, "13’335.30", right}},
+         {"taxValue=2897.94", "incomeWithoutWithholding=21", "taxValue=13335.3",
+          "incomeWithoutWithholding=12.5"}},
+        {"a debt on the first and the last day",
+         bankauszug,
+         {{60, 60, "Banque Muster"},
+          {60, 90, "Intérêts de la dette 2024"},
+          {60, 130, "30 juin 2024"},
+          {540, 130, "1’935.45", right},
+          {60, 146, "31 décembre 2024"},
+          {540, 146, "1’935.45", right},
+          {60, 162, "Intérêts de la dette 2024"},
+          {540, 162, "3’870.90", right},
+          {60, 178, "Solde du prêt 1 janvier 2024"},
+          {540, 178, "212’500.00", right},
+          {60, 194, "Amortissement"},
+          {540, 194, "-5’500.00", right},
+          {60, 210, "Solde du prêt 31 décembre 2024"},
+          {540, 210, "207’000.00", right}},
+         {"amount=207000", "interest=3870.9"}},
+        {"parts of a pension by month and year",
+         pensionskasse,
+         {{60, 60, "Pensionskasse Muster"},
+          {60, 90, "Ausweis über bezogene Renten 2024"},
+          {60, 130, "Leistung"},
+          {300, 130, "monatlich", right},
+          {400, 130, "Anzahl", right},
+          {540, 130, "Total CHF", right},
+          {60, 146, "Altersrente"},
+          {300, 146, "1’500.00", right},
+          {400, 146, "12", right},
+          {540, 146, "18’000.00", right},
+          {60, 162, "Teuerungszulage"},
+          {300, 162, "50.00", right},
+          {400, 162, "12", right},
+          {540, 162, "600.00", right},
+          {60, 178, "Steuerbarer Betrag"},
+          {540, 178, "18’600.00", right}},
+         {"amount=18600"}},
+    };
+}
+
+std::vector<Layout> peopleAndTraps() {
+    using enum Kind;
+    return {
+        {"children in rows",
+         kinderbetreuung,
+         {{60, 60, "Kita Muster"},
+          {60, 90, "Elternbeiträge 2024"},
+          {60, 120, "Kind"},
+          {300, 120, "Geburtsdatum"},
+          {540, 120, "Betreuungskosten", right},
+          {60, 136, "Nadja Keller-Muster"},
+          {300, 136, "22. Dezember 2018"},
+          {540, 136, "2’548.65", right},
+          {60, 152, "Roman Keller-Muster"},
+          {300, 152, "28. April 2020"},
+          {540, 152, "10’262.–", right},
+          {60, 168, "Total Familie"},
+          {540, 168, "12’810.65", right}},
+         {"childcareCosts=2548.65", "childcareCosts=10262"}},
+        {"spouses over columns",
+         saeule3a,
+         {{60, 60, "Vorsorgestiftung Muster"},
+          {60, 90, "Bescheinigung Säule 3a 2024 für Anna Muster und Beat Muster"},
+          {300, 130, "Anna Muster"},
+          {450, 130, "Beat Muster"},
+          {60, 146, "Einbezahlte Beiträge"},
+          {360, 146, "6’000.00", right},
+          {510, 146, "3’400.00", right},
+          {60, 162, "Saldo am 31.12.2024"},
+          {360, 162, "21’000.00", right},
+          {510, 162, "17’400.00", right}},
+         {"pillar3a=6000", "pillar3a=3400"}},
+        {"contributions of a wage one by one",
+         lohnausweis,
+         {{60, 60, "Muster GmbH"},
+          {60, 90, "Jahreslohnausweis 2024"},
+          {60, 130, "Bruttolohn"},
+          {540, 130, "80’000.00", right},
+          {60, 146, "AHV/IV/EO 5.3 %"},
+          {540, 146, "4’240.00", right},
+          {60, 162, "ALV 1.1 %"},
+          {540, 162, "880.00", right},
+          {60, 178, "Pensionskasse"},
+          {540, 178, "5’000.00", right},
+          {60, 194, "Nettolohn"},
+          {540, 194, "69’880.00", right}},
+         {"grossSalary=80000", "socialContributions=5120", "pensionContributions=5000",
+          "netSalaryOverride=69880"}},
+        {"what a course costs when it is not attended",
+         weiterbildung,
+         {{60, 60, "Höhere Fachschule Muster"},
+          {60, 90, "Kontoauszug Lehrgang Buchhaltung"},
+          {60, 120, "Bezahlte Raten"},
+          {540, 120, "2’901.75", right},
+          {60, 136, "Noch offen 2025"},
+          {540, 136, "1’022.25", right},
+          {60, 152, "Gesamtpreis"},
+          {540, 152, "3’924.00", right},
+          {60, 180, "Abmeldung nach Kursbeginn: CHF 320.00. Ab 2025 gilt ein Mindestbetrag von"},
+          {60, 192, "CHF 80.00."}},
+         {"furtherEducation=2901.75"}},
+        {"a premium that remains is no cost of illness",
+         krankenkasse,
+         {{60, 60, "Cassa malati Muster"},
+          {60, 90, "Conferma dei premi 2024"},
+          {60, 130, "Premio totale"},
+          {540, 130, "4’235.40", right},
+          {60, 146, "Sussidio cantonale"},
+          {540, 146, "-448.90", right},
+          {60, 162, "A suo carico"},
+          {540, 162, "3’786.50", right}},
+         {"healthInsurancePremiums=4235.4", "premiumReduction=448.9"}},
+        {"a letter with several amounts in a sentence",
+         liegenschaft,
+         {{60, 60, "Schätzungsamt Muster"},
+          {60, 90, "Schätzung Grundstück Nr. 4705"},
+          {60, 120,
+           "Die Kommission hat den Verkehrswert auf CHF 1’136’000.00 und den Mietwert auf CHF"},
+          {60, 132, "30’600.00 festgelegt. Die Kosten der Schätzung betragen CHF 510.00."}},
+         {"taxValue=1136000", "imputedRentalValue=30600"}},
+    };
+}
+
+ScanResult proposedFor(const Layout& layout) {
+    DrawnPage page;
+    for (const Put& put : layout.puts) {
+        put.isRight ? page.right(put.x, put.y, put.words) : page.text(put.x, put.y, put.words);
+    }
+    return page.proposed();
+}
+
+TEST(Layout, amountsFindTheirLabelsHoweverAPageIsSet) {
+    std::vector<Layout> layouts = placesOfLabels();
+    for (const auto& part : {columnsAndTimes(), peopleAndTraps()}) {
+        layouts.insert(layouts.end(), part.begin(), part.end());
+    }
+    for (const Layout& layout : layouts) {
+        const ScanResult result = proposedFor(layout);
+        EXPECT_EQ(result.proposedKind, layout.kind) << layout.name;
+        std::vector<std::string> values;
+        for (const Proposal& one : result.proposals) {
+            if (one.value.find_first_not_of("0123456789.") == std::string::npos) {
+                values.push_back(one.field + '=' + one.value);
+            }
+        }
+        std::vector<std::string> wanted = layout.wanted;
+        std::ranges::sort(values);
+        std::ranges::sort(wanted);
+        std::erase_if(values, [](const std::string& one) { return one.starts_with("parcel"); });
+        EXPECT_EQ(values, wanted) << layout.name;
+    }
+}
+
+TEST(Layout, placesTellWhereAnAmountReallyStands) {
+    const ScanResult result = proposedFor(placesOfLabels().front());
+    const Proposal* fund = proposalOf(result, "pensionContributions");
+    ASSERT_NE(fund, nullptr);
+    ASSERT_TRUE(fund->box);
+    EXPECT_EQ(fund->box->x, Decimal(672) / 1000); // 400 of 595 points
+}
+
+} // namespace
+} // namespace fiscarel
