@@ -45,7 +45,8 @@ CloudSync::CloudSync(const Services& services, QObject* parent)
     : CloudService(parent), context_(makeContext(services)),
       signIn_(
           *context_, [this] { readyAgain(); }, [this] { abandon(); }),
-      states_(*context_), documents_(*context_), timer_(services.timers.make([this] { run(); })) {
+      states_(*context_), documents_(*context_, [this] { return isAskedAgain_; }),
+      timer_(services.timers.make([this] { run(); })) {
     context_->changed = [this] { Q_EMIT changed(); };
     if (services.persistence == nullptr || services.store.isDemo()) {
         context_->status.phase = Phase::demo;

@@ -41,6 +41,8 @@ void DocumentExchange::run(const SharedStatePointer& common, Done done) {
     common_ = common;
     attempts_ = 0;
     full_.reset();
+    hasMoved_ = false;
+    isInterrupted_ = false;
     list();
 }
 
@@ -184,9 +186,7 @@ void DocumentExchange::planOne(const StoredDocument& document) {
     }
 }
 
-/// One thing after the other: files up, the map that names them, files down, files away.
-void DocumentExchange::next() {
-    constexpr std::size_t mostUnnamed = 10;
+void DocumentExchange::tellProgress() {
     CloudStatus& status = context_.status;
     status.documentsToSend = toSend_.size();
     status.documentsToFetch = toFetch_.size();
@@ -194,6 +194,21 @@ void DocumentExchange::next() {
                       : !toFetch_.empty() ? CloudStatus::Activity::fetching
                                           : CloudStatus::Activity::comparing;
     context_.tell();
+}
+
+/// One thing after the other: files up, the map that names them, files down, files away.
+void DocumentExchange::next() {
+    constexpr std::size_t mostUnnamed = 10;
+    if (hasMoved_ && givesWay_()) {
+        isInterrupted_ = true;
+    }
+    if (isInterrupted_) {
+        toSend_.clear();
+        toFetch_.clear();
+        isTidiedUp_ = true;
+    } else {
+        tellProgress();
+    }
     if (mapChanged_ && (toSend_.empty() || context_.record.uploaded.size() >= mostUnnamed)) {
         saveMap();
     } else if (!toSend_.empty()) {
@@ -210,7 +225,7 @@ void DocumentExchange::next() {
     } else if (!toRemove_.empty()) {
         removeNext();
     } else {
-        if (std::exchange(context_.record.startsAnew, false)) {
+        if (!isInterrupted_ && std::exchange(context_.record.startsAnew, false)) {
             context_.keepRecord();
         }
         finish(full_ ? tl::expected<void, CloudTrouble>(tl::unexpected(*full_))
@@ -265,6 +280,7 @@ void DocumentExchange::upload(const Sealed& sealed) {
 }
 
 void DocumentExchange::uploaded(const Sealed& sealed, const CloudAPI::Receipt& receipt) {
+    hasMoved_ = true;
     sealed_.reset();
     ReceiptEntry entry = sealed.entry;
     entry.receipt = receipt.id;
@@ -345,6 +361,7 @@ void DocumentExchange::place(const StoredDocument& document, const ReceiptEntry&
             });
         },
         life_.guard([this, document, entry](const Placed& placed) {
+            hasMoved_ = true;
             if (placed) {
                 context_.store.documentFilesArrived();
             } else if (placed.error()) {

@@ -23,8 +23,10 @@ class DocumentExchange {
 
     /// Largest file the server takes, bytes as sealed.
     static constexpr std::uint64_t mostBytes = std::uint64_t{25} << 20U;
-    /// The context must outlive it.
-    explicit DocumentExchange(CloudContext& context) : context_(context) {}
+    /// The context must outlive it. Between two files it ends early when it is to give way, as to
+    /// entries that wait to be sent.
+    DocumentExchange(CloudContext& context, std::function<bool()> givesWay)
+        : context_(context), givesWay_(std::move(givesWay)) {}
 
     /// `common` is the state in the cloud. One at a time.
     void run(const SharedStatePointer& common, Done done);
@@ -48,6 +50,7 @@ class DocumentExchange {
     void leaveOut(const StoredDocument& document, std::string reason);
     const ReceiptEntry* stored(const Uuid& document) const;
     bool isWanted(const Uuid& document) const;
+    void tellProgress();
     void next();
 
     void send(const StoredDocument& document);
@@ -64,6 +67,7 @@ class DocumentExchange {
     void removed(const std::string& receipt);
 
     CloudContext& context_;
+    const std::function<bool()> givesWay_;
     Done done_;
     SharedStatePointer common_;
     std::set<std::string> onServer_;
@@ -75,6 +79,8 @@ class DocumentExchange {
     std::deque<StoredDocument> toFetch_;
     std::deque<std::string> toRemove_; ///< receipts
     bool isTidiedUp_ = false;
+    bool hasMoved_ = false;               ///< a file, in this run
+    bool isInterrupted_ = false;          ///< this run ends early
     std::optional<CloudTrouble> full_;    ///< the server has no more room
     std::optional<Sealed> sealed_;        ///< whose answer is missing: sent again as it was
     std::map<Uuid, std::string> refused_; ///< documents that do not go up, with the reason

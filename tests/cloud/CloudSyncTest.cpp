@@ -379,6 +379,34 @@ TEST_F(CloudSyncTest, aDeletionTakenBackKeepsTheFile) {
     expectEqual();
 }
 
+TEST_F(CloudSyncTest, entriesDoNotWaitForManyDocuments) {
+    setUpBoth();
+    for (int i = 0; i < 12; ++i) {
+        a.addDocument("Beleg " + std::to_string(i) + ".pdf", std::to_string(i));
+    }
+    std::string order; // of what is sent: a state, a document
+    toA.chooses = [&](const QByteArray& request) {
+        order += request.contains("recibo-subir")           ? "d"
+                 : request.contains("\"clave\":\"estado\"") ? "s"
+                                                            : "";
+        if (order == "sdd") { // typed meanwhile
+            setCash(a, 100);
+            a.timers->advance(std::chrono::seconds(1));
+            a.work();
+            a.timers->advance(std::chrono::seconds(2));
+        }
+        return FaultProxy::Fault::none;
+    };
+    exchange();
+    EXPECT_EQ(order, "sdd"
+                     "s"
+                     "dddddddddd");
+    expectEqual();
+    EXPECT_EQ(b.store->current().cash, 100);
+    EXPECT_EQ(filesOnServer(b), 12U);
+    EXPECT_EQ(a.status().documentsToSend, 0U);
+}
+
 TEST_F(CloudSyncTest, aFileThatIsTooLargeStaysHere) {
     setUpBoth();
     const std::string large(DocumentExchange::mostBytes - 20, 'x');
