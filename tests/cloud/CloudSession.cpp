@@ -119,8 +119,9 @@ template <class Act>
 void CloudSession::act(Side& side, Act act) {
     const PersistedState before = side.machine.state();
     act(*side.machine.store);
-    journal_.record(side.machine.name, before, side.machine.state(),
-                    [&] { return commonStates(side.machine); });
+    journal_.record(side.machine.name, before, side.machine.state(), [&](const std::string& name) {
+        return commonStates(sides_.at(name == "a" ? 0 : 1).machine);
+    });
     observe(side);
 }
 
@@ -211,7 +212,7 @@ void CloudSession::addDocument(Side& side) {
     PersistedState without = side.machine.state();
     std::erase_if(without.documents, [&](const auto& document) { return document.id == id; });
     journal_.record(side.machine.name, without, side.machine.state(),
-                    [] { return std::vector<SharedStatePointer>{}; });
+                    [](const std::string&) { return std::vector<SharedStatePointer>{}; });
     count("documents added");
 }
 

@@ -39,29 +39,35 @@ bool isNew(const std::string& place, const std::optional<std::string>& value) {
 
 } // namespace
 
-void EditJournal::record(const std::string& who, const PersistedState& before,
-                         const PersistedState& after,
-                         const std::function<std::vector<SharedStatePointer>()>& common) {
+void EditJournal::record(
+    const std::string& who, const PersistedState& before, const PersistedState& after,
+    const std::function<std::vector<SharedStatePointer>(const std::string&)>& common) {
     if (before == after) {
         return;
     }
     const FlatState was(before);
     const FlatState is(after);
-    std::optional<std::vector<FlatState>> bases;
+    std::map<std::string, std::vector<FlatState>> bases; // by machine, as they are needed
+    const auto isInCommon = [&](const std::string& machine, const std::string& place,
+                                const std::optional<std::string>& value) {
+        const auto [known, isNew] = bases.try_emplace(machine);
+        for (const SharedStatePointer& one :
+             isNew ? common(machine) : std::vector<SharedStatePointer>{}) {
+            known->second.emplace_back(one->state);
+        }
+        return std::ranges::any_of(known->second,
+                                   [&](const FlatState& base) { return at(base, place) == value; });
+    };
     const auto add = [&](const std::string& place, const std::optional<std::string>& value) {
         Edit edit{who, place, value, false, beforeJoining};
-        const bool isAgain = std::ranges::any_of(edits_, [&](const Edit& earlier) {
-            return earlier.who == who && earlier.place == place;
-        });
-        if (isAgain && !bases) {
-            bases.emplace();
-            for (const SharedStatePointer& one : common()) {
-                bases->emplace_back(one->state);
+        std::set<std::string> editors;
+        for (const Edit& earlier : edits_) {
+            if (earlier.place == place) {
+                editors.insert(earlier.who);
             }
         }
-        edit.takesBack = isAgain && std::ranges::any_of(*bases, [&](const FlatState& base) {
-                             return at(base, place) == value;
-                         });
+        edit.takesBack = std::ranges::any_of(
+            editors, [&](const std::string& machine) { return isInCommon(machine, place, value); });
         // A record that both sides made: what is as in a new one yields.
         edit.isLenient = edit.isLenient || (!at(was, place) && isNew(place, value));
         edits_.push_back(std::move(edit));

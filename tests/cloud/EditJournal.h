@@ -17,10 +17,10 @@ namespace fiscarel::testing {
 class EditJournal {
   public:
     /// An edit of the user's at a machine.
-    /// One that only takes back what the cloud has not seen yet asks for nothing: `common` tells
-    /// the states that machine and cloud had in common.
+    /// One that only takes back what another machine has not seen yet, or the cloud, asks for
+    /// nothing: `common` tells the states that a machine and the cloud had in common.
     void record(const std::string& who, const PersistedState& before, const PersistedState& after,
-                const std::function<std::vector<SharedStatePointer>()>& common);
+                const std::function<std::vector<SharedStatePointer>(const std::string&)>& common);
     /// A machine was killed: its edits from a position on were not on its disk yet.
     void excuse(const std::string& who, std::size_t from);
     void shown(const std::vector<MergeConflict>& conflicts);
