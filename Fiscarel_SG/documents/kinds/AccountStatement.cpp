@@ -80,9 +80,51 @@ class AccountMapper {
                 i + 1 < headings.size() ? headings[i + 1].row : page.rows.size();
             proposeTable(page, headings[i], end, ibans);
         }
-        if (headings.empty() && !proposeNamedRows(page, ibans)) {
+        if (headings.empty() && !proposeNamedRows(page, ibans) && !proposeColumns(page)) {
             proposeBlocks(page, ibans);
         }
+    }
+
+    /// Accounts beside each other, each with its figures in its column: each as a page of its own.
+    bool proposeColumns(const PageRows& page) {
+        for (std::size_t at = 0; at < page.rows.size() && page.number != 0; ++at) {
+            std::vector<PageRows> parts;
+            for (const LabelPlace& cell : cellsOf(page.rows[at])) {
+                Row own = page.rows[at];
+                own.words.assign(
+                    page.rows[at].words.begin() + static_cast<std::ptrdiff_t>(cell.first),
+                    page.rows[at].words.begin() + static_cast<std::ptrdiff_t>(cell.last) + 1);
+                if (namesAny(own, {Concept::account, Concept::debt}, page.isRecognised)) {
+                    parts.push_back(columnOf(page, at, cell));
+                }
+            }
+            std::erase_if(parts, [](const PageRows& part) { return part.rows.size() < 2; });
+            if (parts.size() < 2) {
+                continue;
+            }
+            for (const PageRows& part : parts) {
+                const RowRange range{&part, 0, part.rows.size()};
+                proposeEntry(figuresByLabel(range), nullptr, range);
+            }
+            return true;
+        }
+        return false;
+    }
+
+    /// The rows below a heading, with the amounts of its column only.
+    static PageRows columnOf(const PageRows& page, std::size_t at, const LabelPlace& heading) {
+        PageRows part = page;
+        part.rows.clear();
+        for (std::size_t below = at + 1; below < page.rows.size(); ++below) {
+            Row row = page.rows[below];
+            std::erase_if(row.amounts, [&](const RowAmount& amount) {
+                return amount.place.left >= heading.right || amount.place.right <= heading.left;
+            });
+            if (row.amounts.size() == 1 && row.amounts[0].first > 0) {
+                part.rows.push_back(std::move(row));
+            }
+        }
+        return part;
     }
 
     /// The words before an account number, which name the account; empty when there are none.

@@ -125,13 +125,21 @@ std::optional<Heading> headingAt(const RowRange& range, std::size_t at,
     return isHeading ? std::optional(std::move(heading)) : std::nullopt;
 }
 
-/// The amount of a column: that of the total, or the only one there is.
+/// The year a row begins with.
+std::optional<int> yearOf(const Row& row) {
+    const auto first = parseAmount(row.words.empty() ? std::string() : row.words.front().text);
+    return first && first->isYearLike() ? std::optional(std::stoi(row.words.front().text))
+                                        : std::nullopt;
+}
+
+/// The amount of a column: that of the newest year, of the total, or the only one there is.
 std::optional<FoundAmount> amountUnder(const RowRange& range, std::size_t at,
                                        const LabelPlace& label) {
     const Labels& totals = wordsFor(Concept::total);
     const auto heading = headingAt(range, at, label);
     std::optional<FoundAmount> found;
     bool isOnly = true;
+    std::optional<int> newest; // while each row begins with a year
     for (std::size_t below = at + 1; heading && below < std::min(range.end, at + 30); ++below) {
         const Row& row = range.page->rows[below];
         for (const RowAmount& amount : row.amounts) {
@@ -139,7 +147,13 @@ std::optional<FoundAmount> amountUnder(const RowRange& range, std::size_t at,
                 || columnOf(heading->columns, amount) != heading->wanted) {
                 continue;
             }
-            isOnly = !found.has_value();
+            const auto year = yearOf(row);
+            const bool isOfYears = year && (!found || newest);
+            if (isOfYears && newest && *year <= *newest) {
+                continue;
+            }
+            isOnly = !found.has_value() || isOfYears;
+            newest = isOfYears ? year : std::nullopt;
             const LabelPlace& column = heading->columns[heading->wanted];
             found =
                 FoundAmount{.page = range.page,

@@ -122,7 +122,9 @@ const Wanted& ownBillTotals(Kind kind) {
                                  {paid},
                                  {total},
                                  {fee, total},
-                                 {amount, total}},
+                                 {amount, total},
+                                 {childcare},
+                                 {fee}},
                                 {other, refunded, publicShare, possible}};
     static const Wanted courses{{},
                                 {"exkl*", "HT"},
