@@ -39,21 +39,21 @@ bool isProse(const Row& row, bool isRecognised) {
 }
 
 /// The words of a row that tell of the amount of a label: all, but of a heading, which names other
-/// columns too, only the own cells.
-Row wordsAbout(const Row& row, const LabelPlace& place) {
+/// columns too, only the own cell. Absent for a label that goes over several headings.
+std::optional<Row> wordsAbout(const Row& row, const LabelPlace& place) {
     const auto cells = cellsOf(row);
     if (cells.size() < 3 || std::ranges::any_of(row.amounts, isCandidate)) {
         return row;
     }
-    Row own;
     for (const LabelPlace& cell : cells) {
-        for (std::size_t i = cell.first; i <= cell.last; ++i) {
-            if (cell.last >= place.first && cell.first <= place.last) {
-                own.words.push_back(row.words[i]);
-            }
+        if (cell.first <= place.first && place.last <= cell.last) {
+            Row own;
+            own.words.assign(row.words.begin() + static_cast<std::ptrdiff_t>(cell.first),
+                             row.words.begin() + static_cast<std::ptrdiff_t>(cell.last) + 1);
+            return own;
         }
     }
-    return own;
+    return std::nullopt;
 }
 
 /// Which rows are looked at for labels.
@@ -72,9 +72,9 @@ bool counts(const Row& row, const LabelPlace& place, const Wanted& wanted, bool 
     if (where == Where::columns && isProse(row, isRecognised)) {
         return false;
     }
-    const Row about = wordsAbout(row, place);
-    return !isBarred(about, wanted, isRecognised)
-           && !namesAny(about, wanted.notMeant, isRecognised);
+    const auto about = wordsAbout(row, place);
+    return about && !isBarred(*about, wanted, isRecognised)
+           && !namesAny(*about, wanted.notMeant, isRecognised);
 }
 
 std::vector<FoundAmount> findByLabel(const std::vector<RowRange>& ranges, const Wanted& wanted,

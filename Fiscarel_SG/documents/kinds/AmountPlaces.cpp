@@ -357,8 +357,8 @@ std::optional<FoundAmount> amountFor(const RowRange& range, std::size_t at, cons
 
 std::optional<FoundAmount> amountAt(const RowRange& range, std::size_t at, const LabelPlace& place,
                                     const Wanted& wanted) {
-    auto found = amountFor(range, at, place, wanted);
-    return found ? std::move(found) : amountUnder(range, at, place);
+    auto found = amountUnder(range, at, place);
+    return found ? std::move(found) : amountFor(range, at, place, wanted);
 }
 
 } // namespace fiscarel
