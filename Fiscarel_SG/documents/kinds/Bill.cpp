@@ -173,14 +173,26 @@ class BillMapper {
         return all.empty() ? std::nullopt : std::optional(all.back());
     }
 
-    /// The sum below, where what was found are its parts.
-    static FoundAmount wholeOf(const std::vector<FoundAmount>& all) {
+    /// The sum below, where what was found are its parts; of donations, which lists call by many
+    /// names, also where all are parts that are no fees of a member.
+    FoundAmount wholeOf(const std::vector<FoundAmount>& all) const {
         Decimal sum;
         for (const FoundAmount& one : all) {
             sum = sum + one.value();
         }
         auto whole = totalBelow(all.back());
-        return whole && whole->value() == sum ? std::move(*whole) : all.back();
+        const bool isWhole =
+            whole
+            && (whole->value() == sum || (target_.kind == Kind::spende && !hasMembersFees(*whole)));
+        return isWhole ? std::move(*whole) : all.back();
+    }
+
+    static bool hasMembersFees(const FoundAmount& total) {
+        static const Labels fees{"Mitglied*", "*beitrag", "cotisation*", "quota*", "*abonnement*",
+                                 "Eintritt*", "membre*",  "socio",       "*gebühr"};
+        return std::ranges::any_of(total.page->rows, [&](const Row& row) {
+            return !row.amounts.empty() && isAnyIn(row.folded, fees);
+        });
     }
 
     /// What remains of a total when others bear a part of it, if both stand below; else it is the

@@ -99,7 +99,7 @@ const Wanted& ownBillTotals(Kind kind) {
                                    {amount, total}},
                                   {other, possible}};
     static const Wanted daycare{{},
-                                {"exkl*", "HT"},
+                                {"exkl*", "HT", "Depot", "Kaution", "caution", "cauzione"},
                                 true,
                                 {{parents, net},
                                  {parents, paid},

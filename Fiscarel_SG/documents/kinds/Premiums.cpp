@@ -177,7 +177,8 @@ void proposePremiums(const KindContext& context, RecordsByKind& records, Proposa
         return;
     }
     // Without such a total the single premiums are added up.
-    for (const FoundAmount& one : findAmounts(ranges, plainTotals())) {
+    for (FoundAmount one : findAmounts(ranges, plainTotals())) {
+        takeWholeOfRow(one);
         if (one.value() >= 1 && (single.empty() || one.value() == sum)) {
             draft.add(
                 records.of(Record::householdDeductions, one.page->number),
