@@ -159,7 +159,7 @@ class BillMapper {
             });
             if (!all.empty() && all.back().value() >= 1) {
                 wanted_ = wanted;
-                return target_.isShared ? afterShares(all.back()) : wholeOf(all);
+                return target_.isShared ? afterShares(all.back()) : beforeAdvance(wholeOf(all));
             }
         }
         wanted_ = &plainBillTotals();
@@ -185,6 +185,35 @@ class BillMapper {
             whole
             && (whole->value() == sum || (target_.kind == Kind::spende && !hasMembersFees(*whole)));
         return isWhole ? std::move(*whole) : all.back();
+    }
+
+    /// The total that what is still open comes from, where what was paid before stands between.
+    static FoundAmount beforeAdvance(const FoundAmount& open) {
+        const PageRows& page = *open.page;
+        Decimal paidBefore;
+        for (std::size_t at = open.row; at-- > 0 && open.row - at < 6;) {
+            const Row& row = page.rows[at];
+            if (row.amounts.empty() || !row.amounts.back().amount.isFirm()) {
+                continue;
+            }
+            const RowAmount& amount = row.amounts.back();
+            if (namesAny(row, {paid}, page.isRecognised) || isAnyIn(row.folded, advances())) {
+                paidBefore = paidBefore + amount.amount.value.abs();
+            } else if (paidBefore >= 1 && amount.amount.value - paidBefore == open.value()) {
+                FoundAmount whole = open;
+                whole.row = at;
+                whole.amount = amount;
+                whole.label = textBetween(row, 0, amount.first == 0 ? 0 : amount.first - 1);
+                return whole;
+            }
+        }
+        return open;
+    }
+
+    static const Labels& advances() {
+        static const Labels words{"Anzahlung*", "Akonto*", "Vorauszahlung*", "acompte*",
+                                  "avance*",    "acconto", "anticipo"};
+        return words;
     }
 
     static bool hasMembersFees(const FoundAmount& total) {
