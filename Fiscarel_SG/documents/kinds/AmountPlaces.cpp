@@ -125,11 +125,15 @@ std::optional<Heading> headingAt(const RowRange& range, std::size_t at,
     return isHeading ? std::optional(std::move(heading)) : std::nullopt;
 }
 
+std::optional<int> yearFrom(const PrintedAmount& number) {
+    const auto year = number.isYearLike() ? number.value.toInteger() : std::nullopt;
+    return year ? std::optional(static_cast<int>(*year)) : std::nullopt;
+}
+
 /// The year a row begins with.
 std::optional<int> yearOf(const Row& row) {
     const auto first = parseAmount(row.words.empty() ? std::string() : row.words.front().text);
-    return first && first->isYearLike() ? std::optional(std::stoi(row.words.front().text))
-                                        : std::nullopt;
+    return first ? yearFrom(*first) : std::nullopt;
 }
 
 /// The amount of a column: that of the newest year, of the total, or the only one there is.
@@ -197,9 +201,9 @@ std::optional<int> newness(const Row& heading, const LabelPlace& cell, bool isRe
         words.words.push_back(heading.words[i]);
         const auto day = parseDay(heading.words[i].text);
         const auto number = parseAmount(heading.words[i].text);
-        year = day                              ? std::optional(day->year())
-               : number && number->isYearLike() ? std::optional(std::stoi(heading.words[i].text))
-                                                : year;
+        year = day                           ? std::optional(day->year())
+               : number && yearFrom(*number) ? yearFrom(*number)
+                                             : year;
     }
     static const Labels old{"alt",     "alter",      "alte",    "bisher*",   "Vorjahr*",
                             "ancien*", "précédent*", "vecchio", "precedente"};
