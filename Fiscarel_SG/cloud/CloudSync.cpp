@@ -1,5 +1,7 @@
 #include "Fiscarel_SG/cloud/CloudSync.h"
 
+#include "Fiscarel_SG/cloud/Sealing.h"
+
 #include <QSysInfo>
 #include <algorithm>
 #include <cstdio>
@@ -70,11 +72,12 @@ void CloudSync::start() {
         CommonStates::Loaded common;
     };
     context_->worker.post<std::shared_ptr<Found>>(
-        [memory = context_->memory, folder = context_->folder] {
+        [memory = context_->memory, folder = context_->folder, ours = context_->store.snapshot()] {
             auto found = std::make_shared<Found>();
             found->memory = memory.readNow();
             found->record = folder.readRecord();
-            found->common = CommonStates::load(folder, found->memory.lastState);
+            found->common =
+                CommonStates::load(folder, found->memory.lastState, sha256(encodeState(ours)));
             return found;
         },
         life_.guard([this](const std::shared_ptr<Found>& found) {

@@ -9,7 +9,7 @@
 
 namespace fiscarel {
 
-TAXCORE_RECORD(CommonStates::Kept, slot, id, sha256, version);
+TAXCORE_RECORD(CommonStates::Kept, slot, id, sha256, version, ifState);
 
 namespace {
 
@@ -22,13 +22,20 @@ TAXCORE_RECORD(KeptStates, states);
 } // namespace
 
 CommonStates::Loaded CommonStates::load(const CloudFolder& folder,
-                                        const std::optional<std::string>& lastState) {
+                                        const std::optional<std::string>& lastState,
+                                        const std::string& stateHash) {
     Loaded loaded;
     const auto kept = taxcore::fromJson<KeptStates>(lastState.value_or("{}"));
     if (!kept) {
         return loaded;
     }
-    for (const Kept& one : kept->states) {
+    for (Kept one : kept->states) {
+        if (const auto condition = std::exchange(one.ifState, std::nullopt)) {
+            loaded.isDecided = true;
+            if (*condition != stateHash) {
+                continue;
+            }
+        }
         const auto text = folder.readState(one.slot);
         const bool isNumber =
             !one.version.empty() && one.version.size() < 18
@@ -47,6 +54,9 @@ CommonStates::Loaded CommonStates::load(const CloudFolder& folder,
 void CommonStates::adopt(Loaded loaded) {
     loaded_ = std::move(loaded);
     confirmed_ = loaded_.kept.empty() ? "" : loaded_.kept.front().id;
+    if (loaded_.isDecided) {
+        keepInKeyring([] {}); // before our state changes again
+    }
 }
 
 void CommonStates::drop(std::size_t index) {
@@ -67,7 +77,8 @@ void CommonStates::confirm(const std::string& id, std::int64_t version) {
 /// Where the next one is written; the oldest of those that nobody has seen gives way.
 int CommonStates::freeSlot() {
     for (int slot = 0; slot < CloudFolder::stateFiles; ++slot) {
-        if (std::ranges::find(loaded_.kept, slot, &Kept::slot) == loaded_.kept.end()) {
+        if (std::ranges::find(loaded_.kept, slot, &Kept::slot) == loaded_.kept.end()
+            && !(expected_ && expected_->slot == slot)) {
             return slot;
         }
     }
@@ -83,36 +94,74 @@ void CommonStates::remember(const SharedStatePointer& shared, std::int64_t versi
         done({});
         return;
     }
+    const auto add = [this, shared, done](Kept kept) {
+        loaded_.kept.push_back(std::move(kept));
+        loaded_.states.push_back(shared);
+        keepInKeyring([done] { done({}); });
+    };
+    if (expected_ && expected_->id == shared->id) {
+        Kept kept = *std::exchange(expected_, std::nullopt);
+        kept.ifState.reset();
+        add(std::move(kept));
+        return;
+    }
+    const int slot = freeSlot();
+    write(shared, slot,
+          [id = shared->id, slot, version, add, done](const FileResult<void>& written,
+                                                      std::string hash) mutable {
+              written ? add({slot, id, std::move(hash), std::to_string(version)}) : done(written);
+          });
+}
+
+void CommonStates::expect(const SharedStatePointer& shared, std::int64_t version,
+                          const PersistedState& ours, std::function<void(FileResult<void>)> done) {
+    expected_.reset();
+    if (std::ranges::find(loaded_.kept, shared->id, &Kept::id) != loaded_.kept.end()) {
+        done({});
+        return;
+    }
+    const int slot = freeSlot();
+    write(shared, slot,
+          [this, id = shared->id, slot, version, ifState = sha256(encodeState(ours)),
+           done = std::move(done)](const FileResult<void>& written, std::string hash) {
+              if (!written) {
+                  done(written);
+                  return;
+              }
+              expected_ = Kept{slot, id, std::move(hash), std::to_string(version), ifState};
+              keepInKeyring([done] { done({}); });
+          });
+}
+
+void CommonStates::write(const SharedStatePointer& shared, int slot,
+                         std::function<void(FileResult<void>, std::string)> done) {
     struct Outcome {
         FileResult<void> written;
         std::string sha256;
     };
-    const int slot = freeSlot();
     writer_.post<Outcome>(
         [folder = folder_, shared, slot] {
             const std::string text = SharedState::encode(shared->lineage, shared->state);
             return Outcome{folder.writeState(slot, text), sha256(text)};
         },
-        life_.guard(
-            [this, shared, slot, version, done = std::move(done)](const Outcome& outcome) mutable {
-                if (!outcome.written) {
-                    done(outcome.written);
-                    return;
-                }
-                loaded_.kept.push_back({slot, shared->id, outcome.sha256, std::to_string(version)});
-                loaded_.states.push_back(shared);
-                keepInKeyring([done = std::move(done)] { done({}); });
-            }));
+        life_.guard([done = std::move(done)](const Outcome& outcome) {
+            done(outcome.written, outcome.sha256);
+        }));
 }
 
 void CommonStates::forget() {
     loaded_ = {};
+    expected_.reset();
     confirmed_.clear();
     keepInKeyring([] {});
 }
 
 void CommonStates::keepInKeyring(std::function<void()> done) {
-    memory_.keepLastState(taxcore::toJson(KeptStates{loaded_.kept}, taxcore::JsonStyle::compact),
+    KeptStates kept{loaded_.kept};
+    if (expected_) {
+        kept.states.push_back(*expected_);
+    }
+    memory_.keepLastState(taxcore::toJson(kept, taxcore::JsonStyle::compact),
                           life_.guard(std::move(done)));
 }
 

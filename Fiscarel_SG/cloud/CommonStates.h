@@ -26,11 +26,14 @@ class CommonStates {
         std::string id;
         std::string sha256;  ///< of the file
         std::string version; ///< that the server gives it, a whole number
+        /// SHA-256 of our state, encoded, once it has taken this one in; absent: it has.
+        std::optional<std::string> ifState = std::nullopt;
         bool operator==(const Kept&) const = default;
     };
     struct Loaded {
         std::vector<Kept> kept;
         std::vector<SharedStatePointer> states; ///< of the same order
+        bool isDecided = false;                 ///< about one that was being taken in
     };
 
     /// All must outlive it, and the work it posts.
@@ -38,7 +41,10 @@ class CommonStates {
         : folder_(folder), writer_(writer), memory_(memory) {}
 
     /// Reads what is there; on any thread. `lastState` is what the keyring holds.
-    static Loaded load(const CloudFolder& folder, const std::optional<std::string>& lastState);
+    /// `stateHash` is the SHA-256 of our state, encoded: it tells whether a state of the cloud had
+    /// been taken in when the program ended.
+    static Loaded load(const CloudFolder& folder, const std::optional<std::string>& lastState,
+                       const std::string& stateHash);
     void adopt(Loaded loaded);
 
     const std::vector<SharedStatePointer>& known() const noexcept { return loaded_.states; }
@@ -50,10 +56,17 @@ class CommonStates {
     /// that the server has given it or will.
     void remember(const SharedStatePointer& shared, std::int64_t version,
                   std::function<void(FileResult<void>)> done);
+    /// Keeps one that is about to be taken in: after a restart it is known if our state is `ours`
+    /// then, in this run once it is remembered.
+    void expect(const SharedStatePointer& shared, std::int64_t version, const PersistedState& ours,
+                std::function<void(FileResult<void>)> done);
     /// Knows nothing of a common past any more.
     void forget();
 
   private:
+    /// Writes one to the disk.
+    void write(const SharedStatePointer& shared, int slot,
+               std::function<void(FileResult<void>, std::string sha256)> done);
     int freeSlot();
     void drop(std::size_t index);
     void keepInKeyring(std::function<void()> done);
@@ -62,6 +75,7 @@ class CommonStates {
     WorkQueue& writer_;
     CloudMemory& memory_;
     Loaded loaded_;
+    std::optional<Kept> expected_;
     std::string confirmed_;
     Lifeline life_;
 };

@@ -225,14 +225,25 @@ void StateExchange::keepConflicts(const Reconciled& result, const PersistedState
         }
     }
     if (added_.empty()) {
-        apply(result, ours);
+        expect(result, ours);
         return;
     }
     context_.keepRecord([this, result, ours](const FileResult<void>& kept) {
-        kept ? apply(result, ours)
-             : finish(tl::unexpected(CloudTrouble::stopped("Der Abgleich mit der Cloud wartet: "
-                                                           + kept.error().description())));
+        kept ? expect(result, ours) : cannotRemember(kept.error());
     });
+}
+
+void StateExchange::cannotRemember(const FileError& error) {
+    finish(tl::unexpected(
+        CloudTrouble::stopped("Der Abgleich mit der Cloud wartet: " + error.description())));
+}
+
+/// The program may end before it has noted that the cloud's state was taken in.
+void StateExchange::expect(const Reconciled& result, const PersistedState& ours) {
+    context_.common->expect(theirs_, version_, result.merged.state,
+                            life_.guard([this, result, ours](const FileResult<void>& kept) {
+                                kept ? apply(result, ours) : cannotRemember(kept.error());
+                            }));
 }
 
 void StateExchange::apply(const Reconciled& result, const PersistedState& ours) {
@@ -245,13 +256,7 @@ void StateExchange::apply(const Reconciled& result, const PersistedState& ours) 
     }
     added_.clear();
     context_.status.conflicts = context_.record.conflicts;
-    context_.writer.post([] {}, life_.guard([this, lineage = result.lineage] { // behind the saving
-        if (context_.store.saveProblem()) {
-            finish(tl::unexpected(CloudTrouble::stopped(*context_.store.saveProblem())));
-            return;
-        }
-        agreed(theirs_, [this, lineage] { upload(lineage); });
-    }));
+    agreed(theirs_, [this, lineage = result.lineage] { upload(lineage); });
 }
 
 void StateExchange::agreed(const SharedStatePointer& shared, std::function<void()> then) {
@@ -263,17 +268,17 @@ void StateExchange::agreed(const SharedStatePointer& shared, std::function<void(
         then();
         return;
     }
-    context_.common->remember(
-        shared, version_,
-        life_.guard([this, shared, then = std::move(then)](const FileResult<void>& kept) {
-            if (!kept) {
-                finish(tl::unexpected(CloudTrouble::stopped("Der Abgleich mit der Cloud wartet: "
-                                                            + kept.error().description())));
-                return;
-            }
-            confirm(shared, version_);
-            then();
-        }));
+    save([this, shared, then = std::move(then)] {
+        context_.common->remember(shared, version_,
+                                  life_.guard([this, shared, then](const FileResult<void>& kept) {
+                                      if (!kept) {
+                                          cannotRemember(kept.error());
+                                          return;
+                                      }
+                                      confirm(shared, version_);
+                                      then();
+                                  }));
+    });
 }
 
 /// Notes which documents went on the way there, whoever deleted them.
@@ -347,13 +352,11 @@ void StateExchange::seal(std::vector<std::string> lineage) {
         },
         life_.guard([this](const Sealed& sealed) {
             // From now on it may lie there, whatever is answered.
-            context_.common->remember(
-                sealed.attempt, version_ + 1,
-                life_.guard([this, sealed](const FileResult<void>& kept) {
-                    kept ? send(sealed.attempt, sealed.content)
-                         : finish(tl::unexpected(CloudTrouble::stopped(
-                             "Der Abgleich mit der Cloud wartet: " + kept.error().description())));
-                }));
+            context_.common->remember(sealed.attempt, version_ + 1,
+                                      life_.guard([this, sealed](const FileResult<void>& kept) {
+                                          kept ? send(sealed.attempt, sealed.content)
+                                               : cannotRemember(kept.error());
+                                      }));
         }));
 }
 

@@ -42,6 +42,8 @@ class StateExchange {
     bool asks(bool isIncoming, const PersistedState& before, const PersistedState& after);
     void takeIn(const Reconciled& result, const PersistedState& ours);
     void keepConflicts(const Reconciled& result, const PersistedState& ours);
+    void cannotRemember(const FileError& error);
+    void expect(const Reconciled& result, const PersistedState& ours);
     void apply(const Reconciled& result, const PersistedState& ours);
     /// The cloud's state is the common one from now on.
     void agreed(const SharedStatePointer& shared, std::function<void()> then);

@@ -348,7 +348,8 @@ std::vector<SharedStatePointer> CloudSession::commonStates(const CloudMachine& m
     return kept == machine.keychain.items.end()
                ? std::vector<SharedStatePointer>{}
                : CommonStates::load(CloudFolder(*machine.fileSystem, machine.root() / "Cloud"),
-                                    std::string(kept->second.begin(), kept->second.end()))
+                                    std::string(kept->second.begin(), kept->second.end()),
+                                    sha256(encodeState(machine.state())))
                      .states;
 }
 

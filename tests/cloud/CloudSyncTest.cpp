@@ -127,6 +127,30 @@ TEST_F(CloudSyncTest, aLostAnswerIsNoConflictWithOneself) {
     expectEqual();
 }
 
+TEST_F(CloudSyncTest, whoIsKilledWhileTakingInTakesNothingBack) {
+    setUpBoth();
+    addDebts(a, 1);
+    exchange();
+    for (int pieces = 0; pieces < 16; ++pieces) {
+        SCOPED_TRACE(pieces);
+        setCash(a, 100);
+        ASSERT_TRUE(a.settle());
+        b.sync->checkNow();
+        for (int done = 0; done < pieces && b.sync->isRunning();) {
+            passTime(std::chrono::milliseconds(1));
+            done += b.workOne(true) ? 1 : 0;
+        }
+        b.crash();
+        b.start();
+        setCash(a, 0); // as it was before
+        ASSERT_TRUE(a.settle());
+        exchange();
+        EXPECT_EQ(a.store->current().cash, 0);
+        EXPECT_TRUE(b.status().conflicts.empty());
+        expectEqual();
+    }
+}
+
 TEST_F(CloudSyncTest, anUnreadableCommonStateLosesNothing) {
     setUpBoth();
     setCash(a, 100);
