@@ -1,8 +1,10 @@
 #include "Fiscarel_SG/documents/kinds/AccountFigures.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
+#include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "TaxCore/base/Iban.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace fiscarel {
@@ -80,9 +82,69 @@ class AccountMapper {
                 i + 1 < headings.size() ? headings[i + 1].row : page.rows.size();
             proposeTable(page, headings[i], end, ibans);
         }
-        if (headings.empty() && !proposeNamedRows(page, ibans)) {
+        if (headings.empty() && !proposeNamedRows(page, ibans) && !proposeColumns(page)) {
             proposeBlocks(page, ibans);
         }
+    }
+
+    /// Accounts beside each other, each with its figures in its column: each as a page of its own.
+    bool proposeColumns(const PageRows& page) {
+        for (std::size_t at = 0; at < page.rows.size() && page.number != 0; ++at) {
+            std::vector<PageRows> parts;
+            for (const LabelPlace& cell : accountCells(page, at)) {
+                parts.push_back(columnOf(page, at, cell));
+            }
+            std::erase_if(parts, [](const PageRows& part) { return part.rows.size() < 2; });
+            if (parts.size() < 2) {
+                continue;
+            }
+            for (const PageRows& part : parts) {
+                const RowRange range{&part, 0, part.rows.size()};
+                proposeEntry(figuresByLabel(range), nullptr, range);
+            }
+            return true;
+        }
+        return false;
+    }
+
+    /// The cells of a row that name accounts or loans, where no amounts stand beside them.
+    static std::vector<LabelPlace> accountCells(const PageRows& page, std::size_t at) {
+        const Row& row = page.rows[at];
+        std::vector<LabelPlace> cells;
+        const bool hasAmounts = std::ranges::any_of(
+            row.amounts, [](const RowAmount& amount) { return amount.amount.isFirm(); });
+        for (const LabelPlace& cell : hasAmounts ? std::vector<LabelPlace>() : cellsOf(row)) {
+            Row own;
+            own.words = wordsOf(row, cell);
+            if (namesAny(own, {Concept::account, Concept::debt}, page.isRecognised)) {
+                cells.push_back(cell);
+            }
+        }
+        return cells;
+    }
+
+    static PageRows withoutRows(const PageRows& page) {
+        return {.number = page.number,
+                .width = page.width,
+                .height = page.height,
+                .isRecognised = page.isRecognised,
+                .slope = page.slope};
+    }
+
+    /// The rows below a heading, with the amounts of its column only.
+    static PageRows columnOf(const PageRows& page, std::size_t at, const LabelPlace& heading) {
+        constexpr std::size_t most = 40; // rows
+        PageRows part = withoutRows(page);
+        for (std::size_t below = at + 1; below < std::min(page.rows.size(), at + most); ++below) {
+            Row row = page.rows[below];
+            std::erase_if(row.amounts, [&](const RowAmount& amount) {
+                return amount.place.left >= heading.right || amount.place.right <= heading.left;
+            });
+            if (row.amounts.size() == 1 && row.amounts[0].first > 0) {
+                part.rows.push_back(std::move(row));
+            }
+        }
+        return part;
     }
 
     /// The words before an account number, which name the account; empty when there are none.
@@ -102,11 +164,11 @@ class AccountMapper {
     bool proposeNamedRows(const PageRows& page, const std::vector<Iban>& ibans) {
         std::vector<PageRows> parts;
         for (const Iban& iban : ibans) {
-            PageRows part = page;
+            PageRows part = withoutRows(page);
             const std::string name = nameBefore(page, iban);
-            std::erase_if(part.rows, [&](const Row& row) {
-                return name.empty() || row.amounts.empty() || !row.folded.starts_with(name)
-                       || row.folded == page.rows[iban.row].folded;
+            std::ranges::copy_if(page.rows, std::back_inserter(part.rows), [&](const Row& row) {
+                return !name.empty() && !row.amounts.empty() && row.folded.starts_with(name)
+                       && row.folded != page.rows[iban.row].folded;
             });
             parts.push_back(std::move(part));
         }

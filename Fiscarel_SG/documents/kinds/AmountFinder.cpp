@@ -38,22 +38,22 @@ bool isProse(const Row& row, bool isRecognised) {
     return firm > 1 || row.amounts.back().last + 1 != end;
 }
 
-/// Whether a row says that its amount is something else. Of a heading, which names other columns
-/// too, only the own cells tell.
-bool isOther(const Row& row, const LabelPlace& place, const Wanted& wanted, bool isRecognised) {
+/// The words of a row that tell of the amount of a label: all, but of a heading, which names other
+/// columns too, only the own cell. Absent for a label that goes over several headings.
+std::optional<Row> wordsAbout(const Row& row, const LabelPlace& place) {
     const auto cells = cellsOf(row);
     if (cells.size() < 3 || std::ranges::any_of(row.amounts, isCandidate)) {
-        return namesAny(row, wanted.notMeant, isRecognised);
+        return row;
     }
-    Row own;
     for (const LabelPlace& cell : cells) {
-        for (std::size_t i = cell.first; i <= cell.last; ++i) {
-            if (cell.last >= place.first && cell.first <= place.last) {
-                own.words.push_back(row.words[i]);
-            }
+        if (cell.first <= place.first && place.last <= cell.last) {
+            Row own;
+            own.words.assign(row.words.begin() + static_cast<std::ptrdiff_t>(cell.first),
+                             row.words.begin() + static_cast<std::ptrdiff_t>(cell.last) + 1);
+            return own;
         }
     }
-    return namesAny(own, wanted.notMeant, isRecognised);
+    return std::nullopt;
 }
 
 /// Which rows are looked at for labels.
@@ -65,9 +65,16 @@ struct Pass {
     bool firmOnly = true; ///< no amounts that only their digits speak for
 };
 
-bool isLookedAt(const Row& row, const Wanted& wanted, bool isRecognised, Where where) {
-    return (where == Where::everywhere || !isProse(row, isRecognised))
-           && !isBarred(row, wanted, isRecognised);
+/// Whether a label counts where it stands: not in a sentence, nor beside words that make the amount
+/// something else.
+bool counts(const Row& row, const LabelPlace& place, const Wanted& wanted, bool isRecognised,
+            Where where) {
+    if (where == Where::columns && isProse(row, isRecognised)) {
+        return false;
+    }
+    const auto about = wordsAbout(row, place);
+    return about && !isBarred(*about, wanted, isRecognised)
+           && !namesAny(*about, wanted.notMeant, isRecognised);
 }
 
 std::vector<FoundAmount> findByLabel(const std::vector<RowRange>& ranges, const Wanted& wanted,
@@ -79,8 +86,7 @@ std::vector<FoundAmount> findByLabel(const std::vector<RowRange>& ranges, const 
                 const Row& row = range.page->rows[at];
                 const bool isRecognised = range.page->isRecognised;
                 const auto place = findLabel(row, label, isRecognised);
-                if (!place || !isLookedAt(row, wanted, isRecognised, pass.where)
-                    || isOther(row, *place, wanted, isRecognised)) {
+                if (!place || !counts(row, *place, wanted, isRecognised, pass.where)) {
                     continue;
                 }
                 auto amount = amountAt(range, at, *place, wanted);
@@ -105,8 +111,7 @@ std::vector<FoundAmount> findByMeaning(const std::vector<RowRange>& ranges, cons
             for (std::size_t at = range.first; at < range.end; ++at) {
                 const Row& row = range.page->rows[at];
                 const auto place = findMeaning(row, meaning, isRecognised);
-                if (!place || !isLookedAt(row, wanted, isRecognised, pass.where)
-                    || isOther(row, *place, wanted, isRecognised)) {
+                if (!place || !counts(row, *place, wanted, isRecognised, pass.where)) {
                     continue;
                 }
                 auto amount = amountAt(range, at, *place, wanted);

@@ -125,13 +125,25 @@ std::optional<Heading> headingAt(const RowRange& range, std::size_t at,
     return isHeading ? std::optional(std::move(heading)) : std::nullopt;
 }
 
-/// The amount of a column: that of the total, or the only one there is.
+std::optional<int> yearFrom(const PrintedAmount& number) {
+    const auto year = number.isYearLike() ? number.value.toInteger() : std::nullopt;
+    return year ? std::optional(static_cast<int>(*year)) : std::nullopt;
+}
+
+/// The year a row begins with.
+std::optional<int> yearOf(const Row& row) {
+    const auto first = parseAmount(row.words.empty() ? std::string() : row.words.front().text);
+    return first ? yearFrom(*first) : std::nullopt;
+}
+
+/// The amount of a column: that of the newest year, of the total, or the only one there is.
 std::optional<FoundAmount> amountUnder(const RowRange& range, std::size_t at,
                                        const LabelPlace& label) {
     const Labels& totals = wordsFor(Concept::total);
     const auto heading = headingAt(range, at, label);
     std::optional<FoundAmount> found;
     bool isOnly = true;
+    std::optional<int> newest; // while each row begins with a year
     for (std::size_t below = at + 1; heading && below < std::min(range.end, at + 30); ++below) {
         const Row& row = range.page->rows[below];
         for (const RowAmount& amount : row.amounts) {
@@ -139,7 +151,13 @@ std::optional<FoundAmount> amountUnder(const RowRange& range, std::size_t at,
                 || columnOf(heading->columns, amount) != heading->wanted) {
                 continue;
             }
-            isOnly = !found.has_value();
+            const auto year = yearOf(row);
+            const bool isOfYears = year && (!found || newest);
+            if (isOfYears && newest && *year <= *newest) {
+                continue;
+            }
+            isOnly = !found.has_value() || isOfYears;
+            newest = isOfYears ? year : std::nullopt;
             const LabelPlace& column = heading->columns[heading->wanted];
             found =
                 FoundAmount{.page = range.page,
@@ -183,9 +201,9 @@ std::optional<int> newness(const Row& heading, const LabelPlace& cell, bool isRe
         words.words.push_back(heading.words[i]);
         const auto day = parseDay(heading.words[i].text);
         const auto number = parseAmount(heading.words[i].text);
-        year = day                              ? std::optional(day->year())
-               : number && number->isYearLike() ? std::optional(std::stoi(heading.words[i].text))
-                                                : year;
+        year = day                           ? std::optional(day->year())
+               : number && yearFrom(*number) ? yearFrom(*number)
+                                             : year;
     }
     static const Labels old{"alt",     "alter",      "alte",    "bisher*",   "Vorjahr*",
                             "ancien*", "précédent*", "vecchio", "precedente"};
@@ -343,8 +361,8 @@ std::optional<FoundAmount> amountFor(const RowRange& range, std::size_t at, cons
 
 std::optional<FoundAmount> amountAt(const RowRange& range, std::size_t at, const LabelPlace& place,
                                     const Wanted& wanted) {
-    auto found = amountFor(range, at, place, wanted);
-    return found ? std::move(found) : amountUnder(range, at, place);
+    auto found = amountUnder(range, at, place);
+    return found ? std::move(found) : amountFor(range, at, place, wanted);
 }
 
 } // namespace fiscarel

@@ -159,7 +159,7 @@ class BillMapper {
             });
             if (!all.empty() && all.back().value() >= 1) {
                 wanted_ = wanted;
-                return target_.isShared ? afterShares(all.back()) : wholeOf(all);
+                return target_.isShared ? afterShares(all.back()) : beforeAdvance(wholeOf(all));
             }
         }
         wanted_ = &plainBillTotals();
@@ -173,14 +173,55 @@ class BillMapper {
         return all.empty() ? std::nullopt : std::optional(all.back());
     }
 
-    /// The sum below, where what was found are its parts.
-    static FoundAmount wholeOf(const std::vector<FoundAmount>& all) {
+    /// The sum below, where what was found are its parts; of donations, which lists call by many
+    /// names, also where all are parts that are no fees of a member.
+    FoundAmount wholeOf(const std::vector<FoundAmount>& all) const {
         Decimal sum;
         for (const FoundAmount& one : all) {
             sum = sum + one.value();
         }
         auto whole = totalBelow(all.back());
-        return whole && whole->value() == sum ? std::move(*whole) : all.back();
+        const bool isWhole =
+            whole
+            && (whole->value() == sum || (target_.kind == Kind::spende && !hasMembersFees(*whole)));
+        return isWhole ? std::move(*whole) : all.back();
+    }
+
+    /// The total that what is still open comes from, where what was paid before stands between.
+    static FoundAmount beforeAdvance(const FoundAmount& open) {
+        const PageRows& page = *open.page;
+        Decimal paidBefore;
+        for (std::size_t at = open.row; at-- > 0 && open.row - at < 6;) {
+            const Row& row = page.rows[at];
+            if (row.amounts.empty() || !row.amounts.back().amount.isFirm()) {
+                continue;
+            }
+            const RowAmount& amount = row.amounts.back();
+            if (namesAny(row, {paid}, page.isRecognised) || isAnyIn(row.folded, advances())) {
+                paidBefore = paidBefore + amount.amount.value.abs();
+            } else if (paidBefore >= 1 && amount.amount.value - paidBefore == open.value()) {
+                FoundAmount whole = open;
+                whole.row = at;
+                whole.amount = amount;
+                whole.label = textBetween(row, 0, amount.first == 0 ? 0 : amount.first - 1);
+                return whole;
+            }
+        }
+        return open;
+    }
+
+    static const Labels& advances() {
+        static const Labels words{"Anzahlung*", "Akonto*", "Vorauszahlung*", "acompte*",
+                                  "avance*",    "acconto", "anticipo"};
+        return words;
+    }
+
+    static bool hasMembersFees(const FoundAmount& total) {
+        static const Labels fees{"Mitglied*", "*beitrag", "cotisation*", "quota*", "*abonnement*",
+                                 "Eintritt*", "membre*",  "socio",       "*gebühr"};
+        return std::ranges::any_of(total.page->rows, [&](const Row& row) {
+            return !row.amounts.empty() && isAnyIn(row.folded, fees);
+        });
     }
 
     /// What remains of a total when others bear a part of it, if both stand below; else it is the

@@ -99,7 +99,7 @@ const Wanted& ownBillTotals(Kind kind) {
                                    {amount, total}},
                                   {other, possible}};
     static const Wanted daycare{{},
-                                {"exkl*", "HT"},
+                                {"exkl*", "HT", "Depot", "Kaution", "caution", "cauzione"},
                                 true,
                                 {{parents, net},
                                  {parents, paid},
@@ -122,7 +122,9 @@ const Wanted& ownBillTotals(Kind kind) {
                                  {paid},
                                  {total},
                                  {fee, total},
-                                 {amount, total}},
+                                 {amount, total},
+                                 {childcare},
+                                 {fee}},
                                 {other, refunded, publicShare, possible}};
     static const Wanted courses{{},
                                 {"exkl*", "HT"},

@@ -113,6 +113,51 @@ const Labels& securities() {
     return words;
 }
 
+/// Without any of these a document is no pension fund's.
+const Labels& provision() {
+    static const Labels words{"*vorsorge*",
+                              "*pension*",
+                              "*rente*",
+                              "*säule*",
+                              "BVG",
+                              "LPP",
+                              "BPVG",
+                              "AHV*",
+                              "prévoyance",
+                              "pilier",
+                              "rente*",
+                              "previdenza*",
+                              "pilastro",
+                              "rendita",
+                              "*alters*",
+                              "Sammelstiftung",
+                              "*personalstiftung*",
+                              "*sammeleinrichtung*",
+                              "Freizügigkeit*",
+                              "retraite",
+                              "vieillesse",
+                              "vecchiaia",
+                              "assurance-vieillesse",
+                              "Versicherungsjahre*",
+                              "années d'assurance",
+                              "anni di assicurazione"};
+    return words;
+}
+
+/// Insurances of things and liabilities, which have sums and premiums too.
+const Labels& ofThings() {
+    static const Labels words{"Hausrat*",          "*haftpflicht*",      "Motorfahrzeug*",
+                              "Rechtsschutz*",     "Reiseversicherung*", "Gebäudeversicherung*",
+                              "Autoversicherung*", "assurance ménage",   "responsabilité civile",
+                              "assurance auto*",   "mobilia domestica",  "responsabilità civile"};
+    return words;
+}
+const Labels& ofLives() {
+    static const Labels words{"*leben*", "*todesfall*", "*rückkauf*", "vie",     "décès",
+                              "rachat",  "vita",        "decesso",    "riscatto"};
+    return words;
+}
+
 /// Whether the head of a document is a pension fund's, and not that of the form which serves wages
 /// and pensions.
 bool isOfPensionFund(const std::string& title) {
@@ -197,6 +242,12 @@ KindVerdict weighKind(const DocumentRows& document, bool isWageProven) {
         scores[Kind::bankauszug] += scores[Kind::steuerauszug] / 2;
         scores[Kind::steuerauszug] = 0;
     }
+    if (!isAnyIn(document.folded, provision())) { // one buys in shops as well
+        scores[Kind::pensionskasse] = 0;
+    }
+    if (isAnyIn(title, ofThings()) && !isAnyIn(document.folded, ofLives())) {
+        scores[Kind::versicherung] = 0;
+    }
     if (isPensionPaper(document) && isOfPensionFund(title)) {
         scores[Kind::pensionskasse] += fundsPension;
     }
@@ -240,6 +291,12 @@ bool isPensionPaper(const DocumentRows& document) {
                               "ausgerichtete* Rente*",
                               "Renten",
                               "Rentenbezug*",
+                              "der Rente",
+                              "Ihre Rente",
+                              "Ihrer Rente",
+                              "Rente 20*",
+                              "rentes 20*",
+                              "rendita 20*",
                               "Leistungsausweis",
                               "Altersrente",
                               "*auszahlung",

@@ -28,7 +28,7 @@ struct KindExclusion {
     int weight = 0;
 };
 
-/// Annexes on employee shares, tax returns, shop receipts.
+/// Annexes on employee shares, tax returns, payslips, offers, shop receipts.
 const std::vector<KindExclusion>& kindExclusions();
 
 } // namespace fiscarel

@@ -1,6 +1,6 @@
 #include "Fiscarel_SG/documents/kinds/PersonParts.h"
 
-#include "Fiscarel_SG/documents/text/FoldedText.h"
+#include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 
 #include <algorithm>
 #include <set>
@@ -186,13 +186,12 @@ class Search {
                 if (names.size() != 1 || isOther || !std::ranges::any_of(row.amounts, isWorthy)) {
                     continue;
                 }
-                const RowAmount* last = nullptr;
-                for (const RowAmount& amount : row.amounts) {
-                    last = isWorthy(amount) && amount.first > names[0].last ? &amount : last;
-                }
-                if (last != nullptr) {
-                    add(names[0],
-                        {.page = &page, .row = at, .amount = *last, .label = names[0].text});
+                const LabelPlace place{names[0].first, names[0].last,
+                                       row.words[names[0].first].place.left,
+                                       row.words[names[0].last].place.right};
+                auto hit = amountFor({&page, 0, page.rows.size()}, at, place, wanted_);
+                if (hit && hit->row == at && hit->isAlone && isWorthy(hit->amount)) {
+                    add(names[0], std::move(*hit));
                 }
             }
         }
@@ -241,14 +240,29 @@ class Search {
                 }
             }
             for (std::size_t i = 0; i < starts.size(); ++i) {
-                const std::size_t end =
-                    i + 1 < starts.size() ? starts[i + 1].first : page.rows.size();
-                const auto hit = findFirst({RowRange{&page, starts[i].first, end}}, wanted_);
+                const bool isLast = i + 1 == starts.size();
+                const std::size_t end = isLast ? page.rows.size() : starts[i + 1].first;
+                auto hit = findFirst({RowRange{&page, starts[i].first, end}}, wanted_);
+                if (hit && isLast) {
+                    hit = withoutCommonTotal(page, starts[i].first, std::move(*hit));
+                }
                 if (hit && hit->value() >= 1) {
-                    add(starts[i].second, *hit);
+                    add(starts[i].second, std::move(*hit));
                 }
             }
         }
+    }
+
+    /// What stands behind the last name may be the total of all: then the amount above it counts.
+    std::optional<FoundAmount> withoutCommonTotal(const PageRows& page, std::size_t first,
+                                                  FoundAmount hit) const {
+        Decimal others;
+        for (const PersonAmount& one : found_) {
+            others = others + one.found.value();
+        }
+        auto own = findFirst({RowRange{&page, first, hit.row}}, wanted_);
+        return own && own->value() + others == hit.value() ? std::move(own)
+                                                           : std::optional(std::move(hit));
     }
 
     void add(const Name& name, FoundAmount found) {

@@ -86,7 +86,8 @@ std::vector<FoundAmount> findSingles(const std::vector<RowRange>& ranges) {
     for (const Wanted& wanted : singlePremiums()) {
         for (FoundAmount& one : findAmounts(ranges, wanted)) {
             const bool isKnown = std::ranges::any_of(singles, [&](const FoundAmount& other) {
-                return other.page == one.page && other.row == one.row;
+                return other.page == one.page && other.row == one.row
+                       && other.amount.first == one.amount.first;
             });
             if (!isKnown && one.value() >= 1) {
                 singles.push_back(std::move(one));
@@ -113,6 +114,24 @@ std::vector<ProposalCheck> premiumChecks(const std::vector<RowRange>& ranges,
     return checks;
 }
 
+/// Of a row with the premiums by law and all together the latter: what the others add up to.
+void takeWholeOfRow(FoundAmount& found) {
+    Decimal sum;
+    const RowAmount* largest = nullptr;
+    int count = 0;
+    for (const RowAmount& amount : found.rowOf().amounts) {
+        if (amount.amount.isFirm()) {
+            sum = sum + amount.amount.value;
+            ++count;
+            const bool isLarger = largest == nullptr || amount.amount.value > largest->amount.value;
+            largest = isLarger ? &amount : largest;
+        }
+    }
+    if (count >= 3 && sum == largest->amount.value * 2) {
+        found.amount = *largest;
+    }
+}
+
 /// Whether an amount "to be borne by you" is a premium: the total, or what remains of it.
 bool isPremium(const std::vector<RowRange>& ranges, const Decimal& value) {
     const auto reduction = findLast(ranges, reductions());
@@ -131,7 +150,10 @@ bool isPremium(const std::vector<RowRange>& ranges, const Decimal& value) {
 
 void proposePremiums(const KindContext& context, RecordsByKind& records, ProposalDraft& draft) {
     const auto ranges = wholeDocument(context.document);
-    const auto gross = findLast(ranges, grossPremiums());
+    auto gross = findLast(ranges, grossPremiums());
+    if (gross) {
+        takeWholeOfRow(*gross);
+    }
     const auto single = findSingles(ranges);
     Decimal sum;
     for (const FoundAmount& one : single) {
@@ -155,7 +177,8 @@ void proposePremiums(const KindContext& context, RecordsByKind& records, Proposa
         return;
     }
     // Without such a total the single premiums are added up.
-    for (const FoundAmount& one : findAmounts(ranges, plainTotals())) {
+    for (FoundAmount one : findAmounts(ranges, plainTotals())) {
+        takeWholeOfRow(one);
         if (one.value() >= 1 && (single.empty() || one.value() == sum)) {
             draft.add(
                 records.of(Record::householdDeductions, one.page->number),

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
 #include <utility>
 
 namespace fiscarel {
@@ -71,12 +72,49 @@ void straightenBends(PageRows& page) {
     page.rows = std::move(rows);
 }
 
+bool isGroup(std::string_view text, std::size_t fewest) {
+    const std::size_t end = text.find_first_not_of("0123456789");
+    const std::size_t digits = std::min(end, text.size());
+    const bool endsSo = end == std::string_view::npos || text[end] == '.' || text[end] == ',';
+    return digits >= fewest && digits <= 3 && endsSo;
+}
+
+/// "CHF 627" at the end of a line and "000.00" at the beginning of the next are one amount, which
+/// moves to the next.
+void joinOverLines(PageRows& page) {
+    for (std::size_t at = 0; at + 1 < page.rows.size(); ++at) {
+        Row& row = page.rows[at];
+        Row& next = page.rows[at + 1];
+        if (row.words.size() < 4 || next.words.empty()) {
+            continue;
+        }
+        const RowWord& last = row.words.back();
+        const bool isTorn = isGroup(last.text, 1) && isGroup(next.words.front().text, 3)
+                            && last.text.find_first_of(".,") == std::string::npos;
+        const bool isMoney = isFrancs(row.words[row.words.size() - 2].text)
+                             || (next.words.size() > 1 && isFrancs(next.words[1].text));
+        if (!isTorn || !isMoney) {
+            continue;
+        }
+        std::vector<RowWord> joined = next.words;
+        RowWord head = last;
+        const double width = head.place.width();
+        const PagePlace& first = joined.front().place;
+        head.place = {first.left - width - 2, first.top, first.left - 2, first.bottom};
+        joined.insert(joined.begin(), std::move(head));
+        std::vector<RowWord> rest(row.words.begin(), row.words.end() - 1);
+        page.rows[at + 1] = rowOfWords(std::move(joined), page.isRecognised);
+        page.rows[at] = rowOfWords(std::move(rest), page.isRecognised);
+    }
+}
+
 } // namespace
 
 void mend(PageRows& page) {
     if (page.isRecognised) {
         straightenBends(page);
     }
+    joinOverLines(page);
     firmColumns(page);
 }
 

@@ -4,9 +4,9 @@
 
 namespace fiscarel {
 
-/// Puts right what single rows cannot tell: bare numbers in a column of amounts are amounts, and on
-/// a photographed sheet, which bends, amounts in a row of their own stand beside their labels
-/// again.
+/// Puts right what single rows cannot tell: an amount that goes over two lines is one, bare numbers
+/// in a column of amounts are amounts, and on a photographed sheet, which bends, amounts in a row
+/// of their own stand beside their labels again.
 void mend(PageRows& page);
 
 } // namespace fiscarel
