@@ -11,6 +11,7 @@
 #include <new>
 #include <thread>
 #include <utility>
+#include <vector>
 
 namespace fiscarel::reader {
 
@@ -83,8 +84,8 @@ std::unique_ptr<Document> openAndPlan(Shared& shared) {
     for (PageTask& task : tasks) {
         constexpr std::size_t fewOnScan = 12; // a stamp or page number over a scan
         const std::size_t words = task.text.words.size();
-        const bool isScan = isRecognised || words < fewWords
-                            || (words < fewOnScan && document.isScan(task.page));
+        const bool isScan =
+            isRecognised || words < fewWords || (words < fewOnScan && document.isScan(task.page));
         task.wantsRecognition = isScan && scans < bounds::recognisedPages;
         scans += isScan ? 1 : 0;
     }
@@ -186,6 +187,34 @@ Scanned resultOf(Shared& shared) {
     return result;
 }
 
+/// The threads that read. Those that are not waited for go on by themselves: they may hang.
+class Crew {
+  public:
+    explicit Crew(std::shared_ptr<Shared> shared) : shared_(std::move(shared)) {}
+    ~Crew() {
+        for (std::thread& thread : threads_) {
+            thread.detach();
+        }
+    }
+    Crew(const Crew&) = delete;
+    Crew& operator=(const Crew&) = delete;
+
+    void add(bool opens) {
+        threads_.emplace_back([shared = shared_, opens] { runThread(shared, opens); });
+    }
+    /// Waits for threads that have nothing left to do, so that none is in the midst of ending when
+    /// the process ends.
+    void end() {
+        for (std::thread& thread : std::exchange(threads_, {})) {
+            thread.join();
+        }
+    }
+
+  private:
+    std::shared_ptr<Shared> shared_;
+    std::vector<std::thread> threads_;
+};
+
 std::optional<Fault> problemOf(const Shared& shared) {
     if (shared.finished < shared.total) {
         if (shared.finished == 0) {
@@ -215,18 +244,21 @@ std::optional<Fault> problemOf(const Shared& shared) {
 
 Scanned scanDocument(std::string_view bytes, const ScanOptions& options) {
     const auto shared = std::make_shared<Shared>(bytes, options.deadline);
-    std::thread([shared] { runThread(shared, true); }).detach();
+    Crew crew(shared);
+    crew.add(true);
     std::unique_lock lock(shared->mutex);
     const auto isPlanned = [&] { return shared->isOpen || shared->fault; };
     if (!shared->changed.wait_until(lock, options.deadline, isPlanned)) {
         return {.problem = "Das Öffnen dieses Dokuments dauerte zu lange."};
     }
     if (shared->fault) {
+        lock.unlock();
+        crew.end();
         return {.problem = shared->fault};
     }
     const auto threads = std::min(options.threads, static_cast<unsigned>(shared->total));
     for (unsigned i = 1; i < threads; ++i) {
-        std::thread([shared] { runThread(shared, false); }).detach();
+        crew.add(false);
     }
     // The threads stop at the deadline by themselves; one that hangs in a page is not waited for.
     const auto end = options.deadline + std::chrono::seconds(1);
@@ -243,6 +275,11 @@ Scanned scanDocument(std::string_view bytes, const ScanOptions& options) {
     }
     Scanned result = resultOf(*shared);
     result.problem = problemOf(*shared);
+    const bool isDone = shared->finished == shared->total;
+    lock.unlock();
+    if (isDone) {
+        crew.end();
+    }
     return result;
 }
 
