@@ -32,7 +32,6 @@ std::optional<ProposalCheck> columnCheck(const FoundAmount& total) {
         return std::nullopt; // lines of text have no columns
     }
     Decimal sum;
-    Decimal last;
     int count = 0;
     for (std::size_t at = total.row; at-- > 0 && total.row - at < 40;) {
         const Row& row = total.page->rows[at];
