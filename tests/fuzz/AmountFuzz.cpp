@@ -13,6 +13,7 @@
 
 using namespace fiscarel;
 using fiscarel::testing::require;
+using taxcore::Decimal;
 
 namespace {
 

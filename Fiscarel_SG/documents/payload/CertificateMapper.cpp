@@ -16,7 +16,7 @@ class CertificateMapper {
   public:
     CertificateMapper(pugi::xml_node root, pugi::xml_node certificate, const JoinedPayload& payload,
                       const SalaryForm* form, ProposalDraft& draft)
-        : root_(root), certificate_(certificate), payload_(payload), form_(form), draft_(draft),
+        : root_(root), certificate_(certificate), form_(form), draft_(draft),
           page_(payload.pages.front()) {}
 
     void propose(bool isPension) {
@@ -159,7 +159,6 @@ class CertificateMapper {
 
     pugi::xml_node root_;
     pugi::xml_node certificate_;
-    const JoinedPayload& payload_;
     const SalaryForm* form_;
     ProposalDraft& draft_;
     int page_;
