@@ -77,19 +77,30 @@ tl::expected<void, Refusal> takeRate(const Call& call, RateLimits::Kind ofAddres
     return {};
 }
 
+/// The address somebody signs in with, once the limits allow another attempt.
+tl::expected<std::string, Refusal> addressFor(const Call& call, const std::string& asked,
+                                              RateLimits::Kind ofAddress,
+                                              RateLimits::Kind ofClient) {
+    auto email = emailAddressOf(asked);
+    if (!email) {
+        return refuse(400, "email");
+    }
+    if (auto rate = takeRate(call, ofAddress, ofClient, *email); !rate) {
+        return tl::unexpected(rate.error());
+    }
+    return std::move(*email);
+}
+
 /// The same for every address, whether or not there is an account or may be one.
 Answer requestCode(const Call& call) {
     const auto asked = wire::read<wire::CodeRequest>(call.body);
     if (!asked) {
         return malformed();
     }
-    const auto email = emailAddressOf(asked->email);
-    if (!email) {
-        return refuse(400, "email");
-    }
     using Kind = RateLimits::Kind;
-    if (auto rate = takeRate(call, Kind::codesOfAddress, Kind::codesOfClient, *email); !rate) {
-        return tl::unexpected(rate.error());
+    const auto email = addressFor(call, asked->email, Kind::codesOfAddress, Kind::codesOfClient);
+    if (!email) {
+        return tl::unexpected(email.error());
     }
     const std::string code = call.services.store.change(
         [&](Database& database) { return call.services.codes.issue(database, *email, call.now); });
@@ -117,13 +128,10 @@ Answer verifyCode(const Call& call) {
     if (!asked) {
         return malformed();
     }
-    const auto email = emailAddressOf(asked->email);
-    if (!email) {
-        return refuse(400, "email");
-    }
     using Kind = RateLimits::Kind;
-    if (auto rate = takeRate(call, Kind::triesOfAddress, Kind::triesOfClient, *email); !rate) {
-        return tl::unexpected(rate.error());
+    const auto email = addressFor(call, asked->email, Kind::triesOfAddress, Kind::triesOfClient);
+    if (!email) {
+        return tl::unexpected(email.error());
     }
     const std::string device = deviceNameOf(asked->aparato);
     // Code, account and session in one go: who was told of no session has used up no code.

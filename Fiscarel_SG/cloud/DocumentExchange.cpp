@@ -14,10 +14,6 @@ constexpr std::string_view receiptsBlock = "recibos";
 constexpr int mostAttempts = 8; ///< of one run, while others write the map
 constexpr std::size_t sealedExtra = CloudCrypto::nonceSize + CloudCrypto::tagSize;
 
-bool isIn(const std::vector<StoredDocument>& documents, const Uuid& id) {
-    return std::ranges::find(documents, id, &StoredDocument::id) != documents.end();
-}
-
 std::string nameOf(const Uuid& document) { return "recibo:" + document.toString(); }
 
 std::string_view view(const QByteArray& bytes) {

@@ -124,4 +124,8 @@ Reconciled reconcile(const std::vector<SharedStatePointer>& known, const Persist
     return result;
 }
 
+bool isIn(const std::vector<StoredDocument>& documents, const Uuid& id) {
+    return std::ranges::find(documents, id, &StoredDocument::id) != documents.end();
+}
+
 } // namespace fiscarel

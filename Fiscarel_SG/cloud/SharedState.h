@@ -48,4 +48,7 @@ struct Reconciled {
 Reconciled reconcile(const std::vector<SharedStatePointer>& known, const PersistedState& ours,
                      const SharedStatePointer& theirs, bool forgetsBase = false);
 
+/// Whether a document of an id is among some.
+bool isIn(const std::vector<StoredDocument>& documents, const Uuid& id);
+
 } // namespace fiscarel

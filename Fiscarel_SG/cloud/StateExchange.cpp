@@ -12,10 +12,6 @@ namespace {
 constexpr std::string_view stateBlock = "estado";
 constexpr int mostAttempts = 8; ///< of one run, while others keep writing
 
-bool isIn(const std::vector<StoredDocument>& documents, const Uuid& id) {
-    return std::ranges::find(documents, id, &StoredDocument::id) != documents.end();
-}
-
 } // namespace
 
 void StateExchange::run(Done done) {
