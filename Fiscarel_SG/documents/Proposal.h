@@ -37,14 +37,11 @@ struct ProposedRecord {
     std::optional<taxcore::Date> birthDate;
     std::string socialSecurityNumber; ///< 756.…, as printed
     std::string advice; ///< German, what the user must know before taking it over; empty: nothing
-    /// Indices of the document's records which this one states as one total: either they are taken
-    /// over or it is, never both. Usually empty.
-    std::vector<int> alternativeTo;
 
     bool operator==(const ProposedRecord&) const = default;
 };
 TAXCORE_RECORD(ProposedRecord, kind, title, page, year, personName, birthDate, socialSecurityNumber,
-               advice, alternativeTo);
+               advice);
 
 /// Something by which a proposed value was tested.
 struct ProposalCheck {

@@ -182,7 +182,7 @@ class StatementMapper {
                 number = attributeOf(entry.node, "bankAccountNumber");
             }
             const int index = record(ProposedRecord::Kind::security, "Konto " + number);
-            entries_.push_back(index);
+            ++entryCount_;
             draft_.add(index, "kind", std::string("konto"), words());
             draft_.add(index, "institution", institution_, words());
             draft_.add(index, "description", attributeOf(entry.node, "bankAccountName"), words());
@@ -213,7 +213,7 @@ class StatementMapper {
                 number = attributeOf(entry.node, "valorNumber");
             }
             const int index = record(ProposedRecord::Kind::security, name.empty() ? number : name);
-            entries_.push_back(index);
+            ++entryCount_;
             draft_.add(index, "kind", std::string("wertschrift"), words());
             draft_.add(index, "institution", institution_, words());
             draft_.add(index, "description", name, words());
@@ -241,18 +241,17 @@ class StatementMapper {
 
     void proposeTotal() {
         const Figures stated = totalsOf(statement_);
-        const auto check = sumCheck("Einträge", sum_, stated, entries_.size());
+        const auto check = sumCheck("Einträge", sum_, stated, entryCount_);
         const std::string yearText = year_ ? ' ' + std::to_string(*year_) : std::string();
         const int index = record(ProposedRecord::Kind::security,
                                  "Steuerauszug " + institution_ + yearText + " (Total)");
         draft_.record(index).advice =
             "Entweder dieses Total oder die einzelnen Konten und Wertschriften übernehmen, nicht "
             "beides.";
-        draft_.record(index).alternativeTo = entries_;
         draft_.add(index, "kind", std::string("steuerauszug"), words());
         draft_.add(index, "institution", institution_, words());
         draft_.add(index, "description", "Steuerauszug" + yearText, words());
-        addFigures(index, stated, entries_.empty() ? std::nullopt : check);
+        addFigures(index, stated, entryCount_ == 0 ? std::nullopt : check);
     }
 
     void proposeDebts() {
@@ -307,7 +306,7 @@ class StatementMapper {
     std::string number_;
     std::optional<int> year_;
     Figures sum_;
-    std::vector<int> entries_;
+    std::size_t entryCount_ = 0;
 };
 
 } // namespace
