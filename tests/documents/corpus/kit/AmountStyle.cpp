@@ -31,6 +31,9 @@ QString AmountStyle::plain(Cents cents) const {
     if (rest == 0 && fraction == Fraction::doubleDash) {
         return whole + ".--";
     }
+    if (rest == 0 && fraction == Fraction::hyphen) {
+        return whole + ".-";
+    }
     if (rest == 0 && fraction == Fraction::onlyWhenNeeded) {
         return whole;
     }

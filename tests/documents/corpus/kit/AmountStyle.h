@@ -7,7 +7,7 @@ namespace corpus {
 
 /// How one issuer writes amounts.
 struct AmountStyle {
-    enum class Fraction { always, dash, doubleDash, onlyWhenNeeded };
+    enum class Fraction { always, dash, doubleDash, hyphen, onlyWhenNeeded };
     enum class Currency { none, before, after };
 
     QString mark = "’"; ///< between thousands

@@ -5,10 +5,11 @@ namespace corpus {
 std::vector<Layout> layoutsOf(bool held) {
     std::vector<Layout> chosen;
     for (const auto& group :
-         {salaryForms(), salaryPapers(), pensionPapers(), pillarPapers(), buyInPapers(),
-          premiumPapers(), bankPapers(), statementPapers(), billPapers(), donationPapers(),
-          childcarePapers(), coursePapers(), insurancePapers(), propertyPapers(), otherPapers(),
-          scriptedMoneyPapers(), scriptedWorkPapers(), scriptedLifePapers()}) {
+         {salaryForms(),        salaryPapers(),       pensionPapers(),    pillarPapers(),
+          buyInPapers(),        premiumPapers(),      bankPapers(),       statementPapers(),
+          billPapers(),         donationPapers(),     childcarePapers(),  coursePapers(),
+          insurancePapers(),    propertyPapers(),     otherPapers(),      scriptedMoneyPapers(),
+          scriptedWorkPapers(), scriptedLifePapers(), townFamilyPapers(), townWealthPapers()}) {
         for (const Layout& layout : group) {
             if (layout.held == held) {
                 chosen.push_back(layout);

@@ -35,6 +35,8 @@ std::vector<Layout> otherPapers();
 std::vector<Layout> scriptedMoneyPapers();
 std::vector<Layout> scriptedWorkPapers();
 std::vector<Layout> scriptedLifePapers();
+std::vector<Layout> townFamilyPapers();
+std::vector<Layout> townWealthPapers();
 
 /// Every layout of the training set or of the held-out set.
 std::vector<Layout> layoutsOf(bool held);

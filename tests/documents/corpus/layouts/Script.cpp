@@ -18,6 +18,7 @@ class Player {
           size_(draft.random.pick(std::vector<double>{8.5, 9, 9.5, 10})),
           dateForm_(draft.random.between(0, 6)), minus_(draft.random.between(0, 3)) {}
 
+    void play(const QStringList& lines);
     void run(const QString& line);
 
   private:
@@ -33,6 +34,8 @@ class Player {
     void head(const QString& arguments);
     void plainHead(int arrangement, const QString& addressee);
     void pair(const QString& command, const Cells& c);
+    void below(const Cells& c);
+    void per(const QString& list, const QStringList& lines);
     void form(const Cells& c);
     void cell(const Cells& c);
     void setColumns(const QString& arguments);
@@ -53,6 +56,7 @@ class Player {
     int gridWidth_ = 2;
     int gridPlace_ = 0;
     double gridTop_ = 0;
+    bool wide_ = false;
 };
 
 QString Player::dateText(QDate day) const {
@@ -216,7 +220,8 @@ void Player::plainHead(int arrangement, const QString& addressee) {
 }
 
 void Player::head(const QString& arguments) {
-    paper_.newPage();
+    paper_.newPage(wide_);
+    paper_.right += wide_ ? 87 : 0;
     const QString whom = arguments.section(' ', 1);
     const Family& family = draft_.family;
     const QString both = family.one.name() + draft_.t(" und ", " et ", " e ") + family.two.name();
@@ -258,6 +263,17 @@ void Player::pair(const QString& command, const Cells& c) {
         paper_.entry(c[0], c[1], paper_.fitted(c[0], type, 164 - paper_.width(c[1], type)),
                      command == "dots");
     }
+}
+
+void Player::below(const Cells& c) {
+    const double width = 168.0 / static_cast<double>(c.size() / 2);
+    paper_.space(9);
+    for (qsizetype i = 0; i + 1 < c.size(); i += 2) {
+        const double x = paper_.left + width * static_cast<double>(i / 2);
+        paper_.put(x, paper_.y, c[i], paper_.fitted(c[i], {size_ + 1.5, true}, width - 3));
+        paper_.put(x, paper_.y + 4.4, c[i + 1], paper_.fitted(c[i + 1], {7.5}, width - 3));
+    }
+    paper_.space(7);
 }
 
 void Player::form(const Cells& c) {
@@ -338,6 +354,35 @@ void Player::each(const QString& arguments) {
     }
 }
 
+/// What an item tells goes before what the whole paper tells.
+void Player::per(const QString& list, const QStringList& lines) {
+    const Facts* const whole = facts_;
+    for (const Facts& item : whole->lists.at(list)) {
+        Facts inner = item;
+        inner.amounts.insert(whole->amounts.begin(), whole->amounts.end());
+        inner.texts.insert(whole->texts.begin(), whole->texts.end());
+        inner.dates.insert(whole->dates.begin(), whole->dates.end());
+        facts_ = &inner;
+        play(lines);
+        facts_ = whole;
+    }
+}
+
+void Player::play(const QStringList& lines) {
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        const QString line = lines[i].trimmed();
+        if (line.startsWith("per ")) {
+            QStringList inner;
+            for (++i; i < lines.size() && lines[i].trimmed() != "endper"; ++i) {
+                inner += lines[i];
+            }
+            per(line.mid(4), inner);
+        } else if (!line.isEmpty()) {
+            run(line);
+        }
+    }
+}
+
 void Player::bill(const QString& arguments) {
     const Cents amount = facts_->amounts.at(arguments.section(' ', 0, 0));
     const QString message = expanded(arguments.section(' ', 1));
@@ -366,6 +411,8 @@ bool Player::layOut(const QString& command, const QString& rest) {
         paper_.put(paper_.right, 14, draft_.issuer.name + "   2/2",
                    {7.5, false, Align::right, false, greyInk});
         paper_.y = 24;
+    } else if (command == "wide") {
+        wide_ = true;
     } else if (command == "cols") {
         setColumns(rest);
     } else if (command == "grid") {
@@ -414,6 +461,8 @@ void Player::run(const QString& line) {
         form(c);
     } else if (command == "cell") {
         cell(c);
+    } else if (command == "below") {
+        below(c);
     } else if (command == "foot") {
         draft_.footer(c.join(' '));
     } else if (QStringList{"entry", "dots", "sum", "band", "mid", "colon", "left", "leftsum",
@@ -435,11 +484,7 @@ void drawScript(Draft& draft, const Facts& facts, const char* script) {
         draft.money.fraction = AmountStyle::Fraction::onlyWhenNeeded;
     }
     Player player(draft, facts);
-    for (const QString& line : QString::fromUtf8(script).split('\n')) {
-        if (!line.trimmed().isEmpty()) {
-            player.run(line.trimmed());
-        }
-    }
+    player.play(QString::fromUtf8(script).split('\n'));
     const double lowest = draft.payload ? 175 : 250; // above the part for payment, or the foot
     if (draft.paper.y < lowest && draft.random.chance(45)) {
         draft.paper.space(4);

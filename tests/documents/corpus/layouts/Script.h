@@ -20,13 +20,16 @@ struct Facts {
 ///   entry dots sum band mid colon L ; V label and value; sum is bold, band shaded, mid left-set
 ///   left leftsum V ; L                  the amount before its label
 ///   above L ; V                         the label over its amount
+///   below V ; L ; V ; L …               amounts beside each other, each over its label
 ///   form N ; L ; V                      a boxed line with a number
 ///   side L ; V ; L ; V                  two pairs beside each other
 ///   grid N, cell L ; V …, endgrid       boxes, N in a row
 ///   cols 22 120r 190r, th tr tb C ; …   a table: where columns stand, head, row, bold row
 ///   each LIST C ; …                     a row per item; "each LIST !COMMAND …" any other command
+///   per LIST … endper                   the lines between once per item, whose lists count too
 ///   bill AMOUNT T                       the part for payment, where the layout has one
 ///   gap N, rule, page, foot T
+///   wide                                before the head: the sheet lies on its long side
 ///   maybe N COMMAND …                   in N of a hundred papers
 /// In texts stand {name} (an amount: digits; {name!} with the currency, {name~} as the issuer
 /// writes it, {name?} empty when zero, {-name} taken off), [one|another] wording, @key a wording
