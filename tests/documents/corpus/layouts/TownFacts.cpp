@@ -21,6 +21,11 @@ std::vector<Someone> childrenOf(Draft& draft, int count) {
     return children;
 }
 
+/// What the Confederation lets deduct per child at the most; printed in many a note.
+Cents federalCap(const Draft& draft) {
+    return draft.year < 2023 ? 1010000 : draft.year < 2024 ? 2500000 : 2550000;
+}
+
 void noteCare(Draft& draft, const Someone& child, Cents paid) {
     draft.record("child", child).amount("childcareCosts", paid);
 }
@@ -68,6 +73,7 @@ Facts careTable(Draft& draft, int count) {
         facts.lists["children"].push_back(child);
     }
     facts.amounts["rate"] = draft.odd(88, 130);
+    facts.amounts["cap"] = federalCap(draft);
     return facts;
 }
 
@@ -193,6 +199,7 @@ Facts careMealsFacts(Draft& draft) {
     }
     facts.amounts["total"] = facts.amounts["care"] + facts.amounts["meals"];
     facts.amounts["meal"] = meal;
+    facts.amounts["cap"] = federalCap(draft);
     noteCare(draft, draft.family.child, facts.amounts["care"]);
     return facts;
 }
@@ -243,6 +250,8 @@ Facts subsidyFacts(Draft& draft) {
         facts.lists["children"].push_back(one);
     }
     facts.amounts["income"] = draft.francs(38000, 120000, 100);
+    facts.amounts["wealth"] = draft.francs(10000, 290000, 1000);
+    facts.amounts["cap"] = federalCap(draft);
     return facts;
 }
 
@@ -259,12 +268,13 @@ Facts halfYearFacts(Draft& draft) {
         facts.amounts["amount"] += month.amounts["part"];
         facts.lists["months"].push_back(month);
     }
-    facts.texts["half"] = second ? "2. Halbjahr" : "1. Halbjahr";
+    facts.texts["term"] = second ? "2. Halbjahr" : "1. Halbjahr";
     facts.dates["from"] = QDate(draft.year, second ? 7 : 1, 1);
     facts.dates["until"] = second ? QDate(draft.year, 12, 31) : QDate(draft.year, 6, 30);
     facts.amounts["entry"] = draft.francs(50, 250, 50);
     facts.amounts["rate"] = rate;
-    facts.amounts["half"] = rate / 10 * 7;
+    facts.amounts["half"] = rate * 7 / 10 / 5 * 5;
+    facts.amounts["cap"] = federalCap(draft);
     noteCare(draft, draft.family.child, facts.amounts["amount"]);
     return facts;
 }

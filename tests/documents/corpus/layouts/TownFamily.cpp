@@ -17,7 +17,8 @@ const std::vector<Sheet> careSheets{
         rule
         tb [Familie|alle Kinder] ; {all1?} ; {all2?} ; {all3?} ; {all4?} ; {all5?} ; {all6?} ; {all7?} ; {all8?} ; {all9?} ; {all10?} ; {all11?} ; {all12?} ; {total}
         gap 3
-        small Im Juli sind Betriebsferien. Alle Angaben in Schweizer Franken, ohne Gewähr. Tagessatz Säuglinge {rate!}.)"},
+        small Im Juli sind Betriebsferien. Alle Angaben in Schweizer Franken, ohne Gewähr. Tagessatz Säuglinge {rate!}.
+        small Der Abzug beim Bund ist auf {cap!} je Kind begrenzt; massgebend sind die Wegleitungen von Kanton und Bund.)"},
     {"childcare", "n-halves-across", "de", false, careMealsFacts, R"(
         head 5 one
         bold [Beleg Nr. {#5} zuhanden der Steuerbehörde|Betreuung und Verpflegung im Kalenderjahr {year}|Auszug aus dem Familienkonto {year}]
@@ -36,7 +37,9 @@ const std::vector<Sheet> careSheets{
         gap 6
         mid [Betreuung ohne Verpflegung, steuerlich abziehbar|Reine Betreuungskosten (ohne Essen)|Abzugsfähige Kosten der Betreuung, ohne Mahlzeiten] ; {care}
         mid [Verpflegung, nicht abziehbar|Essensgeld (nicht abzugsfähig)] ; {meals}
-        mid Rechnungen {year} insgesamt ; {total})"},
+        mid Rechnungen {year} insgesamt ; {total}
+        gap 4
+        small Mittagessen und Zvieri {meal!} je Tag. Höchstabzug direkte Bundessteuer {cap!}. Wir bitten Sie, diesen Beleg aufzubewahren; eine zweite Ausfertigung ist kostenpflichtig.)"},
     {"childcare", "n-children-columns", "de", false, careYearFacts, R"(
         head 3 one
         title [Elternkonto {year}|Auflistung der Betreuungsrechnungen {year}|Was Sie {year} für die Kita bezahlt haben]
@@ -73,7 +76,8 @@ const std::vector<Sheet> careSheets{
     {"childcare", "n-subsidised", "de", false, subsidyFacts, R"(
         head 2 one
         title [Abrechnung mit Beiträgen der öffentlichen Hand {year}|Elternbeitrag nach Tarifreglement, Jahr {year}|Einkommensabhängiger Tarif: Jahresausweis {year}]
-        line Massgebendes Einkommen gemäss letzter Veranlagung: {income!}
+        text [Sie bezahlen einen Tarif nach wirtschaftlicher Leistungsfähigkeit. Die öffentliche Hand trägt den Rest.|Der Elterntarif richtet sich nach dem steuerbaren Einkommen und Vermögen des Haushalts.]
+        line Massgebendes Einkommen {income!}, steuerbares Vermögen {wealth!} gemäss letzter Veranlagung
         per children
         gap 3
         bold {who}, {born}
@@ -86,7 +90,8 @@ const std::vector<Sheet> careSheets{
         small Beiträge der öffentlichen Hand {year}: Gemeinde {allcommune!}, Kanton {allcanton!}. Sie werden direkt mit uns abgerechnet.)"},
     {"childcare", "n-half-year", "de", false, halfYearFacts, R"(
         head 4 one
-        title [Semesterbestätigung|Quittung Elternbeiträge {half} {year}|Bestätigung {half} {year}]
+        title [Semesterbestätigung|Quittung Elternbeiträge {term} {year}|Bestätigung {term} {year}]
+        text [Diese Bestätigung ersetzt jene vom Vormonat.|Sie erhalten zweimal im Jahr eine Bestätigung; bitte legen Sie beide der Steuererklärung bei.]
         text Kind: {child} ({childbirth}), Gruppe [Fuchs|Igel|Dachs]
         text [Zeitraum|Abrechnungsperiode] {from} bis {until}
         cols 22 84r 150r
@@ -95,7 +100,7 @@ const std::vector<Sheet> careSheets{
         rule
         tb [Im Halbjahr erhalten|Eingegangene Beiträge|Total der Periode] ; ; {amount}
         gap 3
-        small Tarif ganzer Tag {rate!}, halber Tag {half!}; einmalige Einschreibegebühr {entry!} (im Vorjahr verrechnet).)"},
+        small Tarif ganzer Tag {rate!}, halber Tag {half!}; einmalige Einschreibegebühr {entry!} (im Vorjahr verrechnet). Abzug Bund höchstens {cap!} je Kind und Jahr.)"},
     {"childcare", "n-invoices", "de", false, careInvoicesFacts, R"(
         head 0 one
         title [Offene und bezahlte Rechnungen {year}|Debitorenauszug {year}|Kundenkonto {#5}: Bewegungen {year}]
@@ -152,6 +157,7 @@ const std::vector<Sheet> healthBills{
         tr Zahntechnisches Labor laut Beilage ; ; ; ; ; ; {lab}
         tb [Rechnungsbetrag|Honorar gesamt|Geschuldeter Betrag] ; ; ; ; ; ; {total}
         gap 2
+        text [Wir danken für Ihr Vertrauen. Nicht eingehaltene Termine verrechnen wir mit CHF 120.00.|Ratenzahlung ist möglich: drei Raten, Gebühr Fr. 20.-.]
         small Kostenvoranschlag {quote!}. [Zahlbar netto bis {due}.|Zahlungsfrist {due}, danach 5 % Verzugszins.])"},
     {"bill", "n-corrected", "de", false, correctedFacts, R"(
         head 5 one
@@ -173,7 +179,9 @@ const std::vector<Sheet> healthBills{
         tr Fallpauschale und Zuschläge ; {full}
         tr [davon Wohnkanton (55 %)|Finanzierung durch den Kanton] ; {-canton}
         tr [Vom Krankenversicherer direkt bezahlt|Anteil Versicherer (Tiers payant)] ; {-insurer}
-        tb [Von Ihnen zu bezahlen|Ihr Anteil|Zu Lasten Patient/in] ; {own})"},
+        tb [Von Ihnen zu bezahlen|Ihr Anteil|Zu Lasten Patient/in] ; {own}
+        gap 3
+        text [Ihr Anteil umfasst ärztliche Leistungen, welche die Grundversicherung nicht deckt. Franchise und Selbstbehalt stellt Ihr Versicherer in Rechnung.|Spitalbeitrag nach KVG: CHF 15.00 pro Tag, wird vom Krankenversicherer erhoben und ist hier nicht enthalten.])"},
     {"bill", "n-pharmacy-year", "de", false, pharmacyYearFacts, R"(
         head 3 one
         title [Ihre Bezüge im Jahr {year}|Kundenauszug {year}|Medikamentenbezüge {year}]
@@ -196,6 +204,7 @@ const std::vector<Sheet> healthBills{
         tr {dated} ; Verzugszins 5 % ; {interest}
         rule
         tb {due} ; [Fällig mit Spesen|Jetzt zu überweisen] ; {total}
+        text Sollte sich Ihre Zahlung mit diesem Schreiben gekreuzt haben, betrachten Sie es als gegenstandslos. Eine Betreibung kostet weitere CHF 73.30.
         small Im Auftrag von {doctor}. Nach Ablauf der Frist folgt die Betreibung.)"},
     {"bill", "n-seances", "fr", true, sessionsFacts, R"(
         head 4 one
@@ -244,7 +253,8 @@ const std::vector<Sheet> workBills{
         sum [Restzahlung|Saldo] ; {rest})"},
     {"bill", "n-artisan", "fr,it", false, workshopFacts, R"(
         head 3 one
-        title No {number}, {object}
+        title Facture / Fattura No {number}
+        line {object}
         each hours !dots {on}  {what}, {hours} h x {rate} ; {part}
         each goods !dots {what} ; {part}
         rule

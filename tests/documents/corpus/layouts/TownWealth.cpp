@@ -32,7 +32,11 @@ const std::vector<Sheet> valuations{
         text [Die letzte Schätzung ergab einen Verkehrswert von {old!} und einen Mietwert von {oldrent!}. Sie liegt mehr als zehn Jahre zurück.|Der bisherige Verkehrswert von {old!} (Mietwert {oldrent!}) stammt aus der vorletzten Schätzungsperiode.]
         text Bewertet wurden Boden ({land!}) und Bauten (Neuwert {new!}, Zeitwert {now!}).
         bold verfügt:
-        text [1. Der Verkehrswert wird mit Wirkung ab dem Steuerjahr {year} auf {value!} festgelegt. 2. Der jährliche Mietwert wird auf {rent!} festgelegt.|1. Verkehrswert neu: {value!}. 2. Mietwert neu: {rent!} je Jahr.] 3. Die Kosten von {charge!} trägt die Eigentümerschaft.)"},
+        text [1. Der Verkehrswert wird mit Wirkung ab dem Steuerjahr {year} auf {value!} festgelegt. 2. Der jährliche Mietwert wird auf {rent!} festgelegt.|1. Verkehrswert neu: {value!}. 2. Mietwert neu: {rent!} je Jahr.] 3. Die Kosten von {charge!} trägt die Eigentümerschaft.
+        page
+        bold Rechtsmittel
+        text Gegen diese Verfügung kann innert 30 Tagen seit Eröffnung schriftlich Einsprache erhoben werden. Ein Rekurs kostet in der Regel CHF 300.00 bis CHF 1'500.00.
+        text Der Verkehrswert entspricht dem Preis, der im gewöhnlichen Geschäftsverkehr zu erzielen wäre. Der Mietwert entspricht dem Betrag, den Sie bei Vermietung einnehmen könnten.)"},
     {"property", "n-parcels", "de", false, parcelsFacts, R"(
         head 0 one
         title [Zusammenstellung der Grundstückswerte|Grundbesitz in der Gemeinde {place}|Auszug Schätzungsverzeichnis]
@@ -50,7 +54,7 @@ const std::vector<Sheet> valuations{
         gap 2
         bold Grundstück Nr. {parcel}, Gemeinde {place}
         line {what}, {area} m²
-        below {value~} ; Verkehrswert ; {rent?} ; Mietwert je Jahr
+        below {value~} ; Verkehrswert ; {rent} ; Mietwert je Jahr
         endper
         small Kanzleigebühr {charge!} je Grundstück.)"},
     {"property", "n-unit", "de", false, unitFacts, R"(
@@ -129,7 +133,8 @@ const std::vector<Sheet> pillarSheets{
         dots [Eingezahlte Beiträge {year}|Ihre Einzahlungen {year} (steuerlich abziehbar)] ; {paid}
         dots [Übertrag aus anderer Vorsorgestiftung|Eingebrachtes 3a-Guthaben (nicht abziehbar)] ; {moved}
         dots Wertentwicklung ; {gain}
-        dots Pauschalgebühr ; {-fee})"},
+        dots Pauschalgebühr ; {-fee}
+        small Höchstbetrag {year}: {limit!} (mit 2. Säule). Kontoguthaben, noch nicht angelegt: {cash!}. Vergangene Renditen sind keine Garantie für künftige.)"},
     {"pillar3a", "n-transfer", "de", false, fundPillarFacts, R"(
         head 5 one
         title [Einzahlungen gebundene Vorsorge (3a) {year}|Säule 3a: Beitragsbestätigung {year}]
@@ -140,11 +145,16 @@ const std::vector<Sheet> pillarSheets{
         rule
         tr ; Gutschriften {year} insgesamt ; {gross}
         tr ; ./. Übertrag (kein Beitrag) ; {-moved}
-        tb ; [Bescheinigter Beitrag {year}|Abzugsberechtigter Beitrag] ; {paid})"},
+        tb ; [Bescheinigter Beitrag {year}|Abzugsberechtigter Beitrag] ; {paid}
+        page
+        bold Gut zu wissen
+        text Erwerbstätige mit Pensionskasse zahlten {year} höchstens {limit!} ein, ohne Pensionskasse 20 % des Erwerbseinkommens, höchstens {biglimit!}. Die Einzahlung muss bis zum letzten Bankwerktag des Jahres eingetroffen sein.
+        text Ein Übertrag zwischen zwei Stiftungen ist keine Einzahlung. Beim Bezug fällt eine einmalige Steuer an; vorher sind Guthaben und Erträge steuerfrei.)"},
     {"pillar3a", "n-several", "de,fr,it", false, severalPillarsFacts, R"(
         head 3 one
-        title [3a {year}: {one}|3a / {year}]
-        line AHV/AVS {ahv}
+        title @title3a {year}
+        line {one}
+        line AHV/AVS {ahv}   Max. {limit!} / {biglimit!}
         cols 22 72 136r 190r
         th 3a-Nr. ; @account ; @paid3a ; @closing
         rule
@@ -219,6 +229,7 @@ const std::vector<Sheet> officePapers{
         tr ; Liegenschaften, Verkehrswert ; {house} ;
         tr ; Schulden ; {-debts} ;
         tb ; Steuerbares Vermögen ; {wealth} ;
+        text Abweichungen von Ihrer Steuererklärung: Berufskosten gekürzt, Zuwendungen gemäss Belegen. Weitere Begründung auf Anfrage.
         small Gegen diese Verfügung kann innert 30 Tagen Einsprache erhoben werden.)"},
     {"other", "n-tax-bill", "de", true, taxBillFacts, R"(
         head 5 one
@@ -238,7 +249,7 @@ const std::vector<Sheet> officePapers{
         bill open {register})"},
     {"other", "n-instalments", "de", false, taxBillFacts, R"(
         head 4 both
-        title Vorläufige Rechnung {year} [in drei Raten|Akontorechnung]
+        title Vorläufige Steuerrechnung {year} [in drei Raten|Akontorechnung]
         text Grundlage ist die letzte rechtskräftige Veranlagung. Voraussichtlicher Steuerbetrag: {total!}.
         left {third} ; 1. Rate, fällig am 31. Mai
         left {third} ; 2. Rate, fällig am 31. August

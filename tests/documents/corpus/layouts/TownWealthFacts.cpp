@@ -42,6 +42,13 @@ void notePillar(Draft& draft, const Someone& person, Cents paid) {
     draft.record("personDeductions", person).amount("pillar3a", paid);
 }
 
+/// What may be paid into 3a in the year, with and without a pension fund.
+void withLimits(const Draft& draft, Facts& facts) {
+    const Cents limit = draft.year < 2023 ? 688300 : draft.year < 2025 ? 705600 : 725800;
+    facts.amounts["limit"] = limit;
+    facts.amounts["biglimit"] = 5 * limit;
+}
+
 QString percent(Cents part, Cents whole) {
     return QString::number(100.0 * static_cast<double>(part) / static_cast<double>(whole), 'f', 2)
            + "%";
@@ -116,10 +123,11 @@ Facts parcelsFacts(Draft& draft) {
         const Cents rent = count == 0   ? draft.francs(15000, 36000, 60)
                            : count == 1 ? draft.francs(900, 1800, 60)
                                         : 0;
+        const int area = count == 0   ? draft.random.between(320, 1300)
+                         : count == 1 ? draft.random.between(13, 34)
+                                      : draft.random.between(600, 9000);
         const QString parcel = QString::number(first + 310 * count + draft.random.between(0, 300));
-        one.texts = {{"what", what},
-                     {"parcel", parcel},
-                     {"area", QString::number(draft.random.between(14, 2900))}};
+        one.texts = {{"what", what}, {"parcel", parcel}, {"area", QString::number(area)}};
         one.amounts = {{"value", value}, {"rent", rent}};
         for (const char* name : {"value", "rent"}) {
             facts.amounts[name] += one.amounts[name];
@@ -232,9 +240,9 @@ Facts assessmentFacts(Draft& draft) {
     facts.amounts["state"] = income - travel - pillar - insurance - care - health - gifts;
     facts.amounts["federal"] =
         income - (travel - 10000) - pillar - (insurance - 80000) - care - gifts;
-    facts.amounts["wealth"] = draft.francs(0, 640000, 1000);
     facts.amounts["house"] = draft.francs(300000, 900000, 1000);
-    facts.amounts["debts"] = draft.francs(100000, 500000, 1000);
+    facts.amounts["debts"] = draft.francs(100000, 280000, 1000);
+    facts.amounts["wealth"] = facts.amounts["house"] - facts.amounts["debts"];
     facts.texts["register"] = draft.random.digits(3) + "." + draft.random.digits(3);
     return facts;
 }
@@ -324,6 +332,7 @@ Facts fundPillarFacts(Draft& draft) {
     facts.amounts["gross"] = paid + facts.amounts["moved"];
     facts.amounts["cash"] = draft.odd(3, 320);
     facts.dates["movedon"] = draft.day();
+    withLimits(draft, facts);
     notePillar(draft, draft.family.one, paid);
     return facts;
 }
@@ -331,6 +340,7 @@ Facts fundPillarFacts(Draft& draft) {
 Facts severalPillarsFacts(Draft& draft) {
     pillarProvider(draft);
     Facts facts;
+    withLimits(draft, facts);
     const int count = draft.random.between(2, 5);
     for (int i = 0; i < count; ++i) {
         Facts one;
@@ -368,6 +378,7 @@ Facts insuredPillarFacts(Draft& draft) {
                      {"annuity", draft.francs(12000, 36000, 1200)},
                      {"bonus", draft.odd(12, 640)},
                      {"free", draft.odd(90, 800)}};
+    withLimits(draft, facts);
     facts.amounts["bill"] = facts.amounts["paid"] + facts.amounts["free"];
     facts.texts["policy"] =
         draft.random.digits(2) + "." + draft.random.digits(3) + "." + draft.random.digits(3);
@@ -382,6 +393,7 @@ Facts pillarPairFacts(Draft& draft) {
                      {"paid2", draft.francs(400, 6800, 4)},
                      {"worth", draft.odd(6000, 90000)},
                      {"worth2", draft.odd(3000, 70000)}};
+    withLimits(draft, facts);
     facts.amounts["both"] = facts.amounts["paid"] + facts.amounts["paid2"];
     notePillar(draft, draft.family.one, facts.amounts["paid"]);
     notePillar(draft, draft.family.two, facts.amounts["paid2"]);
