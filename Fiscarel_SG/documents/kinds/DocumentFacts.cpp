@@ -1,10 +1,10 @@
 #include "Fiscarel_SG/documents/kinds/DocumentFacts.h"
 
 #include "Fiscarel_SG/documents/kinds/FormHeader.h"
+#include "Fiscarel_SG/documents/kinds/LetterHead.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
 
 #include <algorithm>
-#include <cmath>
 #include <map>
 
 namespace fiscarel {
@@ -12,10 +12,6 @@ namespace fiscarel {
 using taxcore::Date;
 
 namespace {
-
-bool hasDigit(std::string_view text) {
-    return text.find_first_of("0123456789") != std::string_view::npos;
-}
 
 /// Years by how clearly they are meant: named as the year, as end of the year, in any date.
 class YearVotes {
@@ -139,170 +135,6 @@ void readDays(const PageRows& page, DocumentFacts& facts) {
     }
 }
 
-PlacedText placed(const PageRows& page, const Row& row, std::size_t first, std::size_t last) {
-    PagePlace place = row.words[first].printed;
-    for (std::size_t i = first; i <= last; ++i) {
-        place.right = std::max(place.right, row.words[i].printed.right);
-        place.top = std::min(place.top, row.words[i].printed.top);
-        place.bottom = std::max(place.bottom, row.words[i].printed.bottom);
-    }
-    return {textBetween(row, first, last), page.number, pageBox(place, page)};
-}
-
-/// Where a run of words ends: before a gap as wide as between columns.
-std::size_t endOfRun(const PageRows& page, const Row& row, std::size_t first) {
-    std::size_t last = first;
-    const double widest = page.number == 0 ? 2 : 1.8 * row.height();
-    while (last + 1 < row.words.size()
-           && row.words[last + 1].place.left - row.words[last].place.right < widest) {
-        ++last;
-    }
-    return last;
-}
-
-bool isCompany(const std::string& folded) {
-    static const Labels words{"AG",
-                              "SA",
-                              "GmbH",
-                              "Sàrl",
-                              "Genossenschaft",
-                              "Stiftung",
-                              "Fondation",
-                              "Fondazione",
-                              "Verein",
-                              "Association",
-                              "Associazione",
-                              "Bank*",
-                              "Banque*",
-                              "Banca*",
-                              "Sparkasse",
-                              "Raiffeisen*",
-                              "Versicherung*",
-                              "Assurance*",
-                              "Assicurazion*",
-                              "Krankenkasse",
-                              "Pensionskasse",
-                              "Kita",
-                              "Kindertagesstätte",
-                              "Praxis",
-                              "Zahnarztpraxis",
-                              "Arztpraxis",
-                              "Cabinet*",
-                              "Studio",
-                              "Crèche",
-                              "Schule",
-                              "Akademie",
-                              "Institut*",
-                              "École",
-                              "Scuola",
-                              "Hochschule",
-                              "Fachhochschule",
-                              "Gemeinde",
-                              "Kanton",
-                              "Amt",
-                              "Spital",
-                              "Apotheke",
-                              "Vorsorgestiftung",
-                              "Caisse*",
-                              "Cassa",
-                              "Asilo",
-                              "Hilfswerk",
-                              "Zentrum",
-                              "Dr",
-                              "Garderie"};
-    return isAnyIn(folded, words);
-}
-
-/// The first line of the first page that names a company, else the first line of words.
-void readIssuer(const PageRows& page, DocumentFacts& facts) {
-    PlacedText fallback;
-    std::size_t seen = 0;
-    for (const Row& row : page.rows) {
-        if (++seen > 12 || row.words.empty()) {
-            break;
-        }
-        for (std::size_t first = 0; first < row.words.size();) {
-            const std::size_t last = endOfRun(page, row, first);
-            std::string folded;
-            for (std::size_t i = first; i <= last; ++i) {
-                folded += row.words[i].folded + ' ';
-            }
-            const PlacedText text = placed(page, row, first, last);
-            if (isCompany(folded) && text.text.size() < 80) {
-                facts.issuer = text;
-                return;
-            }
-            if (fallback.text.empty() && !hasDigit(text.text) && text.text.size() > 3) {
-                fallback = text;
-            }
-            first = last + 1;
-        }
-    }
-    facts.issuer = fallback;
-}
-
-/// A run of words in its row.
-struct Run {
-    const Row* row = nullptr;
-    std::size_t first = 0;
-    std::size_t last = 0;
-
-    double left() const { return row->words[first].place.left; }
-    std::string text() const { return textBetween(*row, first, last); }
-};
-
-/// The run that begins under another one, in the next row that has one there.
-std::optional<Run> runBelow(const PageRows& page, std::size_t at, double left) {
-    for (std::size_t next = at + 1; next < std::min(at + 4, page.rows.size()); ++next) {
-        const Row& row = page.rows[next];
-        for (std::size_t i = 0; i < row.words.size(); ++i) {
-            if (std::abs(row.words[i].place.left - left) < row.height() * 0.6) {
-                return Run{&row, i, endOfRun(page, row, i)};
-            }
-        }
-    }
-    return std::nullopt;
-}
-
-/// "9000 St.Gallen", "FL-9490 Vaduz"
-bool isTown(std::string_view text) {
-    for (const std::string_view prefix : {"CH-", "FL-", "LI-"}) {
-        if (text.starts_with(prefix)) {
-            text.remove_prefix(prefix.size());
-        }
-    }
-    return text.size() > 6 && text.find_first_not_of("0123456789") == 4 && text[4] == ' '
-           && !hasDigit(text.substr(5, 2));
-}
-
-bool isCapital(char first) {
-    return (first >= 'A' && first <= 'Z') || static_cast<unsigned char>(first) >= 0x80;
-}
-
-bool isName(const Run& run) {
-    std::string folded;
-    for (std::size_t i = run.first; i <= run.last; ++i) {
-        folded += run.row->words[i].folded + ' ';
-    }
-    const std::string text = run.text();
-    const std::size_t count = run.last - run.first + 1;
-    return !isCompany(folded) && count >= 2 && count <= 5 && !hasDigit(text) && text.size() < 50
-           && isCapital(text[0]) && text.find_first_of(":,;") == std::string::npos;
-}
-
-/// Whether a town follows in one of the next lines at the same left edge.
-bool isAboveTown(const PageRows& page, std::size_t at, double left) {
-    auto below = runBelow(page, at, left);
-    for (int lines = 0; below && lines < 3; ++lines) {
-        if (isTown(below->text())) {
-            return true;
-        }
-        const auto index = static_cast<std::size_t>(below->row - page.rows.data());
-        below = runBelow(page, index, below->left());
-    }
-    return false;
-}
-
 /// What stands before the name of the person a document concerns.
 const Labels& personLabels() {
     static const Labels labels{"Versicherte Person",
@@ -369,7 +201,7 @@ void readPerson(const PageRows& page, DocumentFacts& facts) {
             if (first + 1 < row.words.size() && isAnyIn(row.words[first].folded, particles)) {
                 ++first;
             }
-            const std::size_t last = endOfRun(page, row, first);
+            const std::size_t last = runFrom(page, row, first).last;
             std::size_t count = 0;
             while (first + count <= last && !hasDigit(row.words[first + count].text)
                    && !row.words[first + count].text.starts_with("(")) {
@@ -381,8 +213,8 @@ void readPerson(const PageRows& page, DocumentFacts& facts) {
             }
             const std::string text =
                 count == 0 ? std::string() : textBetween(row, first, first + count - 1);
-            if (text.size() > 4 && count <= 5 && isCapital(text[0])) {
-                facts.person = placed(page, row, first, first + count - 1);
+            if (text.size() > 4 && count <= 5 && startsWithCapital(text)) {
+                facts.person = placedText(page, {&row, first, first + count - 1});
                 while (facts.person.text.ends_with(',')) {
                     facts.person.text.pop_back();
                 }
@@ -394,28 +226,6 @@ void readPerson(const PageRows& page, DocumentFacts& facts) {
 }
 
 } // namespace
-
-PlacedText findAddressee(const PageRows& page, double above) {
-    static const Labels salutations{"Herr",   "Herrn",   "Frau", "Monsieur", "Madame",
-                                    "Signor", "Signora", "M",    "Mme"};
-    for (std::size_t at = 0; at + 2 < page.rows.size() && page.number != 0; ++at) {
-        const Row& row = page.rows[at];
-        if (row.middle() >= above) {
-            break;
-        }
-        for (std::size_t first = 0; first < row.words.size();
-             first = endOfRun(page, row, first) + 1) {
-            Run run{&row, first, endOfRun(page, row, first)};
-            if (run.last > run.first && isAnyIn(row.words[first].folded, salutations)) {
-                ++run.first;
-            }
-            if (isName(run) && isAboveTown(page, at, row.words[first].place.left)) {
-                return placed(page, row, run.first, run.last);
-            }
-        }
-    }
-    return {};
-}
 
 DocumentFacts readFacts(const DocumentRows& document) {
     DocumentFacts facts;
@@ -429,7 +239,7 @@ DocumentFacts readFacts(const DocumentRows& document) {
         }
         readDays(page, facts);
         if (facts.issuer.text.empty()) {
-            readIssuer(page, facts);
+            facts.issuer = findIssuer(page, findAddressee(page, page.height));
         }
         if (facts.person.text.empty()) {
             readPerson(page, facts);

@@ -1,19 +1,13 @@
 #pragma once
 
 #include "Fiscarel_SG/documents/ProposalDraft.h"
+#include "Fiscarel_SG/documents/kinds/PageRuns.h"
 
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace fiscarel {
-
-/// A text with the place where it stands.
-struct PlacedText {
-    std::string text;
-    int page = 0;
-    std::optional<PageBox> box;
-};
 
 /// What a document tells besides its amounts.
 struct DocumentFacts {
@@ -26,10 +20,6 @@ struct DocumentFacts {
 };
 
 DocumentFacts readFacts(const DocumentRows& document);
-
-/// The name in an address on a page above a height (points): two or three lines above a town, no
-/// company; empty when there is none.
-PlacedText findAddressee(const PageRows& page, double above);
 
 /// A record of a kind with what the facts tell of it.
 ProposedRecord recordWith(const DocumentFacts& facts, ProposedRecord::Kind kind, std::string title,

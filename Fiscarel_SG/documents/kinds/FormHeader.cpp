@@ -1,6 +1,6 @@
 #include "Fiscarel_SG/documents/kinds/FormHeader.h"
 
-#include "Fiscarel_SG/documents/kinds/DocumentFacts.h"
+#include "Fiscarel_SG/documents/kinds/LetterHead.h"
 #include "Fiscarel_SG/documents/kinds/SalaryForm.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
 

@@ -1,0 +1,257 @@
+#include "Fiscarel_SG/documents/kinds/LetterHead.h"
+
+#include "Fiscarel_SG/documents/rows/RowLabels.h"
+#include "Fiscarel_SG/documents/text/FoldedText.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <span>
+#include <string_view>
+#include <vector>
+
+namespace fiscarel {
+
+namespace {
+
+constexpr double footBegins = 0.88; ///< of the page's height
+
+/// "9000 St.Gallen", "FL-9490 Vaduz"
+bool isTown(std::string_view text) {
+    for (const std::string_view prefix : {"CH-", "FL-", "LI-"}) {
+        if (text.starts_with(prefix)) {
+            text.remove_prefix(prefix.size());
+        }
+    }
+    return text.size() > 6 && text.find_first_not_of("0123456789") == 4 && text[4] == ' '
+           && !hasDigit(text.substr(5, 2));
+}
+
+bool isCompany(const std::string& folded) {
+    static const Labels words{"AG",
+                              "SA",
+                              "GmbH",
+                              "Sàrl",
+                              "Genossenschaft",
+                              "Stiftung",
+                              "Fondation",
+                              "Fondazione",
+                              "Verein",
+                              "Association",
+                              "Associazione",
+                              "Bank*",
+                              "Banque*",
+                              "Banca*",
+                              "Sparkasse",
+                              "Raiffeisen*",
+                              "Versicherung*",
+                              "Assurance*",
+                              "Assicurazion*",
+                              "Krankenkasse",
+                              "Pensionskasse",
+                              "Kita",
+                              "Kindertagesstätte",
+                              "Praxis",
+                              "Zahnarztpraxis",
+                              "Arztpraxis",
+                              "Cabinet*",
+                              "Studio",
+                              "Crèche",
+                              "Schule",
+                              "Akademie",
+                              "Institut*",
+                              "École",
+                              "Scuola",
+                              "Hochschule",
+                              "Fachhochschule",
+                              "Gemeinde",
+                              "Kanton",
+                              "Amt",
+                              "Spital",
+                              "Apotheke",
+                              "Vorsorgestiftung",
+                              "Caisse*",
+                              "Cassa",
+                              "Asilo",
+                              "Hilfswerk",
+                              "Zentrum",
+                              "Dr",
+                              "Garderie"};
+    return isAnyIn(folded, words);
+}
+
+bool isName(const Run& run) {
+    const std::string text = run.text();
+    const std::size_t count = run.last - run.first + 1;
+    return !isCompany(run.folded()) && count >= 2 && count <= 5 && !hasDigit(text)
+           && text.size() < 50 && startsWithCapital(text)
+           && text.find_first_of(":,;") == std::string::npos;
+}
+
+/// Whether a town follows in one of the next lines at the same left edge.
+bool isAboveTown(const PageRows& page, std::size_t at, double left) {
+    auto below = runBelow(page, at, left);
+    for (int lines = 0; below && lines < 3; ++lines) {
+        if (isTown(below->text())) {
+            return true;
+        }
+        const auto index = static_cast<std::size_t>(below->row - page.rows.data());
+        below = runBelow(page, index, below->left());
+    }
+    return false;
+}
+
+/// Whether a word parts what a line of contacts strings together.
+bool isSeparator(const RowWord& word) {
+    static constexpr std::array<std::string_view, 6> signs{"|", "·", "•", "/", "–", "-"};
+    return std::ranges::find(signs, word.text) != signs.end();
+}
+
+/// The parts of a run between its separators; one without any is its only part.
+std::vector<Run> partsOf(const Run& run) {
+    std::vector<Run> parts;
+    std::size_t first = run.first;
+    for (std::size_t i = run.first; i <= run.last + 1; ++i) {
+        if (i == run.last + 1 || isSeparator(run.row->words[i])) {
+            if (i > first) {
+                parts.push_back({run.row, first, i - 1});
+            }
+            first = i + 1;
+        }
+    }
+    return parts;
+}
+
+bool isAtFoot(const PageRows& page, const Run& run) {
+    const std::string name = foldWords(run.text());
+    return std::ranges::any_of(page.rows, [&](const Row& row) {
+        return row.middle() > page.height * footBegins
+               && row.folded.find(name) != std::string::npos;
+    });
+}
+
+constexpr std::size_t mostLetters = 80; ///< of a name
+
+/// Looks for the issuer in one way after the other.
+class IssuerSearch {
+  public:
+    IssuerSearch(const PageRows& page, const PlacedText& addressee)
+        : page_(page), addressee_(foldWords(addressee.text)) {}
+
+    PlacedText run() const {
+        constexpr std::size_t topRows = 12;
+        const auto top = std::span(page_.rows).first(std::min(topRows, page_.rows.size()));
+        const auto isSenderLine = [](const std::vector<Run>& parts) {
+            return parts.size() >= 2 && std::ranges::any_of(parts, [](const Run& part) {
+                       return isTown(part.text());
+                   });
+        };
+        const auto isContactLine = [&](const std::vector<Run>& parts) {
+            return parts.size() >= 2 && page_.number != 0
+                   && parts.front().row->middle() > page_.height * footBegins;
+        };
+        if (const auto sender = firstPart(top, isSenderLine)) {
+            return placedText(page_, *sender);
+        }
+        for (const Row& row : top) {
+            for (const Run& part : allParts(row)) {
+                if (isCompany(part.folded()) && part.text().size() < mostLetters
+                    && !isAddressee(part)) {
+                    return placedText(page_, part);
+                }
+            }
+        }
+        if (const auto contact = firstPart(page_.rows, isContactLine)) {
+            return placedText(page_, *contact);
+        }
+        for (const Row& row : top) {
+            for (const Run& part : allParts(row)) {
+                if (isWorded(part)) {
+                    return placedText(page_, part);
+                }
+            }
+        }
+        return {};
+    }
+
+  private:
+    /// The first part of the first run that is what is looked for and begins with words.
+    template <class Wanted>
+    std::optional<Run> firstPart(std::span<const Row> rows, const Wanted& isWanted) const {
+        for (const Row& row : rows) {
+            for (std::size_t first = 0; first < row.words.size();) {
+                const Run run = runFrom(page_, row, first);
+                const auto parts = partsOf(run);
+                if (isWanted(parts) && isWorded(parts.front())) {
+                    return parts.front();
+                }
+                first = run.last + 1;
+            }
+        }
+        return std::nullopt;
+    }
+
+    std::vector<Run> allParts(const Row& row) const {
+        std::vector<Run> all;
+        for (std::size_t first = 0; first < row.words.size();) {
+            const Run run = runFrom(page_, row, first);
+            for (const Run& part : partsOf(run)) {
+                all.push_back(part);
+            }
+            first = run.last + 1;
+        }
+        return all;
+    }
+
+    bool isWorded(const Run& part) const {
+        const std::string text = part.text();
+        return !hasDigit(text) && text.size() > 3 && text.size() < mostLetters
+               && !isAddressee(part);
+    }
+
+    bool isAddressee(const Run& part) const {
+        return !addressee_.empty() && foldWords(part.text()).starts_with(addressee_);
+    }
+
+    const PageRows& page_;
+    std::string addressee_; ///< folded
+};
+
+} // namespace
+
+PlacedText findAddressee(const PageRows& page, double above) {
+    static const Labels salutations{"Herr",   "Herrn",   "Frau", "Monsieur", "Madame",
+                                    "Signor", "Signora", "M",    "Mme"};
+    std::optional<Run> last;
+    for (std::size_t at = 0; at + 2 < page.rows.size() && page.number != 0; ++at) {
+        const Row& row = page.rows[at];
+        if (row.middle() >= above) {
+            break;
+        }
+        for (std::size_t first = 0; first < row.words.size();) {
+            Run run = runFrom(page, row, first);
+            const double left = run.left();
+            first = run.last + 1;
+            const bool isSaluted =
+                run.last > run.first && isAnyIn(row.words[run.first].folded, salutations);
+            run.first += isSaluted ? 1 : 0;
+            if (!isName(run) || !isAboveTown(page, at, left)) {
+                continue;
+            }
+            if (isSaluted) {
+                return placedText(page, run);
+            }
+            // Of several the sender comes first, and stands at the foot once more.
+            if (!last || !isAtFoot(page, run)) {
+                last = run;
+            }
+        }
+    }
+    return last ? placedText(page, *last) : PlacedText();
+}
+
+PlacedText findIssuer(const PageRows& page, const PlacedText& addressee) {
+    return IssuerSearch(page, addressee).run();
+}
+
+} // namespace fiscarel

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "Fiscarel_SG/documents/kinds/PageRuns.h"
+
+namespace fiscarel {
+
+/// The name in an address on a page above a height (points): two or three lines above a town, no
+/// company; empty when there is none.
+PlacedText findAddressee(const PageRows& page, double above);
+
+/// Who sent a paper: the first of a line that tells sender, street and town; the first company at
+/// the top; the first of the contact line at the foot; else the first line of words. Never the one
+/// whom it is addressed to. Empty when there is none.
+PlacedText findIssuer(const PageRows& page, const PlacedText& addressee);
+
+} // namespace fiscarel

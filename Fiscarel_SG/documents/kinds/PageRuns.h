@@ -1,0 +1,40 @@
+#pragma once
+
+#include "Fiscarel_SG/documents/rows/PageRows.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace fiscarel {
+
+/// A text with the place where it stands.
+struct PlacedText {
+    std::string text;
+    int page = 0;
+    std::optional<PageBox> box;
+};
+
+/// Words of a row that stand together.
+struct Run {
+    const Row* row = nullptr;
+    std::size_t first = 0; ///< index of its first word in the row
+    std::size_t last = 0;
+
+    double left() const { return row->words[first].place.left; }
+    std::string text() const;
+    std::string folded() const; ///< its words folded, a blank behind each
+};
+
+PlacedText placedText(const PageRows& page, const Run& run);
+
+/// The run that begins with a word: up to a gap as wide as between columns.
+Run runFrom(const PageRows& page, const Row& row, std::size_t first);
+/// The run that begins under a left edge, in one of the three rows below.
+std::optional<Run> runBelow(const PageRows& page, std::size_t at, double left);
+
+bool hasDigit(std::string_view text);
+bool startsWithCapital(std::string_view text);
+
+} // namespace fiscarel
