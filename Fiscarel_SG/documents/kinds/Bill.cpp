@@ -105,22 +105,18 @@ class BillMapper {
     bool proposeEachChild() {
         const Wanted& wanted = ownBillTotals(target_.kind);
         const auto parts = findPersonAmounts(context_.document, wanted);
-        Decimal sum;
-        for (const PersonAmount& part : parts) {
-            sum = sum + part.found.value();
-        }
+        const auto together = togetherCheck(context_.document, parts);
         for (const PersonAmount& part : parts) {
             ProposedRecord record =
-                recordWith(context_.facts, target_.record, target_.title + (' ' + part.name),
+                recordWith(context_.facts, target_.record, target_.title + (' ' + part.person.name),
                            part.found.page->number);
-            record.personName = part.name;
+            record.personName = part.person.name;
+            record.birthDate = part.person.birthDate;
             record_ = draft_.addRecord(std::move(record));
-            std::vector<ProposalCheck> checks;
-            if (findPrinted(context_.document, sum)) {
-                checks.push_back({"Alle Kinder zusammen: " + shown(sum), true});
-            }
-            draft_.add(record_, target_.amount, part.found.value(),
-                       evidenceOf(part.found, wanted, context_.isKindClear, std::move(checks)));
+            draft_.add(
+                record_, target_.amount, part.found.value(),
+                evidenceOf(part.found, wanted, context_.isKindClear,
+                           together ? std::vector{*together} : std::vector<ProposalCheck>()));
             proposeWords(payeeName(), false);
         }
         return !parts.empty();
@@ -140,6 +136,13 @@ class BillMapper {
     }
 
     std::optional<FoundAmount> bestTotal() {
+        if (target_.isShared) {
+            wanted_ = &deductibleParts();
+            if (auto part = findLast(ranges_, *wanted_, Digits::firm); part && part->value() >= 1) {
+                isDeductible_ = true;
+                return part;
+            }
+        }
         for (const Digits digits : {Digits::firm, Digits::any}) {
             if (auto found = bestTotal(digits)) {
                 return found;
@@ -224,6 +227,20 @@ class BillMapper {
         });
     }
 
+    /// Whether the amounts that lead to a total name meals, in their row or above their column.
+    static bool hasMeals(const FoundAmount& total) {
+        const PageRows& page = *total.page;
+        return std::any_of(
+            page.rows.begin(), page.rows.begin() + static_cast<std::ptrdiff_t>(total.row),
+            [&](const Row& row) {
+                const auto place = findLabel(row, wordsFor(meals), page.isRecognised);
+                const auto cells = cellsOf(row);
+                const bool isTabular = cells.size() > 1 && page.number != 0;
+                return place && isTabular
+                       && !findLabel(row, wordsFor(deductible), page.isRecognised);
+            });
+    }
+
     /// What remains of a total when others bear a part of it, if both stand below; else it is the
     /// total, but doubtful.
     FoundAmount afterShares(const FoundAmount& whole) {
@@ -296,6 +313,10 @@ class BillMapper {
         if (auto repeat = repeatCheck(ranges_, *wanted_, *printed_)) {
             checks.push_back(std::move(*repeat));
         }
+        if (target_.kind == Kind::kinderbetreuung && !isDeductible_ && hasMeals(*printed_)) {
+            checks.push_back(
+                {"Im Betrag sind Mahlzeiten enthalten, die nicht abziehbar sind", false});
+        }
         draft_.add(
             record_, target_.amount, printed_->value(),
             evidenceOf(*printed_, *wanted_, context_.isKindClear && !isShared_, std::move(checks)));
@@ -333,7 +354,8 @@ class BillMapper {
     std::optional<FoundAmount> printed_;
     const Wanted* wanted_ = nullptr;
     bool isShared_ = false; ///< others bear a part that is not taken off
-    bool isPlain_ = false;  ///< found without any label
+    bool isDeductible_ = false;
+    bool isPlain_ = false; ///< found without any label
     int record_ = 0;
 };
 

@@ -79,6 +79,15 @@ const Wanted& billTotals() {
         {other, refunded, publicShare}};
     return wanted;
 }
+const Wanted& deductibleParts() {
+    static const Wanted wanted{
+        {},
+        {"nicht", "ohne", "non", "begrenzt", "limité*", "limitat*"},
+        true,
+        {{deductible, childcare}, {deductible, amount}, {deductible, total}, {deductible}},
+        {other, possible, meals}};
+    return wanted;
+}
 const Wanted& ownBillTotals(Kind kind) {
     static const Wanted medicalTotals{
         {},

@@ -7,6 +7,8 @@ namespace fiscarel {
 
 /// Totals as bills and receipts name them, the surest first.
 const Wanted& billTotals();
+/// The part of a total that a paper calls deductible.
+const Wanted& deductibleParts();
 /// What only papers of a kind say of their amount, the surest first.
 const Wanted& ownBillTotals(StoredDocument::Kind kind);
 /// Words that may head a total and other amounts as well.

@@ -82,9 +82,9 @@ bool proposePeople(const KindContext& context, const LabelledField& row, Proposa
     std::erase_if(parts, [&](const PersonAmount& one) { return one.found.value() >= row.below; });
     for (const PersonAmount& part : parts) {
         ProposedRecord record =
-            recordWith(context.facts, row.record, part.name, part.found.page->number);
-        record.personName = part.name;
-        record.birthDate = std::nullopt; // which of them it is, is not known
+            recordWith(context.facts, row.record, part.person.name, part.found.page->number);
+        record.personName = part.person.name;
+        record.birthDate = part.person.birthDate;
         record.socialSecurityNumber.clear();
         Evidence evidence = evidenceOf(part.found, row.wanted, context.isKindClear);
         draft.add(draft.addRecord(std::move(record)), row.field, part.found.value(),

@@ -3,240 +3,234 @@
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 
 #include <algorithm>
-#include <set>
+#include <array>
+#include <map>
+#include <utility>
 
 namespace fiscarel {
 
 namespace {
 
-/// A name of two or more words in a row.
-struct Name {
-    std::string folded;
-    std::string text;
-    std::string family;    ///< its last word, folded
-    std::size_t first = 0; ///< index of its first word in the row
-    std::size_t last = 0;
-};
-
-std::string_view bare(std::string_view word) {
-    while (!word.empty() && std::string_view(",;:.()").find(word.back()) != word.npos) {
-        word.remove_suffix(1);
-    }
-    return word;
-}
-
-bool isCapitalised(const RowWord& word) {
-    const std::string_view text = bare(word.text);
-    if (text.size() < 2 || text.find_first_of("0123456789/&|·") != text.npos) {
-        return false;
-    }
-    const bool isCapital =
-        (text[0] >= 'A' && text[0] <= 'Z') || static_cast<unsigned char>(text[0]) >= 0x80;
-    const bool goesOnSmall = !(text[1] >= 'A' && text[1] <= 'Z');
-    return isCapital && goesOnSmall;
-}
-
-bool isJoin(const RowWord& word) {
-    return word.folded == "und" || word.folded == "et" || word.folded == "e" || word.text == "&";
-}
-
-Name nameFrom(const Row& row, std::size_t first, std::size_t last) {
-    Name name{.family = row.words[last].folded, .first = first, .last = last};
-    for (std::size_t i = first; i <= last; ++i) {
-        name.folded += (i == first ? "" : " ") + row.words[i].folded;
-        name.text += (i == first ? "" : " ") + std::string(bare(row.words[i].text));
-    }
-    return name;
-}
-
-/// Words that stand beside names and are written with a capital too.
-const Labels& noNames() {
-    static const Labels words{
-        "Kind",   "Kinder",    "Name",         "Vorname",  "Enfant",  "Enfants", "Nom",
-        "Prénom", "Nome",      "Cognome",      "Herr",     "Frau",    "Madame",  "Monsieur",
-        "Signor", "Signora",   "Person",       "Tochter",  "Sohn",    "Bambino", "Bambina",
-        "Geb",    "Geboren",   "Geburtsdatum", "Total",    "Familie", "Famille", "Famiglia",
-        "Januar", "Februar",   "März",         "April",    "Mai",     "Juni",    "Juli",
-        "August", "September", "Oktober",      "November", "Dezember"};
-    return words;
-}
-
-/// Two or three capitalised words that end at or before a word, next to it.
-std::optional<Name> nameBefore(const Row& row, std::size_t end) {
-    std::size_t last = end;
-    while (last > 0 && !isCapitalised(row.words[last - 1])) {
-        if (end - last > 3 || !row.amounts.empty()) {
-            return std::nullopt;
-        }
-        --last;
-    }
-    while (last > 0 && isAnyIn(row.words[last - 1].folded, noNames())) {
-        --last;
-    }
-    std::size_t first = last;
-    while (first > 0 && last - first < 3 && isCapitalised(row.words[first - 1])
-           && !isAnyIn(row.words[first - 1].folded, noNames())
-           && (first == last || !row.words[first - 1].text.ends_with(':'))) {
-        --first;
-    }
-    return last - first >= 2 ? std::optional(nameFrom(row, first, last - 1)) : std::nullopt;
-}
-
-/// Two capitalised words from a word on.
-std::optional<Name> nameAt(const Row& row, std::size_t at) {
-    const bool isName = at + 1 < row.words.size() && isCapitalised(row.words[at])
-                        && isCapitalised(row.words[at + 1])
-                        && !isAnyIn(row.words[at].folded, noNames())
-                        && !isAnyIn(row.words[at + 1].folded, noNames());
-    return isName ? std::optional(nameFrom(row, at, at + 1)) : std::nullopt;
-}
-
-/// The family names of the people a document tells.
-class Families {
-  public:
-    explicit Families(const DocumentRows& document) {
-        for (const PageRows& page : document.pages) {
-            for (const Row& row : page.rows) {
-                look(row);
-            }
-        }
-    }
-
-    /// The people a row names.
-    std::vector<Name> namesIn(const Row& row) const {
-        std::vector<Name> names;
-        for (std::size_t i = 1; i < row.words.size(); ++i) {
-            const bool isFamily = names_.contains(row.words[i].folded);
-            if (isFamily && isCapitalised(row.words[i - 1])
-                && !isAnyIn(row.words[i - 1].folded, noNames())
-                && !row.words[i - 1].text.ends_with(':')) {
-                names.push_back(nameFrom(row, i - 1, i));
-            }
-        }
-        return names;
-    }
-
-  private:
-    void look(const Row& row) {
-        static const Labels labels{"Kind",
-                                   "Enfant",
-                                   "Bambino",
-                                   "Bambina",
-                                   "Versicherte Person",
-                                   "Personne assurée",
-                                   "Persona assicurata"};
-        for (std::size_t i = 0; i < row.words.size(); ++i) {
-            if (parseDay(row.words[i].text)
-                || (i + 2 < row.words.size()
-                    && parseDay(row.words[i].text, row.words[i + 1].text, row.words[i + 2].text))) {
-                add(nameBefore(row, i));
-            }
-            if (isJoin(row.words[i]) && i >= 2 && nameAt(row, i + 1)) {
-                add(nameAt(row, i - 2));
-                add(nameAt(row, i + 1));
-            }
-        }
-        if (const auto label = findLabel(row, labels, false)) {
-            add(nameAt(row, label->last + 1));
-        }
-    }
-
-    void add(const std::optional<Name>& name) {
-        if (name) {
-            names_.insert(name->family);
-        }
-    }
-
-    std::set<std::string> names_;
-};
+using Parts = std::vector<PersonAmount>;
 
 bool isWorthy(const RowAmount& amount) {
     return amount.amount.isFirm() && amount.amount.value >= 1;
 }
 
+/// The amount of a row that the others left of it, two or more, add up to.
+const RowAmount* rowSum(const Row& row) {
+    Decimal sum;
+    std::size_t count = 0;
+    for (const RowAmount& amount : row.amounts) {
+        if (count >= 2 && amount.amount.value == sum && isWorthy(amount)) {
+            return &amount;
+        }
+        sum = sum + amount.amount.value;
+        ++count;
+    }
+    return nullptr;
+}
+
 class Search {
   public:
     Search(const DocumentRows& document, const Wanted& wanted)
-        : document_(document), wanted_(wanted), families_(document) {}
+        : document_(document), wanted_(wanted), people_(document) {}
 
-    std::vector<PersonAmount> run() {
-        for (void (Search::*const way)() : {&Search::byRow, &Search::byColumn, &Search::byBlock}) {
-            found_.clear();
-            (this->*way)();
-            std::set<std::string> people;
-            for (const PersonAmount& one : found_) {
-                people.insert(one.name);
+    Parts run() const {
+        Parts first;
+        for (const auto way :
+             {&Search::byRow, &Search::byColumn, &Search::bySentence, &Search::byBlock}) {
+            Parts found = (this->*way)();
+            if (found.size() < 2) {
+                continue;
             }
-            if (people.size() >= 2 && people.size() == found_.size()) {
-                return found_;
+            const bool isComplete =
+                people_.born().size() < 2 || found.size() == people_.born().size();
+            if (isComplete && togetherCheck(document_, found)) {
+                return found;
+            }
+            // Amounts in a sentence may be of anything.
+            if (first.empty() && way != &Search::bySentence) {
+                first = std::move(found);
+            }
+        }
+        return first;
+    }
+
+  private:
+    /// What each person's amount may be, in the order of the document.
+    class Candidates {
+      public:
+        void add(const NamedPerson& person, FoundAmount found) {
+            const auto same = std::ranges::find(lists_, person.folded, [](const Parts& list) {
+                return std::string_view(list.front().person.folded);
+            });
+            Parts& list = same == lists_.end() ? lists_.emplace_back() : *same;
+            list.push_back({person, std::move(found)});
+        }
+
+        /// One for each: those that add up to a printed total, else the last of each.
+        Parts chosen(const DocumentRows& document) const {
+            constexpr std::size_t mostTries = 256;
+            Parts last;
+            for (std::size_t turn = 0; turn < mostTries; ++turn) {
+                Parts parts;
+                std::size_t rest = turn;
+                for (const Parts& list : lists_) {
+                    parts.push_back(list[list.size() - 1 - rest % list.size()]);
+                    rest /= list.size();
+                }
+                if (rest > 0) {
+                    break; // all have been tried
+                }
+                if (togetherCheck(document, parts)) {
+                    return parts;
+                }
+                last = last.empty() ? std::move(parts) : std::move(last);
+            }
+            return last;
+        }
+
+      private:
+        std::vector<Parts> lists_;
+    };
+
+    bool isOther(const Row& row, bool isRecognised) const {
+        return findLabel(row, wanted_.without, isRecognised)
+               || namesAny(row, wanted_.notMeant, isRecognised);
+    }
+
+    /// "Anna Muster, 12.3.2015   4’500.00", also with the months before the year's amount.
+    Parts byRow() const {
+        Candidates candidates;
+        for (const PageRows& page : document_.pages) {
+            for (std::size_t at = 0; at < page.rows.size(); ++at) {
+                const Row& row = page.rows[at];
+                const auto named = people_.in(row);
+                if (named.size() != 1 || isOther(row, page.isRecognised)
+                    || !std::ranges::any_of(row.amounts, isWorthy)) {
+                    continue;
+                }
+                if (const RowAmount* sum = rowSum(row)) {
+                    candidates.add(
+                        named[0],
+                        {.page = &page, .row = at, .amount = *sum, .label = named[0].name});
+                    continue;
+                }
+                const LabelPlace place{named[0].first, named[0].last,
+                                       row.words[named[0].first].place.left,
+                                       row.words[named[0].last].place.right};
+                auto hit = amountFor({&page, 0, page.rows.size()}, at, place, wanted_);
+                if (hit && hit->row == at && hit->isAlone && isWorthy(hit->amount)) {
+                    candidates.add(named[0], std::move(*hit));
+                }
+            }
+        }
+        return candidates.chosen(document_);
+    }
+
+    /// A heading of names over columns of amounts.
+    Parts byColumn() const {
+        for (const PageRows& page : document_.pages) {
+            for (std::size_t at = 0; at < page.rows.size(); ++at) {
+                const Row& heading = page.rows[at];
+                const auto named = people_.in(heading);
+                if (named.size() < 2 || page.number == 0
+                    || std::ranges::any_of(heading.amounts, isWorthy)) {
+                    continue;
+                }
+                Parts parts = columnTotals(page, at, named);
+                if (const auto hit = findFirst({{&page, at + 1, page.rows.size()}}, wanted_);
+                    parts.size() < 2 && hit) {
+                    parts = columnsOf(page, heading, named, hit->row);
+                }
+                if (parts.size() >= 2) {
+                    return parts;
+                }
             }
         }
         return {};
     }
 
-  private:
-    /// "Anna Muster, 12.3.2015   4’500.00"
-    void byRow() {
-        for (const PageRows& page : document_.pages) {
-            for (std::size_t at = 0; at < page.rows.size(); ++at) {
-                const Row& row = page.rows[at];
-                const auto names = families_.namesIn(row);
-                const bool isOther = findLabel(row, wanted_.without, page.isRecognised)
-                                     || namesAny(row, wanted_.notMeant, page.isRecognised);
-                if (names.size() != 1 || isOther || !std::ranges::any_of(row.amounts, isWorthy)) {
-                    continue;
-                }
-                const LabelPlace place{names[0].first, names[0].last,
-                                       row.words[names[0].first].place.left,
-                                       row.words[names[0].last].place.right};
-                auto hit = amountFor({&page, 0, page.rows.size()}, at, place, wanted_);
-                if (hit && hit->row == at && hit->isAlone && isWorthy(hit->amount)) {
-                    add(names[0], std::move(*hit));
-                }
+    /// The first row below that holds the sums of all columns.
+    static Parts columnTotals(const PageRows& page, std::size_t at,
+                              const std::vector<NamedPerson>& named) {
+        for (std::size_t below = at + 1; below < page.rows.size(); ++below) {
+            Parts parts = columnsOf(page, page.rows[at], named, below);
+            if (parts.size() == named.size()
+                && std::ranges::all_of(parts, [](const PersonAmount& part) {
+                       return columnCheck(part.found).has_value();
+                   })) {
+                return parts;
             }
         }
+        return {};
     }
 
-    /// A heading of names over columns of amounts.
-    void byColumn() {
-        for (const PageRows& page : document_.pages) {
-            for (std::size_t at = 0; at < page.rows.size() && found_.size() < 2; ++at) {
-                found_.clear(); // a single one stands under a heading by chance
-                const auto names = families_.namesIn(page.rows[at]);
-                if (names.size() < 2 || page.number == 0) {
-                    continue;
-                }
-                const RowRange below{&page, at + 1, page.rows.size()};
-                const auto hit = findFirst({below}, wanted_);
-                if (hit) {
-                    addColumns(page, page.rows[at], names, hit->row);
-                }
-            }
-        }
-    }
-
-    void addColumns(const PageRows& page, const Row& heading, const std::vector<Name>& names,
-                    std::size_t at) {
+    /// The amounts of a row under the names of a heading.
+    static Parts columnsOf(const PageRows& page, const Row& heading,
+                           const std::vector<NamedPerson>& named, std::size_t at) {
+        Parts parts;
         for (const RowAmount& amount : page.rows[at].amounts) {
-            for (const Name& name : names) {
+            for (const NamedPerson& name : named) {
                 const double left = heading.words[name.first].place.left;
                 const double right = heading.words[name.last].place.right;
                 if (isWorthy(amount) && amount.place.left < right && left < amount.place.right) {
-                    add(name, {.page = &page, .row = at, .amount = amount, .label = name.text});
+                    parts.push_back(
+                        {name, {.page = &page, .row = at, .amount = amount, .label = name.name}});
                 }
             }
         }
+        return parts;
+    }
+
+    /// The amounts behind each name in running text.
+    Parts bySentence() const {
+        constexpr std::size_t mostRows = 4; // from a name to its amount
+        Candidates candidates;
+        for (const PageRows& page : document_.pages) {
+            std::optional<NamedPerson> person;
+            std::size_t since = 0;
+            for (std::size_t at = 0; at < page.rows.size(); ++at) {
+                const Row& row = page.rows[at];
+                const auto named = people_.in(row);
+                if (page.number != 0 && cellsOf(row).size() > 1) {
+                    person.reset(); // a table
+                    continue;
+                }
+                auto next = named.begin();
+                for (const RowAmount& amount : row.amounts) {
+                    while (next != named.end() && next->last < amount.first) {
+                        person = *next++;
+                        since = at;
+                    }
+                    if (person && at - since <= mostRows && isWorthy(amount)) {
+                        candidates.add(*person, {.page = &page,
+                                                 .row = at,
+                                                 .amount = amount,
+                                                 .label = person->name,
+                                                 .isBelow = true});
+                    }
+                }
+                if (next != named.end()) {
+                    person = named.back();
+                    since = at;
+                }
+            }
+        }
+        return candidates.chosen(document_);
     }
 
     /// A name above the rows that are about it.
-    void byBlock() {
+    Parts byBlock() const {
+        Parts parts;
         for (const PageRows& page : document_.pages) {
-            std::vector<std::pair<std::size_t, Name>> starts;
+            std::vector<std::pair<std::size_t, NamedPerson>> starts;
             for (std::size_t at = 0; at < page.rows.size(); ++at) {
-                const auto names = families_.namesIn(page.rows[at]);
-                if (names.size() == 1
-                    && (starts.empty() || starts.back().second.folded != names[0].folded)) {
-                    starts.emplace_back(at, names[0]);
+                const auto named = people_.in(page.rows[at]);
+                if (named.size() == 1
+                    && (starts.empty() || starts.back().second.folded != named[0].folded)) {
+                    starts.emplace_back(at, named[0]);
                 }
             }
             for (std::size_t i = 0; i < starts.size(); ++i) {
@@ -244,20 +238,26 @@ class Search {
                 const std::size_t end = isLast ? page.rows.size() : starts[i + 1].first;
                 auto hit = findFirst({RowRange{&page, starts[i].first, end}}, wanted_);
                 if (hit && isLast) {
-                    hit = withoutCommonTotal(page, starts[i].first, std::move(*hit));
+                    hit = withoutCommonTotal(page, starts[i].first, std::move(*hit), parts);
                 }
                 if (hit && hit->value() >= 1) {
-                    add(starts[i].second, std::move(*hit));
+                    parts.push_back({starts[i].second, std::move(*hit)});
                 }
             }
         }
+        const bool areDistinct = std::ranges::all_of(parts, [&](const PersonAmount& one) {
+            return std::ranges::count(parts, one.person.folded,
+                                      [](const PersonAmount& other) { return other.person.folded; })
+                   == 1;
+        });
+        return areDistinct ? parts : Parts();
     }
 
     /// What stands behind the last name may be the total of all: then the amount above it counts.
     std::optional<FoundAmount> withoutCommonTotal(const PageRows& page, std::size_t first,
-                                                  FoundAmount hit) const {
+                                                  FoundAmount hit, const Parts& before) const {
         Decimal others;
-        for (const PersonAmount& one : found_) {
+        for (const PersonAmount& one : before) {
             others = others + one.found.value();
         }
         auto own = findFirst({RowRange{&page, first, hit.row}}, wanted_);
@@ -265,20 +265,27 @@ class Search {
                                                            : std::optional(std::move(hit));
     }
 
-    void add(const Name& name, FoundAmount found) {
-        found_.push_back({name.text, std::move(found)});
-    }
-
     const DocumentRows& document_;
     const Wanted& wanted_;
-    Families families_;
-    std::vector<PersonAmount> found_;
+    People people_;
 };
 
 } // namespace
 
 std::vector<PersonAmount> findPersonAmounts(const DocumentRows& document, const Wanted& wanted) {
     return Search(document, wanted).run();
+}
+
+std::optional<ProposalCheck> togetherCheck(const DocumentRows& document,
+                                           const std::vector<PersonAmount>& parts) {
+    Decimal sum;
+    for (const PersonAmount& part : parts) {
+        sum = sum + part.found.value();
+    }
+    if (parts.size() < 2 || !findPrinted(document, sum)) {
+        return std::nullopt;
+    }
+    return ProposalCheck{"Alle zusammen: " + shown(sum), true};
 }
 
 } // namespace fiscarel

@@ -60,6 +60,8 @@ enum class Concept {
     social, ///< contributions to the state's insurances, taken from a wage
     account,
     medical,
+    deductible, ///< what the tax law lets one deduct
+    meals,
     last, ///< number of concepts
 };
 

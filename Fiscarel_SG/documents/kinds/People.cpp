@@ -1,0 +1,162 @@
+#include "Fiscarel_SG/documents/kinds/People.h"
+
+#include "Fiscarel_SG/documents/rows/RowLabels.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace fiscarel {
+
+namespace {
+
+using taxcore::Date;
+
+std::string_view bare(std::string_view word) {
+    if (word.starts_with('(')) {
+        word.remove_prefix(1);
+    }
+    while (!word.empty() && std::string_view(",;:.()").find(word.back()) != word.npos) {
+        word.remove_suffix(1);
+    }
+    return word;
+}
+
+bool isCapitalised(const RowWord& word) {
+    const std::string_view text = bare(word.text);
+    if (text.size() < 2 || text.find_first_of("0123456789/&|·") != text.npos) {
+        return false;
+    }
+    const bool isCapital =
+        (text[0] >= 'A' && text[0] <= 'Z') || static_cast<unsigned char>(text[0]) >= 0x80;
+    const bool goesOnSmall = !(text[1] >= 'A' && text[1] <= 'Z');
+    return isCapital && goesOnSmall;
+}
+
+bool isJoin(const RowWord& word) {
+    return word.folded == "und" || word.folded == "et" || word.folded == "e" || word.text == "&";
+}
+
+NamedPerson nameFrom(const Row& row, std::size_t first, std::size_t last) {
+    NamedPerson name{.first = first, .last = last};
+    for (std::size_t i = first; i <= last; ++i) {
+        name.folded += (i == first ? "" : " ") + row.words[i].folded;
+        name.name += (i == first ? "" : " ") + std::string(bare(row.words[i].text));
+    }
+    return name;
+}
+
+/// Words that stand beside names and are written with a capital too.
+const Labels& noNames() {
+    static const Labels words{
+        "Kind",   "Kinder",    "Name",         "Vorname",  "Enfant",  "Enfants", "Nom",
+        "Prénom", "Nome",      "Cognome",      "Herr",     "Frau",    "Madame",  "Monsieur",
+        "Signor", "Signora",   "Person",       "Tochter",  "Sohn",    "Bambino", "Bambina",
+        "Geb",    "Geboren",   "Geburtsdatum", "Total",    "Familie", "Famille", "Famiglia",
+        "Januar", "Februar",   "März",         "April",    "Mai",     "Juni",    "Juli",
+        "August", "September", "Oktober",      "November", "Dezember"};
+    return words;
+}
+
+/// Two or three capitalised words that end at or before a word, next to it.
+std::optional<NamedPerson> nameBefore(const Row& row, std::size_t end) {
+    std::size_t last = end;
+    while (last > 0 && !isCapitalised(row.words[last - 1])) {
+        if (end - last > 3 || !row.amounts.empty()) {
+            return std::nullopt;
+        }
+        --last;
+    }
+    while (last > 0 && isAnyIn(row.words[last - 1].folded, noNames())) {
+        --last;
+    }
+    std::size_t first = last;
+    while (first > 0 && last - first < 3 && isCapitalised(row.words[first - 1])
+           && !isAnyIn(row.words[first - 1].folded, noNames())
+           && (first == last || !row.words[first - 1].text.ends_with(":"))) {
+        --first;
+    }
+    return last - first >= 2 ? std::optional(nameFrom(row, first, last - 1)) : std::nullopt;
+}
+
+/// Two capitalised words from a word on.
+std::optional<NamedPerson> nameAt(const Row& row, std::size_t at) {
+    const bool isName = at + 1 < row.words.size() && isCapitalised(row.words[at])
+                        && isCapitalised(row.words[at + 1])
+                        && !isAnyIn(row.words[at].folded, noNames())
+                        && !isAnyIn(row.words[at + 1].folded, noNames());
+    return isName ? std::optional(nameFrom(row, at, at + 1)) : std::nullopt;
+}
+
+/// The day that begins with a word.
+std::optional<Date> dayAt(const Row& row, std::size_t at) {
+    const auto day = parseDay(bare(row.words[at].text));
+    return day || at + 2 >= row.words.size()
+               ? day
+               : parseDay(row.words[at].text, row.words[at + 1].text, bare(row.words[at + 2].text));
+}
+
+} // namespace
+
+People::People(const DocumentRows& document) {
+    for (const PageRows& page : document.pages) {
+        for (const Row& row : page.rows) {
+            look(row);
+        }
+    }
+}
+
+std::vector<NamedPerson> People::in(const Row& row) const {
+    std::vector<NamedPerson> named;
+    const bool areTold = born_.size() >= 2;
+    for (std::size_t i = 0; i < row.words.size(); ++i) {
+        const auto told = born_.find(row.words[i].folded);
+        const bool isFull = i + 1 < row.words.size() && isFamily(row.words[i + 1].folded);
+        if (!isCapitalised(row.words[i]) || isAnyIn(row.words[i].folded, noNames())
+            || (isFull && row.words[i].text.ends_with(':'))) {
+            continue;
+        }
+        if (areTold && told != born_.end()) {
+            named.push_back(told->second);
+            named.back().first = i;
+            named.back().last = isFull ? i + 1 : i;
+        } else if (!areTold && isFull) {
+            named.push_back(nameFrom(row, i, i + 1));
+            if (told != born_.end() && told->second.folded == named.back().folded) {
+                named.back().birthDate = told->second.birthDate;
+            }
+        }
+    }
+    return named;
+}
+
+void People::look(const Row& row) {
+    static const Labels labels{"Kind",
+                               "Enfant",
+                               "Bambino",
+                               "Bambina",
+                               "Versicherte Person",
+                               "Personne assurée",
+                               "Persona assicurata"};
+    for (std::size_t i = 0; i < row.words.size(); ++i) {
+        if (const auto day = dayAt(row, i)) {
+            if (auto name = nameBefore(row, i)) {
+                families_.insert(row.words[name->last].folded);
+                name->birthDate = day;
+                born_.emplace(row.words[name->first].folded, *name);
+            }
+        }
+        if (isJoin(row.words[i]) && i >= 2 && nameAt(row, i + 1)) {
+            for (const auto& name : {nameAt(row, i - 2), nameAt(row, i + 1)}) {
+                if (name) {
+                    families_.insert(row.words[name->last].folded);
+                }
+            }
+        }
+    }
+    const auto label = findLabel(row, labels, false);
+    if (const auto name = label ? nameAt(row, label->last + 1) : std::nullopt) {
+        families_.insert(row.words[name->last].folded);
+    }
+}
+
+} // namespace fiscarel

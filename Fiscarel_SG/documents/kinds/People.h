@@ -1,0 +1,43 @@
+#pragma once
+
+#include "Fiscarel_SG/documents/ProposalDraft.h"
+
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace fiscarel {
+
+/// Where a row names somebody.
+struct NamedPerson {
+    std::string name;      ///< as printed, with the family's
+    std::string folded;    ///< tells people apart
+    std::size_t first = 0; ///< index of its first word in the row
+    std::size_t last = 0;
+    std::optional<taxcore::Date> birthDate;
+};
+
+/// The people a document tells: those beside a birth date or a label such as "Kind", two that "und"
+/// joins, and others of the same families.
+class People {
+  public:
+    explicit People(const DocumentRows& document);
+
+    /// The people a row names, from left to right. Where several are told with their births, only
+    /// these, and by their first names alone too.
+    std::vector<NamedPerson> in(const Row& row) const;
+
+    /// Those told with a day of birth, by their first names (folded).
+    const std::map<std::string, NamedPerson>& born() const { return born_; }
+
+  private:
+    void look(const Row& row);
+    bool isFamily(const std::string& folded) const { return families_.contains(folded); }
+
+    std::set<std::string> families_;
+    std::map<std::string, NamedPerson> born_;
+};
+
+} // namespace fiscarel
