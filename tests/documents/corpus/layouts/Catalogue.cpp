@@ -9,7 +9,8 @@ std::vector<Layout> layoutsOf(bool held) {
           buyInPapers(),        premiumPapers(),      bankPapers(),       statementPapers(),
           billPapers(),         donationPapers(),     childcarePapers(),  coursePapers(),
           insurancePapers(),    propertyPapers(),     otherPapers(),      scriptedMoneyPapers(),
-          scriptedWorkPapers(), scriptedLifePapers(), townFamilyPapers(), townWealthPapers()}) {
+          scriptedWorkPapers(), scriptedLifePapers(), townFamilyPapers(), townWealthPapers(),
+          valleyBankPapers(),   valleyWorkPapers(),   valleyLifePapers()}) {
         for (const Layout& layout : group) {
             if (layout.held == held) {
                 chosen.push_back(layout);

@@ -37,6 +37,9 @@ std::vector<Layout> scriptedWorkPapers();
 std::vector<Layout> scriptedLifePapers();
 std::vector<Layout> townFamilyPapers();
 std::vector<Layout> townWealthPapers();
+std::vector<Layout> valleyBankPapers();
+std::vector<Layout> valleyWorkPapers();
+std::vector<Layout> valleyLifePapers();
 
 /// Every layout of the training set or of the held-out set.
 std::vector<Layout> layoutsOf(bool held);

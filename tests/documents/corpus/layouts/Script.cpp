@@ -41,6 +41,7 @@ class Player {
     void setColumns(const QString& arguments);
     void row(Cells c, double size, bool bold);
     void each(const QString& arguments);
+    void setMoney(const QString& style);
     void bill(const QString& arguments);
     bool layOut(const QString& command, const QString& rest);
 
@@ -48,6 +49,7 @@ class Player {
     Paper& paper_;
     const Facts* facts_;
     const Facts* item_ = nullptr;
+    bool repeating_ = false; ///< the same lines for one item after another
     double size_;
     int dateForm_;
     int minus_;
@@ -157,7 +159,11 @@ QString Player::expanded(QString text) {
     };
     replaceAll(choice, [this](const QRegularExpressionMatch& match) {
         const QStringList all = match.captured(1).split('|');
-        return all[draft_.random.between(0, static_cast<int>(all.size()) - 1)];
+        QString& chosen = chosen_[match.captured(0)];
+        if (chosen.isEmpty() || !repeating_) {
+            chosen = all[draft_.random.between(0, static_cast<int>(all.size()) - 1)];
+        }
+        return chosen;
     });
     replaceAll(key, [this](const QRegularExpressionMatch& match) {
         const QString language = match.captured(2).isEmpty() ? draft_.language : match.captured(2);
@@ -357,6 +363,7 @@ void Player::each(const QString& arguments) {
 /// What an item tells goes before what the whole paper tells.
 void Player::per(const QString& list, const QStringList& lines) {
     const Facts* const whole = facts_;
+    repeating_ = true;
     for (const Facts& item : whole->lists.at(list)) {
         Facts inner = item;
         inner.amounts.insert(whole->amounts.begin(), whole->amounts.end());
@@ -366,6 +373,7 @@ void Player::per(const QString& list, const QStringList& lines) {
         play(lines);
         facts_ = whole;
     }
+    repeating_ = false;
 }
 
 void Player::play(const QStringList& lines) {
@@ -380,6 +388,18 @@ void Player::play(const QStringList& lines) {
         } else if (!line.isEmpty()) {
             run(line);
         }
+    }
+}
+
+void Player::setMoney(const QString& style) {
+    if (style == "hyphen") {
+        draft_.money.fraction = AmountStyle::Fraction::hyphen;
+        draft_.money.place = AmountStyle::Currency::before;
+        draft_.money.currency = "Fr.";
+    } else if (style == "spaced") {
+        draft_.money.mark = QString(QChar(0x00a0));
+    } else {
+        throw std::runtime_error("no style of amounts " + style.toStdString());
     }
 }
 
@@ -429,6 +449,8 @@ bool Player::layOut(const QString& command, const QString& rest) {
         each(rest);
     } else if (command == "bill") {
         bill(rest);
+    } else if (command == "money") {
+        setMoney(rest);
     } else {
         return false;
     }

@@ -26,7 +26,9 @@ struct Facts {
 ///   grid N, cell L ; V …, endgrid       boxes, N in a row
 ///   cols 22 120r 190r, th tr tb C ; …   a table: where columns stand, head, row, bold row
 ///   each LIST C ; …                     a row per item; "each LIST !COMMAND …" any other command
-///   per LIST … endper                   the lines between once per item, whose lists count too
+///   per LIST … endper                   the lines between once per item, in the same words; its
+///                                       lists count too
+///   money hyphen|spaced                 "Fr. 200.-"; a blank between thousands
 ///   bill AMOUNT T                       the part for payment, where the layout has one
 ///   gap N, rule, page, foot T
 ///   wide                                before the head: the sheet lies on its long side
