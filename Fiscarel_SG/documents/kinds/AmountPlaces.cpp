@@ -73,8 +73,10 @@ const RowAmount* amountBelow(const RowRange& range, std::size_t at, const LabelP
     if (next.amounts.empty() || next.top - own.bottom > most * own.height()) {
         return nullptr;
     }
-    const bool goesOn = continuesSentence(next) && next.words.front().place.left < label.right
-                        && next.amounts.back().place.left > label.left;
+    const bool breaksOff = isFrancs(own.words.back().text) && next.amounts.front().first == 0;
+    const bool goesOn = breaksOff
+                        || (continuesSentence(next) && next.words.front().place.left < label.right
+                            && next.amounts.back().place.left > label.left);
     if (goesOn && next.amounts.front().amount.isFirm()) {
         return &next.amounts.front(); // further ones belong to what the sentence says next
     }
@@ -121,7 +123,7 @@ std::optional<Heading> headingAt(const RowRange& range, std::size_t at,
         ++heading.wanted;
     }
     const bool isHeading = heading.columns.size() >= 3 && heading.wanted < heading.columns.size()
-                           && heading.columns[heading.wanted].first == place->first;
+                           && heading.columns[heading.wanted].first <= place->first;
     return isHeading ? std::optional(std::move(heading)) : std::nullopt;
 }
 
@@ -273,6 +275,20 @@ const RowAmount* amountInCell(const Row& row, const LabelPlace& label,
     return first;
 }
 
+/// "12 × 1’355.00   16’260.00": the amount of the year beside that of a month.
+const RowAmount* amountOfYear(const Row& row) {
+    for (const RowAmount& year : row.amounts) {
+        const bool isOfYear = std::ranges::any_of(row.amounts, [&](const RowAmount& month) {
+            return month.amount.isFirm() && month.amount.value >= 1
+                   && month.amount.value * 12 == year.amount.value;
+        });
+        if (year.amount.isFirm() && isOfYear) {
+            return &year;
+        }
+    }
+    return nullptr;
+}
+
 /// Whether a row speaks of the first day of a year and not of its last.
 bool isOfYearsBeginning(const Row& row) {
     const auto text = [&](std::size_t at) -> std::string_view {
@@ -335,6 +351,10 @@ std::optional<FoundAmount> amountFor(const RowRange& range, std::size_t at, cons
         .page = range.page, .row = at, .label = textBetween(row, label.first, label.last)};
     if (std::ranges::any_of(right, [](const RowAmount* one) { return one->amount.isFirm(); })) {
         std::erase_if(right, [](const RowAmount* one) { return !one->amount.isFirm(); });
+    }
+    if (const RowAmount* year = amountOfYear(row)) {
+        found.amount = *year;
+        return found;
     }
     if (!right.empty()) {
         const RowAmount* headed =

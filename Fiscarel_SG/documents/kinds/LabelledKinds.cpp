@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/documents/kinds/LabelledFields.h"
 #include "Fiscarel_SG/documents/kinds/PersonParts.h"
 #include "Fiscarel_SG/documents/kinds/PlainAmount.h"
+#include "Fiscarel_SG/documents/kinds/Property.h"
 #include "Fiscarel_SG/documents/kinds/RecordsByKind.h"
 
 #include <algorithm>
@@ -95,7 +96,7 @@ bool proposePeople(const KindContext& context, const LabelledField& row, Proposa
 
 void proposeField(const KindContext& context, const LabelledField& row, RecordsByKind& records,
                   ProposalDraft& draft) {
-    if (proposePeople(context, row, draft)) {
+    if (records.has(row.record, row.field) || proposePeople(context, row, draft)) {
         return;
     }
     auto chosen = chooseFound(findAmounts(wholeDocument(context.document), row.wanted), row.below);
@@ -118,68 +119,9 @@ void proposeField(const KindContext& context, const LabelledField& row, RecordsB
               chosen->found.value().abs(), std::move(evidence));
 }
 
-bool isCapital(std::string_view word) { return !word.empty() && word[0] >= 'A' && word[0] <= 'Z'; }
-
-/// Words of a property or an insurance that name it.
-void proposeNames(const KindContext& context, const RecordsByKind& records, ProposalDraft& draft) {
-    struct NameRow {
-        Record record;
-        const char* field;
-        Labels labels;
-    };
-    static const std::vector<NameRow> rows{
-        {Record::realEstate,
-         "municipality",
-         {"Gemeinde", "Commune", "Comune", "Politische Gemeinde"}},
-        {Record::realEstate,
-         "parcelNumber",
-         {"Grundstück Nr.", "Grundstück-Nr.", "Grundstücknummer", "Grundstück", "Parzelle Nr.",
-          "Parzellennummer", "Parzelle", "Parcelle n°", "Parcelle", "Particella n.", "Particella",
-          "Mappale"}},
-        {Record::realEstate,
-         "description",
-         {"Objekt", "Lage", "Strasse", "Adresse", "Objet", "Oggetto", "Ubicazione"}},
-    };
-    for (const NameRow& wanted : rows) {
-        const auto record = records.existing(wanted.record);
-        bool isDone = !record.has_value();
-        for (const PageRows& page : context.document.pages) {
-            for (const Row& row : page.rows) {
-                auto label = findLabel(row, wanted.labels, page.isRecognised);
-                if (isDone || !label || label->last + 1 >= row.words.size()
-                    || (label->first > 2 && !isCapital(row.words[label->last + 1].text))) {
-                    continue;
-                }
-                std::size_t first = label->last + 1;
-                while (first + 1 < row.words.size()
-                       && (row.words[first].folded.empty() || row.words[first].folded == "nr"
-                           || row.words[first].folded == "n")) {
-                    ++first;
-                }
-                const bool isNumber = wanted.field == std::string_view("parcelNumber");
-                if (isNumber && row.words[first].text.find_first_of("0123456789") != 0) {
-                    continue;
-                }
-                std::size_t last = first;
-                while (last + 1 < row.words.size() && !row.words[last].text.ends_with(',')
-                       && row.words[last + 1].place.left - row.words[last].place.right
-                              < 1.8 * row.height()) {
-                    ++last;
-                }
-                std::string name = textBetween(row, first, last);
-                if (name.ends_with(',')) {
-                    name.pop_back();
-                }
-                draft.add(*record, wanted.field, std::move(name),
-                          {.witness = page.number == 0 ? Witness::text : Witness::position,
-                           .confidence = Confidence::medium,
-                           .reason = "Steht rechts von «"
-                                     + textBetween(row, label->first, label->last) + "».",
-                           .page = page.number});
-                isDone = true;
-            }
-        }
-    }
+/// Who pays a pension, and whose policy it is.
+void proposeSenders(const KindContext& context, const RecordsByKind& records,
+                    ProposalDraft& draft) {
     if (const auto pension = records.existing(Record::pension)) {
         draft.add(*pension, "label", context.facts.issuer.text,
                   {.witness = Witness::position,
@@ -216,9 +158,7 @@ void proposeOnlyAmount(const KindContext& context, RecordsByKind& records, Propo
               plainEvidence(*found, context.isKindClear));
 }
 
-} // namespace
-
-void proposeLabelled(const KindContext& context, ProposalDraft& draft) {
+void proposeFields(const KindContext& context, ProposalDraft& draft) {
     RecordsByKind records(context, draft);
     if (context.kind == Kind::krankenkasse) {
         proposePremiums(context, records, draft);
@@ -239,7 +179,32 @@ void proposeLabelled(const KindContext& context, ProposalDraft& draft) {
     if (!draft.hasRecords()) {
         proposeOnlyAmount(context, records, draft);
     }
-    proposeNames(context, records, draft);
+    proposeSenders(context, records, draft);
+    if (const auto property = records.existing(Record::realEstate)) {
+        nameProperty(context.document, *property, draft);
+    }
+}
+
+/// A paper on several parcels: a record for each.
+bool proposeParcels(const KindContext& context, ProposalDraft& draft) {
+    if (context.kind != Kind::liegenschaft) {
+        return false;
+    }
+    const auto parcels = parcelsOf(context.document);
+    const std::size_t from = draft.result().proposals.size();
+    for (const DocumentRows& parcel : parcels) {
+        proposeFields({parcel, context.facts, context.kind, context.isKindClear, {}}, draft);
+    }
+    confirmParcels(context, from, draft);
+    return draft.result().proposals.size() > from;
+}
+
+} // namespace
+
+void proposeLabelled(const KindContext& context, ProposalDraft& draft) {
+    if (!proposeParcels(context, draft)) {
+        proposeFields(context, draft);
+    }
 }
 
 } // namespace fiscarel

@@ -95,9 +95,13 @@ class Search {
         std::vector<Parts> lists_;
     };
 
+    /// Whether a row that names a person tells something else of them. Their subtotal is theirs.
     bool isOther(const Row& row, bool isRecognised) const {
+        static const Labels subtotals{"Zwischentotal", "Zwischensumme", "Sous-total", "Subtotale",
+                                      "Totale parziale"};
         return findLabel(row, wanted_.without, isRecognised)
-               || namesAny(row, wanted_.notMeant, isRecognised);
+               || (!findLabel(row, subtotals, isRecognised)
+                   && namesAny(row, wanted_.notMeant, isRecognised));
     }
 
     /// "Anna Muster, 12.3.2015   4’500.00", also with the months before the year's amount.

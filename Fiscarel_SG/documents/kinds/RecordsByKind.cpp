@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/documents/kinds/RecordsByKind.h"
 
+#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -43,6 +44,13 @@ int RecordsByKind::of(ProposedRecord::Kind kind, int page) {
 std::optional<int> RecordsByKind::existing(ProposedRecord::Kind kind) const {
     const auto known = indices_.find(kind);
     return known == indices_.end() ? std::nullopt : std::optional(known->second);
+}
+
+bool RecordsByKind::has(ProposedRecord::Kind kind, std::string_view field) const {
+    const auto record = existing(kind);
+    return record && std::ranges::any_of(draft_.result().proposals, [&](const Proposal& one) {
+               return one.recordIndex == *record && one.field == field;
+           });
 }
 
 } // namespace fiscarel

@@ -4,6 +4,7 @@
 
 #include <map>
 #include <optional>
+#include <string_view>
 
 namespace fiscarel {
 
@@ -16,6 +17,8 @@ class RecordsByKind {
     /// The record of a kind; a new one begins on `page`.
     int of(ProposedRecord::Kind kind, int page);
     std::optional<int> existing(ProposedRecord::Kind kind) const;
+    /// Whether the record of a kind has a value for a field.
+    bool has(ProposedRecord::Kind kind, std::string_view field) const;
 
   private:
     const KindContext& context_;

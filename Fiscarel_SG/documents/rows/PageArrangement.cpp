@@ -259,8 +259,11 @@ class Arrangement {
             || gap(at) > 1.2) {
             return false;
         }
-        const bool isNearer = at == 0 || gap(at) < 0.7 * gap(at - 1);
         const auto columns = gridColumns(rows[at + 1], rows[at]);
+        // Nearer than what stands above, or that is no row of labels for these amounts.
+        const bool isNearer = at == 0 || gap(at) < 0.7 * gap(at - 1)
+                              || (columns && columns->size() >= 2 && gap(at) < 1
+                                  && cellsOf(rows[at - 1]).size() == 1);
         if (!isNearer || !columns || !hasOnlyLabels(rows[at + 1])) {
             return false;
         }

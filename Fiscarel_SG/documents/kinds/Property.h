@@ -1,0 +1,21 @@
+#pragma once
+
+#include "Fiscarel_SG/documents/kinds/KindMappers.h"
+
+#include <cstddef>
+#include <vector>
+
+namespace fiscarel {
+
+/// Municipality, parcel and description of a property, as far as a document names them.
+void nameProperty(const DocumentRows& document, int record, ProposalDraft& draft);
+
+/// What a document tells of each of several parcels, as a document of its own: the rows of a table,
+/// or from the number of one to that of the next. Empty when there are not several.
+std::vector<DocumentRows> parcelsOf(const DocumentRows& document);
+
+/// Makes what was proposed of several parcels, from that proposal on, sure where the values add up
+/// to a total that is printed.
+void confirmParcels(const KindContext& context, std::size_t from, ProposalDraft& draft);
+
+} // namespace fiscarel
