@@ -296,7 +296,8 @@ void CloudSync::settleConflict(std::size_t index, bool takesOther) {
         return;
     }
     const MergeConflict conflict = open[index];
-    if (takesOther && !takeOther(conflict)) {
+    if ((takesOther && !takeOver(conflict))
+        || (!takesOther && isRemovalHere(conflict) && !takeOver(swapped(conflict)))) {
         context_->status.problem =
             "Die Stelle hat sich inzwischen geändert; Ihr Wert ist geblieben.";
     }
@@ -313,20 +314,25 @@ void CloudSync::settleAllConflicts() {
     context_->tell();
 }
 
-/// As an edit of the user's, in the year it concerns.
-bool CloudSync::takeOther(const MergeConflict& conflict) {
+/// Puts their value in place of ours, as an edit of the user's in the year it concerns.
+bool CloudSync::takeOver(const MergeConflict& conflict) {
     AppStore& store = context_->store;
     PersistedState changed = store.snapshot();
     if (!takeTheirs(changed, conflict)) {
         return false;
     }
+    if (changed == store.snapshot()) {
+        return true;
+    }
     if (conflict.year != 0) {
         const auto found = changed.cases.find(conflict.year);
         if (found == changed.cases.end()) {
-            return false;
+            store.removeYear(conflict.year);
+            return true;
         }
         store.setYear(conflict.year);
-        store.setCurrent(found->second, "Wert aus der Cloud");
+        store.setCurrent(found->second, isRemovalHere(swapped(conflict)) ? "Eintrag löschen"
+                                                                         : "Wert aus der Cloud");
         return true;
     }
     const std::vector<StoredDocument> before = store.documents();

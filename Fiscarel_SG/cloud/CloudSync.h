@@ -78,7 +78,7 @@ class CloudSync final : public CloudService {
     void troubled(const CloudTrouble& trouble);
     void readyAgain();
     void abandon();
-    bool takeOther(const MergeConflict& conflict);
+    bool takeOver(const MergeConflict& conflict);
     std::string dayText(const std::string& written) const;
 
     std::unique_ptr<CloudContext> context_;
