@@ -20,6 +20,9 @@ class CloudService : public QObject {
 
     virtual const CloudStatus& status() const = 0;
 
+    /// Speaks to another server from now on, in later runs too; empty: the usual one. Without
+    /// effect for an address that is not spoken to, and while somebody is signed in or about to be.
+    virtual void useServer(const std::string& address) = 0;
     /// Asks for a code to be sent to an address.
     virtual void requestCode(const std::string& email) = 0;
     virtual void verifyCode(const std::string& code) = 0;

@@ -44,12 +44,15 @@ std::unique_ptr<CloudContext> makeContext(const CloudSync::Services& with) {
 } // namespace
 
 CloudSync::CloudSync(const Services& services, QObject* parent)
-    : CloudService(parent), context_(makeContext(services)),
+    : CloudService(parent), settings_(services.settings), context_(makeContext(services)),
       signIn_(
           *context_, [this] { readyAgain(); }, [this] { abandon(); }),
       states_(*context_), documents_(*context_, [this] { return isAskedAgain_; }),
       timer_(services.timers.make([this] { run(); })) {
     context_->changed = [this] { Q_EMIT changed(); };
+    if (settings_ != nullptr) {
+        context_->status.server = settings_->text(serverKey).value_or("");
+    }
     if (services.persistence == nullptr || services.store.isDemo()) {
         context_->status.phase = Phase::demo;
         return;
@@ -255,6 +258,35 @@ void CloudSync::troubled(const CloudTrouble& trouble) {
 }
 
 // What the user asks for.
+
+namespace {
+
+/// Nothing typed: the usual one.
+QUrl baseOf(const QString& typed) {
+    return typed.isEmpty() ? CloudAPI::defaultBase() : CloudAPI::baseOf(typed);
+}
+
+} // namespace
+
+QUrl CloudSync::serverOf(const Settings& settings) {
+    return baseOf(QString::fromStdString(settings.text(serverKey).value_or("")).trimmed());
+}
+
+void CloudSync::useServer(const std::string& address) {
+    const QString typed = QString::fromStdString(address).trimmed();
+    CloudStatus& status = context_->status;
+    if (status.phase != Phase::signedOut || status.activity == Activity::working
+        || (!typed.isEmpty() && !CloudAPI::speaksTo(baseOf(typed)))) {
+        return;
+    }
+    context_->api.setBase(baseOf(typed));
+    status.server = typed.toStdString();
+    if (settings_ != nullptr) {
+        settings_->setText(serverKey, status.server);
+    }
+    status.problem.reset();
+    context_->tell();
+}
 
 void CloudSync::requestCode(const std::string& email) {
     if (status().phase == Phase::signedOut || status().phase == Phase::codeSent) {

@@ -13,6 +13,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace fiscarel {
 
@@ -33,9 +34,11 @@ class CloudSync final : public CloudService {
         WorkQueue& worker; ///< another one: the keyring may keep it waiting for the user
         Timers& timers;
         const Clock& clock;
+        Settings* settings = nullptr; ///< keep the user's own server; null: it is not kept
         std::string device = {}; ///< how the list of devices is to name this one; empty: as it is
     };
 
+    static constexpr std::string_view serverKey = "cloud/server"; ///< of the settings
     static constexpr std::chrono::milliseconds quietBeforeSending{2'000};
     static constexpr std::chrono::minutes betweenChecks{5};
     static constexpr std::chrono::seconds firstPause{5};
@@ -52,7 +55,10 @@ class CloudSync final : public CloudService {
     const CloudStatus& status() const override { return context_->status; }
     /// Whether a comparison is under way.
     bool isRunning() const noexcept { return isRunning_; }
+    /// Where the server is by these settings.
+    static QUrl serverOf(const Settings& settings);
 
+    void useServer(const std::string& address) override;
     void requestCode(const std::string& email) override;
     void verifyCode(const std::string& code) override;
     void cancelSignIn() override;
@@ -81,6 +87,7 @@ class CloudSync final : public CloudService {
     bool takeOver(const MergeConflict& conflict);
     std::string dayText(const std::string& written) const;
 
+    Settings* settings_;
     std::unique_ptr<CloudContext> context_;
     SignIn signIn_;
     StateExchange states_;
