@@ -62,10 +62,20 @@ CloudSync::CloudSync(const Services& services, QObject* parent)
             timer_->start(quietBeforeSending);
         }
     };
+    services.store.onDocumentDeleted = [this](const StoredDocument& document) {
+        if (context_->status.phase == Phase::starting) {
+            deletedEarly_.push_back(document);
+        } else {
+            context_->keepFileOf(document);
+        }
+    };
     start();
 }
 
-CloudSync::~CloudSync() { context_->store.onLocalSave = nullptr; }
+CloudSync::~CloudSync() {
+    context_->store.onLocalSave = nullptr;
+    context_->store.onDocumentDeleted = nullptr;
+}
 
 /// Asks the keyring and the disk what was before.
 void CloudSync::start() {
@@ -87,6 +97,9 @@ void CloudSync::start() {
             context_->record = std::move(found->record);
             context_->status.email = context_->record.email;
             context_->status.conflicts = context_->record.conflicts;
+            for (const StoredDocument& document : std::exchange(deletedEarly_, {})) {
+                context_->keepFileOf(document);
+            }
             if (!found->memory.isAvailable) {
                 context_->status.phase = Phase::noKeyring;
                 context_->tell();

@@ -14,6 +14,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace fiscarel {
 
@@ -94,6 +95,7 @@ class CloudSync final : public CloudService {
     DocumentExchange documents_;
     std::unique_ptr<Timer> timer_; ///< to the next comparison
     std::chrono::seconds pause_ = firstPause;
+    std::vector<StoredDocument> deletedEarly_; ///< before the record was read
     bool isRunning_ = false;
     bool isAskedAgain_ = false;
     bool isPausing_ = false; ///< because of the server or the line
