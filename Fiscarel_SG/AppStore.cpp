@@ -225,6 +225,30 @@ void AppStore::changeCase(TaxCase taxCase, Edit edit) {
     edited();
 }
 
+void AppStore::removeYear(int year) {
+    const auto found = state_.cases.find(year);
+    if (found == state_.cases.end()) {
+        return;
+    }
+    Edit edit{.name = "Steuerjahr " + std::to_string(year) + " löschen",
+              .at = services_.clock.now()};
+    edit.cases.push_back(
+        {year, std::make_shared<const TaxCase>(std::move(found->second)), nullptr});
+    state_.cases.erase(found);
+    unread_.forget(year);
+    keepSelectedCase();
+    history_.record(std::move(edit));
+    Q_EMIT historyChanged();
+    if (year == year_) {
+        Q_EMIT currentChanged({});
+    }
+    scheduleRecalculate();
+    edited();
+}
+
+/// The selected year has a case, be it a new one.
+void AppStore::keepSelectedCase() { state_.cases.try_emplace(year_, TaxCase{.year = year_}); }
+
 void AppStore::edited() {
     if (gate_ == Gate::untilEdit) {
         openGate();
@@ -276,6 +300,7 @@ std::optional<std::string> AppStore::step(std::optional<Edit> (History::*take)(P
     if (!edit) {
         return std::nullopt;
     }
+    keepSelectedCase();
     announce(*edit);
     scheduleRecalculate();
     edited();
@@ -292,10 +317,10 @@ void AppStore::announce(const Edit& edit) {
         const bool concernsYear =
             std::ranges::any_of(edit.cases, [&](const auto& part) { return part.year == year_; });
         const Edit::OfCase& part = edit.cases.front();
-        paths = changedPaths(*part.before, *part.after);
+        paths = part.after ? changedPaths(*part.before, *part.after) : std::vector<std::string>{};
         if (concernsYear) {
             Q_EMIT currentChanged({});
-        } else {
+        } else if (state_.cases.contains(part.year)) {
             setYear(part.year);
         }
     }

@@ -142,6 +142,9 @@ class AppStore final : public QObject {
     /// Replaces the current case by an empty one once a labelled backup is written; when that fails
     /// the case stays and `loadError` says why.
     void resetYear();
+    /// Takes a year's case away, as an edit that can be undone. The selected year then has a new
+    /// one.
+    void removeYear(int year);
     /// A year's case made from an earlier one.
     static taxcore::TaxCase carryOver(const taxcore::TaxCase& from, int to);
     /// Ticks a row of a year's transfer list.
@@ -242,6 +245,7 @@ class AppStore final : public QObject {
     void edited();
     void openGate();
     void changeCase(taxcore::TaxCase taxCase, Edit edit);
+    void keepSelectedCase();
     void announce(const Edit& edit);
     std::optional<std::string> step(std::optional<Edit> (History::*take)(PersistedState&));
     void scheduleRecalculate();

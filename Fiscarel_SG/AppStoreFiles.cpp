@@ -125,7 +125,7 @@ void AppStore::applyRemote(PersistedState state) {
         }
     }
     adopt(std::move(state));
-    state_.cases.try_emplace(year_, TaxCase{.year = year_});
+    keepSelectedCase();
     announceAdopted(true);
 }
 

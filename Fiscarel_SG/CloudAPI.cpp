@@ -218,6 +218,11 @@ QUrl CloudAPI::baseOf(const QString& host) {
     return origin.resolved(QUrl(u"/fiscarel/api/v1/"_s));
 }
 
+bool CloudAPI::speaksTo(const QUrl& base) {
+    return base.isValid() && !base.host().isEmpty()
+           && (base.scheme() == u"https"_s || (base.scheme() == u"http"_s && isLoopback(base)));
+}
+
 void CloudAPI::send(const Request& request, Answer done) {
     QUrl url = base_.resolved(QUrl(request.path));
     QUrlQuery query;
@@ -225,8 +230,7 @@ void CloudAPI::send(const Request& request, Answer done) {
         query.addQueryItem(name, QString::fromLatin1(QUrl::toPercentEncoding(value)));
     }
     url.setQuery(query);
-    if (!url.isValid()
-        || (url.scheme() != u"https"_s && !(url.scheme() == u"http"_s && isLoopback(url)))) {
+    if (!speaksTo(url)) {
         QMetaObject::invokeMethod(
             this, [done] { done(tl::unexpected(Failure{.code = "red"})); }, Qt::QueuedConnection);
         return;

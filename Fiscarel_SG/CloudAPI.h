@@ -103,8 +103,8 @@ class CloudAPI final : public QObject {
     template <class T>
     using Done = std::function<void(tl::expected<T, Failure>)>;
 
-    /// `base` ends with "/". Only HTTPS is spoken, and plain HTTP to this machine; with any other
-    /// address every call fails with "red" and nothing is sent.
+    /// `base` ends with "/". With one that is not spoken to every call fails with "red" and nothing
+    /// is sent.
     explicit CloudAPI(QUrl base = defaultBase(), QObject* parent = nullptr)
         : CloudAPI(std::move(base), Patience{}, parent) {}
     CloudAPI(QUrl base, Patience patience, QObject* parent = nullptr);
@@ -114,8 +114,13 @@ class CloudAPI final : public QObject {
     /// host with its scheme, as "http://127.0.0.1:8420", are fine as well.
     static QUrl baseOf(const QString& host);
 
+    /// Whether calls may go to an address: by HTTPS, or by plain HTTP to this machine.
+    static bool speaksTo(const QUrl& base);
+
     /// Where the calls go.
     const QUrl& base() const noexcept { return base_; }
+    /// From now on they go elsewhere.
+    void setBase(QUrl base) { base_ = std::move(base); }
 
     void requestCode(const std::string& email, Done<void> done);
     void verifyCode(const std::string& email, const std::string& code, const std::string& device,
@@ -144,7 +149,7 @@ class CloudAPI final : public QObject {
     void send(const Request& request, Answer done);
 
     QNetworkAccessManager network_;
-    const QUrl base_;
+    QUrl base_;
     const Patience patience_;
 };
 

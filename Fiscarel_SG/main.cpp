@@ -69,13 +69,6 @@ struct MainThreadQueue {
     }};
 };
 
-/// The encrypted backup's server: the one of the settings, or the one this program was built for.
-QUrl cloudServer(const Settings& settings) {
-    const auto server = settings.text("cloud/server");
-    return server && !server->empty() ? CloudAPI::baseOf(QString::fromStdString(*server))
-                                      : CloudAPI::defaultBase();
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
@@ -112,9 +105,9 @@ int main(int argc, char** argv) {
     MainThreadQueue cloudWorker; // the keyring may keep it waiting for the user
     endOnSignals(writer.onMainThread);
     AppStore store({persistence.get(), writer.thread, clock, timers, settings}, launch);
-    CloudAPI cloudServerCalls(cloudServer(settings));
-    CloudSync cloud({store, cloudServerCalls, keychain, persistence.get(), files, writer.thread,
-                     cloudWorker.thread, timers, clock});
+    CloudAPI cloudServer(CloudSync::serverOf(settings));
+    CloudSync cloud({store, cloudServer, keychain, persistence.get(), files, writer.thread,
+                     cloudWorker.thread, timers, clock, &settings});
     pages::DocumentDesk desk(
         store, files,
         utf8(QStandardPaths::writableLocation(QStandardPaths::CacheLocation) + u"/gelesen"_s));

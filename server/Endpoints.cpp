@@ -63,32 +63,23 @@ std::optional<std::string> queryValue(std::string_view query, std::string_view n
     return std::nullopt;
 }
 
-/// Counts a request by its address and its client.
-tl::expected<void, Refusal> takeRate(const Call& call, RateLimits::Kind ofAddress,
-                                     RateLimits::Kind ofClient, const std::string& address) {
-    auto wait = call.services.rates.take(ofClient, call.client, call.now);
-    if (!wait) {
-        wait = call.services.rates.take(ofAddress, address, call.now);
-    }
-    if (wait) {
+/// Refuses what is one too many by an address or client.
+tl::expected<void, Refusal> takeRate(const Call& call, RateLimits::Kind kind, std::string_view by) {
+    if (const auto wait = call.services.rates.take(kind, by, call.now)) {
         return tl::unexpected(
             Refusal{.status = 429, .error = {.error = "zu_viele_versuche"}, .retryAfter = wait});
     }
     return {};
 }
 
-/// The address somebody signs in with, once the limits allow another attempt.
+/// The address somebody signs in with, once the limit of the client allows another attempt.
 tl::expected<std::string, Refusal> addressFor(const Call& call, const std::string& asked,
-                                              RateLimits::Kind ofAddress,
                                               RateLimits::Kind ofClient) {
     auto email = emailAddressOf(asked);
     if (!email) {
         return refuse(400, "email");
     }
-    if (auto rate = takeRate(call, ofAddress, ofClient, *email); !rate) {
-        return tl::unexpected(rate.error());
-    }
-    return std::move(*email);
+    return takeRate(call, ofClient, call.client).map([&] { return std::move(*email); });
 }
 
 /// The same for every address, whether or not there is an account or may be one.
@@ -97,13 +88,16 @@ Answer requestCode(const Call& call) {
     if (!asked) {
         return malformed();
     }
-    using Kind = RateLimits::Kind;
-    const auto email = addressFor(call, asked->email, Kind::codesOfAddress, Kind::codesOfClient);
+    const auto email = addressFor(call, asked->email, RateLimits::Kind::codesOfClient);
     if (!email) {
         return tl::unexpected(email.error());
     }
-    const std::string code = call.services.store.change(
-        [&](Database& database) { return call.services.codes.issue(database, *email, call.now); });
+    if (auto rate = takeRate(call, RateLimits::Kind::codesOfAddress, *email); !rate) {
+        return tl::unexpected(rate.error());
+    }
+    const std::string code = call.services.store.change([&](Database& database) {
+        return call.services.codes.issue(database, {*email, call.client}, call.now);
+    });
     if (call.services.allows(*email) && !call.services.mail.sendCode(*email, code)) {
         logLine("a code could not be sent");
         return refuse(502, "correo");
@@ -128,15 +122,15 @@ Answer verifyCode(const Call& call) {
     if (!asked) {
         return malformed();
     }
-    using Kind = RateLimits::Kind;
-    const auto email = addressFor(call, asked->email, Kind::triesOfAddress, Kind::triesOfClient);
+    const auto email = addressFor(call, asked->email, RateLimits::Kind::triesOfClient);
     if (!email) {
         return tl::unexpected(email.error());
     }
     const std::string device = deviceNameOf(asked->aparato);
     // Code, account and session in one go: who was told of no session has used up no code.
     return call.services.store.change([&](Database& database) -> Answer {
-        const auto verdict = call.services.codes.check(database, *email, asked->codigo, call.now);
+        const auto verdict =
+            call.services.codes.check(database, {*email, call.client}, asked->codigo, call.now);
         if (verdict.kind != Codes::Verdict::Kind::right) {
             return wrongCode(verdict);
         }

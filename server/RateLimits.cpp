@@ -9,7 +9,7 @@ namespace fiscarel::server {
 
 RateLimits::Rules RateLimits::Rules::none() {
     const Rule any{std::nullopt, 1};
-    return {any, any, any, any, any};
+    return {any, any, any, any};
 }
 
 std::optional<std::int64_t> RateLimits::take(Kind kind, std::string_view by, Moment now) {
@@ -38,8 +38,6 @@ const RateLimits::Rule& RateLimits::ruleOf(Kind kind) const {
         return rules_.codesPerAddress;
     case Kind::codesOfClient:
         return rules_.codesPerClient;
-    case Kind::triesOfAddress:
-        return rules_.triesPerAddress;
     case Kind::triesOfClient:
         return rules_.triesPerClient;
     case Kind::requests:

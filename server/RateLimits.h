@@ -25,13 +25,12 @@ class RateLimits {
     struct Rules {
         Rule codesPerAddress{5, 3600};
         Rule codesPerClient{20, 3600};
-        Rule triesPerAddress{20, 3600};
         Rule triesPerClient{60, 3600};
         Rule requestsPerClient{600, 60};
 
         static Rules none();
     };
-    enum class Kind { codesOfAddress, codesOfClient, triesOfAddress, triesOfClient, requests };
+    enum class Kind { codesOfAddress, codesOfClient, triesOfClient, requests };
 
     explicit RateLimits(Rules rules) : rules_(rules) {}
 

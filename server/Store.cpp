@@ -1,10 +1,12 @@
 #include "server/Store.h"
 
+#include <cstdint>
+
 namespace fiscarel::server {
 
 namespace {
 
-constexpr int newestSchema = 1;
+constexpr int newestSchema = 2;
 
 /// Sizes stand before contents, so that adding them up reads no contents. Numbers of accounts and
 /// sessions are never given twice.
@@ -26,12 +28,6 @@ CREATE TABLE session (
     last_seen INTEGER NOT NULL
 ) STRICT;
 CREATE INDEX session_of_account ON session (account);
-CREATE TABLE code (
-    email TEXT PRIMARY KEY,
-    hash BLOB NOT NULL,
-    expires INTEGER NOT NULL,
-    tries INTEGER NOT NULL
-) STRICT;
 CREATE TABLE block (
     account INTEGER NOT NULL REFERENCES account ON DELETE CASCADE,
     name TEXT NOT NULL,
@@ -50,17 +46,37 @@ CREATE TABLE receipt (
 PRAGMA user_version = 1;
 )";
 
+/// Codes live for minutes: those of before are asked for once more.
+constexpr const char* codesByClient = R"(
+DROP TABLE IF EXISTS code;
+CREATE TABLE code (
+    email TEXT PRIMARY KEY,
+    hash BLOB NOT NULL,
+    client BLOB NOT NULL,
+    expires INTEGER NOT NULL,
+    tries INTEGER NOT NULL,
+    others_tries INTEGER NOT NULL
+) STRICT;
+PRAGMA user_version = 2;
+)";
+
 } // namespace
 
 Store::Store(const std::filesystem::path& file) : database_(file) {
     change([](Database& database) {
-        auto version = database.query("PRAGMA user_version");
-        version.next();
-        if (version.number(0) > newestSchema) {
+        const std::int64_t schemaThere = [&] { // a query still open would hold the tables
+            auto version = database.query("PRAGMA user_version");
+            version.next();
+            return version.number(0);
+        }();
+        if (schemaThere > newestSchema) {
             throw DatabaseFailure("the database was written by a newer version of this server");
         }
-        if (version.number(0) == 0) {
+        if (schemaThere == 0) {
             database.run(schema);
+        }
+        if (schemaThere < newestSchema) {
+            database.run(codesByClient);
         }
     });
 }

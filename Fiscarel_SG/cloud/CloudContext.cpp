@@ -32,7 +32,7 @@ void CloudContext::keepRecord(std::function<void(FileResult<void>)> done) {
 }
 
 void CloudContext::forgetAccount() {
-    record = CloudRecord{.conflicts = std::move(record.conflicts)};
+    record = CloudRecord{.kept = std::move(record.kept), .conflicts = std::move(record.conflicts)};
     common->forget();
     dataKey.reset();
     memory.keepDataKey(nullptr);
@@ -40,6 +40,18 @@ void CloudContext::forgetAccount() {
     status.deletionPlanned.reset();
     status.bytesUsed = 0;
     status.bytesAllowed = 0;
+}
+
+void CloudContext::keepFileOf(const StoredDocument& document) {
+    const auto file = store.fileOf(document);
+    if (!file || record.email.empty()) { // never signed in: nobody else has the document
+        return;
+    }
+    std::erase_if(record.kept, [&](const auto& kept) { return kept.document == document.id; });
+    record.kept.push_back({document.id, clock.now()});
+    writer.post([to = folder, from = *file, id = document.id] { (void)to.keepFile(from, id); },
+                [] {});
+    keepRecord();
 }
 
 } // namespace fiscarel

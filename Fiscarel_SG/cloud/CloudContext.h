@@ -54,12 +54,15 @@ struct CloudContext {
 
     /// Puts the record on the disk; `done` learns how it went, behind the saves given before.
     void keepRecord(std::function<void(FileResult<void>)> done = {});
+    /// Keeps the file of a document that is about to go here, while the backup is used: another
+    /// machine may have changed the document, and then it comes back.
+    void keepFileOf(const StoredDocument& document);
     void tell() const { changed(); }
     void setProblem(std::string message) {
         status.problem = std::move(message);
         tell();
     }
-    /// Forgets what belongs to an account or server; open conflicts stay.
+    /// Forgets what belongs to an account or server; open conflicts and kept files stay.
     void forgetAccount();
 };
 

@@ -79,4 +79,22 @@ FileResult<void> CloudFolder::writeState(int slot, std::string_view text) const 
     return files_.makeFolder(folder_).and_then([&] { return files_.write(stateFile(slot), text); });
 }
 
+FileResult<void> CloudFolder::keepFile(const std::filesystem::path& file,
+                                       const Uuid& document) const {
+    removeKeptFile(document);
+    const std::filesystem::path kept = keptFile(document);
+    return files_.makeFolder(kept.parent_path()).and_then([&] {
+        return files_.copy(file, kept, mostKeptBytes);
+    });
+}
+
+FileResult<void> CloudFolder::bringBackFile(const Uuid& document,
+                                            const std::filesystem::path& file) const {
+    return files_.copy(keptFile(document), file, mostKeptBytes);
+}
+
+void CloudFolder::removeKeptFile(const Uuid& document) const {
+    (void)files_.remove(keptFile(document)); // one that is gone is no matter
+}
+
 } // namespace fiscarel

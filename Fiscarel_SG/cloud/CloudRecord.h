@@ -4,6 +4,7 @@
 #include "Fiscarel_SG/store/FileSystem.h"
 #include "TaxCore/base/Moment.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -39,12 +40,6 @@ std::optional<ReceiptMap> decodeReceipts(std::string_view json);
 /// What a machine remembers of the encrypted backup from one run to the next, beside the common
 /// state. Holds no secret and no content of the return except the conflicts' values.
 struct CloudRecord {
-    /// A document that is gone and whose file on the server is to go.
-    struct Deletion {
-        Uuid document;
-        std::optional<ReceiptEntry> entry; ///< taken out of the map; absent: not yet
-        bool operator==(const Deletion&) const = default;
-    };
     /// A file on the server that belongs to no document.
     struct Orphan {
         std::string receipt;
@@ -52,20 +47,27 @@ struct CloudRecord {
         bool operator==(const Orphan&) const = default;
     };
 
+    /// A deleted document whose file is kept here, should the document come back.
+    struct KeptFile {
+        Uuid document;
+        Moment since;
+        bool operator==(const KeptFile&) const = default;
+    };
+
     std::string email;
     std::string server;
     std::string wrappedKey;             ///< its SHA-256; empty: not known
     std::vector<ReceiptEntry> uploaded; ///< not in the map yet
-    std::vector<Deletion> deletions;
     std::vector<Orphan> orphans;
+    std::vector<KeptFile> kept;
     std::vector<MergeConflict> conflicts; ///< that the user has not seen to
     bool startsAnew = false;              ///< what does not open in the cloud may be written over
 
     bool operator==(const CloudRecord&) const = default;
 };
-TAXCORE_RECORD(CloudRecord::Deletion, document, entry);
 TAXCORE_RECORD(CloudRecord::Orphan, receipt, seen);
-TAXCORE_RECORD(CloudRecord, email, server, wrappedKey, uploaded, deletions, orphans, conflicts,
+TAXCORE_RECORD(CloudRecord::KeptFile, document, since);
+TAXCORE_RECORD(CloudRecord, email, server, wrappedKey, uploaded, orphans, kept, conflicts,
                startsAnew);
 
 /// The engine's own files in the data folder. Any thread may call, one at a time.
@@ -77,6 +79,8 @@ class CloudFolder {
 
     /// How many common states there can be.
     static constexpr int stateFiles = 6;
+    /// Of a document's file; larger ones never went to the cloud.
+    static constexpr std::uint64_t mostKeptBytes = std::uint64_t{25} << 20U;
 
     std::filesystem::path recordFile() const { return folder_ / "abgleich.json"; }
     /// Where one of the last common states lies; `slot` counts from 0.
@@ -87,8 +91,16 @@ class CloudFolder {
     FileResult<void> write(const CloudRecord& record) const;
     std::optional<std::string> readState(int slot) const;
     FileResult<void> writeState(int slot, std::string_view text) const;
+    /// Copies a document's file among the kept ones, from there to where it was, and away.
+    FileResult<void> keepFile(const std::filesystem::path& file, const Uuid& document) const;
+    FileResult<void> bringBackFile(const Uuid& document, const std::filesystem::path& file) const;
+    void removeKeptFile(const Uuid& document) const;
 
   private:
+    std::filesystem::path keptFile(const Uuid& document) const {
+        return folder_ / "Belege" / document.toString();
+    }
+
     FileSystem& files_;
     const std::filesystem::path folder_;
 };

@@ -20,6 +20,9 @@ class CloudService : public QObject {
 
     virtual const CloudStatus& status() const = 0;
 
+    /// Speaks to another server from now on, in later runs too; empty: the usual one. Without
+    /// effect for an address that is not spoken to, and while somebody is signed in or about to be.
+    virtual void useServer(const std::string& address) = 0;
     /// Asks for a code to be sent to an address.
     virtual void requestCode(const std::string& email) = 0;
     virtual void verifyCode(const std::string& code) = 0;
@@ -38,8 +41,9 @@ class CloudService : public QObject {
     virtual void checkNow() = 0;
     /// Takes the loss over, or keeps everything of both sides.
     virtual void answerQuestion(bool takesLossOver) = 0;
-    /// Settles the conflict at a position of the list: the value of this machine stays, or the
-    /// other's takes its place (which can be undone).
+    /// Settles the conflict at a position of the list: this machine's side holds, or the other's
+    /// takes its place. Whatever that changes can be undone: a record that this machine had removed
+    /// and that waited for the answer goes when its side holds.
     virtual void settleConflict(std::size_t index, bool takesOther) = 0;
     virtual void settleAllConflicts() = 0;
     /// Ends the session of this machine. Data and documents stay here.

@@ -51,6 +51,7 @@ struct CloudStatus {
     Phase phase = Phase::starting;
     Activity activity = Activity::resting;
     std::string email;                       ///< empty: never signed in here
+    std::string server;                      ///< the user's own, as it was typed; empty: the usual
     std::optional<std::string> problem;      ///< the last thing that did not work, German
     std::string recoveryKey;                 ///< grouped for reading; while `confirmsKey` only
     std::optional<taxcore::Moment> compared; ///< when both sides were last equal

@@ -44,12 +44,15 @@ std::unique_ptr<CloudContext> makeContext(const CloudSync::Services& with) {
 } // namespace
 
 CloudSync::CloudSync(const Services& services, QObject* parent)
-    : CloudService(parent), context_(makeContext(services)),
+    : CloudService(parent), settings_(services.settings), context_(makeContext(services)),
       signIn_(
           *context_, [this] { readyAgain(); }, [this] { abandon(); }),
       states_(*context_), documents_(*context_, [this] { return isAskedAgain_; }),
       timer_(services.timers.make([this] { run(); })) {
     context_->changed = [this] { Q_EMIT changed(); };
+    if (settings_ != nullptr) {
+        context_->status.server = settings_->text(serverKey).value_or("");
+    }
     if (services.persistence == nullptr || services.store.isDemo()) {
         context_->status.phase = Phase::demo;
         return;
@@ -59,10 +62,20 @@ CloudSync::CloudSync(const Services& services, QObject* parent)
             timer_->start(quietBeforeSending);
         }
     };
+    services.store.onDocumentDeleted = [this](const StoredDocument& document) {
+        if (context_->status.phase == Phase::starting) {
+            deletedEarly_.push_back(document);
+        } else {
+            context_->keepFileOf(document);
+        }
+    };
     start();
 }
 
-CloudSync::~CloudSync() { context_->store.onLocalSave = nullptr; }
+CloudSync::~CloudSync() {
+    context_->store.onLocalSave = nullptr;
+    context_->store.onDocumentDeleted = nullptr;
+}
 
 /// Asks the keyring and the disk what was before.
 void CloudSync::start() {
@@ -84,6 +97,9 @@ void CloudSync::start() {
             context_->record = std::move(found->record);
             context_->status.email = context_->record.email;
             context_->status.conflicts = context_->record.conflicts;
+            for (const StoredDocument& document : std::exchange(deletedEarly_, {})) {
+                context_->keepFileOf(document);
+            }
             if (!found->memory.isAvailable) {
                 context_->status.phase = Phase::noKeyring;
                 context_->tell();
@@ -256,6 +272,35 @@ void CloudSync::troubled(const CloudTrouble& trouble) {
 
 // What the user asks for.
 
+namespace {
+
+/// Nothing typed: the usual one.
+QUrl baseOf(const QString& typed) {
+    return typed.isEmpty() ? CloudAPI::defaultBase() : CloudAPI::baseOf(typed);
+}
+
+} // namespace
+
+QUrl CloudSync::serverOf(const Settings& settings) {
+    return baseOf(QString::fromStdString(settings.text(serverKey).value_or("")).trimmed());
+}
+
+void CloudSync::useServer(const std::string& address) {
+    const QString typed = QString::fromStdString(address).trimmed();
+    CloudStatus& status = context_->status;
+    if (status.phase != Phase::signedOut || status.activity == Activity::working
+        || (!typed.isEmpty() && !CloudAPI::speaksTo(baseOf(typed)))) {
+        return;
+    }
+    context_->api.setBase(baseOf(typed));
+    status.server = typed.toStdString();
+    if (settings_ != nullptr) {
+        settings_->setText(serverKey, status.server);
+    }
+    status.problem.reset();
+    context_->tell();
+}
+
 void CloudSync::requestCode(const std::string& email) {
     if (status().phase == Phase::signedOut || status().phase == Phase::codeSent) {
         signIn_.requestCode(email);
@@ -296,7 +341,8 @@ void CloudSync::settleConflict(std::size_t index, bool takesOther) {
         return;
     }
     const MergeConflict conflict = open[index];
-    if (takesOther && !takeOther(conflict)) {
+    if ((takesOther && !takeOver(conflict))
+        || (!takesOther && isRemovalHere(conflict) && !takeOver(swapped(conflict)))) {
         context_->status.problem =
             "Die Stelle hat sich inzwischen geändert; Ihr Wert ist geblieben.";
     }
@@ -313,20 +359,25 @@ void CloudSync::settleAllConflicts() {
     context_->tell();
 }
 
-/// As an edit of the user's, in the year it concerns.
-bool CloudSync::takeOther(const MergeConflict& conflict) {
+/// Puts their value in place of ours, as an edit of the user's in the year it concerns.
+bool CloudSync::takeOver(const MergeConflict& conflict) {
     AppStore& store = context_->store;
     PersistedState changed = store.snapshot();
     if (!takeTheirs(changed, conflict)) {
         return false;
     }
+    if (changed == store.snapshot()) {
+        return true;
+    }
     if (conflict.year != 0) {
         const auto found = changed.cases.find(conflict.year);
         if (found == changed.cases.end()) {
-            return false;
+            store.removeYear(conflict.year);
+            return true;
         }
         store.setYear(conflict.year);
-        store.setCurrent(found->second, "Wert aus der Cloud");
+        store.setCurrent(found->second, isRemovalHere(swapped(conflict)) ? "Eintrag löschen"
+                                                                         : "Wert aus der Cloud");
         return true;
     }
     const std::vector<StoredDocument> before = store.documents();

@@ -13,6 +13,8 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace fiscarel {
 
@@ -33,9 +35,11 @@ class CloudSync final : public CloudService {
         WorkQueue& worker; ///< another one: the keyring may keep it waiting for the user
         Timers& timers;
         const Clock& clock;
+        Settings* settings = nullptr; ///< keep the user's own server; null: it is not kept
         std::string device = {}; ///< how the list of devices is to name this one; empty: as it is
     };
 
+    static constexpr std::string_view serverKey = "cloud/server"; ///< of the settings
     static constexpr std::chrono::milliseconds quietBeforeSending{2'000};
     static constexpr std::chrono::minutes betweenChecks{5};
     static constexpr std::chrono::seconds firstPause{5};
@@ -52,7 +56,10 @@ class CloudSync final : public CloudService {
     const CloudStatus& status() const override { return context_->status; }
     /// Whether a comparison is under way.
     bool isRunning() const noexcept { return isRunning_; }
+    /// Where the server is by these settings.
+    static QUrl serverOf(const Settings& settings);
 
+    void useServer(const std::string& address) override;
     void requestCode(const std::string& email) override;
     void verifyCode(const std::string& code) override;
     void cancelSignIn() override;
@@ -78,15 +85,17 @@ class CloudSync final : public CloudService {
     void troubled(const CloudTrouble& trouble);
     void readyAgain();
     void abandon();
-    bool takeOther(const MergeConflict& conflict);
+    bool takeOver(const MergeConflict& conflict);
     std::string dayText(const std::string& written) const;
 
+    Settings* settings_;
     std::unique_ptr<CloudContext> context_;
     SignIn signIn_;
     StateExchange states_;
     DocumentExchange documents_;
     std::unique_ptr<Timer> timer_; ///< to the next comparison
     std::chrono::seconds pause_ = firstPause;
+    std::vector<StoredDocument> deletedEarly_; ///< before the record was read
     bool isRunning_ = false;
     bool isAskedAgain_ = false;
     bool isPausing_ = false; ///< because of the server or the line

@@ -5,6 +5,7 @@
 #include "TaxCore/base/RecordMerge.h"
 
 #include <string_view>
+#include <utility>
 
 namespace fiscarel {
 
@@ -85,6 +86,16 @@ bool takeAt(T& root, const MergeConflict& conflict) {
 }
 
 } // namespace
+
+MergeConflict swapped(MergeConflict conflict) {
+    std::swap(conflict.ours, conflict.theirs);
+    return conflict;
+}
+
+/// Of a mere value its absence stayed, as any value of ours.
+bool isRemovalHere(const MergeConflict& conflict) {
+    return !conflict.ours && conflict.theirs && conflict.theirs->find_first_of("{[") == 0;
+}
 
 bool takeTheirs(PersistedState& state, const MergeConflict& conflict) {
     if (conflict.year != 0) {

@@ -37,6 +37,7 @@ void DocumentExchange::run(const SharedStatePointer& common, Done done) {
     common_ = common;
     attempts_ = 0;
     full_.reset();
+    hasMadeRoom_ = false;
     hasMoved_ = false;
     isInterrupted_ = false;
     list();
@@ -53,6 +54,7 @@ void DocumentExchange::abandon() {
 void DocumentExchange::finish(tl::expected<void, CloudTrouble> outcome) {
     toSend_.clear();
     toFetch_.clear();
+    toBringBack_.clear();
     toRemove_.clear();
     const Done done = std::exchange(done_, nullptr);
     done(std::move(outcome));
@@ -150,6 +152,7 @@ void DocumentExchange::leaveOut(const StoredDocument& document, std::string reas
 void DocumentExchange::plan() {
     toSend_.clear();
     toFetch_.clear();
+    toBringBack_.clear();
     toRemove_.clear();
     isTidiedUp_ = false;
     context_.status.leftOut.clear();
@@ -179,7 +182,15 @@ void DocumentExchange::planOne(const StoredDocument& document) {
         } else {
             toFetch_.push_back(document);
         }
+    } else if (entry == nullptr && !file && isKept(document.id)
+               && context_.persistence->fileOf(document)) {
+        toBringBack_.push_back(document);
     }
+}
+
+bool DocumentExchange::isKept(const Uuid& document) const {
+    const auto& kept = context_.record.kept;
+    return std::ranges::find(kept, document, &CloudRecord::KeptFile::document) != kept.end();
 }
 
 void DocumentExchange::tellProgress() {
@@ -201,11 +212,16 @@ void DocumentExchange::next() {
     if (isInterrupted_) {
         toSend_.clear();
         toFetch_.clear();
+        toBringBack_.clear();
         isTidiedUp_ = true;
     } else {
         tellProgress();
     }
-    if (mapChanged_ && (toSend_.empty() || context_.record.uploaded.size() >= mostUnnamed)) {
+    if (!toBringBack_.empty()) {
+        const StoredDocument document = std::move(toBringBack_.front());
+        toBringBack_.pop_front();
+        isWanted(document.id) ? bringBack(document) : next();
+    } else if (mapChanged_ && (toSend_.empty() || context_.record.uploaded.size() >= mostUnnamed)) {
         saveMap();
     } else if (!toSend_.empty()) {
         const StoredDocument document = std::move(toSend_.front());
@@ -220,6 +236,9 @@ void DocumentExchange::next() {
         next();
     } else if (!toRemove_.empty()) {
         removeNext();
+    } else if (std::exchange(hasMadeRoom_, false) && !isInterrupted_) {
+        full_.reset();
+        list();
     } else {
         if (!isInterrupted_ && std::exchange(context_.record.startsAnew, false)) {
             context_.keepRecord();
@@ -321,6 +340,22 @@ void DocumentExchange::notUploaded(const Uuid& document, const CloudAPI::Failure
 
 // Down.
 
+/// A file that neither lies on the server nor in its place, but among those of deleted documents.
+void DocumentExchange::bringBack(const StoredDocument& document) {
+    context_.writer.post<FileResult<void>>(
+        [folder = context_.folder, id = document.id,
+         file = *context_.persistence->fileOf(document)] { return folder.bringBackFile(id, file); },
+        life_.guard([this, document](const FileResult<void>& placed) {
+            if (placed) {
+                context_.store.documentFilesArrived();
+                toSend_.push_back(document);
+            } else {
+                leaveOut(document, placed.error().description());
+            }
+            next();
+        }));
+}
+
 void DocumentExchange::fetch(const StoredDocument& document) {
     const ReceiptEntry entry = *stored(document.id);
     context_.api.downloadReceipt(
@@ -413,13 +448,33 @@ void DocumentExchange::tidyUp() {
                         [this](const Uuid& document) {
                             return isIn(context_.store.documents(), document)
                                    || isIn(common_->state.documents, document);
-                        }},
+                        },
+                        full_.has_value()},
                        context_.clock.now());
     toRemove_.assign(removing.receipts.begin(), removing.receipts.end());
     mapChanged_ = mapChanged_ || removing.changesMap;
-    if (removing.changesRecord) {
+    if (tidyUpKept() || removing.changesRecord) {
         context_.keepRecord();
     }
+}
+
+/// Files of deleted documents go as those on the server, or once they lie there for a document that
+/// is back.
+bool DocumentExchange::tidyUpKept() {
+    const std::int64_t now = context_.clock.now().seconds;
+    return std::erase_if(
+               context_.record.kept,
+               [&](const CloudRecord::KeptFile& kept) {
+                   const bool isBack = isWanted(kept.document) && stored(kept.document) != nullptr;
+                   if (!isBack && now - kept.since.seconds < orphanSeconds) {
+                       return false;
+                   }
+                   context_.writer.post([folder = context_.folder,
+                                         id = kept.document] { folder.removeKeptFile(id); },
+                                        [] {});
+                   return true;
+               })
+           > 0;
 }
 
 void DocumentExchange::removeNext() {
@@ -438,10 +493,8 @@ void DocumentExchange::removeNext() {
 }
 
 void DocumentExchange::removed(const std::string& receipt) {
+    hasMadeRoom_ = full_.has_value();
     onServer_.erase(receipt);
-    std::erase_if(context_.record.deletions, [&](const CloudRecord::Deletion& deletion) {
-        return deletion.entry && deletion.entry->receipt == receipt;
-    });
     std::erase_if(context_.record.orphans,
                   [&](const CloudRecord::Orphan& orphan) { return orphan.receipt == receipt; });
     context_.keepRecord();

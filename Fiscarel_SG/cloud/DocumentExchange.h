@@ -14,9 +14,9 @@
 
 namespace fiscarel {
 
-/// Brings the files of documents up and down, one at a time, and takes away those of documents that
-/// are gone. Works on the documents that the cloud's state has: a file never goes up before its
-/// document, nor away while any state needs it. What was done is known after a restart.
+/// Brings the files of documents up and down, one at a time, and in time takes away those of
+/// documents that are gone. Works on the documents that the cloud's state has: a file never goes up
+/// before its document, nor away while any state needs it. What was done is known after a restart.
 class DocumentExchange {
   public:
     using Done = std::function<void(tl::expected<void, CloudTrouble>)>;
@@ -58,11 +58,14 @@ class DocumentExchange {
     void uploaded(const Sealed& sealed, const CloudAPI::Receipt& receipt);
     void notUploaded(const Uuid& document, const CloudAPI::Failure& failure);
 
+    bool isKept(const Uuid& document) const;
+    void bringBack(const StoredDocument& document);
     void fetch(const StoredDocument& document);
     void place(const StoredDocument& document, const ReceiptEntry& entry, const QByteArray& sealed);
 
     void saveMap();
     void tidyUp();
+    bool tidyUpKept();
     void removeNext();
     void removed(const std::string& receipt);
 
@@ -77,8 +80,10 @@ class DocumentExchange {
     int attempts_ = 0;
     std::deque<StoredDocument> toSend_;
     std::deque<StoredDocument> toFetch_;
-    std::deque<std::string> toRemove_; ///< receipts
+    std::deque<StoredDocument> toBringBack_; ///< from what is kept here
+    std::deque<std::string> toRemove_;       ///< receipts
     bool isTidiedUp_ = false;
+    bool hasMadeRoom_ = false;            ///< where there was none
     bool hasMoved_ = false;               ///< a file, in this run
     bool isInterrupted_ = false;          ///< this run ends early
     std::optional<CloudTrouble> full_;    ///< the server has no more room

@@ -11,8 +11,8 @@
 namespace fiscarel {
 
 /// A file on the server that belongs to no document goes after this many seconds; until then its
-/// document may still turn up.
-inline constexpr std::int64_t orphanSeconds = std::int64_t{7} * 86'400;
+/// document may turn up, or come back because another machine had changed it.
+inline constexpr std::int64_t orphanSeconds = std::int64_t{30} * 86'400;
 
 /// What there is of documents' files.
 struct ReceiptsThere {
@@ -20,6 +20,7 @@ struct ReceiptsThere {
     CloudRecord& record;
     const std::set<std::string>& onServer;     ///< receipts
     std::function<bool(const Uuid&)> isNeeded; ///< whether any state has the document
+    bool isFull = false;                       ///< the server has no more room
 };
 
 struct ReceiptsToRemove {
@@ -28,9 +29,10 @@ struct ReceiptsToRemove {
     bool changesRecord = false;
 };
 
-/// Takes the files out of the map that are to go: of documents that were deleted, at once, and of
-/// those that nobody knows, left by machines that ended in the midst, after a week. They leave the
-/// map first, so that no machine relies on them. A deletion is off when the document is back.
+/// Takes the files out of the map that are to go: those no state needs, of documents that were
+/// deleted or left by machines that ended in the midst, once they have been seen so for long
+/// enough. Where the server is full those go that were seen so by an earlier call, and all at once
+/// where the user begins anew. They leave the map first, so that no machine relies on them.
 ReceiptsToRemove removeReceipts(const ReceiptsThere& there, Moment now);
 
 } // namespace fiscarel

@@ -240,7 +240,6 @@ void SignIn::keyStored(const std::string& wrapped) {
         context_.common->forget();
         context_.record.startsAnew = true;
         context_.record.uploaded.clear();
-        context_.record.deletions.clear();
         context_.record.orphans.clear();
     }
     context_.record.wrappedKey = sha256(wrapped);

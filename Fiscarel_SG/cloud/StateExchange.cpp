@@ -248,6 +248,11 @@ void StateExchange::apply(const Reconciled& result, const PersistedState& ours) 
         return;
     }
     if (result.merged.state != ours) {
+        for (const StoredDocument& document : ours.documents) {
+            if (!isIn(result.merged.state.documents, document.id)) {
+                context_.keepFileOf(document);
+            }
+        }
         context_.store.applyRemote(result.merged.state);
     }
     added_.clear();
@@ -260,7 +265,7 @@ void StateExchange::agreed(const SharedStatePointer& shared, std::function<void(
                                            [](const auto& one) { return one->id; })
                          != context_.common->known().end();
     if (isKnown) {
-        confirm(shared, version_);
+        context_.common->confirm(shared->id, version_);
         then();
         return;
     }
@@ -271,35 +276,10 @@ void StateExchange::agreed(const SharedStatePointer& shared, std::function<void(
                                           cannotRemember(kept.error());
                                           return;
                                       }
-                                      confirm(shared, version_);
+                                      context_.common->confirm(shared->id, version_);
                                       then();
                                   }));
     });
-}
-
-/// Notes which documents went on the way there, whoever deleted them.
-void StateExchange::confirm(const SharedStatePointer& shared, std::int64_t version) {
-    if (context_.common->confirmed() == shared->id) {
-        context_.common->confirm(shared->id, version);
-        return;
-    }
-    auto& deletions = context_.record.deletions;
-    const std::size_t before = deletions.size();
-    for (const SharedStatePointer& known : context_.common->known()) {
-        for (const StoredDocument& document : known->state.documents) {
-            const bool isGone = !isIn(shared->state.documents, document.id)
-                                && !isIn(context_.store.snapshot().documents, document.id);
-            if (isGone
-                && std::ranges::find(deletions, document.id, &CloudRecord::Deletion::document)
-                       == deletions.end()) {
-                deletions.push_back({document.id, std::nullopt});
-            }
-        }
-    }
-    context_.common->confirm(shared->id, version);
-    if (deletions.size() != before) {
-        context_.keepRecord();
-    }
 }
 
 // What the cloud is to have.
@@ -369,7 +349,7 @@ void StateExchange::sent(const SharedStatePointer& attempt,
     if (version) {
         theirs_ = attempt;
         version_ = *version;
-        confirm(attempt, version_);
+        context_.common->confirm(attempt->id, version_);
         finish({});
     } else if (version.error().code == "version" && ++attempts_ < mostAttempts) {
         fetch();

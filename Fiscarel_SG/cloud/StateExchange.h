@@ -47,7 +47,6 @@ class StateExchange {
     void apply(const Reconciled& result, const PersistedState& ours);
     /// The cloud's state is the common one from now on.
     void agreed(const SharedStatePointer& shared, std::function<void()> then);
-    void confirm(const SharedStatePointer& shared, std::int64_t version);
     void upload(std::vector<std::string> lineage);
     void save(std::function<void()> then);
     void seal(std::vector<std::string> lineage);

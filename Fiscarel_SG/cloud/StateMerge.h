@@ -40,6 +40,11 @@ MergedState mergeStates(const PersistedState* base, const PersistedState& ours,
 /// has gone or holds something else by now. True as well when it holds theirs already, as it does
 /// where we removed what the other side changed.
 bool takeTheirs(PersistedState& state, const MergeConflict& conflict);
+/// The conflict as the other side sees it.
+MergeConflict swapped(MergeConflict conflict);
+/// Whether our side removed a whole item, document or year that the merge kept, since the other
+/// side had changed it. Our removal is then what `takeTheirs` makes of the swapped conflict.
+bool isRemovalHere(const MergeConflict& conflict);
 
 /// What going from one state to another takes away.
 struct StateLoss {

@@ -97,12 +97,18 @@ bool History::apply(const Edit& edit, Direction direction, PersistedState& state
     std::vector<std::pair<int, taxcore::TaxCase>> cases;
     for (const Edit::OfCase& part : edit.cases) {
         const auto found = state.cases.find(part.year);
-        if (found == state.cases.end()) {
+        if (found == state.cases.end() && part.after) {
             return false;
         }
-        auto& [year, taxCase] = cases.emplace_back(part.year, found->second);
-        if (!rebase(back ? *part.after : *part.before, back ? *part.before : *part.after,
-                    taxCase)) {
+        // What was removed is as a new case, which the selected year has in its place.
+        const taxcore::TaxCase fresh{.year = part.year};
+        const taxcore::TaxCase& after = part.after ? *part.after : fresh;
+        auto& taxCase =
+            cases.emplace_back(part.year, found == state.cases.end() ? fresh : found->second)
+                .second;
+        const bool applies =
+            rebase(back ? after : *part.before, back ? *part.before : after, taxCase);
+        if (!applies || (!back && !part.after && taxCase != fresh)) {
             return false;
         }
     }
@@ -133,6 +139,11 @@ bool History::apply(const Edit& edit, Direction direction, PersistedState& state
     }
     for (auto& [year, taxCase] : cases) {
         state.cases[year] = std::move(taxCase);
+    }
+    for (const Edit::OfCase& part : edit.cases) {
+        if (!back && !part.after) {
+            state.cases.erase(part.year);
+        }
     }
     return true;
 }

@@ -15,7 +15,7 @@ struct Edit {
     struct OfCase {
         int year = 0;
         std::shared_ptr<const taxcore::TaxCase> before;
-        std::shared_ptr<const taxcore::TaxCase> after;
+        std::shared_ptr<const taxcore::TaxCase> after; ///< null: the year was removed
     };
     struct Removal {
         StoredDocument document;

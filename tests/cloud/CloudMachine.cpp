@@ -59,10 +59,13 @@ void CloudMachine::start(LaunchArguments launch) {
     settings.setText("defaultRegion", "SG");
     store = std::make_unique<AppStore>(
         AppStore::Services{persistence.get(), *writer, clock, *timers, settings}, launch);
-    api_ = std::make_unique<CloudAPI>(base_, CloudAPI::Patience{patience, patience});
-    sync = std::make_unique<CloudSync>(CloudSync::Services{*store, *api_, keychain,
-                                                           persistence.get(), *fileSystem, *writer,
-                                                           *worker, *timers, clock, name});
+    api_ = std::make_unique<CloudAPI>(settings.text(CloudSync::serverKey).value_or("").empty()
+                                          ? base_
+                                          : CloudSync::serverOf(settings),
+                                      CloudAPI::Patience{patience, patience});
+    sync = std::make_unique<CloudSync>(
+        CloudSync::Services{*store, *api_, keychain, persistence.get(), *fileSystem, *writer,
+                            *worker, *timers, clock, &settings, name});
 }
 
 void CloudMachine::quit() {

@@ -247,5 +247,29 @@ TEST_F(CloudSignInTest, serverAndLineSeeNoPlaintext) {
     }
 }
 
+TEST_F(CloudSignInTest, theUsersOwnServerIsUsedAndKept) {
+    a.work();
+    const std::string own = toB.base().toString(QUrl::RemovePath).toStdString();
+    for (const char* refused : {"http://cloud.muster.ch", "ftp://cloud.muster.ch", "mein server"}) {
+        a.sync->useServer(refused);
+        EXPECT_EQ(a.status().server, "") << refused;
+    }
+    a.sync->useServer(" " + own + " ");
+    EXPECT_EQ(a.status().server, own);
+    toA.isOffline = true; // the one it was built for
+    restart(a);
+    EXPECT_EQ(a.status().server, own) << "kept over a restart";
+    ASSERT_FALSE(a.setUp(email, code()).empty()) << told(a);
+    a.sync->useServer("");
+    EXPECT_EQ(a.status().server, own) << "not while signed in";
+    a.sync->signOut();
+    ASSERT_TRUE(a.rest());
+    a.sync->useServer("");
+    EXPECT_EQ(a.settings.text(CloudSync::serverKey), "");
+    a.sync->requestCode(email);
+    ASSERT_TRUE(a.rest());
+    EXPECT_EQ(a.status().phase, Phase::signedOut) << "elsewhere, where nobody answers";
+}
+
 } // namespace
 } // namespace fiscarel::testing

@@ -276,7 +276,8 @@ TEST(StateMergeLaws, listsKeepTheOrderOfTheSideThatMovedSomething) {
     EXPECT_GT(moved, 20U);
 }
 
-TEST(StateMergeLaws, theOtherChoiceOfAConflictGivesTheirValue) {
+TEST(StateMergeLaws, theChoiceOfAConflictGivesTheValueOfItsSide) {
+    std::size_t removals = 0;
     for (std::uint64_t seed = 0; seed < 300 && !HasFailure(); ++seed) {
         const Triple states = triple(seed);
         const MergedState merged = mergeStates(&states.base, states.ours, states.theirs);
@@ -291,8 +292,15 @@ TEST(StateMergeLaws, theOtherChoiceOfAConflictGivesTheirValue) {
             const PersistedState once = chosen;
             (void)takeTheirs(chosen, conflict);
             EXPECT_EQ(chosen, once) << seed << " " << place;
+            if (isRemovalHere(conflict)) {
+                PersistedState removed = merged.state;
+                ASSERT_TRUE(takeTheirs(removed, swapped(conflict))) << seed << " " << place;
+                EXPECT_TRUE(FlatState(removed).below(place).empty()) << seed << " " << place;
+                ++removals;
+            }
         }
     }
+    EXPECT_GT(removals, 20U);
 }
 
 /// A machine and what it last had in common with the others.

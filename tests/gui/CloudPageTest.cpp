@@ -300,6 +300,51 @@ TEST_F(CloudPage, theWindowChecksWhenItComesBackAndTheSearchKnowsThePage) {
     }
 }
 
+TEST_F(CloudPage, whoRunsAServerNamesIt) {
+    open({.phase = Phase::signedOut});
+    EXPECT_FALSE(program.isShown(u"cloudServer"_s));
+    EXPECT_EQ(program.find<QPushButton>(u"cloudServerOpen"_s).text(), u"Eigener Server …"_s);
+    cloud.answers = [&] {
+        cloud.change([&](CloudStatus& now) {
+            now.server = cloud.asked.back().substr(std::string("useServer ").size());
+        });
+    };
+    struct Row {
+        QString typed;
+        const char* asked; ///< null: refused
+    };
+    for (const auto& [typed, asked] :
+         {Row{u"http://cloud.muster.ch"_s, nullptr}, Row{u"ftp://cloud.muster.ch"_s, nullptr},
+          Row{u"mein server"_s, nullptr}, Row{u"https://"_s, nullptr},
+          Row{u" cloud.muster.ch:8443 "_s, "useServer cloud.muster.ch:8443"},
+          Row{u"https://cloud.muster.ch"_s, "useServer https://cloud.muster.ch"},
+          Row{u"http://127.0.0.1:8420"_s, "useServer http://127.0.0.1:8420"},
+          Row{u""_s, "useServer "}}) {
+        SCOPED_TRACE(typed.toStdString());
+        cloud.asked.clear();
+        program.find(u"cloudServerOpen"_s).setFocus(Qt::TabFocusReason);
+        program.press(Qt::Key_Space);
+        ASSERT_EQ(keyboard(), u"cloudServer"_s);
+        auto& line = program.find<QLineEdit>(u"cloudServer"_s);
+        line.selectAll();
+        program.press(Qt::Key_Delete);
+        program.type(typed);
+        program.press(Qt::Key_Return);
+        EXPECT_EQ(program.isShown(u"cloudServer"_s), asked == nullptr);
+        EXPECT_EQ(cloud.asked, asked == nullptr ? Asked() : Asked{asked});
+        EXPECT_EQ(keyboard(), asked == nullptr ? u"cloudServer"_s : u"cloudServerOpen"_s);
+        if (asked == nullptr) {
+            EXPECT_TRUE(
+                text(u"cloudServerProblem"_s).startsWith(u"Mit dieser Adresse geht es nicht."_s));
+            program.click(u"cloudServerOpen"_s);
+        } else {
+            EXPECT_EQ(program.find<QPushButton>(u"cloudServerOpen"_s).text(),
+                      typed.isEmpty() ? u"Eigener Server …"_s
+                                      : u"Eigener Server: %1 …"_s.arg(typed.trimmed()));
+        }
+    }
+}
+
 TEST_F(CloudPage, withoutAServiceTheCardSaysSo) {
     program.open();
     program.window->showPage(u"account"_s);

@@ -118,6 +118,9 @@ int main(int argc, char** argv) {
                 camera.take(u"confirms-key-check"_s);
                 camera.click("cloudKeyConfirm");
                 camera.take(u"confirms-key-wrong"_s);
+            } else if (name == "signed-out-server") {
+                camera.click("cloudServerOpen");
+                camera.take(u"signed-out-server-open"_s);
             } else if (name == "needs-key") {
                 camera.click("cloudKeyLost");
                 camera.take(u"needs-key-lost"_s);

@@ -29,6 +29,7 @@ class FakeCloud final : public CloudService {
     }
 
     const CloudStatus& status() const override { return shown; }
+    void useServer(const std::string& address) override { ask("useServer " + address); }
     void requestCode(const std::string& email) override { ask("requestCode " + email); }
     void verifyCode(const std::string& code) override { ask("verifyCode " + code); }
     void cancelSignIn() override { ask("cancelSignIn"); }
@@ -78,6 +79,7 @@ class CloudStates {
              {.phase = Phase::signedOut,
               .email = "nora@brennick.example",
               .problem = "Sie sind nicht mehr angemeldet. Bitte erneut anmelden."}},
+            {"signed-out-server", {.phase = Phase::signedOut, .server = "cloud.brennick.example"}},
             {"code-sent", {.phase = Phase::codeSent, .email = "nora@brennick.example"}},
             {"code-wrong",
              {.phase = Phase::codeSent,

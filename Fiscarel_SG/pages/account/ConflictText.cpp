@@ -12,7 +12,6 @@
 #include <QJsonDocument>
 #include <QJsonValue>
 #include <algorithm>
-#include <cstdlib>
 #include <map>
 #include <utility>
 
@@ -171,7 +170,8 @@ class Describing {
                     conflict.ours ? u"vorhanden"_s : gone,
                     conflict.theirs ? u"vorhanden"_s : gone,
                     {},
-                    {}};
+                    {},
+                    conflict.path.empty()};
         }
         const TaxCase& taxCase = found->second;
         const auto& pages = pagesOf(conflict.year, taxCase);
@@ -261,32 +261,6 @@ class Describing {
 };
 
 } // namespace
-
-void removeWhole(AppStore& store, const MergeConflict& conflict) {
-    if (!conflict.path.ends_with(']')) {
-        return;
-    }
-    if (conflict.year == 0) {
-        if (const auto id = taxcore::Uuid::parse(idIn(conflict.path))) {
-            store.deleteDocument(*id);
-        }
-        return;
-    }
-    const auto found = store.cases().find(conflict.year);
-    const auto counted = found != store.cases().end()
-                             ? taxcore::countedPath(found->second, conflict.path)
-                             : std::nullopt;
-    if (!counted) {
-        return;
-    }
-    store.setYear(conflict.year);
-    const auto place = forms::placeOf(inputPages(pageContext(store)), store.current(), *counted);
-    if (place && place->list && place->list->remove) {
-        const std::size_t index =
-            std::strtoul(counted->c_str() + counted->rfind('[') + 1, nullptr, 10);
-        store.edit(place->label, [&](TaxCase& taxCase) { place->list->remove(taxCase, index); });
-    }
-}
 
 std::vector<ConflictText> describe(AppStore& store, const std::vector<MergeConflict>& conflicts) {
     Describing describing(store);

@@ -20,15 +20,11 @@ struct ConflictText {
     /// The field in the case of the year, items by position; empty where there is none to go to.
     std::string path;
     std::string document; ///< the identity of the document; empty for others
-    /// Whether it is an item or document as a whole: gone on one side, changed on the other.
+    /// Whether it is an item, document or year as a whole: gone on one side, changed on the other.
     bool isWhole = false;
 
     bool operator==(const ConflictText&) const = default;
 };
-
-/// Removes what a conflict of a whole item or document is about, as an edit of the user's in the
-/// year it concerns; without effect for others and where it has gone.
-void removeWhole(AppStore& store, const MergeConflict& conflict);
 
 /// In the order of the conflicts.
 std::vector<ConflictText> describe(AppStore& store, const std::vector<MergeConflict>& conflicts);

@@ -163,9 +163,6 @@ void ConflictsCard::settle(std::size_t index, bool takesOther) {
     const auto watching =
         connect(&store_, &AppStore::historyChanged, this, [&isStep] { isStep = true; });
     const bool removes = !takesOther && texts_[index].isWhole && !shown_[index].ours;
-    if (removes) {
-        removeWhole(store_, MergeConflict(shown_[index])); // it was kept for the choice
-    }
     service_.settleConflict(index, takesOther);
     disconnect(watching);
     giveKeyboard(index);

@@ -6,6 +6,7 @@
 #include "Fiscarel_SG/pages/Cards.h"
 #include "Fiscarel_SG/pages/account/AskedField.h"
 #include "Fiscarel_SG/pages/account/RecoveryKeyEdit.h"
+#include "Fiscarel_SG/pages/account/ServerChoice.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -58,12 +59,14 @@ forms::InputLine* codeLine(QWidget* parent) {
 AddressPanel::AddressPanel(CloudService& service, QWidget* parent)
     : CloudPanel(service, parent),
       address_(new AskedField(u"E-Mail-Adresse"_s, addressLine(status().email, this),
-                              u"Code anfordern"_s, "cloudRequestCode", this)) {
+                              u"Code anfordern"_s, "cloudRequestCode", this)),
+      server_(new ServerChoice(service, this)) {
     explain();
     column().addWidget(address_);
     addLabel(column(),
              u"Sie erhalten per E-Mail einen Code mit sechs Ziffern. Ein Passwort gibt es nicht."_s,
              "small");
+    column().addWidget(server_);
     connect(address_, &AskedField::handedIn, this, &AddressPanel::request);
     follow();
 }
@@ -101,6 +104,7 @@ void AddressPanel::explain() {
 void AddressPanel::follow() {
     address_->setWaiting(isWorking());
     address_->setProblem(isWorking() || !status().problem ? QString() : qs(*status().problem));
+    server_->follow();
 }
 
 void AddressPanel::takeKeyboard() { address_->takeKeyboard(); }

@@ -8,6 +8,7 @@ class QTimer;
 namespace fiscarel::pages {
 
 class AskedField;
+class ServerChoice;
 
 /// Nobody is signed in: what the backup is, and the address.
 class AddressPanel final : public CloudPanel {
@@ -24,6 +25,7 @@ class AddressPanel final : public CloudPanel {
     void request();
 
     AskedField* address_;
+    ServerChoice* server_;
 };
 
 /// A code was sent: it is waited for.
