@@ -73,7 +73,8 @@ const RowAmount* amountBelow(const RowRange& range, std::size_t at, const LabelP
     if (next.amounts.empty() || next.top - own.bottom > most * own.height()) {
         return nullptr;
     }
-    const bool breaksOff = isFrancs(own.words.back().text) && next.amounts.front().first == 0;
+    const bool breaksOff = cellsOf(own).size() == 1 && isFrancs(own.words.back().text)
+                           && next.amounts.front().first == 0;
     const bool goesOn = breaksOff
                         || (continuesSentence(next) && next.words.front().place.left < label.right
                             && next.amounts.back().place.left > label.left);

@@ -86,6 +86,7 @@ class BillMapper {
         title += payee.empty() ? std::string() : ' ' + payee;
         ProposedRecord record = recordWith(context_.facts, target_.record, std::move(title), page);
         record.advice = advice(isPayable);
+        tellChild(record);
         if (target_.kind == Kind::arztrechnung) { // treated in the old year, billed in the new one
             const auto& day = context_.bill && context_.bill->bill.date ? context_.bill->bill.date
                                                                         : context_.facts.issued;
@@ -120,6 +121,18 @@ class BillMapper {
             proposeWords(payeeName(), false);
         }
         return !parts.empty();
+    }
+
+    /// The only child a paper tells, rather than the parent it is addressed to.
+    void tellChild(ProposedRecord& record) const {
+        if (target_.record != Record::child) {
+            return;
+        }
+        const People people(context_.document);
+        if (people.born().size() == 1) {
+            record.personName = people.born().begin()->second.name;
+            record.birthDate = people.born().begin()->second.birthDate;
+        }
     }
 
     std::string payeeName() const {

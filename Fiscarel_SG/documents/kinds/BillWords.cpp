@@ -82,10 +82,10 @@ const Wanted& billTotals() {
 const Wanted& deductibleParts() {
     static const Wanted wanted{
         {},
-        {"nicht", "ohne", "non", "pro Tag", "Vorjahr*", "begrenzt", "limité*", "limitat*"},
+        {"nicht", "non", "pro Tag", "Vorjahr*", "begrenzt", "limité*", "limitat*"},
         true,
         {{deductible, childcare}, {deductible, amount}, {deductible, total}, {deductible}},
-        {possible, meals}};
+        {possible}};
     return wanted;
 }
 const Wanted& ownBillTotals(Kind kind) {

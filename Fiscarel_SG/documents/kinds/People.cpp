@@ -75,7 +75,14 @@ std::optional<NamedPerson> nameBefore(const Row& row, std::size_t end) {
            && (first == last || !row.words[first - 1].text.ends_with(":"))) {
         --first;
     }
-    return last - first >= 2 ? std::optional(nameFrom(row, first, last - 1)) : std::nullopt;
+    // "Lea, geboren am 19.1.2016": so a first name alone is one too.
+    static const Labels births{"geb", "geboren", "né", "née", "nato", "nata"};
+    std::string between;
+    for (std::size_t i = last; i < end; ++i) {
+        between += row.words[i].folded + ' ';
+    }
+    const std::size_t fewest = isAnyIn(between, births) ? 1 : 2;
+    return last - first >= fewest ? std::optional(nameFrom(row, first, last - 1)) : std::nullopt;
 }
 
 /// Two capitalised words from a word on.
@@ -140,7 +147,9 @@ void People::look(const Row& row) {
     for (std::size_t i = 0; i < row.words.size(); ++i) {
         if (const auto day = dayAt(row, i)) {
             if (auto name = nameBefore(row, i)) {
-                families_.insert(row.words[name->last].folded);
+                if (name->last > name->first) {
+                    families_.insert(row.words[name->last].folded);
+                }
                 name->birthDate = day;
                 born_.emplace(row.words[name->first].folded, *name);
             }
