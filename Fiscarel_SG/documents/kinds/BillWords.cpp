@@ -81,7 +81,9 @@ const Wanted& billTotals() {
 }
 const Wanted& deductibleParts() {
     static const Wanted wanted{
-        {},
+        {"Selbst getragene*", "Selbst bezahlte*", "Selbst finanziert*", "Eigenanteil",
+         "Eigenleistung", "von Ihnen getragen*", "von Ihnen bezahlte Kosten", "Restkosten",
+         "frais à votre charge", "part à votre charge", "costi a suo carico", "quota a suo carico"},
         {"nicht", "non", "pro Tag", "Vorjahr*", "begrenzt", "limité*", "limitat*"},
         true,
         {{deductible, childcare}, {deductible, amount}, {deductible, total}, {deductible}},
