@@ -150,7 +150,11 @@ std::optional<FoundAmount> amountUnder(const RowRange& range, std::size_t at,
     for (std::size_t below = at + 1; heading && below < std::min(range.end, at + 30); ++below) {
         const Row& row = range.page->rows[below];
         for (const RowAmount& amount : row.amounts) {
-            if (row.amounts.size() < 2 || !amount.amount.isFirm()
+            const LabelPlace& column = heading->columns[heading->wanted];
+            const bool isUnder =
+                row.amounts.size() > 1
+                || (amount.place.left < column.right && column.left < amount.place.right);
+            if (!isUnder || !amount.amount.isFirm()
                 || columnOf(heading->columns, amount) != heading->wanted) {
                 continue;
             }
@@ -161,7 +165,6 @@ std::optional<FoundAmount> amountUnder(const RowRange& range, std::size_t at,
             }
             isOnly = !found.has_value() || isOfYears;
             newest = isOfYears ? year : std::nullopt;
-            const LabelPlace& column = heading->columns[heading->wanted];
             found =
                 FoundAmount{.page = range.page,
                             .row = below,

@@ -68,7 +68,7 @@ const std::vector<LabelledField>& labelledFields() {
          {{},
           {"nicht", "non", "Vorjahr"},
           true,
-          {{buyIn, deductible}, {contribution, deductible}, {paid, deductible}},
+          {{buyIn, deductible}, {contribution, deductible}, {paid, deductible}, {deductible}},
           {possible}},
          large},
         {Kind::pensionskasse,

@@ -48,23 +48,27 @@ NamedPerson nameFrom(const Row& row, std::size_t first, std::size_t last) {
 /// Words that stand beside names and are written with a capital too.
 const Labels& noNames() {
     static const Labels words{
-        "Kind",   "Kinder",    "Name",         "Vorname",  "Enfant",  "Enfants", "Nom",
-        "Prénom", "Nome",      "Cognome",      "Herr",     "Frau",    "Madame",  "Monsieur",
-        "Signor", "Signora",   "Person",       "Tochter",  "Sohn",    "Bambino", "Bambina",
-        "Geb",    "Geboren",   "Geburtsdatum", "Total",    "Familie", "Famille", "Famiglia",
-        "Januar", "Februar",   "März",         "April",    "Mai",     "Juni",    "Juli",
-        "August", "September", "Oktober",      "November", "Dezember"};
+        "Für",      "Pour",   "Per",       "Von",          "Ihr*",     "Unser*",  "Votre",
+        "Vostro",   "*kind",  "Kinder",    "Name",         "Vorname",  "Enfant",  "Enfants",
+        "Nom",      "Prénom", "Nome",      "Cognome",      "Herr",     "Frau",    "Madame",
+        "Monsieur", "Signor", "Signora",   "Person",       "Tochter",  "Sohn",    "Bambino",
+        "Bambina",  "Geb",    "Geboren",   "Geburtsdatum", "Total",    "Familie", "Famille",
+        "Famiglia", "Januar", "Februar",   "März",         "April",    "Mai",     "Juni",
+        "Juli",     "August", "September", "Oktober",      "November", "Dezember"};
     return words;
 }
 
 /// Two or three capitalised words that end at or before a word, next to it.
 std::optional<NamedPerson> nameBefore(const Row& row, std::size_t end) {
+    static const Labels births{"geb", "geboren", "né", "née", "nato", "nata", "am", "le", "il"};
     std::size_t last = end;
+    std::string between;
     while (last > 0 && !isCapitalised(row.words[last - 1])) {
-        if (end - last > 3 || !row.amounts.empty()) {
+        const std::string& word = row.words[--last].folded;
+        between += word + ' ';
+        if (end - last > 4 || (!row.amounts.empty() && !word.empty() && !isAnyIn(word, births))) {
             return std::nullopt;
         }
-        --last;
     }
     while (last > 0 && isAnyIn(row.words[last - 1].folded, noNames())) {
         --last;
@@ -76,11 +80,6 @@ std::optional<NamedPerson> nameBefore(const Row& row, std::size_t end) {
         --first;
     }
     // "Lea, geboren am 19.1.2016": so a first name alone is one too.
-    static const Labels births{"geb", "geboren", "né", "née", "nato", "nata"};
-    std::string between;
-    for (std::size_t i = last; i < end; ++i) {
-        between += row.words[i].folded + ' ';
-    }
     const std::size_t fewest = isAnyIn(between, births) ? 1 : 2;
     return last - first >= fewest ? std::optional(nameFrom(row, first, last - 1)) : std::nullopt;
 }
