@@ -1,30 +1,34 @@
-#include "Fiscarel_SG/documents/kinds/AccountFigures.h"
+#include "Fiscarel_SG/documents/kinds/AccountEntries.h"
+#include "Fiscarel_SG/documents/kinds/AccountTable.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "TaxCore/base/Iban.h"
 
 #include <algorithm>
+#include <deque>
 #include <iterator>
+#include <set>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 namespace fiscarel {
 
-using Confidence = Proposal::Confidence;
-using Witness = Proposal::Witness;
-
 namespace {
 
-using Record = ProposedRecord::Kind;
-
-struct Iban {
-    std::string text; ///< compact
-    std::size_t row = 0;
-    std::size_t first = 0; ///< index of its first word in the row
-    std::size_t last = 0;
-};
+/// Whether words may be an account number, of this country or Liechtenstein also a misread one;
+/// "al 31 dicembre 2024" is as long as one.
+bool mayBeIban(const std::string& joined) {
+    if (!taxcore::looksLikeIban(joined)) {
+        return false;
+    }
+    const auto fault = taxcore::ibanFault(joined);
+    const bool isOwn = joined.starts_with("CH") || joined.starts_with("LI");
+    return !fault || (isOwn && fault == taxcore::IbanFault::checkDigits);
+}
 
 /// The first sound account number of a row.
-std::optional<Iban> ibanIn(const Row& row, std::size_t at) {
+std::optional<AccountNumber> ibanIn(const Row& row, std::size_t at) {
     for (std::size_t first = 0; first < row.words.size(); ++first) {
         std::string joined;
         for (std::size_t last = first; last < std::min(first + 8, row.words.size()); ++last) {
@@ -35,10 +39,8 @@ std::optional<Iban> ibanIn(const Row& row, std::size_t at) {
             if (joined.size() > 34) {
                 break;
             }
-            if (taxcore::looksLikeIban(joined)
-                && taxcore::ibanFault(joined) != taxcore::IbanFault::length
-                && taxcore::ibanFault(joined) != taxcore::IbanFault::form) {
-                return Iban{taxcore::compactIban(joined), at, first, last};
+            if (mayBeIban(joined)) {
+                return AccountNumber{taxcore::compactIban(joined), at, first, last};
             }
         }
     }
@@ -51,6 +53,42 @@ bool isContactLine(const PageRows& page, const Row& row) {
     return page.number != 0 && row.middle() > page.height * 0.93 && isAnyIn(row.folded, contacts);
 }
 
+/// A word for another currency than francs.
+bool isForeignCurrency(std::string_view word) {
+    static const std::set<std::string_view> codes{
+        "EUR", "USD", "GBP", "JPY", "CAD", "AUD", "NZD", "SEK", "NOK", "DKK", "PLN", "CZK",
+        "HUF", "CNY", "HKD", "SGD", "ZAR", "TRY", "THB", "€",   "$",   "£",   "US$", "Euro"};
+    while (!word.empty()
+           && std::string_view("()[],:").find(word.front()) != std::string_view::npos) {
+        word.remove_prefix(1);
+    }
+    while (!word.empty()
+           && std::string_view("()[],:").find(word.back()) != std::string_view::npos) {
+        word.remove_suffix(1);
+    }
+    return codes.contains(word);
+}
+
+/// Whether the word before an amount names a foreign currency, or the one behind it where none
+/// does before.
+bool isForeign(const Row& row, const RowAmount& amount) {
+    if (amount.first > 0) {
+        const std::string& before = row.words[amount.first - 1].text;
+        if (isFrancs(before) || isForeignCurrency(before)) {
+            return isForeignCurrency(before);
+        }
+    }
+    return amount.last + 1 < row.words.size() && isForeignCurrency(row.words[amount.last + 1].text);
+}
+
+/// A page without the amounts in foreign currencies, which no tax return states.
+PageRows withoutForeign(PageRows page) {
+    for (Row& row : page.rows) {
+        std::erase_if(row.amounts, [&](const RowAmount& amount) { return isForeign(row, amount); });
+    }
+    return page;
+}
+
 class AccountMapper {
   public:
     AccountMapper(const KindContext& context, ProposalDraft& draft)
@@ -58,16 +96,17 @@ class AccountMapper {
 
     void propose() {
         for (const PageRows& page : context_.document.pages) {
-            proposePage(page);
+            readPage(keep(withoutForeign(page)));
         }
+        proposeEntries(context_, entries_, draft_);
     }
 
   private:
-    void proposePage(const PageRows& page) {
-        std::vector<Iban> ibans;
+    void readPage(const PageRows& page) {
+        std::vector<AccountNumber> ibans;
         std::vector<AccountHeading> headings;
         for (std::size_t at = 0; at < page.rows.size(); ++at) {
-            const bool isNew = headings.empty() || headings.back().row < at;
+            const bool isNew = headings.empty() || headings.back().row() < at;
             const AccountHeading found = accountHeadingIn(page, at);
             if (isNew && found.count() >= 2 && page.number != 0) {
                 headings.push_back(found);
@@ -79,16 +118,16 @@ class AccountMapper {
         }
         for (std::size_t i = 0; i < headings.size(); ++i) {
             const std::size_t end =
-                i + 1 < headings.size() ? headings[i + 1].row : page.rows.size();
-            proposeTable(page, headings[i], end, ibans);
+                i + 1 < headings.size() ? headings[i + 1].row() : page.rows.size();
+            readTable(page, headings[i], end, ibans);
         }
-        if (headings.empty() && !proposeNamedRows(page, ibans) && !proposeColumns(page)) {
-            proposeBlocks(page, ibans);
+        if (headings.empty() && !readNamedRows(page, ibans) && !readColumns(page)) {
+            readBlocks(page, ibans);
         }
     }
 
     /// Accounts beside each other, each with its figures in its column: each as a page of its own.
-    bool proposeColumns(const PageRows& page) {
+    bool readColumns(const PageRows& page) {
         for (std::size_t at = 0; at < page.rows.size() && page.number != 0; ++at) {
             std::vector<PageRows> parts;
             for (const LabelPlace& cell : accountCells(page, at)) {
@@ -98,9 +137,10 @@ class AccountMapper {
             if (parts.size() < 2) {
                 continue;
             }
-            for (const PageRows& part : parts) {
-                const RowRange range{&part, 0, part.rows.size()};
-                proposeEntry(figuresByLabel(range), nullptr, range);
+            for (PageRows& part : parts) {
+                const PageRows& own = keep(std::move(part));
+                const RowRange range{&own, 0, own.rows.size()};
+                addEntry({.figures = figuresByLabel(range), .range = range});
             }
             return true;
         }
@@ -148,7 +188,7 @@ class AccountMapper {
     }
 
     /// The words before an account number, which name the account; empty when there are none.
-    static std::string nameBefore(const PageRows& page, const Iban& iban) {
+    static std::string nameBefore(const PageRows& page, const AccountNumber& iban) {
         const Row& row = page.rows[iban.row];
         std::string name;
         for (std::size_t i = 0; i < iban.first; ++i) {
@@ -161,9 +201,9 @@ class AccountMapper {
 
     /// Accounts that are named with their numbers first, and by name in each row of an amount:
     /// "Sparkonto – Zins   12.50". False when the page is not set so.
-    bool proposeNamedRows(const PageRows& page, const std::vector<Iban>& ibans) {
+    bool readNamedRows(const PageRows& page, const std::vector<AccountNumber>& ibans) {
         std::vector<PageRows> parts;
-        for (const Iban& iban : ibans) {
+        for (const AccountNumber& iban : ibans) {
             PageRows part = withoutRows(page);
             const std::string name = nameBefore(page, iban);
             std::ranges::copy_if(page.rows, std::back_inserter(part.rows), [&](const Row& row) {
@@ -177,8 +217,9 @@ class AccountMapper {
             return false;
         }
         for (std::size_t i = 0; i < parts.size(); ++i) {
-            const RowRange range{&parts[i], 0, parts[i].rows.size()};
-            proposeEntry(figuresByLabel(range), &ibans[i], range);
+            const PageRows& own = keep(std::move(parts[i]));
+            const RowRange range{&own, 0, own.rows.size()};
+            addEntry({.figures = figuresByLabel(range), .number = ibans[i].text, .range = range});
         }
         return true;
     }
@@ -210,78 +251,141 @@ class AccountMapper {
         return starts;
     }
 
-    /// Accounts one below the other, each from its number to the next one's.
-    void proposeBlocks(const PageRows& page, const std::vector<Iban>& ibans) {
+    /// Where accounts and loans begin that stand one below the other.
+    static std::vector<std::size_t> startsOf(const PageRows& page,
+                                             const std::vector<AccountNumber>& ibans) {
         std::vector<std::size_t> starts;
-        for (const Iban& iban : ibans) {
+        for (const AccountNumber& iban : ibans) {
             starts.push_back(iban.row);
         }
-        if (const auto named = namedBlocks(page); ibans.size() < 2 && named.size() >= 2) {
-            starts = named;
+        const auto named = namedBlocks(page);
+        if (ibans.size() < 2 && named.size() >= 2) {
+            return named;
         }
+        std::ranges::copy_if(named, std::back_inserter(starts), [&](std::size_t at) {
+            return !starts.empty() && at > starts.front() && namesLoan(page, at)
+                   && std::ranges::find(ibans, at, &AccountNumber::row) == ibans.end();
+        });
+        std::ranges::sort(starts);
+        return starts;
+    }
+
+    static bool namesLoan(const PageRows& page, std::size_t at) {
+        return namesAny(page.rows[at], {Concept::debt}, page.isRecognised)
+               && !namesAny(page.rows[at], {Concept::account}, page.isRecognised);
+    }
+
+    /// Accounts one below the other, each from its number to the next one's.
+    void readBlocks(const PageRows& page, const std::vector<AccountNumber>& ibans) {
+        const auto starts = startsOf(page, ibans);
         for (std::size_t i = 0; i < std::max<std::size_t>(starts.size(), 1); ++i) {
             // What stands above the first account number belongs to it as well.
             const std::size_t first = i == 0 ? 0 : starts[i];
             const std::size_t end = i + 1 < starts.size() ? starts[i + 1] : page.rows.size();
-            const auto own = std::ranges::find_if(
-                ibans, [&](const Iban& iban) { return iban.row >= first && iban.row < end; });
+            const auto own = std::ranges::find_if(ibans, [&](const AccountNumber& iban) {
+                return iban.row >= first && iban.row < end;
+            });
             const RowRange range{&page, first, end};
-            proposeEntry(figuresByLabel(range), own == ibans.end() ? nullptr : &*own, range);
+            const bool isLoan = i < starts.size() && starts.size() > 1 && own == ibans.end()
+                                && namesLoan(page, starts[i]);
+            addEntry({.figures = figuresByLabel(range),
+                      .number = own == ibans.end() ? std::string() : own->text,
+                      .range = range,
+                      .isLoan = isLoan});
         }
     }
 
-    /// A loan among the accounts of a table: what it owes stands in their columns.
-    static void asDebt(const Row& row, bool isRecognised, Figures& figures) {
-        const auto at = [&](Figure figure) -> std::optional<FoundAmount>& {
-            return figures[static_cast<std::size_t>(figure)];
-        };
-        const bool isNegative = at(Figure::balance) && at(Figure::balance)->value() < 0;
-        if (at(Figure::debt) || at(Figure::debtInterest)
-            || (!isNegative && !findLabel(row, wordsFor(Concept::debt), isRecognised))) {
-            return;
+    /// What is left below the heading of a list of creditors in a row.
+    static std::string creditorOf(const PageRows& page, std::size_t at,
+                                  const AccountHeading& heading) {
+        static const Labels creditors{"Gläubiger*", "Kreditgeber*", "Darlehensgeber*",
+                                      "créancier*", "prêteur*",     "creditore",
+                                      "creditori",  "mutuante",     "Geldgeber*"};
+        for (const TableColumn& column : heading.table.columns) {
+            if (!isAnyIn(column.cell.folded, creditors)) {
+                continue;
+            }
+            const Row& row = page.rows[at];
+            const auto cells = cellsOf(row);
+            const auto cell = std::ranges::find_if(cells, [&](const LabelPlace& one) {
+                return one.left < column.place.right && column.place.left < one.right;
+            });
+            return cell == cells.end() ? std::string() : textBetween(row, cell->first, cell->last);
         }
-        at(Figure::debt) = std::exchange(at(Figure::balance), std::nullopt);
-        at(Figure::debtInterest) = std::exchange(at(Figure::interest), std::nullopt);
+        return {};
     }
 
     /// Each row of a table with an amount and either an account number or words; totals are none.
-    void proposeTable(const PageRows& page, const AccountHeading& heading, std::size_t end,
-                      const std::vector<Iban>& ibans) {
+    void readTable(const PageRows& page, const AccountHeading& heading, std::size_t end,
+                   const std::vector<AccountNumber>& ibans) {
         const Labels& totals = wordsFor(Concept::total);
-        Decimal sum;
-        for (std::size_t at = heading.row + 1; at < end; ++at) {
+        Figures sums; // of the rows so far, the amounts alone
+        for (std::size_t at = heading.row() + 1; at < end; ++at) {
             const Row& row = page.rows[at];
-            Figures figures = figuresByColumn(page, at, heading);
+            const Figures figures = figuresByColumn(page, at, heading);
             const bool hasAny =
                 std::ranges::any_of(figures, [](const auto& figure) { return figure.has_value(); });
-            const auto& balance = figures[static_cast<std::size_t>(Figure::balance)];
-            const bool isSum = balance && !sum.isZero() && balance->value() == sum;
-            if (hasAny && (isSum || isAnyIn(row.folded, totals))) {
-                break;
-            }
             if (!hasAny) {
                 continue;
             }
-            const Iban* own = ibanOf(ibans, at, heading.row);
+            if (isSumOf(figures, sums) || isAnyIn(row.folded, totals)) {
+                break;
+            }
+            const AccountNumber* own = ibanOf(ibans, at, heading.row());
             const auto firm = std::ranges::find_if(
                 row.amounts, [](const RowAmount& amount) { return amount.amount.isFirm(); });
             if (own == nullptr && (firm == row.amounts.end() || firm->first == 0)) {
                 continue;
             }
-            sum = sum + (balance ? balance->value() : Decimal());
-            asDebt(row, page.isRecognised, figures);
-            proposeEntry(figures, own, {&page, at, at + 1});
+            addTo(sums, figures);
+            const auto isOwed = [&](Figure figure) {
+                return figures[static_cast<std::size_t>(figure)].has_value();
+            };
+            addEntry({.figures = figures,
+                      .number = own == nullptr ? std::string() : own->text,
+                      .creditor = creditorOf(page, at, heading),
+                      .range = {&page, at, at + 1},
+                      .isLoan = own == nullptr && !isOwed(Figure::debt)
+                                && !isOwed(Figure::debtInterest)
+                                && (heading.isOfLoans || namesLoan(page, at))});
         }
+    }
+
+    static void addTo(Figures& sums, const Figures& figures) {
+        for (std::size_t i = 0; i < figureCount; ++i) {
+            if (sums[i] && figures[i]) {
+                sums[i]->amount.amount.value = sums[i]->value() + figures[i]->value();
+            } else if (figures[i]) {
+                sums[i] = figures[i];
+            }
+        }
+    }
+
+    /// Whether what is left or owed, and the interest if both state it, are the sums.
+    static bool isSumOf(const Figures& figures, const Figures& sums) {
+        using enum Figure;
+        const auto differs = [&](Figure figure) {
+            const auto& own = figures[static_cast<std::size_t>(figure)];
+            const auto& sum = sums[static_cast<std::size_t>(figure)];
+            return own && sum && own->value() != sum->value();
+        };
+        const auto isSum = [&](Figure figure) {
+            const auto& own = figures[static_cast<std::size_t>(figure)];
+            return own && !own->value().isZero() && !differs(figure)
+                   && sums[static_cast<std::size_t>(figure)];
+        };
+        return (isSum(balance) || isSum(debt)) && !differs(interest) && !differs(debtInterest);
     }
 
     /// The account number in a row of a table, or beside it: below when the first one below the
     /// heading stands under a row with amounts, else above.
-    static const Iban* ibanOf(const std::vector<Iban>& ibans, std::size_t at, std::size_t heading) {
-        const auto first =
-            std::ranges::find_if(ibans, [&](const Iban& iban) { return iban.row > heading; });
+    static const AccountNumber* ibanOf(const std::vector<AccountNumber>& ibans, std::size_t at,
+                                       std::size_t heading) {
+        const auto first = std::ranges::find_if(
+            ibans, [&](const AccountNumber& iban) { return iban.row > heading; });
         const bool isBelow = first != ibans.end() && first->row > heading + 1;
         for (const std::size_t row : {at, isBelow ? at + 1 : at - 1}) {
-            const auto found = std::ranges::find(ibans, row, &Iban::row);
+            const auto found = std::ranges::find(ibans, row, &AccountNumber::row);
             if (found != ibans.end()) {
                 return &*found;
             }
@@ -289,125 +393,20 @@ class AccountMapper {
         return nullptr;
     }
 
-    /// Interest beside a debt is the debt's, unless tax was withheld from it.
-    static void giveInterestToDebt(Figures& figures) {
-        const auto at = [&](Figure figure) -> std::optional<FoundAmount>& {
-            return figures[static_cast<std::size_t>(figure)];
-        };
-        if (at(Figure::debt) && !at(Figure::debtInterest) && !at(Figure::balance)
-            && !at(Figure::withholding)) {
-            at(Figure::debtInterest) = std::exchange(at(Figure::interest), std::nullopt);
-        }
+    void addEntry(AccountEntry entry) {
+        settle(entry);
+        entries_.push_back(std::move(entry));
     }
 
-    void proposeEntry(Figures figures, const Iban* iban, const RowRange& range) {
-        giveInterestToDebt(figures);
-        const auto at = [&](Figure figure) -> const std::optional<FoundAmount>& {
-            return figures[static_cast<std::size_t>(figure)];
-        };
-        if (at(Figure::debt) || at(Figure::debtInterest)) {
-            proposeDebt(figures, range);
-            if (!at(Figure::interest) || at(Figure::debtInterest)) {
-                return;
-            }
-        }
-        const auto& balance = at(Figure::balance);
-        const auto& interest = at(Figure::interest);
-        if (!balance && !interest) {
-            return;
-        }
-        const std::string number = iban == nullptr ? std::string() : iban->text;
-        const int record = draft_.addRecord(
-            recordWith(context_.facts, Record::security,
-                       number.empty() ? "Konto " + context_.facts.issuer.text : "Konto " + number,
-                       range.page->number));
-        proposeNames(record, number, range);
-        const auto checks = interestChecks(figures);
-        if (balance) {
-            std::vector<ProposalCheck> ownChecks;
-            if (const auto check = movementCheck(range, *balance)) {
-                ownChecks.push_back(*check);
-            }
-            draft_.add(record, "taxValue", balance->value(),
-                       evidenceOf(*balance, wantedOf(Figure::balance), context_.isKindClear,
-                                  std::move(ownChecks)));
-        }
-        if (interest && !interest->value().isZero()) {
-            const auto& tax = at(Figure::withholding);
-            // Interest up to 200 francs a year is free of it. VStG Art. 5 Abs. 1 Bst. c
-            const bool isTaxed =
-                tax ? !tax->value().isZero() : interest->value() > 200 && !number.starts_with("LI");
-            draft_.add(
-                record, isTaxed ? "incomeWithWithholding" : "incomeWithoutWithholding",
-                interest->value().abs(),
-                evidenceOf(*interest, wantedOf(Figure::interest), context_.isKindClear, checks));
-        }
-    }
-
-    void proposeNames(int record, const std::string& number, const RowRange& range) {
-        const Evidence words{.witness = range.page->number == 0 ? Witness::text : Witness::position,
-                             .confidence = Confidence::medium,
-                             .reason = "Steht beim Konto.",
-                             .page = range.page->number};
-        draft_.add(record, "kind", std::string("konto"), words);
-        Evidence checked = words;
-        if (!number.empty()) {
-            const bool isSound = !taxcore::ibanFault(number);
-            checked.checks.push_back({isSound ? "Die Prüfziffer der IBAN stimmt"
-                                              : "Die Prüfziffer der IBAN stimmt nicht",
-                                      isSound});
-            checked.confidence = isSound ? Confidence::high : Confidence::low;
-        }
-        draft_.add(record, "ibanOrValor", number, checked);
-        Evidence issuer = words;
-        issuer.reason = "Steht oben auf dem Dokument.";
-        issuer.page = context_.facts.issuer.page;
-        issuer.box = context_.facts.issuer.box;
-        draft_.add(record, "institution", context_.facts.issuer.text, issuer);
-        proposeDescription(record, range, words);
-    }
-
-    /// "Sparkonto", "Privatkonto Plus": the word that names the account.
-    void proposeDescription(int record, const RowRange& range, const Evidence& words) {
-        static const Labels names{
-            "Sparkonto*",         "Privatkonto*",       "Jugendsparkonto",     "Mietkautionskonto",
-            "Mietzinskonto",      "Lohnkonto",          "Anlagesparkonto",     "Kontokorrent",
-            "Depositenkonto",     "Aktionärssparkonto", "Mitgliedersparkonto", "Compte privé",
-            "Compte d'épargne",   "Compte épargne",     "Conto privato",       "Conto risparmio",
-            "Conto di risparmio", "Zahlungskonto",      "Geschenksparkonto"};
-        const std::size_t from = range.first > 0 ? range.first - 1 : 0;
-        for (std::size_t at = from; at < range.end; ++at) {
-            const Row& row = range.page->rows[at];
-            if (const auto place = findLabel(row, names, range.page->isRecognised)) {
-                draft_.add(record, "description", textBetween(row, place->first, place->last),
-                           words);
-                return;
-            }
-        }
-    }
-
-    void proposeDebt(const Figures& figures, const RowRange& range) {
-        const int record = draft_.addRecord(recordWith(context_.facts, Record::debt,
-                                                       "Schuld " + context_.facts.issuer.text,
-                                                       range.page->number));
-        draft_.add(record, "creditor", context_.facts.issuer.text,
-                   {.witness = Witness::position,
-                    .confidence = Confidence::medium,
-                    .reason = "Steht oben auf dem Dokument.",
-                    .page = context_.facts.issuer.page,
-                    .box = context_.facts.issuer.box});
-        for (const Figure figure : {Figure::debt, Figure::debtInterest}) {
-            const auto& found = figures[static_cast<std::size_t>(figure)];
-            if (found && !found->value().isZero()) {
-                draft_.add(record, figure == Figure::debt ? "amount" : "interest",
-                           found->value().abs(),
-                           evidenceOf(*found, wantedOf(figure), context_.isKindClear));
-            }
-        }
+    const PageRows& keep(PageRows page) {
+        pages_.push_back(std::move(page));
+        return pages_.back();
     }
 
     const KindContext& context_;
     ProposalDraft& draft_;
+    std::vector<AccountEntry> entries_;
+    std::deque<PageRows> pages_; ///< those the entries point into
 };
 
 } // namespace

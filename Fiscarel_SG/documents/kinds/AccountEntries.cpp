@@ -1,0 +1,228 @@
+#include "Fiscarel_SG/documents/kinds/AccountEntries.h"
+
+#include "TaxCore/base/Iban.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace fiscarel {
+
+using Confidence = Proposal::Confidence;
+using Witness = Proposal::Witness;
+
+namespace {
+
+using Record = ProposedRecord::Kind;
+
+std::optional<FoundAmount>& at(Figures& figures, Figure figure) {
+    return figures[static_cast<std::size_t>(figure)];
+}
+const std::optional<FoundAmount>& at(const Figures& figures, Figure figure) {
+    return figures[static_cast<std::size_t>(figure)];
+}
+
+/// The amounts of one figure of all entries, and whether the document prints what they add up to.
+class FigureSum {
+  public:
+    FigureSum(const std::vector<AccountEntry>& entries, Figure figure) {
+        for (const AccountEntry& entry : entries) {
+            if (const auto& found = at(entry.figures, figure); found && !found->value().isZero()) {
+                parts_.push_back(&*found);
+                sum_ = sum_ + found->value().abs();
+            }
+        }
+    }
+
+    /// Absent when fewer than two amounts add up to one that is printed beyond them.
+    std::optional<ProposalCheck> check(const DocumentRows& document) const {
+        if (parts_.size() < 2) {
+            return std::nullopt;
+        }
+        for (const PageRows& page : document.pages) {
+            for (const Row& row : page.rows) {
+                const bool isPrinted = std::ranges::any_of(row.amounts, [&](const auto& amount) {
+                    return amount.amount.isFirm() && amount.amount.value.abs() == sum_;
+                });
+                if (isPrinted) {
+                    return ProposalCheck{"Die " + std::to_string(parts_.size())
+                                             + " Beträge ergeben zusammen die gedruckten "
+                                             + shown(sum_),
+                                         true};
+                }
+            }
+        }
+        return std::nullopt;
+    }
+
+  private:
+    std::vector<const FoundAmount*> parts_;
+    Decimal sum_;
+};
+
+class EntryProposer {
+  public:
+    EntryProposer(const KindContext& context, const std::vector<AccountEntry>& entries,
+                  ProposalDraft& draft)
+        : context_(context), entries_(entries), draft_(draft) {
+        for (std::size_t i = 0; i < figureCount; ++i) {
+            sums_[i] = FigureSum(entries, static_cast<Figure>(i)).check(context.document);
+        }
+    }
+
+    void propose() {
+        for (const AccountEntry& entry : entries_) {
+            if (at(entry.figures, Figure::debt) || at(entry.figures, Figure::debtInterest)) {
+                proposeDebt(entry);
+            }
+            if (at(entry.figures, Figure::balance) || at(entry.figures, Figure::interest)) {
+                proposeAccount(entry);
+            }
+        }
+    }
+
+  private:
+    void addAmount(int record, std::string field, const FoundAmount& found, Figure figure,
+                   std::vector<ProposalCheck> checks) {
+        if (const auto& sum = sums_[static_cast<std::size_t>(figure)]) {
+            checks.push_back(*sum);
+        }
+        draft_.add(record, std::move(field), found.value(),
+                   evidenceOf(found, wantedOf(figure), context_.isKindClear, std::move(checks)));
+    }
+
+    void proposeAccount(const AccountEntry& entry) {
+        const auto& balance = at(entry.figures, Figure::balance);
+        const auto& interest = at(entry.figures, Figure::interest);
+        const int record = draft_.addRecord(recordWith(
+            context_.facts, Record::security,
+            "Konto " + (entry.number.empty() ? context_.facts.issuer.text : entry.number),
+            entry.range.page->number));
+        proposeNames(record, entry);
+        if (balance) {
+            std::vector<ProposalCheck> checks;
+            if (const auto check = movementCheck(entry.range, *balance)) {
+                checks.push_back(*check);
+            }
+            addAmount(record, "taxValue", *balance, Figure::balance, std::move(checks));
+        }
+        if (interest && !interest->value().isZero()) {
+            const auto& tax = at(entry.figures, Figure::withholding);
+            // Interest up to 200 francs a year is free of it. VStG Art. 5 Abs. 1 Bst. c
+            const bool isTaxed = tax ? !tax->value().isZero()
+                                     : interest->value() > 200 && !entry.number.starts_with("LI");
+            addAmount(record, isTaxed ? "incomeWithWithholding" : "incomeWithoutWithholding",
+                      *interest, Figure::interest, interestChecks(entry.figures));
+        }
+    }
+
+    Evidence wordsOf(const AccountEntry& entry) const {
+        const int page = entry.range.page->number;
+        return {.witness = page == 0 ? Witness::text : Witness::position,
+                .confidence = Confidence::medium,
+                .reason = "Steht beim Konto.",
+                .page = page};
+    }
+
+    Evidence issuerWords(Evidence words) const {
+        words.reason = "Steht oben auf dem Dokument.";
+        words.page = context_.facts.issuer.page;
+        words.box = context_.facts.issuer.box;
+        return words;
+    }
+
+    void proposeNames(int record, const AccountEntry& entry) {
+        const Evidence words = wordsOf(entry);
+        draft_.add(record, "kind", std::string("konto"), words);
+        Evidence checked = words;
+        if (!entry.number.empty()) {
+            const bool isSound = !taxcore::ibanFault(entry.number);
+            checked.checks.push_back({isSound ? "Die Prüfziffer der IBAN stimmt"
+                                              : "Die Prüfziffer der IBAN stimmt nicht",
+                                      isSound});
+            checked.confidence = isSound ? Confidence::high : Confidence::low;
+        }
+        draft_.add(record, "ibanOrValor", entry.number, checked);
+        draft_.add(record, "institution", context_.facts.issuer.text, issuerWords(words));
+        proposeDescription(record, entry.range, words);
+    }
+
+    /// "Sparkonto", "Privatkonto Plus": the word that names the account.
+    void proposeDescription(int record, const RowRange& range, const Evidence& words) {
+        static const Labels names{
+            "Sparkonto*",         "Privatkonto*",       "Jugendsparkonto",     "Mietkautionskonto",
+            "Mietzinskonto",      "Lohnkonto",          "Anlagesparkonto",     "Kontokorrent",
+            "Depositenkonto",     "Aktionärssparkonto", "Mitgliedersparkonto", "Compte privé",
+            "Compte d'épargne",   "Compte épargne",     "Conto privato",       "Conto risparmio",
+            "Conto di risparmio", "Zahlungskonto",      "Geschenksparkonto",   "*konto"};
+        const std::size_t from = range.first > 0 ? range.first - 1 : 0;
+        for (std::size_t at = from; at < range.end; ++at) {
+            const Row& row = range.page->rows[at];
+            if (const auto place = findLabel(row, names, range.page->isRecognised)) {
+                std::string name = textBetween(row, place->first, place->last);
+                std::erase_if(name, [](char c) { return c == '(' || c == ')' || c == ','; });
+                draft_.add(record, "description", name, words);
+                return;
+            }
+        }
+    }
+
+    void proposeDebt(const AccountEntry& entry) {
+        const bool isListed = !entry.creditor.empty();
+        const std::string creditor = isListed ? entry.creditor : context_.facts.issuer.text;
+        const int record = draft_.addRecord(recordWith(
+            context_.facts, Record::debt, "Schuld " + creditor, entry.range.page->number));
+        Evidence words = wordsOf(entry);
+        words.reason = "Steht bei der Schuld.";
+        draft_.add(record, "creditor", creditor, isListed ? words : issuerWords(words));
+        for (const Figure figure : {Figure::debt, Figure::debtInterest}) {
+            const auto& found = at(entry.figures, figure);
+            if (found && !found->value().isZero()) {
+                FoundAmount owed = *found;
+                owed.amount.amount.value = owed.value().abs();
+                addAmount(record, figure == Figure::debt ? "amount" : "interest", owed, figure, {});
+            }
+        }
+    }
+
+    const KindContext& context_;
+    const std::vector<AccountEntry>& entries_;
+    ProposalDraft& draft_;
+    std::array<std::optional<ProposalCheck>, figureCount> sums_;
+};
+
+} // namespace
+
+void settle(AccountEntry& entry) {
+    Figures& figures = entry.figures;
+    auto& balance = at(figures, Figure::balance);
+    auto& debt = at(figures, Figure::debt);
+    auto& interest = at(figures, Figure::interest);
+    auto& debtInterest = at(figures, Figure::debtInterest);
+    const bool isOwed = entry.isLoan || (balance && balance->value() < 0);
+    if (isOwed && balance) {
+        debt = debt ? debt : balance;
+        balance.reset();
+    }
+    if (debt && balance) {
+        balance.reset(); // of a loan's account
+    }
+    // Interest beside a debt is the debt's, unless tax was withheld from it.
+    if (debt && !balance && interest && (entry.isLoan || !at(figures, Figure::withholding))) {
+        debtInterest = debtInterest ? debtInterest : interest;
+        interest.reset();
+    }
+    if (entry.isLoan) {
+        interest.reset();
+    }
+    if (interest && interest->value() < 0) { // charged
+        debtInterest = debtInterest ? debtInterest : interest;
+        interest.reset();
+    }
+}
+
+void proposeEntries(const KindContext& context, const std::vector<AccountEntry>& entries,
+                    ProposalDraft& draft) {
+    EntryProposer(context, entries, draft).propose();
+}
+
+} // namespace fiscarel
