@@ -114,6 +114,7 @@ void proposeByKind(const KindContext& context, ProposalDraft& draft) {
         }
         break;
     case Kind::bankauszug:
+    case Kind::steuerauszug: // without its payload
         proposeAccounts(context, draft);
         break;
     case Kind::arztrechnung:
@@ -123,7 +124,6 @@ void proposeByKind(const KindContext& context, ProposalDraft& draft) {
         proposeBill(context, draft);
         break;
     case Kind::lohnausweis:
-    case Kind::steuerauszug: // a statement without its payload is read by hand
     case Kind::anderes:
         break;
     }

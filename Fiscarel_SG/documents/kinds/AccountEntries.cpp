@@ -71,6 +71,9 @@ class EntryProposer {
 
     void propose() {
         for (const AccountEntry& entry : entries_) {
+            if (context_.kind == StoredDocument::Kind::steuerauszug && !isSummed(entry)) {
+                continue; // its lists are many, only a total tells which one was read
+            }
             if (at(entry.figures, Figure::debt) || at(entry.figures, Figure::debtInterest)) {
                 proposeDebt(entry);
             }
@@ -81,6 +84,14 @@ class EntryProposer {
     }
 
   private:
+    bool isSummed(const AccountEntry& entry) const {
+        using enum Figure;
+        return std::ranges::any_of(
+            std::array{balance, interest, debt, debtInterest}, [&](Figure figure) {
+                return at(entry.figures, figure) && sums_[static_cast<std::size_t>(figure)];
+            });
+    }
+
     void addAmount(int record, std::string field, const FoundAmount& found, Figure figure,
                    std::vector<ProposalCheck> checks) {
         if (const auto& sum = sums_[static_cast<std::size_t>(figure)]) {

@@ -47,6 +47,12 @@ Figures figuresByLabel(const RowRange& range) {
         figures[i] = findFirst({range}, wantedOf(static_cast<Figure>(i)));
     }
     findInterestByTax(range, figures);
+    const auto& gross = figures[static_cast<std::size_t>(Figure::interest)];
+    auto& tax = figures[static_cast<std::size_t>(Figure::withholding)];
+    if (gross && tax && tax->isBelow
+        && ((gross->value() * 35 / 100) - tax->value().abs()).abs() > Decimal(5) / 100) {
+        tax.reset(); // its own row is empty, the amount is of the next one
+    }
     return figures;
 }
 

@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/AccountEntries.h"
 #include "Fiscarel_SG/documents/kinds/AccountTable.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
+#include "Fiscarel_SG/documents/kinds/SecurityTable.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "TaxCore/base/Iban.h"
 
@@ -96,7 +97,9 @@ class AccountMapper {
 
     void propose() {
         for (const PageRows& page : context_.document.pages) {
-            readPage(keep(withoutForeign(page)));
+            if (!proposeSecurities(context_, page, draft_)) {
+                readPage(keep(withoutForeign(page)));
+            }
         }
         proposeEntries(context_, entries_, draft_);
     }
@@ -275,13 +278,30 @@ class AccountMapper {
                && !namesAny(page.rows[at], {Concept::account}, page.isRecognised);
     }
 
+    /// Where the last of several accounts ends: at the totals of all, which the first has none of.
+    static std::size_t endOfLast(const PageRows& page, const std::vector<std::size_t>& starts) {
+        static const Labels all{"aller Konten", "alle Konten", "tous les comptes", "tutti i conti"};
+        const auto findTotal = [&](std::size_t from, std::size_t end) {
+            while (from < end
+                   && !(hasFirmAmount(page.rows[from])
+                        && (namesAny(page.rows[from], {Concept::total}, page.isRecognised)
+                            || isAnyIn(page.rows[from].folded, all)))) {
+                ++from;
+            }
+            return from;
+        };
+        const std::size_t end = page.rows.size();
+        const bool isPlain = starts.size() > 1 && findTotal(starts[0], starts[1]) == starts[1];
+        return isPlain ? findTotal(starts.back() + 1, end) : end;
+    }
+
     /// Accounts one below the other, each from its number to the next one's.
     void readBlocks(const PageRows& page, const std::vector<AccountNumber>& ibans) {
         const auto starts = startsOf(page, ibans);
         for (std::size_t i = 0; i < std::max<std::size_t>(starts.size(), 1); ++i) {
             // What stands above the first account number belongs to it as well.
             const std::size_t first = i == 0 ? 0 : starts[i];
-            const std::size_t end = i + 1 < starts.size() ? starts[i + 1] : page.rows.size();
+            const std::size_t end = i + 1 < starts.size() ? starts[i + 1] : endOfLast(page, starts);
             const auto own = std::ranges::find_if(ibans, [&](const AccountNumber& iban) {
                 return iban.row >= first && iban.row < end;
             });
@@ -338,16 +358,11 @@ class AccountMapper {
                 continue;
             }
             addTo(sums, figures);
-            const auto isOwed = [&](Figure figure) {
-                return figures[static_cast<std::size_t>(figure)].has_value();
-            };
             addEntry({.figures = figures,
                       .number = own == nullptr ? std::string() : own->text,
                       .creditor = creditorOf(page, at, heading),
                       .range = {&page, at, at + 1},
-                      .isLoan = own == nullptr && !isOwed(Figure::debt)
-                                && !isOwed(Figure::debtInterest)
-                                && (heading.isOfLoans || namesLoan(page, at))});
+                      .isLoan = own == nullptr && (heading.isOfLoans || namesLoan(page, at))});
         }
     }
 

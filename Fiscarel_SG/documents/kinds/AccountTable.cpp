@@ -190,6 +190,11 @@ bool listsLoans(const PageRows& page, std::size_t at, const AccountHeading& head
                                "passivi",        "impegni",     "crediti ipotecari"};
     static const Labels repaid{"amortis*",   "Amortisation*", "getilgt*",   "zurückbezahlt*",
                                "remboursé*", "ammort*",       "rimborsat*", "Tilgung*"};
+    using enum Figure;
+    const bool isOwed = heading.states(debt) || heading.states(debtInterest);
+    if (isOwed && !heading.states(interest) && !heading.states(withholding)) {
+        return true;
+    }
     const bool isRepaid = std::ranges::any_of(heading.table.columns, [&](const TableColumn& one) {
         return isAnyIn(one.cell.folded, repaid);
     });
@@ -229,6 +234,9 @@ AccountHeading completed(const PageRows& page, std::size_t at, AccountHeading he
     if (plain.figures != heading.figures) {
         chooseColumns(plain);
         if (hasRows(page, plain)) {
+            for (std::size_t i = 0; i < plain.figures.size(); ++i) {
+                plain.isPlain.push_back(plain.figures[i] != heading.figures[i]);
+            }
             heading = std::move(plain);
         }
     }
@@ -285,6 +293,10 @@ TableHeading tableHeadingIn(const PageRows& page, std::size_t at, bool withNext)
     return heading;
 }
 
+bool AccountHeading::states(Figure figure) const {
+    return std::ranges::find(figures, std::optional(figure)) != figures.end();
+}
+
 std::size_t AccountHeading::count() const {
     return static_cast<std::size_t>(
         std::ranges::count_if(figures, [](const auto& figure) { return figure.has_value(); }));
@@ -313,10 +325,12 @@ Figures figuresByColumn(const PageRows& page, std::size_t at, const AccountHeadi
         const double distance = distanceOf(amount, heading.table.columns[*column].place);
         const auto index = static_cast<std::size_t>(*figure);
         if (distance < distances[index]) {
-            figures[index] = FoundAmount{.page = &page,
-                                         .row = at,
-                                         .amount = amount,
-                                         .label = heading.table.columns[*column].words()};
+            figures[index] =
+                FoundAmount{.page = &page,
+                            .row = at,
+                            .amount = amount,
+                            .label = heading.table.columns[*column].words(),
+                            .isAlone = heading.isPlain.empty() || !heading.isPlain[*column]};
             distances[index] = distance;
         }
     }

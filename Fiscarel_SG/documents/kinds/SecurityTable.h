@@ -1,0 +1,12 @@
+#pragma once
+
+#include "Fiscarel_SG/documents/kinds/KindMappers.h"
+
+namespace fiscarel {
+
+/// Proposes the securities of a page's table: value, number held, income with and without
+/// withholding tax. Sure is what number times price, a printed total or the tax claimed back
+/// proves. False when the page has no such table.
+bool proposeSecurities(const KindContext& context, const PageRows& page, ProposalDraft& draft);
+
+} // namespace fiscarel
