@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/SecondReader.h"
 
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
+#include "Fiscarel_SG/documents/kinds/SecurityTable.h"
 #include "Fiscarel_SG/documents/payload/Mappers.h"
 #include "Fiscarel_SG/documents/rows/PageArrangement.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
@@ -156,6 +157,10 @@ void proposeAll(const DocumentReading& reading, ScanResult& result) {
     if ((!verdict.kind || (verdict.kind == Kind::anderes && bill)) && bill
         && isRepairBill(document)) {
         verdict = {.kind = Kind::liegenschaft};
+    }
+    if (verdict.kind != Kind::bankauszug && verdict.kind != Kind::steuerauszug
+        && listsSecurities(document)) {
+        verdict = {.kind = Kind::steuerauszug, .isClear = true};
     }
     result.kindIsCertain = payloads.kind.has_value();
     result.proposedKind = payloads.kind ? payloads.kind : verdict.kind;

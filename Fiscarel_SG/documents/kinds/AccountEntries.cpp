@@ -71,7 +71,7 @@ class EntryProposer {
 
     void propose() {
         for (const AccountEntry& entry : entries_) {
-            if (context_.kind == StoredDocument::Kind::steuerauszug && !isSummed(entry)) {
+            if (isStatement() && entries_.size() > 1 && !isSummed(entry)) {
                 continue; // its lists are many, only a total tells which one was read
             }
             if (at(entry.figures, Figure::debt) || at(entry.figures, Figure::debtInterest)) {
@@ -84,6 +84,8 @@ class EntryProposer {
     }
 
   private:
+    bool isStatement() const { return context_.kind == StoredDocument::Kind::steuerauszug; }
+
     bool isSummed(const AccountEntry& entry) const {
         using enum Figure;
         return std::ranges::any_of(
@@ -97,8 +99,13 @@ class EntryProposer {
         if (const auto& sum = sums_[static_cast<std::size_t>(figure)]) {
             checks.push_back(*sum);
         }
-        draft_.add(record, std::move(field), found.value(),
-                   evidenceOf(found, wantedOf(figure), context_.isKindClear, std::move(checks)));
+        const bool isProven = std::ranges::any_of(checks, &ProposalCheck::passed);
+        Evidence evidence =
+            evidenceOf(found, wantedOf(figure), context_.isKindClear, std::move(checks));
+        if (isStatement() && !isProven) {
+            evidence.confidence = Confidence::low;
+        }
+        draft_.add(record, std::move(field), found.value(), std::move(evidence));
     }
 
     void proposeAccount(const AccountEntry& entry) {

@@ -278,6 +278,30 @@ class AccountMapper {
                && !namesAny(page.rows[at], {Concept::account}, page.isRecognised);
     }
 
+    /// What a loan's block tells, the debt at last by the day it stands at: "Importo dovuto al 31
+    /// dicembre 2024".
+    static Figures figuresOfLoan(const RowRange& range) {
+        Figures figures = figuresByLabel(range);
+        auto& debt = figures[static_cast<std::size_t>(Figure::debt)];
+        const bool isKnown = debt || figures[static_cast<std::size_t>(Figure::balance)];
+        for (std::size_t at = range.first; at < range.end && !isKnown && !debt; ++at) {
+            const Row& row = range.page->rows[at];
+            const bool isOther = namesAny(row,
+                                          {Concept::interest, Concept::debtInterest, Concept::other,
+                                           Concept::repayment, Concept::total, Concept::rate},
+                                          range.page->isRecognised);
+            if (!isOther && row.amounts.size() == 1 && hasFirmAmount(row) && namesLastDay(row)
+                && row.amounts[0].first > 0) {
+                debt = FoundAmount{.page = range.page,
+                                   .row = at,
+                                   .amount = row.amounts[0],
+                                   .label = textBetween(row, 0, row.amounts[0].first - 1),
+                                   .isAlone = false};
+            }
+        }
+        return figures;
+    }
+
     /// Where the last of several accounts ends: at the totals of all, which the first has none of.
     static std::size_t endOfLast(const PageRows& page, const std::vector<std::size_t>& starts) {
         static const Labels all{"aller Konten", "alle Konten", "tous les comptes", "tutti i conti"};
@@ -308,7 +332,7 @@ class AccountMapper {
             const RowRange range{&page, first, end};
             const bool isLoan = i < starts.size() && starts.size() > 1 && own == ibans.end()
                                 && namesLoan(page, starts[i]);
-            addEntry({.figures = figuresByLabel(range),
+            addEntry({.figures = isLoan ? figuresOfLoan(range) : figuresByLabel(range),
                       .number = own == ibans.end() ? std::string() : own->text,
                       .range = range,
                       .isLoan = isLoan});

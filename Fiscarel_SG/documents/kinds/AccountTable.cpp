@@ -121,20 +121,6 @@ int yearIn(const Row& cell) {
     return year;
 }
 
-/// Whether a cell names the year's last day: "am 31.12.", "Betrag 31. Dezember 2024".
-bool isLastDay(const Row& cell) {
-    const auto& words = cell.words;
-    for (std::size_t i = 0; i < words.size() && words.size() <= 5; ++i) {
-        const auto day = parseDay(words[i].text);
-        if (words[i].folded == "31 12" || (day && day->month() == 12 && day->day() == 31)
-            || (words[i].folded == "31" && i + 1 < words.size()
-                && monthOf(words[i + 1].folded) == 12)) {
-            return true;
-        }
-    }
-    return false;
-}
-
 bool hasFrancs(const Row& cell) {
     static const Labels francs{"Franken", "francs", "franchi"};
     return isAnyIn(cell.folded, francs) || std::ranges::any_of(cell.words, [](const RowWord& word) {
@@ -146,6 +132,10 @@ bool hasFrancs(const Row& cell) {
 /// beside others only.
 void addPlainFigures(AccountHeading& heading, bool isRecognised) {
     static const Labels currency{"CHF", "in CHF", "en CHF", "Franken", "in Franken", "en francs"};
+    static const Labels stands{"Stand*", "Bestand", "Betrag*",   "Wert*",     "Kapital*",
+                               "état",   "montant", "situation", "capital",   "importo",
+                               "stato",  "valore",  "capitale",  "situazione"};
+    const bool hasStand = heading.states(Figure::balance) || heading.states(Figure::debt);
     std::optional<Figure> before;
     for (std::size_t i = 0; i < heading.figures.size(); ++i) {
         const Row& cell = heading.table.columns[i].cell;
@@ -154,11 +144,14 @@ void addPlainFigures(AccountHeading& heading, bool isRecognised) {
             cell,
             {Concept::other, Concept::opening, Concept::repayment, Concept::rate, Concept::fee},
             isRecognised);
-        if (!figure && !isOther && isLastDay(cell)) {
+        if (!figure && !isOther && cell.words.size() <= 5 && namesLastDay(cell)) {
             figure = Figure::balance;
         } else if (!figure && !isOther && namesAny(cell, {Concept::paid}, isRecognised)
                    && cell.words.size() <= 3) {
             figure = Figure::interest;
+        } else if (!figure && !isOther && !hasStand && cell.words.size() <= 4
+                   && findLabel(cell, stands, isRecognised)) {
+            figure = Figure::balance;
         } else if (!figure && before && cell.words.size() <= 2 && hasFrancs(cell)
                    && isAnyIn(cell.folded, currency)) {
             figure = before;
@@ -253,6 +246,19 @@ double distanceOf(const RowAmount& amount, const LabelPlace& column) {
 }
 
 } // namespace
+
+bool namesLastDay(const Row& cell) {
+    const auto& words = cell.words;
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        const auto day = parseDay(words[i].text);
+        if (words[i].folded == "31 12" || (day && day->month() == 12 && day->day() == 31)
+            || (words[i].folded == "31" && i + 1 < words.size()
+                && monthOf(words[i + 1].folded) == 12)) {
+            return true;
+        }
+    }
+    return false;
+}
 
 std::optional<std::size_t> TableHeading::columnOf(const RowAmount& amount,
                                                   const PageRows& page) const {

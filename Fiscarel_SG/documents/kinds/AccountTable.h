@@ -29,6 +29,9 @@ struct TableHeading {
 /// empty when that cannot be one.
 TableHeading tableHeadingIn(const PageRows& page, std::size_t at, bool withNext);
 
+/// Whether words name the year's last day: "am 31.12.", "Betrag 31. Dezember 2024".
+bool namesLastDay(const Row& words);
+
 /// A table of accounts or loans: which column states what.
 struct AccountHeading {
     TableHeading table;

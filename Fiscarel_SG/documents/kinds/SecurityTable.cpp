@@ -196,6 +196,13 @@ class SecurityReader {
 
     bool isEmpty() const { return securities_.empty(); }
 
+    /// Whether number times price proves more than one security.
+    bool isProven() const {
+        return std::ranges::count_if(
+                   securities_, [](const Security& one) { return productCheck(one).has_value(); })
+               >= 2;
+    }
+
   private:
     Decimal sumOf(Stated stated) const {
         Decimal sum;
@@ -355,20 +362,37 @@ class SecurityReader {
     StatedAmounts totals_;
 };
 
-} // namespace
-
-bool proposeSecurities(const KindContext& context, const PageRows& page, ProposalDraft& draft) {
+/// The first table of securities of a page; absent when it has none.
+std::optional<SecurityReader> tableOf(const KindContext& context, const PageRows& page) {
     for (std::size_t row = 0; row < page.rows.size() && page.number != 0; ++row) {
         if (SecurityHeading heading = securityHeading(page, row); heading.isOne()) {
             SecurityReader reader(context, page, std::move(heading));
             reader.read();
-            reader.propose(draft);
             if (!reader.isEmpty()) {
-                return true;
+                return reader;
             }
         }
     }
-    return false;
+    return std::nullopt;
+}
+
+} // namespace
+
+bool proposeSecurities(const KindContext& context, const PageRows& page, ProposalDraft& draft) {
+    const auto table = tableOf(context, page);
+    if (table) {
+        table->propose(draft);
+    }
+    return table.has_value();
+}
+
+bool listsSecurities(const DocumentRows& document) {
+    const DocumentFacts facts;
+    const KindContext context{document, facts, StoredDocument::Kind::steuerauszug, true, {}};
+    return std::ranges::any_of(document.pages, [&](const PageRows& page) {
+        const auto table = tableOf(context, page);
+        return table && table->isProven();
+    });
 }
 
 } // namespace fiscarel

@@ -9,4 +9,8 @@ namespace fiscarel {
 /// proves. False when the page has no such table.
 bool proposeSecurities(const KindContext& context, const PageRows& page, ProposalDraft& draft);
 
+/// Whether a document has a table of securities that number times price proves, whatever else it
+/// speaks of.
+bool listsSecurities(const DocumentRows& document);
+
 } // namespace fiscarel
