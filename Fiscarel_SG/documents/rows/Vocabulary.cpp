@@ -20,10 +20,34 @@ const Labels& wordsFor(Concept meant) {
     return table[static_cast<std::size_t>(meant)];
 }
 
+namespace {
+
+/// The first label found outside the amounts: "113'029.20" speaks of no year 20.
+std::optional<LabelPlace> findWords(const Row& row, const Labels& labels, bool isRecognised) {
+    const auto isInAmount = [&](const LabelPlace& place) {
+        return std::ranges::any_of(row.amounts, [&](const RowAmount& amount) {
+            return amount.amount.hasDecimals && amount.first <= place.first
+                   && place.last <= amount.last;
+        });
+    };
+    for (const Label& label : labels) {
+        auto place = findLabel(row, label, isRecognised);
+        while (place && isInAmount(*place)) {
+            place = findLabel(row, label, isRecognised, place->last + 1);
+        }
+        if (place) {
+            return place;
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
 std::optional<LabelPlace> findMeaning(const Row& row, const Meaning& meaning, bool isRecognised) {
     std::optional<LabelPlace> whole;
     for (const Concept meant : meaning) {
-        const auto place = findLabel(row, wordsFor(meant), isRecognised);
+        const auto place = findWords(row, wordsFor(meant), isRecognised);
         if (!place) {
             return std::nullopt;
         }
