@@ -57,7 +57,7 @@ std::optional<Stated> statedBy(const Row& cell, bool isRecognised) {
     static const Labels incomes{
         "Ertrag*",    "Erträge", "Bruttoertr*", "Dividende*", "Ausschüttung*", "Zins*", "brutto*",
         "rendement*", "revenu*", "reddit*",     "dividend*",  "provent*",      "ricav*"};
-    static const Labels values_not{"Anfang*", "Einstand*", "Kaufwert*", "Vorjahr*", "Beginn"};
+    static const Labels notValues{"Anfang*", "Einstand*", "Kaufwert*", "Vorjahr*", "Beginn"};
     const auto says = [&](const Labels& labels) {
         return findLabel(cell, labels, isRecognised).has_value();
     };
@@ -71,10 +71,10 @@ std::optional<Stated> statedBy(const Row& cell, bool isRecognised) {
     if (taxed && namesAny(cell, {Concept::withholding}, isRecognised)) {
         return taxed;
     }
-    return says(quantities)                    ? std::optional(Stated::quantity)
-           : says(values) && !says(values_not) ? std::optional(Stated::value)
-           : says(prices)                      ? std::optional(Stated::price)
-                                               : std::nullopt;
+    return says(quantities)                   ? std::optional(Stated::quantity)
+           : says(values) && !says(notValues) ? std::optional(Stated::value)
+           : says(prices)                     ? std::optional(Stated::price)
+                                              : std::nullopt;
 }
 
 struct SecurityHeading {
