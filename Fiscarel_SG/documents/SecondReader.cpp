@@ -154,8 +154,7 @@ void proposeAll(const DocumentReading& reading, ScanResult& result) {
 
     KindVerdict verdict = weighKind(document, std::ranges::any_of(forms, isProven));
     const auto bill = findBill(reading, document);
-    if ((!verdict.kind || (verdict.kind == Kind::anderes && bill)) && bill
-        && isRepairBill(document)) {
+    if ((!verdict.kind || (verdict.kind == Kind::anderes && bill)) && isRepairBill(document)) {
         verdict = {.kind = Kind::liegenschaft};
     }
     if (verdict.kind != Kind::bankauszug && verdict.kind != Kind::steuerauszug

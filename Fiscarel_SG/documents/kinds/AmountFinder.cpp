@@ -40,8 +40,9 @@ bool isProse(const Row& row, bool isRecognised) {
 
 /// The words of a row that tell of the amount of a label: all, but of a heading, which names other
 /// columns too, only the own cell. Absent for a label that goes over several headings.
-std::optional<Row> wordsAbout(const Row& row, const LabelPlace& place) {
-    const auto cells = cellsOf(row);
+std::optional<Row> wordsAbout(const RowRange& range, std::size_t at, const LabelPlace& place) {
+    const Row& row = range.page->rows[at];
+    const auto cells = headingCells(range, at);
     if (cells.size() < 3 || std::ranges::any_of(row.amounts, isCandidate)) {
         return row;
     }
@@ -67,12 +68,14 @@ struct Pass {
 
 /// Whether a label counts where it stands: not in a sentence, nor beside words that make the amount
 /// something else.
-bool counts(const Row& row, const LabelPlace& place, const Wanted& wanted, bool isRecognised,
+bool counts(const RowRange& range, std::size_t at, const LabelPlace& place, const Wanted& wanted,
             Where where) {
+    const Row& row = range.page->rows[at];
+    const bool isRecognised = range.page->isRecognised;
     if (where == Where::columns && isProse(row, isRecognised)) {
         return false;
     }
-    const auto about = wordsAbout(row, place);
+    const auto about = wordsAbout(range, at, place);
     return about && !isBarred(*about, wanted, isRecognised)
            && !namesAny(*about, wanted.notMeant, isRecognised);
 }
@@ -86,7 +89,7 @@ std::vector<FoundAmount> findByLabel(const std::vector<RowRange>& ranges, const 
                 const Row& row = range.page->rows[at];
                 const bool isRecognised = range.page->isRecognised;
                 const auto place = findLabel(row, label, isRecognised);
-                if (!place || !counts(row, *place, wanted, isRecognised, pass.where)) {
+                if (!place || !counts(range, at, *place, wanted, pass.where)) {
                     continue;
                 }
                 auto amount = amountAt(range, at, *place, wanted);
@@ -111,7 +114,7 @@ std::vector<FoundAmount> findByMeaning(const std::vector<RowRange>& ranges, cons
             for (std::size_t at = range.first; at < range.end; ++at) {
                 const Row& row = range.page->rows[at];
                 const auto place = findMeaning(row, meaning, isRecognised);
-                if (!place || !counts(row, *place, wanted, isRecognised, pass.where)) {
+                if (!place || !counts(range, at, *place, wanted, pass.where)) {
                     continue;
                 }
                 auto amount = amountAt(range, at, *place, wanted);

@@ -104,6 +104,28 @@ std::size_t columnOf(const std::vector<LabelPlace>& columns, const RowAmount& am
                                     - columns.begin());
 }
 
+/// The right edges of the columns that amounts of the next rows stand in, from left to right.
+std::vector<double> columnsBelow(const RowRange& range, std::size_t at) {
+    std::vector<double> edges;
+    std::vector<double> shared;
+    for (std::size_t below = at + 1; below < std::min(range.end, at + 10); ++below) {
+        for (const RowAmount& amount : range.page->rows[below].amounts) {
+            const auto isNear = [&](double edge) {
+                return std::abs(edge - amount.place.right) <= alignment(*range.page);
+            };
+            if (!amount.amount.isFirm() || range.page->number == 0) {
+                continue;
+            }
+            if (std::ranges::any_of(edges, isNear) && std::ranges::none_of(shared, isNear)) {
+                shared.push_back(amount.place.right);
+            }
+            edges.push_back(amount.place.right);
+        }
+    }
+    std::ranges::sort(shared);
+    return shared;
+}
+
 /// The columns of a row that heads a table, with the one a label stands in.
 struct Heading {
     std::vector<LabelPlace> columns;
@@ -118,7 +140,7 @@ std::optional<Heading> headingAt(const RowRange& range, std::size_t at,
     if (!place || range.page->number == 0 || hasAmounts) {
         return std::nullopt;
     }
-    Heading heading{cellsOf(row)};
+    Heading heading{headingCells(range, at)};
     while (heading.wanted < heading.columns.size()
            && heading.columns[heading.wanted].last < place->first) {
         ++heading.wanted;
@@ -139,12 +161,14 @@ std::optional<int> yearOf(const Row& row) {
     return first ? yearFrom(*first) : std::nullopt;
 }
 
-/// The amount of a column: that of the newest year, of the total, or the only one there is.
+/// The amount of a column: that of the newest year, of the total, the sum of the others, or the
+/// only one there is.
 std::optional<FoundAmount> amountUnder(const RowRange& range, std::size_t at,
                                        const LabelPlace& label) {
     const Labels& totals = wordsFor(Concept::total);
     const auto heading = headingAt(range, at, label);
     std::optional<FoundAmount> found;
+    std::optional<FoundAmount> proven;
     bool isOnly = true;
     std::optional<int> newest; // while each row begins with a year
     for (std::size_t below = at + 1; heading && below < std::min(range.end, at + 30); ++below) {
@@ -174,9 +198,10 @@ std::optional<FoundAmount> amountUnder(const RowRange& range, std::size_t at,
             if (isAnyIn(row.folded, totals)) {
                 return found;
             }
+            proven = columnCheck(*found) ? found : proven;
         }
     }
-    return isOnly ? found : std::nullopt;
+    return isOnly ? found : proven;
 }
 
 /// Of several amounts in a row the one under a heading that says what is wanted.
@@ -316,6 +341,32 @@ bool isCandidate(const RowAmount& amount) {
     return amount.amount.isFirm()
            || (!amount.amount.isYearLike() && amount.amount.value.abs() >= 10
                && amount.amount.value.abs() < longestBare);
+}
+
+std::vector<LabelPlace> headingCells(const RowRange& range, std::size_t at) {
+    const Row& heading = range.page->rows[at];
+    const std::vector<LabelPlace> cells = cellsOf(heading);
+    const std::vector<double> edges = columnsBelow(range, at);
+    if (edges.size() < 2 || std::ranges::any_of(heading.amounts, isCandidate)) {
+        return cells;
+    }
+    const auto columnAt = [&](const RowWord& word) {
+        return std::ranges::count_if(edges, [&](double edge) {
+            return edge + alignment(*range.page) < (word.place.left + word.place.right) / 2;
+        });
+    };
+    std::vector<LabelPlace> parts;
+    for (LabelPlace cell : cells) {
+        for (std::size_t i = cell.first + 1; i <= cell.last; ++i) {
+            if (columnAt(heading.words[i]) != columnAt(heading.words[i - 1])) {
+                parts.push_back({cell.first, i - 1, cell.left, heading.words[i - 1].place.right});
+                cell.first = i;
+                cell.left = heading.words[i].place.left;
+            }
+        }
+        parts.push_back(cell);
+    }
+    return parts;
 }
 
 double alignment(const PageRows& page) { return page.isRecognised ? 6.0 : 4.0; }

@@ -14,6 +14,10 @@ bool isCandidate(const RowAmount& amount);
 /// How far, in points, the edges of amounts of one column may differ.
 double alignment(const PageRows& page);
 
+/// The cells of a row that heads a table; where headings stand too close to tell them apart, the
+/// columns of amounts below part them.
+std::vector<LabelPlace> headingCells(const RowRange& range, std::size_t at);
+
 /// Where a row says what is wanted, by one of the labels or all meanings; those words of a row that
 /// make it something else are not looked at.
 std::vector<LabelPlace> placesIn(const Row& row, const Wanted& wanted, bool isRecognised);

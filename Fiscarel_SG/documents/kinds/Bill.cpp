@@ -1,4 +1,5 @@
 #include "Fiscarel_SG/documents/kinds/AmountFinder.h"
+#include "Fiscarel_SG/documents/kinds/BillSums.h"
 #include "Fiscarel_SG/documents/kinds/BillWords.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
 #include "Fiscarel_SG/documents/kinds/PersonParts.h"
@@ -72,11 +73,12 @@ class BillMapper {
           ranges_(wholeDocument(context.document)) {}
 
     void propose() {
-        const bool isPayable = context_.bill && context_.bill->bill.amount;
+        bool isPayable = context_.bill && context_.bill->bill.amount;
         if (target_.record == Record::child && !isPayable && proposeEachChild()) {
             return;
         }
         printed_ = bestTotal();
+        isPayable = isPayable && !isReminder_; // the code demands its costs too
         if (!isPayable && (!printed_ || printed_->value() < 1)) {
             return;
         }
@@ -156,9 +158,19 @@ class BillMapper {
                 return part;
             }
         }
+        if (target_.record == Record::realEstate) {
+            if (auto total = totalWithTax(ranges_)) {
+                wanted_ = &billTotals();
+                checks_.push_back(*total->check);
+                return total->found;
+            }
+        }
+        if (auto share = target_.kind == Kind::arztrechnung ? ownShare() : std::nullopt) {
+            return share;
+        }
         for (const Digits digits : {Digits::firm, Digits::any}) {
             if (auto found = bestTotal(digits)) {
-                return found;
+                return billed(std::move(*found));
             }
         }
         isPlain_ = true;
@@ -189,6 +201,37 @@ class BillMapper {
         return all.empty() ? std::nullopt : std::optional(all.back());
     }
 
+    /// What others leave to the patient, where the bill tells their parts too.
+    std::optional<FoundAmount> ownShare() {
+        auto all = findAmounts(ranges_, ownShares(), Digits::firm);
+        std::erase_if(all, [](const FoundAmount& one) { return one.value() < 1; });
+        for (FoundAmount& one : all) {
+            auto check = remainderCheck(one);
+            check = check ? std::move(check) : columnCheck(one);
+            if (check) {
+                wanted_ = &ownShares();
+                checks_.push_back(std::move(*check));
+                return std::move(one);
+            }
+        }
+        wanted_ = &ownShares();
+        return all.empty() ? std::nullopt : std::optional(std::move(all.back()));
+    }
+
+    /// A total without what a reminder costs.
+    FoundAmount billed(FoundAmount total) {
+        auto bare = withoutReminder(total);
+        if (!bare) {
+            return total;
+        }
+        isReminder_ = true;
+        isShared_ |= !bare->check.has_value();
+        if (bare->check) {
+            checks_.push_back(std::move(*bare->check));
+        }
+        return std::move(bare->found);
+    }
+
     /// The sum below, where what was found are its parts; of donations, which lists call by many
     /// names, also where all are parts that are no fees of a member.
     FoundAmount wholeOf(const std::vector<FoundAmount>& all) const {
@@ -201,35 +244,6 @@ class BillMapper {
             whole
             && (whole->value() == sum || (target_.kind == Kind::spende && !hasMembersFees(*whole)));
         return isWhole ? std::move(*whole) : all.back();
-    }
-
-    /// The total that what is still open comes from, where what was paid before stands between.
-    static FoundAmount beforeAdvance(const FoundAmount& open) {
-        const PageRows& page = *open.page;
-        Decimal paidBefore;
-        for (std::size_t at = open.row; at-- > 0 && open.row - at < 6;) {
-            const Row& row = page.rows[at];
-            if (row.amounts.empty() || !row.amounts.back().amount.isFirm()) {
-                continue;
-            }
-            const RowAmount& amount = row.amounts.back();
-            if (namesAny(row, {paid}, page.isRecognised) || isAnyIn(row.folded, advances())) {
-                paidBefore = paidBefore + amount.amount.value.abs();
-            } else if (paidBefore >= 1 && amount.amount.value - paidBefore == open.value()) {
-                FoundAmount whole = open;
-                whole.row = at;
-                whole.amount = amount;
-                whole.label = textBetween(row, 0, amount.first == 0 ? 0 : amount.first - 1);
-                return whole;
-            }
-        }
-        return open;
-    }
-
-    static const Labels& advances() {
-        static const Labels words{"Anzahlung*", "Akonto*", "Vorauszahlung*", "acompte*",
-                                  "avance*",    "acconto", "anticipo"};
-        return words;
     }
 
     static bool hasMembersFees(const FoundAmount& total) {
@@ -322,17 +336,21 @@ class BillMapper {
                        plainEvidence(*printed_, context_.isKindClear));
             return;
         }
-        auto checks = totalChecks(ranges_, *printed_);
+        auto checks = checks_.empty() ? totalChecks(ranges_, *printed_) : checks_;
         if (auto repeat = repeatCheck(ranges_, *wanted_, *printed_)) {
             checks.push_back(std::move(*repeat));
         }
+        const bool isProven = !checks.empty();
         if (target_.kind == Kind::kinderbetreuung && !isDeductible_ && hasMeals(*printed_)) {
             checks.push_back(
                 {"Im Betrag sind Mahlzeiten enthalten, die nicht abziehbar sind", false});
         }
-        draft_.add(
-            record_, target_.amount, printed_->value(),
-            evidenceOf(*printed_, *wanted_, context_.isKindClear && !isShared_, std::move(checks)));
+        Evidence evidence =
+            evidenceOf(*printed_, *wanted_, context_.isKindClear && !isShared_, std::move(checks));
+        if (isReminder_ && !isProven) {
+            evidence.confidence = Confidence::low;
+        }
+        draft_.add(record_, target_.amount, printed_->value(), std::move(evidence));
     }
 
     void proposeWords(const std::string& payee, bool isPayable) {
@@ -368,7 +386,9 @@ class BillMapper {
     const Wanted* wanted_ = nullptr;
     bool isShared_ = false; ///< others bear a part that is not taken off
     bool isDeductible_ = false;
-    bool isPlain_ = false; ///< found without any label
+    std::vector<ProposalCheck> checks_; ///< that hold for what was printed
+    bool isReminder_ = false;           ///< costs of a reminder were taken off
+    bool isPlain_ = false;  ///< found without any label
     int record_ = 0;
 };
 

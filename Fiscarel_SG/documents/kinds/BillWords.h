@@ -9,6 +9,8 @@ namespace fiscarel {
 const Wanted& billTotals();
 /// The part of a total that a paper calls deductible.
 const Wanted& deductibleParts();
+/// What a patient bears, the insurer and the state having paid their parts.
+const Wanted& ownShares();
 /// What only papers of a kind say of their amount, the surest first.
 const Wanted& ownBillTotals(StoredDocument::Kind kind);
 /// Words that may head a total and other amounts as well.

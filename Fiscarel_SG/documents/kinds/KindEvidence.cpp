@@ -144,14 +144,7 @@ const Labels& provision() {
     return words;
 }
 
-/// Insurances of things and liabilities, which have sums and premiums too.
-const Labels& ofThings() {
-    static const Labels words{"Hausrat*",          "*haftpflicht*",      "Motorfahrzeug*",
-                              "Rechtsschutz*",     "Reiseversicherung*", "Gebäudeversicherung*",
-                              "Autoversicherung*", "assurance ménage",   "responsabilité civile",
-                              "assurance auto*",   "mobilia domestica",  "responsabilità civile"};
-    return words;
-}
+/// Without any of these a policy is one of things or liabilities, which have sums and premiums too.
 const Labels& ofLives() {
     static const Labels words{"*leben*", "*todesfall*", "*rückkauf*", "vie",     "décès",
                               "rachat",  "vita",        "decesso",    "riscatto"};
@@ -197,26 +190,76 @@ bool hasNoAmount(const Row& row) {
                                 [](const RowAmount& amount) { return amount.amount.isFirm(); });
 }
 
+/// Who works on buildings, and on what.
+const Labels& trades() {
+    static const Labels words{
+        "Sanitär*",      "*malergeschäft*", "Malerarbeiten",  "Malerei",      "Maler",
+        "Dachdecker*",   "Bedachung*",      "*spengler*",     "Zimmerei",     "Holzbau",
+        "Reparatur*",    "Heizung*",        "*schreinerei*",  "Schreiner",    "Elektroinstall*",
+        "Elektriker*",   "Sanierung*",      "Gartenbau",      "Bodenbeläge",  "Bodenleger*",
+        "Parkett*",      "Fensterbau",      "Glaserei",       "Metallbau",    "Schlosserei",
+        "Haustechnik",   "Gipser*",         "Plattenleger*",  "Storen*",      "Rollladen*",
+        "Kaminfeger*",   "Maurer*",         "Baugeschäft",    "Renovation*",  "Instandstellung*",
+        "Instandhalt*",  "Unterhaltsarbeiten", "Fassadenbau", "Peinture",     "Plâtrerie",
+        "Toiture*",      "Couverture",      "Couvreur",       "Ferblanterie", "Ferblantier",
+        "Menuiserie",    "Menuisier",       "Charpente*",     "Maçonnerie",   "Carrelage*",
+        "Serrurerie",    "Vitrerie",        "Ramonage",       "Électricité",  "Électricien*",
+        "Rénovation*",   "Réparation*",     "Chauffage*",     "Sanitaire*",   "Plomberie",
+        "Falegnameria",  "Pittura",         "Pittore",        "Gessatore",    "Manutenzion*",
+        "Elettricista",  "Impianti",        "Idraulic*",      "Lattoneria",   "Lattoniere",
+        "Copritetto",    "Carpenteria",     "Muratore",       "Piastrellist*", "Serramenti",
+        "Spazzacamino",  "Riparazion*",     "Riscaldament*",  "Spenglerei"};
+    return words;
+}
+
+/// What is repaired too, and is no building.
+const Labels& vehicles() {
+    static const Labels words{"*fahrzeug*", "*garage AG", "Autogarage", "Kontrollschild",
+                              "Pneu*",      "Velo*",      "km-Stand",   "Kilometerstand",
+                              "véhicule*",  "pneus",      "immatriculation", "carrozzeria",
+                              "Karosserie*", "carrosserie", "veicolo",  "autoveicol*"};
+    return words;
+}
+
+/// Whether a bill counts hours of work and, apart from them, what was used for it.
+bool hasWorkAndMaterial(const DocumentRows& document) {
+    static const Labels work{"Arbeit*",   "Arbeiten",  "Std",     "Stunden",  "Monteur*",
+                             "Vorarbeit*", "Regie*",   "Lernende*", "ouvrier*", "apprenti*",
+                             "main-d'œuvre", "main d'oeuvre", "heures", "operai*", "apprendist*",
+                             "manodopera", "ore"};
+    static const Labels material{"*material*", "matériel*", "matériaux", "fourniture*",
+                                 "material*",  "forniture"};
+    const auto isCharged = [&](const Labels& words) {
+        return std::ranges::any_of(document.pages, [&](const PageRows& page) {
+            return std::ranges::any_of(page.rows, [&](const Row& row) {
+                return !hasNoAmount(row) && isAnyIn(row.folded, words);
+            });
+        });
+    };
+    return isCharged(work) && isCharged(material);
+}
+
 /// A short line at the top that names pillar 3a: such accounts and policies are a bank's or an
 /// insurer's, whose own words would outweigh it.
 bool hasPillarTitle(const DocumentRows& document) {
     static const Labels names{"3a",
+                              "3a-*",
                               "Säule 3a",
                               "Pilier 3a",
                               "Pilastro 3a",
-                              "Vorsorgekonto 3a",
-                              "Vorsorge 3a",
-                              "Prévoyance 3a",
-                              "Previdenza 3a",
-                              "Vorsorgepolice 3a",
-                              "3a-Konto",
-                              "Konto 3a",
-                              "Vorsorgedepot 3a",
-                              "gebundene Vorsorge",
-                              "gebundenen Vorsorge",
+                              "gebundene Vorsorge*",
+                              "gebundenen Vorsorge*",
+                              "gebundener Vorsorge*",
                               "gebundene Selbstvorsorge",
+                              "gebundenen Selbstvorsorge",
+                              "*Vorsorgeportfolio*",
+                              "*Vorsorgedepot*",
+                              "*Vorsorgekonto*",
+                              "*Vorsorgepolice*",
                               "prévoyance liée",
-                              "previdenza vincolata"};
+                              "police de prévoyance",
+                              "previdenza vincolata",
+                              "polizza di previdenza"};
     return std::ranges::any_of(document.pages, [&](const PageRows& page) {
         return std::ranges::any_of(page.rows, [&](const Row& row) {
             return row.middle() < page.height * 0.45 && row.words.size() <= 8 && hasNoAmount(row)
@@ -245,7 +288,7 @@ KindVerdict weighKind(const DocumentRows& document, bool isWageProven) {
     if (!isAnyIn(document.folded, provision())) { // one buys in shops as well
         scores[Kind::pensionskasse] = 0;
     }
-    if (isAnyIn(title, ofThings()) && !isAnyIn(document.folded, ofLives())) {
+    if (!isAnyIn(document.folded, ofLives())) {
         scores[Kind::versicherung] = 0;
     }
     if (isPensionPaper(document) && isOfPensionFund(title)) {
@@ -317,27 +360,18 @@ bool isPensionPaper(const DocumentRows& document) {
 }
 
 bool isRepairBill(const DocumentRows& document) {
-    static const Labels trades{"Sanitär*",      "Malergeschäft",
-                               "Malerarbeiten", "Dachdecker*",
-                               "Reparatur*",    "Heizungs*",
-                               "Schreinerei",   "Elektroinstallation*",
-                               "Sanierung*",    "Gartenbau",
-                               "Bedachung*",    "Zimmerei",
-                               "Bodenbeläge",   "Fensterbau",
-                               "Haustechnik",   "Gipser*",
-                               "Plattenleger*", "Storen*",
-                               "Kaminfeger*",   "Maurer*",
-                               "Renovation*",   "Unterhaltsarbeiten",
-                               "Peinture",      "Toiture",
-                               "Menuiserie",    "Électricité",
-                               "Rénovation*",   "Falegnameria",
-                               "Pittura",       "Manutenzion*",
-                               "Elettricista",  "Impianti",
-                               "Réparation*",   "Chauffage*",
-                               "Sanitaire*",    "Riparazion*",
-                               "Riscaldament*", "Spenglerei"};
-    static const Labels bills{"Rechnung", "Facture", "Fattura"};
-    return isAnyIn(document.folded, trades) && isAnyIn(document.folded, bills);
+    static const Labels bills{"*schlussrechnung*", "*regierechnung*",  "Rechnung*", "*teilrechnung*",
+                              "*akontorechnung*",  "Handwerkerrechnung", "Faktura",   "Facture*",
+                              "Fattura*",          "Note de travaux"};
+    if (!isAnyIn(document.folded, bills) || isAnyIn(document.folded, vehicles())) {
+        return false;
+    }
+    static const Labels building{"Objekt",    "*liegenschaft*", "*gebäude*", "*wohnung*",
+                                 "*haus",     "Fassade*",       "immeuble*", "bâtiment*",
+                                 "villa",     "appartement*",   "chantier*", "stabile",
+                                 "edificio",  "appartamento",   "cantiere",  "Baustelle*"};
+    return isAnyIn(document.folded, trades())
+           || (isAnyIn(document.folded, building) && hasWorkAndMaterial(document));
 }
 
 } // namespace fiscarel

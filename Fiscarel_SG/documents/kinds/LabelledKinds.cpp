@@ -4,6 +4,7 @@
 #include "Fiscarel_SG/documents/kinds/PersonParts.h"
 #include "Fiscarel_SG/documents/kinds/PlainAmount.h"
 #include "Fiscarel_SG/documents/kinds/Property.h"
+#include "Fiscarel_SG/documents/kinds/Prose.h"
 #include "Fiscarel_SG/documents/kinds/RecordsByKind.h"
 
 #include <algorithm>
@@ -52,6 +53,7 @@ void proposeYear(const KindContext& context, const LabelledField& wanted, Record
 struct Chosen {
     FoundAmount found;
     bool isDisputed = false;
+    std::optional<ProposalCheck> check = std::nullopt; ///< that proves it
 };
 
 std::optional<Chosen> chooseFound(std::vector<FoundAmount> found, int below) {
@@ -71,6 +73,37 @@ std::optional<Chosen> chooseFound(std::vector<FoundAmount> found, int below) {
     return Chosen{std::move(found.back()), isDisputed};
 }
 
+/// Several accounts or payments with the same words: what they come to, where it is printed.
+std::optional<Chosen> wholeOfParts(const DocumentRows& document,
+                                   const std::vector<FoundAmount>& found) {
+    Decimal sum;
+    for (const FoundAmount& one : found) {
+        sum = sum + one.value();
+        if (one.label != found.front().label) {
+            return std::nullopt;
+        }
+    }
+    const auto place = found.size() < 2 ? std::nullopt : findPrinted(document, sum);
+    if (!place) {
+        return std::nullopt;
+    }
+    FoundAmount whole = found.front();
+    whole.page = place->page;
+    whole.amount = *place->amount;
+    whole.isAlone = true;
+    whole.isBelow = false;
+    const auto isWithin = [&](const Row& row) {
+        return std::ranges::any_of(
+            row.amounts, [&](const RowAmount& amount) { return &amount == place->amount; });
+    };
+    const auto& rows = place->page->rows;
+    whole.row = static_cast<std::size_t>(std::ranges::find_if(rows, isWithin) - rows.begin());
+    return Chosen{std::move(whole), false,
+                  ProposalCheck{"Die " + std::to_string(found.size())
+                                    + " einzelnen Beträge ergeben zusammen " + shown(sum),
+                                true}};
+}
+
 /// A paper for several people, as spouses get for their pillar 3a: a record for each.
 bool proposePeople(const KindContext& context, const LabelledField& row, ProposalDraft& draft) {
     const std::string_view field = row.field;
@@ -79,7 +112,11 @@ bool proposePeople(const KindContext& context, const LabelledField& row, Proposa
     if (!isMain) {
         return false;
     }
+    const auto ranges = wholeDocument(context.document);
     auto parts = findPersonAmounts(context.document, row.wanted);
+    if (parts.empty()) {
+        parts = findPeopleInProse(ranges, jointNames(ranges), row.wanted);
+    }
     std::erase_if(parts, [&](const PersonAmount& one) { return one.found.value() >= row.below; });
     for (const PersonAmount& part : parts) {
         ProposedRecord record =
@@ -99,7 +136,11 @@ void proposeField(const KindContext& context, const LabelledField& row, RecordsB
     if (records.has(row.record, row.field) || proposePeople(context, row, draft)) {
         return;
     }
-    auto chosen = chooseFound(findAmounts(wholeDocument(context.document), row.wanted), row.below);
+    const auto ranges = wholeDocument(context.document);
+    auto all = findAmounts(ranges, row.wanted);
+    const bool isPillar = row.field == std::string_view("pillar3a");
+    auto chosen = isPillar ? wholeOfParts(context.document, all) : std::nullopt;
+    chosen = chosen ? std::move(chosen) : chooseFound(std::move(all), row.below);
     if (!chosen) {
         return;
     }
@@ -108,9 +149,15 @@ void proposeField(const KindContext& context, const LabelledField& row, RecordsB
             chosen = Chosen{std::move(*total), false};
         }
     }
+    auto checks = chosen->check ? std::vector{*chosen->check}
+                                : witnessChecks(ranges, row.wanted, chosen->found);
     Evidence evidence =
         evidenceOf(chosen->found, row.wanted, context.isKindClear && !chosen->isDisputed,
-                   witnessChecks(wholeDocument(context.document), row.wanted, chosen->found));
+                   std::move(checks));
+    if (isPillar && !jointNames(ranges).empty()) { // each deducts their own
+        evidence.confidence = Confidence::low;
+        evidence.reason += " Das Dokument nennt zwei Personen.";
+    }
     if (chosen->isDisputed) {
         evidence.confidence = Confidence::low;
         evidence.reason += " An anderen Stellen steht ein anderer Betrag.";

@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/Prose.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace fiscarel {
 
@@ -138,15 +139,83 @@ std::vector<Row> ownWords(const Sentence& sentence, std::size_t which) {
     return words;
 }
 
+/// The amount of a sentence that is as many times another as a number of it says.
+std::optional<std::size_t> productOf(const Sentence& sentence, std::size_t price) {
+    const Decimal& one = sentence.amounts[price].value();
+    for (const RowWord& word : sentence.row.words) {
+        const bool isCount = !word.text.empty() && word.text.size() <= 3
+                             && word.text.find_first_not_of("0123456789") == std::string::npos;
+        const Decimal count = isCount ? Decimal(std::stoi(word.text)) : Decimal(0);
+        for (std::size_t i = 0; count >= 2 && i < sentence.amounts.size(); ++i) {
+            if (sentence.amounts[i].value() == one * count) {
+                return i;
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+bool isJoin(const RowWord& word) {
+    return word.folded == "und" || word.folded == "et" || word.folded == "e" || word.text == "&";
+}
+
+/// A first name and a family name from a word on, folded; empty for other words.
+std::string nameFrom(const Row& row, std::size_t at) {
+    const auto isName = [](const RowWord& word) {
+        return word.text.size() > 1 && (word.text[0] < 'a' || word.text[0] > 'z')
+               && word.text.find_first_of("0123456789/.:|·") == std::string::npos
+               && !word.folded.empty();
+    };
+    const bool isWhole = at + 1 < row.words.size() && isName(row.words[at])
+                         && isName(row.words[at + 1]);
+    return isWhole ? row.words[at].folded + ' ' + row.words[at + 1].folded : std::string();
+}
+
+/// A person's name as a row prints it; empty when it does not name them.
+std::string printedName(const Row& row, const std::string& folded) {
+    for (std::size_t i = 0; i + 1 < row.words.size(); ++i) {
+        if (row.words[i].folded + ' ' + row.words[i + 1].folded == folded) {
+            std::string name = row.words[i].text + ' ' + row.words[i + 1].text;
+            return name.ends_with(',') ? name.substr(0, name.size() - 1) : name;
+        }
+    }
+    return {};
+}
+
+std::vector<Sentence> sentencesOf(const std::vector<RowRange>& ranges) {
+    std::vector<Sentence> all;
+    for (const RowRange& range : ranges) {
+        const Sentences found(range);
+        all.insert(all.end(), found.all().begin(), found.all().end());
+    }
+    return all;
+}
+
+/// The people of a sentence with the amount each is named before.
+std::vector<PersonAmount> peopleIn(const Sentence& sentence,
+                                   const std::vector<std::string>& people) {
+    std::vector<PersonAmount> found;
+    for (std::size_t i = 0; i < sentence.amounts.size(); ++i) {
+        const Row own = ownWords(sentence, i).front();
+        for (const std::string& person : people) {
+            const std::string name = printedName(own, person);
+            const bool isNew = std::ranges::none_of(
+                found, [&](const PersonAmount& one) { return one.name == name; });
+            if (!name.empty() && isNew) {
+                found.push_back({name, sentence.amounts[i]});
+                found.back().found.label = name;
+                break;
+            }
+        }
+    }
+    return found;
+}
+
 /// Finds amounts of sentences by what is said of them.
 class ProseSearch {
   public:
-    ProseSearch(const std::vector<RowRange>& ranges, const Wanted& wanted) : wanted_(wanted) {
-        for (const RowRange& range : ranges) {
-            const Sentences found(range);
-            sentences_.insert(sentences_.end(), found.all().begin(), found.all().end());
-        }
-    }
+    ProseSearch(const std::vector<RowRange>& ranges, const Wanted& wanted)
+        : wanted_(wanted), sentences_(sentencesOf(ranges)) {}
 
     std::vector<FoundAmount> run() const {
         for (const Label& label : wanted_.labels) {
@@ -183,7 +252,7 @@ class ProseSearch {
                 for (const Row& own : ownWords(sentence, i)) {
                     const auto place = find(sentence, own, isRecognised);
                     if (place && !findLabel(own, wanted_.without, isRecognised)) {
-                        found.push_back(sentence.amounts[i]);
+                        found.push_back(sentence.amounts[productOf(sentence, i).value_or(i)]);
                         found.back().label = textBetween(own, place->first, place->last);
                         break;
                     }
@@ -201,6 +270,39 @@ class ProseSearch {
 
 std::vector<FoundAmount> findInProse(const std::vector<RowRange>& ranges, const Wanted& wanted) {
     return ProseSearch(ranges, wanted).run();
+}
+
+std::vector<std::string> jointNames(const std::vector<RowRange>& ranges) {
+    for (const RowRange& range : ranges) {
+        for (std::size_t at = range.first; at < range.end; ++at) {
+            const Row& row = range.page->rows[at];
+            for (std::size_t i = 2; i < row.words.size(); ++i) {
+                const std::string one = isJoin(row.words[i]) ? nameFrom(row, i - 2) : "";
+                const std::string other = one.empty() ? "" : nameFrom(row, i + 1);
+                if (!other.empty() && one != other) {
+                    return {one, other};
+                }
+            }
+        }
+    }
+    return {};
+}
+
+std::vector<PersonAmount> findPeopleInProse(const std::vector<RowRange>& ranges,
+                                            const std::vector<std::string>& people,
+                                            const Wanted& wanted) {
+    for (const Sentence& sentence : sentencesOf(ranges)) {
+        const bool isRecognised = !sentence.amounts.empty()
+                                  && sentence.amounts.front().page->isRecognised;
+        const bool isMeant = std::ranges::any_of(wanted.meanings, [&](const Meaning& meaning) {
+            return findMeaning(sentence.row, meaning, isRecognised).has_value();
+        });
+        auto found = isMeant ? peopleIn(sentence, people) : std::vector<PersonAmount>();
+        if (found.size() >= 2 && found.size() == people.size()) {
+            return found;
+        }
+    }
+    return {};
 }
 
 } // namespace fiscarel

@@ -5,7 +5,7 @@ namespace fiscarel {
 std::vector<ConceptWords> moneyWords() {
     using enum Concept;
     return {
-        {paid, {"einbezahlt*",  "eingezahlt*",  "bezahlt*",    "gezahlt*",        "ausbezahlt*",
+        {paid, {"einbezahlt*",  "eingezahlt*",  "eingelegt*",  "bezahlt*",    "gezahlt*",        "ausbezahlt*",
                 "überwiesen*",  "geleistet*",   "entrichtet*", "gutgeschrieben*", "erhalten*",
                 "eingegangen*", "vereinnahmt*", "beglichen*",  "Erhalt",          "Eingang",
                 "Zahlung",      "Zahlungen",    "Bezahlung",   "Auszahlung*",     "*bezug",

@@ -1,0 +1,176 @@
+#include "Fiscarel_SG/documents/kinds/BillSums.h"
+
+#include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace fiscarel {
+
+namespace {
+
+const RowAmount* lastFirm(const Row& row) {
+    const bool isFirm = !row.amounts.empty() && row.amounts.back().amount.isFirm();
+    return isFirm ? &row.amounts.back() : nullptr;
+}
+
+FoundAmount foundIn(const PageRows& page, std::size_t at, const RowAmount& amount) {
+    return {.page = &page,
+            .row = at,
+            .amount = amount,
+            .label = textBetween(page.rows[at], 0, amount.first == 0 ? 0 : amount.first - 1)};
+}
+
+bool isAligned(const FoundAmount& one, const RowAmount& other) {
+    return std::abs(one.amount.place.right - other.place.right) <= alignment(*one.page);
+}
+
+bool namesTax(const Row& row) {
+    static const Labels words{"MWST*", "MwSt*", "Mehrwertsteuer*", "TVA", "IVA"};
+    return isAnyIn(row.folded, words);
+}
+
+/// Rows of tax from a row on, one for each rate: their sum, and where they end.
+struct TaxRows {
+    Decimal sum;
+    std::size_t end = 0;
+};
+TaxRows taxRowsFrom(const PageRows& page, std::size_t at) {
+    TaxRows tax{.end = at};
+    for (; tax.end < page.rows.size() && tax.end < at + 4; ++tax.end) {
+        const RowAmount* amount = lastFirm(page.rows[tax.end]);
+        if (amount == nullptr || !namesTax(page.rows[tax.end])) {
+            break;
+        }
+        tax.sum = tax.sum + amount->amount.value;
+    }
+    return tax;
+}
+
+std::optional<SummedAmount> totalAround(const PageRows& page, std::size_t at) {
+    constexpr std::size_t nearby = 4;
+    const TaxRows tax = taxRowsFrom(page, at);
+    for (std::size_t below = tax.end; below < std::min(page.rows.size(), tax.end + nearby);
+         ++below) {
+        const RowAmount* total = lastFirm(page.rows[below]);
+        for (std::size_t above = at; total != nullptr && above-- > 0 && at - above <= nearby;) {
+            const RowAmount* net = lastFirm(page.rows[above]);
+            if (net == nullptr || net->amount.value <= tax.sum * 8) { // rates go up to 8.1 per cent
+                continue;
+            }
+            const Decimal sum = net->amount.value + tax.sum;
+            if ((sum - total->amount.value).abs() <= Decimal(5) / 100) {
+                return SummedAmount{foundIn(page, below, *total),
+                                    ProposalCheck{"Netto + MWST: " + shown(net->amount.value)
+                                                      + " + " + shown(tax.sum) + " = " + shown(sum),
+                                                  true}};
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+bool isAdvance(const Row& row, bool isRecognised) {
+    static const Labels words{"Anzahlung*",    "Akonto*",   "*akontozahlung*", "Teilzahlung*",
+                              "Vorauszahlung*", "acompte*", "avance*",         "acconto",
+                              "anticipo"};
+    return namesAny(row, {Concept::paid}, isRecognised) || isAnyIn(row.folded, words);
+}
+
+/// Costs of having been reminded, and interest for being late.
+bool isOfReminder(const Row& row) {
+    static const Labels words{"*mahngebühr*",     "Mahnspesen",          "Mahnkosten",
+                              "Mahnung*",         "Verzugszins*",        "Umtriebs*",
+                              "Inkassospesen",    "Inkassogebühr*",      "Betreibungskosten",
+                              "Verzugsschaden",   "frais de rappel",     "frais de sommation",
+                              "frais de relance", "intérêts moratoires", "intérêt moratoire", "intérêts de retard",
+                              "frais de recouvrement", "spese di richiamo", "spese di sollecito",
+                              "tassa di sollecito", "tassa di richiamo", "interessi di mora",
+                              "interesse di mora", "spese di diffida"};
+    return isAnyIn(row.folded, words);
+}
+
+} // namespace
+
+std::optional<SummedAmount> totalWithTax(const std::vector<RowRange>& ranges) {
+    for (const RowRange& range : ranges) {
+        for (std::size_t at = range.first; at < range.end; ++at) {
+            const Row& row = range.page->rows[at];
+            if (lastFirm(row) == nullptr || !namesTax(row)) {
+                continue;
+            }
+            if (auto total = totalAround(*range.page, at)) {
+                return total;
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+FoundAmount beforeAdvance(const FoundAmount& open) {
+    const PageRows& page = *open.page;
+    Decimal paidBefore;
+    for (std::size_t at = open.row; at-- > 0 && open.row - at < 6;) {
+        const RowAmount* amount = lastFirm(page.rows[at]);
+        if (amount == nullptr) {
+            continue;
+        }
+        if (isAdvance(page.rows[at], page.isRecognised)) {
+            paidBefore = paidBefore + amount->amount.value.abs();
+        } else if (paidBefore >= 1 && amount->amount.value - paidBefore == open.value()) {
+            return foundIn(page, at, *amount);
+        }
+    }
+    return open;
+}
+
+std::optional<SummedAmount> withoutReminder(const FoundAmount& total) {
+    const PageRows& page = *total.page;
+    constexpr std::size_t nearby = 12;
+    const std::size_t first = total.row - std::min(total.row, nearby);
+    Decimal rest = total.value();
+    for (std::size_t at = first; at < total.row; ++at) {
+        const RowAmount* amount = lastFirm(page.rows[at]);
+        if (amount != nullptr && isOfReminder(page.rows[at]) && isAligned(total, *amount)) {
+            rest = rest - amount->amount.value;
+        }
+    }
+    if (rest == total.value() || rest < 1) {
+        return std::nullopt;
+    }
+    for (std::size_t at = first; at < total.row; ++at) {
+        const RowAmount* amount = lastFirm(page.rows[at]);
+        if (amount != nullptr && amount->amount.value == rest) {
+            return SummedAmount{foundIn(page, at, *amount),
+                                ProposalCheck{"Ohne Mahnspesen und Zins bleiben von "
+                                                  + shown(total.value()) + " noch " + shown(rest),
+                                              true}};
+        }
+    }
+    SummedAmount several{total, std::nullopt};
+    several.found.amount.amount.value = rest;
+    return several;
+}
+
+std::optional<ProposalCheck> remainderCheck(const FoundAmount& rest) {
+    Decimal sum = rest.value();
+    int count = 0;
+    for (std::size_t at = rest.row; at-- > 0 && rest.row - at < 12;) {
+        const RowAmount* amount = lastFirm(rest.page->rows[at]);
+        if (amount == nullptr || !isAligned(rest, *amount)) {
+            continue;
+        }
+        const Decimal value = amount->amount.value;
+        if (count > 0 && value == sum) {
+            return ProposalCheck{"Der Rest von " + shown(value) + " nach den Abzügen ist "
+                                     + shown(rest.value()),
+                                 true};
+        }
+        sum = sum + value.abs();
+        ++count;
+    }
+    return std::nullopt;
+}
+
+} // namespace fiscarel
