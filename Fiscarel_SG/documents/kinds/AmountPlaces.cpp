@@ -318,6 +318,20 @@ const RowAmount* amountOfYear(const Row& row) {
     return nullptr;
 }
 
+/// Of several amounts of a row what a number of times another comes to.
+const RowAmount* productAmong(const Row& row, const std::vector<const RowAmount*>& amounts) {
+    std::vector<Decimal> values;
+    for (const RowAmount* amount : amounts) {
+        values.push_back(amount->amount.value);
+    }
+    for (const Decimal& price : values) {
+        if (const auto product = productOf(row, values, price); product && price >= 1) {
+            return amounts[*product];
+        }
+    }
+    return nullptr;
+}
+
 /// Whether a row speaks of the first day of a year and not of its last.
 bool isOfYearsBeginning(const Row& row) {
     const auto text = [&](std::size_t at) -> std::string_view {
@@ -371,6 +385,20 @@ std::vector<LabelPlace> headingCells(const RowRange& range, std::size_t at) {
 
 double alignment(const PageRows& page) { return page.isRecognised ? 6.0 : 4.0; }
 
+std::optional<std::size_t> productOf(const Row& row, const std::vector<Decimal>& amounts,
+                                     const Decimal& price) {
+    for (const RowWord& word : row.words) {
+        const bool isCount = !word.text.empty() && word.text.size() <= 3
+                             && word.text.find_first_not_of("0123456789") == std::string::npos;
+        const Decimal count = isCount ? Decimal(std::stoi(word.text)) : Decimal(0);
+        const auto product = std::ranges::find(amounts, price * count);
+        if (count >= 2 && product != amounts.end()) {
+            return static_cast<std::size_t>(product - amounts.begin());
+        }
+    }
+    return std::nullopt;
+}
+
 std::vector<LabelPlace> placesIn(const Row& row, const Wanted& wanted, bool isRecognised) {
     std::vector<LabelPlace> places;
     for (const Label& label : wanted.labels) {
@@ -415,6 +443,7 @@ std::optional<FoundAmount> amountFor(const RowRange& range, std::size_t at, cons
         const RowAmount* headed =
             right.size() > 1 ? amountByHeading(range, at, wanted, right) : nullptr;
         headed = headed == nullptr && right.size() > 1 ? amountByPeriod(range, at, right) : headed;
+        headed = headed == nullptr && right.size() > 1 ? productAmong(row, right) : headed;
         headed = headed == nullptr && right.size() > 1 ? amountInCell(row, label, right) : headed;
         found.amount = headed != nullptr ? *headed : choose(right, *range.page);
         found.isAlone = right.size() == 1 || headed != nullptr;

@@ -31,39 +31,24 @@ bool namesTax(const Row& row) {
     return isAnyIn(row.folded, words);
 }
 
-/// Rows of tax from a row on, one for each rate: their sum, and where they end.
-struct TaxRows {
-    Decimal sum;
-    std::size_t end = 0;
-};
-TaxRows taxRowsFrom(const PageRows& page, std::size_t at) {
-    TaxRows tax{.end = at};
-    for (; tax.end < page.rows.size() && tax.end < at + 4; ++tax.end) {
-        const RowAmount* amount = lastFirm(page.rows[tax.end]);
-        if (amount == nullptr || !namesTax(page.rows[tax.end])) {
-            break;
-        }
-        tax.sum = tax.sum + amount->amount.value;
-    }
-    return tax;
-}
+constexpr std::size_t nearby = 4; ///< rows from the tax to the net amount, and to the total
 
-std::optional<SummedAmount> totalAround(const PageRows& page, std::size_t at) {
-    constexpr std::size_t nearby = 4;
-    const TaxRows tax = taxRowsFrom(page, at);
-    for (std::size_t below = tax.end; below < std::min(page.rows.size(), tax.end + nearby);
-         ++below) {
+/// The total below some rows of tax that a net amount above them leads to.
+std::optional<SummedAmount> totalAround(const PageRows& page, std::size_t first, std::size_t end,
+                                        const Decimal& tax) {
+    for (std::size_t below = end; below < std::min(page.rows.size(), end + nearby); ++below) {
         const RowAmount* total = lastFirm(page.rows[below]);
-        for (std::size_t above = at; total != nullptr && above-- > 0 && at - above <= nearby;) {
+        for (std::size_t above = first;
+             total != nullptr && above-- > 0 && first - above <= nearby;) {
             const RowAmount* net = lastFirm(page.rows[above]);
-            if (net == nullptr || net->amount.value <= tax.sum * 8) { // rates go up to 8.1 per cent
+            if (net == nullptr || net->amount.value <= tax * 8) { // rates go up to 8.1 per cent
                 continue;
             }
-            const Decimal sum = net->amount.value + tax.sum;
+            const Decimal sum = net->amount.value + tax;
             if ((sum - total->amount.value).abs() <= Decimal(5) / 100) {
                 return SummedAmount{foundIn(page, below, *total),
                                     ProposalCheck{"Netto + MWST: " + shown(net->amount.value)
-                                                      + " + " + shown(tax.sum) + " = " + shown(sum),
+                                                      + " + " + shown(tax) + " = " + shown(sum),
                                                   true}};
             }
         }
@@ -71,23 +56,38 @@ std::optional<SummedAmount> totalAround(const PageRows& page, std::size_t at) {
     return std::nullopt;
 }
 
+/// The total that rows of tax from a row on lead to, one for each rate.
+std::optional<SummedAmount> totalFrom(const PageRows& page, std::size_t first) {
+    Decimal tax;
+    for (std::size_t at = first; at < std::min(page.rows.size(), first + nearby); ++at) {
+        const RowAmount* amount = lastFirm(page.rows[at]);
+        if (amount == nullptr || !namesTax(page.rows[at])) {
+            break;
+        }
+        tax = tax + amount->amount.value;
+        if (auto total = totalAround(page, first, at + 1, tax)) {
+            return total;
+        }
+    }
+    return std::nullopt;
+}
+
 bool isAdvance(const Row& row, bool isRecognised) {
-    static const Labels words{"Anzahlung*",    "Akonto*",   "*akontozahlung*", "Teilzahlung*",
-                              "Vorauszahlung*", "acompte*", "avance*",         "acconto",
-                              "anticipo"};
+    static const Labels words{"Anzahlung*",   "Akonto*",        "*akontozahlung*",
+                              "Teilzahlung*", "Vorauszahlung*", "acompte*",
+                              "avance*",      "acconto",        "anticipo"};
     return namesAny(row, {Concept::paid}, isRecognised) || isAnyIn(row.folded, words);
 }
 
 /// Costs of having been reminded, and interest for being late.
 bool isOfReminder(const Row& row) {
-    static const Labels words{"*mahngebühr*",     "Mahnspesen",          "Mahnkosten",
-                              "Mahnung*",         "Verzugszins*",        "Umtriebs*",
-                              "Inkassospesen",    "Inkassogebühr*",      "Betreibungskosten",
-                              "Verzugsschaden",   "frais de rappel",     "frais de sommation",
-                              "frais de relance", "intérêts moratoires", "intérêt moratoire", "intérêts de retard",
-                              "frais de recouvrement", "spese di richiamo", "spese di sollecito",
-                              "tassa di sollecito", "tassa di richiamo", "interessi di mora",
-                              "interesse di mora", "spese di diffida"};
+    static const Labels words{
+        "*mahngebühr*",          "Mahnspesen",          "Mahnkosten",         "Mahnung*",
+        "Verzugszins*",          "Umtriebs*",           "Inkassospesen",      "Inkassogebühr*",
+        "Betreibungskosten",     "Verzugsschaden",      "frais de rappel",    "frais de sommation",
+        "frais de relance",      "intérêts moratoires", "intérêt moratoire",  "intérêts de retard",
+        "frais de recouvrement", "spese di richiamo",   "spese di sollecito", "tassa di sollecito",
+        "tassa di richiamo",     "interessi di mora",   "interesse di mora",  "spese di diffida"};
     return isAnyIn(row.folded, words);
 }
 
@@ -96,11 +96,7 @@ bool isOfReminder(const Row& row) {
 std::optional<SummedAmount> totalWithTax(const std::vector<RowRange>& ranges) {
     for (const RowRange& range : ranges) {
         for (std::size_t at = range.first; at < range.end; ++at) {
-            const Row& row = range.page->rows[at];
-            if (lastFirm(row) == nullptr || !namesTax(row)) {
-                continue;
-            }
-            if (auto total = totalAround(*range.page, at)) {
+            if (auto total = totalFrom(*range.page, at)) {
                 return total;
             }
         }
@@ -127,8 +123,7 @@ FoundAmount beforeAdvance(const FoundAmount& open) {
 
 std::optional<SummedAmount> withoutReminder(const FoundAmount& total) {
     const PageRows& page = *total.page;
-    constexpr std::size_t nearby = 12;
-    const std::size_t first = total.row - std::min(total.row, nearby);
+    const std::size_t first = total.row - std::min<std::size_t>(total.row, 12);
     Decimal rest = total.value();
     for (std::size_t at = first; at < total.row; ++at) {
         const RowAmount* amount = lastFirm(page.rows[at]);

@@ -91,18 +91,36 @@ const Wanted& deductibleParts() {
     return wanted;
 }
 const Wanted& ownShares() {
-    static const Wanted wanted{
-        {"Zu Lasten Patient*", "Anteil Patient*", "Patientenanteil", "Ihr Anteil", "Eigenanteil",
-         "Ihr Kostenanteil", "Von Ihnen zu bezahlen", "Selbst bezahlt*", "Selbst zu bezahlen",
-         "bar bezahlt*", "selber bezahlt*", "Selbst getragen*", "à charge du patient",
-         "à la charge du patient", "à charge de la patiente", "Part du patient", "À votre charge",
-         "Votre part", "payé comptant", "payé par le client", "A carico del paziente",
-         "A carico della paziente", "A suo carico", "Quota del paziente", "Sua quota",
-         "pagato in contanti"},
-        {"exkl*", "HT"},
-        true,
-        {},
-        {Concept::other}};
+    static const Wanted wanted{{"Zu Lasten Patient*",
+                                "Anteil Patient*",
+                                "Patientenanteil",
+                                "Ihr Anteil",
+                                "Eigenanteil",
+                                "Ihr Kostenanteil",
+                                "Von Ihnen zu bezahlen",
+                                "Selbst bezahlt*",
+                                "Selbst zu bezahlen",
+                                "bar bezahlt*",
+                                "selber bezahlt*",
+                                "Selbst getragen*",
+                                "à charge du patient",
+                                "à la charge du patient",
+                                "à charge de la patiente",
+                                "Part du patient",
+                                "À votre charge",
+                                "Votre part",
+                                "payé comptant",
+                                "payé par le client",
+                                "A carico del paziente",
+                                "A carico della paziente",
+                                "A suo carico",
+                                "Quota del paziente",
+                                "Sua quota",
+                                "pagato in contanti"},
+                               {"exkl*", "HT"},
+                               true,
+                               {},
+                               {Concept::other}};
     return wanted;
 }
 const Wanted& ownBillTotals(Kind kind) {

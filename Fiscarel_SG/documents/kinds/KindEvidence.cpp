@@ -1,8 +1,10 @@
 #include "Fiscarel_SG/documents/kinds/KindEvidence.h"
 
+#include "Fiscarel_SG/documents/kinds/DocumentFacts.h"
 #include "Fiscarel_SG/documents/kinds/KindWords.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
 #include "Fiscarel_SG/documents/rows/Vocabulary.h"
+#include "Fiscarel_SG/documents/text/FoldedText.h"
 
 #include <algorithm>
 #include <array>
@@ -20,6 +22,7 @@ constexpr int clearAhead = 4;
 constexpr int pillarTitle = 16;
 constexpr int provenWage = 14;
 constexpr int fundsPension = 10;
+constexpr int fromPractice = 8;
 constexpr int decisive = 12; ///< of the words that make a document none of the kinds
 
 std::string titleWords(const DocumentRows& document) {
@@ -185,50 +188,126 @@ bool namesMoneyAtBank(const DocumentRows& document) {
     });
 }
 
+/// Whether whom a document comes from treats people: what it says of their insurance counts less.
+bool isFromPractice(const DocumentRows& document) {
+    static const Labels insurers{"*versicherung*", "*kasse",  "Assurance*",
+                                 "Assicurazion*",  "Caisse*", "Cassa"};
+    const std::string issuer = foldWords(readFacts(document).issuer.text);
+    return isAnyIn(issuer, careProviders()) && !isAnyIn(issuer, insurers);
+}
+
 bool hasNoAmount(const Row& row) {
     return std::ranges::none_of(row.amounts,
                                 [](const RowAmount& amount) { return amount.amount.isFirm(); });
 }
 
+/// Numbers of policies look like amounts, but a line goes on behind them.
+bool endsInAmount(const Row& row) {
+    return !row.amounts.empty() && row.amounts.back().amount.isFirm()
+           && row.amounts.back().last + 1 == row.words.size();
+}
+
 /// Who works on buildings, and on what.
 const Labels& trades() {
-    static const Labels words{
-        "Sanitär*",      "*malergeschäft*", "Malerarbeiten",  "Malerei",      "Maler",
-        "Dachdecker*",   "Bedachung*",      "*spengler*",     "Zimmerei",     "Holzbau",
-        "Reparatur*",    "Heizung*",        "*schreinerei*",  "Schreiner",    "Elektroinstall*",
-        "Elektriker*",   "Sanierung*",      "Gartenbau",      "Bodenbeläge",  "Bodenleger*",
-        "Parkett*",      "Fensterbau",      "Glaserei",       "Metallbau",    "Schlosserei",
-        "Haustechnik",   "Gipser*",         "Plattenleger*",  "Storen*",      "Rollladen*",
-        "Kaminfeger*",   "Maurer*",         "Baugeschäft",    "Renovation*",  "Instandstellung*",
-        "Instandhalt*",  "Unterhaltsarbeiten", "Fassadenbau", "Peinture",     "Plâtrerie",
-        "Toiture*",      "Couverture",      "Couvreur",       "Ferblanterie", "Ferblantier",
-        "Menuiserie",    "Menuisier",       "Charpente*",     "Maçonnerie",   "Carrelage*",
-        "Serrurerie",    "Vitrerie",        "Ramonage",       "Électricité",  "Électricien*",
-        "Rénovation*",   "Réparation*",     "Chauffage*",     "Sanitaire*",   "Plomberie",
-        "Falegnameria",  "Pittura",         "Pittore",        "Gessatore",    "Manutenzion*",
-        "Elettricista",  "Impianti",        "Idraulic*",      "Lattoneria",   "Lattoniere",
-        "Copritetto",    "Carpenteria",     "Muratore",       "Piastrellist*", "Serramenti",
-        "Spazzacamino",  "Riparazion*",     "Riscaldament*",  "Spenglerei"};
+    static const Labels words{"Sanitär*",
+                              "*malergeschäft*",
+                              "Malerarbeiten",
+                              "Malerei",
+                              "Maler",
+                              "Dachdecker*",
+                              "Bedachung*",
+                              "*spengler*",
+                              "Zimmerei",
+                              "Holzbau",
+                              "Reparatur*",
+                              "Heizung*",
+                              "*schreinerei*",
+                              "Schreiner",
+                              "Elektroinstall*",
+                              "Elektriker*",
+                              "Sanierung*",
+                              "Gartenbau",
+                              "Bodenbeläge",
+                              "Bodenleger*",
+                              "Parkett*",
+                              "Fensterbau",
+                              "Glaserei",
+                              "Metallbau",
+                              "Schlosserei",
+                              "Haustechnik",
+                              "Gipser*",
+                              "Plattenleger*",
+                              "Storen*",
+                              "Rollladen*",
+                              "Kaminfeger*",
+                              "Maurer*",
+                              "Baugeschäft",
+                              "Renovation*",
+                              "Instandstellung*",
+                              "Instandhalt*",
+                              "Unterhaltsarbeiten",
+                              "Fassadenbau",
+                              "Peinture",
+                              "Plâtrerie",
+                              "Toiture*",
+                              "Couverture",
+                              "Couvreur",
+                              "Ferblanterie",
+                              "Ferblantier",
+                              "Menuiserie",
+                              "Menuisier",
+                              "Charpente*",
+                              "Maçonnerie",
+                              "Carrelage*",
+                              "Serrurerie",
+                              "Vitrerie",
+                              "Ramonage",
+                              "Électricité",
+                              "Électricien*",
+                              "Rénovation*",
+                              "Réparation*",
+                              "Chauffage*",
+                              "Sanitaire*",
+                              "Plomberie",
+                              "Falegnameria",
+                              "Pittura",
+                              "Pittore",
+                              "Gessatore",
+                              "Manutenzion*",
+                              "Elettricista",
+                              "Impianti",
+                              "Idraulic*",
+                              "Lattoneria",
+                              "Lattoniere",
+                              "Copritetto",
+                              "Carpenteria",
+                              "Muratore",
+                              "Piastrellist*",
+                              "Serramenti",
+                              "Spazzacamino",
+                              "Riparazion*",
+                              "Riscaldament*",
+                              "Spenglerei"};
     return words;
 }
 
 /// What is repaired too, and is no building.
 const Labels& vehicles() {
-    static const Labels words{"*fahrzeug*", "*garage AG", "Autogarage", "Kontrollschild",
-                              "Pneu*",      "Velo*",      "km-Stand",   "Kilometerstand",
-                              "véhicule*",  "pneus",      "immatriculation", "carrozzeria",
-                              "Karosserie*", "carrosserie", "veicolo",  "autoveicol*"};
+    static const Labels words{"*fahrzeug*",  "*garage AG",  "Autogarage",      "Kontrollschild",
+                              "Pneu*",       "Velo*",       "km-Stand",        "Kilometerstand",
+                              "véhicule*",   "pneus",       "immatriculation", "carrozzeria",
+                              "Karosserie*", "carrosserie", "veicolo",         "autoveicol*"};
     return words;
 }
 
 /// Whether a bill counts hours of work and, apart from them, what was used for it.
 bool hasWorkAndMaterial(const DocumentRows& document) {
-    static const Labels work{"Arbeit*",   "Arbeiten",  "Std",     "Stunden",  "Monteur*",
-                             "Vorarbeit*", "Regie*",   "Lernende*", "ouvrier*", "apprenti*",
-                             "main-d'œuvre", "main d'oeuvre", "heures", "operai*", "apprendist*",
-                             "manodopera", "ore"};
-    static const Labels material{"*material*", "matériel*", "matériaux", "fourniture*",
-                                 "material*",  "forniture"};
+    static const Labels work{
+        "Arbeit*", "Arbeiten",  "Std",         "Stunden",    "Monteur*",     "Vorarbeit*",
+        "Regie*",  "Lernende*", "ouvrier*",    "apprenti*",  "main-d'œuvre", "main d'oeuvre",
+        "heures",  "operai*",   "apprendist*", "manodopera", "ore"};
+    static const Labels material{"*material*",  "matériel*", "matériaux",
+                                 "fourniture*", "material*", "forniture"};
     const auto isCharged = [&](const Labels& words) {
         return std::ranges::any_of(document.pages, [&](const PageRows& page) {
             return std::ranges::any_of(page.rows, [&](const Row& row) {
@@ -262,25 +341,15 @@ bool hasPillarTitle(const DocumentRows& document) {
                               "polizza di previdenza"};
     return std::ranges::any_of(document.pages, [&](const PageRows& page) {
         return std::ranges::any_of(page.rows, [&](const Row& row) {
-            return row.middle() < page.height * 0.45 && row.words.size() <= 8 && hasNoAmount(row)
+            return row.middle() < page.height * 0.45 && row.words.size() <= 8 && !endsInAmount(row)
                    && isAnyIn(row.folded, names);
         });
     });
 }
 
-} // namespace
-
-KindVerdict weighKind(const DocumentRows& document, bool isWageProven) {
-    const std::string title = titleWords(document);
-    std::map<Kind, int> scores;
-    for (const KindWords& evidence : kindWords()) {
-        if (isAnyIn(title, evidence.words)) {
-            scores[evidence.kind] += 2 * evidence.weight;
-        } else if (isAnyIn(document.folded, evidence.words)) {
-            scores[evidence.kind] += evidence.weight;
-        }
-    }
-    weighStructure(document, scores);
+/// What more than single words tell: what is missing, who sends it, what adds up.
+void weighWhole(const DocumentRows& document, const std::string& title, bool isWageProven,
+                std::map<Kind, int>& scores) {
     if (!isAnyIn(document.folded, securities())) { // a bank may call anything a tax statement
         scores[Kind::bankauszug] += scores[Kind::steuerauszug] / 2;
         scores[Kind::steuerauszug] = 0;
@@ -297,12 +366,31 @@ KindVerdict weighKind(const DocumentRows& document, bool isWageProven) {
     if (!namesMoneyAtBank(document)) { // a course or a fund sends a "Kontoauszug" too
         scores[Kind::bankauszug] /= 2;
     }
+    if (scores[Kind::arztrechnung] >= enough && isFromPractice(document)) {
+        scores[Kind::arztrechnung] += fromPractice;
+    }
     if (isWageProven) {
         scores[Kind::lohnausweis] += provenWage;
     }
     if (hasPillarTitle(document)) {
         scores[Kind::saeule3a] += pillarTitle;
     }
+}
+
+} // namespace
+
+KindVerdict weighKind(const DocumentRows& document, bool isWageProven) {
+    const std::string title = titleWords(document);
+    std::map<Kind, int> scores;
+    for (const KindWords& evidence : kindWords()) {
+        if (isAnyIn(title, evidence.words)) {
+            scores[evidence.kind] += 2 * evidence.weight;
+        } else if (isAnyIn(document.folded, evidence.words)) {
+            scores[evidence.kind] += evidence.weight;
+        }
+    }
+    weighStructure(document, scores);
+    weighWhole(document, title, isWageProven, scores);
     KindVerdict verdict;
     int best = 0;
     int second = 0;
@@ -360,16 +448,16 @@ bool isPensionPaper(const DocumentRows& document) {
 }
 
 bool isRepairBill(const DocumentRows& document) {
-    static const Labels bills{"*schlussrechnung*", "*regierechnung*",  "Rechnung*", "*teilrechnung*",
-                              "*akontorechnung*",  "Handwerkerrechnung", "Faktura",   "Facture*",
-                              "Fattura*",          "Note de travaux"};
+    static const Labels bills{
+        "*schlussrechnung*",  "*regierechnung*", "Rechnung*", "*teilrechnung*", "*akontorechnung*",
+        "Handwerkerrechnung", "Faktura",         "Facture*",  "Fattura*",       "Note de travaux"};
     if (!isAnyIn(document.folded, bills) || isAnyIn(document.folded, vehicles())) {
         return false;
     }
-    static const Labels building{"Objekt",    "*liegenschaft*", "*gebäude*", "*wohnung*",
-                                 "*haus",     "Fassade*",       "immeuble*", "bâtiment*",
-                                 "villa",     "appartement*",   "chantier*", "stabile",
-                                 "edificio",  "appartamento",   "cantiere",  "Baustelle*"};
+    static const Labels building{"Objekt",   "*liegenschaft*", "*gebäude*", "*wohnung*",
+                                 "*haus",    "Fassade*",       "immeuble*", "bâtiment*",
+                                 "villa",    "appartement*",   "chantier*", "stabile",
+                                 "edificio", "appartamento",   "cantiere",  "Baustelle*"};
     return isAnyIn(document.folded, trades())
            || (isAnyIn(document.folded, building) && hasWorkAndMaterial(document));
 }

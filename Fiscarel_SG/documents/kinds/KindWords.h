@@ -19,6 +19,9 @@ struct KindWords {
 /// the kind speak of. Each list counts once.
 const std::vector<KindWords>& kindWords();
 
+/// Who treats people: practices, hospitals, pharmacies.
+const Labels& careProviders();
+
 /// Those of bills, donations, day care, courses, policies and valuations among them.
 const std::vector<KindWords>& kindWordsOfBills();
 

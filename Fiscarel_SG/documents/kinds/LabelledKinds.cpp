@@ -151,12 +151,14 @@ void proposeField(const KindContext& context, const LabelledField& row, RecordsB
     }
     auto checks = chosen->check ? std::vector{*chosen->check}
                                 : witnessChecks(ranges, row.wanted, chosen->found);
-    Evidence evidence =
-        evidenceOf(chosen->found, row.wanted, context.isKindClear && !chosen->isDisputed,
-                   std::move(checks));
+    Evidence evidence = evidenceOf(chosen->found, row.wanted,
+                                   context.isKindClear && !chosen->isDisputed, std::move(checks));
     if (isPillar && !jointNames(ranges).empty()) { // each deducts their own
         evidence.confidence = Confidence::low;
         evidence.reason += " Das Dokument nennt zwei Personen.";
+    }
+    if (isPillar && !chosen->found.isAlone) { // balances stand beside
+        evidence.confidence = Confidence::low;
     }
     if (chosen->isDisputed) {
         evidence.confidence = Confidence::low;

@@ -1,5 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/Prose.h"
 
+#include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -139,20 +141,13 @@ std::vector<Row> ownWords(const Sentence& sentence, std::size_t which) {
     return words;
 }
 
-/// The amount of a sentence that is as many times another as a number of it says.
-std::optional<std::size_t> productOf(const Sentence& sentence, std::size_t price) {
-    const Decimal& one = sentence.amounts[price].value();
-    for (const RowWord& word : sentence.row.words) {
-        const bool isCount = !word.text.empty() && word.text.size() <= 3
-                             && word.text.find_first_not_of("0123456789") == std::string::npos;
-        const Decimal count = isCount ? Decimal(std::stoi(word.text)) : Decimal(0);
-        for (std::size_t i = 0; count >= 2 && i < sentence.amounts.size(); ++i) {
-            if (sentence.amounts[i].value() == one * count) {
-                return i;
-            }
-        }
+/// The amount that counts of a sentence: not the price of one where it says what several come to.
+std::size_t wholeOf(const Sentence& sentence, std::size_t which) {
+    std::vector<Decimal> values;
+    for (const FoundAmount& amount : sentence.amounts) {
+        values.push_back(amount.value());
     }
-    return std::nullopt;
+    return productOf(sentence.row, values, values[which]).value_or(which);
 }
 
 bool isJoin(const RowWord& word) {
@@ -166,8 +161,8 @@ std::string nameFrom(const Row& row, std::size_t at) {
                && word.text.find_first_of("0123456789/.:|·") == std::string::npos
                && !word.folded.empty();
     };
-    const bool isWhole = at + 1 < row.words.size() && isName(row.words[at])
-                         && isName(row.words[at + 1]);
+    const bool isWhole =
+        at + 1 < row.words.size() && isName(row.words[at]) && isName(row.words[at + 1]);
     return isWhole ? row.words[at].folded + ' ' + row.words[at + 1].folded : std::string();
 }
 
@@ -252,7 +247,7 @@ class ProseSearch {
                 for (const Row& own : ownWords(sentence, i)) {
                     const auto place = find(sentence, own, isRecognised);
                     if (place && !findLabel(own, wanted_.without, isRecognised)) {
-                        found.push_back(sentence.amounts[productOf(sentence, i).value_or(i)]);
+                        found.push_back(sentence.amounts[wholeOf(sentence, i)]);
                         found.back().label = textBetween(own, place->first, place->last);
                         break;
                     }
@@ -292,8 +287,8 @@ std::vector<PersonAmount> findPeopleInProse(const std::vector<RowRange>& ranges,
                                             const std::vector<std::string>& people,
                                             const Wanted& wanted) {
     for (const Sentence& sentence : sentencesOf(ranges)) {
-        const bool isRecognised = !sentence.amounts.empty()
-                                  && sentence.amounts.front().page->isRecognised;
+        const bool isRecognised =
+            !sentence.amounts.empty() && sentence.amounts.front().page->isRecognised;
         const bool isMeant = std::ranges::any_of(wanted.meanings, [&](const Meaning& meaning) {
             return findMeaning(sentence.row, meaning, isRecognised).has_value();
         });
