@@ -373,7 +373,12 @@ void weighWhole(const DocumentRows& document, const std::string& title, bool isW
         scores[Kind::lohnausweis] += provenWage;
     }
     if (hasPillarTitle(document)) {
+        static const Labels freePillar{"3b", "freie Vorsorge", "freien Vorsorge",
+                                       "prévoyance libre", "previdenza libera"};
         scores[Kind::saeule3a] += pillarTitle;
+        if (!isAnyIn(title, freePillar)) { // a tied policy, whose premium is the contribution
+            scores[Kind::versicherung] = 0;
+        }
     }
 }
 
