@@ -384,7 +384,7 @@ class BillMapper {
     std::vector<RowRange> ranges_;
     std::optional<FoundAmount> printed_;
     const Wanted* wanted_ = nullptr;
-    bool isShared_ = false;             ///< others bear a part that is not taken off
+    bool isShared_ = false; ///< others bear a part that is not taken off
     bool isDeductible_ = false;
     std::vector<ProposalCheck> checks_; ///< that hold for what was printed
     bool isReminder_ = false;           ///< costs of a reminder were taken off

@@ -4,7 +4,6 @@
 #include "Fiscarel_SG/documents/kinds/PersonParts.h"
 #include "Fiscarel_SG/documents/kinds/PlainAmount.h"
 #include "Fiscarel_SG/documents/kinds/Property.h"
-#include "Fiscarel_SG/documents/kinds/Prose.h"
 #include "Fiscarel_SG/documents/kinds/RecordsByKind.h"
 
 #include <algorithm>
@@ -73,6 +72,15 @@ std::optional<Chosen> chooseFound(std::vector<FoundAmount> found, int below) {
     return Chosen{std::move(found.back()), isDisputed};
 }
 
+/// Whether a paper names two people in a line, as spouses are addressed.
+bool namesTwo(const DocumentRows& document) {
+    const People people(document);
+    return std::ranges::any_of(document.pages, [&](const PageRows& page) {
+        return std::ranges::any_of(page.rows,
+                                   [&](const Row& row) { return people.in(row).size() >= 2; });
+    });
+}
+
 /// Several accounts or payments with the same words: what they come to, where it is printed.
 std::optional<Chosen> wholeOfParts(const DocumentRows& document,
                                    const std::vector<FoundAmount>& found) {
@@ -112,11 +120,7 @@ bool proposePeople(const KindContext& context, const LabelledField& row, Proposa
     if (!isMain) {
         return false;
     }
-    const auto ranges = wholeDocument(context.document);
     auto parts = findPersonAmounts(context.document, row.wanted);
-    if (parts.empty()) {
-        parts = findPeopleInProse(ranges, jointNames(ranges), row.wanted);
-    }
     std::erase_if(parts, [&](const PersonAmount& one) { return one.found.value() >= row.below; });
     for (const PersonAmount& part : parts) {
         ProposedRecord record =
@@ -153,7 +157,7 @@ void proposeField(const KindContext& context, const LabelledField& row, RecordsB
                                 : witnessChecks(ranges, row.wanted, chosen->found);
     Evidence evidence = evidenceOf(chosen->found, row.wanted,
                                    context.isKindClear && !chosen->isDisputed, std::move(checks));
-    if (isPillar && !jointNames(ranges).empty()) { // each deducts their own
+    if (isPillar && namesTwo(context.document)) { // each deducts their own
         evidence.confidence = Confidence::low;
         evidence.reason += " Das Dokument nennt zwei Personen.";
     }

@@ -150,33 +150,6 @@ std::size_t wholeOf(const Sentence& sentence, std::size_t which) {
     return productOf(sentence.row, values, values[which]).value_or(which);
 }
 
-bool isJoin(const RowWord& word) {
-    return word.folded == "und" || word.folded == "et" || word.folded == "e" || word.text == "&";
-}
-
-/// A first name and a family name from a word on, folded; empty for other words.
-std::string nameFrom(const Row& row, std::size_t at) {
-    const auto isName = [](const RowWord& word) {
-        return word.text.size() > 1 && (word.text[0] < 'a' || word.text[0] > 'z')
-               && word.text.find_first_of("0123456789/.:|·") == std::string::npos
-               && !word.folded.empty();
-    };
-    const bool isWhole =
-        at + 1 < row.words.size() && isName(row.words[at]) && isName(row.words[at + 1]);
-    return isWhole ? row.words[at].folded + ' ' + row.words[at + 1].folded : std::string();
-}
-
-/// A person's name as a row prints it; empty when it does not name them.
-std::string printedName(const Row& row, const std::string& folded) {
-    for (std::size_t i = 0; i + 1 < row.words.size(); ++i) {
-        if (row.words[i].folded + ' ' + row.words[i + 1].folded == folded) {
-            std::string name = row.words[i].text + ' ' + row.words[i + 1].text;
-            return name.ends_with(',') ? name.substr(0, name.size() - 1) : name;
-        }
-    }
-    return {};
-}
-
 std::vector<Sentence> sentencesOf(const std::vector<RowRange>& ranges) {
     std::vector<Sentence> all;
     for (const RowRange& range : ranges) {
@@ -184,26 +157,6 @@ std::vector<Sentence> sentencesOf(const std::vector<RowRange>& ranges) {
         all.insert(all.end(), found.all().begin(), found.all().end());
     }
     return all;
-}
-
-/// The people of a sentence with the amount each is named before.
-std::vector<PersonAmount> peopleIn(const Sentence& sentence,
-                                   const std::vector<std::string>& people) {
-    std::vector<PersonAmount> found;
-    for (std::size_t i = 0; i < sentence.amounts.size(); ++i) {
-        const Row own = ownWords(sentence, i).front();
-        for (const std::string& person : people) {
-            const std::string name = printedName(own, person);
-            const bool isNew = std::ranges::none_of(
-                found, [&](const PersonAmount& one) { return one.name == name; });
-            if (!name.empty() && isNew) {
-                found.push_back({name, sentence.amounts[i]});
-                found.back().found.label = name;
-                break;
-            }
-        }
-    }
-    return found;
 }
 
 /// Finds amounts of sentences by what is said of them.
@@ -265,39 +218,6 @@ class ProseSearch {
 
 std::vector<FoundAmount> findInProse(const std::vector<RowRange>& ranges, const Wanted& wanted) {
     return ProseSearch(ranges, wanted).run();
-}
-
-std::vector<std::string> jointNames(const std::vector<RowRange>& ranges) {
-    for (const RowRange& range : ranges) {
-        for (std::size_t at = range.first; at < range.end; ++at) {
-            const Row& row = range.page->rows[at];
-            for (std::size_t i = 2; i < row.words.size(); ++i) {
-                const std::string one = isJoin(row.words[i]) ? nameFrom(row, i - 2) : "";
-                const std::string other = one.empty() ? "" : nameFrom(row, i + 1);
-                if (!other.empty() && one != other) {
-                    return {one, other};
-                }
-            }
-        }
-    }
-    return {};
-}
-
-std::vector<PersonAmount> findPeopleInProse(const std::vector<RowRange>& ranges,
-                                            const std::vector<std::string>& people,
-                                            const Wanted& wanted) {
-    for (const Sentence& sentence : sentencesOf(ranges)) {
-        const bool isRecognised =
-            !sentence.amounts.empty() && sentence.amounts.front().page->isRecognised;
-        const bool isMeant = std::ranges::any_of(wanted.meanings, [&](const Meaning& meaning) {
-            return findMeaning(sentence.row, meaning, isRecognised).has_value();
-        });
-        auto found = isMeant ? peopleIn(sentence, people) : std::vector<PersonAmount>();
-        if (found.size() >= 2 && found.size() == people.size()) {
-            return found;
-        }
-    }
-    return {};
 }
 
 } // namespace fiscarel
