@@ -4,6 +4,7 @@
 #include "Fiscarel_SG/documents/kinds/PersonParts.h"
 #include "Fiscarel_SG/documents/kinds/PlainAmount.h"
 #include "Fiscarel_SG/documents/kinds/Property.h"
+#include "Fiscarel_SG/documents/kinds/Prose.h"
 #include "Fiscarel_SG/documents/kinds/RecordsByKind.h"
 
 #include <algorithm>
@@ -121,6 +122,9 @@ bool proposePeople(const KindContext& context, const LabelledField& row, Proposa
         return false;
     }
     auto parts = findPersonAmounts(context.document, row.wanted);
+    if (parts.empty()) {
+        parts = findPeopleInProse(context.document, row.wanted);
+    }
     std::erase_if(parts, [&](const PersonAmount& one) { return one.found.value() >= row.below; });
     for (const PersonAmount& part : parts) {
         ProposedRecord record =

@@ -159,6 +159,32 @@ std::vector<Sentence> sentencesOf(const std::vector<RowRange>& ranges) {
     return all;
 }
 
+/// The people a sentence names with the amount that follows each; empty for fewer than two, or an
+/// amount of both.
+std::vector<PersonAmount> peopleIn(const Sentence& sentence, const People& people) {
+    std::vector<PersonAmount> found;
+    std::size_t from = 0; // behind the amount before
+    for (std::size_t i = 0; i < sentence.amounts.size(); ++i) {
+        for (const NamedPerson& person : people.in(sentence.row)) {
+            const bool isNew = std::ranges::none_of(
+                found, [&](const PersonAmount& one) { return one.person.folded == person.folded; });
+            if (!isNew || person.first < from || person.last >= sentence.starts[i]) {
+                continue;
+            }
+            const bool isJoint =
+                !found.empty() && found.back().found.row == sentence.amounts[i].row
+                && found.back().found.amount.first == sentence.amounts[i].amount.first;
+            if (isJoint) {
+                return {}; // an amount of both
+            }
+            found.push_back({person, sentence.amounts[i]});
+            found.back().found.label = person.name;
+        }
+        from = sentence.ends[i] + 1;
+    }
+    return found.size() >= 2 ? found : std::vector<PersonAmount>();
+}
+
 /// Finds amounts of sentences by what is said of them.
 class ProseSearch {
   public:
@@ -218,6 +244,20 @@ class ProseSearch {
 
 std::vector<FoundAmount> findInProse(const std::vector<RowRange>& ranges, const Wanted& wanted) {
     return ProseSearch(ranges, wanted).run();
+}
+
+std::vector<PersonAmount> findPeopleInProse(const DocumentRows& document, const Wanted& wanted) {
+    const People people(document);
+    for (const Sentence& sentence : sentencesOf(wholeDocument(document))) {
+        const bool isMeant = std::ranges::any_of(wanted.meanings, [&](const Meaning& meaning) {
+            return findMeaning(sentence.row, meaning, sentence.amounts.front().page->isRecognised)
+                .has_value();
+        });
+        if (auto found = peopleIn(sentence, people); isMeant && !found.empty()) {
+            return found;
+        }
+    }
+    return {};
 }
 
 } // namespace fiscarel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Fiscarel_SG/documents/kinds/AmountFinder.h"
+#include "Fiscarel_SG/documents/kinds/PersonParts.h"
 
 #include <vector>
 
@@ -12,5 +13,9 @@ namespace fiscarel {
 /// anywhere in the sentence. Sentences may go on over lines. The first meaning that is found
 /// counts. Of "4 sedute a CHF 85.10: CHF 340.40" the product counts, not the price of one.
 std::vector<FoundAmount> findInProse(const std::vector<RowRange>& ranges, const Wanted& wanted);
+
+/// Amounts of a sentence that says a meaning and names one of several people before each: "Anna
+/// Muster hat CHF 900 eingelegt, Beat Muster CHF 696". Empty unless each of them has exactly one.
+std::vector<PersonAmount> findPeopleInProse(const DocumentRows& document, const Wanted& wanted);
 
 } // namespace fiscarel
