@@ -309,8 +309,67 @@ ScanResult proposedFor(const std::vector<Line>& lines) {
     return page.proposed();
 }
 
+/// Papers whose amount follows from the others on them.
+std::vector<Wording> sums() {
+    using enum Kind;
+    return {
+        {liegenschaft,
+         "actualMaintenanceCosts",
+         "1081",
+         {{"Spenglerei Muster AG"},
+          {"Schlussrechnung 44"},
+          {"Arbeit gemäss Rapport", "600.00"},
+          {"Material", "400.00"},
+          {"Zusammen", "1'000.00"},
+          {"MWST 8.1 %", "81.00"},
+          {"Werklohn", "1'081.00"},
+          {"Abzüglich Akonto", "500.00"},
+          {"Bleiben", "581.00"}}},
+        {arztrechnung,
+         "gross",
+         "450",
+         {{"Kantonsspital Muster"},
+          {"Rechnungskopie"},
+          {"Patient: Anna Muster"},
+          {"Fallpauschale", "3'000.00"},
+          {"Anteil Wohnkanton", "1'650.00"},
+          {"Vom Krankenversicherer bezahlt", "900.00"},
+          {"Zu Lasten Patientin", "450.00"}}},
+        {arztrechnung,
+         "gross",
+         "500",
+         {{"Praxis Dr. med. Anna Muster"},
+          {"2. Mahnung"},
+          {"Behandlung vom 3.2.2024, Rechnung 4711", "500.00"},
+          {"Mahngebühr", "20.00"},
+          {"Verzugszins 5 %", "5.50"},
+          {"Total zu bezahlen", "525.50"}}},
+        {saeule3a,
+         "pillar3a",
+         "3500",
+         {{"Vorsorgestiftung Säntis"},
+          {"Alle Vorsorgekonten 3a im Jahr 2024"},
+          {"Beitrag", "2'000.00"},
+          {"Saldo", "30'100.00"},
+          {"Beitrag", "1'500.00"},
+          {"Saldo", "12'300.00"},
+          {"Über alle Konten wurden 2024 insgesamt CHF 3'500.00 gutgeschrieben."}}},
+        {saeule3a,
+         "pillar3a",
+         "1200",
+         {{"Muster Lebensversicherung AG"},
+          {"Gebundene Vorsorgeversicherung 2024"},
+          {"Bezahlte Prämien", "1'200.00"},
+          {"Todesfallkapital", "80'000.00"},
+          {"Rückkaufswert", "9'500.00"}}},
+    };
+}
+
 std::vector<Wording> all() {
     std::vector<Wording> wordings = provision();
+    for (Wording& one : sums()) {
+        wordings.push_back(std::move(one));
+    }
     for (const auto& part : {bills(), statements(), letters()}) {
         wordings.insert(wordings.end(), part.begin(), part.end());
     }
@@ -368,6 +427,19 @@ TEST(Wording, ofWhatIsOnlyPossibleOrPartOfItGivesNothing) {
           {"Prämienübersicht 2024"},
           {"Prämien KVG", "4'000.00"},
           {"Gewählte Franchise", "300.00"}}},
+        {"imputedRentalValue",
+         "20000",
+         {{"Steueramt Muster"},
+          {"Veranlagungsverfügung 2024"},
+          {"Eigenmietwert der Liegenschaft", "20'000.00"},
+          {"Verkehrswert der Liegenschaft", "700'000.00"},
+          {"Steuerbares Einkommen", "90'000.00"}}},
+        {"sumInsured",
+         "763000",
+         {{"Brandassekuranz Muster"},
+          {"Prämienrechnung 2024"},
+          {"Versicherungssumme des Gebäudes", "763'000.00"},
+          {"Prämie", "244.15"}}},
         {"childcareCosts",
          "9420",
          {{"Kita Muster"},
