@@ -318,9 +318,11 @@ bool hasWorkAndMaterial(const DocumentRows& document) {
     return isCharged(work) && isCharged(material);
 }
 
-/// A short line at the top that names pillar 3a: such accounts and policies are a bank's or an
-/// insurer's, whose own words would outweigh it.
+/// A short line at the top that names pillar 3a and not the free one: such accounts and policies
+/// are a bank's or an insurer's, whose own words would outweigh it.
 bool hasPillarTitle(const DocumentRows& document) {
+    static const Labels freePillar{"3b", "freie Vorsorge", "freien Vorsorge", "prévoyance libre",
+                                   "previdenza libera"};
     static const Labels names{"3a",
                               "3a-*",
                               "Säule 3a",
@@ -342,7 +344,7 @@ bool hasPillarTitle(const DocumentRows& document) {
     return std::ranges::any_of(document.pages, [&](const PageRows& page) {
         return std::ranges::any_of(page.rows, [&](const Row& row) {
             return row.middle() < page.height * 0.45 && row.words.size() <= 8 && !endsInAmount(row)
-                   && isAnyIn(row.folded, names);
+                   && isAnyIn(row.folded, names) && !isAnyIn(row.folded, freePillar);
         });
     });
 }
@@ -373,12 +375,8 @@ void weighWhole(const DocumentRows& document, const std::string& title, bool isW
         scores[Kind::lohnausweis] += provenWage;
     }
     if (hasPillarTitle(document)) {
-        static const Labels freePillar{"3b", "freie Vorsorge", "freien Vorsorge",
-                                       "prévoyance libre", "previdenza libera"};
         scores[Kind::saeule3a] += pillarTitle;
-        if (!isAnyIn(title, freePillar)) { // a tied policy, whose premium is the contribution
-            scores[Kind::versicherung] = 0;
-        }
+        scores[Kind::versicherung] = 0; // a tied policy, whose premium is the contribution
     }
 }
 
@@ -453,9 +451,12 @@ bool isPensionPaper(const DocumentRows& document) {
 }
 
 bool isRepairBill(const DocumentRows& document) {
-    static const Labels bills{
-        "*schlussrechnung*",  "*regierechnung*", "Rechnung*", "*teilrechnung*", "*akontorechnung*",
-        "Handwerkerrechnung", "Faktura",         "Facture*",  "Fattura*",       "Note de travaux"};
+    static const Labels bills{"*schlussrechnung*", "*schlussabrechnung*",
+                              "Regieabrechnung",   "*regierechnung*",
+                              "Rechnung*",         "*teilrechnung*",
+                              "*akontorechnung*",  "Handwerkerrechnung",
+                              "Faktura",           "Facture*",
+                              "Fattura*",          "Note de travaux"};
     if (!isAnyIn(document.folded, bills) || isAnyIn(document.folded, vehicles())) {
         return false;
     }
