@@ -133,14 +133,15 @@ void proposeByKind(const KindContext& context, ProposalDraft& draft) {
 /// mean.
 std::vector<SalaryForm> readCertificatePages(const DocumentRows& document) {
     std::vector<SalaryForm> forms = readSalaryForms(document);
-    if (forms.size() > 1 || (forms.size() == 1 && isProven(forms.front()))) {
+    if (forms.size() > 1) {
         return forms;
     }
-    auto list = readSalaryList(document);
-    if (list && (forms.empty() ? !list->isPension : isProven(*list))) {
-        return {std::move(*list)};
-    }
-    return forms;
+    auto lists = readSalaryLists(document);
+    const bool isOneProven = forms.size() == 1 && isProven(forms.front());
+    const bool areBetter = lists.size() > 1
+                           || (lists.size() == 1 && !isOneProven
+                               && (forms.empty() ? !lists[0].isPension : isProven(lists[0])));
+    return areBetter ? lists : forms;
 }
 
 void proposeAll(const DocumentReading& reading, ScanResult& result) {
