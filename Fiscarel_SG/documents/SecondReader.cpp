@@ -1,9 +1,10 @@
 #include "Fiscarel_SG/documents/SecondReader.h"
 
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
+#include "Fiscarel_SG/documents/kinds/Pensions.h"
 #include "Fiscarel_SG/documents/payload/Mappers.h"
 #include "Fiscarel_SG/documents/rows/PageArrangement.h"
-#include "Fiscarel_SG/documents/rows/RowLabels.h"
+#include "Fiscarel_SG/documents/rows/Vocabulary.h"
 #include "Fiscarel_SG/documents/text/FoldedText.h"
 
 #include <algorithm>
@@ -96,6 +97,10 @@ void readStatements(const DocumentReading& reading, const DocumentRows& document
     }
 }
 
+bool namesBuyIn(const DocumentRows& document) {
+    return isAnyIn(document.folded, wordsFor(Concept::buyIn));
+}
+
 void proposeByKind(const KindContext& context, ProposalDraft& draft) {
     switch (context.kind) {
     case Kind::saeule3a:
@@ -106,9 +111,12 @@ void proposeByKind(const KindContext& context, ProposalDraft& draft) {
         if (context.kind == Kind::liegenschaft && isRepairBill(context.document)) {
             proposeBill(context, draft);
         } else if (context.kind == Kind::pensionskasse && isPensionPaper(context.document)) {
-            proposeLabelled({context.document, context.facts, Kind::lohnausweis,
-                             context.isKindClear, context.bill},
-                            draft);
+            proposePensions(context, false, draft);
+        } else if (context.kind == Kind::pensionskasse && !namesBuyIn(context.document)
+                   && proposePensions(context, true, draft)) {
+            break;
+        } else if (context.kind == Kind::versicherung && proposePolicies(context, draft)) {
+            break;
         } else {
             proposeLabelled(context, draft);
         }
@@ -173,7 +181,8 @@ void proposeAll(const DocumentReading& reading, ScanResult& result) {
         const bool isForm = !forms.empty() || isAnyIn(document.folded, wages);
         if (!isForm && !payloads.kind) { // a letter on a pension
             const DocumentFacts facts = readFacts(document);
-            proposeLabelled({document, facts, Kind::lohnausweis, verdict.isClear, bill}, draft);
+            proposePensions({document, facts, Kind::lohnausweis, verdict.isClear, bill}, false,
+                            draft);
         }
     } else if (verdict.kind) {
         const DocumentFacts facts = readFacts(document);
