@@ -1,5 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/PensionAmounts.h"
 
+#include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+
 #include <algorithm>
 #include <set>
 
@@ -25,20 +27,49 @@ const Labels& taxFree() {
 
 /// What stands on such papers and is no pension of the year.
 const Labels& noPension() {
-    static const Labels words{
-        "*kapital*",    "*abfindung*",       "capital",            "capitale",    "*guthaben*",
-        "avoir",        "avere",             "averi",              "Vorjahr*",    "Vergleich",
-        "précédente",   "précédent",         "precedente",         "Mindest*",    "minimum",
-        "minimo",       "*gebühr*",          "Mahn*",              "Duplikat*",   "duplicat*",
-        "Zuschuss*",    "Krankenversicher*", "assurance-maladie",  "cassa malati", "Augmentation",
-        "Aumento",      "Erhöhung*",         "Quellensteuer*",     "impôt à la source",
-        "imposta alla fonte", "voraussichtlich*", "*kosten", "frais", "spese", "limite*", "*grenze*",
-        "Rückforderung*", "Nachzahlung* für"};
+    static const Labels words{"*kapital*",
+                              "*abfindung*",
+                              "capital",
+                              "capitale",
+                              "*guthaben*",
+                              "avoir",
+                              "avere",
+                              "averi",
+                              "Vorjahr*",
+                              "Vergleich",
+                              "précédente",
+                              "précédent",
+                              "precedente",
+                              "Mindest*",
+                              "minimum",
+                              "minimo",
+                              "*gebühr*",
+                              "Mahn*",
+                              "Duplikat*",
+                              "duplicat*",
+                              "Zuschuss*",
+                              "Krankenversicher*",
+                              "assurance-maladie",
+                              "cassa malati",
+                              "Augmentation",
+                              "Aumento",
+                              "Erhöhung*",
+                              "Quellensteuer*",
+                              "impôt à la source",
+                              "imposta alla fonte",
+                              "voraussichtlich*",
+                              "*kosten",
+                              "frais",
+                              "spese",
+                              "limite*",
+                              "*grenze*",
+                              "Rückforderung*",
+                              "Nachzahlung* für"};
     return words;
 }
 
 const Labels& perMonth() {
-    static const Labels words{"monatlich*", "pro Monat",    "im Monat",   "je Monat",
+    static const Labels words{"monatlich*", "pro Monat",    "im Monat",     "je Monat",
                               "par mois",   "Monatsbetrag", "Monatsrente*", "mensuel*",
                               "al mese",    "mensil*",      "Monatsansatz", "p. M."};
     return words;
@@ -67,22 +98,28 @@ std::size_t clauseStart(const Row& row, std::size_t amount) {
     return first;
 }
 
-/// The cell above an amount in the nearest row of words only that has several.
-void appendHeading(const PageRows& page, std::size_t at, const RowAmount& amount, Row& words) {
-    for (std::size_t above = at; above-- > 0 && at - above < 12;) {
-        const Row& row = page.rows[above];
-        const auto cells = cellsOf(row);
-        if (cells.size() < 2 || std::ranges::any_of(row.amounts, [](const RowAmount& one) {
-                return one.amount.isFirm();
-            })) {
-            continue;
-        }
-        for (const LabelPlace& cell : cells) {
-            if (cell.left < amount.place.right && amount.place.left < cell.right) {
-                append(words, row, cell.first, cell.last + 1);
-            }
-        }
+/// The next two words behind an amount, where no other clause begins: "Fr. 1'542.10 monatlich".
+void appendBehind(const PageRows& page, std::size_t at, const RowAmount& amount, Row& words) {
+    const Row& row = page.rows[at];
+    const auto endsClause = [](const std::string& text) {
+        return text.ends_with(',') || text.ends_with(';') || text.ends_with(')');
+    };
+    if (endsClause(row.words[amount.last].text)) {
         return;
+    }
+    for (std::size_t i = amount.last + 1; i < amount.last + 3; ++i) {
+        const Row* from = i < row.words.size()        ? &row
+                          : at + 1 < page.rows.size() ? &page.rows[at + 1]
+                                                      : nullptr;
+        const std::size_t word = from == &row ? i : i - row.words.size();
+        if (from == nullptr || word >= from->words.size()
+            || from->words[word].text.starts_with('(')) {
+            return;
+        }
+        append(words, *from, word, word + 1);
+        if (endsClause(from->words[word].text) || endsSentence(from->words[word])) {
+            return;
+        }
     }
 }
 
@@ -94,7 +131,8 @@ Row wordsOf(const PageRows& page, std::size_t at, std::size_t amount) {
     if (!isProse(row)) {
         append(words, row, 0, row.amounts.front().first);
         append(words, row, row.amounts.back().last + 1, row.words.size());
-        appendHeading(page, at, own, words);
+        const Row heading = headingOver(page, at, own);
+        append(words, heading, 0, heading.words.size());
         return words;
     }
     const std::size_t first = clauseStart(row, amount);
@@ -107,11 +145,7 @@ Row wordsOf(const PageRows& page, std::size_t at, std::size_t amount) {
         append(words, before, from, before.words.size());
     }
     append(words, row, first, own.first);
-    // "Fr. 1'542.10 monatlich"
-    append(words, row, own.last + 1, own.last + 3);
-    if (own.last + 1 >= row.words.size() && at + 1 < page.rows.size()) {
-        append(words, page.rows[at + 1], 0, 1);
-    }
+    appendBehind(page, at, own, words);
     return words;
 }
 
@@ -123,8 +157,9 @@ bool isForeign(const RowWord& word) {
 
 /// Whether an amount is in francs where a paper speaks of another currency too.
 bool isInFrancs(const Row& row, const RowAmount& amount) {
+    static const std::set<std::string> names{"chf", "fr", "sfr", "franken", "francs", "franchi"};
     const auto isAt = [&](std::size_t at) {
-        return at < row.words.size() && isFrancs(row.words[at].text);
+        return at < row.words.size() && names.contains(row.words[at].folded);
     };
     return amount.amount.hasCurrency || isAt(amount.last + 1)
            || (amount.first > 0 && isAt(amount.first - 1)) || isAt(amount.first);
@@ -269,8 +304,7 @@ class Arithmetic {
         for (const std::size_t part : parts) {
             amounts_[part].isPart = true;
         }
-        whole.checks.push_back(
-            {"Die Teile ergeben zusammen " + shown(whole.found.value()), true});
+        whole.checks.push_back({"Die Teile ergeben zusammen " + shown(whole.found.value()), true});
     }
 
     std::vector<PensionAmount>& amounts_;
@@ -281,9 +315,8 @@ class Arithmetic {
 
 std::vector<PensionAmount> pensionAmounts(const DocumentRows& document) {
     const bool hasForeign = std::ranges::any_of(document.pages, [](const PageRows& page) {
-        return std::ranges::any_of(page.rows, [](const Row& row) {
-            return std::ranges::any_of(row.words, isForeign);
-        });
+        return std::ranges::any_of(
+            page.rows, [](const Row& row) { return std::ranges::any_of(row.words, isForeign); });
     });
     std::vector<PensionAmount> amounts;
     for (const PageRows& page : document.pages) {
@@ -291,7 +324,8 @@ std::vector<PensionAmount> pensionAmounts(const DocumentRows& document) {
             const Row& row = page.rows[at];
             for (std::size_t i = 0; i < row.amounts.size(); ++i) {
                 const RowAmount& amount = row.amounts[i];
-                if (!amount.amount.isFirm() || amount.amount.value < 1) {
+                const bool isNumber = !amount.amount.isFirm() && !isInFrancs(row, amount);
+                if (isNumber || amount.amount.value < 1) {
                     continue;
                 }
                 PensionAmount one{

@@ -10,12 +10,12 @@ namespace fiscarel {
 /// An amount of a paper on pensions with what its place says of it.
 struct PensionAmount {
     FoundAmount found;
-    Row words;   ///< those that tell of it: of its row or clause, and the heading of its column
-    bool isBarred = false; ///< of another time or no pension: capital, fees, allowances
-    bool isTaxFree = false; ///< an allowance; barred as well
-    bool isFactor = false;  ///< what was paid in a month
-    bool isPart = false;    ///< of a sum
-    int months = 0;         ///< by how many a month's rate makes it; 0: by none
+    Row words; ///< those that tell of it: of its row or clause, and the heading of its column
+    bool isBarred = false;             ///< of another time or no pension: capital, fees, allowances
+    bool isTaxFree = false;            ///< an allowance; barred as well
+    bool isFactor = false;             ///< what was paid in a month
+    bool isPart = false;               ///< of a sum
+    int months = 0;                    ///< by how many a month's rate makes it; 0: by none
     std::vector<ProposalCheck> checks; ///< what proves it
 
     bool canBePension() const { return !isBarred && !isFactor; }

@@ -39,27 +39,50 @@ const Wanted& pensions() {
 
 /// Whether a paper comes from the state's insurances for old age and disability, and is no fund's.
 bool isOfTheState(const DocumentRows& document) {
-    static const Labels state{"*ausgleichskasse*",      "AHV-Rente*",
-                              "AHV Renten",             "IV-Rente*",
-                              "IV Renten",              "AHV/IV-Rente*",
-                              "Rente der AHV",          "Rente der IV",
-                              "Rentenbescheinigung der AHV", "Renten der AHV",
-                              "Renten der IV",          "Sozialversicherungsanstalt*",
-                              "Sozialversicherungsstelle*", "SVA",
-                              "IV-Stelle*",             "AHV-Anstalt*",
-                              "AHV-IV-FAK*",            "Rente AVS*",
-                              "rentes AVS*",            "rente AI",
-                              "rentes AI",              "rente de l'AVS",
-                              "rente de l'AI",          "rentes de l'AVS",
-                              "rentes de l'AI",         "caisse de compensation",
-                              "office AI",              "cassa di compensazione",
-                              "rendita AVS*",           "rendite AVS*",
-                              "rendita AI",             "rendite AI",
+    static const Labels state{"*ausgleichskasse*",
+                              "AHV-Rente*",
+                              "AHV Renten",
+                              "IV-Rente*",
+                              "IV Renten",
+                              "AHV/IV-Rente*",
+                              "Rente der AHV",
+                              "Rente der IV",
+                              "Rentenbescheinigung der AHV",
+                              "Renten der AHV",
+                              "Renten der IV",
+                              "Sozialversicherungsanstalt*",
+                              "Sozialversicherungsstelle*",
+                              "SVA",
+                              "IV-Stelle*",
+                              "AHV-Anstalt*",
+                              "AHV-IV-FAK*",
+                              "Rente AVS*",
+                              "rentes AVS*",
+                              "rente AI",
+                              "rentes AI",
+                              "rente de l'AVS",
+                              "rente de l'AI",
+                              "rentes de l'AVS",
+                              "rentes de l'AI",
+                              "caisse de compensation",
+                              "office AI",
+                              "cassa di compensazione",
+                              "rendita AVS*",
+                              "rendite AVS*",
+                              "rendita AI",
+                              "rendite AI",
                               "ufficio AI"};
-    static const Labels funds{"*pensionskasse*", "*personalvorsorge*", "*sammelstiftung*",
-                              "BVG", "LPP", "*vorsorgestiftung*", "caisse de pension*",
-                              "fondation de prévoyance", "cassa pension*",
-                              "Beruflichen Vorsorge", "Lohnausweis"};
+    static const Labels funds{"*pensionskasse*",
+                              "*personalvorsorge*",
+                              "*sammelstiftung*",
+                              "BVG",
+                              "LPP",
+                              "*vorsorgestiftung*",
+                              "caisse de pension*",
+                              "fondation de prévoyance",
+                              "cassa pension*",
+                              "Beruflichen Vorsorge",
+                              "Lohnausweis"};
     std::string title;
     const PageRows& page = document.pages.front();
     for (const Row& row : page.rows) {
@@ -81,8 +104,8 @@ class PensionPaper {
   private:
     /// A couple's pensions, a row each.
     bool proposePeople() {
-        static const Labels children{"*kinderrente*", "Kind", "Kinder", "enfant*", "d'enfant*",
-                                     "figli*", "completiv*"};
+        static const Labels children{"*kinderrente*", "Kind",   "Kinder",    "enfant*",
+                                     "d'enfant*",     "figli*", "completiv*"};
         std::vector<std::pair<NamedPerson, const PensionAmount*>> parts;
         const People people(context_.document);
         for (const PensionAmount& one : amounts_) {
@@ -137,8 +160,23 @@ class PensionPaper {
         if (best == nullptr) {
             return false;
         }
+        if (const PensionAmount* more = largerThan(*best)) {
+            best = more;
+            isDisputed = true;
+        }
         put(addRecord(*best, {}), *best, !isDisputed && saysWhatItIs(*best) && !isOfCouple(*best));
         return true;
+    }
+
+    /// What some months prove may be a part of the year: then a larger amount counts that is said
+    /// to be paid or the total.
+    const PensionAmount* largerThan(const PensionAmount& proven) const {
+        static const std::vector<Concept> concepts{paid, total};
+        const auto larger = std::ranges::find_if(amounts_, [&](const PensionAmount& one) {
+            return one.canBePension() && !one.isProven() && one.found.value() > proven.found.value()
+                   && namesAny(one.words, concepts, one.found.page->isRecognised);
+        });
+        return proven.months == 0 || larger == amounts_.end() ? nullptr : &*larger;
     }
 
     static bool saysWhatItIs(const PensionAmount& one) {
@@ -164,10 +202,10 @@ class PensionPaper {
         const auto summed = std::ranges::find_if(
             found, [](const FoundAmount& one) { return columnCheck(one).has_value(); });
         FoundAmount chosen = summed == found.end() ? found.back() : *summed;
-        bool isDisputed = summed == found.end()
-                          && std::ranges::any_of(found, [&](const FoundAmount& one) {
-                                 return one.value() != chosen.value();
-                             });
+        bool isDisputed =
+            summed == found.end() && std::ranges::any_of(found, [&](const FoundAmount& one) {
+                return one.value() != chosen.value();
+            });
         if (auto whole = totalBelow(chosen)) { // supplements are part of it
             chosen = std::move(*whole);
             isDisputed = false;
@@ -224,7 +262,8 @@ class PensionPaper {
                               : textBetween(found.rowOf(), 0, found.amount.first - 1);
         Evidence evidence = evidenceOf(found, pensions(), context_.isKindClear, one.checks);
         const bool isHigh = isSure && found.page->number != 0 && !found.amount.amount.wasCorrected;
-        evidence.confidence = isHigh ? Confidence::high : std::max(evidence.confidence, Confidence::medium);
+        evidence.confidence =
+            isHigh ? Confidence::high : std::max(evidence.confidence, Confidence::medium);
         if (one.found.isBelow) {
             evidence.reason = "Steht so im Text.";
         }

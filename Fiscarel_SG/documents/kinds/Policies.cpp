@@ -13,8 +13,9 @@ using Record = ProposedRecord::Kind;
 
 /// The number of a policy that a row begins with: "Police 90.217280", "Vertrag Nr. 12-345.678".
 std::string policyNumberIn(const Row& row, bool isRecognised) {
-    static const Labels names{"Police*", "Policen-Nr", "Policennummer", "Vertrag*", "polizza",
-                              "contrat", "contratto", "Versicherung Nr", "Lebensversicherung*"};
+    static const Labels names{"Police*",   "Policen-Nr",      "Policennummer",
+                              "Vertrag*",  "polizza",         "contrat",
+                              "contratto", "Versicherung Nr", "Lebensversicherung*"};
     const auto place = findLabel(row, names, isRecognised);
     if (!place || place->first > 1) {
         return {};
@@ -42,10 +43,9 @@ std::vector<Policy> policiesOf(const DocumentRows& document) {
         for (std::size_t at = 0; at < page.rows.size(); ++at) {
             std::string number = policyNumberIn(page.rows[at], page.isRecognised);
             const bool isKnown =
-                number.empty()
-                || std::ranges::any_of(policies, [&](const Policy& known) {
-                       return known.number == number;
-                   });
+                number.empty() || std::ranges::any_of(policies, [&](const Policy& known) {
+                    return known.number == number;
+                });
             if (isKnown) {
                 continue;
             }
@@ -60,7 +60,7 @@ std::vector<Policy> policiesOf(const DocumentRows& document) {
 
 /// Policies of tied provision are no wealth until they are paid out. StHG Art. 13 with BVG Art. 84
 bool isTied(const RowRange& rows) {
-    static const Labels words{"3a",           "*Säule 3a",  "gebunden*", "liée",
+    static const Labels words{"3a",        "*Säule 3a", "gebunden*",  "liée",
                               "vincolat*", "pilier 3a", "pilastro 3a"};
     static const Labels free{"3b", "freie*", "libre", "libera"};
     const Row& heading = rows.page->rows[rows.first];

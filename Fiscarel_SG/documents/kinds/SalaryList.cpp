@@ -192,6 +192,9 @@ class Deductions {
         return all;
     }
 
+    /// Interest less withholding tax leaves a net amount too.
+    bool areOfWage() const { return std::ranges::any_of(parts_, &Part::isNamed); }
+
     /// Puts them to their boxes, those of a box together.
     void fill(SalaryForm& form) const {
         for (const Part& part : parts_) {
@@ -250,7 +253,8 @@ std::optional<SalaryForm> readRun(const Candidates& grosses, const Candidates& n
                 continue;
             }
             const Deductions deductions(*gross, *net);
-            if (deductions.sum() < 1 || valueOf(gross) - deductions.sum() != valueOf(net)) {
+            if (!deductions.areOfWage() || deductions.sum() < 1
+                || valueOf(gross) - deductions.sum() != valueOf(net)) {
                 continue;
             }
             SalaryForm form{.page = gross->page};
@@ -379,9 +383,9 @@ class SalaryBlocks {
         const std::string text = textBetween(row, cells.front().first, cells.front().last);
         const auto named = people_.in(row);
         const bool isPerson = !named.empty() && named.front().first <= cells.front().last;
-        static const Labels months{"Januar",  "Februar", "März",      "April",   "Mai",
-                                   "Juni",    "Juli",    "August",    "September", "Oktober",
-                                   "November", "Dezember", "Monat",   "mois",    "mese"};
+        static const Labels months{"Januar",   "Februar",  "März",   "April",     "Mai",
+                                   "Juni",     "Juli",     "August", "September", "Oktober",
+                                   "November", "Dezember", "Monat",  "mois",      "mese"};
         if (!isPerson && text.size() > 4 && text.find_first_of("0123456789:") == text.npos
             && startsWithCapital(text) && !isAnyIn(row.folded, months)) {
             form.employer = text;
