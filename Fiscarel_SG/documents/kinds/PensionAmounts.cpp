@@ -98,6 +98,12 @@ std::size_t clauseStart(const Row& row, std::size_t amount) {
     return first;
 }
 
+/// Whether a row goes on with what the one before it says.
+bool goesOn(const Row& row) {
+    const char first = row.words.front().text.empty() ? 'A' : row.words.front().text.front();
+    return first >= 'a' && first <= 'z';
+}
+
 /// The next two words behind an amount, where no other clause begins: "Fr. 1'542.10 monatlich".
 void appendBehind(const PageRows& page, std::size_t at, const RowAmount& amount, Row& words) {
     const Row& row = page.rows[at];
@@ -112,8 +118,8 @@ void appendBehind(const PageRows& page, std::size_t at, const RowAmount& amount,
                           : at + 1 < page.rows.size() ? &page.rows[at + 1]
                                                       : nullptr;
         const std::size_t word = from == &row ? i : i - row.words.size();
-        if (from == nullptr || word >= from->words.size()
-            || from->words[word].text.starts_with('(')) {
+        if (from == nullptr || word >= from->words.size() || from->words[word].text.starts_with('(')
+            || (from != &row && !goesOn(*from))) {
             return;
         }
         append(words, *from, word, word + 1);
