@@ -101,6 +101,14 @@ bool namesBuyIn(const DocumentRows& document) {
     return isAnyIn(document.folded, wordsFor(Concept::buyIn));
 }
 
+bool titleNamesPension(const DocumentRows& document) {
+    const PageRows& page = document.pages.front();
+    return std::ranges::any_of(page.rows, [&](const Row& row) {
+        return row.middle() < page.height * 0.45
+               && namesAny(row, {Concept::pension}, page.isRecognised);
+    });
+}
+
 void proposeByKind(const KindContext& context, ProposalDraft& draft) {
     switch (context.kind) {
     case Kind::saeule3a:
@@ -165,6 +173,12 @@ void proposeAll(const DocumentReading& reading, ScanResult& result) {
     if ((!verdict.kind || (verdict.kind == Kind::anderes && bill)) && bill
         && isRepairBill(document)) {
         verdict = {.kind = Kind::liegenschaft};
+    }
+    const bool isUnlikely =
+        !verdict.kind || verdict.kind == Kind::krankenkasse || verdict.kind == Kind::weiterbildung;
+    if (isUnlikely && !bill && forms.empty() && titleNamesPension(document)
+        && provesPension(document)) {
+        verdict = {.kind = Kind::lohnausweis}; // rates of exchange are no courses
     }
     result.kindIsCertain = payloads.kind.has_value();
     result.proposedKind = payloads.kind ? payloads.kind : verdict.kind;

@@ -256,7 +256,8 @@ class Arithmetic {
                 PensionAmount& rate = amounts_[j];
                 PensionAmount& whole = amounts_[i];
                 for (const int months : counts) {
-                    const bool isProduct = months >= 2 && months <= 12 && !whole.isBarred
+                    const bool canBeWhole = !whole.isBarred || whole.isTaxFree;
+                    const bool isProduct = months >= 2 && months <= 12 && canBeWhole
                                            && rate.found.value() >= 1
                                            && rate.found.value() * months == whole.found.value();
                     if (isProduct && whole.months == 0) {
@@ -330,8 +331,11 @@ std::vector<PensionAmount> pensionAmounts(const DocumentRows& document) {
             const Row& row = page.rows[at];
             for (std::size_t i = 0; i < row.amounts.size(); ++i) {
                 const RowAmount& amount = row.amounts[i];
-                const bool isNumber = !amount.amount.isFirm() && !isInFrancs(row, amount);
-                if (isNumber || amount.amount.value < 1) {
+                const PrintedAmount& printed = amount.amount;
+                const bool isYear = !printed.hasDecimals && !printed.hasMark // "2024 CHF 5.00"
+                                    && printed.value >= 1990 && printed.value < 2100;
+                if (isYear || printed.value < 1
+                    || (!printed.isFirm() && !isInFrancs(row, amount))) {
                     continue;
                 }
                 PensionAmount one{

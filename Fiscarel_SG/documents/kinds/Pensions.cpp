@@ -294,4 +294,11 @@ bool proposePensions(const KindContext& context, bool isProvenOnly, ProposalDraf
     return !context.document.pages.empty() && PensionPaper(context, draft).propose(isProvenOnly);
 }
 
+bool provesPension(const DocumentRows& document) {
+    return std::ranges::any_of(pensionAmounts(document), [&](const PensionAmount& one) {
+        return one.canBePension() && one.isProven() && isAnyIn(document.folded, wordsFor(pension))
+               && (one.months == 0 || namesAny(one.words, {pension}, one.found.page->isRecognised));
+    });
+}
+
 } // namespace fiscarel

@@ -12,4 +12,7 @@ namespace fiscarel {
 /// `isProvenOnly`, or none is found.
 bool proposePensions(const KindContext& context, bool isProvenOnly, ProposalDraft& draft);
 
+/// Whether a paper names a pension beside an amount that arithmetic proves to be one.
+bool provesPension(const DocumentRows& document);
+
 } // namespace fiscarel
