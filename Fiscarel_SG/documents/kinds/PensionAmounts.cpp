@@ -260,9 +260,9 @@ class Arithmetic {
                     const bool isProduct = months >= 2 && months <= 12 && canBeWhole
                                            && rate.found.value() >= 1
                                            && rate.found.value() * months == whole.found.value();
+                    rate.isFactor |= isProduct;
                     if (isProduct && whole.months == 0) {
                         whole.months = months;
-                        rate.isFactor = true;
                         whole.checks.push_back({std::to_string(months) + " × "
                                                     + shown(rate.found.value()) + " = "
                                                     + shown(whole.found.value()),
