@@ -1,10 +1,11 @@
 #include "Fiscarel_SG/documents/SecondReader.h"
 
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
+#include "Fiscarel_SG/documents/kinds/Pensions.h"
 #include "Fiscarel_SG/documents/kinds/SecurityTable.h"
 #include "Fiscarel_SG/documents/payload/Mappers.h"
 #include "Fiscarel_SG/documents/rows/PageArrangement.h"
-#include "Fiscarel_SG/documents/rows/RowLabels.h"
+#include "Fiscarel_SG/documents/rows/Vocabulary.h"
 #include "Fiscarel_SG/documents/text/FoldedText.h"
 
 #include <algorithm>
@@ -97,6 +98,18 @@ void readStatements(const DocumentReading& reading, const DocumentRows& document
     }
 }
 
+bool namesBuyIn(const DocumentRows& document) {
+    return isAnyIn(document.folded, wordsFor(Concept::buyIn));
+}
+
+bool titleNamesPension(const DocumentRows& document) {
+    const PageRows& page = document.pages.front();
+    return std::ranges::any_of(page.rows, [&](const Row& row) {
+        return row.middle() < page.height * 0.45
+               && namesAny(row, {Concept::pension}, page.isRecognised);
+    });
+}
+
 void proposeByKind(const KindContext& context, ProposalDraft& draft) {
     switch (context.kind) {
     case Kind::saeule3a:
@@ -107,9 +120,12 @@ void proposeByKind(const KindContext& context, ProposalDraft& draft) {
         if (context.kind == Kind::liegenschaft && isRepairBill(context.document)) {
             proposeBill(context, draft);
         } else if (context.kind == Kind::pensionskasse && isPensionPaper(context.document)) {
-            proposeLabelled({context.document, context.facts, Kind::lohnausweis,
-                             context.isKindClear, context.bill},
-                            draft);
+            proposePensions(context, false, draft);
+        } else if (context.kind == Kind::pensionskasse && !namesBuyIn(context.document)
+                   && proposePensions(context, true, draft)) {
+            break;
+        } else if (context.kind == Kind::versicherung && proposePolicies(context, draft)) {
+            break;
         } else {
             proposeLabelled(context, draft);
         }
@@ -134,14 +150,36 @@ void proposeByKind(const KindContext& context, ProposalDraft& draft) {
 /// mean.
 std::vector<SalaryForm> readCertificatePages(const DocumentRows& document) {
     std::vector<SalaryForm> forms = readSalaryForms(document);
-    if (forms.size() > 1 || (forms.size() == 1 && isProven(forms.front()))) {
+    if (forms.size() > 1) {
         return forms;
     }
-    auto list = readSalaryList(document);
-    if (list && (forms.empty() ? !list->isPension : isProven(*list))) {
-        return {std::move(*list)};
+    auto lists = readSalaryLists(document);
+    const bool isOneProven = forms.size() == 1 && isProven(forms.front());
+    const bool areBetter = lists.size() > 1
+                           || (lists.size() == 1 && !isOneProven
+                               && (forms.empty() ? !lists[0].isPension : isProven(lists[0])));
+    return areBetter ? lists : forms;
+}
+
+/// What a document is by its words, and where these fail by what its amounts prove.
+KindVerdict verdictOf(const DocumentRows& document, const std::vector<SalaryForm>& forms,
+                      bool hasBill) {
+    const KindVerdict verdict = weighKind(document, std::ranges::any_of(forms, isProven));
+    const bool isNothing = !verdict.kind || (verdict.kind == Kind::anderes && hasBill);
+    if (isNothing && isRepairBill(document)) {
+        return {.kind = Kind::liegenschaft};
     }
-    return forms;
+    if (verdict.kind != Kind::bankauszug && verdict.kind != Kind::steuerauszug
+        && listsSecurities(document)) {
+        return {.kind = Kind::steuerauszug, .isClear = true};
+    }
+    const bool isUnlikely =
+        !verdict.kind || verdict.kind == Kind::krankenkasse || verdict.kind == Kind::weiterbildung;
+    if (isUnlikely && !hasBill && forms.empty() && titleNamesPension(document)
+        && provesPension(document)) {
+        return {.kind = Kind::lohnausweis}; // rates of exchange are no courses
+    }
+    return verdict;
 }
 
 void proposeAll(const DocumentReading& reading, ScanResult& result) {
@@ -152,15 +190,8 @@ void proposeAll(const DocumentReading& reading, ScanResult& result) {
     readCertificates(reading, forms, draft, payloads);
     readStatements(reading, document, draft, payloads);
 
-    KindVerdict verdict = weighKind(document, std::ranges::any_of(forms, isProven));
     const auto bill = findBill(reading, document);
-    if ((!verdict.kind || (verdict.kind == Kind::anderes && bill)) && isRepairBill(document)) {
-        verdict = {.kind = Kind::liegenschaft};
-    }
-    if (verdict.kind != Kind::bankauszug && verdict.kind != Kind::steuerauszug
-        && listsSecurities(document)) {
-        verdict = {.kind = Kind::steuerauszug, .isClear = true};
-    }
+    const KindVerdict verdict = verdictOf(document, forms, bill.has_value());
     result.kindIsCertain = payloads.kind.has_value();
     result.proposedKind = payloads.kind ? payloads.kind : verdict.kind;
     if (payloads.kind && payloads.kind != Kind::lohnausweis) {
@@ -176,7 +207,8 @@ void proposeAll(const DocumentReading& reading, ScanResult& result) {
         const bool isForm = !forms.empty() || isAnyIn(document.folded, wages);
         if (!isForm && !payloads.kind) { // a letter on a pension
             const DocumentFacts facts = readFacts(document);
-            proposeLabelled({document, facts, Kind::lohnausweis, verdict.isClear, bill}, draft);
+            proposePensions({document, facts, Kind::lohnausweis, verdict.isClear, bill}, false,
+                            draft);
         }
     } else if (verdict.kind) {
         const DocumentFacts facts = readFacts(document);

@@ -414,6 +414,28 @@ std::vector<LabelPlace> placesIn(const Row& row, const Wanted& wanted, bool isRe
     return places;
 }
 
+Row headingOver(const PageRows& page, std::size_t at, const RowAmount& amount) {
+    Row words;
+    for (std::size_t above = at; above-- > 0 && at - above < 20;) {
+        const Row& row = page.rows[above];
+        const auto cells = cellsOf(row);
+        if (cells.size() < 2 || std::ranges::any_of(row.amounts, [](const RowAmount& one) {
+                return one.amount.isFirm();
+            })) {
+            continue;
+        }
+        for (const LabelPlace& cell : cells) {
+            if (cell.left < amount.place.right && amount.place.left < cell.right) {
+                words.words.insert(words.words.end(),
+                                   row.words.begin() + static_cast<std::ptrdiff_t>(cell.first),
+                                   row.words.begin() + static_cast<std::ptrdiff_t>(cell.last) + 1);
+            }
+        }
+        break;
+    }
+    return words;
+}
+
 bool isBarred(const Row& row, const Wanted& wanted, bool isRecognised) {
     const bool isNotOpening =
         std::ranges::find(wanted.notMeant, Concept::opening) != wanted.notMeant.end();

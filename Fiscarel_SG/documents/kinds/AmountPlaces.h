@@ -27,6 +27,9 @@ std::optional<std::size_t> productOf(const Row& row, const std::vector<Decimal>&
 /// make it something else are not looked at.
 std::vector<LabelPlace> placesIn(const Row& row, const Wanted& wanted, bool isRecognised);
 
+/// The words of the cell above an amount, in the nearest row of words only that has several cells.
+Row headingOver(const PageRows& page, std::size_t at, const RowAmount& amount);
+
 /// Whether a row has words that bar it, or tells of the first day of a year where the last is
 /// wanted.
 bool isBarred(const Row& row, const Wanted& wanted, bool isRecognised);

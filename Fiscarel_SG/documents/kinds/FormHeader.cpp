@@ -245,9 +245,16 @@ void readRemarks(const PageRows& page, SalaryForm& form) {
 } // namespace
 
 std::string socialSecurityNumberIn(const Row& row) {
-    const auto found = std::ranges::find_if(
-        row.words, [](const RowWord& word) { return isSocialSecurityNumber(word.text); });
-    return found == row.words.end() ? std::string() : found->text;
+    for (const RowWord& word : row.words) {
+        std::string_view text = word.text;
+        while (!text.empty() && std::string_view(",;.)").find(text.back()) != text.npos) {
+            text.remove_suffix(1);
+        }
+        if (isSocialSecurityNumber(text)) {
+            return std::string(text);
+        }
+    }
+    return {};
 }
 
 void readFormHeader(const PageRows& page, double bodyTop, SalaryForm& form) {

@@ -28,6 +28,9 @@ struct KindContext {
 
 /// Pillar 3a, buy-ins, premiums, life insurances and valuations: amounts by their labels.
 void proposeLabelled(const KindContext& context, ProposalDraft& draft);
+/// A paper on several life insurances: each a record, without those of tied provision, which are no
+/// taxable wealth. False when it is not about several.
+bool proposePolicies(const KindContext& context, ProposalDraft& draft);
 /// Accounts with their balance and interest, and loans.
 void proposeAccounts(const KindContext& context, ProposalDraft& draft);
 /// Bills and receipts: medical costs, day care, courses, donations, repairs.

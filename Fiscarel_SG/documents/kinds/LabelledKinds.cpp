@@ -152,11 +152,6 @@ void proposeField(const KindContext& context, const LabelledField& row, RecordsB
     if (!chosen) {
         return;
     }
-    if (row.record == Record::pension) { // supplements are part of it
-        if (auto total = totalBelow(chosen->found)) {
-            chosen = Chosen{std::move(*total), false};
-        }
-    }
     auto checks = chosen->check ? std::vector{*chosen->check}
                                 : witnessChecks(ranges, row.wanted, chosen->found);
     Evidence evidence = evidenceOf(chosen->found, row.wanted,
@@ -176,17 +171,9 @@ void proposeField(const KindContext& context, const LabelledField& row, RecordsB
               chosen->found.value().abs(), std::move(evidence));
 }
 
-/// Who pays a pension, and whose policy it is.
+/// Whose policy it is.
 void proposeSenders(const KindContext& context, const RecordsByKind& records,
                     ProposalDraft& draft) {
-    if (const auto pension = records.existing(Record::pension)) {
-        draft.add(*pension, "label", context.facts.issuer.text,
-                  {.witness = Witness::position,
-                   .confidence = Confidence::medium,
-                   .reason = "Steht oben auf dem Dokument.",
-                   .page = context.facts.issuer.page,
-                   .box = context.facts.issuer.box});
-    }
     if (const auto policy = records.existing(Record::insurancePolicy)) {
         draft.add(*policy, "company", context.facts.issuer.text,
                   {.witness = Witness::position,

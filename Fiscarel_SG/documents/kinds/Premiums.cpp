@@ -1,4 +1,5 @@
 #include "Fiscarel_SG/documents/kinds/AmountFinder.h"
+#include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/kinds/RecordsByKind.h"
 
 #include <algorithm>
@@ -52,14 +53,14 @@ const Wanted& netPremiums() {
     return wanted;
 }
 const Wanted& reductions() {
-    static const Wanted wanted{{"Prämienverbilligung*", "Individuelle Prämienverbilligung", "IPV",
-                                "Réduction de prime*", "Réduction des primes",
-                                "Riduzione dei premi", "Riduzione individuale*",
-                                "Riduzione del premio", "Subside*", "Verbilligung"},
-                               {"nach", "après", "dopo", "netto", "nettes", "netti"},
-                               true,
-                               {{reduction, premium}, {reduction}},
-                               {other, costSharing}};
+    static const Wanted wanted{
+        {"Prämienverbilligung*", "Individuelle Prämienverbilligung", "IPV", "Réduction de prime*",
+         "Réduction des primes", "Riduzione dei premi", "Riduzione individuale*",
+         "Réduction individuelle*", "Riduzione del premio", "Subside*", "Verbilligung*"},
+        {"nach", "après", "dopo", "netto", "net", "netti", "nette", "nettes"},
+        true,
+        {{reduction, total}, {reduction, premium}, {reduction}},
+        {other, costSharing, benefit}};
     return wanted;
 }
 /// Premiums by law.
@@ -146,34 +147,215 @@ bool isPremium(const std::vector<RowRange>& ranges, const Decimal& value) {
     return false;
 }
 
-} // namespace
+bool differ(const std::vector<FoundAmount>& found) {
+    return std::ranges::any_of(found, [&](const FoundAmount& one) {
+        return one.value().abs() != found.front().value().abs();
+    });
+}
 
-void proposePremiums(const KindContext& context, RecordsByKind& records, ProposalDraft& draft) {
-    const auto ranges = wholeDocument(context.document);
-    auto gross = findLast(ranges, grossPremiums());
-    if (gross) {
-        takeWholeOfRow(*gross);
-    }
-    const auto single = findSingles(ranges);
+Decimal sumOf(const std::vector<FoundAmount>& found) {
     Decimal sum;
-    for (const FoundAmount& one : single) {
-        sum = sum + one.value();
+    for (const FoundAmount& one : found) {
+        sum = sum + one.value().abs();
     }
-    for (const FoundAmount& one : single) {
-        if (single.size() > 2 && one.value() + one.value() == sum) {
-            sum = one.value(); // the total of the others, by another word
-            break;
+    return sum;
+}
+
+/// Where an amount is printed.
+std::optional<FoundAmount> printedAt(const std::vector<RowRange>& ranges, const Decimal& value) {
+    for (const RowRange& range : ranges) {
+        for (std::size_t at = range.first; at < range.end; ++at) {
+            const Row& row = range.page->rows[at];
+            for (const RowAmount& amount : row.amounts) {
+                if (amount.amount.isFirm() && amount.amount.value == value) {
+                    const std::size_t last = amount.first == 0 ? 0 : amount.first - 1;
+                    return FoundAmount{.page = range.page,
+                                       .row = at,
+                                       .amount = amount,
+                                       .label = textBetween(row, 0, last)};
+                }
+            }
         }
     }
+    return std::nullopt;
+}
+
+ProposalCheck togetherCheck(const Decimal& sum) {
+    return {"Die Beträge aller Personen ergeben zusammen " + shown(sum), true};
+}
+
+/// The one of several amounts that holds the others: those of each person, or of each and their
+/// parts; else the printed sum of all.
+std::optional<FoundAmount> wholeOf(const std::vector<RowRange>& ranges,
+                                   const std::vector<FoundAmount>& found) {
+    const Decimal sum = sumOf(found);
+    for (const FoundAmount& one : found) {
+        const Decimal value = one.value().abs();
+        if (found.size() > 2 && (value * 2 == sum || (found.size() > 4 && value * 3 == sum))) {
+            return one;
+        }
+    }
+    return found.size() > 1 ? printedAt(ranges, sum) : std::nullopt;
+}
+
+/// The amounts for every wording of what is wanted, each once.
+std::vector<FoundAmount> findAll(const std::vector<RowRange>& ranges, const Wanted& wanted) {
+    std::vector<FoundAmount> all;
+    const auto take = [&](const Wanted& one) {
+        for (FoundAmount& found : findAmounts(ranges, one)) {
+            const bool isKnown = std::ranges::any_of(all, [&](const FoundAmount& other) {
+                return other.page == found.page && other.row == found.row
+                       && other.amount.first == found.amount.first;
+            });
+            if (!isKnown && found.value().abs() >= 1) {
+                all.push_back(std::move(found));
+            }
+        }
+    };
+    Wanted one = wanted;
+    one.meanings.clear();
+    for (const Label& label : wanted.labels) {
+        one.labels = {label};
+        take(one);
+    }
+    one.labels.clear();
+    one.meanings = wanted.meanings;
+    take(one);
+    return all;
+}
+
+/// Gross, reduction and net as columns of a row.
+struct PremiumRow {
+    FoundAmount gross;
+    FoundAmount reduction;
+    std::vector<ProposalCheck> checks;
+};
+
+/// The last row whose columns are headed reduction and net, where gross − reduction = net: that of
+/// all people, if its column adds up.
+std::optional<PremiumRow> findPremiumRow(const std::vector<RowRange>& ranges) {
+    std::optional<PremiumRow> last;
+    for (const RowRange& range : ranges) {
+        for (std::size_t at = range.first; range.page->number != 0 && at < range.end; ++at) {
+            const auto& amounts = range.page->rows[at].amounts;
+            const auto isUnder = [&](const RowAmount& amount, Concept meant) {
+                return namesAny(headingOver(*range.page, at, amount), {meant},
+                                range.page->isRecognised);
+            };
+            for (std::size_t i = 0; i + 2 < amounts.size(); ++i) {
+                const RowAmount& taken = amounts[i + 1];
+                const bool isRow = amounts[i].amount.value - taken.amount.value.abs()
+                                       == amounts[i + 2].amount.value
+                                   && taken.amount.isFirm() && isUnder(taken, reduction)
+                                   && isUnder(amounts[i + 2], net);
+                if (isRow) {
+                    const FoundAmount whole{
+                        .page = range.page, .row = at, .amount = amounts[i], .label = "Brutto"};
+                    FoundAmount part = whole;
+                    part.amount = taken;
+                    part.label = "Verbilligung";
+                    last = PremiumRow{whole, part, {}};
+                    last->checks.push_back({"Prämien − Verbilligung: " + shown(whole.value())
+                                                + " − " + shown(part.value().abs()) + " = "
+                                                + shown(amounts[i + 2].amount.value),
+                                            true});
+                }
+            }
+        }
+    }
+    return last;
+}
+
+/// Proposes from a table with premium, reduction and net as columns.
+bool proposeTable(const KindContext& context, RecordsByKind& records, ProposalDraft& draft) {
+    const auto row = findPremiumRow(wholeDocument(context.document));
+    if (!row) {
+        return false;
+    }
+    const int record = records.of(Record::householdDeductions, row->gross.page->number);
+    draft.add(record, "healthInsurancePremiums", row->gross.value(),
+              evidenceOf(row->gross, grossPremiums(), context.isKindClear, row->checks));
+    if (row->reduction.value().abs() >= 1) {
+        draft.add(record, "premiumReduction", row->reduction.value().abs(),
+                  evidenceOf(row->reduction, reductions(), context.isKindClear, row->checks));
+    }
+    return true;
+}
+
+/// What was taken off the premiums: of all people together.
+void proposeReduction(const KindContext& context, RecordsByKind& records, ProposalDraft& draft) {
+    const auto ranges = wholeDocument(context.document);
+    auto found = findAmounts(ranges, reductions());
+    std::erase_if(found, [](const FoundAmount& one) { return one.value().abs() < 1; });
+    if (found.empty()) {
+        return;
+    }
+    FoundAmount chosen = found.back();
+    const auto all = findAll(ranges, reductions());
+    const auto whole = differ(all) ? wholeOf(ranges, all) : std::nullopt;
+    const auto summed = std::ranges::find_if(
+        found, [](const FoundAmount& one) { return columnCheck(one).has_value(); });
+    const bool isDisputed = !whole && summed == found.end() && differ(found);
+    chosen = whole ? *whole : summed != found.end() ? *summed : chosen;
+    auto checks = witnessChecks(ranges, reductions(), chosen);
+    if (whole) {
+        checks.push_back(togetherCheck(chosen.value().abs()));
+    }
+    Evidence evidence =
+        evidenceOf(chosen, reductions(), context.isKindClear && !isDisputed, std::move(checks));
+    if (isDisputed) {
+        evidence.confidence = Confidence::low;
+        evidence.reason += " An anderen Stellen steht ein anderer Betrag.";
+    }
+    draft.add(records.of(Record::householdDeductions, chosen.page->number), "premiumReduction",
+              chosen.value().abs(), std::move(evidence));
+}
+
+/// A total of the premiums by its words; false where there is none.
+bool proposeTotal(const KindContext& context, RecordsByKind& records, ProposalDraft& draft,
+                  const std::vector<FoundAmount>& single, const Decimal& sum) {
+    const auto ranges = wholeDocument(context.document);
+    auto totals = findAmounts(ranges, grossPremiums());
+    std::erase_if(totals, [](const FoundAmount& one) { return one.value() < 1; });
+    if (totals.empty()) {
+        return false;
+    }
+    FoundAmount gross = totals.back();
+    takeWholeOfRow(gross);
+    const bool areSeveral = differ(totals) && !single.empty();
+    const auto whole = differ(totals) ? wholeOf(ranges, totals) : std::nullopt;
+    gross = whole ? *whole : gross;
     // A total that the reduction is taken off already is not what was to be paid before it.
     const auto reduced = findLast(ranges, reductions());
-    const bool isNet =
-        gross && reduced && single.size() > 1 && gross->value() + reduced->value().abs() == sum;
-    if (gross && gross->value() >= 1 && !isNet) {
-        draft.add(records.of(Record::householdDeductions, gross->page->number),
-                  "healthInsurancePremiums", gross->value(),
-                  evidenceOf(*gross, grossPremiums(), context.isKindClear,
-                             premiumChecks(ranges, *gross)));
+    if (reduced && single.size() > 1 && gross.value() + reduced->value().abs() == sum) {
+        return false;
+    }
+    auto checks = premiumChecks(ranges, gross);
+    if (whole) {
+        checks.push_back(togetherCheck(gross.value()));
+    }
+    Evidence evidence = evidenceOf(gross, grossPremiums(), context.isKindClear, std::move(checks));
+    if (areSeveral && !whole) {
+        evidence.confidence = Confidence::low;
+        evidence.reason += " An anderen Stellen steht ein anderer Betrag.";
+    }
+    draft.add(records.of(Record::householdDeductions, gross.page->number),
+              "healthInsurancePremiums", gross.value(), std::move(evidence));
+    return true;
+}
+
+/// The premiums before what is taken off.
+void proposeGross(const KindContext& context, RecordsByKind& records, ProposalDraft& draft) {
+    const auto ranges = wholeDocument(context.document);
+    const auto single = findSingles(ranges);
+    Decimal sum = sumOf(single);
+    const auto whole = single.size() > 2 ? wholeOf(ranges, single) : std::nullopt;
+    const bool isAmong = whole && std::ranges::any_of(single, [&](const FoundAmount& one) {
+                             return one.page == whole->page && one.row == whole->row
+                                    && one.amount.first == whole->amount.first;
+                         });
+    sum = isAmong ? whole->value() : sum; // the total of the others, by another word
+    if (proposeTotal(context, records, draft, single, sum)) {
         return;
     }
     // Without such a total the single premiums are added up.
@@ -191,12 +373,24 @@ void proposePremiums(const KindContext& context, RecordsByKind& records, Proposa
         return;
     }
     Evidence evidence = evidenceOf(single.back(), singlePremiums().back(), context.isKindClear);
-    if (single.size() > 1) {
+    if (whole) {
+        evidence = evidenceOf(*whole, singlePremiums().back(), context.isKindClear,
+                              {togetherCheck(whole->value())});
+    } else if (single.size() > 1) {
         evidence.reason = "Summe der einzelnen Prämien.";
         evidence.confidence = Confidence::low;
     }
     draft.add(records.of(Record::householdDeductions, single.back().page->number),
               "healthInsurancePremiums", sum, std::move(evidence));
+}
+
+} // namespace
+
+void proposePremiums(const KindContext& context, RecordsByKind& records, ProposalDraft& draft) {
+    if (!proposeTable(context, records, draft)) {
+        proposeGross(context, records, draft);
+        proposeReduction(context, records, draft);
+    }
 }
 
 /// What the insured paid themselves is a cost of illness.

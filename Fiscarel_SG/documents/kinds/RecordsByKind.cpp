@@ -32,7 +32,7 @@ int RecordsByKind::of(ProposedRecord::Kind kind, int page) {
     if (known != indices_.end()) {
         return known->second;
     }
-    std::string title = kind == ProposedRecord::Kind::pension ? "Rente" : titleOf(context_.kind);
+    std::string title = titleOf(context_.kind);
     if (!context_.facts.issuer.text.empty() && kind != ProposedRecord::Kind::realEstate) {
         title += ' ' + context_.facts.issuer.text;
     }

@@ -18,6 +18,7 @@ struct SalaryForm {
     bool isLiechtenstein = false; ///< the principality's certificate, which numbers its boxes anew
     bool isPension = false;
     bool isMarked = false;                ///< a cross says which of both it is
+    bool isGuess = false;                 ///< what a deduction is, its words do not say
     std::map<SalaryBox, RowAmount> boxes; ///< empty boxes are missing
     std::optional<taxcore::Date> from;
     std::optional<taxcore::Date> to;
@@ -47,10 +48,11 @@ std::optional<ProposalCheck> netSalaryCheck(const std::optional<Decimal>& gross,
 /// Whether the boxes of a certificate with deductions add up.
 bool isProven(const SalaryForm& form);
 
-/// A certificate that has not the form's layout: amounts by the meaning of their labels, in a list
-/// or in sentences. Of several amounts for a box those count that add up. Absent without a gross
-/// and a net wage.
-std::optional<SalaryForm> readSalaryList(const DocumentRows& document);
+/// Certificates that have not the form's layout: amounts by the meaning of their labels, in a list
+/// or in sentences. Of several amounts for a box those count that add up, at last all that stand
+/// between the gross and the net wage. More than one where a paper states several wages, each
+/// under a heading of its own; none without a gross and a net wage.
+std::vector<SalaryForm> readSalaryLists(const DocumentRows& document);
 
 /// Proposes a certificate from the places of its amounts alone.
 void proposeSalaryForm(const SalaryForm& form, ProposalDraft& draft);

@@ -1,5 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/AmountFinder.h"
+#include "Fiscarel_SG/documents/kinds/DocumentFacts.h"
 #include "Fiscarel_SG/documents/kinds/FormHeader.h"
+#include "Fiscarel_SG/documents/kinds/People.h"
 #include "Fiscarel_SG/documents/kinds/SalaryForm.h"
 
 #include <algorithm>
@@ -39,14 +41,14 @@ const std::array<BoxWords, 5>& boxWords() {
                  {{}, employers, true, {{net, wage}, {net}}, {gross, other, pension}}},
         BoxWords{SalaryBox::buyIn, {{}, employers, true, {{buyIn}}, {possible}}},
         BoxWords{SalaryBox::social,
-                 {{}, employers, true, {{social, total}, {social}}, {gross, net, buyIn, pension}}},
+                 {{}, employers, true, {{social, total}, {social}}, {gross, net, buyIn}}},
         BoxWords{SalaryBox::pensionFund,
                  {{},
                   employers,
                   true,
                   {{occupational, total}, {occupational}, {ordinary}},
-                  {gross, net, buyIn, social, pension}},
-                 {"*vorsorge*", "PK", "PK-*", "prévoyance*", "previdenza*", "Altersvorsorge*"}},
+                  {gross, net, buyIn, social}},
+                 {"*vorsorge*", "PK", "PK-*", "*pension*", "prévoyance*", "previdenza*"}},
     };
     return rows;
 }
@@ -169,6 +171,232 @@ bool isLiechtenstein(const DocumentRows& document) {
     return isAnyIn(document.folded, names);
 }
 
+/// What is taken off between a gross and a net wage, row by row.
+class Deductions {
+  public:
+    Deductions(const FoundAmount& gross, const FoundAmount& net) {
+        const PageRows& page = *gross.page;
+        for (std::size_t at = gross.row + 1; at < net.row; ++at) {
+            const Row& row = page.rows[at];
+            if (!row.amounts.empty() && row.amounts.back().amount.isFirm()) {
+                take(row, row.amounts.back(), page.isRecognised);
+            }
+        }
+    }
+
+    Decimal sum() const {
+        Decimal all;
+        for (const Part& part : parts_) {
+            all = all + part.amount.amount.value;
+        }
+        return all;
+    }
+
+    /// Interest less withholding tax leaves a net amount too.
+    bool areOfWage() const { return std::ranges::any_of(parts_, &Part::isNamed); }
+
+    /// Puts them to their boxes, those of a box together.
+    void fill(SalaryForm& form) const {
+        for (const Part& part : parts_) {
+            const auto [box, isNew] = form.boxes.emplace(part.box, part.amount);
+            if (!isNew) {
+                Decimal& value = box->second.amount.value;
+                value = value + part.amount.amount.value;
+            }
+            form.isGuess |= !part.isNamed;
+        }
+    }
+
+  private:
+    struct Part {
+        SalaryBox box = SalaryBox::social;
+        RowAmount amount;
+        bool isNamed = false; ///< its words say which box it belongs to
+    };
+
+    void take(const Row& row, RowAmount amount, bool isRecognised) {
+        amount.amount.value = amount.amount.value.abs();
+        // A subtotal stands for the rows that it adds up.
+        Decimal sum;
+        for (std::size_t first = parts_.size(); first-- > 0;) {
+            sum = sum + parts_[first].amount.amount.value;
+            if (parts_.size() - first >= 2 && sum == amount.amount.value) {
+                parts_.resize(first);
+                break;
+            }
+        }
+        Part part{.amount = std::move(amount)};
+        for (const std::size_t box : {2U, 4U, 3U}) { // buy-in, pension fund, social insurances
+            const BoxWords& words = boxWords()[box];
+            const Meaning& last = words.wanted.meanings.back();
+            const bool isNamed = findLabel(row, words.vague, isRecognised)
+                                 || findMeaning(row, words.wanted.meanings.front(), isRecognised)
+                                 || findMeaning(row, last, isRecognised)
+                                 || (box == 4 && namesAny(row, {occupational}, isRecognised));
+            if (isNamed) {
+                part.box = words.box;
+                part.isNamed = true;
+                break;
+            }
+        }
+        parts_.push_back(std::move(part));
+    }
+
+    std::vector<Part> parts_;
+};
+
+/// A wage whose rows between gross and net take off exactly what lies between the two.
+std::optional<SalaryForm> readRun(const Candidates& grosses, const Candidates& nets) {
+    for (const auto& gross : grosses) {
+        for (const auto& net : nets) {
+            if (gross->page != net->page || net->row <= gross->row) {
+                continue;
+            }
+            const Deductions deductions(*gross, *net);
+            if (!deductions.areOfWage() || deductions.sum() < 1
+                || valueOf(gross) - deductions.sum() != valueOf(net)) {
+                continue;
+            }
+            SalaryForm form{.page = gross->page};
+            form.boxes[SalaryBox::gross] = gross->amount;
+            form.boxes[SalaryBox::net] = net->amount;
+            deductions.fill(form);
+            return form;
+        }
+    }
+    return std::nullopt;
+}
+
+/// A wage of some rows, without what its heading tells.
+std::optional<SalaryForm> readAmounts(const std::vector<RowRange>& ranges) {
+    Table table;
+    for (std::size_t box = 0; box < table.size(); ++box) {
+        table[box] = candidatesOf(ranges, boxWords()[box]);
+    }
+    if (table[0].empty() || table[1].empty()) {
+        return std::nullopt;
+    }
+    const Choice choice = Search(table).run();
+    if (!choice.isProven) {
+        if (auto form = readRun(table[0], table[1])) {
+            return form;
+        }
+    }
+    SalaryForm form{.page = choice.boxes[0]->page};
+    for (std::size_t box = 0; box < choice.boxes.size(); ++box) {
+        if (const auto& found = choice.boxes[box]; found && found->page == form.page) {
+            form.boxes[boxWords()[box].box] = found->amount;
+            form.boxes[boxWords()[box].box].amount.value = found->value().abs();
+        }
+    }
+    return form;
+}
+
+double topOf(const SalaryForm& form) {
+    double top = form.page->height;
+    for (const auto& [box, amount] : form.boxes) {
+        top = std::min(top, amount.place.top);
+    }
+    return top;
+}
+
+/// Several wages below one another, each with a heading that tells whose or whence it is.
+class SalaryBlocks {
+  public:
+    explicit SalaryBlocks(const DocumentRows& document)
+        : document_(document), facts_(readFacts(document)), people_(document) {}
+
+    std::vector<SalaryForm> read() const {
+        static const Wanted wages{{},
+                                  {"Arbeitgeber*", "employeur", "datore"},
+                                  true,
+                                  {{gross, wage}, {gross, total}, {gross}},
+                                  {net, other, pension}};
+        std::vector<SalaryForm> forms;
+        const PageRows* page = nullptr;
+        std::size_t heading = 0;
+        const auto starts = findAmounts(wholeDocument(document_), wages);
+        for (std::size_t i = 0; starts.size() > 1 && i < starts.size(); ++i) {
+            const FoundAmount& start = starts[i];
+            const bool isLast = i + 1 == starts.size() || starts[i + 1].page != start.page;
+            const std::size_t end = isLast ? start.page->rows.size() : starts[i + 1].row;
+            heading = start.page == page ? heading : 0;
+            page = start.page;
+            auto form = readAmounts({{start.page, start.row, end}});
+            if (!form || !isProven(*form) || !readHeading(heading, start.row, *form)) {
+                return {};
+            }
+            while (heading < end && page->rows[heading].top < bottomOf(*form)) {
+                ++heading;
+            }
+            forms.push_back(std::move(*form));
+        }
+        return isWithoutTotal(forms) ? forms : std::vector<SalaryForm>();
+    }
+
+  private:
+    static double bottomOf(const SalaryForm& form) {
+        double bottom = 0;
+        for (const auto& [box, amount] : form.boxes) {
+            bottom = std::max(bottom, amount.place.bottom);
+        }
+        return bottom;
+    }
+
+    /// Parts of one wage are followed by their total.
+    static bool isWithoutTotal(const std::vector<SalaryForm>& forms) {
+        Decimal sum;
+        for (const SalaryForm& form : forms) {
+            sum = sum + form.value(SalaryBox::gross).value_or(Decimal());
+        }
+        return forms.size() > 1
+               && forms.back().value(SalaryBox::gross).value_or(Decimal()) * 2 != sum;
+    }
+
+    /// What the rows above a wage tell; false when they name neither a person nor an employer.
+    bool readHeading(std::size_t first, std::size_t end, SalaryForm& form) const {
+        PageRows heading = *form.page;
+        heading.rows.assign(form.page->rows.begin() + static_cast<std::ptrdiff_t>(first),
+                            form.page->rows.begin() + static_cast<std::ptrdiff_t>(end));
+        readFormHeader(heading, form.page->rows[end].top, form);
+        form.isPension = false;
+        form.isLiechtenstein = isLiechtenstein(document_);
+        form.year = facts_.year;
+        form.person.clear();
+        for (const Row& row : heading.rows) {
+            for (const NamedPerson& named : people_.in(row)) {
+                form.person = named.name;
+            }
+            readEmployer(row, form);
+        }
+        const bool isNamed = !form.person.empty() || !form.employer.empty();
+        form.person = form.person.empty() ? facts_.person.text : form.person;
+        return isNamed || form.birthDate || !form.socialSecurityNumber.empty();
+    }
+
+    /// The first cell of a row with words only, the last such row above the wage being its own.
+    void readEmployer(const Row& row, SalaryForm& form) const {
+        const auto cells = cellsOf(row);
+        if (cells.empty() || !row.amounts.empty()) {
+            return;
+        }
+        const std::string text = textBetween(row, cells.front().first, cells.front().last);
+        const auto named = people_.in(row);
+        const bool isPerson = !named.empty() && named.front().first <= cells.front().last;
+        static const Labels months{"Januar",   "Februar",  "März",   "April",     "Mai",
+                                   "Juni",     "Juli",     "August", "September", "Oktober",
+                                   "November", "Dezember", "Monat",  "mois",      "mese"};
+        if (!isPerson && text.size() > 4 && text.find_first_of("0123456789:") == text.npos
+            && startsWithCapital(text) && !isAnyIn(row.folded, months)) {
+            form.employer = text;
+        }
+    }
+
+    const DocumentRows& document_;
+    DocumentFacts facts_;
+    People people_;
+};
+
 } // namespace
 
 bool isProven(const SalaryForm& form) {
@@ -180,27 +408,17 @@ bool isProven(const SalaryForm& form) {
     return check && check->passed && deductions >= 1;
 }
 
-std::optional<SalaryForm> readSalaryList(const DocumentRows& document) {
-    const auto ranges = wholeDocument(document);
-    Table table;
-    for (std::size_t box = 0; box < table.size(); ++box) {
-        table[box] = candidatesOf(ranges, boxWords()[box]);
+std::vector<SalaryForm> readSalaryLists(const DocumentRows& document) {
+    if (auto blocks = SalaryBlocks(document).read(); !blocks.empty()) {
+        return blocks;
     }
-    if (table[0].empty() || table[1].empty()) {
-        return std::nullopt;
+    auto form = readAmounts(wholeDocument(document));
+    if (!form) {
+        return {};
     }
-    const Choice choice = Search(std::move(table)).run();
-    SalaryForm form{.page = choice.boxes[0]->page, .isLiechtenstein = isLiechtenstein(document)};
-    double top = choice.boxes[0]->rowOf().top;
-    for (std::size_t box = 0; box < choice.boxes.size(); ++box) {
-        if (const auto& found = choice.boxes[box]; found && found->page == form.page) {
-            form.boxes[boxWords()[box].box] = found->amount;
-            form.boxes[boxWords()[box].box].amount.value = found->value().abs();
-            top = std::min(top, found->rowOf().top);
-        }
-    }
-    readFormHeader(*form.page, top, form);
-    return form;
+    form->isLiechtenstein = isLiechtenstein(document);
+    readFormHeader(*form->page, topOf(*form), *form);
+    return {std::move(*form)};
 }
 
 } // namespace fiscarel

@@ -42,9 +42,10 @@ Evidence evidenceOf(const SalaryForm& form, const RowAmount& amount, const std::
                     const std::optional<ProposalCheck>& check) {
     const bool isProven = check && check->passed;
     Evidence evidence{.witness = Witness::position,
-                      .confidence = isProven && (form.isMarked || hasDeductions(form))
-                                        ? Confidence::high
-                                        : Confidence::medium,
+                      .confidence =
+                          isProven && !form.isGuess && (form.isMarked || hasDeductions(form))
+                              ? Confidence::high
+                              : Confidence::medium,
                       .reason = "Der Betrag steht auf der Zeile von Ziffer "
                                 + (form.isLiechtenstein ? foreignNumber(number) : number),
                       .page = form.page->number,
