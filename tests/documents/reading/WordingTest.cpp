@@ -337,6 +337,13 @@ ScanResult proposedFor(const std::vector<Line>& lines) {
 std::vector<Wording> sums() {
     using enum Kind;
     return {
+        {kinderbetreuung,
+         "childcareCosts",
+         "700",
+         {{"Kita Muster"},
+          {"Betreuungskosten 2024"},
+          {"Steuerbares Vermögen CHF 114'000.00 gemäss letzter Veranlagung"},
+          {"Elternbeitrag bezahlt", "700.00"}}},
         {liegenschaft,
          "actualMaintenanceCosts",
          "1081",
