@@ -169,8 +169,8 @@ KindVerdict verdictOf(const DocumentRows& document, const std::vector<SalaryForm
     if (isNothing && isRepairBill(document)) {
         return {.kind = Kind::liegenschaft};
     }
-    if (verdict.kind != Kind::bankauszug && verdict.kind != Kind::steuerauszug
-        && listsSecurities(document)) {
+    if (!verdict.isClear && verdict.kind != Kind::bankauszug && verdict.kind != Kind::steuerauszug
+        && forms.empty() && listsSecurities(document)) {
         return {.kind = Kind::steuerauszug, .isClear = true};
     }
     const bool isUnlikely =

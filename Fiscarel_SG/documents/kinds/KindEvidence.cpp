@@ -45,10 +45,10 @@ std::string titleWords(const DocumentRows& document) {
 int exclusionWeight(const std::string& title, const std::string& all) {
     int weight = 0;
     for (const KindExclusion& exclusion : kindExclusions()) {
-        const bool holds = isAnyIn(title, exclusion.all.front())
-                           && std::ranges::all_of(exclusion.all, [&](const Labels& words) {
-                                  return isAnyIn(all, words);
-                              });
+        const bool holds =
+            isAnyIn(title, exclusion.all.front()) && !isAnyIn(title, exclusion.unless)
+            && std::ranges::all_of(exclusion.all,
+                                   [&](const Labels& words) { return isAnyIn(all, words); });
         weight = std::max(weight, holds ? exclusion.weight : 0);
     }
     return weight;

@@ -389,7 +389,10 @@ const std::vector<KindExclusion>& kindExclusions() {
            "Kirchensteuer*", "Bundessteuer*", "Steuerbetrag", "Revenu imposable", "impôt cantonal*",
            "impôt communal", "impôt fédéral direct", "impôts cantonaux", "Reddito imponibile",
            "imposta cantonale", "imposta comunale", "imposta federale diretta"}},
-         30},
+         30,
+         // "Lohnausweis für die Staatssteuern 2024": a paper made for the return.
+         {"*ausweis", "*ausweise", "*bescheinigung*", "*bestätigung*", "Auszug", "Certificat*",
+          "Attestation*", "Certificato*", "Attestato*", "Attestazione*"}},
         {{{"Lohnabrechnung", "Salärabrechnung", "Gehaltsabrechnung", "Décompte de salaire",
            "Fiche de salaire", "Bulletin de salaire", "Conteggio dello stipendio", "Busta paga",
            "Payslip"},

@@ -29,6 +29,7 @@ const std::vector<KindWords>& kindWordsOfBills();
 struct KindExclusion {
     std::vector<Labels> all;
     int weight = 0;
+    Labels unless = {}; ///< with one of these in the title it is none
 };
 
 /// Annexes on employee shares, tax returns, payslips, offers, shop receipts.
