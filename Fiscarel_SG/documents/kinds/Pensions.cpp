@@ -130,7 +130,8 @@ class PensionPaper {
             const int record = addRecord(*amount, person.name);
             draft_.record(record).birthDate = person.birthDate;
             draft_.record(record).socialSecurityNumber.clear();
-            put(record, *amount, amount->isProven() || amount->isPart);
+            put(record, *amount,
+                amount->isProven() || amount->isPart ? Confidence::high : Confidence::medium);
         }
         return true;
     }
@@ -160,18 +161,22 @@ class PensionPaper {
         if (best == nullptr) {
             return false;
         }
-        if (const PensionAmount* more = largerThan(*best)) {
-            best = more;
-            isDisputed = true;
-        }
-        put(addRecord(*best, {}), *best, !isDisputed && saysWhatItIs(*best) && !isOfCouple(*best));
+        static const std::vector<Concept> whole{paid, total};
+        const PensionAmount* more = largerThan(*best, whole);
+        best = more != nullptr ? more : best;
+        const bool isSure = !largerThan(*best, {pension}) && more == nullptr && !isDisputed
+                            && saysWhatItIs(*best) && !isOfCouple(*best);
+        put(addRecord(*best, {}), *best,
+            isSure                                            ? Confidence::high
+            : more == nullptr && largerThan(*best, {pension}) ? Confidence::low
+                                                              : Confidence::medium);
         return true;
     }
 
-    /// What some months prove may be a part of the year: then a larger amount counts that is said
-    /// to be paid or the total.
-    const PensionAmount* largerThan(const PensionAmount& proven) const {
-        static const std::vector<Concept> concepts{paid, total};
+    /// What some months prove may be a part of the year: then a larger amount counts that says
+    /// so.
+    const PensionAmount* largerThan(const PensionAmount& proven,
+                                    const std::vector<Concept>& concepts) const {
         const auto larger = std::ranges::find_if(amounts_, [&](const PensionAmount& one) {
             return one.canBePension() && !one.isProven() && one.found.value() > proven.found.value()
                    && namesAny(one.words, concepts, one.found.page->isRecognised);
@@ -254,16 +259,17 @@ class PensionPaper {
         return draft_.addRecord(std::move(record));
     }
 
-    void put(int record, const PensionAmount& one, bool isSure) {
+    void put(int record, const PensionAmount& one, Confidence most) {
         FoundAmount found = one.found;
         found.isBelow = false;
         const bool isFirst = found.amount.first == 0;
         found.label = isFirst ? one.words.words.empty() ? std::string() : one.words.words[0].text
                               : textBetween(found.rowOf(), 0, found.amount.first - 1);
         Evidence evidence = evidenceOf(found, pensions(), context_.isKindClear, one.checks);
-        const bool isHigh = isSure && found.page->number != 0 && !found.amount.amount.wasCorrected;
-        evidence.confidence =
-            isHigh ? Confidence::high : std::max(evidence.confidence, Confidence::medium);
+        const bool isFirm = found.page->number != 0 && !found.amount.amount.wasCorrected;
+        evidence.confidence = most == Confidence::high && isFirm
+                                  ? Confidence::high
+                                  : std::max({evidence.confidence, most, Confidence::medium});
         if (one.found.isBelow) {
             evidence.reason = "Steht so im Text.";
         }
