@@ -4,6 +4,7 @@
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
 #include "Fiscarel_SG/documents/kinds/PersonParts.h"
 #include "Fiscarel_SG/documents/kinds/PlainAmount.h"
+#include "Fiscarel_SG/documents/text/FoldedText.h"
 
 #include <algorithm>
 #include <utility>
@@ -123,6 +124,23 @@ class BillMapper {
             proposeWords(payeeName(), false);
         }
         return !parts.empty();
+    }
+
+    /// Whether a paper that does not tell each child's part apart speaks of several.
+    bool mayBeOfSeveral() const {
+        static const Labels several{"Ihre Kinder",  "Ihrer Kinder", "Ihren Kindern", "Eltern von",
+                                    "Kinder",       "Geschwister*", "Kind 2",        "2. Kind",
+                                    "vos enfants",  "enfants",      "fratrie",       "bambini",
+                                    "vostri figli", "figli",        "fratelli"};
+        const auto issuer = foldWords(context_.facts.issuer.text);
+        const auto isTold = [&](const PageRows& page) {
+            return std::ranges::any_of(page.rows, [&](const Row& row) {
+                return isAnyIn(row.folded, several) && !row.folded.starts_with(issuer);
+            });
+        };
+        return People(context_.document).born().size() >= 2
+               || (People(context_.document).born().empty()
+                   && std::ranges::any_of(context_.document.pages, isTold));
     }
 
     /// The only child a paper tells, rather than the parent it is addressed to.
@@ -349,6 +367,10 @@ class BillMapper {
             evidenceOf(*printed_, *wanted_, context_.isKindClear && !isShared_, std::move(checks));
         if (isReminder_ && !isProven) {
             evidence.confidence = Confidence::low;
+        }
+        if (target_.record == Record::child && mayBeOfSeveral()) {
+            evidence.confidence = Confidence::low;
+            evidence.reason += " Das Dokument scheint mehrere Kinder zu betreffen.";
         }
         draft_.add(record_, target_.amount, printed_->value(), std::move(evidence));
     }

@@ -48,13 +48,14 @@ NamedPerson nameFrom(const Row& row, std::size_t first, std::size_t last) {
 /// Words that stand beside names and are written with a capital too.
 const Labels& noNames() {
     static const Labels words{
-        "Für",      "Pour",   "Per",       "Von",          "Ihr*",     "Unser*",  "Votre",
-        "Vostro",   "*kind",  "Kinder",    "Name",         "Vorname",  "Enfant",  "Enfants",
-        "Nom",      "Prénom", "Nome",      "Cognome",      "Herr",     "Frau",    "Madame",
-        "Monsieur", "Signor", "Signora",   "Person",       "Tochter",  "Sohn",    "Bambino",
-        "Bambina",  "Geb",    "Geboren",   "Geburtsdatum", "Total",    "Familie", "Famille",
-        "Famiglia", "Januar", "Februar",   "März",         "April",    "Mai",     "Juni",
-        "Juli",     "August", "September", "Oktober",      "November", "Dezember"};
+        "Geschwister*", "*schwester", "Bruder",  "Zwilling*", "Für",      "Pour",   "Per",
+        "Von",          "Ihr*",       "Unser*",  "Votre",     "Vostro",   "*kind",  "Kinder",
+        "Name",         "Vorname",    "Enfant",  "Enfants",   "Nom",      "Prénom", "Nome",
+        "Cognome",      "Herr",       "Frau",    "Madame",    "Monsieur", "Signor", "Signora",
+        "Person",       "Tochter",    "Sohn",    "Bambino",   "Bambina",  "Geb",    "Geboren",
+        "Geburtsdatum", "Total",      "Familie", "Famille",   "Famiglia", "Januar", "Februar",
+        "März",         "April",      "Mai",     "Juni",      "Juli",     "August", "September",
+        "Oktober",      "November",   "Dezember"};
     return words;
 }
 
@@ -101,12 +102,57 @@ std::optional<Date> dayAt(const Row& row, std::size_t at) {
                : parseDay(row.words[at].text, row.words[at + 1].text, bare(row.words[at + 2].text));
 }
 
+/// The names a list strings together behind a word for several children: "Kinder: Lea, Mia und Noah
+/// Muster". Empty when there are not several.
+std::vector<NamedPerson> listedChildren(const Row& row) {
+    static const Labels words{"Kinder",     "Kindern",     "Eltern von", "Geschwister", "enfants",
+                              "parents de", "genitori di", "bambini",    "figli"};
+    const auto label = findLabel(row, words, false);
+    std::vector<NamedPerson> names;
+    for (std::size_t i = label ? label->last + 1 : row.words.size(); i < row.words.size();) {
+        std::size_t end = i;
+        while (end < row.words.size() && isCapitalised(row.words[end])
+               && !isAnyIn(row.words[end].folded, noNames())
+               && (end == i || !row.words[end - 1].text.ends_with(','))) {
+            ++end;
+        }
+        if (end == i || end - i > 3) {
+            break;
+        }
+        names.push_back(nameFrom(row, i, end - 1));
+        const bool goesOn = row.words[end - 1].text.ends_with(',');
+        const bool isJoined = !goesOn && end < row.words.size() && isJoin(row.words[end]);
+        if (!goesOn && !isJoined) {
+            break;
+        }
+        i = end + (isJoined ? 1 : 0);
+    }
+    return names.size() >= 2 ? names : std::vector<NamedPerson>();
+}
+
+/// The name that is all a row says before its amount.
+std::optional<NamedPerson> nameOfAmount(const Row& row) {
+    const bool isName = row.words.size() >= 3 && row.amounts.size() == 1
+                        && row.amounts[0].amount.isFirm() && row.amounts[0].first >= 2
+                        && row.amounts[0].first <= 3;
+    return isName ? nameAt(row, 0) : std::nullopt;
+}
+
 } // namespace
 
 People::People(const DocumentRows& document) {
+    std::map<std::string, std::set<std::string>> inTables; // first names by family
     for (const PageRows& page : document.pages) {
         for (const Row& row : page.rows) {
             look(row);
+            if (const auto name = nameOfAmount(row)) {
+                inTables[row.words[1].folded].insert(row.words[0].folded);
+            }
+        }
+    }
+    for (const auto& [family, firsts] : inTables) {
+        if (firsts.size() >= 2) { // several of one family
+            families_.insert(family);
         }
     }
 }
@@ -160,6 +206,12 @@ void People::look(const Row& row) {
                 }
             }
         }
+    }
+    for (const NamedPerson& child : listedChildren(row)) {
+        if (child.last > child.first) {
+            families_.insert(row.words[child.last].folded);
+        }
+        born_.emplace(row.words[child.first].folded, child);
     }
     const auto label = findLabel(row, labels, false);
     if (const auto name = label ? nameAt(row, label->last + 1) : std::nullopt) {

@@ -19,17 +19,18 @@ struct NamedPerson {
     std::optional<taxcore::Date> birthDate;
 };
 
-/// The people a document tells: those beside a birth date or a label such as "Kind", two that "und"
-/// joins, and others of the same families.
+/// The people a document tells: those beside a birth date or a label such as "Kind", those listed
+/// behind "Kinder", two that "und" joins, several of one family in a table, and others of the same
+/// families.
 class People {
   public:
     explicit People(const DocumentRows& document);
 
-    /// The people a row names, from left to right. Where several are told with their births, only
-    /// these, and by their first names alone too.
+    /// The people a row names, from left to right. Where several are told as born or as children,
+    /// only these, and by their first names alone too.
     std::vector<NamedPerson> in(const Row& row) const;
 
-    /// Those told with a day of birth, by their first names (folded).
+    /// Those told with a day of birth or as children, by their first names (folded).
     const std::map<std::string, NamedPerson>& born() const { return born_; }
 
   private:
