@@ -166,14 +166,6 @@ class AccountMapper {
         return cells;
     }
 
-    static PageRows withoutRows(const PageRows& page) {
-        return {.number = page.number,
-                .width = page.width,
-                .height = page.height,
-                .isRecognised = page.isRecognised,
-                .slope = page.slope};
-    }
-
     /// The rows below a heading, with the amounts of its column only.
     static PageRows columnOf(const PageRows& page, std::size_t at, const LabelPlace& heading) {
         constexpr std::size_t most = 40; // rows

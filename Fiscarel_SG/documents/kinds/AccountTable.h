@@ -36,11 +36,11 @@ bool namesLastDay(const Row& words);
 struct AccountHeading {
     TableHeading table;
     std::vector<std::optional<Figure>> figures; ///< of each column; absent: it states none
+    /// Of each column: it names no figure, only a day or a payment; empty: none does.
+    std::vector<bool> isPlain;
     bool isOfLoans = false; ///< its amounts are owed, whatever the columns are called
 
     std::size_t row() const { return table.row; }
-    std::vector<bool>
-        isPlain; ///< of each column: it names no figure, only a day or a payment; empty: none
     bool states(Figure figure) const;
     std::size_t count() const; ///< columns that state a figure
 };

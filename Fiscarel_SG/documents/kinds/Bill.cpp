@@ -138,9 +138,8 @@ class BillMapper {
                 return isAnyIn(row.folded, several) && !row.folded.starts_with(issuer);
             });
         };
-        return People(context_.document).born().size() >= 2
-               || (People(context_.document).born().empty()
-                   && std::ranges::any_of(context_.document.pages, isTold));
+        const std::size_t told = People(context_.document).born().size();
+        return told >= 2 || (told == 0 && std::ranges::any_of(context_.document.pages, isTold));
     }
 
     /// The only child a paper tells, rather than the parent it is addressed to.

@@ -7,7 +7,8 @@ namespace fiscarel {
 
 /// Totals as bills and receipts name them, the surest first.
 const Wanted& billTotals();
-/// The part of a total that a paper calls deductible.
+/// The part of a total that a paper calls deductible: care by others without meals and fees (DBG
+/// Art. 33 Abs. 3), what of a training somebody bore (DBG Art. 33 Abs. 1 Bst. j).
 const Wanted& deductibleParts();
 /// What a patient bears, the insurer and the state having paid their parts.
 const Wanted& ownShares();

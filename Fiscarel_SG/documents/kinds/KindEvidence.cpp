@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/DocumentFacts.h"
 #include "Fiscarel_SG/documents/kinds/KindWords.h"
+#include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
 #include "Fiscarel_SG/documents/rows/Vocabulary.h"
 #include "Fiscarel_SG/documents/text/FoldedText.h"
@@ -196,11 +197,6 @@ bool isFromPractice(const DocumentRows& document) {
     return isAnyIn(issuer, careProviders()) && !isAnyIn(issuer, insurers);
 }
 
-bool hasNoAmount(const Row& row) {
-    return std::ranges::none_of(row.amounts,
-                                [](const RowAmount& amount) { return amount.amount.isFirm(); });
-}
-
 /// Numbers of policies look like amounts, but a line goes on behind them.
 bool endsInAmount(const Row& row) {
     return !row.amounts.empty() && row.amounts.back().amount.isFirm()
@@ -311,7 +307,7 @@ bool hasWorkAndMaterial(const DocumentRows& document) {
     const auto isCharged = [&](const Labels& words) {
         return std::ranges::any_of(document.pages, [&](const PageRows& page) {
             return std::ranges::any_of(page.rows, [&](const Row& row) {
-                return !hasNoAmount(row) && isAnyIn(row.folded, words);
+                return hasFirmAmount(row) && isAnyIn(row.folded, words);
             });
         });
     };

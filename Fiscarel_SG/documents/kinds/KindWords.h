@@ -25,14 +25,15 @@ const Labels& careProviders();
 /// Those of bills, donations, day care, courses, policies and valuations among them.
 const std::vector<KindWords>& kindWordsOfBills();
 
-/// Words that make a document none of the kinds: one of each list.
+/// Words that make a document none of the kinds: one of each list, of the first one in the title.
 struct KindExclusion {
     std::vector<Labels> all;
     int weight = 0;
     Labels unless = {}; ///< with one of these in the title it is none
 };
 
-/// Annexes on employee shares, tax returns, payslips, offers, shop receipts.
+/// Annexes on employee shares, tax returns, assessments and tax bills, payslips, offers, shop
+/// receipts.
 const std::vector<KindExclusion>& kindExclusions();
 
 } // namespace fiscarel

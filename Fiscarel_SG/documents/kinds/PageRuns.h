@@ -27,6 +27,7 @@ struct Run {
     std::string folded() const; ///< its words folded, a blank behind each
 };
 
+/// Its words with the place they take; without a box on a page of no size.
 PlacedText placedText(const PageRows& page, const Run& run);
 
 /// The run that begins with a word: up to a gap as wide as between columns.
@@ -34,6 +35,8 @@ Run runFrom(const PageRows& page, const Row& row, std::size_t first);
 /// The run that begins under a left edge, in one of the three rows below.
 std::optional<Run> runBelow(const PageRows& page, std::size_t at, double left);
 
+/// Whether any digit stands in a text, and whether it begins with a capital; an empty one does
+/// neither. Letters beyond ASCII count as capitals.
 bool hasDigit(std::string_view text);
 bool startsWithCapital(std::string_view text);
 

@@ -110,14 +110,6 @@ std::optional<Run> findNamed(const PageRows& page, const Labels& labels, Named n
     return std::nullopt;
 }
 
-PageRows withoutRows(const PageRows& page) {
-    return {.number = page.number,
-            .width = page.width,
-            .height = page.height,
-            .isRecognised = page.isRecognised,
-            .slope = page.slope};
-}
-
 /// The rows of a page up to one that hold no amounts, as the beginning of what is about one parcel.
 PageRows headOf(const PageRows& page, std::size_t end) {
     PageRows head = withoutRows(page);

@@ -326,4 +326,12 @@ std::optional<PageBox> pageBox(const PagePlace& place, const PageRows& page) {
     return PageBox{x, y, part(place.right, page.width) - x, part(place.bottom, page.height) - y};
 }
 
+PageRows withoutRows(const PageRows& page) {
+    return {.number = page.number,
+            .width = page.width,
+            .height = page.height,
+            .isRecognised = page.isRecognised,
+            .slope = page.slope};
+}
+
 } // namespace fiscarel

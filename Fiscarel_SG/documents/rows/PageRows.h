@@ -63,6 +63,9 @@ Row rowOfWords(std::vector<RowWord> words, bool isRecognised);
 /// `number` is 0.
 PageRows rowsOfText(std::string_view text, bool isRecognised);
 
+/// A page of the same number, size and slope that has no rows yet, for a part of it.
+PageRows withoutRows(const PageRows& page);
+
 /// A place on a page as fractions of the page, three decimals; absent for a page without size.
 std::optional<PageBox> pageBox(const PagePlace& place, const PageRows& page);
 
