@@ -6,6 +6,9 @@
 
 namespace corpus {
 
+/// A paper of a kind from one of several senders.
+void issuedBy(Draft& draft, const char* kind, const std::vector<QString>& names);
+
 Facts pillarFacts(Draft& draft);         ///< paid, opening, closing, interest, fee, limit; payments
 Facts pillarCoupleFacts(Draft& draft);   ///< people, each with paid
 Facts pillarBuyInFacts(Draft& draft);    ///< as pillarFacts, with late

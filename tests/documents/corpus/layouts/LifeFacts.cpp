@@ -5,11 +5,6 @@
 namespace corpus {
 namespace {
 
-void issuedBy(Draft& draft, const char* kind, const std::vector<QString>& names) {
-    draft.truth.kind = kind;
-    draft.from(names, names);
-}
-
 TruthRecord costOf(Draft& draft, Cents gross) {
     TruthRecord cost;
     cost.kind = "medicalCost";

@@ -4,12 +4,12 @@
 // Facts of banks, foundations, insurers and pay offices.
 
 namespace corpus {
-namespace {
 
 void issuedBy(Draft& draft, const char* kind, const std::vector<QString>& names) {
     draft.truth.kind = kind;
     draft.from(names, names);
 }
+namespace {
 
 Facts pillar(Draft& draft, bool late) {
     issuedBy(draft, "saeule3a",

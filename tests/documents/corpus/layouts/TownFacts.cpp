@@ -1,5 +1,7 @@
 #include "tests/documents/corpus/layouts/TownFacts.h"
 
+#include "tests/documents/corpus/layouts/Facts.h"
+
 // Facts of day care, of practices and of workshops.
 
 namespace corpus {
@@ -172,8 +174,7 @@ void withTax(Draft& draft, Facts& facts) {
 } // namespace
 
 void sentBy(Draft& draft, const char* kind, const std::vector<QString>& names) {
-    draft.truth.kind = kind;
-    draft.from(names, names);
+    issuedBy(draft, kind, names);
     if (draft.random.chance(35)) {
         draft.money.fraction = AmountStyle::Fraction::hyphen;
         draft.money.currency = draft.one("Fr.|CHF|sFr.|Fr");

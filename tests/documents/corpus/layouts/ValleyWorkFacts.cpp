@@ -1,14 +1,10 @@
+#include "tests/documents/corpus/layouts/Facts.h"
 #include "tests/documents/corpus/layouts/ValleyFacts.h"
 
 // Facts of employers, pensions, insurers and pension funds.
 
 namespace corpus {
 namespace {
-
-void issuedBy(Draft& draft, const char* kind, const std::vector<QString>& names) {
-    draft.truth.kind = kind;
-    draft.from(names, names);
-}
 
 void employer(Draft& draft) {
     issuedBy(
