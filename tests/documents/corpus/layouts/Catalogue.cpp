@@ -10,7 +10,8 @@ std::vector<Layout> layoutsOf(bool held) {
           billPapers(),         donationPapers(),     childcarePapers(),  coursePapers(),
           insurancePapers(),    propertyPapers(),     otherPapers(),      scriptedMoneyPapers(),
           scriptedWorkPapers(), scriptedLifePapers(), townFamilyPapers(), townWealthPapers(),
-          valleyBankPapers(),   valleyWorkPapers(),   valleyLifePapers()}) {
+          valleyBankPapers(),   valleyWorkPapers(),   valleyLifePapers(), alpCarePapers(),
+          alpWealthPapers(),    alpLifePapers()}) {
         for (const Layout& layout : group) {
             if (layout.held == held) {
                 chosen.push_back(layout);

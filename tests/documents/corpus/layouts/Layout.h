@@ -40,6 +40,9 @@ std::vector<Layout> townWealthPapers();
 std::vector<Layout> valleyBankPapers();
 std::vector<Layout> valleyWorkPapers();
 std::vector<Layout> valleyLifePapers();
+std::vector<Layout> alpCarePapers();
+std::vector<Layout> alpWealthPapers();
+std::vector<Layout> alpLifePapers();
 
 /// Every layout of the training set or of the held-out set.
 std::vector<Layout> layoutsOf(bool held);

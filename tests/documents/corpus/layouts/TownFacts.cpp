@@ -11,18 +11,6 @@ const char* const monthNames[] = {"Januar",    "Februar", "März",     "April",
                                   "Mai",       "Juni",    "Juli",     "August",
                                   "September", "Oktober", "November", "Dezember"};
 
-/// So many children of the household, the third invented here.
-std::vector<Someone> childrenOf(Draft& draft, int count) {
-    const Family& family = draft.family;
-    std::vector<Someone> children{family.child, family.secondChild, family.child};
-    children[2].first = draft.t("Elin|Mattea|Ronja|Jael", "Zoé|Manon", "Noemi|Alice");
-    children[2].birth = QDate(draft.random.between(2011, 2020), draft.random.between(1, 12),
-                              draft.random.between(1, 28));
-    children[2].number = randomSocialNumber(draft.random);
-    children.resize(static_cast<size_t>(count));
-    return children;
-}
-
 /// What the Confederation lets deduct per child at the most; printed in many a note.
 Cents federalCap(const Draft& draft) {
     return draft.year < 2023 ? 1010000 : draft.year < 2024 ? 2500000 : 2550000;
@@ -172,6 +160,17 @@ void withTax(Draft& draft, Facts& facts) {
 }
 
 } // namespace
+
+std::vector<Someone> childrenOf(Draft& draft, int count) {
+    const Family& family = draft.family;
+    std::vector<Someone> children{family.child, family.secondChild, family.child};
+    children[2].first = draft.t("Elin|Mattea|Ronja|Jael", "Zoé|Manon", "Noemi|Alice");
+    children[2].birth = QDate(draft.random.between(2011, 2020), draft.random.between(1, 12),
+                              draft.random.between(1, 28));
+    children[2].number = randomSocialNumber(draft.random);
+    children.resize(static_cast<size_t>(count));
+    return children;
+}
 
 void sentBy(Draft& draft, const char* kind, const std::vector<QString>& names) {
     issuedBy(draft, kind, names);

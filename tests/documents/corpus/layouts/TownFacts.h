@@ -11,6 +11,9 @@ namespace corpus {
 /// ("Fr. 1'234.-").
 void sentBy(Draft& draft, const char* kind, const std::vector<QString>& names);
 
+/// So many children of the household, at most three; the third is invented here.
+std::vector<Someone> childrenOf(Draft& draft, int count);
+
 Facts careYearFacts(Draft& draft);     ///< children (three), months; t1…t3, kid1…kid3, total
 Facts carePairFacts(Draft& draft);     ///< the same of two children
 Facts careMealsFacts(Draft& draft);    ///< c1…c12, v1…v12, care, meals, total
