@@ -43,6 +43,10 @@ std::vector<Layout> valleyLifePapers();
 std::vector<Layout> alpCarePapers();
 std::vector<Layout> alpWealthPapers();
 std::vector<Layout> alpLifePapers();
+std::vector<Layout> lakeBankPapers();
+std::vector<Layout> lakeCardPapers();
+std::vector<Layout> lakeHousePapers();
+std::vector<Layout> lakeLetters();
 
 /// Every layout of the training set or of the held-out set.
 std::vector<Layout> layoutsOf(bool held);
