@@ -36,18 +36,18 @@ const std::vector<Sheet> banks{
     {"bank", "l-mixed-griglia", "it", false, lakeMixFacts, R"(
         head 0 one
         title [Attestato di capitale e interessi|Distinta fiscale della relazione] {year}
-        cols 22 62 120r 156r 190r
-        th Relazione ; Prodotto ; [Interessi attivi lordi|Reddito lordo] ; [Interessi passivi|Interessi a debito] ; [Saldo {end}|Stato al {end}]
+        cols 22 58 104r 126r 156r 190r
+        th Relazione ; Prodotto ; [Redditi con IP|Lordo con IP] ; [senza IP|Lordo senza IP] ; [Interessi passivi|Interessi a debito] ; [Saldo {end}|Stato al {end}]
         rule
-        each depots {number} ; {name} ; {interest} ; ; {balance}
-        each loans {number} ; {name} ; ; {interest} ; {-debt}
-        each accounts {number} ; {name} ; {interest} ; ; {balance}
+        each depots {number} ; {name} ; {a?} ; {b?} ; ; {balance}
+        each loans {number} ; {name} ; ; ; {interest} ; {-debt}
+        each accounts {number} ; {name} ; {a?} ; {b?} ; ; {balance}
         rule
         entry Totale averi ; {balance}
         entry Totale debiti ; {-debt}
-        entry [Imposta preventiva dedotta (35 %)|di cui imposta preventiva] ; {tax}
-        entry Redditi con imposta preventiva ; {a}
-        entry Redditi senza imposta preventiva ; {b}
+        entry [Imposta preventiva (IP) dedotta|Imposta preventiva (IP, 35 %)] ; {tax}
+        entry Redditi lordi con IP ; {a}
+        entry Redditi lordi senza IP ; {b}
         small Spese di tenuta conto: {fee!}.)"},
     {"bank", "l-cloture", "fr", false, lakeClosureFacts, R"(
         head 5 one
@@ -126,7 +126,7 @@ const std::vector<Sheet> banks{
         head 3 one
         title [Steuerausweis Hypothek|Hypothekarausweis] {year}
         text Ihre Hypothek wurde am {change} abgelöst und unter neuer Nummer weitergeführt. Für beide Verträge erhalten Sie die Zinsen getrennt.
-        cols 22 58 92r 122r 154r 190r
+        cols 22 44 102r 126r 158r 190r
         th Vertrag ; Zeitraum ; Anfang ; [Veränderung|Abzahlung] ; [Schuldzins|Zins] ; [Schuld {end}|Ende Jahr]
         rule
         tr {old} ; 01.01. bis {change} ; {capital} ; {-redemption} ; {first} ; 0.00
@@ -134,6 +134,17 @@ const std::vector<Sheet> banks{
         rule
         tb Zusammen ; ; ; ; {interest} ; {debt}
         small Bearbeitungsgebühr {charge!} gesondert belastet.)"},
+    {"bank", "l-ipoteche", "it", false, lakeQuartersFacts, R"(
+        head 3 both
+        title [Interessi ipotecari e capitale residuo|Conferma annuale dei crediti ipotecari] {year}
+        per loans
+        bold {name} n. {number}, tasso {rate}
+        below {interest!} ; [Interessi pagati {year}|Interessi addebitati] ; {redemption!} ; Ammortamento ; {debt!} ; [Capitale residuo al {end}|Debito al {end}]
+        rule
+        gap 2
+        endper
+        text [Nel {year} ha pagato interessi per {interest!} su un debito complessivo di {debt!}.|Debito complessivo {debt!}, interessi complessivi {interest!}.]
+        small Interessi maturati ma non ancora scaduti: {accrued!}.)"},
     {"bank", "l-cash-credit", "de", false, lakeCreditFacts, R"(
         head 1 one
         title [Jahresausweis Privatkredit|Konsumkredit: Ausweis für die Steuererklärung] {year}
@@ -201,7 +212,7 @@ const std::vector<Sheet> banks{
     {"bank", "l-minus", "de", false, lakeSignedFacts, R"(
         head 1 one
         title [Kontenübersicht mit Minussaldo|Zins- und Kapitalbestätigung] {year}
-        cols 22 92r 122r 152r 190r
+        cols 22 106r 130r 154r 190r
         th Konto ; Habenzins ; Sollzins ; VSt ; Saldo {end}
         rule
         tr Lohnkonto {number} ; 0.00 ; {owed} ; ; {-debt}
@@ -212,8 +223,8 @@ const std::vector<Sheet> banks{
         head 3 one
         title [Gebühren- und Steuerausweis|Zinsen, Steuern und Gebühren] {year}
         cols 22 112r 152r 190r
+        line {name1}: {number1}   {name2}: {number2}
         th ; {name1} ; {name2} ; Zusammen
-        line IBAN {number1} ({name1}), IBAN {number2} ({name2})
         rule
         tr Kontoführung ; {keeping1} ; {keeping2} ; {keeping}
         tr Karten ; {cards1} ; {cards2} ; {cards}
@@ -250,27 +261,47 @@ const std::vector<Sheet> registers{
         tb Gesamtvermögen ; ; ; 100.0 % ; ; {all}
         entry Erträge mit Verrechnungssteuer ; {a}
         entry Erträge ohne Verrechnungssteuer ; {b})"},
+    {"statement", "l-position-bands", "de", false, lakeClassFacts, R"(
+        head 3 one
+        title [Ihre Anlagen Stück für Stück|Steuerangaben je Anlage] {year}
+        per shares
+        band {name} ; {isin}
+        side Anzahl am {end} ; {count} ; [Steuerwert CHF|Wert CHF] ; {value}
+        side Ertrag brutto mit VSt ; {a?} ; Ertrag brutto ohne VSt ; {b?}
+        endper
+        per funds
+        band {name} ; {isin}
+        side Anzahl am {end} ; {count} ; [Steuerwert CHF|Wert CHF] ; {value}
+        side Ertrag brutto mit VSt ; {a?} ; Ertrag brutto ohne VSt ; {b?}
+        endper
+        per accounts
+        band {name} ; {number}
+        side Verrechnungssteuer ; {tax} ; Saldo CHF ; {balance}
+        side Zins brutto mit VSt ; {a?} ; Zins brutto ohne VSt ; {b?}
+        endper
+        gap 3
+        sum [Vermögen bei uns|Alle Anlagen und Konten], {end} ; {all})"},
     {"statement", "l-moves", "de", false, lakePositionFacts, R"(
         head 5 one
         title [Ertragsaufstellung und Steuerwerte|Steuerreport Wertschriften] {year}
-        cols 22 52 112r 132r 160r 190r
+        cols 22 50 104r 122r 144r 166r 190r
+        th Datum ; Vorgang ; Stück ; Kurs ; [ohne VSt|Ertrag o. VSt] ; [mit VSt|Ertrag m. VSt] ; Steuerwert
+        rule
         per held
         bold {name}, ISIN {isin}
-        tr {paid} ; Dividende / Ausschüttung mit VSt ; ; ; {a?} ;
-        tr {paid} ; Dividende / Ausschüttung ohne VSt ; ; ; {b?} ;
-        tr {end} ; Bestand ; {count} ; {price} ; ; {value}
+        tr {paid} ; [Ausschüttung|Dividende] ; ; ; {b?} ; {a?} ;
+        tr {end} ; Bestand ; {count} ; {price} ; ; ; {value}
         gap 2
         endper
         per sold
         bold {name}, ISIN {isin}
-        tr {paid} ; Dividende / Ausschüttung ohne VSt ; ; ; {b?} ;
-        tr {moved} ; Verkauf, Erlös {proceeds} ; -{count} ; {price} ; ;
-        tr {end} ; Bestand ; 0 ; ; ; 0.00
+        tr {paid} ; [Ausschüttung|Dividende] ; ; ; {b?} ; {a?} ;
+        tr {moved} ; Verkauf, Erlös {proceeds} ; -{count} ; {price} ; ; ;
+        tr {end} ; Bestand ; 0 ; ; ; ; 0.00
         gap 2
         endper
         rule
-        th ; ; ; Ertrag ohne VSt ; Ertrag mit VSt ; Steuerwert
-        tb ; Alle Titel ; ; {b} ; {a} ; {value}
+        tb ; Alle Titel ; ; ; {b} ; {a} ; {value}
         small Depotgebühr {costs!}.)"},
     {"statement", "l-titres", "fr", false, lakePositionFacts, R"(
         head 2 one

@@ -398,7 +398,7 @@ Facts lakeSignedFacts(Draft& draft) {
     const Cents debt = some(draft, 300, 18000);
     facts.amounts = {{"debt", debt},
                      {"owed", points(draft, debt, 600, 1150)},
-                     {"limit", draft.francs(5000, 20000, 5000)}};
+                     {"limit", (debt / 500000 + 1) * 500000}};
     facts.texts["number"] = randomIban(draft.random);
     noteDebt(draft, debt, facts.amounts["owed"]);
     acceptSums(draft);

@@ -32,7 +32,9 @@ void acceptSums(Draft& draft) {
         for (const auto& [field, cents] : values) {
             record.amount(field, cents);
         }
-        draft.truth.accepted.push_back(record);
+        if (!record.values.isEmpty()) {
+            draft.truth.accepted.push_back(record);
+        }
     };
     const Cents value = sumOf("security", "taxValue");
     const Cents with = sumOf("security", "incomeWithWithholding");

@@ -146,7 +146,7 @@ const std::vector<Sheet> properties{
         rule
         tb Total, fällig {due} ; ; {new} ; {premium} ; {guard} ; {sum}
         small Selbstbehalt {retention!} je Ereignis.
-        bill sum {number})"},
+        bill sum {place} {parcel})"},
     {"other", "l-land-tax", "de", true, lakeLandTaxFacts, R"(
         head 4 one
         title [Grundsteuerrechnung|Rechnung Grundsteuer] {year}
