@@ -268,16 +268,19 @@ const std::vector<Sheet> registers{
         band {name} ; {isin}
         side Anzahl am {end} ; {count} ; [Steuerwert CHF|Wert CHF] ; {value}
         side Ertrag brutto mit VSt ; {a?} ; Ertrag brutto ohne VSt ; {b?}
+        gap 2
         endper
         per funds
         band {name} ; {isin}
         side Anzahl am {end} ; {count} ; [Steuerwert CHF|Wert CHF] ; {value}
         side Ertrag brutto mit VSt ; {a?} ; Ertrag brutto ohne VSt ; {b?}
+        gap 2
         endper
         per accounts
         band {name} ; {number}
         side Verrechnungssteuer ; {tax} ; Saldo CHF ; {balance}
         side Zins brutto mit VSt ; {a?} ; Zins brutto ohne VSt ; {b?}
+        gap 2
         endper
         gap 3
         sum [Vermögen bei uns|Alle Anlagen und Konten], {end} ; {all})"},

@@ -54,6 +54,7 @@ Facts lakeOfferFacts(Draft& draft);    ///< models with loan, rate, year, month
 Facts lakeAdviceFacts(Draft& draft);   ///< sums of an example
 Facts lakeOrderFacts(Draft& draft);    ///< count, price, worth, broker, stamp, total
 Facts lakeHalfYearFacts(Draft& draft); ///< balance, interest, tax on 30 June
+Facts lakePlanFacts(Draft& draft);     ///< loan, payments of the coming year: on, part; year
 Facts lakeLeasingFacts(Draft& draft);  ///< month, paid, share, rest
 
 } // namespace corpus

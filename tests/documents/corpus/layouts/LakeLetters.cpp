@@ -119,6 +119,25 @@ const std::vector<Sheet> letters{
         tr Kontoführung 1. Semester ; {fee} ;
         tb Saldo am {half} ; ; {balance}
         text Dies ist kein Steuerausweis. Die Bescheinigung für die Steuererklärung erhalten Sie im Januar.)"},
+    {"other", "l-plan", "de", false, lakePlanFacts, R"(
+        head 2 both
+        title [Zahlungsplan {next}|Vorschau Hypothekarzahlungen {next}]
+        line Hypothek {number} über {loan!}, Zinssatz ab 1. Januar {next}: {rate}
+        cols 22 90r 140r 190r
+        th Fällig am ; Zins ; Amortisation ; Belastung
+        rule
+        each payments {on} ; {part} ; {back} ; {due}
+        rule
+        tb Voraussichtlich {next} ; {year} ; {back} ; {due}
+        small [Die Angaben gelten für das kommende Jahr und dienen Ihrer Planung.|Planwerte, keine Bescheinigung für die Steuern.])"},
+    {"other", "l-plan-fr", "fr", false, lakePlanFacts, R"(
+        head 6 both
+        title [Plan de paiement {next}|Prévision de vos charges hypothécaires {next}]
+        colon Prêt ; {number}, {loan!}, {rate} dès janvier {next}
+        each payments !entry Échéance du {on}: intérêts ; {part}
+        each payments !entry Échéance du {on}: amortissement ; {back}
+        sum Total à prévoir en {next} ; {due}
+        small Chiffres indicatifs; ce document n'est pas une attestation fiscale.)"},
     {"other", "l-leasing", "de", false, lakeLeasingFacts, R"(
         head 6 one
         title [Leasing-Jahresübersicht|Ihr Leasingvertrag im Jahr] {year}

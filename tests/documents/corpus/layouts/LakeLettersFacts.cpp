@@ -137,6 +137,29 @@ Facts lakeHalfYearFacts(Draft& draft) {
     return facts;
 }
 
+Facts lakePlanFacts(Draft& draft) {
+    lakeIdle(draft, {"bankauszug"},
+             {draft.t("Seebank Hafenegg AG", "Banque des Roselières SA", "Banca del Canneto SA"),
+              draft.t("Sparinstitut Schilfried", "Crédit Lacustre SA", "Credito Lacuale SA")});
+    Facts facts;
+    const Cents sum = draft.francs(150000, 640000, 1000);
+    const int rate = draft.random.between(120, 240);
+    const Cents quarter = sum * rate / 40000 / 5 * 5;
+    for (int i = 1; i <= 4; ++i) {
+        Facts one;
+        const QDate month(draft.year + 1, 3 * i, 1);
+        one.dates["on"] = QDate(month.year(), month.month(), month.daysInMonth());
+        one.amounts = {{"part", quarter}, {"back", 125000}, {"due", quarter + 125000}};
+        facts.lists["payments"].push_back(one);
+    }
+    facts.amounts["loan"] = sum;
+    total(facts, "payments", "part", "year");
+    total(facts, "payments", "back", "back");
+    total(facts, "payments", "due", "due");
+    facts.texts = {{"rate", percent(rate)}, {"number", draft.random.digits(8)}};
+    return facts;
+}
+
 Facts lakeLeasingFacts(Draft& draft) {
     lakeIdle(draft, {"bankauszug"},
              {draft.t("Fahrleasing Bugwelle AG", "Leasing Proue SA", "Leasing Prua SA"),
