@@ -11,7 +11,8 @@ std::vector<Layout> layoutsOf(bool held) {
           insurancePapers(),    propertyPapers(),     otherPapers(),      scriptedMoneyPapers(),
           scriptedWorkPapers(), scriptedLifePapers(), townFamilyPapers(), townWealthPapers(),
           valleyBankPapers(),   valleyWorkPapers(),   valleyLifePapers(), alpCarePapers(),
-          alpWealthPapers(),    alpLifePapers()}) {
+          alpWealthPapers(),    alpLifePapers(),      riverWorkPapers(),  riverLetterPapers(),
+          riverHealthPapers()}) {
         for (const Layout& layout : group) {
             if (layout.held == held) {
                 chosen.push_back(layout);

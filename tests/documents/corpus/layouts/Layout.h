@@ -43,6 +43,9 @@ std::vector<Layout> valleyLifePapers();
 std::vector<Layout> alpCarePapers();
 std::vector<Layout> alpWealthPapers();
 std::vector<Layout> alpLifePapers();
+std::vector<Layout> riverWorkPapers();
+std::vector<Layout> riverLetterPapers();
+std::vector<Layout> riverHealthPapers();
 
 /// Every layout of the training set or of the held-out set.
 std::vector<Layout> layoutsOf(bool held);
