@@ -51,7 +51,7 @@ Facts riverPremiumBillFacts(Draft& draft);   ///< premium, waiver, rider, total,
 
 // Health.
 Facts riverPanelFacts(Draft& draft);       ///< people with basic, extra; totals, reduction, net
-Facts riverStepsFacts(Draft& draft);       ///< people, each with steps; totals
+Facts riverStepsFacts(Draft& draft);       ///< steps1 … steps3, total1 …, total
 Facts riverInvoicesFacts(Draft& draft);    ///< invoices; basic, accident, extra, total
 Facts riverToldFacts(Draft& draft);        ///< one person's premiums and cost sharing
 Facts riverClaimFacts(Draft& draft);       ///< items; tariff, drugs, lab, total

@@ -51,43 +51,40 @@ void drawTiles(Draft& draft) {
                  "Assicurazioni complementari (LCA)"),
          facts, "extra");
     draft.paper.space(48);
-    drawScript(draft, facts, R"(
-        sum {totaltext} ; {total~}
-        entry {reductiontext} ; {reduction?}
-        entry {nettext} ; {net}
-        rule
-        entry {sharingtext} ; {sharing})");
-}
-
-/// Blocks of each person, each product a line as often as its premium changed.
-void drawSteps(Draft& draft) {
-    const Facts facts = riverStepsFacts(draft);
-    drawScript(
-        draft, facts,
-        "head 0 both\ntitle [Prämienausweis {year}|Übersicht der verrechneten Prämien {year}]");
-    Paper& paper = draft.paper;
-    for (const Facts& one : facts.lists.at("people")) {
-        paper.space(3);
-        paper.lineOf(one.texts.at("who") + ", " + draft.date(one.dates.at("born")), {10, true});
-        for (const Facts& step : one.lists.at("steps")) {
-            paper.row({step.texts.at("span"), step.texts.at("what"),
-                       step.texts.at("months") + " × " + draft.m(step.amounts.at("month")),
-                       draft.m(step.amounts.at("part"))},
-                      {{28}, {46}, {150, Align::right}, {190, Align::right}}, {8.5});
-        }
-        paper.row(
-            {draft.random.chance(50) ? "Prämien" : "Subtotal", draft.m(one.amounts.at("total"))},
-            {{46}, {190, Align::right}}, {9, true});
+    const auto line = [&](const char* label, const char* name, bool bold) {
+        draft.paper.space(0.8);
+        draft.paper.entry(facts.texts.at(label), draft.m(facts.amounts.at(name)), {9.5, bold});
+    };
+    line("totaltext", "total", true);
+    if (facts.amounts["reduction"] != 0) {
+        line("reductiontext", "reduction", false);
+        line("nettext", "net", false);
     }
-    paper.space(3);
-    drawScript(draft, facts, R"(
-        rule
-        sum [Prämien aller Versicherten|Verrechnete Prämien der Familie] ; {total~}
-        entry [Verbilligung durch den Kanton|Kantonaler Beitrag (IPV)] ; {reduction?}
-        entry Von Ihnen bezahlt ; {net})");
+    draft.paper.rule();
+    line("sharingtext", "sharing", false);
 }
 
 const std::vector<Sheet> premiums{
+    {"premiums", "r-steps", "de", false, riverStepsFacts, R"(
+        head 0 both
+        title [Prämienausweis {year}|Übersicht der verrechneten Prämien {year}]
+        cols 28 46 150r 190r
+        gap 3
+        bold {who1}, {born1}
+        each steps1 {span} ; {what} ; {months} × {month} ; {part}
+        tb ; [Prämien|Subtotal|Total Person] ; ; {total1}
+        gap 3
+        bold {who2}, {born2}
+        each steps2 {span} ; {what} ; {months} × {month} ; {part}
+        tb ; [Prämien|Subtotal|Total Person] ; ; {total2}
+        gap 3
+        bold {who3}, {born3}
+        each steps3 {span} ; {what} ; {months} × {month} ; {part}
+        tb ; [Prämien|Subtotal|Total Person] ; ; {total3}
+        rule
+        sum [Prämien aller Versicherten|Verrechnete Prämien der Familie] ; {total~}
+        entry [Verbilligung durch den Kanton|Kantonaler Beitrag (IPV)] ; {reduction?}
+        entry Von Ihnen bezahlt ; {net})"},
     {"premiums", "r-invoices", "de", false, riverInvoicesFacts, R"(
         head 5 one
         title [Kundenkonto {year}|Ihr Prämienkonto {year}]
@@ -217,7 +214,6 @@ const std::vector<Sheet> bills{
 std::vector<Layout> riverHealthPapers() {
     std::vector<Layout> layouts = scripted({premiums, bills});
     layouts.push_back({"premiums", "r-tiles", false, "de,fr,it", false, drawTiles});
-    layouts.push_back({"premiums", "r-steps", false, "de", false, drawSteps});
     return layouts;
 }
 

@@ -84,11 +84,10 @@ Facts riverPanelFacts(Draft& draft) {
 Facts riverStepsFacts(Draft& draft) {
     insurer(draft);
     Facts facts;
+    int count = 0;
     for (const Someone& who : {draft.family.one, draft.family.two, draft.family.child}) {
         const bool child = who.number == draft.family.child.number;
         Facts one;
-        one.texts = {{"who", who.name()}};
-        one.dates["born"] = who.birth;
         const int months = draft.random.between(3, 9);
         const auto step = [&](const QString& what, int from, int until, Cents month) {
             Facts line;
@@ -108,8 +107,12 @@ Facts riverStepsFacts(Draft& draft) {
         if (draft.random.chance(60)) {
             step("Zahnpflege", 1, 12, draft.odd(6, 30));
         }
+        const QString place = QString::number(++count);
+        facts.texts["who" + place] = who.name();
+        facts.dates["born" + place] = who.birth;
+        facts.amounts["total" + place] = one.amounts["total"];
         facts.amounts["total"] += one.amounts["total"];
-        facts.lists["people"].push_back(one);
+        facts.lists["steps" + place] = one.lists["steps"];
     }
     facts.amounts["reduction"] = draft.random.chance(50) ? draft.odd(600, 4200) : 0;
     facts.amounts["net"] = facts.amounts["total"] - facts.amounts["reduction"];

@@ -23,10 +23,19 @@ void drawCalendar(Draft& draft) {
         paper.put(x + 26, y + 9.5, draft.m(months[i].amounts.at("part")), {9, false, Align::right});
     }
     paper.y = top + 32;
-    drawScript(draft, facts, R"(
-        side Rendita propria ; {own} ; Rendita per figli ; {kid}
-        band [Rendite imponibili|Totale delle rendite versate] {year} ; {amount~}
-        small Capitale di previdenza al momento del pensionamento: {assets!}.)");
+    const auto a = [&](const char* name) { return draft.m(facts.amounts.at(name)); };
+    paper.row({"Rendita propria", a("own"), "Rendita per figli", a("kid")},
+              {{22}, {100, Align::right}, {110}, {190, Align::right}});
+    paper.space(3);
+    paper.fill(paper.left, paper.y, 168, 8, QColor(234, 230, 240));
+    paper.put(paper.left + 2, paper.y + 5.5,
+              draft.one("Rendite imponibili|Totale delle rendite versate"), {10, true});
+    paper.put(paper.right - 2, paper.y + 5.5, draft.s(facts.amounts.at("amount")),
+              {10, true, Align::right});
+    paper.space(11);
+    paper.paragraph("Capitale di previdenza al momento del pensionamento: "
+                        + draft.s(facts.amounts.at("assets")) + ".",
+                    {8});
 }
 
 const std::vector<Sheet> pensions{
@@ -54,7 +63,7 @@ const std::vector<Sheet> pensions{
         tb [Renten, im Jahr {year} zu versteuern|Steuerbare Renten {year} (mit Nachzahlung)] ; ; ; {total}
         tr Verrechnet mit Vorschüssen des Sozialamtes ; ; ; {-offset}
         tr An Sie überwiesen ; ; ; {paid}
-        small Verzugszins auf der Nachzahlung: {interest!}. Die Nachzahlung für mehrere Jahre wird zum Satz einer jährlichen Rente besteuert.)"},
+        small Die Nachzahlung für mehrere Jahre wird zum Satz einer jährlichen Rente besteuert.)"},
     {"pension", "r-annuity", "de,fr", false, riverAnnuityFacts, R"(
         head 2 one
         title {title} {year}
@@ -179,7 +188,7 @@ const std::vector<Sheet> nothings{
         tr Mietzins ; {rent} ;
         tr Prämie obligatorische Krankenpflegeversicherung ; {premium} ; {costs}
         tb Anrechenbare Einnahmen ; ;
-        tr Rente der AHV ; {ahv} ;
+        tr Rente der AHV ; {avs} ;
         tr Rente der Pensionskasse ; {fund} ;
         tr Zinsen aus Sparguthaben ; {interest} ; {income}
         rule

@@ -89,8 +89,7 @@ Facts riverArrearsFacts(Draft& draft) {
                      {"arrears", before * earlier},
                      {"current", 12 * now},
                      {"total", before * earlier + 12 * now},
-                     {"offset", offset},
-                     {"interest", draft.odd(15, 240)}};
+                     {"offset", offset}};
     facts.amounts["paid"] = facts.amounts["total"] - offset;
     draft.record("personIncome", draft.family.one).amount("ahvPension", facts.amounts["total"]);
     return facts;
@@ -346,6 +345,7 @@ Facts riverCapitalFacts(Draft& draft) {
     Facts facts;
     const Cents capital = draft.odd(60000, 780000);
     facts.dates["when"] = draft.day();
+    draft.dated = facts.dates["when"].addDays(2);
     facts.amounts = {{"capital", capital}, {"interest", draft.odd(40, 900)}};
     facts.amounts["paid"] = capital + facts.amounts["interest"];
     return facts;
@@ -355,6 +355,7 @@ Facts riverSupplementDecisionFacts(Draft& draft) {
     riverNothing(draft, {"pensionskasse"},
                  {"EL-Stelle Flussland", "Sozialversicherungsamt Flussland, Ergänzungsleistungen"});
     retire(draft, 67);
+    draft.dated = QDate(draft.year - 1, 12, draft.random.between(2, 27));
     Facts facts;
     const Cents need = draft.francs(20100, 20670, 10);
     const Cents rent = draft.francs(11000, 17500, 60);
@@ -364,7 +365,7 @@ Facts riverSupplementDecisionFacts(Draft& draft) {
     const Cents interest = draft.francs(20, 400);
     facts.amounts = {{"need", need},         {"rent", rent},
                      {"premium", premium},   {"costs", need + rent + premium},
-                     {"ahv", ahv},           {"fund", fund12},
+                     {"avs", ahv},           {"fund", fund12},
                      {"interest", interest}, {"income", ahv + fund12 + interest}};
     facts.amounts["gap"] = facts.amounts["costs"] - facts.amounts["income"];
     facts.amounts["month"] = facts.amounts["gap"] / 12 / 100 * 100 + 100;
@@ -374,6 +375,7 @@ Facts riverSupplementDecisionFacts(Draft& draft) {
 Facts riverWageAgreementFacts(Draft& draft) {
     riverNothing(draft, {"lohnausweis"},
                  {"Gerüstbau Flussau AG", "Kinderheim Lindenufer", "Auto Weier GmbH"});
+    draft.dated = QDate(draft.year, 12, draft.random.between(2, 27));
     Facts facts;
     const Cents month = draft.francs(4100, 9600, 50);
     facts.amounts = {{"before", month - draft.francs(40, 190, 10)},
@@ -388,6 +390,7 @@ Facts riverNextPremiumsFacts(Draft& draft) {
     riverNothing(draft, {"krankenkasse"},
                  {draft.t("Krankenkasse Wasserfall", "Caisse-maladie La Cascade", ""),
                   draft.t("Gesundheitskasse Auenwald", "Santé des Rives", "")});
+    draft.dated = QDate(draft.year, 10, draft.random.between(2, 27));
     Facts facts;
     for (const Someone& who : {draft.family.one, draft.family.two, draft.family.child}) {
         const bool child = who.number == draft.family.child.number;
@@ -419,6 +422,7 @@ Facts riverRiseFacts(Draft& draft) {
     riverNothing(draft, {"pensionskasse"},
                  {"Pensionskasse Flusswerke", "Ausgleichskasse Untere Au"});
     retire(draft, 66);
+    draft.dated = QDate(draft.year, 12, draft.random.between(2, 27));
     Facts facts;
     const Cents before = draft.odd(700, 3900);
     facts.amounts = {{"before", before}, {"month", before + draft.odd(8, 90)}};
@@ -452,6 +456,7 @@ Facts riverTaxInstalmentsFacts(Draft& draft) {
     riverNothing(draft, {},
                  {"Office d'impôt du district de la Rive", "Administration communale de "
                                                            "Vieux-Pont, impôts"});
+    draft.dated = QDate(draft.year, 2, draft.random.between(2, 27));
     Facts facts;
     const Cents rate = draft.odd(240, 1500);
     for (int i = 1; i <= 10; ++i) {
@@ -469,6 +474,7 @@ Facts riverTaxInstalmentsFacts(Draft& draft) {
 
 Facts riverOfferFacts(Draft& draft) {
     riverNothing(draft, {"versicherung"}, {"Flussblick Leben AG", "Eisvogel Vorsorge AG"});
+    draft.dated = draft.day();
     Facts facts;
     const Cents premium = draft.francs(1200, 6800, 100);
     for (const int years : {5, 10, 15, 20}) {

@@ -80,8 +80,8 @@ void drawPanels(Draft& draft) {
                 true}});
     const double rightEnd = panel(
         draft, 109, 6.9, draft.t("Abzüge", "Retenues|Déductions", "Trattenute|Deduzioni"),
-        {{{}, "AHV/IV/EO", {}, draft.language == "de" ? a("ahv") : 0},
-         {{}, draft.t("", "AVS/AI/APG", "AVS/AI/IPG"), {}, draft.language == "de" ? 0 : a("ahv")},
+        {{{}, "AHV/IV/EO", {}, draft.language == "de" ? a("avs") : 0},
+         {{}, draft.t("", "AVS/AI/APG", "AVS/AI/IPG"), {}, draft.language == "de" ? 0 : a("avs")},
          {{}, draft.t("ALV", "AC", "AD"), {}, a("alv")},
          {{}, draft.t("NBU", "AANP", "AINP"), {}, a("nbu")},
          {{},
@@ -168,7 +168,7 @@ void drawPrintout(Draft& draft) {
         {"1210", draft.t("13. MONATSLOHN", "", "TREDICESIMA"), "1,00", a("thirteenth")},
         {"3020", draft.t("KINDERZULAGE", "", "ASSEGNI FAMILIARI"), {}, a("children")},
         {"5000", draft.t("BRUTTOLOHN", "", "SALARIO LORDO"), {}, a("gross"), true},
-        {"5010", draft.t("AHV-BEITRAG", "", "CONTRIBUTO AVS"), "5,300 %", a("ahv"), false, true},
+        {"5010", draft.t("AHV-BEITRAG", "", "CONTRIBUTO AVS"), "5,300 %", a("avs"), false, true},
         {"5020", draft.t("ALV-BEITRAG", "", "CONTRIBUTO AD"), "1,100 %", a("alv"), false, true},
         {"5040", draft.t("NBUV-BEITRAG", "", "CONTRIBUTO AINP"), {}, a("nbu"), false, true},
         {"5049",
@@ -195,12 +195,13 @@ void drawPrintout(Draft& draft) {
     draft.paper.space(6);
 }
 
-/// A card for each month, then the reckoning in sentences and few figures.
+/// A card for each month, then the reckoning in a sentence and few figures.
 void drawHomeHelp(Draft& draft) {
     const Facts facts = riverHomeHelpFacts(draft);
     drawScript(draft, facts,
                "head 6 one\ntitle [Lohn im Privathaushalt|Lohnabrechnung Haushalthilfe] {year}\n"
                "line {one}, geb. {birth}, AHV {ahv}; Stundenlohn {rate!}");
+    const auto a = [&](const char* name) { return facts.amounts.at(name); };
     Paper& paper = draft.paper;
     paper.space(3);
     const double top = paper.y;
@@ -215,19 +216,19 @@ void drawHomeHelp(Draft& draft) {
                   {9, false, Align::right});
     }
     paper.y = top + 62;
-    const QString sums = draft.one(
-        "Für {hours} Stunden: {wage!}, dazu 8.33 % Ferienentschädigung {holiday!}.|Total {hours} "
-        "Stunden = {wage!}. Ferienzuschlag 8.33 % = {holiday!}.");
-    drawScript(draft, facts,
-               ("text " + sums
-                + "\nentry Lohn brutto mit Ferienzuschlag ; {gross}\n"
-                  "entry AHV/IV/EO 5.3 % ; {-ahv}\nentry ALV 1.1 % ; {-alv}\n"
-                  "entry [Abzüge zusammen|Sozialabzüge total] ; {-social}\n"
-                  "sum Lohn netto ; {net}\n"
-                  "small Ordentliches Verfahren. Keine Pensionskasse, da unter der "
-                  "Eintrittsschwelle. NBU nicht versichert.")
-                   .toUtf8()
-                   .constData());
+    paper.paragraph(QString("Total %1 Stunden = %2. Ferienzuschlag 8.33 % = %3.")
+                        .arg(facts.texts.at("hours"), draft.s(a("wage")), draft.s(a("holiday"))),
+                    {10});
+    paper.space(2);
+    paper.entry("Lohn brutto mit Ferienzuschlag", draft.m(a("gross")));
+    paper.entry("AHV/IV/EO 5.3 %", "-" + draft.m(a("avs")));
+    paper.entry("ALV 1.1 %", "-" + draft.m(a("alv")));
+    paper.entry(draft.one("Abzüge zusammen|Sozialabzüge total"), "-" + draft.m(a("social")));
+    paper.entry("Lohn netto", draft.m(a("net")), {10, true});
+    paper.space(2);
+    paper.paragraph("Ordentliches Verfahren. Keine Pensionskasse, da unter der Eintrittsschwelle. "
+                    "NBU nicht versichert.",
+                    {8});
 }
 
 void drawTwoFirms(Draft& draft) {
@@ -265,9 +266,9 @@ const std::vector<Sheet> salaries{
         cols 22 72r 96r 120r 142r 164r 190r
         th {period} ; {tdays} ; {tgross} ; {tahv} ; {tbvg} ; {tnbu} ; {tnet}
         rule
-        each months {month} ; {days} ; {gross} ; {ahv} ; {bvg} ; {nbu} ; {net}
+        each months {month} ; {days} ; {gross} ; {avs} ; {bvg} ; {nbu} ; {net}
         rule
-        tb {tsum} ; {days} ; {gross} ; {ahv} ; {bvg} ; {nbu} ; {net}
+        tb {tsum} ; {days} ; {gross} ; {avs} ; {bvg} ; {nbu} ; {net}
         text {told})"},
     {"salary", "r-accident-days", "de", false, riverAccidentDaysFacts, R"(
         head 5 one
@@ -283,7 +284,7 @@ const std::vector<Sheet> salaries{
         head 2 one
         title [Allocation de maternité|Allocations pour perte de gain (maternité)] {year}
         line Assurée: {one}, {ahv}. Naissance le {birthday}. Indemnité journalière {day!}
-        cols 22 76 104r 130r 160r 190r
+        cols 22 72 108r 130r 160r 190r
         th Période ; Versé à ; Jours ; Brut ; AVS/AI/APG/AC ; Net
         rule
         each periods {from} – {until} ; {whom} ; {days} ; {gross} ; {-social} ; {net}
@@ -322,9 +323,9 @@ const std::vector<Sheet> salaries{
         cols 22 56r 76r 94r 112r 134r 152r 170r 190r
         th Monat ; Lohn ; AHV ; ALV ; NBU ; Pension ; Netto ; Steuer ; Zahlung
         rule
-        each months {month} ; {gross} ; {ahv} ; {alv} ; {nbu} ; {bvg} ; {net} ; {wagetax} ; {payout}
+        each months {month} ; {gross} ; {avs} ; {alv} ; {nbu} ; {bvg} ; {net} ; {wagetax} ; {payout}
         rule
-        tb ; {gross} ; {ahv} ; {alv} ; {nbu} ; {bvg} ; {net} ; {wagetax} ; {payout}
+        tb ; {gross} ; {avs} ; {alv} ; {nbu} ; {bvg} ; {net} ; {wagetax} ; {payout}
         gap 4
         grid 3
         cell [Bruttolohn|Jahresbruttolohn] ; {gross}

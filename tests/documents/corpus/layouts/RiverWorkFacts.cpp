@@ -74,7 +74,7 @@ Facts pay(Draft& draft, int low, int high) {
                      {"overtime", overtime},
                      {"children", children},
                      {"gross", gross},
-                     {"ahv", ahv},
+                     {"avs", ahv},
                      {"alv", alv},
                      {"nbu", nbu},
                      {"social", ahv + alv + nbu},
@@ -169,10 +169,10 @@ Facts riverHomeHelpFacts(Draft& draft) {
                      {"wage", wage},
                      {"holiday", holiday},
                      {"gross", gross},
-                     {"ahv", riverPart(gross, 53)},
+                     {"avs", riverPart(gross, 53)},
                      {"alv", riverPart(gross, 11)},
                      {"bvg", 0}};
-    facts.amounts["social"] = facts.amounts["ahv"] + facts.amounts["alv"];
+    facts.amounts["social"] = facts.amounts["avs"] + facts.amounts["alv"];
     facts.amounts["net"] = gross - facts.amounts["social"];
     noteSalary(draft, draft.family.one, facts);
     return facts;
@@ -205,10 +205,10 @@ Facts riverJoblessFacts(Draft& draft) {
         const Cents gross = days * day;
         one.texts = {{"month", monthName(draft, month)}, {"days", QString::number(days)}};
         one.amounts = {{"gross", gross},
-                       {"ahv", riverPart(gross, 53)},
+                       {"avs", riverPart(gross, 53)},
                        {"bvg", riverPart(gross, 6)},
                        {"nbu", riverPart(gross, 25)}};
-        one.amounts["net"] = gross - one.amounts["ahv"] - one.amounts["bvg"] - one.amounts["nbu"];
+        one.amounts["net"] = gross - one.amounts["avs"] - one.amounts["bvg"] - one.amounts["nbu"];
         for (const auto& [name, cents] : one.amounts) {
             facts.amounts[name] += cents;
         }
@@ -272,6 +272,7 @@ Facts riverMaternityFacts(Draft& draft) {
                       "Cassa AVS Piccole Imprese")});
     Facts facts;
     const Cents day = draft.odd(70, 190);
+    draft.family.one.first = draft.t("Lea", "Maude|Coralie|Zélie", "Marzia|Delia|Ornella");
     QDate on(draft.year, draft.random.between(1, 7), draft.random.between(1, 28));
     facts.dates["birthday"] = on;
     for (const bool direct : {false, true}) {
@@ -337,12 +338,12 @@ Facts riverWageTaxFacts(Draft& draft) {
         Facts one;
         one.texts["month"] = monthName(draft, month).left(3) + ".";
         one.amounts = {{"gross", gross},
-                       {"ahv", riverPart(gross, 47)},
+                       {"avs", riverPart(gross, 47)},
                        {"alv", riverPart(gross, 5)},
                        {"nbu", riverPart(gross, 12)},
                        {"bvg", riverPart(gross, 60)},
                        {"wagetax", riverPart(gross, 40)}};
-        one.amounts["social"] = one.amounts["ahv"] + one.amounts["alv"] + one.amounts["nbu"];
+        one.amounts["social"] = one.amounts["avs"] + one.amounts["alv"] + one.amounts["nbu"];
         one.amounts["net"] = gross - one.amounts["social"] - one.amounts["bvg"];
         one.amounts["payout"] = one.amounts["net"] - one.amounts["wagetax"];
         for (const auto& [name, cents] : one.amounts) {
@@ -370,6 +371,7 @@ Facts riverCorrectedPayFacts(Draft& draft) {
             facts.amounts[w + "gross"] - facts.amounts[w + "social"] - facts.amounts[w + "bvg"];
     }
     facts.dates["first"] = QDate(draft.year + 1, 1, draft.random.between(10, 24));
+    draft.dated = facts.dates["first"].addDays(draft.random.between(9, 40));
     noteSalary(draft, draft.family.one, facts);
     return facts;
 }
