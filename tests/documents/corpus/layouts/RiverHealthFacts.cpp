@@ -245,6 +245,7 @@ Facts riverInstalmentsFacts(Draft& draft) {
 
 Facts riverHomeCareFacts(Draft& draft) {
     practice(draft, {"Spitex Flussland", "Hauspflege Untere Au", "Spitex-Verein Wehr und Steg"});
+    draft.dated = QDate(draft.dated.year(), draft.dated.month(), draft.dated.daysInMonth());
     Facts facts;
     Cents full = 0;
     for (const char* what :
@@ -275,6 +276,7 @@ Facts riverHomeCareFacts(Draft& draft) {
 
 Facts riverCareHomeFacts(Draft& draft) {
     practice(draft, {"Seniorenzentrum Flusspark", "Pflegeheim Weidenhof", "Haus zur Au, Pflege"});
+    draft.dated = QDate(draft.dated.year(), draft.dated.month(), draft.dated.daysInMonth());
     Facts facts;
     const int days = draft.dated.daysInMonth();
     const Cents board = draft.odd(105, 165);

@@ -51,6 +51,13 @@ const std::vector<Sheet> pensions{
         tr {coststext} ; ; {costs} ; {no}
         rule
         tr {sum} ; ; {both} ;)"},
+    {"pension", "r-avs", "it", false, riverSupplementFacts, R"(
+        head 5 one
+        bold [Conferma per le imposte|Le Sue prestazioni nel] {year}
+        text Gentile assicurata, egregio assicurato
+        text [Nel {year} Le abbiamo versato una rendita di vecchiaia AVS di complessivi {pension!} ({month!} al mese).|La Sua rendita AVS è stata di {month!} al mese, vale a dire {pension!} in tutto il {year}.]
+        text [Ha inoltre ricevuto {elyear!} di prestazioni complementari e {costs!} per spese di malattia, esenti da imposte.|Le prestazioni complementari di {elyear!} e le spese di malattia rimborsate ({costs!}) non sono imponibili.]
+        small Assicurato/a: {one}, {birth}, {ahv})"},
     {"pension", "r-arrears", "de", false, riverArrearsFacts, R"(
         head 5 one
         bold [Abrechnung Ihrer Invalidenrente|Steuerbescheinigung Invalidenrente] {year}

@@ -19,8 +19,9 @@ void fund(Draft& draft) {
 void office(Draft& draft) {
     issuedBy(
         draft, "pensionskasse",
-        {draft.t("Ausgleichskasse Untere Au", "Caisse AVS de la Plaine", ""),
-         draft.t("Sozialversicherungsamt Flussland", "Office des assurances sociales Venoge", "")});
+        {draft.t("Ausgleichskasse Untere Au", "Caisse AVS de la Plaine", "Cassa AVS del Delta"),
+         draft.t("Sozialversicherungsamt Flussland", "Office des assurances sociales Venoge",
+                 "Istituto sociale Tresa")});
     draft.truth.alsoKinds = QStringList{"lohnausweis", "anderes"};
 }
 
@@ -126,7 +127,9 @@ Facts riverAnnuityFacts(Draft& draft) {
 
 Facts riverForeignFacts(Draft& draft) {
     issuedBy(draft, "pensionskasse",
-             {"Pensionsanstalt Vorarlberger Land", "Rentenversicherungsanstalt Schwaben"});
+             {"Pensionsanstalt Vorarlberger Land", "Pensionsversicherung Bregenzerach"});
+    draft.issuer.place = draft.one("6900 Bregenz|6850 Dornbirn|6800 Feldkirch");
+    draft.issuer.phone = "+43 5574 " + draft.random.digits(5);
     draft.truth.alsoKinds = QStringList{"lohnausweis", "anderes"};
     retire(draft, 66);
     Facts facts;
