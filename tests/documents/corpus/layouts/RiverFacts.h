@@ -62,6 +62,8 @@ Facts riverOpticianFacts(Draft& draft);    ///< items, sum, discount, insurer, o
 Facts riverPharmacyFacts(Draft& draft);    ///< rows of two months; free, covered
 Facts riverSessionsFacts(Draft& draft);    ///< rows of four sessions; count, rate, total
 
+Facts riverReminderFacts(Draft& draft); ///< total, paid, left, fee, open
+
 // Letters that yield nothing.
 Facts riverFundStatementFacts(Draft& draft);
 Facts riverCapitalFacts(Draft& draft);

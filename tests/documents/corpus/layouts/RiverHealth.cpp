@@ -195,6 +195,16 @@ const std::vector<Sheet> bills{
         entry Fatturato direttamente alla cassa malati ; {covered}
         sum [Pagato da lei, non rimborsato|Totale a suo carico] ; {free}
         small Totale acquisti: {all!}.)"},
+    {"bill", "r-rappel", "fr", false, riverReminderFacts, R"(
+        head 3 one
+        title [Deuxième rappel|Rappel de paiement]
+        text [Sauf erreur, le solde de notre facture {number} du {billed} nous est encore dû.|Notre facture no {number} du {billed} n'a été payée qu'en partie.] Patient(e): {one}
+        dots Honoraires et frais de laboratoire, facture du {billed} ; {total}
+        dots Votre acompte du {part} ; {-paid}
+        dots Solde de la facture ; {left}
+        dots Frais de rappel ; {fee}
+        sum A payer jusqu'au {due} ; {open!}
+        small Sans paiement dans ce délai, nous engagerons une poursuite.)"},
     {"bill", "r-dates", "de", true, riverSessionsFacts, R"(
         head 5 one
         bold [Rechnung|Honorarnote] {number}

@@ -406,4 +406,23 @@ Facts riverSessionsFacts(Draft& draft) {
     return facts;
 }
 
+Facts riverReminderFacts(Draft& draft) {
+    practice(draft, {draft.t("Praxis", "Clinique dentaire de l'Écluse", ""),
+                     draft.t("Praxis", "Cabinet d'orthodontie Les Berges", "")});
+    draft.dated = QDate(draft.year, draft.random.between(6, 12), draft.random.between(1, 28));
+    Facts facts;
+    const Cents total = draft.odd(300, 3600);
+    const Cents paid = riverPart(total, 300);
+    facts.texts = {{"number", draft.random.digits(6)}};
+    facts.dates = {{"billed", draft.dated.addDays(-75)},
+                   {"part", draft.dated.addDays(-40)},
+                   {"due", draft.dated.addDays(10)}};
+    facts.amounts = {
+        {"total", total}, {"paid", paid}, {"fee", draft.francs(10, 40, 5)}, {"left", total - paid}};
+    facts.amounts["open"] = total - paid + facts.amounts["fee"];
+    noteCost(draft, total).date("date", facts.dates["billed"]);
+    draft.truth.accepted.push_back(riverCost(draft, facts.amounts["left"]));
+    return facts;
+}
+
 } // namespace corpus

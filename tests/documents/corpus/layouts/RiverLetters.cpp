@@ -134,6 +134,11 @@ const std::vector<Sheet> insurers{
         entry [Garantierte Versicherungssumme|Versicherungssumme bei Ablauf] ; {sum}
         entry Leistung im Todesfall ; {death}
         entry [Prämien im Jahr {year} bezahlt|Einbezahlte Jahresprämie] ; {premium})"},
+    {"insurance", "r-polizza", "it", false, riverUnitsFacts, R"(
+        head 2 one
+        bold [Valore fiscale della Sua polizza|Polizza vita: dati per le imposte] {number}
+        text [Al {end} le quote valevano {value!}; dedotte spese non ancora ammortizzate di {cost!}, il valore di riscatto è di {surrender!}.|Valore di riscatto al {end}: {surrender!}, ossia quote per {value!} meno {cost!} di spese.]
+        text [Nel {year} ha versato premi per {premium!}. La somma assicurata è di {sum!}, in caso di decesso {death!}.|La polizza garantisce una somma assicurata di {sum!} ({death!} in caso di decesso). Premi incassati nel {year}: {premium!}.])"},
     {"insurance", "r-accident-cover", "de,fr", false, riverAccidentCoverFacts, R"(
         head 1 one
         title {title} {year}

@@ -359,6 +359,15 @@ const std::vector<Sheet> nothings{
         dots Quellensteuer 5 % (Bund, Kanton und Gemeinde) ; {-tax}
         sum Ausbezahlt ; {net}
         text [Mit der Quellensteuer sind die Steuern auf diesem Lohn abschliessend bezahlt. Er ist nicht mehr als Einkommen zu deklarieren.|Dieser Lohn ist durch den Steuerabzug von 5 % endgültig besteuert und gehört nicht in die Steuererklärung.])"},
+    {"other", "r-simplifiee", "fr", false, riverSimplifiedFacts, R"(
+        head 4 one
+        title [Attestation selon la procédure simplifiée|Procédure de décompte simplifiée (LTN)] {year}
+        colon Employeur ; {household}
+        leftsum {gross} ; Salaire brut
+        left {-social} ; Cotisations AVS/AI/APG/AC
+        left {-tax} ; Impôt à la source 5 %
+        leftsum {net} ; Salaire versé
+        text [L'impôt de 5 % est libératoire: ce salaire n'est pas à déclarer.|Ce revenu est imposé définitivement et ne doit plus figurer dans la déclaration d'impôt.])"},
 };
 
 } // namespace

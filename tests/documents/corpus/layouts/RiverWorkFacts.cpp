@@ -179,14 +179,17 @@ Facts riverHomeHelpFacts(Draft& draft) {
 }
 
 Facts riverSimplifiedFacts(Draft& draft) {
-    riverNothing(draft, {"lohnausweis"},
-                 {"AHV-Zweigstelle Untere Au", "Ausgleichskasse Kreis Mittelrhein"});
+    riverNothing(
+        draft, {"lohnausweis"},
+        {draft.t("AHV-Zweigstelle Untere Au", "Caisse AVS de la Plaine", ""),
+         draft.t("Ausgleichskasse Kreis Mittelrhein", "Caisse de compensation des Quais", "")});
     Facts facts;
     const Cents gross = draft.odd(1800, 19500);
     facts.amounts = {
         {"gross", gross}, {"social", riverPart(gross, 64)}, {"tax", riverPart(gross, 50)}};
     facts.amounts["net"] = gross - facts.amounts["social"] - facts.amounts["tax"];
-    facts.texts["household"] = draft.one("R. und S. Locher|Familie Zünd|A. Gantenbein");
+    facts.texts["household"] =
+        draft.t("R. und S. Locher|Familie Zünd|A. Gantenbein", "Famille Corboz|M. et L. Rime", "");
     return facts;
 }
 
