@@ -12,7 +12,8 @@ std::vector<Layout> layoutsOf(bool held) {
           scriptedWorkPapers(), scriptedLifePapers(), townFamilyPapers(), townWealthPapers(),
           valleyBankPapers(),   valleyWorkPapers(),   valleyLifePapers(), alpCarePapers(),
           alpWealthPapers(),    alpLifePapers(),      lakeBankPapers(),   lakeCardPapers(),
-          lakeHousePapers(),    lakeLetters()}) {
+          lakeHousePapers(),    lakeLetters(),        riverWorkPapers(),  riverLetterPapers(),
+          riverHealthPapers()}) {
         for (const Layout& layout : group) {
             if (layout.held == held) {
                 chosen.push_back(layout);

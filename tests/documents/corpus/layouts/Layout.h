@@ -47,6 +47,9 @@ std::vector<Layout> lakeBankPapers();
 std::vector<Layout> lakeCardPapers();
 std::vector<Layout> lakeHousePapers();
 std::vector<Layout> lakeLetters();
+std::vector<Layout> riverWorkPapers();
+std::vector<Layout> riverLetterPapers();
+std::vector<Layout> riverHealthPapers();
 
 /// Every layout of the training set or of the held-out set.
 std::vector<Layout> layoutsOf(bool held);

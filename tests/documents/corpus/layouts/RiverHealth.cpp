@@ -1,0 +1,230 @@
+#include "tests/documents/corpus/layouts/RiverFacts.h"
+
+// Layouts of health insurers, of practices and of homes.
+
+namespace corpus {
+namespace {
+
+/// One insurance as a tile of its own: who, what they paid, the sum of the tile.
+void tile(Draft& draft, double x, const QString& title, const Facts& facts, const char* name) {
+    Paper& paper = draft.paper;
+    const double width = 80;
+    double y = paper.y;
+    paper.fill(x, y, width, 9, QColor(216, 230, 222));
+    paper.put(x + width / 2, y + 6, title,
+              paper.fitted(title, {9, true, Align::centre}, width - 4));
+    y += 11;
+    for (const Facts& one : facts.lists.at("people")) {
+        y += 5.4;
+        paper.put(x + 2, y, one.texts.at("who"), {9});
+        paper.put(x + width - 2, y, draft.m(one.amounts.at(name)), {9, false, Align::right});
+    }
+    y += 3;
+    paper.line(x, y, x + width, y, 0.3);
+    paper.put(x + width - 2, y + 5.6, draft.m(facts.amounts.at(name)), {10, true, Align::right});
+}
+
+void drawTiles(Draft& draft) {
+    Facts facts = riverPanelFacts(draft);
+    riverWords(draft, facts,
+               {{"title", "Prämien der Familie|Steuerbescheinigung der Familie",
+                 "Primes de la famille|Attestation fiscale de la famille",
+                 "Premi della famiglia|Attestato fiscale della famiglia"},
+                {"totaltext", "Prämien KVG und VVG|Summe beider Versicherungen",
+                 "Primes LAMal et LCA|Total des deux assurances",
+                 "Premi LAMal e LCA|Totale delle due assicurazioni"},
+                {"reductiontext", "Individuelle Prämienverbilligung",
+                 "Réduction individuelle des primes", "Riduzione individuale dei premi"},
+                {"nettext", "Prämien nach Verbilligung", "Primes après réduction",
+                 "Premi dopo la riduzione"},
+                {"sharingtext", "Kostenbeteiligung (Franchise, Selbstbehalt)",
+                 "Participation aux coûts (franchise, quote-part)",
+                 "Partecipazione ai costi (franchigia, aliquota)"}});
+    drawScript(draft, facts, "head 6 both\ntitle {title} {year}");
+    draft.paper.space(2);
+    tile(draft, 22,
+         draft.t("Grundversicherung (KVG)", "Assurance de base (LAMal)",
+                 "Assicurazione di base (LAMal)"),
+         facts, "basic");
+    tile(draft, 110,
+         draft.t("Zusatzversicherungen (VVG)", "Assurances complémentaires (LCA)",
+                 "Assicurazioni complementari (LCA)"),
+         facts, "extra");
+    draft.paper.space(48);
+    const auto line = [&](const char* label, const char* name, bool bold) {
+        draft.paper.space(0.8);
+        draft.paper.entry(facts.texts.at(label), draft.m(facts.amounts.at(name)), {9.5, bold});
+    };
+    line("totaltext", "total", true);
+    if (facts.amounts["reduction"] != 0) {
+        line("reductiontext", "reduction", false);
+        line("nettext", "net", false);
+    }
+    draft.paper.rule();
+    line("sharingtext", "sharing", false);
+}
+
+const std::vector<Sheet> premiums{
+    {"premiums", "r-steps", "de", false, riverStepsFacts, R"(
+        head 0 both
+        title [Prämienausweis {year}|Übersicht der verrechneten Prämien {year}]
+        cols 28 46 150r 190r
+        gap 3
+        bold {who1}, {born1}
+        each steps1 {span} ; {what} ; {months} × {month} ; {part}
+        tb ; [Prämien|Subtotal|Total Person] ; ; {total1}
+        gap 3
+        bold {who2}, {born2}
+        each steps2 {span} ; {what} ; {months} × {month} ; {part}
+        tb ; [Prämien|Subtotal|Total Person] ; ; {total2}
+        gap 3
+        bold {who3}, {born3}
+        each steps3 {span} ; {what} ; {months} × {month} ; {part}
+        tb ; [Prämien|Subtotal|Total Person] ; ; {total3}
+        rule
+        sum [Prämien aller Versicherten|Verrechnete Prämien der Familie] ; {total~}
+        entry [Verbilligung durch den Kanton|Kantonaler Beitrag (IPV)] ; {reduction?}
+        entry Von Ihnen bezahlt ; {net})"},
+    {"premiums", "r-invoices", "de", false, riverInvoicesFacts, R"(
+        head 5 one
+        title [Kundenkonto {year}|Ihr Prämienkonto {year}]
+        cols 22 60 96 134 190r
+        th Rechnung ; gestellt ; bezahlt ; Zeitraum ; CHF
+        rule
+        each invoices {number} ; {on} ; {paid} ; 3 Monate ; {part}
+        rule
+        tb [Prämien {year}|Bezahlte Prämien {year}] ; ; ; ; {total}
+        gap 3
+        dots davon obligatorische Krankenpflege ; {basic}
+        dots (darin Unfalldeckung) ; {accident}
+        dots davon freiwillige Zusätze ; {extra}
+        small Vorjahr {before!}. Rückvergütung Umweltabgaben {levy!}, bereits verrechnet.)"},
+    {"premiums", "r-dit", "fr", false, riverToldFacts, R"(
+        head 2 one
+        bold Votre déclaration d'impôt {year}
+        text [Pour l'année {year}, vos primes se sont élevées à {total!} ({basic!} pour l'assurance obligatoire, {extra!} pour les complémentaires).|Nous vous avons facturé {total!} de primes en {year}, dont {basic!} selon la LAMal et {extra!} selon la LCA.]
+        text [Le canton a pris en charge {reduction!} à titre de réduction des primes; il vous reste donc {net!}.|Réduction individuelle des primes reçue du canton: {reduction!}. Primes nettes: {net!}.]
+        text Votre participation aux coûts: {sharing!} (franchise {franchise!}, quote-part {quota!}).)"},
+    {"premiums", "r-raccontato", "it", false, riverToldFacts, R"(
+        head 4 one
+        title [Attestazione dei premi|Conferma premi e costi] {year}
+        below {total!} ; Premi fatturati (LAMal {basic} + LCA {extra}) ; {reduction!} ; Riduzione dei premi del Cantone
+        below {net!} ; Premi a carico dell'assicurato ; {sharing!} ; Partecipazione ai costi
+        small Franchigia {franchise!}, aliquota percentuale {quota!}.)"},
+};
+
+const std::vector<Sheet> bills{
+    {"bill", "r-claim", "de,fr", true, riverClaimFacts, R"(
+        head 6 one
+        bold {title} {number}
+        side {patient} ; {one} ; {born} ; {birth}
+        side {biller} ; {gln} ; {law} ; {kvg}
+        side {date} ; {dated} ; AHV/AVS ; {ahv}
+        rule
+        cols 22 44 64 148r 164r 190r
+        th {date} ; Tarif ; {what} ; {points} ; × ; {amount}
+        each items {on} ; {code} ; {what} ; {points} ; {point} ; {part}
+        rule
+        side {tarifftext} ; {tariff} ; {drugstext} ; {drugs}
+        side {labtext} ; {lab} ; {dueamount} ; {total}
+        small {send}
+        bill total {number})"},
+    {"bill", "r-rates", "de", true, riverInstalmentsFacts, R"(
+        head 6 one
+        title [Rechnung {number} mit Teilzahlung|Honorarrechnung {number} (Ratenvereinbarung)]
+        line {what}, {one}, Rechnungsdatum {dated}
+        cols 22 150r 190r
+        tr Zahnärztliche Arbeit ; {care} ;
+        tr Technische Arbeit (Labor) ; {lab} ;
+        tr Material ; {material} ;
+        tb [Gesamtbetrag der Behandlung|Rechnungsbetrag] ; ; {total}
+        each rates !line {no}, fällig am {due}: {rate}
+        bill rate {number}-1)"},
+    {"bill", "r-spitex", "de", false, riverHomeCareFacts, R"(
+        head 0 one
+        title [Rechnung Pflegeleistungen|Monatsrechnung] {month} {year}, Nr. {number}
+        line Klient/in {one}, {birth}. Datum {dated}
+        cols 22 112r 146r 190r
+        th Leistung nach Art. 7 KLV ; Minuten ; Ansatz/Std. ; CHF
+        each items {what} ; {minutes} ; {rate} ; {part}
+        tr Zur Abrechnung mit dem Versicherer ; ; ; {insurer}
+        tr Restfinanzierung der Gemeinde ; ; ; {rest}
+        rule
+        tr Patientenbeteiligung {days} Tage × {day} ; ; ; {own}
+        tr Pflegematerial (nicht kassenpflichtig) ; ; ; {material}
+        tb [Rechnung an Sie|Betrag zu Ihren Lasten], zahlbar bis {due} ; ; ; {total}
+        small Vollkosten Pflege: {full!}. Der Anteil des Versicherers wird direkt verrechnet.)"},
+    {"bill", "r-care-home", "de", false, riverCareHomeFacts, R"(
+        head 3 one
+        title [Heimrechnung|Monatsrechnung Aufenthalt] {month}
+        line Bewohner/in {one}, Pflegestufe {level}, Nr. {number}, {dated}
+        cols 22 108r 130r 160r 190r
+        th ; Ansatz ; Tage ; Bewohner/in ; Dritte
+        rule
+        tr Pension (Zimmer und Verpflegung) ; {boardday} ; {days} ; {board} ;
+        tr Betreuungstaxe ; {supportday} ; {days} ; {support} ;
+        tr Pflege: Anteil Krankenversicherer ; ; ; ; {insurer}
+        tr Pflege: Anteil Kanton und Gemeinde ; ; ; ; {rest}
+        tr Pflege: Selbstbehalt Bewohner/in ; {ownday} ; {days} ; {own} ;
+        tr Coiffeur, Getränke, Telefon ; ; ; {extras} ;
+        rule
+        tb [Lastschrift|Zu Ihren Lasten] ; ; ; {total} ;
+        text [Als Krankheitskosten gilt der Selbstbehalt Pflege von {own!}; Pension und Verbrauch sind Lebenshaltung.|Für die Steuern: Pflegekosten zu Ihren Lasten {own!}.]
+        small Kosten insgesamt {cost!}, Pflegekosten {care!}.)"},
+    {"bill", "r-optician", "de,fr", false, riverOpticianFacts, R"(
+        head 4 one
+        title {title} {number}
+        line {customer}: {one}, {dated}
+        each items !left {part} ; {what} ({code})
+        rule
+        left {sum} ; {sumtext}
+        left {-discount} ; {discounttext}
+        left {full} ; {fulltext}
+        left {-insurer} ; {insurertext}
+        leftsum {own} ; {owntext}
+        left {vat} ; {vattext})"},
+    {"bill", "r-farmacia", "it", false, riverPharmacyFacts, R"(
+        head 1 one
+        title [Acquisti in farmacia|Riepilogo annuo degli acquisti] {year}
+        line Cliente {card}: {one}
+        cols 22 68r 98r 112 160r 190r
+        th Mese ; A suo carico ; Cassa malati ; Mese ; A suo carico ; Cassa malati
+        rule
+        each rows {month1} ; {free1?} ; {covered1?} ; {month2} ; {free2?} ; {covered2?}
+        rule
+        entry Fatturato direttamente alla cassa malati ; {covered}
+        sum [Pagato da lei, non rimborsato|Totale a suo carico] ; {free}
+        small Totale acquisti: {all!}.)"},
+    {"bill", "r-rappel", "fr", false, riverReminderFacts, R"(
+        head 3 one
+        title [Deuxième rappel|Rappel de paiement]
+        text [Sauf erreur, le solde de notre facture {number} du {billed} nous est encore dû.|Notre facture no {number} du {billed} n'a été payée qu'en partie.] Patient(e): {one}
+        dots Honoraires et frais de laboratoire, facture du {billed} ; {total}
+        dots Votre acompte du {part} ; {-paid}
+        dots Solde de la facture ; {left}
+        dots Frais de rappel ; {fee}
+        sum A payer jusqu'au {due} ; {open!}
+        small Sans paiement dans ce délai, nous engagerons une poursuite.)"},
+    {"bill", "r-dates", "de", true, riverSessionsFacts, R"(
+        head 5 one
+        bold [Rechnung|Honorarnote] {number}
+        text [{one} besuchte {count} Sitzungen zu {minutes} Minuten an folgenden Tagen:|{count} Behandlungen ({minutes} Min.) von {one}:]
+        cols 22 64 106 148
+        each rows {on1} ; {on2} ; {on3} ; {on4}
+        gap 2
+        mid {count} × {rate} ; {sum}
+        mid Bericht an die zuweisende Stelle ; {report}
+        mid [Honorar|Rechnungsbetrag], zahlbar bis {due} ; {total!}
+        small Kurzfristig abgesagte Termine: {fee!}.
+        bill total {number})"},
+};
+
+} // namespace
+
+std::vector<Layout> riverHealthPapers() {
+    std::vector<Layout> layouts = scripted({premiums, bills});
+    layouts.push_back({"premiums", "r-tiles", false, "de,fr,it", false, drawTiles});
+    return layouts;
+}
+
+} // namespace corpus

@@ -1,0 +1,278 @@
+#include "tests/documents/corpus/layouts/RiverFacts.h"
+
+// Layouts of pensions, of life insurers and of letters that yield nothing.
+
+namespace corpus {
+namespace {
+
+/// Twelve payments as on a calendar, the date over each amount.
+void drawCalendar(Draft& draft) {
+    const Facts facts = riverCalendarFacts(draft);
+    drawScript(draft, facts,
+               "head 1 one\ntitle [Rendite versate nel|Conferma delle rendite] {year}\n"
+               "line Beneficiario/a: {one}, nato/a il {birth}, {ahv}");
+    Paper& paper = draft.paper;
+    paper.space(3);
+    const double top = paper.y;
+    const std::vector<Facts>& months = facts.lists.at("months");
+    for (size_t i = 0; i < months.size(); ++i) {
+        const double x = paper.left + 28 * static_cast<double>(i % 6);
+        const double y = top + 14 * static_cast<double>(i / 6);
+        paper.line(x, y, x + 26, y, 0.3);
+        paper.put(x, y + 4, draft.date(months[i].dates.at("on")), {7});
+        paper.put(x + 26, y + 9.5, draft.m(months[i].amounts.at("part")), {9, false, Align::right});
+    }
+    paper.y = top + 32;
+    const auto a = [&](const char* name) { return draft.m(facts.amounts.at(name)); };
+    paper.row({"Rendita propria", a("own"), "Rendita per figli", a("kid")},
+              {{22}, {100, Align::right}, {110}, {190, Align::right}});
+    paper.space(3);
+    paper.fill(paper.left, paper.y, 168, 8, QColor(234, 230, 240));
+    paper.put(paper.left + 2, paper.y + 5.5,
+              draft.one("Rendite imponibili|Totale delle rendite versate"), {10, true});
+    paper.put(paper.right - 2, paper.y + 5.5, draft.s(facts.amounts.at("amount")),
+              {10, true, Align::right});
+    paper.space(11);
+    paper.paragraph("Capitale di previdenza al momento del pensionamento: "
+                        + draft.s(facts.amounts.at("assets")) + ".",
+                    {8});
+}
+
+const std::vector<Sheet> pensions{
+    {"pension", "r-el", "de,fr", false, riverSupplementFacts, R"(
+        head 0 one
+        title {title} {year}
+        line {one}, {birth}, {ahv}
+        cols 22 112r 150r 190r
+        th {what} ; {permonth} ; {peryear} {year} ; {taxed}
+        rule
+        tr {old} ; {month} ; {pension} ; {yes}
+        tr {eltext} ; {el} ; {elyear} ; {no}
+        tr {coststext} ; ; {costs} ; {no}
+        rule
+        tr {sum} ; ; {both} ;)"},
+    {"pension", "r-avs", "it", false, riverSupplementFacts, R"(
+        head 5 one
+        bold [Conferma per le imposte|Le Sue prestazioni nel] {year}
+        text Gentile assicurata, egregio assicurato
+        text [Nel {year} Le abbiamo versato una rendita di vecchiaia AVS di complessivi {pension!} ({month!} al mese).|La Sua rendita AVS è stata di {month!} al mese, vale a dire {pension!} in tutto il {year}.]
+        text [Ha inoltre ricevuto {elyear!} di prestazioni complementari e {costs!} per spese di malattia, esenti da imposte.|Le prestazioni complementari di {elyear!} e le spese di malattia rimborsate ({costs!}) non sono imponibili.]
+        small Assicurato/a: {one}, {birth}, {ahv})"},
+    {"pension", "r-arrears", "de", false, riverArrearsFacts, R"(
+        head 5 one
+        bold [Abrechnung Ihrer Invalidenrente|Steuerbescheinigung Invalidenrente] {year}
+        line Versicherte Person {one}, {ahv}. Verfügung vom {decided}
+        cols 22 104r 124r 190r
+        th Zeitraum ; pro Monat ; Monate ; CHF
+        tr Nachzahlung {from} bis {until} ; {before} ; {earlier} ; {arrears}
+        tr Laufende Rente Januar bis Dezember {year} ; {now} ; 12 ; {current}
+        rule
+        tb [Renten, im Jahr {year} zu versteuern|Steuerbare Renten {year} (mit Nachzahlung)] ; ; ; {total}
+        tr Verrechnet mit Vorschüssen des Sozialamtes ; ; ; {-offset}
+        tr An Sie überwiesen ; ; ; {paid}
+        small Die Nachzahlung für mehrere Jahre wird zum Satz einer jährlichen Rente besteuert.)"},
+    {"pension", "r-annuity", "de,fr", false, riverAnnuityFacts, R"(
+        head 2 one
+        title {title} {year}
+        line {one}, {birth}, Police {number}
+        entry {guaranteedtext} ; {guaranteed}
+        entry {bonustext} ; {bonus}
+        sum {amounttext} {year} ; {amount~}
+        entry {taxabletext} ; {taxable}
+        gap 3
+        entry {capitaltext} ; {capital})"},
+    {"pension", "r-quarter-rates", "de", false, riverForeignFacts, R"(
+        head 3 one
+        title [Jahresbestätigung der Pensionszahlungen|Mitteilung über Rentenbezüge] {year}
+        line {one}, geb. {birth}, VSNR {number}; Monatspension EUR {month}, 14-mal jährlich
+        cols 22 74r 116r 150r 190r
+        th ; Zahlungen ; EUR ; Kurs EUR/CHF ; CHF
+        rule
+        each quarters {quarter} ; {count} ; {euros} ; {rate} ; {francs}
+        rule
+        tb {year} ; 14 ; {euros} ; ; {amount}
+        text [Die Pension ist im Wohnsitzstaat zu versteuern; massgebend ist der Betrag in Franken: {amount!}.|Für Ihre Steuererklärung in der Schweiz: {amount!} (Summe der Frankenbeträge).])"},
+    {"pension", "r-couple", "de", false, riverCoupleFacts, R"(
+        head 6 both
+        title [Rentenbescheinigungen|Bezogene Renten des Ehepaares] {year}
+        per people
+        bold {who}, geboren am {born}
+        line AHV-Nr. {number}, {what} seit {since}
+        below {month!} ; pro Monat ; {months} ; Anzahl Monate ; {part!} ; ausgerichtet {year}
+        small Anwartschaft Partnerrente: {spouse!} im Monat.
+        gap 3
+        endper
+        rule
+        entry [Beide Renten|Zusammen] ; {both})"},
+    {"pension", "r-withheld", "de", false, riverWithheldFacts, R"(
+        head 4 one
+        title [Rentenabrechnung {year}|Jahresabrechnung Ihrer Rente {year}]
+        line {one}, {birth}. Rente im Monat {month!}
+        cols 22 34 190r
+        tr + ; Altersrente, steuerbarer Betrag, 12 Monate ; {amount}
+        tr – ; [in Ihrem Auftrag bezahlt: Krankenkassenprämien|Krankenkasse (Dauerauftrag)] ; {premium}
+        tr – ; Beitrag Rentnervereinigung ; {union}
+        rule
+        tb = ; [auf Ihr Konto überwiesen|Gutschrift auf Ihrem Konto] ; {paid}
+        text Keine Abzüge bewirken eine Kürzung der steuerbaren Rente.)"},
+};
+
+const std::vector<Sheet> insurers{
+    {"insurance", "r-units", "de", false, riverUnitsFacts, R"(
+        head 0 one
+        title [Fondsgebundene Lebensversicherung: Stand {end}|Jahresauszug Fondspolice {year}]
+        line Police {number}, versicherte Person {one}, freie Vorsorge (3b)
+        cols 22 112r 146r 190r
+        th Fonds ; Anteile ; Kurs CHF ; Wert CHF
+        rule
+        each funds {name} ; {units} ; {price} ; {value}
+        rule
+        tr [Fondsvermögen|Wert der Anteile] ; ; ; {value}
+        tr Nicht getilgte Abschlusskosten ; ; ; {-cost}
+        tb [Rückkaufswert am Jahresende|Steuerwert (Rückkaufswert)] ; ; ; {surrender}
+        gap 3
+        entry [Garantierte Versicherungssumme|Versicherungssumme bei Ablauf] ; {sum}
+        entry Leistung im Todesfall ; {death}
+        entry [Prämien im Jahr {year} bezahlt|Einbezahlte Jahresprämie] ; {premium})"},
+    {"insurance", "r-polizza", "it", false, riverUnitsFacts, R"(
+        head 2 one
+        bold [Valore fiscale della Sua polizza|Polizza vita: dati per le imposte] {number}
+        text [Al {end} le quote valevano {value!}; dedotte spese non ancora ammortizzate di {cost!}, il valore di riscatto è di {surrender!}.|Valore di riscatto al {end}: {surrender!}, ossia quote per {value!} meno {cost!} di spese.]
+        text [Nel {year} ha versato premi per {premium!}. La somma assicurata è di {sum!}, in caso di decesso {death!}.|La polizza garantisce una somma assicurata di {sum!} ({death!} in caso di decesso). Premi incassati nel {year}: {premium!}.])"},
+    {"insurance", "r-accident-cover", "de,fr", false, riverAccidentCoverFacts, R"(
+        head 1 one
+        title {title} {year}
+        line Police {number}
+        entry {person} ; {one}
+        entry {deathtext} ; {death}
+        entry {disabilitytext} ; {disability}
+        entry {daytext} ; {day}
+        gap 3
+        dots {one} ; {first}
+        dots {two} ; {second}
+        sum {premiumtext} {year} ; {premium~})"},
+    {"insurance", "r-premium-bill", "de", true, riverPremiumBillFacts, R"(
+        head 6 one
+        title [Prämienrechnung {year}|Jahresprämie {year}] Lebensversicherung
+        line Police {number}, Ablauf {expiry}, Versicherungssumme {sum!}
+        entry Sparprämie ; {saving}
+        entry Risikoprämie (Tod und Prämienbefreiung) ; {risk}
+        sum [Prämie|Jahresprämie] zahlbar bis {due} ; {premium}
+        small Bei halbjährlicher Zahlung: zweimal {half!}.
+        bill premium {number})"},
+};
+
+const std::vector<Sheet> nothings{
+    {"other", "r-fund-statement", "de,fr", false, riverFundStatementFacts, R"(
+        head 0 one
+        title {title} {end}
+        line {one}, {birth}, {ahv}
+        cols 22 150r 190r
+        tr {l1} ; {salary} ; {insured}
+        tr {l2} ; ; {own}
+        tr {l3} ; ; {employer}
+        tr {l4} ; {assets} ; {exit}
+        rule
+        th {age} ; {cap} ; {rent}
+        tr 58 ; {at58} ; {pension58}
+        tr 65 ; {at65} ; {pension65}
+        rule
+        tr {l5} ; ; {disability}
+        tr {l6} ; {spouse} ; {orphan}
+        tr {l7} ; ; {possible}
+        tr {l8} ; ; {home}
+        small {note})"},
+    {"other", "r-capital", "de", false, riverCapitalFacts, R"(
+        head 5 one
+        bold [Auszahlung Ihres Alterskapitals|Kapitalbezug statt Rente]
+        text [Am {when} haben wir Ihnen Ihr Altersguthaben als Kapital ausbezahlt. Eine Rente wird nicht ausgerichtet.|Wie gewünscht erhalten Sie statt der Rente das ganze Kapital (Valuta {when}).]
+        entry Altersguthaben ; {capital}
+        entry Zins bis zur Auszahlung ; {interest}
+        sum Kapitalleistung ; {paid~}
+        text Die Kapitalleistung haben wir der Eidgenössischen Steuerverwaltung gemeldet. Sie wird getrennt vom übrigen Einkommen besteuert; Sie erhalten dafür eine besondere Rechnung.)"},
+    {"other", "r-el-decision", "de", false, riverSupplementDecisionFacts, R"(
+        head 3 one
+        title [Verfügung Ergänzungsleistungen|Berechnungsblatt Ergänzungsleistungen] ab {start}
+        line {one}, {ahv}
+        cols 22 150r 190r
+        tb Anerkannte Ausgaben ; ;
+        tr Lebensbedarf ; {need} ;
+        tr Mietzins ; {rent} ;
+        tr Prämie obligatorische Krankenpflegeversicherung ; {premium} ; {costs}
+        tb Anrechenbare Einnahmen ; ;
+        tr Rente der AHV ; {avs} ;
+        tr Rente der Pensionskasse ; {fund} ;
+        tr Zinsen aus Sparguthaben ; {interest} ; {income}
+        rule
+        tb Ausgabenüberschuss im Jahr ; ; {gap}
+        entry Ergänzungsleistung im Monat ; {month}
+        small Ergänzungsleistungen sind steuerfrei. Gegen diese Verfügung kann innert 30 Tagen Einsprache erhoben werden.)"},
+    {"other", "r-wage-agreement", "de", false, riverWageAgreementFacts, R"(
+        head 1 one
+        title [Lohnvereinbarung|Nachtrag zum Arbeitsvertrag|Ihr Lohn] {next}
+        text [Wir freuen uns, Ihnen für {next} folgenden Lohn anzubieten.|Aufgrund Ihrer Leistungen passen wir Ihren Lohn per 1. Januar {next} an.]
+        entry Bruttolohn im Monat bisher ; {before}
+        sum Bruttolohn im Monat neu ; {month}
+        entry Jahreslohn (13-mal) ; {year13}
+        entry Bonus bei Erreichen aller Ziele ; {bonus}
+        entry Spesenpauschale im Monat ; {lump}
+        text Bitte senden Sie uns ein unterschriebenes Exemplar zurück.)"},
+    {"other", "r-next-premiums", "de,fr", false, riverNextPremiumsFacts, R"(
+        head 2 both
+        title {title} {next}
+        cols 22 96r 124r 152r 190r
+        th {who} ; {oldtext} ; {newtext} ; {extratext} ; {sumtext}
+        rule
+        each people {who} ; {old} ; {new} ; {extra} ; {sum}
+        rule
+        tb ; ; ; ; {sum}
+        text {note})"},
+    {"other", "r-rise", "de", false, riverRiseFacts, R"(
+        head 5 one
+        bold [Neue Rente ab Januar {next}|Anpassung Ihrer Rente]
+        text [Ihre monatliche Rente steigt auf den 1. Januar {next} von {before!} auf {month!}.|Der Stiftungsrat hat eine Teuerungszulage beschlossen: Statt {before!} erhalten Sie ab Januar {next} monatlich {month!}.]
+        text Wir überweisen sie wie bisher auf Ihr Konto {account}. Haben Sie eine neue Adresse oder Bankverbindung, melden Sie uns dies bitte bis am 10. des Vormonats.
+        text Die Rentenbescheinigung für die Steuern {year} erhalten Sie separat im Februar.)"},
+    {"other", "r-contents", "de", true, riverContentsFacts, R"(
+        head 6 one
+        title Prämienrechnung [Hausrat- und Haftpflichtversicherung|Haushaltversicherung]
+        line Police {number}, Selbstbehalt {excess!}
+        cols 22 130r 190r
+        th Versichert ; Summe ; Prämie
+        tr Hausrat zum Neuwert ; {sum} ; {contents}
+        tr Privathaftpflicht ; {limit} ; {liability}
+        tr Glasbruch ; ; {glass}
+        tr Eidg. Stempelabgabe 5 % ; ; {stamp}
+        tb Zu zahlen bis {due} ; ; {total}
+        bill total {number})"},
+    {"other", "r-acomptes", "fr", false, riverTaxInstalmentsFacts, R"(
+        head 0 both
+        title [Acomptes d'impôt|Bordereau provisoire] {year}
+        text Revenu imposable présumé: {income!}. Fortune imposable présumée: {fortune!}.
+        cols 22 40 190r
+        th No ; Échéance ; Montant
+        each parts {no} ; {due} ; {part}
+        rule
+        tb ; Total provisoire (canton et commune) ; {total}
+        small Le décompte final sera établi après la taxation.)"},
+    {"other", "r-offer", "de", false, riverOfferFacts, R"(
+        head 4 one
+        title [Offerte Lebensversicherung|Ihr Vorschlag: gemischte Lebensversicherung]
+        line Antragsteller/in {one}, geb. {birth}
+        entry Jahresprämie ; {premium}
+        entry Versicherungssumme ; {sum}
+        cols 22 80r 135r 190r
+        th Ende Jahr ; Prämien bis dann ; Rückkaufswert (Prognose) ; Todesfallleistung
+        each years {years} ; {paid} ; {surrender} ; {death}
+        small Mögliche Ablaufleistung bei 4 % Rendite: {possible!}. Unverbindlich, kein Vertrag.)"},
+};
+
+} // namespace
+
+std::vector<Layout> riverLetterPapers() {
+    std::vector<Layout> layouts = scripted({pensions, insurers, nothings});
+    layouts.push_back({"pension", "r-calendar", false, "it", false, drawCalendar});
+    return layouts;
+}
+
+} // namespace corpus
