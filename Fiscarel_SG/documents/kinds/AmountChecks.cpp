@@ -25,33 +25,85 @@ bool isReduction(const Row& row) {
     return isAnyIn(row.folded, words);
 }
 
-} // namespace
+/// An amount that is part of a sum; negative when it is taken off.
+struct Part {
+    std::size_t row = 0;
+    RowAmount amount;
+    Decimal value;
+};
 
-std::optional<ProposalCheck> columnCheck(const FoundAmount& total) {
-    if (total.page->number == 0) {
-        return std::nullopt; // lines of text have no columns
-    }
+/// Whether a row speaks of what is given back, so that its amount may be taken off without a sign.
+bool mayBeTakenOff(const Row& row, bool isRecognised) {
+    using enum Concept;
+    return namesAny(row, {refunded, publicShare, reduction}, isRecognised);
+}
+
+/// The amounts directly above a total in its column that add up to it; empty when none do. `turn`
+/// says which of those that may be taken off are, bit by bit.
+std::vector<Part> partsOf(const FoundAmount& total, unsigned turn) {
+    std::vector<Part> parts;
     Decimal sum;
-    int count = 0;
-    for (std::size_t at = total.row; at-- > 0 && total.row - at < 40;) {
-        const Row& row = total.page->rows[at];
+    const PageRows& page = *total.page;
+    for (std::size_t at = total.row; at-- > 0 && total.row - at < 40 && page.number != 0;) {
+        const Row& row = page.rows[at]; // lines of text have no columns
         const auto aligned = std::ranges::find_if(row.amounts, [&](const RowAmount& amount) {
-            return std::abs(amount.place.right - total.amount.place.right) <= alignment(*total.page)
+            return std::abs(amount.place.right - total.amount.place.right) <= alignment(page)
                    && amount.amount.isFirm();
         });
         if (aligned == row.amounts.end()) {
             continue;
         }
         const Decimal value = aligned->amount.value;
-        sum = sum + (isReduction(row) ? -value.abs() : value);
-        ++count;
-        if (count >= 2 && sum == total.value() && value != total.value()) {
-            return ProposalCheck{"Die " + std::to_string(count)
-                                     + " Beträge darüber ergeben zusammen " + shown(sum),
-                                 true};
+        bool isOff = isReduction(row);
+        if (turn != 0 && !isOff && value > 0 && mayBeTakenOff(row, page.isRecognised)) {
+            isOff = turn % 2 == 1;
+            turn /= 2;
+        }
+        parts.push_back({at, *aligned, isOff ? -value.abs() : value});
+        sum = sum + parts.back().value;
+        if (parts.size() >= 2 && sum == total.value() && value != total.value()) {
+            return parts;
         }
     }
-    return std::nullopt;
+    return {};
+}
+
+std::vector<Part> partsOf(const FoundAmount& total) {
+    constexpr unsigned turns = 8;
+    for (unsigned turn = 0; turn < turns; ++turn) {
+        if (auto parts = partsOf(total, turn); !parts.empty()) {
+            return parts;
+        }
+    }
+    return {};
+}
+
+} // namespace
+
+std::optional<ProposalCheck> columnCheck(const FoundAmount& total) {
+    const auto parts = partsOf(total);
+    if (parts.empty()) {
+        return std::nullopt;
+    }
+    return ProposalCheck{"Die " + std::to_string(parts.size())
+                             + " Beträge darüber ergeben zusammen " + shown(total.value()),
+                         true};
+}
+
+bool includesAlien(const FoundAmount& total, const Wanted& wanted) {
+    const PageRows& page = *total.page;
+    return std::ranges::any_of(partsOf(total), [&](const Part& part) {
+        const Row& row = page.rows[part.row];
+        return part.value >= 1
+               && (isBarred(row, wanted, page.isRecognised)
+                   || namesAny(row, wanted.alien, page.isRecognised)
+                   || namesAny(headingOver(page, part.row, part.amount), wanted.alien,
+                               page.isRecognised));
+    });
+}
+
+bool takesOff(const FoundAmount& total) {
+    return std::ranges::any_of(partsOf(total), [](const Part& part) { return part.value <= -1; });
 }
 
 std::optional<FoundAmount> totalBelow(const FoundAmount& part) {

@@ -64,6 +64,7 @@ enum class Where { columns, everywhere };
 struct Pass {
     Where where = Where::columns;
     bool firmOnly = true; ///< no amounts that only their digits speak for
+    bool isPure = true;   ///< no totals that include what is alien
 };
 
 /// Whether a label counts where it stands: not in a sentence, nor beside words that make the amount
@@ -93,7 +94,8 @@ std::vector<FoundAmount> findByLabel(const std::vector<RowRange>& ranges, const 
                     continue;
                 }
                 auto amount = amountAt(range, at, *place, wanted);
-                if (amount && (!pass.firmOnly || amount->amount.amount.isFirm())) {
+                if (amount && (!pass.firmOnly || amount->amount.amount.isFirm())
+                    && !(pass.isPure && includesAlien(*amount, wanted))) {
                     found.push_back(std::move(*amount));
                 }
             }
@@ -121,8 +123,66 @@ std::vector<FoundAmount> findByMeaning(const std::vector<RowRange>& ranges, cons
                 // Small bare numbers are days, pieces, points.
                 if (amount
                     && (amount->amount.amount.isFirm()
-                        || (!pass.firmOnly && amount->value().abs() >= 100))) {
+                        || (!pass.firmOnly && amount->value().abs() >= 100))
+                    && !(pass.isPure && includesAlien(*amount, wanted))) {
                     found.push_back(std::move(*amount));
+                }
+            }
+        }
+        if (!found.empty()) {
+            break;
+        }
+    }
+    return found;
+}
+
+/// Whether a row or the heading over one of its amounts says all of a meaning, each a part of it.
+bool saysTogether(const Row& stub, const Row& heading, const Meaning& meaning, bool isRecognised) {
+    bool isInStub = false;
+    bool isInHeading = false;
+    for (const Concept meant : meaning) {
+        const bool here = namesAny(stub, {meant}, isRecognised);
+        const bool above = !here && namesAny(heading, {meant}, isRecognised);
+        if (!here && !above) {
+            return false;
+        }
+        isInStub |= here;
+        isInHeading |= above;
+    }
+    return isInStub && isInHeading;
+}
+
+/// The amounts of a grid whose row says one part of a meaning and whose column the other.
+std::vector<FoundAmount> findInGrid(const std::vector<RowRange>& ranges, const Wanted& wanted) {
+    std::vector<FoundAmount> found;
+    const auto look = [&](const RowRange& range, std::size_t at, const Meaning& meaning) {
+        const Row& row = range.page->rows[at];
+        const bool isRecognised = range.page->isRecognised;
+        const auto isMeant = [&](const Row& words) {
+            return !isBarred(words, wanted, isRecognised)
+                   && !namesAny(words, wanted.notMeant, isRecognised);
+        };
+        Row stub;
+        stub.words.assign(row.words.begin(),
+                          row.words.begin() + static_cast<std::ptrdiff_t>(row.amounts[0].first));
+        for (const RowAmount& amount : row.amounts) {
+            const Row heading = headingOver(*range.page, at, amount);
+            if (amount.amount.isFirm() && saysTogether(stub, heading, meaning, isRecognised)
+                && isMeant(stub) && isMeant(heading)) {
+                found.push_back({.page = range.page,
+                                 .row = at,
+                                 .amount = amount,
+                                 .label = textBetween(stub, 0, stub.words.size())});
+            }
+        }
+    };
+    for (const Meaning& meaning : wanted.meanings) {
+        for (const RowRange& range : ranges) {
+            for (std::size_t at = range.first; at < range.end && meaning.size() > 1; ++at) {
+                const Row& row = range.page->rows[at];
+                if (range.page->number != 0 && !row.amounts.empty() && row.amounts[0].first > 0
+                    && cellsOf(row).size() > 1) {
+                    look(range, at, meaning);
                 }
             }
         }
@@ -145,24 +205,26 @@ std::vector<RowRange> wholeDocument(const DocumentRows& document) {
 
 std::vector<FoundAmount> findAmounts(const std::vector<RowRange>& ranges, const Wanted& wanted,
                                      Digits digits) {
-    std::vector<FoundAmount> found;
     for (const bool firmOnly : {true, false}) {
         if (!firmOnly && digits == Digits::firm) {
             break;
         }
         for (const Where where : {Where::columns, Where::everywhere}) {
-            const Pass pass{where, firmOnly};
+            const Pass pass{where, firmOnly, !wanted.alien.empty()};
             for (const auto find : {findByLabel, findByMeaning}) {
-                if (found = find(ranges, wanted, pass); !found.empty()) {
+                if (auto found = find(ranges, wanted, pass); !found.empty()) {
                     return found;
                 }
             }
-            if (found = findInProse(ranges, wanted); !found.empty()) {
+            if (auto found = findInGrid(ranges, wanted); pass.isPure && !found.empty()) {
+                return found;
+            }
+            if (auto found = findInProse(ranges, wanted); !found.empty()) {
                 return found;
             }
         }
     }
-    return found;
+    return {};
 }
 
 std::optional<FoundAmount> findLast(const std::vector<RowRange>& ranges, const Wanted& wanted,

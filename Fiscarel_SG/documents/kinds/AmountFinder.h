@@ -16,6 +16,7 @@ struct Wanted {
     bool isSpecific = true; ///< its words alone say what the amount is, "Total" does not
     std::vector<Meaning> meanings = {}; ///< where no label is found, the most certain first
     std::vector<Concept> notMeant = {}; ///< with one of these a meaning is something else
+    std::vector<Concept> alien = {};    ///< what is no part of it, though a total may include it
 };
 
 /// An amount beside its label.
@@ -59,6 +60,13 @@ std::optional<FoundAmount> findFirst(const std::vector<RowRange>& ranges, const 
 /// Whether the amounts directly above in the same column add up to this one, those of reductions
 /// being taken off; absent when fewer than two stand there or they do not.
 std::optional<ProposalCheck> columnCheck(const FoundAmount& total);
+
+/// Whether a total includes what is not wanted: one of the amounts that `columnCheck` adds up, and
+/// that is not taken off, stands in a row with words that bar it or name what is alien.
+bool includesAlien(const FoundAmount& total, const Wanted& wanted);
+
+/// Whether one of the amounts that `columnCheck` adds up is taken off.
+bool takesOff(const FoundAmount& total);
 
 /// The total below an amount in its column that `columnCheck` proves; absent when there is none.
 std::optional<FoundAmount> totalBelow(const FoundAmount& part);

@@ -1,5 +1,8 @@
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 
+#include "Fiscarel_SG/documents/kinds/RowSums.h"
+#include "Fiscarel_SG/documents/kinds/SectionTotal.h"
+
 #include <algorithm>
 #include <cmath>
 #include <map>
@@ -126,6 +129,12 @@ std::vector<double> columnsBelow(const RowRange& range, std::size_t at) {
     return shared;
 }
 
+/// Whether an amount is more than the number of a column: "Konto 1   Konto 2".
+bool isMoney(const RowAmount& amount) {
+    return amount.amount.isFirm()
+           && (amount.amount.hasDecimals || amount.amount.hasMark || amount.amount.value >= 10);
+}
+
 /// The columns of a row that heads a table, with the one a label stands in.
 struct Heading {
     std::vector<LabelPlace> columns;
@@ -135,9 +144,7 @@ struct Heading {
 std::optional<Heading> headingAt(const RowRange& range, std::size_t at,
                                  const std::optional<LabelPlace>& place) {
     const Row& row = range.page->rows[at];
-    const bool hasAmounts = std::ranges::any_of(
-        row.amounts, [](const RowAmount& amount) { return amount.amount.isFirm(); });
-    if (!place || range.page->number == 0 || hasAmounts) {
+    if (!place || range.page->number == 0 || std::ranges::any_of(row.amounts, isMoney)) {
         return std::nullopt;
     }
     Heading heading{headingCells(range, at)};
@@ -211,10 +218,19 @@ const RowAmount* amountByHeading(const RowRange& range, std::size_t at, const Wa
         for (const LabelPlace& place :
              placesIn(range.page->rows[above], wanted, range.page->isRecognised)) {
             if (const auto heading = headingAt(range, above, place)) {
-                const auto found = std::ranges::find_if(amounts, [&](const RowAmount* amount) {
-                    return columnOf(heading->columns, *amount) == heading->wanted;
-                });
-                return found == amounts.end() ? nullptr : *found;
+                const RowAmount* found = nullptr; // nearest, where headings stand close
+                const auto distance = [&](const RowAmount& amount) {
+                    return std::abs(amount.place.right - place.right);
+                };
+                for (const RowAmount* amount : amounts) {
+                    if (columnOf(heading->columns, *amount) == heading->wanted
+                        && (found == nullptr || distance(*amount) < distance(*found))) {
+                        found = amount;
+                    }
+                }
+                if (found != nullptr) {
+                    return found;
+                }
             }
         }
     }
@@ -304,32 +320,33 @@ const RowAmount* amountInCell(const Row& row, const LabelPlace& label,
     return first;
 }
 
-/// "12 × 1’355.00   16’260.00": the amount of the year beside that of a month.
-const RowAmount* amountOfYear(const Row& row) {
-    for (const RowAmount& year : row.amounts) {
-        const bool isOfYear = std::ranges::any_of(row.amounts, [&](const RowAmount& month) {
-            return month.amount.isFirm() && month.amount.value >= 1
-                   && month.amount.value * 12 == year.amount.value;
-        });
-        if (year.amount.isFirm() && isOfYear) {
-            return &year;
-        }
-    }
-    return nullptr;
+/// What the amounts of a row come to, under a heading that says so: "Topf 1, Topf 2, Summe".
+const RowAmount* totalOfRow(const RowRange& range, std::size_t at) {
+    const RowAmount* sum = sumOfRow(range.page->rows[at]);
+    const bool isTotal =
+        sum != nullptr && range.page->number != 0
+        && namesAny(headingOver(*range.page, at, *sum), {Concept::total}, range.page->isRecognised);
+    return isTotal ? sum : nullptr;
 }
 
-/// Of several amounts of a row what a number of times another comes to.
-const RowAmount* productAmong(const Row& row, const std::vector<const RowAmount*>& amounts) {
-    std::vector<Decimal> values;
-    for (const RowAmount* amount : amounts) {
-        values.push_back(amount->amount.value);
+/// Of several amounts right of a label the one that a heading, a time, a sum or the label's own
+/// cell speaks for; null when none does.
+const RowAmount* speakingOf(const RowRange& range, std::size_t at, const LabelPlace& label,
+                            const Wanted& wanted, const std::vector<const RowAmount*>& right) {
+    const Row& row = range.page->rows[at];
+    if (const RowAmount* headed = amountByHeading(range, at, wanted, right)) {
+        const RowAmount* product = productAmong(row, right); // not the price of one
+        return product != nullptr && product->amount.value > headed->amount.value ? product
+                                                                                  : headed;
     }
-    for (const Decimal& price : values) {
-        if (const auto product = productOf(row, values, price); product && price >= 1) {
-            return amounts[*product];
-        }
+    if (const RowAmount* newest = amountByPeriod(range, at, right)) {
+        return newest;
     }
-    return nullptr;
+    if (const RowAmount* total = totalOfRow(range, at)) {
+        return total;
+    }
+    const RowAmount* product = productAmong(row, right);
+    return product != nullptr ? product : amountInCell(row, label, right);
 }
 
 /// Whether a row speaks of the first day of a year and not of its last.
@@ -385,20 +402,6 @@ std::vector<LabelPlace> headingCells(const RowRange& range, std::size_t at) {
 
 double alignment(const PageRows& page) { return page.isRecognised ? 6.0 : 4.0; }
 
-std::optional<std::size_t> productOf(const Row& row, const std::vector<Decimal>& amounts,
-                                     const Decimal& price) {
-    for (const RowWord& word : row.words) {
-        const bool isCount = !word.text.empty() && word.text.size() <= 3
-                             && word.text.find_first_not_of("0123456789") == std::string::npos;
-        const Decimal count = isCount ? Decimal(std::stoi(word.text)) : Decimal(0);
-        const auto product = std::ranges::find(amounts, price * count);
-        if (count >= 2 && product != amounts.end()) {
-            return static_cast<std::size_t>(product - amounts.begin());
-        }
-    }
-    return std::nullopt;
-}
-
 std::vector<LabelPlace> placesIn(const Row& row, const Wanted& wanted, bool isRecognised) {
     std::vector<LabelPlace> places;
     for (const Label& label : wanted.labels) {
@@ -419,9 +422,7 @@ Row headingOver(const PageRows& page, std::size_t at, const RowAmount& amount) {
     for (std::size_t above = at; above-- > 0 && at - above < 20;) {
         const Row& row = page.rows[above];
         const auto cells = cellsOf(row);
-        if (cells.size() < 2 || std::ranges::any_of(row.amounts, [](const RowAmount& one) {
-                return one.amount.isFirm();
-            })) {
+        if (cells.size() < 2 || std::ranges::any_of(row.amounts, isMoney)) {
             continue;
         }
         for (const LabelPlace& cell : cells) {
@@ -463,10 +464,7 @@ std::optional<FoundAmount> amountFor(const RowRange& range, std::size_t at, cons
     }
     if (!right.empty()) {
         const RowAmount* headed =
-            right.size() > 1 ? amountByHeading(range, at, wanted, right) : nullptr;
-        headed = headed == nullptr && right.size() > 1 ? amountByPeriod(range, at, right) : headed;
-        headed = headed == nullptr && right.size() > 1 ? productAmong(row, right) : headed;
-        headed = headed == nullptr && right.size() > 1 ? amountInCell(row, label, right) : headed;
+            right.size() > 1 ? speakingOf(range, at, label, wanted, right) : nullptr;
         found.amount = headed != nullptr ? *headed : choose(right, *range.page);
         found.isAlone = right.size() == 1 || headed != nullptr;
         return found;
@@ -488,7 +486,8 @@ std::optional<FoundAmount> amountFor(const RowRange& range, std::size_t at, cons
 std::optional<FoundAmount> amountAt(const RowRange& range, std::size_t at, const LabelPlace& place,
                                     const Wanted& wanted) {
     auto found = amountUnder(range, at, place);
-    return found ? std::move(found) : amountFor(range, at, place, wanted);
+    found = found ? std::move(found) : amountFor(range, at, place, wanted);
+    return found ? std::move(found) : amountOfSection(range, at, place);
 }
 
 } // namespace fiscarel

@@ -18,11 +18,6 @@ double alignment(const PageRows& page);
 /// columns of amounts below part them.
 std::vector<LabelPlace> headingCells(const RowRange& range, std::size_t at);
 
-/// Which amount of a row or sentence is as many times another, `price`, as a number in it says:
-/// "4 sedute a CHF 85.10: CHF 340.40".
-std::optional<std::size_t> productOf(const Row& row, const std::vector<Decimal>& amounts,
-                                     const Decimal& price);
-
 /// Where a row says what is wanted, by one of the labels or all meanings; those words of a row that
 /// make it something else are not looked at.
 std::vector<LabelPlace> placesIn(const Row& row, const Wanted& wanted, bool isRecognised);

@@ -4,6 +4,7 @@
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
 #include "Fiscarel_SG/documents/kinds/PersonParts.h"
 #include "Fiscarel_SG/documents/kinds/PlainAmount.h"
+#include "Fiscarel_SG/documents/kinds/Prose.h"
 #include "Fiscarel_SG/documents/text/FoldedText.h"
 
 #include <algorithm>
@@ -75,7 +76,10 @@ class BillMapper {
 
     void propose() {
         bool isPayable = context_.bill && context_.bill->bill.amount;
-        if (target_.record == Record::child && !isPayable && proposeEachChild()) {
+        if (target_.isShared && !isPayable && proposeEachPerson()) {
+            return;
+        }
+        if (target_.kind == Kind::spende && !isPayable && proposeEachReceipt()) {
             return;
         }
         printed_ = bestTotal();
@@ -105,9 +109,9 @@ class BillMapper {
     }
 
   private:
-    /// A record for each child the document tells the costs of.
-    bool proposeEachChild() {
-        const Wanted& wanted = ownBillTotals(target_.kind);
+    /// A record for each child or student the document tells the costs of.
+    bool proposeEachPerson() {
+        const Wanted& wanted = ownTotals();
         const auto parts = findPersonAmounts(context_.document, wanted);
         const auto together = togetherCheck(context_.document, parts);
         for (const PersonAmount& part : parts) {
@@ -126,6 +130,31 @@ class BillMapper {
         return !parts.empty();
     }
 
+    /// A record for each of several receipts on a page: the same words, each with a day of its own.
+    bool proposeEachReceipt() {
+        for (const Wanted* wanted : {&billTotals(), &ownTotals(), &plainBillTotals()}) {
+            const auto all = findAmounts(ranges_, *wanted, Digits::firm);
+            const auto days = daysBelow(all);
+            if (days.size() < 2 || !haveOneLabel(all) || wholeOfParts(context_.document, all)) {
+                continue;
+            }
+            for (std::size_t i = 0; i < all.size(); ++i) {
+                const FoundAmount& one = all[i];
+                record_ = draft_.addRecord(recordWith(context_.facts, target_.record,
+                                                      target_.title + (' ' + payeeName()),
+                                                      one.page->number));
+                Evidence evidence = evidenceOf(one, *wanted, context_.isKindClear);
+                draft_.add(record_, target_.amount, one.value(), evidence);
+                evidence.confidence = Confidence::medium;
+                evidence.checks.clear();
+                draft_.add(record_, target_.day, days[i], evidence);
+                draft_.add(record_, target_.payee, payeeName(), evidence);
+            }
+            return true;
+        }
+        return false;
+    }
+
     /// Whether a paper that does not tell each child's part apart speaks of several.
     bool mayBeOfSeveral() const {
         static const Labels several{"Ihre Kinder",  "Ihrer Kinder", "Ihren Kindern", "Eltern von",
@@ -138,6 +167,11 @@ class BillMapper {
                 return isAnyIn(row.folded, several) && !row.folded.starts_with(issuer);
             });
         };
+        static const Labels together{"Famil*",   "beide",    "alle Kinder", "zusammen",
+                                     "ensemble", "les deux", "insieme",     "both"};
+        if (printed_ && isAnyIn(printed_->rowOf().folded, together)) {
+            return true;
+        }
         const std::size_t told = People(context_.document).born().size();
         return told >= 2 || (told == 0 && std::ranges::any_of(context_.document.pages, isTold));
     }
@@ -152,6 +186,14 @@ class BillMapper {
             record.personName = people.born().begin()->second.name;
             record.birthDate = people.born().begin()->second.birthDate;
         }
+    }
+
+    /// A party's members give as others do.
+    const Wanted& ownTotals() const {
+        static const Labels parties{"Partei",  "*partei",           "politische* Parteien",
+                                    "parti",   "partis politiques", "partito",
+                                    "partiti", "political party"};
+        return ownBillTotals(target_.kind, isAnyIn(context_.document.folded, parties));
     }
 
     std::string payeeName() const {
@@ -185,6 +227,13 @@ class BillMapper {
         if (auto share = target_.kind == Kind::arztrechnung ? ownShare() : std::nullopt) {
             return share;
         }
+        if (target_.kind == Kind::spende) {
+            if (auto sum = sumInProse(ranges_, ownTotals())) {
+                wanted_ = &ownTotals();
+                checks_.push_back(std::move(*sum->check));
+                return std::move(sum->found);
+            }
+        }
         for (const Digits digits : {Digits::firm, Digits::any}) {
             if (auto found = bestTotal(digits)) {
                 return billed(std::move(*found));
@@ -197,14 +246,14 @@ class BillMapper {
     }
 
     std::optional<FoundAmount> bestTotal(Digits digits) {
-        for (const Wanted* wanted : {&billTotals(), &ownBillTotals(target_.kind)}) {
+        for (const Wanted* wanted : {&billTotals(), &ownTotals()}) {
             auto all = findAmounts(ranges_, *wanted, digits);
             std::erase_if(all, [](const FoundAmount& one) { // numbers of bills, of clients
                 return !one.amount.amount.isFirm() && one.value() >= 100'000;
             });
             if (!all.empty() && all.back().value() >= 1) {
                 wanted_ = wanted;
-                return target_.isShared ? afterShares(all.back()) : beforeAdvance(wholeOf(all));
+                return target_.isShared ? afterShares(wholeOf(all)) : beforeAdvance(wholeOf(all));
             }
         }
         wanted_ = &plainBillTotals();
@@ -215,7 +264,7 @@ class BillMapper {
                 return one;
             }
         }
-        return all.empty() ? std::nullopt : std::optional(all.back());
+        return all.empty() ? std::nullopt : std::optional(wholeOf(all));
     }
 
     /// What others leave to the patient, where the bill tells their parts too.
@@ -249,26 +298,37 @@ class BillMapper {
         return std::move(bare->found);
     }
 
-    /// The sum below, where what was found are its parts; of donations, which lists call by many
-    /// names, also where all are parts that are no fees of a member.
-    FoundAmount wholeOf(const std::vector<FoundAmount>& all) const {
+    /// What the amounts found are parts of: their sum, wherever it is printed; a sum below them, of
+    /// donations, which lists call by many names, also where it includes others that are no fees,
+    /// and of what others share where something was given back in between.
+    FoundAmount wholeOf(const std::vector<FoundAmount>& all) {
+        if (target_.kind == Kind::spende || (target_.isShared && haveOneLabel(all))) {
+            auto whole = wholeOfParts(context_.document, all);
+            if (!whole && target_.kind == Kind::spende) {
+                whole = wholeOfList(context_.document, all.back(), *wanted_);
+            }
+            if (whole) {
+                checks_.push_back(*whole->check);
+                return std::move(whole->found);
+            }
+        }
         Decimal sum;
         for (const FoundAmount& one : all) {
             sum = sum + one.value();
         }
+        static const Wanted pure{{}, {}, true, {}, {}, {meals, membership, tax}};
         auto whole = totalBelow(all.back());
-        const bool isWhole =
-            whole
-            && (whole->value() == sum || (target_.kind == Kind::spende && !hasMembersFees(*whole)));
+        const bool isWider = target_.kind == Kind::spende || target_.isShared;
+        const bool isWhole = whole
+                             && (whole->value() == sum
+                                 || (isWider && !includesAlien(*whole, pure)
+                                     && (!target_.isShared || takesOff(*whole))));
+        isDisputed_ |= !isWhole && !columnCheck(all.back())
+                       && (target_.isShared || target_.kind == Kind::spende)
+                       && std::ranges::any_of(all, [&](const FoundAmount& one) {
+                              return one.value() != all.back().value();
+                          });
         return isWhole ? std::move(*whole) : all.back();
-    }
-
-    static bool hasMembersFees(const FoundAmount& total) {
-        static const Labels fees{"Mitglied*", "*beitrag", "cotisation*", "quota*", "*abonnement*",
-                                 "Eintritt*", "membre*",  "socio",       "*gebühr"};
-        return std::ranges::any_of(total.page->rows, [&](const Row& row) {
-            return !row.amounts.empty() && isAnyIn(row.folded, fees);
-        });
     }
 
     /// Whether the amounts that lead to a total name meals, in their row or above their column.
@@ -357,6 +417,9 @@ class BillMapper {
         if (auto repeat = repeatCheck(ranges_, *wanted_, *printed_)) {
             checks.push_back(std::move(*repeat));
         }
+        if (target_.isShared) {
+            settleGivenBack(checks);
+        }
         const bool isProven = !checks.empty();
         if (target_.kind == Kind::kinderbetreuung && !isDeductible_ && hasMeals(*printed_)) {
             checks.push_back(
@@ -364,14 +427,33 @@ class BillMapper {
         }
         Evidence evidence =
             evidenceOf(*printed_, *wanted_, context_.isKindClear && !isShared_, std::move(checks));
-        if (isReminder_ && !isProven) {
+        if ((isReminder_ && !isProven) || isDisputed_) {
             evidence.confidence = Confidence::low;
         }
         if (target_.record == Record::child && mayBeOfSeveral()) {
             evidence.confidence = Confidence::low;
             evidence.reason += " Das Dokument scheint mehrere Kinder zu betreffen.";
         }
+        if (target_.kind == Kind::weiterbildung && namesTwo(context_.document)) {
+            evidence.confidence = Confidence::low; // each deducts their own
+            evidence.reason += " Das Dokument nennt zwei Personen.";
+        }
         draft_.add(record_, target_.amount, printed_->value(), std::move(evidence));
+    }
+
+    /// Takes off what was given back or borne by others; doubtful where no sum proves what remains.
+    void settleGivenBack(std::vector<ProposalCheck>& checks) {
+        const Settled given = afterGivenBack(context_.document, *printed_);
+        if (given.rest) {
+            isShared_ = false;
+            if (given.rest->found.value() != printed_->value()) {
+                checks.clear();
+            }
+            printed_ = given.rest->found;
+            checks.push_back(*given.rest->check);
+        } else {
+            isShared_ |= given.isTold && !isDeductible_ && checks.empty();
+        }
     }
 
     void proposeWords(const std::string& payee, bool isPayable) {
@@ -405,7 +487,8 @@ class BillMapper {
     std::vector<RowRange> ranges_;
     std::optional<FoundAmount> printed_;
     const Wanted* wanted_ = nullptr;
-    bool isShared_ = false; ///< others bear a part that is not taken off
+    bool isDisputed_ = false; ///< other amounts have the same words
+    bool isShared_ = false;   ///< others bear a part that is not taken off
     bool isDeductible_ = false;
     std::vector<ProposalCheck> checks_; ///< that hold for what was printed
     bool isReminder_ = false;           ///< costs of a reminder were taken off

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <set>
 #include <utility>
 
 namespace fiscarel {
@@ -72,6 +73,44 @@ std::optional<SummedAmount> totalFrom(const PageRows& page, std::size_t first) {
     return std::nullopt;
 }
 
+/// An amount where it is printed.
+std::optional<FoundAmount> foundPrinted(const DocumentRows& document, const Decimal& value) {
+    const auto place = findPrinted(document, value);
+    if (!place) {
+        return std::nullopt;
+    }
+    const auto isWithin = [&](const Row& row) {
+        return std::ranges::any_of(
+            row.amounts, [&](const RowAmount& amount) { return &amount == place->amount; });
+    };
+    const auto& rows = place->page->rows;
+    const auto row = std::ranges::find_if(rows, isWithin) - rows.begin();
+    return foundIn(*place->page, static_cast<std::size_t>(row), *place->amount);
+}
+
+/// The amounts of rows that tell of something given back or borne by others, each and all together,
+/// the sum first.
+std::vector<Decimal> givenBack(const DocumentRows& document, const FoundAmount& found) {
+    std::vector<Decimal> given;
+    Decimal sum;
+    for (const PageRows& page : document.pages) {
+        for (const Row& row : page.rows) {
+            const RowAmount* amount = lastFirm(row);
+            if (amount == nullptr || amount->amount.value.abs() < 1
+                || amount->amount.value == found.value()
+                || !namesAny(row, {Concept::refunded, Concept::publicShare}, page.isRecognised)) {
+                continue;
+            }
+            given.push_back(amount->amount.value.abs());
+            sum = sum + given.back();
+        }
+    }
+    if (given.size() > 1) {
+        given.insert(given.begin(), sum);
+    }
+    return given;
+}
+
 bool isAdvance(const Row& row, bool isRecognised) {
     static const Labels words{"Anzahlung*",   "Akonto*",        "*akontozahlung*",
                               "Teilzahlung*", "Vorauszahlung*", "acompte*",
@@ -92,6 +131,114 @@ bool isOfReminder(const Row& row) {
 }
 
 } // namespace
+
+std::optional<SummedAmount> wholeOfParts(const DocumentRows& document,
+                                         const std::vector<FoundAmount>& found) {
+    Decimal sum;
+    for (const FoundAmount& one : found) {
+        sum = sum + one.value();
+    }
+    const bool endsInSum = found.size() > 2 && found.back().value() * 2 == sum;
+    if (endsInSum) {
+        sum = found.back().value();
+    }
+    ProposalCheck check{"Die " + std::to_string(found.size() - (endsInSum ? 1 : 0))
+                            + " einzelnen Beträge ergeben zusammen " + shown(sum),
+                        true};
+    auto whole = found.size() < 2 ? std::nullopt : foundPrinted(document, sum);
+    if (!whole) {
+        return std::nullopt;
+    }
+    whole->label = found.front().label;
+    return SummedAmount{std::move(*whole), std::move(check)};
+}
+
+bool haveOneLabel(const std::vector<FoundAmount>& found) {
+    return std::ranges::all_of(
+        found, [&](const FoundAmount& one) { return one.label == found.front().label; });
+}
+
+std::optional<SummedAmount> wholeOfList(const DocumentRows& document, const FoundAmount& part,
+                                        const Wanted& wanted) {
+    const PageRows& page = *part.page;
+    std::vector<FoundAmount> list;
+    const auto goesOn = [&](std::size_t at) {
+        const Row& row = page.rows[at];
+        const RowAmount* amount = lastFirm(row);
+        if (amount == nullptr || !isAligned(part, *amount)
+            || namesAny(row, {Concept::total}, page.isRecognised)) {
+            return false;
+        }
+        if (!isBarred(row, wanted, page.isRecognised)
+            && !namesAny(row, wanted.alien, page.isRecognised)) {
+            list.push_back(foundIn(page, at, *amount));
+        }
+        return true;
+    };
+    std::size_t first = part.row;
+    while (page.number != 0 && first > 0 && goesOn(first - 1)) {
+        --first;
+    }
+    for (std::size_t at = part.row; page.number != 0 && at < page.rows.size() && goesOn(at); ++at) {
+    }
+    return wholeOfParts(document, list);
+}
+
+std::optional<SummedAmount> withoutPart(const DocumentRows& document, const FoundAmount& total,
+                                        const Decimal& part) {
+    const Decimal rest = total.value() - part;
+    auto found = part >= 1 && rest >= 1 ? foundPrinted(document, rest) : std::nullopt;
+    if (!found) {
+        return std::nullopt;
+    }
+    return SummedAmount{std::move(*found),
+                        ProposalCheck{"Im Total " + shown(total.value()) + " sind " + shown(part)
+                                          + " anderes enthalten",
+                                      true}};
+}
+
+Settled afterGivenBack(const DocumentRows& document, const FoundAmount& found) {
+    const auto given = givenBack(document, found);
+    Settled settled{.isTold = !given.empty()};
+    for (const bool isRest : {true, false}) {
+        for (const Decimal& taken : given) {
+            const Decimal other = isRest ? found.value() + taken : found.value() - taken;
+            auto printed = other >= 1 ? foundPrinted(document, other) : std::nullopt;
+            if (!printed) {
+                continue;
+            }
+            const Decimal rest = isRest ? found.value() : other;
+            ProposalCheck check{"Von " + shown(rest + taken) + " gehen " + shown(taken)
+                                    + " weg: bleiben " + shown(rest),
+                                true};
+            settled.rest = SummedAmount{isRest ? found : std::move(*printed), std::move(check)};
+            return settled;
+        }
+    }
+    return settled;
+}
+
+std::vector<taxcore::Date> daysBelow(const std::vector<FoundAmount>& all) {
+    std::vector<taxcore::Date> days;
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        const PageRows& page = *all[i].page;
+        const bool isLast = i + 1 == all.size() || all[i + 1].page != all[i].page;
+        const std::size_t end = isLast ? page.rows.size() : all[i + 1].row;
+        std::set<taxcore::Date> own;
+        for (std::size_t at = all[i].row; at < end; ++at) {
+            for (const RowWord& word : page.rows[at].words) {
+                if (const auto day = parseDay(word.text)) {
+                    own.insert(*day);
+                }
+            }
+        }
+        if (own.size() != 1 || (!isLast && end < all[i].row + 3)) {
+            return {};
+        }
+        days.push_back(*own.begin());
+    }
+    return days;
+}
 
 std::optional<SummedAmount> totalWithTax(const std::vector<RowRange>& ranges) {
     for (const RowRange& range : ranges) {

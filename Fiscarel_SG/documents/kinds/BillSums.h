@@ -17,6 +17,37 @@ struct SummedAmount {
 /// its words; absent when no row of tax has both beside it.
 std::optional<SummedAmount> totalWithTax(const std::vector<RowRange>& ranges);
 
+/// What several amounts come to, where that is printed: payments of a year, accounts; or the last,
+/// which is the sum of the others. Absent for one alone and where their sum stands nowhere.
+std::optional<SummedAmount> wholeOfParts(const DocumentRows& document,
+                                         const std::vector<FoundAmount>& found);
+/// Whether the same words found them all.
+bool haveOneLabel(const std::vector<FoundAmount>& found);
+
+/// What the amounts of a list come to that one is part of: those above and below it in its column,
+/// without what is barred or alien. Absent for less than two and where their sum stands nowhere.
+std::optional<SummedAmount> wholeOfList(const DocumentRows& document, const FoundAmount& part,
+                                        const Wanted& wanted);
+
+/// The only day below each of several amounts, up to the next; empty where one has none or
+/// more, or they follow each other as in a list.
+std::vector<taxcore::Date> daysBelow(const std::vector<FoundAmount>& all);
+
+/// What remains of a total without a part of it that is told apart, where that is printed.
+std::optional<SummedAmount> withoutPart(const DocumentRows& document, const FoundAmount& total,
+                                        const Decimal& part);
+
+/// What became of amounts that a paper says were given back or borne by others.
+struct Settled {
+    bool isTold = false;              ///< the paper tells of such an amount
+    std::optional<SummedAmount> rest; ///< what remains after them, where the figures prove it
+};
+
+/// Looks for amounts given back to somebody, or borne by a commune or an employer, beside one that
+/// was found, and for what remains: the amount itself, when with them it is another printed one;
+/// else the printed one that it is without them.
+Settled afterGivenBack(const DocumentRows& document, const FoundAmount& found);
+
 /// The total that what is still open comes from, where what was paid before stands between.
 FoundAmount beforeAdvance(const FoundAmount& open);
 

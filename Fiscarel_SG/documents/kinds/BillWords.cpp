@@ -87,7 +87,7 @@ const Wanted& deductibleParts() {
         {"nicht", "non", "pro Tag", "Vorjahr*", "begrenzt", "limité*", "limitat*"},
         true,
         {{deductible, childcare}, {deductible, amount}, {deductible, total}, {deductible}},
-        {possible}};
+        {limit}};
     return wanted;
 }
 const Wanted& ownShares() {
@@ -123,7 +123,7 @@ const Wanted& ownShares() {
                                {Concept::other}};
     return wanted;
 }
-const Wanted& ownBillTotals(Kind kind) {
+const Wanted& ownBillTotals(Kind kind, bool areFeesGiven) {
     static const Wanted medicalTotals{
         {},
         {"exkl*", "HT"},
@@ -133,7 +133,11 @@ const Wanted& ownBillTotals(Kind kind) {
     static const Wanted donations{{},
                                   {"exkl*", "HT"},
                                   true,
-                                  {{donation, total},
+                                  {{deductible, donation},
+                                   {deductible, contribution},
+                                   {deductible, amount},
+                                   {deductible, total},
+                                   {donation, total},
                                    {donation, amount},
                                    {donation, paid},
                                    {donation, yearly},
@@ -141,7 +145,10 @@ const Wanted& ownBillTotals(Kind kind) {
                                    {amount, paid},
                                    {donation},
                                    {amount, total}},
-                                  {other, possible}};
+                                  {other, possible, tax, membership},
+                                  {tax, membership}};
+    static const Wanted givenToParties{
+        {}, {"exkl*", "HT"}, true, donations.meanings, {other, limit, tax}, {tax}};
     static const Wanted daycare{{},
                                 {"exkl*", "HT", "Depot", "Kaution", "caution", "cauzione"},
                                 true,
@@ -156,6 +163,7 @@ const Wanted& ownBillTotals(Kind kind) {
                                  {fee, paid},
                                  {contribution, paid},
                                  {parents, contribution},
+                                 {parents, payable},
                                  {total, paid},
                                  {paid, yearly},
                                  {payable},
@@ -169,7 +177,7 @@ const Wanted& ownBillTotals(Kind kind) {
                                  {amount, total},
                                  {childcare},
                                  {fee}},
-                                {other, refunded, publicShare, possible}};
+                                {other, refunded, publicShare, limit}};
     static const Wanted courses{{},
                                 {"exkl*", "HT"},
                                 true,
@@ -189,14 +197,14 @@ const Wanted& ownBillTotals(Kind kind) {
                                  {total},
                                  {course, fee},
                                  {fee}},
-                                {other, refunded, publicShare, possible}};
+                                {other, refunded, publicShare, limit}};
     static const Wanted repairs{
         {}, {"exkl*", "HT"}, true, {{payable}, {amount, total}}, {other, refunded}};
     switch (kind) {
     case Kind::arztrechnung:
         return medicalTotals;
     case Kind::spende:
-        return donations;
+        return areFeesGiven ? givenToParties : donations;
     case Kind::kinderbetreuung:
         return daycare;
     case Kind::weiterbildung:

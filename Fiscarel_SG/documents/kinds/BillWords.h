@@ -12,8 +12,9 @@ const Wanted& billTotals();
 const Wanted& deductibleParts();
 /// What a patient bears, the insurer and the state having paid their parts.
 const Wanted& ownShares();
-/// What only papers of a kind say of their amount, the surest first.
-const Wanted& ownBillTotals(StoredDocument::Kind kind);
+/// What only papers of a kind say of their amount, the surest first. `areFeesGiven`: members' fees
+/// count as given, as those of a political party do (DBG Art. 33 Abs. 1 Bst. i).
+const Wanted& ownBillTotals(StoredDocument::Kind kind, bool areFeesGiven = false);
 /// Words that may head a total and other amounts as well.
 const Wanted& plainBillTotals();
 /// The value-added tax of a bill.

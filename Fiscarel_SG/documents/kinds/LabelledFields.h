@@ -12,8 +12,9 @@ struct LabelledField {
     ProposedRecord::Kind record;
     const char* field;
     Wanted wanted;
-    int below;           ///< as much or more, francs, is no such amount
-    bool isYear = false; ///< a year or a day's year instead of an amount
+    int below;                    ///< as much or more, francs, is no such amount
+    bool isYear = false;          ///< a year or a day's year instead of an amount
+    const char* beside = nullptr; ///< looked for only where this field was found
 };
 
 /// The amounts of all kinds that are found by label alone, in German, French and Italian.

@@ -1,4 +1,5 @@
 #include "Fiscarel_SG/documents/kinds/AmountFinder.h"
+#include "Fiscarel_SG/documents/kinds/BillSums.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
 #include "Fiscarel_SG/documents/kinds/LabelledFields.h"
 #include "Fiscarel_SG/documents/kinds/PersonParts.h"
@@ -73,46 +74,6 @@ std::optional<Chosen> chooseFound(std::vector<FoundAmount> found, int below) {
     return Chosen{std::move(found.back()), isDisputed};
 }
 
-/// Whether a paper names two people in a line, as spouses are addressed.
-bool namesTwo(const DocumentRows& document) {
-    const People people(document);
-    return std::ranges::any_of(document.pages, [&](const PageRows& page) {
-        return std::ranges::any_of(page.rows,
-                                   [&](const Row& row) { return people.in(row).size() >= 2; });
-    });
-}
-
-/// Several accounts or payments with the same words: what they come to, where it is printed.
-std::optional<Chosen> wholeOfParts(const DocumentRows& document,
-                                   const std::vector<FoundAmount>& found) {
-    Decimal sum;
-    for (const FoundAmount& one : found) {
-        sum = sum + one.value();
-        if (one.label != found.front().label) {
-            return std::nullopt;
-        }
-    }
-    const auto place = found.size() < 2 ? std::nullopt : findPrinted(document, sum);
-    if (!place) {
-        return std::nullopt;
-    }
-    FoundAmount whole = found.front();
-    whole.page = place->page;
-    whole.amount = *place->amount;
-    whole.isAlone = true;
-    whole.isBelow = false;
-    const auto isWithin = [&](const Row& row) {
-        return std::ranges::any_of(
-            row.amounts, [&](const RowAmount& amount) { return &amount == place->amount; });
-    };
-    const auto& rows = place->page->rows;
-    whole.row = static_cast<std::size_t>(std::ranges::find_if(rows, isWithin) - rows.begin());
-    return Chosen{std::move(whole), false,
-                  ProposalCheck{"Die " + std::to_string(found.size())
-                                    + " einzelnen Beträge ergeben zusammen " + shown(sum),
-                                true}};
-}
-
 /// A paper for several people, as spouses get for their pillar 3a: a record for each.
 bool proposePeople(const KindContext& context, const LabelledField& row, ProposalDraft& draft) {
     const std::string_view field = row.field;
@@ -141,16 +102,29 @@ bool proposePeople(const KindContext& context, const LabelledField& row, Proposa
 
 void proposeField(const KindContext& context, const LabelledField& row, RecordsByKind& records,
                   ProposalDraft& draft) {
-    if (records.has(row.record, row.field) || proposePeople(context, row, draft)) {
+    const bool isAlone = row.beside != nullptr && !records.has(row.record, row.beside);
+    if (isAlone || records.has(row.record, row.field) || proposePeople(context, row, draft)) {
         return;
     }
     const auto ranges = wholeDocument(context.document);
     auto all = findAmounts(ranges, row.wanted);
     const bool isPillar = row.field == std::string_view("pillar3a");
-    auto chosen = isPillar ? wholeOfParts(context.document, all) : std::nullopt;
-    chosen = chosen ? std::move(chosen) : chooseFound(std::move(all), row.below);
+    auto whole = isPillar && haveOneLabel(all) ? wholeOfParts(context.document, all) : std::nullopt;
+    auto chosen = whole ? std::optional(Chosen{std::move(whole->found), false, whole->check})
+                        : chooseFound(std::move(all), row.below);
     if (!chosen) {
         return;
+    }
+    for (const Proposal& other : draft.result().proposals) {
+        if (isPillar && other.field == "pillar3aBuyIn") {
+            auto rest = withoutPart(context.document, chosen->found,
+                                    Decimal::parse(other.value).value_or(Decimal()));
+            chosen = rest ? Chosen{std::move(rest->found), false, rest->check} : std::move(chosen);
+        }
+    }
+    const Settled given = isPillar ? afterGivenBack(context.document, chosen->found) : Settled{};
+    if (given.rest) { // beyond the maximum, say
+        chosen = Chosen{given.rest->found, false, given.rest->check};
     }
     auto checks = chosen->check ? std::vector{*chosen->check}
                                 : witnessChecks(ranges, row.wanted, chosen->found);
@@ -162,6 +136,10 @@ void proposeField(const KindContext& context, const LabelledField& row, RecordsB
     }
     if (isPillar && !chosen->found.isAlone) { // balances stand beside
         evidence.confidence = Confidence::low;
+    }
+    if (given.isTold && !given.rest) {
+        evidence.confidence = Confidence::low;
+        evidence.reason += " Das Dokument nennt auch eine Rückzahlung.";
     }
     if (chosen->isDisputed) {
         evidence.confidence = Confidence::low;

@@ -45,6 +45,13 @@ NamedPerson nameFrom(const Row& row, std::size_t first, std::size_t last) {
     return name;
 }
 
+/// Words between a name and a day of birth.
+const Labels& births() {
+    static const Labels words{"geb",  "geboren", "né", "née", "nato",
+                              "nata", "born",    "am", "le",  "il"};
+    return words;
+}
+
 /// Words that stand beside names and are written with a capital too.
 const Labels& noNames() {
     static const Labels words{
@@ -61,13 +68,12 @@ const Labels& noNames() {
 
 /// Two or three capitalised words that end at or before a word, next to it.
 std::optional<NamedPerson> nameBefore(const Row& row, std::size_t end) {
-    static const Labels births{"geb", "geboren", "né", "née", "nato", "nata", "am", "le", "il"};
     std::size_t last = end;
     std::string between;
     while (last > 0 && !isCapitalised(row.words[last - 1])) {
         const std::string& word = row.words[--last].folded;
         between += word + ' ';
-        if (end - last > 4 || (!row.amounts.empty() && !word.empty() && !isAnyIn(word, births))) {
+        if (end - last > 4 || (!row.amounts.empty() && !word.empty() && !isAnyIn(word, births()))) {
             return std::nullopt;
         }
     }
@@ -81,7 +87,7 @@ std::optional<NamedPerson> nameBefore(const Row& row, std::size_t end) {
         --first;
     }
     // "Lea, geboren am 19.1.2016": so a first name alone is one too.
-    const std::size_t fewest = isAnyIn(between, births) ? 1 : 2;
+    const std::size_t fewest = isAnyIn(between, births()) ? 1 : 2;
     return last - first >= fewest ? std::optional(nameFrom(row, first, last - 1)) : std::nullopt;
 }
 
@@ -92,6 +98,26 @@ std::optional<NamedPerson> nameAt(const Row& row, std::size_t at) {
                         && !isAnyIn(row.words[at].folded, noNames())
                         && !isAnyIn(row.words[at + 1].folded, noNames());
     return isName ? std::optional(nameFrom(row, at, at + 1)) : std::nullopt;
+}
+
+/// The name right above a day of birth that begins its cell: "geb. 10.07.2018".
+std::optional<NamedPerson> nameAbove(const Row& row, std::size_t day, const Row& above) {
+    std::size_t first = day;
+    while (first > 0 && day - first < 2 && !row.words[first].text.empty()
+           && isAnyIn(row.words[first - 1].folded, births())) {
+        --first;
+    }
+    if (first == day) {
+        return std::nullopt;
+    }
+    const double left = row.words[first].place.left;
+    for (std::size_t i = 0; i < above.words.size(); ++i) {
+        const double offset = above.words[i].place.left - left;
+        if (offset > -row.height() && offset < row.height()) {
+            return nameAt(above, i);
+        }
+    }
+    return std::nullopt;
 }
 
 /// The day that begins with a word.
@@ -130,11 +156,16 @@ std::vector<NamedPerson> listedChildren(const Row& row) {
     return names.size() >= 2 ? names : std::vector<NamedPerson>();
 }
 
-/// The name that is all a row says before its amount.
+/// The name that is all a row says before its amounts.
 std::optional<NamedPerson> nameOfAmount(const Row& row) {
-    const bool isName = row.words.size() >= 3 && row.amounts.size() == 1
-                        && row.amounts[0].amount.isFirm() && row.amounts[0].first >= 2
-                        && row.amounts[0].first <= 3;
+    const auto isNumber = [](const RowWord& word) {
+        return word.text.find_first_of("0123456789") != std::string::npos;
+    };
+    const auto number = std::ranges::find_if(row.words, isNumber) - row.words.begin();
+    const bool isName =
+        number >= 2 && number <= 3 && std::ranges::any_of(row.amounts, [](const RowAmount& amount) {
+            return amount.amount.isFirm();
+        });
     return isName ? nameAt(row, 0) : std::nullopt;
 }
 
@@ -143,8 +174,10 @@ std::optional<NamedPerson> nameOfAmount(const Row& row) {
 People::People(const DocumentRows& document) {
     std::map<std::string, std::set<std::string>> inTables; // first names by family
     for (const PageRows& page : document.pages) {
+        const Row* above = nullptr;
         for (const Row& row : page.rows) {
-            look(row);
+            look(row, above);
+            above = &row;
             if (const auto name = nameOfAmount(row)) {
                 inTables[row.words[1].folded].insert(row.words[0].folded);
             }
@@ -181,8 +214,9 @@ std::vector<NamedPerson> People::in(const Row& row) const {
     return named;
 }
 
-void People::look(const Row& row) {
+void People::look(const Row& row, const Row* above) {
     static const Labels labels{"Kind",
+                               "Child",
                                "Enfant",
                                "Bambino",
                                "Bambina",
@@ -191,7 +225,25 @@ void People::look(const Row& row) {
                                "Persona assicurata"};
     for (std::size_t i = 0; i < row.words.size(); ++i) {
         if (const auto day = dayAt(row, i)) {
-            if (auto name = nameBefore(row, i)) {
+            const auto told = nameAt(row, 0); // whose course or payment is of that day
+            auto name = nameBefore(row, i);
+            const bool isOther = told && name && name->last > told->last
+                                 && isFamily(row.words[told->last].folded)
+                                 && !isFamily(row.words[name->last].folded)
+                                 && !isAnyIn(row.words[i - 1].folded, births());
+            if (isOther) {
+                continue;
+            }
+            if (!name && above != nullptr) {
+                name = nameAbove(row, i, *above);
+                if (name) {
+                    families_.insert(above->words[name->last].folded);
+                    name->birthDate = day;
+                    born_.emplace(above->words[name->first].folded, *name);
+                }
+                continue;
+            }
+            if (name) {
                 if (name->last > name->first) {
                     families_.insert(row.words[name->last].folded);
                 }
@@ -217,6 +269,14 @@ void People::look(const Row& row) {
     if (const auto name = label ? nameAt(row, label->last + 1) : std::nullopt) {
         families_.insert(row.words[name->last].folded);
     }
+}
+
+bool namesTwo(const DocumentRows& document) {
+    const People people(document);
+    return std::ranges::any_of(document.pages, [&](const PageRows& page) {
+        return std::ranges::any_of(page.rows,
+                                   [&](const Row& row) { return people.in(row).size() >= 2; });
+    });
 }
 
 } // namespace fiscarel

@@ -34,11 +34,14 @@ class People {
     const std::map<std::string, NamedPerson>& born() const { return born_; }
 
   private:
-    void look(const Row& row);
+    void look(const Row& row, const Row* above);
     bool isFamily(const std::string& folded) const { return families_.contains(folded); }
 
     std::set<std::string> families_;
     std::map<std::string, NamedPerson> born_;
 };
+
+/// Whether a document names two people in a line, as spouses are addressed.
+bool namesTwo(const DocumentRows& document);
 
 } // namespace fiscarel

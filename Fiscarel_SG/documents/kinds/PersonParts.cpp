@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/PersonParts.h"
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+#include "Fiscarel_SG/documents/kinds/RowSums.h"
 
 #include <algorithm>
 #include <array>
@@ -15,20 +16,6 @@ using Parts = std::vector<PersonAmount>;
 
 bool isWorthy(const RowAmount& amount) {
     return amount.amount.isFirm() && amount.amount.value >= 1;
-}
-
-/// The amount of a row that the others left of it, two or more, add up to.
-const RowAmount* rowSum(const Row& row) {
-    Decimal sum;
-    std::size_t count = 0;
-    for (const RowAmount& amount : row.amounts) {
-        if (count >= 2 && amount.amount.value == sum && isWorthy(amount)) {
-            return &amount;
-        }
-        sum = sum + amount.amount.value;
-        ++count;
-    }
-    return nullptr;
 }
 
 class Search {
@@ -115,7 +102,8 @@ class Search {
                     || !std::ranges::any_of(row.amounts, isWorthy)) {
                     continue;
                 }
-                if (const RowAmount* sum = rowSum(row)) {
+                const RowAmount* rest = restOfRow(row);
+                if (const RowAmount* sum = rest != nullptr ? rest : sumOfRow(row)) {
                     candidates.add(
                         named[0],
                         {.page = &page, .row = at, .amount = *sum, .label = named[0].name});

@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/Prose.h"
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+#include "Fiscarel_SG/documents/kinds/RowSums.h"
 
 #include <algorithm>
 #include <utility>
@@ -194,7 +195,9 @@ class ProseSearch {
     std::vector<FoundAmount> run() const {
         for (const Label& label : wanted_.labels) {
             auto found = each([&](const Sentence&, const Row& own, bool isRecognised) {
-                return findLabel(own, label, isRecognised);
+                return namesAny(own, wanted_.notMeant, isRecognised)
+                           ? std::nullopt
+                           : findLabel(own, label, isRecognised);
             });
             if (!found.empty()) {
                 return found;
@@ -244,6 +247,27 @@ class ProseSearch {
 
 std::vector<FoundAmount> findInProse(const std::vector<RowRange>& ranges, const Wanted& wanted) {
     return ProseSearch(ranges, wanted).run();
+}
+
+std::optional<SummedAmount> sumInProse(const std::vector<RowRange>& ranges, const Wanted& wanted) {
+    for (const Sentence& sentence : sentencesOf(ranges)) {
+        if (namesAny(sentence.row, wanted.alien, sentence.amounts[0].page->isRecognised)) {
+            continue;
+        }
+        Decimal sum;
+        std::size_t count = 0;
+        for (const FoundAmount& amount : sentence.amounts) {
+            if (count >= 2 && amount.value() == sum) {
+                return SummedAmount{amount, ProposalCheck{"Die " + std::to_string(count)
+                                                              + " Beträge davor ergeben zusammen "
+                                                              + shown(sum),
+                                                          true}};
+            }
+            sum = sum + amount.value();
+            ++count;
+        }
+    }
+    return std::nullopt;
 }
 
 std::vector<PersonAmount> findPeopleInProse(const DocumentRows& document, const Wanted& wanted) {

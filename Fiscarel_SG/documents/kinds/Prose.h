@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Fiscarel_SG/documents/kinds/AmountFinder.h"
+#include "Fiscarel_SG/documents/kinds/BillSums.h"
 #include "Fiscarel_SG/documents/kinds/PersonParts.h"
 
 #include <vector>
@@ -13,6 +14,11 @@ namespace fiscarel {
 /// anywhere in the sentence. Sentences may go on over lines. The first meaning that is found
 /// counts. Of "4 sedute a CHF 85.10: CHF 340.40" the product counts, not the price of one.
 std::vector<FoundAmount> findInProse(const std::vector<RowRange>& ranges, const Wanted& wanted);
+
+/// The amount of a sentence that those before it in the sentence, two or more, add up to: "CHF 340,
+/// CHF 440 et CHF 255, soit CHF 1035 en tout"; absent without one. Sentences that name what is
+/// alien to what is wanted are not looked at.
+std::optional<SummedAmount> sumInProse(const std::vector<RowRange>& ranges, const Wanted& wanted);
 
 /// Amounts of a sentence that says a meaning and names one of several people before each: "Anna
 /// Muster hat CHF 900 eingelegt, Beat Muster CHF 696". Empty unless each of them has exactly one.

@@ -104,8 +104,10 @@ std::optional<std::vector<std::size_t>> gridColumns(const Row& labels, const Row
         }
         columns.push_back(index);
         const Role role = roleOf(values, cell);
-        if (role == Role::text && hasFirmAmount(values, cell)) {
-            return std::nullopt; // a sentence
+        const char start = values.words[cell.first].text.front();
+        const bool isLabel = role == Role::text && cells.size() > 1 && start >= 'a' && start <= 'z';
+        if (isLabel || (role == Role::text && hasFirmAmount(values, cell))) {
+            return std::nullopt; // a sentence, or labels before their values
         }
         hasText |= role == Role::text;
         isLeft &= std::abs(cell.left - head->left) <= aligned;
@@ -195,6 +197,7 @@ class Arrangement {
             edges = pairEdges(rows[at + 1]); // the first row of a column may lack the other
             edges = fitsEdges(rows[at], edges) ? edges : std::vector<double>();
         }
+        edges = edges.empty() ? edgesOfCards(at) : edges;
         if (edges.empty() && at + 1 < rows.size()) {
             edges = pairEdges(rows[at], true); // two rows of bare numbers tell as much
             const std::vector<double> next = pairEdges(rows[at + 1], true);
@@ -217,6 +220,28 @@ class Arrangement {
             shift_ += column < edges.size() ? height : 0;
         }
         return true;
+    }
+
+    /// The edges of pairs that begin in one of the next rows, where each row before heads them all:
+    /// a name over each column, with a day of birth below.
+    std::vector<double> edgesOfCards(std::size_t at) const {
+        constexpr std::size_t mostTitles = 3;
+        const auto& rows = page_.rows;
+        for (std::size_t next = at + 1; next < rows.size() && next - at <= mostTitles; ++next) {
+            if (gap(next - 1) >= 1.5 || hasFirmAmount(rows[next - 1])) {
+                break;
+            }
+            const std::vector<double> edges = pairEdges(rows[next]);
+            const auto isTitle = [&](const Row& row) {
+                return cellsOf(row).size() == edges.size() + 1 && fitsEdges(row, edges);
+            };
+            const auto first = rows.begin() + static_cast<std::ptrdiff_t>(at);
+            if (!edges.empty()
+                && std::all_of(first, first + static_cast<std::ptrdiff_t>(next - at), isTitle)) {
+                return edges;
+            }
+        }
+        return {};
     }
 
     void keepColumn(const Row& row, const std::vector<double>& edges, std::size_t column) {

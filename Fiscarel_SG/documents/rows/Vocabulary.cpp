@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <string_view>
 
 namespace fiscarel {
 
@@ -22,17 +23,44 @@ const Labels& wordsFor(Concept meant) {
 
 namespace {
 
-/// The first label found outside the amounts: "113'029.20" speaks of no year 20.
-std::optional<LabelPlace> findWords(const Row& row, const Labels& labels, bool isRecognised) {
+/// Whether what stands at a place is said not to be: "ohne Kirchensteuer", "(keine Spende)", "nicht
+/// abziehbar".
+bool isDenied(const Row& row, const LabelPlace& place, Concept meant) {
+    static const Labels denials{"ohne",    "exkl*",  "ausser", "ausgenommen", "kein*",
+                                "nicht",   "sans",   "hors",   "excepté",     "non",
+                                "pas",     "aucun*", "senza",  "esclus*",     "nessun*",
+                                "without", "not",    "except", "excluding"};
+    // What remains "nach Abzug der Gutschriften" is none of these.
+    static const Labels afters{"nach", "après", "dopo", "after"};
+    const bool isTakenOff =
+        meant == Concept::refunded || meant == Concept::publicShare || meant == Concept::reduction;
+    constexpr std::size_t farthest = 2; // words between, as in "ohne die bezahlte"
+    for (std::size_t i = place.first; i-- > 0 && place.first - i <= farthest + 1;) {
+        if (isAnyIn(row.words[i].folded, denials)
+            || (isTakenOff && isAnyIn(row.words[i].folded, afters))) {
+            return true;
+        }
+        const std::string& text = row.words[i].text;
+        if (!text.empty()
+            && std::string_view(",;:.)").find(text.back()) != std::string_view::npos) {
+            return false; // another clause
+        }
+    }
+    return false;
+}
+
+/// The first label found that is not denied, outside the amounts: "113'029.20" speaks of no
+/// year 20.
+std::optional<LabelPlace> findWords(const Row& row, Concept meant, bool isRecognised) {
     const auto isInAmount = [&](const LabelPlace& place) {
         return std::ranges::any_of(row.amounts, [&](const RowAmount& amount) {
             return amount.amount.hasDecimals && amount.first <= place.first
                    && place.last <= amount.last;
         });
     };
-    for (const Label& label : labels) {
+    for (const Label& label : wordsFor(meant)) {
         auto place = findLabel(row, label, isRecognised);
-        while (place && isInAmount(*place)) {
+        while (place && (isInAmount(*place) || isDenied(row, *place, meant))) {
             place = findLabel(row, label, isRecognised, place->last + 1);
         }
         if (place) {
@@ -47,7 +75,7 @@ std::optional<LabelPlace> findWords(const Row& row, const Labels& labels, bool i
 std::optional<LabelPlace> findMeaning(const Row& row, const Meaning& meaning, bool isRecognised) {
     std::optional<LabelPlace> whole;
     for (const Concept meant : meaning) {
-        const auto place = findWords(row, wordsFor(meant), isRecognised);
+        const auto place = findWords(row, meant, isRecognised);
         if (!place) {
             return std::nullopt;
         }
@@ -64,7 +92,8 @@ std::optional<LabelPlace> findMeaning(const Row& row, const Meaning& meaning, bo
 
 bool namesAny(const Row& row, const std::vector<Concept>& concepts, bool isRecognised) {
     return std::ranges::any_of(concepts, [&](Concept meant) {
-        return findLabel(row, wordsFor(meant), isRecognised).has_value();
+        const auto place = findLabel(row, wordsFor(meant), isRecognised);
+        return place && (!isDenied(row, *place, meant) || findWords(row, meant, isRecognised));
     });
 }
 

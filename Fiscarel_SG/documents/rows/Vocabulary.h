@@ -62,7 +62,11 @@ enum class Concept {
     medical,
     deductible, ///< what the tax law lets one deduct
     meals,
-    last, ///< number of concepts
+    limit,      ///< how much the law allows at most
+    tax,        ///< what a parish or commune raises
+    membership, ///< what buys something: fees of members, tickets, things
+    freePillar, ///< 3b
+    last,       ///< number of concepts
 };
 
 /// A label as what it means: all of these in one row or clause, in any order. The first is what the

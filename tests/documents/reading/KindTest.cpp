@@ -106,7 +106,7 @@ const std::vector<Row>& rows() {
           {"Beitrag der Gemeinde", "924.20"},
           {"Von den Eltern bezahlt", "11’453.45"}},
          Kind::kinderbetreuung,
-         {"childcareCosts=11453.45 medium"}},
+         {"childcareCosts=11453.45 high"}},
         {{{"Schule Muster"},
           {"Rechnung Lehrgang Buchhaltung"},
           {"Kursgeld", "1’200.00"},

@@ -1,0 +1,82 @@
+#include "Fiscarel_SG/documents/kinds/RowSums.h"
+
+#include <algorithm>
+#include <string>
+
+namespace fiscarel {
+
+std::optional<std::size_t> productOf(const Row& row, const std::vector<Decimal>& amounts,
+                                     const Decimal& price) {
+    for (const RowWord& word : row.words) {
+        const bool isCount = !word.text.empty() && word.text.size() <= 3
+                             && word.text.find_first_not_of("0123456789") == std::string::npos;
+        const Decimal count = isCount ? Decimal(std::stoi(word.text)) : Decimal(0);
+        const auto product = std::ranges::find(amounts, price * count);
+        if (count >= 2 && product != amounts.end()) {
+            return static_cast<std::size_t>(product - amounts.begin());
+        }
+    }
+    return std::nullopt;
+}
+
+const RowAmount* sumOfRow(const Row& row) {
+    Decimal sum;
+    std::size_t count = 0;
+    for (const RowAmount& amount : row.amounts) {
+        if (!amount.amount.isFirm()) {
+            continue; // years, days
+        }
+        if (count >= 2 && amount.amount.value == sum && sum >= 1) {
+            return &amount;
+        }
+        sum = sum + amount.amount.value;
+        ++count;
+    }
+    return nullptr;
+}
+
+const RowAmount* restOfRow(const Row& row) {
+    for (std::size_t first = 0; first < row.amounts.size(); ++first) {
+        if (!row.amounts[first].amount.isFirm()) {
+            continue;
+        }
+        Decimal rest = row.amounts[first].amount.value;
+        for (std::size_t i = first + 1; i + 1 < row.amounts.size(); ++i) {
+            rest = rest - row.amounts[i].amount.value.abs();
+            const PrintedAmount& next = row.amounts[i + 1].amount;
+            if (row.amounts[i].amount.isFirm() && next.isFirm() && rest >= 1
+                && next.value == rest) {
+                return &row.amounts[i + 1];
+            }
+        }
+    }
+    return nullptr;
+}
+
+const RowAmount* amountOfYear(const Row& row) {
+    for (const RowAmount& year : row.amounts) {
+        const bool isOfYear = std::ranges::any_of(row.amounts, [&](const RowAmount& month) {
+            return month.amount.isFirm() && month.amount.value >= 1
+                   && month.amount.value * 12 == year.amount.value;
+        });
+        if (year.amount.isFirm() && isOfYear) {
+            return &year;
+        }
+    }
+    return nullptr;
+}
+
+const RowAmount* productAmong(const Row& row, const std::vector<const RowAmount*>& amounts) {
+    std::vector<Decimal> values;
+    for (const RowAmount* amount : amounts) {
+        values.push_back(amount->amount.value);
+    }
+    for (const Decimal& price : values) {
+        if (const auto product = productOf(row, values, price); product && price >= 1) {
+            return amounts[*product];
+        }
+    }
+    return nullptr;
+}
+
+} // namespace fiscarel

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "Fiscarel_SG/documents/rows/PageRows.h"
+#include "TaxCore/base/Decimal.h"
+
+#include <optional>
+#include <vector>
+
+namespace fiscarel {
+
+using taxcore::Decimal;
+
+/// Which amount of a row or sentence is as many times another, `price`, as a number in it says:
+/// "4 sedute a CHF 85.10: CHF 340.40".
+std::optional<std::size_t> productOf(const Row& row, const std::vector<Decimal>& amounts,
+                                     const Decimal& price);
+
+/// The amount of a row that those left of it, two or more, add up to; null without one.
+const RowAmount* sumOfRow(const Row& row);
+/// The amount of a row that is left of one when all between are taken off, as a fee is after
+/// rebates and shares; null without one.
+const RowAmount* restOfRow(const Row& row);
+
+/// "12 × 1’355.00   16’260.00": the amount of the year beside that of a month.
+const RowAmount* amountOfYear(const Row& row);
+/// Of several amounts of a row what a number of times another comes to.
+const RowAmount* productAmong(const Row& row, const std::vector<const RowAmount*>& amounts);
+
+} // namespace fiscarel
