@@ -128,11 +128,16 @@ std::optional<FoundAmount> totalBelow(const FoundAmount& part) {
 
 std::optional<ProposalCheck> repeatCheck(const std::vector<RowRange>& ranges, const Wanted& wanted,
                                          const FoundAmount& found) {
+    // An instalment that is still open does not witness one that was paid.
+    static const Labels unpaid{"offen*", "ausstehend*", "fällig*", "due",     "outstanding",
+                               "dû",     "en suspens",  "aperto",  "scoperto"};
+    const bool isUnpaid = isAnyIn(found.rowOf().folded, unpaid);
     for (const RowRange& range : ranges) {
         const bool isRecognised = range.page->isRecognised;
         for (std::size_t at = range.first; at < range.end; ++at) {
             const Row& row = range.page->rows[at];
-            if (row.amounts.empty() || (range.page == found.page && at == found.row)
+            if (row.amounts.empty() || (!isUnpaid && isAnyIn(row.folded, unpaid))
+                || (range.page == found.page && at == found.row)
                 || isBarred(row, wanted, isRecognised)
                 || namesAny(row, wanted.notMeant, isRecognised)) {
                 continue;

@@ -90,14 +90,15 @@ std::optional<FoundAmount> foundPrinted(const DocumentRows& document, const Deci
 
 /// The amounts of rows that tell of something given back or borne by others, each and all together,
 /// the sum first.
-std::vector<Decimal> givenBack(const DocumentRows& document, const FoundAmount& found) {
+std::vector<Decimal> givenBack(const DocumentRows& document, const FoundAmount& found,
+                               const Labels& credits) {
     std::vector<Decimal> given;
     Decimal sum;
     for (const PageRows& page : document.pages) {
         for (const Row& row : page.rows) {
             const RowAmount* amount = lastFirm(row);
             if (amount == nullptr || amount->amount.value.abs() < 1
-                || amount->amount.value == found.value()
+                || amount->amount.value == found.value() || isAnyIn(row.folded, credits)
                 || !namesAny(row, {Concept::refunded, Concept::publicShare}, page.isRecognised)) {
                 continue;
             }
@@ -197,8 +198,9 @@ std::optional<SummedAmount> withoutPart(const DocumentRows& document, const Foun
                                       true}};
 }
 
-Settled afterGivenBack(const DocumentRows& document, const FoundAmount& found) {
-    const auto given = givenBack(document, found);
+Settled afterGivenBack(const DocumentRows& document, const FoundAmount& found,
+                       const Labels& credits) {
+    const auto given = givenBack(document, found, credits);
     Settled settled{.isTold = !given.empty()};
     for (const bool isRest : {true, false}) {
         for (const Decimal& taken : given) {

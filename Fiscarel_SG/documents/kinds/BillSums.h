@@ -45,8 +45,10 @@ struct Settled {
 
 /// Looks for amounts given back to somebody, or borne by a commune or an employer, beside one that
 /// was found, and for what remains: the amount itself, when with them it is another printed one;
-/// else the printed one that it is without them.
-Settled afterGivenBack(const DocumentRows& document, const FoundAmount& found);
+/// else the printed one that it is without them. `credits`: words of rows that tell of payments, as
+/// a "Gutschrift" is on an account.
+Settled afterGivenBack(const DocumentRows& document, const FoundAmount& found,
+                       const Labels& credits = {});
 
 /// The total that what is still open comes from, where what was paid before stands between.
 FoundAmount beforeAdvance(const FoundAmount& open);

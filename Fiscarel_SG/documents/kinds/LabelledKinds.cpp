@@ -122,7 +122,9 @@ void proposeField(const KindContext& context, const LabelledField& row, RecordsB
             chosen = rest ? Chosen{std::move(rest->found), false, rest->check} : std::move(chosen);
         }
     }
-    const Settled given = isPillar ? afterGivenBack(context.document, chosen->found) : Settled{};
+    static const Labels credits{"Gutschrift*", "gutgeschrieben*"}; // what an account receives
+    const Settled given =
+        isPillar ? afterGivenBack(context.document, chosen->found, credits) : Settled{};
     if (given.rest) { // beyond the maximum, say
         chosen = Chosen{given.rest->found, false, given.rest->check};
     }
