@@ -169,10 +169,13 @@ std::vector<FoundAmount> findInGrid(const std::vector<RowRange>& ranges, const W
             const Row heading = headingOver(*range.page, at, amount);
             if (amount.amount.isFirm() && saysTogether(stub, heading, meaning, isRecognised)
                 && isMeant(stub) && isMeant(heading)) {
-                found.push_back({.page = range.page,
-                                 .row = at,
-                                 .amount = amount,
-                                 .label = textBetween(stub, 0, stub.words.size())});
+                FoundAmount hit{.page = range.page,
+                                .row = at,
+                                .amount = amount,
+                                .label = textBetween(stub, 0, stub.words.size())};
+                if (!includesAlien(hit, wanted)) {
+                    found.push_back(std::move(hit));
+                }
             }
         }
     };

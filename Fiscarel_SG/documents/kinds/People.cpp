@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/People.h"
 
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
+#include "Fiscarel_SG/documents/rows/Vocabulary.h"
 
 #include <algorithm>
 #include <string_view>
@@ -156,6 +157,18 @@ std::vector<NamedPerson> listedChildren(const Row& row) {
     return names.size() >= 2 ? names : std::vector<NamedPerson>();
 }
 
+/// Whether two words are what an amount is for: "Freie Vorsorge", "Betreuung Montag".
+bool namesThing(const Row& row) {
+    using enum Concept;
+    static const std::vector<Concept> things{
+        pillar3a, freePillar,   occupational, childcare, course,  donation, premium, amount,
+        fee,      contribution, account,      meals,     insured, interest, total};
+    Row words;
+    words.words.assign(row.words.begin(), row.words.begin() + 2);
+    static const Labels more{"*vorsorge*", "*versicherung*", "*prévoyance*", "*previdenza*"};
+    return namesAny(words, things, false) || findLabel(words, more, false);
+}
+
 /// The name that is all a row says before its amounts.
 std::optional<NamedPerson> nameOfAmount(const Row& row) {
     const auto isNumber = [](const RowWord& word) {
@@ -166,7 +179,7 @@ std::optional<NamedPerson> nameOfAmount(const Row& row) {
         number >= 2 && number <= 3 && std::ranges::any_of(row.amounts, [](const RowAmount& amount) {
             return amount.amount.isFirm();
         });
-    return isName ? nameAt(row, 0) : std::nullopt;
+    return isName && !namesThing(row) ? nameAt(row, 0) : std::nullopt;
 }
 
 } // namespace
