@@ -48,8 +48,8 @@ class Document {
     virtual PixPtr preview(int page, int width) const = 0;
     /// Whether the page may be a scan or photo, that is, may stand askew.
     virtual bool isScan(int page) const = 0;
-    /// Whether pictures come from a camera rather than from a scanner or program.
-    virtual bool mayBePhoto() const { return false; }
+    /// Whether the page may come from a camera: then the paper may be a part of it only.
+    virtual bool mayBePhoto(int page) const = 0;
 };
 
 /// Opens a document by what it holds, whatever its name. `bytes` outlives it.

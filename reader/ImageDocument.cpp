@@ -126,7 +126,7 @@ class ImageDocument : public Document {
     }
 
     bool isScan(int /*page*/) const override { return true; }
-    bool mayBePhoto() const override { return !L_FORMAT_IS_TIFF(file_.format); }
+    bool mayBePhoto(int) const override { return !L_FORMAT_IS_TIFF(file_.format); }
 
   private:
     /// The picture of a page, upright; the last one is kept.

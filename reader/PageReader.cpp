@@ -1,5 +1,7 @@
 #include "reader/PageReader.h"
 
+#include "reader/Leaders.h"
+
 #include <utility>
 
 namespace fiscarel::reader {
@@ -17,8 +19,8 @@ void addSymbols(std::vector<FoundSymbol>& symbols, const Picture& picture) {
 /// A scan, with the page as it stands upright in place of the page of the file.
 void readScan(const Document& document, const PageTask& task, Recognition& recognition,
               Deadline deadline, Picture source, PageFound& found) {
-    const Upright upright = findUpright(source, document.mayBePhoto(), recognition);
-    const Picture page = straightened(source, upright);
+    const Upright upright = findUpright(source, document.mayBePhoto(task.page), recognition);
+    Picture page = straightened(source, upright);
     found.reading.width = widthOf(page.grey) * pointsPerInch / page.dpi;
     found.reading.height = heightOf(page.grey) * pointsPerInch / page.dpi;
     source.toPage = page.toPage.after(upright.fromSource);
@@ -29,6 +31,7 @@ void readScan(const Document& document, const PageTask& task, Recognition& recog
         }
     }
     source.grey.reset();
+    wipeLeaders(page);
     RecognisedPage recognised = recognition.read(page, deadline);
     found.recognisedText = std::move(recognised.text);
     found.reading.words = std::move(recognised.words);
@@ -36,9 +39,9 @@ void readScan(const Document& document, const PageTask& task, Recognition& recog
 }
 
 /// A scan that has a text layer already: only its barcodes may need it straight.
-void addSkewedSymbols(const Document& document, Recognition& recognition, const Picture& source,
+void addSkewedSymbols(bool mayBePhoto, Recognition& recognition, const Picture& source,
                       std::vector<FoundSymbol>& symbols) {
-    const Upright upright = findUpright(source, document.mayBePhoto(), recognition);
+    const Upright upright = findUpright(source, mayBePhoto, recognition);
     if (upright.isUnchanged) {
         return;
     }
@@ -64,7 +67,8 @@ PageFound readPage(const Document& document, PageTask task, Recognition& recogni
         } else {
             addSymbols(found.symbols, source);
             if (found.symbols.empty() && document.isScan(task.page)) {
-                addSkewedSymbols(document, recognition, source, found.symbols);
+                addSkewedSymbols(document.mayBePhoto(task.page), recognition, source,
+                                 found.symbols);
             }
         }
     }

@@ -10,8 +10,4 @@ namespace fiscarel::reader {
 /// none when the paper reaches beyond the picture, or there is no such sheet.
 std::optional<Corners> findPaper(const PixPtr& grey);
 
-/// The picture of `width` by `height` pixels whose pixel p shows what stands at `source(p)`;
-/// white beyond the edges. For 8 and 32 bits per pixel.
-PixPtr warped(const PixPtr& pix, const Mapping& source, int width, int height);
-
 } // namespace fiscarel::reader

@@ -127,6 +127,7 @@ class PdfDocument : public Document {
     }
 
     bool isScan(int page) const override { return images_.fillsPage(page, size(page)); }
+    bool mayBePhoto(int page) const override { return isScan(page); }
 
   private:
     std::unique_ptr<Poppler::Page> pageAt(int page) const { return document_->page(page - 1); }

@@ -138,12 +138,12 @@ RecognisedPage Recognition::read(const Picture& picture, Deadline deadline) {
     return page;
 }
 
-int Recognition::quarterTurns(const PixPtr& picture, double dpi) {
+std::optional<int> Recognition::quarterTurns(const PixPtr& picture, double dpi) {
     constexpr float sure = 1.5F;
     if (!turns_) {
         auto api = std::make_unique<tesseract::TessBaseAPI>();
         if (api->Init(nullptr, "osd", tesseract::OEM_TESSERACT_ONLY) != 0) {
-            return 0;
+            return std::nullopt;
         }
         api->SetPageSegMode(tesseract::PSM_OSD_ONLY);
         turns_ = std::move(api);
@@ -154,7 +154,20 @@ int Recognition::quarterTurns(const PixPtr& picture, double dpi) {
     const bool told = turns_->DetectOrientationScript(&degrees, &confidence, nullptr, nullptr);
     turns_->Clear();
     // It tells how far the page is turned, anticlockwise seen from the page.
-    return told && confidence >= sure ? (4 - degrees / 90) % 4 : 0;
+    if (!told || confidence < sure) {
+        return std::nullopt;
+    }
+    return (4 - degrees / 90) % 4;
+}
+
+double Recognition::certainty(const PixPtr& picture, double dpi) {
+    if (!start()) {
+        return 0;
+    }
+    setPicture(*text_, picture, dpi);
+    const int mean = text_->Recognize(nullptr) == 0 ? text_->MeanTextConf() : 0;
+    text_->Clear();
+    return std::clamp(mean / 100.0, 0.0, 1.0);
 }
 
 } // namespace fiscarel::reader

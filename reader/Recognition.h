@@ -3,6 +3,7 @@
 #include "reader/Document.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -29,9 +30,12 @@ class Recognition {
     /// The text of an upright picture; what was found so far when the deadline passes.
     RecognisedPage read(const Picture& picture, Deadline deadline);
 
-    /// By how many quarter turns clockwise a picture must be turned to stand upright, 0 to 3; 0
+    /// By how many quarter turns clockwise a picture must be turned to stand upright, 0 to 3; none
     /// when it does not tell.
-    int quarterTurns(const PixPtr& picture, double dpi);
+    std::optional<int> quarterTurns(const PixPtr& picture, double dpi);
+
+    /// How surely the writing of a picture can be read as it stands, 0 to 1.
+    double certainty(const PixPtr& picture, double dpi);
 
     /// Whether the files of the languages are there.
     bool isInstalled();

@@ -1,6 +1,7 @@
 #include "reader/Straighten.h"
 
 #include "reader/Paper.h"
+#include "reader/Warp.h"
 
 #include <leptonica/allheaders.h>
 
@@ -8,6 +9,7 @@
 #include <cmath>
 #include <numbers>
 #include <optional>
+#include <vector>
 
 namespace fiscarel::reader {
 
@@ -71,8 +73,48 @@ PixPtr blackAndWhite(const PixPtr& grey) {
     return PixPtr(result);
 }
 
+/// The square of a picture that holds most ink.
+PixPtr inkiest(const PixPtr& grey, const PixPtr& ink) {
+    constexpr int steps = 6;
+    const int side = std::min(widthOf(ink), heightOf(ink)) / 2;
+    int most = -1;
+    PixPtr best;
+    for (int i = 0; i <= steps; ++i) {
+        for (int j = 0; j <= steps; ++j) {
+            Box* box = boxCreate((widthOf(ink) - side) * i / steps,
+                                 (heightOf(ink) - side) * j / steps, side, side);
+            const PixPtr part(pixClipRectangle(ink.get(), box, nullptr));
+            int count = 0;
+            if (part && pixCountPixels(part.get(), &count, nullptr) == 0 && count > most) {
+                most = count;
+                best.reset(pixClipRectangle(grey.get(), box, nullptr));
+            }
+            boxDestroy(&box);
+        }
+    }
+    return best;
+}
+
+/// Which of some quarter turns lets the writing be read best.
+int mostLegible(const std::vector<int>& turns, const Work& work, const PixPtr& ink,
+                Recognition& recognition) {
+    const PixPtr part = inkiest(work.grey, ink);
+    int best = turns.front();
+    double bestCertainty = -1;
+    for (const int quarters : turns) {
+        const PixPtr turned(part ? pixRotateOrth(part.get(), quarters) : nullptr);
+        const double certainty = turned ? recognition.certainty(turned, work.dpi) : 0;
+        if (certainty > bestCertainty) {
+            best = quarters;
+            bestCertainty = certainty;
+        }
+    }
+    return best;
+}
+
 /// Quarter turns clockwise that set the writing upright. What rises above small letters and hangs
-/// below them tells it cheaply; when that is not clear the recogniser is asked.
+/// below them tells it cheaply; when that is not clear the recogniser is asked. Rules, boxes and
+/// small print mislead that one, too, so that what it says is tried before a page is turned.
 int turnsOf(const PixPtr& ink, const Work& work, Recognition& recognition) {
     constexpr float sure = 6;
     float up = 0;
@@ -81,23 +123,30 @@ int turnsOf(const PixPtr& ink, const Work& work, Recognition& recognition) {
         && up > std::abs(left) * 1.5F) {
         return 0;
     }
-    return recognition.quarterTurns(work.grey, work.dpi);
+    const auto told = recognition.quarterTurns(work.grey, work.dpi);
+    if (!told) {
+        return mostLegible({0, 2, 1, 3}, work, ink, recognition);
+    }
+    return *told == 0 ? 0 : mostLegible({*told, 0, (*told + 2) % 4}, work, ink, recognition);
 }
 
-/// Turns by quarters, with the mapping of corners of pixels.
-void turn(Work& work, PixPtr& ink, int turns) {
-    const double width = widthOf(work.grey);
-    const double height = heightOf(work.grey);
+/// Where the pixels of a picture of this size stand after quarter turns clockwise.
+Mapping quarterTurn(double width, double height, int quarters) {
     const Corners from = rectangle(width, height);
-    const bool isOnSide = turns % 2 != 0;
+    const bool isOnSide = quarters % 2 != 0;
     const Corners to = rectangle(isOnSide ? height : width, isOnSide ? width : height);
     Corners turned;
     for (std::size_t i = 0; i < turned.size(); ++i) {
-        turned[i] = to[(i + static_cast<std::size_t>(turns)) % turned.size()];
+        turned[i] = to[(i + static_cast<std::size_t>(quarters)) % turned.size()];
     }
-    work.fromSource = Mapping::between(from, turned).after(work.fromSource);
-    work.grey.reset(pixRotateOrth(work.grey.get(), turns));
-    ink.reset(pixRotateOrth(ink.get(), turns));
+    return Mapping::between(from, turned);
+}
+
+void turn(Work& work, PixPtr& ink, int quarters) {
+    work.fromSource =
+        quarterTurn(widthOf(work.grey), heightOf(work.grey), quarters).after(work.fromSource);
+    work.grey.reset(pixRotateOrth(work.grey.get(), quarters));
+    ink.reset(pixRotateOrth(ink.get(), quarters));
 }
 
 /// The skew of the lines in radians clockwise; 0 when it does not show.
@@ -176,7 +225,11 @@ Picture straightened(const Picture& source, const Upright& upright) {
     }
     page.grey = warped(pixels, toPixels, upright.width, upright.height);
     if (upright.isPhoto && page.grey) {
-        PixPtr even(pixBackgroundNormSimple(page.grey.get(), nullptr, nullptr));
+        // The paper between the writing, by closing: grey writing must not pass for paper.
+        constexpr int reduction = 4;
+        constexpr int brush = 15;
+        constexpr int white = 230;
+        PixPtr even(pixBackgroundNormMorph(page.grey.get(), nullptr, reduction, brush, white));
         if (even) {
             page.grey = std::move(even);
         }

@@ -8,9 +8,9 @@
 #include "Fiscarel_SG/documents/SecondReader.h"
 #include "reader/Answer.h"
 #include "reader/Limits.h"
-#include "reader/Paper.h"
 #include "reader/Scan.h"
 #include "reader/Straighten.h"
+#include "reader/Warp.h"
 
 #include <fcntl.h>
 #include <leptonica/allheaders.h>
@@ -162,7 +162,7 @@ PixPtr shown(const Document& document, const Call& call) {
         return nullptr;
     }
     Recognition recognition;
-    const Upright upright = findUpright(source, document.mayBePhoto(), recognition);
+    const Upright upright = findUpright(source, document.mayBePhoto(call.page), recognition);
     if (upright.isUnchanged) {
         return document.preview(call.page, call.width);
     }

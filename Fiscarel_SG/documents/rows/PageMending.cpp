@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/rows/PageMending.h"
 
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
+#include "Fiscarel_SG/documents/rows/IbanMending.h"
 
 #include <algorithm>
 #include <cmath>
@@ -113,6 +114,7 @@ void joinOverLines(PageRows& page) {
 void mend(PageRows& page) {
     if (page.isRecognised) {
         straightenBends(page);
+        std::ranges::for_each(page.rows, mendIbans);
     }
     joinOverLines(page);
     firmColumns(page);

@@ -81,9 +81,9 @@ QImage symbol(int symbology, const std::string& bytes, const std::optional<Part>
         code->structapp.count = part->count;
         part->id.copy(code->structapp.id, sizeof code->structapp.id);
     }
-    const int failed = ZBarcode_Encode_and_Buffer(
-        code, reinterpret_cast<const unsigned char*>(bytes.data()), static_cast<int>(bytes.size()),
-        0);
+    const int failed =
+        ZBarcode_Encode_and_Buffer(code, reinterpret_cast<const unsigned char*>(bytes.data()),
+                                   static_cast<int>(bytes.size()), 0);
     if (failed >= ZINT_ERROR) {
         throw std::runtime_error(code->errtxt);
     }
@@ -151,6 +151,21 @@ QImage photographed(const QImage& page) {
     }
     photo.setDotsPerMeterX(2835);
     photo.setDotsPerMeterY(2835);
+    return photo;
+}
+
+QImage shaded(QImage photo) {
+    constexpr int soft = 200;  // pixels over which it grows
+    constexpr int depth = 176; // of 256
+    for (int y = 0; y < photo.height(); ++y) {
+        auto* const line = reinterpret_cast<QRgb*>(photo.scanLine(y));
+        for (int x = 0; x < photo.width(); ++x) {
+            const int within = std::clamp(x + y / 3 - photo.width() * 2 / 3, 0, soft);
+            const int light = 256 - depth * within / soft;
+            line[x] = qRgb(qRed(line[x]) * light / 256, qGreen(line[x]) * light / 256,
+                           qBlue(line[x]) * light / 256);
+        }
+    }
     return photo;
 }
 
@@ -224,8 +239,8 @@ std::string heic(const QImage& image) {
         }
         heif_context_encode_image(context, picture, encoder, nullptr, nullptr);
         heif_writer writer{1, [](heif_context*, const void* data, std::size_t size, void* to) {
-                               static_cast<std::string*>(to)->assign(
-                                   static_cast<const char*>(data), size);
+                               static_cast<std::string*>(to)->assign(static_cast<const char*>(data),
+                                                                     size);
                                return heif_error{heif_error_Ok, heif_suberror_Unspecified, ""};
                            }};
         heif_context_write(context, &writer, &bytes);

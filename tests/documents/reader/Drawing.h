@@ -34,6 +34,9 @@ QImage turned(const QImage& page, double degrees);
 /// As a camera sees a sheet on a table, from the side and in uneven light.
 QImage photographed(const QImage& page);
 
+/// What lies right of a slanting line in deep shadow: half of the sheet is darker than the table.
+QImage shaded(QImage photo);
+
 /// The content of image files.
 std::string png(const QImage& image);
 std::string jpeg(const QImage& image, int quality);

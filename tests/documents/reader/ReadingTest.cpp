@@ -1,9 +1,8 @@
 // What is read from documents of every format, straight and askew.
 
+#include "Fiscarel_SG/DocumentScanner.h"
 #include "tests/documents/reader/Drawing.h"
 #include "tests/documents/reader/Files.h"
-
-#include "Fiscarel_SG/DocumentScanner.h"
 
 #include <gtest/gtest.h>
 #include <zint.h>
@@ -28,8 +27,8 @@ const QStringList billLines{u"Gemeinschaftspraxis am Rhein"_s,
 void expectBill(const ScanResult& result, const char* what) {
     EXPECT_EQ(result.problem, std::nullopt) << what << ": " << *result.problem;
     EXPECT_EQ(result.kind, StoredDocument::Kind::arztrechnung) << what << "\n" << result.text;
-    EXPECT_NE(result.text.find("Gemeinschaftspraxis"), std::string::npos)
-        << what << "\n" << result.text;
+    EXPECT_NE(result.text.find("Gemeinschaftspraxis"), std::string::npos) << what << "\n"
+                                                                          << result.text;
     ASSERT_EQ(result.fields.size(), 1U) << what << "\n" << result.text;
     EXPECT_EQ(result.fields[0].value, Decimal::parse("1980.40").value()) << what;
 }
@@ -79,6 +78,8 @@ TEST(Reading, aBillThatLiesAskew) {
         {"camera.jpg",
          drawing::withOrientation(
              drawing::jpeg(drawing::turned(drawing::photographed(page), 270), 75), 6)},
+        {"shadow.jpg", drawing::jpeg(drawing::shaded(drawing::photographed(page)), 75)},
+        {"photo.pdf", drawing::imagePdf({drawing::photographed(page)})},
     };
     for (const auto& [name, bytes] : rows) {
         expectBill(DocumentScanner::scan(folder.write(name, bytes)), name);

@@ -1,10 +1,9 @@
 // Barcodes of pages: their bytes, their parts, where they stand.
 
-#include "tests/documents/reader/Drawing.h"
-
 #include "Fiscarel_SG/DocumentScanner.h"
 #include "reader/Scan.h"
 #include "reader/WorkList.h"
+#include "tests/documents/reader/Drawing.h"
 #include "tests/documents/reader/Files.h"
 
 #include <gtest/gtest.h>
@@ -116,6 +115,7 @@ TEST(Symbols, surviveABadScanAndAPhoto) {
         {"skew in a PDF", drawing::imagePdf({drawing::turned(page, -2)})},
         {"on its side", drawing::jpeg(drawing::turned(page, 90), 60)},
         {"photo", drawing::jpeg(drawing::photographed(page), 75)},
+        {"photo in a PDF", drawing::imagePdf({drawing::photographed(page)})},
     };
     for (const auto& [name, file] : rows) {
         const DocumentReading reading = readingOf(file);

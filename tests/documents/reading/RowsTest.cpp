@@ -107,6 +107,25 @@ TEST(PageRows, mendsWhatRecognitionToreInAnAmountAndSaysSo) {
     }
 }
 
+TEST(PageRows, putsAccountNumbersRightThatTheirCheckDigitsProve) {
+    struct Case {
+        const char* taken;
+        const char* read;
+    };
+    const std::vector<Case> cases{
+        {"L112 4237 697O 4935 6I85 7 Zahlungskonto", "LI12 4237 6970 4935 6185 7 Zahlungskonto"},
+        {"Konto L112423769704935618S7", "Konto LI1242376970493561857"},
+        {"Konto L112423769704935618S8", "Konto L112423769704935618S8"}, // nothing proves it
+        {"L112 4237 6970 4935 6185", "L112 4237 6970 4935 6185"},       // too short
+    };
+    for (const Case& one : cases) {
+        DrawnPage page;
+        page.line(one.taken);
+        EXPECT_EQ(textsOf(arranged(buildRows(page.scanned(0).page()))),
+                  std::vector<std::string>{one.read});
+    }
+}
+
 TEST(PageRows, standsWhateverIsOnThePage) {
     const double none = std::numeric_limits<double>::quiet_NaN();
     const double vast = std::numeric_limits<double>::max();
