@@ -110,6 +110,16 @@ bool titleNamesPension(const DocumentRows& document) {
     });
 }
 
+/// Whether a paper is one on a wage, though its amounts may not be found.
+bool namesWage(const DocumentRows& document) {
+    static const Labels certificates{
+        "Bruttolohn*",   "Nettolohn*",         "Salaire brut", "Salaire net",       "Salario lordo",
+        "Salario netto", "Lohn brutto",        "Lohn netto",   "Lohn nach Abzügen", "Monatslöhne",
+        "Monatslohn",    "Lohnbescheinigung*", "gross salary", "net salary"};
+    static const Labels pensions{"*rente", "*renten", "rente", "rentes", "rendita", "rendite"};
+    return isAnyIn(document.folded, certificates) && !isAnyIn(titleWords(document), pensions);
+}
+
 void proposeByKind(const KindContext& context, ProposalDraft& draft) {
     switch (context.kind) {
     case Kind::saeule3a:
@@ -165,6 +175,9 @@ std::vector<SalaryForm> readCertificatePages(const DocumentRows& document) {
 KindVerdict verdictOf(const DocumentRows& document, const std::vector<SalaryForm>& forms,
                       bool hasBill) {
     const KindVerdict verdict = weighKind(document, std::ranges::any_of(forms, isProven));
+    if (allowanceOf(document)) {
+        return {.kind = Kind::lohnausweis, .isClear = true};
+    }
     const bool isNothing = !verdict.kind || (verdict.kind == Kind::anderes && hasBill);
     if (isNothing && isRepairBill(document)) {
         return {.kind = Kind::liegenschaft};
@@ -198,14 +211,17 @@ void proposeAll(const DocumentReading& reading, ScanResult& result) {
         return;
     }
     if (result.proposedKind == Kind::lohnausweis) {
+        if (!payloads.kind && allowanceOf(document)) {
+            const DocumentFacts facts = readFacts(document);
+            proposeAllowances({document, facts, Kind::lohnausweis, verdict.isClear, bill}, draft);
+            return;
+        }
         for (const SalaryForm& form : forms) {
             if (!payloads.certificatePages.contains(form.page->number)) {
                 proposeSalaryForm(form, draft);
             }
         }
-        static const Labels wages{"Bruttolohn*", "Nettolohn*", "Salaire brut", "Salario lordo"};
-        const bool isForm = !forms.empty() || isAnyIn(document.folded, wages);
-        if (!isForm && !payloads.kind) { // a letter on a pension
+        if (forms.empty() && !namesWage(document) && !payloads.kind) { // a letter on a pension
             const DocumentFacts facts = readFacts(document);
             proposePensions({document, facts, Kind::lohnausweis, verdict.isClear, bill}, false,
                             draft);

@@ -26,22 +26,6 @@ constexpr int fundsPension = 10;
 constexpr int fromPractice = 8;
 constexpr int decisive = 12; ///< of the words that make a document none of the kinds
 
-std::string titleWords(const DocumentRows& document) {
-    std::string words;
-    if (document.pages.empty()) {
-        return words;
-    }
-    const PageRows& first = document.pages.front();
-    const double limit = document.hasPlaces ? first.height * 0.45 : 1e9;
-    std::size_t count = 0;
-    for (const Row& row : first.rows) {
-        if (row.middle() <= limit && count++ < 25) {
-            words += row.folded + ' ';
-        }
-    }
-    return words;
-}
-
 /// Employee-share annexes carry their name at the top; a certificate mentions them in box 15.
 int exclusionWeight(const std::string& title, const std::string& all) {
     int weight = 0;
@@ -383,6 +367,22 @@ void weighWhole(const DocumentRows& document, const std::string& title, bool isW
 }
 
 } // namespace
+
+std::string titleWords(const DocumentRows& document) {
+    std::string words;
+    if (document.pages.empty()) {
+        return words;
+    }
+    const PageRows& first = document.pages.front();
+    const double limit = document.hasPlaces ? first.height * 0.45 : 1e9;
+    std::size_t count = 0;
+    for (const Row& row : first.rows) {
+        if (row.middle() <= limit && count++ < 25) {
+            words += row.folded + ' ';
+        }
+    }
+    return words;
+}
 
 KindVerdict weighKind(const DocumentRows& document, bool isWageProven) {
     const std::string title = titleWords(document);

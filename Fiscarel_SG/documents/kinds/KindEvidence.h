@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/documents/ProposalDraft.h"
 
 #include <optional>
+#include <string>
 
 namespace fiscarel {
 
@@ -17,6 +18,9 @@ struct KindVerdict {
 /// shares, tax returns and shop receipts are none of the kinds that hold amounts, whatever they
 /// mention. `isWageProven`: amounts add up as those of a salary certificate do.
 KindVerdict weighKind(const DocumentRows& document, bool isWageProven);
+
+/// The folded words of the first page's upper part: sender, addressee, title.
+std::string titleWords(const DocumentRows& document);
 
 /// Whether a document certifies pensions that were paid.
 bool isPensionPaper(const DocumentRows& document);

@@ -1,8 +1,10 @@
 #include "Fiscarel_SG/documents/kinds/PensionAmounts.h"
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+#include "Fiscarel_SG/documents/kinds/PensionWords.h"
 
 #include <algorithm>
+#include <cmath>
 #include <set>
 
 namespace fiscarel {
@@ -10,70 +12,6 @@ namespace fiscarel {
 namespace {
 
 constexpr std::size_t farthest = 12; ///< amounts between a sum and its parts
-
-const Labels& taxFree() {
-    static const Labels words{"Hilflosen*",
-                              "impotent*",
-                              "grandi invalidi",
-                              "grande invalido",
-                              "Ergänzungsleistung*",
-                              "prestations complémentaires",
-                              "prestazioni complementari",
-                              "Assistenzbeitrag*",
-                              "contribution d'assistance",
-                              "contributo per l'assistenza"};
-    return words;
-}
-
-/// What stands on such papers and is no pension of the year.
-const Labels& noPension() {
-    static const Labels words{"*kapital*",
-                              "*abfindung*",
-                              "capital",
-                              "capitale",
-                              "*guthaben*",
-                              "avoir",
-                              "avere",
-                              "averi",
-                              "Vorjahr*",
-                              "Vergleich",
-                              "précédente",
-                              "précédent",
-                              "precedente",
-                              "Mindest*",
-                              "minimum",
-                              "minimo",
-                              "*gebühr*",
-                              "Mahn*",
-                              "Duplikat*",
-                              "duplicat*",
-                              "Zuschuss*",
-                              "Krankenversicher*",
-                              "assurance-maladie",
-                              "cassa malati",
-                              "Augmentation",
-                              "Aumento",
-                              "Erhöhung*",
-                              "Quellensteuer*",
-                              "impôt à la source",
-                              "imposta alla fonte",
-                              "voraussichtlich*",
-                              "*kosten",
-                              "frais",
-                              "spese",
-                              "limite*",
-                              "*grenze*",
-                              "Rückforderung*",
-                              "Nachzahlung* für"};
-    return words;
-}
-
-const Labels& perMonth() {
-    static const Labels words{"monatlich*", "pro Monat",    "im Monat",     "je Monat",
-                              "par mois",   "Monatsbetrag", "Monatsrente*", "mensuel*",
-                              "al mese",    "mensil*",      "Monatsansatz", "p. M."};
-    return words;
-}
 
 /// Words of a row as a row of their own.
 void append(Row& words, const Row& row, std::size_t first, std::size_t end) {
@@ -89,9 +27,21 @@ bool endsSentence(const RowWord& word) {
            && word.folded.find_first_of("0123456789") == std::string::npos;
 }
 
-/// Where the clause of an amount begins in its row: behind the amount or the sentence before.
+bool endsClause(const std::string& text) {
+    return text.ends_with(',') || text.ends_with(';') || text.ends_with(')');
+}
+
+/// Where the clause of an amount begins in its row: behind the amount before and what goes with it
+/// ("al mese,"), or behind the sentence before.
 std::size_t clauseStart(const Row& row, std::size_t amount) {
     std::size_t first = amount == 0 ? 0 : row.amounts[amount - 1].last + 1;
+    for (std::size_t i = first; amount > 0 && i < std::min(first + 2, row.amounts[amount].first);
+         ++i) {
+        if (endsClause(row.words[i].text)) {
+            first = i + 1;
+            break;
+        }
+    }
     for (std::size_t i = first; i < row.amounts[amount].first; ++i) {
         first = endsSentence(row.words[i]) ? i + 1 : first;
     }
@@ -107,9 +57,6 @@ bool goesOn(const Row& row) {
 /// The next two words behind an amount, where no other clause begins: "Fr. 1'542.10 monatlich".
 void appendBehind(const PageRows& page, std::size_t at, const RowAmount& amount, Row& words) {
     const Row& row = page.rows[at];
-    const auto endsClause = [](const std::string& text) {
-        return text.ends_with(',') || text.ends_with(';') || text.ends_with(')');
-    };
     if (endsClause(row.words[amount.last].text)) {
         return;
     }
@@ -171,6 +118,15 @@ bool isInFrancs(const Row& row, const RowAmount& amount) {
            || (amount.first > 0 && isAt(amount.first - 1)) || isAt(amount.first);
 }
 
+/// Whether the heading of its column says so.
+bool isUnderFrancs(const PageRows& page, std::size_t at, const RowAmount& amount) {
+    static const std::set<std::string> names{"chf", "fr", "sfr", "franken", "francs", "franchi"};
+    const Row heading = headingOver(page, at, amount);
+    return std::ranges::any_of(heading.words,
+                               [&](const RowWord& word) { return names.contains(word.folded); })
+           && std::ranges::none_of(heading.words, isForeign);
+}
+
 /// Rates of exchange: "0.9637", which are no amounts.
 std::vector<Decimal> ratesIn(const DocumentRows& document) {
     std::vector<Decimal> rates;
@@ -192,16 +148,16 @@ std::vector<Decimal> ratesIn(const DocumentRows& document) {
     return rates;
 }
 
-/// Bare numbers that may count months: "12 ×", "(3 Monate)".
-std::set<int> monthCounts(const DocumentRows& document) {
-    static const Labels months{"Monat*", "mois", "mesi", "mensilità"};
+/// Bare numbers that may count months or days: "12 ×", "(3 Monate)", "26 Tage zu".
+std::set<int> unitCounts(const DocumentRows& document) {
+    static const Labels months{"Monat*", "mois", "mesi", "mensilità", "Tage*", "jours", "giorni"};
     std::set<int> counts{12};
     for (const PageRows& page : document.pages) {
         for (const Row& row : page.rows) {
             const bool isOfMonths = findLabel(row, months, page.isRecognised).has_value();
             for (const RowWord& word : row.words) {
                 const std::string& text = word.folded;
-                const bool isCount = !text.empty() && text.size() <= 2
+                const bool isCount = !text.empty() && text.size() <= 3
                                      && text.find_first_not_of("0123456789") == std::string::npos;
                 const bool isProduct = row.folded.find(" x ") != std::string::npos
                                        || std::ranges::any_of(row.words, [](const RowWord& one) {
@@ -218,13 +174,18 @@ std::set<int> monthCounts(const DocumentRows& document) {
 
 class Arithmetic {
   public:
-    Arithmetic(std::vector<PensionAmount>& amounts, const DocumentRows& document)
-        : amounts_(amounts), document_(document) {}
+    Arithmetic(std::vector<PensionAmount>& amounts, const DocumentRows& document, Benefit benefit)
+        : amounts_(amounts), document_(document), benefit_(benefit) {}
 
     void run() {
         convert();
+        if (benefit_ == Benefit::allowances) {
+            deduct();
+        }
         multiply();
+        addUpColumns();
         addUp();
+        repeat();
     }
 
   private:
@@ -247,9 +208,46 @@ class Arithmetic {
         }
     }
 
-    /// Months by their rate.
+    /// What is left of allowances when contributions are taken off: in a row, or row by row.
+    void deduct() {
+        for (std::size_t gross = 0; gross < amounts_.size(); ++gross) {
+            Decimal rest = amounts_[gross].found.value();
+            bool isSocial = false;
+            for (std::size_t at = gross + 1; at < std::min(amounts_.size(), gross + 7); ++at) {
+                const PensionAmount& part = amounts_[at];
+                const bool isNet = at > gross + 1 && part.found.value().abs() == rest
+                                   && (isSocial || names(part, Concept::net));
+                if (isNet) {
+                    takeNet(gross, at);
+                    break;
+                }
+                isSocial |= names(part, Concept::social);
+                rest = rest - part.found.value().abs();
+                if (rest < 1) {
+                    break;
+                }
+            }
+        }
+    }
+
+    void takeNet(std::size_t gross, std::size_t net) {
+        for (std::size_t at = gross; at < net; ++at) {
+            amounts_[at].isFactor = true;
+        }
+        amounts_[net].checks.push_back({"Nach den Abzügen bleiben von "
+                                            + shown(amounts_[gross].found.value()) + " noch "
+                                            + shown(amounts_[net].found.value()),
+                                        true});
+    }
+
+    static bool names(const PensionAmount& one, Concept meant) {
+        return namesAny(one.words, {meant}, one.found.page->isRecognised);
+    }
+
+    /// Months or days by their rate.
     void multiply() {
-        const auto counts = monthCounts(document_);
+        const auto counts = unitCounts(document_);
+        const int most = benefit_ == Benefit::pension ? 12 : 366;
         for (std::size_t i = 0; i < amounts_.size(); ++i) {
             const std::size_t first = i < farthest ? 0 : i - farthest;
             for (std::size_t j = first; j < std::min(amounts_.size(), i + farthest); ++j) {
@@ -257,12 +255,12 @@ class Arithmetic {
                 PensionAmount& whole = amounts_[i];
                 for (const int months : counts) {
                     const bool canBeWhole = !whole.isBarred || whole.isTaxFree;
-                    const bool isProduct = months >= 2 && months <= 12 && canBeWhole
+                    const bool isProduct = months >= 2 && months <= most && canBeWhole
                                            && rate.found.value() >= 1
                                            && rate.found.value() * months == whole.found.value();
                     rate.isFactor |= isProduct;
                     if (isProduct && whole.months == 0) {
-                        whole.months = months;
+                        whole.months = benefit_ == Benefit::pension ? months : 0;
                         whole.checks.push_back({std::to_string(months) + " × "
                                                     + shown(rate.found.value()) + " = "
                                                     + shown(whole.found.value()),
@@ -271,6 +269,58 @@ class Arithmetic {
                 }
             }
         }
+    }
+
+    /// A total by those above it in its column.
+    void addUpColumns() {
+        for (PensionAmount& whole : amounts_) {
+            auto check = whole.canBePension() && !whole.found.isBelow ? columnCheck(whole.found)
+                                                                      : std::nullopt;
+            if (!check) {
+                continue;
+            }
+            std::vector<PensionAmount*> parts;
+            Decimal sum;
+            for (auto part = amounts_.rbegin();
+                 part != amounts_.rend() && sum < whole.found.value(); ++part) {
+                const bool isAbove = part->found.page == whole.found.page
+                                     && part->found.row < whole.found.row
+                                     && isInColumn(part->found, whole.found);
+                if (isAbove) {
+                    sum = sum + part->found.value();
+                    parts.push_back(&*part);
+                }
+            }
+            if (sum != whole.found.value()) {
+                continue; // what is left after something was set off
+            }
+            if (std::ranges::any_of(parts, &PensionAmount::isTaxFree)) {
+                whole.isBarred = true;
+                continue;
+            }
+            for (PensionAmount* part : parts) {
+                part->isPart = true;
+            }
+            whole.checks.push_back(std::move(*check));
+        }
+    }
+
+    /// What is said to be taxed, where it stands a second time with a proof.
+    void repeat() {
+        for (PensionAmount& one : amounts_) {
+            const auto other = std::ranges::find_if(amounts_, [&](const PensionAmount& proven) {
+                return proven.isProven() && proven.canBePension()
+                       && proven.found.value() == one.found.value();
+            });
+            if (one.isForTax && one.canBePension() && !one.isProven() && other != amounts_.end()) {
+                one.checks = other->checks;
+            }
+        }
+    }
+
+    static bool isInColumn(const FoundAmount& one, const FoundAmount& other) {
+        return std::abs(one.amount.place.right - other.amount.place.right)
+               <= alignment(*other.page);
     }
 
     /// A total by the amounts before it, or by those that explain it behind.
@@ -316,11 +366,32 @@ class Arithmetic {
 
     std::vector<PensionAmount>& amounts_;
     const DocumentRows& document_;
+    Benefit benefit_;
 };
+
+/// What the words of the amount at an index of its row say.
+PensionAmount told(PensionAmount one, std::size_t index, Benefit benefit) {
+    const PageRows& page = *one.found.page;
+    const Row& row = one.found.rowOf();
+    const bool isRecognised = page.isRecognised;
+    one.found.isBelow = isProse(row);
+    one.words = wordsOf(page, one.found.row, index);
+    one.isTaxFree =
+        findLabel(one.found.isBelow ? one.words : row, taxFree(), isRecognised) || endsInNo(row);
+    one.isForTax = !one.isTaxFree && saysTaxed(one.words, isRecognised);
+    one.isBarred = one.isTaxFree || findLabel(one.words, noPension(), isRecognised);
+    one.isFactor = findLabel(one.words, perMonth(), isRecognised).has_value();
+    if (benefit == Benefit::allowances) {
+        one.isBarred |= findLabel(one.words, noAllowance(), isRecognised).has_value();
+        one.isFactor |= findLabel(one.words, perDay(), isRecognised)
+                        || isOneDay(one.words, one.found.value(), isRecognised);
+    }
+    return one;
+}
 
 } // namespace
 
-std::vector<PensionAmount> pensionAmounts(const DocumentRows& document) {
+std::vector<PensionAmount> pensionAmounts(const DocumentRows& document, Benefit benefit) {
     const bool hasForeign = std::ranges::any_of(document.pages, [](const PageRows& page) {
         return std::ranges::any_of(
             page.rows, [](const Row& row) { return std::ranges::any_of(row.words, isForeign); });
@@ -334,22 +405,20 @@ std::vector<PensionAmount> pensionAmounts(const DocumentRows& document) {
                 const PrintedAmount& printed = amount.amount;
                 const bool isYear = !printed.hasDecimals && !printed.hasMark // "2024 CHF 5.00"
                                     && printed.value >= 1990 && printed.value < 2100;
-                if (isYear || printed.value < 1
+                const bool isTakenOff = benefit == Benefit::allowances && printed.value < 0;
+                if (isYear || (printed.value < 1 && !isTakenOff)
                     || (!printed.isFirm() && !isInFrancs(row, amount))) {
                     continue;
                 }
-                PensionAmount one{
-                    .found = {.page = &page, .row = at, .amount = amount, .isBelow = isProse(row)},
-                    .words = wordsOf(page, at, i)};
-                one.isTaxFree = findLabel(row, taxFree(), page.isRecognised).has_value();
-                one.isBarred = one.isTaxFree || findLabel(one.words, noPension(), page.isRecognised)
-                               || (hasForeign && !isInFrancs(row, amount));
-                one.isFactor = findLabel(one.words, perMonth(), page.isRecognised).has_value();
-                amounts.push_back(std::move(one));
+                amounts.push_back(
+                    told({.found = {.page = &page, .row = at, .amount = amount}}, i, benefit));
+                amounts.back().isBarred |=
+                    isTakenOff
+                    || (hasForeign && !isInFrancs(row, amount) && !isUnderFrancs(page, at, amount));
             }
         }
     }
-    Arithmetic(amounts, document).run();
+    Arithmetic(amounts, document, benefit).run();
     return amounts;
 }
 

@@ -7,14 +7,18 @@
 
 namespace fiscarel {
 
-/// An amount of a paper on pensions with what its place says of it.
+/// What a paper certifies that somebody was paid: a pension, or allowances for days without work.
+enum class Benefit { pension, allowances };
+
+/// An amount of a paper on benefits with what its place says of it.
 struct PensionAmount {
     FoundAmount found;
     Row words; ///< those that tell of it: of its row or clause, and the heading of its column
     bool isBarred = false;             ///< of another time or no pension: capital, fees, allowances
     bool isTaxFree = false;            ///< an allowance; barred as well
-    bool isFactor = false;             ///< what was paid in a month
+    bool isFactor = false;             ///< what was paid in a month or a day, or before deductions
     bool isPart = false;               ///< of a sum
+    bool isForTax = false;             ///< its words say that it is what is taxed
     int months = 0;                    ///< by how many a month's rate makes it; 0: by none
     std::vector<ProposalCheck> checks; ///< what proves it
 
@@ -23,6 +27,7 @@ struct PensionAmount {
 };
 
 /// The amounts of a document in the order of reading, tested by arithmetic.
-std::vector<PensionAmount> pensionAmounts(const DocumentRows& document);
+std::vector<PensionAmount> pensionAmounts(const DocumentRows& document,
+                                          Benefit benefit = Benefit::pension);
 
 } // namespace fiscarel

@@ -3,8 +3,10 @@
 #include "Fiscarel_SG/documents/kinds/PensionAmounts.h"
 #include "Fiscarel_SG/documents/kinds/People.h"
 #include "Fiscarel_SG/documents/kinds/PlainAmount.h"
+#include "Fiscarel_SG/documents/text/FoldedText.h"
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 namespace fiscarel {
@@ -37,41 +39,58 @@ const Wanted& pensions() {
     return wanted;
 }
 
+/// Words that tell a pension of the state from a fund's: "Rente der AHV", "rendita di vecchiaia
+/// AVS"; not "AHV-Nr.".
+bool namesStatePension(const std::string& folded) {
+    static const Labels pensions{"*rente", "*renten", "rente", "rentes", "rendita", "rendite"};
+    static const std::set<std::string> insurances{"ahv", "iv", "avs", "ai", "ahv-iv"};
+    static const std::set<std::string> numbers{"nr", "nummer", "no", "n", "numero", "num", "alter"};
+    if (!isAnyIn(folded, pensions)) {
+        return false;
+    }
+    const auto words = foldedTokens(folded);
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        const bool isNumber = (i + 1 < words.size() && numbers.contains(words[i + 1]))
+                              || (i > 0 && numbers.contains(words[i - 1]));
+        if (insurances.contains(words[i]) && !isNumber) {
+            return true;
+        }
+    }
+    return false;
+}
+
 /// Whether a paper comes from the state's insurances for old age and disability, and is no fund's.
 bool isOfTheState(const DocumentRows& document) {
     static const Labels state{"*ausgleichskasse*",
+                              "*Sozialversicherungsanstalt*",
+                              "*Sozialversicherungsstelle*",
+                              "*Sozialversicherungsamt*",
+                              "*Sozialversicherungszentrum*",
+                              "SVA",
+                              "IV-Stelle*",
+                              "AHV-Kasse*",
+                              "AHV-Stelle*",
+                              "AHV-Zweigstelle*",
+                              "AHV-Anstalt*",
+                              "AHV-IV-FAK*",
+                              "AHV/IV-Rente*",
                               "AHV-Rente*",
                               "AHV Renten",
                               "IV-Rente*",
                               "IV Renten",
-                              "AHV/IV-Rente*",
-                              "Rente der AHV",
-                              "Rente der IV",
                               "Rentenbescheinigung der AHV",
-                              "Renten der AHV",
-                              "Renten der IV",
-                              "Sozialversicherungsanstalt*",
-                              "Sozialversicherungsstelle*",
-                              "SVA",
-                              "IV-Stelle*",
-                              "AHV-Anstalt*",
-                              "AHV-IV-FAK*",
                               "Rente AVS*",
-                              "rentes AVS*",
-                              "rente AI",
-                              "rentes AI",
-                              "rente de l'AVS",
-                              "rente de l'AI",
-                              "rentes de l'AVS",
-                              "rentes de l'AI",
                               "caisse de compensation",
+                              "caisse AVS",
                               "office AI",
+                              "office des assurances sociales",
+                              "établissement des assurances sociales",
                               "cassa di compensazione",
+                              "cassa AVS",
                               "rendita AVS*",
-                              "rendite AVS*",
-                              "rendita AI",
-                              "rendite AI",
-                              "ufficio AI"};
+                              "ufficio AI",
+                              "istituto delle assicurazioni sociali",
+                              "istituto sociale"};
     static const Labels funds{"*pensionskasse*",
                               "*personalvorsorge*",
                               "*sammelstiftung*",
@@ -84,33 +103,54 @@ bool isOfTheState(const DocumentRows& document) {
                               "Beruflichen Vorsorge",
                               "Lohnausweis"};
     std::string title;
+    bool isNamed = false;
     const PageRows& page = document.pages.front();
     for (const Row& row : page.rows) {
-        title += page.number == 0 || row.middle() < page.height * 0.45 ? row.folded + ' ' : "";
+        const bool isTop = page.number == 0 || row.middle() < page.height * 0.45;
+        title += isTop ? row.folded + ' ' : "";
+        isNamed |= isTop && namesStatePension(row.folded);
     }
-    return isAnyIn(title, state) && !isAnyIn(title, funds);
+    return (isNamed || isAnyIn(title, state)) && !isAnyIn(title, funds);
 }
 
-class PensionPaper {
-  public:
-    PensionPaper(const KindContext& context, ProposalDraft& draft)
-        : context_(context), draft_(draft), amounts_(pensionAmounts(context.document)),
-          isOfTheState_(isOfTheState(context.document)) {}
+/// Where the amount of a benefit goes.
+struct BenefitTarget {
+    Record record;
+    const char* title;
+    const char* field;
+};
 
-    bool propose(bool isProvenOnly) {
-        return proposePeople() || proposeProven() || (!isProvenOnly && proposeNamed());
+constexpr BenefitTarget fundsPension{Record::pension, "Rente", "amount"};
+constexpr BenefitTarget statePension{Record::personIncome, "AHV/IV-Rente", "ahvPension"};
+constexpr BenefitTarget unemployment{Record::personIncome, "Arbeitslosentaggeld", "unemployment"};
+constexpr BenefitTarget dailyAllowances{Record::personIncome, "Taggeld", "dailyAllowances"};
+
+/// Reads papers on pensions and on allowances.
+class BenefitPaper {
+  public:
+    BenefitPaper(const KindContext& context, const BenefitTarget& target, Benefit benefit,
+                 ProposalDraft& draft)
+        : context_(context), draft_(draft), amounts_(pensionAmounts(context.document, benefit)),
+          people_(context.document), target_(target), benefit_(benefit) {}
+
+    bool proposePension(bool isProvenOnly) {
+        return proposePeople() || proposeBlocks() || proposeProven() || proposeForTax()
+               || (!isProvenOnly && proposeNamed());
     }
 
+    bool proposeAllowances() { return proposeProven() || proposeForTax(); }
+
   private:
+    using Parts = std::vector<std::pair<NamedPerson, const PensionAmount*>>;
+
     /// A couple's pensions, a row each.
     bool proposePeople() {
         static const Labels children{"*kinderrente*", "Kind",   "Kinder",    "enfant*",
                                      "d'enfant*",     "figli*", "completiv*"};
-        std::vector<std::pair<NamedPerson, const PensionAmount*>> parts;
-        const People people(context_.document);
+        Parts parts;
         for (const PensionAmount& one : amounts_) {
             const Row& row = one.found.rowOf();
-            const auto named = people.in(row);
+            const auto named = people_.in(row);
             const bool isOwn = one.canBePension() && named.size() == 1 && !one.found.isBelow
                                && !findLabel(row, children, one.found.page->isRecognised);
             if (!isOwn) {
@@ -123,6 +163,46 @@ class PensionPaper {
             }
             parts.emplace_back(named[0], &one);
         }
+        return put(parts);
+    }
+
+    /// A couple's pensions, a block of rows each under the name.
+    bool proposeBlocks() {
+        if (people_.born().size() < 2) {
+            return false;
+        }
+        Parts parts;
+        for (const PensionAmount& one : amounts_) {
+            const auto person = one.canBePension() && one.isProven() && one.months > 0
+                                    ? ownerAbove(one.found)
+                                    : std::nullopt;
+            if (!person) {
+                continue;
+            }
+            const auto known = std::ranges::find_if(
+                parts, [&](const auto& part) { return part.first.folded == person->folded; });
+            if (known == parts.end()) {
+                parts.emplace_back(*person, &one);
+            } else if (known->second->found.value() != one.found.value()) {
+                return false;
+            }
+        }
+        return put(parts);
+    }
+
+    /// The person whom the nearest row above that tells a day of birth names.
+    std::optional<NamedPerson> ownerAbove(const FoundAmount& found) const {
+        for (std::size_t at = found.row; at-- > 0;) {
+            const auto named = people_.in(found.page->rows[at]);
+            if (named.size() == 1 && named.front().birthDate) {
+                return named.front();
+            }
+        }
+        return std::nullopt;
+    }
+
+    /// A record for each of several people.
+    bool put(const Parts& parts) {
         if (parts.size() < 2) {
             return false;
         }
@@ -140,6 +220,8 @@ class PensionPaper {
     static int weightOf(const PensionAmount& one) {
         const bool isRecognised = one.found.page->isRecognised;
         int weight = one.months == 0 ? 12 : 12 - one.months; // a part of a year before a whole one
+        weight += one.isForTax ? 20 : 0;
+        weight += findLabel(one.words, wordsFor(gross), isRecognised) ? -1 : 0;
         weight += findLabel(one.words, wordsFor(paid), isRecognised) ? 3 : 0;
         weight += findLabel(one.words, wordsFor(total), isRecognised) ? 2 : 0;
         return weight;
@@ -164,12 +246,32 @@ class PensionPaper {
         static const std::vector<Concept> whole{paid, total};
         const PensionAmount* more = largerThan(*best, whole);
         best = more != nullptr ? more : best;
-        const bool isSure = !largerThan(*best, {pension}) && more == nullptr && !isDisputed
-                            && saysWhatItIs(*best) && !isOfCouple(*best);
+        const bool isLess = largerThan(*best, {pension}) != nullptr;
+        const bool isSure = !isLess && more == nullptr && saysWhatItIs(*best);
+        const bool isDoubtful = isDisputed || (more == nullptr && isLess) || isOfSeveral(*best);
         put(addRecord(*best, {}), *best,
-            isSure                                            ? Confidence::high
-            : more == nullptr && largerThan(*best, {pension}) ? Confidence::low
-                                                              : Confidence::medium);
+            isDoubtful ? Confidence::low
+            : isSure   ? Confidence::high
+                       : Confidence::medium);
+        return true;
+    }
+
+    /// The amount that is said to be taxed, where arithmetic proves none.
+    bool proposeForTax() {
+        const PensionAmount* only = nullptr;
+        for (const PensionAmount& one : amounts_) {
+            if (!one.isForTax || !one.canBePension()) {
+                continue;
+            }
+            if (only != nullptr && only->found.value() != one.found.value()) {
+                return false;
+            }
+            only = &one;
+        }
+        if (only == nullptr) {
+            return false;
+        }
+        put(addRecord(*only, {}), *only, isOfSeveral(*only) ? Confidence::low : Confidence::medium);
         return true;
     }
 
@@ -186,12 +288,17 @@ class PensionPaper {
 
     static bool saysWhatItIs(const PensionAmount& one) {
         static const std::vector<Concept> concepts{pension, paid, total, yearly};
-        return namesAny(one.words, concepts, one.found.page->isRecognised);
+        return one.isForTax || namesAny(one.words, concepts, one.found.page->isRecognised);
     }
 
-    static bool isOfCouple(const PensionAmount& one) {
+    /// Whether an amount may be that of a couple, or hold what an employer got.
+    bool isOfSeveral(const PensionAmount& one) const {
         static const Labels couples{"Ehepaar*", "Ehegatten", "époux", "couple", "coniugi"};
-        return findLabel(one.words, couples, one.found.page->isRecognised).has_value();
+        static const Labels employers{"Arbeitgeber*", "employeur*", "datore*", "employer"};
+        const bool isShared = benefit_ == Benefit::allowances && !one.isForTax
+                              && isAnyIn(context_.document.folded, employers);
+        return isShared || people_.born().size() >= 2
+               || findLabel(one.words, couples, one.found.page->isRecognised);
     }
 
     /// The amount whose words are a pension's, where arithmetic proves none.
@@ -246,13 +353,12 @@ class PensionPaper {
     }
 
     int addRecord(const PensionAmount& one, const std::string& person) {
-        std::string title = isOfTheState_ ? "AHV/IV-Rente" : "Rente";
+        std::string title = target_.title;
         if (!context_.facts.issuer.text.empty()) {
             title += ' ' + context_.facts.issuer.text;
         }
         ProposedRecord record =
-            recordWith(context_.facts, isOfTheState_ ? Record::personIncome : Record::pension,
-                       std::move(title), one.found.page->number);
+            recordWith(context_.facts, target_.record, std::move(title), one.found.page->number);
         if (!person.empty()) {
             record.personName = person;
         }
@@ -277,8 +383,8 @@ class PensionPaper {
     }
 
     void add(int record, const Decimal& value, Evidence evidence) {
-        draft_.add(record, isOfTheState_ ? "ahvPension" : "amount", value, std::move(evidence));
-        if (!isOfTheState_) {
+        draft_.add(record, target_.field, value, std::move(evidence));
+        if (target_.record == Record::pension) {
             draft_.add(record, "label", context_.facts.issuer.text,
                        {.witness = Witness::position,
                         .confidence = Confidence::medium,
@@ -291,13 +397,28 @@ class PensionPaper {
     const KindContext& context_;
     ProposalDraft& draft_;
     std::vector<PensionAmount> amounts_;
-    bool isOfTheState_ = false;
+    People people_;
+    const BenefitTarget& target_;
+    Benefit benefit_;
 };
 
 } // namespace
 
 bool proposePensions(const KindContext& context, bool isProvenOnly, ProposalDraft& draft) {
-    return !context.document.pages.empty() && PensionPaper(context, draft).propose(isProvenOnly);
+    if (context.document.pages.empty()) {
+        return false;
+    }
+    const BenefitTarget& target = isOfTheState(context.document) ? statePension : fundsPension;
+    return BenefitPaper(context, target, Benefit::pension, draft).proposePension(isProvenOnly);
+}
+
+bool proposeAllowances(const KindContext& context, ProposalDraft& draft) {
+    const auto kind = allowanceOf(context.document);
+    return kind
+           && BenefitPaper(context,
+                           *kind == Allowance::unemployment ? unemployment : dailyAllowances,
+                           Benefit::allowances, draft)
+                  .proposeAllowances();
 }
 
 bool provesPension(const DocumentRows& document) {

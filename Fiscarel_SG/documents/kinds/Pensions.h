@@ -12,6 +12,18 @@ namespace fiscarel {
 /// `isProvenOnly`, or none is found.
 bool proposePensions(const KindContext& context, bool isProvenOnly, ProposalDraft& draft);
 
+/// What stands in for a wage: of the unemployment insurance, or for illness, accident, birth,
+/// service.
+enum class Allowance { unemployment, dailyAllowance };
+/// Which of both a paper certifies by its head; absent for other papers, those on wages and on
+/// premiums of such an insurance among them.
+std::optional<Allowance> allowanceOf(const DocumentRows& document);
+
+/// Proposes what a paper on allowances says that the insured themselves got, after contributions:
+/// proven by arithmetic, or said to be what is taxed. Does nothing and returns false for other
+/// papers, or where neither is found.
+bool proposeAllowances(const KindContext& context, ProposalDraft& draft);
+
 /// Whether a paper names a pension beside an amount that arithmetic proves to be one.
 bool provesPension(const DocumentRows& document);
 

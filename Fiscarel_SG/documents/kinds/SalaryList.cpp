@@ -36,7 +36,8 @@ const std::array<BoxWords, 5>& boxWords() {
                    {wage, total},
                    {wage, yearly},
                    {wage}},
-                  {net, other, pension}}},
+                  {net, other, pension}},
+                 {"*Einkünfte", "Einkommen", "Entrate", "revenus", "earnings"}},
         BoxWords{SalaryBox::net,
                  {{}, employers, true, {{net, wage}, {net}}, {gross, other, pension}}},
         BoxWords{SalaryBox::buyIn, {{}, employers, true, {{buyIn}}, {possible}}},
@@ -216,11 +217,16 @@ class Deductions {
 
     void take(const Row& row, RowAmount amount, bool isRecognised) {
         amount.amount.value = amount.amount.value.abs();
-        // A subtotal stands for the rows that it adds up.
+        // A subtotal stands for the rows that it adds up, where these do not say what they are.
         Decimal sum;
+        bool areNamed = true;
         for (std::size_t first = parts_.size(); first-- > 0;) {
             sum = sum + parts_[first].amount.amount.value;
+            areNamed &= parts_[first].isNamed;
             if (parts_.size() - first >= 2 && sum == amount.amount.value) {
+                if (areNamed) {
+                    return;
+                }
                 parts_.resize(first);
                 break;
             }
@@ -331,7 +337,17 @@ class SalaryBlocks {
             }
             forms.push_back(std::move(*form));
         }
-        return isWithoutTotal(forms) ? forms : std::vector<SalaryForm>();
+        return areWithoutTotal(forms) ? forms : std::vector<SalaryForm>();
+    }
+
+    /// Parts of one wage are followed by their total.
+    static bool areWithoutTotal(const std::vector<SalaryForm>& forms) {
+        Decimal sum;
+        for (const SalaryForm& form : forms) {
+            sum = sum + form.value(SalaryBox::gross).value_or(Decimal());
+        }
+        return forms.size() > 1
+               && forms.back().value(SalaryBox::gross).value_or(Decimal()) * 2 != sum;
     }
 
   private:
@@ -341,16 +357,6 @@ class SalaryBlocks {
             bottom = std::max(bottom, amount.place.bottom);
         }
         return bottom;
-    }
-
-    /// Parts of one wage are followed by their total.
-    static bool isWithoutTotal(const std::vector<SalaryForm>& forms) {
-        Decimal sum;
-        for (const SalaryForm& form : forms) {
-            sum = sum + form.value(SalaryBox::gross).value_or(Decimal());
-        }
-        return forms.size() > 1
-               && forms.back().value(SalaryBox::gross).value_or(Decimal()) * 2 != sum;
     }
 
     /// What the rows above a wage tell; false when they name neither a person nor an employer.
@@ -397,6 +403,26 @@ class SalaryBlocks {
     People people_;
 };
 
+/// Wages of which each has a page of its own, in whatever words; a copy counts once.
+std::vector<SalaryForm> readPages(const DocumentRows& document) {
+    std::vector<SalaryForm> forms;
+    for (const PageRows& page : document.pages) {
+        auto form =
+            document.pages.size() < 2 ? std::nullopt : readAmounts({{&page, 0, page.rows.size()}});
+        const bool isCopy =
+            form && std::ranges::any_of(forms, [&](const SalaryForm& other) {
+                return other.value(SalaryBox::gross) == form->value(SalaryBox::gross);
+            });
+        if (form && isProven(*form) && !isCopy) {
+            form->isLiechtenstein = isLiechtenstein(document);
+            readFormHeader(page, topOf(*form), *form);
+            form->isPension = false;
+            forms.push_back(std::move(*form));
+        }
+    }
+    return SalaryBlocks::areWithoutTotal(forms) ? forms : std::vector<SalaryForm>();
+}
+
 } // namespace
 
 bool isProven(const SalaryForm& form) {
@@ -411,6 +437,9 @@ bool isProven(const SalaryForm& form) {
 std::vector<SalaryForm> readSalaryLists(const DocumentRows& document) {
     if (auto blocks = SalaryBlocks(document).read(); !blocks.empty()) {
         return blocks;
+    }
+    if (auto pages = readPages(document); pages.size() > 1) {
+        return pages;
     }
     auto form = readAmounts(wholeDocument(document));
     if (!form) {

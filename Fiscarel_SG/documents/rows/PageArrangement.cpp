@@ -80,6 +80,11 @@ bool fitsEdges(const Row& row, const std::vector<double>& edges) {
     return begins;
 }
 
+/// Whether all of a row stands left of the second column.
+bool isLeftOf(const Row& row, const std::vector<double>& edges) {
+    return !row.words.empty() && row.words.back().place.right < edges.front() - aligned;
+}
+
 /// Rows above each other, the lower one with amounts, that make a grid of labels and values: index
 /// of the label's cell for each cell of the values.
 std::optional<std::vector<std::size_t>> gridColumns(const Row& labels, const Row& values) {
@@ -209,8 +214,13 @@ class Arrangement {
             return false;
         }
         end_ = at + 1;
-        while (end_ < rows.size() && fitsEdges(rows[end_], edges) && gap(end_ - 1) < 1.5) {
-            ++end_;
+        // Panels beside each other need not have their rows at the same heights.
+        for (std::size_t next = end_; next < rows.size() && gap(next - 1) < 1.5; ++next) {
+            if (fitsEdges(rows[next], edges)) {
+                end_ = next + 1;
+            } else if (!isLeftOf(rows[next], edges) || !hasFirmAmount(rows[next])) {
+                break;
+            }
         }
         const double height = rows[end_ - 1].bottom - rows[at].top + rows[at].height();
         for (std::size_t column = 0; column <= edges.size(); ++column) {

@@ -1,0 +1,133 @@
+#include "Fiscarel_SG/documents/kinds/Pensions.h"
+#include "Fiscarel_SG/documents/rows/CellRoles.h"
+
+namespace fiscarel {
+
+namespace {
+
+const Labels& allowances() {
+    static const Labels words{"Taggeld*",
+                              "Krankentaggeld*",
+                              "Krankheitstaggeld*",
+                              "Unfalltaggeld*",
+                              "Arbeitslosentaggeld*",
+                              "Mutterschaftstaggeld*",
+                              "IV-Taggeld*",
+                              "Mutterschaftsentschädigung*",
+                              "Mutterschaftsgeld*",
+                              "Vaterschaftsentschädigung*",
+                              "Elternschaftsentschädigung*",
+                              "Entschädigung des andern Elternteils",
+                              "Betreuungsentschädigung*",
+                              "Adoptionsentschädigung*",
+                              "Erwerbsersatz*",
+                              "Erwerbsausfallentschädigung*",
+                              "EO-Entschädigung*",
+                              "Arbeitslosenentschädigung*",
+                              "indemnité* journalière*",
+                              "indemnités journalières",
+                              "indemnité journalière",
+                              "indemnités de chômage",
+                              "indemnité de chômage",
+                              "indemnités chômage",
+                              "prestations de chômage",
+                              "allocation de maternité",
+                              "allocations de maternité",
+                              "allocation de paternité",
+                              "allocation de prise en charge",
+                              "allocations pour perte de gain",
+                              "allocation pour perte de gain",
+                              "indennità giornalier*",
+                              "indennità di disoccupazione",
+                              "indennità di maternità",
+                              "indennità di paternità",
+                              "indennità per perdita di guadagno",
+                              "indennità di perdita di guadagno",
+                              "daily allowance*",
+                              "daily benefit*",
+                              "maternity allowance",
+                              "paternity allowance",
+                              "unemployment benefit*"};
+    return words;
+}
+
+/// Who pays the unemployed, and what only their papers name.
+const Labels& ofUnemployed() {
+    static const Labels words{"Arbeitslosenkasse*",
+                              "Arbeitslosentaggeld*",
+                              "Arbeitslosenent*",
+                              "Stellensuchend*",
+                              "Stellenlos*",
+                              "caisse de chômage",
+                              "caisse chômage",
+                              "indemnités de chômage",
+                              "indemnité de chômage",
+                              "indemnités chômage",
+                              "prestations de chômage",
+                              "cassa disoccupazione",
+                              "cassa di disoccupazione",
+                              "indennità di disoccupazione",
+                              "unemployment*"};
+    return words;
+}
+
+/// Papers on wages, premiums and offers name allowances too.
+const Labels& others() {
+    static const Labels words{"Lohnausweis*",
+                              "Lohnbescheinigung*",
+                              "Lohnabrechnung*",
+                              "Lohnkonto*",
+                              "Salärausweis*",
+                              "Arbeitgeberbescheinigung*",
+                              "*prämie*",
+                              "*prämien*",
+                              "Police*",
+                              "*offerte*",
+                              "Antrag*",
+                              "certificat de salaire",
+                              "fiche de salaire",
+                              "décompte de salaire",
+                              "prime",
+                              "primes",
+                              "offre",
+                              "certificato di salario",
+                              "conteggio di salario",
+                              "premio",
+                              "premi",
+                              "polizza",
+                              "offerta",
+                              "salary certificate",
+                              "premium*"};
+    return words;
+}
+
+/// What stands above the first amount of a paper: its head.
+std::string headOf(const DocumentRows& document) {
+    std::string head;
+    const PageRows& page = document.pages.front();
+    for (const Row& row : page.rows) {
+        if (hasFirmAmount(row) || (page.number != 0 && row.middle() > page.height * 0.45)) {
+            break;
+        }
+        head += row.folded + ' ';
+    }
+    return head;
+}
+
+} // namespace
+
+std::optional<Allowance> allowanceOf(const DocumentRows& document) {
+    if (document.pages.empty()) {
+        return std::nullopt;
+    }
+    const std::string head = headOf(document);
+    const bool isUnemployed = isAnyIn(head, ofUnemployed());
+    const bool isAllowance =
+        isAnyIn(head, allowances()) || (isUnemployed && isAnyIn(document.folded, allowances()));
+    if (!isAllowance || isAnyIn(head, others())) {
+        return std::nullopt;
+    }
+    return isUnemployed ? Allowance::unemployment : Allowance::dailyAllowance;
+}
+
+} // namespace fiscarel

@@ -1,0 +1,130 @@
+#include "Fiscarel_SG/documents/kinds/PensionWords.h"
+
+#include <algorithm>
+#include <set>
+
+namespace fiscarel {
+
+const Labels& taxFree() {
+    static const Labels words{"Hilflosen*",
+                              "impotent*",
+                              "grandi invalidi",
+                              "grande invalido",
+                              "Ergänzungsleistung*",
+                              "prestations complémentaires",
+                              "prestation complémentaire",
+                              "prestazioni complementari",
+                              "prestazione complementare",
+                              "supplementary benefit*",
+                              "EL",
+                              "PC",
+                              "steuerfrei*",
+                              "nicht steuerbar",
+                              "nicht zu versteuern",
+                              "non imposable*",
+                              "exonéré*",
+                              "non imponibil*",
+                              "esent*",
+                              "tax-free",
+                              "Assistenzbeitrag*",
+                              "contribution d'assistance",
+                              "contributo per l'assistenza"};
+    return words;
+}
+
+/// "nein" at the end of a row under a heading such as "steuerbar".
+bool endsInNo(const Row& row) {
+    static const std::set<std::string> no{"nein", "non", "no"};
+    return row.words.size() >= 2 && no.contains(row.words.back().folded);
+}
+
+/// What says that an amount is the one to declare; a share of it is not.
+bool saysTaxed(const Row& words, bool isRecognised) {
+    static const Labels tax{"*versteuern",   "steuerbar*", "steuerpflichtig*", "Steuererklärung",
+                            "*deklarieren",  "imposable*", "à déclarer",       "déclaration",
+                            "imponibil*",    "dichiarare", "dichiarazione",    "taxable",
+                            "to be declared"};
+    static const Labels shares{"davon", "dont", "di cui", "of which"};
+    const bool isShare = findLabel(words, shares, isRecognised)
+                         || std::ranges::any_of(words.words, [](const RowWord& word) {
+                                return word.text.find('%') != std::string::npos;
+                            });
+    return !isShare && findLabel(words, tax, isRecognised).has_value();
+}
+
+/// What stands on papers about allowances and is none that the insured got: what went to the
+/// employer, and what the allowance is computed from.
+const Labels& noAllowance() {
+    static const Labels words{"Arbeitgeber*",  "employeur*",  "datore*",
+                              "Betrieb",       "employer",    "versicherter Verdienst",
+                              "*verdienst",    "gain assuré", "guadagno assicurato",
+                              "*lohn",         "salaire",     "salario",
+                              "Rückforderung*"};
+    return words;
+}
+
+const Labels& perDay() {
+    static const Labels words{"pro Tag",   "je Tag",  "par jour",
+                              "al giorno", "per day", "Tagesansatz"};
+    return words;
+}
+
+/// The allowance of a day, by its name: "Taggeld brutto 235.65".
+bool isOneDay(const Row& words, const Decimal& value, bool isRecognised) {
+    static const Labels names{"Taggeld", "*taggeld", "indemnité journalière",
+                              "indennità giornaliera", "daily allowance"};
+    constexpr int mostOfADay = 450; // the insured wage has a ceiling
+    return value < mostOfADay && findLabel(words, names, isRecognised);
+}
+
+/// What stands on such papers and is no pension of the year.
+const Labels& noPension() {
+    static const Labels words{"*kapital*",
+                              "*abfindung*",
+                              "capital",
+                              "capitale",
+                              "*guthaben*",
+                              "avoir",
+                              "avere",
+                              "averi",
+                              "Vorjahr*",
+                              "Vergleich",
+                              "précédente",
+                              "précédent",
+                              "precedente",
+                              "Mindest*",
+                              "minimum",
+                              "minimo",
+                              "*gebühr*",
+                              "Mahn*",
+                              "Duplikat*",
+                              "duplicat*",
+                              "Zuschuss*",
+                              "Krankenversicher*",
+                              "assurance-maladie",
+                              "cassa malati",
+                              "Augmentation",
+                              "Aumento",
+                              "Erhöhung*",
+                              "Quellensteuer*",
+                              "impôt à la source",
+                              "imposta alla fonte",
+                              "voraussichtlich*",
+                              "*kosten",
+                              "frais",
+                              "spese",
+                              "limite*",
+                              "*grenze*",
+                              "Rückforderung*",
+                              "Nachzahlung* für"};
+    return words;
+}
+
+const Labels& perMonth() {
+    static const Labels words{"monatlich*", "pro Monat",    "im Monat",     "je Monat",
+                              "par mois",   "Monatsbetrag", "Monatsrente*", "mensuel*",
+                              "al mese",    "mensil*",      "Monatsansatz", "p. M."};
+    return words;
+}
+
+} // namespace fiscarel

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "Fiscarel_SG/documents/rows/RowLabels.h"
+
+namespace fiscarel {
+
+// What words of papers on pensions and allowances say of an amount beside them.
+
+/// Benefits that are not taxed: supplementary ones, allowances of the helpless.
+const Labels& taxFree();
+/// "nein" at the end of a row under a heading such as "steuerbar".
+bool endsInNo(const Row& row);
+/// That the amount is the one to declare; a share of it is not.
+bool saysTaxed(const Row& words, bool isRecognised);
+
+/// What stands on papers on pensions and is none of the year: capital, fees, other years.
+const Labels& noPension();
+/// What stands on papers on allowances and is none that the insured got: what went to the employer,
+/// and what the allowance is computed from.
+const Labels& noAllowance();
+
+const Labels& perMonth();
+const Labels& perDay();
+/// The allowance of a day, by its name: "Taggeld brutto 235.65".
+bool isOneDay(const Row& words, const Decimal& value, bool isRecognised);
+
+} // namespace fiscarel
