@@ -134,6 +134,8 @@ void proposeByKind(const KindContext& context, ProposalDraft& draft) {
         } else if (context.kind == Kind::pensionskasse && !namesBuyIn(context.document)
                    && proposePensions(context, true, draft)) {
             break;
+        } else if (context.kind == Kind::versicherung && isAnnuity(context.document)) {
+            proposePensions(context, false, draft);
         } else if (context.kind == Kind::versicherung && proposePolicies(context, draft)) {
             break;
         } else {

@@ -78,12 +78,55 @@ std::vector<Part> partsOf(const FoundAmount& total) {
     return {};
 }
 
+/// The amounts above one in its column, from top to bottom, those of reductions being negative.
+std::vector<Decimal> columnAbove(const FoundAmount& total) {
+    std::vector<Decimal> values;
+    for (std::size_t at = total.row; at-- > 0 && total.row - at < 40;) {
+        const Row& row = total.page->rows[at];
+        const auto aligned = std::ranges::find_if(row.amounts, [&](const RowAmount& amount) {
+            return std::abs(amount.place.right - total.amount.place.right) <= alignment(*total.page)
+                   && amount.amount.isFirm();
+        });
+        if (aligned != row.amounts.end()) {
+            const Decimal value = aligned->amount.value;
+            values.insert(values.begin(), isReduction(row) ? -value.abs() : value);
+        }
+    }
+    return values;
+}
+
+/// Where a column has subtotals, whether two or more of them add up to its total.
+std::optional<ProposalCheck> subtotalsCheck(const FoundAmount& total) {
+    std::vector<Decimal> parts; // since the last subtotal
+    Decimal sum;
+    int count = 0;
+    for (const Decimal& value : columnAbove(total)) {
+        Decimal above;
+        bool isSubtotal = false;
+        for (std::size_t first = parts.size(); first-- > 0 && !isSubtotal;) {
+            above = above + parts[first];
+            isSubtotal = parts.size() - first >= 2 && above == value;
+        }
+        parts.push_back(value);
+        if (isSubtotal) {
+            parts.clear();
+            sum = sum + value;
+            ++count;
+        }
+    }
+    return count < 2 || sum != total.value()
+               ? std::nullopt
+               : std::optional(ProposalCheck{"Die " + std::to_string(count)
+                                                 + " Zwischentotale ergeben zusammen " + shown(sum),
+                                             true});
+}
+
 } // namespace
 
 std::optional<ProposalCheck> columnCheck(const FoundAmount& total) {
     const auto parts = partsOf(total);
     if (parts.empty()) {
-        return std::nullopt;
+        return total.page->number == 0 ? std::nullopt : subtotalsCheck(total);
     }
     return ProposalCheck{"Die " + std::to_string(parts.size())
                              + " Beträge darüber ergeben zusammen " + shown(total.value()),

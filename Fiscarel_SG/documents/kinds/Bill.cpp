@@ -83,7 +83,8 @@ class BillMapper {
             return;
         }
         printed_ = bestTotal();
-        isPayable = isPayable && !isReminder_; // the code demands its costs too
+        isPayable = isPayable && !isReminder_ // the code demands its costs too
+                    && !isOwnCare_ && !isPaidInParts();
         if (!isPayable && (!printed_ || printed_->value() < 1)) {
             return;
         }
@@ -196,6 +197,27 @@ class BillMapper {
         return ownBillTotals(target_.kind, isAnyIn(context_.document.folded, parties));
     }
 
+    /// Whether the code of a bill is for one of several instalments.
+    bool isPaidInParts() {
+        const auto parts =
+            printed_ ? instalmentsOf(ranges_, printed_->value(), *context_.bill->bill.amount)
+                     : std::nullopt;
+        isSpread_ = parts && !parts->areOfOneYear;
+        return parts.has_value();
+    }
+
+    /// Whether a bill is for living somewhere, of which only the care is a cost of illness.
+    bool isOfHome() const {
+        static const Labels homes{"Heimrechnung*",    "*pensionspreis*",
+                                  "Pensionstaxe*",    "Betreuungstaxe*",
+                                  "Pflegestufe*",     "Hotellerie*",
+                                  "Aufenthaltstaxe*", "Bewohner*",
+                                  "prix de pension",  "taxe d'hébergement",
+                                  "résident*",        "retta di degenza",
+                                  "ospite",           "resident"};
+        return target_.kind == Kind::arztrechnung && isAnyIn(context_.document.folded, homes);
+    }
+
     std::string payeeName() const {
         return context_.bill && !context_.bill->bill.payee.empty() ? context_.bill->bill.payee
                                                                    : context_.facts.issuer.text;
@@ -269,19 +291,43 @@ class BillMapper {
 
     /// What others leave to the patient, where the bill tells their parts too.
     std::optional<FoundAmount> ownShare() {
-        auto all = findAmounts(ranges_, ownShares(), Digits::firm);
-        std::erase_if(all, [](const FoundAmount& one) { return one.value() < 1; });
-        for (FoundAmount& one : all) {
-            auto check = remainderCheck(one);
-            check = check ? std::move(check) : columnCheck(one);
-            if (check) {
-                wanted_ = &ownShares();
-                checks_.push_back(std::move(*check));
-                return std::move(one);
+        for (const Wanted* wanted : {&ownShares(), &paidShares()}) {
+            for (FoundAmount& one : sharesBy(*wanted)) {
+                auto check = remainderCheck(one);
+                check = check ? std::move(check) : columnCheck(one);
+                check = check ? std::move(check) : sharesCheck(ranges_, one);
+                if (check) {
+                    wanted_ = wanted;
+                    checks_.push_back(std::move(*check));
+                    return std::move(one);
+                }
             }
         }
         wanted_ = &ownShares();
+        auto all = findAmounts(ranges_, ownShares(), Digits::firm);
+        std::erase_if(all, [](const FoundAmount& one) { return one.value() < 1; });
+        isOwnCare_ = !all.empty() && isOfHome();
+        auto whole = all.empty() || isOwnCare_ ? std::nullopt : totalBelow(all.back());
+        if (whole) { // what the insurer does not cover comes on top
+            checks_.push_back(*columnCheck(*whole));
+            return whole;
+        }
         return all.empty() ? std::nullopt : std::optional(std::move(all.back()));
+    }
+
+    /// The amounts of each wording, whatever others are found.
+    std::vector<FoundAmount> sharesBy(const Wanted& wanted) const {
+        std::vector<FoundAmount> shares;
+        for (const Label& label : wanted.labels) {
+            Wanted one = wanted;
+            one.labels = {label};
+            for (FoundAmount& found : findAmounts(ranges_, one, Digits::firm)) {
+                if (found.value() >= 1) {
+                    shares.push_back(std::move(found));
+                }
+            }
+        }
+        return shares;
     }
 
     /// A total without what a reminder costs.
@@ -427,7 +473,8 @@ class BillMapper {
         }
         Evidence evidence =
             evidenceOf(*printed_, *wanted_, context_.isKindClear && !isShared_, std::move(checks));
-        if ((isReminder_ && !isProven) || isDisputed_) {
+        if ((isReminder_ && !isProven) || isDisputed_ || isSpread_
+            || (isOfHome() && !isOwnCare_)) {
             evidence.confidence = Confidence::low;
         }
         if (target_.record == Record::child && mayBeOfSeveral()) {
@@ -493,6 +540,8 @@ class BillMapper {
     std::vector<ProposalCheck> checks_; ///< that hold for what was printed
     bool isReminder_ = false;           ///< costs of a reminder were taken off
     bool isPlain_ = false;              ///< found without any label
+    bool isOwnCare_ = false;            ///< of a home's bill the part for care
+    bool isSpread_ = false;             ///< instalments of several years
     int record_ = 0;
 };
 

@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/BillSums.h"
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+#include "Fiscarel_SG/documents/rows/CellRoles.h"
 
 #include <algorithm>
 #include <cmath>
@@ -315,6 +316,70 @@ std::optional<ProposalCheck> remainderCheck(const FoundAmount& rest) {
         ++count;
     }
     return std::nullopt;
+}
+
+std::optional<ProposalCheck> sharesCheck(const std::vector<RowRange>& ranges,
+                                         const FoundAmount& share) {
+    const auto isPrinted = [&](const Decimal& value) {
+        return std::ranges::any_of(ranges, [&](const RowRange& range) {
+            return std::ranges::any_of(range.page->rows, [&](const Row& row) {
+                const RowAmount* amount = lastFirm(row);
+                return amount != nullptr && amount->amount.value == value
+                       && namesAny(row, {Concept::total, Concept::amount},
+                                   range.page->isRecognised);
+            });
+        });
+    };
+    const auto& rows = share.page->rows;
+    const std::size_t first = share.row - std::min<std::size_t>(share.row, 2);
+    for (std::size_t at = first; at < std::min(rows.size(), share.row + 3); ++at) {
+        const RowAmount* other = at == share.row ? nullptr : lastFirm(rows[at]);
+        if (other == nullptr || other->amount.value < 1 || !isAligned(share, *other)) {
+            continue;
+        }
+        const Decimal sum = share.value() + other->amount.value;
+        if (isPrinted(sum)) {
+            return ProposalCheck{"Mit dem Teil von " + shown(other->amount.value)
+                                     + " ergibt er das Total von " + shown(sum),
+                                 true};
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<Instalments> instalmentsOf(const std::vector<RowRange>& ranges, const Decimal& total,
+                                         const Decimal& part) {
+    static const Labels words{"Rate",       "Raten",    "*ratenzahlung*", "*ratenvereinbarung*",
+                              "*rate",      "tranche*", "mensualité*",    "versement échelonné*",
+                              "échelonn*",  "rata",     "rateale",        "rateizzat*",
+                              "instalment*"};
+    Instalments found;
+    for (int count = 2; count <= 36 && found.count == 0; ++count) {
+        const bool isMultiple = (part * count - total).abs() * 20 <= Decimal(count); // cents
+        found.count = isMultiple ? count : 0;
+    }
+    bool isNamed = false;
+    std::optional<int> year;
+    for (const RowRange& range : ranges) {
+        for (std::size_t at = range.first; at < range.end; ++at) {
+            const Row& row = range.page->rows[at];
+            if (!isAnyIn(row.folded, words)) {
+                continue;
+            }
+            isNamed = true;
+            for (std::size_t i = 0; i < row.words.size() && hasFirmAmount(row); ++i) {
+                std::string text = row.words[i].text;
+                while (!text.empty() && (text.back() == ':' || text.back() == ',')) {
+                    text.pop_back();
+                }
+                if (const auto day = parseDay(text)) {
+                    found.areOfOneYear &= !year || *year == day->year();
+                    year = day->year();
+                }
+            }
+        }
+    }
+    return isNamed && found.count > 0 ? std::optional(found) : std::nullopt;
 }
 
 } // namespace fiscarel

@@ -61,4 +61,17 @@ std::optional<SummedAmount> withoutReminder(const FoundAmount& total);
 /// does of a hospital's bill; absent when no amount above leads to it.
 std::optional<ProposalCheck> remainderCheck(const FoundAmount& rest);
 
+/// That a share and another part beside it, in the same column, come to an amount that is printed.
+std::optional<ProposalCheck> sharesCheck(const std::vector<RowRange>& ranges,
+                                         const FoundAmount& share);
+
+/// The total of a bill that is paid in several equal parts, by one of them.
+struct Instalments {
+    int count = 0;
+    bool areOfOneYear = true; ///< as far as their days are told
+};
+/// Absent when a bill names no instalments, or its total is no multiple of that one.
+std::optional<Instalments> instalmentsOf(const std::vector<RowRange>& ranges, const Decimal& total,
+                                         const Decimal& part);
+
 } // namespace fiscarel

@@ -12,6 +12,8 @@ const Wanted& billTotals();
 const Wanted& deductibleParts();
 /// What a patient bears, the insurer and the state having paid their parts.
 const Wanted& ownShares();
+/// What the patient paid, in words that may also mean an advance: only with a sum.
+const Wanted& paidShares();
 /// What only papers of a kind say of their amount, the surest first. `areFeesGiven`: members' fees
 /// count as given, as those of a political party do (DBG Art. 33 Abs. 1 Bst. i).
 const Wanted& ownBillTotals(StoredDocument::Kind kind, bool areFeesGiven = false);

@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/KindEvidence.h"
 
 #include "Fiscarel_SG/documents/kinds/DocumentFacts.h"
+#include "Fiscarel_SG/documents/kinds/KindMappers.h"
 #include "Fiscarel_SG/documents/kinds/KindWords.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
@@ -24,6 +25,7 @@ constexpr int pillarTitle = 16;
 constexpr int provenWage = 14;
 constexpr int fundsPension = 10;
 constexpr int fromPractice = 8;
+constexpr int ofOneInsurance = 24;
 constexpr int decisive = 12; ///< of the words that make a document none of the kinds
 
 /// Employee-share annexes carry their name at the top; a certificate mentions them in box 15.
@@ -347,6 +349,12 @@ void weighWhole(const DocumentRows& document, const std::string& title, bool isW
     }
     if (!isAnyIn(document.folded, ofLives())) {
         scores[Kind::versicherung] = 0;
+    }
+    if (isAccidentCover(document)) { // pays sums for lives and sick days too
+        scores[Kind::krankenkasse] = 0;
+        scores[Kind::versicherung] += ofOneInsurance;
+    } else if (isAnnuity(document)) {
+        scores[Kind::versicherung] += ofOneInsurance;
     }
     if (isPensionPaper(document) && isOfPensionFund(title)) {
         scores[Kind::pensionskasse] += fundsPension;

@@ -31,6 +31,11 @@ void proposeLabelled(const KindContext& context, ProposalDraft& draft);
 /// A paper on several life insurances: each a record, without those of tied provision, which are no
 /// taxable wealth. False when it is not about several.
 bool proposePolicies(const KindContext& context, ProposalDraft& draft);
+/// Whether a paper certifies the premiums of an insurance against accidents alone, no matter what
+/// sums it pays: those are no wealth.
+bool isAccidentCover(const DocumentRows& document);
+/// Whether a paper certifies what a life annuity paid, and no value of it.
+bool isAnnuity(const DocumentRows& document);
 /// Accounts with their balance and interest, and loans.
 void proposeAccounts(const KindContext& context, ProposalDraft& draft);
 /// Bills and receipts: medical costs, day care, courses, donations, repairs.

@@ -10,6 +10,18 @@ using Record = ProposedRecord::Kind;
 constexpr int large = 100'000'000;
 using enum Concept;
 
+/// The premiums of a policy for a life or against accidents.
+const Wanted& policyPremiums() {
+    static const Wanted wanted{{"Total Prämien", "Jahresprämie", "Bezahlte Prämien", "Prämie*",
+                                "Prime annuelle", "Primes payées", "Primes versées", "Premio annuo",
+                                "Premi pagati"},
+                               {"monatlich*", "Monatsprämie"},
+                               true,
+                               {{premium, paid}, {premium, yearly}, {premium, total}, {premium}},
+                               {other, surrender, taxValue, lifeCover}};
+    return wanted;
+}
+
 } // namespace
 
 const std::vector<LabelledField>& labelledFields() {
@@ -202,16 +214,10 @@ const std::vector<LabelledField>& labelledFields() {
           {{lifeCover, insured}, {lifeCover}},
           {other, premium, surrender, taxValue}},
          large},
-        {Kind::versicherung,
-         Record::householdDeductions,
-         "lifeInsurancePremiums",
-         {{"Total Prämien", "Jahresprämie", "Bezahlte Prämien", "Prämie*", "Prime annuelle",
-           "Primes payées", "Primes versées", "Premio annuo", "Premi pagati"},
-          {"monatlich*", "Monatsprämie"},
-          true,
-          {{premium, paid}, {premium, yearly}, {premium, total}, {premium}},
-          {other, surrender, taxValue, lifeCover}},
+        {Kind::versicherung, Record::householdDeductions, "lifeInsurancePremiums", policyPremiums(),
          large},
+        {Kind::versicherung, Record::householdDeductions, "accidentInsurancePremiums",
+         policyPremiums(), large},
         // Liechtenstein taxes this value, whatever market value stands beside it.
         {Kind::liegenschaft,
          Record::realEstate,

@@ -187,8 +187,11 @@ void proposeFields(const KindContext& context, ProposalDraft& draft) {
     if (context.kind == Kind::krankenkasse) {
         proposePremiums(context, records, draft);
     }
+    const bool isAccident = context.kind == Kind::versicherung && isAccidentCover(context.document);
     for (const LabelledField& row : labelledFields()) {
-        if (row.kind != context.kind) {
+        const bool isOfAccident = row.field == std::string_view("accidentInsurancePremiums");
+        if (row.kind != context.kind
+            || (row.kind == Kind::versicherung && isOfAccident != isAccident)) {
             continue;
         }
         if (row.isYear) {
@@ -200,7 +203,7 @@ void proposeFields(const KindContext& context, ProposalDraft& draft) {
     if (context.kind == Kind::krankenkasse) {
         proposeCostSharing(context, draft);
     }
-    if (!draft.hasRecords()) {
+    if (!draft.hasRecords() && !isAccident) {
         proposeOnlyAmount(context, records, draft);
     }
     proposeSenders(context, records, draft);

@@ -77,6 +77,29 @@ bool isTied(const RowRange& rows) {
 
 } // namespace
 
+bool isAccidentCover(const DocumentRows& document) {
+    static const Labels accidents{
+        "*unfallversicherung*", "Unfall-Versicherung*",    "Unfallprämie*",
+        "assurance-accident*",  "assurances-accidents",    "assurance accident*",
+        "primes accidents",     "assicurazione infortuni", "assicurazione contro gli infortuni",
+        "premi infortuni",      "accident insurance"};
+    static const Labels others{"*kranken*", "UVG",        "LAA",        "LAINF",
+                               "maladie*",  "malattia",   "malattie",   "health",
+                               "*leben*",   "*rückkauf*", "vie",        "rachat",
+                               "vita",      "riscatto",   "*taggelder", "indemnités journalières"};
+    const std::string title = titleWords(document);
+    return isAnyIn(title, accidents) && !isAnyIn(title, others)
+           && isAnyIn(document.folded, wordsFor(Concept::premium));
+}
+
+bool isAnnuity(const DocumentRows& document) {
+    static const Labels annuities{"*leibrente*",       "rente viagère*",    "rentes viagères",
+                                  "rendita vitalizia", "rendite vitalizie", "life annuit*"};
+    return isAnyIn(titleWords(document), annuities)
+           && isAnyIn(document.folded, wordsFor(Concept::paid))
+           && !isAnyIn(document.folded, wordsFor(Concept::surrender));
+}
+
 bool proposePolicies(const KindContext& context, ProposalDraft& draft) {
     const auto policies = policiesOf(context.document);
     if (policies.size() < 2) {

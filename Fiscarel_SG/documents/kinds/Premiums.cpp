@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/AmountFinder.h"
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/kinds/RecordsByKind.h"
+#include "Fiscarel_SG/documents/kinds/StatedPremiums.h"
 
 #include <algorithm>
 #include <utility>
@@ -28,6 +29,7 @@ const Wanted& grossPremiums() {
          {premium, gross},
          {premium, total},
          {premium, paid},
+         {premium, invoice},
          {premium, yearly}},
         {net, reduction, costSharing, other, benefit, refunded, basicInsurance, extraInsurance}};
     return wanted;
@@ -134,7 +136,14 @@ void takeWholeOfRow(FoundAmount& found) {
 }
 
 /// Whether an amount "to be borne by you" is a premium: the total, or what remains of it.
-bool isPremium(const std::vector<RowRange>& ranges, const Decimal& value) {
+bool isPremium(const std::vector<RowRange>& ranges, const ScanResult& result,
+               const Decimal& value) {
+    const bool isProposed = std::ranges::any_of(result.proposals, [&](const Proposal& one) {
+        return one.field == "healthInsurancePremiums" && Decimal::parse(one.value) == value;
+    });
+    if (isProposed) {
+        return true;
+    }
     const auto reduction = findLast(ranges, reductions());
     const Decimal taken = reduction ? reduction->value().abs() : Decimal();
     for (const Wanted* wanted : {&grossPremiums(), &plainTotals()}) {
@@ -198,6 +207,12 @@ std::optional<FoundAmount> wholeOf(const std::vector<RowRange>& ranges,
     return found.size() > 1 ? printedAt(ranges, sum) : std::nullopt;
 }
 
+/// The largest of several amounts, where those above it in its column add up to it.
+std::optional<FoundAmount> summedUp(const std::vector<FoundAmount>& found) {
+    const auto largest = std::ranges::max_element(found, {}, &FoundAmount::value);
+    return found.size() > 2 && columnCheck(*largest) ? std::optional(*largest) : std::nullopt;
+}
+
 /// The amounts for every wording of what is wanted, each once.
 std::vector<FoundAmount> findAll(const std::vector<RowRange>& ranges, const Wanted& wanted) {
     std::vector<FoundAmount> all;
@@ -223,13 +238,6 @@ std::vector<FoundAmount> findAll(const std::vector<RowRange>& ranges, const Want
     take(one);
     return all;
 }
-
-/// Gross, reduction and net as columns of a row.
-struct PremiumRow {
-    FoundAmount gross;
-    FoundAmount reduction;
-    std::vector<ProposalCheck> checks;
-};
 
 /// The last row whose columns are headed reduction and net, where gross − reduction = net: that of
 /// all people, if its column adds up.
@@ -266,22 +274,6 @@ std::optional<PremiumRow> findPremiumRow(const std::vector<RowRange>& ranges) {
     return last;
 }
 
-/// Proposes from a table with premium, reduction and net as columns.
-bool proposeTable(const KindContext& context, RecordsByKind& records, ProposalDraft& draft) {
-    const auto row = findPremiumRow(wholeDocument(context.document));
-    if (!row) {
-        return false;
-    }
-    const int record = records.of(Record::householdDeductions, row->gross.page->number);
-    draft.add(record, "healthInsurancePremiums", row->gross.value(),
-              evidenceOf(row->gross, grossPremiums(), context.isKindClear, row->checks));
-    if (row->reduction.value().abs() >= 1) {
-        draft.add(record, "premiumReduction", row->reduction.value().abs(),
-                  evidenceOf(row->reduction, reductions(), context.isKindClear, row->checks));
-    }
-    return true;
-}
-
 /// What was taken off the premiums: of all people together.
 void proposeReduction(const KindContext& context, RecordsByKind& records, ProposalDraft& draft) {
     const auto ranges = wholeDocument(context.document);
@@ -309,6 +301,27 @@ void proposeReduction(const KindContext& context, RecordsByKind& records, Propos
     }
     draft.add(records.of(Record::householdDeductions, chosen.page->number), "premiumReduction",
               chosen.value().abs(), std::move(evidence));
+}
+
+/// Proposes from a table with premium, reduction and net as columns, or from sentences that tell
+/// as much.
+bool proposeProven(const KindContext& context, RecordsByKind& records, ProposalDraft& draft) {
+    const auto ranges = wholeDocument(context.document);
+    auto row = findPremiumRow(ranges);
+    row = row ? std::move(row) : findStatedPremiums(ranges);
+    if (!row) {
+        return false;
+    }
+    const int record = records.of(Record::householdDeductions, row->gross.page->number);
+    draft.add(record, "healthInsurancePremiums", row->gross.value(),
+              evidenceOf(row->gross, grossPremiums(), context.isKindClear, row->checks));
+    if (!row->reduction) {
+        proposeReduction(context, records, draft);
+    } else if (row->reduction->value().abs() >= 1) {
+        draft.add(record, "premiumReduction", row->reduction->value().abs(),
+                  evidenceOf(*row->reduction, reductions(), context.isKindClear, row->checks));
+    }
+    return true;
 }
 
 /// A total of the premiums by its words; false where there is none.
@@ -349,7 +362,8 @@ void proposeGross(const KindContext& context, RecordsByKind& records, ProposalDr
     const auto ranges = wholeDocument(context.document);
     const auto single = findSingles(ranges);
     Decimal sum = sumOf(single);
-    const auto whole = single.size() > 2 ? wholeOf(ranges, single) : std::nullopt;
+    auto whole = single.size() > 2 ? wholeOf(ranges, single) : std::nullopt;
+    whole = whole ? std::move(whole) : summedUp(single);
     const bool isAmong = whole && std::ranges::any_of(single, [&](const FoundAmount& one) {
                              return one.page == whole->page && one.row == whole->row
                                     && one.amount.first == whole->amount.first;
@@ -387,7 +401,7 @@ void proposeGross(const KindContext& context, RecordsByKind& records, ProposalDr
 } // namespace
 
 void proposePremiums(const KindContext& context, RecordsByKind& records, ProposalDraft& draft) {
-    if (!proposeTable(context, records, draft)) {
+    if (!proposeProven(context, records, draft)) {
         proposeGross(context, records, draft);
         proposeReduction(context, records, draft);
     }
@@ -408,7 +422,7 @@ void proposeCostSharing(const KindContext& context, ProposalDraft& draft) {
     const auto ranges = wholeDocument(context.document);
     auto all = findAmounts(ranges, own);
     std::erase_if(all, [&](const FoundAmount& one) {
-        return one.value() < 1 || isPremium(ranges, one.value());
+        return one.value() < 1 || isPremium(ranges, draft.result(), one.value());
     });
     if (all.empty()) {
         return;

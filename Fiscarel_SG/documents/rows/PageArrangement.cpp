@@ -290,8 +290,8 @@ class Arrangement {
     /// Amounts in one row, what they are in the next.
     bool takeCaptions(std::size_t at) {
         const auto& rows = page_.rows;
-        if (at + 1 >= rows.size() || !hasOnlyAmounts(rows[at]) || hasFirmAmount(rows[at + 1])
-            || gap(at) > 1.2) {
+        if (at + 1 >= rows.size() || !hasOnlyAmounts(rows[at]) || gap(at) > 1.2
+            || hasAmountCell(rows[at + 1])) {
             return false;
         }
         const auto columns = gridColumns(rows[at + 1], rows[at]);
@@ -304,6 +304,13 @@ class Arrangement {
         }
         composeGrid(rows[at + 1], rows[at], *columns);
         return true;
+    }
+
+    /// Whether a cell of a row is nothing but an amount; captions may mention one.
+    static bool hasAmountCell(const Row& row) {
+        return std::ranges::any_of(cellsOf(row), [&](const LabelPlace& cell) {
+            return roleOf(row, cell) == Role::amount && hasFirmAmount(row, cell);
+        });
     }
 
     /// Whether the words under a row of amounts belong to it rather than those above.

@@ -77,7 +77,7 @@ const std::vector<Row>& rows() {
           {"Prämienverbilligung", "1’200.00"},
           {"Netto zu Ihren Lasten", "4’474.80"}},
          Kind::krankenkasse,
-         {"healthInsurancePremiums=5674.8 high", "premiumReduction=1200 medium"}},
+         {"healthInsurancePremiums=5674.8 high", "premiumReduction=1200 high"}},
         {{{"Krankenkasse Muster"},
           {"Prämienübersicht 2024"},
           {"Total Prämien", "5’674.80"},
