@@ -2,6 +2,7 @@
 #include "Fiscarel_SG/documents/kinds/BillSums.h"
 #include "Fiscarel_SG/documents/kinds/BillWords.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
+#include "Fiscarel_SG/documents/kinds/KindWords.h"
 #include "Fiscarel_SG/documents/kinds/PersonParts.h"
 #include "Fiscarel_SG/documents/kinds/PlainAmount.h"
 #include "Fiscarel_SG/documents/kinds/Prose.h"
@@ -208,14 +209,8 @@ class BillMapper {
 
     /// Whether a bill is for living somewhere, of which only the care is a cost of illness.
     bool isOfHome() const {
-        static const Labels homes{"Heimrechnung*",    "*pensionspreis*",
-                                  "Pensionstaxe*",    "Betreuungstaxe*",
-                                  "Pflegestufe*",     "Hotellerie*",
-                                  "Aufenthaltstaxe*", "Bewohner*",
-                                  "prix de pension",  "taxe d'hébergement",
-                                  "résident*",        "retta di degenza",
-                                  "ospite",           "resident"};
-        return target_.kind == Kind::arztrechnung && isAnyIn(context_.document.folded, homes);
+        return target_.kind == Kind::arztrechnung
+               && isAnyIn(context_.document.folded, homesOfCare());
     }
 
     std::string payeeName() const {

@@ -320,13 +320,17 @@ std::optional<ProposalCheck> remainderCheck(const FoundAmount& rest) {
 
 std::optional<ProposalCheck> sharesCheck(const std::vector<RowRange>& ranges,
                                          const FoundAmount& share) {
+    static const Labels payers{"*kasse",  "*versicherer*", "*versicherung", "Gemeinde*",
+                               "Kanton*", "caisse*",       "assureur*",     "assurance*",
+                               "commune", "canton",        "cassa",         "assicurat*",
+                               "comune",  "cantone",       "insurer",       "insurance"};
     const auto isPrinted = [&](const Decimal& value) {
         return std::ranges::any_of(ranges, [&](const RowRange& range) {
             return std::ranges::any_of(range.page->rows, [&](const Row& row) {
                 const RowAmount* amount = lastFirm(row);
                 return amount != nullptr && amount->amount.value == value
-                       && namesAny(row, {Concept::total, Concept::amount},
-                                   range.page->isRecognised);
+                       && namesAny(row, {Concept::total}, range.page->isRecognised)
+                       && !namesAny(row, {Concept::payable}, range.page->isRecognised);
             });
         });
     };
@@ -334,7 +338,8 @@ std::optional<ProposalCheck> sharesCheck(const std::vector<RowRange>& ranges,
     const std::size_t first = share.row - std::min<std::size_t>(share.row, 2);
     for (std::size_t at = first; at < std::min(rows.size(), share.row + 3); ++at) {
         const RowAmount* other = at == share.row ? nullptr : lastFirm(rows[at]);
-        if (other == nullptr || other->amount.value < 1 || !isAligned(share, *other)) {
+        if (other == nullptr || other->amount.value < 1 || !isAligned(share, *other)
+            || !isAnyIn(rows[at].folded, payers)) {
             continue;
         }
         const Decimal sum = share.value() + other->amount.value;

@@ -61,7 +61,8 @@ std::optional<SummedAmount> withoutReminder(const FoundAmount& total);
 /// does of a hospital's bill; absent when no amount above leads to it.
 std::optional<ProposalCheck> remainderCheck(const FoundAmount& rest);
 
-/// That a share and another part beside it, in the same column, come to an amount that is printed.
+/// That a share and what an insurer or the state bears, beside it in the same column, come to a
+/// total that is printed and is not what remains to be paid.
 std::optional<ProposalCheck> sharesCheck(const std::vector<RowRange>& ranges,
                                          const FoundAmount& share);
 

@@ -116,6 +116,8 @@ const Wanted& ownShares() {
                                 "Pflegebeteiligung*",
                                 "Patientenbeteiligung*",
                                 "Beteiligung Patient*",
+                                "Pflegekosten zu Ihren Lasten",
+                                "Pflegekosten zu Lasten*",
                                 "Selbstbehalt Pflege",
                                 "Selbstbehalt Bewohner*",
                                 "Anteil Bewohner*",

@@ -22,6 +22,9 @@ const std::vector<KindWords>& kindWords();
 /// Who treats people: practices, hospitals, pharmacies.
 const Labels& careProviders();
 
+/// What bills of homes speak of, where people live and are cared for.
+const Labels& homesOfCare();
+
 /// Those of bills, donations, day care, courses, policies and valuations among them.
 const std::vector<KindWords>& kindWordsOfBills();
 

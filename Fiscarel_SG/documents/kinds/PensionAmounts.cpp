@@ -35,7 +35,7 @@ bool endsClause(const std::string& text) {
 /// ("al mese,"), or behind the sentence before.
 std::size_t clauseStart(const Row& row, std::size_t amount) {
     std::size_t first = amount == 0 ? 0 : row.amounts[amount - 1].last + 1;
-    for (std::size_t i = first; amount > 0 && i < std::min(first + 2, row.amounts[amount].first);
+    for (std::size_t i = first; amount > 0 && i < std::min(first + 3, row.amounts[amount].first);
          ++i) {
         if (endsClause(row.words[i].text)) {
             first = i + 1;

@@ -207,10 +207,23 @@ std::optional<FoundAmount> wholeOf(const std::vector<RowRange>& ranges,
     return found.size() > 1 ? printedAt(ranges, sum) : std::nullopt;
 }
 
-/// The largest of several amounts, where those above it in its column add up to it.
+/// The largest of several amounts, where those above it in its column add up to it, or to the same
+/// amount elsewhere.
 std::optional<FoundAmount> summedUp(const std::vector<FoundAmount>& found) {
     const auto largest = std::ranges::max_element(found, {}, &FoundAmount::value);
-    return found.size() > 2 && columnCheck(*largest) ? std::optional(*largest) : std::nullopt;
+    if (found.size() <= 2) {
+        return std::nullopt;
+    }
+    const PageRows& page = *largest->page;
+    for (std::size_t at = 0; at < page.rows.size(); ++at) {
+        for (const RowAmount& amount : page.rows[at].amounts) {
+            const bool isSame = amount.amount.isFirm() && amount.amount.value == largest->value();
+            if (isSame && columnCheck({.page = &page, .row = at, .amount = amount})) {
+                return *largest;
+            }
+        }
+    }
+    return std::nullopt;
 }
 
 /// The amounts for every wording of what is wanted, each once.

@@ -56,6 +56,12 @@ const std::array<BoxWords, 5>& boxWords() {
 
 using Candidates = std::vector<std::optional<FoundAmount>>;
 
+/// Whether more than its digits speak for an amount, or at least those do: "54795".
+bool canBeWage(const FoundAmount& one) {
+    return one.amount.amount.isFirm()
+           || (!one.amount.amount.isYearLike() && one.value() >= 1000 && one.value() < 1'000'000);
+}
+
 /// All amounts that may be a box, the surest first; of deductions also none.
 Candidates candidatesOf(const std::vector<RowRange>& ranges, const BoxWords& words) {
     Candidates found;
@@ -73,7 +79,7 @@ Candidates candidatesOf(const std::vector<RowRange>& ranges, const BoxWords& wor
                 return known->row == amount.row && known->page == amount.page
                        && known->value() == amount.value();
             });
-            if (!isKnown && amount.amount.amount.isFirm() && found.size() < mostCandidates) {
+            if (!isKnown && canBeWage(amount) && found.size() < mostCandidates) {
                 found.push_back(std::move(amount));
             }
         }
@@ -287,6 +293,11 @@ std::optional<SalaryForm> readAmounts(const std::vector<RowRange>& ranges) {
         if (auto form = readRun(table[0], table[1])) {
             return form;
         }
+    }
+    const bool areFirm = std::ranges::all_of(
+        choice.boxes, [](const auto& found) { return !found || found->amount.amount.isFirm(); });
+    if (!choice.isProven && !areFirm) {
+        return std::nullopt;
     }
     SalaryForm form{.page = choice.boxes[0]->page};
     for (std::size_t box = 0; box < choice.boxes.size(); ++box) {

@@ -57,12 +57,15 @@ class Sums {
 
     std::optional<PremiumRow> find() const {
         for (std::size_t i = 0; i < all_.size(); ++i) {
-            if (!names(i, premium) && !names(i + 1, premium)) {
+            if (!names(i, premium) && !names(i + 1, premium) && !names(i + 2, premium)) {
                 continue;
             }
             PremiumRow row{at(i), std::nullopt, {}};
             row.gross.label = "Prämien";
-            addParts(i, row);
+            addParts(i + 1, row);
+            if (row.checks.empty()) { // another amount beside it, the parts below
+                addParts(i + 2, row);
+            }
             addReduction(row);
             if (!row.checks.empty()) {
                 return row;
@@ -79,16 +82,16 @@ class Sums {
         return i < all_.size() && namesAny(all_[i].before, {meant}, at(i).page->isRecognised);
     }
 
-    /// The premiums by law that follow and add up to them.
-    void addParts(std::size_t i, PremiumRow& row) const {
+    /// The premiums by law from an amount on that add up to them.
+    void addParts(std::size_t first, PremiumRow& row) const {
         Decimal sum;
         bool isBasic = false;
         bool isExtra = false;
-        for (std::size_t part = i + 1; isAmount(part) && part <= i + 3; ++part) {
+        for (std::size_t part = first; isAmount(part) && part <= first + 2; ++part) {
             sum = sum + at(part).value();
             isBasic |= names(part, basicInsurance) || names(part + 1, basicInsurance);
             isExtra |= names(part, extraInsurance) || names(part + 1, extraInsurance);
-            if (part > i + 1 && sum == row.gross.value() && isBasic && isExtra) {
+            if (part > first && sum == row.gross.value() && isBasic && isExtra) {
                 row.checks.push_back(
                     {"Die Prämien nach Gesetz ergeben zusammen " + shown(sum), true});
                 return;

@@ -218,7 +218,7 @@ class Arrangement {
         for (std::size_t next = end_; next < rows.size() && gap(next - 1) < 1.5; ++next) {
             if (fitsEdges(rows[next], edges)) {
                 end_ = next + 1;
-            } else if (!isLeftOf(rows[next], edges) || !hasFirmAmount(rows[next])) {
+            } else if (!isLeftOf(rows[next], edges) || rows[next].amounts.empty()) {
                 break;
             }
         }
