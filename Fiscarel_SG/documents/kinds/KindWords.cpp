@@ -453,9 +453,9 @@ const std::vector<KindExclusion>& kindExclusions() {
          {"*lebensversicherung*", "*rückkauf*", "assurance-vie", "assurance vie",
           "assicurazione vita", "assicurazione sulla vita"}},
         // What a fund insures and forecasts.
-        {{{"Vorsorgeausweis*", "Versicherungsausweis*", "Leistungsausweis*",
-           "certificat de prévoyance", "certificat d'assurance", "certificato di previdenza",
-           "certificato d'assicurazione", "pension statement"},
+        {{{"Persönlicher Ausweis*", "Vorsorgeausweis*", "Versicherungsausweis*",
+           "Leistungsausweis*", "certificat de prévoyance", "certificat d'assurance",
+           "certificato di previdenza", "certificato d'assicurazione", "pension statement"},
           {"versicherter Lohn", "versicherter Jahreslohn", "Austrittsleistung*", "salaire assuré",
            "prestation de sortie", "prestation de libre passage", "salario assicurato",
            "prestazione d'uscita", "insured salary"}},

@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/kinds/PensionWords.h"
+#include "Fiscarel_SG/documents/rows/CellRoles.h"
 
 #include <algorithm>
 #include <cmath>
@@ -155,15 +156,22 @@ std::set<int> unitCounts(const DocumentRows& document) {
     for (const PageRows& page : document.pages) {
         for (const Row& row : page.rows) {
             const bool isOfMonths = findLabel(row, months, page.isRecognised).has_value();
-            for (const RowWord& word : row.words) {
-                const std::string& text = word.folded;
+            for (std::size_t i = 0; i < row.words.size(); ++i) {
+                const std::string& text = row.words[i].folded;
+                const bool isInAmount =
+                    std::ranges::any_of(row.amounts, [&](const RowAmount& amount) {
+                        return amount.first < amount.last && amount.first <= i && i <= amount.last;
+                    });
+                if (isInAmount) { // "2 582.00"
+                    continue;
+                }
                 const bool isCount = !text.empty() && text.size() <= 3
                                      && text.find_first_not_of("0123456789") == std::string::npos;
                 const bool isProduct = row.folded.find(" x ") != std::string::npos
                                        || std::ranges::any_of(row.words, [](const RowWord& one) {
                                               return one.text.find("×") != std::string::npos;
                                           });
-                if (isCount && (isOfMonths || isProduct || !row.amounts.empty())) {
+                if (isCount && (isOfMonths || isProduct || hasFirmAmount(row))) {
                     counts.insert(std::stoi(text));
                 }
             }

@@ -138,10 +138,14 @@ void takeWholeOfRow(FoundAmount& found) {
 /// Whether an amount "to be borne by you" is a premium: the total, or what remains of it.
 bool isPremium(const std::vector<RowRange>& ranges, const ScanResult& result,
                const Decimal& value) {
-    const bool isProposed = std::ranges::any_of(result.proposals, [&](const Proposal& one) {
-        return one.field == "healthInsurancePremiums" && Decimal::parse(one.value) == value;
-    });
-    if (isProposed) {
+    Decimal premiums;
+    Decimal reduced;
+    for (const Proposal& one : result.proposals) {
+        const Decimal proposed = Decimal::parse(one.value).value_or(Decimal());
+        premiums = one.field == "healthInsurancePremiums" ? proposed : premiums;
+        reduced = one.field == "premiumReduction" ? proposed : reduced;
+    }
+    if (value == premiums || value == premiums - reduced) {
         return true;
     }
     const auto reduction = findLast(ranges, reductions());
