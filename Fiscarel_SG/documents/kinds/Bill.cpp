@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/AmountFinder.h"
 #include "Fiscarel_SG/documents/kinds/BillSums.h"
 #include "Fiscarel_SG/documents/kinds/BillWords.h"
+#include "Fiscarel_SG/documents/kinds/ChildCareHints.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
 #include "Fiscarel_SG/documents/kinds/KindWords.h"
 #include "Fiscarel_SG/documents/kinds/PersonParts.h"
@@ -67,6 +68,11 @@ std::vector<ProposalCheck> totalChecks(const std::vector<RowRange>& ranges,
         checks.push_back(*column);
     }
     return checks;
+}
+
+/// Whether a bill is for living somewhere, of which only the care is a cost of illness.
+bool isOfHome(const KindContext& context) {
+    return context.kind == Kind::arztrechnung && isAnyIn(context.document.folded, homesOfCare());
 }
 
 class BillMapper {
@@ -157,27 +163,6 @@ class BillMapper {
         return false;
     }
 
-    /// Whether a paper that does not tell each child's part apart speaks of several.
-    bool mayBeOfSeveral() const {
-        static const Labels several{"Ihre Kinder",  "Ihrer Kinder", "Ihren Kindern", "Eltern von",
-                                    "Kinder",       "Geschwister*", "Kind 2",        "2. Kind",
-                                    "vos enfants",  "enfants",      "fratrie",       "bambini",
-                                    "vostri figli", "figli",        "fratelli"};
-        const auto issuer = foldWords(context_.facts.issuer.text);
-        const auto isTold = [&](const PageRows& page) {
-            return std::ranges::any_of(page.rows, [&](const Row& row) {
-                return isAnyIn(row.folded, several) && !row.folded.starts_with(issuer);
-            });
-        };
-        static const Labels together{"Famil*",   "beide",    "alle Kinder", "zusammen",
-                                     "ensemble", "les deux", "insieme",     "both"};
-        if (printed_ && isAnyIn(printed_->rowOf().folded, together)) {
-            return true;
-        }
-        const std::size_t told = People(context_.document).born().size();
-        return told >= 2 || (told == 0 && std::ranges::any_of(context_.document.pages, isTold));
-    }
-
     /// The only child a paper tells, rather than the parent it is addressed to.
     void tellChild(ProposedRecord& record) const {
         if (target_.record != Record::child) {
@@ -205,12 +190,6 @@ class BillMapper {
                      : std::nullopt;
         isSpread_ = parts && !parts->areOfOneYear;
         return parts.has_value();
-    }
-
-    /// Whether a bill is for living somewhere, of which only the care is a cost of illness.
-    bool isOfHome() const {
-        return target_.kind == Kind::arztrechnung
-               && isAnyIn(context_.document.folded, homesOfCare());
     }
 
     std::string payeeName() const {
@@ -301,7 +280,7 @@ class BillMapper {
         wanted_ = &ownShares();
         auto all = findAmounts(ranges_, ownShares(), Digits::firm);
         std::erase_if(all, [](const FoundAmount& one) { return one.value() < 1; });
-        isOwnCare_ = !all.empty() && isOfHome();
+        isOwnCare_ = !all.empty() && isOfHome(context_);
         auto whole = all.empty() || isOwnCare_ ? std::nullopt : totalBelow(all.back());
         if (whole) { // what the insurer does not cover comes on top
             checks_.push_back(*columnCheck(*whole));
@@ -370,20 +349,6 @@ class BillMapper {
                               return one.value() != all.back().value();
                           });
         return isWhole ? std::move(*whole) : all.back();
-    }
-
-    /// Whether the amounts that lead to a total name meals, in their row or above their column.
-    static bool hasMeals(const FoundAmount& total) {
-        const PageRows& page = *total.page;
-        return std::any_of(
-            page.rows.begin(), page.rows.begin() + static_cast<std::ptrdiff_t>(total.row),
-            [&](const Row& row) {
-                const auto place = findLabel(row, wordsFor(meals), page.isRecognised);
-                const auto cells = cellsOf(row);
-                const bool isTabular = cells.size() > 1 && page.number != 0;
-                return place && isTabular
-                       && !findLabel(row, wordsFor(deductible), page.isRecognised);
-            });
     }
 
     /// What remains of a total when others bear a part of it, if both stand below; else it is the
@@ -469,10 +434,11 @@ class BillMapper {
         Evidence evidence =
             evidenceOf(*printed_, *wanted_, context_.isKindClear && !isShared_, std::move(checks));
         if ((isReminder_ && !isProven) || isDisputed_ || isSpread_
-            || (isOfHome() && !isOwnCare_)) {
+            || (isOfHome(context_) && !isOwnCare_)) {
             evidence.confidence = Confidence::low;
         }
-        if (target_.record == Record::child && mayBeOfSeveral()) {
+        if (target_.record == Record::child
+            && mayBeOfSeveralChildren(context_.document, context_.facts.issuer.text, printed_)) {
             evidence.confidence = Confidence::low;
             evidence.reason += " Das Dokument scheint mehrere Kinder zu betreffen.";
         }

@@ -35,8 +35,8 @@ struct KindExclusion {
     Labels unless = {}; ///< with one of these in the title it is none
 };
 
-/// Annexes on employee shares, tax returns, assessments and tax bills, payslips, offers, shop
-/// receipts.
+/// Annexes on employee shares, tax returns, assessments and tax bills, payslips, offers, insurances
+/// of things, what benefits are computed from or change to, shop receipts.
 const std::vector<KindExclusion>& kindExclusions();
 
 } // namespace fiscarel

@@ -1,0 +1,43 @@
+#include "Fiscarel_SG/documents/kinds/ChildCareHints.h"
+
+#include "Fiscarel_SG/documents/kinds/People.h"
+#include "Fiscarel_SG/documents/text/FoldedText.h"
+
+#include <algorithm>
+
+namespace fiscarel {
+
+bool mayBeOfSeveralChildren(const DocumentRows& document, const std::string& issuer,
+                            const std::optional<FoundAmount>& printed) {
+    static const Labels several{"Ihre Kinder",  "Ihrer Kinder", "Ihren Kindern", "Eltern von",
+                                "Kinder",       "Geschwister*", "Kind 2",        "2. Kind",
+                                "vos enfants",  "enfants",      "fratrie",       "bambini",
+                                "vostri figli", "figli",        "fratelli"};
+    static const Labels together{"Famil*",   "beide",    "alle Kinder", "zusammen",
+                                 "ensemble", "les deux", "insieme",     "both"};
+    const std::string name = foldWords(issuer);
+    const auto isTold = [&](const PageRows& page) {
+        return std::ranges::any_of(page.rows, [&](const Row& row) {
+            return isAnyIn(row.folded, several) && !row.folded.starts_with(name);
+        });
+    };
+    if (printed && isAnyIn(printed->rowOf().folded, together)) {
+        return true;
+    }
+    const std::size_t told = People(document).born().size();
+    return told >= 2 || (told == 0 && std::ranges::any_of(document.pages, isTold));
+}
+
+bool hasMeals(const FoundAmount& total) {
+    const PageRows& page = *total.page;
+    return std::any_of(
+        page.rows.begin(), page.rows.begin() + static_cast<std::ptrdiff_t>(total.row),
+        [&](const Row& row) {
+            const auto place = findLabel(row, wordsFor(Concept::meals), page.isRecognised);
+            const bool isTabular = cellsOf(row).size() > 1 && page.number != 0;
+            return place && isTabular
+                   && !findLabel(row, wordsFor(Concept::deductible), page.isRecognised);
+        });
+}
+
+} // namespace fiscarel
