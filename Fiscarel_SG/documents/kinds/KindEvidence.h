@@ -18,6 +18,9 @@ struct KindVerdict {
 /// mention. `isWageProven`: amounts add up as those of a salary certificate do.
 KindVerdict weighKind(const DocumentRows& document, bool isWageProven);
 
+/// Whether the head of a document is that of accounts on rents and upkeep.
+bool isPropertyAccount(const DocumentRows& document);
+
 /// Whether a document certifies pensions that were paid.
 bool isPensionPaper(const DocumentRows& document);
 

@@ -22,6 +22,9 @@ const std::vector<KindWords>& kindWords();
 /// Who treats people: practices, hospitals, pharmacies.
 const Labels& careProviders();
 
+/// What accounts of managers of buildings are called, or speak of.
+const Labels& propertyAccounts();
+
 /// Those of bills, donations, day care, courses, policies and valuations among them.
 const std::vector<KindWords>& kindWordsOfBills();
 
@@ -33,7 +36,11 @@ struct KindExclusion {
 };
 
 /// Annexes on employee shares, tax returns, assessments and tax bills, payslips, offers, shop
-/// receipts.
+/// receipts, plans for years to come, orders at an exchange, invitations, reminders of loans,
+/// leases.
 const std::vector<KindExclusion>& kindExclusions();
+
+/// By what a paper says itself that it certifies nothing.
+const Labels& denials();
 
 } // namespace fiscarel
