@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
 #include "Fiscarel_SG/documents/kinds/Pensions.h"
+#include "Fiscarel_SG/documents/kinds/Property.h"
 #include "Fiscarel_SG/documents/kinds/SecurityTable.h"
 #include "Fiscarel_SG/documents/payload/Mappers.h"
 #include "Fiscarel_SG/documents/rows/PageArrangement.h"
@@ -127,6 +128,10 @@ void proposeByKind(const KindContext& context, ProposalDraft& draft) {
     case Kind::krankenkasse:
     case Kind::versicherung:
     case Kind::liegenschaft:
+        if (context.kind == Kind::liegenschaft && isPropertyAccount(context.document)
+            && proposeManagement(context, draft)) {
+            break;
+        }
         if (context.kind == Kind::liegenschaft && isRepairBill(context.document)) {
             proposeBill(context, draft);
         } else if (context.kind == Kind::pensionskasse && isPensionPaper(context.document)) {
@@ -187,6 +192,9 @@ KindVerdict verdictOf(const DocumentRows& document, const std::vector<SalaryForm
     if (!verdict.isClear && verdict.kind != Kind::bankauszug && verdict.kind != Kind::steuerauszug
         && forms.empty() && listsSecurities(document)) {
         return {.kind = Kind::steuerauszug, .isClear = true};
+    }
+    if (!verdict.kind && forms.empty() && !hasBill && listsAccounts(document)) {
+        return {.kind = Kind::bankauszug};
     }
     const bool isUnlikely =
         !verdict.kind || verdict.kind == Kind::krankenkasse || verdict.kind == Kind::weiterbildung;

@@ -77,7 +77,10 @@ class EntryProposer {
             if (at(entry.figures, Figure::debt) || at(entry.figures, Figure::debtInterest)) {
                 proposeDebt(entry);
             }
-            if (at(entry.figures, Figure::balance) || at(entry.figures, Figure::interest)) {
+            using enum Figure;
+            if (std::ranges::any_of(
+                    std::array{balance, interest, taxedInterest, untaxedInterest},
+                    [&](Figure one) { return at(entry.figures, one).has_value(); })) {
                 proposeAccount(entry);
             }
         }
@@ -89,7 +92,8 @@ class EntryProposer {
     bool isSummed(const AccountEntry& entry) const {
         using enum Figure;
         return std::ranges::any_of(
-            std::array{balance, interest, debt, debtInterest}, [&](Figure figure) {
+            std::array{balance, interest, debt, debtInterest, taxedInterest, untaxedInterest},
+            [&](Figure figure) {
                 return at(entry.figures, figure) && sums_[static_cast<std::size_t>(figure)];
             });
     }
@@ -131,6 +135,22 @@ class EntryProposer {
             addAmount(record, isTaxed ? "incomeWithWithholding" : "incomeWithoutWithholding",
                       *interest, Figure::interest, interestChecks(entry.figures));
         }
+        proposeIncome(record, entry);
+    }
+
+    /// Income of columns that tell of the tax.
+    void proposeIncome(int record, const AccountEntry& entry) {
+        const auto& taxed = at(entry.figures, Figure::taxedInterest);
+        const auto& untaxed = at(entry.figures, Figure::untaxedInterest);
+        if (taxed && !taxed->value().isZero()) {
+            Figures figures = entry.figures;
+            at(figures, Figure::interest) = taxed;
+            addAmount(record, "incomeWithWithholding", *taxed, Figure::taxedInterest,
+                      interestChecks(figures));
+        }
+        if (untaxed && !untaxed->value().isZero()) {
+            addAmount(record, "incomeWithoutWithholding", *untaxed, Figure::untaxedInterest, {});
+        }
     }
 
     Evidence wordsOf(const AccountEntry& entry) const {
@@ -150,7 +170,7 @@ class EntryProposer {
 
     void proposeNames(int record, const AccountEntry& entry) {
         const Evidence words = wordsOf(entry);
-        draft_.add(record, "kind", std::string("konto"), words);
+        draft_.add(record, "kind", std::string(entry.isDepot ? "wertschrift" : "konto"), words);
         Evidence checked = words;
         if (!entry.number.empty()) {
             const bool isSound = !taxcore::ibanFault(entry.number);
@@ -230,6 +250,9 @@ void settle(AccountEntry& entry) {
         interest.reset();
     }
     if (entry.isLoan) {
+        interest.reset();
+    }
+    if (at(figures, Figure::taxedInterest) || at(figures, Figure::untaxedInterest)) {
         interest.reset();
     }
     if (interest && interest->value() < 0) { // charged

@@ -24,6 +24,7 @@ struct AccountEntry {
     std::string creditor; ///< of a loan in a list of several; else the issuer is
     RowRange range;       ///< where its words stand
     bool isLoan = false;  ///< owed, whatever its figures are called
+    bool isDepot = false; ///< securities kept for the customer
 };
 
 /// Puts each figure where it belongs: what is owed, or below zero, is a debt with its interest.

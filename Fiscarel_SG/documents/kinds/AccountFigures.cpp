@@ -6,6 +6,15 @@ namespace fiscarel {
 
 namespace {
 
+/// Interest as the part of what was paid back on a debt: "davon Zins".
+std::optional<FoundAmount> interestWithin(const RowRange& range) {
+    static const Wanted wanted{{"davon Zins*", "davon Kreditzins*", "davon Schuldzins*",
+                                "davon Sollzins*", "davon Darlehenszins*", "dont intérêts",
+                                "dont intérêt", "di cui interessi"},
+                               {"Zinssatz", "Marge"}};
+    return findFirst({range}, wanted);
+}
+
 /// Interest by what it is, which is surer than its label in recognised text: an amount above one of
 /// 35 per cent of it, with what remains below.
 void findInterestByTax(const RowRange& range, Figures& figures) {
@@ -43,10 +52,15 @@ void findInterestByTax(const RowRange& range, Figures& figures) {
 
 Figures figuresByLabel(const RowRange& range) {
     Figures figures;
-    for (std::size_t i = 0; i < figureCount; ++i) {
+    for (std::size_t i = 0; i < labelledFigures; ++i) {
         figures[i] = findFirst({range}, wantedOf(static_cast<Figure>(i)));
     }
     findInterestByTax(range, figures);
+    auto& owed = figures[static_cast<std::size_t>(Figure::debtInterest)];
+    if (figures[static_cast<std::size_t>(Figure::debt)] && !owed
+        && !figures[static_cast<std::size_t>(Figure::interest)]) {
+        owed = interestWithin(range);
+    }
     const auto& gross = figures[static_cast<std::size_t>(Figure::interest)];
     auto& tax = figures[static_cast<std::size_t>(Figure::withholding)];
     if (gross && tax && tax->isBelow

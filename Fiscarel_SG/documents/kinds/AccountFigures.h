@@ -8,11 +8,21 @@
 
 namespace fiscarel {
 
-/// What an account or a loan may state.
-enum class Figure { balance, interest, withholding, netInterest, debt, debtInterest };
-constexpr std::size_t figureCount = 6;
+/// What an account or a loan may state. Interest that tells of the tax does so in tables only.
+enum class Figure {
+    balance,
+    interest,
+    withholding,
+    netInterest,
+    debt,
+    debtInterest,
+    taxedInterest,
+    untaxedInterest
+};
+constexpr std::size_t figureCount = 8;
+constexpr std::size_t labelledFigures = 6; ///< the first ones, which have words of their own
 
-/// The words of a figure.
+/// The words of a figure; those of interest for one that tells of the tax.
 const Wanted& wantedOf(Figure figure);
 
 /// Amounts by what they are.

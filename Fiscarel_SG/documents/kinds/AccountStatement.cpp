@@ -1,94 +1,21 @@
 #include "Fiscarel_SG/documents/kinds/AccountEntries.h"
+#include "Fiscarel_SG/documents/kinds/AccountPages.h"
 #include "Fiscarel_SG/documents/kinds/AccountTable.h"
+#include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
 #include "Fiscarel_SG/documents/kinds/SecurityTable.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
-#include "TaxCore/base/Iban.h"
 
 #include <algorithm>
 #include <deque>
 #include <iterator>
 #include <set>
-#include <string_view>
 #include <utility>
 #include <vector>
 
 namespace fiscarel {
 
 namespace {
-
-/// Whether words may be an account number, of this country or Liechtenstein also a misread one;
-/// "al 31 dicembre 2024" is as long as one.
-bool mayBeIban(const std::string& joined) {
-    if (!taxcore::looksLikeIban(joined)) {
-        return false;
-    }
-    const auto fault = taxcore::ibanFault(joined);
-    const bool isOwn = joined.starts_with("CH") || joined.starts_with("LI");
-    return !fault || (isOwn && fault == taxcore::IbanFault::checkDigits);
-}
-
-/// The first sound account number of a row.
-std::optional<AccountNumber> ibanIn(const Row& row, std::size_t at) {
-    for (std::size_t first = 0; first < row.words.size(); ++first) {
-        std::string joined;
-        for (std::size_t last = first; last < std::min(first + 8, row.words.size()); ++last) {
-            joined += row.words[last].text;
-            while (!joined.empty() && (joined.back() == ',' || joined.back() == ')')) {
-                joined.pop_back();
-            }
-            if (joined.size() > 34) {
-                break;
-            }
-            if (mayBeIban(joined)) {
-                return AccountNumber{taxcore::compactIban(joined), at, first, last};
-            }
-        }
-    }
-    return std::nullopt;
-}
-
-/// The line at the foot that names the bank's own account beside its telephone number.
-bool isContactLine(const PageRows& page, const Row& row) {
-    static const Labels contacts{"MWST*", "UID", "Tel", "Telefon", "TVA", "IVA", "BIC"};
-    return page.number != 0 && row.middle() > page.height * 0.93 && isAnyIn(row.folded, contacts);
-}
-
-/// A word for another currency than francs.
-bool isForeignCurrency(std::string_view word) {
-    static const std::set<std::string_view> codes{
-        "EUR", "USD", "GBP", "JPY", "CAD", "AUD", "NZD", "SEK", "NOK", "DKK", "PLN", "CZK",
-        "HUF", "CNY", "HKD", "SGD", "ZAR", "TRY", "THB", "€",   "$",   "£",   "US$", "Euro"};
-    while (!word.empty()
-           && std::string_view("()[],:").find(word.front()) != std::string_view::npos) {
-        word.remove_prefix(1);
-    }
-    while (!word.empty()
-           && std::string_view("()[],:").find(word.back()) != std::string_view::npos) {
-        word.remove_suffix(1);
-    }
-    return codes.contains(word);
-}
-
-/// Whether the word before an amount names a foreign currency, or the one behind it where none
-/// does before.
-bool isForeign(const Row& row, const RowAmount& amount) {
-    if (amount.first > 0) {
-        const std::string& before = row.words[amount.first - 1].text;
-        if (isFrancs(before) || isForeignCurrency(before)) {
-            return isForeignCurrency(before);
-        }
-    }
-    return amount.last + 1 < row.words.size() && isForeignCurrency(row.words[amount.last + 1].text);
-}
-
-/// A page without the amounts in foreign currencies, which no tax return states.
-PageRows withoutForeign(PageRows page) {
-    for (Row& row : page.rows) {
-        std::erase_if(row.amounts, [&](const RowAmount& amount) { return isForeign(row, amount); });
-    }
-    return page;
-}
 
 class AccountMapper {
   public:
@@ -98,7 +25,7 @@ class AccountMapper {
     void propose() {
         for (const PageRows& page : context_.document.pages) {
             if (!proposeSecurities(context_, page, draft_)) {
-                readPage(keep(withoutForeign(page)));
+                readPage(keep(withoutOthers(page, context_.facts.year)));
             }
         }
         proposeEntries(context_, entries_, draft_);
@@ -132,16 +59,12 @@ class AccountMapper {
     /// Accounts beside each other, each with its figures in its column: each as a page of its own.
     bool readColumns(const PageRows& page) {
         for (std::size_t at = 0; at < page.rows.size() && page.number != 0; ++at) {
-            std::vector<PageRows> parts;
-            for (const LabelPlace& cell : accountCells(page, at)) {
-                parts.push_back(columnOf(page, at, cell));
-            }
-            std::erase_if(parts, [](const PageRows& part) { return part.rows.size() < 2; });
-            if (parts.size() < 2) {
+            const auto cells = accountCells(page, at);
+            if (cells.size() < 2 || !statesFigures(page, at, cells.front().left)) {
                 continue;
             }
-            for (PageRows& part : parts) {
-                const PageRows& own = keep(std::move(part));
+            for (PageRows& part : columnsAsPages(page, at, cells)) {
+                const PageRows& own = keep(withoutOthers(std::move(part), context_.facts.year));
                 const RowRange range{&own, 0, own.rows.size()};
                 addEntry({.figures = figuresByLabel(range), .range = range});
             }
@@ -150,36 +73,54 @@ class AccountMapper {
         return false;
     }
 
-    /// The cells of a row that name accounts or loans, where no amounts stand beside them.
+    /// The headings of a row that name no figures, without that of the total.
     static std::vector<LabelPlace> accountCells(const PageRows& page, std::size_t at) {
         const Row& row = page.rows[at];
         std::vector<LabelPlace> cells;
-        const bool hasAmounts = std::ranges::any_of(
-            row.amounts, [](const RowAmount& amount) { return amount.amount.isFirm(); });
-        for (const LabelPlace& cell : hasAmounts ? std::vector<LabelPlace>() : cellsOf(row)) {
+        if (hasFirmAmount(row)) {
+            return cells;
+        }
+        for (const LabelPlace& cell : cellsOf(row)) {
             Row own;
             own.words = wordsOf(row, cell);
-            if (namesAny(own, {Concept::account, Concept::debt}, page.isRecognised)) {
+            const bool isOther =
+                namesAny(own,
+                         {Concept::interest, Concept::balance, Concept::withholding, Concept::rate,
+                          Concept::paid, Concept::opening},
+                         page.isRecognised);
+            if (isOther || lettersIn(row, cell) < 3) {
+                return {};
+            }
+            if (!namesAny(own, {Concept::total}, page.isRecognised)) {
                 cells.push_back(cell);
             }
         }
         return cells;
     }
 
-    /// The rows below a heading, with the amounts of its column only.
-    static PageRows columnOf(const PageRows& page, std::size_t at, const LabelPlace& heading) {
-        constexpr std::size_t most = 40; // rows
-        PageRows part = withoutRows(page);
-        for (std::size_t below = at + 1; below < std::min(page.rows.size(), at + most); ++below) {
-            Row row = page.rows[below];
-            std::erase_if(row.amounts, [&](const RowAmount& amount) {
-                return amount.place.left >= heading.right || amount.place.right <= heading.left;
-            });
-            if (row.amounts.size() == 1 && row.amounts[0].first > 0) {
-                part.rows.push_back(std::move(row));
+    /// Whether rows below say left of a column what their amounts are: at least two figures.
+    static bool statesFigures(const PageRows& page, std::size_t at, double left) {
+        constexpr std::size_t farthest = 3; // rows from the headings to the first figure
+        std::set<Figure> stated;
+        for (std::size_t below = at + 1; below < page.rows.size(); ++below) {
+            const Row& row = page.rows[below];
+            const auto cells = cellsOf(row);
+            if (row.amounts.size() < 2 || cells.front().left >= left - alignment(page)) {
+                if (stated.empty() && below > at + farthest) {
+                    return false; // that row stood far above, in the letter's head
+                }
+                continue;
+            }
+            Row label;
+            label.words = wordsOf(row, cells.front());
+            for (const RowWord& word : label.words) {
+                label.folded += word.folded + ' ';
+            }
+            if (const auto figure = figureOf(label, page.isRecognised)) {
+                stated.insert(*figure);
             }
         }
-        return part;
+        return stated.size() >= 2;
     }
 
     /// The words before an account number, which name the account; empty when there are none.
@@ -219,7 +160,17 @@ class AccountMapper {
         return true;
     }
 
-    /// Rows that begin with the name of an account or loan and its number, as its block does.
+    /// Whether a word of a row may be the number of an account.
+    static bool hasNumber(const Row& row) {
+        return std::ranges::any_of(row.words, [](const RowWord& word) {
+            return std::ranges::count_if(word.text, [](char c) { return c >= '0' && c <= '9'; })
+                       >= 4
+                   && !parseDay(word.text);
+        });
+    }
+
+    /// Rows that begin with the name of an account or loan and its number, as its block does; the
+    /// number may stand below.
     static std::vector<std::size_t> namedBlocks(const PageRows& page) {
         std::vector<std::size_t> starts;
         for (std::size_t at = 0; at < page.rows.size(); ++at) {
@@ -228,18 +179,18 @@ class AccountMapper {
                 const auto place = findLabel(row, wordsFor(meant), page.isRecognised);
                 return place && place->first <= 1;
             };
-            const bool hasNumber = std::ranges::any_of(row.words, [](const RowWord& word) {
-                return std::ranges::count_if(word.text, [](char c) { return c >= '0' && c <= '9'; })
-                       >= 4;
-            });
+            const bool isNumberBelow = cellsOf(row).size() == 1 && at + 1 < page.rows.size()
+                                       && page.rows[at + 1].words.size() == 1
+                                       && hasNumber(page.rows[at + 1])
+                                       && !hasFirmAmount(page.rows[at + 1]) && !namesLastDay(row);
             const auto cells = cellsOf(row);
             const bool hasAmount = std::ranges::any_of(row.amounts, [&](const RowAmount& amount) {
                 const bool isApart = cells.size() > 1 && amount.first >= cells.back().first;
                 return amount.amount.hasDecimals || amount.amount.hasCurrency
                        || (amount.amount.hasMark && isApart);
             });
-            if (hasNumber && !hasAmount && row.words.size() <= 12 && !isContactLine(page, row)
-                && (name(Concept::account) || name(Concept::debt))) {
+            if ((hasNumber(row) || isNumberBelow) && !hasAmount && row.words.size() <= 12
+                && !isContactLine(page, row) && (name(Concept::account) || name(Concept::debt))) {
                 starts.push_back(at);
             }
         }
@@ -258,11 +209,18 @@ class AccountMapper {
             return named;
         }
         std::ranges::copy_if(named, std::back_inserter(starts), [&](std::size_t at) {
-            return !starts.empty() && at > starts.front() && namesLoan(page, at)
+            return !starts.empty() && namesLoan(page, at)
+                   && (at > starts.front() || hasAmounts(page, at, starts.front()))
                    && std::ranges::find(ibans, at, &AccountNumber::row) == ibans.end();
         });
         std::ranges::sort(starts);
         return starts;
+    }
+
+    static bool hasAmounts(const PageRows& page, std::size_t from, std::size_t end) {
+        return std::any_of(page.rows.begin() + static_cast<std::ptrdiff_t>(from),
+                           page.rows.begin() + static_cast<std::ptrdiff_t>(end),
+                           [](const Row& row) { return hasFirmAmount(row); });
     }
 
     static bool namesLoan(const PageRows& page, std::size_t at) {
@@ -354,8 +312,12 @@ class AccountMapper {
     /// Each row of a table with an amount and either an account number or words; totals are none.
     void readTable(const PageRows& page, const AccountHeading& heading, std::size_t end,
                    const std::vector<AccountNumber>& ibans) {
+        if (readCourse(page, heading, end)) {
+            return;
+        }
         const Labels& totals = wordsFor(Concept::total);
         Figures sums; // of the rows so far, the amounts alone
+        bool isOver = false;
         for (std::size_t at = heading.row() + 1; at < end; ++at) {
             const Row& row = page.rows[at];
             const Figures figures = figuresByColumn(page, at, heading);
@@ -364,13 +326,15 @@ class AccountMapper {
             if (!hasAny) {
                 continue;
             }
-            if (isSumOf(figures, sums) || isAnyIn(row.folded, totals)) {
-                break;
-            }
             const AccountNumber* own = ibanOf(ibans, at, heading.row());
+            if (isSumOf(figures, sums) || isAnyIn(row.folded, totals)) {
+                isOver = true;
+                continue;
+            }
             const auto firm = std::ranges::find_if(
                 row.amounts, [](const RowAmount& amount) { return amount.amount.isFirm(); });
-            if (own == nullptr && (firm == row.amounts.end() || firm->first == 0)) {
+            if ((own == nullptr && (isOver || firm == row.amounts.end() || firm->first == 0))
+                || addSecondLine(page, at, figures)) {
                 continue;
             }
             addTo(sums, figures);
@@ -378,8 +342,85 @@ class AccountMapper {
                       .number = own == nullptr ? std::string() : own->text,
                       .creditor = creditorOf(page, at, heading),
                       .range = {&page, at, at + 1},
-                      .isLoan = own == nullptr && (heading.isOfLoans || namesLoan(page, at))});
+                      .isLoan = own == nullptr && (heading.isOfLoans || namesLoan(page, at)),
+                      .isDepot = own == nullptr && namesDepot(row)});
         }
+    }
+
+    static bool namesDepot(const Row& row) {
+        static const Labels depots{"*depot",          "Depot*", "Wertschriften*",
+                                   "dépôt",           "titres", "dossier titres",
+                                   "deposito titoli", "titoli", "custody"};
+        return isAnyIn(row.folded, depots);
+    }
+
+    /// A line that only states income, below that of the account it belongs to: what tax was not
+    /// withheld from stands there.
+    bool addSecondLine(const PageRows& page, std::size_t at, const Figures& figures) {
+        const auto& income = figures[static_cast<std::size_t>(Figure::interest)];
+        const bool isOnly =
+            std::ranges::count_if(figures, [](const auto& figure) { return figure.has_value(); })
+            == 1;
+        if (!income || !isOnly || at == 0 || entries_.empty() || entries_.back().range.page != &page
+            || entries_.back().range.first + 1 != at) {
+            return false;
+        }
+        AccountEntry& entry = entries_.back();
+        auto& first = entry.figures[static_cast<std::size_t>(Figure::interest)];
+        const auto& tax = entry.figures[static_cast<std::size_t>(Figure::withholding)];
+        if (!entry.figures[static_cast<std::size_t>(Figure::balance)] || (first && !tax)) {
+            return false;
+        }
+        if (first) {
+            entry.figures[static_cast<std::size_t>(Figure::taxedInterest)] = first;
+            first.reset();
+        }
+        entry.figures[static_cast<std::size_t>(Figure::untaxedInterest)] = income;
+        return true;
+    }
+
+    /// A table whose rows are the days of a year is the course of one loan or account: it stands in
+    /// the row that the interest adds up to. False for other tables.
+    bool readCourse(const PageRows& page, const AccountHeading& heading, std::size_t end) {
+        std::size_t days = 0;
+        Decimal paid;
+        for (std::size_t at = heading.row() + 1; at < end; ++at) {
+            const Row& row = page.rows[at];
+            const Figures figures = figuresByColumn(page, at, heading);
+            const auto interestOf = [&](Figure figure) {
+                return figures[static_cast<std::size_t>(figure)];
+            };
+            const auto interest = interestOf(Figure::interest) ? interestOf(Figure::interest)
+                                                               : interestOf(Figure::debtInterest);
+            if (beginsWithDay(row)) {
+                ++days;
+                paid = paid + (interest ? interest->value() : Decimal());
+            } else if (days >= 2 && interest && interest->value() == paid) {
+                addEntry({.figures = figures,
+                          .range = {&page, at, at + 1},
+                          .isLoan = heading.isOfLoans || namesLoanAbove(page, heading.row())});
+                return true;
+            }
+        }
+        return days >= 2;
+    }
+
+    static bool beginsWithDay(const Row& row) {
+        const auto& words = row.words;
+        return !words.empty()
+               && (parseDay(words[0].text)
+                   || (words.size() > 2 && parseDay(words[0].text, words[1].text, words[2].text)));
+    }
+
+    /// Whether one of the rows above a table names a loan.
+    static bool namesLoanAbove(const PageRows& page, std::size_t at) {
+        const std::size_t from = at > 3 ? at - 3 : 0;
+        for (std::size_t i = from; i < at; ++i) {
+            if (namesLoan(page, i)) {
+                return true;
+            }
+        }
+        return false;
     }
 
     static void addTo(Figures& sums, const Figures& figures) {
@@ -444,6 +485,25 @@ class AccountMapper {
 
 void proposeAccounts(const KindContext& context, ProposalDraft& draft) {
     AccountMapper(context, draft).propose();
+}
+
+bool listsAccounts(const DocumentRows& document) {
+    return std::ranges::any_of(document.pages, [](const PageRows& page) {
+        AccountHeading heading;
+        for (std::size_t at = 0; at < page.rows.size() && page.number != 0; ++at) {
+            if (auto found = accountHeadingIn(page, at); found.count() >= 3) {
+                heading = std::move(found);
+            }
+            if (heading.count() == 0 || !ibanIn(page.rows[at], at)) {
+                continue;
+            }
+            const Figures figures = figuresByColumn(page, at, heading);
+            if (figures[static_cast<std::size_t>(Figure::balance)]) {
+                return true;
+            }
+        }
+        return false;
+    });
 }
 
 } // namespace fiscarel

@@ -4,84 +4,11 @@
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 
 #include <algorithm>
-#include <cmath>
 #include <tuple>
 
 namespace fiscarel {
 
 namespace {
-
-constexpr std::size_t rowsLookedAt = 12; ///< below a heading
-
-TableColumn columnFrom(const Row& row, const LabelPlace& place) {
-    TableColumn column{.cell = {.top = row.top, .bottom = row.bottom}};
-    for (std::size_t i = place.first; i <= place.last; ++i) {
-        column.cell.words.push_back(row.words[i]);
-        column.cell.folded += row.words[i].folded + ' ';
-    }
-    column.place = {0, place.last - place.first, row.words[place.first].place.left,
-                    row.words[place.last].place.right};
-    return column;
-}
-
-/// Right edges of the amounts in the rows below a heading.
-std::vector<double> edgesBelow(const PageRows& page, std::size_t at) {
-    std::vector<double> edges;
-    const std::size_t end = std::min(page.rows.size(), at + 1 + rowsLookedAt);
-    for (std::size_t below = at + 1; below < end; ++below) {
-        for (const RowAmount& amount : page.rows[below].amounts) {
-            edges.push_back(amount.place.right);
-        }
-    }
-    return edges;
-}
-
-/// A cell, in parts where amounts end with one of its words and others stand beyond it.
-std::vector<LabelPlace> partsOf(const PageRows& page, const Row& row, const LabelPlace& cell,
-                                const std::vector<double>& edges) {
-    std::vector<LabelPlace> parts{cell};
-    const auto isEdge = [&](double right) {
-        return std::ranges::any_of(
-            edges, [&](double edge) { return std::abs(edge - right) <= alignment(page) / 2; });
-    };
-    if (!isEdge(cell.right)) {
-        return parts; // set some other way
-    }
-    for (std::size_t i = cell.first; i < cell.last; ++i) {
-        if (isEdge(row.words[i].place.right) && !row.words[i].folded.empty()) {
-            parts.back().last = i;
-            parts.push_back({i + 1, cell.last});
-        }
-    }
-    return parts;
-}
-
-/// Puts the words of a heading's second line under those they go on.
-void addLine(std::vector<TableColumn>& columns, std::vector<TableColumn> line) {
-    for (TableColumn& below : line) {
-        const auto above = std::ranges::find_if(columns, [&](const TableColumn& column) {
-            return column.place.left < below.place.right && below.place.left < column.place.right;
-        });
-        if (above != columns.end()) {
-            auto& words = above->cell.words;
-            words.insert(words.end(), below.cell.words.begin(), below.cell.words.end());
-            above->cell.folded += below.cell.folded;
-            above->place = {0, words.size() - 1, std::min(above->place.left, below.place.left),
-                            std::max(above->place.right, below.place.right)};
-        }
-    }
-}
-
-std::vector<TableColumn> columnsOf(const PageRows& page, std::size_t at,
-                                   const std::vector<double>& edges) {
-    std::vector<TableColumn> columns;
-    for (const LabelPlace& cell : cellsOf(page.rows[at])) {
-        for (const LabelPlace& part : partsOf(page, page.rows[at], cell, edges)) {
-            columns.push_back(columnFrom(page.rows[at], part));
-        }
-    }
-    return columns;
-}
 
 bool isNamed(const Row& cell, Figure figure, bool isRecognised) {
     const Wanted& wanted = wantedOf(figure);
@@ -93,20 +20,19 @@ bool isNamed(const Row& cell, Figure figure, bool isRecognised) {
            && !namesAny(cell, wanted.notMeant, isRecognised);
 }
 
-/// What a cell of a heading says its column is.
-std::optional<Figure> figureOf(const Row& cell, bool isRecognised) {
-    using enum Figure;
-    if (cell.words.size() > 8) {
-        return std::nullopt;
-    }
-    // What a debt's column says may be part of what an account's says, and the net part of the
-    // gross.
-    for (const Figure figure : {withholding, debtInterest, netInterest, interest, debt, balance}) {
-        if (isNamed(cell, figure, isRecognised)) {
-            return figure;
-        }
-    }
-    return std::nullopt;
+/// Whether a heading that tells of the tax heads an income: "Ertrag A", "mit VSt".
+bool isIncome(const Row& cell, bool isRecognised) {
+    static const Labels taxes{"con IP", "senza IP", "avec IA", "sans IA"};
+    return !namesAny(cell, {Concept::balance, Concept::debt, Concept::net}, isRecognised)
+           && (namesAny(cell, {Concept::interest, Concept::withholding, Concept::gross},
+                        isRecognised)
+               || isAnyIn(cell.folded, taxes));
+}
+
+/// "35 %", and nothing else.
+bool isTaxRate(const Row& cell) {
+    return !cell.words.empty() && cell.words[0].text.starts_with("35")
+           && std::ranges::none_of(cell.folded, [](char c) { return c >= 'a' && c <= 'z'; });
 }
 
 /// The year a cell speaks of; 0 when of none.
@@ -181,11 +107,15 @@ bool listsLoans(const PageRows& page, std::size_t at, const AccountHeading& head
     static const Labels titles{"Verpflichtung*", "Passiven",    "Kredite",          "Ausleihungen",
                                "Finanzierung*",  "engagement*", "passifs",          "crédits",
                                "passivi",        "impegni",     "crediti ipotecari"};
-    static const Labels repaid{"amortis*",   "Amortisation*", "getilgt*",   "zurückbezahlt*",
-                               "remboursé*", "ammort*",       "rimborsat*", "Tilgung*"};
+    static const Labels repaid{"amortis*",       "Amortisation*", "getilgt*",
+                               "zurückbezahlt*", "remboursé*",    "Abzahlung*",
+                               "ammort*",        "rimborsat*",    "Tilgung*"};
     using enum Figure;
     const bool isOwed = heading.states(debt) || heading.states(debtInterest);
-    if (isOwed && !heading.states(interest) && !heading.states(withholding)) {
+    const bool isEarned =
+        std::ranges::any_of(std::array{interest, taxedInterest, untaxedInterest, withholding},
+                            [&](Figure figure) { return heading.states(figure); });
+    if (isOwed && !isEarned) {
         return true;
     }
     const bool isRepaid = std::ranges::any_of(heading.table.columns, [&](const TableColumn& one) {
@@ -238,65 +168,35 @@ AccountHeading completed(const PageRows& page, std::size_t at, AccountHeading he
     return heading;
 }
 
-/// How far an amount is from a column: less than 1 where they overlap.
-double distanceOf(const RowAmount& amount, const LabelPlace& column) {
-    const double byRight = std::abs(amount.place.right - column.right);
-    const bool overlaps = amount.place.right > column.left && amount.place.left < column.right;
-    return overlaps ? byRight / (byRight + 1) : byRight;
-}
-
 } // namespace
 
-bool namesLastDay(const Row& cell) {
-    const auto& words = cell.words;
-    for (std::size_t i = 0; i < words.size(); ++i) {
-        const auto day = parseDay(words[i].text);
-        if (words[i].folded == "31 12" || (day && day->month() == 12 && day->day() == 31)
-            || (words[i].folded == "31" && i + 1 < words.size()
-                && monthOf(words[i + 1].folded) == 12)) {
-            return true;
+std::optional<Figure> figureOf(const Row& cell, bool isRecognised) {
+    using enum Figure;
+    static const Labels assets{"Aktiven", "Vermögen", "actifs", "attivi", "averi", "assets"};
+    static const Labels debts{"Passiven", "Ausstand", "Ausstände",  "Schulden",
+                              "passifs",  "passivi",  "liabilities"};
+    static const Labels charges{"Aufwand", "Zinsaufwand", "charges d'intérêts", "oneri"};
+    if (cell.words.size() > 8) {
+        return std::nullopt;
+    }
+    if (const auto taxed = taxednessOf(cell); taxed && isIncome(cell, isRecognised)) {
+        return *taxed ? taxedInterest : untaxedInterest;
+    }
+    // What a debt's column says may be part of what an account's says, and the net part of the
+    // gross.
+    for (const Figure figure : {withholding, debtInterest, netInterest, interest, debt, balance}) {
+        if (isNamed(cell, figure, isRecognised)) {
+            return figure;
         }
     }
-    return false;
-}
-
-std::optional<std::size_t> TableHeading::columnOf(const RowAmount& amount,
-                                                  const PageRows& page) const {
-    std::optional<std::size_t> nearest;
-    double least = page.width / 10;
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-        if (const double distance = distanceOf(amount, columns[i].place); distance < least) {
-            least = distance;
-            nearest = i;
-        }
+    if (cell.words.size() > 2) {
+        return std::nullopt;
     }
-    return nearest;
-}
-
-TableHeading tableHeadingIn(const PageRows& page, std::size_t at, bool withNext) {
-    const Row& row = page.rows[at];
-    TableHeading heading{.row = withNext ? at + 1 : at};
-    if (hasFirmAmount(row) || row.words.empty()) {
-        return heading;
-    }
-    if (!withNext) {
-        heading.columns = columnsOf(page, at, edgesBelow(page, at));
-        return heading;
-    }
-    const bool goesOn = at + 1 < page.rows.size() && !hasFirmAmount(page.rows[at + 1])
-                        && page.rows[at + 1].top - row.bottom < row.height()
-                        && !page.rows[at + 1].words.empty();
-    if (!goesOn) {
-        return heading;
-    }
-    const auto edges = edgesBelow(page, at + 1);
-    std::vector<TableColumn> columns = columnsOf(page, at, edges);
-    std::vector<TableColumn> line = columnsOf(page, at + 1, edges);
-    if (columns.size() >= 3 && line.size() >= 2) {
-        addLine(columns, std::move(line));
-        heading.columns = std::move(columns);
-    }
-    return heading;
+    return isAnyIn(cell.folded, assets)    ? std::optional(balance)
+           : isAnyIn(cell.folded, debts)   ? std::optional(debt)
+           : isAnyIn(cell.folded, charges) ? std::optional(debtInterest)
+           : isTaxRate(cell)               ? std::optional(withholding)
+                                           : std::nullopt;
 }
 
 bool AccountHeading::states(Figure figure) const {
@@ -318,26 +218,20 @@ AccountHeading accountHeadingIn(const PageRows& page, std::size_t at) {
 }
 
 Figures figuresByColumn(const PageRows& page, std::size_t at, const AccountHeading& heading) {
+    const auto amounts =
+        heading.table.amountsIn(page, at, [&](const RowAmount& amount, std::size_t column) {
+            const bool isLarge = !amount.amount.isYearLike() && amount.amount.value >= 1000;
+            return heading.figures[column] && (amount.amount.isFirm() || isLarge);
+        });
     Figures figures;
-    std::array<double, figureCount> distances{};
-    distances.fill(page.width);
-    for (const RowAmount& amount : page.rows[at].amounts) {
-        const auto column = heading.table.columnOf(amount, page);
-        const auto figure = column ? heading.figures[*column] : std::nullopt;
-        const bool isLarge = !amount.amount.isYearLike() && amount.amount.value >= 1000;
-        if (!figure || (!amount.amount.isFirm() && !isLarge)) {
-            continue;
-        }
-        const double distance = distanceOf(amount, heading.table.columns[*column].place);
-        const auto index = static_cast<std::size_t>(*figure);
-        if (distance < distances[index]) {
-            figures[index] =
+    for (std::size_t i = 0; i < amounts.size(); ++i) {
+        if (amounts[i] != nullptr) {
+            figures[static_cast<std::size_t>(*heading.figures[i])] =
                 FoundAmount{.page = &page,
                             .row = at,
-                            .amount = amount,
-                            .label = heading.table.columns[*column].words(),
-                            .isAlone = heading.isPlain.empty() || !heading.isPlain[*column]};
-            distances[index] = distance;
+                            .amount = *amounts[i],
+                            .label = heading.table.columns[i].words(),
+                            .isAlone = heading.isPlain.empty() || !heading.isPlain[i]};
         }
     }
     return figures;

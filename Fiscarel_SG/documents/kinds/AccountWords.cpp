@@ -5,7 +5,7 @@ namespace fiscarel {
 using enum Concept;
 
 const Wanted& wantedOf(Figure figure) {
-    static const std::array<Wanted, figureCount> rows{
+    static const std::array<Wanted, labelledFigures> rows{
         Wanted{{"Saldo per 31.12.*",
                 "Saldo am 31.12.*",
                 "Schlusssaldo",
@@ -46,10 +46,12 @@ const Wanted& wantedOf(Figure figure) {
                 "Controvalore*",
                 "Averi al*",
                 "Avoirs au*"},
-               {"Anfangssaldo", "Eröffnungssaldo", "Saldovortrag", "01.01*", "1. Januar",
-                "Durchschnitt*", "Solde initial", "Solde d'ouverture", "Saldo iniziale",
-                "Saldo di apertura", "Vortrag", "Vorjahr", "1er janvier", "Hypothek*", "Darlehen",
-                "Schuld*", "Zins*"},
+               {"Anfangssaldo",   "Eröffnungssaldo",   "Saldovortrag",   "01.01*",
+                "1. Januar",      "Durchschnitt*",     "Solde initial",  "Solde d'ouverture",
+                "Saldo iniziale", "Saldo di apertura", "Vortrag",        "Vorjahr",
+                "1er janvier",    "vor Schliessung",   "vor Saldierung", "vor Aufhebung",
+                "avant*",         "prima della*",      "prima del",      "Hypothek*",
+                "Darlehen",       "Schuld*",           "Zins*"},
                true,
                {{balance, yearly}, {balance}},
                {opening, interest, debt, debtInterest, rate, other, repayment}},
@@ -84,17 +86,26 @@ const Wanted& wantedOf(Figure figure) {
                {net, debtInterest, ofDebt, rate, withholding, other}},
         Wanted{{"Verrechnungssteuer*", "Verr.-Steuer", "Verrechnungsst*", "VST", "Impôt anticipé*",
                 "Imposta preventiva*"},
-               {"Anspruch", "netto"},
+               {"Anspruch", "netto", "nach", "après", "dopo"},
                true,
                {{withholding}},
                {net}},
-        Wanted{{"Nettozins*", "Zins netto", "Intérêt net", "Intérêts nets", "Interessi netti",
+        Wanted{{"Nettozins*", "Zins netto", "Zins nach", "Zinsen nach", "intérêts après",
+                "interessi dopo", "Intérêt net", "Intérêts nets", "Interessi netti",
                 "Interesse netto"},
                {},
                true,
                {{interest, net}},
                {debtInterest, ofDebt, other}},
-        Wanted{{"Restschuld*",
+        Wanted{{"Geschuldeter Saldo*",
+                "Saldo zu unseren Gunsten*",
+                "Offener Saldo*",
+                "Offen am*",
+                "Solde dû*",
+                "Solde en notre faveur*",
+                "Saldo dovuto*",
+                "Saldo a nostro favore*",
+                "Restschuld*",
                 "Hypothekarschuld*",
                 "Schuld per*",
                 "Schuldsaldo*",
@@ -140,7 +151,8 @@ const Wanted& wantedOf(Figure figure) {
                true,
                {{debt, yearly}, {debt, balance}, {debt, amount}, {debt}},
                {opening, interest, debtInterest, rate, other, repayment}},
-        Wanted{{"Bezahlte Schuldzinsen",
+        Wanted{{"Teilzahlungszins*",
+                "Bezahlte Schuldzinsen",
                 "Bezahlte Hypothekarzinsen",
                 "Schuldzins*",
                 "Hypothekarzins*",
@@ -168,9 +180,10 @@ const Wanted& wantedOf(Figure figure) {
                 "ratei", "à échoir"},
                true,
                {{debtInterest, total}, {debtInterest, paid}, {debtInterest}, {interest, ofDebt}},
-               {rate, other}},
+               {rate, other, opening}},
     };
-    return rows[static_cast<std::size_t>(figure)];
+    const auto index = static_cast<std::size_t>(figure);
+    return rows[index < labelledFigures ? index : static_cast<std::size_t>(Figure::interest)];
 }
 
 } // namespace fiscarel

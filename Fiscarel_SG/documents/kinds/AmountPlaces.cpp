@@ -240,8 +240,10 @@ const RowAmount* amountByHeading(const RowRange& range, std::size_t at, const Wa
 /// How new what a heading's words say is: the year they name, the last of all for "new", the first
 /// for what is of another time; absent for other words.
 std::optional<int> newness(const Row& heading, const LabelPlace& cell, bool isRecognised) {
-    static const Labels present{"neu",     "neuer", "neue",  "aktuell*", "nouveau", "nouvelle",
-                                "actuel*", "nuovo", "nuova", "attuale",  "laufend*"};
+    static const Labels present{"neu",       "neuer",    "neue",     "aktuell*",
+                                "nouveau",   "nouvelle", "actuel*",  "nuovo",
+                                "nuova",     "attuale",  "laufend*", "massgebend*",
+                                "ab sofort", "gültig*",  "valable*", "valid*"};
     Row words;
     std::optional<int> year;
     for (std::size_t i = cell.first; i <= cell.last; ++i) {
@@ -252,8 +254,10 @@ std::optional<int> newness(const Row& heading, const LabelPlace& cell, bool isRe
                : number && yearFrom(*number) ? yearFrom(*number)
                                              : year;
     }
-    static const Labels old{"alt",     "alter",      "alte",    "bisher*",   "Vorjahr*",
-                            "ancien*", "précédent*", "vecchio", "precedente"};
+    static const Labels old{"alt",     "alter",      "alte",      "bisher*",    "Vorjahr*",
+                            "ancien*", "précédent*", "vecchio",   "precedente", "letzte*",
+                            "früher*", "vorherig*",  "jusqu'ici", "dernière*",  "finora",
+                            "ultima",  "ultimo",     "previous"};
     return findLabel(words, present, isRecognised) ? std::optional(9999)
            : findLabel(words, old, isRecognised)   ? std::optional(0)
                                                    : year;

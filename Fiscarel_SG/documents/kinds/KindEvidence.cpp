@@ -147,6 +147,50 @@ const Labels& ofLives() {
     return words;
 }
 
+/// Without any of these premiums are those of something else: of a loan, of a building.
+const Labels& ofHealth() {
+    static const Labels words{"*krank*",
+                              "*unfall*",
+                              "*gesundheit*",
+                              "KVG",
+                              "OKP",
+                              "VVG",
+                              "LAMal",
+                              "LCA",
+                              "AOS",
+                              "AOMS",
+                              "UVG",
+                              "OKPG",
+                              "malad*",
+                              "malat*",
+                              "*accident*",
+                              "infortun*",
+                              "*santé*",
+                              "salute",
+                              "health",
+                              "medical",
+                              "*pflege*",
+                              "*heilung*",
+                              "*spital*",
+                              "soins",
+                              "sanitari*",
+                              "*zahn*",
+                              "*arzt*",
+                              "médic*",
+                              "medic*",
+                              "cure",
+                              "franchise",
+                              "Grundversicherung*",
+                              "franchigia",
+                              "*zusatzversicherung*",
+                              "assurance de base",
+                              "assicurazione di base",
+                              "obligatorische*",
+                              "obligatoire*",
+                              "obbligatori*"};
+    return words;
+}
+
 /// Whether the head of a document is a pension fund's, and not that of the form which serves wages
 /// and pensions.
 bool isOfPensionFund(const std::string& title) {
@@ -347,6 +391,9 @@ void weighWhole(const DocumentRows& document, const std::string& title, bool isW
     if (!isAnyIn(document.folded, provision())) { // one buys in shops as well
         scores[Kind::pensionskasse] = 0;
     }
+    if (!isAnyIn(document.folded, ofHealth())) {
+        scores[Kind::krankenkasse] /= 2;
+    }
     if (!isAnyIn(document.folded, ofLives())) {
         scores[Kind::versicherung] = 0;
     }
@@ -416,6 +463,9 @@ KindVerdict weighKind(const DocumentRows& document, bool isWageProven) {
             second = std::max(second, score);
         }
     }
+    if (isAnyIn(document.folded, denials())) {
+        return {.kind = Kind::anderes, .isClear = true};
+    }
     if (const int against = exclusionWeight(title, document.folded);
         against >= decisive && against + 6 > best - (isWageProven ? provenWage : 0)) {
         return {.kind = Kind::anderes, .isClear = true};
@@ -458,6 +508,10 @@ bool isPensionPaper(const DocumentRows& document) {
                               "Certificato di rendita",
                               "rendite versate"};
     return isAnyIn(titleWords(document), names);
+}
+
+bool isPropertyAccount(const DocumentRows& document) {
+    return isAnyIn(titleWords(document), propertyAccounts());
 }
 
 bool isRepairBill(const DocumentRows& document) {

@@ -22,6 +22,9 @@ KindVerdict weighKind(const DocumentRows& document, bool isWageProven);
 /// The folded words of the first page's upper part: sender, addressee, title.
 std::string titleWords(const DocumentRows& document);
 
+/// Whether the head of a document is that of accounts on rents and upkeep.
+bool isPropertyAccount(const DocumentRows& document);
+
 /// Whether a document certifies pensions that were paid.
 bool isPensionPaper(const DocumentRows& document);
 

@@ -38,6 +38,8 @@ bool isAccidentCover(const DocumentRows& document);
 bool isAnnuity(const DocumentRows& document);
 /// Accounts with their balance and interest, and loans.
 void proposeAccounts(const KindContext& context, ProposalDraft& draft);
+/// Whether a document has a table of accounts by their numbers, whatever it is called.
+bool listsAccounts(const DocumentRows& document);
 /// Bills and receipts: medical costs, day care, courses, donations, repairs.
 void proposeBill(const KindContext& context, ProposalDraft& draft);
 

@@ -25,6 +25,9 @@ const Labels& careProviders();
 /// What bills of homes speak of, where people live and are cared for.
 const Labels& homesOfCare();
 
+/// What accounts of managers of buildings are called, or speak of.
+const Labels& propertyAccounts();
+
 /// Those of bills, donations, day care, courses, policies and valuations among them.
 const std::vector<KindWords>& kindWordsOfBills();
 
@@ -36,7 +39,11 @@ struct KindExclusion {
 };
 
 /// Annexes on employee shares, tax returns, assessments and tax bills, payslips, offers, insurances
-/// of things, what benefits are computed from or change to, shop receipts.
+/// of things, what benefits are computed from or change to, shop receipts, plans for years to come,
+/// orders at an exchange, invitations, reminders of loans, leases.
 const std::vector<KindExclusion>& kindExclusions();
+
+/// By what a paper says itself that it certifies nothing.
+const Labels& denials();
 
 } // namespace fiscarel

@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/Property.h"
 
 #include "Fiscarel_SG/documents/kinds/PageRuns.h"
+#include "Fiscarel_SG/documents/kinds/TableHeading.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
 
@@ -155,6 +156,31 @@ void splitTables(const DocumentRows& document, std::vector<DocumentRows>& parts)
     }
 }
 
+/// Parcels beside each other, their numbers in one row, what their values are left of all.
+void splitColumns(const DocumentRows& document, std::vector<DocumentRows>& parts) {
+    constexpr std::size_t above = 3; // rows of a table before that of the numbers
+    for (const PageRows& page : document.pages) {
+        for (std::size_t at = 0; at < page.rows.size() && page.number != 0; ++at) {
+            const Row& row = page.rows[at];
+            const auto label = findLabel(row, parcelLabels(), page.isRecognised);
+            std::vector<LabelPlace> numbers;
+            for (const LabelPlace& cell : cellsOf(row)) {
+                if (label && label->first == 0 && cell.first == cell.last && cell.first > 0
+                    && isParcelNumber(row.words[cell.first].text)) {
+                    numbers.push_back(cell);
+                }
+            }
+            if (numbers.size() < 2) {
+                continue;
+            }
+            for (PageRows& part : columnsAsPages(page, at > above ? at - above : 0, numbers)) {
+                parts.push_back(documentOf(document, std::move(part)));
+            }
+            return;
+        }
+    }
+}
+
 /// The rows from the number of each parcel to that of the next.
 void splitBlocks(const DocumentRows& document, std::vector<DocumentRows>& parts) {
     for (const PageRows& page : document.pages) {
@@ -220,7 +246,7 @@ void nameProperty(const DocumentRows& document, int record, ProposalDraft& draft
 }
 
 std::vector<DocumentRows> parcelsOf(const DocumentRows& document) {
-    for (const auto split : {splitTables, splitBlocks}) {
+    for (const auto split : {splitColumns, splitTables, splitBlocks}) {
         std::vector<DocumentRows> parts;
         split(document, parts);
         if (parts.size() >= 2) {

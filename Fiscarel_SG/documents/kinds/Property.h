@@ -10,8 +10,12 @@ namespace fiscarel {
 /// Municipality, parcel and description of a property, as far as a document names them.
 void nameProperty(const DocumentRows& document, int record, ProposalDraft& draft);
 
-/// What a document tells of each of several parcels, as a document of its own: the rows of a table,
-/// or from the number of one to that of the next. Empty when there are not several.
+/// What a manager or an owners' association accounts for: rents that came in and upkeep that may be
+/// deducted. Sure is what the amounts above in its column add up to. False when nothing is found.
+bool proposeManagement(const KindContext& context, ProposalDraft& draft);
+
+/// What a document tells of each of several parcels, as a document of its own: the columns or rows
+/// of a table, or from the number of one to that of the next. Empty when there are not several.
 std::vector<DocumentRows> parcelsOf(const DocumentRows& document);
 
 /// Makes what was proposed of several parcels, from that proposal on, sure where the values add up

@@ -4,6 +4,8 @@
 #include "Fiscarel_SG/documents/kinds/RowSums.h"
 
 #include <algorithm>
+#include <array>
+#include <string_view>
 #include <utility>
 
 namespace fiscarel {
@@ -30,6 +32,11 @@ bool endsSentence(const Row& row, std::size_t at) {
     }
     if (at + 1 < row.words.size() && row.words[at + 1].text.starts_with("Fr")) {
         return false;
+    }
+    static constexpr std::array subjects{"er", "il", "elle", "esso", "essa"};
+    if (at + 1 < row.words.size()
+        && std::ranges::find(subjects, row.words[at + 1].folded) != subjects.end()) {
+        return false; // goes on about what the one before spoke of
     }
     const bool isNumber = !isLetter(text.front()) && text.size() <= 3;
     const bool isShort = text.size() <= 4 && isLetter(text.front());
@@ -142,8 +149,36 @@ std::vector<Row> ownWords(const Sentence& sentence, std::size_t which) {
     return words;
 }
 
-/// The amount that counts of a sentence: not the price of one where it says what several come to.
+/// The last word before an amount that is no currency; empty when none stands there.
+std::string_view wordBefore(const Sentence& sentence, std::size_t which) {
+    std::size_t at = sentence.starts[which];
+    while (at > 0 && isFrancs(sentence.row.words[at - 1].text)) {
+        --at;
+    }
+    return at == 0 ? std::string_view() : std::string_view(sentence.row.words[at - 1].folded);
+}
+
+/// Whether an amount became the next one: "von 15'000 auf 16'200".
+bool isChanged(const Sentence& sentence, std::size_t which) {
+    static constexpr std::array<std::string_view, 4> from{"von", "de", "da", "from"};
+    static constexpr std::array<std::string_view, 4> to{"auf", "a", "ad", "to"};
+    if (which + 1 >= sentence.amounts.size()) {
+        return false;
+    }
+    std::size_t between = 0;
+    for (std::size_t i = sentence.ends[which] + 1; i < sentence.starts[which + 1]; ++i) {
+        between += isFrancs(sentence.row.words[i].text) ? 0U : 1U;
+    }
+    return between == 1 && std::ranges::find(from, wordBefore(sentence, which)) != from.end()
+           && std::ranges::find(to, wordBefore(sentence, which + 1)) != to.end();
+}
+
+/// The amount that counts of a sentence: not the price of one where it says what several come to,
+/// and not what it was before.
 std::size_t wholeOf(const Sentence& sentence, std::size_t which) {
+    if (isChanged(sentence, which)) {
+        return which + 1;
+    }
     std::vector<Decimal> values;
     for (const FoundAmount& amount : sentence.amounts) {
         values.push_back(amount.value());

@@ -23,7 +23,9 @@ Role roleOf(const Row& row, const LabelPlace& cell) {
             return amount.first <= i && i <= amount.last && amount.amount.isFirm();
         });
         hasAmount |= isAmount;
-        hasOther |= !isAmount && !isFrancs(row.words[i].text) && !isSign(row.words[i]);
+        const std::string& text = row.words[i].text;
+        hasOther |=
+            !isAmount && !isFrancs(text) && !isForeignCurrency(text) && !isSign(row.words[i]);
     }
     return hasOther ? Role::text : hasAmount ? Role::amount : Role::currency;
 }

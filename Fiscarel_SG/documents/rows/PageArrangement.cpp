@@ -1,12 +1,14 @@
 #include "Fiscarel_SG/documents/rows/PageArrangement.h"
 
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
+#include "Fiscarel_SG/documents/rows/GridEdges.h"
 #include "Fiscarel_SG/documents/rows/PageMending.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <iterator>
+#include <numeric>
 #include <optional>
 
 namespace fiscarel {
@@ -16,8 +18,7 @@ namespace {
 using Cells = std::vector<LabelPlace>;
 using Words = std::vector<RowWord>;
 
-constexpr double aligned = 4; ///< points that edges of one column may differ by
-constexpr double blank = 4;   ///< points between words laid out anew
+constexpr double blank = 4; ///< points between words laid out anew
 
 void append(Words& words, const Words& more) {
     words.insert(words.end(), more.begin(), more.end());
@@ -32,93 +33,9 @@ double gapBetween(const Row& above, const Row& below, bool isRecognised) {
     return height <= 0 ? 0 : isRecognised ? gap / height / tightness : gap / height;
 }
 
-/// Whether a cell is a bare number, maybe with its unit: a value where labels stand beside it.
-bool isNumber(const Row& row, const LabelPlace& cell) {
-    return lettersIn(row, cell) < 3 && std::ranges::any_of(row.words[cell.first].text, [](char c) {
-               return c >= '0' && c <= '9';
-           });
-}
-
-/// Left edges of the second label and further ones of a row of pairs "label amount label amount",
-/// or of bare numbers; empty for other rows.
-std::vector<double> pairEdges(const Row& row, bool areBare = false) {
-    std::vector<double> edges;
-    bool isAfterAmount = false;
-    bool hasLabel = false;
-    for (const LabelPlace& cell : cellsOf(row)) {
-        const Role role = areBare && isNumber(row, cell) ? Role::amount : roleOf(row, cell);
-        if (role == Role::text) {
-            if ((hasLabel && !isAfterAmount) || lettersIn(row, cell) < 4) {
-                return {};
-            }
-            if (isAfterAmount) {
-                edges.push_back(cell.left);
-            }
-            hasLabel = true;
-            isAfterAmount = false;
-        } else if (role == Role::amount) {
-            if (isAfterAmount || !hasLabel) {
-                return {};
-            }
-            isAfterAmount = true;
-        }
-    }
-    return isAfterAmount ? edges : std::vector<double>();
-}
-
-/// Whether a row may be cut at edges: a cell begins at one of them, and none goes across.
-bool fitsEdges(const Row& row, const std::vector<double>& edges) {
-    bool begins = false;
-    for (const LabelPlace& cell : cellsOf(row)) {
-        for (const double edge : edges) {
-            begins |= std::abs(cell.left - edge) <= aligned;
-            if (cell.left < edge - aligned && cell.right > edge - 1) {
-                return false;
-            }
-        }
-    }
-    return begins;
-}
-
 /// Whether all of a row stands left of the second column.
 bool isLeftOf(const Row& row, const std::vector<double>& edges) {
     return !row.words.empty() && row.words.back().place.right < edges.front() - aligned;
-}
-
-/// Rows above each other, the lower one with amounts, that make a grid of labels and values: index
-/// of the label's cell for each cell of the values.
-std::optional<std::vector<std::size_t>> gridColumns(const Row& labels, const Row& values) {
-    const Cells heads = cellsOf(labels);
-    const Cells cells = cellsOf(values);
-    std::vector<std::size_t> columns;
-    bool hasText = false;
-    bool isLeft = true;
-    for (const LabelPlace& cell : cells) {
-        const auto under = [&](const LabelPlace& head) {
-            return cell.left < head.right && head.left < cell.right;
-        };
-        const auto head = std::ranges::find_if(heads, under);
-        if (head == heads.end() || std::any_of(std::next(head), heads.end(), [&](const auto& one) {
-                return under(one);
-            })) {
-            return std::nullopt;
-        }
-        const auto index = static_cast<std::size_t>(head - heads.begin());
-        if (!columns.empty() && columns.back() >= index) {
-            return std::nullopt;
-        }
-        columns.push_back(index);
-        const Role role = roleOf(values, cell);
-        const char start = values.words[cell.first].text.front();
-        const bool isLabel = role == Role::text && cells.size() > 1 && start >= 'a' && start <= 'z';
-        if (isLabel || (role == Role::text && hasFirmAmount(values, cell))) {
-            return std::nullopt; // a sentence, or labels before their values
-        }
-        hasText |= role == Role::text;
-        isLeft &= std::abs(cell.left - head->left) <= aligned;
-    }
-    // Amounts that stand to the right under their heading, after a name, are a table's.
-    return columns.empty() || (hasText && !isLeft) ? std::nullopt : std::optional(columns);
 }
 
 class Arrangement {
@@ -136,7 +53,8 @@ class Arrangement {
     PageRows run() && {
         const auto& rows = page_.rows;
         for (std::size_t at = 0; at < rows.size();) {
-            const std::size_t taken = takePairs(at)      ? end_ - at
+            const std::size_t taken = takeCards(at)      ? end_ - at
+                                      : takePairs(at)    ? end_ - at
                                       : takeGrid(at)     ? 2
                                       : takeCaptions(at) ? 2
                                       : takeSplit(at)    ? 2
@@ -222,6 +140,13 @@ class Arrangement {
                 break;
             }
         }
+        keepColumns(at, edges);
+        return true;
+    }
+
+    /// The rows up to `end_` cut at edges, one column below the other.
+    void keepColumns(std::size_t at, const std::vector<double>& edges) {
+        const auto& rows = page_.rows;
         const double height = rows[end_ - 1].bottom - rows[at].top + rows[at].height();
         for (std::size_t column = 0; column <= edges.size(); ++column) {
             for (std::size_t i = at; i < end_; ++i) {
@@ -229,6 +154,25 @@ class Arrangement {
             }
             shift_ += column < edges.size() ? height : 0;
         }
+    }
+
+    /// Cards beside each other, each with a head and lines of its own.
+    bool takeCards(std::size_t at) {
+        const auto& rows = page_.rows;
+        const std::vector<double> edges = cardEdges(rows[at]);
+        if (edges.empty() || at + 1 >= rows.size() || !hasOnlyNumbers(rows[at + 1])) {
+            return false;
+        }
+        end_ = at + 1;
+        while (end_ < rows.size() && gap(end_ - 1) < 3 && fitsEdges(rows[end_], edges)) {
+            ++end_;
+        }
+        for (std::size_t column = 0; column <= edges.size(); ++column) {
+            if (!isCard(at, edges, column)) {
+                return false;
+            }
+        }
+        keepColumns(at, edges);
         return true;
     }
 
@@ -254,6 +198,53 @@ class Arrangement {
         return {};
     }
 
+    /// Whether each cell of a row is the number of an account or a contract, as below its name.
+    static bool hasOnlyNumbers(const Row& row) {
+        const Cells cells = cellsOf(row);
+        return cells.size() >= 2 && !hasFirmAmount(row)
+               && std::ranges::all_of(cells, [&](const LabelPlace& cell) {
+                      const std::string text = textBetween(row, cell.first, cell.last);
+                      const auto digits =
+                          std::ranges::count_if(text, [](char c) { return c >= '0' && c <= '9'; });
+                      return digits >= 5 && lettersIn(row, cell) <= 4;
+                  });
+    }
+
+    /// Left edges of the second and further heads of cards; empty for other rows.
+    static std::vector<double> cardEdges(const Row& row) {
+        std::vector<double> edges;
+        const Cells cells = cellsOf(row);
+        if (cells.size() < 2 || hasFirmAmount(row) || !hasOnlyLabels(row)) {
+            return edges;
+        }
+        std::transform(std::next(cells.begin()), cells.end(), std::back_inserter(edges),
+                       [](const LabelPlace& cell) { return cell.left; });
+        return edges;
+    }
+
+    /// Whether a column has lines of text below its head, and amounts: those of a table have only
+    /// either.
+    bool isCard(std::size_t at, const std::vector<double>& edges, std::size_t column) const {
+        const double left = column == 0 ? cellsOf(page_.rows[at]).front().left : edges[column - 1];
+        const double right = column < edges.size() ? edges[column] - aligned : page_.width;
+        std::size_t lines = 0;
+        std::size_t amounts = 0;
+        for (std::size_t i = at + 1; i < end_; ++i) {
+            const Row& row = page_.rows[i];
+            for (const LabelPlace& cell : cellsOf(row)) {
+                if (cell.left < left - aligned || cell.left >= right) {
+                    continue;
+                }
+                const bool isFirst = std::abs(cell.left - left) <= aligned;
+                const Role role = roleOf(row, cell);
+                const bool isLine = isFirst && role == Role::text && lettersIn(row, cell) >= 3;
+                lines += isLine ? 1U : 0U;
+                amounts += role == Role::amount ? 1U : 0U;
+            }
+        }
+        return lines >= 2 && amounts >= 1;
+    }
+
     void keepColumn(const Row& row, const std::vector<double>& edges, std::size_t column) {
         Words words;
         for (const RowWord& word : row.words) {
@@ -273,6 +264,15 @@ class Arrangement {
     /// Labels in one row, their values in the next.
     bool takeGrid(std::size_t at) {
         const auto& rows = page_.rows;
+        const bool mayBeBoxes = at + 1 < rows.size() && !hasFirmAmount(rows[at]) && gap(at) < 4
+                                && (at == 0 || !hasOnlyAmounts(rows[at - 1]) || gap(at - 1) > 0.7);
+        if (mayBeBoxes && isGridOfBoxes(rows[at], rows[at + 1]) && !isCaptionBelow(at)
+            && !hasMoreRows(at)) {
+            std::vector<std::size_t> inOrder(cellsOf(rows[at]).size());
+            std::iota(inOrder.begin(), inOrder.end(), std::size_t{0});
+            composeGrid(rows[at], rows[at + 1], inOrder);
+            return true;
+        }
         if (at + 1 >= rows.size() || hasFirmAmount(rows[at]) || !hasFirmAmount(rows[at + 1])
             || gap(at) > 1.6) {
             return false;
@@ -290,15 +290,16 @@ class Arrangement {
     /// Amounts in one row, what they are in the next.
     bool takeCaptions(std::size_t at) {
         const auto& rows = page_.rows;
-        if (at + 1 >= rows.size() || !hasOnlyAmounts(rows[at]) || gap(at) > 1.2
+        if (at + 1 >= rows.size() || !hasOnlyValues(rows[at]) || gap(at) > 1.2
             || hasAmountCell(rows[at + 1])) {
             return false;
         }
         const auto columns = gridColumns(rows[at + 1], rows[at]);
         // Nearer than what stands above, or that is no row of labels for these amounts.
-        const bool isNearer = at == 0 || gap(at) < 0.7 * gap(at - 1)
-                              || (columns && columns->size() >= 2 && gap(at) < 1
-                                  && cellsOf(rows[at - 1]).size() == 1);
+        const bool isNearer =
+            at == 0 || gap(at) < 0.7 * gap(at - 1)
+            || (columns && columns->size() >= 2 && gap(at) < 1
+                && (cellsOf(rows[at - 1]).size() == 1 || !gridColumns(rows[at - 1], rows[at])));
         if (!isNearer || !columns || !hasOnlyLabels(rows[at + 1])) {
             return false;
         }

@@ -93,6 +93,7 @@ std::string_view withoutEndingMark(std::string_view text, bool isRecognised) {
 
 /// Digits before a blank within an amount. Recognition may lose the blank before ("1839 000").
 bool isHeadOfAmount(std::string_view head, bool isRecognised) {
+    head.remove_prefix(head.starts_with('(') ? 1 : 0);
     if (const auto [code, length] = firstLetter(head); isDash(code)) {
         head.remove_prefix(length);
     }
@@ -128,6 +129,9 @@ std::string joinedAmount(const Row& row, std::size_t first, std::size_t last, bo
     for (std::size_t i = first; i <= last; ++i) {
         std::string part(i < last ? withoutEndingMark(row.words[i].text, isRecognised)
                                   : std::string_view(row.words[i].text));
+        if (i < last && part.starts_with('(')) {
+            part.erase(0, 1);
+        }
         if (i < last && part.size() == 4 && hasOnlyDigits(part)) {
             part.insert(1, "'");
             isMended = true;

@@ -66,7 +66,9 @@ enum class Concept {
     tax,        ///< what a parish or commune raises
     membership, ///< what buys something: fees of members, tickets, things
     freePillar, ///< 3b
-    last,       ///< number of concepts
+    rent,
+    upkeep, ///< of a building
+    last,   ///< number of concepts
 };
 
 /// A label as what it means: all of these in one row or clause, in any order. The first is what the

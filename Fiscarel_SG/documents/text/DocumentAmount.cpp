@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <set>
 
 namespace fiscarel {
 
@@ -148,6 +149,21 @@ bool isFrancs(std::string_view word) {
     return (takeCurrency(rest) && rest.find_first_not_of(".:;") == std::string_view::npos)
            || std::ranges::find(misread, word) != misread.end() || word == "Franken"
            || word == "francs" || word == "franchi";
+}
+
+bool isForeignCurrency(std::string_view word) {
+    static const std::set<std::string_view> codes{
+        "EUR", "USD", "GBP", "JPY", "CAD", "AUD", "NZD", "SEK", "NOK", "DKK", "PLN", "CZK",
+        "HUF", "CNY", "HKD", "SGD", "ZAR", "TRY", "THB", "€",   "$",   "£",   "US$", "Euro"};
+    while (!word.empty()
+           && std::string_view("()[],:").find(word.front()) != std::string_view::npos) {
+        word.remove_prefix(1);
+    }
+    while (!word.empty()
+           && std::string_view("()[],:").find(word.back()) != std::string_view::npos) {
+        word.remove_suffix(1);
+    }
+    return codes.contains(word);
 }
 
 std::optional<PrintedAmount> parseAmount(std::string_view text, bool isRecognised) {

@@ -34,6 +34,8 @@ std::optional<PrintedAmount> parseAmount(std::string_view text, bool isRecognise
 
 /// Whether a word is a currency's name or sign for francs: CHF, Fr., SFr., Franken.
 bool isFrancs(std::string_view word);
+/// Whether a word is a code, a sign or the name of another currency, maybe in brackets.
+bool isForeignCurrency(std::string_view word);
 
 /// A day as printed: 31.12.2024, 31.12.24, 2024-12-31, 31/12/2024; a mark after it is allowed.
 std::optional<taxcore::Date> parseDay(std::string_view text);

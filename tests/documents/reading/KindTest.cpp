@@ -173,6 +173,56 @@ TEST(KindMappers, offerNothingFromAnEmptyCell) {
     }
 }
 
+TEST(KindMappers, offerNothingFromPapersThatCertifyNothing) {
+    const std::vector<std::vector<Line>> papers{
+        {{"Muster Bank AG"},
+         {"Zahlungsplan 2025"},
+         {"Hypothek 12.345, Zins 31.03.2025", "1’350.00"},
+         {"Schuld per 31.12.2025", "400’000.00"}},
+        {{"Muster Bank AG"},
+         {"Kontoauszug, Saldobestätigung per 30. Juni 2024"},
+         {"Saldo am 30.06.2024", "37’560.05"},
+         {"Dies ist kein Steuerausweis."}},
+        {{"Muster Kredit AG"},
+         {"2. Mahnung zu Ihrer Kreditrate"},
+         {"Restschuld Ihres Kredits", "12’160.95"},
+         {"Verzugszins", "21.75"}},
+        {{"Muster Finanz AG"},
+         {"Leasing: Jahresübersicht 2024"},
+         {"Leasingraten, darin Zins", "450.60"},
+         {"Restwert per 31.12.2024", "23’421.40"}},
+    };
+    for (const auto& lines : papers) {
+        DrawnPage page;
+        for (const Line& line : lines) {
+            page.line(line.label, line.amount);
+        }
+        const ScanResult result = page.proposed();
+        EXPECT_EQ(result.proposedKind, Kind::anderes) << lines[1].label;
+        EXPECT_TRUE(result.proposals.empty()) << lines[1].label;
+    }
+}
+
+TEST(KindMappers, readAccountsOfManagers) {
+    DrawnPage page;
+    page.line("Hausverwaltung Muster AG").line("Mietzinsabrechnung 2024, Hafengasse 12");
+    const std::vector<std::vector<const char*>> rows{
+        {"Wohnung", "Mietzins netto", "Nebenkosten", "Einnahmen"},
+        {"EG links", "26’880.00", "2’040.00", "28’920.00"},
+        {"EG rechts", "15’720.00", "2’760.00", "18’480.00"},
+        {"Eingegangene Mieten", "42’600.00", "4’800.00", "47’400.00"}};
+    double y = 140;
+    for (const auto& row : rows) {
+        page.text(60, y, row[0]).right(300, y, row[1]).right(420, y, row[2]).right(540, y, row[3]);
+        y += 16;
+    }
+    page.text(60, y, "Liegenschaftsunterhalt, abziehbar").right(540, y, "5’008.00");
+    const ScanResult result = page.proposed();
+    EXPECT_EQ(result.proposedKind, Kind::liegenschaft);
+    EXPECT_EQ(valueOf(result, "rentalIncome"), "42600");
+    EXPECT_EQ(valueOf(result, "actualMaintenanceCosts"), "5008");
+}
+
 TEST(KindMappers, aTextWithoutPlacesIsTrustedLess) {
     DocumentReading reading{.text = "Krankenkasse Muster\nPrämienübersicht 2024\n"
                                     "Total Prämien    5’674.80\n"};

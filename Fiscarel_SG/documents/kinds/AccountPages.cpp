@@ -1,0 +1,117 @@
+#include "Fiscarel_SG/documents/kinds/AccountPages.h"
+
+#include "Fiscarel_SG/documents/rows/CellRoles.h"
+#include "TaxCore/base/Iban.h"
+
+#include <algorithm>
+
+namespace fiscarel {
+
+namespace {
+
+/// Whether words may be an account number, of this country or Liechtenstein also a misread one;
+/// "al 31 dicembre 2024" is as long as one.
+bool mayBeIban(const std::string& joined) {
+    if (!taxcore::looksLikeIban(joined)) {
+        return false;
+    }
+    const auto fault = taxcore::ibanFault(joined);
+    const bool isOwn = joined.starts_with("CH") || joined.starts_with("LI");
+    return !fault || (isOwn && fault == taxcore::IbanFault::checkDigits);
+}
+
+/// Whether the word before an amount names a foreign currency, or the one behind it where none
+/// does before.
+bool isForeign(const Row& row, const RowAmount& amount) {
+    if (amount.first > 0) {
+        const std::string& before = row.words[amount.first - 1].text;
+        if (isFrancs(before) || isForeignCurrency(before)) {
+            return isForeignCurrency(before);
+        }
+    }
+    return amount.last + 1 < row.words.size() && isForeignCurrency(row.words[amount.last + 1].text);
+}
+
+/// Whether a row names the last day of a year before the document's, and none of its own.
+bool isPast(const Row& row, std::optional<int> year) {
+    bool isPast = false;
+    for (std::size_t i = 0; i < row.words.size(); ++i) {
+        auto day = parseDay(row.words[i].text);
+        if (!day && i + 2 < row.words.size()) {
+            day = parseDay(row.words[i].text, row.words[i + 1].text, row.words[i + 2].text);
+        }
+        if (day && year && day->year() >= *year) {
+            return false;
+        }
+        isPast |= day && year && day->month() == 12 && day->day() == 31;
+    }
+    return isPast;
+}
+
+/// Whether an amount is told as a limit, or as what was agreed on or is to be paid at least: one of
+/// the four words before it says so.
+bool isAgreed(const Row& row, const RowAmount& amount) {
+    static const Labels agreed{"*limite*",         "*Limit",           "Kreditrahmen*",
+                               "ursprünglich*",    "Plafond*",         "*mindestzahlung*",
+                               "paiement minimum", "initial*",         "originario",
+                               "iniziale",         "pagamento minimo", "credit limit"};
+    std::string before;
+    for (std::size_t i = amount.first > 4 ? amount.first - 4 : 0; i < amount.first; ++i) {
+        before += row.words[i].folded + ' ';
+    }
+    return isAnyIn(before, agreed);
+}
+
+/// Whether a row states another currency in a cell of its own, and francs in none.
+bool isRowForeign(const Row& row) {
+    bool isForeign = false;
+    for (const LabelPlace& cell : cellsOf(row)) {
+        const bool isOne = cell.first == cell.last;
+        if (isOne && isFrancs(row.words[cell.first].text)) {
+            return false;
+        }
+        isForeign |= isOne && isForeignCurrency(row.words[cell.first].text);
+    }
+    return isForeign;
+}
+
+} // namespace
+
+std::optional<AccountNumber> ibanIn(const Row& row, std::size_t at) {
+    for (std::size_t first = 0; first < row.words.size(); ++first) {
+        std::string joined;
+        for (std::size_t last = first; last < std::min(first + 8, row.words.size()); ++last) {
+            joined += row.words[last].text;
+            while (!joined.empty() && (joined.back() == ',' || joined.back() == ')')) {
+                joined.pop_back();
+            }
+            if (joined.size() > 34) {
+                break;
+            }
+            if (mayBeIban(joined)) {
+                return AccountNumber{taxcore::compactIban(joined), at, first, last};
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+bool isContactLine(const PageRows& page, const Row& row) {
+    static const Labels contacts{"MWST*", "UID", "Tel", "Telefon", "TVA", "IVA", "BIC"};
+    return page.number != 0 && row.middle() > page.height * 0.93 && isAnyIn(row.folded, contacts);
+}
+
+PageRows withoutOthers(PageRows page, std::optional<int> year) {
+    // Without its amounts the words of a row would head those of the next one.
+    std::erase_if(page.rows,
+                  [&](const Row& row) { return hasFirmAmount(row) && isPast(row, year); });
+    for (Row& row : page.rows) {
+        const bool isOther = isRowForeign(row);
+        std::erase_if(row.amounts, [&](const RowAmount& amount) {
+            return isOther || isForeign(row, amount) || isAgreed(row, amount);
+        });
+    }
+    return page;
+}
+
+} // namespace fiscarel

@@ -1,0 +1,147 @@
+#include "Fiscarel_SG/documents/kinds/AmountFinder.h"
+#include "Fiscarel_SG/documents/kinds/Property.h"
+#include "Fiscarel_SG/documents/kinds/RecordsByKind.h"
+#include "Fiscarel_SG/documents/kinds/TableHeading.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace fiscarel {
+
+using Confidence = Proposal::Confidence;
+
+namespace {
+
+using Record = ProposedRecord::Kind;
+using enum Concept;
+
+/// What tenants paid, without what they pay towards heating and the like.
+const Wanted& rents() {
+    static const Wanted wanted{
+        {},
+        {"Nebenkosten*", "NK",         "akonto",    "Akonto*",      "acompte*",
+         "acconti",      "acconto",    "Garantie*", "Kaution*",     "*depot",
+         "dépôt",        "deposito",   "garanzia",  "cauzione",     "impayé*",
+         "ausstehend*",  "Rückstand*", "Leerstand", "arretrat*",    "Vorjahr*",
+         "brutto*",      "bruts",      "lordi",     "Mieterschaft", "locataire"},
+        true,
+        {{rent, net}, {rent, paid}, {rent, total}, {rent, yearly}, {rent}},
+        {other, rentalValue, upkeep}};
+    return wanted;
+}
+
+/// Upkeep that a paper says may be deducted.
+const Wanted& deductibleUpkeep() {
+    static const Wanted wanted{
+        {},
+        {"nicht", "non", "wertvermehrend*", "plus-value", "Vorjahr*", "Eigenmietwert*"},
+        true,
+        {{upkeep, deductible}, {deductible}},
+        {other, rentalValue}};
+    return wanted;
+}
+
+/// Upkeep, where nothing is said of deducting.
+const Wanted& plainUpkeep() {
+    static const Wanted wanted{{},
+                               {"nicht", "non", "wertvermehrend*", "plus-value", "Vorjahr*"},
+                               true,
+                               {{upkeep, total}, {upkeep}},
+                               {other, rentalValue, rent}};
+    return wanted;
+}
+
+bool heads(const Row& cell, const Wanted& wanted, bool isRecognised) {
+    return !findLabel(cell, wanted.without, isRecognised)
+           && !namesAny(cell, wanted.notMeant, isRecognised)
+           && std::ranges::any_of(wanted.meanings, [&](const Meaning& meaning) {
+                  return findMeaning(cell, meaning, isRecognised).has_value();
+              });
+}
+
+/// The row that the amounts of a column above it add up to.
+std::optional<FoundAmount> totalOf(const PageRows& page, const TableHeading& heading,
+                                   std::size_t column) {
+    Decimal sum;
+    std::size_t count = 0;
+    for (std::size_t at = heading.row + 1; at < page.rows.size(); ++at) {
+        const auto amounts = heading.amountsIn(
+            page, at, [](const RowAmount& amount, std::size_t) { return amount.amount.isFirm(); });
+        if (amounts[column] == nullptr) {
+            continue;
+        }
+        const Decimal& value = amounts[column]->amount.value;
+        if (count >= 2 && value == sum) {
+            return FoundAmount{.page = &page,
+                               .row = at,
+                               .amount = *amounts[column],
+                               .label = heading.columns[column].words()};
+        }
+        sum = sum + value;
+        ++count;
+    }
+    return std::nullopt;
+}
+
+std::optional<FoundAmount> columnTotal(const DocumentRows& document, const Wanted& wanted) {
+    for (const PageRows& page : document.pages) {
+        for (std::size_t at = 0; at < page.rows.size() && page.number != 0; ++at) {
+            const TableHeading heading = tableHeadingIn(page, at, false);
+            for (std::size_t i = 0; i < heading.columns.size() && heading.columns.size() > 2; ++i) {
+                if (heads(heading.columns[i].cell, wanted, page.isRecognised)) {
+                    if (auto total = totalOf(page, heading, i)) {
+                        return total;
+                    }
+                }
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+/// The amount of a column's total, else the one beside words; absent when several differ.
+std::optional<FoundAmount> findOne(const DocumentRows& document, const Wanted& wanted) {
+    if (auto total = columnTotal(document, wanted)) {
+        return total;
+    }
+    auto found = findAmounts(wholeDocument(document), wanted, Digits::firm);
+    const bool isOne = std::ranges::all_of(
+        found, [&](const FoundAmount& one) { return one.value() == found.front().value(); });
+    return found.empty() || !isOne ? std::nullopt : std::optional(std::move(found.front()));
+}
+
+void proposeAmount(const KindContext& context, const FoundAmount& found, const char* field,
+                   const Wanted& wanted, RecordsByKind& records, ProposalDraft& draft) {
+    std::vector<ProposalCheck> checks;
+    if (auto check = columnCheck(found)) {
+        checks.push_back(std::move(*check));
+    }
+    Evidence evidence = evidenceOf(found, wanted, context.isKindClear, std::move(checks));
+    draft.add(records.of(Record::realEstate, found.page->number), field, found.value().abs(),
+              std::move(evidence));
+}
+
+} // namespace
+
+bool proposeManagement(const KindContext& context, ProposalDraft& draft) {
+    const DocumentRows& document = context.document;
+    const auto rent = findOne(document, rents());
+    auto cost = findOne(document, deductibleUpkeep());
+    const Wanted& wanted = cost ? deductibleUpkeep() : plainUpkeep();
+    if (!cost && rent) {
+        cost = findOne(document, plainUpkeep());
+    }
+    RecordsByKind records(context, draft);
+    if (rent) {
+        proposeAmount(context, *rent, "rentalIncome", rents(), records, draft);
+    }
+    if (cost) {
+        proposeAmount(context, *cost, "actualMaintenanceCosts", wanted, records, draft);
+    }
+    if (const auto property = records.existing(Record::realEstate)) {
+        nameProperty(document, *property, draft);
+    }
+    return rent || cost;
+}
+
+} // namespace fiscarel

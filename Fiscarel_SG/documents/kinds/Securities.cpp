@@ -1,0 +1,255 @@
+#include "Fiscarel_SG/documents/kinds/Securities.h"
+
+#include "Fiscarel_SG/documents/kinds/TableHeading.h"
+
+#include <algorithm>
+#include <cctype>
+
+namespace fiscarel {
+
+using Confidence = Proposal::Confidence;
+using Witness = Proposal::Witness;
+
+namespace {
+
+/// A word without the brackets and marks around it.
+std::string bareWord(const std::string& text) {
+    std::string bare;
+    std::ranges::copy_if(text, std::back_inserter(bare),
+                         [](char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0; });
+    return bare;
+}
+
+/// A Swiss security number has five to nine digits without marks between.
+bool isValor(const std::string& word) {
+    return word.size() >= 5 && word.size() <= 9
+           && std::ranges::all_of(word, [](char c) { return c >= '0' && c <= '9'; });
+}
+
+/// Number times price, for bonds in per cent.
+std::optional<ProposalCheck> productCheck(const Security& security) {
+    const auto& quantity = at(security.amounts, Stated::quantity);
+    const auto& price = at(security.amounts, Stated::price);
+    const auto& value = at(security.amounts, Stated::value);
+    if (!quantity || !price || !value) {
+        return std::nullopt;
+    }
+    const Decimal product = quantity->value() * price->value();
+    for (const Decimal& computed : {product, product / 100}) {
+        if (!computed.isZero() && (computed - value->value()).abs() <= Decimal(5) / 100) {
+            return ProposalCheck{shown(quantity->value()) + " × " + shown(price->value()) + " = "
+                                     + shown(value->value()),
+                                 true};
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+std::optional<Stated> incomeBy(const Row& words, bool areNamed) {
+    const auto taxed = taxednessOf(words, areNamed);
+    return taxed ? std::optional(*taxed ? Stated::withTax : Stated::withoutTax) : std::nullopt;
+}
+
+std::optional<Stated> statedBy(const Row& cell, bool isRecognised) {
+    static const Labels numbers{"Valor",         "Valor-Nr*",        "Valoren*",    "Valorennummer",
+                                "N° de valeur",  "No de valeur",     "No valeur",   "ISIN",
+                                "numero valore", "numero di valore", "n. di valore"};
+    static const Labels quantities{"Anzahl",   "Stück*",  "Stk",      "Nominal*", "Bestand",
+                                   "Menge",    "Nombre",  "Quantité", "Quantità", "Nennwert",
+                                   "Quantity", "Anteile", "unités"};
+    static const Labels prices{"Kurs",   "Kurs*", "Steuerkurs*", "Cours", "Corso",
+                               "Prezzo", "Preis", "Prix",        "Price"};
+    static const Labels values{"*steuerwert*", "Kurswert*",      "Wert*",          "Verkehrswert*",
+                               "Marktwert*",   "Vermögenswert*", "Gegenwert*",     "valeur*",
+                               "valore*",      "controvalore*",  "contre-valeur*", "market value"};
+    static const Labels incomes{
+        "Ertrag*",    "Erträge", "Bruttoertr*", "Dividende*", "Ausschüttung*", "Zins*", "brutto*",
+        "rendement*", "revenu*", "reddit*",     "dividend*",  "provent*",      "ricav*"};
+    static const Labels notValues{"Anfang*", "Einstand*", "Kaufwert*", "Vorjahr*", "Beginn"};
+    const auto says = [&](const Labels& labels) {
+        return findLabel(cell, labels, isRecognised).has_value();
+    };
+    if (says(numbers) || cell.words.size() > 6) {
+        return std::nullopt;
+    }
+    const auto taxed = incomeBy(cell);
+    if (says(incomes) || (taxed && cell.words.size() == 1)) {
+        return taxed ? taxed : Stated::income;
+    }
+    if (taxed && namesAny(cell, {Concept::withholding}, isRecognised)) {
+        return taxed;
+    }
+    return says(quantities)                   ? std::optional(Stated::quantity)
+           : says(values) && !says(notValues) ? std::optional(Stated::value)
+           : says(prices)                     ? std::optional(Stated::price)
+                                              : std::nullopt;
+}
+
+bool isIsin(const std::string& word) {
+    const auto isUpper = [](char c) { return c >= 'A' && c <= 'Z'; };
+    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+    return word.size() == 12 && isUpper(word[0]) && isUpper(word[1]) && isDigit(word[11])
+           && std::ranges::all_of(word, [&](char c) { return isUpper(c) || isDigit(c); })
+           && std::ranges::count_if(word, isDigit) >= 5;
+}
+
+bool hasIsin(const Row& row) {
+    return std::ranges::any_of(row.words,
+                               [](const RowWord& word) { return isIsin(bareWord(word.text)); });
+}
+
+void readNames(const Row& row, std::size_t end, Security& security) {
+    for (std::size_t i = 0; i < std::min(end, row.words.size()); ++i) {
+        const std::string word = bareWord(row.words[i].text);
+        if (isIsin(word) || (isValor(word) && security.number.empty())) {
+            security.number = word;
+        } else if (!row.words[i].folded.empty()) {
+            security.name += (security.name.empty() ? "" : " ") + row.words[i].text;
+        }
+    }
+    while (!security.name.empty() && (security.name.back() == ',' || security.name.back() == ' ')) {
+        security.name.pop_back();
+    }
+}
+
+void Security::put(Stated stated, const std::optional<FoundAmount>& amount) {
+    auto& known = amounts[static_cast<std::size_t>(stated)];
+    known = known ? known : amount;
+}
+
+Decimal SecurityList::sumOf(Stated stated) const {
+    Decimal sum;
+    for (const Security& one : all) {
+        sum = sum + (at(one.amounts, stated) ? at(one.amounts, stated)->value() : Decimal());
+    }
+    return sum;
+}
+
+bool SecurityList::isProven() const {
+    return std::ranges::count_if(all,
+                                 [](const Security& one) { return productCheck(one).has_value(); })
+           >= 2;
+}
+
+bool SecurityList::isPrinted(const Decimal& sum) const {
+    return std::ranges::any_of(page_.rows, [&](const Row& row) {
+        return std::ranges::any_of(row.amounts, [&](const RowAmount& amount) {
+            return amount.amount.isFirm() && amount.amount.value == sum;
+        });
+    });
+}
+
+void SecurityList::settleIncome() {
+    const auto isTold = [](const Security& one) {
+        return at(one.amounts, Stated::withTax) || at(one.amounts, Stated::withoutTax);
+    };
+    if (std::ranges::any_of(all, isTold)) {
+        return;
+    }
+    SecurityList settled = *this;
+    for (Security& one : settled.all) {
+        const auto& income = at(one.amounts, Stated::income);
+        const bool isSwiss = one.isAccount
+                                 ? income && income->value() > 200 && !one.number.starts_with("LI")
+                                 : one.number.starts_with("CH");
+        one.put(isSwiss ? Stated::withTax : Stated::withoutTax, income);
+    }
+    const auto holds = [&](Stated stated) {
+        const Decimal sum = settled.sumOf(stated);
+        return sum.isZero() || isPrinted(sum);
+    };
+    if (holds(Stated::withTax) && holds(Stated::withoutTax)) {
+        all = std::move(settled.all);
+    }
+}
+
+void SecurityList::propose(ProposalDraft& draft) const {
+    for (const Security& security : all) {
+        proposeOne(security, draft);
+    }
+}
+
+std::optional<ProposalCheck> SecurityList::sumCheck(Stated stated) const {
+    const auto& total = at(totals, stated);
+    const Decimal sum = sumOf(stated);
+    const auto count = std::ranges::count_if(
+        all, [&](const Security& one) { return at(one.amounts, stated).has_value(); });
+    const bool isTotal = total ? total->value() == sum : count >= 2 && isPrinted(sum);
+    if (sum.isZero() || !isTotal) {
+        return std::nullopt;
+    }
+    return ProposalCheck{"Die einzelnen Beträge ergeben das Total " + shown(sum), true};
+}
+
+/// The tax claimed back is 35 per cent of what it was withheld from (VStG Art. 13).
+std::optional<ProposalCheck> SecurityList::taxCheck() const {
+    const Decimal taxed = sumOf(Stated::withTax);
+    const Decimal tax = taxed * 35 / 100;
+    for (const Row& row : page_.rows) {
+        for (const RowAmount& amount : row.amounts) {
+            if (taxed > 0 && amount.amount.isFirm()
+                && (amount.amount.value - tax).abs() <= Decimal(1) / 100
+                && namesAny(row, {Concept::withholding}, page_.isRecognised)) {
+                return ProposalCheck{
+                    "35 % von " + shown(taxed) + " = " + shown(amount.amount.value), true};
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+void SecurityList::proposeOne(const Security& security, ProposalDraft& draft) const {
+    const auto& facts = context_.facts;
+    const int record = draft.addRecord(
+        recordWith(facts, ProposedRecord::Kind::security,
+                   security.name.empty() ? security.number : security.name, page_.number));
+    Evidence words{.witness = Witness::position,
+                   .confidence = Confidence::medium,
+                   .reason = "Steht in der Zeile der Wertschrift.",
+                   .page = page_.number};
+    draft.add(record, "kind", std::string(security.isAccount ? "konto" : "wertschrift"), words);
+    draft.add(record, "description", security.name, words);
+    draft.add(record, "ibanOrValor", security.number, words);
+    Evidence issuer = words;
+    issuer.reason = "Steht oben auf dem Dokument.";
+    issuer.page = facts.issuer.page;
+    issuer.box = facts.issuer.box;
+    draft.add(record, "institution", facts.issuer.text, issuer);
+    const auto product = productCheck(security);
+    addAmount(record, "quantity", security, Stated::quantity, {product}, draft);
+    addAmount(record, "taxValue", security, Stated::value, {product, sumCheck(Stated::value)},
+              draft);
+    addAmount(record, "incomeWithWithholding", security, Stated::withTax,
+              {sumCheck(Stated::withTax), taxCheck()}, draft);
+    addAmount(record, "incomeWithoutWithholding", security, Stated::withoutTax,
+              {sumCheck(Stated::withoutTax)}, draft);
+}
+
+void SecurityList::addAmount(int record, const char* field, const Security& security, Stated stated,
+                             const std::vector<std::optional<ProposalCheck>>& checks,
+                             ProposalDraft& draft) const {
+    const auto& found = at(security.amounts, stated);
+    if (!found || found->value().isZero()) {
+        return;
+    }
+    std::vector<ProposalCheck> held;
+    for (const auto& check : checks) {
+        if (check) {
+            held.push_back(*check);
+        }
+    }
+    const bool isProven = !held.empty();
+    static const Wanted specific{{}, {}, true};
+    Evidence evidence = evidenceOf(*found, specific, context_.isKindClear, std::move(held));
+    if (!isProven && context_.kind == StoredDocument::Kind::steuerauszug) {
+        evidence.confidence = Confidence::low;
+    } else if (isProven && stated == Stated::quantity && context_.isKindClear
+               && !page_.isRecognised) {
+        evidence.confidence = Confidence::high; // pieces are whole numbers
+    }
+    draft.add(record, field, found->value(), std::move(evidence));
+}
+
+} // namespace fiscarel

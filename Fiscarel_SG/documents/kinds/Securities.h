@@ -1,0 +1,75 @@
+#pragma once
+
+#include "Fiscarel_SG/documents/kinds/AmountFinder.h"
+#include "Fiscarel_SG/documents/kinds/KindMappers.h"
+
+#include <array>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace fiscarel {
+
+/// What a column or a label of a paper on securities states.
+enum class Stated { quantity, price, value, withTax, withoutTax, income };
+constexpr std::size_t statedCount = 6;
+using StatedAmounts = std::array<std::optional<FoundAmount>, statedCount>;
+
+inline const std::optional<FoundAmount>& at(const StatedAmounts& amounts, Stated stated) {
+    return amounts[static_cast<std::size_t>(stated)];
+}
+
+/// What words state of a security; absent for numbers and other words.
+std::optional<Stated> statedBy(const Row& words, bool isRecognised);
+/// Income with or without tax, where words tell.
+std::optional<Stated> incomeBy(const Row& words, bool areNamed = false);
+
+/// A security, or an account listed among them.
+struct Security {
+    std::string number; ///< ISIN or valor; of an account its IBAN
+    std::string name;
+    bool isAccount = false;
+    StatedAmounts amounts;
+
+    /// Sets an amount that is not known yet.
+    void put(Stated stated, const std::optional<FoundAmount>& amount);
+};
+
+bool isIsin(const std::string& word);
+/// Whether a row has an ISIN among its words.
+bool hasIsin(const Row& row);
+/// The number and name a row gives before its word `end`.
+void readNames(const Row& row, std::size_t end, Security& security);
+
+/// The securities of a page with what their list prints as totals.
+class SecurityList {
+  public:
+    SecurityList(const KindContext& context, const PageRows& page)
+        : context_(context), page_(page) {}
+
+    std::vector<Security> all;
+    StatedAmounts totals;
+
+    Decimal sumOf(Stated stated) const;
+    /// Whether number times price proves more than one security.
+    bool isProven() const;
+    /// Puts income that no words tell the tax of where it belongs: that of a Swiss debtor is taxed
+    /// at source (VStG Art. 4), interest only above 200 francs. Kept only where the page prints
+    /// what both come to.
+    void settleIncome();
+    void propose(ProposalDraft& draft) const;
+
+  private:
+    std::optional<ProposalCheck> sumCheck(Stated stated) const;
+    std::optional<ProposalCheck> taxCheck() const;
+    bool isPrinted(const Decimal& sum) const;
+    void proposeOne(const Security& security, ProposalDraft& draft) const;
+    void addAmount(int record, const char* field, const Security& security, Stated stated,
+                   const std::vector<std::optional<ProposalCheck>>& checks,
+                   ProposalDraft& draft) const;
+
+    const KindContext& context_;
+    const PageRows& page_;
+};
+
+} // namespace fiscarel

@@ -1,0 +1,244 @@
+#include "Fiscarel_SG/documents/kinds/TableHeading.h"
+
+#include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+#include "Fiscarel_SG/documents/rows/CellRoles.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace fiscarel {
+
+namespace {
+
+constexpr std::size_t rowsLookedAt = 12; ///< below a heading
+
+TableColumn columnFrom(const Row& row, const LabelPlace& place) {
+    TableColumn column{.cell = {.top = row.top, .bottom = row.bottom}};
+    for (std::size_t i = place.first; i <= place.last; ++i) {
+        column.cell.words.push_back(row.words[i]);
+        column.cell.folded += row.words[i].folded + ' ';
+    }
+    column.place = {0, place.last - place.first, row.words[place.first].place.left,
+                    row.words[place.last].place.right};
+    return column;
+}
+
+/// Right edges of the amounts in the rows below a heading.
+std::vector<double> edgesBelow(const PageRows& page, std::size_t at) {
+    std::vector<double> edges;
+    const std::size_t end = std::min(page.rows.size(), at + 1 + rowsLookedAt);
+    for (std::size_t below = at + 1; below < end; ++below) {
+        for (const RowAmount& amount : page.rows[below].amounts) {
+            edges.push_back(amount.place.right);
+        }
+    }
+    return edges;
+}
+
+/// A cell, in parts where amounts end with one of its words and others stand beyond it.
+std::vector<LabelPlace> partsOf(const PageRows& page, const Row& row, const LabelPlace& cell,
+                                const std::vector<double>& edges) {
+    std::vector<LabelPlace> parts{cell};
+    const auto isEdge = [&](double right) {
+        return std::ranges::any_of(
+            edges, [&](double edge) { return std::abs(edge - right) <= alignment(page) / 2; });
+    };
+    if (!isEdge(cell.right)) {
+        return parts; // set some other way
+    }
+    for (std::size_t i = cell.first; i < cell.last; ++i) {
+        const bool isWord = !row.words[i].folded.empty() || row.words[i].text == "%";
+        if (isWord && isEdge(row.words[i].place.right)) {
+            parts.back().last = i;
+            parts.push_back({i + 1, cell.last});
+        }
+    }
+    return parts;
+}
+
+/// Puts the words of a heading's second line under those they go on.
+void addLine(std::vector<TableColumn>& columns, std::vector<TableColumn> line) {
+    for (TableColumn& below : line) {
+        const auto above = std::ranges::find_if(columns, [&](const TableColumn& column) {
+            return column.place.left < below.place.right && below.place.left < column.place.right;
+        });
+        if (above != columns.end()) {
+            auto& words = above->cell.words;
+            words.insert(words.end(), below.cell.words.begin(), below.cell.words.end());
+            above->cell.folded += below.cell.folded;
+            above->place = {0, words.size() - 1, std::min(above->place.left, below.place.left),
+                            std::max(above->place.right, below.place.right)};
+        }
+    }
+}
+
+std::vector<TableColumn> columnsOf(const PageRows& page, std::size_t at,
+                                   const std::vector<double>& edges) {
+    std::vector<TableColumn> columns;
+    for (const LabelPlace& cell : cellsOf(page.rows[at])) {
+        for (const LabelPlace& part : partsOf(page, page.rows[at], cell, edges)) {
+            columns.push_back(columnFrom(page.rows[at], part));
+        }
+    }
+    return columns;
+}
+
+/// How far an amount is from a column: less than 1 where they overlap.
+double distanceOf(const RowAmount& amount, const LabelPlace& column) {
+    const double byRight = std::abs(amount.place.right - column.right);
+    const bool overlaps = amount.place.right > column.left && amount.place.left < column.right;
+    return overlaps ? byRight / (byRight + 1) : byRight;
+}
+
+bool hasWord(const Row& cell, std::string_view text) {
+    return std::ranges::any_of(cell.words, [&](const RowWord& word) { return word.text == text; });
+}
+
+/// The column a cell of words stands in: the one it overlaps most.
+std::optional<std::size_t> columnOver(const LabelPlace& cell,
+                                      const std::vector<LabelPlace>& columns) {
+    std::optional<std::size_t> best;
+    double most = 0;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        const double shared =
+            std::min(cell.right, columns[i].right) - std::max(cell.left, columns[i].left);
+        if (shared > most) {
+            most = shared;
+            best = i;
+        }
+    }
+    return best;
+}
+
+} // namespace
+
+bool namesLastDay(const Row& cell) {
+    static const Labels ends{"Ende Jahr",      "Jahresende", "Ende des Jahres", "fin d'année",
+                             "fin d'exercice", "fine anno",  "fine dell'anno",  "year end"};
+    if (isAnyIn(cell.folded, ends)) {
+        return true;
+    }
+    const auto& words = cell.words;
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        const auto day = parseDay(words[i].text);
+        if (words[i].folded == "31 12" || (day && day->month() == 12 && day->day() == 31)
+            || (words[i].folded == "31" && i + 1 < words.size()
+                && monthOf(words[i + 1].folded) == 12)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+std::optional<std::size_t> TableHeading::columnOf(const RowAmount& amount,
+                                                  const PageRows& page) const {
+    std::optional<std::size_t> nearest;
+    double least = page.width / 10;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        if (const double distance = distanceOf(amount, columns[i].place); distance < least) {
+            least = distance;
+            nearest = i;
+        }
+    }
+    return nearest;
+}
+
+TableHeading tableHeadingIn(const PageRows& page, std::size_t at, bool withNext) {
+    const Row& row = page.rows[at];
+    TableHeading heading{.row = withNext ? at + 1 : at};
+    if (hasFirmAmount(row) || row.words.empty()) {
+        return heading;
+    }
+    if (!withNext) {
+        heading.columns = columnsOf(page, at, edgesBelow(page, at));
+        return heading;
+    }
+    const bool goesOn = at + 1 < page.rows.size() && !hasFirmAmount(page.rows[at + 1])
+                        && page.rows[at + 1].top - row.bottom < row.height()
+                        && !page.rows[at + 1].words.empty();
+    if (!goesOn) {
+        return heading;
+    }
+    const auto edges = edgesBelow(page, at + 1);
+    std::vector<TableColumn> columns = columnsOf(page, at, edges);
+    std::vector<TableColumn> line = columnsOf(page, at + 1, edges);
+    if (columns.size() >= 3 && line.size() >= 2) {
+        addLine(columns, std::move(line));
+        heading.columns = std::move(columns);
+    }
+    return heading;
+}
+
+std::vector<const RowAmount*> TableHeading::amountsIn(
+    const PageRows& page, std::size_t at,
+    const std::function<bool(const RowAmount&, std::size_t column)>& counts) const {
+    std::vector<const RowAmount*> amounts(columns.size(), nullptr);
+    for (const RowAmount& amount : page.rows[at].amounts) {
+        const auto column = columnOf(amount, page);
+        if (!column || !counts(amount, *column)) {
+            continue;
+        }
+        const LabelPlace& place = columns[*column].place;
+        const RowAmount*& known = amounts[*column];
+        if (known == nullptr || distanceOf(amount, place) < distanceOf(*known, place)) {
+            known = &amount;
+        }
+    }
+    return amounts;
+}
+
+std::vector<PageRows> columnsAsPages(const PageRows& page, std::size_t from,
+                                     const std::vector<LabelPlace>& columns) {
+    std::vector<PageRows> parts(columns.size(), withoutRows(page));
+    double left = page.width;
+    for (const LabelPlace& column : columns) {
+        left = std::min(left, column.left);
+    }
+    TableHeading heading;
+    for (const LabelPlace& column : columns) {
+        heading.columns.push_back({.cell = {}, .place = column});
+    }
+    for (std::size_t at = from; at < page.rows.size(); ++at) {
+        const Row& row = page.rows[at];
+        std::vector<RowWord> stub;
+        std::vector<std::vector<RowWord>> own(columns.size());
+        for (const LabelPlace& cell : cellsOf(row)) {
+            const auto words = wordsOf(row, cell);
+            if (cell.first == 0 && cell.left < left && roleOf(row, cell) == Role::text) {
+                stub = words;
+                continue;
+            }
+            const auto amount = std::ranges::find_if(row.amounts, [&](const RowAmount& one) {
+                return one.first >= cell.first && one.last <= cell.last;
+            });
+            const auto column = amount != row.amounts.end() ? heading.columnOf(*amount, page)
+                                                            : columnOver(cell, columns);
+            if (column) {
+                own[*column].insert(own[*column].end(), words.begin(), words.end());
+            }
+        }
+        for (std::size_t i = 0; i < columns.size(); ++i) {
+            if (!own[i].empty()) {
+                own[i].insert(own[i].begin(), stub.begin(), stub.end());
+                parts[i].rows.push_back(rowOfWords(std::move(own[i]), page.isRecognised));
+            }
+        }
+    }
+    return parts;
+}
+
+std::optional<bool> taxednessOf(const Row& words, bool areNamed) {
+    static const Labels without{"ohne",        "o. VSt", "nicht",     "sans",
+                                "non soumis*", "senza",  "non sogg*", "verrechnungssteuerfrei*"};
+    static const Labels with{
+        "mit", "m. VSt", "avec", "soumis*", "con", "soggett*", "verrechnungssteuerpfl*"};
+    if (isAnyIn(words.folded, without) || (!areNamed && hasWord(words, "B"))) {
+        return false;
+    }
+    if (isAnyIn(words.folded, with) || (!areNamed && hasWord(words, "A"))) {
+        return true;
+    }
+    return std::nullopt;
+}
+
+} // namespace fiscarel

@@ -1,0 +1,118 @@
+#include "Fiscarel_SG/documents/rows/GridEdges.h"
+
+#include "Fiscarel_SG/documents/rows/CellRoles.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+namespace fiscarel {
+
+namespace {
+
+using Cells = std::vector<LabelPlace>;
+
+/// Whether a cell is a bare number, maybe with its unit: a value where labels stand beside it.
+bool isNumber(const Row& row, const LabelPlace& cell) {
+    return lettersIn(row, cell) < 3 && std::ranges::any_of(row.words[cell.first].text, [](char c) {
+               return c >= '0' && c <= '9';
+           });
+}
+
+} // namespace
+
+bool hasOnlyValues(const Row& row) {
+    return hasFirmAmount(row) && std::ranges::all_of(cellsOf(row), [&](const LabelPlace& cell) {
+               return roleOf(row, cell) != Role::text || isNumber(row, cell);
+           });
+}
+
+std::vector<double> pairEdges(const Row& row, bool areBare) {
+    std::vector<double> edges;
+    bool isAfterAmount = false;
+    bool hasLabel = false;
+    for (const LabelPlace& cell : cellsOf(row)) {
+        const Role role = areBare && isNumber(row, cell) ? Role::amount : roleOf(row, cell);
+        if (role == Role::text) {
+            if ((hasLabel && !isAfterAmount) || lettersIn(row, cell) < 4) {
+                return {};
+            }
+            if (isAfterAmount) {
+                edges.push_back(cell.left);
+            }
+            hasLabel = true;
+            isAfterAmount = false;
+        } else if (role == Role::amount) {
+            if (isAfterAmount || !hasLabel) {
+                return {};
+            }
+            isAfterAmount = true;
+        }
+    }
+    return isAfterAmount ? edges : std::vector<double>();
+}
+
+bool fitsEdges(const Row& row, const std::vector<double>& edges) {
+    bool begins = false;
+    for (const LabelPlace& cell : cellsOf(row)) {
+        for (const double edge : edges) {
+            begins |= std::abs(cell.left - edge) <= aligned;
+            if (cell.left < edge - aligned && cell.right > edge - 1) {
+                return false;
+            }
+        }
+    }
+    return begins;
+}
+
+std::optional<std::vector<std::size_t>> gridColumns(const Row& labels, const Row& values) {
+    const Cells heads = cellsOf(labels);
+    const Cells cells = cellsOf(values);
+    std::vector<std::size_t> columns;
+    bool hasText = false;
+    bool isLeft = true;
+    for (const LabelPlace& cell : cells) {
+        const auto under = [&](const LabelPlace& head) {
+            return cell.left < head.right && head.left < cell.right;
+        };
+        const auto head = std::ranges::find_if(heads, under);
+        if (head == heads.end() || std::any_of(std::next(head), heads.end(), [&](const auto& one) {
+                return under(one);
+            })) {
+            return std::nullopt;
+        }
+        const auto index = static_cast<std::size_t>(head - heads.begin());
+        if (!columns.empty() && columns.back() >= index) {
+            return std::nullopt;
+        }
+        columns.push_back(index);
+        const Role role = roleOf(values, cell);
+        const char start = values.words[cell.first].text.front();
+        const bool isLabel = role == Role::text && cells.size() > 1 && start >= 'a' && start <= 'z';
+        if (isLabel || (role == Role::text && hasFirmAmount(values, cell))) {
+            return std::nullopt; // a sentence, or labels before their values
+        }
+        hasText |= role == Role::text;
+        isLeft &= std::abs(cell.left - head->left) <= aligned;
+    }
+    // Amounts that stand to the right under their heading, after a name, are a table's.
+    return columns.empty() || (hasText && !isLeft) ? std::nullopt : std::optional(columns);
+}
+
+bool isGridOfBoxes(const Row& labels, const Row& values) {
+    const Cells heads = cellsOf(labels);
+    const Cells cells = cellsOf(values);
+    if (heads.size() < 2 || heads.size() != cells.size() || !hasOnlyAmounts(values)) {
+        return false;
+    }
+    for (std::size_t i = 0; i < heads.size(); ++i) {
+        const double end = i + 1 < heads.size() ? heads[i + 1].left : cells[i].right + 1;
+        if (lettersIn(labels, heads[i]) < 3 || cells[i].left < heads[i].left - aligned
+            || cells[i].right > end) {
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace fiscarel
