@@ -34,6 +34,9 @@ bool isDenied(const Row& row, const LabelPlace& place, Concept meant) {
     static const Labels afters{"nach", "après", "dopo", "after"};
     const bool isTakenOff =
         meant == Concept::refunded || meant == Concept::publicShare || meant == Concept::reduction;
+    if (meant == Concept::withholding) {
+        return false; // "ohne Verrechnungssteuer" tells of it, too
+    }
     constexpr std::size_t farthest = 2; // words between, as in "ohne die bezahlte"
     for (std::size_t i = place.first; i-- > 0 && place.first - i <= farthest + 1;) {
         if (isAnyIn(row.words[i].folded, denials)
