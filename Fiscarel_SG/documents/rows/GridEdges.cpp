@@ -65,6 +65,10 @@ bool fitsEdges(const Row& row, const std::vector<double>& edges) {
     return begins;
 }
 
+bool isLeftOf(const Row& row, const std::vector<double>& edges) {
+    return !row.words.empty() && row.words.back().place.right < edges.front() - aligned;
+}
+
 std::optional<std::vector<std::size_t>> gridColumns(const Row& labels, const Row& values) {
     const Cells heads = cellsOf(labels);
     const Cells cells = cellsOf(values);

@@ -17,6 +17,8 @@ bool hasOnlyValues(const Row& row);
 std::vector<double> pairEdges(const Row& row, bool areBare = false);
 /// Whether a row may be cut at edges: a cell begins at one of them, and none goes across.
 bool fitsEdges(const Row& row, const std::vector<double>& edges);
+/// Whether all of a row stands left of the second column.
+bool isLeftOf(const Row& row, const std::vector<double>& edges);
 /// Rows above each other, the lower one with amounts, that make a grid of labels and values: index
 /// of the label's cell for each cell of the values.
 std::optional<std::vector<std::size_t>> gridColumns(const Row& labels, const Row& values);

@@ -33,11 +33,6 @@ double gapBetween(const Row& above, const Row& below, bool isRecognised) {
     return height <= 0 ? 0 : isRecognised ? gap / height / tightness : gap / height;
 }
 
-/// Whether all of a row stands left of the second column.
-bool isLeftOf(const Row& row, const std::vector<double>& edges) {
-    return !row.words.empty() && row.words.back().place.right < edges.front() - aligned;
-}
-
 class Arrangement {
   public:
     explicit Arrangement(PageRows page) : page_(std::move(page)) {
