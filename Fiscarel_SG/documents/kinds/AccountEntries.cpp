@@ -192,15 +192,22 @@ class EntryProposer {
             "Depositenkonto",     "Aktionärssparkonto", "Mitgliedersparkonto", "Compte privé",
             "Compte d'épargne",   "Compte épargne",     "Conto privato",       "Conto risparmio",
             "Conto di risparmio", "Zahlungskonto",      "Geschenksparkonto",   "*konto"};
-        const std::size_t from = range.first > 0 ? range.first - 1 : 0;
-        for (std::size_t at = from; at < range.end; ++at) {
+        const auto name = [&](std::size_t at) {
             const Row& row = range.page->rows[at];
-            if (const auto place = findLabel(row, names, range.page->isRecognised)) {
-                std::string name = textBetween(row, place->first, place->last);
-                std::erase_if(name, [](char c) { return c == '(' || c == ')' || c == ','; });
-                draft_.add(record, "description", name, words);
-                return;
-            }
+            const auto place = findLabel(row, names, range.page->isRecognised);
+            std::string text = place ? textBetween(row, place->first, place->last) : std::string();
+            std::erase_if(text, [](char c) { return c == '(' || c == ')' || c == ','; });
+            return text;
+        };
+        std::string found;
+        for (std::size_t at = range.first; at < range.end && found.empty(); ++at) {
+            found = name(at);
+        }
+        if (found.empty() && range.first > 0) {
+            found = name(range.first - 1);
+        }
+        if (!found.empty()) {
+            draft_.add(record, "description", found, words);
         }
     }
 

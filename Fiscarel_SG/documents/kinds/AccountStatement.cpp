@@ -326,7 +326,7 @@ class AccountMapper {
             if (!hasAny) {
                 continue;
             }
-            const AccountNumber* own = ibanOf(ibans, at, heading.row());
+            const AccountNumber* own = ibanOf(page, ibans, at, heading.row());
             if (isSumOf(figures, sums) || isAnyIn(row.folded, totals)) {
                 isOver = true;
                 continue;
@@ -449,14 +449,21 @@ class AccountMapper {
         return (isSum(balance) || isSum(debt)) && !differs(interest) && !differs(debtInterest);
     }
 
-    /// The account number in a row of a table, or beside it: below when the first one below the
-    /// heading stands under a row with amounts, else above.
-    static const AccountNumber* ibanOf(const std::vector<AccountNumber>& ibans, std::size_t at,
+    /// The account number of a row of a table. Where the first one below the heading stands in a
+    /// row with amounts, each row has its own or none; else it stands below when there is a row
+    /// with amounts above the first, or above.
+    static const AccountNumber* ibanOf(const PageRows& page,
+                                       const std::vector<AccountNumber>& ibans, std::size_t at,
                                        std::size_t heading) {
         const auto first = std::ranges::find_if(
             ibans, [&](const AccountNumber& iban) { return iban.row > heading; });
-        const bool isBelow = first != ibans.end() && first->row > heading + 1;
-        for (const std::size_t row : {at, isBelow ? at + 1 : at - 1}) {
+        if (first == ibans.end()) {
+            return nullptr;
+        }
+        const bool isOwn = hasFirmAmount(page.rows[first->row]);
+        const bool isBelow = first->row > heading + 1;
+        const std::size_t beside = isOwn ? at : isBelow ? at + 1 : at - 1;
+        for (const std::size_t row : {at, beside}) {
             const auto found = std::ranges::find(ibans, row, &AccountNumber::row);
             if (found != ibans.end()) {
                 return &*found;

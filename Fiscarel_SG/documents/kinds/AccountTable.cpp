@@ -175,7 +175,7 @@ std::optional<Figure> figureOf(const Row& cell, bool isRecognised) {
     static const Labels assets{"Aktiven", "Vermögen", "actifs", "attivi", "averi", "assets"};
     static const Labels debts{"Passiven", "Ausstand", "Ausstände",  "Schulden",
                               "passifs",  "passivi",  "liabilities"};
-    static const Labels charges{"Aufwand", "Zinsaufwand", "charges d'intérêts", "oneri"};
+    static const Labels charges{"Aufwand", "Zinsaufwand", "charges", "oneri", "onere"};
     if (cell.words.size() > 8) {
         return std::nullopt;
     }
