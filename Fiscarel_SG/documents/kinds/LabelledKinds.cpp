@@ -2,6 +2,7 @@
 #include "Fiscarel_SG/documents/kinds/BillSums.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
 #include "Fiscarel_SG/documents/kinds/LabelledFields.h"
+#include "Fiscarel_SG/documents/kinds/PaymentList.h"
 #include "Fiscarel_SG/documents/kinds/PersonParts.h"
 #include "Fiscarel_SG/documents/kinds/PlainAmount.h"
 #include "Fiscarel_SG/documents/kinds/Property.h"
@@ -100,6 +101,12 @@ bool proposePeople(const KindContext& context, const LabelledField& row, Proposa
     return !parts.empty();
 }
 
+bool areIn(const RowRange& rows, const std::vector<FoundAmount>& all) {
+    return std::ranges::all_of(all, [&](const FoundAmount& one) {
+        return one.page == rows.page && one.row >= rows.first && one.row < rows.end;
+    });
+}
+
 void proposeField(const KindContext& context, const LabelledField& row, RecordsByKind& records,
                   ProposalDraft& draft) {
     const bool isAlone = row.beside != nullptr && !records.has(row.record, row.beside);
@@ -110,8 +117,15 @@ void proposeField(const KindContext& context, const LabelledField& row, RecordsB
     auto all = findAmounts(ranges, row.wanted);
     const bool isPillar = row.field == std::string_view("pillar3a");
     auto whole = isPillar && haveOneLabel(all) ? wholeOfParts(context.document, all) : std::nullopt;
-    auto chosen = whole ? std::optional(Chosen{std::move(whole->found), false, whole->check})
-                        : chooseFound(std::move(all), row.below);
+    auto list = isPillar && !whole ? paymentsOf(context.document) : std::nullopt;
+    if (list && !(all.empty() ? list->whole.check.has_value() : areIn(list->rows, all))) {
+        list.reset(); // what else was found may be their total
+    }
+    const bool isUnproven = list && !list->whole.check;
+    auto chosen =
+        whole  ? std::optional(Chosen{std::move(whole->found), false, whole->check})
+        : list ? std::optional(Chosen{std::move(list->whole.found), false, list->whole.check})
+               : chooseFound(std::move(all), row.below);
     if (!chosen) {
         return;
     }
@@ -136,7 +150,7 @@ void proposeField(const KindContext& context, const LabelledField& row, RecordsB
         evidence.confidence = Confidence::low;
         evidence.reason += " Das Dokument nennt zwei Personen.";
     }
-    if (isPillar && !chosen->found.isAlone) { // balances stand beside
+    if (isUnproven || (isPillar && !chosen->found.isAlone)) { // balances stand beside
         evidence.confidence = Confidence::low;
     }
     if (given.isTold && !given.rest) {

@@ -105,6 +105,8 @@ std::vector<ConceptWords> provisionWords() {
           "assurance-chômage",
           "accidents non professionnels",
           "assicurazione contro la disoccupazione",
+          "assicurazione disoccupazione",
+          "assurance chômage",
           "infortuni non professionali",
           "oneri sociali",
           "contributi sociali",
