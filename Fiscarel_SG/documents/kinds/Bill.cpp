@@ -433,7 +433,7 @@ class BillMapper {
         }
         Evidence evidence =
             evidenceOf(*printed_, *wanted_, context_.isKindClear && !isShared_, std::move(checks));
-        if ((isReminder_ && !isProven) || isDisputed_ || isSpread_
+        if ((isReminder_ && !isProven) || isDisputed_ || isSpread_ || isAfterAdvance(*printed_)
             || (isOfHome(context_) && !isOwnCare_)) {
             evidence.confidence = Confidence::low;
         }

@@ -271,6 +271,18 @@ FoundAmount beforeAdvance(const FoundAmount& open) {
     return open;
 }
 
+bool isAfterAdvance(const FoundAmount& open) {
+    const PageRows& page = *open.page;
+    const std::size_t first = open.row - std::min<std::size_t>(open.row, 6);
+    return std::any_of(page.rows.begin() + static_cast<std::ptrdiff_t>(first),
+                       page.rows.begin() + static_cast<std::ptrdiff_t>(open.row),
+                       [&](const Row& row) {
+                           const RowAmount* amount = lastFirm(row);
+                           return amount != nullptr && isAligned(open, *amount)
+                                  && isAdvance(row, page.isRecognised);
+                       });
+}
+
 std::optional<SummedAmount> withoutReminder(const FoundAmount& total) {
     const PageRows& page = *total.page;
     const std::size_t first = total.row - std::min<std::size_t>(total.row, 12);

@@ -52,6 +52,8 @@ Settled afterGivenBack(const DocumentRows& document, const FoundAmount& found,
 
 /// The total that what is still open comes from, where what was paid before stands between.
 FoundAmount beforeAdvance(const FoundAmount& open);
+/// Whether an advance stands above an amount in its column, so that it may be what remains only.
+bool isAfterAdvance(const FoundAmount& open);
 
 /// What was billed of a total that includes the costs of a reminder or interest for delay. Absent
 /// when it includes none. Without a check when it is printed nowhere.

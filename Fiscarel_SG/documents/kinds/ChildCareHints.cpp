@@ -4,8 +4,35 @@
 #include "Fiscarel_SG/documents/text/FoldedText.h"
 
 #include <algorithm>
+#include <set>
+#include <string_view>
 
 namespace fiscarel {
+
+namespace {
+
+/// Days of birth told in sentences and lists: "geb. 3.4.2019".
+std::size_t birthdaysIn(const DocumentRows& document) {
+    static const Labels births{"geb",  "geboren*", "né",   "née", "nés",
+                               "nato", "nata",     "nati", "born"};
+    std::set<std::string> days;
+    for (const PageRows& page : document.pages) {
+        for (const Row& row : page.rows) {
+            for (std::size_t i = 0; i + 1 < row.words.size(); ++i) {
+                std::string text = row.words[i + 1].text;
+                while (!text.empty() && std::string_view("),;:").find(text.back()) != text.npos) {
+                    text.pop_back();
+                }
+                if (isAnyIn(row.words[i].folded, births) && parseDay(text)) {
+                    days.insert(parseDay(text)->toString());
+                }
+            }
+        }
+    }
+    return days.size();
+}
+
+} // namespace
 
 bool mayBeOfSeveralChildren(const DocumentRows& document, const std::string& issuer,
                             const std::optional<FoundAmount>& printed) {
@@ -24,7 +51,7 @@ bool mayBeOfSeveralChildren(const DocumentRows& document, const std::string& iss
     if (printed && isAnyIn(printed->rowOf().folded, together)) {
         return true;
     }
-    const std::size_t told = People(document).born().size();
+    const std::size_t told = std::max(People(document).born().size(), birthdaysIn(document));
     return told >= 2 || (told == 0 && std::ranges::any_of(document.pages, isTold));
 }
 

@@ -91,6 +91,32 @@ class Search {
                    && namesAny(row, wanted_.notMeant, isRecognised));
     }
 
+    static bool isMeals(const PageRows& page, std::size_t at, const RowAmount& amount) {
+        return namesAny(headingOver(page, at, amount), {Concept::meals}, page.isRecognised);
+    }
+
+    static bool hasMeals(const PageRows& page, std::size_t at) {
+        return std::ranges::any_of(page.rows[at].amounts, [&](const RowAmount& amount) {
+            return isMeals(page, at, amount);
+        });
+    }
+
+    /// The only amount of a row beside that for meals and their sum; null when there are more.
+    static const RowAmount* besideMeals(const PageRows& page, std::size_t at,
+                                        const RowAmount& sum) {
+        const RowAmount* only = nullptr;
+        for (const RowAmount& amount : page.rows[at].amounts) {
+            if (&amount == &sum || !isWorthy(amount) || isMeals(page, at, amount)) {
+                continue;
+            }
+            if (only != nullptr) {
+                return nullptr;
+            }
+            only = &amount;
+        }
+        return only;
+    }
+
     /// "Anna Muster, 12.3.2015   4’500.00", also with the months before the year's amount.
     Parts byRow() const {
         Candidates candidates;
@@ -103,7 +129,14 @@ class Search {
                     continue;
                 }
                 const RowAmount* rest = restOfRow(row);
-                if (const RowAmount* sum = rest != nullptr ? rest : sumOfRow(row)) {
+                const RowAmount* sum = rest != nullptr ? rest : sumOfRow(row);
+                if (rest == nullptr && sum != nullptr && hasMeals(page, at)) {
+                    sum = besideMeals(page, at, *sum);
+                    if (sum == nullptr) {
+                        continue; // which part is wanted is not clear
+                    }
+                }
+                if (sum != nullptr) {
                     candidates.add(
                         named[0],
                         {.page = &page, .row = at, .amount = *sum, .label = named[0].name});
