@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/documents/kinds/AccountPages.h"
 
+#include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "TaxCore/base/Iban.h"
 
@@ -75,6 +76,13 @@ bool isRowForeign(const Row& row) {
     return isForeign;
 }
 
+/// Whether an amount stands under "in CHF".
+bool isUnderFrancs(const PageRows& page, std::size_t at, const RowAmount& amount) {
+    const Row heading = headingOver(page, at, amount);
+    return std::ranges::any_of(heading.words,
+                               [](const RowWord& word) { return isFrancs(word.text); });
+}
+
 } // namespace
 
 std::optional<AccountNumber> ibanIn(const Row& row, std::size_t at) {
@@ -105,13 +113,16 @@ PageRows withoutOthers(PageRows page, std::optional<int> year) {
     // Without its amounts the words of a row would head those of the next one.
     std::erase_if(page.rows,
                   [&](const Row& row) { return hasFirmAmount(row) && isPast(row, year); });
-    for (Row& row : page.rows) {
+    PageRows kept = page; // the headings are looked for in the page as it is
+    for (std::size_t at = 0; at < page.rows.size(); ++at) {
+        const Row& row = page.rows[at];
         const bool isOther = isRowForeign(row);
-        std::erase_if(row.amounts, [&](const RowAmount& amount) {
-            return isOther || isForeign(row, amount) || isAgreed(row, amount);
+        std::erase_if(kept.rows[at].amounts, [&](const RowAmount& amount) {
+            return (isOther && !isUnderFrancs(page, at, amount)) || isForeign(row, amount)
+                   || isAgreed(row, amount);
         });
     }
-    return page;
+    return kept;
 }
 
 } // namespace fiscarel

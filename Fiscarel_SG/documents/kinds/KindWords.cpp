@@ -378,7 +378,7 @@ const std::vector<KindWords>& kindWords() {
           "Bruttozinsen"}},
         {bankauszug,
          4,
-         {"Teilzahlung*", "Privatkredit*", "Konsumkredit*", "Barkredit", "Kleinkredit",
+         {"Teilzahlungskredit*", "Privatkredit*", "Konsumkredit*", "Barkredit", "Kleinkredit",
           "votre crédit", "crédit privé", "crédit personnel", "crédit à la consommation",
           "credito privato", "suo credito", "credito al consumo", "personal loan", "mensualités"}},
     };

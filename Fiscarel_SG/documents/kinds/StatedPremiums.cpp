@@ -57,7 +57,9 @@ class Sums {
 
     std::optional<PremiumRow> find() const {
         for (std::size_t i = 0; i < all_.size(); ++i) {
-            if (!names(i, premium) && !names(i + 1, premium) && !names(i + 2, premium)) {
+            if (!isAmount(i)
+                || (!names(i, premium) && !names(i + 1, premium) && !names(i + 2, premium))
+                || isOfIllness(at(i))) {
                 continue;
             }
             PremiumRow row{at(i), std::nullopt, {}};
@@ -80,6 +82,23 @@ class Sums {
 
     bool names(std::size_t i, Concept meant) const {
         return i < all_.size() && namesAny(all_[i].before, {meant}, at(i).page->isRecognised);
+    }
+
+    /// Whether the words before an amount in its row tell of costs of illness.
+    static bool isOfIllness(const FoundAmount& found) {
+        const Row& row = found.rowOf();
+        Row before;
+        for (std::size_t i = 0; i < found.amount.first; ++i) {
+            before.words.push_back(row.words[i]);
+        }
+        for (const RowAmount& amount : row.amounts) {
+            if (amount.last < found.amount.first) {
+                before.words.assign(
+                    row.words.begin() + static_cast<std::ptrdiff_t>(amount.last) + 1,
+                    row.words.begin() + static_cast<std::ptrdiff_t>(found.amount.first));
+            }
+        }
+        return namesAny(before, {costSharing}, found.page->isRecognised);
     }
 
     /// The premiums by law from an amount on that add up to them.
