@@ -27,16 +27,31 @@ std::optional<taxcore::Date> dayOf(const Row& row) {
     return day ? day : parseDay(text(0), text(1), text(2));
 }
 
-bool isPayment(const Row& row, bool isRecognised) {
+/// Whether a row of a list tells of something else than a payment.
+bool isOther(const Row& row, bool isRecognised) {
     using enum Concept;
-    static const Labels incoming{"Bonifico", "Bonifici", "Accredito", "Gutschrift", "Vergütung"};
     static const Labels others{"*übertrag*", "Transfer*", "trasferiment*", "transfert*", "*bezug",
                                "Auszahlung", "retrait*",  "preliev*",      "Belastung*", "débit*",
                                "addebit*",   "Rück*",     "storn*",        "remb*",      "rimb*"};
+    return isAnyIn(row.folded, others)
+           || namesAny(row, {opening, interest, total, refunded, buyIn, fee, freePillar},
+                       isRecognised);
+}
+
+bool isPayment(const Row& row, bool isRecognised) {
+    using enum Concept;
+    static const Labels incoming{"Bonifico", "Bonifici", "Accredito", "Gutschrift", "Vergütung"};
     return (namesAny(row, {contribution, paid}, isRecognised) || isAnyIn(row.folded, incoming))
-           && !isAnyIn(row.folded, others)
-           && !namesAny(row, {opening, interest, total, refunded, buyIn, fee, freePillar},
-                        isRecognised);
+           && !isOther(row, isRecognised);
+}
+
+/// Whether a row beside a list is neither a payment nor anything else that is known: maybe a
+/// payment whose words were misread.
+bool isUnknown(const Row& row, bool isRecognised) {
+    const auto firm = std::ranges::count_if(
+        row.amounts, [](const RowAmount& amount) { return amount.amount.isFirm(); });
+    return firm >= 2 && !(dayOf(row) && isPayment(row, isRecognised))
+           && !isOther(row, isRecognised);
 }
 
 std::vector<Payment> paymentsIn(const PageRows& page) {
@@ -65,6 +80,10 @@ std::vector<Payment> paymentsIn(const PageRows& page) {
 
 /// Whether the balance beside each payment is that after the one before, and what came between.
 bool haveRunningBalance(const PageRows& page, const std::vector<Payment>& payments) {
+    if (std::ranges::any_of(page.rows,
+                            [&](const Row& row) { return isUnknown(row, page.isRecognised); })) {
+        return false;
+    }
     return std::ranges::all_of(payments, [&](const Payment& payment) {
         const Row* before = nullptr;
         for (std::size_t at = payment.row; at-- > 0 && before == nullptr;) {
