@@ -1,20 +1,22 @@
-// How long reading documents takes, process included. The counter "ratio" of the scans compares with
-// the recogniser alone on the same picture in the same run; for two pages it is their rate in pages
-// of one.
+// How long reading documents takes, process included. The counter "ratio" of the scans compares
+// with the recogniser alone on the same picture in the same run; for two pages it is their rate in
+// pages of one.
 
 #include "Fiscarel_SG/DocumentScanner.h"
+#include "Fiscarel_SG/documents/SecondReader.h"
 #include "tests/documents/reader/Drawing.h"
 #include "tests/documents/reader/Files.h"
 
 #include <benchmark/benchmark.h>
 #include <leptonica/allheaders.h>
 #include <tesseract/baseapi.h>
+#include <unistd.h>
 #include <zint.h>
 
 #include <QGuiApplication>
+#include <QRegularExpression>
 #include <chrono>
 #include <cstdlib>
-#include <unistd.h>
 
 namespace {
 
@@ -30,8 +32,8 @@ const TestFolder& folder() {
 QStringList denseLines() {
     QStringList lines{u"Jahresübersicht der Krankenversicherung"_s};
     for (int i = 1; i < 38; ++i) {
-        lines << u"Behandlung Nummer %1 in der Praxis am Rhein, Kostenbeteiligung\t%2.45"_s.arg(i).arg(
-            i * 37);
+        lines << u"Behandlung Nummer %1 in der Praxis am Rhein, Kostenbeteiligung\t%2.45"_s.arg(i)
+                     .arg(i * 37);
     }
     return lines;
 }
@@ -77,6 +79,30 @@ void textPage(benchmark::State& state) {
 }
 BENCHMARK(textPage)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(5);
 
+/// What is done with a page's words alone, as a text layer or the recogniser gives them.
+void proposals(benchmark::State& state) {
+    DocumentReading reading;
+    PageReading& page = reading.pages.emplace_back(
+        PageReading{.number = 1, .width = 595, .height = 842, .isRecognised = state.range(0) == 1});
+    double baseline = 60;
+    for (const QString& line : denseLines()) {
+        double left = 50;
+        for (const QString& word : line.split(QRegularExpression(u"[ \\t]"_s))) {
+            const double width = 5.0 * static_cast<double>(word.size());
+            page.words.push_back(
+                {word.toStdString(), {left, baseline - 9, left + width, baseline}});
+            left += width + 4;
+        }
+        baseline += 20;
+    }
+    for ([[maybe_unused]] const auto run : state) {
+        ScanResult result;
+        propose(reading, result);
+        benchmark::DoNotOptimize(result.proposals.size());
+    }
+}
+BENCHMARK(proposals)->ArgName("recognised")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+
 void scannedPage(benchmark::State& state) {
     const auto file = folder().write("scan.png", drawing::png(densePage()));
     double alone = 0;
@@ -114,12 +140,13 @@ void taxStatement(benchmark::State& state) {
     for (int page = 1; page <= pages; ++page) {
         QImage strip(1600, 1100, QImage::Format_RGB32);
         strip.fill(Qt::white);
-        drawing::put(strip,
-                     drawing::symbol(BARCODE_CODE128, "196221234500" + std::to_string(page) + "001"),
-                     5, 5);
+        drawing::put(
+            strip, drawing::symbol(BARCODE_CODE128, "196221234500" + std::to_string(page) + "001"),
+            5, 5);
         for (int part = 0; page == pages && part < 3; ++part) {
             drawing::put(strip,
-                         drawing::symbol(BARCODE_PDF417, std::string(300, static_cast<char>(part + 128)),
+                         drawing::symbol(BARCODE_PDF417,
+                                         std::string(300, static_cast<char>(part + 128)),
                                          drawing::Part{part, 3, "4711"}),
                          5, 25 + part * 25);
         }

@@ -38,61 +38,63 @@ bool mayBeTakenOff(const Row& row, bool isRecognised) {
     return namesAny(row, {refunded, publicShare, reduction}, isRecognised);
 }
 
-/// The amounts directly above a total in its column that add up to it; empty when none do. `turn`
-/// says which of those that may be taken off are, bit by bit.
-std::vector<Part> partsOf(const FoundAmount& total, unsigned turn) {
-    std::vector<Part> parts;
-    Decimal sum;
+/// The amounts above a total in its column, from below; what is given back is negative.
+std::vector<Part> columnAbove(const FoundAmount& total) {
+    constexpr std::size_t farthest = 40; // rows
+    std::vector<Part> column;
     const PageRows& page = *total.page;
-    for (std::size_t at = total.row; at-- > 0 && total.row - at < 40 && page.number != 0;) {
+    for (std::size_t at = total.row; at-- > 0 && total.row - at < farthest && page.number != 0;) {
         const Row& row = page.rows[at]; // lines of text have no columns
         const auto aligned = std::ranges::find_if(row.amounts, [&](const RowAmount& amount) {
             return std::abs(amount.place.right - total.amount.place.right) <= alignment(page)
                    && amount.amount.isFirm();
         });
-        if (aligned == row.amounts.end()) {
-            continue;
-        }
-        const Decimal value = aligned->amount.value;
-        bool isOff = isReduction(row);
-        if (turn != 0 && !isOff && value > 0 && mayBeTakenOff(row, page.isRecognised)) {
-            isOff = turn % 2 == 1;
-            turn /= 2;
-        }
-        parts.push_back({at, *aligned, isOff ? -value.abs() : value});
-        sum = sum + parts.back().value;
-        if (parts.size() >= 2 && sum == total.value() && value != total.value()) {
-            return parts;
-        }
-    }
-    return {};
-}
-
-std::vector<Part> partsOf(const FoundAmount& total) {
-    constexpr unsigned turns = 8;
-    for (unsigned turn = 0; turn < turns; ++turn) {
-        if (auto parts = partsOf(total, turn); !parts.empty()) {
-            return parts;
-        }
-    }
-    return {};
-}
-
-/// The amounts above one in its column, from top to bottom, those of reductions being negative.
-std::vector<Decimal> columnAbove(const FoundAmount& total) {
-    std::vector<Decimal> values;
-    for (std::size_t at = total.row; at-- > 0 && total.row - at < 40;) {
-        const Row& row = total.page->rows[at];
-        const auto aligned = std::ranges::find_if(row.amounts, [&](const RowAmount& amount) {
-            return std::abs(amount.place.right - total.amount.place.right) <= alignment(*total.page)
-                   && amount.amount.isFirm();
-        });
         if (aligned != row.amounts.end()) {
             const Decimal value = aligned->amount.value;
-            values.insert(values.begin(), isReduction(row) ? -value.abs() : value);
+            column.push_back({at, *aligned, isReduction(row) ? -value.abs() : value});
         }
     }
-    return values;
+    return column;
+}
+
+/// The amounts of a column directly above a total that add up to it; empty when none do.
+std::vector<Part> addingUp(const std::vector<Part>& column, const Decimal& total) {
+    Decimal sum;
+    for (std::size_t i = 0; i < column.size(); ++i) {
+        sum = sum + column[i].value;
+        if (i > 0 && sum == total && column[i].amount.amount.value != total) {
+            return {column.begin(), column.begin() + static_cast<std::ptrdiff_t>(i) + 1};
+        }
+    }
+    return {};
+}
+
+/// The amounts above a total that add up to it, the nearest of those that may be taken off taken
+/// off where that is what makes them add up.
+std::vector<Part> partsOf(const FoundAmount& total) {
+    std::vector<Part> column = columnAbove(total);
+    if (auto parts = addingUp(column, total.value()); !parts.empty()) {
+        return parts;
+    }
+    constexpr std::size_t most = 3; // of them
+    std::vector<std::size_t> mayBeOff;
+    for (std::size_t i = 0; i < column.size() && mayBeOff.size() < most; ++i) {
+        if (column[i].value > 0
+            && mayBeTakenOff(total.page->rows[column[i].row], total.page->isRecognised)) {
+            mayBeOff.push_back(i);
+        }
+    }
+    for (unsigned turn = 1; turn < 1U << mayBeOff.size(); ++turn) {
+        for (std::size_t bit = 0; bit < mayBeOff.size(); ++bit) {
+            Part& part = column[mayBeOff[bit]];
+            const Decimal value = part.amount.amount.value;
+            part.value = (turn >> bit & 1U) != 0 ? -value : value;
+        }
+        if (auto parts = addingUp(column, total.value()); !parts.empty()) {
+            return parts;
+        }
+    }
+    return {};
 }
 
 /// Where a column has subtotals, whether two or more of them add up to its total.
@@ -100,7 +102,9 @@ std::optional<ProposalCheck> subtotalsCheck(const FoundAmount& total) {
     std::vector<Decimal> parts; // since the last subtotal
     Decimal sum;
     int count = 0;
-    for (const Decimal& value : columnAbove(total)) {
+    const std::vector<Part> column = columnAbove(total);
+    for (auto at = column.rbegin(); at != column.rend(); ++at) {
+        const Decimal value = at->value;
         Decimal above;
         bool isSubtotal = false;
         for (std::size_t first = parts.size(); first-- > 0 && !isSubtotal;) {

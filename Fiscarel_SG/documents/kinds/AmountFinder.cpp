@@ -219,8 +219,13 @@ std::vector<FoundAmount> findAmounts(const std::vector<RowRange>& ranges, const 
                     return found;
                 }
             }
-            if (auto found = findInGrid(ranges, wanted); pass.isPure && !found.empty()) {
-                return found;
+            if (!firmOnly || where != Where::columns) {
+                continue; // grids and sentences have been looked at
+            }
+            if (pass.isPure) {
+                if (auto found = findInGrid(ranges, wanted); !found.empty()) {
+                    return found;
+                }
             }
             if (auto found = findInProse(ranges, wanted); !found.empty()) {
                 return found;

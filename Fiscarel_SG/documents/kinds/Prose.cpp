@@ -225,27 +225,31 @@ std::vector<PersonAmount> peopleIn(const Sentence& sentence, const People& peopl
 class ProseSearch {
   public:
     ProseSearch(const std::vector<RowRange>& ranges, const Wanted& wanted)
-        : wanted_(wanted), sentences_(sentencesOf(ranges)) {}
+        : wanted_(wanted), sentences_(sentencesOf(ranges)) {
+        for (const Sentence& sentence : sentences_) {
+            for (std::size_t i = 0; i < sentence.amounts.size(); ++i) {
+                sayings_.push_back(sayingOf(sentence, i));
+            }
+        }
+    }
 
     std::vector<FoundAmount> run() const {
         for (const Label& label : wanted_.labels) {
-            auto found = each([&](const Sentence&, const Row& own, bool isRecognised) {
-                return namesAny(own, wanted_.notMeant, isRecognised)
-                           ? std::nullopt
-                           : findLabel(own, label, isRecognised);
-            });
+            auto found =
+                each([&](const Sentence&, const LabelFinder& own) { return own.find(label); });
             if (!found.empty()) {
                 return found;
             }
         }
         for (const Meaning& meaning : wanted_.meanings) {
-            auto found = each([&](const Sentence& sentence, const Row& own, bool isRecognised) {
-                const bool isAll = std::ranges::all_of(meaning, [&](Concept meant) {
-                    return findLabel(sentence.row, wordsFor(meant), isRecognised).has_value();
-                });
-                return isAll && !namesAny(own, wanted_.notMeant, isRecognised)
-                           ? findLabel(own, wordsFor(meaning.front()), isRecognised)
-                           : std::nullopt;
+            const Sentence* known = nullptr;
+            bool saysAll = false;
+            auto found = each([&](const Sentence& sentence, const LabelFinder& own) {
+                if (&sentence != known) {
+                    known = &sentence;
+                    saysAll = says(sentence, meaning);
+                }
+                return saysAll ? own.find(wordsFor(meaning.front())) : std::nullopt;
             });
             if (!found.empty()) {
                 return found;
@@ -255,19 +259,44 @@ class ProseSearch {
     }
 
   private:
+    /// An amount of a sentence with the words that may say what it is.
+    struct Saying {
+        const Sentence* sentence = nullptr;
+        std::size_t which = 0;
+        std::vector<Row> own;
+    };
+
+    Saying sayingOf(const Sentence& sentence, std::size_t which) const {
+        const bool isRecognised = isFromRecognised(sentence, which);
+        Saying saying{&sentence, which, ownWords(sentence, which)};
+        std::erase_if(saying.own, [&](const Row& own) {
+            return namesAny(own, wanted_.notMeant, isRecognised)
+                   || findLabel(own, wanted_.without, isRecognised);
+        });
+        return saying;
+    }
+
+    static bool isFromRecognised(const Sentence& sentence, std::size_t which) {
+        return sentence.amounts[which].page->isRecognised;
+    }
+
+    static bool says(const Sentence& sentence, const Meaning& meaning) {
+        const LabelFinder finder(sentence.row, isFromRecognised(sentence, 0));
+        return std::ranges::all_of(
+            meaning, [&](Concept meant) { return finder.find(wordsFor(meant)).has_value(); });
+    }
+
     template <class Finder>
     std::vector<FoundAmount> each(const Finder& find) const {
         std::vector<FoundAmount> found;
-        for (const Sentence& sentence : sentences_) {
-            for (std::size_t i = 0; i < sentence.amounts.size(); ++i) {
-                const bool isRecognised = sentence.amounts[i].page->isRecognised;
-                for (const Row& own : ownWords(sentence, i)) {
-                    const auto place = find(sentence, own, isRecognised);
-                    if (place && !findLabel(own, wanted_.without, isRecognised)) {
-                        found.push_back(sentence.amounts[wholeOf(sentence, i)]);
-                        found.back().label = textBetween(own, place->first, place->last);
-                        break;
-                    }
+        for (const Saying& saying : sayings_) {
+            for (const Row& own : saying.own) {
+                const LabelFinder finder(own, isFromRecognised(*saying.sentence, saying.which));
+                if (const auto place = find(*saying.sentence, finder)) {
+                    found.push_back(
+                        saying.sentence->amounts[wholeOf(*saying.sentence, saying.which)]);
+                    found.back().label = textBetween(own, place->first, place->last);
+                    break;
                 }
             }
         }
@@ -276,6 +305,7 @@ class ProseSearch {
 
     const Wanted& wanted_;
     std::vector<Sentence> sentences_;
+    std::vector<Saying> sayings_;
 };
 
 } // namespace

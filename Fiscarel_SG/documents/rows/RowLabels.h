@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/rows/PageRows.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -20,10 +21,14 @@ class Label {
     const std::string& compact() const { return compact_; } ///< without blanks
     bool isOpen() const { return isOpen_; }
     bool isOpenBefore() const { return isOpenBefore_; }
+    bool isNumber() const { return isNumber_; }        ///< nothing but digits
+    std::uint64_t letters() const { return letters_; } ///< that it has, as by `lettersOf`
 
   private:
     std::string folded_;
     std::string compact_;
+    std::uint64_t letters_ = 0;
+    bool isNumber_ = false;
     bool isOpen_ = false;
     bool isOpenBefore_ = false;
 };
@@ -37,11 +42,42 @@ struct LabelPlace {
     double right = 0;
 };
 
-/// The first place of a label from a word on. In recognised text about one letter in eight may be
-/// wrong and words may be run together or torn apart.
+/// The letters and digits of folded words as a set, a bit for each.
+std::uint64_t lettersOf(std::string_view folded);
+
+/// Looks for labels in one row. Made once where many are looked for; the row must outlive it.
+class LabelFinder {
+  public:
+    LabelFinder(const Row& row, bool isRecognised);
+
+    /// The first place of a label from a word on. In recognised text about one letter in eight may
+    /// be wrong and words may be run together or torn apart.
+    std::optional<LabelPlace> find(const Label& label, std::size_t from = 0) const;
+    /// The first of several labels that is found, in the order of the list.
+    std::optional<LabelPlace> find(const Labels& labels, std::size_t from = 0) const;
+
+  private:
+    /// A folded word of the row; "AHV/IV" is one word and two tokens.
+    struct Token {
+        std::size_t word = 0;
+        std::size_t begin = 0; ///< in `joined_`
+        std::size_t end = 0;
+        std::uint64_t letters = 0;
+    };
+
+    std::optional<std::size_t> matchAt(std::size_t at, const Label& label, std::size_t most) const;
+    std::string_view text(std::size_t first, std::size_t last) const;
+
+    const Row& row_;
+    bool isRecognised_;
+    std::string joined_; ///< all tokens without blanks
+    std::uint64_t letters_ = 0;
+    std::vector<Token> tokens_;
+};
+
+/// A label's place by a `LabelFinder` of its own.
 std::optional<LabelPlace> findLabel(const Row& row, const Label& label, bool isRecognised,
                                     std::size_t from = 0);
-/// The first of several labels that is found, in the order of the list.
 std::optional<LabelPlace> findLabel(const Row& row, const Labels& labels, bool isRecognised,
                                     std::size_t from = 0);
 

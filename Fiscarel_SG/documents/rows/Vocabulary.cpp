@@ -54,7 +54,7 @@ bool isDenied(const Row& row, const LabelPlace& place, Concept meant) {
 
 /// The first label found that is not denied, outside the amounts: "113'029.20" speaks of no
 /// year 20.
-std::optional<LabelPlace> findWords(const Row& row, Concept meant, bool isRecognised) {
+std::optional<LabelPlace> findWords(const Row& row, const LabelFinder& finder, Concept meant) {
     const auto isInAmount = [&](const LabelPlace& place) {
         return std::ranges::any_of(row.amounts, [&](const RowAmount& amount) {
             return amount.amount.hasDecimals && amount.first <= place.first
@@ -62,9 +62,9 @@ std::optional<LabelPlace> findWords(const Row& row, Concept meant, bool isRecogn
         });
     };
     for (const Label& label : wordsFor(meant)) {
-        auto place = findLabel(row, label, isRecognised);
+        auto place = finder.find(label);
         while (place && (isInAmount(*place) || isDenied(row, *place, meant))) {
-            place = findLabel(row, label, isRecognised, place->last + 1);
+            place = finder.find(label, place->last + 1);
         }
         if (place) {
             return place;
@@ -76,9 +76,10 @@ std::optional<LabelPlace> findWords(const Row& row, Concept meant, bool isRecogn
 } // namespace
 
 std::optional<LabelPlace> findMeaning(const Row& row, const Meaning& meaning, bool isRecognised) {
+    const LabelFinder finder(row, isRecognised);
     std::optional<LabelPlace> whole;
     for (const Concept meant : meaning) {
-        const auto place = findWords(row, meant, isRecognised);
+        const auto place = findWords(row, finder, meant);
         if (!place) {
             return std::nullopt;
         }
@@ -94,9 +95,10 @@ std::optional<LabelPlace> findMeaning(const Row& row, const Meaning& meaning, bo
 }
 
 bool namesAny(const Row& row, const std::vector<Concept>& concepts, bool isRecognised) {
+    const LabelFinder finder(row, isRecognised);
     return std::ranges::any_of(concepts, [&](Concept meant) {
-        const auto place = findLabel(row, wordsFor(meant), isRecognised);
-        return place && (!isDenied(row, *place, meant) || findWords(row, meant, isRecognised));
+        const auto place = finder.find(wordsFor(meant));
+        return place && (!isDenied(row, *place, meant) || findWords(row, finder, meant));
     });
 }
 

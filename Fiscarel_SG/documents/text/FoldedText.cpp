@@ -100,11 +100,7 @@ std::vector<std::string> foldedTokens(std::string_view text) {
     return tokens;
 }
 
-bool hasPhrase(std::string_view folded, std::string_view phrase) {
-    const bool isOpen = phrase.ends_with('*');
-    if (isOpen) {
-        phrase.remove_suffix(1);
-    }
+bool hasPhrase(std::string_view folded, std::string_view phrase, bool isOpen) {
     for (std::size_t at = folded.find(phrase); at != std::string_view::npos;
          at = folded.find(phrase, at + 1)) {
         const std::size_t end = at + phrase.size();
@@ -125,10 +121,15 @@ bool isWithinEdits(std::string_view a, std::string_view b, std::size_t most) {
     for (std::size_t i = 1; i <= a.size(); ++i) {
         std::size_t diagonal = row[0];
         row[0] = i;
+        std::size_t fewest = i;
         for (std::size_t j = 1; j <= b.size(); ++j) {
             const std::size_t changed = diagonal + (a[i - 1] == b[j - 1] ? 0 : 1);
             diagonal = row[j];
             row[j] = std::min({changed, row[j] + 1, row[j - 1] + 1});
+            fewest = std::min(fewest, row[j]);
+        }
+        if (fewest > most) {
+            return false;
         }
     }
     return row.back() <= most;

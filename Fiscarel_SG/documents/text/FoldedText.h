@@ -17,9 +17,9 @@ std::string withoutLigatures(std::string_view text);
 /// The folded words one by one.
 std::vector<std::string> foldedTokens(std::string_view text);
 
-/// Whether folded words stand in a folded text, at the borders of words; with "*" at the end of the
-/// phrase its last word may go on.
-bool hasPhrase(std::string_view folded, std::string_view phrase);
+/// Whether folded words stand in a folded text, at the borders of words. An open
+/// phrase's last word may go on.
+bool hasPhrase(std::string_view folded, std::string_view phrase, bool isOpen = false);
 
 /// Whether two words are the same but for at most `most` letters wrong, missing or too many.
 bool isWithinEdits(std::string_view a, std::string_view b, std::size_t most);
