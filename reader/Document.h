@@ -60,9 +60,6 @@ tl::expected<std::unique_ptr<Document>, Fault> openDocument(std::string_view byt
 tl::expected<std::unique_ptr<Document>, Fault> openPdf(std::string_view bytes, Deadline deadline);
 tl::expected<std::unique_ptr<Document>, Fault> openImage(std::string_view bytes);
 
-/// A page with fewer words in its text layer is recognised.
-inline constexpr std::size_t fewWords = 3;
-
 namespace bounds {
 inline constexpr double pixels = 100e6;    ///< of an image file
 inline constexpr double pagePixels = 36e6; ///< of a page drawn

@@ -17,15 +17,8 @@ namespace fiscarel::reader {
 
 namespace {
 
-constexpr std::size_t enoughText = 40; ///< characters with which a document needs no recognition
-
 std::string trimmed(const std::string& text) {
     return QString::fromStdString(text).trimmed().toStdString();
-}
-
-/// Characters a reader counts, up to `enough`.
-bool hasCharacters(const std::string& text, std::size_t enough) {
-    return static_cast<std::size_t>(QString::fromStdString(text).size()) >= enough;
 }
 
 /// What the threads share. They keep it alive, since they may outlast the reading.
@@ -79,13 +72,10 @@ std::unique_ptr<Document> openAndPlan(Shared& shared) {
         }
     }
     layer = trimmed(layer);
-    const bool isRecognised = !hasCharacters(layer, enoughText);
+    const bool isRecognised = hasLittleText(layer);
     int scans = 0;
     for (PageTask& task : tasks) {
-        constexpr std::size_t fewOnScan = 12; // a stamp or page number over a scan
-        const std::size_t words = task.text.words.size();
-        const bool isScan =
-            isRecognised || words < fewWords || (words < fewOnScan && document.isScan(task.page));
+        const bool isScan = isReadFromPicture(document, task.page, task.text, isRecognised);
         task.wantsRecognition = isScan && scans < bounds::recognisedPages;
         scans += isScan ? 1 : 0;
     }
@@ -241,6 +231,19 @@ std::optional<Fault> problemOf(const Shared& shared) {
 }
 
 } // namespace
+
+bool hasLittleText(std::string_view layer) {
+    constexpr qsizetype enough = 40; // characters as one counts them
+    return QString::fromUtf8(layer.data(), static_cast<qsizetype>(layer.size())).trimmed().size()
+           < enough;
+}
+
+bool isReadFromPicture(const Document& document, int page, const PageText& text, bool isAll) {
+    constexpr std::size_t few = 3;
+    constexpr std::size_t fewOnScan = 12; // a stamp or page number over a scan
+    const std::size_t words = text.words.size();
+    return isAll || words < few || (words < fewOnScan && document.isScan(page));
+}
 
 Scanned scanDocument(std::string_view bytes, const ScanOptions& options) {
     const auto shared = std::make_shared<Shared>(bytes, options.deadline);

@@ -25,6 +25,13 @@ struct ScanOptions {
     std::function<void(int done, int total)> progress; ///< pages; called on the calling thread
 };
 
+/// Whether the text layer of a whole document tells so little that its pages are recognised.
+bool hasLittleText(std::string_view layer);
+
+/// Whether the text of a page is recognised in its picture rather than taken from its text layer.
+/// `isAll` says that this is so for the whole document.
+bool isReadFromPicture(const Document& document, int page, const PageText& text, bool isAll);
+
 /// Reads a document on several threads. What is not read by the deadline is left out: then threads
 /// may still be at work when this returns, so the process must end without tidying up.
 /// `bytes` stays for as long as the process.

@@ -153,8 +153,13 @@ bool raw(const std::string& bytes, const Call& call) {
 
 /// The page as it was read: a scan stands upright, so that places on it are found again.
 PixPtr shown(const Document& document, const Call& call) {
-    const bool isRecognised = document.text(call.page).words.size() < fewWords;
-    if (!isRecognised) {
+    std::string layer;
+    for (int page = 1;
+         page <= std::min(document.pageCount(), bounds::textPages) && hasLittleText(layer);
+         ++page) {
+        layer += document.text(page).text;
+    }
+    if (!isReadFromPicture(document, call.page, document.text(call.page), hasLittleText(layer))) {
         return document.preview(call.page, call.width);
     }
     const Picture source = document.picture(call.page);
