@@ -436,7 +436,9 @@ Row headingOver(const PageRows& page, std::size_t at, const RowAmount& amount) {
                                    row.words.begin() + static_cast<std::ptrdiff_t>(cell.last) + 1);
             }
         }
-        break;
+        if (!words.words.empty()) {
+            break;
+        }
     }
     return words;
 }
@@ -446,6 +448,19 @@ bool isBarred(const Row& row, const Wanted& wanted, bool isRecognised) {
         std::ranges::find(wanted.notMeant, Concept::opening) != wanted.notMeant.end();
     return findLabel(row, wanted.without, isRecognised).has_value()
            || (isNotOpening && isOfYearsBeginning(row));
+}
+
+const RowAmount* lastOrNewest(const PageRows& page, std::size_t at) {
+    const Row& row = page.rows[at];
+    std::vector<const RowAmount*> firm;
+    for (const RowAmount& amount : row.amounts) {
+        if (amount.amount.isFirm()) {
+            firm.push_back(&amount);
+        }
+    }
+    const RowAmount* newest =
+        firm.size() > 1 ? amountByPeriod({&page, 0, page.rows.size()}, at, firm) : nullptr;
+    return newest != nullptr || row.amounts.empty() ? newest : &row.amounts.back();
 }
 
 std::optional<FoundAmount> amountFor(const RowRange& range, std::size_t at, const LabelPlace& label,

@@ -29,6 +29,10 @@ Row headingOver(const PageRows& page, std::size_t at, const RowAmount& amount);
 /// wanted.
 bool isBarred(const Row& row, const Wanted& wanted, bool isRecognised);
 
+/// The last amount of a row, or of several under headings that tell a time that of the newest; null
+/// for a row without amounts.
+const RowAmount* lastOrNewest(const PageRows& page, std::size_t at);
+
 /// The amount of a label that stands in a row: right of it, below it or before it. Of several the
 /// one whose heading says what is wanted, or the newest time; else that of the label's own cell,
 /// else the one in the page's amount column.

@@ -22,6 +22,7 @@ constexpr int enough = 6;   ///< below, nothing is concluded
 constexpr int clearly = 10; ///< and this far ahead of the next, the kind is clear
 constexpr int clearAhead = 4;
 constexpr int pillarTitle = 16;
+constexpr int wageTitle = 14;
 constexpr int provenWage = 14;
 constexpr int fundsPension = 10;
 constexpr int fromPractice = 8;
@@ -381,8 +382,34 @@ bool hasPillarTitle(const DocumentRows& document) {
     });
 }
 
+/// A short line at the top that says in whatever words that a wage is certified.
+bool hasWageTitle(const DocumentRows& document) {
+    static const Labels wages{"*lohn*",        "*löhne*",     "*salär*",       "*gehalt*",
+                              "*gehälter*",    "*besoldung*", "salaire*",      "salari*",
+                              "stipendi*",     "traitement*", "rémunération*", "retribuzion*",
+                              "remunerazion*", "honoraire*",  "Honorar*",      "onorari*",
+                              "*verdienst*",   "Bezüge",      "salary",        "wages"};
+    static const Labels certificates{
+        "*bescheinigung*", "*ausweis*",  "*bestätigung*", "*aufstellung*", "*übersicht*",
+        "*zusammen*",      "attestat*",  "attestazion*",  "certificat*",   "conferma*",
+        "confirmation",    "récapitul*", "riepilog*",     "dichiarazion*", "relevé",
+        "*abrechnung*",    "décompte*",  "conteggio",     "statement",     "distinta"};
+    static const Labels others{"*ausfall*", "*rente*",  "*pension*", "*vorsorge*",
+                               "perte",     "perdita",  "*einkauf*", "*einkäufe*",
+                               "rachat*",   "riscatt*", "*abzüge",   "gemäss",
+                               "laut",      "selon",    "secondo",   "Beiblatt*"};
+    return std::ranges::any_of(document.pages, [&](const PageRows& page) {
+        return std::ranges::any_of(page.rows, [&](const Row& row) {
+            return cellsOf(row).size() == 1 && row.middle() < page.height * 0.45
+                   && row.words.size() <= 8 && !endsInAmount(row)
+                   && !row.words.back().text.ends_with('.') && isAnyIn(row.folded, wages)
+                   && isAnyIn(row.folded, certificates) && !isAnyIn(row.folded, others);
+        });
+    });
+}
+
 /// What more than single words tell: what is missing, who sends it, what adds up.
-void weighWhole(const DocumentRows& document, const std::string& title, bool isWageProven,
+void weighWhole(const DocumentRows& document, const std::string& title, int wageBonus,
                 std::map<Kind, int>& scores) {
     if (!isAnyIn(document.folded, securities())) { // a bank may call anything a tax statement
         scores[Kind::bankauszug] += scores[Kind::steuerauszug] / 2;
@@ -412,9 +439,7 @@ void weighWhole(const DocumentRows& document, const std::string& title, bool isW
     if (scores[Kind::arztrechnung] >= enough && isFromPractice(document)) {
         scores[Kind::arztrechnung] += fromPractice;
     }
-    if (isWageProven) {
-        scores[Kind::lohnausweis] += provenWage;
-    }
+    scores[Kind::lohnausweis] += wageBonus;
     if (hasPillarTitle(document)) {
         scores[Kind::saeule3a] += pillarTitle;
         scores[Kind::versicherung] = 0; // a tied policy, whose premium is the contribution
@@ -450,7 +475,9 @@ KindVerdict weighKind(const DocumentRows& document, bool isWageProven) {
         }
     }
     weighStructure(document, scores);
-    weighWhole(document, title, isWageProven, scores);
+    const int wageBonus =
+        (isWageProven ? provenWage : 0) + (hasWageTitle(document) ? wageTitle : 0);
+    weighWhole(document, title, wageBonus, scores);
     KindVerdict verdict;
     int best = 0;
     int second = 0;
@@ -467,7 +494,7 @@ KindVerdict weighKind(const DocumentRows& document, bool isWageProven) {
         return {.kind = Kind::anderes, .isClear = true};
     }
     if (const int against = exclusionWeight(title, document.folded);
-        against >= decisive && against + 6 > best - (isWageProven ? provenWage : 0)) {
+        against >= decisive && against + 6 > best - wageBonus) {
         return {.kind = Kind::anderes, .isClear = true};
     }
     if (best < enough) {

@@ -121,6 +121,37 @@ std::optional<NamedPerson> nameAbove(const Row& row, std::size_t day, const Row&
     return std::nullopt;
 }
 
+/// The name in the cell above a day of birth in a row of them: "Date de naissance   1.2.1980 ...".
+std::optional<NamedPerson> nameOver(const Row& row, std::size_t day, const Row& above) {
+    static const Labels labels{"Geburtsdatum",    "Geburtstag",    "Date de naissance",
+                               "Data di nascita", "Date of birth", "geboren",
+                               "né le",           "née le"};
+    const auto label = findLabel(row, labels, false);
+    if (!label || label->last >= day) {
+        return std::nullopt;
+    }
+    const PagePlace& place = row.words[day].place;
+    for (const LabelPlace& cell : cellsOf(above)) {
+        const bool isOver = cell.left < place.right && place.left < cell.right;
+        if (isOver && cell.last == cell.first + 1) {
+            return nameAt(above, cell.first);
+        }
+    }
+    return std::nullopt;
+}
+
+/// The family of two or more cells that are each a name of it and nothing else.
+std::string familyOfCells(const Row& row) {
+    std::map<std::string, int> counts;
+    for (const LabelPlace& cell : cellsOf(row)) {
+        const auto name = cell.last == cell.first + 1 ? nameAt(row, cell.first) : std::nullopt;
+        if (name && ++counts[row.words[name->last].folded] >= 2) {
+            return row.words[name->last].folded;
+        }
+    }
+    return {};
+}
+
 /// The day that begins with a word.
 std::optional<Date> dayAt(const Row& row, std::size_t at) {
     const auto day = parseDay(bare(row.words[at].text));
@@ -249,6 +280,7 @@ void People::look(const Row& row, const Row* above) {
             }
             if (!name && above != nullptr) {
                 name = nameAbove(row, i, *above);
+                name = name ? name : nameOver(row, i, *above);
                 if (name) {
                     families_.insert(above->words[name->last].folded);
                     name->birthDate = day;
@@ -264,13 +296,18 @@ void People::look(const Row& row, const Row* above) {
                 born_.emplace(row.words[name->first].folded, *name);
             }
         }
-        if (isJoin(row.words[i]) && i >= 2 && nameAt(row, i + 1)) {
-            for (const auto& name : {nameAt(row, i - 2), nameAt(row, i + 1)}) {
+        if (isJoin(row.words[i]) && i >= 1 && isCapitalised(row.words[i - 1])
+            && nameAt(row, i + 1)) { // "Anna Muster und Beat Muster", "Anna und Beat Muster"
+            for (const auto& name :
+                 {i >= 2 ? nameAt(row, i - 2) : std::nullopt, nameAt(row, i + 1)}) {
                 if (name) {
                     families_.insert(row.words[name->last].folded);
                 }
             }
         }
+    }
+    if (std::string family = familyOfCells(row); !family.empty()) {
+        families_.insert(std::move(family));
     }
     for (const NamedPerson& child : listedChildren(row)) {
         if (child.last > child.first) {

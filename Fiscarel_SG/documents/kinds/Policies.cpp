@@ -1,7 +1,10 @@
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
 #include "Fiscarel_SG/documents/kinds/LabelledFields.h"
+#include "Fiscarel_SG/documents/kinds/TableHeading.h"
+#include "Fiscarel_SG/documents/rows/CellRoles.h"
 
 #include <algorithm>
+#include <deque>
 
 namespace fiscarel {
 
@@ -11,21 +14,28 @@ using Confidence = Proposal::Confidence;
 using Witness = Proposal::Witness;
 using Record = ProposedRecord::Kind;
 
-/// The number of a policy that a row begins with: "Police 90.217280", "Vertrag Nr. 12-345.678".
-std::string policyNumberIn(const Row& row, bool isRecognised) {
+const Labels& policyNames() {
     static const Labels names{"Police*",   "Policen-Nr",      "Policennummer",
                               "Vertrag*",  "polizza",         "contrat",
                               "contratto", "Versicherung Nr", "Lebensversicherung*"};
-    const auto place = findLabel(row, names, isRecognised);
+    return names;
+}
+
+bool isNumber(const std::string& text) {
+    constexpr int fewest = 5; // digits
+    return std::ranges::count_if(text, [](char c) { return c >= '0' && c <= '9'; }) >= fewest
+           && !parseDay(text);
+}
+
+/// The number of a policy that a row begins with: "Police 90.217280", "Vertrag Nr. 12-345.678".
+std::string policyNumberIn(const Row& row, bool isRecognised) {
+    const auto place = findLabel(row, policyNames(), isRecognised);
     if (!place || place->first > 1) {
         return {};
     }
     for (std::size_t i = place->last + 1; i < std::min(row.words.size(), place->last + 4); ++i) {
-        const std::string& text = row.words[i].text;
-        const auto digits =
-            std::ranges::count_if(text, [](char c) { return c >= '0' && c <= '9'; });
-        if (digits >= 5 && !parseDay(text)) {
-            return text;
+        if (isNumber(row.words[i].text)) {
+            return row.words[i].text;
         }
     }
     return {};
@@ -35,6 +45,33 @@ struct Policy {
     std::string number;
     RowRange rows;
 };
+
+/// Whether a table's first column holds the numbers of policies.
+bool listsPolicies(const TableHeading& heading, bool isRecognised) {
+    return heading.columns.size() >= 3
+           && findLabel(heading.columns.front().cell, policyNames(), isRecognised);
+}
+
+/// The policies of a table, of which each row is one. `parts` keeps them as pages.
+std::vector<Policy> policiesOfTable(const DocumentRows& document, std::deque<PageRows>& parts) {
+    std::vector<Policy> policies;
+    for (const PageRows& page : document.pages) {
+        std::optional<TableHeading> heading;
+        for (std::size_t at = 0; at < page.rows.size() && page.number != 0; ++at) {
+            for (const bool withNext : {false, true}) {
+                TableHeading found = tableHeadingIn(page, at, withNext);
+                heading = listsPolicies(found, page.isRecognised) ? std::move(found) : heading;
+            }
+            const Row& row = page.rows[at];
+            if (heading && at > heading->row && hasFirmAmount(row)
+                && isNumber(row.words.front().text)) {
+                const PageRows& part = parts.emplace_back(rowAsPage(page, at, *heading));
+                policies.push_back({row.words.front().text, {&part, 0, part.rows.size()}});
+            }
+        }
+    }
+    return policies;
+}
 
 /// The policies of a document, each up to the next.
 std::vector<Policy> policiesOf(const DocumentRows& document) {
@@ -134,7 +171,11 @@ bool isAnnuity(const DocumentRows& document) {
 }
 
 bool proposePolicies(const KindContext& context, ProposalDraft& draft) {
-    const auto policies = policiesOf(context.document);
+    std::deque<PageRows> parts;
+    auto policies = policiesOfTable(context.document, parts);
+    if (policies.size() < 2) {
+        policies = policiesOf(context.document);
+    }
     if (policies.size() < 2) {
         return false;
     }

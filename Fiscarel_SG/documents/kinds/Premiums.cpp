@@ -126,7 +126,8 @@ void takeWholeOfRow(FoundAmount& found) {
         if (amount.amount.isFirm()) {
             sum = sum + amount.amount.value;
             ++count;
-            const bool isLarger = largest == nullptr || amount.amount.value > largest->amount.value;
+            const bool isLarger =
+                largest == nullptr || amount.amount.value.abs() > largest->amount.value.abs();
             largest = isLarger ? &amount : largest;
         }
     }
@@ -306,6 +307,7 @@ void proposeReduction(const KindContext& context, RecordsByKind& records, Propos
         found, [](const FoundAmount& one) { return columnCheck(one).has_value(); });
     const bool isDisputed = !whole && summed == found.end() && differ(found);
     chosen = whole ? *whole : summed != found.end() ? *summed : chosen;
+    takeWholeOfRow(chosen);
     auto checks = witnessChecks(ranges, reductions(), chosen);
     if (whole) {
         checks.push_back(togetherCheck(chosen.value().abs()));

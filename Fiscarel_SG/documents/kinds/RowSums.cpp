@@ -26,7 +26,7 @@ const RowAmount* sumOfRow(const Row& row) {
         if (!amount.amount.isFirm()) {
             continue; // years, days
         }
-        if (count >= 2 && amount.amount.value == sum && sum >= 1) {
+        if (count >= 2 && amount.amount.value == sum && sum.abs() >= 1) {
             return &amount;
         }
         sum = sum + amount.amount.value;

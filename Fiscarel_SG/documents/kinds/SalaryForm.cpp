@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/documents/kinds/SalaryForm.h"
 
+#include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/kinds/FormHeader.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
 
@@ -176,18 +177,20 @@ bool canBeAmount(const RowAmount& amount) {
            || (!amount.amount.isYearLike() && amount.amount.value.abs() >= 100);
 }
 
-/// Puts each row's last amount to the label nearest in height.
+/// Puts each row's last amount, or that of the newest year, to the label nearest in height.
 void takeAmounts(const PageRows& page, const std::vector<Anchor>& anchors, SalaryForm& form) {
     std::map<SalaryBox, double> distances;
-    for (const Row& row : page.rows) {
-        if (row.amounts.empty() || !canBeAmount(row.amounts.back())) {
+    for (std::size_t at = 0; at < page.rows.size(); ++at) {
+        const Row& row = page.rows[at];
+        const RowAmount* own = lastOrNewest(page, at);
+        if (own == nullptr || !canBeAmount(*own)) {
             continue;
         }
-        const RowAmount& amount = row.amounts.back();
+        const RowAmount& amount = *own;
         const double middle = (amount.place.top + amount.place.bottom) / 2;
         const auto distance = [&](const Anchor& anchor) {
-            const double own = std::abs(anchor.row->middle() - middle);
-            return anchor.row == &row ? own / 4 : own;
+            const double apart = std::abs(anchor.row->middle() - middle);
+            return anchor.row == &row ? apart / 4 : apart;
         };
         const auto nearest = std::ranges::min_element(anchors, {}, distance);
         if (nearest == anchors.end() || nearest->box == SalaryBox::none

@@ -1,8 +1,9 @@
-#include "Fiscarel_SG/documents/kinds/AmountFinder.h"
+#include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/kinds/DocumentFacts.h"
 #include "Fiscarel_SG/documents/kinds/FormHeader.h"
 #include "Fiscarel_SG/documents/kinds/People.h"
-#include "Fiscarel_SG/documents/kinds/SalaryForm.h"
+#include "Fiscarel_SG/documents/kinds/SalaryTable.h"
+#include "Fiscarel_SG/documents/kinds/SalaryWords.h"
 
 #include <algorithm>
 #include <array>
@@ -14,45 +15,6 @@ namespace {
 using enum Concept;
 
 constexpr std::size_t mostCandidates = 6; ///< for a box
-
-struct BoxWords {
-    SalaryBox box;
-    Wanted wanted;
-    Labels vague = {}; ///< words that mean it among the amounts of a wage only
-};
-
-/// What a list calls the boxes of the form; the surest meaning first.
-const std::array<BoxWords, 5>& boxWords() {
-    static const Labels employers{"Arbeitgeber*", "employeur", "datore"};
-    static const std::array<BoxWords, 5> rows{
-        BoxWords{SalaryBox::gross,
-                 {{},
-                  employers,
-                  true,
-                  {{gross, wage, total},
-                   {gross, wage},
-                   {gross, total},
-                   {gross},
-                   {wage, total},
-                   {wage, yearly},
-                   {wage}},
-                  {net, other, pension}},
-                 {"*Einkünfte", "Einkommen", "Entrate", "revenus", "earnings"}},
-        BoxWords{SalaryBox::net,
-                 {{}, employers, true, {{net, wage}, {net}}, {gross, other, pension}}},
-        BoxWords{SalaryBox::buyIn, {{}, employers, true, {{buyIn}}, {possible}}},
-        BoxWords{SalaryBox::social,
-                 {{}, employers, true, {{social, total}, {social}}, {gross, net, buyIn}}},
-        BoxWords{SalaryBox::pensionFund,
-                 {{},
-                  employers,
-                  true,
-                  {{occupational, total}, {occupational}, {ordinary}},
-                  {gross, net, buyIn, social}},
-                 {"*vorsorge*", "PK", "PK-*", "*pension*", "prévoyance*", "previdenza*"}},
-    };
-    return rows;
-}
 
 using Candidates = std::vector<std::optional<FoundAmount>>;
 
@@ -184,9 +146,9 @@ class Deductions {
     Deductions(const FoundAmount& gross, const FoundAmount& net) {
         const PageRows& page = *gross.page;
         for (std::size_t at = gross.row + 1; at < net.row; ++at) {
-            const Row& row = page.rows[at];
-            if (!row.amounts.empty() && row.amounts.back().amount.isFirm()) {
-                take(row, row.amounts.back(), page.isRecognised);
+            const RowAmount* amount = lastOrNewest(page, at);
+            if (amount != nullptr && amount->amount.isFirm()) {
+                take(page.rows[at], *amount, page.isRecognised);
             }
         }
     }
@@ -453,6 +415,10 @@ std::vector<SalaryForm> readSalaryLists(const DocumentRows& document) {
         return pages;
     }
     auto form = readAmounts(wholeDocument(document));
+    if (!form || !isProven(*form)) {
+        auto ofTable = readSalaryTable(document);
+        form = ofTable ? std::move(ofTable) : std::move(form);
+    }
     if (!form) {
         return {};
     }

@@ -227,6 +227,48 @@ std::vector<PageRows> columnsAsPages(const PageRows& page, std::size_t from,
     return parts;
 }
 
+PageRows rowAsPage(const PageRows& page, std::size_t at, const TableHeading& heading) {
+    const Row& row = page.rows[at];
+    std::vector<LabelPlace> columns;
+    for (const TableColumn& column : heading.columns) {
+        columns.push_back(column.place);
+    }
+    std::vector<std::vector<RowWord>> own(columns.size());
+    for (const LabelPlace& cell : cellsOf(row)) {
+        const auto amount = std::ranges::find_if(row.amounts, [&](const RowAmount& one) {
+            return one.first >= cell.first && one.last <= cell.last;
+        });
+        const auto column = amount != row.amounts.end() ? heading.columnOf(*amount, page)
+                                                        : columnOver(cell, columns);
+        if (column) {
+            const auto words = wordsOf(row, cell);
+            own[*column].insert(own[*column].end(), words.begin(), words.end());
+        }
+    }
+    PageRows part = withoutRows(page);
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        if (own[i].empty()) {
+            continue;
+        }
+        // A label stands left of its amount, in a row of its own.
+        const double height = row.height();
+        const double move = columns[i].right + height - own[i].front().place.left;
+        std::vector<RowWord> words = heading.columns[i].cell.words;
+        words.insert(words.end(), own[i].begin(), own[i].end());
+        for (std::size_t w = 0; w < words.size(); ++w) {
+            PagePlace& place = words[w].place;
+            if (w >= words.size() - own[i].size()) {
+                place.left += move;
+                place.right += move;
+            }
+            place.top = row.top + static_cast<double>(i) * 2 * height;
+            place.bottom = place.top + height;
+        }
+        part.rows.push_back(rowOfWords(std::move(words), page.isRecognised));
+    }
+    return part;
+}
+
 std::optional<bool> taxednessOf(const Row& words, bool areNamed) {
     static const Labels without{"ohne",        "o. VSt", "nicht",     "sans",
                                 "non soumis*", "senza",  "non sogg*", "verrechnungssteuerfrei*"};

@@ -40,6 +40,9 @@ TableHeading tableHeadingIn(const PageRows& page, std::size_t at, bool withNext)
 std::vector<PageRows> columnsAsPages(const PageRows& page, std::size_t from,
                                      const std::vector<LabelPlace>& columns);
 
+/// A row of a table as a page of its own: each column's heading with what the row has under it.
+PageRows rowAsPage(const PageRows& page, std::size_t at, const TableHeading& heading);
+
 /// Whether words tell that tax was withheld from an income, "mit Verrechnungssteuer", "Ertrag A",
 /// or was not, "ohne VSt", "B"; absent when they do not tell. `areNamed`: letters may be part of a
 /// security's name.

@@ -52,17 +52,30 @@ std::vector<double> pairEdges(const Row& row, bool areBare) {
     return isAfterAmount ? edges : std::vector<double>();
 }
 
+bool crossesEdges(const Row& row, const std::vector<double>& edges) {
+    return std::ranges::any_of(cellsOf(row), [&](const LabelPlace& cell) {
+        return std::ranges::any_of(edges, [&](double edge) {
+            return cell.left < edge - aligned && cell.right > edge - 1;
+        });
+    });
+}
+
 bool fitsEdges(const Row& row, const std::vector<double>& edges) {
-    bool begins = false;
-    for (const LabelPlace& cell : cellsOf(row)) {
-        for (const double edge : edges) {
-            begins |= std::abs(cell.left - edge) <= aligned;
-            if (cell.left < edge - aligned && cell.right > edge - 1) {
-                return false;
-            }
-        }
-    }
-    return begins;
+    const bool begins = std::ranges::any_of(cellsOf(row), [&](const LabelPlace& cell) {
+        return std::ranges::any_of(
+            edges, [&](double edge) { return std::abs(cell.left - edge) <= aligned; });
+    });
+    return begins && !crossesEdges(row, edges);
+}
+
+bool repeatsAtEdges(const Row& row, const std::vector<double>& edges) {
+    const Cells cells = cellsOf(row);
+    return !cells.empty() && std::ranges::all_of(edges, [&](double edge) {
+        return std::ranges::any_of(cells, [&](const LabelPlace& cell) {
+            return std::abs(cell.left - edge) <= aligned
+                   && row.words[cell.first].folded == row.words[cells.front().first].folded;
+        });
+    });
 }
 
 bool isLeftOf(const Row& row, const std::vector<double>& edges) {

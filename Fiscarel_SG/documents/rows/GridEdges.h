@@ -17,6 +17,10 @@ bool hasOnlyValues(const Row& row);
 std::vector<double> pairEdges(const Row& row, bool areBare = false);
 /// Whether a row may be cut at edges: a cell begins at one of them, and none goes across.
 bool fitsEdges(const Row& row, const std::vector<double>& edges);
+/// Whether a cell of a row goes across one of the edges.
+bool crossesEdges(const Row& row, const std::vector<double>& edges);
+/// Whether a row that fits edges begins with the same word behind each: "Typ A   Typ B".
+bool repeatsAtEdges(const Row& row, const std::vector<double>& edges);
 /// Whether all of a row stands left of the second column.
 bool isLeftOf(const Row& row, const std::vector<double>& edges);
 /// Rows above each other, the lower one with amounts, that make a grid of labels and values: index

@@ -33,6 +33,8 @@ double gapBetween(const Row& above, const Row& below, bool isRecognised) {
     return height <= 0 ? 0 : isRecognised ? gap / height / tightness : gap / height;
 }
 
+constexpr double headGap = 2.5; ///< below the head of a panel, in heights of a row
+
 class Arrangement {
   public:
     explicit Arrangement(PageRows page) : page_(std::move(page)) {
@@ -128,8 +130,10 @@ class Arrangement {
         }
         end_ = at + 1;
         // Panels beside each other need not have their rows at the same heights.
-        for (std::size_t next = end_; next < rows.size() && gap(next - 1) < 1.5; ++next) {
-            if (fitsEdges(rows[next], edges)) {
+        for (std::size_t next = end_; next < rows.size() && isPanelRow(next - 1, edges); ++next) {
+            if (fitsEdges(rows[next], edges)
+                || (hasOnlyAmounts(rows[next]) && rows[next].amounts.size() == edges.size() + 1
+                    && !crossesEdges(rows[next], edges))) {
                 end_ = next + 1;
             } else if (!isLeftOf(rows[next], edges) || rows[next].amounts.empty()) {
                 break;
@@ -137,6 +141,12 @@ class Arrangement {
         }
         keepColumns(at, edges);
         return true;
+    }
+
+    /// Whether the row below one is near enough to go on with panels: a head that is the same word
+    /// over each may stand farther off.
+    bool isPanelRow(std::size_t at, const std::vector<double>& edges) const {
+        return gap(at) < (repeatsAtEdges(page_.rows[at], edges) ? headGap : 1.5);
     }
 
     /// The rows up to `end_` cut at edges, one column below the other.
@@ -174,18 +184,19 @@ class Arrangement {
     /// The edges of pairs that begin in one of the next rows, where each row before heads them all:
     /// a name over each column, with a day of birth below.
     std::vector<double> edgesOfCards(std::size_t at) const {
-        constexpr std::size_t mostTitles = 3;
+        constexpr std::size_t mostTitles = 6;
         const auto& rows = page_.rows;
         for (std::size_t next = at + 1; next < rows.size() && next - at <= mostTitles; ++next) {
-            if (gap(next - 1) >= 1.5 || hasFirmAmount(rows[next - 1])) {
+            if (gap(next - 1) >= headGap || hasFirmAmount(rows[next - 1])) {
                 break;
             }
             const std::vector<double> edges = pairEdges(rows[next]);
             const auto isTitle = [&](const Row& row) {
-                return cellsOf(row).size() == edges.size() + 1 && fitsEdges(row, edges);
+                return fitsEdges(row, edges)
+                       && (cellsOf(row).size() == edges.size() + 1 || repeatsAtEdges(row, edges));
             };
             const auto first = rows.begin() + static_cast<std::ptrdiff_t>(at);
-            if (!edges.empty()
+            if (!edges.empty() && isPanelRow(next - 1, edges)
                 && std::all_of(first, first + static_cast<std::ptrdiff_t>(next - at), isTitle)) {
                 return edges;
             }

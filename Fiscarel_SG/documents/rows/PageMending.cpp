@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/rows/PageMending.h"
 
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
+#include "Fiscarel_SG/documents/rows/HouseNumbers.h"
 #include "Fiscarel_SG/documents/rows/IbanMending.h"
 
 #include <algorithm>
@@ -117,6 +118,7 @@ void mend(PageRows& page) {
         std::ranges::for_each(page.rows, mendIbans);
     }
     joinOverLines(page);
+    hideHouseNumbers(page);
     firmColumns(page);
 }
 

@@ -76,6 +76,14 @@ ScanResult DrawnPage::proposed() const {
     return result;
 }
 
+ScanResult proposedFrom(const std::vector<Put>& puts) {
+    DrawnPage page;
+    for (const Put& put : puts) {
+        put.isRight ? page.right(put.x, put.y, put.words) : page.text(put.x, put.y, put.words);
+    }
+    return page.proposed();
+}
+
 std::vector<std::string> valuesOf(const ScanResult& result, std::size_t record) {
     std::vector<std::string> values;
     for (const Proposal& proposal : result.proposals) {

@@ -40,6 +40,18 @@ class DrawnPage {
     PageReading page_;
 };
 
+/// Words that begin at `x`, or end there.
+struct Put {
+    double x = 0;
+    double y = 0;
+    const char* words = "";
+    bool isRight = false;
+};
+constexpr bool right = true;
+
+/// What is proposed from a page of such words.
+ScanResult proposedFrom(const std::vector<Put>& puts);
+
 /// "grossSalary=68000 high" for each proposal of a record, in its order.
 std::vector<std::string> valuesOf(const ScanResult& result, std::size_t record = 0);
 /// The value of a field of a record; empty when nothing is proposed.

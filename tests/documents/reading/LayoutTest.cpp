@@ -9,14 +9,6 @@ namespace {
 
 using Kind = StoredDocument::Kind;
 
-/// Words at a place; with `isRight` they end there.
-struct Put {
-    double x = 0;
-    double y = 0;
-    const char* words = "";
-    bool isRight = false;
-};
-
 /// A page in a layout of its own and the amounts it states, each as "field=value".
 struct Layout {
     const char* name;
@@ -24,8 +16,6 @@ struct Layout {
     std::vector<Put> puts;
     std::vector<std::string> wanted; ///< all amounts that may be proposed, in any order
 };
-
-constexpr bool right = true;
 
 std::vector<Layout> placesOfLabels() {
     using enum Kind;
@@ -402,15 +392,77 @@ std::vector<Layout> peopleAndTraps() {
            "Die Kommission hat den Verkehrswert auf CHF 1’136’000.00 und den Mietwert auf CHF"},
           {60, 132, "30’600.00 festgelegt. Die Kosten der Schätzung betragen CHF 510.00."}},
          {"taxValue=1136000", "imputedRentalValue=30600"}},
+        {"a wage beside that of the year before",
+         lohnausweis,
+         {{60, 90, "Attestation de salaire 2022"},
+          {400, 120, "2022", right},
+          {530, 120, "2021", right},
+          {60, 135, "Salaire brut"},
+          {400, 135, "124’400.00", right},
+          {530, 135, "118’700.00", right},
+          {60, 150, "Cotisations AVS/AI/APG/AC"},
+          {400, 150, "8’898.25", right},
+          {530, 150, "8’878.75", right},
+          {60, 165, "Salaire net"},
+          {400, 165, "115’501.75", right},
+          {530, 165, "109’821.25", right}},
+         {"grossSalary=124400", "socialContributions=8898.25", "netSalaryOverride=115501.75"}},
+        {"wages of two years below headings of two lines",
+         lohnausweis,
+         {{60, 90, "Attestato di stipendio 2024"},
+          {60, 120, "Periodo"},
+          {220, 120, "Stipendio", right},
+          {330, 120, "AVS/AI/IPG", right},
+          {430, 120, "LPP", right},
+          {530, 120, "Stipendio", right},
+          {220, 132, "lordo", right},
+          {330, 132, "AD/AINP", right},
+          {430, 132, "contributi", right},
+          {530, 132, "netto", right},
+          {60, 150, "2023"},
+          {220, 150, "103’000.00", right},
+          {330, 150, "7’685.85", right},
+          {430, 150, "6’589.00", right},
+          {530, 150, "88’725.15", right},
+          {60, 165, "2024"},
+          {220, 165, "94’960.00", right},
+          {330, 165, "6’961.10", right},
+          {430, 165, "3’855.55", right},
+          {530, 165, "84’143.35", right}},
+         {"grossSalary=94960", "socialContributions=6961.1", "pensionContributions=3855.55",
+          "netSalaryOverride=84143.35"}},
+        {"a patient whose house has the number 3a",
+         arztrechnung,
+         {{60, 60, "Apotheke Muster"},
+          {340, 70, "Anna Muster"},
+          {340, 82, "Im Grund 3a"},
+          {340, 94, "9500 Wil SG"},
+          {60, 130, "Bezüge in unserer Apotheke 2024"},
+          {60, 160, "Medikamente auf Rezept"},
+          {530, 160, "648.40", right},
+          {60, 175, "Total"},
+          {530, 175, "648.40", right}},
+         {"gross=648.4"}},
+        {"premiums with a column for each of a family",
+         krankenkasse,
+         {{60, 60, "Cassa malati Muster"},
+          {60, 90, "Certificato dei premi 2024"},
+          {280, 120, "Daniela", right},
+          {360, 120, "Tiziano", right},
+          {530, 120, "Totale", right},
+          {60, 135, "Data di nascita"},
+          {280, 135, "13.05.1982", right},
+          {360, 135, "10.04.1981", right},
+          {60, 150, "Premi lordi"},
+          {280, 150, "4’636.20", right},
+          {360, 150, "5’820.00", right},
+          {530, 150, "10’456.20", right},
+          {60, 165, "Riduzione dei premi"},
+          {280, 165, "-893.65", right},
+          {360, 165, "-319.95", right},
+          {530, 165, "-1’213.60", right}},
+         {"healthInsurancePremiums=10456.2", "premiumReduction=1213.6"}},
     };
-}
-
-ScanResult proposedFor(const Layout& layout) {
-    DrawnPage page;
-    for (const Put& put : layout.puts) {
-        put.isRight ? page.right(put.x, put.y, put.words) : page.text(put.x, put.y, put.words);
-    }
-    return page.proposed();
 }
 
 TEST(Layout, amountsFindTheirLabelsHoweverAPageIsSet) {
@@ -419,7 +471,7 @@ TEST(Layout, amountsFindTheirLabelsHoweverAPageIsSet) {
         layouts.insert(layouts.end(), part.begin(), part.end());
     }
     for (const Layout& layout : layouts) {
-        const ScanResult result = proposedFor(layout);
+        const ScanResult result = proposedFrom(layout.puts);
         EXPECT_EQ(result.proposedKind, layout.kind) << layout.name;
         std::vector<std::string> values;
         for (const Proposal& one : result.proposals) {
@@ -472,7 +524,7 @@ TEST(Layout, papersThatOnlyLookLikeOneGiveNothing) {
 }
 
 TEST(Layout, placesTellWhereAnAmountReallyStands) {
-    const ScanResult result = proposedFor(placesOfLabels().front());
+    const ScanResult result = proposedFrom(placesOfLabels().front().puts);
     const Proposal* fund = proposalOf(result, "pensionContributions");
     ASSERT_NE(fund, nullptr);
     ASSERT_TRUE(fund->box);

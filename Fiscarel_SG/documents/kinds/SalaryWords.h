@@ -1,0 +1,21 @@
+#pragma once
+
+#include "Fiscarel_SG/documents/kinds/AmountFinder.h"
+#include "Fiscarel_SG/documents/kinds/SalaryForm.h"
+
+#include <array>
+
+namespace fiscarel {
+
+/// How papers that have not the form's layout call one of its boxes.
+struct BoxWords {
+    SalaryBox box;
+    Wanted wanted;     ///< the surest meaning first
+    Labels vague = {}; ///< words that mean it among the amounts of a wage only
+};
+
+/// Gross and net first, then the deductions from the most special to the most common: a purchase
+/// of benefits, the social insurances, the pension fund.
+const std::array<BoxWords, 5>& boxWords();
+
+} // namespace fiscarel
