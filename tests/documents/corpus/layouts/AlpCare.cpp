@@ -1,4 +1,4 @@
-#include "tests/documents/corpus/layouts/AlpFacts.h"
+#include "tests/documents/corpus/layouts/facts/Tale.h"
 
 // Layouts of day care: tables by kind of cost, by month and child, blocks side by side, letters.
 
@@ -6,7 +6,7 @@ namespace corpus {
 namespace {
 
 const std::vector<Sheet> careSheets{
-    {"childcare", "a-cost-kinds", "de", false, alpCostKindsFacts, R"(
+    {"childcare", "a-cost-kinds", "de", false, "costKinds", R"(
         head 0 both
         title [Kostenzusammenstellung {year}|Familienabrechnung {year}|Aufschlüsselung der Elternrechnungen {year}]
         cols 22 104r 130r 156r 190r
@@ -20,11 +20,11 @@ const std::vector<Sheet> careSheets{
         rule
         tb [Von Ihnen überwiesen|Rechnungstotal] ; {p1} ; {p2} ; {p3} ; {paid}
         gap 4
-        line {kid1} ({born1}), {kid2} ({born2}), {kid3} ({born3})
+        line {who1} ({born1}), {who2} ({born2}), {who3} ({born3})
         small Essen, Windeln und Ausflüge gehören zu den Lebenshaltungskosten und können nicht abgezogen werden.)"},
-    {"childcare", "a-month-by-child", "de", false, alpMonthListFacts, R"(
+    {"childcare", "a-month-by-child", "de", false, "monthsByChild", R"(
         head 4 both
-        bold [Betreuungsnachweis {year}|Anwesenheit und Kosten {year}]: {kid1}, {born1}, und {kid2}, {born2}
+        bold [Betreuungsnachweis {year}|Anwesenheit und Kosten {year}]: {who1}, {born1}, und {who2}, {born2}
         cols 22 60 120r 170r
         th Monat ; Kind ; Tage ; Franken
         rule
@@ -33,7 +33,7 @@ const std::vector<Sheet> careSheets{
         tb {year} ; {first1} ; ; {t1}
         tb {year} ; {first2} ; ; {t2}
         tr ; beide Kinder ; ; {total})"},
-    {"childcare", "a-month-bill", "de", true, alpMonthBillFacts, R"(
+    {"childcare", "a-month-bill", "de", true, "careMonthBill", R"(
         head 1 one
         title [Monatsrechnung|Rechnung] {month}
         line Rechnung {number}, {child}. Zahlbar bis {due}
@@ -42,7 +42,7 @@ const std::vector<Sheet> careSheets{
         sum [Total {month}|Rechnungsbetrag] ; {total}
         small [Voraussichtliche Kosten des ganzen Jahres gemäss Vertrag|Budget für das Betreuungsjahr]: {budget!}. Vormonat {before!}, dankend erhalten. Die Jahresbestätigung folgt im Februar.
         bill total {number})"},
-    {"childcare", "a-refund", "de", false, alpCareRefundFacts, R"(
+    {"childcare", "a-refund", "de", false, "careRefund", R"(
         head 6 one
         title [Jahresrechnung mit Gutschriften|Abrechnung {year} nach Rückvergütung]
         line {child}, geboren am {childbirth}
@@ -58,13 +58,13 @@ const std::vector<Sheet> careSheets{
         sum [Nach Abzug der Gutschriften von Ihnen getragen|Effektive Betreuungskosten {year}|Ihnen verbleibende Kosten] ; {paid~}
         gap 2
         small Beim Austritt zahlen wir Ihnen das Depot von {deposit!} zurück; es ist keine Betreuungsleistung.)"},
-    {"childcare", "a-family-total", "de", false, alpFamilyTotalFacts, R"(
+    {"childcare", "a-family-total", "de", false, "careTotal", R"(
         head 5 both
         bold [Bestätigung für beide Kinder|Bestätigung {year}]
         text Guten Tag
-        text [{kid1} und {kid2} besuchten {year} unsere Gruppen. Die gesamten Betreuungskosten beider Kinder, die Sie uns überwiesen haben, betragen {total!}.|Für die Betreuung Ihrer Kinder {kid1} ({born1}) und {kid2} ({born2}) haben Sie uns im Jahr {year} zusammen {total!} bezahlt. Mahlzeiten sind nicht enthalten.]
+        text [{who1} und {who2} besuchten {year} unsere Gruppen. Die gesamten Betreuungskosten beider Kinder, die Sie uns überwiesen haben, betragen {total!}.|Für die Betreuung Ihrer Kinder {who1} ({born1}) und {who2} ({born2}) haben Sie uns im Jahr {year} zusammen {total!} bezahlt. Mahlzeiten sind nicht enthalten.]
         text [Eine Aufteilung auf die Kinder stellen wir auf Wunsch zu.|Der Tagestarif von {rate!} gilt für beide Kinder.])"},
-    {"childcare", "a-camps", "de", false, alpCampFacts, R"(
+    {"childcare", "a-camps", "de", false, "camps", R"(
         head 2 both
         title [Ferienwochen {year}: Quittung|Betreute Ferienwochen {year}|Tageslager {year}, Übersicht für die Eltern]
         cols 22 52 82 112 170r
@@ -75,7 +75,7 @@ const std::vector<Sheet> careSheets{
         each children !colon {who}, {born} ; {paid!}
         gap 2
         text [Alles wurde vor den Wochen bezahlt, gesamthaft {total!}.|Bezahlt wurden {total!}; ein einzelner Tag kostet {day!}.])"},
-    {"childcare", "a-playgroup", "de", false, alpPlaygroupFacts, R"(
+    {"childcare", "a-playgroup", "de", false, "playgroup", R"(
         head 3 one
         bold [Quittung Spielgruppenjahr {year}|Spielgruppe: Zahlungen {year}]
         line {child}, {childbirth}
@@ -88,13 +88,13 @@ const std::vector<Sheet> careSheets{
         rule
         tr {all} ; alle Zahlungen ;
         small Bastelmaterial, Znüni und Vereinsbeitrag gelten nicht als Betreuungskosten.)"},
-    {"childcare", "a-firm-share", "de", false, alpEmployerCareFacts, R"(
+    {"childcare", "a-firm-share", "de", false, "careAlone", R"(
         head 1 both
         title [Firmenkita: Jahresbestätigung|Betriebskindertagesstätte, Kostenausweis] {year}
         text [{firm} beteiligt sich an den Plätzen ihrer Mitarbeitenden und bezahlt ihren Anteil direkt an uns.|Die Plätze werden von {firm} mitgetragen.] Kind: {child}, {childbirth}
         side Vollkosten des Platzes ; {full} ; Anteil {firm} ; {-employer}
         below {paid!} ; [Anteil der Eltern, steuerlich massgebend|Eltern: bezahlt {year}] ; {month!} ; Vollkosten je Monat)"},
-    {"childcare", "a-child-rows", "de", false, alpCareRowsFacts, R"(
+    {"childcare", "a-child-rows", "de", false, "siblings", R"(
         wide
         head 0 both
         title [Drei Kinder, ein Beleg: {year}|Tarifausweis Geschwister {year}|Elternabrechnung {year} je Kind]
@@ -106,7 +106,7 @@ const std::vector<Sheet> careSheets{
         tb ; ; ; {full} ; {-discount} ; {-aid} ; {net} ; {meals}
         gap 2
         small Der Elternbeitrag versteht sich ohne Essen. Insgesamt einbezahlt: {all!}.)"},
-    {"childcare", "a-deux-enfants", "fr", false, alpCarePairFacts, R"(
+    {"childcare", "a-deux-enfants", "fr", false, "twoSiblings", R"(
         head 0 both
         title [Décompte annuel des parents {year}|Attestation {year} pour deux enfants]
         per children
@@ -120,7 +120,7 @@ const std::vector<Sheet> careSheets{
         endper
         gap 3
         text [Pour les deux enfants, les frais de garde s'élèvent à {net!} et les repas à {meals!}.|Total versé, repas compris: {all!}.])"},
-    {"childcare", "a-mesi", "it", false, alpCareMonthsFacts, R"(
+    {"childcare", "a-mesi", "it", false, "careMonths", R"(
         head 6 one
         title [Rendiconto delle rette {year}|Riepilogo {year} per la dichiarazione d'imposta]
         line {child}, {childbirth}
@@ -131,7 +131,7 @@ const std::vector<Sheet> careSheets{
         rule
         tb Totale {year} ; ; {care} ; {meals} ; {sum}
         text [Deducibili sono le sole spese di custodia; i pasti non si deducono.|Spese di custodia deducibili: {care!}.])"},
-    {"childcare", "a-accueillante", "fr", false, alpDayMotherFacts, R"(
+    {"childcare", "a-accueillante", "fr", false, "dayMother", R"(
         head 2 one
         title [Accueil familial de jour: décompte {year}|Heures de garde {year}]
         cols 22 78r 104r 134r 160r 190r
@@ -141,7 +141,7 @@ const std::vector<Sheet> careSheets{
         rule
         tb [Ensemble|Famille] ; ; ; ; ; {total}
         small Repas facturés par l'accueillante: {meals!}, non compris.)"},
-    {"childcare", "a-daycare-en", "en", false, alpCareExpatFacts, R"(
+    {"childcare", "a-daycare-en", "en", false, "careInEnglish", R"(
         head 5 both
         title [Childcare statement for your tax return {year}|Confirmation of childcare payments {year}]
         text [Dear parents|Dear family {last}]
@@ -156,7 +156,7 @@ const std::vector<Sheet> careSheets{
 
 /// Two children beside each other, each with an own column of labels and amounts.
 void sideBySide(Draft& draft) {
-    const Facts facts = alpCarePairFacts(draft);
+    const Facts facts = told(draft, "twoSiblings");
     Paper& paper = draft.paper;
     paper.newPage();
     draft.letterHead(draft.random.between(0, 2), draft.family.one.name());

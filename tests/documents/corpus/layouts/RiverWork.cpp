@@ -1,4 +1,4 @@
-#include "tests/documents/corpus/layouts/RiverFacts.h"
+#include "tests/documents/corpus/layouts/facts/Tale.h"
 
 #include <algorithm>
 
@@ -47,17 +47,13 @@ double panel(Draft& draft, double x, double step, const QString& title,
 }
 
 void drawPanels(Draft& draft) {
-    Facts facts = riverSplitPayFacts(draft);
-    riverWords(draft, facts,
-               {{"title", "Lohnbescheinigung für das Jahr|Jahreslohn, Aufstellung",
-                 "Récapitulation de salaire|Salaire annuel",
-                 "Distinta del salario|Conteggio annuo del salario"},
-                {"born", "geboren am", "né(e) le", "nato/a il"}});
+    const Facts facts = told(draft, "wageSocialSplit");
     const bool compact = draft.random.chance(50);
-    drawScript(draft, facts,
-               compact ? "head 6 one\ntitle {title} {year}\nline {one}, {born} {birth}"
-                       : "head 1 one\ntitle {title} {year}\nline {ahv}, {born} {birth}");
-    const auto a = [&](const char* name) { return facts.amounts[name]; };
+    drawScript(draft, facts, compact ? "head 6 one" : "head 1 one");
+    drawLines(draft, facts, R"(
+        title [Lohnbescheinigung für das Jahr|Jahreslohn, Aufstellung] {year} // [Récapitulation de salaire|Salaire annuel] {year} // [Distinta del salario|Conteggio annuo del salario] {year}
+        line {one}, {ahv}, geboren am {birth} // {one}, {ahv}, né(e) le {birth} // {one}, {ahv}, nato/a il {birth})");
+    const auto a = [&](const char* name) { return facts.amounts.at(name); };
     Paper& paper = draft.paper;
     paper.space(3);
     const double leftEnd =
@@ -111,7 +107,7 @@ QString acrossRow(const char* command, const QString& label, const QString& name
 }
 
 void drawMonthsAcross(Draft& draft) {
-    const Facts facts = riverMonthsPayFacts(draft);
+    const Facts facts = told(draft, "wageMonthsAcross");
     QString script = "wide\nhead 4 one\ntitle [Lohnkonto {year}|Jahreslohnkonto {year}|Lohnblatt "
                      "{year}], {one}\nline AHV-Nummer {ahv}, Geburtsdatum {birth}\ncols 22";
     for (int month = 0; month <= 12; ++month) {
@@ -150,17 +146,13 @@ void printed(Draft& draft, const Posting& one) {
 }
 
 void drawPrintout(Draft& draft) {
-    Facts facts = riverPayFacts(draft);
-    draft.paper.family = "Liberation Mono";
-    riverWords(draft, facts,
-               {{"title", "JAHRESZUSAMMENZUG LOHNARTEN|LOHNARTENLISTE KUMULIERT", "",
-                 "ELENCO CUMULATIVO DELLE VOCI|RIEPILOGO VOCI SALARIALI"},
-                {"person", "PERS", "", "DIP"},
-                {"born", "GEB.", "", "NATO"}});
-    drawScript(draft, facts,
-               "head 5 one\nbold {title} 01-12/{year}\n"
-               "line {person} {#6} {one} {born} {birth} {ahv}");
-    const auto a = [&](const char* name) { return facts.amounts[name]; };
+    const Facts facts = told(draft, "wage");
+    drawScript(draft, facts, R"(
+        mono
+        head 5 one
+        bold [JAHRESZUSAMMENZUG LOHNARTEN|LOHNARTENLISTE KUMULIERT] 01-12/{year} // // [ELENCO CUMULATIVO DELLE VOCI|RIEPILOGO VOCI SALARIALI] 01-12/{year}
+        line PERS {#6} {one} GEB. {birth} {ahv} // // DIP {#6} {one} NATO {birth} {ahv})");
+    const auto a = [&](const char* name) { return facts.amounts.at(name); };
     draft.paper.space(3);
     const std::vector<Posting> lines{
         {"1005", draft.t("MONATSLOHN", "", "SALARIO MENSILE"), "12,00", a("year12")},
@@ -180,7 +172,7 @@ void drawPrintout(Draft& draft) {
         {"5050", draft.t("BVG-BEITRAG", "", "CONTRIBUTO LPP"), {}, a("bvg"), false, true},
         {"6000", draft.t("NETTOLOHN", "", "SALARIO NETTO"), {}, a("net"), true},
         {"6050", draft.t("REISESPESEN", "", "SPESE DI VIAGGIO"), {}, a("travel")},
-        {"6600", draft.t("AUSZAHLUNG", "", "VERSAMENTO"), {}, a("payout"), true},
+        {"6600", draft.t("AUSZAHLUNG", "", "VERSAMENTO"), {}, a("paidout"), true},
         {"9010", draft.t("AG-ANTEIL AHV", "", "QUOTA DATORE AVS"), {}, a("ahvfirm")},
         {"9050", draft.t("AG-ANTEIL BVG", "", "QUOTA DATORE LPP"), {}, a("bvgfirm")},
         {"9070",
@@ -197,7 +189,7 @@ void drawPrintout(Draft& draft) {
 
 /// A card for each month, then the reckoning in a sentence and few figures.
 void drawHomeHelp(Draft& draft) {
-    const Facts facts = riverHomeHelpFacts(draft);
+    const Facts facts = told(draft, "homeHelp");
     drawScript(draft, facts,
                "head 6 one\ntitle [Lohn im Privathaushalt|Lohnabrechnung Haushalthilfe] {year}\n"
                "line {one}, geb. {birth}, AHV {ahv}; Stundenlohn {rate!}");
@@ -232,7 +224,7 @@ void drawHomeHelp(Draft& draft) {
 }
 
 void drawTwoFirms(Draft& draft) {
-    const Facts first = riverPayFacts(draft);
+    const Facts first = told(draft, "wage");
     drawScript(draft, first, R"(
         head 0 one
         title [Lohnmeldung|Bescheinigung Lohnbezug] {year}
@@ -244,7 +236,7 @@ void drawTwoFirms(Draft& draft) {
         tr D ; [B und C|Abzüge B + C] ; ; {deductions}
         tb E ; Nettolohn [(A – D)|A abzüglich D] ; ; {net}
         small Spesenersatz nach Beleg {travel!}. Seite 1 von 1)");
-    const Facts second = riverSecondPayFacts(draft);
+    const Facts second = told(draft, "secondWage");
     drawScript(draft, second, R"(
         head 5 one
         bold [Lohnausweis Nebenamt|Bestätigung der Entlöhnung] {year}
@@ -257,20 +249,20 @@ void drawTwoFirms(Draft& draft) {
 }
 
 const std::vector<Sheet> salaries{
-    {"salary", "r-jobless", "de,fr", false, riverJoblessFacts, R"(
+    {"salary", "r-jobless", "de,fr", false, "jobless", R"(
         head 4 one
-        title {title} {year}
+        title [Bescheinigung über bezogene Leistungen|Leistungsbezug] {year} // [Attestation des indemnités versées|Récapitulatif des indemnités] {year}
         line {one}, {birth}, {ahv}
-        side {tday} ; {day} ; {tinsured} ; {insured}
+        side Taggeld brutto // Indemnité journalière brute ; {day} ; Versicherter Verdienst im Monat // Gain assuré par mois ; {insured}
         gap 3
         cols 22 72r 96r 120r 142r 164r 190r
-        th {period} ; {tdays} ; {tgross} ; {tahv} ; {tbvg} ; {tnbu} ; {tnet}
+        th [Kontrollperiode|Monat] // [Période de contrôle|Mois] ; [Taggelder|Tage] // [Indemnités|Jours] ; Brutto // Brut ; AHV/IV/EO // AVS/AI/APG ; BVG // LPP ; NBU // AANP ; Netto // Net
         rule
         each months {month} ; {days} ; {gross} ; {avs} ; {bvg} ; {nbu} ; {net}
         rule
-        tb {tsum} ; {days} ; {gross} ; {avs} ; {bvg} ; {nbu} ; {net}
-        text {told})"},
-    {"salary", "r-accident-days", "de", false, riverAccidentDaysFacts, R"(
+        tb [Jahr|Zusammen] // [Année|Ensemble] ; {days} ; {gross} ; {avs} ; {bvg} ; {nbu} ; {net}
+        text In die Steuererklärung gehört der Betrag in der Spalte «Netto». // Le montant de la colonne «Net» est à reporter dans la déclaration d'impôt.)"},
+    {"salary", "r-accident-days", "de", false, "accidentDays", R"(
         head 5 one
         bold [Steuerausweis Taggelder {year}|Bestätigung der Taggelder {year}], Schaden {case}
         text [Für die Folgen Ihres Unfalls vom {accident} haben wir Ihnen folgende Taggelder ausgerichtet.|Unfall vom {accident}: Taggeldleistungen]
@@ -280,7 +272,7 @@ const std::vector<Sheet> salaries{
         rule
         mid [Taggelder des Jahres|Ausgerichtete Taggelder|Taggeldsumme] ; {total!}
         small Das volle Taggeld beträgt {rate!} (80 % von {insured!} durch 365). Heilungskosten von {doctor!} haben wir direkt bezahlt; sie sind nicht zu versteuern.)"},
-    {"salary", "r-maternite", "fr", false, riverMaternityFacts, R"(
+    {"salary", "r-maternite", "fr", false, "maternity", R"(
         head 2 one
         title [Allocation de maternité|Allocations pour perte de gain (maternité)] {year}
         line Assurée: {one}, {ahv}. Naissance le {birthday}. Indemnité journalière {day!}
@@ -290,7 +282,7 @@ const std::vector<Sheet> salaries{
         each periods {from} – {until} ; {whom} ; {days} ; {gross} ; {-social} ; {net}
         rule
         text [Seules les allocations qui vous ont été versées directement sont à déclarer, soit {net!} net. Le reste figure sur votre certificat de salaire.|Montant à déclarer: {net!} (versé sur votre compte). L'allocation versée à l'employeur est comprise dans votre salaire.])"},
-    {"salary", "r-maternita", "it", false, riverMaternityFacts, R"(
+    {"salary", "r-maternita", "it", false, "maternity", R"(
         head 0 one
         title [Indennità di maternità|Indennità per perdita di guadagno] {year}
         line {one}, N. AVS {ahv}, parto del {birthday}
@@ -303,7 +295,7 @@ const std::vector<Sheet> salaries{
         rule
         sum [Da dichiarare: indennità nette versate a Lei|Reddito imponibile (versato direttamente)] ; {net~}
         small Indennità giornaliera {day!}. La parte versata al datore di lavoro figura nel certificato di salario.)"},
-    {"salary", "r-council", "de", false, riverCouncilFacts, R"(
+    {"salary", "r-council", "de", false, "council", R"(
         head 1 one
         title [Entschädigung Behördenmitglied|Sitzungsgelder und Pauschalen] {year}
         line {one}, geb. {birth}, {ahv}
@@ -316,7 +308,7 @@ const std::vector<Sheet> salaries{
         sum [Entschädigung netto|Nettolohn] ; {net}
         entry Spesenpauschale, bewilligt ; {expenses}
         entry Auszahlung im Dezember ; {payout})"},
-    {"salary", "r-wagetax", "de", false, riverWageTaxFacts, R"(
+    {"salary", "r-wagetax", "de", false, "wageTaxMonths", R"(
         head 3 one
         title [Lohnsteuerausweis|Lohn- und Lohnsteuerkonto] {year}
         line {one}, geboren {birth}, PEID {#7}
@@ -335,7 +327,7 @@ const std::vector<Sheet> salaries{
         cell Lohnsteuer (4 %), abgeliefert ; {wagetax}
         cell Gemeinde ; {home}
         endgrid)"},
-    {"salary", "r-corrected", "de", false, riverCorrectedPayFacts, R"(
+    {"salary", "r-corrected", "de", false, "correctedWage", R"(
         head 0 one
         title [Berichtigte Lohnbescheinigung|Korrektur Ihres Lohnausweises|Ersatz-Lohnausweis] {year}
         text [Unser Lohnausweis vom {first} enthielt eine Prämie nicht. Bitte verwenden Sie für die Steuererklärung die Spalte «richtig».|Die Bescheinigung vom {first} ist ungültig. Massgebend sind die Beträge unter «richtig».]
@@ -350,7 +342,7 @@ const std::vector<Sheet> salaries{
 };
 
 const std::vector<Sheet> nothings{
-    {"other", "r-simplified", "de", false, riverSimplifiedFacts, R"(
+    {"other", "r-simplified", "de", false, "simplifiedWage", R"(
         head 0 one
         title [Bescheinigung vereinfachtes Abrechnungsverfahren|Abrechnung nach dem vereinfachten Verfahren (BGSA)] {year}
         text Arbeitgeber: {household}. Arbeitnehmerin, Arbeitnehmer: {one}, {ahv}
@@ -359,7 +351,7 @@ const std::vector<Sheet> nothings{
         dots Quellensteuer 5 % (Bund, Kanton und Gemeinde) ; {-tax}
         sum Ausbezahlt ; {net}
         text [Mit der Quellensteuer sind die Steuern auf diesem Lohn abschliessend bezahlt. Er ist nicht mehr als Einkommen zu deklarieren.|Dieser Lohn ist durch den Steuerabzug von 5 % endgültig besteuert und gehört nicht in die Steuererklärung.])"},
-    {"other", "r-simplifiee", "fr", false, riverSimplifiedFacts, R"(
+    {"other", "r-simplifiee", "fr", false, "simplifiedWage", R"(
         head 4 one
         title [Attestation selon la procédure simplifiée|Procédure de décompte simplifiée (LTN)] {year}
         colon Employeur ; {household}
