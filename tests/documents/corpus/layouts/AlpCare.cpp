@@ -6,6 +6,19 @@ namespace corpus {
 namespace {
 
 const std::vector<Sheet> careSheets{
+    // Two children beside each other, each with an own column of labels and amounts.
+    {"childcare", "a-side-by-side", "de", false, "twoSiblings", R"(
+        head 2 one
+        title [Betreuungskosten|Elternbeiträge|Kinderbetreuung, Nachweis] {year}
+        cols 22 99r 110 187r
+        tb {who1} ; ; {who2} ;
+        tr geb. {born1} ; ; geb. {born2} ;
+        tr [Volltarif|Kosten vor Abzügen] ; {full1} ; [Volltarif|Kosten vor Abzügen] ; {full2}
+        tr Geschwisterrabatt ; {-discount1} ; Geschwisterrabatt ; {-discount2}
+        tr [Subvention Gemeinde|Öffentlicher Beitrag] ; {-aid1} ; Subvention Gemeinde ; {-aid2}
+        tb [Bezahlt für Betreuung|Elternanteil Betreuung] ; {net1} ; [Bezahlt für Betreuung|Elternanteil Betreuung] ; {net2}
+        tr Verpflegung ; {meals1} ; Verpflegung ; {meals2}
+        text Verpflegung ist nicht abziehbar. Beide Kinder zusammen: Betreuung {net!}, Verpflegung {meals!}.)"},
     {"childcare", "a-cost-kinds", "de", false, "costKinds", R"(
         head 0 both
         title [Kostenzusammenstellung {year}|Familienabrechnung {year}|Aufschlüsselung der Elternrechnungen {year}]
@@ -154,50 +167,8 @@ const std::vector<Sheet> careSheets{
         text [Meals and the registration fee are not childcare costs.|The deposit of {deposit!} will be refunded when your child leaves.])"},
 };
 
-/// Two children beside each other, each with an own column of labels and amounts.
-void sideBySide(Draft& draft) {
-    const Facts facts = told(draft, "twoSiblings");
-    Paper& paper = draft.paper;
-    paper.newPage();
-    draft.letterHead(draft.random.between(0, 2), draft.family.one.name());
-    paper.lineOf(draft.one("Betreuungskosten|Elternbeiträge|Kinderbetreuung, Nachweis") + " "
-                     + QString::number(draft.year),
-                 {13, true});
-    const QString labels[] = {draft.one("Volltarif|Kosten vor Abzügen"), "Geschwisterrabatt",
-                              draft.one("Subvention Gemeinde|Öffentlicher Beitrag"),
-                              draft.one("Bezahlt für Betreuung|Elternanteil Betreuung"),
-                              "Verpflegung"};
-    const char* const names[] = {"full", "discount", "aid", "net", "meals"};
-    const double top = paper.y + 8;
-    for (size_t k = 0; k < 2; ++k) {
-        const Facts& child = facts.lists.at("children")[k];
-        const double x = k == 0 ? 22 : 110;
-        paper.box(x - 2, top - 5, 82, 50);
-        paper.put(x, top, child.texts.at("who"),
-                  paper.fitted(child.texts.at("who"), {10, true}, 76));
-        paper.put(x, top + 5, draft.one("geb. ") + draft.date(child.dates.at("born")), {8});
-        for (size_t i = 0; i < 5; ++i) {
-            const double y = top + 12 + 7 * static_cast<double>(i);
-            const Cents cents = child.amounts.at(names[i]);
-            const QString digits = draft.m(cents);
-            const bool taken = (i == 1 || i == 2) && cents != 0;
-            paper.put(x, y, labels[i], {9, i == 3});
-            paper.put(x + 77, y, taken ? "-" + digits : digits, {9, i == 3, Align::right});
-        }
-    }
-    paper.y = top + 52;
-    paper.paragraph(draft.one("Verpflegung ist nicht abziehbar. Beide Kinder zusammen: Betreuung ")
-                        + draft.s(facts.amounts.at("net")) + ", Verpflegung "
-                        + draft.s(facts.amounts.at("meals")) + ".",
-                    {9});
-}
-
 } // namespace
 
-std::vector<Layout> alpCarePapers() {
-    std::vector<Layout> layouts = scripted({careSheets});
-    layouts.push_back({"childcare", "a-side-by-side", false, "de", false, sideBySide});
-    return layouts;
-}
+std::vector<Layout> alpCarePapers() { return scripted({careSheets}); }
 
 } // namespace corpus

@@ -6,6 +6,43 @@ namespace corpus {
 namespace {
 
 const std::vector<Sheet> properties{
+    // Three columns: what is valued, before, now; what counts stands out at the foot.
+    {"property", "l-boxes", "de", false, "valuation", R"(
+        head 0 both
+        title [Eröffnung der Grundstückschätzung|Anzeige Neuschätzung]
+        line Gemeinde {place}, Grundstück Nr. {parcel}, {area} m²
+        cols 24 146r 188r
+        th [Werte in CHF|Wertart] ; [neu|massgebend ab sofort] ; [bisher|letzte Schätzung]
+        rule
+        tr Gebäude, Neuwert ; {new} ; {oldnew}
+        tr Gebäude, Zeitwert ; {now} ; {oldnow}
+        tr Boden ; {land} ; {oldland}
+        tr Realwert ; {real} ; {oldreal}
+        tr Ertragswert ; {yield} ; {oldyield}
+        rule
+        tb [Verkehrswert|Verkehrswert (Steuerwert)] ; {value} ; {old}
+        tb [Mietwert pro Jahr|Jährlicher Mietwert] ; {rent} ; {oldrent}
+        small Gebühr dieser Schätzung: {charge!})"},
+    // Every value in a box of its own, its label at the top; only one of them is the tax's.
+    {"property", "l-mosaic", "de", false, "valuation", R"(
+        head 6 one
+        big [Schätzungsanzeige|Wertanzeige]
+        line Gemeinde {place}, Parzelle Nr. {parcel}
+        grid 3
+        cell Neuwert der Gebäude ; {new~}
+        cell Versicherungswert ; {cover~}
+        cell Wert des Bodens ; {land~}
+        endgrid
+        grid 2
+        cell [Verkehrswert|Amtlicher Verkehrswert] ; {value~}
+        cell [Mietwert, jährlich|Mietwert im Jahr] ; {rent~}
+        endgrid
+        grid 4
+        cell Zeitwert ; {now~}
+        cell Realwert ; {real~}
+        cell Ertragswert ; {yield~}
+        cell Verkehrswert bisher ; {old~}
+        endgrid)"},
     {"property", "l-parcel-columns", "de", false, "parcelsElsewhere", R"(
         head 5 both
         title [Ihre Grundstücke: amtliche Werte|Amtliche Werte je Grundstück], Stand {end}
@@ -159,90 +196,8 @@ const std::vector<Sheet> properties{
         bill total {parcel})"},
 };
 
-/// Boxes in columns: what is valued, before, now; what counts stands out at the foot.
-void drawBoxes(Draft& draft) {
-    const Facts facts = told(draft, "valuation");
-    drawScript(draft, facts, R"(
-        head 0 both
-        title [Eröffnung der Grundstückschätzung|Anzeige Neuschätzung]
-        line Gemeinde {place}, Grundstück Nr. {parcel}, {area} m²)");
-    Paper& paper = draft.paper;
-    const bool newFirst = draft.random.chance(50);
-    const auto boxes = [&](const QString& label, const QString& before, const QString& now,
-                           bool strong) {
-        const double height = strong ? 10 : 7.5;
-        const double base = paper.y + height - 2.6;
-        paper.box(22, paper.y, 84, height, 0.15);
-        paper.box(106, paper.y, 42, height, 0.15);
-        paper.box(148, paper.y, 42, height, 0.15);
-        paper.put(24, base, label, paper.fitted(label, {9, strong}, 80));
-        paper.put(146, base, newFirst ? now : before, {9, strong && newFirst, Align::right});
-        paper.put(188, base, newFirst ? before : now, {9, strong && !newFirst, Align::right});
-        paper.y += height;
-    };
-    const auto values = [&](const QString& label, const QString& name, bool strong) {
-        boxes(label, draft.m(facts.amounts.at("old" + name)),
-              draft.m(facts.amounts.at(name == "" ? "value" : name)), strong);
-    };
-    paper.space(4);
-    boxes(draft.one("Werte in CHF|Wertart"), draft.one("bisher|letzte Schätzung"),
-          draft.one("neu|massgebend ab sofort"), false);
-    values("Gebäude, Neuwert", "new", false);
-    values("Gebäude, Zeitwert", "now", false);
-    values("Boden", "land", false);
-    values("Realwert", "real", false);
-    values("Ertragswert", "yield", false);
-    values(draft.one("Verkehrswert|Verkehrswert (Steuerwert)"), "", true);
-    values(draft.one("Mietwert pro Jahr|Jährlicher Mietwert"), "rent", true);
-    paper.space(5);
-    paper.paragraph("Gebühr dieser Schätzung: " + draft.s(facts.amounts.at("charge")), {8});
-}
-
-/// Every value in a box of its own, its label at the top; only one of them is the tax's.
-void drawMosaic(Draft& draft) {
-    const Facts facts = told(draft, "valuation");
-    drawScript(draft, facts, R"(
-        head 6 one
-        big [Schätzungsanzeige|Wertanzeige]
-        line Gemeinde {place}, Parzelle Nr. {parcel})");
-    Paper& paper = draft.paper;
-    struct Box {
-        double x;
-        double y;
-        double width;
-        double height;
-        QString label;
-        const char* name;
-        bool strong;
-    };
-    const double top = paper.y + 6;
-    const std::vector<Box> boxes{
-        {22, 0, 56, 16, "Neuwert der Gebäude", "new", false},
-        {78, 0, 56, 16, "Versicherungswert", "cover", false},
-        {134, 0, 56, 16, "Wert des Bodens", "land", false},
-        {22, 20, 84, 22, draft.one("Verkehrswert|Amtlicher Verkehrswert"), "value", true},
-        {106, 20, 84, 22, draft.one("Mietwert, jährlich|Mietwert im Jahr"), "rent", true},
-        {22, 46, 42, 16, "Zeitwert", "now", false},
-        {64, 46, 42, 16, "Realwert", "real", false},
-        {106, 46, 42, 16, "Ertragswert", "yield", false},
-        {148, 46, 42, 16, "Verkehrswert bisher", "old", false}};
-    for (const Box& box : boxes) {
-        paper.box(box.x, top + box.y, box.width, box.height, box.strong ? 0.5 : 0.15);
-        paper.put(box.x + 2, top + box.y + 5, box.label, {8, box.strong});
-        paper.put(box.x + box.width - 2, top + box.y + box.height - 3,
-                  draft.f(facts.amounts.at(box.name)),
-                  {box.strong ? 13.0 : 9.5, box.strong, Align::right});
-    }
-    paper.y = top + 70;
-}
-
 } // namespace
 
-std::vector<Layout> lakeHousePapers() {
-    std::vector<Layout> layouts = scripted({properties});
-    layouts.push_back({"property", "l-boxes", false, "de", false, drawBoxes});
-    layouts.push_back({"property", "l-mosaic", false, "de", false, drawMosaic});
-    return layouts;
-}
+std::vector<Layout> lakeHousePapers() { return scripted({properties}); }
 
 } // namespace corpus

@@ -25,14 +25,6 @@ const std::vector<Sheet> provision{
         rule
         entry Saldo per {end} // Solde au {end} // Saldo al {end} ; {closing~}
         small Art. 33 Abs. 1 lit. e DBG // Art. 33 al. 1 let. e LIFD // Art. 33 cpv. 1 lett. e LIFD)"},
-    {"buyin", "form", "de", false, "buyIn", R"(
-        head 6 one
-        title Bescheinigung über Vorsorgebeiträge
-        line {one}, {ahv}, {birth}. Form. 21 EDP dfi
-        form 1 ; Bescheinigungsjahr ; {year}
-        form 3 ; Anerkannte Vorsorgeform (Säule 3a): einbezahlte Beiträge ;
-        form 4 ; 2. Säule: ordentliche Beiträge ;
-        form 5 ; 2. Säule: Beiträge für den Einkauf ; {amount})"},
     {"buyin", "letter", "de", false, "buyIn", R"(
         head 3 one
         title Bestätigung Einkauf in die berufliche Vorsorge
@@ -41,24 +33,6 @@ const std::vector<Sheet> provision{
         entry Verbleibende Einkaufsmöglichkeit ; {possible~}
         entry Altersguthaben per {end} ; {assets~}
         small Leistungen aus Einkäufen dürfen während drei Jahren nicht in Kapitalform bezogen werden (Art. 79b Abs. 3 BVG).)"},
-    {"pension", "fund-table", "de", false, "pension", R"(
-        head 0 one
-        title Rentenbescheinigung {year}
-        line Versicherten-Nr. {ahv}, geboren {birth}
-        cols 22 120r 145r 190r
-        th Leistung ; pro Monat ; Monate ; Jahresbetrag CHF
-        rule
-        tr Altersrente BVG ; {month} ; 12 ; {amount}
-        rule
-        tb [Total Rente|Rente total|Total ausbezahlte Rente] ; ; ; {amount}
-        small Die Rente ist zu 100% als Einkommen steuerbar. Auszahlung auf {iban})"},
-    {"pension", "fund-list", "de", false, "pension", R"(
-        head 2 one
-        title Bescheinigung für die Steuererklärung {year}
-        entry Rentenbezüger/in ; {one}
-        entry Geburtsdatum ; {birth}
-        sum [Ausbezahlte Renten 01.01. – 31.12.|Rentenleistungen brutto|Total Renten] {year} ; {amount~}
-        entry Einbehaltene Quellensteuer ;)"},
 };
 
 const std::vector<Sheet> banks{
@@ -83,18 +57,6 @@ const std::vector<Sheet> banks{
         endper
         rule
         tb Total CHF ; {balance} ; {interest} ; {tax})"},
-    {"bank", "mortgage", "de", false, "oneLoan", R"(
-        head 3 one
-        title Zins- und Kapitalbestätigung Hypothek
-        line {name} Nr. {number}, Zinssatz {rate}, Laufzeit bis {until}
-        cols 22 90r 150r
-        th Fälligkeit ; Tage ; Zins CHF
-        rule
-        each quarters {on} ; 90 ; {part}
-        rule
-        tb [Bezahlte Schuldzinsen|Total Hypothekarzinsen|Zinsbelastung] {year} ; 360 ; {interest}
-        sum [Schuld per|Kapitalschuld am|Restschuld per] 31.12.{year} ; {debt!}
-        entry Amortisation im Jahr {year} ; {redemption!})"},
     {"insurance", "list", "de", false, "policy", R"(
         head 0 one
         title Steuerwert Ihrer Lebensversicherung per {end}
@@ -165,11 +127,11 @@ const std::vector<Sheet> household{
         title Betreuungskosten {year} – Bestätigung für die Steuern
         line Kind: {child}, geb. {childbirth}
         cols 22 90r 140r
-        th Monat ; Tage ; Betrag CHF
+        th Monat ; Tage ; [Betrag CHF|Betrag|Elternbeitrag|CHF]
         rule
         each months {month} ; {days} ; {part}
         rule
-        tb [Total Betreuungskosten|Betreuungskosten total|Total Elternbeiträge] ; ; {total})"},
+        tb [Total Betreuungskosten|Betreuungskosten total|Total Elternbeiträge|Summe|Jahrestotal|Bezahlt {year}] ; ; {total})"},
     {"childcare", "net", "de", false, "care", R"(
         head 2 one
         title Bestätigung Kinderbetreuung
@@ -212,11 +174,11 @@ const char* const courseBill = R"(
         cols 22 130r 190r
         th Bezeichnung ; Lektionen ; CHF
         rule
-        tr Kursgeld Führungsausbildung Modul 2 ; 48 ; {fee}
+        tr [Kursgeld Führungsausbildung Modul 2|Studiengebühr|Kurskosten] ; 48 ; {fee}
         tr Lehrmittel ; ; {material}
         tr MWST ausgenommen (Art. 21 MWSTG) ; ; 0.00
         rule
-        tb [Kurskosten total|Total Kurskosten|Total Rechnung] ; ; {amount}
+        tb [Kurskosten total|Total Kurskosten|Total Rechnung|Rechnungstotal|Gesamtbetrag CHF] ; ; {amount}
         bill amount {number})";
 
 const char* const tariffBill = R"(

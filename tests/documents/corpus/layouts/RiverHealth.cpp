@@ -5,54 +5,22 @@
 namespace corpus {
 namespace {
 
-/// One insurance as a tile of its own: who, what they paid, the sum of the tile.
-void tile(Draft& draft, double x, const QString& title, const Facts& facts, const char* name) {
-    Paper& paper = draft.paper;
-    const double width = 80;
-    double y = paper.y;
-    paper.fill(x, y, width, 9, QColor(216, 230, 222));
-    paper.put(x + width / 2, y + 6, title,
-              paper.fitted(title, {9, true, Align::centre}, width - 4));
-    y += 11;
-    for (const Facts& one : facts.lists.at("people")) {
-        y += 5.4;
-        paper.put(x + 2, y, one.texts.at("first"), {9});
-        paper.put(x + width - 2, y, draft.m(one.amounts.at(name)), {9, false, Align::right});
-    }
-    y += 3;
-    paper.line(x, y, x + width, y, 0.3);
-    paper.put(x + width - 2, y + 5.6, draft.m(facts.amounts.at(name)), {10, true, Align::right});
-}
-
-void drawTiles(Draft& draft) {
-    const Facts facts = told(draft, "premiumsOfMembers");
-    drawScript(draft, facts,
-               "head 6 both\ntitle [Prämien der Familie|Steuerbescheinigung der Familie] {year} // "
-               "[Primes de la famille|Attestation fiscale de la famille] {year} // "
-               "[Premi della famiglia|Attestato fiscale della famiglia] {year}");
-    draft.paper.space(2);
-    tile(draft, 22,
-         draft.t("Grundversicherung (KVG)", "Assurance de base (LAMal)",
-                 "Assicurazione di base (LAMal)"),
-         facts, "basic");
-    tile(draft, 110,
-         draft.t("Zusatzversicherungen (VVG)", "Assurances complémentaires (LCA)",
-                 "Assicurazioni complementari (LCA)"),
-         facts, "extra");
-    draft.paper.space(48);
-    drawLines(draft, facts, R"(
-        sum [Prämien KVG und VVG|Summe beider Versicherungen] // [Primes LAMal et LCA|Total des deux assurances] // [Premi LAMal e LCA|Totale delle due assicurazioni] ; {total})");
-    if (facts.amounts.at("reduction") != 0) {
-        drawLines(draft, facts, R"(
-        entry Individuelle Prämienverbilligung // Réduction individuelle des primes // Riduzione individuale dei premi ; {reduction}
-        entry Prämien nach Verbilligung // Primes après réduction // Premi dopo la riduzione ; {net})");
-    }
-    drawLines(draft, facts, R"(
-        rule
-        entry Kostenbeteiligung (Franchise, Selbstbehalt) // Participation aux coûts (franchise, quote-part) // Partecipazione ai costi (franchigia, aliquota) ; {sharing})");
-}
-
 const std::vector<Sheet> premiums{
+    // Each insurance a list of its own beside the other.
+    {"premiums", "r-tiles", "de,fr,it", false, "premiumsOfMembers", R"(
+        head 6 both
+        title [Prämien der Familie|Steuerbescheinigung der Familie] {year} // [Primes de la famille|Attestation fiscale de la famille] {year} // [Premi della famiglia|Attestato fiscale della famiglia] {year}
+        cols 22 100r 112 190r
+        th Grundversicherung (KVG) // Assurance de base (LAMal) // Assicurazione di base (LAMal) ; ; Zusatzversicherungen (VVG) // Assurances complémentaires (LCA) // Assicurazioni complementari (LCA) ;
+        each people {first} ; {basic} ; {first} ; {extra}
+        rule
+        tb ; {basic} ; ; {extra}
+        gap 5
+        sum [Prämien KVG und VVG|Summe beider Versicherungen] // [Primes LAMal et LCA|Total des deux assurances] // [Premi LAMal e LCA|Totale delle due assicurazioni] ; {total}
+        entry Individuelle Prämienverbilligung // Réduction individuelle des primes // Riduzione individuale dei premi ; {reduction?}
+        entry Prämien nach Verbilligung // Primes après réduction // Premi dopo la riduzione ; {net}
+        rule
+        entry Kostenbeteiligung (Franchise, Selbstbehalt) // Participation aux coûts (franchise, quote-part) // Partecipazione ai costi (franchigia, aliquota) ; {sharing})"},
     {"premiums", "r-steps", "de", false, "premiumSteps", R"(
         head 0 both
         title [Prämienausweis {year}|Übersicht der verrechneten Prämien {year}]
@@ -209,10 +177,6 @@ const std::vector<Sheet> bills{
 
 } // namespace
 
-std::vector<Layout> riverHealthPapers() {
-    std::vector<Layout> layouts = scripted({premiums, bills});
-    layouts.push_back({"premiums", "r-tiles", false, "de,fr,it", false, drawTiles});
-    return layouts;
-}
+std::vector<Layout> riverHealthPapers() { return scripted({premiums, bills}); }
 
 } // namespace corpus

@@ -5,40 +5,19 @@
 namespace corpus {
 namespace {
 
-/// Twelve payments as on a calendar, the date over each amount.
-void drawCalendar(Draft& draft) {
-    const Facts facts = told(draft, "pensionCalendar");
-    drawScript(draft, facts,
-               "head 1 one\ntitle [Rendite versate nel|Conferma delle rendite] {year}\n"
-               "line Beneficiario/a: {one}, nato/a il {birth}, {ahv}");
-    Paper& paper = draft.paper;
-    paper.space(3);
-    const double top = paper.y;
-    const std::vector<Facts>& months = facts.lists.at("months");
-    for (size_t i = 0; i < months.size(); ++i) {
-        const double x = paper.left + 28 * static_cast<double>(i % 6);
-        const double y = top + 14 * static_cast<double>(i / 6);
-        paper.line(x, y, x + 26, y, 0.3);
-        paper.put(x, y + 4, draft.date(months[i].dates.at("on")), {7});
-        paper.put(x + 26, y + 9.5, draft.m(months[i].amounts.at("part")), {9, false, Align::right});
-    }
-    paper.y = top + 32;
-    const auto a = [&](const char* name) { return draft.m(facts.amounts.at(name)); };
-    paper.row({"Rendita propria", a("own"), "Rendita per figli", a("kid")},
-              {{22}, {100, Align::right}, {110}, {190, Align::right}});
-    paper.space(3);
-    paper.fill(paper.left, paper.y, 168, 8, QColor(234, 230, 240));
-    paper.put(paper.left + 2, paper.y + 5.5,
-              draft.one("Rendite imponibili|Totale delle rendite versate"), {10, true});
-    paper.put(paper.right - 2, paper.y + 5.5, draft.s(facts.amounts.at("amount")),
-              {10, true, Align::right});
-    paper.space(11);
-    paper.paragraph("Capitale di previdenza al momento del pensionamento: "
-                        + draft.s(facts.amounts.at("assets")) + ".",
-                    {8});
-}
-
 const std::vector<Sheet> pensions{
+    // Twelve payments as on a calendar, the date over each amount.
+    {"pension", "r-calendar", "it", false, "pensionCalendar", R"(
+        head 1 one
+        title [Rendite versate nel|Conferma delle rendite] {year}
+        line Beneficiario/a: {one}, nato/a il {birth}, {ahv}
+        grid 6
+        each months !cell {on} ; {part}
+        endgrid
+        side Rendita propria ; {own} ; Rendita per figli ; {kid}
+        gap 3
+        band [Rendite imponibili|Totale delle rendite versate] ; {amount!}
+        small Capitale di previdenza al momento del pensionamento: {assets!}.)"},
     {"pension", "r-el", "de,fr", false, "supplement", R"(
         head 0 one
         title [Leistungsbestätigung|Zusammenstellung Ihrer Leistungen] {year} // [Attestation de prestations|Relevé de vos prestations] {year}
@@ -269,10 +248,6 @@ const std::vector<Sheet> nothings{
 
 } // namespace
 
-std::vector<Layout> riverLetterPapers() {
-    std::vector<Layout> layouts = scripted({pensions, insurers, nothings});
-    layouts.push_back({"pension", "r-calendar", false, "it", false, drawCalendar});
-    return layouts;
-}
+std::vector<Layout> riverLetterPapers() { return scripted({pensions, insurers, nothings}); }
 
 } // namespace corpus

@@ -521,10 +521,6 @@ void drawScript(Draft& draft, const Facts& facts, const char* script) {
     }
 }
 
-void drawLines(Draft& draft, const Facts& facts, const char* script) {
-    Player(draft, facts).play(QString::fromUtf8(script).split('\n'));
-}
-
 std::vector<Layout> scripted(const std::vector<std::vector<Sheet>>& lists) {
     std::vector<Layout> layouts;
     for (const std::vector<Sheet>& sheets : lists) {

@@ -38,8 +38,6 @@ struct Facts {
 /// writes it, {name?} empty when zero, {-name} taken off), [one|another] wording, @key a wording
 /// of that key (@key:fr in French), {#6} six digits and "A // B // C" by language.
 void drawScript(Draft& draft, const Facts& facts, const char* script);
-/// Further lines of a paper that a script has begun.
-void drawLines(Draft& draft, const Facts& facts, const char* script);
 
 /// One of the wordings of a label in a language.
 QString wording(Draft& draft, const QString& key, const QString& language);

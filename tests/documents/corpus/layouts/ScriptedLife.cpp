@@ -109,15 +109,6 @@ const std::vector<Sheet> careSheets{
         cell davon Verpflegung ; {meals~}
         cell [Bezahlte Elternbeiträge|Betreuungskosten {year}|Total bezahlt|Betreuungstaxen] ; {total~}
         endgrid)"},
-    {"childcare", "ledger", "de", false, "care", R"(
-        head 0 one
-        title Kontoblatt {child} {year}
-        cols 22 70r 120r
-        th Monat ; Tage ; [Betrag|Elternbeitrag|CHF]
-        each months {month} ; {days} ; {part}
-        rule
-        tb [Summe|Jahrestotal|Bezahlt {year}] ; ; {total}
-        small Depot {deposit!} wird bei Austritt zurückbezahlt.)"},
     {"childcare", "two-children", "de", false, "careOfTwo", R"(
         head 3 both
         title [Betreuungskosten|Elternbeiträge|Kosten der Tagesbetreuung] {year}
@@ -180,15 +171,6 @@ const std::vector<Sheet> courses{
         tb [Total bezahlt {year}|Bezahlte Raten|Einbezahlt im Jahr {year}] ; ; ; {total}
         tr Noch offen {next} ; ; ; {open}
         tr Gesamtpreis ; ; ; {price})"},
-    {"course", "positions-qr", "de", true, "courseCosts", R"(
-        head 5 one
-        title Rechnung {number}
-        line {course}
-        entry [Studiengebühr|Kurskosten] ; {fee}
-        entry Lehrmittel ; {books}
-        entry Prüfung ; {exam}
-        sum [Total CHF|Rechnungstotal|Gesamtbetrag CHF] ; {total}
-        bill total {number})"},
     {"course", "letter", "de", false, "courseCosts", R"(
         head 1 one
         bold Bestätigung [Ihrer Weiterbildung|der Kurskosten] {year}

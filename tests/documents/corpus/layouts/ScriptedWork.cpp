@@ -144,7 +144,7 @@ const std::vector<Sheet> pensions{
         rule
         each parts {name} ; {month} ; 12 ; {part}
         rule
-        tb [Summe der Renten|Steuerbarer Betrag|Total Leistungen|Renten insgesamt] ; ; ; {amount})"},
+        tb [Summe der Renten|Steuerbarer Betrag|Total Leistungen|Renten insgesamt|Total Rente|Rente total|Total ausbezahlte Rente] ; ; ; {amount})"},
     {"pension", "letter", "de", false, "pension", R"(
         head 5 one
         bold [Ihre Rentenleistungen|Bescheinigung über Rentenleistungen] {year}
@@ -157,7 +157,7 @@ const std::vector<Sheet> pensions{
         form A ; Rentenbezüger/in ; {one}
         form B ; @born ; {birth}
         form C ; @ahvno ; {ahv}
-        form D ; Rente aus beruflicher Vorsorge, [Jahrestotal|Bruttobetrag|ausbezahlt] ; {amount}
+        form D ; [Rente aus beruflicher Vorsorge, Jahrestotal|Rente aus beruflicher Vorsorge, Bruttobetrag|Ausbezahlte Renten 01.01. – 31.12.|Rentenleistungen brutto|Total Renten {year}] ; {amount}
         form E ; Kapitalleistung ;
         form F ; Quellensteuerabzug ;)"},
     {"pension", "months", "de", false, "pension", R"(
@@ -211,7 +211,7 @@ const std::vector<Sheet> buyIns{
         form a ; @person ; {one}
         form b ; Bescheinigungsjahr ; {year}
         form c ; Ordentliche Beiträge (nicht im Lohnausweis) ;
-        form d ; [Einkaufsbeiträge|Beiträge für Einkauf|Einkauf von Vorsorgeleistungen] 2. Säule ; {amount}
+        form d ; [Einkaufsbeiträge 2. Säule|Beiträge für Einkauf 2. Säule|Einkauf von Vorsorgeleistungen 2. Säule|2. Säule: Beiträge für den Einkauf] ; {amount}
         form e ; Säule 3a ;)"},
     {"buyin", "account", "de", false, "buyIn", R"(
         head 2 one
