@@ -241,7 +241,7 @@ const std::vector<Sheet> registers{
     {"statement", "l-classes", "de", false, "classes", R"(
         head 0 one
         title [Vermögensausweis nach Anlageklassen|Bewertung Ihres Vermögens] per {end}
-        line Anfangsbestand {start}: {start!}
+        line Anfangsbestand {start}: {initial!}
         cols 22 92r 116r 140r 162r 190r
         th Anlage ; Bestand ; Kurs ; Anteil ; [Ertrag {year}|Bruttoertrag] ; [Steuerwert|Marktwert CHF]
         rule

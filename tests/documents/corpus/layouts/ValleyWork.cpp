@@ -16,7 +16,7 @@ const std::vector<Sheet> salaries{
         tr [Erfolgsbeteiligung|Einmalige Vergütung] ; ; {bonus?} ;
         tr Familienzulagen ; ; {children?} ;
         tb [Lohn vor Abzügen (brutto)|Summe aller Löhne, brutto] ; ; ; {gross}
-        tr AHV/IV/EO 5.3 % ; ; {-ahv} ;
+        tr AHV/IV/EO 5.3 % ; ; {-avs} ;
         tr Arbeitslosenversicherung 1.1 % ; ; {-alv} ;
         tr Nichtberufsunfall (NBU) ; ; {-nbu} ;
         tr [Berufliche Vorsorge, Anteil Arbeitnehmer|Pensionskasse, Ihr Anteil] ; ; {-bvg} ;
@@ -62,7 +62,7 @@ const std::vector<Sheet> salaries{
         tr 150 ; Premio di fedeltà ; ; {bonus?} ;
         tr 200 ; Assegni familiari ; ; {children?} ;
         tb ; [Totale lordo|Retribuzione lorda] ; ; ; {gross}
-        tr 301 ; AVS/AI/IPG ; 5.3% ; {ahv} ;
+        tr 301 ; AVS/AI/IPG ; 5.3% ; {avs} ;
         tr 302 ; AD ; 1.1% ; {alv} ;
         tr 303 ; Infortuni non professionali ; ; {nbu} ;
         tb ; Totale AVS/AI/IPG/AD/AINP ; ; ; {-social}
@@ -102,7 +102,7 @@ const std::vector<Sheet> salaries{
         title [Lohnbescheinigung zuhanden der Steuerverwaltung|Jahreslohnblatt] {year}
         line {one}, geb. {birth}, wohnhaft {home}
         mid [Gehalt samt 13. Monatsgehalt|Jahresgehalt brutto inkl. Zulagen] ; {gross}
-        mid – AHV/IV/FAK ; {ahv}
+        mid – AHV/IV/FAK ; {avs}
         mid – Arbeitslosenversicherung ; {alv}
         mid – Nichtbetriebsunfall ; {nbu}
         mid = Beiträge AHV, IV, FAK, ALV, NBU ; {social}

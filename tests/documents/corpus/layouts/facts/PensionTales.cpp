@@ -52,9 +52,9 @@ std::vector<Tale> pensionTales() {
             end
             both = part)"},
         {"pensionCalendar", R"(
-            use byFund; count each = odd(900, 3600); count child = part(each, 200)
-            list months 12 : date on = on(i, 25); part = each + child
-            own = 12 * each; kid = 12 * child; amount = part; assets = odd(110000, 520000)
+            use byFund; count each = odd(900, 3600); count kids = part(each, 200)
+            list months 12 : date on = on(i, 25); part = each + kids
+            own = 12 * each; kid = 12 * kids; amount = part; assets = odd(110000, 520000)
             use notePension)"},
         {"withheldPension", R"(
             use byFund; month = odd(1200, 4600); amount = 12 * month; premium = 12 * odd(260, 480)

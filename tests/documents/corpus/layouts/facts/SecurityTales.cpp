@@ -36,7 +36,7 @@ std::vector<Tale> securityTales() {
             percent ofshares = shares * 10000 / all; percent offunds = funds * 10000 / all
             again shares percent of = value * 10000 / all
             again funds percent of = value * 10000 / all
-            start = five(all * int(88, 97) / 100); acceptsums)"},
+            initial = five(all * int(88, 97) / 100); acceptsums)"},
         {"moves", R"(
             by steuerauszug @bank; also bankauszug
             list held of Segelwerft Arbon Nam.|Northwind Ferries Corp|Libellenfonds Obligationen // Chantier Naval Vully Nom.|Northwind Ferries Corp|Fonds Libellule Obligations // Cantiere Navale Ceresio Nom.|Northwind Ferries Corp|Fondo Libellula Obbligazioni

@@ -24,13 +24,13 @@ std::vector<Tale> wageTales() {
             bonus = if(chance(55), odd(180, 5900), 0); overtime = bonus
             children = if(chance(50), francs(230, 600, 10) * 12, 0); earned = 13 * month + bonus
             gross = earned + children; base = gross - bonus
-            ahv = part(earned, 53); avs = ahv; alv = part(earned, 11)
-            nbu = part(earned, int(6, 15)); social = ahv + alv + nbu; bvg = part(earned, int(42, 88))
+            avs = part(earned, 53); alv = part(earned, 11)
+            nbu = part(earned, int(6, 15)); social = avs + alv + nbu; bvg = part(earned, int(42, 88))
             bvgbuy = 0; deductions = social + bvg; net = gross - deductions
             sick = part(earned, 6); expenses = odd(60, 2600); travel = expenses
             wagetax = part(gross, 40); atsource = wagetax
             payout = net - sick + expenses; paidout = net + travel
-            ahvfirm = ahv; bvgfirm = part(bvg, 1250); famfirm = part(earned, 18)
+            ahvfirm = avs; bvgfirm = part(bvg, 1250); famfirm = part(earned, 18)
             employer = ahvfirm + bvgfirm; date from = on(1, 1); date until = on(12, 31))"},
         {"wage", "by lohnausweis @employer; use year; use noteWage"},
         {"wageWithBuyIn", R"(
