@@ -59,7 +59,7 @@ const std::vector<Sheet> pillars{
     {"pillar3a", "couple", everyLanguage, false, "pillarOfBoth", R"(
         head 3 both
         title @title3a {year}
-        cols 22 80 140 190r
+        cols 22 78 112 190r
         th @person ; @born ; @contract ; @paid3a
         rule
         tr {one} ; {birth} ; {#7} ; {paid~}
