@@ -1,4 +1,4 @@
-#include "tests/documents/corpus/layouts/AlpFacts.h"
+#include "tests/documents/corpus/layouts/facts/Tale.h"
 
 // Layouts of day care: tables by kind of cost, by month and child, blocks side by side, letters.
 
@@ -6,7 +6,20 @@ namespace corpus {
 namespace {
 
 const std::vector<Sheet> careSheets{
-    {"childcare", "a-cost-kinds", "de", false, alpCostKindsFacts, R"(
+    // Two children beside each other, each with an own column of labels and amounts.
+    {"childcare", "a-side-by-side", "de", false, "twoSiblings", R"(
+        head 2 one
+        title [Betreuungskosten|Elternbeiträge|Kinderbetreuung, Nachweis] {year}
+        cols 22 99r 110 187r
+        tb {who1} ; ; {who2} ;
+        tr geb. {born1} ; ; geb. {born2} ;
+        tr [Volltarif|Kosten vor Abzügen] ; {full1} ; [Volltarif|Kosten vor Abzügen] ; {full2}
+        tr Geschwisterrabatt ; {-discount1} ; Geschwisterrabatt ; {-discount2}
+        tr [Subvention Gemeinde|Öffentlicher Beitrag] ; {-aid1} ; Subvention Gemeinde ; {-aid2}
+        tb [Bezahlt für Betreuung|Elternanteil Betreuung] ; {net1} ; [Bezahlt für Betreuung|Elternanteil Betreuung] ; {net2}
+        tr Verpflegung ; {meals1} ; Verpflegung ; {meals2}
+        text Verpflegung ist nicht abziehbar. Beide Kinder zusammen: Betreuung {net!}, Verpflegung {meals!}.)"},
+    {"childcare", "a-cost-kinds", "de", false, "costKinds", R"(
         head 0 both
         title [Kostenzusammenstellung {year}|Familienabrechnung {year}|Aufschlüsselung der Elternrechnungen {year}]
         cols 22 104r 130r 156r 190r
@@ -20,11 +33,11 @@ const std::vector<Sheet> careSheets{
         rule
         tb [Von Ihnen überwiesen|Rechnungstotal] ; {p1} ; {p2} ; {p3} ; {paid}
         gap 4
-        line {kid1} ({born1}), {kid2} ({born2}), {kid3} ({born3})
+        line {who1} ({born1}), {who2} ({born2}), {who3} ({born3})
         small Essen, Windeln und Ausflüge gehören zu den Lebenshaltungskosten und können nicht abgezogen werden.)"},
-    {"childcare", "a-month-by-child", "de", false, alpMonthListFacts, R"(
+    {"childcare", "a-month-by-child", "de", false, "monthsByChild", R"(
         head 4 both
-        bold [Betreuungsnachweis {year}|Anwesenheit und Kosten {year}]: {kid1}, {born1}, und {kid2}, {born2}
+        bold [Betreuungsnachweis {year}|Anwesenheit und Kosten {year}]: {who1}, {born1}, und {who2}, {born2}
         cols 22 60 120r 170r
         th Monat ; Kind ; Tage ; Franken
         rule
@@ -33,7 +46,7 @@ const std::vector<Sheet> careSheets{
         tb {year} ; {first1} ; ; {t1}
         tb {year} ; {first2} ; ; {t2}
         tr ; beide Kinder ; ; {total})"},
-    {"childcare", "a-month-bill", "de", true, alpMonthBillFacts, R"(
+    {"childcare", "a-month-bill", "de", true, "careMonthBill", R"(
         head 1 one
         title [Monatsrechnung|Rechnung] {month}
         line Rechnung {number}, {child}. Zahlbar bis {due}
@@ -42,7 +55,7 @@ const std::vector<Sheet> careSheets{
         sum [Total {month}|Rechnungsbetrag] ; {total}
         small [Voraussichtliche Kosten des ganzen Jahres gemäss Vertrag|Budget für das Betreuungsjahr]: {budget!}. Vormonat {before!}, dankend erhalten. Die Jahresbestätigung folgt im Februar.
         bill total {number})"},
-    {"childcare", "a-refund", "de", false, alpCareRefundFacts, R"(
+    {"childcare", "a-refund", "de", false, "careRefund", R"(
         head 6 one
         title [Jahresrechnung mit Gutschriften|Abrechnung {year} nach Rückvergütung]
         line {child}, geboren am {childbirth}
@@ -58,13 +71,13 @@ const std::vector<Sheet> careSheets{
         sum [Nach Abzug der Gutschriften von Ihnen getragen|Effektive Betreuungskosten {year}|Ihnen verbleibende Kosten] ; {paid~}
         gap 2
         small Beim Austritt zahlen wir Ihnen das Depot von {deposit!} zurück; es ist keine Betreuungsleistung.)"},
-    {"childcare", "a-family-total", "de", false, alpFamilyTotalFacts, R"(
+    {"childcare", "a-family-total", "de", false, "careTotal", R"(
         head 5 both
         bold [Bestätigung für beide Kinder|Bestätigung {year}]
         text Guten Tag
-        text [{kid1} und {kid2} besuchten {year} unsere Gruppen. Die gesamten Betreuungskosten beider Kinder, die Sie uns überwiesen haben, betragen {total!}.|Für die Betreuung Ihrer Kinder {kid1} ({born1}) und {kid2} ({born2}) haben Sie uns im Jahr {year} zusammen {total!} bezahlt. Mahlzeiten sind nicht enthalten.]
+        text [{who1} und {who2} besuchten {year} unsere Gruppen. Die gesamten Betreuungskosten beider Kinder, die Sie uns überwiesen haben, betragen {total!}.|Für die Betreuung Ihrer Kinder {who1} ({born1}) und {who2} ({born2}) haben Sie uns im Jahr {year} zusammen {total!} bezahlt. Mahlzeiten sind nicht enthalten.]
         text [Eine Aufteilung auf die Kinder stellen wir auf Wunsch zu.|Der Tagestarif von {rate!} gilt für beide Kinder.])"},
-    {"childcare", "a-camps", "de", false, alpCampFacts, R"(
+    {"childcare", "a-camps", "de", false, "camps", R"(
         head 2 both
         title [Ferienwochen {year}: Quittung|Betreute Ferienwochen {year}|Tageslager {year}, Übersicht für die Eltern]
         cols 22 52 82 112 170r
@@ -75,7 +88,7 @@ const std::vector<Sheet> careSheets{
         each children !colon {who}, {born} ; {paid!}
         gap 2
         text [Alles wurde vor den Wochen bezahlt, gesamthaft {total!}.|Bezahlt wurden {total!}; ein einzelner Tag kostet {day!}.])"},
-    {"childcare", "a-playgroup", "de", false, alpPlaygroupFacts, R"(
+    {"childcare", "a-playgroup", "de", false, "playgroup", R"(
         head 3 one
         bold [Quittung Spielgruppenjahr {year}|Spielgruppe: Zahlungen {year}]
         line {child}, {childbirth}
@@ -88,13 +101,13 @@ const std::vector<Sheet> careSheets{
         rule
         tr {all} ; alle Zahlungen ;
         small Bastelmaterial, Znüni und Vereinsbeitrag gelten nicht als Betreuungskosten.)"},
-    {"childcare", "a-firm-share", "de", false, alpEmployerCareFacts, R"(
+    {"childcare", "a-firm-share", "de", false, "careAlone", R"(
         head 1 both
         title [Firmenkita: Jahresbestätigung|Betriebskindertagesstätte, Kostenausweis] {year}
         text [{firm} beteiligt sich an den Plätzen ihrer Mitarbeitenden und bezahlt ihren Anteil direkt an uns.|Die Plätze werden von {firm} mitgetragen.] Kind: {child}, {childbirth}
         side Vollkosten des Platzes ; {full} ; Anteil {firm} ; {-employer}
         below {paid!} ; [Anteil der Eltern, steuerlich massgebend|Eltern: bezahlt {year}] ; {month!} ; Vollkosten je Monat)"},
-    {"childcare", "a-child-rows", "de", false, alpCareRowsFacts, R"(
+    {"childcare", "a-child-rows", "de", false, "siblings", R"(
         wide
         head 0 both
         title [Drei Kinder, ein Beleg: {year}|Tarifausweis Geschwister {year}|Elternabrechnung {year} je Kind]
@@ -106,7 +119,7 @@ const std::vector<Sheet> careSheets{
         tb ; ; ; {full} ; {-discount} ; {-aid} ; {net} ; {meals}
         gap 2
         small Der Elternbeitrag versteht sich ohne Essen. Insgesamt einbezahlt: {all!}.)"},
-    {"childcare", "a-deux-enfants", "fr", false, alpCarePairFacts, R"(
+    {"childcare", "a-deux-enfants", "fr", false, "twoSiblings", R"(
         head 0 both
         title [Décompte annuel des parents {year}|Attestation {year} pour deux enfants]
         per children
@@ -120,7 +133,7 @@ const std::vector<Sheet> careSheets{
         endper
         gap 3
         text [Pour les deux enfants, les frais de garde s'élèvent à {net!} et les repas à {meals!}.|Total versé, repas compris: {all!}.])"},
-    {"childcare", "a-mesi", "it", false, alpCareMonthsFacts, R"(
+    {"childcare", "a-mesi", "it", false, "careMonths", R"(
         head 6 one
         title [Rendiconto delle rette {year}|Riepilogo {year} per la dichiarazione d'imposta]
         line {child}, {childbirth}
@@ -131,7 +144,7 @@ const std::vector<Sheet> careSheets{
         rule
         tb Totale {year} ; ; {care} ; {meals} ; {sum}
         text [Deducibili sono le sole spese di custodia; i pasti non si deducono.|Spese di custodia deducibili: {care!}.])"},
-    {"childcare", "a-accueillante", "fr", false, alpDayMotherFacts, R"(
+    {"childcare", "a-accueillante", "fr", false, "dayMother", R"(
         head 2 one
         title [Accueil familial de jour: décompte {year}|Heures de garde {year}]
         cols 22 78r 104r 134r 160r 190r
@@ -141,7 +154,7 @@ const std::vector<Sheet> careSheets{
         rule
         tb [Ensemble|Famille] ; ; ; ; ; {total}
         small Repas facturés par l'accueillante: {meals!}, non compris.)"},
-    {"childcare", "a-daycare-en", "en", false, alpCareExpatFacts, R"(
+    {"childcare", "a-daycare-en", "en", false, "careInEnglish", R"(
         head 5 both
         title [Childcare statement for your tax return {year}|Confirmation of childcare payments {year}]
         text [Dear parents|Dear family {last}]
@@ -154,50 +167,8 @@ const std::vector<Sheet> careSheets{
         text [Meals and the registration fee are not childcare costs.|The deposit of {deposit!} will be refunded when your child leaves.])"},
 };
 
-/// Two children beside each other, each with an own column of labels and amounts.
-void sideBySide(Draft& draft) {
-    const Facts facts = alpCarePairFacts(draft);
-    Paper& paper = draft.paper;
-    paper.newPage();
-    draft.letterHead(draft.random.between(0, 2), draft.family.one.name());
-    paper.lineOf(draft.one("Betreuungskosten|Elternbeiträge|Kinderbetreuung, Nachweis") + " "
-                     + QString::number(draft.year),
-                 {13, true});
-    const QString labels[] = {draft.one("Volltarif|Kosten vor Abzügen"), "Geschwisterrabatt",
-                              draft.one("Subvention Gemeinde|Öffentlicher Beitrag"),
-                              draft.one("Bezahlt für Betreuung|Elternanteil Betreuung"),
-                              "Verpflegung"};
-    const char* const names[] = {"full", "discount", "aid", "net", "meals"};
-    const double top = paper.y + 8;
-    for (size_t k = 0; k < 2; ++k) {
-        const Facts& child = facts.lists.at("children")[k];
-        const double x = k == 0 ? 22 : 110;
-        paper.box(x - 2, top - 5, 82, 50);
-        paper.put(x, top, child.texts.at("who"),
-                  paper.fitted(child.texts.at("who"), {10, true}, 76));
-        paper.put(x, top + 5, draft.one("geb. ") + draft.date(child.dates.at("born")), {8});
-        for (size_t i = 0; i < 5; ++i) {
-            const double y = top + 12 + 7 * static_cast<double>(i);
-            const Cents cents = child.amounts.at(names[i]);
-            const QString digits = draft.m(cents);
-            const bool taken = (i == 1 || i == 2) && cents != 0;
-            paper.put(x, y, labels[i], {9, i == 3});
-            paper.put(x + 77, y, taken ? "-" + digits : digits, {9, i == 3, Align::right});
-        }
-    }
-    paper.y = top + 52;
-    paper.paragraph(draft.one("Verpflegung ist nicht abziehbar. Beide Kinder zusammen: Betreuung ")
-                        + draft.s(facts.amounts.at("net")) + ", Verpflegung "
-                        + draft.s(facts.amounts.at("meals")) + ".",
-                    {9});
-}
-
 } // namespace
 
-std::vector<Layout> alpCarePapers() {
-    std::vector<Layout> layouts = scripted({careSheets});
-    layouts.push_back({"childcare", "a-side-by-side", false, "de", false, sideBySide});
-    return layouts;
-}
+std::vector<Layout> alpCarePapers() { return scripted({careSheets}); }
 
 } // namespace corpus

@@ -1,4 +1,4 @@
-#include "tests/documents/corpus/layouts/AlpFacts.h"
+#include "tests/documents/corpus/layouts/facts/Tale.h"
 
 // Layouts of charities, parties, parishes and schools.
 
@@ -6,7 +6,7 @@ namespace corpus {
 namespace {
 
 const std::vector<Sheet> donations{
-    {"donation", "a-party", "de", false, alpPartyFacts, R"(
+    {"donation", "a-party", "de", false, "party", R"(
         head 4 one
         title [Zuwendungen an die Partei {year}|Beitragsausweis {year}]
         text [Für Ihr Engagement danken wir herzlich. Von Ihnen sind eingegangen:|Folgende Beiträge haben Sie der Partei {year} geleistet:]
@@ -16,7 +16,7 @@ const std::vector<Sheet> donations{
         rule
         text [Gesamthaft sind es {amount!}, die Sie als Zuwendung an politische Parteien abziehen können.|Zuwendungen an politische Parteien, einschliesslich Mitgliederbeitrag und Mandatsabgabe: {amount!}.]
         small Gemeinsam steuerpflichtige Ehepaare können im Kanton bis {limit!} abziehen.)"},
-    {"donation", "a-goods", "de", false, alpGoodsFacts, R"(
+    {"donation", "a-goods", "de", false, "goods", R"(
         head 2 one
         bold [Dankesschreiben und Zuwendungsbestätigung|Bestätigung für Geld- und Sachspenden {year}]
         text [Liebe Familie {last}|Grüezi {one}]
@@ -26,7 +26,7 @@ const std::vector<Sheet> donations{
         tb ; [Zuwendungen gesamt|Total der Zuwendungen {year}] ; {amount}
         gap 3
         text [Dazu haben Sie {hours} Stunden unentgeltlich mitgearbeitet. Bewertet mit {hour!} wären das {work!}; Arbeit ist jedoch keine abziehbare Zuwendung.|Ihre {hours} Freiwilligenstunden (Gegenwert {work!}, {hour!} je Stunde) sind steuerlich nicht abziehbar.])"},
-    {"donation", "a-parish", "de", false, alpParishFacts, R"(
+    {"donation", "a-parish", "de", false, "parish", R"(
         head 0 one
         title [Zahlungen an die Kirchgemeinde {year}|Ihre Zahlungen {year}]
         cols 22 60 186r
@@ -38,7 +38,7 @@ const std::vector<Sheet> donations{
         rule
         tr ; Alle Zahlungen ; {all}
         tb ; [davon Spenden, abziehbar|Spenden (ohne Kirchensteuer)] ; {amount})"},
-    {"donation", "a-church-tax", "de", false, alpChurchTaxFacts, R"(
+    {"donation", "a-church-tax", "de", false, "churchTax", R"(
         head 5 one
         title [Kirchensteuer {year}: Schlussrechnung|Rechnung Kirchensteuer {year}]
         line {one}, einfache Steuer {simple!}, Steuerfuss {rate}
@@ -48,7 +48,7 @@ const std::vector<Sheet> donations{
         dots Bereits bezahlt ; {-paid}
         sum Zu bezahlen bis {due} ; {open}
         text Ihre Steuer ermöglicht Jugendarbeit, Seelsorge und Hilfswerke. Herzlichen Dank für Ihre Unterstützung! Über eine zusätzliche Spende freuen wir uns.)"},
-    {"donation", "a-sponsor-months", "de", false, alpSponsorFacts, R"(
+    {"donation", "a-sponsor-months", "de", false, "sponsor", R"(
         head 6 one
         title [Patenschaft {year}|Ihre Patenschaft im Jahr {year}]
         line Patenkind: {godchild}
@@ -61,13 +61,13 @@ const std::vector<Sheet> donations{
         gap 4
         above [Beiträge des Jahres, in der Steuererklärung abziehbar|Bestätigte Summe {year}] ; {amount!}
         small Monatsbeitrag {month!}, Geschenk zum Geburtstag {extra!}. Steuerbefreite Institution.)"},
-    {"donation", "a-recit", "fr", false, alpAssociationFacts, R"(
+    {"donation", "a-recit", "fr", false, "threeGifts", R"(
         head 1 one
         bold [Merci!|Votre soutien en {year}]
         text [Chère donatrice, cher donateur|Bonjour {one}]
         text [Le {on1} vous nous avez fait parvenir {gift1!}, puis {gift2!} le {on2} et enfin {gift3!} le {on3}. Vos dons de l'année {year} atteignent ainsi {amount!}.|Trois fois, en {year}, vous avez pensé à nous: {gift1!} le {on1}, {gift2!} le {on2} et {gift3!} le {on3}, soit {amount!} en tout.]
         text [Votre cotisation de membre ({fee!}) n'est pas déductible et n'y figure pas.|La cotisation de {fee!} n'est pas un don.])"},
-    {"donation", "a-liberalita", "it", false, alpAssociationFacts, R"(
+    {"donation", "a-liberalita", "it", false, "threeGifts", R"(
         head 3 one
         title [Attestazione delle liberalità {year}|Offerte ricevute nel {year}]
         cols 44r 52 92
@@ -80,7 +80,7 @@ const std::vector<Sheet> donations{
         rule
         tr {all} ; ; Versamenti complessivi
         tb {amount} ; ; [Liberalità deducibili|Offerte deducibili])"},
-    {"donation", "a-charity-en", "en", false, alpSponsorFacts, R"(
+    {"donation", "a-charity-en", "en", false, "sponsor", R"(
         head 0 one
         bold [Donation receipt {year}|Your donations in {year}]
         text Dear {one}
@@ -89,7 +89,7 @@ const std::vector<Sheet> donations{
 };
 
 const std::vector<Sheet> courses{
-    {"course", "a-withdrawn", "de", false, alpCancelledFacts, R"(
+    {"course", "a-withdrawn", "de", false, "withdrawn", R"(
         head 0 one
         title [Abrechnung nach Austritt|Schlussabrechnung Kursabbruch] «{course}»
         line Teilnehmer/in {one}, Austritt am {left}
@@ -100,7 +100,7 @@ const std::vector<Sheet> courses{
         tr {back} ; Bearbeitungsgebühr, mit der Rückzahlung verrechnet ; {handling}
         rule
         tb ; [Ihre effektiven Kosten {year}|Nach der Rückzahlung bleiben zu Ihren Lasten] ; {amount})"},
-    {"course", "a-both-learn", "de", false, alpLearnersFacts, R"(
+    {"course", "a-both-learn", "de", false, "learners", R"(
         head 3 both
         title [Kursbestätigung {year}|Bezahlte Kurse {year}]
         cols 22 74 142 188r
@@ -110,7 +110,7 @@ const std::vector<Sheet> courses{
         rule
         tr Rechnungsempfänger: Familie {last} ; ; ; {all}
         small Die Kurse dienen der beruflichen Weiterbildung; jede Person zieht ihre Kosten ab.)"},
-    {"course", "a-school-account", "de", false, alpSchoolAccountFacts, R"(
+    {"course", "a-school-account", "de", false, "schoolAccount", R"(
         head 1 one
         title [Studierendenkonto {year}|Kontoauszug {year}] {course}
         cols 22 48 128r 158r 188r
@@ -120,7 +120,7 @@ const std::vector<Sheet> courses{
         rule
         tr ; Umsatz ; {charged} ; {amount} ; {open}
         text [Bezahlt haben Sie {year} demnach {amount!}; nur bezahlte Weiterbildungskosten sind abziehbar.|Für den Abzug der Weiterbildungskosten {year} zählen Ihre Zahlungen: {amount!}.])"},
-    {"course", "a-facture-employeur", "fr", false, alpFirmShareFacts, R"(
+    {"course", "a-facture-employeur", "fr", false, "shareOfFirm", R"(
         head 6 one
         title [Facture de formation|Facture] {number}
         text {course}. Participant(e): {one}. [Date de la facture|Établie le] {dated}
@@ -129,7 +129,7 @@ const std::vector<Sheet> courses{
         rule
         sum [À votre charge|Montant à payer par le participant] ; {amount~}
         small Échéance {due}. Les frais de formation continue à votre charge sont déductibles.)"},
-    {"course", "a-moduli", "it", false, alpCreditsFacts, R"(
+    {"course", "a-moduli", "it", false, "credits", R"(
         head 2 one
         title [Attestazione delle tasse di studio {year}|Costi di formazione continua {year}]
         line {one}, {birth}
@@ -142,7 +142,7 @@ const std::vector<Sheet> courses{
         rule
         tb [Pagato nel {year}|Costi di formazione pagati] ; ; {amount}
         small In caso di richiamo: {reminder!})"},
-    {"course", "a-tuition-en", "en", false, alpTuitionFacts, R"(
+    {"course", "a-tuition-en", "en", false, "tuition", R"(
         head 4 one
         title [Statement of tuition fees|Confirmation of payment] {course}
         line Participant: {one}
@@ -158,7 +158,7 @@ const std::vector<Sheet> courses{
 
 /// Receipts of several collections, laid on one sheet and copied.
 void receipts(Draft& draft) {
-    const Facts facts = alpReceiptsFacts(draft);
+    const Facts facts = told(draft, "receipts");
     Paper& paper = draft.paper;
     paper.newPage();
     const QString heading = draft.one("Quittung|Spendenquittung|Beleg");

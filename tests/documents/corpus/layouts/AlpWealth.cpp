@@ -1,4 +1,4 @@
-#include "tests/documents/corpus/layouts/AlpFacts.h"
+#include "tests/documents/corpus/layouts/facts/Tale.h"
 
 // Layouts of pillar 3a and of buy-ins into pension funds.
 
@@ -6,7 +6,7 @@ namespace corpus {
 namespace {
 
 const std::vector<Sheet> pillars{
-    {"pillar3a", "a-refused", "de", false, alpRefusedFacts, R"(
+    {"pillar3a", "a-refused", "de", false, "pillarRefused", R"(
         head 0 one
         title [Kontobewegungen Säule 3a {year} mit Rückweisung|Beiträge 3a {year}: Überschreitung des Höchstbetrags]
         line {one}, Vorsorgenummer {number}
@@ -20,7 +20,7 @@ const std::vector<Sheet> pillars{
         tb ; [Anerkannter Beitrag {year}|Verbleibender, abzugsfähiger Beitrag] ; {paid} ;
         gap 3
         text [Der Betrag von {back!} übersteigt das gesetzliche Maximum und wurde auf Ihr Bankkonto zurückvergütet.|Wir mussten {back!} zurückweisen. Er darf nicht abgezogen werden.])"},
-    {"pillar3a", "a-gap", "de", false, alpGapFacts, R"(
+    {"pillar3a", "a-gap", "de", false, "pillarGap", R"(
         head 5 one
         title [Beiträge und nachträgliche Einkäufe {year}|Bescheinigung 3a {year} (Art. 7 und 7a BVV 3)]
         line {one}, {birth}, {ahv}
@@ -35,7 +35,7 @@ const std::vector<Sheet> pillars{
         rule
         mid Total A und B ; {all}
         small Beide Teile sind im Jahr {year} einzeln zu deklarieren. Ein Einkauf ist nur möglich, wenn der ordentliche Beitrag des Jahres voll bezahlt ist oder wird.)"},
-    {"pillar3a", "a-waiver", "de", false, alpWaiverFacts, R"(
+    {"pillar3a", "a-waiver", "de", false, "pillarWaiver", R"(
         head 1 one
         title [Prämienausweis 3a mit Prämienbefreiung|Gebundene Vorsorgepolice: Prämien] {year}
         text [Seit Ihrer Erwerbsunfähigkeit übernehmen wir einen Teil der Prämien.|Während der Erwerbsunfähigkeit (bis {until}) waren Sie von der Prämie befreit.]
@@ -47,7 +47,7 @@ const std::vector<Sheet> pillars{
         tb [Von Ihnen bezahlte Prämie|Selbst bezahlt, abzugsfähig (3a)] ; {paidmonths} ; {month} ; {paid}
         gap 3
         small Rückkaufswert {end} {surrender!}, Erwerbsunfähigkeitsrente {annuity!} im Jahr; die Rente wird separat bescheinigt.)"},
-    {"pillar3a", "a-two-policies", "de", false, alpTwoPoliciesFacts, R"(
+    {"pillar3a", "a-two-policies", "de", false, "twoPolicies", R"(
         head 3 one
         title [Ihre Policen im Steuerjahr {year}|Prämienzusammenstellung {year} (3a und 3b)]
         cols 22 80 118r 152r 188r
@@ -58,7 +58,7 @@ const std::vector<Sheet> pillars{
         rule
         tr Zusammen ; ; {risk} ; {saving} ; {premium}
         text [Abziehbar als Beitrag an die Säule 3a ist die ganze Prämie der gebundenen Police, Risiko- und Sparteil.|Die Prämie 3b gehört zu den Versicherungsprämien, jene der Säule 3a zu den Vorsorgebeiträgen.])"},
-    {"pillar3a", "a-contract-columns", "de", false, alpContractColumnsFacts, R"(
+    {"pillar3a", "a-contract-columns", "de", false, "pillarColumns", R"(
         head 6 one
         big 3a-[Übersicht|Jahresblatt] {year}
         line {one}, {birth}
@@ -67,10 +67,10 @@ const std::vector<Sheet> pillars{
         rule
         each rows {on} ; {a1?} ; {a2?} ; {a3?} ; {sum}
         rule
-        tb [Einzahlungen|Beiträge] {year} ; {t1} ; {t2} ; {t3} ; {paid}
+        tb [Einzahlungen|Beiträge] {year} ; {a1} ; {a2} ; {a3} ; {paid}
         tr Wert {end} ; {worth1} ; {worth2} ; {worth3} ;
         small Maximum {limit!} über alle Töpfe und alle Stiftungen zusammen.)"},
-    {"pillar3a", "a-sortie", "fr", false, alpLeftFacts, R"(
+    {"pillar3a", "a-sortie", "fr", false, "pillarLeft", R"(
         head 0 one
         title [Relevé {year} du compte de prévoyance 3a|Compte 3a no {number}: mouvements {year}]
         cols 22 58 146r 188r
@@ -85,7 +85,7 @@ const std::vector<Sheet> pillars{
         tr {end} ; Avoir ; ; {closing}
         gap 4
         text [Les versements de l'année, soit {paid!}, sont déductibles. Le transfert n'est ni un retrait ni un versement.|Montant à déduire du revenu: {paid!}. Maximum légal: {limit!}.])"},
-    {"pillar3a", "a-securities-en", "en", false, alpArrivedFacts, R"(
+    {"pillar3a", "a-securities-en", "en", false, "pillarArrived", R"(
         head 4 one
         title [Pillar 3a tax certificate {year}|Tax statement {year}: tied pension provision (pillar 3a)]
         line {one}, AHV no. {ahv}, contract {number}
@@ -100,7 +100,7 @@ const std::vector<Sheet> pillars{
         entry Performance after fees ; {gain}
         entry Market value on 31 December {year} ; {worth}
         small Transfers between foundations are not contributions. The market value is not taxable.)"},
-    {"pillar3a", "a-deux-contrats", "fr", false, alpCoupleContractsFacts, R"(
+    {"pillar3a", "a-deux-contrats", "fr", false, "pillarContracts", R"(
         head 3 both
         title [Prévoyance liée: versements {year} par contrat|Attestation 3a {year} pour le couple]
         per people
@@ -111,7 +111,7 @@ const std::vector<Sheet> pillars{
         endper
         gap 3
         small Chaque conjoint déduit ses propres versements. L'avoir n'est pas imposable.)"},
-    {"pillar3a", "a-trasferimento", "it", false, alpLeftFacts, R"(
+    {"pillar3a", "a-trasferimento", "it", false, "pillarLeft", R"(
         head 5 one
         bold [Previdenza vincolata {year}: dichiarazione|Conferma {year} per le autorità fiscali (3a)]
         text [Gentile cliente|Egregia signora, egregio signore]
@@ -121,7 +121,7 @@ const std::vector<Sheet> pillars{
 };
 
 const std::vector<Sheet> buyIns{
-    {"buyin", "a-interest", "de", false, alpBuyInInterestFacts, R"(
+    {"buyin", "a-interest", "de", false, "buyIns", R"(
         head 0 one
         title [Gutschrift freiwilliger Einkäufe {year}|Einkäufe {year} mit Verzinsung]
         cols 22 88r 136r 186r
@@ -132,13 +132,13 @@ const std::vector<Sheet> buyIns{
         tb {year} ; {part} ; {interest} ; {credit}
         text [Vom Einkommen abziehbar sind die Einkäufe ohne Zins.|Der Zins ist nicht steuerbar und nicht abziehbar.]
         small Altersguthaben {end}: {assets!})"},
-    {"buyin", "a-spouses", "de", false, alpBuyInSpousesFacts, R"(
+    {"buyin", "a-spouses", "de", false, "buyInsOfBoth", R"(
         head 1 both
         bold [Einkäufe {year} für beide Ehegatten|Ihre Einkäufe in die 2. Säule {year}]
         text [Liebe Versicherte|Sehr geehrte Versicherte]
         text [Sie sind beide bei uns versichert und haben {year} Einkäufe geleistet: {one} am {when} {amount!}, {two} am {when2} {amount2!}.|Im Steuerjahr {year} haben wir von {one} einen Einkauf von {amount!} ({when}) und von {two} einen solchen von {amount2!} ({when2}) verbucht.]
         text [Noch möglich sind {possible!} beziehungsweise {possible2!}.|Die Lücken betragen danach {possible!} und {possible2!}.])"},
-    {"buyin", "a-wage-and-private", "de", false, alpBuyInWageFacts, R"(
+    {"buyin", "a-wage-and-private", "de", false, "buyInByWage", R"(
         head 6 one
         title [Einkauf von Leistungen {year}|Nachweis der Einkäufe {year}]
         line {one}, {ahv}
@@ -152,7 +152,7 @@ const std::vector<Sheet> buyIns{
         gap 3
         text [Was über den Lohn lief, ist im Nettolohn schon berücksichtigt. Zusätzlich abziehen können Sie {private!}.|In der Steuererklärung abzuziehen: {private!}. Die übrigen Einkäufe stehen im Lohnausweis.]
         small Insgesamt gutgeschrieben: {all!})"},
-    {"buyin", "a-rachat-plan", "fr", false, alpBuyInPlanFacts, R"(
+    {"buyin", "a-rachat-plan", "fr", false, "buyInPlan", R"(
         head 2 one
         title [Rachat échelonné de prestations|Plan de rachat: état au {end}]
         dots Rachat convenu ; {agreed}
@@ -161,7 +161,7 @@ const std::vector<Sheet> buyIns{
         dots À verser jusqu'en {next} ; {rest}
         gap 3
         text [Votre versement nous est parvenu le {when}.|Date de réception du versement: {when}.] Personne assurée: {one}, {ahv}.)"},
-    {"buyin", "a-riscatto-ditta", "it", false, alpBuyInFirmFacts, R"(
+    {"buyin", "a-riscatto-ditta", "it", false, "buyInWithFirm", R"(
         head 4 one
         title [Riscatto di prestazioni LPP {year}|Attestazione di riscatto {year}]
         cols 22 70 186r
@@ -173,7 +173,7 @@ const std::vector<Sheet> buyIns{
         gap 3
         band [Riscatto deducibile|Importo deducibile nella dichiarazione {year}] ; {amount}
         small Riscatto ancora possibile: {possible!})"},
-    {"buyin", "a-purchase-en", "en", false, alpBuyInPlanFacts, R"(
+    {"buyin", "a-purchase-en", "en", false, "buyInPlan", R"(
         head 5 one
         bold [Confirmation of voluntary purchase of pension benefits|Pension fund purchase {year}]
         text Dear {one}
@@ -183,7 +183,7 @@ const std::vector<Sheet> buyIns{
 
 /// A form whose amounts stand in two boxes, francs and rappen, as on a payment slip.
 void twoBoxes(Draft& draft) {
-    const Facts facts = alpPillarFormFacts(draft);
+    const Facts facts = told(draft, "pillarForm");
     Paper& paper = draft.paper;
     paper.newPage();
     draft.letterHead(draft.random.between(0, 3), draft.family.one.name());

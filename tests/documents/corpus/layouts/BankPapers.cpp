@@ -52,86 +52,6 @@ std::vector<Account> accounts(Draft& draft, int most) {
     return made;
 }
 
-/// One account: lines of label and amount in a letter.
-void trainLetter(Draft& draft) {
-    begin(draft);
-    Paper& p = draft.paper;
-    p.newPage();
-    draft.letterHead(0, draft.family.one.name());
-    const Account a = account(draft, "Privatkonto", "Compte privé", "Conto privato");
-    p.lineOf(draft.t("Zins- und Saldobestätigung per |Saldo- und Zinsausweis per "
-                     "|Steuerbescheinigung Konto per ",
-                     "Attestation d'intérêts et de solde au ",
-                     "Attestazione di interessi e saldo al ")
-                 + draft.date(draft.yearEnd()),
-             {13, true});
-    p.space(4);
-    p.lineOf(a.name + "   IBAN " + a.iban);
-    p.lineOf(draft.t("Lautend auf ", "Au nom de ", "Intestato a ") + draft.family.one.name());
-    p.space(6);
-    p.entry(draft.t("Saldo per 31.12.|Kontostand am 31.12.|Guthaben per 31.12.|Kapital am 31.12.",
-                    "Solde au 31.12.", "Saldo al 31.12.")
-                + QString::number(draft.year),
-            draft.f(a.balance), {10}, true);
-    p.entry(draft.t("Bruttozins |Habenzins brutto |Zinsertrag brutto |Zinsgutschrift brutto ",
-                    "Intérêts bruts |Intérêts créanciers bruts ", "Interessi lordi ")
-                + QString::number(draft.year),
-            draft.f(a.interest), {10}, true);
-    p.entry(draft.t("Verrechnungssteuer 35%", "Impôt anticipé 35%", "Imposta preventiva 35%"),
-            a.withheld ? draft.f(a.tax) : "0.00", {10}, true);
-    p.entry(draft.t("Nettozins", "Intérêts nets", "Interessi netti"), draft.f(a.interest - a.tax),
-            {10}, true);
-    p.space(8);
-    p.paragraph(draft.t("Dieses Dokument dient als Beilage zur Steuererklärung. Zinssatz am "
-                        "Jahresende 0.75%. Ohne Unterschrift gültig.",
-                        "Ce document est destiné à votre déclaration d'impôt. Taux au 31.12.: "
-                        "0.75%. Valable sans signature.",
-                        "Documento da allegare alla dichiarazione d'imposta. Tasso al 31.12.: "
-                        "0.75%. Valido senza firma."),
-                {8.5});
-}
-
-/// Several accounts in a table with totals.
-void trainTable(Draft& draft) {
-    begin(draft);
-    Paper& p = draft.paper;
-    p.newPage();
-    draft.letterHead(1, draft.family.one.name());
-    p.lineOf(draft.t("Zinsausweis |Zinsbescheinigung |Steuerverzeichnis Konten ",
-                     "Attestation fiscale ", "Certificato interessi ")
-                 + QString::number(draft.year),
-             {14, true});
-    p.space(4);
-    const std::vector<Column> columns{
-        {22}, {122, Align::right}, {156, Align::right}, {190, Align::right}};
-    p.row({draft.t("Konto / IBAN", "Compte / IBAN", "Conto / IBAN"),
-           draft.t("Saldo 31.12.|Kapital 31.12.|Steuerwert", "Solde 31.12.", "Saldo 31.12."),
-           draft.t("Zinsertrag brutto|Bruttozins|Ertrag", "Intérêts bruts", "Interessi lordi"),
-           draft.t("Verr.-Steuer", "Impôt antic.", "Imp. prev.")},
-          columns, {8.5, true});
-    p.rule();
-    Cents balance = 0;
-    Cents interest = 0;
-    Cents tax = 0;
-    for (const Account& a : accounts(draft, draft.random.between(2, 3))) {
-        p.row({a.name, draft.m(a.balance), a.interest == 0 ? "" : draft.m(a.interest),
-               a.tax == 0 ? "" : draft.m(a.tax)},
-              columns);
-        p.lineOf(a.iban, {7.5});
-        p.space(1.5);
-        balance += a.balance;
-        interest += a.interest;
-        tax += a.tax;
-    }
-    p.rule();
-    p.row({"Total CHF", draft.m(balance), draft.m(interest), draft.m(tax)}, columns, {9.5, true});
-    p.space(8);
-    p.paragraph(draft.t("Bei Fragen erreichen Sie uns von 08.00 bis 17.30 Uhr.",
-                        "Pour toute question: de 08.00 à 17.30.",
-                        "Per domande: dalle 08.00 alle 17.30."),
-                {8.5});
-}
-
 struct Loan {
     QString number;
     Cents amount = 0;
@@ -147,38 +67,6 @@ Loan loan(Draft& draft) {
         .amount("amount", made.amount)
         .amount("interest", made.interest);
     return made;
-}
-
-/// A mortgage: quarters and their total.
-void trainMortgage(Draft& draft) {
-    begin(draft);
-    Paper& p = draft.paper;
-    p.newPage();
-    draft.letterHead(3, draft.family.one.name());
-    const Loan made = loan(draft);
-    p.lineOf("Zins- und Kapitalbestätigung Hypothek", {13, true});
-    p.lineOf("Festhypothek Nr. " + made.number + ", Zinssatz 1.85%, Laufzeit bis 30.06.2029");
-    p.space(5);
-    const std::vector<Column> columns{{22}, {90, Align::right}, {150, Align::right}};
-    p.row({"Fälligkeit", "Tage", "Zins CHF"}, columns, {9, true});
-    p.rule();
-    const Cents quarter = made.interest / 4 / 5 * 5;
-    for (int i = 1; i <= 4; ++i) {
-        const QDate due(draft.year, 3 * i, QDate(draft.year, 3 * i, 1).daysInMonth());
-        p.row({draft.date(due), "90", draft.m(i < 4 ? quarter : made.interest - 3 * quarter)},
-              columns);
-    }
-    p.rule();
-    p.row({draft.one("Bezahlte Schuldzinsen |Total Hypothekarzinsen |Zinsbelastung ")
-               + QString::number(draft.year),
-           "360", draft.m(made.interest)},
-          columns, {9.5, true});
-    p.space(6);
-    p.entry(draft.one("Schuld per 31.12.|Kapitalschuld am 31.12.|Restschuld per 31.12.")
-                + QString::number(draft.year),
-            draft.s(made.amount), {10, true});
-    p.entry("Amortisation im Jahr " + QString::number(draft.year),
-            draft.s(draft.francs(0, 8000, 1000)));
 }
 
 /// Label above value, two columns.
@@ -275,10 +163,7 @@ void heldLoanLetter(Draft& draft) {
 } // namespace
 
 std::vector<Layout> bankPapers() {
-    return {{"bank", "letter", false, "de,fr,it", false, trainLetter},
-            {"bank", "table", false, "de,fr,it", false, trainTable},
-            {"bank", "mortgage", false, "de", false, trainMortgage},
-            {"bank", "cards", true, "de,fr,it", false, heldCards},
+    return {{"bank", "cards", true, "de,fr,it", false, heldCards},
             {"bank", "mixed-table", true, "de,fr,it", false, heldMixed},
             {"bank", "loan-letter", true, "de", false, heldLoanLetter}};
 }

@@ -45,87 +45,6 @@ void payment(Draft& draft, Cents amount, const QString& number) {
     putQrBill(draft, bill);
 }
 
-/// Points of the tariff, position by position.
-void trainTariff(Draft& draft) {
-    begin(draft);
-    Paper& p = draft.paper;
-    p.newPage();
-    draft.letterHead(0, draft.family.one.name());
-    const QString number = draft.random.digits(6);
-    p.lineOf(draft.t("Rechnung Nr. |Arztrechnung |Rechnung ", "Facture no ", "Fattura n. ")
-                 + number,
-             {13, true});
-    p.lineOf(draft.t("Patient/in: ", "Patient(e): ", "Paziente: ") + draft.family.one.name() + ", "
-                 + draft.date(draft.family.one.birth)
-                 + draft.t("   Rechnungsdatum: ", "   Date de facture: ", "   Data fattura: ")
-                 + draft.date(draft.dated),
-             {9});
-    p.space(3);
-    const std::vector<Column> columns{
-        {22}, {44}, {64}, {145, Align::right}, {165, Align::right}, {190, Align::right}};
-    p.row({draft.t("Datum", "Date", "Data"), draft.t("Tarif", "Tarif", "Tariffa"),
-           draft.t("Leistung", "Prestation", "Prestazione"),
-           draft.t("Menge", "Quantité", "Quantità"), draft.t("TP-Wert", "Val. pt", "Val. pt"),
-           draft.t("Betrag", "Montant", "Importo")},
-          columns, {8, true});
-    p.rule();
-    static const std::vector<const char*> german{"Konsultation, erste 5 Min.",
-                                                 "Konsultation, jede weitere 5 Min.",
-                                                 "Blutentnahme", "Labor: Blutbild", "Medikament"};
-    static const std::vector<const char*> french{"Consultation, 5 premières min.",
-                                                 "Consultation, 5 min. suppl.", "Prise de sang",
-                                                 "Labo: formule sanguine", "Médicament"};
-    static const std::vector<const char*> italian{"Consultazione, primi 5 min.",
-                                                  "Consultazione, altri 5 min.", "Prelievo",
-                                                  "Labor.: emocromo", "Medicamento"};
-    Cents total = 0;
-    for (int i = draft.random.between(3, 7); i > 0; --i) {
-        const size_t kind = static_cast<size_t>(draft.random.between(0, 4));
-        const Cents part = draft.odd(8, 120);
-        total += part;
-        p.row({draft.date(draft.dated.addDays(-20 - i)), "00.0" + draft.random.digits(3),
-               draft.t(german[kind], french[kind], italian[kind]), "1.00", "0.83", draft.m(part)},
-              columns, {8});
-    }
-    p.rule();
-    p.entry(draft.t("Rechnungsbetrag|Gesamttotal|Total Rechnung|Rechnungstotal",
-                    "Montant de la facture", "Importo della fattura"),
-            draft.s(total), {10, true});
-    note(draft, total, draft.family.one);
-    payment(draft, total, number);
-}
-
-/// A dentist: material, laboratory, a sum with VAT free.
-void trainDentist(Draft& draft) {
-    begin(draft);
-    Paper& p = draft.paper;
-    p.newPage();
-    draft.letterHead(2, draft.family.one.name());
-    const QString number = QString::number(draft.year) + "-" + draft.random.digits(4);
-    p.lineOf(draft.t("Honorarrechnung ", "Note d'honoraires ", "Nota d'onorario ") + number
-                 + draft.t(" vom ", " du ", " del ") + draft.longDate(draft.dated),
-             {12, true});
-    p.lineOf(draft.t("Behandlung von ", "Traitement de ", "Trattamento di ")
-             + draft.family.two.name());
-    p.space(4);
-    const Cents work = draft.odd(120, 1600);
-    const Cents lab = draft.odd(60, 900);
-    const Cents material = draft.odd(10, 90);
-    p.entry(draft.t("Zahnärztliche Leistungen (412 Taxpunkte zu 1.05)",
-                    "Prestations dentaires (412 points à 1.05)",
-                    "Prestazioni dentarie (412 punti a 1.05)"),
-            draft.m(work), {9.5}, true);
-    p.entry(draft.t("Zahntechnik", "Laboratoire", "Laboratorio"), draft.m(lab), {9.5}, true);
-    p.entry(draft.t("Material", "Matériel", "Materiale"), draft.m(material), {9.5}, true);
-    p.entry(draft.t("MWST 0%", "TVA 0%", "IVA 0%"), "0.00", {9.5}, true);
-    p.rule();
-    p.entry(draft.t("Total zu bezahlen|Rechnungsbetrag|Totalbetrag|Honorar total", "Total à payer",
-                    "Totale da pagare"),
-            draft.s(work + lab + material), {10.5, true});
-    note(draft, work + lab + material, draft.family.two);
-    payment(draft, work + lab + material, number);
-}
-
 /// A pharmacy's yearly list.
 void heldPharmacy(Draft& draft) {
     begin(draft);
@@ -193,11 +112,7 @@ void heldSessions(Draft& draft) {
 } // namespace
 
 std::vector<Layout> billPapers() {
-    return {{"bill", "tariff-qr", false, "de,fr,it", true, trainTariff},
-            {"bill", "tariff", false, "de", false, trainTariff},
-            {"bill", "dentist-qr", false, "de,fr", true, trainDentist},
-            {"bill", "dentist", false, "de,it", false, trainDentist},
-            {"bill", "pharmacy-qr", true, "de,it", true, heldPharmacy},
+    return {{"bill", "pharmacy-qr", true, "de,it", true, heldPharmacy},
             {"bill", "pharmacy", true, "de,fr", false, heldPharmacy},
             {"bill", "sessions-qr", true, "de,fr", true, heldSessions},
             {"bill", "sessions", true, "de,it", false, heldSessions}};

@@ -20,55 +20,6 @@ TruthRecord& note(Draft& draft, Cents amount, const Someone& giver) {
         .text("recipient", draft.issuer.name);
 }
 
-void trainSingle(Draft& draft) {
-    begin(draft);
-    Paper& p = draft.paper;
-    p.newPage();
-    draft.letterHead(2, draft.family.one.name());
-    const Cents amount = draft.francs(20, 2000, 10);
-    const QDate day = draft.day();
-    p.lineOf(draft.one("Spendenbescheinigung|Spendenquittung|Bestätigung Ihrer Spende"),
-             {15, true});
-    p.space(5);
-    p.paragraph("Wir bestätigen dankend den Eingang Ihrer Spende für das Projekt «Dach über dem "
-                "Kopf 2030».");
-    p.space(4);
-    p.entry("Spenderin / Spender", draft.family.one.name());
-    p.entry("Datum der Gutschrift", draft.date(day));
-    p.entry(draft.one("Betrag der Spende|Spendenbetrag|Ihre Spende|Spende CHF"), draft.f(amount),
-            {10, true});
-    p.space(6);
-    p.paragraph("Unsere Organisation ist wegen Gemeinnützigkeit steuerbefreit. Spendenkonto "
-                    + randomIban(draft.random),
-                {8.5});
-    note(draft, amount, draft.family.one).date("date", day);
-}
-
-void trainYear(Draft& draft) {
-    begin(draft);
-    Paper& p = draft.paper;
-    p.newPage();
-    draft.letterHead(0, draft.family.two.name());
-    p.lineOf("Spendenbestätigung für das Jahr " + QString::number(draft.year), {13, true});
-    p.lineOf("Mitglieder-Nr. " + draft.random.digits(6), {8.5});
-    p.space(4);
-    const std::vector<Column> columns{{22}, {60}, {180, Align::right}};
-    p.row({"Datum", "Zweck", "Betrag CHF"}, columns, {9, true});
-    p.rule();
-    Cents total = 0;
-    for (int i = draft.random.between(2, 6); i > 0; --i) {
-        const Cents part = draft.francs(20, 300, 10);
-        total += part;
-        p.row({draft.date(QDate(draft.year, 13 - 2 * i, draft.random.between(1, 28))),
-               i % 2 == 0 ? "Patenschaft" : "Allgemeine Spende", draft.m(part)},
-              columns);
-    }
-    p.rule();
-    p.row({"", draft.one("Total Spenden|Spenden total|Total Ihrer Spenden"), draft.m(total)},
-          columns, {10, true});
-    note(draft, total, draft.family.two);
-}
-
 void heldThanks(Draft& draft) {
     begin(draft);
     Paper& p = draft.paper;
@@ -115,9 +66,7 @@ void heldYearCard(Draft& draft) {
 } // namespace
 
 std::vector<Layout> donationPapers() {
-    return {{"donation", "single", false, "de", false, trainSingle},
-            {"donation", "year", false, "de", false, trainYear},
-            {"donation", "thanks", true, "de", false, heldThanks},
+    return {{"donation", "thanks", true, "de", false, heldThanks},
             {"donation", "year-card", true, "de", false, heldYearCard}};
 }
 

@@ -17,58 +17,6 @@ void noteCare(Draft& draft, Cents amount) {
     record.amount("childcareCosts", amount);
 }
 
-QString monthName(const Draft& draft, int month) {
-    return draft.longDate(QDate(draft.year, month, 1)).mid(3).section(' ', 0, 0);
-}
-
-void trainMonths(Draft& draft) {
-    beginCare(draft);
-    Paper& p = draft.paper;
-    p.newPage();
-    draft.letterHead(0, draft.family.one.name());
-    p.lineOf("Betreuungskosten " + QString::number(draft.year) + " – Bestätigung für die Steuern",
-             {12, true});
-    p.lineOf("Kind: " + draft.family.child.name() + ", geb. "
-             + draft.date(draft.family.child.birth));
-    p.space(3);
-    const std::vector<Column> columns{{22}, {90, Align::right}, {140, Align::right}};
-    p.row({"Monat", "Tage", "Betrag CHF"}, columns, {9, true});
-    p.rule();
-    Cents total = 0;
-    for (int month = 1; month <= 12; ++month) {
-        const int days = draft.random.between(4, 13);
-        const Cents part = days * 9850;
-        total += part;
-        p.row({monthName(draft, month), QString::number(days), draft.m(part)}, columns, {9});
-    }
-    p.rule();
-    p.row({draft.one("Total Betreuungskosten|Betreuungskosten total|Total Elternbeiträge"), "",
-           draft.m(total)},
-          columns, {9.5, true});
-    noteCare(draft, total);
-}
-
-void trainNet(Draft& draft) {
-    beginCare(draft);
-    Paper& p = draft.paper;
-    p.newPage();
-    draft.letterHead(2, draft.family.two.name());
-    const Cents full = draft.odd(6000, 24000);
-    const Cents subsidy = draft.odd(500, 3000);
-    p.lineOf("Bestätigung Kinderbetreuung", {14, true});
-    p.space(3);
-    p.paragraph("Wir bestätigen, dass " + draft.family.child.name() + " (geb. "
-                + draft.date(draft.family.child.birth) + ") im Jahr " + QString::number(draft.year)
-                + " unsere Einrichtung an 2 Tagen pro Woche besucht hat.");
-    p.space(4);
-    p.entry("Kosten nach Tarif", draft.f(full));
-    p.entry("Beitrag der Gemeinde", draft.f(subsidy));
-    p.rule();
-    p.entry(draft.one("Von den Eltern bezahlt|Bezahlte Betreuungskosten|Elternbeitrag bezahlt"),
-            draft.f(full - subsidy), {10, true});
-    noteCare(draft, full - subsidy);
-}
-
 void heldProse(Draft& draft) {
     beginCare(draft);
     Paper& p = draft.paper;
@@ -121,53 +69,6 @@ void noteCourse(Draft& draft, Cents amount, const Someone& who) {
     draft.record("personDeductions", who).amount("furtherEducation", amount);
 }
 
-void trainCourse(Draft& draft) {
-    beginCourse(draft);
-    Paper& p = draft.paper;
-    p.newPage();
-    draft.letterHead(0, draft.family.one.name());
-    const QString number = "R-" + draft.random.digits(6);
-    const Cents fee = draft.odd(300, 6000);
-    const Cents material = draft.odd(30, 300);
-    p.lineOf("Rechnung " + number + " – Lehrgang", {13, true});
-    p.space(3);
-    const std::vector<Column> columns{{22}, {130, Align::right}, {190, Align::right}};
-    p.row({"Bezeichnung", "Lektionen", "CHF"}, columns, {9, true});
-    p.rule();
-    p.row({"Kursgeld Führungsausbildung Modul 2", "48", draft.m(fee)}, columns);
-    p.row({"Lehrmittel", "", draft.m(material)}, columns);
-    p.row({"MWST ausgenommen (Art. 21 MWSTG)", "", "0.00"}, columns);
-    p.rule();
-    p.row({draft.one("Kurskosten total|Total Kurskosten|Total Rechnung"), "",
-           draft.m(fee + material)},
-          columns, {10, true});
-    noteCourse(draft, fee + material, draft.family.one);
-    if (draft.payload) {
-        QrBill bill;
-        bill.amount = fee + material;
-        bill.message = number;
-        putQrBill(draft, bill);
-    }
-}
-
-void trainConfirmation(Draft& draft) {
-    beginCourse(draft);
-    Paper& p = draft.paper;
-    p.newPage();
-    draft.letterHead(2, draft.family.two.name());
-    const Cents fee = draft.francs(200, 9000, 10);
-    p.lineOf("Kursbestätigung", {16, true, Align::centre});
-    p.space(6);
-    p.entry("Teilnehmerin / Teilnehmer", draft.family.two.name());
-    p.entry("Kurs", "Buchhaltung Stufe 3, 12 Abende");
-    p.entry("Dauer",
-            "15.01." + QString::number(draft.year) + " – 28.06." + QString::number(draft.year));
-    p.entry(draft.one("Bezahlte Kurskosten|Kursgeld bezahlt|Kosten der Weiterbildung"),
-            draft.f(fee), {10, true});
-    p.entry("Präsenz", "94%");
-    noteCourse(draft, fee, draft.family.two);
-}
-
 void heldRates(Draft& draft) {
     beginCourse(draft);
     Paper& p = draft.paper;
@@ -214,17 +115,12 @@ void heldCourseBill(Draft& draft) {
 } // namespace
 
 std::vector<Layout> childcarePapers() {
-    return {{"childcare", "months", false, "de", false, trainMonths},
-            {"childcare", "net", false, "de", false, trainNet},
-            {"childcare", "prose", true, "de", false, heldProse},
+    return {{"childcare", "prose", true, "de", false, heldProse},
             {"childcare", "two-children", true, "de", false, heldTwoChildren}};
 }
 
 std::vector<Layout> coursePapers() {
-    return {{"course", "bill-qr", false, "de", true, trainCourse},
-            {"course", "bill", false, "de", false, trainCourse},
-            {"course", "confirmation", false, "de", false, trainConfirmation},
-            {"course", "rates", true, "de", false, heldRates},
+    return {{"course", "rates", true, "de", false, heldRates},
             {"course", "invoice-qr", true, "de", true, heldCourseBill},
             {"course", "invoice", true, "de", false, heldCourseBill}};
 }

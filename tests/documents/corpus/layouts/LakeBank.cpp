@@ -1,4 +1,4 @@
-#include "tests/documents/corpus/layouts/LakeFacts.h"
+#include "tests/documents/corpus/layouts/facts/Tale.h"
 
 // Layouts of banks, of lenders and of registers printed without a barcode.
 
@@ -6,7 +6,7 @@ namespace corpus {
 namespace {
 
 const std::vector<Sheet> banks{
-    {"bank", "l-mixed-grid", "de", false, lakeMixFacts, R"(
+    {"bank", "l-mixed-grid", "de", false, "mixed", R"(
         wide
         head 4 one
         title [Vermögen und Schulden in einer Tabelle|Ausweis für die Steuern – alle Produkte] {year}
@@ -18,7 +18,7 @@ const std::vector<Sheet> banks{
         rule
         tb ; Alle Produkte ; ; {balance} ; {debt} ; {a} ; {tax} ; {b} ; {owed}
         small [Gebühren {fee!} sind im Aufwand nicht enthalten.|Nicht aufgeführt sind Kartengebühren von {fee!}.])"},
-    {"bank", "l-mixed-grille", "fr", false, lakeMixFacts, R"(
+    {"bank", "l-mixed-grille", "fr", false, "mixed", R"(
         head 6 both
         title [Attestation d'intérêts et de capital|Relevé fiscal global|Attestation fiscale] {year}
         cols 22 46 104r 124r 148r 168r 190r
@@ -33,7 +33,7 @@ const std::vector<Sheet> banks{
         tr ; Total sans impôt anticipé ; {b} ; ; ; ;
         tb ; Totaux au {end} ; ; ; {owed} ; {debt} ; {balance}
         small Première ligne: revenus soumis à l'impôt anticipé; seconde ligne: revenus non soumis.)"},
-    {"bank", "l-mixed-griglia", "it", false, lakeMixFacts, R"(
+    {"bank", "l-mixed-griglia", "it", false, "mixed", R"(
         head 0 one
         title [Attestato di capitale e interessi|Distinta fiscale della relazione] {year}
         cols 22 58 104r 126r 156r 190r
@@ -49,7 +49,7 @@ const std::vector<Sheet> banks{
         entry Redditi lordi con IP ; {a}
         entry Redditi lordi senza IP ; {b}
         small Spese di tenuta conto: {fee!}.)"},
-    {"bank", "l-cloture", "fr", false, lakeClosureFacts, R"(
+    {"bank", "l-cloture", "fr", false, "closed", R"(
         head 5 one
         bold [Clôture de votre compte|Décompte de clôture], {when}
         line {name}, IBAN {number}
@@ -64,7 +64,7 @@ const std::vector<Sheet> banks{
         tb [Viré sur le compte {target}|Montant viré en votre faveur] ; {payout} ;
         gap 3
         text Le compte ne présente plus d'avoir au 31 décembre {year}. Veuillez joindre ce décompte à votre déclaration d'impôt.)"},
-    {"bank", "l-estinzione", "it", false, lakeClosureFacts, R"(
+    {"bank", "l-estinzione", "it", false, "closed", R"(
         head 2 one
         title Estinzione conto {number}
         text [Su sua richiesta abbiamo estinto il {when} la relazione «{name}». Dal 1° gennaio sono maturati interessi lordi di {interest!}.|Il conto «{name}» è stato chiuso il {when}; gli interessi lordi maturati nel {year} sono pari a {interest!}.]
@@ -76,7 +76,7 @@ const std::vector<Sheet> banks{
         cell Importo bonificato ; {payout}
         cell Saldo al 31.12.{year} ; 0.00
         endgrid)"},
-    {"bank", "l-quarters", "de", false, lakeQuartersFacts, R"(
+    {"bank", "l-quarters", "de", false, "loans", R"(
         head 1 both
         title [Ihre Hypothekarzinsen|Zinsausweis Finanzierungen] {year}
         per loans
@@ -94,7 +94,7 @@ const std::vector<Sheet> banks{
         gap 2
         entry [Hypotheken insgesamt|Gesamte Verpflichtung] ; {debt}
         entry [Zinsen insgesamt|Gesamte Zinszahlungen] ; {interest})"},
-    {"bank", "l-tranches-fr", "fr", false, lakeMatrixFacts, R"(
+    {"bank", "l-tranches-fr", "fr", false, "tranches", R"(
         head 0 both
         title [Attestation d'intérêts hypothécaires|Relevé annuel du financement] {year}
         cols 22 108r 136r 164r 190r
@@ -108,7 +108,7 @@ const std::vector<Sheet> banks{
         tb [Capital dû au 31 décembre|Dette au 31 décembre] ; {debt1} ; {debt2} ; {debt3} ; {debt}
         tb [Intérêts payés {year}|Intérêts débités en {year}] ; {interest1} ; {interest2} ; {interest3} ; {interest}
         tr Intérêts courus, non échus ; {accrued1} ; {accrued2} ; {accrued3} ; {accrued})"},
-    {"bank", "l-tranches-columns", "de", false, lakeMatrixFacts, R"(
+    {"bank", "l-tranches-columns", "de", false, "tranches", R"(
         head 5 both
         title [Zinsbestätigung Hypothek in drei Tranchen|Finanzierungsausweis] {year}
         cols 22 90r 124r 158r 190r
@@ -122,7 +122,7 @@ const std::vector<Sheet> banks{
         tr [Schuld 31.12.{prev}|Anfangsschuld] ; {before1} ; {before2} ; {before3} ; {before}
         tr Amortisation ; {-redemption1} ; {-redemption2} ; {-redemption3} ; {-redemption}
         tb [Schuld 31.12.{year}|Schuld Ende Jahr] ; {debt1} ; {debt2} ; {debt3} ; {debt})"},
-    {"bank", "l-renewed", "de", false, lakeRenewedFacts, R"(
+    {"bank", "l-renewed", "de", false, "renewedLoan", R"(
         head 3 one
         title [Steuerausweis Hypothek|Hypothekarausweis] {year}
         text Ihre Hypothek wurde am {change} abgelöst und unter neuer Nummer weitergeführt. Für beide Verträge erhalten Sie die Zinsen getrennt.
@@ -134,7 +134,7 @@ const std::vector<Sheet> banks{
         rule
         tb Zusammen ; ; ; ; {interest} ; {debt}
         small Bearbeitungsgebühr {charge!} gesondert belastet.)"},
-    {"bank", "l-ipoteche", "it", false, lakeQuartersFacts, R"(
+    {"bank", "l-ipoteche", "it", false, "loans", R"(
         head 3 both
         title [Interessi ipotecari e capitale residuo|Conferma annuale dei crediti ipotecari] {year}
         per loans
@@ -145,7 +145,7 @@ const std::vector<Sheet> banks{
         endper
         text [Nel {year} ha pagato interessi per {interest!} su un debito complessivo di {debt!}.|Debito complessivo {debt!}, interessi complessivi {interest!}.]
         small Interessi maturati ma non ancora scaduti: {accrued!}.)"},
-    {"bank", "l-cash-credit", "de", false, lakeCreditFacts, R"(
+    {"bank", "l-cash-credit", "de", false, "cashCredit", R"(
         head 1 one
         title [Jahresausweis Privatkredit|Konsumkredit: Ausweis für die Steuererklärung] {year}
         line Vertrag {number}, ursprünglicher Kreditbetrag {original!}, Jahreszins {rate}
@@ -155,12 +155,12 @@ const std::vector<Sheet> banks{
         left {cover} ; davon Prämie Ratenversicherung
         leftsum {interest} ; [davon Zins|davon Kreditzins (abziehbar)]
         leftsum {debt} ; [Restschuld am {end}|Offen am {end}])"},
-    {"bank", "l-credit-prive", "fr", false, lakeCreditFacts, R"(
+    {"bank", "l-credit-prive", "fr", false, "cashCredit", R"(
         head 3 one
         title [Attestation annuelle de crédit|Crédit personnel: attestation fiscale] {year}
         text [Durant l'année {year}, vous avez versé 12 mensualités de {month!}, soit {paid!}. Ce montant comprend {interest!} d'intérêts et {cover!} de primes d'assurance.|Vos 12 mensualités de {month!} ({paid!}) comprennent des intérêts de {interest!} ainsi que des primes d'assurance de {cover!}.]
         text [Au 31 décembre {year}, le solde de votre crédit n° {number} s'élève à {debt!}.|Le solde dû au 31 décembre {year} (contrat {number}) se monte à {debt!}.] Une année auparavant, il était de {before!}.)"},
-    {"bank", "l-plastic", "de", false, lakePlasticFacts, R"(
+    {"bank", "l-plastic", "de", false, "creditCard", R"(
         head 4 one
         title [Kartenkonto: Zins- und Saldoausweis|Jahresausweis Kreditkarte] {year}
         line Karte {number}, Kartenlimite {limit!}
@@ -173,7 +173,7 @@ const std::vector<Sheet> banks{
         rule
         tb [= Geschuldeter Saldo {end}|= Saldo zu unseren Gunsten {end}] ; {debt}
         text [Für die Steuererklärung massgebend sind der geschuldete Saldo und die Teilzahlungszinsen.|In das Schuldenverzeichnis gehören der Saldo und die Zinsen, nicht aber Gebühren.] Mindestzahlung im Januar: {least!}.)"},
-    {"bank", "l-pairs", "de", false, lakeRatesFacts, R"(
+    {"bank", "l-pairs", "de", false, "foreignCurrencies", R"(
         head 6 one
         title [Fremdwährungskonten: Steuerwerte|Ausweis Konten in fremder Währung] {year}
         cols 22 112 150r 190r
@@ -187,7 +187,7 @@ const std::vector<Sheet> banks{
         rule
         tb [Gegenwert aller Konten|Total] ; CHF ; {interest} ; {balance}
         tr darauf Verrechnungssteuer ; CHF ; {tax?} ;)"},
-    {"bank", "l-devises", "fr", false, lakeRatesFacts, R"(
+    {"bank", "l-devises", "fr", false, "foreignCurrencies", R"(
         head 4 one
         bold [Comptes en devises, état au {end}|Attestation d'avoirs en monnaies étrangères]
         per accounts
@@ -195,7 +195,7 @@ const std::vector<Sheet> banks{
         below {foreign} {code} ; Solde en devise ; {course} ; Cours au {end} ; {balance} ; [Solde en CHF|Valeur fiscale CHF]
         below {foreigninterest} {code} ; Intérêts en devise ; {tax} ; Impôt anticipé CHF ; {interest} ; [Intérêts en CHF|Rendement brut CHF]
         endper)"},
-    {"bank", "l-joint", "de", false, lakeJointFacts, R"(
+    {"bank", "l-joint", "de", false, "jointAccounts", R"(
         head 2 both
         title [Zins- und Saldoausweis nach Inhabern|Kontenausweis Ehepaar] {year}
         cols 22 64 124r 154r 190r
@@ -209,7 +209,7 @@ const std::vector<Sheet> banks{
         each own {name} ; {number} ; {interest} ; {tax?} ; {balance}
         rule
         tb Summe beider Inhaber ; ; {allinterest} ; {alltax?} ; {allbalance})"},
-    {"bank", "l-minus", "de", false, lakeSignedFacts, R"(
+    {"bank", "l-minus", "de", false, "overdrawn", R"(
         head 1 one
         title [Kontenübersicht mit Minussaldo|Zins- und Kapitalbestätigung] {year}
         cols 22 106r 130r 154r 190r
@@ -219,7 +219,7 @@ const std::vector<Sheet> banks{
         each accounts {number} ; {interest} ; 0.00 ; {tax?} ; {balance}
         rule
         text [Ein Minus bedeutet: Saldo zu Ihren Lasten. Ihre Überzugslimite beträgt {limit!}.|Beträge mit Minuszeichen sind Schulden Ihrerseits. Die Limite von {limit!} ist nicht überschritten.])"},
-    {"bank", "l-fees-columns", "de", false, lakeFeesFacts, R"(
+    {"bank", "l-fees-columns", "de", false, "feeColumns", R"(
         head 3 one
         title [Gebühren- und Steuerausweis|Zinsen, Steuern und Gebühren] {year}
         cols 22 112r 152r 190r
@@ -238,10 +238,10 @@ const std::vector<Sheet> banks{
 };
 
 const std::vector<Sheet> registers{
-    {"statement", "l-classes", "de", false, lakeClassFacts, R"(
+    {"statement", "l-classes", "de", false, "classes", R"(
         head 0 one
         title [Vermögensausweis nach Anlageklassen|Bewertung Ihres Vermögens] per {end}
-        line Anfangsbestand {start}: {start!}
+        line Anfangsbestand {start}: {initial!}
         cols 22 92r 116r 140r 162r 190r
         th Anlage ; Bestand ; Kurs ; Anteil ; [Ertrag {year}|Bruttoertrag] ; [Steuerwert|Marktwert CHF]
         rule
@@ -261,7 +261,7 @@ const std::vector<Sheet> registers{
         tb Gesamtvermögen ; ; ; 100.0 % ; ; {all}
         entry Erträge mit Verrechnungssteuer ; {a}
         entry Erträge ohne Verrechnungssteuer ; {b})"},
-    {"statement", "l-position-bands", "de", false, lakeClassFacts, R"(
+    {"statement", "l-position-bands", "de", false, "classes", R"(
         head 3 one
         title [Ihre Anlagen Stück für Stück|Steuerangaben je Anlage] {year}
         per shares
@@ -284,7 +284,7 @@ const std::vector<Sheet> registers{
         endper
         gap 3
         sum [Vermögen bei uns|Alle Anlagen und Konten], {end} ; {all})"},
-    {"statement", "l-moves", "de", false, lakePositionFacts, R"(
+    {"statement", "l-moves", "de", false, "moves", R"(
         head 5 one
         title [Ertragsaufstellung und Steuerwerte|Steuerreport Wertschriften] {year}
         cols 22 50 104r 122r 144r 166r 190r
@@ -306,7 +306,7 @@ const std::vector<Sheet> registers{
         rule
         tb ; Alle Titel ; ; ; {b} ; {a} ; {value}
         small Depotgebühr {costs!}.)"},
-    {"statement", "l-titres", "fr", false, lakePositionFacts, R"(
+    {"statement", "l-titres", "fr", false, "moves", R"(
         head 2 one
         title [État des titres pour l'impôt|Relevé fiscal du dépôt {#6}] {year}
         text Valeurs en francs suisses. Colonne A: rendement brut soumis à l'impôt anticipé. Colonne B: non soumis.
@@ -325,7 +325,7 @@ const std::vector<Sheet> registers{
         tb Totaux ; ; ; {value} ; {a} ; {b}
         entry [Impôt anticipé à récupérer|Droit au remboursement] ; {tax}
         entry Droits de garde et frais ; {costs})"},
-    {"statement", "l-titoli", "it", false, lakePositionFacts, R"(
+    {"statement", "l-titoli", "it", false, "moves", R"(
         head 3 one
         title [Elenco titoli|Distinta titoli e capitali] {year}
         cols 22 70 114r 136r 162r 190r

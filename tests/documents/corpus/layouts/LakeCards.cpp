@@ -1,4 +1,4 @@
-#include "tests/documents/corpus/layouts/LakeFacts.h"
+#include "tests/documents/corpus/layouts/facts/Tale.h"
 
 #include <algorithm>
 #include <array>
@@ -96,7 +96,7 @@ std::vector<Card> cardsOf(Draft& draft, const Facts& facts) {
 }
 
 void drawCards(Draft& draft, const char* script, size_t inRow, Labels labels) {
-    const Facts facts = lakeCardFacts(draft);
+    const Facts facts = told(draft, "cards");
     drawScript(draft, facts, script);
     draft.paper.space(4);
     putCards(draft.paper, cardsOf(draft, facts), inRow, labels);

@@ -1,4 +1,4 @@
-#include "tests/documents/corpus/layouts/LakeFacts.h"
+#include "tests/documents/corpus/layouts/facts/Tale.h"
 
 // Layouts of valuers, managers and insurers of buildings.
 
@@ -6,7 +6,44 @@ namespace corpus {
 namespace {
 
 const std::vector<Sheet> properties{
-    {"property", "l-parcel-columns", "de", false, lakeParcelFacts, R"(
+    // Three columns: what is valued, before, now; what counts stands out at the foot.
+    {"property", "l-boxes", "de", false, "valuation", R"(
+        head 0 both
+        title [Eröffnung der Grundstückschätzung|Anzeige Neuschätzung]
+        line Gemeinde {place}, Grundstück Nr. {parcel}, {area} m²
+        cols 24 146r 188r
+        th [Werte in CHF|Wertart] ; [neu|massgebend ab sofort] ; [bisher|letzte Schätzung]
+        rule
+        tr Gebäude, Neuwert ; {new} ; {oldnew}
+        tr Gebäude, Zeitwert ; {now} ; {oldnow}
+        tr Boden ; {land} ; {oldland}
+        tr Realwert ; {real} ; {oldreal}
+        tr Ertragswert ; {yield} ; {oldyield}
+        rule
+        tb [Verkehrswert|Verkehrswert (Steuerwert)] ; {value} ; {old}
+        tb [Mietwert pro Jahr|Jährlicher Mietwert] ; {rent} ; {oldrent}
+        small Gebühr dieser Schätzung: {charge!})"},
+    // Every value in a box of its own, its label at the top; only one of them is the tax's.
+    {"property", "l-mosaic", "de", false, "valuation", R"(
+        head 6 one
+        big [Schätzungsanzeige|Wertanzeige]
+        line Gemeinde {place}, Parzelle Nr. {parcel}
+        grid 3
+        cell Neuwert der Gebäude ; {new~}
+        cell Versicherungswert ; {cover~}
+        cell Wert des Bodens ; {land~}
+        endgrid
+        grid 2
+        cell [Verkehrswert|Amtlicher Verkehrswert] ; {value~}
+        cell [Mietwert, jährlich|Mietwert im Jahr] ; {rent~}
+        endgrid
+        grid 4
+        cell Zeitwert ; {now~}
+        cell Realwert ; {real~}
+        cell Ertragswert ; {yield~}
+        cell Verkehrswert bisher ; {old~}
+        endgrid)"},
+    {"property", "l-parcel-columns", "de", false, "parcelsElsewhere", R"(
         head 5 both
         title [Ihre Grundstücke: amtliche Werte|Amtliche Werte je Grundstück], Stand {end}
         cols 22 98r 144r 190r
@@ -19,13 +56,13 @@ const std::vector<Sheet> properties{
         tr Bodenwert ; {land1} ; {land2} ; {land3}
         tb [Verkehrswert|Amtlicher Verkehrswert] ; {value1} ; {value2} ; {value3}
         tb [Mietwert pro Jahr|Jahresmietwert] ; {rent1} ; {rent2} ; {rent3})"},
-    {"property", "l-rental-value", "de", false, lakeRentValueFacts, R"(
+    {"property", "l-rental-value", "de", false, "valuation", R"(
         head 1 one
         bold [Mitteilung Eigenmietwert|Eigenmietwert Ihrer Liegenschaft] ab {year}
         line Gemeinde {place}, Grundstück Nr. {parcel}
         text [Der Mietwert Ihres Einfamilienhauses wurde überprüft. Er wird von {before!} auf {rent!} im Jahr angehoben (12 x {month!}). Der Verkehrswert bleibt bei {value!}.|Wir haben den Mietwert neu ermittelt: {rent!} pro Jahr, das sind {month!} im Monat. Bisher waren es {before!}. Unverändert gilt der Verkehrswert von {value!}.]
         text [Bewohnen Sie das Haus selbst, wird der Mietwert am Wohnsitz von Amtes wegen um 30 % ({reduction!}) auf {reduced!} gesenkt. In der Steuererklärung geben Sie den vollen Wert an.|Für selbst bewohntes Eigentum am Wohnsitz rechnet das Steueramt mit 70 %, also {reduced!}; anzugeben ist der volle Mietwert.])"},
-    {"property", "l-rental-grid", "de", false, lakeRentValueFacts, R"(
+    {"property", "l-rental-grid", "de", false, "valuation", R"(
         head 4 one
         title [Mietwertblatt|Berechnung Mietwert] {place} Nr. {parcel}
         line Gemeinde: {place}   Grundstück Nr.: {parcel}   Fläche: {area} m²
@@ -37,7 +74,7 @@ const std::vector<Sheet> properties{
         cell [Amtlicher Verkehrswert|Verkehrswert] ; {value}
         cell Marktpreisindikation ; {market}
         endgrid)"},
-    {"property", "l-valeurs", "fr", false, lakeValuesFacts, R"(
+    {"property", "l-valeurs", "fr", false, "valuation", R"(
         head 2 both
         title [Avis d'estimation|Notification de la nouvelle estimation]
         line Commune de {place}, parcelle n° {parcel}, {area} m²
@@ -50,13 +87,13 @@ const std::vector<Sheet> properties{
         tb [Valeur fiscale|Estimation fiscale] ; {old} ; {value}
         tb [Valeur locative annuelle|Valeur locative par an] ; {oldrent} ; {rent}
         small Émolument {charge!}. Réclamation dans les 30 jours.)"},
-    {"property", "l-stima", "it", false, lakeValuesFacts, R"(
+    {"property", "l-stima", "it", false, "valuation", R"(
         head 6 one
         title [Avviso di stima|Comunicazione dei valori ufficiali]
         text [Egregi signori, per il fondo particella n. {parcel} nel Comune di {place} valgono dal {year} i seguenti valori.|Per la particella n. {parcel}, Comune di {place}, sono stati stabiliti i valori seguenti.]
         below {value!} ; [Valore di stima ufficiale|Valore di stima] ; {rent!} ; Valore locativo annuo
         small Valore a nuovo {new!}, valore reale {real!}. Stima precedente {old!}, valore locativo precedente {oldrent!}.)"},
-    {"property", "l-upkeep", "de", false, lakeUpkeepFacts, R"(
+    {"property", "l-upkeep", "de", false, "upkeepBills", R"(
         head 0 both
         title [Zusammenstellung Liegenschaftsunterhalt|Unterhaltsrechnungen Ihrer Liegenschaft] {year}
         line Gemeinde {place}, Grundstück Nr. {parcel}
@@ -68,7 +105,7 @@ const std::vector<Sheet> properties{
         tb Total ; ; ; {bill} ; {kept} ; {better}
         text [Als Unterhalt können Sie {kept!} geltend machen.|Abziehbarer Liegenschaftsunterhalt {year}: {kept!}.]
         small Förderbeitrag von {grant!} wird erst {next} ausbezahlt.)"},
-    {"property", "l-condominium", "de", false, lakeFlatFacts, R"(
+    {"property", "l-condominium", "de", false, "condominium", R"(
         head 5 one
         title Stockwerkeigentümergemeinschaft {street}: [Jahresrechnung|Abrechnung] {year}
         line Einheit {unit}, Wertquote {quota}
@@ -86,7 +123,7 @@ const std::vector<Sheet> properties{
         tr [Abzugsfähiger Liegenschaftsunterhalt (mit Fondseinlage)|Unterhalt, Versicherung, Verwaltung, Fondseinlage (abziehbar)] ; ; {amount}
         tr Anteil am Erneuerungsfonds {end} ; {fund} ; {share}
         tr Zinsanteil Erneuerungsfonds ; ; {earned})"},
-    {"property", "l-ppe", "fr", false, lakeFlatFacts, R"(
+    {"property", "l-ppe", "fr", false, "condominium", R"(
         head 3 one
         bold PPE {street}, lot {unit} ({quota}): [décompte|comptes] {year}
         text [Votre part aux frais d'entretien, d'assurance et d'administration, y compris le versement au fonds de rénovation, s'élève à {amount!}; ce montant est déductible.|Frais d'entretien déductibles pour votre lot: {amount!}, versement au fonds de rénovation compris.]
@@ -98,7 +135,7 @@ const std::vector<Sheet> properties{
         rule
         tb Total des charges ; {whole} ; {part}
         small Fonds de rénovation au {end}: {fund!}, votre part {share!}. Acomptes versés {advance!}.)"},
-    {"property", "l-rents", "de", false, lakeRentsFacts, R"(
+    {"property", "l-rents", "de", false, "rents", R"(
         head 2 both
         title [Mietzinsabrechnung|Abrechnung der Verwaltung] {year}, {street}
         cols 22 54 112r 150r 190r
@@ -114,7 +151,7 @@ const std::vector<Sheet> properties{
         tr Heiz- und Nebenkosten der Mieter ; ; ; ; {heating}
         rule
         tb Auszahlung an Sie ; ; ; ; {payout})"},
-    {"property", "l-affitti", "it", false, lakeRentMonthsFacts, R"(
+    {"property", "l-affitti", "it", false, "rentMonths", R"(
         head 0 one
         title [Rendiconto di gestione|Conteggio affitti] {year}, {street}
         cols 22 92r 124r 158r
@@ -126,7 +163,7 @@ const std::vector<Sheet> properties{
         gap 3
         entry Versato sul suo conto ; {payout}
         small Deposito di garanzia dell'inquilino {deposit!}.)"},
-    {"property", "l-loyers", "fr", false, lakeRentMonthsFacts, R"(
+    {"property", "l-loyers", "fr", false, "rentMonths", R"(
         head 1 one
         title [Compte de gérance|Décompte des loyers] {year}
         line Appartement en location, {street}
@@ -135,7 +172,7 @@ const std::vector<Sheet> properties{
         dots [Entretien et réparations|Frais d'entretien de l'immeuble] ; {-cost}
         sum Versé en {year} ; {payout}
         small Garantie de loyer déposée: {deposit!}.)"},
-    {"other", "l-cover-buildings", "de", true, lakeCoverFacts, R"(
+    {"other", "l-cover-buildings", "de", true, "coverOfBuildings", R"(
         head 3 one
         title [Prämienrechnung Gebäude|Rechnung Gebäudeversicherung] {year}
         line Gemeinde {place}, Grundstück Nr. {parcel}
@@ -147,7 +184,7 @@ const std::vector<Sheet> properties{
         tb Total, fällig {due} ; ; {new} ; {premium} ; {guard} ; {sum}
         small Selbstbehalt {retention!} je Ereignis.
         bill sum {place} {parcel})"},
-    {"other", "l-land-tax", "de", true, lakeLandTaxFacts, R"(
+    {"other", "l-land-tax", "de", true, "landTax", R"(
         head 4 one
         title [Grundsteuerrechnung|Rechnung Grundsteuer] {year}
         line Gemeinde {place}, Grundstück Nr. {parcel}, {area} m²
@@ -159,90 +196,8 @@ const std::vector<Sheet> properties{
         bill total {parcel})"},
 };
 
-/// Boxes in columns: what is valued, before, now; what counts stands out at the foot.
-void drawBoxes(Draft& draft) {
-    const Facts facts = lakeValuesFacts(draft);
-    drawScript(draft, facts, R"(
-        head 0 both
-        title [Eröffnung der Grundstückschätzung|Anzeige Neuschätzung]
-        line Gemeinde {place}, Grundstück Nr. {parcel}, {area} m²)");
-    Paper& paper = draft.paper;
-    const bool newFirst = draft.random.chance(50);
-    const auto boxes = [&](const QString& label, const QString& before, const QString& now,
-                           bool strong) {
-        const double height = strong ? 10 : 7.5;
-        const double base = paper.y + height - 2.6;
-        paper.box(22, paper.y, 84, height, 0.15);
-        paper.box(106, paper.y, 42, height, 0.15);
-        paper.box(148, paper.y, 42, height, 0.15);
-        paper.put(24, base, label, paper.fitted(label, {9, strong}, 80));
-        paper.put(146, base, newFirst ? now : before, {9, strong && newFirst, Align::right});
-        paper.put(188, base, newFirst ? before : now, {9, strong && !newFirst, Align::right});
-        paper.y += height;
-    };
-    const auto values = [&](const QString& label, const QString& name, bool strong) {
-        boxes(label, draft.m(facts.amounts.at("old" + name)),
-              draft.m(facts.amounts.at(name == "" ? "value" : name)), strong);
-    };
-    paper.space(4);
-    boxes(draft.one("Werte in CHF|Wertart"), draft.one("bisher|letzte Schätzung"),
-          draft.one("neu|massgebend ab sofort"), false);
-    values("Gebäude, Neuwert", "new", false);
-    values("Gebäude, Zeitwert", "now", false);
-    values("Boden", "land", false);
-    values("Realwert", "real", false);
-    values("Ertragswert", "yield", false);
-    values(draft.one("Verkehrswert|Verkehrswert (Steuerwert)"), "", true);
-    values(draft.one("Mietwert pro Jahr|Jährlicher Mietwert"), "rent", true);
-    paper.space(5);
-    paper.paragraph("Gebühr dieser Schätzung: " + draft.s(facts.amounts.at("charge")), {8});
-}
-
-/// Every value in a box of its own, its label at the top; only one of them is the tax's.
-void drawMosaic(Draft& draft) {
-    const Facts facts = lakeValuesFacts(draft);
-    drawScript(draft, facts, R"(
-        head 6 one
-        big [Schätzungsanzeige|Wertanzeige]
-        line Gemeinde {place}, Parzelle Nr. {parcel})");
-    Paper& paper = draft.paper;
-    struct Box {
-        double x;
-        double y;
-        double width;
-        double height;
-        QString label;
-        const char* name;
-        bool strong;
-    };
-    const double top = paper.y + 6;
-    const std::vector<Box> boxes{
-        {22, 0, 56, 16, "Neuwert der Gebäude", "new", false},
-        {78, 0, 56, 16, "Versicherungswert", "cover", false},
-        {134, 0, 56, 16, "Wert des Bodens", "land", false},
-        {22, 20, 84, 22, draft.one("Verkehrswert|Amtlicher Verkehrswert"), "value", true},
-        {106, 20, 84, 22, draft.one("Mietwert, jährlich|Mietwert im Jahr"), "rent", true},
-        {22, 46, 42, 16, "Zeitwert", "now", false},
-        {64, 46, 42, 16, "Realwert", "real", false},
-        {106, 46, 42, 16, "Ertragswert", "yield", false},
-        {148, 46, 42, 16, "Verkehrswert bisher", "old", false}};
-    for (const Box& box : boxes) {
-        paper.box(box.x, top + box.y, box.width, box.height, box.strong ? 0.5 : 0.15);
-        paper.put(box.x + 2, top + box.y + 5, box.label, {8, box.strong});
-        paper.put(box.x + box.width - 2, top + box.y + box.height - 3,
-                  draft.f(facts.amounts.at(box.name)),
-                  {box.strong ? 13.0 : 9.5, box.strong, Align::right});
-    }
-    paper.y = top + 70;
-}
-
 } // namespace
 
-std::vector<Layout> lakeHousePapers() {
-    std::vector<Layout> layouts = scripted({properties});
-    layouts.push_back({"property", "l-boxes", false, "de", false, drawBoxes});
-    layouts.push_back({"property", "l-mosaic", false, "de", false, drawMosaic});
-    return layouts;
-}
+std::vector<Layout> lakeHousePapers() { return scripted({properties}); }
 
 } // namespace corpus

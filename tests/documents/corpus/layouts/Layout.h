@@ -32,6 +32,7 @@ std::vector<Layout> coursePapers();
 std::vector<Layout> insurancePapers();
 std::vector<Layout> propertyPapers();
 std::vector<Layout> otherPapers();
+std::vector<Layout> plainPapers();
 std::vector<Layout> scriptedMoneyPapers();
 std::vector<Layout> scriptedWorkPapers();
 std::vector<Layout> scriptedLifePapers();

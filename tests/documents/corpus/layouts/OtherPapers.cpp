@@ -12,77 +12,6 @@ void begin(Draft& draft) {
     draft.hasFoot = draft.random.chance(50);
 }
 
-void trainShares(Draft& draft) {
-    begin(draft);
-    Paper& p = draft.paper;
-    p.newPage();
-    draft.letterHead(0, draft.family.one.name());
-    p.lineOf("Beiblatt zum Lohnausweis: Mitarbeiterbeteiligung " + QString::number(draft.year),
-             {13, true});
-    p.paragraph("Angaben zu den Beteiligungsrechten gemäss Ziffer 5 des Lohnausweises", {9});
-    p.space(4);
-    const std::vector<Column> columns{
-        {22}, {74, Align::right}, {110, Align::right}, {150, Align::right}, {190, Align::right}};
-    p.row({"Zuteilung", "Anzahl", "Kurs CHF", "Sperrfrist", "Geldwerter Vorteil"}, columns,
-          {8.5, true});
-    p.rule();
-    Cents total = 0;
-    for (int i = 1; i <= draft.random.between(2, 4); ++i) {
-        const Cents part = draft.odd(300, 4000);
-        total += part;
-        p.row({draft.date(QDate(draft.year, 2 * i, 15)), QString::number(10 * i),
-               draft.m(draft.odd(20, 200)), "3 Jahre", draft.m(part)},
-              columns);
-    }
-    p.rule();
-    p.row({"Total, im Bruttolohn enthalten", "", "", "", draft.m(total)}, columns, {9, true});
-    p.space(6);
-    p.paragraph("Die Arbeitnehmerbeiträge AHV/IV/EO/ALV von " + draft.s(total * 64 / 1000)
-                    + " wurden vom Lohn abgezogen. Der Nettolohn ist dem Lohnausweis zu entnehmen.",
-                {9});
-}
-
-void returnLine(Draft& draft, const QString& code, const QString& label, Cents one, Cents two) {
-    Paper& p = draft.paper;
-    p.row({code, label, one == 0 ? "" : draft.m(one), two == 0 ? "" : draft.m(two)},
-          {{22}, {36}, {150, Align::right}, {190, Align::right}}, {8.5});
-    p.space(0.6);
-}
-
-void trainReturn(Draft& draft) {
-    begin(draft);
-    Paper& p = draft.paper;
-    draft.money.fraction = AmountStyle::Fraction::onlyWhenNeeded;
-    p.newPage();
-    p.lineOf("Steuererklärung " + QString::number(draft.year) + " für natürliche Personen",
-             {14, true});
-    p.lineOf(draft.family.one.name() + ", " + draft.family.street + ", " + draft.family.place
-                 + "   PID " + draft.random.digits(8),
-             {9});
-    p.space(3);
-    p.row({"Ziffer", "Einkünfte", "Person 1 CHF", "Person 2 CHF"},
-          {{22}, {36}, {150, Align::right}, {190, Align::right}}, {8.5, true});
-    p.rule();
-    returnLine(draft, "1.1", "Haupterwerb, Nettolohn laut Lohnausweis", draft.francs(40000, 120000),
-               draft.francs(20000, 60000));
-    returnLine(draft, "1.3", "Nebenerwerb", 0, draft.francs(1000, 6000));
-    returnLine(draft, "3.1", "AHV- und IV-Renten", 0, 0);
-    returnLine(draft, "4", "Wertschriftenertrag laut Wertschriftenverzeichnis",
-               draft.francs(20, 4000), 0);
-    returnLine(draft, "5", "Eigenmietwert", draft.francs(9000, 22000), 0);
-    p.lineOf("Abzüge", {9, true});
-    returnLine(draft, "10", "Berufskosten", draft.francs(2000, 7000), draft.francs(2000, 5000));
-    returnLine(draft, "12", "Schuldzinsen", draft.francs(2000, 14000), 0);
-    returnLine(draft, "14", "Beiträge Säule 3a", draft.francs(1000, 7056),
-               draft.francs(1000, 7056));
-    returnLine(draft, "15", "Versicherungsprämien", draft.francs(4000, 8000), 0);
-    returnLine(draft, "18", "Krankheits- und Unfallkosten", 0, 0);
-    returnLine(draft, "19", "Freiwillige Zuwendungen", draft.francs(100, 2000), 0);
-    p.rule();
-    returnLine(draft, "25", "Steuerbares Einkommen", draft.francs(60000, 140000), 0);
-    returnLine(draft, "40", "Steuerbares Vermögen", draft.francs(20000, 900000, 1000), 0);
-}
-
 void trainReceipt(Draft& draft) {
     begin(draft);
     Paper& p = draft.paper;
@@ -174,9 +103,7 @@ void heldReceipt(Draft& draft) {
 } // namespace
 
 std::vector<Layout> otherPapers() {
-    return {{"other", "shares-annex", false, "de", false, trainShares},
-            {"other", "tax-return", false, "de", false, trainReturn},
-            {"other", "receipt", false, "de", false, trainReceipt},
+    return {{"other", "receipt", false, "de", false, trainReceipt},
             {"other", "shares-letter", true, "de", false, heldShares},
             {"other", "assessment", true, "de", false, heldReturn},
             {"other", "shop-slip", true, "de", false, heldReceipt}};

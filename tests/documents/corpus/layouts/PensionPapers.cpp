@@ -17,47 +17,6 @@ Cents begin(Draft& draft) {
     return month;
 }
 
-void trainTable(Draft& draft) {
-    const Cents month = begin(draft);
-    Paper& p = draft.paper;
-    p.newPage();
-    draft.letterHead(0, draft.family.one.name());
-    p.lineOf("Rentenbescheinigung " + QString::number(draft.year), {13, true});
-    p.lineOf("Versicherten-Nr. " + draft.family.one.number + ", geboren "
-                 + draft.date(draft.family.one.birth),
-             {8.5});
-    p.space(4);
-    const std::vector<Column> columns{
-        {22}, {120, Align::right}, {145, Align::right}, {190, Align::right}};
-    p.row({"Leistung", "pro Monat", "Monate", "Jahresbetrag CHF"}, columns, {9, true});
-    p.rule();
-    p.row({"Altersrente BVG", draft.m(month), "12", draft.m(12 * month)}, columns);
-    p.rule();
-    p.row(
-        {draft.one("Total Rente|Rente total|Total ausbezahlte Rente"), "", "", draft.m(12 * month)},
-        columns, {9.5, true});
-    p.space(6);
-    p.paragraph("Die Rente ist zu 100% als Einkommen steuerbar. Auszahlung auf "
-                    + randomIban(draft.random),
-                {8.5});
-}
-
-void trainPlain(Draft& draft) {
-    const Cents month = begin(draft);
-    Paper& p = draft.paper;
-    p.newPage();
-    draft.letterHead(2, draft.family.one.name());
-    p.lineOf("Bescheinigung für die Steuererklärung " + QString::number(draft.year), {12, true});
-    p.space(4);
-    p.entry("Rentenbezüger/in", draft.family.one.name());
-    p.entry("Geburtsdatum", draft.date(draft.family.one.birth));
-    p.entry("Rentenart", "Altersrente aus beruflicher Vorsorge");
-    p.entry(draft.one("Ausbezahlte Renten 01.01. – 31.12.|Rentenleistungen brutto |Total Renten ")
-                + QString::number(draft.year),
-            draft.f(12 * month), {10, true});
-    p.entry("Einbehaltene Quellensteuer", "");
-}
-
 void heldProse(Draft& draft) {
     const Cents month = begin(draft);
     Paper& p = draft.paper;
@@ -98,9 +57,7 @@ void heldBoxes(Draft& draft) {
 } // namespace
 
 std::vector<Layout> pensionPapers() {
-    return {{"pension", "fund-table", false, "de", false, trainTable},
-            {"pension", "fund-list", false, "de", false, trainPlain},
-            {"pension", "fund-prose", true, "de", false, heldProse},
+    return {{"pension", "fund-prose", true, "de", false, heldProse},
             {"pension", "fund-boxes", true, "de", false, heldBoxes}};
 }
 

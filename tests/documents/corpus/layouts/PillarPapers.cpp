@@ -21,109 +21,6 @@ void beginBuyIn(Draft& draft) {
                {"Personalvorsorge Linthwerke", "BVG-Stiftung Toggenburg Plus"});
 }
 
-/// Box with a small label, the value on the right.
-void formLine(Draft& draft, const QString& letter, const QString& label, const QString& value) {
-    Paper& p = draft.paper;
-    p.box(22, p.y, 168, 9, 0.15);
-    p.put(24, p.y + 6, letter, {9, true});
-    p.put(34, p.y + 6, label, {8});
-    p.put(187, p.y + 6, value, {10, false, Align::right, false, Qt::black, "Liberation Mono"});
-    p.y += 9;
-}
-
-/// The federal form 21 for contributions; box for the 3a or for the buy-in.
-void form21(Draft& draft, bool buyIn) {
-    Paper& p = draft.paper;
-    p.newPage();
-    const Someone& who = draft.family.one;
-    p.put(22, 18,
-          draft.t("Bescheinigung über Vorsorgebeiträge",
-                  "Attestation concernant les cotisations de prévoyance",
-                  "Attestazione dei contributi di previdenza"),
-          {13, true});
-    p.put(22, 24, "Form. 21 EDP dfi", {7});
-    p.put(
-        22, 36,
-        draft.t("Vorsorgeeinrichtung: ", "Institution de prévoyance: ", "Istituto di previdenza: ")
-            + draft.issuer.name + ", " + draft.issuer.place);
-    p.put(22, 44,
-          draft.t("Vorsorgenehmer/in: ", "Preneur de prévoyance: ", "Titolare: ") + who.name());
-    p.put(22, 50, draft.family.street + ", " + draft.family.place);
-    p.put(22, 58,
-          draft.t("AHV-Nr. ", "No AVS ", "N. AVS ") + who.number + "    "
-              + draft.t("Geburtsdatum ", "Date de naissance ", "Data di nascita ")
-              + draft.date(who.birth));
-    p.y = 68;
-    const Cents amount = buyIn ? draft.francs(3000, 40000, 500) : draft.francs(600, 7056, 12);
-    formLine(draft, "1", draft.t("Bescheinigungsjahr", "Année", "Anno"),
-             QString::number(draft.year));
-    formLine(draft, "2", draft.t("Vertrags-Nr.", "No de contrat", "N. di contratto"),
-             draft.random.digits(3) + "." + draft.random.digits(5));
-    formLine(draft, "3",
-             draft.t("Anerkannte Vorsorgeform (Säule 3a): einbezahlte Beiträge",
-                     "Forme reconnue (pilier 3a): cotisations versées",
-                     "Forma riconosciuta (pilastro 3a): contributi versati"),
-             buyIn ? "" : draft.m(amount));
-    formLine(draft, "4",
-             draft.t("2. Säule: ordentliche Beiträge", "2e pilier: cotisations ordinaires",
-                     "2o pilastro: contributi ordinari"),
-             "");
-    formLine(draft, "5",
-             draft.t("2. Säule: Beiträge für den Einkauf", "2e pilier: cotisations pour le rachat",
-                     "2o pilastro: contributi per il riscatto"),
-             buyIn ? draft.m(amount) : "");
-    formLine(draft, "6", draft.t("Bemerkungen", "Observations", "Osservazioni"), "");
-    p.space(8);
-    p.lineOf(draft.t("Für die Richtigkeit: ", "Certifié exact: ", "Certificato esatto: ")
-                 + draft.issuer.name + ", " + draft.date(QDate(draft.year + 1, 1, 15)),
-             {8});
-    TruthRecord& record = draft.record("personDeductions", who);
-    record.birthDate = who.birth;
-    record.amount(buyIn ? "pensionBuyIn" : "pillar3a", amount);
-}
-
-void trainForm(Draft& draft) {
-    beginPillar(draft);
-    form21(draft, false);
-}
-
-/// A bank's foundation: account, contributions, interest, balance.
-void trainAccount(Draft& draft) {
-    beginPillar(draft);
-    Paper& p = draft.paper;
-    p.newPage();
-    draft.letterHead(0, draft.family.one.name());
-    p.lineOf(draft.t("Bescheinigung Vorsorgekonto 3a |Beitragsbescheinigung Säule 3a "
-                     "|Vorsorgekonto 3a: Steuerbescheinigung ",
-                     "Attestation compte de prévoyance 3a ", "Attestazione conto previdenza 3a ")
-                 + QString::number(draft.year),
-             {13, true});
-    p.lineOf(draft.t("Vorsorgekonto Nr. ", "Compte no ", "Conto n. ") + draft.random.digits(9));
-    p.space(5);
-    const Cents opening = draft.odd(2000, 60000);
-    const Cents paid = draft.random.chance(50) ? 705600 : draft.francs(1200, 7056, 12);
-    const Cents interest = opening / 200 / 5 * 5;
-    p.entry(draft.t("Saldo per 01.01.", "Solde au 01.01.", "Saldo al 01.01.")
-                + QString::number(draft.year),
-            draft.f(opening));
-    p.entry(draft.t("Einbezahlte Beiträge|Einzahlungen im Jahr|Vorsorgebeiträge Säule "
-                    "3a|Abzugsfähige Beiträge",
-                    "Cotisations versées", "Contributi versati"),
-            draft.f(paid), {9.5, true});
-    p.entry(draft.t("Zins", "Intérêts", "Interessi"), draft.f(interest));
-    p.rule();
-    p.entry(draft.t("Saldo per 31.12.", "Solde au 31.12.", "Saldo al 31.12.")
-                + QString::number(draft.year),
-            draft.f(opening + paid + interest));
-    p.space(8);
-    p.paragraph(draft.t("Der Maximalbetrag für Erwerbstätige mit Pensionskasse ist von den "
-                        "Beiträgen nicht überschritten. Art. 33 Abs. 1 lit. e DBG.",
-                        "Le montant maximal admis n'est pas dépassé. Art. 33 al. 1 let. e LIFD.",
-                        "L'importo massimo non è superato. Art. 33 cpv. 1 lett. e LIFD."),
-                {8});
-    draft.record("personDeductions", draft.family.one).amount("pillar3a", paid);
-}
-
 /// An insurer's policy of pillar 3a, told in prose.
 void heldPolicy(Draft& draft) {
     beginPillar(draft);
@@ -202,36 +99,6 @@ void heldPayments(Draft& draft) {
     }
 }
 
-void trainBuyInForm(Draft& draft) {
-    beginBuyIn(draft);
-    form21(draft, true);
-}
-
-void trainBuyInLetter(Draft& draft) {
-    beginBuyIn(draft);
-    Paper& p = draft.paper;
-    p.newPage();
-    draft.letterHead(3, draft.family.one.name());
-    const Cents amount = draft.francs(5000, 60000, 1000);
-    const Cents possible = amount + draft.odd(10000, 90000);
-    p.lineOf("Bestätigung Einkauf in die berufliche Vorsorge", {13, true});
-    p.space(4);
-    p.entry("Versicherte Person",
-            draft.family.one.name() + ", " + draft.date(draft.family.one.birth));
-    p.entry("Eingang der Zahlung", draft.date(draft.day()));
-    p.entry(draft.one("Einkauf Pensionskasse|Einkaufssumme|Freiwilliger Einkauf|Einkauf in die "
-                      "Pensionskasse"),
-            draft.f(amount), {10, true});
-    p.entry("Verbleibende Einkaufsmöglichkeit", draft.f(possible - amount));
-    p.entry("Altersguthaben per 31.12." + QString::number(draft.year),
-            draft.f(draft.odd(90000, 640000)));
-    p.space(6);
-    p.paragraph("Leistungen aus Einkäufen dürfen während drei Jahren nicht in Kapitalform bezogen "
-                "werden (Art. 79b Abs. 3 BVG).",
-                {8.5});
-    draft.record("personDeductions", draft.family.one).amount("pensionBuyIn", amount);
-}
-
 void heldBuyInProse(Draft& draft) {
     beginBuyIn(draft);
     Paper& p = draft.paper;
@@ -281,16 +148,12 @@ void heldBuyInList(Draft& draft) {
 } // namespace
 
 std::vector<Layout> pillarPapers() {
-    return {{"pillar3a", "form", false, "de,fr,it", false, trainForm},
-            {"pillar3a", "account", false, "de,fr,it", false, trainAccount},
-            {"pillar3a", "policy-prose", true, "de,fr,it", false, heldPolicy},
+    return {{"pillar3a", "policy-prose", true, "de,fr,it", false, heldPolicy},
             {"pillar3a", "payments", true, "de,fr,it", false, heldPayments}};
 }
 
 std::vector<Layout> buyInPapers() {
-    return {{"buyin", "form", false, "de", false, trainBuyInForm},
-            {"buyin", "letter", false, "de", false, trainBuyInLetter},
-            {"buyin", "prose", true, "de", false, heldBuyInProse},
+    return {{"buyin", "prose", true, "de", false, heldBuyInProse},
             {"buyin", "list", true, "de", false, heldBuyInList}};
 }
 

@@ -48,100 +48,6 @@ void acceptCosts(Draft& draft, const std::vector<Cents>& costs) {
     }
 }
 
-/// Products with months, a total, the reduction below.
-void trainTable(Draft& draft) {
-    const Premiums made = premiums(draft, draft.random.chance(50));
-    note(draft, made);
-    Paper& p = draft.paper;
-    p.newPage();
-    draft.letterHead(0, draft.family.one.name());
-    p.lineOf(draft.t("Prämienübersicht für die Steuererklärung ",
-                     "Récapitulatif des primes pour la déclaration d'impôt ",
-                     "Riepilogo dei premi per la dichiarazione d'imposta ")
-                 + QString::number(draft.year),
-             {13, true});
-    p.lineOf(draft.t("Versicherten-Nr. ", "No d'assuré ", "N. assicurato ") + "80756"
-                 + draft.random.digits(15),
-             {8.5});
-    p.space(4);
-    const std::vector<Column> columns{
-        {22}, {120, Align::right}, {150, Align::right}, {190, Align::right}};
-    p.row({draft.t("Versicherung", "Assurance", "Assicurazione"),
-           draft.t("Monatlich", "Par mois", "Al mese"), draft.t("Monate", "Mois", "Mesi"),
-           draft.t("Prämien CHF", "Primes CHF", "Premi CHF")},
-          columns, {9, true});
-    p.rule();
-    p.row(
-        {draft.t("Grundversicherung KVG|Obligatorische Krankenversicherung (OKP)|Krankenpflege KVG",
-                 "Assurance de base LAMal", "Assicurazione di base LAMal"),
-         draft.m(made.basic), "12", draft.m(12 * made.basic)},
-        columns);
-    p.row({draft.t("Zusatzversicherungen VVG|Spitalzusatz VVG|Zusatz ambulant VVG",
-                   "Assurances complémentaires LCA", "Assicurazioni complementari LCA"),
-           draft.m(made.extra), "12", draft.m(12 * made.extra)},
-          columns);
-    p.rule();
-    p.row({draft.t("Prämien Total|Total Prämien|Prämien KVG und VVG total|Summe Prämien",
-                   "Total des primes", "Totale premi"),
-           "", "", draft.m(made.total())},
-          columns, {9.5, true});
-    if (made.reduction != 0) {
-        p.row({draft.t("Individuelle Prämienverbilligung (IPV)|Prämienverbilligung|Kantonaler "
-                       "Beitrag IPV",
-                       "Réduction individuelle des primes", "Riduzione individuale dei premi"),
-               "", "", draft.m(made.reduction)},
-              columns);
-    }
-    p.space(8);
-    p.lineOf(draft.t("Kostenbeteiligung", "Participation aux coûts", "Partecipazione ai costi"),
-             {9.5, true});
-    p.row({draft.t("Franchise", "Franchise", "Franchigia"), "", "", draft.m(made.franchise)},
-          columns);
-    p.row({draft.t("Selbstbehalt 10%", "Quote-part 10%", "Aliquota 10%"), "", "",
-           draft.m(made.retention)},
-          columns);
-    acceptCosts(draft, {made.franchise, made.retention, made.franchise + made.retention});
-}
-
-/// Boxes with a label above and the value below.
-void trainBoxes(Draft& draft) {
-    const Premiums made = premiums(draft, false);
-    note(draft, made);
-    Paper& p = draft.paper;
-    p.newPage();
-    draft.letterHead(3, draft.family.one.name());
-    p.lineOf(draft.t("Steuerausweis ", "Attestation fiscale ", "Attestato fiscale ")
-                 + QString::number(draft.year),
-             {15, true});
-    p.space(5);
-    const auto line = [&](const QString& label, const QString& value, bool strong) {
-        p.fill(p.left, p.y, 168, 8.5, strong ? QColor(224, 232, 240) : QColor(246, 246, 246));
-        p.put(p.left + 3, p.y + 5.8, label, {9.5, strong});
-        p.put(p.right - 3, p.y + 5.8, value, {9.5, strong, Align::right});
-        p.y += 9.2;
-    };
-    line(draft.t("Obligatorische Krankenpflegeversicherung (KVG)",
-                 "Assurance obligatoire des soins (LAMal)", "Assicurazione obbligatoria (LAMal)"),
-         draft.f(12 * made.basic), false);
-    line(draft.t("Zusatzversicherung nach VVG", "Assurance complémentaire LCA",
-                 "Assicurazione complementare LCA"),
-         draft.f(12 * made.extra), false);
-    line(draft.t("Total bezahlte Prämien|Jahresprämie total|Prämientotal", "Total primes payées",
-                 "Totale premi pagati"),
-         draft.f(made.total()), true);
-    line(draft.t("Nicht erstattete Kosten (Franchise, Selbstbehalt)", "Frais non remboursés",
-                 "Costi non rimborsati"),
-         draft.f(made.franchise + made.retention), false);
-    acceptCosts(draft, {made.franchise + made.retention});
-    p.space(4);
-    p.paragraph(draft.t("Ihre Daten: AHV-Nr. ", "Vos données: no AVS ", "I suoi dati: n. AVS ")
-                    + draft.family.one.number
-                    + draft.t(", Franchise 2500, Modell Hausarzt.",
-                              ", franchise 2500, modèle médecin de famille.",
-                              ", franchigia 2500, modello medico di famiglia."),
-                {8.5});
-}
-
 /// The family, a person a line; totals at the foot.
 void heldPersons(Draft& draft) {
     Premiums made = premiums(draft, draft.random.chance(60));
@@ -233,9 +139,7 @@ void heldParts(Draft& draft) {
 } // namespace
 
 std::vector<Layout> premiumPapers() {
-    return {{"premiums", "table", false, "de,fr,it", false, trainTable},
-            {"premiums", "bands", false, "de,fr,it", false, trainBoxes},
-            {"premiums", "persons", true, "de,fr,it", false, heldPersons},
+    return {{"premiums", "persons", true, "de,fr,it", false, heldPersons},
             {"premiums", "parts", true, "de,fr,it", false, heldParts}};
 }
 

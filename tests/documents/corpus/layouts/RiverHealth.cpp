@@ -1,71 +1,27 @@
-#include "tests/documents/corpus/layouts/RiverFacts.h"
+#include "tests/documents/corpus/layouts/facts/Tale.h"
 
 // Layouts of health insurers, of practices and of homes.
 
 namespace corpus {
 namespace {
 
-/// One insurance as a tile of its own: who, what they paid, the sum of the tile.
-void tile(Draft& draft, double x, const QString& title, const Facts& facts, const char* name) {
-    Paper& paper = draft.paper;
-    const double width = 80;
-    double y = paper.y;
-    paper.fill(x, y, width, 9, QColor(216, 230, 222));
-    paper.put(x + width / 2, y + 6, title,
-              paper.fitted(title, {9, true, Align::centre}, width - 4));
-    y += 11;
-    for (const Facts& one : facts.lists.at("people")) {
-        y += 5.4;
-        paper.put(x + 2, y, one.texts.at("who"), {9});
-        paper.put(x + width - 2, y, draft.m(one.amounts.at(name)), {9, false, Align::right});
-    }
-    y += 3;
-    paper.line(x, y, x + width, y, 0.3);
-    paper.put(x + width - 2, y + 5.6, draft.m(facts.amounts.at(name)), {10, true, Align::right});
-}
-
-void drawTiles(Draft& draft) {
-    Facts facts = riverPanelFacts(draft);
-    riverWords(draft, facts,
-               {{"title", "Prämien der Familie|Steuerbescheinigung der Familie",
-                 "Primes de la famille|Attestation fiscale de la famille",
-                 "Premi della famiglia|Attestato fiscale della famiglia"},
-                {"totaltext", "Prämien KVG und VVG|Summe beider Versicherungen",
-                 "Primes LAMal et LCA|Total des deux assurances",
-                 "Premi LAMal e LCA|Totale delle due assicurazioni"},
-                {"reductiontext", "Individuelle Prämienverbilligung",
-                 "Réduction individuelle des primes", "Riduzione individuale dei premi"},
-                {"nettext", "Prämien nach Verbilligung", "Primes après réduction",
-                 "Premi dopo la riduzione"},
-                {"sharingtext", "Kostenbeteiligung (Franchise, Selbstbehalt)",
-                 "Participation aux coûts (franchise, quote-part)",
-                 "Partecipazione ai costi (franchigia, aliquota)"}});
-    drawScript(draft, facts, "head 6 both\ntitle {title} {year}");
-    draft.paper.space(2);
-    tile(draft, 22,
-         draft.t("Grundversicherung (KVG)", "Assurance de base (LAMal)",
-                 "Assicurazione di base (LAMal)"),
-         facts, "basic");
-    tile(draft, 110,
-         draft.t("Zusatzversicherungen (VVG)", "Assurances complémentaires (LCA)",
-                 "Assicurazioni complementari (LCA)"),
-         facts, "extra");
-    draft.paper.space(48);
-    const auto line = [&](const char* label, const char* name, bool bold) {
-        draft.paper.space(0.8);
-        draft.paper.entry(facts.texts.at(label), draft.m(facts.amounts.at(name)), {9.5, bold});
-    };
-    line("totaltext", "total", true);
-    if (facts.amounts["reduction"] != 0) {
-        line("reductiontext", "reduction", false);
-        line("nettext", "net", false);
-    }
-    draft.paper.rule();
-    line("sharingtext", "sharing", false);
-}
-
 const std::vector<Sheet> premiums{
-    {"premiums", "r-steps", "de", false, riverStepsFacts, R"(
+    // Each insurance a list of its own beside the other.
+    {"premiums", "r-tiles", "de,fr,it", false, "premiumsOfMembers", R"(
+        head 6 both
+        title [Prämien der Familie|Steuerbescheinigung der Familie] {year} // [Primes de la famille|Attestation fiscale de la famille] {year} // [Premi della famiglia|Attestato fiscale della famiglia] {year}
+        cols 22 100r 112 190r
+        th Grundversicherung (KVG) // Assurance de base (LAMal) // Assicurazione di base (LAMal) ; ; Zusatzversicherungen (VVG) // Assurances complémentaires (LCA) // Assicurazioni complementari (LCA) ;
+        each people {first} ; {basic} ; {first} ; {extra}
+        rule
+        tb ; {basic} ; ; {extra}
+        gap 5
+        sum [Prämien KVG und VVG|Summe beider Versicherungen] // [Primes LAMal et LCA|Total des deux assurances] // [Premi LAMal e LCA|Totale delle due assicurazioni] ; {total}
+        entry Individuelle Prämienverbilligung // Réduction individuelle des primes // Riduzione individuale dei premi ; {reduction?}
+        entry Prämien nach Verbilligung // Primes après réduction // Premi dopo la riduzione ; {net}
+        rule
+        entry Kostenbeteiligung (Franchise, Selbstbehalt) // Participation aux coûts (franchise, quote-part) // Partecipazione ai costi (franchigia, aliquota) ; {sharing})"},
+    {"premiums", "r-steps", "de", false, "premiumSteps", R"(
         head 0 both
         title [Prämienausweis {year}|Übersicht der verrechneten Prämien {year}]
         cols 28 46 150r 190r
@@ -85,7 +41,7 @@ const std::vector<Sheet> premiums{
         sum [Prämien aller Versicherten|Verrechnete Prämien der Familie] ; {total~}
         entry [Verbilligung durch den Kanton|Kantonaler Beitrag (IPV)] ; {reduction?}
         entry Von Ihnen bezahlt ; {net})"},
-    {"premiums", "r-invoices", "de", false, riverInvoicesFacts, R"(
+    {"premiums", "r-invoices", "de", false, "premiumInvoices", R"(
         head 5 one
         title [Kundenkonto {year}|Ihr Prämienkonto {year}]
         cols 22 60 96 134 190r
@@ -99,37 +55,37 @@ const std::vector<Sheet> premiums{
         dots (darin Unfalldeckung) ; {accident}
         dots davon freiwillige Zusätze ; {extra}
         small Vorjahr {before!}. Rückvergütung Umweltabgaben {levy!}, bereits verrechnet.)"},
-    {"premiums", "r-dit", "fr", false, riverToldFacts, R"(
+    {"premiums", "r-dit", "fr", false, "premiums", R"(
         head 2 one
         bold Votre déclaration d'impôt {year}
         text [Pour l'année {year}, vos primes se sont élevées à {total!} ({basic!} pour l'assurance obligatoire, {extra!} pour les complémentaires).|Nous vous avons facturé {total!} de primes en {year}, dont {basic!} selon la LAMal et {extra!} selon la LCA.]
         text [Le canton a pris en charge {reduction!} à titre de réduction des primes; il vous reste donc {net!}.|Réduction individuelle des primes reçue du canton: {reduction!}. Primes nettes: {net!}.]
-        text Votre participation aux coûts: {sharing!} (franchise {franchise!}, quote-part {quota!}).)"},
-    {"premiums", "r-raccontato", "it", false, riverToldFacts, R"(
+        text Votre participation aux coûts: {sharing!} (franchise {franchise!}, quote-part {retention!}).)"},
+    {"premiums", "r-raccontato", "it", false, "premiums", R"(
         head 4 one
         title [Attestazione dei premi|Conferma premi e costi] {year}
         below {total!} ; Premi fatturati (LAMal {basic} + LCA {extra}) ; {reduction!} ; Riduzione dei premi del Cantone
         below {net!} ; Premi a carico dell'assicurato ; {sharing!} ; Partecipazione ai costi
-        small Franchigia {franchise!}, aliquota percentuale {quota!}.)"},
+        small Franchigia {franchise!}, aliquota percentuale {retention!}.)"},
 };
 
 const std::vector<Sheet> bills{
-    {"bill", "r-claim", "de,fr", true, riverClaimFacts, R"(
+    {"bill", "r-claim", "de,fr", true, "claim", R"(
         head 6 one
-        bold {title} {number}
-        side {patient} ; {one} ; {born} ; {birth}
-        side {biller} ; {gln} ; {law} ; {kvg}
-        side {date} ; {dated} ; AHV/AVS ; {ahv}
+        bold [Rückforderungsbeleg|Rechnung Tiers Garant] {number} // [Justificatif de remboursement|Facture tiers garant] {number}
+        side Patient/in // Patient(e) ; {one} ; Geburtsdatum // Date de naissance ; {birth}
+        side Rechnungssteller GLN // Auteur facture GLN ; {gln} ; Gesetz // Loi ; KVG // LAMal
+        side Rechnungsdatum // Date de facture ; {dated} ; AHV/AVS ; {ahv}
         rule
         cols 22 44 64 148r 164r 190r
-        th {date} ; Tarif ; {what} ; {points} ; × ; {amount}
+        th Rechnungsdatum // Date de facture ; Tarif ; Leistung // Prestation ; TP // Pts ; × ; Betrag // Montant
         each items {on} ; {code} ; {what} ; {points} ; {point} ; {part}
         rule
-        side {tarifftext} ; {tariff} ; {drugstext} ; {drugs}
-        side {labtext} ; {lab} ; {dueamount} ; {total}
-        small {send}
+        side Tarif ambulant // Tarif ambulatoire ; {tariff} ; Medikamente // Médicaments ; {drugs}
+        side Labor // Laboratoire ; {lab} ; Fälliger Betrag // Montant dû ; {total}
+        small Bitte bezahlen Sie die Rechnung und senden Sie diesen Beleg Ihrer Krankenkasse. // Veuillez régler la facture et remettre ce justificatif à votre assureur.
         bill total {number})"},
-    {"bill", "r-rates", "de", true, riverInstalmentsFacts, R"(
+    {"bill", "r-rates", "de", true, "instalmentBill", R"(
         head 6 one
         title [Rechnung {number} mit Teilzahlung|Honorarrechnung {number} (Ratenvereinbarung)]
         line {what}, {one}, Rechnungsdatum {dated}
@@ -140,7 +96,7 @@ const std::vector<Sheet> bills{
         tb [Gesamtbetrag der Behandlung|Rechnungsbetrag] ; ; {total}
         each rates !line {no}, fällig am {due}: {rate}
         bill rate {number}-1)"},
-    {"bill", "r-spitex", "de", false, riverHomeCareFacts, R"(
+    {"bill", "r-spitex", "de", false, "homeCare", R"(
         head 0 one
         title [Rechnung Pflegeleistungen|Monatsrechnung] {month} {year}, Nr. {number}
         line Klient/in {one}, {birth}. Datum {dated}
@@ -154,7 +110,7 @@ const std::vector<Sheet> bills{
         tr Pflegematerial (nicht kassenpflichtig) ; ; ; {material}
         tb [Rechnung an Sie|Betrag zu Ihren Lasten], zahlbar bis {due} ; ; ; {total}
         small Vollkosten Pflege: {full!}. Der Anteil des Versicherers wird direkt verrechnet.)"},
-    {"bill", "r-care-home", "de", false, riverCareHomeFacts, R"(
+    {"bill", "r-care-home", "de", false, "careHome", R"(
         head 3 one
         title [Heimrechnung|Monatsrechnung Aufenthalt] {month}
         line Bewohner/in {one}, Pflegestufe {level}, Nr. {number}, {dated}
@@ -171,19 +127,19 @@ const std::vector<Sheet> bills{
         tb [Lastschrift|Zu Ihren Lasten] ; ; ; {total} ;
         text [Als Krankheitskosten gilt der Selbstbehalt Pflege von {own!}; Pension und Verbrauch sind Lebenshaltung.|Für die Steuern: Pflegekosten zu Ihren Lasten {own!}.]
         small Kosten insgesamt {cost!}, Pflegekosten {care!}.)"},
-    {"bill", "r-optician", "de,fr", false, riverOpticianFacts, R"(
+    {"bill", "r-optician", "de,fr", false, "optician", R"(
         head 4 one
-        title {title} {number}
-        line {customer}: {one}, {dated}
+        title [Verkaufsbeleg|Rechnung] {number} // [Facture|Quittance] {number}
+        line Kundin/Kunde: {one}, {dated} // Client(e): {one}, {dated}
         each items !left {part} ; {what} ({code})
         rule
-        left {sum} ; {sumtext}
-        left {-discount} ; {discounttext}
-        left {full} ; {fulltext}
-        left {-insurer} ; {insurertext}
-        leftsum {own} ; {owntext}
-        left {vat} ; {vattext})"},
-    {"bill", "r-farmacia", "it", false, riverPharmacyFacts, R"(
+        left {sum} ; Zwischensumme // Sous-total
+        left {-discount} ; Rabatt 10 % // Rabais 10 %
+        left {full} ; Auftragswert inkl. MWST // Valeur de la commande, TVA comprise
+        left {-insurer} ; Direkt mit Ihrer Zusatzversicherung verrechnet // Pris en charge par votre assurance complémentaire
+        leftsum {own} ; [Von Ihnen bezahlt (Karte)|Bezahlt mit Karte] // [Payé par vous (carte)|Montant payé par carte]
+        left {vat} ; darin MWST 8.1 % // dont TVA 8.1 %)"},
+    {"bill", "r-farmacia", "it", false, "pharmacyColumns", R"(
         head 1 one
         title [Acquisti in farmacia|Riepilogo annuo degli acquisti] {year}
         line Cliente {card}: {one}
@@ -195,7 +151,7 @@ const std::vector<Sheet> bills{
         entry Fatturato direttamente alla cassa malati ; {covered}
         sum [Pagato da lei, non rimborsato|Totale a suo carico] ; {free}
         small Totale acquisti: {all!}.)"},
-    {"bill", "r-rappel", "fr", false, riverReminderFacts, R"(
+    {"bill", "r-rappel", "fr", false, "reminder", R"(
         head 3 one
         title [Deuxième rappel|Rappel de paiement]
         text [Sauf erreur, le solde de notre facture {number} du {billed} nous est encore dû.|Notre facture no {number} du {billed} n'a été payée qu'en partie.] Patient(e): {one}
@@ -205,7 +161,7 @@ const std::vector<Sheet> bills{
         dots Frais de rappel ; {fee}
         sum A payer jusqu'au {due} ; {open!}
         small Sans paiement dans ce délai, nous engagerons une poursuite.)"},
-    {"bill", "r-dates", "de", true, riverSessionsFacts, R"(
+    {"bill", "r-dates", "de", true, "sessionDates", R"(
         head 5 one
         bold [Rechnung|Honorarnote] {number}
         text [{one} besuchte {count} Sitzungen zu {minutes} Minuten an folgenden Tagen:|{count} Behandlungen ({minutes} Min.) von {one}:]
@@ -221,10 +177,6 @@ const std::vector<Sheet> bills{
 
 } // namespace
 
-std::vector<Layout> riverHealthPapers() {
-    std::vector<Layout> layouts = scripted({premiums, bills});
-    layouts.push_back({"premiums", "r-tiles", false, "de,fr,it", false, drawTiles});
-    return layouts;
-}
+std::vector<Layout> riverHealthPapers() { return scripted({premiums, bills}); }
 
 } // namespace corpus

@@ -1,4 +1,4 @@
-#include "tests/documents/corpus/layouts/RiverFacts.h"
+#include "tests/documents/corpus/layouts/facts/Tale.h"
 
 #include <algorithm>
 
@@ -8,12 +8,9 @@ namespace corpus {
 namespace {
 
 struct Posting {
-    QString code;
     QString what;
-    QString basis;
     Cents cents = 0;
     bool sum = false;
-    bool taken = false;
 };
 
 /// A framed list of its own: its lines do not stand level with those of the list beside it.
@@ -47,52 +44,34 @@ double panel(Draft& draft, double x, double step, const QString& title,
 }
 
 void drawPanels(Draft& draft) {
-    Facts facts = riverSplitPayFacts(draft);
-    riverWords(draft, facts,
-               {{"title", "Lohnbescheinigung für das Jahr|Jahreslohn, Aufstellung",
-                 "Récapitulation de salaire|Salaire annuel",
-                 "Distinta del salario|Conteggio annuo del salario"},
-                {"born", "geboren am", "né(e) le", "nato/a il"}});
+    const Facts facts = told(draft, "wageSocialSplit");
     const bool compact = draft.random.chance(50);
-    drawScript(draft, facts,
-               compact ? "head 6 one\ntitle {title} {year}\nline {one}, {born} {birth}"
-                       : "head 1 one\ntitle {title} {year}\nline {ahv}, {born} {birth}");
-    const auto a = [&](const char* name) { return facts.amounts[name]; };
+    const QByteArray head = compact ? "head 6 one" : "head 1 one";
+    const QByteArray script = head + R"(
+        title [Lohnbescheinigung für das Jahr|Jahreslohn, Aufstellung] {year} // [Récapitulation de salaire|Salaire annuel] {year} // [Distinta del salario|Conteggio annuo del salario] {year}
+        line {one}, {ahv}, geboren am {birth} // {one}, {ahv}, né(e) le {birth} // {one}, {ahv}, nato/a il {birth})";
+    drawScript(draft, facts, script);
+    const auto a = [&](const char* name) { return facts.amounts.at(name); };
     Paper& paper = draft.paper;
     paper.space(3);
-    const double leftEnd =
-        panel(draft, 22, 5.6, draft.t("Einkünfte|Bezüge", "Revenus|Gains", "Entrate|Retribuzioni"),
-              {{{}, draft.t("Monatslöhne", "Salaires mensuels", "Salari mensili"), {}, a("year12")},
-               {{}, draft.t("13. Monatslohn", "13e salaire", "Tredicesima"), {}, a("thirteenth")},
-               {{},
-                draft.t("Überzeit", "Heures supplémentaires", "Ore straordinarie"),
-                {},
-                a("overtime")},
-               {{},
-                draft.t("Kinderzulagen", "Allocations pour enfants", "Assegni per figli"),
-                {},
-                a("children")},
-               {{},
-                draft.t("Summe der Einkünfte|Bruttolohn", "Total brut|Salaire brut",
-                        "Totale lordo|Salario lordo"),
-                {},
-                a("gross"),
-                true}});
-    const double rightEnd = panel(
-        draft, 109, 6.9, draft.t("Abzüge", "Retenues|Déductions", "Trattenute|Deduzioni"),
-        {{{}, "AHV/IV/EO", {}, draft.language == "de" ? a("avs") : 0},
-         {{}, draft.t("", "AVS/AI/APG", "AVS/AI/IPG"), {}, draft.language == "de" ? 0 : a("avs")},
-         {{}, draft.t("ALV", "AC", "AD"), {}, a("alv")},
-         {{}, draft.t("NBU", "AANP", "AINP"), {}, a("nbu")},
-         {{},
-          draft.t("Pensionskasse", "LPP|Caisse de pension", "LPP|Cassa pensioni"),
-          {},
-          a("bvg")},
-         {{},
-          draft.t("Summe der Abzüge", "Total des retenues", "Totale trattenute"),
-          {},
-          a("deductions"),
-          true}});
+    const double leftEnd = panel(
+        draft, 22, 5.6, draft.t("Einkünfte|Bezüge", "Revenus|Gains", "Entrate|Retribuzioni"),
+        {{draft.t("Monatslöhne", "Salaires mensuels", "Salari mensili"), a("year12")},
+         {draft.t("13. Monatslohn", "13e salaire", "Tredicesima"), a("thirteenth")},
+         {draft.t("Überzeit", "Heures supplémentaires", "Ore straordinarie"), a("overtime")},
+         {draft.t("Kinderzulagen", "Allocations pour enfants", "Assegni per figli"), a("children")},
+         {draft.t("Summe der Einkünfte|Bruttolohn", "Total brut|Salaire brut",
+                  "Totale lordo|Salario lordo"),
+          a("gross"), true}});
+    const double rightEnd =
+        panel(draft, 109, 6.9, draft.t("Abzüge", "Retenues|Déductions", "Trattenute|Deduzioni"),
+              {{"AHV/IV/EO", draft.language == "de" ? a("avs") : 0},
+               {draft.t("", "AVS/AI/APG", "AVS/AI/IPG"), draft.language == "de" ? 0 : a("avs")},
+               {draft.t("ALV", "AC", "AD"), a("alv")},
+               {draft.t("NBU", "AANP", "AINP"), a("nbu")},
+               {draft.t("Pensionskasse", "LPP|Caisse de pension", "LPP|Cassa pensioni"), a("bvg")},
+               {draft.t("Summe der Abzüge", "Total des retenues", "Totale trattenute"),
+                a("deductions"), true}});
     paper.y = std::max(leftEnd, rightEnd) + 5;
     paper.fill(paper.left, paper.y, 168, 10, QColor(240, 236, 220));
     paper.put(paper.left + 2, paper.y + 6.6,
@@ -111,7 +90,7 @@ QString acrossRow(const char* command, const QString& label, const QString& name
 }
 
 void drawMonthsAcross(Draft& draft) {
-    const Facts facts = riverMonthsPayFacts(draft);
+    const Facts facts = told(draft, "wageMonthsAcross");
     QString script = "wide\nhead 4 one\ntitle [Lohnkonto {year}|Jahreslohnkonto {year}|Lohnblatt "
                      "{year}], {one}\nline AHV-Nummer {ahv}, Geburtsdatum {birth}\ncols 22";
     for (int month = 0; month <= 12; ++month) {
@@ -131,108 +110,8 @@ void drawMonthsAcross(Draft& draft) {
     drawScript(draft, facts, script.toUtf8().constData());
 }
 
-/// As a line printer sets it: signs of one width, what is taken off with the minus behind.
-void printed(Draft& draft, const Posting& one) {
-    Paper& paper = draft.paper;
-    const Type type{8.5, false, Align::left, false, Qt::black, "Liberation Mono"};
-    Type right = type;
-    right.align = Align::right;
-    if (one.sum) {
-        paper.put(paper.right - 2, paper.y + 2, "-------------", right);
-        paper.y += 3;
-    }
-    paper.y += 4.4;
-    paper.put(paper.left, paper.y, one.code, type);
-    paper.put(paper.left + 16, paper.y, one.what, type);
-    paper.put(146, paper.y, one.basis, right);
-    paper.put(paper.right - 2 - (one.taken ? 0 : paper.width("-", type)), paper.y,
-              draft.m(one.cents) + (one.taken ? "-" : ""), right);
-}
-
-void drawPrintout(Draft& draft) {
-    Facts facts = riverPayFacts(draft);
-    draft.paper.family = "Liberation Mono";
-    riverWords(draft, facts,
-               {{"title", "JAHRESZUSAMMENZUG LOHNARTEN|LOHNARTENLISTE KUMULIERT", "",
-                 "ELENCO CUMULATIVO DELLE VOCI|RIEPILOGO VOCI SALARIALI"},
-                {"person", "PERS", "", "DIP"},
-                {"born", "GEB.", "", "NATO"}});
-    drawScript(draft, facts,
-               "head 5 one\nbold {title} 01-12/{year}\n"
-               "line {person} {#6} {one} {born} {birth} {ahv}");
-    const auto a = [&](const char* name) { return facts.amounts[name]; };
-    draft.paper.space(3);
-    const std::vector<Posting> lines{
-        {"1005", draft.t("MONATSLOHN", "", "SALARIO MENSILE"), "12,00", a("year12")},
-        {"1015", draft.t("UEBERZEIT", "", "STRAORDINARI"), {}, a("overtime")},
-        {"1210", draft.t("13. MONATSLOHN", "", "TREDICESIMA"), "1,00", a("thirteenth")},
-        {"3020", draft.t("KINDERZULAGE", "", "ASSEGNI FAMILIARI"), {}, a("children")},
-        {"5000", draft.t("BRUTTOLOHN", "", "SALARIO LORDO"), {}, a("gross"), true},
-        {"5010", draft.t("AHV-BEITRAG", "", "CONTRIBUTO AVS"), "5,300 %", a("avs"), false, true},
-        {"5020", draft.t("ALV-BEITRAG", "", "CONTRIBUTO AD"), "1,100 %", a("alv"), false, true},
-        {"5040", draft.t("NBUV-BEITRAG", "", "CONTRIBUTO AINP"), {}, a("nbu"), false, true},
-        {"5049",
-         draft.t("TOTAL AHV/ALV/NBUV", "", "TOTALE AVS/AD/AINP"),
-         {},
-         a("social"),
-         true,
-         true},
-        {"5050", draft.t("BVG-BEITRAG", "", "CONTRIBUTO LPP"), {}, a("bvg"), false, true},
-        {"6000", draft.t("NETTOLOHN", "", "SALARIO NETTO"), {}, a("net"), true},
-        {"6050", draft.t("REISESPESEN", "", "SPESE DI VIAGGIO"), {}, a("travel")},
-        {"6600", draft.t("AUSZAHLUNG", "", "VERSAMENTO"), {}, a("payout"), true},
-        {"9010", draft.t("AG-ANTEIL AHV", "", "QUOTA DATORE AVS"), {}, a("ahvfirm")},
-        {"9050", draft.t("AG-ANTEIL BVG", "", "QUOTA DATORE LPP"), {}, a("bvgfirm")},
-        {"9070",
-         draft.t("FAMILIENAUSGLEICHSKASSE", "", "CASSA ASSEGNI FAMILIARI"),
-         {},
-         a("famfirm")}};
-    for (const Posting& one : lines) {
-        if (one.cents != 0) {
-            printed(draft, one);
-        }
-    }
-    draft.paper.space(6);
-}
-
-/// A card for each month, then the reckoning in a sentence and few figures.
-void drawHomeHelp(Draft& draft) {
-    const Facts facts = riverHomeHelpFacts(draft);
-    drawScript(draft, facts,
-               "head 6 one\ntitle [Lohn im Privathaushalt|Lohnabrechnung Haushalthilfe] {year}\n"
-               "line {one}, geb. {birth}, AHV {ahv}; Stundenlohn {rate!}");
-    const auto a = [&](const char* name) { return facts.amounts.at(name); };
-    Paper& paper = draft.paper;
-    paper.space(3);
-    const double top = paper.y;
-    const std::vector<Facts>& months = facts.lists.at("months");
-    for (size_t i = 0; i < months.size(); ++i) {
-        const double x = paper.left + 42 * static_cast<double>(i % 4);
-        const double y = top + 19 * static_cast<double>(i / 4);
-        paper.box(x, y, 40, 17, 0.15);
-        paper.put(x + 2, y + 4.6, months[i].texts.at("month"), {8, true});
-        paper.put(x + 2, y + 9.4, months[i].texts.at("hours") + " Std.", {8});
-        paper.put(x + 38, y + 14.6, draft.m(months[i].amounts.at("part")),
-                  {9, false, Align::right});
-    }
-    paper.y = top + 62;
-    paper.paragraph(QString("Total %1 Stunden = %2. Ferienzuschlag 8.33 % = %3.")
-                        .arg(facts.texts.at("hours"), draft.s(a("wage")), draft.s(a("holiday"))),
-                    {10});
-    paper.space(2);
-    paper.entry("Lohn brutto mit Ferienzuschlag", draft.m(a("gross")));
-    paper.entry("AHV/IV/EO 5.3 %", "-" + draft.m(a("avs")));
-    paper.entry("ALV 1.1 %", "-" + draft.m(a("alv")));
-    paper.entry(draft.one("Abzüge zusammen|Sozialabzüge total"), "-" + draft.m(a("social")));
-    paper.entry("Lohn netto", draft.m(a("net")), {10, true});
-    paper.space(2);
-    paper.paragraph("Ordentliches Verfahren. Keine Pensionskasse, da unter der Eintrittsschwelle. "
-                    "NBU nicht versichert.",
-                    {8});
-}
-
 void drawTwoFirms(Draft& draft) {
-    const Facts first = riverPayFacts(draft);
+    const Facts first = told(draft, "wage");
     drawScript(draft, first, R"(
         head 0 one
         title [Lohnmeldung|Bescheinigung Lohnbezug] {year}
@@ -244,7 +123,7 @@ void drawTwoFirms(Draft& draft) {
         tr D ; [B und C|Abzüge B + C] ; ; {deductions}
         tb E ; Nettolohn [(A – D)|A abzüglich D] ; ; {net}
         small Spesenersatz nach Beleg {travel!}. Seite 1 von 1)");
-    const Facts second = riverSecondPayFacts(draft);
+    const Facts second = told(draft, "secondWage");
     drawScript(draft, second, R"(
         head 5 one
         bold [Lohnausweis Nebenamt|Bestätigung der Entlöhnung] {year}
@@ -257,20 +136,58 @@ void drawTwoFirms(Draft& draft) {
 }
 
 const std::vector<Sheet> salaries{
-    {"salary", "r-jobless", "de,fr", false, riverJoblessFacts, R"(
+    // As a line printer sets it: signs of one width, what is taken off with a minus.
+    {"salary", "r-printout", "de,it", false, "wage", R"(
+        mono
+        head 5 one
+        bold [JAHRESZUSAMMENZUG LOHNARTEN|LOHNARTENLISTE KUMULIERT] 01-12/{year} // // [ELENCO CUMULATIVO DELLE VOCI|RIEPILOGO VOCI SALARIALI] 01-12/{year}
+        line PERS {#6} {one} GEB. {birth} {ahv} // // DIP {#6} {one} NATO {birth} {ahv}
+        cols 22 38 146r 188r
+        tr 1005 ; MONATSLOHN // // SALARIO MENSILE ; 12,00 ; {year12}
+        tr 1015 ; UEBERZEIT // // STRAORDINARI ; ; {overtime?}
+        tr 1210 ; 13. MONATSLOHN // // TREDICESIMA ; 1,00 ; {thirteenth}
+        tr 3020 ; KINDERZULAGE // // ASSEGNI FAMILIARI ; ; {children?}
+        tr 5000 ; BRUTTOLOHN // // SALARIO LORDO ; ; {gross}
+        tr 5010 ; AHV-BEITRAG // // CONTRIBUTO AVS ; 5,300 % ; {-avs}
+        tr 5020 ; ALV-BEITRAG // // CONTRIBUTO AD ; 1,100 % ; {-alv}
+        tr 5040 ; NBUV-BEITRAG // // CONTRIBUTO AINP ; ; {-nbu}
+        tr 5049 ; TOTAL AHV/ALV/NBUV // // TOTALE AVS/AD/AINP ; ; {-social}
+        tr 5050 ; BVG-BEITRAG // // CONTRIBUTO LPP ; ; {-bvg}
+        tr 6000 ; NETTOLOHN // // SALARIO NETTO ; ; {net}
+        tr 6050 ; REISESPESEN // // SPESE DI VIAGGIO ; ; {travel}
+        tr 6600 ; AUSZAHLUNG // // VERSAMENTO ; ; {paidout}
+        tr 9010 ; AG-ANTEIL AHV // // QUOTA DATORE AVS ; ; {ahvfirm}
+        tr 9050 ; AG-ANTEIL BVG // // QUOTA DATORE LPP ; ; {bvgfirm}
+        tr 9070 ; FAMILIENAUSGLEICHSKASSE // // CASSA ASSEGNI FAMILIARI ; ; {famfirm})"},
+    // A card for each month, then the reckoning in a sentence and few figures.
+    {"salary", "r-home-help", "de", false, "homeHelp", R"(
+        head 6 one
+        title [Lohn im Privathaushalt|Lohnabrechnung Haushalthilfe] {year}
+        line {one}, geb. {birth}, AHV {ahv}; Stundenlohn {rate!}
+        grid 4
+        each months !cell {month}: {hours} Std. ; {part}
+        endgrid
+        text Total {hours} Stunden = {wage!}. Ferienzuschlag 8.33 % = {holiday!}.
+        entry Lohn brutto mit Ferienzuschlag ; {gross}
+        entry AHV/IV/EO 5.3 % ; {-avs}
+        entry ALV 1.1 % ; {-alv}
+        entry [Abzüge zusammen|Sozialabzüge total] ; {-social}
+        sum Lohn netto ; {net}
+        small Ordentliches Verfahren. Keine Pensionskasse, da unter der Eintrittsschwelle. NBU nicht versichert.)"},
+    {"salary", "r-jobless", "de,fr", false, "jobless", R"(
         head 4 one
-        title {title} {year}
+        title [Bescheinigung über bezogene Leistungen|Leistungsbezug] {year} // [Attestation des indemnités versées|Récapitulatif des indemnités] {year}
         line {one}, {birth}, {ahv}
-        side {tday} ; {day} ; {tinsured} ; {insured}
+        side Taggeld brutto // Indemnité journalière brute ; {day} ; Versicherter Verdienst im Monat // Gain assuré par mois ; {insured}
         gap 3
         cols 22 72r 96r 120r 142r 164r 190r
-        th {period} ; {tdays} ; {tgross} ; {tahv} ; {tbvg} ; {tnbu} ; {tnet}
+        th [Kontrollperiode|Monat] // [Période de contrôle|Mois] ; [Taggelder|Tage] // [Indemnités|Jours] ; Brutto // Brut ; AHV/IV/EO // AVS/AI/APG ; BVG // LPP ; NBU // AANP ; Netto // Net
         rule
         each months {month} ; {days} ; {gross} ; {avs} ; {bvg} ; {nbu} ; {net}
         rule
-        tb {tsum} ; {days} ; {gross} ; {avs} ; {bvg} ; {nbu} ; {net}
-        text {told})"},
-    {"salary", "r-accident-days", "de", false, riverAccidentDaysFacts, R"(
+        tb [Jahr|Zusammen] // [Année|Ensemble] ; {days} ; {gross} ; {avs} ; {bvg} ; {nbu} ; {net}
+        text In die Steuererklärung gehört der Betrag in der Spalte «Netto». // Le montant de la colonne «Net» est à reporter dans la déclaration d'impôt.)"},
+    {"salary", "r-accident-days", "de", false, "accidentDays", R"(
         head 5 one
         bold [Steuerausweis Taggelder {year}|Bestätigung der Taggelder {year}], Schaden {case}
         text [Für die Folgen Ihres Unfalls vom {accident} haben wir Ihnen folgende Taggelder ausgerichtet.|Unfall vom {accident}: Taggeldleistungen]
@@ -280,7 +197,7 @@ const std::vector<Sheet> salaries{
         rule
         mid [Taggelder des Jahres|Ausgerichtete Taggelder|Taggeldsumme] ; {total!}
         small Das volle Taggeld beträgt {rate!} (80 % von {insured!} durch 365). Heilungskosten von {doctor!} haben wir direkt bezahlt; sie sind nicht zu versteuern.)"},
-    {"salary", "r-maternite", "fr", false, riverMaternityFacts, R"(
+    {"salary", "r-maternite", "fr", false, "maternity", R"(
         head 2 one
         title [Allocation de maternité|Allocations pour perte de gain (maternité)] {year}
         line Assurée: {one}, {ahv}. Naissance le {birthday}. Indemnité journalière {day!}
@@ -290,7 +207,7 @@ const std::vector<Sheet> salaries{
         each periods {from} – {until} ; {whom} ; {days} ; {gross} ; {-social} ; {net}
         rule
         text [Seules les allocations qui vous ont été versées directement sont à déclarer, soit {net!} net. Le reste figure sur votre certificat de salaire.|Montant à déclarer: {net!} (versé sur votre compte). L'allocation versée à l'employeur est comprise dans votre salaire.])"},
-    {"salary", "r-maternita", "it", false, riverMaternityFacts, R"(
+    {"salary", "r-maternita", "it", false, "maternity", R"(
         head 0 one
         title [Indennità di maternità|Indennità per perdita di guadagno] {year}
         line {one}, N. AVS {ahv}, parto del {birthday}
@@ -303,7 +220,7 @@ const std::vector<Sheet> salaries{
         rule
         sum [Da dichiarare: indennità nette versate a Lei|Reddito imponibile (versato direttamente)] ; {net~}
         small Indennità giornaliera {day!}. La parte versata al datore di lavoro figura nel certificato di salario.)"},
-    {"salary", "r-council", "de", false, riverCouncilFacts, R"(
+    {"salary", "r-council", "de", false, "council", R"(
         head 1 one
         title [Entschädigung Behördenmitglied|Sitzungsgelder und Pauschalen] {year}
         line {one}, geb. {birth}, {ahv}
@@ -316,7 +233,7 @@ const std::vector<Sheet> salaries{
         sum [Entschädigung netto|Nettolohn] ; {net}
         entry Spesenpauschale, bewilligt ; {expenses}
         entry Auszahlung im Dezember ; {payout})"},
-    {"salary", "r-wagetax", "de", false, riverWageTaxFacts, R"(
+    {"salary", "r-wagetax", "de", false, "wageTaxMonths", R"(
         head 3 one
         title [Lohnsteuerausweis|Lohn- und Lohnsteuerkonto] {year}
         line {one}, geboren {birth}, PEID {#7}
@@ -335,7 +252,7 @@ const std::vector<Sheet> salaries{
         cell Lohnsteuer (4 %), abgeliefert ; {wagetax}
         cell Gemeinde ; {home}
         endgrid)"},
-    {"salary", "r-corrected", "de", false, riverCorrectedPayFacts, R"(
+    {"salary", "r-corrected", "de", false, "correctedWage", R"(
         head 0 one
         title [Berichtigte Lohnbescheinigung|Korrektur Ihres Lohnausweises|Ersatz-Lohnausweis] {year}
         text [Unser Lohnausweis vom {first} enthielt eine Prämie nicht. Bitte verwenden Sie für die Steuererklärung die Spalte «richtig».|Die Bescheinigung vom {first} ist ungültig. Massgebend sind die Beträge unter «richtig».]
@@ -350,7 +267,7 @@ const std::vector<Sheet> salaries{
 };
 
 const std::vector<Sheet> nothings{
-    {"other", "r-simplified", "de", false, riverSimplifiedFacts, R"(
+    {"other", "r-simplified", "de", false, "simplifiedWage", R"(
         head 0 one
         title [Bescheinigung vereinfachtes Abrechnungsverfahren|Abrechnung nach dem vereinfachten Verfahren (BGSA)] {year}
         text Arbeitgeber: {household}. Arbeitnehmerin, Arbeitnehmer: {one}, {ahv}
@@ -359,7 +276,7 @@ const std::vector<Sheet> nothings{
         dots Quellensteuer 5 % (Bund, Kanton und Gemeinde) ; {-tax}
         sum Ausbezahlt ; {net}
         text [Mit der Quellensteuer sind die Steuern auf diesem Lohn abschliessend bezahlt. Er ist nicht mehr als Einkommen zu deklarieren.|Dieser Lohn ist durch den Steuerabzug von 5 % endgültig besteuert und gehört nicht in die Steuererklärung.])"},
-    {"other", "r-simplifiee", "fr", false, riverSimplifiedFacts, R"(
+    {"other", "r-simplifiee", "fr", false, "simplifiedWage", R"(
         head 4 one
         title [Attestation selon la procédure simplifiée|Procédure de décompte simplifiée (LTN)] {year}
         colon Employeur ; {household}
@@ -376,8 +293,6 @@ std::vector<Layout> riverWorkPapers() {
     std::vector<Layout> layouts = scripted({salaries, nothings});
     layouts.push_back({"salary", "r-panels", false, "de,fr,it", false, drawPanels});
     layouts.push_back({"salary", "r-months-across", false, "de", false, drawMonthsAcross});
-    layouts.push_back({"salary", "r-printout", false, "de,it", false, drawPrintout});
-    layouts.push_back({"salary", "r-home-help", false, "de", false, drawHomeHelp});
     layouts.push_back({"salary", "r-two-firms", false, "de", false, drawTwoFirms});
     return layouts;
 }

@@ -22,94 +22,6 @@ Salary begin(Draft& draft, bool liechtenstein) {
     return randomSalary(draft, false, draft.family.one);
 }
 
-/// Liechtenstein's form: numbered lines, one amount each.
-void trainLiechtenstein(Draft& draft) {
-    const Salary s = begin(draft, true);
-    Paper& p = draft.paper;
-    p.newPage();
-    p.lineOf("FÜRSTENTUM LIECHTENSTEIN", {9, true});
-    p.lineOf("Lohnausweis " + QString::number(s.year), {16, true});
-    p.space(4);
-    p.row(
-        {"Arbeitnehmer/in", s.who.name() + ", " + draft.family.street + ", " + draft.family.place},
-        {{22}, {70}});
-    p.row({"Geburtsdatum", draft.date(s.who.birth)}, {{22}, {70}});
-    p.row({"PEID", draft.random.digits(7)}, {{22}, {70}});
-    p.row({"Beschäftigt", draft.date(s.from) + " – " + draft.date(s.until)}, {{22}, {70}});
-    p.space(6);
-    int number = 0;
-    const auto line = [&](const QString& label, Cents amount, bool strong) {
-        p.box(22, p.y, 168, 8, 0.1);
-        p.put(24, p.y + 5.5, QString::number(++number), {8});
-        p.put(33, p.y + 5.5, label, {9, strong});
-        p.put(156, p.y + 5.5, "CHF", {7});
-        p.put(188, p.y + 5.5, amount == 0 ? QString() : draft.m(amount),
-              {9.5, strong, Align::right});
-        p.y += 8;
-    };
-    line("Grundlohn inkl. 13. Monatslohn", s.base, false);
-    line("Naturalbezüge, Privatanteil Geschäftswagen", s.car, false);
-    line("Gratifikationen, Boni, übrige Leistungen", s.bonus + s.shares + s.other, false);
-    line("Bruttolohn total", s.gross, true);
-    line(draft.one("Abzüglich Beiträge AHV/IV/FAK/ALV/NBU|Sozialabgaben AHV/IV/ALV/NBU|Beiträge "
-                   "AHV-IV-FAK, ALV, NBU"),
-         s.social, false);
-    line("Abzüglich ordentliche Beiträge Pensionskasse", s.regular, false);
-    line("Abzüglich Einkauf Pensionskasse", s.buyIn, false);
-    line(draft.one("Nettolohn|Nettolohn total"), s.net, true);
-    line("Lohnsteuerabzug 4%", s.atSource, false);
-    line("Spesen (nicht im Bruttolohn enthalten)", s.expenses, false);
-    p.space(10);
-    p.lineOf(draft.issuer.name + ", " + draft.issuer.place + ", " + draft.issuer.phone, {8});
-}
-
-/// A print-out of the pay office: labels left, plus and minus, no numbers.
-void trainPrint(Draft& draft) {
-    const Salary s = begin(draft, false);
-    Paper& p = draft.paper;
-    p.family = "Liberation Mono";
-    p.newPage();
-    draft.letterHead(0, s.who.name());
-    p.lineOf(
-        draft.t("LOHNAUSWEIS FÜR DIE STEUERN ", "CERTIFICAT DE SALAIRE ", "CERTIFICATO DI SALARIO ")
-            + QString::number(s.year),
-        {12, true});
-    p.lineOf(draft.t("Personal-Nr. ", "No personnel ", "N. personale ") + draft.random.digits(5)
-                 + "   " + draft.t("AHV-Nr. ", "No AVS ", "N. AVS ") + s.who.number,
-             {9});
-    p.lineOf(draft.t("Periode ", "Période ", "Periodo ") + draft.date(s.from) + " - "
-                 + draft.date(s.until),
-             {9});
-    p.space(4);
-    const auto line = [&](const QString& label, Cents amount) {
-        if (amount != 0) {
-            p.entry(label, draft.f(amount), {9.5});
-        }
-    };
-    line(draft.t("Jahreslohn", "Salaire annuel", "Salario annuo"), s.base);
-    line(draft.t("Privatnutzung Fahrzeug", "Usage privé du véhicule", "Uso privato del veicolo"),
-         s.car);
-    line(draft.t("Bonus", "Bonus", "Bonus"), s.bonus + s.shares + s.other);
-    p.rule();
-    line(draft.t("Bruttolohn total", "Salaire brut total", "Salario lordo totale"), s.gross);
-    p.space(2);
-    line(draft.t("./. AHV/IV/EO/ALV/NBUV", "./. AVS/AI/APG/AC/AANP", "./. AVS/AI/IPG/AD/AINP"),
-         s.social);
-    line(draft.t("./. Pensionskasse ordentliche Beiträge", "./. LPP cotisations ordinaires",
-                 "./. LPP contributi ordinari"),
-         s.regular);
-    line(draft.t("./. Pensionskasse Einkauf", "./. LPP rachat", "./. LPP riscatto"), s.buyIn);
-    p.rule(0.5);
-    p.entry(draft.t("Nettolohn", "Salaire net", "Salario netto"), draft.f(s.net), {10.5, true});
-    p.space(6);
-    line(draft.t("Pauschalspesen Repräsentation", "Frais forfaitaires", "Spese forfettarie"),
-         s.expenses);
-    p.paragraph(draft.t("Beschäftigungsgrad 80%, 42 Wochenstunden, Ferienanspruch 25 Tage.",
-                        "Taux d'activité 80%, 42 heures, 25 jours de vacances.",
-                        "Grado d'occupazione 80%, 42 ore, 25 giorni di vacanza."),
-                {8.5});
-}
-
 /// Liechtenstein again, as columns: amounts first, the label beside.
 void heldLiechtenstein(Draft& draft) {
     const Salary s = begin(draft, true);
@@ -178,9 +90,7 @@ void heldColumns(Draft& draft) {
 } // namespace
 
 std::vector<Layout> salaryPapers() {
-    return {{"salary", "liechtenstein", false, "de", false, trainLiechtenstein},
-            {"salary", "print-out", false, "de,fr,it", false, trainPrint},
-            {"salary", "liechtenstein-list", true, "de", false, heldLiechtenstein},
+    return {{"salary", "liechtenstein-list", true, "de", false, heldLiechtenstein},
             {"salary", "two-columns", true, "de,fr,it", false, heldColumns}};
 }
 

@@ -1,6 +1,7 @@
 #include "tests/documents/corpus/layouts/Script.h"
 
 #include "tests/documents/corpus/kit/QrBill.h"
+#include "tests/documents/corpus/layouts/facts/Tale.h"
 
 #include <QRegularExpression>
 #include <functional>
@@ -152,6 +153,10 @@ QString Player::expanded(QString text) {
     static const QRegularExpression choice("\\[([^\\[\\]]*)\\]");
     static const QRegularExpression key("@([a-z0-9]+)(?::(de|fr|it))?");
     static const QRegularExpression place("\\{([^{}]+)\\}");
+    if (const QStringList languages = text.split("//"); languages.size() > 1) {
+        const qsizetype at = draft_.language == "fr" ? 1 : draft_.language == "it" ? 2 : 0;
+        text = languages[std::min(at, languages.size() - 1)].trimmed();
+    }
     const auto replaceAll = [&text](const QRegularExpression& form, const auto& with) {
         for (auto match = form.match(text); match.hasMatch(); match = form.match(text)) {
             text.replace(match.capturedStart(), match.capturedLength(), with(match));
@@ -433,6 +438,8 @@ bool Player::layOut(const QString& command, const QString& rest) {
         paper_.y = 24;
     } else if (command == "wide") {
         wide_ = true;
+    } else if (command == "mono") {
+        paper_.family = "Liberation Mono";
     } else if (command == "cols") {
         setColumns(rest);
     } else if (command == "grid") {
@@ -519,7 +526,7 @@ std::vector<Layout> scripted(const std::vector<std::vector<Sheet>>& lists) {
     for (const std::vector<Sheet>& sheets : lists) {
         for (const Sheet& sheet : sheets) {
             const auto draw = [sheet](Draft& draft) {
-                drawScript(draft, sheet.facts(draft), sheet.script);
+                drawScript(draft, told(draft, sheet.tale), sheet.script);
             };
             layouts.push_back(
                 {sheet.group, sheet.name, false, sheet.languages, sheet.payload, draw});

@@ -31,11 +31,12 @@ struct Facts {
 ///   money hyphen|spaced                 "Fr. 200.-"; a blank between thousands
 ///   bill AMOUNT T                       the part for payment, where the layout has one
 ///   gap N, rule, page, foot T
-///   wide                                before the head: the sheet lies on its long side
+///   wide, mono                          before the head: the sheet lies on its long side; signs of
+///                                       one width
 ///   maybe N COMMAND …                   in N of a hundred papers
 /// In texts stand {name} (an amount: digits; {name!} with the currency, {name~} as the issuer
 /// writes it, {name?} empty when zero, {-name} taken off), [one|another] wording, @key a wording
-/// of that key (@key:fr in French) and {#6} six digits.
+/// of that key (@key:fr in French), {#6} six digits and "A // B // C" by language.
 void drawScript(Draft& draft, const Facts& facts, const char* script);
 
 /// One of the wordings of a label in a language.
@@ -46,7 +47,7 @@ struct Sheet {
     const char* name;
     const char* languages;
     bool payload;
-    Facts (*facts)(Draft&);
+    const char* tale; ///< what it tells
     const char* script;
 };
 

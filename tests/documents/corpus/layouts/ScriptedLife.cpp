@@ -1,4 +1,4 @@
-#include "tests/documents/corpus/layouts/Facts.h"
+#include "tests/documents/corpus/layouts/facts/Tale.h"
 
 // Layouts of bills, day care, courses, donations and valuations of properties.
 
@@ -8,7 +8,7 @@ namespace {
 const char* const everyLanguage = "de,fr,it";
 
 const std::vector<Sheet> bills{
-    {"bill", "amounts-first", everyLanguage, false, billFacts, R"(
+    {"bill", "amounts-first", everyLanguage, false, "serviceBill", R"(
         head 4 one
         title @titlebill {number}
         line @patient: {one}   @date: {dated}
@@ -19,7 +19,7 @@ const std::vector<Sheet> bills{
         rule
         tb {total} ; @billtotal ; ;
         bill total {number})"},
-    {"bill", "amounts-first-qr", "de,fr", true, billFacts, R"(
+    {"bill", "amounts-first-qr", "de,fr", true, "serviceBill", R"(
         head 6 one
         title @titlebill {number}, {dated}
         cols 44r 52 190r
@@ -27,7 +27,7 @@ const std::vector<Sheet> bills{
         rule
         tb {total} ; @billtotal ;
         bill total {number})"},
-    {"bill", "cells", everyLanguage, false, billFacts, R"(
+    {"bill", "cells", everyLanguage, false, "serviceBill", R"(
         head 6 one
         title @titlebill
         grid 3
@@ -39,7 +39,7 @@ const std::vector<Sheet> bills{
         cell @billtotal ; {total!}
         endgrid
         each items !line {on}   {what}   {part})"},
-    {"bill", "advance", "de", false, paidBillFacts, R"(
+    {"bill", "advance", "de", false, "paidBill", R"(
         head 0 one
         title @titlebill Nr. {number}
         line Datum: {dated}   @patient: {one}
@@ -52,7 +52,7 @@ const std::vector<Sheet> bills{
         tr [Anzahlung erhalten|Bereits bezahlt|Ihre Akontozahlung] ; ; ; {-advance}
         tb [Noch offen|Restbetrag|Saldo zu unseren Gunsten] ; ; ; {open}
         small Mahngebühr ab der 2. Mahnung {fee!})"},
-    {"bill", "credit", "de", false, creditedBillFacts, R"(
+    {"bill", "credit", "de", false, "creditedBill", R"(
         head 3 one
         title @titlebill {number} vom {dated}
         line @patient {one}
@@ -62,7 +62,7 @@ const std::vector<Sheet> bills{
         entry [Gutschrift|Abzüglich Gutschrift|Rabatt] ; {-credit}
         sum @billtotal ; {total~}
         bill total {number})"},
-    {"bill", "second-page", everyLanguage, false, billFacts, R"(
+    {"bill", "second-page", everyLanguage, false, "serviceBill", R"(
         head 1 one
         title @titlebill {number}
         line @date {dated}   @patient {one}
@@ -72,13 +72,13 @@ const std::vector<Sheet> bills{
         page
         band @billtotal ; {total~}
         line @payto {iban})"},
-    {"bill", "letter", "de", false, billFacts, R"(
+    {"bill", "letter", "de", false, "serviceBill", R"(
         head 5 one
         bold Rechnung {number}
         text Sehr geehrte Patientin, sehr geehrter Patient
         text [Für unsere Bemühungen stellen wir Ihnen {total!} in Rechnung.|Für die Behandlung von {one} verrechnen wir Ihnen total {total!}.|Wir erlauben uns, Ihnen für die Sitzungen {total!} zu verrechnen.] Datum: {dated}.
         text Unser Stundenansatz beträgt {rate!}. Bitte bezahlen Sie bis {due}. Nicht abgesagte Termine kosten {fee!}.)"},
-    {"bill", "tax-columns", everyLanguage, false, billFacts, R"(
+    {"bill", "tax-columns", everyLanguage, false, "serviceBill", R"(
         head 2 one
         title @titlebill
         line No {number} / {dated} / {one}
@@ -91,14 +91,14 @@ const std::vector<Sheet> bills{
 };
 
 const std::vector<Sheet> careSheets{
-    {"childcare", "amounts-first", "de", false, careFacts, R"(
+    {"childcare", "amounts-first", "de", false, "care", R"(
         head 4 one
         title [Steuerbescheinigung Kinderbetreuung|Betreuungsausweis|Ausweis Betreuungskosten] {year}
         colon Kind ; {child}, {childbirth}
         left {full} ; Volltarif
         left {-subsidy} ; [Subvention|Beitrag Kanton und Gemeinde]
         leftsum {total} ; [Elternbeiträge netto|Ihre Kosten|Kosten zu Ihren Lasten|Fremdbetreuungskosten])"},
-    {"childcare", "cells", "de", false, careFacts, R"(
+    {"childcare", "cells", "de", false, "care", R"(
         head 6 one
         title Bescheinigung [Kita-Kosten|familienergänzende Betreuung] {year}
         grid 2
@@ -109,16 +109,7 @@ const std::vector<Sheet> careSheets{
         cell davon Verpflegung ; {meals~}
         cell [Bezahlte Elternbeiträge|Betreuungskosten {year}|Total bezahlt|Betreuungstaxen] ; {total~}
         endgrid)"},
-    {"childcare", "ledger", "de", false, careFacts, R"(
-        head 0 one
-        title Kontoblatt {child} {year}
-        cols 22 70r 120r
-        th Monat ; Tage ; [Betrag|Elternbeitrag|CHF]
-        each months {month} ; {days} ; {part}
-        rule
-        tb [Summe|Jahrestotal|Bezahlt {year}] ; ; {total}
-        small Depot {deposit!} wird bei Austritt zurückbezahlt.)"},
-    {"childcare", "two-children", "de", false, careTwoFacts, R"(
+    {"childcare", "two-children", "de", false, "careOfTwo", R"(
         head 3 both
         title [Betreuungskosten|Elternbeiträge|Kosten der Tagesbetreuung] {year}
         cols 22 90 190r
@@ -128,19 +119,19 @@ const std::vector<Sheet> careSheets{
         rule
         tb Total Familie ; ; {total}
         small Tagestarif {rate!})"},
-    {"childcare", "two-above", "de", false, careTwoFacts, R"(
+    {"childcare", "two-above", "de", false, "careOfTwo", R"(
         head 1 one
         title [Bestätigung für die Steuererklärung|Steuerbestätigung Betreuung] {year}
         each children !bold {who}, geb. {born}
         each children !above [Bezahlte Betreuungskosten|Betreuung {year}] {who} ; {paid!}
         above Zusammen ; {total!})"},
-    {"childcare", "letter", "de", false, careFacts, R"(
+    {"childcare", "letter", "de", false, "care", R"(
         head 2 one
         bold Bestätigung [Kinderbetreuungskosten|Drittbetreuung] {year}
         text Liebe Eltern
         text [Für {child} (geboren {childbirth}) haben Sie {year} Betreuungskosten von {total!} bezahlt.|Wir bestätigen den Erhalt von {total!} für die Betreuung von {child} ({childbirth}) im Jahr {year}.|Die Kosten für die Betreuung Ihres Kindes {child} beliefen sich {year} auf {total!}.]
         text Der Tarif von {rate!} pro Tag gilt bis Juli {next}.)"},
-    {"childcare", "halves", "de", false, careFacts, R"(
+    {"childcare", "halves", "de", false, "care", R"(
         head 5 one
         title Zusammenstellung {child} {year}
         dots 1. Semester ; {half}
@@ -150,7 +141,7 @@ const std::vector<Sheet> careSheets{
 };
 
 const std::vector<Sheet> courses{
-    {"course", "amounts-first", "de", false, courseFacts, R"(
+    {"course", "amounts-first", "de", false, "courseCosts", R"(
         head 4 one
         title [Rechnung|Kursrechnung|Studienrechnung] {number}
         line {course}
@@ -158,7 +149,7 @@ const std::vector<Sheet> courses{
         left {books} ; [Lehrmittel|Unterlagen|Bücher]
         left {exam} ; [Prüfungsgebühr|Diplomgebühr]
         leftsum {total} ; [Total|Rechnungsbetrag|Gesamtkosten|Zu bezahlen])"},
-    {"course", "cells", "de", false, courseFacts, R"(
+    {"course", "cells", "de", false, "courseCosts", R"(
         head 6 one
         title Bestätigung [Kursbesuch|Weiterbildungskosten]
         grid 2
@@ -169,7 +160,7 @@ const std::vector<Sheet> courses{
         cell Annullationskosten ; {penalty~}
         cell [Bezahlte Kosten|Weiterbildungskosten|Kosten total|Bezahltes Kursgeld] ; {total~}
         endgrid)"},
-    {"course", "instalments", "de", false, instalmentFacts, R"(
+    {"course", "instalments", "de", false, "courseInstalments", R"(
         head 0 one
         title Kontoauszug {course}
         cols 22 60 110 190r
@@ -180,27 +171,18 @@ const std::vector<Sheet> courses{
         tb [Total bezahlt {year}|Bezahlte Raten|Einbezahlt im Jahr {year}] ; ; ; {total}
         tr Noch offen {next} ; ; ; {open}
         tr Gesamtpreis ; ; ; {price})"},
-    {"course", "positions-qr", "de", true, courseFacts, R"(
-        head 5 one
-        title Rechnung {number}
-        line {course}
-        entry [Studiengebühr|Kurskosten] ; {fee}
-        entry Lehrmittel ; {books}
-        entry Prüfung ; {exam}
-        sum [Total CHF|Rechnungstotal|Gesamtbetrag CHF] ; {total}
-        bill total {number})"},
-    {"course", "letter", "de", false, courseFacts, R"(
+    {"course", "letter", "de", false, "courseCosts", R"(
         head 1 one
         bold Bestätigung [Ihrer Weiterbildung|der Kurskosten] {year}
         text [{one} hat den Lehrgang «{course}» besucht und dafür {total!} bezahlt.|Für den Kurs «{course}» haben wir von Ihnen {year} Kurskosten von {total!} erhalten.]
         text [Darin enthalten sind {books!} für Lehrmittel.|Bei Rückzug fallen {penalty!} an.])"},
-    {"course", "plan", "de", false, courseFacts, R"(
+    {"course", "plan", "de", false, "courseCosts", R"(
         head 3 one
         title Anmeldung {course}
         band [Kurspreis|Lehrgangskosten|Kurskosten] inkl. Unterlagen und Prüfung ; {total~}
         small Zahlbar auch in 4 Raten zu {instalment!}. Abmeldung nach Kursbeginn: {penalty!}.
         line Kursbeginn {someday}, Raum 3.{#2})"},
-    {"course", "above", "de", false, instalmentFacts, R"(
+    {"course", "above", "de", false, "courseInstalments", R"(
         head 2 one
         title Steuerbescheinigung Weiterbildung {year}
         above Ausbildung ; {course}
@@ -209,7 +191,7 @@ const std::vector<Sheet> courses{
 };
 
 const std::vector<Sheet> donations{
-    {"donation", "amounts-first", "de", false, giftsFacts, R"(
+    {"donation", "amounts-first", "de", false, "gifts", R"(
         head 4 one
         title [Spendenausweis|Steuerbestätigung Spenden|Zuwendungsbestätigung] {year}
         cols 44r 52 110
@@ -217,7 +199,7 @@ const std::vector<Sheet> donations{
         each gifts {part} ; {on} ; {why}
         rule
         tb {total} ; [Gesamttotal|Spendentotal|Summe] ;)"},
-    {"donation", "cells", "de", false, giftFacts, R"(
+    {"donation", "cells", "de", false, "gift", R"(
         head 6 one
         title [Quittung|Spendenbestätigung|Beleg für Ihre Steuererklärung]
         grid 2
@@ -227,33 +209,33 @@ const std::vector<Sheet> donations{
         cell Verdankungs-Nr. ; {#6}
         endgrid
         small Unser Spendenziel {next}: {goal!})"},
-    {"donation", "letter", "de", false, giftFacts, R"(
+    {"donation", "letter", "de", false, "gift", R"(
         head 5 one
         bold [Danke für Ihre Spende|Spendenverdankung|Ihre Unterstützung]
         text Liebe Spenderin, lieber Spender
         text [Ihre Spende von {amount!} ist am {when} bei uns eingetroffen.|Am {when} durften wir Ihre Gabe von {amount!} entgegennehmen.|Wir danken für Ihren Beitrag von {amount!} (Eingang {when}).]
         text Mit {well!} schenken Sie einem Kind eine Schulmappe. Bis Ende Jahr brauchen wir noch {goal!}.)"},
-    {"donation", "membership", "de", false, membershipFacts, R"(
+    {"donation", "membership", "de", false, "membership", R"(
         head 0 one
         title Jahresbestätigung {year}
         entry [Mitgliederbeitrag|Jahresbeitrag (Mitgliedschaft)] ; {fee~}
         sum [Spende|Freiwillige Spende|Spenden {year}|Abzugsfähige Spende] ; {amount~}
         entry Einzahlungen ; {both~}
         small Mitgliederbeiträge sind nicht abziehbar.)"},
-    {"donation", "above", "de", false, giftsFacts, R"(
+    {"donation", "above", "de", false, "gifts", R"(
         head 2 one
         title Bescheinigung über Zuwendungen
         above Name ; {one}
         above [Spenden vom {start} bis {end}|Total Ihrer Gaben {year}|Spendenbetrag {year}] ; {total!}
         above Steuerbefreit seit ; [1998|2004|1976])"},
-    {"donation", "second-page", "de", false, giftsFacts, R"(
+    {"donation", "second-page", "de", false, "gifts", R"(
         head 1 one
         title Ihre Spenden {year} im Überblick
         each gifts !dots {why} {on} ; {part}
         page
         band [Spenden {year} insgesamt|Total Spenden|Gesamtspende] ; {total~}
         small {issuer}, {phone})"},
-    {"donation", "block", "de", false, giftsFacts, R"(
+    {"donation", "block", "de", false, "gifts", R"(
         head 3 one
         bold Bestätigung für das Steueramt
         text [Wir bestätigen, im Jahr {year} von {one} Spenden von insgesamt {total!} erhalten zu haben.|{one} hat unsere Arbeit {year} mit Spenden von {total!} unterstützt.]
@@ -262,7 +244,7 @@ const std::vector<Sheet> donations{
 };
 
 const std::vector<Sheet> properties{
-    {"property", "amounts-first", "de", false, propertyFacts, R"(
+    {"property", "amounts-first", "de", false, "valuation", R"(
         head 4 one
         title [Eröffnung der Schätzung|Amtliche Schätzung|Schätzungsprotokoll]
         colon Gemeinde ; {place}
@@ -271,15 +253,15 @@ const std::vector<Sheet> properties{
         leftsum {rent} ; [Mietwert|Mietwert jährlich|Eigenmietwert]
         left {new} ; Neuwert
         left {real} ; Realwert)"},
-    {"property", "table", "de", false, propertyFacts, R"(
+    {"property", "table", "de", false, "valuation", R"(
         head 0 one
         title Schätzungsmitteilung Gemeinde {place}
-        line Grundstück Nr. {parcel}, {area}
+        line Grundstück Nr. {parcel}, {area} m²
         cols 22 62 100r 130r 160r 190r
         th Gebäude ; Baujahr ; Neuwert ; Realwert ; [Mietwert|Mietwert p.a.] ; [Verkehrswert|Verkehrswert CHF]
         rule
         tr {building} ; {built} ; {new} ; {real} ; {rent} ; {value})"},
-    {"property", "old-and-new", "de", false, propertyFacts, R"(
+    {"property", "old-and-new", "de", false, "valuation", R"(
         head 3 one
         title [Neuschätzung|Revisionsschätzung|Periodische Neubewertung]
         line Politische Gemeinde: {place}   Parzellen-Nr.: {parcel}
@@ -289,27 +271,27 @@ const std::vector<Sheet> properties{
         tr [Verkehrswert|Amtlicher Verkehrswert|Steuerwert] ; {old} ; {value}
         tr [Mietwert|Mietwert im Jahr|Eigenmietwert] ; {oldrent} ; {rent}
         small Gebühr {charge!}, Rekurs innert 14 Tagen)"},
-    {"property", "letter", "de", false, propertyFacts, R"(
+    {"property", "letter", "de", false, "valuation", R"(
         head 5 one
         bold Schätzung Grundstück Nr. {parcel}, Gemeinde {place}
         text Sehr geehrte Eigentümerin, sehr geehrter Eigentümer
         text [Die Schätzungskommission hat den Verkehrswert auf {value!} und den Mietwert auf {rent!} festgelegt.|Nach der Besichtigung beträgt der Verkehrswert neu {value!}, der jährliche Mietwert {rent!}.]
         text Die Kosten der Schätzung betragen {charge!}. Der Neuwert der Gebäude ist {new!}.)"},
-    {"property", "numbered", "de", false, propertyFacts, R"(
+    {"property", "numbered", "de", false, "valuation", R"(
         head 6 one
         big Schätzungsausweis
         form 1 ; Gemeinde ; {place}
         form 2 ; Grundstück Nr. ; {parcel}
-        form 3 ; Fläche ; {area}
+        form 3 ; Fläche ; {area} m²
         form 4 ; Neuwert ; {new}
         form 5 ; Realwert ; {real}
         form 6 ; [Mietwert jährlich|Jahresmietwert|Mietwert] ; {rent}
         form 7 ; [Verkehrswert|Amtlicher Wert|Verkehrswert gerundet] ; {value})"},
-    {"property", "side", "de", false, propertyFacts, R"(
+    {"property", "side", "de", false, "valuation", R"(
         head 1 one
         title Auszug aus dem Schätzungsregister
         side Gemeinde ; {place} ; Grundstück-Nr. ; {parcel}
-        side Baujahr ; {built} ; Fläche ; {area}
+        side Baujahr ; {built} ; Fläche ; {area} m²
         rule
         side [Verkehrswert|Steuerwert] ; {value} ; [Mietwert|Mietwert p. a.] ; {rent}
         side Landwert ; {land} ; Mietwert pro Monat ; {month})"},

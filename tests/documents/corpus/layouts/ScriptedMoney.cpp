@@ -1,4 +1,4 @@
-#include "tests/documents/corpus/layouts/Facts.h"
+#include "tests/documents/corpus/layouts/facts/Tale.h"
 
 // Layouts of pillar 3a, of banks and of health insurers.
 
@@ -8,7 +8,7 @@ namespace {
 const char* const everyLanguage = "de,fr,it";
 
 const std::vector<Sheet> pillars{
-    {"pillar3a", "amounts-first", everyLanguage, false, pillarFacts, R"(
+    {"pillar3a", "amounts-first", everyLanguage, false, "pillar", R"(
         head 5 one
         title @title3a {year}
         colon @person ; {one}
@@ -21,7 +21,7 @@ const std::vector<Sheet> pillars{
         left {-fee} ; @fees
         rule
         left {closing} ; @closing)"},
-    {"pillar3a", "cells", everyLanguage, false, pillarFacts, R"(
+    {"pillar3a", "cells", everyLanguage, false, "pillar", R"(
         head 6 one
         title @title3a
         grid 2
@@ -35,7 +35,7 @@ const std::vector<Sheet> pillars{
         cell @limit ; {limit!}
         endgrid
         small {issuer}, {phone})"},
-    {"pillar3a", "movements", everyLanguage, false, pillarFacts, R"(
+    {"pillar3a", "movements", everyLanguage, false, "pillar", R"(
         head 0 one
         title @title3a {year}
         line IBAN {iban}
@@ -49,24 +49,24 @@ const std::vector<Sheet> pillars{
         rule
         tb ; @paid3a ; {paid} ;
         tb {end} ; @closing ; ; {closing})"},
-    {"pillar3a", "letter", "de", false, pillarFacts, R"(
+    {"pillar3a", "letter", "de", false, "pillar", R"(
         head 1 one
         bold @title3a {year}
         text [Guten Tag|Sehr geehrte Damen und Herren|Liebe Kundin, lieber Kunde]
         text [Wir bestätigen, dass im Kalenderjahr {year} Beiträge in der Höhe von {paid!} auf Ihr Vorsorgekonto {#9} einbezahlt wurden.|Sie haben {year} insgesamt {paid!} in die Säule 3a (Vertrag {#6}) einbezahlt.|Auf Ihrem 3a-Konto {#7} sind {year} Einzahlungen von total {paid!} eingegangen. Diese dürfen Sie vom steuerbaren Einkommen abziehen.]
         maybe 60 text [Das Vorsorgevermögen beträgt per {end} {closing!} und muss nicht deklariert werden.|Ende Jahr lagen {closing!} auf Ihrem Konto; dieser Wert ist steuerfrei.]
         maybe 60 small Höchstbetrag {year} für Personen mit Pensionskasse: {limit!}. Kontoführung {fee!} pro Jahr.)"},
-    {"pillar3a", "couple", everyLanguage, false, pillarCoupleFacts, R"(
+    {"pillar3a", "couple", everyLanguage, false, "pillarOfBoth", R"(
         head 3 both
         title @title3a {year}
-        cols 22 80 140 190r
+        cols 22 78 112 190r
         th @person ; @born ; @contract ; @paid3a
         rule
         tr {one} ; {birth} ; {#7} ; {paid~}
         tr {two} ; {birth2} ; {#7} ; {paid2~}
         rule
         tb @total ; ; ; {both~})"},
-    {"pillar3a", "numbered", everyLanguage, false, pillarBuyInFacts, R"(
+    {"pillar3a", "numbered", everyLanguage, false, "pillarWithLate", R"(
         head 6 one
         big @title3a
         form 1 ; @person ; {one}
@@ -77,7 +77,7 @@ const std::vector<Sheet> pillars{
         form 5 ; @closing ; {closing}
         form 6 ; @limit ; {limit}
         small {issuer}, {early})"},
-    {"pillar3a", "bilingual", "de,fr", false, pillarFacts, R"(
+    {"pillar3a", "bilingual", "de,fr", false, "pillar", R"(
         head 4 one
         title @title3a:de / @title3a:fr
         line {one}, {birth}
@@ -88,7 +88,7 @@ const std::vector<Sheet> pillars{
         entry @interest3a:de / @interest3a:fr ; {interest}
         entry @closing:de / @closing:fr ; {closing}
         small Art. 82 BVG / LPP; Form. 21 EDP)"},
-    {"pillar3a", "second-page", "de", false, pillarFacts, R"(
+    {"pillar3a", "second-page", "de", false, "pillar", R"(
         head 2 one
         title Vorsorgeauszug {year}
         cols 22 60 190r
@@ -105,7 +105,7 @@ const std::vector<Sheet> pillars{
 };
 
 const std::vector<Sheet> banks{
-    {"bank", "amounts-first", everyLanguage, false, accountFacts, R"(
+    {"bank", "amounts-first", everyLanguage, false, "oneAccount", R"(
         head 4 one
         title @titlebank {year}
         line {name}, {number}
@@ -114,7 +114,7 @@ const std::vector<Sheet> banks{
         left {interest~} ; @interest {year}
         left {tax~} ; @vst
         left {net~} ; @netinterest)"},
-    {"bank", "cells", everyLanguage, false, accountFacts, R"(
+    {"bank", "cells", everyLanguage, false, "oneAccount", R"(
         head 6 one
         title @titlebank {end}
         grid 3
@@ -126,7 +126,7 @@ const std::vector<Sheet> banks{
         cell @balance {end} ; {balance}
         endgrid
         small {issuer} · {phone} · CHF)"},
-    {"bank", "above", everyLanguage, false, accountFacts, R"(
+    {"bank", "above", everyLanguage, false, "oneAccount", R"(
         head 1 one
         title @titlebank
         line {number}   {name}
@@ -135,7 +135,7 @@ const std::vector<Sheet> banks{
         above @interest {start} – {end} ; {interest!}
         above @vst ; {tax!}
         small 0.25 % – 0.80 %)"},
-    {"bank", "several-columns", everyLanguage, false, accountsFacts, R"(
+    {"bank", "several-columns", everyLanguage, false, "accounts", R"(
         head 0 one
         title @titlebank {year}
         cols 22 82 128r 158r 190r
@@ -144,7 +144,7 @@ const std::vector<Sheet> banks{
         each accounts {number} ; {name} ; {interest?} ; {tax?} ; {balance}
         rule
         tb @total ; ; {interest} ; {tax?} ; {balance})"},
-    {"bank", "several-blocks", everyLanguage, false, accountsFacts, R"(
+    {"bank", "several-blocks", everyLanguage, false, "accounts", R"(
         head 5 one
         title @titlebank {year}
         cols 22 120r 190r
@@ -156,14 +156,14 @@ const std::vector<Sheet> banks{
         rule
         tb @total @balance ; ; {balance}
         tb @total @interest ; ; {interest})"},
-    {"bank", "told-letter", "de", false, accountFacts, R"(
+    {"bank", "told-letter", "de", false, "oneAccount", R"(
         head 2 one
         bold @titlebank {year}
         text Guten Tag
         text [Für Ihre Steuererklärung bestätigen wir für das Konto {number} einen Saldo von {balance!} per {end}. Die Zinsen des Jahres belaufen sich auf {interest!} brutto.|Ihr Konto {number} ({name}) wies am {end} ein Guthaben von {balance!} auf. Der Bruttozins {year} betrug {interest!}.]
         maybe 70 text Der Umsatz auf dem Konto betrug {moved!}. Der Einlegerschutz umfasst CHF 100'000.
         small Dieses Schreiben trägt keine Unterschrift.)"},
-    {"bank", "principality", "de", false, foreignAccountFacts, R"(
+    {"bank", "principality", "de", false, "principalityAccountAlone", R"(
         head 3 one
         title @titlebank {end}
         entry Kundenstamm ; {#3}.{#3}
@@ -173,7 +173,7 @@ const std::vector<Sheet> banks{
         sum @balance CHF ; {balance}
         entry @interest CHF ; {interest}
         small Liechtensteinische Banken ziehen keine Verrechnungssteuer ab.)"},
-    {"bank", "mortgage-cells", everyLanguage, false, loanFacts, R"(
+    {"bank", "mortgage-cells", everyLanguage, false, "oneLoan", R"(
         head 6 one
         title [{number}|Nr. {number}] {year}
         grid 2
@@ -182,7 +182,7 @@ const std::vector<Sheet> banks{
         cell % ; {rate}
         cell @contract ; {number}
         endgrid)"},
-    {"bank", "mortgage-list", everyLanguage, false, loanFacts, R"(
+    {"bank", "mortgage-list", everyLanguage, false, "oneLoan", R"(
         head 4 both
         title @debtinterest {year}
         line @contract {number}
@@ -195,7 +195,7 @@ const std::vector<Sheet> banks{
         entry @debt {start} ; {before}
         entry Amortisation ; {-redemption}
         sum @debt {end} ; {debt})"},
-    {"bank", "mortgages", everyLanguage, false, loansFacts, R"(
+    {"bank", "mortgages", everyLanguage, false, "loans", R"(
         head 0 one
         title @debtinterest, @debt {end}
         cols 22 74 128r 158r 192r
@@ -204,13 +204,13 @@ const std::vector<Sheet> banks{
         each loans {number} ; {name} ; {rate} ; {interest} ; {debt}
         rule
         tb @total CHF ; ; ; {interest} ; {debt})"},
-    {"bank", "mortgage-letter", "de", false, loanFacts, R"(
+    {"bank", "mortgage-letter", "de", false, "oneLoan", R"(
         head 5 one
         bold Zinsbestätigung [Hypothek|Darlehen|Baukredit] {number}
         text Sehr geehrte Kundin, sehr geehrter Kunde
         text [Wir bescheinigen Ihnen für {year} Schuldzinsen von {interest!}. Die Schuld betrug am {end} {debt!}.|Per {end} beträgt die Hypothek {debt!}; an Zinsen haben wir Ihnen {year} {interest!} belastet.]
         maybe 60 text Als Sicherheit dient die Liegenschaft mit einem Belehnungswert von {value!}. Im Jahr wurden {redemption!} amortisiert.)"},
-    {"bank", "assets-and-debts", everyLanguage, false, bankMixFacts, R"(
+    {"bank", "assets-and-debts", everyLanguage, false, "accountsAndLoan", R"(
         head 1 one
         title @titlebank {year}
         cols 22 118r 150r 190r
@@ -224,7 +224,7 @@ const std::vector<Sheet> banks{
 };
 
 const std::vector<Sheet> insurers{
-    {"premiums", "amounts-first", everyLanguage, false, premiumFacts, R"(
+    {"premiums", "amounts-first", everyLanguage, false, "premiums", R"(
         head 4 one
         title @titlepremium {year}
         colon @person ; {one}
@@ -236,7 +236,7 @@ const std::vector<Sheet> insurers{
         left {reduction?} ; @reduction
         gap 4
         left {sharing} ; @sharing)"},
-    {"premiums", "cells", everyLanguage, false, premiumFacts, R"(
+    {"premiums", "cells", everyLanguage, false, "premiums", R"(
         head 6 one
         title @titlepremium {year}
         grid 3
@@ -247,7 +247,7 @@ const std::vector<Sheet> insurers{
         cell @franchise ; {franchise~}
         cell @retention ; {retention~}
         endgrid)"},
-    {"premiums", "family", everyLanguage, false, premiumFamilyFacts, R"(
+    {"premiums", "family", everyLanguage, false, "premiumsOfMembers", R"(
         head 0 both
         title @titlepremium {year}
         cols 22 105r 145r 190r
@@ -260,7 +260,7 @@ const std::vector<Sheet> insurers{
         gap 5
         entry @franchise ; {franchise}
         entry @retention ; {retention})"},
-    {"premiums", "two-columns", everyLanguage, false, premiumFacts, R"(
+    {"premiums", "two-columns", everyLanguage, false, "premiums", R"(
         head 5 one
         title @titlepremium {year}
         side @basic ; {basic} ; @franchise ; {franchise}
@@ -268,13 +268,13 @@ const std::vector<Sheet> insurers{
         rule
         side @premiums ; {total} ; @sharing ; {sharing}
         side @reduction ; {reduction?} ; ; )"},
-    {"premiums", "letter", "de", false, premiumFacts, R"(
+    {"premiums", "letter", "de", false, "premiums", R"(
         head 2 one
         bold @titlepremium {year}
         text [Sie haben uns im Jahr {year} Prämien von insgesamt {total!} bezahlt, davon {basic!} für die obligatorische Krankenpflegeversicherung und {extra!} für Zusatzversicherungen.|Die Prämien {year} für KVG ({basic!}) und VVG ({extra!}) ergeben zusammen {total!}.]
         text Die kantonale Prämienverbilligung beträgt {reduction!}.
         text [An Ihren Behandlungskosten haben Sie sich mit {sharing!} beteiligt.|Ihre Kostenbeteiligung: {sharing!} (Franchise {franchise!}, Selbstbehalt {retention!}).])"},
-    {"premiums", "reduced", everyLanguage, false, premiumFacts, R"(
+    {"premiums", "reduced", everyLanguage, false, "premiums", R"(
         head 3 one
         title @titlepremium {year}
         dots @basic (12 x {basicmonth}) ; {basic}
@@ -286,7 +286,7 @@ const std::vector<Sheet> insurers{
         bold @sharing
         dots @franchise ; {franchise}
         dots @retention ; {retention})"},
-    {"premiums", "second-page", everyLanguage, false, premiumFamilyFacts, R"(
+    {"premiums", "second-page", everyLanguage, false, "premiumsOfMembers", R"(
         head 1 one
         title @titlepremium {year}
         cols 22 120r 190r

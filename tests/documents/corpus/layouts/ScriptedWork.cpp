@@ -1,4 +1,4 @@
-#include "tests/documents/corpus/layouts/Facts.h"
+#include "tests/documents/corpus/layouts/facts/Tale.h"
 
 // Layouts of salaries, pensions, buy-ins and life insurances.
 
@@ -8,7 +8,7 @@ namespace {
 const char* const everyLanguage = "de,fr,it";
 
 const std::vector<Sheet> salaries{
-    {"salary", "two-columns", everyLanguage, false, salaryFacts, R"(
+    {"salary", "two-columns", everyLanguage, false, "wageWithBuyIn", R"(
         head 6 one
         title @titlesalary {year}
         line @ahvno {ahv}   @born {birth}   {from} – {until}
@@ -20,7 +20,7 @@ const std::vector<Sheet> salaries{
         side @gross ; {gross} ; @total ; {deductions}
         rule
         sum @net ; {net~})"},
-    {"salary", "amounts-first", everyLanguage, false, salaryFacts, R"(
+    {"salary", "amounts-first", everyLanguage, false, "wageWithBuyIn", R"(
         head 4 one
         title @titlesalary {year}
         colon @person ; {one}, {birth}
@@ -34,7 +34,7 @@ const std::vector<Sheet> salaries{
         left {bvgbuy?} ; @bvgbuy
         rule
         leftsum {net} ; @net)"},
-    {"salary", "cells", everyLanguage, false, salaryFacts, R"(
+    {"salary", "cells", everyLanguage, false, "wageWithBuyIn", R"(
         head 0 one
         title @titlesalary {from} – {until}
         grid 3
@@ -47,7 +47,7 @@ const std::vector<Sheet> salaries{
         cell @bvgbuy ; {bvgbuy?}
         cell @net ; {net}
         endgrid)"},
-    {"salary", "numbered", everyLanguage, false, salaryFacts, R"(
+    {"salary", "numbered", everyLanguage, false, "wageWithBuyIn", R"(
         head 6 one
         big @titlesalary {year}
         line {from} – {until}   {ahv}
@@ -60,7 +60,7 @@ const std::vector<Sheet> salaries{
         form 7 ; @net ; {net}
         form 8 ; @expenses ; {expenses?}
         small {issuer}, {phone}, 42 h, 100%)"},
-    {"salary", "principality-list", "de", false, principalitySalaryFacts, R"(
+    {"salary", "principality-list", "de", false, "principalityWage", R"(
         head 4 one
         big Lohnausweis [zur Steuererklärung|] {year}
         line PEID-Nr. {#7}   geboren {birth}   Beschäftigung {from} bis {until}
@@ -77,7 +77,7 @@ const std::vector<Sheet> salaries{
         tb 7. ; @net ; ; {net}
         tr 8. ; [Abgeführte Lohnsteuer|Lohnsteuer 4 %] ; {atsource?} ;
         small Ausgestellt von {issuer}, {town}, am {early})"},
-    {"salary", "principality-cells", "de", false, principalitySalaryFacts, R"(
+    {"salary", "principality-cells", "de", false, "principalityWage", R"(
         head 5 one
         title Fürstentum Liechtenstein – Lohnausweis {year}
         grid 2
@@ -90,7 +90,7 @@ const std::vector<Sheet> salaries{
         cell @net ; {net~}
         cell Lohnsteuer ; {atsource?}
         endgrid)"},
-    {"salary", "journal", "de", false, salaryFacts, R"(
+    {"salary", "journal", "de", false, "wageWithBuyIn", R"(
         head 5 one
         title Lohnkonto-Abschluss / @titlesalary {year}
         cols 22 34 110r 150r 190r
@@ -103,11 +103,11 @@ const std::vector<Sheet> salaries{
         tr 5050 ; @bvg ; ; ; {bvg?}
         tr 5060 ; @bvgbuy ; ; ; {bvgbuy?}
         tb ; @net ; ; ; {net}
-        tr 3000 ; Kinderzulagen ; ; {children} ;
+        tr 3000 ; Kinderzulagen ; ; {outside} ;
         tr 6000 ; Spesen ; ; {expenses?} ;
-        tb ; Auszahlung ; ; ; {payout}
+        tb ; Auszahlung ; ; ; {paidout}
         small Arbeitgeberbeiträge AHV/IV/EO/ALV {employer})"},
-    {"salary", "letter", "de", false, salaryFacts, R"(
+    {"salary", "letter", "de", false, "wageWithBuyIn", R"(
         head 2 one
         bold Lohnbestätigung {year}
         text Hiermit bestätigen wir, dass {one}, geboren {birth}, vom {from} bis {until} bei uns angestellt war und folgende Bezüge hatte:
@@ -121,7 +121,7 @@ const std::vector<Sheet> salaries{
 };
 
 const std::vector<Sheet> pensions{
-    {"pension", "amounts-first", "de", false, pensionFacts, R"(
+    {"pension", "amounts-first", "de", false, "pension", R"(
         head 4 one
         title [Rentenausweis|Bescheinigung der Rente|Steuerausweis Renten] {year}
         colon @ahvno ; {ahv}
@@ -129,13 +129,13 @@ const std::vector<Sheet> pensions{
         leftsum {amount} ; [Rente im Kalenderjahr|Jahresrente|Rentensumme|Steuerbare Rente {year}]
         left 0.00 ; Quellensteuer
         small Ab {early}: {coming} monatlich.)"},
-    {"pension", "above", "de", false, pensionFacts, R"(
+    {"pension", "above", "de", false, "pension", R"(
         head 1 one
         title Rentenbescheinigung für die Steuern
         above Empfänger/in ; {one}, {birth}
         above [Rentenart|Leistungsart] ; [Altersrente|Invalidenrente|Ehegattenrente]
         above [Jahresbetrag {year}|Ausgerichtete Leistungen {year}|Bruttorente {year}|Total der Rentenzahlungen] ; {amount!})"},
-    {"pension", "parts", "de", false, pensionPartsFacts, R"(
+    {"pension", "parts", "de", false, "pensionParts", R"(
         head 0 one
         title [Leistungsausweis|Rentenbestätigung|Ausweis über bezogene Renten] {year}
         line Vers.-Nr. {ahv}, geb. {birth}
@@ -144,23 +144,23 @@ const std::vector<Sheet> pensions{
         rule
         each parts {name} ; {month} ; 12 ; {part}
         rule
-        tb [Summe der Renten|Steuerbarer Betrag|Total Leistungen|Renten insgesamt] ; ; ; {amount})"},
-    {"pension", "letter", "de", false, pensionFacts, R"(
+        tb [Summe der Renten|Steuerbarer Betrag|Total Leistungen|Renten insgesamt|Total Rente|Rente total|Total ausbezahlte Rente] ; ; ; {amount})"},
+    {"pension", "letter", "de", false, "pension", R"(
         head 5 one
         bold [Ihre Rentenleistungen|Bescheinigung über Rentenleistungen] {year}
         text Sehr geehrte Damen und Herren
         text [Im Jahr {year} haben wir Ihnen Renten im Betrag von {amount!} ausbezahlt.|Wir haben Ihnen von Januar bis Dezember {year} eine Rente von total {amount!} überwiesen (monatlich {month!}).|Die an Sie ausbezahlte Altersrente beläuft sich für {year} auf {amount!}.]
         text Dieser Betrag ist zu 100 % als Einkommen zu versteuern. Ihre Personalien: {one}, {birth}.)"},
-    {"pension", "numbered", "de", false, pensionFacts, R"(
+    {"pension", "numbered", "de", false, "pension", R"(
         head 6 one
         big Rentenbescheinigung {year}
         form A ; Rentenbezüger/in ; {one}
         form B ; @born ; {birth}
         form C ; @ahvno ; {ahv}
-        form D ; Rente aus beruflicher Vorsorge, [Jahrestotal|Bruttobetrag|ausbezahlt] ; {amount}
+        form D ; [Rente aus beruflicher Vorsorge, Jahrestotal|Rente aus beruflicher Vorsorge, Bruttobetrag|Ausbezahlte Renten 01.01. – 31.12.|Rentenleistungen brutto|Total Renten {year}] ; {amount}
         form E ; Kapitalleistung ;
         form F ; Quellensteuerabzug ;)"},
-    {"pension", "months", "de", false, pensionFacts, R"(
+    {"pension", "months", "de", false, "pension", R"(
         head 3 one
         title Auszahlungen {year}
         cols 22 90r 140r
@@ -173,14 +173,14 @@ const std::vector<Sheet> pensions{
 };
 
 const std::vector<Sheet> buyIns{
-    {"buyin", "amounts-first", "de", false, buyInFacts, R"(
+    {"buyin", "amounts-first", "de", false, "buyIn", R"(
         head 4 one
         title [Einkaufsbestätigung|Bestätigung über Ihren Einkauf|Steuerbescheinigung Einkauf] {year}
         left {before} ; [Maximal mögliche Einkaufssumme vor Zahlung|Deckungslücke vor Einkauf]
         leftsum {amount} ; [Geleisteter Einkauf vom {when}|Einkauf in die vollen Leistungen|Abzugsfähiger Einkauf|Einbezahlter Einkauf]
         left {possible} ; [Noch möglicher Einkauf|Restlicher Einkauf]
         small Sperrfrist 3 Jahre, Art. 79b BVG)"},
-    {"buyin", "cells", "de", false, buyInFacts, R"(
+    {"buyin", "cells", "de", false, "buyIn", R"(
         head 6 one
         title Bescheinigung [Einkauf 2. Säule|freiwilliger Einkauf] {year}
         grid 2
@@ -191,12 +191,12 @@ const std::vector<Sheet> buyIns{
         cell Altersguthaben ; {assets~}
         cell Versicherter Lohn ; {salary~}
         endgrid)"},
-    {"buyin", "told-letter", "de", false, buyInFacts, R"(
+    {"buyin", "told-letter", "de", false, "buyIn", R"(
         head 1 one
         bold Freiwilliger Einkauf in die Pensionskasse
         text [Wir haben am {when} Ihre Zahlung von {amount!} erhalten und als Einkauf verbucht.|Ihr Einkauf von {amount!} vom {when} wurde Ihrem Altersguthaben gutgeschrieben.|Gerne bestätigen wir den Eingang von {amount!} als Einkauf in die reglementarischen Leistungen.]
         text [Weitere Einkäufe sind bis {possible!} möglich.|Ihr Altersguthaben beläuft sich neu auf {assets!}.])"},
-    {"buyin", "movements", "de", false, buyInsFacts, R"(
+    {"buyin", "movements", "de", false, "buyIns", R"(
         head 0 one
         title Bescheinigung [über Einkäufe|der Einkäufe in die Pensionskasse] {year}
         cols 22 80 190r
@@ -205,15 +205,15 @@ const std::vector<Sheet> buyIns{
         each payments {on} ; [Einkauf fehlende Jahre|Einkauf|Pers. Einkauf] ; {part}
         rule
         tb [Einkauf total|Total Einkäufe|Total der Einkäufe {year}|Einkäufe insgesamt] ; ; {total})"},
-    {"buyin", "numbered", "de", false, buyInFacts, R"(
+    {"buyin", "numbered", "de", false, "buyIn", R"(
         head 6 one
         big Bescheinigung über Vorsorgebeiträge
         form a ; @person ; {one}
         form b ; Bescheinigungsjahr ; {year}
         form c ; Ordentliche Beiträge (nicht im Lohnausweis) ;
-        form d ; [Einkaufsbeiträge|Beiträge für Einkauf|Einkauf von Vorsorgeleistungen] 2. Säule ; {amount}
+        form d ; [Einkaufsbeiträge 2. Säule|Beiträge für Einkauf 2. Säule|Einkauf von Vorsorgeleistungen 2. Säule|2. Säule: Beiträge für den Einkauf] ; {amount}
         form e ; Säule 3a ;)"},
-    {"buyin", "account", "de", false, buyInFacts, R"(
+    {"buyin", "account", "de", false, "buyIn", R"(
         head 2 one
         title Kontoauszug Altersguthaben {year}
         dots [Sparbeiträge Arbeitnehmer und Arbeitgeber|Altersgutschriften] ; 0.00
@@ -221,7 +221,7 @@ const std::vector<Sheet> buyIns{
         dots Zins 1.25 % ; [0.00|]
         sum Altersguthaben {end} ; {assets}
         small Mögliche Einkaufssumme: {possible!})"},
-    {"buyin", "second-page", "de", false, buyInsFacts, R"(
+    {"buyin", "second-page", "de", false, "buyIns", R"(
         head 3 one
         title Ihre Einkäufe {year}
         each payments !entry Einzahlung vom {on} ; {part~}
@@ -232,7 +232,7 @@ const std::vector<Sheet> buyIns{
 };
 
 const std::vector<Sheet> policies{
-    {"insurance", "amounts-first", "de", false, policyFacts, R"(
+    {"insurance", "amounts-first", "de", false, "policy", R"(
         head 4 one
         title [Steuerwertbescheinigung|Bescheinigung Rückkaufswert|Wertausweis] {year}
         colon Police ; {number}
@@ -240,7 +240,7 @@ const std::vector<Sheet> policies{
         left {sum} ; [Versicherte Summe|Versicherungssumme|Erlebensfallkapital]
         left {death} ; Todesfallleistung
         left {bonus} ; Überschussanteil)"},
-    {"insurance", "cells", "de", false, policyFacts, R"(
+    {"insurance", "cells", "de", false, "policy", R"(
         head 6 one
         title Lebensversicherung – [Angaben für das Steueramt|Steuerauszug] {year}
         grid 3
@@ -251,18 +251,18 @@ const std::vector<Sheet> policies{
         cell Todesfallkapital ; {death}
         cell [Rückkaufswert|Steuerwert {end}|Rückkaufswert inkl. Überschuss] ; {surrender}
         endgrid)"},
-    {"insurance", "above", "de", false, policyPremiumFacts, R"(
+    {"insurance", "above", "de", false, "policyWithPremium", R"(
         head 1 one
         title Steuerbescheinigung Police {number}
         above [Rückkaufswert per {end}|Steuerbarer Rückkaufswert] ; {surrender!}
         above [Versicherungssumme|Versichertes Kapital] ; {sum!}
         above [Jahresprämie|Bezahlte Prämie {year}|Prämien im Jahr {year}] ; {premium!})"},
-    {"insurance", "letter", "de", false, policyFacts, R"(
+    {"insurance", "letter", "de", false, "policy", R"(
         head 5 one
         bold Steuerwert Ihrer Police {number}
         text [Der Rückkaufswert Ihrer Lebensversicherung betrug am {end} {surrender!}. Versichert ist eine Summe von {sum!}.|Für die Versicherungssumme von {sum!} bescheinigen wir per {end} einen Steuerwert von {surrender!}.]
         small Im Todesfall werden {death!} fällig. Überschüsse des Jahres: {bonus!}.)"},
-    {"insurance", "steps", "de", false, policyPremiumFacts, R"(
+    {"insurance", "steps", "de", false, "policyWithPremium", R"(
         head 2 one
         title Wertbestätigung {year}, Vertrag {number}
         cols 22 190r
@@ -272,7 +272,7 @@ const std::vector<Sheet> policies{
         tr [Versicherungssumme|Garantiekapital (Versicherungssumme)] ; {sum}
         tr Rückkaufswert ohne Überschuss ; {bare}
         tb [Rückkaufswert total|Rückkaufswert mit Überschuss|Massgebender Rückkaufswert] ; {surrender})"},
-    {"insurance", "numbered", "de", false, policyFacts, R"(
+    {"insurance", "numbered", "de", false, "policy", R"(
         head 6 one
         big Vermögenssteuer: Lebensversicherungen {year}
         form 1 ; Police Nr. ; {number}

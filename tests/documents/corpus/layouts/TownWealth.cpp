@@ -1,4 +1,4 @@
-#include "tests/documents/corpus/layouts/TownFacts.h"
+#include "tests/documents/corpus/layouts/facts/Tale.h"
 
 // Layouts of valuations, of 3a providers and of offices whose papers hold nothing to enter.
 
@@ -6,7 +6,7 @@ namespace corpus {
 namespace {
 
 const std::vector<Sheet> valuations{
-    {"property", "n-buildings", "de", false, valuationFacts, R"(
+    {"property", "n-buildings", "de", false, "valuedBuildings", R"(
         head 3 both
         title [Mitteilung über die Grundstückbewertung|Bewertungsblatt|Anzeige der amtlichen Bewertung]
         side Gemeinde ; {place} ; Kataster-Nr. / Grundstück ; {parcel}
@@ -25,7 +25,7 @@ const std::vector<Sheet> valuations{
         band [Festgesetzter Verkehrswert|Verkehrswert (2 x Realwert + 1 x Ertragswert) : 3] ; {value~}
         band [Festgesetzter Mietwert pro Jahr|Mietwert, jährlich] ; {rent~}
         small Bewertungsgebühr {charge!}. Einsprache innert 30 Tagen schriftlich.)"},
-    {"property", "n-decree", "de", false, valuationFacts, R"(
+    {"property", "n-decree", "de", false, "valuedBuildings", R"(
         head 5 one
         bold Verfügung betreffend [Schätzung von Grundeigentum|Neubewertung], Grundstück Nr. {parcel}, Grundbuch {place}
         text Erwägungen
@@ -37,7 +37,7 @@ const std::vector<Sheet> valuations{
         bold Rechtsmittel
         text Gegen diese Verfügung kann innert 30 Tagen seit Eröffnung schriftlich Einsprache erhoben werden. Ein Rekurs kostet in der Regel CHF 300.00 bis CHF 1'500.00.
         text Der Verkehrswert entspricht dem Preis, der im gewöhnlichen Geschäftsverkehr zu erzielen wäre. Der Mietwert entspricht dem Betrag, den Sie bei Vermietung einnehmen könnten.)"},
-    {"property", "n-parcels", "de", false, parcelsFacts, R"(
+    {"property", "n-parcels", "de", false, "parcels", R"(
         head 0 one
         title [Zusammenstellung der Grundstückswerte|Grundbesitz in der Gemeinde {place}|Auszug Schätzungsverzeichnis]
         line Gemeinde {place}, Stichtag {end}
@@ -47,7 +47,7 @@ const std::vector<Sheet> valuations{
         each parcels {parcel} ; {what} ; {area} ; {rent?} ; {value}
         rule
         tb ; Total aller Parzellen ; ; {rent} ; {value})"},
-    {"property", "n-parcel-blocks", "de", false, parcelsFacts, R"(
+    {"property", "n-parcel-blocks", "de", false, "parcels", R"(
         head 1 both
         title Schätzungseröffnung {place}, {visited}
         per parcels
@@ -57,7 +57,7 @@ const std::vector<Sheet> valuations{
         below {value~} ; Verkehrswert ; {rent} ; Mietwert je Jahr
         endper
         small Kanzleigebühr {charge!} je Grundstück.)"},
-    {"property", "n-unit", "de", false, unitFacts, R"(
+    {"property", "n-unit", "de", false, "unit", R"(
         head 6 both
         title [Schätzung Stockwerkeigentum|Bewertung einer Eigentumswohnung]
         line {place}: Wohnung {rooms} Zimmer, Grundstück Nr. {parcel}, Wertquote {share} an Nr. {ground}
@@ -72,7 +72,7 @@ const std::vector<Sheet> valuations{
         cell Anteil Erneuerungsfonds ; {reserve}
         endgrid
         small Augenschein {visited}.)"},
-    {"property", "n-rent-first", "de", false, valuationFacts, R"(
+    {"property", "n-rent-first", "de", false, "valuedBuildings", R"(
         head 4 one
         title [Kurzauskunft Schätzungswerte|Wertauskunft aus dem Register]
         line Grundstück Nr. {parcel} ({area} m²), Gemeinde {place}
@@ -81,7 +81,7 @@ const std::vector<Sheet> valuations{
         left {real} ; Realwert
         leftsum {value} ; [Verkehrswert = Steuerwert|Verkehrswert, massgebend für die Vermögenssteuer]
         left {old} ; Verkehrswert der letzten Schätzung)"},
-    {"property", "n-principality", "de", false, principalityLandFacts, R"(
+    {"property", "n-principality", "de", false, "principalityLand", R"(
         head 2 both
         title [Steuerschätzung Liegenschaften|Mitteilung Steuerschätzwert {year}]
         cols 22 70 110r 150r 190r
@@ -91,13 +91,13 @@ const std::vector<Sheet> valuations{
         gap 3
         line Gemeinde {place}, Parzelle Nr. {parcel}, {area} m²
         small Versicherungswert Gebäude {cover!}. Der Sollertrag (4 %) von {yield!} wird von Amtes wegen berechnet.)"},
-    {"property", "n-principality-told", "de", false, principalityLandFacts, R"(
+    {"property", "n-principality-told", "de", false, "principalityLand", R"(
         head 1 one
         bold Steuerschätzwert Ihrer Liegenschaft
         text Guten Tag
         text [Der Steuerschätzwert der Parzelle Nr. {parcel} in der Gemeinde {place} beträgt {value!}. Davon entfallen {ground!} auf den Boden und {house!} auf die Bauten.|Für Ihre Parzelle Nr. {parcel}, Gemeinde {place} ({area} m²), gilt ein Steuerschätzwert von {value!} (Boden {ground!}, Bauten {house!}).]
         text [Der Verkehrswert wird auf rund {market!} geschätzt; er ist für die Steuer nicht von Belang.|Ein möglicher Kaufpreis ({market!}) ist für die Vermögensteuer unerheblich.])"},
-    {"property", "n-cover", "de", false, buildingCoverFacts, R"(
+    {"property", "n-cover", "de", false, "buildingCover", R"(
         head 0 both
         title [Versicherungsausweis Gebäude|Policennachtrag nach Schätzung|Schätzungsanzeige Gebäudeversicherung]
         side Gemeinde ; {place} ; Versicherungs-Nr. ; {house}
@@ -107,7 +107,7 @@ const std::vector<Sheet> valuations{
         sum Neuwert (Versicherungswert) ; {new}
         entry Zeitwert ; {now}
         text Dieser Wert dient der Versicherung. Er ist kein Steuerwert.)"},
-    {"property", "n-cover-bill", "de", true, buildingCoverFacts, R"(
+    {"property", "n-cover-bill", "de", true, "buildingCover", R"(
         head 5 one
         title Prämienrechnung {year}, Gebäude Nr. {house}, {place}
         mid Versicherungssumme ; {new}
@@ -119,7 +119,7 @@ const std::vector<Sheet> valuations{
 };
 
 const std::vector<Sheet> pillarSheets{
-    {"pillar3a", "n-portfolio", "de", false, fundPillarFacts, R"(
+    {"pillar3a", "n-portfolio", "de", false, "pillarFunds", R"(
         head 0 one
         title [Depotbericht 3a {year}|Jahresbericht Ihres Vorsorgeportfolios {year}|3a-Reporting {year}]
         cols 22 90 120r 144r 166r 190r
@@ -135,7 +135,7 @@ const std::vector<Sheet> pillarSheets{
         dots Wertentwicklung ; {gain}
         dots Pauschalgebühr ; {-fee}
         small Höchstbetrag {year}: {limit!} (mit 2. Säule). Kontoguthaben, noch nicht angelegt: {cash!}. Vergangene Renditen sind keine Garantie für künftige.)"},
-    {"pillar3a", "n-transfer", "de", false, fundPillarFacts, R"(
+    {"pillar3a", "n-transfer", "de", false, "pillarFunds", R"(
         head 5 one
         title [Einzahlungen gebundene Vorsorge (3a) {year}|Säule 3a: Beitragsbestätigung {year}]
         line {one}, {birth}, AHV {ahv}
@@ -150,7 +150,7 @@ const std::vector<Sheet> pillarSheets{
         bold Gut zu wissen
         text Erwerbstätige mit Pensionskasse zahlten {year} höchstens {limit!} ein, ohne Pensionskasse 20 % des Erwerbseinkommens, höchstens {biglimit!}. Die Einzahlung muss bis zum letzten Bankwerktag des Jahres eingetroffen sein.
         text Ein Übertrag zwischen zwei Stiftungen ist keine Einzahlung. Beim Bezug fällt eine einmalige Steuer an; vorher sind Guthaben und Erträge steuerfrei.)"},
-    {"pillar3a", "n-several", "de,fr,it", false, severalPillarsFacts, R"(
+    {"pillar3a", "n-several", "de,fr,it", false, "severalPillars", R"(
         head 3 one
         title @title3a {year}
         line {one}
@@ -161,7 +161,7 @@ const std::vector<Sheet> pillarSheets{
         each accounts {number} ; {plan} ; {paid} ; {worth}
         rule
         tb @total ; ; {paid} ; {worth})"},
-    {"pillar3a", "n-several-blocks", "de", false, severalPillarsFacts, R"(
+    {"pillar3a", "n-several-blocks", "de", false, "severalPillars", R"(
         head 1 one
         title [Sammelbescheinigung Säule 3a|Bescheinigung aller Vorsorgekonten 3a] {year}
         per accounts
@@ -172,7 +172,7 @@ const std::vector<Sheet> pillarSheets{
         endper
         rule
         text [{one} hat über alle Konten {paid!} an die gebundene Vorsorge geleistet.|Beiträge über alle Konten: {paid!}. Versicherte Person: {one}.])"},
-    {"pillar3a", "n-insured", "de", false, insuredPillarFacts, R"(
+    {"pillar3a", "n-insured", "de", false, "pillarPolicy", R"(
         head 4 one
         title [Bescheinigung Vorsorgepolice 3a|Gebundene Vorsorgeversicherung: Prämienbescheinigung] {year}
         colon Police ; {policy}
@@ -185,19 +185,19 @@ const std::vector<Sheet> pillarSheets{
         entry Todesfallkapital ; {death}
         entry Rente bei Erwerbsunfähigkeit ; {annuity}
         entry Rückkaufswert {end} (nicht steuerbar) ; {surrender})"},
-    {"pillar3a", "n-insured-told", "de", false, insuredPillarFacts, R"(
+    {"pillar3a", "n-insured-told", "de", false, "pillarPolicy", R"(
         head 2 one
         bold Ihre 3a-Police {policy}: [Angaben für die Steuererklärung|Steuerinformation] {year}
         text [Sehr geehrte Kundin, sehr geehrter Kunde|Guten Tag]
         text [Mit zwölf Monatsprämien zu {month!} haben Sie {year} insgesamt {paid!} in Ihre gebundene Vorsorge einbezahlt. Diesen Betrag dürfen Sie abziehen.|Ihre Prämien an die Säule 3a betrugen im Jahr {year} {paid!} (12 mal {month!}).]
         text [Überschussanteil {bonus!}, Rückkaufswert {surrender!}: Beides ist nicht zu deklarieren.|Der Rückkaufswert von {surrender!} bleibt bis zur Auszahlung steuerfrei.])"},
-    {"pillar3a", "n-pair-told", "de", false, pillarPairFacts, R"(
+    {"pillar3a", "n-pair-told", "de", false, "pillarOfBoth", R"(
         head 5 both
         bold [Gebundene Vorsorge {year}|Ihre 3a-Konten im Jahr {year}]
         text Guten Tag {one}, guten Tag {two}
         text [Wir haben {year} von {one} {paid!} und von {two} {paid2!} als Beiträge an die Säule 3a erhalten.|{one} hat im Jahr {year} {paid!} in die Säule 3a eingelegt, {two} {paid2!}.]
         text [Die Vermögen betragen {worth!} und {worth2!}; sie gehören nicht in die Steuererklärung.|Zusammen sind das {both!}. Jede Person zieht ihren eigenen Beitrag ab.])"},
-    {"pillar3a", "n-pilier", "fr", false, pillarPairFacts, R"(
+    {"pillar3a", "n-pilier", "fr", false, "pillarOfBoth", R"(
         head 6 both
         title [Attestation concernant les cotisations de prévoyance liée (3a)|Prévoyance liée 3a: attestation fiscale] {year}
         cols 22 86 126r 170r
@@ -207,7 +207,7 @@ const std::vector<Sheet> pillarSheets{
         tr {two} ; {birth2} ; {paid2} ; {worth2}
         gap 3
         small L'avoir n'est pas imposable avant le versement.)"},
-    {"pillar3a", "n-vincolata", "it", false, insuredPillarFacts, R"(
+    {"pillar3a", "n-vincolata", "it", false, "pillarPolicy", R"(
         head 3 one
         title [Attestazione dei premi, previdenza vincolata 3a|Pilastro 3a: conferma fiscale] {year}
         text [Confermiamo che {one}, nato/a il {birth}, ha versato per la polizza {policy} premi del pilastro 3a.|Polizza {policy} di {one}, {birth}.]
@@ -216,7 +216,7 @@ const std::vector<Sheet> pillarSheets{
 };
 
 const std::vector<Sheet> officePapers{
-    {"other", "n-assessment", "de", false, assessmentFacts, R"(
+    {"other", "n-assessment", "de", false, "assessment", R"(
         head 0 both
         title [Veranlagungsberechnung {year}|Veranlagungsverfügung {year}|Definitive Veranlagung {year}]
         line Register-Nr. {register}
@@ -231,7 +231,7 @@ const std::vector<Sheet> officePapers{
         tb ; Steuerbares Vermögen ; {wealth} ;
         text Abweichungen von Ihrer Steuererklärung: Berufskosten gekürzt, Zuwendungen gemäss Belegen. Weitere Begründung auf Anfrage.
         small Gegen diese Verfügung kann innert 30 Tagen Einsprache erhoben werden.)"},
-    {"other", "n-tax-bill", "de", true, taxBillFacts, R"(
+    {"other", "n-tax-bill", "de", true, "taxBill", R"(
         head 5 one
         title [Steuerrechnung {year}|Schlussrechnung Staats- und Gemeindesteuern {year}]
         line Register-Nr. {register}, einfache Steuer {simple!}
@@ -247,7 +247,7 @@ const std::vector<Sheet> officePapers{
         tr Zins zu Ihren Gunsten ; ; {-bonus}
         tb Zu bezahlen bis {due} ; ; {open}
         bill open {register})"},
-    {"other", "n-instalments", "de", false, taxBillFacts, R"(
+    {"other", "n-instalments", "de", false, "taxBill", R"(
         head 4 both
         title Vorläufige Steuerrechnung {year} [in drei Raten|Akontorechnung]
         text Grundlage ist die letzte rechtskräftige Veranlagung. Voraussichtlicher Steuerbetrag: {total!}.
@@ -255,7 +255,7 @@ const std::vector<Sheet> officePapers{
         left {third} ; 2. Rate, fällig am 31. August
         left {third} ; 3. Rate, fällig am 31. Oktober
         small Für frühere Zahlungen vergüten wir einen Zins. Verzugszins {late!} aus dem Vorjahr ist enthalten.)"},
-    {"other", "n-quote", "de", false, quoteFacts, R"(
+    {"other", "n-quote", "de", false, "quote", R"(
         head 3 one
         title [Kostenschätzung|Kostenvoranschlag|Offerte] für {one}
         each items !dots {what} ; {part}

@@ -1,4 +1,4 @@
-#include "tests/documents/corpus/layouts/ValleyFacts.h"
+#include "tests/documents/corpus/layouts/facts/Tale.h"
 
 // Layouts of banks and of registers printed without a barcode.
 
@@ -6,7 +6,7 @@ namespace corpus {
 namespace {
 
 const std::vector<Sheet> banks{
-    {"bank", "v-relation", "de", false, valleyRelationFacts, R"(
+    {"bank", "v-relation", "de", false, "relation", R"(
         head 1 both
         title [Ihre Kundenbeziehung auf einen Blick|Gesamtübersicht für die Steuererklärung|Zins- und Kapitalausweis] {year}
         line Stamm-Nr. {#3}.{#4}   Alle Beträge in CHF, Stichtag {end}
@@ -26,7 +26,7 @@ const std::vector<Sheet> banks{
         gap 3
         entry [Guthaben abzüglich Schulden|Saldo der Beziehung] ; {-rest}
         small [Für die Kontoführung wurden {fee!} belastet; diese Spesen sind nicht abziehbar.|Kontoführung und Versand {year}: {fee!}.])"},
-    {"bank", "v-currencies", "de", false, valleyCurrencyFacts, R"(
+    {"bank", "v-currencies", "de", false, "currencies", R"(
         head 0 one
         title [Steuerverzeichnis Konten|Vermögen und Ertrag in allen Währungen] {year}
         cols 22 56 66 98r 116r 138r 162r 190r
@@ -41,7 +41,7 @@ const std::vector<Sheet> banks{
         gap 2
         entry [darauf zurückbehalten: 35 % an die Eidgenossenschaft|abgezogene Verrechnungssteuer] ; {tax?}
         small Kurse der Eidgenössischen Steuerverwaltung per {end}. Kartengebühren {fee!} sind nicht enthalten.)"},
-    {"bank", "v-releve", "fr", false, valleyTwoYearFacts, R"(
+    {"bank", "v-releve", "fr", false, "twoYears", R"(
         head 2 one
         title [Avoirs et intérêts|État de vos comptes pour la déclaration d'impôt|Bouclement annuel] {year}
         text Madame, Monsieur, nous vous indiquons ci-après les chiffres à reporter dans votre déclaration.
@@ -58,7 +58,7 @@ const std::vector<Sheet> banks{
         tb Ensemble des avoirs ; ; {balance} ; {before}
         tb Ensemble des intérêts ; ; {interest} ; {interestbefore}
         small Le présent relevé est établi sans signature.)"},
-    {"bank", "v-estratto", "it", false, valleyRelationFacts, R"(
+    {"bank", "v-estratto", "it", false, "relation", R"(
         head 4 one
         title [Situazione patrimoniale per la dichiarazione d'imposta|Riepilogo fiscale|Attestato per l'autorità fiscale] {year}
         per accounts
@@ -80,7 +80,7 @@ const std::vector<Sheet> banks{
         colon Totale averi ; {assets!}
         colon Totale debiti ; {debts!}
         small Spese di gestione {fee!}, non deducibili.)"},
-    {"bank", "v-overdrawn", "de", false, valleyOverdrawnFacts, R"(
+    {"bank", "v-overdrawn", "de", false, "overdrawn", R"(
         head 5 one
         bold [Kontoabschluss und Steuerbestätigung|Zinsausweis Kontokorrent] {year}
         line Kontokorrent mit Limite {limit!}, {number}
@@ -102,7 +102,7 @@ const std::vector<Sheet> banks{
         tr [Verrechnungssteuer|an die ESTV abgeliefert] ; {tax?} ;
         endper
         small Kommissionen und Spesen gelten nicht als Schuldzinsen.)"},
-    {"bank", "v-closed", "de", false, valleyClosedFacts, R"(
+    {"bank", "v-closed", "de", false, "closedAndOpen", R"(
         head 3 one
         title [Ausweis für das Steuerjahr|Bescheinigung der Konten] {year}
         cols 22 190r
@@ -121,7 +121,7 @@ const std::vector<Sheet> banks{
         tr abzüglich Verrechnungssteuer ; {tax}
         tb Kontostand {end} ; {balance}
         endper)"},
-    {"bank", "v-principality", "de", false, valleyPrincipalityFacts, R"(
+    {"bank", "v-principality", "de", false, "principalityCurrencies", R"(
         head 6 both
         title Vermögensbestätigung per {end}
         text [Als Bank mit Sitz im Fürstentum Liechtenstein behalten wir auf Zinsen keine Steuer zurück. Die Erträge sind brutto angegeben.|Die Zinsen wurden ohne Abzug einer Quellen- oder Verrechnungssteuer gutgeschrieben.]
@@ -134,7 +134,7 @@ const std::vector<Sheet> banks{
         sum Vermögen total CHF ; {balance}
         entry Zinsertrag total CHF ; {interest}
         entry Bezogene Dienstleistungen (Gebühren) CHF ; {fee})"},
-    {"bank", "v-two-years", "de", false, valleyTwoYearFacts, R"(
+    {"bank", "v-two-years", "de", false, "twoYears", R"(
         head 4 one
         money spaced
         title Steuerbescheinigung für Kontoinhaber, Ausgabe Januar {next}
@@ -151,7 +151,7 @@ const std::vector<Sheet> banks{
         cols 22 118r 190r
         rule
         tb Kapital aller Konten ; {before} ; {balance})"},
-    {"bank", "v-fees", "de", false, valleyFeeFacts, R"(
+    {"bank", "v-fees", "de", false, "bookedFees", R"(
         head 2 one
         title Gebühren und Zinsen {year}
         line {name} {number}
@@ -165,7 +165,7 @@ const std::vector<Sheet> banks{
         below {interest!} ; [Bruttozins, Valuta {end}|Zins {year} brutto]
         below {tax!} ; davon Verrechnungssteuer
         below {balance!} ; [Saldo per {end}|Guthaben am Jahresende])"},
-    {"bank", "v-tranches", "de", false, valleyTrancheFacts, R"(
+    {"bank", "v-tranches", "de", false, "loans", R"(
         head 0 both
         title [Finanzierung Ihrer Liegenschaft: Jahresausweis|Zins- und Amortisationsausweis] {year}
         line Rahmenvertrag {#6}, Grundpfandverschreibung nominal {pledge!}
@@ -181,7 +181,7 @@ const std::vector<Sheet> banks{
 };
 
 const std::vector<Sheet> registers{
-    {"statement", "v-securities", "de", false, valleyRegisterFacts, R"(
+    {"statement", "v-securities", "de", false, "register", R"(
         head 6 one
         title [Wertschriftenverzeichnis|Depotauszug für die Steuererklärung|Steuerliche Aufstellung Depot {#6}] {year}
         line Steuerwerte und Erträge in CHF. A = mit, B = ohne Verrechnungssteuer.
@@ -193,7 +193,7 @@ const std::vector<Sheet> registers{
         rule
         tb ; Gesamttotal ; ; ; {value} ; {a} ; {b}
         entry [Anspruch Verrechnungssteuer|Rückforderbare VSt auf A] ; {tax})"},
-    {"statement", "v-classes", "de", false, valleyRegisterFacts, R"(
+    {"statement", "v-classes", "de", false, "register", R"(
         head 3 one
         bold Jahresausweis Vermögensanlagen {year}
         line Depot {#4}-{#5}, per {end}
@@ -215,7 +215,7 @@ const std::vector<Sheet> registers{
         rule
         tb Alles ; ; ; ; {value}
         entry [Depotgebühren und Verwaltung|Kosten der Vermögensverwaltung] ; {costs})"},
-    {"statement", "v-debts", "de", false, valleyDebtRegisterFacts, R"(
+    {"statement", "v-debts", "de", false, "debtRegister", R"(
         head 4 both
         title [Verzeichnis der Schulden|Zusammenstellung Schulden und Schuldzinsen] {year}
         cols 22 82 152r 190r

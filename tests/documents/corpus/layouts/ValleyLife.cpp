@@ -1,4 +1,4 @@
-#include "tests/documents/corpus/layouts/ValleyFacts.h"
+#include "tests/documents/corpus/layouts/facts/Tale.h"
 
 // Layouts of charities and schools.
 
@@ -6,7 +6,7 @@ namespace corpus {
 namespace {
 
 const std::vector<Sheet> donations{
-    {"donation", "v-thanks", "de", false, valleyGiftsFacts, R"(
+    {"donation", "v-thanks", "de", false, "twoGifts", R"(
         head 5 one
         money hyphen
         bold [Ein herzliches Dankeschön|Dank und Ausweis für die Steuern]
@@ -14,7 +14,7 @@ const std::vector<Sheet> donations{
         text [Zweimal haben Sie {year} an uns gedacht: am {on1} mit {gift1!} und am {on2} mit {gift2!}. Das macht zusammen {amount!}, die Sie in der Steuererklärung abziehen dürfen.|Mit {gift1!} im Frühjahr ({on1}) und {gift2!} vor Weihnachten ({on2}) haben Sie uns {year} insgesamt {amount!} anvertraut.]
         text [Für das nächste Vorhaben fehlen noch {project!}.|Der neue Brunnen kostet {project!}.]
         text Mit freundlichen Grüssen, {issuer})"},
-    {"donation", "v-patron", "de", false, valleyPatronFacts, R"(
+    {"donation", "v-patron", "de", false, "patron", R"(
         head 6 one
         title [Jahresausweis für Gönner|Ausweis Zuwendungen] {year}
         cols 22 150r 190r
@@ -26,7 +26,7 @@ const std::vector<Sheet> donations{
         rule
         tb [Abziehbare Zuwendungen|Spenden im Sinne des Steuergesetzes] ; ; {amount}
         small Von Ihnen insgesamt eingegangen: {all!}. Wir sind wegen Gemeinnützigkeit von der Steuer befreit.)"},
-    {"donation", "v-dons", "fr", false, valleyGiftListFacts, R"(
+    {"donation", "v-dons", "fr", false, "gifts", R"(
         head 2 one
         title [Attestation de dons|Vos dons] {year}
         below {amount!} ; [Montant total de vos dons|Somme des dons reçus de {one}]
@@ -36,7 +36,7 @@ const std::vector<Sheet> donations{
 };
 
 const std::vector<Sheet> courses{
-    {"course", "v-own-share", "de", false, valleyOwnShareFacts, R"(
+    {"course", "v-own-share", "de", false, "ownShare", R"(
         head 1 one
         title [Kostenausweis|Nachweis der selbst getragenen Kosten] «{course}»
         line Teilnehmer/in: {one}, Studienjahr {year}
@@ -46,7 +46,7 @@ const std::vector<Sheet> courses{
         rule
         sum [Selbst getragene Kosten {year}|Von Ihnen bezahlt {year}|Ihr Anteil an den Weiterbildungskosten] ; {amount~}
         small Eine Lektion kostet rechnerisch {lesson!}.)"},
-    {"course", "v-modules", "de", false, valleyModulesFacts, R"(
+    {"course", "v-modules", "de", false, "coursesInTwoYears", R"(
         head 3 one
         title [Zahlungsübersicht Nachdiplomkurs|Modulabrechnung] {one}
         cols 22 46 96 154r 190r
@@ -57,7 +57,7 @@ const std::vector<Sheet> courses{
         tb [Bezahlte Kurskosten|Zahlungen pro Jahr] ; ; ; {earlier} ; {amount}
         text [Abziehbar ist, was im Steuerjahr {year} bezahlt wurde: {amount!}.|Im Steuerjahr {year} haben Sie {amount!} für Ihre Weiterbildung bezahlt.]
         small Ganzer Lehrgang: {all!})"},
-    {"course", "v-formation", "fr", false, valleyCourseFacts, R"(
+    {"course", "v-formation", "fr", false, "coursePaid", R"(
         head 0 one
         bold [Attestation de paiement – formation continue|Attestation de frais de formation]
         text [Nous attestons que {one} a suivi notre formation et s'est acquitté(e) le {paid} de la somme de {amount!}.|Pour sa formation continue, {one} nous a versé {amount!} en date du {paid}.]

@@ -1,4 +1,4 @@
-#include "tests/documents/corpus/layouts/ValleyFacts.h"
+#include "tests/documents/corpus/layouts/facts/Tale.h"
 
 // Layouts of employers, pensions, insurers and pension funds.
 
@@ -6,7 +6,7 @@ namespace corpus {
 namespace {
 
 const std::vector<Sheet> salaries{
-    {"salary", "v-own-print", "de", false, valleySplitSalaryFacts, R"(
+    {"salary", "v-own-print", "de", false, "wageSocialSplit", R"(
         head 4 one
         title [Salärausweis|Jahresabrechnung Salär|Lohnzusammenzug] {year}
         line {one}, geboren {birth}, Pers.-Nr. {#5}, beschäftigt {from} bis {until}
@@ -16,7 +16,7 @@ const std::vector<Sheet> salaries{
         tr [Erfolgsbeteiligung|Einmalige Vergütung] ; ; {bonus?} ;
         tr Familienzulagen ; ; {children?} ;
         tb [Lohn vor Abzügen (brutto)|Summe aller Löhne, brutto] ; ; ; {gross}
-        tr AHV/IV/EO 5.3 % ; ; {-ahv} ;
+        tr AHV/IV/EO 5.3 % ; ; {-avs} ;
         tr Arbeitslosenversicherung 1.1 % ; ; {-alv} ;
         tr Nichtberufsunfall (NBU) ; ; {-nbu} ;
         tr [Berufliche Vorsorge, Anteil Arbeitnehmer|Pensionskasse, Ihr Anteil] ; ; {-bvg} ;
@@ -24,7 +24,7 @@ const std::vector<Sheet> salaries{
         tr Krankentaggeld ; ; {-sick} ;
         tr Vergütete Auslagen gemäss Belegen ; ; {expenses} ;
         tb [An Sie überwiesen|Bankvergütung im Jahr] ; ; ; {payout})"},
-    {"salary", "v-months", "de", false, valleyMonthsFacts, R"(
+    {"salary", "v-months", "de", false, "wageMonths", R"(
         head 0 one
         title [Lohnkonto|Persönliches Lohnblatt] {one}, Jahr {year}
         line AHV-Nr. {ahv}, geb. {birth}
@@ -35,7 +35,7 @@ const std::vector<Sheet> salaries{
         rule
         tb Total ; {gross} ; {social} ; {bvg} ; {net} ; {expenses} ; {payout}
         small Im November inbegriffen: 13. Monatslohn. PK = [Pensionskasse|berufliche Vorsorge].)"},
-    {"salary", "v-trimestres", "fr", false, valleyQuartersFacts, R"(
+    {"salary", "v-trimestres", "fr", false, "wageQuarters", R"(
         head 3 one
         title [Récapitulation annuelle des salaires|Compte salaire annuel] {year}
         line {one}, né(e) le {birth}, AVS {ahv}
@@ -49,7 +49,7 @@ const std::vector<Sheet> salaries{
         tr Frais remboursés ; {expenses1} ; {expenses2} ; {expenses3} ; {expenses4} ; {expenses}
         tr Versé ; {payout1} ; {payout2} ; {payout3} ; {payout4} ; {payout}
         small 13e salaire compris dans le 4e trimestre.)"},
-    {"salary", "v-cedolino", "it", false, valleySalaryFacts, R"(
+    {"salary", "v-cedolino", "it", false, "wage", R"(
         head 5 one
         title [Riepilogo annuo dei salari|Foglio paga annuo] {year}
         colon Collaboratore/trice ; {one}
@@ -62,7 +62,7 @@ const std::vector<Sheet> salaries{
         tr 150 ; Premio di fedeltà ; ; {bonus?} ;
         tr 200 ; Assegni familiari ; ; {children?} ;
         tb ; [Totale lordo|Retribuzione lorda] ; ; ; {gross}
-        tr 301 ; AVS/AI/IPG ; 5.3% ; {ahv} ;
+        tr 301 ; AVS/AI/IPG ; 5.3% ; {avs} ;
         tr 302 ; AD ; 1.1% ; {alv} ;
         tr 303 ; Infortuni non professionali ; ; {nbu} ;
         tb ; Totale AVS/AI/IPG/AD/AINP ; ; ; {-social}
@@ -71,7 +71,7 @@ const std::vector<Sheet> salaries{
         tr 401 ; Indennità malattia (premio) ; ; {-sick} ;
         tr 500 ; Rimborso spese ; ; {expenses} ;
         tb ; Bonifico ; ; ; {payout})"},
-    {"salary", "v-board", "de", false, valleyBoardFacts, R"(
+    {"salary", "v-board", "de", false, "board", R"(
         head 2 one
         money hyphen
         bold [Abrechnung Verwaltungsrat|Entschädigung als Mitglied des Verwaltungsrates] {year}
@@ -84,7 +84,7 @@ const std::vector<Sheet> salaries{
         dots Reiseauslagen (nach Beleg) ; {travel}
         sum Vergütet ; {payout}
         small Keine Pensionskasse. {one}, geboren {birth}, {ahv}.)"},
-    {"salary", "v-employers", "de", false, valleyEmployersFacts, R"(
+    {"salary", "v-employers", "de", false, "wagesOfBoth", R"(
         head 1 both
         title [Zusammenzug der Löhne|Lohnzusammenstellung Ehepaar] {year}
         per jobs
@@ -97,12 +97,12 @@ const std::vector<Sheet> salaries{
         endper
         rule
         entry Nettolöhne der Familie ; {net})"},
-    {"salary", "v-principality", "de", false, valleyPrincipalitySalaryFacts, R"(
+    {"salary", "v-principality", "de", false, "principalityWage", R"(
         head 6 one
         title [Lohnbescheinigung zuhanden der Steuerverwaltung|Jahreslohnblatt] {year}
         line {one}, geb. {birth}, wohnhaft {home}
         mid [Gehalt samt 13. Monatsgehalt|Jahresgehalt brutto inkl. Zulagen] ; {gross}
-        mid – AHV/IV/FAK ; {ahv}
+        mid – AHV/IV/FAK ; {avs}
         mid – Arbeitslosenversicherung ; {alv}
         mid – Nichtbetriebsunfall ; {nbu}
         mid = Beiträge AHV, IV, FAK, ALV, NBU ; {social}
@@ -115,14 +115,14 @@ const std::vector<Sheet> salaries{
 };
 
 const std::vector<Sheet> pensions{
-    {"pension", "v-risen", "de", false, valleyRisenPensionFacts, R"(
+    {"pension", "v-risen", "de", false, "risenPension", R"(
         head 5 one
         bold [Ihre Rente im Jahr|Zur Steuererklärung] {year}
         text Guten Tag {one}
         text [Bis zum {change} haben Sie von uns {first!} im Monat erhalten. Seither richten wir, der Teuerung angepasst, {second!} im Monat aus, also {rise!} mehr.|Ihre Altersrente betrug zuerst {first!} monatlich. Ab {change} wurde sie um {rise!} auf {second!} erhöht.]
         text [Zusammengezählt haben wir Ihnen im Kalenderjahr {amount!} ausbezahlt ({count1} Monate {sum1!}, {count2} Monate {sum2!}).|In {count1} und {count2} Monaten ergibt das {sum1!} und {sum2!}, für das ganze Jahr {year} somit {amount!}.]
         text Die Rente ist vollumfänglich steuerbar. Geburtsdatum: {birth}.)"},
-    {"pension", "v-old-age", "de", false, valleyOldAgeFacts, R"(
+    {"pension", "v-old-age", "de", false, "oldAge", R"(
         head 0 both
         title [Bescheinigung über bezogene AHV-Renten|Rentenbescheinigung der AHV] {year}
         cols 22 82 138r 156r 190r
@@ -133,7 +133,7 @@ const std::vector<Sheet> pensions{
         tr Altersrenten des Ehepaars ; ; ; ; {both}
         text [Nicht zu versteuern ist die Hilflosenentschädigung von monatlich {help!} (im Jahr {helpyear!}).|Zusätzlich: Hilflosenentschädigung {helpyear!} (steuerfrei).]
         small Ab Januar {next}: {coming!} monatlich.)"},
-    {"pension", "v-disability", "de", false, valleyDisabilityFacts, R"(
+    {"pension", "v-disability", "de", false, "disability", R"(
         head 4 one
         title [Ausweis über IV-Renten für die Steuerbehörde|IV-Rente: Bescheinigung] {year}
         colon Versichertennummer ; {ahv}
@@ -144,7 +144,7 @@ const std::vector<Sheet> pensions{
         tr Kinderrente für {child} ; {kid} ; {kidyear}
         tb [Ausgerichtet|Zusammen an Sie bezahlt] ; ; {amount}
         small Verrechnete Mahngebühren früherer Beiträge: {arrears!}.)"},
-    {"pension", "v-children", "de,fr", false, valleyFundChildrenFacts, R"(
+    {"pension", "v-children", "de,fr", false, "pensionOfChildren", R"(
         head 6 one
         title [Leistungen / Prestations {year}|Invaliden- und Kinderrenten / Rentes d'invalidité {year}|Steuerbeleg – Pièce fiscale {year}]
         line {one}, {birth}, {ahv}
@@ -154,7 +154,7 @@ const std::vector<Sheet> pensions{
         rule
         sum [Renten / Rentes {year}|Total Renten / Total des rentes] ; {amount~}
         entry [Altersguthaben / Avoir de vieillesse|Deckungskapital / Capital de couverture] ; {assets~})"},
-    {"pension", "v-lump", "de", false, valleyLumpFacts, R"(
+    {"pension", "v-lump", "de", false, "lumpAndPension", R"(
         head 1 one
         title [Pensionierung: Leistungen im Jahr|Bescheinigung Altersleistungen] {year}
         entry Versicherte Person ; {one}, {birth}
@@ -165,7 +165,7 @@ const std::vector<Sheet> pensions{
         gap 4
         entry [Einmalige Kapitalabfindung|Bezug in Kapitalform] am {since} ; {capital}
         small Die Kapitalleistung wird gesondert besteuert und der Steuerverwaltung mit besonderem Formular gemeldet.)"},
-    {"pension", "v-rentes", "fr", false, valleyRisenPensionFacts, R"(
+    {"pension", "v-rentes", "fr", false, "risenPension", R"(
         head 2 one
         bold [Attestation de rentes|Rentes versées] {year}
         text [Nous attestons avoir versé à {one}, né(e) le {birth}, les rentes suivantes de la prévoyance professionnelle:|La personne assurée {one}, née le {birth}, a touché les prestations suivantes:]
@@ -173,7 +173,7 @@ const std::vector<Sheet> pensions{
         entry {count2} × {second}, dès le {change} ; {sum2}
         sum [Montant imposable|Rentes de l'année|Total versé en {year}] ; {amount~}
         small Augmentation de {rise!} par mois. Aucun impôt à la source n'a été prélevé.)"},
-    {"pension", "v-foreign", "de", false, valleyForeignPensionFacts, R"(
+    {"pension", "v-foreign", "de", false, "pensionInEuros", R"(
         head 3 one
         title [Leistungsbescheinigung {year} für Rentner mit Wohnsitz in der Schweiz|Bestätigung der Rentenzahlungen ins Ausland {year}]
         line {one}, geb. {birth}
@@ -188,7 +188,7 @@ const std::vector<Sheet> pensions{
 };
 
 const std::vector<Sheet> insurers{
-    {"insurance", "v-policies", "de", false, valleyPolicyFacts, R"(
+    {"insurance", "v-policies", "de", false, "policies", R"(
         head 0 one
         title [Ihre Policen am {end}|Werte Ihrer Lebensversicherungen per {end}]
         per policies
@@ -200,7 +200,7 @@ const std::vector<Sheet> insurers{
         rule
         entry Steuerwerte insgesamt ; {value}
         small Policen der gebundenen Vorsorge sind nicht als Vermögen zu versteuern.)"},
-    {"insurance", "v-valeur", "fr", false, valleyPolicyPremiumFacts, R"(
+    {"insurance", "v-valeur", "fr", false, "policyWithPremium", R"(
         head 4 one
         title [Valeur fiscale de votre assurance-vie|Attestation pour l'impôt sur la fortune] {year}
         line Police {number}, échéance {expiry}
@@ -211,7 +211,7 @@ const std::vector<Sheet> insurers{
         leftsum {value} ; [Valeur de rachat au 31.12.{year}|Valeur imposable au 31 décembre]
         gap 3
         left {premium} ; [Prime annuelle payée|Primes encaissées en {year}])"},
-    {"premiums", "v-members", "de", false, valleyMembersFacts, R"(
+    {"premiums", "v-members", "de", false, "premiumsOfMembers", R"(
         head 1 both
         title [Familienausweis {year}: Prämien und Kostenbeteiligung|Was Ihre Familie {year} bezahlt hat]
         cols 26 106r 116 190r
@@ -227,7 +227,7 @@ const std::vector<Sheet> insurers{
         title Ganze Familie
         tr [Prämien der Familie|Alle Prämien] ; {total} ; Kostenbeteiligung ; {sharing}
         tr [Verbilligungen|Verbilligung Kanton] ; {reduction?} ; Nicht versichert ; {uncovered})"},
-    {"premiums", "v-famille", "fr", false, valleyMembersFacts, R"(
+    {"premiums", "v-famille", "fr", false, "premiumsOfMembers", R"(
         head 5 both
         title [Primes et frais de votre famille|Tableau annuel pour les impôts] {year}
         cols 22 90r 114r 138r 162r 190r
@@ -241,7 +241,7 @@ const std::vector<Sheet> insurers{
         tr Franchise à charge ; {franchise1?} ; {franchise2?} ; {franchise3?} ; {franchise4?} ; {franchise}
         tr Quote-part ; {retention1} ; {retention2} ; {retention3} ; {retention4} ; {retention}
         tb [Frais à votre charge|Participation totale] ; {sharing1} ; {sharing2} ; {sharing3} ; {sharing4} ; {sharing})"},
-    {"premiums", "v-famiglia", "it", false, valleyMembersFacts, R"(
+    {"premiums", "v-famiglia", "it", false, "premiumsOfMembers", R"(
         head 3 both
         title [Premi e costi di malattia della famiglia|Certificato per le imposte] {year}
         per people
@@ -255,7 +255,7 @@ const std::vector<Sheet> insurers{
         sum [Somma dei premi|Premi fatturati e pagati] {year} ; {total~}
         entry [Sussidio del Cantone|Riduzione individuale ricevuta] ; {reduction~}
         entry Costi a carico, tutta la famiglia ; {sharing~})"},
-    {"premiums", "v-levy", "de", false, valleyMembersFacts, R"(
+    {"premiums", "v-levy", "de", false, "premiumsOfMembers", R"(
         head 2 both
         title [Prämienrechnungen {year} im Überblick|Abrechnung Ihrer Prämien {year}]
         cols 22 84r 110r 138r 164r 190r
@@ -270,7 +270,7 @@ const std::vector<Sheet> insurers{
 };
 
 const std::vector<Sheet> buyIns{
-    {"buyin", "v-purposes", "de", false, valleyBuyInFacts, R"(
+    {"buyin", "v-purposes", "de", false, "buyInPurposes", R"(
         head 0 one
         title [Freiwillige Einzahlungen|Bescheinigung freiwilliger Zahlungen] {year}
         cols 22 52 190r
@@ -281,7 +281,7 @@ const std::vector<Sheet> buyIns{
         tb ; [Abziehbare Einkäufe|Vom Einkommen abziehbar] ; {amount}
         tr {on3} ; Rückzahlung Vorbezug Wohneigentum (nicht abziehbar) ; {repaid}
         small Weiterer Einkauf möglich bis {possible!}; vorher sind Vorbezüge zurückzuzahlen.)"},
-    {"buyin", "v-rachat", "fr,it", false, valleyBuyInFacts, R"(
+    {"buyin", "v-rachat", "fr,it", false, "buyInPurposes", R"(
         head 2 one
         title [Rachats / Riscatti|LPP: rachats – riscatti] {year}
         line {one}, {ahv}
@@ -291,7 +291,7 @@ const std::vector<Sheet> buyIns{
         gap 3
         entry {on3}: Remboursement EPL / Rimborso PPA ; {repaid~}
         entry Avoir / Avere {end} ; {assets~})"},
-    {"buyin", "v-year", "de", false, valleyBuyInYearFacts, R"(
+    {"buyin", "v-year", "de", false, "buyInYear", R"(
         head 5 one
         bold [Entwicklung Ihres Altersguthabens|Ihr Sparguthaben im Jahr] {year}
         side Stand {start} ; {opening} ; Ihre Beiträge (aus dem Lohn) ; {own}

@@ -28,41 +28,6 @@ Policy policy(Draft& draft) {
     return made;
 }
 
-void trainPolicyList(Draft& draft) {
-    const Policy made = policy(draft);
-    Paper& p = draft.paper;
-    p.newPage();
-    draft.letterHead(0, draft.family.one.name());
-    p.lineOf("Steuerwert Ihrer Lebensversicherung per 31.12." + QString::number(draft.year),
-             {12, true});
-    p.space(4);
-    p.entry("Police Nr.", made.number, {9.5}, true);
-    p.entry("Versicherte Person", draft.family.one.name(), {9.5}, true);
-    p.entry("Beginn / Ablauf", "01.03.2009 / 01.03.2034", {9.5}, true);
-    p.entry("Versicherungssumme", draft.f(made.sum), {9.5}, true);
-    p.entry(draft.one("Rückkaufswert inkl. Überschuss|Steuerwert (Rückkaufswert)|Rückkaufswert"),
-            draft.f(made.surrender), {9.5, true}, true);
-}
-
-void trainPolicyTable(Draft& draft) {
-    const Policy made = policy(draft);
-    draft.record("householdDeductions", draft.family.one)
-        .amount("lifeInsurancePremiums", made.premium);
-    Paper& p = draft.paper;
-    p.newPage();
-    draft.letterHead(1, draft.family.one.name());
-    p.lineOf("Bescheinigung freie Vorsorge (Säule 3b) " + QString::number(draft.year), {13, true});
-    p.space(4);
-    const std::vector<Column> columns{
-        {22}, {70, Align::right}, {110, Align::right}, {150, Align::right}, {190, Align::right}};
-    p.row({"Police", "Todesfallkapital", "Vers.-Summe", "Jahresprämie", "Rückkaufswert"}, columns,
-          {8.5, true});
-    p.rule();
-    p.row({made.number, draft.m(made.sum + 1000000), draft.m(made.sum), draft.m(made.premium),
-           draft.m(made.surrender)},
-          columns);
-}
-
 void heldPolicyProse(Draft& draft) {
     const Policy made = policy(draft);
     Paper& p = draft.paper;
@@ -126,54 +91,6 @@ Property property(Draft& draft) {
     return made;
 }
 
-void trainNotice(Draft& draft) {
-    const Property made = property(draft);
-    Paper& p = draft.paper;
-    p.newPage();
-    draft.letterHead(0, draft.family.one.name());
-    p.lineOf("Schätzungsanzeige", {15, true});
-    p.space(3);
-    p.entry("Politische Gemeinde", made.municipality);
-    p.entry("Grundstück Nr.", made.parcel);
-    p.entry("Lage", draft.family.street);
-    p.entry("Grundstücksfläche", "642 m²");
-    p.entry("Schätzungsdatum", draft.date(draft.day()));
-    p.rule();
-    p.entry(draft.one("Verkehrswert (amtlicher Wert)|Amtlicher Verkehrswert|Verkehrswert"),
-            draft.f(made.value), {10, true});
-    p.entry(draft.one("Mietwert pro Jahr|Amtlicher Mietwert|Mietwert"), draft.f(made.rent),
-            {10, true});
-    p.entry("Neuwert (Gebäudeversicherung)",
-            draft.f(made.value + draft.francs(50000, 300000, 1000)));
-    p.entry("Realwert", draft.f(made.value - draft.francs(1000, 60000, 1000)));
-    p.space(6);
-    p.paragraph(
-        "Gegen diese Verfügung kann innert 30 Tagen Einsprache erhoben werden (Art. 19 GGS).",
-        {8.5});
-}
-
-void trainBuildings(Draft& draft) {
-    const Property made = property(draft);
-    Paper& p = draft.paper;
-    p.newPage();
-    draft.letterHead(2, draft.family.one.name());
-    p.lineOf("Amtliche Schätzung der Grundstücke, Gemeinde " + made.municipality, {12, true});
-    p.lineOf("Parzelle " + made.parcel + ", Eigentümer " + draft.family.one.name());
-    p.space(4);
-    const std::vector<Column> columns{
-        {22}, {96, Align::right}, {140, Align::right}, {190, Align::right}};
-    p.row({"Objekt", "Volumen m³", "Verkehrswert", "Mietwert"}, columns, {9, true});
-    p.rule();
-    const Cents garage = 4500000;
-    p.row({"Wohnhaus Vers.-Nr. " + draft.random.digits(4), "812", draft.m(made.value - garage),
-           draft.m(made.rent - 120000)},
-          columns);
-    p.row({"Garage", "78", draft.m(garage), draft.m(120000)}, columns);
-    p.rule();
-    p.row({"Total amtlicher Wert", "890", draft.m(made.value), draft.m(made.rent)}, columns,
-          {9.5, true});
-}
-
 void heldDecision(Draft& draft) {
     const Property made = property(draft);
     Paper& p = draft.paper;
@@ -216,16 +133,12 @@ void heldForm(Draft& draft) {
 } // namespace
 
 std::vector<Layout> insurancePapers() {
-    return {{"insurance", "list", false, "de", false, trainPolicyList},
-            {"insurance", "table", false, "de", false, trainPolicyTable},
-            {"insurance", "prose", true, "de", false, heldPolicyProse},
+    return {{"insurance", "prose", true, "de", false, heldPolicyProse},
             {"insurance", "pairs", true, "de", false, heldPolicyCards}};
 }
 
 std::vector<Layout> propertyPapers() {
-    return {{"property", "notice", false, "de", false, trainNotice},
-            {"property", "buildings", false, "de", false, trainBuildings},
-            {"property", "decision", true, "de", false, heldDecision},
+    return {{"property", "decision", true, "de", false, heldDecision},
             {"property", "cells", true, "de", false, heldForm}};
 }
 
