@@ -3,6 +3,7 @@
 #include "TaxCore/base/Iban.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace fiscarel {
@@ -59,13 +60,45 @@ class FigureSum {
     Decimal sum_;
 };
 
+/// Whether an entry without a number only tells what all others come to, as a letter before them
+/// does: "Ihre Guthaben betragen insgesamt".
+bool isSummary(const std::vector<AccountEntry>& entries, const AccountEntry& entry) {
+    if (!entry.number.empty()) {
+        return false;
+    }
+    std::size_t sums = 0; // of at least two amounts
+    for (std::size_t i = 0; i < figureCount; ++i) {
+        Decimal sum;
+        std::size_t count = 0;
+        for (const AccountEntry& other : entries) {
+            if (&other != &entry && other.figures[i]) {
+                sum = sum + other.figures[i]->value().abs();
+                ++count;
+            }
+        }
+        const auto& own = entry.figures[i];
+        if (own && !own->value().isZero() && own->value().abs() != sum) {
+            return false;
+        }
+        sums += own && !own->value().isZero() && count >= 2 ? 1U : 0U;
+    }
+    return sums > 0;
+}
+
+std::vector<AccountEntry> withoutSummaries(const std::vector<AccountEntry>& entries) {
+    std::vector<AccountEntry> kept;
+    std::ranges::copy_if(entries, std::back_inserter(kept),
+                         [&](const AccountEntry& entry) { return !isSummary(entries, entry); });
+    return kept;
+}
+
 class EntryProposer {
   public:
     EntryProposer(const KindContext& context, const std::vector<AccountEntry>& entries,
                   ProposalDraft& draft)
-        : context_(context), entries_(entries), draft_(draft) {
+        : context_(context), entries_(withoutSummaries(entries)), draft_(draft) {
         for (std::size_t i = 0; i < figureCount; ++i) {
-            sums_[i] = FigureSum(entries, static_cast<Figure>(i)).check(context.document);
+            sums_[i] = FigureSum(entries_, static_cast<Figure>(i)).check(context.document);
         }
     }
 
@@ -230,7 +263,7 @@ class EntryProposer {
     }
 
     const KindContext& context_;
-    const std::vector<AccountEntry>& entries_;
+    std::vector<AccountEntry> entries_;
     ProposalDraft& draft_;
     std::array<std::optional<ProposalCheck>, figureCount> sums_;
 };

@@ -63,9 +63,12 @@ Figures figuresByLabel(const RowRange& range) {
     }
     const auto& gross = figures[static_cast<std::size_t>(Figure::interest)];
     auto& tax = figures[static_cast<std::size_t>(Figure::withholding)];
-    if (gross && tax && tax->isBelow
-        && ((gross->value() * 35 / 100) - tax->value().abs()).abs() > Decimal(5) / 100) {
-        tax.reset(); // its own row is empty, the amount is of the next one
+    const bool fits =
+        gross && tax
+        && ((gross->value() * 35 / 100) - tax->value().abs()).abs() <= Decimal(5) / 100;
+    constexpr std::size_t longest = 7; // words of a label with its amount
+    if (gross && tax && !fits && (tax->isBelow || tax->rowOf().words.size() > longest)) {
+        tax.reset(); // its own row is empty, the amount is of the next one or the limit of the law
     }
     return figures;
 }

@@ -5,6 +5,7 @@
 #include "TaxCore/base/Iban.h"
 
 #include <algorithm>
+#include <string_view>
 
 namespace fiscarel {
 
@@ -90,7 +91,8 @@ std::optional<AccountNumber> ibanIn(const Row& row, std::size_t at) {
         std::string joined;
         for (std::size_t last = first; last < std::min(first + 8, row.words.size()); ++last) {
             joined += row.words[last].text;
-            while (!joined.empty() && (joined.back() == ',' || joined.back() == ')')) {
+            while (!joined.empty()
+                   && std::string_view(",).:;").find(joined.back()) != std::string_view::npos) {
                 joined.pop_back();
             }
             if (joined.size() > 34) {

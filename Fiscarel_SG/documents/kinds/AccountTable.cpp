@@ -29,6 +29,52 @@ bool isIncome(const Row& cell, bool isRecognised) {
                || isAnyIn(cell.folded, taxes));
 }
 
+/// Whether a column is that of the customer's debts where another one is that of the assets.
+bool isDebitSide(const Row& cell) {
+    static const Labels sides{"Soll", "débit", "au débit", "dare", "débits"};
+    return isAnyIn(cell.folded, sides);
+}
+
+/// Whether a cell has more than one word for what it heads: "Saldo / Schuld", "reçus ou payés".
+bool hasParts(const Row& cell) {
+    static const Labels between{"oder", "bzw", "resp", "ou", "o"};
+    return isAnyIn(cell.folded, between)
+           || std::ranges::any_of(cell.words, [](const RowWord& word) {
+                  return word.text.find('/') != std::string::npos;
+              });
+}
+
+/// What a cell states that names one side of an account's page, or both: then each row says which.
+std::optional<Figure> figureOfSides(const Row& cell, bool isRecognised) {
+    static const Labels earned{"Haben*",     "Zinsertrag*", "Habenzins*", "actifs",
+                               "créanciers", "créditeurs",  "attivi",     "creditori",
+                               "reçus",      "ricevuti",    "Ertrag*",    "Zinsgutschrift*"};
+    static const Labels charged{"Soll*",     "Schuldzins*", "*aufwand",  "passifs",
+                                "débiteurs", "passivi",     "debitori",  "payés",
+                                "pagati",    "Zinslast",    "*belastung"};
+    static const Labels kept{"Saldo",   "Guthaben*", "Vermögen*", "Kapital*", "solde",    "avoir*",
+                             "fortune", "capital",   "avere",     "averi",    "capitale", "Haben"};
+    static const Labels owed{"Schuld*", "Soll", "dette*",      "débit",   "debito",
+                             "debiti",  "dare", "engagement*", "Kredit*", "Verpflichtung*"};
+    const bool isParted = hasParts(cell);
+    const bool isDebit = isDebitSide(cell);
+    if ((!isParted && !isDebit) || namesAny(cell, {Concept::rate}, isRecognised)) {
+        return std::nullopt;
+    }
+    const bool isOfInterest = namesAny(cell, {Concept::interest}, isRecognised);
+    const Labels& one = isOfInterest ? earned : kept;
+    const Labels& other = isOfInterest ? charged : owed;
+    if (isParted && isAnyIn(cell.folded, one) && isAnyIn(cell.folded, other)) {
+        return isOfInterest ? Figure::interest : Figure::balance;
+    }
+    if (!isDebit) {
+        return std::nullopt;
+    }
+    return isOfInterest                 ? std::optional(Figure::debtInterest)
+           : isAnyIn(cell.folded, kept) ? std::optional(Figure::debt)
+                                        : std::nullopt;
+}
+
 /// "35 %", and nothing else.
 bool isTaxRate(const Row& cell) {
     return !cell.words.empty() && cell.words[0].text.starts_with("35")
@@ -54,6 +100,15 @@ bool hasFrancs(const Row& cell) {
            });
 }
 
+/// Whether a cell names a year, maybe with a currency or as "31.12.", and nothing else.
+bool isYearOnly(const Row& cell) {
+    return yearIn(cell) != 0 && std::ranges::none_of(cell.words, [](const RowWord& word) {
+               const bool hasLetters =
+                   std::ranges::any_of(word.folded, [](char c) { return c >= 'a' && c <= 'z'; });
+               return hasLetters && !isFrancs(word.text) && word.folded != "in";
+           });
+}
+
 /// What columns state that only tell a day, a currency, or that something was paid. They do so
 /// beside others only.
 void addPlainFigures(AccountHeading& heading, bool isRecognised) {
@@ -62,6 +117,8 @@ void addPlainFigures(AccountHeading& heading, bool isRecognised) {
                                "état",   "montant", "situation", "capital",   "importo",
                                "stato",  "valore",  "capitale",  "situazione"};
     const bool hasStand = heading.states(Figure::balance) || heading.states(Figure::debt);
+    const bool hasInterest =
+        heading.states(Figure::interest) || heading.states(Figure::debtInterest);
     std::optional<Figure> before;
     for (std::size_t i = 0; i < heading.figures.size(); ++i) {
         const Row& cell = heading.table.columns[i].cell;
@@ -70,7 +127,8 @@ void addPlainFigures(AccountHeading& heading, bool isRecognised) {
             cell,
             {Concept::other, Concept::opening, Concept::repayment, Concept::rate, Concept::fee},
             isRecognised);
-        if (!figure && !isOther && cell.words.size() <= 5 && namesLastDay(cell)) {
+        const bool isStand = !hasStand && hasInterest && isYearOnly(cell);
+        if (!figure && !isOther && cell.words.size() <= 5 && (namesLastDay(cell) || isStand)) {
             figure = Figure::balance;
         } else if (!figure && !isOther && namesAny(cell, {Concept::paid}, isRecognised)
                    && cell.words.size() <= 3) {
@@ -116,7 +174,7 @@ bool listsLoans(const PageRows& page, std::size_t at, const AccountHeading& head
         std::ranges::any_of(std::array{interest, taxedInterest, untaxedInterest, withholding},
                             [&](Figure figure) { return heading.states(figure); });
     if (isOwed && !isEarned) {
-        return true;
+        return !heading.states(balance); // beside what is owed stands what is kept
     }
     const bool isRepaid = std::ranges::any_of(heading.table.columns, [&](const TableColumn& one) {
         return isAnyIn(one.cell.folded, repaid);
@@ -130,10 +188,33 @@ bool listsLoans(const PageRows& page, std::size_t at, const AccountHeading& head
                || namesAny(title, {Concept::debt}, page.isRecognised));
 }
 
+/// What a column states that is but the other side of the one before: "Saldo Soll", "Haben".
+std::optional<Figure> otherSideOf(std::optional<Figure> before, const Row& cell) {
+    using enum Figure;
+    static const Labels credits{"Haben", "crédit", "avere"};
+    if (!before || cell.words.size() != 1) {
+        return std::nullopt;
+    }
+    if (isAnyIn(cell.folded, credits)) {
+        return before == debt           ? std::optional(balance)
+               : before == debtInterest ? std::optional(interest)
+                                        : std::nullopt;
+    }
+    if (!isDebitSide(cell)) {
+        return std::nullopt;
+    }
+    return before == balance    ? std::optional(debt)
+           : before == interest ? std::optional(debtInterest)
+                                : std::nullopt;
+}
+
 AccountHeading readHeading(const PageRows& page, TableHeading table) {
     AccountHeading heading{.table = std::move(table)};
+    std::optional<Figure> before;
     for (const TableColumn& column : heading.table.columns) {
-        heading.figures.push_back(figureOf(column.cell, page.isRecognised));
+        const auto other = otherSideOf(before, column.cell);
+        before = other ? other : figureOf(column.cell, page.isRecognised);
+        heading.figures.push_back(before);
     }
     return heading;
 }
@@ -182,6 +263,9 @@ std::optional<Figure> figureOf(const Row& cell, bool isRecognised) {
     if (const auto taxed = taxednessOf(cell); taxed && isIncome(cell, isRecognised)) {
         return *taxed ? taxedInterest : untaxedInterest;
     }
+    if (const auto figure = figureOfSides(cell, isRecognised)) {
+        return figure;
+    }
     // What a debt's column says may be part of what an account's says, and the net part of the
     // gross.
     for (const Figure figure : {withholding, debtInterest, netInterest, interest, debt, balance}) {
@@ -214,7 +298,10 @@ AccountHeading accountHeadingIn(const PageRows& page, std::size_t at) {
     if (!both.figures.empty() && both.count() >= heading.count()) {
         heading = std::move(both);
     }
-    return completed(page, at, std::move(heading));
+    heading = completed(page, at, std::move(heading));
+    // Words of one label are no columns because some amounts below end where one of them does.
+    const bool isOneCell = heading.count() >= 2 && cellsOf(page.rows[at]).size() == 1;
+    return isOneCell && !hasRows(page, heading) ? AccountHeading() : heading;
 }
 
 Figures figuresByColumn(const PageRows& page, std::size_t at, const AccountHeading& heading) {

@@ -56,7 +56,14 @@ std::vector<LabelPlace> partsOf(const PageRows& page, const Row& row, const Labe
     return parts;
 }
 
-/// Puts the words of a heading's second line under those they go on.
+/// Whether a cell names one side of an account's page, beside which the other one stands.
+bool isSide(const Row& cell) {
+    static const Labels sides{"Soll", "Haben", "débit", "crédit", "dare", "avere"};
+    return cell.words.size() == 1 && isAnyIn(cell.folded, sides);
+}
+
+/// Puts the words of a heading's second line under those they go on; sides under a heading that
+/// spans them are columns of their own.
 void addLine(std::vector<TableColumn>& columns, std::vector<TableColumn> line) {
     for (TableColumn& below : line) {
         const auto above = std::ranges::find_if(columns, [&](const TableColumn& column) {
@@ -68,6 +75,11 @@ void addLine(std::vector<TableColumn>& columns, std::vector<TableColumn> line) {
             above->cell.folded += below.cell.folded;
             above->place = {0, words.size() - 1, std::min(above->place.left, below.place.left),
                             std::max(above->place.right, below.place.right)};
+        } else if (isSide(below.cell)) {
+            const auto next = std::ranges::find_if(columns, [&](const TableColumn& column) {
+                return column.place.left > below.place.right;
+            });
+            columns.insert(next, std::move(below));
         }
     }
 }

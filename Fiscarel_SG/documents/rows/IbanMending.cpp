@@ -55,7 +55,61 @@ std::string proven(const std::string& taken) {
     return {};
 }
 
+/// Puts a row together anew, where it stands.
+void rebuild(Row& row, bool isRecognised) {
+    const double top = row.top;
+    const double bottom = row.bottom;
+    row = rowOfWords(std::move(row.words), isRecognised);
+    row.top = top;
+    row.bottom = bottom;
+}
+
+/// How many of its first words a row has of a number that another one ends with a part of; 0 when
+/// it has none.
+std::size_t wordsGoingOn(const Row& row, const Row& next) {
+    std::string head;
+    for (std::size_t at = row.words.size(); at-- > 0 && head.size() < length;) {
+        head.insert(0, row.words[at].text);
+        if (!head.starts_with("CH") && !head.starts_with("LI")) {
+            continue;
+        }
+        std::string taken = head;
+        for (std::size_t end = 0; end < next.words.size() && taken.size() < length; ++end) {
+            taken += next.words[end].text;
+            while (taken.size() > length && (taken.back() == ',' || taken.back() == '.')) {
+                taken.pop_back();
+            }
+            if (taken.size() == length && !taxcore::ibanFault(taken)) {
+                return end + 1;
+            }
+        }
+        return 0;
+    }
+    return 0;
+}
+
 } // namespace
+
+void joinIbans(PageRows& page) {
+    for (std::size_t at = 0; at + 1 < page.rows.size(); ++at) {
+        Row& row = page.rows[at];
+        Row& next = page.rows[at + 1];
+        const std::size_t count = wordsGoingOn(row, next);
+        if (count == 0 || count == next.words.size()) {
+            continue;
+        }
+        for (std::size_t i = 0; i < count; ++i) {
+            RowWord word = next.words[i];
+            const double margin = row.words.back().place.right; // which full lines keep
+            word.place = {margin, row.top, margin, row.bottom};
+            row.words.push_back(std::move(word));
+        }
+        next.words.erase(next.words.begin(),
+                         next.words.begin() + static_cast<std::ptrdiff_t>(count));
+        rebuild(row, page.isRecognised);
+        rebuild(next, page.isRecognised);
+    }
+}
 
 void mendIbans(Row& row) {
     bool isMended = false;
@@ -76,11 +130,7 @@ void mendIbans(Row& row) {
         }
     }
     if (isMended) {
-        const double top = row.top;
-        const double bottom = row.bottom;
-        row = rowOfWords(std::move(row.words), true);
-        row.top = top;
-        row.bottom = bottom;
+        rebuild(row, true);
     }
 }
 

@@ -8,4 +8,8 @@ namespace fiscarel {
 /// Liechtenstein are put right where the check digits prove what was meant.
 void mendIbans(Row& row);
 
+/// An account number that breaks off at the end of a line and goes on with the next one, as its
+/// check digits prove, moves to the first of both.
+void joinIbans(PageRows& page);
+
 } // namespace fiscarel

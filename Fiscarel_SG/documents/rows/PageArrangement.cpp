@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/rows/GridEdges.h"
 #include "Fiscarel_SG/documents/rows/PageMending.h"
+#include "Fiscarel_SG/documents/rows/Vocabulary.h"
 
 #include <algorithm>
 #include <array>
@@ -169,7 +170,8 @@ class Arrangement {
             return false;
         }
         end_ = at + 1;
-        while (end_ < rows.size() && gap(end_ - 1) < 3 && fitsEdges(rows[end_], edges)) {
+        while (end_ < rows.size() && gap(end_ - 1) < 3
+               && (fitsEdges(rows[end_], edges) || goesOnLeft(end_, edges))) {
             ++end_;
         }
         for (std::size_t column = 0; column <= edges.size(); ++column) {
@@ -179,6 +181,15 @@ class Arrangement {
         }
         keepColumns(at, edges);
         return true;
+    }
+
+    /// Whether a row is a further line of the left card alone, which is longer than those beside
+    /// it.
+    bool goesOnLeft(std::size_t at, const std::vector<double>& edges) const {
+        constexpr double lineGap = 0.6; // heights; totals of all cards stand farther below
+        const Row& row = page_.rows[at];
+        return isLeftOf(row, edges) && gap(at - 1) < lineGap
+               && !namesAny(row, {Concept::total}, page_.isRecognised);
     }
 
     /// The edges of pairs that begin in one of the next rows, where each row before heads them all:

@@ -13,6 +13,14 @@ namespace fiscarel {
 
 namespace {
 
+/// "Konto 2": a small number that belongs to the word before it.
+bool countsItsWord(const Row& row, const RowAmount& amount) {
+    return amount.amount.value < 10 && amount.first > 0
+           && row.words[amount.first - 1].folded.find_first_of("abcdefghijklmnopqrstuvwxyz")
+                  != std::string::npos
+           && amount.place.left - row.words[amount.first - 1].place.right < row.height() / 2;
+}
+
 /// Bare numbers in a column of amounts are amounts: "648" above "648.05".
 void firmColumns(PageRows& page) {
     std::vector<double> edges;
@@ -31,7 +39,8 @@ void firmColumns(PageRows& page) {
             const bool isApart =
                 amount.first == 0 || amount.last + 1 == row.words.size()
                 || row.words[amount.last + 1].place.left - amount.place.right > row.height();
-            if (!amount.amount.isFirm() && !amount.amount.isYearLike() && count >= 2 && isApart) {
+            if (!amount.amount.isFirm() && !amount.amount.isYearLike() && count >= 2 && isApart
+                && !countsItsWord(row, amount)) {
                 amount.amount.hasCurrency = true;
             }
         }
@@ -117,6 +126,7 @@ void mend(PageRows& page) {
         straightenBends(page);
         std::ranges::for_each(page.rows, mendIbans);
     }
+    joinIbans(page);
     joinOverLines(page);
     hideHouseNumbers(page);
     firmColumns(page);

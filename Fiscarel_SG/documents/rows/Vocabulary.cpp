@@ -34,6 +34,14 @@ bool isDenied(const Row& row, const LabelPlace& place, Concept meant) {
     static const Labels afters{"nach", "après", "dopo", "after"};
     const bool isTakenOff =
         meant == Concept::refunded || meant == Concept::publicShare || meant == Concept::reduction;
+    // What the bank itself owes is no debt of the customer: "Saldo a nostro debito".
+    static const Labels ours{"nostro", "nostra", "notre", "unser*", "our"};
+    static const Labels owed{"debito", "debiti", "dette", "dettes", "*schuld", "*schulden", "debt"};
+    if (meant == Concept::debt && place.first > 0 && place.first == place.last
+        && isAnyIn(row.words[place.first].folded, owed)
+        && isAnyIn(row.words[place.first - 1].folded, ours)) {
+        return true;
+    }
     if (meant == Concept::withholding) {
         return false; // "ohne Verrechnungssteuer" tells of it, too
     }

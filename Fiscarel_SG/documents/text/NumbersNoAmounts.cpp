@@ -166,8 +166,9 @@ class Marking {
 
     /// "08.00 bis 17.30 Uhr"
     void markTime(std::size_t at) {
-        if (!isOneOf(folded(at), {"uhr", "heures", "ore", "h"}) || at == 0) {
-            return;
+        const bool isHour = isOneOf(folded(at), {"uhr", "heures", "ore"}) || word(at) == "h";
+        if (!isHour || at == 0) {
+            return; // "H" marks what a bank owes
         }
         mark(at - 1);
         if (at >= 3 && isOneOf(folded(at - 2), {"bis", "und", "a", "alle", ""})) {

@@ -137,6 +137,124 @@ std::vector<Paper> papers() {
     };
 }
 
+/// What is kept and what is owed, in one table or beside each other.
+std::vector<Paper> mixedPapers() {
+    return {
+        {"a side of the page for what is kept and one for what is owed",
+         {{"Zins- und Kapitalausweis 2024"},
+          {"Konto",
+           {{280, "Saldo Soll"}, {360, "Saldo Haben"}, {440, "Zins Soll"}, {520, "Zins Haben"}}},
+          {"Sparkonto", {{360, "8'000.00"}, {520, "40.00"}}},
+          {"CH93 0076 2011 6238 5295 7"},
+          {"Baukredit", {{280, "50'000.00"}, {440, "1'250.00"}}},
+          {"12.345.678-90"},
+          {"Total", {{280, "50'000.00"}, {360, "8'000.00"}, {440, "1'250.00"}, {520, "40.00"}}}},
+         {{{"taxValue", "8000"}, {"incomeWithoutWithholding", "40"}},
+          {{"amount", "50000"}, {"interest", "1250"}}}},
+        {"sides under headings that span them",
+         {{"Jahresabschluss 2024"},
+          {"Konto", {{280, "Saldo CHF"}, {440, "Zins CHF"}}},
+          {"", {{280, "Soll"}, {360, "Haben"}, {440, "Soll"}, {520, "Haben"}}},
+          {"Sparkonto CH93 0076 2011 6238 5295 7", {{360, "8'000.00"}, {520, "40.00"}}},
+          {"Baukredit 12.345.678-90", {{280, "50'000.00"}, {440, "1'250.00"}}}},
+         {{{"taxValue", "8000"}, {"incomeWithoutWithholding", "40"}},
+          {{"amount", "50000"}, {"interest", "1250"}}}},
+        {"amounts marked as owed",
+         {{"Attestazione fiscale 2024"},
+          {"Relazione", {{380, "Saldo al 31.12.2024"}, {520, "Interessi"}}},
+          {"Conto risparmio CH93 0076 2011 6238 5295 7", {{380, "8'000.00 A"}, {520, "40.00 A"}}},
+          {"Abitazione 12.345.678-90", {{380, "50'000.00 D"}, {520, "1'250.00 D"}}}},
+         {{{"taxValue", "8000"}, {"incomeWithoutWithholding", "40"}},
+          {{"amount", "50000"}, {"interest", "1250"}}}},
+        {"H and S mark sides, not hours",
+         {{"Zins- und Saldobestätigung 2024"},
+          {"Konto", {{380, "Saldo per 31.12."}, {520, "Zins brutto"}}},
+          {"Sparkonto CH93 0076 2011 6238 5295 7", {{380, "8'000.00 H"}, {520, "40.00 H"}}},
+          {"Baukredit 12.345.678-90", {{380, "50'000.00 S"}, {520, "1'250.00 S"}}}},
+         {{{"taxValue", "8000"}, {"incomeWithoutWithholding", "40"}},
+          {{"amount", "50000"}, {"interest", "1250"}}}},
+        {"a column of balances and debts, told by the row",
+         {{"Attestation fiscale 2024"},
+          {"Relation", {{380, "Solde / dette"}, {520, "Intérêts bruts"}}},
+          {"Prêt hypothécaire", {{380, "50'000.00"}, {520, "1'250.00"}}},
+          {"12.345.678-90"},
+          {"Compte privé", {{380, "8'000.00"}, {520, "40.00"}}},
+          {"CH93 0076 2011 6238 5295 7"}},
+         {{{"amount", "50000"}, {"interest", "1250"}},
+          {{"taxValue", "8000"}, {"incomeWithoutWithholding", "40"}}}},
+        {"parts with totals of their own, the net of all aside",
+         {{"Vermögensausweis 2024"},
+          {"Position", {{380, "Saldo per 31.12."}, {520, "Zins"}}},
+          {"Aktiven"},
+          {"Sparkonto CH93 0076 2011 6238 5295 7", {{380, "8'000.00"}, {520, "40.00"}}},
+          {"Total Aktiven", {{380, "8'000.00"}, {520, "40.00"}}},
+          {"Passiven"},
+          {"Liegenschaft Dorf 12.345.678-90", {{380, "50'000.00"}, {520, "1'250.00"}}},
+          {"Total Passiven", {{380, "50'000.00"}, {520, "1'250.00"}}},
+          {"Saldo netto", {{380, "-42'000.00"}}}},
+         {{{"taxValue", "8000"}, {"incomeWithoutWithholding", "40"}},
+          {{"amount", "50000"}, {"interest", "1250"}}}},
+        {"columns that only name the years",
+         {{"Vermögensübersicht 2024"},
+          {"Position", {{280, "2023"}, {380, "2024"}, {520, "Zinsertrag"}}},
+          {"Sparkonto", {{280, "7'000.00"}, {380, "8'000.00"}, {520, "40.00"}}},
+          {"CH93 0076 2011 6238 5295 7"},
+          {"Privatkonto", {{280, "2'000.00"}, {380, "3'000.00"}, {520, "5.00"}}},
+          {"CH56 0483 5012 3456 7800 9"}},
+         {{{"taxValue", "8000"}, {"incomeWithoutWithholding", "40"}},
+          {{"taxValue", "3000"}, {"incomeWithoutWithholding", "5"}}}},
+        {"numbers below the figures; what the bank owes is kept",
+         {{"Certificato fiscale 2024"},
+          {"Conto privato"},
+          {"Saldo a nostro debito al 31.12.2024", {{520, "8'000.00"}}},
+          {"Interessi lordi", {{520, "40.00"}}},
+          {"IBAN CH93 0076 2011 6238 5295 7"},
+          {"Conto risparmio"},
+          {"Saldo a nostro debito al 31.12.2024", {{520, "3'000.00"}}},
+          {"Interessi lordi", {{520, "5.00"}}},
+          {"IBAN CH56 0483 5012 3456 7800 9"}},
+         {{{"taxValue", "8000"}, {"incomeWithoutWithholding", "40"}},
+          {{"taxValue", "3000"}, {"incomeWithoutWithholding", "5"}}}},
+        {"words of one label are no columns where an amount ends below one of them",
+         {{"Conferma di interessi e saldo 2024"},
+          {"Conto privato"},
+          {"CH93 0076 2011 6238 5295 7"},
+          {"Interessi attivi 2024"},
+          {"", {{105, "40.00"}}},
+          {"Saldo al 31.12.2024"},
+          {"", {{105, "8'000.00"}}},
+          {"Conto risparmio"},
+          {"CH56 0483 5012 3456 7800 9"},
+          {"Interessi attivi 2024"},
+          {"", {{105, "5.00"}}},
+          {"Saldo al 31.12.2024"},
+          {"", {{105, "3'000.00"}}}},
+         {{{"taxValue", "8000"}, {"incomeWithoutWithholding", "40"}},
+          {{"taxValue", "3000"}, {"incomeWithoutWithholding", "5"}}}},
+        {"a loan without a number below an account",
+         {{"Steuerunterlagen 2024"},
+          {"Sparkonto CH93 0076 2011 6238 5295 7"},
+          {"Guthaben am Jahresende", {{520, "8'000.00"}}},
+          {"Zinsertrag brutto", {{520, "40.00"}}},
+          {"Gemeinsame Hypothek"},
+          {"Schuld am Jahresende", {{520, "50'000.00"}}},
+          {"Hypothekarzinsen", {{520, "1'250.00"}}}},
+         {{{"taxValue", "8000"}, {"incomeWithoutWithholding", "40"}},
+          {{"amount", "50000"}, {"interest", "1250"}}}},
+        {"beside each other under a currency, a number after a name no amount",
+         {{"Avis de bouclement fiscal 2024"},
+          {"en CHF", {{280, "Compte 1"}, {400, "Compte 2"}, {520, "Hypothèque 1"}}},
+          {"Solde au 31.12.2024", {{280, "8'000.00"}, {400, "3'000.00"}}},
+          {"Dette au 31.12.2024", {{520, "50'000.00"}}},
+          {"Intérêts bruts", {{280, "40.00"}, {400, "5.00"}}},
+          {"Intérêts débiteurs", {{520, "1'250.00"}}},
+          {"Frais", {{280, "12.00"}, {400, "12.00"}, {520, "30.00"}}}},
+         {{{"taxValue", "8000"}, {"incomeWithoutWithholding", "40"}},
+          {{"taxValue", "3000"}, {"incomeWithoutWithholding", "5"}},
+          {{"amount", "50000"}, {"interest", "1250"}}}},
+    };
+}
+
 Records amountsOf(const ScanResult& result) {
     Records amounts(result.records.size());
     for (const Proposal& proposal : result.proposals) {
@@ -150,8 +268,8 @@ Records amountsOf(const ScanResult& result) {
     return amounts;
 }
 
-TEST(Accounts, AreReadFromTheirTables) {
-    for (const Paper& paper : papers()) {
+void expectRead(const std::vector<Paper>& papers) {
+    for (const Paper& paper : papers) {
         DrawnPage page;
         page.text(60, 40, "Muster Bank AG");
         double y = 80;
@@ -165,6 +283,10 @@ TEST(Accounts, AreReadFromTheirTables) {
         EXPECT_EQ(amountsOf(page.proposed()), paper.amounts) << paper.what;
     }
 }
+
+TEST(Accounts, AreReadFromTheirTables) { expectRead(papers()); }
+
+TEST(Accounts, WhatIsKeptAndWhatIsOwedAreToldApart) { expectRead(mixedPapers()); }
 
 } // namespace
 } // namespace fiscarel

@@ -126,6 +126,18 @@ TEST(PageRows, putsAccountNumbersRightThatTheirCheckDigitsProve) {
     }
 }
 
+TEST(PageRows, joinsAccountNumbersThatLinesTearApartWhereTheirCheckDigitsProveIt) {
+    const auto rowsOf = [](const std::string& first, const std::string& second) {
+        DrawnPage page;
+        page.text(60, 60, first).text(60, 75, second);
+        return textsOf(arranged(buildRows(page.page())));
+    };
+    EXPECT_EQ(rowsOf("Ihr Sparkonto CH93 0076 2011", "6238 5295 7 schloss"),
+              (std::vector<std::string>{"Ihr Sparkonto CH93 0076 2011 6238 5295 7", "schloss"}));
+    EXPECT_EQ(rowsOf("Ihr Sparkonto CH93 0076 2011", "6238 5295 8 schloss"),
+              (std::vector<std::string>{"Ihr Sparkonto CH93 0076 2011", "6238 5295 8 schloss"}));
+}
+
 TEST(PageRows, standsWhateverIsOnThePage) {
     const double none = std::numeric_limits<double>::quiet_NaN();
     const double vast = std::numeric_limits<double>::max();

@@ -1,0 +1,184 @@
+#include "Fiscarel_SG/documents/kinds/AccountBlocks.h"
+
+#include "Fiscarel_SG/documents/kinds/AccountList.h"
+#include "Fiscarel_SG/documents/kinds/AccountPages.h"
+#include "Fiscarel_SG/documents/kinds/TableHeading.h"
+#include "Fiscarel_SG/documents/rows/CellRoles.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace fiscarel {
+
+namespace {
+
+bool hasAmounts(const PageRows& page, std::size_t from, std::size_t end) {
+    return std::any_of(page.rows.begin() + static_cast<std::ptrdiff_t>(from),
+                       page.rows.begin() + static_cast<std::ptrdiff_t>(end),
+                       [](const Row& row) { return hasFirmAmount(row); });
+}
+
+/// Whether one of the first two words of a row means something.
+bool beginsWith(const PageRows& page, std::size_t at, Concept meant) {
+    const auto place = findLabel(page.rows[at], wordsFor(meant), page.isRecognised);
+    return place && place->first <= 1;
+}
+
+/// Whether a row begins with the name of an account or loan and its number; the number may stand
+/// below.
+bool isNamedBlock(const PageRows& page, std::size_t at) {
+    const Row& row = page.rows[at];
+    const auto cells = cellsOf(row);
+    const bool isNumberBelow =
+        cells.size() == 1 && at + 1 < page.rows.size() && page.rows[at + 1].words.size() == 1
+        && hasNumber(page.rows[at + 1]) && !hasFirmAmount(page.rows[at + 1]) && !namesLastDay(row);
+    const bool hasAmount = std::ranges::any_of(row.amounts, [&](const RowAmount& amount) {
+        const bool isApart = cells.size() > 1 && amount.first >= cells.back().first;
+        return amount.amount.hasDecimals || amount.amount.hasCurrency
+               || (amount.amount.hasMark && isApart);
+    });
+    constexpr std::size_t fewest = 9; // words of a sentence
+    constexpr std::size_t first = 4;  // of them name the loan: "Hypothek Nr. 12.345: Restschuld"
+    const bool isSentence =
+        row.words.size() >= fewest && cells.size() == 1
+        && std::any_of(row.words.begin(), row.words.begin() + first,
+                       [](const RowWord& word) { return word.text.ends_with(':'); });
+    return (hasNumber(row) || isNumberBelow)
+           && ((!hasAmount && row.words.size() <= 12) || isSentence) && !isContactLine(page, row)
+           && (beginsWith(page, at, Concept::account) || beginsWith(page, at, Concept::debt));
+}
+
+/// Whether a row is nothing but the name of a loan, over rows of labels and amounts.
+bool isLoanTitle(const PageRows& page, std::size_t at) {
+    constexpr std::size_t farthest = 4; // rows from the name to the first amount
+    const Row& row = page.rows[at];
+    if (row.words.size() > 5 || hasFirmAmount(row) || cellsOf(row).size() != 1
+        || !beginsWith(page, at, Concept::debt)) {
+        return false;
+    }
+    const bool isOther =
+        namesAny(row,
+                 {Concept::account, Concept::interest, Concept::debtInterest, Concept::repayment,
+                  Concept::rate, Concept::total, Concept::balance},
+                 page.isRecognised);
+    if (isOther || namesLastDay(row)) {
+        return false;
+    }
+    std::size_t labels = 0; // rows with what their amount is
+    for (std::size_t below = at + 1; below < std::min(page.rows.size(), at + 1 + farthest);
+         ++below) {
+        if (hasOnlyAmounts(page.rows[below])) {
+            return labels > 0;
+        }
+        labels += hasFirmAmount(page.rows[below]) ? 1U : 0U;
+    }
+    return labels > 0;
+}
+
+std::vector<std::size_t> namedBlocks(const PageRows& page) {
+    std::vector<std::size_t> starts;
+    for (std::size_t at = 0; at < page.rows.size(); ++at) {
+        if (isNamedBlock(page, at)) {
+            starts.push_back(at);
+        }
+    }
+    return starts;
+}
+
+/// The rows that blocks begin with whose numbers stand below their figures: the last one without
+/// an amount before each block's first amount. Empty where the numbers stand above.
+std::vector<std::size_t> startsAboveFigures(const PageRows& page,
+                                            const std::vector<AccountNumber>& ibans) {
+    constexpr std::size_t nearest = 3; // rows in which a number above its figures has an amount
+    if (ibans.size() < 2
+        || hasAmounts(page, ibans.back().row,
+                      std::min(page.rows.size(), ibans.back().row + nearest))) {
+        return {};
+    }
+    std::vector<std::size_t> starts;
+    std::size_t from = 0;
+    for (const AccountNumber& iban : ibans) {
+        std::size_t first = from;
+        while (first < iban.row && !hasFirmAmount(page.rows[first])) {
+            ++first;
+        }
+        if (first == iban.row || first == from) {
+            return {};
+        }
+        starts.push_back(first - 1);
+        from = iban.row + 1;
+    }
+    return starts;
+}
+
+} // namespace
+
+std::vector<std::size_t> blockStarts(const PageRows& page,
+                                     const std::vector<AccountNumber>& ibans) {
+    std::vector<std::size_t> starts = startsAboveFigures(page, ibans);
+    if (starts.empty()) {
+        std::ranges::transform(ibans, std::back_inserter(starts), &AccountNumber::row);
+    }
+    const auto named = namedBlocks(page);
+    if (ibans.size() < 2 && named.size() >= 2) {
+        return named;
+    }
+    const auto isLoan = [&](std::size_t at) {
+        return namesLoan(page, at) && (at > starts.front() || hasAmounts(page, at, starts.front()))
+               && std::ranges::find(ibans, at, &AccountNumber::row) == ibans.end();
+    };
+    std::vector<std::size_t> loans;
+    for (std::size_t at = 0; at < page.rows.size() && !starts.empty(); ++at) {
+        const bool isNamed = std::ranges::find(named, at) != named.end();
+        const bool isTitle =
+            !isNamed && isLoanTitle(page, at)
+            && std::ranges::find(ibans, at + 1, &AccountNumber::row) == ibans.end();
+        const bool isSame = !loans.empty() && !hasAmounts(page, loans.back(), at);
+        if ((isNamed || isTitle) && isLoan(at) && !isSame) {
+            loans.push_back(at);
+        }
+    }
+    starts.insert(starts.end(), loans.begin(), loans.end());
+    std::ranges::sort(starts);
+    return starts;
+}
+
+std::size_t endOfLastBlock(const PageRows& page, const std::vector<std::size_t>& starts) {
+    static const Labels all{"aller Konten", "alle Konten", "tous les comptes", "tutti i conti"};
+    const auto findTotal = [&](std::size_t from, std::size_t end) {
+        while (from < end
+               && !(hasFirmAmount(page.rows[from])
+                    && (namesAny(page.rows[from], {Concept::total}, page.isRecognised)
+                        || isAnyIn(page.rows[from].folded, all)))) {
+            ++from;
+        }
+        return from;
+    };
+    const std::size_t end = page.rows.size();
+    const bool isPlain = starts.size() > 1 && findTotal(starts[0], starts[1]) == starts[1];
+    return isPlain ? findTotal(starts.back() + 1, end) : end;
+}
+
+Figures figuresOfLoan(const RowRange& range) {
+    Figures figures = figuresByLabel(range);
+    auto& debt = figures[static_cast<std::size_t>(Figure::debt)];
+    const bool isKnown = debt || figures[static_cast<std::size_t>(Figure::balance)];
+    for (std::size_t at = range.first; at < range.end && !isKnown && !debt; ++at) {
+        const Row& row = range.page->rows[at];
+        const bool isOther = namesAny(row,
+                                      {Concept::interest, Concept::debtInterest, Concept::other,
+                                       Concept::repayment, Concept::total, Concept::rate},
+                                      range.page->isRecognised);
+        if (!isOther && row.amounts.size() == 1 && hasFirmAmount(row) && namesLastDay(row)
+            && row.amounts[0].first > 0) {
+            debt = FoundAmount{.page = range.page,
+                               .row = at,
+                               .amount = row.amounts[0],
+                               .label = textBetween(row, 0, row.amounts[0].first - 1),
+                               .isAlone = false};
+        }
+    }
+    return figures;
+}
+
+} // namespace fiscarel

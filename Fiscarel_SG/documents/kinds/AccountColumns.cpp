@@ -1,0 +1,156 @@
+#include "Fiscarel_SG/documents/kinds/AccountColumns.h"
+
+#include "Fiscarel_SG/documents/kinds/AccountTable.h"
+#include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+#include "Fiscarel_SG/documents/kinds/TableHeading.h"
+#include "Fiscarel_SG/documents/rows/CellRoles.h"
+
+#include <algorithm>
+#include <optional>
+#include <set>
+
+namespace fiscarel {
+
+namespace {
+
+/// Whether the first cell of a row of headings stands over what is said left of the columns, as a
+/// currency, a word for any account, or what the figures below are of.
+bool isOverLabels(const PageRows& page, std::size_t at, const Row& own, bool isOfFigures) {
+    static const Labels anything{"Konto",    "Bezeichnung", "Position",    "Produkt",   "Angaben",
+                                 "Produkte", "libellé",     "désignation", "produit",   "rubrique",
+                                 "compte",   "descrizione", "prodotto",    "conto",     "relazione",
+                                 "rapporto", "Beträge in",  "montants en", "importi in"};
+    if (at + 1 >= page.rows.size() || page.rows[at + 1].words.empty()
+        || own.words.front().place.left
+               > page.rows[at + 1].words.front().place.left + alignment(page)) {
+        return false;
+    }
+    const bool isCurrency =
+        own.words.size() <= 3
+        && std::ranges::any_of(own.words, [](const RowWord& word) { return isFrancs(word.text); });
+    return isOfFigures || isCurrency || (own.words.size() <= 3 && findLabel(own, anything, false));
+}
+
+/// The headings of a row that name no figures, without that of the total.
+std::vector<LabelPlace> accountCells(const PageRows& page, std::size_t at) {
+    const Row& row = page.rows[at];
+    std::vector<LabelPlace> cells;
+    if (hasFirmAmount(row)) {
+        return cells;
+    }
+    const auto all = cellsOf(row);
+    for (const LabelPlace& cell : all) {
+        Row own;
+        own.words = wordsOf(row, cell);
+        const bool isOther = namesAny(own,
+                                      {Concept::interest, Concept::balance, Concept::withholding,
+                                       Concept::rate, Concept::paid, Concept::opening},
+                                      page.isRecognised);
+        if (cell.first == 0 && all.size() >= 3 && isOverLabels(page, at, own, isOther)) {
+            continue;
+        }
+        if (isOther || lettersIn(row, cell) < 3) {
+            return {};
+        }
+        if (!namesAny(own, {Concept::total}, page.isRecognised)) {
+            cells.push_back(cell);
+        }
+    }
+    return cells;
+}
+
+/// The year a row is about, where nothing else stands in it but words left of a column.
+std::optional<int> yearOfRow(const Row& row) {
+    const auto number = row.words.empty() ? std::nullopt : parseAmount(row.words.back().text);
+    const auto year = number && number->isYearLike() && !hasFirmAmount(row)
+                          ? number->value.toInteger()
+                          : std::nullopt;
+    return year ? std::optional(static_cast<int>(*year)) : std::nullopt;
+}
+
+/// Leaves only the columns of the newest year where each is headed by one.
+void keepNewest(std::vector<PageRows>& parts) {
+    constexpr std::size_t heading = 1; // row below the names
+    int newest = 0;
+    for (const PageRows& part : parts) {
+        const auto year = part.rows.size() > heading ? yearOfRow(part.rows[heading]) : std::nullopt;
+        if (!year) {
+            return;
+        }
+        newest = std::max(newest, *year);
+    }
+    std::erase_if(parts,
+                  [&](const PageRows& part) { return yearOfRow(part.rows[heading]) != newest; });
+}
+
+/// Where a table of columns ends: at the title of a loan that stands below, alone or with its
+/// number or years.
+std::size_t endOfColumns(const PageRows& page, std::size_t at, double left) {
+    for (std::size_t below = at + 1; below < page.rows.size(); ++below) {
+        const Row& row = page.rows[below];
+        const auto cells = cellsOf(row);
+        const bool isTitle =
+            !hasFirmAmount(row) && !cells.empty() && cells.front().left < left
+            && cells.front().last <= 3
+            && std::all_of(cells.begin() + 1, cells.end(), [&](const LabelPlace& cell) {
+                   return lettersIn(row, cell) == 0
+                          && row.words[cell.first].text.find_first_of("0123456789")
+                                 != std::string::npos;
+               });
+        Row own;
+        if (isTitle) {
+            own.words = wordsOf(row, cells.front());
+        }
+        if (isTitle && namesAny(own, {Concept::debt}, page.isRecognised)
+            && !namesAny(own, {Concept::interest, Concept::debtInterest}, page.isRecognised)
+            && !namesLastDay(own)) {
+            return below;
+        }
+    }
+    return page.rows.size();
+}
+
+/// Whether rows below say left of a column what their amounts are: at least two figures.
+bool statesFigures(const PageRows& page, std::size_t at, double left) {
+    constexpr std::size_t farthest = 3; // rows from the headings to the first figure
+    std::set<Figure> stated;
+    for (std::size_t below = at + 1; below < page.rows.size(); ++below) {
+        const Row& row = page.rows[below];
+        const auto cells = cellsOf(row);
+        if (row.amounts.size() < 2 || cells.front().left >= left - alignment(page)) {
+            if (stated.empty() && below > at + farthest) {
+                return false; // that row stood far above, in the letter's head
+            }
+            continue;
+        }
+        Row label;
+        label.words = wordsOf(row, cells.front());
+        for (const RowWord& word : label.words) {
+            label.folded += word.folded + ' ';
+        }
+        if (const auto figure = figureOf(label, page.isRecognised)) {
+            stated.insert(*figure);
+        }
+    }
+    return stated.size() >= 2;
+}
+
+} // namespace
+
+AccountColumns accountColumns(const PageRows& page) {
+    for (std::size_t at = 0; at < page.rows.size() && page.number != 0; ++at) {
+        const auto cells = accountCells(page, at);
+        if (cells.size() < 2 || !statesFigures(page, at, cells.front().left)) {
+            continue;
+        }
+        PageRows table = page;
+        const std::size_t end = endOfColumns(page, at, cells.front().left);
+        table.rows.resize(end);
+        AccountColumns columns{columnsAsPages(table, at, cells), end};
+        keepNewest(columns.parts);
+        return columns;
+    }
+    return {};
+}
+
+} // namespace fiscarel
