@@ -327,12 +327,18 @@ bool hasWageTitle(const DocumentRows& document) {
                                "perte",     "perdita",  "*einkauf*", "*einkäufe*",
                                "rachat*",   "riscatt*", "*abzüge",   "gemäss",
                                "laut",      "selon",    "secondo",   "Beiblatt*"};
+    static const Labels ledgers{"Lohnkonto 20*", "compte salaire 20*", "conto salario 20*"};
+    const bool mayBeLedger = !namesMoneyAtBank(document); // banks have such accounts
     return std::ranges::any_of(document.pages, [&](const PageRows& page) {
         return std::ranges::any_of(page.rows, [&](const Row& row) {
-            return cellsOf(row).size() == 1 && row.middle() < page.height * 0.45
-                   && row.words.size() <= 8 && !endsInAmount(row)
-                   && !row.words.back().text.ends_with('.') && isAnyIn(row.folded, wages)
-                   && isAnyIn(row.folded, certificates) && !isAnyIn(row.folded, others);
+            if (row.middle() >= page.height * 0.45 || endsInAmount(row)) {
+                return false;
+            }
+            const bool isTitle = cellsOf(row).size() == 1 && row.words.size() <= 8
+                                 && !row.words.back().text.ends_with('.')
+                                 && isAnyIn(row.folded, wages) && isAnyIn(row.folded, certificates)
+                                 && !isAnyIn(row.folded, others);
+            return isTitle || (mayBeLedger && isAnyIn(row.folded, ledgers));
         });
     });
 }
