@@ -173,12 +173,12 @@ bool listsLoans(const PageRows& page, std::size_t at, const AccountHeading& head
     const bool isEarned =
         std::ranges::any_of(std::array{interest, taxedInterest, untaxedInterest, withholding},
                             [&](Figure figure) { return heading.states(figure); });
-    if (isOwed && !isEarned) {
-        return !heading.states(balance); // beside what is owed stands what is kept
-    }
     const bool isRepaid = std::ranges::any_of(heading.table.columns, [&](const TableColumn& one) {
         return isAnyIn(one.cell.folded, repaid);
     });
+    if (isOwed && !isEarned) { // a balance beside a debt is what is kept
+        return isRepaid || !heading.states(balance) || !heading.states(debt);
+    }
     if (isRepaid || at == 0) {
         return isRepaid;
     }
