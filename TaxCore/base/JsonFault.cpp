@@ -13,7 +13,7 @@ namespace taxcore {
 namespace {
 
 /// «income1.salaries[0]»; long keys of foreign files are shortened so that the sentence stays one.
-std::string quoted(std::string_view path) {
+std::string inQuotes(std::string_view path) {
     constexpr std::size_t longest = 160;
     std::string text = "«";
     if (path.size() <= longest) {
@@ -31,7 +31,7 @@ std::string quoted(std::string_view path) {
 
 /// The sentence about a damaged text; line 0 is not named.
 std::string damageSentence(JsonError::Kind fault, const std::string& path, std::size_t line) {
-    const std::string place = (path.empty() ? "auf der obersten Ebene" : "bei " + quoted(path))
+    const std::string place = (path.empty() ? "auf der obersten Ebene" : "bei " + inQuotes(path))
                               + (line > 0 ? " (Zeile " + std::to_string(line) + ")" : "");
     switch (fault) {
     case JsonError::Kind::truncated:
@@ -277,7 +277,7 @@ std::string JsonError::messageWithoutLine() const {
 std::optional<JsonError> locateFault(std::string_view text) { return FaultScanner(text).run(); }
 
 JsonError contentError(JsonError::Kind kind, std::string path, std::string_view detail) {
-    const std::string place = path.empty() ? "Der Inhalt" : quoted(path);
+    const std::string place = path.empty() ? "Der Inhalt" : inQuotes(path);
     std::string message;
     switch (kind) {
     case JsonError::Kind::missingKey:

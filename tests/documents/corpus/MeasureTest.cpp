@@ -92,6 +92,19 @@ TEST(DocumentMeasure, countsWhatIsRightWrongAndInvented) {
     }
 }
 
+TEST(DocumentMeasure, theTotalOfOneAccountIsNoSecondOne) {
+    Truth truth = twoAccounts();
+    truth.records.pop_back();
+    truth.accepted = truth.records;
+    const AnsweredRecord account{
+        "security", "", "", {value("taxValue", "1000"), value("incomeWithoutWithholding", "5.00")}};
+    const AnsweredRecord other{"security", "", "", {value("taxValue", "35")}};
+    EXPECT_EQ((std::array<int, 3>{}),
+              scored(truth, Answer{"", "", {account, account}, ""}).phantom);
+    EXPECT_EQ((std::array<int, 3>{1, 0, 0}),
+              scored(truth, Answer{"", "", {account, other}, ""}).phantom);
+}
+
 TEST(DocumentMeasure, recordsThatExistOnceMayComeInParts) {
     Truth truth;
     TruthRecord record;

@@ -78,16 +78,32 @@ std::vector<int> matched(const std::vector<TruthRecord>& truths,
     return match;
 }
 
+int likest(const std::vector<TruthRecord>& list, const AnsweredRecord& record) {
+    int points = 0;
+    for (const TruthRecord& one : list) {
+        points = std::max(points, one.kind == record.kind ? likeness(one, record) : 0);
+    }
+    return points;
+}
+
 bool isAccepted(const Truth& truth, const AnsweredRecord& record) {
-    const auto likest = [&](const std::vector<TruthRecord>& list) {
-        int points = 0;
-        for (const TruthRecord& one : list) {
-            points = std::max(points, one.kind == record.kind ? likeness(one, record) : 0);
-        }
-        return points;
-    };
-    const int points = likest(truth.accepted);
-    return points >= 10 && points > likest(truth.records);
+    const int points = likest(truth.accepted, record);
+    return points >= 10 && points > likest(truth.records, record);
+}
+
+/// That all the record says is said by one that is neither demanded nor wrong.
+bool mayStand(const Truth& truth, const AnsweredRecord& record) {
+    return std::any_of(
+        truth.accepted.begin(), truth.accepted.end(), [&](const TruthRecord& accepted) {
+            return accepted.kind == record.kind
+                   && std::all_of(record.values.begin(), record.values.end(),
+                                  [&](const ProposedValue& value) {
+                                      const auto said = accepted.values.find(value.field);
+                                      return !isAmountField(value.field)
+                                             || (said != accepted.values.end()
+                                                 && equals(value.field, *said, value.value));
+                                  });
+        });
 }
 
 class Comparison {
@@ -107,6 +123,9 @@ class Comparison {
             wanted(score, static_cast<int>(i));
         }
         for (size_t i = 0; i < kept_.size(); ++i) {
+            if (match_[i] == nobody && mayStand(truth_, kept_[i])) {
+                continue; // the total of one account is that account's, said twice
+            }
             for (const ProposedValue& value : kept_[i].values) {
                 given(score, value, match_[i]);
             }
