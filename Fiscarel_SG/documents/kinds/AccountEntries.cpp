@@ -163,12 +163,19 @@ class EntryProposer {
         if (interest && !interest->value().isZero()) {
             const auto& tax = at(entry.figures, Figure::withholding);
             // Interest up to 200 francs a year is free of it. VStG Art. 5 Abs. 1 Bst. c
-            const bool isTaxed = tax ? !tax->value().isZero()
-                                     : interest->value() > 200 && !entry.number.starts_with("LI");
+            const bool isTaxed =
+                tax ? !tax->value().isZero() : interest->value() > 200 && !isOfLiechtenstein(entry);
             addAmount(record, isTaxed ? "incomeWithWithholding" : "incomeWithoutWithholding",
                       *interest, Figure::interest, interestChecks(entry.figures));
         }
         proposeIncome(record, entry);
+    }
+
+    /// Whether an account, or where it has no number the bank's others, are of Liechtenstein, which
+    /// withholds nothing.
+    bool isOfLiechtenstein(const AccountEntry& entry) const {
+        const auto isOne = [](const AccountEntry& one) { return one.number.starts_with("LI"); };
+        return isOne(entry) || (entry.number.empty() && std::ranges::any_of(entries_, isOne));
     }
 
     /// Income of columns that tell of the tax.

@@ -162,6 +162,8 @@ class ListReader {
                 readRow(at, isOwed ? negated(figures) : figures);
             } else if (const auto isOwed = sectionIn(page_.rows[at])) {
                 beginSection(*isOwed);
+            } else if (isTitleOfPillar(page_.rows[at])) {
+                isTied_ = true;
             }
         }
         return std::move(entries_);
@@ -178,7 +180,8 @@ class ListReader {
             return;
         }
         const AccountNumber* own = ibanOf(page_, ibans_, at, heading_.row());
-        if ((own == nullptr && (isBehindTotal(at) || !hasName(row)))
+        if ((own == nullptr && (isBehindTotal(at) || !hasName(row))) || isTied_
+            || namesAny(row, {Concept::pillar3a}, page_.isRecognised)
             || addSecondLine(at, figures)) {
             return;
         }
@@ -223,8 +226,16 @@ class ListReader {
         return isAnyIn(row.folded, kept) ? std::optional(false) : std::nullopt;
     }
 
+    /// "Säule 3a (steuerfrei)", over its accounts, which are no wealth (BVG Art. 82 and 84).
+    bool isTitleOfPillar(const Row& row) const {
+        return row.words.size() <= 10 && !hasNumber(row) && cellsOf(row).size() == 1
+               && !row.words.back().text.ends_with('.')
+               && namesAny(row, {Concept::pillar3a}, page_.isRecognised);
+    }
+
     void beginSection(bool isOwed) {
         section_ = {};
+        isTied_ = false;
         isOver_ = false;
         isSectionOwed_ = isOwed;
     }
@@ -290,6 +301,7 @@ class ListReader {
     Figures all_;     ///< those of all rows so far
     bool isOver_ = false;
     bool isSectionOwed_ = false;
+    bool isTied_ = false; ///< a section of pillar 3a
 };
 
 } // namespace
@@ -299,13 +311,26 @@ bool namesLoan(const PageRows& page, std::size_t at) {
            && !namesAny(page.rows[at], {Concept::account}, page.isRecognised);
 }
 
+namespace {
+
+/// "2025", also with a mark behind.
+bool isYear(std::string_view text) {
+    while (!text.empty() && std::string_view(".,:;)").find(text.back()) != std::string_view::npos) {
+        text.remove_suffix(1);
+    }
+    const auto number = parseAmount(text);
+    return text.size() == 4 && number && number->isYearLike();
+}
+
+} // namespace
+
 bool hasNumber(const Row& row) {
     for (std::size_t i = 0; i < row.words.size(); ++i) {
         const std::string& text = row.words[i].text;
         const bool isAmount = std::ranges::any_of(row.amounts, [&](const RowAmount& amount) {
             return amount.amount.isFirm() && amount.first <= i && i <= amount.last;
         });
-        if (!isAmount && !parseDay(text)
+        if (!isAmount && !isYear(text) && !parseDay(text)
             && std::ranges::count_if(text, [](char c) { return c >= '0' && c <= '9'; }) >= 4) {
             return true;
         }

@@ -19,7 +19,10 @@ bool mayBeIban(const std::string& joined) {
     }
     const auto fault = taxcore::ibanFault(joined);
     const bool isOwn = joined.starts_with("CH") || joined.starts_with("LI");
-    return !fault || (isOwn && fault == taxcore::IbanFault::checkDigits);
+    constexpr std::ptrdiff_t mostLetters = 5; // with those of the country; more are an ISIN's name
+    const bool mayBeMisread =
+        std::ranges::count_if(joined, [](char c) { return c >= 'A' && c <= 'Z'; }) <= mostLetters;
+    return !fault || (isOwn && mayBeMisread && fault == taxcore::IbanFault::checkDigits);
 }
 
 /// Whether the word before an amount names a foreign currency, or the one behind it where none

@@ -167,8 +167,22 @@ class AccountMapper {
                                       && of(interest)->row < of(debt)->row;
     }
 
+    /// The loan of a page that tells of an account first: interest told behind it is its own.
     static AccountEntry withoutAccount(AccountEntry entry) {
         using enum Figure;
+        const auto earned = entry.figures[static_cast<std::size_t>(interest)];
+        const auto& owed = entry.figures[static_cast<std::size_t>(debt)];
+        auto& charged = entry.figures[static_cast<std::size_t>(debtInterest)];
+        if (!charged && owed && earned && earned->row <= owed->row) {
+            const RowRange behind{entry.range.page, owed->row, entry.range.end};
+            charged = findFirst({behind}, wantedOf(interest));
+            if (charged && charged->rowOf().amounts.size() > 1) {
+                charged->amount = *lastOrNewest(*charged->page, charged->row);
+            }
+            if (charged && charged->value() == earned->value()) {
+                charged.reset();
+            }
+        }
         for (const Figure figure : {balance, interest, withholding, netInterest}) {
             entry.figures[static_cast<std::size_t>(figure)].reset();
         }
@@ -183,7 +197,24 @@ class AccountMapper {
         return figures;
     }
 
+    /// Whether the head of an entry, its first two rows, names a pillar 3a, which is no wealth
+    /// (BVG Art. 82 and 84).
+    static bool isTied(const AccountEntry& entry) {
+        const RowRange& range = entry.range;
+        for (std::size_t at = range.first; at < std::min(range.first + 2, range.end); ++at) {
+            const Row& row = range.page->rows[at];
+            if (!hasFirmAmount(row)
+                && namesAny(row, {Concept::pillar3a}, range.page->isRecognised)) {
+                return true;
+            }
+        }
+        return false;
+    }
+
     void addEntry(AccountEntry entry) {
+        if (isTied(entry)) {
+            return;
+        }
         settle(entry);
         entries_.push_back(std::move(entry));
     }

@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/RowSums.h"
 #include "Fiscarel_SG/documents/kinds/SectionTotal.h"
+#include "Fiscarel_SG/documents/rows/CellRoles.h"
 
 #include <algorithm>
 #include <cmath>
@@ -47,7 +48,7 @@ const RowAmount& choose(const std::vector<const RowAmount*>& amounts, const Page
 }
 
 /// Whether a row consists of an amount and its currency.
-bool hasOnlyAmounts(const Row& row) {
+bool consistsOfAmounts(const Row& row) {
     std::size_t covered = 0;
     for (const RowAmount& amount : row.amounts) {
         covered += amount.last - amount.first + 1;
@@ -84,12 +85,12 @@ const RowAmount* amountBelow(const RowRange& range, std::size_t at, const LabelP
     if (goesOn && next.amounts.front().amount.isFirm()) {
         return &next.amounts.front(); // further ones belong to what the sentence says next
     }
-    if ((hasOnlyAmounts(next) && next.amounts.size() == 1) || goesOn) {
+    if ((consistsOfAmounts(next) && next.amounts.size() == 1) || goesOn) {
         return isCandidate(next.amounts.back()) ? &next.amounts.back() : nullptr;
     }
     for (const RowAmount& amount : next.amounts) {
         const bool isUnder = amount.place.right > label.left && amount.place.left < label.right;
-        if (isUnder && isCandidate(amount) && range.page->number != 0 && hasOnlyAmounts(next)) {
+        if (isUnder && isCandidate(amount) && range.page->number != 0 && consistsOfAmounts(next)) {
             return &amount;
         }
     }
@@ -370,6 +371,23 @@ bool isOfYearsBeginning(const Row& row) {
     return isFirst;
 }
 
+/// Whether a sentence ends between two words of one that goes on in the row: what stands behind it
+/// is of something else. An abbreviation before its amount ends none.
+bool endsBetween(const Row& row, std::size_t first, std::size_t end) {
+    constexpr std::size_t fewest = 10; // words
+    std::size_t behind = 0;            // words with letters since the last sentence's end
+    bool isEnded = false;
+    for (std::size_t i = first; i < end && row.words.size() >= fewest; ++i) {
+        if (endsSentence(row, i)) {
+            isEnded = true;
+            behind = 0;
+        } else if (isEnded && row.words[i].folded.size() >= 3) {
+            ++behind;
+        }
+    }
+    return isEnded && behind >= 2;
+}
+
 } // namespace
 
 bool isCandidate(const RowAmount& amount) {
@@ -468,7 +486,8 @@ std::optional<FoundAmount> amountFor(const RowRange& range, std::size_t at, cons
     const Row& row = range.page->rows[at];
     std::vector<const RowAmount*> right;
     for (const RowAmount& amount : row.amounts) {
-        if (amount.first > label.last && isCandidate(amount)) {
+        if (amount.first > label.last && isCandidate(amount)
+            && !endsBetween(row, label.last, amount.first)) {
             right.push_back(&amount);
         }
     }

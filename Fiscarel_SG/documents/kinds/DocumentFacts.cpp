@@ -46,10 +46,12 @@ class YearVotes {
         }
     }
 
+    /// Of two years side by side the later one: the other is there to compare.
     std::optional<int> best() const {
         const auto most =
-            std::ranges::max_element(votes_, {}, [](const auto& entry) { return entry.second; });
-        return most == votes_.end() ? std::nullopt : std::optional(most->first);
+            std::max_element(votes_.rbegin(), votes_.rend(),
+                             [](const auto& a, const auto& b) { return a.second < b.second; });
+        return most == votes_.rend() ? std::nullopt : std::optional(most->first);
     }
 
   private:

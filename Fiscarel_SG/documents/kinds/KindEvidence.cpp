@@ -343,6 +343,25 @@ bool hasWageTitle(const DocumentRows& document) {
     });
 }
 
+/// Whether a bank lists a pillar 3a among other accounts, and nothing that was paid into it.
+bool isBankOverview(const DocumentRows& document) {
+    static const Labels others{"Privatkonto*",       "Sparkonto*",      "Jugendsparkonto*",
+                               "Lohnkonto*",         "Kontokorrent*",   "Zahlungskonto*",
+                               "Hypothek*",          "compte privé",    "compte courant",
+                               "compte d'épargne*",  "compte épargne*", "hypothèque*",
+                               "conto privato",      "conto corrente",  "conto risparmio*",
+                               "conto di risparmio", "ipoteca*"};
+    return isAnyIn(document.folded, others)
+           && isAnyIn(document.folded, wordsFor(Concept::withholding))
+           && isAnyIn(document.folded, wordsFor(Concept::interest))
+           && std::ranges::none_of(document.pages, [](const PageRows& page) {
+                  return std::ranges::any_of(page.rows, [&](const Row& row) {
+                      return hasFirmAmount(row)
+                             && namesAny(row, {Concept::contribution}, page.isRecognised);
+                  });
+              });
+}
+
 /// What more than single words tell: what is missing, who sends it, what adds up.
 void weighWhole(const DocumentRows& document, const std::string& title, int wageBonus,
                 std::map<Kind, int>& scores) {
@@ -375,7 +394,9 @@ void weighWhole(const DocumentRows& document, const std::string& title, int wage
         scores[Kind::arztrechnung] += fromPractice;
     }
     scores[Kind::lohnausweis] += wageBonus;
-    if (hasPillarTitle(document)) {
+    if (isBankOverview(document)) {
+        scores[Kind::saeule3a] = 0;
+    } else if (hasPillarTitle(document)) {
         scores[Kind::saeule3a] += pillarTitle;
         scores[Kind::versicherung] = 0; // a tied policy, whose premium is the contribution
     }

@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/kinds/RowSums.h"
+#include "Fiscarel_SG/documents/rows/CellRoles.h"
 
 #include <algorithm>
 #include <array>
@@ -21,27 +22,6 @@ struct Sentence {
     std::vector<std::size_t> starts; ///< index of each amount's first word in the sentence
     std::vector<std::size_t> ends;   ///< and of its last
 };
-
-bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-
-/// Whether a word ends its sentence; "31.", "Nr." and "lit." do not.
-bool endsSentence(const Row& row, std::size_t at) {
-    const std::string& text = row.words[at].text;
-    if (!text.ends_with('.') && !text.ends_with('!') && !text.ends_with('?')) {
-        return false;
-    }
-    if (at + 1 < row.words.size() && row.words[at + 1].text.starts_with("Fr")) {
-        return false;
-    }
-    static constexpr std::array subjects{"er", "il", "elle", "esso", "essa"};
-    if (at + 1 < row.words.size()
-        && std::ranges::find(subjects, row.words[at + 1].folded) != subjects.end()) {
-        return false; // goes on about what the one before spoke of
-    }
-    const bool isNumber = !isLetter(text.front()) && text.size() <= 3;
-    const bool isShort = text.size() <= 4 && isLetter(text.front());
-    return !isNumber && !isShort;
-}
 
 /// Whether a row stands in columns rather than runs as a sentence does.
 bool isTabular(const Row& row) {

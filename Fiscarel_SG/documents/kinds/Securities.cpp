@@ -75,7 +75,7 @@ std::optional<Stated> statedBy(const Row& cell, bool isRecognised) {
         return std::nullopt;
     }
     const auto taxed = incomeBy(cell);
-    if (says(incomes) || (taxed && cell.words.size() == 1)) {
+    if (says(incomes) || (taxed && cell.words.size() <= 2)) {
         return taxed ? taxed : Stated::income;
     }
     if (taxed && namesAny(cell, {Concept::withholding}, isRecognised)) {

@@ -68,10 +68,11 @@ class SecurityReader {
         for (std::size_t row = heading_.table.row + 1; row < page_.rows.size(); ++row) {
             const StatedAmounts amounts = amountsOf(page_, row, heading_);
             if (isTotal(row, amounts)) {
-                list_.totals = amounts;
-                break;
-            }
-            if (isNamedAbove) {
+                if (!hasMore(row)) {
+                    list_.totals = amounts;
+                    break;
+                }
+            } else if (isNamedAbove) {
                 addRow(row, amounts);
             } else if (at(amounts, Stated::value)) {
                 addSecurity(row, amounts);
@@ -93,6 +94,17 @@ class SecurityReader {
                    || isAnyIn(page_.rows[row].folded, alls)
                    || (!list_.all.empty() && !value->value().isZero()
                        && value->value() == list_.sumOf(Stated::value)));
+    }
+
+    /// Whether securities are listed below a total, which is that of a part then.
+    bool hasMore(std::size_t row) const {
+        for (std::size_t below = row + 1; below < page_.rows.size(); ++below) {
+            if (hasIsin(page_.rows[below])
+                && (at(amountsOf(page_, below, heading_), Stated::value) || namesOnly(below))) {
+                return true;
+            }
+        }
+        return false;
     }
 
     bool namesOnly(std::size_t row) const {

@@ -3,10 +3,14 @@
 #include "Fiscarel_SG/documents/text/Utf8Letters.h"
 
 #include <algorithm>
+#include <array>
+#include <string_view>
 
 namespace fiscarel {
 
 namespace {
+
+bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
 bool isSign(const RowWord& word) {
     const auto [code, length] = firstLetter(word.text);
@@ -60,6 +64,25 @@ bool hasOnlyAmounts(const Row& row) {
     return hasFirmAmount(row) && std::ranges::none_of(cellsOf(row), [&](const LabelPlace& cell) {
                return roleOf(row, cell) == Role::text;
            });
+}
+
+bool endsSentence(const Row& row, std::size_t at) {
+    const std::string& text = row.words[at].text;
+    const bool isLeader = text.ends_with("..");
+    if (isLeader || (!text.ends_with('.') && !text.ends_with('!') && !text.ends_with('?'))) {
+        return false;
+    }
+    if (at + 1 < row.words.size() && row.words[at + 1].text.starts_with("Fr")) {
+        return false;
+    }
+    static constexpr std::array<std::string_view, 5> subjects{"er", "il", "elle", "esso", "essa"};
+    if (at + 1 < row.words.size()
+        && std::ranges::find(subjects, row.words[at + 1].folded) != subjects.end()) {
+        return false; // goes on about what the one before spoke of
+    }
+    const bool isNumber = !isLetter(text.front()) && text.size() <= 3;
+    const bool isShort = text.size() <= 4 && isLetter(text.front());
+    return !isNumber && !isShort;
 }
 
 } // namespace fiscarel

@@ -21,4 +21,7 @@ bool hasOnlyAmounts(const Row& row);
 std::size_t lettersIn(const Row& row, const LabelPlace& cell);
 std::vector<RowWord> wordsOf(const Row& row, const LabelPlace& cell);
 
+/// Whether a word ends its sentence; "31.", "Nr.", "lit." and dots that lead to an amount do not.
+bool endsSentence(const Row& row, std::size_t at);
+
 } // namespace fiscarel

@@ -156,8 +156,29 @@ class Arrangement {
         const double height = rows[end_ - 1].bottom - rows[at].top + rows[at].height();
         for (std::size_t column = 0; column <= edges.size(); ++column) {
             for (std::size_t i = at; i < end_; ++i) {
-                keepColumn(rows[i], edges, column);
+                if (const Row part = columnOf(rows[i], edges, column); !part.words.empty()) {
+                    keep(part);
+                }
             }
+            shift_ += column < edges.size() ? height : 0;
+        }
+    }
+
+    /// The rows up to `end_` cut at edges, each card arranged as a page of its own.
+    void keepCards(std::size_t at, const std::vector<double>& edges) {
+        const auto& rows = page_.rows;
+        const double height = rows[end_ - 1].bottom - rows[at].top + rows[at].height();
+        for (std::size_t column = 0; column <= edges.size(); ++column) {
+            PageRows card = withoutRows(page_);
+            for (std::size_t i = at; i < end_; ++i) {
+                if (Row part = columnOf(rows[i], edges, column); !part.words.empty()) {
+                    card.rows.push_back(std::move(part));
+                }
+            }
+            const double bottom = card.rows.empty() ? 0 : card.rows.back().bottom;
+            card = Arrangement(std::move(card)).run();
+            std::ranges::for_each(card.rows, [&](const Row& row) { keep(row); });
+            shift_ += card.rows.empty() ? 0 : std::max(0.0, card.rows.back().bottom - bottom);
             shift_ += column < edges.size() ? height : 0;
         }
     }
@@ -179,7 +200,7 @@ class Arrangement {
                 return false;
             }
         }
-        keepColumns(at, edges);
+        keepCards(at, edges);
         return true;
     }
 
@@ -262,20 +283,15 @@ class Arrangement {
         return lines >= 2 && amounts >= 1;
     }
 
-    void keepColumn(const Row& row, const std::vector<double>& edges, std::size_t column) {
+    /// What of a row stands in a column between edges.
+    Row columnOf(const Row& row, const std::vector<double>& edges, std::size_t column) const {
         Words words;
-        for (const RowWord& word : row.words) {
+        std::ranges::copy_if(row.words, std::back_inserter(words), [&](const RowWord& word) {
             const auto own = std::ranges::count_if(
                 edges, [&](double edge) { return word.place.left >= edge - aligned; });
-            if (static_cast<std::size_t>(own) == column) {
-                words.push_back(word);
-                words.back().place.top += shift_;
-                words.back().place.bottom += shift_;
-            }
-        }
-        if (!words.empty()) {
-            rows_.push_back(rowOfWords(std::move(words), page_.isRecognised));
-        }
+            return static_cast<std::size_t>(own) == column;
+        });
+        return words.empty() ? Row() : rowOfWords(std::move(words), page_.isRecognised);
     }
 
     /// Labels in one row, their values in the next.

@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/rows/HouseNumbers.h"
 #include "Fiscarel_SG/documents/rows/IbanMending.h"
+#include "Fiscarel_SG/documents/rows/TaxWords.h"
 
 #include <algorithm>
 #include <cmath>
@@ -129,6 +130,7 @@ void mend(PageRows& page) {
     joinIbans(page);
     joinOverLines(page);
     hideHouseNumbers(page);
+    shortenTaxWords(page);
     firmColumns(page);
 }
 

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "Fiscarel_SG/documents/rows/PageRows.h"
+
+namespace fiscarel {
+
+/// Reads "vor Verrechnungssteuer" as "brutto" and "nach Verrechnungssteuer" as "netto", in all
+/// languages: such a row tells an interest, not the tax it names.
+void shortenTaxWords(PageRows& page);
+
+} // namespace fiscarel
