@@ -7,6 +7,7 @@
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
 #include "Fiscarel_SG/documents/rows/Vocabulary.h"
 #include "Fiscarel_SG/documents/text/FoldedText.h"
+#include "Fiscarel_SG/documents/text/Isin.h"
 
 #include <algorithm>
 #include <array>
@@ -57,12 +58,6 @@ bool hasForm(std::string_view word, std::string_view form) {
 bool isTariffCode(std::string_view word) {
     return std::ranges::any_of(std::array<std::string_view, 3>{"00.0000", "AA.00.0000", "4.0000"},
                                [&](std::string_view form) { return hasForm(word, form); });
-}
-
-bool isIsin(std::string_view word) {
-    return word.size() == 12 && hasForm(word.substr(0, 2), "AA") && isDigit(word.back())
-           && std::ranges::all_of(word.substr(2),
-                                  [](char c) { return isDigit(c) || (c >= 'A' && c <= 'Z'); });
 }
 
 bool isSubBox(std::string_view word) {

@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/Securities.h"
 
 #include "Fiscarel_SG/documents/kinds/TableHeading.h"
+#include "Fiscarel_SG/documents/text/Isin.h"
 
 #include <algorithm>
 #include <cctype>
@@ -85,14 +86,6 @@ std::optional<Stated> statedBy(const Row& cell, bool isRecognised) {
            : says(values) && !says(notValues) ? std::optional(Stated::value)
            : says(prices)                     ? std::optional(Stated::price)
                                               : std::nullopt;
-}
-
-bool isIsin(const std::string& word) {
-    const auto isUpper = [](char c) { return c >= 'A' && c <= 'Z'; };
-    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
-    return word.size() == 12 && isUpper(word[0]) && isUpper(word[1]) && isDigit(word[11])
-           && std::ranges::all_of(word, [&](char c) { return isUpper(c) || isDigit(c); })
-           && std::ranges::count_if(word, isDigit) >= 5;
 }
 
 bool hasIsin(const Row& row) {

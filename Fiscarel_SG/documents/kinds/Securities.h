@@ -35,7 +35,6 @@ struct Security {
     void put(Stated stated, const std::optional<FoundAmount>& amount);
 };
 
-bool isIsin(const std::string& word);
 /// Whether a row has an ISIN among its words.
 bool hasIsin(const Row& row);
 /// The number and name a row gives before its word `end`.

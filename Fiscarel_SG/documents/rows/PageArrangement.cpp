@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/rows/GridEdges.h"
 #include "Fiscarel_SG/documents/rows/PageMending.h"
+#include "Fiscarel_SG/documents/rows/TurnedTables.h"
 #include "Fiscarel_SG/documents/rows/Vocabulary.h"
 
 #include <algorithm>
@@ -463,6 +464,7 @@ class Arrangement {
 
 PageRows arranged(PageRows page) {
     mend(page);
+    turnTables(page);
     return Arrangement(std::move(page)).run();
 }
 

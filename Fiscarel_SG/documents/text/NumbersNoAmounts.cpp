@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/documents/text/DocumentAmount.h"
 #include "Fiscarel_SG/documents/text/FoldedText.h"
+#include "Fiscarel_SG/documents/text/Isin.h"
 #include "TaxCore/base/Iban.h"
 
 #include <algorithm>
@@ -93,6 +94,10 @@ class Marking {
         const std::string_view first = word(at);
         if (first.size() < 4 || !isLetter(first[0]) || !isLetter(first[1]) || !isDigit(first[2])
             || !isDigit(first[3])) {
+            return;
+        }
+        if (isIsin(first)) { // what stands behind it is a name or a number of pieces
+            mark(at);
             return;
         }
         std::string joined;

@@ -255,6 +255,79 @@ std::vector<Paper> mixedPapers() {
     };
 }
 
+/// Papers on which other things stand beside what is wanted.
+std::vector<Paper> besidePapers() {
+    return {
+        {"a pillar 3a is no wealth, interest before the tax is gross",
+         {{"Jahresausweis 2024"},
+          {"", {{300, "Privatkonto"}, {400, "Sparkonto"}, {540, "Vorsorgekonto 3a"}}},
+          {"Saldo am 31.12.2024", {{300, "8'780.71"}, {400, "66'910.87"}, {540, "35'829.09"}}},
+          {"Zins vor Verrechnungssteuer", {{300, "3.85"}, {400, "492.87"}, {540, "333.85"}}},
+          {"Verrechnungssteuer", {{300, "0.00"}, {400, "172.50"}}},
+          {"Zins nach Verrechnungssteuer", {{300, "3.85"}, {400, "320.37"}, {540, "333.85"}}}},
+         {{{"taxValue", "8780.71"}, {"incomeWithoutWithholding", "3.85"}},
+          {{"taxValue", "66910.87"}, {"incomeWithWithholding", "492.87"}}}},
+        {"a section of pillar 3a in a table",
+         {{"Estratto di sostanza e reddito al 31.12.2024"},
+          {"Conto", {{330, "Avere CHF"}, {440, "Interessi lordi"}, {540, "Imp. prev."}}},
+          {"Conto privato CH9300762011623852957", {{330, "6'445.43"}, {440, "5.80"}}},
+          {"Previdenza vincolata pilastro 3a"},
+          {"Conto previdenza 3.111", {{330, "59'906.65"}, {440, "364.45"}}}},
+         {{{"taxValue", "6445.43"}, {"incomeWithoutWithholding", "5.8"}}}},
+        {"what rows are about stands behind their amounts",
+         {{"Zinsausweis 2024"},
+          {"",
+           {{150, "Guthaben"},
+            {250, "Schuld"},
+            {330, "Habenzins"},
+            {420, "Sollzins"},
+            {540, "Bezeichnung"}}},
+          {"", {{150, "4'393.64"}, {330, "2.00"}, {540, "Privatkonto"}}},
+          {"", {{250, "270'000.00"}, {420, "4'185.00"}, {540, "Festhypothek"}}},
+          {"",
+           {{150, "4'393.64"},
+            {250, "270'000.00"},
+            {330, "2.00"},
+            {420, "4'185.00"},
+            {540, "Total in CHF"}}}},
+         {{{"taxValue", "4393.64"}, {"incomeWithoutWithholding", "2"}},
+          {{"amount", "270000"}, {"interest", "4185"}}}},
+        {"parts of a list of securities have their own totals",
+         {{"Valeurs fiscales et rendements du dépôt 2024"},
+          {"Désignation",
+           {{260, "ISIN"},
+            {310, "Nombre"},
+            {360, "Cours"},
+            {440, "Valeur fiscale"},
+            {490, "avec IA"},
+            {550, "sans IA"}}},
+          {"Manufacture Muster SA CH0063448481",
+           {{310, "173"}, {360, "136.30"}, {440, "23'579.90"}, {490, "563.55"}}},
+          {"Sous-total actions suisses", {{440, "23'579.90"}, {490, "563.55"}}},
+          {"Great Water Inc US0748969435",
+           {{310, "170"}, {360, "59.49"}, {440, "10'113.30"}, {550, "269.00"}}},
+          {"Total du dépôt", {{440, "33'693.20"}, {490, "563.55"}, {550, "269.00"}}}},
+         {{{"quantity", "173"}, {"taxValue", "23579.9"}, {"incomeWithWithholding", "563.55"}},
+          {{"quantity", "170"}, {"taxValue", "10113.3"}, {"incomeWithoutWithholding", "269"}}}},
+        {"negative interest is none, the new balance counts",
+         {{"Abschlussrechnung Kontokorrent 2024"},
+          {"Kontokorrent, IBAN CH93 0076 2011 6238 5295 7"},
+          {"Saldo vor Abschluss", {{540, "49'768.11"}}},
+          {"Negativzins", {{540, "246.40"}}},
+          {"Neuer Saldo zu Ihren Gunsten", {{540, "49'521.71"}}}},
+         {{{"taxValue", "49521.71"}}}},
+        {"fees below a table of Liechtenstein, which withholds nothing",
+         {{"Vermögens- und Ertragsausweis 2024"},
+          {"Position", {{400, "Steuerwert CHF"}, {540, "Bruttoertrag CHF"}}},
+          {"Kontokorrent LI21 0881 0000 2324 0130 0", {{400, "55'682.54"}, {540, "291.90"}}},
+          {"Wertschriftendepot 44.5227.5", {{400, "202'066.50"}, {540, "3'735.35"}}},
+          {"Vermögen total", {{400, "257'749.04"}, {540, "4'027.25"}}},
+          {"Auf die Erträge wurde keine Steuer erhoben. Depotgebühren 2024:", {{540, "614.25"}}}},
+         {{{"taxValue", "55682.54"}, {"incomeWithoutWithholding", "291.9"}},
+          {{"taxValue", "202066.5"}, {"incomeWithoutWithholding", "3735.35"}}}},
+    };
+}
+
 Records amountsOf(const ScanResult& result) {
     Records amounts(result.records.size());
     for (const Proposal& proposal : result.proposals) {
@@ -287,6 +360,8 @@ void expectRead(const std::vector<Paper>& papers) {
 TEST(Accounts, AreReadFromTheirTables) { expectRead(papers()); }
 
 TEST(Accounts, WhatIsKeptAndWhatIsOwedAreToldApart) { expectRead(mixedPapers()); }
+
+TEST(Accounts, WhatStandsBesideThemIsNone) { expectRead(besidePapers()); }
 
 } // namespace
 } // namespace fiscarel
