@@ -188,7 +188,7 @@ class Arrangement {
     bool takeCards(std::size_t at) {
         const auto& rows = page_.rows;
         const std::vector<double> edges = cardEdges(rows[at]);
-        if (edges.empty() || at + 1 >= rows.size() || !hasOnlyNumbers(rows[at + 1])) {
+        if (edges.empty() || at + 1 >= rows.size() || !hasOnlyNumbers(rows[at + 1], edges)) {
             return false;
         }
         end_ = at + 1;
@@ -237,16 +237,22 @@ class Arrangement {
         return {};
     }
 
-    /// Whether each cell of a row is the number of an account or a contract, as below its name.
-    static bool hasOnlyNumbers(const Row& row) {
-        const Cells cells = cellsOf(row);
-        return cells.size() >= 2 && !hasFirmAmount(row)
-               && std::ranges::all_of(cells, [&](const LabelPlace& cell) {
-                      const std::string text = textBetween(row, cell.first, cell.last);
-                      const auto digits =
-                          std::ranges::count_if(text, [](char c) { return c >= '0' && c <= '9'; });
-                      return digits >= 5 && lettersIn(row, cell) <= 4;
-                  });
+    /// Whether a row has the number of an account or a contract in two columns between edges, as
+    /// below its name, and nothing else.
+    bool hasOnlyNumbers(const Row& row, const std::vector<double>& edges) const {
+        std::size_t numbers = 0;
+        for (std::size_t column = 0; column <= edges.size(); ++column) {
+            const Row part = columnOf(row, edges, column);
+            const auto digits =
+                std::ranges::count_if(part.folded, [](char c) { return c >= '0' && c <= '9'; });
+            const auto letters =
+                std::ranges::count_if(part.folded, [](char c) { return c >= 'a' && c <= 'z'; });
+            if (!part.words.empty() && (digits < 5 || letters > 4)) {
+                return false;
+            }
+            numbers += part.words.empty() ? 0U : 1U;
+        }
+        return numbers >= 2 && !hasFirmAmount(row);
     }
 
     /// Left edges of the second and further heads of cards; empty for other rows.

@@ -120,10 +120,24 @@ void joinOverLines(PageRows& page) {
     }
 }
 
+/// Takes out what recognition makes of the lines around boxes and between columns: "|".
+void dropLines(PageRows& page) {
+    const auto isLine = [](const RowWord& word) {
+        return !word.text.empty() && word.text.find_first_not_of("|[]{}!_") == std::string::npos;
+    };
+    for (Row& row : page.rows) {
+        if (std::erase_if(row.words, isLine) > 0) {
+            row = rowOfWords(std::move(row.words), page.isRecognised);
+        }
+    }
+    std::erase_if(page.rows, [](const Row& row) { return row.words.empty(); });
+}
+
 } // namespace
 
 void mend(PageRows& page) {
     if (page.isRecognised) {
+        dropLines(page);
         straightenBends(page);
         std::ranges::for_each(page.rows, mendIbans);
     }

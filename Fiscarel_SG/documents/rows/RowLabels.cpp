@@ -35,9 +35,15 @@ bool lacks(std::uint64_t letters, std::uint64_t wanted, std::size_t most) {
     return static_cast<std::size_t>(std::popcount(wanted & ~letters)) > most;
 }
 
-/// How many letters of a label may be wrong in recognised text.
+/// How many letters of a label may be wrong in recognised text: none where one letter makes the
+/// opposite of it, as of "notre" and "votre".
 std::size_t toleranceOf(const Label& label) {
-    return label.compact().size() / (label.isOpen() ? 10 : 8);
+    const std::string& folded = label.folded();
+    const bool tellsWhose =
+        hasPhrase(folded, "notre", false) || hasPhrase(folded, "votre", false)
+        || hasPhrase(folded, "nostro", false) || hasPhrase(folded, "vostro", false)
+        || hasPhrase(folded, "nostra", false) || hasPhrase(folded, "vostra", false);
+    return tellsWhose ? 0 : label.compact().size() / (label.isOpen() ? 10 : 8);
 }
 
 /// Whether a word ends with, or for an open label holds, a label's word.
