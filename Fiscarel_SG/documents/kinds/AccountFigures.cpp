@@ -1,5 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/AccountFigures.h"
 
+#include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+
 #include <algorithm>
 
 namespace fiscarel {
@@ -20,11 +22,11 @@ std::optional<FoundAmount> interestWithin(const RowRange& range) {
 void findInterestByTax(const RowRange& range, Figures& figures) {
     std::vector<FoundAmount> lasts;
     for (std::size_t at = range.first; at < range.end; ++at) {
-        const Row& row = range.page->rows[at];
-        if (!row.amounts.empty() && row.amounts.back().amount.isFirm()) {
+        const RowAmount* last = lastOrNewest(*range.page, at);
+        if (last != nullptr && last->amount.isFirm()) {
             lasts.push_back({.page = range.page,
                              .row = at,
-                             .amount = row.amounts.back(),
+                             .amount = *last,
                              .label = "Zins",
                              .isAlone = false});
         }

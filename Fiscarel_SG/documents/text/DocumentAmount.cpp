@@ -141,6 +141,26 @@ bool correctDigits(std::string& plain) {
     return letters > 0 && digits > letters;
 }
 
+/// Puts the marks of a misread amount right: "4.016.00" with points between thousands, "33:15" with
+/// a colon before the cents, which is no time of day. False for what has neither.
+bool mendMarks(std::string& text) {
+    if (text.size() < 5) {
+        return false;
+    }
+    char& mark = text[text.size() - 3];
+    const std::string_view before = std::string_view(text).substr(0, text.size() - 3);
+    if (mark == '.') {
+        std::replace(text.begin(), text.end() - 3, '.', '\'');
+        return true;
+    }
+    const bool isHour = before.size() < 2 || (before.size() == 2 && before < "24");
+    if (mark == ':' && !isHour) {
+        mark = '.';
+        return true;
+    }
+    return false;
+}
+
 } // namespace
 
 bool isFrancs(std::string_view word) {
@@ -197,9 +217,7 @@ std::optional<PrintedAmount> parseAmount(std::string_view text, bool isRecognise
         rest.remove_suffix(1);
     }
     auto parsed = parsePlain(rest, amount);
-    if (!parsed && isRecognised && rest.size() > 3 && rest[rest.size() - 3] == '.') {
-        std::string marked(rest); // "4.016.00": points for marks
-        std::replace(marked.begin(), marked.end() - 3, '.', '\'');
+    if (std::string marked(rest); !parsed && isRecognised && mendMarks(marked)) {
         parsed = parsePlain(marked, amount);
         if (parsed) {
             parsed->wasCorrected = true;

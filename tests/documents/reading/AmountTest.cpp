@@ -75,6 +75,9 @@ TEST(DocumentAmount, takesLettersForDigitsOnlyWhereTheRestIsAnAmount) {
     EXPECT_EQ(parseAmount("12O.5O", true)->value, 120.50_dec);
     EXPECT_EQ(parseAmount("l’2I0.00", true)->value, 1210);
     EXPECT_TRUE(parseAmount("12O.5O", true)->wasCorrected);
+    EXPECT_EQ(parseAmount("33:15", true)->value, 33.15_dec);
+    EXPECT_FALSE(parseAmount("13:15", true)) << "a time of day";
+    EXPECT_FALSE(parseAmount("33:15"));
     EXPECT_FALSE(parseAmount("lO", true)) << "a word, not 10";
     EXPECT_FALSE(parseAmount("Ol.Il", true)) << "more letters than digits";
 }
