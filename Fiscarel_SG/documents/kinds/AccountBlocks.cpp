@@ -48,23 +48,10 @@ bool isNamedBlock(const PageRows& page, std::size_t at) {
            && (beginsWith(page, at, Concept::account) || beginsWith(page, at, Concept::debt));
 }
 
-/// Whether a row is nothing but the name of a loan, over rows of labels and amounts.
-bool isLoanTitle(const PageRows& page, std::size_t at) {
+/// Whether one of the next rows has a label and its amount.
+bool hasFiguresBelow(const PageRows& page, std::size_t at) {
     constexpr std::size_t farthest = 4; // rows from the name to the first amount
-    const Row& row = page.rows[at];
-    if (row.words.size() > 5 || hasFirmAmount(row) || cellsOf(row).size() != 1
-        || !beginsWith(page, at, Concept::debt)) {
-        return false;
-    }
-    const bool isOther =
-        namesAny(row,
-                 {Concept::account, Concept::interest, Concept::debtInterest, Concept::repayment,
-                  Concept::rate, Concept::total, Concept::balance},
-                 page.isRecognised);
-    if (isOther || namesLastDay(row)) {
-        return false;
-    }
-    std::size_t labels = 0; // rows with what their amount is
+    std::size_t labels = 0;             // rows with what their amount is
     for (std::size_t below = at + 1; below < std::min(page.rows.size(), at + 1 + farthest);
          ++below) {
         if (hasOnlyAmounts(page.rows[below])) {
@@ -73,6 +60,26 @@ bool isLoanTitle(const PageRows& page, std::size_t at) {
         labels += hasFirmAmount(page.rows[below]) ? 1U : 0U;
     }
     return labels > 0;
+}
+
+/// Whether a row is nothing but the name of a loan, over rows of labels and amounts; a part of one
+/// may be meant: "Tranche B – 2,15 %".
+bool isLoanTitle(const PageRows& page, std::size_t at) {
+    static const Labels parts{"Tranche*", "tranche*"};
+    const Row& row = page.rows[at];
+    const auto part = findLabel(row, parts, page.isRecognised);
+    const bool isPart = part && part->first == 0 && row.words.size() <= 8;
+    if ((row.words.size() > 5 && !isPart) || hasFirmAmount(row) || cellsOf(row).size() != 1
+        || (!isPart && !beginsWith(page, at, Concept::debt))) {
+        return false;
+    }
+    const bool isOther =
+        !isPart
+        && namesAny(row,
+                    {Concept::account, Concept::interest, Concept::debtInterest, Concept::repayment,
+                     Concept::rate, Concept::total, Concept::balance},
+                    page.isRecognised);
+    return !isOther && !namesLastDay(row) && hasFiguresBelow(page, at);
 }
 
 std::vector<std::size_t> namedBlocks(const PageRows& page) {
@@ -113,6 +120,16 @@ std::vector<std::size_t> startsAboveFigures(const PageRows& page,
 
 } // namespace
 
+bool namesShares(const Row& row) {
+    static const Labels shares{
+        "*kassenobligation*",     "*anteilschein*",        "*anteilscheine*",
+        "Genossenschaftsanteil*", "parts sociales",        "part sociale",
+        "obligation de caisse",   "obligations de caisse", "obbligazione di cassa",
+        "obbligazioni di cassa",  "quote sociali"};
+    return row.words.size() <= 5 && !hasFirmAmount(row) && cellsOf(row).size() == 1
+           && isAnyIn(row.folded, shares);
+}
+
 std::vector<std::size_t> blockStarts(const PageRows& page,
                                      const std::vector<AccountNumber>& ibans) {
     std::vector<std::size_t> starts = startsAboveFigures(page, ibans);
@@ -127,8 +144,24 @@ std::vector<std::size_t> blockStarts(const PageRows& page,
         return namesLoan(page, at) && (at > starts.front() || hasAmounts(page, at, starts.front()))
                && std::ranges::find(ibans, at, &AccountNumber::row) == ibans.end();
     };
+    std::vector<std::size_t> shares;
+    std::vector<std::size_t> parts; // of one loan, where no account is told of
+    for (std::size_t at = 0; at < page.rows.size(); ++at) {
+        if (namesShares(page.rows[at]) && hasFiguresBelow(page, at)) {
+            shares.push_back(at);
+        }
+        if (starts.empty() && isLoanTitle(page, at)) {
+            parts.push_back(at);
+        }
+    }
+    if (parts.size() >= 2) {
+        return parts;
+    }
+    if (starts.empty()) {
+        return shares;
+    }
     std::vector<std::size_t> loans;
-    for (std::size_t at = 0; at < page.rows.size() && !starts.empty(); ++at) {
+    for (std::size_t at = 0; at < page.rows.size(); ++at) {
         const bool isNamed = std::ranges::find(named, at) != named.end();
         const bool isTitle =
             !isNamed && isLoanTitle(page, at)
@@ -139,6 +172,7 @@ std::vector<std::size_t> blockStarts(const PageRows& page,
         }
     }
     starts.insert(starts.end(), loans.begin(), loans.end());
+    starts.insert(starts.end(), shares.begin(), shares.end());
     std::ranges::sort(starts);
     return starts;
 }

@@ -11,6 +11,9 @@ namespace fiscarel {
 /// stands below the figures at their name.
 std::vector<std::size_t> blockStarts(const PageRows& page, const std::vector<AccountNumber>& ibans);
 
+/// Whether a row is the title of what a bank's shares or notes held bring: "Anteilscheine".
+bool namesShares(const Row& row);
+
 /// Where the last of several ends: at the totals of all, which the first has none of.
 std::size_t endOfLastBlock(const PageRows& page, const std::vector<std::size_t>& starts);
 

@@ -37,8 +37,14 @@ bool isForeign(const Row& row, const RowAmount& amount) {
     return amount.last + 1 < row.words.size() && isForeignCurrency(row.words[amount.last + 1].text);
 }
 
-/// Whether a row names the last day of a year before the document's, and none of its own.
+/// Whether a row names the last day of a year before the document's, and none of its own: "fin
+/// 2024".
 bool isPast(const Row& row, std::optional<int> year) {
+    static const Labels ends{"Ende", "fin", "fine"};
+    const auto isBefore = [&](int own, std::size_t at) {
+        const auto number = parseAmount(row.words[at].text);
+        return number && number->isYearLike() && number->value < own;
+    };
     bool isPast = false;
     for (std::size_t i = 0; i < row.words.size(); ++i) {
         auto day = parseDay(row.words[i].text);
@@ -49,6 +55,7 @@ bool isPast(const Row& row, std::optional<int> year) {
             return false;
         }
         isPast |= day && year && day->month() == 12 && day->day() == 31;
+        isPast |= year && i > 0 && isAnyIn(row.words[i - 1].folded, ends) && isBefore(*year, i);
     }
     return isPast;
 }

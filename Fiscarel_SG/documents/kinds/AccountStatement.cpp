@@ -142,7 +142,8 @@ class AccountMapper {
             AccountEntry entry{.figures = isLoan ? figuresOfLoan(range) : figuresByLabel(range),
                                .number = own == ibans.end() ? std::string() : own->text,
                                .range = range,
-                               .isLoan = isLoan};
+                               .isLoan = isLoan,
+                               .isDepot = i < starts.size() && namesShares(page.rows[starts[i]])};
             if (starts.size() <= 1 && tellsOfBoth(entry)) {
                 addEntry(withoutAccount(entry));
                 entry.figures = withoutLoan(entry.figures);

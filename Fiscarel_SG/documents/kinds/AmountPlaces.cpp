@@ -371,6 +371,27 @@ bool isOfYearsBeginning(const Row& row) {
     return isFirst;
 }
 
+/// Of what was posted and the running balance beside it the balance is not meant.
+void dropRunningBalance(const RowRange& range, std::size_t at, const Wanted& wanted,
+                        std::vector<const RowAmount*>& amounts) {
+    static const Labels balances{"Saldo", "solde", "Kontostand", "balance"};
+    static const Labels postings{"Belastung*", "Gutschrift*", "addebit*", "accredit*", "débit*",
+                                 "crédit*",    "Soll",        "Haben",    "dare",      "avere",
+                                 "debit",      "credit",      "Betrag",   "montant",   "importo"};
+    const bool isBalance = std::ranges::any_of(wanted.meanings, [](const Meaning& meaning) {
+        return std::ranges::find(meaning, Concept::balance) != meaning.end()
+               || std::ranges::find(meaning, Concept::debt) != meaning.end();
+    });
+    const auto isUnder = [&](const RowAmount& amount, const Labels& labels) {
+        const Row heading = headingOver(*range.page, at, amount);
+        return heading.words.size() == 1 && isAnyIn(heading.words[0].folded, labels);
+    };
+    if (!isBalance && amounts.size() == 2 && isUnder(*amounts.back(), balances)
+        && isUnder(*amounts.front(), postings)) {
+        amounts.pop_back();
+    }
+}
+
 /// Whether a sentence ends between two words of one that goes on in the row: what stands behind it
 /// is of something else. An abbreviation before its amount ends none.
 bool endsBetween(const Row& row, std::size_t first, std::size_t end) {
@@ -491,6 +512,7 @@ std::optional<FoundAmount> amountFor(const RowRange& range, std::size_t at, cons
             right.push_back(&amount);
         }
     }
+    dropRunningBalance(range, at, wanted, right);
     FoundAmount found{
         .page = range.page, .row = at, .label = textBetween(row, label.first, label.last)};
     if (std::ranges::any_of(right, [](const RowAmount* one) { return one->amount.isFirm(); })) {

@@ -346,8 +346,9 @@ bool isBankOverview(const DocumentRows& document) {
                                "compte d'épargne*",  "compte épargne*", "hypothèque*",
                                "conto privato",      "conto corrente",  "conto risparmio*",
                                "conto di risparmio", "ipoteca*"};
-    return isAnyIn(document.folded, others)
-           && isAnyIn(document.folded, wordsFor(Concept::withholding))
+    const auto named = std::ranges::count_if(
+        others, [&](const Label& other) { return isIn(document.folded, other); });
+    return named > 0 && (named > 1 || isAnyIn(document.folded, wordsFor(Concept::withholding)))
            && isAnyIn(document.folded, wordsFor(Concept::interest))
            && std::ranges::none_of(document.pages, [](const PageRows& page) {
                   return std::ranges::any_of(page.rows, [&](const Row& row) {

@@ -84,6 +84,22 @@ void addLine(std::vector<TableColumn>& columns, std::vector<TableColumn> line) {
     }
 }
 
+/// Puts the words of a heading's first line, which has fewer than the second, before those below.
+void addLineAbove(std::vector<TableColumn>& columns, const std::vector<TableColumn>& line) {
+    for (TableColumn& column : columns) {
+        const auto above = std::ranges::find_if(line, [&](const TableColumn& one) {
+            return column.place.left < one.place.right && one.place.left < column.place.right;
+        });
+        if (above != line.end()) {
+            auto& words = column.cell.words;
+            words.insert(words.begin(), above->cell.words.begin(), above->cell.words.end());
+            column.cell.folded = above->cell.folded + column.cell.folded;
+            column.place = {0, words.size() - 1, std::min(above->place.left, column.place.left),
+                            std::max(above->place.right, column.place.right)};
+        }
+    }
+}
+
 std::vector<TableColumn> columnsOf(const PageRows& page, std::size_t at,
                                    const std::vector<double>& edges) {
     std::vector<TableColumn> columns;
@@ -177,6 +193,9 @@ TableHeading tableHeadingIn(const PageRows& page, std::size_t at, bool withNext)
     if (columns.size() >= 3 && line.size() >= 2) {
         addLine(columns, std::move(line));
         heading.columns = std::move(columns);
+    } else if (columns.size() >= 2 && line.size() >= 3) {
+        addLineAbove(line, columns);
+        heading.columns = std::move(line);
     }
     return heading;
 }
