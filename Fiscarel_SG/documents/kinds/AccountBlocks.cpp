@@ -140,8 +140,10 @@ std::vector<std::size_t> blockStarts(const PageRows& page,
     if (ibans.size() < 2 && named.size() >= 2) {
         return named;
     }
+    static const Labels cards{"Kreditkarte*", "Kartenkonto", "carte de crédit", "carta di credito"};
     const auto isLoan = [&](std::size_t at) {
-        return namesLoan(page, at) && (at > starts.front() || hasAmounts(page, at, starts.front()))
+        return (namesLoan(page, at) || isAnyIn(page.rows[at].folded, cards))
+               && (at > starts.front() || hasAmounts(page, at, starts.front()))
                && std::ranges::find(ibans, at, &AccountNumber::row) == ibans.end();
     };
     std::vector<std::size_t> shares;

@@ -110,6 +110,19 @@ std::size_t endOfColumns(const PageRows& page, std::size_t at, double left) {
     return page.rows.size();
 }
 
+/// Where the figures of columns end: at a line of words and amounts that runs under them.
+std::size_t endOfFigures(const PageRows& page, std::size_t at, double left) {
+    for (std::size_t below = at + 1; below < page.rows.size(); ++below) {
+        const Row& row = page.rows[below];
+        const auto cells = cellsOf(row);
+        if (cells.size() == 1 && row.words.size() > 1 && cells[0].left < left - alignment(page)
+            && cells[0].right > left && hasFirmAmount(row)) {
+            return below;
+        }
+    }
+    return page.rows.size();
+}
+
 /// Whether rows below say left of a column what their amounts are: at least two figures.
 bool statesFigures(const PageRows& page, std::size_t at, double left) {
     constexpr std::size_t farthest = 3; // rows from the headings to the first figure
@@ -145,7 +158,7 @@ AccountColumns accountColumns(const PageRows& page) {
         }
         PageRows table = page;
         const std::size_t end = endOfColumns(page, at, cells.front().left);
-        table.rows.resize(end);
+        table.rows.resize(std::min(end, endOfFigures(page, at, cells.front().left)));
         AccountColumns columns{columnsAsPages(table, at, cells), end};
         keepNewest(columns.parts);
         return columns;

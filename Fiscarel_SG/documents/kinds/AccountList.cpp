@@ -212,7 +212,8 @@ class ListReader {
                                  "Kredite",         "Darlehen", "Ausleihungen", "engagements",
                                  "passifs",         "dettes",   "prêts",        "hypothèques",
                                  "crédits",         "passivi",  "impegni",      "debiti",
-                                 "prestiti",        "ipoteche", "mutui",        "Finanzierungen"};
+                                 "prestiti",        "ipoteche", "mutui",        "Finanzierungen",
+                                 "financements",    "crediti",  "finanziamenti"};
         static const Labels kept{"Aktiven", "Guthaben",      "Vermögen", "Konten",    "Einlagen",
                                  "Depots",  "Wertschriften", "avoirs",   "actifs",    "comptes",
                                  "titres",  "dépôts",        "fortune",  "averi",     "attivi",
