@@ -23,12 +23,16 @@ TableColumn columnFrom(const Row& row, const LabelPlace& place) {
     return column;
 }
 
-/// Right edges of the amounts in the rows below a heading.
+/// Right edges of the amounts in the rows below a heading; sentences have no columns.
 std::vector<double> edgesBelow(const PageRows& page, std::size_t at) {
     std::vector<double> edges;
     const std::size_t end = std::min(page.rows.size(), at + 1 + rowsLookedAt);
     for (std::size_t below = at + 1; below < end; ++below) {
-        for (const RowAmount& amount : page.rows[below].amounts) {
+        const Row& row = page.rows[below];
+        if (cellsOf(row).size() == 1 && !hasOnlyAmounts(row)) {
+            continue;
+        }
+        for (const RowAmount& amount : row.amounts) {
             edges.push_back(amount.place.right);
         }
     }
