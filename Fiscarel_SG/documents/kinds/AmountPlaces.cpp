@@ -64,9 +64,28 @@ bool continuesSentence(const Row& row) {
     return first >= 'a' && first <= 'z';
 }
 
+/// Whether a sentence ends between two words of a row: "pasti. La tassa di CHF 80".
+bool endsSentence(const Row& row, std::size_t first, std::size_t end) {
+    return std::any_of(row.words.begin() + static_cast<std::ptrdiff_t>(first),
+                       row.words.begin() + static_cast<std::ptrdiff_t>(end),
+                       [](const RowWord& word) {
+                           return word.text.size() > 4 && word.text.ends_with('.')
+                                  && word.folded.find_first_of("0123456789") == std::string::npos;
+                       });
+}
+
+/// Whether what goes on up to a word tells of something else than is wanted.
+bool saysOther(const Row& row, std::size_t end, const Wanted& wanted, bool isRecognised) {
+    Row words;
+    words.words.assign(row.words.begin(), row.words.begin() + static_cast<std::ptrdiff_t>(end));
+    return endsSentence(row, 0, end) || findLabel(words, wanted.without, isRecognised)
+           || namesAny(words, wanted.notMeant, isRecognised);
+}
+
 /// The amount of a label whose own row has none: in the row below, if that only goes on with the
 /// label's words or holds nothing but the amount, or heads a column with it.
-const RowAmount* amountBelow(const RowRange& range, std::size_t at, const LabelPlace& label) {
+const RowAmount* amountBelow(const RowRange& range, std::size_t at, const LabelPlace& label,
+                             const Wanted& wanted) {
     const Row& own = range.page->rows[at];
     if (at + 1 >= range.end) {
         return nullptr;
@@ -81,6 +100,11 @@ const RowAmount* amountBelow(const RowRange& range, std::size_t at, const LabelP
     const bool goesOn = breaksOff
                         || (continuesSentence(next) && next.words.front().place.left < label.right
                             && next.amounts.back().place.left > label.left);
+    if (goesOn
+        && (endsSentence(own, label.last, own.words.size())
+            || saysOther(next, next.amounts.front().first, wanted, range.page->isRecognised))) {
+        return nullptr;
+    }
     if (goesOn && next.amounts.front().amount.isFirm()) {
         return &next.amounts.front(); // further ones belong to what the sentence says next
     }
@@ -305,7 +329,10 @@ const RowAmount* amountBefore(const Row& row, const LabelPlace& label) {
     }
     const RowAmount& amount = row.amounts.front();
     const bool isFirst = amount.first == 0 || (amount.first == 1 && isFrancs(row.words[0].text));
-    return isFirst ? &amount : nullptr;
+    const std::string& last = row.words[amount.last].text;
+    const bool endsSentence =
+        last.ends_with('.') || last.ends_with(';'); // "37'734.00. Il riscatto"
+    return isFirst && !endsSentence ? &amount : nullptr;
 }
 
 /// The first amount behind a label in the same cell, where a sentence goes on behind it.
@@ -488,7 +515,7 @@ std::optional<FoundAmount> amountFor(const RowRange& range, std::size_t at, cons
         found.isAlone = right.size() == 1 || headed != nullptr;
         return found;
     }
-    if (const RowAmount* below = amountBelow(range, at, label)) {
+    if (const RowAmount* below = amountBelow(range, at, label, wanted)) {
         found.row = at + 1;
         found.amount = *below;
         found.isBelow = true;
