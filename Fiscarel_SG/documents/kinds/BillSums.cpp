@@ -181,6 +181,7 @@ std::optional<SummedAmount> wholeOfList(const DocumentRows& document, const Foun
     while (page.number != 0 && first > 0 && goesOn(first - 1)) {
         --first;
     }
+    std::ranges::reverse(list); // as printed
     for (std::size_t at = part.row; page.number != 0 && at < page.rows.size() && goesOn(at); ++at) {
     }
     return wholeOfParts(document, list);

@@ -188,29 +188,34 @@ std::vector<NamedPerson> listedChildren(const Row& row) {
     return names.size() >= 2 ? names : std::vector<NamedPerson>();
 }
 
-/// Whether two words are what an amount is for: "Freie Vorsorge", "Betreuung Montag".
-bool namesThing(const Row& row) {
+/// Whether a name's two words are what an amount is for: "Freie Vorsorge", "Betreuung Montag".
+bool namesThing(const Row& row, const NamedPerson& name) {
     using enum Concept;
     static const std::vector<Concept> things{
         pillar3a, freePillar,   occupational, childcare, course,  donation, premium, amount,
         fee,      contribution, account,      meals,     insured, interest, total};
     Row words;
-    words.words.assign(row.words.begin(), row.words.begin() + 2);
+    words.words = {row.words[name.first], row.words[name.last]};
     static const Labels more{"*vorsorge*", "*versicherung*", "*prévoyance*", "*previdenza*"};
     return namesAny(words, things, false) || findLabel(words, more, false);
 }
 
-/// The name that is all a row says before its amounts.
+/// The name that is all a row says before its amounts; a bullet may stand before it.
 std::optional<NamedPerson> nameOfAmount(const Row& row) {
-    const auto isNumber = [](const RowWord& word) {
-        return word.text.find_first_of("0123456789") != std::string::npos;
+    const auto endsName = [](const RowWord& word) {
+        return word.text.find_first_of("0123456789") != std::string::npos || word.folded.empty()
+               || isFrancs(word.text);
     };
-    const auto number = std::ranges::find_if(row.words, isNumber) - row.words.begin();
-    const bool isName =
-        number >= 2 && number <= 3 && std::ranges::any_of(row.amounts, [](const RowAmount& amount) {
-            return amount.amount.isFirm();
-        });
-    return isName && !namesThing(row) ? nameAt(row, 0) : std::nullopt;
+    const bool isFirm = std::ranges::any_of(
+        row.amounts, [](const RowAmount& amount) { return amount.amount.isFirm(); });
+    const std::size_t first = !row.words.empty() && row.words[0].folded.empty() ? 1 : 0;
+    std::size_t end = first;
+    while (end < row.words.size() && !endsName(row.words[end])) {
+        ++end;
+    }
+    const bool isName = isFirm && end - first >= 2 && end - first <= 3;
+    auto name = isName ? nameAt(row, first) : std::nullopt;
+    return name && !namesThing(row, *name) ? name : std::nullopt;
 }
 
 } // namespace
@@ -223,7 +228,7 @@ People::People(const DocumentRows& document) {
             look(row, above);
             above = &row;
             if (const auto name = nameOfAmount(row)) {
-                inTables[row.words[1].folded].insert(row.words[0].folded);
+                inTables[row.words[name->last].folded].insert(row.words[name->first].folded);
             }
         }
     }
