@@ -343,6 +343,17 @@ bool proposeProven(const KindContext& context, RecordsByKind& records, ProposalD
     return true;
 }
 
+/// The amount above a reduction that less it is the total below it: what the premiums were before.
+std::optional<FoundAmount> beforeReduction(const FoundAmount& total,
+                                           const std::optional<FoundAmount>& reduced) {
+    const bool isBetween = reduced && reduced->page == total.page && reduced->row < total.row
+                           && reduced->value().abs() >= 1;
+    if (!isBetween) {
+        return std::nullopt;
+    }
+    return printedAt({{total.page, 0, reduced->row}}, total.value() + reduced->value().abs());
+}
+
 /// A total of the premiums by its words; false where there is none.
 bool proposeTotal(const KindContext& context, RecordsByKind& records, ProposalDraft& draft,
                   const std::vector<FoundAmount>& single, const Decimal& sum) {
@@ -361,6 +372,9 @@ bool proposeTotal(const KindContext& context, RecordsByKind& records, ProposalDr
     const auto reduced = findLast(ranges, reductions());
     if (reduced && single.size() > 1 && gross.value() + reduced->value().abs() == sum) {
         return false;
+    }
+    if (auto before = beforeReduction(gross, reduced)) {
+        gross = std::move(*before);
     }
     auto checks = premiumChecks(ranges, gross);
     if (whole) {
