@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/Pensions.h"
 
 #include "Fiscarel_SG/documents/kinds/PensionAmounts.h"
+#include "Fiscarel_SG/documents/kinds/PensionWords.h"
 #include "Fiscarel_SG/documents/kinds/People.h"
 #include "Fiscarel_SG/documents/kinds/PlainAmount.h"
 #include "Fiscarel_SG/documents/text/FoldedText.h"
@@ -81,11 +82,13 @@ bool isOfTheState(const DocumentRows& document) {
                               "Rentenbescheinigung der AHV",
                               "Rente AVS*",
                               "caisse de compensation",
+                              "caisse cantonale de compensation",
                               "caisse AVS",
                               "office AI",
                               "office des assurances sociales",
                               "établissement des assurances sociales",
                               "cassa di compensazione",
+                              "cassa cantonale di compensazione",
                               "cassa AVS",
                               "rendita AVS*",
                               "ufficio AI",
@@ -131,7 +134,11 @@ class BenefitPaper {
     BenefitPaper(const KindContext& context, const BenefitTarget& target, Benefit benefit,
                  ProposalDraft& draft)
         : context_(context), draft_(draft), amounts_(pensionAmounts(context.document, benefit)),
-          people_(context.document), target_(target), benefit_(benefit) {}
+          people_(context.document), target_(target), benefit_(benefit) {
+        for (PensionAmount& one : amounts_) {
+            one.isBarred |= context.facts.year && beginsAfter(one.words, *context.facts.year);
+        }
+    }
 
     bool proposePension(bool isProvenOnly) {
         return proposePeople() || proposeBlocks() || proposeProven() || proposeForTax()
