@@ -4,6 +4,7 @@
 #include "Fiscarel_SG/documents/kinds/PensionWords.h"
 #include "Fiscarel_SG/documents/kinds/People.h"
 #include "Fiscarel_SG/documents/kinds/PlainAmount.h"
+#include "Fiscarel_SG/documents/kinds/Prose.h"
 #include "Fiscarel_SG/documents/text/FoldedText.h"
 
 #include <algorithm>
@@ -141,8 +142,8 @@ class BenefitPaper {
     }
 
     bool proposePension(bool isProvenOnly) {
-        return proposePeople() || proposeBlocks() || proposeProven() || proposeForTax()
-               || (!isProvenOnly && proposeNamed());
+        return proposePeople() || proposeBlocks() || proposeTold() || proposeProven()
+               || proposeForTax() || (!isProvenOnly && proposeNamed());
     }
 
     bool proposeAllowances() { return proposeProven() || proposeForTax(); }
@@ -193,6 +194,23 @@ class BenefitPaper {
             } else if (known->second->found.value() != one.found.value()) {
                 return false;
             }
+        }
+        return put(parts);
+    }
+
+    /// A couple's pensions, of which a sentence tells one behind each name.
+    bool proposeTold() {
+        Parts parts;
+        for (const PersonAmount& told : findPeopleInProse(context_.document, pensions())) {
+            const auto own = std::ranges::find_if(amounts_, [&](const PensionAmount& one) {
+                return one.canBePension() && one.found.page == told.found.page
+                       && one.found.row == told.found.row
+                       && one.found.amount.first == told.found.amount.first;
+            });
+            if (own == amounts_.end()) {
+                return false;
+            }
+            parts.emplace_back(told.person, &*own);
         }
         return put(parts);
     }

@@ -152,6 +152,21 @@ std::string familyOfCells(const Row& row) {
     return {};
 }
 
+/// The families of those whom a salutation names: "die Rente von Frau Anna Muster".
+std::vector<std::string> familiesOfSaluted(const Row& row) {
+    static const Labels salutations{"Herr",   "Herrn",  "Frau",   "Monsieur",
+                                    "Madame", "Signor", "Signora"};
+    std::vector<std::string> families;
+    for (std::size_t i = 1; i < row.words.size(); ++i) {
+        const auto name =
+            isAnyIn(row.words[i - 1].folded, salutations) ? nameAt(row, i) : std::nullopt;
+        if (name) {
+            families.push_back(row.words[name->last].folded);
+        }
+    }
+    return families;
+}
+
 /// The day that begins with a word.
 std::optional<Date> dayAt(const Row& row, std::size_t at) {
     const auto day = parseDay(bare(row.words[at].text));
@@ -310,6 +325,9 @@ void People::look(const Row& row, const Row* above) {
                 }
             }
         }
+    }
+    for (std::string& family : familiesOfSaluted(row)) {
+        families_.insert(std::move(family));
     }
     if (std::string family = familyOfCells(row); !family.empty()) {
         families_.insert(std::move(family));

@@ -272,6 +272,28 @@ class ProseSearch {
         }
     }
 
+    /// Amounts whose meaning is said behind them, in the words of their clause.
+    std::vector<FoundAmount> behind() const {
+        std::vector<FoundAmount> found;
+        for (const Sentence& sentence : sentences_) {
+            for (std::size_t i = 0; i < sentence.amounts.size(); ++i) {
+                const Row words = clauseBehind(sentence, i);
+                const bool isRecognised = isFromRecognised(sentence, i);
+                const bool isMeant =
+                    !namesAny(words, wanted_.notMeant, isRecognised)
+                    && !findLabel(words, wanted_.without, isRecognised)
+                    && std::ranges::any_of(wanted_.meanings, [&](const Meaning& meaning) {
+                           return findMeaning(words, meaning, isRecognised).has_value();
+                       });
+                if (isMeant) {
+                    found.push_back(sentence.amounts[i]);
+                    found.back().label = textBetween(words, 0, words.words.size() - 1);
+                }
+            }
+        }
+        return found;
+    }
+
     std::vector<FoundAmount> run() const {
         for (const Label& label : wanted_.labels) {
             auto found =
@@ -315,6 +337,17 @@ class ProseSearch {
         return saying;
     }
 
+    /// The words behind an amount up to the next one, or to where a clause ends.
+    static Row clauseBehind(const Sentence& sentence, std::size_t which) {
+        const std::size_t first = sentence.ends[which] + 1;
+        std::size_t end = endOfFollowing(sentence, which);
+        for (std::size_t i = first; i < end; ++i) {
+            const std::string& text = sentence.row.words[i].text;
+            end = text.ends_with(';') || text.ends_with(',') ? i + 1 : end;
+        }
+        return part(sentence.row, first, end);
+    }
+
     static bool isFromRecognised(const Sentence& sentence, std::size_t which) {
         return sentence.amounts[which].page->isRecognised;
     }
@@ -351,6 +384,11 @@ class ProseSearch {
 
 std::vector<FoundAmount> findInProse(const std::vector<RowRange>& ranges, const Wanted& wanted) {
     return ProseSearch(ranges, wanted).run();
+}
+
+std::vector<FoundAmount> findBehindInProse(const std::vector<RowRange>& ranges,
+                                           const Wanted& wanted) {
+    return ProseSearch(ranges, wanted).behind();
 }
 
 std::optional<SummedAmount> sumInProse(const std::vector<RowRange>& ranges, const Wanted& wanted) {

@@ -2,6 +2,7 @@
 #include "Fiscarel_SG/documents/kinds/DocumentFacts.h"
 #include "Fiscarel_SG/documents/kinds/FormHeader.h"
 #include "Fiscarel_SG/documents/kinds/People.h"
+#include "Fiscarel_SG/documents/kinds/Prose.h"
 #include "Fiscarel_SG/documents/kinds/SalaryColumns.h"
 #include "Fiscarel_SG/documents/kinds/SalaryTable.h"
 #include "Fiscarel_SG/documents/kinds/SalaryWords.h"
@@ -36,8 +37,8 @@ Candidates candidatesOf(const std::vector<RowRange>& ranges, const BoxWords& wor
     ways.push_back(words.wanted);
     ways.back().meanings.clear();
     ways.back().labels = words.vague;
-    for (const Wanted& one : ways) {
-        for (FoundAmount& amount : findAmounts(ranges, one)) {
+    const auto take = [&](std::vector<FoundAmount> amounts) {
+        for (FoundAmount& amount : amounts) {
             const bool isKnown = std::ranges::any_of(found, [&](const auto& known) {
                 return known->row == amount.row && known->page == amount.page
                        && known->value() == amount.value();
@@ -46,6 +47,9 @@ Candidates candidatesOf(const std::vector<RowRange>& ranges, const BoxWords& wor
                 found.push_back(std::move(amount));
             }
         }
+    };
+    for (const Wanted& one : ways) {
+        take(findAmounts(ranges, one));
     }
     return found;
 }
@@ -220,6 +224,17 @@ class Deductions {
     std::vector<Part> parts_;
 };
 
+/// Deductions that a letter names behind their amounts, before those it names otherwise.
+Candidates deductionsBehind(const std::vector<RowRange>& ranges, const BoxWords& words) {
+    Candidates found;
+    for (FoundAmount& amount : findBehindInProse(ranges, words.wanted)) {
+        if (canBeWage(amount) && found.size() < mostCandidates) {
+            found.push_back(std::move(amount));
+        }
+    }
+    return found;
+}
+
 /// A wage whose rows between gross and net take off exactly what lies between the two.
 std::optional<SalaryForm> readRun(const Candidates& grosses, const Candidates& nets) {
     for (const auto& gross : grosses) {
@@ -377,7 +392,15 @@ std::optional<SalaryForm> readWage(const std::vector<RowRange>& ranges) {
     if (table[0].empty() || table[1].empty()) {
         return std::nullopt;
     }
-    const Choice choice = Search(table).run();
+    Choice choice = Search(table).run();
+    if (!choice.isProven) {
+        Table behind = table;
+        for (std::size_t box = 2; box < table.size(); ++box) {
+            behind[box] = deductionsBehind(ranges, boxWords()[box]);
+        }
+        Choice other = Search(std::move(behind)).run();
+        choice = other.isProven ? std::move(other) : std::move(choice);
+    }
     if (!choice.isProven) {
         if (auto form = readRun(table[0], table[1])) {
             return form;
