@@ -13,7 +13,7 @@ const Labels& propertyAccounts() {
                               "*liegenschaftsunterhalt*",
                               "Unterhaltsrechnungen*",
                               "*liegenschaftskosten*",
-                              "Stockwerkeigentümer*",
+                              "Stockwerkeigent*",
                               "STWEG",
                               "Compte de gérance",
                               "Décompte de gérance",
