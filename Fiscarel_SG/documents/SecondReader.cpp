@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/documents/SecondReader.h"
 
+#include "Fiscarel_SG/documents/kinds/BoardFees.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
 #include "Fiscarel_SG/documents/kinds/Pensions.h"
 #include "Fiscarel_SG/documents/kinds/Property.h"
@@ -132,7 +133,8 @@ void proposeByKind(const KindContext& context, ProposalDraft& draft) {
             && proposeManagement(context, draft)) {
             break;
         }
-        if (context.kind == Kind::liegenschaft && isRepairBill(context.document)) {
+        if (context.kind == Kind::liegenschaft
+            && (isRepairBill(context.document) || isBuildingPremium(context.document))) {
             proposeBill(context, draft);
         } else if (context.kind == Kind::pensionskasse && isPensionPaper(context.document)) {
             proposePensions(context, false, draft);
@@ -182,7 +184,7 @@ std::vector<SalaryForm> readCertificatePages(const DocumentRows& document) {
 KindVerdict verdictOf(const DocumentRows& document, const std::vector<SalaryForm>& forms,
                       bool hasBill) {
     const KindVerdict verdict = weighKind(document, std::ranges::any_of(forms, isProven));
-    if (allowanceOf(document)) {
+    if (allowanceOf(document) || isBoardPaper(document)) {
         return {.kind = Kind::lohnausweis, .isClear = true};
     }
     const bool isNothing = !verdict.kind || (verdict.kind == Kind::anderes && hasBill);
@@ -224,6 +226,11 @@ void proposeAll(const DocumentReading& reading, ScanResult& result) {
         if (!payloads.kind && allowanceOf(document)) {
             const DocumentFacts facts = readFacts(document);
             proposeAllowances({document, facts, Kind::lohnausweis, verdict.isClear, bill}, draft);
+            return;
+        }
+        if (!payloads.kind && forms.empty() && isBoardPaper(document)) {
+            const DocumentFacts facts = readFacts(document);
+            proposeBoardFees({document, facts, Kind::lohnausweis, verdict.isClear, bill}, draft);
             return;
         }
         for (const SalaryForm& form : forms) {

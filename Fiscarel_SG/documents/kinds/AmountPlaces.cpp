@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 
+#include "Fiscarel_SG/documents/kinds/AmountBelow.h"
 #include "Fiscarel_SG/documents/kinds/RowSums.h"
 #include "Fiscarel_SG/documents/kinds/SectionTotal.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
@@ -45,56 +46,6 @@ const RowAmount& choose(const std::vector<const RowAmount*>& amounts, const Page
         return std::abs(amount->place.right - column) <= alignment(page);
     });
     return inColumn == amounts.end() ? *amounts.back() : **inColumn;
-}
-
-/// Whether a row consists of an amount and its currency.
-bool consistsOfAmounts(const Row& row) {
-    std::size_t covered = 0;
-    for (const RowAmount& amount : row.amounts) {
-        covered += amount.last - amount.first + 1;
-    }
-    for (const RowWord& word : row.words) {
-        covered += isFrancs(word.text) || word.folded.empty() ? 1U : 0U;
-    }
-    return !row.amounts.empty() && covered >= row.words.size();
-}
-
-bool continuesSentence(const Row& row) {
-    const char first =
-        row.words.empty() || row.words.front().text.empty() ? 'A' : row.words.front().text.front();
-    return first >= 'a' && first <= 'z';
-}
-
-/// The amount of a label whose own row has none: in the row below, if that only goes on with the
-/// label's words or holds nothing but the amount, or heads a column with it.
-const RowAmount* amountBelow(const RowRange& range, std::size_t at, const LabelPlace& label) {
-    const Row& own = range.page->rows[at];
-    if (at + 1 >= range.end) {
-        return nullptr;
-    }
-    const Row& next = range.page->rows[at + 1];
-    const double most = range.page->isRecognised ? 2.4 : 1.6; // recognised words have tight boxes
-    if (next.amounts.empty() || next.top - own.bottom > most * own.height()) {
-        return nullptr;
-    }
-    const bool breaksOff = cellsOf(own).size() == 1 && isFrancs(own.words.back().text)
-                           && next.amounts.front().first == 0;
-    const bool goesOn = breaksOff
-                        || (continuesSentence(next) && next.words.front().place.left < label.right
-                            && next.amounts.back().place.left > label.left);
-    if (goesOn && next.amounts.front().amount.isFirm()) {
-        return &next.amounts.front(); // further ones belong to what the sentence says next
-    }
-    if ((consistsOfAmounts(next) && next.amounts.size() == 1) || goesOn) {
-        return isCandidate(next.amounts.back()) ? &next.amounts.back() : nullptr;
-    }
-    for (const RowAmount& amount : next.amounts) {
-        const bool isUnder = amount.place.right > label.left && amount.place.left < label.right;
-        if (isUnder && isCandidate(amount) && range.page->number != 0 && consistsOfAmounts(next)) {
-            return &amount;
-        }
-    }
-    return nullptr;
 }
 
 /// The heading an amount stands under: the one whose edge or middle is nearest to its own.
@@ -306,7 +257,10 @@ const RowAmount* amountBefore(const Row& row, const LabelPlace& label) {
     }
     const RowAmount& amount = row.amounts.front();
     const bool isFirst = amount.first == 0 || (amount.first == 1 && isFrancs(row.words[0].text));
-    return isFirst ? &amount : nullptr;
+    const std::string& last = row.words[amount.last].text;
+    const bool endsSentence =
+        last.ends_with('.') || last.ends_with(';'); // "37'734.00. Il riscatto"
+    return isFirst && !endsSentence ? &amount : nullptr;
 }
 
 /// The first amount behind a label in the same cell, where a sentence goes on behind it.
@@ -529,7 +483,7 @@ std::optional<FoundAmount> amountFor(const RowRange& range, std::size_t at, cons
         found.isAlone = right.size() == 1 || headed != nullptr;
         return found;
     }
-    if (const RowAmount* below = amountBelow(range, at, label)) {
+    if (const RowAmount* below = amountBelow(range, at, label, wanted)) {
         found.row = at + 1;
         found.amount = *below;
         found.isBelow = true;

@@ -2,6 +2,7 @@
 #include "Fiscarel_SG/documents/kinds/BillSums.h"
 #include "Fiscarel_SG/documents/kinds/BillWords.h"
 #include "Fiscarel_SG/documents/kinds/ChildCareHints.h"
+#include "Fiscarel_SG/documents/kinds/DonationList.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
 #include "Fiscarel_SG/documents/kinds/KindWords.h"
 #include "Fiscarel_SG/documents/kinds/PersonParts.h"
@@ -90,6 +91,10 @@ class BillMapper {
             return;
         }
         printed_ = bestTotal();
+        const bool isList = target_.kind == Kind::spende && !isPayable && printed_ && wanted_;
+        if (isList && proposeRecipients(context_, *printed_, *wanted_, draft_)) {
+            return;
+        }
         isPayable = isPayable && !isReminder_ // the code demands its costs too
                     && !isOwnCare_ && !isPaidInParts();
         if (!isPayable && (!printed_ || printed_->value() < 1)) {

@@ -140,14 +140,16 @@ std::optional<SummedAmount> wholeOfParts(const DocumentRows& document,
     for (const FoundAmount& one : found) {
         sum = sum + one.value();
     }
-    const bool endsInSum = found.size() > 2 && found.back().value() * 2 == sum;
+    auto whole = found.size() < 2 ? std::nullopt : foundPrinted(document, sum);
+    // The last of them may be their total, or by chance as much as the others.
+    const bool endsInSum = !whole && found.size() > 2 && found.back().value() * 2 == sum;
     if (endsInSum) {
         sum = found.back().value();
     }
     ProposalCheck check{"Die " + std::to_string(found.size() - (endsInSum ? 1 : 0))
                             + " einzelnen Beträge ergeben zusammen " + shown(sum),
                         true};
-    auto whole = found.size() < 2 ? std::nullopt : foundPrinted(document, sum);
+    whole = endsInSum ? foundPrinted(document, sum) : std::move(whole);
     if (!whole) {
         return std::nullopt;
     }

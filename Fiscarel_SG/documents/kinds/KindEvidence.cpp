@@ -308,6 +308,8 @@ bool hasWageTitle(const DocumentRows& document) {
                               "onorari*",
                               "*verdienst",
                               "Bezüge",
+                              "gains",
+                              "guadagni",
                               "Verwaltungsrat*",
                               "conseil d'administration",
                               "consiglio d'amministrazione",

@@ -31,4 +31,8 @@ bool isPensionPaper(const DocumentRows& document);
 /// Whether the words are those of a bill for repairs of a building.
 bool isRepairBill(const DocumentRows& document);
 
+/// Whether a document is a bill for the insurance of a building that says that it is upkeep, or is
+/// deducted.
+bool isBuildingPremium(const DocumentRows& document);
+
 } // namespace fiscarel

@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/documents/kinds/AmountFinder.h"
 #include "Fiscarel_SG/documents/kinds/BillSums.h"
+#include "Fiscarel_SG/documents/kinds/ColumnTotal.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
 #include "Fiscarel_SG/documents/kinds/LabelledFields.h"
 #include "Fiscarel_SG/documents/kinds/PaymentList.h"
@@ -101,6 +102,29 @@ bool proposePeople(const KindContext& context, const LabelledField& row, Proposa
     return !parts.empty();
 }
 
+/// The total of the column that holds what is deducted, beside others that do not.
+std::optional<FoundAmount> totalOfColumn(const KindContext& context, const LabelledField& row) {
+    using enum Concept;
+    static const Wanted tied{
+        {},
+        {"nicht", "non", "not", "Vorjahr*"},
+        true,
+        {{pillar3a}},
+        {balance, buyIn, occupational, freePillar, lifeCover, interest, surrender, taxValue, limit},
+        {opening, balance, interest, buyIn, occupational, freePillar}};
+    const bool isBuyIn = row.field == std::string_view("pensionBuyIn") && row.wanted.labels.empty();
+    const bool isPillar = row.field == std::string_view("pillar3a");
+    auto whole = isBuyIn    ? columnTotal(context.document, row.wanted)
+                 : isPillar ? columnTotal(context.document, tied)
+                            : std::nullopt;
+    const bool isPure =
+        whole && whole->value() < row.below
+        && !(isPillar
+             && (includesAlien(*whole, tied)
+                 || namesAny(whole->rowOf(), tied.alien, whole->page->isRecognised)));
+    return isPure ? std::move(whole) : std::nullopt;
+}
+
 bool areIn(const RowRange& rows, const std::vector<FoundAmount>& all) {
     return std::ranges::all_of(all, [&](const FoundAmount& one) {
         return one.page == rows.page && one.row >= rows.first && one.row < rows.end;
@@ -114,7 +138,8 @@ void proposeField(const KindContext& context, const LabelledField& row, RecordsB
         return;
     }
     const auto ranges = wholeDocument(context.document);
-    auto all = findAmounts(ranges, row.wanted);
+    auto column = totalOfColumn(context, row);
+    auto all = column ? std::vector{*column} : findAmounts(ranges, row.wanted);
     const bool isPillar = row.field == std::string_view("pillar3a");
     auto whole = isPillar && haveOneLabel(all) ? wholeOfParts(context.document, all) : std::nullopt;
     auto list = isPillar && !whole ? paymentsOf(context.document) : std::nullopt;

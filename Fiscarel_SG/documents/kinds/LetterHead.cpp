@@ -27,63 +27,10 @@ bool isTown(std::string_view text) {
            && !hasDigit(text.substr(5, 2));
 }
 
-bool isCompany(const std::string& folded) {
-    static const Labels words{"AG",
-                              "SA",
-                              "GmbH",
-                              "Sàrl",
-                              "Genossenschaft",
-                              "Stiftung",
-                              "Fondation",
-                              "Fondazione",
-                              "Verein",
-                              "Association",
-                              "Associazione",
-                              "Bank*",
-                              "Banque*",
-                              "Banca*",
-                              "Sparkasse",
-                              "Raiffeisen*",
-                              "Versicherung*",
-                              "Assurance*",
-                              "Assicurazion*",
-                              "Krankenkasse",
-                              "Pensionskasse",
-                              "Kita",
-                              "Kindertagesstätte",
-                              "Praxis",
-                              "Zahnarztpraxis",
-                              "Arztpraxis",
-                              "Cabinet*",
-                              "Studio",
-                              "Crèche",
-                              "Schule",
-                              "Akademie",
-                              "Institut*",
-                              "École",
-                              "Scuola",
-                              "Hochschule",
-                              "Fachhochschule",
-                              "Gemeinde",
-                              "Kanton",
-                              "Amt",
-                              "Spital",
-                              "Apotheke",
-                              "Vorsorgestiftung",
-                              "Caisse*",
-                              "Cassa",
-                              "Asilo",
-                              "Hilfswerk",
-                              "Zentrum",
-                              "Dr",
-                              "Garderie"};
-    return isAnyIn(folded, words);
-}
-
 bool isName(const Run& run) {
     const std::string text = run.text();
     const std::size_t count = run.last - run.first + 1;
-    return !isCompany(run.folded()) && count >= 2 && count <= 5 && !hasDigit(text)
+    return !namesCompany(run.folded()) && count >= 2 && count <= 5 && !hasDigit(text)
            && text.size() < 50 && startsWithCapital(text)
            && text.find_first_of(":,;") == std::string::npos;
 }
@@ -155,7 +102,7 @@ class IssuerSearch {
         }
         for (const Row& row : top) {
             for (const Run& part : allParts(row)) {
-                if (isCompany(part.folded()) && part.text().size() < mostLetters
+                if (namesCompany(part.folded()) && part.text().size() < mostLetters
                     && !isAddressee(part)) {
                     return placedText(page_, part);
                 }
@@ -218,6 +165,61 @@ class IssuerSearch {
 };
 
 } // namespace
+
+bool namesCompany(const std::string& folded) {
+    static const Labels words{"AG",
+                              "SA",
+                              "GmbH",
+                              "Sàrl",
+                              "Sagl",
+                              "Anstalt",
+                              "Genossenschaft",
+                              "Stiftung",
+                              "Fondation",
+                              "Fondazione",
+                              "Verein",
+                              "Association",
+                              "Associazione",
+                              "Bank*",
+                              "Banque*",
+                              "Banca*",
+                              "Sparkasse",
+                              "Raiffeisen*",
+                              "Versicherung*",
+                              "Assurance*",
+                              "Assicurazion*",
+                              "Krankenkasse",
+                              "Pensionskasse",
+                              "Kita",
+                              "Kindertagesstätte",
+                              "Praxis",
+                              "Zahnarztpraxis",
+                              "Arztpraxis",
+                              "Cabinet*",
+                              "Studio",
+                              "Crèche",
+                              "Schule",
+                              "Akademie",
+                              "Institut*",
+                              "École",
+                              "Scuola",
+                              "Hochschule",
+                              "Fachhochschule",
+                              "Gemeinde",
+                              "Kanton",
+                              "Amt",
+                              "Spital",
+                              "Apotheke",
+                              "Vorsorgestiftung",
+                              "Caisse*",
+                              "Cassa",
+                              "Asilo",
+                              "Hilfswerk",
+                              "Zentrum",
+                              "Dr",
+                              "Garderie"};
+    return isAnyIn(folded, words);
+}
 
 PlacedText findAddressee(const PageRows& page, double above) {
     static const Labels salutations{"Herr",   "Herrn",   "Frau", "Monsieur", "Madame",

@@ -2,7 +2,12 @@
 
 #include "Fiscarel_SG/documents/kinds/PageRuns.h"
 
+#include <string>
+
 namespace fiscarel {
+
+/// Whether folded words name a company, institution or practice rather than a person.
+bool namesCompany(const std::string& folded);
 
 /// The name in an address on a page above a height (points): two or three lines above a town, no
 /// company; empty when there is none.

@@ -151,7 +151,8 @@ std::vector<Decimal> ratesIn(const DocumentRows& document) {
 
 /// Bare numbers that may count months or days: "12 ×", "(3 Monate)", "26 Tage zu".
 std::set<int> unitCounts(const DocumentRows& document) {
-    static const Labels months{"Monat*", "mois", "mesi", "mensilità", "Tage*", "jours", "giorni"};
+    static const Labels months{"Monat*",      "mois",  "mesi",  "mensilità",
+                               "mensualité*", "Tage*", "jours", "giorni"};
     std::set<int> counts{12};
     for (const PageRows& page : document.pages) {
         for (const Row& row : page.rows) {

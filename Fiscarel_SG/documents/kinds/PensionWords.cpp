@@ -120,6 +120,25 @@ const Labels& noPension() {
     return words;
 }
 
+bool beginsAfter(const Row& words, int year) {
+    static const std::set<std::string> from{"ab", "des", "partir", "dal", "from", "partire"};
+    constexpr std::size_t farthest = 3; // "dès le 1er janvier 2025"
+    for (std::size_t i = 0; i < words.words.size(); ++i) {
+        if (!from.contains(words.words[i].folded)) {
+            continue;
+        }
+        for (std::size_t j = i + 1; j < std::min(words.words.size(), i + 2 + farthest); ++j) {
+            const auto day = parseDay(words.words[j].text);
+            const auto number = parseAmount(words.words[j].text);
+            const bool isYear = number && number->isYearLike();
+            if ((day && day->year() > year) || (isYear && number->value > year)) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
 const Labels& perMonth() {
     static const Labels words{"monatlich*", "pro Monat",    "im Monat",     "je Monat",
                               "par mois",   "Monatsbetrag", "Monatsrente*", "mensuel*",

@@ -19,6 +19,9 @@ const Labels& noPension();
 /// and what the allowance is computed from.
 const Labels& noAllowance();
 
+/// Whether words tell of a time that begins after a year: "dès 2025", "ab Januar 2025".
+bool beginsAfter(const Row& words, int year);
+
 const Labels& perMonth();
 const Labels& perDay();
 /// The allowance of a day, by its name: "Taggeld brutto 235.65".

@@ -1,8 +1,10 @@
 #include "Fiscarel_SG/documents/kinds/Pensions.h"
 
 #include "Fiscarel_SG/documents/kinds/PensionAmounts.h"
+#include "Fiscarel_SG/documents/kinds/PensionWords.h"
 #include "Fiscarel_SG/documents/kinds/People.h"
 #include "Fiscarel_SG/documents/kinds/PlainAmount.h"
+#include "Fiscarel_SG/documents/kinds/Prose.h"
 #include "Fiscarel_SG/documents/text/FoldedText.h"
 
 #include <algorithm>
@@ -81,11 +83,13 @@ bool isOfTheState(const DocumentRows& document) {
                               "Rentenbescheinigung der AHV",
                               "Rente AVS*",
                               "caisse de compensation",
+                              "caisse cantonale de compensation",
                               "caisse AVS",
                               "office AI",
                               "office des assurances sociales",
                               "établissement des assurances sociales",
                               "cassa di compensazione",
+                              "cassa cantonale di compensazione",
                               "cassa AVS",
                               "rendita AVS*",
                               "ufficio AI",
@@ -131,11 +135,15 @@ class BenefitPaper {
     BenefitPaper(const KindContext& context, const BenefitTarget& target, Benefit benefit,
                  ProposalDraft& draft)
         : context_(context), draft_(draft), amounts_(pensionAmounts(context.document, benefit)),
-          people_(context.document), target_(target), benefit_(benefit) {}
+          people_(context.document), target_(target), benefit_(benefit) {
+        for (PensionAmount& one : amounts_) {
+            one.isBarred |= context.facts.year && beginsAfter(one.words, *context.facts.year);
+        }
+    }
 
     bool proposePension(bool isProvenOnly) {
-        return proposePeople() || proposeBlocks() || proposeProven() || proposeForTax()
-               || (!isProvenOnly && proposeNamed());
+        return proposePeople() || proposeBlocks() || proposeTold() || proposeProven()
+               || proposeForTax() || (!isProvenOnly && proposeNamed());
     }
 
     bool proposeAllowances() { return proposeProven() || proposeForTax(); }
@@ -186,6 +194,23 @@ class BenefitPaper {
             } else if (known->second->found.value() != one.found.value()) {
                 return false;
             }
+        }
+        return put(parts);
+    }
+
+    /// A couple's pensions, of which a sentence tells one behind each name.
+    bool proposeTold() {
+        Parts parts;
+        for (const PersonAmount& told : findPeopleInProse(context_.document, pensions())) {
+            const auto own = std::ranges::find_if(amounts_, [&](const PensionAmount& one) {
+                return one.canBePension() && one.found.page == told.found.page
+                       && one.found.row == told.found.row
+                       && one.found.amount.first == told.found.amount.first;
+            });
+            if (own == amounts_.end()) {
+                return false;
+            }
+            parts.emplace_back(told.person, &*own);
         }
         return put(parts);
     }

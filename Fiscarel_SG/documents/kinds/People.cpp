@@ -152,6 +152,21 @@ std::string familyOfCells(const Row& row) {
     return {};
 }
 
+/// The families of those whom a salutation names: "die Rente von Frau Anna Muster".
+std::vector<std::string> familiesOfSaluted(const Row& row) {
+    static const Labels salutations{"Herr",   "Herrn",  "Frau",   "Monsieur",
+                                    "Madame", "Signor", "Signora"};
+    std::vector<std::string> families;
+    for (std::size_t i = 1; i < row.words.size(); ++i) {
+        const auto name =
+            isAnyIn(row.words[i - 1].folded, salutations) ? nameAt(row, i) : std::nullopt;
+        if (name) {
+            families.push_back(row.words[name->last].folded);
+        }
+    }
+    return families;
+}
+
 /// The day that begins with a word.
 std::optional<Date> dayAt(const Row& row, std::size_t at) {
     const auto day = parseDay(bare(row.words[at].text));
@@ -188,29 +203,34 @@ std::vector<NamedPerson> listedChildren(const Row& row) {
     return names.size() >= 2 ? names : std::vector<NamedPerson>();
 }
 
-/// Whether two words are what an amount is for: "Freie Vorsorge", "Betreuung Montag".
-bool namesThing(const Row& row) {
+/// Whether a name's two words are what an amount is for: "Freie Vorsorge", "Betreuung Montag".
+bool namesThing(const Row& row, const NamedPerson& name) {
     using enum Concept;
     static const std::vector<Concept> things{
         pillar3a, freePillar,   occupational, childcare, course,  donation, premium, amount,
         fee,      contribution, account,      meals,     insured, interest, total};
     Row words;
-    words.words.assign(row.words.begin(), row.words.begin() + 2);
+    words.words = {row.words[name.first], row.words[name.last]};
     static const Labels more{"*vorsorge*", "*versicherung*", "*prévoyance*", "*previdenza*"};
     return namesAny(words, things, false) || findLabel(words, more, false);
 }
 
-/// The name that is all a row says before its amounts.
+/// The name that is all a row says before its amounts; a bullet may stand before it.
 std::optional<NamedPerson> nameOfAmount(const Row& row) {
-    const auto isNumber = [](const RowWord& word) {
-        return word.text.find_first_of("0123456789") != std::string::npos;
+    const auto endsName = [](const RowWord& word) {
+        return word.text.find_first_of("0123456789") != std::string::npos || word.folded.empty()
+               || isFrancs(word.text);
     };
-    const auto number = std::ranges::find_if(row.words, isNumber) - row.words.begin();
-    const bool isName =
-        number >= 2 && number <= 3 && std::ranges::any_of(row.amounts, [](const RowAmount& amount) {
-            return amount.amount.isFirm();
-        });
-    return isName && !namesThing(row) ? nameAt(row, 0) : std::nullopt;
+    const bool isFirm = std::ranges::any_of(
+        row.amounts, [](const RowAmount& amount) { return amount.amount.isFirm(); });
+    const std::size_t first = !row.words.empty() && row.words[0].folded.empty() ? 1 : 0;
+    std::size_t end = first;
+    while (end < row.words.size() && !endsName(row.words[end])) {
+        ++end;
+    }
+    const bool isName = isFirm && end - first >= 2 && end - first <= 3;
+    auto name = isName ? nameAt(row, first) : std::nullopt;
+    return name && !namesThing(row, *name) ? name : std::nullopt;
 }
 
 } // namespace
@@ -223,7 +243,7 @@ People::People(const DocumentRows& document) {
             look(row, above);
             above = &row;
             if (const auto name = nameOfAmount(row)) {
-                inTables[row.words[1].folded].insert(row.words[0].folded);
+                inTables[row.words[name->last].folded].insert(row.words[name->first].folded);
             }
         }
     }
@@ -305,6 +325,9 @@ void People::look(const Row& row, const Row* above) {
                 }
             }
         }
+    }
+    for (std::string& family : familiesOfSaluted(row)) {
+        families_.insert(std::move(family));
     }
     if (std::string family = familyOfCells(row); !family.empty()) {
         families_.insert(std::move(family));

@@ -1,3 +1,4 @@
+#include "Fiscarel_SG/documents/kinds/BillSums.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
 #include "Fiscarel_SG/documents/kinds/LabelledFields.h"
 #include "Fiscarel_SG/documents/kinds/TableHeading.h"
@@ -73,6 +74,36 @@ std::vector<Policy> policiesOfTable(const DocumentRows& document, std::deque<Pag
     return policies;
 }
 
+/// The policies whose numbers stand beside each other, each heading a column. `parts` keeps them
+/// as pages.
+std::vector<Policy> policiesOfColumns(const DocumentRows& document, std::deque<PageRows>& parts) {
+    for (const PageRows& page : document.pages) {
+        for (std::size_t at = 0; at < page.rows.size() && page.number != 0; ++at) {
+            const Row& row = page.rows[at];
+            const auto label = findLabel(row, policyNames(), page.isRecognised);
+            std::vector<Policy> policies;
+            std::vector<LabelPlace> columns;
+            for (const LabelPlace& cell : cellsOf(row)) {
+                std::string text = textBetween(row, cell.first, cell.last);
+                if (label && cell.first > label->last && isNumber(text)) {
+                    policies.push_back({std::move(text), {}});
+                    columns.push_back(cell);
+                }
+            }
+            if (policies.size() < 2 || label->first > 1) {
+                continue;
+            }
+            const auto pages = columnsAsPages(page, at, columns);
+            for (std::size_t i = 0; i < pages.size(); ++i) {
+                const PageRows& part = parts.emplace_back(pages[i]);
+                policies[i].rows = {&part, 0, part.rows.size()};
+            }
+            return policies;
+        }
+    }
+    return {};
+}
+
 /// The policies of a document, each up to the next.
 std::vector<Policy> policiesOf(const DocumentRows& document) {
     std::vector<Policy> policies;
@@ -110,6 +141,29 @@ bool isTied(const RowRange& rows) {
         }
     }
     return false;
+}
+
+/// The premiums of all policies together, where their sum is printed too.
+void proposeAllPremiums(const KindContext& context, const std::vector<Policy>& policies,
+                        ProposalDraft& draft) {
+    const auto field =
+        std::ranges::find(labelledFields(), std::string_view("lifeInsurancePremiums"),
+                          [](const LabelledField& one) { return std::string_view(one.field); });
+    std::vector<FoundAmount> premiums;
+    for (const Policy& policy : policies) {
+        auto premium = isTied(policy.rows) ? std::nullopt : findFirst({policy.rows}, field->wanted);
+        if (premium && premium->value() >= 1) {
+            premiums.push_back(std::move(*premium));
+        }
+    }
+    const auto whole = wholeOfParts(context.document, premiums);
+    if (!whole || premiums.size() < 2) {
+        return;
+    }
+    const int record = draft.addRecord(recordWith(
+        context.facts, field->record, "Lebensversicherungen", whole->found.page->number));
+    draft.add(record, field->field, whole->found.value(),
+              evidenceOf(whole->found, field->wanted, context.isKindClear, {*whole->check}));
 }
 
 } // namespace
@@ -174,11 +228,15 @@ bool proposePolicies(const KindContext& context, ProposalDraft& draft) {
     std::deque<PageRows> parts;
     auto policies = policiesOfTable(context.document, parts);
     if (policies.size() < 2) {
+        policies = policiesOfColumns(context.document, parts);
+    }
+    if (policies.size() < 2) {
         policies = policiesOf(context.document);
     }
     if (policies.size() < 2) {
         return false;
     }
+    proposeAllPremiums(context, policies, draft);
     for (const Policy& policy : policies) {
         std::optional<int> record;
         for (const LabelledField& field : labelledFields()) {

@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/documents/kinds/AmountFinder.h"
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+#include "Fiscarel_SG/documents/kinds/Prose.h"
 #include "Fiscarel_SG/documents/kinds/RecordsByKind.h"
 #include "Fiscarel_SG/documents/kinds/StatedPremiums.h"
 
@@ -343,6 +344,17 @@ bool proposeProven(const KindContext& context, RecordsByKind& records, ProposalD
     return true;
 }
 
+/// The amount above a reduction that less it is the total below it: what the premiums were before.
+std::optional<FoundAmount> beforeReduction(const FoundAmount& total,
+                                           const std::optional<FoundAmount>& reduced) {
+    const bool isBetween = reduced && reduced->page == total.page && reduced->row < total.row
+                           && reduced->value().abs() >= 1;
+    if (!isBetween) {
+        return std::nullopt;
+    }
+    return printedAt({{total.page, 0, reduced->row}}, total.value() + reduced->value().abs());
+}
+
 /// A total of the premiums by its words; false where there is none.
 bool proposeTotal(const KindContext& context, RecordsByKind& records, ProposalDraft& draft,
                   const std::vector<FoundAmount>& single, const Decimal& sum) {
@@ -362,6 +374,9 @@ bool proposeTotal(const KindContext& context, RecordsByKind& records, ProposalDr
     if (reduced && single.size() > 1 && gross.value() + reduced->value().abs() == sum) {
         return false;
     }
+    if (auto before = beforeReduction(gross, reduced)) {
+        gross = std::move(*before);
+    }
     auto checks = premiumChecks(ranges, gross);
     if (whole) {
         checks.push_back(togetherCheck(gross.value()));
@@ -376,10 +391,33 @@ bool proposeTotal(const KindContext& context, RecordsByKind& records, ProposalDr
     return true;
 }
 
+/// What the premiums of a sentence come to: "1'288.20 per l'assicurazione obbligatoria e 820.55 per
+/// le complementari, in totale 2'108.75".
+std::optional<SummedAmount> wholeInProse(const std::vector<RowRange>& ranges,
+                                         const std::vector<FoundAmount>& single) {
+    constexpr std::size_t farthest = 3; // rows from a part to the sum
+    const bool isTold = !single.empty() && single.front().isBelow;
+    auto sum = isTold ? sumInProse(ranges, grossPremiums()) : std::nullopt;
+    const bool isOfThese = sum && sum->found.page == single.front().page
+                           && sum->found.row >= single.front().row
+                           && sum->found.row - single.front().row <= farthest
+                           && sum->found.value() > single.front().value();
+    return isOfThese ? std::move(sum) : std::nullopt;
+}
+
 /// The premiums before what is taken off.
 void proposeGross(const KindContext& context, RecordsByKind& records, ProposalDraft& draft) {
     const auto ranges = wholeDocument(context.document);
     const auto single = findSingles(ranges);
+    if (const auto told = wholeInProse(ranges, single)) {
+        Evidence evidence =
+            evidenceOf(told->found, grossPremiums(), context.isKindClear, {*told->check});
+        // A letter may tell what was billed after a reduction.
+        evidence.confidence = std::max(evidence.confidence, Confidence::medium);
+        draft.add(records.of(Record::householdDeductions, told->found.page->number),
+                  "healthInsurancePremiums", told->found.value(), std::move(evidence));
+        return;
+    }
     Decimal sum = sumOf(single);
     auto whole = single.size() > 2 ? wholeOf(ranges, single) : std::nullopt;
     whole = whole ? std::move(whole) : summedUp(single);

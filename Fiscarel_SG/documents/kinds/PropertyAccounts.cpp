@@ -1,7 +1,6 @@
-#include "Fiscarel_SG/documents/kinds/AmountFinder.h"
+#include "Fiscarel_SG/documents/kinds/ColumnTotal.h"
 #include "Fiscarel_SG/documents/kinds/Property.h"
 #include "Fiscarel_SG/documents/kinds/RecordsByKind.h"
-#include "Fiscarel_SG/documents/kinds/TableHeading.h"
 
 #include <algorithm>
 #include <utility>
@@ -49,54 +48,6 @@ const Wanted& plainUpkeep() {
                                {{upkeep, total}, {upkeep}},
                                {other, rentalValue, rent}};
     return wanted;
-}
-
-bool heads(const Row& cell, const Wanted& wanted, bool isRecognised) {
-    return !findLabel(cell, wanted.without, isRecognised)
-           && !namesAny(cell, wanted.notMeant, isRecognised)
-           && std::ranges::any_of(wanted.meanings, [&](const Meaning& meaning) {
-                  return findMeaning(cell, meaning, isRecognised).has_value();
-              });
-}
-
-/// The row that the amounts of a column above it add up to.
-std::optional<FoundAmount> totalOf(const PageRows& page, const TableHeading& heading,
-                                   std::size_t column) {
-    Decimal sum;
-    std::size_t count = 0;
-    for (std::size_t at = heading.row + 1; at < page.rows.size(); ++at) {
-        const auto amounts = heading.amountsIn(
-            page, at, [](const RowAmount& amount, std::size_t) { return amount.amount.isFirm(); });
-        if (amounts[column] == nullptr) {
-            continue;
-        }
-        const Decimal& value = amounts[column]->amount.value;
-        if (count >= 2 && value == sum) {
-            return FoundAmount{.page = &page,
-                               .row = at,
-                               .amount = *amounts[column],
-                               .label = heading.columns[column].words()};
-        }
-        sum = sum + value;
-        ++count;
-    }
-    return std::nullopt;
-}
-
-std::optional<FoundAmount> columnTotal(const DocumentRows& document, const Wanted& wanted) {
-    for (const PageRows& page : document.pages) {
-        for (std::size_t at = 0; at < page.rows.size() && page.number != 0; ++at) {
-            const TableHeading heading = tableHeadingIn(page, at, false);
-            for (std::size_t i = 0; i < heading.columns.size() && heading.columns.size() > 2; ++i) {
-                if (heads(heading.columns[i].cell, wanted, page.isRecognised)) {
-                    if (auto total = totalOf(page, heading, i)) {
-                        return total;
-                    }
-                }
-            }
-        }
-    }
-    return std::nullopt;
 }
 
 /// The amount of a column's total, else the one beside words; absent when several differ.

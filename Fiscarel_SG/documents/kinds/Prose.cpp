@@ -118,12 +118,51 @@ Row part(const Row& row, std::size_t first, std::size_t end) {
     return words;
 }
 
-/// The words that say what an amount is: those behind the amount before, up to it; at last all
-/// words of a sentence that has no other.
+/// Whether an amount is followed by what it is for: "CHF 340 für die Krippe".
+bool isForWhatFollows(const Sentence& sentence, std::size_t which) {
+    static constexpr std::array<std::string_view, 5> words{"fur", "pour", "per", "for", "an"};
+    const std::size_t next = sentence.ends[which] + 1;
+    return next < sentence.row.words.size()
+           && std::ranges::find(words, sentence.row.words[next].folded) != words.end();
+}
+
+/// Where the words end that follow an amount: before the next one, or with the sentence that a
+/// pronoun goes on from.
+std::size_t endOfFollowing(const Sentence& sentence, std::size_t which) {
+    const bool isLast = which + 1 == sentence.amounts.size();
+    const std::size_t end = isLast ? sentence.row.words.size() : sentence.starts[which + 1];
+    for (std::size_t i = sentence.ends[which] + 1; i < end; ++i) {
+        const std::string& text = sentence.row.words[i].text;
+        if (text.size() > 4 && text.ends_with('.') && isLetter(text.front())) {
+            return i + 1;
+        }
+    }
+    return end;
+}
+
+/// The words that say what an amount is: those behind the amount before, up to it; where several of
+/// a sentence are followed by what they are for, those up to the next amount; at last all words of
+/// a sentence that has no other.
 std::vector<Row> ownWords(const Sentence& sentence, std::size_t which) {
-    const std::size_t from = which == 0 ? 0 : sentence.ends[which - 1] + 1;
-    std::vector<Row> words{part(sentence.row, from, sentence.starts[which])};
-    if (sentence.amounts.size() == 1) {
+    const std::size_t count = sentence.amounts.size();
+    std::size_t followed = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        followed += isForWhatFollows(sentence, i) ? 1U : 0U;
+    }
+    const bool isFollowed = followed >= 2 && isForWhatFollows(sentence, which);
+    const bool isTaken = which > 0 && followed >= 2 && isForWhatFollows(sentence, which - 1);
+    const std::size_t from = which == 0 ? 0
+                             : isTaken  ? endOfFollowing(sentence, which - 1)
+                                        : sentence.ends[which - 1] + 1;
+    std::vector<Row> words;
+    if (from < sentence.starts[which]) {
+        words.push_back(part(sentence.row, from, sentence.starts[which]));
+    }
+    if (isFollowed) {
+        words.push_back(
+            part(sentence.row, sentence.ends[which] + 1, endOfFollowing(sentence, which)));
+    }
+    if (count == 1) {
         words.push_back(sentence.row);
     }
     return words;
@@ -213,6 +252,28 @@ class ProseSearch {
         }
     }
 
+    /// Amounts whose meaning is said behind them, in the words of their clause.
+    std::vector<FoundAmount> behind() const {
+        std::vector<FoundAmount> found;
+        for (const Sentence& sentence : sentences_) {
+            for (std::size_t i = 0; i < sentence.amounts.size(); ++i) {
+                const Row words = clauseBehind(sentence, i);
+                const bool isRecognised = isFromRecognised(sentence, i);
+                const bool isMeant =
+                    !namesAny(words, wanted_.notMeant, isRecognised)
+                    && !findLabel(words, wanted_.without, isRecognised)
+                    && std::ranges::any_of(wanted_.meanings, [&](const Meaning& meaning) {
+                           return findMeaning(words, meaning, isRecognised).has_value();
+                       });
+                if (isMeant) {
+                    found.push_back(sentence.amounts[i]);
+                    found.back().label = textBetween(words, 0, words.words.size() - 1);
+                }
+            }
+        }
+        return found;
+    }
+
     std::vector<FoundAmount> run() const {
         for (const Label& label : wanted_.labels) {
             auto found =
@@ -256,6 +317,17 @@ class ProseSearch {
         return saying;
     }
 
+    /// The words behind an amount up to the next one, or to where a clause ends.
+    static Row clauseBehind(const Sentence& sentence, std::size_t which) {
+        const std::size_t first = sentence.ends[which] + 1;
+        std::size_t end = endOfFollowing(sentence, which);
+        for (std::size_t i = first; i < end; ++i) {
+            const std::string& text = sentence.row.words[i].text;
+            end = text.ends_with(';') || text.ends_with(',') ? i + 1 : end;
+        }
+        return part(sentence.row, first, end);
+    }
+
     static bool isFromRecognised(const Sentence& sentence, std::size_t which) {
         return sentence.amounts[which].page->isRecognised;
     }
@@ -292,6 +364,11 @@ class ProseSearch {
 
 std::vector<FoundAmount> findInProse(const std::vector<RowRange>& ranges, const Wanted& wanted) {
     return ProseSearch(ranges, wanted).run();
+}
+
+std::vector<FoundAmount> findBehindInProse(const std::vector<RowRange>& ranges,
+                                           const Wanted& wanted) {
+    return ProseSearch(ranges, wanted).behind();
 }
 
 std::optional<SummedAmount> sumInProse(const std::vector<RowRange>& ranges, const Wanted& wanted) {

@@ -15,6 +15,12 @@ namespace fiscarel {
 /// counts. Of "4 sedute a CHF 85.10: CHF 340.40" the product counts, not the price of one.
 std::vector<FoundAmount> findInProse(const std::vector<RowRange>& ranges, const Wanted& wanted);
 
+/// Amounts of sentences that say a meaning behind them: "abzüglich CHF 3'120 Sozialabgaben und
+/// CHF 2'800 Pensionskasse". What is said so may as well be of the next amount: only for amounts
+/// that something else proves.
+std::vector<FoundAmount> findBehindInProse(const std::vector<RowRange>& ranges,
+                                           const Wanted& wanted);
+
 /// The amount of a sentence that those before it in the sentence, two or more, add up to: "CHF 340,
 /// CHF 440 et CHF 255, soit CHF 1035 en tout"; absent without one. Sentences that name what is
 /// alien to what is wanted are not looked at.

@@ -1,6 +1,6 @@
 #include "Fiscarel_SG/documents/kinds/KindEvidence.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
-#include "Fiscarel_SG/documents/rows/RowLabels.h"
+#include "Fiscarel_SG/documents/rows/Vocabulary.h"
 
 #include <algorithm>
 
@@ -137,6 +137,24 @@ bool isRepairBill(const DocumentRows& document) {
                                  "edificio", "appartamento",   "cantiere",  "Baustelle*"};
     return isAnyIn(document.folded, trades())
            || (isAnyIn(document.folded, building) && hasWorkAndMaterial(document));
+}
+
+bool isBuildingPremium(const DocumentRows& document) {
+    static const Labels insurances{"Gebäudeversicherung*",   "Gebäude-Versicherung*",
+                                   "*gebäude-assekuranz*",   "*gebäudeassekuranz*",
+                                   "Gebäudeprämie*",         "Brandschutzabgabe",
+                                   "assurance bâtiment*",    "assurance du bâtiment",
+                                   "assurance immobilière*", "ECA",
+                                   "assicurazione stabili",  "assicurazione dello stabile",
+                                   "assicurazione edifici",  "assicurazione dell'edificio"};
+    static const Labels bills{"Prämienrechnung*",   "Rechnung",         "facture",
+                              "facture de prime*",  "avis de prime*",   "fattura",
+                              "fattura del premio", "avviso di premio", "bordereau de prime*"};
+    const std::string title = titleWords(document);
+    const bool isForTax = isAnyIn(document.folded, wordsFor(Concept::upkeep))
+                          || isAnyIn(document.folded, wordsFor(Concept::deductible));
+    return isForTax && isAnyIn(title, insurances) && isAnyIn(title, bills)
+           && isAnyIn(document.folded, wordsFor(Concept::premium));
 }
 
 } // namespace fiscarel

@@ -2,6 +2,8 @@
 #include "Fiscarel_SG/documents/kinds/DocumentFacts.h"
 #include "Fiscarel_SG/documents/kinds/FormHeader.h"
 #include "Fiscarel_SG/documents/kinds/People.h"
+#include "Fiscarel_SG/documents/kinds/Prose.h"
+#include "Fiscarel_SG/documents/kinds/SalaryColumns.h"
 #include "Fiscarel_SG/documents/kinds/SalaryTable.h"
 #include "Fiscarel_SG/documents/kinds/SalaryWords.h"
 
@@ -35,8 +37,8 @@ Candidates candidatesOf(const std::vector<RowRange>& ranges, const BoxWords& wor
     ways.push_back(words.wanted);
     ways.back().meanings.clear();
     ways.back().labels = words.vague;
-    for (const Wanted& one : ways) {
-        for (FoundAmount& amount : findAmounts(ranges, one)) {
+    const auto take = [&](std::vector<FoundAmount> amounts) {
+        for (FoundAmount& amount : amounts) {
             const bool isKnown = std::ranges::any_of(found, [&](const auto& known) {
                 return known->row == amount.row && known->page == amount.page
                        && known->value() == amount.value();
@@ -45,6 +47,9 @@ Candidates candidatesOf(const std::vector<RowRange>& ranges, const BoxWords& wor
                 found.push_back(std::move(amount));
             }
         }
+    };
+    for (const Wanted& one : ways) {
+        take(findAmounts(ranges, one));
     }
     return found;
 }
@@ -219,6 +224,17 @@ class Deductions {
     std::vector<Part> parts_;
 };
 
+/// Deductions that a letter names behind their amounts, before those it names otherwise.
+Candidates deductionsBehind(const std::vector<RowRange>& ranges, const BoxWords& words) {
+    Candidates found;
+    for (FoundAmount& amount : findBehindInProse(ranges, words.wanted)) {
+        if (canBeWage(amount) && found.size() < mostCandidates) {
+            found.push_back(std::move(amount));
+        }
+    }
+    return found;
+}
+
 /// A wage whose rows between gross and net take off exactly what lies between the two.
 std::optional<SalaryForm> readRun(const Candidates& grosses, const Candidates& nets) {
     for (const auto& gross : grosses) {
@@ -239,36 +255,6 @@ std::optional<SalaryForm> readRun(const Candidates& grosses, const Candidates& n
         }
     }
     return std::nullopt;
-}
-
-/// A wage of some rows, without what its heading tells.
-std::optional<SalaryForm> readAmounts(const std::vector<RowRange>& ranges) {
-    Table table;
-    for (std::size_t box = 0; box < table.size(); ++box) {
-        table[box] = candidatesOf(ranges, boxWords()[box]);
-    }
-    if (table[0].empty() || table[1].empty()) {
-        return std::nullopt;
-    }
-    const Choice choice = Search(table).run();
-    if (!choice.isProven) {
-        if (auto form = readRun(table[0], table[1])) {
-            return form;
-        }
-    }
-    const bool areFirm = std::ranges::all_of(
-        choice.boxes, [](const auto& found) { return !found || found->amount.amount.isFirm(); });
-    if (!choice.isProven && !areFirm) {
-        return std::nullopt;
-    }
-    SalaryForm form{.page = choice.boxes[0]->page};
-    for (std::size_t box = 0; box < choice.boxes.size(); ++box) {
-        if (const auto& found = choice.boxes[box]; found && found->page == form.page) {
-            form.boxes[boxWords()[box].box] = found->amount;
-            form.boxes[boxWords()[box].box].amount.value = found->value().abs();
-        }
-    }
-    return form;
 }
 
 double topOf(const SalaryForm& form) {
@@ -301,7 +287,7 @@ class SalaryBlocks {
             const std::size_t end = isLast ? start.page->rows.size() : starts[i + 1].row;
             heading = start.page == page ? heading : 0;
             page = start.page;
-            auto form = readAmounts({{start.page, start.row, end}});
+            auto form = readWage({{start.page, start.row, end}});
             if (!form || !isProven(*form) || !readHeading(heading, start.row, *form)) {
                 return {};
             }
@@ -381,7 +367,7 @@ std::vector<SalaryForm> readPages(const DocumentRows& document) {
     std::vector<SalaryForm> forms;
     for (const PageRows& page : document.pages) {
         auto form =
-            document.pages.size() < 2 ? std::nullopt : readAmounts({{&page, 0, page.rows.size()}});
+            document.pages.size() < 2 ? std::nullopt : readWage({{&page, 0, page.rows.size()}});
         const bool isCopy =
             form && std::ranges::any_of(forms, [&](const SalaryForm& other) {
                 return other.value(SalaryBox::gross) == form->value(SalaryBox::gross);
@@ -398,6 +384,43 @@ std::vector<SalaryForm> readPages(const DocumentRows& document) {
 
 } // namespace
 
+std::optional<SalaryForm> readWage(const std::vector<RowRange>& ranges) {
+    Table table;
+    for (std::size_t box = 0; box < table.size(); ++box) {
+        table[box] = candidatesOf(ranges, boxWords()[box]);
+    }
+    if (table[0].empty() || table[1].empty()) {
+        return std::nullopt;
+    }
+    Choice choice = Search(table).run();
+    if (!choice.isProven) {
+        Table behind = table;
+        for (std::size_t box = 2; box < table.size(); ++box) {
+            behind[box] = deductionsBehind(ranges, boxWords()[box]);
+        }
+        Choice other = Search(std::move(behind)).run();
+        choice = other.isProven ? std::move(other) : std::move(choice);
+    }
+    if (!choice.isProven) {
+        if (auto form = readRun(table[0], table[1])) {
+            return form;
+        }
+    }
+    const bool areFirm = std::ranges::all_of(
+        choice.boxes, [](const auto& found) { return !found || found->amount.amount.isFirm(); });
+    if (!choice.isProven && !areFirm) {
+        return std::nullopt;
+    }
+    SalaryForm form{.page = choice.boxes[0]->page};
+    for (std::size_t box = 0; box < choice.boxes.size(); ++box) {
+        if (const auto& found = choice.boxes[box]; found && found->page == form.page) {
+            form.boxes[boxWords()[box].box] = found->amount;
+            form.boxes[boxWords()[box].box].amount.value = found->value().abs();
+        }
+    }
+    return form;
+}
+
 bool isProven(const SalaryForm& form) {
     const auto value = [&](SalaryBox box) { return form.value(box).value_or(Decimal()); };
     const Decimal deductions =
@@ -408,13 +431,16 @@ bool isProven(const SalaryForm& form) {
 }
 
 std::vector<SalaryForm> readSalaryLists(const DocumentRows& document) {
+    if (auto columns = readSalaryColumns(document); !columns.empty()) {
+        return columns;
+    }
     if (auto blocks = SalaryBlocks(document).read(); !blocks.empty()) {
         return blocks;
     }
     if (auto pages = readPages(document); pages.size() > 1) {
         return pages;
     }
-    auto form = readAmounts(wholeDocument(document));
+    auto form = readWage(wholeDocument(document));
     if (!form || !isProven(*form)) {
         auto ofTable = readSalaryTable(document);
         form = ofTable ? std::move(ofTable) : std::move(form);

@@ -5,7 +5,7 @@ namespace fiscarel {
 using enum Concept;
 
 const std::array<BoxWords, 5>& boxWords() {
-    static const Labels employers{"Arbeitgeber*", "employeur", "datore"};
+    static const Labels employers{"Arbeitgeber*", "employeur", "datore", "patronal*", "padronal*"};
     static const std::array<BoxWords, 5> rows{
         BoxWords{SalaryBox::gross,
                  {{},

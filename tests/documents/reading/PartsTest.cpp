@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
+
 namespace fiscarel {
 namespace {
 
@@ -71,6 +74,15 @@ std::vector<Paper> papers() {
           {60, 160, "Total bezahlt"},
           {500, 160, "1’550.50", right}},
          {{"Lea Muster", "", "childcareCosts=1000.5"}, {"Noah Muster", "", "childcareCosts=550"}}},
+        {"children in a list with bullets, meals beside",
+         {{60, 60, "Tagesfamilien Muster"},
+          {60, 90, "Betreuung in der Tagesfamilie 2024"},
+          {80, 130, "• Lea Muster: 593 Stunden, Betreuungskosten Fr. 5’277.70"},
+          {80, 145, "• Noah Muster: 475 Stunden, Betreuungskosten Fr. 4’227.50"},
+          {60, 160, "Zusammen sind das Fr. 9’505.20. Für die Verpflegung haben Sie Fr. 400.00"},
+          {60, 175, "(Lea) und Fr. 552.00 (Noah) bezahlt."}},
+         {{"Lea Muster", "", "childcareCosts=5277.7"},
+          {"Noah Muster", "", "childcareCosts=4227.5"}}},
         {"children told by their first names",
          {{60, 60, "Kita Muster"},
           {60, 90, "Betreuungskosten 2024"},
@@ -170,8 +182,93 @@ std::vector<Paper> papers() {
     };
 }
 
+std::vector<Paper> papersOfSeveralSenders() {
+    return {
+        {"employers as columns beside that of both",
+         {{60, 60, "Muster Gruppe"},
+          {60, 90, "Jahresbestätigung der Bezüge 2024"},
+          {290, 130, "Muster Bau AG", right},
+          {400, 130, "Muster Immobilien AG", right},
+          {520, 130, "Gruppe", right},
+          {60, 150, "Total brutto"},
+          {290, 150, "40’000.00", right},
+          {400, 150, "20’000.00", right},
+          {520, 150, "60’000.00", right},
+          {60, 165, "Sozialabzüge"},
+          {290, 165, "-2’560.00", right},
+          {400, 165, "-1’280.00", right},
+          {520, 165, "-3’840.00", right},
+          {60, 180, "Total netto"},
+          {290, 180, "37’440.00", right},
+          {400, 180, "18’720.00", right},
+          {520, 180, "56’160.00", right}},
+         {{"grossSalary=40000", "socialContributions=2560", "netSalaryOverride=37440",
+           "employer=Muster Bau AG"},
+          {"grossSalary=20000", "socialContributions=1280", "netSalaryOverride=18720",
+           "employer=Muster Immobilien AG"}}},
+        {"halves of a year as columns are one wage",
+         {{60, 60, "Muster Bau AG"},
+          {60, 90, "Lohnbestätigung 2024"},
+          {290, 130, "1. Halbjahr", right},
+          {400, 130, "2. Halbjahr", right},
+          {520, 130, "Total", right},
+          {60, 150, "Total brutto"},
+          {290, 150, "40’000.00", right},
+          {400, 150, "20’000.00", right},
+          {520, 150, "60’000.00", right},
+          {60, 165, "Sozialabzüge"},
+          {290, 165, "-2’560.00", right},
+          {400, 165, "-1’280.00", right},
+          {520, 165, "-3’840.00", right},
+          {60, 180, "Total netto"},
+          {290, 180, "37’440.00", right},
+          {400, 180, "18’720.00", right},
+          {520, 180, "56’160.00", right}},
+         {{"grossSalary=60000", "socialContributions=3840", "netSalaryOverride=56160"}}},
+        {"a letter of a joint collection",
+         {{60, 60, "Muster hilft gemeinsam"},
+          {60, 90, "Ihre Spenden 2024 – Bestätigung"},
+          {60, 130, "Stiftung Muster"},
+          {500, 130, "CHF 800.00", right},
+          {60, 145, "Verein Alp und Kind"},
+          {500, 145, "CHF 700.00", right},
+          {60, 160, "Brunnen für alle"},
+          {500, 160, "CHF 500.00", right},
+          {60, 175, "Spenden zusammen"},
+          {500, 175, "CHF 2’000.00", right}},
+         {{"amount=800", "recipient=Stiftung Muster"},
+          {"amount=700", "recipient=Verein Alp und Kind"},
+          {"amount=500", "recipient=Brunnen für alle"}}},
+        {"policies as columns",
+         {{60, 60, "Muster Vita SA"},
+          {60, 90, "Valori fiscali al 31.12.2024: assicurazioni sulla vita 3b"},
+          {60, 130, "Polizza"},
+          {390, 130, "V-444349", right},
+          {500, 130, "V-412526", right},
+          {60, 145, "Somma assicurata"},
+          {390, 145, "140’000.00", right},
+          {500, 145, "118’000.00", right},
+          {60, 160, "Valore di riscatto senza eccedenze"},
+          {390, 160, "67’200.00", right},
+          {500, 160, "40’120.00", right},
+          {60, 175, "Valore di riscatto imponibile"},
+          {390, 175, "68’611.20", right},
+          {500, 175, "42’848.15", right},
+          {60, 190, "Premio pagato nel 2024"},
+          {390, 190, "3’640.00", right},
+          {500, 190, "4’012.00", right},
+          {60, 205, "Premi complessivi"},
+          {500, 205, "7’652.00", right}},
+         {{"lifeInsurancePremiums=7652"},
+          {"surrenderValue=68611.2", "sumInsured=140000"},
+          {"surrenderValue=42848.15", "sumInsured=118000"}}},
+    };
+}
+
 TEST(Parts, eachChildParcelAndPolicyHasItsOwnAmounts) {
-    for (const Paper& paper : papers()) {
+    std::vector<Paper> all = papers();
+    std::ranges::move(papersOfSeveralSenders(), std::back_inserter(all));
+    for (const Paper& paper : all) {
         const ScanResult result = proposedFrom(paper.puts);
         std::vector<std::vector<std::string>> told;
         for (std::size_t i = 0; i < result.records.size(); ++i) {

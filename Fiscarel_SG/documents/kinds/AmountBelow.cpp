@@ -1,0 +1,85 @@
+#include "Fiscarel_SG/documents/kinds/AmountBelow.h"
+
+#include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+
+#include <algorithm>
+
+namespace fiscarel {
+
+namespace {
+
+/// Whether a row consists of an amount and its currency.
+bool hasOnlyAmounts(const Row& row) {
+    std::size_t covered = 0;
+    for (const RowAmount& amount : row.amounts) {
+        covered += amount.last - amount.first + 1;
+    }
+    for (const RowWord& word : row.words) {
+        covered += isFrancs(word.text) || word.folded.empty() ? 1U : 0U;
+    }
+    return !row.amounts.empty() && covered >= row.words.size();
+}
+
+bool continuesSentence(const Row& row) {
+    const char first =
+        row.words.empty() || row.words.front().text.empty() ? 'A' : row.words.front().text.front();
+    return first >= 'a' && first <= 'z';
+}
+
+/// Whether a sentence ends between two words of a row: "pasti. La tassa di CHF 80".
+bool endsSentence(const Row& row, std::size_t first, std::size_t end) {
+    return std::any_of(row.words.begin() + static_cast<std::ptrdiff_t>(first),
+                       row.words.begin() + static_cast<std::ptrdiff_t>(end),
+                       [](const RowWord& word) {
+                           return word.text.size() > 4 && word.text.ends_with('.')
+                                  && word.folded.find_first_of("0123456789") == std::string::npos;
+                       });
+}
+
+/// Whether what goes on up to a word tells of something else than is wanted.
+bool saysOther(const Row& row, std::size_t end, const Wanted& wanted, bool isRecognised) {
+    Row words;
+    words.words.assign(row.words.begin(), row.words.begin() + static_cast<std::ptrdiff_t>(end));
+    return endsSentence(row, 0, end) || findLabel(words, wanted.without, isRecognised)
+           || namesAny(words, wanted.notMeant, isRecognised);
+}
+
+} // namespace
+
+const RowAmount* amountBelow(const RowRange& range, std::size_t at, const LabelPlace& label,
+                             const Wanted& wanted) {
+    const Row& own = range.page->rows[at];
+    if (at + 1 >= range.end) {
+        return nullptr;
+    }
+    const Row& next = range.page->rows[at + 1];
+    const double most = range.page->isRecognised ? 2.4 : 1.6; // recognised words have tight boxes
+    if (next.amounts.empty() || next.top - own.bottom > most * own.height()) {
+        return nullptr;
+    }
+    const bool breaksOff = cellsOf(own).size() == 1 && isFrancs(own.words.back().text)
+                           && next.amounts.front().first == 0;
+    const bool goesOn = breaksOff
+                        || (continuesSentence(next) && next.words.front().place.left < label.right
+                            && next.amounts.back().place.left > label.left);
+    if (goesOn
+        && (endsSentence(own, label.last, own.words.size())
+            || saysOther(next, next.amounts.front().first, wanted, range.page->isRecognised))) {
+        return nullptr;
+    }
+    if (goesOn && next.amounts.front().amount.isFirm()) {
+        return &next.amounts.front(); // further ones belong to what the sentence says next
+    }
+    if ((hasOnlyAmounts(next) && next.amounts.size() == 1) || goesOn) {
+        return isCandidate(next.amounts.back()) ? &next.amounts.back() : nullptr;
+    }
+    for (const RowAmount& amount : next.amounts) {
+        const bool isUnder = amount.place.right > label.left && amount.place.left < label.right;
+        if (isUnder && isCandidate(amount) && range.page->number != 0 && hasOnlyAmounts(next)) {
+            return &amount;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace fiscarel

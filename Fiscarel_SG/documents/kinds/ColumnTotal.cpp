@@ -1,0 +1,80 @@
+#include "Fiscarel_SG/documents/kinds/ColumnTotal.h"
+
+#include "Fiscarel_SG/documents/kinds/TableHeading.h"
+
+#include <algorithm>
+
+namespace fiscarel {
+
+namespace {
+
+bool heads(const Row& cell, const Wanted& wanted, bool isRecognised) {
+    constexpr std::size_t most = 6; // words of a heading
+    return cell.words.size() <= most && !findLabel(cell, wanted.without, isRecognised)
+           && !namesAny(cell, wanted.notMeant, isRecognised)
+           && std::ranges::any_of(wanted.meanings, [&](const Meaning& meaning) {
+                  return findMeaning(cell, meaning, isRecognised).has_value();
+              });
+}
+
+/// The year a row begins with, alone or in a day.
+std::optional<int> yearOf(const Row& row) {
+    const std::string text = row.words.empty() ? std::string() : row.words.front().text;
+    const auto day = parseDay(text);
+    const auto number = parseAmount(text);
+    const auto year = number && number->isYearLike() ? number->value.toInteger() : std::nullopt;
+    return day    ? std::optional(day->year())
+           : year ? std::optional(static_cast<int>(*year))
+                  : std::nullopt;
+}
+
+/// The row that the amounts of a column above it add up to; absent where those are of several
+/// years.
+std::optional<FoundAmount> totalOf(const PageRows& page, const TableHeading& heading,
+                                   std::size_t column) {
+    Decimal sum;
+    std::size_t count = 0;
+    std::optional<int> known;
+    for (std::size_t at = heading.row + 1; at < page.rows.size(); ++at) {
+        const auto amounts = heading.amountsIn(
+            page, at, [](const RowAmount& amount, std::size_t) { return amount.amount.isFirm(); });
+        if (amounts[column] == nullptr) {
+            continue;
+        }
+        const Decimal& value = amounts[column]->amount.value;
+        if (count >= 2 && value == sum) {
+            return FoundAmount{.page = &page,
+                               .row = at,
+                               .amount = *amounts[column],
+                               .label = heading.columns[column].words()};
+        }
+        const auto year = yearOf(page.rows[at]);
+        if (known && year && *known != *year) {
+            return std::nullopt;
+        }
+        known = year ? year : known;
+        sum = sum + value;
+        ++count;
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+std::optional<FoundAmount> columnTotal(const DocumentRows& document, const Wanted& wanted) {
+    for (const PageRows& page : document.pages) {
+        for (std::size_t at = 0; at < page.rows.size() && page.number != 0; ++at) {
+            const TableHeading heading = tableHeadingIn(page, at, false);
+            for (std::size_t i = 0; i < heading.columns.size() && heading.columns.size() > 2; ++i) {
+                if (heads(heading.columns[i].cell, wanted, page.isRecognised)) {
+                    if (auto total = totalOf(page, heading, i)) {
+                        return total;
+                    }
+                }
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace fiscarel

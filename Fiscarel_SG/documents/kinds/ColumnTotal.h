@@ -1,0 +1,13 @@
+#pragma once
+
+#include "Fiscarel_SG/documents/kinds/AmountFinder.h"
+
+#include <optional>
+
+namespace fiscarel {
+
+/// The total of the first column of a table whose heading says what is wanted: the row that those
+/// above it add up to. Absent without one.
+std::optional<FoundAmount> columnTotal(const DocumentRows& document, const Wanted& wanted);
+
+} // namespace fiscarel
