@@ -184,7 +184,11 @@ std::vector<SalaryForm> readCertificatePages(const DocumentRows& document) {
 KindVerdict verdictOf(const DocumentRows& document, const std::vector<SalaryForm>& forms,
                       bool hasBill) {
     const KindVerdict verdict = weighKind(document, std::ranges::any_of(forms, isProven));
-    if (allowanceOf(document) || isBoardPaper(document)) {
+    if (allowanceOf(document)) {
+        return {.kind = Kind::lohnausweis, .isClear = true};
+    }
+    const bool isExcluded = verdict.kind == Kind::anderes && verdict.isClear;
+    if (!isExcluded && forms.empty() && isBoardPaper(document)) {
         return {.kind = Kind::lohnausweis, .isClear = true};
     }
     const bool isNothing = !verdict.kind || (verdict.kind == Kind::anderes && hasBill);
