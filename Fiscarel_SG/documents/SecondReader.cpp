@@ -67,9 +67,10 @@ struct PayloadVerdict {
     std::set<int> certificatePages; ///< whose certificates the payloads state
 };
 
-void readCertificates(const DocumentReading& reading, const std::vector<SalaryForm>& forms,
-                      ProposalDraft& draft, PayloadVerdict& verdict) {
-    for (const JoinedPayload& payload : certificatePayloads(reading)) {
+void readCertificates(const std::vector<JoinedPayload>& certificates,
+                      const std::vector<SalaryForm>& forms, ProposalDraft& draft,
+                      PayloadVerdict& verdict) {
+    for (const JoinedPayload& payload : certificates) {
         if (payload.isComplete && proposeCertificate(payload, forms, draft)) {
             verdict.kind = Kind::lohnausweis;
             verdict.certificatePages.insert(payload.pages.begin(), payload.pages.end());
@@ -214,18 +215,23 @@ KindVerdict verdictOf(const DocumentRows& document, const std::vector<SalaryForm
 void proposeAll(const DocumentReading& reading, ScanResult& result) {
     const DocumentRows document = rowsOf(reading);
     ProposalDraft draft(result);
-    const auto forms = readCertificatePages(document);
+    const auto certificates = certificatePayloads(reading);
+    auto forms = certificates.empty() ? std::vector<SalaryForm>() : readCertificatePages(document);
     PayloadVerdict payloads;
-    readCertificates(reading, forms, draft, payloads);
+    readCertificates(certificates, forms, draft, payloads);
     readStatements(reading, document, draft, payloads);
+    result.kindIsCertain = payloads.kind.has_value();
+    result.proposedKind = payloads.kind;
+    if (payloads.kind && payloads.kind != Kind::lohnausweis) {
+        return; // its payload said all, what its pages look like need not be weighed
+    }
+    if (certificates.empty()) {
+        forms = readCertificatePages(document);
+    }
 
     const auto bill = findBill(reading, document);
     const KindVerdict verdict = verdictOf(document, forms, bill.has_value());
-    result.kindIsCertain = payloads.kind.has_value();
     result.proposedKind = payloads.kind ? payloads.kind : verdict.kind;
-    if (payloads.kind && payloads.kind != Kind::lohnausweis) {
-        return;
-    }
     if (result.proposedKind == Kind::lohnausweis) {
         if (!payloads.kind && allowanceOf(document)) {
             const DocumentFacts facts = readFacts(document);

@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/AmountBelow.h"
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+#include "Fiscarel_SG/documents/rows/CellRoles.h"
 
 #include <algorithm>
 
@@ -8,8 +9,8 @@ namespace fiscarel {
 
 namespace {
 
-/// Whether a row consists of an amount and its currency.
-bool hasOnlyAmounts(const Row& row) {
+/// Whether a row consists of an amount, also of a bare number, and its currency.
+bool isNumberAlone(const Row& row) {
     std::size_t covered = 0;
     for (const RowAmount& amount : row.amounts) {
         covered += amount.last - amount.first + 1;
@@ -27,20 +28,17 @@ bool continuesSentence(const Row& row) {
 }
 
 /// Whether a sentence ends between two words of a row: "pasti. La tassa di CHF 80".
-bool endsSentence(const Row& row, std::size_t first, std::size_t end) {
+bool endsBetween(const Row& row, std::size_t first, std::size_t end) {
     return std::any_of(row.words.begin() + static_cast<std::ptrdiff_t>(first),
                        row.words.begin() + static_cast<std::ptrdiff_t>(end),
-                       [](const RowWord& word) {
-                           return word.text.size() > 4 && word.text.ends_with('.')
-                                  && word.folded.find_first_of("0123456789") == std::string::npos;
-                       });
+                       [](const RowWord& word) { return endsSentence(word); });
 }
 
 /// Whether what goes on up to a word tells of something else than is wanted.
 bool saysOther(const Row& row, std::size_t end, const Wanted& wanted, bool isRecognised) {
     Row words;
     words.words.assign(row.words.begin(), row.words.begin() + static_cast<std::ptrdiff_t>(end));
-    return endsSentence(row, 0, end) || findLabel(words, wanted.without, isRecognised)
+    return endsBetween(row, 0, end) || findLabel(words, wanted.without, isRecognised)
            || namesAny(words, wanted.notMeant, isRecognised);
 }
 
@@ -63,19 +61,19 @@ const RowAmount* amountBelow(const RowRange& range, std::size_t at, const LabelP
                         || (continuesSentence(next) && next.words.front().place.left < label.right
                             && next.amounts.back().place.left > label.left);
     if (goesOn
-        && (endsSentence(own, label.last, own.words.size())
+        && (endsBetween(own, label.last, own.words.size())
             || saysOther(next, next.amounts.front().first, wanted, range.page->isRecognised))) {
         return nullptr;
     }
     if (goesOn && next.amounts.front().amount.isFirm()) {
         return &next.amounts.front(); // further ones belong to what the sentence says next
     }
-    if ((hasOnlyAmounts(next) && next.amounts.size() == 1) || goesOn) {
+    if ((isNumberAlone(next) && next.amounts.size() == 1) || goesOn) {
         return isCandidate(next.amounts.back()) ? &next.amounts.back() : nullptr;
     }
     for (const RowAmount& amount : next.amounts) {
         const bool isUnder = amount.place.right > label.left && amount.place.left < label.right;
-        if (isUnder && isCandidate(amount) && range.page->number != 0 && hasOnlyAmounts(next)) {
+        if (isUnder && isCandidate(amount) && range.page->number != 0 && isNumberAlone(next)) {
             return &amount;
         }
     }

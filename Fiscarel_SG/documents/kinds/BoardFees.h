@@ -10,6 +10,7 @@ bool isBoardPaper(const DocumentRows& document);
 
 /// Proposes the fees: the last amount that those above it prove, before expenses are added. Does
 /// nothing where none does. With contributions taken off they are a wage as any other.
+/// They are income from employment (DBG Art. 17 Abs. 1); expenses are none of it.
 void proposeBoardFees(const KindContext& context, ProposalDraft& draft);
 
 } // namespace fiscarel

@@ -7,7 +7,8 @@
 namespace fiscarel {
 
 /// The total of the first column of a table whose heading says what is wanted: the row that those
-/// above it add up to. Absent without one.
+/// above it add up to. Absent without one, and where the column runs over several years. The value
+/// is that printed.
 std::optional<FoundAmount> columnTotal(const DocumentRows& document, const Wanted& wanted);
 
 } // namespace fiscarel

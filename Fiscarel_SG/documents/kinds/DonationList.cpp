@@ -73,7 +73,7 @@ bool proposeRecipients(const KindContext& context, const FoundAmount& total, con
                                                       "Spende " + one.label, one.page->number));
         Evidence evidence =
             evidenceOf(one, wanted, context.isKindClear,
-                       {ProposalCheck{"Alle zusammen: " + shown(total.value()), true}});
+                       {ProposalCheck{"Alle zusammen ergeben " + shown(total.value()), true}});
         draft.add(record, "amount", one.value(), evidence);
         evidence.confidence = Proposal::Confidence::medium;
         evidence.checks.clear();

@@ -32,7 +32,7 @@ bool isPensionPaper(const DocumentRows& document);
 bool isRepairBill(const DocumentRows& document);
 
 /// Whether a document is a bill for the insurance of a building that says that it is upkeep, or is
-/// deducted.
+/// deducted: such premiums are upkeep of private property (DBG Art. 32 Abs. 2).
 bool isBuildingPremium(const DocumentRows& document);
 
 } // namespace fiscarel

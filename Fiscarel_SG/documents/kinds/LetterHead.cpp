@@ -221,9 +221,13 @@ bool namesCompany(const std::string& folded) {
     return isAnyIn(folded, words);
 }
 
+const Labels& salutations() {
+    static const Labels words{"Herr", "Herrn", "Frau", "Monsieur", "Madame", "Signor", "Signora"};
+    return words;
+}
+
 PlacedText findAddressee(const PageRows& page, double above) {
-    static const Labels salutations{"Herr",   "Herrn",   "Frau", "Monsieur", "Madame",
-                                    "Signor", "Signora", "M",    "Mme"};
+    static const Labels abbreviated{"M", "Mme"};
     std::optional<Run> last;
     for (std::size_t at = 0; at + 2 < page.rows.size() && page.number != 0; ++at) {
         const Row& row = page.rows[at];
@@ -234,8 +238,9 @@ PlacedText findAddressee(const PageRows& page, double above) {
             Run run = runFrom(page, row, first);
             const double left = run.left();
             first = run.last + 1;
-            const bool isSaluted =
-                run.last > run.first && isAnyIn(row.words[run.first].folded, salutations);
+            const bool isSaluted = run.last > run.first
+                                   && (isAnyIn(row.words[run.first].folded, salutations())
+                                       || isAnyIn(row.words[run.first].folded, abbreviated));
             run.first += isSaluted ? 1 : 0;
             if (!isName(run) || !isAboveTown(page, at, left)) {
                 continue;

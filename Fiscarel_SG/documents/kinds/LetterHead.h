@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Fiscarel_SG/documents/kinds/PageRuns.h"
+#include "Fiscarel_SG/documents/rows/RowLabels.h"
 
 #include <string>
 
@@ -8,6 +9,9 @@ namespace fiscarel {
 
 /// Whether folded words name a company, institution or practice rather than a person.
 bool namesCompany(const std::string& folded);
+
+/// "Herr", "Madame": what stands before a person's name.
+const Labels& salutations();
 
 /// The name in an address on a page above a height (points): two or three lines above a town, no
 /// company; empty when there is none.

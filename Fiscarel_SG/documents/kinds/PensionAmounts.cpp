@@ -23,11 +23,6 @@ void append(Row& words, const Row& row, std::size_t first, std::size_t end) {
 
 bool isProse(const Row& row) { return row.words.size() >= 6 && cellsOf(row).size() == 1; }
 
-bool endsSentence(const RowWord& word) {
-    return word.text.size() > 4 && word.text.ends_with('.') && !word.folded.empty()
-           && word.folded.find_first_of("0123456789") == std::string::npos;
-}
-
 bool endsClause(const std::string& text) {
     return text.ends_with(',') || text.ends_with(';') || text.ends_with(')');
 }

@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/documents/kinds/People.h"
 
+#include "Fiscarel_SG/documents/kinds/LetterHead.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
 #include "Fiscarel_SG/documents/rows/Vocabulary.h"
 
@@ -154,12 +155,10 @@ std::string familyOfCells(const Row& row) {
 
 /// The families of those whom a salutation names: "die Rente von Frau Anna Muster".
 std::vector<std::string> familiesOfSaluted(const Row& row) {
-    static const Labels salutations{"Herr",   "Herrn",  "Frau",   "Monsieur",
-                                    "Madame", "Signor", "Signora"};
     std::vector<std::string> families;
     for (std::size_t i = 1; i < row.words.size(); ++i) {
         const auto name =
-            isAnyIn(row.words[i - 1].folded, salutations) ? nameAt(row, i) : std::nullopt;
+            isAnyIn(row.words[i - 1].folded, salutations()) ? nameAt(row, i) : std::nullopt;
         if (name) {
             families.push_back(row.words[name->last].folded);
         }

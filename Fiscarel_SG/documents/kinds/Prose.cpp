@@ -132,9 +132,7 @@ std::size_t endOfFollowing(const Sentence& sentence, std::size_t which) {
     const bool isLast = which + 1 == sentence.amounts.size();
     const std::size_t end = isLast ? sentence.row.words.size() : sentence.starts[which + 1];
     for (std::size_t i = sentence.ends[which] + 1; i < end; ++i) {
-        const RowWord& word = sentence.row.words[i];
-        const bool isWord = !word.folded.empty() && word.folded.front() >= 'a';
-        if (isWord && word.text.size() > 4 && word.text.ends_with('.')) {
+        if (endsSentence(sentence.row.words[i])) {
             return i + 1;
         }
     }

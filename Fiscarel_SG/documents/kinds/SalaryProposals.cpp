@@ -41,15 +41,15 @@ std::string foreignNumber(const std::string& number) {
 Evidence evidenceOf(const SalaryForm& form, const RowAmount& amount, const std::string& number,
                     const std::optional<ProposalCheck>& check) {
     const bool isProven = check && check->passed;
-    Evidence evidence{.witness = Witness::position,
-                      .confidence =
-                          isProven && !form.isGuess && (form.isMarked || hasDeductions(form))
-                              ? Confidence::high
-                              : Confidence::medium,
-                      .reason = "Der Betrag steht auf der Zeile von Ziffer "
-                                + (form.isLiechtenstein ? foreignNumber(number) : number),
-                      .page = form.page->number,
-                      .box = pageBox(amount.printed, *form.page)};
+    Evidence evidence{
+        .witness = Witness::position,
+        .confidence = isProven && !form.isGuess && (form.isMarked || hasDeductions(form))
+                          ? Confidence::high
+                          : Confidence::medium,
+        .reason = "Der Betrag entspricht Ziffer "
+                  + (form.isLiechtenstein ? foreignNumber(number) : number) + " des Lohnausweises",
+        .page = form.page->number,
+        .box = pageBox(amount.printed, *form.page)};
     evidence.reason += form.page->isRecognised ? " (Texterkennung)." : ".";
     if (check) {
         evidence.checks.push_back(*check);

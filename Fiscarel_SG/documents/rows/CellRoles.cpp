@@ -66,6 +66,11 @@ bool hasOnlyAmounts(const Row& row) {
            });
 }
 
+bool endsSentence(const RowWord& word) {
+    return word.text.size() > 4 && word.text.ends_with('.') && !word.folded.empty()
+           && word.folded.find_first_of("0123456789") == std::string::npos;
+}
+
 bool endsSentence(const Row& row, std::size_t at) {
     const std::string& text = row.words[at].text;
     const bool isLeader = text.ends_with("..");

@@ -21,7 +21,10 @@ bool hasOnlyAmounts(const Row& row);
 std::size_t lettersIn(const Row& row, const LabelPlace& cell);
 std::vector<RowWord> wordsOf(const Row& row, const LabelPlace& cell);
 
-/// Whether a word ends its sentence; "31.", "Nr.", "lit." and dots that lead to an amount do not.
+/// Whether a word of a row ends its sentence; "31.", "Nr.", "lit." and dots that lead to an amount
+/// do not, nor one before a pronoun that goes on about the same.
 bool endsSentence(const Row& row, std::size_t at);
+/// Whether a word by itself ends a sentence: it has over three letters, no digits, and a point.
+bool endsSentence(const RowWord& word);
 
 } // namespace fiscarel

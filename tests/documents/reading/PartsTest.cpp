@@ -182,48 +182,37 @@ std::vector<Paper> papers() {
     };
 }
 
+/// A head with the headings of three columns, and the wages below, of which the third adds up the
+/// others.
+std::vector<Put> wagesInColumns(std::vector<Put> head) {
+    const std::vector<Put> wages{{60, 150, "Total brutto"},      {290, 150, "40’000.00", right},
+                                 {400, 150, "20’000.00", right}, {520, 150, "60’000.00", right},
+                                 {60, 165, "Sozialabzüge"},      {290, 165, "-2’560.00", right},
+                                 {400, 165, "-1’280.00", right}, {520, 165, "-3’840.00", right},
+                                 {60, 180, "Total netto"},       {290, 180, "37’440.00", right},
+                                 {400, 180, "18’720.00", right}, {520, 180, "56’160.00", right}};
+    head.insert(head.end(), wages.begin(), wages.end());
+    return head;
+}
+
 std::vector<Paper> papersOfSeveralSenders() {
     return {
         {"employers as columns beside that of both",
-         {{60, 60, "Muster Gruppe"},
-          {60, 90, "Jahresbestätigung der Bezüge 2024"},
-          {290, 130, "Muster Bau AG", right},
-          {400, 130, "Muster Immobilien AG", right},
-          {520, 130, "Gruppe", right},
-          {60, 150, "Total brutto"},
-          {290, 150, "40’000.00", right},
-          {400, 150, "20’000.00", right},
-          {520, 150, "60’000.00", right},
-          {60, 165, "Sozialabzüge"},
-          {290, 165, "-2’560.00", right},
-          {400, 165, "-1’280.00", right},
-          {520, 165, "-3’840.00", right},
-          {60, 180, "Total netto"},
-          {290, 180, "37’440.00", right},
-          {400, 180, "18’720.00", right},
-          {520, 180, "56’160.00", right}},
+         wagesInColumns({{60, 60, "Muster Gruppe"},
+                         {60, 90, "Jahresbestätigung der Bezüge 2024"},
+                         {290, 130, "Muster Bau AG", right},
+                         {400, 130, "Muster Immobilien AG", right},
+                         {520, 130, "Gruppe", right}}),
          {{"grossSalary=40000", "socialContributions=2560", "netSalaryOverride=37440",
            "employer=Muster Bau AG"},
           {"grossSalary=20000", "socialContributions=1280", "netSalaryOverride=18720",
            "employer=Muster Immobilien AG"}}},
         {"halves of a year as columns are one wage",
-         {{60, 60, "Muster Bau AG"},
-          {60, 90, "Lohnbestätigung 2024"},
-          {290, 130, "1. Halbjahr", right},
-          {400, 130, "2. Halbjahr", right},
-          {520, 130, "Total", right},
-          {60, 150, "Total brutto"},
-          {290, 150, "40’000.00", right},
-          {400, 150, "20’000.00", right},
-          {520, 150, "60’000.00", right},
-          {60, 165, "Sozialabzüge"},
-          {290, 165, "-2’560.00", right},
-          {400, 165, "-1’280.00", right},
-          {520, 165, "-3’840.00", right},
-          {60, 180, "Total netto"},
-          {290, 180, "37’440.00", right},
-          {400, 180, "18’720.00", right},
-          {520, 180, "56’160.00", right}},
+         wagesInColumns({{60, 60, "Muster Bau AG"},
+                         {60, 90, "Lohnbestätigung 2024"},
+                         {290, 130, "1. Halbjahr", right},
+                         {400, 130, "2. Halbjahr", right},
+                         {520, 130, "Total", right}}),
          {{"grossSalary=60000", "socialContributions=3840", "netSalaryOverride=56160"}}},
         {"a letter of a joint collection",
          {{60, 60, "Muster hilft gemeinsam"},

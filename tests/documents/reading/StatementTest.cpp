@@ -92,5 +92,37 @@ TEST(AccountStatement, recognisedInterestIsFoundByWhatTheTaxLeaves) {
     EXPECT_EQ(valueOf(page.scanned(0.5).proposed(), "incomeWithWithholding"), "631.9");
 }
 
+TEST(AccountWording, accountsAndLoansShareATable) {
+    DrawnPage page;
+    page.text(60, 60, "Regionalbank Muster").text(60, 90, "Vermögensausweis 31.12.2024");
+    page.text(60, 120, "Produkt").right(330, 120, "Saldo per").right(440, 120, "Zins");
+    page.right(540, 120, "Verr.-Steuer").right(330, 132, "31.12.2024").right(440, 132, "brutto");
+    page.text(60, 150, "Sparkonto 12.345-6")
+        .right(330, 150, "20’500.00")
+        .right(440, 150, "300.00")
+        .right(540, 150, "105.00");
+    page.text(60, 170, "Hypothek 77.001-2")
+        .right(330, 170, "-400’000.00")
+        .right(440, 170, "6’120.00");
+    const ScanResult result = page.proposed();
+    ASSERT_EQ(result.records.size(), 2U);
+    EXPECT_EQ(valueOf(result, "taxValue", 0), "20500");
+    EXPECT_EQ(valueOf(result, "incomeWithWithholding", 0), "300");
+    EXPECT_EQ(result.records[1].kind, ProposedRecord::Kind::debt);
+    EXPECT_EQ(valueOf(result, "amount", 1), "400000");
+    EXPECT_EQ(valueOf(result, "interest", 1), "6120");
+}
+
+TEST(AccountWording, accountsWithoutIbanEachHaveTheirBlock) {
+    DrawnPage page;
+    page.line("Regionalbank Muster").line("Bestätigung Zinsen und Salden 2024");
+    page.line("Privatkonto Nr. 12.345.678").line("Guthaben am 31.12.2024", "1’200.00");
+    page.line("Sparkonto Nr. 98.765.432").line("Guthaben am 31.12.2024", "9’900.00");
+    const ScanResult result = page.proposed();
+    ASSERT_EQ(result.records.size(), 2U);
+    EXPECT_EQ(valueOf(result, "taxValue", 0), "1200");
+    EXPECT_EQ(valueOf(result, "taxValue", 1), "9900");
+}
+
 } // namespace
 } // namespace fiscarel
