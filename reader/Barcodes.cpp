@@ -10,6 +10,7 @@
 #include <QVector>
 #include <algorithm>
 #include <cstdint>
+#include <future>
 #include <optional>
 
 namespace fiscarel::reader {
@@ -41,23 +42,6 @@ Corners cornersOf(const ZXing::Position& position) {
             point(position.bottomLeft())};
 }
 
-/// The grey pixels byte by byte; Leptonica keeps them in words of the machine's order.
-std::vector<std::uint8_t> bytesOf(const PixPtr& grey) {
-    const int width = widthOf(grey);
-    const int height = heightOf(grey);
-    std::vector<std::uint8_t> bytes(static_cast<std::size_t>(width)
-                                    * static_cast<std::size_t>(height));
-    const int step = pixGetWpl(grey.get());
-    auto to = bytes.begin();
-    for (int y = 0; y < height; ++y) {
-        const l_uint32* const line = pixGetData(grey.get()) + std::ptrdiff_t{step} * y;
-        for (int x = 0; x < width; ++x) {
-            *to++ = static_cast<std::uint8_t>(GET_DATA_BYTE(line, x));
-        }
-    }
-    return bytes;
-}
-
 std::optional<PageSymbol::Part> partOf(const ZXing::Result& result) {
     if (!result.isPartOfSequence()) {
         return std::nullopt;
@@ -69,10 +53,10 @@ std::optional<PageSymbol::Part> partOf(const ZXing::Result& result) {
     return part;
 }
 
-/// Adds the barcodes within an area of a picture whose grey values are `bytes`.
-void searchArea(const Picture& picture, const std::vector<std::uint8_t>& bytes,
-                const PixelArea& area, ZXing::BarcodeFormats formats,
-                std::vector<FoundSymbol>& found) {
+/// The barcodes within an area of a picture whose grey values are `bytes`.
+std::vector<FoundSymbol> searchArea(const Picture& picture, const std::vector<std::uint8_t>& bytes,
+                                    const PixelArea& area, ZXing::BarcodeFormats formats) {
+    std::vector<FoundSymbol> found;
     const int row = widthOf(picture.grey);
     const std::ptrdiff_t first = std::ptrdiff_t{area.top} * row + area.left;
     const ZXing::ImageView view(bytes.data() + first, area.width, area.height,
@@ -92,28 +76,29 @@ void searchArea(const Picture& picture, const std::vector<std::uint8_t>& bytes,
                                     .part = partOf(result)},
                          .text = QString::fromStdString(result.text()).toStdString()});
     }
+    return found;
 }
 
 } // namespace
 
-std::vector<FoundSymbol> findSymbols(const Picture& picture, Pass pass) {
-    std::vector<FoundSymbol> found;
+std::vector<FoundSymbol> findSymbols(const Picture& picture, bool sideBySide) {
     if (!picture) {
-        return found;
+        return {};
     }
     const std::vector<std::uint8_t> bytes = bytesOf(picture.grey);
     const PixelArea whole{0, 0, widthOf(picture.grey), heightOf(picture.grey)};
-    const auto search = [&](const PixelArea& area, ZXing::BarcodeFormats formats) {
-        searchArea(picture, bytes, area, formats, found);
+    const auto searched = [&](const PixelArea& area, ZXing::BarcodeFormats formats) {
+        return searchArea(picture, bytes, area, formats);
     };
-    if (pass == Pass::pdf417) {
-        search(whole, ZXing::BarcodeFormat::PDF417);
-        return found;
-    }
-    search(whole, ZXing::BarcodeFormat::QRCode | ZXing::BarcodeFormat::Code128);
+    auto pdf417 = std::async(sideBySide ? std::launch::async : std::launch::deferred,
+                             [&] { return searched(whole, ZXing::BarcodeFormat::PDF417); });
+    std::vector<FoundSymbol> others =
+        searched(whole, ZXing::BarcodeFormat::QRCode | ZXing::BarcodeFormat::Code128);
     for (const PixelArea& area : matrixPlaces(picture.grey)) {
-        search(area, ZXing::BarcodeFormat::DataMatrix);
+        addNew(others, searched(area, ZXing::BarcodeFormat::DataMatrix));
     }
+    std::vector<FoundSymbol> found = pdf417.get();
+    addNew(found, std::move(others));
     return found;
 }
 

@@ -13,11 +13,9 @@ struct FoundSymbol {
     std::string text; ///< UTF-8
 };
 
-/// Which barcodes one pass looks for: all at once would miss PDF417.
-enum class Pass { pdf417, others };
-
-/// The barcodes of a picture; places are on its page.
-std::vector<FoundSymbol> findSymbols(const Picture& picture, Pass pass);
+/// The barcodes of a picture; places are on its page. All kinds sought at once would miss PDF417,
+/// so there are two passes: one after the other, or `sideBySide` on a thread more.
+std::vector<FoundSymbol> findSymbols(const Picture& picture, bool sideBySide);
 
 /// Adds those that are not there yet.
 void addNew(std::vector<FoundSymbol>& symbols, std::vector<FoundSymbol> found);

@@ -1,6 +1,7 @@
 #include "reader/PageReader.h"
 
 #include "reader/Leaders.h"
+#include "reader/Rulings.h"
 
 #include <utility>
 
@@ -9,12 +10,6 @@ namespace fiscarel::reader {
 namespace {
 
 constexpr double pointsPerInch = 72;
-
-void addSymbols(std::vector<FoundSymbol>& symbols, const Picture& picture) {
-    for (const Pass pass : {Pass::pdf417, Pass::others}) {
-        addNew(symbols, findSymbols(picture, pass));
-    }
-}
 
 /// A scan, with the page as it stands upright in place of the page of the file.
 void readScan(const Document& document, const PageTask& task, Recognition& recognition,
@@ -25,12 +20,13 @@ void readScan(const Document& document, const PageTask& task, Recognition& recog
     found.reading.height = heightOf(page.grey) * pointsPerInch / page.dpi;
     source.toPage = page.toPage.after(upright.fromSource);
     if (task.wantsSymbols) {
-        addSymbols(found.symbols, source);
+        addNew(found.symbols, findSymbols(source, task.hasSpareThread));
         if (!upright.isUnchanged) {
-            addSymbols(found.symbols, page);
+            addNew(found.symbols, findSymbols(page, task.hasSpareThread));
         }
     }
     source.grey.reset();
+    wipeRulings(page);
     wipeLeaders(page);
     RecognisedPage recognised = recognition.read(page, deadline);
     found.recognisedText = std::move(recognised.text);
@@ -39,15 +35,15 @@ void readScan(const Document& document, const PageTask& task, Recognition& recog
 }
 
 /// A scan that has a text layer already: only its barcodes may need it straight.
-void addSkewedSymbols(bool mayBePhoto, Recognition& recognition, const Picture& source,
-                      std::vector<FoundSymbol>& symbols) {
-    const Upright upright = findUpright(source, mayBePhoto, recognition);
+void addSkewedSymbols(const Document& document, const PageTask& task, Recognition& recognition,
+                      const Picture& source, std::vector<FoundSymbol>& symbols) {
+    const Upright upright = findUpright(source, document.mayBePhoto(task.page), recognition);
     if (upright.isUnchanged) {
         return;
     }
     Picture page = straightened(source, upright);
     page.toPage = source.toPage.after(wayBack(source, upright));
-    addSymbols(symbols, page);
+    addNew(symbols, findSymbols(page, task.hasSpareThread));
 }
 
 } // namespace
@@ -65,10 +61,9 @@ PageFound readPage(const Document& document, PageTask task, Recognition& recogni
         } else if (task.wantsRecognition) {
             readScan(document, task, recognition, deadline, std::move(source), found);
         } else {
-            addSymbols(found.symbols, source);
+            addNew(found.symbols, findSymbols(source, task.hasSpareThread));
             if (found.symbols.empty() && document.isScan(task.page)) {
-                addSkewedSymbols(document.mayBePhoto(task.page), recognition, source,
-                                 found.symbols);
+                addSkewedSymbols(document, task, recognition, source, found.symbols);
             }
         }
     }

@@ -10,7 +10,8 @@ struct PageTask {
     int page = 0;
     bool wantsSymbols = true;
     bool wantsRecognition = false;
-    PageText text; ///< of its text layer
+    bool hasSpareThread = false; ///< no other page needs it
+    PageText text;               ///< of its text layer
 };
 
 /// What a page holds.

@@ -30,10 +30,11 @@ PixPtr greyOf(const QImage& image) {
         return nullptr;
     }
     const int step = pixGetWpl(pix.get());
+    const int width = image.width();
     for (int y = 0; y < image.height(); ++y) {
         const auto* from = reinterpret_cast<const QRgb*>(image.constScanLine(y));
         l_uint32* const to = pixGetData(pix.get()) + std::ptrdiff_t{step} * y;
-        for (int x = 0; x < image.width(); ++x) {
+        for (int x = 0; x < width; ++x) {
             SET_DATA_BYTE(to, x, static_cast<l_uint8>(qGray(from[x])));
         }
     }

@@ -115,6 +115,22 @@ PixPtr greyOf(PixPtr pix) {
     return PixPtr(pix ? pixConvertTo8(pix.get(), 0) : nullptr);
 }
 
+std::vector<std::uint8_t> bytesOf(const PixPtr& grey) {
+    const int width = widthOf(grey);
+    const int height = heightOf(grey);
+    std::vector<std::uint8_t> bytes(static_cast<std::size_t>(width)
+                                    * static_cast<std::size_t>(height));
+    const int step = pixGetWpl(grey.get());
+    auto to = bytes.begin();
+    for (int y = 0; y < height; ++y) {
+        const l_uint32* const line = pixGetData(grey.get()) + std::ptrdiff_t{step} * y;
+        for (int x = 0; x < width; ++x) {
+            *to++ = static_cast<std::uint8_t>(GET_DATA_BYTE(line, x));
+        }
+    }
+    return bytes;
+}
+
 PagePlace placeOf(const Mapping& mapping, const Corners& corners) {
     const Point first = mapping(corners[0]);
     PagePlace place{first.x, first.y, first.x, first.y};

@@ -3,7 +3,9 @@
 #include "Fiscarel_SG/documents/PageReading.h"
 
 #include <array>
+#include <cstdint>
 #include <memory>
+#include <vector>
 
 struct Pix;
 
@@ -57,6 +59,9 @@ PixPtr shared(const PixPtr& pix);
 
 /// 8-bit grey of any picture, on white where it is transparent; null on failure.
 PixPtr greyOf(PixPtr pix);
+
+/// Grey pixels byte by byte, row by row; Leptonica keeps them in words of the machine's order.
+std::vector<std::uint8_t> bytesOf(const PixPtr& grey);
 
 /// The upright rectangle around mapped corners.
 PagePlace placeOf(const Mapping& mapping, const Corners& corners);

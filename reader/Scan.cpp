@@ -23,10 +23,12 @@ std::string trimmed(const std::string& text) {
 
 /// What the threads share. They keep it alive, since they may outlast the reading.
 struct Shared {
-    Shared(std::string_view file, Deadline end) : bytes(file), deadline(end) {}
+    Shared(std::string_view file, Deadline end, unsigned allowed)
+        : bytes(file), deadline(end), threads(allowed) {}
 
     const std::string_view bytes;
     const Deadline deadline;
+    const unsigned threads;
 
     std::mutex mutex;
     std::condition_variable changed;
@@ -77,6 +79,7 @@ std::unique_ptr<Document> openAndPlan(Shared& shared) {
     for (PageTask& task : tasks) {
         const bool isScan = isReadFromPicture(document, task.page, task.text, isRecognised);
         task.wantsRecognition = isScan && scans < bounds::recognisedPages;
+        task.hasSpareThread = tasks.size() < shared.threads;
         scans += isScan ? 1 : 0;
     }
     const std::lock_guard lock(shared.mutex);
@@ -246,7 +249,7 @@ bool isReadFromPicture(const Document& document, int page, const PageText& text,
 }
 
 Scanned scanDocument(std::string_view bytes, const ScanOptions& options) {
-    const auto shared = std::make_shared<Shared>(bytes, options.deadline);
+    const auto shared = std::make_shared<Shared>(bytes, options.deadline, options.threads);
     Crew crew(shared);
     crew.add(true);
     std::unique_lock lock(shared->mutex);

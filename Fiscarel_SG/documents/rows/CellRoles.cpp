@@ -45,6 +45,14 @@ bool hasFirmAmount(const Row& row, const LabelPlace& cell) {
     });
 }
 
+bool saysNone(const Row& row, const LabelPlace& cell) {
+    static constexpr std::array<std::string_view, 11> words{
+        "kein",   "keine", "keiner", "keines", "entfallt", "aucun",
+        "aucune", "neant", "nihil",  "nessun", "nessuna"};
+    return cell.first == cell.last
+           && std::ranges::find(words, row.words[cell.first].folded) != words.end();
+}
+
 std::size_t lettersIn(const Row& row, const LabelPlace& cell) {
     std::size_t letters = 0;
     for (std::size_t i = cell.first; i <= cell.last; ++i) {

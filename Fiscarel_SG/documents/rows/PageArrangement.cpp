@@ -35,7 +35,7 @@ double gapBetween(const Row& above, const Row& below, bool isRecognised) {
     return height <= 0 ? 0 : isRecognised ? gap / height / tightness : gap / height;
 }
 
-constexpr double headGap = 2.5; ///< below the head of a panel, in heights of a row
+constexpr double headGap = 3; ///< below the head of a panel, in heights of a row
 
 class Arrangement {
   public:
@@ -391,8 +391,9 @@ class Arrangement {
     }
 
     static bool hasOnlyLabels(const Row& row) {
-        return std::ranges::all_of(
-            cellsOf(row), [&](const LabelPlace& cell) { return lettersIn(row, cell) >= 2; });
+        return std::ranges::all_of(cellsOf(row), [&](const LabelPlace& cell) {
+            return lettersIn(row, cell) >= 2 && !saysNone(row, cell);
+        });
     }
 
     /// A label of two lines whose amount stands beside the second.

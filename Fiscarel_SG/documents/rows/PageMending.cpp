@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <set>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -44,6 +46,60 @@ void firmColumns(PageRows& page) {
                 && !countsItsWord(row, amount)) {
                 amount.amount.hasCurrency = true;
             }
+        }
+    }
+}
+
+/// Whether recognition may have lost the point of an amount, or taken it for a colon: "37135",
+/// "3:55".
+bool mayLackPoint(const std::string& text) {
+    constexpr std::size_t fewest = 3;
+    constexpr std::size_t most = 9;
+    const bool isYear = text.size() == 4 && (text.starts_with("19") || text.starts_with("20"));
+    std::string digits = text;
+    if (digits.size() > fewest && digits[digits.size() - 3] == ':') {
+        digits.erase(digits.size() - 3, 1);
+    }
+    return digits.size() >= fewest && digits.size() <= most && !isYear && digits[0] != '0'
+           && digits.find_first_not_of("0123456789") == std::string::npos;
+}
+
+/// Gives amounts without a point, in a column of amounts with cents, their point back.
+void restorePoints(PageRows& page) {
+    constexpr double near = 3; // points
+    constexpr std::ptrdiff_t fewest = 2;
+    std::vector<double> withCents;
+    std::vector<double> whole;
+    for (const Row& row : page.rows) {
+        for (const RowAmount& amount : row.amounts) {
+            if (amount.amount.isFirm()) {
+                (amount.amount.hasDecimals ? withCents : whole).push_back(amount.place.right);
+            }
+        }
+    }
+    const auto ending = [](const std::vector<double>& edges, const RowWord& word) {
+        return std::ranges::count_if(
+            edges, [&](double edge) { return std::abs(edge - word.place.right) <= near; });
+    };
+    for (Row& row : page.rows) {
+        std::set<std::size_t> mended;
+        for (std::size_t i = 0; i < row.words.size(); ++i) {
+            RowWord& word = row.words[i];
+            if (mayLackPoint(word.text) && ending(withCents, word) >= fewest
+                && ending(whole, word) == 0) {
+                const std::size_t colon = word.text.find(':');
+                word.text.replace(word.text.size() - (colon == std::string::npos ? 2 : 3),
+                                  colon == std::string::npos ? 0 : 1, ".");
+                mended.insert(i);
+            }
+        }
+        if (mended.empty()) {
+            continue;
+        }
+        row = rowOfWords(std::move(row.words), page.isRecognised);
+        for (RowAmount& amount : row.amounts) {
+            const auto first = mended.lower_bound(amount.first);
+            amount.amount.wasCorrected |= first != mended.end() && *first <= amount.last;
         }
     }
 }
@@ -140,6 +196,7 @@ void mend(PageRows& page) {
         dropLines(page);
         straightenBends(page);
         std::ranges::for_each(page.rows, mendIbans);
+        restorePoints(page);
     }
     joinIbans(page);
     joinOverLines(page);

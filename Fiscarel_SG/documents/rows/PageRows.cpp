@@ -110,7 +110,7 @@ bool isTailOfAmount(std::string_view tail, bool isRecognised) {
     }
     const bool isPointLost = isRecognised && tail.size() == 5 && hasOnlyDigits(tail);
     return isPointLost || tail.size() == 3 || tail[3] == '.' || tail[3] == ','
-           || isThousandsMark(firstLetter(tail.substr(3)).code);
+           || (isRecognised && tail[3] == ':') || isThousandsMark(firstLetter(tail.substr(3)).code);
 }
 
 /// Whether two words may be one amount: "68" and "000.00", less than some digits apart.

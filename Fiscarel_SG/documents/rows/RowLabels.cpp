@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
 
 #include "Fiscarel_SG/documents/text/FoldedText.h"
+#include "Fiscarel_SG/documents/text/Utf8Letters.h"
 
 #include <algorithm>
 #include <bit>
@@ -191,10 +192,14 @@ std::optional<LabelPlace> findLabel(const Row& row, const Labels& labels, bool i
 
 std::vector<LabelPlace> cellsOf(const Row& row) {
     std::vector<LabelPlace> cells;
+    double before = 0;
     for (std::size_t i = 0; i < row.words.size(); ++i) {
         const RowWord& word = row.words[i];
-        const double letter =
-            word.place.width() / static_cast<double>(std::max<std::size_t>(word.text.size(), 1));
+        const std::size_t characters = std::max<std::size_t>(charactersIn(word.text), 1);
+        const double own = word.place.width() / static_cast<double>(characters);
+        // A colon or an "l" alone is narrower than letters are.
+        const double letter = characters == 1 ? std::max(own, before) : own;
+        before = own;
         if (cells.empty() || word.place.left - cells.back().right > 1.5 * letter) {
             cells.push_back({i, i, word.place.left, word.place.right});
         }

@@ -108,7 +108,8 @@ class Marking {
             }
             joined += word(next);
             mark(next);
-            if (joined.size() > 34
+            const bool isOurs = joined.starts_with("CH") || joined.starts_with("LI");
+            if (joined.size() >= (isOurs ? 21U : 35U)
                 || (taxcore::looksLikeIban(joined) && !taxcore::ibanFault(joined))) {
                 break;
             }
@@ -192,7 +193,7 @@ class Marking {
         };
         if (own.size() >= 8 || (own.size() > 3 && own[0] == '0')
             || (isBlock(at) && (isBlock(at + 1) || (at > 0 && isBlock(at - 1))))
-            || (at > 0 && marked_[at - 1] && isBlock(at - 1) && own.size() < 5)) {
+            || (at > 1 && isBlock(at - 1) && isBlock(at - 2) && own.size() < 5)) {
             mark(at);
         }
     }

@@ -23,6 +23,12 @@ Utf8Letter firstLetter(std::string_view text) noexcept {
     return {code, length};
 }
 
+std::size_t charactersIn(std::string_view text) noexcept {
+    return static_cast<std::size_t>(std::ranges::count_if(text, [](char c) {
+        return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; // no byte within a character
+    }));
+}
+
 bool isThousandsMark(char32_t code) noexcept {
     constexpr std::array<char32_t, 15> marks{U'\'',     U'`',      U'\u00B4', U'\u00B0', U'\u00BA',
                                              U'\u2018', U'\u2019', U'\u201B', U'\u2032', U'\u02B9',

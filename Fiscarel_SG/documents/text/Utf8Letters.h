@@ -14,6 +14,9 @@ struct Utf8Letter {
 /// The first character of a text that is not empty.
 Utf8Letter firstLetter(std::string_view text) noexcept;
 
+/// How many characters a text has.
+std::size_t charactersIn(std::string_view text) noexcept;
+
 /// Whether a character separates thousands in an amount, as printed or as recognition mistakes it:
 /// apostrophes, accents standing alone, the degree sign, narrow and unbreakable blanks.
 bool isThousandsMark(char32_t code) noexcept;

@@ -107,6 +107,31 @@ TEST(PageRows, mendsWhatRecognitionToreInAnAmountAndSaysSo) {
     }
 }
 
+TEST(PageRows, givesAmountsInAColumnOfCentsTheirPointBack) {
+    const auto lastOf = [](const char* taken, const char* above, const char* below) {
+        DrawnPage page;
+        page.line("Zins brutto", above).line("Zins netto", below).line("Spesen", taken);
+        const PageRows rows = arranged(buildRows(page.scanned(0).page()));
+        const auto& amounts = rows.rows.back().amounts;
+        return amounts.empty() ? PrintedAmount() : amounts.back().amount;
+    };
+    EXPECT_EQ(lastOf("37135", "57.00", "1'230.60").value, 371.35_dec);
+    EXPECT_EQ(lastOf("3:55", "57.00", "1'230.60").value, 3.55_dec);
+    EXPECT_TRUE(lastOf("37135", "57.00", "1'230.60").wasCorrected);
+    EXPECT_EQ(lastOf("2024", "57.00", "1'230.60").value, 2024) << "a year stands there as well";
+    EXPECT_EQ(lastOf("648", "57.00", "1'230").value, 648) << "not all have cents";
+}
+
+TEST(PageRows, anAccountNumberEndsWhereItIsComplete) {
+    for (const char* number : {"CH93 0076 2011 6238 5295 7", "CH93 0076 2011 6238 52957"}) {
+        DrawnPage page;
+        page.text(60, 60, number).right(540, 60, "5 320.16");
+        const PageRows rows = buildRows(page.scanned(0).page());
+        ASSERT_EQ(rows.rows.at(0).amounts.size(), 1U) << number;
+        EXPECT_EQ(rows.rows.at(0).amounts[0].amount.value, 5320.16_dec) << number;
+    }
+}
+
 TEST(PageRows, putsAccountNumbersRightThatTheirCheckDigitsProve) {
     struct Case {
         const char* taken;
