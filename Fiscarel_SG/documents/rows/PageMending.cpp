@@ -77,6 +77,13 @@ void restorePoints(PageRows& page) {
             }
         }
     }
+    // Those of an account or a telephone are no amounts.
+    const auto isOpen = [](const Row& row, std::size_t at) {
+        return row.words[at].text.find(':') != std::string::npos
+               || std::ranges::any_of(row.amounts, [at](const RowAmount& amount) {
+                      return amount.first == at && amount.last == at;
+                  });
+    };
     const auto ending = [](const std::vector<double>& edges, const RowWord& word) {
         return std::ranges::count_if(
             edges, [&](double edge) { return std::abs(edge - word.place.right) <= near; });
@@ -85,7 +92,7 @@ void restorePoints(PageRows& page) {
         std::set<std::size_t> mended;
         for (std::size_t i = 0; i < row.words.size(); ++i) {
             RowWord& word = row.words[i];
-            if (mayLackPoint(word.text) && ending(withCents, word) >= fewest
+            if (mayLackPoint(word.text) && isOpen(row, i) && ending(withCents, word) >= fewest
                 && ending(whole, word) == 0) {
                 const std::size_t colon = word.text.find(':');
                 word.text.replace(word.text.size() - (colon == std::string::npos ? 2 : 3),

@@ -120,6 +120,7 @@ TEST(PageRows, givesAmountsInAColumnOfCentsTheirPointBack) {
     EXPECT_TRUE(lastOf("37135", "57.00", "1'230.60").wasCorrected);
     EXPECT_EQ(lastOf("2024", "57.00", "1'230.60").value, 2024) << "a year stands there as well";
     EXPECT_EQ(lastOf("648", "57.00", "1'230").value, 648) << "not all have cents";
+    EXPECT_EQ(lastOf("CH93 0076 2011 6238 5295", "57.00", "1'230.60").value, 0);
 }
 
 TEST(PageRows, anAccountNumberEndsWhereItIsComplete) {
