@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/AccountList.h"
 #include "Fiscarel_SG/documents/kinds/AccountPages.h"
+#include "Fiscarel_SG/documents/kinds/BankShares.h"
 #include "Fiscarel_SG/documents/kinds/TableHeading.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 
@@ -121,13 +122,8 @@ std::vector<std::size_t> startsAboveFigures(const PageRows& page,
 } // namespace
 
 bool namesShares(const Row& row) {
-    static const Labels shares{
-        "*kassenobligation*",     "*anteilschein*",        "*anteilscheine*",
-        "Genossenschaftsanteil*", "parts sociales",        "part sociale",
-        "obligation de caisse",   "obligations de caisse", "obbligazione di cassa",
-        "obbligazioni di cassa",  "quote sociali"};
     return row.words.size() <= 5 && !hasFirmAmount(row) && cellsOf(row).size() == 1
-           && isAnyIn(row.folded, shares);
+           && mentionsShares(row);
 }
 
 std::vector<std::size_t> blockStarts(const PageRows& page,

@@ -5,6 +5,7 @@
 #include "Fiscarel_SG/documents/kinds/AccountPages.h"
 #include "Fiscarel_SG/documents/kinds/AccountTable.h"
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+#include "Fiscarel_SG/documents/kinds/BankShares.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
 #include "Fiscarel_SG/documents/kinds/SecurityTable.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
@@ -139,11 +140,15 @@ class AccountMapper {
             const RowRange range{&page, first, end};
             const bool isLoan = i < starts.size() && starts.size() > 1 && own == ibans.end()
                                 && namesLoan(page, starts[i]);
-            AccountEntry entry{.figures = isLoan ? figuresOfLoan(range) : figuresByLabel(range),
+            const bool isOfShares = i < starts.size() && namesShares(page.rows[starts[i]]);
+            AccountEntry entry{.figures = isLoan       ? figuresOfLoan(range)
+                                          : isOfShares ? figuresOfShares(range)
+                                                       : figuresByLabel(range),
                                .number = own == ibans.end() ? std::string() : own->text,
                                .range = range,
                                .isLoan = isLoan,
-                               .isDepot = i < starts.size() && namesShares(page.rows[starts[i]])};
+                               .isDepot = isOfShares,
+                               .quantity = isOfShares ? sharesIn(range) : std::nullopt};
             if (starts.size() <= 1 && tellsOfBoth(entry)) {
                 addEntry(withoutAccount(entry));
                 entry.figures = withoutLoan(entry.figures);

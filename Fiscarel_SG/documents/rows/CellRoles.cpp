@@ -80,6 +80,10 @@ bool endsSentence(const Row& row, std::size_t at) {
     if (at + 1 < row.words.size() && row.words[at + 1].text.starts_with("Fr")) {
         return false;
     }
+    const char next = at + 1 < row.words.size() ? row.words[at + 1].text.front() : 'A';
+    if (isDayOfYear(text) && (next < 'A' || next > 'Z')) {
+        return false; // "du 15.09. au 31.12."
+    }
     static constexpr std::array<std::string_view, 5> subjects{"er", "il", "elle", "esso", "essa"};
     if (at + 1 < row.words.size()
         && std::ranges::find(subjects, row.words[at + 1].folded) != subjects.end()) {

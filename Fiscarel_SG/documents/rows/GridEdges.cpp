@@ -3,8 +3,10 @@
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <iterator>
+#include <string_view>
 
 namespace fiscarel {
 
@@ -17,6 +19,15 @@ bool isNumber(const Row& row, const LabelPlace& cell) {
     return lettersIn(row, cell) < 3 && std::ranges::any_of(row.words[cell.first].text, [](char c) {
                return c >= '0' && c <= '9';
            });
+}
+
+/// Whether a cell says that there is no amount: "keine", "aucun".
+bool isNothing(const Row& row, const LabelPlace& cell) {
+    static constexpr std::array<std::string_view, 10> words{
+        "keine", "keiner",  "entfallt", "aucun", "aucune",
+        "neant", "nessuna", "nessuno",  "nulla", "none"};
+    return cell.first == cell.last
+           && std::ranges::find(words, row.words[cell.first].folded) != words.end();
 }
 
 } // namespace
@@ -68,6 +79,15 @@ bool fitsEdges(const Row& row, const std::vector<double>& edges) {
     return begins && !crossesEdges(row, edges);
 }
 
+bool fitsCards(const Row& row, const std::vector<double>& edges) {
+    return !crossesEdges(row, edges)
+           && std::ranges::any_of(cellsOf(row), [&](const LabelPlace& cell) {
+                  return std::ranges::any_of(edges, [&](double edge) {
+                      return cell.left > edge - aligned && cell.left < edge + cardIndent;
+                  });
+              });
+}
+
 bool repeatsAtEdges(const Row& row, const std::vector<double>& edges) {
     const Cells cells = cellsOf(row);
     return !cells.empty() && std::ranges::all_of(edges, [&](double edge) {
@@ -105,7 +125,8 @@ std::optional<std::vector<std::size_t>> gridColumns(const Row& labels, const Row
         columns.push_back(index);
         const Role role = roleOf(values, cell);
         const char start = values.words[cell.first].text.front();
-        const bool isLabel = role == Role::text && cells.size() > 1 && start >= 'a' && start <= 'z';
+        const bool isLabel = role == Role::text && cells.size() > 1 && start >= 'a' && start <= 'z'
+                             && !isNothing(values, cell);
         if (isLabel || (role == Role::text && hasFirmAmount(values, cell))) {
             return std::nullopt; // a sentence, or labels before their values
         }

@@ -8,7 +8,8 @@
 
 namespace fiscarel {
 
-constexpr double aligned = 4; ///< points that edges of one column may differ by
+constexpr double aligned = 4;     ///< points that edges of one column may differ by
+constexpr double cardIndent = 16; ///< points that a card's lines may stand right of its head
 
 /// Whether a row has amounts and at most other numbers beside them, as a rate of exchange.
 bool hasOnlyValues(const Row& row);
@@ -19,6 +20,9 @@ std::vector<double> pairEdges(const Row& row, bool areBare = false);
 bool fitsEdges(const Row& row, const std::vector<double>& edges);
 /// Whether a cell of a row goes across one of the edges.
 bool crossesEdges(const Row& row, const std::vector<double>& edges);
+/// Whether a row has cells in the columns of cards only, one of them in a further card: its lines
+/// may stand a little right of their head.
+bool fitsCards(const Row& row, const std::vector<double>& edges);
 /// Whether a row that fits edges begins with the same word behind each: "Typ A   Typ B".
 bool repeatsAtEdges(const Row& row, const std::vector<double>& edges);
 /// Whether all of a row stands left of the second column.

@@ -328,6 +328,88 @@ std::vector<Paper> besidePapers() {
     };
 }
 
+/// Papers whose rows, columns or words go on differently than a table's do.
+std::vector<Paper> looserPapers() {
+    return {
+        {"the parts of a year are one loan, what is left stands below",
+         {{"Ipoteca n. 4-66367: conteggio interessi 2024"},
+          {"Periodo", {{270, "Capitale"}, {340, "Tasso"}, {440, "Interessi passivi"}}},
+          {"01.01. - 30.06.2024", {{270, "540'000.00"}, {340, "1.32%"}, {440, "3'564.00"}}},
+          {"01.07. - 31.12.2024", {{270, "534'000.00"}, {340, "1.24%"}, {440, "3'310.80"}}},
+          {"Interessi complessivi pagati", {{440, "6'874.80"}}},
+          {"Debito ipotecario residuo al 31 dicembre 2024", {{540, "CHF 534'000.00"}}}},
+         {{{"amount", "534000"}, {"interest", "6874.8"}}}},
+        {"interest that a balance includes is none of its own, nor is the net beside the gross",
+         {{"Bestätigung Mietkautionskonto 2024"},
+          {"Kontonummer IBAN CH93 0076 2011 6238 5295 7"},
+          {"Kapital inkl. Zins am 31. Dezember 2024", {{540, "4'772.75 CHF"}}},
+          {"Zins 2024 (brutto = netto)", {{540, "14.60 CHF"}}}},
+         {{{"taxValue", "4772.75"}, {"incomeWithoutWithholding", "14.6"}}}},
+        {"an account number that goes on in the next line",
+         {{"Libretti dei vostri figli, situazione fiscale 2024"},
+          {"Libretto di risparmio intestato a Davide (CH93 0076"},
+          {"2011 6238 5295 7)"},
+          {"capitale a fine 2024", {{480, "fr. 3'689.82"}}},
+          {"interessi dell'anno", {{480, "fr. 23.60"}}},
+          {"Libretto di risparmio intestato a Ornella (CH56 0483"},
+          {"5012 3456 7800 9)"},
+          {"capitale a fine 2024", {{480, "fr. 1'642.13"}}},
+          {"interessi dell'anno", {{480, "fr. 7.10"}}}},
+         {{{"taxValue", "3689.82"}, {"incomeWithoutWithholding", "23.6"}},
+          {{"taxValue", "1642.13"}, {"incomeWithoutWithholding", "7.1"}}}},
+        {"francs count in a block headed by currencies",
+         {{"Conti in divisa estera, anno fiscale 2024"},
+          {"Conto EUR CH93 0076 2011 6238 5295 7"},
+          {"", {{300, "EUR"}, {400, "cambio"}, {540, "controvalore CHF"}}},
+          {"Saldo di chiusura", {{300, "34'673.63"}, {400, "0.9767"}, {540, "33'865.73"}}},
+          {"Interessi attivi", {{300, "137.29"}, {400, "0.9767"}, {540, "134.09"}}},
+          {"Conto USD CH56 0483 5012 3456 7800 9"},
+          {"", {{300, "USD"}, {400, "cambio"}, {540, "controvalore CHF"}}},
+          {"Saldo di chiusura", {{300, "13'911.86"}, {400, "0.8639"}, {540, "12'018.46"}}},
+          {"Interessi attivi", {{300, "182.03"}, {400, "0.8639"}, {540, "157.26"}}}},
+         {{{"taxValue", "33865.73"}, {"incomeWithoutWithholding", "134.09"}},
+          {{"taxValue", "12018.46"}, {"incomeWithoutWithholding", "157.26"}}}},
+        {"a bank's own notes and shares by their nominal value, not by their rate",
+         {{"Verzeichnis Ihrer Kassenobligationen und Anteilscheine Ende 2024"},
+          {"Bezeichnung",
+           {{300, "Zins %"}, {380, "Nominal Fr."}, {460, "Bruttoertrag"}, {540, "VSt 35 %"}}},
+          {"Kassenobligation 2020-2026",
+           {{300, "1.000"}, {380, "20'000.-"}, {460, "200.-"}, {540, "70.-"}}},
+          {"5 Anteilscheine zu Fr. 200", {{380, "1'000.-"}, {460, "40.-"}, {540, "14.-"}}},
+          {"Gesamtbetrag", {{380, "21'000.-"}, {460, "240.-"}, {540, "84.-"}}}},
+         {{{"taxValue", "20000"}, {"incomeWithWithholding", "200"}},
+          {{"taxValue", "1000"}, {"quantity", "5"}, {"incomeWithWithholding", "40"}}}},
+        {"shares in a block of their own, with their dividend",
+         {{"Votre relevé de sociétaire 2024"},
+          {"A. Compte épargne sociétaire"},
+          {"IBAN CH93 0076 2011 6238 5295 7"},
+          {"État au 31.12.2024", {{540, "Fr. 37'046.44"}}},
+          {"Intérêts (bruts)", {{540, "Fr. 385.30"}}},
+          {"./. impôt anticipé de 35 %", {{540, "Fr. 134.86"}}},
+          {"B. Parts sociales"},
+          {"21 parts d'une valeur nominale de Fr. 500.- chacune", {{540, "Fr. 10'500.-"}}},
+          {"Dividende versé le 12 mai 2024, brut", {{540, "Fr. 525.-"}}},
+          {"./. impôt anticipé de 35 %", {{540, "Fr. 183.75"}}}},
+         {{{"taxValue", "37046.44"}, {"incomeWithWithholding", "385.3"}},
+          {{"taxValue", "10500"}, {"quantity", "21"}, {"incomeWithWithholding", "525"}}}},
+        {"a second line of headings has columns of its own, the account's number stands below",
+         {{"Depot 12-345: Steuerverzeichnis Wertschriften 2024"},
+          {"", {{360, "Kurs"}, {440, "Steuerwert"}, {530, "Bruttoertrag"}}},
+          {"Bezeichnung", {{300, "Stück"}, {360, "31.12."}, {440, "in CHF"}, {530, "in CHF"}}},
+          {"Verrechnungskonto", {{440, "8'272.24"}, {530, "29.60"}}},
+          {"CH93 0076 2011 6238 5295 7"},
+          {"Namenaktien Uhrwerk",
+           {{300, "413"}, {360, "140.00"}, {440, "57'820.00"}, {530, "1'704.95"}, {545, "V"}}},
+          {"CH0022751538"},
+          {"Shares Oakmere", {{300, "142"}, {360, "415.50"}, {440, "59'001.00"}, {530, "996.00"}}},
+          {"US5150017086"},
+          {"V = Ertrag mit Abzug der Verrechnungssteuer"}},
+         {{{"taxValue", "8272.24"}, {"incomeWithoutWithholding", "29.6"}},
+          {{"quantity", "413"}, {"taxValue", "57820"}, {"incomeWithWithholding", "1704.95"}},
+          {{"quantity", "142"}, {"taxValue", "59001"}, {"incomeWithoutWithholding", "996"}}}},
+    };
+}
+
 Records amountsOf(const ScanResult& result) {
     Records amounts(result.records.size());
     for (const Proposal& proposal : result.proposals) {
@@ -362,6 +444,8 @@ TEST(Accounts, AreReadFromTheirTables) { expectRead(papers()); }
 TEST(Accounts, WhatIsKeptAndWhatIsOwedAreToldApart) { expectRead(mixedPapers()); }
 
 TEST(Accounts, WhatStandsBesideThemIsNone) { expectRead(besidePapers()); }
+
+TEST(Accounts, GoOnInOtherLinesAndWords) { expectRead(looserPapers()); }
 
 } // namespace
 } // namespace fiscarel
