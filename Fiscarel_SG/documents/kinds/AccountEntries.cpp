@@ -216,8 +216,13 @@ class EntryProposer {
             // Interest up to 200 francs a year is free of it. VStG Art. 5 Abs. 1 Bst. c
             const bool isTaxed =
                 tax ? !tax->value().isZero() : interest->value() > 200 && !isOfLiechtenstein(entry);
+            const auto checks = interestChecks(entry.figures);
             addAmount(record, isTaxed ? "incomeWithWithholding" : "incomeWithoutWithholding",
-                      *interest, Figure::interest, interestChecks(entry.figures));
+                      *interest, Figure::interest, checks);
+            if (!tax && entry.number.empty() && (isStatement() || entry.isDepot)) {
+                draft_.result().proposals.back().confidence =
+                    Confidence::low; // whose it is decides
+            }
         }
         proposeIncome(record, entry);
     }

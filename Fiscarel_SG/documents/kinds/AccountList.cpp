@@ -358,6 +358,17 @@ class ListReader {
 
 } // namespace
 
+bool headsCourse(const PageRows& page, const AccountHeading& heading) {
+    constexpr std::size_t farthest = 3; // rows, a first one may state what was before
+    std::size_t times = 0;
+    const std::size_t end = std::min(page.rows.size(), heading.row() + 1 + farthest);
+    for (std::size_t row = heading.row() + 1; row < end; ++row) {
+        const bool isTime = beginsWithTime(page.rows[row]);
+        times += isTime && hasAny(figuresByColumn(page, row, heading)) ? 1U : 0U;
+    }
+    return times >= 2;
+}
+
 bool namesLoan(const PageRows& page, std::size_t at) {
     return namesAny(page.rows[at], {Concept::debt}, page.isRecognised)
            && !namesAny(page.rows[at], {Concept::account}, page.isRecognised);

@@ -41,7 +41,9 @@ class AccountMapper {
         for (std::size_t at = 0; at < page.rows.size(); ++at) {
             const bool isNew = headings.empty() || headings.back().row() < at;
             const AccountHeading found = accountHeadingIn(page, at);
-            if (isNew && found.count() >= 2 && page.number != 0) {
+            const bool isOfCourse =
+                found.count() == 1 && ibans.empty() && headings.empty() && headsCourse(page, found);
+            if (isNew && (found.count() >= 2 || isOfCourse) && page.number != 0) {
                 headings.push_back(found);
             }
         }

@@ -22,7 +22,7 @@ std::optional<FoundAmount> sharesIn(const PageRows& page, std::size_t at) {
                                "quantité", "numero di quote", "quantità"};
     const Row& row = page.rows[at];
     const auto isCount = [&](const RowAmount& amount) {
-        return !amount.amount.isFirm() && amount.amount.value.isInteger()
+        return !amount.amount.hasDecimals && amount.amount.value.isInteger()
                && amount.amount.value >= 1 && !amount.amount.isYearLike();
     };
     const auto piece = findLabel(row, pieces, page.isRecognised);
