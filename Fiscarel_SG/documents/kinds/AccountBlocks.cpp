@@ -177,11 +177,17 @@ std::vector<std::size_t> blockStarts(const PageRows& page,
 
 std::size_t endOfLastBlock(const PageRows& page, const std::vector<std::size_t>& starts) {
     static const Labels all{"aller Konten", "alle Konten", "tous les comptes", "tutti i conti"};
+    const bool isOfShares = !starts.empty() && namesShares(page.rows[starts.back()]);
+    const auto isTotal = [&](const Row& row) {
+        if (!hasFirmAmount(row)) {
+            return false;
+        }
+        // "Valore nominale totale" is no total of all shares.
+        const auto total = findLabel(row, wordsFor(Concept::total), page.isRecognised);
+        return (total && (total->first == 0 || !isOfShares)) || isAnyIn(row.folded, all);
+    };
     const auto findTotal = [&](std::size_t from, std::size_t end) {
-        while (from < end
-               && !(hasFirmAmount(page.rows[from])
-                    && (namesAny(page.rows[from], {Concept::total}, page.isRecognised)
-                        || isAnyIn(page.rows[from].folded, all)))) {
+        while (from < end && !isTotal(page.rows[from])) {
             ++from;
         }
         return from;

@@ -4,6 +4,7 @@
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/kinds/BankShares.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
+#include "Fiscarel_SG/documents/text/FoldedText.h"
 
 #include <algorithm>
 #include <array>
@@ -308,6 +309,7 @@ class ListReader {
     bool readCourse(std::size_t end) {
         std::size_t times = 0;
         Decimal paid;
+        Figures last; // of the row above, where it has a time
         for (std::size_t row = heading_.row() + 1; row < end; ++row) {
             const Figures figures = figuresByColumn(page_, row, heading_);
             const auto& interest = at(figures, Figure::interest)
@@ -315,26 +317,36 @@ class ListReader {
                                        : at(figures, Figure::debtInterest);
             if (beginsWithTime(page_.rows[row])) {
                 ++times;
+                last = figures;
                 paid = paid + (interest ? interest->value() : Decimal());
             } else if (times >= 2 && interest && interest->value() == paid) {
-                addCourse(row, end, figures);
+                addCourse(row, end, figures, last);
                 return true;
+            } else if (hasAny(figures)) {
+                last = {};
             }
         }
         return times >= 2;
     }
 
     /// A course whose year stands in a row: what is left at its end may stand beside the table, in
-    /// a row of its own.
-    void addCourse(std::size_t row, std::size_t end, Figures figures) {
+    /// a row of its own, or is the last running balance.
+    void addCourse(std::size_t row, std::size_t end, Figures figures, const Figures& last) {
+        static const Labels running{"Saldo*", "solde*", "Kontostand", "Rest*"};
         const bool isLoan = heading_.isOfLoans || namesLoanAbove(page_, heading_.row());
-        if (!at(figures, Figure::balance) && !at(figures, Figure::debt)) {
-            for (const RowRange& beside :
-                 {RowRange{&page_, row + 1, end}, RowRange{&page_, 0, heading_.row()}}) {
-                const Figures labelled = isLoan ? figuresOfLoan(beside) : figuresByLabel(beside);
-                const auto& left = at(labelled, isLoan ? Figure::debt : Figure::balance);
-                auto& known = at(figures, isLoan ? Figure::debt : Figure::balance);
-                known = known ? known : left;
+        const Figure figure = isLoan ? Figure::debt : Figure::balance;
+        auto& known = at(figures, figure);
+        const bool isStated = at(figures, Figure::balance) || at(figures, Figure::debt);
+        for (const RowRange& beside :
+             {RowRange{&page_, row + 1, end}, RowRange{&page_, 0, heading_.row()}}) {
+            if (!isStated && !known) {
+                known = at(isLoan ? figuresOfLoan(beside) : figuresByLabel(beside), figure);
+            }
+        }
+        for (const Figure left : {Figure::balance, Figure::debt}) {
+            const auto& balance = at(last, left);
+            if (!isStated && !known && balance && isAnyIn(foldWords(balance->label), running)) {
+                at(figures, left) = balance;
             }
         }
         add({.figures = figures, .range = {&page_, row, row + 1}, .isLoan = isLoan});

@@ -42,7 +42,8 @@ class AccountMapper {
             const bool isNew = headings.empty() || headings.back().row() < at;
             const AccountHeading found = accountHeadingIn(page, at);
             const bool isOfCourse =
-                found.count() == 1 && ibans.empty() && headings.empty() && headsCourse(page, found);
+                found.count() == 1 && ibans.empty() && headings.empty() && headsCourse(page, found)
+                && !entriesOfTable(page, found, page.rows.size(), ibans).empty();
             if (isNew && (found.count() >= 2 || isOfCourse) && page.number != 0) {
                 headings.push_back(found);
             }
@@ -151,12 +152,35 @@ class AccountMapper {
                                .isLoan = isLoan,
                                .isDepot = isOfShares,
                                .quantity = isOfShares ? sharesIn(range) : std::nullopt};
+            entry.isLoan |= starts.size() <= 1 && tellsOfLoan(entry);
             if (starts.size() <= 1 && tellsOfBoth(entry)) {
                 addEntry(withoutAccount(entry));
                 entry.figures = withoutLoan(entry.figures);
             }
             addEntry(std::move(entry));
         }
+    }
+
+    /// Whether a page states what is left and the interest paid on it, and names a loan and no
+    /// account: "Steuerausweis Hypothek", "Kapital am 31. Dezember".
+    static bool tellsOfLoan(const AccountEntry& entry) {
+        using enum Figure;
+        const auto of = [&](Figure figure) {
+            return entry.figures[static_cast<std::size_t>(figure)].has_value();
+        };
+        if (!of(balance) || !of(debtInterest) || of(debt) || of(interest)
+            || !entry.number.empty()) {
+            return false;
+        }
+        const PageRows& page = *entry.range.page;
+        bool isNamed = false;
+        for (std::size_t at = 0; at < page.rows.size(); ++at) {
+            isNamed |= namesLoan(page, at);
+            if (namesAny(page.rows[at], {Concept::account}, page.isRecognised)) {
+                return false;
+            }
+        }
+        return isNamed;
     }
 
     /// Whether a page tells of an account and a loan, each with its own interest, or of the account

@@ -216,6 +216,22 @@ class SecurityReader {
         security.amounts = amounts;
         list_.all.push_back(std::move(security));
         addIncome(row, amounts);
+        addTaxBelow(row + 1);
+    }
+
+    /// What the line with a security's number, below its amounts, tells of the tax.
+    void addTaxBelow(std::size_t row) {
+        Security& own = list_.all.back();
+        const auto& income = at(own.amounts, Stated::income);
+        const bool isOpen = income && !own.isAccount && !at(own.amounts, Stated::withTax)
+                            && !at(own.amounts, Stated::withoutTax);
+        if (!isOpen || row >= page_.rows.size() || !namesOnly(row)
+            || !namesAny(page_.rows[row], {Concept::withholding}, page_.isRecognised)) {
+            return;
+        }
+        if (const auto taxed = incomeBy(page_.rows[row], true)) {
+            own.put(*taxed, income);
+        }
     }
 
     /// Income in a column that does not tell the tax, by the words of its row.

@@ -32,6 +32,22 @@ bool isNothing(const Row& row, const LabelPlace& cell) {
 
 } // namespace
 
+std::vector<LabelPlace> headsOf(const Row& row) {
+    Cells heads = cellsOf(row);
+    for (std::size_t i = 0; i + 1 < heads.size();) {
+        const bool isNear = heads[i + 1].left - heads[i].right < row.height();
+        if (isNear && heads[i].first == heads[i].last && heads[i].right - heads[i].left < 14
+            && lettersIn(row, heads[i]) == 0 && isNumber(row, heads[i])) {
+            heads[i + 1].first = heads[i].first;
+            heads[i + 1].left = heads[i].left;
+            heads.erase(heads.begin() + static_cast<std::ptrdiff_t>(i));
+        } else {
+            ++i;
+        }
+    }
+    return heads;
+}
+
 bool hasOnlyValues(const Row& row) {
     return hasFirmAmount(row) && std::ranges::all_of(cellsOf(row), [&](const LabelPlace& cell) {
                return roleOf(row, cell) != Role::text || isNumber(row, cell);
@@ -103,7 +119,7 @@ bool isLeftOf(const Row& row, const std::vector<double>& edges) {
 }
 
 std::optional<std::vector<std::size_t>> gridColumns(const Row& labels, const Row& values) {
-    const Cells heads = cellsOf(labels);
+    const Cells heads = headsOf(labels);
     const Cells cells = cellsOf(values);
     std::vector<std::size_t> columns;
     bool hasText = false;
@@ -138,7 +154,7 @@ std::optional<std::vector<std::size_t>> gridColumns(const Row& labels, const Row
 }
 
 bool isGridOfBoxes(const Row& labels, const Row& values) {
-    const Cells heads = cellsOf(labels);
+    const Cells heads = headsOf(labels);
     const Cells cells = cellsOf(values);
     if (heads.size() < 2 || heads.size() != cells.size() || !hasOnlyAmounts(values)) {
         return false;

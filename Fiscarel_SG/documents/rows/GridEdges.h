@@ -11,6 +11,8 @@ namespace fiscarel {
 constexpr double aligned = 4;     ///< points that edges of one column may differ by
 constexpr double cardIndent = 16; ///< points that a card's lines may stand right of its head
 
+/// The cells of a row of labels, the number of a box as part of its label: "3  Intérêts bruts".
+std::vector<LabelPlace> headsOf(const Row& row);
 /// Whether a row has amounts and at most other numbers beside them, as a rate of exchange.
 bool hasOnlyValues(const Row& row);
 /// Left edges of the second label and further ones of a row of pairs "label amount label amount",

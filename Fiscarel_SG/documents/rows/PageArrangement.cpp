@@ -334,7 +334,7 @@ class Arrangement {
                                 && (at == 0 || !hasOnlyAmounts(rows[at - 1]) || gap(at - 1) > 0.7);
         if (mayBeBoxes && isGridOfBoxes(rows[at], rows[at + 1]) && !isCaptionBelow(at)
             && !hasMoreRows(at)) {
-            std::vector<std::size_t> inOrder(cellsOf(rows[at]).size());
+            std::vector<std::size_t> inOrder(headsOf(rows[at]).size());
             std::iota(inOrder.begin(), inOrder.end(), std::size_t{0});
             composeGrid(rows[at], rows[at + 1], inOrder);
             return true;
@@ -389,7 +389,7 @@ class Arrangement {
 
     void composeGrid(const Row& labels, const Row& values,
                      const std::vector<std::size_t>& columns) {
-        const Cells heads = cellsOf(labels);
+        const Cells heads = headsOf(labels);
         const Cells cells = cellsOf(values);
         const double height = labels.height();
         double top = std::min(labels.top, values.top) + shift_;
@@ -418,7 +418,7 @@ class Arrangement {
 
     static bool hasOnlyLabels(const Row& row) {
         return std::ranges::all_of(
-            cellsOf(row), [&](const LabelPlace& cell) { return lettersIn(row, cell) >= 2; });
+            headsOf(row), [&](const LabelPlace& cell) { return lettersIn(row, cell) >= 2; });
     }
 
     /// A label of two lines whose amount stands beside the second.
