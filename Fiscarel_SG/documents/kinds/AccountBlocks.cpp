@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/AccountList.h"
 #include "Fiscarel_SG/documents/kinds/AccountPages.h"
+#include "Fiscarel_SG/documents/kinds/BankShares.h"
 #include "Fiscarel_SG/documents/kinds/TableHeading.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 
@@ -121,13 +122,8 @@ std::vector<std::size_t> startsAboveFigures(const PageRows& page,
 } // namespace
 
 bool namesShares(const Row& row) {
-    static const Labels shares{
-        "*kassenobligation*",     "*anteilschein*",        "*anteilscheine*",
-        "Genossenschaftsanteil*", "parts sociales",        "part sociale",
-        "obligation de caisse",   "obligations de caisse", "obbligazione di cassa",
-        "obbligazioni di cassa",  "quote sociali"};
     return row.words.size() <= 5 && !hasFirmAmount(row) && cellsOf(row).size() == 1
-           && isAnyIn(row.folded, shares);
+           && mentionsShares(row);
 }
 
 std::vector<std::size_t> blockStarts(const PageRows& page,
@@ -181,11 +177,17 @@ std::vector<std::size_t> blockStarts(const PageRows& page,
 
 std::size_t endOfLastBlock(const PageRows& page, const std::vector<std::size_t>& starts) {
     static const Labels all{"aller Konten", "alle Konten", "tous les comptes", "tutti i conti"};
+    const bool isOfShares = !starts.empty() && namesShares(page.rows[starts.back()]);
+    const auto isTotal = [&](const Row& row) {
+        if (!hasFirmAmount(row)) {
+            return false;
+        }
+        // "Valore nominale totale" is no total of all shares.
+        const auto total = findLabel(row, wordsFor(Concept::total), page.isRecognised);
+        return (total && (total->first == 0 || !isOfShares)) || isAnyIn(row.folded, all);
+    };
     const auto findTotal = [&](std::size_t from, std::size_t end) {
-        while (from < end
-               && !(hasFirmAmount(page.rows[from])
-                    && (namesAny(page.rows[from], {Concept::total}, page.isRecognised)
-                        || isAnyIn(page.rows[from].folded, all)))) {
+        while (from < end && !isTotal(page.rows[from])) {
             ++from;
         }
         return from;

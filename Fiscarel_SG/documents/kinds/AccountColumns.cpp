@@ -31,6 +31,17 @@ bool isOverLabels(const PageRows& page, std::size_t at, const Row& own, bool isO
     return isOfFigures || isCurrency || (own.words.size() <= 3 && findLabel(own, anything, false));
 }
 
+/// Whether a cell heads amounts in a currency or at its rate of exchange: "EUR", "Gegenwert CHF".
+bool isOfExchange(const Row& cell) {
+    static const Labels exchange{"*kurs",         "Kurs",       "cambio",
+                                 "cours",         "change",     "contre-valeur*",
+                                 "controvalore*", "Gegenwert*", "exchange"};
+    return findLabel(cell, exchange, false)
+           || std::ranges::all_of(cell.words, [](const RowWord& word) {
+                  return isFrancs(word.text) || isForeignCurrency(word.text) || word.folded == "in";
+              });
+}
+
 /// The headings of a row that name no figures, without that of the total.
 std::vector<LabelPlace> accountCells(const PageRows& page, std::size_t at) {
     const Row& row = page.rows[at];
@@ -45,7 +56,8 @@ std::vector<LabelPlace> accountCells(const PageRows& page, std::size_t at) {
         const bool isOther = namesAny(own,
                                       {Concept::interest, Concept::balance, Concept::withholding,
                                        Concept::rate, Concept::paid, Concept::opening},
-                                      page.isRecognised);
+                                      page.isRecognised)
+                             || isOfExchange(own);
         if (cell.first == 0 && all.size() >= 3 && isOverLabels(page, at, own, isOther)) {
             continue;
         }

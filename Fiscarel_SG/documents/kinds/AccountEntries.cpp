@@ -92,11 +92,57 @@ std::vector<AccountEntry> withoutSummaries(const std::vector<AccountEntry>& entr
     return kept;
 }
 
+/// Whether two entries tell of the same: what is left or owed and what it brought or cost, and the
+/// number where both have one.
+bool isSame(const AccountEntry& one, const AccountEntry& other) {
+    using enum Figure;
+    std::size_t same = 0;
+    for (const Figure figure : {balance, interest, debt, debtInterest}) {
+        const auto& a = at(one.figures, figure);
+        const auto& b = at(other.figures, figure);
+        if (a.has_value() != b.has_value() || (a && a->value() != b->value())) {
+            return false;
+        }
+        same += a && !a->value().isZero() ? 1U : 0U;
+    }
+    return same >= 2 && (one.number.empty() || other.number.empty() || one.number == other.number);
+}
+
+/// The entries without those of a page that only tells again what pages before it told of all.
+std::vector<AccountEntry> withoutRepeats(std::vector<AccountEntry> entries) {
+    std::vector<AccountEntry> kept;
+    for (std::size_t first = 0; first < entries.size();) {
+        const int page = entries[first].range.page->number;
+        std::size_t end = first;
+        while (end < entries.size() && entries[end].range.page->number == page) {
+            ++end;
+        }
+        std::vector<bool> isTaken(kept.size(), false);
+        const bool isRepeat = std::all_of(entries.begin() + static_cast<std::ptrdiff_t>(first),
+                                          entries.begin() + static_cast<std::ptrdiff_t>(end),
+                                          [&](const AccountEntry& entry) {
+                                              for (std::size_t i = 0; i < kept.size(); ++i) {
+                                                  if (!isTaken[i] && isSame(kept[i], entry)) {
+                                                      isTaken[i] = true;
+                                                      return true;
+                                                  }
+                                              }
+                                              return false;
+                                          });
+        for (; first < end; ++first) {
+            if (!isRepeat) {
+                kept.push_back(std::move(entries[first]));
+            }
+        }
+    }
+    return kept;
+}
+
 class EntryProposer {
   public:
     EntryProposer(const KindContext& context, const std::vector<AccountEntry>& entries,
                   ProposalDraft& draft)
-        : context_(context), entries_(withoutSummaries(entries)), draft_(draft) {
+        : context_(context), entries_(withoutRepeats(withoutSummaries(entries))), draft_(draft) {
         for (std::size_t i = 0; i < figureCount; ++i) {
             sums_[i] = FigureSum(entries_, static_cast<Figure>(i)).check(context.document);
         }
@@ -160,13 +206,23 @@ class EntryProposer {
             }
             addAmount(record, "taxValue", *balance, Figure::balance, std::move(checks));
         }
+        if (entry.quantity) {
+            static const Wanted pieces{{}, {}, true};
+            draft_.add(record, "quantity", entry.quantity->value(),
+                       evidenceOf(*entry.quantity, pieces, context_.isKindClear));
+        }
         if (interest && !interest->value().isZero()) {
             const auto& tax = at(entry.figures, Figure::withholding);
             // Interest up to 200 francs a year is free of it. VStG Art. 5 Abs. 1 Bst. c
             const bool isTaxed =
                 tax ? !tax->value().isZero() : interest->value() > 200 && !isOfLiechtenstein(entry);
+            const auto checks = interestChecks(entry.figures);
             addAmount(record, isTaxed ? "incomeWithWithholding" : "incomeWithoutWithholding",
-                      *interest, Figure::interest, interestChecks(entry.figures));
+                      *interest, Figure::interest, checks);
+            if (!tax && entry.number.empty() && (isStatement() || entry.isDepot)) {
+                draft_.result().proposals.back().confidence =
+                    Confidence::low; // whose it is decides
+            }
         }
         proposeIncome(record, entry);
     }

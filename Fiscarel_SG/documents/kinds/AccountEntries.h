@@ -20,11 +20,12 @@ struct AccountNumber {
 /// An account or a loan as a document states it.
 struct AccountEntry {
     Figures figures;
-    std::string number;   ///< compact; empty when none is printed
-    std::string creditor; ///< of a loan in a list of several; else the issuer is
-    RowRange range;       ///< where its words stand
-    bool isLoan = false;  ///< owed, whatever its figures are called
-    bool isDepot = false; ///< securities kept for the customer
+    std::string number;                  ///< compact; empty when none is printed
+    std::string creditor;                ///< of a loan in a list of several; else the issuer is
+    RowRange range;                      ///< where its words stand
+    bool isLoan = false;                 ///< owed, whatever its figures are called
+    bool isDepot = false;                ///< securities kept for the customer
+    std::optional<FoundAmount> quantity; ///< of the bank's shares
 };
 
 /// Puts each figure where it belongs: what is owed, or below zero, is a debt with its interest.

@@ -1,7 +1,10 @@
 #include "Fiscarel_SG/documents/kinds/AccountList.h"
 
+#include "Fiscarel_SG/documents/kinds/AccountBlocks.h"
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+#include "Fiscarel_SG/documents/kinds/BankShares.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
+#include "Fiscarel_SG/documents/text/FoldedText.h"
 
 #include <algorithm>
 #include <array>
@@ -104,11 +107,27 @@ bool isSumOf(const Figures& figures, const Figures& sums) {
     return (isSum(balance) || isSum(debt)) && !differs(interest) && !differs(debtInterest);
 }
 
-bool beginsWithDay(const Row& row) {
+/// Whether a row begins with a time of the year: a day, "01.01. - 30.06.2024", "2. Quartal",
+/// "1er semestre".
+bool beginsWithTime(const Row& row) {
+    static const Labels periods{"Quartal*", "Semester",  "Halbjahr*", "Trimester",
+                                "semestre", "trimestre", "quarter"};
     const auto& words = row.words;
-    return !words.empty()
-           && (parseDay(words[0].text)
-               || (words.size() > 2 && parseDay(words[0].text, words[1].text, words[2].text)));
+    if (words.empty()) {
+        return false;
+    }
+    if (parseDay(words[0].text)
+        || (words.size() > 2 && parseDay(words[0].text, words[1].text, words[2].text))) {
+        return true;
+    }
+    const auto period = findLabel(row, periods, false);
+    constexpr std::size_t dayAndMonth = 6; // letters of "01.07."
+    const std::string& first = words[0].text;
+    const bool isDayOfMonth = first.size() >= dayAndMonth
+                              && isDayOfYear(first.substr(0, dayAndMonth))
+                              && first.find_first_of("0123456789", dayAndMonth) != dayAndMonth;
+    const bool isPart = (period && period->first <= 1) || monthOf(words[0].folded) != 0;
+    return isDayOfMonth || (isPart && hasFirmAmount(row));
 }
 
 /// Whether one of the rows above a table names a loan.
@@ -182,7 +201,7 @@ class ListReader {
         const AccountNumber* own = ibanOf(page_, ibans_, at, heading_.row());
         if ((own == nullptr && (isBehindTotal(at) || !hasName(row))) || isTied_
             || namesAny(row, {Concept::pillar3a}, page_.isRecognised)
-            || addSecondLine(at, figures)) {
+            || (own == nullptr && addTaxLine(at, figures)) || addSecondLine(at, figures)) {
             return;
         }
         addTo(section_, figures);
@@ -193,7 +212,8 @@ class ListReader {
              .creditor = creditorOf(page_, at, heading_),
              .range = {&page_, at, at + 1},
              .isLoan = isLoan || isSectionOwed_,
-             .isDepot = own == nullptr && namesDepot(row)});
+             .isDepot = own == nullptr && (namesDepot(row) || mentionsShares(row)),
+             .quantity = own == nullptr ? sharesIn(page_, at) : std::nullopt});
     }
 
     /// Whether a row below a total is no further loan or account: these have a name and a number.
@@ -241,15 +261,33 @@ class ListReader {
         isSectionOwed_ = isOwed;
     }
 
+    /// A line that only states the tax, in the column of the interest it was taken from above.
+    bool addTaxLine(std::size_t row, const Figures& figures) {
+        const auto& stated = at(figures, Figure::interest);
+        const bool isTax = stated && onlyOne(figures)
+                           && namesAny(page_.rows[row], {Concept::withholding}, page_.isRecognised);
+        if (!isTax || entries_.empty()) {
+            return isTax;
+        }
+        auto& tax = at(entries_.back().figures, Figure::withholding);
+        tax = tax ? tax : stated;
+        if (tax) {
+            tax->amount.amount.value = tax->value().abs();
+        }
+        return true;
+    }
+
+    static bool onlyOne(const Figures& figures) {
+        return std::ranges::count_if(figures, [](const auto& figure) { return figure.has_value(); })
+               == 1;
+    }
+
     /// A line that only states income, below that of the account it belongs to: what tax was not
     /// withheld from stands there.
     bool addSecondLine(std::size_t row, const Figures& figures) {
         using enum Figure;
         const auto& income = at(figures, interest);
-        const bool isOnly =
-            std::ranges::count_if(figures, [](const auto& figure) { return figure.has_value(); })
-            == 1;
-        if (!income || !isOnly || row == 0 || entries_.empty()
+        if (!income || !onlyOne(figures) || row == 0 || entries_.empty()
             || entries_.back().range.first + 1 != row) {
             return false;
         }
@@ -266,27 +304,52 @@ class ListReader {
         return true;
     }
 
-    /// A table whose rows are the days of a year is the course of one loan or account: it stands in
-    /// the row that the interest adds up to. False for other tables.
+    /// A table whose rows are the days or parts of a year is the course of one loan or account: it
+    /// stands in the row that the interest adds up to. False for other tables.
     bool readCourse(std::size_t end) {
-        std::size_t days = 0;
+        std::size_t times = 0;
         Decimal paid;
+        Figures last; // of the row above, where it has a time
         for (std::size_t row = heading_.row() + 1; row < end; ++row) {
             const Figures figures = figuresByColumn(page_, row, heading_);
             const auto& interest = at(figures, Figure::interest)
                                        ? at(figures, Figure::interest)
                                        : at(figures, Figure::debtInterest);
-            if (beginsWithDay(page_.rows[row])) {
-                ++days;
+            if (beginsWithTime(page_.rows[row])) {
+                ++times;
+                last = figures;
                 paid = paid + (interest ? interest->value() : Decimal());
-            } else if (days >= 2 && interest && interest->value() == paid) {
-                add({.figures = figures,
-                     .range = {&page_, row, row + 1},
-                     .isLoan = heading_.isOfLoans || namesLoanAbove(page_, heading_.row())});
+            } else if (times >= 2 && interest && interest->value() == paid) {
+                addCourse(row, end, figures, last);
                 return true;
+            } else if (hasAny(figures)) {
+                last = {};
             }
         }
-        return days >= 2;
+        return times >= 2;
+    }
+
+    /// A course whose year stands in a row: what is left at its end may stand beside the table, in
+    /// a row of its own, or is the last running balance.
+    void addCourse(std::size_t row, std::size_t end, Figures figures, const Figures& last) {
+        static const Labels running{"Saldo*", "solde*", "Kontostand", "Rest*"};
+        const bool isLoan = heading_.isOfLoans || namesLoanAbove(page_, heading_.row());
+        const Figure figure = isLoan ? Figure::debt : Figure::balance;
+        auto& known = at(figures, figure);
+        const bool isStated = at(figures, Figure::balance) || at(figures, Figure::debt);
+        for (const RowRange& beside :
+             {RowRange{&page_, row + 1, end}, RowRange{&page_, 0, heading_.row()}}) {
+            if (!isStated && !known) {
+                known = at(isLoan ? figuresOfLoan(beside) : figuresByLabel(beside), figure);
+            }
+        }
+        for (const Figure left : {Figure::balance, Figure::debt}) {
+            const auto& balance = at(last, left);
+            if (!isStated && !known && balance && isAnyIn(foldWords(balance->label), running)) {
+                at(figures, left) = balance;
+            }
+        }
+        add({.figures = figures, .range = {&page_, row, row + 1}, .isLoan = isLoan});
     }
 
     void add(AccountEntry entry) {
@@ -306,6 +369,17 @@ class ListReader {
 };
 
 } // namespace
+
+bool headsCourse(const PageRows& page, const AccountHeading& heading) {
+    constexpr std::size_t farthest = 3; // rows, a first one may state what was before
+    std::size_t times = 0;
+    const std::size_t end = std::min(page.rows.size(), heading.row() + 1 + farthest);
+    for (std::size_t row = heading.row() + 1; row < end; ++row) {
+        const bool isTime = beginsWithTime(page.rows[row]);
+        times += isTime && hasAny(figuresByColumn(page, row, heading)) ? 1U : 0U;
+    }
+    return times >= 2;
+}
 
 bool namesLoan(const PageRows& page, std::size_t at) {
     return namesAny(page.rows[at], {Concept::debt}, page.isRecognised)

@@ -17,4 +17,7 @@ bool hasNumber(const Row& row);
 std::vector<AccountEntry> entriesOfTable(const PageRows& page, const AccountHeading& heading,
                                          std::size_t end, const std::vector<AccountNumber>& ibans);
 
+/// Whether the rows below a heading are the days or parts of a year, each with what it heads.
+bool headsCourse(const PageRows& page, const AccountHeading& heading);
+
 } // namespace fiscarel

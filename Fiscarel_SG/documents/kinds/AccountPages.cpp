@@ -5,6 +5,7 @@
 #include "TaxCore/base/Iban.h"
 
 #include <algorithm>
+#include <array>
 #include <string_view>
 
 namespace fiscarel {
@@ -23,6 +24,18 @@ bool mayBeIban(const std::string& joined) {
     const bool mayBeMisread =
         std::ranges::count_if(joined, [](char c) { return c >= 'A' && c <= 'Z'; }) <= mostLetters;
     return !fault || (isOwn && mayBeMisread && fault == taxcore::IbanFault::checkDigits);
+}
+
+constexpr std::size_t mostWords = 8; ///< that an account number is printed as
+constexpr std::size_t longestIban = 34;
+
+/// Adds a word to those of an account number, without brackets and marks around it.
+void addPart(std::string& joined, std::string_view text) {
+    joined += joined.empty() && text.starts_with('(') ? text.substr(1) : text;
+    while (!joined.empty()
+           && std::string_view(",).:;").find(joined.back()) != std::string_view::npos) {
+        joined.pop_back();
+    }
 }
 
 /// Whether the word before an amount names a foreign currency, or the one behind it where none
@@ -87,11 +100,80 @@ bool isRowForeign(const Row& row) {
     return isForeign;
 }
 
+bool hasFrancs(const Row& row) {
+    return std::ranges::any_of(row.words, [](const RowWord& word) { return isFrancs(word.text); });
+}
+
+bool hasForeign(const Row& row) {
+    return std::ranges::any_of(row.words,
+                               [](const RowWord& word) { return isForeignCurrency(word.text); });
+}
+
 /// Whether an amount stands under "in CHF".
 bool isUnderFrancs(const PageRows& page, std::size_t at, const RowAmount& amount) {
+    return hasFrancs(headingOver(page, at, amount));
+}
+
+/// Whether an amount stands under another currency or the rate of its exchange.
+bool isUnderForeign(const PageRows& page, std::size_t at, const RowAmount& amount) {
+    static const Labels rates{"*kurs",  "Kurs",     "cambio", "cours",
+                              "change", "exchange", "corso",  "tasso di cambio"};
+    constexpr std::size_t most = 4; // words of such a heading
     const Row heading = headingOver(page, at, amount);
-    return std::ranges::any_of(heading.words,
-                               [](const RowWord& word) { return isFrancs(word.text); });
+    return !heading.words.empty() && heading.words.size() <= most && !hasFrancs(heading)
+           && (hasForeign(heading) || findLabel(heading, rates, page.isRecognised));
+}
+
+/// Whether a row heads columns of which one is of another currency and one of francs.
+bool headsCurrencies(const Row& row) {
+    return hasForeign(row) && hasFrancs(row) && !hasFirmAmount(row) && cellsOf(row).size() >= 2;
+}
+
+bool isOfInterest(const RowWord& word) {
+    static constexpr std::array<std::string_view, 3> parts{"zins", "interet", "interess"};
+    return std::ranges::any_of(
+        parts, [&](std::string_view part) { return word.folded.find(part) != std::string::npos; });
+}
+
+/// Hides from a row what it only mentions: the interest that a balance includes, "inkl. Zins",
+/// "intérêts compris", and that what is gross is as well net, "lordo = netto".
+void hideAsides(Row& row, bool isRecognised) {
+    static const Labels before{"inkl",      "inklusive", "einschl*", "samt",
+                               "y compris", "incl*",     "inclus*",  "compres*"};
+    static const Labels behind{"compris*",       "inclus*",  "inbegriffen",
+                               "eingeschlossen", "compres*", "eingerechnet"};
+    constexpr std::size_t farthest = 2; // words between
+    auto& words = row.words;
+    const auto hide = [&](std::size_t first, std::size_t last) {
+        for (std::size_t i = first; i <= last; ++i) {
+            words[i].folded.clear();
+        }
+    };
+    const auto begin = findLabel(row, before, isRecognised);
+    const auto end = findLabel(row, behind, isRecognised);
+    bool isHidden = false;
+    for (std::size_t i = 1; i < words.size(); ++i) {
+        if (begin && begin->first > 0 && isOfInterest(words[i]) && begin->last < i
+            && i - begin->last <= farthest) {
+            hide(begin->first, i);
+            isHidden = true;
+        } else if (end && isOfInterest(words[i]) && i < end->first && end->first - i < farthest) {
+            hide(i, end->last);
+            isHidden = true;
+        } else if (words[i - 1].text == "=" && i > 1) {
+            const std::size_t net = words[i].folded.starts_with("net") ? i : i - 2;
+            if (words[net].folded.starts_with("net")) {
+                hide(net, net);
+                isHidden = true;
+            }
+        }
+    }
+    if (isHidden) {
+        row.folded.clear();
+        for (const RowWord& word : words) {
+            row.folded += word.folded.empty() ? "" : word.folded + ' ';
+        }
+    }
 }
 
 } // namespace
@@ -99,13 +181,10 @@ bool isUnderFrancs(const PageRows& page, std::size_t at, const RowAmount& amount
 std::optional<AccountNumber> ibanIn(const Row& row, std::size_t at) {
     for (std::size_t first = 0; first < row.words.size(); ++first) {
         std::string joined;
-        for (std::size_t last = first; last < std::min(first + 8, row.words.size()); ++last) {
-            joined += row.words[last].text;
-            while (!joined.empty()
-                   && std::string_view(",).:;").find(joined.back()) != std::string_view::npos) {
-                joined.pop_back();
-            }
-            if (joined.size() > 34) {
+        for (std::size_t last = first; last < std::min(first + mostWords, row.words.size());
+             ++last) {
+            addPart(joined, row.words[last].text);
+            if (joined.size() > longestIban) {
                 break;
             }
             if (mayBeIban(joined)) {
@@ -126,13 +205,16 @@ PageRows withoutOthers(PageRows page, std::optional<int> year) {
     std::erase_if(page.rows,
                   [&](const Row& row) { return hasFirmAmount(row) && isPast(row, year); });
     PageRows kept = page; // the headings are looked for in the page as it is
+    bool isOfCurrencies = false;
     for (std::size_t at = 0; at < page.rows.size(); ++at) {
         const Row& row = page.rows[at];
         const bool isOther = isRowForeign(row);
+        isOfCurrencies |= headsCurrencies(row);
         std::erase_if(kept.rows[at].amounts, [&](const RowAmount& amount) {
             return (isOther && !isUnderFrancs(page, at, amount)) || isForeign(row, amount)
-                   || isAgreed(row, amount);
+                   || isAgreed(row, amount) || (isOfCurrencies && isUnderForeign(page, at, amount));
         });
+        hideAsides(kept.rows[at], page.isRecognised);
     }
     return kept;
 }

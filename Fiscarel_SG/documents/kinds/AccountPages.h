@@ -13,7 +13,7 @@ std::optional<AccountNumber> ibanIn(const Row& row, std::size_t at);
 bool isContactLine(const PageRows& page, const Row& row);
 
 /// A page without the amounts that no account states for the year in francs: in other currencies,
-/// of years before, limits.
+/// of years before, limits. Words that only mention interest or the net are hidden.
 PageRows withoutOthers(PageRows page, std::optional<int> year);
 
 } // namespace fiscarel

@@ -5,6 +5,7 @@
 #include "Fiscarel_SG/documents/kinds/AccountPages.h"
 #include "Fiscarel_SG/documents/kinds/AccountTable.h"
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+#include "Fiscarel_SG/documents/kinds/BankShares.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
 #include "Fiscarel_SG/documents/kinds/SecurityTable.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
@@ -40,7 +41,10 @@ class AccountMapper {
         for (std::size_t at = 0; at < page.rows.size(); ++at) {
             const bool isNew = headings.empty() || headings.back().row() < at;
             const AccountHeading found = accountHeadingIn(page, at);
-            if (isNew && found.count() >= 2 && page.number != 0) {
+            const bool isOfCourse =
+                found.count() == 1 && ibans.empty() && headings.empty() && headsCourse(page, found)
+                && !entriesOfTable(page, found, page.rows.size(), ibans).empty();
+            if (isNew && (found.count() >= 2 || isOfCourse) && page.number != 0) {
                 headings.push_back(found);
             }
         }
@@ -139,17 +143,44 @@ class AccountMapper {
             const RowRange range{&page, first, end};
             const bool isLoan = i < starts.size() && starts.size() > 1 && own == ibans.end()
                                 && namesLoan(page, starts[i]);
-            AccountEntry entry{.figures = isLoan ? figuresOfLoan(range) : figuresByLabel(range),
+            const bool isOfShares = i < starts.size() && namesShares(page.rows[starts[i]]);
+            AccountEntry entry{.figures = isLoan       ? figuresOfLoan(range)
+                                          : isOfShares ? figuresOfShares(range)
+                                                       : figuresByLabel(range),
                                .number = own == ibans.end() ? std::string() : own->text,
                                .range = range,
                                .isLoan = isLoan,
-                               .isDepot = i < starts.size() && namesShares(page.rows[starts[i]])};
+                               .isDepot = isOfShares,
+                               .quantity = isOfShares ? sharesIn(range) : std::nullopt};
+            entry.isLoan |= starts.size() <= 1 && tellsOfLoan(entry);
             if (starts.size() <= 1 && tellsOfBoth(entry)) {
                 addEntry(withoutAccount(entry));
                 entry.figures = withoutLoan(entry.figures);
             }
             addEntry(std::move(entry));
         }
+    }
+
+    /// Whether a page states what is left and the interest paid on it, and names a loan and no
+    /// account: "Steuerausweis Hypothek", "Kapital am 31. Dezember".
+    static bool tellsOfLoan(const AccountEntry& entry) {
+        using enum Figure;
+        const auto of = [&](Figure figure) {
+            return entry.figures[static_cast<std::size_t>(figure)].has_value();
+        };
+        if (!of(balance) || !of(debtInterest) || of(debt) || of(interest)
+            || !entry.number.empty()) {
+            return false;
+        }
+        const PageRows& page = *entry.range.page;
+        bool isNamed = false;
+        for (std::size_t at = 0; at < page.rows.size(); ++at) {
+            isNamed |= namesLoan(page, at);
+            if (namesAny(page.rows[at], {Concept::account}, page.isRecognised)) {
+                return false;
+            }
+        }
+        return isNamed;
     }
 
     /// Whether a page tells of an account and a loan, each with its own interest, or of the account

@@ -81,6 +81,14 @@ bool isTaxRate(const Row& cell) {
            && std::ranges::none_of(cell.folded, [](char c) { return c >= 'a' && c <= 'z'; });
 }
 
+/// "Zins %", "Zins in %": a rate, whatever it is of.
+bool isRateInPercent(const Row& cell, bool isRecognised) {
+    const bool hasPercent = std::ranges::any_of(
+        cell.words, [](const RowWord& word) { return word.text == "%" || word.text == "(%)"; });
+    const bool hasNumber = cell.folded.find_first_of("0123456789") != std::string::npos;
+    return hasPercent && !hasNumber && !namesAny(cell, {Concept::withholding}, isRecognised);
+}
+
 /// The year a cell speaks of; 0 when of none.
 int yearIn(const Row& cell) {
     int year = 0;
@@ -113,9 +121,10 @@ bool isYearOnly(const Row& cell) {
 /// beside others only.
 void addPlainFigures(AccountHeading& heading, bool isRecognised) {
     static const Labels currency{"CHF", "in CHF", "en CHF", "Franken", "in Franken", "en francs"};
-    static const Labels stands{"Stand*", "Bestand", "Betrag*",   "Wert*",     "Kapital*",
-                               "état",   "montant", "situation", "capital",   "importo",
-                               "stato",  "valore",  "capitale",  "situazione"};
+    static const Labels stands{"Stand*",   "Bestand",  "Betrag*",   "Wert*",      "Kapital*",
+                               "état",     "montant",  "situation", "capital",    "importo",
+                               "stato",    "valore",   "capitale",  "situazione", "Nominal*",
+                               "Nennwert", "nominale", "nominal"};
     const bool hasStand = heading.states(Figure::balance) || heading.states(Figure::debt);
     const bool hasInterest =
         heading.states(Figure::interest) || heading.states(Figure::debtInterest);
@@ -257,7 +266,7 @@ std::optional<Figure> figureOf(const Row& cell, bool isRecognised) {
     static const Labels debts{"Passiven", "Ausstand", "Ausstände",  "Schulden",
                               "passifs",  "passivi",  "liabilities"};
     static const Labels charges{"Aufwand", "Zinsaufwand", "charges", "oneri", "onere"};
-    if (cell.words.size() > 8) {
+    if (cell.words.size() > 8 || isRateInPercent(cell, isRecognised)) {
         return std::nullopt;
     }
     if (const auto taxed = taxednessOf(cell); taxed && isIncome(cell, isRecognised)) {

@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/kinds/Prose.h"
+#include "Fiscarel_SG/documents/rows/CellRoles.h"
 
 #include <algorithm>
 #include <utility>
@@ -35,7 +36,9 @@ bool isProse(const Row& row, bool isRecognised) {
     while (end > 0 && isFrancs(row.words[end - 1].text)) {
         --end;
     }
-    return firm > 1 || row.amounts.back().last + 1 != end;
+    const char start = row.words.front().text.front();
+    const bool isRest = start >= 'a' && start <= 'z' && endsSentence(row, row.words.size() - 1);
+    return isRest || firm > 1 || row.amounts.back().last + 1 != end;
 }
 
 /// The words of a row that tell of the amount of a label: all, but of a heading, which names other

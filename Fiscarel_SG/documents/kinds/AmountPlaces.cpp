@@ -146,7 +146,8 @@ std::optional<FoundAmount> amountUnder(const RowRange& range, std::size_t at,
             if (isOfYears && newest && *year <= *newest) {
                 continue;
             }
-            isOnly = !found.has_value() || isOfYears;
+            const bool isSame = found && isOnly && found->value() == amount.amount.value;
+            isOnly = !found.has_value() || isOfYears || isSame;
             newest = isOfYears ? year : std::nullopt;
             found =
                 FoundAmount{.page = range.page,

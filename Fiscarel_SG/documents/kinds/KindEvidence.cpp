@@ -492,7 +492,12 @@ bool isPensionPaper(const DocumentRows& document) {
 }
 
 bool isPropertyAccount(const DocumentRows& document) {
-    return isAnyIn(titleWords(document), propertyAccounts());
+    static const Labels letHomes{
+        "vermietete*", "Mietabrechnung*", "appartement loué",       "logement loué",
+        "bien loué",   "objet loué",      "appartamento affittato", "appartamento locato",
+        "ente locato", "decompte locatif"};
+    const std::string title = titleWords(document);
+    return isAnyIn(title, propertyAccounts()) || isAnyIn(title, letHomes);
 }
 
 } // namespace fiscarel

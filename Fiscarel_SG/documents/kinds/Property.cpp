@@ -80,7 +80,18 @@ std::optional<Run> valueBelow(const PageRows& page, std::size_t at, const LabelP
         return std::nullopt;
     }
     const Row& below = page.rows[at + 1];
-    for (const LabelPlace& cell : cellsOf(below)) {
+    const auto cells = cellsOf(below);
+    const auto heads = cellsOf(page.rows[at]);
+    const bool isTable =
+        heads.size() > 2 || std::ranges::all_of(heads, [&](const LabelPlace& head) {
+            return std::ranges::any_of(cells, [&](const LabelPlace& cell) {
+                return cell.left < head.right && head.left < cell.right;
+            });
+        });
+    if (!isTable) {
+        return std::nullopt; // a field with its value beside it
+    }
+    for (const LabelPlace& cell : cells) {
         if (cell.left < label.right && label.left < cell.right) {
             return valueFrom(page, below, cell.first, named);
         }
@@ -164,13 +175,17 @@ void splitColumns(const DocumentRows& document, std::vector<DocumentRows>& parts
             const Row& row = page.rows[at];
             const auto label = findLabel(row, parcelLabels(), page.isRecognised);
             std::vector<LabelPlace> numbers;
+            bool hasOther = false; // "Grundstück Nr. 950   Vers.-Nr. 3887"
             for (const LabelPlace& cell : cellsOf(row)) {
-                if (label && label->first == 0 && cell.first == cell.last && cell.first > 0
+                const bool isOne = cell.first == cell.last && cell.first > 0;
+                if (label && label->first == 0 && isOne
                     && isParcelNumber(row.words[cell.first].text)) {
                     numbers.push_back(cell);
+                } else {
+                    hasOther |= numbers.size() == 1;
                 }
             }
-            if (numbers.size() < 2) {
+            if (numbers.size() < 2 || hasOther) {
                 continue;
             }
             for (PageRows& part : columnsAsPages(page, at > above ? at - above : 0, numbers)) {

@@ -50,6 +50,27 @@ const Wanted& plainUpkeep() {
     return wanted;
 }
 
+/// Hides what a rent is told to be without: "ohne Nebenkosten", "hors charges".
+DocumentRows withoutExclusions(DocumentRows document) {
+    static const Labels excluded{"ohne Nebenkosten*",  "ohne NK",
+                                 "exkl* Nebenkosten*", "exkl* NK",
+                                 "ohne Akonto*",       "hors charges",
+                                 "sans charges",       "sans acomptes",
+                                 "sans les charges",   "charges non comprises",
+                                 "senza spese",        "senza acconti",
+                                 "senza le spese",     "escluse le spese",
+                                 "spese escluse"};
+    for (PageRows& page : document.pages) {
+        for (Row& row : page.rows) {
+            const auto place = findLabel(row, excluded, page.isRecognised);
+            for (std::size_t i = place ? place->first : 1; place && i <= place->last; ++i) {
+                row.words[i].folded.clear();
+            }
+        }
+    }
+    return document;
+}
+
 /// The amount of a column's total, else the one beside words; absent when several differ.
 std::optional<FoundAmount> findOne(const DocumentRows& document, const Wanted& wanted) {
     if (auto total = columnTotal(document, wanted)) {
@@ -75,7 +96,7 @@ void proposeAmount(const KindContext& context, const FoundAmount& found, const c
 } // namespace
 
 bool proposeManagement(const KindContext& context, ProposalDraft& draft) {
-    const DocumentRows& document = context.document;
+    const DocumentRows document = withoutExclusions(context.document);
     const auto rent = findOne(document, rents());
     auto cost = findOne(document, deductibleUpkeep());
     const Wanted& wanted = cost ? deductibleUpkeep() : plainUpkeep();

@@ -68,7 +68,9 @@ std::optional<Stated> statedBy(const Row& cell, bool isRecognised) {
     static const Labels incomes{
         "Ertrag*",    "Erträge", "Bruttoertr*", "Dividende*", "Ausschüttung*", "Zins*", "brutto*",
         "rendement*", "revenu*", "reddit*",     "dividend*",  "provent*",      "ricav*"};
-    static const Labels notValues{"Anfang*", "Einstand*", "Kaufwert*", "Vorjahr*", "Beginn"};
+    static const Labels notValues{"Anfang*",  "Einstand*",    "Kaufwert*",   "Vorjahr*",
+                                  "Beginn",   "Wertschrift*", "Wertpapier*", "Wertrecht*",
+                                  "Wertung*", "Währung"};
     const auto says = [&](const Labels& labels) {
         return findLabel(cell, labels, isRecognised).has_value();
     };

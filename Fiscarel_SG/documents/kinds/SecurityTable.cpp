@@ -17,6 +17,10 @@ struct SecurityHeading {
     bool hasNumbers = false;                   ///< a column of security numbers
 
     bool has(Stated one) const { return std::ranges::count(stated, std::optional(one)) == 1; }
+    std::size_t count() const { // columns that state anything
+        return static_cast<std::size_t>(
+            std::ranges::count_if(stated, [](const auto& one) { return one.has_value(); }));
+    }
     bool isOne() const {
         return has(Stated::value) && (has(Stated::quantity) || (hasNumbers && has(Stated::price)));
     }
@@ -24,17 +28,19 @@ struct SecurityHeading {
 
 SecurityHeading securityHeading(const PageRows& page, std::size_t row) {
     static const Labels numbers{"Valor*", "ISIN", "N° de valeur", "No valeur", "numero valore"};
+    SecurityHeading best;
     for (const bool withNext : {false, true}) {
         SecurityHeading heading{.table = tableHeadingIn(page, row, withNext)};
         for (const TableColumn& column : heading.table.columns) {
-            heading.stated.push_back(statedBy(column.cell, page.isRecognised));
-            heading.hasNumbers |= isAnyIn(column.cell.folded, numbers);
+            const auto stated = statedBy(column.cell, page.isRecognised);
+            heading.stated.push_back(stated);
+            heading.hasNumbers |= !stated && isAnyIn(column.cell.folded, numbers);
         }
-        if (heading.isOne()) {
-            return heading;
+        if (heading.isOne() && heading.count() > best.count()) {
+            best = std::move(heading);
         }
     }
-    return {};
+    return best;
 }
 
 StatedAmounts amountsOf(const PageRows& page, std::size_t row, const SecurityHeading& heading) {
@@ -80,11 +86,41 @@ class SecurityReader {
                 addIncome(row, amounts);
             }
         }
+        settleByMark();
         list_.settleIncome();
         return std::move(list_);
     }
 
   private:
+    /// Income that a letter behind it marks, where a legend says which: "V = Ertrag mit Abzug der
+    /// Verrechnungssteuer".
+    void settleByMark() {
+        for (const Row& row : page_.rows) {
+            const bool isLegend = row.words.size() >= 3 && row.words[0].text.size() <= 2
+                                  && (row.words[1].text == "=" || row.words[1].text == ":")
+                                  && namesAny(row, {Concept::withholding}, page_.isRecognised);
+            if (!isLegend) {
+                continue;
+            }
+            const bool isTaxed = taxednessOf(row, true).value_or(true);
+            for (Security& one : list_.all) {
+                const auto& income = at(one.amounts, Stated::income);
+                if (income && !at(one.amounts, Stated::withTax)
+                    && !at(one.amounts, Stated::withoutTax)) {
+                    const bool isMarked = hasMark(*income, row.words[0].text);
+                    one.put(isMarked == isTaxed ? Stated::withTax : Stated::withoutTax, income);
+                }
+            }
+            return;
+        }
+    }
+
+    static bool hasMark(const FoundAmount& income, const std::string& mark) {
+        const auto& words = income.rowOf().words;
+        const std::size_t next = income.amount.last + 1;
+        return next < words.size() && words[next].text == mark;
+    }
+
     bool isTotal(std::size_t row, const StatedAmounts& amounts) const {
         static const Labels alls{"Alle Titel", "Alle Positionen", "tous les titres",
                                  "tutti i titoli"};
@@ -160,9 +196,12 @@ class SecurityReader {
         for (const auto& amount : amounts) {
             end = amount ? std::min(end, amount->amount.first) : end;
         }
-        const auto iban = ibanIn(page_.rows[row], row);
+        const auto own = ibanIn(page_.rows[row], row);
+        const bool isPlain = !own && !at(amounts, Stated::quantity) && row + 1 < page_.rows.size()
+                             && !hasFirmAmount(page_.rows[row + 1]);
+        const auto iban = isPlain ? ibanIn(page_.rows[row + 1], row + 1) : own;
         security.isAccount = iban.has_value();
-        readNames(page_.rows[row], iban ? std::min(end, iban->first) : end, security);
+        readNames(page_.rows[row], own ? std::min(end, own->first) : end, security);
         if (iban) {
             security.number = iban->text;
         } else if (security.number.empty() && row + 1 < page_.rows.size()
@@ -177,6 +216,22 @@ class SecurityReader {
         security.amounts = amounts;
         list_.all.push_back(std::move(security));
         addIncome(row, amounts);
+        addTaxBelow(row + 1);
+    }
+
+    /// What the line with a security's number, below its amounts, tells of the tax.
+    void addTaxBelow(std::size_t row) {
+        Security& own = list_.all.back();
+        const auto& income = at(own.amounts, Stated::income);
+        const bool isOpen = income && !own.isAccount && !at(own.amounts, Stated::withTax)
+                            && !at(own.amounts, Stated::withoutTax);
+        if (!isOpen || row >= page_.rows.size() || !namesOnly(row)
+            || !namesAny(page_.rows[row], {Concept::withholding}, page_.isRecognised)) {
+            return;
+        }
+        if (const auto taxed = incomeBy(page_.rows[row], true)) {
+            own.put(*taxed, income);
+        }
     }
 
     /// Income in a column that does not tell the tax, by the words of its row.

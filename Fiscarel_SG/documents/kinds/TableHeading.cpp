@@ -67,8 +67,9 @@ bool isSide(const Row& cell) {
 }
 
 /// Puts the words of a heading's second line under those they go on; sides under a heading that
-/// spans them are columns of their own.
+/// spans them are columns of their own, as are the others of a line that has more than the first.
 void addLine(std::vector<TableColumn>& columns, std::vector<TableColumn> line) {
+    const bool isFuller = line.size() > columns.size(); // its columns need no line above
     for (TableColumn& below : line) {
         const auto above = std::ranges::find_if(columns, [&](const TableColumn& column) {
             return column.place.left < below.place.right && below.place.left < column.place.right;
@@ -79,7 +80,7 @@ void addLine(std::vector<TableColumn>& columns, std::vector<TableColumn> line) {
             above->cell.folded += below.cell.folded;
             above->place = {0, words.size() - 1, std::min(above->place.left, below.place.left),
                             std::max(above->place.right, below.place.right)};
-        } else if (isSide(below.cell)) {
+        } else if (isFuller || isSide(below.cell)) {
             const auto next = std::ranges::find_if(columns, [&](const TableColumn& column) {
                 return column.place.left > below.place.right;
             });

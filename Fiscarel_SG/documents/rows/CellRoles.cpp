@@ -46,9 +46,9 @@ bool hasFirmAmount(const Row& row, const LabelPlace& cell) {
 }
 
 bool saysNone(const Row& row, const LabelPlace& cell) {
-    static constexpr std::array<std::string_view, 11> words{
-        "kein",   "keine", "keiner", "keines", "entfallt", "aucun",
-        "aucune", "neant", "nihil",  "nessun", "nessuna"};
+    static constexpr std::array<std::string_view, 14> words{
+        "kein",  "keine", "keiner", "keines",  "entfallt", "aucun", "aucune",
+        "neant", "nihil", "nessun", "nessuna", "nessuno",  "nulla", "none"};
     return cell.first == cell.last
            && std::ranges::find(words, row.words[cell.first].folded) != words.end();
 }
@@ -87,6 +87,10 @@ bool endsSentence(const Row& row, std::size_t at) {
     }
     if (at + 1 < row.words.size() && row.words[at + 1].text.starts_with("Fr")) {
         return false;
+    }
+    const char next = at + 1 < row.words.size() ? row.words[at + 1].text.front() : 'A';
+    if (isDayOfYear(text) && (next < 'A' || next > 'Z')) {
+        return false; // "du 15.09. au 31.12."
     }
     static constexpr std::array<std::string_view, 5> subjects{"er", "il", "elle", "esso", "essa"};
     if (at + 1 < row.words.size()

@@ -3,8 +3,10 @@
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <iterator>
+#include <string_view>
 
 namespace fiscarel {
 
@@ -20,6 +22,22 @@ bool isNumber(const Row& row, const LabelPlace& cell) {
 }
 
 } // namespace
+
+std::vector<LabelPlace> headsOf(const Row& row) {
+    Cells heads = cellsOf(row);
+    for (std::size_t i = 0; i + 1 < heads.size();) {
+        const bool isNear = heads[i + 1].left - heads[i].right < row.height();
+        if (isNear && heads[i].first == heads[i].last && heads[i].right - heads[i].left < 14
+            && lettersIn(row, heads[i]) == 0 && isNumber(row, heads[i])) {
+            heads[i + 1].first = heads[i].first;
+            heads[i + 1].left = heads[i].left;
+            heads.erase(heads.begin() + static_cast<std::ptrdiff_t>(i));
+        } else {
+            ++i;
+        }
+    }
+    return heads;
+}
 
 bool hasOnlyValues(const Row& row) {
     return hasFirmAmount(row) && std::ranges::all_of(cellsOf(row), [&](const LabelPlace& cell) {
@@ -68,6 +86,15 @@ bool fitsEdges(const Row& row, const std::vector<double>& edges) {
     return begins && !crossesEdges(row, edges);
 }
 
+bool fitsCards(const Row& row, const std::vector<double>& edges) {
+    return !crossesEdges(row, edges)
+           && std::ranges::any_of(cellsOf(row), [&](const LabelPlace& cell) {
+                  return std::ranges::any_of(edges, [&](double edge) {
+                      return cell.left > edge - aligned && cell.left < edge + cardIndent;
+                  });
+              });
+}
+
 bool repeatsAtEdges(const Row& row, const std::vector<double>& edges) {
     const Cells cells = cellsOf(row);
     return !cells.empty() && std::ranges::all_of(edges, [&](double edge) {
@@ -83,7 +110,7 @@ bool isLeftOf(const Row& row, const std::vector<double>& edges) {
 }
 
 std::optional<std::vector<std::size_t>> gridColumns(const Row& labels, const Row& values) {
-    const Cells heads = cellsOf(labels);
+    const Cells heads = headsOf(labels);
     const Cells cells = cellsOf(values);
     std::vector<std::size_t> columns;
     bool hasText = false;
@@ -105,7 +132,8 @@ std::optional<std::vector<std::size_t>> gridColumns(const Row& labels, const Row
         columns.push_back(index);
         const Role role = roleOf(values, cell);
         const char start = values.words[cell.first].text.front();
-        const bool isLabel = role == Role::text && cells.size() > 1 && start >= 'a' && start <= 'z';
+        const bool isLabel = role == Role::text && cells.size() > 1 && start >= 'a' && start <= 'z'
+                             && !saysNone(values, cell);
         if (isLabel || (role == Role::text && hasFirmAmount(values, cell))) {
             return std::nullopt; // a sentence, or labels before their values
         }
@@ -117,7 +145,7 @@ std::optional<std::vector<std::size_t>> gridColumns(const Row& labels, const Row
 }
 
 bool isGridOfBoxes(const Row& labels, const Row& values) {
-    const Cells heads = cellsOf(labels);
+    const Cells heads = headsOf(labels);
     const Cells cells = cellsOf(values);
     if (heads.size() < 2 || heads.size() != cells.size() || !hasOnlyAmounts(values)) {
         return false;

@@ -8,8 +8,11 @@
 
 namespace fiscarel {
 
-constexpr double aligned = 4; ///< points that edges of one column may differ by
+constexpr double aligned = 4;     ///< points that edges of one column may differ by
+constexpr double cardIndent = 16; ///< points that a card's lines may stand right of its head
 
+/// The cells of a row of labels, the number of a box as part of its label: "3  Intérêts bruts".
+std::vector<LabelPlace> headsOf(const Row& row);
 /// Whether a row has amounts and at most other numbers beside them, as a rate of exchange.
 bool hasOnlyValues(const Row& row);
 /// Left edges of the second label and further ones of a row of pairs "label amount label amount",
@@ -19,6 +22,9 @@ std::vector<double> pairEdges(const Row& row, bool areBare = false);
 bool fitsEdges(const Row& row, const std::vector<double>& edges);
 /// Whether a cell of a row goes across one of the edges.
 bool crossesEdges(const Row& row, const std::vector<double>& edges);
+/// Whether a row has cells in the columns of cards only, one of them in a further card: its lines
+/// may stand a little right of their head.
+bool fitsCards(const Row& row, const std::vector<double>& edges);
 /// Whether a row that fits edges begins with the same word behind each: "Typ A   Typ B".
 bool repeatsAtEdges(const Row& row, const std::vector<double>& edges);
 /// Whether all of a row stands left of the second column.

@@ -69,14 +69,16 @@ void rebuild(Row& row, bool isRecognised) {
 std::size_t wordsGoingOn(const Row& row, const Row& next) {
     std::string head;
     for (std::size_t at = row.words.size(); at-- > 0 && head.size() < length;) {
-        head.insert(0, row.words[at].text);
+        const std::string& word = row.words[at].text;
+        head.insert(0, word.starts_with('(') ? word.substr(1) : word);
         if (!head.starts_with("CH") && !head.starts_with("LI")) {
             continue;
         }
         std::string taken = head;
         for (std::size_t end = 0; end < next.words.size() && taken.size() < length; ++end) {
             taken += next.words[end].text;
-            while (taken.size() > length && (taken.back() == ',' || taken.back() == '.')) {
+            while (taken.size() > length
+                   && std::string_view(",.;)").find(taken.back()) != std::string_view::npos) {
                 taken.pop_back();
             }
             if (taken.size() == length && !taxcore::ibanFault(taken)) {
@@ -95,7 +97,7 @@ void joinIbans(PageRows& page) {
         Row& row = page.rows[at];
         Row& next = page.rows[at + 1];
         const std::size_t count = wordsGoingOn(row, next);
-        if (count == 0 || count == next.words.size()) {
+        if (count == 0) {
             continue;
         }
         for (std::size_t i = 0; i < count; ++i) {
@@ -107,7 +109,11 @@ void joinIbans(PageRows& page) {
         next.words.erase(next.words.begin(),
                          next.words.begin() + static_cast<std::ptrdiff_t>(count));
         rebuild(row, page.isRecognised);
-        rebuild(next, page.isRecognised);
+        if (next.words.empty()) {
+            page.rows.erase(page.rows.begin() + static_cast<std::ptrdiff_t>(at) + 1);
+        } else {
+            rebuild(next, page.isRecognised);
+        }
     }
 }
 

@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/documents/rows/PageArrangement.h"
 
+#include "Fiscarel_SG/documents/rows/BoxNumbers.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/rows/GridEdges.h"
 #include "Fiscarel_SG/documents/rows/PageMending.h"
@@ -193,7 +194,8 @@ class Arrangement {
         }
         end_ = at + 1;
         while (end_ < rows.size() && gap(end_ - 1) < 3
-               && (fitsEdges(rows[end_], edges) || goesOnLeft(end_, edges))) {
+               && (fitsCards(rows[end_], edges) || goesOnLeft(end_, edges)
+                   || isBesideLonger(end_, edges))) {
             ++end_;
         }
         for (std::size_t column = 0; column <= edges.size(); ++column) {
@@ -212,6 +214,22 @@ class Arrangement {
         const Row& row = page_.rows[at];
         return isLeftOf(row, edges) && gap(at - 1) < lineGap
                && !namesAny(row, {Concept::total}, page_.isRecognised);
+    }
+
+    /// Whether a row of the left card alone has lines of the others below it.
+    bool isBesideLonger(std::size_t at, const std::vector<double>& edges) const {
+        constexpr std::size_t farthest = 5; // rows
+        const auto& rows = page_.rows;
+        for (std::size_t next = at; next < std::min(rows.size(), at + farthest); ++next) {
+            if (!isLeftOf(rows[next], edges)) {
+                return next > at && fitsCards(rows[next], edges) && hasFirmAmount(rows[next]);
+            }
+            if (namesAny(rows[next], {Concept::total}, page_.isRecognised)
+                || next + 1 == rows.size() || gap(next) >= 3) {
+                return false;
+            }
+        }
+        return false;
     }
 
     /// The edges of pairs that begin in one of the next rows, where each row before heads them all:
@@ -240,13 +258,21 @@ class Arrangement {
     /// Whether a row has the number of an account or a contract in two columns between edges, as
     /// below its name, and nothing else.
     bool hasOnlyNumbers(const Row& row, const std::vector<double>& edges) const {
+        static const Labels numberNames{"IBAN", "Konto*", "compte", "conto",
+                                        "Nr",   "numéro", "numero"};
         std::size_t numbers = 0;
         for (std::size_t column = 0; column <= edges.size(); ++column) {
             const Row part = columnOf(row, edges, column);
             const auto digits =
                 std::ranges::count_if(part.folded, [](char c) { return c >= '0' && c <= '9'; });
-            const auto letters =
-                std::ranges::count_if(part.folded, [](char c) { return c >= 'a' && c <= 'z'; });
+            std::ptrdiff_t letters = 0;
+            for (const RowWord& word : part.words) {
+                const bool isName =
+                    findLabel(rowOfWords({word}, false), numberNames, false).has_value();
+                letters += isName ? 0 : std::ranges::count_if(word.folded, [](char c) {
+                    return c >= 'a' && c <= 'z';
+                });
+            }
             if (!part.words.empty() && (digits < 5 || letters > 4)) {
                 return false;
             }
@@ -280,7 +306,7 @@ class Arrangement {
                 if (cell.left < left - aligned || cell.left >= right) {
                     continue;
                 }
-                const bool isFirst = std::abs(cell.left - left) <= aligned;
+                const bool isFirst = cell.left < left + cardIndent;
                 const Role role = roleOf(row, cell);
                 const bool isLine = isFirst && role == Role::text && lettersIn(row, cell) >= 3;
                 lines += isLine ? 1U : 0U;
@@ -308,7 +334,7 @@ class Arrangement {
                                 && (at == 0 || !hasOnlyAmounts(rows[at - 1]) || gap(at - 1) > 0.7);
         if (mayBeBoxes && isGridOfBoxes(rows[at], rows[at + 1]) && !isCaptionBelow(at)
             && !hasMoreRows(at)) {
-            std::vector<std::size_t> inOrder(cellsOf(rows[at]).size());
+            std::vector<std::size_t> inOrder(headsOf(rows[at]).size());
             std::iota(inOrder.begin(), inOrder.end(), std::size_t{0});
             composeGrid(rows[at], rows[at + 1], inOrder);
             return true;
@@ -363,7 +389,7 @@ class Arrangement {
 
     void composeGrid(const Row& labels, const Row& values,
                      const std::vector<std::size_t>& columns) {
-        const Cells heads = cellsOf(labels);
+        const Cells heads = headsOf(labels);
         const Cells cells = cellsOf(values);
         const double height = labels.height();
         double top = std::min(labels.top, values.top) + shift_;
@@ -391,7 +417,7 @@ class Arrangement {
     }
 
     static bool hasOnlyLabels(const Row& row) {
-        return std::ranges::all_of(cellsOf(row), [&](const LabelPlace& cell) {
+        return std::ranges::all_of(headsOf(row), [&](const LabelPlace& cell) {
             return lettersIn(row, cell) >= 2 && !saysNone(row, cell);
         });
     }
@@ -470,6 +496,7 @@ class Arrangement {
 } // namespace
 
 PageRows arranged(PageRows page) {
+    dropBoxNumbers(page);
     mend(page);
     turnTables(page);
     return Arrangement(std::move(page)).run();

@@ -6,9 +6,8 @@ std::vector<ConceptWords> provisionWords() {
     using enum Concept;
     return {
         {pillar3a,
-         {"3a", "3a-*", "*Säule 3", "gebunden*", "Selbstvorsorge", "*Vorsorgekonto*",
-          "*Vorsorgepolice*", "Vorsorgeversicherung*", "prévoyance liée", "liée", "vincolat*",
-          "Vorsorgekonto*"}},
+         {"3a", "*Säule 3", "gebunden*", "Selbstvorsorge", "*Vorsorgekonto*", "*Vorsorgepolice*",
+          "Vorsorgeversicherung*", "prévoyance liée", "liée", "vincolat*", "Vorsorgekonto*"}},
         {occupational,
          {"2. Säule",
           "zweite Säule",

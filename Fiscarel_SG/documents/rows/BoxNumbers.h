@@ -1,0 +1,12 @@
+#pragma once
+
+#include "Fiscarel_SG/documents/rows/PageRows.h"
+
+namespace fiscarel {
+
+/// Takes the numbers of a form's boxes out of rows that hold nothing else but what was filled in,
+/// its label standing above: "7          Fr. 322'500.00". Only where a page numbers at least three
+/// boxes one after the other.
+void dropBoxNumbers(PageRows& page);
+
+} // namespace fiscarel
