@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/Pensions.h"
 
 #include "Fiscarel_SG/documents/kinds/PensionAmounts.h"
+#include "Fiscarel_SG/documents/kinds/PensionColumns.h"
 #include "Fiscarel_SG/documents/kinds/PensionWords.h"
 #include "Fiscarel_SG/documents/kinds/People.h"
 #include "Fiscarel_SG/documents/kinds/PlainAmount.h"
@@ -142,8 +143,9 @@ class BenefitPaper {
     }
 
     bool proposePension(bool isProvenOnly) {
-        return proposePeople() || proposeBlocks() || proposeTold() || proposeProven()
-               || proposeForTax() || (!isProvenOnly && proposeNamed());
+        return put(pensionsInColumns(context_.document, people_, amounts_)) || proposePeople()
+               || proposeBlocks() || proposeTold() || proposeProven() || proposeForTax()
+               || (!isProvenOnly && proposeNamed());
     }
 
     bool proposeAllowances() { return proposeProven() || proposeForTax(); }
@@ -322,8 +324,16 @@ class BenefitPaper {
         static const Labels employers{"Arbeitgeber*", "employeur*", "datore*", "employer"};
         const bool isShared = benefit_ == Benefit::allowances && !one.isForTax
                               && isAnyIn(context_.document.folded, employers);
-        return isShared || people_.born().size() >= 2
+        return isShared || people_.born().size() >= 2 || areSideBySide()
                || findLabel(one.words, couples, one.found.page->isRecognised);
+    }
+
+    /// Whether a row names people in cells of their own.
+    bool areSideBySide() const {
+        return std::ranges::any_of(context_.document.pages, [&](const PageRows& page) {
+            return std::ranges::any_of(
+                page.rows, [&](const Row& row) { return !people_.inCells(row).empty(); });
+        });
     }
 
     /// The amount whose words are a pension's, where arithmetic proves none.

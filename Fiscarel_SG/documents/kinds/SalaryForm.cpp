@@ -131,6 +131,29 @@ int leadingNumber(const Row& row) {
     return number;
 }
 
+/// The number a box has behind its label: 10 for "[10.1]", "(10.1)" and "(Ziffer 10.1)"; 0 for
+/// none.
+int closingNumber(const Row& row) {
+    static const Labels names{"Ziffer", "Ziff",     "Feld",  "Pos",     "chiffre",
+                              "ch",     "rubrique", "cifra", "casella", "box"};
+    for (std::size_t i = row.words.size(); i-- > 1;) {
+        std::string_view text = row.words[i].text;
+        const bool isOpened = text.starts_with('(') || text.starts_with('[');
+        const bool isNamed = isAnyIn(row.words[i - 1].folded, names);
+        if ((!text.ends_with(')') && !text.ends_with(']')) || (!isOpened && !isNamed)) {
+            continue;
+        }
+        text.remove_prefix(isOpened ? 1 : 0);
+        text = text.substr(0, text.find_first_of(".)]"));
+        const bool isNumber = !text.empty() && text.size() <= 2
+                              && text.find_first_not_of("0123456789") == std::string_view::npos;
+        if (isNumber) {
+            return std::stoi(std::string(text));
+        }
+    }
+    return 0;
+}
+
 /// A number without points is none of the form's: "13.3" is a label, 133 is not.
 bool isPlainNumber(const Row& row, const LabelPlace& place) {
     const std::string& text = row.words[place.first].text;
@@ -145,7 +168,8 @@ std::vector<Anchor> findAnchors(const PageRows& page) {
     std::size_t reached = 0;
     const bool isForeign = isLiechtenstein(page);
     for (const Row& row : page.rows) {
-        const int number = leadingNumber(row);
+        const int leading = leadingNumber(row);
+        const int number = leading != 0 ? leading : closingNumber(row);
         for (std::size_t i = 0; i < table.size(); ++i) {
             const auto place = findLabel(row, table[i].labels, page.isRecognised);
             const int own = isForeign ? liechtensteinNumber(table[i].box) : table[i].number;
@@ -212,6 +236,29 @@ bool hasBox(const std::vector<Anchor>& anchors, SalaryBox box) {
     return std::ranges::any_of(anchors, [box](const Anchor& anchor) { return anchor.box == box; });
 }
 
+/// What the form's own sheet does not tell of whose and of when it is, by its other sheets.
+void readOtherSheets(const DocumentRows& document, SalaryForm& form) {
+    const auto fill = [](auto& own, const auto& other) {
+        own = own == std::remove_cvref_t<decltype(own)>() ? other : own;
+    };
+    for (const PageRows& page : document.pages) {
+        if (&page == form.page) {
+            continue;
+        }
+        SalaryForm sheet{.page = &page};
+        readFormHeader(page, page.height / 2, sheet);
+        if (!form.from) {
+            form.from = sheet.from;
+            form.to = sheet.to;
+        }
+        fill(form.birthDate, sheet.birthDate);
+        fill(form.socialSecurityNumber, sheet.socialSecurityNumber);
+        fill(form.person, sheet.person);
+        fill(form.employer, sheet.employer);
+        fill(form.year, sheet.year);
+    }
+}
+
 } // namespace
 
 std::optional<Decimal> SalaryForm::value(SalaryBox box) const {
@@ -238,6 +285,9 @@ std::vector<SalaryForm> readSalaryForms(const DocumentRows& document) {
             std::ranges::find_if(anchors, [](const Anchor& anchor) { return anchor.order <= 9; });
         readFormHeader(page, first == anchors.end() ? page.height / 2 : first->row->top, form);
         forms.push_back(std::move(form));
+    }
+    if (forms.size() == 1) {
+        readOtherSheets(document, forms.front());
     }
     return forms;
 }
