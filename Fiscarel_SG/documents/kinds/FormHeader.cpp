@@ -133,12 +133,11 @@ void readKind(const PageRows& page, double bodyTop, SalaryForm& form) {
     }
     form.isMarked = isPensionMarked != isSalaryMarked || isPensionNamed != isSalaryNamed;
     // Whoever earns a wage pays contributions, whatever a cross that cannot be placed says.
-    using enum SalaryBox;
-    const bool hasDeductions = form.boxes.contains(social) || form.boxes.contains(pensionFund);
     form.isPension = isProven(form)                      ? false
                      : isPensionMarked != isSalaryMarked ? isPensionMarked
-                     : isPensionNamed != isSalaryNamed   ? isPensionNamed
-                                                         : !hasDeductions && form.boxes.size() > 1;
+                     : isPensionNamed != isSalaryNamed
+                         ? isPensionNamed
+                         : !form.hasDeductions() && form.boxes.size() > 1;
 }
 
 /// Boxes F and G: a cross before the words, at the height of one of their lines.

@@ -260,7 +260,7 @@ std::optional<SalaryForm> readRun(const Candidates& grosses, const Candidates& n
 double topOf(const SalaryForm& form) {
     double top = form.page->height;
     for (const auto& [box, amount] : form.boxes) {
-        top = std::min(top, amount.place.top);
+        top = form.elsewhere.contains(box) ? top : std::min(top, amount.place.top);
     }
     return top;
 }
@@ -413,9 +413,16 @@ std::optional<SalaryForm> readWage(const std::vector<RowRange>& ranges) {
     }
     SalaryForm form{.page = choice.boxes[0]->page};
     for (std::size_t box = 0; box < choice.boxes.size(); ++box) {
-        if (const auto& found = choice.boxes[box]; found && found->page == form.page) {
-            form.boxes[boxWords()[box].box] = found->amount;
-            form.boxes[boxWords()[box].box].amount.value = found->value().abs();
+        const auto& found = choice.boxes[box];
+        const bool isOther = found && found->page != form.page;
+        if (!found || (isOther && !choice.isProven)) {
+            continue;
+        }
+        const SalaryBox own = boxWords()[box].box;
+        form.boxes[own] = found->amount;
+        form.boxes[own].amount.value = found->value().abs();
+        if (isOther) {
+            form.elsewhere[own] = found->page;
         }
     }
     return form;
