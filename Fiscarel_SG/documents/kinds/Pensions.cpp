@@ -6,6 +6,7 @@
 #include "Fiscarel_SG/documents/kinds/People.h"
 #include "Fiscarel_SG/documents/kinds/PlainAmount.h"
 #include "Fiscarel_SG/documents/kinds/Prose.h"
+#include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/text/FoldedText.h"
 
 #include <algorithm>
@@ -155,14 +156,12 @@ class BenefitPaper {
 
     /// A couple's pensions, a row each.
     bool proposePeople() {
-        static const Labels children{"*kinderrente*", "Kind",   "Kinder",    "enfant*",
-                                     "d'enfant*",     "figli*", "completiv*"};
         Parts parts;
         for (const PensionAmount& one : amounts_) {
             const Row& row = one.found.rowOf();
             const auto named = people_.in(row);
             const bool isOwn = one.canBePension() && named.size() == 1 && !one.found.isBelow
-                               && !findLabel(row, children, one.found.page->isRecognised);
+                               && !findLabel(row, childrenWords(), one.found.page->isRecognised);
             if (!isOwn) {
                 continue;
             }
@@ -178,9 +177,6 @@ class BenefitPaper {
 
     /// A couple's pensions, a block of rows each under the name.
     bool proposeBlocks() {
-        if (people_.born().size() < 2) {
-            return false;
-        }
         Parts parts;
         for (const PensionAmount& one : amounts_) {
             const auto person = one.canBePension() && one.isProven() && one.months > 0
@@ -217,15 +213,33 @@ class BenefitPaper {
         return put(parts);
     }
 
-    /// The person whom the nearest row above that tells a day of birth names.
+    /// The person whom the nearest row above that is one's heading names.
     std::optional<NamedPerson> ownerAbove(const FoundAmount& found) const {
         for (std::size_t at = found.row; at-- > 0;) {
-            const auto named = people_.in(found.page->rows[at]);
-            if (named.size() == 1 && named.front().birthDate) {
+            const Row& row = found.page->rows[at];
+            const auto named = people_.in(row);
+            if (named.size() == 1 && (named.front().birthDate || headsBlock(row))) {
                 return named.front();
             }
         }
         return std::nullopt;
+    }
+
+    /// Whether a row with a name is about that person alone: a short one without amounts.
+    static bool headsBlock(const Row& row) {
+        static const std::set<std::string> joins{"und", "et", "e", "&"};
+        constexpr std::size_t mostWords = 6;
+        return row.words.size() <= mostWords && !hasFirmAmount(row)
+               && !findLabel(row, childrenWords(), false)
+               && std::ranges::none_of(row.words, [](const RowWord& word) {
+                      return joins.contains(word.folded) || word.text == "&";
+                  });
+    }
+
+    static const Labels& childrenWords() {
+        static const Labels words{"*kinderrente*", "Kind",   "Kinder",    "enfant*",
+                                  "d'enfant*",     "figli*", "completiv*"};
+        return words;
     }
 
     /// A record for each of several people.

@@ -399,7 +399,9 @@ std::optional<SalaryForm> readWage(const std::vector<RowRange>& ranges) {
             behind[box] = deductionsBehind(ranges, boxWords()[box]);
         }
         Choice other = Search(std::move(behind)).run();
-        choice = other.isProven ? std::move(other) : std::move(choice);
+        if (other.isProven) {
+            choice = std::move(other);
+        }
     }
     if (!choice.isProven) {
         if (auto form = readRun(table[0], table[1])) {
@@ -450,7 +452,9 @@ std::vector<SalaryForm> readSalaryLists(const DocumentRows& document) {
     auto form = readWage(wholeDocument(document));
     if (!form || !isProven(*form)) {
         auto ofTable = readSalaryTable(document);
-        form = ofTable ? std::move(ofTable) : std::move(form);
+        if (ofTable) {
+            form = std::move(ofTable);
+        }
     }
     if (!form) {
         return {};
