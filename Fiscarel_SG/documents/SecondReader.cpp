@@ -6,6 +6,7 @@
 #include "Fiscarel_SG/documents/kinds/Property.h"
 #include "Fiscarel_SG/documents/kinds/SecurityTable.h"
 #include "Fiscarel_SG/documents/payload/Mappers.h"
+#include "Fiscarel_SG/documents/rows/CentColumns.h"
 #include "Fiscarel_SG/documents/rows/PageArrangement.h"
 #include "Fiscarel_SG/documents/rows/Vocabulary.h"
 #include "Fiscarel_SG/documents/text/FoldedText.h"
@@ -27,7 +28,9 @@ DocumentRows rowsOf(const DocumentReading& reading) {
     DocumentRows document;
     for (const PageReading& page : reading.pages) {
         if (document.pages.size() < mostPages && !page.words.empty()) {
-            document.pages.push_back(arranged(buildRows(page)));
+            PageRows rows = buildRows(page);
+            joinCents(rows);
+            document.pages.push_back(arranged(std::move(rows)));
         }
     }
     if (document.pages.empty()) {
@@ -113,6 +116,18 @@ bool titleNamesPension(const DocumentRows& document) {
     });
 }
 
+/// Whether a form that serves wages and pensions states contributions, which only wages bear.
+bool takesContributions(const DocumentRows& document, const std::string& title) {
+    static const Labels forms{"Lohnausweis", "Certificat de salaire", "Certificato di salario"};
+    return isAnyIn(title, forms) && std::ranges::any_of(document.pages, [](const PageRows& page) {
+               return std::ranges::any_of(page.rows, [&](const Row& row) {
+                   return !row.amounts.empty() && row.amounts.back().amount.isFirm()
+                          && row.amounts.back().amount.value.abs() >= 1
+                          && namesAny(row, {Concept::social}, page.isRecognised);
+               });
+           });
+}
+
 /// Whether a paper is one on a wage, though its amounts may not be found.
 bool namesWage(const DocumentRows& document) {
     static const Labels certificates{
@@ -120,7 +135,9 @@ bool namesWage(const DocumentRows& document) {
         "Salario netto", "Lohn brutto",        "Lohn netto",   "Lohn nach Abzügen", "Monatslöhne",
         "Monatslohn",    "Lohnbescheinigung*", "gross salary", "net salary"};
     static const Labels pensions{"*rente", "*renten", "rente", "rentes", "rendita", "rendite"};
-    return isAnyIn(document.folded, certificates) && !isAnyIn(titleWords(document), pensions);
+    const std::string title = titleWords(document);
+    return isAnyIn(document.folded, certificates)
+           && (!isAnyIn(title, pensions) || takesContributions(document, title));
 }
 
 void proposeByKind(const KindContext& context, ProposalDraft& draft) {

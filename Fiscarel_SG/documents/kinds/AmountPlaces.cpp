@@ -234,10 +234,15 @@ const RowAmount* amountByPeriod(const RowRange& range, std::size_t at,
                                     && amount->place.left < cell.right + alignment(*range.page);
                 const auto when =
                     isOver ? newness(heading, cell, range.page->isRecognised) : std::nullopt;
-                const bool isNewest = when && std::ranges::all_of(told, [&](const auto& other) {
-                                          return other.second < *when;
-                                      });
-                newest = isNewest ? amount : newest;
+                const auto isBefore = [&](const auto& other) { return other.second < *when; };
+                const auto isAsNew = [&](const auto& other) {
+                    return other.second == *when && other.first != cell.first;
+                };
+                if (when && std::ranges::all_of(told, isBefore)) {
+                    newest = amount;
+                } else if (when && newest != amount && std::ranges::any_of(told, isAsNew)) {
+                    newest = nullptr; // halves of one year
+                }
                 if (when) {
                     told[cell.first] = *when;
                 }
@@ -444,7 +449,7 @@ bool isBarred(const Row& row, const Wanted& wanted, bool isRecognised) {
            || (isNotOpening && isOfYearsBeginning(row));
 }
 
-const RowAmount* lastOrNewest(const PageRows& page, std::size_t at) {
+const RowAmount* newestIn(const PageRows& page, std::size_t at) {
     const Row& row = page.rows[at];
     std::vector<const RowAmount*> firm;
     for (const RowAmount& amount : row.amounts) {
@@ -452,8 +457,12 @@ const RowAmount* lastOrNewest(const PageRows& page, std::size_t at) {
             firm.push_back(&amount);
         }
     }
-    const RowAmount* newest =
-        firm.size() > 1 ? amountByPeriod({&page, 0, page.rows.size()}, at, firm) : nullptr;
+    return firm.size() > 1 ? amountByPeriod({&page, 0, page.rows.size()}, at, firm) : nullptr;
+}
+
+const RowAmount* lastOrNewest(const PageRows& page, std::size_t at) {
+    const Row& row = page.rows[at];
+    const RowAmount* newest = newestIn(page, at);
     return newest != nullptr || row.amounts.empty() ? newest : &row.amounts.back();
 }
 

@@ -29,6 +29,10 @@ Row headingOver(const PageRows& page, std::size_t at, const RowAmount& amount);
 /// wanted.
 bool isBarred(const Row& row, const Wanted& wanted, bool isRecognised);
 
+/// Of several amounts in a row under headings that tell different times that of the newest; else
+/// null.
+const RowAmount* newestIn(const PageRows& page, std::size_t at);
+
 /// The last amount of a row, or of several under headings that tell a time that of the newest; null
 /// for a row without amounts.
 const RowAmount* lastOrNewest(const PageRows& page, std::size_t at);

@@ -15,11 +15,22 @@ using taxcore::Date;
 namespace {
 
 bool isCross(const RowWord& word) {
-    return word.folded == "x" || word.folded == "xx" || word.text == "☒" || word.text == "✗"
-           || word.text == "✘" || word.text == "✓" || word.text == "[X]";
+    static constexpr std::array<std::string_view, 8> signs{"☒", "☑", "✗", "✘", "✓", "✔", "■", "●"};
+    return word.folded == "x" || word.folded == "xx"
+           || std::ranges::find(signs, word.text) != signs.end();
 }
 
-bool hasCross(const Row& row) { return std::ranges::any_of(row.words, isCross); }
+double gapBetween(const PagePlace& place, const LabelPlace& label) {
+    return std::max({0.0, label.left - place.right, place.left - label.right});
+}
+
+/// Whether a cross of a row belongs to a label: no cross is nearer to another label of the row.
+bool isMarked(const Row& row, const LabelPlace& label, const std::optional<LabelPlace>& other) {
+    return std::ranges::any_of(row.words, [&](const RowWord& word) {
+        return isCross(word)
+               && (!other || gapBetween(word.place, label) < gapBetween(word.place, *other));
+    });
+}
 
 bool isSocialSecurityNumber(std::string_view text) {
     constexpr std::string_view form = "000.0000.0000.00";
@@ -99,9 +110,12 @@ void readYear(const PageRows& page, double bodyTop, SalaryForm& form) {
 
 /// Which certificate it is: the cross beside A or B, else the only one that is named.
 void readKind(const PageRows& page, double bodyTop, SalaryForm& form) {
-    static const Labels salary{"Lohnausweis", "Certificat de salaire", "Certificato di salario"};
-    static const Labels pension{"Rentenbescheinigung", "Attestation de rentes",
-                                "Attestazione delle rendite"};
+    static const Labels salary{"Lohnausweis", "Certificat de salaire", "Certificato di salario",
+                               "Salary certificate"};
+    static const Labels pension{"Rentenbescheinigung",       "Attestation de rente*",
+                                "Attestation des rentes",    "Attestazione delle rendite",
+                                "Attestazione di rendit*",   "Attestazione della rendita",
+                                "Certificato delle rendite", "Pension statement"};
     bool isSalaryNamed = false;
     bool isPensionNamed = false;
     bool isSalaryMarked = false;
@@ -110,20 +124,20 @@ void readKind(const PageRows& page, double bodyTop, SalaryForm& form) {
         if (row.middle() >= bodyTop) {
             break;
         }
-        const bool isPension = findLabel(row, pension, page.isRecognised).has_value();
-        const bool isSalary = !isPension && findLabel(row, salary, page.isRecognised).has_value();
-        isSalaryNamed |= isSalary;
-        isPensionNamed |= isPension;
-        isSalaryMarked |= isSalary && hasCross(row);
-        isPensionMarked |= isPension && hasCross(row);
+        const auto ofPension = findLabel(row, pension, page.isRecognised);
+        const auto ofSalary = findLabel(row, salary, page.isRecognised);
+        isSalaryNamed |= ofSalary.has_value();
+        isPensionNamed |= ofPension.has_value();
+        isSalaryMarked |= ofSalary && isMarked(row, *ofSalary, ofPension);
+        isPensionMarked |= ofPension && isMarked(row, *ofPension, ofSalary);
     }
     form.isMarked = isPensionMarked != isSalaryMarked || isPensionNamed != isSalaryNamed;
-    // Without a cross: whoever earns a wage pays contributions.
-    using enum SalaryBox;
-    const bool hasDeductions = form.boxes.contains(social) || form.boxes.contains(pensionFund);
-    form.isPension = isPensionMarked != isSalaryMarked ? isPensionMarked
-                     : isPensionNamed != isSalaryNamed ? isPensionNamed
-                                                       : !hasDeductions && form.boxes.size() > 1;
+    // Whoever earns a wage pays contributions, whatever a cross that cannot be placed says.
+    form.isPension = isProven(form)                      ? false
+                     : isPensionMarked != isSalaryMarked ? isPensionMarked
+                     : isPensionNamed != isSalaryNamed
+                         ? isPensionNamed
+                         : !form.hasDeductions() && form.boxes.size() > 1;
 }
 
 /// Boxes F and G: a cross before the words, at the height of one of their lines.

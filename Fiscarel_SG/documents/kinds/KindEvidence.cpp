@@ -30,12 +30,14 @@ constexpr int fromPractice = 8;
 constexpr int ofOneInsurance = 24;
 constexpr int decisive = 12; ///< of the words that make a document none of the kinds
 
-/// Employee-share annexes carry their name at the top; a certificate mentions them in box 15.
-int exclusionWeight(const std::string& title, const std::string& all) {
+/// Employee-share annexes carry their name at the top; a certificate mentions them in box 15. What
+/// a certificate whose wage adds up names beside it ("Verbesserungsvorschlag") excludes nothing.
+int exclusionWeight(const std::string& title, const std::string& all, bool isWage) {
     int weight = 0;
     for (const KindExclusion& exclusion : kindExclusions()) {
         const bool holds =
-            isAnyIn(title, exclusion.all.front()) && !isAnyIn(title, exclusion.unless)
+            (exclusion.statesWages || !isWage) && isAnyIn(title, exclusion.all.front())
+            && !isAnyIn(title, exclusion.unless)
             && std::ranges::all_of(exclusion.all,
                                    [&](const Labels& words) { return isAnyIn(all, words); });
         weight = std::max(weight, holds ? exclusion.weight : 0);
@@ -266,6 +268,18 @@ bool hasPillarTitle(const DocumentRows& document) {
     });
 }
 
+/// Whether a row is of one cell; beside it a year or the number of a sheet may stand.
+bool standsAlone(const Row& row) {
+    const auto isOfNumbers = [&](const LabelPlace& cell) {
+        return std::ranges::any_of(wordsOf(row, cell), [](const RowWord& word) {
+            return std::ranges::any_of(word.text, isDigit);
+        });
+    };
+    const auto cells = cellsOf(row);
+    return cells.size() == 1
+           || (cells.size() == 2 && !isOfNumbers(cells[0]) && isOfNumbers(cells[1]));
+}
+
 /// A short line at the top that says in whatever words that a wage is certified.
 bool hasWageTitle(const DocumentRows& document) {
     static const Labels wages{"*lohn",
@@ -331,7 +345,7 @@ bool hasWageTitle(const DocumentRows& document) {
             if (row.middle() >= page.height * 0.45 || endsInAmount(row)) {
                 return false;
             }
-            const bool isTitle = cellsOf(row).size() == 1 && row.words.size() <= 8
+            const bool isTitle = standsAlone(row) && row.words.size() <= 8
                                  && !row.words.back().text.ends_with('.')
                                  && isAnyIn(row.folded, wages) && isAnyIn(row.folded, certificates)
                                  && !isAnyIn(row.folded, others);
@@ -429,8 +443,8 @@ KindVerdict weighKind(const DocumentRows& document, bool isWageProven) {
         }
     }
     weighStructure(document, scores);
-    const int wageBonus =
-        (isWageProven ? provenWage : 0) + (hasWageTitle(document) ? wageTitle : 0);
+    const bool isTitled = hasWageTitle(document);
+    const int wageBonus = (isWageProven ? provenWage : 0) + (isTitled ? wageTitle : 0);
     weighWhole(document, title, wageBonus, scores);
     KindVerdict verdict;
     int best = 0;
@@ -447,7 +461,7 @@ KindVerdict weighKind(const DocumentRows& document, bool isWageProven) {
     if (isAnyIn(document.folded, denials())) {
         return {.kind = Kind::anderes, .isClear = true};
     }
-    if (const int against = exclusionWeight(title, document.folded);
+    if (const int against = exclusionWeight(title, document.folded, isWageProven && isTitled);
         against >= decisive && against + 6 > best - wageBonus) {
         return {.kind = Kind::anderes, .isClear = true};
     }

@@ -14,6 +14,13 @@ namespace {
 
 constexpr std::size_t farthest = 12; ///< amounts between a sum and its parts
 
+/// What rates are counted by.
+const Labels& units() {
+    static const Labels words{"Monat*",      "mois",  "mesi",  "mensilità",
+                              "mensualité*", "Tage*", "jours", "giorni"};
+    return words;
+}
+
 /// Words of a row as a row of their own.
 void append(Row& words, const Row& row, std::size_t first, std::size_t end) {
     for (std::size_t i = first; i < std::min(end, row.words.size()); ++i) {
@@ -72,6 +79,19 @@ void appendBehind(const PageRows& page, std::size_t at, const RowAmount& amount,
     }
 }
 
+/// "7 mensilità", "12 Monate": what a row above says, but heads no column.
+bool tellsMonths(const Row& words) {
+    for (std::size_t i = 0; i + 1 < words.words.size(); ++i) {
+        const std::string& count = words.words[i].folded;
+        const bool isCount = !count.empty() && count.size() <= 2
+                             && count.find_first_not_of("0123456789") == std::string::npos;
+        if (isCount && isAnyIn(words.words[i + 1].folded, units())) {
+            return true;
+        }
+    }
+    return false;
+}
+
 /// What is told of an amount.
 Row wordsOf(const PageRows& page, std::size_t at, std::size_t amount) {
     const Row& row = page.rows[at];
@@ -81,7 +101,9 @@ Row wordsOf(const PageRows& page, std::size_t at, std::size_t amount) {
         append(words, row, 0, row.amounts.front().first);
         append(words, row, row.amounts.back().last + 1, row.words.size());
         const Row heading = headingOver(page, at, own);
-        append(words, heading, 0, heading.words.size());
+        if (!tellsMonths(heading)) {
+            append(words, heading, 0, heading.words.size());
+        }
         return words;
     }
     const std::size_t first = clauseStart(row, amount);
@@ -146,12 +168,10 @@ std::vector<Decimal> ratesIn(const DocumentRows& document) {
 
 /// Bare numbers that may count months or days: "12 ×", "(3 Monate)", "26 Tage zu".
 std::set<int> unitCounts(const DocumentRows& document) {
-    static const Labels months{"Monat*",      "mois",  "mesi",  "mensilità",
-                               "mensualité*", "Tage*", "jours", "giorni"};
     std::set<int> counts{12};
     for (const PageRows& page : document.pages) {
         for (const Row& row : page.rows) {
-            const bool isOfMonths = findLabel(row, months, page.isRecognised).has_value();
+            const bool isOfMonths = findLabel(row, units(), page.isRecognised).has_value();
             for (std::size_t i = 0; i < row.words.size(); ++i) {
                 const std::string& text = row.words[i].folded;
                 const bool isInAmount =
@@ -265,6 +285,7 @@ class Arithmetic {
                     rate.isFactor |= isProduct;
                     if (isProduct && whole.months == 0) {
                         whole.months = benefit_ == Benefit::pension ? months : 0;
+                        whole.rate = rate.found.amount.place;
                         whole.checks.push_back({std::to_string(months) + " × "
                                                     + shown(rate.found.value()) + " = "
                                                     + shown(whole.found.value()),
@@ -373,6 +394,12 @@ class Arithmetic {
     Benefit benefit_;
 };
 
+/// Whether a newer year's amount stands beside one in its row, as the headings tell.
+bool isOfOlderYear(const PageRows& page, std::size_t at, const RowAmount& amount) {
+    const RowAmount* newest = isProse(page.rows[at]) ? nullptr : newestIn(page, at);
+    return newest != nullptr && newest != &amount;
+}
+
 /// What the words of the amount at an index of its row say.
 PensionAmount told(PensionAmount one, std::size_t index, Benefit benefit) {
     const PageRows& page = *one.found.page;
@@ -383,7 +410,8 @@ PensionAmount told(PensionAmount one, std::size_t index, Benefit benefit) {
     one.isTaxFree =
         findLabel(one.found.isBelow ? one.words : row, taxFree(), isRecognised) || endsInNo(row);
     one.isForTax = !one.isTaxFree && saysTaxed(one.words, isRecognised);
-    one.isBarred = one.isTaxFree || findLabel(one.words, noPension(), isRecognised);
+    one.isBarred = one.isTaxFree || findLabel(one.words, noPension(), isRecognised)
+                   || isOfOlderYear(page, one.found.row, row.amounts[index]);
     one.isFactor = findLabel(one.words, perMonth(), isRecognised).has_value();
     if (benefit == Benefit::allowances) {
         one.isBarred |= findLabel(one.words, noAllowance(), isRecognised).has_value();

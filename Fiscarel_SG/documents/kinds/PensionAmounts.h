@@ -20,6 +20,7 @@ struct PensionAmount {
     bool isPart = false;               ///< of a sum
     bool isForTax = false;             ///< its words say that it is what is taxed
     int months = 0;                    ///< by how many a month's rate makes it; 0: by none
+    PagePlace rate;                    ///< where that rate stands
     std::vector<ProposalCheck> checks; ///< what proves it
 
     bool canBePension() const { return !isBarred && !isFactor; }

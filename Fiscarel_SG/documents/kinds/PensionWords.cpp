@@ -140,9 +140,10 @@ bool beginsAfter(const Row& words, int year) {
 }
 
 const Labels& perMonth() {
-    static const Labels words{"monatlich*", "pro Monat",    "im Monat",     "je Monat",
-                              "par mois",   "Monatsbetrag", "Monatsrente*", "mensuel*",
-                              "al mese",    "mensil*",      "Monatsansatz", "p. M."};
+    static const Labels words{"monatlich*", "pro Monat",    "im Monat",         "je Monat",
+                              "par mois",   "Monatsbetrag", "Monatsbetreffnis", "Monatsrente*",
+                              "mensuel*",   "al mese",      "mensil*",          "Monatsansatz",
+                              "p. M."};
     return words;
 }
 

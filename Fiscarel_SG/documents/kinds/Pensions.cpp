@@ -1,10 +1,12 @@
 #include "Fiscarel_SG/documents/kinds/Pensions.h"
 
 #include "Fiscarel_SG/documents/kinds/PensionAmounts.h"
+#include "Fiscarel_SG/documents/kinds/PensionColumns.h"
 #include "Fiscarel_SG/documents/kinds/PensionWords.h"
 #include "Fiscarel_SG/documents/kinds/People.h"
 #include "Fiscarel_SG/documents/kinds/PlainAmount.h"
 #include "Fiscarel_SG/documents/kinds/Prose.h"
+#include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/text/FoldedText.h"
 
 #include <algorithm>
@@ -142,8 +144,9 @@ class BenefitPaper {
     }
 
     bool proposePension(bool isProvenOnly) {
-        return proposePeople() || proposeBlocks() || proposeTold() || proposeProven()
-               || proposeForTax() || (!isProvenOnly && proposeNamed());
+        return put(pensionsInColumns(context_.document, people_, amounts_)) || proposePeople()
+               || proposeBlocks() || proposeTold() || proposeProven() || proposeForTax()
+               || (!isProvenOnly && proposeNamed());
     }
 
     bool proposeAllowances() { return proposeProven() || proposeForTax(); }
@@ -153,14 +156,12 @@ class BenefitPaper {
 
     /// A couple's pensions, a row each.
     bool proposePeople() {
-        static const Labels children{"*kinderrente*", "Kind",   "Kinder",    "enfant*",
-                                     "d'enfant*",     "figli*", "completiv*"};
         Parts parts;
         for (const PensionAmount& one : amounts_) {
             const Row& row = one.found.rowOf();
             const auto named = people_.in(row);
             const bool isOwn = one.canBePension() && named.size() == 1 && !one.found.isBelow
-                               && !findLabel(row, children, one.found.page->isRecognised);
+                               && !findLabel(row, childrenWords(), one.found.page->isRecognised);
             if (!isOwn) {
                 continue;
             }
@@ -176,9 +177,6 @@ class BenefitPaper {
 
     /// A couple's pensions, a block of rows each under the name.
     bool proposeBlocks() {
-        if (people_.born().size() < 2) {
-            return false;
-        }
         Parts parts;
         for (const PensionAmount& one : amounts_) {
             const auto person = one.canBePension() && one.isProven() && one.months > 0
@@ -215,15 +213,33 @@ class BenefitPaper {
         return put(parts);
     }
 
-    /// The person whom the nearest row above that tells a day of birth names.
+    /// The person whom the nearest row above that is one's heading names.
     std::optional<NamedPerson> ownerAbove(const FoundAmount& found) const {
         for (std::size_t at = found.row; at-- > 0;) {
-            const auto named = people_.in(found.page->rows[at]);
-            if (named.size() == 1 && named.front().birthDate) {
+            const Row& row = found.page->rows[at];
+            const auto named = people_.in(row);
+            if (named.size() == 1 && (named.front().birthDate || headsBlock(row))) {
                 return named.front();
             }
         }
         return std::nullopt;
+    }
+
+    /// Whether a row with a name is about that person alone: a short one without amounts.
+    static bool headsBlock(const Row& row) {
+        static const std::set<std::string> joins{"und", "et", "e", "&"};
+        constexpr std::size_t mostWords = 6;
+        return row.words.size() <= mostWords && !hasFirmAmount(row)
+               && !findLabel(row, childrenWords(), false)
+               && std::ranges::none_of(row.words, [](const RowWord& word) {
+                      return joins.contains(word.folded) || word.text == "&";
+                  });
+    }
+
+    static const Labels& childrenWords() {
+        static const Labels words{"*kinderrente*", "Kind",   "Kinder",    "enfant*",
+                                  "d'enfant*",     "figli*", "completiv*"};
+        return words;
     }
 
     /// A record for each of several people.
@@ -322,8 +338,16 @@ class BenefitPaper {
         static const Labels employers{"Arbeitgeber*", "employeur*", "datore*", "employer"};
         const bool isShared = benefit_ == Benefit::allowances && !one.isForTax
                               && isAnyIn(context_.document.folded, employers);
-        return isShared || people_.born().size() >= 2
+        return isShared || people_.born().size() >= 2 || areSideBySide()
                || findLabel(one.words, couples, one.found.page->isRecognised);
+    }
+
+    /// Whether a row names people in cells of their own.
+    bool areSideBySide() const {
+        return std::ranges::any_of(context_.document.pages, [&](const PageRows& page) {
+            return std::ranges::any_of(
+                page.rows, [&](const Row& row) { return !people_.inCells(row).empty(); });
+        });
     }
 
     /// The amount whose words are a pension's, where arithmetic proves none.

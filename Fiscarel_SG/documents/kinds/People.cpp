@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/People.h"
 
 #include "Fiscarel_SG/documents/kinds/LetterHead.h"
+#include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
 #include "Fiscarel_SG/documents/rows/Vocabulary.h"
 
@@ -49,8 +50,8 @@ NamedPerson nameFrom(const Row& row, std::size_t first, std::size_t last) {
 
 /// Words between a name and a day of birth.
 const Labels& births() {
-    static const Labels words{"geb",  "geboren", "né", "née", "nato",
-                              "nata", "born",    "am", "le",  "il"};
+    static const Labels words{"geb",  "geboren", "né", "née", "nato",         "nascita",  "nata",
+                              "born", "am",      "le", "il",  "Geburtsdatum", "naissance"};
     return words;
 }
 
@@ -105,8 +106,10 @@ std::optional<NamedPerson> nameAt(const Row& row, std::size_t at) {
 /// The name right above a day of birth that begins its cell: "geb. 10.07.2018".
 std::optional<NamedPerson> nameAbove(const Row& row, std::size_t day, const Row& above) {
     std::size_t first = day;
-    while (first > 0 && day - first < 2 && !row.words[first].text.empty()
-           && isAnyIn(row.words[first - 1].folded, births())) {
+    static const Labels links{"Data", "di", "Date", "de"}; // "Data di nascita"
+    while (first > 0 && day - first < 3
+           && (isAnyIn(row.words[first - 1].folded, births())
+               || (first < day && isAnyIn(row.words[first - 1].folded, links)))) {
         --first;
     }
     if (first == day) {
@@ -277,6 +280,29 @@ std::vector<NamedPerson> People::in(const Row& row) const {
     return named;
 }
 
+std::vector<NamedPerson> People::inCells(const Row& row) const {
+    std::vector<NamedPerson> named;
+    for (const LabelPlace& cell : cellsOf(row)) {
+        Row own;
+        own.words = wordsOf(row, cell);
+        const auto first = couple_.find(own.words.front().folded);
+        auto people = own.words.size() <= 4 ? in(own) : std::vector<NamedPerson>();
+        if (people.empty() && own.words.size() == 1 && first != couple_.end()) {
+            people.push_back(first->second);
+        }
+        if (people.size() == 1) {
+            named.push_back(std::move(people.front()));
+            named.back().first = cell.first;
+            named.back().last = cell.last;
+        }
+    }
+    const bool areSeveral =
+        named.size() >= 2 && std::ranges::all_of(named, [&](const NamedPerson& one) {
+            return std::ranges::count(named, one.folded, &NamedPerson::folded) == 1;
+        });
+    return areSeveral ? named : std::vector<NamedPerson>();
+}
+
 void People::look(const Row& row, const Row* above) {
     static const Labels labels{"Kind",
                                "Child",
@@ -317,6 +343,7 @@ void People::look(const Row& row, const Row* above) {
         }
         if (isJoin(row.words[i]) && i >= 1 && isCapitalised(row.words[i - 1])
             && nameAt(row, i + 1)) { // "Anna Muster und Beat Muster", "Anna und Beat Muster"
+            takeCouple(row, i);
             for (const auto& name :
                  {i >= 2 ? nameAt(row, i - 2) : std::nullopt, nameAt(row, i + 1)}) {
                 if (name) {
@@ -341,6 +368,19 @@ void People::look(const Row& row, const Row* above) {
     if (const auto name = label ? nameAt(row, label->last + 1) : std::nullopt) {
         families_.insert(row.words[name->last].folded);
     }
+}
+
+/// "Anna und Beat Muster", "Anna Muster und Beat Muster": by the word that joins them.
+void People::takeCouple(const Row& row, std::size_t join) {
+    NamedPerson second = *nameAt(row, join + 1);
+    const auto full = join >= 2 ? nameAt(row, join - 2) : std::nullopt;
+    NamedPerson first = full ? *full : nameFrom(row, join - 1, join - 1);
+    if (!full) {
+        first.name += second.name.substr(second.name.find(' '));
+        first.folded += second.folded.substr(second.folded.find(' '));
+    }
+    couple_.emplace(row.words[full ? join - 2 : join - 1].folded, std::move(first));
+    couple_.emplace(row.words[join + 1].folded, std::move(second));
 }
 
 bool namesTwo(const DocumentRows& document) {

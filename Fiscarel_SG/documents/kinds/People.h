@@ -30,15 +30,22 @@ class People {
     /// only these, and by their first names alone too.
     std::vector<NamedPerson> in(const Row& row) const;
 
+    /// The people whose names are cells of their own in a row, each with the cell's first and last
+    /// word; those whom the paper is addressed to as a couple by their first names alone too. Empty
+    /// unless there are several.
+    std::vector<NamedPerson> inCells(const Row& row) const;
+
     /// Those told with a day of birth or as children, by their first names (folded).
     const std::map<std::string, NamedPerson>& born() const { return born_; }
 
   private:
     void look(const Row& row, const Row* above);
+    void takeCouple(const Row& row, std::size_t join);
     bool isFamily(const std::string& folded) const { return families_.contains(folded); }
 
     std::set<std::string> families_;
     std::map<std::string, NamedPerson> born_;
+    std::map<std::string, NamedPerson> couple_; ///< by their first names
 };
 
 /// Whether a document names two people in a line, as spouses are addressed.

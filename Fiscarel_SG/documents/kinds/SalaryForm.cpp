@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/kinds/FormHeader.h"
+#include "Fiscarel_SG/documents/kinds/SalaryNumbers.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
 
 #include <algorithm>
@@ -115,22 +116,6 @@ struct Anchor {
     double right = 0; ///< where the label ends
 };
 
-/// The number a row begins with: 10 for "10.1", 0 for none.
-int leadingNumber(const Row& row) {
-    if (row.words.empty()) {
-        return 0;
-    }
-    const std::string& first = row.words.front().folded;
-    int number = 0;
-    for (const char c : first.substr(0, std::min(first.find(' '), first.size()))) {
-        if (c < '0' || c > '9' || number > 99) {
-            return 0;
-        }
-        number = number * 10 + (c - '0');
-    }
-    return number;
-}
-
 /// A number without points is none of the form's: "13.3" is a label, 133 is not.
 bool isPlainNumber(const Row& row, const LabelPlace& place) {
     const std::string& text = row.words[place.first].text;
@@ -145,7 +130,7 @@ std::vector<Anchor> findAnchors(const PageRows& page) {
     std::size_t reached = 0;
     const bool isForeign = isLiechtenstein(page);
     for (const Row& row : page.rows) {
-        const int number = leadingNumber(row);
+        const int number = boxNumberOf(row);
         for (std::size_t i = 0; i < table.size(); ++i) {
             const auto place = findLabel(row, table[i].labels, page.isRecognised);
             const int own = isForeign ? liechtensteinNumber(table[i].box) : table[i].number;
@@ -208,8 +193,45 @@ void takeAmounts(const PageRows& page, const std::vector<Anchor>& anchors, Salar
     }
 }
 
+/// Where the labels' amounts do not add up, those of the boxes' numbers, which do.
+void takeByNumber(const PageRows& page, SalaryForm& form) {
+    auto boxes = boxesByNumber(page);
+    if (boxes.empty()) {
+        return;
+    }
+    for (const SalaryBox kept : {SalaryBox::otherEffective, SalaryBox::otherFlat}) {
+        if (const auto found = form.boxes.find(kept); found != form.boxes.end()) {
+            boxes.insert(*found);
+        }
+    }
+    form.boxes = std::move(boxes);
+}
+
 bool hasBox(const std::vector<Anchor>& anchors, SalaryBox box) {
     return std::ranges::any_of(anchors, [box](const Anchor& anchor) { return anchor.box == box; });
+}
+
+/// What the form's own sheet does not tell of whose and of when it is, by its other sheets.
+void readOtherSheets(const DocumentRows& document, SalaryForm& form) {
+    const auto fill = [](auto& own, const auto& other) {
+        own = own == std::remove_cvref_t<decltype(own)>() ? other : own;
+    };
+    for (const PageRows& page : document.pages) {
+        if (&page == form.page) {
+            continue;
+        }
+        SalaryForm sheet{.page = &page};
+        readFormHeader(page, page.height / 2, sheet);
+        if (!form.from) {
+            form.from = sheet.from;
+            form.to = sheet.to;
+        }
+        fill(form.birthDate, sheet.birthDate);
+        fill(form.socialSecurityNumber, sheet.socialSecurityNumber);
+        fill(form.person, sheet.person);
+        fill(form.employer, sheet.employer);
+        fill(form.year, sheet.year);
+    }
 }
 
 } // namespace
@@ -219,6 +241,16 @@ std::optional<Decimal> SalaryForm::value(SalaryBox box) const {
     return found == boxes.end() ? std::nullopt : std::optional(found->second.amount.value);
 }
 
+bool SalaryForm::hasDeductions() const {
+    return value(SalaryBox::social).value_or(Decimal()) > 0
+           || value(SalaryBox::pensionFund).value_or(Decimal()) > 0;
+}
+
+const PageRows& SalaryForm::pageOf(SalaryBox box) const {
+    const auto found = elsewhere.find(box);
+    return found == elsewhere.end() ? *page : *found->second;
+}
+
 std::vector<SalaryForm> readSalaryForms(const DocumentRows& document) {
     std::vector<SalaryForm> forms;
     for (const PageRows& page : document.pages) {
@@ -226,11 +258,14 @@ std::vector<SalaryForm> readSalaryForms(const DocumentRows& document) {
         using enum SalaryBox;
         const int named = hasBox(anchors, gross) + hasBox(anchors, social)
                           + hasBox(anchors, pensionFund) + hasBox(anchors, net);
-        if (named < 3 && !(hasBox(anchors, gross) && hasBox(anchors, net))) {
-            continue;
-        }
+        const bool isNamed = named >= 3 || (hasBox(anchors, gross) && hasBox(anchors, net));
         SalaryForm form{.page = &page, .isLiechtenstein = isLiechtenstein(page)};
-        takeAmounts(page, anchors, form);
+        if (isNamed) {
+            takeAmounts(page, anchors, form);
+        }
+        if (!isProven(form) && !form.isLiechtenstein) {
+            takeByNumber(page, form);
+        }
         if (!form.boxes.contains(gross) && !form.boxes.contains(net)) {
             continue;
         }
@@ -238,6 +273,9 @@ std::vector<SalaryForm> readSalaryForms(const DocumentRows& document) {
             std::ranges::find_if(anchors, [](const Anchor& anchor) { return anchor.order <= 9; });
         readFormHeader(page, first == anchors.end() ? page.height / 2 : first->row->top, form);
         forms.push_back(std::move(form));
+    }
+    if (forms.size() == 1) {
+        readOtherSheets(document, forms.front());
     }
     return forms;
 }

@@ -17,9 +17,10 @@ struct SalaryForm {
     const PageRows* page = nullptr;
     bool isLiechtenstein = false; ///< the principality's certificate, which numbers its boxes anew
     bool isPension = false;
-    bool isMarked = false;                ///< a cross says which of both it is
-    bool isGuess = false;                 ///< what a deduction is, its words do not say
-    std::map<SalaryBox, RowAmount> boxes; ///< empty boxes are missing
+    bool isMarked = false;                          ///< a cross says which of both it is
+    bool isGuess = false;                           ///< what a deduction is, its words do not say
+    std::map<SalaryBox, RowAmount> boxes;           ///< empty boxes are missing
+    std::map<SalaryBox, const PageRows*> elsewhere; ///< of boxes that stand on another sheet
     std::optional<taxcore::Date> from;
     std::optional<taxcore::Date> to;
     std::optional<taxcore::Date> birthDate;
@@ -33,6 +34,10 @@ struct SalaryForm {
 
     /// The amount of a box; absent when it is empty.
     std::optional<Decimal> value(SalaryBox box) const;
+    /// Whether contributions were taken off: of a wage they are, of a pension not.
+    bool hasDeductions() const;
+    /// The sheet that a box stands on.
+    const PageRows& pageOf(SalaryBox box) const;
 };
 
 /// The certificates of a document, page by page; a page without the form's labels has none, and a

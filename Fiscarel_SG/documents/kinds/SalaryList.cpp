@@ -260,7 +260,7 @@ std::optional<SalaryForm> readRun(const Candidates& grosses, const Candidates& n
 double topOf(const SalaryForm& form) {
     double top = form.page->height;
     for (const auto& [box, amount] : form.boxes) {
-        top = std::min(top, amount.place.top);
+        top = form.elsewhere.contains(box) ? top : std::min(top, amount.place.top);
     }
     return top;
 }
@@ -399,7 +399,9 @@ std::optional<SalaryForm> readWage(const std::vector<RowRange>& ranges) {
             behind[box] = deductionsBehind(ranges, boxWords()[box]);
         }
         Choice other = Search(std::move(behind)).run();
-        choice = other.isProven ? std::move(other) : std::move(choice);
+        if (other.isProven) {
+            choice = std::move(other);
+        }
     }
     if (!choice.isProven) {
         if (auto form = readRun(table[0], table[1])) {
@@ -413,9 +415,16 @@ std::optional<SalaryForm> readWage(const std::vector<RowRange>& ranges) {
     }
     SalaryForm form{.page = choice.boxes[0]->page};
     for (std::size_t box = 0; box < choice.boxes.size(); ++box) {
-        if (const auto& found = choice.boxes[box]; found && found->page == form.page) {
-            form.boxes[boxWords()[box].box] = found->amount;
-            form.boxes[boxWords()[box].box].amount.value = found->value().abs();
+        const auto& found = choice.boxes[box];
+        const bool isOther = found && found->page != form.page;
+        if (!found || (isOther && !choice.isProven)) {
+            continue;
+        }
+        const SalaryBox own = boxWords()[box].box;
+        form.boxes[own] = found->amount;
+        form.boxes[own].amount.value = found->value().abs();
+        if (isOther) {
+            form.elsewhere[own] = found->page;
         }
     }
     return form;
@@ -443,7 +452,9 @@ std::vector<SalaryForm> readSalaryLists(const DocumentRows& document) {
     auto form = readWage(wholeDocument(document));
     if (!form || !isProven(*form)) {
         auto ofTable = readSalaryTable(document);
-        form = ofTable ? std::move(ofTable) : std::move(form);
+        if (ofTable) {
+            form = std::move(ofTable);
+        }
     }
     if (!form) {
         return {};

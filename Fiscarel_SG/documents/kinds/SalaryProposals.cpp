@@ -23,11 +23,6 @@ constexpr std::array amountFields{
     FieldOfBox{SalaryBox::net, "netSalaryOverride", "11"},
 };
 
-/// Only contributions tell a wage from a pension where the cross is not readable.
-bool hasDeductions(const SalaryForm& form) {
-    return form.boxes.contains(SalaryBox::social) || form.boxes.contains(SalaryBox::pensionFund);
-}
-
 /// The numbers of the principality's certificate.
 std::string foreignNumber(const std::string& number) {
     return number == "8"      ? "4"
@@ -38,23 +33,25 @@ std::string foreignNumber(const std::string& number) {
 }
 
 /// The evidence of a box found by its place. Recognised text needs the arithmetic to be sure.
-Evidence evidenceOf(const SalaryForm& form, const RowAmount& amount, const std::string& number,
+Evidence evidenceOf(const SalaryForm& form, SalaryBox box, const std::string& number,
                     const std::optional<ProposalCheck>& check) {
+    const RowAmount& amount = form.boxes.at(box);
+    const PageRows& page = form.pageOf(box);
     const bool isProven = check && check->passed;
     Evidence evidence{
         .witness = Witness::position,
-        .confidence = isProven && !form.isGuess && (form.isMarked || hasDeductions(form))
+        .confidence = isProven && !form.isGuess && (form.isMarked || form.hasDeductions())
                           ? Confidence::high
                           : Confidence::medium,
         .reason = "Der Betrag entspricht Ziffer "
                   + (form.isLiechtenstein ? foreignNumber(number) : number) + " des Lohnausweises",
-        .page = form.page->number,
-        .box = pageBox(amount.printed, *form.page)};
-    evidence.reason += form.page->isRecognised ? " (Texterkennung)." : ".";
+        .page = page.number,
+        .box = pageBox(amount.printed, page)};
+    evidence.reason += page.isRecognised ? " (Texterkennung)." : ".";
     if (check) {
         evidence.checks.push_back(*check);
     }
-    if (!isProven && (form.page->isRecognised && amount.certainty < 0.7)) {
+    if (!isProven && (page.isRecognised && amount.certainty < 0.7)) {
         evidence.confidence = Confidence::low;
     }
     return evidence;
@@ -91,7 +88,7 @@ void proposePension(const SalaryForm& form, ProposalDraft& draft) {
     }
     const char* number = net != form.boxes.end() ? "11" : "8";
     draft.add(record, "amount", taken.second.amount.value,
-              evidenceOf(form, taken.second, number, check));
+              evidenceOf(form, taken.first, number, check));
     draft.add(record, "label", form.employer,
               {.witness = Witness::position,
                .confidence = Confidence::medium,
@@ -132,7 +129,7 @@ void proposeSalaryForm(const SalaryForm& form, ProposalDraft& draft) {
     for (const FieldOfBox& row : amountFields) {
         if (const auto found = form.boxes.find(row.box); found != form.boxes.end()) {
             draft.add(record, row.field, found->second.amount.value,
-                      evidenceOf(form, found->second, row.number, check));
+                      evidenceOf(form, row.box, row.number, check));
         }
     }
     if (form.isLiechtenstein) {
@@ -145,10 +142,9 @@ void proposeSalaryForm(const SalaryForm& form, ProposalDraft& draft) {
     const Decimal expenses = value(SalaryBox::otherEffective) + value(SalaryBox::otherFlat);
     if (!expenses.isZero()) {
         const bool isFlat = form.boxes.contains(SalaryBox::otherFlat);
-        const auto& amount =
-            form.boxes.at(isFlat ? SalaryBox::otherFlat : SalaryBox::otherEffective);
+        const SalaryBox box = isFlat ? SalaryBox::otherFlat : SalaryBox::otherEffective;
         draft.add(record, "flatRateExpenses", expenses,
-                  evidenceOf(form, amount, "13.1.2 und 13.2.3", std::nullopt));
+                  evidenceOf(form, box, "13.1.2 und 13.2.3", std::nullopt));
     }
     proposeWords(form, record, draft);
 }

@@ -1,0 +1,155 @@
+#include "Fiscarel_SG/documents/kinds/SalaryNumbers.h"
+
+#include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+namespace fiscarel {
+
+namespace {
+
+/// The number a row begins with: 10 for "10.1", 0 for none.
+int leadingNumber(const Row& row) {
+    if (row.words.empty()) {
+        return 0;
+    }
+    const std::string& first = row.words.front().folded;
+    int number = 0;
+    for (const char c : first.substr(0, std::min(first.find(' '), first.size()))) {
+        if (c < '0' || c > '9' || number > 99) {
+            return 0;
+        }
+        number = number * 10 + (c - '0');
+    }
+    return number;
+}
+
+/// The number a box has behind its label: 10 for "[10.1]", "(10.1)" and "(Ziffer 10.1)"; 0 for
+/// none.
+int closingNumber(const Row& row) {
+    static const Labels names{"Ziffer", "Ziff",     "Feld",  "Pos",     "chiffre",
+                              "ch",     "rubrique", "cifra", "casella", "box"};
+    for (std::size_t i = row.words.size(); i-- > 1;) {
+        std::string_view text = row.words[i].text;
+        const bool isOpened = text.starts_with('(') || text.starts_with('[');
+        const bool isNamed = isAnyIn(row.words[i - 1].folded, names);
+        if ((!text.ends_with(')') && !text.ends_with(']')) || (!isOpened && !isNamed)) {
+            continue;
+        }
+        text.remove_prefix(isOpened ? 1 : 0);
+        text = text.substr(0, text.find_first_of(".)]"));
+        const bool isNumber = !text.empty() && text.size() <= 2
+                              && text.find_first_not_of("0123456789") == std::string_view::npos;
+        if (isNumber) {
+            return std::stoi(std::string(text));
+        }
+    }
+    return 0;
+}
+
+/// A box's own number as the form prints it: "8", "8.", "10.1", "[10.1]"; empty for other words.
+std::string_view printedNumber(std::string_view word) {
+    while (!word.empty() && std::string_view("([").find(word.front()) != word.npos) {
+        word.remove_prefix(1);
+    }
+    while (!word.empty() && std::string_view(".:)]").find(word.back()) != word.npos) {
+        word.remove_suffix(1);
+    }
+    return word;
+}
+
+/// The place of a row's number among those of the form, in its order; absent for other rows.
+std::optional<std::size_t> orderOf(const Row& row) {
+    static constexpr std::array<std::string_view, 30> numbers{
+        "1",      "2",    "2.1",    "2.2",    "2.3",    "3",    "4",  "5",  "6",    "7",
+        "8",      "9",    "10",     "10.1",   "10.2",   "11",   "12", "13", "13.1", "13.1.1",
+        "13.1.2", "13.2", "13.2.1", "13.2.2", "13.2.3", "13.3", "14", "15", "16",   "17"};
+    const auto at = [](std::string_view word) -> std::optional<std::size_t> {
+        const auto found = std::ranges::find(numbers, printedNumber(word));
+        return found == numbers.end()
+                   ? std::nullopt
+                   : std::optional(static_cast<std::size_t>(found - numbers.begin()));
+    };
+    if (row.words.size() < 2) {
+        return std::nullopt;
+    }
+    if (const auto first = at(row.words.front().text)) {
+        return first;
+    }
+    for (std::size_t i = row.words.size(); i-- > 1;) {
+        const std::string& text = row.words[i].text;
+        if (text.ends_with(')') || text.ends_with(']')) {
+            return boxNumberOf(row) != 0 ? at(text) : std::nullopt;
+        }
+    }
+    return std::nullopt;
+}
+
+/// The box of a number; `none` for those of no interest.
+SalaryBox boxOf(std::size_t order) {
+    switch (order) {
+    case 10:
+        return SalaryBox::gross;
+    case 11:
+        return SalaryBox::social;
+    case 12: // a form without the parts of its tenth box
+    case 13:
+        return SalaryBox::pensionFund;
+    case 14:
+        return SalaryBox::buyIn;
+    case 15:
+        return SalaryBox::net;
+    default:
+        return SalaryBox::none;
+    }
+}
+
+/// The last amount of a row that may be one of a box, behind the box's own number.
+const RowAmount* amountOf(const PageRows& page, std::size_t at) {
+    const RowAmount* amount = lastOrNewest(page, at);
+    const bool isOne = amount != nullptr && amount->first > 0
+                       && (amount->amount.isFirm()
+                           || (!amount->amount.isYearLike() && amount->amount.value.abs() >= 100));
+    return isOne ? amount : nullptr;
+}
+
+} // namespace
+
+int boxNumberOf(const Row& row) {
+    const int leading = leadingNumber(row);
+    return leading != 0 ? leading : closingNumber(row);
+}
+
+std::map<SalaryBox, RowAmount> boxesByNumber(const PageRows& page) {
+    std::map<SalaryBox, RowAmount> boxes;
+    std::optional<std::size_t> reached;
+    SalaryBox current = SalaryBox::none;
+    double left = 0; // where the numbers of the boxes stand
+    for (std::size_t at = 0; at < page.rows.size() && page.number != 0; ++at) {
+        const Row& row = page.rows[at];
+        const auto order = orderOf(row);
+        if (order && (!reached || *order > *reached)
+            && (!reached || row.words.front().place.left < left + row.height())) {
+            left = reached ? left : row.words.front().place.left;
+            reached = order;
+            current = boxOf(*order);
+        }
+        const RowAmount* amount = current == SalaryBox::none ? nullptr : amountOf(page, at);
+        if (amount == nullptr) {
+            continue;
+        }
+        RowAmount own = *amount;
+        own.amount.value = own.amount.value.abs();
+        if (!boxes.emplace(current, std::move(own)).second) {
+            return {}; // several amounts in a box
+        }
+    }
+    SalaryForm form{.page = &page, .boxes = std::move(boxes)};
+    return isProven(form) ? std::move(form.boxes) : std::map<SalaryBox, RowAmount>();
+}
+
+} // namespace fiscarel
