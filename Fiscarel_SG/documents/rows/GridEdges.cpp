@@ -3,10 +3,8 @@
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <iterator>
-#include <string_view>
 
 namespace fiscarel {
 
