@@ -31,11 +31,12 @@ constexpr int ofOneInsurance = 24;
 constexpr int decisive = 12; ///< of the words that make a document none of the kinds
 
 /// Employee-share annexes carry their name at the top; a certificate mentions them in box 15.
-int exclusionWeight(const std::string& title, const std::string& all) {
+int exclusionWeight(const std::string& title, const std::string& all, bool isOfYear) {
     int weight = 0;
     for (const KindExclusion& exclusion : kindExclusions()) {
         const bool holds =
-            isAnyIn(title, exclusion.all.front()) && !isAnyIn(title, exclusion.unless)
+            !(exclusion.isOfSlip && isOfYear) && isAnyIn(title, exclusion.all.front())
+            && !isAnyIn(title, exclusion.unless)
             && std::ranges::all_of(exclusion.all,
                                    [&](const Labels& words) { return isAnyIn(all, words); });
         weight = std::max(weight, holds ? exclusion.weight : 0);
@@ -418,7 +419,7 @@ std::string titleWords(const DocumentRows& document) {
     return words;
 }
 
-KindVerdict weighKind(const DocumentRows& document, bool isWageProven) {
+KindVerdict weighKind(const DocumentRows& document, WageProof proof) {
     const std::string title = titleWords(document);
     std::map<Kind, int> scores;
     for (const KindWords& evidence : kindWords()) {
@@ -430,7 +431,7 @@ KindVerdict weighKind(const DocumentRows& document, bool isWageProven) {
     }
     weighStructure(document, scores);
     const int wageBonus =
-        (isWageProven ? provenWage : 0) + (hasWageTitle(document) ? wageTitle : 0);
+        (proof != WageProof::none ? provenWage : 0) + (hasWageTitle(document) ? wageTitle : 0);
     weighWhole(document, title, wageBonus, scores);
     KindVerdict verdict;
     int best = 0;
@@ -447,7 +448,7 @@ KindVerdict weighKind(const DocumentRows& document, bool isWageProven) {
     if (isAnyIn(document.folded, denials())) {
         return {.kind = Kind::anderes, .isClear = true};
     }
-    if (const int against = exclusionWeight(title, document.folded);
+    if (const int against = exclusionWeight(title, document.folded, proof == WageProof::ofYear);
         against >= decisive && against + 6 > best - wageBonus) {
         return {.kind = Kind::anderes, .isClear = true};
     }

@@ -35,7 +35,8 @@ const std::vector<KindWords>& kindWordsOfBills();
 struct KindExclusion {
     std::vector<Labels> all;
     int weight = 0;
-    Labels unless = {}; ///< with one of these in the title it is none
+    Labels unless = {};    ///< with one of these in the title it is none
+    bool isOfSlip = false; ///< goes for slips on a month's wage, not for those on the whole year's
 };
 
 /// Annexes on employee shares, tax returns, assessments and tax bills, payslips, offers, insurances
