@@ -5,6 +5,7 @@
 #include "Fiscarel_SG/documents/kinds/Pensions.h"
 #include "Fiscarel_SG/documents/kinds/Property.h"
 #include "Fiscarel_SG/documents/kinds/SecurityTable.h"
+#include "Fiscarel_SG/documents/kinds/SlipMonths.h"
 #include "Fiscarel_SG/documents/kinds/WageHolders.h"
 #include "Fiscarel_SG/documents/kinds/WageYear.h"
 #include "Fiscarel_SG/documents/payload/Mappers.h"
@@ -192,9 +193,10 @@ struct WageReading {
     std::optional<WageYear> year; ///< its pages where it states parts of the year too
     std::vector<SalaryForm> forms;
     WageProof proof = WageProof::none;
+    bool isSlip = false; ///< of a month alone
 
-    /// Whether they are of a month before the year's last, with what adds up until then.
-    bool isOfPart() const { return year && !year->isOver && forms.empty(); }
+    /// Whether they are of a month, or of one before the year's last with what adds up until it.
+    bool isOfPart() const { return isSlip || (year && !year->isOver && forms.empty()); }
 
     void take(std::vector<SalaryForm> found, WageProof proven) {
         forms = std::move(found);
@@ -222,7 +224,13 @@ WageReading readWages(const DocumentRows& document) {
         }
     }
     wages.year.reset();
-    wages.take(readCertificatePages(document), WageProof::addsUp);
+    const WageSpan span = spanOfHead(document);
+    wages.take(readCertificatePages(document),
+               span == WageSpan::year ? WageProof::ofYear : WageProof::addsUp);
+    if (span == WageSpan::month && wages.forms.size() == 1) {
+        wages.take({}, WageProof::none);
+        wages.isSlip = true;
+    }
     return wages;
 }
 

@@ -1,53 +1,16 @@
 #include "Fiscarel_SG/documents/kinds/WageYear.h"
 
+#include "Fiscarel_SG/documents/kinds/SlipMonths.h"
 #include "Fiscarel_SG/documents/kinds/TableHeading.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/rows/Vocabulary.h"
-#include "Fiscarel_SG/documents/text/FoldedText.h"
 
 #include <algorithm>
-#include <array>
 #include <set>
-#include <string_view>
 
 namespace fiscarel {
 
 namespace {
-
-/// The month of a folded word, by its name or what heads narrow columns; 0 for other words.
-int monthOfHeading(std::string_view word) {
-    struct Short {
-        std::string_view name;
-        int month;
-    };
-    static constexpr std::array names{
-        Short{"jan", 1},  Short{"janv", 1}, Short{"gen", 1},  Short{"feb", 2},  Short{"fev", 2},
-        Short{"fevr", 2}, Short{"mar", 3},  Short{"mrz", 3},  Short{"apr", 4},  Short{"avr", 4},
-        Short{"mag", 5},  Short{"jun", 6},  Short{"giu", 6},  Short{"jul", 7},  Short{"juil", 7},
-        Short{"lug", 7},  Short{"aug", 8},  Short{"ago", 8},  Short{"sep", 9},  Short{"sept", 9},
-        Short{"set", 9},  Short{"sett", 9}, Short{"okt", 10}, Short{"oct", 10}, Short{"ott", 10},
-        Short{"nov", 11}, Short{"dez", 12}, Short{"dec", 12}, Short{"dic", 12},
-    };
-    if (const int month = monthOf(word)) {
-        return month;
-    }
-    const auto found = std::ranges::find(names, word, &Short::name);
-    return found == names.end() ? 0 : found->month;
-}
-
-/// The months that words name; "Jan-Dez" is two of them.
-std::set<int> monthsOf(const Row& words) {
-    std::set<int> months;
-    for (const RowWord& word : words.words) {
-        for (const std::string& token : foldedTokens(word.text)) {
-            months.insert(monthOfHeading(token));
-        }
-    }
-    months.erase(0);
-    return months;
-}
-
-bool isWholeSpan(const std::set<int>& months) { return months == std::set<int>{1, 12}; }
 
 /// What only running totals are called.
 const Labels& runningTotals() {
@@ -74,14 +37,6 @@ const Labels& runningTotals() {
                               "YTD",
                               "year to date"};
     return words;
-}
-
-/// Whether words name a year by a word or its number.
-bool namesYear(const Row& words) {
-    static const Labels years{"Jahr",    "Jahres*", "*jahr",  "Gesamtjahr", "année",
-                              "annuel*", "annua*",  "annuo",  "annui",      "anno",
-                              "year",    "annual",  "yearly", "20*"};
-    return findLabel(words, years, false).has_value();
 }
 
 bool namesRunningTotal(const Row& words) {
@@ -153,6 +108,20 @@ bool hasColumns(const PageRows& page, const YearTable& table) {
     return own >= fewest && others >= fewest;
 }
 
+/// The column from January to the month that another one is for: "April | Jan.-April".
+std::optional<std::size_t> columnUpTo(const std::vector<TableColumn>& columns) {
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        const auto months = monthsOf(columns[i].cell);
+        const bool isSpan = months.size() == 2 && months.contains(1);
+        if (isSpan && std::ranges::any_of(columns, [&](const TableColumn& other) {
+                return monthsOf(other.cell) == std::set<int>{*months.rbegin()};
+            })) {
+            return i;
+        }
+    }
+    return std::nullopt;
+}
+
 std::optional<YearTable> yearTableIn(const PageRows& page, std::size_t at, bool withNext) {
     YearTable table{.heading = tableHeadingIn(page, at, withNext)};
     const auto& columns = table.heading.columns;
@@ -168,6 +137,11 @@ std::optional<YearTable> yearTableIn(const PageRows& page, std::size_t at, bool 
             isRunning |= span == Span::running;
             table.year = i;
         }
+    }
+    if (const auto upTo = years == 0 ? columnUpTo(columns) : std::nullopt) {
+        table.year = *upTo;
+        isRunning = true;
+        years = 1;
     }
     if (columns.size() < 2 || years != 1) {
         return std::nullopt;
@@ -211,82 +185,6 @@ std::optional<Row> ofYear(const PageRows& page, const Row& row, const YearTable&
     return rowOfWords(std::move(words), page.isRecognised);
 }
 
-/// What may be the months a slip is for, by their names or else by days, those of earlier years
-/// left out: somebody was born or engaged then.
-class SlipMonths {
-  public:
-    void add(const Row& row) {
-        const auto& words = row.words;
-        for (std::size_t i = 0; i < words.size(); ++i) {
-            if (const auto day = parseDay(words[i].text)) {
-                days_.push_back({day->year(), day->month()});
-                newest_ = std::max(newest_, day->year());
-                continue;
-            }
-            addNumbers(words[i].text);
-            const auto tokens = foldedTokens(words[i].text);
-            for (const std::string& token : tokens) {
-                if (const int month = monthOf(token)) {
-                    named_.push_back({yearIn(words, i + 1), month});
-                }
-            }
-            if (i + 2 < words.size() && words[i + 1].text == "/") {
-                addNumbers(words[i].text + '/' + words[i + 2].text);
-            }
-        }
-    }
-
-    bool areNamed() const { return !recent(named_).empty(); }
-
-    bool areOver() const {
-        const auto months = recent(named_).empty() ? recent(days_) : recent(named_);
-        return months == std::set<int>{12} || isWholeSpan(months);
-    }
-
-  private:
-    struct Month {
-        int year = 0; ///< 0 where it is not told
-        int month = 0;
-    };
-
-    static int yearIn(const std::vector<RowWord>& words, std::size_t at) {
-        const std::string text = at < words.size() ? words[at].text : std::string();
-        const bool isYear =
-            text.size() >= 4 && text.starts_with("20")
-            && std::ranges::all_of(text.substr(0, 4), [](char c) { return c >= '0' && c <= '9'; });
-        return isYear ? std::stoi(text.substr(0, 4)) : 0;
-    }
-
-    /// "12/2024", "12.2024".
-    void addNumbers(const std::string& text) {
-        const std::size_t mark = text.find_first_of("./-");
-        const bool isForm = (mark == 1 || mark == 2) && text.size() == mark + 5
-                            && std::ranges::count_if(text, [](char c) {
-                                   return c >= '0' && c <= '9';
-                               }) == static_cast<std::ptrdiff_t>(text.size() - 1);
-        const int month = isForm ? std::stoi(text.substr(0, mark)) : 0;
-        if (month >= 1 && month <= 12) {
-            const int year = std::stoi(text.substr(mark + 1));
-            named_.push_back({year, month});
-            newest_ = std::max(newest_, year);
-        }
-    }
-
-    std::set<int> recent(const std::vector<Month>& all) const {
-        std::set<int> months;
-        for (const Month& one : all) {
-            if (one.year == 0 || one.year >= newest_) {
-                months.insert(one.month);
-            }
-        }
-        return months;
-    }
-
-    std::vector<Month> named_;
-    std::vector<Month> days_;
-    int newest_ = 0;
-};
-
 /// Whether the year is over when a table is printed; absent where it is none of a year's parts.
 std::optional<bool> overAt(const PageRows& page, const YearTable& table) {
     if (table.parts >= 3 || (table.parts == 2 && table.areHalves)) {
@@ -296,7 +194,7 @@ std::optional<bool> overAt(const PageRows& page, const YearTable& table) {
     for (std::size_t at = 0; at <= table.heading.row; ++at) {
         months.add(page.rows[at]);
     }
-    return table.isSure || months.areNamed() ? std::optional(months.areOver()) : std::nullopt;
+    return table.isSure || !months.named().empty() ? std::optional(months.areOver()) : std::nullopt;
 }
 
 std::optional<YearTable> tableAt(const PageRows& page, std::size_t at) {

@@ -350,8 +350,8 @@ class Arrangement {
     /// Amounts in one row, what they are in the next.
     bool takeCaptions(std::size_t at) {
         const auto& rows = page_.rows;
-        if (at + 1 >= rows.size() || !hasOnlyValues(rows[at]) || gap(at) > 1.2
-            || hasAmountCell(rows[at + 1])) {
+        if (at + 1 >= rows.size() || !hasOnlyValues(rows[at]) || hasAmountCell(rows[at + 1])
+            || gap(at) > (at == 0 || gap(at) < gap(at - 1) / 2 ? 2 : 1.2)) {
             return false;
         }
         const Row values = withoutCurrencies(rows[at]);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace fiscarel {
 namespace {
 
@@ -10,6 +12,13 @@ using Kind = StoredDocument::Kind;
 const std::vector<std::string> wageOfYear{"grossSalary=62000 high", "socialContributions=4500 high",
                                           "pensionContributions=3100 high",
                                           "netSalaryOverride=54400 high"};
+
+/// What is proposed first, without the periods and companies that follow the amounts.
+std::vector<std::string> amountsOf(const ScanResult& result) {
+    auto values = valuesOf(result);
+    values.resize(std::min(values.size(), wageOfYear.size()));
+    return values;
+}
 
 struct Slip {
     const char* title;
@@ -50,6 +59,7 @@ TEST(WageYear, theYearsLastSlipGivesTheColumnOfTheYear) {
              Slip{"Décompte de salaire décembre 2024", "Ce mois", "Cumul annuel", 540, 120, 160},
              Slip{"Décompte de salaire décembre 2024", "Montant", "Total année"},
              Slip{"Busta paga 12 / 2024", "Mese", "Progressivo"},
+             Slip{"Lohnzettel", "Dez. 2024", "Jan. - Dez. 2024"},
          }) {
         const ScanResult result = slip(row).proposed();
         EXPECT_EQ(result.proposedKind, Kind::lohnausweis) << row.title;
@@ -62,10 +72,36 @@ TEST(WageYear, whatAddsUpUntilAnEarlierMonthIsNoWageOfAYear) {
              Slip{"Lohnabrechnung November 2024", "Monat", "Kumuliert"},
              Slip{"Conteggio salario 03/2024", "Importo mese", "Cumulato 2024"},
              Slip{"Fiche de paie juin 2024", "Montant", "Total année"},
+             Slip{"Lohnzettel", "April 2024", "Jan. - April 2024"},
          }) {
         const ScanResult result = slip(row).proposed();
         EXPECT_EQ(result.proposedKind, Kind::anderes) << row.title;
         EXPECT_TRUE(result.proposals.empty()) << row.title;
+    }
+}
+
+TEST(WageYear, whatTheHeadSaysTellsAMonthFromTheYear) {
+    struct Case {
+        const char* head;
+        bool isYear;
+    };
+    for (const Case& row : {
+             Case{"Monatsabrechnung Mai 2024", false},
+             Case{"Salaire du mois de mars 2024", false},
+             Case{"Cedolino paga 04/2024", false},
+             Case{"Lohnzettel Dez. 2024", false},
+             Case{"Lohnabrechnung Jahr 2024", true},
+             Case{"Décompte de salaire du 01.01.2024 au 31.12.2024", true},
+             Case{"Lohnabrechnung Januar - Dezember 2024", true},
+             Case{"Lohn ab Mai 2024", true},
+             Case{"Lohnausweis 2024, Periode Dezember 2024", true},
+         }) {
+        DrawnPage page;
+        page.line(row.head).line("Monatslohn", "60’000.00").line("Bruttolohn", "62’000.00");
+        page.line("AHV", "-3’720.00").line("ALV", "-780.00").line("Pensionskasse", "-3’100.00");
+        page.line("Nettolohn", "54’400.00");
+        EXPECT_EQ(amountsOf(page.proposed()), row.isYear ? wageOfYear : std::vector<std::string>())
+            << row.head;
     }
 }
 
@@ -135,9 +171,7 @@ TEST(WageYear, eachOfSeveralPeopleHasAWageAndTheirTotalIsNobodys) {
                    {"Total", "82’000.00", "5’900.00", "4’100.00", "72’000.00"}})
                 .proposed();
         ASSERT_EQ(result.records.size(), 2U) << one;
-        auto first = valuesOf(result); // a company is told too
-        first.resize(wageOfYear.size());
-        EXPECT_EQ(first, wageOfYear) << one;
+        EXPECT_EQ(amountsOf(result), wageOfYear) << one;
         EXPECT_EQ(valueOf(result, "grossSalary", 1), "20000") << one;
     }
     DrawnPage columns;
