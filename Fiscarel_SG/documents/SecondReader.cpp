@@ -5,6 +5,9 @@
 #include "Fiscarel_SG/documents/kinds/Pensions.h"
 #include "Fiscarel_SG/documents/kinds/Property.h"
 #include "Fiscarel_SG/documents/kinds/SecurityTable.h"
+#include "Fiscarel_SG/documents/kinds/SlipMonths.h"
+#include "Fiscarel_SG/documents/kinds/WageHolders.h"
+#include "Fiscarel_SG/documents/kinds/WageYear.h"
 #include "Fiscarel_SG/documents/payload/Mappers.h"
 #include "Fiscarel_SG/documents/rows/CentColumns.h"
 #include "Fiscarel_SG/documents/rows/PageArrangement.h"
@@ -195,13 +198,66 @@ std::vector<SalaryForm> readCertificatePages(const DocumentRows& document) {
     const bool areBetter = lists.size() > 1
                            || (lists.size() == 1 && !isOneProven
                                && (forms.empty() ? !lists[0].isPension : isProven(lists[0])));
-    return areBetter ? lists : forms;
+    auto& best = areBetter ? lists : forms;
+    if (best.size() == 1 && namesSeveralInsured(*best.front().page)) {
+        best.clear(); // what several people earn together is nobody's wage
+    }
+    return std::move(best);
+}
+
+/// The certificates of a document with the pages they stand on.
+struct WageReading {
+    std::optional<WageYear> year; ///< its pages where it states parts of the year too
+    std::vector<SalaryForm> forms;
+    WageProof proof = WageProof::none;
+    bool isSlip = false; ///< of a month alone
+
+    /// Whether they are of a month, or of one before the year's last with what adds up until it.
+    bool isOfPart() const { return isSlip || (year && !year->isOver && forms.empty()); }
+
+    void take(std::vector<SalaryForm> found, WageProof proven) {
+        forms = std::move(found);
+        proof = std::ranges::any_of(forms, isProven) ? proven : WageProof::none;
+    }
+};
+
+/// Where parts of the year stand beside it or above it, the certificate of the year alone.
+WageReading readWages(const DocumentRows& document) {
+    WageReading wages{.year = yearBesideParts(document)};
+    if (wages.year) {
+        if (wages.year->isOver) {
+            wages.take(readCertificatePages(wages.year->document), WageProof::ofYear);
+        }
+        return wages;
+    }
+    wages.year = yearBelowPart(document);
+    if (wages.year) {
+        wages.take(readCertificatePages(wages.year->document), WageProof::ofYear);
+        if (wages.proof == WageProof::ofYear) {
+            if (!wages.year->isOver) {
+                wages.take({}, WageProof::none);
+            }
+            return wages;
+        }
+    }
+    wages.year.reset();
+    const WageSpan span = spanOfHead(document);
+    wages.take(readCertificatePages(document),
+               span == WageSpan::year ? WageProof::ofYear : WageProof::addsUp);
+    if (span == WageSpan::month && wages.forms.size() == 1) {
+        wages.take({}, WageProof::none);
+        wages.isSlip = true;
+    }
+    return wages;
 }
 
 /// What a document is by its words, and where these fail by what its amounts prove.
-KindVerdict verdictOf(const DocumentRows& document, const std::vector<SalaryForm>& forms,
-                      bool hasBill) {
-    const KindVerdict verdict = weighKind(document, std::ranges::any_of(forms, isProven));
+KindVerdict verdictOf(const DocumentRows& document, const WageReading& wages, bool hasBill) {
+    const std::vector<SalaryForm>& forms = wages.forms;
+    const KindVerdict verdict = weighKind(document, wages.proof);
+    if (wages.isOfPart()) {
+        return {.kind = Kind::anderes, .isClear = true};
+    }
     if (allowanceOf(document)) {
         return {.kind = Kind::lohnausweis, .isClear = true};
     }
@@ -233,9 +289,9 @@ void proposeAll(const DocumentReading& reading, ScanResult& result) {
     const DocumentRows document = rowsOf(reading);
     ProposalDraft draft(result);
     const auto certificates = certificatePayloads(reading);
-    auto forms = certificates.empty() ? std::vector<SalaryForm>() : readCertificatePages(document);
+    WageReading wages = certificates.empty() ? WageReading() : readWages(document);
     PayloadVerdict payloads;
-    readCertificates(certificates, forms, draft, payloads);
+    readCertificates(certificates, wages.forms, draft, payloads);
     readStatements(reading, document, draft, payloads);
     result.kindIsCertain = payloads.kind.has_value();
     result.proposedKind = payloads.kind;
@@ -243,11 +299,12 @@ void proposeAll(const DocumentReading& reading, ScanResult& result) {
         return; // its payload said all, what its pages look like need not be weighed
     }
     if (certificates.empty()) {
-        forms = readCertificatePages(document);
+        wages = readWages(document);
     }
+    const std::vector<SalaryForm>& forms = wages.forms;
 
     const auto bill = findBill(reading, document);
-    const KindVerdict verdict = verdictOf(document, forms, bill.has_value());
+    const KindVerdict verdict = verdictOf(document, wages, bill.has_value());
     result.proposedKind = payloads.kind ? payloads.kind : verdict.kind;
     if (result.proposedKind == Kind::lohnausweis) {
         if (!payloads.kind && allowanceOf(document)) {

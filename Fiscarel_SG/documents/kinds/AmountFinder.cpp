@@ -41,12 +41,20 @@ bool isProse(const Row& row, bool isRecognised) {
     return isRest || firm > 1 || row.amounts.back().last + 1 != end;
 }
 
+/// Whether the row below holds nothing but an amount for each of two boxes.
+bool headsBoxes(const RowRange& range, std::size_t at) {
+    return at + 1 < range.end && range.page->number != 0
+           && range.page->rows[at + 1].amounts.size() == 2
+           && hasOnlyAmounts(range.page->rows[at + 1]);
+}
+
 /// The words of a row that tell of the amount of a label: all, but of a heading, which names other
 /// columns too, only the own cell. Absent for a label that goes over several headings.
 std::optional<Row> wordsAbout(const RowRange& range, std::size_t at, const LabelPlace& place) {
     const Row& row = range.page->rows[at];
     const auto cells = headingCells(range, at);
-    if (cells.size() < 3 || std::ranges::any_of(row.amounts, isCandidate)) {
+    const bool isHeading = cells.size() >= 3 || (cells.size() == 2 && headsBoxes(range, at));
+    if (!isHeading || std::ranges::any_of(row.amounts, isCandidate)) {
         return row;
     }
     for (const LabelPlace& cell : cells) {

@@ -31,13 +31,14 @@ constexpr int ofOneInsurance = 24;
 constexpr int decisive = 12; ///< of the words that make a document none of the kinds
 
 /// Employee-share annexes carry their name at the top; a certificate mentions them in box 15. What
-/// a certificate whose wage adds up names beside it ("Verbesserungsvorschlag") excludes nothing.
-int exclusionWeight(const std::string& title, const std::string& all, bool isWage) {
+/// a certificate whose wage adds up names beside it ("Verbesserungsvorschlag") excludes nothing,
+/// nor does the word for a slip on one of the whole year.
+int exclusionWeight(const std::string& title, const std::string& all, bool isWage, bool isOfYear) {
     int weight = 0;
     for (const KindExclusion& exclusion : kindExclusions()) {
         const bool holds =
-            (exclusion.statesWages || !isWage) && isAnyIn(title, exclusion.all.front())
-            && !isAnyIn(title, exclusion.unless)
+            (exclusion.statesWages || !isWage) && !(exclusion.isOfSlip && isOfYear)
+            && isAnyIn(title, exclusion.all.front()) && !isAnyIn(title, exclusion.unless)
             && std::ranges::all_of(exclusion.all,
                                    [&](const Labels& words) { return isAnyIn(all, words); });
         weight = std::max(weight, holds ? exclusion.weight : 0);
@@ -432,7 +433,7 @@ std::string titleWords(const DocumentRows& document) {
     return words;
 }
 
-KindVerdict weighKind(const DocumentRows& document, bool isWageProven) {
+KindVerdict weighKind(const DocumentRows& document, WageProof proof) {
     const std::string title = titleWords(document);
     std::map<Kind, int> scores;
     for (const KindWords& evidence : kindWords()) {
@@ -444,7 +445,8 @@ KindVerdict weighKind(const DocumentRows& document, bool isWageProven) {
     }
     weighStructure(document, scores);
     const bool isTitled = hasWageTitle(document);
-    const int wageBonus = (isWageProven ? provenWage : 0) + (isTitled ? wageTitle : 0);
+    const bool isProven = proof != WageProof::none;
+    const int wageBonus = (isProven ? provenWage : 0) + (isTitled ? wageTitle : 0);
     weighWhole(document, title, wageBonus, scores);
     KindVerdict verdict;
     int best = 0;
@@ -461,7 +463,8 @@ KindVerdict weighKind(const DocumentRows& document, bool isWageProven) {
     if (isAnyIn(document.folded, denials())) {
         return {.kind = Kind::anderes, .isClear = true};
     }
-    if (const int against = exclusionWeight(title, document.folded, isWageProven && isTitled);
+    if (const int against = exclusionWeight(title, document.folded, isProven && isTitled,
+                                            proof == WageProof::ofYear);
         against >= decisive && against + 6 > best - wageBonus) {
         return {.kind = Kind::anderes, .isClear = true};
     }

@@ -14,10 +14,14 @@ struct KindVerdict {
     bool isClear = false;
 };
 
+/// Whether amounts add up as those of a salary certificate do, or those of the year that a paper
+/// tells apart from its months.
+enum class WageProof { none, addsUp, ofYear };
+
 /// Weighs the words of a document: titles and issuers at its top count double. Annexes on employee
 /// shares, tax returns and shop receipts are none of the kinds that hold amounts, whatever they
-/// mention. `isWageProven`: amounts add up as those of a salary certificate do.
-KindVerdict weighKind(const DocumentRows& document, bool isWageProven);
+/// mention.
+KindVerdict weighKind(const DocumentRows& document, WageProof proof);
 
 /// The folded words of the first page's upper part: sender, addressee, title.
 std::string titleWords(const DocumentRows& document);

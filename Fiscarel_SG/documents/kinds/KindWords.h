@@ -37,6 +37,7 @@ struct KindExclusion {
     int weight = 0;
     Labels unless = {};       ///< with one of these in the title it is none
     bool statesWages = false; ///< a wage that adds up may stand on such a paper too
+    bool isOfSlip = false;    ///< goes for slips on a month's wage, not for those on a whole year's
 };
 
 /// Annexes on employee shares, tax returns, assessments and tax bills, payslips, offers, insurances

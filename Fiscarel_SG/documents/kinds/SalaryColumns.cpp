@@ -1,9 +1,8 @@
 #include "Fiscarel_SG/documents/kinds/SalaryColumns.h"
 
-#include "Fiscarel_SG/documents/kinds/DocumentFacts.h"
-#include "Fiscarel_SG/documents/kinds/FormHeader.h"
 #include "Fiscarel_SG/documents/kinds/LetterHead.h"
 #include "Fiscarel_SG/documents/kinds/TableHeading.h"
+#include "Fiscarel_SG/documents/kinds/WageHolders.h"
 
 #include <algorithm>
 
@@ -13,8 +12,25 @@ namespace {
 
 Decimal grossOf(const SalaryForm& form) { return form.value(SalaryBox::gross).value_or(Decimal()); }
 
-/// The wages under a row that names companies; empty where one of them does not add up, or a column
-/// of no company is more than the sum of the others.
+/// Whether a heading names whom the wage below belongs to, or who paid it.
+bool namesHolder(const TableColumn& column) {
+    return namesCompany(column.cell.folded) || isPersonName(column.cell);
+}
+
+/// Puts what a column's heading and its rows tell of whose wage it is.
+void readColumnHolder(const TableColumn& column, const PageRows& part, SalaryForm& form) {
+    if (namesCompany(column.cell.folded)) {
+        form.employer = column.words();
+        return;
+    }
+    form.person = column.words();
+    for (const Row& row : part.rows) {
+        readHolder(row, form);
+    }
+}
+
+/// The wages under a row that names companies or people; empty where one of them does not add up,
+/// or another column is more than the sum of theirs.
 std::vector<SalaryForm> wagesUnder(const PageRows& page, const TableHeading& heading) {
     std::vector<LabelPlace> places;
     for (const TableColumn& column : heading.columns) {
@@ -26,33 +42,39 @@ std::vector<SalaryForm> wagesUnder(const PageRows& page, const TableHeading& hea
     Decimal sum;
     for (std::size_t i = 0; i < parts.size(); ++i) {
         auto form = readWage({{&parts[i], 0, parts[i].rows.size()}});
-        const bool isCompany = namesCompany(heading.columns[i].cell.folded);
+        const bool isHeld = namesHolder(heading.columns[i]);
         const bool isWage = form && isProven(*form);
-        if (isCompany && !isWage) {
+        if (isHeld && !isWage) {
             return {};
         }
-        if (!isCompany) {
+        if (!isHeld) {
             whole = isWage ? std::optional(grossOf(*form)) : whole;
             continue;
         }
         form->page = &page;
-        form->employer = heading.columns[i].words();
+        readColumnHolder(heading.columns[i], parts[i], *form);
         sum = sum + grossOf(*form);
         forms.push_back(std::move(*form));
     }
     return whole && *whole != sum ? std::vector<SalaryForm>() : forms;
 }
 
-void readAbove(const DocumentRows& document, const DocumentFacts& facts, double top,
-               SalaryForm& form) {
-    static const Labels principality{"Fürstentum Liechtenstein", "PEID", "PEID-Nr", "BPVG"};
-    const std::string employer = form.employer;
-    readFormHeader(*form.page, top, form);
-    form.employer = employer;
-    form.isPension = false;
-    form.isLiechtenstein = isAnyIn(document.folded, principality);
-    form.year = facts.year ? facts.year : form.year;
-    form.person = form.person.empty() ? facts.person.text : form.person;
+/// The wages under a row, of one line or two, that names several whom they belong to.
+std::vector<SalaryForm> wagesBelow(const PageRows& page, std::size_t at) {
+    for (const bool withNext : {false, true}) {
+        TableHeading heading = tableHeadingIn(page, at, withNext);
+        const auto holders = std::ranges::count_if(heading.columns, namesHolder);
+        if (holders < 2) {
+            continue;
+        }
+        // What heads the labels is no column of amounts.
+        heading.columns.erase(heading.columns.begin(),
+                              std::ranges::find_if(heading.columns, namesHolder));
+        if (auto forms = wagesUnder(page, heading); forms.size() >= 2) {
+            return forms;
+        }
+    }
+    return {};
 }
 
 } // namespace
@@ -63,23 +85,13 @@ std::vector<SalaryForm> readSalaryColumns(const DocumentRows& document) {
     }
     for (const PageRows& page : document.pages) {
         for (std::size_t at = 0; at < page.rows.size() && page.number != 0; ++at) {
-            TableHeading heading = tableHeadingIn(page, at, false);
-            const auto isCompany = [](const TableColumn& column) {
-                return namesCompany(column.cell.folded);
-            };
-            const auto companies = std::ranges::count_if(heading.columns, isCompany);
-            // What heads the labels is no column of amounts.
-            heading.columns.erase(heading.columns.begin(),
-                                  std::ranges::find_if(heading.columns, isCompany));
-            auto forms = companies < 2 ? std::vector<SalaryForm>() : wagesUnder(page, heading);
-            if (forms.size() < 2) {
-                continue;
-            }
-            const DocumentFacts facts = readFacts(document);
+            auto forms = wagesBelow(page, at);
             for (SalaryForm& form : forms) {
-                readAbove(document, facts, page.rows[at].top, form);
+                readAroundWage(document, page.rows[at].top, form);
             }
-            return forms;
+            if (!forms.empty()) {
+                return forms;
+            }
         }
     }
     return {};

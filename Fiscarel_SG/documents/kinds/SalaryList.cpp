@@ -6,6 +6,7 @@
 #include "Fiscarel_SG/documents/kinds/SalaryColumns.h"
 #include "Fiscarel_SG/documents/kinds/SalaryTable.h"
 #include "Fiscarel_SG/documents/kinds/SalaryWords.h"
+#include "Fiscarel_SG/documents/kinds/WageHolders.h"
 
 #include <algorithm>
 #include <array>
@@ -443,6 +444,14 @@ std::vector<SalaryForm> readSalaryLists(const DocumentRows& document) {
     if (auto columns = readSalaryColumns(document); !columns.empty()) {
         return columns;
     }
+    auto ofTable = readSalaryTable(document);
+    if (ofTable.size() > 1) {
+        const double top = topOf(ofTable.front());
+        for (SalaryForm& one : ofTable) {
+            readAroundWage(document, top, one);
+        }
+        return ofTable;
+    }
     if (auto blocks = SalaryBlocks(document).read(); !blocks.empty()) {
         return blocks;
     }
@@ -450,11 +459,8 @@ std::vector<SalaryForm> readSalaryLists(const DocumentRows& document) {
         return pages;
     }
     auto form = readWage(wholeDocument(document));
-    if (!form || !isProven(*form)) {
-        auto ofTable = readSalaryTable(document);
-        if (ofTable) {
-            form = std::move(ofTable);
-        }
+    if (!ofTable.empty() && (!form || !isProven(*form))) {
+        form = std::move(ofTable.front());
     }
     if (!form) {
         return {};

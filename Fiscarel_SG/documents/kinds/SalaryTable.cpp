@@ -1,7 +1,11 @@
 #include "Fiscarel_SG/documents/kinds/SalaryTable.h"
 
+#include "Fiscarel_SG/documents/kinds/LetterHead.h"
 #include "Fiscarel_SG/documents/kinds/SalaryWords.h"
 #include "Fiscarel_SG/documents/kinds/TableHeading.h"
+#include "Fiscarel_SG/documents/kinds/WageHolders.h"
+#include "Fiscarel_SG/documents/kinds/WageYear.h"
+#include "Fiscarel_SG/documents/rows/CellRoles.h"
 
 #include <algorithm>
 #include <map>
@@ -57,32 +61,146 @@ class SalaryTable {
         return has(SalaryBox::gross) && has(SalaryBox::net);
     }
 
-    std::optional<SalaryForm> read() const {
-        std::optional<SalaryForm> found;
-        std::optional<int> newest;
+    /// The wages it states: one for each of several people or employers, else the year's.
+    std::vector<SalaryForm> read() const {
+        std::vector<Line> lines;
         const std::size_t end = std::min(page_.rows.size(), heading_.row + 1 + farthest);
         for (std::size_t at = heading_.row + 1; at < end; ++at) {
-            auto form = formIn(at);
-            if (!form) {
-                continue;
-            }
-            const Row& row = page_.rows[at];
-            if (namesAny(row, {Concept::total}, page_.isRecognised)) {
-                return form;
-            }
-            const auto year = yearAtStart(row);
-            if (found && (!newest || !year)) {
-                return std::nullopt; // several that no total adds up
-            }
-            if (!found || *year > *newest) {
-                found = std::move(form);
-                newest = year;
+            if (auto form = formIn(at)) {
+                lines.push_back({std::move(*form), at, stubOf(at)});
             }
         }
-        return found;
+        if (auto held = heldBySeveral(lines); !held.empty()) {
+            return held;
+        }
+        auto one = whole(lines);
+        one = one ? std::move(one) : newest(lines);
+        return one ? std::vector{std::move(*one)} : std::vector<SalaryForm>();
     }
 
   private:
+    /// A row that states a wage.
+    struct Line {
+        SalaryForm form;
+        std::size_t at = 0;
+        Row stub; ///< the words before its amounts
+    };
+
+    Row stubOf(std::size_t at) const {
+        const Row& row = page_.rows[at];
+        Row stub;
+        const auto first = std::ranges::find_if( // the year of a row is none
+            row.amounts, [](const RowAmount& amount) { return amount.amount.isFirm(); });
+        const auto end = first == row.amounts.end() ? row.words.size() : first->first;
+        for (std::size_t i = 0; i < end; ++i) {
+            stub.words.push_back(row.words[i]);
+            stub.folded += row.words[i].folded + ' ';
+        }
+        return stub;
+    }
+
+    static bool isPart(const Line& line) { return namesPartOfYear(line.stub); }
+
+    /// Whether a row adds up others; that of the year does where others are parts of it.
+    bool isWhole(const Line& line, bool hasParts) const {
+        return !isPart(line) && !namesAny(line.stub, {Concept::other}, page_.isRecognised)
+               && (namesAny(line.stub, {Concept::total}, page_.isRecognised)
+                   || (hasParts && namesWholeYear(line.stub)));
+    }
+
+    /// The last row that adds up others.
+    std::optional<SalaryForm> whole(const std::vector<Line>& lines) const {
+        const bool hasParts = std::ranges::count_if(lines, isPart) >= 2;
+        const auto found = std::find_if(lines.rbegin(), lines.rend(),
+                                        [&](const Line& line) { return isWhole(line, hasParts); });
+        return found != lines.rend() ? std::optional(found->form) : std::nullopt;
+    }
+
+    /// The only wage, or of several under years the newest.
+    static std::optional<SalaryForm> newest(const std::vector<Line>& lines) {
+        const Line* found = nullptr;
+        for (const Line& line : lines) {
+            const auto year = yearAtStart(line.stub);
+            if (found != nullptr && (!year || !yearAtStart(found->stub))) {
+                return std::nullopt; // several that no total adds up
+            }
+            if (found == nullptr || *year > *yearAtStart(found->stub)) {
+                found = &line;
+            }
+        }
+        return found != nullptr ? std::optional(found->form) : std::nullopt;
+    }
+
+    /// Whether the column of the rows' own words is headed as one of people.
+    bool isListOfPeople() const {
+        static const Labels people{
+            "Name",       "Vorname",      "Mitarbeit*", "Arbeitnehmer*", "Person*",   "Angestellt*",
+            "nom",        "prénom",       "employé*",   "collaborat*",   "salarié*",  "nome",
+            "cognome",    "dipendent*",   "impiegat*",  "employee*",     "personnel", "lavorator*",
+            "nominativo", "travailleur*", "personnes"};
+        const std::size_t first = heading_.row == 0 ? 0 : heading_.row - 1;
+        for (std::size_t at = first; at <= heading_.row; ++at) {
+            if (findLabel(page_.rows[at], people, page_.isRecognised)) {
+                return true;
+            }
+        }
+        return false;
+    }
+
+    /// Several wages of which each row tells whose it is or who paid it; empty when not all do.
+    std::vector<SalaryForm> heldBySeveral(const std::vector<Line>& lines) const {
+        std::vector<SalaryForm> held;
+        for (const Line& line : lines) {
+            if (isWhole(line, false)) {
+                continue;
+            }
+            SalaryForm form = line.form;
+            readHolder(line.stub, form);
+            const std::size_t end = std::min(page_.rows.size(), line.at + 3);
+            for (std::size_t at = line.at + 1; at < end && !hasFirmAmount(page_.rows[at]); ++at) {
+                readHolder(page_.rows[at], form);
+            }
+            const Row name = namePart(line.stub);
+            const bool isTime = isPart(line) || namesWholeYear(line.stub);
+            const std::string words = textOf(name);
+            const bool isTold = form.birthDate || !form.socialSecurityNumber.empty();
+            if (namesCompany(line.stub.folded)) {
+                form.employer = words;
+            } else if (isTold || isPersonName(name) || (isListOfPeople() && !isTime)) {
+                form.person = words;
+            } else {
+                return {};
+            }
+            held.push_back(std::move(form));
+        }
+        return held.size() > 1 ? held : std::vector<SalaryForm>();
+    }
+
+    /// The words of the first cell before a number or a day.
+    static Row namePart(const Row& stub) {
+        Row name;
+        const auto cells = cellsOf(stub);
+        for (std::size_t i = 0; i < stub.words.size(); ++i) {
+            const RowWord& word = stub.words[i];
+            if (i > cells.front().last && !name.words.empty()) {
+                break;
+            }
+            if (hasDigit(word.text)) {
+                if (name.words.empty()) {
+                    continue; // "1. Anna Muster"
+                }
+                break;
+            }
+            name.words.push_back(word);
+            name.folded += word.folded + ' ';
+        }
+        return name;
+    }
+
+    static std::string textOf(const Row& words) {
+        return words.words.empty() ? std::string() : textBetween(words, 0, words.words.size() - 1);
+    }
+
     /// Of several columns for a box only the one whose words are surest.
     void keepSurest(SalaryBox box) {
         std::optional<ColumnBox>* surest = nullptr;
@@ -136,7 +254,7 @@ class SalaryTable {
 
 } // namespace
 
-std::optional<SalaryForm> readSalaryTable(const DocumentRows& document) {
+std::vector<SalaryForm> readSalaryTable(const DocumentRows& document) {
     for (const PageRows& page : document.pages) {
         for (std::size_t at = 0; at < page.rows.size() && page.number != 0; ++at) {
             for (const bool withNext : {false, true}) {
@@ -144,13 +262,13 @@ std::optional<SalaryForm> readSalaryTable(const DocumentRows& document) {
                 if (!table.isOne()) {
                     continue;
                 }
-                if (auto form = table.read()) {
-                    return form;
+                if (auto forms = table.read(); !forms.empty()) {
+                    return forms;
                 }
             }
         }
     }
-    return std::nullopt;
+    return {};
 }
 
 } // namespace fiscarel

@@ -2,13 +2,14 @@
 
 #include "Fiscarel_SG/documents/kinds/SalaryForm.h"
 
-#include <optional>
+#include <vector>
 
 namespace fiscarel {
 
-/// A wage that stands in one row of a table, its columns being what the form calls boxes: the row
-/// of the total, of the newest year, or the only one. Only where gross less all deductions is net;
-/// what a heading tells is not read.
-std::optional<SalaryForm> readSalaryTable(const DocumentRows& document);
+/// The wages that stand in rows of a table, its columns being what the form calls boxes: one for
+/// each of several people or employers that the rows name, else the row of the total, of the newest
+/// year, or the only one. Only where gross less all deductions is net; what stands above the table
+/// is not read.
+std::vector<SalaryForm> readSalaryTable(const DocumentRows& document);
 
 } // namespace fiscarel

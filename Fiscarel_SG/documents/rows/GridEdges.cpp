@@ -158,4 +158,15 @@ bool isGridOfBoxes(const Row& labels, const Row& values) {
     return true;
 }
 
+bool isGridOfBoxes(const Row& labels, const Row& lines, const Row& values) {
+    const Cells heads = cellsOf(labels);
+    const Cells below = cellsOf(lines);
+    return !hasFirmAmount(labels) && !hasFirmAmount(lines)
+           && std::ranges::equal(heads, below,
+                                 [](const LabelPlace& head, const LabelPlace& line) {
+                                     return std::abs(head.left - line.left) <= aligned;
+                                 })
+           && isGridOfBoxes(labels, values);
+}
+
 } // namespace fiscarel

@@ -36,4 +36,7 @@ std::optional<std::vector<std::size_t>> gridColumns(const Row& labels, const Row
 /// as in boxes with the label at the top left and the amount at the bottom right.
 bool isGridOfBoxes(const Row& labels, const Row& values);
 
+/// The same for labels of two lines, each second one below its first.
+bool isGridOfBoxes(const Row& labels, const Row& lines, const Row& values);
+
 } // namespace fiscarel

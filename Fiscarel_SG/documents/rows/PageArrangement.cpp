@@ -56,6 +56,7 @@ class Arrangement {
             const std::size_t taken = takeCards(at)      ? end_ - at
                                       : takePairs(at)    ? end_ - at
                                       : takeGrid(at)     ? 2
+                                      : takeBoxes(at)    ? 3
                                       : takeCaptions(at) ? 2
                                       : takeSplit(at)    ? 2
                                       : takeSwapped(at)  ? 1
@@ -353,14 +354,34 @@ class Arrangement {
         return true;
     }
 
+    /// Boxes beside each other, each with a label of two lines and its amount below.
+    bool takeBoxes(std::size_t at) {
+        const auto& rows = page_.rows;
+        if (at + 2 >= rows.size() || gap(at) > 1 || gap(at + 1) > 4 || hasMoreRows(at + 1)
+            || isCaptionBelow(at + 1) || !isGridOfBoxes(rows[at], rows[at + 1], rows[at + 2])) {
+            return false;
+        }
+        const Cells heads = cellsOf(rows[at]);
+        const double height = rows[at].height();
+        double top = rows[at].top + shift_;
+        for (std::size_t i = 0; i < heads.size(); ++i, top += 1.5 * height) {
+            Words label = wordsOf(rows[at], heads[i]);
+            append(label, wordsOf(rows[at + 1], cellsOf(rows[at + 1])[i]));
+            compose(std::move(label), wordsOf(rows[at + 2], cellsOf(rows[at + 2])[i]), top, height);
+        }
+        shift_ = std::max(shift_, top - rows[at + 2].bottom);
+        return true;
+    }
+
     /// Amounts in one row, what they are in the next.
     bool takeCaptions(std::size_t at) {
         const auto& rows = page_.rows;
-        if (at + 1 >= rows.size() || !hasOnlyValues(rows[at]) || gap(at) > 1.2
-            || hasAmountCell(rows[at + 1])) {
+        if (at + 1 >= rows.size() || !hasOnlyValues(rows[at]) || hasAmountCell(rows[at + 1])
+            || gap(at) > (at == 0 || gap(at) < gap(at - 1) / 2 ? 2 : 1.2)) {
             return false;
         }
-        const auto columns = gridColumns(rows[at + 1], rows[at]);
+        const Row values = withoutCurrencies(rows[at]);
+        const auto columns = gridColumns(rows[at + 1], values);
         // Nearer than what stands above, or that is no row of labels for these amounts.
         const bool isNearer =
             at == 0 || gap(at) < 0.7 * gap(at - 1)
@@ -369,8 +390,21 @@ class Arrangement {
         if (!isNearer || !columns || !hasOnlyLabels(rows[at + 1])) {
             return false;
         }
-        composeGrid(rows[at + 1], rows[at], *columns);
+        composeGrid(rows[at + 1], values, *columns);
         return true;
+    }
+
+    /// A row of amounts without the currencies that stand apart from them, at the edge of their
+    /// box.
+    Row withoutCurrencies(const Row& row) const {
+        Words words;
+        for (const LabelPlace& cell : cellsOf(row)) {
+            if (roleOf(row, cell) != Role::currency) {
+                append(words, wordsOf(row, cell));
+            }
+        }
+        return words.size() == row.words.size() ? row
+                                                : rowOfWords(std::move(words), page_.isRecognised);
     }
 
     /// Whether a cell of a row is nothing but an amount; captions may mention one.

@@ -190,6 +190,14 @@ std::optional<PrintedAmount> parseAmount(std::string_view text, bool isRecognise
     if (text.empty() || text.size() > longestAmount) {
         return std::nullopt;
     }
+    if (text.size() > 2 && text.starts_with('(') && text.ends_with(')')) { // as ledgers take off
+        auto inner = parseAmount(text.substr(1, text.size() - 2), isRecognised);
+        if (!inner || !inner->hasDecimals || inner->value.isNegative()) {
+            return std::nullopt;
+        }
+        inner->value = -inner->value;
+        return inner;
+    }
     auto plain = plainForm(text);
     if (!plain) {
         return std::nullopt;

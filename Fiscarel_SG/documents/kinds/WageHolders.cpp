@@ -1,0 +1,92 @@
+#include "Fiscarel_SG/documents/kinds/WageHolders.h"
+
+#include "Fiscarel_SG/documents/kinds/DocumentFacts.h"
+#include "Fiscarel_SG/documents/kinds/FormHeader.h"
+#include "Fiscarel_SG/documents/kinds/LetterHead.h"
+#include "Fiscarel_SG/documents/kinds/WageYear.h"
+#include "Fiscarel_SG/documents/rows/Vocabulary.h"
+
+#include <algorithm>
+#include <set>
+
+namespace fiscarel {
+
+bool isPersonName(const Row& words) {
+    using enum Concept;
+    static const std::vector<Concept> things{
+        gross,  net,     wage,    social,  occupational, total,   yearly,   amount,  paid,
+        other,  account, pension, premium, buyIn,        fee,     ordinary, meals,   contribution,
+        course, tax,     rent,    upkeep,  membership,   benefit, invoice,  accident};
+    static const Labels particles{"von", "de",  "del", "della", "di",
+                                  "da",  "van", "du",  "dos",   "zu"};
+    static const Labels offices{
+        "Filiale*",      "Abteilung*", "Arbeitgeber*", "Arbeitnehmer*", "Betrieb*", "Stelle",
+        "Kostenstelle*", "employeur",  "datore",       "Name",          "Vorname",  "Nom",
+        "Prénom",        "Nome",       "Cognome",      "Mitarbeit*",    "employé*", "dipendent*"};
+    std::size_t names = 0;
+    for (const RowWord& word : words.words) {
+        if (isAnyIn(word.folded, salutations()) || word.text == "," || word.text == "-") {
+            names += isAnyIn(word.folded, salutations()) ? 1U : 0U;
+            continue;
+        }
+        if (isAnyIn(word.folded, particles)) {
+            continue;
+        }
+        if (hasDigit(word.text) || !startsWithCapital(word.text) || word.folded.size() < 2
+            || word.text.find_first_of("/&%:()") != std::string::npos) {
+            return false;
+        }
+        ++names;
+    }
+    std::string folded;
+    for (const RowWord& word : words.words) {
+        folded += word.folded + ' ';
+    }
+    return names >= 2 && names <= 4 && !namesCompany(folded) && !namesAny(words, things, false)
+           && !findLabel(words, offices, false) && !namesPartOfYear(words)
+           && !namesWholeYear(words);
+}
+
+void readHolder(const Row& row, SalaryForm& form) {
+    for (const RowWord& word : row.words) {
+        const auto day = parseDay(word.text);
+        const int year = form.year.value_or(2020);
+        if (day && !form.birthDate && day->year() + 10 < year) {
+            form.birthDate = day;
+        }
+    }
+    if (form.socialSecurityNumber.empty()) {
+        form.socialSecurityNumber = socialSecurityNumberIn(row);
+    }
+}
+
+bool namesSeveralInsured(const PageRows& page) {
+    std::set<std::string> numbers;
+    for (const Row& row : page.rows) {
+        if (std::string number = socialSecurityNumberIn(row); !number.empty()) {
+            numbers.insert(std::move(number));
+        }
+    }
+    return numbers.size() > 1;
+}
+
+void readAroundWage(const DocumentRows& document, double top, SalaryForm& form) {
+    static const Labels principality{"Fürstentum Liechtenstein", "PEID", "PEID-Nr", "BPVG"};
+    const SalaryForm own = form;
+    const DocumentFacts facts = readFacts(document);
+    readFormHeader(*form.page, top, form);
+    form.isPension = false;
+    form.isLiechtenstein = isAnyIn(document.folded, principality);
+    form.year = facts.year ? facts.year : form.year;
+    const bool isHeld = !own.person.empty() || own.birthDate || !own.socialSecurityNumber.empty();
+    if (isHeld) {
+        form.person = own.person;
+        form.birthDate = own.birthDate;
+        form.socialSecurityNumber = own.socialSecurityNumber;
+    } else if (form.person.empty()) {
+        form.person = facts.person.text;
+    }
+    form.employer = own.employer.empty() ? form.employer : own.employer;
+}
+
+} // namespace fiscarel

@@ -1,0 +1,227 @@
+#include "tests/documents/reading/DrawnPage.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace fiscarel {
+namespace {
+
+using Kind = StoredDocument::Kind;
+
+const std::vector<std::string> wageOfYear{"grossSalary=62000 high", "socialContributions=4500 high",
+                                          "pensionContributions=3100 high",
+                                          "netSalaryOverride=54400 high"};
+
+/// What is proposed first, without the periods and companies that follow the amounts.
+std::vector<std::string> amountsOf(const ScanResult& result) {
+    auto values = valuesOf(result);
+    values.resize(std::min(values.size(), wageOfYear.size()));
+    return values;
+}
+
+struct Slip {
+    const char* title;
+    const char* month; ///< heads the column of the month
+    const char* year;  ///< and that of the year
+    double monthEdge = 420;
+    double yearEdge = 540;
+    double labels = 60;
+};
+
+/// A slip whose wage of a month stands beside what it comes to.
+DrawnPage slip(const Slip& slip) {
+    DrawnPage page;
+    page.text(60, 40, slip.title).text(60, 60, "Eintritt 01.03.2019");
+    page.right(slip.monthEdge, 100, slip.month).right(slip.yearEdge, 100, slip.year);
+    double y = 120;
+    const auto line = [&](const char* label, const char* month, const char* year) {
+        page.text(slip.labels, y, label);
+        page.right(slip.monthEdge, y, month).right(slip.yearEdge, y, year);
+        y += 16;
+    };
+    line("Monatslohn", "5’000.00", "60’000.00");
+    line("Zulagen", "", "2’000.00");
+    line("Bruttolohn", "5’000.00", "62’000.00");
+    line("AHV", "-300.00", "-3’720.00");
+    line("ALV", "-70.00", "-780.00");
+    line("Pensionskasse", "-250.00", "-3’100.00");
+    line("Nettolohn", "4’380.00", "54’400.00");
+    line("Spesen", "80.00", "960.00");
+    line("Auszahlung", "4’460.00", "55’360.00");
+    return page;
+}
+
+TEST(WageYear, theYearsLastSlipGivesTheColumnOfTheYear) {
+    for (const Slip& row : {
+             Slip{"Lohnabrechnung Dezember 2024", "Betrag Monat", "Kumuliert"},
+             Slip{"Lohnabrechnung 12.2024", "Monat", "Jahr 2024", 220, 140, 260},
+             Slip{"Décompte de salaire décembre 2024", "Ce mois", "Cumul annuel", 540, 120, 160},
+             Slip{"Décompte de salaire décembre 2024", "Montant", "Total année"},
+             Slip{"Busta paga 12 / 2024", "Mese", "Progressivo"},
+             Slip{"Lohnzettel", "Dez. 2024", "Jan. - Dez. 2024"},
+         }) {
+        const ScanResult result = slip(row).proposed();
+        EXPECT_EQ(result.proposedKind, Kind::lohnausweis) << row.title;
+        EXPECT_EQ(valuesOf(result), wageOfYear) << row.title << ' ' << row.year;
+    }
+}
+
+TEST(WageYear, whatAddsUpUntilAnEarlierMonthIsNoWageOfAYear) {
+    for (const Slip& row : {
+             Slip{"Lohnabrechnung November 2024", "Monat", "Kumuliert"},
+             Slip{"Conteggio salario 03/2024", "Importo mese", "Cumulato 2024"},
+             Slip{"Fiche de paie juin 2024", "Montant", "Total année"},
+             Slip{"Lohnzettel", "April 2024", "Jan. - April 2024"},
+         }) {
+        const ScanResult result = slip(row).proposed();
+        EXPECT_EQ(result.proposedKind, Kind::anderes) << row.title;
+        EXPECT_TRUE(result.proposals.empty()) << row.title;
+    }
+}
+
+TEST(WageYear, whatTheHeadSaysTellsAMonthFromTheYear) {
+    struct Case {
+        const char* head;
+        bool isYear;
+    };
+    for (const Case& row : {
+             Case{"Monatsabrechnung Mai 2024", false},
+             Case{"Salaire du mois de mars 2024", false},
+             Case{"Cedolino paga 04/2024", false},
+             Case{"Lohnzettel Dez. 2024", false},
+             Case{"Lohnabrechnung Jahr 2024", true},
+             Case{"Décompte de salaire du 01.01.2024 au 31.12.2024", true},
+             Case{"Lohnabrechnung Januar - Dezember 2024", true},
+             Case{"Lohn ab Mai 2024", true},
+             Case{"Lohnausweis 2024, Periode Dezember 2024", true},
+         }) {
+        DrawnPage page;
+        page.line(row.head).line("Monatslohn", "60’000.00").line("Bruttolohn", "62’000.00");
+        page.line("AHV", "-3’720.00").line("ALV", "-780.00").line("Pensionskasse", "-3’100.00");
+        page.line("Nettolohn", "54’400.00");
+        EXPECT_EQ(amountsOf(page.proposed()), row.isYear ? wageOfYear : std::vector<std::string>())
+            << row.head;
+    }
+}
+
+TEST(WageYear, aBlockBelowTheMonthOrARowBesideItTellsTheYear) {
+    DrawnPage block;
+    block.line("Bulletin de salaire décembre 2024").line("Salaire brut", "5’000.00");
+    block.line("AVS/AI/APG", "-300.00").line("LPP", "-250.00").line("Salaire net", "4’450.00");
+    block.line("Cumuls de l'année 2024").line("Brut", "62’000.00").line("AVS/AI/APG", "-3’720.00");
+    block.line("AC", "-780.00").line("LPP", "-3’100.00").line("Net", "54’400.00");
+    DrawnPage rows;
+    rows.line("Lohnabrechnung Dezember 2024");
+    const auto row = [&](double y, const char* label, const std::vector<const char*>& amounts) {
+        rows.text(60, y, label);
+        for (std::size_t i = 0; i < amounts.size(); ++i) {
+            rows.right(240 + 100 * static_cast<double>(i), y, amounts[i]);
+        }
+    };
+    row(120, "", {"Brutto", "Sozialabzüge", "PK", "Netto"});
+    row(140, "Dezember 2024", {"5’000.00", "370.00", "250.00", "4’380.00"});
+    row(156, "Kumuliert 2024", {"62’000.00", "4’500.00", "3’100.00", "54’400.00"});
+    EXPECT_EQ(valuesOf(block.proposed()), wageOfYear);
+    EXPECT_EQ(valuesOf(rows.proposed()), wageOfYear);
+}
+
+/// A table of wages, its columns "gross, social, fund, net".
+DrawnPage table(const char* title, const char* stub,
+                const std::vector<std::vector<const char*>>& rows) {
+    DrawnPage page;
+    page.text(60, 40, title).text(60, 100, stub);
+    const std::vector<const char*> heads{"Bruttolohn", "AHV/ALV/NBU", "Pensionskasse", "Nettolohn"};
+    double y = 100;
+    const auto put = [&](const std::vector<const char*>& words, std::size_t first) {
+        for (std::size_t i = first; i < words.size(); ++i) {
+            page.right(280 + 85 * static_cast<double>(i - first), y, words[i]);
+        }
+    };
+    put(heads, 0);
+    for (const auto& words : rows) {
+        y += 18;
+        page.text(60, y, words[0]);
+        put(words, 1);
+    }
+    return page;
+}
+
+TEST(WageYear, aTableByMonthsGivesItsTotalAndNoneOfItsParts) {
+    for (const char* total : {"Total", "Jahr 2024", "Jahrestotal"}) {
+        const ScanResult result =
+            table("Lohnkarte 2024", "Zeit",
+                  {{"1. Halbjahr", "30’000.00", "(2’200.00)", "(1’500.00)", "26’300.00"},
+                   {"2. Halbjahr", "32’000.00", "(2’300.00)", "(1’600.00)", "28’100.00"},
+                   {total, "62’000.00", "(4’500.00)", "(3’100.00)", "54’400.00"}})
+                .proposed();
+        EXPECT_EQ(valuesOf(result), wageOfYear) << total;
+        EXPECT_EQ(result.records.size(), 1U) << total;
+    }
+}
+
+TEST(WageYear, eachOfSeveralPeopleHasAWageAndTheirTotalIsNobodys) {
+    for (const auto& [one, other] : {std::pair{"KELLER ROSA", "KELLER URS"},
+                                     std::pair{"Rosa Keller Küche", "Urs Keller Service"},
+                                     std::pair{"Muster Bau AG", "Beispiel Treuhand GmbH"}}) {
+        const ScanResult result =
+            table("Lohnliste 2024", "Name",
+                  {{one, "62’000.00", "4’500.00", "3’100.00", "54’400.00"},
+                   {other, "20’000.00", "1’400.00", "1’000.00", "17’600.00"},
+                   {"Total", "82’000.00", "5’900.00", "4’100.00", "72’000.00"}})
+                .proposed();
+        ASSERT_EQ(result.records.size(), 2U) << one;
+        EXPECT_EQ(amountsOf(result), wageOfYear) << one;
+        EXPECT_EQ(valueOf(result, "grossSalary", 1), "20000") << one;
+    }
+    DrawnPage columns;
+    columns.line("Salaires 2024 récapitulatif pour les impôts");
+    const auto row = [&](double y, const char* label, const char* one, const char* other) {
+        columns.text(60, y, label).right(380, y, one).right(540, y, other);
+    };
+    row(100, "", "Anne Rochat", "Luc Rochat");
+    row(116, "naissance", "06.07.1965", "19.09.1975");
+    row(132, "Brut", "62 000,00", "20 000,00");
+    row(148, "AVS/AC/AANP", "4 500,00", "1 400,00");
+    row(164, "2ème pilier", "3 100,00", "1 000,00");
+    row(180, "Net", "54 400,00", "17 600,00");
+    const ScanResult result = columns.proposed();
+    ASSERT_EQ(result.records.size(), 2U);
+    EXPECT_EQ(result.records[0].personName, "Anne Rochat");
+    EXPECT_EQ(result.records[1].birthDate, taxcore::Date::of(1975, 9, 19));
+    EXPECT_EQ(valuesOf(result), wageOfYear);
+}
+
+struct Box {
+    double x;
+    double y;
+    const char* label;
+    const char* line;
+    const char* amount;
+};
+
+TEST(WageYear, boxesMayHaveTheirAmountAboveTheLabelOrBelowTwoLinesOfIt) {
+    DrawnPage above;
+    above.line("Votre année salariale 2024");
+    for (const Box& box : {Box{60, 120, "Salaire brut", "13e compris", "62’000.00"},
+                           Box{320, 120, "Assurances sociales", "AVS/AI/APG, AC", "4’500.00"},
+                           Box{60, 220, "2e pilier", "cotisations", "3’100.00"},
+                           Box{320, 220, "Salaire net", "chiffre 11", "54’400.00"}}) {
+        above.text(box.x, box.y, box.amount).right(box.x + 200, box.y, "CHF");
+        above.text(box.x, box.y + 14, box.label).text(box.x, box.y + 28, box.line);
+    }
+    DrawnPage below;
+    below.line("Ihr Lohnjahr 2024");
+    for (const Box& box : {Box{60, 120, "Bruttolohn", "inkl. 13. Monatslohn", "62’000.00"},
+                           Box{320, 120, "Sozialabgaben", "AHV/IV/EO, ALV", "4’500.00"},
+                           Box{60, 220, "Pensionskasse", "ordentliche Beiträge", "3’100.00"},
+                           Box{320, 220, "Nettolohn", "Ziffer 11", "54’400.00"}}) {
+        below.text(box.x, box.y, box.label).text(box.x, box.y + 12, box.line);
+        below.right(box.x + 200, box.y + 40, box.amount);
+    }
+    EXPECT_EQ(valuesOf(above.proposed()), wageOfYear);
+    EXPECT_EQ(valuesOf(below.proposed()), wageOfYear);
+}
+
+} // namespace
+} // namespace fiscarel
