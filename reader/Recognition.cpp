@@ -160,14 +160,29 @@ std::optional<int> Recognition::quarterTurns(const PixPtr& picture, double dpi) 
     return (4 - degrees / 90) % 4;
 }
 
-double Recognition::certainty(const PixPtr& picture, double dpi) {
+int Recognition::legibleLetters(const PixPtr& picture, double dpi) {
+    constexpr float sure = 60;            // percent
+    constexpr qsizetype shortestWord = 3; // letters; less is found in any pattern
     if (!start()) {
         return 0;
     }
     setPicture(*text_, picture, dpi);
-    const int mean = text_->Recognize(nullptr) == 0 ? text_->MeanTextConf() : 0;
+    int letters = 0;
+    const std::unique_ptr<tesseract::ResultIterator> at(
+        text_->Recognize(nullptr) == 0 ? text_->GetIterator() : nullptr);
+    while (at) {
+        const QString word = QString::fromStdString(textOf(*at, tesseract::RIL_WORD));
+        const auto count =
+            std::ranges::count_if(word, [](QChar c) { return c.isLetterOrNumber(); });
+        if (count >= shortestWord && at->Confidence(tesseract::RIL_WORD) >= sure) {
+            letters += static_cast<int>(count);
+        }
+        if (!at->Next(tesseract::RIL_WORD)) {
+            break;
+        }
+    }
     text_->Clear();
-    return std::clamp(mean / 100.0, 0.0, 1.0);
+    return letters;
 }
 
 } // namespace fiscarel::reader

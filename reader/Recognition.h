@@ -34,8 +34,8 @@ class Recognition {
     /// when it does not tell.
     std::optional<int> quarterTurns(const PixPtr& picture, double dpi);
 
-    /// How surely the writing of a picture can be read as it stands, 0 to 1.
-    double certainty(const PixPtr& picture, double dpi);
+    /// How many letters and digits of a picture can be read surely as it stands.
+    int legibleLetters(const PixPtr& picture, double dpi);
 
     /// Whether the files of the languages are there.
     bool isInstalled();

@@ -100,13 +100,13 @@ int mostLegible(const std::vector<int>& turns, const Work& work, const PixPtr& i
                 Recognition& recognition) {
     const PixPtr part = inkiest(work.grey, ink);
     int best = turns.front();
-    double bestCertainty = -1;
+    int most = -1;
     for (const int quarters : turns) {
         const PixPtr turned(part ? pixRotateOrth(part.get(), quarters) : nullptr);
-        const double certainty = turned ? recognition.certainty(turned, work.dpi) : 0;
-        if (certainty > bestCertainty) {
+        const int letters = turned ? recognition.legibleLetters(turned, work.dpi) : 0;
+        if (letters > most) {
             best = quarters;
-            bestCertainty = certainty;
+            most = letters;
         }
     }
     return best;

@@ -50,6 +50,20 @@ bool isForeign(const Row& row, const RowAmount& amount) {
     return amount.last + 1 < row.words.size() && isForeignCurrency(row.words[amount.last + 1].text);
 }
 
+/// The year at the end of "Guthaben'32.12.2021": a last day of December as recognition may take it.
+std::optional<int> yearOfMisreadEnd(std::string_view text) {
+    constexpr std::string_view month = "12.";
+    constexpr std::size_t digits = 4;
+    if (text.size() < month.size() + digits) {
+        return std::nullopt;
+    }
+    const std::string_view number = text.substr(text.size() - digits);
+    const auto year = parseAmount(number);
+    const bool isEnd = text.substr(0, text.size() - digits).ends_with(month);
+    return isEnd && year && year->isYearLike() ? std::optional(std::stoi(std::string(number)))
+                                               : std::nullopt;
+}
+
 /// Whether a row names the last day of a year before the document's, and none of its own: "fin
 /// 2024".
 bool isPast(const Row& row, std::optional<int> year) {
@@ -68,6 +82,8 @@ bool isPast(const Row& row, std::optional<int> year) {
             return false;
         }
         isPast |= day && year && day->month() == 12 && day->day() == 31;
+        const auto end = day ? std::nullopt : yearOfMisreadEnd(row.words[i].text);
+        isPast |= year && end && *end < *year;
         isPast |= year && i > 0 && isAnyIn(row.words[i - 1].folded, ends) && isBefore(*year, i);
     }
     return isPast;
