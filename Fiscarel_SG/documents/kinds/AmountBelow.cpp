@@ -27,6 +27,16 @@ bool continuesSentence(const Row& row) {
     return first >= 'a' && first <= 'z';
 }
 
+/// Whether an amount stands in a column of its own, as in a list whose labels begin small.
+bool standsApart(const Row& row, const RowAmount& amount) {
+    constexpr double widest = 3; // heights; justified lines have narrower gaps
+    std::size_t first = amount.first;
+    first -= first > 0 && isFrancs(row.words[first - 1].text) ? 1U : 0U;
+    return first > 0
+           && row.words[first].place.left - row.words[first - 1].place.right
+                  > widest * row.height();
+}
+
 /// Whether a sentence ends between two words of a row: "pasti. La tassa di CHF 80".
 bool endsBetween(const Row& row, std::size_t first, std::size_t end) {
     return std::any_of(row.words.begin() + static_cast<std::ptrdiff_t>(first),
@@ -58,7 +68,8 @@ const RowAmount* amountBelow(const RowRange& range, std::size_t at, const LabelP
     const bool breaksOff = cellsOf(own).size() == 1 && isFrancs(own.words.back().text)
                            && next.amounts.front().first == 0;
     const bool goesOn = breaksOff
-                        || (continuesSentence(next) && next.words.front().place.left < label.right
+                        || (continuesSentence(next) && !standsApart(next, next.amounts.front())
+                            && next.words.front().place.left < label.right
                             && next.amounts.back().place.left > label.left);
     if (goesOn
         && (endsBetween(own, label.last, own.words.size())

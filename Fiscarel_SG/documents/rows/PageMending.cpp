@@ -4,6 +4,7 @@
 #include "Fiscarel_SG/documents/rows/HouseNumbers.h"
 #include "Fiscarel_SG/documents/rows/IbanMending.h"
 #include "Fiscarel_SG/documents/rows/TaxWords.h"
+#include "Fiscarel_SG/documents/text/FoldedText.h"
 
 #include <algorithm>
 #include <cmath>
@@ -46,6 +47,47 @@ void firmColumns(PageRows& page) {
                 && !countsItsWord(row, amount)) {
                 amount.amount.hasCurrency = true;
             }
+        }
+    }
+}
+
+/// Whether a word and the next may be francs and centimes that typewriter letters set apart, and no
+/// day: "766." and "07".
+bool isTornBeforeCents(const RowWord& francs, const RowWord& cents, const RowWord* next) {
+    constexpr std::string_view digits = "0123456789";
+    const std::string_view text = francs.text;
+    if (text.size() < 2 || (!text.ends_with('.') && !text.ends_with(','))
+        || digits.find(text[text.size() - 2]) == std::string_view::npos
+        || digits.find(text.front()) == std::string_view::npos || cents.text.size() != 2
+        || cents.text.find_first_not_of(digits) != std::string::npos) {
+        return false;
+    }
+    const bool mayBeDay = text.size() <= 3 && cents.text <= "12";
+    const bool isYearNext = next != nullptr && next->text.size() >= 4
+                            && (next->text.starts_with("19") || next->text.starts_with("20"));
+    return !mayBeDay && !isYearNext
+           && cents.place.left - francs.place.right < 0.7 * cents.place.width();
+}
+
+/// Puts centimes back to their francs.
+void joinTornCents(PageRows& page) {
+    for (Row& row : page.rows) {
+        std::vector<RowWord> words;
+        for (std::size_t i = 0; i < row.words.size(); ++i) {
+            const RowWord* const next = i + 1 < row.words.size() ? &row.words[i + 1] : nullptr;
+            if (words.empty() || !isTornBeforeCents(words.back(), row.words[i], next)) {
+                words.push_back(row.words[i]);
+                continue;
+            }
+            RowWord& whole = words.back();
+            whole.text += row.words[i].text;
+            whole.folded = foldWords(whole.text);
+            whole.place.right = row.words[i].place.right;
+            whole.printed.right = row.words[i].printed.right;
+            whole.certainty = std::min(whole.certainty, row.words[i].certainty);
+        }
+        if (words.size() < row.words.size()) {
+            row = rowOfWords(std::move(words), page.isRecognised);
         }
     }
 }
@@ -201,6 +243,7 @@ void dropLines(PageRows& page) {
 void mend(PageRows& page) {
     if (page.isRecognised) {
         dropLines(page);
+        joinTornCents(page);
         straightenBends(page);
         std::ranges::for_each(page.rows, mendIbans);
         restorePoints(page);

@@ -118,6 +118,8 @@ TEST(PageRows, givesAmountsInAColumnOfCentsTheirPointBack) {
     EXPECT_EQ(lastOf("37135", "57.00", "1'230.60").value, 371.35_dec);
     EXPECT_EQ(lastOf("3:55", "57.00", "1'230.60").value, 3.55_dec);
     EXPECT_TRUE(lastOf("37135", "57.00", "1'230.60").wasCorrected);
+    EXPECT_EQ(lastOf("37 784. 17", "57.00", "").value, 37784.17_dec);
+    EXPECT_NE(lastOf("31. 12", "57.00", "").value, 31.12_dec) << "a day";
     EXPECT_EQ(lastOf("2024", "57.00", "1'230.60").value, 2024) << "a year stands there as well";
     EXPECT_EQ(lastOf("648", "57.00", "1'230").value, 648) << "not all have cents";
     EXPECT_EQ(lastOf("CH93 0076 2011 6238 5295", "57.00", "1'230.60").value, 0);
