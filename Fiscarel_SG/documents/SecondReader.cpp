@@ -150,7 +150,8 @@ void proposeByKind(const KindContext& context, ProposalDraft& draft) {
     case Kind::krankenkasse:
     case Kind::versicherung:
     case Kind::liegenschaft:
-        if (context.kind == Kind::liegenschaft && isPropertyAccount(context.document)
+        if (context.kind == Kind::liegenschaft
+            && (isPropertyAccount(context.document) || hasDeductibleColumn(context.document))
             && proposeManagement(context, draft)) {
             break;
         }

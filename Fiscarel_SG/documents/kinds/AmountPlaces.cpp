@@ -104,7 +104,13 @@ std::optional<Heading> headingAt(const RowRange& range, std::size_t at,
            && heading.columns[heading.wanted].last < place->first) {
         ++heading.wanted;
     }
-    const bool isHeading = heading.columns.size() >= 3 && heading.wanted < heading.columns.size()
+    // "2   Art der Versicherung   mit Jahresprämie" is a line of a form.
+    const std::string& begin = row.words[heading.columns.front().last].text;
+    const bool isNumbered = heading.columns.front().last == 0 && begin.size() <= 2
+                            && begin.find_first_not_of("0123456789") == std::string::npos;
+    const std::size_t fewest = isNumbered ? 4 : 3;
+    const bool isHeading = heading.columns.size() >= fewest
+                           && heading.wanted < heading.columns.size()
                            && heading.columns[heading.wanted].first <= place->first;
     return isHeading ? std::optional(std::move(heading)) : std::nullopt;
 }

@@ -14,6 +14,10 @@ void nameProperty(const DocumentRows& document, int record, ProposalDraft& draft
 /// deducted. Sure is what the amounts above in its column add up to. False when nothing is found.
 bool proposeManagement(const KindContext& context, ProposalDraft& draft);
 
+/// Whether a list of costs has a column with a total for what of them may be deducted: upkeep, as
+/// against what adds value (DBG Art. 32 Abs. 2, Art. 34 lit. d).
+bool hasDeductibleColumn(const DocumentRows& document);
+
 /// What a document tells of each of several parcels, as a document of its own: the columns or rows
 /// of a table, or from the number of one to that of the next. Empty when there are not several.
 std::vector<DocumentRows> parcelsOf(const DocumentRows& document);

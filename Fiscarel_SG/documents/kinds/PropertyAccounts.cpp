@@ -95,6 +95,10 @@ void proposeAmount(const KindContext& context, const FoundAmount& found, const c
 
 } // namespace
 
+bool hasDeductibleColumn(const DocumentRows& document) {
+    return columnTotal(document, deductibleUpkeep()).has_value();
+}
+
 bool proposeManagement(const KindContext& context, ProposalDraft& draft) {
     const DocumentRows document = withoutExclusions(context.document);
     const auto rent = findOne(document, rents());

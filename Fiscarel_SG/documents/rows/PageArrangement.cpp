@@ -480,8 +480,26 @@ class Arrangement {
         for (std::size_t i = 1; i < below.size(); ++i) {
             append(amount, wordsOf(rows[at + 1], below[i]));
         }
+        if (below.size() > 2) { // under the headings of columns, where the amounts stay
+            keep(rowOfWords(beforeColumns(std::move(label), rows[at + 1], below[0]),
+                            page_.isRecognised));
+            return true;
+        }
         compose(std::move(label), std::move(amount), rows[at].top + shift_, rows[at].height());
         return true;
+    }
+
+    /// The words of a label before the columns of a row, in place of its first cell; a long one
+    /// begins farther left.
+    static Words beforeColumns(Words label, const Row& row, const LabelPlace& first) {
+        double right = first.right;
+        for (auto word = label.rbegin(); word != label.rend(); ++word) {
+            word->place = {right - word->place.width(), row.top, right, row.bottom};
+            right = word->place.left - blank;
+        }
+        label.insert(label.end(), row.words.begin() + static_cast<std::ptrdiff_t>(first.last) + 1,
+                     row.words.end());
+        return label;
     }
 
     /// Whether a label that ends with one word goes on with another.
