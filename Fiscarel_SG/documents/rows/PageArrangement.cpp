@@ -4,11 +4,11 @@
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/rows/GridEdges.h"
 #include "Fiscarel_SG/documents/rows/PageMending.h"
+#include "Fiscarel_SG/documents/rows/SplitLabels.h"
 #include "Fiscarel_SG/documents/rows/TurnedTables.h"
 #include "Fiscarel_SG/documents/rows/Vocabulary.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <iterator>
 #include <numeric>
@@ -456,64 +456,25 @@ class Arrangement {
         });
     }
 
-    /// A label of two lines whose amount stands beside the second.
+    /// A label of two lines whose amounts stand beside the second.
     bool takeSplit(std::size_t at) {
         const auto& rows = page_.rows;
-        if (at + 1 >= rows.size() || hasFirmAmount(rows[at]) || gap(at) > 0.8) {
+        if (at + 1 >= rows.size() || gap(at) > 0.8) {
             return false;
         }
-        const Cells above = cellsOf(rows[at]);
-        const Cells below = cellsOf(rows[at + 1]);
-        const bool isLabel =
-            above.size() == 1 && below.size() >= 2
-            && std::abs(above[0].left - below[0].left) <= aligned
-            && roleOf(rows[at + 1], below[0]) == Role::text
-            && std::ranges::all_of(below.begin() + 1, below.end(), [&](const LabelPlace& cell) {
-                   return roleOf(rows[at + 1], cell) != Role::text;
-               });
-        if (!isLabel || !goesOn(rows[at].words.back(), rows[at + 1].words.front())) {
+        Words label = labelOverLines(rows[at], rows[at + 1]);
+        if (label.empty()) {
             return false;
         }
-        Words label = rows[at].words;
-        append(label, wordsOf(rows[at + 1], below[0]));
-        Words amount;
-        for (std::size_t i = 1; i < below.size(); ++i) {
-            append(amount, wordsOf(rows[at + 1], below[i]));
-        }
-        if (below.size() > 2) { // under the headings of columns, where the amounts stay
-            keep(rowOfWords(beforeColumns(std::move(label), rows[at + 1], below[0]),
-                            page_.isRecognised));
+        const Row& below = rows[at + 1];
+        const Cells cells = cellsOf(below);
+        if (cells.size() > 2) { // under the headings of columns, where the amounts stay
+            keep(rowOfWords(beforeColumns(std::move(label), below, cells[0]), page_.isRecognised));
             return true;
         }
-        compose(std::move(label), std::move(amount), rows[at].top + shift_, rows[at].height());
+        compose(std::move(label), wordsOf(below, cells[1]), rows[at].top + shift_,
+                rows[at].height());
         return true;
-    }
-
-    /// The words of a label before the columns of a row, in place of its first cell; a long one
-    /// begins farther left.
-    static Words beforeColumns(Words label, const Row& row, const LabelPlace& first) {
-        double right = first.right;
-        for (auto word = label.rbegin(); word != label.rend(); ++word) {
-            word->place = {right - word->place.width(), row.top, right, row.bottom};
-            right = word->place.left - blank;
-        }
-        label.insert(label.end(), row.words.begin() + static_cast<std::ptrdiff_t>(first.last) + 1,
-                     row.words.end());
-        return label;
-    }
-
-    /// Whether a label that ends with one word goes on with another.
-    static bool goesOn(const RowWord& last, const RowWord& next) {
-        static constexpr std::array open{
-            "der",  "des", "die", "den",   "und", "oder",  "im",   "in",   "an",  "am",  "aus",
-            "von",  "vom", "mit", "zu",    "zur", "zum",   "fur",  "uber", "per", "bei", "du",
-            "de",   "la",  "le",  "les",   "d",   "et",    "ou",   "au",   "aux", "par", "pour",
-            "sur",  "di",  "del", "della", "dei", "delle", "dell", "e",    "o",   "per", "al",
-            "alla", "ai",  "su",  "sul",   "nel", "con",   "da",   "dal"};
-        const char first = next.text.empty() ? 'A' : next.text.front();
-        return (first >= 'a' && first <= 'z') || first == '(' || last.text.ends_with('-')
-               || last.text.ends_with('/') || last.text.ends_with(',')
-               || std::ranges::find(open, last.folded) != open.end();
     }
 
     /// "amount   label".
