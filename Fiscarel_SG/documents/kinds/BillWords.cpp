@@ -83,7 +83,13 @@ const Wanted& deductibleParts() {
     static const Wanted wanted{
         {"Selbst getragene*", "Selbst bezahlte*", "Selbst finanziert*", "Eigenanteil",
          "Eigenleistung", "von Ihnen getragen*", "von Ihnen bezahlte Kosten", "Restkosten",
-         "frais à votre charge", "part à votre charge", "costi a suo carico", "quota a suo carico"},
+         "frais à votre charge", "part à votre charge", "costi a suo carico", "quota a suo carico",
+         "rimast* a suo carico",
+
+         "resté* à votre charge",
+
+         "restant à votre charge", "Kosten zu Ihren Lasten"},
+
         {"nicht", "non", "pro Tag", "Vorjahr*", "begrenzt", "limité*", "limitat*"},
         true,
         {{deductible, childcare}, {deductible, amount}, {deductible, total}, {deductible}},
@@ -153,7 +159,7 @@ const Wanted& ownBillTotals(Kind kind, bool areFeesGiven) {
         {{medical, total}, {payable}, {amount, total}, {total}, {invoice}},
         {other, refunded}};
     static const Wanted donations{{},
-                                  {"exkl*", "HT"},
+                                  {"exkl*", "HT", "au moins", "almeno", "mindestens"},
                                   true,
                                   {{deductible, donation},
                                    {deductible, contribution},
@@ -165,12 +171,13 @@ const Wanted& ownBillTotals(Kind kind, bool areFeesGiven) {
                                    {donation, yearly},
                                    {contribution, paid},
                                    {amount, paid},
+                                   {total, paid},
                                    {donation},
                                    {amount, total}},
-                                  {other, possible, tax, membership},
+                                  {other, possible, tax, membership, limit},
                                   {tax, membership}};
     static const Wanted givenToParties{
-        {}, {"exkl*", "HT"}, true, donations.meanings, {other, limit, tax}, {tax}};
+        {}, donations.without, true, donations.meanings, {other, limit, tax}, {tax}};
     static const Wanted daycare{{},
                                 {"exkl*", "HT", "Depot", "Kaution", "caution", "cauzione"},
                                 true,
@@ -236,7 +243,11 @@ const Wanted& ownBillTotals(Kind kind, bool areFeesGiven) {
     }
 }
 const Wanted& plainBillTotals() {
-    static const Wanted wanted{{"Total*",
+    static const Wanted wanted{{"la somme de",
+                                "la somma di",
+                                "die Summe von",
+                                "den Betrag von",
+                                "Total*",
                                 "Totale",
                                 "Gesamt",
                                 "Summe",

@@ -39,9 +39,11 @@ bool mayBeOfSeveralChildren(const DocumentRows& document, const std::string& iss
     static const Labels several{"Ihre Kinder",  "Ihrer Kinder", "Ihren Kindern", "Eltern von",
                                 "Kinder",       "Geschwister*", "Kind 2",        "2. Kind",
                                 "vos enfants",  "enfants",      "fratrie",       "bambini",
-                                "vostri figli", "figli",        "fratelli"};
-    static const Labels together{"Famil*",   "beide",    "alle Kinder", "zusammen",
-                                 "ensemble", "les deux", "insieme",     "both"};
+                                "vostri figli", "figli",        "fratelli",      "i bimbi"};
+    static const Labels together{"Famil*",          "beide",    "alle Kinder",      "zusammen",
+                                 "ensemble",        "les deux", "insieme",          "both",
+                                 "famigli*",        "entrambi", "tous les enfants", "tutti i figli",
+                                 "tutti i bambini", "fratrie",  "fratelli"};
     const std::string name = foldWords(issuer);
     const auto isTold = [&](const PageRows& page) {
         return std::ranges::any_of(page.rows, [&](const Row& row) {

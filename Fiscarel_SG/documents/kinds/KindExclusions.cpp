@@ -20,7 +20,10 @@ const std::vector<KindExclusion>& kindExclusions() {
            "Revenu imposable", "Reddito imponibile", "Total der Einkünfte", "Einkünfte",
            "Reineinkommen"}},
          30,
-         {},
+         // What is to be joined to one, as receipts say.
+         {"Quittung*", "quittance", "ricevuta", "Spendenbe*", "attestation fiscale",
+          "attestazione fiscale", "joindre à la déclaration", "joindre à votre déclaration",
+          "allegare alla dichiarazione"},
          true},
         {{{"Veranlagungs*",
            "Veranlagung 20*",

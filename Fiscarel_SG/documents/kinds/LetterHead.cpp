@@ -97,6 +97,9 @@ class IssuerSearch {
             return parts.size() >= 2 && page_.number != 0
                    && parts.front().row->middle() > page_.height * footBegins;
         };
+        if (const auto signedFor = signerOfReceipt(top)) {
+            return placedText(page_, *signedFor);
+        }
         if (const auto sender = firstPart(top, isSenderLine)) {
             return placedText(page_, *sender);
         }
@@ -133,6 +136,27 @@ class IssuerSearch {
                     return parts.front();
                 }
                 first = run.last + 1;
+            }
+        }
+        return std::nullopt;
+    }
+
+    /// Whom a receipt is signed for: "Pour les Amis du Refuge   le caissier"; such forms have no
+    /// letterhead.
+    std::optional<Run> signerOfReceipt(std::span<const Row> top) const {
+        static const Labels receipts{"Quittung", "Quittance", "Ricevuta", "Reçu", "Receipt"};
+        static const Labels signs{"Für", "Pour", "Per", "For"};
+        const bool isReceipt = !top.empty() && isAnyIn(top.front().folded, receipts)
+                               && isAnyIn(top.front().words.front().folded, receipts);
+        for (const Row& row : isReceipt ? std::span<const Row>(page_.rows) : top.first(0)) {
+            Run run = runFrom(page_, row, 0);
+            if (run.last < run.first + 2 || !isAnyIn(row.words[0].folded, signs)
+                || !row.amounts.empty()) {
+                continue;
+            }
+            ++run.first;
+            if (startsWithCapital(run.text()) && isWorded(run)) {
+                return run;
             }
         }
         return std::nullopt;

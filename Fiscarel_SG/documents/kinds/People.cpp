@@ -217,7 +217,24 @@ bool namesThing(const Row& row, const NamedPerson& name) {
     return namesAny(words, things, false) || findLabel(words, more, false);
 }
 
-/// The name that is all a row says before its amounts; a bullet may stand before it.
+/// Words before the name of whom a sum is of: "Totale Sofia Muster", "Total für Lea Muster".
+const Labels& sumsOf() {
+    static const Labels words{"Total",      "Totale",
+                              "Subtotal*",  "Subtotale",
+                              "Sous-total", "Zwischentotal",
+                              "Summe",      "Zwischensumme",
+                              "Totaux",     "Somma",
+                              "für",        "von",
+                              "pour",       "de",
+                              "per",        "di",
+                              "Kind",       "enfant",
+                              "figlio",     "figlia",
+                              "bambino",    "bambina"};
+    return words;
+}
+
+/// The name that is all a row says before its amounts, or all its first cell says; a bullet or the
+/// word for a sum may stand before it.
 std::optional<NamedPerson> nameOfAmount(const Row& row) {
     const auto endsName = [](const RowWord& word) {
         return word.text.find_first_of("0123456789") != std::string::npos || word.folded.empty()
@@ -225,12 +242,23 @@ std::optional<NamedPerson> nameOfAmount(const Row& row) {
     };
     const bool isFirm = std::ranges::any_of(
         row.amounts, [](const RowAmount& amount) { return amount.amount.isFirm(); });
-    const std::size_t first = !row.words.empty() && row.words[0].folded.empty() ? 1 : 0;
+    if (!isFirm) {
+        return std::nullopt;
+    }
+    std::size_t first = !row.words.empty() && row.words[0].folded.empty() ? 1 : 0;
+    while (first < row.words.size() && isAnyIn(row.words[first].folded, sumsOf())) {
+        ++first;
+    }
     std::size_t end = first;
     while (end < row.words.size() && !endsName(row.words[end])) {
         ++end;
     }
-    const bool isName = isFirm && end - first >= 2 && end - first <= 3;
+    for (const LabelPlace& cell : cellsOf(row)) {
+        if (cell.first <= first && first <= cell.last) {
+            end = std::min(end, cell.last + 1);
+        }
+    }
+    const bool isName = end >= first + 2 && end <= first + 3;
     auto name = isName ? nameAt(row, first) : std::nullopt;
     return name && !namesThing(row, *name) ? name : std::nullopt;
 }
