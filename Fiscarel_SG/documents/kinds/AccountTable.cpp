@@ -31,7 +31,7 @@ bool isIncome(const Row& cell, bool isRecognised) {
 
 /// Whether a column is that of the customer's debts where another one is that of the assets.
 bool isDebitSide(const Row& cell) {
-    static const Labels sides{"Soll", "débit", "au débit", "dare", "débits"};
+    static const Labels sides{"Soll", "débit", "au débit", "doit", "dare", "débits"};
     return isAnyIn(cell.folded, sides);
 }
 
@@ -48,10 +48,11 @@ bool hasParts(const Row& cell) {
 std::optional<Figure> figureOfSides(const Row& cell, bool isRecognised) {
     static const Labels earned{"Haben*",     "Zinsertrag*", "Habenzins*", "actifs",
                                "créanciers", "créditeurs",  "attivi",     "creditori",
-                               "reçus",      "ricevuti",    "Ertrag*",    "Zinsgutschrift*"};
-    static const Labels charged{"Soll*",     "Schuldzins*", "*aufwand",  "passifs",
-                                "débiteurs", "passivi",     "debitori",  "payés",
-                                "pagati",    "Zinslast",    "*belastung"};
+                               "reçus",      "ricevuti",    "Ertrag*",    "Zinsgutschrift*",
+                               "crédités",   "accreditat*", "credito",    "gutgeschrieben*"};
+    static const Labels charged{"Soll*",      "Schuldzins*", "*aufwand",   "passifs", "débiteurs",
+                                "passivi",    "debitori",    "payés",      "pagati",  "Zinslast",
+                                "*belastung", "débités",     "addebitat*", "debito",  "belastet*"};
     static const Labels kept{"Saldo",   "Guthaben*", "Vermögen*", "Kapital*", "solde",    "avoir*",
                              "fortune", "capital",   "avere",     "averi",    "capitale", "Haben"};
     static const Labels owed{"Schuld*", "Soll", "dette*",      "débit",   "debito",
@@ -217,6 +218,77 @@ std::optional<Figure> otherSideOf(std::optional<Figure> before, const Row& cell)
                                 : std::nullopt;
 }
 
+/// What two columns state that name both sides of an account and nothing else, beside interest:
+/// "Credito" and "Debito", "Attivo" and "Passivo". One of them alone may name a loan, and beside a
+/// balance they tell what was moved.
+void addSides(AccountHeading& heading) {
+    using enum Figure;
+    static const Labels kept{"Aktiva",
+                             "Aktiven",
+                             "actif",
+                             "actifs",
+                             "attivo",
+                             "attivi",
+                             "crédit",
+                             "credito",
+                             "Haben",
+                             "Guthaben",
+                             "Vermögen",
+                             "avoir",
+                             "avoirs",
+                             "avere",
+                             "averi",
+                             "zu Ihren Gunsten",
+                             "suo favore",
+                             "en votre faveur",
+                             "favore del cliente"};
+    static const Labels owed{"Passiva",
+                             "Passiven",
+                             "passif",
+                             "passifs",
+                             "passivo",
+                             "passivi",
+                             "débit",
+                             "debito",
+                             "Soll",
+                             "Schuld*",
+                             "Verbindlichkeit*",
+                             "doit",
+                             "dette",
+                             "dettes",
+                             "dare",
+                             "debiti",
+                             "suo carico",
+                             "en notre faveur",
+                             "zu unseren Gunsten",
+                             "favore della banca"};
+    std::optional<std::size_t> credit;
+    std::optional<std::size_t> debit;
+    bool hasInterest = false;
+    bool hasBalance = false;
+    for (std::size_t i = 0; i < heading.figures.size(); ++i) {
+        const Row& cell = heading.table.columns[i].cell;
+        const auto& figure = heading.figures[i];
+        const bool isOfInterest = isAnyIn(cell.folded, wordsFor(Concept::interest))
+                                  || figure == interest || figure == debtInterest;
+        hasInterest |= isOfInterest;
+        if (isOfInterest || cell.words.size() > 6) {
+            continue;
+        }
+        if (isAnyIn(cell.folded, kept)) {
+            credit = i;
+        } else if (isAnyIn(cell.folded, owed)) {
+            debit = i;
+        } else {
+            hasBalance |= figure == balance || figure == debt;
+        }
+    }
+    if (credit && debit && hasInterest && !hasBalance) {
+        heading.figures[*credit] = balance;
+        heading.figures[*debit] = debt;
+    }
+}
+
 AccountHeading readHeading(const PageRows& page, TableHeading table) {
     AccountHeading heading{.table = std::move(table)};
     std::optional<Figure> before;
@@ -225,6 +297,7 @@ AccountHeading readHeading(const PageRows& page, TableHeading table) {
         before = other ? other : figureOf(column.cell, page.isRecognised);
         heading.figures.push_back(before);
     }
+    addSides(heading);
     return heading;
 }
 

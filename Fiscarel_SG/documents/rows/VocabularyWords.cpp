@@ -255,6 +255,8 @@ std::vector<ConceptWords> bankWords() {
           "valeur fiscale",
           "averi",
           "avere",
+          "giacenz*",
+          "consistenza",
           "patrimonio",
           "capitale",
           "consistenza",

@@ -265,6 +265,22 @@ std::vector<Layout> columnsAndTimes() {
           {60, 178, "Steuerbarer Betrag"},
           {540, 178, "18’600.00", right}},
          {"amount=18600"}},
+        {"both sides of an account and nothing else",
+         bankauszug,
+         {{40, 60, "Banca Muster SA"},
+          {40, 90, "Attestazione fiscale 2024"},
+          {40, 130, "Prodotto"},
+          {330, 130, "Credito", right},
+          {400, 130, "Debito", right},
+          {490, 130, "Interessi attivi", right},
+          {590, 130, "Interessi passivi", right},
+          {40, 150, "Risparmio CH93 0076 2011 6238 5295 7"},
+          {330, 150, "18 250.40", right},
+          {490, 150, "91.25", right},
+          {40, 168, "Ipoteca fissa"},
+          {400, 168, "310 000.00", right},
+          {590, 168, "5 425.00", right}},
+         {"taxValue=18250.4", "incomeWithoutWithholding=91.25", "amount=310000", "interest=5425"}},
     };
 }
 
