@@ -60,7 +60,8 @@ PixPtr shared(const PixPtr& pix);
 /// 8-bit grey of any picture, on white where it is transparent; null on failure.
 PixPtr greyOf(PixPtr pix);
 
-/// Grey pixels byte by byte, row by row; Leptonica keeps them in words of the machine's order.
+/// Grey pixels byte by byte, row by row; Leptonica keeps them in words of the machine's order. The
+/// picture must not be null and have 8 bits per pixel.
 std::vector<std::uint8_t> bytesOf(const PixPtr& grey);
 
 /// The upright rectangle around mapped corners.

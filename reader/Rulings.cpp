@@ -22,17 +22,17 @@ class Page {
   public:
     Page(const Picture& picture, Way way)
         : bytes_(bytesOf(picture.grey)), width_(widthOf(picture.grey)),
-          height_(heightOf(picture.grey)), step_(way == Way::across ? width_ : 1),
-          margin_(inPixels(0.025, picture.dpi)), way_(way) {
+          height_(heightOf(picture.grey)), step_(way == Way::across ? width_ : 1), way_(way) {
         for (std::size_t i = 0; i < reaches_.size(); ++i) {
-            reaches_[i] =
-                step_ * std::max(1, inPixels(0.0085 * static_cast<double>(i + 1), picture.dpi));
+            margin_ = std::max(1, inPixels(0.0085 * static_cast<double>(i + 1), picture.dpi));
+            reaches_[i] = step_ * margin_;
         }
     }
 
     /// Where the page is darker than shortly to either side of a line that runs that way.
     PixPtr darkerThanBeside() const {
-        PixPtr dark(pixCreate(width_, height_, 1));
+        const bool hasRoom = std::min(width_, height_) > 2 * margin_;
+        PixPtr dark(hasRoom ? pixCreate(width_, height_, 1) : nullptr);
         if (!dark) {
             return nullptr;
         }
@@ -82,7 +82,7 @@ class Page {
     int width_;
     int height_;
     std::ptrdiff_t step_; ///< from a pixel to the next across the line
-    int margin_;          ///< pixels
+    int margin_ = 0;      ///< pixels to the farthest, as many as the rim must be wide
     Way way_;
     std::array<std::ptrdiff_t, 3> reaches_{}; ///< lines are thinner than the farthest
 };

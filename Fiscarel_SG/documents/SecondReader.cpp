@@ -9,7 +9,6 @@
 #include "Fiscarel_SG/documents/kinds/WageHolders.h"
 #include "Fiscarel_SG/documents/kinds/WageYear.h"
 #include "Fiscarel_SG/documents/payload/Mappers.h"
-#include "Fiscarel_SG/documents/rows/CentColumns.h"
 #include "Fiscarel_SG/documents/rows/PageArrangement.h"
 #include "Fiscarel_SG/documents/rows/Vocabulary.h"
 #include "Fiscarel_SG/documents/text/FoldedText.h"
@@ -31,9 +30,7 @@ DocumentRows rowsOf(const DocumentReading& reading) {
     DocumentRows document;
     for (const PageReading& page : reading.pages) {
         if (document.pages.size() < mostPages && !page.words.empty()) {
-            PageRows rows = buildRows(page);
-            joinCents(rows);
-            document.pages.push_back(arranged(std::move(rows)));
+            document.pages.push_back(arranged(buildRows(page)));
         }
     }
     if (document.pages.empty()) {

@@ -33,10 +33,8 @@ bool isOverLabels(const PageRows& page, std::size_t at, const Row& own, bool isO
 
 /// Whether a cell heads amounts in a currency or at its rate of exchange: "EUR", "Gegenwert CHF".
 bool isOfExchange(const Row& cell) {
-    static const Labels exchange{"*kurs",         "Kurs",       "cambio",
-                                 "cours",         "change",     "contre-valeur*",
-                                 "controvalore*", "Gegenwert*", "exchange"};
-    return findLabel(cell, exchange, false)
+    static const Labels values{"contre-valeur*", "controvalore*", "Gegenwert*"};
+    return findLabel(cell, exchangeRates(), false) || findLabel(cell, values, false)
            || std::ranges::all_of(cell.words, [](const RowWord& word) {
                   return isFrancs(word.text) || isForeignCurrency(word.text) || word.folded == "in";
               });

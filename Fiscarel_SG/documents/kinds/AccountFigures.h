@@ -25,6 +25,9 @@ constexpr std::size_t labelledFigures = 6; ///< the first ones, which have words
 /// The words of a figure; those of interest for one that tells of the tax.
 const Wanted& wantedOf(Figure figure);
 
+/// What a rate of exchange is called.
+const Labels& exchangeRates();
+
 /// Amounts by what they are.
 using Figures = std::array<std::optional<FoundAmount>, figureCount>;
 

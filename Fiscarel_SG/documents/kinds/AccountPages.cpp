@@ -116,10 +116,6 @@ bool isRowForeign(const Row& row) {
     return isForeign;
 }
 
-bool hasFrancs(const Row& row) {
-    return std::ranges::any_of(row.words, [](const RowWord& word) { return isFrancs(word.text); });
-}
-
 bool hasForeign(const Row& row) {
     return std::ranges::any_of(row.words,
                                [](const RowWord& word) { return isForeignCurrency(word.text); });
@@ -132,12 +128,10 @@ bool isUnderFrancs(const PageRows& page, std::size_t at, const RowAmount& amount
 
 /// Whether an amount stands under another currency or the rate of its exchange.
 bool isUnderForeign(const PageRows& page, std::size_t at, const RowAmount& amount) {
-    static const Labels rates{"*kurs",  "Kurs",     "cambio", "cours",
-                              "change", "exchange", "corso",  "tasso di cambio"};
     constexpr std::size_t most = 4; // words of such a heading
     const Row heading = headingOver(page, at, amount);
     return !heading.words.empty() && heading.words.size() <= most && !hasFrancs(heading)
-           && (hasForeign(heading) || findLabel(heading, rates, page.isRecognised));
+           && (hasForeign(heading) || findLabel(heading, exchangeRates(), page.isRecognised));
 }
 
 /// Whether a row heads columns of which one is of another currency and one of francs.

@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
 
 #include <algorithm>
 #include <tuple>
@@ -86,7 +87,7 @@ bool isTaxRate(const Row& cell) {
 bool isRateInPercent(const Row& cell, bool isRecognised) {
     const bool hasPercent = std::ranges::any_of(
         cell.words, [](const RowWord& word) { return word.text == "%" || word.text == "(%)"; });
-    const bool hasNumber = cell.folded.find_first_of("0123456789") != std::string::npos;
+    const bool hasNumber = hasDigit(cell.folded);
     return hasPercent && !hasNumber && !namesAny(cell, {Concept::withholding}, isRecognised);
 }
 
@@ -100,13 +101,6 @@ int yearIn(const Row& cell) {
         year = day ? day->year() : bare ? static_cast<int>(*bare) : year;
     }
     return year;
-}
-
-bool hasFrancs(const Row& cell) {
-    static const Labels francs{"Franken", "francs", "franchi"};
-    return isAnyIn(cell.folded, francs) || std::ranges::any_of(cell.words, [](const RowWord& word) {
-               return isFrancs(word.text);
-           });
 }
 
 /// Whether a cell names a year, maybe with a currency or as "31.12.", and nothing else.

@@ -240,4 +240,10 @@ const Wanted& wantedOf(Figure figure) {
     return rows[index < labelledFigures ? index : static_cast<std::size_t>(Figure::interest)];
 }
 
+const Labels& exchangeRates() {
+    static const Labels words{"*kurs",  "Kurs",     "cambio", "cours",
+                              "change", "exchange", "corso",  "tasso di cambio"};
+    return words;
+}
+
 } // namespace fiscarel

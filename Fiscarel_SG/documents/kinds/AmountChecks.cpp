@@ -173,6 +173,8 @@ std::optional<FoundAmount> totalBelow(const FoundAmount& part) {
     return std::nullopt;
 }
 
+ProposalCheck addUpTo(const Decimal& sum) { return {"Alle zusammen ergeben " + shown(sum), true}; }
+
 std::optional<ProposalCheck> repeatCheck(const std::vector<RowRange>& ranges, const Wanted& wanted,
                                          const FoundAmount& found) {
     // An instalment that is still open does not witness one that was paid.

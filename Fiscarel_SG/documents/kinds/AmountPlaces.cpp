@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/documents/kinds/AmountBelow.h"
 #include "Fiscarel_SG/documents/kinds/RowSums.h"
 #include "Fiscarel_SG/documents/kinds/SectionTotal.h"
+#include "Fiscarel_SG/documents/rows/BoxNumbers.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 
 #include <algorithm>
@@ -105,10 +106,7 @@ std::optional<Heading> headingAt(const RowRange& range, std::size_t at,
         ++heading.wanted;
     }
     // "2   Art der Versicherung   mit Jahresprämie" is a line of a form.
-    const std::string& begin = row.words[heading.columns.front().last].text;
-    const bool isNumbered = heading.columns.front().last == 0 && begin.size() <= 2
-                            && begin.find_first_not_of("0123456789") == std::string::npos;
-    const std::size_t fewest = isNumbered ? 4 : 3;
+    const std::size_t fewest = boxNumber(row) ? 4 : 3;
     const bool isHeading = heading.columns.size() >= fewest
                            && heading.wanted < heading.columns.size()
                            && heading.columns[heading.wanted].first <= place->first;

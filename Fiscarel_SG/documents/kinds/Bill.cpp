@@ -182,9 +182,15 @@ class BillMapper {
 
     /// A party's members give as others do.
     const Wanted& ownTotals() const {
-        static const Labels parties{"Partei",  "*partei",           "politische* Parteien",
-                                    "parti",   "partis politiques", "partito",
-                                    "partiti", "political party"};
+        static const Labels parties{"Partei",
+                                    "*partei",
+                                    "politische Parteien",
+                                    "politischen Parteien",
+                                    "parti",
+                                    "partis politiques",
+                                    "partito",
+                                    "partiti",
+                                    "political party"};
         return ownBillTotals(target_.kind, isAnyIn(context_.document.folded, parties));
     }
 

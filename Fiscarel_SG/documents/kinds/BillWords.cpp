@@ -81,15 +81,28 @@ const Wanted& billTotals() {
 }
 const Wanted& deductibleParts() {
     static const Wanted wanted{
-        {"Selbst getragene*", "Selbst bezahlte*", "Selbst finanziert*", "Eigenanteil",
-         "Eigenleistung", "von Ihnen getragen*", "von Ihnen bezahlte Kosten", "Restkosten",
-         "frais à votre charge", "part à votre charge", "costi a suo carico", "quota a suo carico",
-         "rimast* a suo carico",
-
-         "resté* à votre charge",
-
-         "restant à votre charge", "Kosten zu Ihren Lasten"},
-
+        {"Selbst getragene*",
+         "Selbst bezahlte*",
+         "Selbst finanziert*",
+         "Eigenanteil",
+         "Eigenleistung",
+         "von Ihnen getragen*",
+         "von Ihnen bezahlte Kosten",
+         "Restkosten",
+         "frais à votre charge",
+         "part à votre charge",
+         "costi a suo carico",
+         "quota a suo carico",
+         "rimasto a suo carico",
+         "rimasta a suo carico",
+         "rimasti a suo carico",
+         "rimaste a suo carico",
+         "resté à votre charge",
+         "restée à votre charge",
+         "restés à votre charge",
+         "restées à votre charge",
+         "restant à votre charge",
+         "Kosten zu Ihren Lasten"},
         {"nicht", "non", "pro Tag", "Vorjahr*", "begrenzt", "limité*", "limitat*"},
         true,
         {{deductible, childcare}, {deductible, amount}, {deductible, total}, {deductible}},

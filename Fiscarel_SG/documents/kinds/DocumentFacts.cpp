@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/documents/kinds/FormHeader.h"
 #include "Fiscarel_SG/documents/kinds/LetterHead.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
 
 #include <algorithm>
 #include <map>
@@ -60,11 +61,7 @@ class YearVotes {
                && std::string_view(".,:;)").find(word.back()) != std::string_view::npos) {
             word.remove_suffix(1);
         }
-        if (word.size() != 4 || !word.starts_with("20")
-            || word.find_first_not_of("0123456789") != std::string_view::npos) {
-            return std::nullopt;
-        }
-        return std::stoi(std::string(word));
+        return yearOf2000s(word);
     }
 
     static std::optional<Date> dayAt(const Row& row, std::size_t at) {

@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/kinds/LetterHead.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
 #include "Fiscarel_SG/documents/text/FoldedText.h"
 
 #include <algorithm>
@@ -71,9 +72,7 @@ bool proposeRecipients(const KindContext& context, const FoundAmount& total, con
     for (const FoundAmount& one : rows) {
         const int record = draft.addRecord(recordWith(context.facts, ProposedRecord::Kind::donation,
                                                       "Spende " + one.label, one.page->number));
-        Evidence evidence =
-            evidenceOf(one, wanted, context.isKindClear,
-                       {ProposalCheck{"Alle zusammen ergeben " + shown(total.value()), true}});
+        Evidence evidence = evidenceOf(one, wanted, context.isKindClear, {addUpTo(total.value())});
         draft.add(record, "amount", one.value(), evidence);
         evidence.confidence = Proposal::Confidence::medium;
         evidence.checks.clear();

@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/documents/kinds/LetterHead.h"
 #include "Fiscarel_SG/documents/kinds/SalaryForm.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
 
 #include <algorithm>
 #include <array>
@@ -38,8 +39,7 @@ bool isSocialSecurityNumber(std::string_view text) {
         return false;
     }
     for (std::size_t i = 0; i < form.size(); ++i) {
-        const bool isDigit = text[i] >= '0' && text[i] <= '9';
-        if (form[i] == '0' ? !isDigit : text[i] != '.') {
+        if (form[i] == '0' ? !isDigit(text[i]) : text[i] != '.') {
             return false;
         }
     }
@@ -98,11 +98,8 @@ void readDays(const PageRows& page, double bodyTop, SalaryForm& form) {
 void readYear(const PageRows& page, double bodyTop, SalaryForm& form) {
     for (const Row& row : page.rows) {
         for (const RowWord& word : row.words) {
-            const bool isYear = row.middle() < bodyTop && word.text.size() == 4
-                                && word.text.starts_with("20")
-                                && word.text.find_first_not_of("0123456789") == std::string::npos;
-            if (isYear && !form.year) {
-                form.year = std::stoi(word.text);
+            if (row.middle() < bodyTop && !form.year) {
+                form.year = yearOf2000s(word.text);
             }
         }
     }

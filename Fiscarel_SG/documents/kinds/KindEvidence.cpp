@@ -6,6 +6,7 @@
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
 #include "Fiscarel_SG/documents/rows/Vocabulary.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
 #include "Fiscarel_SG/documents/text/FoldedText.h"
 #include "Fiscarel_SG/documents/text/Isin.h"
 
@@ -36,17 +37,17 @@ constexpr int decisive = 12; ///< of the words that make a document none of the 
 int exclusionWeight(const std::string& title, const std::string& all, bool isWage, bool isOfYear) {
     int weight = 0;
     for (const KindExclusion& exclusion : kindExclusions()) {
+        using enum KindExclusion::Holds;
         const bool holds =
-            (exclusion.statesWages || !isWage) && !(exclusion.isOfSlip && isOfYear)
-            && isAnyIn(title, exclusion.all.front()) && !isAnyIn(title, exclusion.unless)
+            (exclusion.holds != withoutWage || !isWage)
+            && (exclusion.holds != onMonths || !isOfYear) && isAnyIn(title, exclusion.all.front())
+            && !isAnyIn(title, exclusion.unless)
             && std::ranges::all_of(exclusion.all,
                                    [&](const Labels& words) { return isAnyIn(all, words); });
         weight = std::max(weight, holds ? exclusion.weight : 0);
     }
     return weight;
 }
-
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 /// Whether a word has a form, 0 standing for a digit and A for a capital letter.
 bool hasForm(std::string_view word, std::string_view form) {
@@ -272,9 +273,8 @@ bool hasPillarTitle(const DocumentRows& document) {
 /// Whether a row is of one cell; beside it a year or the number of a sheet may stand.
 bool standsAlone(const Row& row) {
     const auto isOfNumbers = [&](const LabelPlace& cell) {
-        return std::ranges::any_of(wordsOf(row, cell), [](const RowWord& word) {
-            return std::ranges::any_of(word.text, isDigit);
-        });
+        return std::ranges::any_of(wordsOf(row, cell),
+                                   [](const RowWord& word) { return hasDigit(word.text); });
     };
     const auto cells = cellsOf(row);
     return cells.size() == 1
@@ -480,7 +480,8 @@ bool isPensionPaper(const DocumentRows& document) {
                               "Rentenausweis",
                               "Rentenbestätigung*",
                               "Rentenleistungen",
-                              "ausgerichtete* Rente*",
+                              "ausgerichtete Rente*",
+                              "ausgerichteten Rente*",
                               "Renten",
                               "Rentenbezug*",
                               "der Rente",
@@ -493,7 +494,8 @@ bool isPensionPaper(const DocumentRows& document) {
                               "Altersrente",
                               "*auszahlung",
                               "*auszahlungen",
-                              "ausbezahlte* Leistung*",
+                              "ausbezahlte Leistung*",
+                              "ausbezahlten Leistung*",
                               "prestations versées",
                               "prestazioni versate",
                               "Attestation de rente*",
@@ -509,12 +511,8 @@ bool isPensionPaper(const DocumentRows& document) {
 }
 
 bool isPropertyAccount(const DocumentRows& document) {
-    static const Labels letHomes{
-        "vermietete*", "Mietabrechnung*", "appartement loué",       "logement loué",
-        "bien loué",   "objet loué",      "appartamento affittato", "appartamento locato",
-        "ente locato", "decompte locatif"};
     const std::string title = titleWords(document);
-    return isAnyIn(title, propertyAccounts()) || isAnyIn(title, letHomes);
+    return isAnyIn(title, propertyAccounts()) || isAnyIn(title, letHomes());
 }
 
 } // namespace fiscarel

@@ -3,6 +3,7 @@
 namespace fiscarel {
 
 const std::vector<KindExclusion>& kindExclusions() {
+    using enum KindExclusion::Holds;
     // "Lohnausweis für die Staatssteuern 2024": a paper made for the return.
     static const Labels certificates{
         "*ausweis",    "*ausweise",    "*bescheinigung*", "*bestätigung*", "Auszug",
@@ -14,7 +15,7 @@ const std::vector<KindExclusion>& kindExclusions() {
            "Azioni"}},
          30,
          {},
-         true},
+         always},
         {{{"Steuererklärung", "Déclaration d'impôt", "Dichiarazione d'imposta"},
           {"Steuerbares Einkommen", "Satzbestimmendes*", "Wertschriftenverzeichnis",
            "Revenu imposable", "Reddito imponibile", "Total der Einkünfte", "Einkünfte",
@@ -24,7 +25,7 @@ const std::vector<KindExclusion>& kindExclusions() {
          {"Quittung*", "quittance", "ricevuta", "Spendenbe*", "attestation fiscale",
           "attestazione fiscale", "joindre à la déclaration", "joindre à votre déclaration",
           "allegare alla dichiarazione"},
-         true},
+         always},
         {{{"Veranlagungs*",
            "Veranlagung 20*",
            "Definitive Veranlagung",
@@ -54,7 +55,7 @@ const std::vector<KindExclusion>& kindExclusions() {
            "imposta cantonale", "imposta comunale", "imposta federale diretta"}},
          30,
          certificates,
-         true},
+         always},
         // A parish thanks for its taxes as others do for gifts.
         {{{"*steuer", "*steuern", "impôt*", "imposta", "imposte", "church tax"},
           {"Steuerfuss", "*steuerfuss*", "einfache Steuer", "Ausgleichssteuer*", "Steuereinheit*",
@@ -74,8 +75,7 @@ const std::vector<KindExclusion>& kindExclusions() {
            "salaire mensuel", "stipendio mensile", "salario mensile"}},
          40,
          {},
-         true,
-         true},
+         onMonths},
         {{{"*offerte", "Offerte*", "Angebot", "Kostenvoranschlag", "devis", "offre", "offerta",
            "preventivo"},
           {"CHF", "Fr", "Betrag", "Total*", "Zins*", "Kredit*", "Prämie*", "Kosten", "montant",
@@ -119,11 +119,11 @@ const std::vector<KindExclusion>& kindExclusions() {
            "imposta alla fonte", "withholding tax"}},
          80,
          {},
-         true},
+         always},
         // What supplementary benefits are computed from.
         {{{"Ergänzungsleistung*", "EL-Stelle*", "EL-Berechnung*", "prestations complémentaires",
            "prestation complémentaire", "prestazioni complementari"},
-          {"anerkannte* Ausgaben", "anerkannte Ausgaben", "Ausgabenüberschuss*", "Lebensbedarf",
+          {"anerkannten Ausgaben", "anerkannte Ausgaben", "Ausgabenüberschuss*", "Lebensbedarf",
            "anrechenbare Einnahmen", "dépenses reconnues", "excédent de dépenses",
            "revenus déterminants", "spese riconosciute", "eccedenza di spese",
            "redditi computabili"}},
@@ -242,7 +242,7 @@ const std::vector<KindExclusion>& kindExclusions() {
            "attribu*", "prix préférentiel", "bloccat*", "assegna*", "vesting", "granted"}},
          30,
          {},
-         true},
+         always},
         // What an adviser reckons with.
         {{{"*beratungsgespräch*",
            "Beratungsprotokoll*",
@@ -266,7 +266,7 @@ const std::vector<KindExclusion>& kindExclusions() {
            "financial plan*"},
           {"Annahmen", "Beispiel*", "Beispielrechnung*", "geschätzt*", "unverbindlich*",
            "hypothèses", "exemple*", "estimé*", "ipotesi", "esempi*", "stimat*", "assumptions",
-           "Steuerersparnis*", "économie* d'impôt"}},
+           "Steuerersparnis*", "économie d'impôt*", "économies d'impôt*"}},
          30},
         // A tenant's share of heating and the like, a lease, a new rent.
         {{{"Nebenkostenabrechnung*", "Heizkostenabrechnung*", "Heiz- und Nebenkosten*",

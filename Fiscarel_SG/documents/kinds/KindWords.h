@@ -28,16 +28,23 @@ const Labels& homesOfCare();
 /// What accounts of managers of buildings are called, or speak of.
 const Labels& propertyAccounts();
 
+/// What titles of such accounts call a home that is let.
+const Labels& letHomes();
+
 /// Those of bills, donations, day care, courses, policies and valuations among them.
 const std::vector<KindWords>& kindWordsOfBills();
 
 /// Words that make a document none of the kinds: one of each list, of the first one in the title.
 struct KindExclusion {
+    enum class Holds {
+        withoutWage, ///< not where a wage adds up
+        always,      ///< a wage that adds up may stand on such a paper too
+        onMonths     ///< with a wage or without, but not on the slip of a whole year
+    };
     std::vector<Labels> all;
     int weight = 0;
-    Labels unless = {};       ///< with one of these in the title it is none
-    bool statesWages = false; ///< a wage that adds up may stand on such a paper too
-    bool isOfSlip = false;    ///< goes for slips on a month's wage, not for those on a whole year's
+    Labels unless = {}; ///< with one of these in the title it is none
+    Holds holds = Holds::withoutWage;
 };
 
 /// Annexes on employee shares, tax returns, assessments and tax bills, payslips, offers, insurances

@@ -42,6 +42,14 @@ const Labels& propertyAccounts() {
     return words;
 }
 
+const Labels& letHomes() {
+    static const Labels words{
+        "vermietete*", "Mietabrechnung*", "appartement loué",       "logement loué",
+        "bien loué",   "objet loué",      "appartamento affittato", "appartamento locato",
+        "ente locato", "décompte locatif"};
+    return words;
+}
+
 const std::vector<KindWords>& kindWordsOfBills() {
     using enum StoredDocument::Kind;
     static const std::vector<KindWords> rows{
@@ -155,16 +163,17 @@ const std::vector<KindWords>& kindWordsOfBills() {
         // What goes to a party is deducted as gifts are (DBG Art. 33 I i).
         {spende,
          4,
-         {"politische* Parteien", "politischen Partei", "partis politiques", "parti politique",
-          "partiti politici", "partito politico", "Parteibeitr*", "Mandatsbeitr*",
-          "contribution* au parti", "contribut* al partito", "political part*"}},
+         {"politische Parteien", "politischen Parteien", "politischen Partei", "partis politiques",
+          "parti politique", "partiti politici", "partito politico", "Parteibeitr*",
+          "Mandatsbeitr*", "contribution au parti", "contributions au parti",
+          "contributo al partito", "contributi al partito", "political part*"}},
         {spende,
          4,
-         {"freiwillig* Beitrag", "freiwilliger Beitrag", "freiwilligen Beitrag",
-          "freiwillige Beiträge", "contribution* volontaire*", "versement* bénévole*",
-          "contributo volontario", "contributi volontari", "contributo libero",
-          "versamento volontario", "versamenti volontari", "Wahlkampf*", "campagne électorale",
-          "campagna elettorale", "voluntary contribution*"}},
+         {"freiwilliger Beitrag", "freiwilligen Beitrag", "freiwillige Beiträge",
+          "contribution volontaire", "contributions volontaires", "versement bénévole",
+          "versements bénévoles", "contributo volontario", "contributi volontari",
+          "contributo libero", "versamento volontario", "versamenti volontari", "Wahlkampf*",
+          "campagne électorale", "campagna elettorale", "voluntary contribution*"}},
         {spende, 4, {"*spende",      "*spenden",     "Spende*",     "Spender*",    "*zuwendung*",
                      "Vergabung*",   "Don",          "Dons",        "Donation*",   "Donazion*",
                      "Donateur*",    "Donatric*",    "Donatore",    "Gönner*",     "gespendet*",
@@ -508,7 +517,8 @@ const std::vector<KindWords>& kindWordsOfBills() {
           "loyers encaissés",
           "loyers nets",
           "loyers*",
-          "Amministrazion* immobiliar*",
+          "Amministrazione immobiliare",
+          "Amministrazioni immobiliari",
           "Gestione immobili*",
           "fondo di rinnov*",
           "pigione*",

@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/LetterHead.h"
 
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
 #include "Fiscarel_SG/documents/text/FoldedText.h"
 
 #include <algorithm>
@@ -23,7 +24,7 @@ bool isTown(std::string_view text) {
             text.remove_prefix(prefix.size());
         }
     }
-    return text.size() > 6 && text.find_first_not_of("0123456789") == 4 && text[4] == ' '
+    return text.size() > 6 && hasOnlyDigits(text.substr(0, 4)) && text[4] == ' '
            && !hasDigit(text.substr(5, 2));
 }
 

@@ -59,10 +59,6 @@ std::optional<Run> runBelow(const PageRows& page, std::size_t at, double left) {
     return std::nullopt;
 }
 
-bool hasDigit(std::string_view text) {
-    return text.find_first_of("0123456789") != std::string_view::npos;
-}
-
 bool startsWithCapital(std::string_view text) {
     return !text.empty()
            && ((text[0] >= 'A' && text[0] <= 'Z') || static_cast<unsigned char>(text[0]) >= 0x80);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Fiscarel_SG/documents/rows/PageRows.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
 
 #include <cstddef>
 #include <optional>
@@ -37,7 +38,6 @@ std::optional<Run> runBelow(const PageRows& page, std::size_t at, double left);
 
 /// Whether any digit stands in a text, and whether it begins with a capital; an empty one does
 /// neither. Letters beyond ASCII count as capitals.
-bool hasDigit(std::string_view text);
 bool startsWithCapital(std::string_view text);
 
 } // namespace fiscarel

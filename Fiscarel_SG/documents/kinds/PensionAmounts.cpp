@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/kinds/PensionWords.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
 
 #include <algorithm>
 #include <cmath>
@@ -82,10 +83,7 @@ void appendBehind(const PageRows& page, std::size_t at, const RowAmount& amount,
 /// "7 mensilità", "12 Monate": what a row above says, but heads no column.
 bool tellsMonths(const Row& words) {
     for (std::size_t i = 0; i + 1 < words.words.size(); ++i) {
-        const std::string& count = words.words[i].folded;
-        const bool isCount = !count.empty() && count.size() <= 2
-                             && count.find_first_not_of("0123456789") == std::string::npos;
-        if (isCount && isAnyIn(words.words[i + 1].folded, units())) {
+        if (smallNumber(words.words[i].folded, 2) && isAnyIn(words.words[i + 1].folded, units())) {
             return true;
         }
     }
@@ -181,14 +179,13 @@ std::set<int> unitCounts(const DocumentRows& document) {
                 if (isInAmount) { // "2 582.00"
                     continue;
                 }
-                const bool isCount = !text.empty() && text.size() <= 3
-                                     && text.find_first_not_of("0123456789") == std::string::npos;
+                const auto count = smallNumber(text, 3);
                 const bool isProduct = row.folded.find(" x ") != std::string::npos
                                        || std::ranges::any_of(row.words, [](const RowWord& one) {
                                               return one.text.find("×") != std::string::npos;
                                           });
-                if (isCount && (isOfMonths || isProduct || hasFirmAmount(row))) {
-                    counts.insert(std::stoi(text));
+                if (count && (isOfMonths || isProduct || hasFirmAmount(row))) {
+                    counts.insert(*count);
                 }
             }
         }

@@ -116,7 +116,8 @@ const Labels& noPension() {
                               "limite*",
                               "*grenze*",
                               "Rückforderung*",
-                              "Nachzahlung* für"};
+                              "Nachzahlung für",
+                              "Nachzahlungen für"};
     return words;
 }
 

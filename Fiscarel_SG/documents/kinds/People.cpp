@@ -4,6 +4,7 @@
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
 #include "Fiscarel_SG/documents/rows/Vocabulary.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
 
 #include <algorithm>
 #include <string_view>
@@ -237,8 +238,7 @@ const Labels& sumsOf() {
 /// word for a sum may stand before it.
 std::optional<NamedPerson> nameOfAmount(const Row& row) {
     const auto endsName = [](const RowWord& word) {
-        return word.text.find_first_of("0123456789") != std::string::npos || word.folded.empty()
-               || isFrancs(word.text);
+        return hasDigit(word.text) || word.folded.empty() || isFrancs(word.text);
     };
     const bool isFirm = std::ranges::any_of(
         row.amounts, [](const RowAmount& amount) { return amount.amount.isFirm(); });

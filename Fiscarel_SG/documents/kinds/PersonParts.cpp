@@ -310,7 +310,7 @@ std::optional<ProposalCheck> togetherCheck(const DocumentRows& document,
     if (parts.size() < 2 || !findPrinted(document, sum)) {
         return std::nullopt;
     }
-    return ProposalCheck{"Alle zusammen ergeben " + shown(sum), true};
+    return addUpTo(sum);
 }
 
 } // namespace fiscarel

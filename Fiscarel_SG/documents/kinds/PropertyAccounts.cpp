@@ -52,14 +52,12 @@ const Wanted& plainUpkeep() {
 
 /// Hides what a rent is told to be without: "ohne Nebenkosten", "hors charges".
 DocumentRows withoutExclusions(DocumentRows document) {
-    static const Labels excluded{"ohne Nebenkosten*",  "ohne NK",
-                                 "exkl* Nebenkosten*", "exkl* NK",
-                                 "ohne Akonto*",       "hors charges",
-                                 "sans charges",       "sans acomptes",
-                                 "sans les charges",   "charges non comprises",
-                                 "senza spese",        "senza acconti",
-                                 "senza le spese",     "escluse le spese",
-                                 "spese escluse"};
+    static const Labels excluded{
+        "ohne Nebenkosten*", "ohne NK",       "exkl Nebenkosten*", "exklusive Nebenkosten*",
+        "exkl NK",           "exklusive NK",  "ohne Akonto*",      "hors charges",
+        "sans charges",      "sans acomptes", "sans les charges",  "charges non comprises",
+        "senza spese",       "senza acconti", "senza le spese",    "escluse le spese",
+        "spese escluse"};
     for (PageRows& page : document.pages) {
         for (Row& row : page.rows) {
             const auto place = findLabel(row, excluded, page.isRecognised);

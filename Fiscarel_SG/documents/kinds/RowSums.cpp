@@ -1,5 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/RowSums.h"
 
+#include "Fiscarel_SG/documents/text/Digits.h"
+
 #include <algorithm>
 #include <string>
 
@@ -8,9 +10,7 @@ namespace fiscarel {
 std::optional<std::size_t> productOf(const Row& row, const std::vector<Decimal>& amounts,
                                      const Decimal& price) {
     for (const RowWord& word : row.words) {
-        const bool isCount = !word.text.empty() && word.text.size() <= 3
-                             && word.text.find_first_not_of("0123456789") == std::string::npos;
-        const Decimal count = isCount ? Decimal(std::stoi(word.text)) : Decimal(0);
+        const Decimal count(smallNumber(word.text, 3).value_or(0));
         const auto product = std::ranges::find(amounts, price * count);
         if (count >= 2 && product != amounts.end()) {
             return static_cast<std::size_t>(product - amounts.begin());

@@ -4,6 +4,7 @@
 #include "Fiscarel_SG/documents/kinds/FormHeader.h"
 #include "Fiscarel_SG/documents/kinds/SalaryNumbers.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
 
 #include <algorithm>
 #include <cmath>
@@ -101,7 +102,8 @@ int liechtensteinNumber(SalaryBox box) {
     }
 }
 
-bool isLiechtenstein(const PageRows& page) {
+/// Whether a certificate is the principality's: its name stands at the top of the form.
+bool isPrincipalitysForm(const PageRows& page) {
     static const Label name{"Fürstentum Liechtenstein"};
     return std::ranges::any_of(page.rows, [&](const Row& row) {
         return row.middle() < page.height / 3 && findLabel(row, name, page.isRecognised);
@@ -118,8 +120,7 @@ struct Anchor {
 
 /// A number without points is none of the form's: "13.3" is a label, 133 is not.
 bool isPlainNumber(const Row& row, const LabelPlace& place) {
-    const std::string& text = row.words[place.first].text;
-    return text.find_first_not_of("0123456789") == std::string::npos;
+    return hasOnlyDigits(row.words[place.first].text);
 }
 
 /// All rows with labels, from top to bottom. A label out of the form's order is one that a remark
@@ -128,7 +129,7 @@ std::vector<Anchor> findAnchors(const PageRows& page) {
     std::vector<Anchor> anchors;
     const auto& table = boxLabels();
     std::size_t reached = 0;
-    const bool isForeign = isLiechtenstein(page);
+    const bool isForeign = isPrincipalitysForm(page);
     for (const Row& row : page.rows) {
         const int number = boxNumberOf(row);
         for (std::size_t i = 0; i < table.size(); ++i) {
@@ -259,7 +260,7 @@ std::vector<SalaryForm> readSalaryForms(const DocumentRows& document) {
         const int named = hasBox(anchors, gross) + hasBox(anchors, social)
                           + hasBox(anchors, pensionFund) + hasBox(anchors, net);
         const bool isNamed = named >= 3 || (hasBox(anchors, gross) && hasBox(anchors, net));
-        SalaryForm form{.page = &page, .isLiechtenstein = isLiechtenstein(page)};
+        SalaryForm form{.page = &page, .isLiechtenstein = isPrincipalitysForm(page)};
         if (isNamed) {
             takeAmounts(page, anchors, form);
         }

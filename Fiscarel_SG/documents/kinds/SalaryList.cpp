@@ -7,6 +7,7 @@
 #include "Fiscarel_SG/documents/kinds/SalaryTable.h"
 #include "Fiscarel_SG/documents/kinds/SalaryWords.h"
 #include "Fiscarel_SG/documents/kinds/WageHolders.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
 
 #include <algorithm>
 #include <array>
@@ -140,11 +141,6 @@ class Search {
     Table table_;
     Choice current_;
 };
-
-bool isLiechtenstein(const DocumentRows& document) {
-    static const Labels names{"Fürstentum Liechtenstein", "PEID", "PEID-Nr", "BPVG"};
-    return isAnyIn(document.folded, names);
-}
 
 /// What is taken off between a gross and a net wage, row by row.
 class Deductions {
@@ -326,7 +322,7 @@ class SalaryBlocks {
                             form.page->rows.begin() + static_cast<std::ptrdiff_t>(end));
         readFormHeader(heading, form.page->rows[end].top, form);
         form.isPension = false;
-        form.isLiechtenstein = isLiechtenstein(document_);
+        form.isLiechtenstein = isOfPrincipality(document_);
         form.year = facts_.year;
         form.person.clear();
         for (const Row& row : heading.rows) {
@@ -374,7 +370,7 @@ std::vector<SalaryForm> readPages(const DocumentRows& document) {
                 return other.value(SalaryBox::gross) == form->value(SalaryBox::gross);
             });
         if (form && isProven(*form) && !isCopy) {
-            form->isLiechtenstein = isLiechtenstein(document);
+            form->isLiechtenstein = isOfPrincipality(document);
             readFormHeader(page, topOf(*form), *form);
             form->isPension = false;
             forms.push_back(std::move(*form));
@@ -465,7 +461,7 @@ std::vector<SalaryForm> readSalaryLists(const DocumentRows& document) {
     if (!form) {
         return {};
     }
-    form->isLiechtenstein = isLiechtenstein(document);
+    form->isLiechtenstein = isOfPrincipality(document);
     readFormHeader(*form->page, topOf(*form), *form);
     return {std::move(*form)};
 }

@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/SalaryNumbers.h"
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
 
 #include <algorithm>
 #include <array>
@@ -42,10 +43,8 @@ int closingNumber(const Row& row) {
         }
         text.remove_prefix(isOpened ? 1 : 0);
         text = text.substr(0, text.find_first_of(".)]"));
-        const bool isNumber = !text.empty() && text.size() <= 2
-                              && text.find_first_not_of("0123456789") == std::string_view::npos;
-        if (isNumber) {
-            return std::stoi(std::string(text));
+        if (const auto number = smallNumber(text, 2)) {
+            return *number;
         }
     }
     return 0;

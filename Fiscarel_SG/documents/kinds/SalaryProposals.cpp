@@ -32,21 +32,25 @@ std::string foreignNumber(const std::string& number) {
                               : "8";
 }
 
+/// A box as the certificate's own number names it.
+std::string placeOf(const SalaryForm& form, const std::string& number) {
+    return "Ziffer " + (form.isLiechtenstein ? foreignNumber(number) : number);
+}
+
 /// The evidence of a box found by its place. Recognised text needs the arithmetic to be sure.
-Evidence evidenceOf(const SalaryForm& form, SalaryBox box, const std::string& number,
+Evidence evidenceOf(const SalaryForm& form, SalaryBox box, const std::string& place,
                     const std::optional<ProposalCheck>& check) {
     const RowAmount& amount = form.boxes.at(box);
     const PageRows& page = form.pageOf(box);
     const bool isProven = check && check->passed;
-    Evidence evidence{
-        .witness = Witness::position,
-        .confidence = isProven && !form.isGuess && (form.isMarked || form.hasDeductions())
-                          ? Confidence::high
-                          : Confidence::medium,
-        .reason = "Der Betrag entspricht Ziffer "
-                  + (form.isLiechtenstein ? foreignNumber(number) : number) + " des Lohnausweises",
-        .page = page.number,
-        .box = pageBox(amount.printed, page)};
+    Evidence evidence{.witness = Witness::position,
+                      .confidence =
+                          isProven && !form.isGuess && (form.isMarked || form.hasDeductions())
+                              ? Confidence::high
+                              : Confidence::medium,
+                      .reason = "Der Betrag entspricht " + place + " des Lohnausweises",
+                      .page = page.number,
+                      .box = pageBox(amount.printed, page)};
     evidence.reason += page.isRecognised ? " (Texterkennung)." : ".";
     if (check) {
         evidence.checks.push_back(*check);
@@ -88,7 +92,7 @@ void proposePension(const SalaryForm& form, ProposalDraft& draft) {
     }
     const char* number = net != form.boxes.end() ? "11" : "8";
     draft.add(record, "amount", taken.second.amount.value,
-              evidenceOf(form, taken.first, number, check));
+              evidenceOf(form, taken.first, placeOf(form, number), check));
     draft.add(record, "label", form.employer,
               {.witness = Witness::position,
                .confidence = Confidence::medium,
@@ -129,7 +133,7 @@ void proposeSalaryForm(const SalaryForm& form, ProposalDraft& draft) {
     for (const FieldOfBox& row : amountFields) {
         if (const auto found = form.boxes.find(row.box); found != form.boxes.end()) {
             draft.add(record, row.field, found->second.amount.value,
-                      evidenceOf(form, row.box, row.number, check));
+                      evidenceOf(form, row.box, placeOf(form, row.number), check));
         }
     }
     if (form.isLiechtenstein) {
@@ -144,7 +148,9 @@ void proposeSalaryForm(const SalaryForm& form, ProposalDraft& draft) {
         const bool isFlat = form.boxes.contains(SalaryBox::otherFlat);
         const SalaryBox box = isFlat ? SalaryBox::otherFlat : SalaryBox::otherEffective;
         draft.add(record, "flatRateExpenses", expenses,
-                  evidenceOf(form, box, "13.1.2 und 13.2.3", std::nullopt));
+                  evidenceOf(form, box,
+                             form.isLiechtenstein ? "den Spesen" : "den Ziffern 13.1.2 und 13.2.3",
+                             std::nullopt));
     }
     proposeWords(form, record, draft);
 }

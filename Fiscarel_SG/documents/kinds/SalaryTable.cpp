@@ -6,6 +6,7 @@
 #include "Fiscarel_SG/documents/kinds/WageHolders.h"
 #include "Fiscarel_SG/documents/kinds/WageYear.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
 
 #include <algorithm>
 #include <map>

@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
 #include "Fiscarel_SG/documents/rows/Vocabulary.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
 #include "Fiscarel_SG/documents/text/FoldedText.h"
 
 #include <algorithm>
@@ -37,28 +38,23 @@ int monthOfHeading(std::string_view word) {
 /// The month of "12/2024" or "12.2024"; 0 for other words.
 int monthOfNumbers(std::string_view text) {
     const std::size_t mark = text.find_first_of("./-");
-    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
     const bool isForm =
         (mark == 1 || mark == 2) && text.size() == mark + 5
         && std::ranges::count_if(text, isDigit) == static_cast<std::ptrdiff_t>(text.size() - 1);
-    const int month = isForm ? std::stoi(std::string(text.substr(0, mark))) : 0;
+    const int month = isForm ? smallNumber(text.substr(0, mark), 2).value_or(0) : 0;
     return month <= 12 ? month : 0;
 }
 
 /// The year a text begins with; 0 where it does with none.
-int yearIn(const std::string& text) {
-    const bool isYear =
-        text.size() >= 4 && text.starts_with("20")
-        && std::ranges::all_of(text.substr(0, 4), [](char c) { return c >= '0' && c <= '9'; });
-    return isYear ? std::stoi(text.substr(0, 4)) : 0;
-}
+int yearIn(std::string_view text) { return yearOf2000s(text.substr(0, 4)).value_or(0); }
 
 /// Whether a word is a day's number: "14", "1.", "1er".
 bool isDayNumber(const RowWord& word) {
-    const std::size_t digits = word.text.find_first_not_of("0123456789");
-    const std::size_t count = digits == std::string::npos ? word.text.size() : digits;
-    return (count == 1 || count == 2) && word.text.size() - count <= 3
-           && std::stoi(word.text.substr(0, count)) <= 31;
+    const std::string_view text = word.text;
+    const auto count =
+        static_cast<std::size_t>(std::ranges::find_if_not(text, isDigit) - text.begin());
+    const auto day = smallNumber(text.substr(0, count), 2);
+    return day && *day <= 31 && text.size() - count <= 3;
 }
 
 /// Words of a title or label that says which time a wage is for.
@@ -79,15 +75,21 @@ bool isDay(const RowWord& word, int month, int day) {
            || word.folded == (std::string(day == 1 ? "01 01" : "31 12"));
 }
 
-bool namesWholeYear(const Row& row) {
-    static const Labels years{"Jahr", "Jahres*", "année", "annuel*", "annua*", "annuo", "anno"};
+const Labels& wordsForYear() {
+    static const Labels words{"Jahr",  "Jahres*", "Gesamtjahr", "année", "annuel*", "annua*",
+                              "annuo", "annui",   "anno",       "year",  "annual",  "yearly"};
+    return words;
+}
+
+/// Whether a title tells that a wage is for a whole year; a year's number alone does not.
+bool tellsWholeYear(const Row& row) {
     const auto& words = row.words;
     const auto has = [&](int month, int day) {
         return std::ranges::any_of(words,
                                    [&](const RowWord& word) { return isDay(word, month, day); });
     };
     return isWholeSpan(monthsOf(row)) || (has(1, 1) && has(12, 31))
-           || findLabel(row, years, false).has_value();
+           || findLabel(row, wordsForYear(), false).has_value();
 }
 
 } // namespace
@@ -107,10 +109,8 @@ std::set<int> monthsOf(const Row& words) {
 bool isWholeSpan(const std::set<int>& months) { return months == std::set<int>{1, 12}; }
 
 bool namesYear(const Row& words) {
-    static const Labels years{"Jahr",    "Jahres*", "*jahr",  "Gesamtjahr", "année",
-                              "annuel*", "annua*",  "annuo",  "annui",      "anno",
-                              "year",    "annual",  "yearly", "20*"};
-    return findLabel(words, years, false).has_value();
+    static const Labels numbers{"*jahr", "20*"};
+    return findLabel(words, wordsForYear(), false) || findLabel(words, numbers, false);
 }
 
 void SlipMonths::add(const Row& row) {
@@ -172,6 +172,9 @@ WageSpan spanOfHead(const DocumentRows& document) {
                                   "dès",   "depuis",  "jusqu*",   "en",      "dal",
                                   "dalla", "fino",    "entrée",   "entrata", "since",
                                   "from",  "service", "servizio", "ufficio", "until"};
+    if (document.pages.empty()) {
+        return WageSpan::unknown;
+    }
     bool isMonth = false;
     bool isYear = false;
     for (const Row& row : document.pages.front().rows) {
@@ -186,7 +189,7 @@ WageSpan spanOfHead(const DocumentRows& document) {
         }
         SlipMonths months;
         months.add(row);
-        isYear |= namesWholeYear(row);
+        isYear |= tellsWholeYear(row);
         isMonth |= months.named().size() == 1;
     }
     return isYear == isMonth ? WageSpan::unknown : isYear ? WageSpan::year : WageSpan::month;

@@ -5,6 +5,7 @@
 #include "Fiscarel_SG/documents/kinds/LetterHead.h"
 #include "Fiscarel_SG/documents/kinds/WageYear.h"
 #include "Fiscarel_SG/documents/rows/Vocabulary.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
 
 #include <algorithm>
 #include <set>
@@ -47,11 +48,18 @@ bool isPersonName(const Row& words) {
            && !namesWholeYear(words);
 }
 
+bool isOfPrincipality(const DocumentRows& document) {
+    static const Labels names{"Fürstentum Liechtenstein", "PEID", "PEID-Nr", "BPVG"};
+    return isAnyIn(document.folded, names);
+}
+
 void readHolder(const Row& row, SalaryForm& form) {
+    constexpr int recentYear = 2020; // where the paper tells none
+    constexpr int youngest = 10;     // years; later days are of an employment
     for (const RowWord& word : row.words) {
         const auto day = parseDay(word.text);
-        const int year = form.year.value_or(2020);
-        if (day && !form.birthDate && day->year() + 10 < year) {
+        const int year = form.year.value_or(recentYear);
+        if (day && !form.birthDate && day->year() + youngest < year) {
             form.birthDate = day;
         }
     }
@@ -71,12 +79,11 @@ bool namesSeveralInsured(const PageRows& page) {
 }
 
 void readAroundWage(const DocumentRows& document, double top, SalaryForm& form) {
-    static const Labels principality{"Fürstentum Liechtenstein", "PEID", "PEID-Nr", "BPVG"};
     const SalaryForm own = form;
     const DocumentFacts facts = readFacts(document);
     readFormHeader(*form.page, top, form);
     form.isPension = false;
-    form.isLiechtenstein = isAnyIn(document.folded, principality);
+    form.isLiechtenstein = isOfPrincipality(document);
     form.year = facts.year ? facts.year : form.year;
     const bool isHeld = !own.person.empty() || own.birthDate || !own.socialSecurityNumber.empty();
     if (isHeld) {

@@ -2,31 +2,15 @@
 
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/rows/GridEdges.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
 
 #include <cmath>
 #include <cstddef>
-#include <optional>
-#include <string>
+#include <string_view>
 
 namespace fiscarel {
 
 namespace {
-
-/// The number of one or two digits a row begins with, in a cell of its own.
-std::optional<int> boxNumber(const Row& row) {
-    if (row.words.size() < 2) {
-        return std::nullopt;
-    }
-    const auto cells = cellsOf(row);
-    std::string text = row.words[0].text;
-    if (text.ends_with('.')) {
-        text.pop_back();
-    }
-    const bool isNumber = !text.empty() && text.size() <= 2
-                          && text.find_first_not_of("0123456789") == std::string::npos;
-    return isNumber && cells.size() >= 2 && cells.front().last == 0 ? std::optional(std::stoi(text))
-                                                                    : std::nullopt;
-}
 
 /// Whether a row of words stands close above another one, right of its first cell.
 bool hasLabelAbove(const PageRows& page, std::size_t at) {
@@ -41,6 +25,18 @@ bool hasLabelAbove(const PageRows& page, std::size_t at) {
 }
 
 } // namespace
+
+std::optional<int> boxNumber(const Row& row) {
+    if (row.words.size() < 2) {
+        return std::nullopt;
+    }
+    std::string_view text = row.words[0].text;
+    if (text.ends_with('.')) {
+        text.remove_suffix(1);
+    }
+    const auto cells = cellsOf(row);
+    return cells.size() >= 2 && cells.front().last == 0 ? smallNumber(text, 2) : std::nullopt;
+}
 
 void dropBoxNumbers(PageRows& page) {
     constexpr int fewest = 3; // boxes

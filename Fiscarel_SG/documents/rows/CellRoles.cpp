@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 
+#include "Fiscarel_SG/documents/text/Digits.h"
 #include "Fiscarel_SG/documents/text/Utf8Letters.h"
 
 #include <algorithm>
@@ -45,6 +46,10 @@ bool hasFirmAmount(const Row& row, const LabelPlace& cell) {
     });
 }
 
+bool hasFrancs(const Row& row) {
+    return std::ranges::any_of(row.words, [](const RowWord& word) { return isFrancs(word.text); });
+}
+
 bool saysNone(const Row& row, const LabelPlace& cell) {
     static constexpr std::array<std::string_view, 14> words{
         "kein",  "keine", "keiner", "keines",  "entfallt", "aucun", "aucune",
@@ -76,7 +81,7 @@ bool hasOnlyAmounts(const Row& row) {
 
 bool endsSentence(const RowWord& word) {
     return word.text.size() > 4 && word.text.ends_with('.') && !word.folded.empty()
-           && word.folded.find_first_of("0123456789") == std::string::npos;
+           && !hasDigit(word.folded);
 }
 
 bool endsSentence(const Row& row, std::size_t at) {

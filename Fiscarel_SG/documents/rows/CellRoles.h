@@ -18,6 +18,9 @@ bool hasFirmAmount(const Row& row, const LabelPlace& cell);
 /// Whether a row has such amounts and nothing else.
 bool hasOnlyAmounts(const Row& row);
 
+/// Whether a word of a row is the currency, by its code or name.
+bool hasFrancs(const Row& row);
+
 /// Whether a cell says that there is no amount: "keine", "aucun".
 bool saysNone(const Row& row, const LabelPlace& cell);
 

@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/rows/GridEdges.h"
 
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,19 +15,19 @@ using Cells = std::vector<LabelPlace>;
 
 /// Whether a cell is a bare number, maybe with its unit: a value where labels stand beside it.
 bool isNumber(const Row& row, const LabelPlace& cell) {
-    return lettersIn(row, cell) < 3 && std::ranges::any_of(row.words[cell.first].text, [](char c) {
-               return c >= '0' && c <= '9';
-           });
+    return lettersIn(row, cell) < 3 && hasDigit(row.words[cell.first].text);
 }
 
 } // namespace
 
 std::vector<LabelPlace> headsOf(const Row& row) {
+    constexpr double widestNumber = 14; // points; of a box, not an amount
     Cells heads = cellsOf(row);
     for (std::size_t i = 0; i + 1 < heads.size();) {
         const bool isNear = heads[i + 1].left - heads[i].right < row.height();
-        if (isNear && heads[i].first == heads[i].last && heads[i].right - heads[i].left < 14
-            && lettersIn(row, heads[i]) == 0 && isNumber(row, heads[i])) {
+        if (isNear && heads[i].first == heads[i].last
+            && heads[i].right - heads[i].left < widestNumber && lettersIn(row, heads[i]) == 0
+            && isNumber(row, heads[i])) {
             heads[i + 1].first = heads[i].first;
             heads[i + 1].left = heads[i].left;
             heads.erase(heads.begin() + static_cast<std::ptrdiff_t>(i));
@@ -84,15 +85,6 @@ bool fitsEdges(const Row& row, const std::vector<double>& edges) {
     return begins && !crossesEdges(row, edges);
 }
 
-bool fitsCards(const Row& row, const std::vector<double>& edges) {
-    return !crossesEdges(row, edges)
-           && std::ranges::any_of(cellsOf(row), [&](const LabelPlace& cell) {
-                  return std::ranges::any_of(edges, [&](double edge) {
-                      return cell.left > edge - aligned && cell.left < edge + cardIndent;
-                  });
-              });
-}
-
 bool repeatsAtEdges(const Row& row, const std::vector<double>& edges) {
     const Cells cells = cellsOf(row);
     return !cells.empty() && std::ranges::all_of(edges, [&](double edge) {
@@ -105,6 +97,12 @@ bool repeatsAtEdges(const Row& row, const std::vector<double>& edges) {
 
 bool isLeftOf(const Row& row, const std::vector<double>& edges) {
     return !row.words.empty() && row.words.back().place.right < edges.front() - aligned;
+}
+
+bool hasOnlyLabels(const Row& row) {
+    return std::ranges::all_of(headsOf(row), [&](const LabelPlace& cell) {
+        return lettersIn(row, cell) >= 2 && !saysNone(row, cell);
+    });
 }
 
 std::optional<std::vector<std::size_t>> gridColumns(const Row& labels, const Row& values) {

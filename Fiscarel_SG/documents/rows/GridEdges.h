@@ -8,8 +8,7 @@
 
 namespace fiscarel {
 
-constexpr double aligned = 4;     ///< points that edges of one column may differ by
-constexpr double cardIndent = 16; ///< points that a card's lines may stand right of its head
+constexpr double aligned = 4; ///< points that edges of one column may differ by
 
 /// The cells of a row of labels, the number of a box as part of its label: "3  Intérêts bruts".
 std::vector<LabelPlace> headsOf(const Row& row);
@@ -22,13 +21,12 @@ std::vector<double> pairEdges(const Row& row, bool areBare = false);
 bool fitsEdges(const Row& row, const std::vector<double>& edges);
 /// Whether a cell of a row goes across one of the edges.
 bool crossesEdges(const Row& row, const std::vector<double>& edges);
-/// Whether a row has cells in the columns of cards only, one of them in a further card: its lines
-/// may stand a little right of their head.
-bool fitsCards(const Row& row, const std::vector<double>& edges);
 /// Whether a row that fits edges begins with the same word behind each: "Typ A   Typ B".
 bool repeatsAtEdges(const Row& row, const std::vector<double>& edges);
 /// Whether all of a row stands left of the second column.
 bool isLeftOf(const Row& row, const std::vector<double>& edges);
+/// Whether each cell of a row is words, no amount and no sign for none.
+bool hasOnlyLabels(const Row& row);
 /// Rows above each other, the lower one with amounts, that make a grid of labels and values: index
 /// of the label's cell for each cell of the values.
 std::optional<std::vector<std::size_t>> gridColumns(const Row& labels, const Row& values);

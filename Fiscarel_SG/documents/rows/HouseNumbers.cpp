@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/rows/HouseNumbers.h"
 
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
 
 #include <algorithm>
 #include <cmath>
@@ -9,8 +10,6 @@
 namespace fiscarel {
 
 namespace {
-
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 /// "3a", also with a comma behind.
 bool mayBeHouseNumber(std::string_view text) {

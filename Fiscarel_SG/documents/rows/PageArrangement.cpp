@@ -1,6 +1,6 @@
 #include "Fiscarel_SG/documents/rows/PageArrangement.h"
 
-#include "Fiscarel_SG/documents/rows/BoxNumbers.h"
+#include "Fiscarel_SG/documents/rows/CardEdges.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/rows/GridEdges.h"
 #include "Fiscarel_SG/documents/rows/PageMending.h"
@@ -13,6 +13,7 @@
 #include <iterator>
 #include <numeric>
 #include <optional>
+#include <span>
 
 namespace fiscarel {
 
@@ -159,7 +160,8 @@ class Arrangement {
         const double height = rows[end_ - 1].bottom - rows[at].top + rows[at].height();
         for (std::size_t column = 0; column <= edges.size(); ++column) {
             for (std::size_t i = at; i < end_; ++i) {
-                if (const Row part = columnOf(rows[i], edges, column); !part.words.empty()) {
+                if (const Row part = columnOf(rows[i], edges, column, page_.isRecognised);
+                    !part.words.empty()) {
                     keep(part);
                 }
             }
@@ -174,7 +176,8 @@ class Arrangement {
         for (std::size_t column = 0; column <= edges.size(); ++column) {
             PageRows card = withoutRows(page_);
             for (std::size_t i = at; i < end_; ++i) {
-                if (Row part = columnOf(rows[i], edges, column); !part.words.empty()) {
+                if (Row part = columnOf(rows[i], edges, column, page_.isRecognised);
+                    !part.words.empty()) {
                     card.rows.push_back(std::move(part));
                 }
             }
@@ -199,8 +202,9 @@ class Arrangement {
                    || isBesideLonger(end_, edges))) {
             ++end_;
         }
+        const std::span<const Row> taken(rows.begin() + static_cast<std::ptrdiff_t>(at), end_ - at);
         for (std::size_t column = 0; column <= edges.size(); ++column) {
-            if (!isCard(at, edges, column)) {
+            if (!isCard(taken, edges, column)) {
                 return false;
             }
         }
@@ -256,78 +260,6 @@ class Arrangement {
         return {};
     }
 
-    /// Whether a row has the number of an account or a contract in two columns between edges, as
-    /// below its name, and nothing else.
-    bool hasOnlyNumbers(const Row& row, const std::vector<double>& edges) const {
-        static const Labels numberNames{"IBAN", "Konto*", "compte", "conto",
-                                        "Nr",   "numéro", "numero"};
-        std::size_t numbers = 0;
-        for (std::size_t column = 0; column <= edges.size(); ++column) {
-            const Row part = columnOf(row, edges, column);
-            const auto digits =
-                std::ranges::count_if(part.folded, [](char c) { return c >= '0' && c <= '9'; });
-            std::ptrdiff_t letters = 0;
-            for (const RowWord& word : part.words) {
-                const bool isName =
-                    findLabel(rowOfWords({word}, false), numberNames, false).has_value();
-                letters += isName ? 0 : std::ranges::count_if(word.folded, [](char c) {
-                    return c >= 'a' && c <= 'z';
-                });
-            }
-            if (!part.words.empty() && (digits < 5 || letters > 4)) {
-                return false;
-            }
-            numbers += part.words.empty() ? 0U : 1U;
-        }
-        return numbers >= 2 && !hasFirmAmount(row);
-    }
-
-    /// Left edges of the second and further heads of cards; empty for other rows.
-    static std::vector<double> cardEdges(const Row& row) {
-        std::vector<double> edges;
-        const Cells cells = cellsOf(row);
-        if (cells.size() < 2 || hasFirmAmount(row) || !hasOnlyLabels(row)) {
-            return edges;
-        }
-        std::transform(std::next(cells.begin()), cells.end(), std::back_inserter(edges),
-                       [](const LabelPlace& cell) { return cell.left; });
-        return edges;
-    }
-
-    /// Whether a column has lines of text below its head, and amounts: those of a table have only
-    /// either.
-    bool isCard(std::size_t at, const std::vector<double>& edges, std::size_t column) const {
-        const double left = column == 0 ? cellsOf(page_.rows[at]).front().left : edges[column - 1];
-        const double right = column < edges.size() ? edges[column] - aligned : page_.width;
-        std::size_t lines = 0;
-        std::size_t amounts = 0;
-        for (std::size_t i = at + 1; i < end_; ++i) {
-            const Row& row = page_.rows[i];
-            for (const LabelPlace& cell : cellsOf(row)) {
-                if (cell.left < left - aligned || cell.left >= right) {
-                    continue;
-                }
-                const bool isFirst = cell.left < left + cardIndent;
-                const Role role = roleOf(row, cell);
-                const bool isLine = isFirst && role == Role::text && lettersIn(row, cell) >= 3;
-                lines += isLine ? 1U : 0U;
-                amounts += role == Role::amount ? 1U : 0U;
-            }
-        }
-        return lines >= 2 && amounts >= 1;
-    }
-
-    /// What of a row stands in a column between edges.
-    Row columnOf(const Row& row, const std::vector<double>& edges, std::size_t column) const {
-        Words words;
-        std::ranges::copy_if(row.words, std::back_inserter(words), [&](const RowWord& word) {
-            const auto own = std::ranges::count_if(
-                edges, [&](double edge) { return word.place.left >= edge - aligned; });
-            return static_cast<std::size_t>(own) == column;
-        });
-        return words.empty() ? Row() : rowOfWords(std::move(words), page_.isRecognised);
-    }
-
     /// Labels in one row, their values in the next.
     bool takeGrid(std::size_t at) {
         const auto& rows = page_.rows;
@@ -362,14 +294,16 @@ class Arrangement {
             return false;
         }
         const Cells heads = cellsOf(rows[at]);
-        const double height = rows[at].height();
-        double top = rows[at].top + shift_;
-        for (std::size_t i = 0; i < heads.size(); ++i, top += 1.5 * height) {
-            Words label = wordsOf(rows[at], heads[i]);
-            append(label, wordsOf(rows[at + 1], cellsOf(rows[at + 1])[i]));
-            compose(std::move(label), wordsOf(rows[at + 2], cellsOf(rows[at + 2])[i]), top, height);
+        const Cells lines = cellsOf(rows[at + 1]);
+        const Cells cells = cellsOf(rows[at + 2]);
+        std::vector<Words> labels;
+        std::vector<Words> values;
+        for (std::size_t i = 0; i < heads.size(); ++i) {
+            labels.push_back(wordsOf(rows[at], heads[i]));
+            append(labels.back(), wordsOf(rows[at + 1], lines[i]));
+            values.push_back(wordsOf(rows[at + 2], cells[i]));
         }
-        shift_ = std::max(shift_, top - rows[at + 2].bottom);
+        composePairs(std::move(labels), std::move(values), rows[at], rows[at + 2]);
         return true;
     }
 
@@ -425,18 +359,29 @@ class Arrangement {
                      const std::vector<std::size_t>& columns) {
         const Cells heads = headsOf(labels);
         const Cells cells = cellsOf(values);
-        const double height = labels.height();
-        double top = std::min(labels.top, values.top) + shift_;
+        std::vector<Words> names;
+        std::vector<Words> amounts(heads.size());
         for (std::size_t i = 0; i < heads.size(); ++i) {
             const auto own = std::ranges::find(columns, i);
-            Words value;
+            names.push_back(wordsOf(labels, heads[i]));
             if (own != columns.end()) {
-                value = wordsOf(values, cells[static_cast<std::size_t>(own - columns.begin())]);
+                amounts[i] =
+                    wordsOf(values, cells[static_cast<std::size_t>(own - columns.begin())]);
             }
-            compose(wordsOf(labels, heads[i]), std::move(value), top, height);
-            top += 1.5 * height;
         }
-        shift_ = std::max(shift_, top - std::max(labels.bottom, values.bottom));
+        composePairs(std::move(names), std::move(amounts), labels, values);
+    }
+
+    /// Rows of labels with their values, one below the other, in the place of the printed rows from
+    /// `first` to `last`, whichever of them stands above.
+    void composePairs(std::vector<Words> labels, std::vector<Words> values, const Row& first,
+                      const Row& last) {
+        const double height = first.height();
+        double top = std::min(first.top, last.top) + shift_;
+        for (std::size_t i = 0; i < labels.size(); ++i, top += 1.5 * height) {
+            compose(std::move(labels[i]), std::move(values[i]), top, height);
+        }
+        shift_ = std::max(shift_, top - std::max(first.bottom, last.bottom));
     }
 
     /// Whether the values of a grid are but the first row of a table.
@@ -448,12 +393,6 @@ class Arrangement {
         const double left = rows[at + 1].words.front().place.left;
         return gridColumns(rows[at], rows[at + 2]).has_value()
                || std::abs(rows[at + 2].words.front().place.left - left) <= aligned;
-    }
-
-    static bool hasOnlyLabels(const Row& row) {
-        return std::ranges::all_of(headsOf(row), [&](const LabelPlace& cell) {
-            return lettersIn(row, cell) >= 2 && !saysNone(row, cell);
-        });
     }
 
     /// A label of two lines whose amounts stand beside the second.
@@ -509,7 +448,6 @@ class Arrangement {
 } // namespace
 
 PageRows arranged(PageRows page) {
-    dropBoxNumbers(page);
     mend(page);
     turnTables(page);
     return Arrangement(std::move(page)).run();

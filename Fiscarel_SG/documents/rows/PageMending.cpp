@@ -1,10 +1,12 @@
 #include "Fiscarel_SG/documents/rows/PageMending.h"
 
+#include "Fiscarel_SG/documents/rows/BoxNumbers.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
+#include "Fiscarel_SG/documents/rows/Centimes.h"
 #include "Fiscarel_SG/documents/rows/HouseNumbers.h"
 #include "Fiscarel_SG/documents/rows/IbanMending.h"
 #include "Fiscarel_SG/documents/rows/TaxWords.h"
-#include "Fiscarel_SG/documents/text/FoldedText.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
 
 #include <algorithm>
 #include <cmath>
@@ -51,47 +53,6 @@ void firmColumns(PageRows& page) {
     }
 }
 
-/// Whether a word and the next may be francs and centimes that typewriter letters set apart, and no
-/// day: "766." and "07".
-bool isTornBeforeCents(const RowWord& francs, const RowWord& cents, const RowWord* next) {
-    constexpr std::string_view digits = "0123456789";
-    const std::string_view text = francs.text;
-    if (text.size() < 2 || (!text.ends_with('.') && !text.ends_with(','))
-        || digits.find(text[text.size() - 2]) == std::string_view::npos
-        || digits.find(text.front()) == std::string_view::npos || cents.text.size() != 2
-        || cents.text.find_first_not_of(digits) != std::string::npos) {
-        return false;
-    }
-    const bool mayBeDay = text.size() <= 3 && cents.text <= "12";
-    const bool isYearNext = next != nullptr && next->text.size() >= 4
-                            && (next->text.starts_with("19") || next->text.starts_with("20"));
-    return !mayBeDay && !isYearNext
-           && cents.place.left - francs.place.right < 0.7 * cents.place.width();
-}
-
-/// Puts centimes back to their francs.
-void joinTornCents(PageRows& page) {
-    for (Row& row : page.rows) {
-        std::vector<RowWord> words;
-        for (std::size_t i = 0; i < row.words.size(); ++i) {
-            const RowWord* const next = i + 1 < row.words.size() ? &row.words[i + 1] : nullptr;
-            if (words.empty() || !isTornBeforeCents(words.back(), row.words[i], next)) {
-                words.push_back(row.words[i]);
-                continue;
-            }
-            RowWord& whole = words.back();
-            whole.text += row.words[i].text;
-            whole.folded = foldWords(whole.text);
-            whole.place.right = row.words[i].place.right;
-            whole.printed.right = row.words[i].printed.right;
-            whole.certainty = std::min(whole.certainty, row.words[i].certainty);
-        }
-        if (words.size() < row.words.size()) {
-            row = rowOfWords(std::move(words), page.isRecognised);
-        }
-    }
-}
-
 /// Whether recognition may have lost the point of an amount, or taken it for a colon: "37135",
 /// "3:55".
 bool mayLackPoint(const std::string& text) {
@@ -103,7 +64,7 @@ bool mayLackPoint(const std::string& text) {
         digits.erase(digits.size() - 3, 1);
     }
     return digits.size() >= fewest && digits.size() <= most && !isYear && digits[0] != '0'
-           && digits.find_first_not_of("0123456789") == std::string::npos;
+           && hasOnlyDigits(digits);
 }
 
 /// Gives amounts without a point, in a column of amounts with cents, their point back.
@@ -190,9 +151,9 @@ void straightenBends(PageRows& page) {
 }
 
 bool isGroup(std::string_view text, std::size_t fewest) {
-    const std::size_t end = text.find_first_not_of("0123456789");
-    const std::size_t digits = std::min(end, text.size());
-    const bool endsSo = end == std::string_view::npos || text[end] == '.' || text[end] == ',';
+    const auto digits =
+        static_cast<std::size_t>(std::ranges::find_if_not(text, isDigit) - text.begin());
+    const bool endsSo = digits == text.size() || text[digits] == '.' || text[digits] == ',';
     return digits >= fewest && digits <= 3 && endsSo;
 }
 
@@ -241,6 +202,8 @@ void dropLines(PageRows& page) {
 } // namespace
 
 void mend(PageRows& page) {
+    joinCentColumns(page);
+    dropBoxNumbers(page);
     if (page.isRecognised) {
         dropLines(page);
         joinTornCents(page);

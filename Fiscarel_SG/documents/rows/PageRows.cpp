@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/rows/PageRows.h"
 
 #include "Fiscarel_SG/documents/rows/PageSlope.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
 #include "Fiscarel_SG/documents/text/FoldedText.h"
 #include "Fiscarel_SG/documents/text/Utf8Letters.h"
 
@@ -67,10 +68,6 @@ void addToBestRow(std::vector<Row>& rows, RowWord word) {
         best = &rows.back();
     }
     best->words.push_back(std::move(word));
-}
-
-bool hasOnlyDigits(std::string_view text) {
-    return !text.empty() && std::ranges::all_of(text, [](char c) { return c >= '0' && c <= '9'; });
 }
 
 /// How wide the gap between two words is, in digits of the second.

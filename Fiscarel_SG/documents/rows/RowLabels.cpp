@@ -1,16 +1,16 @@
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
 
+#include "Fiscarel_SG/documents/text/Digits.h"
 #include "Fiscarel_SG/documents/text/FoldedText.h"
 #include "Fiscarel_SG/documents/text/Utf8Letters.h"
 
 #include <algorithm>
 #include <bit>
+#include <cassert>
 
 namespace fiscarel {
 
 namespace {
-
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 /// Whether the digits of two words are the same, in their order.
 bool haveSameDigits(std::string_view text, std::string_view wanted) {
@@ -66,7 +66,8 @@ bool holds(std::string_view word, const Label& label, std::size_t most) {
 } // namespace
 
 Label::Label(const char* words) {
-    std::string_view text = words;
+    const std::string_view text = words;
+    assert(text.size() < 2 || text.substr(1, text.size() - 2).find('*') == text.npos);
     isOpen_ = text.ends_with('*');
     isOpenBefore_ = text.starts_with('*');
     folded_ = foldWords(text);

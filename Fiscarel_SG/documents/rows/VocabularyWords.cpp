@@ -259,7 +259,6 @@ std::vector<ConceptWords> bankWords() {
           "consistenza",
           "patrimonio",
           "capitale",
-          "consistenza",
           "valore fiscale",
           "situazione al",
           "balance",

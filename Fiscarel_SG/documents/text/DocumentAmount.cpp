@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/documents/text/DocumentAmount.h"
 
+#include "Fiscarel_SG/documents/text/Digits.h"
 #include "Fiscarel_SG/documents/text/FoldedText.h"
 #include "Fiscarel_SG/documents/text/Utf8Letters.h"
 
@@ -16,8 +17,6 @@ namespace {
 
 constexpr std::size_t mostDigits = 12;
 constexpr std::size_t longestAmount = 64; // bytes, with signs and marks
-
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 /// The characters of an amount: digits, "." and ",", ' for every thousands mark, - for every dash.
 std::optional<std::string> plainForm(std::string_view text) {

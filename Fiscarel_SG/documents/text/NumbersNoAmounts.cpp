@@ -1,3 +1,4 @@
+#include "Fiscarel_SG/documents/text/Digits.h"
 #include "Fiscarel_SG/documents/text/DocumentAmount.h"
 #include "Fiscarel_SG/documents/text/FoldedText.h"
 #include "Fiscarel_SG/documents/text/Isin.h"
@@ -12,12 +13,7 @@ namespace {
 
 using Words = std::vector<std::string_view>;
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
 bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
-
-bool hasOnlyDigits(std::string_view word) {
-    return !word.empty() && std::ranges::all_of(word, isDigit);
-}
 
 bool isOneOf(std::string_view word, std::initializer_list<std::string_view> words) {
     return std::ranges::find(words, word) != words.end();
@@ -203,7 +199,7 @@ class Marking {
         const std::string_view next = word(at + 1);
         const bool isCode = word(at).size() == 4 && hasOnlyDigits(word(at));
         if (isCode && next.size() > 2 && next[0] >= 'A' && next[0] <= 'Z' && !isFrancs(next)
-            && next.find_first_of("0123456789") == std::string_view::npos) {
+            && !hasDigit(next)) {
             mark(at);
         }
     }

@@ -1,10 +1,13 @@
-#include "Fiscarel_SG/documents/rows/CentColumns.h"
+#include "Fiscarel_SG/documents/rows/Centimes.h"
 
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
+#include "Fiscarel_SG/documents/text/FoldedText.h"
 
 #include <algorithm>
 #include <cmath>
-#include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace fiscarel {
@@ -23,8 +26,16 @@ struct Pair {
     PagePlace place; ///< of the centimes
 };
 
-bool isTwoDigits(const std::string& text) {
-    return text.size() == 2 && text.find_first_not_of("0123456789") == std::string::npos;
+bool isTwoDigits(std::string_view text) { return text.size() == 2 && hasOnlyDigits(text); }
+
+/// Puts centimes to the francs before them.
+void join(RowWord& francs, std::string_view between, const RowWord& cents) {
+    francs.text += between;
+    francs.text += cents.text;
+    francs.folded = foldWords(francs.text);
+    francs.place.right = cents.place.right;
+    francs.printed.right = cents.printed.right;
+    francs.certainty = std::min(francs.certainty, cents.certainty);
 }
 
 std::vector<Pair> pairsOf(const PageRows& page) {
@@ -76,20 +87,24 @@ bool areCents(const PageRows& page, const std::vector<Pair>& column) {
                || (areCoins && column.size() >= fewestWithoutHeading));
 }
 
-void join(Row& row, std::size_t cents, bool isRecognised) {
-    std::vector<RowWord> words = std::move(row.words);
-    RowWord& francs = words[cents - 1];
-    francs.text += '.' + words[cents].text;
-    francs.folded += ' ' + words[cents].text;
-    francs.place.right = words[cents].place.right;
-    francs.printed.right = words[cents].printed.right;
-    words.erase(words.begin() + static_cast<std::ptrdiff_t>(cents));
-    row = rowOfWords(std::move(words), isRecognised);
+/// Whether a word and the next may be francs and centimes that typewriter letters set apart, and no
+/// day: "766." and "07".
+bool isTornBeforeCents(const RowWord& francs, const RowWord& cents, const RowWord* next) {
+    const std::string_view text = francs.text;
+    if (text.size() < 2 || (!text.ends_with('.') && !text.ends_with(','))
+        || !isDigit(text[text.size() - 2]) || !isDigit(text.front()) || !isTwoDigits(cents.text)) {
+        return false;
+    }
+    const bool mayBeDay = text.size() <= 3 && cents.text <= "12";
+    const bool isYearNext = next != nullptr && next->text.size() >= 4
+                            && (next->text.starts_with("19") || next->text.starts_with("20"));
+    return !mayBeDay && !isYearNext
+           && cents.place.left - francs.place.right < 0.7 * cents.place.width();
 }
 
 } // namespace
 
-void joinCents(PageRows& page) {
+void joinCentColumns(PageRows& page) {
     std::vector<Pair> pairs = pairsOf(page);
     while (pairs.size() >= fewest) {
         const Pair first = pairs.front();
@@ -106,10 +121,30 @@ void joinCents(PageRows& page) {
             continue;
         }
         for (const Pair& pair : column) {
-            join(page.rows[pair.row], pair.cents, page.isRecognised);
+            std::vector<RowWord> words = std::move(page.rows[pair.row].words);
+            join(words[pair.cents - 1], ".", words[pair.cents]);
+            words.erase(words.begin() + static_cast<std::ptrdiff_t>(pair.cents));
+            page.rows[pair.row] = rowOfWords(std::move(words), page.isRecognised);
             for (Pair& other : pairs) { // words behind the joined one move up
                 other.cents -= other.row == pair.row && other.cents > pair.cents ? 1 : 0;
             }
+        }
+    }
+}
+
+void joinTornCents(PageRows& page) {
+    for (Row& row : page.rows) {
+        std::vector<RowWord> words;
+        for (std::size_t i = 0; i < row.words.size(); ++i) {
+            const RowWord* const next = i + 1 < row.words.size() ? &row.words[i + 1] : nullptr;
+            if (words.empty() || !isTornBeforeCents(words.back(), row.words[i], next)) {
+                words.push_back(row.words[i]);
+                continue;
+            }
+            join(words.back(), "", row.words[i]);
+        }
+        if (words.size() < row.words.size()) {
+            row = rowOfWords(std::move(words), page.isRecognised);
         }
     }
 }

@@ -1,0 +1,96 @@
+#include "Fiscarel_SG/documents/rows/CardEdges.h"
+
+#include "Fiscarel_SG/documents/rows/CellRoles.h"
+#include "Fiscarel_SG/documents/rows/GridEdges.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
+
+#include <algorithm>
+#include <iterator>
+#include <limits>
+#include <utility>
+
+namespace fiscarel {
+
+namespace {
+
+using Cells = std::vector<LabelPlace>;
+
+constexpr double cardIndent = 16; ///< points that a card's lines may stand right of its head
+
+} // namespace
+
+Row columnOf(const Row& row, const std::vector<double>& edges, std::size_t column,
+             bool isRecognised) {
+    std::vector<RowWord> words;
+    std::ranges::copy_if(row.words, std::back_inserter(words), [&](const RowWord& word) {
+        const auto own = std::ranges::count_if(
+            edges, [&](double edge) { return word.place.left >= edge - aligned; });
+        return static_cast<std::size_t>(own) == column;
+    });
+    return words.empty() ? Row() : rowOfWords(std::move(words), isRecognised);
+}
+
+std::vector<double> cardEdges(const Row& row) {
+    std::vector<double> edges;
+    const Cells cells = cellsOf(row);
+    if (cells.size() < 2 || hasFirmAmount(row) || !hasOnlyLabels(row)) {
+        return edges;
+    }
+    std::transform(std::next(cells.begin()), cells.end(), std::back_inserter(edges),
+                   [](const LabelPlace& cell) { return cell.left; });
+    return edges;
+}
+
+bool hasOnlyNumbers(const Row& row, const std::vector<double>& edges) {
+    static const Labels numberNames{"IBAN", "Konto*", "compte", "conto", "Nr", "numéro", "numero"};
+    std::size_t numbers = 0;
+    for (std::size_t column = 0; column <= edges.size(); ++column) {
+        const Row part = columnOf(row, edges, column, false);
+        const auto digits = std::ranges::count_if(part.folded, isDigit);
+        std::ptrdiff_t letters = 0;
+        for (const RowWord& word : part.words) {
+            const bool isName =
+                findLabel(rowOfWords({word}, false), numberNames, false).has_value();
+            letters += isName ? 0 : std::ranges::count_if(word.folded, [](char c) {
+                return c >= 'a' && c <= 'z';
+            });
+        }
+        if (!part.words.empty() && (digits < 5 || letters > 4)) {
+            return false;
+        }
+        numbers += part.words.empty() ? 0U : 1U;
+    }
+    return numbers >= 2 && !hasFirmAmount(row);
+}
+
+bool isCard(std::span<const Row> rows, const std::vector<double>& edges, std::size_t column) {
+    const double left = column == 0 ? cellsOf(rows.front()).front().left : edges[column - 1];
+    const double right =
+        column < edges.size() ? edges[column] - aligned : std::numeric_limits<double>::max();
+    std::size_t lines = 0;
+    std::size_t amounts = 0;
+    for (const Row& row : rows.subspan(1)) {
+        for (const LabelPlace& cell : cellsOf(row)) {
+            if (cell.left < left - aligned || cell.left >= right) {
+                continue;
+            }
+            const bool isFirst = cell.left < left + cardIndent;
+            const Role role = roleOf(row, cell);
+            const bool isLine = isFirst && role == Role::text && lettersIn(row, cell) >= 3;
+            lines += isLine ? 1U : 0U;
+            amounts += role == Role::amount ? 1U : 0U;
+        }
+    }
+    return lines >= 2 && amounts >= 1;
+}
+
+bool fitsCards(const Row& row, const std::vector<double>& edges) {
+    return !crossesEdges(row, edges)
+           && std::ranges::any_of(cellsOf(row), [&](const LabelPlace& cell) {
+                  return std::ranges::any_of(edges, [&](double edge) {
+                      return cell.left > edge - aligned && cell.left < edge + cardIndent;
+                  });
+              });
+}
+
+} // namespace fiscarel
