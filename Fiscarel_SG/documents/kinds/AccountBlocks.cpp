@@ -8,10 +8,15 @@
 
 #include <algorithm>
 #include <iterator>
+#include <map>
+#include <string>
+#include <utility>
 
 namespace fiscarel {
 
 namespace {
+
+constexpr std::size_t tallest = 3; ///< rows of a block's title
 
 bool hasAmounts(const PageRows& page, std::size_t from, std::size_t end) {
     return std::any_of(page.rows.begin() + static_cast<std::ptrdiff_t>(from),
@@ -93,6 +98,74 @@ std::vector<std::size_t> namedBlocks(const PageRows& page) {
     return starts;
 }
 
+/// What a row calls its first amount; empty for other rows.
+std::string labelOf(const Row& row) {
+    constexpr std::size_t fewest = 4; // letters
+    std::string label;
+    if (!hasFirmAmount(row)) {
+        return label;
+    }
+    for (std::size_t i = 0; i < row.amounts.front().first; ++i) {
+        label += row.words[i].folded.empty() ? "" : row.words[i].folded + ' '; // leaders
+    }
+    const auto letters = std::ranges::count_if(label, [](char c) { return c >= 'a' && c <= 'z'; });
+    return static_cast<std::size_t>(letters) < fewest ? std::string() : label;
+}
+
+/// The first row of words only between two rows; `end` where there is none.
+std::size_t titleBetween(const PageRows& page, std::size_t from, std::size_t end) {
+    while (from < end && (hasFirmAmount(page.rows[from]) || page.rows[from].words.empty())) {
+        ++from;
+    }
+    return from;
+}
+
+/// Blocks of which each says the same of another account or loan, under a title of its own: where
+/// they begin. At least two labels come back in each. Empty for a page set otherwise.
+std::vector<std::size_t> repeatedBlocks(const PageRows& page) {
+    std::map<std::string, std::vector<std::size_t>> places;
+    for (std::size_t at = 0; at < page.rows.size(); ++at) {
+        if (std::string label = labelOf(page.rows[at]); !label.empty()) {
+            places[std::move(label)].push_back(at);
+        }
+    }
+    std::erase_if(places, [](const auto& label) { return label.second.size() < 2; });
+    const auto first = std::ranges::min_element(
+        places, {}, [](const auto& label) { return label.second.front(); });
+    if (first == places.end()) {
+        return {};
+    }
+    const std::vector<std::size_t>& firsts = first->second;
+    std::vector<std::size_t> lasts = firsts; // of each block
+    std::size_t alike = 0;
+    for (const auto& [label, rows] : places) {
+        bool comesBack = rows.size() == firsts.size();
+        for (std::size_t i = 0; i < firsts.size() && comesBack; ++i) {
+            comesBack = rows[i] >= firsts[i] && (i + 1 == firsts.size() || rows[i] < firsts[i + 1]);
+        }
+        alike += comesBack ? 1U : 0U;
+        for (std::size_t i = 0; i < firsts.size() && comesBack; ++i) {
+            lasts[i] = std::max(lasts[i], rows[i]);
+        }
+    }
+    std::size_t start = firsts.front();
+    while (start > 0 && firsts.front() - start < tallest && !hasFirmAmount(page.rows[start - 1])) {
+        --start;
+    }
+    std::vector<std::size_t> starts{start};
+    for (std::size_t i = 1; i < firsts.size(); ++i) {
+        starts.push_back(titleBetween(page, lasts[i - 1] + 1, firsts[i]));
+        if (starts.back() == firsts[i]) {
+            return {};
+        }
+    }
+    const bool isOfBank = std::ranges::any_of(firsts, [&](std::size_t at) {
+        return namesAny(page.rows[at], {Concept::balance, Concept::debt, Concept::interest},
+                        page.isRecognised);
+    });
+    return alike >= 2 && isOfBank && start < firsts.front() ? starts : std::vector<std::size_t>();
+}
+
 /// The rows that blocks begin with whose numbers stand below their figures: the last one without
 /// an amount before each block's first amount. Empty where the numbers stand above.
 std::vector<std::size_t> startsAboveFigures(const PageRows& page,
@@ -119,15 +192,8 @@ std::vector<std::size_t> startsAboveFigures(const PageRows& page,
     return starts;
 }
 
-} // namespace
-
-bool namesShares(const Row& row) {
-    return row.words.size() <= 5 && !hasFirmAmount(row) && cellsOf(row).size() == 1
-           && mentionsShares(row);
-}
-
-std::vector<std::size_t> blockStarts(const PageRows& page,
-                                     const std::vector<AccountNumber>& ibans) {
+std::vector<std::size_t> startsByName(const PageRows& page,
+                                      const std::vector<AccountNumber>& ibans) {
     std::vector<std::size_t> starts = startsAboveFigures(page, ibans);
     if (starts.empty()) {
         std::ranges::transform(ibans, std::back_inserter(starts), &AccountNumber::row);
@@ -175,7 +241,34 @@ std::vector<std::size_t> blockStarts(const PageRows& page,
     return starts;
 }
 
-std::size_t endOfLastBlock(const PageRows& page, const std::vector<std::size_t>& starts) {
+} // namespace
+
+bool namesShares(const Row& row) {
+    return row.words.size() <= 5 && !hasFirmAmount(row) && cellsOf(row).size() == 1
+           && mentionsShares(row);
+}
+
+bool isTitledAsLoan(const PageRows& page, std::size_t start) {
+    for (std::size_t at = start; at < std::min(page.rows.size(), start + tallest); ++at) {
+        if (namesLoan(page, at)) {
+            return true;
+        }
+        if (hasFirmAmount(page.rows[at])) {
+            return false;
+        }
+    }
+    return false;
+}
+
+std::vector<std::size_t> blockStarts(const PageRows& page,
+                                     const std::vector<AccountNumber>& ibans) {
+    std::vector<std::size_t> named = startsByName(page, ibans);
+    std::vector<std::size_t> repeated = repeatedBlocks(page);
+    return repeated.size() > std::max(named.size(), ibans.size()) ? repeated : named;
+}
+
+std::size_t endOfLastBlock(const PageRows& page, const std::vector<std::size_t>& starts,
+                           bool goesOn) {
     static const Labels all{"aller Konten", "alle Konten", "tous les comptes", "tutti i conti"};
     const bool isOfShares = !starts.empty() && namesShares(page.rows[starts.back()]);
     const auto isTotal = [&](const Row& row) {
@@ -194,6 +287,13 @@ std::size_t endOfLastBlock(const PageRows& page, const std::vector<std::size_t>&
     };
     const std::size_t end = page.rows.size();
     const bool isPlain = starts.size() > 1 && findTotal(starts[0], starts[1]) == starts[1];
+    if (goesOn && starts.size() <= 1) {
+        std::size_t amount = starts.empty() ? 0 : starts[0];
+        while (amount < end && !hasFirmAmount(page.rows[amount])) {
+            ++amount;
+        }
+        return amount < end && !isTotal(page.rows[amount]) ? findTotal(amount, end) : end;
+    }
     return isPlain ? findTotal(starts.back() + 1, end) : end;
 }
 

@@ -11,11 +11,16 @@ namespace fiscarel {
 /// stands below the figures at their name.
 std::vector<std::size_t> blockStarts(const PageRows& page, const std::vector<AccountNumber>& ibans);
 
+/// Whether the title of a block, its rows before the first amount, names a loan.
+bool isTitledAsLoan(const PageRows& page, std::size_t start);
+
 /// Whether a row is the title of what a bank's shares or notes held bring: "Anteilscheine".
 bool namesShares(const Row& row);
 
-/// Where the last of several ends: at the totals of all, which the first has none of.
-std::size_t endOfLastBlock(const PageRows& page, const std::vector<std::size_t>& starts);
+/// Where the last of several ends: at the totals of all, which the first has none of. `goesOn`:
+/// pages before told of others, so that totals below a single one are of all, too.
+std::size_t endOfLastBlock(const PageRows& page, const std::vector<std::size_t>& starts,
+                           bool goesOn);
 
 /// What a loan's block tells, the debt at last by the day it stands at: "Importo dovuto al 31
 /// dicembre 2024".

@@ -135,14 +135,15 @@ class AccountMapper {
         for (std::size_t i = 0; i < std::max<std::size_t>(starts.size(), 1); ++i) {
             // What stands above the first account number belongs to it as well.
             const std::size_t first = i == 0 ? 0 : starts[i];
-            const std::size_t end =
-                i + 1 < starts.size() ? starts[i + 1] : endOfLastBlock(page, starts);
+            const std::size_t end = i + 1 < starts.size()
+                                        ? starts[i + 1]
+                                        : endOfLastBlock(page, starts, !entries_.empty());
             const auto own = std::ranges::find_if(ibans, [&](const AccountNumber& iban) {
                 return iban.row >= first && iban.row < end;
             });
             const RowRange range{&page, first, end};
             const bool isLoan = i < starts.size() && starts.size() > 1 && own == ibans.end()
-                                && namesLoan(page, starts[i]);
+                                && isTitledAsLoan(page, starts[i]);
             const bool isOfShares = i < starts.size() && namesShares(page.rows[starts[i]]);
             AccountEntry entry{.figures = isLoan       ? figuresOfLoan(range)
                                           : isOfShares ? figuresOfShares(range)

@@ -40,7 +40,9 @@ class YearVotes {
                 const bool isNamed = isAnyIn(before, names);
                 const bool isInNumber = (i > 0 && barred[i] && barred[i - 1])
                                         || (i + 1 < barred.size() && barred[i] && barred[i + 1]);
-                if (isNamed || !isInNumber) {
+                static const Labels since{"seit", "depuis", "dal", "since", "dès"};
+                const bool isSince = i > 0 && isAnyIn(row.words[i - 1].folded, since);
+                if (!isSince && (isNamed || !isInNumber)) {
                     vote(*year, isNamed ? 8 : isTitle ? 6 : 2);
                 }
             }

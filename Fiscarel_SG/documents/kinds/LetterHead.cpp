@@ -101,16 +101,14 @@ class IssuerSearch {
         if (const auto signedFor = signerOfReceipt(top)) {
             return placedText(page_, *signedFor);
         }
-        if (const auto sender = firstPart(top, isSenderLine)) {
+        const auto sender = firstPart(top, isSenderLine);
+        const auto company = firstCompany(top);
+        // The line of an address may be the customer's, below the name of a company.
+        if (sender && (!company || namesCompany(sender->folded()) || sender->row < company->row)) {
             return placedText(page_, *sender);
         }
-        for (const Row& row : top) {
-            for (const Run& part : allParts(row)) {
-                if (namesCompany(part.folded()) && part.text().size() < mostLetters
-                    && !isAddressee(part)) {
-                    return placedText(page_, part);
-                }
-            }
+        if (company) {
+            return placedText(page_, *company);
         }
         if (const auto contact = firstPart(page_.rows, isContactLine)) {
             return placedText(page_, *contact);
@@ -137,6 +135,18 @@ class IssuerSearch {
                     return parts.front();
                 }
                 first = run.last + 1;
+            }
+        }
+        return std::nullopt;
+    }
+
+    std::optional<Run> firstCompany(std::span<const Row> rows) const {
+        for (const Row& row : rows) {
+            for (const Run& part : allParts(row)) {
+                if (namesCompany(part.folded()) && part.text().size() < mostLetters
+                    && !isAddressee(part)) {
+                    return part;
+                }
             }
         }
         return std::nullopt;

@@ -51,9 +51,10 @@ bool hasFrancs(const Row& row) {
 }
 
 bool saysNone(const Row& row, const LabelPlace& cell) {
-    static constexpr std::array<std::string_view, 14> words{
-        "kein",  "keine", "keiner", "keines",  "entfallt", "aucun", "aucune",
-        "neant", "nihil", "nessun", "nessuna", "nessuno",  "nulla", "none"};
+    static constexpr std::array<std::string_view, 18> words{
+        "kein",   "keine", "keiner", "keines",    "entfallt", "aucun",
+        "aucune", "neant", "nihil",  "nessun",    "nessuna",  "nessuno",
+        "nulla",  "none",  "gratis", "kostenlos", "gratuit",  "gratuito"};
     return cell.first == cell.last
            && std::ranges::find(words, row.words[cell.first].folded) != words.end();
 }

@@ -4,6 +4,7 @@
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/rows/GridEdges.h"
 #include "Fiscarel_SG/documents/rows/PageMending.h"
+#include "Fiscarel_SG/documents/rows/Panels.h"
 #include "Fiscarel_SG/documents/rows/SplitLabels.h"
 #include "Fiscarel_SG/documents/rows/TurnedTables.h"
 #include "Fiscarel_SG/documents/rows/Vocabulary.h"
@@ -41,7 +42,8 @@ constexpr double headGap = 3; ///< below the head of a panel, in heights of a ro
 
 class Arrangement {
   public:
-    explicit Arrangement(PageRows page) : page_(std::move(page)) {
+    explicit Arrangement(PageRows page, bool isPanel = false)
+        : page_(std::move(page)), isPanel_(isPanel) {
         for (const Row& row : page_.rows) {
             for (const RowWord& word : row.words) {
                 left_ = rows_.empty() && left_ == 0 ? word.place.left
@@ -54,10 +56,12 @@ class Arrangement {
     PageRows run() && {
         const auto& rows = page_.rows;
         for (std::size_t at = 0; at < rows.size();) {
-            const std::size_t taken = takeCards(at)      ? end_ - at
+            const std::size_t taken = takePanels(at)     ? end_ - at
+                                      : takeCards(at)    ? end_ - at
                                       : takePairs(at)    ? end_ - at
                                       : takeGrid(at)     ? 2
                                       : takeBoxes(at)    ? 3
+                                      : takeStacked(at)  ? 2
                                       : takeCaptions(at) ? 2
                                       : takeSplit(at)    ? 2
                                       : takeSwapped(at)  ? 1
@@ -182,11 +186,22 @@ class Arrangement {
                 }
             }
             const double bottom = card.rows.empty() ? 0 : card.rows.back().bottom;
-            card = Arrangement(std::move(card)).run();
+            card = Arrangement(std::move(card), true).run();
             std::ranges::for_each(card.rows, [&](const Row& row) { keep(row); });
             shift_ += card.rows.empty() ? 0 : std::max(0.0, card.rows.back().bottom - bottom);
             shift_ += column < edges.size() ? height : 0;
         }
+    }
+
+    /// Panels beside each other, told by the gaps between them.
+    bool takePanels(std::size_t at) {
+        const Panels panels = panelsAt(page_, at);
+        if (panels.edges.empty()) {
+            return false;
+        }
+        end_ = panels.end;
+        keepCards(at, panels.edges);
+        return true;
     }
 
     /// Cards beside each other, each with a head and lines of its own.
@@ -272,7 +287,7 @@ class Arrangement {
             composeGrid(rows[at], rows[at + 1], inOrder);
             return true;
         }
-        if (at + 1 >= rows.size() || hasFirmAmount(rows[at]) || !hasFirmAmount(rows[at + 1])
+        if (at + 1 >= rows.size() || hasFirmAmount(rows[at]) || !mayBeValues(rows[at + 1])
             || gap(at) > 1.6) {
             return false;
         }
@@ -283,6 +298,36 @@ class Arrangement {
             return false;
         }
         composeGrid(labels, values, *columns);
+        return true;
+    }
+
+    /// Whether a row may hold the values of labels above it: amounts, in a panel no words, which
+    /// begin a line of their own there, but also nothing at all: "nessuno   –".
+    bool mayBeValues(const Row& row) const {
+        const Cells cells = cellsOf(row);
+        const bool hasLabel = std::ranges::any_of(cells, [&](const LabelPlace& cell) {
+            return lettersIn(row, cell) >= 3 && roleOf(row, cell) == Role::text
+                   && !saysNone(row, cell);
+        });
+        return isPanel_ ? !hasLabel && (cells.size() >= 2 || hasFirmAmount(row))
+                        : hasFirmAmount(row);
+    }
+
+    /// A label in a panel with its amount below, at the other side: "Saldo", "      1'200.50".
+    bool takeStacked(std::size_t at) {
+        const auto& rows = page_.rows;
+        if (!isPanel_ || at + 1 >= rows.size() || hasFirmAmount(rows[at])
+            || !hasOnlyAmounts(rows[at + 1]) || gap(at) > 1) {
+            return false;
+        }
+        const Cells label = cellsOf(rows[at]);
+        const bool isOne = label.size() == 1 && cellsOf(rows[at + 1]).size() == 1
+                           && lettersIn(rows[at], label.front()) >= 4;
+        const bool isNearer = at + 2 == rows.size() || gap(at) < 0.8 * gap(at + 1);
+        if (!isOne || !isNearer) {
+            return false;
+        }
+        compose(rows[at].words, rows[at + 1].words, rows[at].top + shift_, rows[at].height());
         return true;
     }
 
@@ -438,6 +483,7 @@ class Arrangement {
     }
 
     PageRows page_;
+    bool isPanel_; ///< a block beside others
     std::vector<Row> rows_;
     double left_ = 0;
     double right_ = 0;
