@@ -140,7 +140,10 @@ bool statesFigures(const PageRows& page, std::size_t at, double left) {
     for (std::size_t below = at + 1; below < page.rows.size(); ++below) {
         const Row& row = page.rows[below];
         const auto cells = cellsOf(row);
-        if (row.amounts.size() < 2 || cells.front().left >= left - alignment(page)) {
+        const auto inColumns = std::ranges::count_if(row.amounts, [&](const RowAmount& amount) {
+            return amount.place.right > left - alignment(page);
+        });
+        if (inColumns < 2 || cells.front().left >= left - alignment(page)) {
             if (stated.empty() && below > at + farthest) {
                 return false; // that row stood far above, in the letter's head
             }

@@ -141,7 +141,11 @@ class AccountMapper {
             const auto own = std::ranges::find_if(ibans, [&](const AccountNumber& iban) {
                 return iban.row >= first && iban.row < end;
             });
-            const RowRange range{&page, first, end};
+            RowRange range{&page, first, end};
+            if (const auto loan = loanBehind(range); loan && own != ibans.end()) {
+                addEntry({.figures = figuresOfLoan(*loan), .range = *loan, .isLoan = true});
+                range.end = loan->first;
+            }
             const bool isLoan = i < starts.size() && starts.size() > 1 && own == ibans.end()
                                 && isTitledAsLoan(page, starts[i]);
             const bool isOfShares = i < starts.size() && namesShares(page.rows[starts[i]]);
@@ -160,6 +164,31 @@ class AccountMapper {
             }
             addEntry(std::move(entry));
         }
+    }
+
+    /// The rows of an account's block that go on about a loan, "votre prêt s'élevait à", from the
+    /// one that names it; absent where its balance or the loan's amount does not stand apart.
+    static std::optional<RowRange> loanBehind(const RowRange& range) {
+        const auto figure = [](const RowRange& rows, Figure wanted) {
+            return figuresByLabel(rows)[static_cast<std::size_t>(wanted)];
+        };
+        const auto owed = figure(range, Figure::debt);
+        if (!owed || owed->value().isZero()) {
+            return std::nullopt;
+        }
+        for (std::size_t at = range.first + 1; at <= owed->row; ++at) {
+            if (!namesLoan(*range.page, at)) {
+                continue;
+            }
+            const RowRange account{range.page, range.first, at};
+            const RowRange loan{range.page, at, range.end};
+            const auto own = figure(loan, Figure::debt);
+            const bool isAlone = own && own->rowOf().amounts.size() == 1; // not of two years
+            const bool areApart =
+                isAlone && figure(account, Figure::balance) && !figure(account, Figure::debt);
+            return areApart ? std::optional(loan) : std::nullopt;
+        }
+        return std::nullopt;
     }
 
     /// Whether a page states what is left and the interest paid on it, and names a loan and no

@@ -4,6 +4,7 @@
 #include "Fiscarel_SG/documents/rows/GridEdges.h"
 #include "Fiscarel_SG/documents/text/Digits.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <string_view>
@@ -38,7 +39,29 @@ std::optional<int> boxNumber(const Row& row) {
     return cells.size() >= 2 && cells.front().last == 0 ? smallNumber(text, 2) : std::nullopt;
 }
 
+namespace {
+
+/// Takes out rows that are nothing but the numbers of boxes, set between a label and its value.
+void dropNumbersBetween(PageRows& page) {
+    constexpr std::size_t fewest = 4; // boxes
+    std::vector<std::size_t> boxes;
+    for (std::size_t at = 0; at < page.rows.size(); ++at) {
+        const auto& words = page.rows[at].words;
+        const auto number = words.size() == 1 ? smallNumber(words[0].text, 2) : std::nullopt;
+        if (number && *number == static_cast<int>(boxes.size()) + 1) {
+            boxes.push_back(at);
+        }
+    }
+    if (boxes.size() >= fewest) {
+        std::ranges::for_each(boxes, [&](std::size_t at) { page.rows[at].words.clear(); });
+        std::erase_if(page.rows, [](const Row& row) { return row.words.empty(); });
+    }
+}
+
+} // namespace
+
 void dropBoxNumbers(PageRows& page) {
+    dropNumbersBetween(page);
     constexpr int fewest = 3; // boxes
     std::vector<std::size_t> boxes;
     int last = 0;

@@ -22,9 +22,10 @@ bool isNumber(const Row& row, const LabelPlace& cell) {
 
 std::vector<LabelPlace> headsOf(const Row& row) {
     constexpr double widestNumber = 14; // points; of a box, not an amount
+    constexpr double farthest = 1.6;    // heights from it to its label
     Cells heads = cellsOf(row);
     for (std::size_t i = 0; i + 1 < heads.size();) {
-        const bool isNear = heads[i + 1].left - heads[i].right < row.height();
+        const bool isNear = heads[i + 1].left - heads[i].right < farthest * row.height();
         if (isNear && heads[i].first == heads[i].last
             && heads[i].right - heads[i].left < widestNumber && lettersIn(row, heads[i]) == 0
             && isNumber(row, heads[i])) {
@@ -143,7 +144,18 @@ std::optional<std::vector<std::size_t>> gridColumns(const Row& labels, const Row
 bool isGridOfBoxes(const Row& labels, const Row& values) {
     const Cells heads = headsOf(labels);
     const Cells cells = cellsOf(values);
-    if (heads.size() < 2 || heads.size() != cells.size() || !hasOnlyAmounts(values)) {
+    // Boxes with numbers may hold an account's number or a day as well.
+    const bool areNumbered = std::ranges::all_of(heads, [&](const LabelPlace& head) {
+        return head.last > head.first && hasOnlyDigits(labels.words[head.first].text);
+    });
+    const bool areFilled = areNumbered
+                               ? std::ranges::all_of(cells,
+                                                     [&](const LabelPlace& cell) {
+                                                         return roleOf(values, cell) != Role::text
+                                                                || isNumber(values, cell);
+                                                     })
+                               : hasOnlyAmounts(values);
+    if (heads.size() < 2 || heads.size() != cells.size() || !hasFirmAmount(values) || !areFilled) {
         return false;
     }
     for (std::size_t i = 0; i < heads.size(); ++i) {

@@ -8,6 +8,7 @@
 #include "Fiscarel_SG/documents/rows/SplitLabels.h"
 #include "Fiscarel_SG/documents/rows/TurnedTables.h"
 #include "Fiscarel_SG/documents/rows/Vocabulary.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
 
 #include <algorithm>
 #include <cmath>
@@ -43,7 +44,7 @@ constexpr double headGap = 3; ///< below the head of a panel, in heights of a ro
 class Arrangement {
   public:
     explicit Arrangement(PageRows page, bool isPanel = false)
-        : page_(std::move(page)), isPanel_(isPanel) {
+        : page_(std::move(page)), isPanel_(isPanel), isStacked_(isPanel || stacks()) {
         for (const Row& row : page_.rows) {
             for (const RowWord& word : row.words) {
                 left_ = rows_.empty() && left_ == 0 ? word.place.left
@@ -63,6 +64,7 @@ class Arrangement {
                                       : takeBoxes(at)    ? 3
                                       : takeStacked(at)  ? 2
                                       : takeCaptions(at) ? 2
+                                      : takeNamed(at)    ? 2
                                       : takeSplit(at)    ? 2
                                       : takeSwapped(at)  ? 1
                                                          : 0;
@@ -313,18 +315,37 @@ class Arrangement {
                         : hasFirmAmount(row);
     }
 
-    /// A label in a panel with its amount below, at the other side: "Saldo", "      1'200.50".
-    bool takeStacked(std::size_t at) {
+    /// Whether a row is a label alone, and the next one its amount, nearer than what follows.
+    bool isStack(std::size_t at) const {
         const auto& rows = page_.rows;
-        if (!isPanel_ || at + 1 >= rows.size() || hasFirmAmount(rows[at])
-            || !hasOnlyAmounts(rows[at + 1]) || gap(at) > 1) {
+        if (at + 1 >= rows.size() || hasFirmAmount(rows[at]) || !hasOnlyAmounts(rows[at + 1])
+            || gap(at) > 1) {
             return false;
         }
         const Cells label = cellsOf(rows[at]);
-        const bool isOne = label.size() == 1 && cellsOf(rows[at + 1]).size() == 1
-                           && lettersIn(rows[at], label.front()) >= 4;
-        const bool isNearer = at + 2 == rows.size() || gap(at) < 0.8 * gap(at + 1);
-        if (!isOne || !isNearer) {
+        return label.size() == 1 && cellsOf(rows[at + 1]).size() == 1
+               && lettersIn(rows[at], label.front()) >= 4
+               && (at + 2 == rows.size() || gap(at) < 0.8 * gap(at + 1));
+    }
+
+    /// Whether a page is set in such pairs, each amount right of its label.
+    bool stacks() const {
+        constexpr std::size_t fewest = 3;
+        std::size_t pairs = 0;
+        for (std::size_t at = 0; at < page_.rows.size(); ++at) {
+            pairs += isStack(at)
+                             && page_.rows[at + 1].words.front().place.left
+                                    > page_.rows[at].words.back().place.right
+                         ? 1U
+                         : 0U;
+        }
+        return pairs >= fewest;
+    }
+
+    /// A label with its amount below, at the other side: "Saldo", "      1'200.50".
+    bool takeStacked(std::size_t at) {
+        const auto& rows = page_.rows;
+        if (!isStacked_ || !isStack(at)) {
             return false;
         }
         compose(rows[at].words, rows[at + 1].words, rows[at].top + shift_, rows[at].height());
@@ -370,6 +391,40 @@ class Arrangement {
             return false;
         }
         composeGrid(rows[at + 1], values, *columns);
+        return true;
+    }
+
+    /// A name with amounts beside it, its number with what they are below: "Sparkonto   1'200.50"
+    /// over "CH12 …   Saldo per 31.12.".
+    bool takeNamed(std::size_t at) {
+        const auto& rows = page_.rows;
+        if (at + 1 >= rows.size() || !hasFirmAmount(rows[at]) || hasFirmAmount(rows[at + 1])
+            || gap(at) > 1) {
+            return false;
+        }
+        const Cells values = cellsOf(rows[at]);
+        const Cells labels = cellsOf(rows[at + 1]);
+        if (values.size() < 2 || values.size() != labels.size()
+            || roleOf(rows[at], values[0]) != Role::text
+            || std::abs(values[0].left - labels[0].left) > aligned
+            || !hasDigit(rows[at + 1].words[labels[0].last].text)) {
+            return false;
+        }
+        for (std::size_t i = 1; i < values.size(); ++i) {
+            const bool isOver =
+                values[i].left < labels[i].right && labels[i].left < values[i].right;
+            if (!isOver || roleOf(rows[at], values[i]) != Role::amount
+                || lettersIn(rows[at + 1], labels[i]) < 4) {
+                return false;
+            }
+        }
+        std::vector<Words> names{wordsOf(rows[at], values[0]), wordsOf(rows[at + 1], labels[0])};
+        std::vector<Words> amounts(2);
+        for (std::size_t i = 1; i < values.size(); ++i) {
+            names.push_back(wordsOf(rows[at + 1], labels[i]));
+            amounts.push_back(wordsOf(rows[at], values[i]));
+        }
+        composePairs(std::move(names), std::move(amounts), rows[at], rows[at + 1]);
         return true;
     }
 
@@ -483,7 +538,8 @@ class Arrangement {
     }
 
     PageRows page_;
-    bool isPanel_; ///< a block beside others
+    bool isPanel_;   ///< a block beside others
+    bool isStacked_; ///< labels may stand above their amounts
     std::vector<Row> rows_;
     double left_ = 0;
     double right_ = 0;

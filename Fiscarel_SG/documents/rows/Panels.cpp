@@ -5,6 +5,7 @@
 #include "Fiscarel_SG/documents/rows/Vocabulary.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <map>
 #include <optional>
@@ -82,9 +83,11 @@ std::optional<std::vector<double>> edgesBetween(const Coverage& coverage, const 
         const auto gaps = coverage.gapsBetween(middleOf(heads[i - 1]), middleOf(heads[i]));
         const double byLeft = heads[i].left - heads[i - 1].left;
         const double byMiddle = middleOf(heads[i]) - middleOf(heads[i - 1]);
+        const double byRight = heads[i].right - heads[i - 1].right;
         const auto isSetAlike = [&](const Span& gap) {
             const double apart = gap.right - left;
-            return std::abs(apart - byLeft) <= similar || std::abs(apart - byMiddle) <= similar;
+            return std::ranges::any_of(std::array{byLeft, byMiddle, byRight},
+                                       [&](double by) { return std::abs(apart - by) <= similar; });
         };
         const auto isAtHead = [&](const Span& gap) {
             return std::abs(gap.right - heads[i].left) <= similar;

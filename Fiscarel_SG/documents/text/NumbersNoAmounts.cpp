@@ -152,14 +152,18 @@ class Marking {
         };
         const std::string_view name = folded(at);
         const bool isName = std::ranges::find(names, name) != names.end()
+                            || isOneOf(word(at), {"n°", "N°", "n.", "N."})
                             || name.ends_with("nummer") || name.ends_with(" nr")
                             || name.ends_with("referenz");
         if (!isName) {
             return;
         }
+        // "Prêt n° 1698.90"
+        const bool isShort = name.size() <= 2;
         for (std::size_t next = at + 1; next < std::min(at + 3, words_.size()); ++next) {
             const auto amount = parseAmount(word(next));
-            if (amount && !amount->hasDecimals) {
+            const bool mayBe = amount && (!amount->hasDecimals || (isShort && !amount->hasMark));
+            if (mayBe) {
                 mark(next);
                 break;
             }
