@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/AccountTable.h"
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+#include "Fiscarel_SG/documents/kinds/GridHeading.h"
 #include "Fiscarel_SG/documents/kinds/TableHeading.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 
@@ -12,6 +13,14 @@
 namespace fiscarel {
 
 namespace {
+
+/// Whether the first of several cells stands over no amounts, where the others do.
+bool isOverWords(const PageRows& page, std::size_t at, const std::vector<LabelPlace>& cells) {
+    return !standsOverAmounts(page, at, cells[0])
+           && std::all_of(cells.begin() + 1, cells.end(), [&](const LabelPlace& cell) {
+                  return standsOverAmounts(page, at, cell);
+              });
+}
 
 /// Whether the first cell of a row of headings stands over what is said left of the columns, as a
 /// currency, a word for any account, or what the figures below are of.
@@ -51,12 +60,17 @@ std::vector<LabelPlace> accountCells(const PageRows& page, std::size_t at) {
     for (const LabelPlace& cell : all) {
         Row own;
         own.words = wordsOf(row, cell);
-        const bool isOther = namesAny(own,
-                                      {Concept::interest, Concept::balance, Concept::withholding,
-                                       Concept::rate, Concept::paid, Concept::opening},
-                                      page.isRecognised)
+        // "Ipoteca a tasso fisso" is a loan's name.
+        const bool isRate = namesAny(own, {Concept::rate}, page.isRecognised)
+                            && !namesAny(own, {Concept::debt}, page.isRecognised);
+        const bool isOther = isRate
+                             || namesAny(own,
+                                         {Concept::interest, Concept::balance, Concept::withholding,
+                                          Concept::paid, Concept::opening},
+                                         page.isRecognised)
                              || isOfExchange(own);
-        if (cell.first == 0 && all.size() >= 3 && isOverLabels(page, at, own, isOther)) {
+        if (cell.first == 0 && all.size() >= 3
+            && (isOverLabels(page, at, own, isOther) || isOverWords(page, at, all))) {
             continue;
         }
         if (isOther || lettersIn(row, cell) < 3) {
