@@ -37,6 +37,7 @@ class AccountMapper {
   private:
     void readPage(const PageRows& page) {
         const std::vector<AccountNumber> ibans = ibansOf(page);
+        const std::size_t before = entries_.size();
         std::vector<AccountHeading> headings;
         for (std::size_t at = 0; at < page.rows.size(); ++at) {
             const bool isNew = headings.empty() || headings.back().row() < at;
@@ -54,7 +55,7 @@ class AccountMapper {
             std::ranges::move(entriesOfTable(page, headings[i], end, ibans),
                               std::back_inserter(entries_));
         }
-        if (headings.empty() && !readNamedRows(page, ibans) && !readColumns(page)) {
+        if (entries_.size() == before && !readNamedRows(page, ibans) && !readColumns(page)) {
             readBlocks(page, ibans);
         }
     }
