@@ -56,7 +56,7 @@ std::vector<LabelPlace> accountCells(const PageRows& page, std::size_t at) {
     if (hasFirmAmount(row)) {
         return cells;
     }
-    const auto all = cellsOf(row);
+    const auto all = headingCells({&page, 0, page.rows.size()}, at);
     for (const LabelPlace& cell : all) {
         Row own;
         own.words = wordsOf(row, cell);
@@ -105,6 +105,18 @@ void keepNewest(std::vector<PageRows>& parts) {
     }
     std::erase_if(parts,
                   [&](const PageRows& part) { return yearOfRow(part.rows[heading]) != newest; });
+}
+
+/// Whether each column has one amount in a row at most: two are of columns not told apart.
+bool areApart(const std::vector<PageRows>& parts) {
+    return std::ranges::none_of(parts, [](const PageRows& part) {
+        return std::ranges::any_of(part.rows, [](const Row& row) {
+            return std::ranges::count_if(
+                       cellsOf(row),
+                       [&](const LabelPlace& cell) { return roleOf(row, cell) == Role::amount; })
+                   > 1;
+        });
+    });
 }
 
 /// Where a table of columns ends: at the title of a loan that stands below, alone or with its
@@ -184,8 +196,14 @@ AccountColumns accountColumns(const PageRows& page) {
         const std::size_t end = endOfColumns(page, at, cells.front().left);
         table.rows.resize(std::min(end, endOfFigures(page, at, cells.front().left)));
         AccountColumns columns{columnsAsPages(table, at, cells), end};
+        for (std::size_t i = 0; i < cells.size() && i < columns.parts.size(); ++i) {
+            auto& rows = columns.parts[i].rows; // what stands left of the names heads the labels
+            if (!rows.empty() && rows.front().top == page.rows[at].top) {
+                rows.front() = rowOfWords(wordsOf(page.rows[at], cells[i]), page.isRecognised);
+            }
+        }
         keepNewest(columns.parts);
-        return columns;
+        return areApart(columns.parts) ? columns : AccountColumns();
     }
     return {};
 }

@@ -41,7 +41,7 @@ class AccountMapper {
         std::vector<AccountHeading> headings;
         for (std::size_t at = 0; at < page.rows.size(); ++at) {
             const bool isNew = headings.empty() || headings.back().row() < at;
-            const AccountHeading found = accountHeadingIn(page, at);
+            const AccountHeading found = accountHeadingIn(page, at, context_.facts.year);
             const bool isOfCourse =
                 found.count() == 1 && ibans.empty() && headings.empty() && headsCourse(page, found)
                 && !entriesOfTable(page, found, page.rows.size(), ibans).empty();
@@ -279,9 +279,12 @@ bool listsAccounts(const DocumentRows& document) {
             if (heading.count() == 0 || !ibanIn(page.rows[at], at)) {
                 continue;
             }
-            const Figures figures = figuresByColumn(page, at, heading);
-            if (figures[static_cast<std::size_t>(Figure::balance)]) {
-                return true;
+            // The number stands beside the amounts or below them.
+            for (const std::size_t row : {at, at - 1}) {
+                const Figures figures = figuresByColumn(page, row, heading);
+                if (row > heading.row() && figures[static_cast<std::size_t>(Figure::balance)]) {
+                    return true;
+                }
             }
         }
         return false;

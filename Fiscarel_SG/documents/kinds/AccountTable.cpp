@@ -167,6 +167,16 @@ void addPlainFigures(AccountHeading& heading, bool isRecognised) {
     }
 }
 
+/// Leaves columns of a year before the document's without a figure.
+void dropPast(AccountHeading& heading, std::optional<int> year) {
+    for (std::size_t i = 0; i < heading.figures.size(); ++i) {
+        const int own = yearIn(heading.table.columns[i].cell);
+        if (year && own != 0 && own < *year) {
+            heading.figures[i].reset();
+        }
+    }
+}
+
 /// Of several columns for one figure only the one that counts keeps it.
 void chooseColumns(AccountHeading& heading) {
     static const Labels taxValues{"Steuerwert*", "valeur fiscale", "valore fiscale"};
@@ -342,9 +352,12 @@ std::size_t amountsTold(const PageRows& page, const AccountHeading& heading) {
 }
 
 /// With what its plain columns state, where the rows below bear it out.
-AccountHeading completed(const PageRows& page, std::size_t at, AccountHeading heading) {
+AccountHeading completed(const PageRows& page, std::size_t at, AccountHeading heading,
+                         std::optional<int> year) {
+    dropPast(heading, year);
     AccountHeading plain = heading;
     addPlainFigures(plain, page.isRecognised);
+    dropPast(plain, year);
     if (plain.figures != heading.figures) {
         chooseColumns(plain);
         if (hasRows(page, plain)) {
@@ -402,14 +415,14 @@ std::size_t AccountHeading::count() const {
         std::ranges::count_if(figures, [](const auto& figure) { return figure.has_value(); }));
 }
 
-AccountHeading accountHeadingIn(const PageRows& page, std::size_t at) {
+AccountHeading accountHeadingIn(const PageRows& page, std::size_t at, std::optional<int> year) {
     AccountHeading heading = readHeading(page, tableHeadingIn(page, at, false));
     AccountHeading both = readHeading(page, tableHeadingIn(page, at, true));
     if (!both.figures.empty() && both.count() >= heading.count()) {
         heading = std::move(both);
     }
-    heading = completed(page, at, std::move(heading));
-    AccountHeading grid = completed(page, at, readHeading(page, gridHeadingIn(page, at)));
+    heading = completed(page, at, std::move(heading), year);
+    AccountHeading grid = completed(page, at, readHeading(page, gridHeadingIn(page, at)), year);
     if (grid.count() >= std::max<std::size_t>(heading.count(), 2)
         && amountsTold(page, grid) > amountsTold(page, heading)) {
         heading = std::move(grid);

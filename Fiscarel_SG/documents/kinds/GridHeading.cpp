@@ -34,15 +34,20 @@ class AmountSpans {
     }
 
     const std::vector<Span>& all() const { return spans_; }
+    /// Whether cells of two rows end or begin at an edge.
+    bool isEnd(double edge, double tolerance) const { return isShared(ends_, edge, tolerance); }
+    bool isStart(double edge, double tolerance) const { return isShared(starts_, edge, tolerance); }
 
   private:
     /// False for a row that no longer stands in the columns of those above.
     bool addRow(const Row& row) {
         std::vector<Span> own;
         for (const LabelPlace& cell : cellsOf(row)) {
-            if (roleOf(row, cell) == Role::amount) {
-                own.push_back({cell.left, cell.right});
+            if (const auto span = amountIn(row, cell)) {
+                own.push_back(*span);
             }
+            ends_.push_back(cell.right);
+            starts_.push_back(cell.left);
         }
         for (const Span& one : own) {
             if (std::ranges::count_if(spans_, [&](const Span& span) { return span.overlaps(one); })
@@ -63,7 +68,30 @@ class AmountSpans {
         return true;
     }
 
+    /// What a cell holds of an amount, which a word behind may mark: "48'917.64 Haben".
+    static std::optional<Span> amountIn(const Row& row, const LabelPlace& cell) {
+        constexpr std::size_t longest = 8; // bytes of a mark
+        if (roleOf(row, cell) == Role::amount) {
+            return Span{cell.left, cell.right};
+        }
+        const auto amount = std::ranges::find_if(row.amounts, [&](const RowAmount& one) {
+            return one.amount.isFirm() && one.first == cell.first && one.last + 1 == cell.last
+                   && row.words[cell.last].text.size() <= longest;
+        });
+        return amount == row.amounts.end()
+                   ? std::nullopt
+                   : std::optional(Span{amount->place.left, amount->place.right});
+    }
+
+    static bool isShared(const std::vector<double>& edges, double edge, double tolerance) {
+        return std::ranges::count_if(edges,
+                                     [&](double one) { return std::abs(one - edge) <= tolerance; })
+               >= 2;
+    }
+
     std::vector<Span> spans_;
+    std::vector<double> starts_; ///< left edges of all cells
+    std::vector<double> ends_;   ///< and right ones
 };
 
 /// A line of a heading: its cells, and which of them stands over each column.
@@ -74,19 +102,22 @@ struct Line {
     std::optional<std::size_t> stub;              ///< the cell over the names of the rows
 };
 
-/// Parts a cell whose words end where the amounts of several columns do.
-std::vector<LabelPlace> partsOf(const Row& row, const LabelPlace& cell,
-                                const std::vector<Span>& spans, double tolerance) {
+/// Parts a cell of headings that stand too close to tell apart: where cells of the rows below end
+/// with one of its words, or begin with the next.
+std::vector<LabelPlace> partsOf(const Row& row, const LabelPlace& cell, const AmountSpans& spans,
+                                double tolerance) {
     std::vector<LabelPlace> parts{cell};
     const auto endsColumn = [&](double right) {
-        return std::ranges::any_of(
-            spans, [&](const Span& span) { return std::abs(span.right - right) <= tolerance; });
+        return spans.isEnd(right, tolerance)
+               || std::ranges::any_of(spans.all(), [&](const Span& span) {
+                      return std::abs(span.right - right) <= tolerance;
+                  });
     };
-    if (!endsColumn(cell.right)) {
-        return parts;
-    }
+    const bool isRight = endsColumn(cell.right);
     for (std::size_t i = cell.first; i < cell.last; ++i) {
-        if (!row.words[i].folded.empty() && endsColumn(row.words[i].place.right)) {
+        const bool isEnd =
+            isRight && !row.words[i].folded.empty() && endsColumn(row.words[i].place.right);
+        if (isEnd || spans.isStart(row.words[i + 1].place.left, tolerance / 2)) {
             parts.back().last = i;
             parts.back().right = row.words[i].place.right;
             parts.push_back({i + 1, cell.last, row.words[i + 1].place.left, cell.right});
@@ -102,10 +133,11 @@ double overlapOf(const LabelPlace& cell, const Span& span) {
 /// The cell of a line over each column: that it overlaps most, and for those left without one the
 /// nearest of the cells that stand over no column. What begins where the names of the rows do is
 /// a title or heads those.
-Line lineOver(const PageRows& page, std::size_t at, const std::vector<Span>& spans, double names) {
+Line lineOver(const PageRows& page, std::size_t at, const AmountSpans& columns, double names) {
+    const std::vector<Span>& spans = columns.all();
     Line line{.row = &page.rows[at]};
     for (const LabelPlace& cell : cellsOf(*line.row)) {
-        std::ranges::copy(partsOf(*line.row, cell, spans, alignment(page) / 2),
+        std::ranges::copy(partsOf(*line.row, cell, columns, alignment(page) / 2),
                           std::back_inserter(line.cells));
     }
     const LabelPlace whole = cellsOf(*line.row).front();
@@ -149,20 +181,24 @@ Line lineOver(const PageRows& page, std::size_t at, const std::vector<Span>& spa
     return line;
 }
 
+/// The words over a column, without their case; empty where it has none.
+std::string wordsOver(const Line& line, std::size_t column) {
+    std::string text;
+    if (line.over[column]) {
+        const LabelPlace& cell = line.cells[*line.over[column]];
+        for (std::size_t i = cell.first; i <= cell.last; ++i) {
+            text += line.row->words[i].folded + ' ';
+        }
+    }
+    return text;
+}
+
 /// Whether the words over a column are found over another one as well, and say nothing by
 /// themselves.
 bool isRepeated(const Line& line, std::size_t column) {
-    const auto textOf = [&](std::size_t i) {
-        std::string text;
-        for (std::size_t w = line.cells[*line.over[i]].first; w <= line.cells[*line.over[i]].last;
-             ++w) {
-            text += line.row->words[w].folded + ' ';
-        }
-        return text;
-    };
     for (std::size_t i = 0; i < line.over.size(); ++i) {
         if (i != column && line.over[i] && line.over[column] && line.over[i] != line.over[column]
-            && textOf(i) == textOf(column)) {
+            && wordsOver(line, i) == wordsOver(line, column)) {
             return true;
         }
     }
@@ -183,9 +219,50 @@ bool isSide(const Line& line, std::size_t column) {
     return cell.last - cell.first <= 1 && isAnyIn(own.folded, sides);
 }
 
+/// Gives columns that repeat a sequence, "Dare Avere Dare Avere", one heading of the line above for
+/// each time it is repeated. False where that has another number of headings.
+bool spreadOverRepeats(Line& above, const Line& below) {
+    const std::size_t count = below.over.size();
+    std::size_t first = 0;
+    while (first < count && (!below.over[first] || !isRepeated(below, first))) {
+        ++first;
+    }
+    std::size_t end = first;
+    while (end < count && below.over[end] && isRepeated(below, end)) {
+        ++end;
+    }
+    std::size_t period = 1;
+    while (first + period < end && wordsOver(below, first + period) != wordsOver(below, first)) {
+        ++period;
+    }
+    if (end - first < 4 || period < 2 || (end - first) % period != 0) {
+        return false;
+    }
+    std::vector<std::size_t> heads;
+    for (std::size_t cell = 0; cell < above.cells.size(); ++cell) {
+        bool isOfOther = above.stub == cell;
+        for (std::size_t i = 0; i < count; ++i) {
+            isOfOther |= above.over[i] == cell && (i < first || i >= end);
+        }
+        if (!isOfOther) {
+            heads.push_back(cell);
+        }
+    }
+    if (heads.size() != (end - first) / period) {
+        return false;
+    }
+    for (std::size_t i = first; i < end; ++i) {
+        above.over[i] = heads[(i - first) / period];
+    }
+    return true;
+}
+
 /// Gives the columns of sides that nothing stands over in the line above the nearest of its cells:
 /// a heading of several columns stands in the middle of them or at one edge.
 void spreadAbove(Line& above, const Line& below, const std::vector<Span>& spans) {
+    if (spreadOverRepeats(above, below)) {
+        return;
+    }
     for (std::size_t i = 0; i < spans.size(); ++i) {
         if (above.over[i] || !below.over[i] || (!isSide(below, i) && !isRepeated(below, i))) {
             continue;
@@ -305,7 +382,7 @@ TableHeading gridHeadingIn(const PageRows& page, std::size_t at) {
     const double names = page.rows[amounts].words.front().place.left;
     std::vector<Line> lines;
     for (std::size_t row = at; row < end; ++row) {
-        lines.push_back(lineOver(page, row, spans.all(), names));
+        lines.push_back(lineOver(page, row, spans, names));
     }
     if (lines.front().stub && lines.front().cells.size() == 1) {
         return heading; // a title

@@ -16,7 +16,7 @@ namespace fiscarel {
 
 namespace {
 
-constexpr std::size_t fewestRows = 3; ///< with names and amounts in both halves
+constexpr std::size_t fewestRows = 2; ///< with names and amounts in both halves
 
 /// Where the right half of a row begins that has words and then amounts in both; absent for others.
 std::optional<double> halfEdge(const Row& row) {
@@ -61,10 +61,29 @@ bool isTitleOf(const Row& row, const Halves& halves) {
            && cells[0].right < halves.edge - indent;
 }
 
+/// Whether a title sets what a customer has beside what he owes.
+bool namesBothSides(const Row& row) {
+    static const Labels kept{"*guthaben", "Aktiven", "Aktiva", "*vermögen*", "*konten",
+                             "*einlagen", "avoirs",  "actifs", "comptes",    "fortune",
+                             "averi",     "attivi",  "attivo", "conti",      "depositi"};
+    static const Labels owed{
+        "*schulden",   "Passiven",     "Passiva",     "*hypotheken", "*kredite", "Darlehen",
+        "Verpflicht*", "Verbindlich*", "dettes",      "passifs",     "crédits",  "prêts",
+        "emprunts",    "engagement*",  "hypothèques", "debiti",      "passivi",  "passivo",
+        "crediti",     "prestiti",     "mutui",       "ipoteche",    "impegni"};
+    return isAnyIn(row.folded, kept) && isAnyIn(row.folded, owed);
+}
+
 /// The gap between two rows in heights.
 double gapOf(const Row& above, const Row& below) {
     const double height = std::max(above.height(), below.height());
     return height <= 0 ? 0 : (below.top - above.bottom) / height;
+}
+
+/// Whether what a row has right of its words stands in no half: amounts alone at the right.
+bool hasNoOwnWords(const Row& row, const std::vector<double>& edges) {
+    const Row right = columnOf(row, edges, 1, false);
+    return !right.words.empty() && !isLeftOf(right, edges) && hasOnlyAmounts(right);
 }
 
 /// The halves whose first row with amounts in both is this one.
@@ -79,6 +98,7 @@ std::optional<Halves> halvesAt(const PageRows& page, std::size_t at) {
     const std::vector<double> edges{*edge};
     std::size_t both = 1;
     std::size_t titles = 0;
+    bool isOfBoth = false;
     for (; halves.first > 0; --halves.first) {
         const Row& above = rows[halves.first - 1];
         const bool isTitle = isTitleOf(above, halves);
@@ -87,19 +107,21 @@ std::optional<Halves> halvesAt(const PageRows& page, std::size_t at) {
             break;
         }
         titles += isTitle ? 1U : 0U;
+        isOfBoth |= isTitle && namesBothSides(above);
         halves.edge = isTitle ? std::min(halves.edge, cellsOf(above)[1].left) : halves.edge;
     }
     for (; halves.end < rows.size(); ++halves.end) {
         const Row& row = rows[halves.end];
         const auto own = halfEdge(row);
-        if (crossesEdges(row, edges) || gapOf(rows[halves.end - 1], row) >= farthest
+        if (crossesEdges(row, edges) || hasNoOwnWords(row, edges)
+            || gapOf(rows[halves.end - 1], row) >= farthest
             || (own && std::abs(*own - *edge) > aligned)
             || (isLeftOf(row, edges) && namesAny(row, {Concept::total}, page.isRecognised))) {
             break;
         }
         both += own ? 1U : 0U;
     }
-    return both >= fewestRows && titles > 0 ? std::optional(halves) : std::nullopt;
+    return (both >= fewestRows || isOfBoth) && titles > 0 ? std::optional(halves) : std::nullopt;
 }
 
 void moveDown(Row& row, double by) {
