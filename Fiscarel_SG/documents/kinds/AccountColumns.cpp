@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/AccountTable.h"
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+#include "Fiscarel_SG/documents/kinds/GridHeading.h"
 #include "Fiscarel_SG/documents/kinds/TableHeading.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 
@@ -12,6 +13,14 @@
 namespace fiscarel {
 
 namespace {
+
+/// Whether the first of several cells stands over no amounts, where the others do.
+bool isOverWords(const PageRows& page, std::size_t at, const std::vector<LabelPlace>& cells) {
+    return !standsOverAmounts(page, at, cells[0])
+           && std::all_of(cells.begin() + 1, cells.end(), [&](const LabelPlace& cell) {
+                  return standsOverAmounts(page, at, cell);
+              });
+}
 
 /// Whether the first cell of a row of headings stands over what is said left of the columns, as a
 /// currency, a word for any account, or what the figures below are of.
@@ -47,16 +56,21 @@ std::vector<LabelPlace> accountCells(const PageRows& page, std::size_t at) {
     if (hasFirmAmount(row)) {
         return cells;
     }
-    const auto all = cellsOf(row);
+    const auto all = headingCells({&page, 0, page.rows.size()}, at);
     for (const LabelPlace& cell : all) {
         Row own;
         own.words = wordsOf(row, cell);
-        const bool isOther = namesAny(own,
-                                      {Concept::interest, Concept::balance, Concept::withholding,
-                                       Concept::rate, Concept::paid, Concept::opening},
-                                      page.isRecognised)
+        // "Ipoteca a tasso fisso" is a loan's name.
+        const bool isRate = namesAny(own, {Concept::rate}, page.isRecognised)
+                            && !namesAny(own, {Concept::debt}, page.isRecognised);
+        const bool isOther = isRate
+                             || namesAny(own,
+                                         {Concept::interest, Concept::balance, Concept::withholding,
+                                          Concept::paid, Concept::opening},
+                                         page.isRecognised)
                              || isOfExchange(own);
-        if (cell.first == 0 && all.size() >= 3 && isOverLabels(page, at, own, isOther)) {
+        if (cell.first == 0 && all.size() >= 3
+            && (isOverLabels(page, at, own, isOther) || isOverWords(page, at, all))) {
             continue;
         }
         if (isOther || lettersIn(row, cell) < 3) {
@@ -91,6 +105,18 @@ void keepNewest(std::vector<PageRows>& parts) {
     }
     std::erase_if(parts,
                   [&](const PageRows& part) { return yearOfRow(part.rows[heading]) != newest; });
+}
+
+/// Whether each column has one amount in a row at most: two are of columns not told apart.
+bool areApart(const std::vector<PageRows>& parts) {
+    return std::ranges::none_of(parts, [](const PageRows& part) {
+        return std::ranges::any_of(part.rows, [](const Row& row) {
+            return std::ranges::count_if(
+                       cellsOf(row),
+                       [&](const LabelPlace& cell) { return roleOf(row, cell) == Role::amount; })
+                   > 1;
+        });
+    });
 }
 
 /// Where a table of columns ends: at the title of a loan that stands below, alone or with its
@@ -173,8 +199,14 @@ AccountColumns accountColumns(const PageRows& page) {
         const std::size_t end = endOfColumns(page, at, cells.front().left);
         table.rows.resize(std::min(end, endOfFigures(page, at, cells.front().left)));
         AccountColumns columns{columnsAsPages(table, at, cells), end};
+        for (std::size_t i = 0; i < cells.size() && i < columns.parts.size(); ++i) {
+            auto& rows = columns.parts[i].rows; // what stands left of the names heads the labels
+            if (!rows.empty() && rows.front().top == page.rows[at].top) {
+                rows.front() = rowOfWords(wordsOf(page.rows[at], cells[i]), page.isRecognised);
+            }
+        }
         keepNewest(columns.parts);
-        return columns;
+        return areApart(columns.parts) ? columns : AccountColumns();
     }
     return {};
 }

@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/documents/kinds/AccountEntries.h"
 
+#include "Fiscarel_SG/documents/kinds/BankShares.h"
 #include "TaxCore/base/Iban.h"
 
 #include <algorithm>
@@ -214,8 +215,10 @@ class EntryProposer {
         if (interest && !interest->value().isZero()) {
             const auto& tax = at(entry.figures, Figure::withholding);
             // Interest up to 200 francs a year is free of it. VStG Art. 5 Abs. 1 Bst. c
+            // What the bank's own shares and notes bring is no customer's balance.
             const bool isTaxed =
-                tax ? !tax->value().isZero() : interest->value() > 200 && !isOfLiechtenstein(entry);
+                tax ? !tax->value().isZero()
+                    : (interest->value() > 200 || isOfShares(entry)) && !isOfLiechtenstein(entry);
             const auto checks = interestChecks(entry.figures);
             addAmount(record, isTaxed ? "incomeWithWithholding" : "incomeWithoutWithholding",
                       *interest, Figure::interest, checks);
@@ -225,6 +228,11 @@ class EntryProposer {
             }
         }
         proposeIncome(record, entry);
+    }
+
+    static bool isOfShares(const AccountEntry& entry) {
+        return entry.range.first < entry.range.end
+               && mentionsShares(entry.range.page->rows[entry.range.first]);
     }
 
     /// Whether an account, or where it has no number the bank's others, are of Liechtenstein, which

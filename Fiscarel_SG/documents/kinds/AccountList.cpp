@@ -65,8 +65,8 @@ bool hasName(const Row& row) {
 
 /// Whether the amounts of a row are marked as owed: "136'000.00 S", "D" in a column of its own.
 bool isMarkedOwed(const Row& row) {
-    static constexpr std::array<std::string_view, 9> marks{"S",     "Soll", "SOLL", "D", "Débit",
-                                                           "DÉBIT", "Dare", "DARE", "DR"};
+    static constexpr std::array<std::string_view, 12> marks{
+        "S", "Soll", "SOLL", "D", "Débit", "DÉBIT", "Dare", "DARE", "DR", "débit", "dare", "soll"};
     return std::ranges::any_of(row.amounts, [&](const RowAmount& amount) {
         return amount.amount.isFirm() && amount.last + 1 < row.words.size()
                && std::ranges::find(marks, row.words[amount.last + 1].text) != marks.end();
@@ -105,6 +105,15 @@ bool isSumOf(const Figures& figures, const Figures& sums) {
         return own && !own->value().isZero() && !differs(figure) && at(sums, figure);
     };
     return (isSum(balance) || isSum(debt)) && !differs(interest) && !differs(debtInterest);
+}
+
+/// Whether a row only carries over what a page before or the rows above come to.
+bool isCarried(const Row& row) {
+    static const Labels carried{"Übertrag*", "Uebertrag*", "*vortrag", "report",  "reports",
+                                "reporté*",  "reporter",   "riporto",  "riporti", "riportare",
+                                "riportat*", "carried",    "forward"};
+    const auto place = findLabel(row, carried, false);
+    return place && place->first <= 1;
 }
 
 /// Whether a row begins with a time of the year: a day, "01.01. - 30.06.2024", "2. Quartal",
@@ -171,6 +180,7 @@ class ListReader {
         : page_(page), heading_(heading), ibans_(ibans) {}
 
     std::vector<AccountEntry> read(std::size_t end) && {
+        end_ = end;
         if (readCourse(end)) {
             return std::move(entries_);
         }
@@ -191,6 +201,9 @@ class ListReader {
   private:
     void readRow(std::size_t at, const Figures& figures) {
         const Row& row = page_.rows[at];
+        if (isCarried(row)) {
+            return;
+        }
         if (isSumOf(figures, section_) || isSumOf(figures, all_)
             || isAnyIn(row.folded, wordsFor(Concept::total))) {
             section_ = {};
@@ -206,7 +219,8 @@ class ListReader {
         }
         addTo(section_, figures);
         addTo(all_, figures);
-        const bool isLoan = own == nullptr && (heading_.isOfLoans || namesLoan(page_, at));
+        const bool isNamed = (own == nullptr || tellsByNames()) && namesLoan(page_, at);
+        const bool isLoan = isNamed || (own == nullptr && heading_.isOfLoans);
         add({.figures = figures,
              .number = own == nullptr ? std::string() : own->text,
              .creditor = creditorOf(page_, at, heading_),
@@ -214,6 +228,20 @@ class ListReader {
              .isLoan = isLoan || isSectionOwed_,
              .isDepot = own == nullptr && (namesDepot(row) || mentionsShares(row)),
              .quantity = own == nullptr ? sharesIn(page_, at) : std::nullopt});
+    }
+
+    /// Whether only the rows' names tell what is owed: no column, no sign, and no section does.
+    bool tellsByNames() {
+        if (!tellsByNames_) {
+            bool isTold = heading_.states(Figure::debt) || heading_.isOfLoans;
+            for (std::size_t row = heading_.row() + 1; row < end_ && !isTold; ++row) {
+                const auto& balance = at(figuresByColumn(page_, row, heading_), Figure::balance);
+                isTold = (balance && (balance->value() < 0 || isMarkedOwed(page_.rows[row])))
+                         || (!balance && sectionIn(page_.rows[row]).has_value());
+            }
+            tellsByNames_ = !isTold;
+        }
+        return *tellsByNames_;
     }
 
     /// Whether a row below a total is no further loan or account: these have a name and a number.
@@ -228,23 +256,25 @@ class ListReader {
 
     /// Whether a row is the title of a part of the table, and whether of what is owed.
     std::optional<bool> sectionIn(const Row& row) const {
-        static const Labels owed{"Verpflichtungen", "Passiven", "Schulden",     "Hypotheken",
-                                 "Kredite",         "Darlehen", "Ausleihungen", "engagements",
-                                 "passifs",         "dettes",   "prêts",        "hypothèques",
-                                 "crédits",         "passivi",  "impegni",      "debiti",
-                                 "prestiti",        "ipoteche", "mutui",        "Finanzierungen",
-                                 "financements",    "crediti",  "finanziamenti"};
-        static const Labels kept{"Aktiven", "Guthaben",      "Vermögen", "Konten",    "Einlagen",
-                                 "Depots",  "Wertschriften", "avoirs",   "actifs",    "comptes",
-                                 "titres",  "dépôts",        "fortune",  "averi",     "attivi",
-                                 "conti",   "titoli",        "depositi", "relazioni", "Anlagen"};
+        static const Labels owed{
+            "Verpflichtung*", "Verbindlichkeit*", "Passiven",    "Passiva",     "*schulden",
+            "*hypotheken",    "*kredite",         "Darlehen",    "Ausleihung*", "Finanzierung*",
+            "engagement*",    "passif",           "passifs",     "dettes",      "prêts",
+            "hypothèques",    "crédits",          "emprunts",    "passivo",     "passivi",
+            "impegni",        "debiti",           "prestiti",    "ipoteche",    "mutui",
+            "crediti",        "finanziamenti",    "financements"};
+        static const Labels kept{"Aktiven",  "Aktiva",   "*guthaben", "Vermögen*",     "*konten",
+                                 "Einlagen", "Depots",   "Anlagen",   "Wertschriften", "avoirs",
+                                 "actif",    "actifs",   "comptes",   "titres",        "dépôts",
+                                 "fortune",  "averi",    "attivo",    "attivi",        "conti",
+                                 "titoli",   "depositi", "relazioni"};
         if (row.words.size() > 4 || hasNumber(row) || cellsOf(row).size() > 2) {
             return std::nullopt;
         }
-        if (isAnyIn(row.folded, owed)) {
-            return true;
-        }
-        return isAnyIn(row.folded, kept) ? std::optional(false) : std::nullopt;
+        const bool isKept = isAnyIn(row.folded, kept); // of both the names of the rows tell
+        return isKept                      ? std::optional(false)
+               : isAnyIn(row.folded, owed) ? std::optional(true)
+                                           : std::nullopt;
     }
 
     /// "Säule 3a (steuerfrei)", over its accounts, which are no wealth (BVG Art. 82 and 84).
@@ -363,6 +393,8 @@ class ListReader {
     std::vector<AccountEntry> entries_;
     Figures section_; ///< sums of the rows since the last total, the amounts alone
     Figures all_;     ///< those of all rows so far
+    std::size_t end_ = 0;
+    std::optional<bool> tellsByNames_; ///< absent until it is asked for
     bool isOver_ = false;
     bool isSectionOwed_ = false;
     bool isTied_ = false; ///< a section of pillar 3a

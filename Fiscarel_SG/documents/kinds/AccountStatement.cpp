@@ -37,10 +37,11 @@ class AccountMapper {
   private:
     void readPage(const PageRows& page) {
         const std::vector<AccountNumber> ibans = ibansOf(page);
+        const std::size_t before = entries_.size();
         std::vector<AccountHeading> headings;
         for (std::size_t at = 0; at < page.rows.size(); ++at) {
             const bool isNew = headings.empty() || headings.back().row() < at;
-            const AccountHeading found = accountHeadingIn(page, at);
+            const AccountHeading found = accountHeadingIn(page, at, context_.facts.year);
             const bool isOfCourse =
                 found.count() == 1 && ibans.empty() && headings.empty() && headsCourse(page, found)
                 && !entriesOfTable(page, found, page.rows.size(), ibans).empty();
@@ -54,7 +55,7 @@ class AccountMapper {
             std::ranges::move(entriesOfTable(page, headings[i], end, ibans),
                               std::back_inserter(entries_));
         }
-        if (headings.empty() && !readNamedRows(page, ibans) && !readColumns(page)) {
+        if (entries_.size() == before && !readNamedRows(page, ibans) && !readColumns(page)) {
             readBlocks(page, ibans);
         }
     }
@@ -308,9 +309,12 @@ bool listsAccounts(const DocumentRows& document) {
             if (heading.count() == 0 || !ibanIn(page.rows[at], at)) {
                 continue;
             }
-            const Figures figures = figuresByColumn(page, at, heading);
-            if (figures[static_cast<std::size_t>(Figure::balance)]) {
-                return true;
+            // The number stands beside the amounts or below them.
+            for (const std::size_t row : {at, at - 1}) {
+                const Figures figures = figuresByColumn(page, row, heading);
+                if (row > heading.row() && figures[static_cast<std::size_t>(Figure::balance)]) {
+                    return true;
+                }
             }
         }
         return false;

@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/AccountTable.h"
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+#include "Fiscarel_SG/documents/kinds/GridHeading.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/text/Digits.h"
 
@@ -45,6 +46,19 @@ bool hasParts(const Row& cell) {
               });
 }
 
+/// Whether a cell names both whom an amount may favour: "Solde en votre faveur (+) / en notre
+/// faveur (–)".
+bool namesBothFavours(const Row& cell) {
+    static const Labels customers{"Ihren Gunsten",    "Ihre Gunsten",   "votre faveur",
+                                  "vostro favore",    "suo favore",     "favore del cliente",
+                                  "faveur du client", "Gunsten Kunde*", "Gunsten des Kunden"};
+    static const Labels banks{"unseren Gunsten",     "unsere Gunsten", "notre faveur",
+                              "nostro favore",       "Lasten",         "votre charge",
+                              "suo carico",          "vostro carico",  "favore della banca",
+                              "faveur de la banque", "Gunsten Bank",   "Gunsten der Bank"};
+    return isAnyIn(cell.folded, customers) && isAnyIn(cell.folded, banks);
+}
+
 /// What a cell states that names one side of an account's page, or both: then each row says which.
 std::optional<Figure> figureOfSides(const Row& cell, bool isRecognised) {
     static const Labels earned{"Haben*",     "Zinsertrag*", "Habenzins*", "actifs",
@@ -58,6 +72,10 @@ std::optional<Figure> figureOfSides(const Row& cell, bool isRecognised) {
                              "fortune", "capital",   "avere",     "averi",    "capitale", "Haben"};
     static const Labels owed{"Schuld*", "Soll", "dette*",      "débit",   "debito",
                              "debiti",  "dare", "engagement*", "Kredit*", "Verpflichtung*"};
+    if (namesBothFavours(cell)) {
+        return namesAny(cell, {Concept::interest}, isRecognised) ? Figure::interest
+                                                                 : Figure::balance;
+    }
     const bool isParted = hasParts(cell);
     const bool isDebit = isDebitSide(cell);
     if ((!isParted && !isDebit) || namesAny(cell, {Concept::rate}, isRecognised)) {
@@ -127,15 +145,16 @@ void addPlainFigures(AccountHeading& heading, bool isRecognised) {
     for (std::size_t i = 0; i < heading.figures.size(); ++i) {
         const Row& cell = heading.table.columns[i].cell;
         auto& figure = heading.figures[i];
-        const bool isOther = namesAny(
-            cell,
-            {Concept::other, Concept::opening, Concept::repayment, Concept::rate, Concept::fee},
-            isRecognised);
+        const bool isOther = namesAny(cell,
+                                      {Concept::other, Concept::opening, Concept::repayment,
+                                       Concept::rate, Concept::fee},
+                                      isRecognised)
+                             || heading.table.columns[i].isOfWords;
         const bool isStand = !hasStand && hasInterest && isYearOnly(cell);
         if (!figure && !isOther && cell.words.size() <= 5 && (namesLastDay(cell) || isStand)) {
             figure = Figure::balance;
-        } else if (!figure && !isOther && namesAny(cell, {Concept::paid}, isRecognised)
-                   && cell.words.size() <= 3) {
+        } else if (!figure && !isOther && !hasInterest
+                   && namesAny(cell, {Concept::paid}, isRecognised) && cell.words.size() <= 3) {
             figure = Figure::interest;
         } else if (!figure && !isOther && !hasStand && cell.words.size() <= 4
                    && findLabel(cell, stands, isRecognised)) {
@@ -145,6 +164,16 @@ void addPlainFigures(AccountHeading& heading, bool isRecognised) {
             figure = before;
         }
         before = figure ? figure : before;
+    }
+}
+
+/// Leaves columns of a year before the document's without a figure.
+void dropPast(AccountHeading& heading, std::optional<int> year) {
+    for (std::size_t i = 0; i < heading.figures.size(); ++i) {
+        const int own = yearIn(heading.table.columns[i].cell);
+        if (year && own != 0 && own < *year) {
+            heading.figures[i].reset();
+        }
     }
 }
 
@@ -288,7 +317,9 @@ AccountHeading readHeading(const PageRows& page, TableHeading table) {
     std::optional<Figure> before;
     for (const TableColumn& column : heading.table.columns) {
         const auto other = otherSideOf(before, column.cell);
-        before = other ? other : figureOf(column.cell, page.isRecognised);
+        before = column.isOfWords ? std::nullopt
+                 : other          ? other
+                                  : figureOf(column.cell, page.isRecognised);
         heading.figures.push_back(before);
     }
     addSides(heading);
@@ -307,10 +338,26 @@ bool hasRows(const PageRows& page, const AccountHeading& heading) {
     return false;
 }
 
+/// How many amounts of the next rows a heading tells.
+std::size_t amountsTold(const PageRows& page, const AccountHeading& heading) {
+    constexpr std::size_t rows = 12;
+    std::size_t told = 0;
+    const std::size_t end = std::min(page.rows.size(), heading.row() + rows);
+    for (std::size_t at = heading.row() + 1; at < end; ++at) {
+        const Figures figures = figuresByColumn(page, at, heading);
+        told += static_cast<std::size_t>(
+            std::ranges::count_if(figures, [](const auto& one) { return one.has_value(); }));
+    }
+    return told;
+}
+
 /// With what its plain columns state, where the rows below bear it out.
-AccountHeading completed(const PageRows& page, std::size_t at, AccountHeading heading) {
+AccountHeading completed(const PageRows& page, std::size_t at, AccountHeading heading,
+                         std::optional<int> year) {
+    dropPast(heading, year);
     AccountHeading plain = heading;
     addPlainFigures(plain, page.isRecognised);
+    dropPast(plain, year);
     if (plain.figures != heading.figures) {
         chooseColumns(plain);
         if (hasRows(page, plain)) {
@@ -333,7 +380,7 @@ std::optional<Figure> figureOf(const Row& cell, bool isRecognised) {
     static const Labels debts{"Passiven", "Ausstand", "Ausstände",  "Schulden",
                               "passifs",  "passivi",  "liabilities"};
     static const Labels charges{"Aufwand", "Zinsaufwand", "charges", "oneri", "onere"};
-    if (cell.words.size() > 8 || isRateInPercent(cell, isRecognised)) {
+    if ((cell.words.size() > 8 && !namesBothFavours(cell)) || isRateInPercent(cell, isRecognised)) {
         return std::nullopt;
     }
     if (const auto taxed = taxednessOf(cell); taxed && isIncome(cell, isRecognised)) {
@@ -368,13 +415,18 @@ std::size_t AccountHeading::count() const {
         std::ranges::count_if(figures, [](const auto& figure) { return figure.has_value(); }));
 }
 
-AccountHeading accountHeadingIn(const PageRows& page, std::size_t at) {
+AccountHeading accountHeadingIn(const PageRows& page, std::size_t at, std::optional<int> year) {
     AccountHeading heading = readHeading(page, tableHeadingIn(page, at, false));
     AccountHeading both = readHeading(page, tableHeadingIn(page, at, true));
     if (!both.figures.empty() && both.count() >= heading.count()) {
         heading = std::move(both);
     }
-    heading = completed(page, at, std::move(heading));
+    heading = completed(page, at, std::move(heading), year);
+    AccountHeading grid = completed(page, at, readHeading(page, gridHeadingIn(page, at)), year);
+    if (grid.count() >= std::max<std::size_t>(heading.count(), 2)
+        && amountsTold(page, grid) > amountsTold(page, heading)) {
+        heading = std::move(grid);
+    }
     // Words of one label are no columns because some amounts below end where one of them does.
     const bool isOneCell = heading.count() >= 2 && cellsOf(page.rows[at]).size() == 1;
     return isOneCell && !hasRows(page, heading) ? AccountHeading() : heading;

@@ -26,8 +26,10 @@ struct AccountHeading {
 std::optional<Figure> figureOf(const Row& cell, bool isRecognised);
 
 /// The heading a row begins; without figures for a row that heads nothing. Of several columns for
-/// one figure that in francs counts, then the tax value, then the newest.
-AccountHeading accountHeadingIn(const PageRows& page, std::size_t at);
+/// one figure that in francs counts, then the tax value, then the newest; one of a year before the
+/// document's states nothing.
+AccountHeading accountHeadingIn(const PageRows& page, std::size_t at,
+                                std::optional<int> year = std::nullopt);
 /// The amounts of a row by the columns of a heading.
 Figures figuresByColumn(const PageRows& page, std::size_t at, const AccountHeading& heading);
 

@@ -493,6 +493,10 @@ std::optional<FoundAmount> amountFor(const RowRange& range, std::size_t at, cons
     if (!right.empty()) {
         const RowAmount* headed =
             right.size() > 1 ? speakingOf(range, at, label, wanted, right) : nullptr;
+        if (headed == nullptr && right.size() > 1 && range.first > 0) {
+            const RowAmount* newest = newestIn(*range.page, at); // headed above the range
+            headed = std::ranges::find(right, newest) != right.end() ? newest : nullptr;
+        }
         found.amount = headed != nullptr ? *headed : choose(right, *range.page);
         found.isAlone = right.size() == 1 || headed != nullptr;
         return found;

@@ -11,8 +11,8 @@
 namespace fiscarel {
 
 /// What a column or a label of a paper on securities states.
-enum class Stated { quantity, price, value, withTax, withoutTax, income };
-constexpr std::size_t statedCount = 6;
+enum class Stated { quantity, price, value, withTax, withoutTax, income, tax };
+constexpr std::size_t statedCount = 7;
 using StatedAmounts = std::array<std::optional<FoundAmount>, statedCount>;
 
 inline const std::optional<FoundAmount>& at(const StatedAmounts& amounts, Stated stated) {
@@ -54,11 +54,12 @@ class SecurityList {
     bool isProven() const;
     /// Puts income that no words tell the tax of where it belongs: that of a Swiss debtor is taxed
     /// at source (VStG Art. 4), interest only above 200 francs. Kept only where the page prints
-    /// what both come to.
+    /// what both come to. Where the tax itself is stated, it tells.
     void settleIncome();
     void propose(ProposalDraft& draft) const;
 
   private:
+    bool settleByTax();
     std::optional<ProposalCheck> sumCheck(Stated stated) const;
     std::optional<ProposalCheck> taxCheck() const;
     bool isPrinted(const Decimal& sum) const;

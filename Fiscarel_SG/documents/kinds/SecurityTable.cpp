@@ -70,8 +70,9 @@ class SecurityReader {
         : page_(page), heading_(std::move(heading)), list_(context, page) {}
 
     SecurityList read() && {
-        const bool isNamedAbove = namesAbove();
-        for (std::size_t row = heading_.table.row + 1; row < page_.rows.size(); ++row) {
+        const std::size_t named = namedBefore();
+        const bool isNamedAbove = named <= heading_.table.row || namesAbove();
+        for (std::size_t row = named; row < page_.rows.size(); ++row) {
             const StatedAmounts amounts = amountsOf(page_, row, heading_);
             if (isTotal(row, amounts)) {
                 if (!hasMore(row)) {
@@ -143,6 +144,22 @@ class SecurityReader {
         return false;
     }
 
+    /// The row of the first security's name where that stands above the heading, which each of them
+    /// has then; else the row below the heading.
+    std::size_t namedBefore() const {
+        constexpr std::size_t farthest = 3; // rows
+        const std::size_t heading = heading_.table.row;
+        for (std::size_t row = heading; row > 0 && heading - row < farthest; --row) {
+            const bool isAnyLower = std::ranges::any_of(
+                page_.rows.begin() + static_cast<std::ptrdiff_t>(heading) + 1, page_.rows.end(),
+                [&](const Row& one) { return hasIsin(one) && !hasFirmAmount(one); });
+            if (hasIsin(page_.rows[row - 1]) && !hasFirmAmount(page_.rows[row - 1]) && isAnyLower) {
+                return row - 1;
+            }
+        }
+        return heading + 1;
+    }
+
     bool namesOnly(std::size_t row) const {
         const StatedAmounts amounts = amountsOf(page_, row, heading_);
         return hasIsin(page_.rows[row])
@@ -176,7 +193,8 @@ class SecurityReader {
         }
         Security& own = list_.all.back();
         if (at(amounts, Stated::value)) {
-            for (const Stated stated : {Stated::value, Stated::quantity, Stated::price}) {
+            for (const Stated stated :
+                 {Stated::value, Stated::quantity, Stated::price, Stated::income, Stated::tax}) {
                 own.put(stated, at(amounts, stated));
             }
         }

@@ -12,8 +12,9 @@ namespace fiscarel {
 
 /// A column of a table with the words that head it, of one line or two.
 struct TableColumn {
-    Row cell;         ///< its words
-    LabelPlace place; ///< left and right edge; the words are those of the cell
+    Row cell;               ///< its words
+    LabelPlace place;       ///< left and right edge; the words are those of the cell
+    bool isOfWords = false; ///< known to hold no amounts
     std::string words() const { return textBetween(cell, place.first, place.last); }
 };
 

@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/documents/rows/CardEdges.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/rows/GridEdges.h"
+#include "Fiscarel_SG/documents/rows/PageHalves.h"
 #include "Fiscarel_SG/documents/rows/PageMending.h"
 #include "Fiscarel_SG/documents/rows/Panels.h"
 #include "Fiscarel_SG/documents/rows/SplitLabels.h"
@@ -552,6 +553,7 @@ class Arrangement {
 PageRows arranged(PageRows page) {
     mend(page);
     turnTables(page);
+    partHalves(page);
     return Arrangement(std::move(page)).run();
 }
 

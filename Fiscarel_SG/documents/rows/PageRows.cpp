@@ -126,7 +126,8 @@ std::string joinedAmount(const Row& row, std::size_t first, std::size_t last, bo
     for (std::size_t i = first; i <= last; ++i) {
         std::string part(i < last ? withoutEndingMark(row.words[i].text, isRecognised)
                                   : std::string_view(row.words[i].text));
-        if (i < last && part.starts_with('(')) {
+        // A bracket that is not closed is none of a ledger's.
+        if (i < last && part.starts_with('(') && !row.words[last].text.ends_with(')')) {
             part.erase(0, 1);
         }
         if (i < last && part.size() == 4 && hasOnlyDigits(part)) {

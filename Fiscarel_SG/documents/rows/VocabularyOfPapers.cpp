@@ -7,7 +7,8 @@ std::vector<ConceptWords> provisionWords() {
     return {
         {pillar3a,
          {"3a", "*Säule 3", "gebunden*", "Selbstvorsorge", "*Vorsorgekonto*", "*Vorsorgepolice*",
-          "Vorsorgeversicherung*", "prévoyance liée", "liée", "vincolat*", "Vorsorgekonto*"}},
+          "Vorsorgeversicherung*", "prévoyance liée", "liée", "vincolata", "vincolate",
+          "previdenza vincolat*", "Vorsorgekonto*"}},
         {occupational,
          {"2. Säule",
           "zweite Säule",

@@ -1,24 +1,9 @@
-#include "tests/documents/reading/DrawnPage.h"
+#include "tests/documents/reading/AccountPapers.h"
 
 #include <gtest/gtest.h>
 
 namespace fiscarel {
 namespace {
-
-using Records = std::vector<std::map<std::string, std::string>>;
-
-/// Words from the left, then what ends at the right edges that follow them.
-struct TableRow {
-    const char* words;
-    std::vector<std::pair<double, const char*>> cells = {};
-};
-
-/// A paper of accounts, loans or securities, and the amounts each record is to have.
-struct Paper {
-    const char* what;
-    std::vector<TableRow> rows;
-    Records amounts;
-};
 
 std::vector<Paper> papers() {
     return {
@@ -447,35 +432,6 @@ std::vector<Paper> looserPapers() {
           {{"quantity", "413"}, {"taxValue", "57820"}, {"incomeWithWithholding", "1704.95"}},
           {{"quantity", "142"}, {"taxValue", "59001"}, {"incomeWithoutWithholding", "996"}}}},
     };
-}
-
-Records amountsOf(const ScanResult& result) {
-    Records amounts(result.records.size());
-    for (const Proposal& proposal : result.proposals) {
-        for (const char* field : {"taxValue", "quantity", "incomeWithWithholding",
-                                  "incomeWithoutWithholding", "amount", "interest"}) {
-            if (proposal.field == field) {
-                amounts[static_cast<std::size_t>(proposal.recordIndex)][field] = proposal.value;
-            }
-        }
-    }
-    return amounts;
-}
-
-void expectRead(const std::vector<Paper>& papers) {
-    for (const Paper& paper : papers) {
-        DrawnPage page;
-        page.text(60, 40, "Muster Bank AG");
-        double y = 80;
-        for (const TableRow& row : paper.rows) {
-            page.text(60, y, row.words);
-            for (const auto& [edge, words] : row.cells) {
-                page.right(edge, y, words);
-            }
-            y += 16;
-        }
-        EXPECT_EQ(amountsOf(page.proposed()), paper.amounts) << paper.what;
-    }
 }
 
 TEST(Accounts, AreReadFromTheirTables) { expectRead(papers()); }
