@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/SecondReader.h"
 
 #include "Fiscarel_SG/documents/kinds/BoardFees.h"
+#include "Fiscarel_SG/documents/kinds/EmployersShare.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
 #include "Fiscarel_SG/documents/kinds/Pensions.h"
 #include "Fiscarel_SG/documents/kinds/Property.h"
@@ -161,11 +162,21 @@ void proposeByKind(const KindContext& context, ProposalDraft& draft) {
                    && proposePensions(context, true, draft)) {
             break;
         } else if (context.kind == Kind::versicherung && isAnnuity(context.document)) {
-            proposePensions(context, false, draft);
+            // Its surrender value is wealth; beside one only what is proven was paid out.
+            const bool isWealth = isAnyIn(context.document.folded, wordsFor(Concept::surrender));
+            if (!isWealth || !isAnyIn(context.document.folded, wordsFor(Concept::premium))) {
+                proposePensions(context, isWealth, draft);
+            }
+            if (isWealth) {
+                proposeLabelled(context, draft);
+            }
         } else if (context.kind == Kind::versicherung && proposePolicies(context, draft)) {
             break;
         } else {
             proposeLabelled(context, draft);
+            if (context.kind == Kind::saeule3a) {
+                proposeFreePolicies(context, draft);
+            }
         }
         break;
     case Kind::bankauszug:
@@ -205,7 +216,8 @@ std::vector<SalaryForm> readCertificatePages(const DocumentRows& document) {
 
 /// The certificates of a document with the pages they stand on.
 struct WageReading {
-    std::optional<WageYear> year; ///< its pages where it states parts of the year too
+    std::optional<WageYear> year;         ///< its pages where it states parts of the year too
+    std::optional<DocumentRows> ownShare; ///< its pages where it states the employer's share too
     std::vector<SalaryForm> forms;
     WageProof proof = WageProof::none;
     bool isSlip = false; ///< of a month alone
@@ -220,7 +232,7 @@ struct WageReading {
 };
 
 /// Where parts of the year stand beside it or above it, the certificate of the year alone.
-WageReading readWages(const DocumentRows& document) {
+WageReading readAllShares(const DocumentRows& document) {
     WageReading wages{.year = yearBesideParts(document)};
     if (wages.year) {
         if (wages.year->isOver) {
@@ -245,6 +257,21 @@ WageReading readWages(const DocumentRows& document) {
     if (span == WageSpan::month && wages.forms.size() == 1) {
         wages.take({}, WageProof::none);
         wages.isSlip = true;
+    }
+    return wages;
+}
+
+WageReading readWages(const DocumentRows& document) {
+    WageReading wages = readAllShares(document);
+    if (wages.proof != WageProof::none || wages.isOfPart()) {
+        return wages;
+    }
+    if (auto ownShare = withoutEmployersShare(document)) {
+        WageReading other = readAllShares(*ownShare);
+        if (other.proof != WageProof::none) {
+            other.ownShare = std::move(ownShare);
+            return other;
+        }
     }
     return wages;
 }

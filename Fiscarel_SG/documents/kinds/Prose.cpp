@@ -154,7 +154,15 @@ std::vector<Row> ownWords(const Sentence& sentence, std::size_t which) {
                              : isTaken  ? endOfFollowing(sentence, which - 1)
                                         : sentence.ends[which - 1] + 1;
     std::vector<Row> words;
-    if (from < sentence.starts[which]) {
+    if (which > 0 && isPriceOfOne(sentence.row, sentence.ends[which - 1])) {
+        // "the fee of CHF 8 an hour came to CHF 800": what one is the price of, the other is, too
+        const std::size_t rest = sentence.ends[which - 1] + 3;
+        Row own = part(sentence.row, which > 1 ? sentence.ends[which - 2] + 1 : 0,
+                       sentence.starts[which - 1]);
+        const Row more = part(sentence.row, rest, sentence.starts[which]);
+        own.words.insert(own.words.end(), more.words.begin(), more.words.end());
+        words.push_back(std::move(own));
+    } else if (from < sentence.starts[which]) {
         words.push_back(part(sentence.row, from, sentence.starts[which]));
     }
     if (isFollowed) {
@@ -308,7 +316,14 @@ class ProseSearch {
 
     Saying sayingOf(const Sentence& sentence, std::size_t which) const {
         const bool isRecognised = isFromRecognised(sentence, which);
-        Saying saying{&sentence, which, ownWords(sentence, which)};
+        Saying saying{&sentence, which, {}};
+        if (sentence.amounts.size() == 1 && saysLeftOut(sentence.row)) {
+            return saying;
+        }
+        if (!isPriceOfOne(sentence.row, sentence.ends[which])
+            || wholeOf(sentence, which) != which) {
+            saying.own = ownWords(sentence, which);
+        }
         std::erase_if(saying.own, [&](const Row& own) {
             return namesAny(own, wanted_.notMeant, isRecognised)
                    || findLabel(own, wanted_.without, isRecognised);

@@ -52,6 +52,8 @@ class SecurityList {
     Decimal sumOf(Stated stated) const;
     /// Whether number times price proves more than one security.
     bool isProven() const;
+    /// Puts income where the tax that was kept back of it, or that there was none, says.
+    void settleByTax();
     /// Puts income that no words tell the tax of where it belongs: that of a Swiss debtor is taxed
     /// at source (VStG Art. 4), interest only above 200 francs. Kept only where the page prints
     /// what both come to. Where the tax itself is stated, it tells.
