@@ -93,12 +93,9 @@ std::optional<Stated> statedBy(const Row& cell, bool isRecognised) {
     if (says(incomes) || (taxed && cell.words.size() <= 2)) {
         return taxed ? taxed : Stated::income;
     }
-    if (namesAny(cell, {Concept::withholding}, isRecognised)) {
-        return taxed ? taxed : Stated::tax;
-    }
     static const Labels afterTax{"*netto*", "net", "nett*"};
-    if (namesAny(cell, {Concept::withholding}, isRecognised) && !says(afterTax)) {
-        return Stated::tax;
+    if (namesAny(cell, {Concept::withholding}, isRecognised) && (taxed || !says(afterTax))) {
+        return taxed ? taxed : Stated::tax;
     }
     return says(quantities)                   ? std::optional(Stated::quantity)
            : says(values) && !says(notValues) ? std::optional(Stated::value)
@@ -178,7 +175,7 @@ void SecurityList::settleIncome() {
     const auto isTold = [](const Security& one) {
         return at(one.amounts, Stated::withTax) || at(one.amounts, Stated::withoutTax);
     };
-    if (std::ranges::any_of(all, isTold) || settleByTax()) {
+    if (std::ranges::any_of(all, isTold)) {
         return;
     }
     SecurityList settled = *this;
@@ -196,28 +193,6 @@ void SecurityList::settleIncome() {
     if (holds(Stated::withTax) && holds(Stated::withoutTax)) {
         all = std::move(settled.all);
     }
-}
-
-/// By the tax beside each income, where at least one is 35 per cent of its own: what has none was
-/// paid in full. False where no tax is stated.
-bool SecurityList::settleByTax() {
-    const auto fits = [](const Security& one) {
-        const auto& income = at(one.amounts, Stated::income);
-        const auto& tax = at(one.amounts, Stated::tax);
-        return income && tax && !tax->value().isZero()
-               && ((income->value() * 35 / 100) - tax->value().abs()).abs() <= Decimal(5) / 100;
-    };
-    if (std::ranges::none_of(all, fits)) {
-        return false;
-    }
-    for (Security& one : all) {
-        const auto& tax = at(one.amounts, Stated::tax);
-        const bool isFree = !tax || tax->value().isZero();
-        if (isFree || fits(one)) {
-            one.put(isFree ? Stated::withoutTax : Stated::withTax, at(one.amounts, Stated::income));
-        }
-    }
-    return true;
 }
 
 void SecurityList::propose(ProposalDraft& draft) const {

@@ -61,7 +61,6 @@ class SecurityList {
     void propose(ProposalDraft& draft) const;
 
   private:
-    bool settleByTax();
     std::optional<ProposalCheck> sumCheck(Stated stated) const;
     std::optional<ProposalCheck> taxCheck() const;
     bool isPrinted(const Decimal& sum) const;

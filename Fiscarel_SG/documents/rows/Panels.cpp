@@ -110,7 +110,7 @@ std::size_t panelOf(const LabelPlace& cell, const std::vector<double>& edges) {
 
 /// What of the rows below their heads stands in each panel.
 struct Content {
-    std::size_t labels = 0;
+    std::set<std::size_t> labels; ///< rows that have words in it
     std::size_t amounts = 0;
 };
 
@@ -127,7 +127,7 @@ bool arePanels(const PageRows& page, std::size_t at, std::size_t end,
                 ++contents[panel].amounts;
             }
             if (roleOf(row, cell) == Role::text && lettersIn(row, cell) >= 4) {
-                ++contents[panel].labels;
+                contents[panel].labels.insert(i);
                 std::string words;
                 for (std::size_t word = cell.first; word <= cell.last; ++word) {
                     words += row.words[word].folded + ' ';
@@ -136,7 +136,7 @@ bool arePanels(const PageRows& page, std::size_t at, std::size_t end,
             }
         }
     }
-    constexpr std::size_t fewest = 2;  // labels of a panel
+    constexpr std::size_t fewest = 2;  // rows of labels of a panel
     constexpr std::size_t nearest = 2; // rows in which a page's head goes on below one side alone
     const auto isInSeveral = [&](const Row& row) {
         const auto cells = cellsOf(row);
@@ -148,7 +148,7 @@ bool arePanels(const PageRows& page, std::size_t at, std::size_t end,
         return false;
     }
     const bool areFull = std::ranges::all_of(contents, [](const Content& content) {
-        return content.labels >= fewest && content.amounts >= 1;
+        return content.labels.size() >= fewest && content.amounts >= 1;
     });
     const auto shared =
         std::ranges::count_if(labels, [](const auto& label) { return label.second.size() >= 2; });
