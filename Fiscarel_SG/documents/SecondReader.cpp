@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/SecondReader.h"
 
 #include "Fiscarel_SG/documents/kinds/BoardFees.h"
+#include "Fiscarel_SG/documents/kinds/EmployersShare.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
 #include "Fiscarel_SG/documents/kinds/Pensions.h"
 #include "Fiscarel_SG/documents/kinds/Property.h"
@@ -206,6 +207,7 @@ std::vector<SalaryForm> readCertificatePages(const DocumentRows& document) {
 /// The certificates of a document with the pages they stand on.
 struct WageReading {
     std::optional<WageYear> year; ///< its pages where it states parts of the year too
+    std::optional<DocumentRows> ownShare; ///< its pages where it states the employer's share too
     std::vector<SalaryForm> forms;
     WageProof proof = WageProof::none;
     bool isSlip = false; ///< of a month alone
@@ -220,7 +222,7 @@ struct WageReading {
 };
 
 /// Where parts of the year stand beside it or above it, the certificate of the year alone.
-WageReading readWages(const DocumentRows& document) {
+WageReading readAllShares(const DocumentRows& document) {
     WageReading wages{.year = yearBesideParts(document)};
     if (wages.year) {
         if (wages.year->isOver) {
@@ -245,6 +247,21 @@ WageReading readWages(const DocumentRows& document) {
     if (span == WageSpan::month && wages.forms.size() == 1) {
         wages.take({}, WageProof::none);
         wages.isSlip = true;
+    }
+    return wages;
+}
+
+WageReading readWages(const DocumentRows& document) {
+    WageReading wages = readAllShares(document);
+    if (wages.proof != WageProof::none || wages.isOfPart()) {
+        return wages;
+    }
+    if (auto ownShare = withoutEmployersShare(document)) {
+        WageReading other = readAllShares(*ownShare);
+        if (other.proof != WageProof::none) {
+            other.ownShare = std::move(ownShare);
+            return other;
+        }
     }
     return wages;
 }

@@ -281,6 +281,21 @@ bool standsAlone(const Row& row) {
            || (cells.size() == 2 && !isOfNumbers(cells[0]) && isOfNumbers(cells[1]));
 }
 
+/// The words before a dash or point that stands by itself: what follows tells of whom and of when.
+Row beforeDash(const Row& row) {
+    const auto isDash = [](const RowWord& word) {
+        static constexpr std::array<std::string_view, 6> dashes{"-", "–", "—", "·", "•", "|"};
+        return std::ranges::find(dashes, word.text) != dashes.end();
+    };
+    const auto end = std::ranges::find_if(row.words, isDash);
+    Row head;
+    for (auto word = row.words.begin(); word != end; ++word) {
+        head.words.push_back(*word);
+        head.folded += word->folded + ' ';
+    }
+    return head;
+}
+
 /// A short line at the top that says in whatever words that a wage is certified.
 bool hasWageTitle(const DocumentRows& document) {
     static const Labels wages{"*lohn",
@@ -346,9 +361,11 @@ bool hasWageTitle(const DocumentRows& document) {
             if (row.middle() >= page.height * 0.45 || endsInAmount(row)) {
                 return false;
             }
-            const bool isTitle = standsAlone(row) && row.words.size() <= 8
+            const Row head = beforeDash(row);
+            const bool isTitle = standsAlone(row) && head.words.size() <= 8
                                  && !row.words.back().text.ends_with('.')
-                                 && isAnyIn(row.folded, wages) && isAnyIn(row.folded, certificates)
+                                 && isAnyIn(head.folded, wages)
+                                 && isAnyIn(head.folded, certificates)
                                  && !isAnyIn(row.folded, others);
             return isTitle || (mayBeLedger && isAnyIn(row.folded, ledgers));
         });

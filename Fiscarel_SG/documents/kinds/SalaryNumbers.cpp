@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/SalaryNumbers.h"
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+#include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/text/Digits.h"
 
 #include <algorithm>
@@ -61,28 +62,30 @@ std::string_view printedNumber(std::string_view word) {
     return word;
 }
 
-/// The place of a row's number among those of the form, in its order; absent for other rows.
-std::optional<std::size_t> orderOf(const Row& row) {
+/// The place of a number among those of the form, in its order; absent for other words.
+std::optional<std::size_t> orderOfNumber(std::string_view word) {
     static constexpr std::array<std::string_view, 30> numbers{
         "1",      "2",    "2.1",    "2.2",    "2.3",    "3",    "4",  "5",  "6",    "7",
         "8",      "9",    "10",     "10.1",   "10.2",   "11",   "12", "13", "13.1", "13.1.1",
         "13.1.2", "13.2", "13.2.1", "13.2.2", "13.2.3", "13.3", "14", "15", "16",   "17"};
-    const auto at = [](std::string_view word) -> std::optional<std::size_t> {
-        const auto found = std::ranges::find(numbers, printedNumber(word));
-        return found == numbers.end()
-                   ? std::nullopt
-                   : std::optional(static_cast<std::size_t>(found - numbers.begin()));
-    };
+    const auto found = std::ranges::find(numbers, printedNumber(word));
+    return found == numbers.end()
+               ? std::nullopt
+               : std::optional(static_cast<std::size_t>(found - numbers.begin()));
+}
+
+/// That of a row's number.
+std::optional<std::size_t> orderOf(const Row& row) {
     if (row.words.size() < 2) {
         return std::nullopt;
     }
-    if (const auto first = at(row.words.front().text)) {
+    if (const auto first = orderOfNumber(row.words.front().text)) {
         return first;
     }
     for (std::size_t i = row.words.size(); i-- > 1;) {
         const std::string& text = row.words[i].text;
         if (text.ends_with(')') || text.ends_with(']')) {
-            return boxNumberOf(row) != 0 ? at(text) : std::nullopt;
+            return boxNumberOf(row) != 0 ? orderOfNumber(text) : std::nullopt;
         }
     }
     return std::nullopt;
@@ -107,23 +110,89 @@ SalaryBox boxOf(std::size_t order) {
     }
 }
 
+bool canBeOfBox(const RowAmount& amount) {
+    return amount.amount.isFirm()
+           || (!amount.amount.isYearLike() && amount.amount.value.abs() >= 100);
+}
+
 /// The last amount of a row that may be one of a box, behind the box's own number.
 const RowAmount* amountOf(const PageRows& page, std::size_t at) {
     const RowAmount* amount = lastOrNewest(page, at);
-    const bool isOne = amount != nullptr && amount->first > 0
-                       && (amount->amount.isFirm()
-                           || (!amount->amount.isYearLike() && amount->amount.value.abs() >= 100));
-    return isOne ? amount : nullptr;
+    return amount != nullptr && amount->first > 0 && canBeOfBox(*amount) ? amount : nullptr;
 }
 
-} // namespace
+/// A box of a grid: its number at the start of a cell, up to where the next one begins.
+struct GridBox {
+    SalaryBox box = SalaryBox::none;
+    double left = 0;
+    double right = 0;
+};
 
-int boxNumberOf(const Row& row) {
-    const int leading = leadingNumber(row);
-    return leading != 0 ? leading : closingNumber(row);
+std::vector<GridBox> gridBoxesIn(const Row& row, double width) {
+    std::vector<GridBox> boxes;
+    for (const LabelPlace& cell : cellsOf(row)) {
+        const auto order = orderOfNumber(row.words[cell.first].text);
+        const bool isLabelled =
+            cell.first + 1 < row.words.size()
+            && lettersIn(row, {cell.first + 1, std::max(cell.last, cell.first + 1)}) >= 2;
+        if (order && isLabelled) {
+            if (!boxes.empty()) {
+                boxes.back().right = cell.left;
+            }
+            boxes.push_back({boxOf(*order), cell.left, 3 * width});
+        }
+    }
+    return boxes;
 }
 
-std::map<SalaryBox, RowAmount> boxesByNumber(const PageRows& page) {
+/// The amount of a grid's box: in its own row or the first below that has any within its edges;
+/// null where there is none, or more than one.
+const RowAmount* amountIn(const PageRows& page, std::size_t at, const GridBox& box) {
+    constexpr std::size_t farthest = 3; // rows
+    const std::size_t end = std::min(page.rows.size(), at + farthest + 1);
+    for (std::size_t below = at; below < end; ++below) {
+        if (below > at && !gridBoxesIn(page.rows[below], page.width).empty()) {
+            return nullptr;
+        }
+        const RowAmount* found = nullptr;
+        for (const RowAmount& amount : page.rows[below].amounts) {
+            const bool isIn = amount.place.left > box.left && amount.place.right < box.right
+                              && (below > at || amount.first > 0) && canBeOfBox(amount);
+            if (isIn && found != nullptr) {
+                return nullptr;
+            }
+            found = isIn ? &amount : found;
+        }
+        if (found != nullptr) {
+            return found;
+        }
+    }
+    return nullptr;
+}
+
+/// The boxes of a form that stand beside one another, each with its number in its corner.
+std::map<SalaryBox, RowAmount> boxesOfGrid(const PageRows& page) {
+    std::map<SalaryBox, RowAmount> boxes;
+    for (std::size_t at = 0; at < page.rows.size() && page.number != 0; ++at) {
+        for (const GridBox& box : gridBoxesIn(page.rows[at], page.width)) {
+            const RowAmount* amount =
+                box.box == SalaryBox::none ? nullptr : amountIn(page, at, box);
+            if (amount != nullptr && boxes.emplace(box.box, *amount).second) {
+                boxes[box.box].amount.value = amount->amount.value.abs();
+            }
+        }
+    }
+    return boxes;
+}
+
+std::map<SalaryBox, RowAmount> ifProven(const PageRows& page,
+                                        std::map<SalaryBox, RowAmount> boxes) {
+    SalaryForm form{.page = &page, .boxes = std::move(boxes)};
+    return isProven(form) ? std::move(form.boxes) : std::map<SalaryBox, RowAmount>();
+}
+
+/// The boxes of a form that stand below one another.
+std::map<SalaryBox, RowAmount> boxesOfList(const PageRows& page) {
     std::map<SalaryBox, RowAmount> boxes;
     std::optional<std::size_t> reached;
     SalaryBox current = SalaryBox::none;
@@ -147,8 +216,19 @@ std::map<SalaryBox, RowAmount> boxesByNumber(const PageRows& page) {
             return {}; // several amounts in a box
         }
     }
-    SalaryForm form{.page = &page, .boxes = std::move(boxes)};
-    return isProven(form) ? std::move(form.boxes) : std::map<SalaryBox, RowAmount>();
+    return boxes;
+}
+
+} // namespace
+
+int boxNumberOf(const Row& row) {
+    const int leading = leadingNumber(row);
+    return leading != 0 ? leading : closingNumber(row);
+}
+
+std::map<SalaryBox, RowAmount> boxesByNumber(const PageRows& page) {
+    auto boxes = ifProven(page, boxesOfList(page));
+    return boxes.empty() ? ifProven(page, boxesOfGrid(page)) : boxes;
 }
 
 } // namespace fiscarel

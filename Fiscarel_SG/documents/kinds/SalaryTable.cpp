@@ -43,12 +43,23 @@ std::optional<ColumnBox> boxOf(const Row& cell, bool isRecognised) {
     return std::nullopt;
 }
 
+/// What an employer keeps back of a wage besides contributions.
+const Labels& taxesAtSource() {
+    static const Labels words{"Quellensteuer*",    "Q.-Steuer",       "QST",
+                              "impôt à la source", "impôt source",    "imp. source",
+                              "imp. à la source",  "IS",              "imposta alla fonte",
+                              "imp. alla fonte",   "ritenuta fonte",  "withholding tax"};
+    return words;
+}
+
 class SalaryTable {
   public:
     SalaryTable(const PageRows& page, TableHeading heading)
         : page_(page), heading_(std::move(heading)) {
         for (const TableColumn& column : heading_.columns) {
             boxes_.push_back(boxOf(column.cell, page.isRecognised));
+            areTaxes_.push_back(
+                findLabel(column.cell, taxesAtSource(), page.isRecognised).has_value());
         }
         keepSurest(SalaryBox::gross);
         keepSurest(SalaryBox::net);
@@ -59,7 +70,8 @@ class SalaryTable {
             return std::ranges::any_of(
                 boxes_, [box](const auto& one) { return one && one->words->box == box; });
         };
-        return has(SalaryBox::gross) && has(SalaryBox::net);
+        return has(SalaryBox::gross)
+               && (has(SalaryBox::net) || has(SalaryBox::social) || has(SalaryBox::pensionFund));
     }
 
     /// The wages it states: one for each of several people or employers, else the year's.
@@ -245,12 +257,59 @@ class SalaryTable {
                 value = value + amount.amount.value;
             }
         }
+        if (!isProven(form)) {
+            takeNetApart(at, form);
+        }
         return isProven(form) ? std::optional(std::move(form)) : std::nullopt;
+    }
+
+    /// The net wage of a row that has none: stated below the table, or what was paid with the tax
+    /// that was kept back.
+    void takeNetApart(std::size_t at, SalaryForm& form) const {
+        const auto value = [&](SalaryBox box) { return form.value(box).value_or(Decimal()); };
+        const Decimal net = value(SalaryBox::gross) - value(SalaryBox::social)
+                            - value(SalaryBox::pensionFund) - value(SalaryBox::buyIn);
+        if (const RowAmount* stated = net > 0 ? statedNet(at, net) : nullptr) {
+            form.boxes.insert_or_assign(SalaryBox::net, *stated);
+            return;
+        }
+        const auto amounts = heading_.amountsIn(
+            page_, at, [](const RowAmount& amount, std::size_t) { return amount.amount.isFirm(); });
+        Decimal tax;
+        for (std::size_t i = 0; i < amounts.size(); ++i) {
+            tax = tax + (areTaxes_[i] && amounts[i] ? amounts[i]->amount.value.abs() : Decimal());
+        }
+        for (std::size_t i = 0; i < amounts.size() && tax > 0; ++i) {
+            const bool isPaid = amounts[i] != nullptr && !areTaxes_[i]
+                                && (!boxes_[i] || boxes_[i]->words->box == SalaryBox::net);
+            if (isPaid && amounts[i]->amount.value.abs() + tax == net) {
+                RowAmount whole = *amounts[i];
+                whole.amount.value = net;
+                form.boxes.insert_or_assign(SalaryBox::net, whole);
+            }
+        }
+    }
+
+    /// An amount outside a row that is called the net wage and comes to a value.
+    const RowAmount* statedNet(std::size_t at, const Decimal& net) const {
+        for (std::size_t other = 0; other < page_.rows.size(); ++other) {
+            const Row& row = page_.rows[other];
+            const auto found = std::ranges::find_if(row.amounts, [&](const RowAmount& amount) {
+                return amount.amount.isFirm() && amount.amount.value == net;
+            });
+            if (other != at && found != row.amounts.end()
+                && namesAny(row, {Concept::net}, page_.isRecognised)
+                && !namesAny(row, {Concept::gross}, page_.isRecognised)) {
+                return &*found;
+            }
+        }
+        return nullptr;
     }
 
     const PageRows& page_;
     TableHeading heading_;
     std::vector<std::optional<ColumnBox>> boxes_; ///< by column
+    std::vector<bool> areTaxes_;                  ///< whether a column is of tax kept back
 };
 
 } // namespace
