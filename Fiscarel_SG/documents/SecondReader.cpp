@@ -162,11 +162,21 @@ void proposeByKind(const KindContext& context, ProposalDraft& draft) {
                    && proposePensions(context, true, draft)) {
             break;
         } else if (context.kind == Kind::versicherung && isAnnuity(context.document)) {
-            proposePensions(context, false, draft);
+            // Its surrender value is wealth; beside one only what is proven was paid out.
+            const bool isWealth = isAnyIn(context.document.folded, wordsFor(Concept::surrender));
+            if (!isWealth || !isAnyIn(context.document.folded, wordsFor(Concept::premium))) {
+                proposePensions(context, isWealth, draft);
+            }
+            if (isWealth) {
+                proposeLabelled(context, draft);
+            }
         } else if (context.kind == Kind::versicherung && proposePolicies(context, draft)) {
             break;
         } else {
             proposeLabelled(context, draft);
+            if (context.kind == Kind::saeule3a) {
+                proposeFreePolicies(context, draft);
+            }
         }
         break;
     case Kind::bankauszug:
@@ -206,7 +216,7 @@ std::vector<SalaryForm> readCertificatePages(const DocumentRows& document) {
 
 /// The certificates of a document with the pages they stand on.
 struct WageReading {
-    std::optional<WageYear> year; ///< its pages where it states parts of the year too
+    std::optional<WageYear> year;         ///< its pages where it states parts of the year too
     std::optional<DocumentRows> ownShare; ///< its pages where it states the employer's share too
     std::vector<SalaryForm> forms;
     WageProof proof = WageProof::none;

@@ -449,7 +449,7 @@ Row headingOver(const PageRows& page, std::size_t at, const RowAmount& amount) {
 bool isBarred(const Row& row, const Wanted& wanted, bool isRecognised) {
     const bool isNotOpening =
         std::ranges::find(wanted.notMeant, Concept::opening) != wanted.notMeant.end();
-    return findLabel(row, wanted.without, isRecognised).has_value()
+    return findLabel(row, wanted.without, isRecognised).has_value() || saysLeftOut(row)
            || (isNotOpening && isOfYearsBeginning(row));
 }
 

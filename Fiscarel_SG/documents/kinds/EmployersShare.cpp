@@ -33,8 +33,8 @@ std::optional<ShareTable> tableAt(const PageRows& page, std::size_t at) {
         bool hasEmployers = false;
         for (const TableColumn& column : table.heading.columns) {
             const bool isFirst = table.areEmployers.empty(); // may name who paid the wages below
-            table.areEmployers.push_back(
-                !isFirst && findLabel(column.cell, employers(), page.isRecognised));
+            table.areEmployers.push_back(!isFirst
+                                         && findLabel(column.cell, employers(), page.isRecognised));
             hasEmployers |= table.areEmployers.back();
         }
         if (hasEmployers && table.heading.columns.size() >= 2) {
@@ -84,10 +84,10 @@ void cut(PageRows& page, std::size_t at, const ShareTable& table) {
         for (std::size_t column = 0; column < table.areEmployers.size() && i >= at; ++column) {
             const LabelPlace& place = table.heading.columns[column].place;
             for (std::size_t w = 0; i <= table.heading.row && w < row.words.size(); ++w) {
-                areDropped[w] = areDropped[w]
-                                || (table.areEmployers[column]
-                                    && row.words[w].place.left >= place.left - 1
-                                    && row.words[w].place.right <= place.right + 1);
+                areDropped[w] =
+                    areDropped[w]
+                    || (table.areEmployers[column] && row.words[w].place.left >= place.left - 1
+                        && row.words[w].place.right <= place.right + 1);
             }
         }
         for (const RowAmount& amount : row.amounts) {

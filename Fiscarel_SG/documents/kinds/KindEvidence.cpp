@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/DocumentFacts.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
+#include "Fiscarel_SG/documents/kinds/KindTitles.h"
 #include "Fiscarel_SG/documents/kinds/KindWords.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
@@ -214,162 +215,12 @@ bool isOfPensionFund(const std::string& title) {
     return isAnyIn(title, funds) && !isAnyIn(title, form);
 }
 
-/// Whether a document speaks of interest, a balance or a debt.
-bool namesMoneyAtBank(const DocumentRows& document) {
-    static const std::vector<Concept> concepts{Concept::interest, Concept::balance, Concept::debt,
-                                               Concept::debtInterest, Concept::withholding};
-    return std::ranges::any_of(document.pages, [](const PageRows& page) {
-        return std::ranges::any_of(page.rows, [&](const Row& row) {
-            return row.middle() < page.height * 0.93 && namesAny(row, concepts, page.isRecognised);
-        });
-    });
-}
-
 /// Whether whom a document comes from treats people: what it says of their insurance counts less.
 bool isFromPractice(const DocumentRows& document) {
     static const Labels insurers{"*versicherung*", "*kasse",  "Assurance*",
                                  "Assicurazion*",  "Caisse*", "Cassa"};
     const std::string issuer = foldWords(readFacts(document).issuer.text);
     return isAnyIn(issuer, careProviders()) && !isAnyIn(issuer, insurers);
-}
-
-/// Numbers of policies look like amounts, but a line goes on behind them.
-bool endsInAmount(const Row& row) {
-    return !row.amounts.empty() && row.amounts.back().amount.isFirm()
-           && row.amounts.back().last + 1 == row.words.size();
-}
-
-/// A short line at the top that names pillar 3a and not the free one: such accounts and policies
-/// are a bank's or an insurer's, whose own words would outweigh it.
-bool hasPillarTitle(const DocumentRows& document) {
-    static const Labels freePillar{"3b", "freie Vorsorge", "freien Vorsorge", "prévoyance libre",
-                                   "previdenza libera"};
-    static const Labels names{"3a",
-                              "3a-*",
-                              "Säule 3a",
-                              "Pilier 3a",
-                              "Pilastro 3a",
-                              "gebundene Vorsorge*",
-                              "gebundenen Vorsorge*",
-                              "gebundener Vorsorge*",
-                              "gebundene Selbstvorsorge",
-                              "gebundenen Selbstvorsorge",
-                              "*Vorsorgeportfolio*",
-                              "*Vorsorgedepot*",
-                              "*Vorsorgekonto*",
-                              "*Vorsorgepolice*",
-                              "prévoyance liée",
-                              "police de prévoyance",
-                              "previdenza vincolata",
-                              "polizza di previdenza"};
-    return std::ranges::any_of(document.pages, [&](const PageRows& page) {
-        return std::ranges::any_of(page.rows, [&](const Row& row) {
-            return row.middle() < page.height * 0.45 && row.words.size() <= 8 && !endsInAmount(row)
-                   && isAnyIn(row.folded, names) && !isAnyIn(row.folded, freePillar);
-        });
-    });
-}
-
-/// Whether a row is of one cell; beside it a year or the number of a sheet may stand.
-bool standsAlone(const Row& row) {
-    const auto isOfNumbers = [&](const LabelPlace& cell) {
-        return std::ranges::any_of(wordsOf(row, cell),
-                                   [](const RowWord& word) { return hasDigit(word.text); });
-    };
-    const auto cells = cellsOf(row);
-    return cells.size() == 1
-           || (cells.size() == 2 && !isOfNumbers(cells[0]) && isOfNumbers(cells[1]));
-}
-
-/// The words before a dash or point that stands by itself: what follows tells of whom and of when.
-Row beforeDash(const Row& row) {
-    const auto isDash = [](const RowWord& word) {
-        static constexpr std::array<std::string_view, 6> dashes{"-", "–", "—", "·", "•", "|"};
-        return std::ranges::find(dashes, word.text) != dashes.end();
-    };
-    const auto end = std::ranges::find_if(row.words, isDash);
-    Row head;
-    for (auto word = row.words.begin(); word != end; ++word) {
-        head.words.push_back(*word);
-        head.folded += word->folded + ' ';
-    }
-    return head;
-}
-
-/// A short line at the top that says in whatever words that a wage is certified.
-bool hasWageTitle(const DocumentRows& document) {
-    static const Labels wages{"*lohn",
-                              "*lohnbescheinigung*",
-                              "*lohnausweis*",
-                              "*lohnbestätigung*",
-                              "*lohnaufstellung*",
-                              "*lohnübersicht*",
-                              "*lohnzusammen*",
-                              "*lohnabrechnung*",
-                              "*salär",
-                              "*salärbescheinigung*",
-                              "*salärausweis*",
-                              "*salärbestätigung*",
-                              "*saläraufstellung*",
-                              "*salärübersicht*",
-                              "*salärzusammen*",
-                              "*salärabrechnung*",
-                              "*gehalt",
-                              "*gehaltbescheinigung*",
-                              "*gehaltausweis*",
-                              "*gehaltbestätigung*",
-                              "*gehaltaufstellung*",
-                              "*gehaltübersicht*",
-                              "*gehaltzusammen*",
-                              "*gehaltabrechnung*",
-                              "*löhne",
-                              "*gehälter",
-                              "*besoldung",
-                              "salaire*",
-                              "salari*",
-                              "stipendi*",
-                              "traitement*",
-                              "rémunération*",
-                              "retribuzion*",
-                              "remunerazion*",
-                              "honoraire*",
-                              "Honorar",
-                              "Honorare",
-                              "onorari*",
-                              "*verdienst",
-                              "Bezüge",
-                              "gains",
-                              "guadagni",
-                              "Verwaltungsrat*",
-                              "conseil d'administration",
-                              "consiglio d'amministrazione",
-                              "salary",
-                              "wages"};
-    static const Labels certificates{
-        "*bescheinigung*", "*ausweis*",  "*bestätigung*", "*aufstellung*", "*übersicht*",
-        "*zusammen*",      "attestat*",  "attestazion*",  "certificat*",   "conferma*",
-        "confirmation",    "récapitul*", "riepilog*",     "dichiarazion*", "relevé",
-        "*abrechnung*",    "décompte*",  "conteggio",     "statement",     "distinta"};
-    static const Labels others{"*ausfall*", "*rente*",  "*pension*", "*vorsorge*",
-                               "perte",     "perdita",  "*einkauf*", "*einkäufe*",
-                               "rachat*",   "riscatt*", "*abzüge",   "gemäss",
-                               "laut",      "selon",    "secondo",   "Beiblatt*"};
-    static const Labels ledgers{"Lohnkonto 20*", "compte salaire 20*", "conto salario 20*"};
-    const bool mayBeLedger = !namesMoneyAtBank(document); // banks have such accounts
-    return std::ranges::any_of(document.pages, [&](const PageRows& page) {
-        return std::ranges::any_of(page.rows, [&](const Row& row) {
-            if (row.middle() >= page.height * 0.45 || endsInAmount(row)) {
-                return false;
-            }
-            const Row head = beforeDash(row);
-            const bool isTitle = standsAlone(row) && head.words.size() <= 8
-                                 && !row.words.back().text.ends_with('.')
-                                 && isAnyIn(head.folded, wages)
-                                 && isAnyIn(head.folded, certificates)
-                                 && !isAnyIn(row.folded, others);
-            return isTitle || (mayBeLedger && isAnyIn(row.folded, ledgers));
-        });
-    });
 }
 
 /// Whether a bank lists a pillar 3a among other accounts, and nothing that was paid into it.
@@ -434,22 +285,6 @@ void weighWhole(const DocumentRows& document, const std::string& title, int wage
 
 } // namespace
 
-std::string titleWords(const DocumentRows& document) {
-    std::string words;
-    if (document.pages.empty()) {
-        return words;
-    }
-    const PageRows& first = document.pages.front();
-    const double limit = document.hasPlaces ? first.height * 0.45 : 1e9;
-    std::size_t count = 0;
-    for (const Row& row : first.rows) {
-        if (row.middle() <= limit && count++ < 25) {
-            words += row.folded + ' ';
-        }
-    }
-    return words;
-}
-
 KindVerdict weighKind(const DocumentRows& document, WageProof proof) {
     const std::string title = titleWords(document);
     std::map<Kind, int> scores;
@@ -477,7 +312,7 @@ KindVerdict weighKind(const DocumentRows& document, WageProof proof) {
             second = std::max(second, score);
         }
     }
-    if (isAnyIn(document.folded, denials())) {
+    if (isAnyIn(document.folded, denials()) || hasVestedTitle(document)) {
         return {.kind = Kind::anderes, .isClear = true};
     }
     if (const int against = exclusionWeight(title, document.folded, isProven && isTitled,

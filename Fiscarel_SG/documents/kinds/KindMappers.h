@@ -31,6 +31,8 @@ void proposeLabelled(const KindContext& context, ProposalDraft& draft);
 /// A paper on several life insurances: each a record, without those of tied provision, which are no
 /// taxable wealth. False when it is not about several.
 bool proposePolicies(const KindContext& context, ProposalDraft& draft);
+/// The premium of the one policy of free provision that a paper on tied ones states beside them.
+void proposeFreePolicies(const KindContext& context, ProposalDraft& draft);
 /// Whether a paper certifies the premiums of an insurance against accidents alone, no matter what
 /// sums it pays: those are no wealth.
 bool isAccidentCover(const DocumentRows& document);

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 #include <set>
 
 namespace fiscarel {
@@ -164,6 +165,19 @@ std::vector<Decimal> ratesIn(const DocumentRows& document) {
     return rates;
 }
 
+/// "zwei", "douze", "quattro": how often something is paid in a year.
+std::optional<int> countInWords(std::string_view word) {
+    static const std::map<std::string_view, int> counts{
+        {"zwei", 2},   {"deux", 2},   {"due", 2},     {"drei", 3},   {"trois", 3}, {"tre", 3},
+        {"vier", 4},   {"quatre", 4}, {"quattro", 4}, {"funf", 5},   {"cinq", 5},  {"cinque", 5},
+        {"sechs", 6},  {"six", 6},    {"sei", 6},     {"sieben", 7}, {"sept", 7},  {"sette", 7},
+        {"acht", 8},   {"huit", 8},   {"otto", 8},    {"neun", 9},   {"neuf", 9},  {"nove", 9},
+        {"zehn", 10},  {"dix", 10},   {"dieci", 10},  {"elf", 11},   {"onze", 11}, {"undici", 11},
+        {"zwolf", 12}, {"douze", 12}, {"dodici", 12}, {"two", 2},    {"four", 4},  {"twelve", 12}};
+    const auto found = counts.find(word);
+    return found == counts.end() ? std::nullopt : std::optional(found->second);
+}
+
 /// Bare numbers that may count months or days: "12 ×", "(3 Monate)", "26 Tage zu".
 std::set<int> unitCounts(const DocumentRows& document) {
     std::set<int> counts{12};
@@ -179,7 +193,8 @@ std::set<int> unitCounts(const DocumentRows& document) {
                 if (isInAmount) { // "2 582.00"
                     continue;
                 }
-                const auto count = smallNumber(text, 3);
+                const auto digits = smallNumber(text, 3);
+                const auto count = digits ? digits : countInWords(text);
                 const bool isProduct = row.folded.find(" x ") != std::string::npos
                                        || std::ranges::any_of(row.words, [](const RowWord& one) {
                                               return one.text.find("×") != std::string::npos;

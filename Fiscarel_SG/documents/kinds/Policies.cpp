@@ -34,7 +34,8 @@ std::string policyNumberIn(const Row& row, bool isRecognised) {
     if (!place || place->first > 1) {
         return {};
     }
-    for (std::size_t i = place->last + 1; i < std::min(row.words.size(), place->last + 4); ++i) {
+    const std::size_t end = hasFirmAmount(row) ? place->last + 4 : row.words.size();
+    for (std::size_t i = place->last + 1; i < std::min(row.words.size(), end); ++i) {
         if (isNumber(row.words[i].text)) {
             return row.words[i].text;
         }
@@ -53,6 +54,37 @@ bool listsPolicies(const TableHeading& heading, bool isRecognised) {
            && findLabel(heading.columns.front().cell, policyNames(), isRecognised);
 }
 
+/// The year a column's heading tells, and its other words.
+std::pair<int, std::string> yearAndWords(const TableColumn& column) {
+    std::pair<int, std::string> told{0, {}};
+    for (const RowWord& word : column.cell.words) {
+        const auto day = parseDay(word.text);
+        const auto number = parseAmount(word.text);
+        const auto year = number && number->isYearLike() ? number->value.toInteger() : std::nullopt;
+        if (day || year) {
+            told.first = day ? day->year() : static_cast<int>(*year);
+        } else {
+            told.second += word.folded + ' ';
+        }
+    }
+    return told;
+}
+
+/// Takes the words off columns of former years: beside them stands the same of a later one.
+void silenceFormer(TableHeading& heading) {
+    std::vector<std::pair<int, std::string>> told;
+    std::ranges::transform(heading.columns, std::back_inserter(told), yearAndWords);
+    for (std::size_t i = 0; i < told.size(); ++i) {
+        const bool isFormer = told[i].first != 0 && std::ranges::any_of(told, [&](const auto& one) {
+                                  return one.second == told[i].second && one.first > told[i].first;
+                              });
+        if (isFormer) {
+            heading.columns[i].cell.words.clear();
+            heading.columns[i].cell.folded.clear();
+        }
+    }
+}
+
 /// The policies of a table, of which each row is one. `parts` keeps them as pages.
 std::vector<Policy> policiesOfTable(const DocumentRows& document, std::deque<PageRows>& parts) {
     std::vector<Policy> policies;
@@ -61,12 +93,16 @@ std::vector<Policy> policiesOfTable(const DocumentRows& document, std::deque<Pag
         for (std::size_t at = 0; at < page.rows.size() && page.number != 0; ++at) {
             for (const bool withNext : {false, true}) {
                 TableHeading found = tableHeadingIn(page, at, withNext);
-                heading = listsPolicies(found, page.isRecognised) ? std::move(found) : heading;
+                if (listsPolicies(found, page.isRecognised)) {
+                    silenceFormer(found);
+                    heading = std::move(found);
+                }
             }
             const Row& row = page.rows[at];
             if (heading && at > heading->row && hasFirmAmount(row)
                 && isNumber(row.words.front().text)) {
-                const PageRows& part = parts.emplace_back(rowAsPage(page, at, *heading));
+                PageRows& part = parts.emplace_back(rowAsPage(page, at, *heading));
+                std::erase_if(part.rows, hasOnlyAmounts); // under no words
                 policies.push_back({row.words.front().text, {&part, 0, part.rows.size()}});
             }
         }
@@ -166,7 +202,48 @@ void proposeAllPremiums(const KindContext& context, const std::vector<Policy>& p
               evidenceOf(whole->found, field->wanted, context.isKindClear, {*whole->check}));
 }
 
+/// Whether the first rows of a policy call it one of free provision.
+bool isFree(const RowRange& rows) {
+    static const Labels free{
+        "3b",     "freie Vorsorge", "freien Vorsorge", "prévoyance libre", "previdenza libera",
+        "libera", "libre"};
+    for (std::size_t at = rows.first; at < std::min(rows.end, rows.first + 3); ++at) {
+        if (findLabel(rows.page->rows[at], free, rows.page->isRecognised)) {
+            return true;
+        }
+    }
+    return false;
+}
+
 } // namespace
+
+void proposeFreePolicies(const KindContext& context, ProposalDraft& draft) {
+    if (!isAnyIn(context.document.folded, wordsFor(Concept::freePillar))
+        && !isAnyIn(context.document.folded, {"libera", "libre"})) {
+        return;
+    }
+    const auto policies = policiesOf(context.document);
+    const auto free =
+        std::ranges::count_if(policies, [](const Policy& policy) { return isFree(policy.rows); });
+    const bool isTold = std::ranges::all_of(
+        policies, [](const Policy& policy) { return isFree(policy.rows) != isTied(policy.rows); });
+    if (!isTold || free != 1 || policies.size() < 2) {
+        return;
+    }
+    const auto own =
+        std::ranges::find_if(policies, [](const Policy& policy) { return isFree(policy.rows); });
+    const auto field =
+        std::ranges::find(labelledFields(), std::string_view("lifeInsurancePremiums"),
+                          [](const LabelledField& one) { return std::string_view(one.field); });
+    const auto premium = findFirst({own->rows}, field->wanted);
+    if (!premium || premium->value() < 1) {
+        return;
+    }
+    const int record = draft.addRecord(recordWith(
+        context.facts, field->record, "Lebensversicherung " + own->number, own->rows.page->number));
+    draft.add(record, field->field, premium->value(),
+              evidenceOf(*premium, field->wanted, context.isKindClear));
+}
 
 bool isAccidentCover(const DocumentRows& document) {
     static const Labels accidents{
@@ -220,8 +297,7 @@ bool isAnnuity(const DocumentRows& document) {
     static const Labels annuities{"*leibrente*",       "rente viagère*",    "rentes viagères",
                                   "rendita vitalizia", "rendite vitalizie", "life annuit*"};
     return isAnyIn(titleWords(document), annuities)
-           && isAnyIn(document.folded, wordsFor(Concept::paid))
-           && !isAnyIn(document.folded, wordsFor(Concept::surrender));
+           && isAnyIn(document.folded, wordsFor(Concept::paid));
 }
 
 bool proposePolicies(const KindContext& context, ProposalDraft& draft) {

@@ -191,6 +191,18 @@ bool isChanged(const Sentence& sentence, std::size_t which) {
            && std::ranges::find(to, wordBefore(sentence, which + 1)) != to.end();
 }
 
+/// Whether words behind an amount say that it is the price of one hour or day.
+bool isRate(const Sentence& sentence, std::size_t which) {
+    static const Labels units{"pro Stunde", "je Stunde",   "die Stunde", "pro Tag",
+                              "je Tag",     "pro Halbtag", "par heure",  "de l'heure",
+                              "l'heure",    "par jour",    "all'ora",    "l'ora",
+                              "al giorno",  "per hour",    "per day",    "an hour"};
+    const std::size_t next = sentence.ends[which] + 1;
+    const Row words = part(sentence.row, next, next + 2);
+    const auto place = findLabel(words, units, false);
+    return place && place->first == 0;
+}
+
 /// The amount that counts of a sentence: not the price of one where it says what several come to,
 /// and not what it was before.
 std::size_t wholeOf(const Sentence& sentence, std::size_t which) {
@@ -308,7 +320,13 @@ class ProseSearch {
 
     Saying sayingOf(const Sentence& sentence, std::size_t which) const {
         const bool isRecognised = isFromRecognised(sentence, which);
-        Saying saying{&sentence, which, ownWords(sentence, which)};
+        Saying saying{&sentence, which, {}};
+        if (sentence.amounts.size() == 1 && saysLeftOut(sentence.row)) {
+            return saying;
+        }
+        if (!isRate(sentence, which) || wholeOf(sentence, which) != which) {
+            saying.own = ownWords(sentence, which);
+        }
         std::erase_if(saying.own, [&](const Row& own) {
             return namesAny(own, wanted_.notMeant, isRecognised)
                    || findLabel(own, wanted_.without, isRecognised);

@@ -156,7 +156,10 @@ const RowAmount* amountIn(const PageRows& page, std::size_t at, const GridBox& b
         }
         const RowAmount* found = nullptr;
         for (const RowAmount& amount : page.rows[below].amounts) {
-            const bool isIn = amount.place.left > box.left && amount.place.right < box.right
+            // Where it is printed: rows that begin with theirs have been laid out anew.
+            const PagePlace& place =
+                amount.place.right > page.width ? amount.printed : amount.place;
+            const bool isIn = place.left > box.left && place.right < box.right
                               && (below > at || amount.first > 0) && canBeOfBox(amount);
             if (isIn && found != nullptr) {
                 return nullptr;

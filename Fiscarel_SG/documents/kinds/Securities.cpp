@@ -46,6 +46,18 @@ std::optional<ProposalCheck> productCheck(const Security& security) {
     return std::nullopt;
 }
 
+/// Tax at source is 35 per cent of what it was withheld from (VStG Art. 13).
+std::optional<ProposalCheck> ownTaxCheck(const Security& security) {
+    const auto& income = at(security.amounts, Stated::income);
+    const auto& tax = at(security.amounts, Stated::tax);
+    if (!income || !tax || tax->value().isZero()
+        || (income->value() * 35 / 100 - tax->value().abs()).abs() > Decimal(5) / 100) {
+        return std::nullopt;
+    }
+    return ProposalCheck{"35 % von " + shown(income->value()) + " = " + shown(tax->value().abs()),
+                         true};
+}
+
 } // namespace
 
 std::optional<Stated> incomeBy(const Row& words, bool areNamed) {
@@ -83,6 +95,10 @@ std::optional<Stated> statedBy(const Row& cell, bool isRecognised) {
     }
     if (taxed && namesAny(cell, {Concept::withholding}, isRecognised)) {
         return taxed;
+    }
+    static const Labels afterTax{"*netto*", "net", "nett*"};
+    if (namesAny(cell, {Concept::withholding}, isRecognised) && !says(afterTax)) {
+        return Stated::tax;
     }
     return says(quantities)                   ? std::optional(Stated::quantity)
            : says(values) && !says(notValues) ? std::optional(Stated::value)
@@ -136,7 +152,29 @@ bool SecurityList::isPrinted(const Decimal& sum) const {
     });
 }
 
+void SecurityList::settleByTax() {
+    const auto isOpen = [](const Security& one) {
+        return at(one.amounts, Stated::income) && !at(one.amounts, Stated::withTax)
+               && !at(one.amounts, Stated::withoutTax);
+    };
+    const bool isStated = std::ranges::any_of(
+        all, [&](const Security& one) { return isOpen(one) && ownTaxCheck(one); });
+    for (Security& one : all) {
+        const auto& tax = at(one.amounts, Stated::tax);
+        const bool isSwiss = !one.isAccount && one.number.starts_with("CH");
+        if (!isStated || !isOpen(one)) {
+            continue;
+        }
+        if (ownTaxCheck(one)) {
+            one.put(Stated::withTax, at(one.amounts, Stated::income));
+        } else if (tax ? tax->value().isZero() : !isSwiss) {
+            one.put(Stated::withoutTax, at(one.amounts, Stated::income));
+        }
+    }
+}
+
 void SecurityList::settleIncome() {
+    settleByTax();
     const auto isTold = [](const Security& one) {
         return at(one.amounts, Stated::withTax) || at(one.amounts, Stated::withoutTax);
     };
@@ -217,7 +255,7 @@ void SecurityList::proposeOne(const Security& security, ProposalDraft& draft) co
     addAmount(record, "taxValue", security, Stated::value, {product, sumCheck(Stated::value)},
               draft);
     addAmount(record, "incomeWithWithholding", security, Stated::withTax,
-              {sumCheck(Stated::withTax), taxCheck()}, draft);
+              {sumCheck(Stated::withTax), taxCheck(), ownTaxCheck(security)}, draft);
     addAmount(record, "incomeWithoutWithholding", security, Stated::withoutTax,
               {sumCheck(Stated::withoutTax)}, draft);
 }

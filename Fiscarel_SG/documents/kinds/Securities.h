@@ -11,8 +11,8 @@
 namespace fiscarel {
 
 /// What a column or a label of a paper on securities states.
-enum class Stated { quantity, price, value, withTax, withoutTax, income };
-constexpr std::size_t statedCount = 6;
+enum class Stated { quantity, price, value, withTax, withoutTax, income, tax };
+constexpr std::size_t statedCount = 7;
 using StatedAmounts = std::array<std::optional<FoundAmount>, statedCount>;
 
 inline const std::optional<FoundAmount>& at(const StatedAmounts& amounts, Stated stated) {
@@ -52,6 +52,8 @@ class SecurityList {
     Decimal sumOf(Stated stated) const;
     /// Whether number times price proves more than one security.
     bool isProven() const;
+    /// Puts income where the tax that was kept back of it, or that there was none, says.
+    void settleByTax();
     /// Puts income that no words tell the tax of where it belongs: that of a Swiss debtor is taxed
     /// at source (VStG Art. 4), interest only above 200 francs. Kept only where the page prints
     /// what both come to.

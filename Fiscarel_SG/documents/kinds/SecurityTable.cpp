@@ -268,6 +268,11 @@ std::optional<SecurityList> tableOf(const KindContext& context, const PageRows& 
     return std::nullopt;
 }
 
+/// Whether a cell says by a word or a dash that there is no amount.
+bool saysNoAmount(const Row& row, const LabelPlace& cell) {
+    return saysNone(row, cell) || (cell.first == cell.last && row.words[cell.first].folded.empty());
+}
+
 /// What the labels of a row state, each with the amount behind it; a label may have none.
 void readLabels(const PageRows& page, std::size_t at, Security& security) {
     const Row& row = page.rows[at];
@@ -290,6 +295,10 @@ void readLabels(const PageRows& page, std::size_t at, Security& security) {
             isStated = own.has_value() || isBalance;
             stated = own.value_or(Stated::value);
             label = textBetween(row, cell.first, cell.last);
+        }
+        if (isStated && stated == Stated::tax && saysNoAmount(row, cell)) {
+            security.put(stated, FoundAmount{.page = &page, .row = at, .label = label});
+            isStated = false;
         }
         if (isStated && amount != row.amounts.end()
             && (stated == Stated::quantity || amount->amount.isFirm())) {

@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
+#include "Fiscarel_SG/documents/rows/HeadingLines.h"
 
 #include <algorithm>
 #include <cmath>
@@ -290,6 +291,7 @@ PageRows rowAsPage(const PageRows& page, std::size_t at, const TableHeading& hea
         const double height = row.height();
         const double move = columns[i].right + height - own[i].front().place.left;
         std::vector<RowWord> words = heading.columns[i].cell.words;
+        layInLine(words, columns[i].left, columns[i].right);
         words.insert(words.end(), own[i].begin(), own[i].end());
         for (std::size_t w = 0; w < words.size(); ++w) {
             PagePlace& place = words[w].place;

@@ -58,6 +58,15 @@ bool saysNone(const Row& row, const LabelPlace& cell) {
            && std::ranges::find(words, row.words[cell.first].folded) != words.end();
 }
 
+bool saysLeftOut(const Row& words) {
+    static const Labels denials{
+        "nicht enthalten",     "nicht inbegriffen", "nicht eingerechnet", "nicht berücksichtigt",
+        "bereits bescheinigt", "pas compris*",      "pas inclus*",        "pas comptabilisé*",
+        "déjà attesté*",       "non è compres*",    "non sono compres*",  "non è inclus*",
+        "non sono inclus*",    "già attestat*",     "già certificat*",    "not included"};
+    return findLabel(words, denials, false).has_value();
+}
+
 std::size_t lettersIn(const Row& row, const LabelPlace& cell) {
     std::size_t letters = 0;
     for (std::size_t i = cell.first; i <= cell.last; ++i) {

@@ -24,6 +24,9 @@ bool hasFrancs(const Row& row);
 /// Whether a cell says that there is no amount: "keine", "aucun".
 bool saysNone(const Row& row, const LabelPlace& cell);
 
+/// Whether words say of an amount that it is not part of what a paper certifies.
+bool saysLeftOut(const Row& words);
+
 std::size_t lettersIn(const Row& row, const LabelPlace& cell);
 std::vector<RowWord> wordsOf(const Row& row, const LabelPlace& cell);
 

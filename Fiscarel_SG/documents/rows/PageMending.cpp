@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/documents/rows/BoxNumbers.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/rows/Centimes.h"
+#include "Fiscarel_SG/documents/rows/HeadingLines.h"
 #include "Fiscarel_SG/documents/rows/HouseNumbers.h"
 #include "Fiscarel_SG/documents/rows/IbanMending.h"
 #include "Fiscarel_SG/documents/rows/TaxWords.h"
@@ -216,6 +217,7 @@ void mend(PageRows& page) {
     hideHouseNumbers(page);
     shortenTaxWords(page);
     firmColumns(page);
+    joinHeadingLines(page);
 }
 
 } // namespace fiscarel

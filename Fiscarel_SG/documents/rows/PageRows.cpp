@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/rows/PageRows.h"
 
 #include "Fiscarel_SG/documents/rows/PageSlope.h"
+#include "Fiscarel_SG/documents/rows/RowLabels.h"
 #include "Fiscarel_SG/documents/text/Digits.h"
 #include "Fiscarel_SG/documents/text/FoldedText.h"
 #include "Fiscarel_SG/documents/text/Utf8Letters.h"
@@ -157,6 +158,29 @@ RowAmount amountFrom(const Row& row, std::size_t first, std::size_t last, Printe
     return found;
 }
 
+/// A word without the bracket of a clause that it begins or ends: "(12 Raten zu 2'249.00).".
+std::string_view withoutLoneBracket(std::string_view text) {
+    const std::size_t end = text.find_last_not_of(".,;:");
+    const bool isOpened = text.starts_with('(');
+    const bool isClosed = end != std::string_view::npos && text[end] == ')';
+    if (isOpened != isClosed && text.size() > 2) {
+        return isOpened ? text.substr(1) : text.substr(0, end);
+    }
+    return text;
+}
+
+/// The amount at a bracket of a sentence; a remark beside a row's own amount holds none.
+std::optional<PrintedAmount> amountAtBracket(const Row& row, std::size_t at) {
+    constexpr int least = 100; // "(Taxpunktwert 1.05)"
+    const std::string_view text = row.words[at].text;
+    const std::string_view inside = withoutLoneBracket(text);
+    if (inside.size() == text.size() || !hasDigit(inside) || cellsOf(row).size() != 1) {
+        return std::nullopt;
+    }
+    auto amount = parseAmount(inside, false);
+    return amount && amount->hasDecimals && amount->value >= least ? amount : std::nullopt;
+}
+
 /// The longest amount that begins with a word.
 std::optional<RowAmount> amountAt(const Row& row, std::size_t at, const std::vector<bool>& barred,
                                   bool isRecognised) {
@@ -175,6 +199,9 @@ std::optional<RowAmount> amountAt(const Row& row, std::size_t at, const std::vec
     if (!amount && last > at) {
         last = at;
         amount = parseAmount(row.words[at].text, isRecognised);
+    }
+    if (!amount && !isRecognised) {
+        amount = amountAtBracket(row, at);
     }
     if (!amount) {
         return std::nullopt;

@@ -23,6 +23,31 @@ const Labels& wordsFor(Concept meant) {
 
 namespace {
 
+/// Whether what stands at a place was taken off before: "già dedotto il sussidio cantonale",
+/// "Gemeindebeitrag bereits abgezogen".
+bool isTakenOffBefore(const Row& row, const LabelPlace& place) {
+    static const Labels words{"già dedott*",
+                              "già detratt*",
+                              "déjà déduit*",
+                              "bereits abgezogen*",
+                              "schon abgezogen*",
+                              "bereits abgerechnet*",
+                              "bereits berücksichtigt*",
+                              "sous déduction",
+                              "al netto"};
+    constexpr std::size_t farthest = 3; // words between
+    for (const Label& label : words) {
+        const auto said = findLabel(row, label, false);
+        if (said && said->first > 0
+            && (said->last < place.first
+                    ? place.first - said->last <= farthest
+                    : said->first > place.last && said->first - place.last <= farthest)) {
+            return true;
+        }
+    }
+    return false;
+}
+
 /// Whether what stands at a place is said not to be: "ohne Kirchensteuer", "(keine Spende)", "nicht
 /// abziehbar".
 bool isDenied(const Row& row, const LabelPlace& place, Concept meant) {
@@ -34,6 +59,17 @@ bool isDenied(const Row& row, const LabelPlace& place, Concept meant) {
     static const Labels afters{"nach", "après", "dopo", "after"};
     const bool isTakenOff =
         meant == Concept::refunded || meant == Concept::publicShare || meant == Concept::reduction;
+    if ((meant == Concept::publicShare || meant == Concept::reduction)
+        && isTakenOffBefore(row, place)) {
+        return true;
+    }
+    // "certifions avoir reçu" is a verb.
+    static const Labels haves{"avoir", "avere"};
+    if (meant == Concept::balance && place.last + 1 < row.words.size()
+        && isAnyIn(row.words[place.first].folded, haves)
+        && isAnyIn(row.words[place.last + 1].folded, wordsFor(Concept::paid))) {
+        return true;
+    }
     // What the bank itself owes is no debt of the customer: "Saldo a nostro debito".
     static const Labels ours{"nostro", "nostra", "notre", "unser*", "our"};
     static const Labels owed{"debito", "debiti", "dette", "dettes", "*schuld", "*schulden", "debt"};
