@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/AmountBelow.h"
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+#include "Fiscarel_SG/documents/kinds/RowSums.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 
 #include <algorithm>
@@ -62,7 +63,8 @@ const RowAmount* amountBelow(const RowRange& range, std::size_t at, const LabelP
     }
     const Row& next = range.page->rows[at + 1];
     const double most = range.page->isRecognised ? 2.4 : 1.6; // recognised words have tight boxes
-    if (next.amounts.empty() || next.top - own.bottom > most * own.height()) {
+    if (next.amounts.empty() || isPriceOfOne(next, next.amounts.front().last)
+        || next.top - own.bottom > most * own.height()) {
         return nullptr;
     }
     const bool breaksOff = cellsOf(own).size() == 1 && isFrancs(own.words.back().text)

@@ -154,7 +154,15 @@ std::vector<Row> ownWords(const Sentence& sentence, std::size_t which) {
                              : isTaken  ? endOfFollowing(sentence, which - 1)
                                         : sentence.ends[which - 1] + 1;
     std::vector<Row> words;
-    if (from < sentence.starts[which]) {
+    if (which > 0 && isPriceOfOne(sentence.row, sentence.ends[which - 1])) {
+        // "the fee of CHF 8 an hour came to CHF 800": what one is the price of, the other is, too
+        const std::size_t rest = sentence.ends[which - 1] + 3;
+        Row own = part(sentence.row, which > 1 ? sentence.ends[which - 2] + 1 : 0,
+                       sentence.starts[which - 1]);
+        const Row more = part(sentence.row, rest, sentence.starts[which]);
+        own.words.insert(own.words.end(), more.words.begin(), more.words.end());
+        words.push_back(std::move(own));
+    } else if (from < sentence.starts[which]) {
         words.push_back(part(sentence.row, from, sentence.starts[which]));
     }
     if (isFollowed) {
@@ -189,18 +197,6 @@ bool isChanged(const Sentence& sentence, std::size_t which) {
     }
     return between == 1 && std::ranges::find(from, wordBefore(sentence, which)) != from.end()
            && std::ranges::find(to, wordBefore(sentence, which + 1)) != to.end();
-}
-
-/// Whether words behind an amount say that it is the price of one hour or day.
-bool isRate(const Sentence& sentence, std::size_t which) {
-    static const Labels units{"pro Stunde", "je Stunde",   "die Stunde", "pro Tag",
-                              "je Tag",     "pro Halbtag", "par heure",  "de l'heure",
-                              "l'heure",    "par jour",    "all'ora",    "l'ora",
-                              "al giorno",  "per hour",    "per day",    "an hour"};
-    const std::size_t next = sentence.ends[which] + 1;
-    const Row words = part(sentence.row, next, next + 2);
-    const auto place = findLabel(words, units, false);
-    return place && place->first == 0;
 }
 
 /// The amount that counts of a sentence: not the price of one where it says what several come to,
@@ -324,7 +320,8 @@ class ProseSearch {
         if (sentence.amounts.size() == 1 && saysLeftOut(sentence.row)) {
             return saying;
         }
-        if (!isRate(sentence, which) || wholeOf(sentence, which) != which) {
+        if (!isPriceOfOne(sentence.row, sentence.ends[which])
+            || wholeOf(sentence, which) != which) {
             saying.own = ownWords(sentence, which);
         }
         std::erase_if(saying.own, [&](const Row& own) {

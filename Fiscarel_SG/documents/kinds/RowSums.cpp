@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/documents/kinds/RowSums.h"
 
+#include "Fiscarel_SG/documents/rows/RowLabels.h"
 #include "Fiscarel_SG/documents/text/Digits.h"
 
 #include <algorithm>
@@ -77,6 +78,19 @@ const RowAmount* productAmong(const Row& row, const std::vector<const RowAmount*
         }
     }
     return nullptr;
+}
+
+bool isPriceOfOne(const Row& row, std::size_t last) {
+    static const Labels units{"pro Stunde", "je Stunde",   "die Stunde", "pro Tag",
+                              "je Tag",     "pro Halbtag", "par heure",  "de l'heure",
+                              "l'heure",    "par jour",    "all'ora",    "l'ora",
+                              "al giorno",  "per hour",    "per day",    "an hour"};
+    Row words;
+    for (std::size_t i = last + 1; i < std::min(row.words.size(), last + 3); ++i) {
+        words.words.push_back(row.words[i]);
+    }
+    const auto place = findLabel(words, units, false);
+    return place && place->first == 0;
 }
 
 } // namespace fiscarel

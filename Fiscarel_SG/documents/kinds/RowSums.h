@@ -21,6 +21,10 @@ const RowAmount* sumOfRow(const Row& row);
 /// rebates and shares; null without one.
 const RowAmount* restOfRow(const Row& row);
 
+/// Whether the words behind one at an index, the last of an amount, say that it is the price of an
+/// hour or a day.
+bool isPriceOfOne(const Row& row, std::size_t last);
+
 /// "12 × 1’355.00   16’260.00": the amount of the year beside that of a month.
 const RowAmount* amountOfYear(const Row& row);
 /// Of several amounts of a row what a number of times another comes to.
