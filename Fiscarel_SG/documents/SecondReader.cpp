@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/documents/kinds/BoardFees.h"
 #include "Fiscarel_SG/documents/kinds/EmployersShare.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
+#include "Fiscarel_SG/documents/kinds/KindTitles.h"
 #include "Fiscarel_SG/documents/kinds/Pensions.h"
 #include "Fiscarel_SG/documents/kinds/Property.h"
 #include "Fiscarel_SG/documents/kinds/SecurityTable.h"
@@ -137,7 +138,7 @@ bool namesWage(const DocumentRows& document) {
         "Monatslohn",    "Lohnbescheinigung*", "gross salary", "net salary"};
     static const Labels pensions{"*rente", "*renten", "rente", "rentes", "rendita", "rendite"};
     const std::string title = titleWords(document);
-    return isAnyIn(document.folded, certificates)
+    return (isAnyIn(document.folded, certificates) || hasWageTitle(document))
            && (!isAnyIn(title, pensions) || takesContributions(document, title));
 }
 

@@ -104,7 +104,9 @@ const std::vector<KindExclusion>& kindExclusions() {
         // What a fund insures and forecasts.
         {{{"Persönlicher Ausweis*", "Vorsorgeausweis*", "Versicherungsausweis*",
            "Leistungsausweis*", "certificat de prévoyance", "certificat d'assurance",
-           "certificato di previdenza", "certificato d'assicurazione", "pension statement"},
+           "certificat personnel", "certificat individuel", "certificato di previdenza",
+           "certificato d'assicurazione", "certificato personale", "certificato individuale",
+           "pension statement"},
           {"versicherter Lohn", "versicherter Jahreslohn", "Austrittsleistung*", "salaire assuré",
            "prestation de sortie", "prestation de libre passage", "salario assicurato",
            "prestazione d'uscita", "insured salary"}},

@@ -178,6 +178,12 @@ std::optional<int> countInWords(std::string_view word) {
     return found == counts.end() ? std::nullopt : std::optional(found->second);
 }
 
+/// Whether the row below one has an amount.
+bool isBeforeAmount(const PageRows& page, const Row& row) {
+    const auto next = static_cast<std::size_t>(&row - page.rows.data()) + 1;
+    return next < page.rows.size() && hasFirmAmount(page.rows[next]);
+}
+
 /// Bare numbers that may count months or days: "12 ×", "(3 Monate)", "26 Tage zu".
 std::set<int> unitCounts(const DocumentRows& document) {
     std::set<int> counts{12};
@@ -193,8 +199,11 @@ std::set<int> unitCounts(const DocumentRows& document) {
                 if (isInAmount) { // "2 582.00"
                     continue;
                 }
-                const auto digits = smallNumber(text, 3);
-                const auto count = digits ? digits : countInWords(text);
+                const auto count = smallNumber(text, 3);
+                const auto told = count ? std::nullopt : countInWords(text);
+                if (told && (hasFirmAmount(row) || isBeforeAmount(page, row))) {
+                    counts.insert(*told);
+                }
                 const bool isProduct = row.folded.find(" x ") != std::string::npos
                                        || std::ranges::any_of(row.words, [](const RowWord& one) {
                                               return one.text.find("×") != std::string::npos;
@@ -423,7 +432,9 @@ PensionAmount told(PensionAmount one, std::size_t index, Benefit benefit) {
         findLabel(one.found.isBelow ? one.words : row, taxFree(), isRecognised) || endsInNo(row);
     one.isForTax = !one.isTaxFree && saysTaxed(one.words, isRecognised);
     one.isBarred = one.isTaxFree || findLabel(one.words, noPension(), isRecognised)
-                   || isOfOlderYear(page, one.found.row, row.amounts[index]);
+                   || isOfOlderYear(page, one.found.row, row.amounts[index])
+                   || (namesAny(one.words, {Concept::wage}, isRecognised)
+                       && !namesAny(one.words, {Concept::pension}, isRecognised));
     one.isFactor = findLabel(one.words, perMonth(), isRecognised).has_value();
     if (benefit == Benefit::allowances) {
         one.isBarred |= findLabel(one.words, noAllowance(), isRecognised).has_value();

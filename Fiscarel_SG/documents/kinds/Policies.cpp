@@ -30,8 +30,12 @@ bool isNumber(const std::string& text) {
 
 /// The number of a policy that a row begins with: "Police 90.217280", "Vertrag Nr. 12-345.678".
 std::string policyNumberIn(const Row& row, bool isRecognised) {
-    const auto place = findLabel(row, policyNames(), isRecognised);
-    if (!place || place->first > 1) {
+    std::optional<LabelPlace> place;
+    for (const Label& name : policyNames()) { // "Contratto 2: Polizza mista   n. 12.345.678"
+        const auto named = findLabel(row, name, isRecognised);
+        place = named && named->first <= 1 ? named : place;
+    }
+    if (!place) {
         return {};
     }
     const std::size_t end = hasFirmAmount(row) ? place->last + 4 : row.words.size();

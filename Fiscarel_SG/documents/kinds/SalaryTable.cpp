@@ -45,10 +45,21 @@ std::optional<ColumnBox> boxOf(const Row& cell, bool isRecognised) {
 
 /// What an employer keeps back of a wage besides contributions.
 const Labels& taxesAtSource() {
-    static const Labels words{
-        "Quellensteuer*", "Q.-Steuer",        "QST", "impôt à la source",  "impôt source",
-        "imp. source",    "imp. à la source", "IS",  "imposta alla fonte", "imp. alla fonte",
-        "ritenuta fonte", "withholding tax"};
+    static const Labels words{"Quellensteuer*",
+                              "Q.-Steuer",
+                              "QST",
+                              "impôt à la source",
+                              "impôt source",
+                              "imp. source",
+                              "imp. à la source",
+                              "IS",
+                              "imposta alla fonte",
+                              "imp. alla fonte",
+                              "ritenuta fonte",
+                              "withholding tax",
+                              "imposta",
+                              "impôt",
+                              "*steuer"};
     return words;
 }
 

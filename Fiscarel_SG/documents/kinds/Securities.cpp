@@ -74,12 +74,15 @@ std::optional<Stated> statedBy(const Row& cell, bool isRecognised) {
                                    "Quantity", "Anteile", "unités"};
     static const Labels prices{"Kurs",   "Kurs*", "Steuerkurs*", "Cours", "Corso",
                                "Prezzo", "Preis", "Prix",        "Price"};
-    static const Labels values{"*steuerwert*", "Kurswert*",      "Wert*",          "Verkehrswert*",
-                               "Marktwert*",   "Vermögenswert*", "Gegenwert*",     "valeur*",
-                               "valore*",      "controvalore*",  "contre-valeur*", "market value"};
-    static const Labels incomes{
-        "Ertrag*",    "Erträge", "Bruttoertr*", "Dividende*", "Ausschüttung*", "Zins*", "brutto*",
-        "rendement*", "revenu*", "reddit*",     "dividend*",  "provent*",      "ricav*"};
+    static const Labels values{
+        "*steuerwert*",   "Kurswert*",       "Wert*",          "Verkehrswert*",   "Marktwert*",
+        "Vermögenswert*", "Gegenwert*",      "valeur*",        "valore*",         "val. fiscale",
+        "val. imposable", "val. imponibile", "val. boursière", "val. di mercato", "controvalore*",
+        "contre-valeur*", "market value"};
+    static const Labels incomes{"Ertrag*",       "Erträge", "Bruttoertr*", "Dividende*",
+                                "Ausschüttung*", "Zins*",   "brutto*",     "rendement*",
+                                "produit*",      "revenu*", "reddit*",     "dividend*",
+                                "provent*",      "ricav*"};
     static const Labels notValues{"Anfang*",  "Einstand*",    "Kaufwert*",   "Vorjahr*",
                                   "Beginn",   "Wertschrift*", "Wertpapier*", "Wertrecht*",
                                   "Wertung*", "Währung"};
@@ -96,6 +99,10 @@ std::optional<Stated> statedBy(const Row& cell, bool isRecognised) {
     static const Labels afterTax{"*netto*", "net", "nett*"};
     if (namesAny(cell, {Concept::withholding}, isRecognised) && (taxed || !says(afterTax))) {
         return taxed ? taxed : Stated::tax;
+    }
+    static const Labels afterTax{"*netto*", "net", "nett*"};
+    if (namesAny(cell, {Concept::withholding}, isRecognised) && !says(afterTax)) {
+        return Stated::tax;
     }
     return says(quantities)                   ? std::optional(Stated::quantity)
            : says(values) && !says(notValues) ? std::optional(Stated::value)
