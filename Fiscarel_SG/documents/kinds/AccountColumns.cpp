@@ -70,7 +70,8 @@ std::vector<LabelPlace> accountCells(const PageRows& page, std::size_t at) {
                                          page.isRecognised)
                              || isOfExchange(own);
         if (cell.first == 0 && all.size() >= 3
-            && (isOverLabels(page, at, own, isOther) || isOverWords(page, at, all))) {
+            && ((isOverLabels(page, at, own, isOther) && !standsOverAmounts(page, at, cell))
+                || isOverWords(page, at, all))) {
             continue;
         }
         if (isOther || lettersIn(row, cell) < 3) {

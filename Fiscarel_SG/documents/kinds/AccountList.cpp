@@ -107,6 +107,14 @@ bool isSumOf(const Figures& figures, const Figures& sums) {
     return (isSum(balance) || isSum(debt)) && !differs(interest) && !differs(debtInterest);
 }
 
+/// Whether what is left of an account is below zero in a column that no words tell.
+bool isBelowZero(const Row& row, const Figures& figures) {
+    return !at(figures, Figure::balance) && !at(figures, Figure::debt)
+           && std::ranges::any_of(row.amounts, [](const RowAmount& amount) {
+                  return amount.amount.isFirm() && amount.amount.value.isNegative();
+              });
+}
+
 /// Whether a row only carries over what a page before or the rows above come to.
 bool isCarried(const Row& row) {
     static const Labels carried{"Übertrag*", "Uebertrag*", "*vortrag", "report",  "reports",
@@ -220,7 +228,8 @@ class ListReader {
         addTo(section_, figures);
         addTo(all_, figures);
         const bool isNamed = (own == nullptr || tellsByNames()) && namesLoan(page_, at);
-        const bool isLoan = isNamed || (own == nullptr && heading_.isOfLoans);
+        const bool isLoan =
+            isNamed || (own == nullptr && heading_.isOfLoans) || isBelowZero(row, figures);
         add({.figures = figures,
              .number = own == nullptr ? std::string() : own->text,
              .creditor = creditorOf(page_, at, heading_),

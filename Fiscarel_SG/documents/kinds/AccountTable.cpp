@@ -422,10 +422,12 @@ AccountHeading accountHeadingIn(const PageRows& page, std::size_t at, std::optio
         heading = std::move(both);
     }
     heading = completed(page, at, std::move(heading), year);
-    AccountHeading grid = completed(page, at, readHeading(page, gridHeadingIn(page, at)), year);
-    if (grid.count() >= std::max<std::size_t>(heading.count(), 2)
-        && amountsTold(page, grid) > amountsTold(page, heading)) {
-        heading = std::move(grid);
+    if (TableHeading columns = gridHeadingIn(page, at); !columns.columns.empty()) {
+        AccountHeading grid = completed(page, at, readHeading(page, std::move(columns)), year);
+        if (grid.count() >= std::max<std::size_t>(heading.count(), 2)
+            && amountsTold(page, grid) > amountsTold(page, heading)) {
+            heading = std::move(grid);
+        }
     }
     // Words of one label are no columns because some amounts below end where one of them does.
     const bool isOneCell = heading.count() >= 2 && cellsOf(page.rows[at]).size() == 1;

@@ -45,9 +45,10 @@ class AmountSpans {
         for (const LabelPlace& cell : cellsOf(row)) {
             if (const auto span = amountIn(row, cell)) {
                 own.push_back(*span);
+            } else {
+                starts_.push_back(cell.left); // amounts begin anywhere
             }
             ends_.push_back(cell.right);
-            starts_.push_back(cell.left);
         }
         for (const Span& one : own) {
             if (std::ranges::count_if(spans_, [&](const Span& span) { return span.overlaps(one); })
@@ -90,8 +91,8 @@ class AmountSpans {
     }
 
     std::vector<Span> spans_;
-    std::vector<double> starts_; ///< left edges of all cells
-    std::vector<double> ends_;   ///< and right ones
+    std::vector<double> starts_; ///< left edges of words
+    std::vector<double> ends_;   ///< right edges of all cells
 };
 
 /// A line of a heading: its cells, and which of them stands over each column.
@@ -375,9 +376,12 @@ TableHeading gridHeadingIn(const PageRows& page, std::size_t at) {
            && !hasFirmAmount(page.rows[amounts])) {
         ++amounts;
     }
-    const AmountSpans spans(page, end);
-    if (amounts >= page.rows.size() || !hasFirmAmount(page.rows[amounts]) || spans.all().empty()) {
+    if (amounts >= page.rows.size() || !hasFirmAmount(page.rows[amounts])) {
         return heading;
+    }
+    const AmountSpans spans(page, end);
+    if (spans.all().size() < 2) {
+        return heading; // one column needs no heading to tell it apart
     }
     const double names = page.rows[amounts].words.front().place.left;
     std::vector<Line> lines;
@@ -389,6 +393,17 @@ TableHeading gridHeadingIn(const PageRows& page, std::size_t at) {
     }
     for (std::size_t i = lines.size(); i-- > 1;) {
         spreadAbove(lines[i - 1], lines[i], spans.all());
+    }
+    const auto headed = [&](std::size_t i) {
+        return std::ranges::any_of(lines,
+                                   [&](const Line& line) { return line.over[i].has_value(); });
+    };
+    std::size_t count = 0;
+    for (std::size_t i = 0; i < spans.all().size(); ++i) {
+        count += headed(i) ? 1U : 0U;
+    }
+    if (count < 2) {
+        return heading;
     }
     heading.row = end - 1;
     heading.columns = columnsOfWords(lines);

@@ -100,10 +100,6 @@ std::optional<Stated> statedBy(const Row& cell, bool isRecognised) {
     if (namesAny(cell, {Concept::withholding}, isRecognised) && (taxed || !says(afterTax))) {
         return taxed ? taxed : Stated::tax;
     }
-    static const Labels afterTax{"*netto*", "net", "nett*"};
-    if (namesAny(cell, {Concept::withholding}, isRecognised) && !says(afterTax)) {
-        return Stated::tax;
-    }
     return says(quantities)                   ? std::optional(Stated::quantity)
            : says(values) && !says(notValues) ? std::optional(Stated::value)
            : says(prices)                     ? std::optional(Stated::price)

@@ -488,12 +488,19 @@ class Arrangement {
     /// Whether the values of a grid are but the first row of a table.
     bool hasMoreRows(std::size_t at) const {
         const auto& rows = page_.rows;
-        if (at + 2 >= rows.size() || !hasFirmAmount(rows[at + 2]) || gap(at + 1) > 1.6) {
+        const double left = rows[at + 1].words.front().place.left;
+        std::size_t next = at + 2;
+        // The number of an account may stand below its name and amounts.
+        if (next + 1 < rows.size() && !hasFirmAmount(rows[next]) && cellsOf(rows[next]).size() == 1
+            && gap(next - 1) <= 1.6 && roleOf(rows[at + 1], cellsOf(rows[at + 1])[0]) == Role::text
+            && std::abs(rows[next].words.front().place.left - left) <= aligned) {
+            ++next;
+        }
+        if (next >= rows.size() || !hasFirmAmount(rows[next]) || gap(next - 1) > 1.6) {
             return false;
         }
-        const double left = rows[at + 1].words.front().place.left;
-        return gridColumns(rows[at], rows[at + 2]).has_value()
-               || std::abs(rows[at + 2].words.front().place.left - left) <= aligned;
+        return gridColumns(rows[at], rows[next]).has_value()
+               || std::abs(rows[next].words.front().place.left - left) <= aligned;
     }
 
     /// A label of two lines whose amounts stand beside the second.
