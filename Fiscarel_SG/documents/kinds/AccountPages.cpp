@@ -145,8 +145,31 @@ bool isOfInterest(const RowWord& word) {
         parts, [&](std::string_view part) { return word.folded.find(part) != std::string::npos; });
 }
 
+/// The words of a row that say that no tax was withheld from its interest, "(senza imposta
+/// preventiva)". Only up to 200 francs, from which none is due (VStG Art. 5 para. 1 c): of more,
+/// they are what matters.
+std::optional<LabelPlace> untaxedIn(const Row& row, bool isRecognised) {
+    static const Labels negations{"ohne", "kein*", "sans", "aucun*", "senza", "nessun*", "non"};
+    constexpr std::size_t farthest = 3; // words between
+    const auto tax = findLabel(row, wordsFor(Concept::withholding), isRecognised);
+    const bool isSmall = std::ranges::all_of(row.amounts, [](const RowAmount& amount) {
+        return !amount.amount.isFirm() || amount.amount.value.abs() <= 200;
+    });
+    for (std::size_t i = 0; tax && isSmall && i < tax->first; ++i) {
+        const bool isNegation =
+            tax->first - i <= farthest && isAnyIn(row.words[i].folded, negations);
+        if (isNegation
+            && std::any_of(row.words.begin(), row.words.begin() + static_cast<std::ptrdiff_t>(i),
+                           isOfInterest)) {
+            return LabelPlace{i, tax->last, row.words[i].place.left, tax->right};
+        }
+    }
+    return std::nullopt;
+}
+
 /// Hides from a row what it only mentions: the interest that a balance includes, "inkl. Zins",
-/// "intérêts compris", and that what is gross is as well net, "lordo = netto".
+/// "intérêts compris", that what is gross is as well net, "lordo = netto", and that little
+/// interest is not taxed.
 void hideAsides(Row& row, bool isRecognised) {
     static const Labels before{"inkl",      "inklusive", "einschl*", "samt",
                                "y compris", "incl*",     "inclus*",  "compres*"};
@@ -177,6 +200,10 @@ void hideAsides(Row& row, bool isRecognised) {
                 isHidden = true;
             }
         }
+    }
+    if (const auto untaxed = untaxedIn(row, isRecognised)) {
+        hide(untaxed->first, untaxed->last);
+        isHidden = true;
     }
     if (isHidden) {
         row.folded.clear();

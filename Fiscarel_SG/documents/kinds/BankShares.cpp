@@ -25,17 +25,19 @@ std::optional<FoundAmount> sharesIn(const PageRows& page, std::size_t at) {
         return !amount.amount.hasDecimals && amount.amount.value.isInteger()
                && amount.amount.value >= 1 && !amount.amount.isYearLike();
     };
-    const auto piece = findLabel(row, pieces, page.isRecognised);
     const auto count = findLabel(row, counts, page.isRecognised);
+    const auto isPiece = [&](std::size_t word) {
+        return word < row.words.size() && isAnyIn(row.words[word].folded, pieces);
+    };
     for (const RowAmount& amount : row.amounts) {
         const bool isOrdinal = amount.first == 0 && row.words[amount.last].text.ends_with('.');
-        const bool isBefore = piece && amount.last + 1 == piece->first && !isOrdinal;
+        const bool isBefore = !isOrdinal && isPiece(amount.last + 1);
         const bool isBeside = count && amount.first > count->last;
         if (isCount(amount) && (isBefore || isBeside)) {
             return FoundAmount{.page = &page,
                                .row = at,
                                .amount = amount,
-                               .label = isBefore ? textBetween(row, piece->first, piece->last)
+                               .label = isBefore ? row.words[amount.last + 1].text
                                                  : textBetween(row, count->first, count->last)};
         }
     }
@@ -58,7 +60,9 @@ Figures figuresOfShares(const RowRange& range) {
         {"Zinssatz", "pro Stück", "pro Anteil*", "je Anteil*", "je Stück", "par part", "unitaire",
          "chaque part", "per quota", "unitario", "di ogni quota"}};
     static const Wanted dividend{{"Dividende*", "Bruttodividende", "Ausschüttung*", "Verzinsung*",
-                                  "dividendo", "dividendi", "coupon*", "cedola", "cedole"},
+                                  "dividendo", "dividendi", "coupon*", "cedola", "cedole",
+                                  "remunerazione", "rémunération", "intérêt statutaire",
+                                  "intérêts statutaires", "interesse statutario", "Anteilzins*"},
                                  {"netto", "net", "nette", "netta", "Zinssatz", "taux", "tasso"}};
     Figures figures = figuresByLabel(range);
     auto& balance = figures[static_cast<std::size_t>(Figure::balance)];
