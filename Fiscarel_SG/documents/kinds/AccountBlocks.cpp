@@ -138,12 +138,17 @@ std::vector<std::size_t> repeatedBlocks(const PageRows& page) {
     const std::vector<std::size_t>& firsts = first->second;
     std::vector<std::size_t> lasts = firsts; // of each block
     std::size_t alike = 0;
+    bool isOfBank = false;
     for (const auto& [label, rows] : places) {
         bool comesBack = rows.size() == firsts.size();
         for (std::size_t i = 0; i < firsts.size() && comesBack; ++i) {
             comesBack = rows[i] >= firsts[i] && (i + 1 == firsts.size() || rows[i] < firsts[i + 1]);
         }
         alike += comesBack ? 1U : 0U;
+        isOfBank |=
+            comesBack
+            && namesAny(page.rows[rows.front()],
+                        {Concept::balance, Concept::debt, Concept::interest}, page.isRecognised);
         for (std::size_t i = 0; i < firsts.size() && comesBack; ++i) {
             lasts[i] = std::max(lasts[i], rows[i]);
         }
@@ -159,10 +164,6 @@ std::vector<std::size_t> repeatedBlocks(const PageRows& page) {
             return {};
         }
     }
-    const bool isOfBank = std::ranges::any_of(firsts, [&](std::size_t at) {
-        return namesAny(page.rows[at], {Concept::balance, Concept::debt, Concept::interest},
-                        page.isRecognised);
-    });
     return alike >= 2 && isOfBank && start < firsts.front() ? starts : std::vector<std::size_t>();
 }
 

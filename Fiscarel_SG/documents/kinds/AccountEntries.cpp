@@ -216,18 +216,33 @@ class EntryProposer {
             const auto& tax = at(entry.figures, Figure::withholding);
             // Interest up to 200 francs a year is free of it. VStG Art. 5 Abs. 1 Bst. c
             // What the bank's own shares and notes bring is no customer's balance.
-            const bool isTaxed =
-                tax ? !tax->value().isZero()
-                    : (interest->value() > 200 || isOfShares(entry)) && !isOfLiechtenstein(entry);
+            const bool isTaxed = tax ? !tax->value().isZero() : isTaxedUntold(entry, *interest);
             const auto checks = interestChecks(entry.figures);
             addAmount(record, isTaxed ? "incomeWithWithholding" : "incomeWithoutWithholding",
                       *interest, Figure::interest, checks);
+            Confidence& confidence = draft_.result().proposals.back().confidence;
             if (!tax && entry.number.empty() && (isStatement() || entry.isDepot)) {
-                draft_.result().proposals.back().confidence =
-                    Confidence::low; // whose it is decides
+                confidence = Confidence::low; // whose it is decides
+            } else if (!tax && isTaxed && confidence == Confidence::high) {
+                confidence = Confidence::medium; // sure is the amount, not the tax
             }
         }
         proposeIncome(record, entry);
+    }
+
+    /// Whether tax is withheld from interest where the paper tells none of it: from over 200 francs
+    /// a year (VStG Art. 5 para. 1 c), what the bank's own shares and notes bring, but not what
+    /// others owe whom the bank lends it to in trust.
+    bool isTaxedUntold(const AccountEntry& entry, const FoundAmount& interest) const {
+        static const Labels trust{"Treuhand*", "treuhänderisch*", "fiduciaire*", "fiduciari*",
+                                  "fiduciary"};
+        const auto& rows = entry.range.page->rows;
+        const bool isInTrust =
+            std::any_of(rows.begin() + static_cast<std::ptrdiff_t>(entry.range.first),
+                        rows.begin() + static_cast<std::ptrdiff_t>(entry.range.end),
+                        [](const Row& row) { return isAnyIn(row.folded, trust); });
+        return (interest.value() > 200 || isOfShares(entry)) && !isOfLiechtenstein(entry)
+               && !isInTrust;
     }
 
     static bool isOfShares(const AccountEntry& entry) {

@@ -89,18 +89,30 @@ bool isPast(const Row& row, std::optional<int> year) {
     return isPast;
 }
 
-/// Whether an amount is told as a limit, or as what was agreed on or is to be paid at least: one of
-/// the four words before it says so.
+/// Whether an amount is told as a limit, as what was agreed on, lent once or is to be paid at
+/// least, or as of the day of the letter: one of the words before it says so.
 bool isAgreed(const Row& row, const RowAmount& amount) {
     static const Labels agreed{"*limite*",         "*Limit",           "Kreditrahmen*",
                                "ursprünglich*",    "Plafond*",         "*mindestzahlung*",
                                "paiement minimum", "initial*",         "originario",
                                "iniziale",         "pagamento minimo", "credit limit"};
-    std::string before;
-    for (std::size_t i = amount.first > 4 ? amount.first - 4 : 0; i < amount.first; ++i) {
-        before += row.words[i].folded + ' ';
-    }
-    return isAnyIn(before, agreed);
+    static const Labels once{"concess*", "accordé*", "gewährt*", "aufgenommen*"};
+    static const Labels today{"oggi",         "heute",    "heutig*",     "aujourd'hui", "à ce jour",
+                              "data odierna", "presente", "attualmente", "today"};
+    constexpr std::size_t near = 4; // words
+    constexpr std::size_t inSentence = 10;
+    const auto before = [&](std::size_t most) {
+        std::string words;
+        for (std::size_t i = amount.first; i > 0 && amount.first - i < most; --i) {
+            if (endsSentence(row, i - 1)) {
+                break;
+            }
+            words.insert(0, row.words[i - 1].folded + ' ');
+        }
+        return words;
+    };
+    return isAnyIn(before(near), agreed) || isAnyIn(before(near + 2), once)
+           || isAnyIn(before(inSentence), today);
 }
 
 /// Whether a row states another currency in a cell of its own, and francs in none.
@@ -171,8 +183,8 @@ std::optional<LabelPlace> untaxedIn(const Row& row, bool isRecognised) {
 /// "intérêts compris", that what is gross is as well net, "lordo = netto", and that little
 /// interest is not taxed.
 void hideAsides(Row& row, bool isRecognised) {
-    static const Labels before{"inkl",      "inklusive", "einschl*", "samt",
-                               "y compris", "incl*",     "inclus*",  "compres*"};
+    static const Labels before{"inkl",  "inklusive", "einschl*", "samt",       "y compris",
+                               "incl*", "inclus*",   "compres*", "comprensiv*"};
     static const Labels behind{"compris*",       "inclus*",  "inbegriffen",
                                "eingeschlossen", "compres*", "eingerechnet"};
     constexpr std::size_t farthest = 2; // words between
