@@ -101,9 +101,12 @@ bool isAgreed(const Row& row, const RowAmount& amount) {
                               "data odierna", "presente", "attualmente", "today"};
     constexpr std::size_t near = 4; // words
     constexpr std::size_t inSentence = 10;
-    const auto before = [&](std::size_t most) {
+    const auto cells = cellsOf(row);
+    const auto own = std::ranges::find_if(
+        cells, [&](const LabelPlace& cell) { return cell.last >= amount.first; });
+    const auto before = [&](std::size_t most, std::size_t first = 0) {
         std::string words;
-        for (std::size_t i = amount.first; i > 0 && amount.first - i < most; --i) {
+        for (std::size_t i = amount.first; i > first && amount.first - i < most; --i) {
             if (endsSentence(row, i - 1)) {
                 break;
             }
@@ -111,8 +114,9 @@ bool isAgreed(const Row& row, const RowAmount& amount) {
         }
         return words;
     };
-    return isAnyIn(before(near), agreed) || isAnyIn(before(near + 2), once)
-           || isAnyIn(before(inSentence), today);
+    const std::size_t sentence = own == cells.end() ? 0 : own->first; // no name in another column
+    return isAnyIn(before(near), agreed) || isAnyIn(before(near + 2, sentence), once)
+           || isAnyIn(before(inSentence, sentence), today);
 }
 
 /// Whether a row states another currency in a cell of its own, and francs in none.

@@ -414,7 +414,7 @@ const std::vector<KindWords>& kindWords() {
           "Zinsen brutto",
           "Bruttozinsen"}},
         {bankauszug,
-         5,
+         6,
          {"Mietkaution*", "Mieterkaution*", "Mietzinskaution*", "Mietzinsdepot*", "Mieterdepot*",
           "garantie de loyer", "garanties de loyer", "garantie locative", "deposito di garanzia",
           "garanzia affitto", "garanzia d'affitto", "garanzia di locazione", "deposito d'affitto"}},
