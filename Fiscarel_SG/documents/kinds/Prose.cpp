@@ -13,7 +13,8 @@ namespace fiscarel {
 
 namespace {
 
-constexpr std::size_t fewestWords = 5; ///< of a sentence; fewer are a row of a table
+constexpr std::size_t fewestWords = 5;    ///< of a sentence; fewer are a row of a table
+constexpr std::size_t fewestOfClause = 3; ///< behind a semicolon
 
 /// Words that make a sentence, as one row, with where its amounts come from.
 struct Sentence {
@@ -93,20 +94,27 @@ class Sentences {
             }
             if (endsSentence(row, i)) {
                 finish();
+            } else if (row.words[i].text.ends_with(';')
+                       && current_.row.words.size() >= fewestWords) {
+                finish();
+                isClause_ = true;
             }
         }
     }
 
     void finish() {
-        if (current_.row.words.size() >= fewestWords && !current_.amounts.empty()) {
+        const std::size_t fewest = isClause_ ? fewestOfClause : fewestWords;
+        if (current_.row.words.size() >= fewest && !current_.amounts.empty()) {
             sentences_.push_back(std::move(current_));
         }
         current_ = {};
+        isClause_ = false;
     }
 
     const RowRange& range_;
     double margin_ = 0; ///< where full lines end
     Sentence current_;
+    bool isClause_ = false; ///< goes on behind a semicolon
     std::vector<Sentence> sentences_;
 };
 

@@ -48,7 +48,13 @@ void shortenTaxWords(PageRows& page) {
                               "al netto dell'imposta preventiva",
                               "dopo l'IP",
                               "after withholding tax"};
+    static const Labels favours{"a suo credito",      "a vostro credito",  "a tuo credito",
+                                "al suo credito",     "à votre crédit",    "à son crédit",
+                                "au crédit de votre", "a credito del suo", "a suo avere"};
     for (Row& row : page.rows) {
+        if (const auto place = findLabel(row, favours, page.isRecognised)) {
+            row.words[place->last].folded = "favore"; // is no loan
+        }
         const bool isGross = shorten(row, before, "brutto", page.isRecognised);
         const bool isNet = shorten(row, after, "netto", page.isRecognised);
         if (isGross || isNet) {
