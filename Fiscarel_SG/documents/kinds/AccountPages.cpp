@@ -183,6 +183,23 @@ std::optional<LabelPlace> untaxedIn(const Row& row, bool isRecognised) {
     return std::nullopt;
 }
 
+/// The words of a row that only add the rate to an amount before it, "4'131.00   tasso 1.35 %",
+/// "CHF 3'071.25, au taux de 2.25 %".
+std::optional<LabelPlace> rateIn(const Row& row, bool isRecognised) {
+    constexpr std::size_t farthest = 3; // words from its name to the per cent
+    const auto rate = findLabel(row, wordsFor(Concept::rate), isRecognised);
+    const bool isBehind = rate && std::ranges::any_of(row.amounts, [&](const RowAmount& amount) {
+                              return amount.amount.isFirm() && amount.last < rate->first;
+                          });
+    for (std::size_t i = rate ? rate->last + 1 : 0;
+         isBehind && i < std::min(row.words.size(), rate->last + 1 + farthest); ++i) {
+        if (row.words[i].text.find('%') != std::string::npos) {
+            return LabelPlace{rate->first, i, rate->left, row.words[i].place.right};
+        }
+    }
+    return std::nullopt;
+}
+
 /// Hides from a row what it only mentions: the interest that a balance includes, "inkl. Zins",
 /// "intérêts compris", that what is gross is as well net, "lordo = netto", and that little
 /// interest is not taxed.
@@ -215,6 +232,18 @@ void hideAsides(Row& row, bool isRecognised) {
                 hide(net, net);
                 isHidden = true;
             }
+        }
+    }
+    if (const auto rate = rateIn(row, isRecognised)) {
+        hide(rate->first, rate->last);
+        isHidden = true;
+    }
+    for (RowWord& word : words) {
+        const bool isYear = word.folded.starts_with("01 01 31 12")
+                            || word.folded.starts_with("1 1 31 12"); // "01.01.-31.12.2024"
+        if (isYear) {
+            word.folded.clear();
+            isHidden = true;
         }
     }
     if (const auto untaxed = untaxedIn(row, isRecognised)) {

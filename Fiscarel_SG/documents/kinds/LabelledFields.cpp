@@ -43,7 +43,7 @@ const std::vector<LabelledField>& labelledFields() {
          Record::personDeductions,
          "pillar3a",
          {{},
-          {"nicht", "non", "not", "Vorjahr", "Einkauf", "Rachat", "Riscatto"},
+          {"nicht", "non", "not", "pas", "Vorjahr", "Einkauf", "Rachat", "Riscatto"},
           true,
           {{deductible, contribution},
            {deductible, amount},

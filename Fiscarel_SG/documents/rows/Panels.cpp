@@ -110,6 +110,7 @@ std::size_t panelOf(const LabelPlace& cell, const std::vector<double>& edges) {
 
 /// What of the rows below their heads stands in each panel.
 struct Content {
+    std::size_t first = 0;        ///< row
     std::set<std::size_t> labels; ///< rows that have words in it
     std::size_t amounts = 0;
 };
@@ -126,7 +127,11 @@ bool arePanels(const PageRows& page, std::size_t at, std::size_t end,
             if (hasFirmAmount(row, cell)) {
                 ++contents[panel].amounts;
             }
-            if (roleOf(row, cell) == Role::text && lettersIn(row, cell) >= 4) {
+            if (contents[panel].first == 0) {
+                contents[panel].first = i;
+            }
+            if (roleOf(row, cell) == Role::text && lettersIn(row, cell) >= 4
+                && !saysNone(row, cell)) {
                 contents[panel].labels.insert(i);
                 std::string words;
                 for (std::size_t word = cell.first; word <= cell.last; ++word) {
@@ -147,8 +152,11 @@ bool arePanels(const PageRows& page, std::size_t at, std::size_t end,
     if (std::none_of(begin, begin + near, isInSeveral)) {
         return false;
     }
-    const bool areFull = std::ranges::all_of(contents, [](const Content& content) {
-        return content.labels.size() >= fewest && content.amounts >= 1;
+    constexpr double farthest = 3; // heights of a head, to what stands below it
+    const Row& head = page.rows[at];
+    const bool areFull = std::ranges::all_of(contents, [&](const Content& content) {
+        return content.labels.size() >= fewest && content.amounts >= 1
+               && page.rows[content.first].top - head.bottom < farthest * head.height();
     });
     const auto shared =
         std::ranges::count_if(labels, [](const auto& label) { return label.second.size() >= 2; });

@@ -36,6 +36,7 @@ class Marking {
             markTelephone(i);
             markNumberAfterItsName(i);
             markTime(i);
+            markYear(i);
             markGroups(i);
             markPlace(i);
         }
@@ -167,6 +168,15 @@ class Marking {
                 mark(next);
                 break;
             }
+        }
+    }
+
+    /// "Totale anno 2025 CHF": a year, not an amount before its currency.
+    void markYear(std::size_t at) {
+        if (isOneOf(folded(at), {"jahr", "steuerjahr", "kalenderjahr", "annee", "anno", "exercice",
+                                 "esercizio", "year"})
+            && yearOf2000s(word(at + 1))) {
+            mark(at + 1);
         }
     }
 
