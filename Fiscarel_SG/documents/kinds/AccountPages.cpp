@@ -91,7 +91,7 @@ bool isPast(const Row& row, std::optional<int> year) {
 
 /// Whether an amount is told as a limit, as what was agreed on, lent once or is to be paid at
 /// least, or as of the day of the letter: one of the words before it says so.
-bool isAgreed(const Row& row, const RowAmount& amount) {
+bool isAgreed(const Row& row, const RowAmount& amount, const Row* above) {
     static const Labels agreed{"*limite*",         "*Limit",           "Kreditrahmen*",
                                "ursprünglich*",    "Plafond*",         "*mindestzahlung*",
                                "paiement minimum", "initial*",         "originario",
@@ -111,6 +111,13 @@ bool isAgreed(const Row& row, const RowAmount& amount) {
                 break;
             }
             words.insert(0, row.words[i - 1].folded + ' ');
+            if (i == 1 && above != nullptr) { // the sentence began in the line above
+                const std::size_t rest = most - (amount.first - i) - 1;
+                for (std::size_t j = above->words.size();
+                     j > 0 && above->words.size() - j < rest && !endsSentence(*above, j - 1); --j) {
+                    words.insert(0, above->words[j - 1].folded + ' ');
+                }
+            }
         }
         return words;
     };
@@ -292,9 +299,15 @@ PageRows withoutOthers(PageRows page, std::optional<int> year) {
         const Row& row = page.rows[at];
         const bool isOther = isRowForeign(row);
         isOfCurrencies |= headsCurrencies(row);
+        constexpr std::size_t fewest = 6; // words of a line of text
+        const Row* const lineAbove = at > 0 && page.rows[at - 1].words.size() >= fewest
+                                             && cellsOf(page.rows[at - 1]).size() == 1
+                                         ? &page.rows[at - 1]
+                                         : nullptr;
         std::erase_if(kept.rows[at].amounts, [&](const RowAmount& amount) {
             return (isOther && !isUnderFrancs(page, at, amount)) || isForeign(row, amount)
-                   || isAgreed(row, amount) || (isOfCurrencies && isUnderForeign(page, at, amount));
+                   || isAgreed(row, amount, lineAbove)
+                   || (isOfCurrencies && isUnderForeign(page, at, amount));
         });
         hideAsides(kept.rows[at], page.isRecognised);
     }

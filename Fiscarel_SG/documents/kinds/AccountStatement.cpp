@@ -143,10 +143,8 @@ class AccountMapper {
                 return iban.row >= first && iban.row < end;
             });
             RowRange range{&page, first, end};
-            if (const auto loan = loanBehind(range); loan && own != ibans.end()) {
-                addEntry({.figures = figuresOfLoan(*loan), .range = *loan, .isLoan = true});
-                range.end = loan->first;
-            }
+            const auto loan = own == ibans.end() ? std::nullopt : loanBehind(range);
+            range.end = loan ? loan->first : end;
             const bool isLoan = i < starts.size() && starts.size() > 1 && own == ibans.end()
                                 && isTitledAsLoan(page, starts[i]);
             const bool isOfShares = i < starts.size() && namesShares(page.rows[starts[i]]);
@@ -158,12 +156,15 @@ class AccountMapper {
                                .isLoan = isLoan,
                                .isDepot = isOfShares,
                                .quantity = isOfShares ? sharesIn(range) : std::nullopt};
-            entry.isLoan |= starts.size() <= 1 && tellsOfLoan(entry);
+            entry.isLoan |= tellsOfLoan(entry);
             if (starts.size() <= 1 && tellsOfBoth(entry)) {
                 addEntry(withoutAccount(entry));
                 entry.figures = withoutLoan(entry.figures);
             }
             addEntry(std::move(entry));
+            if (loan) {
+                addEntry({.figures = figuresOfLoan(*loan), .range = *loan, .isLoan = true});
+            }
         }
     }
 
@@ -199,7 +200,9 @@ class AccountMapper {
         const auto of = [&](Figure figure) {
             return entry.figures[static_cast<std::size_t>(figure)].has_value();
         };
-        if (!of(balance) || !of(debtInterest) || of(debt) || of(interest)
+        const auto& earned = entry.figures[static_cast<std::size_t>(interest)];
+        const auto& owed = entry.figures[static_cast<std::size_t>(debtInterest)];
+        if (!of(balance) || !owed || of(debt) || (earned && earned->row != owed->row)
             || !entry.number.empty()) {
             return false;
         }

@@ -6,8 +6,6 @@
 
 namespace fiscarel {
 
-namespace {
-
 Records amountsOf(const ScanResult& result) {
     Records amounts(result.records.size());
     for (const Proposal& proposal : result.proposals) {
@@ -20,8 +18,6 @@ Records amountsOf(const ScanResult& result) {
     }
     return amounts;
 }
-
-} // namespace
 
 void expectRead(const std::vector<Paper>& papers) {
     for (const Paper& paper : papers) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Fiscarel_SG/documents/ScanResult.h"
+
 #include <map>
 #include <string>
 #include <utility>
@@ -21,6 +23,9 @@ struct Paper {
     std::vector<TableRow> rows;
     Records amounts;
 };
+
+/// The amounts that each record of an answer has, without texts.
+Records amountsOf(const ScanResult& result);
 
 /// Draws each paper under the name of a bank and compares what is proposed from it.
 void expectRead(const std::vector<Paper>& papers);
