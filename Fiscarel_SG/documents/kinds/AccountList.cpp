@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/AccountList.h"
 
 #include "Fiscarel_SG/documents/kinds/AccountBlocks.h"
+#include "Fiscarel_SG/documents/kinds/AccountRows.h"
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/kinds/BankShares.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
@@ -44,35 +45,6 @@ std::string creditorOf(const PageRows& page, std::size_t at, const AccountHeadin
     return {};
 }
 
-bool namesDepot(const Row& row) {
-    static const Labels depots{"*depot", "Depot*",  "Wertschriften*",
-                               "dépôt",  "titres",  "dossier titres",
-                               "titoli", "custody", "deposito titoli"};
-    return isAnyIn(row.folded, depots);
-}
-
-/// Whether words stand beside the amounts of a row, before or behind them.
-bool hasName(const Row& row) {
-    const auto firm = std::ranges::find_if(
-        row.amounts, [](const RowAmount& amount) { return amount.amount.isFirm(); });
-    if (firm == row.amounts.end()) {
-        return false;
-    }
-    return firm->first > 0 || std::ranges::any_of(cellsOf(row), [&](const LabelPlace& cell) {
-               return roleOf(row, cell) == Role::text && lettersIn(row, cell) >= 3;
-           });
-}
-
-/// Whether the amounts of a row are marked as owed: "136'000.00 S", "D" in a column of its own.
-bool isMarkedOwed(const Row& row) {
-    static constexpr std::array<std::string_view, 12> marks{
-        "S", "Soll", "SOLL", "D", "Débit", "DÉBIT", "Dare", "DARE", "DR", "débit", "dare", "soll"};
-    return std::ranges::any_of(row.amounts, [&](const RowAmount& amount) {
-        return amount.amount.isFirm() && amount.last + 1 < row.words.size()
-               && std::ranges::find(marks, row.words[amount.last + 1].text) != marks.end();
-    });
-}
-
 Figures negated(Figures figures) {
     for (auto& figure : figures) {
         if (figure) {
@@ -113,38 +85,6 @@ bool isBelowZero(const Row& row, const Figures& figures) {
            && std::ranges::any_of(row.amounts, [](const RowAmount& amount) {
                   return amount.amount.isFirm() && amount.amount.value.isNegative();
               });
-}
-
-/// Whether a row only carries over what a page before or the rows above come to.
-bool isCarried(const Row& row) {
-    static const Labels carried{"Übertrag*", "Uebertrag*", "*vortrag", "report",  "reports",
-                                "reporté*",  "reporter",   "riporto",  "riporti", "riportare",
-                                "riportat*", "carried",    "forward"};
-    const auto place = findLabel(row, carried, false);
-    return place && place->first <= 1;
-}
-
-/// Whether a row begins with a time of the year: a day, "01.01. - 30.06.2024", "2. Quartal",
-/// "1er semestre".
-bool beginsWithTime(const Row& row) {
-    static const Labels periods{"Quartal*", "Semester",  "Halbjahr*", "Trimester",
-                                "semestre", "trimestre", "quarter"};
-    const auto& words = row.words;
-    if (words.empty()) {
-        return false;
-    }
-    if (parseDay(words[0].text)
-        || (words.size() > 2 && parseDay(words[0].text, words[1].text, words[2].text))) {
-        return true;
-    }
-    const auto period = findLabel(row, periods, false);
-    constexpr std::size_t dayAndMonth = 6; // letters of "01.07."
-    const std::string& first = words[0].text;
-    const bool isDayOfMonth = first.size() >= dayAndMonth
-                              && isDayOfYear(first.substr(0, dayAndMonth))
-                              && first.find_first_of("0123456789", dayAndMonth) != dayAndMonth;
-    const bool isPart = (period && period->first <= 1) || monthOf(words[0].folded) != 0;
-    return isDayOfMonth || (isPart && hasFirmAmount(row));
 }
 
 /// Whether one of the rows above a table names a loan.
@@ -222,9 +162,11 @@ class ListReader {
         const AccountNumber* own = ibanOf(page_, ibans_, at, heading_.row());
         if ((own == nullptr && (isBehindTotal(at) || !hasName(row))) || isTied_
             || namesAny(row, {Concept::pillar3a}, page_.isRecognised)
-            || (own == nullptr && addTaxLine(at, figures)) || addSecondLine(at, figures)) {
+            || (own == nullptr && (addTaxLine(at, figures) || addOwnLine(at, figures)))
+            || addSecondLine(at, figures)) {
             return;
         }
+        isOver_ = isOver_ && !beginsLoans(at);
         addTo(section_, figures);
         addTo(all_, figures);
         const bool isNamed = (own == nullptr || tellsByNames()) && namesLoan(page_, at);
@@ -260,7 +202,18 @@ class ListReader {
                              && hasNumber(page_.rows[at + 1]);
         const bool isNamed =
             namesDepot(row) || namesAny(row, {Concept::debt, Concept::account}, page_.isRecognised);
-        return isOver_ && !(isNamed && (isBelow || hasNumber(row)));
+        return isOver_ && !(isNamed && (isBelow || hasNumber(row))) && !beginsLoans(at);
+    }
+
+    /// Whether a row is the first loan, below the total of what is kept: its name tells, and its
+    /// amounts are marked as owed.
+    bool beginsLoans(std::size_t row) const {
+        const Figures figures = figuresByColumn(page_, row, heading_);
+        const auto& left = at(figures, Figure::balance);
+        const bool isOwed = left && (left->value() < 0 || isMarkedOwed(page_.rows[row]));
+        return isOwed && namesLoan(page_, row)
+               && !namesAny(page_.rows[row], {Concept::total}, page_.isRecognised)
+               && std::ranges::none_of(section_, [](const auto& one) { return one.has_value(); });
     }
 
     /// Whether a row is the title of a part of the table, and whether of what is owed.
@@ -316,6 +269,38 @@ class ListReader {
         return true;
     }
 
+    /// A line below an account or loan that says which of its figures stands in the column of what
+    /// is left: "interessi debitori addebitati nel 2023   8'051.00".
+    bool addOwnLine(std::size_t row, const Figures& figures) {
+        constexpr std::size_t farthest = 3; // rows below the account's
+        constexpr std::size_t first = 1;    // word of the label, behind "davon" at most
+        const auto& stated =
+            at(figures, Figure::balance) ? at(figures, Figure::balance) : at(figures, Figure::debt);
+        const Row& own = page_.rows[row];
+        const auto begins = [&](Concept meant) {
+            const auto place = findLabel(own, wordsFor(meant), page_.isRecognised);
+            return place && place->first <= first;
+        };
+        const bool isTax = begins(Concept::withholding);
+        if (!stated || !onlyOne(figures) || entries_.empty() || hasNumber(own)
+            || row - entries_.back().range.first > farthest
+            || (!isTax && !begins(Concept::interest) && !begins(Concept::debtInterest))
+            || namesAny(own, {Concept::account, Concept::balance}, page_.isRecognised)) {
+            return false;
+        }
+        Figures& known = entries_.back().figures;
+        const bool isOwed = at(known, Figure::debt).has_value();
+        auto& line = at(known, isTax    ? Figure::withholding
+                               : isOwed ? Figure::debtInterest
+                                        : Figure::interest);
+        if (!line) {
+            line = stated;
+            line->amount.amount.value = line->value().abs();
+            line->label = textBetween(own, 0, line->amount.first - 1);
+        }
+        return true;
+    }
+
     static bool onlyOne(const Figures& figures) {
         return std::ranges::count_if(figures, [](const auto& figure) { return figure.has_value(); })
                == 1;
@@ -349,6 +334,9 @@ class ListReader {
         std::size_t times = 0;
         Decimal paid;
         Figures last; // of the row above, where it has a time
+        if (readOnlyPeriod(end)) {
+            return true;
+        }
         for (std::size_t row = heading_.row() + 1; row < end; ++row) {
             const Figures figures = figuresByColumn(page_, row, heading_);
             const auto& interest = at(figures, Figure::interest)
@@ -366,6 +354,37 @@ class ListReader {
             }
         }
         return times >= 2;
+    }
+
+    /// A course of a single period: the table has one row, which begins with its days and names
+    /// nothing.
+    bool readOnlyPeriod(std::size_t end) {
+        std::optional<std::size_t> only;
+        for (std::size_t row = heading_.row() + 1; row < end; ++row) {
+            const Figures figures = figuresByColumn(page_, row, heading_);
+            const bool isPeriod =
+                at(figures, Figure::interest) || at(figures, Figure::debtInterest);
+            if (!isPeriod) {
+                continue;
+            }
+            const bool isNamed =
+                !beginsWithTime(page_.rows[row])
+                || std::ranges::any_of(cellsOf(page_.rows[row]), [&](const LabelPlace& cell) {
+                       return lettersIn(page_.rows[row], cell) >= 4;
+                   });
+            if (isNamed || only) {
+                if (!only || !isAnyIn(page_.rows[row].folded, wordsFor(Concept::total))) {
+                    return false;
+                }
+                break;
+            }
+            only = row;
+        }
+        if (!only || !namesLoanAbove(page_, heading_.row())) {
+            return false;
+        }
+        addCourse(*only, end, figuresByColumn(page_, *only, heading_), {});
+        return true;
     }
 
     /// A course whose year stands in a row: what is left at its end may stand beside the table, in
@@ -420,38 +439,6 @@ bool headsCourse(const PageRows& page, const AccountHeading& heading) {
         times += isTime && hasAny(figuresByColumn(page, row, heading)) ? 1U : 0U;
     }
     return times >= 2;
-}
-
-bool namesLoan(const PageRows& page, std::size_t at) {
-    return namesAny(page.rows[at], {Concept::debt}, page.isRecognised)
-           && !namesAny(page.rows[at], {Concept::account}, page.isRecognised);
-}
-
-namespace {
-
-/// "2025", also with a mark behind.
-bool isYear(std::string_view text) {
-    while (!text.empty() && std::string_view(".,:;)").find(text.back()) != std::string_view::npos) {
-        text.remove_suffix(1);
-    }
-    const auto number = parseAmount(text);
-    return text.size() == 4 && number && number->isYearLike();
-}
-
-} // namespace
-
-bool hasNumber(const Row& row) {
-    for (std::size_t i = 0; i < row.words.size(); ++i) {
-        const std::string& text = row.words[i].text;
-        const bool isAmount = std::ranges::any_of(row.amounts, [&](const RowAmount& amount) {
-            return amount.amount.isFirm() && amount.first <= i && i <= amount.last;
-        });
-        if (!isAmount && !isYear(text) && !parseDay(text)
-            && std::ranges::count_if(text, [](char c) { return c >= '0' && c <= '9'; }) >= 4) {
-            return true;
-        }
-    }
-    return false;
 }
 
 std::vector<AccountEntry> entriesOfTable(const PageRows& page, const AccountHeading& heading,

@@ -1,16 +1,12 @@
 #pragma once
 
 #include "Fiscarel_SG/documents/kinds/AccountEntries.h"
+#include "Fiscarel_SG/documents/kinds/AccountRows.h"
 #include "Fiscarel_SG/documents/kinds/AccountTable.h"
 
 #include <vector>
 
 namespace fiscarel {
-
-/// Whether a row names a loan and no account.
-bool namesLoan(const PageRows& page, std::size_t at);
-/// Whether a word of a row, and no amount, may be the number of an account or a contract.
-bool hasNumber(const Row& row);
 
 /// The accounts and loans of a table up to a row: each row with an amount and either an account
 /// number or words; totals are none. Of the course of one account only where it stands at last.

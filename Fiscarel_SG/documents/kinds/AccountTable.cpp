@@ -2,10 +2,12 @@
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/kinds/GridHeading.h"
+#include "Fiscarel_SG/documents/kinds/SideColumns.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/text/Digits.h"
 
 #include <algorithm>
+#include <cmath>
 #include <tuple>
 
 namespace fiscarel {
@@ -130,14 +132,33 @@ bool isYearOnly(const Row& cell) {
            });
 }
 
+/// Words of a column that tells what was paid back on a loan, or with it.
+const Labels& repaidWords() {
+    static const Labels words{"amortis*",    "Amortisation*",   "getilgt*",       "zurückbezahlt*",
+                              "remboursé*",  "Abzahlung*",      "ammort*",        "rimborsat*",
+                              "Tilgung*",    "Kapitalanteil*",  "quota capitale", "part capital",
+                              "mensualité*", "part de capital", "Monatsrate*",    "Kreditrate*"};
+    return words;
+}
+
+bool isOfRepayments(const AccountHeading& heading) {
+    return std::ranges::any_of(heading.table.columns, [](const TableColumn& one) {
+        return isAnyIn(one.cell.folded, repaidWords());
+    });
+}
+
 /// What columns state that only tell a day, a currency, or that something was paid. They do so
 /// beside others only.
 void addPlainFigures(AccountHeading& heading, bool isRecognised) {
+    static const Labels within{"davon", "dont", "di cui", "wovon", "darin"};
+    const bool isRepaid = isOfRepayments(heading);
     static const Labels currency{"CHF", "in CHF", "en CHF", "Franken", "in Franken", "en francs"};
     static const Labels stands{"Stand*",   "Bestand",  "Betrag*",   "Wert*",      "Kapital*",
                                "état",     "montant",  "situation", "capital",    "importo",
                                "stato",    "valore",   "capitale",  "situazione", "Nominal*",
                                "Nennwert", "nominale", "nominal"};
+    static const Labels earnings{"competenze", "proventi",     "redditi",  "oneri",  "Erträgnis*",
+                                 "Zinserfolg", "Kapitalertr*", "produits", "revenus"};
     const bool hasStand = heading.states(Figure::balance) || heading.states(Figure::debt);
     const bool hasInterest =
         heading.states(Figure::interest) || heading.states(Figure::debtInterest);
@@ -155,6 +176,14 @@ void addPlainFigures(AccountHeading& heading, bool isRecognised) {
             figure = Figure::balance;
         } else if (!figure && !isOther && !hasInterest
                    && namesAny(cell, {Concept::paid}, isRecognised) && cell.words.size() <= 3) {
+            figure = Figure::interest;
+        } else if (!figure && !hasInterest && isRepaid && cell.words.size() <= 4
+                   && isAnyIn(cell.folded, within)
+                   && namesAny(cell, {Concept::interest, Concept::debtInterest}, isRecognised)
+                   && !namesAny(cell, {Concept::rate, Concept::repayment}, isRecognised)) {
+            figure = Figure::interest; // of each instalment: "dont intérêts"
+        } else if (!figure && !isOther && !hasInterest && cell.words.size() <= 3
+                   && isAnyIn(cell.folded, earnings)) {
             figure = Figure::interest;
         } else if (!figure && !isOther && !hasStand && cell.words.size() <= 4
                    && findLabel(cell, stands, isRecognised)) {
@@ -198,17 +227,12 @@ bool listsLoans(const PageRows& page, std::size_t at, const AccountHeading& head
     static const Labels titles{"Verpflichtung*", "Passiven",    "Kredite",          "Ausleihungen",
                                "Finanzierung*",  "engagement*", "passifs",          "crédits",
                                "passivi",        "impegni",     "crediti ipotecari"};
-    static const Labels repaid{"amortis*",       "Amortisation*", "getilgt*",
-                               "zurückbezahlt*", "remboursé*",    "Abzahlung*",
-                               "ammort*",        "rimborsat*",    "Tilgung*"};
     using enum Figure;
     const bool isOwed = heading.states(debt) || heading.states(debtInterest);
     const bool isEarned =
         std::ranges::any_of(std::array{interest, taxedInterest, untaxedInterest, withholding},
                             [&](Figure figure) { return heading.states(figure); });
-    const bool isRepaid = std::ranges::any_of(heading.table.columns, [&](const TableColumn& one) {
-        return isAnyIn(one.cell.folded, repaid);
-    });
+    const bool isRepaid = isOfRepayments(heading);
     if (isOwed && !isEarned) { // a balance beside a debt is what is kept
         return isRepaid || !heading.states(balance) || !heading.states(debt);
     }
@@ -241,74 +265,30 @@ std::optional<Figure> otherSideOf(std::optional<Figure> before, const Row& cell)
                                 : std::nullopt;
 }
 
-/// What two columns state that name both sides of an account and nothing else, beside interest:
-/// "Credito" and "Debito", "Attivo" and "Passivo". One of them alone may name a loan, and beside a
-/// balance they tell what was moved.
-void addSides(AccountHeading& heading) {
-    using enum Figure;
-    static const Labels kept{"Aktiva",
-                             "Aktiven",
-                             "actif",
-                             "actifs",
-                             "attivo",
-                             "attivi",
-                             "crédit",
-                             "credito",
-                             "Haben",
-                             "Guthaben",
-                             "Vermögen",
-                             "avoir",
-                             "avoirs",
-                             "avere",
-                             "averi",
-                             "zu Ihren Gunsten",
-                             "suo favore",
-                             "en votre faveur",
-                             "favore del cliente"};
-    static const Labels owed{"Passiva",
-                             "Passiven",
-                             "passif",
-                             "passifs",
-                             "passivo",
-                             "passivi",
-                             "débit",
-                             "debito",
-                             "Soll",
-                             "Schuld*",
-                             "Verbindlichkeit*",
-                             "doit",
-                             "dette",
-                             "dettes",
-                             "dare",
-                             "debiti",
-                             "suo carico",
-                             "en notre faveur",
-                             "zu unseren Gunsten",
-                             "favore della banca"};
-    std::optional<std::size_t> credit;
-    std::optional<std::size_t> debit;
-    bool hasInterest = false;
-    bool hasBalance = false;
+/// Leaves the heading of the names of rows without a figure, "Prestito  Interessi  Debito": words
+/// stand below it, and another column states the same.
+void dropNames(const PageRows& page, AccountHeading& heading) {
+    constexpr std::size_t rows = 6;
     for (std::size_t i = 0; i < heading.figures.size(); ++i) {
-        const Row& cell = heading.table.columns[i].cell;
-        const auto& figure = heading.figures[i];
-        const bool isOfInterest = isAnyIn(cell.folded, wordsFor(Concept::interest))
-                                  || figure == interest || figure == debtInterest;
-        hasInterest |= isOfInterest;
-        if (isOfInterest || cell.words.size() > 6) {
+        const auto figure = heading.figures[i];
+        if (!figure || std::ranges::count(heading.figures, figure) < 2) {
             continue;
         }
-        if (isAnyIn(cell.folded, kept)) {
-            credit = i;
-        } else if (isAnyIn(cell.folded, owed)) {
-            debit = i;
-        } else {
-            hasBalance |= figure == balance || figure == debt;
+        const LabelPlace& place = heading.table.columns[i].place;
+        std::size_t names = 0;
+        for (std::size_t at = heading.row() + 1;
+             at < std::min(page.rows.size(), heading.row() + 1 + rows); ++at) {
+            const Row& row = page.rows[at];
+            const bool isNamed =
+                hasFirmAmount(row) && std::ranges::any_of(cellsOf(row), [&](const auto& cell) {
+                    return std::abs(cell.left - place.left) <= alignment(page)
+                           && roleOf(row, cell) == Role::text && lettersIn(row, cell) >= 4;
+                });
+            names += isNamed ? 1U : 0U;
         }
-    }
-    if (credit && debit && hasInterest && !hasBalance) {
-        heading.figures[*credit] = balance;
-        heading.figures[*debit] = debt;
+        if (names >= 1) {
+            heading.figures[i].reset();
+        }
     }
 }
 
@@ -322,7 +302,8 @@ AccountHeading readHeading(const PageRows& page, TableHeading table) {
                                   : figureOf(column.cell, page.isRecognised);
         heading.figures.push_back(before);
     }
-    addSides(heading);
+    addSides(page, heading);
+    dropNames(page, heading);
     return heading;
 }
 

@@ -6,6 +6,7 @@
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace fiscarel {
 
@@ -20,6 +21,11 @@ struct SecurityHeading {
     std::size_t count() const { // columns that state anything
         return static_cast<std::size_t>(
             std::ranges::count_if(stated, [](const auto& one) { return one.has_value(); }));
+    }
+    std::size_t countTaxed() const { // columns of income that tell of the tax
+        return static_cast<std::size_t>(std::ranges::count_if(stated, [](const auto& one) {
+            return one == Stated::withTax || one == Stated::withoutTax;
+        }));
     }
     bool isOne() const {
         return has(Stated::value) && (has(Stated::quantity) || (hasNumbers && has(Stated::price)));
@@ -36,7 +42,10 @@ SecurityHeading securityHeading(const PageRows& page, std::size_t row) {
             heading.stated.push_back(stated);
             heading.hasNumbers |= !stated && isAnyIn(column.cell.folded, numbers);
         }
-        if (heading.isOne() && heading.count() > best.count()) {
+        // The second line may say whether the tax was kept back.
+        if (heading.isOne()
+            && std::pair(heading.count(), heading.countTaxed())
+                   > std::pair(best.count(), best.countTaxed())) {
             best = std::move(heading);
         }
     }
@@ -354,10 +363,103 @@ std::optional<SecurityList> blocksOf(const KindContext& context, const PageRows&
     return list;
 }
 
+/// How many pieces a cell begins with: "18 Stk.", "25 azioni"; null for other cells.
+const RowAmount* piecesIn(const Row& row, const LabelPlace& cell) {
+    static const Labels pieces{"Stk*",   "Stück*", "Anteil*", "Aktie*", "Namenaktie*", "pezzi",
+                               "pz",     "azioni", "quote",   "titoli", "actions",     "titres",
+                               "pièces", "pces",   "parts",   "unités", "unità"};
+    const auto amount = std::ranges::find_if(row.amounts, [&](const RowAmount& one) {
+        return one.first == cell.first && one.last < cell.last && one.amount.value > 0;
+    });
+    return amount != row.amounts.end() && isAnyIn(row.words[amount->last + 1].folded, pieces)
+               ? &*amount
+               : nullptr;
+}
+
+/// What the cells of a row state, each with its words and the amount behind them: "18 Stk.",
+/// "Steuerwert CHF 2'648.70".
+void readCells(const PageRows& page, std::size_t at, Security& security) {
+    const Row& row = page.rows[at];
+    for (const LabelPlace& cell : cellsOf(row)) {
+        if (const RowAmount* pieces = piecesIn(row, cell)) {
+            security.put(Stated::quantity,
+                         FoundAmount{.page = &page,
+                                     .row = at,
+                                     .amount = *pieces,
+                                     .label = textBetween(row, cell.first, cell.last)});
+            continue;
+        }
+        const auto amount = std::ranges::find_if(row.amounts, [&](const RowAmount& one) {
+            return one.first > cell.first && one.last == cell.last && one.amount.isFirm();
+        });
+        if (amount == row.amounts.end()) {
+            continue;
+        }
+        Row words;
+        for (std::size_t i = cell.first; i < amount->first; ++i) {
+            if (!isFrancs(row.words[i].text)) {
+                words.words.push_back(row.words[i]);
+                words.folded += row.words[i].folded + ' ';
+            }
+        }
+        if (const auto stated = statedBy(words, page.isRecognised)) {
+            security.put(*stated,
+                         FoundAmount{.page = &page,
+                                     .row = at,
+                                     .amount = *amount,
+                                     .label = textBetween(row, cell.first, amount->first - 1)});
+        }
+    }
+}
+
+/// Securities in two lines each, the name and the number below it, with labels and amounts beside
+/// them; absent when the page has not two of them, or has others set otherwise.
+std::optional<SecurityList> pairsOf(const KindContext& context, const PageRows& page) {
+    SecurityList list(context, page);
+    for (std::size_t i = 0; i < page.rows.size() && page.number != 0; ++i) {
+        const Row& row = page.rows[i];
+        if (!hasIsin(row)) {
+            continue;
+        }
+        const bool isBelow = i > 0 && !hasIsin(page.rows[i - 1]) && hasFirmAmount(page.rows[i - 1])
+                             && row.top - page.rows[i - 1].bottom < row.height()
+                             && !namesAny(page.rows[i - 1], {Concept::total}, page.isRecognised);
+        Security security;
+        if (isBelow) {
+            readCells(page, i - 1, security);
+            const bool isNamed = at(security.amounts, Stated::quantity).has_value()
+                                 || at(security.amounts, Stated::value).has_value();
+            if (!isNamed) {
+                return std::nullopt;
+            }
+            readCells(page, i, security);
+        }
+        if (!isBelow || !at(security.amounts, Stated::value)) {
+            return std::nullopt;
+        }
+        readNames(row, row.words.size(), security);
+        security.name.clear();
+        for (const LabelPlace& cell : cellsOf(page.rows[i - 1])) {
+            if (!hasFirmAmount(page.rows[i - 1], cell)
+                && piecesIn(page.rows[i - 1], cell) == nullptr
+                && lettersIn(page.rows[i - 1], cell) >= 3) {
+                security.name = textBetween(page.rows[i - 1], cell.first, cell.last);
+                break;
+            }
+        }
+        list.all.push_back(std::move(security));
+    }
+    if (list.all.size() < 2) {
+        return std::nullopt;
+    }
+    list.settleIncome();
+    return list;
+}
+
 } // namespace
 
 bool proposeSecurities(const KindContext& context, const PageRows& page, ProposalDraft& draft) {
-    for (const auto listOf : {tableOf, blocksOf}) {
+    for (const auto listOf : {tableOf, pairsOf, blocksOf}) {
         if (const auto list = listOf(context, page)) {
             list->propose(draft);
             return true;
