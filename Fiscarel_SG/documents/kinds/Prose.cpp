@@ -13,8 +13,7 @@ namespace fiscarel {
 
 namespace {
 
-constexpr std::size_t fewestWords = 5;    ///< of a sentence; fewer are a row of a table
-constexpr std::size_t fewestOfClause = 3; ///< behind a semicolon
+constexpr std::size_t fewestWords = 5; ///< of a sentence; fewer are a row of a table
 
 /// Words that make a sentence, as one row, with where its amounts come from.
 struct Sentence {
@@ -94,27 +93,55 @@ class Sentences {
             }
             if (endsSentence(row, i)) {
                 finish();
-            } else if (row.words[i].text.ends_with(';')
-                       && current_.row.words.size() >= fewestWords) {
-                finish();
-                isClause_ = true;
             }
         }
     }
 
     void finish() {
-        const std::size_t fewest = isClause_ ? fewestOfClause : fewestWords;
-        if (current_.row.words.size() >= fewest && !current_.amounts.empty()) {
-            sentences_.push_back(std::move(current_));
+        if (current_.row.words.size() >= fewestWords && !current_.amounts.empty()) {
+            takeClauses();
         }
         current_ = {};
-        isClause_ = false;
+    }
+
+    /// A semicolon parts what is told of one amount from what is told of the next.
+    void takeClauses() {
+        const auto& words = current_.row.words;
+        std::size_t first = 0;
+        for (std::size_t i = 0; i < words.size(); ++i) {
+            const bool isLast = i + 1 == words.size();
+            const bool isParted = words[i].text.ends_with(';') && hasAmounts(first, i + 1)
+                                  && hasAmounts(i + 1, words.size());
+            if (isLast || isParted) {
+                sentences_.push_back(clause(first, i + 1));
+                first = i + 1;
+            }
+        }
+    }
+
+    bool hasAmounts(std::size_t first, std::size_t end) const {
+        return std::ranges::any_of(
+            current_.starts, [&](std::size_t start) { return start >= first && start < end; });
+    }
+
+    Sentence clause(std::size_t first, std::size_t end) const {
+        Sentence clause;
+        const auto words = current_.row.words.begin();
+        clause.row.words.assign(words + static_cast<std::ptrdiff_t>(first),
+                                words + static_cast<std::ptrdiff_t>(end));
+        for (std::size_t i = 0; i < current_.amounts.size(); ++i) {
+            if (current_.starts[i] >= first && current_.ends[i] < end) {
+                clause.amounts.push_back(current_.amounts[i]);
+                clause.starts.push_back(current_.starts[i] - first);
+                clause.ends.push_back(current_.ends[i] - first);
+            }
+        }
+        return clause;
     }
 
     const RowRange& range_;
     double margin_ = 0; ///< where full lines end
     Sentence current_;
-    bool isClause_ = false; ///< goes on behind a semicolon
     std::vector<Sentence> sentences_;
 };
 
