@@ -40,7 +40,9 @@ bool isOther(const Row& row, bool isRecognised) {
 
 bool isPayment(const Row& row, bool isRecognised) {
     using enum Concept;
-    static const Labels incoming{"Bonifico", "Bonifici", "Accredito", "Gutschrift", "Vergütung"};
+    static const Labels incoming{"Bonifico",   "Bonifici",  "Accredito",       "Gutschrift",
+                                 "Vergütung*", "Zahlung*",  "Dauerauftrag",    "Lastschrift*",
+                                 "Virement*",  "versement", "ordre permanent", "ordine permanente"};
     return (namesAny(row, {contribution, paid}, isRecognised) || isAnyIn(row.folded, incoming))
            && !isOther(row, isRecognised);
 }
@@ -98,9 +100,12 @@ bool haveRunningBalance(const PageRows& page, const std::vector<Payment>& paymen
 
 } // namespace
 
-std::optional<PaymentList> paymentsOf(const DocumentRows& document) {
+std::optional<PaymentList> paymentsOf(const DocumentRows& document, std::optional<int> year) {
     for (const PageRows& page : document.pages) {
-        const std::vector<Payment> payments = paymentsIn(page);
+        std::vector<Payment> payments = paymentsIn(page);
+        if (year) { // others stand there to compare, or count for the year before
+            std::erase_if(payments, [&](const Payment& one) { return one.year != *year; });
+        }
         const bool hasTwo = payments.size() >= 2;
         const bool isOfOneYear = std::ranges::all_of(payments, [&](const Payment& payment) {
             return payment.year == payments.front().year;

@@ -13,8 +13,9 @@ struct PaymentList {
                         ///< them goes up by each
 };
 
-/// The payments into an account that a document lists, without transfers, interest and what is
-/// carried forward. Absent for fewer than two, and where it is not clear which column states them.
-std::optional<PaymentList> paymentsOf(const DocumentRows& document);
+/// The payments of a year into an account that a document lists, without transfers, interest and
+/// what is carried forward; where the year is not known, those of one year alone. Absent for fewer
+/// than two, and where it is not clear which column states them.
+std::optional<PaymentList> paymentsOf(const DocumentRows& document, std::optional<int> year);
 
 } // namespace fiscarel

@@ -30,13 +30,16 @@ void eachAmount(const std::vector<RowRange>& ranges, const std::vector<Concept>&
 
 std::optional<FoundAmount> onlyAmount(const std::vector<RowRange>& ranges,
                                       const std::vector<Concept>& barred) {
+    constexpr std::size_t mostTimes = 2; // told twice; more are instalments
     std::optional<FoundAmount> only;
+    std::size_t times = 0;
     bool differ = false;
     eachAmount(ranges, barred, [&](FoundAmount found) {
         differ |= only && only->value() != found.value();
         only = std::move(found);
+        ++times;
     });
-    return differ ? std::nullopt : only;
+    return differ || times > mostTimes ? std::nullopt : only;
 }
 
 std::optional<FoundAmount> provenSum(const std::vector<RowRange>& ranges,
