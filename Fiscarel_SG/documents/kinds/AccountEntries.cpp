@@ -16,13 +16,6 @@ namespace {
 
 using Record = ProposedRecord::Kind;
 
-std::optional<FoundAmount>& at(Figures& figures, Figure figure) {
-    return figures[static_cast<std::size_t>(figure)];
-}
-const std::optional<FoundAmount>& at(const Figures& figures, Figure figure) {
-    return figures[static_cast<std::size_t>(figure)];
-}
-
 /// The amounts of one figure of all entries, and whether the document prints what they add up to.
 class FigureSum {
   public:

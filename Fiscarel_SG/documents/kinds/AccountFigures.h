@@ -4,6 +4,7 @@
 
 #include <array>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace fiscarel {
@@ -30,6 +31,17 @@ const Labels& exchangeRates();
 
 /// Amounts by what they are.
 using Figures = std::array<std::optional<FoundAmount>, figureCount>;
+
+inline std::optional<FoundAmount>& at(Figures& figures, Figure figure) {
+    return figures[static_cast<std::size_t>(figure)];
+}
+inline const std::optional<FoundAmount>& at(const Figures& figures, Figure figure) {
+    return figures[static_cast<std::size_t>(figure)];
+}
+/// By value: what is asked of a passing result must outlive it.
+inline std::optional<FoundAmount> at(Figures&& figures, Figure figure) {
+    return std::move(figures[static_cast<std::size_t>(figure)]);
+}
 
 /// The amounts of some rows by the words beside them.
 Figures figuresByLabel(const RowRange& range);

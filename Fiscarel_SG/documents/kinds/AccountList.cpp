@@ -15,13 +15,6 @@ namespace fiscarel {
 
 namespace {
 
-std::optional<FoundAmount>& at(Figures& figures, Figure figure) {
-    return figures[static_cast<std::size_t>(figure)];
-}
-const std::optional<FoundAmount>& at(const Figures& figures, Figure figure) {
-    return figures[static_cast<std::size_t>(figure)];
-}
-
 bool hasAny(const Figures& figures) {
     return std::ranges::any_of(figures, [](const auto& figure) { return figure.has_value(); });
 }

@@ -6,6 +6,7 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace fiscarel {
@@ -17,6 +18,10 @@ using StatedAmounts = std::array<std::optional<FoundAmount>, statedCount>;
 
 inline const std::optional<FoundAmount>& at(const StatedAmounts& amounts, Stated stated) {
     return amounts[static_cast<std::size_t>(stated)];
+}
+/// By value: what is asked of a passing result must outlive it.
+inline std::optional<FoundAmount> at(StatedAmounts&& amounts, Stated stated) {
+    return std::move(amounts[static_cast<std::size_t>(stated)]);
 }
 
 /// What words state of a security; absent for numbers and other words.
