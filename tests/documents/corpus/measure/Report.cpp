@@ -60,6 +60,19 @@ QString table(const QString& title, const QMap<QString, Score>& rows) {
     return text;
 }
 
+/// How much of what was proposed is right: what nobody proposed does not count here.
+QString rightOfProposed(const QString& name, const Score& s) {
+    int proposed = s.right;
+    for (const auto& counts : {s.wrong, s.phantom}) {
+        proposed += counts[0] + counts[1] + counts[2];
+    }
+    return QString("%1 %2 %  (%3 of %4)\n")
+        .arg(name, -44)
+        .arg(percent(s.right, proposed))
+        .arg(s.right)
+        .arg(proposed);
+}
+
 QString aim(const QString& name, int part, int whole, double least) {
     const double reached = whole == 0 ? 0 : 100.0 * part / whole;
     return QString("%1 %2 %  (aim %3 %)  %4\n")
@@ -91,6 +104,9 @@ QString aims(const std::vector<Measured>& documents) {
                 .arg("wrong or phantom amounts at high confidence", -44)
                 .arg(sure, 5)
                 .arg(sure == 0 ? "reached" : "MISSED");
+    for (auto it = classes.cbegin(); it != classes.cend(); ++it) {
+        text += rightOfProposed("right of what was proposed, " + it.key(), it.value());
+    }
     text += QString("%1 %2 %\n")
                 .arg("texts and dates", -44)
                 .arg(percent(all.textsRight, all.textsWanted));
@@ -111,6 +127,7 @@ QString report(const std::vector<Measured>& documents) {
                       return QStringList{t.group, t.layout, t.language, t.look}.join(" ");
                   }));
     text += table("By kind", sums(documents, [](const Truth& t) { return t.group; }));
+    text += table("By language", sums(documents, [](const Truth& t) { return t.language; }));
     text += table("By look", sums(documents, [](const Truth& t) {
                       return t.look + (t.payload ? " with payload" : " without payload");
                   }));
