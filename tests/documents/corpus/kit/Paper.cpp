@@ -156,31 +156,60 @@ QStringList Paper::texts(int page) const {
     return texts;
 }
 
+QRectF Paper::inkOf(const Mark& mark) const {
+    constexpr double reference = 200;
+    const QFontMetricsF metrics(fontOf(mark.type, family, reference));
+    const double scale = mark.type.size * millimetresPerPoint / reference;
+    const double advance = metrics.horizontalAdvance(mark.text) * scale;
+    const double shift = mark.type.align == Align::right    ? advance
+                         : mark.type.align == Align::centre ? advance / 2
+                                                            : 0;
+    const QRectF ink = metrics.tightBoundingRect(mark.text);
+    return {mark.place.x() - shift, mark.place.y() + ink.top() * scale, advance,
+            ink.height() * scale};
+}
+
 QStringList Paper::clashes(int page) const {
-    constexpr double capital = 0.68; // height of a letter, times the size of the type
+    constexpr double touch = 0.3; // less than this hides no stroke of a letter
+    constexpr double apart = 1;   // less than this on a line reads as one word
     const QRectF sheet(QPointF(3, 3), pageSize(page) - QSizeF(6, 6));
-    std::vector<std::pair<QRectF, QString>> boxes;
+    std::vector<std::pair<QRectF, const Mark*>> inks;
+    std::vector<const Mark*> fills;
     QStringList found;
     for (const Mark& mark : pages_[static_cast<size_t>(page)].marks) {
-        if (mark.text.isEmpty() || mark.type.turn != 0) {
+        if (mark.text.isEmpty()) {
+            for (const auto& [ink, below] : inks) {
+                if (mark.place.intersects(ink.adjusted(touch, touch, -touch, -touch))) {
+                    found += below->text + " covered";
+                }
+            }
+            fills.push_back(&mark);
             continue;
         }
-        const double advance = width(mark.text, mark.type);
-        const double height = mark.type.size * millimetresPerPoint * capital;
-        const double shift = mark.type.align == Align::right    ? advance
-                             : mark.type.align == Align::centre ? advance / 2
-                                                                : 0;
-        const QRectF box(mark.place.x() - shift, mark.place.y() - height, advance, height);
-        if (!sheet.contains(box)) {
+        if (mark.type.turn != 0 || mark.text.trimmed().isEmpty()) {
+            continue;
+        }
+        const QRectF ink = inkOf(mark);
+        if (!sheet.contains(ink)) {
             found += mark.text + " beyond the edge";
         }
-        for (const auto& [other, text] : boxes) {
-            const QRectF shared = other & box;
-            if (shared.width() > 0.3 && shared.height() > 0.3) {
-                found += text + " / " + mark.text;
+        for (const auto& [other, earlier] : inks) {
+            const double level =
+                std::min(ink.bottom(), other.bottom()) - std::max(ink.top(), other.top());
+            const double gap =
+                std::max(ink.left(), other.left()) - std::min(ink.right(), other.right());
+            const bool sameLine = qAbs(mark.place.y() - earlier->place.y()) < touch;
+            if (level > touch && gap < (sameLine ? apart : -touch)) {
+                found += earlier->text + " / " + mark.text;
             }
         }
-        boxes.emplace_back(box, mark.text);
+        for (const Mark* fill : fills) {
+            const bool legible = qAbs(qGray(fill->colour.rgb()) - qGray(mark.colour.rgb())) > 100;
+            if (!legible && fill->place.intersects(ink.adjusted(touch, touch, -touch, -touch))) {
+                found += mark.text + " on a line or a dark ground";
+            }
+        }
+        inks.emplace_back(ink, &mark);
     }
     return found;
 }

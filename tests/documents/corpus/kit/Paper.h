@@ -65,7 +65,8 @@ class Paper {
     void draw(int page, QPainter& painter, double scale) const;
     /// All texts of a page, for tests.
     QStringList texts(int page) const;
-    /// Pairs of upright texts that run into each other, and texts beyond the edges, for tests.
+    /// Pairs of upright texts that run into or touch each other, texts that a line crosses or
+    /// something covers, and texts beyond the edges, for tests.
     QStringList clashes(int page) const;
 
   private:
@@ -79,6 +80,7 @@ class Paper {
         bool landscape = false;
         std::vector<Mark> marks;
     };
+    QRectF inkOf(const Mark& mark) const;
     QStringList wrapped(const QString& text, const Type& type, double width) const;
 
     std::vector<Page> pages_;

@@ -116,7 +116,7 @@ void heldMixed(Draft& draft) {
              {14, true});
     p.space(4);
     const std::vector<Column> columns{
-        {22}, {84}, {130, Align::right}, {160, Align::right}, {192, Align::right}};
+        {22}, {72}, {128, Align::right}, {149, Align::right}, {192, Align::right}};
     p.row({"IBAN", draft.t("Art", "Genre", "Genere"),
            draft.t("Habenzins", "Int. créanciers", "Int. attivi"), draft.t("VSt", "IA", "IP"),
            draft.t("Guthaben Jahresende", "Avoir fin d'année", "Avere fine anno")},

@@ -69,7 +69,8 @@ void heldPharmacy(Draft& draft) {
         const Cents part = draft.odd(6, 140);
         total += part;
         p.row({draft.m(part), draft.date(draft.dated.addDays(-3 * i)),
-               "Tabl. " + draft.random.digits(3) + " mg", "30 Stk"},
+               draft.t("Tabl. ", "Compr. ", "Compr. ") + draft.random.digits(3) + " mg",
+               draft.t("30 Stk", "30 pces", "30 pz")},
               columns, {8.5});
     }
     p.rule();

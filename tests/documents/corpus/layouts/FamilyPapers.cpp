@@ -42,7 +42,7 @@ void heldTwoChildren(Draft& draft) {
     p.lineOf("Jahreszusammenstellung Elternbeiträge " + QString::number(draft.year), {12, true});
     p.space(4);
     const std::vector<Column> columns{
-        {22}, {90, Align::right}, {126, Align::right}, {160, Align::right}};
+        {22}, {90, Align::right}, {122, Align::right}, {160, Align::right}};
     p.row({"Kind", "Betreuung", "Mittagstisch", "Elternbeitrag total"}, columns, {9, true});
     p.rule();
     Cents all = 0;
@@ -71,6 +71,8 @@ void noteCourse(Draft& draft, Cents amount, const Someone& who) {
 
 void heldRates(Draft& draft) {
     beginCourse(draft);
+    // After the last of the payments it confirms.
+    draft.dated = QDate(draft.year, 9, 15).addDays(draft.random.between(0, 100));
     Paper& p = draft.paper;
     p.newPage();
     draft.letterHead(1, draft.family.one.name());

@@ -35,6 +35,7 @@ void heldProse(Draft& draft) {
 
 void heldBoxes(Draft& draft) {
     const Cents month = begin(draft);
+    draft.truth.records.back().birthDate = {}; // stands nowhere on the sheet
     Paper& p = draft.paper;
     p.newPage();
     draft.letterHead(3, draft.family.one.name());

@@ -59,10 +59,10 @@ Holding holding(Draft& draft) {
     return made;
 }
 
-Account account(Draft& draft, const char* german, const char* french) {
+Account account(Draft& draft, const char* german, const char* french, const char* italian) {
     Account made;
     made.iban = randomIban(draft.random).remove(' ');
-    made.name = draft.t(german, french, german);
+    made.name = draft.t(german, french, italian);
     made.value = draft.odd(300, 90000) + draft.random.between(0, 4);
     const Cents income = draft.odd(1, 700);
     (income > 20000 ? made.incomeA : made.incomeB) = income;
@@ -111,15 +111,16 @@ Statement statement(Draft& draft, bool withLoans) {
     Statement made;
     made.client = random.digits(8);
     made.depot = random.digits(6) + "-" + random.digits(2);
-    made.accounts.push_back(account(draft, "Privatkonto", "Compte privé"));
+    made.accounts.push_back(account(draft, "Privatkonto", "Compte privé", "Conto privato"));
     if (random.chance(70)) {
-        made.accounts.push_back(account(draft, "Sparkonto", "Compte d'épargne"));
+        made.accounts.push_back(
+            account(draft, "Sparkonto", "Compte d'épargne", "Conto di risparmio"));
     }
     for (int i = random.between(withLoans ? 0 : 1, 4); i > 0; --i) {
         made.holdings.push_back(holding(draft));
     }
     if (withLoans) {
-        Account loan = account(draft, "Festhypothek", "Hypothèque fixe");
+        Account loan = account(draft, "Festhypothek", "Hypothèque fixe", "Ipoteca fissa");
         loan.value = draft.francs(120000, 620000, 5000);
         loan.incomeA = 0;
         loan.incomeB = loan.value * random.between(80, 260) / 10000;

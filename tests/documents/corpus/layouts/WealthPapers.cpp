@@ -110,6 +110,7 @@ void heldDecision(Draft& draft) {
 
 void heldForm(Draft& draft) {
     const Property made = property(draft);
+    draft.dated = draft.day(); // the only date on the sheet
     Paper& p = draft.paper;
     p.newPage();
     draft.letterHead(3, draft.family.one.name());
