@@ -51,7 +51,8 @@ bool isNamedBlock(const PageRows& page, std::size_t at) {
                        [](const RowWord& word) { return word.text.ends_with(':'); });
     return (hasNumber(row) || isNumberBelow)
            && ((!hasAmount && row.words.size() <= 12) || isSentence) && !isContactLine(page, row)
-           && (beginsWith(page, at, Concept::account) || beginsWith(page, at, Concept::debt));
+           && (beginsWith(page, at, Concept::account) || beginsWith(page, at, Concept::debt)
+               || namesCard(row));
 }
 
 /// Whether one of the next rows has a label and its amount.
@@ -76,11 +77,11 @@ bool isLoanTitle(const PageRows& page, std::size_t at) {
     const auto part = findLabel(row, parts, page.isRecognised);
     const bool isPart = part && part->first == 0 && row.words.size() <= 8;
     if ((row.words.size() > 5 && !isPart) || hasFirmAmount(row) || cellsOf(row).size() != 1
-        || (!isPart && !beginsWith(page, at, Concept::debt))) {
+        || (!isPart && !beginsWith(page, at, Concept::debt) && !namesCard(row))) {
         return false;
     }
     const bool isOther =
-        !isPart
+        !isPart && !namesCard(row)
         && namesAny(row,
                     {Concept::account, Concept::interest, Concept::debtInterest, Concept::repayment,
                      Concept::rate, Concept::total, Concept::balance},
@@ -193,9 +194,31 @@ std::vector<std::size_t> startsAboveFigures(const PageRows& page,
     return starts;
 }
 
+/// The rows right above the numbers where each of them holds the balance, with the interest below:
+/// "Sparkonto   1'200.50", "CH12 …", "Zins   3.50".
+std::vector<std::size_t> startsAtBalances(const PageRows& page,
+                                          const std::vector<AccountNumber>& ibans) {
+    std::vector<std::size_t> starts;
+    for (const AccountNumber& iban : ibans) {
+        const bool isBelow = iban.row > (starts.empty() ? 0 : starts.back() + 1)
+                             && hasFirmAmount(page.rows[iban.row - 1])
+                             && !hasFirmAmount(page.rows[iban.row])
+                             && namesAny(page.rows[iban.row - 1], {Concept::balance, Concept::debt},
+                                         page.isRecognised);
+        if (!isBelow) {
+            return {};
+        }
+        starts.push_back(iban.row - 1);
+    }
+    return starts.size() >= 2 ? starts : std::vector<std::size_t>();
+}
+
 std::vector<std::size_t> startsByName(const PageRows& page,
                                       const std::vector<AccountNumber>& ibans) {
-    std::vector<std::size_t> starts = startsAboveFigures(page, ibans);
+    std::vector<std::size_t> starts = startsAtBalances(page, ibans);
+    if (starts.empty()) {
+        starts = startsAboveFigures(page, ibans);
+    }
     if (starts.empty()) {
         std::ranges::transform(ibans, std::back_inserter(starts), &AccountNumber::row);
     }
@@ -203,9 +226,8 @@ std::vector<std::size_t> startsByName(const PageRows& page,
     if (ibans.size() < 2 && named.size() >= 2) {
         return named;
     }
-    static const Labels cards{"Kreditkarte*", "Kartenkonto", "carte de crédit", "carta di credito"};
     const auto isLoan = [&](std::size_t at) {
-        return (namesLoan(page, at) || isAnyIn(page.rows[at].folded, cards))
+        return namesLoan(page, at)
                && (at > starts.front() || hasAmounts(page, at, starts.front()))
                && std::ranges::find(ibans, at, &AccountNumber::row) == ibans.end();
     };

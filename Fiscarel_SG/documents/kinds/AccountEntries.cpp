@@ -324,6 +324,13 @@ class EntryProposer {
     }
 
     void proposeDebt(const AccountEntry& entry) {
+        const auto isNothing = [&](Figure figure) {
+            const auto& found = at(entry.figures, figure);
+            return !found || found->value().isZero();
+        };
+        if (isNothing(Figure::debt) && isNothing(Figure::debtInterest)) {
+            return; // an account's row for interest that nobody owes
+        }
         const bool isListed = !entry.creditor.empty();
         const std::string creditor = isListed ? entry.creditor : context_.facts.issuer.text;
         const int record = draft_.addRecord(recordWith(

@@ -17,6 +17,10 @@ std::optional<FoundAmount> interestWithin(const RowRange& range) {
     return findFirst({range}, wanted);
 }
 
+bool isTaxOf(const Decimal& tax, const Decimal& gross) {
+    return (gross * 35 / 100 - tax.abs()).abs() <= Decimal(5) / 100;
+}
+
 /// Interest by what it is, which is surer than its label in recognised text: an amount above one of
 /// 35 per cent of it, with what remains below.
 void findInterestByTax(const RowRange& range, Figures& figures) {
@@ -34,8 +38,7 @@ void findInterestByTax(const RowRange& range, Figures& figures) {
     for (std::size_t i = 0; i + 2 < lasts.size(); ++i) {
         const Decimal gross = lasts[i].value();
         const Decimal tax = lasts[i + 1].value();
-        if (gross >= 1 && ((gross * 35 / 100) - tax).abs() <= Decimal(5) / 100
-            && gross - tax == lasts[i + 2].value()) {
+        if (gross >= 1 && isTaxOf(tax, gross) && gross - tax == lasts[i + 2].value()) {
             const auto put = [&](Figure figure, const FoundAmount& amount) {
                 auto& known = figures[static_cast<std::size_t>(figure)];
                 if (!known || (range.page->isRecognised && known->value() != amount.value())) {
@@ -50,6 +53,36 @@ void findInterestByTax(const RowRange& range, Figures& figures) {
     }
 }
 
+/// Interest by the tax on it alone: the one amount above the tax, or beside it, that it is 35 per
+/// cent of, where what the labels told does not fit.
+void mendInterestByTax(const RowRange& range, Figures& figures) {
+    constexpr std::size_t farthest = 4; // rows above the tax
+    const auto& tax = at(figures, Figure::withholding);
+    auto& gross = at(figures, Figure::interest);
+    if (!tax || tax->value().abs() < 35 || (gross && isTaxOf(tax->value(), gross->value()))) {
+        return;
+    }
+    std::optional<FoundAmount> fitting;
+    for (std::size_t row = tax->row; row + farthest >= tax->row && row >= range.first; --row) {
+        for (const RowAmount& amount : range.page->rows[row].amounts) {
+            if (amount.amount.isFirm() && isTaxOf(tax->value(), amount.amount.value)) {
+                if (fitting) {
+                    return;
+                }
+                fitting = FoundAmount{.page = range.page,
+                                      .row = row,
+                                      .amount = amount,
+                                      .label = "Zins",
+                                      .isAlone = false};
+            }
+        }
+        if (row == 0) {
+            break;
+        }
+    }
+    gross = fitting ? std::move(fitting) : std::move(gross);
+}
+
 } // namespace
 
 Figures figuresByLabel(const RowRange& range) {
@@ -58,16 +91,14 @@ Figures figuresByLabel(const RowRange& range) {
         figures[i] = findFirst({range}, wantedOf(static_cast<Figure>(i)));
     }
     findInterestByTax(range, figures);
-    auto& owed = figures[static_cast<std::size_t>(Figure::debtInterest)];
-    if (figures[static_cast<std::size_t>(Figure::debt)] && !owed
-        && !figures[static_cast<std::size_t>(Figure::interest)]) {
+    auto& owed = at(figures, Figure::debtInterest);
+    if (at(figures, Figure::debt) && !owed && !at(figures, Figure::interest)) {
         owed = interestWithin(range);
     }
-    const auto& gross = figures[static_cast<std::size_t>(Figure::interest)];
-    auto& tax = figures[static_cast<std::size_t>(Figure::withholding)];
-    const bool fits =
-        gross && tax
-        && ((gross->value() * 35 / 100) - tax->value().abs()).abs() <= Decimal(5) / 100;
+    mendInterestByTax(range, figures);
+    const auto& gross = at(figures, Figure::interest);
+    auto& tax = at(figures, Figure::withholding);
+    const bool fits = gross && tax && isTaxOf(tax->value(), gross->value());
     constexpr std::size_t longest = 7; // words of a label with its amount
     if (gross && tax && !fits && (tax->isBelow || tax->rowOf().words.size() > longest)) {
         tax.reset(); // its own row is empty, the amount is of the next one or the limit of the law
@@ -99,12 +130,12 @@ std::optional<ProposalCheck> movementCheck(const RowRange& range, const FoundAmo
 
 std::vector<ProposalCheck> interestChecks(const Figures& figures) {
     std::vector<ProposalCheck> checks;
-    const auto& gross = figures[static_cast<std::size_t>(Figure::interest)];
-    const auto& tax = figures[static_cast<std::size_t>(Figure::withholding)];
-    const auto& net = figures[static_cast<std::size_t>(Figure::netInterest)];
+    const auto& gross = at(figures, Figure::interest);
+    const auto& tax = at(figures, Figure::withholding);
+    const auto& net = at(figures, Figure::netInterest);
     if (gross && tax && !tax->value().isZero()) {
         const Decimal computed = (gross->value() * 35 / 100).roundPlain(2);
-        const bool holds = (computed - tax->value().abs()).abs() <= Decimal(5) / 100;
+        const bool holds = isTaxOf(tax->value(), gross->value());
         checks.push_back(
             {"35 % von " + shown(gross->value()) + " = " + shown(computed)
                  + (holds ? "" : ", als Verrechnungssteuer steht " + shown(tax->value().abs())),

@@ -91,6 +91,13 @@ bool namesLoanAbove(const PageRows& page, std::size_t at) {
     return false;
 }
 
+/// Whether the only amount of a row is the tax that its words tell.
+bool isTaxLine(const PageRows& page, const Row& row) {
+    const auto firm = std::ranges::count_if(
+        row.amounts, [](const RowAmount& amount) { return amount.amount.isFirm(); });
+    return firm == 1 && namesAny(row, {Concept::withholding}, page.isRecognised);
+}
+
 /// The account number of a row of a table. Where the first one below the heading stands in a row
 /// with amounts, each row has its own or none; else it stands below when there is a row with
 /// amounts above the first, or above.
@@ -101,7 +108,8 @@ const AccountNumber* ibanOf(const PageRows& page, const std::vector<AccountNumbe
     if (first == ibans.end()) {
         return nullptr;
     }
-    const bool isOwn = hasFirmAmount(page.rows[first->row]);
+    const bool isOwn =
+        hasFirmAmount(page.rows[first->row]) && !isTaxLine(page, page.rows[first->row]);
     const bool isBelow = first->row > heading + 1;
     const std::size_t beside = isOwn ? at : isBelow ? at + 1 : at - 1;
     for (const std::size_t row : {at, beside}) {
@@ -155,7 +163,8 @@ class ListReader {
         const AccountNumber* own = ibanOf(page_, ibans_, at, heading_.row());
         if ((own == nullptr && (isBehindTotal(at) || !hasName(row))) || isTied_
             || namesAny(row, {Concept::pillar3a}, page_.isRecognised)
-            || (own == nullptr && (addTaxLine(at, figures) || addOwnLine(at, figures)))
+            || ((own == nullptr || goesOn(*own, at)) && addTaxLine(at, figures))
+            || (own == nullptr && addOwnLine(at, figures))
             || addSecondLine(at, figures)) {
             return;
         }
@@ -246,11 +255,17 @@ class ListReader {
         isSectionOwed_ = isOwed;
     }
 
+    /// Whether a row with a number is but a further line of the entry it is the number of.
+    bool goesOn(const AccountNumber& own, std::size_t at) const {
+        return !entries_.empty() && entries_.back().number == own.text
+               && entries_.back().range.first + 1 == at;
+    }
+
     /// A line that only states the tax, in the column of the interest it was taken from above.
     bool addTaxLine(std::size_t row, const Figures& figures) {
         const auto& stated = at(figures, Figure::interest);
-        const bool isTax = stated && onlyOne(figures)
-                           && namesAny(page_.rows[row], {Concept::withholding}, page_.isRecognised);
+        const bool isTax =
+            stated && onlyOne(figures) && isTaxLine(page_, page_.rows[row]);
         if (!isTax || entries_.empty()) {
             return isTax;
         }

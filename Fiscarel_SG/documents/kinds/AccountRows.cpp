@@ -73,9 +73,16 @@ bool beginsWithTime(const Row& row) {
     return isDayOfMonth || (isPart && hasFirmAmount(row));
 }
 
+bool namesCard(const Row& row) {
+    static const Labels cards{"Kreditkarte*", "*kreditkarte", "Kartenkonto", "carte de crédit",
+                              "cartes de crédit", "carta di credito", "carte di credito"};
+    return isAnyIn(row.folded, cards) && !namesAny(row, {Concept::fee}, false);
+}
+
 bool namesLoan(const PageRows& page, std::size_t at) {
-    return namesAny(page.rows[at], {Concept::debt}, page.isRecognised)
-           && !namesAny(page.rows[at], {Concept::account}, page.isRecognised);
+    return namesCard(page.rows[at])
+           || (namesAny(page.rows[at], {Concept::debt}, page.isRecognised)
+               && !namesAny(page.rows[at], {Concept::account}, page.isRecognised));
 }
 
 bool hasNumber(const Row& row) {

@@ -4,7 +4,10 @@
 
 namespace fiscarel {
 
-/// Whether a row names a loan and no account.
+/// Whether a row names a credit card, whose balance is owed, and not what it costs.
+bool namesCard(const Row& row);
+
+/// Whether a row names a loan or a credit card and no account.
 bool namesLoan(const PageRows& page, std::size_t at);
 /// Whether a word of a row, and no amount, may be the number of an account or a contract.
 bool hasNumber(const Row& row);

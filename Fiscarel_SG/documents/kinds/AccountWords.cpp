@@ -116,7 +116,6 @@ const Wanted& wantedOf(Figure figure) {
                 "noch nicht",
                 "courus",
                 "non ancora",
-                "Interessi maturati",
                 "maturati al",
                 "maturati non",
                 "maturati e non",

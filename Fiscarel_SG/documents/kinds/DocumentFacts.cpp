@@ -41,12 +41,21 @@ class YearVotes {
                 const bool isInNumber = (i > 0 && barred[i] && barred[i - 1])
                                         || (i + 1 < barred.size() && barred[i] && barred[i + 1]);
                 static const Labels since{"seit", "depuis", "dal", "since", "dès"};
-                const bool isSince = i > 0 && isAnyIn(row.words[i - 1].folded, since);
+                const bool isSince = (i > 0 && isAnyIn(row.words[i - 1].folded, since))
+                                     || isAnyIn(before, beginnings());
                 if (!isSince && (isNamed || !isInNumber)) {
                     vote(*year, isNamed ? 8 : isTitle ? 6 : 2);
                 }
             }
         }
+    }
+
+    /// What happened in a year that the paper is not about: "ouvert en 2019".
+    static const Labels& beginnings() {
+        static const Labels words{"eröffnet*", "gegründet*", "geboren", "ouvert*", "fondé*",
+                                  "né",        "née",        "apert*",  "fondat*", "nato",
+                                  "nata",      "opened",     "born",    "founded"};
+        return words;
     }
 
     /// Of two years side by side the later one: the other is there to compare.

@@ -182,9 +182,36 @@ std::optional<PrintedAmount> amountAtBracket(const Row& row, std::size_t at) {
     return amount && amount->hasDecimals && amount->value >= least ? amount : std::nullopt;
 }
 
+/// What a ledger takes off, in brackets with its currency and alone in its cell: "(45.20 CHF)".
+std::optional<RowAmount> amountInBrackets(const Row& row, std::size_t at) {
+    if (!row.words[at].text.starts_with('(') || at + 1 >= row.words.size()
+        || !row.words[at + 1].text.ends_with(')')) {
+        return std::nullopt;
+    }
+    const std::string_view first = std::string_view(row.words[at].text).substr(1);
+    std::string_view second = row.words[at + 1].text;
+    second.remove_suffix(1);
+    const bool isBefore = isFrancs(first);
+    auto amount = isBefore           ? parseAmount(second)
+                  : isFrancs(second) ? parseAmount(first)
+                                     : std::nullopt;
+    const bool isAlone = std::ranges::any_of(cellsOf(row), [at](const LabelPlace& cell) {
+        return cell.first == at && cell.last == at + 1;
+    });
+    if (!amount || !amount->hasDecimals || amount->value.isNegative() || !isAlone) {
+        return std::nullopt;
+    }
+    amount->value = -amount->value;
+    amount->hasCurrency = true;
+    return amountFrom(row, at, at + 1, *amount);
+}
+
 /// The longest amount that begins with a word.
 std::optional<RowAmount> amountAt(const Row& row, std::size_t at, const std::vector<bool>& barred,
                                   bool isRecognised) {
+    if (auto taken = amountInBrackets(row, at)) {
+        return taken;
+    }
     const auto isOne = [&](std::size_t word, double digits) {
         return word + 1 < row.words.size()
                && isSplitAmount(row.words[word], row.words[word + 1], digits, isRecognised);

@@ -70,6 +70,13 @@ bool isDenied(const Row& row, const LabelPlace& place, Concept meant) {
         && isAnyIn(row.words[place.last + 1].folded, wordsFor(Concept::paid))) {
         return true;
     }
+    // "dont vous êtes titulaire" takes no part off.
+    static const Labels subjects{"vous", "nous", "il", "elle", "on"};
+    if (meant == Concept::other && place.last + 1 < row.words.size()
+        && row.words[place.first].folded == "dont"
+        && isAnyIn(row.words[place.last + 1].folded, subjects)) {
+        return true;
+    }
     // What the bank itself owes is no debt of the customer: "Saldo a nostro debito".
     static const Labels ours{"nostro", "nostra", "notre", "unser*", "our"};
     static const Labels owed{"debito", "debiti", "dette", "dettes", "*schuld", "*schulden", "debt"};

@@ -223,7 +223,12 @@ std::optional<PrintedAmount> parseAmount(std::string_view text, bool isRecognise
         isNegative = true;
         rest.remove_suffix(1);
     }
+    const bool isCredit = rest.ends_with('+'); // as ledgers mark it
+    rest.remove_suffix(isCredit ? 1 : 0);
     auto parsed = parsePlain(rest, amount);
+    if (isCredit && (!parsed || !parsed->hasDecimals)) {
+        return std::nullopt;
+    }
     if (std::string marked(rest); !parsed && isRecognised && mendMarks(marked)) {
         parsed = parsePlain(marked, amount);
         if (parsed) {

@@ -25,7 +25,7 @@ struct PrintedAmount {
 };
 
 /// Reads a text that is an amount and nothing else: 1’234.50, 1'234,50, 1.234,50, 120.–, CHF 80.00,
-/// −45.20, (45.20); signs and currency before it, a full stop or asterisk after it. Thousands marks
+/// −45.20, (45.20); signs and currency before it, a sign, a full stop or an asterisk after it. Thousands marks
 /// are those of `isThousandsMark`, in groups of three. Absent for numbers with other than two
 /// decimals, dates, percentages, more than twelve digits. `isRecognised`: letters that recognition
 /// takes for 0 and 1 are corrected where the rest is an amount with two decimals.
