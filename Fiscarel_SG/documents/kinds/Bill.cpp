@@ -315,8 +315,12 @@ class BillMapper {
         return shares;
     }
 
-    /// A total without what a reminder costs.
+    /// A total without what was credited again and what a reminder costs.
     FoundAmount billed(FoundAmount total) {
+        if (auto corrected = afterCorrection(total)) {
+            checks_.push_back(std::move(*corrected->check));
+            return std::move(corrected->found);
+        }
         auto bare = withoutReminder(total);
         if (!bare) {
             return total;

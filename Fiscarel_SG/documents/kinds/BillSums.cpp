@@ -132,6 +132,16 @@ bool isOfReminder(const Row& row) {
     return isAnyIn(row.folded, words);
 }
 
+/// What takes off again what was billed by mistake; what an insurer pays is none of it.
+bool isCorrection(const Row& row) {
+    static const Labels words{"Gutschrift*",    "Storno",       "Stornier*", "Korrektur*",
+                              "note de crédit", "correction*",  "extourne*", "annulation",
+                              "nota di credito", "rettifica*", "credit note"};
+    static const Labels insurers{"*kasse",    "*versicher*", "assurance*", "assureur*",
+                                 "caisse*",   "cassa",       "assicura*"};
+    return isAnyIn(row.folded, words) && !isAnyIn(row.folded, insurers);
+}
+
 } // namespace
 
 std::optional<SummedAmount> wholeOfParts(const DocumentRows& document,
@@ -251,6 +261,27 @@ std::optional<SummedAmount> totalWithTax(const std::vector<RowRange>& ranges) {
             if (auto total = totalFrom(*range.page, at)) {
                 return total;
             }
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<SummedAmount> afterCorrection(const FoundAmount& total) {
+    const PageRows& page = *total.page;
+    Decimal rest = total.value();
+    for (std::size_t at = total.row + 1; at < page.rows.size(); ++at) {
+        const RowAmount* amount = lastFirm(page.rows[at]);
+        if (amount == nullptr || !isAligned(total, *amount)) {
+            continue;
+        }
+        if (isCorrection(page.rows[at])) {
+            rest = rest - amount->amount.value.abs();
+        } else if (rest < total.value() && amount->amount.value == rest && rest >= 1) {
+            return SummedAmount{foundIn(page, at, *amount),
+                                ProposalCheck{"Von " + shown(total.value()) + " gehen "
+                                                  + shown(total.value() - rest)
+                                                  + " weg: bleiben " + shown(rest),
+                                              true}};
         }
     }
     return std::nullopt;

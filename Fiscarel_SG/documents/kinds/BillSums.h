@@ -50,6 +50,10 @@ struct Settled {
 Settled afterGivenBack(const DocumentRows& document, const FoundAmount& found,
                        const Labels& credits = {});
 
+/// What a bill comes to once the credits below its total took off what was billed by mistake, where
+/// that is printed below them; absent without such credits.
+std::optional<SummedAmount> afterCorrection(const FoundAmount& total);
+
 /// The total that what is still open comes from, where what was paid before stands between.
 FoundAmount beforeAdvance(const FoundAmount& open);
 /// Whether an advance stands above an amount in its column, so that it may be what remains only.
