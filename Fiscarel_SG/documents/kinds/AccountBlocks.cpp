@@ -227,8 +227,7 @@ std::vector<std::size_t> startsByName(const PageRows& page,
         return named;
     }
     const auto isLoan = [&](std::size_t at) {
-        return namesLoan(page, at)
-               && (at > starts.front() || hasAmounts(page, at, starts.front()))
+        return namesLoan(page, at) && (at > starts.front() || hasAmounts(page, at, starts.front()))
                && std::ranges::find(ibans, at, &AccountNumber::row) == ibans.end();
     };
     std::vector<std::size_t> shares;
@@ -262,6 +261,27 @@ std::vector<std::size_t> startsByName(const PageRows& page,
     starts.insert(starts.end(), shares.begin(), shares.end());
     std::ranges::sort(starts);
     return starts;
+}
+
+/// The first amount of which its row says nothing but the day it stands at.
+std::optional<FoundAmount> amountOfLastDay(const RowRange& range) {
+    for (std::size_t at = range.first; at < range.end; ++at) {
+        const Row& row = range.page->rows[at];
+        const bool isOther = namesAny(row,
+                                      {Concept::interest, Concept::debtInterest, Concept::other,
+                                       Concept::repayment, Concept::total, Concept::rate,
+                                       Concept::withholding, Concept::fee, Concept::limit},
+                                      range.page->isRecognised);
+        if (!isOther && row.amounts.size() == 1 && hasFirmAmount(row) && namesLastDay(row)
+            && row.amounts[0].first > 0) {
+            return FoundAmount{.page = range.page,
+                               .row = at,
+                               .amount = row.amounts[0],
+                               .label = textBetween(row, 0, row.amounts[0].first - 1),
+                               .isAlone = false};
+        }
+    }
+    return std::nullopt;
 }
 
 } // namespace
@@ -320,24 +340,19 @@ std::size_t endOfLastBlock(const PageRows& page, const std::vector<std::size_t>&
     return isPlain ? findTotal(starts.back() + 1, end) : end;
 }
 
-Figures figuresOfLoan(const RowRange& range) {
+Figures figuresOfLoan(const RowRange& range, bool isTold) {
     Figures figures = figuresByLabel(range);
-    auto& debt = figures[static_cast<std::size_t>(Figure::debt)];
-    const bool isKnown = debt || figures[static_cast<std::size_t>(Figure::balance)];
-    for (std::size_t at = range.first; at < range.end && !isKnown && !debt; ++at) {
-        const Row& row = range.page->rows[at];
-        const bool isOther = namesAny(row,
-                                      {Concept::interest, Concept::debtInterest, Concept::other,
-                                       Concept::repayment, Concept::total, Concept::rate},
-                                      range.page->isRecognised);
-        if (!isOther && row.amounts.size() == 1 && hasFirmAmount(row) && namesLastDay(row)
-            && row.amounts[0].first > 0) {
-            debt = FoundAmount{.page = range.page,
-                               .row = at,
-                               .amount = row.amounts[0],
-                               .label = textBetween(row, 0, row.amounts[0].first - 1),
-                               .isAlone = false};
-        }
+    isTold |= at(figures, Figure::debtInterest).has_value();
+    if (isTold && !at(figures, Figure::debt) && !at(figures, Figure::balance)) {
+        at(figures, Figure::debt) = amountOfLastDay(range);
+    }
+    return figures;
+}
+
+Figures figuresOfAccount(const RowRange& range) {
+    Figures figures = figuresByLabel(range);
+    if (!at(figures, Figure::debt) && !at(figures, Figure::balance)) {
+        at(figures, Figure::balance) = amountOfLastDay(range);
     }
     return figures;
 }

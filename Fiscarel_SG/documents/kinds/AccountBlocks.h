@@ -23,7 +23,9 @@ std::size_t endOfLastBlock(const PageRows& page, const std::vector<std::size_t>&
                            bool goesOn);
 
 /// What a loan's block tells, the debt at last by the day it stands at: "Importo dovuto al 31
-/// dicembre 2024".
-Figures figuresOfLoan(const RowRange& range);
+/// dicembre 2024". `isTold`: it is known to be a loan's; else interest paid on a debt must say so.
+Figures figuresOfLoan(const RowRange& range, bool isTold = true);
+/// What an account's block tells, the balance at last by its day, too: "Montant au 31.12.2024".
+Figures figuresOfAccount(const RowRange& range);
 
 } // namespace fiscarel

@@ -164,8 +164,7 @@ class ListReader {
         if ((own == nullptr && (isBehindTotal(at) || !hasName(row))) || isTied_
             || namesAny(row, {Concept::pillar3a}, page_.isRecognised)
             || ((own == nullptr || goesOn(*own, at)) && addTaxLine(at, figures))
-            || (own == nullptr && addOwnLine(at, figures))
-            || addSecondLine(at, figures)) {
+            || (own == nullptr && addOwnLine(at, figures)) || addSecondLine(at, figures)) {
             return;
         }
         isOver_ = isOver_ && !beginsLoans(at);
@@ -264,8 +263,7 @@ class ListReader {
     /// A line that only states the tax, in the column of the interest it was taken from above.
     bool addTaxLine(std::size_t row, const Figures& figures) {
         const auto& stated = at(figures, Figure::interest);
-        const bool isTax =
-            stated && onlyOne(figures) && isTaxLine(page_, page_.rows[row]);
+        const bool isTax = stated && onlyOne(figures) && isTaxLine(page_, page_.rows[row]);
         if (!isTax || entries_.empty()) {
             return isTax;
         }

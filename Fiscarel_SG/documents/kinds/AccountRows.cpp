@@ -74,8 +74,9 @@ bool beginsWithTime(const Row& row) {
 }
 
 bool namesCard(const Row& row) {
-    static const Labels cards{"Kreditkarte*", "*kreditkarte", "Kartenkonto", "carte de crédit",
-                              "cartes de crédit", "carta di credito", "carte di credito"};
+    static const Labels cards{"Kreditkarte*",    "*kreditkarte",     "Kartenkonto",
+                              "carte de crédit", "cartes de crédit", "carta di credito",
+                              "carte di credito"};
     return isAnyIn(row.folded, cards) && !namesAny(row, {Concept::fee}, false);
 }
 

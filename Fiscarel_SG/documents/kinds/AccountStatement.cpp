@@ -148,9 +148,10 @@ class AccountMapper {
             const bool isLoan = i < starts.size() && starts.size() > 1 && own == ibans.end()
                                 && isTitledAsLoan(page, starts[i]);
             const bool isOfShares = i < starts.size() && namesShares(page.rows[starts[i]]);
-            AccountEntry entry{.figures = isLoan       ? figuresOfLoan(range)
-                                          : isOfShares ? figuresOfShares(range)
-                                                       : figuresByLabel(range),
+            AccountEntry entry{.figures = isOfShares ? figuresOfShares(range)
+                                          : isLoan || own == ibans.end()
+                                              ? figuresOfLoan(range, isLoan)
+                                              : figuresOfAccount(range),
                                .number = own == ibans.end() ? std::string() : own->text,
                                .range = range,
                                .isLoan = isLoan,

@@ -39,6 +39,16 @@ bool isDebitSide(const Row& cell) {
     return isAnyIn(cell.folded, sides);
 }
 
+using Cells = std::vector<LabelPlace>;
+
+std::size_t digitsIn(const Row& row, const LabelPlace& cell) {
+    std::size_t digits = 0;
+    for (std::size_t i = cell.first; i <= cell.last; ++i) {
+        digits += static_cast<std::size_t>(std::ranges::count_if(row.words[i].text, isDigit));
+    }
+    return digits;
+}
+
 /// Whether a cell has more than one word for what it heads: "Saldo / Schuld", "reçus ou payés".
 bool hasParts(const Row& cell) {
     static const Labels between{"oder", "bzw", "resp", "ou", "o"};
@@ -265,28 +275,31 @@ std::optional<Figure> otherSideOf(std::optional<Figure> before, const Row& cell)
                                 : std::nullopt;
 }
 
-/// Leaves the heading of the names of rows without a figure, "Prestito  Interessi  Debito": words
-/// stand below it, and another column states the same.
+/// Leaves the heading of the names of rows without a figure, "Prestito  Interessi  Debito": names
+/// or numbers of loans stand below it, and another column states the same or no amount stands
+/// there.
 void dropNames(const PageRows& page, AccountHeading& heading) {
     constexpr std::size_t rows = 6;
+    constexpr std::size_t fewest = 4; // letters or digits of a name
     for (std::size_t i = 0; i < heading.figures.size(); ++i) {
         const auto figure = heading.figures[i];
-        if (!figure || std::ranges::count(heading.figures, figure) < 2) {
-            continue;
-        }
         const LabelPlace& place = heading.table.columns[i].place;
         std::size_t names = 0;
-        for (std::size_t at = heading.row() + 1;
-             at < std::min(page.rows.size(), heading.row() + 1 + rows); ++at) {
+        std::size_t numbers = 0;
+        std::size_t amounts = 0;
+        const std::size_t end = std::min(page.rows.size(), heading.row() + 1 + rows);
+        for (std::size_t at = heading.row() + 1; figure && at < end; ++at) {
             const Row& row = page.rows[at];
-            const bool isNamed =
-                hasFirmAmount(row) && std::ranges::any_of(cellsOf(row), [&](const auto& cell) {
-                    return std::abs(cell.left - place.left) <= alignment(page)
-                           && roleOf(row, cell) == Role::text && lettersIn(row, cell) >= 4;
-                });
-            names += isNamed ? 1U : 0U;
+            for (const LabelPlace& cell : hasFirmAmount(row) ? cellsOf(row) : Cells()) {
+                const bool isText = roleOf(row, cell) == Role::text;
+                const bool isBelow = std::abs(cell.left - place.left) <= alignment(page);
+                names += isBelow && isText && lettersIn(row, cell) >= fewest ? 1U : 0U;
+                numbers += isBelow && isText && digitsIn(row, cell) >= fewest ? 1U : 0U;
+                amounts += !isText && cell.left < place.right && place.left < cell.right ? 1U : 0U;
+            }
         }
-        if (names >= 1) {
+        const bool isTwice = std::ranges::count(heading.figures, figure) >= 2;
+        if ((isTwice && names >= 1) || (figure == Figure::debt && numbers >= 1 && amounts == 0)) {
             heading.figures[i].reset();
         }
     }

@@ -134,11 +134,11 @@ bool isOfReminder(const Row& row) {
 
 /// What takes off again what was billed by mistake; what an insurer pays is none of it.
 bool isCorrection(const Row& row) {
-    static const Labels words{"Gutschrift*",    "Storno",       "Stornier*", "Korrektur*",
-                              "note de crédit", "correction*",  "extourne*", "annulation",
-                              "nota di credito", "rettifica*", "credit note"};
-    static const Labels insurers{"*kasse",    "*versicher*", "assurance*", "assureur*",
-                                 "caisse*",   "cassa",       "assicura*"};
+    static const Labels words{"Gutschrift*",     "Storno",      "Stornier*",  "Korrektur*",
+                              "note de crédit",  "correction*", "extourne*",  "annulation",
+                              "nota di credito", "rettifica*",  "credit note"};
+    static const Labels insurers{"*kasse",  "*versicher*", "assurance*", "assureur*",
+                                 "caisse*", "cassa",       "assicura*"};
     return isAnyIn(row.folded, words) && !isAnyIn(row.folded, insurers);
 }
 
@@ -279,8 +279,8 @@ std::optional<SummedAmount> afterCorrection(const FoundAmount& total) {
         } else if (rest < total.value() && amount->amount.value == rest && rest >= 1) {
             return SummedAmount{foundIn(page, at, *amount),
                                 ProposalCheck{"Von " + shown(total.value()) + " gehen "
-                                                  + shown(total.value() - rest)
-                                                  + " weg: bleiben " + shown(rest),
+                                                  + shown(total.value() - rest) + " weg: bleiben "
+                                                  + shown(rest),
                                               true}};
         }
     }

@@ -148,7 +148,8 @@ std::optional<std::size_t> columnOver(const LabelPlace& cell,
 
 bool namesLastDay(const Row& cell) {
     static const Labels ends{"Ende Jahr",      "Jahresende", "Ende des Jahres", "fin d'année",
-                             "fin d'exercice", "fine anno",  "fine dell'anno",  "year end"};
+                             "fin d'exercice", "fine anno",  "fine dell'anno",  "year end",
+                             "fine esercizio", "Stichtag",   "Ultimo"};
     if (isAnyIn(cell.folded, ends)) {
         return true;
     }

@@ -41,7 +41,7 @@ std::optional<Side> sideMark(const RowWord& word) {
         "S",     "Soll", "SOLL", "soll", "D",  "Débit", "DÉBIT", "débit",
         "Debit", "Dare", "DARE", "dare", "DR", "DB",    "Db"};
     static constexpr std::array<std::string_view, 15> kept{
-        "H",      "Haben",  "HABEN", "haben", "C",     "Crédit", "CRÉDIT", "crédit",
+        "H",      "Haben",   "HABEN", "haben", "C",     "Crédit", "CRÉDIT", "crédit",
         "Credit", "Credito", "Avere", "AVERE", "avere", "CR",     "Cr"};
     return std::ranges::find(owed, word.text) != owed.end()   ? std::optional(Side::owed)
            : std::ranges::find(kept, word.text) != kept.end() ? std::optional(Side::kept)

@@ -77,6 +77,9 @@ bool isDenied(const Row& row, const LabelPlace& place, Concept meant) {
         && isAnyIn(row.words[place.last + 1].folded, subjects)) {
         return true;
     }
+    if (meant == Concept::ofDebt && row.words[place.first].folded.starts_with("kreditor")) {
+        return true; // whom the bank owes to
+    }
     // What the bank itself owes is no debt of the customer: "Saldo a nostro debito".
     static const Labels ours{"nostro", "nostra", "notre", "unser*", "our"};
     static const Labels owed{"debito", "debiti", "dette", "dettes", "*schuld", "*schulden", "debt"};
