@@ -5,6 +5,7 @@
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 
 #include <algorithm>
+#include <cmath>
 #include <array>
 #include <string_view>
 #include <utility>
@@ -47,7 +48,10 @@ class Sentences {
             const bool isApart = at > range.first
                                  && row.top - range.page->rows[at - 1].bottom
                                         > (range.page->isRecognised ? 1.8 : 1.2) * row.height();
-            if (isApart || (at > range.first && isBrokenOn(range.page->rows[at - 1], row))
+            if (isApart
+                || (at > range.first
+                    && (isBrokenOn(range.page->rows[at - 1], row)
+                        || isSetOff(range.page->rows[at - 1], row)))
                 || (range.page->number != 0 && isTabular(row))) {
                 finish();
             }
@@ -72,6 +76,14 @@ class Sentences {
         const double width = isAmount ? next.amounts.front().place.width() // is not torn apart
                                       : next.words.front().place.width();
         return line.words.back().place.right + width + line.height() < margin_;
+    }
+
+    /// Whether one of two lines is nothing but an amount at another edge, as in the box of a form.
+    bool isSetOff(const Row& line, const Row& next) const {
+        const bool isKnown = range_.page->number != 0 && !line.words.empty() && !next.words.empty();
+        return isKnown && (hasOnlyAmounts(line) || hasOnlyAmounts(next))
+               && std::abs(next.words.front().place.left - line.words.front().place.left)
+                      > 4 * line.height();
     }
 
     void take(std::size_t at) {
