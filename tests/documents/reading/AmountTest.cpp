@@ -35,6 +35,8 @@ TEST(DocumentAmount, readsEveryWayOfPrintingAnAmount) {
         {"Fr.1’200", 1200},
         {"−45.20", -45.20_dec},
         {"45.20-", -45.20_dec},
+        {"45.20+", 45.20_dec},
+        {"45+", std::nullopt},
         {"(45.20)", -45.20_dec},
         {"=56’343.00", 56343},
         {"0.05", 0.05_dec},
