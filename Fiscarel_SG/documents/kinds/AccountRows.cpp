@@ -3,7 +3,6 @@
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 
 #include <algorithm>
-#include <array>
 
 namespace fiscarel {
 
@@ -39,11 +38,9 @@ bool hasName(const Row& row) {
 }
 
 bool isMarkedOwed(const Row& row) {
-    static constexpr std::array<std::string_view, 12> marks{
-        "S", "Soll", "SOLL", "D", "Débit", "DÉBIT", "Dare", "DARE", "DR", "débit", "dare", "soll"};
     return std::ranges::any_of(row.amounts, [&](const RowAmount& amount) {
         return amount.amount.isFirm() && amount.last + 1 < row.words.size()
-               && std::ranges::find(marks, row.words[amount.last + 1].text) != marks.end();
+               && sideMark(row.words[amount.last + 1]) == Side::owed;
     });
 }
 

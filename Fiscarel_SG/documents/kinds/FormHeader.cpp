@@ -33,19 +33,6 @@ bool isMarked(const Row& row, const LabelPlace& label, const std::optional<Label
     });
 }
 
-bool isSocialSecurityNumber(std::string_view text) {
-    constexpr std::string_view form = "000.0000.0000.00";
-    if (text.size() != form.size()) {
-        return false;
-    }
-    for (std::size_t i = 0; i < form.size(); ++i) {
-        if (form[i] == '0' ? !isDigit(text[i]) : text[i] != '.') {
-            return false;
-        }
-    }
-    return true;
-}
-
 std::vector<Date> daysIn(const Row& row) {
     std::vector<Date> days;
     for (const RowWord& word : row.words) {
@@ -254,6 +241,19 @@ void readRemarks(const PageRows& page, SalaryForm& form) {
 }
 
 } // namespace
+
+bool isSocialSecurityNumber(std::string_view text) {
+    constexpr std::string_view form = "000.0000.0000.00";
+    if (text.size() != form.size()) {
+        return false;
+    }
+    for (std::size_t i = 0; i < form.size(); ++i) {
+        if (form[i] == '0' ? !isDigit(text[i]) : text[i] != '.') {
+            return false;
+        }
+    }
+    return true;
+}
 
 std::string socialSecurityNumberIn(const Row& row) {
     for (const RowWord& word : row.words) {

@@ -2,6 +2,9 @@
 
 #include "Fiscarel_SG/documents/rows/PageRows.h"
 
+#include <string>
+#include <string_view>
+
 namespace fiscarel {
 
 struct SalaryForm;
@@ -10,8 +13,10 @@ struct SalaryForm;
 /// and G, the employer and the remarks. `bodyTop`: where the numbered boxes begin, in points.
 void readFormHeader(const PageRows& page, double bodyTop, SalaryForm& form);
 
-/// A social-security number as printed: three, four, four and two digits with points; empty when
-/// the row has none.
+/// Three, four, four and two digits with points between.
+bool isSocialSecurityNumber(std::string_view text);
+
+/// The social-security number a row prints; empty when it has none.
 std::string socialSecurityNumberIn(const Row& row);
 
 } // namespace fiscarel

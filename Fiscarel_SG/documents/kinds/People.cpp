@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/documents/kinds/People.h"
 
+#include "Fiscarel_SG/documents/kinds/FormHeader.h"
 #include "Fiscarel_SG/documents/kinds/LetterHead.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
@@ -140,6 +141,22 @@ std::optional<NamedPerson> nameOver(const Row& row, std::size_t day, const Row& 
         const bool isOver = cell.left < place.right && place.left < cell.right;
         if (isOver && cell.last == cell.first + 1) {
             return nameAt(above, cell.first);
+        }
+    }
+    return std::nullopt;
+}
+
+/// Whom a social security number is of: the name before it, or the cell above it.
+std::optional<NamedPerson> nameOfInsured(const Row& row, std::size_t at, const Row* above) {
+    const std::optional<NamedPerson> before = nameBefore(row, at);
+    if (before || above == nullptr) {
+        return before;
+    }
+    const PagePlace& place = row.words[at].place;
+    for (const LabelPlace& cell : cellsOf(*above)) {
+        const bool isOver = cell.left < place.right && place.left < cell.right;
+        if (isOver && (cell.last == cell.first + 1 || cell.last == cell.first + 2)) {
+            return nameAt(*above, cell.last - 1); // "Madame Anna Muster", too
         }
     }
     return std::nullopt;
@@ -378,6 +395,14 @@ void People::look(const Row& row, const Row* above) {
                     families_.insert(row.words[name->last].folded);
                 }
             }
+        }
+    }
+    for (std::size_t i = 0; i < row.words.size(); ++i) {
+        const auto name = isSocialSecurityNumber(bare(row.words[i].text))
+                              ? nameOfInsured(row, i, above)
+                              : std::nullopt;
+        if (name && name->last > name->first) {
+            families_.insert(name->folded.substr(name->folded.rfind(' ') + 1));
         }
     }
     for (std::string& family : familiesOfSaluted(row)) {

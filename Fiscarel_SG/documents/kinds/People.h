@@ -19,8 +19,8 @@ struct NamedPerson {
     std::optional<taxcore::Date> birthDate;
 };
 
-/// The people a document tells: those beside a birth date or a label such as "Kind", those listed
-/// behind "Kinder", two that "und" joins, several of one family in a table, and others of the same
+/// The people a document tells: those beside a birth date, a social security number or a label such
+/// as "Kind", those listed behind "Kinder", two that "und" joins, several of one family in a table, and others of the same
 /// families.
 class People {
   public:

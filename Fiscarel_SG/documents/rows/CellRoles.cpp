@@ -29,10 +29,23 @@ Role roleOf(const Row& row, const LabelPlace& cell) {
         });
         hasAmount |= isAmount;
         const std::string& text = row.words[i].text;
-        hasOther |=
-            !isAmount && !isFrancs(text) && !isForeignCurrency(text) && !isSign(row.words[i]);
+        const bool isSide = hasAmount && sideMark(row.words[i]);
+        hasOther |= !isAmount && !isSide && !isFrancs(text) && !isForeignCurrency(text)
+                    && !isSign(row.words[i]);
     }
     return hasOther ? Role::text : hasAmount ? Role::amount : Role::currency;
+}
+
+std::optional<Side> sideMark(const RowWord& word) {
+    static constexpr std::array<std::string_view, 15> owed{
+        "S",     "Soll", "SOLL", "soll", "D",  "Débit", "DÉBIT", "débit",
+        "Debit", "Dare", "DARE", "dare", "DR", "DB",    "Db"};
+    static constexpr std::array<std::string_view, 15> kept{
+        "H",      "Haben",  "HABEN", "haben", "C",     "Crédit", "CRÉDIT", "crédit",
+        "Credit", "Credito", "Avere", "AVERE", "avere", "CR",     "Cr"};
+    return std::ranges::find(owed, word.text) != owed.end()   ? std::optional(Side::owed)
+           : std::ranges::find(kept, word.text) != kept.end() ? std::optional(Side::kept)
+                                                              : std::nullopt;
 }
 
 bool hasFirmAmount(const Row& row) {

@@ -4,13 +4,18 @@
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
 
 #include <cstddef>
+#include <optional>
 #include <vector>
 
 namespace fiscarel {
 
-/// What a cell holds: an amount with its sign and currency, a currency alone, or anything else.
+/// What a cell holds: an amount with its sign, side and currency, a currency alone, or anything else.
 enum class Role { text, amount, currency };
 Role roleOf(const Row& row, const LabelPlace& cell);
+
+/// The side of an account that a word behind an amount names, by name or short: "Soll", "H", "CR".
+enum class Side { owed, kept };
+std::optional<Side> sideMark(const RowWord& word);
 
 /// Whether a row, or a cell of it, has an amount that more than its digits speak for.
 bool hasFirmAmount(const Row& row);

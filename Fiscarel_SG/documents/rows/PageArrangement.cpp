@@ -278,9 +278,41 @@ class Arrangement {
         return {};
     }
 
+    /// Whether a row and the next are lines of a list, each with its label and its value, in
+    /// columns that the rows around them share at the same pitch.
+    bool isOfList(std::size_t at) const {
+        constexpr std::size_t fewest = 4; // rows
+        constexpr double pitch = 0.2;     // of which it may differ
+        const auto& rows = page_.rows;
+        const Cells cells = cellsOf(rows[at + 1]);
+        if (cells.size() != 2 || roleOf(rows[at + 1], cells[0]) != Role::text
+            || lettersIn(rows[at + 1], cells[0]) < 4) {
+            return false;
+        }
+        const double step = rows[at + 1].top - rows[at].top;
+        const auto goesOn = [&](std::size_t above) {
+            const Cells own = cellsOf(rows[above + 1]);
+            return std::abs(rows[above + 1].top - rows[above].top - step) < pitch * step
+                   && own.size() == 2 && std::abs(own[0].left - cells[0].left) <= aligned
+                   && std::abs(own[1].left - cells[1].left) <= aligned;
+        };
+        std::size_t first = at + 1;
+        while (first > 0 && goesOn(first - 1)) {
+            --first;
+        }
+        std::size_t end = at + 1;
+        while (end + 1 < rows.size() && goesOn(end)) {
+            ++end;
+        }
+        return first <= at && end - first + 1 >= fewest;
+    }
+
     /// Labels in one row, their values in the next.
     bool takeGrid(std::size_t at) {
         const auto& rows = page_.rows;
+        if (at + 1 < rows.size() && isOfList(at)) {
+            return false;
+        }
         const bool mayBeBoxes = at + 1 < rows.size() && !hasFirmAmount(rows[at]) && gap(at) < 4
                                 && (at == 0 || !hasOnlyAmounts(rows[at - 1]) || gap(at - 1) > 0.7);
         if (mayBeBoxes && isGridOfBoxes(rows[at], rows[at + 1]) && !isCaptionBelow(at)
