@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <set>
+#include <string_view>
 
 namespace fiscarel {
 
@@ -59,7 +60,10 @@ std::optional<int> yearNumberIn(const Row& words) {
     std::optional<int> year;
     for (const RowWord& word : words.words) {
         const auto day = parseDay(word.text);
-        const auto number = day ? std::optional(day->year()) : yearOf2000s(word.text);
+        const std::string_view text = word.text; // "01.01.–31.12.2024"
+        const auto number =
+            day ? std::optional(day->year())
+                : yearOf2000s(text.substr(text.size() - std::min<std::size_t>(text.size(), 4)));
         year = number ? number : year;
     }
     return year;
@@ -75,7 +79,8 @@ Span spanOf(const Row& words) {
     if (isFormer(words)) {
         return Span::none;
     }
-    if (findLabel(words, present, false)) {
+    static const Labels wholeYears{"01.01 31.12", "1.1 31.12"};
+    if (findLabel(words, present, false) || isAnyIn(words.folded, wholeYears)) {
         return Span::year;
     }
     if (namesRunningTotal(words)) {
