@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/SecondReader.h"
 
 #include "Fiscarel_SG/documents/kinds/BoardFees.h"
+#include "Fiscarel_SG/documents/kinds/CarriedOver.h"
 #include "Fiscarel_SG/documents/kinds/EmployersShare.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
 #include "Fiscarel_SG/documents/kinds/KindTitles.h"
@@ -217,6 +218,7 @@ std::vector<SalaryForm> readCertificatePages(const DocumentRows& document) {
 
 /// The certificates of a document with the pages they stand on.
 struct WageReading {
+    std::optional<DocumentRows> joined;   ///< its pages where a table goes on over several
     std::optional<WageYear> year;         ///< its pages where it states parts of the year too
     std::optional<DocumentRows> ownShare; ///< its pages where it states the employer's share too
     std::vector<SalaryForm> forms;
@@ -262,7 +264,7 @@ WageReading readAllShares(const DocumentRows& document) {
     return wages;
 }
 
-WageReading readWages(const DocumentRows& document) {
+WageReading readWagesOf(const DocumentRows& document) {
     WageReading wages = readAllShares(document);
     if (wages.proof != WageProof::none || wages.isOfPart()) {
         return wages;
@@ -274,6 +276,16 @@ WageReading readWages(const DocumentRows& document) {
             return other;
         }
     }
+    return wages;
+}
+
+WageReading readWages(const DocumentRows& document) {
+    auto joined = withoutCarried(document);
+    if (!joined) {
+        return readWagesOf(document);
+    }
+    WageReading wages = readWagesOf(*joined);
+    wages.joined = std::move(joined);
     return wages;
 }
 

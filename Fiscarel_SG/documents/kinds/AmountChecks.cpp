@@ -143,7 +143,7 @@ bool includesAlien(const FoundAmount& total, const Wanted& wanted) {
         const Row& row = page.rows[part.row];
         return part.value >= 1
                && (isBarred(row, wanted, page.isRecognised)
-                   || namesAny(row, wanted.alien, page.isRecognised)
+                   || namesMeant(row, wanted.alien, page.isRecognised)
                    || namesAny(headingOver(page, part.row, part.amount), wanted.alien,
                                page.isRecognised));
     });
@@ -175,12 +175,37 @@ std::optional<FoundAmount> totalBelow(const FoundAmount& part) {
 
 ProposalCheck addUpTo(const Decimal& sum) { return {"Alle zusammen ergeben " + shown(sum), true}; }
 
+namespace {
+
+/// Whether an amount is one of several like it in a column, each with a day of its own.
+bool isInstalment(const FoundAmount& found) {
+    const PageRows& page = *found.page;
+    const auto namesDay = [](const Row& row) {
+        return std::ranges::any_of(
+            row.words, [](const RowWord& word) { return parseDay(word.text).has_value(); });
+    };
+    return namesDay(found.rowOf())
+           && std::ranges::count_if(page.rows, [&](const Row& row) {
+                  return namesDay(row)
+                         && std::ranges::any_of(row.amounts, [&](const RowAmount& one) {
+                                return one.amount.isFirm() && one.amount.value == found.value()
+                                       && std::abs(one.place.right - found.amount.place.right)
+                                              <= alignment(page);
+                            });
+              }) > 1;
+}
+
+} // namespace
+
 std::optional<ProposalCheck> repeatCheck(const std::vector<RowRange>& ranges, const Wanted& wanted,
                                          const FoundAmount& found) {
     // An instalment that is still open does not witness one that was paid.
     static const Labels unpaid{"offen*", "ausstehend*", "fällig*", "due",     "outstanding",
                                "dû",     "en suspens",  "aperto",  "scoperto"};
     const bool isUnpaid = isAnyIn(found.rowOf().folded, unpaid);
+    if (isInstalment(found)) {
+        return std::nullopt; // one payment does not witness another
+    }
     for (const RowRange& range : ranges) {
         const bool isRecognised = range.page->isRecognised;
         for (std::size_t at = range.first; at < range.end; ++at) {

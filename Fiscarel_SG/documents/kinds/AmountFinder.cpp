@@ -89,7 +89,7 @@ bool counts(const RowRange& range, std::size_t at, const LabelPlace& place, cons
     }
     const auto about = wordsAbout(range, at, place);
     return about && !isBarred(*about, wanted, isRecognised)
-           && !namesAny(*about, wanted.notMeant, isRecognised);
+           && !namesMeant(*about, wanted.notMeant, isRecognised);
 }
 
 std::vector<FoundAmount> findByLabel(const std::vector<RowRange>& ranges, const Wanted& wanted,

@@ -318,23 +318,6 @@ const RowAmount* speakingOf(const RowRange& range, std::size_t at, const LabelPl
     return product != nullptr ? product : amountInCell(row, label, right);
 }
 
-/// Whether a row speaks of the first day of a year and not of its last.
-bool isOfYearsBeginning(const Row& row) {
-    const auto text = [&](std::size_t at) -> std::string_view {
-        return at < row.words.size() ? std::string_view(row.words[at].text) : std::string_view();
-    };
-    bool isFirst = false;
-    for (std::size_t i = 0; i < row.words.size(); ++i) {
-        auto day = parseDay(text(i));
-        day = day ? day : parseDay(text(i), text(i + 1), text(i + 2));
-        isFirst |= day && day->month() == 1 && day->day() == 1;
-        if (day && day->month() == 12) {
-            return false;
-        }
-    }
-    return isFirst;
-}
-
 /// Of what was posted and the running balance beside it the balance is not meant.
 void dropRunningBalance(const RowRange& range, std::size_t at, const Wanted& wanted,
                         std::vector<const RowAmount*>& amounts) {
@@ -444,13 +427,6 @@ Row headingOver(const PageRows& page, std::size_t at, const RowAmount& amount) {
         }
     }
     return words;
-}
-
-bool isBarred(const Row& row, const Wanted& wanted, bool isRecognised) {
-    const bool isNotOpening =
-        std::ranges::find(wanted.notMeant, Concept::opening) != wanted.notMeant.end();
-    return findLabel(row, wanted.without, isRecognised).has_value() || saysLeftOut(row)
-           || (isNotOpening && isOfYearsBeginning(row));
 }
 
 const RowAmount* newestIn(const PageRows& page, std::size_t at) {

@@ -25,6 +25,8 @@ std::vector<LabelPlace> placesIn(const Row& row, const Wanted& wanted, bool isRe
 /// The words of the cell above an amount, in the nearest row of words only that has several cells.
 Row headingOver(const PageRows& page, std::size_t at, const RowAmount& amount);
 
+/// Whether a row names one of several concepts; the day of a payment opens no balance.
+bool namesMeant(const Row& row, const std::vector<Concept>& concepts, bool isRecognised);
 /// Whether a row has words that bar it, or tells of the first day of a year where the last is
 /// wanted.
 bool isBarred(const Row& row, const Wanted& wanted, bool isRecognised);

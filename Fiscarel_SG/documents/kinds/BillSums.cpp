@@ -2,10 +2,13 @@
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <set>
+#include <string>
 #include <utility>
 
 namespace fiscarel {
@@ -168,8 +171,14 @@ std::optional<SummedAmount> wholeOfParts(const DocumentRows& document,
 }
 
 bool haveOneLabel(const std::vector<FoundAmount>& found) {
+    const auto words = [](const FoundAmount& one) { // but for days and numbers
+        std::string letters;
+        std::ranges::copy_if(one.label, std::back_inserter(letters),
+                             [](char c) { return !isDigit(c); });
+        return letters;
+    };
     return std::ranges::all_of(
-        found, [&](const FoundAmount& one) { return one.label == found.front().label; });
+        found, [&](const FoundAmount& one) { return words(one) == words(found.front()); });
 }
 
 std::optional<SummedAmount> wholeOfList(const DocumentRows& document, const FoundAmount& part,

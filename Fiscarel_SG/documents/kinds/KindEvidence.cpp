@@ -243,6 +243,24 @@ bool isBankOverview(const DocumentRows& document) {
               });
 }
 
+/// Whether a list of policies states what was paid for those of pillar 3a, beside free ones.
+bool statesTiedPremiums(const DocumentRows& document) {
+    using enum Concept;
+    static const std::vector<Meaning> tied{{deductible, pillar3a},
+                                           {contribution, pillar3a, total},
+                                           {contribution, pillar3a, paid},
+                                           {premium, pillar3a, total},
+                                           {premium, pillar3a, paid}};
+    return std::ranges::any_of(document.pages, [](const PageRows& page) {
+        return std::ranges::any_of(page.rows, [&](const Row& row) {
+            return hasFirmAmount(row) && !namesAny(row, {freePillar}, page.isRecognised)
+                   && std::ranges::any_of(tied, [&](const Meaning& meaning) {
+                          return findMeaning(row, meaning, page.isRecognised).has_value();
+                      });
+        });
+    });
+}
+
 /// What more than single words tell: what is missing, who sends it, what adds up.
 void weighWhole(const DocumentRows& document, const std::string& title, int wageBonus,
                 std::map<Kind, int>& scores) {
@@ -280,6 +298,9 @@ void weighWhole(const DocumentRows& document, const std::string& title, int wage
     } else if (hasPillarTitle(document)) {
         scores[Kind::saeule3a] += pillarTitle;
         scores[Kind::versicherung] = 0; // a tied policy, whose premium is the contribution
+    } else if (scores[Kind::versicherung] >= enough && statesTiedPremiums(document)) {
+        scores[Kind::saeule3a] += scores[Kind::versicherung]; // free policies beside are wealth
+        scores[Kind::versicherung] = 0;
     }
 }
 

@@ -84,6 +84,10 @@ bool proposePeople(const KindContext& context, const LabelledField& row, Proposa
     if (!isMain) {
         return false;
     }
+    if (std::ranges::any_of(draft.result().proposals,
+                            [&](const Proposal& one) { return one.field == field; })) {
+        return true; // each has theirs already
+    }
     auto parts = findPersonAmounts(context.document, row.wanted);
     if (parts.empty()) {
         parts = findPeopleInProse(context.document, row.wanted);
@@ -131,6 +135,16 @@ bool areIn(const RowRange& rows, const std::vector<FoundAmount>& all) {
     });
 }
 
+/// Whether amounts are as many payments of the same, each called by its own day or number.
+bool areInstalments(const std::vector<FoundAmount>& all) {
+    constexpr std::size_t fewest = 3;
+    return all.size() >= fewest && haveOneLabel(all)
+           && std::ranges::all_of(all, [&](const FoundAmount& one) {
+                  return one.value() == all.front().value()
+                         && std::ranges::count(all, one.label, &FoundAmount::label) == 1;
+              });
+}
+
 void proposeField(const KindContext& context, const LabelledField& row, RecordsByKind& records,
                   ProposalDraft& draft) {
     const bool isAlone = row.beside != nullptr && !records.has(row.record, row.beside);
@@ -146,6 +160,9 @@ void proposeField(const KindContext& context, const LabelledField& row, RecordsB
         isPillar && !whole ? paymentsOf(context.document, context.facts.year) : std::nullopt;
     if (list && !(all.empty() ? list->whole.check.has_value() : areIn(list->rows, all))) {
         list.reset(); // what else was found may be their total
+    }
+    if (isPillar && !whole && !list && areInstalments(all)) {
+        return; // what they come to is not told
     }
     const bool isUnproven = list && !list->whole.check;
     auto chosen =

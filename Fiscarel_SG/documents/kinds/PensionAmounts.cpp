@@ -340,7 +340,9 @@ class Arithmetic {
             if (sum != whole.found.value()) {
                 continue; // what is left after something was set off
             }
-            if (std::ranges::any_of(parts, &PensionAmount::isTaxFree)) {
+            if (std::ranges::any_of(parts, [](const PensionAmount* part) {
+                    return part->isTaxFree || part->isOthers;
+                })) {
                 whole.isBarred = true;
                 continue;
             }
@@ -382,15 +384,15 @@ class Arithmetic {
     void addUp(std::size_t total, int step) {
         Decimal sum;
         std::vector<std::size_t> parts;
-        bool hasTaxFree = false;
+        bool isBarred = false; ///< more than what is taxed
         for (auto at = static_cast<std::ptrdiff_t>(total) + step;
              at >= 0 && at < std::ssize(amounts_) && parts.size() < farthest; at += step) {
             const PensionAmount& part = amounts_[static_cast<std::size_t>(at)];
-            if (part.isFactor || (part.isBarred && !part.isTaxFree)) {
+            if (part.isFactor || (part.isBarred && !part.isTaxFree && !part.isOthers)) {
                 continue;
             }
             sum = sum + part.found.value();
-            hasTaxFree |= part.isTaxFree;
+            isBarred |= part.isTaxFree || part.isOthers;
             parts.push_back(static_cast<std::size_t>(at));
             if (sum >= amounts_[total].found.value()) {
                 break;
@@ -400,7 +402,7 @@ class Arithmetic {
         if (parts.size() < 2 || sum != whole.found.value()) {
             return;
         }
-        if (hasTaxFree) {
+        if (isBarred) {
             whole.isBarred = true;
             return;
         }
@@ -437,7 +439,9 @@ PensionAmount told(PensionAmount one, std::size_t index, Benefit benefit) {
                        && !namesAny(one.words, {Concept::pension}, isRecognised));
     one.isFactor = findLabel(one.words, perMonth(), isRecognised).has_value();
     if (benefit == Benefit::allowances) {
-        one.isBarred |= findLabel(one.words, noAllowance(), isRecognised).has_value();
+        one.isOthers = findLabel(one.words, employers(), isRecognised).has_value();
+        one.isBarred |=
+            one.isOthers || findLabel(one.words, noAllowance(), isRecognised).has_value();
         one.isFactor |= findLabel(one.words, perDay(), isRecognised)
                         || isOneDay(one.words, one.found.value(), isRecognised);
     }

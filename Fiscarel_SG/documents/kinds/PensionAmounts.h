@@ -16,6 +16,7 @@ struct PensionAmount {
     Row words; ///< those that tell of it: of its row or clause, and the heading of its column
     bool isBarred = false;             ///< of another time or no pension: capital, fees, allowances
     bool isTaxFree = false;            ///< an allowance; barred as well
+    bool isOthers = false;             ///< went to the employer
     bool isFactor = false;             ///< what was paid in a month or a day, or before deductions
     bool isPart = false;               ///< of a sum
     bool isForTax = false;             ///< its words say that it is what is taxed

@@ -52,6 +52,13 @@ bool saysTaxed(const Row& words, bool isRecognised) {
     return !isShare && findLabel(words, tax, isRecognised).has_value();
 }
 
+/// Who gets the allowances of those whom he goes on paying.
+const Labels& employers() {
+    static const Labels words{"Arbeitgeber*", "employeur*", "datore*", "employer",
+                              "Betrieb",      "entreprise", "azienda", "ditta"};
+    return words;
+}
+
 /// What stands on papers about allowances and is none that the insured got: what went to the
 /// employer, and what the allowance is computed from.
 const Labels& noAllowance() {

@@ -15,6 +15,8 @@ bool saysTaxed(const Row& words, bool isRecognised);
 
 /// What stands on papers on pensions and is none of the year: capital, fees, other years.
 const Labels& noPension();
+/// Who gets the allowances of those whom he goes on paying.
+const Labels& employers();
 /// What stands on papers on allowances and is none that the insured got: what went to the employer,
 /// and what the allowance is computed from.
 const Labels& noAllowance();

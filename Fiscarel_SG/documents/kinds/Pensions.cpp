@@ -335,9 +335,8 @@ class BenefitPaper {
     /// Whether an amount may be that of a couple, or hold what an employer got.
     bool isOfSeveral(const PensionAmount& one) const {
         static const Labels couples{"Ehepaar*", "Ehegatten", "époux", "couple", "coniugi"};
-        static const Labels employers{"Arbeitgeber*", "employeur*", "datore*", "employer"};
         const bool isShared = benefit_ == Benefit::allowances && !one.isForTax
-                              && isAnyIn(context_.document.folded, employers);
+                              && isAnyIn(context_.document.folded, employers());
         return isShared || people_.born().size() >= 2 || areSideBySide()
                || findLabel(one.words, couples, one.found.page->isRecognised);
     }

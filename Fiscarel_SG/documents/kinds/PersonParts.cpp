@@ -25,8 +25,8 @@ class Search {
 
     Parts run() const {
         Parts first;
-        for (const auto way :
-             {&Search::byRow, &Search::byColumn, &Search::bySentence, &Search::byBlock}) {
+        for (const auto way : {&Search::byRow, &Search::byColumn, &Search::bySentence,
+                               &Search::byBlockSum, &Search::byBlock}) {
             Parts found = (this->*way)();
             if (found.size() < 2) {
                 continue;
@@ -246,18 +246,79 @@ class Search {
         return candidates.chosen(document_);
     }
 
+    using Starts = std::vector<std::pair<std::size_t, NamedPerson>>;
+
+    /// The rows that name a person where the one before named another.
+    Starts startsIn(const PageRows& page) const {
+        Starts starts;
+        for (std::size_t at = 0; at < page.rows.size(); ++at) {
+            const auto named = people_.in(page.rows[at]);
+            if (named.size() == 1
+                && (starts.empty() || starts.back().second.folded != named[0].folded)) {
+                starts.emplace_back(at, named[0]);
+            }
+        }
+        return starts;
+    }
+
+    static bool areDistinct(const Parts& parts) {
+        return std::ranges::all_of(parts, [&](const PersonAmount& one) {
+            return std::ranges::count(parts, one.person.folded,
+                                      [](const PersonAmount& other) { return other.person.folded; })
+                   == 1;
+        });
+    }
+
+    /// A name above rows whose amounts, the last of each, one below them adds up: in whatever
+    /// words, as each of them is proven.
+    Parts byBlockSum() const {
+        Parts parts;
+        for (const PageRows& page : document_.pages) {
+            const Starts starts = startsIn(page);
+            for (std::size_t i = 0; i < starts.size(); ++i) {
+                const bool isLast = i + 1 == starts.size();
+                const std::size_t end = isLast ? page.rows.size() : starts[i + 1].first;
+                if (auto sum = sumOfBlock({&page, starts[i].first, end})) {
+                    parts.push_back({starts[i].second, std::move(*sum)});
+                }
+            }
+        }
+        return areDistinct(parts) ? parts : Parts();
+    }
+
+    /// The first amount of rows that those above it, two or more, come to; none where one of them
+    /// tells of something else.
+    std::optional<FoundAmount> sumOfBlock(const RowRange& block) const {
+        constexpr std::size_t fewest = 2;
+        std::size_t count = 0;
+        Decimal sum;
+        for (std::size_t at = block.first; at < block.end; ++at) {
+            const Row& row = block.page->rows[at];
+            if (row.amounts.empty() || !isWorthy(row.amounts.back())) {
+                continue;
+            }
+            const RowAmount& last = row.amounts.back();
+            if (isOther(row, block.page->isRecognised)) {
+                return std::nullopt;
+            }
+            if (count >= fewest && last.amount.value == sum) {
+                return FoundAmount{.page = block.page,
+                                   .row = at,
+                                   .amount = last,
+                                   .label =
+                                       textBetween(row, 0, last.first == 0 ? 0 : last.first - 1)};
+            }
+            sum = sum + last.amount.value;
+            ++count;
+        }
+        return std::nullopt;
+    }
+
     /// A name above the rows that are about it.
     Parts byBlock() const {
         Parts parts;
         for (const PageRows& page : document_.pages) {
-            std::vector<std::pair<std::size_t, NamedPerson>> starts;
-            for (std::size_t at = 0; at < page.rows.size(); ++at) {
-                const auto named = people_.in(page.rows[at]);
-                if (named.size() == 1
-                    && (starts.empty() || starts.back().second.folded != named[0].folded)) {
-                    starts.emplace_back(at, named[0]);
-                }
-            }
+            const Starts starts = startsIn(page);
             for (std::size_t i = 0; i < starts.size(); ++i) {
                 const bool isLast = i + 1 == starts.size();
                 const std::size_t end = isLast ? page.rows.size() : starts[i + 1].first;
@@ -270,12 +331,7 @@ class Search {
                 }
             }
         }
-        const bool areDistinct = std::ranges::all_of(parts, [&](const PersonAmount& one) {
-            return std::ranges::count(parts, one.person.folded,
-                                      [](const PersonAmount& other) { return other.person.folded; })
-                   == 1;
-        });
-        return areDistinct ? parts : Parts();
+        return areDistinct(parts) ? parts : Parts();
     }
 
     /// What stands behind the last name may be the total of all: then the amount above it counts.

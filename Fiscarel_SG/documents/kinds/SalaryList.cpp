@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/kinds/DocumentFacts.h"
+#include "Fiscarel_SG/documents/kinds/FlatExpenses.h"
 #include "Fiscarel_SG/documents/kinds/FormHeader.h"
 #include "Fiscarel_SG/documents/kinds/People.h"
 #include "Fiscarel_SG/documents/kinds/Prose.h"
@@ -148,7 +149,9 @@ class Deductions {
     Deductions(const FoundAmount& gross, const FoundAmount& net) {
         const PageRows& page = *gross.page;
         for (std::size_t at = gross.row + 1; at < net.row; ++at) {
-            const RowAmount* amount = lastOrNewest(page, at);
+            static const Labels ofWhich{"davon", "dont", "di cui", "of which"};
+            const auto part = findLabel(page.rows[at], ofWhich, page.isRecognised);
+            const RowAmount* amount = part && part->first == 0 ? nullptr : lastOrNewest(page, at);
             if (amount != nullptr && amount->amount.isFirm()) {
                 take(page.rows[at], *amount, page.isRecognised);
             }
@@ -463,6 +466,7 @@ std::vector<SalaryForm> readSalaryLists(const DocumentRows& document) {
     }
     form->isLiechtenstein = isOfPrincipality(document);
     readFormHeader(*form->page, topOf(*form), *form);
+    readFlatExpenses(document, *form);
     return {std::move(*form)};
 }
 

@@ -4,9 +4,11 @@
 #include "Fiscarel_SG/documents/kinds/TableHeading.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/rows/Vocabulary.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
 
 #include <algorithm>
 #include <set>
+#include <string_view>
 
 namespace fiscarel {
 
@@ -43,12 +45,43 @@ bool namesRunningTotal(const Row& words) {
     return findLabel(words, runningTotals(), false).has_value();
 }
 
+/// Whether words are of an earlier year, or of what has changed since.
+bool isFormer(const Row& words) {
+    static const Labels former{
+        "Vorjahr*",    "letztes Jahr", "précédent*", "antérieur*", "passée",      "dernière année",
+        "precedente",  "scorso",       "previous",   "Differenz*", "Abweichung*", "Veränderung*",
+        "différence*", "écart*",       "variation*", "évolution",  "differenza",  "scostamento",
+        "variazion*",  "difference",   "Budget*",    "change"};
+    return findLabel(words, former, false).has_value();
+}
+
+/// The year that words name by its number.
+std::optional<int> yearNumberIn(const Row& words) {
+    std::optional<int> year;
+    for (const RowWord& word : words.words) {
+        const auto day = parseDay(word.text);
+        const std::string_view text = word.text; // "01.01.–31.12.2024"
+        const auto number =
+            day ? std::optional(day->year())
+                : yearOf2000s(text.substr(text.size() - std::min<std::size_t>(text.size(), 4)));
+        year = number ? number : year;
+    }
+    return year;
+}
+
 enum class Span { none, part, year, running };
 
 Span spanOf(const Row& words) {
-    static const Labels former{"Vorjahr*", "précédent*", "precedente", "previous"};
-    if (findLabel(words, former, false)) {
+    static const Labels present{"laufendes Jahr", "Berichtsjahr",   "Lohnjahr",
+                                "année courante", "année en cours", "exercice courant",
+                                "anno corrente",  "anno in corso",  "esercizio corrente",
+                                "current year"};
+    if (isFormer(words)) {
         return Span::none;
+    }
+    static const Labels wholeYears{"01.01 31.12", "1.1 31.12"};
+    if (findLabel(words, present, false) || isAnyIn(words.folded, wholeYears)) {
+        return Span::year;
     }
     if (namesRunningTotal(words)) {
         return Span::running;
@@ -62,7 +95,8 @@ struct YearTable {
     std::size_t year = 0;  ///< its column
     std::size_t parts = 0; ///< how many columns are of a part of it
     bool areHalves = false;
-    bool isSure = false; ///< false: "Montant | Total année" may also head what makes up a wage
+    bool hasFormer = false; ///< a column of an earlier year beside it
+    bool isSure = false;    ///< false: "Montant | Total année" may also head what makes up a wage
 };
 
 /// An amount where it is printed: rows that begin with theirs have been laid out anew.
@@ -74,12 +108,10 @@ RowAmount printedAmount(const RowAmount& amount, const PageRows& page) {
     return real;
 }
 
-/// Whether a row of words names at least three columns.
+/// Whether a row of words heads a table of its own, or tells something else with its value beside.
 bool isHeading(const Row& row) {
-    constexpr std::ptrdiff_t fewest = 3;
-    return !hasFirmAmount(row) && std::ranges::count_if(cellsOf(row), [&](const LabelPlace& cell) {
-                                      return lettersIn(row, cell) > 3;
-                                  }) >= fewest;
+    const auto cells = cellsOf(row);
+    return !hasFirmAmount(row) && cells.size() >= 2 && lettersIn(row, cells.front()) > 3;
 }
 
 /// Whether amounts stand in the year's column and in others: what tells the time above a paper
@@ -122,6 +154,23 @@ std::optional<std::size_t> columnUpTo(const std::vector<TableColumn>& columns) {
     return std::nullopt;
 }
 
+/// The column of the newest of several years; absent where not each column of a year is of another.
+std::optional<std::size_t> newestColumn(const std::vector<TableColumn>& columns) {
+    std::optional<std::size_t> newest;
+    std::set<int> known;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        if (spanOf(columns[i].cell) != Span::year) {
+            continue;
+        }
+        const auto year = yearNumberIn(columns[i].cell);
+        if (!year || !known.insert(*year).second) {
+            return std::nullopt;
+        }
+        newest = *known.rbegin() == *year ? std::optional(i) : newest;
+    }
+    return known.size() >= 2 ? newest : std::nullopt;
+}
+
 std::optional<YearTable> yearTableIn(const PageRows& page, std::size_t at, bool withNext) {
     YearTable table{.heading = tableHeadingIn(page, at, withNext)};
     const auto& columns = table.heading.columns;
@@ -132,6 +181,7 @@ std::optional<YearTable> yearTableIn(const PageRows& page, std::size_t at, bool 
         static const Labels halves{"Halbjahr*", "*halbjahr", "semestre*", "sem."};
         table.areHalves |= findLabel(columns[i].cell, halves, false).has_value();
         table.parts += span == Span::part ? 1U : 0U;
+        table.hasFormer |= isFormer(columns[i].cell);
         if (span == Span::running || (span == Span::year && !isRunning)) {
             years = span == Span::running && !isRunning ? 1 : years + 1;
             isRunning |= span == Span::running;
@@ -143,12 +193,18 @@ std::optional<YearTable> yearTableIn(const PageRows& page, std::size_t at, bool 
         isRunning = true;
         years = 1;
     }
+    if (const auto newest = years >= 2 && !isRunning ? newestColumn(columns) : std::nullopt) {
+        table.year = *newest;
+        table.hasFormer = true;
+        years = 1;
+    }
     if (columns.size() < 2 || years != 1) {
         return std::nullopt;
     }
     const Row& year = columns[table.year].cell;
     const bool isTotal = namesAny(year, {Concept::total}, false); // may be of anything
-    table.isSure = isRunning || table.parts >= 2 || (table.parts == 1 && !isTotal);
+    table.isSure =
+        isRunning || table.hasFormer || table.parts >= 2 || (table.parts == 1 && !isTotal);
     const bool isOne = table.isSure || (isTotal && namesYear(year));
     return isOne && hasColumns(page, table) ? std::optional(std::move(table)) : std::nullopt;
 }
@@ -193,6 +249,9 @@ std::optional<bool> overAt(const PageRows& page, const YearTable& table) {
     SlipMonths months;
     for (std::size_t at = 0; at <= table.heading.row; ++at) {
         months.add(page.rows[at]);
+    }
+    if (table.hasFormer && months.named().empty()) {
+        return true; // years, of which nothing says that the last one is not over
     }
     return table.isSure || !months.named().empty() ? std::optional(months.areOver()) : std::nullopt;
 }

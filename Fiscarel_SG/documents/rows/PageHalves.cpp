@@ -49,16 +49,27 @@ struct Halves {
     double edge = 0; ///< where the right half begins
 };
 
-/// Whether a row is the title of each half, and nothing else. What stands below may be indented.
+/// Whether a row is the title of each half, and nothing else, maybe with what heads its amounts:
+/// "Bezüge   CHF   Abzüge   CHF". What stands below may be indented.
 bool isTitleOf(const Row& row, const Halves& halves) {
     constexpr double indent = 16; // points
     const auto cells = cellsOf(row);
     const auto begins = [](const LabelPlace& cell, double left) {
         return cell.left > left - indent && cell.left <= left + aligned;
     };
-    return cells.size() == 2 && !hasFirmAmount(row) && hasOnlyLabels(row)
-           && begins(cells[0], halves.left) && begins(cells[1], halves.edge)
-           && cells[0].right < halves.edge - indent;
+    const std::size_t own = cells.size() / 2; // cells of a half
+    const bool areOwn = cells.size() == 2
+                        || (cells.size() == 4 && lettersIn(row, cells[0]) > lettersIn(row, cells[1])
+                            && lettersIn(row, cells[2]) > lettersIn(row, cells[3]));
+    return areOwn && !hasFirmAmount(row) && (cells.size() == 4 || hasOnlyLabels(row))
+           && begins(cells[0], halves.left) && begins(cells[own], halves.edge)
+           && cells[own - 1].right < halves.edge - (own == 1 ? indent : 0);
+}
+
+/// Where the title of the right half begins.
+double beginOfRight(const Row& title) {
+    const auto cells = cellsOf(title);
+    return cells[cells.size() / 2].left;
 }
 
 /// Whether a title sets what a customer has beside what he owes.
@@ -108,7 +119,7 @@ std::optional<Halves> halvesAt(const PageRows& page, std::size_t at) {
         }
         titles += isTitle ? 1U : 0U;
         isOfBoth |= isTitle && namesBothSides(above);
-        halves.edge = isTitle ? std::min(halves.edge, cellsOf(above)[1].left) : halves.edge;
+        halves.edge = isTitle ? std::min(halves.edge, beginOfRight(above)) : halves.edge;
     }
     for (; halves.end < rows.size(); ++halves.end) {
         const Row& row = rows[halves.end];

@@ -20,12 +20,23 @@ namespace fiscarel {
 
 namespace {
 
-/// "Konto 2": a small number that belongs to the word before it.
-bool countsItsWord(const Row& row, const RowAmount& amount) {
-    return amount.amount.value < 10 && amount.first > 0
+bool isBehindWord(const Row& row, const RowAmount& amount) {
+    return amount.first > 0
            && row.words[amount.first - 1].folded.find_first_of("abcdefghijklmnopqrstuvwxyz")
                   != std::string::npos
            && amount.place.left - row.words[amount.first - 1].place.right < row.height() / 2;
+}
+
+/// "Konto 2", "Jan 24   Feb 24   Mrz 24": a small number that belongs to the word before it.
+bool countsItsWord(const Row& row, const RowAmount& amount) {
+    constexpr std::ptrdiff_t fewest = 3; // months of a heading
+    return isBehindWord(row, amount)
+           && (amount.amount.value < 10
+               || (amount.amount.value < 100
+                   && std::ranges::count_if(row.amounts, [&](const RowAmount& other) {
+                          return other.amount.value == amount.amount.value
+                                 && !other.amount.hasDecimals && isBehindWord(row, other);
+                      }) >= fewest));
 }
 
 /// Bare numbers in a column of amounts are amounts: "648" above "648.05".

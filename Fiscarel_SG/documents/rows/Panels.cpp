@@ -160,7 +160,10 @@ bool arePanels(const PageRows& page, std::size_t at, std::size_t end,
     });
     const auto shared =
         std::ranges::count_if(labels, [](const auto& label) { return label.second.size() >= 2; });
-    return areFull && shared >= 1;
+    // What is shown to compare may have other labels than what it is compared with.
+    static const Labels comparisons{"Vergleich*", "comparaison", "confronto", "comparison",
+                                    "Vorjahr*",   "précédente",  "precedente"};
+    return areFull && (shared >= 1 || findLabel(head, comparisons, page.isRecognised));
 }
 
 /// Whether a row below panels is about all of them: words in the first, their amount in another.

@@ -223,5 +223,112 @@ TEST(WageYear, boxesMayHaveTheirAmountAboveTheLabelOrBelowTwoLinesOfIt) {
     EXPECT_EQ(valuesOf(below.proposed()), wageOfYear);
 }
 
+struct Account {
+    const char* carried;  ///< what the first page ends with
+    const char* incoming; ///< what the second page begins with; empty: nothing
+    bool hasHeading = true;
+};
+
+/// A wage account that goes on over two pages, or breaks off after the first.
+ScanResult accountOver(const Account& account, int pages) {
+    std::vector<PageReading> sheets;
+    for (int number = 1; number <= pages; ++number) {
+        DrawnPage page;
+        page.number(number).line("Lohnkonto 2024").line("Anna Muster, geboren 3.4.1975");
+        double y = 110;
+        const auto row = [&](const char* label, const std::vector<const char*>& words) {
+            page.text(60, y, label);
+            for (std::size_t i = 0; i < words.size(); ++i) {
+                page.right(260 + 90 * static_cast<double>(i), y, words[i]);
+            }
+            y += 16;
+        };
+        if (number == 1 || account.hasHeading) {
+            row("Monat", {"Bruttolohn", "AHV/ALV", "Pensionskasse", "Nettolohn"});
+        }
+        if (number == 1) {
+            row("Oktober", {"20’000.00", "1’400.00", "1’000.00", "17’600.00"});
+            row("November", {"21’000.00", "1’600.00", "1’050.00", "18’350.00"});
+            row(account.carried, {"41’000.00", "3’000.00", "2’050.00", "35’950.00"});
+        } else if (account.incoming[0] != '\0') {
+            row(account.incoming, {"41’000.00", "3’000.00", "2’050.00", "35’950.00"});
+        }
+        if (number == 2) {
+            row("Dezember", {"21’000.00", "1’500.00", "1’050.00", "18’450.00"});
+            row("Total 2024", {"62’000.00", "4’500.00", "3’100.00", "54’400.00"});
+        }
+        sheets.push_back(page.page());
+    }
+    ScanResult result;
+    propose({.pages = sheets, .pageCount = pages}, result);
+    return result;
+}
+
+TEST(WageYear, whatAPageCarriesOverIsNoWageOfAYear) {
+    for (const Account& row : {
+             Account{"Übertrag", "Übertrag"},
+             Account{"Übertrag auf Seite 2", "Übertrag von Seite 1", false},
+             Account{"À reporter", "Report"},
+             Account{"Da riportare", "Riporto"},
+             Account{"Zwischentotal", ""},
+             Account{"Total", ""},
+             Account{"Stand November", "Stand November"},
+         }) {
+        const ScanResult whole = accountOver(row, 2);
+        ASSERT_EQ(whole.records.size(), 1U) << row.carried;
+        EXPECT_EQ(amountsOf(whole), wageOfYear) << row.carried;
+    }
+    for (const char* carried : {"Übertrag", "À reporter", "Da riportare", "Zwischensumme"}) {
+        EXPECT_TRUE(accountOver({carried, ""}, 1).proposals.empty()) << carried;
+    }
+}
+
+TEST(WageYear, anEarlierYearBesideIsLeftOut) {
+    struct Columns {
+        const char* own;
+        const char* former;
+        bool isSwapped = false;
+    };
+    for (const Columns& row :
+         {Columns{"2024", "2023"}, Columns{"2024", "2023", true}, Columns{"2024", "Vorjahr"},
+          Columns{"Année 2024", "Année précédente"},
+          Columns{"Anno 2024", "Anno precedente", true}}) {
+        DrawnPage page;
+        page.line("Lohnabrechnung kumuliert").line("Anna Muster");
+        double y = 110;
+        const auto line = [&](const char* label, const char* own, const char* former,
+                              const char* change) {
+            page.text(60, y, label);
+            page.right(row.isSwapped ? 420 : 320, y, own)
+                .right(row.isSwapped ? 320 : 420, y, former);
+            page.right(520, y, change);
+            y += 16;
+        };
+        line("", row.own, row.former, "Differenz");
+        line("Bruttolohn", "62’000.00", "58’000.00", "4’000.00");
+        line("AHV/IV/EO/ALV", "-4’500.00", "-4’200.00", "-300.00");
+        line("Pensionskasse", "-3’100.00", "-3’000.00", "-100.00");
+        line("Nettolohn", "54’400.00", "50’800.00", "3’600.00");
+        EXPECT_EQ(amountsOf(page.proposed()), wageOfYear) << row.own << ' ' << row.former;
+    }
+}
+
+TEST(WageYear, earningsAndDeductionsMayStandBesideEachOther) {
+    DrawnPage page;
+    page.line("RIEPILOGO SALARIO 2024").line("valido quale certificato di salario");
+    const auto row = [&](double y, const std::vector<const char*>& words) {
+        page.text(60, y, words[0]).right(270, y, words[1]);
+        page.text(310, y, words[2]).right(540, y, words[3]);
+    };
+    row(110, {"Competenze", "CHF", "Trattenute", "CHF"});
+    row(130, {"Stipendio mensile", "58’000.00", "AVS / AI / IPG", "3’300.00"});
+    row(146, {"Tredicesima", "4’000.00", "Disoccupazione e INP", "1’200.00"});
+    row(162, {"", "", "LPP (quota dipendente)", "3’100.00"});
+    row(178, {"Totale lordo", "62’000.00", "Totale trattenute", "7’600.00"});
+    page.text(310, 194, "di cui oneri sociali AVS/INP").right(540, 194, "4’500.00");
+    page.text(200, 240, "Salario netto").text(200, 256, "CHF 54’400.00");
+    EXPECT_EQ(amountsOf(page.proposed()), wageOfYear);
+}
+
 } // namespace
 } // namespace fiscarel
