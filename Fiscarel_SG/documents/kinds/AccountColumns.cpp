@@ -49,6 +49,25 @@ bool isOfExchange(const Row& cell) {
               });
 }
 
+bool isYearNumber(const std::string& word) {
+    const auto number = parseAmount(word);
+    return number && number->isYearLike();
+}
+
+/// Whether a cell is the number of an account or loan: "3.044.118-01", "CH93 0076 2011 6238 5295
+/// 7".
+bool isNumber(const Row& row, const LabelPlace& cell) {
+    constexpr std::ptrdiff_t fewest = 5; // digits
+    std::ptrdiff_t digits = 0;
+    for (const RowWord& word : wordsOf(row, cell)) {
+        digits += std::ranges::count_if(word.text, [](char c) { return c >= '0' && c <= '9'; });
+        if (parseDay(word.text) || isYearNumber(word.text)) {
+            return false;
+        }
+    }
+    return digits >= fewest && !hasFirmAmount(row, cell);
+}
+
 /// The headings of a row that name no figures, without that of the total.
 std::vector<LabelPlace> accountCells(const PageRows& page, std::size_t at) {
     const Row& row = page.rows[at];
@@ -74,7 +93,7 @@ std::vector<LabelPlace> accountCells(const PageRows& page, std::size_t at) {
                 || isOverWords(page, at, all))) {
             continue;
         }
-        if (isOther || lettersIn(row, cell) < 3) {
+        if (isOther || (lettersIn(row, cell) < 3 && !isNumber(row, cell))) {
             return {};
         }
         if (!namesAny(own, {Concept::total}, page.isRecognised)) {
