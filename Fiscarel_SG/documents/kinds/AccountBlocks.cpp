@@ -245,11 +245,12 @@ std::vector<std::size_t> startsByName(const PageRows& page,
 } // namespace
 
 bool namesShares(const Row& row) {
+    constexpr std::size_t longest = 5; // words of a title
     const auto cells = cellsOf(row);
     // "3. Anteilscheine   Valor 8892595"
-    const bool isNumbered = cells.size() == 2 && mentionsShares(row) && hasNumber(row)
-                            && cells[1].last - cells[1].first <= 2;
-    return row.words.size() <= 6 && !hasFirmAmount(row) && (cells.size() == 1 || isNumbered)
+    const bool isNumbered = cells.size() == 2 && cells[0].last < longest && hasNumber(row)
+                            && cells[1].last - cells[1].first < longest;
+    return !hasFirmAmount(row) && ((cells.size() == 1 && row.words.size() <= longest) || isNumbered)
            && mentionsShares(row);
 }
 

@@ -129,6 +129,17 @@ Row labelBefore(const Row& row, std::size_t from, std::size_t end) {
     return label;
 }
 
+/// The words of the cell over an amount in the row above, which has no amount there.
+Row labelAbove(const Row& above, const RowAmount& amount) {
+    for (const LabelPlace& cell : cellsOf(above)) {
+        if (cell.left < amount.place.right && amount.place.left < cell.right
+            && !hasFirmAmount(above, cell)) {
+            return labelBefore(above, cell.first, cell.last + 1);
+        }
+    }
+    return {};
+}
+
 /// What is stated of a security, or of an account among securities, in the rows of its card.
 class CardReader {
   public:
@@ -145,8 +156,13 @@ class CardReader {
                 arePiecesBefore = true;
                 continue;
             }
-            const Row label = labelBefore(row, from, amount.first);
-            const auto stated = statedIn(label, arePiecesBefore);
+            Row label = labelBefore(row, from, amount.first);
+            auto stated = statedIn(label, arePiecesBefore);
+            if (!stated && at > 0) {
+                Row above = labelAbove(page_.rows[at - 1], amount);
+                stated = statedIn(above, false);
+                label = stated ? std::move(above) : std::move(label);
+            }
             const bool isCount = stated == Stated::quantity && !amount.amount.isYearLike();
             if (!amount.amount.isFirm() && !isCount) {
                 continue; // part of the label: "Dividende 2024"
@@ -276,17 +292,26 @@ struct Card {
     std::size_t end = 0;
 };
 
-bool isTotal(const PageRows& page, std::size_t at) {
-    return hasFirmAmount(page.rows[at])
-           && namesAny(page.rows[at], {Concept::total}, page.isRecognised);
+/// Whether a row is the total of all: "Steuerwert total" in a card is only that of its security.
+bool isTotal(const PageRows& page, std::size_t row, const Security& security) {
+    const Row& words = page.rows[row];
+    const auto total = hasFirmAmount(words)
+                           ? findLabel(words, wordsFor(Concept::total), page.isRecognised)
+                           : std::nullopt;
+    if (!total || !at(security.amounts, Stated::value)) {
+        return total && total->first == 0;
+    }
+    const auto stated =
+        statedBy(labelBefore(words, 0, words.amounts.back().first), page.isRecognised);
+    return total->first == 0 || words.amounts.size() > 1 || !stated || stated == Stated::value;
 }
 
 /// Whether a value is stated in rows, before a total of all.
 bool statesValue(const PageRows& page, std::size_t first, std::size_t end) {
     Security any;
     CardReader reader(page, any);
-    for (std::size_t at = first; at < end && !isTotal(page, at); ++at) {
-        reader.read(at);
+    for (std::size_t row = first; row < end && !isTotal(page, row, any); ++row) {
+        reader.read(row);
     }
     return at(any.amounts, Stated::value).has_value();
 }
@@ -342,7 +367,7 @@ Security securityOf(const PageRows& page, const Card& card) {
     }
     CardReader reader(page, security);
     for (std::size_t at = card.first; at < card.end; ++at) {
-        if (!isTotal(page, at)) {
+        if (!isTotal(page, at, security)) {
             reader.read(at);
         } else if (fiscarel::at(security.amounts, Stated::value)) {
             break; // of all
