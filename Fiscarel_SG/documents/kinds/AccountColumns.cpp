@@ -211,6 +211,8 @@ bool statesFigures(const PageRows& page, std::size_t at, double left) {
 /// Whether columns are of loans: what heads their numbers says so, or the page's title where they
 /// are headed by numbers alone.
 bool areOfLoans(const PageRows& page, std::size_t at, const std::vector<LabelPlace>& cells) {
+    static const Labels titles{"Schulden*",    "Schuldzins*", "Hypothek*", "Kredit*", "Darlehens*",
+                               "hypothécair*", "ipotecari*",  "crédits",   "crediti"};
     constexpr std::size_t tallest = 3; // rows of a heading
     for (std::size_t row = at + 1; row-- > 0 && at - row < tallest;) {
         const auto heads = cellsOf(page.rows[row]);
@@ -229,7 +231,8 @@ bool areOfLoans(const PageRows& page, std::size_t at, const std::vector<LabelPla
         if (namesAny(page.rows[row], {Concept::account}, page.isRecognised)) {
             return false;
         }
-        isTitled |= namesAny(page.rows[row], {Concept::debt}, page.isRecognised);
+        isTitled |= namesAny(page.rows[row], {Concept::debt}, page.isRecognised)
+                    || isAnyIn(page.rows[row].folded, titles);
     }
     return isTitled;
 }

@@ -142,7 +142,8 @@ void proposeField(const KindContext& context, const LabelledField& row, RecordsB
     auto all = column ? std::vector{*column} : findAmounts(ranges, row.wanted);
     const bool isPillar = row.field == std::string_view("pillar3a");
     auto whole = isPillar && haveOneLabel(all) ? wholeOfParts(context.document, all) : std::nullopt;
-    auto list = isPillar && !whole ? paymentsOf(context.document, context.facts.year) : std::nullopt;
+    auto list =
+        isPillar && !whole ? paymentsOf(context.document, context.facts.year) : std::nullopt;
     if (list && !(all.empty() ? list->whole.check.has_value() : areIn(list->rows, all))) {
         list.reset(); // what else was found may be their total
     }

@@ -4,6 +4,7 @@
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
 
 #include <array>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -54,6 +55,8 @@ class SecurityList {
 
     std::vector<Security> all;
     StatedAmounts totals;
+    std::vector<std::shared_ptr<const PageRows>>
+        parts; ///< of the page, those the amounts point into
 
     Decimal sumOf(Stated stated) const;
     /// How many securities number times price proves.

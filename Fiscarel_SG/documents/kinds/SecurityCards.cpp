@@ -1,9 +1,11 @@
 #include "Fiscarel_SG/documents/kinds/SecurityCards.h"
 
 #include "Fiscarel_SG/documents/kinds/AccountPages.h"
+#include "Fiscarel_SG/documents/kinds/TableHeading.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 
 #include <algorithm>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -413,6 +415,37 @@ std::optional<SecurityList> securityPairs(const KindContext& context, const Page
         }
         list.all.push_back(std::move(security));
     }
+    if (list.all.size() < 2) {
+        return std::nullopt;
+    }
+    list.settleIncome();
+    return list;
+}
+
+std::optional<SecurityList> securityColumns(const KindContext& context, const PageRows& page) {
+    SecurityList list(context, page);
+    for (std::size_t row = 0; row < page.rows.size() && page.number != 0; ++row) {
+        std::vector<LabelPlace> numbers;
+        for (const LabelPlace& cell : cellsOf(page.rows[row])) {
+            if (hasIsin(rowOfWords(wordsOf(page.rows[row], cell), page.isRecognised))) {
+                numbers.push_back(cell);
+            }
+        }
+        if (numbers.size() < 2 || hasFirmAmount(page.rows[row])) {
+            continue;
+        }
+        for (PageRows& own : columnsAsPages(page, row - (row > 0 ? 1 : 0), numbers)) {
+            list.parts.push_back(std::make_shared<const PageRows>(std::move(own)));
+            const PageRows& part = *list.parts.back();
+            const auto number = std::ranges::find_if(part.rows, hasIsin);
+            const auto at = static_cast<std::size_t>(number - part.rows.begin());
+            if (at < part.rows.size()) {
+                list.all.push_back(securityOf(part, {at, at, part.rows.size()}));
+            }
+        }
+        break;
+    }
+    std::erase_if(list.all, [](const Security& one) { return !at(one.amounts, Stated::value); });
     if (list.all.size() < 2) {
         return std::nullopt;
     }

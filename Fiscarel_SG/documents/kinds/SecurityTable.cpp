@@ -299,7 +299,7 @@ std::optional<SecurityList> tableOf(const KindContext& context, const PageRows& 
 } // namespace
 
 bool proposeSecurities(const KindContext& context, const PageRows& page, ProposalDraft& draft) {
-    for (const auto listOf : {tableOf, securityPairs, securityCards}) {
+    for (const auto listOf : {tableOf, securityColumns, securityPairs, securityCards}) {
         if (const auto list = listOf(context, page)) {
             list->propose(draft);
             return true;

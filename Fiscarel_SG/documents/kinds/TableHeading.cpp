@@ -309,8 +309,10 @@ PageRows rowAsPage(const PageRows& page, std::size_t at, const TableHeading& hea
 }
 
 std::optional<bool> taxednessOf(const Row& words, bool areNamed) {
-    static const Labels without{"ohne",        "o. VSt", "nicht",     "sans",
-                                "non soumis*", "senza",  "non sogg*", "verrechnungssteuerfrei*"};
+    static const Labels without{
+        "ohne",         "o. VSt",       "nicht",       "sans",
+        "non soumis*",  "senza",        "non sogg*",   "verrechnungssteuerfrei*",
+        "esente da IP", "esenti da IP", "exonéré d'IA"};
     static const Labels with{
         "mit", "m. VSt", "avec", "soumis*", "con", "soggett*", "verrechnungssteuerpfl*"};
     // Words that tell only where they stand beside the tax.
