@@ -287,13 +287,21 @@ std::optional<FoundAmount> amountOfLastDay(const RowRange& range) {
 } // namespace
 
 bool namesShares(const Row& row) {
-    return row.words.size() <= 5 && !hasFirmAmount(row) && cellsOf(row).size() == 1
+    constexpr std::size_t longest = 5; // words of a title
+    const auto cells = cellsOf(row);
+    // "3. Anteilscheine   Valor 8892595"
+    const bool isNumbered = cells.size() == 2 && cells[0].last < longest && hasNumber(row)
+                            && cells[1].last - cells[1].first < longest;
+    return !hasFirmAmount(row) && ((cells.size() == 1 && row.words.size() <= longest) || isNumbered)
            && mentionsShares(row);
 }
 
 bool isTitledAsLoan(const PageRows& page, std::size_t start) {
     for (std::size_t at = start; at < std::min(page.rows.size(), start + tallest); ++at) {
-        if (namesLoan(page, at)) {
+        // "Festhypothek 10 Jahre   Konto 504.118.6" is no account.
+        const bool isFirst =
+            beginsWith(page, at, Concept::debt) && !beginsWith(page, at, Concept::account);
+        if (namesLoan(page, at) || (isFirst && !hasFirmAmount(page.rows[at]))) {
             return true;
         }
         if (hasFirmAmount(page.rows[at])) {

@@ -49,6 +49,25 @@ bool isOfExchange(const Row& cell) {
               });
 }
 
+bool isYearNumber(const std::string& word) {
+    const auto number = parseAmount(word);
+    return number && number->isYearLike();
+}
+
+/// Whether a cell is the number of an account or loan: "3.044.118-01", "CH93 0076 2011 6238 5295
+/// 7".
+bool isNumber(const Row& row, const LabelPlace& cell) {
+    constexpr std::ptrdiff_t fewest = 5; // digits
+    std::ptrdiff_t digits = 0;
+    for (const RowWord& word : wordsOf(row, cell)) {
+        digits += std::ranges::count_if(word.text, [](char c) { return c >= '0' && c <= '9'; });
+        if (parseDay(word.text) || isYearNumber(word.text)) {
+            return false;
+        }
+    }
+    return digits >= fewest && !hasFirmAmount(row, cell);
+}
+
 /// The headings of a row that name no figures, without that of the total.
 std::vector<LabelPlace> accountCells(const PageRows& page, std::size_t at) {
     const Row& row = page.rows[at];
@@ -74,7 +93,7 @@ std::vector<LabelPlace> accountCells(const PageRows& page, std::size_t at) {
                 || isOverWords(page, at, all))) {
             continue;
         }
-        if (isOther || lettersIn(row, cell) < 3) {
+        if (isOther || (lettersIn(row, cell) < 3 && !isNumber(row, cell))) {
             return {};
         }
         if (!namesAny(own, {Concept::total}, page.isRecognised)) {
@@ -130,7 +149,8 @@ std::size_t endOfColumns(const PageRows& page, std::size_t at, double left) {
             !hasFirmAmount(row) && !cells.empty() && cells.front().left < left
             && cells.front().last <= 3
             && std::all_of(cells.begin() + 1, cells.end(), [&](const LabelPlace& cell) {
-                   return lettersIn(row, cell) == 0
+                   const auto amount = parseAmount(row.words[cell.first].text);
+                   return lettersIn(row, cell) == 0 && !(amount && amount->isFirm())
                           && row.words[cell.first].text.find_first_of("0123456789")
                                  != std::string::npos;
                });
@@ -188,6 +208,35 @@ bool statesFigures(const PageRows& page, std::size_t at, double left) {
     return stated.size() >= 2;
 }
 
+/// Whether columns are of loans: what heads their numbers says so, or the page's title where they
+/// are headed by numbers alone.
+bool areOfLoans(const PageRows& page, std::size_t at, const std::vector<LabelPlace>& cells) {
+    static const Labels titles{"Schulden*",    "Schuldzins*", "Hypothek*", "Kredit*", "Darlehens*",
+                               "hypothécair*", "ipotecari*",  "crédits",   "crediti"};
+    constexpr std::size_t tallest = 3; // rows of a heading
+    for (std::size_t row = at + 1; row-- > 0 && at - row < tallest;) {
+        const auto heads = cellsOf(page.rows[row]);
+        Row first;
+        first.words = heads.empty() ? std::vector<RowWord>() : wordsOf(page.rows[row], heads[0]);
+        const bool isOverAll = heads.size() > cells.size() && heads[0].left < cells[0].left;
+        if (isOverAll && namesAny(first, {Concept::debt}, page.isRecognised)
+            && !namesAny(first, {Concept::account}, page.isRecognised)) {
+            return true;
+        }
+    }
+    const bool areNumbers = std::ranges::all_of(
+        cells, [&](const LabelPlace& cell) { return isNumber(page.rows[at], cell); });
+    bool isTitled = false;
+    for (std::size_t row = 0; row <= at && areNumbers; ++row) {
+        if (namesAny(page.rows[row], {Concept::account}, page.isRecognised)) {
+            return false;
+        }
+        isTitled |= namesAny(page.rows[row], {Concept::debt}, page.isRecognised)
+                    || isAnyIn(page.rows[row].folded, titles);
+    }
+    return isTitled;
+}
+
 } // namespace
 
 AccountColumns accountColumns(const PageRows& page) {
@@ -199,7 +248,7 @@ AccountColumns accountColumns(const PageRows& page) {
         PageRows table = page;
         const std::size_t end = endOfColumns(page, at, cells.front().left);
         table.rows.resize(std::min(end, endOfFigures(page, at, cells.front().left)));
-        AccountColumns columns{columnsAsPages(table, at, cells), end};
+        AccountColumns columns{columnsAsPages(table, at, cells), end, areOfLoans(page, at, cells)};
         for (std::size_t i = 0; i < cells.size() && i < columns.parts.size(); ++i) {
             auto& rows = columns.parts[i].rows; // what stands left of the names heads the labels
             if (!rows.empty() && rows.front().top == page.rows[at].top) {

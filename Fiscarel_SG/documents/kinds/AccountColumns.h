@@ -13,7 +13,8 @@ struct AccountColumns {
     /// that begins with the heading; those of years before the newest are left out. Empty for a
     /// page set otherwise.
     std::vector<PageRows> parts;
-    std::size_t end = 0; ///< row behind the table: of the page's end, or of a loan's title
+    std::size_t end = 0;   ///< row behind the table: of the page's end, or of a loan's title
+    bool areLoans = false; ///< told so once for all columns
 };
 
 AccountColumns accountColumns(const PageRows& page);

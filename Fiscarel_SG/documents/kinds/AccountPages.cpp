@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/AccountPages.h"
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+#include "Fiscarel_SG/documents/kinds/TableHeading.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "TaxCore/base/Iban.h"
 
@@ -190,6 +191,50 @@ std::optional<LabelPlace> untaxedIn(const Row& row, bool isRecognised) {
     return std::nullopt;
 }
 
+/// Whether words go on to the amount of interest that is part of what was told before: "sono
+/// compresi interessi passivi per 570.51 CHF".
+bool statesAmount(const Row& row, std::size_t interest) {
+    static const Labels leading{"per", "von", "di", "de", "pour", "da", "Höhe von", "à"};
+    constexpr std::size_t farthest = 3; // words from the interest to its amount
+    return std::ranges::any_of(row.amounts, [&](const RowAmount& amount) {
+        std::size_t before = amount.first;
+        while (before > interest + 1 && isFrancs(row.words[before - 1].text)) {
+            --before;
+        }
+        return amount.amount.isFirm() && before > interest + 1 && before - interest <= farthest + 1
+               && isAnyIn(row.words[before - 1].folded, leading);
+    });
+}
+
+/// The words of a row that say, beside an income told as gross, that tax was withheld from it:
+/// "Bruttozins (Verrechnungssteuer 35 % abgezogen)". Only above 200 francs, from which it is due
+/// (VStG Art. 5 para. 1 c).
+std::optional<LabelPlace> taxedIn(const Row& row, bool isRecognised) {
+    const auto tax = findLabel(row, wordsFor(Concept::withholding), isRecognised);
+    const auto gross = findLabel(row, wordsFor(Concept::gross), isRecognised);
+    const auto amount =
+        std::ranges::find_if(row.amounts, [](const RowAmount& one) { return one.amount.isFirm(); });
+    if (!tax || !gross || amount == row.amounts.end() || gross->last >= tax->first
+        || tax->first >= amount->first || amount->amount.value <= 200) {
+        return std::nullopt;
+    }
+    const auto open = std::find_if(row.words.begin(), row.words.end(),
+                                   [](const RowWord& word) { return word.text.starts_with('('); });
+    const auto first = static_cast<std::size_t>(open - row.words.begin());
+    Row aside;
+    std::size_t last = first;
+    while (last < amount->first) {
+        aside.folded += row.words[last].folded + ' ';
+        if (row.words[last++].text.ends_with(')')) {
+            break;
+        }
+    }
+    const bool isAside = first > gross->last && first <= tax->first && last > tax->last;
+    return isAside && taxednessOf(aside, true).value_or(false) ? std::optional(LabelPlace{
+               first, last - 1, row.words[first].place.left, row.words[last - 1].place.right})
+                                                               : std::nullopt;
+}
+
 /// The words of a row that only add the rate to an amount before it, "4'131.00   tasso 1.35 %",
 /// "CHF 3'071.25, au taux de 2.25 %".
 std::optional<LabelPlace> rateIn(const Row& row, bool isRecognised) {
@@ -227,7 +272,7 @@ void hideAsides(Row& row, bool isRecognised) {
     bool isHidden = false;
     for (std::size_t i = 1; i < words.size(); ++i) {
         if (begin && begin->first > 0 && isOfInterest(words[i]) && begin->last < i
-            && i - begin->last <= farthest) {
+            && i - begin->last <= farthest && !statesAmount(row, i)) {
             hide(begin->first, i);
             isHidden = true;
         } else if (end && isOfInterest(words[i]) && i < end->first && end->first - i < farthest) {
@@ -255,6 +300,10 @@ void hideAsides(Row& row, bool isRecognised) {
     }
     if (const auto untaxed = untaxedIn(row, isRecognised)) {
         hide(untaxed->first, untaxed->last);
+        isHidden = true;
+    }
+    if (const auto taxed = taxedIn(row, isRecognised)) {
+        hide(taxed->first, taxed->last);
         isHidden = true;
     }
     if (isHidden) {

@@ -70,7 +70,7 @@ class AccountMapper {
             addEntry({.figures = figuresByLabel(range),
                       .number = ibans.empty() ? std::string() : ibans.front().text,
                       .range = range,
-                      .isLoan = !own.rows.empty() && namesLoan(own, 0)});
+                      .isLoan = columns.areLoans || (!own.rows.empty() && namesLoan(own, 0))});
         }
         if (!columns.parts.empty() && columns.end < page.rows.size()) {
             PageRows rest = page;

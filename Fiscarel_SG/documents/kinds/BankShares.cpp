@@ -64,11 +64,17 @@ Figures figuresOfShares(const RowRange& range) {
                                   "remunerazione", "rémunération", "intérêt statutaire",
                                   "intérêts statutaires", "interesse statutario", "Anteilzins*"},
                                  {"netto", "net", "nette", "netta", "Zinssatz", "taux", "tasso"}};
+    // Told with the tax, "Interesse lordo (imposta preventiva dedotta)", which no account is.
+    static const Wanted gross{{"Interesse lordo", "Interessi lordi", "Intérêt brut",
+                               "Intérêts bruts", "Zins brutto", "Bruttozins*", "Bruttoertrag*",
+                               "Rendement brut", "Reddito lordo", "Ertrag brutto", "Revenu brut"},
+                              {"netto", "net", "nette", "netta", "Zinssatz", "taux", "tasso"}};
     Figures figures = figuresByLabel(range);
     auto& balance = figures[static_cast<std::size_t>(Figure::balance)];
     auto& income = figures[static_cast<std::size_t>(Figure::interest)];
     balance = balance ? balance : findFirst({range}, nominal);
     income = income ? income : findFirst({range}, dividend);
+    income = income ? income : findFirst({range}, gross);
     return figures;
 }
 

@@ -5,8 +5,8 @@
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 
 #include <algorithm>
-#include <cmath>
 #include <array>
+#include <cmath>
 #include <string_view>
 #include <utility>
 

@@ -65,13 +65,16 @@ std::optional<Stated> incomeBy(const Row& words, bool areNamed) {
     return taxed ? std::optional(*taxed ? Stated::withTax : Stated::withoutTax) : std::nullopt;
 }
 
-std::optional<Stated> statedBy(const Row& cell, bool isRecognised) {
+std::optional<Stated> statedBy(const Row& cell, bool isRecognised, std::size_t most) {
     static const Labels numbers{"Valor",         "Valor-Nr*",        "Valoren*",    "Valorennummer",
                                 "N° de valeur",  "No de valeur",     "No valeur",   "ISIN",
                                 "numero valore", "numero di valore", "n. di valore"};
-    static const Labels quantities{"Anzahl",   "Stück*",  "Stk",      "Nominal*", "Bestand",
-                                   "Menge",    "Nombre",  "Quantité", "Quantità", "Nennwert",
-                                   "Quantity", "Anteile", "unités"};
+    static const Labels quantities{
+        "Anzahl",          "Stück*",        "Stk",           "Nominal*",         "Bestand",
+        "Menge",           "Nombre",        "Quantité",      "Quantità",         "Nennwert",
+        "Quantity",        "Anteile",       "unités",        "numero di titoli", "numero di azioni",
+        "numero di quote", "numero titoli", "numero azioni", "numero quote",     "numero di pezzi",
+        "pezzi",           "pièces",        "Aktienzahl",    "titres détenus",   "parts détenues"};
     static const Labels prices{"Kurs",   "Kurs*", "Steuerkurs*", "Cours", "Corso",
                                "Prezzo", "Preis", "Prix",        "Price"};
     static const Labels values{
@@ -89,7 +92,7 @@ std::optional<Stated> statedBy(const Row& cell, bool isRecognised) {
     const auto says = [&](const Labels& labels) {
         return findLabel(cell, labels, isRecognised).has_value();
     };
-    if (says(numbers) || cell.words.size() > 6) {
+    if (says(numbers) || cell.words.size() > most) {
         return std::nullopt;
     }
     const auto taxed = incomeBy(cell);
@@ -138,11 +141,12 @@ Decimal SecurityList::sumOf(Stated stated) const {
     return sum;
 }
 
-bool SecurityList::isProven() const {
-    return std::ranges::count_if(all,
-                                 [](const Security& one) { return productCheck(one).has_value(); })
-           >= 2;
+std::size_t SecurityList::countProven() const {
+    return static_cast<std::size_t>(std::ranges::count_if(
+        all, [](const Security& one) { return productCheck(one).has_value(); }));
 }
+
+bool SecurityList::isProven() const { return countProven() >= 2; }
 
 bool SecurityList::isPrinted(const Decimal& sum) const {
     return std::ranges::any_of(page_.rows, [&](const Row& row) {

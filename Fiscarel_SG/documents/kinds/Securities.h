@@ -4,6 +4,7 @@
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
 
 #include <array>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -24,8 +25,9 @@ inline std::optional<FoundAmount> at(StatedAmounts&& amounts, Stated stated) {
     return std::move(amounts[static_cast<std::size_t>(stated)]);
 }
 
-/// What words state of a security; absent for numbers and other words.
-std::optional<Stated> statedBy(const Row& words, bool isRecognised);
+/// What words state of a security; absent for numbers and other words,
+/// and for more than `most`.
+std::optional<Stated> statedBy(const Row& words, bool isRecognised, std::size_t most = 6);
 /// Income with or without tax, where words tell.
 std::optional<Stated> incomeBy(const Row& words, bool areNamed = false);
 
@@ -53,9 +55,13 @@ class SecurityList {
 
     std::vector<Security> all;
     StatedAmounts totals;
+    std::vector<std::shared_ptr<const PageRows>>
+        parts; ///< of the page, those the amounts point into
 
     Decimal sumOf(Stated stated) const;
-    /// Whether number times price proves more than one security.
+    /// How many securities number times price proves.
+    std::size_t countProven() const;
+    /// Whether it proves more than one.
     bool isProven() const;
     /// Puts income where the tax that was kept back of it, or that there was none, says.
     void settleByTax();

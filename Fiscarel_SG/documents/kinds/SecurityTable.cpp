@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/AccountPages.h"
 #include "Fiscarel_SG/documents/kinds/Securities.h"
+#include "Fiscarel_SG/documents/kinds/SecurityCards.h"
 #include "Fiscarel_SG/documents/kinds/TableHeading.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 
@@ -295,171 +296,10 @@ std::optional<SecurityList> tableOf(const KindContext& context, const PageRows& 
     return std::nullopt;
 }
 
-/// Whether a cell says by a word or a dash that there is no amount.
-bool saysNoAmount(const Row& row, const LabelPlace& cell) {
-    return saysNone(row, cell) || (cell.first == cell.last && row.words[cell.first].folded.empty());
-}
-
-/// What the labels of a row state, each with the amount behind it; a label may have none.
-void readLabels(const PageRows& page, std::size_t at, Security& security) {
-    const Row& row = page.rows[at];
-    Stated stated = Stated::value;
-    bool isStated = false;
-    std::string label;
-    for (const LabelPlace& cell : cellsOf(row)) {
-        const auto amount = std::ranges::find_if(row.amounts, [&](const RowAmount& one) {
-            return one.first >= cell.first && one.last <= cell.last;
-        });
-        if (lettersIn(row, cell) >= 3 || amount == row.amounts.end()) {
-            Row words;
-            words.words = wordsOf(row, cell);
-            for (const RowWord& word : words.words) {
-                words.folded += word.folded + ' ';
-            }
-            const auto own = statedBy(words, page.isRecognised);
-            const bool isBalance =
-                security.isAccount && namesAny(words, {Concept::balance}, page.isRecognised);
-            isStated = own.has_value() || isBalance;
-            stated = own.value_or(Stated::value);
-            label = textBetween(row, cell.first, cell.last);
-        }
-        if (isStated && stated == Stated::tax && saysNoAmount(row, cell)) {
-            security.put(stated, FoundAmount{.page = &page, .row = at, .label = label});
-            isStated = false;
-        }
-        if (isStated && amount != row.amounts.end()
-            && (stated == Stated::quantity || amount->amount.isFirm())) {
-            security.put(stated,
-                         FoundAmount{.page = &page, .row = at, .amount = *amount, .label = label});
-            isStated = false;
-        }
-    }
-}
-
-/// Securities and accounts one below the other, each with its number above its labels and amounts;
-/// absent when the page has not two such securities.
-std::optional<SecurityList> blocksOf(const KindContext& context, const PageRows& page) {
-    SecurityList list(context, page);
-    for (std::size_t i = 0; i < page.rows.size() && page.number != 0; ++i) {
-        const Row& row = page.rows[i];
-        const auto iban = ibanIn(row, i);
-        if ((iban || hasIsin(row)) && !hasFirmAmount(row) && !isContactLine(page, row)) {
-            Security security;
-            security.isAccount = iban.has_value();
-            readNames(row, iban ? iban->first : row.words.size(), security);
-            security.number = iban ? iban->text : security.number;
-            list.all.push_back(std::move(security));
-        } else if (!list.all.empty()) {
-            readLabels(page, i, list.all.back());
-        }
-    }
-    std::erase_if(list.all, [](const Security& one) { return !at(one.amounts, Stated::value); });
-    const auto securities =
-        std::ranges::count_if(list.all, [](const Security& one) { return !one.isAccount; });
-    if (securities < 2) {
-        return std::nullopt;
-    }
-    list.settleIncome();
-    return list;
-}
-
-/// How many pieces a cell begins with: "18 Stk.", "25 azioni"; null for other cells.
-const RowAmount* piecesIn(const Row& row, const LabelPlace& cell) {
-    static const Labels pieces{"Stk*",   "Stück*", "Anteil*", "Aktie*", "Namenaktie*", "pezzi",
-                               "pz",     "azioni", "quote",   "titoli", "actions",     "titres",
-                               "pièces", "pces",   "parts",   "unités", "unità"};
-    const auto amount = std::ranges::find_if(row.amounts, [&](const RowAmount& one) {
-        return one.first == cell.first && one.last < cell.last && one.amount.value > 0;
-    });
-    return amount != row.amounts.end() && isAnyIn(row.words[amount->last + 1].folded, pieces)
-               ? &*amount
-               : nullptr;
-}
-
-/// What the cells of a row state, each with its words and the amount behind them: "18 Stk.",
-/// "Steuerwert CHF 2'648.70".
-void readCells(const PageRows& page, std::size_t at, Security& security) {
-    const Row& row = page.rows[at];
-    for (const LabelPlace& cell : cellsOf(row)) {
-        if (const RowAmount* pieces = piecesIn(row, cell)) {
-            security.put(Stated::quantity,
-                         FoundAmount{.page = &page,
-                                     .row = at,
-                                     .amount = *pieces,
-                                     .label = textBetween(row, cell.first, cell.last)});
-            continue;
-        }
-        const auto amount = std::ranges::find_if(row.amounts, [&](const RowAmount& one) {
-            return one.first > cell.first && one.last == cell.last && one.amount.isFirm();
-        });
-        if (amount == row.amounts.end()) {
-            continue;
-        }
-        Row words;
-        for (std::size_t i = cell.first; i < amount->first; ++i) {
-            if (!isFrancs(row.words[i].text)) {
-                words.words.push_back(row.words[i]);
-                words.folded += row.words[i].folded + ' ';
-            }
-        }
-        if (const auto stated = statedBy(words, page.isRecognised)) {
-            security.put(*stated,
-                         FoundAmount{.page = &page,
-                                     .row = at,
-                                     .amount = *amount,
-                                     .label = textBetween(row, cell.first, amount->first - 1)});
-        }
-    }
-}
-
-/// Securities in two lines each, the name and the number below it, with labels and amounts beside
-/// them; absent when the page has not two of them, or has others set otherwise.
-std::optional<SecurityList> pairsOf(const KindContext& context, const PageRows& page) {
-    SecurityList list(context, page);
-    for (std::size_t i = 0; i < page.rows.size() && page.number != 0; ++i) {
-        const Row& row = page.rows[i];
-        if (!hasIsin(row)) {
-            continue;
-        }
-        const bool isBelow = i > 0 && !hasIsin(page.rows[i - 1]) && hasFirmAmount(page.rows[i - 1])
-                             && row.top - page.rows[i - 1].bottom < row.height()
-                             && !namesAny(page.rows[i - 1], {Concept::total}, page.isRecognised);
-        Security security;
-        if (isBelow) {
-            readCells(page, i - 1, security);
-            const bool isNamed = at(security.amounts, Stated::quantity).has_value()
-                                 || at(security.amounts, Stated::value).has_value();
-            if (!isNamed) {
-                return std::nullopt;
-            }
-            readCells(page, i, security);
-        }
-        if (!isBelow || !at(security.amounts, Stated::value)) {
-            return std::nullopt;
-        }
-        readNames(row, row.words.size(), security);
-        security.name.clear();
-        for (const LabelPlace& cell : cellsOf(page.rows[i - 1])) {
-            if (!hasFirmAmount(page.rows[i - 1], cell)
-                && piecesIn(page.rows[i - 1], cell) == nullptr
-                && lettersIn(page.rows[i - 1], cell) >= 3) {
-                security.name = textBetween(page.rows[i - 1], cell.first, cell.last);
-                break;
-            }
-        }
-        list.all.push_back(std::move(security));
-    }
-    if (list.all.size() < 2) {
-        return std::nullopt;
-    }
-    list.settleIncome();
-    return list;
-}
-
 } // namespace
 
 bool proposeSecurities(const KindContext& context, const PageRows& page, ProposalDraft& draft) {
-    for (const auto listOf : {tableOf, pairsOf, blocksOf}) {
+    for (const auto listOf : {tableOf, securityColumns, securityPairs, securityCards}) {
         if (const auto list = listOf(context, page)) {
             list->propose(draft);
             return true;

@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/rows/HeadingLines.h"
+#include "Fiscarel_SG/documents/rows/Vocabulary.h"
 
 #include <algorithm>
 #include <cmath>
@@ -309,17 +310,32 @@ PageRows rowAsPage(const PageRows& page, std::size_t at, const TableHeading& hea
 }
 
 std::optional<bool> taxednessOf(const Row& words, bool areNamed) {
-    static const Labels without{"ohne",        "o. VSt", "nicht",     "sans",
-                                "non soumis*", "senza",  "non sogg*", "verrechnungssteuerfrei*"};
+    static const Labels without{
+        "ohne",         "o. VSt",       "nicht",       "sans",
+        "non soumis*",  "senza",        "non sogg*",   "verrechnungssteuerfrei*",
+        "esente da IP", "esenti da IP", "exonéré d'IA"};
     static const Labels with{
         "mit", "m. VSt", "avec", "soumis*", "con", "soggett*", "verrechnungssteuerpfl*"};
+    // Words that tell only where they stand beside the tax.
+    static const Labels notTaken{"kein*",      "frei",           "befreit*",    "aucun*",
+                                 "exonér*",    "exempt*",        "nessun*",     "esent*",
+                                 "pas d'imp*", "non assujetti*", "non assogg*", "hors"};
+    static const Labels taken{"abgezogen*", "unterliegt*", "unterworfen*", "unterstellt*",
+                              "pflichtig*", "belastet*",   "einbehalten*", "déduit*",
+                              "retenu*",    "prélevé*",    "assujetti*",   "dedott*",
+                              "trattenut*", "prelevat*",   "assoggett*"};
     if (isAnyIn(words.folded, without) || (!areNamed && hasWord(words, "B"))) {
         return false;
     }
     if (isAnyIn(words.folded, with) || (!areNamed && hasWord(words, "A"))) {
         return true;
     }
-    return std::nullopt;
+    if (!isAnyIn(words.folded, wordsFor(Concept::withholding))) {
+        return std::nullopt;
+    }
+    return isAnyIn(words.folded, notTaken) ? std::optional(false)
+           : isAnyIn(words.folded, taken)  ? std::optional(true)
+                                           : std::nullopt;
 }
 
 } // namespace fiscarel

@@ -113,6 +113,12 @@ struct Content {
     std::size_t first = 0;        ///< row
     std::set<std::size_t> labels; ///< rows that have words in it
     std::size_t amounts = 0;
+    std::size_t firstAmount = 0; ///< row
+
+    /// Whether its words only head amounts below them all: the column of a table.
+    bool isColumn() const {
+        return amounts >= 2 && !labels.empty() && *labels.rbegin() < firstAmount;
+    }
 };
 
 /// Whether rows are panels and no table.
@@ -125,6 +131,8 @@ bool arePanels(const PageRows& page, std::size_t at, std::size_t end,
         for (const LabelPlace& cell : cellsOf(row)) {
             const std::size_t panel = panelOf(cell, edges);
             if (hasFirmAmount(row, cell)) {
+                contents[panel].firstAmount =
+                    contents[panel].amounts == 0 ? i : contents[panel].firstAmount;
                 ++contents[panel].amounts;
             }
             if (contents[panel].first == 0) {
@@ -155,7 +163,7 @@ bool arePanels(const PageRows& page, std::size_t at, std::size_t end,
     constexpr double farthest = 3; // heights of a head, to what stands below it
     const Row& head = page.rows[at];
     const bool areFull = std::ranges::all_of(contents, [&](const Content& content) {
-        return content.labels.size() >= fewest && content.amounts >= 1
+        return content.labels.size() >= fewest && content.amounts >= 1 && !content.isColumn()
                && page.rows[content.first].top - head.bottom < farthest * head.height();
     });
     const auto shared =

@@ -161,7 +161,13 @@ class Marking {
         }
         // "Prêt n° 1698.90"
         const bool isShort = name.size() <= 2;
-        for (std::size_t next = at + 1; next < std::min(at + 3, words_.size()); ++next) {
+        // "N° de valeur 1234567", "Numero di quote 5" is a number of them
+        const bool isOfThing =
+            isOneOf(folded(at + 1), {"de", "di", "du", "del"})
+            && isOneOf(folded(at + 2), {"valeur", "valore", "pret", "mutuo", "contrat", "contratto",
+                                        "compte", "conto"});
+        const std::size_t end = std::min(at + (isOfThing ? 4 : 3), words_.size());
+        for (std::size_t next = at + 1; next < end; ++next) {
             const auto amount = parseAmount(word(next));
             const bool mayBe = amount && (!amount->hasDecimals || (isShort && !amount->hasMark));
             if (mayBe) {
