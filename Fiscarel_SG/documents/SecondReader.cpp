@@ -4,6 +4,7 @@
 #include "Fiscarel_SG/documents/kinds/CarriedOver.h"
 #include "Fiscarel_SG/documents/kinds/EmployersShare.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
+#include "Fiscarel_SG/documents/kinds/OtherYears.h"
 #include "Fiscarel_SG/documents/kinds/KindTitles.h"
 #include "Fiscarel_SG/documents/kinds/Pensions.h"
 #include "Fiscarel_SG/documents/kinds/Property.h"
@@ -362,12 +363,13 @@ void proposeAll(const DocumentReading& reading, ScanResult& result) {
         }
         if (forms.empty() && !namesWage(document) && !payloads.kind) { // a letter on a pension
             const DocumentFacts facts = readFacts(document);
-            proposePensions({document, facts, Kind::lohnausweis, verdict.isClear, bill}, false,
-                            draft);
+            const DocumentRows own = withoutOtherYears(document, facts.year);
+            proposePensions({own, facts, Kind::lohnausweis, verdict.isClear, bill}, false, draft);
         }
     } else if (verdict.kind) {
         const DocumentFacts facts = readFacts(document);
-        proposeByKind({document, facts, *verdict.kind, verdict.isClear, bill}, draft);
+        const DocumentRows own = withoutOtherYears(document, facts.year);
+        proposeByKind({own, facts, *verdict.kind, verdict.isClear, bill}, draft);
         const auto& proposals = result.proposals;
         const auto isBuyIn = [](const Proposal& one) { return one.field == "pensionBuyIn"; };
         if (verdict.kind == Kind::saeule3a && !proposals.empty()

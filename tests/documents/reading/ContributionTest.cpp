@@ -103,6 +103,32 @@ TEST(Contributions, instalmentsAndPaymentsOfOtherYearsAreNotWhatWasPaidInTheYear
     }
 }
 
+TEST(Contributions, theRowOfTheYearCountsAmongThoseOfOthers) {
+    const std::vector<Paper> papers{
+        {"the year before below",
+         {{"Attestation 3e pilier A 2024"},
+          {"Versements 2024", "3’000.00"},
+          {"Versements 2023", "2’500.00"}},
+         {"3000"}},
+        {"years one below the other",
+         {{"Bescheinigung Säule 3a, Steuerjahr 2024"},
+          {"Jahr", "Einzahlungen"},
+          {"2023", "2’500.00"},
+          {"2024", "3’000.00"},
+          {"2025", "500.00"}},
+         {"3000"}},
+        {"two years that a total adds up",
+         {{"Bescheinigung Säule 3a, Steuerjahr 2024"},
+          {"Beitrag 2023", "1’000.00"},
+          {"Beitrag 2024", "2’000.00"},
+          {"Total Beiträge", "3’000.00"}},
+         {"3000"}},
+    };
+    for (const Paper& row : papers) {
+        EXPECT_EQ(proposedFor(row.lines, "pillar3a"), row.wanted) << row.what;
+    }
+}
+
 TEST(Contributions, whatAnEmployerGotIsNoAllowanceOfTheInsured) {
     for (const auto& [employer, insured] :
          {std::pair{"à l'employeur", "directement à la personne assurée"},
