@@ -244,9 +244,12 @@ std::optional<RowAmount> amountAt(const Row& row, std::size_t at, const std::vec
                             && !row.words[last + 2].text.empty()
                             && row.words[last + 2].text.front() >= '0'
                             && row.words[last + 2].text.front() <= '9' && amount->isYearLike();
+    // "2024 CHF" heads a column.
+    const bool isHead = amount->isYearLike() && !amount->hasDecimals && !amount->hasMark
+                        && amount->value >= 2010 && amount->value <= 2040;
     if ((at > 0 && isFrancs(row.words[at - 1].text) && isNear(at - 1, at))
         || (last + 1 < row.words.size() && isFrancs(row.words[last + 1].text)
-            && isNear(last, last + 1) && !isNextOnes)) {
+            && isNear(last, last + 1) && !isNextOnes && !isHead)) {
         amount->hasCurrency = true;
     }
     return amountFrom(row, at, last, *amount);
