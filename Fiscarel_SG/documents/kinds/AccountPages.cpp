@@ -129,7 +129,10 @@ bool isAgreed(const Row& row, const RowAmount& amount, const Row* above) {
 
 /// Whether a row states another currency in a cell of its own, and francs in none.
 bool isRowForeign(const Row& row) {
-    bool isForeign = false;
+    static const Labels own{"*fremdwährung",     "*kontowährung",    "Originalwährung",
+                            "monnaie du compte", "devise du compte", "monnaie étrangère",
+                            "valuta del conto",  "moneta del conto", "valuta estera"};
+    bool isForeign = isAnyIn(row.folded, own);
     for (const LabelPlace& cell : cellsOf(row)) {
         const bool isOne = cell.first == cell.last;
         if (isOne && isFrancs(row.words[cell.first].text)) {
@@ -297,6 +300,20 @@ void hideAsides(Row& row, bool isRecognised) {
             word.folded.clear();
             isHidden = true;
         }
+    }
+    static const Labels booked{"Gutschrift des Zinses",
+                               "Gutschrift der Zinsen",
+                               "Verbuchung der Zinsen",
+                               "nach Zinsgutschrift",
+                               "crédit des intérêts",
+                               "comptabilisation des intérêts",
+                               "bonification des intérêts",
+                               "accredito degli interessi",
+                               "capitalizzazione degli interessi"};
+    const auto after = findLabel(row, booked, isRecognised);
+    if (after && namesAny(row, {Concept::balance}, isRecognised)) { // which includes them
+        hide(after->first, after->last);
+        isHidden = true;
     }
     if (const auto untaxed = untaxedIn(row, isRecognised)) {
         hide(untaxed->first, untaxed->last);

@@ -52,6 +52,13 @@ const Labels& allowances() {
     return words;
 }
 
+/// What the papers of who pays the unemployed call it for short.
+const Labels& benefits() {
+    static const Labels words{"Taggeld*",   "Entschädigung*", "indemnité", "indemnités",
+                              "prestation", "prestations",    "indennità", "prestazioni"};
+    return words;
+}
+
 /// Who pays the unemployed, and what only their papers name.
 const Labels& ofUnemployed() {
     static const Labels words{"Arbeitslosenkasse*",
@@ -124,7 +131,9 @@ std::optional<Allowance> allowanceOf(const DocumentRows& document) {
     const std::string head = headOf(document);
     const bool isUnemployed = isAnyIn(head, ofUnemployed());
     const bool isAllowance =
-        isAnyIn(head, allowances()) || (isUnemployed && isAnyIn(document.folded, allowances()));
+        isAnyIn(head, allowances())
+        || (isUnemployed
+            && (isAnyIn(document.folded, allowances()) || isAnyIn(document.folded, benefits())));
     if (!isAllowance || isAnyIn(head, others())) {
         return std::nullopt;
     }

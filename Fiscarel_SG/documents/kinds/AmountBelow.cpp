@@ -64,7 +64,7 @@ const RowAmount* amountBelow(const RowRange& range, std::size_t at, const LabelP
     const Row& next = range.page->rows[at + 1];
     const double most = range.page->isRecognised ? 2.4 : 1.6; // recognised words have tight boxes
     if (next.amounts.empty() || isPriceOfOne(next, next.amounts.front().last)
-        || next.top - own.bottom > most * own.height()) {
+        || next.top - own.bottom > most * std::max(own.height(), next.height())) {
         return nullptr;
     }
     const bool breaksOff = cellsOf(own).size() == 1 && isFrancs(own.words.back().text)

@@ -205,7 +205,7 @@ void splitBlocks(const DocumentRows& document, std::vector<DocumentRows>& parts)
         for (std::size_t at = 0; at < page.rows.size(); ++at) {
             const Row& row = page.rows[at];
             const auto label = findLabel(row, parcelLabels(), page.isRecognised);
-            const auto number = label && !hasFirmAmount(row)
+            const auto number = label && (label->first == 0 || !hasFirmAmount(row))
                                     ? valueFrom(page, row, label->last + 1, Named::parcel)
                                     : std::nullopt;
             if (number && numbers.insert(number->text()).second) {

@@ -531,8 +531,10 @@ class Arrangement {
         if (next >= rows.size() || !hasFirmAmount(rows[next]) || gap(next - 1) > 1.6) {
             return false;
         }
+        const auto role = [&](std::size_t row) { return roleOf(rows[row], cellsOf(rows[row])[0]); };
         return gridColumns(rows[at], rows[next]).has_value()
-               || std::abs(rows[next].words.front().place.left - left) <= aligned;
+               || (std::abs(rows[next].words.front().place.left - left) <= aligned
+                   && (role(at + 1) == Role::text || role(next) != Role::text));
     }
 
     /// A label of two lines whose amounts stand beside the second.

@@ -80,6 +80,10 @@ bool isDenied(const Row& row, const LabelPlace& place, Concept meant) {
     if (meant == Concept::ofDebt && row.words[place.first].folded.starts_with("kreditor")) {
         return true; // whom the bank owes to
     }
+    if (meant == Concept::repayment && place.first > 0
+        && isAnyIn(row.words[place.first - 1].folded, afters)) {
+        return true; // "Restschuld nach Amortisation"
+    }
     // What the bank itself owes is no debt of the customer: "Saldo a nostro debito".
     static const Labels ours{"nostro", "nostra", "notre", "unser*", "our"};
     static const Labels owed{"debito", "debiti", "dette", "dettes", "*schuld", "*schulden", "debt"};
