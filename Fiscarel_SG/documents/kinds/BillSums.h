@@ -21,7 +21,7 @@ std::optional<SummedAmount> totalWithTax(const std::vector<RowRange>& ranges);
 /// which is the sum of the others. Absent for one alone and where their sum stands nowhere.
 std::optional<SummedAmount> wholeOfParts(const DocumentRows& document,
                                          const std::vector<FoundAmount>& found);
-/// Whether the same words found them all.
+/// Whether the same words, but for days and numbers, found them all.
 bool haveOneLabel(const std::vector<FoundAmount>& found);
 
 /// What the amounts of a list come to that one is part of: those above and below it in its column,
