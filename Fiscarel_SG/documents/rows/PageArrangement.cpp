@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/documents/rows/CardEdges.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/rows/GridEdges.h"
+#include "Fiscarel_SG/documents/rows/LabelledRows.h"
 #include "Fiscarel_SG/documents/rows/PageHalves.h"
 #include "Fiscarel_SG/documents/rows/PageMending.h"
 #include "Fiscarel_SG/documents/rows/Panels.h"
@@ -31,21 +32,13 @@ void append(Words& words, const Words& more) {
     words.insert(words.end(), more.begin(), more.end());
 }
 
-/// The gap between two rows in heights of the taller one. Boxes of recognised words end at the
-/// letters, those of a text layer at the font's line.
-double gapBetween(const Row& above, const Row& below, bool isRecognised) {
-    constexpr double tightness = 1.5;
-    const double height = std::max(above.height(), below.height());
-    const double gap = below.top - above.bottom;
-    return height <= 0 ? 0 : isRecognised ? gap / height / tightness : gap / height;
-}
-
 constexpr double headGap = 3; ///< below the head of a panel, in heights of a row
 
 class Arrangement {
   public:
     explicit Arrangement(PageRows page, bool isPanel = false)
-        : page_(std::move(page)), isPanel_(isPanel), isStacked_(isPanel || stacks()) {
+        : page_(std::move(page)), labelled_(page_, isPanel),
+          isStacked_(isPanel || labelled_.stacks()) {
         for (const Row& row : page_.rows) {
             for (const RowWord& word : row.words) {
                 left_ = rows_.empty() && left_ == 0 ? word.place.left
@@ -79,11 +72,6 @@ class Arrangement {
     }
 
   private:
-    /// The gap below a row.
-    double gap(std::size_t at) const {
-        return gapBetween(page_.rows[at], page_.rows[at + 1], page_.isRecognised);
-    }
-
     void keep(const Row& row) {
         rows_.push_back(row);
         Row& kept = rows_.back();
@@ -125,7 +113,7 @@ class Arrangement {
     bool takePairs(std::size_t at) {
         const auto& rows = page_.rows;
         std::vector<double> edges = pairEdges(rows[at]);
-        if (edges.empty() && at + 1 < rows.size() && gap(at) < 1.5) {
+        if (edges.empty() && at + 1 < rows.size() && labelled_.gap(at) < 1.5) {
             edges = pairEdges(rows[at + 1]); // the first row of a column may lack the other
             edges = fitsEdges(rows[at], edges) ? edges : std::vector<double>();
         }
@@ -158,7 +146,7 @@ class Arrangement {
     /// Whether the row below one is near enough to go on with panels: a head that is the same word
     /// over each may stand farther off.
     bool isPanelRow(std::size_t at, const std::vector<double>& edges) const {
-        return gap(at) < (repeatsAtEdges(page_.rows[at], edges) ? headGap : 1.5);
+        return labelled_.gap(at) < (repeatsAtEdges(page_.rows[at], edges) ? headGap : 1.5);
     }
 
     /// The rows up to `end_` cut at edges, one column below the other.
@@ -215,7 +203,7 @@ class Arrangement {
             return false;
         }
         end_ = at + 1;
-        while (end_ < rows.size() && gap(end_ - 1) < 3
+        while (end_ < rows.size() && labelled_.gap(end_ - 1) < 3
                && (fitsCards(rows[end_], edges) || goesOnLeft(end_, edges)
                    || isBesideLonger(end_, edges))) {
             ++end_;
@@ -235,7 +223,7 @@ class Arrangement {
     bool goesOnLeft(std::size_t at, const std::vector<double>& edges) const {
         constexpr double lineGap = 0.6; // heights; totals of all cards stand farther below
         const Row& row = page_.rows[at];
-        return isLeftOf(row, edges) && gap(at - 1) < lineGap
+        return isLeftOf(row, edges) && labelled_.gap(at - 1) < lineGap
                && !namesAny(row, {Concept::total}, page_.isRecognised);
     }
 
@@ -248,7 +236,7 @@ class Arrangement {
                 return next > at && fitsCards(rows[next], edges) && hasFirmAmount(rows[next]);
             }
             if (namesAny(rows[next], {Concept::total}, page_.isRecognised)
-                || next + 1 == rows.size() || gap(next) >= 3) {
+                || next + 1 == rows.size() || labelled_.gap(next) >= 3) {
                 return false;
             }
         }
@@ -261,7 +249,7 @@ class Arrangement {
         constexpr std::size_t mostTitles = 6;
         const auto& rows = page_.rows;
         for (std::size_t next = at + 1; next < rows.size() && next - at <= mostTitles; ++next) {
-            if (gap(next - 1) >= headGap || hasFirmAmount(rows[next - 1])) {
+            if (labelled_.gap(next - 1) >= headGap || hasFirmAmount(rows[next - 1])) {
                 break;
             }
             const std::vector<double> edges = pairEdges(rows[next]);
@@ -278,107 +266,41 @@ class Arrangement {
         return {};
     }
 
-    /// Whether a row and the next are lines of a list, each with its label and its value, in
-    /// columns that the rows around them share at the same pitch.
-    bool isOfList(std::size_t at) const {
-        constexpr std::size_t fewest = 4; // rows
-        constexpr double pitch = 0.2;     // of which it may differ
-        const auto& rows = page_.rows;
-        const Cells cells = cellsOf(rows[at + 1]);
-        if (cells.size() != 2 || roleOf(rows[at + 1], cells[0]) != Role::text
-            || lettersIn(rows[at + 1], cells[0]) < 4) {
-            return false;
-        }
-        const double step = rows[at + 1].top - rows[at].top;
-        const auto goesOn = [&](std::size_t above) {
-            const Cells own = cellsOf(rows[above + 1]);
-            return std::abs(rows[above + 1].top - rows[above].top - step) < pitch * step
-                   && own.size() == 2 && std::abs(own[0].left - cells[0].left) <= aligned
-                   && std::abs(own[1].left - cells[1].left) <= aligned;
-        };
-        std::size_t first = at + 1;
-        while (first > 0 && goesOn(first - 1)) {
-            --first;
-        }
-        std::size_t end = at + 1;
-        while (end + 1 < rows.size() && goesOn(end)) {
-            ++end;
-        }
-        return first <= at && end - first + 1 >= fewest;
-    }
-
     /// Labels in one row, their values in the next.
     bool takeGrid(std::size_t at) {
         const auto& rows = page_.rows;
-        if (at + 1 < rows.size() && isOfList(at)) {
+        if (at + 1 < rows.size() && labelled_.isOfList(at)) {
             return false;
         }
-        const bool mayBeBoxes = at + 1 < rows.size() && !hasFirmAmount(rows[at]) && gap(at) < 4
-                                && (at == 0 || !hasOnlyAmounts(rows[at - 1]) || gap(at - 1) > 0.7);
-        if (mayBeBoxes && isGridOfBoxes(rows[at], rows[at + 1]) && !isCaptionBelow(at)
-            && !hasMoreRows(at)) {
+        const bool mayBeBoxes =
+            at + 1 < rows.size() && !hasFirmAmount(rows[at]) && labelled_.gap(at) < 4
+            && (at == 0 || !hasOnlyAmounts(rows[at - 1]) || labelled_.gap(at - 1) > 0.7);
+        if (mayBeBoxes && isGridOfBoxes(rows[at], rows[at + 1]) && !labelled_.isCaptionBelow(at)
+            && !labelled_.hasMoreRows(at)) {
             std::vector<std::size_t> inOrder(headsOf(rows[at]).size());
             std::iota(inOrder.begin(), inOrder.end(), std::size_t{0});
             composeGrid(rows[at], rows[at + 1], inOrder);
             return true;
         }
-        if (at + 1 >= rows.size() || hasFirmAmount(rows[at]) || !mayBeValues(rows[at + 1])
-            || gap(at) > 1.6) {
+        if (at + 1 >= rows.size() || hasFirmAmount(rows[at]) || !labelled_.mayBeValues(rows[at + 1])
+            || labelled_.gap(at) > 1.6) {
             return false;
         }
         const Row& labels = rows[at];
         const Row& values = rows[at + 1];
         const auto columns = gridColumns(labels, values);
-        if (!columns || isCaptionBelow(at) || hasMoreRows(at) || !hasOnlyLabels(labels)) {
+        if (!columns || labelled_.isCaptionBelow(at) || labelled_.hasMoreRows(at)
+            || !hasOnlyLabels(labels)) {
             return false;
         }
         composeGrid(labels, values, *columns);
         return true;
     }
 
-    /// Whether a row may hold the values of labels above it: amounts, in a panel no words, which
-    /// begin a line of their own there, but also nothing at all: "nessuno   –".
-    bool mayBeValues(const Row& row) const {
-        const Cells cells = cellsOf(row);
-        const bool hasLabel = std::ranges::any_of(cells, [&](const LabelPlace& cell) {
-            return lettersIn(row, cell) >= 3 && roleOf(row, cell) == Role::text
-                   && !saysNone(row, cell);
-        });
-        return isPanel_ ? !hasLabel && (cells.size() >= 2 || hasFirmAmount(row))
-                        : hasFirmAmount(row);
-    }
-
-    /// Whether a row is a label alone, and the next one its amount, nearer than what follows.
-    bool isStack(std::size_t at) const {
-        const auto& rows = page_.rows;
-        if (at + 1 >= rows.size() || hasFirmAmount(rows[at]) || !hasOnlyAmounts(rows[at + 1])
-            || gap(at) > 1) {
-            return false;
-        }
-        const Cells label = cellsOf(rows[at]);
-        return label.size() == 1 && cellsOf(rows[at + 1]).size() == 1
-               && lettersIn(rows[at], label.front()) >= 4
-               && (at + 2 == rows.size() || gap(at) < 0.8 * gap(at + 1));
-    }
-
-    /// Whether a page is set in such pairs, each amount right of its label.
-    bool stacks() const {
-        constexpr std::size_t fewest = 3;
-        std::size_t pairs = 0;
-        for (std::size_t at = 0; at < page_.rows.size(); ++at) {
-            pairs += isStack(at)
-                             && page_.rows[at + 1].words.front().place.left
-                                    > page_.rows[at].words.back().place.right
-                         ? 1U
-                         : 0U;
-        }
-        return pairs >= fewest;
-    }
-
     /// A label with its amount below, at the other side: "Saldo", "      1'200.50".
     bool takeStacked(std::size_t at) {
         const auto& rows = page_.rows;
-        if (!isStacked_ || !isStack(at)) {
+        if (!isStacked_ || !labelled_.isStack(at)) {
             return false;
         }
         compose(rows[at].words, rows[at + 1].words, rows[at].top + shift_, rows[at].height());
@@ -388,8 +310,9 @@ class Arrangement {
     /// Boxes beside each other, each with a label of two lines and its amount below.
     bool takeBoxes(std::size_t at) {
         const auto& rows = page_.rows;
-        if (at + 2 >= rows.size() || gap(at) > 1 || gap(at + 1) > 4 || hasMoreRows(at + 1)
-            || isCaptionBelow(at + 1) || !isGridOfBoxes(rows[at], rows[at + 1], rows[at + 2])) {
+        if (at + 2 >= rows.size() || labelled_.gap(at) > 1 || labelled_.gap(at + 1) > 4
+            || labelled_.hasMoreRows(at + 1) || labelled_.isCaptionBelow(at + 1)
+            || !isGridOfBoxes(rows[at], rows[at + 1], rows[at + 2])) {
             return false;
         }
         const Cells heads = cellsOf(rows[at]);
@@ -410,15 +333,16 @@ class Arrangement {
     bool takeCaptions(std::size_t at) {
         const auto& rows = page_.rows;
         if (at + 1 >= rows.size() || !hasOnlyValues(rows[at]) || hasAmountCell(rows[at + 1])
-            || gap(at) > (at == 0 || gap(at) < gap(at - 1) / 2 ? 2 : 1.2)) {
+            || labelled_.gap(at)
+                   > (at == 0 || labelled_.gap(at) < labelled_.gap(at - 1) / 2 ? 2 : 1.2)) {
             return false;
         }
         const Row values = withoutCurrencies(rows[at]);
         const auto columns = gridColumns(rows[at + 1], values);
         // Nearer than what stands above, or that is no row of labels for these amounts.
         const bool isNearer =
-            at == 0 || gap(at) < 0.7 * gap(at - 1)
-            || (columns && columns->size() >= 2 && gap(at) < 1
+            at == 0 || labelled_.gap(at) < 0.7 * labelled_.gap(at - 1)
+            || (columns && columns->size() >= 2 && labelled_.gap(at) < 1
                 && (cellsOf(rows[at - 1]).size() == 1 || !gridColumns(rows[at - 1], rows[at])));
         if (!isNearer || !columns || !hasOnlyLabels(rows[at + 1])) {
             return false;
@@ -432,7 +356,7 @@ class Arrangement {
     bool takeNamed(std::size_t at) {
         const auto& rows = page_.rows;
         if (at + 1 >= rows.size() || !hasFirmAmount(rows[at]) || hasFirmAmount(rows[at + 1])
-            || gap(at) > 1) {
+            || labelled_.gap(at) > 1) {
             return false;
         }
         const Cells values = cellsOf(rows[at]);
@@ -481,13 +405,6 @@ class Arrangement {
         });
     }
 
-    /// Whether the words under a row of amounts belong to it rather than those above.
-    bool isCaptionBelow(std::size_t at) const {
-        const auto& rows = page_.rows;
-        return at + 2 < rows.size() && hasOnlyAmounts(rows[at + 1]) && !hasFirmAmount(rows[at + 2])
-               && gap(at + 1) < 0.7 * gap(at) && gridColumns(rows[at + 2], rows[at + 1]);
-    }
-
     void composeGrid(const Row& labels, const Row& values,
                      const std::vector<std::size_t>& columns) {
         const Cells heads = headsOf(labels);
@@ -517,30 +434,10 @@ class Arrangement {
         shift_ = std::max(shift_, top - std::max(first.bottom, last.bottom));
     }
 
-    /// Whether the values of a grid are but the first row of a table.
-    bool hasMoreRows(std::size_t at) const {
-        const auto& rows = page_.rows;
-        const double left = rows[at + 1].words.front().place.left;
-        std::size_t next = at + 2;
-        // The number of an account may stand below its name and amounts.
-        if (next + 1 < rows.size() && !hasFirmAmount(rows[next]) && cellsOf(rows[next]).size() == 1
-            && gap(next - 1) <= 1.6 && roleOf(rows[at + 1], cellsOf(rows[at + 1])[0]) == Role::text
-            && std::abs(rows[next].words.front().place.left - left) <= aligned) {
-            ++next;
-        }
-        if (next >= rows.size() || !hasFirmAmount(rows[next]) || gap(next - 1) > 1.6) {
-            return false;
-        }
-        const auto role = [&](std::size_t row) { return roleOf(rows[row], cellsOf(rows[row])[0]); };
-        return gridColumns(rows[at], rows[next]).has_value()
-               || (std::abs(rows[next].words.front().place.left - left) <= aligned
-                   && (role(at + 1) == Role::text || role(next) != Role::text));
-    }
-
     /// A label of two lines whose amounts stand beside the second.
     bool takeSplit(std::size_t at) {
         const auto& rows = page_.rows;
-        if (at + 1 >= rows.size() || gap(at) > 0.8) {
+        if (at + 1 >= rows.size() || labelled_.gap(at) > 0.8) {
             return false;
         }
         Words label = labelOverLines(rows[at], rows[at + 1]);
@@ -580,7 +477,7 @@ class Arrangement {
     }
 
     PageRows page_;
-    bool isPanel_;   ///< a block beside others
+    LabelledRows labelled_;
     bool isStacked_; ///< labels may stand above their amounts
     std::vector<Row> rows_;
     double left_ = 0;
