@@ -5,6 +5,7 @@
 #include "Fiscarel_SG/documents/kinds/GridHeading.h"
 #include "Fiscarel_SG/documents/kinds/TableHeading.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
 
 #include <algorithm>
 #include <optional>
@@ -49,19 +50,14 @@ bool isOfExchange(const Row& cell) {
               });
 }
 
-bool isYearNumber(const std::string& word) {
-    const auto number = parseAmount(word);
-    return number && number->isYearLike();
-}
-
 /// Whether a cell is the number of an account or loan: "3.044.118-01", "CH93 0076 2011 6238 5295
 /// 7".
 bool isNumber(const Row& row, const LabelPlace& cell) {
-    constexpr std::ptrdiff_t fewest = 5; // digits
-    std::ptrdiff_t digits = 0;
+    constexpr std::size_t fewest = 5; // digits
+    std::size_t digits = 0;
     for (const RowWord& word : wordsOf(row, cell)) {
-        digits += std::ranges::count_if(word.text, [](char c) { return c >= '0' && c <= '9'; });
-        if (parseDay(word.text) || isYearNumber(word.text)) {
+        digits += countDigits(word.text);
+        if (parseDay(word.text) || parseYear(word.text)) {
             return false;
         }
     }
@@ -105,11 +101,8 @@ std::vector<LabelPlace> accountCells(const PageRows& page, std::size_t at) {
 
 /// The year a row is about, where nothing else stands in it but words left of a column.
 std::optional<int> yearOfRow(const Row& row) {
-    const auto number = row.words.empty() ? std::nullopt : parseAmount(row.words.back().text);
-    const auto year = number && number->isYearLike() && !hasFirmAmount(row)
-                          ? number->value.toInteger()
-                          : std::nullopt;
-    return year ? std::optional(static_cast<int>(*year)) : std::nullopt;
+    const bool isBare = !row.words.empty() && !hasFirmAmount(row);
+    return isBare ? parseYear(row.words.back().text) : std::nullopt;
 }
 
 /// Leaves only the columns of the newest year where each is headed by one.

@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/AccountFigures.h"
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+#include "Fiscarel_SG/documents/kinds/WithholdingTax.h"
 
 #include <algorithm>
 
@@ -15,10 +16,6 @@ std::optional<FoundAmount> interestWithin(const RowRange& range) {
                                 "dont intérêt", "di cui interessi"},
                                {"Zinssatz", "Marge"}};
     return findFirst({range}, wanted);
-}
-
-bool isTaxOf(const Decimal& tax, const Decimal& gross) {
-    return (gross * 35 / 100 - tax.abs()).abs() <= Decimal(5) / 100;
 }
 
 /// Interest by what it is, which is surer than its label in recognised text: an amount above one of
@@ -38,7 +35,7 @@ void findInterestByTax(const RowRange& range, Figures& figures) {
     for (std::size_t i = 0; i + 2 < lasts.size(); ++i) {
         const Decimal gross = lasts[i].value();
         const Decimal tax = lasts[i + 1].value();
-        if (gross >= 1 && isTaxOf(tax, gross) && gross - tax == lasts[i + 2].value()) {
+        if (gross >= 1 && isWithholdingOf(tax, gross) && gross - tax == lasts[i + 2].value()) {
             const auto put = [&](Figure figure, const FoundAmount& amount) {
                 auto& known = figures[static_cast<std::size_t>(figure)];
                 if (!known || (range.page->isRecognised && known->value() != amount.value())) {
@@ -59,13 +56,14 @@ void mendInterestByTax(const RowRange& range, Figures& figures) {
     constexpr std::size_t farthest = 4; // rows above the tax
     const auto& tax = at(figures, Figure::withholding);
     auto& gross = at(figures, Figure::interest);
-    if (!tax || tax->value().abs() < 35 || (gross && isTaxOf(tax->value(), gross->value()))) {
+    if (!tax || tax->value().abs() < 35
+        || (gross && isWithholdingOf(tax->value(), gross->value()))) {
         return;
     }
     std::optional<FoundAmount> fitting;
     for (std::size_t row = tax->row; row + farthest >= tax->row && row >= range.first; --row) {
         for (const RowAmount& amount : range.page->rows[row].amounts) {
-            if (amount.amount.isFirm() && isTaxOf(tax->value(), amount.amount.value)) {
+            if (amount.amount.isFirm() && isWithholdingOf(tax->value(), amount.amount.value)) {
                 if (fitting) {
                     return;
                 }
@@ -98,7 +96,7 @@ Figures figuresByLabel(const RowRange& range) {
     mendInterestByTax(range, figures);
     const auto& gross = at(figures, Figure::interest);
     auto& tax = at(figures, Figure::withholding);
-    const bool fits = gross && tax && isTaxOf(tax->value(), gross->value());
+    const bool fits = gross && tax && isWithholdingOf(tax->value(), gross->value());
     constexpr std::size_t longest = 7; // words of a label with its amount
     if (gross && tax && !fits && (tax->isBelow || tax->rowOf().words.size() > longest)) {
         tax.reset(); // its own row is empty, the amount is of the next one or the limit of the law
@@ -134,8 +132,8 @@ std::vector<ProposalCheck> interestChecks(const Figures& figures) {
     const auto& tax = at(figures, Figure::withholding);
     const auto& net = at(figures, Figure::netInterest);
     if (gross && tax && !tax->value().isZero()) {
-        const Decimal computed = (gross->value() * 35 / 100).roundPlain(2);
-        const bool holds = isTaxOf(tax->value(), gross->value());
+        const Decimal computed = withholdingOn(gross->value()).roundPlain(2);
+        const bool holds = isWithholdingOf(tax->value(), gross->value());
         checks.push_back(
             {"35 % von " + shown(gross->value()) + " = " + shown(computed)
                  + (holds ? "" : ", als Verrechnungssteuer steht " + shown(tax->value().abs())),

@@ -59,10 +59,8 @@ std::optional<int> yearOfMisreadEnd(std::string_view text) {
         return std::nullopt;
     }
     const std::string_view number = text.substr(text.size() - digits);
-    const auto year = parseAmount(number);
     const bool isEnd = text.substr(0, text.size() - digits).ends_with(month);
-    return isEnd && year && year->isYearLike() ? std::optional(std::stoi(std::string(number)))
-                                               : std::nullopt;
+    return isEnd ? parseYear(number) : std::nullopt;
 }
 
 /// Whether a row names the last day of a year before the document's, and none of its own: "fin
@@ -70,8 +68,8 @@ std::optional<int> yearOfMisreadEnd(std::string_view text) {
 bool isPast(const Row& row, std::optional<int> year) {
     static const Labels ends{"Ende", "fin", "fine"};
     const auto isBefore = [&](int own, std::size_t at) {
-        const auto number = parseAmount(row.words[at].text);
-        return number && number->isYearLike() && number->value < own;
+        const auto bare = parseYear(row.words[at].text);
+        return bare && *bare < own;
     };
     bool isPast = false;
     for (std::size_t i = 0; i < row.words.size(); ++i) {

@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/AccountRows.h"
 
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
 
 #include <algorithm>
 
@@ -13,8 +14,7 @@ bool isYear(std::string_view text) {
     while (!text.empty() && std::string_view(".,:;)").find(text.back()) != std::string_view::npos) {
         text.remove_suffix(1);
     }
-    const auto number = parseAmount(text);
-    return text.size() == 4 && number && number->isYearLike();
+    return text.size() == 4 && parseYear(text);
 }
 
 } // namespace
@@ -92,8 +92,7 @@ bool hasNumber(const Row& row) {
         const bool isAmount = std::ranges::any_of(row.amounts, [&](const RowAmount& amount) {
             return amount.amount.isFirm() && amount.first <= i && i <= amount.last;
         });
-        if (!isAmount && !isYear(text) && !parseDay(text)
-            && std::ranges::count_if(text, [](char c) { return c >= '0' && c <= '9'; }) >= 4) {
+        if (!isAmount && !isYear(text) && !parseDay(text) && countDigits(text) >= 4) {
             return true;
         }
     }

@@ -44,7 +44,7 @@ using Cells = std::vector<LabelPlace>;
 std::size_t digitsIn(const Row& row, const LabelPlace& cell) {
     std::size_t digits = 0;
     for (std::size_t i = cell.first; i <= cell.last; ++i) {
-        digits += static_cast<std::size_t>(std::ranges::count_if(row.words[i].text, isDigit));
+        digits += countDigits(row.words[i].text);
     }
     return digits;
 }
@@ -126,9 +126,7 @@ int yearIn(const Row& cell) {
     int year = 0;
     for (const RowWord& word : cell.words) {
         const auto day = parseDay(word.text);
-        const auto number = parseAmount(word.text);
-        const auto bare = number && number->isYearLike() ? number->value.toInteger() : std::nullopt;
-        year = day ? day->year() : bare ? static_cast<int>(*bare) : year;
+        year = day ? day->year() : parseYear(word.text).value_or(year);
     }
     return year;
 }

@@ -113,15 +113,9 @@ std::optional<Heading> headingAt(const RowRange& range, std::size_t at,
     return isHeading ? std::optional(std::move(heading)) : std::nullopt;
 }
 
-std::optional<int> yearFrom(const PrintedAmount& number) {
-    const auto year = number.isYearLike() ? number.value.toInteger() : std::nullopt;
-    return year ? std::optional(static_cast<int>(*year)) : std::nullopt;
-}
-
 /// The year a row begins with.
 std::optional<int> yearOf(const Row& row) {
-    const auto first = parseAmount(row.words.empty() ? std::string() : row.words.front().text);
-    return first ? yearFrom(*first) : std::nullopt;
+    return row.words.empty() ? std::nullopt : parseYear(row.words.front().text);
 }
 
 /// The amount of a column: that of the newest year, of the total, the sum of the others, or the
@@ -206,10 +200,8 @@ std::optional<int> newness(const Row& heading, const LabelPlace& cell, bool isRe
     for (std::size_t i = cell.first; i <= cell.last; ++i) {
         words.words.push_back(heading.words[i]);
         const auto day = parseDay(heading.words[i].text);
-        const auto number = parseAmount(heading.words[i].text);
-        year = day                           ? std::optional(day->year())
-               : number && yearFrom(*number) ? yearFrom(*number)
-                                             : year;
+        const auto bare = parseYear(heading.words[i].text);
+        year = day ? std::optional(day->year()) : bare ? bare : year;
     }
     static const Labels old{"alt",     "alter",      "alte",      "bisher*",    "Vorjahr*",
                             "ancien*", "précédent*", "vecchio",   "precedente", "letzte*",

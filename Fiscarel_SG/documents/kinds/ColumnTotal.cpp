@@ -21,11 +21,7 @@ bool heads(const Row& cell, const Wanted& wanted, bool isRecognised) {
 std::optional<int> yearOf(const Row& row) {
     const std::string text = row.words.empty() ? std::string() : row.words.front().text;
     const auto day = parseDay(text);
-    const auto number = parseAmount(text);
-    const auto year = number && number->isYearLike() ? number->value.toInteger() : std::nullopt;
-    return day    ? std::optional(day->year())
-           : year ? std::optional(static_cast<int>(*year))
-                  : std::nullopt;
+    return day ? std::optional(day->year()) : parseYear(text);
 }
 
 /// The row that the amounts of a column above it add up to; absent where those are of several

@@ -137,9 +137,8 @@ bool beginsAfter(const Row& words, int year) {
         }
         for (std::size_t j = i + 1; j < std::min(words.words.size(), i + 2 + farthest); ++j) {
             const auto day = parseDay(words.words[j].text);
-            const auto number = parseAmount(words.words[j].text);
-            const bool isYear = number && number->isYearLike();
-            if ((day && day->year() > year) || (isYear && number->value > year)) {
+            const auto bare = parseYear(words.words[j].text);
+            if ((day && day->year() > year) || (bare && *bare > year)) {
                 return true;
             }
         }

@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/documents/kinds/LabelledFields.h"
 #include "Fiscarel_SG/documents/kinds/TableHeading.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
 
 #include <algorithm>
 #include <deque>
@@ -23,9 +24,8 @@ const Labels& policyNames() {
 }
 
 bool isNumber(const std::string& text) {
-    constexpr int fewest = 5; // digits
-    return std::ranges::count_if(text, [](char c) { return c >= '0' && c <= '9'; }) >= fewest
-           && !parseDay(text);
+    constexpr std::size_t fewest = 5; // digits
+    return countDigits(text) >= fewest && !parseDay(text);
 }
 
 /// The number of a policy that a row begins with: "Police 90.217280", "Vertrag Nr. 12-345.678".
@@ -63,10 +63,9 @@ std::pair<int, std::string> yearAndWords(const TableColumn& column) {
     std::pair<int, std::string> told{0, {}};
     for (const RowWord& word : column.cell.words) {
         const auto day = parseDay(word.text);
-        const auto number = parseAmount(word.text);
-        const auto year = number && number->isYearLike() ? number->value.toInteger() : std::nullopt;
+        const auto year = parseYear(word.text);
         if (day || year) {
-            told.first = day ? day->year() : static_cast<int>(*year);
+            told.first = day ? day->year() : *year;
         } else {
             told.second += word.folded + ' ';
         }

@@ -244,9 +244,7 @@ class SalaryTable {
     }
 
     static std::optional<int> yearAtStart(const Row& row) {
-        const auto number = parseAmount(row.words.empty() ? std::string() : row.words.front().text);
-        const auto year = number && number->isYearLike() ? number->value.toInteger() : std::nullopt;
-        return year ? std::optional(static_cast<int>(*year)) : std::nullopt;
+        return row.words.empty() ? std::nullopt : parseYear(row.words.front().text);
     }
 
     /// The wage a row states; columns for one box are added. Absent where it does not add up.

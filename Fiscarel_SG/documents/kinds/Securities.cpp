@@ -1,6 +1,8 @@
 #include "Fiscarel_SG/documents/kinds/Securities.h"
 
 #include "Fiscarel_SG/documents/kinds/TableHeading.h"
+#include "Fiscarel_SG/documents/kinds/WithholdingTax.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
 #include "Fiscarel_SG/documents/text/Isin.h"
 
 #include <algorithm>
@@ -23,8 +25,7 @@ std::string bareWord(const std::string& text) {
 
 /// A Swiss security number has five to nine digits without marks between.
 bool isValor(const std::string& word) {
-    return word.size() >= 5 && word.size() <= 9
-           && std::ranges::all_of(word, [](char c) { return c >= '0' && c <= '9'; });
+    return word.size() >= 5 && word.size() <= 9 && hasOnlyDigits(word);
 }
 
 /// Number times price, for bonds in per cent.
@@ -46,12 +47,12 @@ std::optional<ProposalCheck> productCheck(const Security& security) {
     return std::nullopt;
 }
 
-/// Tax at source is 35 per cent of what it was withheld from (VStG Art. 13).
+/// That the tax told beside an income is what is withheld from it.
 std::optional<ProposalCheck> ownTaxCheck(const Security& security) {
     const auto& income = at(security.amounts, Stated::income);
     const auto& tax = at(security.amounts, Stated::tax);
     if (!income || !tax || tax->value().isZero()
-        || (income->value() * 35 / 100 - tax->value().abs()).abs() > Decimal(5) / 100) {
+        || !isWithholdingOf(tax->value(), income->value())) {
         return std::nullopt;
     }
     return ProposalCheck{"35 % von " + shown(income->value()) + " = " + shown(tax->value().abs()),
@@ -220,10 +221,10 @@ std::optional<ProposalCheck> SecurityList::sumCheck(Stated stated) const {
     return ProposalCheck{"Die einzelnen Beträge ergeben das Total " + shown(sum), true};
 }
 
-/// The tax claimed back is 35 per cent of what it was withheld from (VStG Art. 13).
+/// That the tax claimed back is what is withheld from all incomes.
 std::optional<ProposalCheck> SecurityList::taxCheck() const {
     const Decimal taxed = sumOf(Stated::withTax);
-    const Decimal tax = taxed * 35 / 100;
+    const Decimal tax = withholdingOn(taxed);
     for (const Row& row : page_.rows) {
         for (const RowAmount& amount : row.amounts) {
             if (taxed > 0 && amount.amount.isFirm()

@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/documents/kinds/AccountPages.h"
 #include "Fiscarel_SG/documents/kinds/TableHeading.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
 
 #include <algorithm>
 #include <memory>
@@ -276,13 +277,13 @@ std::string numberIn(const Row& row) {
     std::string number;
     for (std::size_t i = name ? name->last + 1 : row.words.size(); i < row.words.size(); ++i) {
         const std::string& text = row.words[i].text;
-        const bool isOfDigits = std::ranges::all_of(
-            text, [](char c) { return (c >= '0' && c <= '9') || c == '.' || c == '\''; });
+        const bool isOfDigits =
+            std::ranges::all_of(text, [](char c) { return isDigit(c) || c == '.' || c == '\''; });
         if (!isOfDigits && !number.empty()) {
             break;
         }
         std::ranges::copy_if(isOfDigits ? text : std::string(), std::back_inserter(number),
-                             [](char c) { return c >= '0' && c <= '9'; });
+                             isDigit);
     }
     return number.size() >= fewest && number.size() <= most ? number : std::string();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <optional>
 #include <string_view>
 
@@ -11,6 +12,10 @@ constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
 /// Whether a text is made of digits and nothing else; false for an empty one.
 constexpr bool hasOnlyDigits(std::string_view text) {
     return !text.empty() && std::ranges::all_of(text, isDigit);
+}
+
+constexpr std::size_t countDigits(std::string_view text) {
+    return static_cast<std::size_t>(std::ranges::count_if(text, isDigit));
 }
 
 constexpr bool hasDigit(std::string_view text) { return std::ranges::any_of(text, isDigit); }

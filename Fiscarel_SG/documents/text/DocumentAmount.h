@@ -25,10 +25,10 @@ struct PrintedAmount {
 };
 
 /// Reads a text that is an amount and nothing else: 1’234.50, 1'234,50, 1.234,50, 120.–, CHF 80.00,
-/// −45.20, (45.20); signs and currency before it, a sign, a full stop or an asterisk after it. Thousands marks
-/// are those of `isThousandsMark`, in groups of three. Absent for numbers with other than two
-/// decimals, dates, percentages, more than twelve digits. `isRecognised`: letters that recognition
-/// takes for 0 and 1 are corrected where the rest is an amount with two decimals.
+/// −45.20, (45.20); signs and currency before it, a sign, a full stop or an asterisk after it.
+/// Thousands marks are those of `isThousandsMark`, in groups of three. Absent for numbers with
+/// other than two decimals, dates, percentages, more than twelve digits. `isRecognised`: letters
+/// that recognition takes for 0 and 1 are corrected where the rest is an amount with two decimals.
 std::optional<PrintedAmount> parseAmount(std::string_view text, bool isRecognised = false);
 
 /// Whether a word is a currency's name or sign for francs: CHF, Fr., SFr., Franken.
@@ -36,6 +36,8 @@ bool isFrancs(std::string_view word);
 /// Whether a word is a code, a sign or the name of another currency, maybe in brackets.
 bool isForeignCurrency(std::string_view word);
 
+/// The year that a text is, a whole number from 1900 to 2100 and nothing else.
+std::optional<int> parseYear(std::string_view text);
 /// A day as printed: 31.12.2024, 31.12.24, 2024-12-31, 31/12/2024; a mark after it is allowed.
 std::optional<taxcore::Date> parseDay(std::string_view text);
 /// Day and month without a year: "31.12.", "31.12"; false for days that do not exist.

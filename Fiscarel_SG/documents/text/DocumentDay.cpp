@@ -46,6 +46,12 @@ bool PrintedAmount::isYearLike() const {
     return !hasDecimals && !hasMark && value >= 1900 && value <= 2100 && value.isInteger();
 }
 
+std::optional<int> parseYear(std::string_view text) {
+    const auto number = parseAmount(text);
+    const auto year = number && number->isYearLike() ? number->value.toInteger() : std::nullopt;
+    return year ? std::optional(static_cast<int>(*year)) : std::nullopt;
+}
+
 std::optional<Date> parseDay(std::string_view text) {
     std::string_view day = withoutMarks(text);
     if (day.ends_with('.')) {
