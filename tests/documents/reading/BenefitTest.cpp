@@ -5,11 +5,6 @@
 namespace fiscarel {
 namespace {
 
-struct Line {
-    const char* label;
-    const char* amount = "";
-};
-
 /// A paper and all amounts that it may propose.
 struct Paper {
     const char* name;
@@ -18,11 +13,7 @@ struct Paper {
 };
 
 std::vector<std::string> amountsOf(const Paper& paper) {
-    DrawnPage page;
-    for (const Line& line : paper.lines) {
-        page.line(line.label, line.amount);
-    }
-    const ScanResult result = page.proposed();
+    const ScanResult result = proposedFrom(paper.lines);
     std::vector<std::string> values;
     for (std::size_t i = 0; i < result.records.size(); ++i) {
         for (const std::string& value : valuesOf(result, i)) {

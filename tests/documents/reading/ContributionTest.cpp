@@ -7,11 +7,6 @@
 namespace fiscarel {
 namespace {
 
-struct Line {
-    const char* label;
-    const char* amount = "";
-};
-
 struct Paper {
     const char* what;
     std::vector<Line> lines;
@@ -19,11 +14,7 @@ struct Paper {
 };
 
 std::vector<std::string> proposedFor(const std::vector<Line>& lines, const std::string& field) {
-    DrawnPage page;
-    for (const Line& line : lines) {
-        page.line(line.label, line.amount);
-    }
-    const ScanResult result = page.proposed();
+    const ScanResult result = proposedFrom(lines);
     std::vector<std::string> values;
     for (const Proposal& proposal : result.proposals) {
         if (proposal.field == field) {

@@ -76,6 +76,14 @@ ScanResult DrawnPage::proposed() const {
     return result;
 }
 
+ScanResult proposedFrom(const std::vector<Line>& lines) {
+    DrawnPage page;
+    for (const Line& line : lines) {
+        page.line(line.label, line.amount);
+    }
+    return page.proposed();
+}
+
 ScanResult proposedFrom(const std::vector<Put>& puts) {
     DrawnPage page;
     for (const Put& put : puts) {

@@ -40,6 +40,15 @@ class DrawnPage {
     PageReading page_;
 };
 
+/// A label and its amount.
+struct Line {
+    const char* label;
+    const char* amount = "";
+};
+
+/// What is proposed from a page of such lines, one below the other.
+ScanResult proposedFrom(const std::vector<Line>& lines);
+
 /// Words that begin at `x`, or end there.
 struct Put {
     double x = 0;

@@ -9,11 +9,6 @@ namespace {
 
 using Kind = StoredDocument::Kind;
 
-struct Line {
-    const char* label;
-    const char* amount = "";
-};
-
 /// A document, its kind, and what the first record must and must not hold.
 struct Row {
     std::vector<Line> lines;
@@ -143,11 +138,7 @@ const std::vector<Row>& rows() {
 
 TEST(KindMappers, findTheAmountsOfEveryKind) {
     for (const Row& row : rows()) {
-        DrawnPage page;
-        for (const Line& line : row.lines) {
-            page.line(line.label, line.amount);
-        }
-        const ScanResult result = page.proposed();
+        const ScanResult result = proposedFrom(row.lines);
         const std::string name = row.lines[1].label;
         EXPECT_EQ(result.proposedKind, row.kind) << name;
         EXPECT_FALSE(result.kindIsCertain) << name;
@@ -193,11 +184,7 @@ TEST(KindMappers, offerNothingFromPapersThatCertifyNothing) {
          {"Restwert per 31.12.2024", "23’421.40"}},
     };
     for (const auto& lines : papers) {
-        DrawnPage page;
-        for (const Line& line : lines) {
-            page.line(line.label, line.amount);
-        }
-        const ScanResult result = page.proposed();
+        const ScanResult result = proposedFrom(lines);
         EXPECT_EQ(result.proposedKind, Kind::anderes) << lines[1].label;
         EXPECT_TRUE(result.proposals.empty()) << lines[1].label;
     }

@@ -8,17 +8,9 @@
 namespace fiscarel {
 namespace {
 
-ScanResult proposedFor(const std::vector<Line>& lines) {
-    DrawnPage page;
-    for (const Line& line : lines) {
-        page.line(line.label, line.amount);
-    }
-    return page.proposed();
-}
-
 TEST(Wording, ofEveryKindIsUnderstoodInAllLanguages) {
     for (const Wording& wording : wordings()) {
-        const ScanResult result = proposedFor(wording.lines);
+        const ScanResult result = proposedFrom(wording.lines);
         const std::string name = std::string(wording.lines[1].label) + ": " + wording.field;
         EXPECT_EQ(result.proposedKind, wording.kind) << name;
         const Proposal* found = nullptr;
@@ -35,7 +27,7 @@ TEST(Wording, ofEveryKindIsUnderstoodInAllLanguages) {
 
 TEST(Wording, aLabelAloneIsNeverSure) {
     for (const Wording& wording : wordings()) {
-        for (const Proposal& one : proposedFor(wording.lines).proposals) {
+        for (const Proposal& one : proposedFrom(wording.lines).proposals) {
             const bool isSeconded = std::ranges::any_of(one.checks, &ProposalCheck::passed);
             EXPECT_TRUE(one.confidence != Proposal::Confidence::high || isSeconded)
                 << wording.lines[1].label << ": " << one.field << " " << one.value;
@@ -97,7 +89,7 @@ TEST(Wording, ofWhatIsOnlyPossibleOrPartOfItGivesNothing) {
           {"Total Prämien", "3'700.00"}}},
     };
     for (const Trap& trap : traps) {
-        for (const Proposal& one : proposedFor(trap.lines).proposals) {
+        for (const Proposal& one : proposedFrom(trap.lines).proposals) {
             EXPECT_FALSE(one.field == trap.field && one.value == trap.value)
                 << trap.lines[1].label << ": " << one.value;
         }

@@ -1,15 +1,11 @@
 #pragma once
 
 #include "Fiscarel_SG/store/StoredDocument.h"
+#include "tests/documents/reading/DrawnPage.h"
 
 #include <vector>
 
 namespace fiscarel {
-
-struct Line {
-    const char* label;
-    const char* amount = "";
-};
 
 /// A document in words of its own, its kind, and the amount that it is kept for.
 struct Wording {
