@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/documents/kinds/AccountFigures.h"
 
+#include "Fiscarel_SG/documents/kinds/AccountTable.h"
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/kinds/WithholdingTax.h"
 
@@ -81,6 +82,42 @@ void mendInterestByTax(const RowRange& range, Figures& figures) {
     gross = fitting ? std::move(fitting) : std::move(gross);
 }
 
+/// Income by labels that tell of the tax: "Bruttoertrag mit Verrechnungssteuer   316.41", each of
+/// the two where it is told first. The tax itself stands in another row, if at all.
+void findIncomeByTaxedness(const RowRange& range, Figures& figures) {
+    for (std::size_t at = range.first; at < range.end; ++at) {
+        const PageRows& page = *range.page;
+        const RowAmount* last = lastOrNewest(page, at);
+        if (last == nullptr || !last->amount.isFirm() || last->first == 0) {
+            continue;
+        }
+        const auto& words = page.rows[at].words;
+        const Row label =
+            rowOfWords({words.begin(), words.begin() + static_cast<std::ptrdiff_t>(last->first)},
+                       page.isRecognised);
+        const auto figure = figureOf(label, page.isRecognised);
+        const bool isTold = figure == Figure::taxedInterest || figure == Figure::untaxedInterest;
+        const auto tax = findLabel(label, wordsFor(Concept::withholding), page.isRecognised);
+        if (!isTold || (tax && tax->first == 0)
+            || !namesAny(label, {Concept::interest, Concept::gross}, page.isRecognised)
+            || namesAny(label, {Concept::total}, page.isRecognised)) {
+            continue;
+        }
+        auto& known = figures[static_cast<std::size_t>(*figure)];
+        if (!known) {
+            known = FoundAmount{.page = &page,
+                                .row = at,
+                                .amount = *last,
+                                .label = textBetween(page.rows[at], 0, last->first - 1)};
+        }
+        auto& withheld = figures[static_cast<std::size_t>(Figure::withholding)];
+        if (withheld && withheld->row == at) {
+            const RowRange below{range.page, at + 1, range.end};
+            withheld = findFirst({below}, wantedOf(Figure::withholding));
+        }
+    }
+}
+
 } // namespace
 
 Figures figuresByLabel(const RowRange& range) {
@@ -95,10 +132,14 @@ Figures figuresByLabel(const RowRange& range) {
     }
     mendInterestByTax(range, figures);
     const auto& gross = at(figures, Figure::interest);
+    if (!gross) {
+        findIncomeByTaxedness(range, figures);
+    }
     auto& tax = at(figures, Figure::withholding);
-    const bool fits = gross && tax && isWithholdingOf(tax->value(), gross->value());
+    const auto& income = gross ? gross : at(figures, Figure::taxedInterest);
+    const bool fits = income && tax && isWithholdingOf(tax->value(), income->value());
     constexpr std::size_t longest = 7; // words of a label with its amount
-    if (gross && tax && !fits && (tax->isBelow || tax->rowOf().words.size() > longest)) {
+    if (income && tax && !fits && (tax->isBelow || tax->rowOf().words.size() > longest)) {
         tax.reset(); // its own row is empty, the amount is of the next one or the limit of the law
     }
     return figures;

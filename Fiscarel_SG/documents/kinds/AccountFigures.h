@@ -9,7 +9,7 @@
 
 namespace fiscarel {
 
-/// What an account or a loan may state. Interest that tells of the tax does so in tables only.
+/// What an account or a loan may state; interest by itself, or told of the tax on it.
 enum class Figure {
     balance,
     interest,

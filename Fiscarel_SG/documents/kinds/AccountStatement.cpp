@@ -27,7 +27,10 @@ class AccountMapper {
 
     void propose() {
         for (const PageRows& page : context_.document.pages) {
-            if (!proposeSecurities(context_, page, draft_)) {
+            auto rest = proposeSecurities(context_, page, draft_);
+            if (rest) {
+                readRest(keep(withoutOthers(std::move(*rest), context_.facts.year)));
+            } else {
                 readPage(keep(withoutOthers(page, context_.facts.year)));
             }
         }
@@ -37,7 +40,28 @@ class AccountMapper {
   private:
     void readPage(const PageRows& page) {
         const std::vector<AccountNumber> ibans = ibansOf(page);
-        const std::size_t before = entries_.size();
+        auto listed = entriesOfTables(page, ibans);
+        const bool isTable = !listed.empty();
+        std::ranges::move(listed, std::back_inserter(entries_));
+        if (!isTable && !readNamedRows(page, ibans) && !readColumns(page)) {
+            readBlocks(page, ibans);
+        }
+    }
+
+    /// What stands beside a table of securities: the tables of accounts and loans with their
+    /// numbers. Rows without one may be sums of what is listed elsewhere.
+    void readRest(const PageRows& page) {
+        auto listed = entriesOfTables(page, ibansOf(page));
+        std::ranges::copy_if(listed, std::back_inserter(entries_), [](const AccountEntry& entry) {
+            return !entry.isDepot
+                   && (!entry.number.empty()
+                       || hasNumber(entry.range.page->rows[entry.range.first]));
+        });
+    }
+
+    /// The accounts and loans of all tables of a page.
+    std::vector<AccountEntry> entriesOfTables(const PageRows& page,
+                                              const std::vector<AccountNumber>& ibans) const {
         std::vector<AccountHeading> headings;
         for (std::size_t at = 0; at < page.rows.size(); ++at) {
             const bool isNew = headings.empty() || headings.back().row() < at;
@@ -49,15 +73,14 @@ class AccountMapper {
                 headings.push_back(found);
             }
         }
+        std::vector<AccountEntry> entries;
         for (std::size_t i = 0; i < headings.size(); ++i) {
             const std::size_t end =
                 i + 1 < headings.size() ? headings[i + 1].row() : page.rows.size();
             std::ranges::move(entriesOfTable(page, headings[i], end, ibans),
-                              std::back_inserter(entries_));
+                              std::back_inserter(entries));
         }
-        if (entries_.size() == before && !readNamedRows(page, ibans) && !readColumns(page)) {
-            readBlocks(page, ibans);
-        }
+        return entries;
     }
 
     /// Accounts beside each other, each with its figures in its column: each as a page of its own.

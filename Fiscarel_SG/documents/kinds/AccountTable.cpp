@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <set>
 #include <tuple>
 
 namespace fiscarel {
@@ -230,6 +231,17 @@ void chooseColumns(AccountHeading& heading) {
     }
 }
 
+/// How many figures the columns state, one that several state counted once.
+std::size_t countFigures(const AccountHeading& heading) {
+    std::set<Figure> figures;
+    for (const auto& figure : heading.figures) {
+        if (figure) {
+            figures.insert(*figure);
+        }
+    }
+    return figures.size();
+}
+
 /// Whether the table lists what is owed: it tells repayments, or stands under such a title.
 bool listsLoans(const PageRows& page, std::size_t at, const AccountHeading& heading) {
     static const Labels titles{"Verpflichtung*", "Passiven",    "Kredite",          "Ausleihungen",
@@ -410,7 +422,8 @@ std::size_t AccountHeading::count() const {
 AccountHeading accountHeadingIn(const PageRows& page, std::size_t at, std::optional<int> year) {
     AccountHeading heading = readHeading(page, tableHeadingIn(page, at, false));
     AccountHeading both = readHeading(page, tableHeadingIn(page, at, true));
-    if (!both.figures.empty() && both.count() >= heading.count()) {
+    // A second line may tell of two columns for one figure which is the other day's.
+    if (!both.figures.empty() && countFigures(both) >= countFigures(heading)) {
         heading = std::move(both);
     }
     heading = completed(page, at, std::move(heading), year);

@@ -83,6 +83,8 @@ const std::vector<KindExclusion>& kindExclusions() {
          30,
          // An "offerta" is a gift as well.
          {"liberalità", "donazion*", "elargizion*", "donator*", "deducibil*", "beneficenza",
+          "pubblica utilità", "collett*", "offerta libera", "offerte libere", "sostegno",
+          "Totale offerte", "Totale delle offerte", "offerte ricevute", "seguenti offerte",
           // What children chose among.
           "Kind", "Kinder", "Eltern", "enfant*", "bambin*", "Quittung", "quittance", "ricevuta",
           "*bestätigung", "*bescheinigung", "attestation", "attestato", "attestazione"}},

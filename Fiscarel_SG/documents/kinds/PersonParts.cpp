@@ -317,6 +317,7 @@ class Search {
     /// A name above the rows that are about it.
     Parts byBlock() const {
         Parts parts;
+        std::vector<RowRange> blocks; // up to each amount
         for (const PageRows& page : document_.pages) {
             const Starts starts = startsIn(page);
             for (std::size_t i = 0; i < starts.size(); ++i) {
@@ -328,10 +329,57 @@ class Search {
                 }
                 if (hit && hit->value() >= 1) {
                     parts.push_back({starts[i].second, std::move(*hit)});
+                    blocks.push_back({&page, starts[i].first, parts.back().found.row});
                 }
             }
         }
-        return areDistinct(parts) ? parts : Parts();
+        return areDistinct(parts) ? withoutMeals(parts, blocks) : Parts();
+    }
+
+    static Parts withoutMeals(const Parts& parts, const std::vector<RowRange>& blocks) {
+        Parts own;
+        for (std::size_t i = 0; i < parts.size(); ++i) {
+            if (auto rest = withoutMeals(blocks[i], parts[i].found)) {
+                own.push_back({parts[i].person, std::move(*rest)});
+            }
+        }
+        return own;
+    }
+
+    /// The only amount a total has beside those for meals above it, or which are told not to be
+    /// deductible; absent where several make it up with them.
+    static std::optional<FoundAmount> withoutMeals(const RowRange& above, FoundAmount total) {
+        static const Labels barred{"nicht abzugsfähig*", "nicht abziehbar*", "nicht abzb*",
+                                   "non déductible*",    "pas déductible*",  "non deducib*",
+                                   "not deductible"};
+        const bool isRecognised = above.page->isRecognised;
+        std::vector<FoundAmount> parts;
+        Decimal meals;
+        for (std::size_t at = above.first; at < above.end; ++at) {
+            const Row& row = above.page->rows[at];
+            if (row.amounts.empty() || !isWorthy(row.amounts.back())) {
+                continue;
+            }
+            const RowAmount& last = row.amounts.back();
+            if (namesAny(row, {Concept::meals}, isRecognised)
+                || findLabel(row, barred, isRecognised)) {
+                meals = meals + last.amount.value;
+            } else {
+                const std::size_t end = last.first == 0 ? 0 : last.first - 1;
+                parts.push_back({.page = above.page,
+                                 .row = at,
+                                 .amount = last,
+                                 .label = textBetween(row, 0, end)});
+            }
+        }
+        Decimal sum = meals;
+        for (const FoundAmount& part : parts) {
+            sum = sum + part.value();
+        }
+        if (meals.isZero() || sum != total.value()) {
+            return total;
+        }
+        return parts.size() == 1 ? std::optional(std::move(parts.front())) : std::nullopt;
     }
 
     /// What stands behind the last name may be the total of all: then the amount above it counts.

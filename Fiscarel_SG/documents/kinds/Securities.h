@@ -55,6 +55,8 @@ class SecurityList {
 
     std::vector<Security> all;
     StatedAmounts totals;
+    std::size_t first = 0; ///< row of a table's heading, or of the first name above it
+    std::size_t end = 0;   ///< row behind a table's last
     std::vector<std::shared_ptr<const PageRows>>
         parts; ///< of the page, those the amounts point into
 

@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/SecurityTable.h"
 
 #include "Fiscarel_SG/documents/kinds/AccountPages.h"
+#include "Fiscarel_SG/documents/kinds/AccountTable.h"
 #include "Fiscarel_SG/documents/kinds/Securities.h"
 #include "Fiscarel_SG/documents/kinds/SecurityCards.h"
 #include "Fiscarel_SG/documents/kinds/TableHeading.h"
@@ -82,12 +83,16 @@ class SecurityReader {
     SecurityList read() && {
         const std::size_t named = namedBefore();
         const bool isNamedAbove = named <= heading_.table.row || namesAbove();
-        for (std::size_t row = named; row < page_.rows.size(); ++row) {
+        list_.first = std::min(named, heading_.table.row);
+        list_.end = page_.rows.size();
+        for (std::size_t row = named; row < list_.end; ++row) {
             const StatedAmounts amounts = amountsOf(page_, row, heading_);
-            if (isTotal(row, amounts)) {
+            if (row > heading_.table.row + 1 && headsAccounts(row)) {
+                list_.end = row;
+            } else if (isTotal(row, amounts)) {
                 if (!hasMore(row)) {
                     list_.totals = amounts;
-                    break;
+                    list_.end = row + 1;
                 }
             } else if (isNamedAbove) {
                 addRow(row, amounts);
@@ -141,6 +146,17 @@ class SecurityReader {
                    || isAnyIn(page_.rows[row].folded, alls)
                    || (!list_.all.empty() && !value->value().isZero()
                        && value->value() == list_.sumOf(Stated::value)));
+    }
+
+    /// Whether a row heads a table of accounts or loans.
+    bool headsAccounts(std::size_t row) const {
+        if (hasFirmAmount(page_.rows[row]) || row + 1 >= page_.rows.size()) {
+            return false;
+        }
+        const AccountHeading heading = accountHeadingIn(page_, row);
+        const bool isOfLoans = heading.states(Figure::debt) || heading.states(Figure::debtInterest);
+        return heading.count() >= 2
+               && (isOfLoans || ibanIn(page_.rows[row + 1], row + 1).has_value());
     }
 
     /// Whether securities are listed below a total, which is that of a part then.
@@ -298,14 +314,23 @@ std::optional<SecurityList> tableOf(const KindContext& context, const PageRows& 
 
 } // namespace
 
-bool proposeSecurities(const KindContext& context, const PageRows& page, ProposalDraft& draft) {
-    for (const auto listOf : {tableOf, securityColumns, securityPairs, securityCards}) {
+std::optional<PageRows> proposeSecurities(const KindContext& context, const PageRows& page,
+                                          ProposalDraft& draft) {
+    if (const auto table = tableOf(context, page)) {
+        table->propose(draft);
+        PageRows rest = page;
+        const auto begin = rest.rows.begin();
+        rest.rows.erase(begin + static_cast<std::ptrdiff_t>(table->first),
+                        begin + static_cast<std::ptrdiff_t>(table->end));
+        return rest;
+    }
+    for (const auto listOf : {securityColumns, securityPairs, securityCards}) {
         if (const auto list = listOf(context, page)) {
             list->propose(draft);
-            return true;
+            return withoutRows(page);
         }
     }
-    return false;
+    return std::nullopt;
 }
 
 bool listsSecurities(const DocumentRows& document) {
