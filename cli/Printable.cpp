@@ -1,9 +1,6 @@
 #include "cli/Printable.h"
 
-#include "TaxCore/base/Utf8.h"
-
-#include <algorithm>
-#include <array>
+#include "Fiscarel_SG/documents/text/Utf8Letters.h"
 
 namespace fiscarel::cli {
 
@@ -11,40 +8,12 @@ namespace {
 
 constexpr std::string_view replacement = "\uFFFD";
 
-/// The code point of a whole UTF-8 sequence.
-char32_t codePoint(std::string_view sequence) {
-    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(sequence[i]); };
-    char32_t code = sequence.size() == 1 ? byte(0) : byte(0) & (0x7FU >> sequence.size());
-    for (std::size_t i = 1; i < sequence.size(); ++i) {
-        code = code << 6U | (byte(i) & 0x3FU);
-    }
-    return code;
-}
-
-bool isShown(char32_t code) {
-    constexpr char32_t lineSeparator = 0x2028; // followed by the marks that turn the direction
-    constexpr char32_t lastOverride = 0x202E;
-    constexpr char32_t firstIsolate = 0x2066;
-    constexpr char32_t lastIsolate = 0x2069;
-    constexpr std::array<char32_t, 4> marks{
-        0x061C, // Arabic letter mark
-        0x200E, // left-to-right mark
-        0x200F, // right-to-left mark
-        0xFEFF, // byte order mark
-    };
-    const bool control = code < 0x20 || (code >= 0x7F && code <= 0x9F);
-    const bool layout = (code >= lineSeparator && code <= lastOverride)
-                        || (code >= firstIsolate && code <= lastIsolate);
-    const bool mark = std::ranges::find(marks, code) != marks.end();
-    return !control && !layout && !mark;
-}
-
-/// How one well-formed sequence is shown.
-std::string_view shown(std::string_view sequence) {
-    if (sequence == "\n" || sequence == "\r" || sequence == "\t") {
+/// How one character is shown.
+std::string_view shown(char32_t code, std::string_view sequence) {
+    if (code == '\n' || code == '\r' || code == '\t') {
         return " ";
     }
-    return isShown(codePoint(sequence)) ? sequence : replacement;
+    return isPlain(code) ? sequence : replacement;
 }
 
 } // namespace
@@ -53,9 +22,9 @@ std::string printable(std::string_view text) {
     std::string result;
     result.reserve(text.size());
     while (!text.empty()) {
-        const std::size_t length = taxcore::utf8Length(text);
-        result += length > 0 ? shown(text.substr(0, length)) : replacement;
-        text.remove_prefix(std::max<std::size_t>(length, 1));
+        const Utf8Letter letter = firstLetter(text);
+        result += shown(letter.code, text.substr(0, letter.length));
+        text.remove_prefix(letter.length);
     }
     return result;
 }

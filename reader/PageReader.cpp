@@ -2,6 +2,7 @@
 
 #include "reader/Leaders.h"
 #include "reader/Rulings.h"
+#include "reader/Seen.h"
 
 #include <utility>
 
@@ -61,6 +62,9 @@ PageFound readPage(const Document& document, PageTask task, Recognition& recogni
         } else if (task.wantsRecognition) {
             readScan(document, task, recognition, deadline, std::move(source), found);
         } else {
+            const bool hasWords = !found.reading.words.empty();
+            eraseUnseen(source, found.reading.words);
+            found.hidesText = hasWords && found.reading.words.empty();
             addNew(found.symbols, findSymbols(source, task.hasSpareThread));
             if (found.symbols.empty() && document.isScan(task.page)) {
                 addSkewedSymbols(document, task, recognition, source, found.symbols);

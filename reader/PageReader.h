@@ -19,6 +19,7 @@ struct PageFound {
     PageReading reading;
     std::string recognisedText; ///< empty unless recognition ran
     std::vector<FoundSymbol> symbols;
+    bool hidesText = false; ///< none of the text layer can be seen
 };
 
 /// Reads a page: draws it, looks for barcodes, sets it upright and recognises its text.

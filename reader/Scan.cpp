@@ -162,6 +162,8 @@ Scanned resultOf(Shared& shared) {
     result.reading.pageCount = shared.pageCount;
     result.text = shared.textLayer;
     result.reading.text = shared.textLayer;
+    bool hasWords = false;
+    bool hidesText = false;
     for (PageFound& page : shared.found) {
         const bool isLiteral = page.reading.number <= bounds::literalPages;
         if (!page.recognisedText.empty()) {
@@ -175,7 +177,12 @@ Scanned resultOf(Shared& shared) {
                 result.barcodes.push_back(shortText(symbol));
             }
         }
+        hasWords |= !page.reading.words.empty();
+        hidesText |= page.hidesText;
         result.reading.pages.push_back(std::move(page.reading));
+    }
+    if (hidesText && !hasWords) {
+        result.reading.text.clear(); // nobody sees it on paper
     }
     return result;
 }

@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/documents/ProposalDraft.h"
 
+#include "Fiscarel_SG/documents/text/Utf8Letters.h"
 #include "TaxCore/base/MoneyFormat.h"
 
 #include <algorithm>
@@ -15,6 +16,9 @@ const PageRows* DocumentRows::page(int number) const {
 }
 
 int ProposalDraft::addRecord(ProposedRecord record) {
+    for (std::string* text : {&record.title, &record.personName}) {
+        *text = plainText(*text);
+    }
     result_.records.push_back(std::move(record));
     return static_cast<int>(result_.records.size()) - 1;
 }
@@ -27,7 +31,7 @@ void ProposalDraft::put(int record, std::string field, std::string value, Eviden
     }
     result_.proposals.push_back({.recordIndex = record,
                                  .field = std::move(field),
-                                 .value = std::move(value),
+                                 .value = plainText(value),
                                  .witness = evidence.witness,
                                  .confidence = evidence.confidence,
                                  .reason = std::move(evidence.reason),
@@ -96,6 +100,29 @@ std::optional<PrintedPlace> findPrinted(const DocumentRows& document, const Deci
         }
     }
     return rounded;
+}
+
+const RowAmount* findSum(const PageRows& page, const Decimal& sum) {
+    for (const Row& row : page.rows) {
+        for (const RowAmount& one : row.amounts) {
+            const PrintedAmount& amount = one.amount;
+            const bool isAmount = amount.isFirm()
+                                  || (!amount.isYearLike() && one.last + 1 == row.words.size());
+            if (isAmount && amount.value.abs() == sum.abs()) {
+                return &one;
+            }
+        }
+    }
+    return nullptr;
+}
+
+std::optional<PrintedPlace> findSum(const DocumentRows& document, const Decimal& sum) {
+    for (const PageRows& page : document.pages) {
+        if (const RowAmount* amount = findSum(page, sum)) {
+            return PrintedPlace{&page, amount};
+        }
+    }
+    return std::nullopt;
 }
 
 } // namespace fiscarel

@@ -30,7 +30,8 @@ struct DocumentRows {
     const PageRows* page(int number) const;
 };
 
-/// Collects what a document proposes.
+/// Collects what a document proposes. What its texts hold, from barcodes too, is kept as one line of
+/// plain characters.
 class ProposalDraft {
   public:
     explicit ProposalDraft(ScanResult& result) : result_(result) {}
@@ -73,5 +74,10 @@ struct PrintedPlace {
 };
 std::optional<PrintedPlace> findPrinted(const DocumentRows& document, const Decimal& value,
                                         int onPage = 0);
+
+/// Where a sum is printed to the centime, whatever its sign: as an amount, or as a bare number at
+/// the end of a row that is no year. Null and absent when nowhere.
+const RowAmount* findSum(const PageRows& page, const Decimal& sum);
+std::optional<PrintedPlace> findSum(const DocumentRows& document, const Decimal& sum);
 
 } // namespace fiscarel

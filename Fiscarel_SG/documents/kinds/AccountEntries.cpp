@@ -33,20 +33,12 @@ class FigureSum {
         if (parts_.size() < 2) {
             return std::nullopt;
         }
-        for (const PageRows& page : document.pages) {
-            for (const Row& row : page.rows) {
-                const bool isPrinted = std::ranges::any_of(row.amounts, [&](const auto& amount) {
-                    return amount.amount.isFirm() && amount.amount.value.abs() == sum_;
-                });
-                if (isPrinted) {
-                    return ProposalCheck{"Die " + std::to_string(parts_.size())
-                                             + " Beträge ergeben zusammen die gedruckten "
-                                             + shown(sum_),
-                                         true};
-                }
-            }
+        if (!findSum(document, sum_)) {
+            return std::nullopt;
         }
-        return std::nullopt;
+        return ProposalCheck{"Die " + std::to_string(parts_.size())
+                                 + " Beträge ergeben zusammen die gedruckten " + shown(sum_),
+                             true};
     }
 
   private:

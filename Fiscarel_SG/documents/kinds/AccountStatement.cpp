@@ -337,9 +337,9 @@ bool listsAccounts(const DocumentRows& document) {
                 continue;
             }
             // The number stands beside the amounts or below them.
-            for (const std::size_t row : {at, at - 1}) {
-                const Figures figures = figuresByColumn(page, row, heading);
-                if (row > heading.row() && figures[static_cast<std::size_t>(Figure::balance)]) {
+            for (std::size_t row = at == 0 ? 0 : at - 1; row <= at; ++row) {
+                if (row > heading.row()
+                    && fiscarel::at(figuresByColumn(page, row, heading), Figure::balance)) {
                     return true;
                 }
             }

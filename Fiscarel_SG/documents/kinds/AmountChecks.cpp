@@ -60,9 +60,11 @@ std::vector<Part> columnAbove(const FoundAmount& total) {
 /// The amounts of a column directly above a total that add up to it; empty when none do.
 std::vector<Part> addingUp(const std::vector<Part>& column, const Decimal& total) {
     Decimal sum;
+    std::size_t parts = 0; // nothing adds nothing
     for (std::size_t i = 0; i < column.size(); ++i) {
         sum = sum + column[i].value;
-        if (i > 0 && sum == total && column[i].amount.amount.value != total) {
+        parts += column[i].value.isZero() ? 0U : 1U;
+        if (parts >= 2 && sum == total && column[i].amount.amount.value != total) {
             return {column.begin(), column.begin() + static_cast<std::ptrdiff_t>(i) + 1};
         }
     }

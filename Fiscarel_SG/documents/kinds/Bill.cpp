@@ -56,7 +56,7 @@ std::vector<ProposalCheck> totalChecks(const std::vector<RowRange>& ranges,
     std::vector<ProposalCheck> checks;
     const auto tax = findLast(ranges, billTaxes());
     const auto net = findLast(ranges, billNets());
-    if (tax && net && tax->value() != net->value() && net->value() <= total.value()
+    if (tax && net && tax->value() > 0 && net->value() <= total.value()
         && tax->value() < net->value()) {
         const Decimal computed = net->value() + tax->value();
         const bool holds = (computed - total.value()).abs() <= Decimal(5) / 100; // to five cents
@@ -422,7 +422,9 @@ class BillMapper {
                  holds});
         }
         const bool isSeconded = std::ranges::any_of(evidence.checks, &ProposalCheck::passed);
-        if (!context_.isKindClear || !isSeconded) {
+        if (bill.currency != "CHF") {
+            evidence.confidence = Confidence::low; // the return takes francs
+        } else if (!context_.isKindClear || !isSeconded) {
             evidence.confidence = Confidence::medium; // the amount is sure, what it is for is not
         }
         draft_.add(record_, target_.amount, amount, std::move(evidence));

@@ -70,6 +70,9 @@ std::optional<SummedAmount> totalFrom(const PageRows& page, std::size_t first) {
             break;
         }
         tax = tax + amount->amount.value;
+        if (tax <= 0) { // proves nothing
+            continue;
+        }
         if (auto total = totalAround(page, first, at + 1, tax)) {
             return total;
         }
@@ -79,7 +82,7 @@ std::optional<SummedAmount> totalFrom(const PageRows& page, std::size_t first) {
 
 /// An amount where it is printed.
 std::optional<FoundAmount> foundPrinted(const DocumentRows& document, const Decimal& value) {
-    const auto place = findPrinted(document, value);
+    const auto place = findSum(document, value);
     if (!place) {
         return std::nullopt;
     }
@@ -153,7 +156,9 @@ std::optional<SummedAmount> wholeOfParts(const DocumentRows& document,
     for (const FoundAmount& one : found) {
         sum = sum + one.value();
     }
-    auto whole = found.size() < 2 ? std::nullopt : foundPrinted(document, sum);
+    const auto parts = std::ranges::count_if(
+        found, [](const FoundAmount& one) { return !one.value().isZero(); });
+    auto whole = parts < 2 ? std::nullopt : foundPrinted(document, sum);
     // The last of them may be their total, or by chance as much as the others.
     const bool endsInSum = !whole && found.size() > 2 && found.back().value() * 2 == sum;
     if (endsInSum) {

@@ -55,15 +55,24 @@ Lines linesOf(const PageRows& page) {
 /// to all of them together. A copy of the page before does not.
 bool goesOn(const PageRows& page, const Lines& lines, const std::vector<Decimal>& sums) {
     std::vector<Decimal> all = sums;
+    std::size_t added = 0;
+    const auto isNothing = [](const Decimal& sum) { return sum.isZero(); };
+    if (std::ranges::all_of(sums, isNothing)) {
+        return false;
+    }
     for (const std::size_t line : lines) {
         const auto money = moneyIn(page.rows[line]);
         if (money.size() != all.size()) {
             continue;
         }
-        if (line != lines.front() && money == all) {
+        if (added >= 1 && money == all) {
             return true;
         }
-        for (std::size_t i = 0; i < all.size() && (line != lines.front() || money != sums); ++i) {
+        if (line == lines.front() && money == sums) {
+            continue; // told again
+        }
+        ++added;
+        for (std::size_t i = 0; i < all.size(); ++i) {
             all[i] = all[i] + money[i];
         }
     }

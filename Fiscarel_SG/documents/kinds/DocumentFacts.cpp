@@ -14,6 +14,8 @@ using taxcore::Date;
 
 namespace {
 
+constexpr double upperPart = 0.4; ///< of a page, where titles stand
+
 /// Years by how clearly they are meant: named as the year, as end of the year, in any date.
 class YearVotes {
   public:
@@ -43,8 +45,13 @@ class YearVotes {
                 static const Labels since{"seit", "depuis", "dal", "since", "dès"};
                 const bool isSince = (i > 0 && isAnyIn(row.words[i - 1].folded, since))
                                      || isAnyIn(before, beginnings());
+                const int month = i > 0 ? monthOf(row.words[i - 1].folded) : 0;
                 if (!isSince && (isNamed || !isInNumber)) {
-                    vote(*year, isNamed ? 8 : isTitle ? 6 : 2);
+                    vote(*year, isNamed      ? 8
+                                : month == 12 ? 3
+                                : month != 0  ? 1 // of a letter: "im Januar 2025"
+                                : isTitle     ? 6
+                                              : 2);
                 }
             }
         }
@@ -245,7 +252,7 @@ DocumentFacts readFacts(const DocumentRows& document) {
     YearVotes votes;
     for (const PageRows& page : document.pages) {
         for (const Row& row : page.rows) {
-            votes.look(row, &page == &document.pages.front() && row.middle() < page.height * 0.4);
+            votes.look(row, &page == &document.pages.front() && row.middle() < page.height * upperPart);
             if (facts.socialSecurityNumber.empty()) {
                 facts.socialSecurityNumber = socialSecurityNumberIn(row);
             }
@@ -260,6 +267,16 @@ DocumentFacts readFacts(const DocumentRows& document) {
     }
     facts.year = votes.best();
     return facts;
+}
+
+std::optional<int> yearTold(const PageRows& page, double bottom) {
+    YearVotes votes;
+    for (const Row& row : page.rows) {
+        if (row.middle() < bottom) {
+            votes.look(row, row.middle() < page.height * upperPart);
+        }
+    }
+    return votes.best();
 }
 
 ProposedRecord recordWith(const DocumentFacts& facts, ProposedRecord::Kind kind, std::string title,

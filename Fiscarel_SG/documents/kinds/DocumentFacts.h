@@ -21,6 +21,10 @@ struct DocumentFacts {
 
 DocumentFacts readFacts(const DocumentRows& document);
 
+/// The year that the rows of a page above a height speak of by the clearest mention: one named as
+/// the year before one of a title, that before the end of a year, that before any other day.
+std::optional<int> yearTold(const PageRows& page, double bottom);
+
 /// A record of a kind with what the facts tell of it.
 ProposedRecord recordWith(const DocumentFacts& facts, ProposedRecord::Kind kind, std::string title,
                           int page);

@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/documents/kinds/FormHeader.h"
 
+#include "Fiscarel_SG/documents/kinds/DocumentFacts.h"
 #include "Fiscarel_SG/documents/kinds/LetterHead.h"
 #include "Fiscarel_SG/documents/kinds/SalaryForm.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
@@ -79,16 +80,6 @@ void readDays(const PageRows& page, double bodyTop, SalaryForm& form) {
     }
     if (form.to) {
         form.year = form.to->year();
-    }
-}
-
-void readYear(const PageRows& page, double bodyTop, SalaryForm& form) {
-    for (const Row& row : page.rows) {
-        for (const RowWord& word : row.words) {
-            if (row.middle() < bodyTop && !form.year) {
-                form.year = yearOf2000s(word.text);
-            }
-        }
     }
 }
 
@@ -271,7 +262,7 @@ std::string socialSecurityNumberIn(const Row& row) {
 void readFormHeader(const PageRows& page, double bodyTop, SalaryForm& form) {
     readKind(page, bodyTop, form);
     readDays(page, bodyTop, form);
-    readYear(page, bodyTop, form);
+    form.year = form.year ? form.year : yearTold(page, bodyTop);
     readCrosses(page, bodyTop, form);
     form.person = findAddressee(page, bodyTop).text;
     readNamedPerson(page, form);

@@ -90,11 +90,7 @@ class YearRows {
         for (const YearRow& row : rows) {
             sum = sum + row.last;
         }
-        return std::ranges::any_of(page_.rows, [&](const Row& row) {
-            return std::ranges::any_of(row.amounts, [&](const RowAmount& amount) {
-                return amount.amount.isFirm() && amount.amount.value == sum;
-            });
-        });
+        return findSum(page_, sum) != nullptr;
     }
 
     const PageRows& page_;

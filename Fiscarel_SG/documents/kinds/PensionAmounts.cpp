@@ -184,12 +184,35 @@ bool isBeforeAmount(const PageRows& page, const Row& row) {
     return next < page.rows.size() && hasFirmAmount(page.rows[next]);
 }
 
-/// Bare numbers that may count months or days: "12 ×", "(3 Monate)", "26 Tage zu".
+/// Whether a row, or the next one, tells of payments that a number may count: "in zwölf gleichen
+/// Raten".
+bool tellsTimes(const PageRows& page, const Row& row) {
+    static const Labels words{"mal",        "fois",        "volte",     "Rate",      "Raten",
+                              "rate",       "tranches",    "acomptes",  "versement", "versements",
+                              "versamento", "versamenti",  "pagamenti", "paiements", "*zahlung",
+                              "*zahlungen", "monatliche*", "mensuel*",  "mensil*",   "payments",
+                              "Halbjahres*", "Quartals*", "Monats*", "semestr*", "trimestr*"};
+    const auto next = static_cast<std::size_t>(&row - page.rows.data()) + 1;
+    return isAnyIn(row.folded, words)
+           || (next < page.rows.size() && isAnyIn(page.rows[next].folded, words));
+}
+
+/// Whether a word is a cell of its own, as in a column of months.
+bool isCell(const Row& row, std::size_t word) {
+    const auto cells = cellsOf(row);
+    return std::ranges::any_of(
+        cells, [&](const LabelPlace& cell) { return cell.first == word && cell.last == word; });
+}
+
+/// Numbers that count months or days: "12 ×", "(3 Monate)", "26 Tage zu", or in a column below
+/// such a word; other numbers ("für 2 Kinder") count something else.
 std::set<int> unitCounts(const DocumentRows& document) {
     std::set<int> counts{12};
     for (const PageRows& page : document.pages) {
+        bool areTold = false; // months or days, in one of the rows so far
         for (const Row& row : page.rows) {
             const bool isOfMonths = findLabel(row, units(), page.isRecognised).has_value();
+            areTold |= isOfMonths;
             for (std::size_t i = 0; i < row.words.size(); ++i) {
                 const std::string& text = row.words[i].folded;
                 const bool isInAmount =
@@ -201,14 +224,15 @@ std::set<int> unitCounts(const DocumentRows& document) {
                 }
                 const auto count = smallNumber(text, 3);
                 const auto told = count ? std::nullopt : countInWords(text);
-                if (told && (hasFirmAmount(row) || isBeforeAmount(page, row))) {
+                if (told && (isOfMonths || tellsTimes(page, row)) && (hasFirmAmount(row) || isBeforeAmount(page, row))) {
                     counts.insert(*told);
                 }
                 const bool isProduct = row.folded.find(" x ") != std::string::npos
                                        || std::ranges::any_of(row.words, [](const RowWord& one) {
                                               return one.text.find("×") != std::string::npos;
                                           });
-                if (count && (isOfMonths || isProduct || hasFirmAmount(row))) {
+                const bool isInColumn = areTold && count && hasFirmAmount(row) && isCell(row, i);
+                if (count && (isOfMonths || isProduct || isInColumn)) {
                     counts.insert(*count);
                 }
             }

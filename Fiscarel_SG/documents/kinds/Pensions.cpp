@@ -420,8 +420,10 @@ class BenefitPaper {
         found.label = isFirst ? one.words.words.empty() ? std::string() : one.words.words[0].text
                               : textBetween(found.rowOf(), 0, found.amount.first - 1);
         Evidence evidence = evidenceOf(found, pensions(), context_.isKindClear, one.checks);
-        const bool isFirm = found.page->number != 0 && !found.amount.amount.wasCorrected;
-        evidence.confidence = most == Confidence::high && isFirm
+        const bool isSure = found.page->number != 0 && !found.amount.amount.wasCorrected
+                            && found.amount.amount.isFirm()
+                            && (!found.page->isRecognised || found.amount.certainty >= 0.6);
+        evidence.confidence = most == Confidence::high && isSure
                                   ? Confidence::high
                                   : std::max({evidence.confidence, most, Confidence::medium});
         if (one.found.isBelow) {

@@ -411,7 +411,7 @@ std::optional<ProposalCheck> togetherCheck(const DocumentRows& document,
     for (const PersonAmount& part : parts) {
         sum = sum + part.found.value();
     }
-    if (parts.size() < 2 || !findPrinted(document, sum)) {
+    if (parts.size() < 2 || !findSum(document, sum)) {
         return std::nullopt;
     }
     return addUpTo(sum);

@@ -106,7 +106,9 @@ std::vector<Policy> policiesOfTable(const DocumentRows& document, std::deque<Pag
                 && isNumber(row.words.front().text)) {
                 PageRows& part = parts.emplace_back(rowAsPage(page, at, *heading));
                 std::erase_if(part.rows, hasOnlyAmounts); // under no words
-                policies.push_back({row.words.front().text, {&part, 0, part.rows.size()}});
+                if (!part.rows.empty()) {
+                    policies.push_back({row.words.front().text, {&part, 0, part.rows.size()}});
+                }
             }
         }
     }
@@ -170,6 +172,9 @@ bool isTied(const RowRange& rows) {
     static const Labels words{"3a",        "*Säule 3a", "gebunden*",  "liée",
                               "vincolat*", "pilier 3a", "pilastro 3a"};
     static const Labels free{"3b", "freie*", "libre", "libera"};
+    if (rows.page == nullptr || rows.first >= rows.end) {
+        return false;
+    }
     const Row& heading = rows.page->rows[rows.first];
     if (findLabel(heading, free, rows.page->isRecognised)) {
         return false;

@@ -285,7 +285,7 @@ void confirmParcels(const KindContext& context, std::size_t from, ProposalDraft&
                 ++count;
             }
         }
-        if (count < 2 || !findPrinted(context.document, sum)) {
+        if (count < 2 || !findSum(context.document, sum)) {
             continue;
         }
         for (std::size_t i = from; i < proposals.size(); ++i) {

@@ -187,9 +187,7 @@ void takeAmounts(const PageRows& page, const std::vector<Anchor>& anchors, Salar
         const auto known = distances.find(nearest->box);
         if (known == distances.end() || distance(*nearest) < known->second) {
             distances[nearest->box] = distance(*nearest);
-            form.boxes.insert_or_assign(nearest->box, amount);
-            form.boxes[nearest->box].amount.value =
-                amount.amount.value.abs(); // the form's own sign
+            form.boxes.insert_or_assign(nearest->box, inBox(nearest->box, amount));
         }
     }
 }
@@ -242,6 +240,18 @@ std::optional<Decimal> SalaryForm::value(SalaryBox box) const {
     return found == boxes.end() ? std::nullopt : std::optional(found->second.amount.value);
 }
 
+bool SalaryForm::isNegative() const {
+    return value(SalaryBox::gross).value_or(Decimal()) < 0
+           || value(SalaryBox::net).value_or(Decimal()) < 0;
+}
+
+RowAmount inBox(SalaryBox box, RowAmount amount) {
+    if (box != SalaryBox::gross && box != SalaryBox::net) {
+        amount.amount.value = amount.amount.value.abs();
+    }
+    return amount;
+}
+
 bool SalaryForm::hasDeductions() const {
     return value(SalaryBox::social).value_or(Decimal()) > 0
            || value(SalaryBox::pensionFund).value_or(Decimal()) > 0;
@@ -288,10 +298,16 @@ std::optional<ProposalCheck> netSalaryCheck(const std::optional<Decimal>& gross,
         return std::nullopt;
     }
     const Decimal computed = *gross - deductions;
-    const bool holds = (computed - *net).abs() <= 1; // whole francs are rounded one by one
+    // Whole francs are rounded one by one; amounts to the centime fit to five centimes.
+    const auto isWhole = [](const Decimal& amount) { return amount.roundPlain(0) == amount; };
+    const bool isRounded = isWhole(*gross) && isWhole(*net);
+    const bool holds =
+        (computed - *net).abs() <= (isRounded || isWhole(*net) ? Decimal(1) : Decimal(5) / 100);
     std::string text = "Ziffern 8 − 9 − 10.1 − 10.2 = 11: " + shown(*gross) + " − "
                        + shown(deductions) + " = " + shown(computed);
-    if (!holds) {
+    if (holds && computed != *net) {
+        text += ", gerundet " + shown(*net);
+    } else if (!holds) {
         text += ", in Ziffer 11 steht aber " + shown(*net);
     }
     return ProposalCheck{std::move(text), holds};

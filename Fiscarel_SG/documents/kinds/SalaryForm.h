@@ -34,11 +34,16 @@ struct SalaryForm {
 
     /// The amount of a box; absent when it is empty.
     std::optional<Decimal> value(SalaryBox box) const;
+    /// Whether the gross or the net wage has a minus, as on a cancelled certificate.
+    bool isNegative() const;
     /// Whether contributions were taken off: of a wage they are, of a pension not.
     bool hasDeductions() const;
     /// The sheet that a box stands on.
     const PageRows& pageOf(SalaryBox box) const;
 };
+
+/// What an amount means in a box: the form takes deductions off itself, whatever their sign.
+RowAmount inBox(SalaryBox box, RowAmount amount);
 
 /// The certificates of a document, page by page; a page without the form's labels has none, and a
 /// continuation page without amounts neither. An amount belongs to the box whose label is nearest

@@ -180,8 +180,8 @@ std::map<SalaryBox, RowAmount> boxesOfGrid(const PageRows& page) {
         for (const GridBox& box : gridBoxesIn(page.rows[at], page.width)) {
             const RowAmount* amount =
                 box.box == SalaryBox::none ? nullptr : amountIn(page, at, box);
-            if (amount != nullptr && boxes.emplace(box.box, *amount).second) {
-                boxes[box.box].amount.value = amount->amount.value.abs();
+            if (amount != nullptr) {
+                boxes.emplace(box.box, inBox(box.box, *amount));
             }
         }
     }
@@ -213,9 +213,7 @@ std::map<SalaryBox, RowAmount> boxesOfList(const PageRows& page) {
         if (amount == nullptr) {
             continue;
         }
-        RowAmount own = *amount;
-        own.amount.value = own.amount.value.abs();
-        if (!boxes.emplace(current, std::move(own)).second) {
+        if (!boxes.emplace(current, inBox(current, *amount)).second) {
             return {}; // several amounts in a box
         }
     }

@@ -132,8 +132,12 @@ void proposeSalaryForm(const SalaryForm& form, ProposalDraft& draft) {
     const int record = draft.addRecord(recordOf(form));
     for (const FieldOfBox& row : amountFields) {
         if (const auto found = form.boxes.find(row.box); found != form.boxes.end()) {
-            draft.add(record, row.field, found->second.amount.value,
-                      evidenceOf(form, row.box, placeOf(form, row.number), check));
+            Evidence evidence = evidenceOf(form, row.box, placeOf(form, row.number), check);
+            if (form.isNegative()) {
+                evidence.checks.push_back(
+                    {"Der Lohn steht mit einem Minus, wie auf einem stornierten Ausweis", false});
+            }
+            draft.add(record, row.field, found->second.amount.value, std::move(evidence));
         }
     }
     if (form.isLiechtenstein) {

@@ -149,13 +149,7 @@ std::size_t SecurityList::countProven() const {
 
 bool SecurityList::isProven() const { return countProven() >= 2; }
 
-bool SecurityList::isPrinted(const Decimal& sum) const {
-    return std::ranges::any_of(page_.rows, [&](const Row& row) {
-        return std::ranges::any_of(row.amounts, [&](const RowAmount& amount) {
-            return amount.amount.isFirm() && amount.amount.value == sum;
-        });
-    });
-}
+bool SecurityList::isPrinted(const Decimal& sum) const { return findSum(page_, sum) != nullptr; }
 
 void SecurityList::settleByTax() {
     const auto isOpen = [](const Security& one) {
@@ -194,9 +188,12 @@ void SecurityList::settleIncome() {
                                  : one.number.starts_with("CH");
         one.put(isSwiss ? Stated::withTax : Stated::withoutTax, income);
     }
-    const auto holds = [&](Stated stated) {
-        const Decimal sum = settled.sumOf(stated);
-        return sum.isZero() || isPrinted(sum);
+    const auto holds = [&](Stated stated) { // one income alone is no sum
+        const auto incomes = std::ranges::count_if(settled.all, [&](const Security& one) {
+            const auto& income = at(one.amounts, stated);
+            return income && !income->value().isZero();
+        });
+        return incomes == 0 || (incomes >= 2 && isPrinted(settled.sumOf(stated)));
     };
     if (holds(Stated::withTax) && holds(Stated::withoutTax)) {
         all = std::move(settled.all);

@@ -279,8 +279,9 @@ std::string numberIn(const Row& row) {
         const std::string& text = row.words[i].text;
         const bool isOfDigits =
             std::ranges::all_of(text, [](char c) { return isDigit(c) || c == '.' || c == '\''; });
-        if (!isOfDigits && !number.empty()) {
-            break;
+        const bool isOver = number.size() >= fewest || (!number.empty() && text.size() != 3);
+        if (!number.empty() && (!isOfDigits || isOver)) {
+            break; // groups of three belong together, and nothing behind a whole number
         }
         std::ranges::copy_if(isOfDigits ? text : std::string(), std::back_inserter(number),
                              isDigit);

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <set>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -71,8 +72,15 @@ bool hasCentsHeading(const PageRows& page, const Pair& first) {
                        });
 }
 
-/// Whether pairs of one column are francs and centimes: a heading says so, or all are of coins.
+/// Whether pairs of one column are francs and centimes: a heading says so, or all are of coins. A
+/// row has one pair in a column.
 bool areCents(const PageRows& page, const std::vector<Pair>& column) {
+    std::set<std::size_t> rows;
+    for (const Pair& pair : column) {
+        if (!rows.insert(pair.row).second) {
+            return false;
+        }
+    }
     const bool areCoins = std::ranges::all_of(column, [&](const Pair& pair) {
         const char last = page.rows[pair.row].words[pair.cents].text.back();
         return last == '0' || last == '5';

@@ -104,7 +104,9 @@ class Arrangement {
         append(label, amount);
         rows_.push_back(rowOfWords(std::move(label), page_.isRecognised));
         Row& row = rows_.back();
-        if (isAmount && !row.amounts.empty() && row.amounts.back().last + 1 == row.words.size()) {
+        constexpr int plain = 10'000; // from here on an amount has a mark or decimals
+        if (isAmount && !row.amounts.empty() && row.amounts.back().last + 1 == row.words.size()
+            && row.amounts.back().amount.value.abs() < plain) {
             row.amounts.back().amount.hasCurrency = true; // it was one where it stood
         }
     }

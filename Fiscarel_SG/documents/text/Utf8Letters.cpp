@@ -29,6 +29,38 @@ std::size_t charactersIn(std::string_view text) noexcept {
     }));
 }
 
+bool isPlain(char32_t code) noexcept {
+    constexpr char32_t lineSeparator = 0x2028; // followed by the marks that turn the direction
+    constexpr char32_t lastOverride = 0x202E;
+    constexpr char32_t firstIsolate = 0x2066;
+    constexpr char32_t lastIsolate = 0x2069;
+    constexpr std::array<char32_t, 4> marks{
+        0x061C, // Arabic letter mark
+        0x200E, // left-to-right mark
+        0x200F, // right-to-left mark
+        0xFEFF, // byte order mark
+    };
+    const bool isControl = code < 0x20 || (code >= 0x7F && code <= 0x9F);
+    const bool isLayout = (code >= lineSeparator && code <= lastOverride)
+                          || (code >= firstIsolate && code <= lastIsolate);
+    return !isControl && !isLayout && std::ranges::find(marks, code) == marks.end();
+}
+
+std::string plainText(std::string_view text) {
+    std::string plain;
+    plain.reserve(text.size());
+    while (!text.empty()) {
+        const Utf8Letter letter = firstLetter(text);
+        if (letter.code == '\n' || letter.code == '\r' || letter.code == '\t') {
+            plain += ' ';
+        } else if (isPlain(letter.code)) {
+            plain += text.substr(0, letter.length);
+        }
+        text.remove_prefix(letter.length);
+    }
+    return plain;
+}
+
 bool isThousandsMark(char32_t code) noexcept {
     constexpr std::array<char32_t, 15> marks{U'\'',     U'`',      U'\u00B4', U'\u00B0', U'\u00BA',
                                              U'\u2018', U'\u2019', U'\u201B', U'\u2032', U'\u02B9',

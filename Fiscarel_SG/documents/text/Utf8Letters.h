@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace fiscarel {
@@ -16,6 +17,14 @@ Utf8Letter firstLetter(std::string_view text) noexcept;
 
 /// How many characters a text has.
 std::size_t charactersIn(std::string_view text) noexcept;
+
+/// Whether a character neither steers a terminal or a file nor turns the direction of writing:
+/// C0, DEL, C1, line separators, direction marks and byte order marks do.
+bool isPlain(char32_t code) noexcept;
+
+/// A text of unknown origin as one line of plain characters: line feeds and tabs become blanks,
+/// other characters that are not plain, and bytes that are no UTF-8, are left out.
+std::string plainText(std::string_view text);
 
 /// Whether a character separates thousands in an amount, as printed or as recognition mistakes it:
 /// apostrophes, accents standing alone, the degree sign, narrow and unbreakable blanks.
