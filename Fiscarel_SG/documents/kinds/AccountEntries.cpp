@@ -136,8 +136,12 @@ class EntryProposer {
 
     void propose() {
         for (const AccountEntry& entry : entries_) {
-            if (isStatement() && entries_.size() > 1 && !isSummed(entry)) {
-                continue; // its lists are many, only a total tells which one was read
+            const bool isProven =
+                isSummed(entry)
+                || (!entry.number.empty()
+                    && std::ranges::any_of(interestChecks(entry.figures), &ProposalCheck::passed));
+            if (isStatement() && entries_.size() > 1 && !isProven) {
+                continue; // its lists are many, only a total or its tax tells which one was read
             }
             if (at(entry.figures, Figure::debt) || at(entry.figures, Figure::debtInterest)) {
                 proposeDebt(entry);

@@ -273,17 +273,19 @@ class Search {
     /// words, as each of them is proven.
     Parts byBlockSum() const {
         Parts parts;
+        std::vector<RowRange> blocks; // up to each sum
         for (const PageRows& page : document_.pages) {
             const Starts starts = startsIn(page);
             for (std::size_t i = 0; i < starts.size(); ++i) {
                 const bool isLast = i + 1 == starts.size();
                 const std::size_t end = isLast ? page.rows.size() : starts[i + 1].first;
                 if (auto sum = sumOfBlock({&page, starts[i].first, end})) {
+                    blocks.push_back({&page, starts[i].first, sum->row});
                     parts.push_back({starts[i].second, std::move(*sum)});
                 }
             }
         }
-        return areDistinct(parts) ? parts : Parts();
+        return areDistinct(parts) ? withoutMeals(parts, blocks) : Parts();
     }
 
     /// The first amount of rows that those above it, two or more, come to; none where one of them
