@@ -76,6 +76,17 @@ std::optional<FoundAmount> sumOf(const Candidates& parts) {
     return whole;
 }
 
+/// Whether the first of several amounts is the only one, or comes to all others.
+bool isFirstTheWhole(const Candidates& all) {
+    Decimal rest;
+    bool areSame = true;
+    for (std::size_t i = 1; i < all.size(); ++i) {
+        rest = rest + valueOf(all[i]);
+        areSame &= valueOf(all[i]) == valueOf(all[0]);
+    }
+    return all.empty() || areSame || rest == valueOf(all[0]);
+}
+
 /// Candidates by box, in the order of `boxWords`.
 using Table = std::array<Candidates, 5>;
 
@@ -319,7 +330,7 @@ std::optional<SalaryForm> readWage(const std::vector<RowRange>& ranges) {
     for (std::size_t box = 0; box < choice.boxes.size(); ++box) {
         const auto& found = choice.boxes[box];
         // What is printed well and does not add up has parts that none of them is alone.
-        if (!choice.isProven && box >= 2 && table[box].size() > 1
+        if (!choice.isProven && box >= 2 && !isFirstTheWhole(table[box])
             && !choice.boxes[0]->page->isRecognised) {
             continue;
         }
