@@ -4,8 +4,8 @@
 #include "Fiscarel_SG/documents/kinds/CarriedOver.h"
 #include "Fiscarel_SG/documents/kinds/EmployersShare.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
-#include "Fiscarel_SG/documents/kinds/OtherYears.h"
 #include "Fiscarel_SG/documents/kinds/KindTitles.h"
+#include "Fiscarel_SG/documents/kinds/OtherYears.h"
 #include "Fiscarel_SG/documents/kinds/Pensions.h"
 #include "Fiscarel_SG/documents/kinds/Property.h"
 #include "Fiscarel_SG/documents/kinds/SecurityTable.h"
@@ -120,6 +120,15 @@ bool titleNamesPension(const DocumentRows& document) {
     });
 }
 
+/// Whether a paper speaks of a pension in whatever words.
+bool namesAnyPension(const DocumentRows& document) {
+    static const Labels words{"pension*",   "Ruhegehalt*", "Ruhegeld*",  "Altersleistung*",
+                              "vieillesse", "retraite*",   "vecchiaia",  "survivant*",
+                              "superstit*", "Hinterlass*", "Leibrente*", "*rente*",
+                              "rendit*",    "vitaliz*",    "viager*",    "annuity"};
+    return isAnyIn(document.folded, words) || isAnyIn(document.folded, wordsFor(Concept::pension));
+}
+
 /// Whether a form that serves wages and pensions states contributions, which only wages bear.
 bool takesContributions(const DocumentRows& document, const std::string& title) {
     static const Labels forms{"Lohnausweis", "Certificat de salaire", "Certificato di salario"};
@@ -202,14 +211,20 @@ void proposeByKind(const KindContext& context, ProposalDraft& draft) {
 /// mean.
 std::vector<SalaryForm> readCertificatePages(const DocumentRows& document) {
     std::vector<SalaryForm> forms = readSalaryForms(document);
-    if (forms.size() > 1) {
+    const bool areProven = std::ranges::all_of(forms, isProven);
+    if (forms.size() > 1 && areProven) {
         return forms;
     }
     auto lists = readSalaryLists(document);
+    if (forms.size() > 1) {
+        const bool areSame = lists.size() == forms.size() && std::ranges::all_of(lists, isProven);
+        return areSame ? lists : forms;
+    }
     const bool isOneProven = forms.size() == 1 && isProven(forms.front());
-    const bool areBetter = lists.size() > 1
-                           || (lists.size() == 1 && !isOneProven
-                               && (forms.empty() ? !lists[0].isPension : isProven(lists[0])));
+    const bool areBetter =
+        lists.size() > 1
+        || (lists.size() == 1 && !isOneProven
+            && (forms.empty() ? !lists[0].isPension : isProven(lists[0]) || lists[0].isGuess));
     auto& best = areBetter ? lists : forms;
     if (best.size() == 1 && namesSeveralInsured(*best.front().page)) {
         best.clear(); // what several people earn together is nobody's wage
@@ -361,7 +376,8 @@ void proposeAll(const DocumentReading& reading, ScanResult& result) {
                 proposeSalaryForm(form, draft);
             }
         }
-        if (forms.empty() && !namesWage(document) && !payloads.kind) { // a letter on a pension
+        if (forms.empty() && !payloads.kind && namesAnyPension(document) && !namesWage(document)) {
+            // a letter on a pension
             const DocumentFacts facts = readFacts(document);
             const DocumentRows own = withoutOtherYears(document, facts.year);
             proposePensions({own, facts, Kind::lohnausweis, verdict.isClear, bill}, false, draft);

@@ -1,5 +1,9 @@
 #include "Fiscarel_SG/documents/kinds/Pensions.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
+#include "Fiscarel_SG/documents/rows/Vocabulary.h"
+
+#include <algorithm>
+#include <vector>
 
 namespace fiscarel {
 
@@ -122,6 +126,70 @@ std::string headOf(const DocumentRows& document) {
     return head;
 }
 
+/// What the head of an insurer's paper names whose rows tell that it paid allowances.
+const Labels& losses() {
+    static const Labels words{"UVG*",
+                              "Unfall*",
+                              "*unfall",
+                              "Krankheit*",
+                              "*versicherung",
+                              "*leistungen",
+                              "LAA",
+                              "LAINF",
+                              "SUVA",
+                              "accident*",
+                              "maladie",
+                              "sinistre*",
+                              "prestations",
+                              "perte de gain",
+                              "infortun*",
+                              "malattia",
+                              "prestazioni",
+                              "perdita di guadagno",
+                              "benefits",
+                              "Leistungsabrechnung*",
+                              "Arbeitsunfähig*",
+                              "incapacité",
+                              "incapacità",
+                              "Schaden*",
+                              "Schadenfall*"};
+    return words;
+}
+
+/// Whether a row states an amount of allowances, by their full name.
+bool statesAllowance(const DocumentRows& document) {
+    static const Labels names{"Taggelder",
+                              "*taggelder",
+                              "Taggeldleistung*",
+                              "indemnités journalières",
+                              "indennità giornaliere",
+                              "daily allowances"};
+    return std::ranges::any_of(document.pages, [](const PageRows& page) {
+        return std::ranges::any_of(page.rows, [&](const Row& row) {
+            const auto name = findLabel(row, names, page.isRecognised);
+            return name && std::ranges::any_of(row.amounts, [&](const RowAmount& amount) {
+                       return amount.amount.isFirm() && amount.first > name->last;
+                   });
+        });
+    });
+}
+
+/// Whether an insurer's paper on a loss states allowances among what it paid. Papers on wages and
+/// on premiums do so too.
+bool isOfLoss(const DocumentRows& document, const std::string& head) {
+    static const Labels premiums{"*prämie", "*prämien", "prime",   "primes",
+                                 "premio",  "premi",    "premium*"};
+    static const std::vector<std::vector<Concept>> wages{{Concept::gross, Concept::wage},
+                                                         {Concept::net, Concept::wage}};
+    const bool isOther = isAnyIn(document.folded, premiums)
+                         || std::ranges::any_of(wages, [&](const std::vector<Concept>& wage) {
+                                return std::ranges::all_of(wage, [&](Concept meant) {
+                                    return isAnyIn(document.folded, wordsFor(meant));
+                                });
+                            });
+    return !isOther && isAnyIn(head, losses()) && statesAllowance(document);
+}
+
 } // namespace
 
 std::optional<Allowance> allowanceOf(const DocumentRows& document) {
@@ -133,7 +201,8 @@ std::optional<Allowance> allowanceOf(const DocumentRows& document) {
     const bool isAllowance =
         isAnyIn(head, allowances())
         || (isUnemployed
-            && (isAnyIn(document.folded, allowances()) || isAnyIn(document.folded, benefits())));
+            && (isAnyIn(document.folded, allowances()) || isAnyIn(document.folded, benefits())))
+        || isOfLoss(document, head);
     if (!isAllowance || isAnyIn(head, others())) {
         return std::nullopt;
     }

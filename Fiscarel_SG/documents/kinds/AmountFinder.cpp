@@ -24,7 +24,8 @@ bool runsOn(const Row& row, bool isRecognised) {
     return true;
 }
 
-/// Whether a row is part of a sentence with amounts, which says before each what it is.
+} // namespace
+
 bool isProse(const Row& row, bool isRecognised) {
     constexpr std::size_t fewest = 6; // words
     const auto firm = std::ranges::count_if(
@@ -40,6 +41,8 @@ bool isProse(const Row& row, bool isRecognised) {
     const bool isRest = start >= 'a' && start <= 'z' && endsSentence(row, row.words.size() - 1);
     return isRest || firm > 1 || row.amounts.back().last + 1 != end;
 }
+
+namespace {
 
 /// Whether the row below holds nothing but an amount for each of two boxes.
 bool headsBoxes(const RowRange& range, std::size_t at) {

@@ -39,6 +39,9 @@ struct RowRange {
     std::size_t end = 0;
 };
 
+/// Whether a row is part of a sentence with amounts, which says before each what it is.
+bool isProse(const Row& row, bool isRecognised);
+
 /// All rows of a document, a range for each page.
 std::vector<RowRange> wholeDocument(const DocumentRows& document);
 

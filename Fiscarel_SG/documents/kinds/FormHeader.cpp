@@ -112,7 +112,7 @@ void readKind(const PageRows& page, double bodyTop, SalaryForm& form) {
                      : isPensionMarked != isSalaryMarked ? isPensionMarked
                      : isPensionNamed != isSalaryNamed
                          ? isPensionNamed
-                         : !form.hasDeductions() && form.boxes.size() > 1;
+                         : !form.isGuess && !form.hasDeductions() && form.boxes.size() > 1;
 }
 
 /// Boxes F and G: a cross before the words, at the height of one of their lines.

@@ -280,6 +280,36 @@ std::optional<NamedPerson> nameOfAmount(const Row& row) {
     return name && !namesThing(row, *name) ? name : std::nullopt;
 }
 
+/// Whom the cells of a row name behind the word for whose contract or account it is:
+/// "Stipulante: Anna Muster   Stipulante: Beat Muster".
+std::vector<NamedPerson> holdersIn(const Row& row) {
+    static const Labels labels{"Versicherungsnehmer*",
+                               "Vorsorgenehmer*",
+                               "Kontoinhaber*",
+                               "Inhaber*",
+                               "Versicherte*",
+                               "Preneur*",
+                               "Preneuse*",
+                               "Titulaire*",
+                               "Assuré*",
+                               "Titolare",
+                               "Intestatari*",
+                               "Stipulante",
+                               "Contraente",
+                               "Assicurat*",
+                               "Avente diritto",
+                               "Policyholder*",
+                               "Account holder"};
+    std::vector<NamedPerson> holders;
+    for (std::size_t from = 0; const auto label = findLabel(row, labels, false, from);) {
+        if (const auto name = nameAt(row, label->last + 1)) {
+            holders.push_back(*name);
+        }
+        from = label->last + 1;
+    }
+    return holders;
+}
+
 } // namespace
 
 People::People(const DocumentRows& document) {
@@ -291,6 +321,9 @@ People::People(const DocumentRows& document) {
             above = &row;
             if (const auto name = nameOfAmount(row)) {
                 inTables[row.words[name->last].folded].insert(row.words[name->first].folded);
+            }
+            for (const NamedPerson& name : holdersIn(row)) {
+                inTables[row.words[name.last].folded].insert(row.words[name.first].folded);
             }
         }
     }

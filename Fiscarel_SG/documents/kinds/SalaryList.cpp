@@ -5,6 +5,7 @@
 #include "Fiscarel_SG/documents/kinds/People.h"
 #include "Fiscarel_SG/documents/kinds/Prose.h"
 #include "Fiscarel_SG/documents/kinds/SalaryColumns.h"
+#include "Fiscarel_SG/documents/kinds/SalaryRun.h"
 #include "Fiscarel_SG/documents/kinds/SalaryTable.h"
 #include "Fiscarel_SG/documents/kinds/SalaryWords.h"
 #include "Fiscarel_SG/documents/kinds/WageHolders.h"
@@ -75,6 +76,17 @@ std::optional<FoundAmount> sumOf(const Candidates& parts) {
     return whole;
 }
 
+/// Whether the first of several amounts is the only one, or comes to all others.
+bool isFirstTheWhole(const Candidates& all) {
+    Decimal rest;
+    bool areSame = true;
+    for (std::size_t i = 1; i < all.size(); ++i) {
+        rest = rest + valueOf(all[i]);
+        areSame &= valueOf(all[i]) == valueOf(all[0]);
+    }
+    return all.empty() || areSame || rest == valueOf(all[0]);
+}
+
 /// Candidates by box, in the order of `boxWords`.
 using Table = std::array<Candidates, 5>;
 
@@ -143,87 +155,6 @@ class Search {
     Choice current_;
 };
 
-/// What is taken off between a gross and a net wage, row by row.
-class Deductions {
-  public:
-    Deductions(const FoundAmount& gross, const FoundAmount& net) {
-        const PageRows& page = *gross.page;
-        for (std::size_t at = gross.row + 1; at < net.row; ++at) {
-            static const Labels ofWhich{"davon", "dont", "di cui", "of which"};
-            const auto part = findLabel(page.rows[at], ofWhich, page.isRecognised);
-            const RowAmount* amount = part && part->first == 0 ? nullptr : lastOrNewest(page, at);
-            if (amount != nullptr && amount->amount.isFirm()) {
-                take(page.rows[at], *amount, page.isRecognised);
-            }
-        }
-    }
-
-    Decimal sum() const {
-        Decimal all;
-        for (const Part& part : parts_) {
-            all = all + part.amount.amount.value;
-        }
-        return all;
-    }
-
-    /// Interest less withholding tax leaves a net amount too.
-    bool areOfWage() const { return std::ranges::any_of(parts_, &Part::isNamed); }
-
-    /// Puts them to their boxes, those of a box together.
-    void fill(SalaryForm& form) const {
-        for (const Part& part : parts_) {
-            const auto [box, isNew] = form.boxes.emplace(part.box, part.amount);
-            if (!isNew) {
-                Decimal& value = box->second.amount.value;
-                value = value + part.amount.amount.value;
-            }
-            form.isGuess |= !part.isNamed;
-        }
-    }
-
-  private:
-    struct Part {
-        SalaryBox box = SalaryBox::social;
-        RowAmount amount;
-        bool isNamed = false; ///< its words say which box it belongs to
-    };
-
-    void take(const Row& row, RowAmount amount, bool isRecognised) {
-        amount.amount.value = amount.amount.value.abs();
-        // A subtotal stands for the rows that it adds up, where these do not say what they are.
-        Decimal sum;
-        bool areNamed = true;
-        for (std::size_t first = parts_.size(); first-- > 0;) {
-            sum = sum + parts_[first].amount.amount.value;
-            areNamed &= parts_[first].isNamed;
-            if (parts_.size() - first >= 2 && sum == amount.amount.value) {
-                if (areNamed) {
-                    return;
-                }
-                parts_.resize(first);
-                break;
-            }
-        }
-        Part part{.amount = std::move(amount)};
-        for (const std::size_t box : {2U, 4U, 3U}) { // buy-in, pension fund, social insurances
-            const BoxWords& words = boxWords()[box];
-            const Meaning& last = words.wanted.meanings.back();
-            const bool isNamed = findLabel(row, words.vague, isRecognised)
-                                 || findMeaning(row, words.wanted.meanings.front(), isRecognised)
-                                 || findMeaning(row, last, isRecognised)
-                                 || (box == 4 && namesAny(row, {occupational}, isRecognised));
-            if (isNamed) {
-                part.box = words.box;
-                part.isNamed = true;
-                break;
-            }
-        }
-        parts_.push_back(std::move(part));
-    }
-
-    std::vector<Part> parts_;
-};
-
 /// Deductions that a letter names behind their amounts, before those it names otherwise.
 Candidates deductionsBehind(const std::vector<RowRange>& ranges, const BoxWords& words) {
     Candidates found;
@@ -233,28 +164,6 @@ Candidates deductionsBehind(const std::vector<RowRange>& ranges, const BoxWords&
         }
     }
     return found;
-}
-
-/// A wage whose rows between gross and net take off exactly what lies between the two.
-std::optional<SalaryForm> readRun(const Candidates& grosses, const Candidates& nets) {
-    for (const auto& gross : grosses) {
-        for (const auto& net : nets) {
-            if (gross->page != net->page || net->row <= gross->row) {
-                continue;
-            }
-            const Deductions deductions(*gross, *net);
-            if (!deductions.areOfWage() || deductions.sum() < 1
-                || valueOf(gross) - deductions.sum() != valueOf(net)) {
-                continue;
-            }
-            SalaryForm form{.page = gross->page};
-            form.boxes[SalaryBox::gross] = gross->amount;
-            form.boxes[SalaryBox::net] = net->amount;
-            deductions.fill(form);
-            return form;
-        }
-    }
-    return std::nullopt;
 }
 
 double topOf(const SalaryForm& form) {
@@ -404,8 +313,12 @@ std::optional<SalaryForm> readWage(const std::vector<RowRange>& ranges) {
         }
     }
     if (!choice.isProven) {
-        if (auto form = readRun(table[0], table[1])) {
-            return form;
+        for (const auto& first : table[0]) {
+            for (const auto& last : table[1]) {
+                if (auto form = readSalaryRun(*first, *last)) {
+                    return form;
+                }
+            }
         }
     }
     const bool areFirm = std::ranges::all_of(
@@ -416,6 +329,11 @@ std::optional<SalaryForm> readWage(const std::vector<RowRange>& ranges) {
     SalaryForm form{.page = choice.boxes[0]->page};
     for (std::size_t box = 0; box < choice.boxes.size(); ++box) {
         const auto& found = choice.boxes[box];
+        // What is printed well and does not add up has parts that none of them is alone.
+        if (!choice.isProven && box >= 2 && !isFirstTheWhole(table[box])
+            && !choice.boxes[0]->page->isRecognised) {
+            continue;
+        }
         const bool isOther = found && found->page != form.page;
         if (!found || (isOther && !choice.isProven)) {
             continue;

@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/SalaryTable.h"
 
 #include "Fiscarel_SG/documents/kinds/LetterHead.h"
+#include "Fiscarel_SG/documents/kinds/SalaryColumns.h"
 #include "Fiscarel_SG/documents/kinds/SalaryWords.h"
 #include "Fiscarel_SG/documents/kinds/TableHeading.h"
 #include "Fiscarel_SG/documents/kinds/WageHolders.h"
@@ -269,7 +270,23 @@ class SalaryTable {
         if (!isProven(form)) {
             takeNetApart(at, form);
         }
-        return isProven(form) ? std::optional(std::move(form)) : std::nullopt;
+        if (isProven(form)) {
+            return form;
+        }
+        return namedByOrder(at);
+    }
+
+    /// The wage of a row some of whose deductions their headings do not name, by their order: all
+    /// that is taken off stands between the gross and the net one.
+    std::optional<SalaryForm> namedByOrder(std::size_t at) const {
+        const PageRows row = rowAsPage(page_, at, heading_);
+        auto form = readWage({{&row, 0, row.rows.size()}});
+        if (!form || !isProven(*form)) {
+            return std::nullopt;
+        }
+        form->page = &page_;
+        form->elsewhere.clear();
+        return form;
     }
 
     /// The net wage of a row that has none: stated below the table, or what was paid with the tax

@@ -10,9 +10,13 @@ namespace fiscarel {
 /// How papers that have not the form's layout call one of its boxes.
 struct BoxWords {
     SalaryBox box;
-    Wanted wanted;     ///< the surest meaning first
-    Labels vague = {}; ///< words that mean it among the amounts of a wage only
+    Wanted wanted;       ///< the surest meaning first
+    Labels vague = {};   ///< words that mean it among the amounts of a wage only
+    Labels between = {}; ///< words that mean it only between the gross and the net wage
 };
+
+/// What the state's own insurance for old age is called beside the pension fund's.
+const Labels& firstPillarWords();
 
 /// Gross and net first, then the deductions from the most special to the most common: a purchase
 /// of benefits, the social insurances, the pension fund.

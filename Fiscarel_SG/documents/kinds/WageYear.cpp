@@ -171,6 +171,21 @@ std::optional<std::size_t> newestColumn(const std::vector<TableColumn>& columns)
     return known.size() >= 2 ? newest : std::nullopt;
 }
 
+/// Whether amounts stand under a heading; none do under that of the rows' own names: "Monat".
+bool headsAmounts(const PageRows& page, const TableHeading& heading, std::size_t column) {
+    constexpr std::size_t farthest = 12; // rows
+    const std::size_t end = std::min(page.rows.size(), heading.row + 1 + farthest);
+    for (std::size_t at = heading.row + 1; at < end; ++at) {
+        for (const RowAmount& amount : page.rows[at].amounts) {
+            if (amount.amount.isFirm()
+                && heading.columnOf(printedAmount(amount, page), page) == column) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
 std::optional<YearTable> yearTableIn(const PageRows& page, std::size_t at, bool withNext) {
     YearTable table{.heading = tableHeadingIn(page, at, withNext)};
     const auto& columns = table.heading.columns;
@@ -180,7 +195,8 @@ std::optional<YearTable> yearTableIn(const PageRows& page, std::size_t at, bool 
         const Span span = spanOf(columns[i].cell);
         static const Labels halves{"Halbjahr*", "*halbjahr", "semestre*", "sem."};
         table.areHalves |= findLabel(columns[i].cell, halves, false).has_value();
-        table.parts += span == Span::part ? 1U : 0U;
+        const bool isStub = i == 0 && span == Span::part && !headsAmounts(page, table.heading, i);
+        table.parts += span == Span::part && !isStub ? 1U : 0U;
         table.hasFormer |= isFormer(columns[i].cell);
         if (span == Span::running || (span == Span::year && !isRunning)) {
             years = span == Span::running && !isRunning ? 1 : years + 1;

@@ -313,6 +313,78 @@ TEST(WageYear, anEarlierYearBesideIsLeftOut) {
     }
 }
 
+TEST(WageYear, contributionsAreKnownByTheirRiskBetweenGrossAndNet) {
+    struct Names {
+        const char* title;
+        const char* gross;
+        const char* unemployment;
+        const char* accidents;
+        const char* fund;
+        const char* sum; ///< of what is taken off, and no part of it
+        const char* net;
+    };
+    for (const Names& row : {
+             Names{"Lohnbescheinigung 2024", "Bruttolohn", "Arbeitslosigkeit", "Unfall NBU",
+                   "Pens.kasse", "Total Abzüge", "Nettolohn"},
+             Names{"Attestation de salaire 2024", "Salaire brut", "Chômage", "Acc. non prof.",
+                   "Caisse de retraite", "Total des retenues", "Salaire net"},
+             Names{"Attestato di salario 2024", "Totale competenze", "Disocc. 1,1 %", "Inf. n.p.",
+                   "C.P.", "Totale trattenute", "Salario dopo i contributi"},
+             Names{"Conferma di stipendio 2024", "Lordo annuo", "Contro la disoccupazione",
+                   "Infortuni tempo libero", "Ente previdenziale", "Totale", "Netto annuo"},
+         }) {
+        DrawnPage page;
+        page.line(row.title).line(row.gross, "62’000.00").line("AVS / AHV", "-3’300.00");
+        page.line(row.unemployment, "-700.00").line(row.accidents, "-500.00");
+        page.line(row.fund, "-3’100.00").line(row.sum, "-7’600.00").line(row.net, "54’400.00");
+        EXPECT_EQ(amountsOf(page.proposed()), wageOfYear) << row.title;
+    }
+}
+
+TEST(WageYear, whatMayBeThePensionFundsIsNoSocialInsurances) {
+    DrawnPage page;
+    page.line("Attestato di salario 2024").line("Salario lordo", "62’000.00");
+    page.line("AVS/AI/IPG/AD", "-4’500.00").line("Trattenuta B", "-3’100.00");
+    page.line("Salario netto", "54’400.00");
+    const ScanResult result = page.proposed();
+    EXPECT_EQ(valueOf(result, "grossSalary"), "62000");
+    EXPECT_EQ(valueOf(result, "socialContributions"), "");
+}
+
+TEST(WageYear, aLetterNamesEachDeductionBeforeItsAmount) {
+    DrawnPage page;
+    page.line("Conferma dello stipendio versato nel 2024");
+    page.line("Il salario lordo dell'anno ammonta a fr. 62'000.00. Dal lordo abbiamo trattenuto i");
+    page.line("contributi AVS/AI/IPG di fr. 3'800.00 e quelli dell'assicurazione contro la");
+    page.line("disoccupazione di fr. 700.00. Un'altra cassa non è dovuta, la cassa pensione");
+    page.line("ha ricevuto fr. 3'100.00. L'assicurazione infortuni è a nostro carico, e la cassa");
+    page.line("malati pure. Il salario netto da dichiarare è di fr. 54'400.00.");
+    EXPECT_EQ(amountsOf(page.proposed()), wageOfYear);
+}
+
+TEST(WageYear, aTableByMonthsMayHaveColumnsWhoseHeadingsSayLittle) {
+    for (const char* heading : {"Inf. n.p.", "Rit. 3", "CCL"}) {
+        DrawnPage page;
+        page.text(30, 40, "Riassunto stipendi anno 2024").text(30, 60, "Scheda: Carla Muster");
+        const auto row = [&](double y, const std::vector<const char*>& words) {
+            page.text(30, y, words[0]);
+            for (std::size_t i = 1; i < words.size(); ++i) {
+                page.right(70 + 80 * static_cast<double>(i), y, words[i]);
+            }
+        };
+        row(100, {"Mese", "TOT. LORDO", "AVS 5,3%", heading, "LPP", "TOT. NETTO", "Bonificato"});
+        row(118, {"Gennaio", "31000.00", "1643.00", "607.00", "1550.00", "27200.00", "27000.00"});
+        row(136, {"Febbraio", "31000.00", "1643.00", "607.00", "1550.00", "27200.00", "27200.00"});
+        row(160, {"Totale", "62000.00", "3286.00", "1214.00", "3100.00", "54400.00", "54200.00"});
+        const ScanResult result = page.proposed();
+        EXPECT_EQ(result.proposedKind, Kind::lohnausweis) << heading;
+        EXPECT_EQ(valueOf(result, "grossSalary"), "62000") << heading;
+        EXPECT_EQ(valueOf(result, "socialContributions"), "4500") << heading;
+        EXPECT_EQ(valueOf(result, "pensionContributions"), "3100") << heading;
+        EXPECT_EQ(valueOf(result, "netSalaryOverride"), "54400") << heading;
+    }
+}
+
 TEST(WageYear, earningsAndDeductionsMayStandBesideEachOther) {
     DrawnPage page;
     page.line("RIEPILOGO SALARIO 2024").line("valido quale certificato di salario");
