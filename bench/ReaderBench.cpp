@@ -103,6 +103,32 @@ void proposals(benchmark::State& state) {
 }
 BENCHMARK(proposals)->ArgName("recognised")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
+/// The same of a page with nothing but rows of labels and amounts, as many as are asked for: twice
+/// as many may take little more than twice as long.
+void proposalsOfRows(benchmark::State& state) {
+    DocumentReading reading;
+    PageReading& page = reading.pages.emplace_back(
+        PageReading{.number = 1, .width = 595, .height = 6.0 * (10 + state.range(0))});
+    const auto put = [&](double left, double row, const std::string& word) {
+        const double width = 1.5 * static_cast<double>(word.size());
+        page.words.push_back({word, {left, 6 * row, left + width, 6 * row + 3}});
+    };
+    put(40, 1, "Vorsorgebescheinigung");
+    put(80, 1, "2024");
+    for (int row = 0; row < state.range(0); ++row) {
+        put(40, row + 3, "Beiträge");
+        for (int column = 0; column < 5; ++column) {
+            put(100 + 60 * column, row + 3, std::to_string(100 + (7 * row + column) % 890) + ".50");
+        }
+    }
+    for ([[maybe_unused]] const auto run : state) {
+        ScanResult result;
+        propose(reading, result);
+        benchmark::DoNotOptimize(result.proposals.size());
+    }
+}
+BENCHMARK(proposalsOfRows)->ArgName("rows")->Arg(200)->Arg(400)->Unit(benchmark::kMillisecond);
+
 void scannedPage(benchmark::State& state) {
     const auto file = folder().write("scan.png", drawing::png(densePage()));
     double alone = 0;

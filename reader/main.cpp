@@ -10,6 +10,7 @@
 #include "reader/Limits.h"
 #include "reader/Scan.h"
 #include "reader/Straighten.h"
+#include "reader/TimeLimit.h"
 #include "reader/Warp.h"
 
 #include <fcntl.h>
@@ -20,10 +21,12 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -117,13 +120,13 @@ Deadline deadlineOf(const Call& call) {
     return std::chrono::steady_clock::now() + std::chrono::seconds(call.seconds);
 }
 
-Scanned scanned(const std::string& bytes, const Call& call) {
+Scanned scanned(const std::string& bytes, const Call& call, Deadline deadline) {
     if (auto fault = faultOf(bytes)) {
         return {.problem = std::move(fault)};
     }
     constexpr unsigned mostThreads = 4; // each holds the languages in memory
     return scanDocument(
-        bytes, {.deadline = deadlineOf(call),
+        bytes, {.deadline = deadline,
                 .threads = std::clamp(std::thread::hardware_concurrency(), 1U, mostThreads),
                 .progress = [&](int done, int total) {
                     if (call.mode == Call::Mode::scan) {
@@ -132,17 +135,35 @@ Scanned scanned(const std::string& bytes, const Call& call) {
                 }});
 }
 
+/// Adds what a reading proposes; by the deadline, or else the text has to do.
+ScanResult withProposals(ScanResult result, DocumentReading reading, Deadline deadline) {
+    const auto kept = std::make_shared<const DocumentReading>(std::move(reading));
+    auto proposed = doneBy<ScanResult>(deadline, [result, kept]() mutable {
+        propose(*kept, result);
+        return std::move(result);
+    });
+    if (proposed) {
+        return std::move(*proposed);
+    }
+    result.problem = (result.problem ? *result.problem + ' ' : std::string())
+                     + "Die Beträge liessen sich in der erlaubten Zeit nicht vorschlagen; der Text "
+                       "ist gelesen.";
+    return result;
+}
+
 bool scan(const std::string& bytes, const Call& call) {
-    Scanned found = scanned(bytes, call);
+    constexpr std::chrono::seconds forProposals{8}; // who asks waits longer than that
+    const Deadline deadline = deadlineOf(call);
+    Scanned found = scanned(bytes, call, deadline);
     ScanResult result = DocumentScanner::read(std::move(found.text), std::move(found.barcodes));
     result.pageCount = found.reading.pageCount;
     result.problem = std::move(found.problem);
-    propose(found.reading, result);
+    result = withProposals(std::move(result), std::move(found.reading), deadline + forProposals);
     return Answer::give("result", taxcore::toJson(result, taxcore::JsonStyle::compact));
 }
 
 bool raw(const std::string& bytes, const Call& call) {
-    const Scanned found = scanned(bytes, call);
+    const Scanned found = scanned(bytes, call, deadlineOf(call));
     if (found.problem) {
         std::fprintf(stderr, "%s\n", found.problem->c_str());
     }
@@ -250,6 +271,6 @@ int main(int argc, char** argv) {
     } catch (const std::exception&) {
         isDone = Answer::give("problem", "Dieses Dokument braucht beim Lesen zu viel Speicher.");
     }
-    // Threads may still be at work on a page that takes too long.
+    // Threads may still be at work on a page, or proposals, that take too long.
     _exit(isDone ? EXIT_SUCCESS : EXIT_FAILURE);
 }

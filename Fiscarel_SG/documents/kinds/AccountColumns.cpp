@@ -173,33 +173,55 @@ std::size_t endOfFigures(const PageRows& page, std::size_t at, double left) {
     return page.rows.size();
 }
 
-/// Whether rows below say left of a column what their amounts are: at least two figures.
-bool statesFigures(const PageRows& page, std::size_t at, double left) {
-    constexpr std::size_t farthest = 3; // rows from the headings to the first figure
-    std::set<Figure> stated;
-    for (std::size_t below = at + 1; below < page.rows.size(); ++below) {
-        const Row& row = page.rows[below];
-        const auto cells = cellsOf(row);
-        const auto inColumns = std::ranges::count_if(row.amounts, [&](const RowAmount& amount) {
-            return amount.place.right > left - alignment(page);
-        });
-        if (inColumns < 2 || cells.front().left >= left - alignment(page)) {
-            if (stated.empty() && below > at + farthest) {
-                return false; // that row stood far above, in the letter's head
+/// What the first cells of a page's rows call the amounts beside them, each found out once.
+class RowFigures {
+  public:
+    explicit RowFigures(const PageRows& page) : page_(page), lines_(page.rows.size()) {}
+
+    /// Whether rows below say left of a column what their amounts are: at least two figures.
+    bool areStated(std::size_t at, double left) {
+        constexpr std::size_t farthest = 3; // rows from the headings to the first figure
+        std::set<Figure> stated;
+        for (std::size_t below = at + 1; below < page_.rows.size() && stated.size() < 2; ++below) {
+            const Row& row = page_.rows[below];
+            const auto inColumns = std::ranges::count_if(row.amounts, [&](const RowAmount& amount) {
+                return amount.place.right > left - alignment(page_);
+            });
+            if (inColumns < 2 || lineAt(below).left >= left - alignment(page_)) {
+                if (stated.empty() && below > at + farthest) {
+                    return false; // that row stood far above, in the letter's head
+                }
+                continue;
             }
-            continue;
+            if (const auto figure = lineAt(below).figure) {
+                stated.insert(*figure);
+            }
         }
-        Row label;
-        label.words = wordsOf(row, cells.front());
-        for (const RowWord& word : label.words) {
-            label.folded += word.folded + ' ';
-        }
-        if (const auto figure = figureOf(label, page.isRecognised)) {
-            stated.insert(*figure);
-        }
+        return stated.size() >= 2;
     }
-    return stated.size() >= 2;
-}
+
+  private:
+    struct Line {
+        double left = 0; ///< where the row begins
+        std::optional<Figure> figure;
+    };
+
+    const Line& lineAt(std::size_t at) {
+        if (!lines_[at]) {
+            const LabelPlace cell = cellsOf(page_.rows[at]).front();
+            Row label;
+            label.words = wordsOf(page_.rows[at], cell);
+            for (const RowWord& word : label.words) {
+                label.folded += word.folded + ' ';
+            }
+            lines_[at] = Line{cell.left, figureOf(label, page_.isRecognised)};
+        }
+        return *lines_[at];
+    }
+
+    const PageRows& page_;
+    std::vector<std::optional<Line>> lines_;
+};
 
 /// Whether columns are of loans: what heads their numbers says so, or the page's title where they
 /// are headed by numbers alone.
@@ -233,9 +255,10 @@ bool areOfLoans(const PageRows& page, std::size_t at, const std::vector<LabelPla
 } // namespace
 
 AccountColumns accountColumns(const PageRows& page) {
+    RowFigures figures(page);
     for (std::size_t at = 0; at < page.rows.size() && page.number != 0; ++at) {
         const auto cells = accountCells(page, at);
-        if (cells.size() < 2 || !statesFigures(page, at, cells.front().left)) {
+        if (cells.size() < 2 || !figures.areStated(at, cells.front().left)) {
             continue;
         }
         PageRows table = page;

@@ -22,19 +22,26 @@ double amountColumn(const PageRows& page) {
     std::vector<double> edges;
     for (const Row& row : page.rows) {
         for (const RowAmount& amount : row.amounts) {
-            if (amount.amount.isFirm()) {
+            if (amount.amount.isFirm() && std::isfinite(amount.place.right)) {
                 edges.push_back(amount.place.right);
             }
         }
     }
+    std::ranges::sort(edges);
     double best = page.width;
-    std::ptrdiff_t most = 0;
+    std::size_t most = 0;
+    std::size_t first = 0; // of those near an edge, up to `end`
+    std::size_t end = 0;
     for (const double edge : edges) {
-        const auto count = std::ranges::count_if(
-            edges, [&](double other) { return std::abs(other - edge) <= alignment(page); });
-        if (count > most || (count == most && edge > best)) {
-            most = count;
-            best = edge;
+        while (edge - edges[first] > alignment(page)) {
+            ++first;
+        }
+        while (end < edges.size() && edges[end] - edge <= alignment(page)) {
+            ++end;
+        }
+        if (end - first >= most) {
+            most = end - first;
+            best = edge; // the last of as many
         }
     }
     return best;

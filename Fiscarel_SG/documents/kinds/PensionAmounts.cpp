@@ -260,20 +260,37 @@ class Arithmetic {
   private:
     /// A foreign amount by the rate of exchange.
     void convert() {
-        const auto rates = ratesIn(document_);
+        constexpr std::size_t mostRates = 100; // one of more fits about any amount by chance
+        std::set<Decimal> known;
+        auto rates = ratesIn(document_);
+        std::erase_if(rates, [&](const Decimal& rate) { return !known.insert(rate).second; });
+        if (rates.empty() || rates.size() > mostRates) {
+            return;
+        }
+        std::multimap<Decimal, PensionAmount*> open; // by value
         for (PensionAmount& one : amounts_) {
-            for (const PensionAmount& other : amounts_) {
-                for (const Decimal& rate : rates) {
-                    const Decimal value = other.found.value() * rate;
-                    if (!one.isBarred && other.isBarred && one.checks.empty()
-                        && (value - one.found.value()).abs() * 100 <= 1) {
-                        one.checks.push_back({"Umrechnung: " + shown(other.found.value()) + " × "
-                                                  + rate.toString() + " = "
-                                                  + shown(one.found.value()),
-                                              true});
-                    }
-                }
+            if (!one.isBarred && one.checks.empty()) {
+                open.emplace(one.found.value(), &one);
             }
+        }
+        for (const PensionAmount& other : amounts_) {
+            for (std::size_t i = 0; i < rates.size() && other.isBarred; ++i) {
+                convertBy(other, rates[i], open);
+            }
+        }
+    }
+
+    /// Takes those out that a foreign amount comes to, to the hundredth.
+    static void convertBy(const PensionAmount& foreign, const Decimal& rate,
+                          std::multimap<Decimal, PensionAmount*>& open) {
+        static const Decimal hundredth = Decimal(1) / 100;
+        const Decimal value = foreign.found.value() * rate;
+        auto at = open.lower_bound(value - hundredth);
+        while (at != open.end() && at->first <= value + hundredth) {
+            at->second->checks.push_back({"Umrechnung: " + shown(foreign.found.value()) + " × "
+                                              + rate.toString() + " = " + shown(at->first),
+                                          true});
+            at = open.erase(at);
         }
     }
 
@@ -379,13 +396,16 @@ class Arithmetic {
 
     /// What is said to be taxed, where it stands a second time with a proof.
     void repeat() {
+        std::map<Decimal, const PensionAmount*> proven; // the first of each value
+        for (const PensionAmount& one : amounts_) {
+            if (one.isProven() && one.canBePension()) {
+                proven.emplace(one.found.value(), &one);
+            }
+        }
         for (PensionAmount& one : amounts_) {
-            const auto other = std::ranges::find_if(amounts_, [&](const PensionAmount& proven) {
-                return proven.isProven() && proven.canBePension()
-                       && proven.found.value() == one.found.value();
-            });
-            if (one.isForTax && one.canBePension() && !one.isProven() && other != amounts_.end()) {
-                one.checks = other->checks;
+            const auto other = one.isForTax ? proven.find(one.found.value()) : proven.end();
+            if (other != proven.end() && one.canBePension() && !one.isProven()) {
+                one.checks = other->second->checks;
             }
         }
     }

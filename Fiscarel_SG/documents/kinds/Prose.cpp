@@ -22,6 +22,7 @@ struct Sentence {
     std::vector<FoundAmount> amounts;
     std::vector<std::size_t> starts; ///< index of each amount's first word in the sentence
     std::vector<std::size_t> ends;   ///< and of its last
+    Products products;
 };
 
 /// Whether a row stands in columns rather than runs as a sentence does.
@@ -138,6 +139,7 @@ class Sentences {
 
     Sentence clause(std::size_t first, std::size_t end) const {
         Sentence clause;
+        std::vector<Decimal> values;
         const auto words = current_.row.words.begin();
         clause.row.words.assign(words + static_cast<std::ptrdiff_t>(first),
                                 words + static_cast<std::ptrdiff_t>(end));
@@ -146,7 +148,11 @@ class Sentences {
                 clause.amounts.push_back(current_.amounts[i]);
                 clause.starts.push_back(current_.starts[i] - first);
                 clause.ends.push_back(current_.ends[i] - first);
+                values.push_back(current_.amounts[i].value());
             }
+        }
+        if (values.size() >= 2) {
+            clause.products = Products(clause.row, values);
         }
         return clause;
     }
@@ -252,11 +258,7 @@ std::size_t wholeOf(const Sentence& sentence, std::size_t which) {
     if (isChanged(sentence, which)) {
         return which + 1;
     }
-    std::vector<Decimal> values;
-    for (const FoundAmount& amount : sentence.amounts) {
-        values.push_back(amount.value());
-    }
-    return productOf(sentence.row, values, values[which]).value_or(which);
+    return sentence.products.of(sentence.amounts[which].value()).value_or(which);
 }
 
 std::vector<Sentence> sentencesOf(const std::vector<RowRange>& ranges) {

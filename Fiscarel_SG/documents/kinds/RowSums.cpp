@@ -4,17 +4,31 @@
 #include "Fiscarel_SG/documents/text/Digits.h"
 
 #include <algorithm>
+#include <set>
 #include <string>
 
 namespace fiscarel {
 
-std::optional<std::size_t> productOf(const Row& row, const std::vector<Decimal>& amounts,
-                                     const Decimal& price) {
+Products::Products(const Row& row, const std::vector<Decimal>& amounts) {
+    std::set<int> known;
     for (const RowWord& word : row.words) {
-        const Decimal count(smallNumber(word.text, 3).value_or(0));
-        const auto product = std::ranges::find(amounts, price * count);
-        if (count >= 2 && product != amounts.end()) {
-            return static_cast<std::size_t>(product - amounts.begin());
+        const int count = smallNumber(word.text, 3).value_or(0);
+        if (count >= 2 && known.insert(count).second) {
+            counts_.push_back(count);
+        }
+    }
+    for (std::size_t i = 0; i < amounts.size() && !counts_.empty(); ++i) {
+        sorted_.emplace_back(amounts[i], i);
+    }
+    std::ranges::sort(sorted_);
+}
+
+std::optional<std::size_t> Products::of(const Decimal& price) const {
+    for (const int count : counts_) {
+        const Decimal product = price * count;
+        const auto found = std::ranges::lower_bound(sorted_, product, {}, &Amount::first);
+        if (found != sorted_.end() && found->first == product) {
+            return found->second; // the first of equal ones
         }
     }
     return std::nullopt;
@@ -72,8 +86,9 @@ const RowAmount* productAmong(const Row& row, const std::vector<const RowAmount*
     for (const RowAmount* amount : amounts) {
         values.push_back(amount->amount.value);
     }
+    const Products products(row, values);
     for (const Decimal& price : values) {
-        if (const auto product = productOf(row, values, price); product && price >= 1) {
+        if (const auto product = price >= 1 ? products.of(price) : std::nullopt) {
             return amounts[*product];
         }
     }

@@ -3,17 +3,31 @@
 #include "Fiscarel_SG/documents/rows/PageRows.h"
 #include "TaxCore/base/Decimal.h"
 
+#include <cstddef>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace fiscarel {
 
 using taxcore::Decimal;
 
-/// Which amount of a row or sentence is as many times another, `price`, as a number in it says:
-/// "4 sedute a CHF 85.10: CHF 340.40".
-std::optional<std::size_t> productOf(const Row& row, const std::vector<Decimal>& amounts,
-                                     const Decimal& price);
+/// Which amount of a row or sentence is as many times another, its price, as a number in it says:
+/// "4 sedute a CHF 85.10: CHF 340.40". Made once where several prices are asked for.
+class Products {
+  public:
+    Products() = default; ///< of nothing
+    Products(const Row& row, const std::vector<Decimal>& amounts);
+
+    /// The index of what a price comes to, by the first number in the row that gives one.
+    std::optional<std::size_t> of(const Decimal& price) const;
+
+  private:
+    using Amount = std::pair<Decimal, std::size_t>; ///< with its index
+
+    std::vector<int> counts_;    ///< each once, as they stand in the row
+    std::vector<Amount> sorted_; ///< empty without counts
+};
 
 /// The amount of a row that those left of it, two or more, add up to; null without one.
 const RowAmount* sumOfRow(const Row& row);

@@ -19,15 +19,18 @@ constexpr double cardIndent = 16; ///< points that a card's lines may stand righ
 
 } // namespace
 
-Row columnOf(const Row& row, const std::vector<double>& edges, std::size_t column,
-             bool isRecognised) {
-    std::vector<RowWord> words;
-    std::ranges::copy_if(row.words, std::back_inserter(words), [&](const RowWord& word) {
+std::vector<Row> columnsOf(const Row& row, const std::vector<double>& edges, bool isRecognised) {
+    std::vector<std::vector<RowWord>> words(edges.size() + 1);
+    for (const RowWord& word : row.words) {
         const auto own = std::ranges::count_if(
             edges, [&](double edge) { return word.place.left >= edge - aligned; });
-        return static_cast<std::size_t>(own) == column;
-    });
-    return words.empty() ? Row() : rowOfWords(std::move(words), isRecognised);
+        words[static_cast<std::size_t>(own)].push_back(word);
+    }
+    std::vector<Row> columns;
+    for (std::vector<RowWord>& own : words) {
+        columns.push_back(own.empty() ? Row() : rowOfWords(std::move(own), isRecognised));
+    }
+    return columns;
 }
 
 std::vector<double> cardEdges(const Row& row) {
@@ -43,9 +46,11 @@ std::vector<double> cardEdges(const Row& row) {
 
 bool hasOnlyNumbers(const Row& row, const std::vector<double>& edges) {
     static const Labels numberNames{"IBAN", "Konto*", "compte", "conto", "Nr", "numéro", "numero"};
+    if (hasFirmAmount(row)) {
+        return false;
+    }
     std::size_t numbers = 0;
-    for (std::size_t column = 0; column <= edges.size(); ++column) {
-        const Row part = columnOf(row, edges, column, false);
+    for (const Row& part : columnsOf(row, edges, false)) {
         const auto digits = std::ranges::count_if(part.folded, isDigit);
         std::ptrdiff_t letters = 0;
         for (const RowWord& word : part.words) {
@@ -60,7 +65,7 @@ bool hasOnlyNumbers(const Row& row, const std::vector<double>& edges) {
         }
         numbers += part.words.empty() ? 0U : 1U;
     }
-    return numbers >= 2 && !hasFirmAmount(row);
+    return numbers >= 2;
 }
 
 bool isCard(std::span<const Row> rows, const std::vector<double>& edges, std::size_t column) {

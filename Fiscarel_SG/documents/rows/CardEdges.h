@@ -11,9 +11,11 @@ namespace fiscarel {
 /// Cards are blocks beside each other, each with a head and lines of its own. Their edges are the
 /// left edges of all but the first; column 0 is what stands before them.
 
-/// What of a row stands in a column between edges; a row without words for nothing.
-Row columnOf(const Row& row, const std::vector<double>& edges, std::size_t column,
-             bool isRecognised);
+/// More rows than this have no cards below their heads: a page of the smallest print has as many.
+constexpr std::size_t mostCardRows = 150;
+
+/// What of a row stands in each column between edges; a row without words for nothing.
+std::vector<Row> columnsOf(const Row& row, const std::vector<double>& edges, bool isRecognised);
 /// Left edges of the second and further heads of cards; empty for other rows.
 std::vector<double> cardEdges(const Row& row);
 /// Whether a row has the number of an account or a contract in two columns between edges, as

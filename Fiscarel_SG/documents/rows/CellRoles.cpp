@@ -18,15 +18,21 @@ bool isSign(const RowWord& word) {
     return length == word.text.size() && (isDash(code) || code == U'+');
 }
 
+/// The first amount of a row that does not end before a word.
+std::vector<RowAmount>::const_iterator amountsFrom(const Row& row, std::size_t word) {
+    return std::ranges::lower_bound(row.amounts, word, {}, &RowAmount::last);
+}
+
 } // namespace
 
 Role roleOf(const Row& row, const LabelPlace& cell) {
     bool hasAmount = false;
     bool hasOther = false;
+    auto next = amountsFrom(row, cell.first);
     for (std::size_t i = cell.first; i <= cell.last; ++i) {
-        const bool isAmount = std::ranges::any_of(row.amounts, [i](const RowAmount& amount) {
-            return amount.first <= i && i <= amount.last && amount.amount.isFirm();
-        });
+        next += next != row.amounts.end() && next->last < i ? 1 : 0;
+        const bool isAmount =
+            next != row.amounts.end() && next->first <= i && next->amount.isFirm();
         hasAmount |= isAmount;
         const std::string& text = row.words[i].text;
         const bool isSide = hasAmount && sideMark(row.words[i]);
@@ -54,9 +60,13 @@ bool hasFirmAmount(const Row& row) {
 }
 
 bool hasFirmAmount(const Row& row, const LabelPlace& cell) {
-    return std::ranges::any_of(row.amounts, [&](const RowAmount& amount) {
-        return amount.amount.isFirm() && cell.first <= amount.first && amount.last <= cell.last;
-    });
+    for (auto next = amountsFrom(row, cell.first);
+         next != row.amounts.end() && next->last <= cell.last; ++next) {
+        if (next->amount.isFirm() && cell.first <= next->first) {
+            return true;
+        }
+    }
+    return false;
 }
 
 bool hasFrancs(const Row& row) {

@@ -40,11 +40,11 @@ bool LabelledRows::isOfList(std::size_t at) const {
                && std::abs(own[1].left - cells[1].left) <= aligned;
     };
     std::size_t first = at + 1;
-    while (first > 0 && goesOn(first - 1)) {
+    while (first > 0 && at + 2 - first < fewest && goesOn(first - 1)) {
         --first;
     }
     std::size_t end = at + 1;
-    while (end + 1 < rows.size() && goesOn(end)) {
+    while (end + 1 < rows.size() && end - first + 1 < fewest && goesOn(end)) {
         ++end;
     }
     return first <= at && end - first + 1 >= fewest;

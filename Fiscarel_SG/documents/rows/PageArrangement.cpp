@@ -18,6 +18,7 @@
 #include <numeric>
 #include <optional>
 #include <span>
+#include <utility>
 
 namespace fiscarel {
 
@@ -37,14 +38,15 @@ constexpr double headGap = 3; ///< below the head of a panel, in heights of a ro
 class Arrangement {
   public:
     explicit Arrangement(PageRows page, bool isPanel = false)
-        : page_(std::move(page)), labelled_(page_, isPanel),
+        : page_(std::move(page)), labelled_(page_, isPanel), panels_(page_),
           isStacked_(isPanel || labelled_.stacks()) {
+        std::optional<double> left;
         for (const Row& row : page_.rows) {
             for (const RowWord& word : row.words) {
-                left_ = rows_.empty() && left_ == 0 ? word.place.left
-                                                    : std::min(left_, word.place.left);
+                left = std::min(left.value_or(word.place.left), word.place.left);
             }
         }
+        left_ = left.value_or(0);
         right_ = 2 * page_.width; // labels of two lines have room before it
     }
 
@@ -155,40 +157,47 @@ class Arrangement {
     void keepColumns(std::size_t at, const std::vector<double>& edges) {
         const auto& rows = page_.rows;
         const double height = rows[end_ - 1].bottom - rows[at].top + rows[at].height();
-        for (std::size_t column = 0; column <= edges.size(); ++column) {
-            for (std::size_t i = at; i < end_; ++i) {
-                if (const Row part = columnOf(rows[i], edges, column, page_.isRecognised);
-                    !part.words.empty()) {
-                    keep(part);
+        double down = 0; // below the column before
+        for (const std::vector<Row>& column : columnsUpToEnd(at, edges)) {
+            shift_ += std::exchange(down, height);
+            std::ranges::for_each(column, [&](const Row& part) { keep(part); });
+        }
+    }
+
+    /// What the rows up to `end_` have in each column between edges.
+    std::vector<std::vector<Row>> columnsUpToEnd(std::size_t at,
+                                                 const std::vector<double>& edges) const {
+        std::vector<std::vector<Row>> columns(edges.size() + 1);
+        for (std::size_t i = at; i < end_; ++i) {
+            std::vector<Row> parts = columnsOf(page_.rows[i], edges, page_.isRecognised);
+            for (std::size_t column = 0; column < parts.size(); ++column) {
+                if (!parts[column].words.empty()) {
+                    columns[column].push_back(std::move(parts[column]));
                 }
             }
-            shift_ += column < edges.size() ? height : 0;
         }
+        return columns;
     }
 
     /// The rows up to `end_` cut at edges, each card arranged as a page of its own.
     void keepCards(std::size_t at, const std::vector<double>& edges) {
         const auto& rows = page_.rows;
         const double height = rows[end_ - 1].bottom - rows[at].top + rows[at].height();
-        for (std::size_t column = 0; column <= edges.size(); ++column) {
+        double down = 0; // below the card before
+        for (std::vector<Row>& column : columnsUpToEnd(at, edges)) {
+            shift_ += std::exchange(down, height);
             PageRows card = withoutRows(page_);
-            for (std::size_t i = at; i < end_; ++i) {
-                if (Row part = columnOf(rows[i], edges, column, page_.isRecognised);
-                    !part.words.empty()) {
-                    card.rows.push_back(std::move(part));
-                }
-            }
+            card.rows = std::move(column);
             const double bottom = card.rows.empty() ? 0 : card.rows.back().bottom;
             card = Arrangement(std::move(card), true).run();
             std::ranges::for_each(card.rows, [&](const Row& row) { keep(row); });
             shift_ += card.rows.empty() ? 0 : std::max(0.0, card.rows.back().bottom - bottom);
-            shift_ += column < edges.size() ? height : 0;
         }
     }
 
     /// Panels beside each other, told by the gaps between them.
     bool takePanels(std::size_t at) {
-        const Panels panels = panelsAt(page_, at);
+        const Panels panels = panels_.at(at);
         if (panels.edges.empty()) {
             return false;
         }
@@ -205,7 +214,7 @@ class Arrangement {
             return false;
         }
         end_ = at + 1;
-        while (end_ < rows.size() && labelled_.gap(end_ - 1) < 3
+        while (end_ < std::min(rows.size(), at + 1 + mostCardRows) && labelled_.gap(end_ - 1) < 3
                && (fitsCards(rows[end_], edges) || goesOnLeft(end_, edges)
                    || isBesideLonger(end_, edges))) {
             ++end_;
@@ -480,6 +489,7 @@ class Arrangement {
 
     PageRows page_;
     LabelledRows labelled_;
+    PanelFinder panels_;
     bool isStacked_; ///< labels may stand above their amounts
     std::vector<Row> rows_;
     double left_ = 0;

@@ -93,7 +93,7 @@ double gapOf(const Row& above, const Row& below) {
 
 /// Whether what a row has right of its words stands in no half: amounts alone at the right.
 bool hasNoOwnWords(const Row& row, const std::vector<double>& edges) {
-    const Row right = columnOf(row, edges, 1, false);
+    const Row right = columnsOf(row, edges, false)[1];
     return !right.words.empty() && !isLeftOf(right, edges) && hasOnlyAmounts(right);
 }
 
@@ -121,6 +121,9 @@ std::optional<Halves> halvesAt(const PageRows& page, std::size_t at) {
         isOfBoth |= isTitle && namesBothSides(above);
         halves.edge = isTitle ? std::min(halves.edge, beginOfRight(above)) : halves.edge;
     }
+    if (titles == 0) {
+        return std::nullopt; // before the rows below are looked at, over and over
+    }
     for (; halves.end < rows.size(); ++halves.end) {
         const Row& row = rows[halves.end];
         const auto own = halfEdge(row);
@@ -132,7 +135,7 @@ std::optional<Halves> halvesAt(const PageRows& page, std::size_t at) {
         }
         both += own ? 1U : 0U;
     }
-    return (both >= fewestRows || isOfBoth) && titles > 0 ? std::optional(halves) : std::nullopt;
+    return both >= fewestRows || isOfBoth ? std::optional(halves) : std::nullopt;
 }
 
 void moveDown(Row& row, double by) {
@@ -154,15 +157,18 @@ void stack(PageRows& page, const Halves& halves) {
                           page.rows.begin() + static_cast<std::ptrdiff_t>(halves.first));
     const double height = page.rows[halves.end - 1].bottom - page.rows[halves.first].top
                           + page.rows[halves.first].height();
-    for (const std::size_t half : {0U, 1U}) {
-        for (std::size_t i = halves.first; i < halves.end; ++i) {
-            Row part = columnOf(page.rows[i], {halves.edge}, half, page.isRecognised);
-            if (!part.words.empty()) {
-                moveDown(part, half == 0 ? 0 : height);
-                rows.push_back(std::move(part));
-            }
+    std::vector<Row> right;
+    for (std::size_t i = halves.first; i < halves.end; ++i) {
+        std::vector<Row> parts = columnsOf(page.rows[i], {halves.edge}, page.isRecognised);
+        if (!parts[0].words.empty()) {
+            rows.push_back(std::move(parts[0]));
+        }
+        if (!parts[1].words.empty()) {
+            right.push_back(std::move(parts[1]));
+            moveDown(right.back(), height);
         }
     }
+    std::ranges::move(right, std::back_inserter(rows));
     for (std::size_t i = halves.end; i < page.rows.size(); ++i) {
         rows.push_back(std::move(page.rows[i]));
         moveDown(rows.back(), height);

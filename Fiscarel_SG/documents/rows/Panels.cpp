@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/documents/rows/Panels.h"
 
+#include "Fiscarel_SG/documents/rows/CardEdges.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/rows/GridEdges.h"
 #include "Fiscarel_SG/documents/rows/Vocabulary.h"
@@ -32,8 +33,8 @@ double middleOf(const LabelPlace& cell) { return (cell.left + cell.right) / 2; }
 /// What the rows taken so far leave free.
 class Coverage {
   public:
-    void add(const Row& row) {
-        for (const LabelPlace& cell : cellsOf(row)) {
+    void add(const Cells& cells) {
+        for (const LabelPlace& cell : cells) {
             Span whole{cell.left, cell.right};
             std::erase_if(taken_, [&](const Span& span) {
                 const bool touches = span.left <= whole.right && whole.left <= span.right;
@@ -124,6 +125,16 @@ struct Content {
 /// Whether rows are panels and no table.
 bool arePanels(const PageRows& page, std::size_t at, std::size_t end,
                const std::vector<double>& edges) {
+    constexpr std::size_t nearest = 2; // rows in which a page's head goes on below one side alone
+    const auto isInSeveral = [&](const Row& row) {
+        const auto cells = cellsOf(row);
+        return !cells.empty() && panelOf(cells.front(), edges) != panelOf(cells.back(), edges);
+    };
+    const auto begin = page.rows.begin() + static_cast<std::ptrdiff_t>(at) + 1;
+    const auto near = static_cast<std::ptrdiff_t>(std::min(nearest, end - at - 1));
+    if (std::none_of(begin, begin + near, isInSeveral)) {
+        return false;
+    }
     std::vector<Content> contents(edges.size() + 1);
     std::map<std::string, std::set<std::size_t>> labels;
     for (std::size_t i = at + 1; i < end; ++i) {
@@ -149,18 +160,8 @@ bool arePanels(const PageRows& page, std::size_t at, std::size_t end,
             }
         }
     }
-    constexpr std::size_t fewest = 2;  // rows of labels of a panel
-    constexpr std::size_t nearest = 2; // rows in which a page's head goes on below one side alone
-    const auto isInSeveral = [&](const Row& row) {
-        const auto cells = cellsOf(row);
-        return !cells.empty() && panelOf(cells.front(), edges) != panelOf(cells.back(), edges);
-    };
-    const auto begin = page.rows.begin() + static_cast<std::ptrdiff_t>(at) + 1;
-    const auto near = static_cast<std::ptrdiff_t>(std::min(nearest, end - at - 1));
-    if (std::none_of(begin, begin + near, isInSeveral)) {
-        return false;
-    }
-    constexpr double farthest = 3; // heights of a head, to what stands below it
+    constexpr std::size_t fewest = 2; // rows of labels of a panel
+    constexpr double farthest = 3;    // heights of a head, to what stands below it
     const Row& head = page.rows[at];
     const bool areFull = std::ranges::all_of(contents, [&](const Content& content) {
         return content.labels.size() >= fewest && content.amounts >= 1 && !content.isColumn()
@@ -175,43 +176,65 @@ bool arePanels(const PageRows& page, std::size_t at, std::size_t end,
 }
 
 /// Whether a row below panels is about all of them: words in the first, their amount in another.
-bool isOfAll(const PageRows& page, const Row& row, const std::vector<double>& edges) {
-    std::set<std::size_t> words;
-    std::set<std::size_t> amounts;
-    for (const LabelPlace& cell : cellsOf(row)) {
-        const bool isText = roleOf(row, cell) == Role::text && !saysNone(row, cell);
-        (isText ? words : amounts).insert(panelOf(cell, edges));
+bool isOfAll(const PageRows& page, const Row& row, const Cells& cells,
+             const std::vector<double>& edges) {
+    bool hasWords = false;
+    bool hasOwnAmount = false; // in the first
+    bool hasAmount = false;    // in another
+    for (const LabelPlace& cell : cells) {
+        const std::size_t panel = panelOf(cell, edges);
+        if (roleOf(row, cell) != Role::text || saysNone(row, cell)) {
+            (panel == 0 ? hasOwnAmount : hasAmount) = true;
+        } else if (panel > 0) {
+            return false;
+        } else {
+            hasWords = true;
+        }
     }
-    const bool isTotal = namesAny(row, {Concept::total}, page.isRecognised);
-    return words == std::set<std::size_t>{0} && !amounts.empty()
-           && (isTotal || !amounts.contains(0)) && *amounts.rbegin() > 0;
+    return hasWords && hasAmount
+           && (!hasOwnAmount || namesAny(row, {Concept::total}, page.isRecognised));
 }
 
-Panels panelsFrom(const PageRows& page, std::size_t at) {
+} // namespace
+
+PanelFinder::PanelFinder(const PageRows& page) : page_(page) {
+    for (const Row& row : page.rows) {
+        cells_.push_back(cellsOf(row));
+    }
+    known_.resize(page.rows.size());
+}
+
+const Panels& PanelFinder::from(std::size_t at) {
+    if (!known_[at]) {
+        known_[at] = found(at);
+    }
+    return *known_[at];
+}
+
+Panels PanelFinder::found(std::size_t at) const {
     constexpr double farthest = 3; // heights between the rows of panels
-    const auto& rows = page.rows;
-    const Cells heads = cellsOf(rows[at]);
+    const auto& rows = page_.rows;
+    const Cells& heads = cells_[at];
     if (heads.size() < 2 || hasFirmAmount(rows[at]) || !hasOnlyLabels(rows[at])) {
         return {};
     }
     Coverage coverage;
-    coverage.add(rows[at]);
+    coverage.add(heads);
     Panels panels{.end = at + 1};
-    for (std::size_t next = at + 1; next < rows.size(); ++next) {
+    const std::size_t end = std::min(rows.size(), at + 1 + mostCardRows);
+    for (std::size_t next = at + 1; next < end; ++next) {
         const double height = std::max(rows[next - 1].height(), rows[next].height());
         if (rows[next].top - rows[next - 1].bottom >= farthest * height) {
             break;
         }
-        Coverage more = coverage;
-        more.add(rows[next]);
-        if (!more.separates(heads)) {
+        coverage.add(cells_[next]);
+        if (!coverage.separates(heads)) {
             break;
         }
-        const auto edges = edgesBetween(more, heads);
-        if (edges && isOfAll(page, rows[next], *edges)) {
+        const auto edges = edgesBetween(coverage, heads);
+        if (edges && isOfAll(page_, rows[next], cells_[next], *edges)) {
             break;
         }
-        coverage = std::move(more);
         if (edges) {
             panels = {.end = next + 1, .edges = *edges};
         }
@@ -220,21 +243,19 @@ Panels panelsFrom(const PageRows& page, std::size_t at) {
         return {};
     }
     // A line that ends the page stands under the first panel and belongs to none.
-    while (panels.end > at + 1 && cellsOf(rows[panels.end - 1]).size() == 1
+    while (panels.end > at + 1 && cells_[panels.end - 1].size() == 1
            && isLeftOf(rows[panels.end - 1], panels.edges)
            && !hasFirmAmount(rows[panels.end - 1])) {
         --panels.end;
     }
-    return arePanels(page, at, panels.end, panels.edges) ? panels : Panels();
+    return arePanels(page_, at, panels.end, panels.edges) ? panels : Panels();
 }
 
-} // namespace
-
-Panels panelsAt(const PageRows& page, std::size_t at) {
+Panels PanelFinder::at(std::size_t at) {
     constexpr std::size_t nearest = 3; // rows of a page's own head above those of panels
-    Panels panels = panelsFrom(page, at);
+    const Panels panels = from(at);
     for (std::size_t next = at + 1; next < std::min(panels.end, at + 1 + nearest); ++next) {
-        if (panelsFrom(page, next).edges.size() > panels.edges.size()) {
+        if (from(next).edges.size() > panels.edges.size()) {
             return {};
         }
     }

@@ -12,8 +12,7 @@ namespace fiscarel {
 namespace {
 
 /// A row's last cell where it is words and all others are amounts.
-std::optional<LabelPlace> wordsBehind(const Row& row) {
-    const auto cells = cellsOf(row);
+std::optional<LabelPlace> wordsBehind(const Row& row, const std::vector<LabelPlace>& cells) {
     if (cells.size() < 2 || lettersIn(row, cells.back()) < 4
         || roleOf(row, cells.back()) != Role::text || hasFirmAmount(row, cells.back())) {
         return std::nullopt;
@@ -29,8 +28,17 @@ bool isAligned(const LabelPlace& one, const LabelPlace& other) {
            || std::abs(one.right - other.right) <= aligned;
 }
 
-/// Whether a row without amounts may be a line of a heading.
-bool isHeading(const Row& row) { return cellsOf(row).size() >= 3 && !hasFirmAmount(row); }
+/// What is asked of a row again and again.
+struct Line {
+    explicit Line(const Row& row)
+        : cells(cellsOf(row)), words(wordsBehind(row, cells)), amounts(row.amounts.size()),
+          isHeading(cells.size() >= 3 && !hasFirmAmount(row)) {}
+
+    std::vector<LabelPlace> cells;
+    std::optional<LabelPlace> words; ///< behind its amounts
+    std::size_t amounts = 0;
+    bool isHeading = false; ///< has no amounts and may be a line of a heading
+};
 
 struct Turned {
     std::size_t first = 0;
@@ -38,30 +46,32 @@ struct Turned {
     double edge = 0; ///< where the words of the last column begin
 };
 
-/// The table whose first amounts stand in a row, with its heading.
-std::optional<Turned> turnedAt(const std::vector<Row>& rows, std::size_t at) {
+/// The table whose first amounts stand in a row, with its heading, which stands behind a row that
+/// is taken already.
+std::optional<Turned> turnedAt(const std::vector<Line>& lines, std::size_t taken, std::size_t at) {
     constexpr std::size_t headings = 3;
-    const auto words = wordsBehind(rows[at]);
+    const auto& words = lines[at].words;
     if (!words) {
         return std::nullopt;
     }
     Turned table{at, at, words->left};
     std::size_t several = 0; // rows with two amounts
-    for (; table.end < rows.size(); ++table.end) {
-        const Row& row = rows[table.end];
-        const auto own = wordsBehind(row);
-        const auto cells = cellsOf(row);
-        const bool isLine = cells.size() == 1 && isAligned(cells[0], *words);
-        if (!(own && isAligned(*own, *words)) && !isLine && !isHeading(row)) {
+    for (; table.end < lines.size(); ++table.end) {
+        const Line& line = lines[table.end];
+        const bool isOwn = line.words && isAligned(*line.words, *words);
+        const bool isAlone = line.cells.size() == 1 && isAligned(line.cells[0], *words);
+        if (!isOwn && !isAlone && !line.isHeading) {
             break;
         }
-        table.edge = own || isLine ? std::min(table.edge, cells.back().left) : table.edge;
-        several += own && row.amounts.size() >= 2 ? 1U : 0U;
+        if (isOwn || isAlone) {
+            table.edge = std::min(table.edge, line.cells.back().left);
+        }
+        several += isOwn && line.amounts >= 2 ? 1U : 0U;
     }
     if (several < 2) {
         return std::nullopt;
     }
-    while (table.first > 0 && at - table.first < headings && isHeading(rows[table.first - 1])) {
+    while (table.first > taken && at - table.first < headings && lines[table.first - 1].isHeading) {
         --table.first;
     }
     return table;
@@ -93,10 +103,13 @@ void turn(PageRows& page, const Turned& table) {
 } // namespace
 
 void turnTables(PageRows& page) {
-    for (std::size_t at = 0; at < page.rows.size(); ++at) {
-        if (const auto table = turnedAt(page.rows, at)) {
+    const std::vector<Line> lines(page.rows.begin(), page.rows.end());
+    std::size_t taken = 0;
+    for (std::size_t at = 0; at < lines.size(); ++at) {
+        if (const auto table = turnedAt(lines, taken, at)) {
             turn(page, *table);
-            at = table->end;
+            taken = table->end;
+            at = table->end - 1;
         }
     }
 }

@@ -166,6 +166,21 @@ TEST(PageRows, joinsAccountNumbersThatLinesTearApartWhereTheirCheckDigitsProveIt
               (std::vector<std::string>{"Ihr Sparkonto CH93 0076 2011", "6238 5295 8 schloss"}));
 }
 
+TEST(PageRows, putsWordsBehindAmountsBeforeThemInEachTable) {
+    DrawnPage page;
+    double y = 100;
+    for (const double column : {300.0, 420.0}) { // one table right below the other
+        for (const char* words : {"Privatkonto", "Sparkonto", "Festhypothek"}) {
+            page.right(150, y, "4'393.64").right(240, y, "2.00").text(column, y, words);
+            y += 14;
+        }
+    }
+    EXPECT_EQ(textsOf(arranged(buildRows(page.page()))),
+              (std::vector<std::string>{"Privatkonto 4'393.64 2.00", "Sparkonto 4'393.64 2.00",
+                                        "Festhypothek 4'393.64 2.00", "Privatkonto 4'393.64 2.00",
+                                        "Sparkonto 4'393.64 2.00", "Festhypothek 4'393.64 2.00"}));
+}
+
 TEST(PageRows, standsWhateverIsOnThePage) {
     const double none = std::numeric_limits<double>::quiet_NaN();
     const double vast = std::numeric_limits<double>::max();
