@@ -106,16 +106,17 @@ BENCHMARK(proposals)->ArgName("recognised")->Arg(0)->Arg(1)->Unit(benchmark::kMi
 /// The same of a page with nothing but rows of labels and amounts, as many as are asked for: twice
 /// as many may take little more than twice as long.
 void proposalsOfRows(benchmark::State& state) {
+    const int rows = static_cast<int>(state.range(0));
     DocumentReading reading;
     PageReading& page = reading.pages.emplace_back(
-        PageReading{.number = 1, .width = 595, .height = 6.0 * (10 + state.range(0))});
+        PageReading{.number = 1, .width = 595, .height = 6.0 * (10 + rows)});
     const auto put = [&](double left, double row, const std::string& word) {
         const double width = 1.5 * static_cast<double>(word.size());
         page.words.push_back({word, {left, 6 * row, left + width, 6 * row + 3}});
     };
     put(40, 1, "Vorsorgebescheinigung");
     put(80, 1, "2024");
-    for (int row = 0; row < state.range(0); ++row) {
+    for (int row = 0; row < rows; ++row) {
         put(40, row + 3, "Beiträge");
         for (int column = 0; column < 5; ++column) {
             put(100 + 60 * column, row + 3, std::to_string(100 + (7 * row + column) % 890) + ".50");
