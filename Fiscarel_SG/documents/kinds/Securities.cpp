@@ -188,14 +188,18 @@ void SecurityList::settleIncome() {
                                  : one.number.starts_with("CH");
         one.put(isSwiss ? Stated::withTax : Stated::withoutTax, income);
     }
-    const auto holds = [&](Stated stated) { // one income alone is no sum
-        const auto incomes = std::ranges::count_if(settled.all, [&](const Security& one) {
+    const auto incomesOf = [&](Stated stated) {
+        return std::ranges::count_if(settled.all, [&](const Security& one) {
             const auto& income = at(one.amounts, stated);
             return income && !income->value().isZero();
         });
-        return incomes == 0 || (incomes >= 2 && isPrinted(settled.sumOf(stated)));
     };
-    if (holds(Stated::withTax) && holds(Stated::withoutTax)) {
+    const auto holds = [&](Stated stated) {
+        return incomesOf(stated) == 0 || isPrinted(settled.sumOf(stated));
+    };
+    // One income alone is printed anyway, and proves nothing.
+    const bool isSummed = incomesOf(Stated::withTax) >= 2 || incomesOf(Stated::withoutTax) >= 2;
+    if (isSummed && holds(Stated::withTax) && holds(Stated::withoutTax)) {
         all = std::move(settled.all);
     }
 }
