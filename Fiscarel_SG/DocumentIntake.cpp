@@ -32,7 +32,7 @@ QString namesOf(const Paths& paths) {
     return names.isEmpty() ? last : names.join(u", "_s) + u" und "_s + last;
 }
 
-QString messageOf(const Gathered& gathered) {
+QStringList messagesOf(const Gathered& gathered) {
     QStringList sentences;
     if (!gathered.unreadable.empty()) {
         sentences << u"%1 %2 sich leider nicht lesen. Möglich sind PDF, JPEG, PNG, TIFF, WebP und "
@@ -49,7 +49,7 @@ QString messageOf(const Gathered& gathered) {
         sentences << u"Auf einmal werden höchstens %1 Dateien aufgenommen. Bitte den Rest danach "
                      "hinzufügen."_s.arg(mostGathered);
     }
-    return sentences.join(u'\n');
+    return sentences;
 }
 
 } // namespace
@@ -71,7 +71,6 @@ void DocumentIntake::take(Paths picked) {
         return;
     }
     isGathering_ = true;
-    message_.clear();
     std::vector<KnownFile> known;
     for (const StoredDocument& document : store_.documents()) {
         if (auto file = store_.fileOf(document)) {
@@ -94,7 +93,10 @@ void DocumentIntake::take(Paths picked) {
 
 void DocumentIntake::gathered(Gathered gathered, std::vector<Twin> twins) {
     isGathering_ = false;
-    message_ = messageOf(gathered);
+    QStringList told = message_.split(u'\n', Qt::SkipEmptyParts);
+    told << messagesOf(gathered);
+    told.removeDuplicates();
+    message_ = told.join(u'\n');
     std::ranges::move(twins, std::back_inserter(twins_));
     addComing(gathered.files);
     Q_EMIT changed();

@@ -38,7 +38,7 @@ class DocumentIntake final : public QObject {
     /// Of the files that are coming in, how many have come, and how many there are.
     std::size_t done() const noexcept { return done_; }
     std::size_t total() const noexcept { return total_; }
-    /// What is to be said of what was picked last, German, a sentence a line; empty: nothing.
+    /// What is to be said of what was picked, German, a sentence a line, until it was dismissed.
     const QString& message() const noexcept { return message_; }
     void dismissMessage();
     /// Files that are there already; they come in only when the user wants it.

@@ -198,6 +198,28 @@ std::shared_ptr<const ScanResult> DocumentReadings::result(const Uuid& id) const
     return found == results_.end() ? nullptr : found->second;
 }
 
+std::optional<StoredDocument::Kind> DocumentReadings::kind(const StoredDocument& document) const {
+    const bool isSaid = document.recognizedText && !document.recognizedText->empty();
+    if (!isSaid && !document.isApplied && document.kind == StoredDocument::Kind::anderes) {
+        return std::nullopt;
+    }
+    const auto scan = result(document.id);
+    return scan != nullptr ? firstKind(document, *scan) : document.kind;
+}
+
+std::vector<StoredDocument> DocumentReadings::documentsByKind() const {
+    std::vector<StoredDocument> documents = store_.documents();
+    for (StoredDocument& document : documents) {
+        document.kind = kind(document).value_or(document.kind);
+    }
+    return documents;
+}
+
+bool DocumentReadings::isBroken(const Uuid& id) const {
+    const auto scan = result(id);
+    return scan != nullptr && scan->problem && scan->pageCount == 0;
+}
+
 /// Nothing of a document that was removed is read or kept on.
 void DocumentReadings::dropGone() {
     std::set<Uuid> there;

@@ -65,6 +65,12 @@ class DocumentReadings final : public QObject {
     std::size_t count() const noexcept { return jobs_.size(); }
     /// What was read; null while that is not known.
     std::shared_ptr<const ScanResult> result(const Uuid& id) const;
+    /// What kind of document it is taken for, decided or proposed; absent when nothing is known.
+    std::optional<StoredDocument::Kind> kind(const StoredDocument& document) const;
+    /// The documents of the household, each as the kind it is taken for.
+    std::vector<StoredDocument> documentsByKind() const;
+    /// Whether the file was found to be none that can be opened.
+    bool isBroken(const Uuid& id) const;
 
   Q_SIGNALS:
     /// The progress or the result of a document is another one.

@@ -50,20 +50,27 @@ void speakGerman(CLI::App& app) {
     app.set_help_flag("-h,--help", "Diese Hilfe")->group("Optionen");
 }
 
+/// Where help for a call is found: with its command, if it names one.
+std::string helpHint(const CLI::App& app) {
+    const auto commands = app.get_subcommands();
+    const std::string command = commands.empty() ? "" : " " + commands.front()->get_name();
+    return "«fiscarel-cli" + command + " --help» zeigt ";
+}
+
 /// What is missing in a call. The library misses the command first, even when there is a word that
 /// is none.
 std::string missing(const CLI::App& app, const std::string& details) {
     const std::string name = details.substr(0, details.find(" is required"));
     if (name != "A subcommand") {
-        return "Im Aufruf fehlt die Angabe " + name + ".";
+        return "Im Aufruf fehlt die Angabe " + name + "; " + helpHint(app) + "die Angaben.";
     }
     const std::vector<std::string> unknown = app.remaining();
     if (unknown.empty()) {
-        return "Im Aufruf fehlt der Befehl; «fiscarel-cli --help» zeigt alle.";
+        return "Im Aufruf fehlt der Befehl; " + helpHint(app) + "alle.";
     }
     return unknown.front().starts_with('-')
                ? "Der Aufruf enthält Unbekanntes: " + unknown.front() + "."
-               : "Den Befehl «" + unknown.front() + "» gibt es nicht.";
+               : "Den Befehl «" + unknown.front() + "» gibt es nicht; " + helpHint(app) + "alle.";
 }
 
 /// What went wrong with a call, as one German sentence. The library speaks English; only the words
@@ -155,7 +162,8 @@ void addRegion(CLI::App& command, taxcore::TaxRegion& region) {
 }
 
 void addFile(CLI::App& command, std::string& file) {
-    command.add_option("DATEI", file, "Datei mit den Angaben; - liest die Standardeingabe");
+    command.add_option("DATEI", file, "Datei mit den Angaben; - liest die Standardeingabe")
+        ->type_name("");
 }
 
 /// The command `pruefe`; `checking` and `action` outlive the parsing.
@@ -217,9 +225,16 @@ void addReportCommand(CLI::App& app, ReportOptions& reporting, std::function<int
 void addReadCommand(CLI::App& app, ReadOptions& reading, std::function<int()>& action) {
     CLI::App* readCommand =
         addCommand(app, "lies", "Liest Belege (PDF oder Bild): Art, Beträge, Strichcodes und Text");
-    readCommand->add_option("DATEI", reading.files, "Ein Beleg oder mehrere")->required();
+    readCommand->add_option("DATEI", reading.files, "Ein Beleg oder mehrere")
+        ->type_name("")
+        ->required();
     readCommand->add_flag("--json", reading.json,
                           "Ausgabe als JSON; bei mehreren Belegen eine Zeile für jeden");
+    readCommand->footer("Beispiele:\n"
+                        "  fiscarel-cli lies lohnausweis.pdf\n"
+                        "  fiscarel-cli lies --json belege/*.pdf > gelesen.jsonl\n\n"
+                        "Rückgabewert: 0, wenn alle Belege gelesen sind; 1, wenn sich einer nicht "
+                        "lesen liess;\n2, wenn der Aufruf nicht verständlich ist.");
     readCommand->callback(
         [&action, &reading] { action = [&reading] { return readDocuments(reading); }; });
 }

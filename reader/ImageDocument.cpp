@@ -149,7 +149,7 @@ bool isTooLarge(double width, double height) { return width * height > bounds::p
 
 Fault tooLarge() {
     return "Dieses Bild ist zu gross: Es hat mehr als 100 Millionen Bildpunkte. Bitte kleiner "
-           "speichern und neu hinzufügen.";
+           "speichern und die neue Datei verwenden.";
 }
 
 tl::expected<void, Fault> readHeaders(ImageFile& file) {

@@ -166,7 +166,7 @@ tl::expected<std::unique_ptr<Document>, Fault> openPdf(std::string_view bytes, D
         QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size())));
     if (document && document->isLocked()) {
         return tl::unexpected<Fault>("Diese Datei ist mit einem Passwort geschützt. Bitte ohne "
-                                     "Passwort speichern und neu hinzufügen.");
+                                     "Passwort speichern und die neue Datei verwenden.");
     }
     if (!document || document->numPages() <= 0) {
         return tl::unexpected<Fault>("Dieses PDF ist beschädigt und lässt sich nicht öffnen.");

@@ -151,6 +151,14 @@ std::vector<ItemOption> itemOptions(const TaxCase& taxCase, Kind kind, int perso
     return options;
 }
 
+std::string firstPlaceOf(ProposedRecord::Kind kind) {
+    std::string place;
+    const TaxCase taxCase;
+    withList(taxCase, kind, 1,
+             [&](const auto& /*list*/, const std::string& path) { place = path + "[0]"; });
+    return place.empty() ? fixedPath(kind, 1) : place;
+}
+
 std::optional<ItemPlace> placeOf(TaxCase& taxCase, Kind kind, const RecordTarget& target,
                                  const Uuid& document) {
     if (!isListed(kind)) {

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <string_view>
 
 namespace fiscarel {
 
@@ -13,34 +15,79 @@ bool isOf(const Proposal& proposal, std::size_t record) {
     return static_cast<std::size_t>(proposal.recordIndex) == record;
 }
 
-/// The first amount of a record; absent when it has none that is at all sure.
-std::optional<Decimal> amountOf(const ScanResult& scan, std::size_t record) {
+/// What says most about a record; of records with none of these their first amount does.
+constexpr std::array<std::string_view, 8> foremost{
+    "grossSalary", "taxValue",       "pillar3a",       "amount",
+    "gross",       "surrenderValue", "childcareCosts", "healthInsurancePremiums"};
+
+struct MainValue {
+    ProposedRecord::Kind kind;
+    std::string_view field;
+    Decimal value;
+};
+
+std::ptrdiff_t rank(std::string_view field) {
+    return std::ranges::find(foremost, field) - foremost.begin();
+}
+
+/// Absent when a record has no amount that is at all sure.
+std::optional<MainValue> mainValueOf(const ScanResult& scan, std::size_t record) {
+    std::optional<MainValue> main;
     for (const Proposal& proposal : scan.proposals) {
-        if (isOf(proposal, record) && proposal.field != "quantity"
-            && proposal.confidence != Proposal::Confidence::low) {
-            if (const auto amount = Decimal::parse(proposal.value); amount && !amount->isZero()) {
-                return *amount;
-            }
+        if (!isOf(proposal, record) || proposal.field == "quantity"
+            || proposal.confidence == Proposal::Confidence::low) {
+            continue;
+        }
+        const auto amount = Decimal::parse(proposal.value);
+        if (amount && !amount->isZero() && (!main || rank(proposal.field) < rank(main->field))) {
+            main = {scan.records[record].kind, proposal.field, *amount};
         }
     }
-    return std::nullopt;
+    return main;
+}
+
+/// Below this a number found by words is rather a day or the number of a box.
+constexpr int leastCredible = 32;
+
+bool isYear(const Decimal& value) {
+    return value >= 1'990 && value <= 2'100 && value.roundDown(0) == value;
 }
 
 } // namespace
 
+std::vector<ExtractedField> credibleFields(const ScanResult& scan) {
+    std::vector<ExtractedField> fields;
+    if (scan.proposals.empty()) {
+        std::ranges::copy_if(scan.fields, std::back_inserter(fields),
+                             [](const ExtractedField& field) {
+                                 return field.value >= leastCredible && !isYear(field.value);
+                             });
+    }
+    return fields;
+}
+
 std::optional<Decimal> mainAmount(const ScanResult& scan) {
-    std::optional<Decimal> first;
+    std::optional<MainValue> first;
     for (std::size_t record = 0; record < scan.records.size(); ++record) {
-        const auto amount = amountOf(scan, record);
-        if (amount && isStatementTotal(scan, record)) {
-            return amount;
+        const auto main = mainValueOf(scan, record);
+        if (!main) {
+            continue;
         }
-        first = first ? first : amount;
+        if (isStatementTotal(scan, record)) {
+            return main->value;
+        }
+        const bool isAlike = first && first->kind == main->kind;
+        if (isAlike && first->field == main->field) {
+            first->value += main->value;
+        } else if (!first || (isAlike && rank(main->field) < rank(first->field))) {
+            first = main;
+        }
     }
-    if (first || !scan.proposals.empty()) {
-        return first;
+    if (first) {
+        return first->value;
     }
-    return scan.fields.empty() ? std::nullopt : std::optional(scan.fields.front().value);
+    const std::vector<ExtractedField> fields = credibleFields(scan);
+    return fields.empty() ? std::nullopt : std::optional(fields.front().value);
 }
 
 std::string sourceName(const ScanResult& scan, std::size_t record) {
@@ -52,6 +99,12 @@ std::string sourceName(const ScanResult& scan, std::size_t record) {
         }
     }
     return {};
+}
+
+StoredDocument::Kind firstKind(const StoredDocument& document, const ScanResult& scan) {
+    return !document.isApplied && document.kind == scan.kind
+               ? scan.proposedKind.value_or(document.kind)
+               : document.kind;
 }
 
 std::optional<std::string> issuerName(const ScanResult& scan) {

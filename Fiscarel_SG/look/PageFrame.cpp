@@ -17,6 +17,7 @@ namespace {
 
 constexpr int columnWidth = 860;
 constexpr int sideMargin = 24;
+constexpr int bottomMargin = 24;
 constexpr int margin = 80;     ///< around what is shown
 constexpr int partMargin = 16; ///< around a part shown whole
 constexpr int settling = 150;  ///< milliseconds until a page has its form
@@ -33,22 +34,27 @@ PageFrame::PageFrame(const QString& title, const QString& help, QWidget* parent)
     scroll_->setWidgetResizable(true);
     scroll_->setFrameShape(QFrame::NoFrame);
     scroll_->setFocusPolicy(Qt::NoFocus);
-    // Always there, so that cards are as wide on every page and never change while typing.
+    // Always there, so that cards are as wide on every page and never change while typing; one that
+    // has nothing to scroll is disabled, and shows nothing.
     scroll_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    QScrollBar* const bar = scroll_->verticalScrollBar();
+    const auto showRange = [bar] { bar->setEnabled(bar->maximum() > bar->minimum()); };
+    connect(bar, &QAbstractSlider::rangeChanged, this, showRange);
+    showRange();
     outer->addWidget(scroll_);
 
     auto* const inner = new QWidget(scroll_);
-    auto* const centred = new QHBoxLayout(inner);
-    centred->setContentsMargins(sideMargin, 20, sideMargin, 24);
+    centred_ = new QHBoxLayout(inner);
+    centred_->setContentsMargins(sideMargin, 20, sideMargin, bottomMargin);
     auto* const column = new QWidget(inner);
     cards_ = column;
     column->setMaximumWidth(columnWidth);
     column->setLayout(column_);
     column_->setContentsMargins(0, 0, 0, 0);
     column_->setSpacing(cardSpacing);
-    centred->addStretch(1);
-    centred->addWidget(column, 1000);
-    centred->addStretch(1);
+    centred_->addStretch(1);
+    centred_->addWidget(column, 1000);
+    centred_->addStretch(1);
     scroll_->setWidget(inner);
     inner->installEventFilter(this);
     connect(scroll_->verticalScrollBar(), &QAbstractSlider::actionTriggered, this,
@@ -154,6 +160,12 @@ void PageFrame::keepInSight() {
     } else {
         sought_.clear();
     }
+}
+
+void PageFrame::keepFree(int height) {
+    QMargins margins = centred_->contentsMargins();
+    margins.setBottom(bottomMargin + height);
+    centred_->setContentsMargins(margins);
 }
 
 int PageFrame::position() const { return scroll_->verticalScrollBar()->value(); }

@@ -4,6 +4,7 @@
 #include <QString>
 #include <QWidget>
 
+class QHBoxLayout;
 class QScrollArea;
 class QVBoxLayout;
 
@@ -36,6 +37,8 @@ class PageFrame final : public QWidget {
     /// Lets the cards get this wide, in pixels, where the window has room; less than they are
     /// changes nothing.
     void widen(int width);
+    /// Lets as much at the end be scrolled free of what floats above the lower edge, in pixels.
+    void keepFree(int height);
     /// How far it is scrolled, in pixels.
     int position() const;
     /// Scrolls there once the cards have their places.
@@ -50,6 +53,7 @@ class PageFrame final : public QWidget {
     void bringWholeInSight();
 
     QScrollArea* scroll_;
+    QHBoxLayout* centred_;
     QVBoxLayout* column_;
     QWidget* cards_;
     int wished_ = 0; ///< width of the cards

@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/look/Toast.h"
 
+#include "Fiscarel_SG/look/PageFrame.h"
 #include "Fiscarel_SG/look/Theme.h"
 
 #include <QAccessible>
@@ -8,6 +9,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QStackedWidget>
 #include <algorithm>
 #include <utility>
 
@@ -40,6 +42,9 @@ Toast::Toast(QWidget* room)
     connect(&gone_, &QTimer::timeout, this, &Toast::timeUp);
     connect(answer_, &QPushButton::clicked, this, &Toast::choose);
     room->installEventFilter(this);
+    if (auto* const pages = qobject_cast<QStackedWidget*>(room)) { // which raises the page it shows
+        connect(pages, &QStackedWidget::currentChanged, this, &Toast::rise);
+    }
 }
 
 void Toast::say(const QString& text) {
@@ -63,10 +68,28 @@ void Toast::show(const QString& text, int milliseconds) {
     setAttribute(Qt::WA_TransparentForMouseEvents, act_ == nullptr);
     place();
     QFrame::show();
-    raise();
+    rise();
     gone_.start(milliseconds);
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
+}
+
+void Toast::rise() {
+    if (isVisible()) {
+        raise();
+        keepPagesFree(height() + fromEdge);
+    }
+}
+
+void Toast::keepPagesFree(int height) {
+    for (PageFrame* const page : parentWidget()->findChildren<PageFrame*>()) {
+        page->keepFree(page->isVisible() ? height : 0);
+    }
+}
+
+void Toast::hideEvent(QHideEvent* event) {
+    keepPagesFree(0);
+    QFrame::hideEvent(event);
 }
 
 void Toast::withdraw() {

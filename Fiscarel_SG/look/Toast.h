@@ -11,8 +11,8 @@ class QPushButton;
 namespace fiscarel::look {
 
 /// A short message that floats above the lower edge of a widget for a few seconds and moves
-/// nothing. Screen readers are told. It may offer an answer, which the tabulator reaches from where
-/// the keyboard is.
+/// nothing; pages below it can be scrolled free of it meanwhile. Screen readers are told. It may
+/// offer an answer, which the tabulator reaches from where the keyboard is.
 class Toast final : public QFrame {
     Q_OBJECT
 
@@ -33,10 +33,13 @@ class Toast final : public QFrame {
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
   private:
     void show(const QString& text, int milliseconds);
     void place();
+    void rise();
+    void keepPagesFree(int height);
     /// The keyboard goes back to where it was.
     void leave();
     void choose();

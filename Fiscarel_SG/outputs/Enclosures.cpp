@@ -35,6 +35,7 @@ class Needs {
              int person = 0) {
         const char* const ziffer = liechtenstein_ ? ziffern.liechtenstein : ziffern.stGallen;
         if (asked && *ziffer != '\0') {
+            label.erase(label.find_last_not_of(' ') + 1); // behind which no name was entered
             needs_.push_back({std::move(label),
                               ziffer,
                               person,

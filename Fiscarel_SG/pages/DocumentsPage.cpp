@@ -18,15 +18,15 @@ namespace fiscarel::pages {
 using namespace Qt::Literals::StringLiterals;
 
 DocumentsPage::DocumentsPage(AppStore& store, DocumentDesk& desk, QWidget* parent)
-    : PageWidget(parent), desk_(desk),
+    : PageWidget(parent), store_(store), desk_(desk),
       frame_(new look::PageFrame(
           u"Belege"_s,
           u"Lohnausweise, Bescheinigungen und Rechnungen als PDF oder Foto. Sie bleiben auf diesem "
           "Computer."_s,
           this)),
       intake_(new IntakeCard(store, desk, this)), list_(new DocumentList(store, desk, this)),
-      missing_(new MissingCard(store, this)), enclosures_(new EnclosuresCard(store, this)),
-      toast_(new look::Toast(this)) {
+      missing_(new MissingCard(store, desk.readings(), this)),
+      enclosures_(new EnclosuresCard(store, desk.readings(), this)), toast_(new look::Toast(this)) {
     setAcceptDrops(true);
     for (QWidget* const card :
          std::initializer_list<QWidget*>{intake_, list_, missing_, enclosures_}) {
@@ -38,9 +38,39 @@ DocumentsPage::DocumentsPage(AppStore& store, DocumentDesk& desk, QWidget* paren
             [this](const taxcore::Uuid& id) { Q_EMIT documentWanted(qs(id.toString()), {}); });
     connect(list_, &DocumentList::undoOffered, this, &DocumentsPage::undoOffered);
     connect(list_, &DocumentList::told, toast_, &look::Toast::say);
+    connect(list_, &DocumentList::replaceWanted, this, &DocumentsPage::replace);
+    connect(list_, &DocumentList::detailsShown, frame_, &look::PageFrame::showWhole);
+    constexpr int together = 100; // milliseconds, so that many readings are told at once
+    read_.setSingleShot(true);
+    read_.setInterval(together);
+    connect(&desk.readings(), &DocumentReadings::changed, this, &DocumentsPage::readingChanged);
+    connect(&read_, &QTimer::timeout, this, [this] {
+        missing_->refresh();
+        enclosures_->refresh();
+    });
+    intake_->setSlim(!store.documentsForYear().empty());
+}
+
+/// What was read tells of which kind a document is.
+void DocumentsPage::readingChanged(const taxcore::Uuid& id) {
+    if (!desk_.readings().progress(id) && !read_.isActive()) {
+        read_.start();
+    }
+}
+
+void DocumentsPage::replace(const taxcore::Uuid& id) {
+    if (intake_->pickFiles()) {
+        store_.deleteDocument(Uuid(id));
+    }
+}
+
+void DocumentsPage::resizeEvent(QResizeEvent* event) {
+    PageWidget::resizeEvent(event);
+    list_->setRoom(height());
 }
 
 void DocumentsPage::refresh() {
+    intake_->setSlim(!store_.documentsForYear().empty());
     list_->refresh();
     missing_->refresh();
     enclosures_->refresh();

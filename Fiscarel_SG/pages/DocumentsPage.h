@@ -3,7 +3,10 @@
 #ifndef Q_MOC_RUN
 #include "Fiscarel_SG/look/PageFrame.h"
 #include "Fiscarel_SG/look/PageWidget.h"
+#include "TaxCore/base/Uuid.h"
 #endif
+
+#include <QTimer>
 
 namespace fiscarel {
 class AppStore;
@@ -36,8 +39,13 @@ class DocumentsPage final : public look::PageWidget {
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragLeaveEvent(QDragLeaveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
+    void readingChanged(const taxcore::Uuid& id);
+    void replace(const taxcore::Uuid& id);
+
+    AppStore& store_;
     DocumentDesk& desk_;
     look::PageFrame* frame_;
     IntakeCard* intake_;
@@ -45,6 +53,7 @@ class DocumentsPage final : public look::PageWidget {
     MissingCard* missing_;
     EnclosuresCard* enclosures_;
     look::Toast* toast_;
+    QTimer read_; ///< until the cards tell what was read
 };
 
 } // namespace fiscarel::pages

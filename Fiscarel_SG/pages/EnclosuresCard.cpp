@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/pages/EnclosuresCard.h"
 
 #include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/DocumentReadings.h"
 #include "Fiscarel_SG/look/ElidingButton.h"
 #include "Fiscarel_SG/look/FileDialogs.h"
 #include "Fiscarel_SG/look/QtText.h"
@@ -53,8 +54,8 @@ Outcome bundled(const QString& title, const std::vector<paper::BundleItem>& item
 
 } // namespace
 
-EnclosuresCard::EnclosuresCard(AppStore& store, QWidget* parent)
-    : QWidget(parent), store_(store),
+EnclosuresCard::EnclosuresCard(AppStore& store, const DocumentReadings& readings, QWidget* parent)
+    : QWidget(parent), store_(store), readings_(readings),
       save_(new QPushButton(u"Beilagen als ein PDF speichern …"_s, this)),
       message_(new QLabel(this)) {
     auto* const outer = new QVBoxLayout(this);
@@ -72,14 +73,14 @@ EnclosuresCard::EnclosuresCard(AppStore& store, QWidget* parent)
 
 EnclosuresCard::~EnclosuresCard() { pool_.waitForDone(); }
 
-QString EnclosuresCard::titlesOf(const std::vector<taxcore::Uuid>& documents) const {
+QStringList EnclosuresCard::titlesOf(const std::vector<taxcore::Uuid>& documents) const {
     QStringList titles;
     for (const StoredDocument& document : store_.documents()) {
         if (std::ranges::find(documents, document.id) != documents.end()) {
             titles << qs(document.title);
         }
     }
-    return titles.join(u", "_s);
+    return titles;
 }
 
 void EnclosuresCard::addRow(QGridLayout& grid, int row, const outputs::Enclosure& enclosure) {
@@ -94,10 +95,10 @@ void EnclosuresCard::addRow(QGridLayout& grid, int row, const outputs::Enclosure
     connect(door, &QPushButton::clicked, this,
             [this, path = qs(enclosure.path)] { Q_EMIT fieldWanted(path); });
     grid.addWidget(door, row, 1, Qt::AlignTop);
-    QString state = titlesOf(enclosure.documents);
+    QString state = titlesOf(enclosure.documents).join(u", "_s);
     const char* role = "small";
     if (enclosure.isMissing() && !enclosure.candidates.empty()) {
-        state = u"vielleicht: "_s + titlesOf(enclosure.candidates);
+        state = u"vielleicht: "_s + titlesOf(enclosure.candidates).join(u", "_s);
     } else if (enclosure.isMissing()) {
         state = u"noch kein Beleg"_s;
         role = "warning";
@@ -108,9 +109,26 @@ void EnclosuresCard::addRow(QGridLayout& grid, int row, const outputs::Enclosure
     grid.addWidget(covered, row, 2, Qt::AlignTop);
 }
 
+void EnclosuresCard::addOthers(QGridLayout& grid, int row) {
+    auto* const heading = new QLabel(u"Ohne Zuordnung (kommen ans Ende des PDF):"_s, rows_);
+    heading->setWordWrap(true);
+    look::setRole(heading, "faint");
+    grid.addWidget(heading, row, 0, 1, 3);
+    for (const QString& title : titlesOf(checklist_.others)) {
+        auto* const line = new QLabel(rows_);
+        line->setTextFormat(Qt::PlainText);
+        line->setText(title);
+        line->setWordWrap(true);
+        grid.addWidget(line, ++row, 0, 1, 3);
+    }
+}
+
 void EnclosuresCard::refresh() {
     outputs::Checklist checklist =
-        outputs::makeChecklist(store_.current(), store_.documentsForYear());
+        outputs::makeChecklist(store_.current(), readings_.documentsByKind());
+    // What nobody can open has no place in the PDF.
+    std::erase_if(checklist.others,
+                  [&](const taxcore::Uuid& id) { return readings_.isBroken(id); });
     delete std::exchange(rows_, new QWidget(this));
     checklist_ = std::move(checklist);
     auto* const grid = new QGridLayout(rows_);
@@ -129,11 +147,7 @@ void EnclosuresCard::refresh() {
                         row++, 0, 1, 3);
     }
     if (!checklist_.others.empty()) {
-        auto* const others =
-            new QLabel(u"Ohne Zuordnung, am Schluss: "_s + titlesOf(checklist_.others), rows_);
-        others->setWordWrap(true);
-        look::setRole(others, "small");
-        grid->addWidget(others, row++, 1, 1, 2);
+        addOthers(*grid, row);
     }
     column_->addWidget(rows_);
     column_->addWidget(save_, 0, Qt::AlignLeft);

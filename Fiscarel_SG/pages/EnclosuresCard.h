@@ -14,7 +14,8 @@ class QVBoxLayout;
 
 namespace fiscarel {
 class AppStore;
-}
+class DocumentReadings;
+} // namespace fiscarel
 
 namespace fiscarel::pages {
 
@@ -24,7 +25,8 @@ class EnclosuresCard final : public QWidget {
     Q_OBJECT
 
   public:
-    EnclosuresCard(AppStore& store, QWidget* parent);
+    /// Both must outlive it.
+    EnclosuresCard(AppStore& store, const DocumentReadings& readings, QWidget* parent);
     /// Waits for what is under way.
     ~EnclosuresCard() override;
     EnclosuresCard(const EnclosuresCard&) = delete;
@@ -40,11 +42,13 @@ class EnclosuresCard final : public QWidget {
 
   private:
     void addRow(QGridLayout& grid, int row, const outputs::Enclosure& enclosure);
-    QString titlesOf(const std::vector<taxcore::Uuid>& documents) const;
+    void addOthers(QGridLayout& grid, int row);
+    QStringList titlesOf(const std::vector<taxcore::Uuid>& documents) const;
     void save();
     void tell(const QString& text, const char* role);
 
     AppStore& store_;
+    const DocumentReadings& readings_;
     QVBoxLayout* column_;
     QWidget* rows_ = nullptr;
     QPushButton* save_;

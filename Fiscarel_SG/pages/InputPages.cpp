@@ -1,18 +1,6 @@
 #include "Fiscarel_SG/pages/InputPages.h"
 
-#include "Fiscarel_SG/AppStore.h"
-
 namespace fiscarel::pages {
-
-forms::PageContext pageContext(AppStore& store) {
-    forms::PageContext context{.year = store.year(), .region = store.current().taxRegion()};
-    if (const auto* calculator = store.calculator()) {
-        context.calculator = calculator;
-        context.stGallen = calculator->stGallen();
-        context.liechtenstein = calculator->liechtenstein();
-    }
-    return context;
-}
 
 std::vector<forms::Page> inputPages(const forms::PageContext& context) {
     std::vector<forms::Page> pages{familyPage(context),  incomePage(context), workPage(context),

@@ -275,9 +275,11 @@ TEST(Applying, aBillOrGiftIsAlwaysItsOwnRecord) {
 TEST(Applying, aDocumentIsKnownByWhatItProposes) {
     Paper paper;
     EXPECT_EQ(mainAmount(paper.scan), std::nullopt);
-    paper.scan.fields = {{.value = 8}};
+    paper.scan.fields = {{.value = 8}, {.value = Decimal::parse("10.01").value()}, {.value = 2025}};
+    EXPECT_EQ(mainAmount(paper.scan), std::nullopt) << "the number of a box, a day, a year";
+    paper.scan.fields.push_back({.value = 850});
     paper.scan.issuer = "Erste Zeile";
-    EXPECT_EQ(mainAmount(paper.scan), Decimal(8)) << "by words where nothing is proposed";
+    EXPECT_EQ(mainAmount(paper.scan), Decimal(850)) << "by words where nothing is proposed";
     EXPECT_EQ(issuerName(paper.scan), "Erste Zeile");
     paper.add({.kind = Kind::security},
               {{"quantity", "12"}, {"institution", "Bank"}, {"taxValue", "100.5"}});
@@ -287,9 +289,36 @@ TEST(Applying, aDocumentIsKnownByWhatItProposes) {
     }
     EXPECT_EQ(mainAmount(paper.scan), Decimal::parse("100.5").value());
     EXPECT_EQ(issuerName(paper.scan), "Bank");
+    EXPECT_TRUE(credibleFields(paper.scan).empty()) << "beside proposals";
     paper.add({.kind = Kind::security}, {{"kind", "steuerauszug"}, {"taxValue", "900"}});
     paper.scan.proposals.back().confidence = Proposal::Confidence::high;
     EXPECT_EQ(mainAmount(paper.scan), Decimal(900)) << "the total of a statement";
+}
+
+TEST(Applying, theAmountOfADocumentIsTheOneItIsAbout) {
+    struct Row {
+        std::vector<std::pair<Kind, std::vector<std::pair<std::string, std::string>>>> records;
+        int amount;
+    };
+    for (const Row& row :
+         {Row{{{Kind::personDeductions, {{"pillar3aBuyIn", "943"}, {"pillar3a", "3467"}}}}, 3'467},
+          Row{{{Kind::security, {{"incomeWithWithholding", "12"}, {"taxValue", "1000"}}},
+               {Kind::security, {{"taxValue", "500"}}},
+               {Kind::debt, {{"amount", "90000"}}}},
+              1'500},
+          Row{{{Kind::security, {{"incomeWithWithholding", "12"}}},
+               {Kind::security, {{"taxValue", "500"}}}},
+              500},
+          Row{{{Kind::personIncome, {{"unemployment", "9800"}}}}, 9'800}}) {
+        Paper paper;
+        for (const auto& [kind, values] : row.records) {
+            paper.add({.kind = kind}, values);
+        }
+        for (Proposal& proposal : paper.scan.proposals) {
+            proposal.confidence = Proposal::Confidence::medium;
+        }
+        EXPECT_EQ(mainAmount(paper.scan), Decimal(row.amount));
+    }
 }
 
 TEST(Applying, namesAreAlikeHoweverTheyAreWritten) {

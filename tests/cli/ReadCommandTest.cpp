@@ -1,8 +1,8 @@
 // Reading documents on the command line.
 
-#include "tests/cli/CommandLine.h"
-
 #include "Fiscarel_SG/documents/ScanResult.h"
+#include "cli/TextTable.h"
+#include "tests/cli/CommandLine.h"
 
 #include <gtest/gtest.h>
 
@@ -42,9 +42,15 @@ TEST_F(CommandLine, readsDocuments) {
     EXPECT_EQ(text.exitCode, 0) << text.err;
     for (const char* part : {"beleg.pdf\n=========\n", "Art:         Arzt / Zahnarzt",
                              "Aussteller:  Physiotherapie am Rhein", "Seiten:      1",
-                             "Beträge nach Stichworten", "Rechnungsbetrag", "1250.4",
-                             "  Rechnung vom 3. Mai 2025\n"}) {
+                             "Rechnungsbetrag", " 1’250.40  wahrscheinlich\n",
+                             " 03.05.2025  wahrscheinlich\n", "  Rechnung vom 3. Mai 2025\n"}) {
         EXPECT_NE(text.out.find(part), std::string::npos) << part << " in\n" << text.out;
+    }
+    for (const char* part : {"Beträge nach Stichworten", "gross ", "2025-05-03"}) {
+        EXPECT_EQ(text.out.find(part), std::string::npos) << part << " in\n" << text.out;
+    }
+    for (const std::string& line : linesOf(text.out)) {
+        EXPECT_LE(fiscarel::cli::displayWidth(line), fiscarel::cli::lineWidth) << line;
     }
     EXPECT_EQ(text.err, "");
 

@@ -269,6 +269,62 @@ TEST_F(DocumentsPage, asksAboutTheSameContentOfAnyYear) {
     EXPECT_EQ(stored("Kopie").kind, Kind::lohnausweis);
 }
 
+TEST_F(DocumentsPage, tellsTheProposedKindUntilAnotherIsDecided) {
+    reader.answers["Gabe"] = {.text = "Danke", .proposedKind = Kind::spende, .pageCount = 1};
+    reader.hold();
+    drop({file("Gabe.pdf")});
+    EXPECT_EQ(column(pages::DocumentModel::kind), QStringList{QString()}) << "not read yet";
+    reader.letGo();
+    waitForReading();
+    EXPECT_EQ(stored("Gabe").kind, Kind::anderes);
+    EXPECT_EQ(column(pages::DocumentModel::kind), QStringList{u"Spende"_s});
+    choose(u"filterKind"_s, u"Spende"_s);
+    EXPECT_EQ(titles(), QStringList{u"Gabe"_s});
+    select(u"Gabe"_s);
+    EXPECT_EQ(program.find<QComboBox>(u"documentKind"_s).currentText(), u"Spende"_s);
+    program.store->updateDocument(Uuid(stored("Gabe").id), [](StoredDocument& document) {
+        document.kind = Kind::versicherung;
+    });
+    program.settle();
+    EXPECT_EQ(column(pages::DocumentModel::kind), QStringList{u"Versicherung"_s});
+}
+
+TEST_F(DocumentsPage, keepsWhatItRefusedUntilThatWasSeen) {
+    drop({file("Brief.docx")});
+    drop({file("Tabelle.xlsx"), file("Lohn.pdf")});
+    const QString told = program.find<QLabel>(u"intakeMessage"_s).text();
+    EXPECT_TRUE(told.contains(u"«Brief.docx»"_s)) << told.toStdString();
+    EXPECT_TRUE(told.contains(u"«Tabelle.xlsx»"_s)) << told.toStdString();
+    program.click(u"intakeSeen"_s);
+    EXPECT_FALSE(program.isShown(u"intakeMessage"_s));
+}
+
+TEST_F(DocumentsPage, tellsWhatToDoNext) {
+    const auto sheet = [&] { return program.window->findChild<pages::DocumentSheet*>(); };
+    EXPECT_FALSE(program.isShown(u"checkFirst"_s));
+    dropAndRead({file("Lohn.pdf"), file("Kaputt.pdf"), file("a.pdf")});
+    EXPECT_EQ(program.find<QLabel>(u"documentsWaiting"_s).text(),
+              u"2 Belege warten auf Ihre Prüfung."_s);
+    program.click(u"checkFirst"_s);
+    ASSERT_NE(sheet(), nullptr);
+    EXPECT_TRUE(sheet()->isVisible());
+    delete sheet();
+    const auto line = static_cast<int>(titles().indexOf(u"Lohn"_s));
+    const QModelIndex index = table().model()->index(line, pages::DocumentModel::state);
+    const auto& delegate = dynamic_cast<pages::DocumentDelegate&>(*table().itemDelegate());
+    QTest::mouseClick(table().viewport(), Qt::LeftButton, {},
+                      delegate.actionPlace(optionAt(index), index).center());
+    ASSERT_NE(sheet(), nullptr);
+    delete sheet();
+    // Of a file nobody can open another one is wanted.
+    select(u"Kaputt"_s);
+    EXPECT_TRUE(program.isShown(u"replaceDocument"_s));
+    EXPECT_FALSE(program.isShown(u"applyDocument"_s));
+    select(u"a"_s);
+    EXPECT_FALSE(program.isShown(u"replaceDocument"_s));
+    EXPECT_TRUE(program.isShown(u"applyDocument"_s));
+}
+
 TEST_F(DocumentsPage, filtersAndSearches) {
     dropAndRead({file("Lohn.pdf"), file("Spende.pdf"), file("Kaputt.pdf")});
     auto& search = program.find<QLineEdit>(u"searchDocuments"_s);
@@ -296,9 +352,11 @@ TEST_F(DocumentsPage, filtersAndSearches) {
 
 TEST_F(DocumentsPage, movesADocumentToTheYearItSpeaksOf) {
     dropAndRead({file("Spende.pdf")});
-    const QModelIndex index = table().model()->index(0, pages::DocumentModel::title);
+    EXPECT_EQ(dynamic_cast<pages::DocumentFilter&>(*table().model()).rowAt(0)->detail,
+              u"Beleg von 2026, nicht vom Steuerjahr 2025."_s);
+    const QModelIndex index = table().model()->index(0, pages::DocumentModel::state);
     const auto& delegate = dynamic_cast<pages::DocumentDelegate&>(*table().itemDelegate());
-    const QRect link = delegate.movePlace(optionAt(index), index);
+    const QRect link = delegate.actionPlace(optionAt(index), index);
     ASSERT_FALSE(link.isEmpty());
     QTest::mouseClick(table().viewport(), Qt::LeftButton, {}, link.center());
     program.settle();

@@ -252,10 +252,11 @@ Evidence evidenceOf(const FoundAmount& found, const Wanted& wanted, bool isKindC
                       .page = page.number,
                       .box = hasPlaces ? pageBox(found.amount.printed, page) : std::nullopt,
                       .checks = std::move(checks)};
-    evidence.reason = std::string(!hasPlaces      ? "Steht im Text nach «"
-                                  : found.isBelow ? "Steht unter «"
-                                                  : "Steht rechts von «")
-                      + found.label + "»" + (page.isRecognised ? " (Texterkennung)." : ".");
+    evidence.reason = std::string(!hasPlaces      ? "Steht im Text nach "
+                                  : found.isBelow ? "Steht unter "
+                                                  : "Steht rechts von ")
+                      + (found.label.empty() ? "seiner Bezeichnung" : "«" + found.label + "»")
+                      + (page.isRecognised ? " (Texterkennung)." : ".");
     const bool isFirm = found.amount.amount.isFirm() && !found.amount.amount.wasCorrected;
     const bool isPlain = found.isAlone && !found.isBelow && isFirm && wanted.isSpecific;
     if (!hasPlaces) {

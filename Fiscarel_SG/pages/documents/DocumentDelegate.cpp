@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/pages/documents/DocumentDelegate.h"
 
+#include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
 #include "Fiscarel_SG/pages/documents/DocumentFilter.h"
 
@@ -7,7 +8,10 @@
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QRegularExpression>
+#include <QTextLayout>
 #include <QToolTip>
+#include <algorithm>
 #include <cmath>
 
 namespace fiscarel::pages {
@@ -21,7 +25,8 @@ constexpr QSize pictureSize{38, 50};
 constexpr int besidePicture = 10;
 constexpr int crossSize = 20;
 constexpr int barHeight = 4;
-constexpr double smaller = 0.9; ///< of the second line
+constexpr double smaller = 0.9; ///< of what stands below the title
+constexpr int rounding = 2;     ///< so that what just fits is not cut
 
 QRect inside(const QStyleOptionViewItem& option) {
     return option.rect.adjusted(margin, 0, -margin, 0);
@@ -33,25 +38,47 @@ QFont smallFont(const QStyleOptionViewItem& option) {
     return font;
 }
 
-/// Where the two lines of the title stand.
-struct TitlePlaces {
-    QRect picture;
-    QRect title;
-    QRect detail;
+/// Where the state stands, and what can be done below it.
+struct StatePlaces {
+    QRect first;
+    QRect second;
 };
 
-TitlePlaces titlePlaces(const QStyleOptionViewItem& option) {
+StatePlaces statePlaces(const QStyleOptionViewItem& option, bool hasSecond) {
+    constexpr int between = 4;
     const QRect room = inside(option);
-    TitlePlaces places;
-    places.picture =
-        QRect(QPoint(room.left(), room.center().y() - pictureSize.height() / 2), pictureSize);
-    const int left = places.picture.right() + besidePicture;
-    const int first = option.fontMetrics.height();
-    const int second = QFontMetrics(smallFont(option)).height();
-    const int top = room.center().y() - (first + second + 2) / 2;
-    places.title = QRect(left, top, room.right() - left, first);
-    places.detail = QRect(left, top + first + 2, room.right() - left, second);
-    return places;
+    const int height = option.fontMetrics.height();
+    const int all = hasSecond ? 2 * height + between : height;
+    const QRect first(room.left(), room.center().y() - all / 2, room.width(), height);
+    return {first, first.translated(0, height + between)};
+}
+
+/// A text in one line, or in two of which the second may still be too long.
+QStringList brokenInTwo(const QString& text, const QFont& font, int width) {
+    QTextLayout layout(text, font);
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    if (line.isValid()) {
+        line.setLineWidth(width);
+    }
+    layout.endLayout();
+    const qsizetype end = line.isValid() ? line.textLength() : text.size();
+    return end >= text.size() ? QStringList(text)
+                              : QStringList{text.left(end).trimmed(), text.mid(end).trimmed()};
+}
+
+/// Draws lines one below the other from the top of `room`, in the painter's font; returns where
+/// they end.
+int drawLines(QPainter& painter, const QStringList& lines, const QRect& room, Qt::Alignment side) {
+    const QFontMetrics metrics(painter.font());
+    int top = room.top();
+    for (const QString& line : lines) {
+        painter.drawText(QRect(room.left(), top, room.width(), metrics.height()),
+                         static_cast<int>(side | Qt::AlignVCenter) | Qt::TextSingleLine,
+                         metrics.elidedText(line, Qt::ElideRight, room.width()));
+        top += metrics.height();
+    }
+    return top;
 }
 
 } // namespace
@@ -65,29 +92,69 @@ const DocumentModel::Row& DocumentDelegate::rowOf(const QModelIndex& index) cons
     return *filter_.rowAt(index.row());
 }
 
+DocumentDelegate::Action DocumentDelegate::actionOf(const QModelIndex& index) const {
+    const DocumentModel::Row& row = rowOf(index);
+    if (row.canMove) {
+        return Action::move;
+    }
+    return row.state == DocumentState::open ? Action::check : Action::none;
+}
+
+QString DocumentDelegate::actionText(const QModelIndex& index) const {
+    switch (actionOf(index)) {
+    case Action::move:
+        return u"→ %1"_s.arg(*rowOf(index).otherYear);
+    case Action::check:
+        return u"Prüfen …"_s;
+    case Action::none:
+        break;
+    }
+    return {};
+}
+
 QRect DocumentDelegate::cancelPlace(const QStyleOptionViewItem& option,
                                     const QModelIndex& index) const {
     if (index.column() != DocumentModel::state || !rowOf(index).progress) {
         return {};
     }
-    const QRect room = inside(option);
-    return {room.right() - crossSize + 1, room.center().y() - crossSize / 2, crossSize, crossSize};
+    const QRect second = statePlaces(option, true).second;
+    return {second.right() - crossSize + 1, second.center().y() - crossSize / 2, crossSize,
+            crossSize};
 }
 
-QRect DocumentDelegate::movePlace(const QStyleOptionViewItem& option,
-                                  const QModelIndex& index) const {
-    if (index.column() != DocumentModel::title) {
+QRect DocumentDelegate::actionPlace(const QStyleOptionViewItem& option,
+                                    const QModelIndex& index) const {
+    if (index.column() != DocumentModel::state) {
         return {};
     }
-    const DocumentModel::Row& row = rowOf(index);
-    if (!row.canMove) {
-        return {};
+    QRect place = statePlaces(option, true).second;
+    place.setWidth(
+        std::min(place.width(), option.fontMetrics.horizontalAdvance(actionText(index))));
+    return place;
+}
+
+int DocumentDelegate::stateWidth(const QFontMetrics& metrics) {
+    return metrics.horizontalAdvance(u"Seite 10 von 20"_s) + 2 * margin + rounding;
+}
+
+int DocumentDelegate::kindWidth(const QFontMetrics& metrics) {
+    int widest = 0; // of the parts a line may be broken into
+    for (const auto& row : taxcore::EnumTable<StoredDocument::Kind>::rows) {
+        static const QRegularExpression between(u"(?<=[ /-])"_s);
+        for (const QString& part : qs(row.label).split(between)) {
+            widest = std::max(widest, metrics.horizontalAdvance(part.trimmed()));
+        }
     }
-    const QRect line = titlePlaces(option).detail;
-    const QFontMetrics metrics(smallFont(option));
-    const int before = metrics.horizontalAdvance(row.detail + u"  "_s);
-    const int width = metrics.horizontalAdvance(moveText(*row.otherYear));
-    return QRect(line.left() + before, line.top(), width, line.height()).intersected(line);
+    return widest + 2 * margin + rounding;
+}
+
+int DocumentDelegate::amountWidth(const QFontMetrics& metrics, const DocumentFilter& rows) {
+    int widest = metrics.horizontalAdvance(u"10’000.00"_s);
+    for (int line = 0; line < rows.rowCount(); ++line) {
+        const QString text = rows.index(line, DocumentModel::amount).data().toString();
+        widest = std::max(widest, metrics.horizontalAdvance(text));
+    }
+    return widest + 2 * margin + rounding;
 }
 
 void DocumentDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -107,35 +174,52 @@ void DocumentDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     } else if (index.column() == DocumentModel::state) {
         paintState(*painter, ground, index);
     } else {
-        const QRect room = inside(ground);
-        painter->setPen(theme.text);
-        painter->drawText(room, static_cast<int>(ground.displayAlignment | Qt::TextSingleLine),
-                          ground.fontMetrics.elidedText(ground.text, Qt::ElideRight, room.width()));
+        paintText(*painter, ground, index);
     }
     painter->restore();
 }
 
+/// Of a title that is long two lines stand, of a warning two lines of it.
 void DocumentDelegate::paintTitle(QPainter& painter, const QStyleOptionViewItem& option,
                                   const QModelIndex& index) const {
+    constexpr int between = 2;
     const look::Theme& theme = look::Theme::current();
     const DocumentModel::Row& row = rowOf(index);
-    const TitlePlaces places = titlePlaces(option);
-    paintPicture(painter, places.picture, option, index);
+    QRect room = inside(option);
+    paintPicture(
+        painter,
+        QRect(QPoint(room.left(), room.center().y() - pictureSize.height() / 2), pictureSize),
+        option, index);
+    room.setLeft(room.left() + pictureSize.width() + besidePicture);
+    const QFont small = smallFont(option);
+    const QStringList title =
+        row.isWarning ? QStringList(row.title) : brokenInTwo(row.title, option.font, room.width());
+    const QStringList detail =
+        row.isWarning ? brokenInTwo(row.detail, small, room.width()) : QStringList(row.detail);
+    const int height = static_cast<int>(title.size()) * option.fontMetrics.height() + between
+                       + static_cast<int>(detail.size()) * QFontMetrics(small).height();
+    room.setTop(room.center().y() - height / 2);
     painter.setPen(theme.text);
-    painter.drawText(
-        places.title, Qt::AlignVCenter | Qt::TextSingleLine,
-        option.fontMetrics.elidedText(row.title, Qt::ElideRight, places.title.width()));
-    painter.setFont(smallFont(option));
-    const QFontMetrics metrics(painter.font());
+    room.setTop(drawLines(painter, title, room, Qt::AlignLeft) + between);
+    painter.setFont(small);
     painter.setPen(row.isWarning ? theme.warning : theme.faint);
-    painter.drawText(places.detail, Qt::AlignVCenter | Qt::TextSingleLine,
-                     metrics.elidedText(row.detail, Qt::ElideRight, places.detail.width()));
-    if (const QRect link = movePlace(option, index); !link.isEmpty()) {
-        painter.setPen(theme.accent);
-        painter.drawText(
-            link, Qt::AlignVCenter | Qt::TextSingleLine,
-            metrics.elidedText(moveText(*row.otherYear), Qt::ElideRight, link.width()));
-    }
+    drawLines(painter, detail, room, Qt::AlignLeft);
+}
+
+/// Over two lines where there is need; an amount stands in one.
+void DocumentDelegate::paintText(QPainter& painter, const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const {
+    const look::Theme& theme = look::Theme::current();
+    const bool isFaint = index.column() == DocumentModel::kind && rowOf(index).isKindProposed;
+    painter.setPen(isFaint ? theme.faint : theme.text);
+    QRect room = inside(option);
+    const Qt::Alignment side = option.displayAlignment & Qt::AlignHorizontal_Mask;
+    const QStringList lines = index.column() == DocumentModel::amount
+                                  ? QStringList(option.text)
+                                  : brokenInTwo(option.text, option.font, room.width());
+    room.setTop(room.center().y()
+                - static_cast<int>(lines.size()) * option.fontMetrics.height() / 2);
+    drawLines(painter, lines, room, side);
 }
 
 void DocumentDelegate::paintPicture(QPainter& painter, const QRect& place,
@@ -163,34 +247,43 @@ void DocumentDelegate::paintState(QPainter& painter, const QStyleOptionViewItem&
                                   const QModelIndex& index) const {
     const look::Theme& theme = look::Theme::current();
     const DocumentModel::Row& row = rowOf(index);
-    QRect room = inside(option);
-    const QRect cross = cancelPlace(option, index);
-    if (!cross.isEmpty()) {
-        room.setRight(cross.left() - margin);
-    }
+    const QString action = actionText(index);
+    const StatePlaces places = statePlaces(option, row.progress || !action.isEmpty());
     QColor color = theme.faint;
     if (row.state == DocumentState::applied) {
         color = theme.good;
     } else if (row.state == DocumentState::open) {
-        color = theme.accent;
+        color = theme.text;
     } else if (row.state == DocumentState::unreadable || row.state == DocumentState::missing) {
         color = theme.warning;
     }
     painter.setPen(color);
-    painter.drawText(room, Qt::AlignVCenter | Qt::TextSingleLine,
-                     option.fontMetrics.elidedText(option.text, Qt::ElideRight, room.width()));
-    if (!row.progress) {
-        return;
+    painter.drawText(
+        places.first, Qt::AlignVCenter | Qt::TextSingleLine,
+        option.fontMetrics.elidedText(option.text, Qt::ElideRight, places.first.width()));
+    painter.setPen(theme.accent);
+    painter.drawText(places.second, Qt::AlignVCenter | Qt::TextSingleLine, action);
+    if (row.progress) {
+        paintProgress(painter, option, index);
     }
+}
+
+/// A bar and a cross that ends the reading.
+void DocumentDelegate::paintProgress(QPainter& painter, const QStyleOptionViewItem& option,
+                                     const QModelIndex& index) const {
+    const look::Theme& theme = look::Theme::current();
+    const DocumentReadings::Progress& progress = *rowOf(index).progress;
+    const QRect cross = cancelPlace(option, index);
+    const QRect room = inside(option);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    const QRect bar(room.left(), room.center().y() + option.fontMetrics.height() / 2 + 2,
-                    room.width(), barHeight);
+    const QRect bar(room.left(), cross.center().y() - barHeight / 2,
+                    cross.left() - margin - room.left(), barHeight);
     painter.setBrush(theme.border);
     painter.drawRoundedRect(bar, barHeight / 2.0, barHeight / 2.0);
-    if (row.progress->pages > 0) {
+    if (progress.pages > 0) {
         QRect done = bar;
-        done.setWidth(bar.width() * row.progress->page / row.progress->pages);
+        done.setWidth(bar.width() * progress.page / progress.pages);
         painter.setBrush(theme.accent);
         painter.drawRoundedRect(done, barHeight / 2.0, barHeight / 2.0);
     }
@@ -211,8 +304,12 @@ bool DocumentDelegate::editorEvent(QEvent* event, QAbstractItemModel* model,
             Q_EMIT cancelWanted(id);
             return true;
         }
-        if (mouse->button() == Qt::LeftButton && movePlace(option, index).contains(at)) {
-            Q_EMIT moveWanted(id);
+        if (mouse->button() == Qt::LeftButton && actionPlace(option, index).contains(at)) {
+            if (actionOf(index) == Action::move) {
+                Q_EMIT moveWanted(id);
+            } else {
+                Q_EMIT checkWanted(id);
+            }
             return true;
         }
     }
@@ -230,6 +327,10 @@ bool DocumentDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
         tip = row.title + u'\n' + row.detail;
     } else if (cancelPlace(option, index).contains(event->pos())) {
         tip = u"Lesen abbrechen"_s;
+    } else if (actionPlace(option, index).contains(event->pos())) {
+        tip = row.canMove ? moveText(*row.otherYear) : u"Prüfen und übernehmen"_s;
+    } else if (index.column() == DocumentModel::kind && row.isKindProposed) {
+        tip = u"%1: vorgeschlagen, noch nicht bestätigt"_s.arg(index.data().toString());
     } else {
         const QString text = index.data().toString();
         tip =

@@ -104,6 +104,10 @@ void DocumentDetails::addButtons() {
     apply_ = addButton(u"Prüfen und übernehmen …"_s, u"applyDocument"_s,
                        [this](const Uuid& id) { Q_EMIT openWanted(id); });
     look::setRole(apply_, "primary");
+    replace_ = addButton(u"Andere Datei wählen …"_s, u"replaceDocument"_s,
+                         [this](const Uuid& id) { Q_EMIT replaceWanted(id); });
+    replace_->setToolTip(u"Eine andere Datei anstelle von dieser aufnehmen"_s);
+    look::setRole(replace_, "primary");
     file_ = addButton(u"Öffnen"_s, u"openDocument"_s, [this](const Uuid&) { openFile(); });
     file_->setToolTip(u"Die Datei im zuständigen Programm öffnen"_s);
     move_ = addButton({}, u"moveDocument"_s, [this](const Uuid& id) { Q_EMIT moveWanted(id); });
@@ -118,7 +122,7 @@ void DocumentDetails::addButtons() {
     look::setRole(remove_, "danger");
     auto* const line = new QHBoxLayout;
     line->setSpacing(8);
-    for (QPushButton* const button : {apply_, file_, move_, again_, cancel_}) {
+    for (QPushButton* const button : {apply_, replace_, file_, move_, again_, cancel_}) {
         line->addWidget(button);
     }
     line->addStretch(1);
@@ -143,7 +147,7 @@ void DocumentDetails::show(const std::vector<taxcore::Uuid>& selected) {
     problem_->setVisible(row != nullptr && row->isWarning);
     several_->setVisible(selected.size() > 1);
     several_->setText(u"%1 Belege ausgewählt"_s.arg(selected.size()));
-    for (QPushButton* const button : {apply_, file_, move_, again_, cancel_}) {
+    for (QPushButton* const button : {apply_, replace_, file_, move_, again_, cancel_}) {
         button->setVisible(row != nullptr);
     }
     if (row != nullptr) {
@@ -158,9 +162,12 @@ void DocumentDetails::showOne(const DocumentModel::Row& row) {
     }
     setUnlessTyped(*title_, shown->title);
     setUnlessTyped(*note_, shown->note);
-    problem_->setText(row.detail);
-    kind_->setCurrentIndex(kind_->findData(static_cast<int>(shown->kind)));
+    problem_->setText(row.advice.isEmpty() ? row.detail : row.detail + u' ' + row.advice);
+    kind_->setCurrentIndex(kind_->findData(static_cast<int>(row.kind.value_or(shown->kind))));
     const bool isThere = row.state != DocumentState::missing && !store_.isDemo();
+    apply_->setVisible(!row.isBroken);
+    replace_->setVisible(row.isBroken);
+    replace_->setEnabled(!row.progress);
     apply_->setEnabled(isThere && !row.progress);
     apply_->setText(shown->isApplied ? u"Nochmals prüfen …"_s : u"Prüfen und übernehmen …"_s);
     file_->setEnabled(isThere);

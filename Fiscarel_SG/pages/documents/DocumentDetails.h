@@ -38,6 +38,8 @@ class DocumentDetails final : public QWidget {
     void openWanted(const taxcore::Uuid& id);
     void moveWanted(const taxcore::Uuid& id);
     void removeWanted();
+    /// Another file is to take the place of this one.
+    void replaceWanted(const taxcore::Uuid& id);
 
   private:
     QPushButton* addButton(const QString& text, const QString& name,
@@ -60,6 +62,7 @@ class DocumentDetails final : public QWidget {
     QComboBox* kind_;
     QLineEdit* note_;
     QPushButton* apply_ = nullptr;
+    QPushButton* replace_ = nullptr;
     QPushButton* file_ = nullptr;
     QPushButton* move_ = nullptr;
     QPushButton* again_ = nullptr;

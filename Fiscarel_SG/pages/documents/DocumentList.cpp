@@ -10,6 +10,7 @@
 #include "Fiscarel_SG/pages/documents/DocumentFilter.h"
 #include "Fiscarel_SG/pages/documents/DocumentTable.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -21,6 +22,7 @@
 #include <algorithm>
 #include <array>
 #include <set>
+#include <utility>
 
 namespace fiscarel::pages {
 
@@ -37,6 +39,7 @@ DocumentList::DocumentList(AppStore& store, DocumentDesk& desk, QWidget* parent)
       filter_(new DocumentFilter(*model_, this)), filters_(new QWidget(this)),
       search_(new QLineEdit(filters_)), kind_(new QComboBox(filters_)),
       group_(new QComboBox(filters_)), readingLine_(new QWidget(this)), reading_(new QLabel(this)),
+      waitingLine_(new QWidget(this)), waiting_(new QLabel(this)), first_(new QPushButton(this)),
       empty_(new QLabel(this)), table_(new DocumentTable(this)),
       details_(new DocumentDetails(store, desk, *model_, this)) {
     auto* const outer = new QVBoxLayout(this);
@@ -44,6 +47,7 @@ DocumentList::DocumentList(AppStore& store, DocumentDesk& desk, QWidget* parent)
     QVBoxLayout& card = addCard(*outer, u"Belege dieses Jahres"_s);
     addFilters(card);
     addReadingLine(card);
+    addWaitingLine(card);
     empty_->setObjectName(u"documentsEmpty"_s);
     empty_->setWordWrap(true);
     look::setRole(empty_, "faint");
@@ -52,14 +56,34 @@ DocumentList::DocumentList(AppStore& store, DocumentDesk& desk, QWidget* parent)
     card.addWidget(details_);
     connect(details_, &DocumentDetails::openWanted, this, &DocumentList::documentWanted);
     connect(details_, &DocumentDetails::moveWanted, this, &DocumentList::move);
+    connect(details_, &DocumentDetails::replaceWanted, this, &DocumentList::replaceWanted);
     connect(details_, &DocumentDetails::removeWanted, this, &DocumentList::removeSelected);
     connect(&desk.readings(), &DocumentReadings::changed, this, [this](const Uuid& id) {
         refreshReading();
+        refreshWaiting();
+        if (!desk_.readings().progress(id)) {
+            filterKinds();
+        }
         if (const auto ids = selected(); ids.size() == 1 && ids.front() == id) {
             details_->show(ids);
         }
     });
+    settled_.setSingleShot(true);
+    settled_.setInterval(QApplication::doubleClickInterval());
+    connect(&settled_, &QTimer::timeout, this, [this] {
+        const std::vector<Uuid> now = selected();
+        if (now != std::exchange(seen_, now) && details_->isVisible()) {
+            Q_EMIT detailsShown(details_);
+        }
+    });
     refresh();
+}
+
+void DocumentList::setRoom(int height) {
+    constexpr int beside = 270; // heading, filters and details
+    constexpr int most = 8;
+    constexpr int least = 4;
+    table_->setMostLines(std::clamp((height - beside) / DocumentDelegate::rowHeight, least, most));
 }
 
 void DocumentList::addFilters(QVBoxLayout& card) {
@@ -117,6 +141,20 @@ void DocumentList::addReadingLine(QVBoxLayout& card) {
     connect(stop, &QPushButton::clicked, this, [this] { desk_.readings().cancelAll(); });
 }
 
+void DocumentList::addWaitingLine(QVBoxLayout& card) {
+    waiting_->setObjectName(u"documentsWaiting"_s);
+    first_->setObjectName(u"checkFirst"_s);
+    look::setRole(first_, "link");
+    auto* const line = new QHBoxLayout(waitingLine_);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->setSpacing(12);
+    line->addWidget(waiting_);
+    line->addWidget(first_);
+    line->addStretch(1);
+    card.addWidget(waitingLine_);
+    connect(first_, &QPushButton::clicked, this, &DocumentList::checkFirst);
+}
+
 void DocumentList::addTable(QVBoxLayout& card) {
     auto* const delegate = new DocumentDelegate(*filter_, table_);
     table_->setObjectName(u"documents"_s);
@@ -127,6 +165,7 @@ void DocumentList::addTable(QVBoxLayout& card) {
     card.addWidget(table_);
     connect(delegate, &DocumentDelegate::cancelWanted, this,
             [this](const Uuid& id) { desk_.readings().cancel(id); });
+    connect(delegate, &DocumentDelegate::checkWanted, this, &DocumentList::documentWanted);
     connect(delegate, &DocumentDelegate::moveWanted, this, &DocumentList::move);
     connect(table_, &DocumentTable::openWanted, this, [this](const QModelIndex& index) {
         if (const auto* const row = filter_->rowAt(index.row())) {
@@ -136,6 +175,7 @@ void DocumentList::addTable(QVBoxLayout& card) {
     connect(table_, &DocumentTable::removeWanted, this, &DocumentList::removeSelected);
     connect(table_, &DocumentTable::renameWanted, details_, &DocumentDetails::rename);
     connect(table_, &DocumentTable::selected, this, &DocumentList::showSelected);
+    connect(table_, &DocumentTable::selected, &settled_, qOverload<>(&QTimer::start));
     connect(table_, &QWidget::customContextMenuRequested, this, &DocumentList::showMenu);
 }
 
@@ -145,6 +185,7 @@ void DocumentList::refresh() {
     filterKinds();
     select(before);
     refreshReading();
+    refreshWaiting();
     refreshEmpty();
     showSelected();
 }
@@ -153,7 +194,9 @@ void DocumentList::refresh() {
 void DocumentList::filterKinds() {
     std::set<StoredDocument::Kind> kinds;
     for (int line = 0; line < model_->rowCount(); ++line) {
-        kinds.insert(model_->rowAt(line)->kind);
+        if (const auto kind = model_->rowAt(line)->kind) {
+            kinds.insert(*kind);
+        }
     }
     const int chosen = kind_->currentData().toInt();
     {
@@ -175,6 +218,46 @@ void DocumentList::refreshReading() {
     readingLine_->setVisible(count > 0);
     reading_->setText(count == 1 ? u"1 Beleg wird gelesen …"_s
                                  : u"%1 Belege werden gelesen …"_s.arg(count));
+}
+
+/// Tells what is to be done next.
+void DocumentList::refreshWaiting() {
+    int open = 0;
+    int applied = 0;
+    for (int line = 0; line < model_->rowCount(); ++line) {
+        const DocumentState state = model_->rowAt(line)->state;
+        open += state == DocumentState::open ? 1 : 0;
+        applied += state == DocumentState::applied ? 1 : 0;
+    }
+    waitingLine_->setVisible(open > 0);
+    waiting_->setText(open == 1 ? u"1 Beleg wartet auf Ihre Prüfung."_s
+                                : u"%1 Belege warten auf Ihre Prüfung."_s.arg(open));
+    first_->setText(applied > 0 ? u"Nächsten prüfen …"_s
+                    : open == 1 ? u"Prüfen …"_s
+                                : u"Ersten prüfen …"_s);
+}
+
+/// The first one as the list is sorted; where the filters hide them all, the first there is.
+void DocumentList::checkFirst() {
+    const auto open = [this](const DocumentModel::Row* row) {
+        if (row == nullptr || row->state != DocumentState::open) {
+            return false;
+        }
+        const Uuid id = row->id;
+        select({id});
+        Q_EMIT documentWanted(id);
+        return true;
+    };
+    for (int line = 0; line < filter_->rowCount(); ++line) {
+        if (open(filter_->rowAt(line))) {
+            return;
+        }
+    }
+    for (int line = 0; line < model_->rowCount(); ++line) {
+        if (open(model_->rowAt(line))) {
+            return;
+        }
+    }
 }
 
 void DocumentList::refreshEmpty() {

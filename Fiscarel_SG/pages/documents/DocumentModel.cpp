@@ -2,10 +2,10 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/documents/DocumentYears.h"
-#include "Fiscarel_SG/forms/InputText.h"
 #include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Written.h"
 #include "Fiscarel_SG/pages/documents/DocumentDesk.h"
+#include "TaxCore/base/MoneyFormat.h"
 
 #include <QDateTime>
 #include <QPointer>
@@ -73,9 +73,11 @@ DocumentModel::Row DocumentModel::makeRow(const StoredDocument& document) const 
     Row row{.id = document.id,
             .title = qs(document.title),
             .issuer = qs(document.issuer.value_or("")),
-            .kind = document.kind,
+            .kind = desk_.readings().kind(document),
             .amount = document.amount,
-            .progress = desk_.readings().progress(document.id)};
+            .progress = desk_.readings().progress(document.id),
+            .isBroken = desk_.readings().isBroken(document.id)};
+    row.isKindProposed = row.kind && row.kind != document.kind;
     describe(document, row);
     return row;
 }
@@ -107,7 +109,9 @@ void DocumentModel::describe(const StoredDocument& document, Row& row) const {
     } else if (row.state == DocumentState::unreadable) {
         row.detail = u"Auf diesem Beleg liess sich kein Text lesen."_s;
     } else if (row.otherYear) {
-        row.detail = u"Beleg von %1."_s.arg(*row.otherYear);
+        row.detail =
+            u"Beleg von %1, nicht vom Steuerjahr %2."_s.arg(*row.otherYear).arg(document.year);
+        row.advice = row.canMove ? QString() : u"Bitte entfernen oder trotzdem ablegen."_s;
     } else {
         row.isWarning = false;
         row.detail =
@@ -212,6 +216,9 @@ QVariant DocumentModel::data(const QModelIndex& index, int role) const {
     if (role == Qt::AccessibleTextRole && index.column() == title) {
         return u"%1, %2"_s.arg(row.title, row.detail);
     }
+    if (role == Qt::AccessibleTextRole && index.column() == kind && row.isKindProposed) {
+        return u"%1, vorgeschlagen"_s.arg(qs(taxcore::label(*row.kind)));
+    }
     if (role != Qt::DisplayRole) {
         return {};
     }
@@ -221,9 +228,9 @@ QVariant DocumentModel::data(const QModelIndex& index, int role) const {
     case issuer:
         return row.issuer;
     case kind:
-        return qs(taxcore::label(row.kind));
+        return row.kind ? qs(taxcore::label(*row.kind)) : QString();
     case amount:
-        return row.amount ? qs(forms::formatAmount(*row.amount)) : QString();
+        return row.amount ? qs(taxcore::MoneyFormat::chf(*row.amount, 2, false)) : QString();
     case state:
         return stateText(row);
     default:

@@ -34,14 +34,17 @@ class DocumentModel final : public QAbstractTableModel {
         Uuid id;
         QString title;
         QString issuer;
-        StoredDocument::Kind kind = StoredDocument::Kind::anderes;
+        std::optional<StoredDocument::Kind> kind; ///< absent while nothing is known
+        bool isKindProposed = false;              ///< nobody has decided it yet
         std::optional<Decimal> amount;
         DocumentState state = DocumentState::open;
         QString detail;         ///< second line of the title
+        QString advice;         ///< what can be done about it, beside the list; may be empty
         bool isWarning = false; ///< the detail
         std::optional<DocumentReadings::Progress> progress;
         std::optional<int> otherYear; ///< the tax year it speaks of, if not the selected one
         bool canMove = false;         ///< the program knows that year
+        bool isBroken = false;        ///< nobody can open the file
     };
 
     /// Both must outlive it.

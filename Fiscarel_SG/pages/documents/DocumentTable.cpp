@@ -1,10 +1,12 @@
 #include "Fiscarel_SG/pages/documents/DocumentTable.h"
 
 #include "Fiscarel_SG/pages/documents/DocumentDelegate.h"
+#include "Fiscarel_SG/pages/documents/DocumentFilter.h"
 #include "Fiscarel_SG/pages/documents/DocumentModel.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <algorithm>
 
 namespace fiscarel::pages {
@@ -13,7 +15,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int mostLines = 8; ///< then it scrolls
 constexpr int leastLines = 2;
 
 } // namespace
@@ -26,6 +27,7 @@ DocumentTable::DocumentTable(QWidget* parent) : QTableView(parent) {
     setShowGrid(false);
     setWordWrap(false);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setMouseTracking(true);
     setVerticalScrollMode(ScrollPerPixel);
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
@@ -43,13 +45,22 @@ void DocumentTable::setModel(QAbstractItemModel* model) {
     connect(model, &QAbstractItemModel::modelReset, this, &DocumentTable::fitHeight);
     connect(model, &QAbstractItemModel::rowsInserted, this, &DocumentTable::fitHeight);
     connect(model, &QAbstractItemModel::rowsRemoved, this, &DocumentTable::fitHeight);
+    connect(model, &QAbstractItemModel::dataChanged, this, &DocumentTable::fitColumns);
     fitHeight();
 }
 
 void DocumentTable::fitHeight() {
-    const int lines = std::clamp(model()->rowCount(), leastLines, mostLines);
+    const int lines = std::clamp(model()->rowCount(), leastLines, mostLines_);
     setFixedHeight(lines * DocumentDelegate::rowHeight + horizontalHeader()->sizeHint().height()
                    + 2 * frameWidth());
+    fitColumns();
+}
+
+void DocumentTable::setMostLines(int lines) {
+    if (lines != mostLines_) {
+        mostLines_ = lines;
+        fitHeight();
+    }
 }
 
 void DocumentTable::keyPressEvent(QKeyEvent* event) {
@@ -66,21 +77,44 @@ void DocumentTable::keyPressEvent(QKeyEvent* event) {
     }
 }
 
-/// The title takes what the others leave; in a narrow window these are narrower too.
+void DocumentTable::mouseMoveEvent(QMouseEvent* event) {
+    QTableView::mouseMoveEvent(event);
+    const QPoint at = event->position().toPoint();
+    const QModelIndex index = indexAt(at);
+    const auto* const delegate = qobject_cast<const DocumentDelegate*>(itemDelegate());
+    bool isLink = false;
+    if (delegate != nullptr && index.isValid()) {
+        QStyleOptionViewItem option;
+        initViewItemOption(&option);
+        option.rect = visualRect(index);
+        isLink = delegate->actionPlace(option, index).contains(at)
+                 || delegate->cancelPlace(option, index).contains(at);
+    }
+    viewport()->setCursor(isLink ? Qt::PointingHandCursor : Qt::ArrowCursor);
+}
+
 void DocumentTable::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
-    const int width = viewport()->width();
-    const auto least = [&](const QString& text) { return fontMetrics().horizontalAdvance(text); };
-    const int amountWidth = least(u"1’000’000.00"_s) + 8;
-    const int stateWidth = least(u"Seite 10 von 20"_s) + 34;
-    const int kindWidth = std::min(width / 6, least(u"Zins-/Saldobestätigung"_s) + 14);
-    const int issuerWidth = width / 7;
-    setColumnWidth(DocumentModel::issuer, issuerWidth);
-    setColumnWidth(DocumentModel::kind, kindWidth);
-    setColumnWidth(DocumentModel::amount, amountWidth);
-    setColumnWidth(DocumentModel::state, stateWidth);
-    setColumnWidth(DocumentModel::title,
-                   width - issuerWidth - kindWidth - amountWidth - stateWidth);
+    fitColumns();
+}
+
+/// State, kind and amount are as wide as what stands in them; issuer and title, which may be of any
+/// length, share what is left.
+void DocumentTable::fitColumns() {
+    const auto* const rows = qobject_cast<const DocumentFilter*>(model());
+    if (rows == nullptr) {
+        return;
+    }
+    const int state = DocumentDelegate::stateWidth(fontMetrics());
+    const int kind = DocumentDelegate::kindWidth(fontMetrics());
+    const int amount = DocumentDelegate::amountWidth(fontMetrics(), *rows);
+    const int left = viewport()->width() - state - kind - amount;
+    const int issuer = left * 9 / 25;
+    setColumnWidth(DocumentModel::state, state);
+    setColumnWidth(DocumentModel::kind, kind);
+    setColumnWidth(DocumentModel::amount, amount);
+    setColumnWidth(DocumentModel::issuer, issuer);
+    setColumnWidth(DocumentModel::title, left - issuer);
 }
 
 void DocumentTable::selectionChanged(const QItemSelection& now, const QItemSelection& before) {

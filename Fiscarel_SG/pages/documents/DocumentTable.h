@@ -13,6 +13,8 @@ class DocumentTable final : public QTableView {
     explicit DocumentTable(QWidget* parent);
 
     void setModel(QAbstractItemModel* model) override;
+    /// More lines than these scroll.
+    void setMostLines(int lines);
 
   Q_SIGNALS:
     void openWanted(const QModelIndex& index);
@@ -22,12 +24,16 @@ class DocumentTable final : public QTableView {
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void selectionChanged(const QItemSelection& selected,
                           const QItemSelection& deselected) override;
 
   private:
     void fitHeight();
+    void fitColumns();
+
+    int mostLines_ = 8;
 };
 
 } // namespace fiscarel::pages

@@ -23,6 +23,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+constexpr QMargins aroundNotice{20, 12, 20, 14};
+
 QString pickedEndings() {
     QStringList patterns;
     for (const std::string& ending : documentEndings()) {
@@ -45,7 +47,7 @@ IntakeCard::IntakeCard(AppStore& store, DocumentDesk& desk, QWidget* parent)
     : QWidget(parent), store_(store), desk_(desk), zone_(new QFrame(this)),
       invitation_(new QLabel(zone_)), busy_(new QLabel(this)), bar_(new QProgressBar(this)),
       messageLine_(new QFrame(this)), message_(new QLabel(this)), twins_(new QFrame(this)),
-      twinsText_(new QLabel(this)) {
+      twinsTitle_(new QLabel(this)), twinsText_(new QLabel(this)) {
     auto* const outer = new QVBoxLayout(this);
     outer->setContentsMargins(0, 0, 0, 0);
     outer->setSpacing(10);
@@ -58,10 +60,17 @@ IntakeCard::IntakeCard(AppStore& store, DocumentDesk& desk, QWidget* parent)
     outer->addWidget(busy_);
     outer->addWidget(bar_);
 
-    constexpr QMargins around{20, 12, 20, 12};
+    addMessage(*outer);
+    addTwins(*outer);
+    connect(&desk.intake(), &DocumentIntake::changed, this, &IntakeCard::refresh);
+    setInvites(false);
+    refresh();
+}
+
+void IntakeCard::addMessage(QVBoxLayout& outer) {
     look::setRole(messageLine_, "card");
     auto* const line = new QHBoxLayout(messageLine_);
-    line->setContentsMargins(around);
+    line->setContentsMargins(aroundNotice);
     message_->setObjectName(u"intakeMessage"_s);
     message_->setWordWrap(true);
     look::setRole(message_, "warning");
@@ -69,51 +78,61 @@ IntakeCard::IntakeCard(AppStore& store, DocumentDesk& desk, QWidget* parent)
     auto* const seen = addButton(u"Verstanden"_s, u"intakeSeen"_s, *line, messageLine_);
     line->setAlignment(seen, Qt::AlignTop);
     connect(seen, &QPushButton::clicked, this, [this] { desk_.intake().dismissMessage(); });
-    outer->addWidget(messageLine_);
+    outer.addWidget(messageLine_);
+}
 
+void IntakeCard::addTwins(QVBoxLayout& outer) {
     look::setRole(twins_, "card");
     auto* const question = new QVBoxLayout(twins_);
-    question->setContentsMargins(around);
-    question->setSpacing(10);
+    question->setContentsMargins(aroundNotice);
+    question->setSpacing(8);
+    look::setRole(twinsTitle_, "heading");
+    question->addWidget(twinsTitle_);
     twinsText_->setObjectName(u"twins"_s);
     twinsText_->setWordWrap(true);
+    twinsText_->setTextFormat(Qt::RichText);
     question->addWidget(twinsText_);
     auto* const answers = new QHBoxLayout;
     auto* const drop = addButton(u"Nicht aufnehmen"_s, u"dropTwins"_s, *answers, twins_);
+    look::setRole(drop, "primary");
     auto* const keep = addButton(u"Trotzdem aufnehmen"_s, u"keepTwins"_s, *answers, twins_);
     answers->addStretch(1);
     question->addLayout(answers);
     connect(drop, &QPushButton::clicked, this, [this] { desk_.intake().dropTwins(); });
     connect(keep, &QPushButton::clicked, this, [this] { desk_.intake().keepTwins(); });
-    outer->addWidget(twins_);
-
-    connect(&desk.intake(), &DocumentIntake::changed, this, &IntakeCard::refresh);
-    setInvites(false);
-    refresh();
+    outer.addWidget(twins_);
 }
 
 void IntakeCard::addZone() {
     zone_->setObjectName(u"dropZone"_s);
     look::setRole(zone_, "dropzone");
-    auto* const inside = new QVBoxLayout(zone_);
-    inside->setContentsMargins(20, 18, 20, 18);
-    inside->setSpacing(10);
-    invitation_->setAlignment(Qt::AlignCenter);
+    inside_ = new QBoxLayout(QBoxLayout::TopToBottom, zone_);
     invitation_->setWordWrap(true);
     look::setRole(invitation_, "heading");
-    inside->addWidget(invitation_);
-    QLabel& help = addLabel(
-        *inside, u"PDF, Fotos und Scans, auch ganze Ordner. Gelesen wird auf diesem Computer."_s,
-        "faint");
-    help.setAlignment(Qt::AlignCenter);
+    inside_->addWidget(invitation_);
+    help_ = new QLabel(u"PDF, Fotos und Scans, auch ganze Ordner."_s, zone_);
+    help_->setAlignment(Qt::AlignCenter);
+    help_->setWordWrap(true);
+    look::setRole(help_, "faint");
+    inside_->addWidget(help_);
     auto* const line = new QHBoxLayout;
     line->addStretch(1);
     auto* const files = addButton(u"Dateien auswählen …"_s, u"pickDocuments"_s, *line, zone_);
     auto* const folder = addButton(u"Ordner auswählen …"_s, u"pickFolder"_s, *line, zone_);
     line->addStretch(1);
-    inside->addLayout(line);
+    inside_->addLayout(line);
     connect(files, &QPushButton::clicked, this, &IntakeCard::pickFiles);
     connect(folder, &QPushButton::clicked, this, &IntakeCard::pickFolder);
+    setSlim(false);
+}
+
+void IntakeCard::setSlim(bool slim) {
+    inside_->setDirection(slim ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    inside_->setContentsMargins(20, slim ? 10 : 18, slim ? 10 : 20, slim ? 10 : 18);
+    inside_->setSpacing(10);
+    inside_->setStretch(0, slim ? 1 : 0);
+    invitation_->setAlignment(slim ? Qt::AlignLeft | Qt::AlignVCenter : Qt::AlignCenter);
+    help_->setVisible(!slim);
 }
 
 bool IntakeCard::hasFiles(const QMimeData& data) {
@@ -135,14 +154,16 @@ void IntakeCard::setInvites(bool invites) {
     look::setRole(zone_, invites ? "dropzone-ready" : "dropzone");
 }
 
-void IntakeCard::pickFiles() {
+bool IntakeCard::pickFiles() {
     std::vector<std::filesystem::path> files;
     for (const QString& file :
          look::askForFiles(this, u"Belege auswählen"_s,
                            u"Belege (%1);;Alle Dateien (*)"_s.arg(pickedEndings()))) {
         files.emplace_back(utf8(file));
     }
+    const bool isPicked = !files.empty();
     desk_.intake().take(std::move(files));
+    return isPicked;
 }
 
 void IntakeCard::pickFolder() {
@@ -152,6 +173,7 @@ void IntakeCard::pickFolder() {
     }
 }
 
+/// A list with a line for each, as rich text.
 QString IntakeCard::twinsText() const {
     const std::vector<Twin>& twins = desk_.intake().twins();
     constexpr std::size_t mostTold = 4;
@@ -170,10 +192,11 @@ QString IntakeCard::twinsText() const {
                       ? u"«%1» liegt schon als «%2» im Steuerjahr %3."_s.arg(name, qs(found->title))
                             .arg(found->year)
                       : u"«%1» hat denselben Inhalt wie «%2»."_s.arg(
-                          name, qs(twin.other.filename().string())));
+                          name, qs(twin.other.filename().string())))
+                     .toHtmlEscaped();
     }
-    return (twins.size() == 1 ? u"Diesen Beleg gibt es schon:"_s : u"Diese Belege gibt es schon:"_s)
-           + u'\n' + lines.join(u'\n');
+    return u"<ul style=\"margin: 0; margin-left: 16px; -qt-list-indent: 0\"><li>"_s
+           + lines.join(u"</li><li>"_s) + u"</li></ul>"_s;
 }
 
 void IntakeCard::refresh() {
@@ -190,6 +213,9 @@ void IntakeCard::refresh() {
     message_->setText(intake.message());
     twins_->setVisible(!intake.twins().empty());
     if (!intake.twins().empty()) {
+        const std::size_t count = intake.twins().size();
+        twinsTitle_->setText(count == 1 ? u"1 Datei gibt es schon"_s
+                                        : u"%1 Dateien gibt es schon"_s.arg(count));
         twinsText_->setText(twinsText());
     }
 }

@@ -4,11 +4,13 @@
 #include <filesystem>
 #include <vector>
 
+class QBoxLayout;
 class QFrame;
 class QLabel;
 class QMimeData;
 class QProgressBar;
 class QPushButton;
+class QVBoxLayout;
 
 namespace fiscarel {
 class AppStore;
@@ -31,10 +33,15 @@ class IntakeCard final : public QWidget {
     static std::vector<std::filesystem::path> filesOf(const QMimeData& data);
     /// Shows that something can be dropped now.
     void setInvites(bool invites);
+    /// Lets the user pick files; false when none were.
+    bool pickFiles();
+    /// Takes up little room, as where there are documents already.
+    void setSlim(bool slim);
 
   private:
     void addZone();
-    void pickFiles();
+    void addMessage(QVBoxLayout& outer);
+    void addTwins(QVBoxLayout& outer);
     void pickFolder();
     void refresh();
     QString twinsText() const;
@@ -42,12 +49,15 @@ class IntakeCard final : public QWidget {
     AppStore& store_;
     DocumentDesk& desk_;
     QFrame* zone_;
+    QBoxLayout* inside_ = nullptr; ///< of the zone
     QLabel* invitation_;
+    QLabel* help_ = nullptr;
     QLabel* busy_;
     QProgressBar* bar_;
     QFrame* messageLine_;
     QLabel* message_;
     QFrame* twins_;
+    QLabel* twinsTitle_;
     QLabel* twinsText_;
 };
 

@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/pages/documents/MissingCard.h"
 
 #include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/DocumentReadings.h"
 #include "Fiscarel_SG/documents/DocumentYears.h"
 #include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
@@ -34,7 +35,8 @@ QLabel* elided(const QString& text, const char* role, QWidget* parent) {
 
 } // namespace
 
-MissingCard::MissingCard(AppStore& store, QWidget* parent) : QWidget(parent), store_(store) {
+MissingCard::MissingCard(AppStore& store, const DocumentReadings& readings, QWidget* parent)
+    : QWidget(parent), store_(store), readings_(readings) {
     auto* const outer = new QVBoxLayout(this);
     outer->setContentsMargins(0, 0, 0, 0);
     column_ = &addCard(*outer, u"Fehlt noch im Vergleich zum Vorjahr"_s,
@@ -45,7 +47,7 @@ MissingCard::MissingCard(AppStore& store, QWidget* parent) : QWidget(parent), st
 
 void MissingCard::refresh() {
     const std::vector<MissingDocument> missing =
-        missingSinceYearBefore(store_.documents(), store_.year());
+        missingSinceYearBefore(readings_.documentsByKind(), store_.year());
     delete std::exchange(rows_, new QWidget(this));
     auto* const grid = new QGridLayout(rows_);
     grid->setContentsMargins(0, 4, 0, 0);

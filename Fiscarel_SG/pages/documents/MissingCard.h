@@ -6,7 +6,8 @@ class QVBoxLayout;
 
 namespace fiscarel {
 class AppStore;
-}
+class DocumentReadings;
+} // namespace fiscarel
 
 namespace fiscarel::pages {
 
@@ -15,12 +16,14 @@ class MissingCard final : public QWidget {
     Q_OBJECT
 
   public:
-    MissingCard(AppStore& store, QWidget* parent);
+    /// Both must outlive it.
+    MissingCard(AppStore& store, const DocumentReadings& readings, QWidget* parent);
 
     void refresh();
 
   private:
     AppStore& store_;
+    const DocumentReadings& readings_;
     QVBoxLayout* column_;
     QWidget* rows_ = nullptr;
 };

@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/pages/documents/ProposalHead.h"
 
 #include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/documents/ScanSummary.h"
 #include "Fiscarel_SG/forms/editors/ChoiceEdit.h"
 #include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
@@ -20,17 +21,6 @@ namespace fiscarel::pages {
 
 using namespace Qt::Literals::StringLiterals;
 using Kind = StoredDocument::Kind;
-
-namespace {
-
-/// What is proposed counts while neither the user nor an earlier taking over has decided.
-Kind firstKind(const StoredDocument& document, const ScanResult& scan) {
-    return !document.isApplied && document.kind == scan.kind
-               ? scan.proposedKind.value_or(document.kind)
-               : document.kind;
-}
-
-} // namespace
 
 ProposalHead::ProposalHead(ProposalDesk& desk, QWidget* parent)
     : QWidget(parent), desk_(desk), column_(new QVBoxLayout(this)), name_(new QLineEdit(this)),
