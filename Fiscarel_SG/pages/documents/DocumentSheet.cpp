@@ -292,6 +292,12 @@ void DocumentSheet::showBlocked() {
     } else if (year != store_.year()) {
         sentence =
             u"Dieser Beleg liegt beim Jahr %1. Bitte zuerst dieses Steuerjahr wählen."_s.arg(year);
+    } else if (const auto record = desk_->withoutPerson()) {
+        sentence =
+            u"Wem gehört «%1»? Bitte die Person wählen."_s.arg(qs(desk_->record(*record).title));
+    } else if (const auto incomplete = desk_->withoutAmount()) {
+        sentence = u"Der Betrag von «%1» ist nicht angekreuzt: bitte prüfen und ankreuzen."_s.arg(
+            qs(desk_->record(*incomplete).title));
     } else if (!scan_.proposals.empty() && !desk_->canApply()) {
         sentence = u"Es ist nichts angekreuzt."_s;
     }

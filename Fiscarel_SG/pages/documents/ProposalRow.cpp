@@ -157,7 +157,9 @@ void ProposalRow::refresh() {
         take_->setAccessibleName(u"%1 übernehmen"_s.arg(label));
     }
     const QSignalBlocker quiet(take_);
-    take_->setChecked(desk_.value(proposal_).isIncluded);
+    // Of a record that is left out nothing is taken over, whatever would be ticked in it.
+    take_->setChecked(desk_.value(proposal_).isIncluded
+                      && desk_.target(desk_.proposal(proposal_).recordIndex).isIncluded);
     showBefore();
     showTrust();
     showProblem();
