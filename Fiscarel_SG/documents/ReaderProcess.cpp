@@ -53,9 +53,7 @@ class OpenFile {
 std::string crashSentence() {
     return "Diese Datei lässt sich nicht lesen: Das Leseprogramm ist an ihr gescheitert.";
 }
-std::string timeSentence() {
-    return "Diese Datei liess sich in der erlaubten Zeit nicht lesen.";
-}
+std::string timeSentence() { return "Diese Datei liess sich in der erlaubten Zeit nicht lesen."; }
 std::string stoppedSentence() { return "Das Lesen wurde abgebrochen."; }
 
 /// Opens a document without waiting for anything: only plain files of bounded size.
@@ -76,7 +74,8 @@ tl::expected<OpenFile, std::string> openPlainFile(const fs::path& path) {
         return refused(S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
     }
     if (status.st_size == 0) {
-        return tl::unexpected<std::string>("Diese Datei ist leer.");
+        return tl::unexpected<std::string>("Diese Datei ist leer. Bitte nochmals "
+                                           "speichern oder scannen und neu hinzufügen.");
     }
     if (status.st_size > static_cast<off_t>(largestDocument)) {
         return tl::unexpected<std::string>("Diese Datei ist zu gross: Möglich sind 100 MB.");

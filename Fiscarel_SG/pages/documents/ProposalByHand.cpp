@@ -91,10 +91,12 @@ void ProposalByHand::showKind(Kind kind) {
     doors_ = new QWidget(this);
     auto* const column = new QVBoxLayout(doors_);
     column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(2);
     addLabel(*column, u"Von Hand eintragen"_s, "heading");
     const auto addDoor = [&](const QString& text, const QString& name) {
         auto* const door = new QPushButton(text, doors_);
         door->setObjectName(name);
+        look::setRole(door, "door");
         column->addWidget(door, 0, Qt::AlignLeft);
         return door;
     };

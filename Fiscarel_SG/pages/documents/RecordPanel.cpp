@@ -268,7 +268,7 @@ void RecordPanel::refresh() {
         const QSignalBlocker quiet(take_);
         take_->setChecked(desk_.target(record_).isIncluded);
     }
-    const QString title = qs(desk_.record(record_).title);
+    const QString title = withGroupedIbans(desk_.record(record_).title);
     head_->setText((isOpen() ? u"▾  "_s : u"▸  "_s) + title);
     head_->setAccessibleName(title + (isOpen() ? u", schliessen"_s : u", öffnen"_s));
     amount_->setText(amount());
@@ -283,7 +283,7 @@ void RecordPanel::refresh() {
     const auto rival = desk_.rival(record_);
     rival_->setText(
         rival ? labelText(u"Auch «%1» geht in diesen Eintrag; was zuletzt kommt, gilt."_s.arg(
-            qs(desk_.record(*rival).title)))
+            withGroupedIbans(desk_.record(*rival).title)))
               : QString());
     rival_->setVisible(rival.has_value());
     for (ProposalRow* const row : rows_) {
