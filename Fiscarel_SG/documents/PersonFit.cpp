@@ -101,6 +101,15 @@ bool namesStranger(const TaxCase& taxCase, const ProposedRecord& record) {
               });
 }
 
+bool hasOtherLastName(const Person& person, const ProposedRecord& record) {
+    const std::vector<std::string> first = foldedTokens(person.firstName);
+    std::vector<std::string> words = firstNamesIn(record.personName, person);
+    const auto told =
+        std::erase_if(words, [&](const std::string& word) { return contains(first, word); });
+    return told > 0 && !words.empty() && !foldWords(person.lastName).empty()
+           && !isNamedIn(person.lastName, record.personName);
+}
+
 bool nameDifferentPeople(const ProposedRecord& one, const ProposedRecord& other) {
     if (one.birthDate && other.birthDate) {
         return one.birthDate != other.birthDate;

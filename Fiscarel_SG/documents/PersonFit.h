@@ -22,6 +22,9 @@ NamedAdult namedAdult(const taxcore::TaxCase& taxCase, const ProposedRecord& rec
 /// Whether a document names somebody who is neither an adult nor a child of the return.
 bool namesStranger(const taxcore::TaxCase& taxCase, const ProposedRecord& record);
 
+/// Whether a document gives an adult whose first name it tells another last name than the return.
+bool hasOtherLastName(const taxcore::Person& person, const ProposedRecord& record);
+
 /// Whether two records name different people.
 bool nameDifferentPeople(const ProposedRecord& one, const ProposedRecord& other);
 

@@ -2,6 +2,7 @@
 
 #include "AppStoreFixture.h"
 #include "Fiscarel_SG/documents/Likeness.h"
+#include "Fiscarel_SG/documents/PersonFit.h"
 #include "Fiscarel_SG/documents/ScanSummary.h"
 
 #include <gtest/gtest.h>
@@ -108,6 +109,16 @@ TEST(Applying, peopleWithDifferentNamesNeverGetTheSamePersonByThemselves) {
             persons.push_back(target.person);
         }
         EXPECT_EQ(persons, row.persons) << row.names.front();
+    }
+}
+
+TEST(Applying, aFirstNameWithAnotherLastNameIsRemarkedOn) {
+    const std::vector<std::pair<std::string, bool>> rows{
+        {"Nora Deillon", true},         {"Nora Bärtsch", false}, {"Nora", false},
+        {"Nora Bärtsch-Keller", false}, {"Jörg Deillon", false}, {"", false},
+    };
+    for (const auto& [name, isOther] : rows) {
+        EXPECT_EQ(hasOtherLastName(household().person1, {.personName = name}), isOther) << name;
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/Applying.h"
 #include "Fiscarel_SG/pages/documents/PagePreviewSheet.h"
+#include "Fiscarel_SG/pages/documents/ProposalText.h"
 #include "TaxCore/base/MoneyFormat.h"
 #include "TaxCore/demo/DemoData.h"
 #include "TaxCore/review/Advisor.h"
@@ -175,6 +176,32 @@ TEST_F(DocumentSheet, anEntryIsNotMadeWithoutItsAmount) {
     program.click(u"apply"_s);
     ASSERT_EQ(current().householdDeductions.donations.size(), before + 1);
     EXPECT_EQ(current().householdDeductions.donations.back().amount, Decimal(250));
+}
+
+TEST_F(DocumentSheet, aFileNobodyCanReadCanBeRemovedHere) {
+    ScanResult read;
+    read.problem = "Dieses PDF ist beschädigt.";
+    open(read);
+    EXPECT_FALSE(program.isShown(u"apply"_s));
+    program.click(u"removeDocument"_s);
+    program.settle();
+    EXPECT_FALSE(program.isShown(u"documentSheet"_s));
+    EXPECT_TRUE(program.store->documents().empty());
+    program.store->undo();
+    EXPECT_EQ(program.store->documents().size(), 1U);
+}
+
+TEST(ProposalText, ibansStandInGroupsOfFour) {
+    const std::vector<std::pair<std::string, QString>> rows{
+        {"Konto CH4045083927719313402", u"Konto CH40 4508 3927 7193 1340 2"_s},
+        {"CH4045083927719313402, LI21088100002324013AA",
+         u"CH40 4508 3927 7193 1340 2, LI21 0881 0000 2324 013A A"_s},
+        {"Konto CH40 4508 3927 7193 1340 2", u"Konto CH40 4508 3927 7193 1340 2"_s},
+        {"Beleg AB12 34", u"Beleg AB12 34"_s},
+    };
+    for (const auto& [text, shown] : rows) {
+        EXPECT_EQ(pages::withGroupedIbans(text), shown) << text;
+    }
 }
 
 TEST_F(DocumentSheet, whatIsUnsureOrOfAnotherYearIsNotTickedByItself) {

@@ -26,6 +26,8 @@
 #include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 namespace fiscarel::pages {
@@ -142,7 +144,7 @@ QWidget* DocumentSheet::makeDecisions() {
         addLabel(*column_, labelText("⚠ " + *scan_.problem), "warning")
             .setObjectName(u"readingProblem"_s);
     }
-    if (scan_.proposals.empty() && !isUnreadable()) {
+    if (scan_.proposals.empty() && !isEmptyFile()) {
         byHand_ = new ProposalByHand(*desk_, content);
         byHand_->showKind(head_->kind());
         column_->addWidget(byHand_);
@@ -190,13 +192,17 @@ QHBoxLayout* DocumentSheet::makeFoot() {
     only->setToolTip(u"Behält Name und Art des Belegs und übernimmt keine Werte"_s);
     QPushButton* main = only;
     if (isUnreadable()) {
-        main = button(u"Entfernen"_s, "removeDocument", [this] { removeDocument(); });
+        QPushButton* const remove =
+            button(u"Entfernen"_s, "removeDocument", [this] { removeDocument(); });
+        main = isEmptyFile() ? remove : nullptr; // what to do with another only the user can say
     }
     apply_ = button(u"Übernehmen"_s, "apply", [this] { apply(); });
     apply_->setVisible(hasValues);
     main = hasValues ? apply_ : main;
-    look::setRole(main, "primary");
-    main->setDefault(true);
+    if (main != nullptr) {
+        look::setRole(main, "primary");
+        main->setDefault(true);
+    }
     return line;
 }
 
@@ -380,9 +386,15 @@ void DocumentSheet::removeDocument() {
     Q_EMIT removed(title);
 }
 
-/// Nothing of the file could be read, so there is nothing to keep it for either.
 bool DocumentSheet::isUnreadable() const {
     return scan_.problem && scan_.text.empty() && scan_.proposals.empty();
+}
+
+/// Then there is nothing that could be entered by hand either.
+bool DocumentSheet::isEmptyFile() const {
+    const auto file = store_.fileOf(desk_->document());
+    std::error_code fault;
+    return isUnreadable() && file && std::filesystem::file_size(*file, fault) == 0 && !fault;
 }
 
 void DocumentSheet::keepNameAndKind() {

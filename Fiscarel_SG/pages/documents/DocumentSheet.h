@@ -85,6 +85,7 @@ class DocumentSheet final : public QDialog {
     void file();
     void removeDocument();
     bool isUnreadable() const;
+    bool isEmptyFile() const;
     void keepNameAndKind();
     void moveToYear(int year);
     bool isEdited() const;

@@ -62,6 +62,9 @@ ProposalByHand::ProposalByHand(ProposalDesk& desk, QWidget* parent)
 
 void ProposalByHand::sayWhatWasRead() {
     const ScanResult& scan = desk_.scan();
+    if (scan.problem && scan.text.empty()) {
+        return; // the problem stands above and says all
+    }
     auto& card = addCard(*column_, u"Kein Wert zum Übernehmen gefunden"_s);
     if (scan.text.empty()) {
         addLabel(card,

@@ -13,7 +13,7 @@
 #include "Fiscarel_SG/pages/documents/ProposalText.h"
 
 #include <QCheckBox>
-#include <QFormLayout>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QSignalBlocker>
@@ -139,10 +139,10 @@ void RecordPanel::addTarget() {
     const Kind kind = desk_.record(record_).kind;
     const taxcore::TaxCase& taxCase = desk_.taxCase();
     auto& inside = static_cast<QVBoxLayout&>(*body_->layout());
-    auto* const form = new QFormLayout;
+    auto* const form = new QGridLayout;
     form->setHorizontalSpacing(12);
     form->setVerticalSpacing(6);
-    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    form->setColumnStretch(1, 1);
     addPerson(*form);
     if (isListed(kind) && (canBeNew(kind) || !itemOptions(taxCase, kind, 1).empty())) {
         item_ = addChoice(*form, kind == Kind::child ? u"Kind"_s : u"Eintrag"_s, "item");
@@ -162,17 +162,19 @@ void RecordPanel::addTarget() {
     refreshTarget();
 }
 
-forms::ChoiceBox* RecordPanel::addChoice(QFormLayout& form, const QString& label,
+forms::ChoiceBox* RecordPanel::addChoice(QGridLayout& form, const QString& label,
                                          const char* name) {
     auto* const box = new forms::ChoiceBox(body_);
     box->setObjectName(u"%1:%2"_s.arg(QString::fromLatin1(name)).arg(record_));
     box->setAccessibleName(label);
-    form.addRow(label, box);
+    const int row = form.rowCount();
+    form.addWidget(new QLabel(label, body_), row, 0);
+    form.addWidget(box, row, 1);
     return box;
 }
 
 /// The person, and whom the document names, so that both can be compared.
-void RecordPanel::addPerson(QFormLayout& form) {
+void RecordPanel::addPerson(QGridLayout& form) {
     const ProposedRecord& record = desk_.record(record_);
     const taxcore::TaxCase& taxCase = desk_.taxCase();
     if (isOfAdult(record.kind) && taxCase.isJoint()) {
@@ -188,12 +190,12 @@ void RecordPanel::addPerson(QFormLayout& form) {
             makeLabel(labelText(u"Auf dem Beleg: %1"_s.arg(qs(record.personName))), "faint", body_);
         named->setObjectName(u"namedPerson:%1"_s.arg(record_));
         named->setMinimumWidth(1);
-        form.addRow(QString(), named);
+        form.addWidget(named, form.rowCount(), 1);
     }
     nameWarning_ = makeLabel({}, "note", body_);
     nameWarning_->setObjectName(u"nameWarning:%1"_s.arg(record_));
     nameWarning_->setMinimumWidth(1);
-    form.addRow(QString(), nameWarning_);
+    form.addWidget(nameWarning_, form.rowCount(), 1);
 }
 
 /// What is to be said of the name on the document as things are chosen now; empty: it fits.
@@ -209,24 +211,26 @@ QString RecordPanel::personWarning() const {
         return namesStranger(taxCase, record) ? u"Der Name passt zu niemandem im Haushalt."_s
                                               : QString();
     }
-    if (!taxCase.isJoint()) {
-        return named == NamedAdult::nobody
-                   ? u"Der Name passt nicht zu %1. Bitte nur übernehmen, was in diese "
-                     "Steuererklärung gehört."_s.arg(qs(personName(taxCase, 1)))
-                   : QString();
-    }
     const int chosen = desk_.target(record_).person;
-    if (chosen == 0) {
+    if (taxCase.isJoint() && chosen == 0) {
         return named == NamedAdult::nobody
                    ? u"Der Name passt zu niemandem im Haushalt. Bitte Person wählen."_s
                : named == NamedAdult::both ? u"Der Name passt zu beiden. Bitte Person wählen."_s
                                            : u"Bitte Person wählen."_s;
     }
-    const bool isOther =
-        (named == NamedAdult::first && chosen == 2) || (named == NamedAdult::second && chosen == 1);
-    return isOther ? u"Der Name passt zu %1."_s.arg(qs(personName(taxCase, 3 - chosen)))
-           : named == NamedAdult::nobody ? u"Der Name passt zu niemandem im Haushalt."_s
-                                         : QString();
+    if (named == NamedAdult::nobody) {
+        return taxCase.isJoint()
+                   ? u"Der Name passt zu niemandem im Haushalt."_s
+                   : u"Der Name passt nicht zu %1. Bitte nur übernehmen, was in diese "
+                     "Steuererklärung gehört."_s.arg(qs(personName(taxCase, 1)));
+    }
+    if ((named == NamedAdult::first && chosen == 2)
+        || (named == NamedAdult::second && chosen == 1)) {
+        return u"Der Name passt zu %1."_s.arg(qs(personName(taxCase, 3 - chosen)));
+    }
+    return hasOtherLastName(chosen == 2 ? taxCase.person2 : taxCase.person1, record)
+               ? u"Der Nachname ist ein anderer als in der Steuererklärung."_s
+               : QString();
 }
 
 void RecordPanel::refreshPerson() {

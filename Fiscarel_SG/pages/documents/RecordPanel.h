@@ -5,7 +5,7 @@
 #include <vector>
 
 class QCheckBox;
-class QFormLayout;
+class QGridLayout;
 class QLabel;
 class QVBoxLayout;
 
@@ -50,8 +50,8 @@ class RecordPanel final : public QFrame {
     void makeHead();
     void fill();
     void addTarget();
-    forms::ChoiceBox* addChoice(QFormLayout& form, const QString& label, const char* name);
-    void addPerson(QFormLayout& form);
+    forms::ChoiceBox* addChoice(QGridLayout& form, const QString& label, const char* name);
+    void addPerson(QGridLayout& form);
     void refreshTarget();
     void refreshPerson();
     QString personWarning() const;
