@@ -24,7 +24,9 @@ struct ApplyContext {
 /// Where a record that a document proposes goes.
 struct RecordTarget {
     bool isIncluded = true;
-    int person = 1; ///< 1 or 2, for what belongs to an adult
+    /// 1 or 2, for what belongs to an adult; 0: the user has yet to say whose it is, and nothing of
+    /// it is taken over before.
+    int person = 1;
     /// Of the case's list; absent: a new one. Without a meaning for what stands in no list.
     std::optional<Uuid> item;
 
@@ -92,9 +94,11 @@ std::vector<ItemOption> itemOptions(const taxcore::TaxCase& taxCase, ProposedRec
 /// securities.
 bool isStatementTotal(const ScanResult& scan, std::size_t record);
 
-/// What is most likely right: persons by birth date, then name, then employer; items by the
-/// document they were taken from, the IBAN, or their name. Left out are the total of a statement
-/// whose accounts are listed as well, and what belongs to a child that cannot be told.
+/// What is most likely right: persons by what was taken over before, then birth date, name or
+/// employer, and nobody where a name fits neither adult or both; items by the document they were
+/// taken from, the IBAN, or their name. Left out are the total of a statement whose accounts are
+/// listed as well, what belongs to a child that cannot be told, and what names somebody other than
+/// a return's only adult.
 ApplyChoice suggestChoice(const ApplyContext& context);
 
 /// Takes the included values over. An amount of a record in no list, such as the payments into

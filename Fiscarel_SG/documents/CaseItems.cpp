@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/CaseItems.h"
 
 #include "Fiscarel_SG/documents/Likeness.h"
+#include "Fiscarel_SG/documents/PersonFit.h"
 #include "Fiscarel_SG/documents/ScanSummary.h"
 #include "Fiscarel_SG/store/ItemTitles.h"
 #include "TaxCore/base/Iban.h"
@@ -21,6 +22,9 @@ template <class Case, class Use>
 void withList(Case& taxCase, Kind kind, int person, const Use& use) {
     auto& income = person == 2 ? taxCase.income2 : taxCase.income1;
     const std::string own = person == 2 ? "income2." : "income1.";
+    if (person == 0 && isOfAdult(kind)) {
+        return; // nobody's yet
+    }
     auto& household = taxCase.householdDeductions;
     switch (kind) {
     case Kind::salaryCertificate:
@@ -161,6 +165,9 @@ std::string firstPlaceOf(ProposedRecord::Kind kind) {
 
 std::optional<ItemPlace> placeOf(TaxCase& taxCase, Kind kind, const RecordTarget& target,
                                  const Uuid& document) {
+    if (target.person == 0 && isOfAdult(kind)) {
+        return std::nullopt;
+    }
     if (!isListed(kind)) {
         return ItemPlace{fixedPath(kind, target.person), false};
     }
@@ -185,31 +192,104 @@ std::optional<ItemPlace> placeOf(TaxCase& taxCase, Kind kind, const RecordTarget
 
 namespace {
 
-/// The person a record most likely belongs to.
-int suggestPerson(const ApplyContext& context, std::size_t index) {
-    const TaxCase& taxCase = context.taxCase;
-    if (!taxCase.isJoint()) {
-        return 1;
+bool isInRecord(const Proposal& proposal, std::size_t record) {
+    return static_cast<std::size_t>(proposal.recordIndex) == record;
+}
+
+/// Whom a record went to when the document was applied: the person who has most of its values from
+/// there; absent when neither has more.
+std::optional<int> appliedPerson(const ApplyContext& context, std::size_t index) {
+    if (!context.document.applied) {
+        return std::nullopt;
     }
-    const ProposedRecord& record = context.scan.records[index];
-    const auto fits = [&](const Person& person, const PersonIncome& income) {
-        if (record.birthDate && person.birthDate) {
-            return record.birthDate == person.birthDate ? 8 : -8;
-        }
-        if (!record.personName.empty()) {
-            return (isNamedIn(person.firstName, record.personName) ? 4 : 0)
-                   + (isNamedIn(person.lastName, record.personName) ? 1 : 0);
-        }
-        const std::string employer = describe(context.scan, index).name;
-        return alike(person.employer, employer)
-                       || std::ranges::any_of(income.salaries,
-                                              [&](const SalaryCertificate& salary) {
-                                                  return alike(salary.employer, employer);
-                                              })
-                   ? 2
-                   : 0;
+    const Kind kind = context.scan.records[index].kind;
+    const auto count = [&](int person) {
+        std::string own = fixedPath(kind, person) + ".";
+        withList(context.taxCase, kind, person,
+                 [&](const auto&, const std::string& path) { own = path + "["; });
+        return std::ranges::count_if(context.scan.proposals, [&](const Proposal& proposal) {
+            return isInRecord(proposal, index)
+                   && std::ranges::any_of(*context.document.applied, [&](const AppliedValue& one) {
+                          return one.path.starts_with(own)
+                                 && one.path.ends_with("." + proposal.field)
+                                 && one.value == proposal.value;
+                      });
+        });
     };
-    return fits(taxCase.person2, taxCase.income2) > fits(taxCase.person1, taxCase.income1) ? 2 : 1;
+    const auto first = count(1);
+    const auto second = count(2);
+    return first == second ? std::nullopt : std::optional(first > second ? 1 : 2);
+}
+
+/// Who has worked for the employer that a record names; absent when both or neither.
+std::optional<int> employedPerson(const ApplyContext& context, std::size_t index) {
+    const std::string employer = describe(context.scan, index).name;
+    const auto isOf = [&](const Person& person, const PersonIncome& income) {
+        return alike(person.employer, employer)
+               || std::ranges::any_of(income.salaries, [&](const SalaryCertificate& salary) {
+                      return alike(salary.employer, employer);
+                  });
+    };
+    const TaxCase& taxCase = context.taxCase;
+    const bool isFirst = isOf(taxCase.person1, taxCase.income1);
+    const bool isSecond = isOf(taxCase.person2, taxCase.income2);
+    return isFirst == isSecond ? std::nullopt : std::optional(isFirst ? 1 : 2);
+}
+
+/// Whose a record is by what it tells itself; 0: somebody's whom only the user can say; absent when
+/// it tells nothing.
+std::optional<int> toldPerson(const ApplyContext& context, std::size_t index) {
+    if (const auto applied = appliedPerson(context, index)) {
+        return applied;
+    }
+    switch (namedAdult(context.taxCase, context.scan.records[index])) {
+    case NamedAdult::first:
+        return 1;
+    case NamedAdult::second:
+        return 2;
+    case NamedAdult::both:
+    case NamedAdult::nobody:
+    case NamedAdult::unknown:
+        return 0;
+    case NamedAdult::none:
+        break;
+    }
+    return employedPerson(context, index);
+}
+
+/// The persons that records of adults most likely belong to, 0 where the user must say it. What
+/// tells nobody is of the one the rest of the document is of, else of person 1. Records that name
+/// different people never go to the same one.
+std::vector<int> suggestPersons(const ApplyContext& context) {
+    const auto& records = context.scan.records;
+    std::vector<int> persons(records.size(), 1);
+    if (!context.taxCase.isJoint()) {
+        return persons;
+    }
+    std::vector<std::optional<int>> told(records.size());
+    std::set<int> all;
+    for (std::size_t i = 0; i < records.size(); ++i) {
+        if (!isOfAdult(records[i].kind)) {
+            continue;
+        }
+        told[i] = toldPerson(context, i);
+        for (std::size_t before = 0; before < i; ++before) {
+            if (told[i] && told[before] == told[i]
+                && nameDifferentPeople(records[i], records[before])) {
+                told[i] = 0;
+            }
+        }
+        if (told[i]) {
+            all.insert(*told[i]);
+        }
+    }
+    const int rest = all.size() == 1 ? *all.begin() : all.empty() ? 1 : 0;
+    for (std::size_t i = 0; i < records.size(); ++i) {
+        if (isOfAdult(records[i].kind)) {
+            persons[i] = told[i].value_or(rest);
+        }
+    }
+    return persons;
 }
 
 /// The item of the case a record most likely is, among those no other record has taken.
@@ -268,15 +348,20 @@ bool isTotalBesideEntries(const ScanResult& scan, std::size_t index) {
 ApplyChoice suggestChoice(const ApplyContext& context) {
     ApplyChoice choice;
     std::set<Uuid> taken;
+    const std::vector<int> persons = suggestPersons(context);
     for (std::size_t i = 0; i < context.scan.records.size(); ++i) {
         const ProposedRecord& record = context.scan.records[i];
         RecordTarget& target = choice.records.emplace_back();
-        target.person = isOfAdult(record.kind) ? suggestPerson(context, i) : 1;
+        target.person = persons[i];
         target.item = suggestItem(context, i, target.person, taken);
         if (target.item && record.kind != Kind::child) {
             taken.insert(*target.item);
         }
-        target.isIncluded = !isTotalBesideEntries(context.scan, i)
+        // Of one adult alone nobody can be asked whose it is, but whether it is theirs.
+        const bool isStrangers = isOfAdult(record.kind) && !context.taxCase.isJoint()
+                                 && !context.document.isApplied
+                                 && namedAdult(context.taxCase, record) == NamedAdult::nobody;
+        target.isIncluded = !isTotalBesideEntries(context.scan, i) && !isStrangers
                             && (!isListed(record.kind) || target.item || canBeNew(record.kind));
     }
     for (const Proposal& proposal : context.scan.proposals) {

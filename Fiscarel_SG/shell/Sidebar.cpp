@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/shell/Sidebar.h"
 
 #include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/KnownYears.h"
 #include "Fiscarel_SG/cloud/CloudService.h"
 #include "Fiscarel_SG/look/Icons.h"
 #include "Fiscarel_SG/look/QtText.h"
@@ -160,11 +161,7 @@ void Sidebar::setPage(const QString& id) {
 }
 
 void Sidebar::refresh() {
-    std::set<int> years(taxcore::RuleBook::supportedYears.begin(),
-                        taxcore::RuleBook::supportedYears.end());
-    for (const auto& [year, taxCase] : store_.cases()) {
-        years.insert(year);
-    }
+    std::set<int> years = knownYears(store_);
     years.insert(store_.year());
     year_->clear();
     for (const int year : years) {

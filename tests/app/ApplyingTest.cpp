@@ -2,6 +2,7 @@
 
 #include "AppStoreFixture.h"
 #include "Fiscarel_SG/documents/Likeness.h"
+#include "Fiscarel_SG/documents/PersonFit.h"
 #include "Fiscarel_SG/documents/ScanSummary.h"
 
 #include <gtest/gtest.h>
@@ -66,6 +67,12 @@ TEST(Applying, findsThePersonOfACertificate) {
         {{.personName = "Bärtsch Nora", .birthDate = day(1982, 7, 9)}, "Neu GmbH", 2},
         {{.personName = "BAERTSCH JOERG"}, "Neu GmbH", 2},
         {{.personName = "Frau Nora Bärtsch-Keller"}, "Spital Grabs", 1},
+        {{.personName = "J. Bärtsch"}, "Neu GmbH", 2},
+        {{.personName = "Herr Bärtsch"}, "Neu GmbH", 0},
+        {{.personName = "Nora und Jörg Bärtsch"}, "Neu GmbH", 0},
+        {{.personName = "Max Bärtsch"}, "Neu GmbH", 0},
+        {{.personName = "Étienne Deillon"}, "Spital Grabs", 0},
+        {{.personName = "Étienne Deillon", .birthDate = day(1999, 1, 1)}, "Neu GmbH", 0},
         {{}, "SPITAL GRABS", 2},
         {{}, "Neu GmbH", 1},
     };
@@ -77,6 +84,70 @@ TEST(Applying, findsThePersonOfACertificate) {
         paper.taxCase.civilStatus = CivilStatus::ledig;
         EXPECT_EQ(paper.suggested().records[0].person, 1);
     }
+}
+
+TEST(Applying, peopleWithDifferentNamesNeverGetTheSamePersonByThemselves) {
+    struct Row {
+        std::vector<std::string> names;
+        std::vector<int> persons;
+    };
+    const std::vector<Row> rows{
+        {{"Jörg Bärtsch", "Nora Bärtsch"}, {2, 1}},
+        {{"Nora Bärtsch", "Nora Deillon"}, {1, 0}},
+        {{"Nora Bärtsch", "BAERTSCH NORA"}, {1, 1}},
+        {{"Jörg Bärtsch", ""}, {2, 2}},
+        {{"Étienne Deillon", ""}, {0, 0}},
+        {{"Nora Bärtsch", "Jörg Bärtsch", ""}, {1, 2, 0}},
+    };
+    for (const Row& row : rows) {
+        Paper paper;
+        for (const std::string& name : row.names) {
+            paper.add({.personName = name}, {{"grossSalary", "1000"}});
+        }
+        std::vector<int> persons;
+        for (const RecordTarget& target : paper.suggested().records) {
+            persons.push_back(target.person);
+        }
+        EXPECT_EQ(persons, row.persons) << row.names.front();
+    }
+}
+
+TEST(Applying, aFirstNameWithAnotherLastNameIsRemarkedOn) {
+    const std::vector<std::pair<std::string, bool>> rows{
+        {"Nora Deillon", true},         {"Nora Bärtsch", false}, {"Nora", false},
+        {"Nora Bärtsch-Keller", false}, {"Jörg Deillon", false}, {"", false},
+    };
+    for (const auto& [name, isOther] : rows) {
+        EXPECT_EQ(hasOtherLastName(household().person1, {.personName = name}), isOther) << name;
+    }
+}
+
+TEST(Applying, nothingGoesToAnyoneBeforeThePersonIsChosen) {
+    Paper paper;
+    paper.add({.personName = "Étienne Deillon"}, {{"grossSalary", "1000"}});
+    paper.add({.kind = Kind::personDeductions, .personName = "Étienne Deillon"},
+              {{"pillar3a", "700"}});
+    EXPECT_EQ(paper.plan().taxCase, paper.taxCase);
+    ApplyChoice choice = paper.suggested();
+    choice.records[0].person = choice.records[1].person = 2;
+    const ApplyPlan plan = planApplying(paper.context(), choice);
+    EXPECT_EQ(plan.taxCase.income2.salaries.size(), 3U);
+    EXPECT_EQ(plan.taxCase.deductions2.pillar3a, Decimal(700));
+    // Opened again it goes where it went.
+    paper.taxCase = plan.taxCase;
+    paper.document.applied = plan.applied;
+    EXPECT_EQ(paper.suggested().records[0].person, 2);
+    EXPECT_EQ(paper.suggested().records[1].person, 2);
+
+    // A return with nobody's name yet can tell nobody; one with a single adult only asks.
+    Paper unnamed;
+    unnamed.taxCase.person1 = unnamed.taxCase.person2 = {};
+    unnamed.add({.personName = "Nora Bärtsch"}, {{"grossSalary", "1000"}});
+    EXPECT_EQ(unnamed.suggested().records[0].person, 0);
+    unnamed.taxCase.civilStatus = CivilStatus::ledig;
+    EXPECT_TRUE(unnamed.suggested().records[0].isIncluded);
+    unnamed.taxCase.person1.firstName = "Petra";
+    EXPECT_FALSE(unnamed.suggested().records[0].isIncluded);
 }
 
 TEST(Applying, writesACertificateIntoTheOneOfItsEmployer) {

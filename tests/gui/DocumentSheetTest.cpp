@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/Applying.h"
 #include "Fiscarel_SG/pages/documents/PagePreviewSheet.h"
+#include "Fiscarel_SG/pages/documents/ProposalText.h"
 #include "TaxCore/base/MoneyFormat.h"
 #include "TaxCore/demo/DemoData.h"
 #include "TaxCore/review/Advisor.h"
@@ -141,6 +142,68 @@ TEST_F(DocumentSheet, anotherPersonGetsTheCertificateAsANewOne) {
     EXPECT_EQ(current().income2, before.income2);
 }
 
+TEST_F(DocumentSheet, somebodyElsesPaperWaitsForThePerson) {
+    const TaxCase before = current();
+    ScanResult read = testing::salaryPaper();
+    read.records[0].personName = "Étienne Deillon";
+    open(read);
+    EXPECT_TRUE(text(u"namedPerson:0"_s).contains(u"Étienne Deillon"_s));
+    EXPECT_TRUE(text(u"nameWarning:0"_s).contains(u"passt zu niemandem"_s));
+    EXPECT_EQ(program.find<QComboBox>(u"person:0"_s).currentIndex(), -1);
+    EXPECT_TRUE(text(u"blocked"_s).contains(u"Person"_s));
+    EXPECT_FALSE(program.find(u"apply"_s).isEnabled());
+    program.press(Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(current(), before);
+    choose(u"person:0"_s, 1);
+    EXPECT_FALSE(program.isShown(u"blocked"_s));
+    program.click(u"apply"_s);
+    EXPECT_EQ(current().income1, before.income1);
+    EXPECT_NE(current().income2, before.income2);
+}
+
+TEST_F(DocumentSheet, anEntryIsNotMadeWithoutItsAmount) {
+    const std::size_t before = current().householdDeductions.donations.size();
+    ScanResult read;
+    testing::addRecord(read, {.kind = Kind::donation, .title = "Spende Luchsfreunde", .page = 1},
+                       {{"amount", "250", Confidence::low}, {"recipient", "Luchsfreunde"}});
+    open(read);
+    EXPECT_TRUE(text(u"summary:0"_s).contains(u"Betrag bitte prüfen"_s))
+        << text(u"summary:0"_s).toStdString();
+    EXPECT_TRUE(text(u"blocked"_s).contains(u"ankreuzen"_s));
+    EXPECT_FALSE(program.find(u"apply"_s).isEnabled());
+    program.click(u"take:0"_s);
+    EXPECT_FALSE(program.isShown(u"blocked"_s));
+    program.click(u"apply"_s);
+    ASSERT_EQ(current().householdDeductions.donations.size(), before + 1);
+    EXPECT_EQ(current().householdDeductions.donations.back().amount, Decimal(250));
+}
+
+TEST_F(DocumentSheet, aFileNobodyCanReadCanBeRemovedHere) {
+    ScanResult read;
+    read.problem = "Dieses PDF ist beschädigt.";
+    open(read);
+    EXPECT_FALSE(program.isShown(u"apply"_s));
+    program.click(u"removeDocument"_s);
+    program.settle();
+    EXPECT_FALSE(program.isShown(u"documentSheet"_s));
+    EXPECT_TRUE(program.store->documents().empty());
+    program.store->undo();
+    EXPECT_EQ(program.store->documents().size(), 1U);
+}
+
+TEST(ProposalText, ibansStandInGroupsOfFour) {
+    const std::vector<std::pair<std::string, QString>> rows{
+        {"Konto CH4045083927719313402", u"Konto CH40 4508 3927 7193 1340 2"_s},
+        {"CH4045083927719313402, LI21088100002324013AA",
+         u"CH40 4508 3927 7193 1340 2, LI21 0881 0000 2324 013A A"_s},
+        {"Konto CH40 4508 3927 7193 1340 2", u"Konto CH40 4508 3927 7193 1340 2"_s},
+        {"Beleg AB12 34", u"Beleg AB12 34"_s},
+    };
+    for (const auto& [text, shown] : rows) {
+        EXPECT_EQ(pages::withGroupedIbans(text), shown) << text;
+    }
+}
+
 TEST_F(DocumentSheet, whatIsUnsureOrOfAnotherYearIsNotTickedByItself) {
     ScanResult read = testing::salaryPaper();
     read.proposals[0].confidence = Confidence::low;
@@ -157,9 +220,11 @@ TEST_F(DocumentSheet, whatIsUnsureOrOfAnotherYearIsNotTickedByItself) {
     open(read);
     EXPECT_TRUE(text(u"yearNotice"_s).contains(u"2024"_s));
     EXPECT_FALSE(isTicked(u"record:0"_s));
+    EXPECT_FALSE(isTicked(u"take:3"_s)) << "nor anything in it";
     EXPECT_FALSE(program.find(u"apply"_s).isEnabled());
     EXPECT_FALSE(program.find(u"proposal:3"_s).isEnabled());
     program.click(u"record:0"_s);
+    EXPECT_TRUE(isTicked(u"take:3"_s));
     EXPECT_TRUE(program.find(u"apply"_s).isEnabled()) << "the user may decide otherwise";
 }
 

@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/pages/documents/DocumentModel.h"
 
 #include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/KnownYears.h"
 #include "Fiscarel_SG/documents/DocumentYears.h"
 #include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Written.h"
@@ -15,16 +16,6 @@
 namespace fiscarel::pages {
 
 using namespace Qt::Literals::StringLiterals;
-
-namespace {
-
-bool isKnownYear(const AppStore& store, int year) {
-    return std::ranges::find(taxcore::RuleBook::supportedYears, year)
-               != taxcore::RuleBook::supportedYears.end()
-           || store.cases().contains(year);
-}
-
-} // namespace
 
 DocumentModel::DocumentModel(AppStore& store, DocumentDesk& desk, QObject* parent)
     : QAbstractTableModel(parent), store_(store), desk_(desk) {

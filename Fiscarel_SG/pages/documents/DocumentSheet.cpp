@@ -26,6 +26,8 @@
 #include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 namespace fiscarel::pages {
@@ -142,7 +144,7 @@ QWidget* DocumentSheet::makeDecisions() {
         addLabel(*column_, labelText("⚠ " + *scan_.problem), "warning")
             .setObjectName(u"readingProblem"_s);
     }
-    if (scan_.proposals.empty()) {
+    if (scan_.proposals.empty() && !isEmptyFile()) {
         byHand_ = new ProposalByHand(*desk_, content);
         byHand_->showKind(head_->kind());
         column_->addWidget(byHand_);
@@ -184,13 +186,23 @@ QHBoxLayout* DocumentSheet::makeFoot() {
         return made;
     };
     button(u"Abbrechen"_s, "cancelSheet", [this] { reject(); });
-    QPushButton* const only = button(u"Nur ablegen"_s, "fileOnly", [this] { file(); });
+    const bool hasValues = !scan_.proposals.empty();
+    QPushButton* const only =
+        button(hasValues ? u"Nur ablegen"_s : u"Ablegen"_s, "fileOnly", [this] { file(); });
     only->setToolTip(u"Behält Name und Art des Belegs und übernimmt keine Werte"_s);
+    QPushButton* main = only;
+    if (isUnreadable()) {
+        QPushButton* const remove =
+            button(u"Entfernen"_s, "removeDocument", [this] { removeDocument(); });
+        main = isEmptyFile() ? remove : nullptr; // what to do with another only the user can say
+    }
     apply_ = button(u"Übernehmen"_s, "apply", [this] { apply(); });
-    apply_->setVisible(!scan_.proposals.empty());
-    QPushButton* const main = scan_.proposals.empty() ? only : apply_;
-    look::setRole(main, "primary");
-    main->setDefault(true);
+    apply_->setVisible(hasValues);
+    main = hasValues ? apply_ : main;
+    if (main != nullptr) {
+        look::setRole(main, "primary");
+        main->setDefault(true);
+    }
     return line;
 }
 
@@ -292,6 +304,12 @@ void DocumentSheet::showBlocked() {
     } else if (year != store_.year()) {
         sentence =
             u"Dieser Beleg liegt beim Jahr %1. Bitte zuerst dieses Steuerjahr wählen."_s.arg(year);
+    } else if (const auto record = desk_->withoutPerson()) {
+        sentence = u"Wem gehört «%1»? Bitte die Person wählen."_s.arg(
+            withGroupedIbans(desk_->record(*record).title));
+    } else if (const auto incomplete = desk_->withoutAmount()) {
+        sentence = u"Der Betrag von «%1» ist nicht angekreuzt: bitte prüfen und ankreuzen."_s.arg(
+            withGroupedIbans(desk_->record(*incomplete).title));
     } else if (!scan_.proposals.empty() && !desk_->canApply()) {
         sentence = u"Es ist nichts angekreuzt."_s;
     }
@@ -361,6 +379,24 @@ void DocumentSheet::file() {
     Q_EMIT filed(title);
 }
 
+void DocumentSheet::removeDocument() {
+    const QString title = qs(head_->title());
+    store_.deleteDocument(Uuid(desk_->document().id));
+    accept();
+    Q_EMIT removed(title);
+}
+
+bool DocumentSheet::isUnreadable() const {
+    return scan_.problem && scan_.text.empty() && scan_.proposals.empty();
+}
+
+/// Then there is nothing that could be entered by hand either.
+bool DocumentSheet::isEmptyFile() const {
+    const auto file = store_.fileOf(desk_->document());
+    std::error_code fault;
+    return isUnreadable() && file && std::filesystem::file_size(*file, fault) == 0 && !fault;
+}
+
 void DocumentSheet::keepNameAndKind() {
     store_.updateDocument(desk_->document().id, [this](StoredDocument& document) {
         document.title = head_->title();
@@ -378,9 +414,9 @@ bool DocumentSheet::isEdited() const { return isDecided_ || head_->isEdited(); }
 
 void DocumentSheet::reject() {
     if (isEdited()) {
-        QMessageBox ask(QMessageBox::Question, u"Beleg"_s,
-                        u"Was Sie hier geändert haben, geht verloren."_s, QMessageBox::NoButton,
-                        this);
+        QMessageBox ask(QMessageBox::NoIcon, u"Beleg"_s, u"Änderungen verwerfen?"_s,
+                        QMessageBox::NoButton, this);
+        ask.setInformativeText(u"Was Sie hier geändert haben, geht verloren."_s);
         ask.setObjectName(u"discardChanges"_s);
         QPushButton* const stay = ask.addButton(u"Weiter bearbeiten"_s, QMessageBox::RejectRole);
         QPushButton* const discard = ask.addButton(u"Verwerfen"_s, QMessageBox::DestructiveRole);

@@ -57,6 +57,8 @@ class DocumentSheet final : public QDialog {
     void applied(const QString& title);
     /// Only the name, the kind or the year of the document were kept; the sheet has closed.
     void filed(const QString& title);
+    /// The document was removed; the sheet has closed.
+    void removed(const QString& title);
     /// The user wants to see the field at a path, or a page; the sheet has closed.
     void fieldWanted(const QString& path);
     void pageWanted(const QString& id);
@@ -81,6 +83,9 @@ class DocumentSheet final : public QDialog {
     void focusFirst();
     void apply();
     void file();
+    void removeDocument();
+    bool isUnreadable() const;
+    bool isEmptyFile() const;
     void keepNameAndKind();
     void moveToYear(int year);
     bool isEdited() const;

@@ -17,7 +17,10 @@ using Confidence = Proposal::Confidence;
 namespace {
 
 constexpr double shapeOfA4 = 297.0 / 210.0;
-constexpr int aroundBox = 3; ///< pixels between a value and its mark
+/// Between a value and its mark, of the width of the page: it grows with the page, so that a mark
+/// never reaches the line above or below.
+constexpr double aroundBox = 3.0 / 794.0;
+constexpr int aroundPointer = 3; ///< pixels beside a mark that still hit it
 
 double fractionOf(const Decimal& part) {
     return QString::fromStdString(part.toString()).toDouble();
@@ -33,7 +36,7 @@ QPen penOf(Confidence confidence, bool emphasised) {
     const Qt::PenStyle style = confidence == Confidence::high     ? Qt::SolidLine
                                : confidence == Confidence::medium ? Qt::DashLine
                                                                   : Qt::DotLine;
-    return {colour, emphasised ? 3.0 : 1.6, emphasised ? Qt::SolidLine : style};
+    return {colour, emphasised ? 2.2 : 1.4, emphasised ? Qt::SolidLine : style};
 }
 
 } // namespace
@@ -93,15 +96,19 @@ void PagePreviewSheet::setSheetWidth(int width) {
 }
 
 QRect PagePreviewSheet::placeOf(const PageBox& box) const {
+    const int around = std::max(1, qRound(aroundBox * width()));
     return QRectF(fractionOf(box.x) * width(), fractionOf(box.y) * height(),
                   fractionOf(box.width) * width(), fractionOf(box.height) * height())
         .toAlignedRect()
-        .adjusted(-aroundBox, -aroundBox, aroundBox, aroundBox);
+        .adjusted(-around, -around, around, around);
 }
 
 const PreviewMark* PagePreviewSheet::markAt(QPoint point) const {
-    const auto found = std::ranges::find_if(
-        marks_, [&](const PreviewMark& mark) { return placeOf(mark.box).contains(point); });
+    const auto found = std::ranges::find_if(marks_, [&](const PreviewMark& mark) {
+        return placeOf(mark.box)
+            .adjusted(-aroundPointer, -aroundPointer, aroundPointer, aroundPointer)
+            .contains(point);
+    });
     return found != marks_.end() ? &*found : nullptr;
 }
 
@@ -123,6 +130,8 @@ void PagePreviewSheet::paintEvent(QPaintEvent*) {
     painter.setPen(look::Theme::current().border);
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
     painter.setRenderHint(QPainter::Antialiasing);
+    // What is printed stays legible also where a line runs across it.
+    painter.setCompositionMode(QPainter::CompositionMode_Multiply);
     const auto draw = [&](const PageBox& box, Confidence confidence, bool emphasised) {
         const QPen pen = penOf(confidence, emphasised);
         QColor ground = pen.color();

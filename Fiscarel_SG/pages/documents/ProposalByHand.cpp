@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/pages/documents/ProposalByHand.h"
 
+#include "Fiscarel_SG/documents/ScanSummary.h"
 #include "Fiscarel_SG/forms/InputText.h"
 #include "Fiscarel_SG/forms/PagePaths.h"
 #include "Fiscarel_SG/look/QtText.h"
@@ -62,6 +63,9 @@ ProposalByHand::ProposalByHand(ProposalDesk& desk, QWidget* parent)
 
 void ProposalByHand::sayWhatWasRead() {
     const ScanResult& scan = desk_.scan();
+    if (scan.problem && scan.text.empty()) {
+        return; // the problem stands above and says all
+    }
     auto& card = addCard(*column_, u"Kein Wert zum Übernehmen gefunden"_s);
     if (scan.text.empty()) {
         addLabel(card,
@@ -75,11 +79,12 @@ void ProposalByHand::sayWhatWasRead() {
              "Steuererklärung zuordnen. Der Beleg bleibt abgelegt; die Beträge können Sie von Hand "
              "eintragen."_s,
              "");
-    if (scan.fields.empty()) {
+    const auto fields = credibleFields(scan);
+    if (fields.empty()) {
         return;
     }
     addLabel(card, u"Nach den Wörtern könnte darin stehen:"_s, "faint");
-    for (const ExtractedField& field : scan.fields) {
+    for (const ExtractedField& field : fields) {
         addLabel(card,
                  labelText(u"%1: %2"_s.arg(qs(field.label), qs(forms::formatAmount(field.value)))),
                  "");
@@ -91,10 +96,12 @@ void ProposalByHand::showKind(Kind kind) {
     doors_ = new QWidget(this);
     auto* const column = new QVBoxLayout(doors_);
     column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(2);
     addLabel(*column, u"Von Hand eintragen"_s, "heading");
     const auto addDoor = [&](const QString& text, const QString& name) {
         auto* const door = new QPushButton(text, doors_);
         door->setObjectName(name);
+        look::setRole(door, "door");
         column->addWidget(door, 0, Qt::AlignLeft);
         return door;
     };

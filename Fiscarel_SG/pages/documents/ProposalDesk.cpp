@@ -222,7 +222,9 @@ std::string ProposalDesk::pathOf(int proposal) const {
     const Proposal& proposed = this->proposal(proposal);
     const auto kind = record(proposed.recordIndex).kind;
     TaxCase scratch = taxCase();
-    const auto place = placeOf(scratch, kind, target(proposed.recordIndex), document_.id);
+    RecordTarget where = target(proposed.recordIndex);
+    where.person = std::max(where.person, 1); // both have the same fields
+    const auto place = placeOf(scratch, kind, where, document_.id);
     // A child nobody has chosen yet is called like the first.
     return (place ? place->path : std::string("children[0]")) + "." + proposed.field;
 }
@@ -298,6 +300,35 @@ int ProposalDesk::includedCount(int record) const {
         valuesOf(record), [&](int proposal) { return value(proposal).isIncluded; }));
 }
 
+bool ProposalDesk::lacksPerson(int record) const {
+    return target(record).isIncluded && target(record).person == 0 && includedCount(record) > 0;
+}
+
+bool ProposalDesk::isAmount(int proposal) const {
+    const forms::BoundField* const field = declaration(proposal);
+    return field != nullptr && field->editor == forms::Editor::amount;
+}
+
+bool ProposalDesk::lacksAmount(int record) const {
+    const auto& values = valuesOf(record);
+    const auto isTaken = [&](int index) {
+        return isAmount(index) && value(index).isIncluded && !value(index).value.empty();
+    };
+    // An entry that is there already may be completed by other things than its amount.
+    return target(record).isIncluded && !target(record).item && includedCount(record) > 0
+           && std::ranges::any_of(values, [&](int index) { return isAmount(index); })
+           && std::ranges::none_of(values, isTaken);
+}
+
+std::optional<int> ProposalDesk::firstThat(bool (ProposalDesk::*is)(int) const) const {
+    for (std::size_t i = 0; i < scan_.records.size(); ++i) {
+        if ((this->*is)(static_cast<int>(i))) {
+            return static_cast<int>(i);
+        }
+    }
+    return std::nullopt;
+}
+
 std::optional<ProposalDesk::Effect> ProposalDesk::effect() const {
     const CaseCalculator* const calculator = store_.calculator();
     if (calculator == nullptr) {
@@ -308,8 +339,8 @@ std::optional<ProposalDesk::Effect> ProposalDesk::effect() const {
 }
 
 bool ProposalDesk::canApply() const {
-    return unreadableCount() == 0 && document_.year == taxCase().year
-           && (!plan_->values.empty() || document_.applied);
+    return unreadableCount() == 0 && document_.year == taxCase().year && !withoutPerson()
+           && !withoutAmount() && (!plan_->values.empty() || document_.applied);
 }
 
 void ProposalDesk::apply() { store_.applyDocument(document_.id, plan_->taxCase, plan_->applied); }

@@ -104,6 +104,14 @@ class ProposalDesk {
     /// Another record that goes to the same item of a list, except a child, who has many documents.
     std::optional<int> rival(int record) const;
     int unreadableCount() const;
+    /// Whether what is ticked of a record is an adult's whom nobody has chosen yet.
+    bool lacksPerson(int record) const;
+    /// Whether a new entry would come without any of the amounts that the document states for it.
+    bool lacksAmount(int record) const;
+    /// The first record of that sort.
+    std::optional<int> withoutPerson() const { return firstThat(&ProposalDesk::lacksPerson); }
+    std::optional<int> withoutAmount() const { return firstThat(&ProposalDesk::lacksAmount); }
+    bool isAmount(int proposal) const;
     int includedCount(int record) const;
     /// Absent without rules.
     std::optional<Effect> effect() const;
@@ -119,6 +127,7 @@ class ProposalDesk {
     /// Ticks what was taken over from the document before; false when nothing of it is there.
     bool restoreApplied();
     void plan();
+    std::optional<int> firstThat(bool (ProposalDesk::*is)(int) const) const;
     std::string pathOf(int proposal) const;
 
     AppStore& store_;

@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/pages/documents/ProposalHead.h"
 
 #include "Fiscarel_SG/AppStore.h"
+#include "Fiscarel_SG/KnownYears.h"
 #include "Fiscarel_SG/documents/ScanSummary.h"
 #include "Fiscarel_SG/forms/editors/ChoiceEdit.h"
 #include "Fiscarel_SG/look/QtText.h"
@@ -42,6 +43,7 @@ void ProposalHead::addNameAndKind() {
     name_->setAccessibleName(u"Name des Belegs"_s);
     name_->setText(qs(desk_.document().title));
     name_->setCursorPosition(0);
+    name_->setToolTip(labelText(name_->text()).toHtmlEscaped());
     kind_->setObjectName(u"documentKind"_s);
     kind_->setAccessibleName(u"Art des Belegs"_s);
     for (const Kind kind : taxcore::allValues<Kind>()) {
@@ -50,21 +52,21 @@ void ProposalHead::addNameAndKind() {
             kind_->setCurrentIndex(kind_->count() - 1);
         }
     }
+    kind_->setSizeAdjustPolicy(QComboBox::AdjustToContents); // no kind is cut
     connect(kind_, &QComboBox::activated, this, &ProposalHead::kindChanged);
     line->addWidget(new QLabel(u"Name"_s, this));
-    line->addWidget(name_, 3);
+    line->addWidget(name_, 1);
     line->addSpacing(4);
     line->addWidget(new QLabel(u"Art"_s, this));
-    line->addWidget(kind_, 2);
+    line->addWidget(kind_);
     column_->addLayout(line);
-    const auto& scan = desk_.scan();
-    if (scan.proposedKind && *scan.proposedKind != scan.kind) {
-        addLabel(*column_,
-                 u"Nach seinen Wörtern gelesen als %1, %2 %3."_s.arg(
-                     qs(taxcore::label(scan.kind)),
-                     scan.kindIsCertain ? u"nach seinem Strichcode sicher"_s : u"vorgeschlagen"_s,
-                     qs(taxcore::label(*scan.proposedKind))),
-                 "small")
+    // Where nobody has decided the kind yet, what is proposed stands in the box.
+    const auto& proposed = desk_.scan().proposedKind;
+    if (proposed && *proposed != proposedKind_) {
+        addLabel(
+            *column_,
+            u"Nach seinem Inhalt ist dieser Beleg eher: %1."_s.arg(qs(taxcore::label(*proposed))),
+            "small")
             .setObjectName(u"kindNotice"_s);
     }
 }
@@ -84,14 +86,16 @@ void ProposalHead::addYearNotice() {
         return;
     }
     const int year = desk_.taxCase().year;
-    QLabel& notice =
-        addLabel(*column_,
-                 u"⚠ Dieser Beleg nennt das Jahr %1, gewählt ist das Steuerjahr %2. Was zu %1 "
-                 "gehört, ist darum nicht angekreuzt."_s.arg(*other)
-                     .arg(year),
-                 "banner");
-    notice.setObjectName(u"yearNotice"_s);
-    if (desk_.store().cases().contains(*other)) {
+    const bool canMove = isKnownYear(desk_.store(), *other);
+    QString sentences =
+        u"⚠ Dieser Beleg nennt das Jahr %1, gewählt ist das Steuerjahr %2. Was zu %1 gehört, ist "
+        "darum nicht angekreuzt."_s.arg(*other)
+            .arg(year);
+    if (!canMove) {
+        sentences += u" Bitte entfernen oder trotzdem ablegen."_s;
+    }
+    addLabel(*column_, sentences, "banner-warning").setObjectName(u"yearNotice"_s);
+    if (canMove) {
         auto* const move =
             new QPushButton(u"Zu den Belegen von %1 verschieben"_s.arg(*other), this);
         move->setObjectName(u"moveToYear"_s);

@@ -93,7 +93,13 @@ void ProposalRow::makeEditor() {
     // The page behind has a field of the same name.
     editor_->input()->setObjectName(u"proposal:%1"_s.arg(proposal_));
     if (const auto value = fieldValue(field, desk_.value(proposal_).value)) {
-        editor_->setValue(*value);
+        const auto* const text = std::get_if<std::string>(&*value);
+        const QString shown = text != nullptr ? withGroupedIbans(*text) : QString();
+        editor_->setValue(field.editor == forms::Editor::text ? forms::Value(utf8(shown)) : *value);
+        if (auto* const line = qobject_cast<QLineEdit*>(editor_->input())) {
+            line->setCursorPosition(0); // a long text begins in sight
+            line->setToolTip(shown.toHtmlEscaped());
+        }
     } else {
         showUnreadableText();
     }
@@ -123,6 +129,7 @@ void ProposalRow::layOut() {
     grid->addWidget(problem_, 2, 1, 1, 3);
     grid->addWidget(warning_, 3, 1, 1, 3);
     grid->addWidget(details_, 4, 1, 1, 3);
+    editor_->input()->setMaximumWidth(QWIDGETSIZE_MAX); // all end at the same edge
     grid->setColumnStretch(1, 2);
     grid->setColumnStretch(2, 3);
     grid->setColumnMinimumWidth(3, fontMetrics().horizontalAdvance(u"≈ wahrscheinlich"_s) + 22);
@@ -153,11 +160,13 @@ void ProposalRow::refresh() {
         if (field_) {
             label = qs(field_->labelFor ? field_->labelFor(desk_.taxCase()) : field_->label);
         }
-        label_->setText(labelText(label));
+        label_->setText(breakable(labelText(label)));
         take_->setAccessibleName(u"%1 übernehmen"_s.arg(label));
     }
     const QSignalBlocker quiet(take_);
-    take_->setChecked(desk_.value(proposal_).isIncluded);
+    // Of a record that is left out nothing is taken over, whatever would be ticked in it.
+    take_->setChecked(desk_.value(proposal_).isIncluded
+                      && desk_.target(desk_.proposal(proposal_).recordIndex).isIncluded);
     showBefore();
     showTrust();
     showProblem();

@@ -1,7 +1,9 @@
 #include "Fiscarel_SG/pages/documents/ProposalText.h"
 
+#include "Fiscarel_SG/forms/InputText.h"
 #include "Fiscarel_SG/look/QtText.h"
 
+#include <QRegularExpression>
 #include <QStringList>
 #include <algorithm>
 #include <charconv>
@@ -38,7 +40,7 @@ QString witnessSentence(Witness witness) {
     case Witness::payload:
         return u"Aus dem Strichcode."_s;
     case Witness::position:
-        return u"Gelesen an seiner Stelle im Formular."_s;
+        return u"Gelesen an seiner Stelle auf der Seite."_s;
     case Witness::text:
         break;
     }
@@ -109,7 +111,11 @@ const char* roleOf(Confidence confidence) {
 }
 
 QString evidenceOf(const Proposal& proposal) {
-    QStringList sentences{witnessSentence(proposal.witness), sentence(qs(proposal.reason))};
+    // Where a value was read from the page, the reason says it more precisely.
+    QStringList sentences{sentence(qs(proposal.reason))};
+    if (proposal.witness == Witness::payload || proposal.reason.empty()) {
+        sentences.prepend(witnessSentence(proposal.witness));
+    }
     for (const ProposalCheck& check : proposal.checks) {
         sentences << (check.passed ? u"Geprüft: "_s : u"Stimmt nicht: "_s)
                          + sentence(qs(check.text));
@@ -119,6 +125,25 @@ QString evidenceOf(const Proposal& proposal) {
     }
     sentences.removeAll(QString());
     return sentences.join(u' ');
+}
+
+QString withGroupedIbans(const std::string& text) {
+    static const QRegularExpression iban(u"\\b[A-Z]{2}\\d{2}[0-9A-Z]{11,30}\\b"_s);
+    QString grouped = qs(text);
+    for (auto found = iban.match(grouped); found.hasMatch();
+         found = iban.match(grouped, found.capturedStart() + 5)) {
+        grouped.replace(found.capturedStart(), found.capturedLength(),
+                        qs(forms::groupIban(utf8(found.captured()))));
+    }
+    return grouped;
+}
+
+QString breakable(QString label) {
+    static const QRegularExpression part(
+        u"(?<=\\p{Ll}{6})(?=(entschädigung|bescheinigung|versicherung|bestätigung|beiträge|"
+        "leistungen|kosten|einkünfte))"_s,
+        QRegularExpression::UseUnicodePropertiesOption);
+    return label.replace(part, QString(QChar(0x00AD)));
 }
 
 QString warningOf(const Proposal& proposal) {

@@ -22,6 +22,10 @@ QString signOf(Proposal::Confidence confidence);
 const char* roleOf(Proposal::Confidence confidence);
 /// How a value is known, why it is trusted and by what it was tested, in sentences.
 QString evidenceOf(const Proposal& proposal);
+/// A text in which the digits of IBANs can be compared: in groups of four.
+QString withGroupedIbans(const std::string& text);
+/// A label whose long compound words may be broken between their parts.
+QString breakable(QString label);
 /// What a value failed at, as one warning; empty when it failed at nothing.
 QString warningOf(const Proposal& proposal);
 /// Whether a value may be taken over without somebody having looked at it: it is not unsure, or has

@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/pages/documents/RecordPanel.h"
 
+#include "Fiscarel_SG/documents/PersonFit.h"
 #include "Fiscarel_SG/forms/InputText.h"
 #include "Fiscarel_SG/forms/editors/ChoiceEdit.h"
 #include "Fiscarel_SG/look/ElidingButton.h"
@@ -12,7 +13,7 @@
 #include "Fiscarel_SG/pages/documents/ProposalText.h"
 
 #include <QCheckBox>
-#include <QFormLayout>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QSignalBlocker>
@@ -138,25 +139,13 @@ void RecordPanel::addTarget() {
     const Kind kind = desk_.record(record_).kind;
     const taxcore::TaxCase& taxCase = desk_.taxCase();
     auto& inside = static_cast<QVBoxLayout&>(*body_->layout());
-    auto* const form = new QFormLayout;
+    auto* const form = new QGridLayout;
     form->setHorizontalSpacing(12);
-    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-    const auto add = [&](const QString& label, const char* name) {
-        auto* const box = new forms::ChoiceBox(body_);
-        box->setObjectName(u"%1:%2"_s.arg(QString::fromLatin1(name)).arg(record_));
-        box->setAccessibleName(label);
-        form->addRow(label, box);
-        return box;
-    };
-    if (isOfAdult(kind) && taxCase.isJoint()) {
-        person_ = add(u"Person"_s, "person");
-        person_->addItem(qs(personName(taxCase, 1)), 1);
-        person_->addItem(qs(personName(taxCase, 2)), 2);
-        connect(person_, &QComboBox::activated, this,
-                [this](int index) { desk_.setPerson(record_, index + 1); });
-    }
+    form->setVerticalSpacing(6);
+    form->setColumnStretch(1, 1);
+    addPerson(*form);
     if (isListed(kind) && (canBeNew(kind) || !itemOptions(taxCase, kind, 1).empty())) {
-        item_ = add(kind == Kind::child ? u"Kind"_s : u"Eintrag"_s, "item");
+        item_ = addChoice(*form, kind == Kind::child ? u"Kind"_s : u"Eintrag"_s, "item");
         connect(item_, &QComboBox::activated, this, [this](int index) {
             const QString id = item_->itemData(index).toString();
             desk_.setItem(record_, taxcore::Uuid::parse(utf8(id)));
@@ -173,12 +162,91 @@ void RecordPanel::addTarget() {
     refreshTarget();
 }
 
+forms::ChoiceBox* RecordPanel::addChoice(QGridLayout& form, const QString& label,
+                                         const char* name) {
+    auto* const box = new forms::ChoiceBox(body_);
+    box->setObjectName(u"%1:%2"_s.arg(QString::fromLatin1(name)).arg(record_));
+    box->setAccessibleName(label);
+    const int row = form.rowCount();
+    form.addWidget(new QLabel(label, body_), row, 0);
+    form.addWidget(box, row, 1);
+    return box;
+}
+
+/// The person, and whom the document names, so that both can be compared.
+void RecordPanel::addPerson(QGridLayout& form) {
+    const ProposedRecord& record = desk_.record(record_);
+    const taxcore::TaxCase& taxCase = desk_.taxCase();
+    if (isOfAdult(record.kind) && taxCase.isJoint()) {
+        person_ = addChoice(form, u"Person"_s, "person");
+        person_->setPlaceholderText(u"Bitte wählen"_s);
+        person_->addItem(qs(personName(taxCase, 1)), 1);
+        person_->addItem(qs(personName(taxCase, 2)), 2);
+        connect(person_, &QComboBox::activated, this,
+                [this](int index) { desk_.setPerson(record_, index + 1); });
+    }
+    if (!record.personName.empty()) {
+        QLabel* const named =
+            makeLabel(labelText(u"Auf dem Beleg: %1"_s.arg(qs(record.personName))), "faint", body_);
+        named->setObjectName(u"namedPerson:%1"_s.arg(record_));
+        named->setMinimumWidth(1);
+        form.addWidget(named, form.rowCount(), 1);
+    }
+    nameWarning_ = makeLabel({}, "note", body_);
+    nameWarning_->setObjectName(u"nameWarning:%1"_s.arg(record_));
+    nameWarning_->setMinimumWidth(1);
+    form.addWidget(nameWarning_, form.rowCount(), 1);
+}
+
+/// What is to be said of the name on the document as things are chosen now; empty: it fits.
+QString RecordPanel::personWarning() const {
+    const ProposedRecord& record = desk_.record(record_);
+    const taxcore::TaxCase& taxCase = desk_.taxCase();
+    const bool isAdults = isOfAdult(record.kind);
+    const NamedAdult named = namedAdult(taxCase, record);
+    if (record.kind == Kind::child) {
+        return {}; // which one it is, is chosen by name
+    }
+    if (!isAdults) {
+        return namesStranger(taxCase, record) ? u"Der Name passt zu niemandem im Haushalt."_s
+                                              : QString();
+    }
+    const int chosen = desk_.target(record_).person;
+    if (taxCase.isJoint() && chosen == 0) {
+        return named == NamedAdult::nobody
+                   ? u"Der Name passt zu niemandem im Haushalt. Bitte Person wählen."_s
+               : named == NamedAdult::both ? u"Der Name passt zu beiden. Bitte Person wählen."_s
+                                           : u"Bitte Person wählen."_s;
+    }
+    if (named == NamedAdult::nobody) {
+        return taxCase.isJoint()
+                   ? u"Der Name passt zu niemandem im Haushalt."_s
+                   : u"Der Name passt nicht zu %1. Bitte nur übernehmen, was in diese "
+                     "Steuererklärung gehört."_s.arg(qs(personName(taxCase, 1)));
+    }
+    if ((named == NamedAdult::first && chosen == 2)
+        || (named == NamedAdult::second && chosen == 1)) {
+        return u"Der Name passt zu %1."_s.arg(qs(personName(taxCase, 3 - chosen)));
+    }
+    return hasOtherLastName(chosen == 2 ? taxCase.person2 : taxCase.person1, record)
+               ? u"Der Nachname ist ein anderer als in der Steuererklärung."_s
+               : QString();
+}
+
+void RecordPanel::refreshPerson() {
+    if (person_ != nullptr) {
+        person_->setCurrentIndex(desk_.target(record_).person - 1); // -1: nobody yet
+        person_->setMarked(desk_.lacksPerson(record_));
+    }
+    const QString warning = personWarning();
+    nameWarning_->setText(warning.isEmpty() ? warning : labelText(u"⚠ "_s + warning));
+    nameWarning_->setVisible(!warning.isEmpty());
+}
+
 void RecordPanel::refreshTarget() {
     const RecordTarget& target = desk_.target(record_);
     const Kind kind = desk_.record(record_).kind;
-    if (person_ != nullptr) {
-        person_->setCurrentIndex(target.person - 1);
-    }
+    refreshPerson();
     if (item_ == nullptr) {
         return;
     }
@@ -204,11 +272,12 @@ void RecordPanel::refresh() {
         const QSignalBlocker quiet(take_);
         take_->setChecked(desk_.target(record_).isIncluded);
     }
-    const QString title = qs(desk_.record(record_).title);
+    const QString title = withGroupedIbans(desk_.record(record_).title);
     head_->setText((isOpen() ? u"▾  "_s : u"▸  "_s) + title);
     head_->setAccessibleName(title + (isOpen() ? u", schliessen"_s : u", öffnen"_s));
     amount_->setText(amount());
     summary_->setText(labelText(summary()));
+    look::setRole(summary_, warnings().isEmpty() ? "small" : "note");
     setVisible(!desk_.isSetAside(record_));
     if (body_ == nullptr) {
         return;
@@ -218,7 +287,7 @@ void RecordPanel::refresh() {
     const auto rival = desk_.rival(record_);
     rival_->setText(
         rival ? labelText(u"Auch «%1» geht in diesen Eintrag; was zuletzt kommt, gilt."_s.arg(
-            qs(desk_.record(*rival).title)))
+            withGroupedIbans(desk_.record(*rival).title)))
               : QString());
     rival_->setVisible(rival.has_value());
     for (ProposalRow* const row : rows_) {
@@ -230,7 +299,7 @@ QString RecordPanel::targetName() const {
     const Kind kind = desk_.record(record_).kind;
     const RecordTarget& target = desk_.target(record_);
     QStringList parts;
-    if (isOfAdult(kind) && desk_.taxCase().isJoint()) {
+    if (isOfAdult(kind) && desk_.taxCase().isJoint() && target.person != 0) {
         parts << qs(personName(desk_.taxCase(), target.person));
     }
     if (isListed(kind)) {
@@ -247,14 +316,11 @@ QString RecordPanel::targetName() const {
 
 QString RecordPanel::summary() const {
     QStringList parts;
-    if (desk_.isOfAnotherYear(record_)) {
-        parts << u"⚠ Steuerjahr %1"_s.arg(*desk_.record(record_).year);
-    }
     if (!desk_.target(record_).isIncluded) {
-        parts << u"wird nicht übernommen"_s;
-        return parts.join(u" · "_s);
+        return (warnings() << u"wird nicht übernommen"_s).join(u" · "_s);
     }
-    if (const QString target = targetName(); !target.isEmpty()) {
+    // Open it stands below, as a choice.
+    if (const QString target = targetName(); !target.isEmpty() && !isOpen()) {
         parts << u"→ "_s + target;
     }
     const auto& values = desk_.valuesOf(record_);
@@ -262,26 +328,55 @@ QString RecordPanel::summary() const {
     const int taken = desk_.includedCount(record_);
     parts << (taken == all ? counted(all, u"1 Wert"_s, u"%1 Werte"_s)
                            : u"%1 von %2 Werten"_s.arg(taken).arg(all));
-    const auto count = [&](const auto& is) {
-        return static_cast<int>(std::ranges::count_if(values, is));
-    };
-    const int unreadable = count([&](int value) { return desk_.isUnreadable(value); });
-    const int failed =
-        count([&](int value) { return !warningOf(desk_.proposal(value)).isEmpty(); });
-    const int unsure = count([&](int value) {
-        return !desk_.value(value).isIncluded && !isTrusted(desk_.proposal(value));
-    });
-    if (unreadable > 0) {
-        parts << u"⚠ "_s + counted(unreadable, u"1 nicht lesbar"_s, u"%1 nicht lesbar"_s);
-    }
-    if (failed > 0) {
-        parts << u"⚠ "_s + counted(failed, u"1 bitte prüfen"_s, u"%1 bitte prüfen"_s);
-    }
+    parts << warnings();
+    const auto unsure = static_cast<int>(std::ranges::count_if(
+        values, [&](int value) { return isLeftUnsure(value) && !desk_.isAmount(value); }));
     if (unsure > 0) {
         parts << counted(unsure, u"1 unsicher, nicht angekreuzt"_s,
                          u"%1 unsicher, nicht angekreuzt"_s);
     }
     return parts.join(u" · "_s);
+}
+
+/// Nobody is sure of it, and it is not ticked.
+bool RecordPanel::isLeftUnsure(int value) const {
+    return !desk_.value(value).isIncluded && !isTrusted(desk_.proposal(value));
+}
+
+/// What is to be looked at before it is taken over.
+QStringList RecordPanel::warnings() const {
+    QStringList warnings;
+    if (desk_.isOfAnotherYear(record_)) {
+        warnings << u"⚠ Steuerjahr %1"_s.arg(*desk_.record(record_).year);
+    }
+    if (!desk_.target(record_).isIncluded) {
+        return warnings;
+    }
+    const auto& values = desk_.valuesOf(record_);
+    const auto count = [&](const auto& is) {
+        return static_cast<int>(std::ranges::count_if(values, is));
+    };
+    if (desk_.lacksPerson(record_)) {
+        warnings << u"⚠ Bitte Person wählen"_s;
+    }
+    if (const int unreadable = count([&](int value) { return desk_.isUnreadable(value); })) {
+        warnings << u"⚠ "_s + counted(unreadable, u"1 nicht lesbar"_s, u"%1 nicht lesbar"_s);
+    }
+    if (const int amounts =
+            count([&](int value) { return isLeftUnsure(value) && desk_.isAmount(value); })) {
+        warnings << u"⚠ "_s
+                        + counted(amounts, u"Betrag bitte prüfen"_s, u"%1 Beträge bitte prüfen"_s);
+    } else if (desk_.lacksAmount(record_)) {
+        warnings << u"⚠ ohne Betrag"_s;
+    }
+    const int failed = count([&](int value) {
+        return !warningOf(desk_.proposal(value)).isEmpty()
+               && !(isLeftUnsure(value) && desk_.isAmount(value));
+    });
+    if (failed > 0) {
+        warnings << u"⚠ "_s + counted(failed, u"1 bitte prüfen"_s, u"%1 bitte prüfen"_s);
+    }
+    return warnings;
 }
 
 /// The first amount that is taken over: what a list of many records is read by.

@@ -5,6 +5,7 @@
 #include <vector>
 
 class QCheckBox;
+class QGridLayout;
 class QLabel;
 class QVBoxLayout;
 
@@ -49,8 +50,14 @@ class RecordPanel final : public QFrame {
     void makeHead();
     void fill();
     void addTarget();
+    forms::ChoiceBox* addChoice(QGridLayout& form, const QString& label, const char* name);
+    void addPerson(QGridLayout& form);
     void refreshTarget();
+    void refreshPerson();
+    QString personWarning() const;
     QString summary() const;
+    QStringList warnings() const;
+    bool isLeftUnsure(int value) const;
     QString targetName() const;
     QString amount() const;
 
@@ -64,8 +71,9 @@ class RecordPanel final : public QFrame {
     QWidget* body_ = nullptr;
     forms::ChoiceBox* person_ = nullptr;
     forms::ChoiceBox* item_ = nullptr;
-    QStringList offered_;     ///< ids of the items that `item_` offers
-    QLabel* rival_ = nullptr; ///< another record goes to the same item
+    QLabel* nameWarning_ = nullptr; ///< whom the document names is not the one chosen
+    QStringList offered_;           ///< ids of the items that `item_` offers
+    QLabel* rival_ = nullptr;       ///< another record goes to the same item
     std::vector<ProposalRow*> rows_;
 };
 
