@@ -27,10 +27,9 @@ class Ink {
     }
 
     bool isIn(const PagePlace& place) const {
-        const PagePlace box = placeOf(toPixels_, {Point{place.left, place.top},
-                                                  Point{place.right, place.top},
-                                                  Point{place.right, place.bottom},
-                                                  Point{place.left, place.bottom}});
+        const PagePlace box =
+            placeOf(toPixels_, {Point{place.left, place.top}, Point{place.right, place.top},
+                                Point{place.right, place.bottom}, Point{place.left, place.bottom}});
         const auto bound = [](double value, int most) {
             return static_cast<int>(std::clamp<double>(std::isfinite(value) ? value : 0, 0, most));
         };

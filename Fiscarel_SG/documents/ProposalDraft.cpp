@@ -106,8 +106,8 @@ const RowAmount* findSum(const PageRows& page, const Decimal& sum) {
     for (const Row& row : page.rows) {
         for (const RowAmount& one : row.amounts) {
             const PrintedAmount& amount = one.amount;
-            const bool isAmount = amount.isFirm()
-                                  || (!amount.isYearLike() && one.last + 1 == row.words.size());
+            const bool isAmount =
+                amount.isFirm() || (!amount.isYearLike() && one.last + 1 == row.words.size());
             if (isAmount && amount.value.abs() == sum.abs()) {
                 return &one;
             }

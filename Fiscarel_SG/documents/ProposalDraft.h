@@ -30,8 +30,8 @@ struct DocumentRows {
     const PageRows* page(int number) const;
 };
 
-/// Collects what a document proposes. What its texts hold, from barcodes too, is kept as one line of
-/// plain characters.
+/// Collects what a document proposes. What its texts hold, from barcodes too, is kept as one line
+/// of plain characters.
 class ProposalDraft {
   public:
     explicit ProposalDraft(ScanResult& result) : result_(result) {}

@@ -156,8 +156,8 @@ std::optional<SummedAmount> wholeOfParts(const DocumentRows& document,
     for (const FoundAmount& one : found) {
         sum = sum + one.value();
     }
-    const auto parts = std::ranges::count_if(
-        found, [](const FoundAmount& one) { return !one.value().isZero(); });
+    const auto parts =
+        std::ranges::count_if(found, [](const FoundAmount& one) { return !one.value().isZero(); });
     auto whole = parts < 2 ? std::nullopt : foundPrinted(document, sum);
     // The last of them may be their total, or by chance as much as the others.
     const bool endsInSum = !whole && found.size() > 2 && found.back().value() * 2 == sum;

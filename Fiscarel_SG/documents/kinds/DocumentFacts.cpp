@@ -47,7 +47,7 @@ class YearVotes {
                                      || isAnyIn(before, beginnings());
                 const int month = i > 0 ? monthOf(row.words[i - 1].folded) : 0;
                 if (!isSince && (isNamed || !isInNumber)) {
-                    vote(*year, isNamed      ? 8
+                    vote(*year, isNamed       ? 8
                                 : month == 12 ? 3
                                 : month != 0  ? 1 // of a letter: "im Januar 2025"
                                 : isTitle     ? 6
@@ -252,7 +252,8 @@ DocumentFacts readFacts(const DocumentRows& document) {
     YearVotes votes;
     for (const PageRows& page : document.pages) {
         for (const Row& row : page.rows) {
-            votes.look(row, &page == &document.pages.front() && row.middle() < page.height * upperPart);
+            votes.look(row,
+                       &page == &document.pages.front() && row.middle() < page.height * upperPart);
             if (facts.socialSecurityNumber.empty()) {
                 facts.socialSecurityNumber = socialSecurityNumberIn(row);
             }

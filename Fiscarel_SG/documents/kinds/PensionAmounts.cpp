@@ -187,11 +187,11 @@ bool isBeforeAmount(const PageRows& page, const Row& row) {
 /// Whether a row, or the next one, tells of payments that a number may count: "in zwölf gleichen
 /// Raten".
 bool tellsTimes(const PageRows& page, const Row& row) {
-    static const Labels words{"mal",        "fois",        "volte",     "Rate",      "Raten",
-                              "rate",       "tranches",    "acomptes",  "versement", "versements",
-                              "versamento", "versamenti",  "pagamenti", "paiements", "*zahlung",
-                              "*zahlungen", "monatliche*", "mensuel*",  "mensil*",   "payments",
-                              "Halbjahres*", "Quartals*", "Monats*", "semestr*", "trimestr*"};
+    static const Labels words{"mal",         "fois",        "volte",     "Rate",      "Raten",
+                              "rate",        "tranches",    "acomptes",  "versement", "versements",
+                              "versamento",  "versamenti",  "pagamenti", "paiements", "*zahlung",
+                              "*zahlungen",  "monatliche*", "mensuel*",  "mensil*",   "payments",
+                              "Halbjahres*", "Quartals*",   "Monats*",   "semestr*",  "trimestr*"};
     const auto next = static_cast<std::size_t>(&row - page.rows.data()) + 1;
     return isAnyIn(row.folded, words)
            || (next < page.rows.size() && isAnyIn(page.rows[next].folded, words));
@@ -224,7 +224,8 @@ std::set<int> unitCounts(const DocumentRows& document) {
                 }
                 const auto count = smallNumber(text, 3);
                 const auto told = count ? std::nullopt : countInWords(text);
-                if (told && (isOfMonths || tellsTimes(page, row)) && (hasFirmAmount(row) || isBeforeAmount(page, row))) {
+                if (told && (isOfMonths || tellsTimes(page, row))
+                    && (hasFirmAmount(row) || isBeforeAmount(page, row))) {
                     counts.insert(*told);
                 }
                 const bool isProduct = row.folded.find(" x ") != std::string::npos

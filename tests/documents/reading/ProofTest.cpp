@@ -19,16 +19,17 @@ struct Paper {
 /// The proposals of all records that are amounts or numbers of things.
 std::vector<std::string> amountsOf(const std::vector<Put>& puts) {
     constexpr std::array<std::string_view, 9> words{
-        "kind",   "institution", "description", "childcareProvider", "recipient",
-        "label=", "employer",    "creditor",    "date"};
+        "kind",     "institution", "description", "childcareProvider", "recipient", "label=",
+        "employer", "creditor",    "date"};
     const ScanResult result = proposedFrom(puts);
     std::vector<std::string> amounts;
     for (std::size_t record = 0; record < result.records.size(); ++record) {
-        std::ranges::copy_if(
-            valuesOf(result, record), std::back_inserter(amounts), [&](const std::string& value) {
-                return std::ranges::none_of(
-                    words, [&](std::string_view word) { return value.starts_with(word); });
-            });
+        std::ranges::copy_if(valuesOf(result, record), std::back_inserter(amounts),
+                             [&](const std::string& value) {
+                                 return std::ranges::none_of(words, [&](std::string_view word) {
+                                     return value.starts_with(word);
+                                 });
+                             });
     }
     return amounts;
 }
@@ -252,7 +253,8 @@ std::vector<Paper> mixedPapers() {
          {{60, 40, "Anna Muster"},
           {60, 60, "Bestätigung Privatdarlehen"},
           {60, 100, "Ich bestätige, Herrn Kurt Muster ein Darlehen von ursprünglich Fr. 43’000.–"},
-          {60, 114, "gewährt zu haben. Das Darlehen betrug am 31. Dezember 2024 noch Fr. 33’000.–."},
+          {60, 114,
+           "gewährt zu haben. Das Darlehen betrug am 31. Dezember 2024 noch Fr. 33’000.–."},
           {60, 142, "Für das Jahr 2024 habe ich die Zinsen, das heisst Fr. 495.–, erhalten."}},
          {"amount=33000 medium", "interest=495 medium"}},
     };
@@ -267,8 +269,10 @@ TEST(Proofs, eachPartOfAPaperGivesItsOwn) {
 TEST(Proofs, tablesWithoutRoomForARowEndNothing) {
     // A number in the first row under no heading, policies whose amounts stand in no column, and
     // amounts with more than one pair of centimes in a column.
-    std::vector<Put> account{{40, 40, "CH9300762011623852957"}, {230, 40, "Aktiven"},
-                             {330, 40, "Passiven"},              {440, 40, "Aufwand"}};
+    std::vector<Put> account{{40, 40, "CH9300762011623852957"},
+                             {230, 40, "Aktiven"},
+                             {330, 40, "Passiven"},
+                             {440, 40, "Aufwand"}};
     DrawnPage pairs(0.2);
     pairs.text(40, 40, "Kontoauszug Bank Saldo 2024");
     for (int row = 0; row < 8; ++row) {
