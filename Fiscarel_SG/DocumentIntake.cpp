@@ -84,14 +84,14 @@ void DocumentIntake::take(Paths picked) {
         QMetaObject::invokeMethod(
             this,
             [this, all = std::move(all), twins = std::move(twins)]() mutable {
-                gathered(std::move(all), std::move(twins));
+                gathered(all, std::move(twins));
             },
             Qt::QueuedConnection);
     });
     Q_EMIT changed();
 }
 
-void DocumentIntake::gathered(Gathered gathered, std::vector<Twin> twins) {
+void DocumentIntake::gathered(const Gathered& gathered, std::vector<Twin> twins) {
     isGathering_ = false;
     QStringList told = message_.split(u'\n', Qt::SkipEmptyParts);
     told << messagesOf(gathered);

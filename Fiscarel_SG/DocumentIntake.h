@@ -50,7 +50,7 @@ class DocumentIntake final : public QObject {
     void changed();
 
   private:
-    void gathered(Gathered gathered, std::vector<Twin> twins);
+    void gathered(const Gathered& gathered, std::vector<Twin> twins);
     void addComing(const std::vector<std::filesystem::path>& files);
     void copyNext();
 

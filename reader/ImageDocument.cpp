@@ -1,11 +1,13 @@
 #include "reader/Document.h"
 #include "reader/Exif.h"
 #include "reader/HeifImage.h"
+#include "reader/TiffPages.h"
 
 #include <leptonica/allheaders.h>
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <utility>
 
 namespace fiscarel::reader {
@@ -13,22 +15,41 @@ namespace fiscarel::reader {
 namespace {
 
 constexpr double pointsPerInch = 72;
-constexpr int mostTiffPages = 100;
-
-struct ImagePage {
-    int width = 0; ///< pixels as stored
-    int height = 0;
-};
 
 struct ImageFile {
     std::string_view bytes;
     int format = IFF_UNKNOWN; ///< of Leptonica; `IFF_UNKNOWN` for HEIF
     int orientation = 1;
-    std::vector<ImagePage> pages;
+    std::vector<std::size_t> tiffPages; ///< where each page of a TIFF is told
+
+    bool isTiff() const { return L_FORMAT_IS_TIFF(format); }
+    int pageCount() const { return isTiff() ? static_cast<int>(tiffPages.size()) : 1; }
 };
 
 const l_uint8* data(std::string_view bytes) {
     return reinterpret_cast<const l_uint8*>(bytes.data());
+}
+
+bool isTooLarge(double width, double height) { return width * height > bounds::pixels; }
+
+/// Pixels of a page as stored.
+struct StoredSize {
+    int width = 0;
+    int height = 0;
+};
+
+std::optional<StoredSize> storedSize(const ImageFile& file, int page) {
+    StoredSize size;
+    int format = 0;
+    const bool failed =
+        file.isTiff()
+            ? readHeaderMemTiff(data(file.bytes), file.bytes.size(), page - 1, &size.width,
+                                &size.height, nullptr, nullptr, nullptr, nullptr, &format)
+                  != 0
+            : pixReadHeaderMem(data(file.bytes), file.bytes.size(), &format, &size.width,
+                               &size.height, nullptr, nullptr, nullptr)
+                  != 0;
+    return failed ? std::nullopt : std::optional(size);
 }
 
 /// Turns and mirrors a picture as the camera tells.
@@ -52,19 +73,20 @@ PixPtr decode(const ImageFile& file, int page) {
     if (file.format == IFF_UNKNOWN) {
         return decodeHeif(file.bytes);
     }
-    const bool isTiff = L_FORMAT_IS_TIFF(file.format);
-    if (!isTiff) {
+    if (!file.isTiff()) {
         return PixPtr(pixReadMem(data(file.bytes), file.bytes.size()));
     }
-    std::size_t offset = 0;
-    PixPtr pix;
-    for (int i = 1; i <= page; ++i) {
-        pix.reset(pixReadMemFromMultipageTiff(data(file.bytes), file.bytes.size(), &offset));
-        if (!pix || (offset == 0 && i < page)) {
+    if (page > file.pageCount()) {
+        return nullptr;
+    }
+    if (page > bounds::textPages) { // of the others the size is known
+        const auto size = storedSize(file, page);
+        if (!size || isTooLarge(size->width, size->height)) {
             return nullptr;
         }
     }
-    return pix;
+    std::size_t offset = page == 1 ? 0 : file.tiffPages[static_cast<std::size_t>(page - 1)];
+    return PixPtr(pixReadMemFromMultipageTiff(data(file.bytes), file.bytes.size(), &offset));
 }
 
 /// The resolution of a page: as told when that is believable, else as if it were a sheet of A4.
@@ -83,7 +105,7 @@ class ImageDocument : public Document {
   public:
     explicit ImageDocument(ImageFile file) : file_(std::move(file)) {}
 
-    int pageCount() const override { return static_cast<int>(file_.pages.size()); }
+    int pageCount() const override { return file_.pageCount(); }
 
     PageSize size(int page) const override {
         const PixPtr& pix = colour(page);
@@ -126,7 +148,7 @@ class ImageDocument : public Document {
     }
 
     bool isScan(int /*page*/) const override { return true; }
-    bool mayBePhoto(int) const override { return !L_FORMAT_IS_TIFF(file_.format); }
+    bool mayBePhoto(int) const override { return !file_.isTiff(); }
 
   private:
     /// The picture of a page, upright; the last one is kept.
@@ -145,38 +167,20 @@ class ImageDocument : public Document {
 
 Fault damaged() { return "Dieses Bild ist beschädigt und lässt sich nicht öffnen."; }
 
-bool isTooLarge(double width, double height) { return width * height > bounds::pixels; }
-
 Fault tooLarge() {
     return "Dieses Bild ist zu gross: Es hat mehr als 100 Millionen Bildpunkte. Bitte kleiner "
            "speichern und die neue Datei verwenden.";
 }
 
-tl::expected<void, Fault> readHeaders(ImageFile& file) {
-    const bool isTiff = L_FORMAT_IS_TIFF(file.format);
-    for (int page = 0; page < mostTiffPages; ++page) {
-        ImagePage read;
-        int format = 0;
-        const bool failed =
-            isTiff ? readHeaderMemTiff(data(file.bytes), file.bytes.size(), page, &read.width,
-                                       &read.height, nullptr, nullptr, nullptr, nullptr, &format)
-                         != 0
-                   : pixReadHeaderMem(data(file.bytes), file.bytes.size(), &format, &read.width,
-                                      &read.height, nullptr, nullptr, nullptr)
-                         != 0;
-        if (failed) {
-            break;
+tl::expected<void, Fault> checkSizes(const ImageFile& file) {
+    for (int page = 1; page <= std::min(file.pageCount(), bounds::textPages); ++page) {
+        const auto size = storedSize(file, page);
+        if (!size && page == 1) {
+            return tl::unexpected(damaged());
         }
-        if (isTooLarge(read.width, read.height)) {
+        if (size && isTooLarge(size->width, size->height)) {
             return tl::unexpected(tooLarge());
         }
-        file.pages.push_back(read);
-        if (!isTiff) {
-            break;
-        }
-    }
-    if (file.pages.empty()) {
-        return tl::unexpected(damaged());
     }
     return {};
 }
@@ -193,19 +197,21 @@ tl::expected<std::unique_ptr<Document>, Fault> openImage(std::string_view bytes)
         if (isTooLarge(size->width, size->height)) {
             return tl::unexpected(tooLarge());
         }
-        file.pages.push_back({static_cast<int>(size->width), static_cast<int>(size->height)});
     } else {
         findFileFormatBuffer(data(bytes), &file.format);
         const bool isKnown = file.format == IFF_PNG || file.format == IFF_JFIF_JPEG
-                             || file.format == IFF_WEBP || L_FORMAT_IS_TIFF(file.format);
+                             || file.format == IFF_WEBP || file.isTiff();
         if (!isKnown) {
             return tl::unexpected<Fault>(
                 "Dieses Dateiformat ist unbekannt. Möglich sind PDF, JPEG, "
                 "PNG, TIFF, WebP und HEIC.");
         }
         file.orientation = exifOrientation(bytes);
-        if (const auto read = readHeaders(file); !read) {
-            return tl::unexpected(read.error());
+        if (file.isTiff()) {
+            file.tiffPages = tiffPages(bytes);
+        }
+        if (const auto checked = checkSizes(file); !checked) {
+            return tl::unexpected(checked.error());
         }
     }
     auto document = std::make_unique<ImageDocument>(std::move(file));

@@ -23,7 +23,7 @@ int ProposalDraft::addRecord(ProposedRecord record) {
     return static_cast<int>(result_.records.size()) - 1;
 }
 
-void ProposalDraft::put(int record, std::string field, std::string value, Evidence evidence) {
+void ProposalDraft::put(int record, std::string field, const std::string& value, Evidence evidence) {
     const bool hasFailed = !std::ranges::all_of(evidence.checks, &ProposalCheck::passed);
     if (hasFailed) {
         evidence.confidence =

@@ -52,7 +52,7 @@ class ProposalDraft {
     ScanResult& result() { return result_; }
 
   private:
-    void put(int record, std::string field, std::string value, Evidence evidence);
+    void put(int record, std::string field, const std::string& value, Evidence evidence);
 
     ScanResult& result_;
 };

@@ -140,6 +140,7 @@ pid_t spawn(const ReaderCall& call, const OpenFile& document, const OpenFile& ou
     }
     const auto pointers = [](std::vector<std::string>& texts) {
         std::vector<char*> list;
+        list.reserve(texts.size() + 1);
         for (std::string& text : texts) {
             list.push_back(text.data());
         }

@@ -109,14 +109,9 @@ struct ListTexts {
     bool offersLastYear = false;
 };
 
-/// A list of records as a card.
+/// The changes of a list: what `card` does with its items.
 template <class Item>
-ListCard listCard(const Place<std::vector<Item>>& list, ListTexts texts,
-                  std::vector<Field<Item>> fields, std::function<RowSummary(const Item&)> summary) {
-    const auto count = [read = list.read](const TaxCase& taxCase) {
-        const auto* items = read(taxCase);
-        return items != nullptr ? items->size() : std::size_t{0};
-    };
+void bindChanges(ListCard& card, const Place<std::vector<Item>>& list) {
     const auto edit = [write = list.write](auto change) {
         return [write, change](TaxCase& taxCase, auto... at) {
             if (auto* items = write(taxCase)) {
@@ -125,19 +120,6 @@ ListCard listCard(const Place<std::vector<Item>>& list, ListTexts texts,
         };
     };
     const auto offset = [](std::size_t at) { return static_cast<std::ptrdiff_t>(at); };
-    ListCard card;
-    card.title = std::move(texts.title);
-    card.help = std::move(texts.help);
-    card.path = list.path;
-    card.itemName = std::move(texts.itemName);
-    card.emptyText = std::move(texts.emptyText);
-    card.isTable = texts.isTable;
-    card.offersLastYear = texts.offersLastYear;
-    card.size = count;
-    card.id = [read = list.read](const TaxCase& taxCase, std::size_t at) {
-        const auto* items = read(taxCase);
-        return items != nullptr && at < items->size() ? (*items)[at].id : taxcore::Uuid{};
-    };
     card.add = edit([](std::vector<Item>& items) { items.emplace_back(); });
     card.remove = edit([offset](std::vector<Item>& items, std::size_t at) {
         if (at < items.size()) {
@@ -172,26 +154,55 @@ ListCard listCard(const Place<std::vector<Item>>& list, ListTexts texts,
             items->push_back(std::move(item));
         }
     };
+}
+
+/// The sums of the columns that have one.
+template <class Item>
+std::vector<std::optional<Decimal>> sumsOf(const std::vector<Item>* items,
+                                           const std::vector<Field<Item>>& fields) {
+    std::vector<std::optional<Decimal>> sums;
+    for (const Field<Item>& field : fields) {
+        std::optional<Decimal>& sum = sums.emplace_back();
+        if (field.isSummed && items != nullptr) {
+            sum.emplace();
+            for (const Item& item : *items) {
+                const Value value = field.get(item);
+                const auto* const amount = std::get_if<Decimal>(&value);
+                *sum += amount != nullptr ? *amount : Decimal(0);
+            }
+        }
+    }
+    return sums;
+}
+
+/// A list of records as a card.
+template <class Item>
+ListCard listCard(const Place<std::vector<Item>>& list, ListTexts texts,
+                  std::vector<Field<Item>> fields, std::function<RowSummary(const Item&)> summary) {
+    ListCard card;
+    card.title = std::move(texts.title);
+    card.help = std::move(texts.help);
+    card.path = list.path;
+    card.itemName = std::move(texts.itemName);
+    card.emptyText = std::move(texts.emptyText);
+    card.isTable = texts.isTable;
+    card.offersLastYear = texts.offersLastYear;
+    card.size = [read = list.read](const TaxCase& taxCase) {
+        const auto* items = read(taxCase);
+        return items != nullptr ? items->size() : std::size_t{0};
+    };
+    card.id = [read = list.read](const TaxCase& taxCase, std::size_t at) {
+        const auto* items = read(taxCase);
+        return items != nullptr && at < items->size() ? (*items)[at].id : taxcore::Uuid{};
+    };
+    bindChanges(card, list);
     card.summary = [read = list.read, summary = std::move(summary)](const TaxCase& taxCase,
                                                                     std::size_t at) {
         const auto* items = read(taxCase);
         return items != nullptr && at < items->size() ? summary((*items)[at]) : RowSummary{};
     };
     card.sums = [read = list.read, fields](const TaxCase& taxCase) {
-        std::vector<std::optional<Decimal>> sums;
-        const auto* const items = read(taxCase);
-        for (const Field<Item>& field : fields) {
-            std::optional<Decimal>& sum = sums.emplace_back();
-            if (field.isSummed && items != nullptr) {
-                sum.emplace();
-                for (const Item& item : *items) {
-                    const Value value = field.get(item);
-                    const auto* const amount = std::get_if<Decimal>(&value);
-                    *sum += amount != nullptr ? *amount : Decimal(0);
-                }
-            }
-        }
-        return sums;
+        return sumsOf(read(taxCase), fields);
     };
     card.fields = [list, fields = std::move(fields)](std::size_t at) {
         return bindAll(itemOf(list, at), fields);

@@ -5,7 +5,6 @@
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 
 #include <algorithm>
-#include <utility>
 #include <vector>
 
 namespace fiscarel {
@@ -113,7 +112,7 @@ class Deductions {
 
     void take(const Row& words, RowAmount amount) {
         amount.amount.value = amount.amount.value.abs();
-        Part part{.amount = std::move(amount)};
+        Part part{.amount = amount};
         const bool isState = findLabel(words, firstPillarWords(), isRecognised_).has_value();
         for (const std::size_t box : {2U, 4U, 3U}) { // buy-in, pension fund, social insurances
             if ((box == 3 && isState) || (!isState && names(words, boxWords()[box]))) {
@@ -123,7 +122,7 @@ class Deductions {
             }
         }
         if (!isSubtotal(part)) {
-            parts_.push_back(std::move(part));
+            parts_.push_back(part);
         }
     }
 

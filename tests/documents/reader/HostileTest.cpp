@@ -1,9 +1,8 @@
 // Files that mean harm, or that nobody could read: each ends soon, with a sentence, and the program
 // that asked lives on.
 
-#include "tests/documents/reader/Drawing.h"
-
 #include "Fiscarel_SG/DocumentScanner.h"
+#include "tests/documents/reader/Drawing.h"
 #include "tests/documents/reader/Files.h"
 
 #include <gtest/gtest.h>
@@ -30,10 +29,10 @@ std::string bigEndian(std::uint32_t value) {
 
 /// A PNG whose header promises a picture that nobody could hold.
 std::string hugePng(std::uint32_t side) {
-    const std::string header = "IHDR" + bigEndian(side) + bigEndian(side)
-                               + std::string("\x08\x02\0\0\0", 5);
-    const auto sum = crc32(0, reinterpret_cast<const Bytef*>(header.data()),
-                           static_cast<uInt>(header.size()));
+    const std::string header =
+        "IHDR" + bigEndian(side) + bigEndian(side) + std::string("\x08\x02\0\0\0", 5);
+    const auto sum =
+        crc32(0, reinterpret_cast<const Bytef*>(header.data()), static_cast<uInt>(header.size()));
     return "\x89PNG\r\n\x1A\n" + bigEndian(13) + header + bigEndian(static_cast<std::uint32_t>(sum))
            + bigEndian(0) + "IDAT" + bigEndian(0x35AF061E);
 }
@@ -89,14 +88,13 @@ std::string bomb(const std::string& content, int times) {
 /// A page filled with one image of these sides, packed to nearly nothing.
 std::string imageBomb(int side, int times) {
     const std::string sides = std::to_string(side);
-    return pdfOf(
-        {catalog, onePage,
-         "<< /Type /Page /Parent 2 0 R /MediaBox [0 0 595 842] /Contents 4 0 R "
-         "/Resources << /XObject << /I 5 0 R >> >> >>",
-         stream("", "595 0 0 842 0 0 cm /I Do"),
-         stream("/Type /XObject /Subtype /Image /Width " + sides + " /Height " + sides
-                    + " /BitsPerComponent 8 /ColorSpace /DeviceGray /Filter /FlateDecode",
-                deflated(std::string(1 << 20, '\0'), times))});
+    return pdfOf({catalog, onePage,
+                  "<< /Type /Page /Parent 2 0 R /MediaBox [0 0 595 842] /Contents 4 0 R "
+                  "/Resources << /XObject << /I 5 0 R >> >> >>",
+                  stream("", "595 0 0 842 0 0 cm /I Do"),
+                  stream("/Type /XObject /Subtype /Image /Width " + sides + " /Height " + sides
+                             + " /BitsPerComponent 8 /ColorSpace /DeviceGray /Filter /FlateDecode",
+                         deflated(std::string(1 << 20, '\0'), times))});
 }
 
 std::string manyPages(int count) {
@@ -139,6 +137,36 @@ std::string encrypted() {
     return {reinterpret_cast<const char*>(buffer->getBuffer()), buffer->getSize()};
 }
 
+std::string littleEndian(std::uint32_t value) {
+    const std::string big = bigEndian(value);
+    return {big.rbegin(), big.rend()};
+}
+
+/// A TIFF file of white pages, whose last one leads to the page told.
+std::string manyTiffPages(std::uint32_t count, std::uint32_t last) {
+    constexpr std::uint32_t side = 400;
+    constexpr std::uint32_t bytes = side / 8 * side;
+    constexpr std::uint32_t picture = 8;
+    constexpr std::uint32_t first = picture + bytes;
+    constexpr std::uint32_t pageSize = 2 + 9 * 12 + 4;
+    constexpr std::uint32_t isShort = 3;
+    constexpr std::uint32_t isLong = 4;
+    const auto entry = [](std::uint32_t tag, std::uint32_t type, std::uint32_t value) {
+        return littleEndian(type << 16U | tag) + littleEndian(1) + littleEndian(value);
+    };
+    const std::string page = std::string("\x09\0", 2) + entry(256, isShort, side)
+                             + entry(257, isShort, side) + entry(258, isShort, 1)
+                             + entry(259, isShort, 1) + entry(262, isShort, 1)
+                             + entry(273, isLong, picture) + entry(277, isShort, 1)
+                             + entry(278, isLong, side) + entry(279, isLong, bytes);
+    std::string file = std::string("II*\0", 4) + littleEndian(first) + std::string(bytes, '\xFF');
+    for (std::uint32_t i = 0; i < count; ++i) {
+        const std::uint32_t next = i + 1 < count ? i + 1 : last;
+        file += page + littleEndian(next < count ? first + next * pageSize : 0);
+    }
+    return file;
+}
+
 std::string noise(std::size_t size, const std::string& begin) {
     std::mt19937 random(11);
     std::string bytes = begin;
@@ -176,6 +204,8 @@ TEST(Hostile, filesEndSoonAndWithASentence) {
         {"random.tif", noise(200'000, std::string("II*\0\x08\0\0\0", 8)), "beschädigt"},
         {"huge.png", hugePng(60'000), "zu gross"},
         {"pages.pdf", manyPages(100'000), "100000 Seiten"},
+        {"pages.tif", manyTiffPages(100'000, 100'000), "100000 Seiten"},
+        {"ring of pages.tif", manyTiffPages(2, 0), ""},
         {"tree.pdf", recursiveTree(), ""},
         {"form.pdf", recursiveForm(), ""},
         {"text bomb.pdf",

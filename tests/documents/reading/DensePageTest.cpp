@@ -16,9 +16,9 @@ std::string cents(int value) {
 
 /// A table of other amounts than those asked for, five in a row.
 void addTable(DrawnPage& page, double y, int rows) {
-    for (int i = 0; i < rows; ++i, y += 2) {
+    for (int i = 0; i < rows; ++i) {
         for (int column = 0; column < 5; ++column) {
-            page.right(200 + 60 * column, y, cents(10'000 + 7 * i + 1'013 * column));
+            page.right(200 + 60 * column, y + 2 * i, cents(10'000 + 7 * i + 1'013 * column));
         }
     }
 }
@@ -43,10 +43,10 @@ TEST(DensePages, tellWhatOthersTell) {
          [](DrawnPage& page) {
              page.text(20, 20, "Bescheinigung Säule 3a 2024, gebundene Vorsorge");
              page.text(20, 40, "Einbezahlte Beiträge");
-             double x = 200;
-             for (int i = 0; i < 1400; ++i, x += 10) {
-                 page.text(x, 40, cents(90'001 + 2 * i));
+             for (int i = 0; i < 1400; ++i) {
+                 page.text(200 + 10 * i, 40, cents(90'001 + 2 * i));
              }
+             constexpr double x = 14'200;
              page.text(x, 40, "12").text(x + 5, 40, "×").text(x + 10, 40, "588.00");
              page.text(x + 40, 40, "7'056.00");
          },
