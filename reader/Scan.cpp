@@ -183,6 +183,7 @@ Scanned resultOf(Shared& shared) {
     }
     if (hidesText && !hasWords) {
         result.reading.text.clear(); // nobody sees it on paper
+        result.text.clear();
     }
     return result;
 }

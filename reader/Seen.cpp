@@ -74,6 +74,20 @@ bool areOver(const PageWord& one, const PageWord& other) {
     return areAlike && width > 0 && height > 0 && width * height > smaller / 2;
 }
 
+/// The digits of a word and its point before the centimes: "12'450.00" and "12450.00" are one
+/// amount, as forms show it that were filled in and flattened.
+std::string numberOf(const PageWord& word) {
+    std::string number;
+    for (std::size_t i = 0; i < word.text.size(); ++i) {
+        const char c = word.text[i];
+        const bool isPoint = (c == '.' || c == ',') && i + 3 == word.text.size();
+        if (isPoint || (c >= '0' && c <= '9')) {
+            number += isPoint ? '.' : c;
+        }
+    }
+    return number;
+}
+
 /// Numbers of which another one stands in the same place.
 std::vector<bool> rivals(const std::vector<PageWord>& words) {
     std::vector<std::size_t> byTop;
@@ -88,7 +102,7 @@ std::vector<bool> rivals(const std::vector<PageWord>& words) {
         const PageWord& one = words[byTop[i]];
         const double end = one.place.top + one.place.height() / 2;
         for (std::size_t j = i + 1; j < byTop.size() && words[byTop[j]].place.top < end; ++j) {
-            if (words[byTop[j]].text != one.text && areOver(one, words[byTop[j]])) {
+            if (areOver(one, words[byTop[j]]) && numberOf(words[byTop[j]]) != numberOf(one)) {
                 are[byTop[i]] = true;
                 are[byTop[j]] = true;
             }

@@ -1,5 +1,7 @@
 #include "Fiscarel_SG/documents/ProposalDraft.h"
 
+#include "Fiscarel_SG/documents/rows/CellRoles.h"
+#include "Fiscarel_SG/documents/rows/Vocabulary.h"
 #include "Fiscarel_SG/documents/text/Utf8Letters.h"
 #include "TaxCore/base/MoneyFormat.h"
 
@@ -23,7 +25,8 @@ int ProposalDraft::addRecord(ProposedRecord record) {
     return static_cast<int>(result_.records.size()) - 1;
 }
 
-void ProposalDraft::put(int record, std::string field, const std::string& value, Evidence evidence) {
+void ProposalDraft::put(int record, std::string field, const std::string& value,
+                        Evidence evidence) {
     const bool hasFailed = !std::ranges::all_of(evidence.checks, &ProposalCheck::passed);
     if (hasFailed) {
         evidence.confidence =
@@ -103,15 +106,22 @@ std::optional<PrintedPlace> findPrinted(const DocumentRows& document, const Deci
 }
 
 const RowAmount* findSum(const PageRows& page, const Decimal& sum) {
+    constexpr int leastBare = 100; // less numbers houses, too
+    bool isAmongAmounts = false;
     for (const Row& row : page.rows) {
         for (const RowAmount& one : row.amounts) {
             const PrintedAmount& amount = one.amount;
-            const bool isAmount =
-                amount.isFirm() || (!amount.isYearLike() && one.last + 1 == row.words.size());
-            if (isAmount && amount.value.abs() == sum.abs()) {
+            if (amount.value.abs() != sum.abs()) {
+                continue;
+            }
+            const bool isBare = !amount.isYearLike() && one.last + 1 == row.words.size();
+            const bool isTold = (isAmongAmounts && sum.abs() >= leastBare)
+                                || namesAny(row, {Concept::total}, page.isRecognised);
+            if (amount.isFirm() || (isBare && isTold)) {
                 return &one;
             }
         }
+        isAmongAmounts |= hasFirmAmount(row);
     }
     return nullptr;
 }

@@ -1,3 +1,4 @@
+#include "Fiscarel_SG/documents/kinds/PensionWords.h"
 #include "Fiscarel_SG/documents/kinds/Pensions.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/rows/Vocabulary.h"
@@ -93,7 +94,6 @@ const Labels& others() {
                               "Arbeitgeberbescheinigung*",
                               "*prämie*",
                               "*prämien*",
-                              "Police*",
                               "*offerte*",
                               "Antrag*",
                               "certificat de salaire",
@@ -106,7 +106,6 @@ const Labels& others() {
                               "conteggio di salario",
                               "premio",
                               "premi",
-                              "polizza",
                               "offerta",
                               "salary certificate",
                               "premium*"};
@@ -156,20 +155,29 @@ const Labels& losses() {
     return words;
 }
 
-/// Whether a row states an amount of allowances, by their full name.
-bool statesAllowance(const DocumentRows& document) {
+/// Whether a row tells of what the insured themselves got.
+bool isForInsured(const Row& row, bool isRecognised) {
+    static const Labels words{"an Sie", "Ihnen", "à vous", "vous", "a Lei", "to you"};
+    return findLabel(row, words, isRecognised) || saysTaxed(row, isRecognised);
+}
+
+/// Whether a row states an amount of allowances, by their full name; `forInsured`: and says that
+/// they got it.
+bool statesAllowance(const DocumentRows& document, bool forInsured) {
     static const Labels names{"Taggelder",
                               "*taggelder",
                               "Taggeldleistung*",
                               "indemnités journalières",
                               "indennità giornaliere",
                               "daily allowances"};
-    return std::ranges::any_of(document.pages, [](const PageRows& page) {
+    return std::ranges::any_of(document.pages, [&](const PageRows& page) {
         return std::ranges::any_of(page.rows, [&](const Row& row) {
             const auto name = findLabel(row, names, page.isRecognised);
-            return name && std::ranges::any_of(row.amounts, [&](const RowAmount& amount) {
-                       return amount.amount.isFirm() && amount.first > name->last;
-                   });
+            return name && (!forInsured || isForInsured(row, page.isRecognised))
+                   && std::ranges::any_of(row.amounts, [&](const RowAmount& amount) {
+                          return amount.amount.isFirm() && amount.amount.value >= 1
+                                 && amount.first > name->last;
+                      });
         });
     });
 }
@@ -187,7 +195,18 @@ bool isOfLoss(const DocumentRows& document, const std::string& head) {
                                     return isAnyIn(document.folded, wordsFor(meant));
                                 });
                             });
-    return !isOther && isAnyIn(head, losses()) && statesAllowance(document);
+    // Cures that an insurer pays leave the patient a share; wages are paid on by the employer.
+    const bool isOfCosts = isAnyIn(document.folded, wordsFor(Concept::costSharing));
+    return !isOther && !isOfCosts && isAnyIn(head, losses())
+           && statesAllowance(document, namesEmployer(document));
+}
+
+/// Whether the head of a paper says that it certifies what was paid.
+bool certifiesPayment(const std::string& head) {
+    static const Labels words{
+        "Bescheinigung*", "*bescheinigung", "Bestätigung*",  "ausgerichtet*", "ausbezahlt*",
+        "attestation*",   "versée*",        "attestazione*", "versat*",       "Taggeldabrechnung*"};
+    return isAnyIn(head, words);
 }
 
 } // namespace
@@ -203,7 +222,9 @@ std::optional<Allowance> allowanceOf(const DocumentRows& document) {
         || (isUnemployed
             && (isAnyIn(document.folded, allowances()) || isAnyIn(document.folded, benefits())))
         || isOfLoss(document, head);
-    if (!isAllowance || isAnyIn(head, others())) {
+    static const Labels policies{"Police*", "polizza"}; // or only the number of one
+    if (!isAllowance || isAnyIn(head, others())
+        || (isAnyIn(head, policies) && !certifiesPayment(head))) {
         return std::nullopt;
     }
     return isUnemployed ? Allowance::unemployment : Allowance::dailyAllowance;

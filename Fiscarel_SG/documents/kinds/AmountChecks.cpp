@@ -139,16 +139,23 @@ std::optional<ProposalCheck> columnCheck(const FoundAmount& total) {
                          true};
 }
 
-bool includesAlien(const FoundAmount& total, const Wanted& wanted) {
+Decimal alienIn(const FoundAmount& total, const Wanted& wanted) {
     const PageRows& page = *total.page;
-    return std::ranges::any_of(partsOf(total), [&](const Part& part) {
+    Decimal alien;
+    for (const Part& part : partsOf(total)) {
         const Row& row = page.rows[part.row];
-        return part.value >= 1
-               && (isBarred(row, wanted, page.isRecognised)
-                   || namesMeant(row, wanted.alien, page.isRecognised)
-                   || namesAny(headingOver(page, part.row, part.amount), wanted.alien,
-                               page.isRecognised));
-    });
+        const bool isAlien = part.value >= 1
+                             && (isBarred(row, wanted, page.isRecognised)
+                                 || namesMeant(row, wanted.alien, page.isRecognised)
+                                 || namesAny(headingOver(page, part.row, part.amount), wanted.alien,
+                                             page.isRecognised));
+        alien = isAlien ? alien + part.value : alien;
+    }
+    return alien;
+}
+
+bool includesAlien(const FoundAmount& total, const Wanted& wanted) {
+    return !alienIn(total, wanted).isZero();
 }
 
 bool takesOff(const FoundAmount& total) {

@@ -67,6 +67,8 @@ std::optional<ProposalCheck> columnCheck(const FoundAmount& total);
 /// Whether a total includes what is not wanted: one of the amounts that `columnCheck` adds up, and
 /// that is not taken off, stands in a row with words that bar it or name what is alien.
 bool includesAlien(const FoundAmount& total, const Wanted& wanted);
+/// What these parts come to together; nothing where there are none.
+Decimal alienIn(const FoundAmount& total, const Wanted& wanted);
 
 /// Whether one of the amounts that `columnCheck` adds up is taken off.
 bool takesOff(const FoundAmount& total);

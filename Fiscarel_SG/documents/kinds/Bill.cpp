@@ -321,6 +321,11 @@ class BillMapper {
             checks_.push_back(std::move(*corrected->check));
             return std::move(corrected->found);
         }
+        if (auto gift =
+                target_.kind == Kind::spende ? withoutAlien(total, ownTotals()) : std::nullopt) {
+            checks_.push_back(std::move(*gift->check));
+            return std::move(gift->found);
+        }
         auto bare = withoutReminder(total);
         if (!bare) {
             return total;
@@ -343,7 +348,9 @@ class BillMapper {
                 whole = wholeOfList(context_.document, all.back(), *wanted_);
             }
             if (whole) {
-                checks_.push_back(*whole->check);
+                if (whole->check) {
+                    checks_.push_back(std::move(*whole->check));
+                }
                 return std::move(whole->found);
             }
         }
@@ -351,7 +358,7 @@ class BillMapper {
         for (const FoundAmount& one : all) {
             sum = sum + one.value();
         }
-        static const Wanted pure{{}, {}, true, {}, {}, {meals, membership, tax}};
+        static const Wanted pure{{}, {}, true, {}, {}, {meals, membership, tax, notDeductible}};
         auto whole = totalBelow(all.back());
         const bool isWider = target_.kind == Kind::spende || target_.isShared;
         const bool isWhole = whole

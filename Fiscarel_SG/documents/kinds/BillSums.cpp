@@ -148,6 +148,41 @@ bool isCorrection(const Row& row) {
     return isAnyIn(row.folded, words) && !isAnyIn(row.folded, insurers);
 }
 
+/// A total without a part of it that is something else.
+SummedAmount less(FoundAmount total, const Decimal& others) {
+    const Decimal whole = total.value();
+    total.amount.amount.value = whole - others;
+    ProposalCheck check{"Ohne, was anderes ist: " + shown(whole) + " − " + shown(others) + " = "
+                            + shown(total.value()),
+                        true};
+    return {std::move(total), std::move(check)};
+}
+
+/// What a list comes to without the others in it, where its total is printed with them.
+std::optional<SummedAmount> restOfList(const DocumentRows& document,
+                                       const std::vector<FoundAmount>& list,
+                                       const Decimal& others) {
+    Decimal sum;
+    for (const FoundAmount& one : list) {
+        sum = sum + one.value();
+    }
+    if (list.empty() || sum < 1 || !findSum(document, sum + others)) {
+        return std::nullopt;
+    }
+    FoundAmount whole = list.back();
+    whole.amount.amount.value = sum + others;
+    return less(std::move(whole), others);
+}
+
+/// Whether some rows of a list name donations and others do not, nor does their total.
+bool areMixed(const std::vector<FoundAmount>& list, const FoundAmount& total) {
+    const auto isGift = [](const FoundAmount& one) {
+        return namesAny(one.rowOf(), {Concept::donation}, one.page->isRecognised);
+    };
+    const auto gifts = std::ranges::count_if(list, isGift);
+    return gifts > 0 && gifts < std::ssize(list) && !isGift(total);
+}
+
 } // namespace
 
 std::optional<SummedAmount> wholeOfParts(const DocumentRows& document,
@@ -190,6 +225,7 @@ std::optional<SummedAmount> wholeOfList(const DocumentRows& document, const Foun
                                         const Wanted& wanted) {
     const PageRows& page = *part.page;
     std::vector<FoundAmount> list;
+    Decimal others; // what the list names that is no part of it
     const auto goesOn = [&](std::size_t at) {
         const Row& row = page.rows[at];
         const RowAmount* amount = lastFirm(row);
@@ -197,8 +233,11 @@ std::optional<SummedAmount> wholeOfList(const DocumentRows& document, const Foun
             || namesAny(row, {Concept::total}, page.isRecognised)) {
             return false;
         }
-        if (!isBarred(row, wanted, page.isRecognised)
-            && !namesAny(row, wanted.alien, page.isRecognised)) {
+        if (isBarred(row, wanted, page.isRecognised)
+            || namesAny(row, wanted.alien, page.isRecognised)
+            || namesAny(row, {Concept::notDeductible}, page.isRecognised)) {
+            others = others + amount->amount.value;
+        } else {
             list.push_back(foundIn(page, at, *amount));
         }
         return true;
@@ -209,7 +248,17 @@ std::optional<SummedAmount> wholeOfList(const DocumentRows& document, const Foun
     }
     for (std::size_t at = part.row; page.number != 0 && at < page.rows.size() && goesOn(at); ++at) {
     }
-    return wholeOfParts(document, list);
+    auto whole = wholeOfParts(document, list);
+    if (whole && areMixed(list, whole->found)) {
+        whole->check.reset(); // the others may have bought something
+    }
+    return whole || others.isZero() ? std::move(whole) : restOfList(document, list, others);
+}
+
+std::optional<SummedAmount> withoutAlien(const FoundAmount& total, const Wanted& wanted) {
+    const Decimal alien = alienIn(total, wanted);
+    const bool isPart = alien >= 1 && total.value() - alien >= 1;
+    return isPart ? std::optional(less(total, alien)) : std::nullopt;
 }
 
 std::optional<SummedAmount> withoutPart(const DocumentRows& document, const FoundAmount& total,

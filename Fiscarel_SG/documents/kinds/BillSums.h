@@ -33,6 +33,10 @@ std::optional<SummedAmount> wholeOfList(const DocumentRows& document, const Foun
 /// more, or they follow each other as in a list.
 std::vector<taxcore::Date> daysBelow(const std::vector<FoundAmount>& all);
 
+/// A total that is the sum of its column without those of its parts that are something else; absent
+/// where it has none.
+std::optional<SummedAmount> withoutAlien(const FoundAmount& total, const Wanted& wanted);
+
 /// What remains of a total without a part of it that is told apart, where that is printed.
 std::optional<SummedAmount> withoutPart(const DocumentRows& document, const FoundAmount& total,
                                         const Decimal& part);

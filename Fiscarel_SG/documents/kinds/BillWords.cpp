@@ -187,8 +187,8 @@ const Wanted& ownBillTotals(Kind kind, bool areFeesGiven) {
                                    {total, paid},
                                    {donation},
                                    {amount, total}},
-                                  {other, possible, tax, membership, limit},
-                                  {tax, membership}};
+                                  {other, possible, tax, membership, limit, notDeductible},
+                                  {tax, membership, notDeductible}};
     static const Wanted givenToParties{
         {}, donations.without, true, donations.meanings, {other, limit, tax}, {tax}};
     static const Wanted daycare{{},

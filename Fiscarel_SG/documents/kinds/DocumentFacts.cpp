@@ -4,6 +4,7 @@
 #include "Fiscarel_SG/documents/kinds/LetterHead.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
 #include "Fiscarel_SG/documents/text/Digits.h"
+#include "Fiscarel_SG/documents/text/FoldedText.h"
 
 #include <algorithm>
 #include <map>
@@ -233,7 +234,9 @@ void readPerson(const PageRows& page, DocumentFacts& facts) {
             }
             const std::string text =
                 count == 0 ? std::string() : textBetween(row, first, first + count - 1);
-            if (text.size() > 4 && count <= 5 && startsWithCapital(text)) {
+            static const Labels things{"*lohn", "*verdienst*", "*salär", "*gehalt", "*summe"};
+            if (text.size() > 4 && count <= 5 && startsWithCapital(text)
+                && !isAnyIn(foldWords(text), things)) {
                 facts.person = placedText(page, {&row, first, first + count - 1});
                 while (facts.person.text.ends_with(',')) {
                     facts.person.text.pop_back();

@@ -204,6 +204,14 @@ bool isCell(const Row& row, std::size_t word) {
         cells, [&](const LabelPlace& cell) { return cell.first == word && cell.last == word; });
 }
 
+/// Whether a number and the word behind it, or below it where its row ends, count months or days.
+bool countsUnits(const PageRows& page, const Row& row, std::size_t word) {
+    const auto next = static_cast<std::size_t>(&row - page.rows.data()) + 1;
+    const bool isLast = word + 1 == row.words.size();
+    return isLast && next < page.rows.size()
+           && isAnyIn(page.rows[next].words.front().folded, units());
+}
+
 /// Numbers that count months or days: "12 ×", "(3 Monate)", "26 Tage zu", or in a column below
 /// such a word; other numbers ("für 2 Kinder") count something else.
 std::set<int> unitCounts(const DocumentRows& document) {
@@ -233,7 +241,7 @@ std::set<int> unitCounts(const DocumentRows& document) {
                                               return one.text.find("×") != std::string::npos;
                                           });
                 const bool isInColumn = areTold && count && hasFirmAmount(row) && isCell(row, i);
-                if (count && (isOfMonths || isProduct || isInColumn)) {
+                if (count && (isOfMonths || isProduct || isInColumn || countsUnits(page, row, i))) {
                     counts.insert(*count);
                 }
             }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Fiscarel_SG/documents/ProposalDraft.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
 
 namespace fiscarel {
@@ -17,10 +18,15 @@ bool saysTaxed(const Row& words, bool isRecognised);
 const Labels& noPension();
 /// Who gets the allowances of those whom he goes on paying.
 const Labels& employers();
+/// Whether one is named, and not only to say that he got nothing.
+bool namesEmployer(const DocumentRows& document);
 /// What stands on papers on allowances and is none that the insured got: what went to the employer,
 /// and what the allowance is computed from.
 const Labels& noAllowance();
 
+/// Whether a paper says that something began within a year, after its first day: "ab 1.7.2025",
+/// "Beginn 1. Juli 2025".
+bool beginsWithin(const DocumentRows& document, int year);
 /// Whether words tell of a time that begins after a year: "dès 2025", "ab Januar 2025".
 bool beginsAfter(const Row& words, int year);
 

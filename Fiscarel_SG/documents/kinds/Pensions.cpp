@@ -116,7 +116,18 @@ bool isOfTheState(const DocumentRows& document) {
         title += isTop ? row.folded + ' ' : "";
         isNamed |= isTop && namesStatePension(row.folded);
     }
-    return (isNamed || isAnyIn(title, state)) && !isAnyIn(title, funds);
+    static const Labels named{"Alters- und Hinterlassenenversicherung",
+                              "Alters und Hinterlassenenversicherung",
+                              "assurance-vieillesse et survivants",
+                              "assicurazione vecchiaia e superstiti",
+                              "1. Säule",
+                              "erste Säule",
+                              "1er pilier",
+                              "premier pilier",
+                              "1° pilastro",
+                              "primo pilastro"};
+    return (isNamed || isAnyIn(title, state) || isAnyIn(document.folded, named))
+           && !isAnyIn(title, funds);
 }
 
 /// Where the amount of a benefit goes.
@@ -141,18 +152,35 @@ class BenefitPaper {
         for (PensionAmount& one : amounts_) {
             one.isBarred |= context.facts.year && beginsAfter(one.words, *context.facts.year);
         }
+        hasBegun_ = context.facts.year && beginsWithin(context.document, *context.facts.year);
+        if (hasBegun_) {
+            barWholeYears();
+        }
     }
 
     bool proposePension(bool isProvenOnly) {
         return put(pensionsInColumns(context_.document, people_, amounts_)) || proposePeople()
                || proposeBlocks() || proposeTold() || proposeProven() || proposeForTax()
-               || (!isProvenOnly && proposeNamed());
+               || proposePaid() || (!isProvenOnly && proposeNamed());
     }
 
     bool proposeAllowances() { return proposeProven() || proposeForTax(); }
 
   private:
     using Parts = std::vector<std::pair<NamedPerson, const PensionAmount*>>;
+
+    /// Twelve times what was paid for some months only was not paid.
+    void barWholeYears() {
+        std::set<Decimal> years;
+        for (const PensionAmount& one : amounts_) {
+            if (one.months == 12) {
+                years.insert(one.found.value());
+            }
+        }
+        for (PensionAmount& one : amounts_) {
+            one.isBarred |= years.contains(one.found.value());
+        }
+    }
 
     /// A couple's pensions, a row each.
     bool proposePeople() {
@@ -316,6 +344,24 @@ class BenefitPaper {
         return true;
     }
 
+    /// Of a pension that began within the year the only amount said to be paid.
+    bool proposePaid() {
+        if (!hasBegun_) {
+            return false;
+        }
+        std::vector<const PensionAmount*> said;
+        for (const PensionAmount& one : amounts_) {
+            if (one.canBePension() && namesAny(one.words, {paid}, one.found.page->isRecognised)) {
+                said.push_back(&one);
+            }
+        }
+        if (said.size() == 1) {
+            put(addRecord(*said[0], {}), *said[0],
+                isOfSeveral(*said[0]) ? Confidence::low : Confidence::medium);
+        }
+        return said.size() == 1;
+    }
+
     /// What some months prove may be a part of the year: then a larger amount counts that says
     /// so.
     const PensionAmount* largerThan(const PensionAmount& proven,
@@ -335,8 +381,8 @@ class BenefitPaper {
     /// Whether an amount may be that of a couple, or hold what an employer got.
     bool isOfSeveral(const PensionAmount& one) const {
         static const Labels couples{"Ehepaar*", "Ehegatten", "époux", "couple", "coniugi"};
-        const bool isShared = benefit_ == Benefit::allowances && !one.isForTax
-                              && isAnyIn(context_.document.folded, employers());
+        const bool isShared =
+            benefit_ == Benefit::allowances && !one.isForTax && namesEmployer(context_.document);
         return isShared || people_.born().size() >= 2 || areSideBySide()
                || findLabel(one.words, couples, one.found.page->isRecognised);
     }
@@ -426,6 +472,9 @@ class BenefitPaper {
         evidence.confidence = most == Confidence::high && isSure
                                   ? Confidence::high
                                   : std::max({evidence.confidence, most, Confidence::medium});
+        if (most == Confidence::low) { // the figures hold, but not for whom they are
+            evidence.checks.clear();
+        }
         if (one.found.isBelow) {
             evidence.reason = "Steht so im Text.";
         }
@@ -450,6 +499,7 @@ class BenefitPaper {
     People people_;
     const BenefitTarget& target_;
     Benefit benefit_;
+    bool hasBegun_ = false; ///< within the year
 };
 
 } // namespace

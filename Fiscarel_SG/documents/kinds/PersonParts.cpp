@@ -91,22 +91,25 @@ class Search {
                    && namesAny(row, wanted_.notMeant, isRecognised));
     }
 
-    static bool isMeals(const PageRows& page, std::size_t at, const RowAmount& amount) {
-        return namesAny(headingOver(page, at, amount), {Concept::meals}, page.isRecognised);
+    /// Whether an amount's column is headed by what is not deductible, or what a place costs once.
+    static bool isAside(const PageRows& page, std::size_t at, const RowAmount& amount) {
+        static const std::vector<Concept> asides{Concept::meals, Concept::membership,
+                                                 Concept::notDeductible};
+        return namesAny(headingOver(page, at, amount), asides, page.isRecognised);
     }
 
-    static bool hasMeals(const PageRows& page, std::size_t at) {
+    static bool hasAsides(const PageRows& page, std::size_t at) {
         return std::ranges::any_of(page.rows[at].amounts, [&](const RowAmount& amount) {
-            return isMeals(page, at, amount);
+            return isAside(page, at, amount);
         });
     }
 
-    /// The only amount of a row beside that for meals and their sum; null when there are more.
-    static const RowAmount* besideMeals(const PageRows& page, std::size_t at,
-                                        const RowAmount& sum) {
+    /// The only amount of a row beside asides and, if told, their sum; null when there are more.
+    static const RowAmount* besideAsides(const PageRows& page, std::size_t at,
+                                         const RowAmount* sum) {
         const RowAmount* only = nullptr;
         for (const RowAmount& amount : page.rows[at].amounts) {
-            if (&amount == &sum || !isWorthy(amount) || isMeals(page, at, amount)) {
+            if (&amount == sum || !isWorthy(amount) || isAside(page, at, amount)) {
                 continue;
             }
             if (only != nullptr) {
@@ -130,8 +133,8 @@ class Search {
                 }
                 const RowAmount* rest = restOfRow(row);
                 const RowAmount* sum = rest != nullptr ? rest : sumOfRow(row);
-                if (rest == nullptr && sum != nullptr && hasMeals(page, at)) {
-                    sum = besideMeals(page, at, *sum);
+                if (rest == nullptr && hasAsides(page, at)) {
+                    sum = besideAsides(page, at, sum);
                     if (sum == nullptr) {
                         continue; // which part is wanted is not clear
                     }
@@ -351,9 +354,6 @@ class Search {
     /// The only amount a total has beside those for meals above it, or which are told not to be
     /// deductible; absent where several make it up with them.
     static std::optional<FoundAmount> withoutMeals(const RowRange& above, FoundAmount total) {
-        static const Labels barred{"nicht abzugsfähig*", "nicht abziehbar*", "nicht abzb*",
-                                   "non déductible*",    "pas déductible*",  "non deducib*",
-                                   "not deductible"};
         const bool isRecognised = above.page->isRecognised;
         std::vector<FoundAmount> parts;
         Decimal meals;
@@ -363,8 +363,7 @@ class Search {
                 continue;
             }
             const RowAmount& last = row.amounts.back();
-            if (namesAny(row, {Concept::meals}, isRecognised)
-                || findLabel(row, barred, isRecognised)) {
+            if (namesAny(row, {Concept::meals, Concept::notDeductible}, isRecognised)) {
                 meals = meals + last.amount.value;
             } else {
                 const std::size_t end = last.first == 0 ? 0 : last.first - 1;

@@ -38,7 +38,8 @@ const Wanted& grossPremiums() {
 /// A total that does not say of what.
 const Wanted& plainTotals() {
     static const Wanted wanted{{"Total", "Totale", "Gesamttotal", "Total général", "Summe"},
-                               {"netto", "nettes", "netti", "nach", "net"},
+                               {"netto", "nettes", "netti", "nach", "net", "*rechnungen",
+                                "Rechnungen", "factures", "fatture"},
                                false,
                                {{total, amount}, {total}},
                                {net, reduction, costSharing, other, benefit, refunded}};

@@ -22,10 +22,10 @@ namespace {
 
 const Labels& parcelLabels() {
     static const Labels labels{
-        "Grundstück Nr.", "Grundstück-Nr.", "Grundstücknummer", "Grundstück",
-        "Parzelle Nr.",   "Parzellen-Nr.",  "Parzellennummer",  "Parzelle",
-        "Kataster-Nr.",   "Parcelle n°",    "Parcelle",         "Bien-fonds n°",
-        "Particella n.",  "Particella",     "Mappale",          "Fondo n."};
+        "Grundstück Nr.", "Grundstück-Nr.",  "Grundstücknummer", "Grundstück",   "Parzelle Nr.",
+        "Parzellen-Nr.",  "Parzellennummer", "Parzelle",         "Kataster-Nr.", "Parcelle n°",
+        "Parcelle",       "Bien-fonds n°",   "Particella n.",    "Particella",   "Mappale",
+        "Fondo n.",       "Parzellen"};
     return labels;
 }
 
@@ -61,7 +61,8 @@ std::optional<Run> valueFrom(const PageRows& page, const Row& row, std::size_t f
     std::size_t last = first;
     while (last < run.last) {
         const std::string_view next = row.words[last + 1].text;
-        const bool isLabel = next.ends_with(':') || next.starts_with('(');
+        const bool isLabel =
+            next.ends_with(':') || next.starts_with('(') || row.words[last + 1].folded.empty();
         if (row.words[last].text.ends_with(',') || isLabel
             || (named == Named::place && (hasDigit(next) || !startsWithCapital(next)))) {
             break;
@@ -157,9 +158,13 @@ void splitTables(const DocumentRows& document, std::vector<DocumentRows>& parts)
             if (!label || cellsOf(heading).size() < 3 || hasFirmAmount(heading)) {
                 continue;
             }
-            for (std::size_t below = at + 1; below < page.rows.size(); ++below) {
+            std::size_t end = at + 1; // headings may go on in further rows
+            while (end < page.rows.size() && !hasFirmAmount(page.rows[end])) {
+                ++end;
+            }
+            for (std::size_t below = end; below < page.rows.size(); ++below) {
                 if (hasFirmAmount(page.rows[below]) && standsUnder(page.rows[below], *label)) {
-                    PageRows own = headOf(page, at + 1);
+                    PageRows own = headOf(page, end);
                     own.rows.push_back(page.rows[below]);
                     parts.push_back(documentOf(document, std::move(own)));
                 }

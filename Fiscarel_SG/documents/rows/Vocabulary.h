@@ -61,6 +61,7 @@ enum class Concept {
     account,
     medical,
     deductible, ///< what the tax law lets one deduct
+    notDeductible,
     meals,
     limit,      ///< how much the law allows at most
     tax,        ///< what a parish or commune raises
