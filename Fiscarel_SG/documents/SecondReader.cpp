@@ -161,7 +161,8 @@ void proposeByKind(const KindContext& context, ProposalDraft& draft) {
     case Kind::versicherung:
     case Kind::liegenschaft:
         if (context.kind == Kind::liegenschaft
-            && (isPropertyAccount(context.document) || hasDeductibleColumn(context.document))
+            && (isPropertyAccount(context.document) || hasDeductibleColumn(context.document)
+                || (isRepairBill(context.document) && tellsDeductibleUpkeep(context.document)))
             && proposeManagement(context, draft)) {
             break;
         }
@@ -320,7 +321,8 @@ KindVerdict verdictOf(const DocumentRows& document, const WageReading& wages, bo
         return {.kind = Kind::lohnausweis, .isClear = true};
     }
     const bool isNothing = !verdict.kind || (verdict.kind == Kind::anderes && hasBill);
-    if (isNothing && isRepairBill(document)) {
+    const bool isForTax = verdict.kind == Kind::anderes && tellsDeductibleUpkeep(document);
+    if ((isNothing || isForTax) && isRepairBill(document)) {
         return {.kind = Kind::liegenschaft};
     }
     if (!verdict.isClear && verdict.kind != Kind::bankauszug && verdict.kind != Kind::steuerauszug

@@ -56,6 +56,15 @@ const std::vector<KindExclusion>& kindExclusions() {
          30,
          certificates,
          always},
+        // What one parent pays the other for the children is no day care.
+        {{{"Unterhaltszahlung*", "Unterhaltsbeitr*", "Alimente*", "pension alimentaire",
+           "contributions d'entretien", "contribution d'entretien", "alimenti",
+           "contributi di mantenimento", "contributo di mantenimento"},
+          {"Scheidung*", "geschieden*", "Trennung*", "*urteil", "Unterhaltsvertrag*", "divorce",
+           "jugement", "séparation", "divorzio", "sentenza", "separazione"}},
+         30,
+         {"*betreuung*", "Kita*", "crèche*", "asilo*"},
+         always},
         // A parish thanks for its taxes as others do for gifts.
         {{{"*steuer", "*steuern", "impôt*", "imposta", "imposte", "church tax"},
           {"Steuerfuss", "*steuerfuss*", "einfache Steuer", "Ausgleichssteuer*", "Steuereinheit*",

@@ -48,8 +48,9 @@ struct KindExclusion {
 };
 
 /// Annexes on employee shares, tax returns, assessments and tax bills, payslips, offers, insurances
-/// of things, what benefits are computed from or change to, shop receipts, plans for years to come,
-/// orders at an exchange, invitations, reminders of loans, leases.
+/// of things, what benefits are computed from or change to, what parents pay each other, shop
+/// receipts, plans for years to come, orders at an exchange, invitations, reminders of loans,
+/// leases.
 const std::vector<KindExclusion>& kindExclusions();
 
 /// By what a paper says itself that it certifies nothing.

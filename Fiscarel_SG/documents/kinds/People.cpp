@@ -280,6 +280,23 @@ std::optional<NamedPerson> nameOfAmount(const Row& row) {
     return name && !namesThing(row, *name) ? name : std::nullopt;
 }
 
+/// The name that is all a row's first cell says where amounts follow below, as that of a child over
+/// its costs.
+std::optional<NamedPerson> nameOverAmounts(const PageRows& page, std::size_t at) {
+    constexpr std::size_t farthest = 3;
+    const Row& row = page.rows[at];
+    const auto cells = cellsOf(row);
+    if (cells.empty() || cells.front().last != cells.front().first + 1 || hasFirmAmount(row)) {
+        return std::nullopt;
+    }
+    const auto first = page.rows.begin() + static_cast<std::ptrdiff_t>(at) + 1;
+    const auto count = std::min(farthest, page.rows.size() - at - 1);
+    const bool headsAmounts = std::any_of(first, first + static_cast<std::ptrdiff_t>(count),
+                                          [](const Row& below) { return hasFirmAmount(below); });
+    auto name = headsAmounts ? nameAt(row, cells.front().first) : std::nullopt;
+    return name && !namesThing(row, *name) ? name : std::nullopt;
+}
+
 /// Whom the cells of a row name behind the word for whose contract or account it is:
 /// "Stipulante: Anna Muster   Stipulante: Beat Muster".
 std::vector<NamedPerson> holdersIn(const Row& row) {
@@ -316,9 +333,13 @@ People::People(const DocumentRows& document) {
     std::map<std::string, std::set<std::string>> inTables; // first names by family
     for (const PageRows& page : document.pages) {
         const Row* above = nullptr;
-        for (const Row& row : page.rows) {
+        for (std::size_t at = 0; at < page.rows.size(); ++at) {
+            const Row& row = page.rows[at];
             look(row, above);
             above = &row;
+            if (const auto name = nameOverAmounts(page, at)) {
+                inTables[row.words[name->last].folded].insert(row.words[name->first].folded);
+            }
             if (const auto name = nameOfAmount(row)) {
                 inTables[row.words[name->last].folded].insert(row.words[name->first].folded);
             }

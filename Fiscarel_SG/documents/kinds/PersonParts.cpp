@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/kinds/RowSums.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
 
 #include <algorithm>
 #include <array>
@@ -328,8 +329,11 @@ class Search {
             for (std::size_t i = 0; i < starts.size(); ++i) {
                 const bool isLast = i + 1 == starts.size();
                 const std::size_t end = isLast ? page.rows.size() : starts[i + 1].first;
-                auto hit = findFirst({RowRange{&page, starts[i].first, end}}, wanted_);
-                if (hit && isLast) {
+                const RowRange block{&page, starts[i].first, end};
+                auto hit = parts.empty() ? std::nullopt : likewise(block, parts.front().found);
+                const bool isLike = hit.has_value();
+                hit = isLike ? std::move(hit) : findFirst({block}, wanted_);
+                if (hit && isLast && !isLike) {
                     hit = withoutCommonTotal(page, starts[i].first, std::move(*hit), parts);
                 }
                 if (hit && hit->value() >= 1) {
@@ -339,6 +343,32 @@ class Search {
             }
         }
         return areDistinct(parts) ? withoutMeals(parts, blocks) : Parts();
+    }
+
+    /// The words of a row but for its numbers.
+    static std::string lettersOf(const Row& row) {
+        std::string letters;
+        for (const RowWord& word : row.words) {
+            letters += hasDigit(word.text) ? std::string() : word.folded + ' ';
+        }
+        return letters;
+    }
+
+    /// The amount in a row of the same words as where another person's was found.
+    static std::optional<FoundAmount> likewise(const RowRange& block, const FoundAmount& other) {
+        const std::string words = lettersOf(other.rowOf());
+        for (std::size_t at = block.first; at < block.end; ++at) {
+            const Row& row = block.page->rows[at];
+            if (!row.amounts.empty() && isWorthy(row.amounts.back()) && !other.isBelow
+                && lettersOf(row) == words) {
+                FoundAmount found = other;
+                found.page = block.page;
+                found.row = at;
+                found.amount = row.amounts.back();
+                return found;
+            }
+        }
+        return std::nullopt;
     }
 
     static Parts withoutMeals(const Parts& parts, const std::vector<RowRange>& blocks) {

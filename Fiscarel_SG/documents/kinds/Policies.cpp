@@ -126,7 +126,8 @@ std::vector<Policy> policiesOfColumns(const DocumentRows& document, std::deque<P
             std::vector<LabelPlace> columns;
             for (const LabelPlace& cell : cellsOf(row)) {
                 std::string text = textBetween(row, cell.first, cell.last);
-                if (label && cell.first > label->last && isNumber(text)) {
+                const bool isDay = parseDay(row.words[cell.last].text).has_value();
+                if (label && cell.first > label->last && isNumber(text) && !isDay) {
                     policies.push_back({std::move(text), {}});
                     columns.push_back(cell);
                 }

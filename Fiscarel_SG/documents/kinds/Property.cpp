@@ -81,9 +81,13 @@ std::optional<Run> valueBelow(const PageRows& page, std::size_t at, const LabelP
     if (!isHeading) {
         return std::nullopt;
     }
-    const Row& below = page.rows[at + 1];
-    const auto cells = cellsOf(below);
     const auto heads = cellsOf(page.rows[at]);
+    const bool isTwoLines = at + 2 < page.rows.size() && heads.size() > 2
+                            && std::ranges::any_of(cellsOf(page.rows[at]), [&](const auto& head) {
+                                   return page.rows[at].words[head.last].text.ends_with('-');
+                               });
+    const Row& below = page.rows[at + (isTwoLines ? 2 : 1)];
+    const auto cells = cellsOf(below);
     const bool isTable =
         heads.size() > 2 || std::ranges::all_of(heads, [&](const LabelPlace& head) {
             return std::ranges::any_of(cells, [&](const LabelPlace& cell) {

@@ -18,6 +18,9 @@ bool proposeManagement(const KindContext& context, ProposalDraft& draft);
 /// against what adds value (DBG Art. 32 Abs. 2, Art. 34 lit. d).
 bool hasDeductibleColumn(const DocumentRows& document);
 
+/// Whether a paper tells, anywhere, one amount of upkeep that may be deducted.
+bool tellsDeductibleUpkeep(const DocumentRows& document);
+
 /// What a document tells of each of several parcels, as a document of its own: the columns or rows
 /// of a table, or from the number of one to that of the next. Empty when there are not several.
 std::vector<DocumentRows> parcelsOf(const DocumentRows& document);

@@ -97,6 +97,10 @@ bool hasDeductibleColumn(const DocumentRows& document) {
     return columnTotal(document, deductibleUpkeep()).has_value();
 }
 
+bool tellsDeductibleUpkeep(const DocumentRows& document) {
+    return findOne(document, deductibleUpkeep()).has_value();
+}
+
 bool proposeManagement(const KindContext& context, ProposalDraft& draft) {
     const DocumentRows document = withoutExclusions(context.document);
     const auto rent = findOne(document, rents());
