@@ -321,8 +321,8 @@ KindVerdict verdictOf(const DocumentRows& document, const WageReading& wages, bo
         return {.kind = Kind::lohnausweis, .isClear = true};
     }
     const bool isNothing = !verdict.kind || (verdict.kind == Kind::anderes && hasBill);
-    const bool isForTax = verdict.kind == Kind::anderes && tellsDeductibleUpkeep(document);
-    if ((isNothing || isForTax) && isRepairBill(document)) {
+    const bool isOpen = isNothing || verdict.kind == Kind::anderes || !verdict.isClear;
+    if (isOpen && isRepairBill(document) && (isNothing || tellsDeductibleUpkeep(document))) {
         return {.kind = Kind::liegenschaft};
     }
     if (!verdict.isClear && verdict.kind != Kind::bankauszug && verdict.kind != Kind::steuerauszug

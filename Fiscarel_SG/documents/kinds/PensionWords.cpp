@@ -142,23 +142,22 @@ bool beginsWithin(const DocumentRows& document, int year) {
     static const Labels from{"ab",       "seit",   "Beginn", "*beginn",   "dès",
                              "à partir", "depuis", "début",  "a partire", "dal",
                              "inizio",   "from",   "since",  "decorrenza"};
-    constexpr std::size_t farthest = 4; // "dès le 1er juillet 2025"
-    const auto isWithin = [&](const Row& row, std::size_t word) {
+    constexpr std::size_t farthest = 3; // "dès le 1er juillet 2025"
+    const auto dayAt = [](const Row& row, std::size_t word) {
         const auto text = [&](std::size_t at) {
             return at < row.words.size() ? std::string_view(row.words[at].text)
                                          : std::string_view();
         };
-        auto day = parseDay(text(word));
-        day = day ? day : parseDay(text(word), text(word + 1), text(word + 2));
-        return day && day->year() == year && (day->month() != 1 || day->day() != 1);
+        const auto day = parseDay(text(word));
+        return day ? day : parseDay(text(word), text(word + 1), text(word + 2));
     };
     return std::ranges::any_of(document.pages, [&](const PageRows& page) {
         return std::ranges::any_of(page.rows, [&](const Row& row) {
             const auto begin = findLabel(row, from, page.isRecognised);
-            for (std::size_t i = begin ? begin->last + 1 : row.words.size();
-                 i < std::min(row.words.size(), begin ? begin->last + farthest : 0); ++i) {
-                if (isWithin(row, i)) {
-                    return true;
+            const std::size_t first = begin ? begin->last + 1 : row.words.size();
+            for (std::size_t i = first; i < std::min(row.words.size(), first + farthest); ++i) {
+                if (const auto day = dayAt(row, i)) {
+                    return day->year() == year && (day->month() != 1 || day->day() != 1);
                 }
             }
             return false;

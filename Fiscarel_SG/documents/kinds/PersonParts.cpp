@@ -354,17 +354,20 @@ class Search {
         return letters;
     }
 
-    /// The amount in a row of the same words as where another person's was found.
+    /// The only amount of a row of the same words as where another person's was found.
     static std::optional<FoundAmount> likewise(const RowRange& block, const FoundAmount& other) {
         const std::string words = lettersOf(other.rowOf());
+        if (std::ranges::count_if(other.rowOf().amounts, isWorthy) != 1) {
+            return std::nullopt;
+        }
         for (std::size_t at = block.first; at < block.end; ++at) {
             const Row& row = block.page->rows[at];
-            if (!row.amounts.empty() && isWorthy(row.amounts.back()) && !other.isBelow
+            if (std::ranges::count_if(row.amounts, isWorthy) == 1 && !other.isBelow
                 && lettersOf(row) == words) {
                 FoundAmount found = other;
                 found.page = block.page;
                 found.row = at;
-                found.amount = row.amounts.back();
+                found.amount = *std::ranges::find_if(row.amounts, isWorthy);
                 return found;
             }
         }

@@ -199,7 +199,11 @@ void SecurityList::settleIncome() {
     };
     // One income alone is printed anyway, and proves nothing.
     const bool isSummed = incomesOf(Stated::withTax) >= 2 || incomesOf(Stated::withoutTax) >= 2;
-    if (isSummed && holds(Stated::withTax) && holds(Stated::withoutTax)) {
+    const bool isProven = isSummed && holds(Stated::withTax) && holds(Stated::withoutTax);
+    // The one total of a column says nothing of tax: a Swiss debtor's repaid capital is free of it.
+    isTaxAssumed_ =
+        incomesOf(Stated::withTax) > 0 && (!isProven || incomesOf(Stated::withoutTax) == 0);
+    if (isProven || isTaxAssumed_) {
         all = std::move(settled.all);
     }
 }
@@ -279,6 +283,11 @@ void SecurityList::addAmount(int record, const char* field, const Security& secu
             held.push_back(*check);
         }
     }
+    const bool isDoubtful =
+        isTaxAssumed_ && !taxCheck() && (stated == Stated::withTax || stated == Stated::withoutTax);
+    if (isDoubtful) {
+        held.clear();
+    }
     const bool isProven = !held.empty();
     static const Wanted specific{{}, {}, true};
     Evidence evidence = evidenceOf(*found, specific, context_.isKindClear, std::move(held));
@@ -287,6 +296,10 @@ void SecurityList::addAmount(int record, const char* field, const Security& secu
     } else if (isProven && stated == Stated::quantity && context_.isKindClear
                && !page_.isRecognised) {
         evidence.confidence = Confidence::high; // pieces are whole numbers
+    }
+    if (isDoubtful) {
+        evidence.confidence = Confidence::low;
+        evidence.reason += " Ob Verrechnungssteuer abgezogen wurde, steht nicht da: bitte prüfen.";
     }
     draft.add(record, field, found->value(), std::move(evidence));
 }

@@ -68,8 +68,8 @@ class SecurityList {
     /// Puts income where the tax that was kept back of it, or that there was none, says.
     void settleByTax();
     /// Puts income that no words tell the tax of where it belongs: that of a Swiss debtor is taxed
-    /// at source (VStG Art. 4), interest only above 200 francs. Kept only where the page prints
-    /// what both come to. Where the tax itself is stated, it tells.
+    /// at source (VStG Art. 4), interest only above 200 francs. Sure only where the page prints
+    /// what both come to, each for itself. Where the tax itself is stated, it tells.
     void settleIncome();
     void propose(ProposalDraft& draft) const;
 
@@ -84,6 +84,7 @@ class SecurityList {
 
     const KindContext& context_;
     const PageRows& page_;
+    bool isTaxAssumed_ = false; ///< of incomes, by their debtors alone
 };
 
 } // namespace fiscarel
