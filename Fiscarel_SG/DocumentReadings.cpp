@@ -23,6 +23,9 @@ const StoredDocument* find(const AppStore& store, const Uuid& id) {
     return found == store.documents().end() ? nullptr : &*found;
 }
 
+/// Whether nothing of a document could be read.
+bool hasFailed(const ScanResult& result) { return result.problem && result.text.empty(); }
+
 } // namespace
 
 DocumentReadings::DocumentReadings(AppStore& store, ScanCache& cache, Scan scan, QObject* parent)
@@ -90,15 +93,21 @@ DocumentReadings::Outcome DocumentReadings::work(const std::filesystem::path& fi
     if (!again && outcome.hash) {
         outcome.result = cache_.find(*outcome.hash);
     }
-    if (!outcome.result && !options.stop.stop_requested()) {
+    // What failed altogether may work another time; until then it is kept why.
+    if ((!outcome.result || hasFailed(*outcome.result)) && !options.stop.stop_requested()) {
         outcome.result = scan_(file, options);
-        // What failed altogether may work another time.
-        const bool hasContent = !outcome.result->problem || !outcome.result->text.empty();
-        if (outcome.hash && !options.stop.stop_requested() && hasContent) {
+        const bool isKept = outcome.hash && !options.stop.stop_requested();
+        if (isKept && (!hasFailed(*outcome.result) || !hasContent(*outcome.hash))) {
             cache_.keep(*outcome.hash, *outcome.result);
         }
     }
     return outcome;
+}
+
+/// Whether an earlier reading that worked is kept. Off the main thread.
+bool DocumentReadings::hasContent(const std::string& hash) {
+    const auto before = cache_.find(hash);
+    return before && !hasFailed(*before);
 }
 
 void DocumentReadings::proceeded(const Uuid& id, int number, int page, int pages) {

@@ -90,6 +90,7 @@ class DocumentReadings final : public QObject {
 
     void start(const Uuid& id, bool again);
     Outcome work(const std::filesystem::path& file, const ReadingOptions& options, bool again);
+    bool hasContent(const std::string& hash);
     void proceeded(const Uuid& id, int number, int page, int pages);
     void finished(const Uuid& id, int number, Outcome outcome);
     void attach(const Uuid& id, const ScanResult& result);

@@ -64,7 +64,10 @@ void ProposalDraft::addTrue(int record, std::string field, Evidence evidence) {
     put(record, std::move(field), "true", std::move(evidence));
 }
 
-std::string shown(const Decimal& amount) { return taxcore::MoneyFormat::chf(amount, 2, false); }
+std::string shown(const Decimal& amount) {
+    const std::string digits = taxcore::MoneyFormat::chf(amount.abs(), 2, false);
+    return amount.roundPlain(2).isNegative() ? "−" + digits : digits;
+}
 
 std::string isoDay(const taxcore::Date& day) { return day.toString().substr(0, 10); }
 

@@ -6,6 +6,7 @@
 #include <array>
 #include <iterator>
 #include <string_view>
+#include <utility>
 
 namespace fiscarel {
 
@@ -101,6 +102,20 @@ std::string sourceName(const ScanResult& scan, std::size_t record) {
     return {};
 }
 
+namespace {
+
+/// Who made the document out, as its proposals say.
+std::optional<std::string> firstSource(const ScanResult& scan) {
+    for (std::size_t record = 0; record < scan.records.size(); ++record) {
+        if (std::string name = sourceName(scan, record); !name.empty()) {
+            return name;
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
 StoredDocument::Kind firstKind(const StoredDocument& document, const ScanResult& scan) {
     return !document.isApplied && document.kind == scan.kind
                ? scan.proposedKind.value_or(document.kind)
@@ -108,12 +123,16 @@ StoredDocument::Kind firstKind(const StoredDocument& document, const ScanResult&
 }
 
 std::optional<std::string> issuerName(const ScanResult& scan) {
-    for (std::size_t record = 0; record < scan.records.size(); ++record) {
-        if (std::string name = sourceName(scan, record); !name.empty()) {
-            return name;
-        }
-    }
-    return scan.issuer;
+    auto name = firstSource(scan);
+    return name ? std::move(name) : scan.issuer;
+}
+
+std::string titleFor(StoredDocument::Kind kind, const ScanResult& scan) {
+    constexpr std::size_t leastName = 3; // a legal form alone is none
+    const auto source = firstSource(scan);
+    return source && source->size() >= leastName && kind != StoredDocument::Kind::anderes
+               ? std::string(taxcore::label(kind)) + " – " + *source
+               : std::string();
 }
 
 } // namespace fiscarel

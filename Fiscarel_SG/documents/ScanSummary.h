@@ -19,6 +19,10 @@ std::optional<Decimal> mainAmount(const ScanResult& scan);
 /// Who made the document out: employer, bank, insurer, doctor … Else the line found by words.
 std::optional<std::string> issuerName(const ScanResult& scan);
 
+/// What it could be called in a list: "Lohnausweis – Schreinerei Muster AG"; empty when it is of no
+/// kind or its proposals do not say who made it out.
+std::string titleFor(StoredDocument::Kind kind, const ScanResult& scan);
+
 /// The amounts found by words as far as they may be told: none beside proposals, which know better,
 /// and none that is rather a day, a year or the number of a box.
 std::vector<ExtractedField> credibleFields(const ScanResult& scan);

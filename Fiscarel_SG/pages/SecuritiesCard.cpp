@@ -53,6 +53,12 @@ Field<SecurityEntry> ownerField() {
     return field;
 }
 
+/// A column has room for the short name alone; elsewhere nobody has to know what it stands for.
+Field<SecurityEntry> spelledOut(Field<SecurityEntry> field, const std::string& label) {
+    field.labelFor = [label](const TaxCase&) { return label; };
+    return field;
+}
+
 /// What every return asks for comes first, what is rarely needed last.
 std::vector<Field<SecurityEntry>> securityFields(const PageContext& context) {
     const bool withYields = !isLiechtenstein(context); // only the return of St.Gallen asks for them
@@ -64,15 +70,18 @@ std::vector<Field<SecurityEntry>> securityFields(const PageContext& context) {
         amount<&SecurityEntry::taxValue>("Steuerwert", taxValueHelp(isLiechtenstein(context)))
             .summed()};
     if (withYields) {
-        fields.push_back(amount<&SecurityEntry::incomeWithWithholding>("Ertrag mit VSt",
-                                                                       withholdingHelp(context))
-                             .summed());
-        fields.push_back(amount<&SecurityEntry::incomeWithoutWithholding>(
-                             "Ertrag ohne VSt",
-                             "Bruttoerträge ohne Abzug der Verrechnungssteuer, etwa kleine Zinsen "
-                             "und ausländische "
-                             "Erträge. Sie stehen auf dem Zinsausweis oder Steuerauszug.")
-                             .summed());
+        fields.push_back(spelledOut(amount<&SecurityEntry::incomeWithWithholding>(
+                                        "Ertrag mit VSt", withholdingHelp(context))
+                                        .summed(),
+                                    "Ertrag mit Verrechnungssteuer"));
+        fields.push_back(
+            spelledOut(amount<&SecurityEntry::incomeWithoutWithholding>(
+                           "Ertrag ohne VSt",
+                           "Bruttoerträge ohne Abzug der Verrechnungssteuer, etwa kleine Zinsen "
+                           "und ausländische "
+                           "Erträge. Sie stehen auf dem Zinsausweis oder Steuerauszug.")
+                           .summed(),
+                       "Ertrag ohne Verrechnungssteuer"));
     }
     fields.push_back(
         text<&SecurityEntry::description>("Bezeichnung", "Name des Kontos oder der Wertschrift."));

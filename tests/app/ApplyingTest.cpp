@@ -352,6 +352,8 @@ TEST(Applying, aDocumentIsKnownByWhatItProposes) {
     paper.scan.issuer = "Erste Zeile";
     EXPECT_EQ(mainAmount(paper.scan), Decimal(850)) << "by words where nothing is proposed";
     EXPECT_EQ(issuerName(paper.scan), "Erste Zeile");
+    using Document = StoredDocument::Kind;
+    EXPECT_EQ(titleFor(Document::bankauszug, paper.scan), "") << "a line of it is no name";
     paper.add({.kind = Kind::security},
               {{"quantity", "12"}, {"institution", "Bank"}, {"taxValue", "100.5"}});
     EXPECT_EQ(mainAmount(paper.scan), std::nullopt) << "unsure";
@@ -360,6 +362,8 @@ TEST(Applying, aDocumentIsKnownByWhatItProposes) {
     }
     EXPECT_EQ(mainAmount(paper.scan), Decimal::parse("100.5").value());
     EXPECT_EQ(issuerName(paper.scan), "Bank");
+    EXPECT_EQ(titleFor(Document::bankauszug, paper.scan), "Zins-/Saldobestätigung – Bank");
+    EXPECT_EQ(titleFor(Document::anderes, paper.scan), "");
     EXPECT_TRUE(credibleFields(paper.scan).empty()) << "beside proposals";
     paper.add({.kind = Kind::security}, {{"kind", "steuerauszug"}, {"taxValue", "900"}});
     paper.scan.proposals.back().confidence = Proposal::Confidence::high;

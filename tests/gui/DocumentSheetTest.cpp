@@ -417,6 +417,73 @@ TEST_F(DocumentSheet, saysWhenThereIsNoFileOrNothingWasFound) {
     EXPECT_FALSE(document().isApplied);
 }
 
+TEST_F(DocumentSheet, digitsToBeComparedAreSeenWhole) {
+    const std::string number = "CH4045083927719313402";
+    ScanResult read;
+    testing::addRecord(read, {.kind = Kind::security, .title = "Konto", .page = 1},
+                       {{"institution", "Bank"}, {"ibanOrValor", number}, {"taxValue", "1200"}});
+    for (const int width : {1000, 1600}) {
+        program.window->resize(width, 640);
+        open(read);
+        const auto& line = program.find<QLineEdit>(u"proposal:1"_s);
+        const int room = line.width() - line.textMargins().left() - line.textMargins().right() - 20;
+        EXPECT_GE(room, line.fontMetrics().horizontalAdvance(line.text())) << width;
+        program.find(u"take:1"_s).setFocus(Qt::TabFocusReason);
+        for (const char* const next : {"proposal:1", "trust:1", "take:2"}) {
+            program.press(Qt::Key_Tab);
+            EXPECT_EQ(QApplication::focusWidget()->objectName(), QString::fromLatin1(next));
+        }
+    }
+}
+
+TEST_F(DocumentSheet, aPageTooSmallToBeReadIsEnlargedForTheValueGoneTo) {
+    program.window->resize(1000, 640);
+    open(testing::salaryPaper());
+    const auto size = [&] { return text(u"previewZoom"_s).chopped(2).toInt(); };
+    const auto& page = program.find<pages::PagePreviewSheet>(u"sheetPage:1"_s);
+    const auto isSeen = [&](std::size_t proposal) {
+        const QRect place = page.placeOf(*scan.proposals[proposal].box);
+        return page.visibleRegion().contains(place.center());
+    };
+    const int whole = size();
+    ASSERT_LT(whole, 50) << "all of the page at first";
+    program.click(u"proposal:3"_s);
+    EXPECT_GE(size(), 80);
+    EXPECT_TRUE(isSeen(3));
+    program.click(u"proposal:7"_s);
+    EXPECT_TRUE(isSeen(7));
+    program.press(Qt::Key_0, Qt::ControlModifier);
+    EXPECT_EQ(size(), whole);
+    program.click(u"proposal:3"_s);
+    EXPECT_EQ(size(), whole) << "as the user wants it";
+
+    program.window->resize(1600, 1000);
+    open(testing::salaryPaper());
+    const int large = size();
+    program.click(u"proposal:3"_s);
+    EXPECT_EQ(size(), large) << "it can be read";
+}
+
+TEST_F(DocumentSheet, aNameIsProposedAndTakenOnlyWhenAskedFor) {
+    open(testing::salaryPaper());
+    auto& name = program.find<QLineEdit>(u"documentTitle"_s);
+    const QString before = name.text();
+    EXPECT_EQ(before, u"Beleg"_s);
+    program.click(u"suggestedTitle"_s);
+    EXPECT_EQ(name.text(), u"Lohnausweis – Samariterverein Werdenberg"_s);
+    EXPECT_FALSE(program.isShown(u"suggestedTitle"_s));
+    EXPECT_EQ(document().title, "Beleg") << "not before it is taken over";
+    name.undo();
+    EXPECT_EQ(name.text(), before);
+    choose(u"documentKind"_s, static_cast<int>(StoredDocument::Kind::spende));
+    program.click(u"suggestedTitle"_s);
+    EXPECT_EQ(name.text(), u"Spende – Samariterverein Werdenberg"_s);
+    choose(u"documentKind"_s, static_cast<int>(StoredDocument::Kind::anderes));
+    EXPECT_FALSE(program.isShown(u"suggestedTitle"_s));
+    program.click(u"fileOnly"_s);
+    EXPECT_EQ(document().title, "Spende – Samariterverein Werdenberg");
+}
+
 TEST_F(DocumentSheet, longTextsStayWithinASmallWindow) {
     program.window->resize(1000, 640);
     const std::string words = "Donaudampfschifffahrtsgesellschaftskapitänswitwenrentenkasse der "

@@ -269,6 +269,30 @@ TEST_F(DocumentsPage, asksAboutTheSameContentOfAnyYear) {
     EXPECT_EQ(stored("Kopie").kind, Kind::lohnausweis);
 }
 
+TEST_F(DocumentsPage, stillSaysAfterARestartWhyAFileWasNotRead) {
+    const auto detail = [&] {
+        return dynamic_cast<pages::DocumentFilter&>(*table().model()).rowAt(0)->detail;
+    };
+    const QString reason = u"Diese Datei ist mit einem Passwort geschützt."_s;
+    dropAndRead({file("Kaputt.pdf", "gleich")});
+    program.settle();
+    program.open();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return detail() == reason; }, 10'000))
+        << detail().toStdString();
+    EXPECT_EQ(reader.count(), 1);
+
+    // What could not be read is tried anew, and what could be is not forgotten for it.
+    reader.answers["Kaputt"] = {.text = "Police", .kind = Kind::versicherung, .pageCount = 1};
+    program.desk->readings().readAgain(stored("Kaputt").id);
+    waitForReading();
+    reader.answers["Kaputt"] = {.problem = "Diese Datei ist beschädigt."};
+    program.desk->readings().readAgain(stored("Kaputt").id);
+    waitForReading();
+    program.open();
+    EXPECT_FALSE(QTest::qWaitFor([&] { return detail().contains(u"beschädigt"_s); }, 300));
+    EXPECT_EQ(column(pages::DocumentModel::state), QStringList{u"Offen"_s});
+}
+
 TEST_F(DocumentsPage, tellsTheProposedKindUntilAnotherIsDecided) {
     reader.answers["Gabe"] = {.text = "Danke", .proposedKind = Kind::spende, .pageCount = 1};
     reader.hold();

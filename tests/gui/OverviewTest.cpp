@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/pages/OverviewPage.h"
+#include "Fiscarel_SG/pages/overview/MoneyText.h"
 #include "tests/support/FakeServices.h"
 
 #include <gtest/gtest.h>
@@ -81,6 +82,13 @@ class OverviewTest : public ::testing::Test {
         return false;
     }
 };
+
+TEST(MoneyText, differencesHaveTheirSign) {
+    EXPECT_EQ(change(312, 0), u"+312"_s);
+    EXPECT_EQ(change(Decimal(-6336) / 10, 2), u"−633.60"_s);
+    EXPECT_EQ(change(-1'312, 0), u"−1’312"_s);
+    EXPECT_EQ(change(Decimal(-1) / 10, 0), u"0"_s);
+}
 
 TEST_F(OverviewTest, everyRecipientOfTheBillIsADoor) {
     openDemo();

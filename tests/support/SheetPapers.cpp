@@ -80,7 +80,7 @@ ScanResult salaryPaper() {
     ScanResult scan{.text = "Lohnausweis",
                     .kind = StoredDocument::Kind::anderes,
                     .proposedKind = StoredDocument::Kind::lohnausweis};
-    const ProposalCheck sum{"8 − 9 − 10.1 − 10.2 = 11", true};
+    const ProposalCheck sum{"68’000.00 − 4’352.50 − 3’100.00 = 60’547.50, der Nettolohn", true};
     const ProposalCheck printed{"Der Strichcode nennt 3’100.00, gedruckt steht 3’400.00", false};
     addRecord(scan,
               {.title = "Lohnausweis Samariterverein Werdenberg",

@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/AccountEntries.h"
 
 #include "Fiscarel_SG/documents/kinds/BankShares.h"
+#include "Fiscarel_SG/documents/kinds/SumText.h"
 #include "TaxCore/base/Iban.h"
 
 #include <algorithm>
@@ -36,9 +37,10 @@ class FigureSum {
         if (!findSum(document, sum_)) {
             return std::nullopt;
         }
-        return ProposalCheck{"Die " + std::to_string(parts_.size())
-                                 + " Beträge ergeben zusammen die gedruckten " + shown(sum_),
-                             true};
+        std::vector<Decimal> values(parts_.size());
+        std::ranges::transform(parts_, values.begin(),
+                               [](const FoundAmount* part) { return part->value().abs(); });
+        return ProposalCheck{togetherText(values, sum_), true};
     }
 
   private:

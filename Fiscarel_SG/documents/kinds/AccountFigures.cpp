@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/AccountTable.h"
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+#include "Fiscarel_SG/documents/kinds/SumText.h"
 #include "Fiscarel_SG/documents/kinds/WithholdingTax.h"
 
 #include <algorithm>
@@ -162,8 +163,9 @@ std::optional<ProposalCheck> movementCheck(const RowRange& range, const FoundAmo
     }
     const Decimal computed = first->value() + in->value().abs() - out->value().abs();
     const bool holds = computed == closing.value();
-    return ProposalCheck{"Anfangssaldo + Gutschriften − Belastungen = " + shown(computed)
-                             + (holds ? "" : ", als Schlusssaldo steht " + shown(closing.value())),
+    return ProposalCheck{sumText({first->value(), in->value().abs(), -out->value().abs()}, computed)
+                             + (holds ? ", Anfangssaldo und Bewegungen zusammen"
+                                      : ", als Schlusssaldo steht aber " + shown(closing.value())),
                          holds};
 }
 
@@ -175,17 +177,19 @@ std::vector<ProposalCheck> interestChecks(const Figures& figures) {
     if (gross && tax && !tax->value().isZero()) {
         const Decimal computed = withholdingOn(gross->value()).roundPlain(2);
         const bool holds = isWithholdingOf(tax->value(), gross->value());
-        checks.push_back(
-            {"35 % von " + shown(gross->value()) + " = " + shown(computed)
-                 + (holds ? "" : ", als Verrechnungssteuer steht " + shown(tax->value().abs())),
-             holds});
+        checks.push_back({withheldText(gross->value(), computed)
+                              + (holds ? "" : "; gedruckt steht aber " + shown(tax->value().abs())),
+                          holds});
     }
     if (gross && net) {
-        const Decimal computed = gross->value() - (tax ? tax->value().abs() : Decimal());
+        const Decimal withheld = tax ? tax->value().abs() : Decimal();
+        const Decimal computed = gross->value() - withheld;
         const bool holds = computed == net->value();
-        checks.push_back({"Brutto − Verrechnungssteuer = " + shown(computed)
-                              + (holds ? "" : ", netto steht aber " + shown(net->value())),
-                          holds});
+        const std::string sum = withheld.isZero() ? "Brutto " + shown(computed) + " ohne Abzug"
+                                                  : sumText({gross->value(), -withheld}, computed);
+        checks.push_back(
+            {sum + (holds ? ", was netto bleibt" : ", netto steht aber " + shown(net->value())),
+             holds});
     }
     return checks;
 }

@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/documents/kinds/AmountFinder.h"
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+#include "Fiscarel_SG/documents/kinds/SumText.h"
 
 #include <algorithm>
 #include <cmath>
@@ -102,8 +103,8 @@ std::vector<Part> partsOf(const FoundAmount& total) {
 /// Where a column has subtotals, whether two or more of them add up to its total.
 std::optional<ProposalCheck> subtotalsCheck(const FoundAmount& total) {
     std::vector<Decimal> parts; // since the last subtotal
+    std::vector<Decimal> subtotals;
     Decimal sum;
-    int count = 0;
     const std::vector<Part> column = columnAbove(total);
     for (auto at = column.rbegin(); at != column.rend(); ++at) {
         const Decimal value = at->value;
@@ -117,14 +118,12 @@ std::optional<ProposalCheck> subtotalsCheck(const FoundAmount& total) {
         if (isSubtotal) {
             parts.clear();
             sum = sum + value;
-            ++count;
+            subtotals.push_back(value);
         }
     }
-    return count < 2 || sum != total.value()
+    return subtotals.size() < 2 || sum != total.value()
                ? std::nullopt
-               : std::optional(ProposalCheck{"Die " + std::to_string(count)
-                                                 + " Zwischentotale ergeben zusammen " + shown(sum),
-                                             true});
+               : std::optional(ProposalCheck{partsText("Zwischentotale", subtotals, sum), true});
 }
 
 } // namespace
@@ -134,9 +133,9 @@ std::optional<ProposalCheck> columnCheck(const FoundAmount& total) {
     if (parts.empty()) {
         return total.page->number == 0 ? std::nullopt : subtotalsCheck(total);
     }
-    return ProposalCheck{"Die " + std::to_string(parts.size())
-                             + " Beträge darüber ergeben zusammen " + shown(total.value()),
-                         true};
+    std::vector<Decimal> values(parts.size()); // from above, as they are read
+    std::ranges::transform(parts, values.rbegin(), &Part::value);
+    return ProposalCheck{partsText("Beträge darüber", values, total.value()), true};
 }
 
 Decimal alienIn(const FoundAmount& total, const Wanted& wanted) {
@@ -181,8 +180,6 @@ std::optional<FoundAmount> totalBelow(const FoundAmount& part) {
     }
     return std::nullopt;
 }
-
-ProposalCheck addUpTo(const Decimal& sum) { return {"Alle zusammen ergeben " + shown(sum), true}; }
 
 namespace {
 

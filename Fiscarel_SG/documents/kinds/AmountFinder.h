@@ -76,9 +76,6 @@ bool takesOff(const FoundAmount& total);
 /// The total below an amount in its column that `columnCheck` proves; absent when there is none.
 std::optional<FoundAmount> totalBelow(const FoundAmount& part);
 
-/// That several amounts make up a printed sum.
-ProposalCheck addUpTo(const Decimal& sum);
-
 /// Whether the same amount stands a second time by words that fit; absent when it does not.
 std::optional<ProposalCheck> repeatCheck(const std::vector<RowRange>& ranges, const Wanted& wanted,
                                          const FoundAmount& found);

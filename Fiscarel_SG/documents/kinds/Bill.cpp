@@ -8,6 +8,7 @@
 #include "Fiscarel_SG/documents/kinds/PersonParts.h"
 #include "Fiscarel_SG/documents/kinds/PlainAmount.h"
 #include "Fiscarel_SG/documents/kinds/Prose.h"
+#include "Fiscarel_SG/documents/kinds/SumText.h"
 #include "Fiscarel_SG/documents/text/FoldedText.h"
 
 #include <algorithm>
@@ -60,9 +61,9 @@ std::vector<ProposalCheck> totalChecks(const std::vector<RowRange>& ranges,
         && tax->value() < net->value()) {
         const Decimal computed = net->value() + tax->value();
         const bool holds = (computed - total.value()).abs() <= Decimal(5) / 100; // to five cents
-        checks.push_back({"Netto + MWST: " + shown(net->value()) + " + " + shown(tax->value())
-                              + " = " + shown(computed)
-                              + (holds ? "" : ", als Total steht aber " + shown(total.value())),
+        checks.push_back({sumText({net->value(), tax->value()}, computed)
+                              + (holds ? ", der Betrag mit Mehrwertsteuer"
+                                       : ", als Total steht aber " + shown(total.value())),
                           holds});
     }
     if (const auto column = columnCheck(total); checks.empty() && column) {
@@ -423,10 +424,10 @@ class BillMapper {
         }
         if (bill.totalByTax) {
             const bool holds = (*bill.totalByTax - amount).abs() <= Decimal(5) / 100;
-            evidence.checks.push_back(
-                {"Netto + MWST laut Rechnungsangaben = " + shown(*bill.totalByTax)
-                     + (holds ? "" : ", zu zahlen ist " + shown(amount)),
-                 holds});
+            evidence.checks.push_back({"Mit Mehrwertsteuer kommt die Rechnung auf "
+                                           + shown(*bill.totalByTax)
+                                           + (holds ? "" : ", zu zahlen ist aber " + shown(amount)),
+                                       holds});
         }
         const bool isSeconded = std::ranges::any_of(evidence.checks, &ProposalCheck::passed);
         if (bill.currency != "CHF") {

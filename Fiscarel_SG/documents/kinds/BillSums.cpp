@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/BillSums.h"
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+#include "Fiscarel_SG/documents/kinds/SumText.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/text/Digits.h"
 
@@ -52,8 +53,8 @@ std::optional<SummedAmount> totalAround(const PageRows& page, std::size_t first,
             const Decimal sum = net->amount.value + tax;
             if ((sum - total->amount.value).abs() <= Decimal(5) / 100) {
                 return SummedAmount{foundIn(page, below, *total),
-                                    ProposalCheck{"Netto + MWST: " + shown(net->amount.value)
-                                                      + " + " + shown(tax) + " = " + shown(sum),
+                                    ProposalCheck{sumText({net->amount.value, tax}, sum)
+                                                      + ", der Betrag mit Mehrwertsteuer",
                                                   true}};
             }
         }
@@ -199,9 +200,10 @@ std::optional<SummedAmount> wholeOfParts(const DocumentRows& document,
     if (endsInSum) {
         sum = found.back().value();
     }
-    ProposalCheck check{"Die " + std::to_string(found.size() - (endsInSum ? 1 : 0))
-                            + " einzelnen Beträge ergeben zusammen " + shown(sum),
-                        true};
+    std::vector<Decimal> values(found.size() - (endsInSum ? 1 : 0));
+    std::transform(found.begin(), found.begin() + std::ssize(values), values.begin(),
+                   [](const FoundAmount& one) { return one.value(); });
+    ProposalCheck check{partsText("einzelnen Beträge", values, sum), true};
     whole = endsInSum ? foundPrinted(document, sum) : std::move(whole);
     if (!whole) {
         return std::nullopt;
@@ -269,8 +271,8 @@ std::optional<SummedAmount> withoutPart(const DocumentRows& document, const Foun
         return std::nullopt;
     }
     return SummedAmount{std::move(*found),
-                        ProposalCheck{"Im Total " + shown(total.value()) + " sind " + shown(part)
-                                          + " anderes enthalten",
+                        ProposalCheck{sumText({total.value(), -part}, rest)
+                                          + ", das Total ohne anderes, das darin steht",
                                       true}};
 }
 
@@ -286,8 +288,8 @@ Settled afterGivenBack(const DocumentRows& document, const FoundAmount& found,
                 continue;
             }
             const Decimal rest = isRest ? found.value() : other;
-            ProposalCheck check{"Von " + shown(rest + taken) + " gehen " + shown(taken)
-                                    + " weg: bleiben " + shown(rest),
+            ProposalCheck check{sumText({rest + taken, -taken}, rest)
+                                    + ", was nach der Rückerstattung bleibt",
                                 true};
             settled.rest = SummedAmount{isRest ? found : std::move(*printed), std::move(check)};
             return settled;
@@ -341,9 +343,8 @@ std::optional<SummedAmount> afterCorrection(const FoundAmount& total) {
             rest = rest - amount->amount.value.abs();
         } else if (rest < total.value() && amount->amount.value == rest && rest >= 1) {
             return SummedAmount{foundIn(page, at, *amount),
-                                ProposalCheck{"Von " + shown(total.value()) + " gehen "
-                                                  + shown(total.value() - rest) + " weg: bleiben "
-                                                  + shown(rest),
+                                ProposalCheck{sumText({total.value(), rest - total.value()}, rest)
+                                                  + ", was nach der Gutschrift bleibt",
                                               true}};
         }
     }
@@ -396,8 +397,8 @@ std::optional<SummedAmount> withoutReminder(const FoundAmount& total) {
         const RowAmount* amount = lastFirm(page.rows[at]);
         if (amount != nullptr && amount->amount.value == rest) {
             return SummedAmount{foundIn(page, at, *amount),
-                                ProposalCheck{"Ohne Mahnspesen und Zins bleiben von "
-                                                  + shown(total.value()) + " noch " + shown(rest),
+                                ProposalCheck{sumText({total.value(), rest - total.value()}, rest)
+                                                  + ", das Total ohne Mahnspesen und Zins",
                                               true}};
         }
     }
@@ -408,20 +409,21 @@ std::optional<SummedAmount> withoutReminder(const FoundAmount& total) {
 
 std::optional<ProposalCheck> remainderCheck(const FoundAmount& rest) {
     Decimal sum = rest.value();
-    int count = 0;
+    std::vector<Decimal> taken;
     for (std::size_t at = rest.row; at-- > 0 && rest.row - at < 12;) {
         const RowAmount* amount = lastFirm(rest.page->rows[at]);
         if (amount == nullptr || !isAligned(rest, *amount)) {
             continue;
         }
         const Decimal value = amount->amount.value;
-        if (count > 0 && value == sum) {
-            return ProposalCheck{"Der Rest von " + shown(value) + " nach den Abzügen ist "
-                                     + shown(rest.value()),
+        if (!taken.empty() && value == sum) {
+            taken.push_back(value);
+            std::ranges::reverse(taken);
+            return ProposalCheck{sumText(taken, rest.value()) + ", was nach den Abzügen bleibt",
                                  true};
         }
         sum = sum + value.abs();
-        ++count;
+        taken.push_back(-value.abs());
     }
     return std::nullopt;
 }
@@ -452,8 +454,7 @@ std::optional<ProposalCheck> sharesCheck(const std::vector<RowRange>& ranges,
         }
         const Decimal sum = share.value() + other->amount.value;
         if (isPrinted(sum)) {
-            return ProposalCheck{"Mit dem Teil von " + shown(other->amount.value)
-                                     + " ergibt er das Total von " + shown(sum),
+            return ProposalCheck{sumText({share.value(), other->amount.value}, sum) + ", das Total",
                                  true};
         }
     }

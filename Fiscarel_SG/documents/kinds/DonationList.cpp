@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/kinds/LetterHead.h"
+#include "Fiscarel_SG/documents/kinds/SumText.h"
 #include "Fiscarel_SG/documents/text/Digits.h"
 #include "Fiscarel_SG/documents/text/FoldedText.h"
 
@@ -69,10 +70,13 @@ std::vector<FoundAmount> recipientsOf(const FoundAmount& total) {
 bool proposeRecipients(const KindContext& context, const FoundAmount& total, const Wanted& wanted,
                        ProposalDraft& draft) {
     const auto rows = recipientsOf(total);
+    std::vector<Decimal> values(rows.size());
+    std::ranges::transform(rows, values.begin(), &FoundAmount::value);
+    const ProposalCheck together{togetherText(values, total.value()), true};
     for (const FoundAmount& one : rows) {
         const int record = draft.addRecord(recordWith(context.facts, ProposedRecord::Kind::donation,
                                                       "Spende " + one.label, one.page->number));
-        Evidence evidence = evidenceOf(one, wanted, context.isKindClear, {addUpTo(total.value())});
+        Evidence evidence = evidenceOf(one, wanted, context.isKindClear, {together});
         draft.add(record, "amount", one.value(), evidence);
         evidence.confidence = Proposal::Confidence::medium;
         evidence.checks.clear();

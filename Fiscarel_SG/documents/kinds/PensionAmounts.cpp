@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/kinds/PensionWords.h"
+#include "Fiscarel_SG/documents/kinds/SumText.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/text/Digits.h"
 
@@ -296,8 +297,9 @@ class Arithmetic {
         const Decimal value = foreign.found.value() * rate;
         auto at = open.lower_bound(value - hundredth);
         while (at != open.end() && at->first <= value + hundredth) {
-            at->second->checks.push_back({"Umrechnung: " + shown(foreign.found.value()) + " × "
-                                              + rate.toString() + " = " + shown(at->first),
+            at->second->checks.push_back({shown(foreign.found.value()) + " × " + rate.toString()
+                                              + " = " + shown(at->first)
+                                              + ", in Franken umgerechnet",
                                           true});
             at = open.erase(at);
         }
@@ -326,13 +328,15 @@ class Arithmetic {
     }
 
     void takeNet(std::size_t gross, std::size_t net) {
+        std::vector<Decimal> parts;
         for (std::size_t at = gross; at < net; ++at) {
             amounts_[at].isFactor = true;
+            const Decimal value = amounts_[at].found.value();
+            parts.push_back(at == gross ? value : -value.abs());
         }
-        amounts_[net].checks.push_back({"Nach den Abzügen bleiben von "
-                                            + shown(amounts_[gross].found.value()) + " noch "
-                                            + shown(amounts_[net].found.value()),
-                                        true});
+        amounts_[net].checks.push_back(
+            {sumText(parts, amounts_[net].found.value().abs()) + ", was nach den Abzügen bleibt",
+             true});
     }
 
     static bool names(const PensionAmount& one, Concept meant) {
@@ -462,7 +466,10 @@ class Arithmetic {
         for (const std::size_t part : parts) {
             amounts_[part].isPart = true;
         }
-        whole.checks.push_back({"Die Teile ergeben zusammen " + shown(whole.found.value()), true});
+        std::vector<Decimal> values(parts.size());
+        std::ranges::transform(parts, values.begin(),
+                               [&](std::size_t part) { return amounts_[part].found.value(); });
+        whole.checks.push_back({partsText("Teile", values, sum), true});
     }
 
     std::vector<PensionAmount>& amounts_;

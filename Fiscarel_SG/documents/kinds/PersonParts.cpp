@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/kinds/RowSums.h"
+#include "Fiscarel_SG/documents/kinds/SumText.h"
 #include "Fiscarel_SG/documents/text/Digits.h"
 
 #include <algorithm>
@@ -442,13 +443,15 @@ std::vector<PersonAmount> findPersonAmounts(const DocumentRows& document, const 
 std::optional<ProposalCheck> togetherCheck(const DocumentRows& document,
                                            const std::vector<PersonAmount>& parts) {
     Decimal sum;
+    std::vector<Decimal> values;
     for (const PersonAmount& part : parts) {
         sum = sum + part.found.value();
+        values.push_back(part.found.value());
     }
     if (parts.size() < 2 || !findSum(document, sum)) {
         return std::nullopt;
     }
-    return addUpTo(sum);
+    return ProposalCheck{togetherText(values, sum), true};
 }
 
 } // namespace fiscarel

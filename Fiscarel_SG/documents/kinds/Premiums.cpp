@@ -109,12 +109,7 @@ std::vector<ProposalCheck> premiumChecks(const std::vector<RowRange>& ranges,
     const auto reduction = findLast(ranges, reductions());
     const auto net = findLast(ranges, netPremiums());
     if (reduction && net) {
-        const Decimal computed = gross.value() - reduction->value().abs();
-        const bool holds = computed == net->value();
-        checks.push_back({"Prämien − Verbilligung: " + shown(gross.value()) + " − "
-                              + shown(reduction->value().abs()) + " = " + shown(computed)
-                              + (holds ? "" : ", netto steht aber " + shown(net->value())),
-                          holds});
+        checks.push_back(reducedCheck(gross.value(), reduction->value().abs(), net->value()));
     }
     return checks;
 }
@@ -283,10 +278,8 @@ std::optional<PremiumRow> findPremiumRow(const std::vector<RowRange>& ranges) {
                     part.amount = taken;
                     part.label = "Verbilligung";
                     last = PremiumRow{whole, part, {}};
-                    last->checks.push_back({"Prämien − Verbilligung: " + shown(whole.value())
-                                                + " − " + shown(part.value().abs()) + " = "
-                                                + shown(amounts[i + 2].amount.value),
-                                            true});
+                    last->checks.push_back(reducedCheck(whole.value(), part.value().abs(),
+                                                        amounts[i + 2].amount.value));
                 }
             }
         }

@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/Property.h"
 
 #include "Fiscarel_SG/documents/kinds/PageRuns.h"
+#include "Fiscarel_SG/documents/kinds/SumText.h"
 #include "Fiscarel_SG/documents/kinds/TableHeading.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
@@ -286,21 +287,21 @@ void confirmParcels(const KindContext& context, std::size_t from, ProposalDraft&
     for (const std::string_view field : {"taxValue", "imputedRentalValue"}) {
         const auto isOne = [&](const Proposal& proposal) { return proposal.field == field; };
         Decimal sum;
-        std::size_t count = 0;
+        std::vector<Decimal> parts;
         for (std::size_t i = from; i < proposals.size(); ++i) {
             if (const auto value = Decimal::parse(proposals[i].value);
                 value && isOne(proposals[i])) {
                 sum = sum + *value;
-                ++count;
+                parts.push_back(*value);
             }
         }
-        if (count < 2 || !findSum(context.document, sum)) {
+        if (parts.size() < 2 || !findSum(context.document, sum)) {
             continue;
         }
         for (std::size_t i = from; i < proposals.size(); ++i) {
             Proposal& proposal = proposals[i];
             if (isOne(proposal)) {
-                proposal.checks.push_back({"Alle Grundstücke zusammen: " + shown(sum), true});
+                proposal.checks.push_back({partsText("Grundstücke", parts, sum), true});
                 const bool isRaised =
                     context.isKindClear && proposal.confidence == Confidence::medium;
                 proposal.confidence = isRaised ? Confidence::high : proposal.confidence;

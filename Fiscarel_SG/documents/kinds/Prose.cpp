@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/kinds/RowSums.h"
+#include "Fiscarel_SG/documents/kinds/SumText.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 
 #include <algorithm>
@@ -440,16 +441,14 @@ std::optional<SummedAmount> sumInProse(const std::vector<RowRange>& ranges, cons
             continue;
         }
         Decimal sum;
-        std::size_t count = 0;
+        std::vector<Decimal> parts;
         for (const FoundAmount& amount : sentence.amounts) {
-            if (count >= 2 && amount.value() == sum) {
-                return SummedAmount{amount, ProposalCheck{"Die " + std::to_string(count)
-                                                              + " Beträge davor ergeben zusammen "
-                                                              + shown(sum),
-                                                          true}};
+            if (parts.size() >= 2 && amount.value() == sum) {
+                return SummedAmount{amount,
+                                    ProposalCheck{partsText("Beträge davor", parts, sum), true}};
             }
             sum = sum + amount.value();
-            ++count;
+            parts.push_back(amount.value());
         }
     }
     return std::nullopt;

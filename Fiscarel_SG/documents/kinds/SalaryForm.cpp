@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/kinds/FormHeader.h"
 #include "Fiscarel_SG/documents/kinds/SalaryNumbers.h"
+#include "Fiscarel_SG/documents/kinds/SumText.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
 #include "Fiscarel_SG/documents/text/Digits.h"
 
@@ -291,24 +292,35 @@ std::vector<SalaryForm> readSalaryForms(const DocumentRows& document) {
     return forms;
 }
 
+bool isNetSalary(const Decimal& gross, const Decimal& deductions, const Decimal& net) {
+    // Whole francs are rounded one by one; amounts to the centime fit to five centimes.
+    const bool isWhole = net.roundPlain(0) == net;
+    return (gross - deductions - net).abs() <= (isWhole ? Decimal(1) : Decimal(5) / 100);
+}
+
 std::optional<ProposalCheck> netSalaryCheck(const std::optional<Decimal>& gross,
-                                            const Decimal& deductions,
+                                            const std::vector<Decimal>& deductions,
                                             const std::optional<Decimal>& net) {
     if (!gross || !net) {
         return std::nullopt;
     }
-    const Decimal computed = *gross - deductions;
-    // Whole francs are rounded one by one; amounts to the centime fit to five centimes.
-    const auto isWhole = [](const Decimal& amount) { return amount.roundPlain(0) == amount; };
-    const bool isRounded = isWhole(*gross) && isWhole(*net);
-    const bool holds =
-        (computed - *net).abs() <= (isRounded || isWhole(*net) ? Decimal(1) : Decimal(5) / 100);
-    std::string text = "Ziffern 8 − 9 − 10.1 − 10.2 = 11: " + shown(*gross) + " − "
-                       + shown(deductions) + " = " + shown(computed);
-    if (holds && computed != *net) {
-        text += ", gerundet " + shown(*net);
-    } else if (!holds) {
-        text += ", in Ziffer 11 steht aber " + shown(*net);
+    std::vector<Decimal> parts{*gross};
+    Decimal taken;
+    for (const Decimal& deduction : deductions) {
+        parts.push_back(-deduction);
+        taken = taken + deduction;
+    }
+    const Decimal computed = *gross - taken;
+    const bool holds = isNetSalary(*gross, taken, *net);
+    if (holds && taken.isZero()) {
+        return ProposalCheck{"Ohne Abzüge ist der Nettolohn der Bruttolohn: " + shown(*net), true};
+    }
+    std::string text = sumText(parts, computed);
+    if (holds) {
+        text += computed == *net ? "" : ", gerundet " + shown(*net);
+        text += ", der Nettolohn";
+    } else {
+        text += ", als Nettolohn steht aber " + shown(*net);
     }
     return ProposalCheck{std::move(text), holds};
 }

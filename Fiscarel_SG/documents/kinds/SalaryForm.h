@@ -50,9 +50,12 @@ RowAmount inBox(SalaryBox box, RowAmount amount);
 /// in height, so that an empty box stays empty.
 std::vector<SalaryForm> readSalaryForms(const DocumentRows& document);
 
-/// "8 − 9 − 10.1 − 10.2 = 11", empty boxes being 0; absent without boxes 8 and 11.
+/// Whether the net wage is the gross wage without the deductions, as far as a form rounds.
+bool isNetSalary(const Decimal& gross, const Decimal& deductions, const Decimal& net);
+
+/// That with the sum itself; empty boxes are 0. Absent without gross or net wage.
 std::optional<ProposalCheck> netSalaryCheck(const std::optional<Decimal>& gross,
-                                            const Decimal& deductions,
+                                            const std::vector<Decimal>& deductions,
                                             const std::optional<Decimal>& net);
 
 /// Whether the boxes of a certificate with deductions add up.

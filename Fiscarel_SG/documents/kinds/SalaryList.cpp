@@ -145,9 +145,9 @@ class Search {
     bool addsUp() {
         const Decimal deductions =
             valueOf(current_.boxes[2]) + valueOf(current_.boxes[3]) + valueOf(current_.boxes[4]);
-        const auto check =
-            netSalaryCheck(valueOf(current_.boxes[0]), deductions, valueOf(current_.boxes[1]));
-        current_.isProven = check && check->passed && deductions >= 1;
+        current_.isProven =
+            deductions >= 1
+            && isNetSalary(valueOf(current_.boxes[0]), deductions, valueOf(current_.boxes[1]));
         return current_.isProven;
     }
 
@@ -352,9 +352,9 @@ bool isProven(const SalaryForm& form) {
     const auto value = [&](SalaryBox box) { return form.value(box).value_or(Decimal()); };
     const Decimal deductions =
         value(SalaryBox::social) + value(SalaryBox::pensionFund) + value(SalaryBox::buyIn);
-    const auto check =
-        netSalaryCheck(form.value(SalaryBox::gross), deductions, form.value(SalaryBox::net));
-    return check && check->passed && deductions >= 1;
+    const auto gross = form.value(SalaryBox::gross);
+    const auto net = form.value(SalaryBox::net);
+    return gross && net && deductions >= 1 && isNetSalary(*gross, deductions, *net);
 }
 
 std::vector<SalaryForm> readSalaryLists(const DocumentRows& document) {

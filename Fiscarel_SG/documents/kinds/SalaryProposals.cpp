@@ -85,10 +85,10 @@ void proposePension(const SalaryForm& form, ProposalDraft& draft) {
     if (net != form.boxes.end() && gross != form.boxes.end()) {
         const Decimal a = gross->second.amount.value;
         const Decimal b = net->second.amount.value;
-        check =
-            ProposalCheck{a == b ? "Ziffer 8 = Ziffer 11"
-                                 : "In Ziffer 8 steht " + shown(a) + ", in Ziffer 11 " + shown(b),
-                          a == b};
+        check = ProposalCheck{a == b ? "Vor und nach Abzügen steht derselbe Betrag: " + shown(a)
+                                     : "Vor Abzügen (Ziffer 8) steht " + shown(a)
+                                           + ", danach (Ziffer 11) " + shown(b),
+                              a == b};
     }
     const char* number = net != form.boxes.end() ? "11" : "8";
     draft.add(record, "amount", taken.second.amount.value,
@@ -125,10 +125,10 @@ void proposeSalaryForm(const SalaryForm& form, ProposalDraft& draft) {
         return;
     }
     const auto value = [&](SalaryBox box) { return form.value(box).value_or(Decimal()); };
-    const auto check = netSalaryCheck(form.value(SalaryBox::gross),
-                                      value(SalaryBox::social) + value(SalaryBox::pensionFund)
-                                          + value(SalaryBox::buyIn),
-                                      form.value(SalaryBox::net));
+    const auto check = netSalaryCheck(
+        form.value(SalaryBox::gross),
+        {value(SalaryBox::social), value(SalaryBox::pensionFund), value(SalaryBox::buyIn)},
+        form.value(SalaryBox::net));
     const int record = draft.addRecord(recordOf(form));
     for (const FieldOfBox& row : amountFields) {
         if (const auto found = form.boxes.find(row.box); found != form.boxes.end()) {

@@ -1,9 +1,11 @@
 #include "Fiscarel_SG/documents/kinds/Securities.h"
 
+#include "Fiscarel_SG/documents/kinds/SumText.h"
 #include "Fiscarel_SG/documents/kinds/TableHeading.h"
 #include "Fiscarel_SG/documents/kinds/WithholdingTax.h"
 #include "Fiscarel_SG/documents/text/Digits.h"
 #include "Fiscarel_SG/documents/text/Isin.h"
+#include "TaxCore/base/MoneyFormat.h"
 
 #include <algorithm>
 #include <cctype>
@@ -28,6 +30,12 @@ bool isValor(const std::string& word) {
     return word.size() >= 5 && word.size() <= 9 && hasOnlyDigits(word);
 }
 
+/// How many: "1’200", "12.345".
+std::string pieces(const Decimal& quantity) {
+    return quantity.roundPlain(0) == quantity ? taxcore::MoneyFormat::chf(quantity, 0, false)
+                                              : taxcore::MoneyFormat::number(quantity);
+}
+
 /// Number times price, for bonds in per cent.
 std::optional<ProposalCheck> productCheck(const Security& security) {
     const auto& quantity = at(security.amounts, Stated::quantity);
@@ -39,8 +47,9 @@ std::optional<ProposalCheck> productCheck(const Security& security) {
     const Decimal product = quantity->value() * price->value();
     for (const Decimal& computed : {product, product / 100}) {
         if (!computed.isZero() && (computed - value->value()).abs() <= Decimal(5) / 100) {
-            return ProposalCheck{shown(quantity->value()) + " × " + shown(price->value()) + " = "
-                                     + shown(value->value()),
+            return ProposalCheck{pieces(quantity->value()) + " × " + shown(price->value())
+                                     + (computed == product ? " = " : " % = ")
+                                     + shown(value->value()) + ", der Steuerwert",
                                  true};
         }
     }
@@ -55,8 +64,7 @@ std::optional<ProposalCheck> ownTaxCheck(const Security& security) {
         || !isWithholdingOf(tax->value(), income->value())) {
         return std::nullopt;
     }
-    return ProposalCheck{"35 % von " + shown(income->value()) + " = " + shown(tax->value().abs()),
-                         true};
+    return ProposalCheck{withheldText(income->value(), tax->value().abs()), true};
 }
 
 } // namespace
@@ -223,7 +231,13 @@ std::optional<ProposalCheck> SecurityList::sumCheck(Stated stated) const {
     if (sum.isZero() || !isTotal) {
         return std::nullopt;
     }
-    return ProposalCheck{"Die einzelnen Beträge ergeben das Total " + shown(sum), true};
+    std::vector<Decimal> values;
+    for (const Security& one : all) {
+        if (const auto& amount = at(one.amounts, stated)) {
+            values.push_back(amount->value());
+        }
+    }
+    return ProposalCheck{partsText("einzelnen Beträge", values, sum), true};
 }
 
 /// That the tax claimed back is what is withheld from all incomes.
@@ -235,8 +249,7 @@ std::optional<ProposalCheck> SecurityList::taxCheck() const {
             if (taxed > 0 && amount.amount.isFirm()
                 && (amount.amount.value - tax).abs() <= Decimal(1) / 100
                 && namesAny(row, {Concept::withholding}, page_.isRecognised)) {
-                return ProposalCheck{
-                    "35 % von " + shown(taxed) + " = " + shown(amount.amount.value), true};
+                return ProposalCheck{withheldText(taxed, amount.amount.value), true};
             }
         }
     }

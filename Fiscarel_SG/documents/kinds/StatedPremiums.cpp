@@ -1,5 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/StatedPremiums.h"
 
+#include "Fiscarel_SG/documents/kinds/SumText.h"
+
 #include <algorithm>
 
 namespace fiscarel {
@@ -104,15 +106,17 @@ class Sums {
     /// The premiums by law from an amount on that add up to them.
     void addParts(std::size_t first, PremiumRow& row) const {
         Decimal sum;
+        std::vector<Decimal> values;
         bool isBasic = false;
         bool isExtra = false;
         for (std::size_t part = first; isAmount(part) && part <= first + 2; ++part) {
             sum = sum + at(part).value();
+            values.push_back(at(part).value());
             isBasic |= names(part, basicInsurance) || names(part + 1, basicInsurance);
             isExtra |= names(part, extraInsurance) || names(part + 1, extraInsurance);
             if (part > first && sum == row.gross.value() && isBasic && isExtra) {
                 row.checks.push_back(
-                    {"Die Prämien nach Gesetz ergeben zusammen " + shown(sum), true});
+                    {sumText(values, sum) + ", die Prämien mit den Zusatzversicherungen", true});
                 return;
             }
         }
@@ -132,9 +136,8 @@ class Sums {
             const FoundAmount& rest = at(isRestFirst ? i : i + 1);
             row.reduction = at(isRestFirst ? i + 1 : i);
             row.reduction->label = "Verbilligung";
-            row.checks.push_back({"Prämien − Verbilligung: " + shown(row.gross.value()) + " − "
-                                      + shown(row.reduction->value()) + " = " + shown(rest.value()),
-                                  true});
+            row.checks.push_back(
+                reducedCheck(row.gross.value(), row.reduction->value(), rest.value()));
             return;
         }
     }
@@ -143,6 +146,15 @@ class Sums {
 };
 
 } // namespace
+
+ProposalCheck reducedCheck(const Decimal& gross, const Decimal& reduction, const Decimal& net) {
+    const Decimal computed = gross - reduction;
+    const bool holds = computed == net;
+    return {sumText({gross, -reduction}, computed)
+                + (holds ? ", die Prämien nach der Verbilligung"
+                         : ", nach der Verbilligung steht aber " + shown(net)),
+            holds};
+}
 
 std::optional<PremiumRow> findStatedPremiums(const std::vector<RowRange>& ranges) {
     return Sums(ranges).find();

@@ -14,6 +14,9 @@ struct PremiumRow {
     std::vector<ProposalCheck> checks;
 };
 
+/// That premiums come to what is left of them after a reduction.
+ProposalCheck reducedCheck(const Decimal& gross, const Decimal& reduction, const Decimal& net);
+
 /// Premiums that sentences tell: the amount that the following ones by law add up to ("4'744.80, of
 /// which 3'519.00 compulsory and 1'225.80 supplementary"), or of which a reduction leaves the rest
 /// that is told. Absent where no sum proves them.

@@ -77,8 +77,8 @@ class CertificateMapper {
             return value.value_or(Decimal());
         };
         net_ = netSalaryCheck(amount("GrossIncome"),
-                              part(amount(socialElement)) + part(amountOf(textOf(fund, "Regular")))
-                                  + part(amountOf(textOf(fund, "Purchase"))),
+                              {part(amount(socialElement)), part(amountOf(textOf(fund, "Regular"))),
+                               part(amountOf(textOf(fund, "Purchase")))},
                               amount("NetIncome"));
     }
 
@@ -114,8 +114,9 @@ class CertificateMapper {
         if (const auto value = net ? net : gross) {
             Evidence found = evidence(value, net ? SalaryBox::net : SalaryBox::gross);
             if (net && gross && *net != *gross) {
-                found.checks.push_back({"Ziffer 8 nennt " + shown(*gross) + ", Ziffer 11 "
-                                            + shown(*net) + "; übernommen wird Ziffer 11",
+                found.checks.push_back({"Vor Abzügen (Ziffer 8) steht " + shown(*gross)
+                                            + ", danach (Ziffer 11) " + shown(*net)
+                                            + "; übernommen wird, was bleibt",
                                         false});
             }
             draft_.add(record_, "amount", *value, std::move(found));

@@ -5,6 +5,8 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QStyle>
+#include <QStyleOptionFrame>
 #include <algorithm>
 
 namespace fiscarel::forms {
@@ -56,6 +58,12 @@ InputLine::InputLine(QWidget* parent) : QLineEdit(parent) {
 void InputLine::setUnit(const QString& unit) {
     unit_ = unit;
     keepRoom();
+}
+
+void InputLine::setUnitRoom(const QString& longest) {
+    longestUnit_ = longest;
+    keepRoom();
+    update();
 }
 
 void InputLine::setButton(InputButton* button) {
@@ -161,6 +169,9 @@ void InputLine::mouseReleaseEvent(QMouseEvent* event) {
 
 void InputLine::paintEvent(QPaintEvent* event) {
     QLineEdit::paintEvent(event);
+    if (!hasFocus() && cursorPosition() == 0 && !alignment().testFlag(Qt::AlignRight)) {
+        paintCut();
+    }
     if (!unit_.isEmpty()) {
         QPainter painter(this);
         painter.setPen(faintText(palette()));
@@ -171,6 +182,30 @@ void InputLine::paintEvent(QPaintEvent* event) {
     if (marked_) {
         paintProblem(*this);
     }
+}
+
+/// Says at its end that a text goes on.
+void InputLine::paintCut() {
+    constexpr int beside = 2; // as the line itself leaves beside its text
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    const QRect room = style()
+                           ->subElementRect(QStyle::SE_LineEditContents, &option, this)
+                           .marginsRemoved(textMargins())
+                           .adjusted(beside, 0, -beside, 0);
+    const QFontMetrics metrics = fontMetrics();
+    if (metrics.horizontalAdvance(text()) <= room.width()) {
+        return;
+    }
+    const QString seen = metrics.elidedText(text(), Qt::ElideRight, room.width()).chopped(1);
+    QRect end = room;
+    end.setLeft(room.left() + metrics.horizontalAdvance(seen));
+    end.setRight(room.right() + beside);
+    QPainter painter(this);
+    painter.fillRect(end, palette().base());
+    painter.setPen(palette().color(QPalette::Text));
+    const int top = room.top() + (room.height() - metrics.height() + 1) / 2;
+    painter.drawText(QPoint(end.left(), top + metrics.ascent()), QStringLiteral("…"));
 }
 
 void InputLine::resizeEvent(QResizeEvent* event) {
@@ -194,11 +229,10 @@ void InputLine::keepRoom() {
     }
 }
 
-/// As much as the longest usual one takes, so that figures stand one below the other.
+/// As much as the longest one takes, so that figures stand one below the other.
 int InputLine::unitWidth() const {
     const QFontMetrics metrics(unitFont());
-    return std::max(metrics.horizontalAdvance(unit_),
-                    metrics.horizontalAdvance(QStringLiteral("Personen")));
+    return std::max(metrics.horizontalAdvance(unit_), metrics.horizontalAdvance(longestUnit_));
 }
 
 /// That of the form; the line's own is slanted while it shows a hint.

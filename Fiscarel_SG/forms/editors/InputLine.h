@@ -20,12 +20,16 @@ class InputButton : public QToolButton {
     Sign sign_;
 };
 
-/// A line edit with a unit or a button at its end, that says when the keyboard comes and goes.
+/// A line edit with a unit or a button at its end, that says when the keyboard comes and goes. A
+/// text that is longer than the line ends in "…" while the keyboard is elsewhere.
 class InputLine : public QLineEdit {
   public:
     explicit InputLine(QWidget* parent);
 
     void setUnit(const QString& unit);
+    /// How much room units get; lines below each other have the same. Of itself as much as the
+    /// longest usual one takes.
+    void setUnitRoom(const QString& longest);
     /// The button at the end; owned by the line.
     void setButton(InputButton* button);
     /// Selects everything when the field is clicked or reached by Tab, as figures are mostly
@@ -55,10 +59,12 @@ class InputLine : public QLineEdit {
 
   private:
     void keepRoom();
+    void paintCut();
     int unitWidth() const;
     QFont unitFont() const;
 
     QString unit_;
+    QString longestUnit_ = QStringLiteral("Personen");
     InputButton* button_ = nullptr;
     bool selectsAll_ = false;
     bool selectsOnRelease_ = false;

@@ -24,6 +24,8 @@ namespace {
 
 constexpr std::array zoomSteps{50, 67, 80, 100, 125, 150, 200, 300};
 constexpr int widthAtFull = 794; ///< pixels of an A4 page at 100 %
+constexpr int hardToRead = 55;   ///< percent; smaller, print cannot be read
+constexpr int easyToRead = 80;
 constexpr int edge = 12;
 constexpr int gap = 12;
 constexpr int leastWidth = 160;
@@ -145,7 +147,7 @@ void PagePreview::setMarks(const std::vector<PreviewMark>& marks) {
     }
 }
 
-void PagePreview::emphasise(int id) {
+void PagePreview::emphasise(int id, bool toRead) {
     const auto mark = std::ranges::find(marks_, id, &PreviewMark::id);
     for (PagePreviewSheet* const sheet : sheets_) {
         sheet->emphasise(id);
@@ -153,6 +155,10 @@ void PagePreview::emphasise(int id) {
     }
     if (mark != marks_.end()) {
         if (PagePreviewSheet* const found = sheet(mark->page)) {
+            if (toRead && !isSizeChosen_ && percentShown() < hardToRead) {
+                isEnlarged_ = true;
+                arrange();
+            }
             bringIntoSight(*found, mark->box);
         }
     }
@@ -188,12 +194,14 @@ void PagePreview::settle() {
 void PagePreview::bringIntoSight(PagePreviewSheet& sheet, const PageBox& box) {
     settle();
     const QRect place = sheet.placeOf(box).translated(sheet.x(), topOf(sheet.page()));
-    const QRect seen(scroll_->horizontalScrollBar()->value(), scroll_->verticalScrollBar()->value(),
-                     scroll_->viewport()->width(), scroll_->viewport()->height());
-    if (!seen.adjusted(0, gap, 0, -gap).contains(place)) {
-        scroll_->verticalScrollBar()->setValue(place.top()
-                                               - static_cast<int>(aboveMark * seen.height()));
-        scroll_->horizontalScrollBar()->setValue(place.center().x() - seen.width() / 2);
+    QScrollBar& across = *scroll_->horizontalScrollBar();
+    QScrollBar& down = *scroll_->verticalScrollBar();
+    const QRect seen(QPoint(across.value(), down.value()), scroll_->viewport()->size());
+    if (place.top() < seen.top() + gap || place.bottom() > seen.bottom() - gap) {
+        down.setValue(place.top() - static_cast<int>(aboveMark * seen.height()));
+    }
+    if (place.left() < seen.left() || place.right() > seen.right()) {
+        across.setValue(place.center().x() - seen.width() / 2);
     }
 }
 
@@ -229,7 +237,8 @@ void PagePreview::goToPage(int page) {
 }
 
 void PagePreview::zoomBy(int steps) {
-    const int now = 100 * sheetWidth() / widthAtFull;
+    const int now = percentShown();
+    isSizeChosen_ = true;
     const auto next = steps > 0 ? std::ranges::upper_bound(zoomSteps, now)
                                 : std::ranges::lower_bound(zoomSteps, now);
     if (steps > 0) {
@@ -242,12 +251,21 @@ void PagePreview::zoomBy(int steps) {
 
 void PagePreview::zoomToFit() {
     zoom_ = 0;
+    isEnlarged_ = false;
+    isSizeChosen_ = true;
     arrange();
 }
 
 int PagePreview::sheetWidth() const {
-    return zoom_ > 0 ? widthAtFull * zoom_ / 100
-                     : std::max(leastWidth, scroll_->viewport()->width() - 2 * edge);
+    if (zoom_ > 0) {
+        return widthAtFull * zoom_ / 100;
+    }
+    const int least = isEnlarged_ ? widthAtFull * easyToRead / 100 : leastWidth;
+    return std::max(least, scroll_->viewport()->width() - 2 * edge);
+}
+
+int PagePreview::percentShown() const {
+    return (100 * sheetWidth() + widthAtFull / 2) / widthAtFull;
 }
 
 void PagePreview::arrange() {
@@ -267,7 +285,7 @@ void PagePreview::arrange() {
     if (current != nullptr && bar.value() > 0) {
         bar.setValue(topOf(page) + static_cast<int>(part * current->height()));
     }
-    zoomShown_->setText(u"%1 %"_s.arg(100 * sheetWidth() / widthAtFull));
+    zoomShown_->setText(u"%1 %"_s.arg(percentShown()));
     showPosition();
     askForPictures();
 }

@@ -33,8 +33,9 @@ class PagePreview final : public QWidget {
     void showProblem(const QString& sentence);
     void setMarks(const std::vector<PreviewMark>& marks);
     /// Lets a mark stand out and brings it into sight; an id without a mark only takes the
-    /// emphasis away.
-    void emphasise(int id);
+    /// emphasis away. `toRead`: a page too small to be read is enlarged for it, unless the user
+    /// has chosen a size.
+    void emphasise(int id, bool toRead = false);
     /// Brings a place into sight and lets it stand out; without a box the beginning of the page.
     void showPlace(int page, const std::optional<PageBox>& box);
 
@@ -55,6 +56,7 @@ class PagePreview final : public QWidget {
     /// Gives the sheets their sizes; what is in the middle stays there.
     void arrange();
     int sheetWidth() const;
+    int percentShown() const;
     /// Asks for the pictures of what is in sight or nearly.
     void askForPictures();
     void ask(PagePreviewSheet& sheet, int width);
@@ -76,7 +78,9 @@ class PagePreview final : public QWidget {
     std::filesystem::path file_;
     std::vector<PagePreviewSheet*> sheets_;
     std::vector<PreviewMark> marks_;
-    int zoom_ = 0; ///< percent; 0: as wide as there is room
+    int zoom_ = 0;              ///< percent; 0: as wide as there is room
+    bool isEnlarged_ = false;   ///< at least as large as can be read
+    bool isSizeChosen_ = false; ///< by the user
 };
 
 } // namespace fiscarel::pages

@@ -127,9 +127,10 @@ void PagePreviewSheet::paintEvent(QPaintEvent*) {
                          isUnreadable_ ? u"Seite %1 lässt sich nicht anzeigen."_s.arg(page_)
                                        : u"Seite %1 wird geladen …"_s.arg(page_));
     }
-    painter.setPen(look::Theme::current().border);
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
     painter.setRenderHint(QPainter::Antialiasing);
+    // To the very edge, also where a pixel of the screen is less than one of the window.
+    painter.setPen(look::Theme::current().border);
+    painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
     // What is printed stays legible also where a line runs across it.
     painter.setCompositionMode(QPainter::CompositionMode_Multiply);
     const auto draw = [&](const PageBox& box, Confidence confidence, bool emphasised) {

@@ -4,6 +4,8 @@
 #include "Fiscarel_SG/KnownYears.h"
 #include "Fiscarel_SG/documents/ScanSummary.h"
 #include "Fiscarel_SG/forms/editors/ChoiceEdit.h"
+#include "Fiscarel_SG/forms/editors/InputLine.h"
+#include "Fiscarel_SG/look/ElidingButton.h"
 #include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
 #include "Fiscarel_SG/pages/Cards.h"
@@ -24,8 +26,9 @@ using namespace Qt::Literals::StringLiterals;
 using Kind = StoredDocument::Kind;
 
 ProposalHead::ProposalHead(ProposalDesk& desk, QWidget* parent)
-    : QWidget(parent), desk_(desk), column_(new QVBoxLayout(this)), name_(new QLineEdit(this)),
-      kind_(new forms::ChoiceBox(this)), proposedKind_(firstKind(desk.document(), desk.scan())) {
+    : QWidget(parent), desk_(desk), column_(new QVBoxLayout(this)),
+      name_(new forms::InputLine(this)), kind_(new forms::ChoiceBox(this)),
+      proposedKind_(firstKind(desk.document(), desk.scan())) {
     column_->setContentsMargins(0, 0, 0, 0);
     column_->setSpacing(6);
     addNameAndKind();
@@ -43,7 +46,6 @@ void ProposalHead::addNameAndKind() {
     name_->setAccessibleName(u"Name des Belegs"_s);
     name_->setText(qs(desk_.document().title));
     name_->setCursorPosition(0);
-    name_->setToolTip(labelText(name_->text()).toHtmlEscaped());
     kind_->setObjectName(u"documentKind"_s);
     kind_->setAccessibleName(u"Art des Belegs"_s);
     for (const Kind kind : taxcore::allValues<Kind>()) {
@@ -54,12 +56,14 @@ void ProposalHead::addNameAndKind() {
     }
     kind_->setSizeAdjustPolicy(QComboBox::AdjustToContents); // no kind is cut
     connect(kind_, &QComboBox::activated, this, &ProposalHead::kindChanged);
-    line->addWidget(new QLabel(u"Name"_s, this));
+    auto* const label = new QLabel(u"Name"_s, this);
+    line->addWidget(label);
     line->addWidget(name_, 1);
     line->addSpacing(4);
     line->addWidget(new QLabel(u"Art"_s, this));
     line->addWidget(kind_);
     column_->addLayout(line);
+    addSuggestion(label->sizeHint().width() + line->spacing());
     // Where nobody has decided the kind yet, what is proposed stands in the box.
     const auto& proposed = desk_.scan().proposedKind;
     if (proposed && *proposed != proposedKind_) {
@@ -69,6 +73,34 @@ void ProposalHead::addNameAndKind() {
             "small")
             .setObjectName(u"kindNotice"_s);
     }
+}
+
+/// A file's name says little in a list; nobody's is changed unasked.
+void ProposalHead::addSuggestion(int indent) {
+    suggestion_ = new look::ElidingButton(this);
+    suggestion_->setObjectName(u"suggestedTitle"_s);
+    look::setRole(suggestion_, "smalllink");
+    auto* const line = new QHBoxLayout;
+    line->setContentsMargins(indent, 0, 0, 0);
+    line->addWidget(suggestion_);
+    line->addStretch(1);
+    column_->addLayout(line);
+    connect(suggestion_, &QPushButton::clicked, this, [this] {
+        name_->setFocus(Qt::OtherFocusReason);
+        name_->selectAll();
+        name_->insert(qs(titleFor(kind(), desk_.scan()))); // so that it can be taken back
+        name_->setCursorPosition(0);
+    });
+    connect(name_, &QLineEdit::textChanged, this, &ProposalHead::showSuggestion);
+    connect(this, &ProposalHead::kindChanged, this, &ProposalHead::showSuggestion);
+    showSuggestion();
+}
+
+void ProposalHead::showSuggestion() {
+    name_->setToolTip(labelText(name_->text()).toHtmlEscaped());
+    const QString title = qs(titleFor(kind(), desk_.scan()));
+    suggestion_->setText(u"Umbenennen in «%1»"_s.arg(title));
+    suggestion_->setVisible(!title.isEmpty() && title != name_->text().trimmed());
 }
 
 std::optional<int> ProposalHead::otherYear() const {

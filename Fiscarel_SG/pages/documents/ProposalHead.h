@@ -10,6 +10,7 @@
 
 class QLabel;
 class QLineEdit;
+class QPushButton;
 class QRadioButton;
 class QVBoxLayout;
 
@@ -44,6 +45,8 @@ class ProposalHead final : public QWidget {
 
   private:
     void addNameAndKind();
+    void addSuggestion(int indent);
+    void showSuggestion(); ///< and the whole name in its tip
     void addYearNotice();
     void addStatementChoice();
     /// The year of the records that are not of the selected one; absent when they are.
@@ -52,6 +55,7 @@ class ProposalHead final : public QWidget {
     ProposalDesk& desk_;
     QVBoxLayout* column_;
     QLineEdit* name_;
+    QPushButton* suggestion_ = nullptr; ///< takes the name that is proposed
     forms::ChoiceBox* kind_;
     StoredDocument::Kind proposedKind_;
     QRadioButton* asEntries_ = nullptr;

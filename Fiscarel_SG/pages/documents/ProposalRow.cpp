@@ -3,18 +3,20 @@
 #include "Fiscarel_SG/forms/CellText.h"
 #include "Fiscarel_SG/forms/FieldEditor.h"
 #include "Fiscarel_SG/forms/InputText.h"
+#include "Fiscarel_SG/forms/editors/InputLine.h"
 #include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
 #include "Fiscarel_SG/pages/documents/ProposalDesk.h"
 #include "Fiscarel_SG/pages/documents/ProposalText.h"
 
 #include <QCheckBox>
-#include <QEvent>
+#include <QFocusEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSignalBlocker>
 #include <QToolButton>
+#include <algorithm>
 
 namespace fiscarel::pages {
 
@@ -28,6 +30,25 @@ bool isUnread(const forms::FieldEditor& editor) { return !editor.unreadText().is
 
 constexpr int leastLabel = 110;
 constexpr int leastEditor = 172; ///< for 118’400.50 with its unit
+constexpr int labelShare = 3;    ///< of the room of both
+constexpr int editorShare = 5;
+constexpr int aroundText = 22; ///< pixels between a text and the edges of its line
+
+int trustWidth(const QWidget& row) {
+    return row.fontMetrics().horizontalAdvance(u"≈ wahrscheinlich"_s) + 22;
+}
+
+/// The longest unit of a record's values.
+QString longestUnit(const ProposalDesk& desk, int record) {
+    QString longest;
+    for (const int value : desk.valuesOf(record)) {
+        const auto* const field = desk.declaration(value);
+        if (field != nullptr && qs(field->unit).size() > longest.size()) {
+            longest = qs(field->unit);
+        }
+    }
+    return longest;
+}
 
 QLabel* textLabel(const char* role, const QString& name, QWidget* parent) {
     auto* const label = new QLabel(parent);
@@ -90,6 +111,9 @@ void ProposalRow::makeEditor() {
         .pageId = {}};
     editor_ = forms::makeEditor(field, context, this);
     editor_->setMinimumWidth(leastEditor);
+    if (auto* const line = dynamic_cast<forms::InputLine*>(editor_->input())) {
+        line->setUnitRoom(longestUnit(desk_, desk_.proposal(proposal_).recordIndex));
+    }
     // The page behind has a field of the same name.
     editor_->input()->setObjectName(u"proposal:%1"_s.arg(proposal_));
     if (const auto value = fieldValue(field, desk_.value(proposal_).value)) {
@@ -121,18 +145,56 @@ void ProposalRow::layOut() {
     grid->setHorizontalSpacing(10);
     grid->setVerticalSpacing(1);
     label_->setMinimumWidth(leastLabel);
-    grid->addWidget(take_, 0, 0, Qt::AlignVCenter);
-    grid->addWidget(label_, 0, 1, Qt::AlignVCenter);
-    grid->addWidget(editor_, 0, 2, Qt::AlignVCenter);
-    grid->addWidget(trust_, 0, 3, Qt::AlignVCenter | Qt::AlignRight);
-    grid->addWidget(before_, 1, 2, 1, 2);
-    grid->addWidget(problem_, 2, 1, 1, 3);
-    grid->addWidget(warning_, 3, 1, 1, 3);
-    grid->addWidget(details_, 4, 1, 1, 3);
     editor_->input()->setMaximumWidth(QWIDGETSIZE_MAX); // all end at the same edge
-    grid->setColumnStretch(1, 2);
-    grid->setColumnStretch(2, 3);
-    grid->setColumnMinimumWidth(3, fontMetrics().horizontalAdvance(u"≈ wahrscheinlich"_s) + 22);
+    grid->setColumnStretch(1, labelShare);
+    grid->setColumnStretch(2, editorShare);
+    grid->setColumnMinimumWidth(3, trustWidth(*this));
+    place(false);
+}
+
+/// All of it, as the keyboard goes by the order in which things were put there.
+void ProposalRow::place(bool below) {
+    isBelow_ = below;
+    auto& grid = static_cast<QGridLayout&>(*layout());
+    while (QLayoutItem* const item = grid.takeAt(0)) {
+        delete item;
+    }
+    grid.addWidget(take_, 0, 0, Qt::AlignVCenter);
+    grid.addWidget(label_, 0, 1, 1, below ? 2 : 1, Qt::AlignVCenter);
+    if (below) {
+        grid.addWidget(editor_, 1, 1, 1, 3);
+    } else {
+        grid.addWidget(editor_, 0, 2, Qt::AlignVCenter);
+    }
+    grid.addWidget(trust_, 0, 3, Qt::AlignVCenter | Qt::AlignRight);
+    grid.addWidget(before_, 2, below ? 1 : 2, 1, below ? 3 : 2);
+    grid.addWidget(problem_, 3, 1, 1, 3);
+    grid.addWidget(warning_, 4, 1, 1, 3);
+    grid.addWidget(details_, 5, 1, 1, 3);
+}
+
+/// Whether what is proposed would be cut beside its label: digits and names are to be compared.
+bool ProposalRow::isTooLong() const {
+    const auto* const line = qobject_cast<QLineEdit*>(editor_->input());
+    if (line == nullptr) {
+        return false;
+    }
+    const auto& grid = static_cast<QGridLayout&>(*layout());
+    const int room =
+        width() - take_->sizeHint().width() - trustWidth(*this) - 3 * grid.horizontalSpacing();
+    const int beside = std::max(
+        leastEditor, std::min(room - leastLabel, room * editorShare / (labelShare + editorShare)));
+    const int needed = line->fontMetrics().horizontalAdvance(line->text())
+                       + line->textMargins().left() + line->textMargins().right() + aroundText;
+    return needed > beside;
+}
+
+void ProposalRow::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    // Not while somebody types: nothing moves below the hands.
+    if (event->size().width() != event->oldSize().width() && isTooLong() != isBelow_) {
+        place(!isBelow_);
+    }
 }
 
 void ProposalRow::connectEditor() {
@@ -230,7 +292,9 @@ void ProposalRow::focusTick() { take_->setFocus(Qt::OtherFocusReason); }
 
 bool ProposalRow::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusIn) {
-        Q_EMIT focused(proposal_);
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        Q_EMIT focused(proposal_, reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason
+                                      || reason == Qt::MouseFocusReason);
     }
     return QWidget::eventFilter(watched, event);
 }

@@ -39,15 +39,19 @@ class ProposalRow final : public QWidget {
     void focusTick();
 
   Q_SIGNALS:
-    /// The keyboard came here.
-    void focused(int proposal);
+    /// The keyboard came here; `isReached` by a key or a click of the user.
+    void focused(int proposal, bool isReached);
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     void makeEditor();
     void layOut();
+    /// Puts everything at its place: the value beside its label, or `below` it in the whole row.
+    void place(bool below);
+    bool isTooLong() const;
     void connectEditor();
     void showUnreadableText();
     void showBefore();
@@ -59,6 +63,7 @@ class ProposalRow final : public QWidget {
     const int proposal_;
     std::optional<forms::BoundField> field_; ///< where the value goes now
     std::string fieldPath_;                  ///< what `field_` was looked up for
+    bool isBelow_ = false;                   ///< the value stands below its label
     QCheckBox* take_;
     QLabel* label_;
     forms::FieldEditor* editor_ = nullptr;

@@ -141,7 +141,7 @@ QString withGroupedIbans(const std::string& text) {
 QString breakable(QString label) {
     static const QRegularExpression part(
         u"(?<=\\p{Ll}{6})(?=(entschädigung|bescheinigung|versicherung|bestätigung|beiträge|"
-        "leistungen|kosten|einkünfte))"_s,
+        "leistungen|kosten|einkünfte|steuer))"_s,
         QRegularExpression::UseUnicodePropertiesOption);
     return label.replace(part, QString(QChar(0x00AD)));
 }

@@ -41,8 +41,8 @@ class RecordPanel final : public QFrame {
     ProposalRow* row(int proposal);
 
   Q_SIGNALS:
-    /// The keyboard came to a value.
-    void focused(int proposal);
+    /// The keyboard came to a value; `isReached` by a key or a click of the user.
+    void focused(int proposal, bool isReached);
     /// The user wants to see the field at a path.
     void fieldWanted(const QString& path);
 

@@ -19,10 +19,11 @@ inline QString francs(const taxcore::Decimal& amount) {
     return qs(taxcore::MoneyFormat::chf(amount, 0, false));
 }
 
-/// A difference, with its sign; `places` after the point.
+/// A difference, with its sign: "+312", "−312"; `places` after the point.
 inline QString change(const taxcore::Decimal& amount, int places) {
-    const QString text = qs(taxcore::MoneyFormat::chf(amount, places, false));
-    return amount > 0 ? u'+' + text : text;
+    const taxcore::Decimal shown = amount.roundPlain(places);
+    const QString digits = qs(taxcore::MoneyFormat::chf(shown.abs(), places, false));
+    return shown > 0 ? u'+' + digits : shown < 0 ? u'−' + digits : digits;
 }
 
 /// The role of a difference of taxes: less is good.
