@@ -52,6 +52,7 @@ class Deductions {
     /// Puts the contributions to their boxes, those of a box together. What else is kept back
     /// belongs to the net wage.
     void fill(SalaryForm& form) const {
+        const Decimal gross = form.boxes.at(SalaryBox::gross).amount.value;
         Decimal untold;
         for (const Part& part : parts_) {
             const Decimal& value = part.amount.amount.value;
@@ -61,7 +62,8 @@ class Deductions {
                 net = net + value;
                 continue;
             }
-            untold = untold + (part.box ? Decimal() : value);
+            const bool isTold = part.box && (!part.isRisk || value * 100 < gross * mostOfRisk);
+            untold = untold + (isTold ? Decimal() : value);
             const auto [box, isNew] =
                 form.boxes.emplace(part.box.value_or(SalaryBox::social), part.amount);
             if (!isNew) {
@@ -72,10 +74,14 @@ class Deductions {
     }
 
   private:
+    static constexpr int mostOfRisk = 4;  ///< per cent of a wage that insures one risk
+    static constexpr int leastOfFund = 2; ///< that the pension fund takes
+
     struct Part {
         RowAmount amount;
         std::optional<SalaryBox> box = {}; ///< that its words name
         bool isKept = false;               ///< it is no contribution, by its words
+        bool isRisk = false;               ///< they name what it insures alone
         bool isMixed = false;              ///< some of it is none
         bool isSure = false;               ///< its words can mean nothing else
     };
@@ -83,7 +89,7 @@ class Deductions {
     /// Leaves out what may hold more than contributions. What no words name may be of the pension
     /// fund, or none, where it is more than small insurances take: two per cent.
     void withhold(SalaryForm& form, const Decimal& untold) const {
-        if (untold * 100 >= form.boxes.at(SalaryBox::gross).amount.value * 2) {
+        if (untold * 100 >= form.boxes.at(SalaryBox::gross).amount.value * leastOfFund) {
             form.boxes.erase(SalaryBox::social);
             form.boxes.erase(SalaryBox::net);
         }
@@ -140,12 +146,12 @@ class Deductions {
                 break;
             }
         }
-        const bool isRisk = !part.box && findLabel(words, riskWords(), isRecognised_);
+        part.isRisk = !part.box && findLabel(words, riskWords(), isRecognised_);
         if (isKeptBack(words, isRecognised_)) {
             part.isMixed = part.box && isFirm(words, *part.box);
             part.isKept = !part.isMixed;
-            part.isSure = part.isKept && !part.box && !isRisk;
-        } else if (isRisk) {
+            part.isSure = part.isKept && !part.box && !part.isRisk;
+        } else if (part.isRisk) {
             part.box = SalaryBox::social;
         }
         if (!isSubtotal(part)) {

@@ -76,11 +76,12 @@ TEST(WageParts, aRiskAloneOnlySuggestsAContribution) {
 TEST(WageParts, whatNoWordsNameMayBeTooMuchForAContribution) {
     const std::vector<std::string> parts{"grossSalary=62000 medium",
                                          "pensionContributions=3100 medium"};
-    for (const char* words : {"Abzug 7", "Retenue div.", "AHV und Quellensteuer"}) {
+    for (const char* words :
+         {"Abzug 7", "Retenue div.", "AHV und Quellensteuer", "Assurance maladie"}) {
         DrawnPage page;
         page.line("Lohnbescheinigung 2024").line("Bruttolohn", "62’000.00");
         page.line("AHV/IV/EO", "-3’500.00").line("ALV", "-700.00").line("NBU", "-300.00");
-        page.line(words, "-2’500.00").line("BVG", "-3’100.00").line("Nettolohn", "51’900.00");
+        page.line(words, "-2’600.00").line("BVG", "-3’100.00").line("Nettolohn", "51’800.00");
         EXPECT_EQ(amountsOf(page.proposed()), parts) << words;
     }
 }
