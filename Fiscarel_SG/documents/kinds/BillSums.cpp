@@ -153,8 +153,7 @@ bool isCorrection(const Row& row) {
 SummedAmount less(FoundAmount total, const Decimal& others) {
     const Decimal whole = total.value();
     total.amount.amount.value = whole - others;
-    ProposalCheck check{"Ohne, was anderes ist: " + shown(whole) + " − " + shown(others) + " = "
-                            + shown(total.value()),
+    ProposalCheck check{sumText({whole, -others}, total.value()) + ", ohne was keine Spende ist",
                         true};
     return {std::move(total), std::move(check)};
 }

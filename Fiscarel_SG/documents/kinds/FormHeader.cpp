@@ -108,11 +108,12 @@ void readKind(const PageRows& page, double bodyTop, SalaryForm& form) {
     }
     form.isMarked = isPensionMarked != isSalaryMarked || isPensionNamed != isSalaryNamed;
     // Whoever earns a wage pays contributions, whatever a cross that cannot be placed says.
-    form.isPension = isProven(form)                      ? false
-                     : isPensionMarked != isSalaryMarked ? isPensionMarked
-                     : isPensionNamed != isSalaryNamed
-                         ? isPensionNamed
-                         : !form.isGuess && !form.hasDeductions() && form.boxes.size() > 1;
+    form.isPension =
+        isProven(form)                      ? false
+        : isPensionMarked != isSalaryMarked ? isPensionMarked
+        : isPensionNamed != isSalaryNamed
+            ? isPensionNamed
+            : !form.isGuess && !form.isNegative() && !form.hasDeductions() && form.boxes.size() > 1;
 }
 
 /// Boxes F and G: a cross before the words, at the height of one of their lines.

@@ -30,6 +30,19 @@ bool canBeWage(const FoundAmount& one) {
            || (!one.amount.amount.isYearLike() && one.value() >= 1000 && one.value() < 1'000'000);
 }
 
+/// Whether the words before an amount name a quarter or half of a year.
+bool isOfQuarter(const FoundAmount& one) {
+    static const Labels quarters{"Quartal*",  "*quartal", "*quartals*", "trimestr*", "Halbjahr*",
+                                 "*halbjahr", "semestr*", "quarter",    "1. Hälfte", "2. Hälfte",
+                                 "Q1",        "Q2",       "Q3",         "Q4"};
+    const Row& row = one.rowOf();
+    Row stub;
+    stub.words.assign(row.words.begin(),
+                      row.words.begin() + static_cast<std::ptrdiff_t>(one.amount.first));
+    return !isProse(row, one.page->isRecognised)
+           && findLabel(stub, quarters, one.page->isRecognised);
+}
+
 /// All amounts that may be a box, the surest first; of deductions also none.
 Candidates candidatesOf(const std::vector<RowRange>& ranges, const BoxWords& words) {
     Candidates found;
@@ -54,6 +67,9 @@ Candidates candidatesOf(const std::vector<RowRange>& ranges, const BoxWords& wor
     };
     for (const Wanted& one : ways) {
         take(findAmounts(ranges, one));
+    }
+    if (found.size() > 1) { // beside others a quarter's is none of the year
+        std::erase_if(found, [](const auto& one) { return isOfQuarter(*one); });
     }
     return found;
 }
@@ -339,8 +355,7 @@ std::optional<SalaryForm> readWage(const std::vector<RowRange>& ranges) {
             continue;
         }
         const SalaryBox own = boxWords()[box].box;
-        form.boxes[own] = found->amount;
-        form.boxes[own].amount.value = found->value().abs();
+        form.boxes[own] = inBox(own, found->amount);
         if (isOther) {
             form.elsewhere[own] = found->page;
         }
@@ -361,7 +376,8 @@ std::vector<SalaryForm> readSalaryLists(const DocumentRows& document) {
     if (auto columns = readSalaryColumns(document); !columns.empty()) {
         return columns;
     }
-    auto ofTable = readSalaryTable(document);
+    auto table = readSalaryTable(document);
+    auto& ofTable = table.forms;
     if (ofTable.size() > 1) {
         const double top = topOf(ofTable.front());
         for (SalaryForm& one : ofTable) {
@@ -376,7 +392,8 @@ std::vector<SalaryForm> readSalaryLists(const DocumentRows& document) {
         return pages;
     }
     auto form = readWage(wholeDocument(document));
-    if (!ofTable.empty() && (!form || !isProven(*form))) {
+    // Of several rows that add up the table's own choice counts.
+    if (!ofTable.empty() && (!form || !isProven(*form) || table.has(*form))) {
         form = std::move(ofTable.front());
     }
     if (!form) {

@@ -61,6 +61,20 @@ Evidence evidenceOf(const SalaryForm& form, SalaryBox box, const std::string& pl
     return evidence;
 }
 
+/// The check that a cancelled certificate fails; what its amounts add up to has no meaning.
+ProposalCheck positiveCheck(const SalaryForm& form) {
+    std::string printed;
+    for (const SalaryBox box : {SalaryBox::gross, SalaryBox::net}) {
+        if (const auto value = form.value(box); value && *value < 0) {
+            printed += (printed.empty() ? "" : " und ") + shown(*value);
+        }
+    }
+    return {(form.isPension ? "Die Rente ist positiv" : "Bruttolohn und Nettolohn sind positiv")
+                + std::string(": gedruckt ist aber ") + printed
+                + ", wie auf einem stornierten Ausweis",
+            false};
+}
+
 ProposedRecord recordOf(const SalaryForm& form) {
     ProposedRecord record{.kind = form.isPension ? ProposedRecord::Kind::pension
                                                  : ProposedRecord::Kind::salaryCertificate,
@@ -82,13 +96,15 @@ void proposePension(const SalaryForm& form, ProposalDraft& draft) {
     const auto& taken = net != form.boxes.end() ? *net : *gross;
     const int record = draft.addRecord(recordOf(form));
     std::optional<ProposalCheck> check;
-    if (net != form.boxes.end() && gross != form.boxes.end()) {
+    if (form.isNegative()) {
+        check = positiveCheck(form);
+    } else if (net != form.boxes.end() && gross != form.boxes.end()) {
         const Decimal a = gross->second.amount.value;
         const Decimal b = net->second.amount.value;
-        check = ProposalCheck{a == b ? "Vor und nach Abzügen steht derselbe Betrag: " + shown(a)
-                                     : "Vor Abzügen (Ziffer 8) steht " + shown(a)
-                                           + ", danach (Ziffer 11) " + shown(b),
-                              a == b};
+        check = ProposalCheck{
+            "Vor und nach Abzügen steht derselbe Betrag: "
+                + (a == b ? shown(a) : "gedruckt sind aber " + shown(a) + " und " + shown(b)),
+            a == b};
     }
     const char* number = net != form.boxes.end() ? "11" : "8";
     draft.add(record, "amount", taken.second.amount.value,
@@ -125,19 +141,17 @@ void proposeSalaryForm(const SalaryForm& form, ProposalDraft& draft) {
         return;
     }
     const auto value = [&](SalaryBox box) { return form.value(box).value_or(Decimal()); };
-    const auto check = netSalaryCheck(
-        form.value(SalaryBox::gross),
-        {value(SalaryBox::social), value(SalaryBox::pensionFund), value(SalaryBox::buyIn)},
-        form.value(SalaryBox::net));
+    const auto check =
+        form.isNegative() ? std::optional(positiveCheck(form))
+                          : netSalaryCheck(form.value(SalaryBox::gross),
+                                           {value(SalaryBox::social), value(SalaryBox::pensionFund),
+                                            value(SalaryBox::buyIn)},
+                                           form.value(SalaryBox::net));
     const int record = draft.addRecord(recordOf(form));
     for (const FieldOfBox& row : amountFields) {
         if (const auto found = form.boxes.find(row.box); found != form.boxes.end()) {
-            Evidence evidence = evidenceOf(form, row.box, placeOf(form, row.number), check);
-            if (form.isNegative()) {
-                evidence.checks.push_back(
-                    {"Der Lohn steht mit einem Minus, wie auf einem stornierten Ausweis", false});
-            }
-            draft.add(record, row.field, found->second.amount.value, std::move(evidence));
+            draft.add(record, row.field, found->second.amount.value,
+                      evidenceOf(form, row.box, placeOf(form, row.number), check));
         }
     }
     if (form.isLiechtenstein) {

@@ -45,35 +45,60 @@ class Deductions {
     }
 
     /// Interest less withholding tax leaves a net amount too.
-    bool areOfWage() const { return std::ranges::any_of(parts_, &Part::isNamed); }
+    bool areOfWage() const {
+        return std::ranges::any_of(parts_, [](const Part& part) { return part.box.has_value(); });
+    }
 
-    /// Puts them to their boxes, those of a box together.
-    void fill(SalaryForm& form, const Decimal& gross) const {
+    /// Puts the contributions to their boxes, those of a box together. What else is kept back
+    /// belongs to the net wage.
+    void fill(SalaryForm& form) const {
+        const Decimal gross = form.boxes.at(SalaryBox::gross).amount.value;
+        Decimal untold;
         for (const Part& part : parts_) {
-            const auto [box, isNew] = form.boxes.emplace(part.box, part.amount);
-            if (!isNew) {
-                Decimal& value = box->second.amount.value;
-                value = value + part.amount.amount.value;
+            const Decimal& value = part.amount.amount.value;
+            form.isGuess |= !part.isSure;
+            if (part.isKept) {
+                Decimal& net = form.boxes.at(SalaryBox::net).amount.value;
+                net = net + value;
+                continue;
             }
-            form.isGuess |= !part.isNamed;
+            const bool isTold = part.box && (!part.isRisk || value * 100 < gross * mostOfRisk);
+            untold = untold + (isTold ? Decimal() : value);
+            const auto [box, isNew] =
+                form.boxes.emplace(part.box.value_or(SalaryBox::social), part.amount);
+            if (!isNew) {
+                box->second.amount.value = box->second.amount.value + value;
+            }
         }
-        if (!form.boxes.contains(SalaryBox::pensionFund) && mayHoldPension(gross)) {
-            form.boxes.erase(SalaryBox::social);
-        }
+        withhold(form, untold);
     }
 
   private:
+    static constexpr int mostOfRisk = 4;  ///< per cent of a wage that insures one risk
+    static constexpr int leastOfFund = 2; ///< that the pension fund takes
+
     struct Part {
-        SalaryBox box = SalaryBox::social;
         RowAmount amount;
-        bool isNamed = false; ///< its words say which box it belongs to
+        std::optional<SalaryBox> box = {}; ///< that its words name
+        bool isKept = false;               ///< it is no contribution, by its words
+        bool isRisk = false;               ///< they name what it insures alone
+        bool isMixed = false;              ///< some of it is none
+        bool isSure = false;               ///< its words can mean nothing else
     };
 
-    /// Whether what no words name is as much of a wage as the pension fund takes.
-    bool mayHoldPension(const Decimal& gross) const {
-        return std::ranges::any_of(parts_, [&](const Part& part) {
-            return !part.isNamed && part.amount.amount.value * 100 >= gross * 2;
-        });
+    /// Leaves out what may hold more than contributions. What no words name may be of the pension
+    /// fund, or none, where it is more than small insurances take: two per cent.
+    void withhold(SalaryForm& form, const Decimal& untold) const {
+        if (untold * 100 >= form.boxes.at(SalaryBox::gross).amount.value * leastOfFund) {
+            form.boxes.erase(SalaryBox::social);
+            form.boxes.erase(SalaryBox::net);
+        }
+        for (const Part& part : parts_) {
+            if (part.isMixed) {
+                form.boxes.erase(part.box.value_or(SalaryBox::social));
+                form.boxes.erase(SalaryBox::net);
+            }
+        }
     }
 
     /// Whether a row is a line of sentences, or goes on with the one before.
@@ -117,13 +142,29 @@ class Deductions {
         for (const std::size_t box : {2U, 4U, 3U}) { // buy-in, pension fund, social insurances
             if ((box == 3 && isState) || (!isState && names(words, boxWords()[box]))) {
                 part.box = boxWords()[box].box;
-                part.isNamed = true;
+                part.isSure = true;
                 break;
             }
+        }
+        part.isRisk = !part.box && findLabel(words, riskWords(), isRecognised_);
+        if (isKeptBack(words, isRecognised_)) {
+            part.isMixed = part.box && isFirm(words, *part.box);
+            part.isKept = !part.isMixed;
+            part.isSure = part.isKept && !part.box && !part.isRisk;
+        } else if (part.isRisk) {
+            part.box = SalaryBox::social;
         }
         if (!isSubtotal(part)) {
             parts_.push_back(part);
         }
+    }
+
+    /// Whether words name a box by more than what only suggests it between two wages.
+    bool isFirm(const Row& words, SalaryBox box) const {
+        const auto meant = box == SalaryBox::social        ? Concept::social
+                           : box == SalaryBox::pensionFund ? Concept::occupational
+                                                           : Concept::buyIn;
+        return namesAny(words, {meant}, isRecognised_);
     }
 
     bool names(const Row& words, const BoxWords& box) const {
@@ -135,16 +176,18 @@ class Deductions {
                    && namesAny(words, {occupational}, isRecognised_));
     }
 
+    static bool isTold(const Part& part) { return part.box || part.isKept; }
+
     /// Whether an amount adds up those before it. Where its words say what they are and their own
     /// do not, it stands for them.
     bool isSubtotal(const Part& whole) {
         Decimal sum;
-        bool areNamed = true;
+        bool areTold = true;
         for (std::size_t first = parts_.size(); first-- > 0;) {
             sum = sum + parts_[first].amount.amount.value;
-            areNamed &= parts_[first].isNamed;
+            areTold &= isTold(parts_[first]);
             if (parts_.size() - first >= 2 && sum == whole.amount.amount.value) {
-                if (!areNamed && whole.isNamed) {
+                if (!areTold && isTold(whole)) {
                     parts_.resize(first);
                     return false;
                 }
@@ -167,16 +210,18 @@ std::optional<SalaryForm> readSalaryRun(const FoundAmount& gross, const FoundAmo
         || (net.row == gross.row && net.amount.first <= gross.amount.last)) {
         return std::nullopt;
     }
+    if (gross.value() <= 0 || net.value() <= 0) { // a cancelled wage
+        return std::nullopt;
+    }
     const Deductions deductions(gross, net);
-    const Decimal whole = gross.value().abs();
     if (!deductions.areOfWage() || deductions.sum() < 1
-        || whole - deductions.sum() != net.value().abs()) {
+        || gross.value() - deductions.sum() != net.value()) {
         return std::nullopt;
     }
     SalaryForm form{.page = gross.page};
     form.boxes[SalaryBox::gross] = gross.amount;
     form.boxes[SalaryBox::net] = net.amount;
-    deductions.fill(form, whole);
+    deductions.fill(form);
     return form;
 }
 

@@ -44,24 +44,10 @@ std::optional<ColumnBox> boxOf(const Row& cell, bool isRecognised) {
     return std::nullopt;
 }
 
-/// What an employer keeps back of a wage besides contributions.
-const Labels& taxesAtSource() {
-    static const Labels words{"Quellensteuer*",
-                              "Q.-Steuer",
-                              "QST",
-                              "impôt à la source",
-                              "impôt source",
-                              "imp. source",
-                              "imp. à la source",
-                              "IS",
-                              "imposta alla fonte",
-                              "imp. alla fonte",
-                              "ritenuta fonte",
-                              "withholding tax",
-                              "imposta",
-                              "impôt",
-                              "*steuer"};
-    return words;
+/// Whether a column is of what an employer keeps back of a wage besides contributions.
+bool isKeptColumn(const Row& cell, bool isRecognised) {
+    static const Labels taxes{"IS", "impôt", "imp", "ritenuta fonte"}; // of columns only
+    return isKeptBack(cell, isRecognised) || findLabel(cell, taxes, isRecognised);
 }
 
 class SalaryTable {
@@ -70,8 +56,7 @@ class SalaryTable {
         : page_(page), heading_(std::move(heading)) {
         for (const TableColumn& column : heading_.columns) {
             boxes_.push_back(boxOf(column.cell, page.isRecognised));
-            areTaxes_.push_back(
-                findLabel(column.cell, taxesAtSource(), page.isRecognised).has_value());
+            areKept_.push_back(isKeptColumn(column.cell, page.isRecognised));
         }
         keepSurest(SalaryBox::gross);
         keepSurest(SalaryBox::net);
@@ -87,20 +72,23 @@ class SalaryTable {
     }
 
     /// The wages it states: one for each of several people or employers, else the year's.
-    std::vector<SalaryForm> read() const {
+    SalaryTableReading read() const {
+        SalaryTableReading reading{.page = &page_};
         std::vector<Line> lines;
         const std::size_t end = std::min(page_.rows.size(), heading_.row + 1 + farthest);
         for (std::size_t at = heading_.row + 1; at < end; ++at) {
             if (auto form = formIn(at)) {
                 lines.push_back({std::move(*form), at, stubOf(at)});
+                reading.rows.insert(at);
             }
         }
-        if (auto held = heldBySeveral(lines); !held.empty()) {
-            return held;
+        reading.forms = heldBySeveral(lines);
+        if (reading.forms.empty()) {
+            auto one = whole(lines);
+            one = one ? std::move(one) : newest(lines);
+            reading.forms = one ? std::vector{std::move(*one)} : std::vector<SalaryForm>();
         }
-        auto one = whole(lines);
-        one = one ? std::move(one) : newest(lines);
-        return one ? std::vector{std::move(*one)} : std::vector<SalaryForm>();
+        return reading;
     }
 
   private:
@@ -133,12 +121,27 @@ class SalaryTable {
                    || (hasParts && namesWholeYear(line.stub)));
     }
 
-    /// The last row that adds up others.
+    /// The row that adds up others: the one that the others of its kind come to, else the last.
     std::optional<SalaryForm> whole(const std::vector<Line>& lines) const {
         const bool hasParts = std::ranges::count_if(lines, isPart) >= 2;
-        const auto found = std::find_if(lines.rbegin(), lines.rend(),
-                                        [&](const Line& line) { return isWhole(line, hasParts); });
-        return found != lines.rend() ? std::optional(found->form) : std::nullopt;
+        std::vector<const SalaryForm*> wholes;
+        Decimal sum;
+        for (const Line& line : lines) {
+            if (isWhole(line, hasParts)) {
+                wholes.push_back(&line.form);
+                sum = sum + grossOf(line.form);
+            }
+        }
+        const auto found = std::ranges::find_if(
+            wholes, [&](const SalaryForm* one) { return grossOf(*one) * 2 == sum; });
+        if (wholes.empty()) {
+            return std::nullopt;
+        }
+        return found != wholes.end() ? **found : *wholes.back();
+    }
+
+    static Decimal grossOf(const SalaryForm& form) {
+        return form.value(SalaryBox::gross).value_or(Decimal());
     }
 
     /// The only wage, or of several under years the newest.
@@ -259,9 +262,9 @@ class SalaryTable {
             if (amounts[i] == nullptr) {
                 continue;
             }
-            RowAmount amount = *amounts[i];
-            amount.amount.value = amount.amount.value.abs();
-            const auto [known, isNew] = form.boxes.emplace(boxes_[i]->words->box, amount);
+            const SalaryBox box = boxes_[i]->words->box;
+            const RowAmount amount = inBox(box, *amounts[i]);
+            const auto [known, isNew] = form.boxes.emplace(box, amount);
             if (!isNew) {
                 Decimal& value = known->second.amount.value;
                 value = value + amount.amount.value;
@@ -289,8 +292,8 @@ class SalaryTable {
         return form;
     }
 
-    /// The net wage of a row that has none: stated below the table, or what was paid with the tax
-    /// that was kept back.
+    /// The net wage of a row that has none: stated below the table, or what was paid with all
+    /// that was kept back besides.
     void takeNetApart(std::size_t at, SalaryForm& form) const {
         const auto value = [&](SalaryBox box) { return form.value(box).value_or(Decimal()); };
         const Decimal net = value(SalaryBox::gross) - value(SalaryBox::social)
@@ -301,14 +304,14 @@ class SalaryTable {
         }
         const auto amounts = heading_.amountsIn(
             page_, at, [](const RowAmount& amount, std::size_t) { return amount.amount.isFirm(); });
-        Decimal tax;
+        Decimal kept;
         for (std::size_t i = 0; i < amounts.size(); ++i) {
-            tax = tax + (areTaxes_[i] && amounts[i] ? amounts[i]->amount.value.abs() : Decimal());
+            kept = kept + (areKept_[i] && amounts[i] ? amounts[i]->amount.value.abs() : Decimal());
         }
-        for (std::size_t i = 0; i < amounts.size() && tax > 0; ++i) {
-            const bool isPaid = amounts[i] != nullptr && !areTaxes_[i]
+        for (std::size_t i = 0; i < amounts.size() && kept > 0; ++i) {
+            const bool isPaid = amounts[i] != nullptr && !areKept_[i]
                                 && (!boxes_[i] || boxes_[i]->words->box == SalaryBox::net);
-            if (isPaid && amounts[i]->amount.value.abs() + tax == net) {
+            if (isPaid && amounts[i]->amount.value.abs() + kept == net) {
                 RowAmount whole = *amounts[i];
                 whole.amount.value = net;
                 form.boxes.insert_or_assign(SalaryBox::net, whole);
@@ -335,12 +338,23 @@ class SalaryTable {
     const PageRows& page_;
     TableHeading heading_;
     std::vector<std::optional<ColumnBox>> boxes_; ///< by column
-    std::vector<bool> areTaxes_;                  ///< whether a column is of tax kept back
+    std::vector<bool> areKept_; ///< whether a column is of what is kept back besides
 };
 
 } // namespace
 
-std::vector<SalaryForm> readSalaryTable(const DocumentRows& document) {
+bool SalaryTableReading::has(const SalaryForm& form) const {
+    const auto gross = form.boxes.find(SalaryBox::gross);
+    return form.page == page && gross != form.boxes.end()
+           && std::ranges::any_of(rows, [&](std::size_t at) {
+                  return std::ranges::any_of(page->rows[at].amounts, [&](const RowAmount& amount) {
+                      return amount.place.top == gross->second.place.top
+                             && amount.place.left == gross->second.place.left;
+                  });
+              });
+}
+
+SalaryTableReading readSalaryTable(const DocumentRows& document) {
     for (const PageRows& page : document.pages) {
         for (std::size_t at = 0; at < page.rows.size() && page.number != 0; ++at) {
             for (const bool withNext : {false, true}) {
@@ -348,8 +362,8 @@ std::vector<SalaryForm> readSalaryTable(const DocumentRows& document) {
                 if (!table.isOne()) {
                     continue;
                 }
-                if (auto forms = table.read(); !forms.empty()) {
-                    return forms;
+                if (auto reading = table.read(); !reading.forms.empty()) {
+                    return reading;
                 }
             }
         }

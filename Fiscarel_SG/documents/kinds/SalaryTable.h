@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/SalaryForm.h"
 
+#include <set>
 #include <vector>
 
 namespace fiscarel {
@@ -10,6 +11,14 @@ namespace fiscarel {
 /// each of several people or employers that the rows name, else the row of the total, of the newest
 /// year, or the only one. Only where gross less all deductions is net; what stands above the table
 /// is not read.
-std::vector<SalaryForm> readSalaryTable(const DocumentRows& document);
+struct SalaryTableReading {
+    std::vector<SalaryForm> forms;
+    const PageRows* page = nullptr;
+    std::set<std::size_t> rows; ///< all that state a wage, the parts of a total too
+
+    /// Whether a wage read in another way is that of one of the rows.
+    bool has(const SalaryForm& form) const;
+};
+SalaryTableReading readSalaryTable(const DocumentRows& document);
 
 } // namespace fiscarel

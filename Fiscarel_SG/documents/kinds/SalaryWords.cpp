@@ -11,45 +11,39 @@ Labels joined(Labels words, const Labels& more) {
     return words;
 }
 
-/// What the social insurances take is for, by the risk alone.
-const Labels& riskWords() {
+/// What only the social insurances take from a wage, however it is said.
+const Labels& insuranceWords() {
     static const Labels words{"Arbeitslos*",
-                              "Unfall*",
-                              "*unfallversicherung",
                               "UVG*",
                               "Krankentaggeld*",
                               "Krankentag*",
-                              "Lohnausfall*",
                               "Gesetzliche Abzüge",
                               "Gesetzliche Beiträge",
                               "chômage",
                               "chôm.",
-                              "accident*",
                               "acc. n. prof",
                               "acc. non prof*",
                               "LAA",
                               "AP/ANP",
                               "ANP",
-                              "maladie",
                               "perte de gain",
                               "pertes de gain",
-                              "maternité",
                               "AMat",
                               "charges légales",
                               "cotisations légales",
                               "retenues légales",
                               "paritaires",
                               "journalières",
+                              "Freizeitunf*",
+                              "accidents loisirs",
+                              "tempo libero",
                               "disoccupazione",
                               "disocc*",
-                              "infortun*",
                               "inf. n.p",
                               "inf. np",
                               "inf. non prof*",
-                              "malattia",
                               "perdita di guadagno",
                               "perdita guadagno",
-                              "maternità",
                               "IGM",
                               "IPGM",
                               "contributi di legge",
@@ -58,8 +52,80 @@ const Labels& riskWords() {
                               "oneri di legge",
                               "paritetic*",
                               "LAINF NP",
-                              "unemployment",
-                              "accident insurance"};
+                              "unemployment"};
+    return words;
+}
+
+/// The insurance of the costs of treatment, which everybody pays on their own.
+const Labels& treatmentWords() {
+    static const Labels words{"Krankenkasse*",
+                              "KVG",
+                              "Grundversicherung*",
+                              "Krankenpflege*",
+                              "KK-Prämie*",
+                              "KK",
+                              "Krankenzusatz*",
+                              "LAMal",
+                              "caisse maladie",
+                              "caisses maladie",
+                              "assurance maladie obligatoire",
+                              "assurance maladie de base",
+                              "cassa malati",
+                              "casse malati",
+                              "cassa malattia",
+                              "assicurazione malattia obbligatoria",
+                              "assicurazione malattia di base",
+                              "health insurance"};
+    return words;
+}
+
+/// What is paid in place of a wage; an insurer of treatments may insure that too.
+const Labels& dailyBenefitWords() {
+    static const Labels words{"*taggeld*",   "KTG", "KTGV", "UTG",    "Lohnausfall*",
+                              "journali*",   "IJM", "APGM", "perte*", "perdita",
+                              "giornalier*", "IGM", "IPGM", "daily*"};
+    return words;
+}
+
+/// What employers keep back of a wage for tax, as debts, for goods or for savings of one's own.
+const Labels& keptBackWords() {
+    static const Labels words{
+        // Tax
+        "Quellenst*", "Q.-Steuer", "Q-Steuer", "QST", "*steuer", "*steuern", "impôt*", "source",
+        "imposta", "imposte", "fonte", "withholding tax",
+        // Rent and board
+        "Miete*", "Mietzins*", "*miete", "*mietzins", "Wohnung*", "Unterkunft*", "Zimmer",
+        "Zimmermiete", "Logis", "Kost", "Verpflegung*", "Mahlzeit*", "Essen", "Essens*",
+        "Mittagessen", "Kantine*", "Personalrestaurant*", "Personalhaus*", "*verpflegung", "loyer*",
+        "logement*", "chambre*", "repas", "nourriture", "cantine*", "affitto", "affitti",
+        "pigione*", "locazione", "alloggio", "camera", "vitto", "mensa", "pasti", "pasto", "rent",
+        "meals",
+        // Debts
+        "Darlehen*", "*darlehen", "*darlehens*", "Kredit*", "*kredit", "Vorschuss*", "*vorschuss",
+        "Vorschüsse*", "Vorbezug*", "Akonto*", "a conto", "Anzahlung*", "Pfändung*", "*pfändung",
+        "Betreibung*", "Lohnabtretung*", "Abtretung*", "Haftpflicht*", "*schaden", "*rückzahlung*",
+        "Rückerstattung*", "Rückforderung*", "Überzahlung*", "Busse*", "Schaden*", "Kaution*",
+        "Alimente*", "*alimente", "Unterhalt*", "prêt", "prêts", "emprunt*", "crédit*", "avance",
+        "avances", "acompte*", "saisie*", "poursuite*", "remboursement*", "dédommagement*",
+        "alimentaire*", "amende*", "caution", "prestito", "prestiti", "mutuo", "credito",
+        "anticip*", "acconto", "acconti", "rimborso", "rimborsi", "restituzione", "risarciment*",
+        "pignorament*", "esecuzion*", "alimenti", "multa", "multe", "cauzione", "loan", "advance",
+        "garnishment",
+        // Things and services
+        "Parkplatz*", "Parkhaus*", "Parkgebühr*", "Parking*", "*parkplatz", "Garagenplatz*",
+        "Einstellplatz*", "Auto", "Autos*", "Autok*", "Autov*", "*auto", "*fahrzeug*",
+        "Geschäftswagen*", "Firmenwagen*", "Leasing*", "Motor*", "Privat*", "Telefon*", "Handy*",
+        "Natel*", "Generalabonnement*", "Reka", "Personalkauf*", "Personaleinkauf*", "Warenbezug*",
+        "Gewerkschaft*", "Spende*", "Vollzugskosten*", "Kinderkrippe*", "Mitarbeiterbeteiligung*",
+        "Mitarbeiteraktien*", "place de parc", "places de parc", "parc", "stationnement",
+        "voiture*", "véhicule*", "privé*", "téléphone*", "abonnement*", "syndicat*", "parcheggi*",
+        "posteggi*", "veicol*", "automobil*", "abbonament*", "sindacat*", "parking",
+        // One's own savings
+        "3a", "3b", "Säule 3*", "3. Säule", "dritte Säule", "gebunden*", "freie Vorsorge",
+        "Lebensvers*", "3e pilier", "3ème pilier", "3me pilier", "IIIe pilier", "troisième pilier",
+        "liée", "liées", "assurance vie", "assurances vie", "prévoyance individuelle",
+        "3° pilastro", "3o pilastro", "III pilastro", "terzo pilastro", "vincolat*",
+        "previdenza individuale", "assicurazione vita", "third pillar"};
     return words;
 }
 
@@ -84,8 +150,22 @@ const Labels& firstPillarWords() {
     return words;
 }
 
+const Labels& riskWords() {
+    static const Labels words{"Unfall*",  "*unfallversicherung", "Lohnausfall*", "accident*",
+                              "maladie",  "maternité",           "infortun*",    "malattia",
+                              "maternità"};
+    return words;
+}
+
+bool isKeptBack(const Row& words, bool isRecognised) {
+    return findLabel(words, keptBackWords(), isRecognised)
+           || (findLabel(words, treatmentWords(), isRecognised)
+               && !findLabel(words, dailyBenefitWords(), isRecognised));
+}
+
 const std::array<BoxWords, 5>& boxWords() {
     static const Labels employers{"Arbeitgeber*", "employeur", "datore", "patronal*", "padronal*"};
+    static const Labels others = joined(employers, keptBackWords());
     static const std::array<BoxWords, 5> rows{
         BoxWords{SalaryBox::gross,
                  {{},
@@ -103,14 +183,14 @@ const std::array<BoxWords, 5>& boxWords() {
                   "spettanze", "elementi retributivi", "éléments de salaire", "Lohnbestandteile"}},
         BoxWords{SalaryBox::net,
                  {{}, employers, true, {{net, wage}, {net}}, {gross, other, pension}}},
-        BoxWords{SalaryBox::buyIn, {{}, employers, true, {{buyIn}}, {possible}}},
+        BoxWords{SalaryBox::buyIn, {{}, others, true, {{buyIn}}, {possible}}},
         BoxWords{SalaryBox::social,
-                 {{}, employers, true, {{social, total}, {social}}, {gross, net, buyIn}},
+                 {{}, others, true, {{social, total}, {social}}, {gross, net, buyIn}},
                  {},
-                 joined(riskWords(), firstPillarWords())},
+                 joined(insuranceWords(), firstPillarWords())},
         BoxWords{SalaryBox::pensionFund,
                  {{},
-                  joined(employers, firstPillarWords()),
+                  joined(others, firstPillarWords()),
                   true,
                   {{occupational, total}, {occupational}, {ordinary}},
                   {gross, net, buyIn, social}},

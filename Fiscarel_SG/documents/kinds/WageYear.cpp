@@ -346,6 +346,19 @@ bool namesGross(const DocumentRows& document) {
            || isAnyIn(document.folded, wordsFor(Concept::wage));
 }
 
+/// Whether the rows of a year's months, or of parts that end with it, stand above what they come
+/// to.
+template <typename Rows>
+bool haveYear(Rows first, Rows last) {
+    return std::count_if(first, last,
+                         [](const Row& row) {
+                             const auto stub = stubOf(row);
+                             const auto months = stub ? monthsOf(*stub) : std::set<int>();
+                             return !months.empty() && *months.rbegin() == 12;
+                         })
+           == 1;
+}
+
 } // namespace
 
 bool namesPartOfYear(const Row& words) {
@@ -409,7 +422,8 @@ std::optional<WageYear> yearBelowPart(const DocumentRows& document) {
             std::for_each(rows.begin(), first, [&](const Row& row) { months.add(row); });
             SlipMonths own;
             own.add(*at);
-            WageYear year{.document = document, .isOver = months.areOver() || own.areOver()};
+            const bool isOver = months.areOver() || own.areOver() || haveYear(first, at);
+            WageYear year{.document = document, .isOver = isOver};
             auto& kept = year.document.pages[i].rows;
             kept.assign(rows.begin(), first);
             kept.insert(kept.end(), at, rows.end());

@@ -402,5 +402,34 @@ TEST(WageYear, earningsAndDeductionsMayStandBesideEachOther) {
     EXPECT_EQ(amountsOf(page.proposed()), wageOfYear);
 }
 
+TEST(WageYear, aTotalOfAQuarterIsNotTheYears) {
+    struct Names {
+        const char* quarter;
+        const char* year;
+    };
+    for (const Names& row :
+         {Names{"Total 1. Quartal", "Total Jahr"}, Names{"Total 1. Halbjahr", "Jahrestotal 2024"},
+          Names{"Total 1er trimestre", "Total année"}, Names{"Totale semestre", "Totale anno"}}) {
+        DrawnPage page;
+        page.line("Lohnkonto 2024").line("Anna Muster");
+        double y = 110;
+        const auto line = [&](const std::vector<const char*>& words) {
+            page.text(60, y, words[0]);
+            for (std::size_t i = 1; i < words.size(); ++i) {
+                page.right(140 + 100 * static_cast<double>(i), y, words[i]);
+            }
+            y += 16;
+        };
+        line({"Monat", "Brutto", "AHV", "BVG", "Netto"});
+        line({"Januar", "5’000.00", "300.00", "250.00", "4’450.00"});
+        line({"Februar", "5’000.00", "300.00", "250.00", "4’450.00"});
+        line({"März", "5’000.00", "300.00", "250.00", "4’450.00"});
+        line({row.quarter, "15’000.00", "900.00", "750.00", "13’350.00"});
+        line({"April – Dezember", "47’000.00", "3’600.00", "2’350.00", "41’050.00"});
+        line({row.year, "62’000.00", "4’500.00", "3’100.00", "54’400.00"});
+        EXPECT_EQ(amountsOf(page.proposed()), wageOfYear) << row.quarter;
+    }
+}
+
 } // namespace
 } // namespace fiscarel
