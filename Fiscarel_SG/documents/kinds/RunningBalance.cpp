@@ -9,34 +9,45 @@ namespace fiscarel {
 
 namespace {
 
-/// Whether the last amount of a row is what a neighbour's last one became by what the row posted,
-/// or what the next row goes on from: the running balance of an account.
+constexpr std::size_t farthest = 2; ///< rows to the next posting, of which one may go on about it
+
+const RowAmount* lastOf(const Row& row) {
+    return row.amounts.empty() || !row.amounts.back().amount.isFirm() ? nullptr
+                                                                      : &row.amounts.back();
+}
+
+/// Whether the last amount of a row is what an amount above it became by what the row posted.
+bool leads(const PageRows& page, const RowAmount& before, const Row& row) {
+    const RowAmount* after = lastOf(row);
+    if (after == nullptr || row.amounts.size() < 2
+        || std::abs(before.place.right - after->place.right) > alignment(page)) {
+        return false;
+    }
+    const Decimal moved = (after->amount.value - before.amount.value).abs();
+    return !moved.isZero()
+           && std::any_of(row.amounts.begin(), row.amounts.end() - 1, [&](const auto& one) {
+                  return one.amount.isFirm() && one.amount.value.abs() == moved;
+              });
+}
+
+/// Whether the last amount of a row is the running balance of an account.
 bool runsOn(const PageRows& page, std::size_t at) {
-    constexpr std::size_t farthest = 2; // rows, of which one may go on about the posting
-    const auto lastOf = [](const Row& row) -> const RowAmount* {
-        return row.amounts.empty() || !row.amounts.back().amount.isFirm() ? nullptr
-                                                                          : &row.amounts.back();
-    };
-    const auto leads = [&](const RowAmount& before, const Row& row) {
-        const RowAmount* after = lastOf(row);
-        return after != nullptr && row.amounts.size() >= 2
-               && std::abs(before.place.right - after->place.right) <= alignment(page)
-               && std::any_of(row.amounts.begin(), row.amounts.end() - 1, [&](const auto& one) {
-                      const Decimal moved = after->amount.value - before.amount.value;
-                      return one.amount.isFirm() && !moved.isZero()
-                             && one.amount.value.abs() == moved.abs();
-                  });
-    };
     const RowAmount* own = lastOf(page.rows[at]);
     for (std::size_t i = 1; i <= farthest && own != nullptr; ++i) {
         const RowAmount* before = i <= at ? lastOf(page.rows[at - i]) : nullptr;
         const Row* after = at + i < page.rows.size() ? &page.rows[at + i] : nullptr;
-        if ((before != nullptr && leads(*before, page.rows[at]))
-            || (after != nullptr && leads(*own, *after))) {
+        if ((before != nullptr && leads(page, *before, page.rows[at]))
+            || (after != nullptr && leads(page, *own, *after))) {
             return true;
         }
     }
     return false;
+}
+
+/// The year of the day a row begins with.
+std::optional<int> yearOf(const Row& row) {
+    const auto day = row.words.empty() ? std::nullopt : parseDay(row.words[0].text);
+    return day ? std::optional(day->year()) : std::nullopt;
 }
 
 } // namespace
@@ -61,6 +72,24 @@ void dropRunningBalance(const RowRange& range, std::size_t at, const Wanted& wan
     if (!isBalance && amounts.size() == 2
         && (isHeaded() || (range.page->number != 0 && runsOn(*range.page, at)))) {
         amounts.pop_back();
+    }
+}
+
+void followRunningBalance(const RowRange& range, FoundAmount& balance) {
+    const PageRows& page = *range.page;
+    const RowAmount* own = lastOf(page.rows[balance.row]);
+    const bool isRunning = page.number != 0 && own != nullptr
+                           && page.rows[balance.row].amounts.size() > 1
+                           && own->first == balance.amount.first;
+    for (std::size_t at = balance.row + 1; isRunning && at < range.end; ++at) {
+        const bool isLater = yearOf(page.rows[at]) > yearOf(page.rows[balance.row]);
+        if (isLater || at - balance.row > farthest) {
+            return;
+        }
+        if (leads(page, balance.amount, page.rows[at])) {
+            balance.row = at;
+            balance.amount = *lastOf(page.rows[at]);
+        }
     }
 }
 

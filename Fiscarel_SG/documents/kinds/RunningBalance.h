@@ -11,4 +11,7 @@ namespace fiscarel {
 void dropRunningBalance(const RowRange& range, std::size_t at, const Wanted& wanted,
                         std::vector<const RowAmount*>& amounts);
 
+/// Makes of a balance behind a posting the last one of the year that the postings below lead to.
+void followRunningBalance(const RowRange& range, FoundAmount& balance);
+
 } // namespace fiscarel
