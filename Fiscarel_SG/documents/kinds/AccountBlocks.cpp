@@ -5,11 +5,13 @@
 #include "Fiscarel_SG/documents/kinds/BankShares.h"
 #include "Fiscarel_SG/documents/kinds/TableHeading.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
 
 #include <algorithm>
 #include <iterator>
 #include <map>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace fiscarel {
@@ -24,10 +26,39 @@ bool hasAmounts(const PageRows& page, std::size_t from, std::size_t end) {
                        [](const Row& row) { return hasFirmAmount(row); });
 }
 
+/// Whether a row begins with the letter or number of its section: "A  Anteilschein", "3) Hypothek".
+bool isNumbered(const Row& row) {
+    if (row.words.size() < 2) {
+        return false;
+    }
+    std::string_view mark = row.words[0].text;
+    const bool isClosed = mark.ends_with('.') || mark.ends_with(')');
+    mark.remove_suffix(isClosed ? 1 : 0);
+    const bool isLetter = mark.size() == 1 && mark[0] >= (isClosed ? 'A' : 'B') && mark[0] <= 'z';
+    const bool isFirst = mark == "A" || mark == "I" || mark == "II" || mark == "III";
+    const bool isNumber = !mark.empty() && mark.size() <= 2 && hasOnlyDigits(mark);
+    return isLetter || isFirst || isNumber;
+}
+
 /// Whether one of the first two words of a row means something.
 bool beginsWith(const PageRows& page, std::size_t at, Concept meant) {
     const auto place = findLabel(page.rows[at], wordsFor(meant), page.isRecognised);
-    return place && place->first <= 1;
+    return place && place->first <= (isNumbered(page.rows[at]) ? 2U : 1U);
+}
+
+/// The words of a title without its number and what brackets add, "A Anteilschein (zu CHF 200.–)".
+Row bareTitle(const Row& row) {
+    std::vector<RowWord> bare;
+    int depth = 0;
+    for (std::size_t i = isNumbered(row) ? 1 : 0; i < row.words.size(); ++i) {
+        const std::string& text = row.words[i].text;
+        depth += static_cast<int>(std::ranges::count(text, '('));
+        if (depth == 0) {
+            bare.push_back(row.words[i]);
+        }
+        depth = std::max(0, depth - static_cast<int>(std::ranges::count(text, ')')));
+    }
+    return rowOfWords(std::move(bare), false);
 }
 
 /// Whether a row begins with the name of an account or loan and its number; the number may stand
@@ -228,20 +259,26 @@ std::vector<std::size_t> startsByName(const PageRows& page,
     if (starts.empty()) {
         std::ranges::transform(ibans, std::back_inserter(starts), &AccountNumber::row);
     }
-    const auto named = namedBlocks(page);
+    std::vector<std::size_t> shares;
+    for (std::size_t at = 0; at < page.rows.size(); ++at) {
+        if (namesShares(page.rows[at]) && hasFiguresBelow(page, at)) {
+            shares.push_back(at);
+        }
+    }
+    auto named = namedBlocks(page);
     if (ibans.size() < 2 && named.size() >= 2) {
+        std::ranges::copy_if(shares, std::back_inserter(named), [&](std::size_t at) {
+            return std::ranges::find(named, at) == named.end();
+        });
+        std::ranges::sort(named);
         return named;
     }
     const auto isLoan = [&](std::size_t at) {
         return namesLoan(page, at) && (at > starts.front() || hasAmounts(page, at, starts.front()))
                && std::ranges::find(ibans, at, &AccountNumber::row) == ibans.end();
     };
-    std::vector<std::size_t> shares;
     std::vector<std::size_t> parts; // of one loan, where no account is told of
     for (std::size_t at = 0; at < page.rows.size(); ++at) {
-        if (namesShares(page.rows[at]) && hasFiguresBelow(page, at)) {
-            shares.push_back(at);
-        }
         if (starts.empty() && isLoanTitle(page, at)) {
             parts.push_back(at);
         }
@@ -292,8 +329,12 @@ std::optional<FoundAmount> amountOfLastDay(const RowRange& range) {
 
 } // namespace
 
-bool namesShares(const Row& row) {
+bool namesShares(const Row& titled) {
     constexpr std::size_t longest = 5; // words of a title
+    if (!mentionsShares(titled)) {
+        return false;
+    }
+    const Row row = bareTitle(titled);
     const auto cells = cellsOf(row);
     // "3. Anteilscheine   Valor 8892595"
     const bool isNumbered = cells.size() == 2 && cells[0].last < longest && hasNumber(row)

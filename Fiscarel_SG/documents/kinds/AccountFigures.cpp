@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/AccountTable.h"
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+#include "Fiscarel_SG/documents/kinds/RunningBalance.h"
 #include "Fiscarel_SG/documents/kinds/SumText.h"
 #include "Fiscarel_SG/documents/kinds/WithholdingTax.h"
 
@@ -125,6 +126,9 @@ Figures figuresByLabel(const RowRange& range) {
     Figures figures;
     for (std::size_t i = 0; i < labelledFigures; ++i) {
         figures[i] = findFirst({range}, wantedOf(static_cast<Figure>(i)));
+    }
+    if (auto& balance = figures[static_cast<std::size_t>(Figure::balance)]) {
+        followRunningBalance(range, *balance);
     }
     findInterestByTax(range, figures);
     auto& owed = at(figures, Figure::debtInterest);

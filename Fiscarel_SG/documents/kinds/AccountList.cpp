@@ -103,6 +103,12 @@ bool isTaxLine(const PageRows& page, const Row& row) {
 /// amounts above the first, or above.
 const AccountNumber* ibanOf(const PageRows& page, const std::vector<AccountNumber>& ibans,
                             std::size_t at, std::size_t heading) {
+    const auto above = std::ranges::find(ibans, heading - 1, &AccountNumber::row);
+    if (heading > 0 && above != ibans.end() && at == heading + 1
+        && std::ranges::find(ibans, at, &AccountNumber::row) == ibans.end()
+        && !hasFirmAmount(page.rows[heading - 1])) {
+        return &*above; // the heading is that of one account, named over it
+    }
     const auto first =
         std::ranges::find_if(ibans, [&](const AccountNumber& iban) { return iban.row > heading; });
     if (first == ibans.end()) {

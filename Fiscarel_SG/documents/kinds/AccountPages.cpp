@@ -88,6 +88,38 @@ bool isPast(const Row& row, std::optional<int> year) {
     return isPast;
 }
 
+/// Whether the words around an amount make it a limit that something stays below or goes above:
+/// "bis Fr. 200", "weil der Zins Fr. 200.– nicht übersteigt".
+bool isLimit(const Row& row, const RowAmount& amount) {
+    static const Labels before{
+        "bis",      "bis zu",      "unter",      "höchstens",  "maximal",      "max",
+        "mehr als", "weniger als", "jusqu'à",    "moins de",   "plus de",      "fino a",
+        "meno di",  "più di",      "au maximum", "al massimo", "not exceeding"};
+    static const Labels behind{"übersteig*", "überschreit*", "nicht erreich*", "dépass*",
+                               "excèd*",     "excéd*",       "supera",         "superano",
+                               "superava",   "eccede",       "oltrepass*",     "exceed*"};
+    constexpr std::size_t nearest = 2;  // words before
+    constexpr std::size_t farthest = 3; // and behind
+    std::size_t at = amount.first;
+    while (at > 0 && isFrancs(row.words[at - 1].text)) {
+        --at;
+    }
+    Row words;
+    for (std::size_t i = at - std::min(at, nearest); i < at; ++i) {
+        words.words.push_back(row.words[i]);
+    }
+    const auto place = findLabel(words, before, false);
+    Row rest;
+    for (std::size_t i = amount.last + 1; i < row.words.size() && i <= amount.last + farthest;
+         ++i) {
+        rest.words.push_back(row.words[i]);
+        if (endsSentence(row, i)) {
+            break;
+        }
+    }
+    return (place && place->last + 1 == words.words.size()) || findLabel(rest, behind, false);
+}
+
 /// Whether an amount is told as a limit, as what was agreed on, lent once or is to be paid at
 /// least, or as of the day of the letter: one of the words before it says so.
 bool isAgreed(const Row& row, const RowAmount& amount, const Row* above) {
@@ -98,6 +130,11 @@ bool isAgreed(const Row& row, const RowAmount& amount, const Row* above) {
     static const Labels once{"concess*", "accordé*", "gewährt*", "aufgenommen*"};
     static const Labels today{"oggi",         "heute",    "heutig*",     "aujourd'hui", "à ce jour",
                               "data odierna", "presente", "attualmente", "today"};
+    static const Labels limits{"Höchstbetrag*",   "Maximalbetrag*",   "maximal*",
+                               "Obergrenze*",     "Freigrenze*",      "Freibetrag*",
+                               "Vorzugszins*",    "Deckung bis",      "gedeckt bis",
+                               "gesichert bis",   "montant maximum",  "montant maximal",
+                               "importo massimo", "garantis jusqu'à", "garantiti fino"};
     constexpr std::size_t near = 4; // words
     constexpr std::size_t inSentence = 10;
     const auto cells = cellsOf(row);
@@ -121,7 +158,8 @@ bool isAgreed(const Row& row, const RowAmount& amount, const Row* above) {
         return words;
     };
     const std::size_t sentence = own == cells.end() ? 0 : own->first; // no name in another column
-    return isAnyIn(before(near), agreed) || isAnyIn(before(near + 2, sentence), once)
+    return isLimit(row, amount) || isAnyIn(before(inSentence, sentence), limits)
+           || isAnyIn(before(near), agreed) || isAnyIn(before(near + 2, sentence), once)
            || isAnyIn(before(inSentence, sentence), today);
 }
 

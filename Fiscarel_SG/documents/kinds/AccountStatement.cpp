@@ -5,6 +5,7 @@
 #include "Fiscarel_SG/documents/kinds/AccountPages.h"
 #include "Fiscarel_SG/documents/kinds/AccountTable.h"
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+#include "Fiscarel_SG/documents/kinds/AssetCosts.h"
 #include "Fiscarel_SG/documents/kinds/BankShares.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
 #include "Fiscarel_SG/documents/kinds/SecurityTable.h"
@@ -13,6 +14,7 @@
 #include <algorithm>
 #include <deque>
 #include <iterator>
+#include <set>
 #include <utility>
 #include <vector>
 
@@ -34,10 +36,27 @@ class AccountMapper {
                 readPage(keep(withoutOthers(page, context_.facts.year)));
             }
         }
+        giveNumber();
         proposeEntries(context_, entries_, draft_);
+        proposeAssetCosts(context_, draft_);
     }
 
   private:
+    /// Gives the only account the only number of the document, which stands on another page.
+    void giveNumber() {
+        std::set<std::string> numbers;
+        for (const PageRows& page : context_.document.pages) {
+            for (const AccountNumber& iban : ibansOf(page)) {
+                numbers.insert(iban.text);
+            }
+        }
+        const bool isOne = entries_.size() == 1 && entries_[0].number.empty() && !entries_[0].isLoan
+                           && !entries_[0].isDepot;
+        if (isOne && numbers.size() == 1) {
+            entries_[0].number = *numbers.begin();
+        }
+    }
+
     void readPage(const PageRows& page) {
         const std::vector<AccountNumber> ibans = ibansOf(page);
         auto listed = entriesOfTables(page, ibans);
@@ -218,7 +237,8 @@ class AccountMapper {
     }
 
     /// Whether a page states what is left and the interest paid on it, and names a loan and no
-    /// account: "Steuerausweis Hypothek", "Kapital am 31. Dezember".
+    /// account: "Steuerausweis Hypothek", "Kapital am 31. Dezember". Where the interest may be
+    /// anybody's, the page says besides that it is owed.
     static bool tellsOfLoan(const AccountEntry& entry) {
         using enum Figure;
         const auto of = [&](Figure figure) {
@@ -226,19 +246,24 @@ class AccountMapper {
         };
         const auto& earned = entry.figures[static_cast<std::size_t>(interest)];
         const auto& owed = entry.figures[static_cast<std::size_t>(debtInterest)];
-        if (!of(balance) || !owed || of(debt) || (earned && earned->row != owed->row)
-            || !entry.number.empty()) {
+        static const Labels owing{"Schuld*",  "Schuldner*", "Darlehensnehmer*", "schuldest",
+                                  "schulden", "dette*",     "débiteur*",        "debitore*"};
+        const bool isPlain = !owed && earned && !of(withholding); // interest, told no further
+        if (!of(balance) || of(debt) || !entry.number.empty()
+            || (owed ? earned && earned->row != owed->row : !isPlain)) {
             return false;
         }
         const PageRows& page = *entry.range.page;
         bool isNamed = false;
+        bool isOwed = !isPlain;
         for (std::size_t at = 0; at < page.rows.size(); ++at) {
             isNamed |= namesLoan(page, at);
+            isOwed |= isAnyIn(page.rows[at].folded, owing);
             if (namesAny(page.rows[at], {Concept::account}, page.isRecognised)) {
                 return false;
             }
         }
-        return isNamed;
+        return isNamed && isOwed;
     }
 
     /// Whether a page tells of an account and a loan, each with its own interest, or of the account

@@ -24,6 +24,24 @@ bool runsOn(const Row& row, bool isRecognised) {
     return true;
 }
 
+/// Whether a sentence ends with the row's last amount, "liegt bei Fr. 25'000.–.", or within the row
+/// and another one begins before it.
+bool hasSentenceEnd(const Row& row) {
+    constexpr std::size_t fewest = 3; // words of the one that begins
+    const RowAmount& last = row.amounts.back();
+    const std::string& text = row.words[last.last].text;
+    if (last.amount.hasDecimals && text.size() > 2 && text.ends_with('.')) {
+        return true;
+    }
+    for (std::size_t i = 0; i + fewest < last.first; ++i) {
+        const char next = row.words[i + 1].text.front();
+        if (endsSentence(row, i) && next >= 'A' && next <= 'Z') {
+            return true;
+        }
+    }
+    return false;
+}
+
 } // namespace
 
 bool isProse(const Row& row, bool isRecognised) {
@@ -39,7 +57,7 @@ bool isProse(const Row& row, bool isRecognised) {
     }
     const char start = row.words.front().text.front();
     const bool isRest = start >= 'a' && start <= 'z' && endsSentence(row, row.words.size() - 1);
-    return isRest || firm > 1 || row.amounts.back().last + 1 != end;
+    return isRest || firm > 1 || hasSentenceEnd(row) || row.amounts.back().last + 1 != end;
 }
 
 namespace {

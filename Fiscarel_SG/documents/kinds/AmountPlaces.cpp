@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/AmountBelow.h"
 #include "Fiscarel_SG/documents/kinds/RowSums.h"
+#include "Fiscarel_SG/documents/kinds/RunningBalance.h"
 #include "Fiscarel_SG/documents/kinds/SectionTotal.h"
 #include "Fiscarel_SG/documents/rows/BoxNumbers.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
@@ -315,27 +316,6 @@ const RowAmount* speakingOf(const RowRange& range, std::size_t at, const LabelPl
     }
     const RowAmount* product = productAmong(row, right);
     return product != nullptr ? product : amountInCell(row, label, right);
-}
-
-/// Of what was posted and the running balance beside it the balance is not meant.
-void dropRunningBalance(const RowRange& range, std::size_t at, const Wanted& wanted,
-                        std::vector<const RowAmount*>& amounts) {
-    static const Labels balances{"Saldo", "solde", "Kontostand", "balance"};
-    static const Labels postings{"Belastung*", "Gutschrift*", "addebit*", "accredit*", "débit*",
-                                 "crédit*",    "Soll",        "Haben",    "dare",      "avere",
-                                 "debit",      "credit",      "Betrag",   "montant",   "importo"};
-    const bool isBalance = std::ranges::any_of(wanted.meanings, [](const Meaning& meaning) {
-        return std::ranges::find(meaning, Concept::balance) != meaning.end()
-               || std::ranges::find(meaning, Concept::debt) != meaning.end();
-    });
-    const auto isUnder = [&](const RowAmount& amount, const Labels& labels) {
-        const Row heading = headingOver(*range.page, at, amount);
-        return heading.words.size() == 1 && isAnyIn(heading.words[0].folded, labels);
-    };
-    if (!isBalance && amounts.size() == 2 && isUnder(*amounts.back(), balances)
-        && isUnder(*amounts.front(), postings)) {
-        amounts.pop_back();
-    }
 }
 
 /// Whether a sentence ends between two words of one that goes on in the row: what stands behind it

@@ -97,10 +97,12 @@ void weighStructure(const DocumentRows& document, std::map<Kind, int>& scores) {
 
 /// What only a statement of securities speaks of.
 const Labels& securities() {
-    static const Labels words{
-        "Valor*", "ISIN",   "Depot*",   "Wertschrift*", "Werte mit VSt", "*titel",         "titres",
-        "titoli", "Aktien", "actions",  "azioni",       "Obligation*",   "obbligazion*",   "Fonds",
-        "fondi",  "Kurs*",  "eCH-0196", "Stück",        "dépôt",         "deposito titoli"};
+    static const Labels words{"Valor*",        "ISIN",    "Depot*", "Wertschrift*",
+                              "Werte mit VSt", "*titel",  "titres", "titoli",
+                              "Aktien",        "actions", "azioni", "Obligation*",
+                              "obbligazion*",  "Fonds",   "fondi",  "Kurs*",
+                              "eCH-0196",      "Stück",   "dépôt",  "deposito titoli",
+                              "*fondsanteil*"};
     return words;
 }
 

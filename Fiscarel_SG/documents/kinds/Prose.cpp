@@ -74,9 +74,14 @@ class Sentences {
         if (!isKnown) {
             return false;
         }
-        const bool isAmount = !next.amounts.empty() && next.amounts.front().first == 0;
-        const double width = isAmount ? next.amounts.front().place.width() // is not torn apart
-                                      : next.words.front().place.width();
+        // An amount and its currency are not torn apart.
+        const bool isAmount =
+            !next.amounts.empty()
+            && (next.amounts.front().first == 0
+                || (next.amounts.front().first == 1 && isFrancs(next.words.front().text)));
+        const double end =
+            isAmount ? next.amounts.front().place.right : next.words.front().place.right;
+        const double width = end - next.words.front().place.left;
         return line.words.back().place.right + width + line.height() < margin_;
     }
 

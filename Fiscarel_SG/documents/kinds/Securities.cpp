@@ -205,6 +205,14 @@ void SecurityList::settleIncome() {
     const auto holds = [&](Stated stated) {
         return incomesOf(stated) == 0 || isPrinted(settled.sumOf(stated));
     };
+    // Where no debtor is Swiss, nothing can have been withheld.
+    const bool isNoneSwiss = std::ranges::none_of(all, [](const Security& one) {
+        return one.isAccount || one.number.starts_with("CH") || !isIsin(one.number);
+    });
+    if (isNoneSwiss) {
+        all = std::move(settled.all);
+        return;
+    }
     // One income alone is printed anyway, and proves nothing.
     const bool isSummed = incomesOf(Stated::withTax) >= 2 || incomesOf(Stated::withoutTax) >= 2;
     const bool isProven = isSummed && holds(Stated::withTax) && holds(Stated::withoutTax);

@@ -337,8 +337,13 @@ bool listsSecurities(const DocumentRows& document) {
     const DocumentFacts facts;
     const KindContext context{document, facts, StoredDocument::Kind::steuerauszug, true, {}};
     return std::ranges::any_of(document.pages, [&](const PageRows& page) {
-        const auto table = tableOf(context, page);
-        return table && table->isProven();
+        const auto isListed = [&](auto listOf) {
+            const auto list = listOf(context, page);
+            return list && list->isProven();
+        };
+        constexpr std::ptrdiff_t fewest = 2; // numbers of a page of cards
+        return isListed(tableOf)
+               || (std::ranges::count_if(page.rows, hasIsin) >= fewest && isListed(securityCards));
     });
 }
 

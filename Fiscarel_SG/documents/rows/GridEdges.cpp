@@ -141,6 +141,20 @@ std::optional<std::vector<std::size_t>> gridColumns(const Row& labels, const Row
     return columns.empty() || (hasText && !isLeft) ? std::nullopt : std::optional(columns);
 }
 
+namespace {
+
+/// "0.9412": more decimals than francs have.
+bool isExchangeRate(const Row& row, const LabelPlace& cell) {
+    constexpr std::size_t fewest = 4; // decimals
+    const std::string_view text = row.words[cell.first].text;
+    const auto point = text.find('.');
+    return cell.first == cell.last && point != std::string_view::npos && point <= 3
+           && hasOnlyDigits(text.substr(0, point)) && hasOnlyDigits(text.substr(point + 1))
+           && text.size() - point > fewest;
+}
+
+} // namespace
+
 bool isGridOfBoxes(const Row& labels, const Row& values) {
     const Cells heads = headsOf(labels);
     const Cells cells = cellsOf(values);
@@ -148,13 +162,15 @@ bool isGridOfBoxes(const Row& labels, const Row& values) {
     const bool areNumbered = std::ranges::all_of(heads, [&](const LabelPlace& head) {
         return head.last > head.first && hasOnlyDigits(labels.words[head.first].text);
     });
-    const bool areFilled = areNumbered
-                               ? std::ranges::all_of(cells,
-                                                     [&](const LabelPlace& cell) {
-                                                         return roleOf(values, cell) != Role::text
-                                                                || isNumber(values, cell);
-                                                     })
-                               : hasOnlyAmounts(values);
+    const bool areFilled =
+        areNumbered ? std::ranges::all_of(cells,
+                                          [&](const LabelPlace& cell) {
+                                              return roleOf(values, cell) != Role::text
+                                                     || isNumber(values, cell);
+                                          })
+                    : std::ranges::all_of(cells, [&](const LabelPlace& cell) {
+                          return roleOf(values, cell) != Role::text || isExchangeRate(values, cell);
+                      });
     if (heads.size() < 2 || heads.size() != cells.size() || !hasFirmAmount(values) || !areFilled) {
         return false;
     }

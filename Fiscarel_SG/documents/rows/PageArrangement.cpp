@@ -9,6 +9,7 @@
 #include "Fiscarel_SG/documents/rows/Panels.h"
 #include "Fiscarel_SG/documents/rows/SplitLabels.h"
 #include "Fiscarel_SG/documents/rows/TurnedTables.h"
+#include "Fiscarel_SG/documents/rows/UngroupedNumbers.h"
 #include "Fiscarel_SG/documents/rows/Vocabulary.h"
 #include "Fiscarel_SG/documents/text/Digits.h"
 
@@ -504,7 +505,9 @@ PageRows arranged(PageRows page) {
     mend(page);
     turnTables(page);
     partHalves(page);
-    return Arrangement(std::move(page)).run();
+    PageRows done = Arrangement(std::move(page)).run();
+    dropUngroupedNumbers(done);
+    return done;
 }
 
 } // namespace fiscarel

@@ -102,5 +102,72 @@ TEST(AccountBlocks, AreToldApartHoweverTheyAreSet) {
     });
 }
 
+TEST(AccountBlocks, OfABankInLiechtensteinAreValuedInFrancs) {
+    expectRead({
+        {"an account in euros with its value in francs, no tax is withheld",
+         {{"Bescheinigung für Steuerzwecke 2023"},
+          {"Sparkonto Plus", {{520, "LI45 0881 2850 9613 2902 8"}}},
+          {"Vermögenssteuerwert in CHF", {{520, "105 979.28"}}},
+          {"Vermögensertrag in CHF (brutto)", {{520, "900.82"}}},
+          {"Euro-Konto", {{520, "LI31 0881 2387 5651 9159 0"}}},
+          {"Guthaben in EUR", {{380, "16 038.69"}, {520, "Devisenkurs 0.9287"}}},
+          {"Zinsertrag in EUR", {{380, "96.23"}}},
+          {"Vermögenssteuerwert in CHF", {{520, "14 895.13"}}},
+          {"Vermögensertrag in CHF (brutto)", {{520, "89.37"}}},
+          {"Kontoführungsspesen", {{520, "12.00"}}}},
+         {{{"taxValue", "105979.28"}, {"incomeWithoutWithholding", "900.82"}},
+          {{"taxValue", "14895.13"}, {"incomeWithoutWithholding", "89.37"}}}},
+    });
+}
+
+TEST(AccountBlocks, HaveTitlesWithNumbersThatAreNoAmounts) {
+    expectRead({
+        {"sections by letter, the nominal value of one share in brackets, a loan's number with a "
+         "point",
+         {{"Ausweis für das Steueramt, Kalenderjahr 2022"},
+          {"A  Anteilschein (nominal CHF 200.– je Stück)"},
+          {"Steuerwert 31.12.2022 CHF", {{520, "400.00"}}},
+          {"Verzinsung 5 % brutto CHF", {{520, "20.00"}}},
+          {"Verrechnungssteuer 35 % CHF", {{520, "7.00"}}},
+          {"B  Mitgliedersparkonto CH93 0076 2011 6238 5295 7"},
+          {"Saldo 31.12.2022 CHF", {{520, "56'373.32"}}},
+          {"Zins brutto CHF", {{520, "507.35"}}},
+          {"Verrechnungssteuer 35 % CHF", {{520, "177.57"}}},
+          {"C  Variable Hypothek 3146387.18, Inselweg"},
+          {"Schuldkapital 31.12.2022 CHF", {{520, "323'000.00"}}},
+          {"Bezahlte Schuldzinsen CHF", {{520, "6'056.25"}}}},
+         {{{"taxValue", "400"}, {"incomeWithWithholding", "20"}},
+          {{"taxValue", "56373.32"}, {"incomeWithWithholding", "507.35"}},
+          {{"amount", "323000"}, {"interest", "6056.25"}}}},
+    });
+}
+
+TEST(AccountBlocks, LeaveRunningBalancesAndLimits) {
+    expectRead({
+        {"a posting with the balance after it, the columns named on another page",
+         {{"Kontoabschluss Sparkonto CH93 0076 2011 6238 5295 7"},
+          {"Übertrag", {{520, "113'203.12"}}},
+          {"31.12.2022 Habenzins 2022 zu 0.75 %", {{430, "823.55"}, {520, "114'026.67"}}},
+          {"31.12.2022 Verrechnungssteuer 35 %", {{360, "288.24"}, {520, "113'738.43"}}},
+          {"31.12.2022 Schlusssaldo zu Ihren Gunsten", {{520, "113'738.43"}}}},
+         {{{"taxValue", "113738.43"}, {"incomeWithWithholding", "823.55"}}}},
+        {"a posting named like a balance, which others follow",
+         {{"Kontoabschluss per 31.12.2023, Sparheft CH93 0076 2011 6238 5295 7"},
+          {"15.06.2023 Einlage", {{430, "627.25"}, {520, "25'501.75"}}},
+          {"31.12.2023 Bruttozins", {{430, "255.00"}, {520, "25'756.75"}}},
+          {"31.12.2023 Verrechnungssteuer 35 %", {{360, "89.25"}, {520, "25'667.50"}}},
+          {"31.12.2023 Bestand", {{520, "25'667.50"}}}},
+         {{{"taxValue", "25667.5"}, {"incomeWithWithholding", "255"}}}},
+        {"the limits of the law and of the bank in sentences",
+         {{"Jugendsparheft, Angaben zum Steuerjahr 2023"},
+          {"Das Sparheft (IBAN CH93 0076 2011 6238 5295 7) wies am 31. Dezember 2023"},
+          {"ein Guthaben von Fr. 7'590.34 auf. Für das Jahr 2023 haben wir einen"},
+          {"Zins von Fr. 45.55 gutgeschrieben. Eine Verrechnungssteuer fiel nicht an, weil"},
+          {"der Zins Fr. 200.– nicht übersteigt. Fr. 30.– sind ein Geschenk, es ist im"},
+          {"Guthaben enthalten. Der Höchstbetrag mit Vorzugszins liegt bei Fr. 25'000.–."}},
+         {{{"taxValue", "7590.34"}, {"incomeWithoutWithholding", "45.55"}}}},
+    });
+}
+
 } // namespace
 } // namespace fiscarel

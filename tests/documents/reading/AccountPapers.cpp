@@ -9,8 +9,9 @@ namespace fiscarel {
 Records amountsOf(const ScanResult& result) {
     Records amounts(result.records.size());
     for (const Proposal& proposal : result.proposals) {
-        for (const char* field : {"taxValue", "quantity", "incomeWithWithholding",
-                                  "incomeWithoutWithholding", "amount", "interest"}) {
+        for (const char* field :
+             {"taxValue", "quantity", "incomeWithWithholding", "incomeWithoutWithholding", "amount",
+              "interest", "actualAssetManagementCosts"}) {
             if (proposal.field == field) {
                 amounts[static_cast<std::size_t>(proposal.recordIndex)][field] = proposal.value;
             }

@@ -57,6 +57,28 @@ TEST(SecurityCards, AreReadByWhatStandsBeforeEachAmount) {
     });
 }
 
+TEST(SecurityCards, OfFundsAbroadBearNoWithholdingTax) {
+    expectRead({
+        {"no totals, what managing cost told as deductible",
+         {{"Steuerreport 2025"},
+          {"Alpenrhein Obligationen", {{540, "LI4164350974"}}},
+          {"Anteile", {{540, "256"}}},
+          {"Kurs CHF", {{540, "52.76"}}},
+          {"Steuerwert 31.12.2025 CHF", {{540, "13'506.56"}}},
+          {"Steuerbarer Ertrag CHF", {{540, "224.21"}}},
+          {"Globale Aktien thes.", {{540, "IE3216076230"}}},
+          {"Anteile", {{540, "180"}}},
+          {"Kurs CHF", {{540, "165.22"}}},
+          {"Steuerwert 31.12.2025 CHF", {{540, "29'739.60"}}},
+          {"Steuerbarer Ertrag CHF", {{540, "532.34"}}},
+          {"Abzugsfähige Kosten der Vermögensverwaltung", {{540, "597.95"}}},
+          {"Kursgewinn (steuerfrei)", {{540, "285.13"}}}},
+         {{{"quantity", "256"}, {"taxValue", "13506.56"}, {"incomeWithoutWithholding", "224.21"}},
+          {{"quantity", "180"}, {"taxValue", "29739.6"}, {"incomeWithoutWithholding", "532.34"}},
+          {{"actualAssetManagementCosts", "597.95"}}}},
+    });
+}
+
 TEST(BankPapers, OfSharesAndLoansWithNumbers) {
     expectRead({
         {"shares with their number beside accounts, the tax told in brackets",
