@@ -96,6 +96,40 @@ bool isSame(const AccountEntry& one, const AccountEntry& other) {
     return same >= 2 && (one.number.empty() || other.number.empty() || one.number == other.number);
 }
 
+/// Whether an entry tells a part of what another one does, as a quarter's summary does of a year.
+bool isPart(const AccountEntry& whole, const AccountEntry& part) {
+    using enum Figure;
+    if (whole.number.empty() || whole.number != part.number) {
+        return false;
+    }
+    bool isLess = false;
+    for (const Figure figure : {balance, debt}) {
+        const auto& a = at(whole.figures, figure);
+        const auto& b = at(part.figures, figure);
+        if (a.has_value() != b.has_value() || (a && a->value() != b->value())) {
+            return false;
+        }
+    }
+    for (const Figure figure : {interest, debtInterest}) {
+        const auto& a = at(whole.figures, figure);
+        const auto& b = at(part.figures, figure);
+        if (a.has_value() != b.has_value() || (a && a->value().abs() < b->value().abs())) {
+            return false;
+        }
+        isLess |= a && b->value().abs() < a->value().abs();
+    }
+    return isLess;
+}
+
+std::vector<AccountEntry> withoutParts(const std::vector<AccountEntry>& entries) {
+    std::vector<AccountEntry> kept;
+    std::ranges::copy_if(entries, std::back_inserter(kept), [&](const AccountEntry& entry) {
+        return std::ranges::none_of(
+            entries, [&](const AccountEntry& other) { return isPart(other, entry); });
+    });
+    return kept;
+}
+
 /// The entries without those of a page that only tells again what pages before it told of all.
 std::vector<AccountEntry> withoutRepeats(std::vector<AccountEntry> entries) {
     std::vector<AccountEntry> kept;
@@ -130,7 +164,8 @@ class EntryProposer {
   public:
     EntryProposer(const KindContext& context, const std::vector<AccountEntry>& entries,
                   ProposalDraft& draft)
-        : context_(context), entries_(withoutRepeats(withoutSummaries(entries))), draft_(draft) {
+        : context_(context), entries_(withoutRepeats(withoutParts(withoutSummaries(entries)))),
+          draft_(draft) {
         for (std::size_t i = 0; i < figureCount; ++i) {
             sums_[i] = FigureSum(entries_, static_cast<Figure>(i)).check(context.document);
         }

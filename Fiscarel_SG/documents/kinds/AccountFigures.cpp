@@ -7,6 +7,7 @@
 #include "Fiscarel_SG/documents/kinds/WithholdingTax.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace fiscarel {
 
@@ -19,6 +20,62 @@ std::optional<FoundAmount> interestWithin(const RowRange& range) {
                                 "dont intérêt", "di cui interessi"},
                                {"Zinssatz", "Marge"}};
     return findFirst({range}, wanted);
+}
+
+/// The day a posting's row begins with.
+std::optional<taxcore::Date> dayOf(const FoundAmount& posting) {
+    const Row& row = posting.rowOf();
+    return row.words.empty() ? std::nullopt : parseDay(row.words.front().text);
+}
+
+/// Whether a row says that it is of a part of the year: "Zins 1. Halbjahr".
+bool isOfPart(const FoundAmount& posting) {
+    static const Labels parts{"*Halbjahr*", "*semester", "Semester*",  "*Quartal*",
+                              "semestr*",   "trimestr*", "half-year*", "quarter*"};
+    return findLabel(posting.rowOf(), parts, posting.page->isRecognised).has_value();
+}
+
+/// What an account's list credits or takes off on several days of its year, or for parts of it, as
+/// interest by quarters is: all of them together.
+void sumPostings(const RowRange& range, Figure figure, std::optional<FoundAmount>& found) {
+    const bool areDated = found && dayOf(*found);
+    if (!found || (!areDated && !isOfPart(*found) && figure != Figure::withholding)) {
+        return;
+    }
+    const auto all = findAmounts({range}, wantedOf(figure), Digits::firm);
+    Decimal sum;
+    const FoundAmount* before = nullptr;
+    for (const FoundAmount& one : all) {
+        const bool isAligned =
+            std::abs(one.amount.place.right - found->amount.place.right) <= alignment(*range.page);
+        const auto day = dayOf(one);
+        const auto last = before != nullptr ? dayOf(*before) : std::nullopt;
+        const bool isNext =
+            !areDated || (day && (!last || (*last < *day && last->year() == day->year())));
+        const bool isPart = areDated || figure == Figure::withholding || isOfPart(one);
+        if (!isNext || !isPart || !isAligned || (before != nullptr && before->row == one.row)) {
+            return; // a balance, or the same once more
+        }
+        before = &one;
+        sum = sum + one.value();
+    }
+    if (all.size() >= 2) {
+        found->amount.amount.value = sum;
+    }
+}
+
+/// The tax goes with the interest: both are of the whole year, or neither.
+void sumAllPostings(const RowRange& range, Figures& figures) {
+    sumPostings(range, Figure::debtInterest, at(figures, Figure::debtInterest));
+    auto interest = at(figures, Figure::interest);
+    auto tax = at(figures, Figure::withholding);
+    sumPostings(range, Figure::interest, interest);
+    if (!interest || interest->value() == at(figures, Figure::interest)->value()) {
+        return;
+    }
+    sumPostings(range, Figure::withholding, tax);
+    at(figures, Figure::interest) = std::move(interest);
+    at(figures, Figure::withholding) = std::move(tax);
 }
 
 /// Interest by what it is, which is surer than its label in recognised text: an amount above one of
@@ -127,6 +184,7 @@ Figures figuresByLabel(const RowRange& range) {
     for (std::size_t i = 0; i < labelledFigures; ++i) {
         figures[i] = findFirst({range}, wantedOf(static_cast<Figure>(i)));
     }
+    sumAllPostings(range, figures);
     if (auto& balance = figures[static_cast<std::size_t>(Figure::balance)]) {
         followRunningBalance(range, *balance);
     }

@@ -97,7 +97,9 @@ class Search {
     static bool isAside(const PageRows& page, std::size_t at, const RowAmount& amount) {
         static const std::vector<Concept> asides{Concept::meals, Concept::membership,
                                                  Concept::notDeductible};
-        return namesAny(headingOver(page, at, amount), asides, page.isRecognised);
+        const Row heading = headingOver(page, at, amount);
+        return namesAny(heading, asides, page.isRecognised)
+               && !namesAny(heading, {Concept::contribution, Concept::premium}, page.isRecognised);
     }
 
     static bool hasAsides(const PageRows& page, std::size_t at) {
