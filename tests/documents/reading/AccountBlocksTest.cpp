@@ -142,6 +142,26 @@ TEST(AccountBlocks, HaveTitlesWithNumbersThatAreNoAmounts) {
     });
 }
 
+TEST(AccountBlocks, SumInterestPostedInPartsOfTheYear) {
+    expectRead({
+        {"half-years by their days, each with its tax",
+         {{"Kontoauszug Sparkonto CH93 0076 2011 6238 5295 7, 2024"},
+          {"30.06.2024 Habenzins", {{430, "150.00"}, {520, "20'150.00"}}},
+          {"30.06.2024 Verrechnungssteuer", {{360, "52.50"}, {520, "20'097.50"}}},
+          {"31.12.2024 Habenzins", {{430, "160.00"}, {520, "20'257.50"}}},
+          {"31.12.2024 Verrechnungssteuer", {{360, "56.00"}, {520, "20'201.50"}}},
+          {"31.12.2024 Schlusssaldo", {{520, "20'201.50"}}}},
+         {{{"taxValue", "20201.5"}, {"incomeWithWithholding", "310"}}}},
+        {"half-years by name, what was paid back beside them",
+         {{"Zinsausweis Hypothek 2024"},
+          {"Hypothek Stand 31.12.2024", {{520, "400'000.00"}}},
+          {"Zinsen 1. Halbjahr", {{520, "3'000.00"}}},
+          {"Zinsen 2. Halbjahr", {{520, "2'950.00"}}},
+          {"Amortisation", {{520, "5'000.00"}}}},
+         {{{"amount", "400000"}, {"interest", "5950"}}}},
+    });
+}
+
 TEST(AccountBlocks, LeaveRunningBalancesAndLimits) {
     expectRead({
         {"a posting with the balance after it, the columns named on another page",
