@@ -102,7 +102,7 @@ std::string sourceName(const ScanResult& scan, std::size_t record) {
 }
 
 StoredDocument::Kind firstKind(const StoredDocument& document, const ScanResult& scan) {
-    return !document.isApplied && document.kind == scan.kind
+    return !document.isApplied && !document.hasChosenKind() && document.kind == scan.kind
                ? scan.proposedKind.value_or(document.kind)
                : document.kind;
 }

@@ -43,7 +43,7 @@ void ProposalHead::addNameAndKind() {
     name_->setAccessibleName(u"Name des Belegs"_s);
     name_->setText(qs(desk_.document().title));
     name_->setCursorPosition(0);
-    name_->setToolTip(labelText(name_->text()).toHtmlEscaped());
+    name_->setToolTip(tipText(labelText(name_->text())));
     kind_->setObjectName(u"documentKind"_s);
     kind_->setAccessibleName(u"Art des Belegs"_s);
     for (const Kind kind : taxcore::allValues<Kind>()) {
@@ -127,6 +127,10 @@ std::string ProposalHead::title() const {
 
 Kind ProposalHead::kind() const {
     return taxcore::allValues<Kind>()[static_cast<std::size_t>(kind_->currentIndex())];
+}
+
+bool ProposalHead::isKindDecided() const {
+    return kind() != proposedKind_ || desk_.scan().proposedKind;
 }
 
 bool ProposalHead::isEdited() const {
