@@ -152,10 +152,11 @@ class AppStore final : public QObject {
 
     // Documents.
 
-    /// Copies files among the documents of the selected year. Those that arrived are handed to
-    /// `added`; what went wrong with others stands in `loadError`.
+    /// Copies files among the documents of a year, else of the selected one. Those that arrived are
+    /// handed to `added`; what went wrong with others stands in `loadError`.
     void importDocuments(const std::vector<std::filesystem::path>& files,
-                         std::function<void(std::vector<Uuid>)> added = {});
+                         std::function<void(std::vector<Uuid>)> added = {},
+                         std::optional<int> year = std::nullopt);
     void updateDocument(const Uuid& id, const std::function<void(StoredDocument&)>& change);
     /// Takes a document's values over into the current case, in one step that can be undone:
     /// `taxCase` is the case with them, `applied` what the document then stands behind. Without

@@ -157,7 +157,8 @@ std::optional<std::filesystem::path> AppStore::fileOf(const StoredDocument& docu
 }
 
 void AppStore::importDocuments(const std::vector<std::filesystem::path>& files,
-                               std::function<void(std::vector<Uuid>)> added) {
+                               std::function<void(std::vector<Uuid>)> added,
+                               std::optional<int> year) {
     if (isDemo_) {
         setLoadError("Import fehlgeschlagen: Der Demohaushalt nimmt keine Belege auf.");
         return;
@@ -171,7 +172,8 @@ void AppStore::importDocuments(const std::vector<std::filesystem::path>& files,
             }
             return imported;
         },
-        [this, files, year = year_, added = std::move(added)](const Imported& imported) {
+        [this, files, year = year.value_or(year_),
+         added = std::move(added)](const Imported& imported) {
             std::vector<Uuid> ids;
             for (std::size_t i = 0; i < files.size(); ++i) {
                 if (!imported[i]) {

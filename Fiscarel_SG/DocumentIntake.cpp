@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/AppStore.h"
 #include "Fiscarel_SG/DocumentReadings.h"
+#include "Fiscarel_SG/store/DocumentFiles.h"
 
 #include <QPointer>
 #include <QStringList>
@@ -65,8 +66,20 @@ DocumentIntake::~DocumentIntake() {
     pool_.waitForDone();
 }
 
-void DocumentIntake::take(Paths picked) {
-    std::ranges::move(picked, std::back_inserter(picked_));
+void DocumentIntake::take(Paths files, std::optional<taxcore::Uuid> instead) {
+    if (files.empty()) {
+        return;
+    }
+    const int year = store_.year();
+    if (!picked_.empty() && picked_.back().year == year && !instead && !picked_.back().instead) {
+        std::ranges::move(files, std::back_inserter(picked_.back().files));
+    } else {
+        picked_.push_back({std::move(files), year, instead});
+    }
+    gatherNext();
+}
+
+void DocumentIntake::gatherNext() {
     if (isGathering_ || picked_.empty()) {
         return;
     }
@@ -77,69 +90,125 @@ void DocumentIntake::take(Paths picked) {
             known.push_back({document.id, *std::move(file)});
         }
     }
-    pool_.start([this, picked = std::exchange(picked_, {}), known = std::move(known),
-                 stop = end_.get_token()] {
-        Gathered all = gatherDocuments(picked, stop);
+    Picked next = std::move(picked_.front());
+    picked_.erase(picked_.begin());
+    pool_.start([this, picked = std::move(next), known = std::move(known),
+                 stop = end_.get_token()]() mutable {
+        Gathered all = gatherDocuments(picked.files, stop);
         std::vector<Twin> twins = takeTwins(all.files, known, stop);
         QMetaObject::invokeMethod(
             this,
-            [this, all = std::move(all), twins = std::move(twins)]() mutable {
-                gathered(all, std::move(twins));
-            },
+            [this, all = std::move(all), twins = std::move(twins),
+             picked = std::move(picked)]() mutable { gathered(all, std::move(twins), picked); },
             Qt::QueuedConnection);
     });
     Q_EMIT changed();
 }
 
-void DocumentIntake::gathered(const Gathered& gathered, std::vector<Twin> twins) {
+void DocumentIntake::gathered(const Gathered& gathered, std::vector<Twin> twins,
+                              const Picked& picked) {
     isGathering_ = false;
     QStringList told = message_.split(u'\n', Qt::SkipEmptyParts);
     told << messagesOf(gathered);
     told.removeDuplicates();
     message_ = told.join(u'\n');
+    Paths all = gathered.files;
+    std::ranges::transform(twins, std::back_inserter(all), &Twin::file);
+    for (const auto& file : all) {
+        if (picked.instead) {
+            instead_.insert_or_assign(file, *picked.instead);
+        } else {
+            instead_.erase(file);
+        }
+    }
     std::ranges::move(twins, std::back_inserter(twins_));
-    addComing(gathered.files);
+    addComing(gathered.files, picked.year);
     Q_EMIT changed();
-    take({}); // what was picked meanwhile
+    gatherNext(); // what was picked meanwhile
 }
 
-void DocumentIntake::addComing(const Paths& files) {
+void DocumentIntake::addComing(const Paths& files, int year) {
     if (!isCopying_) {
         done_ = 0;
         total_ = 0;
     }
     total_ += files.size();
-    coming_.insert(coming_.end(), files.begin(), files.end());
+    std::ranges::transform(files, std::back_inserter(coming_), [&](const auto& file) {
+        return Coming{file, year};
+    });
     copyNext();
 }
 
+/// What takes another one's place goes alone, so that it is known which file has come.
 void DocumentIntake::copyNext() {
     if (isCopying_ || coming_.empty()) {
         return;
     }
     isCopying_ = true;
-    const auto end =
-        coming_.begin() + static_cast<std::ptrdiff_t>(std::min(copiedAtOnce, coming_.size()));
-    const Paths some(coming_.begin(), end);
-    coming_.erase(coming_.begin(), end);
+    const int year = coming_.front().year;
+    std::optional<taxcore::Uuid> instead;
+    if (const auto found = instead_.extract(coming_.front().file)) {
+        instead = found.mapped();
+    }
+    Paths some;
+    while (!coming_.empty() && some.size() < (instead ? 1 : copiedAtOnce)
+           && coming_.front().year == year
+           && (some.empty() || !instead_.contains(coming_.front().file))) {
+        some.push_back(std::move(coming_.front().file));
+        coming_.erase(coming_.begin());
+    }
     // The store's work may end after us.
     store_.importDocuments(
-        some, [self = QPointer(this), count = some.size()](const std::vector<taxcore::Uuid>& ids) {
-            if (self.isNull()) {
-                return;
+        some,
+        [self = QPointer(this), count = some.size(),
+         instead](const std::vector<taxcore::Uuid>& ids) {
+            if (!self.isNull()) {
+                self->done_ += count;
+                self->copied(ids, instead);
             }
-            self->isCopying_ = false;
-            self->done_ += count;
-            for (const taxcore::Uuid& id : ids) {
-                self->readings_.read(id);
-            }
-            self->copyNext();
-            Q_EMIT self->changed();
-        });
+        },
+        year);
     if (store_.isDemo()) { // which takes nothing and says so
         isCopying_ = false;
         coming_.clear();
+        instead_.clear();
     }
+}
+
+void DocumentIntake::copied(const std::vector<taxcore::Uuid>& ids,
+                            std::optional<taxcore::Uuid> instead) {
+    isCopying_ = false;
+    if (instead && !ids.empty()) {
+        replace(*instead, ids.front());
+    }
+    for (const taxcore::Uuid& id : ids) {
+        readings_.read(id);
+    }
+    copyNext();
+    Q_EMIT changed();
+}
+
+/// What the user gave the former one goes over to the new one.
+void DocumentIntake::replace(const taxcore::Uuid& former, const taxcore::Uuid& now) {
+    const auto found = std::ranges::find(store_.documents(), former, &StoredDocument::id);
+    if (found == store_.documents().end()) { // another file of the same pick has come before
+        return;
+    }
+    const StoredDocument gone = *found;
+    QString title;
+    store_.updateDocument(now, [&](StoredDocument& document) {
+        document.year = gone.year;
+        document.note = gone.note;
+        if (!isTitleOfFile(gone.title, gone.fileName)) {
+            document.title = gone.title;
+        }
+        if (gone.hasChosenKind()) {
+            document.chooseKind(gone.kind);
+        }
+        title = QString::fromStdString(document.title);
+    });
+    store_.deleteDocument(former);
+    Q_EMIT replaced(QString::fromStdString(gone.title), title);
 }
 
 void DocumentIntake::dismissMessage() {
@@ -152,12 +221,14 @@ void DocumentIntake::keepTwins() {
     for (Twin& twin : std::exchange(twins_, {})) {
         files.push_back(std::move(twin.file));
     }
-    addComing(files);
+    addComing(files, store_.year());
     Q_EMIT changed();
 }
 
 void DocumentIntake::dropTwins() {
-    twins_.clear();
+    for (const Twin& twin : std::exchange(twins_, {})) {
+        instead_.erase(twin.file);
+    }
     Q_EMIT changed();
 }
 

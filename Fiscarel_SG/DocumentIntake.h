@@ -2,6 +2,7 @@
 
 #ifndef Q_MOC_RUN
 #include "Fiscarel_SG/documents/Gathering.h"
+#include "TaxCore/base/Uuid.h"
 #endif
 
 #include <QObject>
@@ -9,6 +10,8 @@
 #include <QThreadPool>
 #include <cstddef>
 #include <filesystem>
+#include <map>
+#include <optional>
 #include <stop_token>
 #include <vector>
 
@@ -32,7 +35,10 @@ class DocumentIntake final : public QObject {
     DocumentIntake(DocumentIntake&&) = delete;
     DocumentIntake& operator=(DocumentIntake&&) = delete;
 
-    void take(std::vector<std::filesystem::path> picked);
+    /// Files and folders for the year that is selected now. With `instead` the first of them that
+    /// comes in takes the place of that document; until then it stays.
+    void take(std::vector<std::filesystem::path> picked,
+              std::optional<taxcore::Uuid> instead = std::nullopt);
 
     bool isBusy() const noexcept { return isGathering_ || !coming_.empty() || isCopying_; }
     /// Of the files that are coming in, how many have come, and how many there are.
@@ -48,17 +54,36 @@ class DocumentIntake final : public QObject {
 
   Q_SIGNALS:
     void changed();
+    /// A document was removed because another file took its place; both by their titles.
+    void replaced(const QString& former, const QString& now);
 
   private:
-    void gathered(const Gathered& gathered, std::vector<Twin> twins);
-    void addComing(const std::vector<std::filesystem::path>& files);
+    using Paths = std::vector<std::filesystem::path>;
+    /// What was picked at once.
+    struct Picked {
+        Paths files;
+        int year = 0; ///< that it was picked for
+        std::optional<taxcore::Uuid> instead;
+    };
+    struct Coming {
+        std::filesystem::path file;
+        int year = 0;
+    };
+
+    void gatherNext();
+    void gathered(const Gathered& gathered, std::vector<Twin> twins, const Picked& picked);
+    void addComing(const Paths& files, int year);
     void copyNext();
+    void copied(const std::vector<taxcore::Uuid>& ids, std::optional<taxcore::Uuid> instead);
+    void replace(const taxcore::Uuid& former, const taxcore::Uuid& now);
 
     AppStore& store_;
     DocumentReadings& readings_;
-    std::vector<std::filesystem::path> picked_; ///< while others are gathered
-    std::vector<std::filesystem::path> coming_;
+    std::vector<Picked> picked_; ///< while others are gathered
+    std::vector<Coming> coming_;
     std::vector<Twin> twins_;
+    /// Of the files that are coming or twins: the document whose place they take.
+    std::map<std::filesystem::path, taxcore::Uuid> instead_;
     QString message_;
     std::size_t done_ = 0;
     std::size_t total_ = 0;

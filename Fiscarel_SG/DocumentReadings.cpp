@@ -139,7 +139,8 @@ void DocumentReadings::finished(const Uuid& id, int number, Outcome outcome) {
 void DocumentReadings::attach(const Uuid& id, const ScanResult& result) {
     store_.updateDocument(id, [&](StoredDocument& document) {
         const bool isFirst = document.recognizedText.value_or(std::string()).empty();
-        if (isFirst && document.kind == StoredDocument::Kind::anderes) {
+        if (isFirst && !document.hasChosenKind()
+            && document.kind == StoredDocument::Kind::anderes) {
             document.kind =
                 result.kindIsCertain ? result.proposedKind.value_or(result.kind) : result.kind;
         }
@@ -209,7 +210,8 @@ std::shared_ptr<const ScanResult> DocumentReadings::result(const Uuid& id) const
 
 std::optional<StoredDocument::Kind> DocumentReadings::kind(const StoredDocument& document) const {
     const bool isSaid = document.recognizedText && !document.recognizedText->empty();
-    if (!isSaid && !document.isApplied && document.kind == StoredDocument::Kind::anderes) {
+    if (!isSaid && !document.isApplied && !document.hasChosenKind()
+        && document.kind == StoredDocument::Kind::anderes) {
         return std::nullopt;
     }
     const auto scan = result(document.id);

@@ -197,13 +197,20 @@ bool isInRecord(const Proposal& proposal, std::size_t record) {
 }
 
 /// Whom a record went to when the document was applied: the person who has most of its values from
-/// there; absent when neither has more.
+/// there; absent when neither has more. Values that were edited then count where those that were
+/// not tell nobody, unless they are what another record states.
 std::optional<int> appliedPerson(const ApplyContext& context, std::size_t index) {
     if (!context.document.applied) {
         return std::nullopt;
     }
     const Kind kind = context.scan.records[index].kind;
-    const auto count = [&](int person) {
+    const auto isAnothers = [&](const AppliedValue& one) {
+        return std::ranges::any_of(context.scan.proposals, [&](const Proposal& other) {
+            return !isInRecord(other, index) && one.path.ends_with("." + other.field)
+                   && one.value == other.value;
+        });
+    };
+    const auto count = [&](int person, bool asRead) {
         std::string own = fixedPath(kind, person) + ".";
         withList(context.taxCase, kind, person,
                  [&](const auto&, const std::string& path) { own = path + "["; });
@@ -212,13 +219,18 @@ std::optional<int> appliedPerson(const ApplyContext& context, std::size_t index)
                    && std::ranges::any_of(*context.document.applied, [&](const AppliedValue& one) {
                           return one.path.starts_with(own)
                                  && one.path.ends_with("." + proposal.field)
-                                 && one.value == proposal.value;
+                                 && (asRead ? one.value == proposal.value : !isAnothers(one));
                       });
         });
     };
-    const auto first = count(1);
-    const auto second = count(2);
-    return first == second ? std::nullopt : std::optional(first > second ? 1 : 2);
+    for (const bool asRead : {true, false}) {
+        const auto first = count(1, asRead);
+        const auto second = count(2, asRead);
+        if (first != second) {
+            return first > second ? 1 : 2;
+        }
+    }
+    return std::nullopt;
 }
 
 /// Who has worked for the employer that a record names; absent when both or neither.

@@ -117,7 +117,7 @@ std::optional<std::string> firstSource(const ScanResult& scan) {
 } // namespace
 
 StoredDocument::Kind firstKind(const StoredDocument& document, const ScanResult& scan) {
-    return !document.isApplied && document.kind == scan.kind
+    return !document.isApplied && !document.hasChosenKind() && document.kind == scan.kind
                ? scan.proposedKind.value_or(document.kind)
                : document.kind;
 }

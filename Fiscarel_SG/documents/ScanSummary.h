@@ -28,7 +28,7 @@ std::string titleFor(StoredDocument::Kind kind, const ScanResult& scan);
 std::vector<ExtractedField> credibleFields(const ScanResult& scan);
 
 /// What kind of document it is taken for: what is proposed counts while neither the user nor an
-/// earlier taking over has decided.
+/// earlier taking over has decided. A kind other than the one read by words was decided as well.
 StoredDocument::Kind firstKind(const StoredDocument& document, const ScanResult& scan);
 
 /// What a proposed record calls the one it comes from; empty when it does not.

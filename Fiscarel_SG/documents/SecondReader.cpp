@@ -28,7 +28,7 @@ namespace {
 using Kind = StoredDocument::Kind;
 
 constexpr std::size_t mostPages = 500;
-constexpr std::size_t mostTextBytes = 4 * 1024 * 1024;
+constexpr std::size_t mostTextBytes = std::size_t{4} << 20U;
 
 DocumentRows rowsOf(const DocumentReading& reading) {
     DocumentRows document;
@@ -153,44 +153,60 @@ bool namesWage(const DocumentRows& document) {
            && (!isAnyIn(title, pensions) || takesContributions(document, title));
 }
 
+void proposeProperty(const KindContext& context, ProposalDraft& draft) {
+    const DocumentRows& document = context.document;
+    const bool isAccount = isPropertyAccount(document) || hasDeductibleColumn(document)
+                           || (isRepairBill(document) && tellsDeductibleUpkeep(document));
+    if (isAccount && proposeManagement(context, draft)) {
+        return;
+    }
+    if (isRepairBill(document) || isBuildingPremium(document)) {
+        proposeBill(context, draft);
+    } else {
+        proposeLabelled(context, draft);
+    }
+}
+
+void proposePensionFund(const KindContext& context, ProposalDraft& draft) {
+    if (isPensionPaper(context.document)) {
+        proposePensions(context, false, draft);
+    } else if (namesBuyIn(context.document) || !proposePensions(context, true, draft)) {
+        proposeLabelled(context, draft);
+    }
+}
+
+void proposeLifeInsurance(const KindContext& context, ProposalDraft& draft) {
+    if (isAnnuity(context.document)) {
+        // Its surrender value is wealth; beside one only what is proven was paid out.
+        const bool isWealth = isAnyIn(context.document.folded, wordsFor(Concept::surrender));
+        if (!isWealth || !isAnyIn(context.document.folded, wordsFor(Concept::premium))) {
+            proposePensions(context, isWealth, draft);
+        }
+        if (isWealth) {
+            proposeLabelled(context, draft);
+        }
+    } else if (!proposePolicies(context, draft)) {
+        proposeLabelled(context, draft);
+    }
+}
+
 void proposeByKind(const KindContext& context, ProposalDraft& draft) {
     switch (context.kind) {
     case Kind::saeule3a:
-    case Kind::pensionskasse:
+        proposeLabelled(context, draft);
+        proposeFreePolicies(context, draft);
+        break;
     case Kind::krankenkasse:
+        proposeLabelled(context, draft);
+        break;
+    case Kind::pensionskasse:
+        proposePensionFund(context, draft);
+        break;
     case Kind::versicherung:
+        proposeLifeInsurance(context, draft);
+        break;
     case Kind::liegenschaft:
-        if (context.kind == Kind::liegenschaft
-            && (isPropertyAccount(context.document) || hasDeductibleColumn(context.document)
-                || (isRepairBill(context.document) && tellsDeductibleUpkeep(context.document)))
-            && proposeManagement(context, draft)) {
-            break;
-        }
-        if (context.kind == Kind::liegenschaft
-            && (isRepairBill(context.document) || isBuildingPremium(context.document))) {
-            proposeBill(context, draft);
-        } else if (context.kind == Kind::pensionskasse && isPensionPaper(context.document)) {
-            proposePensions(context, false, draft);
-        } else if (context.kind == Kind::pensionskasse && !namesBuyIn(context.document)
-                   && proposePensions(context, true, draft)) {
-            break;
-        } else if (context.kind == Kind::versicherung && isAnnuity(context.document)) {
-            // Its surrender value is wealth; beside one only what is proven was paid out.
-            const bool isWealth = isAnyIn(context.document.folded, wordsFor(Concept::surrender));
-            if (!isWealth || !isAnyIn(context.document.folded, wordsFor(Concept::premium))) {
-                proposePensions(context, isWealth, draft);
-            }
-            if (isWealth) {
-                proposeLabelled(context, draft);
-            }
-        } else if (context.kind == Kind::versicherung && proposePolicies(context, draft)) {
-            break;
-        } else {
-            proposeLabelled(context, draft);
-            if (context.kind == Kind::saeule3a) {
-                proposeFreePolicies(context, draft);
-            }
-        }
+        proposeProperty(context, draft);
         break;
     case Kind::bankauszug:
     case Kind::steuerauszug: // without its payload

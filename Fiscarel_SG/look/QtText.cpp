@@ -14,6 +14,10 @@ QString labelText(QString text) {
 
 QString labelText(std::string_view text) { return labelText(qs(text)); }
 
+QString tipText(const QString& text) {
+    return text.isEmpty() ? QString() : QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped());
+}
+
 QString folded(QString text, Umlauts umlauts) {
     text = text.toLower();
     if (umlauts == Umlauts::spelledOut) {

@@ -17,6 +17,10 @@ inline QString qs(std::string_view text) {
 QString labelText(std::string_view text);
 QString labelText(QString text);
 
+/// The same as a tip of a widget: over several lines where it is long, and every letter as it is;
+/// empty for an empty text.
+QString tipText(const QString& text);
+
 /// And back.
 inline std::string utf8(const QString& text) { return text.toStdString(); }
 

@@ -38,7 +38,7 @@ DocumentsPage::DocumentsPage(AppStore& store, DocumentDesk& desk, QWidget* paren
             [this](const taxcore::Uuid& id) { Q_EMIT documentWanted(qs(id.toString()), {}); });
     connect(list_, &DocumentList::undoOffered, this, &DocumentsPage::undoOffered);
     connect(list_, &DocumentList::told, toast_, &look::Toast::say);
-    connect(list_, &DocumentList::replaceWanted, this, &DocumentsPage::replace);
+    connect(list_, &DocumentList::replaceWanted, intake_, &IntakeCard::pickFiles);
     connect(list_, &DocumentList::detailsShown, frame_, &look::PageFrame::showWhole);
     constexpr int together = 100; // milliseconds, so that many readings are told at once
     read_.setSingleShot(true);
@@ -55,12 +55,6 @@ DocumentsPage::DocumentsPage(AppStore& store, DocumentDesk& desk, QWidget* paren
 void DocumentsPage::readingChanged(const taxcore::Uuid& id) {
     if (!desk_.readings().progress(id) && !read_.isActive()) {
         read_.start();
-    }
-}
-
-void DocumentsPage::replace(const taxcore::Uuid& id) {
-    if (intake_->pickFiles()) {
-        store_.deleteDocument(Uuid(id));
     }
 }
 

@@ -43,7 +43,6 @@ class DocumentsPage final : public look::PageWidget {
 
   private:
     void readingChanged(const taxcore::Uuid& id);
-    void replace(const taxcore::Uuid& id);
 
     AppStore& store_;
     DocumentDesk& desk_;

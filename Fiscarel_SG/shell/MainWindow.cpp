@@ -8,6 +8,7 @@
 #include "Fiscarel_SG/look/KeyboardOrder.h"
 #include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Toast.h"
+#include "Fiscarel_SG/pages/documents/DocumentDesk.h"
 #include "Fiscarel_SG/pages/documents/DocumentOpener.h"
 #include "Fiscarel_SG/shell/PageStack.h"
 #include "Fiscarel_SG/shell/ReasonDialog.h"
@@ -109,6 +110,11 @@ MainWindow::MainWindow(AppStore& store, Settings& settings, pages::DocumentDesk&
     setCentralWidget(centre);
 
     connectStore();
+    connect(&desk.intake(), &DocumentIntake::replaced, this,
+            [this](const QString& former, const QString& now) {
+                offerUndo(former == now ? u"«%1» hat jetzt eine andere Datei."_s.arg(now)
+                                        : u"«%1» ist durch «%2» ersetzt."_s.arg(former, now));
+            });
     addShortcuts();
     restoreWindow();
     showLoadError();
@@ -153,11 +159,8 @@ void MainWindow::connectStore() {
     connect(opener_, &pages::DocumentOpener::pageWanted, this, &MainWindow::showPage);
     connect(stack_, &PageStack::appearanceWanted, this, &MainWindow::setAppearance);
     connect(stack_, &PageStack::resetWanted, this, &MainWindow::resetYear);
-    const auto offerUndo = [this](const QString& sentence) {
-        toast_->offer(sentence, u"Rückgängig"_s, [this] { undo(); });
-    };
-    connect(stack_, &PageStack::undoOffered, this, offerUndo);
-    connect(opener_, &pages::DocumentOpener::undoOffered, this, offerUndo);
+    connect(stack_, &PageStack::undoOffered, this, &MainWindow::offerUndo);
+    connect(opener_, &pages::DocumentOpener::undoOffered, this, &MainWindow::offerUndo);
     // It is for the last step: with another one it would undo that.
     connect(&store_, &AppStore::historyChanged, toast_, &look::Toast::withdraw);
     connect(strip_, &TaxStrip::toggled, this, &MainWindow::placeTaxBar);
@@ -299,6 +302,10 @@ void MainWindow::showStep(const std::vector<std::string>& paths) {
     if (best != nullptr) {
         showField(qs(*best));
     }
+}
+
+void MainWindow::offerUndo(const QString& sentence) {
+    toast_->offer(sentence, u"Rückgängig"_s, [this] { undo(); });
 }
 
 void MainWindow::undo() {

@@ -72,6 +72,7 @@ class MainWindow final : public QMainWindow {
     void entriesChanged();
     void resultChanged();
     void showStep(const std::vector<std::string>& paths);
+    void offerUndo(const QString& sentence);
     void undo();
     void redo();
     void search();

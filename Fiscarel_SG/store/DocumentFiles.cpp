@@ -39,6 +39,10 @@ std::string_view withoutUuid(std::string_view name) {
     return isOurs ? name.substr(uuidLength + 1) : name;
 }
 
+/// The user's part of the name of a file that is stored: of characters that the state file and an
+/// archive can hold.
+std::string ownName(const std::string& name) { return shortened(withoutUuid(cleaned(name, '_'))); }
+
 } // namespace
 
 std::string cleaned(std::string_view name, char instead) {
@@ -72,9 +76,12 @@ bool isPlainFileName(std::string_view name) noexcept {
 }
 
 std::string freshDocumentName(const std::filesystem::path& name) {
-    // Characters that the state file and an archive can hold.
-    const std::string own = cleaned(name.string(), '_');
-    return Uuid::random().toString() + "-" + shortened(withoutUuid(own));
+    return Uuid::random().toString() + "-" + ownName(name.string());
+}
+
+bool isTitleOfFile(const std::string& title, const std::string& fileName) {
+    const std::string stored(withoutUuid(fileName));
+    return ownName(title + std::filesystem::path(stored).extension().string()) == stored;
 }
 
 } // namespace fiscarel

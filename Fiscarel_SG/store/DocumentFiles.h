@@ -28,4 +28,7 @@ bool isPlainFileName(std::string_view name) noexcept;
 /// UUID of a name that was made here before is replaced.
 std::string freshDocumentName(const std::filesystem::path& name);
 
+/// Whether a document is still called like the file it came from, which was stored as `fileName`.
+bool isTitleOfFile(const std::string& title, const std::string& fileName);
+
 } // namespace fiscarel

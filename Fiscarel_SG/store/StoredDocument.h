@@ -68,11 +68,19 @@ struct StoredDocument {
     bool isApplied = false;                           ///< its amounts were written into the case
     std::string note;                                 ///< the user's
     std::optional<std::vector<AppliedValue>> applied; ///< absent rather than empty
+    std::optional<bool> isKindChosen; ///< true once the user has decided the kind, else absent
+
+    bool hasChosenKind() const noexcept { return isKindChosen.value_or(false); }
+    /// The user's decision, which no reading overrules.
+    void chooseKind(Kind chosen) {
+        kind = chosen;
+        isKindChosen = true;
+    }
 
     bool operator==(const StoredDocument&) const = default;
 };
 TAXCORE_RECORD(StoredDocument, id, year, kind, title, fileName, importedAt, amount, recognizedText,
-               issuer, isApplied, note, applied);
+               issuer, isApplied, note, applied, isKindChosen);
 
 } // namespace fiscarel
 

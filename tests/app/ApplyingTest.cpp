@@ -150,6 +150,43 @@ TEST(Applying, nothingGoesToAnyoneBeforeThePersonIsChosen) {
     EXPECT_FALSE(unnamed.suggested().records[0].isIncluded);
 }
 
+TEST(Applying, whatWasEditedStillTellsWhoseItIs) {
+    struct Row {
+        std::vector<int> persons; ///< the user's choice, a record each
+        std::vector<std::string> values;
+    };
+    for (const Row& row : {Row{{2}, {"650"}}, Row{{1}, {"650"}}, Row{{2, 1}, {"700", "850"}},
+                           Row{{1, 2}, {"650", "800"}}, Row{{2, 2}, {"700", "800"}}}) {
+        Paper paper;
+        ApplyChoice choice;
+        for (std::size_t i = 0; i < row.persons.size(); ++i) {
+            paper.add({.kind = i == 0 ? Kind::personDeductions : Kind::personIncome,
+                       .personName = "Étienne Deillon"},
+                      {{i == 0 ? "pillar3a" : "unemployment", i == 0 ? "700" : "800"}});
+        }
+        choice = paper.suggested();
+        for (std::size_t i = 0; i < row.persons.size(); ++i) {
+            EXPECT_EQ(choice.records[i].person, 0);
+            choice.records[i].person = row.persons[i];
+            choice.values[i].value = row.values[i];
+        }
+        const ApplyPlan plan = planApplying(paper.context(), choice);
+        paper.taxCase = plan.taxCase;
+        paper.document.applied = plan.applied;
+        for (std::size_t i = 0; i < row.persons.size(); ++i) {
+            EXPECT_EQ(paper.suggested().records[i].person, row.persons[i]) << row.values[i];
+        }
+    }
+    // Of two alike the one that is as it was read leaves the other to whom is left.
+    Paper paper;
+    paper.add({.kind = Kind::personDeductions}, {{"pillar3a", "700"}});
+    paper.add({.kind = Kind::personDeductions}, {{"pillar3a", "800"}});
+    paper.document.applied = {{.path = "deductions1.pillar3a", .value = "800"},
+                              {.path = "deductions2.pillar3a", .value = "650"}};
+    EXPECT_EQ(paper.suggested().records[0].person, 2);
+    EXPECT_EQ(paper.suggested().records[1].person, 1);
+}
+
 TEST(Applying, writesACertificateIntoTheOneOfItsEmployer) {
     Paper paper;
     paper.add({.birthDate = day(1982, 7, 9)}, {{"employer", "Schule  Buchs"},

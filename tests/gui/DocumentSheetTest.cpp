@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/pages/documents/DocumentSheet.h"
 
 #include "Fiscarel_SG/documents/Applying.h"
+#include "Fiscarel_SG/documents/ScanSummary.h"
 #include "Fiscarel_SG/pages/documents/PagePreviewSheet.h"
 #include "Fiscarel_SG/pages/documents/ProposalText.h"
 #include "TaxCore/base/MoneyFormat.h"
@@ -24,6 +25,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTest>
+#include <QTextDocument>
 #include <QTimer>
 #include <set>
 
@@ -159,6 +161,61 @@ TEST_F(DocumentSheet, somebodyElsesPaperWaitsForThePerson) {
     program.click(u"apply"_s);
     EXPECT_EQ(current().income1, before.income1);
     EXPECT_NE(current().income2, before.income2);
+}
+
+TEST_F(DocumentSheet, aCorrectedAmountIsFoundAgainWithThePersonChosenForIt) {
+    ScanResult read;
+    testing::addRecord(read,
+                       {.kind = Kind::personDeductions,
+                        .title = "Säule 3a",
+                        .page = 1,
+                        .personName = "Étienne Deillon"},
+                       {{"pillar3a", "2000"}});
+    open(read);
+    choose(u"person:0"_s, 1);
+    program.enter(u"proposal:0"_s, u"2500"_s);
+    program.click(u"apply"_s);
+    ASSERT_EQ(current().deductions2.pillar3a, Decimal(2500));
+    open(read);
+    EXPECT_EQ(program.find<QComboBox>(u"person:0"_s).currentIndex(), 1);
+    EXPECT_EQ(program.find<QLineEdit>(u"proposal:0"_s).text(), u"2’500"_s);
+    EXPECT_TRUE(isTicked(u"take:0"_s));
+}
+
+TEST_F(DocumentSheet, theKindChosenHereIsKeptAlsoAsTheOneReadByWords) {
+    struct Row {
+        std::optional<StoredDocument::Kind> chosen; ///< absent: what is proposed stays
+        StoredDocument::Kind shown;
+    };
+    for (const Row& row : {Row{StoredDocument::Kind::anderes, StoredDocument::Kind::anderes},
+                           Row{std::nullopt, StoredDocument::Kind::anderes},
+                           Row{StoredDocument::Kind::spende, StoredDocument::Kind::spende}}) {
+        open(testing::salaryPaper());
+        if (row.chosen) {
+            choose(u"documentKind"_s, static_cast<int>(*row.chosen));
+        }
+        program.click(u"fileOnly"_s);
+        EXPECT_EQ(document().kind, row.shown);
+        EXPECT_EQ(firstKind(document(), scan), row.shown);
+        EXPECT_EQ(document().isKindChosen, true);
+    }
+}
+
+TEST_F(DocumentSheet, tipsShowLettersAsTheyAre) {
+    program.store->updateDocument(
+        id, [](StoredDocument& stored) { stored.title = "Müller & Söhne <Textil>"; });
+    ScanResult read = testing::salaryPaper();
+    read.proposals[0].value = "Müller & Söhne <Textil>";
+    read.proposals[0].reason = "Steht unter «Müller & Söhne <Textil>».";
+    open(read);
+    for (const QString& name : {u"documentTitle"_s, u"proposal:0"_s, u"trust:0"_s}) {
+        const QString tip = program.find(name).toolTip();
+        ASSERT_TRUE(Qt::mightBeRichText(tip)) << name.toStdString();
+        QTextDocument drawn;
+        drawn.setHtml(tip);
+        EXPECT_TRUE(drawn.toPlainText().contains(u"Müller & Söhne <Textil>"_s))
+            << drawn.toPlainText().toStdString();
+    }
 }
 
 TEST_F(DocumentSheet, anEntryIsNotMadeWithoutItsAmount) {

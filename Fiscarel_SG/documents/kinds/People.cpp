@@ -148,7 +148,7 @@ std::optional<NamedPerson> nameOver(const Row& row, std::size_t day, const Row& 
 
 /// Whom a social security number is of: the name before it, or the cell above it.
 std::optional<NamedPerson> nameOfInsured(const Row& row, std::size_t at, const Row* above) {
-    const std::optional<NamedPerson> before = nameBefore(row, at);
+    std::optional<NamedPerson> before = nameBefore(row, at);
     if (before || above == nullptr) {
         return before;
     }

@@ -83,9 +83,8 @@ const RowAmount* amountOfYear(const Row& row) {
 
 const RowAmount* productAmong(const Row& row, const std::vector<const RowAmount*>& amounts) {
     std::vector<Decimal> values;
-    for (const RowAmount* amount : amounts) {
-        values.push_back(amount->amount.value);
-    }
+    std::ranges::transform(amounts, std::back_inserter(values),
+                           [](const RowAmount* amount) { return amount->amount.value; });
     const Products products(row, values);
     for (const Decimal& price : values) {
         if (const auto product = price >= 1 ? products.of(price) : std::nullopt) {

@@ -14,7 +14,7 @@
 namespace fiscarel {
 
 /// The most bytes a payload may unpack to.
-constexpr std::size_t mostPayloadBytes = 8 * 1024 * 1024;
+constexpr std::size_t mostPayloadBytes = std::size_t{8} << 20U;
 
 /// Unpacks zlib data (RFC 1950); bytes behind its end do not matter. Absent when it is damaged, is
 /// cut off or unpacks to more than `mostPayloadBytes`.

@@ -27,6 +27,7 @@ std::vector<Row> columnsOf(const Row& row, const std::vector<double>& edges, boo
         words[static_cast<std::size_t>(own)].push_back(word);
     }
     std::vector<Row> columns;
+    columns.reserve(words.size());
     for (std::vector<RowWord>& own : words) {
         columns.push_back(own.empty() ? Row() : rowOfWords(std::move(own), isRecognised));
     }

@@ -93,8 +93,7 @@ class Arrangement {
     /// A row of its own for a label and its amount, at a height on the arranged page.
     void compose(Words label, Words amount, double top, double height) {
         double left = left_;
-        for (std::size_t i = 0; i < label.size(); ++i) {
-            RowWord& word = label[i];
+        for (RowWord& word : label) {
             const double width = word.place.width();
             word.place = {left, top, left + width, top + height};
             left += width + blank;
@@ -264,7 +263,7 @@ class Arrangement {
             if (labelled_.gap(next - 1) >= headGap || hasFirmAmount(rows[next - 1])) {
                 break;
             }
-            const std::vector<double> edges = pairEdges(rows[next]);
+            std::vector<double> edges = pairEdges(rows[next]);
             const auto isTitle = [&](const Row& row) {
                 return fitsEdges(row, edges)
                        && (cellsOf(row).size() == edges.size() + 1 || repeatsAtEdges(row, edges));
@@ -440,8 +439,9 @@ class Arrangement {
                       const Row& last) {
         const double height = first.height();
         double top = std::min(first.top, last.top) + shift_;
-        for (std::size_t i = 0; i < labels.size(); ++i, top += 1.5 * height) {
+        for (std::size_t i = 0; i < labels.size(); ++i) {
             compose(std::move(labels[i]), std::move(values[i]), top, height);
+            top += 1.5 * height;
         }
         shift_ = std::max(shift_, top - std::max(first.bottom, last.bottom));
     }

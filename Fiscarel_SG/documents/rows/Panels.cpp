@@ -253,7 +253,7 @@ Panels PanelFinder::found(std::size_t at) const {
 
 Panels PanelFinder::at(std::size_t at) {
     constexpr std::size_t nearest = 3; // rows of a page's own head above those of panels
-    const Panels panels = from(at);
+    Panels panels = from(at);
     for (std::size_t next = at + 1; next < std::min(panels.end, at + 1 + nearest); ++next) {
         if (from(next).edges.size() > panels.edges.size()) {
             return {};

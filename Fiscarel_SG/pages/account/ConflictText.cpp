@@ -132,10 +132,15 @@ QString documentValue(const std::string& name, const std::string& json) {
 
 QString documentLabel(const std::string& name) {
     static const std::map<std::string, QString> labels{
-        {"title", u"Titel"_s},          {"kind", u"Art"_s},
-        {"year", u"Steuerjahr"_s},      {"note", u"Notiz"_s},
-        {"amount", u"Betrag"_s},        {"issuer", u"Aussteller"_s},
-        {"isApplied", u"Übernommen"_s}, {"applied", u"Übernommene Angaben"_s}};
+        {"title", u"Titel"_s},
+        {"kind", u"Art"_s},
+        {"year", u"Steuerjahr"_s},
+        {"note", u"Notiz"_s},
+        {"amount", u"Betrag"_s},
+        {"issuer", u"Aussteller"_s},
+        {"isApplied", u"Übernommen"_s},
+        {"applied", u"Übernommene Angaben"_s},
+        {"isKindChosen", u"Art von Ihnen gewählt"_s}};
     const auto found = labels.find(name);
     return found != labels.end() ? found->second : u"Beleg"_s;
 }

@@ -84,7 +84,7 @@ void DocumentDetails::addFields() {
     });
     connect(kind_, &QComboBox::activated, this, [this](int index) {
         const auto kind = static_cast<Kind>(kind_->itemData(index).toInt());
-        change([&](StoredDocument& document) { document.kind = kind; });
+        change([&](StoredDocument& document) { document.chooseKind(kind); });
     });
 }
 

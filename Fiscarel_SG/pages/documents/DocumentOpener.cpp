@@ -71,6 +71,8 @@ void DocumentOpener::show(const Wanted& wanted) {
             [this](const QString& title) { Q_EMIT undoOffered(u"«%1» übernommen."_s.arg(title)); });
     connect(sheet_, &DocumentSheet::filed, this,
             [this](const QString& title) { Q_EMIT told(u"«%1» abgelegt."_s.arg(title)); });
+    connect(sheet_, &DocumentSheet::gone, this,
+            [this] { Q_EMIT told(u"Diesen Beleg gibt es nicht mehr."_s); });
     connect(sheet_, &DocumentSheet::removed, this,
             [this](const QString& title) { Q_EMIT undoOffered(u"«%1» entfernt."_s.arg(title)); });
     connect(sheet_, &DocumentSheet::fieldWanted, this, &DocumentOpener::fieldWanted);

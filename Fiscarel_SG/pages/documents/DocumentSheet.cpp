@@ -80,6 +80,13 @@ DocumentSheet::DocumentSheet(AppStore& store, const Uuid& document, ScanResult s
         desk_->caseChanged();
         isDecided_ = wasDecided;
     });
+    connect(&store_, &AppStore::documentsChanged, this, [this] {
+        if (std::ranges::find(store_.documents(), desk_->document().id, &StoredDocument::id)
+            == store_.documents().end()) {
+            QDialog::reject();
+            Q_EMIT gone();
+        }
+    });
     refresh();
     const QSize room =
         parent != nullptr ? parent->window()->size() - QSize(aroundSheet, aroundSheet) : usualSize;
@@ -381,6 +388,7 @@ void DocumentSheet::file() {
 
 void DocumentSheet::removeDocument() {
     const QString title = qs(head_->title());
+    disconnect(&store_, nullptr, this, nullptr);
     store_.deleteDocument(Uuid(desk_->document().id));
     accept();
     Q_EMIT removed(title);
@@ -400,7 +408,9 @@ bool DocumentSheet::isEmptyFile() const {
 void DocumentSheet::keepNameAndKind() {
     store_.updateDocument(desk_->document().id, [this](StoredDocument& document) {
         document.title = head_->title();
-        document.kind = head_->kind();
+        if (head_->isKindDecided()) {
+            document.chooseKind(head_->kind());
+        }
     });
 }
 

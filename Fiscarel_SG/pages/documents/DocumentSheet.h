@@ -57,6 +57,8 @@ class DocumentSheet final : public QDialog {
     void applied(const QString& title);
     /// Only the name, the kind or the year of the document were kept; the sheet has closed.
     void filed(const QString& title);
+    /// Somebody else has removed the document; the sheet has closed.
+    void gone();
     /// The document was removed; the sheet has closed.
     void removed(const QString& title);
     /// The user wants to see the field at a path, or a page; the sheet has closed.

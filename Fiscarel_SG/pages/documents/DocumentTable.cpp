@@ -4,10 +4,12 @@
 #include "Fiscarel_SG/pages/documents/DocumentFilter.h"
 #include "Fiscarel_SG/pages/documents/DocumentModel.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <algorithm>
+#include <utility>
 
 namespace fiscarel::pages {
 
@@ -77,20 +79,58 @@ void DocumentTable::keyPressEvent(QKeyEvent* event) {
     }
 }
 
-void DocumentTable::mouseMoveEvent(QMouseEvent* event) {
-    QTableView::mouseMoveEvent(event);
+/// Whether a click is still the double click on a link that was followed: the line may be gone and
+/// the same link of another document under the mouse.
+bool DocumentTable::isEcho(const QMouseEvent& event) const {
+    return followed_.isValid() && followed_.elapsed() < QApplication::doubleClickInterval()
+           && (event.position().toPoint() - followedAt_).manhattanLength()
+                  < QApplication::startDragDistance();
+}
+
+void DocumentTable::mousePressEvent(QMouseEvent* event) {
+    isIgnored_ = isEcho(*event);
+    if (!isIgnored_) {
+        QTableView::mousePressEvent(event);
+    }
+}
+
+void DocumentTable::mouseDoubleClickEvent(QMouseEvent* event) {
+    isIgnored_ = isEcho(*event);
+    if (!isIgnored_) {
+        QTableView::mouseDoubleClickEvent(event);
+    }
+}
+
+void DocumentTable::mouseReleaseEvent(QMouseEvent* event) {
+    if (std::exchange(isIgnored_, false)) {
+        return;
+    }
     const QPoint at = event->position().toPoint();
+    const bool follows = isLinkAt(at);
+    QTableView::mouseReleaseEvent(event);
+    if (follows) { // from now on, however long that took
+        followed_.start();
+        followedAt_ = at;
+    }
+}
+
+bool DocumentTable::isLinkAt(const QPoint& at) const {
     const QModelIndex index = indexAt(at);
     const auto* const delegate = qobject_cast<const DocumentDelegate*>(itemDelegate());
-    bool isLink = false;
-    if (delegate != nullptr && index.isValid()) {
-        QStyleOptionViewItem option;
-        initViewItemOption(&option);
-        option.rect = visualRect(index);
-        isLink = delegate->actionPlace(option, index).contains(at)
-                 || delegate->cancelPlace(option, index).contains(at);
+    if (delegate == nullptr || !index.isValid()) {
+        return false;
     }
-    viewport()->setCursor(isLink ? Qt::PointingHandCursor : Qt::ArrowCursor);
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    option.rect = visualRect(index);
+    return delegate->actionPlace(option, index).contains(at)
+           || delegate->cancelPlace(option, index).contains(at);
+}
+
+void DocumentTable::mouseMoveEvent(QMouseEvent* event) {
+    QTableView::mouseMoveEvent(event);
+    viewport()->setCursor(isLinkAt(event->position().toPoint()) ? Qt::PointingHandCursor
+                                                                : Qt::ArrowCursor);
 }
 
 void DocumentTable::resizeEvent(QResizeEvent* event) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QTableView>
 
 namespace fiscarel::pages {
@@ -25,6 +26,9 @@ class DocumentTable final : public QTableView {
   protected:
     void keyPressEvent(QKeyEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void selectionChanged(const QItemSelection& selected,
                           const QItemSelection& deselected) override;
@@ -33,7 +37,13 @@ class DocumentTable final : public QTableView {
     void fitHeight();
     void fitColumns();
 
+    bool isLinkAt(const QPoint& at) const;
+    bool isEcho(const QMouseEvent& event) const;
+
     int mostLines_ = 8;
+    QElapsedTimer followed_; ///< since a link was followed by a click
+    QPoint followedAt_;
+    bool isIgnored_ = false; ///< until the button is let go
 };
 
 } // namespace fiscarel::pages

@@ -121,7 +121,7 @@ void IntakeCard::addZone() {
     auto* const folder = addButton(u"Ordner auswählen …"_s, u"pickFolder"_s, *line, zone_);
     line->addStretch(1);
     inside_->addLayout(line);
-    connect(files, &QPushButton::clicked, this, &IntakeCard::pickFiles);
+    connect(files, &QPushButton::clicked, this, [this] { pickFiles(); });
     connect(folder, &QPushButton::clicked, this, &IntakeCard::pickFolder);
     setSlim(false);
 }
@@ -154,16 +154,14 @@ void IntakeCard::setInvites(bool invites) {
     look::setRole(zone_, invites ? "dropzone-ready" : "dropzone");
 }
 
-bool IntakeCard::pickFiles() {
+void IntakeCard::pickFiles(const std::optional<taxcore::Uuid>& instead) {
     std::vector<std::filesystem::path> files;
     for (const QString& file :
          look::askForFiles(this, u"Belege auswählen"_s,
                            u"Belege (%1);;Alle Dateien (*)"_s.arg(pickedEndings()))) {
         files.emplace_back(utf8(file));
     }
-    const bool isPicked = !files.empty();
-    desk_.intake().take(std::move(files));
-    return isPicked;
+    desk_.intake().take(std::move(files), instead);
 }
 
 void IntakeCard::pickFolder() {

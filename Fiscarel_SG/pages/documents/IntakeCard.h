@@ -1,7 +1,12 @@
 #pragma once
 
+#ifndef Q_MOC_RUN
+#include "TaxCore/base/Uuid.h"
+#endif
+
 #include <QWidget>
 #include <filesystem>
+#include <optional>
 #include <vector>
 
 class QBoxLayout;
@@ -33,8 +38,8 @@ class IntakeCard final : public QWidget {
     static std::vector<std::filesystem::path> filesOf(const QMimeData& data);
     /// Shows that something can be dropped now.
     void setInvites(bool invites);
-    /// Lets the user pick files; false when none were.
-    bool pickFiles();
+    /// Lets the user pick files, with `instead` to take the place of that document.
+    void pickFiles(const std::optional<taxcore::Uuid>& instead = std::nullopt);
     /// Takes up little room, as where there are documents already.
     void setSlim(bool slim);
 

@@ -161,6 +161,10 @@ Kind ProposalHead::kind() const {
     return taxcore::allValues<Kind>()[static_cast<std::size_t>(kind_->currentIndex())];
 }
 
+bool ProposalHead::isKindDecided() const {
+    return kind() != proposedKind_ || desk_.scan().proposedKind;
+}
+
 bool ProposalHead::isEdited() const {
     return title() != desk_.document().title || kind() != proposedKind_;
 }

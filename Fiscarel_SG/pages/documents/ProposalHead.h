@@ -34,6 +34,8 @@ class ProposalHead final : public QWidget {
     /// As entered; the former name when that is empty.
     std::string title() const;
     StoredDocument::Kind kind() const;
+    /// Whether keeping `kind` is a decision: another one was chosen, or a proposed one was seen.
+    bool isKindDecided() const;
     bool isEdited() const;
     /// Something was decided otherwise.
     void refresh();

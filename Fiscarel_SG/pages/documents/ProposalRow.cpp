@@ -82,7 +82,7 @@ ProposalRow::ProposalRow(ProposalDesk& desk, int proposal, QWidget* parent)
     trust_->setObjectName(u"trust:%1"_s.arg(proposal));
     trust_->setCheckable(true);
     details_->setText(evidenceOf(desk_.proposal(proposal_)));
-    trust_->setToolTip(u"<p>%1</p>"_s.arg(details_->text().toHtmlEscaped()));
+    trust_->setToolTip(tipText(details_->text()));
     details_->setAccessibleName(details_->text());
     say(*warning_, labelText(warningOf(desk_.proposal(proposal_))));
     before_->setTextFormat(Qt::RichText);
@@ -122,7 +122,7 @@ void ProposalRow::makeEditor() {
         editor_->setValue(field.editor == forms::Editor::text ? forms::Value(utf8(shown)) : *value);
         if (auto* const line = qobject_cast<QLineEdit*>(editor_->input())) {
             line->setCursorPosition(0); // a long text begins in sight
-            line->setToolTip(shown.toHtmlEscaped());
+            line->setToolTip(tipText(shown));
         }
     } else {
         showUnreadableText();
