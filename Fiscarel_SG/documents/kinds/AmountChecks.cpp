@@ -157,6 +157,12 @@ bool includesAlien(const FoundAmount& total, const Wanted& wanted) {
     return !alienIn(total, wanted).isZero();
 }
 
+bool isPartOf(const FoundAmount& total, const FoundAmount& part) {
+    return part.page == total.page && std::ranges::any_of(partsOf(total), [&](const Part& one) {
+               return one.row == part.row && one.amount.first == part.amount.first;
+           });
+}
+
 bool takesOff(const FoundAmount& total) {
     return std::ranges::any_of(partsOf(total), [](const Part& part) { return part.value <= -1; });
 }

@@ -70,6 +70,9 @@ bool includesAlien(const FoundAmount& total, const Wanted& wanted);
 /// What these parts come to together; nothing where there are none.
 Decimal alienIn(const FoundAmount& total, const Wanted& wanted);
 
+/// Whether an amount is one of those that `columnCheck` adds up.
+bool isPartOf(const FoundAmount& total, const FoundAmount& part);
+
 /// Whether one of the amounts that `columnCheck` adds up is taken off.
 bool takesOff(const FoundAmount& total);
 

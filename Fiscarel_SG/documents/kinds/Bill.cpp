@@ -126,7 +126,10 @@ class BillMapper {
     /// A record for each child or student the document tells the costs of.
     bool proposeEachPerson() {
         const Wanted& wanted = ownTotals();
-        const auto parts = findPersonAmounts(context_.document, wanted);
+        auto parts = findPersonAmounts(context_.document, wanted);
+        if (parts.empty()) {
+            parts = findPeopleInProse(context_.document, wanted);
+        }
         const auto together = togetherCheck(context_.document, parts);
         for (const PersonAmount& part : parts) {
             ProposedRecord record =
@@ -135,10 +138,10 @@ class BillMapper {
             record.personName = part.person.name;
             record.birthDate = part.person.birthDate;
             record_ = draft_.addRecord(std::move(record));
-            draft_.add(
-                record_, target_.amount, part.found.value(),
-                evidenceOf(part.found, wanted, context_.isKindClear,
-                           together ? std::vector{*together} : std::vector<ProposalCheck>()));
+            const auto& check = together ? together : part.check;
+            draft_.add(record_, target_.amount, part.found.value(),
+                       evidenceOf(part.found, wanted, context_.isKindClear,
+                                  check ? std::vector{*check} : std::vector<ProposalCheck>()));
             proposeWords(payeeName(), false);
         }
         return !parts.empty();
@@ -440,8 +443,9 @@ class BillMapper {
 
     void proposePrinted() {
         if (isPlain_) {
-            draft_.add(record_, target_.amount, printed_->value(),
-                       plainEvidence(*printed_, context_.isKindClear));
+            Evidence evidence = plainEvidence(*printed_, context_.isKindClear);
+            doubtWhose(evidence);
+            draft_.add(record_, target_.amount, printed_->value(), std::move(evidence));
             return;
         }
         auto checks = checks_.empty() ? totalChecks(ranges_, *printed_) : checks_;
@@ -462,6 +466,12 @@ class BillMapper {
             || (isOfHome(context_) && !isOwnCare_)) {
             evidence.confidence = Confidence::low;
         }
+        doubtWhose(evidence);
+        draft_.add(record_, target_.amount, printed_->value(), std::move(evidence));
+    }
+
+    /// Of several children or students each has an amount of their own.
+    void doubtWhose(Evidence& evidence) const {
         if (target_.record == Record::child
             && mayBeOfSeveralChildren(context_.document, context_.facts.issuer.text, printed_)) {
             evidence.confidence = Confidence::low;
@@ -471,7 +481,6 @@ class BillMapper {
             evidence.confidence = Confidence::low; // each deducts their own
             evidence.reason += " Das Dokument nennt zwei Personen.";
         }
-        draft_.add(record_, target_.amount, printed_->value(), std::move(evidence));
     }
 
     /// Takes off what was given back or borne by others; doubtful where no sum proves what remains.

@@ -81,7 +81,8 @@ std::optional<SummedAmount> totalFrom(const PageRows& page, std::size_t first) {
     return std::nullopt;
 }
 
-/// An amount where it is printed.
+} // namespace
+
 std::optional<FoundAmount> foundPrinted(const DocumentRows& document, const Decimal& value) {
     const auto place = findSum(document, value);
     if (!place) {
@@ -95,6 +96,8 @@ std::optional<FoundAmount> foundPrinted(const DocumentRows& document, const Deci
     const auto row = std::ranges::find_if(rows, isWithin) - rows.begin();
     return foundIn(*place->page, static_cast<std::size_t>(row), *place->amount);
 }
+
+namespace {
 
 /// The amounts of rows that tell of something given back or borne by others, each and all together,
 /// the sum first.

@@ -17,6 +17,9 @@ struct SummedAmount {
 /// its words; absent when no row of tax has both beside it.
 std::optional<SummedAmount> totalWithTax(const std::vector<RowRange>& ranges);
 
+/// An amount where it is printed as such; absent where it is not.
+std::optional<FoundAmount> foundPrinted(const DocumentRows& document, const Decimal& value);
+
 /// What several amounts come to, where that is printed: payments of a year, accounts; or the last,
 /// which is the sum of the others. Absent for one alone and where their sum stands nowhere.
 std::optional<SummedAmount> wholeOfParts(const DocumentRows& document,

@@ -192,7 +192,9 @@ const Wanted& ownBillTotals(Kind kind, bool areFeesGiven) {
     static const Wanted givenToParties{
         {}, donations.without, true, donations.meanings, {other, limit, tax}, {tax}};
     static const Wanted daycare{{},
-                                {"exkl*", "HT", "Depot", "Kaution", "caution", "cauzione"},
+                                {"exkl*", "HT", "Depot", "Kaution", "caution", "cauzione",
+                                 "offen per*", "offen am*", "ausstehend per*", "ouvert au",
+                                 "impayé*", "scoperto al"},
                                 true,
                                 {{parents, net},
                                  {parents, paid},
@@ -221,7 +223,8 @@ const Wanted& ownBillTotals(Kind kind, bool areFeesGiven) {
                                  {fee}},
                                 {other, refunded, publicShare, limit}};
     static const Wanted courses{{},
-                                {"exkl*", "HT"},
+                                {"exkl*", "HT", "offen per*", "offen am*", "ausstehend per*",
+                                 "ouvert au", "impayé*", "scoperto al"},
                                 true,
                                 {{fee, net},
                                  {amount, net},

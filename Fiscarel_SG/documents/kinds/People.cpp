@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/FormHeader.h"
 #include "Fiscarel_SG/documents/kinds/LetterHead.h"
+#include "Fiscarel_SG/documents/kinds/PeopleWords.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
 #include "Fiscarel_SG/documents/rows/Vocabulary.h"
@@ -37,6 +38,13 @@ bool isCapitalised(const RowWord& word) {
     return isCapital && goesOnSmall;
 }
 
+/// Whether words stand together, not in columns beside each other.
+bool areInOneCell(const Row& row, std::size_t first, std::size_t last) {
+    return std::ranges::any_of(cellsOf(row), [&](const LabelPlace& cell) {
+        return cell.first <= first && last <= cell.last;
+    });
+}
+
 bool isJoin(const RowWord& word) {
     return word.folded == "und" || word.folded == "et" || word.folded == "e" || word.text == "&";
 }
@@ -50,27 +58,6 @@ NamedPerson nameFrom(const Row& row, std::size_t first, std::size_t last) {
     return name;
 }
 
-/// Words between a name and a day of birth.
-const Labels& births() {
-    static const Labels words{"geb",  "geboren", "né", "née", "nato",         "nascita",  "nata",
-                              "born", "am",      "le", "il",  "Geburtsdatum", "naissance"};
-    return words;
-}
-
-/// Words that stand beside names and are written with a capital too.
-const Labels& noNames() {
-    static const Labels words{
-        "Geschwister*", "*schwester", "Bruder",  "Zwilling*", "Für",      "Pour",   "Per",
-        "Von",          "Ihr*",       "Unser*",  "Votre",     "Vostro",   "*kind",  "Kinder",
-        "Name",         "Vorname",    "Enfant",  "Enfants",   "Nom",      "Prénom", "Nome",
-        "Cognome",      "Herr",       "Frau",    "Madame",    "Monsieur", "Signor", "Signora",
-        "Person",       "Tochter",    "Sohn",    "Bambino",   "Bambina",  "Geb",    "Geboren",
-        "Geburtsdatum", "Total",      "Familie", "Famille",   "Famiglia", "Januar", "Februar",
-        "März",         "April",      "Mai",     "Juni",      "Juli",     "August", "September",
-        "Oktober",      "November",   "Dezember"};
-    return words;
-}
-
 /// Two or three capitalised words that end at or before a word, next to it.
 std::optional<NamedPerson> nameBefore(const Row& row, std::size_t end) {
     std::size_t last = end;
@@ -82,17 +69,22 @@ std::optional<NamedPerson> nameBefore(const Row& row, std::size_t end) {
             return std::nullopt;
         }
     }
+    const bool isBirth = isAnyIn(between, plainBirths());
+    if (!row.amounts.empty() && !isBirth && isAnyIn(between, births())) {
+        return std::nullopt;
+    }
     while (last > 0 && isAnyIn(row.words[last - 1].folded, noNames())) {
         --last;
     }
     std::size_t first = last;
     while (first > 0 && last - first < 3 && isCapitalised(row.words[first - 1])
+           && (first == last || areInOneCell(row, first - 1, first))
            && !isAnyIn(row.words[first - 1].folded, noNames())
            && (first == last || !row.words[first - 1].text.ends_with(":"))) {
         --first;
     }
     // "Lea, geboren am 19.1.2016": so a first name alone is one too.
-    const std::size_t fewest = isAnyIn(between, births()) ? 1 : 2;
+    const std::size_t fewest = isBirth ? 1 : 2;
     return last - first >= fewest ? std::optional(nameFrom(row, first, last - 1)) : std::nullopt;
 }
 
@@ -144,6 +136,14 @@ std::optional<NamedPerson> nameOver(const Row& row, std::size_t day, const Row& 
         }
     }
     return std::nullopt;
+}
+
+/// The name that the row above breaks off with before a day that begins its row: "und Roman
+/// Muster," "18.10.2021".
+std::optional<NamedPerson> nameBrokenOff(const Row& above, std::size_t day) {
+    const bool isOpen = day == 0 && !above.words.empty() && above.words.back().text.ends_with(',')
+                        && isCapitalised(above.words.back());
+    return isOpen ? nameBefore(above, above.words.size()) : std::nullopt;
 }
 
 /// Whom a social security number is of: the name before it, or the cell above it.
@@ -233,22 +233,6 @@ bool namesThing(const Row& row, const NamedPerson& name) {
     words.words = {row.words[name.first], row.words[name.last]};
     static const Labels more{"*vorsorge*", "*versicherung*", "*prévoyance*", "*previdenza*"};
     return namesAny(words, things, false) || findLabel(words, more, false);
-}
-
-/// Words before the name of whom a sum is of: "Totale Sofia Muster", "Total für Lea Muster".
-const Labels& sumsOf() {
-    static const Labels words{"Total",      "Totale",
-                              "Subtotal*",  "Subtotale",
-                              "Sous-total", "Zwischentotal",
-                              "Summe",      "Zwischensumme",
-                              "Totaux",     "Somma",
-                              "für",        "von",
-                              "pour",       "de",
-                              "per",        "di",
-                              "Kind",       "enfant",
-                              "figlio",     "figlia",
-                              "bambino",    "bambina"};
-    return words;
 }
 
 /// The name that is all a row says before its amounts, or all its first cell says; a bullet or the
@@ -425,6 +409,7 @@ void People::look(const Row& row, const Row* above) {
             if (!name && above != nullptr) {
                 name = nameAbove(row, i, *above);
                 name = name ? name : nameOver(row, i, *above);
+                name = name ? name : nameBrokenOff(*above, i);
                 if (name) {
                     families_.insert(above->words[name->last].folded);
                     name->birthDate = day;
@@ -440,8 +425,9 @@ void People::look(const Row& row, const Row* above) {
                 born_.emplace(row.words[name->first].folded, *name);
             }
         }
-        if (isJoin(row.words[i]) && i >= 1 && isCapitalised(row.words[i - 1])
-            && nameAt(row, i + 1)) { // "Anna Muster und Beat Muster", "Anna und Beat Muster"
+        if (isJoin(row.words[i]) && i >= 1 && isCapitalised(row.words[i - 1]) && nameAt(row, i + 1)
+            && areInOneCell(row, i - 1, i + 2)) {
+            // "Anna Muster und Beat Muster", "Anna und Beat Muster"
             takeCouple(row, i);
             for (const auto& name :
                  {i >= 2 ? nameAt(row, i - 2) : std::nullopt, nameAt(row, i + 1)}) {

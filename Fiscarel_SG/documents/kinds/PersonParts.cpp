@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/PersonParts.h"
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+#include "Fiscarel_SG/documents/kinds/PersonBlocks.h"
 #include "Fiscarel_SG/documents/kinds/RowSums.h"
 #include "Fiscarel_SG/documents/kinds/SumText.h"
 #include "Fiscarel_SG/documents/text/Digits.h"
@@ -28,7 +29,7 @@ class Search {
     Parts run() const {
         Parts first;
         for (const auto way : {&Search::byRow, &Search::byColumn, &Search::bySentence,
-                               &Search::byBlockSum, &Search::byBlock}) {
+                               &Search::byBlockSum, &Search::byBlockRest, &Search::byBlock}) {
             Parts found = (this->*way)();
             if (found.size() < 2) {
                 continue;
@@ -44,6 +45,23 @@ class Search {
             }
         }
         return first;
+    }
+
+    /// The amounts of a row under the nearest heading of names, one for each.
+    Parts underNames(const FoundAmount& one) const {
+        const PageRows& page = *one.page;
+        for (std::size_t above = one.row; above-- > 0 && page.number != 0;) {
+            const Row& heading = page.rows[above];
+            const auto named = people_.in(heading);
+            if (named.size() < 2 || std::ranges::any_of(heading.amounts, isWorthy)) {
+                continue;
+            }
+            Parts parts = columnsOf(page, heading, named, one.row);
+            const auto all = std::ranges::count_if(one.rowOf().amounts, isWorthy);
+            const bool areAll = std::cmp_equal(parts.size(), all);
+            return parts.size() >= 2 && areAll && areDistinct(parts) ? parts : Parts();
+        }
+        return {};
     }
 
   private:
@@ -135,8 +153,11 @@ class Search {
                     || !std::ranges::any_of(row.amounts, isWorthy)) {
                     continue;
                 }
-                const RowAmount* rest = restOfRow(row);
-                const RowAmount* sum = rest != nullptr ? rest : sumOfRow(row);
+                const RowAmount* total = totalAtEnd(row); // of months, say
+                const RowAmount* rest = total != nullptr ? nullptr : restOfRow(row);
+                const RowAmount* sum = total != nullptr  ? total
+                                       : rest != nullptr ? rest
+                                                         : sumOfRow(row);
                 if (rest == nullptr && hasAsides(page, at)) {
                     sum = besideAsides(page, at, sum);
                     if (sum == nullptr) {
@@ -199,15 +220,32 @@ class Search {
         return {};
     }
 
+    /// Where a name heads a column: its cell, "Lea Muster (2015)", unless others share it.
+    static LabelPlace columnOf(const Row& heading, const NamedPerson& name,
+                               const std::vector<NamedPerson>& named) {
+        const auto isIn = [](const NamedPerson& one, const LabelPlace& cell) {
+            return cell.first <= one.first && one.last <= cell.last;
+        };
+        for (const LabelPlace& cell : cellsOf(heading)) {
+            const auto count = std::ranges::count_if(
+                named, [&](const NamedPerson& one) { return isIn(one, cell); });
+            if (isIn(name, cell) && count == 1) {
+                return cell;
+            }
+        }
+        return {name.first, name.last, heading.words[name.first].place.left,
+                heading.words[name.last].place.right};
+    }
+
     /// The amounts of a row under the names of a heading.
     static Parts columnsOf(const PageRows& page, const Row& heading,
                            const std::vector<NamedPerson>& named, std::size_t at) {
         Parts parts;
         for (const RowAmount& amount : page.rows[at].amounts) {
             for (const NamedPerson& name : named) {
-                const double left = heading.words[name.first].place.left;
-                const double right = heading.words[name.last].place.right;
-                if (isWorthy(amount) && amount.place.left < right && left < amount.place.right) {
+                const LabelPlace column = columnOf(heading, name, named);
+                if (isWorthy(amount) && amount.place.left < column.right
+                    && column.left < amount.place.right) {
                     parts.push_back(
                         {name, {.page = &page, .row = at, .amount = amount, .label = name.name}});
                 }
@@ -323,6 +361,22 @@ class Search {
         return std::nullopt;
     }
 
+    /// A name above a price, what others bear of it, and what remains to the parents.
+    Parts byBlockRest() const {
+        Parts parts;
+        for (const PageRows& page : document_.pages) {
+            const Starts starts = startsIn(page);
+            for (std::size_t i = 0; i < starts.size(); ++i) {
+                const bool isLast = i + 1 == starts.size();
+                const std::size_t end = isLast ? page.rows.size() : starts[i + 1].first;
+                if (auto rest = remainderIn({&page, starts[i].first, end})) {
+                    parts.push_back({starts[i].second, std::move(rest->found), rest->check});
+                }
+            }
+        }
+        return areDistinct(parts) ? parts : Parts();
+    }
+
     /// A name above the rows that are about it.
     Parts byBlock() const {
         Parts parts;
@@ -335,7 +389,7 @@ class Search {
                 const RowRange block{&page, starts[i].first, end};
                 auto hit = parts.empty() ? std::nullopt : likewise(block, parts.front().found);
                 const bool isLike = hit.has_value();
-                hit = isLike ? std::move(hit) : findFirst({block}, wanted_);
+                hit = isLike ? std::move(hit) : firmIn(block);
                 if (hit && isLast && !isLike) {
                     hit = withoutCommonTotal(page, starts[i].first, std::move(*hit), parts);
                 }
@@ -377,46 +431,20 @@ class Search {
         return std::nullopt;
     }
 
+    /// The first amount of rows; the bare number of a house beside a name is none.
+    std::optional<FoundAmount> firmIn(const RowRange& block) const {
+        auto found = findAmounts({block}, wanted_, Digits::firm);
+        return found.empty() ? std::nullopt : std::optional(std::move(found.front()));
+    }
+
     static Parts withoutMeals(const Parts& parts, const std::vector<RowRange>& blocks) {
         Parts own;
         for (std::size_t i = 0; i < parts.size(); ++i) {
-            if (auto rest = withoutMeals(blocks[i], parts[i].found)) {
+            if (auto rest = fiscarel::withoutMeals(blocks[i], parts[i].found)) {
                 own.push_back({parts[i].person, std::move(*rest)});
             }
         }
         return own;
-    }
-
-    /// The only amount a total has beside those for meals above it, or which are told not to be
-    /// deductible; absent where several make it up with them.
-    static std::optional<FoundAmount> withoutMeals(const RowRange& above, FoundAmount total) {
-        const bool isRecognised = above.page->isRecognised;
-        std::vector<FoundAmount> parts;
-        Decimal meals;
-        for (std::size_t at = above.first; at < above.end; ++at) {
-            const Row& row = above.page->rows[at];
-            if (row.amounts.empty() || !isWorthy(row.amounts.back())) {
-                continue;
-            }
-            const RowAmount& last = row.amounts.back();
-            if (namesAny(row, {Concept::meals, Concept::notDeductible}, isRecognised)) {
-                meals = meals + last.amount.value;
-            } else {
-                const std::size_t end = last.first == 0 ? 0 : last.first - 1;
-                parts.push_back({.page = above.page,
-                                 .row = at,
-                                 .amount = last,
-                                 .label = textBetween(row, 0, end)});
-            }
-        }
-        Decimal sum = meals;
-        for (const FoundAmount& part : parts) {
-            sum = sum + part.value();
-        }
-        if (meals.isZero() || sum != total.value()) {
-            return total;
-        }
-        return parts.size() == 1 ? std::optional(std::move(parts.front())) : std::nullopt;
     }
 
     /// What stands behind the last name may be the total of all: then the amount above it counts.
@@ -426,7 +454,7 @@ class Search {
         for (const PersonAmount& one : before) {
             others = others + one.found.value();
         }
-        auto own = findFirst({RowRange{&page, first, hit.row}}, wanted_);
+        auto own = firmIn({&page, first, hit.row});
         return own && own->value() + others == hit.value() ? std::move(own)
                                                            : std::optional(std::move(hit));
     }
@@ -440,6 +468,11 @@ class Search {
 
 std::vector<PersonAmount> findPersonAmounts(const DocumentRows& document, const Wanted& wanted) {
     return Search(document, wanted).run();
+}
+
+std::vector<PersonAmount> amountsUnderNames(const DocumentRows& document, const FoundAmount& one) {
+    static const Wanted any;
+    return Search(document, any).underNames(one);
 }
 
 std::optional<ProposalCheck> togetherCheck(const DocumentRows& document,

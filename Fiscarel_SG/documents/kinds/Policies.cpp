@@ -38,7 +38,7 @@ std::string policyNumberIn(const Row& row, bool isRecognised) {
     if (!place) {
         return {};
     }
-    const std::size_t end = hasFirmAmount(row) ? place->last + 4 : row.words.size();
+    const std::size_t end = place->last + (hasFirmAmount(row) ? 4 : 6); // further on: of a firm
     for (std::size_t i = place->last + 1; i < std::min(row.words.size(), end); ++i) {
         if (isNumber(row.words[i].text)) {
             return row.words[i].text;

@@ -1,5 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/AmountFinder.h"
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+#include "Fiscarel_SG/documents/kinds/PersonParts.h"
+#include "Fiscarel_SG/documents/kinds/PremiumWords.h"
 #include "Fiscarel_SG/documents/kinds/Prose.h"
 #include "Fiscarel_SG/documents/kinds/RecordsByKind.h"
 #include "Fiscarel_SG/documents/kinds/StatedPremiums.h"
@@ -16,74 +18,6 @@ namespace {
 
 using Record = ProposedRecord::Kind;
 using enum Concept;
-
-const Wanted& grossPremiums() {
-    static const Wanted wanted{
-        {"Total Prämien brutto", "Bruttoprämie*", "Prämien brutto", "Total Prämien",
-         "Total der Prämien", "Prämien total", "Total primes", "Total des primes", "Totale premi",
-         "Totale dei premi", "Bezahlte Prämien", "Primes payées", "Premi pagati", "Prämientotal",
-         "Jahresprämie total", "Jahresprämie", "Prime annuelle", "Premio annuo"},
-        {"netto", "nettes", "netti", "nach", "Verbilligung*", "net", "zu Ihren Lasten",
-         "monatlich*", "Monatsprämie*"},
-        true,
-        {{premium, total, gross},
-         {premium, gross},
-         {premium, total},
-         {premium, paid},
-         {premium, invoice},
-         {premium, yearly}},
-        {net, reduction, costSharing, other, benefit, refunded, basicInsurance, extraInsurance}};
-    return wanted;
-}
-/// A total that does not say of what.
-const Wanted& plainTotals() {
-    static const Wanted wanted{{"Total", "Totale", "Gesamttotal", "Total général", "Summe"},
-                               {"netto", "nettes", "netti", "nach", "net", "*rechnungen",
-                                "Rechnungen", "factures", "fatture"},
-                               false,
-                               {{total, amount}, {total}},
-                               {net, reduction, costSharing, other, benefit, refunded}};
-    return wanted;
-}
-const Wanted& netPremiums() {
-    static const Wanted wanted{{"Total Prämien netto", "Nettoprämie*", "Prämien netto",
-                                "Prämien nach Verbilligung", "Netto zu Ihren Lasten", "Total netto",
-                                "Primes nettes", "Total net", "Premi netti", "Totale netto",
-                                "Netto"},
-                               {},
-                               true,
-                               {{premium, net}},
-                               {other}};
-    return wanted;
-}
-const Wanted& reductions() {
-    static const Wanted wanted{
-        {"Prämienverbilligung*", "Individuelle Prämienverbilligung", "IPV", "Réduction de prime*",
-         "Réduction des primes", "Riduzione dei premi", "Riduzione individuale*",
-         "Réduction individuelle*", "Riduzione del premio", "Subside*", "Verbilligung*"},
-        {"nach", "après", "dopo", "netto", "net", "netti", "nette", "nettes"},
-        true,
-        {{reduction, total}, {reduction, premium}, {reduction}},
-        {other, costSharing, benefit}};
-    return wanted;
-}
-/// Premiums by law.
-const std::vector<Wanted>& singlePremiums() {
-    static const std::vector<Concept> notMeant{net,     reduction, costSharing, other,
-                                               benefit, total,     refunded};
-    static const Labels without{"Franchise", "Selbstbehalt", "franchigia", "quote-part"};
-    static const std::vector<Wanted> rows{
-        {{}, without, false, {{basicInsurance}}, notMeant},
-        {{}, without, false, {{extraInsurance}}, notMeant},
-        {{},
-         without,
-         false,
-         {{premium}},
-         {net, reduction, costSharing, other, benefit, total, refunded, accident, basicInsurance,
-          extraInsurance}},
-    };
-    return rows;
-}
 
 /// The premiums by law, one for each row.
 std::vector<FoundAmount> findSingles(const std::vector<RowRange>& ranges) {
@@ -102,14 +36,21 @@ std::vector<FoundAmount> findSingles(const std::vector<RowRange>& ranges) {
     return singles;
 }
 
-/// Premiums − reduction = net, where all three are printed.
+/// Premiums − reduction = net; absent where one of both is not printed.
+std::optional<ProposalCheck> reductionCheck(const std::vector<RowRange>& ranges,
+                                            const Decimal& gross) {
+    const auto reduction = findLast(ranges, reductions());
+    const auto net = findLast(ranges, netPremiums());
+    return reduction && net
+               ? std::optional(reducedCheck(gross, reduction->value().abs(), net->value()))
+               : std::nullopt;
+}
+
 std::vector<ProposalCheck> premiumChecks(const std::vector<RowRange>& ranges,
                                          const FoundAmount& gross) {
     auto checks = witnessChecks(ranges, grossPremiums(), gross);
-    const auto reduction = findLast(ranges, reductions());
-    const auto net = findLast(ranges, netPremiums());
-    if (reduction && net) {
-        checks.push_back(reducedCheck(gross.value(), reduction->value().abs(), net->value()));
+    if (auto check = reductionCheck(ranges, gross.value())) {
+        checks.push_back(std::move(*check));
     }
     return checks;
 }
@@ -210,9 +151,12 @@ std::optional<FoundAmount> wholeOf(const std::vector<RowRange>& ranges,
 }
 
 /// The largest of several amounts, where those above it in its column add up to it, or to the same
-/// amount elsewhere.
+/// amount elsewhere; of two where the other is one of these.
 std::optional<FoundAmount> summedUp(const std::vector<FoundAmount>& found) {
     const auto largest = std::ranges::max_element(found, {}, &FoundAmount::value);
+    if (found.size() == 2 && isPartOf(*largest, found[largest == found.begin() ? 1 : 0])) {
+        return *largest;
+    }
     if (found.size() <= 2) {
         return std::nullopt;
     }
@@ -439,14 +383,49 @@ void proposeGross(const KindContext& context, RecordsByKind& records, ProposalDr
     }
     Evidence evidence = evidenceOf(single.back(), singlePremiums().back(), context.isKindClear);
     if (whole) {
+        const auto column = columnCheck(*whole);
         evidence = evidenceOf(*whole, singlePremiums().back(), context.isKindClear,
-                              {togetherCheck(whole->value())});
+                              {column ? *column : togetherCheck(whole->value())});
     } else if (single.size() > 1) {
         evidence.reason = "Summe der einzelnen Prämien.";
         evidence.confidence = Confidence::low;
+        if (auto check = reductionCheck(ranges, sum); check && check->passed) {
+            evidence.checks.push_back(std::move(*check));
+            evidence.confidence = Confidence::medium;
+        }
     }
     draft.add(records.of(Record::householdDeductions, single.back().page->number),
               "healthInsurancePremiums", sum, std::move(evidence));
+}
+
+/// What somebody bore of the costs; without a name it is of all.
+void proposeBorne(const KindContext& context, const FoundAmount& found, const NamedPerson* person,
+                  ProposalDraft& draft) {
+    std::vector<ProposalCheck> checks;
+    if (const auto check = columnCheck(found)) {
+        checks.push_back(*check);
+    }
+    ProposedRecord own =
+        recordWith(context.facts, Record::medicalCost,
+                   "Kostenbeteiligung " + context.facts.issuer.text, found.page->number);
+    if (person != nullptr) {
+        own.personName = person->name;
+        own.birthDate = person->birthDate;
+        own.socialSecurityNumber.clear();
+    }
+    own.advice = "Was die Kasse nicht vergütet hat. Rechnungen, die darin schon enthalten sind, "
+                 "nicht noch einmal eintragen.";
+    const int record = draft.addRecord(std::move(own));
+    Evidence evidence = evidenceOf(found, costSharings(), context.isKindClear, std::move(checks));
+    // It may be entered already, bill by bill.
+    evidence.confidence = std::max(evidence.confidence, Confidence::medium);
+    draft.add(record, "gross", found.value(), std::move(evidence));
+    draft.add(record, "provider", context.facts.issuer.text,
+              {.witness = Witness::position,
+               .confidence = Confidence::medium,
+               .reason = "Steht oben auf dem Dokument.",
+               .page = context.facts.issuer.page,
+               .box = context.facts.issuer.box});
 }
 
 } // namespace
@@ -460,45 +439,21 @@ void proposePremiums(const KindContext& context, RecordsByKind& records, Proposa
 
 /// What the insured paid themselves is a cost of illness.
 void proposeCostSharing(const KindContext& context, ProposalDraft& draft) {
-    static const Wanted own{
-        {"Total Kostenbeteiligung*", "Nicht erstattete Kosten", "Nicht vergütete Kosten",
-         "Frais non remboursés", "Costi non rimborsati", "Spese non rimborsate",
-         "Total Kosten zu Ihren Lasten", "Ihre Kostenbeteiligung", "Kostenbeteiligung*",
-         "zu Ihren Lasten", "Selbst bezahlt*", "Eigenanteil", "Participation aux coûts",
-         "Participation aux frais", "à votre charge", "Partecipazione ai costi", "a suo carico"},
-        {"Prämie*", "Primes", "Premi", "Netto*"},
-        true,
-        {{costSharing, total}, {costSharing}},
-        {premium, other}};
     const auto ranges = wholeDocument(context.document);
-    auto all = findAmounts(ranges, own);
+    auto all = findAmounts(ranges, costSharings());
     std::erase_if(all, [&](const FoundAmount& one) {
         return one.value() < 1 || isPremium(ranges, draft.result(), one.value());
     });
     if (all.empty()) {
         return;
     }
-    const auto found = std::optional(all.back());
-    std::vector<ProposalCheck> checks;
-    if (const auto check = columnCheck(*found)) {
-        checks.push_back(*check);
+    const auto parts = amountsUnderNames(context.document, all.back());
+    for (const PersonAmount& part : parts) {
+        proposeBorne(context, part.found, &part.person, draft);
     }
-    const int record = draft.addRecord(recordWith(context.facts, Record::medicalCost,
-                                                  "Kostenbeteiligung " + context.facts.issuer.text,
-                                                  found->page->number));
-    draft.record(record).advice = "Was die Kasse nicht vergütet hat. Rechnungen, die darin schon "
-                                  "enthalten sind, nicht noch einmal eintragen.";
-    Evidence evidence = evidenceOf(*found, own, context.isKindClear, std::move(checks));
-    if (evidence.confidence == Confidence::high) {
-        evidence.confidence = Confidence::medium; // it may be entered already, bill by bill
+    if (parts.empty()) {
+        proposeBorne(context, all.back(), nullptr, draft);
     }
-    draft.add(record, "gross", found->value(), std::move(evidence));
-    draft.add(record, "provider", context.facts.issuer.text,
-              {.witness = Witness::position,
-               .confidence = Confidence::medium,
-               .reason = "Steht oben auf dem Dokument.",
-               .page = context.facts.issuer.page,
-               .box = context.facts.issuer.box});
 }
 
 } // namespace fiscarel

@@ -243,6 +243,22 @@ std::string_view wordBefore(const Sentence& sentence, std::size_t which) {
     return at == 0 ? std::string_view() : std::string_view(sentence.row.words[at - 1].folded);
 }
 
+/// Whether an amount is told to be the most there may be: "bis CHF 70'000 möglich".
+bool isBound(const Sentence& sentence, std::size_t which) {
+    static const Labels bounds{"bis",     "bis zu",        "höchstens", "maximal",    "jusqu'à",
+                               "au plus", "fino a",        "fino ad",   "al massimo", "up to",
+                               "at most", "au maximum de", "massimo di"};
+    std::size_t end = sentence.starts[which];
+    while (end > 0 && isFrancs(sentence.row.words[end - 1].text)) {
+        --end;
+    }
+    const Row before = part(sentence.row, end < 3 ? 0 : end - 3, end);
+    return std::ranges::any_of(bounds, [&](const Label& bound) {
+        const auto place = findLabel(before, bound, false);
+        return place && place->last + 1 == before.words.size();
+    });
+}
+
 /// Whether an amount became the next one: "von 15'000 auf 16'200".
 bool isChanged(const Sentence& sentence, std::size_t which) {
     static constexpr std::array<std::string_view, 4> from{"von", "de", "da", "from"};
@@ -300,6 +316,17 @@ std::vector<PersonAmount> peopleIn(const Sentence& sentence, const People& peopl
         from = sentence.ends[i] + 1;
     }
     return found.size() >= 2 ? found : std::vector<PersonAmount>();
+}
+
+/// The person a sentence of one amount names, with it.
+std::optional<PersonAmount> personIn(const Sentence& sentence, const People& people) {
+    const auto named = people.in(sentence.row);
+    if (named.size() != 1 || sentence.amounts.size() != 1) {
+        return std::nullopt;
+    }
+    PersonAmount one{named.front(), sentence.amounts.front()};
+    one.found.label = one.person.name;
+    return one;
 }
 
 /// Finds amounts of sentences by what is said of them.
@@ -372,7 +399,8 @@ class ProseSearch {
     Saying sayingOf(const Sentence& sentence, std::size_t which) const {
         const bool isRecognised = isFromRecognised(sentence, which);
         Saying saying{&sentence, which, {}};
-        if (sentence.amounts.size() == 1 && saysLeftOut(sentence.row)) {
+        if (isBound(sentence, which)
+            || (sentence.amounts.size() == 1 && saysLeftOut(sentence.row))) {
             return saying;
         }
         if (!isPriceOfOne(sentence.row, sentence.ends[which])
@@ -461,16 +489,29 @@ std::optional<SummedAmount> sumInProse(const std::vector<RowRange>& ranges, cons
 
 std::vector<PersonAmount> findPeopleInProse(const DocumentRows& document, const Wanted& wanted) {
     const People people(document);
+    std::vector<PersonAmount> each; // of sentences of their own
+    bool areDistinct = true;
     for (const Sentence& sentence : sentencesOf(wholeDocument(document))) {
+        const bool isRecognised = sentence.amounts.front().page->isRecognised;
         const bool isMeant = std::ranges::any_of(wanted.meanings, [&](const Meaning& meaning) {
-            return findMeaning(sentence.row, meaning, sentence.amounts.front().page->isRecognised)
-                .has_value();
+            return findMeaning(sentence.row, meaning, isRecognised).has_value();
         });
         if (auto found = peopleIn(sentence, people); isMeant && !found.empty()) {
             return found;
         }
+        auto one = isMeant && !namesAny(sentence.row, wanted.notMeant, isRecognised)
+                           && !findLabel(sentence.row, wanted.without, isRecognised)
+                           && !isPriceOfOne(sentence.row, sentence.ends.front())
+                       ? personIn(sentence, people)
+                       : std::nullopt;
+        if (one) {
+            areDistinct &= std::ranges::none_of(each, [&](const PersonAmount& other) {
+                return other.person.folded == one->person.folded;
+            });
+            each.push_back(std::move(*one));
+        }
     }
-    return {};
+    return areDistinct && each.size() >= 2 ? each : std::vector<PersonAmount>();
 }
 
 } // namespace fiscarel

@@ -27,7 +27,8 @@ std::vector<FoundAmount> findBehindInProse(const std::vector<RowRange>& ranges,
 std::optional<SummedAmount> sumInProse(const std::vector<RowRange>& ranges, const Wanted& wanted);
 
 /// Amounts of a sentence that says a meaning and names one of several people before each: "Anna
-/// Muster hat CHF 900 eingelegt, Beat Muster CHF 696". Empty unless each of them has exactly one.
+/// Muster hat CHF 900 eingelegt, Beat Muster CHF 696"; else of sentences that each name one person
+/// and one amount. Empty unless each of several people has exactly one.
 std::vector<PersonAmount> findPeopleInProse(const DocumentRows& document, const Wanted& wanted);
 
 } // namespace fiscarel

@@ -50,6 +50,28 @@ const RowAmount* sumOfRow(const Row& row) {
     return nullptr;
 }
 
+const RowAmount* totalAtEnd(const Row& row) {
+    constexpr std::size_t fewest = 3;
+    if (row.amounts.size() <= fewest || !row.amounts.back().amount.isFirm()) {
+        return nullptr;
+    }
+    const RowAmount& last = row.amounts.back();
+    Decimal firm;
+    Decimal all;
+    std::size_t count = 0; // of firm ones
+    for (const RowAmount& amount : row.amounts) {
+        if (&amount != &last) {
+            all = all + amount.amount.value;
+            firm = amount.amount.isFirm() ? firm + amount.amount.value : firm;
+            count += amount.amount.isFirm() ? 1U : 0U;
+        }
+    }
+    const bool isTotal =
+        last.amount.value >= 1
+        && (last.amount.value == all || (count >= fewest && last.amount.value == firm));
+    return isTotal ? &last : nullptr;
+}
+
 const RowAmount* restOfRow(const Row& row) {
     for (std::size_t first = 0; first < row.amounts.size(); ++first) {
         if (!row.amounts[first].amount.isFirm()) {
@@ -66,6 +88,25 @@ const RowAmount* restOfRow(const Row& row) {
         }
     }
     return nullptr;
+}
+
+std::optional<int> piecesAt(const Row& row, const RowAmount& price) {
+    static const Labels links{"zu", "à", "a", "x", "je", "mal", "per"};
+    std::size_t before = price.first;
+    while (before > 0 && isFrancs(row.words[before - 1].text)) {
+        --before;
+    }
+    if (before == 0
+        || (!isAnyIn(row.words[before - 1].folded, links) && row.words[before - 1].text != "×")) {
+        return std::nullopt;
+    }
+    for (std::size_t i = before - 1; i-- > 0;) {
+        const auto count = smallNumber(row.words[i].text, 3);
+        if (count && *count >= 2) {
+            return count;
+        }
+    }
+    return std::nullopt;
 }
 
 const RowAmount* amountOfYear(const Row& row) {

@@ -31,6 +31,9 @@ class Products {
 
 /// The amount of a row that those left of it, two or more, add up to; null without one.
 const RowAmount* sumOfRow(const Row& row);
+/// The last amount of a row where all others come to it, three or more, also those of their digits
+/// alone; null otherwise.
+const RowAmount* totalAtEnd(const Row& row);
 /// The amount of a row that is left of one when all between are taken off, as a fee is after
 /// rebates and shares; null without one.
 const RowAmount* restOfRow(const Row& row);
@@ -38,6 +41,10 @@ const RowAmount* restOfRow(const Row& row);
 /// Whether the words behind one at an index, the last of an amount, say that it is the price of an
 /// hour or a day.
 bool isPriceOfOne(const Row& row, std::size_t last);
+
+/// How many of what an amount is the price of one, as a row tells before it: "12 Mietzinse zu
+/// 1’550.00"; absent for others.
+std::optional<int> piecesAt(const Row& row, const RowAmount& price);
 
 /// "12 × 1’355.00   16’260.00": the amount of the year beside that of a month.
 const RowAmount* amountOfYear(const Row& row);

@@ -165,7 +165,11 @@ bool isKeptBack(const Row& words, bool isRecognised) {
 
 const std::array<BoxWords, 5>& boxWords() {
     static const Labels employers{"Arbeitgeber*", "employeur", "datore", "patronal*", "padronal*"};
-    static const Labels others = joined(employers, keptBackWords());
+    static const Labels ofUs{"a nostro carico",     "à notre charge",     "zu unseren Lasten",
+                             "von uns bezahlt*",    "von uns getragen*",  "von uns übernommen*",
+                             "da noi assunt*",      "da noi pagat*",      "pris en charge par nous",
+                             "payée par nos soins", "at our own expense", "borne by us"};
+    static const Labels others = joined(joined(employers, ofUs), keptBackWords());
     static const std::array<BoxWords, 5> rows{
         BoxWords{SalaryBox::gross,
                  {{},
