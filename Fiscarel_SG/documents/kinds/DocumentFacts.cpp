@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/documents/kinds/DocumentFacts.h"
 
+#include "Fiscarel_SG/documents/kinds/DocumentPerson.h"
 #include "Fiscarel_SG/documents/kinds/FormHeader.h"
 #include "Fiscarel_SG/documents/kinds/LetterHead.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
@@ -153,101 +154,6 @@ void readDays(const PageRows& page, DocumentFacts& facts) {
     }
 }
 
-/// What stands before the name of the person a document concerns.
-const Labels& personLabels() {
-    static const Labels labels{"Versicherte Person",
-                               "Personne assurée",
-                               "Persona assicurata",
-                               "Vorsorgenehmer*",
-                               "Versicherungsnehmer*",
-                               "Kontoinhaber*",
-                               "Preneur de prévoyance",
-                               "Titulaire*",
-                               "Titolare",
-                               "Intestatario",
-                               "Patient/in",
-                               "Patientin",
-                               "Patient",
-                               "Paziente",
-                               "Behandlung von",
-                               "Traitement de",
-                               "Cura di",
-                               "Cure di",
-                               "Trattamento di",
-                               "Name des Kindes",
-                               "Kind",
-                               "Enfant",
-                               "Bambino",
-                               "Bambina",
-                               "Teilnehmerin",
-                               "Teilnehmer*",
-                               "Participant*",
-                               "Partecipante",
-                               "Spenderin",
-                               "Spender*",
-                               "Donateur*",
-                               "Donatore",
-                               "Reçu de",
-                               "Ricevuto da",
-                               "Erhalten von",
-                               "Eigentümer*",
-                               "Propriétaire",
-                               "Proprietario",
-                               "Name",
-                               "Nom",
-                               "Nome",
-                               "bestätigen, dass",
-                               "Arbeitnehmer/in",
-                               "Arbeitnehmerin",
-                               "Arbeitnehmer",
-                               "Rentenbezüger/in",
-                               "Rentenbezüger*",
-                               "Preneur d'assurance",
-                               "Stipulante",
-                               "Versicherter",
-                               "Versicherte"};
-    return labels;
-}
-
-/// The name behind a label, else the one in the address.
-void readPerson(const PageRows& page, DocumentFacts& facts) {
-    for (const Label& label : personLabels()) {
-        for (const Row& row : page.rows) {
-            const auto place = findLabel(row, label, page.isRecognised);
-            if (!place || place->last + 1 >= row.words.size()) {
-                continue;
-            }
-            static const Labels particles{"de", "di", "von", "d"};
-            std::size_t first = place->last + 1;
-            if (first + 1 < row.words.size() && isAnyIn(row.words[first].folded, particles)) {
-                ++first;
-            }
-            const std::size_t last = runFrom(page, row, first).last;
-            std::size_t count = 0;
-            while (first + count <= last && !hasDigit(row.words[first + count].text)
-                   && !row.words[first + count].text.starts_with("(")) {
-                const std::string_view word = row.words[first + count].text;
-                ++count;
-                if (word.ends_with(',')) {
-                    break;
-                }
-            }
-            const std::string text =
-                count == 0 ? std::string() : textBetween(row, first, first + count - 1);
-            static const Labels things{"*lohn", "*verdienst*", "*salär", "*gehalt", "*summe"};
-            if (text.size() > 4 && count <= 5 && startsWithCapital(text)
-                && !isAnyIn(foldWords(text), things)) {
-                facts.person = placedText(page, {&row, first, first + count - 1});
-                while (facts.person.text.ends_with(',')) {
-                    facts.person.text.pop_back();
-                }
-                return;
-            }
-        }
-    }
-    facts.person = findAddressee(page, page.height);
-}
-
 } // namespace
 
 DocumentFacts readFacts(const DocumentRows& document) {
@@ -266,7 +172,7 @@ DocumentFacts readFacts(const DocumentRows& document) {
             facts.issuer = findIssuer(page, findAddressee(page, page.height));
         }
         if (facts.person.text.empty()) {
-            readPerson(page, facts);
+            facts.person = findPerson(page);
         }
     }
     facts.year = votes.best();

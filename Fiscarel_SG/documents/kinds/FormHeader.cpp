@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/FormHeader.h"
 
 #include "Fiscarel_SG/documents/kinds/DocumentFacts.h"
+#include "Fiscarel_SG/documents/kinds/DocumentPerson.h"
 #include "Fiscarel_SG/documents/kinds/LetterHead.h"
 #include "Fiscarel_SG/documents/kinds/SalaryForm.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
@@ -151,24 +152,6 @@ void readCrosses(const PageRows& page, double bodyTop, SalaryForm& form) {
     }
 }
 
-/// "Arbeitnehmer/in Muster Anna, …" on certificates without an address field.
-void readNamedPerson(const PageRows& page, SalaryForm& form) {
-    static const Labels names{"Arbeitnehmer/in", "Arbeitnehmerin", "Arbeitnehmer"};
-    for (const Row& row : page.rows) {
-        const auto place = findLabel(row, names, page.isRecognised);
-        if (!place || !form.person.empty()) {
-            continue;
-        }
-        for (std::size_t i = place->last + 1; i < row.words.size(); ++i) {
-            form.person += form.person.empty() ? row.words[i].text : ' ' + row.words[i].text;
-            if (form.person.ends_with(',')) {
-                form.person.pop_back();
-                break;
-            }
-        }
-    }
-}
-
 /// The employer: at the foot of the page, in the column of the enterprise's number, the first line
 /// that is neither that number nor a telephone number.
 void readEmployer(const PageRows& page, SalaryForm& form) {
@@ -266,7 +249,9 @@ void readFormHeader(const PageRows& page, double bodyTop, SalaryForm& form) {
     form.year = form.year ? form.year : yearTold(page, bodyTop);
     readCrosses(page, bodyTop, form);
     form.person = findAddressee(page, bodyTop).text;
-    readNamedPerson(page, form);
+    if (form.person.empty()) { // on certificates without an address field
+        form.person = findPerson(page).text;
+    }
     readEmployer(page, form);
     readRemarks(page, form);
 }

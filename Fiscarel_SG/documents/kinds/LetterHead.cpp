@@ -1,5 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/LetterHead.h"
 
+#include "Fiscarel_SG/documents/kinds/PersonName.h"
+#include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
 #include "Fiscarel_SG/documents/text/Digits.h"
 #include "Fiscarel_SG/documents/text/FoldedText.h"
@@ -15,7 +17,8 @@ namespace fiscarel {
 
 namespace {
 
-constexpr double footBegins = 0.88; ///< of the page's height
+constexpr double footBegins = 0.88;     ///< of the page's height
+constexpr std::size_t mostLetters = 80; ///< of a name
 
 /// "9000 St.Gallen", "FL-9490 Vaduz"
 bool isTown(std::string_view text) {
@@ -32,7 +35,7 @@ bool isName(const Run& run) {
     const std::string text = run.text();
     const std::size_t count = run.last - run.first + 1;
     return !namesCompany(run.folded()) && count >= 2 && count <= 5 && !hasDigit(text)
-           && text.size() < 50 && startsWithCapital(text)
+           && text.size() < mostLetters && startsWithCapital(text)
            && text.find_first_of(":,;") == std::string::npos;
 }
 
@@ -49,10 +52,52 @@ bool isAboveTown(const PageRows& page, std::size_t at, double left) {
     return false;
 }
 
+/// Whether a word ends an item of a list: "Anna Muster,"
+bool endsItem(const RowWord& word) { return word.text.ends_with(','); }
+
+/// The name in a line that holds a whole address: "Kunde: Anna Muster, Seeweg 3, 9000 St.Gallen".
+/// Not of those whom one may ask.
+std::optional<Run> nameInAddressLine(const PageRows& page, const Row& row) {
+    static const Labels others{"*berater*", "Kontakt*",  "Verwalt*",  "Ansprech*",  "conseill*",
+                               "contact*",  "consulen*", "Absender*", "expéditeur", "mittente"};
+    const auto& words = row.words;
+    for (std::size_t town = 2; town + 1 < words.size(); ++town) {
+        const std::string place = textBetween(row, town, town + 1);
+        if (!isTown(place) || !endsItem(words[town - 1])) {
+            continue;
+        }
+        std::size_t street = town - 1; // its first word
+        while (street > 0 && !endsItem(words[street - 1])) {
+            --street;
+        }
+        if (street == 0 || !hasDigit(textBetween(row, street, town - 1))
+            || findLabel(row, others, page.isRecognised)) {
+            continue;
+        }
+        std::size_t first = street - 1;
+        while (first > 0 && !endsItem(words[first - 1]) && !words[first - 1].text.ends_with(':')) {
+            --first;
+        }
+        for (; first < street; ++first) { // words of a sentence or a label may stand before it
+            const auto name = personNameAt(page, row, first);
+            if (name && name->last + 1 == street) {
+                return name;
+            }
+        }
+    }
+    return std::nullopt;
+}
+
 /// Whether a word parts what a line of contacts strings together.
 bool isSeparator(const RowWord& word) {
     static constexpr std::array<std::string_view, 6> signs{"|", "·", "•", "/", "–", "-"};
     return std::ranges::find(signs, word.text) != signs.end();
+}
+
+/// Whether a text is or has an address of mail or the web.
+bool isOnline(std::string_view text) {
+    return text.find('@') != std::string_view::npos || text.find("www.") != std::string_view::npos
+           || text.find("http") != std::string_view::npos;
 }
 
 /// The parts of a run between its separators; one without any is its only part.
@@ -77,8 +122,6 @@ bool isAtFoot(const PageRows& page, const Run& run) {
                && row.folded.find(name) != std::string::npos;
     });
 }
-
-constexpr std::size_t mostLetters = 80; ///< of a name
 
 /// Looks for the issuer in one way after the other.
 class IssuerSearch {
@@ -114,8 +157,9 @@ class IssuerSearch {
             return placedText(page_, *contact);
         }
         for (const Row& row : top) {
+            constexpr std::size_t mostCells = 2; // more are of a table's heading
             for (const Run& part : allParts(row)) {
-                if (isWorded(part)) {
+                if (isWorded(part) && cellsOf(row).size() <= mostCells) {
                     return placedText(page_, part);
                 }
             }
@@ -142,14 +186,33 @@ class IssuerSearch {
 
     std::optional<Run> firstCompany(std::span<const Row> rows) const {
         for (const Row& row : rows) {
+            if (hasFirmAmount(row)) {
+                continue; // of a table, whose shares are companies' too
+            }
             for (const Run& part : allParts(row)) {
                 if (namesCompany(part.folded()) && part.text().size() < mostLetters
-                    && !isAddressee(part)) {
+                    && !isOnline(part.text()) && !isAddressee(part) && !isHeading(part)) {
                     return part;
                 }
             }
         }
         return std::nullopt;
+    }
+
+    /// Whether words are a paper's heading rather than a name: "Ihre Versicherungsprämien 2025".
+    static bool isHeading(const Run& part) {
+        static const Labels possessives{"Ihr*",   "unser*", "votre", "vos", "notre",
+                                        "vostr*", "nostr*", "sua",   "your"};
+        constexpr std::size_t mostSmall = 3; // words of a name that begins with a small letter
+        const auto& words = part.row->words;
+        const bool isSentence =
+            !startsWithCapital(words[part.first].text) && part.last - part.first >= mostSmall;
+        bool tellsYear = false;
+        for (std::size_t i = part.first; i <= part.last; ++i) {
+            tellsYear |= yearOf2000s(words[i].text).has_value();
+        }
+        return tellsYear || isSentence || isAnyIn(words[part.first].folded, possessives)
+               || (hasDigit(words[part.first].text) && words[part.first].text.size() < 3);
     }
 
     /// Whom a receipt is signed for: "Pour les Amis du Refuge   le caissier"; such forms have no
@@ -187,7 +250,7 @@ class IssuerSearch {
 
     bool isWorded(const Run& part) const {
         const std::string text = part.text();
-        return !hasDigit(text) && text.size() > 3 && text.size() < mostLetters
+        return !hasDigit(text) && text.size() > 3 && text.size() < mostLetters && !isOnline(text)
                && !isAddressee(part);
     }
 
@@ -207,50 +270,54 @@ bool namesCompany(const std::string& folded) {
                               "GmbH",
                               "Sàrl",
                               "Sagl",
-                              "Anstalt",
-                              "Genossenschaft",
-                              "Stiftung",
                               "Fondation",
                               "Fondazione",
-                              "Verein",
                               "Association",
                               "Associazione",
-                              "Bank*",
+                              "*bank",
+                              "Bankhaus",
+                              "Banken",
+                              "Bankiers",
                               "Banque*",
+                              "Banquier*",
                               "Banca*",
-                              "Sparkasse",
+                              "*kasse",
+                              "*stiftung",
+                              "*genossenschaft",
+                              "*gesellschaft",
+                              "*verein",
+                              "*verband",
+                              "*anstalt",
+                              "*schule",
+                              "*gemeinde",
+                              "*spital",
+                              "*klinik",
+                              "Clinique*",
+                              "Clinica",
+                              "*praxis",
+                              "*apotheke",
+                              "Pharmacie",
+                              "Farmacia",
+                              "*zentrum",
                               "Raiffeisen*",
                               "Versicherung*",
                               "Assurance*",
                               "Assicurazion*",
-                              "Krankenkasse",
-                              "Pensionskasse",
                               "Kita",
                               "Kindertagesstätte",
-                              "Praxis",
-                              "Zahnarztpraxis",
-                              "Arztpraxis",
                               "Cabinet*",
                               "Studio",
                               "Crèche",
-                              "Schule",
                               "Akademie",
                               "Institut*",
                               "École",
                               "Scuola",
-                              "Hochschule",
-                              "Fachhochschule",
-                              "Gemeinde",
                               "Kanton",
                               "Amt",
-                              "Spital",
-                              "Apotheke",
-                              "Vorsorgestiftung",
                               "Caisse*",
                               "Cassa",
                               "Asilo",
                               "Hilfswerk",
-                              "Zentrum",
                               "Dr",
                               "Garderie"};
     return isAnyIn(folded, words);
@@ -289,7 +356,17 @@ PlacedText findAddressee(const PageRows& page, double above) {
             }
         }
     }
-    return last ? placedText(page, *last) : PlacedText();
+    for (std::size_t at = 0; !last && at < page.rows.size(); ++at) {
+        const Row& row = page.rows[at];
+        if (row.middle() < std::min(above, page.height / 2)) {
+            last = nameInAddressLine(page, row);
+        }
+    }
+    PlacedText name = last ? placedText(page, *last) : PlacedText();
+    if (name.text.ends_with(',')) {
+        name.text.pop_back();
+    }
+    return name;
 }
 
 PlacedText findIssuer(const PageRows& page, const PlacedText& addressee) {

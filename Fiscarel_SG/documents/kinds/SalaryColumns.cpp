@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/SalaryColumns.h"
 
 #include "Fiscarel_SG/documents/kinds/LetterHead.h"
+#include "Fiscarel_SG/documents/kinds/PersonName.h"
 #include "Fiscarel_SG/documents/kinds/TableHeading.h"
 #include "Fiscarel_SG/documents/kinds/WageHolders.h"
 

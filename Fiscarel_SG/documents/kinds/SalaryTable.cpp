@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/SalaryTable.h"
 
 #include "Fiscarel_SG/documents/kinds/LetterHead.h"
+#include "Fiscarel_SG/documents/kinds/PersonName.h"
 #include "Fiscarel_SG/documents/kinds/SalaryColumns.h"
 #include "Fiscarel_SG/documents/kinds/SalaryWords.h"
 #include "Fiscarel_SG/documents/kinds/TableHeading.h"

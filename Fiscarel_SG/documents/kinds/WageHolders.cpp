@@ -4,49 +4,12 @@
 #include "Fiscarel_SG/documents/kinds/FormHeader.h"
 #include "Fiscarel_SG/documents/kinds/LetterHead.h"
 #include "Fiscarel_SG/documents/kinds/WageYear.h"
-#include "Fiscarel_SG/documents/rows/Vocabulary.h"
 #include "Fiscarel_SG/documents/text/Digits.h"
 
 #include <algorithm>
 #include <set>
 
 namespace fiscarel {
-
-bool isPersonName(const Row& words) {
-    using enum Concept;
-    static const std::vector<Concept> things{
-        gross,  net,     wage,    social,  occupational, total,   yearly,   amount,  paid,
-        other,  account, pension, premium, buyIn,        fee,     ordinary, meals,   contribution,
-        course, tax,     rent,    upkeep,  membership,   benefit, invoice,  accident};
-    static const Labels particles{"von", "de",  "del", "della", "di",
-                                  "da",  "van", "du",  "dos",   "zu"};
-    static const Labels offices{
-        "Filiale*",      "Abteilung*", "Arbeitgeber*", "Arbeitnehmer*", "Betrieb*", "Stelle",
-        "Kostenstelle*", "employeur",  "datore",       "Name",          "Vorname",  "Nom",
-        "Prénom",        "Nome",       "Cognome",      "Mitarbeit*",    "employé*", "dipendent*"};
-    std::size_t names = 0;
-    for (const RowWord& word : words.words) {
-        if (isAnyIn(word.folded, salutations()) || word.text == "," || word.text == "-") {
-            names += isAnyIn(word.folded, salutations()) ? 1U : 0U;
-            continue;
-        }
-        if (isAnyIn(word.folded, particles)) {
-            continue;
-        }
-        if (hasDigit(word.text) || !startsWithCapital(word.text) || word.folded.size() < 2
-            || word.text.find_first_of("/&%:()") != std::string::npos) {
-            return false;
-        }
-        ++names;
-    }
-    std::string folded;
-    for (const RowWord& word : words.words) {
-        folded += word.folded + ' ';
-    }
-    return names >= 2 && names <= 4 && !namesCompany(folded) && !namesAny(words, things, false)
-           && !findLabel(words, offices, false) && !namesPartOfYear(words)
-           && !namesWholeYear(words);
-}
 
 bool isOfPrincipality(const DocumentRows& document) {
     static const Labels names{"Fürstentum Liechtenstein", "PEID", "PEID-Nr", "BPVG"};

@@ -4,9 +4,6 @@
 
 namespace fiscarel {
 
-/// Whether words are a person's name and nothing else: "Anna Muster", "MUSTER ANNA", "Frau Muster".
-bool isPersonName(const Row& words);
-
 /// Whether a paper on a wage is of the principality of Liechtenstein: its name, its employers'
 /// number (PEID) or its law on occupational provision (BPVG) is named.
 bool isOfPrincipality(const DocumentRows& document);
