@@ -61,6 +61,25 @@ Row bareTitle(const Row& row) {
     return rowOfWords(std::move(bare), false);
 }
 
+/// Whether a sentence begins with a loan and its number: "Per il prestito a tasso fisso n. 77.1043".
+bool namesNumberedLoan(const PageRows& page, std::size_t at) {
+    static const Labels signs{"n", "nr", "no", "numero", "numéro", "Nummer"};
+    constexpr std::size_t latest = 3;   // word of the loan
+    constexpr std::size_t farthest = 6; // words from it to the number
+    const Row& row = page.rows[at];
+    const auto loan = findLabel(row, wordsFor(Concept::debt), page.isRecognised);
+    if (!loan || loan->first > latest || cellsOf(row).size() != 1) {
+        return false;
+    }
+    const std::size_t end = std::min(row.words.size(), loan->last + farthest);
+    for (std::size_t i = loan->last + 1; i + 1 < end; ++i) {
+        if (isAnyIn(row.words[i].folded, signs) && countDigits(row.words[i + 1].text) >= 4) {
+            return true;
+        }
+    }
+    return false;
+}
+
 /// Whether a row begins with the name of an account or loan and its number; the number may stand
 /// below.
 bool isNamedBlock(const PageRows& page, std::size_t at) {
@@ -80,6 +99,9 @@ bool isNamedBlock(const PageRows& page, std::size_t at) {
         row.words.size() >= fewest && cells.size() == 1
         && std::any_of(row.words.begin(), row.words.begin() + first,
                        [](const RowWord& word) { return word.text.ends_with(':'); });
+    if (namesNumberedLoan(page, at)) {
+        return true;
+    }
     return (hasNumber(row) || isNumberBelow)
            && ((!hasAmount && row.words.size() <= 12) || isSentence) && !isContactLine(page, row)
            && (beginsWith(page, at, Concept::account) || beginsWith(page, at, Concept::debt)
@@ -203,6 +225,45 @@ std::vector<std::size_t> repeatedBlocks(const PageRows& page) {
         }
     }
     return alike >= 2 && isOfBank && start < firsts.front() ? starts : std::vector<std::size_t>();
+}
+
+/// The place in its series of the letter or number that a section's title begins with: 1 for "A."
+/// and "1)"; 0 for other rows.
+std::size_t sectionOf(const Row& row) {
+    const std::string& mark = row.words.empty() ? std::string() : row.words[0].text;
+    if (mark.size() != 2 || (mark[1] != '.' && mark[1] != ')') || row.words.size() < 2
+        || cellsOf(row).size() != 1 || hasFirmAmount(row)) {
+        return 0;
+    }
+    return mark[0] >= 'A' && mark[0] <= 'Z'   ? static_cast<std::size_t>(mark[0] - 'A') + 1
+           : mark[0] >= '1' && mark[0] <= '9' ? static_cast<std::size_t>(mark[0] - '0')
+                                              : 0;
+}
+
+/// Sections numbered in turn, "A. Prêt personnel", "B. Carte", where they begin; empty unless two
+/// of them state what is kept or owed.
+std::vector<std::size_t> numberedBlocks(const PageRows& page) {
+    std::vector<std::size_t> starts;
+    for (std::size_t at = 0; at < page.rows.size(); ++at) {
+        if (sectionOf(page.rows[at]) == starts.size() + 1) {
+            starts.push_back(at);
+        }
+    }
+    std::size_t stating = 0;
+    for (std::size_t i = 0; i < starts.size(); ++i) {
+        const std::size_t end = i + 1 < starts.size() ? starts[i + 1] : page.rows.size();
+        const auto rows = page.rows.begin();
+        stating += std::any_of(rows + static_cast<std::ptrdiff_t>(starts[i]),
+                               rows + static_cast<std::ptrdiff_t>(end),
+                               [&](const Row& row) {
+                                   return hasFirmAmount(row)
+                                          && namesAny(row, {Concept::balance, Concept::debt},
+                                                      page.isRecognised);
+                               })
+                       ? 1U
+                       : 0U;
+    }
+    return stating >= 2 ? starts : std::vector<std::size_t>();
 }
 
 /// The rows that blocks begin with whose numbers stand below their figures: the last one without
@@ -362,6 +423,9 @@ std::vector<std::size_t> blockStarts(const PageRows& page,
                                      const std::vector<AccountNumber>& ibans) {
     std::vector<std::size_t> named = startsByName(page, ibans);
     std::vector<std::size_t> repeated = repeatedBlocks(page);
+    if (auto numbered = numberedBlocks(page); numbered.size() > repeated.size()) {
+        repeated = std::move(numbered);
+    }
     return repeated.size() > std::max(named.size(), ibans.size()) ? repeated : named;
 }
 

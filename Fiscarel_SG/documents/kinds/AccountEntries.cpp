@@ -218,25 +218,39 @@ class EntryProposer {
         draft_.add(record, std::move(field), found.value(), std::move(evidence));
     }
 
+    std::string titleOf(const AccountEntry& entry) const {
+        const std::string& name = !entry.number.empty()     ? entry.number
+                                  : !entry.security.empty() ? entry.security
+                                                            : context_.facts.issuer.text;
+        return (entry.pieces ? "Wertschrift " : "Konto ") + name;
+    }
+
     void proposeAccount(const AccountEntry& entry) {
         const auto& balance = at(entry.figures, Figure::balance);
         const auto& interest = at(entry.figures, Figure::interest);
         const int record = draft_.addRecord(recordWith(
             context_.facts, Record::security,
-            "Konto " + (entry.number.empty() ? context_.facts.issuer.text : entry.number),
-            entry.range.page->number));
+            titleOf(entry), entry.range.page->number));
         proposeNames(record, entry);
         if (balance) {
             std::vector<ProposalCheck> checks;
             if (const auto check = movementCheck(entry.range, *balance)) {
                 checks.push_back(*check);
             }
+            if (entry.pieces) {
+                checks.push_back(*entry.pieces);
+            }
             addAmount(record, "taxValue", *balance, Figure::balance, std::move(checks));
         }
         if (entry.quantity) {
             static const Wanted pieces{{}, {}, true};
+            std::vector<ProposalCheck> checks;
+            if (entry.pieces) {
+                checks.push_back(*entry.pieces);
+            }
             draft_.add(record, "quantity", entry.quantity->value(),
-                       evidenceOf(*entry.quantity, pieces, context_.isKindClear));
+                       evidenceOf(*entry.quantity, pieces, context_.isKindClear,
+                                  std::move(checks)));
         }
         if (interest && !interest->value().isZero()) {
             const auto& tax = at(entry.figures, Figure::withholding);
@@ -324,7 +338,8 @@ class EntryProposer {
                                       isSound});
             checked.confidence = isSound ? Confidence::high : Confidence::low;
         }
-        draft_.add(record, "ibanOrValor", entry.number, checked);
+        draft_.add(record, "ibanOrValor", entry.number.empty() ? entry.security : entry.number,
+                   checked);
         draft_.add(record, "institution", context_.facts.issuer.text, issuerWords(words));
         proposeDescription(record, entry.range, words);
     }

@@ -25,7 +25,9 @@ struct AccountEntry {
     RowRange range;                      ///< where its words stand
     bool isLoan = false;                 ///< owed, whatever its figures are called
     bool isDepot = false;                ///< securities kept for the customer
-    std::optional<FoundAmount> quantity; ///< of the bank's shares
+    std::optional<FoundAmount> quantity; ///< of the bank's shares, or of what is kept
+    std::optional<ProposalCheck> pieces; ///< that number times price is the balance
+    std::string security;                ///< its number; empty when none is printed
 };
 
 /// Puts each figure where it belongs: what is owed, or below zero, is a debt with its interest.

@@ -198,6 +198,13 @@ Figures figuresByLabel(const RowRange& range) {
     if (!gross) {
         findIncomeByTaxedness(range, figures);
     }
+    // "Solde au 31.12. (sans intérêts)   3'077.45"
+    const auto& left = at(figures, Figure::balance);
+    auto& earned = at(figures, Figure::interest);
+    if (left && earned && left->row == earned->row
+        && left->amount.first == earned->amount.first) {
+        earned.reset();
+    }
     auto& tax = at(figures, Figure::withholding);
     const auto& income = gross ? gross : at(figures, Figure::taxedInterest);
     const bool fits = income && tax && isWithholdingOf(tax->value(), income->value());

@@ -141,6 +141,9 @@ class ListReader {
         }
         for (std::size_t at = heading_.row() + 1; at < end; ++at) {
             const Figures figures = figuresByColumn(page_, at, heading_);
+            if (isProse(page_.rows[at], page_.isRecognised)) {
+                continue; // what is told below the table may end where a column does
+            }
             if (hasAny(figures)) {
                 const bool isOwed = isMarkedOwed(page_.rows[at]);
                 readRow(at, isOwed ? negated(figures) : figures);
@@ -156,7 +159,7 @@ class ListReader {
   private:
     void readRow(std::size_t at, const Figures& figures) {
         const Row& row = page_.rows[at];
-        if (isCarried(row)) {
+        if (isCarried(row) || isNetOfAll(row)) {
             return;
         }
         if (isSumOf(figures, section_) || isSumOf(figures, all_)

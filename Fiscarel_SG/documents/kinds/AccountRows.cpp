@@ -52,6 +52,15 @@ bool isCarried(const Row& row) {
     return place && place->first <= 1;
 }
 
+bool isNetOfAll(const Row& row) {
+    static const Labels nets{"Nettovermögen*",    "Reinvermögen*",  "Netto-Vermögen*",
+                             "fortune nette",     "avoirs nets",    "patrimonio netto",
+                             "sostanza netta",    "averi netti",    "net assets",
+                             "abzüglich Schuld*", "minus Schuld*",  "moins les dettes",
+                             "dettes déduites",   "dedotti i debiti", "meno i debiti"};
+    return isAnyIn(row.folded, nets);
+}
+
 bool beginsWithTime(const Row& row) {
     static const Labels periods{"Quartal*", "Semester",  "Halbjahr*", "Trimester",
                                 "semestre", "trimestre", "quarter"};

@@ -19,6 +19,8 @@ bool hasName(const Row& row);
 bool isMarkedOwed(const Row& row);
 /// Whether a row only carries over what a page before or the rows above come to.
 bool isCarried(const Row& row);
+/// Whether a row tells what is left of the assets after the debts: "Guthaben abzüglich Schulden".
+bool isNetOfAll(const Row& row);
 /// Whether a row begins with a time of the year: a day, "01.01. - 30.06.2024", "2. Quartal",
 /// "1er semestre".
 bool beginsWithTime(const Row& row);

@@ -7,8 +7,10 @@
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/kinds/AssetCosts.h"
 #include "Fiscarel_SG/documents/kinds/BankShares.h"
+#include "Fiscarel_SG/documents/kinds/HeldPieces.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
 #include "Fiscarel_SG/documents/kinds/SecurityTable.h"
+#include "Fiscarel_SG/documents/kinds/StatementSpan.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 
 #include <algorithm>
@@ -25,9 +27,12 @@ namespace {
 class AccountMapper {
   public:
     AccountMapper(const KindContext& context, ProposalDraft& draft)
-        : context_(context), draft_(draft) {}
+        : context_(context), draft_(draft), span_(spanOfStatement(context.document)) {}
 
     void propose() {
+        if (span_ == StatementSpan::part) {
+            return;
+        }
         for (const PageRows& page : context_.document.pages) {
             auto rest = proposeSecurities(context_, page, draft_);
             if (rest) {
@@ -37,11 +42,25 @@ class AccountMapper {
             }
         }
         giveNumber();
+        if (span_ == StatementSpan::lastPart) {
+            dropInterest();
+        }
         proposeEntries(context_, entries_, draft_);
         proposeAssetCosts(context_, draft_);
     }
 
   private:
+    /// The interest of a part of the year is not the year's.
+    void dropInterest() {
+        using enum Figure;
+        for (AccountEntry& entry : entries_) {
+            for (const Figure figure : {interest, withholding, netInterest, debtInterest,
+                                        taxedInterest, untaxedInterest}) {
+                entry.figures[static_cast<std::size_t>(figure)].reset();
+            }
+        }
+    }
+
     /// Gives the only account the only number of the document, which stands on another page.
     void giveNumber() {
         std::set<std::string> numbers;
@@ -326,10 +345,25 @@ class AccountMapper {
         return false;
     }
 
+    /// What is told by number, price and value are shares or units, not an account.
+    static void takePieces(AccountEntry& entry) {
+        const bool isOpen = entry.number.empty() && !entry.isLoan && !entry.quantity;
+        auto pieces = isOpen ? heldPieces(entry.range) : std::nullopt;
+        if (!pieces) {
+            return;
+        }
+        entry.isDepot = true;
+        entry.figures[static_cast<std::size_t>(Figure::balance)] = std::move(pieces->value);
+        entry.quantity = std::move(pieces->quantity);
+        entry.pieces = std::move(pieces->check);
+        entry.security = securityNumberIn(entry.range);
+    }
+
     void addEntry(AccountEntry entry) {
         if (isTied(entry)) {
             return;
         }
+        takePieces(entry);
         settle(entry);
         entries_.push_back(std::move(entry));
     }
@@ -341,6 +375,7 @@ class AccountMapper {
 
     const KindContext& context_;
     ProposalDraft& draft_;
+    const StatementSpan span_;
     std::vector<AccountEntry> entries_;
     std::deque<PageRows> pages_; ///< those the entries point into
 };

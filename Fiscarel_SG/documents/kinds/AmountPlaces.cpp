@@ -335,6 +335,20 @@ bool endsBetween(const Row& row, std::size_t first, std::size_t end) {
     return isEnded && behind >= 2;
 }
 
+/// The amount that a sentence joins to a label behind it: "davon entfallen CHF 1'027.45 auf Zinsen",
+/// "4'739.40 d'intérêts"; null elsewhere.
+const RowAmount* joinedBefore(const Row& row, const LabelPlace& label, bool isRecognised) {
+    static const Labels joins{"an", "auf", "de", "di", "per", "pour"};
+    const bool isElided = row.words[label.first].folded.starts_with("d ");
+    const bool isJoined = label.first > 0 && isAnyIn(row.words[label.first - 1].folded, joins);
+    const std::size_t behind = isElided ? 1 : 2;
+    if ((!isElided && !isJoined) || label.first < behind || !isProse(row, isRecognised)) {
+        return nullptr;
+    }
+    const auto amount = std::ranges::find(row.amounts, label.first - behind, &RowAmount::last);
+    return amount != row.amounts.end() && amount->amount.hasDecimals ? &*amount : nullptr;
+}
+
 } // namespace
 
 bool isCandidate(const RowAmount& amount) {
@@ -428,6 +442,13 @@ const RowAmount* lastOrNewest(const PageRows& page, std::size_t at) {
 std::optional<FoundAmount> amountFor(const RowRange& range, std::size_t at, const LabelPlace& label,
                                      const Wanted& wanted) {
     const Row& row = range.page->rows[at];
+    if (const RowAmount* joined = joinedBefore(row, label, range.page->isRecognised)) {
+        return FoundAmount{.page = range.page,
+                           .row = at,
+                           .amount = *joined,
+                           .label = textBetween(row, label.first, label.last),
+                           .isBelow = true};
+    }
     std::vector<const RowAmount*> right;
     for (const RowAmount& amount : row.amounts) {
         if (amount.first > label.last && isCandidate(amount)

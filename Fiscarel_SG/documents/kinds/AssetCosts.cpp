@@ -1,16 +1,23 @@
 #include "Fiscarel_SG/documents/kinds/AssetCosts.h"
 
 #include "Fiscarel_SG/documents/kinds/AmountFinder.h"
+#include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+#include "Fiscarel_SG/documents/kinds/SumText.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 
 #include <algorithm>
+#include <cmath>
+#include <string>
+#include <vector>
 
 namespace fiscarel {
 
 namespace {
 
+enum class Told { nothing, costs, deductible };
+
 /// Whether a row states what managing or keeping securities cost, and that it may be deducted.
-bool statesCosts(const PageRows& page, const Row& row) {
+Told costsIn(const PageRows& page, const Row& row) {
     static const Labels costs{
         "*vermögensverwaltung*", "Depotgebühr*",         "Depotkosten",
         "Depotspesen",           "Depotführung*",        "*verwahrung*",
@@ -18,33 +25,90 @@ bool statesCosts(const PageRows& page, const Row& row) {
         "frais de garde",        "droits de garde",      "frais de dépôt",
         "frais de gestion",      "gestion de fortune",   "diritti di custodia",
         "spese di deposito",     "spese di custodia",    "spese di gestione",
-        "costi di gestione",     "gestione patrimoniale"};
+        "costi di gestione",     "gestione patrimoniale", "amministrazione del deposito",
+        "amministrazione titoli", "administration du dépôt", "administration des titres"};
     static const Labels denials{"nicht", "non", "pas", "kein*", "ne sont"};
-    return hasFirmAmount(row) && isAnyIn(row.folded, costs) && !isAnyIn(row.folded, denials)
-           && namesAny(row, {Concept::deductible}, page.isRecognised)
-           && !isProse(row, page.isRecognised);
+    static const Labels others{"*konto", "*kontoführung*", "compte", "comptes", "conto", "conti",
+                               "*karte*", "carte*", "carta", "*courtage*", "courtages",
+                               "Liegenschaft*", "immeuble*", "stabile"};
+    if (!hasFirmAmount(row) || !isAnyIn(row.folded, costs) || isAnyIn(row.folded, denials)
+        || isProse(row, page.isRecognised)) {
+        return Told::nothing;
+    }
+    return namesAny(row, {Concept::deductible}, page.isRecognised) ? Told::deductible
+           : isAnyIn(row.folded, others)                           ? Told::nothing
+                                                                   : Told::costs;
+}
+
+/// The rows that state such costs; where some say that they may be deducted, these alone.
+std::vector<FoundAmount> allCosts(const DocumentRows& document) {
+    std::vector<FoundAmount> plain;
+    std::vector<FoundAmount> deductible;
+    for (const PageRows& page : document.pages) {
+        for (std::size_t at = 0; at < page.rows.size(); ++at) {
+            const Row& row = page.rows[at];
+            const Told told = costsIn(page, row);
+            if (told == Told::nothing) {
+                continue;
+            }
+            const auto isFirm = [](const RowAmount& one) { return one.amount.isFirm(); };
+            const auto amount = std::ranges::find_if(row.amounts, isFirm);
+            if (std::ranges::count_if(row.amounts, isFirm) != 1 || amount->first == 0) {
+                return {};
+            }
+            (told == Told::deductible ? deductible : plain)
+                .push_back({.page = &page,
+                            .row = at,
+                            .amount = *amount,
+                            .label = textBetween(row, 0, amount->first - 1)});
+        }
+    }
+    return deductible.empty() ? plain : deductible;
+}
+
+/// What they come to: the one that all others add up to, else their sum, where they stand in one
+/// column; absent where of several none is all.
+std::optional<FoundAmount> wholeOf(const std::vector<FoundAmount>& costs,
+                                   std::string& sumOfAll) {
+    if (costs.empty()) {
+        return std::nullopt;
+    }
+    Decimal sum;
+    std::vector<Decimal> values;
+    bool isColumn = true;
+    for (const FoundAmount& one : costs) {
+        const bool isSame = one.value() == costs.front().value();
+        sum = sum + one.value();
+        values.push_back(one.value());
+        isColumn = isColumn && one.page == costs.front().page && one.value() > 0
+                   && std::abs(one.amount.place.right - costs.front().amount.place.right)
+                          <= alignment(*one.page)
+                   && (!isSame || &one == &costs.front());
+    }
+    if (costs.size() == 1
+        || std::ranges::all_of(costs, [&](const FoundAmount& one) {
+               return one.value() == costs.front().value(); // told twice
+           })) {
+        return costs.front();
+    }
+    const auto whole = std::ranges::max_element(costs, {}, &FoundAmount::value);
+    if (whole->value() * 2 == sum) {
+        return *whole;
+    }
+    if (!isColumn) {
+        return std::nullopt;
+    }
+    FoundAmount all = costs.front();
+    all.amount.amount.value = sum;
+    sumOfAll = togetherText(values, sum);
+    return all;
 }
 
 } // namespace
 
 void proposeAssetCosts(const KindContext& context, ProposalDraft& draft) {
-    std::optional<FoundAmount> costs;
-    for (const PageRows& page : context.document.pages) {
-        for (std::size_t at = 0; at < page.rows.size(); ++at) {
-            const Row& row = page.rows[at];
-            if (!statesCosts(page, row)) {
-                continue;
-            }
-            if (row.amounts.size() != 1 || row.amounts[0].first == 0
-                || (costs && costs->value() != row.amounts[0].amount.value)) {
-                return; // several, of which none is all
-            }
-            costs = FoundAmount{.page = &page,
-                                .row = at,
-                                .amount = row.amounts[0],
-                                .label = textBetween(row, 0, row.amounts[0].first - 1)};
-        }
-    }
+    std::string sumOfAll;
+    const auto costs = wholeOf(allCosts(context.document), sumOfAll);
     if (!costs || costs->value() <= 0) {
         return;
     }
@@ -56,6 +120,9 @@ void proposeAssetCosts(const KindContext& context, ProposalDraft& draft) {
     static const Wanted specific{{}, {}, true};
     draft.add(record, "actualAssetManagementCosts", costs->value(),
               evidenceOf(*costs, specific, context.isKindClear));
+    if (!sumOfAll.empty()) { // says how, but proves nothing
+        draft.result().proposals.back().reason += " " + sumOfAll + ".";
+    }
 }
 
 } // namespace fiscarel

@@ -4,7 +4,7 @@
 
 namespace fiscarel {
 
-/// What managing and keeping securities cost, where a bank states it as deductible.
+/// What managing and keeping securities cost: what a bank states as deductible, else all it states.
 void proposeAssetCosts(const KindContext& context, ProposalDraft& draft);
 
 } // namespace fiscarel

@@ -1,11 +1,11 @@
 #include "Fiscarel_SG/documents/kinds/Securities.h"
 
+#include "Fiscarel_SG/documents/kinds/HeldPieces.h"
 #include "Fiscarel_SG/documents/kinds/SumText.h"
 #include "Fiscarel_SG/documents/kinds/TableHeading.h"
 #include "Fiscarel_SG/documents/kinds/WithholdingTax.h"
 #include "Fiscarel_SG/documents/text/Digits.h"
 #include "Fiscarel_SG/documents/text/Isin.h"
-#include "TaxCore/base/MoneyFormat.h"
 
 #include <algorithm>
 #include <cctype>
@@ -30,12 +30,6 @@ bool isValor(const std::string& word) {
     return word.size() >= 5 && word.size() <= 9 && hasOnlyDigits(word);
 }
 
-/// How many: "1’200", "12.345".
-std::string pieces(const Decimal& quantity) {
-    return quantity.roundPlain(0) == quantity ? taxcore::MoneyFormat::chf(quantity, 0, false)
-                                              : taxcore::MoneyFormat::number(quantity);
-}
-
 /// Number times price, for bonds in per cent.
 std::optional<ProposalCheck> productCheck(const Security& security) {
     const auto& quantity = at(security.amounts, Stated::quantity);
@@ -44,16 +38,7 @@ std::optional<ProposalCheck> productCheck(const Security& security) {
     if (!quantity || !price || !value) {
         return std::nullopt;
     }
-    const Decimal product = quantity->value() * price->value();
-    for (const Decimal& computed : {product, product / 100}) {
-        if (!computed.isZero() && (computed - value->value()).abs() <= Decimal(5) / 100) {
-            return ProposalCheck{pieces(quantity->value()) + " × " + shown(price->value())
-                                     + (computed == product ? " = " : " % = ")
-                                     + shown(value->value()) + ", der Steuerwert",
-                                 true};
-        }
-    }
-    return std::nullopt;
+    return piecesCheck(quantity->value(), price->value(), value->value());
 }
 
 /// That the tax told beside an income is what is withheld from it.
@@ -94,7 +79,8 @@ std::optional<Stated> statedBy(const Row& cell, bool isRecognised, std::size_t m
     static const Labels incomes{"Ertrag*",       "Erträge", "Bruttoertr*", "Dividende*",
                                 "Ausschüttung*", "Zins*",   "brutto*",     "rendement*",
                                 "produit*",      "revenu*", "reddit*",     "dividend*",
-                                "provent*",      "ricav*"};
+                                "provent*",      "ricav*",  "Rev",         "Redd",
+                                "Rend",          "Div"};
     static const Labels notValues{"Anfang*",  "Einstand*",    "Kaufwert*",   "Vorjahr*",
                                   "Beginn",   "Wertschrift*", "Wertpapier*", "Wertrecht*",
                                   "Wertung*", "Währung"};
@@ -123,8 +109,8 @@ bool hasIsin(const Row& row) {
                                [](const RowWord& word) { return isIsin(bareWord(word.text)); });
 }
 
-void readNames(const Row& row, std::size_t end, Security& security) {
-    for (std::size_t i = 0; i < std::min(end, row.words.size()); ++i) {
+void readNames(const Row& row, std::size_t end, Security& security, std::size_t first) {
+    for (std::size_t i = first; i < std::min(end, row.words.size()); ++i) {
         const std::string word = bareWord(row.words[i].text);
         if (isIsin(word) || (isValor(word) && security.number.empty())) {
             security.number = word;

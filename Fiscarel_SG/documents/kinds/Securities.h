@@ -44,8 +44,8 @@ struct Security {
 
 /// Whether a row has an ISIN among its words.
 bool hasIsin(const Row& row);
-/// The number and name a row gives before its word `end`.
-void readNames(const Row& row, std::size_t end, Security& security);
+/// The number and name a row gives from its word `first` on before its word `end`.
+void readNames(const Row& row, std::size_t end, Security& security, std::size_t first = 0);
 
 /// The securities of a page with what their list prints as totals.
 class SecurityList {

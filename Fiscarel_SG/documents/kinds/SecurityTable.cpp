@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/AccountPages.h"
 #include "Fiscarel_SG/documents/kinds/AccountTable.h"
+#include "Fiscarel_SG/documents/kinds/HeldPieces.h"
 #include "Fiscarel_SG/documents/kinds/Securities.h"
 #include "Fiscarel_SG/documents/kinds/SecurityCards.h"
 #include "Fiscarel_SG/documents/kinds/TableHeading.h"
@@ -54,6 +55,27 @@ SecurityHeading securityHeading(const PageRows& page, std::size_t row) {
     return best;
 }
 
+/// The pieces of a fund told with three or four decimals, which no amount has, under their heading;
+/// only what the price proves, as the point might group thousands.
+std::optional<FoundAmount> fractionIn(const PageRows& page, std::size_t row,
+                                      const SecurityHeading& heading,
+                                      const StatedAmounts& amounts) {
+    const auto& price = at(amounts, Stated::price);
+    const auto& value = at(amounts, Stated::value);
+    const auto column = std::ranges::find(heading.stated, std::optional(Stated::quantity));
+    if (!price || !value || column == heading.stated.end()) {
+        return std::nullopt;
+    }
+    const auto words = static_cast<std::size_t>(column - heading.stated.begin());
+    for (FoundAmount& number : fractionsIn(page, row)) {
+        if (piecesCheck(number.value(), price->value(), value->value())) {
+            number.label = heading.table.columns[words].words();
+            return std::move(number);
+        }
+    }
+    return std::nullopt;
+}
+
 StatedAmounts amountsOf(const PageRows& page, std::size_t row, const SecurityHeading& heading) {
     const auto found =
         heading.table.amountsIn(page, row, [&](const RowAmount& amount, std::size_t column) {
@@ -69,6 +91,10 @@ StatedAmounts amountsOf(const PageRows& page, std::size_t row, const SecurityHea
                             .amount = *found[i],
                             .label = heading.table.columns[i].words()};
         }
+    }
+    if (!at(amounts, Stated::quantity)) {
+        amounts[static_cast<std::size_t>(Stated::quantity)] =
+            fractionIn(page, row, heading, amounts);
     }
     return amounts;
 }
@@ -234,18 +260,32 @@ class SecurityReader {
         }
     }
 
+    /// The words before what is stated of a security, or between its quantity, where that begins
+    /// the row, and the rest: from the first to behind the last.
+    std::pair<std::size_t, std::size_t> namesIn(std::size_t row,
+                                                const StatedAmounts& amounts) const {
+        std::size_t begin = 0;
+        std::size_t end = page_.rows[row].words.size();
+        const auto& quantity = at(amounts, Stated::quantity);
+        if (quantity && quantity->amount.first == 0) {
+            begin = quantity->amount.last + 1;
+        }
+        for (const auto& amount : amounts) {
+            end = amount && amount->amount.first >= begin ? std::min(end, amount->amount.first)
+                                                          : end;
+        }
+        return {begin, end};
+    }
+
     void addSecurity(std::size_t row, const StatedAmounts& amounts) {
         Security security;
-        std::size_t end = page_.rows[row].words.size();
-        for (const auto& amount : amounts) {
-            end = amount ? std::min(end, amount->amount.first) : end;
-        }
+        const auto [begin, end] = namesIn(row, amounts);
         const auto own = ibanIn(page_.rows[row], row);
         const bool isPlain = !own && !at(amounts, Stated::quantity) && row + 1 < page_.rows.size()
                              && !hasFirmAmount(page_.rows[row + 1]);
         const auto iban = isPlain ? ibanIn(page_.rows[row + 1], row + 1) : own;
         security.isAccount = iban.has_value();
-        readNames(page_.rows[row], own ? std::min(end, own->first) : end, security);
+        readNames(page_.rows[row], own ? std::min(end, own->first) : end, security, begin);
         if (iban) {
             security.number = iban->text;
         } else if (security.number.empty() && row + 1 < page_.rows.size()

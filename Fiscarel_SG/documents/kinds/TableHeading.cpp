@@ -330,8 +330,14 @@ std::optional<bool> taxednessOf(const Row& words, bool areNamed) {
     if (isAnyIn(words.folded, with) || (!areNamed && hasWord(words, "A"))) {
         return true;
     }
-    if (!isAnyIn(words.folded, wordsFor(Concept::withholding))) {
+    const auto tax = findLabel(words, wordsFor(Concept::withholding), false);
+    if (!tax) {
         return std::nullopt;
+    }
+    static const Labels kept{"abgezogen*", "einbehalten*", "déduit*",  "retenu*",
+                             "prélevé*",   "dedott*",      "trattenut*", "prelevat*"};
+    if (tax->first == 0 && isAnyIn(words.folded, kept)) {
+        return std::nullopt; // "VSt 35 % abgezogen" is the tax itself
     }
     return isAnyIn(words.folded, notTaken) ? std::optional(false)
            : isAnyIn(words.folded, taken)  ? std::optional(true)

@@ -57,11 +57,15 @@ class Marking {
     }
 
     void markPercentage(std::size_t at) {
-        if (word(at).ends_with('%') || word(at).starts_with('%')
+        std::string_view text = word(at);
+        while (!text.empty() && std::string_view(",;:.)").find(text.back()) != text.npos) {
+            text.remove_suffix(1); // "1.50 %, bezahlt am"
+        }
+        if (text.ends_with('%') || text.starts_with('%')
             || isOneOf(folded(at), {"prozent", "pourcent", "percento"})) {
             mark(at);
             if (at > 0
-                && (word(at).size() == 1 || isLetter(folded(at).empty() ? '0' : folded(at)[0]))) {
+                && (text.size() == 1 || isLetter(folded(at).empty() ? '0' : folded(at)[0]))) {
                 mark(at - 1);
             }
         }

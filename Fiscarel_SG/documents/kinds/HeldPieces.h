@@ -1,0 +1,33 @@
+#pragma once
+
+#include "Fiscarel_SG/documents/kinds/AmountFinder.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace fiscarel {
+
+/// Shares or fund units told without a table: how many are held, and what they are worth.
+struct HeldPieces {
+    FoundAmount quantity; ///< may have three or four decimals, as those of funds do
+    FoundAmount value;
+    ProposalCheck check; ///< number × price = value
+};
+
+/// The pieces of a block whose number times a price printed there is a value printed there. A number
+/// counts where its unit stands beside it, or where its decimals make it no amount; absent where no
+/// product holds.
+std::optional<HeldPieces> heldPieces(const RowRange& range);
+
+/// The first ISIN or Swiss security number of a block, without marks; empty where there is none.
+std::string securityNumberIn(const RowRange& range);
+
+/// The words of a row that tell pieces with three or four decimals, "112.408".
+std::vector<FoundAmount> fractionsIn(const PageRows& page, std::size_t at);
+
+/// "1’200 × 148.20 = 177’840.00, der Steuerwert", bonds in per cent.
+std::optional<ProposalCheck> piecesCheck(const Decimal& quantity, const Decimal& price,
+                                         const Decimal& value);
+
+} // namespace fiscarel
