@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/BillSums.h"
 #include "Fiscarel_SG/documents/kinds/KindMappers.h"
 #include "Fiscarel_SG/documents/kinds/LabelledFields.h"
+#include "Fiscarel_SG/documents/kinds/SumText.h"
 #include "Fiscarel_SG/documents/kinds/TableHeading.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/text/Digits.h"
@@ -38,8 +39,12 @@ std::string policyNumberIn(const Row& row, bool isRecognised) {
     if (!place) {
         return {};
     }
-    const std::size_t end = place->last + (hasFirmAmount(row) ? 4 : 6); // further on: of a firm
+    static const Labels ofFirms{"IBAN", "MWST*", "TVA", "IVA", "UID", "CHE", "CHE*", "Tel*"};
+    const std::size_t end = hasFirmAmount(row) ? place->last + 4 : row.words.size();
     for (std::size_t i = place->last + 1; i < std::min(row.words.size(), end); ++i) {
+        if (isAnyIn(row.words[i].folded, ofFirms)) { // "Muster Lebensversicherung AG, Tel. ..."
+            break;
+        }
         if (isNumber(row.words[i].text)) {
             return row.words[i].text;
         }
@@ -188,21 +193,47 @@ bool isTied(const RowRange& rows) {
     return false;
 }
 
-/// The premiums of all policies together, where their sum is printed too.
+/// What amounts come to though it is printed nowhere.
+void proposeSum(const KindContext& context, const LabelledField& field,
+                const std::vector<FoundAmount>& parts, ProposalDraft& draft) {
+    std::vector<Decimal> values;
+    std::ranges::transform(parts, std::back_inserter(values), &FoundAmount::value);
+    Decimal sum;
+    for (const Decimal& value : values) {
+        sum = sum + value;
+    }
+    Evidence evidence = evidenceOf(parts.front(), field.wanted, context.isKindClear);
+    evidence.checks.push_back({togetherText(values, sum), true});
+    const int record = draft.addRecord(recordWith(
+        context.facts, field.record, "Lebensversicherungen", parts.front().page->number));
+    draft.add(record, field.field, sum, std::move(evidence));
+}
+
+/// The premiums of all policies together: their sum as printed, else where each policy tells its
+/// own.
 void proposeAllPremiums(const KindContext& context, const std::vector<Policy>& policies,
                         ProposalDraft& draft) {
     const auto field =
         std::ranges::find(labelledFields(), std::string_view("lifeInsurancePremiums"),
                           [](const LabelledField& one) { return std::string_view(one.field); });
     std::vector<FoundAmount> premiums;
+    bool areAllTold = true;
     for (const Policy& policy : policies) {
         auto premium = isTied(policy.rows) ? std::nullopt : findFirst({policy.rows}, field->wanted);
         if (premium && premium->value() >= 1) {
             premiums.push_back(std::move(*premium));
+        } else {
+            areAllTold &= isTied(policy.rows);
         }
     }
+    if (premiums.size() < 2) {
+        return;
+    }
     const auto whole = wholeOfParts(context.document, premiums);
-    if (!whole || premiums.size() < 2) {
+    if (!whole && areAllTold) {
+        proposeSum(context, *field, premiums, draft);
+    }
+    if (!whole) {
         return;
     }
     const int record = draft.addRecord(recordWith(
