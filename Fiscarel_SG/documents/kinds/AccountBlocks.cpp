@@ -63,11 +63,13 @@ Row bareTitle(const Row& row) {
 
 /// Whether a sentence begins with a loan and its number: "Per il prestito a tasso fisso n. 77.1043".
 bool namesNumberedLoan(const PageRows& page, std::size_t at) {
+    static const Labels loans{"prestito",   "mutuo",  "ipoteca*",  "prêt",      "hypothèque*",
+                              "*darlehen*", "crédit", "*kredit*", "*hypothek*", "credito"};
     static const Labels signs{"n", "nr", "no", "numero", "numéro", "Nummer"};
     constexpr std::size_t latest = 3;   // word of the loan
     constexpr std::size_t farthest = 6; // words from it to the number
     const Row& row = page.rows[at];
-    const auto loan = findLabel(row, wordsFor(Concept::debt), page.isRecognised);
+    const auto loan = findLabel(row, loans, page.isRecognised);
     if (!loan || loan->first > latest || cellsOf(row).size() != 1) {
         return false;
     }

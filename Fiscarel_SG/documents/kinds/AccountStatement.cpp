@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/documents/kinds/AccountEntries.h"
 #include "Fiscarel_SG/documents/kinds/AccountList.h"
 #include "Fiscarel_SG/documents/kinds/AccountPages.h"
+#include "Fiscarel_SG/documents/kinds/AccountRows.h"
 #include "Fiscarel_SG/documents/kinds/AccountTable.h"
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/kinds/AssetCosts.h"
@@ -219,7 +220,7 @@ class AccountMapper {
                                .isDepot = isOfShares,
                                .quantity = isOfShares ? sharesIn(range) : std::nullopt};
             entry.isLoan |= tellsOfLoan(entry);
-            if (starts.size() <= 1 && tellsOfBoth(entry)) {
+            if ((starts.size() <= 1 && tellsOfBoth(entry)) || tellsOfCard(entry)) {
                 addEntry(withoutAccount(entry));
                 entry.figures = withoutLoan(entry.figures);
             }
@@ -299,6 +300,18 @@ class AccountMapper {
         return of(debtInterest) ? of(interest)->value() != of(debtInterest)->value()
                                 : !entry.number.empty() && of(balance)->row < of(debt)->row
                                       && of(interest)->row < of(debt)->row;
+    }
+
+    /// Whether the block of an account with a number goes on about a credit card, and what is owed
+    /// on it.
+    static bool tellsOfCard(const AccountEntry& entry) {
+        const auto& left = entry.figures[static_cast<std::size_t>(Figure::balance)];
+        const auto& owed = entry.figures[static_cast<std::size_t>(Figure::debt)];
+        const auto rows = entry.range.page->rows.begin();
+        const std::size_t title = entry.range.first - std::min<std::size_t>(entry.range.first, 1);
+        return !entry.number.empty() && left && owed && left->value() != owed->value()
+               && std::any_of(rows + static_cast<std::ptrdiff_t>(title),
+                              rows + static_cast<std::ptrdiff_t>(entry.range.end), namesCard);
     }
 
     /// The loan of a page that tells of an account first: interest told behind it is its own.

@@ -256,12 +256,15 @@ class BillMapper {
         return sum ? sum : onlyAmount(ranges_, barred);
     }
 
+    /// Whether an amount is the number of a bill or a client.
+    static bool isNumberOf(const FoundAmount& one) {
+        return !one.amount.amount.isFirm() && one.value() >= 100'000;
+    }
+
     std::optional<FoundAmount> bestTotal(Digits digits) {
         for (const Wanted* wanted : {&billTotals(), &ownTotals()}) {
             auto all = findAmounts(ranges_, *wanted, digits);
-            std::erase_if(all, [](const FoundAmount& one) { // numbers of bills, of clients
-                return !one.amount.amount.isFirm() && one.value() >= 100'000;
-            });
+            std::erase_if(all, isNumberOf);
             if (!all.empty() && all.back().value() >= 1) {
                 wanted_ = wanted;
                 return target_.isShared ? afterShares(wholeOf(all)) : beforeAdvance(wholeOf(all));
@@ -269,7 +272,8 @@ class BillMapper {
         }
         wanted_ = &plainBillTotals();
         auto all = findAmounts(ranges_, plainBillTotals(), digits);
-        std::erase_if(all, [](const FoundAmount& one) { return one.value() < 1; });
+        std::erase_if(
+            all, [](const FoundAmount& one) { return one.value() < 1 || isNumberOf(one); });
         for (const FoundAmount& one : all) {
             if (columnCheck(one)) {
                 return one;

@@ -94,7 +94,10 @@ class YearVotes {
 
     /// "2000 Neuchâtel": a postal code before a name, and nothing before it but a street.
     static bool isPlace(const Row& row, std::size_t at) {
-        if (at + 1 >= row.words.size() || (at > 0 && !row.words[at - 1].text.ends_with(','))) {
+        const auto endsStreet = [](const RowWord& word) {
+            return word.text.ends_with(',') || isSeparator(word);
+        };
+        if (at + 1 >= row.words.size() || (at > 0 && !endsStreet(row.words[at - 1]))) {
             return false;
         }
         const char next = row.words[at + 1].text.front();

@@ -291,7 +291,9 @@ void weighWhole(const DocumentRows& document, const std::string& title, int wage
     if (!namesMoneyAtBank(document)) { // a course or a fund sends a "Kontoauszug" too
         scores[Kind::bankauszug] /= 2;
     }
-    if (scores[Kind::arztrechnung] >= enough && isFromPractice(document)) {
+    // Homes and hospitals pay wages, too.
+    const bool isOfWage = wageBonus > 0 || isAnyIn(title, wordsFor(Concept::wage));
+    if (!isOfWage && scores[Kind::arztrechnung] >= enough && isFromPractice(document)) {
         scores[Kind::arztrechnung] += fromPractice;
     }
     scores[Kind::lohnausweis] += wageBonus;

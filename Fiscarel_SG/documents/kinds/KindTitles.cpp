@@ -96,6 +96,7 @@ bool hasWageTitle(const DocumentRows& document) {
                               "*lohnübersicht*",
                               "*lohnzusammen*",
                               "*lohnabrechnung*",
+                              "*lohnblatt",
                               "*salär",
                               "*salärbescheinigung*",
                               "*salärausweis*",
@@ -136,10 +137,11 @@ bool hasWageTitle(const DocumentRows& document) {
                               "salary",
                               "wages"};
     static const Labels certificates{
-        "*bescheinigung*", "*ausweis*",  "*bestätigung*", "*aufstellung*", "*übersicht*",
-        "*zusammen*",      "attestat*",  "attestazion*",  "certificat*",   "conferma*",
-        "confirmation",    "récapitul*", "riepilog*",     "dichiarazion*", "relevé",
-        "*abrechnung*",    "décompte*",  "conteggio",     "statement",     "distinta"};
+        "*bescheinigung*", "*ausweis*",    "*bestätigung*", "*aufstellung*", "*übersicht*",
+        "*zusammen*",      "attestat*",    "attestazion*",  "certificat*",   "conferma*",
+        "confirmation",    "récapitul*",   "riepilog*",     "dichiarazion*", "relevé",
+        "*blatt",          "*abrechnung*", "décompte*",     "conteggio",     "statement",
+        "distinta"};
     static const Labels others{"*ausfall*", "*rente*",  "*pension*", "*vorsorge*",
                                "perte",     "perdita",  "*einkauf*", "*einkäufe*",
                                "rachat*",   "riscatt*", "*abzüge",   "gemäss",

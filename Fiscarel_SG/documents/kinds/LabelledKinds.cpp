@@ -145,6 +145,20 @@ bool areInstalments(const std::vector<FoundAmount>& all) {
               });
 }
 
+/// What the payments of a year come to, where one of them is told with their number; absent where
+/// several such are.
+std::optional<SummedAmount> wholeOfPieces(const DocumentRows& document,
+                                          const std::vector<FoundAmount>& all) {
+    std::optional<SummedAmount> only;
+    for (SummedAmount& whole : wholesOf(document, all)) {
+        if (whole.check && only && only->found.value() != whole.found.value()) {
+            return std::nullopt;
+        }
+        only = whole.check ? std::optional(std::move(whole)) : std::move(only);
+    }
+    return only;
+}
+
 void proposeField(const KindContext& context, const LabelledField& row, RecordsByKind& records,
                   ProposalDraft& draft) {
     const bool isAlone = row.beside != nullptr && !records.has(row.record, row.beside);
@@ -155,7 +169,10 @@ void proposeField(const KindContext& context, const LabelledField& row, RecordsB
     auto column = totalOfColumn(context, row);
     auto all = column ? std::vector{*column} : findAmounts(ranges, row.wanted);
     const bool isPillar = row.field == std::string_view("pillar3a");
-    auto whole = isPillar && haveOneLabel(all) ? wholeOfParts(context.document, all) : std::nullopt;
+    const auto pieces = isPillar && !column ? wholeOfPieces(context.document, all) : std::nullopt;
+    auto whole = pieces                          ? pieces
+                 : isPillar && haveOneLabel(all) ? wholeOfParts(context.document, all)
+                                                 : std::nullopt;
     auto list =
         isPillar && !whole ? paymentsOf(context.document, context.facts.year) : std::nullopt;
     if (list && !(all.empty() ? list->whole.check.has_value() : areIn(list->rows, all))) {

@@ -88,12 +88,6 @@ std::optional<Run> nameInAddressLine(const PageRows& page, const Row& row) {
     return std::nullopt;
 }
 
-/// Whether a word parts what a line of contacts strings together.
-bool isSeparator(const RowWord& word) {
-    static constexpr std::array<std::string_view, 6> signs{"|", "·", "•", "/", "–", "-"};
-    return std::ranges::find(signs, word.text) != signs.end();
-}
-
 /// Whether a text is or has an address of mail or the web.
 bool isOnline(std::string_view text) {
     return text.find('@') != std::string_view::npos || text.find("www.") != std::string_view::npos
@@ -263,6 +257,11 @@ class IssuerSearch {
 };
 
 } // namespace
+
+bool isSeparator(const RowWord& word) {
+    static constexpr std::array<std::string_view, 6> signs{"|", "·", "•", "/", "–", "-"};
+    return std::ranges::find(signs, word.text) != signs.end();
+}
 
 bool namesCompany(const std::string& folded) {
     static const Labels words{"AG",

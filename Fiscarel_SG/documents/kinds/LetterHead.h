@@ -7,6 +7,9 @@
 
 namespace fiscarel {
 
+/// Whether a word parts what a line of contacts strings together: "·", "|".
+bool isSeparator(const RowWord& word);
+
 /// Whether folded words name a company, institution or practice rather than a person.
 bool namesCompany(const std::string& folded);
 

@@ -1,5 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/PaymentList.h"
 
+#include "Fiscarel_SG/documents/kinds/RowSums.h"
+#include "Fiscarel_SG/documents/kinds/SumText.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 
 #include <algorithm>
@@ -139,6 +141,22 @@ std::optional<PaymentList> paymentsOf(const DocumentRows& document, std::optiona
         return PaymentList{rows, {std::move(whole), std::move(check)}};
     }
     return std::nullopt;
+}
+
+std::vector<SummedAmount> wholesOf(const DocumentRows& document, std::vector<FoundAmount> found) {
+    std::vector<SummedAmount> wholes;
+    for (FoundAmount& one : found) {
+        const auto count = piecesAt(*one.page, one.row, one.amount);
+        auto whole = count ? foundPrinted(document, one.value() * *count) : std::nullopt;
+        if (whole) {
+            whole->label = one.label;
+            wholes.push_back(
+                {std::move(*whole), ProposalCheck{productText(*count, one.value()), true}});
+        } else if (!count) {
+            wholes.push_back({std::move(one), std::nullopt});
+        }
+    }
+    return wholes;
 }
 
 } // namespace fiscarel

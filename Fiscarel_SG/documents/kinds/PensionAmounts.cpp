@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/kinds/PensionWords.h"
+#include "Fiscarel_SG/documents/kinds/RowSums.h"
 #include "Fiscarel_SG/documents/kinds/SumText.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/text/Digits.h"
@@ -164,19 +165,6 @@ std::vector<Decimal> ratesIn(const DocumentRows& document) {
         }
     }
     return rates;
-}
-
-/// "zwei", "douze", "quattro": how often something is paid in a year.
-std::optional<int> countInWords(std::string_view word) {
-    static const std::map<std::string_view, int> counts{
-        {"zwei", 2},   {"deux", 2},   {"due", 2},     {"drei", 3},   {"trois", 3}, {"tre", 3},
-        {"vier", 4},   {"quatre", 4}, {"quattro", 4}, {"funf", 5},   {"cinq", 5},  {"cinque", 5},
-        {"sechs", 6},  {"six", 6},    {"sei", 6},     {"sieben", 7}, {"sept", 7},  {"sette", 7},
-        {"acht", 8},   {"huit", 8},   {"otto", 8},    {"neun", 9},   {"neuf", 9},  {"nove", 9},
-        {"zehn", 10},  {"dix", 10},   {"dieci", 10},  {"elf", 11},   {"onze", 11}, {"undici", 11},
-        {"zwolf", 12}, {"douze", 12}, {"dodici", 12}, {"two", 2},    {"four", 4},  {"twelve", 12}};
-    const auto found = counts.find(word);
-    return found == counts.end() ? std::nullopt : std::optional(found->second);
 }
 
 /// Whether the row below one has an amount.
@@ -361,10 +349,7 @@ class Arithmetic {
                     if (isProduct && whole.months == 0) {
                         whole.months = benefit_ == Benefit::pension ? months : 0;
                         whole.rate = rate.found.amount.place;
-                        whole.checks.push_back({std::to_string(months) + " × "
-                                                    + shown(rate.found.value()) + " = "
-                                                    + shown(whole.found.value()),
-                                                true});
+                        whole.checks.push_back({productText(months, rate.found.value()), true});
                     }
                 }
             }

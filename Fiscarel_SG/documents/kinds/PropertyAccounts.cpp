@@ -1,8 +1,8 @@
 #include "Fiscarel_SG/documents/kinds/BillSums.h"
 #include "Fiscarel_SG/documents/kinds/ColumnTotal.h"
+#include "Fiscarel_SG/documents/kinds/PaymentList.h"
 #include "Fiscarel_SG/documents/kinds/Property.h"
 #include "Fiscarel_SG/documents/kinds/RecordsByKind.h"
-#include "Fiscarel_SG/documents/kinds/RowSums.h"
 
 #include <algorithm>
 #include <utility>
@@ -71,26 +71,16 @@ DocumentRows withoutExclusions(DocumentRows document) {
     return document;
 }
 
-/// What amounts come to that are the price of one: "12 loyers à 1'550.00", where the product is
-/// printed; those of which it is not are left out.
-std::vector<FoundAmount> wholesOf(const DocumentRows& document, std::vector<FoundAmount> found) {
-    std::vector<FoundAmount> wholes;
-    for (FoundAmount& one : found) {
-        const auto count = piecesAt(one.rowOf(), one.amount);
-        const auto whole = count ? foundPrinted(document, one.value() * *count) : std::nullopt;
-        if (!count || whole) {
-            wholes.push_back(whole ? *whole : std::move(one));
-        }
-    }
-    return wholes;
-}
-
 /// The amount of a column's total, else the one beside words; absent when several differ.
 std::optional<FoundAmount> findOne(const DocumentRows& document, const Wanted& wanted) {
     if (auto total = columnTotal(document, wanted)) {
         return total;
     }
-    auto found = wholesOf(document, findAmounts(wholeDocument(document), wanted, Digits::firm));
+    std::vector<FoundAmount> found;
+    for (SummedAmount& whole :
+         wholesOf(document, findAmounts(wholeDocument(document), wanted, Digits::firm))) {
+        found.push_back(std::move(whole.found));
+    }
     const bool isOne = std::ranges::all_of(
         found, [&](const FoundAmount& one) { return one.value() == found.front().value(); });
     return found.empty() || !isOne ? std::nullopt : std::optional(std::move(found.front()));

@@ -198,9 +198,26 @@ std::size_t endOfFollowing(const Sentence& sentence, std::size_t which) {
     return end;
 }
 
+/// Where the word ends that is joined to an amount before it: "CHF 1'027.45 auf Zinsen", "Fr. 477.10
+/// de primes", "4'739.40 d'intérêts"; the amount's own end where none is.
+std::size_t endOfJoined(const Sentence& sentence, std::size_t which) {
+    static constexpr std::array<std::string_view, 4> joins{"auf", "an", "de", "di"};
+    const auto& words = sentence.row.words;
+    const std::size_t next = sentence.ends[which] + 1;
+    if (next >= words.size() || endsSentence(words[next - 1])) {
+        return next;
+    }
+    if (words[next].folded.starts_with("d ")) {
+        return next + 1;
+    }
+    const bool isJoined = next + 1 < words.size()
+                          && std::ranges::find(joins, words[next].folded) != joins.end();
+    return isJoined ? next + 2 : next;
+}
+
 /// The words that say what an amount is: those behind the amount before, up to it; where several of
-/// a sentence are followed by what they are for, those up to the next amount; at last all words of
-/// a sentence that has no other.
+/// a sentence are followed by what they are for, those up to the next amount; the word joined to it
+/// behind; at last all words of a sentence that has no other.
 std::vector<Row> ownWords(const Sentence& sentence, std::size_t which) {
     const std::size_t count = sentence.amounts.size();
     std::size_t followed = 0;
@@ -211,7 +228,7 @@ std::vector<Row> ownWords(const Sentence& sentence, std::size_t which) {
     const bool isTaken = which > 0 && followed >= 2 && isForWhatFollows(sentence, which - 1);
     const std::size_t from = which == 0 ? 0
                              : isTaken  ? endOfFollowing(sentence, which - 1)
-                                        : sentence.ends[which - 1] + 1;
+                                        : endOfJoined(sentence, which - 1);
     std::vector<Row> words;
     if (which > 0 && isPriceOfOne(sentence.row, sentence.ends[which - 1])) {
         // "the fee of CHF 8 an hour came to CHF 800": what one is the price of, the other is, too
@@ -227,6 +244,10 @@ std::vector<Row> ownWords(const Sentence& sentence, std::size_t which) {
     if (isFollowed) {
         words.push_back(
             part(sentence.row, sentence.ends[which] + 1, endOfFollowing(sentence, which)));
+    }
+    const std::size_t joined = endOfJoined(sentence, which);
+    if (joined > sentence.ends[which] + 1) {
+        words.push_back(part(sentence.row, sentence.ends[which] + 1, joined));
     }
     if (count == 1) {
         words.push_back(sentence.row);

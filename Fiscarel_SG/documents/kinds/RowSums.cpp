@@ -4,6 +4,7 @@
 #include "Fiscarel_SG/documents/text/Digits.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
 #include <string>
 
@@ -90,21 +91,52 @@ const RowAmount* restOfRow(const Row& row) {
     return nullptr;
 }
 
-std::optional<int> piecesAt(const Row& row, const RowAmount& price) {
+std::optional<int> countInWords(std::string_view word) {
+    static const std::map<std::string_view, int> counts{
+        {"zwei", 2},   {"deux", 2},   {"due", 2},     {"drei", 3},   {"trois", 3}, {"tre", 3},
+        {"vier", 4},   {"quatre", 4}, {"quattro", 4}, {"funf", 5},   {"cinq", 5},  {"cinque", 5},
+        {"sechs", 6},  {"six", 6},    {"sei", 6},     {"sieben", 7}, {"sept", 7},  {"sette", 7},
+        {"acht", 8},   {"huit", 8},   {"otto", 8},    {"neun", 9},   {"neuf", 9},  {"nove", 9},
+        {"zehn", 10},  {"dix", 10},   {"dieci", 10},  {"elf", 11},   {"onze", 11}, {"undici", 11},
+        {"zwolf", 12}, {"douze", 12}, {"dodici", 12}, {"two", 2},    {"four", 4},  {"twelve", 12}};
+    const auto found = counts.find(word);
+    return found == counts.end() ? std::nullopt : std::optional(found->second);
+}
+
+std::optional<int> piecesAt(const PageRows& page, std::size_t at, const RowAmount& price) {
     static const Labels links{"zu", "à", "a", "x", "je", "mal", "per"};
-    std::size_t before = price.first;
-    while (before > 0 && isFrancs(row.words[before - 1].text)) {
-        --before;
+    static const Labels weakLinks{"von", "da", "di", "de"}; // say more than that
+    constexpr std::size_t nearest = 3;                      // words from a count to such a one
+    std::vector<const RowWord*> before;
+    const auto take = [&](const Row& row, std::size_t end) {
+        for (std::size_t i = 0; i < end; ++i) {
+            before.push_back(&row.words[i]);
+        }
+    };
+    const Row& row = page.rows[at];
+    const bool isFirst =
+        std::all_of(row.words.begin(), row.words.begin() + static_cast<std::ptrdiff_t>(price.first),
+                    [](const RowWord& word) { return isFrancs(word.text); });
+    if (isFirst && at > 0) {
+        take(page.rows[at - 1], page.rows[at - 1].words.size());
     }
-    if (before == 0
-        || (!isAnyIn(row.words[before - 1].folded, links) && row.words[before - 1].text != "×")) {
+    take(row, price.first);
+    while (!before.empty() && isFrancs(before.back()->text)) {
+        before.pop_back();
+    }
+    const bool isLinked =
+        !before.empty() && (isAnyIn(before.back()->folded, links) || before.back()->text == "×");
+    if (before.empty() || (!isLinked && !isAnyIn(before.back()->folded, weakLinks))) {
         return std::nullopt;
     }
-    for (std::size_t i = before - 1; i-- > 0;) {
-        const auto count = smallNumber(row.words[i].text, 3);
+    before.pop_back();
+    for (std::size_t words = 0; !before.empty() && (isLinked || words < nearest); ++words) {
+        const auto digits = smallNumber(before.back()->text, 3);
+        const auto count = digits ? digits : countInWords(before.back()->folded);
         if (count && *count >= 2) {
             return count;
         }
+        before.pop_back();
     }
     return std::nullopt;
 }

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -42,9 +43,12 @@ const RowAmount* restOfRow(const Row& row);
 /// hour or a day.
 bool isPriceOfOne(const Row& row, std::size_t last);
 
-/// How many of what an amount is the price of one, as a row tells before it: "12 Mietzinse zu
-/// 1’550.00"; absent for others.
-std::optional<int> piecesAt(const Row& row, const RowAmount& price);
+/// "zwei", "douze", "quattro": how many a folded word says.
+std::optional<int> countInWords(std::string_view word);
+
+/// How many of what an amount is the price of one, as its row tells before it, or where it begins
+/// the row the one above: "12 Mietzinse zu 1’550.00", "vier Prämien zu CHF"; absent for others.
+std::optional<int> piecesAt(const PageRows& page, std::size_t at, const RowAmount& price);
 
 /// "12 × 1’355.00   16’260.00": the amount of the year beside that of a month.
 const RowAmount* amountOfYear(const Row& row);

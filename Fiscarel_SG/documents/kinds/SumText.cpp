@@ -40,6 +40,10 @@ std::string togetherText(const std::vector<taxcore::Decimal>& parts, const taxco
                                        : "Alle zusammen ergeben " + shown(sum);
 }
 
+std::string productText(int count, const taxcore::Decimal& one) {
+    return std::to_string(count) + " × " + shown(one) + " = " + shown(one * count);
+}
+
 std::string withheldText(const taxcore::Decimal& income, const taxcore::Decimal& tax) {
     return "35 % von " + shown(income) + " = " + shown(tax) + ", die Verrechnungssteuer";
 }

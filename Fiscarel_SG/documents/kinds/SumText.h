@@ -20,6 +20,9 @@ std::string partsText(const std::string& what, const std::vector<taxcore::Decima
 /// Of several that belong together: "100.00 + 20.00 = 120.00, alle zusammen".
 std::string togetherText(const std::vector<taxcore::Decimal>& parts, const taxcore::Decimal& sum);
 
+/// "4 × 1’275.00 = 5’100.00": what several of the same come to.
+std::string productText(int count, const taxcore::Decimal& one);
+
 /// "35 % von 500.00 = 175.00, die Verrechnungssteuer".
 std::string withheldText(const taxcore::Decimal& income, const taxcore::Decimal& tax);
 
