@@ -8,7 +8,7 @@ namespace fiscarel {
 namespace {
 
 /// Raised when reading learns something, so that what was read before is read again.
-constexpr std::string_view generation = "-3";
+constexpr std::string_view generation = "-4";
 constexpr std::uint64_t largest = std::uint64_t{8} << 20U; ///< of one result
 
 } // namespace

@@ -372,8 +372,15 @@ class AccountMapper {
         entry.security = securityNumberIn(entry.range);
     }
 
+    /// Whether what looks like a balance is what keeping the securities above it cost.
+    static bool isOfCosts(const AccountEntry& entry) {
+        const auto& balance = entry.figures[static_cast<std::size_t>(Figure::balance)];
+        return entry.number.empty() && balance
+               && statesAssetCosts(*balance->page, balance->rowOf());
+    }
+
     void addEntry(AccountEntry entry) {
-        if (isTied(entry)) {
+        if (isTied(entry) || isOfCosts(entry)) {
             return;
         }
         takePieces(entry);

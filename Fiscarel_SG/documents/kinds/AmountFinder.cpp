@@ -74,7 +74,10 @@ bool headsBoxes(const RowRange& range, std::size_t at) {
 std::optional<Row> wordsAbout(const RowRange& range, std::size_t at, const LabelPlace& place) {
     const Row& row = range.page->rows[at];
     const auto cells = headingCells(range, at);
-    const bool isHeading = cells.size() >= 3 || (cells.size() == 2 && headsBoxes(range, at));
+    const bool isTorn =
+        cells.size() == 2 && place.first <= cells[0].last && cells[1].first <= place.last;
+    const bool isHeading =
+        cells.size() >= 3 || isTorn || (cells.size() == 2 && headsBoxes(range, at));
     if (!isHeading || std::ranges::any_of(row.amounts, isCandidate)) {
         return row;
     }

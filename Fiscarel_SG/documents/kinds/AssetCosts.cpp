@@ -18,19 +18,34 @@ enum class Told { nothing, costs, deductible };
 
 /// Whether a row states what managing or keeping securities cost, and that it may be deducted.
 Told costsIn(const PageRows& page, const Row& row) {
-    static const Labels costs{
-        "*vermögensverwaltung*", "Depotgebühr*",         "Depotkosten",
-        "Depotspesen",           "Depotführung*",        "*verwahrung*",
-        "Verwaltungskosten",     "Verwaltungsgebühr*",   "Verwaltungshonorar*",
-        "frais de garde",        "droits de garde",      "frais de dépôt",
-        "frais de gestion",      "gestion de fortune",   "diritti di custodia",
-        "spese di deposito",     "spese di custodia",    "spese di gestione",
-        "costi di gestione",     "gestione patrimoniale", "amministrazione del deposito",
-        "amministrazione titoli", "administration du dépôt", "administration des titres"};
+    static const Labels costs{"*vermögensverwaltung*",
+                              "Depotgebühr*",
+                              "Depotkosten",
+                              "Depotspesen",
+                              "Depotführung*",
+                              "*verwahrung*",
+                              "Verwaltungskosten",
+                              "Verwaltungsgebühr*",
+                              "Verwaltungshonorar*",
+                              "frais de garde",
+                              "droits de garde",
+                              "frais de dépôt",
+                              "frais de gestion",
+                              "gestion de fortune",
+                              "diritti di custodia",
+                              "spese di deposito",
+                              "spese di custodia",
+                              "spese di gestione",
+                              "costi di gestione",
+                              "gestione patrimoniale",
+                              "amministrazione del deposito",
+                              "amministrazione titoli",
+                              "administration du dépôt",
+                              "administration des titres"};
     static const Labels denials{"nicht", "non", "pas", "kein*", "ne sont"};
-    static const Labels others{"*konto", "*kontoführung*", "compte", "comptes", "conto", "conti",
-                               "*karte*", "carte*", "carta", "*courtage*", "courtages",
-                               "Liegenschaft*", "immeuble*", "stabile"};
+    static const Labels others{"*konto",    "*kontoführung*", "compte",    "comptes", "conto",
+                               "conti",     "*karte*",        "carte*",    "carta",   "*courtage*",
+                               "courtages", "Liegenschaft*",  "immeuble*", "stabile"};
     if (!hasFirmAmount(row) || !isAnyIn(row.folded, costs) || isAnyIn(row.folded, denials)
         || isProse(row, page.isRecognised)) {
         return Told::nothing;
@@ -68,8 +83,7 @@ std::vector<FoundAmount> allCosts(const DocumentRows& document) {
 
 /// What they come to: the one that all others add up to, else their sum, where they stand in one
 /// column; absent where of several none is all.
-std::optional<FoundAmount> wholeOf(const std::vector<FoundAmount>& costs,
-                                   std::string& sumOfAll) {
+std::optional<FoundAmount> wholeOf(const std::vector<FoundAmount>& costs, std::string& sumOfAll) {
     if (costs.empty()) {
         return std::nullopt;
     }
@@ -85,10 +99,9 @@ std::optional<FoundAmount> wholeOf(const std::vector<FoundAmount>& costs,
                           <= alignment(*one.page)
                    && (!isSame || &one == &costs.front());
     }
-    if (costs.size() == 1
-        || std::ranges::all_of(costs, [&](const FoundAmount& one) {
-               return one.value() == costs.front().value(); // told twice
-           })) {
+    if (costs.size() == 1 || std::ranges::all_of(costs, [&](const FoundAmount& one) {
+            return one.value() == costs.front().value(); // told twice
+        })) {
         return costs.front();
     }
     const auto whole = std::ranges::max_element(costs, {}, &FoundAmount::value);
@@ -105,6 +118,10 @@ std::optional<FoundAmount> wholeOf(const std::vector<FoundAmount>& costs,
 }
 
 } // namespace
+
+bool statesAssetCosts(const PageRows& page, const Row& row) {
+    return costsIn(page, row) != Told::nothing;
+}
 
 void proposeAssetCosts(const KindContext& context, ProposalDraft& draft) {
     std::string sumOfAll;

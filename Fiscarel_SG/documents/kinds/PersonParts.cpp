@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/PersonParts.h"
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+#include "Fiscarel_SG/documents/kinds/NamedAmounts.h"
 #include "Fiscarel_SG/documents/kinds/PersonBlocks.h"
 #include "Fiscarel_SG/documents/kinds/RowSums.h"
 #include "Fiscarel_SG/documents/kinds/SumText.h"
@@ -16,10 +17,6 @@ namespace fiscarel {
 namespace {
 
 using Parts = std::vector<PersonAmount>;
-
-bool isWorthy(const RowAmount& amount) {
-    return amount.amount.isFirm() && amount.amount.value >= 1;
-}
 
 class Search {
   public:
@@ -45,23 +42,6 @@ class Search {
             }
         }
         return first;
-    }
-
-    /// The amounts of a row under the nearest heading of names, one for each.
-    Parts underNames(const FoundAmount& one) const {
-        const PageRows& page = *one.page;
-        for (std::size_t above = one.row; above-- > 0 && page.number != 0;) {
-            const Row& heading = page.rows[above];
-            const auto named = people_.in(heading);
-            if (named.size() < 2 || std::ranges::any_of(heading.amounts, isWorthy)) {
-                continue;
-            }
-            Parts parts = columnsOf(page, heading, named, one.row);
-            const auto all = std::ranges::count_if(one.rowOf().amounts, isWorthy);
-            const bool areAll = std::cmp_equal(parts.size(), all);
-            return parts.size() >= 2 && areAll && areDistinct(parts) ? parts : Parts();
-        }
-        return {};
     }
 
   private:
@@ -195,7 +175,7 @@ class Search {
                 Parts parts = columnTotals(page, at, named);
                 if (const auto hit = findFirst({{&page, at + 1, page.rows.size()}}, wanted_);
                     parts.size() < 2 && hit) {
-                    parts = columnsOf(page, heading, named, hit->row);
+                    parts = amountsUnder(page, heading, named, hit->row);
                 }
                 if (parts.size() >= 2) {
                     return parts;
@@ -209,7 +189,7 @@ class Search {
     static Parts columnTotals(const PageRows& page, std::size_t at,
                               const std::vector<NamedPerson>& named) {
         for (std::size_t below = at + 1; below < page.rows.size(); ++below) {
-            Parts parts = columnsOf(page, page.rows[at], named, below);
+            Parts parts = amountsUnder(page, page.rows[at], named, below);
             if (parts.size() == named.size()
                 && std::ranges::all_of(parts, [](const PersonAmount& part) {
                        return columnCheck(part.found).has_value();
@@ -218,40 +198,6 @@ class Search {
             }
         }
         return {};
-    }
-
-    /// Where a name heads a column: its cell, "Lea Muster (2015)", unless others share it.
-    static LabelPlace columnOf(const Row& heading, const NamedPerson& name,
-                               const std::vector<NamedPerson>& named) {
-        const auto isIn = [](const NamedPerson& one, const LabelPlace& cell) {
-            return cell.first <= one.first && one.last <= cell.last;
-        };
-        for (const LabelPlace& cell : cellsOf(heading)) {
-            const auto count = std::ranges::count_if(
-                named, [&](const NamedPerson& one) { return isIn(one, cell); });
-            if (isIn(name, cell) && count == 1) {
-                return cell;
-            }
-        }
-        return {name.first, name.last, heading.words[name.first].place.left,
-                heading.words[name.last].place.right};
-    }
-
-    /// The amounts of a row under the names of a heading.
-    static Parts columnsOf(const PageRows& page, const Row& heading,
-                           const std::vector<NamedPerson>& named, std::size_t at) {
-        Parts parts;
-        for (const RowAmount& amount : page.rows[at].amounts) {
-            for (const NamedPerson& name : named) {
-                const LabelPlace column = columnOf(heading, name, named);
-                if (isWorthy(amount) && amount.place.left < column.right
-                    && column.left < amount.place.right) {
-                    parts.push_back(
-                        {name, {.page = &page, .row = at, .amount = amount, .label = name.name}});
-                }
-            }
-        }
-        return parts;
     }
 
     /// The amounts behind each name in running text.
@@ -304,14 +250,6 @@ class Search {
             }
         }
         return starts;
-    }
-
-    static bool areDistinct(const Parts& parts) {
-        return std::ranges::all_of(parts, [&](const PersonAmount& one) {
-            return std::ranges::count(parts, one.person.folded,
-                                      [](const PersonAmount& other) { return other.person.folded; })
-                   == 1;
-        });
     }
 
     /// A name above rows whose amounts, the last of each, one below them adds up: in whatever
@@ -468,11 +406,6 @@ class Search {
 
 std::vector<PersonAmount> findPersonAmounts(const DocumentRows& document, const Wanted& wanted) {
     return Search(document, wanted).run();
-}
-
-std::vector<PersonAmount> amountsUnderNames(const DocumentRows& document, const FoundAmount& one) {
-    static const Wanted any;
-    return Search(document, any).underNames(one);
 }
 
 std::optional<ProposalCheck> togetherCheck(const DocumentRows& document,

@@ -1,10 +1,11 @@
 #include "Fiscarel_SG/documents/kinds/AmountFinder.h"
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
-#include "Fiscarel_SG/documents/kinds/PersonParts.h"
+#include "Fiscarel_SG/documents/kinds/NamedAmounts.h"
 #include "Fiscarel_SG/documents/kinds/PremiumWords.h"
 #include "Fiscarel_SG/documents/kinds/Prose.h"
 #include "Fiscarel_SG/documents/kinds/RecordsByKind.h"
 #include "Fiscarel_SG/documents/kinds/StatedPremiums.h"
+#include "Fiscarel_SG/documents/text/FoldedText.h"
 
 #include <algorithm>
 #include <utility>
@@ -19,15 +20,18 @@ namespace {
 using Record = ProposedRecord::Kind;
 using enum Concept;
 
+/// Whether two amounts are the same words of a page.
+bool areSame(const FoundAmount& one, const FoundAmount& other) {
+    return one.page == other.page && one.row == other.row && one.amount.first == other.amount.first;
+}
+
 /// The premiums by law, one for each row.
 std::vector<FoundAmount> findSingles(const std::vector<RowRange>& ranges) {
     std::vector<FoundAmount> singles;
     for (const Wanted& wanted : singlePremiums()) {
         for (FoundAmount& one : findAmounts(ranges, wanted)) {
-            const bool isKnown = std::ranges::any_of(singles, [&](const FoundAmount& other) {
-                return other.page == one.page && other.row == one.row
-                       && other.amount.first == one.amount.first;
-            });
+            const bool isKnown = std::ranges::any_of(
+                singles, [&](const FoundAmount& other) { return areSame(one, other); });
             if (!isKnown && one.value() >= 1) {
                 singles.push_back(std::move(one));
             }
@@ -74,9 +78,17 @@ void takeWholeOfRow(FoundAmount& found) {
     }
 }
 
+/// Whether a label is of costs alone, and not of premiums too as "to be borne by you" may be.
+bool isOfCosts(const std::string& label) {
+    static const Labels words{"*kostenbeteiligung*", "participation aux coûts",
+                              "participation aux frais", "partecipazione ai costi"};
+    return isAnyIn(foldWords(label), words);
+}
+
 /// Whether an amount "to be borne by you" is a premium: the total, or what remains of it.
 bool isPremium(const std::vector<RowRange>& ranges, const ScanResult& result,
-               const Decimal& value) {
+               const FoundAmount& found) {
+    const Decimal value = found.value();
     Decimal premiums;
     Decimal reduced;
     for (const Proposal& one : result.proposals) {
@@ -91,7 +103,8 @@ bool isPremium(const std::vector<RowRange>& ranges, const ScanResult& result,
     const Decimal taken = reduction ? reduction->value().abs() : Decimal();
     for (const Wanted* wanted : {&grossPremiums(), &plainTotals()}) {
         for (const FoundAmount& gross : findAmounts(ranges, *wanted)) {
-            if (gross.value() == value || gross.value() - taken == value) {
+            const bool isItself = areSame(gross, found) && isOfCosts(found.label);
+            if (!isItself && (gross.value() == value || gross.value() - taken == value)) {
                 return true;
             }
         }
@@ -177,10 +190,8 @@ std::vector<FoundAmount> findAll(const std::vector<RowRange>& ranges, const Want
     std::vector<FoundAmount> all;
     const auto take = [&](const Wanted& one) {
         for (FoundAmount& found : findAmounts(ranges, one)) {
-            const bool isKnown = std::ranges::any_of(all, [&](const FoundAmount& other) {
-                return other.page == found.page && other.row == found.row
-                       && other.amount.first == found.amount.first;
-            });
+            const bool isKnown = std::ranges::any_of(
+                all, [&](const FoundAmount& other) { return areSame(found, other); });
             if (!isKnown && found.value().abs() >= 1) {
                 all.push_back(std::move(found));
             }
@@ -360,8 +371,7 @@ void proposeGross(const KindContext& context, RecordsByKind& records, ProposalDr
     auto whole = single.size() > 2 ? wholeOf(ranges, single) : std::nullopt;
     whole = whole ? std::move(whole) : summedUp(single);
     const bool isAmong = whole && std::ranges::any_of(single, [&](const FoundAmount& one) {
-                             return one.page == whole->page && one.row == whole->row
-                                    && one.amount.first == whole->amount.first;
+                             return areSame(one, *whole);
                          });
     sum = isAmong ? whole->value() : sum; // the total of the others, by another word
     if (proposeTotal(context, records, draft, single, sum)) {
@@ -442,12 +452,12 @@ void proposeCostSharing(const KindContext& context, ProposalDraft& draft) {
     const auto ranges = wholeDocument(context.document);
     auto all = findAmounts(ranges, costSharings());
     std::erase_if(all, [&](const FoundAmount& one) {
-        return one.value() < 1 || isPremium(ranges, draft.result(), one.value());
+        return one.value() < 1 || isPremium(ranges, draft.result(), one);
     });
     if (all.empty()) {
         return;
     }
-    const auto parts = amountsUnderNames(context.document, all.back());
+    const auto parts = amountsOfPeople(context.document, all);
     for (const PersonAmount& part : parts) {
         proposeBorne(context, part.found, &part.person, draft);
     }

@@ -2,9 +2,13 @@
 
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/rows/GridEdges.h"
+#include "Fiscarel_SG/documents/text/Digits.h"
+#include "Fiscarel_SG/documents/text/FoldedText.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
+#include <string_view>
 
 namespace fiscarel {
 
@@ -64,7 +68,63 @@ bool isHeadingAt(const PageRows& page, std::size_t at) {
            && hasOnlyWords(second, below);
 }
 
+/// The first word of a cell of a row that carries on a word parted at the end of its line above:
+/// "Kosten-" over "beteiligung"; "Haupt-" over "und Nebenerwerb" is not parted.
+RowWord* carriedOn(const RowWord& parted, Row& below) {
+    constexpr double lineGap = 1.2; // heights of a row
+    static constexpr std::array<std::string_view, 7> joins{"und", "oder", "bzw", "et",
+                                                           "ou",  "e",    "o"};
+    const double height = parted.place.bottom - parted.place.top;
+    if (below.top - parted.place.bottom > lineGap * height || below.top < parted.place.top) {
+        return nullptr;
+    }
+    for (const LabelPlace& cell : cellsOf(below)) {
+        RowWord& word = below.words[cell.first];
+        const char first = word.text.empty() ? 'A' : word.text.front();
+        const bool isSmall = first >= 'a' && first <= 'z';
+        if (isSmall && word.place.left < parted.place.right && parted.place.left < word.place.right
+            && std::ranges::find(joins, word.folded) == joins.end()) {
+            return &word;
+        }
+    }
+    return nullptr;
+}
+
+/// Whether a word ends with the hyphen that parts it.
+bool isParted(const RowWord& word) {
+    constexpr std::size_t shortest = 4; // with the hyphen
+    return word.text.size() >= shortest && word.text.ends_with('-') && !hasDigit(word.text);
+}
+
 } // namespace
+
+void joinPartedWords(PageRows& page) {
+    for (std::size_t at = 0; at + 1 < page.rows.size() && page.number != 0; ++at) {
+        Row& above = page.rows[at];
+        Row& below = page.rows[at + 1];
+        const Cells cells = cellsOf(above);
+        bool isChanged = false;
+        for (const LabelPlace& cell : cells) {
+            RowWord& parted = above.words[cell.last];
+            RowWord* rest =
+                cells.size() > 1 && isParted(parted) ? carriedOn(parted, below) : nullptr;
+            if (rest != nullptr) {
+                parted.text = parted.text.substr(0, parted.text.size() - 1) + rest->text;
+                parted.folded = foldWords(parted.text);
+                parted.place.left = std::min(parted.place.left, rest->place.left);
+                parted.place.right = std::max(parted.place.right, rest->place.right);
+                rest->text.clear();
+                isChanged = true;
+            }
+        }
+        if (isChanged) {
+            std::erase_if(below.words, [](const RowWord& word) { return word.text.empty(); });
+            above = rowOfWords(std::move(above.words), page.isRecognised);
+            below = rowOfWords(std::move(below.words), page.isRecognised);
+        }
+    }
+    std::erase_if(page.rows, [](const Row& row) { return row.words.empty(); });
+}
 
 void layInLine(std::vector<RowWord>& words, double left, double right) {
     constexpr double blank = 1; // letters

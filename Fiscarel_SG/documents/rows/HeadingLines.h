@@ -8,6 +8,10 @@ namespace fiscarel {
 /// that are in one line already stay where they are.
 void layInLine(std::vector<RowWord>& words, double left, double right);
 
+/// Makes one of words that headings of columns part over two lines: "Kosten-" over "beteiligung".
+/// The whole stands in the lower line.
+void joinPartedWords(PageRows& page);
+
 /// Joins the two lines of a heading over a single row of amounts, each line with its words in the
 /// middle or at the right of its column: "Stipendio | Deduzioni" over "lordo | sociali".
 void joinHeadingLines(PageRows& page);

@@ -39,6 +39,11 @@ bool countsItsWord(const Row& row, const RowAmount& amount) {
                       }) >= fewest));
 }
 
+/// "Facture 4179778": a long number without groups that belongs to the word before it.
+bool numbersItsWord(const Row& row, const RowAmount& amount) {
+    return isBehindWord(row, amount) && amount.amount.value >= 100'000;
+}
+
 /// Bare numbers in a column of amounts are amounts: "648" above "648.05".
 void firmColumns(PageRows& page) {
     std::vector<double> edges;
@@ -58,7 +63,7 @@ void firmColumns(PageRows& page) {
                 amount.first == 0 || amount.last + 1 == row.words.size()
                 || row.words[amount.last + 1].place.left - amount.place.right > row.height();
             if (!amount.amount.isFirm() && !amount.amount.isYearLike() && count >= 2 && isApart
-                && !countsItsWord(row, amount)) {
+                && !countsItsWord(row, amount) && !numbersItsWord(row, amount)) {
                 amount.amount.hasCurrency = true;
             }
         }
@@ -228,6 +233,7 @@ void mend(PageRows& page) {
     hideHouseNumbers(page);
     shortenTaxWords(page);
     firmColumns(page);
+    joinPartedWords(page);
     joinHeadingLines(page);
 }
 

@@ -162,6 +162,54 @@ TEST(AccountBlocks, SumInterestPostedInPartsOfTheYear) {
     });
 }
 
+TEST(AccountBlocks, OfAMonthGiveNothingAndOfTheLastOneTheBalance) {
+    expectRead({
+        {"a month within the year",
+         {{"Kontoauszug 01.06.2024 - 30.06.2024"},
+          {"Privatkonto CH93 0076 2011 6238 5295 7"},
+          {"Saldovortrag 31.05.2024", {{520, "4'200.10"}}},
+          {"Lohn", {{430, "5'100.00"}, {520, "9'300.10"}}},
+          {"Saldo per 30.06.2024", {{520, "9'300.10"}}}},
+         {}},
+        {"the month the year ends with",
+         {{"Kontoauszug 01.12.2024 - 31.12.2024"},
+          {"Privatkonto CH93 0076 2011 6238 5295 7"},
+          {"Saldovortrag 30.11.2024", {{520, "4'200.10"}}},
+          {"Zins", {{430, "3.50"}, {520, "4'203.60"}}},
+          {"Saldo per 31.12.2024", {{520, "4'203.60"}}}},
+         {{{"taxValue", "4203.6"}}}},
+    });
+}
+
+TEST(AccountBlocks, TellLoansInSentencesByTheirNumbers) {
+    expectRead({
+        {"each with its debt and interest, rates with a comma, what is left of both",
+         {{"Bescheinigung der Schuldzinsen 2024, Geschäft 88.2031"},
+          {"Für das Darlehen zum festen Satz Nr. 88.2031-1 (1,45 %, bis 30.06.2028) betrug die"},
+          {"Restschuld am 31. Dezember 2024 CHF 310'000.00; bezahlte Zinsen CHF 4'495.00."},
+          {"Für das Darlehen Nr. 88.2031-2 betrug die Restschuld am 31. Dezember 2024 CHF"},
+          {"92'500.00. Die im Jahr 2024 bezahlten Zinsen betragen CHF 2'118.75."}},
+         {{{"amount", "310000"}, {"interest", "4495"}},
+          {{"amount", "92500"}, {"interest", "2118.75"}}}},
+    });
+}
+
+TEST(AccountBlocks, KeepCostsOfSecuritiesApart) {
+    expectRead({
+        {"a row of the table that is no holding",
+         {{"Vermögensausweis 2024, Depot 5083-84"},
+          {"", {{250, "Anzahl"}, {330, "Kurs"}, {430, "Ertrag"}, {520, "Wert 31.12.2024"}}},
+          {"Muster Holding AG (7707197)",
+           {{250, "78"}, {330, "76.65"}, {430, "89.70"}, {520, "5'978.70"}}},
+          {"Muster Anlagen Welt (33838233)",
+           {{250, "89"}, {330, "279.80"}, {430, "776.95"}, {520, "24'902.20"}}},
+          {"Depotgebühren und Verwaltung", {{520, "585.00"}}}},
+         {{{"quantity", "78"}, {"taxValue", "5978.7"}},
+          {{"quantity", "89"}, {"taxValue", "24902.2"}},
+          {{"actualAssetManagementCosts", "585"}}}},
+    });
+}
+
 TEST(AccountBlocks, LeaveRunningBalancesAndLimits) {
     expectRead({
         {"a posting with the balance after it, the columns named on another page",
