@@ -201,8 +201,12 @@ Figures figuresByLabel(const RowRange& range) {
     // "Solde au 31.12. (sans intérêts)   3'077.45"
     const auto& left = at(figures, Figure::balance);
     auto& earned = at(figures, Figure::interest);
-    if (left && earned && left->row == earned->row
-        && left->amount.first == earned->amount.first) {
+    if (left && earned && areSame(*left, *earned)) {
+        earned.reset();
+    }
+    // What was paid on a debt is no income: "gli interessi da voi pagati".
+    const auto& paid = at(figures, Figure::debtInterest);
+    if (paid && earned && areSame(*paid, *earned)) {
         earned.reset();
     }
     auto& tax = at(figures, Figure::withholding);

@@ -45,6 +45,19 @@ bool endsBetween(const Row& row, std::size_t first, std::size_t end) {
                        [](const RowWord& word) { return endsSentence(word); });
 }
 
+/// Whether the first amount of the next line of a paragraph belongs to what the line before it ends
+/// with: nothing but a few words of the same clause stand before it.
+bool goesOnToAmount(const Row& own, const Row& next) {
+    constexpr std::size_t most = 6; // words before the amount
+    const auto before =
+        next.words.begin() + static_cast<std::ptrdiff_t>(next.amounts.front().first);
+    return cellsOf(own).size() == 1 && cellsOf(next).size() == 1
+           && next.amounts.front().first <= most
+           && std::none_of(next.words.begin(), before, [](const RowWord& word) {
+                  return word.text.ends_with(';') || word.text.ends_with(':');
+              });
+}
+
 /// Whether what goes on up to a word tells of something else than is wanted.
 bool saysOther(const Row& row, std::size_t end, const Wanted& wanted, bool isRecognised) {
     Row words;
@@ -69,10 +82,11 @@ const RowAmount* amountBelow(const RowRange& range, std::size_t at, const LabelP
     }
     const bool breaksOff = cellsOf(own).size() == 1 && isFrancs(own.words.back().text)
                            && next.amounts.front().first == 0;
-    const bool goesOn = breaksOff
-                        || (continuesSentence(next) && !standsApart(next, next.amounts.front())
-                            && next.words.front().place.left < label.right
-                            && next.amounts.back().place.left > label.left);
+    const bool goesOn =
+        breaksOff
+        || (continuesSentence(next) && !standsApart(next, next.amounts.front())
+            && next.words.front().place.left < label.right
+            && (goesOnToAmount(own, next) || next.amounts.back().place.left > label.left));
     if (goesOn
         && (endsBetween(own, label.last, own.words.size())
             || saysOther(next, next.amounts.front().first, wanted, range.page->isRecognised))) {

@@ -32,6 +32,11 @@ struct FoundAmount {
     const Decimal& value() const { return amount.amount.value; }
 };
 
+/// Whether two amounts are the same words of a page.
+inline bool areSame(const FoundAmount& one, const FoundAmount& other) {
+    return one.page == other.page && one.row == other.row && one.amount.first == other.amount.first;
+}
+
 /// Part of a page: rows from `first` up to `end`, not included.
 struct RowRange {
     const PageRows* page = nullptr;

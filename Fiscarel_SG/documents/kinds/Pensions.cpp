@@ -229,9 +229,7 @@ class BenefitPaper {
         Parts parts;
         for (const PersonAmount& told : findPeopleInProse(context_.document, pensions())) {
             const auto own = std::ranges::find_if(amounts_, [&](const PensionAmount& one) {
-                return one.canBePension() && one.found.page == told.found.page
-                       && one.found.row == told.found.row
-                       && one.found.amount.first == told.found.amount.first;
+                return one.canBePension() && areSame(one.found, told.found);
             });
             if (own == amounts_.end()) {
                 return false;
@@ -429,8 +427,7 @@ class BenefitPaper {
     /// Whether the place of an amount says that it is none of the year's pension.
     bool isRuledOut(const FoundAmount& found) const {
         return std::ranges::any_of(amounts_, [&](const PensionAmount& one) {
-            return one.found.page == found.page && one.found.row == found.row
-                   && one.found.amount.first == found.amount.first && !one.canBePension();
+            return areSame(one.found, found) && !one.canBePension();
         });
     }
 

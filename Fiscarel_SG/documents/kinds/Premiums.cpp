@@ -20,11 +20,6 @@ namespace {
 using Record = ProposedRecord::Kind;
 using enum Concept;
 
-/// Whether two amounts are the same words of a page.
-bool areSame(const FoundAmount& one, const FoundAmount& other) {
-    return one.page == other.page && one.row == other.row && one.amount.first == other.amount.first;
-}
-
 /// The premiums by law, one for each row.
 std::vector<FoundAmount> findSingles(const std::vector<RowRange>& ranges) {
     std::vector<FoundAmount> singles;

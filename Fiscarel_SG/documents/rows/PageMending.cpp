@@ -203,6 +203,23 @@ void joinOverLines(PageRows& page) {
     }
 }
 
+/// A day at the end of a line whose month begins the next one is no amount: "al 31" over "dicembre
+/// 2024".
+void hideTornDays(PageRows& page) {
+    for (std::size_t at = 0; at + 1 < page.rows.size(); ++at) {
+        Row& row = page.rows[at];
+        const Row& next = page.rows[at + 1];
+        if (row.amounts.empty() || next.words.empty()) {
+            continue;
+        }
+        const PrintedAmount& last = row.amounts.back().amount;
+        if (row.amounts.back().last + 1 == row.words.size() && !last.isFirm() && last.value <= 31
+            && monthOf(next.words.front().text) > 0) {
+            row.amounts.pop_back();
+        }
+    }
+}
+
 /// Takes out what recognition makes of the lines around boxes and between columns: "|".
 void dropLines(PageRows& page) {
     const auto isLine = [](const RowWord& word) {
@@ -235,6 +252,7 @@ void mend(PageRows& page) {
     firmColumns(page);
     joinPartedWords(page);
     joinHeadingLines(page);
+    hideTornDays(page);
 }
 
 } // namespace fiscarel

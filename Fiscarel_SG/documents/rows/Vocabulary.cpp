@@ -48,6 +48,17 @@ bool isTakenOffBefore(const Row& row, const LabelPlace& place) {
     return false;
 }
 
+/// Whether a rate only names a kind of loan: "prestito a tasso fisso", "Hypothek mit festem
+/// Zinssatz".
+bool isRateInName(const Row& row, const LabelPlace& place) {
+    static const Labels kinds{"fixe",  "fixes",     "variable",  "variables", "fisso",
+                              "fissi", "variabile", "variabili", "ipotecario"};
+    static const Labels kindsBefore{"fest*", "fix*", "variabl*"};
+    const bool isBehind =
+        place.last + 1 < row.words.size() && isAnyIn(row.words[place.last + 1].folded, kinds);
+    return isBehind || (place.first > 0 && isAnyIn(row.words[place.first - 1].folded, kindsBefore));
+}
+
 /// Whether what stands at a place is said not to be: "ohne Kirchensteuer", "(keine Spende)", "nicht
 /// abziehbar".
 bool isDenied(const Row& row, const LabelPlace& place, Concept meant) {
@@ -75,6 +86,9 @@ bool isDenied(const Row& row, const LabelPlace& place, Concept meant) {
     if (meant == Concept::other && place.last + 1 < row.words.size()
         && row.words[place.first].folded == "dont"
         && isAnyIn(row.words[place.last + 1].folded, subjects)) {
+        return true;
+    }
+    if (meant == Concept::rate && isRateInName(row, place)) {
         return true;
     }
     if (meant == Concept::ofDebt && row.words[place.first].folded.starts_with("kreditor")) {

@@ -191,6 +191,12 @@ TEST(AccountBlocks, TellLoansInSentencesByTheirNumbers) {
           {"92'500.00. Die im Jahr 2024 bezahlten Zinsen betragen CHF 2'118.75."}},
          {{{"amount", "310000"}, {"interest", "4495"}},
           {{"amount", "92500"}, {"interest", "2118.75"}}}},
+        {"a rate in a loan's name, the day torn from its month, interest that was paid",
+         {{"Attestazione degli interessi passivi per l'anno 2024"},
+          {"Per il prestito a tasso fisso n. 77.1043-02 il debito residuo al 31"},
+          {"dicembre 2024 ammontava a CHF 240 000.00; gli interessi da voi pagati nel corso"},
+          {"dell'anno sono stati pari a CHF 3 060.00."}},
+         {{{"amount", "240000"}, {"interest", "3060"}}}},
     });
 }
 
