@@ -140,10 +140,13 @@ class ListReader {
             return std::move(entries_);
         }
         for (std::size_t at = heading_.row() + 1; at < end; ++at) {
-            const Figures figures = figuresByColumn(page_, at, heading_);
-            if (isProse(page_.rows[at], page_.isRecognised)) {
-                continue; // what is told below the table may end where a column does
+            // What is told below the table may end where a column does. Recognised rows of a tight
+            // table look like sentences.
+            const Row& row = page_.rows[at];
+            if (isProse(row, page_.isRecognised) && !(page_.isRecognised && hasNumber(row))) {
+                continue;
             }
+            const Figures figures = figuresByColumn(page_, at, heading_);
             if (hasAny(figures)) {
                 const bool isOwed = isMarkedOwed(page_.rows[at]);
                 readRow(at, isOwed ? negated(figures) : figures);

@@ -43,23 +43,31 @@ class AccountMapper {
             }
         }
         giveNumber();
-        if (span_ == StatementSpan::lastPart) {
-            dropInterest();
-        }
+        const bool isDropped = span_ == StatementSpan::lastPart && dropInterest();
+        const std::size_t first = draft_.result().records.size();
         proposeEntries(context_, entries_, draft_);
+        for (std::size_t i = first; isDropped && i < draft_.result().records.size(); ++i) {
+            draft_.record(static_cast<int>(i)).advice =
+                "Der Auszug gilt nicht für das ganze Jahr. Die Zinsen des Jahres stehen auf dem "
+                "Zinsausweis oder Jahresabschluss der Bank.";
+        }
         proposeAssetCosts(context_, draft_);
     }
 
   private:
-    /// The interest of a part of the year is not the year's.
-    void dropInterest() {
+    /// The interest of a part of the year is not the year's; false where none was told.
+    bool dropInterest() {
         using enum Figure;
+        bool isDropped = false;
         for (AccountEntry& entry : entries_) {
             for (const Figure figure : {interest, withholding, netInterest, debtInterest,
                                         taxedInterest, untaxedInterest}) {
-                entry.figures[static_cast<std::size_t>(figure)].reset();
+                auto& told = entry.figures[static_cast<std::size_t>(figure)];
+                isDropped |= told.has_value();
+                told.reset();
             }
         }
+        return isDropped;
     }
 
     /// Gives the only account the only number of the document, which stands on another page.

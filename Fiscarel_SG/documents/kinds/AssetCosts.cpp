@@ -50,9 +50,19 @@ Told costsIn(const PageRows& page, const Row& row) {
         || isProse(row, page.isRecognised)) {
         return Told::nothing;
     }
-    return namesAny(row, {Concept::deductible}, page.isRecognised) ? Told::deductible
-           : isAnyIn(row.folded, others)                           ? Told::nothing
-                                                                   : Told::costs;
+    if (namesAny(row, {Concept::deductible}, page.isRecognised)) {
+        return Told::deductible;
+    }
+    // "Vermögensverwaltungsmandat, Wert 31.12.   250'000.00" is what is kept, not what it costs.
+    static const Labels expenses{"*gebühr*",  "*kosten*", "*spesen*", "*honorar*",
+                                 "*entgelt*", "frais",    "droits",   "honorair*",
+                                 "spese",     "diritti",  "costi",    "onorari*"};
+    static const Labels kept{"Wert*",   "*wert",  "*werte", "Bestand*", "Guthaben",
+                             "valeur*", "valore", "avoir",  "averi",    "value"};
+    return isAnyIn(row.folded, others) || isAnyIn(row.folded, kept)
+                   || !isAnyIn(row.folded, expenses)
+               ? Told::nothing
+               : Told::costs;
 }
 
 /// The rows that state such costs; where some say that they may be deducted, these alone.
@@ -81,8 +91,15 @@ std::vector<FoundAmount> allCosts(const DocumentRows& document) {
     return deductible.empty() ? plain : deductible;
 }
 
-/// What they come to: the one that all others add up to, else their sum, where they stand in one
-/// column; absent where of several none is all.
+/// Whether each is told to be of a part of the year.
+bool areOfPeriods(const std::vector<FoundAmount>& costs) {
+    static const Labels periods{"*Quartal*", "*Halbjahr*", "*semester", "*semestre", "trimestre"};
+    return std::ranges::all_of(
+        costs, [](const FoundAmount& one) { return isAnyIn(one.rowOf().folded, periods); });
+}
+
+/// What they come to: the one that all others add up to or that is named the total, else their sum,
+/// where they stand in one column; absent where of several none is all.
 std::optional<FoundAmount> wholeOf(const std::vector<FoundAmount>& costs, std::string& sumOfAll) {
     if (costs.empty()) {
         return std::nullopt;
@@ -91,21 +108,19 @@ std::optional<FoundAmount> wholeOf(const std::vector<FoundAmount>& costs, std::s
     std::vector<Decimal> values;
     bool isColumn = true;
     for (const FoundAmount& one : costs) {
-        const bool isSame = one.value() == costs.front().value();
         sum = sum + one.value();
         values.push_back(one.value());
         isColumn = isColumn && one.page == costs.front().page && one.value() > 0
                    && std::abs(one.amount.place.right - costs.front().amount.place.right)
-                          <= alignment(*one.page)
-                   && (!isSame || &one == &costs.front());
+                          <= alignment(*one.page);
     }
-    if (costs.size() == 1 || std::ranges::all_of(costs, [&](const FoundAmount& one) {
-            return one.value() == costs.front().value(); // told twice
-        })) {
+    const bool areTold = costs.size() == 2 && costs[0].value() == costs[1].value(); // twice
+    if (costs.size() == 1 || (areTold && !areOfPeriods(costs))) {
         return costs.front();
     }
     const auto whole = std::ranges::max_element(costs, {}, &FoundAmount::value);
-    if (whole->value() * 2 == sum) {
+    const bool isTotal = isAnyIn(whole->rowOf().folded, wordsFor(Concept::total));
+    if ((whole->value() * 2 == sum && !areTold) || isTotal || columnCheck(*whole)) {
         return *whole;
     }
     if (!isColumn) {

@@ -104,8 +104,11 @@ std::optional<Run> nameBeside(const PageRows& page, const Row& row, const LabelP
     if (const auto name = personNameAt(page, row, label.last + 1)) {
         return name;
     }
+    // "Name der Kita   Villa Sonnenschein" is of something else.
+    static const Labels links{"der", "des", "du", "de", "della", "dell", "del"};
     const std::size_t end = runFrom(page, row, label.last).last;
-    return personNameAt(page, row, end + 1);
+    const bool goesOn = end > label.last && isAnyIn(row.words[label.last + 1].folded, links);
+    return goesOn ? std::nullopt : personNameAt(page, row, end + 1);
 }
 
 /// The name in the cell below one that a label begins.
@@ -122,7 +125,7 @@ std::optional<Run> nameByLabel(const PageRows& page) {
     for (const Label& label : personLabels()) {
         for (const Row& row : page.rows) {
             const auto place = findLabel(row, label, page.isRecognised);
-            if (!place) {
+            if (!place || namesContact(row)) {
                 continue;
             }
             if (const auto name = nameBeside(page, row, *place)) {

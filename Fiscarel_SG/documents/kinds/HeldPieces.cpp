@@ -46,7 +46,8 @@ std::optional<Decimal> piecesOf(std::string_view word) {
     return pieces ? std::optional(*pieces) : std::nullopt;
 }
 
-/// What may tell how many pieces are held: an amount beside its unit, or a word with their decimals.
+/// What may tell how many pieces are held: an amount beside its unit, or a word with their
+/// decimals.
 std::vector<FoundAmount> numbersIn(const RowRange& range) {
     std::vector<FoundAmount> numbers;
     for (std::size_t at = range.first; at < range.end; ++at) {
@@ -60,6 +61,7 @@ std::vector<FoundAmount> numbersIn(const RowRange& range) {
                                    .row = at,
                                    .amount = amount,
                                    .label = row.words[next].text});
+                numbers.back().amount.amount.hasMark = true; // its unit speaks for it
             }
         }
         std::ranges::move(fractionsIn(*range.page, at), std::back_inserter(numbers));
@@ -86,8 +88,9 @@ std::vector<FoundAmount> amountsIn(const RowRange& range) {
 
 /// Whether a row says that its amount is what something is worth.
 bool tellsValue(const FoundAmount& found) {
-    static const Labels values{"*steuerwert*", "Wert*",   "Kurswert*", "Gegenwert*", "Vermögenswert*",
-                               "valeur*",      "valore*", "value",     "Saldo",      "Bestand"};
+    static const Labels values{"*steuerwert*",   "Wert*",   "Kurswert*", "Gegenwert*",
+                               "Vermögenswert*", "valeur*", "valore*",   "value",
+                               "Saldo",          "Bestand"};
     return isAnyIn(found.rowOf().folded, values);
 }
 
@@ -107,6 +110,7 @@ std::vector<FoundAmount> fractionsIn(const PageRows& page, std::size_t at) {
                          .printed = row.words[i].printed,
                          .certainty = row.words[i].certainty};
         amount.amount.value = *pieces;
+        amount.amount.hasDecimals = true;
         numbers.push_back({.page = &page,
                            .row = at,
                            .amount = amount,
@@ -138,10 +142,10 @@ std::optional<HeldPieces> heldPieces(const RowRange& range) {
     for (const FoundAmount& number : numbers) {
         for (const FoundAmount& value : amounts) {
             const auto price = std::ranges::find_if(amounts, [&](const FoundAmount& one) {
-                return one.value() != value.value() && (one.row != value.row || one.row == number.row)
+                return one.value() != value.value()
+                       && (one.row != value.row || one.row == number.row)
                        && number.value() * one.value() > 1
-                       && (number.value() * one.value() - value.value()).abs()
-                              <= Decimal(5) / 100;
+                       && (number.value() * one.value() - value.value()).abs() <= Decimal(5) / 100;
             });
             if (tellsValue(value) && price != amounts.end()) {
                 return HeldPieces{number, value,
@@ -153,9 +157,9 @@ std::optional<HeldPieces> heldPieces(const RowRange& range) {
 }
 
 std::string securityNumberIn(const RowRange& range) {
-    static const Labels labels{"Valor*",          "Valoren*",     "N° de valeur",
-                               "No de valeur",    "No valeur",    "numero di valore",
-                               "numero valore",   "n. di valore", "n. valore"};
+    static const Labels labels{"Valor*",        "Valoren*",     "N° de valeur",
+                               "No de valeur",  "No valeur",    "numero di valore",
+                               "numero valore", "n. di valore", "n. valore"};
     constexpr std::size_t fewest = 5;
     constexpr std::size_t most = 9; // digits of a Swiss security number
     for (std::size_t at = range.first; at < range.end; ++at) {

@@ -58,8 +58,6 @@ bool endsItem(const RowWord& word) { return word.text.ends_with(','); }
 /// The name in a line that holds a whole address: "Kunde: Anna Muster, Seeweg 3, 9000 St.Gallen".
 /// Not of those whom one may ask.
 std::optional<Run> nameInAddressLine(const PageRows& page, const Row& row) {
-    static const Labels others{"*berater*", "Kontakt*",  "Verwalt*",  "Ansprech*",  "conseill*",
-                               "contact*",  "consulen*", "Absender*", "expéditeur", "mittente"};
     const auto& words = row.words;
     for (std::size_t town = 2; town + 1 < words.size(); ++town) {
         const std::string place = textBetween(row, town, town + 1);
@@ -70,14 +68,15 @@ std::optional<Run> nameInAddressLine(const PageRows& page, const Row& row) {
         while (street > 0 && !endsItem(words[street - 1])) {
             --street;
         }
-        if (street == 0 || !hasDigit(textBetween(row, street, town - 1))
-            || findLabel(row, others, page.isRecognised)) {
+        if (street == 0 || !hasDigit(textBetween(row, street, town - 1)) || namesContact(row)) {
             continue;
         }
         std::size_t first = street - 1;
         while (first > 0 && !endsItem(words[first - 1]) && !words[first - 1].text.ends_with(':')) {
             --first;
         }
+        constexpr std::size_t mostWords = 12; // of a name, or a label before it
+        first = std::max(first, street - std::min(street, mostWords));
         for (; first < street; ++first) { // words of a sentence or a label may stand before it
             const auto name = personNameAt(page, row, first);
             if (name && name->last + 1 == street) {
@@ -257,6 +256,14 @@ class IssuerSearch {
 };
 
 } // namespace
+
+bool namesContact(const Row& row) {
+    static const Labels words{"*berater*",  "Kontakt*",  "Verwalt*",   "Ansprech*",
+                              "conseill*",  "contact*",  "consulen*",  "Absender*",
+                              "expéditeur", "mittente",  "zuständig*", "responsab*",
+                              "*bearbeit*", "Auskunft*", "incaricat*", "gestionnaire"};
+    return isAnyIn(row.folded, words);
+}
 
 bool isSeparator(const RowWord& word) {
     static constexpr std::array<std::string_view, 6> signs{"|", "·", "•", "/", "–", "-"};

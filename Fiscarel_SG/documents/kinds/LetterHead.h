@@ -7,6 +7,9 @@
 
 namespace fiscarel {
 
+/// Whether a row tells whom to ask at the sender's, or who that is.
+bool namesContact(const Row& row);
+
 /// Whether a word parts what a line of contacts strings together: "·", "|".
 bool isSeparator(const RowWord& word);
 

@@ -48,12 +48,30 @@ Parts underNames(const People& people, const FoundAmount& one) {
     return {};
 }
 
+/// The first row of the column an amount stands in: below what heads it.
+std::size_t beginOfColumn(const FoundAmount& one) {
+    for (std::size_t above = one.row; above-- > 0;) {
+        const Row& row = one.page->rows[above];
+        const bool isIn = std::ranges::any_of(row.amounts, [&](const RowAmount& amount) {
+            return amount.amount.isFirm() && !areApart(amount.place, one.amount.place);
+        });
+        const bool isWords = std::ranges::any_of(row.words, [&](const RowWord& word) {
+            return !areApart(word.place, one.amount.place);
+        });
+        if (isWords && !isIn) {
+            return above + 1;
+        }
+    }
+    return 0;
+}
+
 /// The amounts of a headed column that stand in rows of one name each.
 Parts besideNames(const People& people, const FoundAmount& one) {
     const PageRows& page = *one.page;
     const bool isHeaded = one.isBelow && page.number != 0;
     Parts parts;
-    for (std::size_t at = 0; isHeaded && at < page.rows.size(); ++at) {
+    for (std::size_t at = isHeaded ? beginOfColumn(one) : page.rows.size(); at < page.rows.size();
+         ++at) {
         const auto named = people.in(page.rows[at]);
         for (const RowAmount& amount : page.rows[at].amounts) {
             if (named.size() == 1 && isWorthy(amount) && named[0].last < amount.first

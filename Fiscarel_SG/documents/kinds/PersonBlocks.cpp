@@ -1,5 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/PersonBlocks.h"
 
+#include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+#include "Fiscarel_SG/documents/kinds/NamedAmounts.h"
 #include "Fiscarel_SG/documents/kinds/SumText.h"
 
 #include <utility>
@@ -17,10 +19,11 @@ std::optional<ProvenAmount> remainderIn(const RowRange& block) {
     bool areBorne = false; // by others
     for (std::size_t at = block.first; at < block.end; ++at) {
         const Row& row = block.page->rows[at];
-        if (row.amounts.empty() || !row.amounts.back().amount.isFirm()) {
+        const RowAmount* newest = lastOrNewest(*block.page, at);
+        if (newest == nullptr || !newest->amount.isFirm()) {
             continue;
         }
-        const RowAmount& last = row.amounts.back();
+        const RowAmount& last = *newest;
         const Decimal value = last.amount.value;
         if (parts.size() >= 2 && value == rest && rest >= 1) {
             const bool isOwn = areBorne || namesAny(row, {parents, deductible}, isRecognised);
@@ -54,11 +57,11 @@ std::optional<FoundAmount> withoutMeals(const RowRange& above, FoundAmount total
     Decimal meals;
     for (std::size_t at = above.first; at < above.end; ++at) {
         const Row& row = above.page->rows[at];
-        if (row.amounts.empty() || !row.amounts.back().amount.isFirm()
-            || row.amounts.back().amount.value < 1) {
+        const RowAmount* newest = lastOrNewest(*above.page, at);
+        if (newest == nullptr || !isWorthy(*newest)) {
             continue;
         }
-        const RowAmount& last = row.amounts.back();
+        const RowAmount& last = *newest;
         if (namesAny(row, {Concept::meals, Concept::notDeductible}, isRecognised)) {
             meals = meals + last.amount.value;
         } else {

@@ -96,7 +96,8 @@ bool namesThing(const Row& words) {
                                 "certificat*",
                                 "attestazion*",
                                 "*übersicht*",
-                                "*id",
+                                "ID",
+                                "UID",
                                 "Depot*",
                                 "Steuer*",
                                 "Ablauf",
@@ -153,8 +154,9 @@ std::optional<Run> personNameAt(const PageRows& page, const Row& row, std::size_
                || row.words[first].text == ":")) {
         ++first;
     }
+    constexpr std::size_t mostWords = 10; // of four names with what joins them
     std::size_t after = first;
-    while (after < end
+    while (after < end && after - first < mostWords
            && (isNameWord(row.words[after]) || isParticle(row.words[after])
                || (after > first && isJoin(row.words[after])))) {
         const RowWord& word = row.words[after++];

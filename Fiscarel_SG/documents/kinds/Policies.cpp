@@ -203,7 +203,7 @@ void proposeSum(const KindContext& context, const LabelledField& field,
         sum = sum + value;
     }
     Evidence evidence = evidenceOf(parts.front(), field.wanted, context.isKindClear);
-    evidence.checks.push_back({togetherText(values, sum), true});
+    evidence.reason = togetherText(values, sum) + '.'; // says how, but proves nothing
     const int record = draft.addRecord(recordWith(
         context.facts, field.record, "Lebensversicherungen", parts.front().page->number));
     draft.add(record, field.field, sum, std::move(evidence));

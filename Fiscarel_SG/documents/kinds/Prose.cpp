@@ -198,8 +198,8 @@ std::size_t endOfFollowing(const Sentence& sentence, std::size_t which) {
     return end;
 }
 
-/// Where the word ends that is joined to an amount before it: "CHF 1'027.45 auf Zinsen", "Fr. 477.10
-/// de primes", "4'739.40 d'intérêts"; the amount's own end where none is.
+/// Where the word ends that is joined to an amount before it: "CHF 1'027.45 auf Zinsen", "Fr.
+/// 477.10 de primes", "4'739.40 d'intérêts"; the amount's own end where none is.
 std::size_t endOfJoined(const Sentence& sentence, std::size_t which) {
     static constexpr std::array<std::string_view, 4> joins{"auf", "an", "de", "di"};
     const auto& words = sentence.row.words;
@@ -210,8 +210,8 @@ std::size_t endOfJoined(const Sentence& sentence, std::size_t which) {
     if (words[next].folded.starts_with("d ")) {
         return next + 1;
     }
-    const bool isJoined = next + 1 < words.size()
-                          && std::ranges::find(joins, words[next].folded) != joins.end();
+    const bool isJoined =
+        next + 1 < words.size() && std::ranges::find(joins, words[next].folded) != joins.end();
     return isJoined ? next + 2 : next;
 }
 
@@ -523,6 +523,7 @@ std::vector<PersonAmount> findPeopleInProse(const DocumentRows& document, const 
         auto one = isMeant && !namesAny(sentence.row, wanted.notMeant, isRecognised)
                            && !findLabel(sentence.row, wanted.without, isRecognised)
                            && !isPriceOfOne(sentence.row, sentence.ends.front())
+                           && !isBound(sentence, 0) && !saysLeftOut(sentence.row)
                        ? personIn(sentence, people)
                        : std::nullopt;
         if (one) {

@@ -92,9 +92,10 @@ const RowAmount* restOfRow(const Row& row) {
 }
 
 std::optional<int> countInWords(std::string_view word) {
+    // Folded: "due" and "cinque" lose their e.
     static const std::map<std::string_view, int> counts{
-        {"zwei", 2},   {"deux", 2},   {"due", 2},     {"drei", 3},   {"trois", 3}, {"tre", 3},
-        {"vier", 4},   {"quatre", 4}, {"quattro", 4}, {"funf", 5},   {"cinq", 5},  {"cinque", 5},
+        {"zwei", 2},   {"deux", 2},   {"du", 2},      {"drei", 3},   {"trois", 3}, {"tre", 3},
+        {"vier", 4},   {"quatre", 4}, {"quattro", 4}, {"funf", 5},   {"cinq", 5},  {"cinqu", 5},
         {"sechs", 6},  {"six", 6},    {"sei", 6},     {"sieben", 7}, {"sept", 7},  {"sette", 7},
         {"acht", 8},   {"huit", 8},   {"otto", 8},    {"neun", 9},   {"neuf", 9},  {"nove", 9},
         {"zehn", 10},  {"dix", 10},   {"dieci", 10},  {"elf", 11},   {"onze", 11}, {"undici", 11},
@@ -130,12 +131,21 @@ std::optional<int> piecesAt(const PageRows& page, std::size_t at, const RowAmoun
         return std::nullopt;
     }
     before.pop_back();
+    static const Labels others{"*zimmer*", "*stock", "Personen", "Jahre*",    "locali",
+                               "stanze",   "pièces", "étage*",   "personnes", "ans",
+                               "persone",  "piano",  "anni",     "rooms"}; // what is counted is not
+                                                                           // paid
+    const RowWord* behind = nullptr;
     for (std::size_t words = 0; !before.empty() && (isLinked || words < nearest); ++words) {
         const auto digits = smallNumber(before.back()->text, 3);
         const auto count = digits ? digits : countInWords(before.back()->folded);
+        if (count && *count >= 2 && behind != nullptr && isAnyIn(behind->folded, others)) {
+            return std::nullopt;
+        }
         if (count && *count >= 2) {
             return count;
         }
+        behind = before.back();
         before.pop_back();
     }
     return std::nullopt;

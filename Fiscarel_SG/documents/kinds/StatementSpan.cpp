@@ -32,6 +32,24 @@ std::optional<std::pair<Date, Date>> spanIn(const Row& row) {
     return std::nullopt;
 }
 
+/// Whether a row tells the time of something else than the statement.
+bool isOfOther(const Row& row) {
+    static const Labels others{"Laufzeit*", "Zinsperiode*", "Festgeld*", "fällig*",  "durée",
+                               "échéance*", "durata",       "scadenza",  "Zinssatz", "tasso"};
+    return isAnyIn(row.folded, others);
+}
+
+/// Whether an account was opened or closed within the time: then it is all there is of the year.
+bool endsOrBegins(const PageRows& page) {
+    static const Labels words{"Saldierung*",     "saldiert*",         "aufgelöst*",
+                              "Kontoauflösung*", "eröffnet*",         "Eröffnung*",
+                              "compte clôturé",  "clôture du compte", "bouclement définitif",
+                              "ouverture*",      "estinzione",        "chiusura del conto",
+                              "conto chiuso",    "apertura"};
+    return std::ranges::any_of(page.rows,
+                               [](const Row& row) { return isAnyIn(row.folded, words); });
+}
+
 int monthsBetween(const Date& from, const Date& to) {
     return (to.year() - from.year()) * 12 + to.month() - from.month();
 }
@@ -39,7 +57,8 @@ int monthsBetween(const Date& from, const Date& to) {
 } // namespace
 
 StatementSpan spanOfStatement(const DocumentRows& document) {
-    constexpr int quarter = 3; // months
+    constexpr int almostYear = 11;  // months between the first and the last
+    constexpr int lastWorkday = 30; // of December, at the earliest
     if (document.pages.empty()) {
         return StatementSpan::year;
     }
@@ -48,10 +67,14 @@ StatementSpan spanOfStatement(const DocumentRows& document) {
             break; // the head ends
         }
         const auto span = spanIn(row);
-        if (!span || monthsBetween(span->first, span->second) >= quarter) {
+        if (!span || isOfOther(row)) {
             continue;
         }
-        const bool isEnd = span->second.month() == 12 && span->second.day() == 31;
+        if (monthsBetween(span->first, span->second) >= almostYear
+            || endsOrBegins(document.pages.front())) {
+            return StatementSpan::year;
+        }
+        const bool isEnd = span->second.month() == 12 && span->second.day() >= lastWorkday;
         return isEnd ? StatementSpan::lastPart : StatementSpan::part;
     }
     return StatementSpan::year;

@@ -6,9 +6,9 @@ namespace fiscarel {
 
 /// What time the head of a bank's statement says that it is for.
 enum class StatementSpan {
-    year,    ///< or nothing is said
-    part,    ///< a month or a quarter before the year's end: its balance is of no use for the return
-    lastPart ///< one that ends with the year: the balance is, the interest is not the year's
+    year,    ///< or nothing is said, or all of it that there was of an account opened or closed
+    part,    ///< some months before the year's end: their balance is of no use for the return
+    lastPart ///< those that end with the year: the balance is, the interest is not the year's
 };
 
 StatementSpan spanOfStatement(const DocumentRows& document);

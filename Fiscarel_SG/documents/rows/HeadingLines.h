@@ -9,7 +9,7 @@ namespace fiscarel {
 void layInLine(std::vector<RowWord>& words, double left, double right);
 
 /// Makes one of words that headings of columns part over two lines: "Kosten-" over "beteiligung".
-/// The whole stands in the lower line.
+/// The whole stands in the upper line.
 void joinPartedWords(PageRows& page);
 
 /// Joins the two lines of a heading over a single row of amounts, each line with its words in the

@@ -242,6 +242,9 @@ void mend(PageRows& page) {
         dropLines(page);
         joinTornCents(page);
         straightenBends(page);
+    }
+    joinPartedWords(page); // before what is marked in rows: they are built anew
+    if (page.isRecognised) {
         std::ranges::for_each(page.rows, mendIbans);
         restorePoints(page);
     }
@@ -250,7 +253,6 @@ void mend(PageRows& page) {
     hideHouseNumbers(page);
     shortenTaxWords(page);
     firmColumns(page);
-    joinPartedWords(page);
     joinHeadingLines(page);
     hideTornDays(page);
 }
