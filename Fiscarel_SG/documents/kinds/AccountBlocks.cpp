@@ -61,9 +61,10 @@ Row bareTitle(const Row& row) {
     return rowOfWords(std::move(bare), false);
 }
 
-/// Whether a sentence begins with a loan and its number: "Per il prestito a tasso fisso n. 77.1043".
+/// Whether a sentence begins with a loan and its number: "Per il prestito a tasso fisso
+/// n. 77.1043".
 bool namesNumberedLoan(const PageRows& page, std::size_t at) {
-    static const Labels loans{"prestito",   "mutuo",  "ipoteca*",  "prêt",      "hypothèque*",
+    static const Labels loans{"prestito",   "mutuo",  "ipoteca*", "prêt",       "hypothèque*",
                               "*darlehen*", "crédit", "*kredit*", "*hypothek*", "credito"};
     static const Labels signs{"n", "nr", "no", "numero", "numéro", "Nummer"};
     constexpr std::size_t latest = 3;   // word of the loan

@@ -228,9 +228,8 @@ class EntryProposer {
     void proposeAccount(const AccountEntry& entry) {
         const auto& balance = at(entry.figures, Figure::balance);
         const auto& interest = at(entry.figures, Figure::interest);
-        const int record = draft_.addRecord(recordWith(
-            context_.facts, Record::security,
-            titleOf(entry), entry.range.page->number));
+        const int record = draft_.addRecord(
+            recordWith(context_.facts, Record::security, titleOf(entry), entry.range.page->number));
         proposeNames(record, entry);
         if (balance) {
             std::vector<ProposalCheck> checks;
@@ -248,9 +247,9 @@ class EntryProposer {
             if (entry.pieces) {
                 checks.push_back(*entry.pieces);
             }
-            draft_.add(record, "quantity", entry.quantity->value(),
-                       evidenceOf(*entry.quantity, pieces, context_.isKindClear,
-                                  std::move(checks)));
+            draft_.add(
+                record, "quantity", entry.quantity->value(),
+                evidenceOf(*entry.quantity, pieces, context_.isKindClear, std::move(checks)));
         }
         if (interest && !interest->value().isZero()) {
             const auto& tax = at(entry.figures, Figure::withholding);

@@ -179,19 +179,33 @@ class ListReader {
             || (own == nullptr && addOwnLine(at, figures)) || addSecondLine(at, figures)) {
             return;
         }
+        const bool isOfBalance = fiscarel::at(figures, Figure::balance).has_value();
+        if (own == nullptr && isOfBalance && statesNoBalance(page_, at)) {
+            return;
+        }
         isOver_ = isOver_ && !beginsLoans(at);
         addTo(section_, figures);
         addTo(all_, figures);
         const bool isNamed = (own == nullptr || tellsByNames()) && namesLoan(page_, at);
         const bool isLoan =
             isNamed || (own == nullptr && heading_.isOfLoans) || isBelowZero(row, figures);
+        const std::size_t named = own == nullptr ? nameOfShares(at) : at;
         add({.figures = figures,
              .number = own == nullptr ? std::string() : own->text,
              .creditor = creditorOf(page_, at, heading_),
-             .range = {&page_, at, at + 1},
+             .range = {&page_, named, at + 1},
              .isLoan = isLoan || isSectionOwed_,
-             .isDepot = own == nullptr && (namesDepot(row) || mentionsShares(row)),
-             .quantity = own == nullptr ? sharesIn(page_, at) : std::nullopt});
+             .isDepot = own == nullptr && (namesDepot(row) || mentionsShares(page_.rows[named])),
+             .quantity = own == nullptr ? sharesIn(page_, named) : std::nullopt});
+    }
+
+    /// The row above that names the bank's shares or notes of a row without words; else the row.
+    std::size_t nameOfShares(std::size_t at) const {
+        constexpr std::size_t fewest = 3; // letters of a name
+        const Row& row = page_.rows[at];
+        const bool isBare = std::ranges::all_of(
+            cellsOf(row), [&](const LabelPlace& cell) { return lettersIn(row, cell) < fewest; });
+        return at > 0 && isBare && mentionsShares(page_.rows[at - 1]) ? at - 1 : at;
     }
 
     /// Whether only the rows' names tell what is owed: no column, no sign, and no section does.

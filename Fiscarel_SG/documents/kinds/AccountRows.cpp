@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/documents/kinds/AccountRows.h"
 
+#include "Fiscarel_SG/documents/kinds/AssetCosts.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/text/Digits.h"
 
@@ -53,12 +54,21 @@ bool isCarried(const Row& row) {
 }
 
 bool isNetOfAll(const Row& row) {
-    static const Labels nets{"Nettovermögen*",    "Reinvermögen*",  "Netto-Vermögen*",
-                             "fortune nette",     "avoirs nets",    "patrimonio netto",
-                             "sostanza netta",    "averi netti",    "net assets",
-                             "abzüglich Schuld*", "minus Schuld*",  "moins les dettes",
+    static const Labels nets{"Nettovermögen*",    "Reinvermögen*",    "Netto-Vermögen*",
+                             "fortune nette",     "avoirs nets",      "patrimonio netto",
+                             "sostanza netta",    "averi netti",      "net assets",
+                             "abzüglich Schuld*", "minus Schuld*",    "moins les dettes",
                              "dettes déduites",   "dedotti i debiti", "meno i debiti"};
     return isAnyIn(row.folded, nets);
+}
+
+bool statesNoBalance(const PageRows& page, std::size_t at) {
+    const Row& row = page.rows[at];
+    const auto firm = std::ranges::count_if(
+        row.amounts, [](const RowAmount& one) { return one.amount.isFirm(); });
+    return statesAssetCosts(page, row)
+           || (firm == 1 && namesAny(row, {Concept::withholding}, page.isRecognised)
+               && !namesAny(row, {Concept::balance}, page.isRecognised));
 }
 
 bool beginsWithTime(const Row& row) {

@@ -21,6 +21,9 @@ bool isMarkedOwed(const Row& row);
 bool isCarried(const Row& row);
 /// Whether a row tells what is left of the assets after the debts: "Guthaben abzüglich Schulden".
 bool isNetOfAll(const Row& row);
+/// Whether the only amount of a row is what keeping securities costs, or the tax kept back:
+/// "Imposta preventiva 35 % trattenuta sul conto risparmio   278.02".
+bool statesNoBalance(const PageRows& page, std::size_t at);
 /// Whether a row begins with a time of the year: a day, "01.01. - 30.06.2024", "2. Quartal",
 /// "1er semestre".
 bool beginsWithTime(const Row& row);

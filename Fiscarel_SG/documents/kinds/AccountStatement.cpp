@@ -380,15 +380,14 @@ class AccountMapper {
         entry.security = securityNumberIn(entry.range);
     }
 
-    /// Whether what looks like a balance is what keeping the securities above it cost.
-    static bool isOfCosts(const AccountEntry& entry) {
+    /// Whether what looks like a balance is what keeping the securities above it cost, or the tax.
+    static bool isNoBalance(const AccountEntry& entry) {
         const auto& balance = entry.figures[static_cast<std::size_t>(Figure::balance)];
-        return entry.number.empty() && balance
-               && statesAssetCosts(*balance->page, balance->rowOf());
+        return entry.number.empty() && balance && statesNoBalance(*balance->page, balance->row);
     }
 
     void addEntry(AccountEntry entry) {
-        if (isTied(entry) || isOfCosts(entry)) {
+        if (isTied(entry) || isNoBalance(entry)) {
             return;
         }
         takePieces(entry);

@@ -1,5 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/BankShares.h"
 
+#include "Fiscarel_SG/documents/kinds/HeldPieces.h"
+
 #include <algorithm>
 
 namespace fiscarel {
@@ -41,7 +43,9 @@ std::optional<FoundAmount> sharesIn(const PageRows& page, std::size_t at) {
                                                  : textBetween(row, count->first, count->last)};
         }
     }
-    return std::nullopt;
+    static const Labels notes{"*obligation*",  "obbligazion*",   "bons de caisse",
+                              "bon de caisse", "buoni di cassa", "buono di cassa"};
+    return isAnyIn(row.folded, notes) ? toldPieces(page, at) : std::nullopt;
 }
 
 std::optional<FoundAmount> sharesIn(const RowRange& range) {

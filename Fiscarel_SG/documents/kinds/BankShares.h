@@ -7,7 +7,8 @@ namespace fiscarel {
 /// Whether a row mentions a bank's own shares or notes: "Anteilscheine", "parts sociales".
 bool mentionsShares(const Row& row);
 
-/// How many of them a row says are held, "21 parts sociales"; absent where it does not.
+/// How many of them a row says are held, "21 parts sociales", of notes the nominal value; absent
+/// where it does not.
 std::optional<FoundAmount> sharesIn(const PageRows& page, std::size_t at);
 
 /// What a block on them tells: at last what they are worth by their nominal value, and what they

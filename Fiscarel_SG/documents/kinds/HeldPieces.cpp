@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/documents/kinds/HeldPieces.h"
 
+#include "Fiscarel_SG/documents/kinds/Securities.h"
 #include "Fiscarel_SG/documents/kinds/SumText.h"
 #include "Fiscarel_SG/documents/text/Digits.h"
 #include "Fiscarel_SG/documents/text/Isin.h"
@@ -46,24 +47,28 @@ std::optional<Decimal> piecesOf(std::string_view word) {
     return pieces ? std::optional(*pieces) : std::nullopt;
 }
 
+/// The amounts of a row beside the unit of pieces.
+std::vector<FoundAmount> besideUnits(const PageRows& page, std::size_t at) {
+    std::vector<FoundAmount> numbers;
+    const Row& row = page.rows[at];
+    for (const RowAmount& amount : row.amounts) {
+        const std::size_t next = amount.last + 1;
+        if (amount.amount.value.isInteger() && amount.amount.value > 1 && !amount.amount.hasDecimals
+            && next < row.words.size() && isUnit(row.words[next])) {
+            numbers.push_back(
+                {.page = &page, .row = at, .amount = amount, .label = row.words[next].text});
+            numbers.back().amount.amount.hasMark = true; // its unit speaks for it
+        }
+    }
+    return numbers;
+}
+
 /// What may tell how many pieces are held: an amount beside its unit, or a word with their
 /// decimals.
 std::vector<FoundAmount> numbersIn(const RowRange& range) {
     std::vector<FoundAmount> numbers;
     for (std::size_t at = range.first; at < range.end; ++at) {
-        const Row& row = range.page->rows[at];
-        for (const RowAmount& amount : row.amounts) {
-            const std::size_t next = amount.last + 1;
-            if (amount.amount.value.isInteger() && amount.amount.value > 1
-                && !amount.amount.hasDecimals && next < row.words.size()
-                && isUnit(row.words[next])) {
-                numbers.push_back({.page = range.page,
-                                   .row = at,
-                                   .amount = amount,
-                                   .label = row.words[next].text});
-                numbers.back().amount.amount.hasMark = true; // its unit speaks for it
-            }
-        }
+        std::ranges::move(besideUnits(*range.page, at), std::back_inserter(numbers));
         std::ranges::move(fractionsIn(*range.page, at), std::back_inserter(numbers));
     }
     return numbers;
@@ -156,10 +161,42 @@ std::optional<HeldPieces> heldPieces(const RowRange& range) {
     return std::nullopt;
 }
 
+std::optional<FoundAmount> toldPieces(const PageRows& page, std::size_t at) {
+    static const Labels nominals{"nominal*", "Nennwert", "nom"};
+    static const Labels ones{"je", "pro", "par", "per", "à"};
+    if (at >= page.rows.size()) {
+        return std::nullopt;
+    }
+    auto numbers = besideUnits(page, at);
+    const Row& row = page.rows[at];
+    const auto label = findLabel(row, nominals, page.isRecognised);
+    for (std::size_t i = 0; label && numbers.empty() && i < row.amounts.size(); ++i) {
+        const RowAmount& amount = row.amounts[i];
+        const auto isBetween = [&](std::size_t first, std::size_t end) {
+            return std::all_of(row.words.begin() + static_cast<std::ptrdiff_t>(first),
+                               row.words.begin() + static_cast<std::ptrdiff_t>(end),
+                               [](const RowWord& word) {
+                                   return isFrancs(word.text) || isForeignCurrency(word.text);
+                               });
+        };
+        const bool isBehind =
+            amount.first > label->last && isBetween(label->last + 1, amount.first);
+        const bool isBefore =
+            amount.last < label->first && isBetween(amount.last + 1, label->first);
+        const std::size_t next = std::max(amount.last, label->last) + 1;
+        const bool isOfOne = next < row.words.size() && isAnyIn(row.words[next].folded, ones);
+        if ((isBehind || isBefore) && !isOfOne && amount.amount.value >= 100
+            && amount.amount.value.isInteger()) {
+            numbers.push_back({.page = &page,
+                               .row = at,
+                               .amount = amount,
+                               .label = textBetween(row, label->first, label->last)});
+        }
+    }
+    return numbers.empty() ? std::nullopt : std::optional(std::move(numbers.front()));
+}
+
 std::string securityNumberIn(const RowRange& range) {
-    static const Labels labels{"Valor*",        "Valoren*",     "N° de valeur",
-                               "No de valeur",  "No valeur",    "numero di valore",
-                               "numero valore", "n. di valore", "n. valore"};
     constexpr std::size_t fewest = 5;
     constexpr std::size_t most = 9; // digits of a Swiss security number
     for (std::size_t at = range.first; at < range.end; ++at) {
@@ -173,7 +210,7 @@ std::string securityNumberIn(const RowRange& range) {
                 return bare;
             }
         }
-        const auto label = findLabel(row, labels, range.page->isRecognised);
+        const auto label = findLabel(row, securityNumberWords(), range.page->isRecognised);
         std::string digits;
         for (std::size_t i = label ? label->last + 1 : row.words.size(); i < row.words.size();
              ++i) {

@@ -15,10 +15,14 @@ struct HeldPieces {
     ProposalCheck check; ///< number × price = value
 };
 
-/// The pieces of a block whose number times a price printed there is a value printed there. A number
-/// counts where its unit stands beside it, or where its decimals make it no amount; absent where no
-/// product holds.
+/// The pieces of a block whose number times a price printed there is a value printed there. A
+/// number counts where its unit stands beside it, or where its decimals make it no amount; absent
+/// where no product holds.
 std::optional<HeldPieces> heldPieces(const RowRange& range);
+
+/// How many pieces a row tells beside their unit, or of what nominal value: "310 Anteile", "Nominal
+/// 40’000.00", "20'000 EUR nominali"; absent for the nominal value of one.
+std::optional<FoundAmount> toldPieces(const PageRows& page, std::size_t at);
 
 /// The first ISIN or Swiss security number of a block, without marks; empty where there is none.
 std::string securityNumberIn(const RowRange& range);

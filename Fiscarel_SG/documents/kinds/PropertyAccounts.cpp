@@ -71,7 +71,8 @@ DocumentRows withoutExclusions(DocumentRows document) {
     return document;
 }
 
-/// The amount of a column's total, else the one beside words; absent when several differ.
+/// The amount of a column's total, else the one beside words; of several that differ what they come
+/// to, where that is printed.
 std::optional<FoundAmount> findOne(const DocumentRows& document, const Wanted& wanted) {
     if (auto total = columnTotal(document, wanted)) {
         return total;
@@ -83,7 +84,14 @@ std::optional<FoundAmount> findOne(const DocumentRows& document, const Wanted& w
     }
     const bool isOne = std::ranges::all_of(
         found, [&](const FoundAmount& one) { return one.value() == found.front().value(); });
-    return found.empty() || !isOne ? std::nullopt : std::optional(std::move(found.front()));
+    if (found.empty() || isOne) {
+        return found.empty() ? std::nullopt : std::optional(std::move(found.front()));
+    }
+    Decimal sum;
+    for (const FoundAmount& one : found) {
+        sum = sum + one.value();
+    }
+    return foundPrinted(document, sum);
 }
 
 void proposeAmount(const KindContext& context, const FoundAmount& found, const char* field,

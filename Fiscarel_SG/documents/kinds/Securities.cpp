@@ -59,10 +59,15 @@ std::optional<Stated> incomeBy(const Row& words, bool areNamed) {
     return taxed ? std::optional(*taxed ? Stated::withTax : Stated::withoutTax) : std::nullopt;
 }
 
+const Labels& securityNumberWords() {
+    static const Labels words{"Valor",         "Valor-Nr*",        "Valoren*",     "Valornummer*",
+                              "N° de valeur",  "No de valeur",     "No valeur",    "N° valeur",
+                              "numero valore", "numero di valore", "n. di valore", "n. valore",
+                              "Valore n",      "Valore no",        "Valore numero"};
+    return words;
+}
+
 std::optional<Stated> statedBy(const Row& cell, bool isRecognised, std::size_t most) {
-    static const Labels numbers{"Valor",         "Valor-Nr*",        "Valoren*",    "Valorennummer",
-                                "N° de valeur",  "No de valeur",     "No valeur",   "ISIN",
-                                "numero valore", "numero di valore", "n. di valore"};
     static const Labels quantities{
         "Anzahl",          "Stück*",        "Stk",           "Nominal*",         "Bestand",
         "Menge",           "Nombre",        "Quantité",      "Quantità",         "Nennwert",
@@ -76,18 +81,18 @@ std::optional<Stated> statedBy(const Row& cell, bool isRecognised, std::size_t m
         "Vermögenswert*", "Gegenwert*",      "valeur*",        "valore*",         "val. fiscale",
         "val. imposable", "val. imponibile", "val. boursière", "val. di mercato", "controvalore*",
         "contre-valeur*", "market value"};
-    static const Labels incomes{"Ertrag*",       "Erträge", "Bruttoertr*", "Dividende*",
-                                "Ausschüttung*", "Zins*",   "brutto*",     "rendement*",
-                                "produit*",      "revenu*", "reddit*",     "dividend*",
-                                "provent*",      "ricav*",  "Rev",         "Redd",
-                                "Rend",          "Div"};
+    static const Labels incomes{
+        "Ertrag*",  "Erträge",    "Bruttoertr*", "Dividende*", "Ausschüttung*", "Zins*",
+        "brutto*",  "rendement*", "produit*",    "revenu*",    "reddit*",       "dividend*",
+        "provent*", "ricav*",     "Rev",         "Redd",       "Rend",          "Div"};
     static const Labels notValues{"Anfang*",  "Einstand*",    "Kaufwert*",   "Vorjahr*",
                                   "Beginn",   "Wertschrift*", "Wertpapier*", "Wertrecht*",
                                   "Wertung*", "Währung"};
     const auto says = [&](const Labels& labels) {
         return findLabel(cell, labels, isRecognised).has_value();
     };
-    if (says(numbers) || cell.words.size() > most) {
+    if (says(securityNumberWords()) || findLabel(cell, Label("ISIN"), isRecognised)
+        || cell.words.size() > most) {
         return std::nullopt;
     }
     const auto taxed = incomeBy(cell);
@@ -112,7 +117,11 @@ bool hasIsin(const Row& row) {
 void readNames(const Row& row, std::size_t end, Security& security, std::size_t first) {
     for (std::size_t i = first; i < std::min(end, row.words.size()); ++i) {
         const std::string word = bareWord(row.words[i].text);
-        if (isIsin(word) || (isValor(word) && security.number.empty())) {
+        // "2021–2030" are years.
+        const std::string& text = row.words[i].text;
+        const bool isSpan =
+            text.find("–") != std::string::npos || text.find('-', 1) != std::string::npos;
+        if (isIsin(word) || (isValor(word) && !isSpan && security.number.empty())) {
             security.number = word;
         } else if (!row.words[i].folded.empty()) {
             security.name += (security.name.empty() ? "" : " ") + row.words[i].text;

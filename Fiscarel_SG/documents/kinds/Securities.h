@@ -25,6 +25,9 @@ inline std::optional<FoundAmount> at(StatedAmounts&& amounts, Stated stated) {
     return std::move(amounts[static_cast<std::size_t>(stated)]);
 }
 
+/// What the Swiss number of a security is called: "Valor", "N° de valeur".
+const Labels& securityNumberWords();
+
 /// What words state of a security; absent for numbers and other words,
 /// and for more than `most`.
 std::optional<Stated> statedBy(const Row& words, bool isRecognised, std::size_t most = 6);

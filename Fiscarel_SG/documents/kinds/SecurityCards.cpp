@@ -263,9 +263,6 @@ class CardReader {
 /// The number of a security in a row: its ISIN, or what stands behind "Valor"; empty for other
 /// rows.
 std::string numberIn(const Row& row) {
-    static const Labels names{"Valor",          "Valor-Nr*",        "Valoren",      "Valoren-Nr*",
-                              "Valorennummer*", "N° de valeur",     "No de valeur", "No valeur",
-                              "numero valore",  "numero di valore", "n. di valore", "n. valore"};
     if (hasIsin(row)) {
         Security security;
         readNames(row, row.words.size(), security);
@@ -273,7 +270,7 @@ std::string numberIn(const Row& row) {
     }
     constexpr std::size_t fewest = 5; // digits
     constexpr std::size_t most = 9;
-    const auto name = findLabel(row, names, false);
+    const auto name = findLabel(row, securityNumberWords(), false);
     std::string number;
     for (std::size_t i = name ? name->last + 1 : row.words.size(); i < row.words.size(); ++i) {
         const std::string& text = row.words[i].text;
@@ -342,15 +339,14 @@ std::vector<Card> cardsBy(const PageRows& page, const std::vector<std::size_t>& 
 
 /// The first words of a row that may be a security's name; empty when there are none.
 std::string nameIn(const Row& row) {
-    static const Labels others{"ISIN",         "Valor*",    "IBAN",
-                               "N° de valeur", "No valeur", "numero valore"};
+    static const Labels others{"ISIN", "IBAN"};
     constexpr std::size_t fewest = 4; // letters
     for (const LabelPlace& cell : cellsOf(row)) {
         Row own;
         own.words = wordsOf(row, cell);
         own.folded = textBetween(row, cell.first, cell.last);
         if (lettersIn(row, cell) >= fewest && !hasIsin(own) && !findLabel(own, others, false)
-            && !hasFirmAmount(row, cell)) {
+            && !findLabel(own, securityNumberWords(), false) && !hasFirmAmount(row, cell)) {
             return textBetween(row, cell.first, cell.last);
         }
     }

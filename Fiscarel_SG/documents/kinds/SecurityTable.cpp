@@ -6,6 +6,7 @@
 #include "Fiscarel_SG/documents/kinds/Securities.h"
 #include "Fiscarel_SG/documents/kinds/SecurityCards.h"
 #include "Fiscarel_SG/documents/kinds/TableHeading.h"
+#include "Fiscarel_SG/documents/kinds/WithholdingTax.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 
 #include <algorithm>
@@ -19,6 +20,7 @@ struct SecurityHeading {
     TableHeading table;
     std::vector<std::optional<Stated>> stated; ///< of each column
     bool hasNumbers = false;                   ///< a column of security numbers
+    bool areNumbersBelow = false;              ///< in a line of their own below each row
 
     bool has(Stated one) const { return std::ranges::count(stated, std::optional(one)) == 1; }
     std::size_t count() const { // columns that state anything
@@ -30,21 +32,41 @@ struct SecurityHeading {
             return one == Stated::withTax || one == Stated::withoutTax;
         }));
     }
+    bool hasIncome() const { return has(Stated::income) || countTaxed() > 0; }
     bool isOne() const {
-        return has(Stated::value) && (has(Stated::quantity) || (hasNumbers && has(Stated::price)));
+        return has(Stated::value)
+               && (has(Stated::quantity) || (hasNumbers && has(Stated::price))
+                   || (areNumbersBelow && hasIncome()));
     }
 };
 
+/// Whether two rows with amounts, or more, have a security's number in the line below.
+bool haveNumbersBelow(const PageRows& page, std::size_t from) {
+    constexpr std::size_t fewest = 2;
+    std::size_t count = 0;
+    for (std::size_t row = from; row + 1 < page.rows.size() && count < fewest; ++row) {
+        count +=
+            hasFirmAmount(page.rows[row]) && !hasIsin(page.rows[row]) && hasIsin(page.rows[row + 1])
+                ? 1U
+                : 0U;
+    }
+    return count >= fewest;
+}
+
 SecurityHeading securityHeading(const PageRows& page, std::size_t row) {
-    static const Labels numbers{"Valor*", "ISIN", "N° de valeur", "No valeur", "numero valore"};
     SecurityHeading best;
     for (const bool withNext : {false, true}) {
         SecurityHeading heading{.table = tableHeadingIn(page, row, withNext)};
         for (const TableColumn& column : heading.table.columns) {
             const auto stated = statedBy(column.cell, page.isRecognised);
             heading.stated.push_back(stated);
-            heading.hasNumbers |= !stated && isAnyIn(column.cell.folded, numbers);
+            heading.hasNumbers |= !stated
+                                  && (isAnyIn(column.cell.folded, securityNumberWords())
+                                      || isAnyIn(column.cell.folded, {"ISIN"}));
         }
+        heading.areNumbersBelow = heading.has(Stated::value) && heading.hasIncome()
+                                  && !heading.has(Stated::quantity) && !heading.hasNumbers
+                                  && haveNumbersBelow(page, row + 1);
         // The second line may say whether the tax was kept back.
         if (heading.isOne()
             && std::pair(heading.count(), heading.countTaxed())
@@ -113,6 +135,9 @@ class SecurityReader {
         list_.end = page_.rows.size();
         for (std::size_t row = named; row < list_.end; ++row) {
             const StatedAmounts amounts = amountsOf(page_, row, heading_);
+            if (isNumberBelow(row)) {
+                continue; // read with the row above
+            }
             if (row > heading_.table.row + 1 && headsAccounts(row)) {
                 list_.end = row;
             } else if (isTotal(row, amounts)) {
@@ -212,6 +237,13 @@ class SecurityReader {
         return heading + 1;
     }
 
+    /// Whether a row is the line with the number of the security above it.
+    bool isNumberBelow(std::size_t row) const {
+        return heading_.areNumbersBelow && row > 0 && hasIsin(page_.rows[row])
+               && !hasIsin(page_.rows[row - 1])
+               && at(amountsOf(page_, row - 1, heading_), Stated::value);
+    }
+
     bool namesOnly(std::size_t row) const {
         const StatedAmounts amounts = amountsOf(page_, row, heading_);
         return hasIsin(page_.rows[row])
@@ -271,8 +303,8 @@ class SecurityReader {
             begin = quantity->amount.last + 1;
         }
         for (const auto& amount : amounts) {
-            end = amount && amount->amount.first >= begin ? std::min(end, amount->amount.first)
-                                                          : end;
+            end =
+                amount && amount->amount.first >= begin ? std::min(end, amount->amount.first) : end;
         }
         return {begin, end};
     }
@@ -289,7 +321,8 @@ class SecurityReader {
         if (iban) {
             security.number = iban->text;
         } else if (security.number.empty() && row + 1 < page_.rows.size()
-                   && (page_.rows[row + 1].amounts.empty() || namesOnly(row + 1))) {
+                   && (page_.rows[row + 1].amounts.empty() || namesOnly(row + 1)
+                       || isNumberBelow(row + 1))) {
             Security below;
             readNames(page_.rows[row + 1], page_.rows[row + 1].words.size(), below);
             security.number = below.number;
@@ -298,6 +331,9 @@ class SecurityReader {
             return;
         }
         security.amounts = amounts;
+        if (heading_.areNumbersBelow && !security.isAccount) {
+            security.put(Stated::quantity, toldPieces(page_, row + 1));
+        }
         list_.all.push_back(std::move(security));
         addIncome(row, amounts);
         addTaxBelow(row + 1);
@@ -309,9 +345,15 @@ class SecurityReader {
         const auto& income = at(own.amounts, Stated::income);
         const bool isOpen = income && !own.isAccount && !at(own.amounts, Stated::withTax)
                             && !at(own.amounts, Stated::withoutTax);
-        if (!isOpen || row >= page_.rows.size() || !namesOnly(row)
+        if (!isOpen || row >= page_.rows.size() || !(namesOnly(row) || isNumberBelow(row))
             || !namesAny(page_.rows[row], {Concept::withholding}, page_.isRecognised)) {
             return;
+        }
+        for (const RowAmount& amount : page_.rows[row].amounts) {
+            if (isWithholdingOf(amount.amount.value, income->value())) {
+                own.put(Stated::tax, FoundAmount{.page = &page_, .row = row, .amount = amount});
+                return; // what is told of the others settles which of them are taxed
+            }
         }
         if (const auto taxed = incomeBy(page_.rows[row], true)) {
             own.put(*taxed, income);

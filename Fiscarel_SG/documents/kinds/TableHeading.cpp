@@ -35,7 +35,9 @@ std::vector<double> edgesBelow(const PageRows& page, std::size_t at) {
             continue;
         }
         for (const RowAmount& amount : row.amounts) {
-            edges.push_back(amount.place.right);
+            if (!amount.amount.isYearLike()) { // of a further heading
+                edges.push_back(amount.place.right);
+            }
         }
     }
     return edges;
@@ -334,7 +336,7 @@ std::optional<bool> taxednessOf(const Row& words, bool areNamed) {
     if (!tax) {
         return std::nullopt;
     }
-    static const Labels kept{"abgezogen*", "einbehalten*", "déduit*",  "retenu*",
+    static const Labels kept{"abgezogen*", "einbehalten*", "déduit*",    "retenu*",
                              "prélevé*",   "dedott*",      "trattenut*", "prelevat*"};
     if (tax->first == 0 && isAnyIn(words.folded, kept)) {
         return std::nullopt; // "VSt 35 % abgezogen" is the tax itself

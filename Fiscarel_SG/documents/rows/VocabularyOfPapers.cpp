@@ -186,6 +186,8 @@ std::vector<ConceptWords> provisionWords() {
           "Eigenanteil*",
           "selbst bezahlt*",
           "selbst getragen*",
+          "selbst beteiligt",
+          "Kosten beteiligt",
           "von Ihnen getragen*",
           "von Ihnen bezahlt*",
           "selber bezahlt*",
@@ -257,7 +259,7 @@ std::vector<ConceptWords> provisionWords() {
                          "valore peritale",       "market value",        "official value"}},
         {rentalValue,
          {"*mietwert*", "val. locative", "val. locativo", "valeur locative*", "valeurs locatives",
-          "valore locativo", "valori locativi", "Mietertrag", "rental value"}},
+          "valore locativo", "valori locativi", "rental value"}},
     };
 }
 

@@ -216,6 +216,29 @@ TEST(AccountBlocks, KeepCostsOfSecuritiesApart) {
     });
 }
 
+TEST(AccountBlocks, OfABankInSectionsHaveTheirNumbersBelow) {
+    expectRead({
+        {"each section with its own heading, pieces and the tax in the line of the number",
+         {{"Vermögensausweis per 31.12.2025"},
+          {"Liquidität", {{380, "Wert 31.12.2025"}, {520, "Ertrag 2025 brutto"}}},
+          {"Privatkonto CHF", {{380, "21'455.90"}, {520, "118.30"}}},
+          {"LI45 0881 2850 9613 2902 8"},
+          {"Obligationen und ähnliche", {{380, "Wert 31.12.2025"}, {520, "Ertrag 2025 brutto"}}},
+          {"2.125 % Muster Energie AG 2021-2030", {{380, "40'360.00"}, {520, "850.00"}}},
+          {"ISIN CH0012345670 · Nominal 40'000.00"},
+          {"Aktien und Fonds", {{380, "Wert 31.12.2025"}, {520, "Ertrag 2025 brutto"}}},
+          {"Muster Fund - Aktien Welt", {{380, "48'422.00"}, {520, "527.00"}}},
+          {"ISIN LI0229916403 · 310 Anteile"},
+          {"Muster Nahrungsmittel AG, Namen", {{380, "22'137.50"}, {520, "800.00"}}},
+          {"ISIN CH0571180337 · 25 Aktien", {{520, "abzüglich 35 % Verrechnungssteuer 280.00"}}},
+          {"Gesamtvermögen", {{380, "132'375.40"}, {520, "2'295.30"}}}},
+         {{{"taxValue", "21455.9"}, {"incomeWithoutWithholding", "118.3"}},
+          {{"quantity", "40000"}, {"taxValue", "40360"}},
+          {{"quantity", "310"}, {"taxValue", "48422"}, {"incomeWithoutWithholding", "527"}},
+          {{"quantity", "25"}, {"taxValue", "22137.5"}, {"incomeWithWithholding", "800"}}}},
+    });
+}
+
 TEST(AccountBlocks, LeaveRunningBalancesAndLimits) {
     expectRead({
         {"a posting with the balance after it, the columns named on another page",
