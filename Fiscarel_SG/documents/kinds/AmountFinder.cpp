@@ -102,6 +102,30 @@ struct Pass {
     bool isPure = true;   ///< no totals that include what is alien
 };
 
+/// The words of a row with the last ones of the line before where a sentence goes on from it: "il
+/// valore di | riscatto".
+Row withLineBefore(const RowRange& range, std::size_t at) {
+    constexpr std::size_t most = 3; // words of the line before
+    Row words = range.page->rows[at];
+    if (at == range.first || range.page->number == 0 || words.words.empty()) {
+        return words;
+    }
+    const Row& before = range.page->rows[at - 1];
+    const char start = words.words.front().text.front();
+    const bool goesOn = start >= 'a' && start <= 'z' && !before.words.empty()
+                        && words.top - before.bottom < words.height() && cellsOf(words).size() == 1
+                        && cellsOf(before).size() == 1;
+    std::size_t first = before.words.size();
+    while (goesOn && first > 0 && before.words.size() - first < most
+           && !endsSentence(before.words[first - 1])) {
+        --first;
+    }
+    words.words.insert(words.words.begin(),
+                       before.words.begin() + static_cast<std::ptrdiff_t>(first),
+                       before.words.end());
+    return words;
+}
+
 /// Whether a label counts where it stands: not in a sentence, nor beside words that make the amount
 /// something else.
 bool counts(const RowRange& range, std::size_t at, const LabelPlace& place, const Wanted& wanted,
@@ -113,7 +137,9 @@ bool counts(const RowRange& range, std::size_t at, const LabelPlace& place, cons
     }
     const auto about = wordsAbout(range, at, place);
     return about && !isBarred(*about, wanted, isRecognised)
-           && !namesMeant(*about, wanted.notMeant, isRecognised);
+           && !namesMeant(*about, wanted.notMeant, isRecognised)
+           && (place.first > 0
+               || !namesMeant(withLineBefore(range, at), wanted.notMeant, isRecognised));
 }
 
 std::vector<FoundAmount> findByLabel(const std::vector<RowRange>& ranges, const Wanted& wanted,

@@ -8,9 +8,11 @@
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <map>
 #include <string>
+#include <string_view>
 
 namespace fiscarel {
 
@@ -335,6 +337,17 @@ bool endsBetween(const Row& row, std::size_t first, std::size_t end) {
     return isEnded && behind >= 2;
 }
 
+/// Whether a dash in the last cell of a row, or behind its currency, says that there is no amount.
+bool statesNone(const Row& row, const LabelPlace& label) {
+    static const std::array<std::string_view, 4> dashes{"-", "–", "—", "--"};
+    const std::size_t last = row.words.size() - 1;
+    if (last <= label.last || std::ranges::find(dashes, row.words[last].text) == dashes.end()
+        || std::ranges::any_of(row.amounts, isMoney)) {
+        return false;
+    }
+    return isFrancs(row.words[last - 1].text) || cellsOf(row).back().first == last;
+}
+
 /// The amount that a sentence joins to a label behind it: "davon entfallen CHF 1'027.45 auf Zinsen",
 /// "4'739.40 d'intérêts"; null elsewhere.
 const RowAmount* joinedBefore(const Row& row, const LabelPlace& label, bool isRecognised) {
@@ -493,6 +506,9 @@ std::optional<FoundAmount> amountFor(const RowRange& range, std::size_t at, cons
 
 std::optional<FoundAmount> amountAt(const RowRange& range, std::size_t at, const LabelPlace& place,
                                     const Wanted& wanted) {
+    if (range.page->number != 0 && statesNone(range.page->rows[at], place)) {
+        return std::nullopt;
+    }
     auto found = amountUnder(range, at, place);
     found = found ? std::move(found) : amountFor(range, at, place, wanted);
     return found ? std::move(found) : amountOfSection(range, at, place);

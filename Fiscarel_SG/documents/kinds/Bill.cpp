@@ -372,13 +372,20 @@ class BillMapper {
         const bool isWhole = whole
                              && (whole->value() == sum
                                  || (isWider && !includesAlien(*whole, pure)
-                                     && (!target_.isShared || takesOff(*whole))));
+                                     && (!target_.isShared || takesOff(*whole)
+                                         || isPaidCourse(*whole))));
         isDisputed_ |= !isWhole && !columnCheck(all.back())
                        && (target_.isShared || target_.kind == Kind::spende)
                        && std::ranges::any_of(all, [&](const FoundAmount& one) {
                               return one.value() != all.back().value();
                           });
         return isWhole ? std::move(*whole) : all.back();
+    }
+
+    /// Whether a total says what was paid for a course with all that belongs to it.
+    bool isPaidCourse(const FoundAmount& whole) const {
+        return target_.kind == Kind::weiterbildung
+               && namesAny(whole.rowOf(), {paid}, whole.page->isRecognised);
     }
 
     /// What remains of a total when others bear a part of it, if both stand below; else it is the

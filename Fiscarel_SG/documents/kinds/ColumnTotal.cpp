@@ -55,7 +55,47 @@ std::optional<FoundAmount> totalOf(const PageRows& page, const TableHeading& hea
     return std::nullopt;
 }
 
+/// The amounts of a column row by row; empty where they are of several years.
+std::vector<FoundAmount> amountsOf(const PageRows& page, const TableHeading& heading,
+                                   std::size_t column) {
+    std::vector<FoundAmount> all;
+    std::optional<int> known;
+    for (std::size_t at = heading.row + 1; at < page.rows.size(); ++at) {
+        const auto amounts = heading.amountsIn(
+            page, at, [](const RowAmount& amount, std::size_t) { return amount.amount.isFirm(); });
+        if (amounts[column] == nullptr) {
+            break;
+        }
+        const auto year = yearOf(page.rows[at]);
+        if (known && year && *known != *year) {
+            return {};
+        }
+        known = year ? year : known;
+        all.push_back({.page = &page,
+                       .row = at,
+                       .amount = *amounts[column],
+                       .label = heading.columns[column].words()});
+    }
+    return all;
+}
+
 } // namespace
+
+std::optional<SummedAmount> columnSum(const DocumentRows& document, const Wanted& wanted) {
+    for (const PageRows& page : document.pages) {
+        for (std::size_t at = 0; at < page.rows.size() && page.number != 0; ++at) {
+            const TableHeading heading = tableHeadingIn(page, at, false);
+            for (std::size_t i = 0; i < heading.columns.size() && heading.columns.size() > 2; ++i) {
+                if (heads(heading.columns[i].cell, wanted, page.isRecognised)) {
+                    if (auto whole = wholeOfParts(document, amountsOf(page, heading, i))) {
+                        return whole;
+                    }
+                }
+            }
+        }
+    }
+    return std::nullopt;
+}
 
 std::optional<FoundAmount> columnTotal(const DocumentRows& document, const Wanted& wanted) {
     for (const PageRows& page : document.pages) {

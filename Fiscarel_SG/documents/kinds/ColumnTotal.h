@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Fiscarel_SG/documents/kinds/AmountFinder.h"
+#include "Fiscarel_SG/documents/kinds/BillSums.h"
 
 #include <optional>
 
@@ -10,5 +11,8 @@ namespace fiscarel {
 /// above it add up to. Absent without one, and where the column runs over several years. The value
 /// is that printed.
 std::optional<FoundAmount> columnTotal(const DocumentRows& document, const Wanted& wanted);
+
+/// What the amounts of such a column come to, where that is printed anywhere, as above the table.
+std::optional<SummedAmount> columnSum(const DocumentRows& document, const Wanted& wanted);
 
 } // namespace fiscarel

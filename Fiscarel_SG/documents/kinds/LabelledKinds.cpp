@@ -129,6 +129,21 @@ std::optional<FoundAmount> totalOfColumn(const KindContext& context, const Label
     return isPure ? std::move(whole) : std::nullopt;
 }
 
+/// What the contributions of a table come to, where that is told outside of it.
+std::optional<SummedAmount> sumOfColumn(const KindContext& context, const LabelledField& row) {
+    using enum Concept;
+    static const Wanted contributions{{},
+                                      {"nicht", "non", "not", "Vorjahr*"},
+                                      true,
+                                      {{contribution}, {paid}},
+                                      {balance, buyIn, occupational, freePillar, lifeCover,
+                                       interest, surrender, taxValue, limit, opening, other,
+                                       possible}};
+    const bool isMeant = row.field == std::string_view("pillar3a") && !row.wanted.labels.empty();
+    auto whole = isMeant ? columnSum(context.document, contributions) : std::nullopt;
+    return whole && whole->found.value() < row.below ? std::move(whole) : std::nullopt;
+}
+
 bool areIn(const RowRange& rows, const std::vector<FoundAmount>& all) {
     return std::ranges::all_of(all, [&](const FoundAmount& one) {
         return one.page == rows.page && one.row >= rows.first && one.row < rows.end;
@@ -171,6 +186,7 @@ void proposeField(const KindContext& context, const LabelledField& row, RecordsB
     const bool isPillar = row.field == std::string_view("pillar3a");
     const auto pieces = isPillar && !column ? wholeOfPieces(context.document, all) : std::nullopt;
     auto whole = pieces                          ? pieces
+                 : isPillar && all.empty()       ? sumOfColumn(context, row)
                  : isPillar && haveOneLabel(all) ? wholeOfParts(context.document, all)
                                                  : std::nullopt;
     auto list =

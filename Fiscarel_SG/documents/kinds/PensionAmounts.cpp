@@ -64,7 +64,7 @@ bool goesOn(const Row& row) {
 /// The next two words behind an amount, where no other clause begins: "Fr. 1'542.10 monatlich".
 void appendBehind(const PageRows& page, std::size_t at, const RowAmount& amount, Row& words) {
     const Row& row = page.rows[at];
-    if (endsClause(row.words[amount.last].text)) {
+    if (endsClause(row.words[amount.last].text) || endsSentence(row, amount.last)) {
         return;
     }
     for (std::size_t i = amount.last + 1; i < amount.last + 3; ++i) {
@@ -250,6 +250,9 @@ class Arithmetic {
             deduct();
         }
         multiply();
+        if (benefit_ == Benefit::pension) {
+            addExtras();
+        }
         addUpColumns();
         addUp();
         repeat();
@@ -351,6 +354,31 @@ class Arithmetic {
                         whole.rate = rate.found.amount.place;
                         whole.checks.push_back({productText(months, rate.found.value()), true});
                     }
+                }
+            }
+        }
+    }
+
+    /// Twelve months by their rate with what was paid once on top.
+    void addExtras() {
+        constexpr int months = 12;
+        for (PensionAmount& whole : amounts_) {
+            for (const PensionAmount& rate : amounts_) {
+                const Decimal year = rate.found.value() * months;
+                const bool isOpen = whole.canBePension() && !whole.isProven() && rate.isFactor
+                                    && !rate.isBarred && rate.found.value() >= 1;
+                const Decimal extra = whole.found.value() - year;
+                const auto isExtra = [&](const PensionAmount& one) {
+                    return !one.isBarred && one.found.value() == extra;
+                };
+                if (isOpen && extra > 0 && extra < rate.found.value()
+                    && std::ranges::any_of(amounts_, isExtra)) {
+                    whole.months = months;
+                    whole.rate = rate.found.amount.place;
+                    whole.checks.push_back({std::to_string(months) + " × "
+                                                + shown(rate.found.value()) + " + " + shown(extra)
+                                                + " = " + shown(whole.found.value()),
+                                            true});
                 }
             }
         }

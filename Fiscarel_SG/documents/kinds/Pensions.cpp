@@ -247,6 +247,9 @@ class BenefitPaper {
             if (named.size() == 1 && (named.front().birthDate || headsBlock(row))) {
                 return named.front();
             }
+            if (auto spouse = people_.spouseOf(row)) {
+                return spouse;
+            }
         }
         return std::nullopt;
     }

@@ -7,6 +7,7 @@
 #include "Fiscarel_SG/documents/rows/RowLabels.h"
 #include "Fiscarel_SG/documents/rows/Vocabulary.h"
 #include "Fiscarel_SG/documents/text/Digits.h"
+#include "Fiscarel_SG/documents/text/FoldedText.h"
 
 #include <algorithm>
 #include <string_view>
@@ -384,6 +385,26 @@ std::vector<NamedPerson> People::inCells(const Row& row) const {
             return std::ranges::count(named, one.folded, &NamedPerson::folded) == 1;
         });
     return areSeveral ? named : std::vector<NamedPerson>();
+}
+
+std::optional<NamedPerson> People::spouseOf(const Row& row) const {
+    constexpr std::size_t most = 4; // words
+    std::set<std::string> firsts;
+    std::set<std::string> names; // of both
+    for (const auto& [first, person] : couple_) {
+        firsts.insert(first);
+        for (std::string& word : foldedTokens(person.folded)) {
+            names.insert(std::move(word));
+        }
+    }
+    std::size_t named = 0;
+    bool areNames = row.words.size() >= 2 && row.words.size() <= most && row.amounts.empty();
+    for (const std::string& word : foldedTokens(row.folded)) {
+        named += firsts.contains(word) ? 1U : 0U;
+        areNames &= names.contains(word);
+    }
+    return areNames && named == 1 ? std::optional(nameFrom(row, 0, row.words.size() - 1))
+                                  : std::nullopt;
 }
 
 void People::look(const Row& row, const Row* above) {

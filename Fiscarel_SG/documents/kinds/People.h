@@ -35,6 +35,10 @@ class People {
     /// unless there are several.
     std::vector<NamedPerson> inCells(const Row& row) const;
 
+    /// The one of a couple that the paper is addressed to whose name is all a row says, in whatever
+    /// order: "Muster-Beispiel Anna".
+    std::optional<NamedPerson> spouseOf(const Row& row) const;
+
     /// Those told with a day of birth or as children, by their first names (folded).
     const std::map<std::string, NamedPerson>& born() const { return born_; }
 

@@ -2,172 +2,18 @@
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/kinds/RowSums.h"
+#include "Fiscarel_SG/documents/kinds/Sentences.h"
 #include "Fiscarel_SG/documents/kinds/SumText.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <string_view>
 #include <utility>
 
 namespace fiscarel {
 
 namespace {
-
-constexpr std::size_t fewestWords = 5; ///< of a sentence; fewer are a row of a table
-
-/// Words that make a sentence, as one row, with where its amounts come from.
-struct Sentence {
-    Row row;
-    std::vector<FoundAmount> amounts;
-    std::vector<std::size_t> starts; ///< index of each amount's first word in the sentence
-    std::vector<std::size_t> ends;   ///< and of its last
-    Products products;
-};
-
-/// Whether a row stands in columns rather than runs as a sentence does.
-bool isTabular(const Row& row) {
-    for (std::size_t i = 0; i + 1 < row.words.size(); ++i) {
-        if (row.words[i + 1].place.left - row.words[i].place.right > 2.5 * row.height()) {
-            return true;
-        }
-    }
-    return false;
-}
-
-class Sentences {
-  public:
-    explicit Sentences(const RowRange& range) : range_(range) {
-        for (std::size_t at = range.first; at < range.end; ++at) {
-            const Row& row = range.page->rows[at];
-            if (!row.words.empty() && !isTabular(row)) {
-                margin_ = std::max(margin_, row.words.back().place.right);
-            }
-        }
-        for (std::size_t at = range.first; at < range.end; ++at) {
-            const Row& row = range.page->rows[at];
-            const bool isApart = at > range.first
-                                 && row.top - range.page->rows[at - 1].bottom
-                                        > (range.page->isRecognised ? 1.8 : 1.2) * row.height();
-            if (isApart
-                || (at > range.first
-                    && (isBrokenOn(range.page->rows[at - 1], row)
-                        || isSetOff(range.page->rows[at - 1], row)))
-                || (range.page->number != 0 && isTabular(row))) {
-                finish();
-            }
-            if (range.page->number == 0 || !isTabular(row)) {
-                take(at);
-            }
-        }
-        finish();
-    }
-
-    const std::vector<Sentence>& all() const { return sentences_; }
-
-  private:
-    /// Whether a line ends before the margin although the next word would have had room: a title, a
-    /// salutation, the end of a paragraph.
-    bool isBrokenOn(const Row& line, const Row& next) const {
-        const bool isKnown = range_.page->number != 0 && !line.words.empty() && !next.words.empty();
-        if (!isKnown) {
-            return false;
-        }
-        // An amount and its currency are not torn apart.
-        const bool isAmount =
-            !next.amounts.empty()
-            && (next.amounts.front().first == 0
-                || (next.amounts.front().first == 1 && isFrancs(next.words.front().text)));
-        const double end =
-            isAmount ? next.amounts.front().place.right : next.words.front().place.right;
-        const double width = end - next.words.front().place.left;
-        return line.words.back().place.right + width + line.height() < margin_;
-    }
-
-    /// Whether one of two lines is nothing but an amount at another edge, as in the box of a form.
-    bool isSetOff(const Row& line, const Row& next) const {
-        const bool isKnown = range_.page->number != 0 && !line.words.empty() && !next.words.empty();
-        return isKnown && (hasOnlyAmounts(line) || hasOnlyAmounts(next))
-               && std::abs(next.words.front().place.left - line.words.front().place.left)
-                      > 4 * line.height();
-    }
-
-    void take(std::size_t at) {
-        const Row& row = range_.page->rows[at];
-        std::size_t next = 0; // amount
-        for (std::size_t i = 0; i < row.words.size(); ++i) {
-            current_.row.words.push_back(row.words[i]);
-            while (next < row.amounts.size() && row.amounts[next].last < i) {
-                ++next;
-            }
-            const bool endsAmount = next < row.amounts.size() && row.amounts[next].last == i;
-            if (endsAmount && row.amounts[next].amount.isFirm()) {
-                const RowAmount& amount = row.amounts[next];
-                const std::size_t last = current_.row.words.size() - 1;
-                current_.ends.push_back(last);
-                current_.starts.push_back(last - std::min(last, amount.last - amount.first));
-                current_.amounts.push_back(
-                    {.page = range_.page, .row = at, .amount = amount, .isBelow = true});
-            }
-            if (endsSentence(row, i)) {
-                finish();
-            }
-        }
-    }
-
-    void finish() {
-        if (current_.row.words.size() >= fewestWords && !current_.amounts.empty()) {
-            takeClauses();
-        }
-        current_ = {};
-    }
-
-    /// A semicolon parts what is told of one amount from what is told of the next.
-    void takeClauses() {
-        const auto& words = current_.row.words;
-        std::size_t first = 0;
-        for (std::size_t i = 0; i < words.size(); ++i) {
-            const bool isLast = i + 1 == words.size();
-            const bool isParted = words[i].text.ends_with(';') && hasAmounts(first, i + 1)
-                                  && hasAmounts(i + 1, words.size());
-            if (isLast || isParted) {
-                sentences_.push_back(clause(first, i + 1));
-                first = i + 1;
-            }
-        }
-    }
-
-    bool hasAmounts(std::size_t first, std::size_t end) const {
-        return std::ranges::any_of(
-            current_.starts, [&](std::size_t start) { return start >= first && start < end; });
-    }
-
-    Sentence clause(std::size_t first, std::size_t end) const {
-        Sentence clause;
-        std::vector<Decimal> values;
-        const auto words = current_.row.words.begin();
-        clause.row.words.assign(words + static_cast<std::ptrdiff_t>(first),
-                                words + static_cast<std::ptrdiff_t>(end));
-        for (std::size_t i = 0; i < current_.amounts.size(); ++i) {
-            if (current_.starts[i] >= first && current_.ends[i] < end) {
-                clause.amounts.push_back(current_.amounts[i]);
-                clause.starts.push_back(current_.starts[i] - first);
-                clause.ends.push_back(current_.ends[i] - first);
-                values.push_back(current_.amounts[i].value());
-            }
-        }
-        if (values.size() >= 2) {
-            clause.products = Products(clause.row, values);
-        }
-        return clause;
-    }
-
-    const RowRange& range_;
-    double margin_ = 0; ///< where full lines end
-    Sentence current_;
-    std::vector<Sentence> sentences_;
-};
 
 Row part(const Row& row, std::size_t first, std::size_t end) {
     Row words;
@@ -215,6 +61,44 @@ std::size_t endOfJoined(const Sentence& sentence, std::size_t which) {
     return isJoined ? next + 2 : next;
 }
 
+/// The first and the last word of what brackets set apart around an amount; absent outside of any.
+std::optional<std::pair<std::size_t, std::size_t>> asideAround(const Sentence& sentence,
+                                                               std::size_t which) {
+    const auto& words = sentence.row.words;
+    const auto closes = [&](std::size_t at) {
+        return words[at].text.find(')') != std::string::npos;
+    };
+    std::size_t first = sentence.starts[which];
+    while (!words[first].text.starts_with('(')) {
+        if (first == 0 || closes(first - 1)) {
+            return std::nullopt;
+        }
+        --first;
+    }
+    std::size_t last = sentence.ends[which];
+    while (last < words.size() && !closes(last)) {
+        ++last;
+    }
+    return last == words.size() ? std::nullopt : std::optional(std::pair(first, last));
+}
+
+/// The words up to an amount without the brackets that stand between: "the pension (of which CHF
+/// 450 in December) comes to CHF 9'450"; empty where none do.
+Row aroundAside(const Sentence& sentence, std::size_t which) {
+    const auto aside = which == 0 ? std::nullopt : asideAround(sentence, which - 1);
+    if (!aside || aside->second >= sentence.starts[which]) {
+        return {};
+    }
+    std::size_t before = which - 1; // the first amount within the brackets
+    while (before > 0 && sentence.starts[before - 1] >= aside->first) {
+        --before;
+    }
+    Row words = part(sentence.row, before == 0 ? 0 : sentence.ends[before - 1] + 1, aside->first);
+    const Row rest = part(sentence.row, aside->second + 1, sentence.starts[which]);
+    words.words.insert(words.words.end(), rest.words.begin(), rest.words.end());
+    return words;
+}
+
 /// The words that say what an amount is: those behind the amount before, up to it; where several of
 /// a sentence are followed by what they are for, those up to the next amount; the word joined to it
 /// behind; at last all words of a sentence that has no other.
@@ -238,6 +122,8 @@ std::vector<Row> ownWords(const Sentence& sentence, std::size_t which) {
         const Row more = part(sentence.row, rest, sentence.starts[which]);
         own.words.insert(own.words.end(), more.words.begin(), more.words.end());
         words.push_back(std::move(own));
+    } else if (Row outside = aroundAside(sentence, which); !outside.words.empty()) {
+        words.push_back(std::move(outside));
     } else if (from < sentence.starts[which]) {
         words.push_back(part(sentence.row, from, sentence.starts[which]));
     }
@@ -264,11 +150,14 @@ std::string_view wordBefore(const Sentence& sentence, std::size_t which) {
     return at == 0 ? std::string_view() : std::string_view(sentence.row.words[at - 1].folded);
 }
 
-/// Whether an amount is told to be the most there may be: "bis CHF 70'000 möglich".
+/// Whether an amount is told to be the most or the least there may be: "bis CHF 70'000 möglich",
+/// "Zuwendungen ab CHF 100".
 bool isBound(const Sentence& sentence, std::size_t which) {
-    static const Labels bounds{"bis",     "bis zu",        "höchstens", "maximal",    "jusqu'à",
-                               "au plus", "fino a",        "fino ad",   "al massimo", "up to",
-                               "at most", "au maximum de", "massimo di"};
+    static const Labels bounds{
+        "bis",          "bis zu",  "höchstens",  "maximal", "jusqu'à",     "au plus",
+        "fino a",       "fino ad", "al massimo", "up to",   "at most",     "au maximum de",
+        "massimo di",   "ab",      "mindestens", "dès",     "à partir de", "au moins",
+        "a partire da", "almeno",  "at least"};
     std::size_t end = sentence.starts[which];
     while (end > 0 && isFrancs(sentence.row.words[end - 1].text)) {
         --end;
@@ -302,15 +191,6 @@ std::size_t wholeOf(const Sentence& sentence, std::size_t which) {
         return which + 1;
     }
     return sentence.products.of(sentence.amounts[which].value()).value_or(which);
-}
-
-std::vector<Sentence> sentencesOf(const std::vector<RowRange>& ranges) {
-    std::vector<Sentence> all;
-    for (const RowRange& range : ranges) {
-        const Sentences found(range);
-        all.insert(all.end(), found.all().begin(), found.all().end());
-    }
-    return all;
 }
 
 /// The people a sentence names with the amount that follows each; empty for fewer than two, or an

@@ -78,6 +78,10 @@ Decimal valueOf(const std::optional<FoundAmount>& found) {
     return found ? found->value().abs() : Decimal();
 }
 
+bool isAmong(const FoundAmount& one, const Candidates& others) {
+    return std::ranges::any_of(others, [&](const auto& other) { return areSame(*other, one); });
+}
+
 /// The contributions of a list that names each insurance apart, as one.
 std::optional<FoundAmount> sumOf(const Candidates& parts) {
     if (parts.size() < 2) {
@@ -317,6 +321,10 @@ std::optional<SalaryForm> readWage(const std::vector<RowRange>& ranges) {
     if (table[0].empty() || table[1].empty()) {
         return std::nullopt;
     }
+    // Others leave a purchase out by its words: what they name too is none.
+    std::erase_if(table[2], [&](const auto& one) {
+        return isAmong(*one, table[3]) || isAmong(*one, table[4]);
+    });
     Choice choice = Search(table).run();
     if (!choice.isProven) {
         Table behind = table;

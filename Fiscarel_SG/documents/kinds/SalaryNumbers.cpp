@@ -110,15 +110,19 @@ SalaryBox boxOf(std::size_t order) {
     }
 }
 
-bool canBeOfBox(const RowAmount& amount) {
+/// Whether whole francs that may be a year are taken for amounts: "10.1   1911".
+enum class YearLike { no, yes };
+
+bool canBeOfBox(const RowAmount& amount, YearLike years = YearLike::no) {
     return amount.amount.isFirm()
-           || (!amount.amount.isYearLike() && amount.amount.value.abs() >= 100);
+           || ((years == YearLike::yes || !amount.amount.isYearLike())
+               && amount.amount.value.abs() >= 100);
 }
 
 /// The last amount of a row that may be one of a box, behind the box's own number.
-const RowAmount* amountOf(const PageRows& page, std::size_t at) {
+const RowAmount* amountOf(const PageRows& page, std::size_t at, YearLike years) {
     const RowAmount* amount = lastOrNewest(page, at);
-    return amount != nullptr && amount->first > 0 && canBeOfBox(*amount) ? amount : nullptr;
+    return amount != nullptr && amount->first > 0 && canBeOfBox(*amount, years) ? amount : nullptr;
 }
 
 /// A box of a grid: its number at the start of a cell, up to where the next one begins.
@@ -195,7 +199,7 @@ std::map<SalaryBox, RowAmount> ifProven(const PageRows& page,
 }
 
 /// The boxes of a form that stand below one another.
-std::map<SalaryBox, RowAmount> boxesOfList(const PageRows& page) {
+std::map<SalaryBox, RowAmount> boxesOfList(const PageRows& page, YearLike years) {
     std::map<SalaryBox, RowAmount> boxes;
     std::optional<std::size_t> reached;
     SalaryBox current = SalaryBox::none;
@@ -209,7 +213,7 @@ std::map<SalaryBox, RowAmount> boxesOfList(const PageRows& page) {
             reached = order;
             current = boxOf(*order);
         }
-        const RowAmount* amount = current == SalaryBox::none ? nullptr : amountOf(page, at);
+        const RowAmount* amount = current == SalaryBox::none ? nullptr : amountOf(page, at, years);
         if (amount == nullptr) {
             continue;
         }
@@ -228,8 +232,12 @@ int boxNumberOf(const Row& row) {
 }
 
 std::map<SalaryBox, RowAmount> boxesByNumber(const PageRows& page) {
-    auto boxes = ifProven(page, boxesOfList(page));
-    return boxes.empty() ? ifProven(page, boxesOfGrid(page)) : boxes;
+    for (const YearLike years : {YearLike::no, YearLike::yes}) {
+        if (auto boxes = ifProven(page, boxesOfList(page, years)); !boxes.empty()) {
+            return boxes;
+        }
+    }
+    return ifProven(page, boxesOfGrid(page));
 }
 
 } // namespace fiscarel

@@ -293,7 +293,7 @@ class SalaryTable {
         return form;
     }
 
-    /// The net wage of a row that has none: stated below the table, or what was paid with all
+    /// The net wage of a row that has none: stated below the table, or what was paid, with all
     /// that was kept back besides.
     void takeNetApart(std::size_t at, SalaryForm& form) const {
         const auto value = [&](SalaryBox box) { return form.value(box).value_or(Decimal()); };
@@ -309,8 +309,10 @@ class SalaryTable {
         for (std::size_t i = 0; i < amounts.size(); ++i) {
             kept = kept + (areKept_[i] && amounts[i] ? amounts[i]->amount.value.abs() : Decimal());
         }
-        for (std::size_t i = 0; i < amounts.size() && kept > 0; ++i) {
-            const bool isPaid = amounts[i] != nullptr && !areKept_[i]
+        for (std::size_t i = 0; i < amounts.size(); ++i) {
+            const bool isTold =
+                kept > 0 || namesAny(heading_.columns[i].cell, {Concept::paid}, page_.isRecognised);
+            const bool isPaid = amounts[i] != nullptr && isTold && !areKept_[i]
                                 && (!boxes_[i] || boxes_[i]->words->box == SalaryBox::net);
             if (isPaid && amounts[i]->amount.value.abs() + kept == net) {
                 RowAmount whole = *amounts[i];

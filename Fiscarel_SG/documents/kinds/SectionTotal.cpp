@@ -19,12 +19,58 @@ bool beginsSection(const Row& row) {
            && std::ranges::none_of(row.amounts, isCandidate);
 }
 
+bool hasDay(const Row& row) {
+    return std::ranges::any_of(row.words,
+                               [](const RowWord& word) { return parseDay(word.text).has_value(); });
+}
+
+const RowAmount* firstFirm(const Row& row) {
+    const auto found = std::ranges::find_if(
+        row.amounts, [](const RowAmount& amount) { return amount.amount.isFirm(); });
+    return found == row.amounts.end() ? nullptr : &*found;
+}
+
+/// What the payments below a heading come to, each in a row with its day, where that is printed
+/// beside them or right below.
+std::optional<FoundAmount> sumOfPayments(const RowRange& range, std::size_t at,
+                                         const LabelPlace& label) {
+    constexpr std::size_t nearby = 3; // rows
+    const PageRows& page = *range.page;
+    if (page.number == 0 || std::ranges::any_of(page.rows[at].amounts, isCandidate)) {
+        return std::nullopt;
+    }
+    Decimal sum;
+    std::size_t end = at + 1;
+    double column = 0;
+    for (; end < range.end && hasDay(page.rows[end]); ++end) {
+        const RowAmount* amount = firstFirm(page.rows[end]);
+        if (amount == nullptr
+            || (end > at + 1 && std::abs(amount->place.right - column) > alignment(page))) {
+            return std::nullopt;
+        }
+        column = amount->place.right;
+        sum = sum + amount->amount.value;
+    }
+    for (std::size_t row = at + 1; end > at + 2 && row < std::min(range.end, end + nearby); ++row) {
+        for (const RowAmount& amount : page.rows[row].amounts) {
+            if (amount.amount.isFirm() && amount.amount.value == sum) {
+                return FoundAmount{.page = &page,
+                                   .row = row,
+                                   .amount = amount,
+                                   .label = textBetween(page.rows[at], label.first, label.last),
+                                   .isBelow = true};
+            }
+        }
+    }
+    return std::nullopt;
+}
+
 } // namespace
 
 std::optional<FoundAmount> amountOfSection(const RowRange& range, std::size_t at,
                                            const LabelPlace& label) {
     if (!beginsSection(range.page->rows[at])) {
-        return std::nullopt;
+        return sumOfPayments(range, at, label);
     }
     Decimal sum;
     double column = 0;

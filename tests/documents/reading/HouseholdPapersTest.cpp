@@ -1,6 +1,6 @@
 // Papers that families get: whose an amount is, and which of several is the one of the year.
 
-#include "tests/documents/reading/DrawnPage.h"
+#include "tests/documents/reading/HouseholdPaper.h"
 
 #include <gtest/gtest.h>
 
@@ -10,27 +10,7 @@
 namespace fiscarel {
 namespace {
 
-struct Paper {
-    const char* name;
-    std::vector<Put> puts;
-    std::vector<std::string> wanted; ///< "who: field=value confidence", of all records
-};
-
-/// The amounts of all records with whose they are.
-std::vector<std::string> amountsOf(const std::vector<Put>& puts) {
-    static const std::vector<std::string> words{"childcareProvider", "provider", "employer",
-                                                "company",           "from",     "to"};
-    const ScanResult result = proposedFrom(puts);
-    std::vector<std::string> amounts;
-    for (std::size_t i = 0; i < result.records.size(); ++i) {
-        for (const std::string& value : valuesOf(result, i)) {
-            if (std::ranges::find(words, value.substr(0, value.find('='))) == words.end()) {
-                amounts.push_back(result.records[i].personName + ": " + value);
-            }
-        }
-    }
-    return amounts;
-}
+using Paper = HouseholdPaper;
 
 std::vector<Paper> papersOnChildren() {
     return {
