@@ -428,9 +428,12 @@ Row headingOver(const PageRows& page, std::size_t at, const RowAmount& amount) {
                                    row.words.begin() + static_cast<std::ptrdiff_t>(cell.last) + 1);
             }
         }
-        if (!words.words.empty()) {
+        const bool isCurrency = std::ranges::all_of(
+            words.words, [](const RowWord& word) { return isFrancs(word.text); });
+        if (!isCurrency) {
             break;
         }
+        words.words.clear(); // what the amounts are stands above it
     }
     return words;
 }

@@ -316,23 +316,33 @@ std::vector<NamedPerson> holdersIn(const Row& row) {
 
 People::People(const DocumentRows& document) {
     std::map<std::string, std::set<std::string>> inTables; // first names by family
+    std::set<std::pair<std::string, std::string>> pairs;   // as they stand in tables
+    std::set<std::pair<std::string, std::string>> cells;
     for (const PageRows& page : document.pages) {
         const Row* above = nullptr;
         for (std::size_t at = 0; at < page.rows.size(); ++at) {
             const Row& row = page.rows[at];
             look(row, above);
             above = &row;
-            if (const auto name = nameOverAmounts(page, at)) {
-                inTables[row.words[name->last].folded].insert(row.words[name->first].folded);
-            }
-            if (const auto name = nameOfAmount(row)) {
-                inTables[row.words[name->last].folded].insert(row.words[name->first].folded);
+            for (const auto& name : {nameOverAmounts(page, at), nameOfAmount(row)}) {
+                if (name) {
+                    const std::string& first = row.words[name->first].folded;
+                    const std::string& last = row.words[name->last].folded;
+                    inTables[last].insert(first);
+                    pairs.emplace(first, last);
+                }
             }
             for (const NamedPerson& name : holdersIn(row)) {
                 inTables[row.words[name.last].folded].insert(row.words[name.first].folded);
             }
+            for (const LabelPlace& cell : cellsOf(row)) {
+                if (cell.last == cell.first + 1 && nameAt(row, cell.first)) {
+                    cells.emplace(row.words[cell.first].folded, row.words[cell.last].folded);
+                }
+            }
         }
     }
+    takeReversed(pairs, cells);
     for (const auto& [family, firsts] : inTables) {
         if (firsts.size() >= 2) { // several of one family
             families_.insert(family);
@@ -344,6 +354,15 @@ std::vector<NamedPerson> People::in(const Row& row) const {
     std::vector<NamedPerson> named;
     const bool areTold = born_.size() >= 2;
     for (std::size_t i = 0; i < row.words.size(); ++i) {
+        const auto turned = !areTold && reversed_.contains(row.words[i].folded)
+                                ? nameAt(row, i)
+                                : std::nullopt;
+        if (turned) {
+            named.push_back(*turned);
+            named.back().folded = row.words[i + 1].folded + ' ' + row.words[i].folded;
+            ++i;
+            continue;
+        }
         const auto told = born_.find(row.words[i].folded);
         const bool isFull = i + 1 < row.words.size() && isFamily(row.words[i + 1].folded);
         if (!isCapitalised(row.words[i]) || isAnyIn(row.words[i].folded, noNames())
@@ -481,6 +500,25 @@ void People::look(const Row& row, const Row* above) {
     const auto label = findLabel(row, labels, false);
     if (const auto name = label ? nameAt(row, label->last + 1) : std::nullopt) {
         families_.insert(row.words[name->last].folded);
+    }
+}
+
+/// Families that stand before the first names of several in a table, where one of these is named
+/// the other way round elsewhere: "Muster Anna" below an address of Anna Muster.
+void People::takeReversed(const std::set<std::pair<std::string, std::string>>& inTables,
+                          const std::set<std::pair<std::string, std::string>>& elsewhere) {
+    for (const auto& [family, first] : inTables) {
+        const std::string name = first + ' ' + family;
+        const bool isTurned = elsewhere.contains({first, family})
+                              || std::ranges::any_of(couple_, [&](const auto& one) {
+                                     return one.second.folded == name;
+                                 });
+        const auto ofFamily = std::ranges::count(inTables, family, [](const auto& pair) {
+            return std::string_view(pair.first);
+        });
+        if (isTurned && ofFamily >= 2) {
+            reversed_.insert(family);
+        }
     }
 }
 

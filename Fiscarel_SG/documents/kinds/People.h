@@ -6,6 +6,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace fiscarel {
@@ -45,9 +46,12 @@ class People {
   private:
     void look(const Row& row, const Row* above);
     void takeCouple(const Row& row, std::size_t join);
+    void takeReversed(const std::set<std::pair<std::string, std::string>>& inTables,
+                      const std::set<std::pair<std::string, std::string>>& elsewhere);
     bool isFamily(const std::string& folded) const { return families_.contains(folded); }
 
     std::set<std::string> families_;
+    std::set<std::string> reversed_; ///< families that a table names before the first name
     std::map<std::string, NamedPerson> born_;
     std::map<std::string, NamedPerson> couple_; ///< by their first names
 };

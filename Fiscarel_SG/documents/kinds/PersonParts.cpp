@@ -25,8 +25,9 @@ class Search {
 
     Parts run() const {
         Parts first;
-        for (const auto way : {&Search::byRow, &Search::byColumn, &Search::bySentence,
-                               &Search::byBlockSum, &Search::byBlockRest, &Search::byBlock}) {
+        for (const auto way :
+             {&Search::byRow, &Search::byTotalledColumn, &Search::byColumn, &Search::bySentence,
+              &Search::byBlockSum, &Search::byBlockRest, &Search::byBlock}) {
             Parts found = (this->*way)();
             if (found.size() < 2) {
                 continue;
@@ -250,6 +251,57 @@ class Search {
             }
         }
         return starts;
+    }
+
+    /// The column whose heading says what is wanted and whose total below is that of the people
+    /// alone: beside rates and numbers of days. A name may stand above its amounts.
+    Parts byTotalledColumn() const {
+        for (const PageRows& page : document_.pages) {
+            Parts parts;
+            Decimal sum;
+            std::optional<FoundAmount> total;
+            const Starts starts = page.number == 0 ? Starts() : startsIn(page);
+            for (std::size_t i = 0; i < starts.size(); ++i) {
+                const std::size_t end =
+                    i + 1 == starts.size() ? page.rows.size() : starts[i + 1].first;
+                auto own = headedIn({&page, starts[i].first, end});
+                if (own) {
+                    total = totalBelow(*own);
+                    own->label = starts[i].second.name;
+                    sum = sum + own->value();
+                    parts.push_back({starts[i].second, std::move(*own)});
+                }
+            }
+            if (parts.size() >= 2 && areDistinct(parts) && total && total->value() == sum) {
+                return parts;
+            }
+        }
+        return {};
+    }
+
+    /// The only amount of the first row with any that stands under words for what is wanted. What
+    /// stands beside it is of other columns.
+    std::optional<FoundAmount> headedIn(const RowRange& block) const {
+        const PageRows& page = *block.page;
+        std::size_t at = block.first;
+        while (at < block.end && std::ranges::none_of(page.rows[at].amounts, isWorthy)) {
+            ++at;
+        }
+        std::optional<FoundAmount> only;
+        for (std::size_t i = 0; at < block.end && i < page.rows[at].amounts.size(); ++i) {
+            const RowAmount& amount = page.rows[at].amounts[i];
+            const Row heading = headingOver(page, at, amount);
+            FoundAmount own{.page = &page, .row = at, .amount = amount};
+            const bool isWanted = isWorthy(amount) && totalBelow(own)
+                                  && !isAside(page, at, amount)
+                                  && !placesIn(heading, wanted_, page.isRecognised).empty()
+                                  && !namesAny(heading, wanted_.notMeant, page.isRecognised);
+            if (isWanted && only) {
+                return std::nullopt;
+            }
+            only = isWanted ? std::optional(std::move(own)) : std::move(only);
+        }
+        return only;
     }
 
     /// A name above rows whose amounts, the last of each, one below them adds up: in whatever

@@ -1,5 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/PremiumWords.h"
 
+#include "Fiscarel_SG/documents/text/Digits.h"
+
 namespace fiscarel {
 
 using enum Concept;
@@ -57,8 +59,7 @@ const std::vector<Wanted>& singlePremiums() {
     static const std::vector<Concept> notMeant{net,     reduction, costSharing, other,
                                                benefit, total,     refunded};
     static const Labels without{
-        "Franchise",        "Selbstbehalt",       "franchigia",
-        "quote-part",       "nach Verbilligung*", "nach Prämienverbilligung*",
+        "Selbstbehalt",     "quote-part",         "nach Verbilligung*", "nach Prämienverbilligung*",
         "nach IPV",         "nach Abzug",         "nach Abzügen",
         "après réduction*", "après subside*",     "après déduction*",
         "dopo riduzion*",   "dopo la riduzione",  "dopo sussidi*",
@@ -75,6 +76,37 @@ const std::vector<Wanted>& singlePremiums() {
     };
     return rows;
 }
+namespace {
+
+const Labels& franchises() {
+    static const Labels words{"Franchise", "franchigia"};
+    return words;
+}
+
+} // namespace
+
+bool tellsShare(const FoundAmount& premium) {
+    const Row& row = premium.rowOf();
+    const auto place = findLabel(row, franchises(), premium.page->isRecognised);
+    if (!place || premium.isBelow) {
+        return place.has_value();
+    }
+    std::size_t next = place->last + 1;
+    while (next < premium.amount.first && isFrancs(row.words[next].text)) {
+        ++next;
+    }
+    return next >= premium.amount.first || !hasDigit(row.words[next].text);
+}
+
+bool isNoPremium(const Row& row, bool isRecognised) {
+    static const std::vector<Concept> others{net,     reduction, costSharing, other,   benefit,
+                                             total,   refunded,  accident,    invoice, medical,
+                                             balance, interest,  paid};
+    return namesAny(row, others, isRecognised)
+           || findLabel(row, singlePremiums().front().without, isRecognised)
+           || findLabel(row, franchises(), isRecognised);
+}
+
 const Wanted& costSharings() {
     static const Wanted wanted{
         {"Total Kostenbeteiligung*", "Nicht erstattete Kosten", "Nicht vergütete Kosten",

@@ -15,6 +15,11 @@ const Wanted& netPremiums();
 const Wanted& reductions();
 /// Premiums by law, before what is taken off.
 const std::vector<Wanted>& singlePremiums();
+/// Whether words beside a premium say that it is what somebody bears of the costs; a franchise is
+/// not where its height is told, as of a model: "Grundversicherung, Franchise 2500   4’011.60".
+bool tellsShare(const FoundAmount& premium);
+/// Whether a row tells of something else than a premium by law.
+bool isNoPremium(const Row& row, bool isRecognised);
 /// What the insured bear of the costs of illness.
 const Wanted& costSharings();
 

@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/AmountFinder.h"
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/kinds/NamedAmounts.h"
+#include "Fiscarel_SG/documents/kinds/PremiumParts.h"
 #include "Fiscarel_SG/documents/kinds/PremiumWords.h"
 #include "Fiscarel_SG/documents/kinds/Prose.h"
 #include "Fiscarel_SG/documents/kinds/RecordsByKind.h"
@@ -19,21 +20,6 @@ namespace {
 
 using Record = ProposedRecord::Kind;
 using enum Concept;
-
-/// The premiums by law, one for each row.
-std::vector<FoundAmount> findSingles(const std::vector<RowRange>& ranges) {
-    std::vector<FoundAmount> singles;
-    for (const Wanted& wanted : singlePremiums()) {
-        for (FoundAmount& one : findAmounts(ranges, wanted)) {
-            const bool isKnown = std::ranges::any_of(
-                singles, [&](const FoundAmount& other) { return areSame(one, other); });
-            if (!isKnown && one.value() >= 1) {
-                singles.push_back(std::move(one));
-            }
-        }
-    }
-    return singles;
-}
 
 /// Premiums − reduction = net; absent where one of both is not printed.
 std::optional<ProposalCheck> reductionCheck(const std::vector<RowRange>& ranges,
@@ -242,6 +228,9 @@ void proposeReduction(const KindContext& context, RecordsByKind& records, Propos
     const auto ranges = wholeDocument(context.document);
     auto found = findAmounts(ranges, reductions());
     std::erase_if(found, [](const FoundAmount& one) { return one.value().abs() < 1; });
+    if (auto card = found.empty() ? reductionInCard(ranges) : std::nullopt) {
+        found.push_back(std::move(*card));
+    }
     if (found.empty()) {
         return;
     }
@@ -349,10 +338,18 @@ std::optional<SummedAmount> wholeInProse(const std::vector<RowRange>& ranges,
     return isOfThese ? std::move(sum) : std::nullopt;
 }
 
+/// Whether the heading over an amount says that it is of treatments.
+bool isOfTreatments(const FoundAmount& found) {
+    const Row heading = headingOver(*found.page, found.row, found.amount);
+    return found.page->number != 0
+           && namesAny(heading, {invoice, benefit, refunded, costSharing, medical},
+                       found.page->isRecognised);
+}
+
 /// The premiums before what is taken off.
 void proposeGross(const KindContext& context, RecordsByKind& records, ProposalDraft& draft) {
     const auto ranges = wholeDocument(context.document);
-    const auto single = findSingles(ranges);
+    const auto single = singlePremiumsIn(ranges);
     if (const auto told = wholeInProse(ranges, single)) {
         Evidence evidence =
             evidenceOf(told->found, grossPremiums(), context.isKindClear, {*told->check});
@@ -373,9 +370,13 @@ void proposeGross(const KindContext& context, RecordsByKind& records, ProposalDr
         return;
     }
     // Without such a total the single premiums are added up.
+    const auto all = withUnnamed(single);
+    sum = isAmong ? sum : sumOf(all);
     for (FoundAmount one : findAmounts(ranges, plainTotals())) {
         takeWholeOfRow(one);
-        if (one.value() >= 1 && (single.empty() || one.value() == sum)) {
+        if (one.value() >= 1
+            && (single.empty() ? !isOfTreatments(one)
+                               : one.value() == sum || one.value() == sumOf(single))) {
             draft.add(
                 records.of(Record::householdDeductions, one.page->number),
                 "healthInsurancePremiums", one.value(),
@@ -391,7 +392,7 @@ void proposeGross(const KindContext& context, RecordsByKind& records, ProposalDr
         const auto column = columnCheck(*whole);
         evidence = evidenceOf(*whole, singlePremiums().back(), context.isKindClear,
                               {column ? *column : togetherCheck(whole->value())});
-    } else if (single.size() > 1) {
+    } else if (all.size() > 1) {
         evidence.reason = "Summe der einzelnen Prämien.";
         evidence.confidence = Confidence::low;
         if (auto check = reductionCheck(ranges, sum); check && check->passed) {
@@ -433,6 +434,15 @@ void proposeBorne(const KindContext& context, const FoundAmount& found, const Na
                .box = context.facts.issuer.box});
 }
 
+/// What a sentence tells each of several people to have borne; none where it is of premiums too.
+std::vector<PersonAmount> toldOfPeople(const DocumentRows& document) {
+    auto parts = findPeopleInProse(document, costSharings());
+    const bool areOfPremiums = std::ranges::any_of(parts, [](const PersonAmount& part) {
+        return namesAny(part.found.rowOf(), {premium}, part.found.page->isRecognised);
+    });
+    return areOfPremiums ? std::vector<PersonAmount>() : parts;
+}
+
 } // namespace
 
 void proposePremiums(const KindContext& context, RecordsByKind& records, ProposalDraft& draft) {
@@ -449,14 +459,12 @@ void proposeCostSharing(const KindContext& context, ProposalDraft& draft) {
     std::erase_if(all, [&](const FoundAmount& one) {
         return one.value() < 1 || isPremium(ranges, draft.result(), one);
     });
-    if (all.empty()) {
-        return;
-    }
-    const auto parts = amountsOfPeople(context.document, all);
+    auto parts = amountsOfPeople(context.document, all);
+    parts = parts.empty() ? toldOfPeople(context.document) : std::move(parts);
     for (const PersonAmount& part : parts) {
         proposeBorne(context, part.found, &part.person, draft);
     }
-    if (parts.empty()) {
+    if (parts.empty() && !all.empty()) {
         proposeBorne(context, all.back(), nullptr, draft);
     }
 }

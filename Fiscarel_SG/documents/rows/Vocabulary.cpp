@@ -59,6 +59,18 @@ bool isRateInName(const Row& row, const LabelPlace& place) {
     return isBehind || (place.first > 0 && isAnyIn(row.words[place.first - 1].folded, kindsBefore));
 }
 
+/// Whether what looks like "due" or "dû" goes on as another word does: "due superfici", "frais du
+/// médecin".
+bool isNoDebt(const Row& row, const LabelPlace& place) {
+    static const Labels goOn{"by", "on", "in", "for", "within", "date", "until", "upon", "at", "from"};
+    const std::string& text = row.words[place.first].text;
+    if ((text != "due" && text != "du") || place.last + 1 >= row.words.size()) {
+        return false;
+    }
+    const RowWord& next = row.words[place.last + 1];
+    return next.text[0] >= 'a' && next.text[0] <= 'z' && !isAnyIn(next.folded, goOn);
+}
+
 /// Whether what stands at a place is said not to be: "ohne Kirchensteuer", "(keine Spende)", "nicht
 /// abziehbar".
 bool isDenied(const Row& row, const LabelPlace& place, Concept meant) {
@@ -86,6 +98,9 @@ bool isDenied(const Row& row, const LabelPlace& place, Concept meant) {
     if (meant == Concept::other && place.last + 1 < row.words.size()
         && row.words[place.first].folded == "dont"
         && isAnyIn(row.words[place.last + 1].folded, subjects)) {
+        return true;
+    }
+    if (meant == Concept::payable && isNoDebt(row, place)) {
         return true;
     }
     if (meant == Concept::rate && isRateInName(row, place)) {

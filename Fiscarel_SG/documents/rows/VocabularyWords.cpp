@@ -91,6 +91,8 @@ std::vector<ConceptWords> moneyWords() {
           "due",
           "exigible*",
           "en notre faveur",
+          "a nostro favore",
+          "pagabil*",
           "da pagare",
           "da versare",
           "dovuto",

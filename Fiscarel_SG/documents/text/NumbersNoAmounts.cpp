@@ -225,6 +225,18 @@ class Marking {
         if (isCode && next.size() > 2 && next[0] >= 'A' && next[0] <= 'Z' && !isFrancs(next)
             && !hasDigit(next)) {
             mark(at);
+            markHouse(at);
+        }
+    }
+
+    /// "Strasse 30, 9000 St. Gallen": the number of the house before a place.
+    void markHouse(std::size_t place) {
+        std::string_view number = place > 0 ? word(place - 1) : std::string_view();
+        if (number.size() > 1 && number.size() <= 4 && number.back() == ',') {
+            number.remove_suffix(1);
+            if (hasOnlyDigits(number)) {
+                mark(place - 1);
+            }
         }
     }
 
