@@ -103,20 +103,23 @@ struct Pass {
 };
 
 /// The words of a row with the last ones of the line before where a sentence goes on from it: "il
-/// valore di | riscatto".
+/// valore di | riscatto"; empty where none does.
 Row withLineBefore(const RowRange& range, std::size_t at) {
     constexpr std::size_t most = 3; // words of the line before
     Row words = range.page->rows[at];
     if (at == range.first || range.page->number == 0 || words.words.empty()) {
-        return words;
+        return {};
     }
     const Row& before = range.page->rows[at - 1];
     const char start = words.words.front().text.front();
     const bool goesOn = start >= 'a' && start <= 'z' && !before.words.empty()
                         && words.top - before.bottom < words.height() && cellsOf(words).size() == 1
                         && cellsOf(before).size() == 1;
+    if (!goesOn) {
+        return {};
+    }
     std::size_t first = before.words.size();
-    while (goesOn && first > 0 && before.words.size() - first < most
+    while (first > 0 && before.words.size() - first < most
            && !endsSentence(before.words[first - 1])) {
         --first;
     }
