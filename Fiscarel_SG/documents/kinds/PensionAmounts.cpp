@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/PensionAmounts.h"
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+#include "Fiscarel_SG/documents/kinds/PensionClauses.h"
 #include "Fiscarel_SG/documents/kinds/PensionWords.h"
 #include "Fiscarel_SG/documents/kinds/RowSums.h"
 #include "Fiscarel_SG/documents/kinds/SumText.h"
@@ -17,109 +18,6 @@ namespace fiscarel {
 namespace {
 
 constexpr std::size_t farthest = 12; ///< amounts between a sum and its parts
-
-/// What rates are counted by.
-const Labels& units() {
-    static const Labels words{"Monat*",      "mois",  "mesi",  "mensilità",
-                              "mensualité*", "Tage*", "jours", "giorni"};
-    return words;
-}
-
-/// Words of a row as a row of their own.
-void append(Row& words, const Row& row, std::size_t first, std::size_t end) {
-    for (std::size_t i = first; i < std::min(end, row.words.size()); ++i) {
-        words.words.push_back(row.words[i]);
-    }
-}
-
-bool isProse(const Row& row) { return row.words.size() >= 6 && cellsOf(row).size() == 1; }
-
-bool endsClause(const std::string& text) {
-    return text.ends_with(',') || text.ends_with(';') || text.ends_with(')');
-}
-
-/// Where the clause of an amount begins in its row: behind the amount before and what goes with it
-/// ("al mese,"), or behind the sentence before.
-std::size_t clauseStart(const Row& row, std::size_t amount) {
-    std::size_t first = amount == 0 ? 0 : row.amounts[amount - 1].last + 1;
-    for (std::size_t i = first; amount > 0 && i < std::min(first + 3, row.amounts[amount].first);
-         ++i) {
-        if (endsClause(row.words[i].text)) {
-            first = i + 1;
-            break;
-        }
-    }
-    for (std::size_t i = first; i < row.amounts[amount].first; ++i) {
-        first = endsSentence(row.words[i]) ? i + 1 : first;
-    }
-    return first;
-}
-
-/// Whether a row goes on with what the one before it says.
-bool goesOn(const Row& row) {
-    const char first = row.words.front().text.empty() ? 'A' : row.words.front().text.front();
-    return first >= 'a' && first <= 'z';
-}
-
-/// The next two words behind an amount, where no other clause begins: "Fr. 1'542.10 monatlich".
-void appendBehind(const PageRows& page, std::size_t at, const RowAmount& amount, Row& words) {
-    const Row& row = page.rows[at];
-    if (endsClause(row.words[amount.last].text) || endsSentence(row, amount.last)) {
-        return;
-    }
-    for (std::size_t i = amount.last + 1; i < amount.last + 3; ++i) {
-        const Row* from = i < row.words.size()        ? &row
-                          : at + 1 < page.rows.size() ? &page.rows[at + 1]
-                                                      : nullptr;
-        const std::size_t word = from == &row ? i : i - row.words.size();
-        if (from == nullptr || word >= from->words.size() || from->words[word].text.starts_with('(')
-            || (from != &row && !goesOn(*from))) {
-            return;
-        }
-        append(words, *from, word, word + 1);
-        if (endsClause(from->words[word].text) || endsSentence(from->words[word])) {
-            return;
-        }
-    }
-}
-
-/// "7 mensilità", "12 Monate": what a row above says, but heads no column.
-bool tellsMonths(const Row& words) {
-    for (std::size_t i = 0; i + 1 < words.words.size(); ++i) {
-        if (smallNumber(words.words[i].folded, 2) && isAnyIn(words.words[i + 1].folded, units())) {
-            return true;
-        }
-    }
-    return false;
-}
-
-/// What is told of an amount.
-Row wordsOf(const PageRows& page, std::size_t at, std::size_t amount) {
-    const Row& row = page.rows[at];
-    const RowAmount& own = row.amounts[amount];
-    Row words;
-    if (!isProse(row)) {
-        append(words, row, 0, row.amounts.front().first);
-        append(words, row, row.amounts.back().last + 1, row.words.size());
-        const Row heading = headingOver(page, at, own);
-        if (!tellsMonths(heading)) {
-            append(words, heading, 0, heading.words.size());
-        }
-        return words;
-    }
-    const std::size_t first = clauseStart(row, amount);
-    if (first == 0 && at > 0 && isProse(page.rows[at - 1])) { // the clause began a line before
-        const Row& before = page.rows[at - 1];
-        std::size_t from = before.amounts.empty() ? 0 : before.amounts.back().last + 1;
-        for (std::size_t i = from; i < before.words.size(); ++i) {
-            from = endsSentence(before.words[i]) ? i + 1 : from;
-        }
-        append(words, before, from, before.words.size());
-    }
-    append(words, row, first, own.first);
-    appendBehind(page, at, own, words);
-    return words;
-}
 
 /// Currencies other than francs.
 bool isForeign(const RowWord& word) {
@@ -198,7 +96,7 @@ bool countsUnits(const PageRows& page, const Row& row, std::size_t word) {
     const auto next = static_cast<std::size_t>(&row - page.rows.data()) + 1;
     const bool isLast = word + 1 == row.words.size();
     return isLast && next < page.rows.size()
-           && isAnyIn(page.rows[next].words.front().folded, units());
+           && isAnyIn(page.rows[next].words.front().folded, countedUnits());
 }
 
 /// Numbers that count months or days: "12 ×", "(3 Monate)", "26 Tage zu", or in a column below
@@ -208,7 +106,7 @@ std::set<int> unitCounts(const DocumentRows& document) {
     for (const PageRows& page : document.pages) {
         bool areTold = false; // months or days, in one of the rows so far
         for (const Row& row : page.rows) {
-            const bool isOfMonths = findLabel(row, units(), page.isRecognised).has_value();
+            const bool isOfMonths = findLabel(row, countedUnits(), page.isRecognised).has_value();
             areTold |= isOfMonths;
             for (std::size_t i = 0; i < row.words.size(); ++i) {
                 const std::string& text = row.words[i].folded;
@@ -242,7 +140,8 @@ std::set<int> unitCounts(const DocumentRows& document) {
 class Arithmetic {
   public:
     Arithmetic(std::vector<PensionAmount>& amounts, const DocumentRows& document, Benefit benefit)
-        : amounts_(amounts), document_(document), benefit_(benefit) {}
+        : amounts_(amounts), document_(document), benefit_(benefit),
+          isGrossTaxed_(benefit == Benefit::allowances && saysGrossTaxed(document)) {}
 
     void run() {
         convert();
@@ -319,13 +218,16 @@ class Arithmetic {
     }
 
     void takeNet(std::size_t gross, std::size_t net) {
+        const std::size_t taken = isGrossTaxed_ ? gross : net;
         std::vector<Decimal> parts;
-        for (std::size_t at = gross; at < net; ++at) {
-            amounts_[at].isFactor = true;
+        for (std::size_t at = gross; at <= net; ++at) {
+            amounts_[at].isFactor |= at != taken;
             const Decimal value = amounts_[at].found.value();
-            parts.push_back(at == gross ? value : -value.abs());
+            if (at < net) {
+                parts.push_back(at == gross ? value : -value.abs());
+            }
         }
-        amounts_[net].checks.push_back(
+        amounts_[taken].checks.push_back(
             {sumText(parts, amounts_[net].found.value().abs()) + ", was nach den Abzügen bleibt",
              true});
     }
@@ -488,11 +390,12 @@ class Arithmetic {
     std::vector<PensionAmount>& amounts_;
     const DocumentRows& document_;
     Benefit benefit_;
+    bool isGrossTaxed_; ///< what contributions were taken of is to be declared
 };
 
 /// Whether a newer year's amount stands beside one in its row, as the headings tell.
 bool isOfOlderYear(const PageRows& page, std::size_t at, const RowAmount& amount) {
-    const RowAmount* newest = isProse(page.rows[at]) ? nullptr : newestIn(page, at);
+    const RowAmount* newest = runsOn(page.rows[at]) ? nullptr : newestIn(page, at);
     return newest != nullptr && newest != &amount;
 }
 
@@ -501,8 +404,8 @@ PensionAmount told(PensionAmount one, std::size_t index, Benefit benefit) {
     const PageRows& page = *one.found.page;
     const Row& row = one.found.rowOf();
     const bool isRecognised = page.isRecognised;
-    one.found.isBelow = isProse(row);
-    one.words = wordsOf(page, one.found.row, index);
+    one.found.isBelow = runsOn(row);
+    one.words = wordsOfClause(page, one.found.row, index);
     one.isTaxFree =
         findLabel(one.found.isBelow ? one.words : row, taxFree(), isRecognised) || endsInNo(row);
     one.isForTax = !one.isTaxFree && saysTaxed(one.words, isRecognised);

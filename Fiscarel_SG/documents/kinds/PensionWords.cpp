@@ -1,5 +1,8 @@
 #include "Fiscarel_SG/documents/kinds/PensionWords.h"
 
+#include "Fiscarel_SG/documents/rows/Vocabulary.h"
+#include "Fiscarel_SG/documents/text/FoldedText.h"
+
 #include <algorithm>
 #include <set>
 
@@ -50,6 +53,20 @@ bool saysTaxed(const Row& words, bool isRecognised) {
                                 return word.text.find('%') != std::string::npos;
                             });
     return !isShare && findLabel(words, tax, isRecognised).has_value();
+}
+
+bool saysGrossTaxed(const DocumentRows& document) {
+    static const Labels declared{"zu deklarieren", "zu versteuern",  "anzugeben",
+                                 "einzutragen",    "à déclarer",     "à indiquer",
+                                 "à reporter",     "vanno indicat*", "va indicat*",
+                                 "da dichiarare",  "da indicare",    "to be declared"};
+    return std::ranges::any_of(document.pages, [&](const PageRows& page) {
+        return std::ranges::any_of(page.rows, [&](const Row& row) {
+            return findLabel(row, declared, page.isRecognised)
+                   && namesAny(row, {Concept::gross}, page.isRecognised)
+                   && !namesAny(row, {Concept::net}, page.isRecognised);
+        });
+    });
 }
 
 /// Who gets the allowances of those whom he goes on paying.
@@ -189,6 +206,96 @@ const Labels& perMonth() {
                               "mensuel*",   "al mese",      "mensil*",          "Monatsansatz",
                               "p. M."};
     return words;
+}
+
+namespace {
+
+/// Words that tell a pension of the state from a fund's: "Rente der AHV", "rendita di vecchiaia
+/// AVS"; not "AHV-Nr.".
+bool namesStatePension(const std::string& folded) {
+    static const Labels pensions{"*rente", "*renten", "rente", "rentes", "rendita", "rendite"};
+    static const std::set<std::string> insurances{"ahv", "iv", "avs", "ai", "ahv-iv"};
+    static const std::set<std::string> numbers{"nr", "nummer", "no", "n", "numero", "num", "alter"};
+    if (!isAnyIn(folded, pensions)) {
+        return false;
+    }
+    const auto words = foldedTokens(folded);
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        const bool isNumber = (i + 1 < words.size() && numbers.contains(words[i + 1]))
+                              || (i > 0 && numbers.contains(words[i - 1]));
+        if (insurances.contains(words[i]) && !isNumber) {
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace
+
+bool isOfTheState(const DocumentRows& document) {
+    static const Labels state{"*ausgleichskasse*",
+                              "*Sozialversicherungsanstalt*",
+                              "*Sozialversicherungsstelle*",
+                              "*Sozialversicherungsamt*",
+                              "*Sozialversicherungszentrum*",
+                              "SVA",
+                              "IV-Stelle*",
+                              "AHV-Kasse*",
+                              "AHV-Stelle*",
+                              "AHV-Zweigstelle*",
+                              "AHV-Anstalt*",
+                              "AHV-IV-FAK*",
+                              "AHV/IV-Rente*",
+                              "AHV-Rente*",
+                              "AHV Renten",
+                              "IV-Rente*",
+                              "IV Renten",
+                              "Rentenbescheinigung der AHV",
+                              "Rente AVS*",
+                              "caisse de compensation",
+                              "caisse cantonale de compensation",
+                              "caisse AVS",
+                              "office AI",
+                              "office des assurances sociales",
+                              "établissement des assurances sociales",
+                              "cassa di compensazione",
+                              "cassa cantonale di compensazione",
+                              "cassa AVS",
+                              "rendita AVS*",
+                              "ufficio AI",
+                              "istituto delle assicurazioni sociali",
+                              "istituto sociale"};
+    static const Labels funds{"*pensionskasse*",
+                              "*personalvorsorge*",
+                              "*sammelstiftung*",
+                              "BVG",
+                              "LPP",
+                              "*vorsorgestiftung*",
+                              "caisse de pension*",
+                              "fondation de prévoyance",
+                              "cassa pension*",
+                              "Beruflichen Vorsorge",
+                              "Lohnausweis"};
+    std::string title;
+    bool isNamed = false;
+    const PageRows& page = document.pages.front();
+    for (const Row& row : page.rows) {
+        const bool isTop = page.number == 0 || row.middle() < page.height * 0.45;
+        title += isTop ? row.folded + ' ' : "";
+        isNamed |= isTop && namesStatePension(row.folded);
+    }
+    static const Labels named{"Alters- und Hinterlassenenversicherung",
+                              "Alters und Hinterlassenenversicherung",
+                              "assurance-vieillesse et survivants",
+                              "assicurazione vecchiaia e superstiti",
+                              "1. Säule",
+                              "erste Säule",
+                              "1er pilier",
+                              "premier pilier",
+                              "1° pilastro",
+                              "primo pilastro"};
+    return (isNamed || isAnyIn(title, state) || isAnyIn(document.folded, named))
+           && !isAnyIn(title, funds);
 }
 
 } // namespace fiscarel

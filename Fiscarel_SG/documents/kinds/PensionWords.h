@@ -13,6 +13,8 @@ const Labels& taxFree();
 bool endsInNo(const Row& row);
 /// That the amount is the one to declare; a share of it is not.
 bool saysTaxed(const Row& words, bool isRecognised);
+/// That it is the amount before deductions that is to be declared.
+bool saysGrossTaxed(const DocumentRows& document);
 
 /// What stands on papers on pensions and is none of the year: capital, fees, other years.
 const Labels& noPension();
@@ -24,6 +26,8 @@ bool namesEmployer(const DocumentRows& document);
 /// and what the allowance is computed from.
 const Labels& noAllowance();
 
+/// Whether a paper comes from the state's insurances for old age and disability, and is no fund's.
+bool isOfTheState(const DocumentRows& document);
 /// Whether a paper says that something began within a year, after its first day: "ab 1.7.2025",
 /// "Beginn 1. Juli 2025".
 bool beginsWithin(const DocumentRows& document, int year);

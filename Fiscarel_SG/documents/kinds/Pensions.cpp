@@ -7,7 +7,6 @@
 #include "Fiscarel_SG/documents/kinds/PlainAmount.h"
 #include "Fiscarel_SG/documents/kinds/Prose.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
-#include "Fiscarel_SG/documents/text/FoldedText.h"
 
 #include <algorithm>
 #include <set>
@@ -41,93 +40,6 @@ const Wanted& pensions() {
          {amount, paid}},
         {other, possible, rate}};
     return wanted;
-}
-
-/// Words that tell a pension of the state from a fund's: "Rente der AHV", "rendita di vecchiaia
-/// AVS"; not "AHV-Nr.".
-bool namesStatePension(const std::string& folded) {
-    static const Labels pensions{"*rente", "*renten", "rente", "rentes", "rendita", "rendite"};
-    static const std::set<std::string> insurances{"ahv", "iv", "avs", "ai", "ahv-iv"};
-    static const std::set<std::string> numbers{"nr", "nummer", "no", "n", "numero", "num", "alter"};
-    if (!isAnyIn(folded, pensions)) {
-        return false;
-    }
-    const auto words = foldedTokens(folded);
-    for (std::size_t i = 0; i < words.size(); ++i) {
-        const bool isNumber = (i + 1 < words.size() && numbers.contains(words[i + 1]))
-                              || (i > 0 && numbers.contains(words[i - 1]));
-        if (insurances.contains(words[i]) && !isNumber) {
-            return true;
-        }
-    }
-    return false;
-}
-
-/// Whether a paper comes from the state's insurances for old age and disability, and is no fund's.
-bool isOfTheState(const DocumentRows& document) {
-    static const Labels state{"*ausgleichskasse*",
-                              "*Sozialversicherungsanstalt*",
-                              "*Sozialversicherungsstelle*",
-                              "*Sozialversicherungsamt*",
-                              "*Sozialversicherungszentrum*",
-                              "SVA",
-                              "IV-Stelle*",
-                              "AHV-Kasse*",
-                              "AHV-Stelle*",
-                              "AHV-Zweigstelle*",
-                              "AHV-Anstalt*",
-                              "AHV-IV-FAK*",
-                              "AHV/IV-Rente*",
-                              "AHV-Rente*",
-                              "AHV Renten",
-                              "IV-Rente*",
-                              "IV Renten",
-                              "Rentenbescheinigung der AHV",
-                              "Rente AVS*",
-                              "caisse de compensation",
-                              "caisse cantonale de compensation",
-                              "caisse AVS",
-                              "office AI",
-                              "office des assurances sociales",
-                              "établissement des assurances sociales",
-                              "cassa di compensazione",
-                              "cassa cantonale di compensazione",
-                              "cassa AVS",
-                              "rendita AVS*",
-                              "ufficio AI",
-                              "istituto delle assicurazioni sociali",
-                              "istituto sociale"};
-    static const Labels funds{"*pensionskasse*",
-                              "*personalvorsorge*",
-                              "*sammelstiftung*",
-                              "BVG",
-                              "LPP",
-                              "*vorsorgestiftung*",
-                              "caisse de pension*",
-                              "fondation de prévoyance",
-                              "cassa pension*",
-                              "Beruflichen Vorsorge",
-                              "Lohnausweis"};
-    std::string title;
-    bool isNamed = false;
-    const PageRows& page = document.pages.front();
-    for (const Row& row : page.rows) {
-        const bool isTop = page.number == 0 || row.middle() < page.height * 0.45;
-        title += isTop ? row.folded + ' ' : "";
-        isNamed |= isTop && namesStatePension(row.folded);
-    }
-    static const Labels named{"Alters- und Hinterlassenenversicherung",
-                              "Alters und Hinterlassenenversicherung",
-                              "assurance-vieillesse et survivants",
-                              "assicurazione vecchiaia e superstiti",
-                              "1. Säule",
-                              "erste Säule",
-                              "1er pilier",
-                              "premier pilier",
-                              "1° pilastro",
-                              "primo pilastro"};
-    return (isNamed || isAnyIn(title, state) || isAnyIn(document.folded, named))
-           && !isAnyIn(title, funds);
 }
 
 /// Where the amount of a benefit goes.
