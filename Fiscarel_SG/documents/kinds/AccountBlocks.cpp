@@ -130,15 +130,14 @@ bool hasFiguresBelow(const PageRows& page, std::size_t at) {
 bool isLoanTitle(const PageRows& page, std::size_t at) {
     static const Labels parts{"Tranche*", "tranche*"};
     const Row& row = page.rows[at];
+    const std::size_t words = bareTitle(row).words.size(); // "Crédit (clos le 30.06.2025)"
     const auto part = findLabel(row, parts, page.isRecognised);
     // "Tranche B, 2,15 %", "Ipoteca fissa – casa in Tegna"
-    const bool isWide =
-        row.words.size() <= 8 && std::ranges::any_of(row.words, [](const auto& word) {
-            return word.folded.empty() || word.text.ends_with(',');
-        });
-    const bool isPart = part && part->first == 0 && row.words.size() <= 8;
-    if ((row.words.size() > 5 && !isPart && !isWide) || hasFirmAmount(row)
-        || cellsOf(row).size() != 1
+    const bool isWide = words <= 8 && std::ranges::any_of(row.words, [](const auto& word) {
+                            return word.folded.empty() || word.text.ends_with(',');
+                        });
+    const bool isPart = part && part->first == 0 && words <= 8;
+    if ((words > 5 && !isPart && !isWide) || hasFirmAmount(row) || cellsOf(row).size() != 1
         || (!isPart && !beginsWith(page, at, Concept::debt) && !namesCard(row))) {
         return false;
     }

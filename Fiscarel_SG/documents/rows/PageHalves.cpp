@@ -17,6 +17,7 @@ namespace fiscarel {
 namespace {
 
 constexpr std::size_t fewestRows = 2; ///< with names and amounts in both halves
+constexpr double indent = 16;         ///< points, of what stands below a title
 
 /// Where the right half of a row begins that has words and then amounts in both; absent for others.
 std::optional<double> halfEdge(const Row& row) {
@@ -52,7 +53,6 @@ struct Halves {
 /// Whether a row is the title of each half, and nothing else, maybe with what heads its amounts:
 /// "Bezüge   CHF   Abzüge   CHF". What stands below may be indented.
 bool isTitleOf(const Row& row, const Halves& halves) {
-    constexpr double indent = 16; // points
     const auto cells = cellsOf(row);
     const auto begins = [](const LabelPlace& cell, double left) {
         return cell.left > left - indent && cell.left <= left + aligned;
@@ -97,6 +97,16 @@ bool hasNoOwnWords(const Row& row, const std::vector<double>& edges) {
     return !right.words.empty() && !isLeftOf(right, edges) && hasOnlyAmounts(right);
 }
 
+/// Where the right half begins if a row of it stands further out than those with amounts.
+double outdented(const Row& row, double edge, double ofAmounts) {
+    for (const LabelPlace& cell : cellsOf(row)) {
+        if (cell.left > ofAmounts - indent && cell.left < edge) {
+            return cell.left;
+        }
+    }
+    return edge;
+}
+
 /// The halves whose first row with amounts in both is this one.
 std::optional<Halves> halvesAt(const PageRows& page, std::size_t at) {
     constexpr double farthest = 6; // heights between a half's blocks
@@ -106,12 +116,13 @@ std::optional<Halves> halvesAt(const PageRows& page, std::size_t at) {
         return std::nullopt;
     }
     Halves halves{at, at + 1, cellsOf(rows[at]).front().left, *edge};
-    const std::vector<double> edges{*edge};
     std::size_t both = 1;
     std::size_t titles = 0;
     bool isOfBoth = false;
     for (; halves.first > 0; --halves.first) {
         const Row& above = rows[halves.first - 1];
+        halves.edge = outdented(above, halves.edge, *edge);
+        const std::vector<double> edges{halves.edge};
         const bool isTitle = isTitleOf(above, halves);
         if ((!isTitle && !fitsEdges(above, edges)) || hasFirmAmount(above)
             || gapOf(above, rows[halves.first]) >= farthest) {
@@ -127,6 +138,8 @@ std::optional<Halves> halvesAt(const PageRows& page, std::size_t at) {
     for (; halves.end < rows.size(); ++halves.end) {
         const Row& row = rows[halves.end];
         const auto own = halfEdge(row);
+        halves.edge = outdented(row, halves.edge, *edge);
+        const std::vector<double> edges{halves.edge};
         if (crossesEdges(row, edges) || hasNoOwnWords(row, edges)
             || gapOf(rows[halves.end - 1], row) >= farthest
             || (own && std::abs(*own - *edge) > aligned)
