@@ -55,9 +55,9 @@ std::optional<FoundAmount> totalOf(const PageRows& page, const TableHeading& hea
     return std::nullopt;
 }
 
-/// The amounts of a column row by row; empty where they are of several years.
+/// The amounts of a column row by row; empty where they are of several years or one is alien.
 std::vector<FoundAmount> amountsOf(const PageRows& page, const TableHeading& heading,
-                                   std::size_t column) {
+                                   std::size_t column, const Wanted& wanted) {
     std::vector<FoundAmount> all;
     std::optional<int> known;
     for (std::size_t at = heading.row + 1; at < page.rows.size(); ++at) {
@@ -67,7 +67,8 @@ std::vector<FoundAmount> amountsOf(const PageRows& page, const TableHeading& hea
             break;
         }
         const auto year = yearOf(page.rows[at]);
-        if (known && year && *known != *year) {
+        if ((known && year && *known != *year)
+            || namesAny(page.rows[at], wanted.alien, page.isRecognised)) {
             return {};
         }
         known = year ? year : known;
@@ -87,7 +88,7 @@ std::optional<SummedAmount> columnSum(const DocumentRows& document, const Wanted
             const TableHeading heading = tableHeadingIn(page, at, false);
             for (std::size_t i = 0; i < heading.columns.size() && heading.columns.size() > 2; ++i) {
                 if (heads(heading.columns[i].cell, wanted, page.isRecognised)) {
-                    if (auto whole = wholeOfParts(document, amountsOf(page, heading, i))) {
+                    if (auto whole = wholeOfParts(document, amountsOf(page, heading, i, wanted))) {
                         return whole;
                     }
                 }

@@ -132,13 +132,14 @@ std::optional<FoundAmount> totalOfColumn(const KindContext& context, const Label
 /// What the contributions of a table come to, where that is told outside of it.
 std::optional<SummedAmount> sumOfColumn(const KindContext& context, const LabelledField& row) {
     using enum Concept;
-    static const Wanted contributions{{},
-                                      {"nicht", "non", "not", "Vorjahr*"},
-                                      true,
-                                      {{contribution}, {paid}},
-                                      {balance, buyIn, occupational, freePillar, lifeCover,
-                                       interest, surrender, taxValue, limit, opening, other,
-                                       possible}};
+    static const Wanted contributions{
+        {},
+        {"nicht", "non", "not", "Vorjahr*"},
+        true,
+        {{contribution}, {paid}},
+        {balance, buyIn, occupational, freePillar, lifeCover, interest, surrender, taxValue, limit,
+         opening, other, possible},
+        {freePillar, buyIn, occupational, opening, interest, balance}};
     const bool isMeant = row.field == std::string_view("pillar3a") && !row.wanted.labels.empty();
     auto whole = isMeant ? columnSum(context.document, contributions) : std::nullopt;
     return whole && whole->found.value() < row.below ? std::move(whole) : std::nullopt;

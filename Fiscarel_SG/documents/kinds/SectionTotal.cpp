@@ -19,9 +19,14 @@ bool beginsSection(const Row& row) {
            && std::ranges::none_of(row.amounts, isCandidate);
 }
 
-bool hasDay(const Row& row) {
-    return std::ranges::any_of(row.words,
-                               [](const RowWord& word) { return parseDay(word.text).has_value(); });
+/// The year of the first day that a row names.
+std::optional<int> yearOfDay(const Row& row) {
+    for (const RowWord& word : row.words) {
+        if (const auto day = parseDay(word.text)) {
+            return day->year();
+        }
+    }
+    return std::nullopt;
 }
 
 const RowAmount* firstFirm(const Row& row) {
@@ -30,8 +35,8 @@ const RowAmount* firstFirm(const Row& row) {
     return found == row.amounts.end() ? nullptr : &*found;
 }
 
-/// What the payments below a heading come to, each in a row with its day, where that is printed
-/// beside them or right below.
+/// What the payments of one year below a heading come to, each in a row with its day, where that is
+/// printed beside them or right below.
 std::optional<FoundAmount> sumOfPayments(const RowRange& range, std::size_t at,
                                          const LabelPlace& label) {
     constexpr std::size_t nearby = 3; // rows
@@ -42,9 +47,10 @@ std::optional<FoundAmount> sumOfPayments(const RowRange& range, std::size_t at,
     Decimal sum;
     std::size_t end = at + 1;
     double column = 0;
-    for (; end < range.end && hasDay(page.rows[end]); ++end) {
+    const auto year = end < range.end ? yearOfDay(page.rows[end]) : std::nullopt;
+    for (; year && end < range.end && yearOfDay(page.rows[end]); ++end) {
         const RowAmount* amount = firstFirm(page.rows[end]);
-        if (amount == nullptr
+        if (amount == nullptr || yearOfDay(page.rows[end]) != year
             || (end > at + 1 && std::abs(amount->place.right - column) > alignment(page))) {
             return std::nullopt;
         }
