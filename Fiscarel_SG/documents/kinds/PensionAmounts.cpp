@@ -264,21 +264,25 @@ class Arithmetic {
     /// Twelve months by their rate with what was paid once on top.
     void addExtras() {
         constexpr int months = 12;
-        for (PensionAmount& whole : amounts_) {
-            for (const PensionAmount& rate : amounts_) {
-                const Decimal year = rate.found.value() * months;
-                const bool isOpen = whole.canBePension() && !whole.isProven() && rate.isFactor
-                                    && !rate.isBarred && rate.found.value() >= 1;
-                const Decimal extra = whole.found.value() - year;
-                const auto isExtra = [&](const PensionAmount& one) {
-                    return !one.isBarred && one.found.value() == extra;
-                };
-                if (isOpen && extra > 0 && extra < rate.found.value()
-                    && std::ranges::any_of(amounts_, isExtra)) {
+        for (std::size_t i = 0; i < amounts_.size(); ++i) {
+            PensionAmount& whole = amounts_[i];
+            const auto first =
+                amounts_.begin() + static_cast<std::ptrdiff_t>(i - std::min(i, farthest));
+            const auto end = amounts_.begin()
+                             + static_cast<std::ptrdiff_t>(std::min(amounts_.size(), i + farthest));
+            for (auto rate = first; rate != end && whole.canBePension(); ++rate) {
+                const bool isRate = rate->isFactor && !rate->isBarred && !whole.isProven();
+                const Decimal extra =
+                    isRate ? whole.found.value() - rate->found.value() * months : Decimal();
+                const bool isOnce = extra > 0 && extra < rate->found.value()
+                                    && std::any_of(first, end, [&](const PensionAmount& one) {
+                                           return !one.isBarred && one.found.value() == extra;
+                                       });
+                if (isOnce) {
                     whole.months = months;
-                    whole.rate = rate.found.amount.place;
+                    whole.rate = rate->found.amount.place;
                     whole.checks.push_back({std::to_string(months) + " × "
-                                                + shown(rate.found.value()) + " + " + shown(extra)
+                                                + shown(rate->found.value()) + " + " + shown(extra)
                                                 + " = " + shown(whole.found.value()),
                                             true});
                 }
