@@ -354,9 +354,8 @@ std::vector<NamedPerson> People::in(const Row& row) const {
     std::vector<NamedPerson> named;
     const bool areTold = born_.size() >= 2;
     for (std::size_t i = 0; i < row.words.size(); ++i) {
-        const auto turned = !areTold && reversed_.contains(row.words[i].folded)
-                                ? nameAt(row, i)
-                                : std::nullopt;
+        const auto turned =
+            !areTold && reversed_.contains(row.words[i].folded) ? nameAt(row, i) : std::nullopt;
         if (turned) {
             named.push_back(*turned);
             named.back().folded = row.words[i + 1].folded + ' ' + row.words[i].folded;
@@ -513,9 +512,8 @@ void People::takeReversed(const std::set<std::pair<std::string, std::string>>& i
                               || std::ranges::any_of(couple_, [&](const auto& one) {
                                      return one.second.folded == name;
                                  });
-        const auto ofFamily = std::ranges::count(inTables, family, [](const auto& pair) {
-            return std::string_view(pair.first);
-        });
+        const auto ofFamily = std::ranges::count(
+            inTables, family, [](const auto& pair) { return std::string_view(pair.first); });
         if (isTurned && ofFamily >= 2) {
             reversed_.insert(family);
         }

@@ -280,7 +280,7 @@ class Search {
     }
 
     /// The only amount of the first row with any that stands under words for what is wanted. What
-    /// stands beside it is of other columns.
+    /// stands beside it is of other columns; none where others bear a part there.
     std::optional<FoundAmount> headedIn(const RowRange& block) const {
         const PageRows& page = *block.page;
         std::size_t at = block.first;
@@ -292,8 +292,13 @@ class Search {
             const RowAmount& amount = page.rows[at].amounts[i];
             const Row heading = headingOver(page, at, amount);
             FoundAmount own{.page = &page, .row = at, .amount = amount};
-            const bool isWanted = isWorthy(amount) && totalBelow(own)
-                                  && !isAside(page, at, amount)
+            const bool isBorne =
+                namesAny(heading, {Concept::publicShare, Concept::refunded, Concept::reduction},
+                         page.isRecognised);
+            if (isBorne) {
+                return std::nullopt;
+            }
+            const bool isWanted = isWorthy(amount) && totalBelow(own) && !isAside(page, at, amount)
                                   && !placesIn(heading, wanted_, page.isRecognised).empty()
                                   && !namesAny(heading, wanted_.notMeant, page.isRecognised);
             if (isWanted && only) {

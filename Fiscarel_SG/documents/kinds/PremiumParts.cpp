@@ -15,8 +15,8 @@ namespace {
 /// The only amount of a row, where it is in the column of another and of a franc or more.
 const RowAmount* likeIn(const Row& row, const FoundAmount& other) {
     const bool isAlone = row.amounts.size() == 1 && isWorthy(row.amounts[0]);
-    const double offset =
-        isAlone ? row.amounts[0].place.right - other.amount.place.right : alignment(*other.page) + 1;
+    const double offset = isAlone ? row.amounts[0].place.right - other.amount.place.right
+                                  : alignment(*other.page) + 1;
     return std::abs(offset) <= alignment(*other.page) ? &row.amounts[0] : nullptr;
 }
 
@@ -33,7 +33,8 @@ std::optional<FoundAmount> paidBelow(const RowRange& rows, double left, double r
         }
         for (const RowAmount& amount : page.rows[at].amounts) {
             const bool isIn = amount.place.left >= left && amount.place.right <= right;
-            if (isIn && isWorthy(amount) && namesAny(own, {paid, Concept::amount}, page.isRecognised)
+            if (isIn && isWorthy(amount)
+                && namesAny(own, {paid, Concept::amount}, page.isRecognised)
                 && !namesAny(own, reductions().notMeant, page.isRecognised)) {
                 return FoundAmount{.page = &page, .row = at, .amount = amount, .isBelow = true};
             }
@@ -63,8 +64,8 @@ std::vector<FoundAmount> withUnnamed(const std::vector<FoundAmount>& singles) {
     for (const FoundAmount& one : singles) {
         const PageRows& page = *one.page;
         Decimal sum = one.value();
-        for (std::size_t at = one.row + 1; page.number != 0 && !one.isBelow && at < page.rows.size();
-             ++at) {
+        for (std::size_t at = one.row + 1;
+             page.number != 0 && !one.isBelow && at < page.rows.size(); ++at) {
             const Row& row = page.rows[at];
             const RowAmount* amount = likeIn(row, one);
             if (amount == nullptr || amount->first == 0 || amount->amount.value == sum

@@ -49,7 +49,8 @@ const Wanted& reductions() {
         {"Prämienverbilligung*", "Individuelle Prämienverbilligung", "IPV", "Réduction de prime*",
          "Réduction des primes", "Riduzione dei premi", "Riduzione individuale*",
          "Réduction individuelle*", "Riduzione del premio", "Subside*", "Verbilligung*"},
-        {"nach", "après", "dopo", "netto", "net", "netti", "nette", "nettes"},
+        {"nach", "après", "dopo", "netto", "net", "netti", "nette", "nettes", "vor", "avant",
+         "prima della", "prima delle", "prima di", "before", "ohne", "sans", "senza"},
         true,
         {{reduction, total}, {reduction, premium}, {reduction}},
         {other, costSharing, benefit}};
@@ -59,11 +60,10 @@ const std::vector<Wanted>& singlePremiums() {
     static const std::vector<Concept> notMeant{net,     reduction, costSharing, other,
                                                benefit, total,     refunded};
     static const Labels without{
-        "Selbstbehalt",     "quote-part",         "nach Verbilligung*", "nach Prämienverbilligung*",
-        "nach IPV",         "nach Abzug",         "nach Abzügen",
-        "après réduction*", "après subside*",     "après déduction*",
-        "dopo riduzion*",   "dopo la riduzione",  "dopo sussidi*",
-        "dopo deduzion*"};
+        "Selbstbehalt",   "quote-part",       "nach Verbilligung*", "nach Prämienverbilligung*",
+        "nach IPV",       "nach Abzug",       "nach Abzügen",       "après réduction*",
+        "après subside*", "après déduction*", "dopo riduzion*",     "dopo la riduzione",
+        "dopo sussidi*",  "dopo deduzion*"};
     static const std::vector<Wanted> rows{
         {{}, without, false, {{basicInsurance}}, notMeant},
         {{}, without, false, {{extraInsurance}}, notMeant},

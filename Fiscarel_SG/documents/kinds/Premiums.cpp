@@ -6,6 +6,7 @@
 #include "Fiscarel_SG/documents/kinds/Prose.h"
 #include "Fiscarel_SG/documents/kinds/RecordsByKind.h"
 #include "Fiscarel_SG/documents/kinds/StatedPremiums.h"
+#include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/text/FoldedText.h"
 
 #include <algorithm>
@@ -398,6 +399,10 @@ void proposeGross(const KindContext& context, RecordsByKind& records, ProposalDr
         if (auto check = reductionCheck(ranges, sum); check && check->passed) {
             evidence.checks.push_back(std::move(*check));
             evidence.confidence = Confidence::medium;
+        } else if (printedAt(ranges, sum)) {
+            evidence.checks.push_back(
+                {"Auf dem Dokument steht diese Summe als " + shown(sum), true});
+            evidence.confidence = Confidence::medium;
         }
     }
     draft.add(records.of(Record::householdDeductions, single.back().page->number),
@@ -434,6 +439,39 @@ void proposeBorne(const KindContext& context, const FoundAmount& found, const Na
                .box = context.facts.issuer.box});
 }
 
+/// Whether the amounts that follow one in a sentence, up to another or its end, are its parts: "mit
+/// Fr. 862.15 (Franchise Fr. 300.00, Selbstbehalt Fr. 562.15)".
+bool isWholeOfFollowing(const FoundAmount& one, const FoundAmount* next) {
+    constexpr std::size_t most = 4; // rows of a sentence
+    Decimal sum;
+    const auto& rows = one.page->rows;
+    for (std::size_t at = one.row; at < std::min(rows.size(), one.row + most); ++at) {
+        const Row& row = rows[at];
+        for (std::size_t i = at == one.row ? one.amount.last + 1 : 0; i < row.words.size(); ++i) {
+            const auto amount = std::ranges::find(row.amounts, i, &RowAmount::first);
+            const bool isAmount = amount != row.amounts.end() && isWorthy(*amount);
+            if (isAmount && next != nullptr && next->row == at && next->amount.first == i) {
+                return sum.isZero() || sum == one.value();
+            }
+            sum = isAmount ? sum + amount->amount.value : sum;
+            if (next == nullptr && endsSentence(row, i)) {
+                return sum.isZero() || sum == one.value();
+            }
+        }
+    }
+    return sum.isZero() || sum == one.value();
+}
+
+bool areWhole(const std::vector<PersonAmount>& parts) {
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        const FoundAmount* next = i + 1 < parts.size() ? &parts[i + 1].found : nullptr;
+        if (!isWholeOfFollowing(parts[i].found, next)) {
+            return false;
+        }
+    }
+    return true;
+}
+
 /// What a sentence tells each of several people to have borne; none where it is of premiums too.
 std::vector<PersonAmount> toldOfPeople(const DocumentRows& document) {
     auto parts = findPeopleInProse(document, costSharings());
@@ -460,7 +498,12 @@ void proposeCostSharing(const KindContext& context, ProposalDraft& draft) {
         return one.value() < 1 || isPremium(ranges, draft.result(), one);
     });
     auto parts = amountsOfPeople(context.document, all);
-    parts = parts.empty() ? toldOfPeople(context.document) : std::move(parts);
+    if (parts.empty()) {
+        parts = toldOfPeople(context.document);
+        if (!areWhole(parts)) {
+            return; // what each bore is told in parts
+        }
+    }
     for (const PersonAmount& part : parts) {
         proposeBorne(context, part.found, &part.person, draft);
     }
