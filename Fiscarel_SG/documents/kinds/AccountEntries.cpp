@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/BankShares.h"
 #include "Fiscarel_SG/documents/kinds/SumText.h"
+#include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "TaxCore/base/Iban.h"
 
 #include <algorithm>
@@ -358,12 +359,12 @@ class EntryProposer {
             std::erase_if(text, [](char c) { return c == '(' || c == ')' || c == ','; });
             return text;
         };
-        std::string found;
-        for (std::size_t at = range.first; at < range.end && found.empty(); ++at) {
+        // The name stands beside the number or right above it; the last rows may name the next one.
+        const bool isAbove = range.first > 0 && !hasFirmAmount(range.page->rows[range.first - 1]);
+        std::string found = range.first < range.end ? name(range.first) : std::string();
+        found = found.empty() && isAbove ? name(range.first - 1) : std::move(found);
+        for (std::size_t at = range.first + 1; at < range.end && found.empty(); ++at) {
             found = name(at);
-        }
-        if (found.empty() && range.first > 0) {
-            found = name(range.first - 1);
         }
         if (!found.empty()) {
             draft_.add(record, "description", found, words);

@@ -153,18 +153,23 @@ class CardReader {
         std::size_t from = 0;
         bool arePiecesBefore = false;
         for (const RowAmount& amount : row.amounts) {
-            if (const std::size_t behind = piecesBehind(row, amount); behind > 0) {
+            const std::size_t behind = security_.isAccount ? 0 : piecesBehind(row, amount);
+            if (behind > 0) {
                 put(Stated::quantity, at, amount, textBetween(row, amount.first, behind));
                 from = behind + 1;
                 arePiecesBefore = true;
                 continue;
             }
             Row label = labelBefore(row, from, amount.first);
-            auto stated = statedIn(label, arePiecesBefore);
-            if (!stated && at > 0) {
-                Row above = labelAbove(page_.rows[at - 1], amount);
-                stated = statedIn(above, false);
-                label = stated ? std::move(above) : std::move(label);
+            Row above = at > 0 ? labelAbove(page_.rows[at - 1], amount) : Row();
+            const auto headed = statedIn(above, false);
+            // Under a heading an amount is what that says, not what a value left of it is counted
+            // in: "20'000 EUR nominali   18'517.60".
+            const bool isBare = headed && (label.words.empty() || isBehindValue(row, amount));
+            auto stated = isBare ? headed : statedIn(label, arePiecesBefore);
+            if (isBare || !stated) {
+                stated = headed;
+                label = headed ? std::move(above) : std::move(label);
             }
             const bool isCount = stated == Stated::quantity && !amount.amount.isYearLike();
             if (!amount.amount.isFirm() && !isCount) {
@@ -182,6 +187,16 @@ class CardReader {
     }
 
   private:
+    /// Whether an amount begins its cell and the cell before it begins with another one.
+    static bool isBehindValue(const Row& row, const RowAmount& amount) {
+        const auto cells = cellsOf(row);
+        const auto own = std::ranges::find(cells, amount.first, &LabelPlace::first);
+        return own != cells.begin() && own != cells.end()
+               && std::ranges::any_of(row.amounts, [&](const RowAmount& one) {
+                      return one.first == std::prev(own)->first;
+                  });
+    }
+
     /// The word behind an amount that says it is a number of pieces: "18 Stk."; 0 for others.
     static std::size_t piecesBehind(const Row& row, const RowAmount& amount) {
         const std::size_t next = amount.last + 1;
@@ -272,16 +287,18 @@ std::string numberIn(const Row& row) {
     constexpr std::size_t most = 9;
     const auto name = findLabel(row, securityNumberWords(), false);
     std::string number;
+    bool isWhole = false; // in one word
     for (std::size_t i = name ? name->last + 1 : row.words.size(); i < row.words.size(); ++i) {
         const std::string& text = row.words[i].text;
         const bool isOfDigits =
             std::ranges::all_of(text, [](char c) { return isDigit(c) || c == '.' || c == '\''; });
-        const bool isOver = number.size() >= fewest || (!number.empty() && text.size() != 3);
+        const bool isOver = isWhole || (!number.empty() && text.size() != 3);
         if (!number.empty() && (!isOfDigits || isOver)) {
             break; // groups of three belong together, and nothing behind a whole number
         }
         std::ranges::copy_if(isOfDigits ? text : std::string(), std::back_inserter(number),
                              isDigit);
+        isWhole |= number.size() >= fewest && number.size() == countDigits(text);
     }
     return number.size() >= fewest && number.size() <= most ? number : std::string();
 }

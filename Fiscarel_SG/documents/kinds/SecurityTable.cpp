@@ -398,7 +398,15 @@ std::optional<SecurityList> tableOf(const KindContext& context, const PageRows& 
 
 std::optional<PageRows> proposeSecurities(const KindContext& context, const PageRows& page,
                                           ProposalDraft& draft) {
-    if (const auto table = tableOf(context, page)) {
+    const auto table = tableOf(context, page);
+    // A heading over each of several securities is no table's.
+    const auto cards =
+        table && table->all.size() == 1 ? securityCards(context, page) : std::nullopt;
+    if (cards && cards->all.size() > 1) {
+        cards->propose(draft);
+        return withoutRows(page);
+    }
+    if (table) {
         table->propose(draft);
         PageRows rest = page;
         const auto begin = rest.rows.begin();

@@ -7,6 +7,7 @@
 #include "Fiscarel_SG/documents/rows/PageHalves.h"
 #include "Fiscarel_SG/documents/rows/PageMending.h"
 #include "Fiscarel_SG/documents/rows/Panels.h"
+#include "Fiscarel_SG/documents/rows/Sidebar.h"
 #include "Fiscarel_SG/documents/rows/SplitLabels.h"
 #include "Fiscarel_SG/documents/rows/TurnedTables.h"
 #include "Fiscarel_SG/documents/rows/UngroupedNumbers.h"
@@ -502,6 +503,7 @@ class Arrangement {
 } // namespace
 
 PageRows arranged(PageRows page) {
+    partSidebar(page);
     mend(page);
     turnTables(page);
     partHalves(page);

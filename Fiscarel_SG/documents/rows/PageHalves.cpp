@@ -116,7 +116,10 @@ std::optional<Halves> halvesAt(const PageRows& page, std::size_t at) {
         return std::nullopt;
     }
     Halves halves{at, at + 1, cellsOf(rows[at]).front().left, *edge};
+    constexpr std::size_t fewestOwn = 3; // rows with amounts of each half
     std::size_t both = 1;
+    std::size_t left = 0; // rows with amounts of one alone
+    std::size_t right = 0;
     std::size_t titles = 0;
     bool isOfBoth = false;
     for (; halves.first > 0; --halves.first) {
@@ -147,21 +150,13 @@ std::optional<Halves> halvesAt(const PageRows& page, std::size_t at) {
             break;
         }
         both += own ? 1U : 0U;
+        const std::vector<Row> parts = columnsOf(row, edges, page.isRecognised);
+        left += !own && hasFirmAmount(parts[0]) ? 1U : 0U;
+        right += !own && hasFirmAmount(parts[1]) ? 1U : 0U;
     }
-    return both >= fewestRows || isOfBoth ? std::optional(halves) : std::nullopt;
-}
-
-void moveDown(Row& row, double by) {
-    row.top += by;
-    row.bottom += by;
-    for (RowWord& word : row.words) {
-        word.place.top += by;
-        word.place.bottom += by;
-    }
-    for (RowAmount& amount : row.amounts) {
-        amount.place.top += by;
-        amount.place.bottom += by;
-    }
+    // Each half may say as much on lines of its own: one account has more to tell than another.
+    const bool areFull = titles >= 2 && std::min(left, right) + both >= fewestOwn;
+    return both >= fewestRows || isOfBoth || areFull ? std::optional(halves) : std::nullopt;
 }
 
 /// The left half, then the right one below it, then the rest of the page.

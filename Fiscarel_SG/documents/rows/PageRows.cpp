@@ -347,6 +347,19 @@ Row rowOfWords(std::vector<RowWord> words, bool isRecognised) {
     return row;
 }
 
+void moveDown(Row& row, double by) {
+    row.top += by;
+    row.bottom += by;
+    for (RowWord& word : row.words) {
+        word.place.top += by;
+        word.place.bottom += by;
+    }
+    for (RowAmount& amount : row.amounts) {
+        amount.place.top += by;
+        amount.place.bottom += by;
+    }
+}
+
 PageRows rowsOfText(std::string_view text, bool isRecognised) {
     PageRows result{.isRecognised = isRecognised};
     double top = 0;

@@ -59,6 +59,9 @@ PageRows buildRows(const PageReading& page);
 /// Words as a row of their own, with the amounts among them.
 Row rowOfWords(std::vector<RowWord> words, bool isRecognised);
 
+/// Sets a row lower by points; where it is printed stays.
+void moveDown(Row& row, double by);
+
 /// The rows of a text without places: each line is a row, a word's column its number of characters.
 /// `number` is 0.
 PageRows rowsOfText(std::string_view text, bool isRecognised);
