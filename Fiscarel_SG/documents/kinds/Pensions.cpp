@@ -394,6 +394,13 @@ class BenefitPaper {
     }
 
     void add(int record, const Decimal& value, Evidence evidence) {
+        if (benefit_ == Benefit::allowances && saysGrossTaxed(context_.document)) {
+            // What contributions take off is deductible (DBG Art. 33 para. 1 d): the user decides.
+            evidence.confidence = std::max(evidence.confidence, Confidence::medium);
+            evidence.reason +=
+                " Das Dokument verlangt den Betrag vor den Abzügen; sonst zählt, was ausbezahlt "
+                "wurde.";
+        }
         draft_.add(record, target_.field, value, std::move(evidence));
         if (target_.record == Record::pension) {
             draft_.add(record, "label", context_.facts.issuer.text,
