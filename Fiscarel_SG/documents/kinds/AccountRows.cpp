@@ -64,11 +64,15 @@ bool isNetOfAll(const Row& row) {
 
 bool statesNoBalance(const PageRows& page, std::size_t at) {
     const Row& row = page.rows[at];
+    static const Labels kept{"abgezogen*", "einbehalten*", "abgeführt*", "trattenut*",
+                             "dedott*",    "retenu*",      "déduit*",    "prélevé*"};
     const auto firm = std::ranges::count_if(
         row.amounts, [](const RowAmount& one) { return one.amount.isFirm(); });
     return statesAssetCosts(page, row)
            || (firm == 1 && namesAny(row, {Concept::withholding}, page.isRecognised)
-               && !namesAny(row, {Concept::balance}, page.isRecognised));
+               && !namesAny(row, {Concept::balance}, page.isRecognised)
+               && (isAnyIn(row.folded, kept)
+                   || !namesAny(row, {Concept::account}, page.isRecognised)));
 }
 
 bool beginsWithTime(const Row& row) {

@@ -82,12 +82,20 @@ std::vector<FoundAmount> amountsOf(const PageRows& page, const TableHeading& hea
 
 } // namespace
 
-std::optional<SummedAmount> columnSum(const DocumentRows& document, const Wanted& wanted) {
+std::optional<SummedAmount> columnSum(const DocumentRows& document, const Wanted& wanted,
+                                      std::optional<int> year) {
+    const auto isOfOther = [&](const Row& cell) {
+        return std::ranges::any_of(cell.words, [&](const RowWord& word) {
+            const auto own = parseYear(word.text);
+            return own && year && *own != *year;
+        });
+    };
     for (const PageRows& page : document.pages) {
         for (std::size_t at = 0; at < page.rows.size() && page.number != 0; ++at) {
             const TableHeading heading = tableHeadingIn(page, at, false);
             for (std::size_t i = 0; i < heading.columns.size() && heading.columns.size() > 2; ++i) {
-                if (heads(heading.columns[i].cell, wanted, page.isRecognised)) {
+                if (heads(heading.columns[i].cell, wanted, page.isRecognised)
+                    && !isOfOther(heading.columns[i].cell)) {
                     if (auto whole = wholeOfParts(document, amountsOf(page, heading, i, wanted))) {
                         return whole;
                     }

@@ -12,7 +12,9 @@ namespace fiscarel {
 /// is that printed.
 std::optional<FoundAmount> columnTotal(const DocumentRows& document, const Wanted& wanted);
 
-/// What the amounts of such a column come to, where that is printed anywhere, as above the table.
-std::optional<SummedAmount> columnSum(const DocumentRows& document, const Wanted& wanted);
+/// What the amounts of such a column come to, where that is printed anywhere, as above the table;
+/// not of one that names another year.
+std::optional<SummedAmount> columnSum(const DocumentRows& document, const Wanted& wanted,
+                                      std::optional<int> year);
 
 } // namespace fiscarel

@@ -141,7 +141,8 @@ std::optional<SummedAmount> sumOfColumn(const KindContext& context, const Labell
          opening, other, possible},
         {freePillar, buyIn, occupational, opening, interest, balance}};
     const bool isMeant = row.field == std::string_view("pillar3a") && !row.wanted.labels.empty();
-    auto whole = isMeant ? columnSum(context.document, contributions) : std::nullopt;
+    auto whole =
+        isMeant ? columnSum(context.document, contributions, context.facts.year) : std::nullopt;
     return whole && whole->found.value() < row.below ? std::move(whole) : std::nullopt;
 }
 

@@ -60,11 +60,15 @@ bool saysGrossTaxed(const DocumentRows& document) {
                                  "einzutragen",    "à déclarer",     "à indiquer",
                                  "à reporter",     "vanno indicat*", "va indicat*",
                                  "da dichiarare",  "da indicare",    "to be declared"};
+    static const Labels others{"nicht",   "nur",   "abzüglich", "nach Abzug*", "sondern",
+                               "pas",     "moins", "déduction", "non",         "ma",
+                               "dedott*", "meno",  "deduzion*", "not",         "less"};
     return std::ranges::any_of(document.pages, [&](const PageRows& page) {
         return std::ranges::any_of(page.rows, [&](const Row& row) {
             return findLabel(row, declared, page.isRecognised)
                    && namesAny(row, {Concept::gross}, page.isRecognised)
-                   && !namesAny(row, {Concept::net}, page.isRecognised);
+                   && !findLabel(row, others, page.isRecognised)
+                   && !namesAny(row, {Concept::net, Concept::paid}, page.isRecognised);
         });
     });
 }

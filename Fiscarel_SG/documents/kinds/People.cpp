@@ -407,22 +407,31 @@ std::vector<NamedPerson> People::inCells(const Row& row) const {
 
 std::optional<NamedPerson> People::spouseOf(const Row& row) const {
     constexpr std::size_t most = 4; // words
-    std::set<std::string> firsts;
-    std::set<std::string> names; // of both
-    for (const auto& [first, person] : couple_) {
-        firsts.insert(first);
-        for (std::string& word : foldedTokens(person.folded)) {
-            names.insert(std::move(word));
+    if (row.words.size() < 2 || row.words.size() > most || !row.amounts.empty()) {
+        return std::nullopt;
+    }
+    const auto words = foldedTokens(row.folded);
+    const NamedPerson* person = nullptr;
+    for (const std::string& word : words) {
+        const auto one = couple_.find(word);
+        if (one != couple_.end() && person != nullptr) {
+            return std::nullopt; // both
         }
+        person = one != couple_.end() ? &one->second : person;
     }
-    std::size_t named = 0;
-    bool areNames = row.words.size() >= 2 && row.words.size() <= most && row.amounts.empty();
-    for (const std::string& word : foldedTokens(row.folded)) {
-        named += firsts.contains(word) ? 1U : 0U;
-        areNames &= names.contains(word);
+    const auto names =
+        person == nullptr ? std::vector<std::string>() : foldedTokens(person->folded);
+    const bool areNames =
+        person != nullptr && std::ranges::all_of(words, [&](const std::string& word) {
+            return std::ranges::find(names, word) != names.end();
+        });
+    if (!areNames) {
+        return std::nullopt;
     }
-    return areNames && named == 1 ? std::optional(nameFrom(row, 0, row.words.size() - 1))
-                                  : std::nullopt;
+    NamedPerson spouse = *person;
+    spouse.first = 0;
+    spouse.last = row.words.size() - 1;
+    return spouse;
 }
 
 void People::look(const Row& row, const Row* above) {

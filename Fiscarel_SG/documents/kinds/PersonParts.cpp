@@ -287,6 +287,12 @@ class Search {
         while (at < block.end && std::ranges::none_of(page.rows[at].amounts, isWorthy)) {
             ++at;
         }
+        static const Labels discounts{"*ermässigung*", "*rabatt*", "remise*", "sconto*",
+                                      "ribasso*"};
+        if (const RowAmount* rest = at < block.end ? restOfRow(page.rows[at]) : nullptr) {
+            FoundAmount own{.page = &page, .row = at, .amount = *rest}; // what the others leave
+            return totalBelow(own) ? std::optional(std::move(own)) : std::nullopt;
+        }
         std::optional<FoundAmount> only;
         for (std::size_t i = 0; at < block.end && i < page.rows[at].amounts.size(); ++i) {
             const RowAmount& amount = page.rows[at].amounts[i];
@@ -294,7 +300,8 @@ class Search {
             FoundAmount own{.page = &page, .row = at, .amount = amount};
             const bool isBorne =
                 namesAny(heading, {Concept::publicShare, Concept::refunded, Concept::reduction},
-                         page.isRecognised);
+                         page.isRecognised)
+                || findLabel(heading, discounts, page.isRecognised);
             if (isBorne) {
                 return std::nullopt;
             }

@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/kinds/NamedAmounts.h"
 #include "Fiscarel_SG/documents/kinds/PremiumWords.h"
+#include "Fiscarel_SG/documents/rows/CellRoles.h"
 
 #include <algorithm>
 #include <cmath>
@@ -35,6 +36,7 @@ std::optional<FoundAmount> paidBelow(const RowRange& rows, double left, double r
             const bool isIn = amount.place.left >= left && amount.place.right <= right;
             if (isIn && isWorthy(amount)
                 && namesAny(own, {paid, Concept::amount}, page.isRecognised)
+                && !namesAny(own, {premium}, page.isRecognised)
                 && !namesAny(own, reductions().notMeant, page.isRecognised)) {
                 return FoundAmount{.page = &page, .row = at, .amount = amount, .isBelow = true};
             }
@@ -64,18 +66,26 @@ std::vector<FoundAmount> withUnnamed(const std::vector<FoundAmount>& singles) {
     for (const FoundAmount& one : singles) {
         const PageRows& page = *one.page;
         Decimal sum = one.value();
+        Decimal known; // all above in the column, told by their words
+        for (const FoundAmount& other : singles) {
+            const bool isAbove = other.page == &page && other.row <= one.row;
+            known = known + (isAbove ? other.value() : Decimal());
+        }
         for (std::size_t at = one.row + 1;
              page.number != 0 && !one.isBelow && at < page.rows.size(); ++at) {
             const Row& row = page.rows[at];
             const RowAmount* amount = likeIn(row, one);
             if (amount == nullptr || amount->first == 0 || amount->amount.value == sum
+                || amount->amount.value == known
+                || namesAny(row, {Concept::premium, Concept::yearly}, page.isRecognised)
                 || isNoPremium(row, page.isRecognised)
-                || std::ranges::any_of(all, [&](const FoundAmount& known) {
-                       return known.page == &page && known.row == at;
+                || std::ranges::any_of(all, [&](const FoundAmount& other) {
+                       return other.page == &page && other.row == at;
                    })) {
                 break;
             }
             sum = sum + amount->amount.value;
+            known = known + amount->amount.value;
             all.push_back({.page = &page,
                            .row = at,
                            .amount = *amount,
@@ -86,7 +96,8 @@ std::vector<FoundAmount> withUnnamed(const std::vector<FoundAmount>& singles) {
 }
 
 std::optional<FoundAmount> reductionInCard(const std::vector<RowRange>& ranges) {
-    constexpr std::size_t most = 4; // rows of a card
+    constexpr std::size_t most = 4;    // rows of a card
+    constexpr std::size_t longest = 5; // words of its title
     for (const RowRange& range : ranges) {
         const PageRows& page = *range.page;
         for (std::size_t at = range.first; page.number != 0 && at + 1 < range.end; ++at) {
@@ -94,7 +105,12 @@ std::optional<FoundAmount> reductionInCard(const std::vector<RowRange>& ranges) 
             const auto place = findLabel(row, reductions().labels, page.isRecognised);
             const auto cells = cellsOf(row);
             for (std::size_t i = 0; place && row.amounts.empty() && i < cells.size(); ++i) {
-                if (cells[i].first != place->first && cells[i].last != place->last) {
+                const Row own = rowOfWords(wordsOf(row, cells[i]), page.isRecognised);
+                const bool isIn = own.words.size() <= longest && cells[i].first <= place->first
+                                  && place->last <= cells[i].last
+                                  && !findLabel(own, reductions().without, page.isRecognised)
+                                  && !namesAny(own, reductions().notMeant, page.isRecognised);
+                if (!isIn) {
                     continue;
                 }
                 const double right = i + 1 < cells.size() ? cells[i + 1].left : page.width;

@@ -92,10 +92,15 @@ bool tellsShare(const FoundAmount& premium) {
         return place.has_value();
     }
     std::size_t next = place->last + 1;
-    while (next < premium.amount.first && isFrancs(row.words[next].text)) {
+    while (next < row.words.size() && isFrancs(row.words[next].text)) {
         ++next;
     }
-    return next >= premium.amount.first || !hasDigit(row.words[next].text);
+    if (next >= row.words.size() || next == premium.amount.first
+        || !hasDigit(row.words[next].text)) {
+        return true;
+    }
+    const auto height = parseAmount(row.words[next].text); // used up, where it is the amount
+    return height && height->value == premium.value();
 }
 
 bool isNoPremium(const Row& row, bool isRecognised) {

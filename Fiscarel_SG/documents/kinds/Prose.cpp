@@ -197,9 +197,10 @@ std::size_t wholeOf(const Sentence& sentence, std::size_t which) {
 /// amount of both.
 std::vector<PersonAmount> peopleIn(const Sentence& sentence, const People& people) {
     std::vector<PersonAmount> found;
+    const auto named = people.in(sentence.row);
     std::size_t from = 0; // behind the amount before
     for (std::size_t i = 0; i < sentence.amounts.size(); ++i) {
-        for (const NamedPerson& person : people.in(sentence.row)) {
+        for (const NamedPerson& person : named) {
             const bool isNew = std::ranges::none_of(
                 found, [&](const PersonAmount& one) { return one.person.folded == person.folded; });
             if (!isNew || person.first < from || person.last >= sentence.starts[i]) {

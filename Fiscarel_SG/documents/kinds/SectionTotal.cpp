@@ -41,7 +41,8 @@ std::optional<FoundAmount> sumOfPayments(const RowRange& range, std::size_t at,
                                          const LabelPlace& label) {
     constexpr std::size_t nearby = 3; // rows
     const PageRows& page = *range.page;
-    if (page.number == 0 || std::ranges::any_of(page.rows[at].amounts, isCandidate)) {
+    if (page.number == 0 || std::ranges::any_of(page.rows[at].amounts, isCandidate)
+        || cellsOf(page.rows[at]).size() > 1) { // a table has columns for other things
         return std::nullopt;
     }
     Decimal sum;

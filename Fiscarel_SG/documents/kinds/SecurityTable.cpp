@@ -400,8 +400,11 @@ std::optional<PageRows> proposeSecurities(const KindContext& context, const Page
                                           ProposalDraft& draft) {
     const auto table = tableOf(context, page);
     // A heading over each of several securities is no table's.
+    const bool isPure = std::ranges::none_of(page.rows, [&](const Row& row) {
+        return namesAny(row, {Concept::debt}, page.isRecognised); // is told beside the table
+    });
     const auto cards =
-        table && table->all.size() == 1 ? securityCards(context, page) : std::nullopt;
+        table && table->all.size() == 1 && isPure ? securityCards(context, page) : std::nullopt;
     if (cards && cards->all.size() > 1) {
         cards->propose(draft);
         return withoutRows(page);

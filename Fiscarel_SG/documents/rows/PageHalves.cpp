@@ -100,7 +100,7 @@ bool hasNoOwnWords(const Row& row, const std::vector<double>& edges) {
 /// Where the right half begins if a row of it stands further out than those with amounts.
 double outdented(const Row& row, double edge, double ofAmounts) {
     for (const LabelPlace& cell : cellsOf(row)) {
-        if (cell.left > ofAmounts - indent && cell.left < edge) {
+        if (cell.left > ofAmounts - indent && cell.left < edge && lettersIn(row, cell) >= 1) {
             return cell.left;
         }
     }
@@ -124,13 +124,14 @@ std::optional<Halves> halvesAt(const PageRows& page, std::size_t at) {
     bool isOfBoth = false;
     for (; halves.first > 0; --halves.first) {
         const Row& above = rows[halves.first - 1];
-        halves.edge = outdented(above, halves.edge, *edge);
-        const std::vector<double> edges{halves.edge};
+        const double outer = outdented(above, halves.edge, *edge);
+        const std::vector<double> edges{outer};
         const bool isTitle = isTitleOf(above, halves);
         if ((!isTitle && !fitsEdges(above, edges)) || hasFirmAmount(above)
             || gapOf(above, rows[halves.first]) >= farthest) {
             break;
         }
+        halves.edge = outer;
         titles += isTitle ? 1U : 0U;
         isOfBoth |= isTitle && namesBothSides(above);
         halves.edge = isTitle ? std::min(halves.edge, beginOfRight(above)) : halves.edge;
@@ -141,14 +142,15 @@ std::optional<Halves> halvesAt(const PageRows& page, std::size_t at) {
     for (; halves.end < rows.size(); ++halves.end) {
         const Row& row = rows[halves.end];
         const auto own = halfEdge(row);
-        halves.edge = outdented(row, halves.edge, *edge);
-        const std::vector<double> edges{halves.edge};
+        const double outer = outdented(row, halves.edge, *edge);
+        const std::vector<double> edges{outer};
         if (crossesEdges(row, edges) || hasNoOwnWords(row, edges)
             || gapOf(rows[halves.end - 1], row) >= farthest
             || (own && std::abs(*own - *edge) > aligned)
             || (isLeftOf(row, edges) && namesAny(row, {Concept::total}, page.isRecognised))) {
             break;
         }
+        halves.edge = outer;
         both += own ? 1U : 0U;
         const std::vector<Row> parts = columnsOf(row, edges, page.isRecognised);
         left += !own && hasFirmAmount(parts[0]) ? 1U : 0U;

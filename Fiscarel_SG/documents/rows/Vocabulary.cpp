@@ -62,8 +62,8 @@ bool isRateInName(const Row& row, const LabelPlace& place) {
 /// Whether what looks like "due" or "dû" goes on as another word does: "due superfici", "frais du
 /// médecin".
 bool isNoDebt(const Row& row, const LabelPlace& place) {
-    static const Labels goOn{"by",   "on",    "in",   "for", "within",
-                             "date", "until", "upon", "at",  "from"};
+    static const Labels goOn{"by",   "on",  "in", "for", "within", "date", "until", "upon", "at",
+                             "from", "now", "to", "and", "as",     "per",  "au",    "le"};
     const std::string& text = row.words[place.first].text;
     if ((text != "due" && text != "du") || place.last + 1 >= row.words.size()) {
         return false;
