@@ -95,7 +95,8 @@ void turn(PageRows& page, const Turned& table) {
             row.words[word].place.left += move;
             row.words[word].place.right += move;
         }
-        std::ranges::rotate(row.words, row.words.begin() + static_cast<std::ptrdiff_t>(last.first));
+        std::rotate(row.words.begin(), row.words.begin() + static_cast<std::ptrdiff_t>(last.first),
+                    row.words.end());
         row = rowOfWords(std::move(row.words), page.isRecognised);
     }
 }
