@@ -34,7 +34,7 @@ void ProposalDraft::put(int record, std::string field, const std::string& value,
     }
     result_.proposals.push_back({.recordIndex = record,
                                  .field = std::move(field),
-                                 .value = plainText(value),
+                                 .value = value,
                                  .witness = evidence.witness,
                                  .confidence = evidence.confidence,
                                  .reason = std::move(evidence.reason),
@@ -48,8 +48,9 @@ void ProposalDraft::add(int record, std::string field, const Decimal& value, Evi
 }
 
 void ProposalDraft::add(int record, std::string field, std::string text, Evidence evidence) {
-    if (!text.empty()) {
-        put(record, std::move(field), std::move(text), std::move(evidence));
+    text = plainText(text);
+    if (!text.empty()) { // nothing but control characters is no text
+        put(record, std::move(field), text, std::move(evidence));
     }
 }
 

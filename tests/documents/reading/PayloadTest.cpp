@@ -130,6 +130,17 @@ TEST(StatementPayload, entriesThatMissTheTotalLowerIt) {
     EXPECT_EQ(proposalOf(result, "taxValue", 0)->confidence, Proposal::Confidence::high);
 }
 
+TEST(StatementPayload, aNameOfControlCharactersIsNone) {
+    std::string xml = statementXml();
+    for (const std::string_view name : {"Muster N", "Sparkonto", "Kredit"}) {
+        xml.replace(xml.find(name), name.size(), "&#x7F;");
+    }
+    const ScanResult result = withSymbols(statementSymbols(xml, 1)).proposed();
+    EXPECT_GT(result.proposals.size(), 10U);
+    EXPECT_TRUE(std::ranges::none_of(result.proposals,
+                                     [](const Proposal& one) { return one.value.empty(); }));
+}
+
 TEST(StatementPayload, thePageMarkNamesTheKindWithoutAnyData) {
     PageSymbol mark{.symbology = PageSymbol::Symbology::code128, .bytes = "1962219334001002"};
     ScanResult result = withSymbols({mark}).proposed();
