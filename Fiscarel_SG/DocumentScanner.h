@@ -22,8 +22,9 @@ struct ReadingOptions {
     std::chrono::seconds timeLimit{120};
 };
 
-/// Reads documents; decides by words what a document is and which amounts it states. Stateless, and callable from
-/// any thread. Texts are UTF-8; letters with a mark count as one, however they are encoded.
+/// Reads documents; decides by words what a document is and which amounts it states. Stateless, and
+/// callable from any thread. Texts are UTF-8; letters with a mark count as one, however they are
+/// encoded.
 ///
 /// These are plain rules of words in a fixed order, which decides where several would fit. They
 /// know nothing of the place of a word on the page.
@@ -34,11 +35,10 @@ class DocumentScanner {
     /// no pages and kind `anderes`.
     static ScanResult scan(const std::filesystem::path& path, const ReadingOptions& options = {});
 
-    /// A page as a PNG file `width` pixels wide (1 to 8000), upright as it was read; or why not, one
-    /// German sentence. Reads the file in a process of its own and waits for it.
-    static tl::expected<std::string, std::string> render(const std::filesystem::path& path,
-                                                         int page, int width,
-                                                         std::stop_token stop = {});
+    /// A page as a PNG file `width` pixels wide (1 to 8000), upright as it was read; or why not,
+    /// one German sentence. Reads the file in a process of its own and waits for it.
+    static tl::expected<std::string, std::string>
+    render(const std::filesystem::path& path, int page, int width, std::stop_token stop = {});
 
     /// Everything that follows from the recognised text and barcodes.
     static ScanResult read(std::string text, std::vector<std::string> barcodes);

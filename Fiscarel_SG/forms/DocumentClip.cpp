@@ -1,9 +1,9 @@
 #include "Fiscarel_SG/forms/DocumentClip.h"
 
 #include "Fiscarel_SG/AppStore.h"
-#include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Icons.h"
 #include "Fiscarel_SG/look/PageWidget.h"
+#include "Fiscarel_SG/look/QtText.h"
 #include "Fiscarel_SG/look/Theme.h"
 
 #include <algorithm>

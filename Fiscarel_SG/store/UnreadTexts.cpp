@@ -6,14 +6,14 @@ using namespace taxcore;
 
 namespace {
 
-/// "debts[0].interest" with the identity of the debt in place of its index; of a field that there is
-/// not, as it is.
+/// "debts[0].interest" with the identity of the debt in place of its index; of a field that there
+/// is not, as it is.
 std::string byIdentity(const TaxCase& taxCase, const std::string& path) {
     return lastingPath(taxCase, path).value_or(path);
 }
 
-/// And back; absent when the item is no longer there. A record that is made only when somebody fills
-/// it in may be absent.
+/// And back; absent when the item is no longer there. A record that is made only when somebody
+/// fills it in may be absent.
 std::optional<std::string> byIndex(const TaxCase& taxCase, const std::string& path) {
     return path.find('[') == std::string::npos ? path : countedPath(taxCase, path);
 }

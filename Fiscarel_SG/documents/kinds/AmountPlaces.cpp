@@ -348,8 +348,8 @@ bool statesNone(const Row& row, const LabelPlace& label) {
     return isFrancs(row.words[last - 1].text) || cellsOf(row).back().first == last;
 }
 
-/// The amount that a sentence joins to a label behind it: "davon entfallen CHF 1'027.45 auf Zinsen",
-/// "4'739.40 d'intérêts"; null elsewhere.
+/// The amount that a sentence joins to a label behind it: "davon entfallen CHF 1'027.45 auf
+/// Zinsen", "4'739.40 d'intérêts"; null elsewhere.
 const RowAmount* joinedBefore(const Row& row, const LabelPlace& label, bool isRecognised) {
     static const Labels joins{"an", "auf", "de", "di", "per", "pour"};
     const bool isElided = row.words[label.first].folded.starts_with("d ");

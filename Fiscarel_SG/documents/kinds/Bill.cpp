@@ -272,8 +272,8 @@ class BillMapper {
         }
         wanted_ = &plainBillTotals();
         auto all = findAmounts(ranges_, plainBillTotals(), digits);
-        std::erase_if(
-            all, [](const FoundAmount& one) { return one.value() < 1 || isNumberOf(one); });
+        std::erase_if(all,
+                      [](const FoundAmount& one) { return one.value() < 1 || isNumberOf(one); });
         for (const FoundAmount& one : all) {
             if (columnCheck(one)) {
                 return one;
@@ -369,11 +369,11 @@ class BillMapper {
         static const Wanted pure{{}, {}, true, {}, {}, {meals, membership, tax, notDeductible}};
         auto whole = totalBelow(all.back());
         const bool isWider = target_.kind == Kind::spende || target_.isShared;
-        const bool isWhole = whole
-                             && (whole->value() == sum
-                                 || (isWider && !includesAlien(*whole, pure)
-                                     && (!target_.isShared || takesOff(*whole)
-                                         || isPaidCourse(*whole))));
+        const bool isWhole =
+            whole
+            && (whole->value() == sum
+                || (isWider && !includesAlien(*whole, pure)
+                    && (!target_.isShared || takesOff(*whole) || isPaidCourse(*whole))));
         isDisputed_ |= !isWhole && !columnCheck(all.back())
                        && (target_.isShared || target_.kind == Kind::spende)
                        && std::ranges::any_of(all, [&](const FoundAmount& one) {

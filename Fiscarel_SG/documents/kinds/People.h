@@ -21,8 +21,8 @@ struct NamedPerson {
 };
 
 /// The people a document tells: those beside a birth date, a social security number or a label such
-/// as "Kind", those listed behind "Kinder", two that "und" joins, several of one family in a table, and others of the same
-/// families.
+/// as "Kind", those listed behind "Kinder", two that "und" joins, several of one family in a table,
+/// and others of the same families.
 class People {
   public:
     explicit People(const DocumentRows& document);

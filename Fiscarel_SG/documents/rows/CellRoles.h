@@ -9,7 +9,8 @@
 
 namespace fiscarel {
 
-/// What a cell holds: an amount with its sign, side and currency, a currency alone, or anything else.
+/// What a cell holds: an amount with its sign, side and currency, a currency alone, or anything
+/// else.
 enum class Role { text, amount, currency };
 Role roleOf(const Row& row, const LabelPlace& cell);
 

@@ -1,11 +1,13 @@
 // What a process can no longer do once it is confined, and what it still can.
 
 #include "reader/Limits.h"
+
 #include "reader/ReadableFolders.h"
 #include "tests/documents/reader/Files.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <spawn.h>
 #include <sys/mman.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -15,7 +17,6 @@
 #include <cerrno>
 #include <csignal>
 #include <functional>
-#include <spawn.h>
 #include <thread>
 
 namespace fiscarel::reader {
@@ -48,7 +49,9 @@ TEST(Limits, aConfinedProcessChangesNothingAndReachesNobody) {
             [&] { return refused(open(own.c_str(), O_WRONLY)); },
             [&] { return refused(open(own.c_str(), O_RDWR)); },
             [&] { return refused(open(own.c_str(), O_RDONLY | O_TRUNC)); },
-            [&] { return refused(open((folder.path() / "new").c_str(), O_RDONLY | O_CREAT, 0600)); },
+            [&] {
+                return refused(open((folder.path() / "new").c_str(), O_RDONLY | O_CREAT, 0600));
+            },
             [&] { return refused(open(folder.path().c_str(), O_TMPFILE | O_RDWR, 0600)); },
             [&] { return refused(unlink(own.c_str())); },
             [&] { return refused(rename(own.c_str(), (folder.path() / "moved").c_str())); },

@@ -1,9 +1,8 @@
 // The caller's side: a reading process that breaks, lies or hangs, and one that is stopped.
 
-#include "tests/documents/reader/Drawing.h"
-
 #include "Fiscarel_SG/DocumentScanner.h"
 #include "Fiscarel_SG/documents/ReaderAnswer.h"
+#include "tests/documents/reader/Drawing.h"
 #include "tests/documents/reader/Files.h"
 
 #include <fcntl.h>
@@ -150,7 +149,8 @@ TEST(Rendering, showsThePageUpright) {
                                   u"Damit klar ist, wo oben und wo unten ist"_s});
     sheet.setPixelColor(0, 0, Qt::white);
     const TestFolder folder;
-    const auto upright = DocumentScanner::render(folder.write("a.png", drawing::png(sheet)), 1, 400);
+    const auto upright =
+        DocumentScanner::render(folder.write("a.png", drawing::png(sheet)), 1, 400);
     const auto turned = DocumentScanner::render(
         folder.write("b.png", drawing::png(drawing::turned(sheet, 90))), 1, 400);
     ASSERT_TRUE(upright.has_value()) << upright.error();
