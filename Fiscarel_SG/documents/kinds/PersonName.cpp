@@ -113,6 +113,15 @@ bool namesThing(const Row& words) {
            || namesPartOfYear(words) || namesWholeYear(words);
 }
 
+/// The words without families' names that are written as things are: "Bucher" as books, "Gross".
+Row withoutSurnames(Row words) {
+    static const Labels surnames{"Bucher",  "Gross",  "Conti",   "Billeter", "Steurer",
+                                 "Kursawe", "Kasser", "Rentsch", "Lohner",   "Zahner",
+                                 "Brutsch", "Franck", "Frank",   "Franken"};
+    std::erase_if(words.words, [](const RowWord& word) { return isAnyIn(word.folded, surnames); });
+    return words;
+}
+
 Row partOf(const Row& row, std::size_t first, std::size_t last) {
     Row part;
     part.top = row.top;
@@ -141,7 +150,8 @@ bool isPersonName(const Row& words) {
         folded += word.folded + ' ';
         ++names;
     }
-    return names >= 2 && names <= mostNames && !namesCompany(folded) && !namesThing(words);
+    return names >= 2 && names <= mostNames && !namesCompany(folded)
+           && !namesThing(withoutSurnames(words));
 }
 
 std::optional<Run> personNameAt(const PageRows& page, const Row& row, std::size_t first) {
@@ -168,7 +178,7 @@ std::optional<Run> personNameAt(const PageRows& page, const Row& row, std::size_
     while (after > first && (isParticle(row.words[after - 1]) || isJoin(row.words[after - 1]))) {
         --after; // "Anna Muster de Lausanne" ends before what follows in small letters
     }
-    while (after > first + 2 && namesThing(partOf(row, after - 1, after - 1))) {
+    while (after > first + 2 && namesThing(withoutSurnames(partOf(row, after - 1, after - 1)))) {
         --after; // "Anna Muster Datum 3.5.2024"
     }
     return after > first && isPersonName(partOf(row, first, after - 1))
