@@ -12,21 +12,6 @@ struct Paper {
     std::vector<std::string> wanted; ///< "field=value confidence"
 };
 
-std::vector<std::string> amountsOf(const Paper& paper) {
-    const ScanResult result = proposedFrom(paper.lines);
-    std::vector<std::string> values;
-    for (std::size_t i = 0; i < result.records.size(); ++i) {
-        for (const std::string& value : valuesOf(result, i)) {
-            const bool isText = value.starts_with("provider") || value.starts_with("label")
-                                || value.starts_with("company") || value.starts_with("date");
-            if (!isText) {
-                values.push_back(value);
-            }
-        }
-    }
-    return values;
-}
-
 std::vector<Paper> papers() {
     return {
         {"supplementary benefits are not taxed",
@@ -271,8 +256,9 @@ std::vector<Paper> papers() {
 }
 
 TEST(Benefits, onlyWhatIsOnesOwnAndTaxedIsProposed) {
+    const std::vector<std::string> texts{"provider", "label", "company", "date"};
     for (const Paper& paper : papers()) {
-        EXPECT_EQ(amountsOf(paper), paper.wanted) << paper.name;
+        EXPECT_EQ(allValuesOf(proposedFrom(paper.lines), texts), paper.wanted) << paper.name;
     }
 }
 

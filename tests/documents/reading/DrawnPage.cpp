@@ -1,6 +1,8 @@
 #include "tests/documents/reading/DrawnPage.h"
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <numbers>
 #include <sstream>
 
@@ -92,14 +94,32 @@ ScanResult proposedFrom(const std::vector<Put>& puts) {
     return page.proposed();
 }
 
-std::vector<std::string> valuesOf(const ScanResult& result, std::size_t record) {
+std::vector<std::string> valuesOf(const ScanResult& result, std::size_t record,
+                                  const std::vector<std::string>& without) {
     std::vector<std::string> values;
     for (const Proposal& proposal : result.proposals) {
-        if (proposal.recordIndex == static_cast<int>(record)) {
+        if (proposal.recordIndex == static_cast<int>(record)
+            && std::ranges::find(without, proposal.field) == without.end()) {
             values.push_back(proposal.field + '=' + proposal.value + ' '
                              + std::string(taxcore::rawValue(proposal.confidence)));
         }
     }
+    return values;
+}
+
+std::vector<std::string> allValuesOf(const ScanResult& result,
+                                     const std::vector<std::string>& without) {
+    std::vector<std::string> all;
+    for (std::size_t record = 0; record < result.records.size(); ++record) {
+        std::ranges::move(valuesOf(result, record, without), std::back_inserter(all));
+    }
+    return all;
+}
+
+std::vector<std::string> wageOf(const ScanResult& result) {
+    constexpr std::size_t most = 4;
+    auto values = valuesOf(result);
+    values.resize(std::min(values.size(), most));
     return values;
 }
 

@@ -61,8 +61,14 @@ constexpr bool right = true;
 /// What is proposed from a page of such words.
 ScanResult proposedFrom(const std::vector<Put>& puts);
 
-/// "grossSalary=68000 high" for each proposal of a record, in its order.
-std::vector<std::string> valuesOf(const ScanResult& result, std::size_t record = 0);
+/// "grossSalary=68000 high" for each proposal of a record, in its order, but of the fields named.
+std::vector<std::string> valuesOf(const ScanResult& result, std::size_t record = 0,
+                                  const std::vector<std::string>& without = {});
+/// The same of all records, one after the other.
+std::vector<std::string> allValuesOf(const ScanResult& result,
+                                     const std::vector<std::string>& without = {});
+/// The four amounts that a wage begins with, without the periods and companies that follow.
+std::vector<std::string> wageOf(const ScanResult& result);
 /// The value of a field of a record; empty when nothing is proposed.
 std::string valueOf(const ScanResult& result, const std::string& field, std::size_t record = 0);
 const Proposal* proposalOf(const ScanResult& result, const std::string& field,

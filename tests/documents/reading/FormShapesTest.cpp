@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 namespace fiscarel {
 namespace {
 
@@ -193,16 +191,8 @@ std::vector<Shape> pensionShapes() {
 TEST(FormShapes, giveWhatTheyStateAndNothingElse) {
     for (const auto& shapes : {wageShapes(), pensionShapes()}) {
         for (const Shape& shape : shapes) {
-            const ScanResult result = proposedFrom(shape.puts);
-            std::vector<std::string> amounts;
-            for (std::size_t record = 0; record < result.records.size(); ++record) {
-                std::ranges::copy_if(valuesOf(result, record), std::back_inserter(amounts),
-                                     [](const std::string& value) {
-                                         return !value.starts_with("label")
-                                                && !value.starts_with("employer");
-                                     });
-            }
-            EXPECT_EQ(amounts, shape.wanted) << shape.name;
+            EXPECT_EQ(allValuesOf(proposedFrom(shape.puts), {"label", "employer"}), shape.wanted)
+                << shape.name;
         }
     }
 }

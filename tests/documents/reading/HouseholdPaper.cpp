@@ -1,7 +1,5 @@
 #include "tests/documents/reading/HouseholdPaper.h"
 
-#include <algorithm>
-
 namespace fiscarel {
 
 std::vector<std::string> amountsOf(const std::vector<Put>& puts) {
@@ -10,10 +8,8 @@ std::vector<std::string> amountsOf(const std::vector<Put>& puts) {
     const ScanResult result = proposedFrom(puts);
     std::vector<std::string> amounts;
     for (std::size_t i = 0; i < result.records.size(); ++i) {
-        for (const std::string& value : valuesOf(result, i)) {
-            if (std::ranges::find(words, value.substr(0, value.find('='))) == words.end()) {
-                amounts.push_back(result.records[i].personName + ": " + value);
-            }
+        for (const std::string& value : valuesOf(result, i, words)) {
+            amounts.push_back(result.records[i].personName + ": " + value);
         }
     }
     return amounts;

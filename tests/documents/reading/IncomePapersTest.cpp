@@ -205,6 +205,19 @@ std::vector<Paper> papersOnWages() {
           {540, 146, "30380", right}},
          {": grossSalary=34894 high", ": socialContributions=2603 high",
           ": pensionContributions=1911 high", ": netSalaryOverride=30380 high"}},
+        {"what an employer bears itself is taken off no wage",
+         {{60, 40, "Famiglia Muster"},
+          {60, 80, "Attestato di salario 2024 per la collaboratrice domestica"},
+          {60, 110,
+           "In questo periodo Le abbiamo corrisposto un salario lordo di CHF 10’962.00. Da"},
+          {60, 122,
+           "tale importo sono stati trattenuti i contributi AVS, AI, IPG e AD per CHF 701.55;"},
+          {60, 134,
+           "l'assicurazione infortuni è stata a nostro carico (premio CHF 148.00) e non sono"},
+          {60, 146, "stati versati contributi alla previdenza professionale."},
+          {60, 170, "Il salario netto versato sul Suo conto ammonta quindi a CHF 10’260.45."}},
+         {": grossSalary=10962 high", ": socialContributions=701.55 high",
+          ": netSalaryOverride=10260.45 high"}},
     };
 }
 

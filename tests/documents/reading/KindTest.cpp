@@ -16,16 +16,6 @@ struct Row {
     std::vector<std::string> values; ///< "field=value confidence" that must be among the proposals
 };
 
-std::vector<std::string> allValues(const ScanResult& result) {
-    std::vector<std::string> values;
-    for (std::size_t i = 0; i < result.records.size(); ++i) {
-        for (const std::string& value : valuesOf(result, i)) {
-            values.push_back(value);
-        }
-    }
-    return values;
-}
-
 const std::vector<Row>& rows() {
     static const std::vector<Row> table{
         {{{"Vorsorgestiftung Muster"},
@@ -142,7 +132,7 @@ TEST(KindMappers, findTheAmountsOfEveryKind) {
         const std::string name = row.lines[1].label;
         EXPECT_EQ(result.proposedKind, row.kind) << name;
         EXPECT_FALSE(result.kindIsCertain) << name;
-        const auto values = allValues(result);
+        const auto values = allValuesOf(result);
         for (const std::string& value : row.values) {
             EXPECT_NE(std::ranges::find(values, value), values.end())
                 << name << ": " << value << " not in " << testing::PrintToString(values);

@@ -60,7 +60,7 @@ TEST(Panels, OfAMenuBesideThePageAreNoPartOfIt) {
 }
 
 TEST(Panels, AreBlocksBesideEachOther) {
-    std::vector<Tiles> papers{
+    const std::vector<Tiles> papers{
         {"heads in the middle, amounts at the other side below their labels, debts in brackets",
          {{120, 100, "CONTO BASE"},
           {330, 100, "IPOTECA FISSA"},
@@ -127,8 +127,6 @@ TEST(Panels, AreBlocksBesideEachOther) {
           {45, 227, "4"},
           {545, 234, "57'408.20", right}},
          {{{"taxValue", "57408.2"}, {"incomeWithWithholding", "1060.65"}}}},
-    };
-    papers.push_back(
         {"halves whose blocks are set out from their amounts, one with more lines than the other",
          {{40, 100, "I SUOI AVERI"},
           {310, 100, "I SUOI DEBITI"},
@@ -161,7 +159,8 @@ TEST(Panels, AreBlocksBesideEachOther) {
          {{{"taxValue", "9874.15"}},
           {{"taxValue", "31650"}, {"incomeWithWithholding", "253.2"}},
           {{"amount", "366000"}, {"interest", "5166"}},
-          {{"interest", "742.55"}}}});
+          {{"interest", "742.55"}}}},
+    };
     for (const Tiles& paper : papers) {
         std::vector<Put> put{{60, 40, "Banca Muster SA"},
                              {60, 70, "Attestazione per il fisco 2024"}};

@@ -4,9 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <array>
-
 namespace fiscarel {
 namespace {
 
@@ -18,20 +15,9 @@ struct Paper {
 
 /// The proposals of all records that are amounts or numbers of things.
 std::vector<std::string> amountsOf(const std::vector<Put>& puts) {
-    constexpr std::array<std::string_view, 9> words{
-        "kind",     "institution", "description", "childcareProvider", "recipient", "label=",
-        "employer", "creditor",    "date"};
-    const ScanResult result = proposedFrom(puts);
-    std::vector<std::string> amounts;
-    for (std::size_t record = 0; record < result.records.size(); ++record) {
-        std::ranges::copy_if(valuesOf(result, record), std::back_inserter(amounts),
-                             [&](const std::string& value) {
-                                 return std::ranges::none_of(words, [&](std::string_view word) {
-                                     return value.starts_with(word);
-                                 });
-                             });
-    }
-    return amounts;
+    return allValuesOf(proposedFrom(puts),
+                       {"kind", "institution", "description", "childcareProvider", "recipient",
+                        "label", "employer", "creditor", "date"});
 }
 
 std::vector<Paper> falseProofs() {

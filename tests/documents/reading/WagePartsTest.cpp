@@ -4,18 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 namespace fiscarel {
 namespace {
-
-/// What is proposed first, without the periods and companies that follow the amounts.
-std::vector<std::string> amountsOf(const ScanResult& result) {
-    constexpr std::size_t most = 4;
-    auto values = valuesOf(result);
-    values.resize(std::min(values.size(), most));
-    return values;
-}
 
 std::vector<std::string> wageAt(const std::string& confidence) {
     return {"grossSalary=62000 " + confidence, "socialContributions=4500 " + confidence,
@@ -59,7 +49,7 @@ TEST(WageParts, whatElseIsKeptBackIsNoContribution) {
         page.line("Lohnbescheinigung 2024").line("Bruttolohn", "62’000.00");
         page.line("AHV/IV/EO/ALV", "-4’500.00").line(row.words, "-2’000.00");
         page.line("BVG", "-3’100.00").line("Nettolohn", "52’400.00");
-        EXPECT_EQ(amountsOf(page.proposed()), wageAt(row.confidence)) << row.words;
+        EXPECT_EQ(wageOf(page.proposed()), wageAt(row.confidence)) << row.words;
     }
 }
 
@@ -69,7 +59,7 @@ TEST(WageParts, aRiskAloneOnlySuggestsAContribution) {
         page.line("Lohnbescheinigung 2024").line("Bruttolohn", "62’000.00");
         page.line("AHV/IV/EO", "-4’000.00").line(risk, "-500.00");
         page.line("BVG", "-3’100.00").line("Nettolohn", "54’400.00");
-        EXPECT_EQ(amountsOf(page.proposed()), wageAt("medium")) << risk;
+        EXPECT_EQ(wageOf(page.proposed()), wageAt("medium")) << risk;
     }
 }
 
@@ -82,7 +72,7 @@ TEST(WageParts, whatNoWordsNameMayBeTooMuchForAContribution) {
         page.line("Lohnbescheinigung 2024").line("Bruttolohn", "62’000.00");
         page.line("AHV/IV/EO", "-3’500.00").line("ALV", "-700.00").line("NBU", "-300.00");
         page.line(words, "-2’600.00").line("BVG", "-3’100.00").line("Nettolohn", "51’800.00");
-        EXPECT_EQ(amountsOf(page.proposed()), parts) << words;
+        EXPECT_EQ(wageOf(page.proposed()), parts) << words;
     }
 }
 
@@ -98,7 +88,7 @@ TEST(WageParts, aColumnOfWhatElseIsKeptBackIsNoContribution) {
         };
         row(110, {"Name", "Bruttolohn", "AHV/ALV", "BVG", heading, "Nettolohn"});
         row(128, {"Anna Muster", "62’000.00", "4’500.00", "3’100.00", "6’000.00", "48’400.00"});
-        EXPECT_EQ(amountsOf(page.proposed()), wageAt("high")) << heading;
+        EXPECT_EQ(wageOf(page.proposed()), wageAt("high")) << heading;
     }
 }
 
