@@ -320,13 +320,6 @@ class EntryProposer {
                 .page = page};
     }
 
-    Evidence issuerWords(Evidence words) const {
-        words.reason = "Steht oben auf dem Dokument.";
-        words.page = context_.facts.issuer.page;
-        words.box = context_.facts.issuer.box;
-        return words;
-    }
-
     void proposeNames(int record, const AccountEntry& entry) {
         const Evidence words = wordsOf(entry);
         draft_.add(record, "kind", std::string(entry.isDepot ? "wertschrift" : "konto"), words);
@@ -340,7 +333,8 @@ class EntryProposer {
         }
         draft_.add(record, "ibanOrValor", entry.number.empty() ? entry.security : entry.number,
                    checked);
-        draft_.add(record, "institution", context_.facts.issuer.text, issuerWords(words));
+        draft_.add(record, "institution", context_.facts.issuer.text,
+                   issuerEvidence(context_.facts));
         proposeDescription(record, entry.range, words);
     }
 
@@ -385,7 +379,7 @@ class EntryProposer {
             context_.facts, Record::debt, "Schuld " + creditor, entry.range.page->number));
         Evidence words = wordsOf(entry);
         words.reason = "Steht bei der Schuld.";
-        draft_.add(record, "creditor", creditor, isListed ? words : issuerWords(words));
+        draft_.add(record, "creditor", creditor, isListed ? words : issuerEvidence(context_.facts));
         for (const Figure figure : {Figure::debt, Figure::debtInterest}) {
             const auto& found = at(entry.figures, figure);
             if (found && !found->value().isZero()) {

@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/kinds/RowSums.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
+#include "Fiscarel_SG/documents/text/Utf8Letters.h"
 
 #include <algorithm>
 
@@ -23,9 +24,7 @@ bool isNumberAlone(const Row& row) {
 }
 
 bool continuesSentence(const Row& row) {
-    const char first =
-        row.words.empty() || row.words.front().text.empty() ? 'A' : row.words.front().text.front();
-    return first >= 'a' && first <= 'z';
+    return !row.words.empty() && startsSmall(row.words.front().text);
 }
 
 /// Whether an amount stands in a column of its own, as in a list whose labels begin small.

@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/kinds/Prose.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
+#include "Fiscarel_SG/documents/text/Utf8Letters.h"
 
 #include <algorithm>
 #include <utility>
@@ -55,8 +56,8 @@ bool isProse(const Row& row, bool isRecognised) {
     while (end > 0 && isFrancs(row.words[end - 1].text)) {
         --end;
     }
-    const char start = row.words.front().text.front();
-    const bool isRest = start >= 'a' && start <= 'z' && endsSentence(row, row.words.size() - 1);
+    const bool isRest =
+        startsSmall(row.words.front().text) && endsSentence(row, row.words.size() - 1);
     return isRest || firm > 1 || hasSentenceEnd(row) || row.amounts.back().last + 1 != end;
 }
 
@@ -106,15 +107,15 @@ struct Pass {
 /// valore di | riscatto"; empty where none does.
 Row withLineBefore(const RowRange& range, std::size_t at) {
     constexpr std::size_t most = 3; // words of the line before
-    Row words = range.page->rows[at];
-    if (at == range.first || range.page->number == 0 || words.words.empty()) {
+    const Row& own = range.page->rows[at];
+    if (at == range.first || range.page->number == 0 || own.words.empty()
+        || !startsSmall(own.words.front().text)) {
         return {};
     }
+    Row words = own;
     const Row& before = range.page->rows[at - 1];
-    const char start = words.words.front().text.front();
-    const bool goesOn = start >= 'a' && start <= 'z' && !before.words.empty()
-                        && words.top - before.bottom < words.height() && cellsOf(words).size() == 1
-                        && cellsOf(before).size() == 1;
+    const bool goesOn = !before.words.empty() && words.top - before.bottom < words.height()
+                        && cellsOf(words).size() == 1 && cellsOf(before).size() == 1;
     if (!goesOn) {
         return {};
     }

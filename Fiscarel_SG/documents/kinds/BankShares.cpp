@@ -17,9 +17,8 @@ bool mentionsShares(const Row& row) {
 }
 
 std::optional<FoundAmount> sharesIn(const PageRows& page, std::size_t at) {
-    static const Labels pieces{"*anteilschein*", "*anteil", "*anteile", "*anteilen", "parts",
-                               "part sociale",   "quote",   "quota",    "Stück",     "titres",
-                               "azioni",         "actions", "Aktien",   "pezzi",     "certificat*"};
+    static const Labels ofBanks{"*anteilschein*", "*anteil", "part sociale", "quota",
+                                "certificat*"};
     static const Labels counts{"Anzahl",   "Stückzahl",       "nombre",
                                "quantité", "numero di quote", "quantità"};
     const Row& row = page.rows[at];
@@ -29,7 +28,9 @@ std::optional<FoundAmount> sharesIn(const PageRows& page, std::size_t at) {
     };
     const auto count = findLabel(row, counts, page.isRecognised);
     const auto isPiece = [&](std::size_t word) {
-        return word < row.words.size() && isAnyIn(row.words[word].folded, pieces);
+        return word < row.words.size()
+               && (isAnyIn(row.words[word].folded, ofBanks)
+                   || isAnyIn(row.words[word].folded, pieceWords()));
     };
     for (const RowAmount& amount : row.amounts) {
         const bool isOrdinal = amount.first == 0 && row.words[amount.last].text.ends_with('.');

@@ -192,6 +192,15 @@ std::optional<int> yearTold(const PageRows& page, double bottom) {
     return votes.best();
 }
 
+Evidence issuerEvidence(const DocumentFacts& facts) {
+    using Witness = Proposal::Witness;
+    return {.witness = facts.issuer.page == 0 ? Witness::text : Witness::position,
+            .confidence = Proposal::Confidence::medium,
+            .reason = "Steht oben auf dem Dokument.",
+            .page = facts.issuer.page,
+            .box = facts.issuer.box};
+}
+
 ProposedRecord recordWith(const DocumentFacts& facts, ProposedRecord::Kind kind, std::string title,
                           int page) {
     return {.kind = kind,

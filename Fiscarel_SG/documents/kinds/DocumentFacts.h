@@ -25,6 +25,9 @@ DocumentFacts readFacts(const DocumentRows& document);
 /// the year before one of a title, that before the end of a year, that before any other day.
 std::optional<int> yearTold(const PageRows& page, double bottom);
 
+/// That the issuer is whose name stands at the head of the document: medium, with its place.
+Evidence issuerEvidence(const DocumentFacts& facts);
+
 /// A record of a kind with what the facts tell of it.
 ProposedRecord recordWith(const DocumentFacts& facts, ProposedRecord::Kind kind, std::string title,
                           int page);

@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
+#include "Fiscarel_SG/documents/text/Utf8Letters.h"
 
 #include <algorithm>
 #include <cmath>
@@ -286,8 +287,7 @@ void addWords(TableColumn& column, const Line& line, std::size_t cell) {
     for (std::size_t i = place.first; i <= place.last; ++i) {
         const RowWord& word = line.row->words[i];
         const bool goesOn = i == place.first && !words.empty() && words.back().text.size() > 1
-                            && words.back().text.ends_with('-') && !word.folded.empty()
-                            && word.text.front() >= 'a' && word.text.front() <= 'z';
+                            && words.back().text.ends_with('-') && startsSmall(word.text);
         if (goesOn) { // "Soll-" over "zinsen"
             words.back().text.pop_back();
             words.back().text += word.text;

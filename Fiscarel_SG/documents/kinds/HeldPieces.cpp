@@ -23,13 +23,6 @@ std::string shownPieces(const Decimal& quantity) {
                                               : taxcore::MoneyFormat::number(quantity);
 }
 
-bool isUnit(const RowWord& word) {
-    static const Labels units{"Aktien",  "*aktien", "Anteile", "*anteile", "*anteilen", "Stück",
-                              "actions", "parts",   "titres",  "azioni",   "quote",     "titoli",
-                              "pezzi",   "shares",  "units",   "unités"};
-    return isAnyIn(word.folded, units);
-}
-
 /// How many pieces a word with three or four decimals tells; absent for other words.
 std::optional<Decimal> piecesOf(std::string_view word) {
     const std::size_t mark = word.find_first_of(".,");
@@ -54,7 +47,7 @@ std::vector<FoundAmount> besideUnits(const PageRows& page, std::size_t at) {
     for (const RowAmount& amount : row.amounts) {
         const std::size_t next = amount.last + 1;
         if (amount.amount.value.isInteger() && amount.amount.value > 1 && !amount.amount.hasDecimals
-            && next < row.words.size() && isUnit(row.words[next])) {
+            && next < row.words.size() && isAnyIn(row.words[next].folded, pieceWords())) {
             numbers.push_back(
                 {.page = &page, .row = at, .amount = amount, .label = row.words[next].text});
             numbers.back().amount.amount.hasMark = true; // its unit speaks for it
@@ -100,6 +93,18 @@ bool tellsValue(const FoundAmount& found) {
 }
 
 } // namespace
+
+const Labels& pieceWords() {
+    static const Labels words{
+        "Stk*",         "Stück*",      "Aktie*",       "*aktien",
+        "Anteil*",      "*anteile",    "*anteilen",    "Titel",
+        "actions",      "parts",       "titres",       "pièces",
+        "pces",         "pce",         "unités",       "azioni",
+        "quote",        "titoli",      "pezzi",        "pz",
+        "unità",        "shares",      "units",        "pcs",
+        "Obligationen", "Namenaktie*", "Namenanteil*", "Partizipationsschein*"};
+    return words;
+}
 
 std::vector<FoundAmount> fractionsIn(const PageRows& page, std::size_t at) {
     const Row& row = page.rows[at];

@@ -8,6 +8,9 @@
 
 namespace fiscarel {
 
+/// What pieces of a security are called behind their number: "18 Stk.", "25 azioni".
+const Labels& pieceWords();
+
 /// Shares or fund units told without a table: how many are held, and what they are worth.
 struct HeldPieces {
     FoundAmount quantity; ///< may have three or four decimals, as those of funds do

@@ -247,12 +247,7 @@ void proposeField(const KindContext& context, const LabelledField& row, RecordsB
 void proposeSenders(const KindContext& context, const RecordsByKind& records,
                     ProposalDraft& draft) {
     if (const auto policy = records.existing(Record::insurancePolicy)) {
-        draft.add(*policy, "company", context.facts.issuer.text,
-                  {.witness = Witness::position,
-                   .confidence = Confidence::medium,
-                   .reason = "Steht oben auf dem Dokument.",
-                   .page = context.facts.issuer.page,
-                   .box = context.facts.issuer.box});
+        draft.add(*policy, "company", context.facts.issuer.text, issuerEvidence(context.facts));
     }
 }
 

@@ -3,6 +3,7 @@
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/text/Digits.h"
+#include "Fiscarel_SG/documents/text/Utf8Letters.h"
 
 #include <algorithm>
 #include <string>
@@ -39,12 +40,6 @@ std::size_t clauseStart(const Row& row, std::size_t amount) {
     return first;
 }
 
-/// Whether a row goes on with what the one before it says.
-bool goesOn(const Row& row) {
-    const char first = row.words.front().text.empty() ? 'A' : row.words.front().text.front();
-    return first >= 'a' && first <= 'z';
-}
-
 /// The next two words behind an amount, where no other clause begins: "Fr. 1'542.10 monatlich".
 void appendBehind(const PageRows& page, std::size_t at, const RowAmount& amount, Row& words) {
     const Row& row = page.rows[at];
@@ -57,7 +52,7 @@ void appendBehind(const PageRows& page, std::size_t at, const RowAmount& amount,
                                                       : nullptr;
         const std::size_t word = from == &row ? i : i - row.words.size();
         if (from == nullptr || word >= from->words.size() || from->words[word].text.starts_with('(')
-            || (from != &row && !goesOn(*from))) {
+            || (from != &row && !startsSmall(from->words.front().text))) {
             return;
         }
         append(words, *from, word, word + 1);

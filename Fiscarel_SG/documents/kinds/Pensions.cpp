@@ -403,12 +403,7 @@ class BenefitPaper {
         }
         draft_.add(record, target_.field, value, std::move(evidence));
         if (target_.record == Record::pension) {
-            draft_.add(record, "label", context_.facts.issuer.text,
-                       {.witness = Witness::position,
-                        .confidence = Confidence::medium,
-                        .reason = "Steht oben auf dem Dokument.",
-                        .page = context_.facts.issuer.page,
-                        .box = context_.facts.issuer.box});
+            draft_.add(record, "label", context_.facts.issuer.text, issuerEvidence(context_.facts));
         }
     }
 

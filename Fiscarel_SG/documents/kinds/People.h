@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Fiscarel_SG/documents/ProposalDraft.h"
+#include "Fiscarel_SG/documents/kinds/RowNames.h"
 
 #include <map>
 #include <optional>
@@ -10,15 +11,6 @@
 #include <vector>
 
 namespace fiscarel {
-
-/// Where a row names somebody.
-struct NamedPerson {
-    std::string name;      ///< as printed, with the family's
-    std::string folded;    ///< tells people apart
-    std::size_t first = 0; ///< index of its first word in the row
-    std::size_t last = 0;
-    std::optional<taxcore::Date> birthDate;
-};
 
 /// The people a document tells: those beside a birth date, a social security number or a label such
 /// as "Kind", those listed behind "Kinder", two that "und" joins, several of one family in a table,
@@ -45,6 +37,8 @@ class People {
 
   private:
     void look(const Row& row, const Row* above);
+    /// Takes up who was born on a day of a row.
+    void lookAtDay(const Row& row, std::size_t at, const Row* above);
     void takeCouple(const Row& row, std::size_t join);
     void takeReversed(const std::set<std::pair<std::string, std::string>>& inTables,
                       const std::set<std::pair<std::string, std::string>>& elsewhere);

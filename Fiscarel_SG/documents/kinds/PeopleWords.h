@@ -6,9 +6,9 @@ namespace fiscarel {
 
 // Words that stand beside the names of people.
 
-/// Words between a name and a day of birth.
+/// Words between a name and a day, as that of a birth: "geb. am".
 const Labels& births();
-/// Those of them that tell of a birth without the others; a payment is "am 3.4.2024", too.
+/// Words that tell of a birth alone; a payment is "am 3.4.2024", too.
 const Labels& plainBirths();
 /// Words that are written with a capital too.
 const Labels& noNames();

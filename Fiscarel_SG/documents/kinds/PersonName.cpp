@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/PersonName.h"
 
 #include "Fiscarel_SG/documents/kinds/LetterHead.h"
+#include "Fiscarel_SG/documents/kinds/RowNames.h"
 #include "Fiscarel_SG/documents/kinds/WageYear.h"
 #include "Fiscarel_SG/documents/rows/Vocabulary.h"
 #include "Fiscarel_SG/documents/text/Digits.h"
@@ -15,11 +16,6 @@ bool isParticle(const RowWord& word) {
     static const Labels particles{"von", "de",  "del", "della", "di",
                                   "da",  "van", "du",  "dos",   "zu"};
     return isAnyIn(word.folded, particles);
-}
-
-bool isJoin(const RowWord& word) {
-    static const Labels joins{"und", "et", "e"};
-    return word.text == "&" || isAnyIn(word.folded, joins);
 }
 
 bool isTitle(const RowWord& word) {

@@ -369,11 +369,7 @@ bool proposePolicies(const KindContext& context, ProposalDraft& draft) {
                                                     "Lebensversicherung " + policy.number,
                                                     policy.rows.page->number));
                 draft.add(*record, "company", context.facts.issuer.text,
-                          {.witness = Witness::position,
-                           .confidence = Confidence::medium,
-                           .reason = "Steht oben auf dem Dokument.",
-                           .page = context.facts.issuer.page,
-                           .box = context.facts.issuer.box});
+                          issuerEvidence(context.facts));
             }
             draft.add(*record, field.field, found->value(),
                       evidenceOf(*found, field.wanted, context.isKindClear,

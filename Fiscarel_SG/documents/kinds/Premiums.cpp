@@ -431,12 +431,7 @@ void proposeBorne(const KindContext& context, const FoundAmount& found, const Na
     // It may be entered already, bill by bill.
     evidence.confidence = std::max(evidence.confidence, Confidence::medium);
     draft.add(record, "gross", found.value(), std::move(evidence));
-    draft.add(record, "provider", context.facts.issuer.text,
-              {.witness = Witness::position,
-               .confidence = Confidence::medium,
-               .reason = "Steht oben auf dem Dokument.",
-               .page = context.facts.issuer.page,
-               .box = context.facts.issuer.box});
+    draft.add(record, "provider", context.facts.issuer.text, issuerEvidence(context.facts));
 }
 
 /// Whether the amounts that follow one in a sentence, up to another or its end, are its parts: "mit

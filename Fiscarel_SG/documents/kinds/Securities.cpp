@@ -271,11 +271,7 @@ void SecurityList::proposeOne(const Security& security, ProposalDraft& draft) co
     draft.add(record, "kind", std::string(security.isAccount ? "konto" : "wertschrift"), words);
     draft.add(record, "description", security.name, words);
     draft.add(record, "ibanOrValor", security.number, words);
-    Evidence issuer = words;
-    issuer.reason = "Steht oben auf dem Dokument.";
-    issuer.page = facts.issuer.page;
-    issuer.box = facts.issuer.box;
-    draft.add(record, "institution", facts.issuer.text, issuer);
+    draft.add(record, "institution", facts.issuer.text, issuerEvidence(facts));
     const auto product = productCheck(security);
     addAmount(record, "quantity", security, Stated::quantity, {product}, draft);
     addAmount(record, "taxValue", security, Stated::value, {product, sumCheck(Stated::value)},

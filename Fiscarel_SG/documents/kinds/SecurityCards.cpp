@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/SecurityCards.h"
 
 #include "Fiscarel_SG/documents/kinds/AccountPages.h"
+#include "Fiscarel_SG/documents/kinds/HeldPieces.h"
 #include "Fiscarel_SG/documents/kinds/TableHeading.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/text/Digits.h"
@@ -18,34 +19,6 @@ namespace {
 /// Whether a cell says by a word or a dash that there is no amount.
 bool saysNoAmount(const Row& row, const LabelPlace& cell) {
     return saysNone(row, cell) || (cell.first == cell.last && row.words[cell.first].folded.empty());
-}
-
-/// What pieces of a security are called behind their number.
-const Labels& pieceWords() {
-    static const Labels words{"Stk*",
-                              "Stück*",
-                              "Anteil*",
-                              "Aktie*",
-                              "Namenaktie*",
-                              "pezzi",
-                              "pz",
-                              "azioni",
-                              "quote",
-                              "titoli",
-                              "actions",
-                              "titres",
-                              "pièces",
-                              "pces",
-                              "parts",
-                              "unités",
-                              "unità",
-                              "pce",
-                              "pcs",
-                              "Namenanteil*",
-                              "Titel",
-                              "Obligationen",
-                              "Partizipationsschein*"};
-    return words;
 }
 
 /// How many pieces a cell begins with: "18 Stk.", "25 azioni"; null for other cells.

@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/text/Digits.h"
+#include "Fiscarel_SG/documents/text/Utf8Letters.h"
 
 #include <algorithm>
 #include <cmath>
@@ -128,8 +129,8 @@ std::optional<std::vector<std::size_t>> gridColumns(const Row& labels, const Row
         }
         columns.push_back(index);
         const Role role = roleOf(values, cell);
-        const char start = values.words[cell.first].text.front();
-        const bool isLabel = role == Role::text && cells.size() > 1 && start >= 'a' && start <= 'z'
+        const bool isLabel = role == Role::text && cells.size() > 1
+                             && startsSmall(values.words[cell.first].text)
                              && !saysNone(values, cell);
         if (isLabel || (role == Role::text && hasFirmAmount(values, cell))) {
             return std::nullopt; // a sentence, or labels before their values

@@ -4,6 +4,7 @@
 #include "Fiscarel_SG/documents/rows/GridEdges.h"
 #include "Fiscarel_SG/documents/text/Digits.h"
 #include "Fiscarel_SG/documents/text/FoldedText.h"
+#include "Fiscarel_SG/documents/text/Utf8Letters.h"
 
 #include <algorithm>
 #include <array>
@@ -80,9 +81,8 @@ RowWord* carriedOn(const RowWord& parted, Row& below) {
     }
     for (const LabelPlace& cell : cellsOf(below)) {
         RowWord& word = below.words[cell.first];
-        const char first = word.text.empty() ? 'A' : word.text.front();
-        const bool isSmall = first >= 'a' && first <= 'z';
-        if (isSmall && word.place.left < parted.place.right && parted.place.left < word.place.right
+        if (startsSmall(word.text) && word.place.left < parted.place.right
+            && parted.place.left < word.place.right
             && std::ranges::find(joins, word.folded) == joins.end()) {
             return &word;
         }

@@ -78,17 +78,7 @@ class Arrangement {
   private:
     void keep(const Row& row) {
         rows_.push_back(row);
-        Row& kept = rows_.back();
-        kept.top += shift_;
-        kept.bottom += shift_;
-        for (RowWord& word : kept.words) {
-            word.place.top += shift_;
-            word.place.bottom += shift_;
-        }
-        for (RowAmount& amount : kept.amounts) {
-            amount.place.top += shift_;
-            amount.place.bottom += shift_;
-        }
+        moveDown(rows_.back(), shift_);
     }
 
     /// A row of its own for a label and its amount, at a height on the arranged page.

@@ -2,6 +2,7 @@
 
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "Fiscarel_SG/documents/rows/GridEdges.h"
+#include "Fiscarel_SG/documents/text/Utf8Letters.h"
 
 #include <algorithm>
 #include <array>
@@ -19,8 +20,7 @@ bool goesOn(const RowWord& last, const RowWord& next) {
         "de",   "la",  "le",  "les",   "d",   "et",    "ou",   "au",   "aux", "par", "pour",
         "sur",  "di",  "del", "della", "dei", "delle", "dell", "e",    "o",   "per", "al",
         "alla", "ai",  "su",  "sul",   "nel", "con",   "da",   "dal"};
-    const char first = next.text.empty() ? 'A' : next.text.front();
-    return (first >= 'a' && first <= 'z') || first == '(' || last.text.ends_with('-')
+    return startsSmall(next.text) || next.text.starts_with('(') || last.text.ends_with('-')
            || last.text.ends_with('/') || last.text.ends_with(',')
            || std::ranges::find(open, last.folded) != open.end();
 }

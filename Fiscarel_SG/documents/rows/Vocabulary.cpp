@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/rows/Vocabulary.h"
 
 #include "Fiscarel_SG/documents/rows/VocabularyWords.h"
+#include "Fiscarel_SG/documents/text/Utf8Letters.h"
 
 #include <algorithm>
 #include <array>
@@ -69,7 +70,7 @@ bool isNoDebt(const Row& row, const LabelPlace& place) {
         return false;
     }
     const RowWord& next = row.words[place.last + 1];
-    return next.text[0] >= 'a' && next.text[0] <= 'z' && !isAnyIn(next.folded, goOn);
+    return startsSmall(next.text) && !isAnyIn(next.folded, goOn);
 }
 
 /// Whether what stands at a place is said not to be: "ohne Kirchensteuer", "(keine Spende)", "nicht

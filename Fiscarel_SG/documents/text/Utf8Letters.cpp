@@ -68,6 +68,11 @@ bool isThousandsMark(char32_t code) noexcept {
     return std::ranges::find(marks, code) != marks.end();
 }
 
+bool startsSmall(std::string_view text) noexcept {
+    const char32_t first = text.empty() ? U'A' : firstLetter(text).code;
+    return (first >= U'a' && first <= U'z') || (first >= U'\u00DF' && first <= U'\u00FF');
+}
+
 bool isDash(char32_t code) noexcept {
     return code == U'-' || (code >= U'\u2010' && code <= U'\u2015') || code == U'\u2212';
 }

@@ -15,6 +15,10 @@ struct Utf8Letter {
 /// The first character of a text that is not empty.
 Utf8Letter firstLetter(std::string_view text) noexcept;
 
+/// Whether a text begins with a small letter of German, French, Italian or English, as what goes on
+/// from the line before does.
+bool startsSmall(std::string_view text) noexcept;
+
 /// How many characters a text has.
 std::size_t charactersIn(std::string_view text) noexcept;
 
