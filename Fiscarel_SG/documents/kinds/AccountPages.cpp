@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/AccountPages.h"
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+#include "Fiscarel_SG/documents/kinds/BesideAmounts.h"
 #include "Fiscarel_SG/documents/kinds/TableHeading.h"
 #include "Fiscarel_SG/documents/rows/CellRoles.h"
 #include "TaxCore/base/Iban.h"
@@ -91,24 +92,10 @@ bool isPast(const Row& row, std::optional<int> year) {
 /// Whether the words around an amount make it a limit that something stays below or goes above:
 /// "bis Fr. 200", "weil der Zins Fr. 200.– nicht übersteigt".
 bool isLimit(const Row& row, const RowAmount& amount) {
-    static const Labels before{
-        "bis",      "bis zu",      "unter",      "höchstens",  "maximal",      "max",
-        "mehr als", "weniger als", "jusqu'à",    "moins de",   "plus de",      "fino a",
-        "meno di",  "più di",      "au maximum", "al massimo", "not exceeding"};
     static const Labels behind{"übersteig*", "überschreit*", "nicht erreich*", "dépass*",
                                "excèd*",     "excéd*",       "supera",         "superano",
                                "superava",   "eccede",       "oltrepass*",     "exceed*"};
-    constexpr std::size_t nearest = 2;  // words before
-    constexpr std::size_t farthest = 3; // and behind
-    std::size_t at = amount.first;
-    while (at > 0 && isFrancs(row.words[at - 1].text)) {
-        --at;
-    }
-    Row words;
-    for (std::size_t i = at - std::min(at, nearest); i < at; ++i) {
-        words.words.push_back(row.words[i]);
-    }
-    const auto place = findLabel(words, before, false);
+    constexpr std::size_t farthest = 3; // words behind
     Row rest;
     for (std::size_t i = amount.last + 1; i < row.words.size() && i <= amount.last + farthest;
          ++i) {
@@ -117,7 +104,7 @@ bool isLimit(const Row& row, const RowAmount& amount) {
             break;
         }
     }
-    return (place && place->last + 1 == words.words.size()) || findLabel(rest, behind, false);
+    return followsBound(row, amount.first) || findLabel(rest, behind, false);
 }
 
 /// Whether an amount is told as a limit, as what was agreed on, lent once or is to be paid at

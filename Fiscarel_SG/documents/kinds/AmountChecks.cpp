@@ -253,6 +253,27 @@ std::vector<ProposalCheck> witnessChecks(const std::vector<RowRange>& ranges, co
     return checks;
 }
 
+namespace {
+
+/// A label as a sentence quotes it: without bullets before it, a colon and the currency behind.
+std::string quotable(std::string label) {
+    const auto drop = [&](std::string_view mark, bool isEnd) {
+        const bool has = isEnd ? label.ends_with(mark) : label.starts_with(mark);
+        if (has && label.size() > mark.size()) {
+            label.erase(isEnd ? label.size() - mark.size() : 0, mark.size());
+        }
+        return has && label.size() > mark.size();
+    };
+    for (bool isDropped = true; isDropped;) {
+        isDropped = drop("• ", false) || drop("– ", false) || drop("- ", false)
+                    || drop(" CHF", true) || drop(" Fr.", true) || drop(" SFr.", true)
+                    || drop(":", true) || drop(" ", true);
+    }
+    return label;
+}
+
+} // namespace
+
 Evidence evidenceOf(const FoundAmount& found, const Wanted& wanted, bool isKindClear,
                     std::vector<ProposalCheck> checks) {
     const PageRows& page = *found.page;
@@ -262,11 +283,12 @@ Evidence evidenceOf(const FoundAmount& found, const Wanted& wanted, bool isKindC
                       .page = page.number,
                       .box = hasPlaces ? pageBox(found.amount.printed, page) : std::nullopt,
                       .checks = std::move(checks)};
-    evidence.reason = std::string(!hasPlaces      ? "Steht im Text nach "
-                                  : found.isBelow ? "Steht unter "
-                                                  : "Steht rechts von ")
-                      + (found.label.empty() ? "seiner Bezeichnung" : "«" + found.label + "»")
-                      + (page.isRecognised ? " (Texterkennung)." : ".");
+    evidence.reason =
+        std::string(!hasPlaces      ? "Steht im Text nach "
+                    : found.isBelow ? "Steht unter "
+                                    : "Steht rechts von ")
+        + (found.label.empty() ? "seiner Bezeichnung" : "«" + quotable(found.label) + "»")
+        + (page.isRecognised ? " (Texterkennung)." : ".");
     const bool isFirm = found.amount.amount.isFirm() && !found.amount.amount.wasCorrected;
     const bool isPlain = found.isAlone && !found.isBelow && isFirm && wanted.isSpecific;
     if (!hasPlaces) {

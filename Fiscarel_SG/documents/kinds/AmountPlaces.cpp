@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 
 #include "Fiscarel_SG/documents/kinds/AmountBelow.h"
+#include "Fiscarel_SG/documents/kinds/BesideAmounts.h"
 #include "Fiscarel_SG/documents/kinds/RowSums.h"
 #include "Fiscarel_SG/documents/kinds/RunningBalance.h"
 #include "Fiscarel_SG/documents/kinds/SectionTotal.h"
@@ -351,9 +352,8 @@ bool statesNone(const Row& row, const LabelPlace& label) {
 /// The amount that a sentence joins to a label behind it: "davon entfallen CHF 1'027.45 auf
 /// Zinsen", "4'739.40 d'intérêts"; null elsewhere.
 const RowAmount* joinedBefore(const Row& row, const LabelPlace& label, bool isRecognised) {
-    static const Labels joins{"an", "auf", "de", "di", "per", "pour"};
     const bool isElided = row.words[label.first].folded.starts_with("d ");
-    const bool isJoined = label.first > 0 && isAnyIn(row.words[label.first - 1].folded, joins);
+    const bool isJoined = label.first > 0 && joinsLabel(row.words[label.first - 1]);
     const std::size_t behind = isElided ? 1 : 2;
     if ((!isElided && !isJoined) || label.first < behind || !isProse(row, isRecognised)) {
         return nullptr;
@@ -394,6 +394,13 @@ std::vector<LabelPlace> headingCells(const RowRange& range, std::size_t at) {
         parts.push_back(cell);
     }
     return parts;
+}
+
+std::optional<int> yearAtStart(const Row& row) {
+    const std::string_view text =
+        row.words.empty() ? std::string_view() : std::string_view(row.words.front().text);
+    const auto day = parseDay(text);
+    return day ? std::optional(day->year()) : parseYear(text);
 }
 
 double alignment(const PageRows& page) { return page.isRecognised ? 6.0 : 4.0; }

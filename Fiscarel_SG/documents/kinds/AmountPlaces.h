@@ -11,6 +11,9 @@ namespace fiscarel {
 /// too long.
 bool isCandidate(const RowAmount& amount);
 
+/// The year a row begins with, alone or in a day; absent for other rows.
+std::optional<int> yearAtStart(const Row& row);
+
 /// How far, in points, the edges of amounts of one column may differ.
 double alignment(const PageRows& page);
 

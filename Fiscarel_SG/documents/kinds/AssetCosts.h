@@ -8,7 +8,8 @@ namespace fiscarel {
 /// or orders, unless they may be deducted.
 bool statesAssetCosts(const PageRows& page, const Row& row);
 
-/// What managing and keeping securities cost: what a bank states as deductible, else all it states.
+/// What managing and keeping securities cost (DBG Art. 32 para. 1): what a bank states as
+/// deductible, else all it states.
 void proposeAssetCosts(const KindContext& context, ProposalDraft& draft);
 
 } // namespace fiscarel

@@ -1,5 +1,6 @@
 #include "Fiscarel_SG/documents/kinds/ColumnTotal.h"
 
+#include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
 #include "Fiscarel_SG/documents/kinds/TableHeading.h"
 
 #include <algorithm>
@@ -15,13 +16,6 @@ bool heads(const Row& cell, const Wanted& wanted, bool isRecognised) {
            && std::ranges::any_of(wanted.meanings, [&](const Meaning& meaning) {
                   return findMeaning(cell, meaning, isRecognised).has_value();
               });
-}
-
-/// The year a row begins with, alone or in a day.
-std::optional<int> yearOf(const Row& row) {
-    const std::string text = row.words.empty() ? std::string() : row.words.front().text;
-    const auto day = parseDay(text);
-    return day ? std::optional(day->year()) : parseYear(text);
 }
 
 /// The row that the amounts of a column above it add up to; absent where those are of several
@@ -44,7 +38,7 @@ std::optional<FoundAmount> totalOf(const PageRows& page, const TableHeading& hea
                                .amount = *amounts[column],
                                .label = heading.columns[column].words()};
         }
-        const auto year = yearOf(page.rows[at]);
+        const auto year = yearAtStart(page.rows[at]);
         if (known && year && *known != *year) {
             return std::nullopt;
         }
@@ -66,7 +60,7 @@ std::vector<FoundAmount> amountsOf(const PageRows& page, const TableHeading& hea
         if (amounts[column] == nullptr) {
             break;
         }
-        const auto year = yearOf(page.rows[at]);
+        const auto year = yearAtStart(page.rows[at]);
         if ((known && year && *known != *year)
             || namesAny(page.rows[at], wanted.alien, page.isRecognised)) {
             return {};

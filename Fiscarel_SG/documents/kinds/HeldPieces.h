@@ -33,7 +33,8 @@ std::string securityNumberIn(const RowRange& range);
 /// The words of a row that tell pieces with three or four decimals, "112.408".
 std::vector<FoundAmount> fractionsIn(const PageRows& page, std::size_t at);
 
-/// "1’200 × 148.20 = 177’840.00, der Steuerwert", bonds in per cent.
+/// "1’200 × 148.20 = 177’840.00, der Steuerwert", bonds in per cent, each in francs; absent where
+/// the product is not the value to five centimes.
 std::optional<ProposalCheck> piecesCheck(const Decimal& quantity, const Decimal& price,
                                          const Decimal& value);
 

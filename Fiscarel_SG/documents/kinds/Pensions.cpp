@@ -397,9 +397,9 @@ class BenefitPaper {
         if (benefit_ == Benefit::allowances && saysGrossTaxed(context_.document)) {
             // What contributions take off is deductible (DBG Art. 33 para. 1 d): the user decides.
             evidence.confidence = std::max(evidence.confidence, Confidence::medium);
-            evidence.reason +=
-                " Das Dokument verlangt den Betrag vor den Abzügen; sonst zählt, was ausbezahlt "
-                "wurde.";
+            evidence.reason += " Laut Dokument ist der Betrag vor den Abzügen anzugeben; üblich "
+                               "ist, was ausbezahlt "
+                               "wurde.";
         }
         draft_.add(record, target_.field, value, std::move(evidence));
         if (target_.record == Record::pension) {

@@ -401,7 +401,7 @@ void proposeGross(const KindContext& context, RecordsByKind& records, ProposalDr
             evidence.confidence = Confidence::medium;
         } else if (printedAt(ranges, sum)) {
             evidence.checks.push_back(
-                {"Auf dem Dokument steht diese Summe als " + shown(sum), true});
+                {"Diese Summe steht auch auf dem Dokument: " + shown(sum), true});
             evidence.confidence = Confidence::medium;
         }
     }

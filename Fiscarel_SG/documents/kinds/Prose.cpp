@@ -1,6 +1,7 @@
 #include "Fiscarel_SG/documents/kinds/Prose.h"
 
 #include "Fiscarel_SG/documents/kinds/AmountPlaces.h"
+#include "Fiscarel_SG/documents/kinds/BesideAmounts.h"
 #include "Fiscarel_SG/documents/kinds/RowSums.h"
 #include "Fiscarel_SG/documents/kinds/Sentences.h"
 #include "Fiscarel_SG/documents/kinds/SumText.h"
@@ -47,7 +48,6 @@ std::size_t endOfFollowing(const Sentence& sentence, std::size_t which) {
 /// Where the word ends that is joined to an amount before it: "CHF 1'027.45 auf Zinsen", "Fr.
 /// 477.10 de primes", "4'739.40 d'intérêts"; the amount's own end where none is.
 std::size_t endOfJoined(const Sentence& sentence, std::size_t which) {
-    static constexpr std::array<std::string_view, 4> joins{"auf", "an", "de", "di"};
     const auto& words = sentence.row.words;
     const std::size_t next = sentence.ends[which] + 1;
     if (next >= words.size() || endsSentence(words[next - 1])) {
@@ -56,8 +56,7 @@ std::size_t endOfJoined(const Sentence& sentence, std::size_t which) {
     if (words[next].folded.starts_with("d ")) {
         return next + 1;
     }
-    const bool isJoined =
-        next + 1 < words.size() && std::ranges::find(joins, words[next].folded) != joins.end();
+    const bool isJoined = next + 1 < words.size() && joinsLabel(words[next]);
     return isJoined ? next + 2 : next;
 }
 
@@ -148,25 +147,6 @@ std::string_view wordBefore(const Sentence& sentence, std::size_t which) {
         --at;
     }
     return at == 0 ? std::string_view() : std::string_view(sentence.row.words[at - 1].folded);
-}
-
-/// Whether an amount is told to be the most or the least there may be: "bis CHF 70'000 möglich",
-/// "Zuwendungen ab CHF 100".
-bool isBound(const Sentence& sentence, std::size_t which) {
-    static const Labels bounds{
-        "bis",          "bis zu",  "höchstens",  "maximal", "jusqu'à",     "au plus",
-        "fino a",       "fino ad", "al massimo", "up to",   "at most",     "au maximum de",
-        "massimo di",   "ab",      "mindestens", "dès",     "à partir de", "au moins",
-        "a partire da", "almeno",  "at least"};
-    std::size_t end = sentence.starts[which];
-    while (end > 0 && isFrancs(sentence.row.words[end - 1].text)) {
-        --end;
-    }
-    const Row before = part(sentence.row, end < 3 ? 0 : end - 3, end);
-    return std::ranges::any_of(bounds, [&](const Label& bound) {
-        const auto place = findLabel(before, bound, false);
-        return place && place->last + 1 == before.words.size();
-    });
 }
 
 /// Whether an amount became the next one: "von 15'000 auf 16'200".
@@ -301,7 +281,7 @@ class ProseSearch {
     Saying sayingOf(const Sentence& sentence, std::size_t which) const {
         const bool isRecognised = isFromRecognised(sentence, which);
         Saying saying{&sentence, which, {}};
-        if (isBound(sentence, which)
+        if (followsBound(sentence.row, sentence.starts[which])
             || (sentence.amounts.size() == 1 && saysLeftOut(sentence.row))) {
             return saying;
         }
@@ -404,7 +384,8 @@ std::vector<PersonAmount> findPeopleInProse(const DocumentRows& document, const 
         auto one = isMeant && !namesAny(sentence.row, wanted.notMeant, isRecognised)
                            && !findLabel(sentence.row, wanted.without, isRecognised)
                            && !isPriceOfOne(sentence.row, sentence.ends.front())
-                           && !isBound(sentence, 0) && !saysLeftOut(sentence.row)
+                           && !followsBound(sentence.row, sentence.starts[0])
+                           && !saysLeftOut(sentence.row)
                        ? personIn(sentence, people)
                        : std::nullopt;
         if (one) {

@@ -44,12 +44,6 @@ bool runsOn(const PageRows& page, std::size_t at) {
     return false;
 }
 
-/// The year of the day a row begins with.
-std::optional<int> yearOf(const Row& row) {
-    const auto day = row.words.empty() ? std::nullopt : parseDay(row.words[0].text);
-    return day ? std::optional(day->year()) : std::nullopt;
-}
-
 } // namespace
 
 void dropRunningBalance(const RowRange& range, std::size_t at, const Wanted& wanted,
@@ -82,7 +76,7 @@ void followRunningBalance(const RowRange& range, FoundAmount& balance) {
                            && page.rows[balance.row].amounts.size() > 1
                            && own->first == balance.amount.first;
     for (std::size_t at = balance.row + 1; isRunning && at < range.end; ++at) {
-        const bool isLater = yearOf(page.rows[at]) > yearOf(page.rows[balance.row]);
+        const bool isLater = yearAtStart(page.rows[at]) > yearAtStart(page.rows[balance.row]);
         if (isLater || at - balance.row > farthest) {
             return;
         }

@@ -11,6 +11,9 @@ enum class StatementSpan {
     lastPart ///< those that end with the year: the balance is, the interest is not the year's
 };
 
+/// By the first span of days above the amounts of the first page, "01.06.2024 – 30.06.2024", that
+/// is not told to be of something else, as the term of a deposit. Eleven months and more are a
+/// year.
 StatementSpan spanOfStatement(const DocumentRows& document);
 
 } // namespace fiscarel
